@@ -1,0 +1,253 @@
+// The phases of a run in their order. Every phase works on the one store of animals, which from the sort on has
+// parents before their offspring; the tables it fills are owned here and handed on by reference.
+
+#include "control/run_driver.h"
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <new>
+#include <numeric>
+#include <optional>
+#include <string>
+
+#include "control/missing_file.h"
+#include "control/steer_file.h"
+#include "core/line_reader.h"
+#include "core/line_writer.h"
+#include "core/wording.h"
+#include "genetics/inbreeding.h"
+#include "genetics/kinship.h"
+#include "pedigree/parent_linkage.h"
+#include "pedigree/record_reading.h"
+#include "pedigree/year_groups.h"
+#include "reports/report.h"
+#include "statistics/completeness.h"
+#include "statistics/missing_parents.h"
+#include "statistics/monitor_pass.h"
+#include "statistics/parent_ages.h"
+#include "statistics/type_pass.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr MissingFileMessages missing_data_file = {
+    .english_error = "ERROR cannot find the data file",
+    .english_reason = "this file is essential for running of the program",
+    .dutch_error = "ERROR kan de datafile",
+    .dutch_error_end = " niet vinden",
+    .dutch_reason = "deze file is noodzakelijk om het programma te kunnen draaien",
+};
+constexpr Wording finished = {"finished analysis for ", "klaar met analyseren van "};
+
+void print_banner(TextOutput& console) {
+  write_free_line(console, {"          *********************************"});
+  write_free_line(console, {"          *     Pedigree Watch Report     *"});
+  write_free_line(console, {"          *********************************"});
+  write_free_line(console, {"           "});
+}
+
+LineReader open_data_file(const SteerSettings& settings, RunStreams& streams) {
+  LineReader data;
+  if (!open_for_reading(data, std::string(settings.data_file_name.trimmed()))) {
+    stop_on_missing_file(streams, missing_data_file, settings.data_file_name.full());
+  }
+  return data;
+}
+
+/// Creates the report, or overwrites an older one; never one of the files that the run reads.
+void open_report(const SteerSettings& settings, const LineReader& data, RunStreams& streams) {
+  const std::string name(settings.report_file_name.trimmed());
+  for (const std::string& input : {std::string(steer_file_name), data.name}) {
+    std::error_code ignored;
+    if (name == input || std::filesystem::equivalent(name, input, ignored)) {
+      stop_on_file(streams, name, "the report would overwrite an input file of the run");
+    }
+  }
+  streams.report.file = std::fopen(name.c_str(), "wb");
+  if (streams.report.file == nullptr) stop_on_file(streams, name, error_text(errno));
+}
+
+/// Counts the lines of the data file and goes back to its start. Beyond a hundred million lines the count is given
+/// up and 0 stands for it.
+std::int32_t count_lines(LineReader& data, RunStreams& streams) {
+  constexpr std::int32_t line_limit = 100'000'000;
+  constexpr std::int32_t message_interval = 1000;
+  std::int32_t counter = 1, since_message = 0;
+  while (skip_line(data)) {
+    if (++counter > line_limit) {
+      rewind(data);
+      return 0;
+    }
+    if (++since_message == message_interval) {
+      write_free_line(streams.console, {"record nr. ", counter, "counted"});
+      since_message = 0;
+    }
+  }
+  if (data.error != 0) stop_on_file(streams, data.name, error_text(data.error));
+  write_free_line(streams.console, {"total number records = ", counter - 1});
+  rewind(data);
+  if (data.error != 0) stop_on_file(streams, data.name, error_text(data.error));
+  return counter - 1;
+}
+
+/// The store as the data file gives it. One line less than there are is read, whether there is a header or not.
+PopulationStore read_population(LineReader& data, const SteerSettings& settings, RunStreams& streams) {
+  PopulationStore store;
+  const std::int32_t line_count = count_lines(data, streams);
+  allocate_records(store, line_count - 1);
+  read_data_file(data, settings, store, streams);
+  store.birth_years = birth_years_of(store.animals);
+  return store;
+}
+
+/// Every year takes a line in each table of the report; years further apart than this are a mistyped date.
+void check_year_span(const PopulationStore& store, const LineReader& data, RunStreams& streams) {
+  constexpr std::int64_t year_limit = 1'000'000;
+  const BirthYears& years = store.birth_years;
+  if (years.last < years.first || std::int64_t{years.last} - years.first < year_limit) return;
+  const auto extreme = std::find_if(store.animals.begin(), store.animals.end(), [&](const AnimalRecord& animal) {
+    return animal.birth_year == (years.first < 0 ? years.first : years.last);
+  });
+  const std::string text = "birth years from " + std::to_string(years.first) + " to " + std::to_string(years.last) +
+                           " (animal \"" + std::string(extreme->id.trimmed()) +
+                           "\"): at most 1000000 years from the first to the last were expected";
+  stop_on_file(streams, data.name, text);
+}
+
+std::vector<std::int32_t> all_positions(const PopulationStore& store) {
+  std::vector<std::int32_t> positions(store.animals.size());
+  std::iota(positions.begin(), positions.end(), 1);
+  return positions;
+}
+
+/// Everything that is computed for the whole population, and read by the report.
+struct Analysis {
+  BreederList breeders;
+  MonitorTables monitor;
+  OverallParentAges overall_ages;
+  BusiestParents busiest;
+  WholePopulationTables whole;
+  std::optional<SubpopulationMembership> membership;  ///< with more than one subpopulation only
+};
+
+void scan_subpopulation_tables(const PopulationStore& store, const SteerSettings& settings, Analysis& analysis,
+                               RunStreams& streams) {
+  if (settings.subpopulation_count <= 1) return;
+  analysis.membership = find_membership(store, settings.subpopulation_names);
+  analysis.whole.subpopulation_years = {store.birth_years.row_count(), settings.subpopulation_count};
+  analysis.whole.overlap = SubpopulationOverlap(settings.subpopulation_count);
+  scan_subpopulations(store, *analysis.membership, settings.english, analysis.whole.subpopulation_years,
+                      analysis.whole.overlap, streams.console);
+}
+
+void compute_statistics(PopulationStore& store, SteerSettings& settings, const YearGroups& years, Analysis& analysis,
+                        RunStreams& streams) {
+  const OldestParents oldest = determine_parent_ages(store, settings.english, streams.console);
+  determine_completeness(store);
+  if (!store.has_colour) settings.colour_count = 1;
+  analysis.monitor =
+      make_monitor_tables(store.birth_years, oldest, settings.colour_count, analysis.breeders.top_breeder_count);
+  summarise_completeness(store, years, analysis.monitor);
+  monitor_population(store, settings, years, analysis.breeders, analysis.monitor, streams.console);
+  analysis.whole.top_sires = compute_top_sires(store, years, settings.english, streams.console);
+  turn_days_into_years(analysis.monitor.mean_sire_age);
+  turn_days_into_years(analysis.monitor.mean_dam_age);
+  const std::vector<std::int32_t> everybody = all_positions(store);
+  analysis.overall_ages = overall_parent_ages(store, everybody);
+  analysis.busiest = find_busiest_parents(store, everybody);
+}
+
+/// F and kinship of each year as they stand before the rates halve the relationships. The lines carry no year.
+void echo_inbreeding(const YearTable<float>& inbreeding, TextOutput& console) {
+  write_free_line(console, {"    F        f"});
+  for (std::int64_t row = 1; row <= inbreeding.row_count; ++row) {
+    write_format_line(console, "2F8.4",
+                      {inbreeding.value(row, mean_inbreeding), inbreeding.value(row, kinship_with_self)});
+  }
+}
+
+void compute_genetics(PopulationStore& store, const SteerSettings& settings, const YearGroups& years,
+                      Analysis& analysis, RunStreams& streams) {
+  const std::int64_t rows = store.birth_years.row_count();
+  WholePopulationTables& whole = analysis.whole;
+  whole.inbreeding = {rows, inbreeding_columns};
+  whole.kinship = {rows, kinship_column_count(settings.subpopulation_count)};
+  const AncestorPedigree ancestors = make_ancestor_pedigree(store);
+  compute_inbreeding(store, ancestors, settings.english, streams.console);
+  compute_kinship_by_year(store, ancestors, years, analysis.membership ? &*analysis.membership : nullptr,
+                          settings.english, whole.inbreeding, whole.kinship, streams.console);
+  echo_inbreeding(whole.inbreeding, streams.console);
+  whole.rates = compute_rates(store.birth_years.count, whole.inbreeding);
+}
+
+void report_subpopulations(const PopulationStore& store, const SteerSettings& settings, const Analysis& analysis,
+                           RunStreams& streams) {
+  if (!analysis.membership) return;
+  const auto members = animals_by_group(*analysis.membership);
+  for (std::int32_t s = 1; s <= settings.subpopulation_count; ++s) {
+    const std::int32_t group = analysis.membership->group_of_name[static_cast<std::size_t>(s) - 1];
+    run_type_pass(store, settings, analysis.breeders, s, members[static_cast<std::size_t>(group)],
+                  analysis.whole.kinship, streams);
+  }
+}
+
+/// The phases.
+void run_phases(RunStreams& streams) {
+  SteerSettings settings = read_steer_file(streams);
+  const bool english = settings.english;
+  print_banner(streams.console);
+  LineReader data = open_data_file(settings, streams);
+  open_report(settings, data, streams);
+  PopulationStore store = read_population(data, settings, streams);
+  check_year_span(store, data, streams);  // the birth years never change from here on
+  Analysis analysis;
+  analysis.breeders = store.has_breeder ? list_breeders(store, english, streams.console) : no_breeders();
+  {
+    const IdIndex index = append_missing_parents(store, streams.console);  // `animal_count` is final
+    link_parents(store, index, english, streams);                          // parents stand before their offspring
+  }
+  scan_subpopulation_tables(store, settings, analysis, streams);
+  const YearGroups years = group_by_year(store);
+  compute_statistics(store, settings, years, analysis, streams);
+  compute_genetics(store, settings, years, analysis, streams);
+  write_report({streams.report, store.birth_years, settings.nouns, english}, store, settings, analysis.monitor,
+               analysis.breeders, analysis.overall_ages, analysis.busiest, analysis.whole);
+  analysis.monitor = {};
+  report_subpopulations(store, settings, analysis, streams);
+  write_free_line(streams.console, {finished.in(english), settings.population_name});
+  close(data);
+}
+
+/// Hands everything to its stream and tells what did not arrive.
+bool finish_streams(RunStreams& streams) {
+  flush(streams.console);
+  close(streams.report);
+  if (streams.report.error != 0) {
+    append(streams.messages, "the report could not be written completely: " + error_text(streams.report.error));
+    end_line(streams.messages);
+  }
+  if (streams.console.error != 0) {
+    append(streams.messages, "the console could not be written: " + error_text(streams.console.error));
+    end_line(streams.messages);
+  }
+  flush(streams.messages);
+  return streams.report.error == 0 && streams.console.error == 0;
+}
+
+}  // namespace
+
+int run_program(RunStreams& streams) {
+  int exit_status = 0;
+  try {
+    run_phases(streams);
+  } catch (const RunStopped& stop) {
+    exit_status = stop.exit_status;
+  } catch (const std::bad_alloc&) {
+    append(streams.messages, "not enough memory for a population of this size\n");
+    exit_status = 1;
+  }
+  return finish_streams(streams) ? exit_status : 1;
+}
+
+}  // namespace pedigreewatch

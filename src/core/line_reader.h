@@ -1,0 +1,46 @@
+// Reads a text file line by line, in one buffered pass without an allocation per line. A line ends in a line feed,
+// with or without a carriage return before it, or at the end of the file; neither byte is part of the text. A UTF-8
+// byte order mark at the start of the file is skipped. No other byte is changed.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pedigreewatch {
+
+struct LineReader {
+  std::FILE* file = nullptr;   ///< null: the bytes come from `text` alone (tests)
+  std::string name;            ///< the file's name, for messages
+  std::string_view text = {};  ///< the whole text to read when there is no file
+  std::size_t text_taken = 0;  ///< how much of `text` has gone into the buffer
+  std::vector<char> buffer = {};
+  std::vector<char> long_line = {};  ///< the kept start of a line that is longer than the buffer
+  std::size_t next = 0, filled = 0;  ///< the bytes of the buffer that have not been read yet
+  bool at_start = true;
+  std::int64_t line_number = 0;  ///< of the line last read, counted from 1
+  int error = 0;                 ///< errno of a read that failed; the file then ends there
+};
+
+/// The longest part of a line that is kept: what stands behind it is read over.
+inline constexpr std::size_t kept_line_length = 600;
+
+/// Opens `name` for reading. Folders do not count as files. Yields false when it cannot be opened.
+bool open_for_reading(LineReader& reader, const std::string& name);
+
+/// Yields the next line in `line`, at most its first 600 bytes, valid until the next call; false at the end.
+bool read_line(LineReader& reader, std::string_view& line);
+
+/// Reads on to the end of the next line without keeping it; false at the end.
+bool skip_line(LineReader& reader);
+
+/// Goes back to the start of the file. A failure is kept in `error`.
+void rewind(LineReader& reader);
+
+/// Closes the file, if there is one.
+void close(LineReader& reader);
+
+}  // namespace pedigreewatch

@@ -1,0 +1,72 @@
+#include "core/run_streams.h"
+
+#include <array>
+#include <charconv>
+#include <system_error>
+
+namespace pedigreewatch {
+namespace {
+
+void append_number(TextOutput& output, std::int64_t value) {
+  std::array<char, 24> digits{};
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+  append(output, {digits.data(), static_cast<std::size_t>(end - digits.data())});
+}
+
+/// Bytes that a terminal would act on are shown as dots, and a very long text is cut.
+void append_quoted(TextOutput& output, std::string_view text) {
+  constexpr std::size_t shown_length = 80;
+  append(output, "\"");
+  for (const char byte : text.substr(0, shown_length)) {
+    const bool is_control = static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F;
+    output.pending.push_back(is_control ? '.' : byte);
+  }
+  append(output, text.size() > shown_length ? "...\"" : "\"");
+}
+
+}  // namespace
+
+void stop_run() {
+  throw RunStopped{1};
+}
+
+void wait_for_return(RunStreams& streams) {
+  flush(streams.console);
+  flush(streams.report);
+  flush(streams.messages);
+  if (streams.keyboard == nullptr) return;
+  for (int byte = std::fgetc(streams.keyboard); byte != EOF && byte != '\n';) byte = std::fgetc(streams.keyboard);
+}
+
+void stop_on_input(RunStreams& streams, const InputProblem& problem) {
+  TextOutput& messages = streams.messages;
+  append(messages, problem.file);
+  if (problem.line > 0) {
+    append(messages, ", line ");
+    append_number(messages, problem.line);
+    if (problem.column > 0) {
+      append(messages, ", column ");
+      append_number(messages, problem.column);
+    }
+    append(messages, ": ");
+    append_quoted(messages, problem.text);
+  }
+  append(messages, ": ");
+  append(messages, problem.expected);
+  end_line(messages);
+  stop_run();
+}
+
+void stop_on_file(RunStreams& streams, std::string_view file, std::string_view problem) {
+  append(streams.messages, file);
+  append(streams.messages, ": ");
+  append(streams.messages, problem);
+  end_line(streams.messages);
+  stop_run();
+}
+
+std::string error_text(int error_number) {
+  return std::generic_category().message(error_number);
+}
+
+}  // namespace pedigreewatch

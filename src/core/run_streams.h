@@ -1,0 +1,51 @@
+// The streams of one run, and the one door by which a run ends early.
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+#include "core/text_output.h"
+
+namespace pedigreewatch {
+
+struct RunStreams {
+  TextOutput console;             ///< standard output: progress and messages
+  TextOutput report;              ///< the ReportFile
+  TextOutput messages;            ///< standard error: what the input and output layer has to say
+  std::FILE* keyboard = nullptr;  ///< standard input, for the one wait after a missing file; null: no wait
+};
+
+/// Thrown by `stop_run` and by nothing else; the driver alone catches it.
+struct RunStopped {
+  int exit_status = 1;
+};
+
+/// Ends the run with exit status 1. Everything printed so far reaches its stream.
+[[noreturn]] void stop_run();
+
+/// Waits for one line on the keyboard, or for its end, after everything printed has been shown.
+void wait_for_return(RunStreams& streams);
+
+/// A piece of input that cannot be used.
+struct InputProblem {
+  std::string_view file;
+  std::int64_t line = 0;    ///< counted from 1; 0 when no line is meant
+  std::int64_t column = 0;  ///< place in the line, counted from 1; 0 when no place is meant
+  std::string_view text;    ///< the offending text, when there is a line
+  std::string_view expected;
+};
+
+/// Prints one message line such as
+///   dogs.txt, line 812, column 5: "31-o2-1998": a number was expected
+/// to the message stream and ends the run with exit status 1.
+[[noreturn]] void stop_on_input(RunStreams& streams, const InputProblem& problem);
+
+/// The same for a file that cannot be read or written: `dogs.out: No space left on device`.
+[[noreturn]] void stop_on_file(RunStreams& streams, std::string_view file, std::string_view problem);
+
+/// The system's own word for an error number.
+std::string error_text(int error_number);
+
+}  // namespace pedigreewatch

@@ -1,0 +1,44 @@
+#include "core/text_output.h"
+
+#include <cerrno>
+#include <cstddef>
+
+namespace pedigreewatch {
+namespace {
+
+constexpr std::size_t large_piece = std::size_t{1} << 16;
+
+void note_failure(TextOutput& output) {
+  if (output.error == 0) output.error = errno != 0 ? errno : EIO;
+}
+
+}  // namespace
+
+void append(TextOutput& output, std::string_view bytes) {
+  output.pending.append(bytes);
+}
+
+void end_line(TextOutput& output) {
+  output.pending.push_back('\n');
+  if (output.shows_each_line || output.pending.size() >= large_piece) flush(output);
+}
+
+void flush(TextOutput& output) {
+  if (output.file == nullptr) return;
+  if (!output.pending.empty() && output.error == 0) {
+    errno = 0;
+    const std::size_t written = std::fwrite(output.pending.data(), 1, output.pending.size(), output.file);
+    if (written != output.pending.size() || std::fflush(output.file) != 0) note_failure(output);
+  }
+  output.pending.clear();
+}
+
+void close(TextOutput& output) {
+  if (output.file == nullptr) return;
+  flush(output);
+  errno = 0;
+  if (std::fclose(output.file) != 0) note_failure(output);
+  output.file = nullptr;
+}
+
+}  // namespace pedigreewatch

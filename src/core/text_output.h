@@ -1,0 +1,30 @@
+// A stream of output bytes: the console, the report, or the messages of the input and output layer. Bytes are
+// collected in a buffer and go to the file in large pieces, or line by line where somebody is watching.
+#pragma once
+
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+namespace pedigreewatch {
+
+struct TextOutput {
+  std::FILE* file = nullptr;     ///< null: the bytes stay in `pending` (tests read them there)
+  std::string pending;           ///< bytes not yet handed to the file
+  bool shows_each_line = false;  ///< a terminal: the lines are the progress sign, so each one is shown at once
+  int error = 0;                 ///< errno of the first write that failed, 0 while all is well
+};
+
+/// Adds `bytes` to the output.
+void append(TextOutput& output, std::string_view bytes);
+
+/// Ends the line at hand with one line feed.
+void end_line(TextOutput& output);
+
+/// Hands everything collected so far to the file. A failure is kept in `error`; what could not be written is dropped.
+void flush(TextOutput& output);
+
+/// Flushes and closes the file, if there is one. Afterwards `error` tells whether everything arrived.
+void close(TextOutput& output);
+
+}  // namespace pedigreewatch

@@ -1,0 +1,26 @@
+// Dates of birth as they stand in the data file.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace pedigreewatch {
+
+/// How a date is cut into its pieces.
+struct DateLayout {
+  bool has_delimiters = false, year_first = false, day_first = false;
+};
+
+struct BirthDate {
+  std::int32_t year = 0;  ///< 0 for unknown
+  std::int32_t month = 1;
+  std::int32_t day = 1;
+};
+
+/// Cuts `field` by the layout. A field without any digit is an unknown date. A month outside 1 to 12 becomes 1, then
+/// a day beyond the end of the month (29 for February) becomes 1; a day of 0 or below stays. Yields false when a piece
+/// is no number of 32 bits; `date` is then as it was.
+bool read_birth_date(std::string_view field, const DateLayout& layout, BirthDate& date);
+
+}  // namespace pedigreewatch

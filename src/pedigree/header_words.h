@@ -1,0 +1,30 @@
+// The words by which the header line of a data file names its columns.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace pedigreewatch {
+
+/// What a column of the data file holds.
+enum FieldCode : std::int32_t {
+  unused_column = 0,
+  id_column = 1,
+  sire_column = 2,
+  dam_column = 3,
+  name_column = 4,
+  sire_name_column = 5,
+  dam_name_column = 6,
+  sex_column = 7,
+  birthdate_column = 8,
+  colour_column = 9,
+  breeder_column = 10,
+  subpopulation_column = 11,
+  import_column = 12,
+};
+
+/// The field code of a header word; `unused_column` for a word that is not in the table. Case matters, trailing
+/// blanks do not.
+FieldCode field_code_of(std::string_view word);
+
+}  // namespace pedigreewatch

@@ -1,0 +1,117 @@
+// Of the animals that cannot be sorted, the ancestors of a loop are settled generation by generation; what remains
+// are the loop itself and its descendants among them, each with both parents.
+
+#include "pedigree/pedigree_loop.h"
+
+#include <cstddef>
+#include <vector>
+
+#include "core/line_writer.h"
+#include "core/wording.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr Wording probably_a_loop = {"probably a loop in the pedigree",
+                                     "waarschijnlijk een kringverwijzing in de stamboom"};
+constexpr Wording cannot_be_sorted = {"Animals of which the pedigree cannot be sorted:",
+                                      "dieren waarvan de stamboom niet gesorteerd kan worden:"};
+constexpr Wording name_is = {"name", "naam"};
+constexpr Wording animal_no = {"animal no.", "dier nr"};
+constexpr Wording herdbook_number = {"herdbook number ", "stamboeknummer "};
+constexpr Wording born = {"date of birth ", "geboren "};
+constexpr Wording born_unknown = {"date of birth unknown", "geboortedatum onbekend"};
+constexpr Wording parent_no = {"        no.", "        nr"};
+constexpr Wording with_father = {"        with father ", "        met vader "};
+constexpr Wording and_mother = {"        and mother ", "        en moeder "};
+constexpr Wording will_stop = {"program will stop", "programma wordt gestopt"};
+constexpr Wording has_stopped = {"program stopped", "programma is gestopt"};
+
+void print_number_line(const AnimalRecord& animal, const Wording& label, bool english, TextOutput& output) {
+  if (animal.birth_year == 0) {
+    write_free_line(
+        output, {label.in(english), animal.number, herdbook_number.in(english), animal.id, born_unknown.in(english)});
+    return;
+  }
+  write_free_line(output, {label.in(english), animal.number, herdbook_number.in(english), animal.id, born.in(english),
+                           animal.birth_day, "/", animal.birth_month, "/", animal.birth_year});
+}
+
+/// An unknown parent shows as blanks and 0 in an English run, and as a line of its own on the Dutch console.
+void print_parent(const PopulationStore& store, std::int32_t parent, const Wording& label,
+                  std::string_view unknown_on_console, bool english, RunStreams& streams) {
+  if (!english && parent == 0) return write_free_line(streams.console, {unknown_on_console});
+  const AnimalRecord nobody;
+  const AnimalRecord& record = parent == 0 ? nobody : store.at(parent);
+  for (TextOutput* output : {&streams.console, &streams.report}) {
+    write_free_line(*output, {label.in(english), record.name});
+    print_number_line(record, parent_no, english, *output);
+  }
+}
+
+void print_animal(const PopulationStore& store, const AnimalRecord& animal, bool english, RunStreams& streams) {
+  for (TextOutput* output : {&streams.console, &streams.report}) {
+    write_free_line(*output, {name_is.in(english), animal.name});
+    print_number_line(animal, animal_no, english, *output);
+  }
+  print_parent(store, animal.sire_no, with_father, "father unknown", english, streams);
+  print_parent(store, animal.dam_no, and_mother, "mother unknown", english, streams);
+  for (TextOutput* output : {&streams.console, &streams.report}) write_free_line(*output, {"    "});
+}
+
+/// Offspring of each animal, through linked lists: `first` by parent, `next` by parental role of the child.
+struct OffspringLists {
+  std::vector<std::int32_t> first, next;
+};
+
+/// Marks every animal of the list both of whose parents are unknown or settled. An animal that is settled lets its
+/// offspring come one parent closer, so that each pair of parent and child is looked at once.
+std::vector<char> find_settled(const PopulationStore& store, std::span<const std::int32_t> unplaced) {
+  const std::size_t size = store.animals.size() + 1;
+  OffspringLists offspring{std::vector<std::int32_t>(size, 0), std::vector<std::int32_t>(2 * size, 0)};
+  std::vector<char> unsettled_parents(size, 0), settled(size, 0);
+  std::vector<std::int32_t> waiting;
+  const auto add_to_parent = [&](std::int32_t parent, std::int32_t role_of_child) {
+    offspring.next[static_cast<std::size_t>(role_of_child)] = offspring.first[static_cast<std::size_t>(parent)];
+    offspring.first[static_cast<std::size_t>(parent)] = role_of_child;
+  };
+  for (const std::int32_t i : unplaced) {
+    const AnimalRecord& animal = store.at(i);
+    char& count = unsettled_parents[static_cast<std::size_t>(i)];
+    if (animal.sire_no != 0) add_to_parent(animal.sire_no, 2 * i), ++count;
+    if (animal.dam_no != 0) add_to_parent(animal.dam_no, 2 * i + 1), ++count;
+    if (count == 0) waiting.push_back(i);
+  }
+  while (!waiting.empty()) {
+    const std::int32_t parent = waiting.back();
+    waiting.pop_back();
+    settled[static_cast<std::size_t>(parent)] = 1;
+    for (std::int32_t role = offspring.first[static_cast<std::size_t>(parent)]; role != 0;
+         role = offspring.next[static_cast<std::size_t>(role)]) {
+      if (--unsettled_parents[static_cast<std::size_t>(role / 2)] == 0) waiting.push_back(role / 2);
+    }
+  }
+  return settled;
+}
+
+}  // namespace
+
+void report_pedigree_loop(const PopulationStore& store, std::span<const std::int32_t> unplaced, bool english,
+                          RunStreams& streams) {
+  write_free_line(streams.console, {probably_a_loop.in(english)});
+  write_free_line(streams.report, {probably_a_loop.in(english)});
+  std::vector<LineItem> numbers = {"unsnrs"};
+  for (const std::int32_t i : unplaced) numbers.emplace_back(store.at(i).number);
+  write_free_line(streams.console, numbers);
+  const std::vector<char> settled = find_settled(store, unplaced);
+  write_free_line(streams.console, {cannot_be_sorted.in(english)});
+  write_free_line(streams.report, {cannot_be_sorted.in(english)});
+  for (const std::int32_t i : unplaced) {
+    if (settled[static_cast<std::size_t>(i)] == 0) print_animal(store, store.at(i), english, streams);
+  }
+  write_free_line(streams.console, {will_stop.in(english)});
+  write_free_line(streams.report, {has_stopped.in(english)});
+  stop_run();
+}
+
+}  // namespace pedigreewatch

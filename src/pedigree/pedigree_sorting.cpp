@@ -1,0 +1,207 @@
+// Sweeps walk the store from the back and place every animal whose offspring have all been placed, into the last
+// free place. Then the records move to their places, and the references to them follow.
+
+#include "pedigree/pedigree_sorting.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+#include <utility>
+
+#include "core/line_writer.h"
+#include "core/progress.h"
+#include "core/wording.h"
+#include "pedigree/pedigree_loop.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr std::int32_t sweep_limit = 1000;
+
+constexpr Wording sweep = {"sweep", "ronde"};
+constexpr Wording without_unsorted = {"number of animals without unsorted offspring",
+                                      "aantal dieren zonder ongesorteerde nakomelingen"};
+constexpr Wording with_unsorted = {"number of animals with unsorted offspring",
+                                   "aantal dieren met ongesorteerde nakomelingen"};
+constexpr Wording maximum_of = {"animals with a maximum of ", "dieren met maximaal "};
+constexpr Wording generations_placed = {" generations of offspring placed at end of pedigree",
+                                        " generaties nakomelingen achteraan pedigree geplaatst"};
+constexpr Wording up_to_animal = {"up to animal no. ", "tot en met dier nr. "};
+constexpr Wording renumbered = {"renumberd incl. reference to parents", "omgenummerd incl. verwijzing naar ouders"};
+
+constexpr Wording animal_is = {"animal ", "dier "};
+constexpr Wording herdbook_number = {"herdbook number ", "stamboeknummer "};
+constexpr Wording date_of_birth = {"date of birth ", "geboortedatum "};
+// On the console the parent's date has the Dutch word in either language.
+constexpr std::string_view parent_date_on_console = "geboortedatum ";
+
+struct ParentWording {
+  Wording born_before, parent_is;
+};
+constexpr ParentWording father_wording = {
+    {"!!!!!!!!!! BORN BEFORE FATHER  !!!!!!!!!!", "!!!!!!!!!! GEBOREN VOOR VADER  !!!!!!!!!!"}, {"father ", "vader "}};
+constexpr ParentWording mother_wording = {
+    {"!!!!!!!!!! BORN BEFORE MOTHER  !!!!!!!!!!", "!!!!!!!!!! GEBOREN VOOR MOEDER  !!!!!!!!!!"},
+    {"mother ", "moeder "}};
+
+void print_date(std::string_view label, const AnimalRecord& animal, TextOutput& output) {
+  write_free_line(output, {label, animal.birth_day, "/", animal.birth_month, "/", animal.birth_year});
+}
+
+void print_born_before(const AnimalRecord& child, const AnimalRecord& parent, const ParentWording& wording,
+                       std::string_view parent_date, bool english, TextOutput& output) {
+  write_free_line(output, {animal_is.in(english), child.name});
+  write_free_line(output, {herdbook_number.in(english), child.id});
+  print_date(date_of_birth.in(english), child, output);
+  write_free_line(output, {wording.born_before.in(english)});
+  write_free_line(output, {wording.parent_is.in(english), parent.name});
+  write_free_line(output, {herdbook_number.in(english), parent.id});
+  print_date(parent_date, parent, output);
+  write_free_line(output, {"   "});
+}
+
+/// Only the years count, and only where both are known.
+void check_birth_order(const AnimalRecord& child, const AnimalRecord& parent, const ParentWording& wording,
+                       bool english, RunStreams& streams) {
+  if (child.birth_year == 0 || parent.birth_year == 0 || child.birth_year >= parent.birth_year) return;
+  print_born_before(child, parent, wording, parent_date_on_console, english, streams.console);
+  print_born_before(child, parent, wording, date_of_birth.in(english), english, streams.report);
+}
+
+/// How far the sort has come.
+struct SortState {
+  std::vector<std::int32_t> remaining;  ///< by position: offspring that have not been placed yet
+  std::vector<std::int32_t> unplaced;   ///< positions without a place, descending
+  std::vector<std::int32_t> order;      ///< order[p - 1]: position of the animal that will stand at position p
+  std::int32_t last_free = 0;           ///< the next place to be filled
+};
+
+SortState begin_sort(const PopulationStore& store) {
+  SortState state;
+  const std::size_t size = store.animals.size();
+  state.remaining.resize(size + 1);
+  state.unplaced.resize(size);
+  state.order.assign(size, 0);
+  state.last_free = store.animal_count;
+  for (std::size_t i = 0; i < size; ++i) {
+    state.remaining[i + 1] = store.animals[i].offspring_count;
+    state.unplaced[i] = static_cast<std::int32_t>(size - i);
+  }
+  return state;
+}
+
+void print_sweep(const SortState& state, std::int32_t sweep_no, const PopulationStore& store, bool english,
+                 TextOutput& console) {
+  const auto is_free = [&](std::int32_t i) { return state.remaining[static_cast<std::size_t>(i)] == 0; };
+  const std::int64_t free_count = std::count_if(state.unplaced.begin(), state.unplaced.end(), is_free);
+  const std::int64_t unplaced_count = static_cast<std::int64_t>(state.unplaced.size());
+  write_free_line(console, {sweep.in(english), sweep_no, without_unsorted.in(english), free_count});
+  write_free_line(console, {sweep.in(english), sweep_no, with_unsorted.in(english), unplaced_count - free_count});
+  // The line for animals with fewer than no offspring left; there are none.
+  if (unplaced_count > free_count) write_free_line(console, std::span<const LineItem>());
+  const std::int64_t placed_count = static_cast<std::int64_t>(store.animals.size()) - unplaced_count;
+  write_free_line(console, {"no. sorted", placed_count, "last =", state.last_free});
+}
+
+/// Places one animal and takes it off its parents' remaining offspring.
+void place_animal(SortState& state, std::int32_t i, const PopulationStore& store, bool english, RunStreams& streams) {
+  const AnimalRecord& animal = store.at(i);
+  state.order[static_cast<std::size_t>(state.last_free) - 1] = i;
+  --state.last_free;
+  if (animal.sire_no != 0) {
+    check_birth_order(animal, store.at(animal.sire_no), father_wording, english, streams);
+    --state.remaining[static_cast<std::size_t>(animal.sire_no)];
+  }
+  if (animal.dam_no != 0) {
+    check_birth_order(animal, store.at(animal.dam_no), mother_wording, english, streams);
+    --state.remaining[static_cast<std::size_t>(animal.dam_no)];
+  }
+}
+
+/// One walk from the back over the animals without a place.
+void run_sweep(SortState& state, const PopulationStore& store, bool english, RunStreams& streams) {
+  std::size_t kept = 0;
+  for (const std::int32_t i : state.unplaced) {
+    if (state.remaining[static_cast<std::size_t>(i)] == 0) {
+      place_animal(state, i, store, english, streams);
+    } else {
+      state.unplaced[kept++] = i;
+    }
+  }
+  state.unplaced.resize(kept);
+}
+
+bool nothing_can_be_placed(const SortState& state) {
+  return std::none_of(state.unplaced.begin(), state.unplaced.end(),
+                      [&](std::int32_t i) { return state.remaining[static_cast<std::size_t>(i)] == 0; });
+}
+
+/// Fills `order`, or stops the run at a loop.
+std::vector<std::int32_t> find_order(const PopulationStore& store, bool english, RunStreams& streams) {
+  SortState state = begin_sort(store);
+  for (std::int32_t sweep_no = 1; sweep_no <= sweep_limit; ++sweep_no) {
+    print_sweep(state, sweep_no, store, english, streams.console);
+    run_sweep(state, store, english, streams);
+    write_free_line(streams.console, {maximum_of.in(english), sweep_no - 1, generations_placed.in(english)});
+    if (state.unplaced.empty()) {
+      write_free_line(streams.console, {"pedigree sorted"});
+      return std::move(state.order);
+    }
+    if (nothing_can_be_placed(state)) {
+      std::reverse(state.unplaced.begin(), state.unplaced.end());
+      report_pedigree_loop(store, state.unplaced, english, streams);
+    }
+  }
+  std::reverse_copy(state.unplaced.begin(), state.unplaced.end(), state.order.begin());
+  return std::move(state.order);
+}
+
+/// Moves every record to its place, cycle by cycle, so that no second store is needed.
+void reorder_records(PopulationStore& store, const std::vector<std::int32_t>& order) {
+  std::vector<bool> is_done(order.size(), false);
+  for (std::size_t start = 0; start < order.size(); ++start) {
+    if (is_done[start]) continue;
+    is_done[start] = true;
+    if (static_cast<std::size_t>(order[start]) == start + 1) continue;
+    const AnimalRecord first = store.animals[start];
+    std::size_t place = start;
+    for (;;) {
+      const std::size_t source = static_cast<std::size_t>(order[place]) - 1;
+      is_done[place] = true;
+      if (source == start) break;
+      store.animals[place] = store.animals[source];
+      place = source;
+    }
+    store.animals[place] = first;
+  }
+}
+
+/// Turns old positions into new ones, in the records' own numbers and in the references to parents. The last record
+/// keeps its old number; nothing refers to it.
+void renumber_records(PopulationStore& store, const std::vector<std::int32_t>& order, bool english,
+                      TextOutput& console) {
+  write_free_line(console, {"renumber pedigree"});
+  std::vector<std::int32_t> new_position(order.size() + 1, 0);
+  for (std::size_t p = 0; p < order.size(); ++p) {
+    new_position[static_cast<std::size_t>(order[p])] = static_cast<std::int32_t>(p) + 1;
+  }
+  for (AnimalRecord& animal : store.animals) {
+    animal.sire_no = new_position[static_cast<std::size_t>(animal.sire_no)];
+    animal.dam_no = new_position[static_cast<std::size_t>(animal.dam_no)];
+  }
+  ProgressCounter progress{progress_interval(store.animal_count, 100, 500, 1000)};
+  for (std::int32_t i = 1; i < store.animal_count; ++i) {
+    if (progress.is_due()) write_free_line(console, {up_to_animal.in(english), i - 1, renumbered.in(english)});
+    store.at(i).number = i;
+  }
+}
+
+}  // namespace
+
+void sort_pedigree(PopulationStore& store, bool english, RunStreams& streams) {
+  const std::vector<std::int32_t> order = find_order(store, english, streams);
+  reorder_records(store, order);
+  renumber_records(store, order, english, streams.console);
+}
+
+}  // namespace pedigreewatch

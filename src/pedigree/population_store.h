@@ -1,0 +1,74 @@
+// The population: one record for each animal, from the moment its line is read until the report is closed. Every
+// phase reads and writes the same records in place; parents are known by position, counted from 1, with 0 for an
+// unknown one.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "core/fixed_text.h"
+#include "core/year_table.h"
+
+namespace pedigreewatch {
+
+/// 0 for false, -1 (all bits set) for true.
+using Logical = std::int32_t;
+inline constexpr Logical logical_true = -1;
+inline constexpr Logical logical_false = 0;
+constexpr bool is_true(Logical value) {
+  return (value & 1) != 0;
+}
+
+enum Sex : std::int32_t { male = 1, female = 2 };
+
+using AnimalId = FixedText<30>;
+
+/// The text that stands for an unknown parent.
+inline constexpr std::string_view unknown_parent_id = "0";
+
+struct AnimalRecord {
+  AnimalId id;
+  FixedText<50> name;
+  AnimalId sire_id, dam_id;      ///< "0" for an unknown parent
+  std::int32_t birth_year = 0;   ///< 0 for unknown
+  std::int32_t birth_month = 1;  ///< 1 to 12
+  std::int32_t birth_day = 1;
+  std::int32_t sex = female;  ///< `male` or `female`
+  FixedText<40> colour;
+  FixedText<20> breeder;
+  FixedText<20> subpopulation;
+  Logical is_import = logical_false;         ///< imported, or bred outside the population
+  Logical is_native_parent = logical_false;  ///< has offspring in the store that is no import
+  Logical is_parent = logical_false;         ///< has offspring in the store
+  std::int32_t number = 0;                   ///< the record's position, counted from 1
+  std::int32_t sire_no = 0, dam_no = 0;      ///< positions of the parents; smaller than the animal's own once sorted
+  std::int32_t dam_age_days = 0;             ///< mother's age at this birth in years of 365 days; -1: not determined
+  std::int32_t sire_age_days = 0;            ///< likewise for the father
+  std::int32_t native_offspring_count = 0;   ///< offspring in the store that is no import
+  std::int32_t offspring_count = 0;
+  float generation_equivalents = 0.0F;    ///< sum over known ancestors of 1/2 to the power of the generations between
+  std::int32_t complete_generations = 0;  ///< generations in which every ancestor is known
+  float inbreeding = 0.0F;                ///< F
+};
+
+struct PopulationStore {
+  std::vector<AnimalRecord> animals;  ///< the animal of position p is animals[p - 1]
+  std::int32_t animal_count = 0;      ///< records in use; -1 when the data file has no line at all
+  bool has_name = false, has_sire_name = false, has_dam_name = false;
+  bool has_colour = false, has_breeder = false, has_subpopulation = false, has_import = false;
+  BirthYears birth_years;
+
+  AnimalRecord& at(std::int32_t position) { return animals[static_cast<std::size_t>(position) - 1]; }
+  const AnimalRecord& at(std::int32_t position) const { return animals[static_cast<std::size_t>(position) - 1]; }
+};
+
+/// Makes room for `count` records (none when it is negative), each as it stands before its line is read, and for the
+/// parents that will probably be appended.
+void allocate_records(PopulationStore& store, std::int32_t count);
+
+/// The smallest birth year other than 0, the largest, and the number of years from one to the other.
+BirthYears birth_years_of(std::span<const AnimalRecord> animals);
+
+}  // namespace pedigreewatch

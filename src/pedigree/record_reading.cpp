@@ -1,0 +1,221 @@
+// Each line is cut at the delimiter, column by column, and every column with a field code is stored. Nothing here
+// ends the run on bad data but a date piece that is no number.
+
+#include "pedigree/record_reading.h"
+
+#include <algorithm>
+#include <array>
+
+#include "core/line_writer.h"
+#include "core/wording.h"
+#include "pedigree/birth_date.h"
+#include "pedigree/data_columns.h"
+#include "pedigree/header_words.h"
+
+namespace pedigreewatch {
+namespace {
+
+/// The warning for a text that is too long: the first line, the record number and `than`; then the second line.
+struct LengthWarning {
+  Wording length_of, than, ignored;
+};
+
+// The limit of `id` is 30, whatever its warning says.
+constexpr LengthWarning id_warning = {
+    {"Warning: length of id_number of animal ", "Waarschuwing: lengte van id_nummer van dier "},
+    {" larger than 20", " is langer dan 20"},
+    {"characters after position 30 are ignored", "tekens na positie 30 worden genegeerd"}};
+constexpr LengthWarning sire_warning = {
+    {"Warning: length of id of father ", "Waarschuwing: lengte van id_nummer van vader "},
+    {" larger than 30", " is langer dan 30"},
+    {"characters after position 30 are ignored", "tekens na positie 30 worden genegeerd"}};
+constexpr LengthWarning dam_warning = {
+    {"Warning: length of id of mother ", "Waarschuwing: lengte van id_nummer van moeder "},
+    {" larger than 30", " is langer dan 30"},
+    {"characters after position 30 are ignored", "tekens na positie 30 worden genegeerd"}};
+constexpr LengthWarning name_warning = {
+    {"Warning: length of name of animal ", "Waarschuwing: lengte van naam van dier "},
+    {" larger than 50", " is langer dan 50"},
+    {"characters after position 50 are ignored", "tekens na positie 50 worden genegeerd"}};
+constexpr LengthWarning colour_warning = {
+    {"Warning: length of colour of animal ", "Waarschuwing: lengte van kleur van dier "},
+    {" larger than 40", " is langer dan 40"},
+    {"characters after position 40 are ignored", "tekens na positie 40 worden genegeerd"}};
+constexpr LengthWarning breeder_warning = {
+    {"Warning: length of breeders name of animal ", "Waarschuwing: lengte van fokker van dier "},
+    {" larger than 20", " is langer dan 20"},
+    {"characters after position 20 are ignored", "tekens na positie 20 worden genegeerd"}};
+constexpr LengthWarning subpopulation_warning = {
+    {"Warning: length of subpopulation/variety of animal ",
+     "Waarschuwing: lengte van subpopulatie/var\xEB"
+     "teit van dier "},
+    {" larger than 20", " is langer dan 20"},
+    {"characters after position 20 are ignored", "tekens na positie 20 worden genegeerd"}};
+
+constexpr Wording animal_is = {"animal: ", "dier: "};
+constexpr Wording number_is = {" no.: ", " nr: "};
+constexpr Wording unknown_subpopulation = {"of unknown subpopulation: ", "Van een onbekende subpopulatie: "};
+// Console and report name it differently in Dutch.
+constexpr Wording unknown_subpopulation_in_report = {"of unknown subpopulation: ", "Van een andere subpopulatie: "};
+
+constexpr Wording record_no = {"record no. ", "record nr. "};
+constexpr Wording read = {"read", "gelezen"};
+constexpr Wording end_of_records = {"endrecord at animal = ", "eindrecord bij dier = "};
+constexpr Wording all_records_read = {"all records read", "alle records gelezen"};
+
+template <std::size_t Width>
+void store_text(std::string_view trimmed, const LengthWarning& warning, bool english, std::int32_t record_number,
+                FixedText<Width>& target, TextOutput& console) {
+  target.assign(trimmed);
+  if (trimmed.size() <= Width) return;
+  write_free_line(console, {warning.length_of.in(english), record_number, warning.than.in(english)});
+  write_free_line(console, {warning.ignored.in(english)});
+}
+
+bool stands_for_unknown(std::string_view trimmed) {
+  return trimmed.empty() || trimmed == "unknown" || trimmed == "Unknown";
+}
+
+void report_unknown_subpopulation(const AnimalRecord& record, const Wording& second_line, bool english,
+                                  TextOutput& output) {
+  write_free_line(output, {"ERROR: "});
+  write_free_line(output, {animal_is.in(english), record.name, number_is.in(english), record.id});
+  write_free_line(output, {second_line.in(english), record.subpopulation});
+}
+
+void check_subpopulation(const AnimalRecord& record, const SteerSettings& settings, RunStreams& streams) {
+  if (record.subpopulation.is_blank()) return;
+  const auto& allowed = settings.subpopulation_names;
+  if (std::find(allowed.begin(), allowed.end(), record.subpopulation) != allowed.end()) return;
+  report_unknown_subpopulation(record, unknown_subpopulation, settings.english, streams.console);
+  report_unknown_subpopulation(record, unknown_subpopulation_in_report, settings.english, streams.report);
+}
+
+void store_birth_date(std::string_view field, const SteerSettings& settings, const FieldPlace& place,
+                      AnimalRecord& record, RunStreams& streams) {
+  const DateLayout layout = {settings.date_has_delimiters, settings.date_year_first, settings.date_day_first};
+  BirthDate date;
+  if (!read_birth_date(field, layout, date)) {
+    const std::string expected =
+        "a date of birth in the layout " + std::string(settings.date_layout.trimmed()) + " was expected";
+    stop_on_input(streams, {place.file, place.line, place.column, without_trailing_blanks(field), expected});
+  }
+  record.birth_year = date.year;
+  record.birth_month = date.month;
+  record.birth_day = date.day;
+}
+
+bool is_male(std::string_view field, const std::array<char, 2>& male_letters) {
+  const char letter = field.empty() ? ' ' : field.front();
+  return letter != ' ' && (letter == male_letters[0] || letter == male_letters[1]);
+}
+
+/// Records between two dumps on the console.
+std::int32_t dump_interval(std::int32_t animal_count) {
+  if (animal_count <= 4000) return 100;
+  if (animal_count <= 10000) return 500;
+  return animal_count <= 25000 ? 1000 : 5000;
+}
+
+void dump_record(const AnimalRecord& record, std::int32_t record_number, const PopulationStore& store, bool english,
+                 TextOutput& console) {
+  write_free_line(console, {record_no.in(english), record_number, read.in(english)});
+  write_free_line(console, {"id            = ", record.id});
+  if (store.has_name) write_free_line(console, {"name          = ", record.name});
+  write_free_line(console, {"sire          = ", record.sire_id});
+  write_free_line(console, {"dam           = ", record.dam_id});
+  write_free_line(console, {"birthdate     = ", record.birth_day, "-", record.birth_month, "-", record.birth_year});
+  write_free_line(console, {"sex           = ", record.sex});
+  if (store.has_colour) write_free_line(console, {"colour        = ", record.colour});
+  if (store.has_breeder) write_free_line(console, {"breeder       = ", record.breeder});
+  if (store.has_subpopulation) write_free_line(console, {"subpopulation = ", record.subpopulation});
+  if (store.has_import) write_free_line(console, {"Import = ", is_true(record.is_import) ? " T" : " F"});
+}
+
+/// The columns up to the last one that has a code.
+std::span<const std::int32_t> columns_that_count(const ColumnMap& columns) {
+  std::size_t count = columns.size();
+  while (count > 0 && columns[count - 1] == unused_column) --count;
+  return {columns.data(), count};
+}
+
+void stop_if_unreadable(const LineReader& data, RunStreams& streams) {
+  if (data.error != 0) stop_on_file(streams, data.name, error_text(data.error));
+}
+
+}  // namespace
+
+void store_field(std::string_view field, std::int32_t field_code, const SteerSettings& settings,
+                 const FieldPlace& place, AnimalRecord& record, RunStreams& streams) {
+  const bool english = settings.english;
+  const std::int32_t r = place.record_number;
+  const std::string_view text = without_trailing_blanks(field);
+  const std::string_view parent = stands_for_unknown(text) ? unknown_parent_id : text;
+  TextOutput& console = streams.console;
+  switch (field_code) {
+    case id_column: return store_text(text, id_warning, english, r, record.id, console);
+    case sire_column: return store_text(parent, sire_warning, english, r, record.sire_id, console);
+    case dam_column: return store_text(parent, dam_warning, english, r, record.dam_id, console);
+    case name_column: return store_text(text, name_warning, english, r, record.name, console);
+    case sex_column: record.sex = is_male(field, settings.male_letters) ? male : female; return;
+    case birthdate_column: return store_birth_date(field, settings, place, record, streams);
+    case colour_column: return store_text(text, colour_warning, english, r, record.colour, console);
+    case breeder_column: return store_text(text, breeder_warning, english, r, record.breeder, console);
+    case subpopulation_column:
+      store_text(text, subpopulation_warning, english, r, record.subpopulation, console);
+      return check_subpopulation(record, settings, streams);
+    case import_column: {
+      constexpr std::size_t width = 20;
+      record.is_import = without_trailing_blanks(text.substr(0, width)).empty() ? logical_false : logical_true;
+      return;
+    }
+    default: return;
+  }
+}
+
+void store_line(std::string_view line, std::span<const std::int32_t> columns, const SteerSettings& settings,
+                const FieldPlace& start, AnimalRecord& record, RunStreams& streams) {
+  std::string padded;
+  if (settings.delimiter == ' ') {  // the blanks behind the end of a short line are delimiters then
+    padded.assign(line);
+    padded.resize(kept_line_length, ' ');
+    line = padded;
+  }
+  FieldPlace place = start;
+  std::size_t next = 0;  // where the field at hand begins
+  for (const std::int32_t code : columns) {
+    const std::size_t begin = std::min(next, line.size());
+    const std::size_t end = std::min(line.find(settings.delimiter, begin), line.size());
+    const bool is_left_out = end == begin && begin < line.size();  // the delimiter stands where the field begins
+    if (code != unused_column && !(is_left_out && settings.merge_delimiters)) {
+      place.column = static_cast<std::int64_t>(begin) + 1;
+      store_field(line.substr(begin, end - begin), code, settings, place, record, streams);
+    }
+    next = end + 1;
+  }
+}
+
+void read_data_file(LineReader& data, const SteerSettings& settings, PopulationStore& store, RunStreams& streams) {
+  const bool english = settings.english;
+  const ColumnMap column_map = read_columns(data, settings, store, streams);
+  const std::span<const std::int32_t> columns = columns_that_count(column_map);
+  const std::int32_t interval = dump_interval(store.animal_count);
+  std::int32_t counter = 1;
+  for (std::int32_t r = 1; r <= store.animal_count; ++r) {
+    std::string_view line;
+    AnimalRecord& record = store.at(r);
+    if (!read_line(data, line)) {
+      write_free_line(streams.console, {end_of_records.in(english), r});
+      break;
+    }
+    store_line(line, columns, settings, {data.name, data.line_number, 0, r}, record, streams);
+    if (++counter == interval) {
+      dump_record(record, r, store, english, streams.console);
+      counter = -1;
+    }
+  }
+  stop_if_unreadable(data, streams);
+  write_free_line(streams.console, {all_records_read.in(english)});
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,36 @@
+// From the lines of the data file to the records of the store.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "control/steer_settings.h"
+#include "core/line_reader.h"
+#include "core/run_streams.h"
+#include "pedigree/population_store.h"
+
+namespace pedigreewatch {
+
+/// Where a field stands, for messages.
+struct FieldPlace {
+  std::string_view file;
+  std::int64_t line = 0;
+  std::int64_t column = 0;  ///< place of the field's first character, counted from 1
+  std::int32_t record_number = 0;
+};
+
+/// Settles the columns, then fills the records 1 to `animal_count` of the store, one from each line of `data`.
+/// Texts that are too long are cut with a warning; a subpopulation that is not allowed gets an error line on console
+/// and report and stays; a date that is no number stops the run.
+void read_data_file(LineReader& data, const SteerSettings& settings, PopulationStore& store, RunStreams& streams);
+
+/// Cuts `line` at the delimiter and stores the columns up to the last one that has a code.
+void store_line(std::string_view line, std::span<const std::int32_t> columns, const SteerSettings& settings,
+                const FieldPlace& start, AnimalRecord& record, RunStreams& streams);
+
+/// Stores one column's text in `record`. Codes without a field of their own do nothing.
+void store_field(std::string_view field, std::int32_t field_code, const SteerSettings& settings,
+                 const FieldPlace& place, AnimalRecord& record, RunStreams& streams);
+
+}  // namespace pedigreewatch

@@ -1,0 +1,68 @@
+#include "reports/report_lines.h"
+
+#include <string>
+
+namespace pedigreewatch {
+namespace {
+
+constexpr std::string_view year_row_fields = "(I8,005I8) ";
+constexpr std::string_view label_row_fields = "(A8,005I8) ";
+constexpr std::string_view name_row_fields = "(A8,005A8) ";
+
+}  // namespace
+
+void write_blank_line(TextOutput& report, std::size_t blanks) {
+  write_free_line(report, {std::string(blanks, ' ')});
+}
+
+void write_rule(TextOutput& report, std::size_t length) {
+  write_free_line(report, {std::string(length, '_')});
+}
+
+void write_plus_rule(TextOutput& report) {
+  write_format_line(report, "A86", {std::string(86, '+')});
+}
+
+void write_heading(const ReportFrame& frame, const Wording& heading) {
+  write_free_line(frame.report, {heading.in(frame.english)});
+}
+
+void write_headings(const ReportFrame& frame, std::span<const Wording> headings) {
+  for (const Wording& heading : headings) write_heading(frame, heading);
+}
+
+std::vector<std::int64_t> column_sums(const YearTable<std::int32_t>& table) {
+  std::vector<std::int64_t> sums(static_cast<std::size_t>(table.column_count), 0);
+  for (std::size_t i = 0; i < table.cells.size(); ++i) sums[i % sums.size()] += table.cells[i];
+  return sums;
+}
+
+void write_column_numbers(TextOutput& report, std::string_view label, std::int64_t count) {
+  std::vector<LineItem> items = {label};
+  for (std::int64_t number = 1; number <= count; ++number) items.emplace_back(number);
+  write_format_line(report, with_column_count(label_row_fields, count), items);
+}
+
+void write_column_names(TextOutput& report, std::string_view label, std::span<const std::string_view> names) {
+  std::vector<LineItem> items = {label};
+  items.insert(items.end(), names.begin(), names.end());
+  write_format_line(report, with_column_count(name_row_fields, static_cast<std::int64_t>(names.size())), items);
+}
+
+void write_count_rows(const ReportFrame& frame, const YearTable<std::int32_t>& table) {
+  const std::string fields = with_column_count(year_row_fields, table.column_count);
+  std::vector<LineItem> items;
+  for (std::int64_t row = 1; row <= frame.years.dated_row_count(); ++row) {
+    items.assign(1, frame.years.year_of(row));
+    for (std::int64_t column = 1; column <= table.column_count; ++column) items.emplace_back(table.value(row, column));
+    write_format_line(frame.report, fields, items);
+  }
+}
+
+void write_count_total(TextOutput& report, std::string_view label, std::span<const std::int64_t> totals) {
+  std::vector<LineItem> items = {label};
+  items.insert(items.end(), totals.begin(), totals.end());
+  write_format_line(report, with_column_count(label_row_fields, static_cast<std::int64_t>(totals.size())), items);
+}
+
+}  // namespace pedigreewatch

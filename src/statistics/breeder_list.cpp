@@ -1,0 +1,145 @@
+// 1. The list: every breeder that is not blank, in order of first appearance.
+// 2. For each slot of 7 characters the animals of the last ten years whose breeder is exactly that text.
+// 3. The top breeders: the slots with the largest counts go to the front, the others keep their order behind them.
+
+#include "statistics/breeder_list.h"
+
+#include <algorithm>
+#include <numeric>
+#include <vector>
+
+#include "core/integers.h"
+#include "core/line_writer.h"
+#include "core/text_index.h"
+#include "core/wording.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr Wording breeder_of = {"breeder of ", "fokker van "};
+constexpr Wording breeders_so_far = {" read, N breeder = ", " gelezen, nfokker = "};
+constexpr Wording list_made = {"breeders list made", "fokkerlijst samengesteld"};
+constexpr Wording different_found = {" different breeders found", " verschillende fokkers gevonden"};
+constexpr Wording number_of_top_breeders = {"Number of top breeders ", "aantal topfokkers "};
+
+constexpr std::int32_t recent_years = 10;
+constexpr std::int32_t many_recent_animals = 250;
+constexpr std::int32_t fewest_top_breeders = 10, most_top_breeders = 30;
+
+std::int32_t progress_step(std::int32_t animal_count) {
+  if (animal_count <= 4000) return 100;
+  if (animal_count <= 10000) return 500;
+  return animal_count <= 25000 ? 1000 : 5000;
+}
+
+/// The breeders found so far, with their animals of recent years.
+struct BreederCounts {
+  BreederList list;
+  TextIndex index;
+  std::vector<std::int32_t> recent_animals;  ///< by entry
+  std::int32_t recent_without_breeder = 0;
+};
+
+std::int32_t entry_of(BreederCounts& counts, const BreederName& breeder) {
+  BreederList& list = counts.list;
+  const std::int32_t next = list.breeder_count + 1;
+  const std::int32_t entry =
+      find_or_add_text(counts.index, breeder.full(), next, [&](std::int32_t t) { return list.entry(t); });
+  if (entry == next) {
+    list.text.append(breeder.full());
+    list.breeder_count = next;
+    counts.recent_animals.push_back(0);
+  }
+  return entry;
+}
+
+void read_breeders(const PopulationStore& store, bool english, BreederCounts& counts, TextOutput& console) {
+  const std::int32_t step = progress_step(store.animal_count);
+  const std::int32_t before_recent = wrapped(std::int64_t{store.birth_years.last} - recent_years);
+  std::int32_t counter = 0, position = 0;
+  for (const AnimalRecord& animal : store.animals) {
+    ++position;
+    if (++counter == step) {
+      counter = 0;
+      write_free_line(console,
+                      {breeder_of.in(english), position, breeders_so_far.in(english), counts.list.breeder_count});
+    }
+    const bool is_recent = animal.birth_year > before_recent;
+    if (animal.breeder.is_blank()) {
+      counts.recent_without_breeder += is_recent ? 1 : 0;
+    } else {
+      const std::int32_t entry = entry_of(counts, animal.breeder);
+      counts.recent_animals[static_cast<std::size_t>(entry) - 1] += is_recent ? 1 : 0;
+    }
+  }
+}
+
+/// The recent animals of each slot's text. A blank slot is the text of the animals without a breeder.
+std::vector<std::int32_t> count_by_slot(const BreederCounts& counts) {
+  std::vector<std::int32_t> by_slot;
+  for (std::int32_t k = 1; k <= counts.list.breeder_count; ++k) {
+    const BreederName name(counts.list.slot(k));
+    const std::int32_t entry =
+        find_text(counts.index, name.full(), [&](std::int32_t t) { return counts.list.entry(t); });
+    if (name.is_blank()) {
+      by_slot.push_back(counts.recent_without_breeder);
+    } else {
+      by_slot.push_back(entry == 0 ? 0 : counts.recent_animals[static_cast<std::size_t>(entry) - 1]);
+    }
+  }
+  return by_slot;
+}
+
+std::int32_t count_top_breeders(const std::vector<std::int32_t>& by_slot) {
+  const std::int32_t breeder_count = static_cast<std::int32_t>(by_slot.size());
+  if (breeder_count < fewest_top_breeders) return breeder_count;
+  const auto large =
+      std::count_if(by_slot.begin(), by_slot.end(), [](std::int32_t count) { return count > many_recent_animals; });
+  return std::clamp(static_cast<std::int32_t>(large), fewest_top_breeders, most_top_breeders);
+}
+
+/// All slots, the chosen ones first. On a tie the lowest slot is chosen.
+std::vector<std::int32_t> choose_order(const std::vector<std::int32_t>& by_slot, std::int32_t top_breeder_count,
+                                       TextOutput& console) {
+  std::vector<std::int32_t> order(by_slot.size());
+  std::iota(order.begin(), order.end(), 1);
+  const auto count_of = [&](std::int32_t k) { return by_slot[static_cast<std::size_t>(k) - 1]; };
+  for (std::int32_t p = 1; p <= top_breeder_count; ++p) {
+    const auto place = order.begin() + (p - 1);
+    const auto best =
+        std::max_element(place, order.end(), [&](std::int32_t a, std::int32_t b) { return count_of(a) < count_of(b); });
+    write_free_line(console, {p, *best});
+    std::rotate(place, best, best + 1);  // the slots in between keep their order
+  }
+  return order;
+}
+
+void reorder_slots(BreederList& list, const std::vector<std::int32_t>& order) {
+  std::string reordered;
+  reordered.reserve(list.text.size());
+  for (const std::int32_t k : order) reordered.append(list.slot(k));
+  list.text.replace(0, reordered.size(), reordered);
+}
+
+}  // namespace
+
+BreederList list_breeders(const PopulationStore& store, bool english, TextOutput& console) {
+  BreederCounts counts;
+  read_breeders(store, english, counts, console);
+  write_free_line(console, {list_made.in(english)});
+  write_free_line(console, {counts.list.breeder_count, different_found.in(english)});
+  const std::vector<std::int32_t> by_slot = count_by_slot(counts);
+  counts.list.top_breeder_count = count_top_breeders(by_slot);
+  write_free_line(console, {number_of_top_breeders.in(english), counts.list.top_breeder_count});
+  reorder_slots(counts.list, choose_order(by_slot, counts.list.top_breeder_count, console));
+  return std::move(counts.list);
+}
+
+BreederList no_breeders() {
+  BreederList list;
+  list.text = BreederName("geen fokkers").full();
+  list.breeder_count = 1;
+  return list;
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,94 @@
+#include "statistics/missing_parents.h"
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "core/line_writer.h"
+
+namespace pedigreewatch {
+namespace {
+
+struct MissingList {
+  std::vector<AnimalId> ids;  ///< in the order of first mention
+  TextIndex index;
+};
+
+void clear_statistics(PopulationStore& store) {
+  std::int32_t position = 0;
+  for (AnimalRecord& animal : store.animals) {
+    animal.is_native_parent = animal.is_parent = logical_false;
+    animal.sire_no = animal.dam_no = 0;
+    animal.dam_age_days = animal.sire_age_days = 0;
+    animal.native_offspring_count = animal.offspring_count = 0;
+    animal.generation_equivalents = 0.0F;
+    animal.complete_generations = 0;
+    animal.inbreeding = 0.0F;
+    animal.number = ++position;
+  }
+}
+
+void note_if_missing(const AnimalId& parent_id, const PopulationStore& store, const IdIndex& animals,
+                     MissingList& missing) {
+  if (parent_id == unknown_parent_id || find_animal(animals, store, parent_id) != 0) return;
+  const std::int32_t next_place = static_cast<std::int32_t>(missing.ids.size()) + 1;
+  const auto id_at = [&](std::int32_t place) { return missing.ids[static_cast<std::size_t>(place) - 1].full(); };
+  if (find_or_add_text(missing.index, parent_id.full(), next_place, id_at) == next_place) {
+    missing.ids.push_back(parent_id);
+  }
+}
+
+void append_records(PopulationStore& store, const std::vector<AnimalId>& ids, Sex sex) {
+  for (const AnimalId& id : ids) {
+    AnimalRecord parent;
+    parent.id = id;
+    parent.sire_id.assign(unknown_parent_id);
+    parent.dam_id.assign(unknown_parent_id);
+    parent.sex = sex;
+    parent.number = ++store.animal_count;
+    store.animals.push_back(parent);
+  }
+}
+
+struct MissingMessages {
+  std::string_view none, one, several;
+};
+
+// English in either language.
+constexpr MissingMessages father_messages = {"no fathers found that were not in database",
+                                             "one father found that were not in database",
+                                             "fathers found that were not in database"};
+constexpr MissingMessages mother_messages = {"no mothers found that were not in database",
+                                             "one mother found that were not in database",
+                                             "mothers found that were not in database"};
+
+void print_missing_count(std::size_t count, const MissingMessages& messages, TextOutput& console) {
+  if (count == 0) return write_free_line(console, {messages.none});
+  if (count == 1) return write_free_line(console, {messages.one});
+  write_free_line(console, {static_cast<std::int64_t>(count), messages.several});
+}
+
+}  // namespace
+
+IdIndex append_missing_parents(PopulationStore& store, TextOutput& console) {
+  clear_statistics(store);
+  IdIndex index;
+  add_ids(index, store, 1);
+  MissingList fathers, mothers;
+  for (const AnimalRecord& animal : store.animals) {
+    note_if_missing(animal.sire_id, store, index, fathers);
+    note_if_missing(animal.dam_id, store, index, mothers);
+  }
+  print_missing_count(fathers.ids.size(), father_messages, console);
+  print_missing_count(mothers.ids.size(), mother_messages, console);
+  const std::int32_t first_appended = store.animal_count + 1;
+  if (!fathers.ids.empty() || !mothers.ids.empty()) {
+    store.animals.reserve(store.animals.size() + fathers.ids.size() + mothers.ids.size());
+    append_records(store, fathers.ids, male);
+    append_records(store, mothers.ids, female);
+    add_ids(index, store, first_appended);
+  }
+  return index;
+}
+
+}  // namespace pedigreewatch

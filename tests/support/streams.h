@@ -1,0 +1,27 @@
+// Streams that keep what is printed, and their lines.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/run_streams.h"
+
+namespace pedigreewatch::test {
+
+/// Splits printed bytes into lines, without their line feeds.
+std::vector<std::string> lines_of(std::string_view printed);
+std::vector<std::string> lines_of(const TextOutput& output);
+
+/// A run that stopped, seen from outside: whether `action` stopped it.
+template <typename Action>
+bool stops(Action&& action) {
+  try {
+    action();
+  } catch (const RunStopped&) {
+    return true;
+  }
+  return false;
+}
+
+}  // namespace pedigreewatch::test
