@@ -32,7 +32,7 @@ void link_parents(PopulationStore& store, const IdIndex& index, bool english, Ru
     AnimalRecord& animal = store.at(i);
     const bool is_import = is_true(animal.is_import);
     if (!(animal.sire_id == unknown_parent_id)) {
-      animal.sire_no = find_animal(index, store, animal.sire_id);
+      if (animal.sire_no == 0) animal.sire_no = find_animal(index, store, animal.sire_id);
       if (animal.sire_no != 0) {
         count_offspring(store, animal.sire_no, is_import);
       } else {  // every missing parent has been appended before: Dutch in either language
@@ -40,7 +40,7 @@ void link_parents(PopulationStore& store, const IdIndex& index, bool english, Ru
       }
     }
     if (!(animal.dam_id == unknown_parent_id)) {
-      animal.dam_no = find_animal(index, store, animal.dam_id);
+      if (animal.dam_no == 0) animal.dam_no = find_animal(index, store, animal.dam_id);
       if (animal.dam_no != 0) count_offspring(store, animal.dam_no, is_import);
     }
   }

@@ -8,8 +8,9 @@
 namespace pedigreewatch {
 
 /// Fills `sire_no` and `dam_no`, counts the offspring of every parent and sets the parent flags; then sorts the
-/// store, so that afterwards parents stand before their offspring. `index` holds all identifications; of two records
-/// with one identification the first is the parent. A loop in the pedigree stops the run.
+/// store, so that afterwards parents stand before their offspring. A number that is there already was found by
+/// `append_missing_parents` and is kept; the others are looked up in `index`, which holds all identifications. Of two
+/// records with one identification the first is the parent. A loop in the pedigree stops the run.
 void link_parents(PopulationStore& store, const IdIndex& index, bool english, RunStreams& streams);
 
 }  // namespace pedigreewatch

@@ -28,13 +28,34 @@ void clear_statistics(PopulationStore& store) {
   }
 }
 
-void note_if_missing(const AnimalId& parent_id, const PopulationStore& store, const IdIndex& animals,
-                     MissingList& missing) {
-  if (parent_id == unknown_parent_id || find_animal(animals, store, parent_id) != 0) return;
+void note_missing(MissingList& missing, const AnimalId& parent_id) {
   const std::int32_t next_place = static_cast<std::int32_t>(missing.ids.size()) + 1;
   const auto id_at = [&](std::int32_t place) { return missing.ids[static_cast<std::size_t>(place) - 1].full(); };
   if (find_or_add_text(missing.index, parent_id.full(), next_place, id_at) == next_place) {
     missing.ids.push_back(parent_id);
+  }
+}
+
+/// The position of a parent that has a line; 0 for an unknown one and for one that is put on the missing list.
+std::int32_t find_or_note(const AnimalId& parent_id, const PopulationStore& store, const IdIndex& animals,
+                          MissingList& missing) {
+  if (parent_id == unknown_parent_id) return 0;
+  const std::int32_t position = find_animal(animals, store, parent_id);
+  if (position == 0) note_missing(missing, parent_id);
+  return position;
+}
+
+/// Looks up the parents of every animal. Litter mates mostly stand together: what was found for the animal before
+/// need not be looked up again.
+void find_parents(PopulationStore& store, const IdIndex& index, MissingList& fathers, MissingList& mothers) {
+  const AnimalRecord nobody;
+  const AnimalRecord* before = &nobody;
+  for (AnimalRecord& animal : store.animals) {
+    animal.sire_no =
+        animal.sire_id == before->sire_id ? before->sire_no : find_or_note(animal.sire_id, store, index, fathers);
+    animal.dam_no =
+        animal.dam_id == before->dam_id ? before->dam_no : find_or_note(animal.dam_id, store, index, mothers);
+    before = &animal;
   }
 }
 
@@ -75,10 +96,7 @@ IdIndex append_missing_parents(PopulationStore& store, TextOutput& console) {
   IdIndex index;
   add_ids(index, store, 1);
   MissingList fathers, mothers;
-  for (const AnimalRecord& animal : store.animals) {
-    note_if_missing(animal.sire_id, store, index, fathers);
-    note_if_missing(animal.dam_id, store, index, mothers);
-  }
+  find_parents(store, index, fathers, mothers);
   print_missing_count(fathers.ids.size(), father_messages, console);
   print_missing_count(mothers.ids.size(), mother_messages, console);
   const std::int32_t first_appended = store.animal_count + 1;
