@@ -3,15 +3,18 @@
 
 #include "control/run_driver.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <new>
 #include <numeric>
 #include <optional>
+#include <stdexcept>
 #include <string>
 
 #include "control/missing_file.h"
+#include "control/report_size.h"
 #include "control/steer_file.h"
 #include "core/line_reader.h"
 #include "core/line_writer.h"
@@ -66,6 +69,9 @@ void open_report(const SteerSettings& settings, const LineReader& data, RunStrea
   }
   streams.report.file = std::fopen(name.c_str(), "wb");
   if (streams.report.file == nullptr) stop_on_file(streams, name, error_text(errno));
+  std::setvbuf(streams.report.file, nullptr, _IONBF, 0);  // the stream has a buffer of its own
+  streams.report.is_essential = true;
+  streams.report.name = name;
 }
 
 /// Counts the lines of the data file and goes back to its start. Beyond a hundred million lines the count is given
@@ -94,25 +100,13 @@ std::int32_t count_lines(LineReader& data, RunStreams& streams) {
 /// The store as the data file gives it. One line less than there are is read, whether there is a header or not.
 PopulationStore read_population(LineReader& data, const SteerSettings& settings, RunStreams& streams) {
   PopulationStore store;
+  begin_phase(streams.phase_times, "counting lines");
   const std::int32_t line_count = count_lines(data, streams);
+  begin_phase(streams.phase_times, "reading records");
   allocate_records(store, line_count - 1);
   read_data_file(data, settings, store, streams);
   store.birth_years = birth_years_of(store.animals);
   return store;
-}
-
-/// Every year takes a line in each table of the report; years further apart than this are a mistyped date.
-void check_year_span(const PopulationStore& store, const LineReader& data, RunStreams& streams) {
-  constexpr std::int64_t year_limit = 1'000'000;
-  const BirthYears& years = store.birth_years;
-  if (years.last < years.first || std::int64_t{years.last} - years.first < year_limit) return;
-  const auto extreme = std::find_if(store.animals.begin(), store.animals.end(), [&](const AnimalRecord& animal) {
-    return animal.birth_year == (years.first < 0 ? years.first : years.last);
-  });
-  const std::string text = "birth years from " + std::to_string(years.first) + " to " + std::to_string(years.last) +
-                           " (animal \"" + std::string(extreme->id.trimmed()) +
-                           "\"): at most 1000000 years from the first to the last were expected";
-  stop_on_file(streams, data.name, text);
 }
 
 std::vector<std::int32_t> all_positions(const PopulationStore& store) {
@@ -141,9 +135,11 @@ void scan_subpopulation_tables(const PopulationStore& store, const SteerSettings
                       analysis.whole.overlap, streams.console);
 }
 
-void compute_statistics(PopulationStore& store, SteerSettings& settings, const YearGroups& years, Analysis& analysis,
-                        RunStreams& streams) {
+void compute_statistics(PopulationStore& store, SteerSettings& settings, const YearGroups& years,
+                        const std::string& data_file, Analysis& analysis, RunStreams& streams) {
+  begin_phase(streams.phase_times, "yearly statistics");
   const OldestParents oldest = determine_parent_ages(store, settings.english, streams.console);
+  check_parent_ages(store, oldest, data_file, streams);
   determine_completeness(store);
   if (!store.has_colour) settings.colour_count = 1;
   analysis.monitor =
@@ -173,8 +169,10 @@ void compute_genetics(PopulationStore& store, const SteerSettings& settings, con
   WholePopulationTables& whole = analysis.whole;
   whole.inbreeding = {rows, inbreeding_columns};
   whole.kinship = {rows, kinship_column_count(settings.subpopulation_count)};
+  begin_phase(streams.phase_times, "inbreeding");
   const AncestorPedigree ancestors = make_ancestor_pedigree(store);
   compute_inbreeding(store, ancestors, settings.english, streams.console);
+  begin_phase(streams.phase_times, "kinship per year");
   compute_kinship_by_year(store, ancestors, years, analysis.membership ? &*analysis.membership : nullptr,
                           settings.english, whole.inbreeding, whole.kinship, streams.console);
   echo_inbreeding(whole.inbreeding, streams.console);
@@ -200,39 +198,59 @@ void run_phases(RunStreams& streams) {
   LineReader data = open_data_file(settings, streams);
   open_report(settings, data, streams);
   PopulationStore store = read_population(data, settings, streams);
-  check_year_span(store, data, streams);  // the birth years never change from here on
+  check_year_span(store, data.name, streams);  // the birth years never change from here on
   Analysis analysis;
+  begin_phase(streams.phase_times, "breeders");
   analysis.breeders = store.has_breeder ? list_breeders(store, english, streams.console) : no_breeders();
   {
+    begin_phase(streams.phase_times, "missing parents");
     const IdIndex index = append_missing_parents(store, streams.console);  // `animal_count` is final
-    link_parents(store, index, english, streams);                          // parents stand before their offspring
+    begin_phase(streams.phase_times, "linking and sorting");
+    link_parents(store, index, english, streams);  // parents stand before their offspring
   }
+  begin_phase(streams.phase_times, "subpopulation scan");
   scan_subpopulation_tables(store, settings, analysis, streams);
   const YearGroups years = group_by_year(store);
-  compute_statistics(store, settings, years, analysis, streams);
+  compute_statistics(store, settings, years, data.name, analysis, streams);
   compute_genetics(store, settings, years, analysis, streams);
+  begin_phase(streams.phase_times, "report");
   write_report({streams.report, store.birth_years, settings.nouns, english}, store, settings, analysis.monitor,
                analysis.breeders, analysis.overall_ages, analysis.busiest, analysis.whole);
   analysis.monitor = {};
+  begin_phase(streams.phase_times, "subpopulation blocks");
   report_subpopulations(store, settings, analysis, streams);
   write_free_line(streams.console, {finished.in(english), settings.population_name});
   close(data);
+  begin_phase(streams.phase_times, "end");
+}
+
+/// A report that is not complete must not look complete: it is taken away.
+void remove_incomplete_report(RunStreams& streams) {
+  const std::string& name = streams.report.name;
+  append(streams.messages, name + ": the report could not be written: " + error_text(streams.report.error));
+  std::error_code error;
+  const bool is_removed = std::filesystem::is_regular_file(name, error) && std::filesystem::remove(name, error);
+  if (!is_removed) append(streams.messages, "; what there is of it is not complete");
+  end_line(streams.messages);
 }
 
 /// Hands everything to its stream and tells what did not arrive.
 bool finish_streams(RunStreams& streams) {
   flush(streams.console);
   close(streams.report);
-  if (streams.report.error != 0) {
-    append(streams.messages, "the report could not be written completely: " + error_text(streams.report.error));
-    end_line(streams.messages);
-  }
+  if (streams.report.error != 0) remove_incomplete_report(streams);
   if (streams.console.error != 0) {
     append(streams.messages, "the console could not be written: " + error_text(streams.console.error));
     end_line(streams.messages);
   }
   flush(streams.messages);
   return streams.report.error == 0 && streams.console.error == 0;
+}
+
+int give_up_for_memory(RunStreams& streams) {
+  append(streams.messages, "not enough memory for a population of this size\n");
+  if (streams.report.file != nullptr) streams.report.error = ENOMEM;
+  return 1;
 }
 
 }  // namespace
@@ -244,8 +262,9 @@ int run_program(RunStreams& streams) {
   } catch (const RunStopped& stop) {
     exit_status = stop.exit_status;
   } catch (const std::bad_alloc&) {
-    append(streams.messages, "not enough memory for a population of this size\n");
-    exit_status = 1;
+    exit_status = give_up_for_memory(streams);
+  } catch (const std::length_error&) {  // more elements than any memory holds
+    exit_status = give_up_for_memory(streams);
   }
   return finish_streams(streams) ? exit_status : 1;
 }

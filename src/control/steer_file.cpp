@@ -109,7 +109,8 @@ void read_columns_part(LineReader& reader, RunStreams& streams, SteerSettings& s
     return;
   }
   next_line(reader);  // a comment
-  const std::int64_t column_count = count_on(next_line(reader));
+  const std::int64_t counted = count_on(next_line(reader));
+  const std::int64_t column_count = counted > INT32_MAX ? 0 : counted;  // a number that cannot be read
   write_free_line(streams.console, {column_count, columns_counted.in(settings.english)});
   next_line(reader);  // a comment
   const std::size_t kept = read_column_list(next_line(reader), settings.column_codes);

@@ -13,18 +13,17 @@ void append_number(TextOutput& output, std::int64_t value) {
   append(output, {digits.data(), static_cast<std::size_t>(end - digits.data())});
 }
 
-/// Bytes that a terminal would act on are shown as dots, and a very long text is cut.
-void append_quoted(TextOutput& output, std::string_view text) {
+}  // namespace
+
+std::string quoted(std::string_view text) {
   constexpr std::size_t shown_length = 80;
-  append(output, "\"");
+  std::string result = "\"";
   for (const char byte : text.substr(0, shown_length)) {
     const bool is_control = static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F;
-    output.pending.push_back(is_control ? '.' : byte);
+    result.push_back(is_control ? '.' : byte);
   }
-  append(output, text.size() > shown_length ? "...\"" : "\"");
+  return result + (text.size() > shown_length ? "...\"" : "\"");
 }
-
-}  // namespace
 
 void stop_run() {
   throw RunStopped{1};
@@ -40,6 +39,7 @@ void wait_for_return(RunStreams& streams) {
 
 void stop_on_input(RunStreams& streams, const InputProblem& problem) {
   TextOutput& messages = streams.messages;
+  flush(streams.console);  // what was said before stands before it, also when both go to one file
   append(messages, problem.file);
   if (problem.line > 0) {
     append(messages, ", line ");
@@ -49,7 +49,7 @@ void stop_on_input(RunStreams& streams, const InputProblem& problem) {
       append_number(messages, problem.column);
     }
     append(messages, ": ");
-    append_quoted(messages, problem.text);
+    append(messages, quoted(problem.text));
   }
   append(messages, ": ");
   append(messages, problem.expected);
@@ -58,6 +58,7 @@ void stop_on_input(RunStreams& streams, const InputProblem& problem) {
 }
 
 void stop_on_file(RunStreams& streams, std::string_view file, std::string_view problem) {
+  flush(streams.console);
   append(streams.messages, file);
   append(streams.messages, ": ");
   append(streams.messages, problem);

@@ -6,20 +6,17 @@
 #include <string>
 #include <string_view>
 
+#include "core/phase_times.h"
 #include "core/text_output.h"
 
 namespace pedigreewatch {
 
 struct RunStreams {
-  TextOutput console;             ///< standard output: progress and messages
-  TextOutput report;              ///< the ReportFile
-  TextOutput messages;            ///< standard error: what the input and output layer has to say
-  std::FILE* keyboard = nullptr;  ///< standard input, for the one wait after a missing file; null: no wait
-};
-
-/// Thrown by `stop_run` and by nothing else; the driver alone catches it.
-struct RunStopped {
-  int exit_status = 1;
+  TextOutput console;                 ///< standard output: progress and messages
+  TextOutput report;                  ///< the ReportFile
+  TextOutput messages;                ///< standard error: what the input and output layer has to say
+  std::FILE* keyboard = nullptr;      ///< standard input, for the one wait after a missing file; null: no wait
+  PhaseTimes* phase_times = nullptr;  ///< for benchmarks; null: nobody measures
 };
 
 /// Ends the run with exit status 1. Everything printed so far reaches its stream.
@@ -44,6 +41,10 @@ struct InputProblem {
 
 /// The same for a file that cannot be read or written: `dogs.out: No space left on device`.
 [[noreturn]] void stop_on_file(RunStreams& streams, std::string_view file, std::string_view problem);
+
+/// A text of the input for a message: in quotation marks, at most 80 bytes of it, with dots for the bytes that a
+/// terminal would act on.
+std::string quoted(std::string_view text);
 
 /// The system's own word for an error number.
 std::string error_text(int error_number);

@@ -31,10 +31,12 @@ void flush(TextOutput& output) {
     if (written != output.pending.size() || std::fflush(output.file) != 0) note_failure(output);
   }
   output.pending.clear();
+  if (output.error != 0 && output.is_essential) throw RunStopped{};
 }
 
 void close(TextOutput& output) {
   if (output.file == nullptr) return;
+  output.is_essential = false;  // whoever closes it looks at `error`
   flush(output);
   errno = 0;
   if (std::fclose(output.file) != 0) note_failure(output);

@@ -8,11 +8,19 @@
 
 namespace pedigreewatch {
 
+/// Ends the run: thrown by `stop_run`, and by `flush` when a stream fails without which the run is worth nothing. The
+/// driver alone catches it.
+struct RunStopped {
+  int exit_status = 1;
+};
+
 struct TextOutput {
   std::FILE* file = nullptr;     ///< null: the bytes stay in `pending` (tests read them there)
+  std::string name;              ///< of the file, for messages
   std::string pending;           ///< bytes not yet handed to the file
   bool shows_each_line = false;  ///< a terminal: the lines are the progress sign, so each one is shown at once
   int error = 0;                 ///< errno of the first write that failed, 0 while all is well
+  bool is_essential = false;     ///< the report: a run whose report cannot be written stops at once
 };
 
 /// Adds `bytes` to the output.
@@ -21,7 +29,8 @@ void append(TextOutput& output, std::string_view bytes);
 /// Ends the line at hand with one line feed.
 void end_line(TextOutput& output);
 
-/// Hands everything collected so far to the file. A failure is kept in `error`; what could not be written is dropped.
+/// Hands everything collected so far to the file. A failure is kept in `error`, and stops the run
+/// when the stream is essential; what could not be written is dropped.
 void flush(TextOutput& output);
 
 /// Flushes and closes the file, if there is one. Afterwards `error` tells whether everything arrived.

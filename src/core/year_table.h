@@ -42,6 +42,10 @@ struct YearTable {
   bool has(std::int64_t row, std::int64_t column) const {
     return row >= 1 && row <= row_count && column >= 1 && column <= column_count;
   }
+  /// Whether anything was put into the row; all cells of another one are 0.
+  bool is_stored(std::int64_t row) const {
+    return row >= 1 && row <= row_count && places[static_cast<std::size_t>(row - 1)] != 0;
+  }
   /// The value of a cell; a row or column that the table does not have counts as 0.
   Cell value(std::int64_t row, std::int64_t column) const {
     if (!has(row, column)) return Cell{};

@@ -28,7 +28,9 @@ std::size_t highest_bit(std::uint64_t bits) {
   return word_bits - 1 - static_cast<std::size_t>(std::countl_zero(bits));
 }
 
-void add_to_lane(Lanes& lanes, std::size_t lane, float value) { lanes.quads[lane / 4][lane % 4] += value; }
+void add_to_lane(Lanes& lanes, std::size_t lane, float value) {
+  lanes.quads[lane / 4][lane % 4] += value;
+}
 
 /// Begins each lane with its mating's own part: the offspring itself, and half its genes for each parent.
 void begin_lanes(AncestorWalk& walk, std::span<const Mating> matings, Lanes& sums) {

@@ -1,7 +1,5 @@
 #include "pedigree/subpopulation_scan.h"
 
-#include <algorithm>
-
 #include "core/line_writer.h"
 #include "core/wording.h"
 
@@ -19,23 +17,35 @@ struct ReferenceCode {
   bool is_set = false;
 };
 
-void count_birth(const PopulationStore& store, const AnimalRecord& animal, std::span<const std::int32_t> names,
+void count_birth(const PopulationStore& store, const AnimalRecord& animal, std::int32_t group,
                  YearTable<std::int32_t>& year_table) {
   const std::int32_t row = animal.birth_year >= 1 ? store.birth_years.row_of(animal.birth_year) : 0;
-  if (row == 0) return;
-  for (const std::int32_t k : names) ++year_table.at(row, k);
+  if (row != 0) ++year_table.at(row, group);
 }
 
 /// A mating counts only when both parents belong to a subpopulation.
-void count_descent(const AnimalRecord& animal, std::span<const std::int32_t> names,
-                   const SubpopulationMembership& membership, SubpopulationOverlap& overlap) {
+void count_descent(const AnimalRecord& animal, std::int32_t group, const SubpopulationMembership& membership,
+                   SubpopulationOverlap& overlap) {
   if (animal.sire_no <= 0 || animal.dam_no <= 0) return;
   const std::int32_t sire_group = membership.of_animal(animal.sire_no);
   const std::int32_t dam_group = membership.of_animal(animal.dam_no);
   if (sire_group == 0 || dam_group == 0) return;
-  for (const std::int32_t k : names) {
-    for (const std::int32_t j : membership.names_of(sire_group)) ++overlap.at(k, j);
-    for (const std::int32_t j : membership.names_of(dam_group)) ++overlap.at(k, j);
+  ++overlap.at(group, sire_group);
+  ++overlap.at(group, dam_group);
+}
+
+/// Counting is done by group, at its first name. A name that stands in the steer file again gets the same counts.
+void copy_to_equal_names(const SubpopulationMembership& membership, YearTable<std::int32_t>& year_table,
+                         SubpopulationOverlap& overlap) {
+  const auto group_of = [&](std::int32_t k) { return membership.group_of_name[static_cast<std::size_t>(k) - 1]; };
+  for (std::int32_t k = 1; k <= overlap.size; ++k) {
+    for (std::int32_t j = 1; j <= overlap.size; ++j) {
+      if (group_of(k) != k || group_of(j) != j) overlap.at(k, j) = overlap.at(group_of(k), group_of(j));
+    }
+    if (group_of(k) == k) continue;
+    for (std::int64_t row = 1; row <= year_table.row_count; ++row) {
+      if (year_table.is_stored(row)) year_table.at(row, k) = year_table.value(row, group_of(k));
+    }
   }
 }
 
@@ -71,11 +81,11 @@ void scan_subpopulations(const PopulationStore& store, const SubpopulationMember
     if (group == 0) {
       check_breed_code(animal, position, reference, english, console);
     } else {
-      const std::span<const std::int32_t> names = membership.names_of(group);
-      count_birth(store, animal, names, year_table);
-      count_descent(animal, names, membership, overlap);
+      count_birth(store, animal, group, year_table);
+      count_descent(animal, group, membership, overlap);
     }
   }
+  copy_to_equal_names(membership, year_table, overlap);
 }
 
 }  // namespace pedigreewatch

@@ -42,7 +42,7 @@ constexpr std::size_t rule_length = 56, import_rule_length = 80;
 
 void take_out_parents(YearTable<std::int32_t>& counts) {
   for (std::int64_t row = 1; row <= counts.row_count; ++row) {
-    if (counts.places[static_cast<std::size_t>(row - 1)] == 0) continue;  // a year without animals
+    if (!counts.is_stored(row)) continue;  // a year without animals
     counts.at(row, native_males) -= counts.at(row, native_sires);
     counts.at(row, native_females) -= counts.at(row, native_dams);
   }

@@ -50,13 +50,7 @@ void write_column_names(TextOutput& report, std::string_view label, std::span<co
 }
 
 void write_count_rows(const ReportFrame& frame, const YearTable<std::int32_t>& table) {
-  const std::string fields = with_column_count(year_row_fields, table.column_count);
-  std::vector<LineItem> items;
-  for (std::int64_t row = 1; row <= frame.years.dated_row_count(); ++row) {
-    items.assign(1, frame.years.year_of(row));
-    for (std::int64_t column = 1; column <= table.column_count; ++column) items.emplace_back(table.value(row, column));
-    write_format_line(frame.report, fields, items);
-  }
+  write_year_rows(frame, table, 1, table.column_count, year_row_fields);
 }
 
 void write_count_total(TextOutput& report, std::string_view label, std::span<const std::int64_t> totals) {

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -45,7 +46,38 @@ void write_column_numbers(TextOutput& report, std::string_view label, std::int64
 /// A heading row: the label, then each text cut or right-justified in 8 columns.
 void write_column_names(TextOutput& report, std::string_view label, std::span<const std::string_view> names);
 
-/// A row for each year from first to last: the year, then all columns of the table, in 8 columns each.
+/// A row for each year from first to last: the year, then `count` columns of the table from `first` on, by a field list
+/// whose first field is `I8` for the year and whose number of columns is filled in. Years without animals all show the
+/// same zeros: those are made once, so that a long span of empty years is written as fast as the disk takes it.
+template <typename Cell>
+void write_year_rows(const ReportFrame& frame, const YearTable<Cell>& table, std::int64_t first, std::int64_t count,
+                     std::string_view field_list) {
+  const std::string fields = with_column_count(field_list, count);
+  constexpr std::size_t year_width = 8;
+  std::string zeros;
+  std::vector<LineItem> items;
+  for (std::int64_t row = 1; row <= frame.years.dated_row_count(); ++row) {
+    const std::int32_t year = frame.years.year_of(row);
+    if (!table.is_stored(row) && !zeros.empty()) {
+      TextOutput year_field;
+      write_format_line(year_field, "I8", {year});
+      append(frame.report, std::string_view(year_field.pending).substr(0, year_width));
+      append(frame.report, zeros);
+      end_line(frame.report);
+      continue;
+    }
+    items.assign(1, year);
+    for (std::int64_t column = first; column < first + count; ++column) items.emplace_back(table.value(row, column));
+    TextOutput line;
+    write_format_line(line, fields, items);
+    line.pending.pop_back();  // the line feed
+    append(frame.report, line.pending);
+    end_line(frame.report);
+    if (!table.is_stored(row)) zeros = line.pending.substr(year_width);
+  }
+}
+
+/// The same for all columns of a table of counts, in 8 columns each.
 void write_count_rows(const ReportFrame& frame, const YearTable<std::int32_t>& table);
 
 /// A total row: the label, then the values, in 8 columns each.

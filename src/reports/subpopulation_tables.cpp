@@ -30,15 +30,9 @@ std::vector<std::string_view> views_of(std::span<const SubpopulationName> names)
   return views;
 }
 
-/// A row for each year: the year, then `count` columns of the table from `first` on, with four decimals.
+/// A row for each year, with four decimals.
 void write_mean_rows(const ReportFrame& frame, const YearTable<float>& table, std::int64_t first, std::int64_t count) {
-  const std::string fields = with_column_count(mean_fields, count);
-  std::vector<LineItem> items;
-  for (std::int64_t row = 1; row <= frame.years.dated_row_count(); ++row) {
-    items.assign(1, frame.years.year_of(row));
-    for (std::int64_t column = first; column < first + count; ++column) items.emplace_back(table.value(row, column));
-    write_format_line(frame.report, fields, items);
-  }
+  write_year_rows(frame, table, first, count, mean_fields);
 }
 
 void write_within(const ReportFrame& frame, std::span<const SubpopulationName> names,

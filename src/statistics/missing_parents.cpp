@@ -48,8 +48,10 @@ std::int32_t find_or_note(const AnimalId& parent_id, const PopulationStore& stor
 /// Looks up the parents of every animal. Litter mates mostly stand together: what was found for the animal before
 /// need not be looked up again.
 void find_parents(PopulationStore& store, const IdIndex& index, MissingList& fathers, MissingList& mothers) {
-  const AnimalRecord nobody;
-  const AnimalRecord* before = &nobody;
+  AnimalRecord first_before;
+  first_before.sire_id.assign(unknown_parent_id);
+  first_before.dam_id.assign(unknown_parent_id);
+  const AnimalRecord* before = &first_before;
   for (AnimalRecord& animal : store.animals) {
     animal.sire_no =
         animal.sire_id == before->sire_id ? before->sire_no : find_or_note(animal.sire_id, store, index, fathers);

@@ -163,11 +163,16 @@ std::span<const std::int32_t> find_columns(const ColumnFinder& finder, std::stri
 void colour_statistics(const PopulationStore& store, YearAnimals animals, Row row, const ColumnFinder& colours,
                        YearTable<std::int32_t>& colour_counts) {
   if (animals.empty()) return;
-  std::int32_t listed = 0;
   for (const std::int32_t position : animals) {
-    for (const std::int32_t column : find_columns(colours, store.at(position).colour.full())) {
-      ++colour_counts.at(row, column);
-      ++listed;
+    const std::span<const std::int32_t> columns = find_columns(colours, store.at(position).colour.full());
+    if (!columns.empty()) ++colour_counts.at(row, columns.front());
+  }
+  // A colour that stands in the list again gets the same count, which is then taken off the rest again.
+  std::int32_t listed = 0;
+  for (const std::vector<std::int32_t>& columns : colours.columns_of_first) {
+    for (const std::int32_t column : columns) {
+      colour_counts.at(row, column) = colour_counts.value(row, columns.front());
+      listed += colour_counts.value(row, column);
     }
   }
   colour_counts.at(row, colour_counts.column_count) = static_cast<std::int32_t>(animals.size()) - listed;

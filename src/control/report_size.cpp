@@ -1,0 +1,34 @@
+#include "control/report_size.h"
+
+#include <algorithm>
+#include <string>
+
+namespace pedigreewatch {
+
+void check_year_span(const PopulationStore& store, std::string_view data_file, RunStreams& streams) {
+  constexpr std::int64_t year_limit = 100'000;
+  const BirthYears& years = store.birth_years;
+  if (years.last < years.first || std::int64_t{years.last} - years.first < year_limit) return;
+  const std::int32_t strange_year = years.first < 0 ? years.first : years.last;
+  const auto animal = std::find_if(store.animals.begin(), store.animals.end(),
+                                   [&](const AnimalRecord& each) { return each.birth_year == strange_year; });
+  stop_on_file(streams, data_file,
+               "birth years from " + std::to_string(years.first) + " to " + std::to_string(years.last) + " (animal " +
+                   quoted(animal->id.trimmed()) + "): at most 100000 years from the first to the last were expected");
+}
+
+void check_parent_ages(const PopulationStore& store, const OldestParents& oldest, std::string_view data_file,
+                       RunStreams& streams) {
+  constexpr std::int64_t figure_limit = 1'000'000'000;
+  const std::int64_t columns = std::int64_t{std::max(oldest.sire, 0)} + std::max(oldest.dam, 0);
+  if (columns * store.birth_years.dated_row_count() <= figure_limit) return;
+  const auto age_of = [](const AnimalRecord& animal) { return std::max(animal.sire_age_days, animal.dam_age_days); };
+  const auto animal = std::max_element(store.animals.begin(), store.animals.end(),
+                                       [&](const auto& a, const auto& b) { return age_of(a) < age_of(b); });
+  stop_on_file(streams, data_file,
+               "fathers up to " + std::to_string(oldest.sire) + " and mothers up to " + std::to_string(oldest.dam) +
+                   " years old (animal " + quoted(animal->id.trimmed()) +
+                   " has the oldest parent): the tables of parents' ages would not fit on any disk");
+}
+
+}  // namespace pedigreewatch

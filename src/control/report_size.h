@@ -1,0 +1,20 @@
+// A report has a line for each birth year and a column for each year of a parent's age. One mistyped date can ask for
+// more of them than any disk holds: such a run ends with a message that names the animal.
+#pragma once
+
+#include <string_view>
+
+#include "core/run_streams.h"
+#include "pedigree/population_store.h"
+#include "statistics/monitor_tables.h"
+
+namespace pedigreewatch {
+
+/// Stops the run when the first and the last birth year are 100,000 years apart or more.
+void check_year_span(const PopulationStore& store, std::string_view data_file, RunStreams& streams);
+
+/// Stops the run when the tables of the parents' ages would have more than a thousand million figures.
+void check_parent_ages(const PopulationStore& store, const OldestParents& oldest, std::string_view data_file,
+                       RunStreams& streams);
+
+}  // namespace pedigreewatch

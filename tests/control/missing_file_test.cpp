@@ -1,0 +1,61 @@
+#include "control/missing_file.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/streams.h"
+
+namespace pedigreewatch::test {
+namespace {
+
+constexpr MissingFileMessages missing_herdbook = {
+    .english_error = "ERROR no herdbook ",
+    .english_reason = "it is needed",
+    .dutch_error = "ERROR geen stamboek ",
+    .dutch_error_end = " gevonden",
+    .dutch_reason = "het is nodig",
+};
+
+TEST(StopOnMissingFile, PrintsNineLinesInBothLanguages) {
+  RunStreams streams;
+  EXPECT_TRUE(stops([&] { stop_on_missing_file(streams, missing_herdbook, "dogs.txt  "); }));
+  const std::vector<std::string> expected = {
+      " ERROR no herdbook dogs.txt  ",
+      " it is needed",
+      "            ***PROGRAM TERMINATED***",
+      " End of program. Press RETURN to exit.",
+      " __________________________________________________",
+      " ERROR geen stamboek dogs.txt   gevonden",
+      " het is nodig",
+      "            ***PROGRAMMA BEEINDIGD***",
+      " Einde programma. Druk op Enter om uit het programma te gaan.",
+  };
+  EXPECT_EQ(lines_of(streams.console), expected);
+  EXPECT_TRUE(streams.messages.pending.empty());
+}
+
+TEST(StopOnMissingFile, WaitsForOneLineOnTheKeyboard) {
+  RunStreams streams;
+  streams.keyboard = std::tmpfile();
+  ASSERT_NE(streams.keyboard, nullptr);
+  std::fputs("yes\nnext", streams.keyboard);
+  std::rewind(streams.keyboard);
+  EXPECT_TRUE(stops([&] { stop_on_missing_file(streams, missing_herdbook, {}); }));
+  EXPECT_EQ(std::fgetc(streams.keyboard), 'n');
+  std::fclose(streams.keyboard);
+}
+
+TEST(StopOnMissingFile, ShowsItsLinesBeforeItWaits) {
+  RunStreams streams;
+  streams.console.file = std::tmpfile();
+  ASSERT_NE(streams.console.file, nullptr);
+  EXPECT_TRUE(stops([&] { stop_on_missing_file(streams, missing_herdbook, {}); }));
+  EXPECT_TRUE(streams.console.pending.empty());
+  EXPECT_GT(std::ftell(streams.console.file), 200);
+  close(streams.console);
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test

@@ -1,0 +1,729 @@
+#include "control/steer_file.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "support/streams.h"
+
+namespace pedigreewatch::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+/// What a steer file yields and what it shows.
+struct ReadSteerFile {
+  SteerSettings settings;
+  Lines console;
+  std::string messages;
+  bool has_stopped = false;
+};
+
+ReadSteerFile read_text(std::string_view text) {
+  ReadSteerFile result;
+  RunStreams streams;
+  LineReader reader;
+  reader.name = steer_file_name;
+  reader.text = text;
+  result.has_stopped = stops([&] { result.settings = read_steer_lines(reader, streams); });
+  result.console = lines_of(streams.console);
+  result.messages = streams.messages.pending;
+  return result;
+}
+
+/// A steer file line by line; each test changes the lines it is about.
+struct SteerLines {
+  std::string population_name = "Drentse Patrijshond", data_file_name = "dogs.txt", delimiter = ";";
+  std::string consecutive = "n", date_layout = "dd-mm-jjjj", species = "hond", male_letter = "m", language = "en";
+  std::string header = "y";                         ///< or more lines: "n", a comment, the count, a comment, the list
+  std::string subpopulations = "0", colours = "0";  ///< a count, and the names on lines of their own
+
+  std::string text(std::string_view line_end = "\n") const {
+    std::string joined;
+    for (const std::string& part : {population_name, data_file_name, delimiter, consecutive, date_layout, species,
+                                    male_letter, language, header, subpopulations, colours}) {
+      joined += part + "\n";
+    }
+    std::string result;
+    for (const char byte : joined) result += byte == '\n' ? std::string(line_end) : std::string(1, byte);
+    return result;
+  }
+};
+
+SteerSettings settings_of(const SteerLines& lines) {
+  return read_text(lines.text()).settings;
+}
+
+std::string filled(std::string text, std::size_t width) {
+  text.resize(width, ' ');
+  return text;
+}
+
+/// An integer item of a free-form line.
+std::string number(std::int64_t value) {
+  const std::string digits = std::to_string(value);
+  return std::string(12 - digits.size(), ' ') + digits;
+}
+
+bool has_line(const Lines& lines, const std::string& line) {
+  return std::find(lines.begin(), lines.end(), line) != lines.end();
+}
+
+// ---- the echo in both languages --------------------------------------------------------------------------------
+
+TEST(SteerFileEcho, EnglishWithHeader) {
+  SteerLines lines;
+  lines.subpopulations = "2\nNoord\nZuid";
+  lines.colours = "3\nbruin\nzwart\nwit";
+  const Lines expected = {
+      " consecutive delimiters indicate empty column",
+      " Data file contains header, content of columns will be determined by first line",
+      " number of subpopulations           2",
+      " number of colours           3",
+      " Colours to be analysed in datafile",
+      " " + filled("bruin", 40),
+      " " + filled("zwart", 40),
+      " " + filled("wit", 40),
+      " " + filled("Onbekend", 40),
+      " " + filled("niet erkend", 40),
+      " Data for " + filled("Drentse Patrijshond", 40) + " will be read from ",
+      " " + filled("dogs.txt", 30),
+      " and written to " + filled("dogs.out", 30),
+      " subpopulations allowed",
+      " " + filled("Noord", 20),
+      " " + filled("Zuid", 20),
+      " colour/variety codes allowed ",
+      " " + filled("bruin", 40),
+      " " + filled("zwart", 40),
+      " " + filled("wit", 40),
+      " " + filled("Onbekend", 40),
+      " " + filled("niet erkend", 40),
+  };
+  EXPECT_EQ(read_text(lines.text()).console, expected);
+}
+
+TEST(SteerFileEcho, DutchWithHeader) {
+  SteerLines lines;
+  lines.language = "nl";
+  lines.consecutive = "y";
+  lines.subpopulations = "1\nNoord";
+  const Lines expected = {
+      " consecutive delimiters will be considered as one",  // the language is not known yet
+      " Data file heeft koppen boven de kolommen, Inhoud van een kolom wordt bepaald aa",
+      " n de hand van de eerste regel",
+      " number of subpopulations           1",
+      " number of colours           0",
+      " Kleuren te analyseren",
+      " " + filled("Onbekend", 40),
+      " " + filled("niet erkend", 40),
+      " Gegevens voor " + filled("Drentse Patrijshond", 40) + " worden gelezen uit ",
+      " " + filled("dogs.txt", 30),
+      " en weggeschreven naar " + filled("dogs.out", 30),
+      " toegestane subpopulaties ",
+      " " + filled("Noord", 20),
+      " toegestane kleurcodes ",
+      " " + filled("Onbekend", 40),
+      " " + filled("niet erkend", 40),
+  };
+  EXPECT_EQ(read_text(lines.text()).console, expected);
+}
+
+TEST(SteerFileEcho, EnglishWithoutHeader) {
+  SteerLines lines;
+  lines.header = "n\nnumber of columns\n5\ncolumn codes\n5 1 2 3 7 8";
+  const Lines console = read_text(lines.text()).console;
+  EXPECT_EQ(console[1], number(5) + "  columns in data file");
+  EXPECT_EQ(console[2], number(1) + number(2) + number(3) + number(7) + number(8));
+  EXPECT_EQ(console[3], " number of subpopulations           0");
+}
+
+TEST(SteerFileEcho, DutchWithoutHeader) {
+  SteerLines lines;
+  lines.language = "nl";
+  lines.header = "n\naantal kolommen\n5\ncodes\n5 1 2 3 7 8";
+  const Lines console = read_text(lines.text()).console;
+  EXPECT_EQ(console[1], number(5) + "  kolommen in datafile");
+  EXPECT_EQ(console[2], number(1) + number(2) + number(3) + number(7) + number(8));
+  EXPECT_EQ(console[3], " number of subpopulations           0");  // English in either language
+}
+
+TEST(SteerFileEcho, LongColumnListGoesOnInColumnOneOfTheNextLine) {
+  SteerLines lines;
+  lines.header = "n\n\n8\n\n8 1 2 3 4 5 6 7 8";
+  const Lines console = read_text(lines.text()).console;
+  EXPECT_EQ(console[2], number(1) + number(2) + number(3) + number(4) + number(5) + number(6));
+  EXPECT_EQ(console[3], number(7) + number(8));
+}
+
+TEST(SteerFileEcho, EmptyColumnListIsAnEmptyLine) {
+  SteerLines lines;
+  lines.header = "n\n\n0\n\n0";
+  const Lines console = read_text(lines.text()).console;
+  EXPECT_EQ(console[1], number(0) + "  columns in data file");
+  EXPECT_EQ(console[2], "");
+  EXPECT_EQ(console[3], " number of subpopulations           0");
+}
+
+// ---- names, delimiter ------------------------------------------------------------------------------------------
+
+TEST(SteerFile, KeepsNamesAsTheyStand) {
+  SteerLines lines;
+  lines.population_name = "  Kempisch Hoen, vari\xEBteit ";
+  lines.data_file_name = "My Hens.txt";
+  const SteerSettings settings = settings_of(lines);
+  EXPECT_EQ(settings.population_name.full(), filled("  Kempisch Hoen, vari\xEBteit", 40));
+  EXPECT_EQ(settings.data_file_name.full(), filled("My Hens.txt", 30));
+}
+
+TEST(SteerFile, IgnoresWhatStandsBehindAWidth) {
+  SteerLines lines;
+  lines.population_name = std::string(40, 'p') + "ignored";
+  lines.data_file_name = std::string(26, 'd') + ".txt  ignored";
+  lines.delimiter = ";ignored";
+  lines.consecutive = "yes, they are one";
+  lines.date_layout = "jjjj.mm.dd -- ignored";
+  lines.species = "overig  ignored";
+  lines.male_letter = "male";
+  lines.language = "english";
+  lines.header = "yes";
+  lines.subpopulations = "1 subpopulation\n" + std::string(20, 's') + "ignored";
+  lines.colours = "1 colour\n" + std::string(40, 'c') + "ignored";
+  const SteerSettings settings = settings_of(lines);
+  EXPECT_EQ(settings.population_name.full(), std::string(40, 'p'));
+  EXPECT_EQ(settings.data_file_name.full(), std::string(26, 'd') + ".txt");
+  EXPECT_EQ(settings.report_file_name.full(), std::string(26, 'd') + ".out");
+  EXPECT_EQ(settings.delimiter, ';');
+  EXPECT_TRUE(settings.merge_delimiters);
+  EXPECT_EQ(settings.date_layout.full(), "jjjj.mm.dd");
+  EXPECT_EQ(settings.species_index, 16);
+  EXPECT_EQ(settings.male_letters, (std::array<char, 2>{'m', 'M'}));
+  EXPECT_TRUE(settings.english);
+  EXPECT_EQ(settings.column_codes, ColumnMap{});
+  EXPECT_EQ(settings.subpopulation_names.at(0).full(), std::string(20, 's'));
+  EXPECT_EQ(settings.colour_names.at(0).full(), std::string(40, 'c'));
+}
+
+TEST(SteerFile, AnyByteCanBeTheDelimiter) {
+  SteerLines lines;
+  for (const std::string_view delimiter : {";", ",", "\t", "|", " ", "x", "\xA7"}) {
+    lines.delimiter = delimiter;
+    EXPECT_EQ(settings_of(lines).delimiter, delimiter.front()) << delimiter;
+  }
+}
+
+TEST(SteerFile, EmptyDelimiterLineIsABlank) {
+  SteerLines lines;
+  lines.delimiter = "";
+  EXPECT_EQ(settings_of(lines).delimiter, ' ');
+}
+
+TEST(SteerFile, ConsecutiveDelimitersAreOneForAYesOnly) {
+  SteerLines lines;
+  for (const std::string_view yes : {"y", "Y", "yes", "Y "}) {
+    lines.consecutive = yes;
+    const ReadSteerFile read = read_text(lines.text());
+    EXPECT_TRUE(read.settings.merge_delimiters) << yes;
+    EXPECT_EQ(read.console[0], " consecutive delimiters will be considered as one");
+  }
+  for (const std::string_view no : {"n", "j", "J", "", " y", "1", "true"}) {
+    lines.consecutive = no;
+    const ReadSteerFile read = read_text(lines.text());
+    EXPECT_FALSE(read.settings.merge_delimiters) << no;
+    EXPECT_EQ(read.console[0], " consecutive delimiters indicate empty column");
+  }
+}
+
+// ---- date layout -----------------------------------------------------------------------------------------------
+
+struct DateFlags {
+  bool has_delimiters, year_first, day_first;
+  bool operator==(const DateFlags&) const = default;
+};
+
+DateFlags flags_of(std::string_view layout) {
+  SteerLines lines;
+  lines.date_layout = layout;
+  const SteerSettings settings = settings_of(lines);
+  return {settings.date_has_delimiters, settings.date_year_first, settings.date_day_first};
+}
+
+TEST(DateLayout, DayMonthYearWithoutDelimiters) {
+  EXPECT_EQ(flags_of("ddmmjjjj"), (DateFlags{false, false, true}));
+}
+
+TEST(DateLayout, YearMonthDayWithDelimiters) {
+  EXPECT_EQ(flags_of("jjjj-mm-dd"), (DateFlags{true, true, false}));
+}
+
+TEST(DateLayout, AllEightWays) {
+  EXPECT_EQ(flags_of("mmddyyyy"), (DateFlags{false, false, false}));
+  EXPECT_EQ(flags_of("ddmmyyyy"), (DateFlags{false, false, true}));
+  EXPECT_EQ(flags_of("yyyymmdd"), (DateFlags{false, true, false}));
+  EXPECT_EQ(flags_of("yyyyddmm"), (DateFlags{false, true, true}));
+  EXPECT_EQ(flags_of("mm/dd/yyyy"), (DateFlags{true, false, false}));
+  EXPECT_EQ(flags_of("dd-mm-jjjj"), (DateFlags{true, false, true}));
+  EXPECT_EQ(flags_of("yyyy.mm.dd"), (DateFlags{true, true, false}));
+  EXPECT_EQ(flags_of("jjjj dd mm"), (DateFlags{true, true, true}));
+}
+
+TEST(DateLayout, ShortForms) {
+  EXPECT_EQ(flags_of("d-m-j"), (DateFlags{true, false, true}));
+  EXPECT_EQ(flags_of("y-m-d"), (DateFlags{true, true, false}));
+}
+
+TEST(DateLayout, YearInTheMiddleStandsBeforeOrBehindTheMonth) {
+  EXPECT_EQ(flags_of("dd-jjjj-mm"), (DateFlags{true, true, true}));
+  EXPECT_EQ(flags_of("mm-jjjj-dd"), (DateFlags{true, false, false}));
+}
+
+TEST(DateLayout, AbsentLetterStandsBeforeAll) {
+  EXPECT_EQ(flags_of("jjjj"), (DateFlags{false, false, false}));   // no month either: 0 is not less than 0
+  EXPECT_EQ(flags_of("mmjjjj"), (DateFlags{false, false, true}));  // no day
+  EXPECT_EQ(flags_of("ddmm"), (DateFlags{false, true, true}));     // no year
+  EXPECT_EQ(flags_of("dd"), (DateFlags{false, false, false}));
+  EXPECT_EQ(flags_of(""), (DateFlags{false, false, false}));
+}
+
+TEST(DateLayout, CapitalsAreDelimiters) {
+  EXPECT_EQ(flags_of("DD-MM-JJJJ"), (DateFlags{true, false, false}));
+  EXPECT_EQ(flags_of("ddmmJJJJ"), (DateFlags{true, true, true}));
+}
+
+TEST(DateLayout, TrailingBlanksAreNoDelimitersButOthersAre) {
+  EXPECT_EQ(flags_of("ddmmjjjj  "), (DateFlags{false, false, true}));
+  EXPECT_EQ(flags_of(" ddmmjjjj"), (DateFlags{true, false, true}));
+}
+
+TEST(DateLayout, OnlyTenCharactersCount) {
+  EXPECT_EQ(flags_of("ddmmjjjjjj-"), (DateFlags{false, false, true}));
+}
+
+// ---- species, male letter, language ----------------------------------------------------------------------------
+
+SteerSettings with_species(std::string_view species, std::string_view language) {
+  SteerLines lines;
+  lines.species = species;
+  lines.language = language;
+  return settings_of(lines);
+}
+
+TEST(SteerFileSpecies, EnglishWordInADutchRunKeepsItsEnglishNouns) {
+  const SteerSettings settings = with_species("dog", "nl");
+  EXPECT_EQ(settings.species_index, 9);
+  EXPECT_EQ(settings.nouns.males, "dog");
+  EXPECT_EQ(settings.nouns.females, "bitches");
+}
+
+TEST(SteerFileSpecies, DutchWordInAnEnglishRunPicksUpTheEnglishNouns) {
+  const SteerSettings settings = with_species("hond", "en");
+  EXPECT_EQ(settings.species_index, 9);
+  EXPECT_EQ(settings.nouns.male, "dog");
+  EXPECT_EQ(settings.nouns.females, "bitches");
+}
+
+TEST(SteerFileSpecies, DutchWordInADutchRun) {
+  const SteerSettings settings = with_species("hond", "nl");
+  EXPECT_EQ(settings.species_index, 1);
+  EXPECT_EQ(settings.nouns.males, "reuen");
+  EXPECT_EQ(settings.nouns.females, "teven");
+}
+
+TEST(SteerFileSpecies, WordInCapitalsGivesTheLastRow) {
+  EXPECT_EQ(with_species("HOND", "nl").species_index, 16);
+  EXPECT_EQ(with_species("Dog", "en").species_index, 16);
+}
+
+TEST(SteerFileSpecies, OverigInADutchRunHasTheMalePluralDogs) {
+  const SteerSettings settings = with_species("overig", "nl");
+  EXPECT_EQ(settings.species_index, 8);
+  EXPECT_EQ(settings.nouns.males, "dogs");
+  EXPECT_EQ(with_species("overig", "en").species_index, 16);
+}
+
+TEST(SteerFileSpecies, DogInAnyRunHasTheMalePluralDog) {
+  for (const std::string_view language : {"en", "nl"}) {
+    EXPECT_EQ(with_species("dog", language).nouns.males, "dog");
+    EXPECT_EQ(with_species("dog", language).nouns.females, "bitches");
+  }
+}
+
+TEST(SteerFileSpecies, UnknownWordInADutchRunGivesEnglishNouns) {
+  for (const std::string_view word : {"geit", ""}) {
+    const SteerSettings settings = with_species(word, "nl");
+    EXPECT_EQ(settings.species_index, 16);
+    EXPECT_EQ(settings.nouns.male, "father");
+    EXPECT_EQ(settings.nouns.female, "mother");
+    EXPECT_EQ(settings.nouns.young, "young");
+  }
+}
+
+TEST(MaleLetter, HasItsOtherCaseAsPartner) {
+  SteerLines lines;
+  lines.male_letter = "r";
+  EXPECT_EQ(settings_of(lines).male_letters, (std::array<char, 2>{'r', 'R'}));
+  lines.male_letter = "R";
+  EXPECT_EQ(settings_of(lines).male_letters, (std::array<char, 2>{'R', 'r'}));
+  lines.male_letter = "1";
+  EXPECT_EQ(settings_of(lines).male_letters, (std::array<char, 2>{'1', '1'}));
+  lines.male_letter = "";
+  EXPECT_EQ(settings_of(lines).male_letters, (std::array<char, 2>{' ', ' '}));
+}
+
+TEST(OtherCase, ChangesTheLettersAToZOnly) {
+  EXPECT_EQ(other_case('A'), 'a');
+  EXPECT_EQ(other_case('Z'), 'z');
+  EXPECT_EQ(other_case('a'), 'A');
+  EXPECT_EQ(other_case('z'), 'Z');
+  for (const char byte : {'@', '[', '`', '{', '0', ' ', '\xEB', '\xCB', '\0'}) EXPECT_EQ(other_case(byte), byte);
+}
+
+TEST(SteerFileLanguage, LooksAtTwoCharactersAndOneCapital) {
+  for (const std::string_view english : {"en", "En", "english", "English", "en "}) {
+    EXPECT_TRUE(with_species("hond", english).english) << english;
+  }
+  for (const std::string_view dutch : {"nl", "EN", "eN", "", "e", " en", "ned", "dutch", "ENGLISH"}) {
+    EXPECT_FALSE(with_species("hond", dutch).english) << dutch;
+  }
+}
+
+// ---- columns ---------------------------------------------------------------------------------------------------
+
+ReadSteerFile with_header_part(std::string_view header) {
+  SteerLines lines;
+  lines.header = header;
+  lines.subpopulations = "1\nNoord";
+  return read_text(lines.text());
+}
+
+/// The first codes as given, the others 0.
+ColumnMap codes(std::initializer_list<std::int32_t> first) {
+  ColumnMap map = {};
+  std::copy(first.begin(), first.end(), map.begin());
+  return map;
+}
+
+TEST(ColumnList, HeaderLeavesAllCodesZero) {
+  for (const std::string_view yes : {"y", "Y", "yes"}) {
+    const ReadSteerFile read = with_header_part(yes);
+    EXPECT_EQ(read.settings.column_codes, ColumnMap{}) << yes;
+    EXPECT_EQ(read.settings.subpopulation_names.at(0), "Noord") << yes;
+  }
+}
+
+TEST(ColumnList, AnythingButYesMeansFourMoreLines) {
+  for (const std::string_view no : {"n", "N", "j", "", " y"}) {
+    const ReadSteerFile read = with_header_part(std::string(no) + "\ncomment\n5\ncomment\n5 1 2 3 7 8");
+    EXPECT_EQ(read.settings.column_codes, codes({1, 2, 3, 7, 8})) << no;
+    EXPECT_EQ(read.settings.subpopulation_names.at(0), "Noord") << no;
+  }
+}
+
+TEST(ColumnList, CommentsAreSkippedWhateverTheySay) {
+  const ReadSteerFile read = with_header_part("n\n99\n5\n7 7 7 7 7 7 7 7\n5 1 2 3 7 8");
+  EXPECT_EQ(read.console[1], number(5) + "  columns in data file");
+  EXPECT_EQ(read.settings.column_codes, codes({1, 2, 3, 7, 8}));
+}
+
+TEST(ColumnList, NumbersAreSeparatedByBlanksCommasOrBoth) {
+  EXPECT_EQ(with_header_part("n\n\n5\n\n5,1,2,3,7,8").settings.column_codes, codes({1, 2, 3, 7, 8}));
+  EXPECT_EQ(with_header_part("n\n\n5\n\n  5 ,  1,2   3 , 7,8  ").settings.column_codes, codes({1, 2, 3, 7, 8}));
+}
+
+TEST(ColumnList, CountOfTheListItselfDecides) {
+  const ReadSteerFile read = with_header_part("n\n\n9\n\n3 1 2 3 7 8");
+  EXPECT_EQ(read.console[1], number(9) + "  columns in data file");
+  EXPECT_EQ(read.console[2], number(1) + number(2) + number(3));
+  EXPECT_EQ(read.settings.column_codes, codes({1, 2, 3}));
+}
+
+TEST(ColumnList, MissingCodesStayZero) {
+  const ReadSteerFile read = with_header_part("n\n\n5\n\n5 1 2");
+  EXPECT_EQ(read.console[2], number(1) + number(2) + number(0) + number(0) + number(0));
+  EXPECT_EQ(read.settings.column_codes, codes({1, 2}));
+}
+
+TEST(ColumnList, At25TheListIsFull) {
+  std::string list = "30";
+  ColumnMap expected = {};
+  for (std::int32_t code = 1; code <= 30; ++code) {
+    list += " " + std::to_string(code);
+    if (code <= 25) expected[static_cast<std::size_t>(code) - 1] = code;
+  }
+  const ReadSteerFile read = with_header_part("n\n\n30\n\n" + list);
+  EXPECT_EQ(read.settings.column_codes, expected);
+  EXPECT_EQ(read.console[1], number(30) + "  columns in data file");
+  EXPECT_EQ(read.console[5], number(19) + number(20) + number(21) + number(22) + number(23) + number(24));
+  EXPECT_EQ(read.console[6], number(25));
+  EXPECT_EQ(read.console[7], " number of subpopulations           1");
+}
+
+TEST(ColumnList, WithoutACountIsEmpty) {
+  for (const std::string_view list : {"", "none", "-3 1 2 3", "x 1 2"}) {
+    const ReadSteerFile read = with_header_part("n\n\n5\n\n" + std::string(list));
+    EXPECT_EQ(read.settings.column_codes, ColumnMap{}) << list;
+    EXPECT_EQ(read.console[2], "") << list;
+    EXPECT_EQ(read.settings.subpopulation_names.at(0), "Noord") << list;
+  }
+}
+
+TEST(ColumnList, CodesMayHaveASign) {
+  EXPECT_EQ(with_header_part("n\n\n3\n\n+3 +1 -2 99").settings.column_codes, codes({1, -2, 99}));
+}
+
+TEST(ColumnList, EndsAtAWord) {
+  EXPECT_EQ(with_header_part("n\n\n3\n\n3 1 x 2").settings.column_codes, codes({1}));
+}
+
+// ---- counts and lists ------------------------------------------------------------------------------------------
+
+TEST(CountLine, TakesTheNumberAtItsStart) {
+  SteerLines lines;
+  for (const std::string_view two : {"2", "  2", "+2", "2 subpopulations", "2,5", "2.7", "002", "2x"}) {
+    lines.subpopulations = std::string(two) + "\nNoord\nZuid";
+    const SteerSettings settings = settings_of(lines);
+    EXPECT_EQ(settings.subpopulation_count, 2) << two;
+    ASSERT_EQ(settings.subpopulation_names.size(), 2U) << two;
+    EXPECT_EQ(settings.subpopulation_names[1], "Zuid") << two;
+  }
+}
+
+TEST(CountLine, WithoutANumberOrNegativeIsZero) {
+  SteerLines lines;
+  for (const std::string_view none : {"", "none", "-2", "x2", "+", "-", "\t2", "- 2"}) {
+    lines.subpopulations = none;
+    lines.colours = none;
+    const ReadSteerFile read = read_text(lines.text());
+    EXPECT_EQ(read.settings.subpopulation_count, 0) << none;
+    EXPECT_TRUE(read.settings.subpopulation_names.empty()) << none;
+    EXPECT_EQ(read.settings.colour_count, 2) << none;
+    EXPECT_TRUE(has_line(read.console, " number of subpopulations           0")) << none;
+    EXPECT_TRUE(has_line(read.console, " number of colours           0")) << none;
+  }
+}
+
+TEST(CountLine, WithoutANumberTakesTheNextLineAsTheNextCount) {
+  SteerLines lines;
+  lines.subpopulations = "none";
+  lines.colours = "1\nzwart";
+  const SteerSettings settings = settings_of(lines);
+  EXPECT_EQ(settings.colour_count, 3);
+  EXPECT_EQ(settings.colour_names.at(0), "zwart");
+}
+
+TEST(SteerFileLists, NoSubpopulationReadsNoNameLine) {
+  const ReadSteerFile read = read_text(SteerLines{}.text());
+  EXPECT_EQ(read.settings.subpopulation_count, 0);
+  EXPECT_TRUE(read.settings.subpopulation_names.empty());
+  const auto heading = std::find(read.console.begin(), read.console.end(), " subpopulations allowed");
+  ASSERT_NE(heading, read.console.end());
+  EXPECT_EQ(*(heading + 1), " colour/variety codes allowed ");
+}
+
+TEST(SteerFileLists, NoColourLeavesTheTwoFixedRows) {
+  const SteerSettings settings = settings_of(SteerLines{});
+  EXPECT_EQ(settings.colour_count, 2);
+  ASSERT_EQ(settings.colour_names.size(), 2U);
+  EXPECT_EQ(settings.colour_names[0].full(), filled("Onbekend", 40));
+  EXPECT_EQ(settings.colour_names[1].full(), filled("niet erkend", 40));
+}
+
+TEST(SteerFileLists, TwoRowsFollowTheColoursInEitherLanguage) {
+  SteerLines lines;
+  lines.colours = "2\nzwart\nwit";
+  for (const std::string_view language : {"en", "nl"}) {
+    lines.language = language;
+    const SteerSettings settings = settings_of(lines);
+    EXPECT_EQ(settings.colour_count, 4);
+    ASSERT_EQ(settings.colour_names.size(), 4U);
+    EXPECT_EQ(settings.colour_names[0], "zwart");
+    EXPECT_EQ(settings.colour_names[1], "wit");
+    EXPECT_EQ(settings.colour_names[2], "Onbekend");
+    EXPECT_EQ(settings.colour_names[3], "niet erkend");
+  }
+}
+
+TEST(SteerFileLists, MissingNamesAreBlank) {
+  SteerLines lines;
+  lines.subpopulations = "1\nNoord";
+  lines.colours = "3\nzwart";
+  const SteerSettings settings = settings_of(lines);
+  EXPECT_EQ(settings.colour_count, 5);
+  ASSERT_EQ(settings.colour_names.size(), 5U);
+  EXPECT_EQ(settings.colour_names[0], "zwart");
+  EXPECT_TRUE(settings.colour_names[1].is_blank());
+  EXPECT_TRUE(settings.colour_names[2].is_blank());
+  EXPECT_EQ(settings.colour_names[3], "Onbekend");
+}
+
+TEST(SteerFileLists, LongestListsAreTaken) {
+  SteerLines lines;
+  lines.subpopulations = "5000";
+  const SteerSettings settings = settings_of(lines);
+  EXPECT_EQ(settings.subpopulation_count, 5000);
+  EXPECT_EQ(settings.subpopulation_names.size(), 5000U);
+  lines.subpopulations = "0";
+  lines.colours = "100000";
+  EXPECT_EQ(settings_of(lines).colour_count, 100002);
+}
+
+TEST(SteerFileLists, ListTooLongForAnyReportStopsTheRun) {
+  SteerLines lines;
+  lines.subpopulations = "5001";
+  ReadSteerFile read = read_text(lines.text());
+  EXPECT_TRUE(read.has_stopped);
+  EXPECT_EQ(
+      read.messages,
+      "pedigreewatch.ini, line 10, column 1: \"5001\": the number of subpopulations was expected, at most 5000\n");
+  lines.subpopulations = "0";
+  lines.colours = "99999999999999999999 colours";
+  read = read_text(lines.text());
+  EXPECT_TRUE(read.has_stopped);
+  EXPECT_EQ(read.messages,
+            "pedigreewatch.ini, line 11, column 1: \"99999999999999999999 colours\": "
+            "the number of colours was expected, at most 100000\n");
+}
+
+// ---- the report's name -----------------------------------------------------------------------------------------
+
+std::string report_name(std::string_view data_file_name) {
+  return std::string(derive_report_file_name(FixedText<30>(data_file_name)).full());
+}
+
+TEST(ReportName, HasOutInPlaceOfTheLastThreeCharacters) {
+  EXPECT_EQ(report_name("dogs.txt"), filled("dogs.out", 30));
+  EXPECT_EQ(report_name("dogs.csv"), filled("dogs.out", 30));
+  EXPECT_EQ(report_name("herd book.dat"), filled("herd book.out", 30));
+}
+
+TEST(ReportName, LosesThreeCharactersAlsoWithoutAnExtension) {
+  EXPECT_EQ(report_name("pedigree"), filled("pedigout", 30));
+  EXPECT_EQ(report_name("dogs.data"), filled("dogs.dout", 30));
+  EXPECT_EQ(report_name("dogs.gz"), filled("dogsout", 30));
+}
+
+TEST(ReportName, OfAShortNameIsOut) {
+  EXPECT_EQ(report_name("abc"), filled("out", 30));
+  EXPECT_EQ(report_name("ab"), filled("out", 30));
+  EXPECT_EQ(report_name("a"), filled("out", 30));
+  EXPECT_EQ(report_name(""), filled("out", 30));
+  EXPECT_EQ(report_name("abcd"), filled("aout", 30));
+}
+
+TEST(ReportName, OfThirtyCharacters) {
+  const std::string stem(26, 'd');
+  EXPECT_EQ(report_name(stem + ".txt"), stem + ".out");
+}
+
+TEST(ReportName, LosesLeadingBlanks) {
+  EXPECT_EQ(report_name("  dogs.txt"), filled("dogs.out", 30));
+  EXPECT_EQ(report_name("   abc"), filled("out", 30));
+}
+
+TEST(ReportName, FollowsTheDataFileOfTheSteerFile) {
+  SteerLines lines;
+  lines.data_file_name = "herd/cows.csv";
+  const ReadSteerFile read = read_text(lines.text());
+  EXPECT_EQ(read.settings.report_file_name.full(), filled("herd/cows.out", 30));
+  EXPECT_TRUE(has_line(read.console, " and written to " + filled("herd/cows.out", 30)));
+}
+
+// ---- line ends, and a file that ends early ---------------------------------------------------------------------
+
+TEST(SteerFileLines, CarriageReturnsAreNoText) {
+  SteerLines lines;
+  lines.subpopulations = "1\nNoord";
+  const ReadSteerFile with = read_text(lines.text("\r\n"));
+  const ReadSteerFile without = read_text(lines.text("\n"));
+  EXPECT_EQ(with.console, without.console);
+  EXPECT_EQ(with.settings.population_name.full(), filled("Drentse Patrijshond", 40));
+  EXPECT_EQ(with.settings.date_layout.full(), "dd-mm-jjjj");
+}
+
+TEST(SteerFileLines, EmptyDelimiterLineWithACarriageReturnIsABlank) {
+  SteerLines lines;
+  lines.delimiter = "";
+  EXPECT_EQ(read_text(lines.text("\r\n")).settings.delimiter, ' ');
+}
+
+TEST(SteerFileLines, ByteOrderMarkIsSkipped) {
+  EXPECT_EQ(read_text("\xEF\xBB\xBF" + SteerLines{}.text()).settings.population_name, "Drentse Patrijshond");
+}
+
+TEST(SteerFileLines, LastLineNeedsNoEnd) {
+  SteerLines lines;
+  lines.colours = "1\nzwart";
+  std::string text = lines.text();
+  text.pop_back();
+  EXPECT_EQ(read_text(text).settings.colour_names.at(0), "zwart");
+}
+
+TEST(SteerFileLines, WhatFollowsTheColoursIsNotRead) {
+  EXPECT_EQ(read_text(SteerLines{}.text() + "more\nlines\n").console, read_text(SteerLines{}.text()).console);
+}
+
+TEST(SteerFileEndsEarly, EmptyFileLeavesBlanksAndZeros) {
+  const ReadSteerFile read = read_text("");
+  EXPECT_FALSE(read.has_stopped);
+  EXPECT_TRUE(read.settings.population_name.is_blank());
+  EXPECT_TRUE(read.settings.data_file_name.is_blank());
+  EXPECT_EQ(read.settings.report_file_name.full(), filled("out", 30));
+  EXPECT_EQ(read.settings.delimiter, ' ');
+  EXPECT_FALSE(read.settings.english);
+  EXPECT_EQ(read.settings.species_index, 16);
+  EXPECT_EQ(read.settings.male_letters, (std::array<char, 2>{' ', ' '}));
+  EXPECT_EQ(read.settings.column_codes, ColumnMap{});
+  EXPECT_EQ(read.settings.subpopulation_count, 0);
+  EXPECT_EQ(read.settings.colour_count, 2);
+  const Lines expected = {
+      " consecutive delimiters indicate empty column",
+      number(0) + "  kolommen in datafile",
+      "",
+      " number of subpopulations           0",
+      " number of colours           0",
+      " Kleuren te analyseren",
+      " " + filled("Onbekend", 40),
+      " " + filled("niet erkend", 40),
+      " Gegevens voor " + filled("", 40) + " worden gelezen uit ",
+      " " + filled("", 30),
+      " en weggeschreven naar " + filled("out", 30),
+      " toegestane subpopulaties ",
+      " toegestane kleurcodes ",
+      " " + filled("Onbekend", 40),
+      " " + filled("niet erkend", 40),
+  };
+  EXPECT_EQ(read.console, expected);
+}
+
+TEST(SteerFileEndsEarly, AfterAnyLineKeepsWhatWasRead) {
+  SteerLines lines;
+  lines.subpopulations = "2\nNoord\nZuid";
+  lines.colours = "1\nzwart";
+  const std::string text = lines.text();
+  for (std::size_t end = text.find('\n'); end != std::string::npos; end = text.find('\n', end + 1)) {
+    const ReadSteerFile read = read_text(std::string_view(text).substr(0, end + 1));
+    EXPECT_FALSE(read.has_stopped) << end;
+    EXPECT_EQ(read.settings.population_name, "Drentse Patrijshond") << end;
+    EXPECT_EQ(read.settings.colour_names.size(), static_cast<std::size_t>(read.settings.colour_count)) << end;
+    EXPECT_EQ(read.console.back(), " " + filled("niet erkend", 40)) << end;
+  }
+}
+
+TEST(SteerFileEndsEarly, WithinTheSubpopulationsLeavesBlankNames) {
+  SteerLines lines;
+  lines.subpopulations = "3\nNoord";
+  const std::string text = lines.text();
+  const ReadSteerFile read = read_text(text.substr(0, text.size() - 2));  // no line for the colours
+  ASSERT_EQ(read.settings.subpopulation_names.size(), 3U);
+  EXPECT_EQ(read.settings.subpopulation_names[0], "Noord");
+  EXPECT_TRUE(read.settings.subpopulation_names[1].is_blank());
+  EXPECT_TRUE(read.settings.subpopulation_names[2].is_blank());
+  EXPECT_EQ(read.settings.colour_count, 2);
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test

@@ -1,0 +1,54 @@
+#include "support/pedigree_runs.h"
+
+#include "core/line_reader.h"
+#include "pedigree/parent_linkage.h"
+#include "pedigree/record_reading.h"
+#include "statistics/missing_parents.h"
+#include "support/streams.h"
+
+namespace pedigreewatch::test {
+
+std::string number(std::int64_t value) {
+  std::string digits = std::to_string(value);
+  return digits.insert(0, 12 - digits.size(), ' ');
+}
+
+std::string padded(std::string_view text, std::size_t width) {
+  std::string result(text);
+  result.resize(width, ' ');
+  return result;
+}
+
+std::string joined(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text.append(line).append("\n");
+  return text;
+}
+
+SteerSettings settings_in(bool english) {
+  SteerSettings settings;
+  settings.delimiter = ';';
+  settings.date_layout.assign("dd-mm-jjjj");
+  settings.date_has_delimiters = settings.date_day_first = true;
+  settings.male_letters = {'m', 'M'};
+  settings.english = english;
+  return settings;
+}
+
+ReadRun read_text(std::string_view data, const SteerSettings& settings) {
+  ReadRun run;
+  LineReader reader;
+  reader.name = "dogs.txt";
+  reader.text = data;
+  allocate_records(run.store, static_cast<std::int32_t>(lines_of(data).size()) - 1);
+  run.has_stopped = stops([&] { read_data_file(reader, settings, run.store, run.streams); });
+  return run;
+}
+
+void link_and_sort(PopulationStore& store, bool english, RunStreams& streams) {
+  TextOutput missing_parents;
+  const auto index = append_missing_parents(store, missing_parents);
+  link_parents(store, index, english, streams);
+}
+
+}  // namespace pedigreewatch::test

@@ -1,0 +1,113 @@
+// A report kept in memory, with the nouns of cattle, and the lines from which expected reports are put together.
+// The nouns differ in all six forms, so that a singular in place of a plural shows.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "core/year_table.h"
+#include "reports/report_lines.h"
+#include "support/streams.h"
+
+namespace pedigreewatch::test {
+
+inline SpeciesNouns cattle_nouns(bool english) {
+  if (english) {
+    return {SpeciesWord("bull"),  SpeciesWord("cow"),  SpeciesWord("calf"),
+            SpeciesWord("bulls"), SpeciesWord("cows"), SpeciesWord("calves")};
+  }
+  return {SpeciesWord("stier"),   SpeciesWord("koe"),    SpeciesWord("kalf"),
+          SpeciesWord("stieren"), SpeciesWord("koeien"), SpeciesWord("kalveren")};
+}
+
+/// The years from `first` on, `count` of them.
+inline BirthYears years_from(std::int32_t first, std::int32_t count) {
+  return {.first = first, .last = first + count - 1, .count = count};
+}
+
+/// The years of a population without animals.
+inline BirthYears no_years() {
+  return {};
+}
+
+/// What a table writer prints into.
+struct ReportSheet {
+  TextOutput output;
+  BirthYears years;
+  SpeciesNouns nouns;
+  bool english;
+
+  ReportSheet(const BirthYears& birth_years, bool is_english)
+      : years(birth_years), nouns(cattle_nouns(is_english)), english(is_english) {}
+  ReportFrame frame() { return {output, years, nouns, english}; }
+  std::vector<std::string> lines() const { return lines_of(output); }
+};
+
+inline ReportSheet english_sheet(const BirthYears& years) {
+  return {years, true};
+}
+inline ReportSheet dutch_sheet(const BirthYears& years) {
+  return {years, false};
+}
+
+/// A table from its rows; a row without cells takes no memory, like a year without animals.
+template <typename Cell>
+YearTable<Cell> table_of(std::int64_t columns, std::initializer_list<std::vector<Cell>> rows) {
+  YearTable<Cell> table(static_cast<std::int64_t>(rows.size()), columns);
+  std::int64_t row = 0;
+  for (const std::vector<Cell>& cells : rows) {
+    ++row;
+    for (std::size_t i = 0; i < cells.size(); ++i) table.at(row, static_cast<std::int64_t>(i) + 1) = cells[i];
+  }
+  return table;
+}
+
+// ---- expected lines --------------------------------------------------------------------------------------------
+
+/// A free-form line of blanks: one more than its text.
+inline std::string blank(std::size_t blanks = 11) {
+  return std::string(blanks + 1, ' ');
+}
+/// A free-form rule: a blank and the underscores.
+inline std::string rule(std::size_t length) {
+  return " " + std::string(length, '_');
+}
+inline std::string pluses() {
+  return std::string(86, '+');
+}
+/// `text` and blanks up to `width` columns.
+inline std::string padded(std::string text, std::size_t width) {
+  text.resize(width, ' ');
+  return text;
+}
+
+/// Compares line by line, so that a difference names its line; then all bytes.
+inline void expect_lines(const TextOutput& output, const std::vector<std::string>& expected) {
+  const std::vector<std::string> printed = lines_of(output);
+  for (std::size_t i = 0; i < std::min(printed.size(), expected.size()); ++i) {
+    EXPECT_EQ(printed[i], expected[i]) << "line " << i + 1;
+  }
+  EXPECT_EQ(printed.size(), expected.size());
+  std::string bytes;
+  for (const std::string& line : expected) bytes += line + "\n";
+  EXPECT_TRUE(output.pending == bytes) << "the bytes differ";
+}
+
+/// Position of the first line that holds `text`, counted from 0; the number of lines when there is none.
+inline std::size_t line_with(const std::vector<std::string>& lines, const std::string& text) {
+  const auto found = std::find_if(lines.begin(), lines.end(),
+                                  [&](const std::string& line) { return line.find(text) != std::string::npos; });
+  return static_cast<std::size_t>(found - lines.begin());
+}
+
+inline bool has_line(const std::vector<std::string>& lines, const std::string& line) {
+  return std::find(lines.begin(), lines.end(), line) != lines.end();
+}
+
+}  // namespace pedigreewatch::test
