@@ -78,7 +78,7 @@ void append_asterisks(TextOutput& output, std::size_t width) {
 
 void append_integer(TextOutput& output, std::int64_t value, std::size_t width, std::size_t least_digits) {
   std::array<char, 24> buffer{};
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
+  const char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
   std::string_view digits(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
   const std::string_view sign = value < 0 ? digits.substr(0, 1) : std::string_view();
   digits.remove_prefix(sign.size());

@@ -43,7 +43,7 @@ struct LineItem {
   LineItem(const FixedText<Width>& value) : kind(Kind::text), text(value.full()) {}
   LineItem(std::int32_t value) : kind(Kind::integer), integer(value) {}
   LineItem(std::int64_t value) : kind(Kind::integer), integer(value) {}
-  LineItem(UndefinedInteger) : kind(Kind::undefined_integer) {}
+  LineItem(UndefinedInteger /*value*/) : kind(Kind::undefined_integer) {}
   LineItem(float value) : kind(Kind::real), real(static_cast<double>(value)) {}
 };
 

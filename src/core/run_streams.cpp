@@ -9,7 +9,7 @@ namespace {
 
 void append_number(TextOutput& output, std::int64_t value) {
   std::array<char, 24> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+  const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
   append(output, {digits.data(), static_cast<std::size_t>(end - digits.data())});
 }
 

@@ -31,7 +31,7 @@ struct TextIndex {
     std::uint32_t hash = 0;
     std::int32_t place = 0;  ///< counted from 1; 0: free
   };
-  std::vector<Slot> slots;  ///< a power of two, at most two thirds in use
+  std::vector<Slot> slots;  ///< a power of two, about two thirds in use at most
   std::size_t used = 0;
 };
 

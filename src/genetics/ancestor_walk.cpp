@@ -24,8 +24,9 @@ void put_on_list(AncestorWalk& walk, std::int32_t number) {
   walk.waiting_words[word / word_bits] |= std::uint64_t{1} << (word % word_bits);
 }
 
+/// The place of the highest bit that is set; `bits` is not 0.
 std::size_t highest_bit(std::uint64_t bits) {
-  return word_bits - 1 - static_cast<std::size_t>(std::countl_zero(bits));
+  return word_bits - 1 - (static_cast<std::size_t>(std::countl_zero(bits)) & (word_bits - 1));
 }
 
 void add_to_lane(Lanes& lanes, std::size_t lane, float value) {

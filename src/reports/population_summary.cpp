@@ -104,6 +104,7 @@ std::vector<float> age_fractions(const YearTable<std::int32_t>& classes, const S
     total += counts.back();
   }
   std::vector<float> fractions;
+  fractions.reserve(counts.size());
   for (const std::int64_t count : counts) fractions.push_back(static_cast<float>(count) / static_cast<float>(total));
   return fractions;
 }

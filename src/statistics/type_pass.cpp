@@ -39,6 +39,7 @@ void fill_tables(const PopulationStore& store, const SteerSettings& settings, co
   const std::vector<BreederName> slots = top_breeder_slots(breeders);
   const std::vector<std::string_view> slot_texts = [&] {
     std::vector<std::string_view> texts;
+    texts.reserve(slots.size());
     for (const BreederName& slot : slots) texts.push_back(slot.full());
     return texts;
   }();

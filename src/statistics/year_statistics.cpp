@@ -186,8 +186,8 @@ void breeder_statistics(const PopulationStore& store, YearAnimals animals, Row r
     const AnimalRecord& animal = store.at(position);
     const std::int32_t parent = is_true(animal.is_native_parent) ? 1 : 0;
     for (const std::int32_t t : find_columns(breeders, animal.breeder.full())) {
-      ++top_breeders.at(row, 2 * t - 1);
-      top_breeders.at(row, 2 * t) += parent;
+      ++top_breeders.at(row, 2 * std::int64_t{t} - 1);
+      top_breeders.at(row, 2 * std::int64_t{t}) += parent;
       ++listed;
       listed_parents += parent;
     }

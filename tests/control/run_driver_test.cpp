@@ -364,7 +364,7 @@ TEST(BirthYearRange, BeginsWithTheSmallestYearOtherThanZero) {
   EXPECT_EQ(lines_starting(run, " year "), expected);
 }
 
-TEST(BirthYearRange, AMillionYearsAreTakenForAMistypedDate) {
+TEST(BirthYearRange, TooManyYearsAreTakenForAMistypedDate) {
   const WholeRun run = run_on(header_line + std::string("a1;0;0;m;01-01-1999\na2;0;0;f;01-01-1001999\n"));
   EXPECT_EQ(run.exit_status, 1);
   EXPECT_TRUE(has_line(run, " all records read"));

@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <string>
 
+#include "support/streams.h"
+
 namespace pedigreewatch::test {
 namespace {
 
@@ -150,6 +152,27 @@ TEST(FailedOutput, ShowsAtClosingAtTheLatest) {
   append(output, "rex\n");
   EXPECT_EQ(output.error, 0);
   close(output);
+  EXPECT_EQ(output.error, ENOSPC);
+}
+
+TEST(FailedOutput, StopsTheRunWhenTheStreamIsEssential) {
+  TextOutput output;
+  output.file = full_device();
+  if (output.file == nullptr) GTEST_SKIP() << "no device here that is always full";
+  output.is_essential = true;
+  append(output, "rex\n");
+  EXPECT_TRUE(stops([&] { flush(output); }));
+  EXPECT_EQ(output.error, ENOSPC);
+  close(output);
+}
+
+TEST(FailedOutput, AtClosingLeavesItToTheCaller) {
+  TextOutput output;
+  output.file = full_device();
+  if (output.file == nullptr) GTEST_SKIP() << "no device here that is always full";
+  output.is_essential = true;
+  append(output, "rex\n");
+  EXPECT_FALSE(stops([&] { close(output); }));
   EXPECT_EQ(output.error, ENOSPC);
 }
 

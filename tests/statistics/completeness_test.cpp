@@ -1,0 +1,113 @@
+#include "statistics/completeness.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "statistics/monitor_pass.h"
+#include "support/numbered_store.h"
+
+namespace pedigreewatch::test {
+namespace {
+
+using Reals = std::vector<float>;
+
+/// The store with the values of its records; the one place where these tests call the operation.
+PopulationStore determined(std::string_view numbered) {
+  PopulationStore store = numbered_store(numbered);
+  determine_completeness(store);
+  return store;
+}
+
+Reals equivalents_of(const PopulationStore& store) {
+  Reals all;
+  for (const AnimalRecord& animal : store.animals) all.push_back(animal.generation_equivalents);
+  return all;
+}
+
+std::vector<std::int32_t> complete_of(const PopulationStore& store) {
+  std::vector<std::int32_t> all;
+  for (const AnimalRecord& animal : store.animals) all.push_back(animal.complete_generations);
+  return all;
+}
+
+MonitorTables tables_of(const PopulationStore& store) {
+  MonitorTables tables = make_monitor_tables(store.birth_years, {}, 1, 0);
+  summarise_completeness(store, group_by_year(store), tables);
+  return tables;
+}
+
+TEST(Completeness, FoundersHaveNone) {
+  const PopulationStore store = determined("m\n.\n");
+  EXPECT_EQ(equivalents_of(store), (Reals{0, 0}));
+  EXPECT_EQ(complete_of(store), (std::vector<std::int32_t>{0, 0}));
+}
+
+TEST(Completeness, TwoKnownParentsAreOneGeneration) {
+  const PopulationStore store = determined("m\n.\ns=1 d=2\n");
+  EXPECT_EQ(equivalents_of(store)[2], 1.0F);
+  EXPECT_EQ(complete_of(store)[2], 1);
+}
+
+TEST(Completeness, OneKnownParentIsHalfAGenerationAndNoneComplete) {
+  const PopulationStore store = determined("m\n.\ns=1\nd=2\n");
+  EXPECT_EQ(equivalents_of(store), (Reals{0, 0, 0.5F, 0.5F}));
+  EXPECT_EQ(complete_of(store), (std::vector<std::int32_t>{0, 0, 0, 0}));
+}
+
+TEST(Completeness, AncestorsCountByGenerationAndTheSmallerParentDecides) {
+  // 3 from founders (1.0, 1 complete); 4 from 3 and founder 2: 0.5 + 0.5 + 0.5 = 1.5, 1 complete; 5 from 3 and 4:
+  // 1.0 + 0.5 + 0.75 = 2.25, 2 complete; 6 has father 5 only: 0.5 * 2.25 + 0.5; 7 from 5 and 6: the mother has no
+  // complete generation.
+  const PopulationStore store = determined("m\n.\ns=1 d=2 m\ns=3 d=2\ns=3 d=4 m\ns=5\ns=5 d=6\n");
+  EXPECT_EQ(equivalents_of(store), (Reals{0, 0, 1.0F, 1.5F, 2.25F, 1.625F, 0.5F * 2.25F + 0.5F + 0.5F + 0.8125F}));
+  EXPECT_EQ(complete_of(store), (std::vector<std::int32_t>{0, 0, 1, 1, 2, 0, 1}));
+}
+
+TEST(Completeness, OldValuesAreCleared) {
+  PopulationStore store = numbered_store("m\n.\ns=1 d=2\n");
+  for (AnimalRecord& animal : store.animals) {
+    animal.generation_equivalents = 7.0F;
+    animal.complete_generations = 7;
+  }
+  determine_completeness(store);
+  EXPECT_EQ(equivalents_of(store), (Reals{0, 0, 1.0F}));
+  EXPECT_EQ(complete_of(store), (std::vector<std::int32_t>{0, 0, 1}));
+}
+
+TEST(CompletenessOfYear, MeansAndShares) {
+  // 2001: equivalents 1, 1 and 0.5 and one founder; complete 1, 1, 0, 0.
+  const MonitorTables tables =
+      tables_of(determined("2000 m\n2000\n2001 s=1 d=2\n2001 s=1 d=2\n2001 s=1\n2001\n2003\n"));
+  EXPECT_EQ(row_of(tables.equivalent_generations, 1), Reals{0});
+  EXPECT_EQ(row_of(tables.equivalent_generations, 2), Reals{0.625F});
+  EXPECT_EQ(row_of(tables.complete_generation_shares, 1), Reals(5, 0.0F));
+  EXPECT_EQ(row_of(tables.complete_generation_shares, 2), (Reals{0.5F, 0, 0, 0, 0}));
+}
+
+TEST(CompletenessOfYear, AYearWithoutAnimalsIsZero) {
+  const MonitorTables tables = tables_of(determined("2000 m\n2000\n2002 s=1 d=2\n"));
+  EXPECT_EQ(row_of(tables.equivalent_generations, 2), Reals{0});
+  EXPECT_EQ(row_of(tables.complete_generation_shares, 2), Reals(5, 0.0F));
+  EXPECT_EQ(row_of(tables.complete_generation_shares, 3), (Reals{1.0F, 0, 0, 0, 0}));
+}
+
+TEST(CompletenessOfYear, FiveAndMoreGenerationsShareTheLastColumn) {
+  // Selfed lines: animal k + 1 is the child of k on both sides and has k complete generations.
+  const MonitorTables tables =
+      tables_of(determined("1999\n2000 s=1 d=1\n2000 s=2 d=2\n2000 s=3 d=3\n2000 s=4 d=4\n2000 s=5 d=5\n2000 s=6 "
+                           "d=6\n2000 s=7 d=7\n2000\n"));
+  // Complete 1, 2, 3, 4, 5, 6, 7 and 0 among eight animals; equivalents are the same numbers.
+  EXPECT_EQ(row_of(tables.complete_generation_shares, 2), (Reals{0.125F, 0.125F, 0.125F, 0.125F, 0.375F}));
+  EXPECT_EQ(row_of(tables.equivalent_generations, 2), Reals{28.0F / 8.0F});
+}
+
+TEST(CompletenessOfYear, AnimalsWithoutBirthYearAreInNoRow) {
+  const MonitorTables tables = tables_of(determined("m\n.\n2000 s=1 d=2\ns=1 d=2\n"));
+  ASSERT_EQ(tables.equivalent_generations.row_count, 1);
+  EXPECT_EQ(row_of(tables.equivalent_generations, 1), Reals{1.0F});
+  EXPECT_EQ(row_of(tables.complete_generation_shares, 1), (Reals{1.0F, 0, 0, 0, 0}));
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test

@@ -1,0 +1,239 @@
+#include "statistics/parent_ages.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numeric>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "support/numbered_store.h"
+#include "support/streams.h"
+
+namespace pedigreewatch::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+using Positions = std::vector<std::int32_t>;
+
+/// A store with its ages; the one place where these tests determine them.
+struct Aged {
+  PopulationStore store;
+  OldestParents oldest;
+  Lines console;
+};
+
+Aged aged(PopulationStore store, bool english = true) {
+  TextOutput console;
+  const OldestParents oldest = determine_parent_ages(store, english, console);
+  return {std::move(store), oldest, lines_of(console)};
+}
+
+Aged aged(std::string_view numbered) {
+  return aged(numbered_store(numbered));
+}
+
+Positions everybody(const PopulationStore& store) {
+  Positions positions(store.animals.size());
+  std::iota(positions.begin(), positions.end(), 1);
+  return positions;
+}
+
+/// Ages of father 1 and mother 2 at the birth of animal 3.
+std::pair<std::int32_t, std::int32_t> ages_at(const std::string& father, const std::string& mother,
+                                              const std::string& child) {
+  const Aged run = aged(father + " m\n" + mother + "\n" + child + " s=1 d=2\n");
+  return {run.store.at(3).sire_age_days, run.store.at(3).dam_age_days};
+}
+
+using Ages = std::pair<std::int32_t, std::int32_t>;
+
+TEST(ParentAges, BornOnTheFirstOfMarchFatherOnTheLastOfFebruaryTheYearBefore) {
+  // 365 + (59 + 1) - (31 + 28).
+  EXPECT_EQ(ages_at("2000-2-28", "2000-1-1", "2001-3-1"), (Ages{366, 424}));
+}
+
+TEST(ParentAges, LeapYearsHaveNoExtraDay) {
+  EXPECT_EQ(ages_at("1996-1-1", "1996-12-31", "2000-1-1"), (Ages{1460, 1096}));
+  // The 29th of February counts like the 1st of March.
+  EXPECT_EQ(ages_at("2000-2-29", "2000-3-1", "2001-2-28"), (Ages{364, 364}));
+  EXPECT_EQ(ages_at("2000-2-28", "2000-2-28", "2000-2-29"), (Ages{1, 1}));
+}
+
+TEST(ParentAges, EachMonthBeginsAfterTheDaysOfThoseBefore) {
+  const std::int32_t days_before[] = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
+  for (int month = 1; month <= 12; ++month) {
+    EXPECT_EQ(ages_at("1999-1-1", "1999-1-1", "1999-" + std::to_string(month) + "-1").first, days_before[month - 1]);
+  }
+}
+
+TEST(ParentAges, AParentBornAfterItsOffspringGetsANegativeAge) {
+  EXPECT_EQ(ages_at("2001-1-1", "2000-1-3", "2000-1-1"), (Ages{-365, -2}));
+}
+
+TEST(ParentAges, AParentBornOneDayLaterLooksLikeAnUnknownAge) {
+  EXPECT_EQ(ages_at("2000-1-2", "2000-1-1", "2000-1-1"), (Ages{-1, 0}));
+}
+
+TEST(ParentAges, UnknownBirthYearOfTheAnimalLeavesBothUnknown) {
+  const Aged run = aged("2000 m\n2000\ns=1 d=2\n");
+  EXPECT_EQ(run.store.at(3).sire_age_days, -1);
+  EXPECT_EQ(run.store.at(3).dam_age_days, -1);
+}
+
+TEST(ParentAges, ABirthYearBeforeZeroCountsAsUnknownForTheAnimalNotForTheParent) {
+  const Aged run = aged("-2 m\n-1 s=1\n2 s=1\n");
+  EXPECT_EQ(run.store.at(2).sire_age_days, -1);
+  EXPECT_EQ(run.store.at(3).sire_age_days, 4 * 365);
+}
+
+TEST(ParentAges, AParentWithoutBirthYearOrNoParentAtAllLeavesTheAgeUnknown) {
+  const Aged run = aged("m\n2000\n2002 s=1 d=2\n2002\n");
+  EXPECT_EQ(run.store.at(3).sire_age_days, -1);
+  EXPECT_EQ(run.store.at(3).dam_age_days, 730);
+  EXPECT_EQ(run.store.at(4).sire_age_days, -1);
+  EXPECT_EQ(run.store.at(4).dam_age_days, -1);
+}
+
+TEST(OldestParents, AreTruncatedToWholeYears) {
+  // Fathers of 729 and 400 days, a mother of exactly 1095.
+  const Aged run = aged("2000-1-2 m\n1999-1-1\n2002-1-1 s=1 d=2\n2001-2-6 s=1\n");
+  EXPECT_EQ(run.store.at(3).sire_age_days, 729);
+  EXPECT_EQ(run.oldest.sire, 1);
+  EXPECT_EQ(run.oldest.dam, 3);
+  EXPECT_EQ(run.console, Lines{" oldest parents;            1           3"});
+}
+
+TEST(OldestParents, DutchLine) {
+  EXPECT_EQ(aged(numbered_store("2000 m\n2002 s=1\n"), false).console,
+            Lines{" oudste ouders;            2           0"});
+}
+
+TEST(OldestParents, WithoutAnyKnownAgeBothAreZero) {
+  EXPECT_EQ(aged("2000 m\n2000\n").console, Lines{" oldest parents;            0           0"});
+}
+
+TEST(OldestParents, AnEmptyStoreShowsTheSmallestIntegerDividedByTheDaysOfAYear) {
+  EXPECT_EQ(aged("").console, Lines{" oldest parents;     -5883516    -5883516"});
+}
+
+TEST(OldestParents, OfSomeAnimalsOnly) {
+  // 3: father 2 years; 4: father 5 years; 5: father younger by 400 days, 6: by 800 days: truncated towards zero.
+  PopulationStore store = numbered_store("2000 m\n2000\n2002\n2005\n2000\n2000\n");
+  const std::int32_t sire_ages[] = {-1, -1, 730, 1825, -400, -800};
+  for (std::int32_t position = 1; position <= 6; ++position) {
+    store.at(position).sire_age_days = sire_ages[position - 1];
+    store.at(position).dam_age_days = -1;
+  }
+  EXPECT_EQ(find_oldest_parents(store, Positions{3, 5}).sire, 2);
+  EXPECT_EQ(find_oldest_parents(store, everybody(store)).sire, 5);
+  EXPECT_EQ(find_oldest_parents(store, Positions{5}).sire, -1);
+  EXPECT_EQ(find_oldest_parents(store, Positions{6}).sire, -2);
+  EXPECT_EQ(find_oldest_parents(store, Positions{6}).dam, 0);
+}
+
+TEST(ParentAgesProgress, LinesAfterEachHundredAnimals) {
+  PopulationStore store = store_of_parents(std::vector<ParentPair>(201));
+  EXPECT_EQ(aged(store, true).console,
+            (Lines{" animal no.          100 age parents determined", " animal no.          200 age parents determined",
+                   " oldest parents;            0           0"}));
+  EXPECT_EQ(aged(store, false).console[0], " dier nr.          100 leeftijd ouders bepaald");
+}
+
+TEST(ParentAgesProgress, NoLineBehindTheLastAnimal) {
+  EXPECT_EQ(aged(store_of_parents(std::vector<ParentPair>(100))).console.size(), 1U);
+  EXPECT_EQ(aged(store_of_parents(std::vector<ParentPair>(101))).console.size(), 2U);
+}
+
+TEST(ParentAgesProgress, IntervalGrowsWithThePopulation) {
+  struct Case {
+    std::size_t animals;
+    std::int32_t interval;
+    std::size_t lines;
+  };
+  for (const auto& [animals, interval, lines] :
+       {Case{10000, 100, 99}, Case{10001, 200, 50}, Case{25000, 200, 124}, Case{25001, 500, 50}}) {
+    const Lines console = aged(store_of_parents(std::vector<ParentPair>(animals))).console;
+    ASSERT_EQ(console.size(), lines + 1) << animals;
+    EXPECT_EQ(console[0], " animal no. " + in_twelve_columns(interval) + " age parents determined");
+  }
+}
+
+TEST(OverallParentAges, AreTheMeanOfAllKnownAgesInYears) {
+  // Fathers 730 and 365 days, mothers 1095 days; unknown ages do not count.
+  const Aged run = aged("2000 m\n1999\n2002 s=1 d=2\n2001 s=1\n2003\n");
+  const OverallParentAges ages = overall_parent_ages(run.store, everybody(run.store));
+  EXPECT_EQ(ages.sire, 1.5F);
+  EXPECT_EQ(ages.dam, 3.0F);
+}
+
+TEST(OverallParentAges, AreDividedInSinglePrecisionByTheNumberThenByTheDays) {
+  PopulationStore store = numbered_store("2000\n2000\n2000\n");
+  const std::int32_t ages[] = {1000, 1001, 1010};
+  for (std::int32_t position = 1; position <= 3; ++position) {
+    store.at(position).sire_age_days = ages[position - 1];
+    store.at(position).dam_age_days = position == 1 ? -365 : -1;
+  }
+  // 3011 / 3 rounded to single, then divided by 365: one unit in the last place above 3011 / 1095.
+  EXPECT_EQ(overall_parent_ages(store, everybody(store)).sire, 0x1.5ff886p+1F);
+  EXPECT_EQ(overall_parent_ages(store, everybody(store)).dam, -1.0F);
+}
+
+TEST(OverallParentAges, WithoutAnyKnownAgeAreNotANumber) {
+  const Aged run = aged("2000 m\n2001\n");
+  EXPECT_TRUE(std::isnan(overall_parent_ages(run.store, everybody(run.store)).sire));
+  EXPECT_TRUE(std::isnan(overall_parent_ages(run.store, everybody(run.store)).dam));
+}
+
+TEST(OverallParentAges, OfSomeAnimalsOnly) {
+  const Aged run = aged("2000 m\n1999\n2002 s=1 d=2\n2001 s=1\n");
+  EXPECT_EQ(overall_parent_ages(run.store, Positions{4}).sire, 1.0F);
+  EXPECT_TRUE(std::isnan(overall_parent_ages(run.store, Positions{4}).dam));
+}
+
+TEST(MeanAges, TurnFromDaysIntoYears) {
+  YearTable<float> ages(3, 1);
+  ages.at(1, 1) = 730.0F;
+  ages.at(3, 1) = 1000.0F;
+  turn_days_into_years(ages);
+  EXPECT_EQ(ages.value(1, 1), 2.0F);
+  EXPECT_EQ(ages.value(2, 1), 0.0F);
+  EXPECT_EQ(ages.value(3, 1), 1000.0F / 365.0F);
+}
+
+TEST(BusiestParents, HaveTheMostNativeOffspring) {
+  // Male 1 has one native child and two imported ones, male 2 has two; female 3 has two, female 4 one.
+  const PopulationStore store = numbered_store("m\nm\n.\n.\ns=1 d=3\ns=1 import\ns=1 import\ns=2 d=3\ns=2 d=4\n");
+  const BusiestParents busiest = find_busiest_parents(store, everybody(store));
+  EXPECT_EQ(busiest.sire, 2);
+  EXPECT_EQ(busiest.dam, 3);
+}
+
+TEST(BusiestParents, OnATieTheFirstInTheStore) {
+  const PopulationStore store = numbered_store(".\nm\nm\n.\ns=2 d=1\ns=3 d=4\n");
+  EXPECT_EQ(find_busiest_parents(store, everybody(store)).sire, 2);
+  EXPECT_EQ(find_busiest_parents(store, everybody(store)).dam, 1);
+}
+
+TEST(BusiestParents, WithoutAnyOffspringTheFirstOfItsSex) {
+  const PopulationStore store = numbered_store(".\n.\nm\nm\n");
+  EXPECT_EQ(find_busiest_parents(store, everybody(store)).sire, 3);
+  EXPECT_EQ(find_busiest_parents(store, everybody(store)).dam, 1);
+}
+
+TEST(BusiestParents, ASexWithoutAnimalsGivesOne) {
+  const PopulationStore females = numbered_store(".\n.\n"), nobody = numbered_store("");
+  EXPECT_EQ(find_busiest_parents(females, Positions{2}).sire, 1);
+  EXPECT_EQ(find_busiest_parents(females, Positions{2}).dam, 2);
+  EXPECT_EQ(find_busiest_parents(nobody, {}).sire, 1);
+  EXPECT_EQ(find_busiest_parents(nobody, {}).dam, 1);
+}
+
+TEST(BusiestParents, OfSomeAnimalsCountOffspringElsewhereToo) {
+  const PopulationStore store = numbered_store("m\nm\n.\ns=1\ns=1\ns=2\n");
+  EXPECT_EQ(find_busiest_parents(store, Positions{2, 3}).sire, 2);
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test

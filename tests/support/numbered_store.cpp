@@ -1,0 +1,114 @@
+#include "support/numbered_store.h"
+
+#include <algorithm>
+#include <sstream>
+#include <stdexcept>
+
+#include "support/streams.h"
+
+namespace pedigreewatch::test {
+namespace {
+
+std::string with_blanks(std::string text) {
+  std::replace(text.begin(), text.end(), '_', ' ');
+  return text;
+}
+
+void set_birth_date(AnimalRecord& animal, const std::string& date) {
+  char dash = ' ';
+  std::istringstream pieces(date);
+  pieces >> animal.birth_year;
+  if (pieces >> dash) pieces >> animal.birth_month >> dash >> animal.birth_day;
+}
+
+void apply_word(AnimalRecord& animal, const std::string& word) {
+  const std::size_t equals = word.find('=');
+  if (equals == std::string::npos) {
+    if (word == ".") {
+      return;
+    }
+    if (word == "m") {
+      animal.sex = male;
+    } else if (word == "import") {
+      animal.is_import = logical_true;
+    } else {
+      set_birth_date(animal, word);
+    }
+    return;
+  }
+  const std::string key = word.substr(0, equals), value = with_blanks(word.substr(equals + 1));
+  if (key == "s") {
+    animal.sire_no = std::stoi(value);
+  } else if (key == "d") {
+    animal.dam_no = std::stoi(value);
+  } else if (key == "colour") {
+    animal.colour.assign(value);
+  } else if (key == "breeder") {
+    animal.breeder.assign(value);
+  } else if (key == "sub") {
+    animal.subpopulation.assign(value);
+  } else {
+    throw std::invalid_argument("a word of a numbered store: " + word);
+  }
+}
+
+void finish(PopulationStore& store) {
+  store.animal_count = static_cast<std::int32_t>(store.animals.size());
+  for (std::int32_t position = 1; position <= store.animal_count; ++position) {
+    store.at(position).number = position;
+    store.at(position).id.assign("a" + std::to_string(position));
+    store.at(position).name.assign("name " + std::to_string(position));
+  }
+  count_all_offspring(store);
+  store.birth_years = birth_years_of(store.animals);
+}
+
+}  // namespace
+
+PopulationStore numbered_store(std::string_view text) {
+  PopulationStore store;
+  for (const std::string& line : lines_of(text)) {
+    std::istringstream words(line);
+    AnimalRecord& animal = store.animals.emplace_back();
+    for (std::string word; words >> word;) apply_word(animal, word);
+  }
+  finish(store);
+  return store;
+}
+
+PopulationStore store_of_parents(std::span<const ParentPair> parents) {
+  PopulationStore store;
+  store.animals.resize(parents.size());
+  for (std::size_t i = 0; i < parents.size(); ++i) {
+    store.animals[i].sire_no = parents[i].sire;
+    store.animals[i].dam_no = parents[i].dam;
+    store.animals[i].birth_year = 2000;
+  }
+  finish(store);
+  return store;
+}
+
+void count_all_offspring(PopulationStore& store) {
+  for (AnimalRecord& animal : store.animals) {
+    animal.offspring_count = animal.native_offspring_count = 0;
+    animal.is_parent = animal.is_native_parent = logical_false;
+  }
+  for (const AnimalRecord& animal : store.animals) {
+    for (const std::int32_t parent_no : {animal.sire_no, animal.dam_no}) {
+      if (parent_no == 0) continue;
+      AnimalRecord& parent = store.at(parent_no);
+      ++parent.offspring_count;
+      parent.is_parent = logical_true;
+      if (is_true(animal.is_import)) continue;
+      ++parent.native_offspring_count;
+      parent.is_native_parent = logical_true;
+    }
+  }
+}
+
+std::string in_twelve_columns(std::int64_t value) {
+  const std::string digits = std::to_string(value);
+  return std::string(12 - digits.size(), ' ') + digits;
+}
+
+}  // namespace pedigreewatch::test
