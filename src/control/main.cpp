@@ -6,7 +6,9 @@
 #include <fcntl.h>
 #include <io.h>
 #else
+#include <fcntl.h>
 #include <unistd.h>
+
 #include <csignal>
 #endif
 
@@ -30,9 +32,21 @@ bool is_terminal(std::FILE* file) {
   return isatty(fileno(file)) != 0;
 }
 
-/// When nobody reads the console any more the report is finished all the same.
+/// Takes the place of a standard stream that was closed before the start, so that the next file to be opened does not:
+/// lines for the console would end up in the report. What replaces it reads as empty and refuses every byte written.
+void occupy_closed_streams() {
+  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (fcntl(stream, F_GETFD) >= 0) continue;
+    [[maybe_unused]] const int substitute = open("/dev/null", O_RDONLY);  // the lowest free number is this one
+  }
+}
+
+/// When nobody reads the console any more the report is finished all the same, and a file that may not grow any further
+/// is an error like a full disk.
 void prepare_streams() {
+  occupy_closed_streams();
   std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
 }
 #endif
 

@@ -28,7 +28,7 @@ void check_parent_ages(const PopulationStore& store, const OldestParents& oldest
   stop_on_file(streams, data_file,
                "fathers up to " + std::to_string(oldest.sire) + " and mothers up to " + std::to_string(oldest.dam) +
                    " years old (animal " + quoted(animal->id.trimmed()) +
-                   " has the oldest parent): the tables of parents' ages would not fit on any disk");
+                   " has the oldest parent): the tables of parents' ages would have more than 1000000000 figures");
 }
 
 }  // namespace pedigreewatch

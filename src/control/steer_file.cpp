@@ -213,7 +213,6 @@ SteerSettings read_steer_file(RunStreams& streams) {
   LineReader reader;
   if (!open_for_reading(reader, steer_file_name)) stop_on_missing_file(streams, missing_steer_file, {});
   SteerSettings settings = read_steer_lines(reader, streams);
-  if (reader.error != 0) stop_on_file(streams, reader.name, error_text(reader.error));
   close(reader);
   return settings;
 }

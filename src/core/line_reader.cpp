@@ -71,6 +71,7 @@ void skip_rest_of_line(LineReader& reader) {
 bool open_for_reading(LineReader& reader, const std::string& name) {
   reader = LineReader{};
   reader.name = name;
+  if (name.find('\0') != std::string::npos) return false;  // the system would take what stands before it for the name
   std::error_code ignored;
   if (std::filesystem::is_directory(name, ignored)) return false;
   reader.file = std::fopen(name.c_str(), "rb");

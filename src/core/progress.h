@@ -12,6 +12,13 @@ constexpr std::int32_t progress_interval(std::int32_t animal_count, std::int32_t
   return animal_count <= 25000 ? medium : large;
 }
 
+/// The interval of the passes that deal with the lines of the data file one by one.
+constexpr std::int32_t record_interval(std::int32_t animal_count) {
+  if (animal_count <= 4000) return 100;
+  if (animal_count <= 10000) return 500;
+  return animal_count <= 25000 ? 1000 : 5000;
+}
+
 /// Counts the animals of a pass. `is_due` is asked before an animal is dealt with: it is true after every `interval`
 /// animals, and never behind the last one.
 struct ProgressCounter {

@@ -7,6 +7,7 @@
 #include <array>
 
 #include "core/line_writer.h"
+#include "core/progress.h"
 #include "core/wording.h"
 #include "pedigree/birth_date.h"
 #include "pedigree/data_columns.h"
@@ -110,13 +111,6 @@ bool is_male(std::string_view field, const std::array<char, 2>& male_letters) {
   return letter != ' ' && (letter == male_letters[0] || letter == male_letters[1]);
 }
 
-/// Records between two dumps on the console.
-std::int32_t dump_interval(std::int32_t animal_count) {
-  if (animal_count <= 4000) return 100;
-  if (animal_count <= 10000) return 500;
-  return animal_count <= 25000 ? 1000 : 5000;
-}
-
 void dump_record(const AnimalRecord& record, std::int32_t record_number, const PopulationStore& store, bool english,
                  TextOutput& console) {
   write_free_line(console, {record_no.in(english), record_number, read.in(english)});
@@ -199,7 +193,7 @@ void read_data_file(LineReader& data, const SteerSettings& settings, PopulationS
   const bool english = settings.english;
   const ColumnMap column_map = read_columns(data, settings, store, streams);
   const std::span<const std::int32_t> columns = columns_that_count(column_map);
-  const std::int32_t interval = dump_interval(store.animal_count);
+  const std::int32_t interval = record_interval(store.animal_count);
   std::int32_t counter = 1;
   for (std::int32_t r = 1; r <= store.animal_count; ++r) {
     std::string_view line;

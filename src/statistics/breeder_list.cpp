@@ -10,6 +10,7 @@
 
 #include "core/integers.h"
 #include "core/line_writer.h"
+#include "core/progress.h"
 #include "core/text_index.h"
 #include "core/wording.h"
 
@@ -25,12 +26,6 @@ constexpr Wording number_of_top_breeders = {"Number of top breeders ", "aantal t
 constexpr std::int32_t recent_years = 10;
 constexpr std::int32_t many_recent_animals = 250;
 constexpr std::int32_t fewest_top_breeders = 10, most_top_breeders = 30;
-
-std::int32_t progress_step(std::int32_t animal_count) {
-  if (animal_count <= 4000) return 100;
-  if (animal_count <= 10000) return 500;
-  return animal_count <= 25000 ? 1000 : 5000;
-}
 
 /// The breeders found so far, with their animals of recent years.
 struct BreederCounts {
@@ -54,7 +49,7 @@ std::int32_t entry_of(BreederCounts& counts, const BreederName& breeder) {
 }
 
 void read_breeders(const PopulationStore& store, bool english, BreederCounts& counts, TextOutput& console) {
-  const std::int32_t step = progress_step(store.animal_count);
+  const std::int32_t step = record_interval(store.animal_count);
   const std::int32_t before_recent = wrapped(std::int64_t{store.birth_years.last} - recent_years);
   std::int32_t counter = 0, position = 0;
   for (const AnimalRecord& animal : store.animals) {

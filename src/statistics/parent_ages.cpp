@@ -18,7 +18,6 @@ constexpr Wording animal_no = {"animal no. ", "dier nr. "};
 constexpr Wording age_determined = {"age parents determined", "leeftijd ouders bepaald"};
 constexpr Wording oldest_parents = {"oldest parents; ", "oudste ouders; "};
 
-constexpr std::int32_t days_per_year = 365;
 constexpr std::array<std::int32_t, 12> days_before_month = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
 
 std::int64_t day_of_year(const AnimalRecord& animal) {
@@ -45,20 +44,10 @@ struct LargestAges {
   OldestParents in_years() const { return {sire / days_per_year, dam / days_per_year}; }
 };
 
-/// A sum of days may pass 32 bits merely because a population is large: it is kept wider.
-struct AgeSum {
-  std::int64_t days = 0, count = 0;
-
-  void add(std::int32_t age) {
-    if (age == unknown_age) return;
-    days += age;
-    ++count;
-  }
-  // Unguarded on purpose: a population without any known age shows "NaN" in the report.
-  float mean_in_years() const {
-    return static_cast<float>(days) / static_cast<float>(count) / static_cast<float>(days_per_year);
-  }
-};
+// Unguarded on purpose: a population without any known age shows "NaN" in the report.
+float mean_in_years(const AgeTotal& total) {
+  return total.mean_days() / static_cast<float>(days_per_year);
+}
 
 }  // namespace
 
@@ -85,12 +74,12 @@ OldestParents find_oldest_parents(const PopulationStore& store, std::span<const 
 }
 
 OverallParentAges overall_parent_ages(const PopulationStore& store, std::span<const std::int32_t> positions) {
-  AgeSum sires, dams;
+  AgeTotal sires, dams;
   for (const std::int32_t position : positions) {
     sires.add(store.at(position).sire_age_days);
     dams.add(store.at(position).dam_age_days);
   }
-  return {sires.mean_in_years(), dams.mean_in_years()};
+  return {mean_in_years(sires), mean_in_years(dams)};
 }
 
 BusiestParents find_busiest_parents(const PopulationStore& store, std::span<const std::int32_t> positions) {

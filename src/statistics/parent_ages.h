@@ -13,6 +13,22 @@ namespace pedigreewatch {
 /// An age that is not known.
 inline constexpr std::int32_t unknown_age = -1;
 
+/// Ages are counted in years without leap days.
+inline constexpr std::int32_t days_per_year = 365;
+
+/// The known ages among some. Their sum may pass 32 bits merely because a population is large: it is kept wider.
+struct AgeTotal {
+  std::int64_t days = 0, count = 0;
+
+  void add(std::int32_t age) {
+    if (age == unknown_age) return;
+    days += age;
+    ++count;
+  }
+  /// Not a number when no age is known.
+  float mean_days() const { return static_cast<float>(days) / static_cast<float>(count); }
+};
+
 /// Fills `sire_age_days` and `dam_age_days` of every animal, in a calendar of 365-day years, and yields the oldest
 /// parents. An age stays -1 when a date is unknown; a parent born after its offspring gets a negative age.
 OldestParents determine_parent_ages(PopulationStore& store, bool english, TextOutput& console);

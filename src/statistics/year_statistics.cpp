@@ -47,24 +47,13 @@ void count_parent(const AnimalRecord& animal, Row row, const SexColumns& columns
 
 /// Counts an age in its class of 365 days; ages up to 365 days are in no class.
 void count_age(std::int32_t age_days, Row row, YearTable<std::int32_t>& classes) {
-  constexpr std::int32_t days_per_year = 365;
   if (age_days <= days_per_year) return;
   const std::int32_t column = (age_days - 1) / days_per_year;
   if (column <= classes.column_count) ++classes.at(row, column);
 }
 
-struct AgeTotal {
-  std::int64_t days = 0, count = 0;
-
-  void add(std::int32_t age) {
-    if (age == unknown_age) return;
-    days += age;
-    ++count;
-  }
-};
-
 void store_mean_age(const AgeTotal& total, Row row, YearTable<float>& mean_ages) {
-  if (total.count > 0) mean_ages.at(row, 1) = static_cast<float>(total.days) / static_cast<float>(total.count);
+  if (total.count > 0) mean_ages.at(row, 1) = total.mean_days();
 }
 
 }  // namespace

@@ -1,0 +1,39 @@
+// The reports that stand beside the example populations are what the program writes today.
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "support/whole_run.h"
+
+namespace pedigreewatch::test {
+namespace {
+
+std::string bytes_of(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  EXPECT_TRUE(file) << path;
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+void expect_current_report(const std::string& folder, const std::string& population) {
+  const std::string path = std::string(EXAMPLES_FOLDER) + "/" + folder + "/";
+  const WholeRun run = run_program_on({{"pedigreewatch.ini", bytes_of(path + "pedigreewatch.ini")},
+                                       {population + ".txt", bytes_of(path + population + ".txt")}});
+  EXPECT_EQ(run.exit_status, 0);
+  EXPECT_EQ(run.messages, "");
+  EXPECT_TRUE(run.file(population + ".out") == bytes_of(path + population + ".out"))
+      << "renew examples/" << folder << "/" << population << ".out and read what has changed";
+}
+
+TEST(Examples, EnglishReportIsCurrent) {
+  expect_current_report("moorland-en", "moorland");
+}
+
+TEST(Examples, DutchReportIsCurrent) {
+  expect_current_report("heide-nl", "heide");
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test
