@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "core/memory_hints.h"
+
 namespace pedigreewatch {
 
 /// A hash of all bytes of `text`, the same on every machine.
@@ -40,7 +42,9 @@ inline void reserve_texts(TextIndex& index, std::size_t count) {
   std::size_t size = 16;
   while (size < count + count / 2) size *= 2;
   if (size <= index.slots.size()) return;
-  std::vector<TextIndex::Slot> old(size);
+  std::vector<TextIndex::Slot> old;
+  reserve_large(old, size);
+  old.resize(size);
   old.swap(index.slots);
   for (const TextIndex::Slot& slot : old) {
     if (slot.place == 0) continue;
@@ -48,6 +52,20 @@ inline void reserve_texts(TextIndex& index, std::size_t count) {
     while (index.slots[at].place != 0) at = (at + 1) & (size - 1);
     index.slots[at] = slot;
   }
+}
+
+/// Has the slot fetched where the search for a text of this hash begins.
+inline void fetch_slot_early(const TextIndex& index, std::uint32_t hash) {
+  if (!index.slots.empty()) fetch_early(&index.slots[hash & (index.slots.size() - 1)]);
+}
+
+/// The first place that a text of this hash may have, or 0.
+inline std::int32_t likely_place(const TextIndex& index, std::uint32_t hash) {
+  if (index.slots.empty()) return 0;
+  const std::size_t mask = index.slots.size() - 1;
+  std::size_t at = hash & mask;
+  while (index.slots[at].place != 0 && index.slots[at].hash != hash) at = (at + 1) & mask;
+  return index.slots[at].place;
 }
 
 /// The first place of `text`, or 0. `text_at(place)` yields the text of a place.

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <bit>
 
+#include "core/memory_hints.h"
+
 namespace pedigreewatch {
 namespace {
 
@@ -22,6 +24,7 @@ void put_on_list(AncestorWalk& walk, std::int32_t number) {
   const std::size_t word = at(number) / word_bits;
   walk.waiting[word] |= std::uint64_t{1} << (at(number) % word_bits);
   walk.waiting_words[word / word_bits] |= std::uint64_t{1} << (word % word_bits);
+  fetch_early(&walk.ancestors[at(number)]);
 }
 
 /// The place of the highest bit that is set; `bits` is not 0.
@@ -65,15 +68,30 @@ void visit(AncestorWalk& walk, std::size_t number, Lanes& sums) {
   }
 }
 
+/// Has the shares fetched that the next visit will add to: of the parents of the ancestor that is next on the
+/// list, as long as this visit does not put one between. `word_bit` is this visit's word in `group`.
+void fetch_parents_of_next(const AncestorWalk& walk, std::size_t group, std::size_t word_bit) {
+  const std::uint64_t lower_words = walk.waiting_words[group] & ((std::uint64_t{1} << word_bit) - 1);
+  std::size_t word = group * word_bits + word_bit;
+  if (walk.waiting[word] == 0) {
+    if (lower_words == 0) return;
+    word = group * word_bits + highest_bit(lower_words);
+  }
+  const AncestorWalk::Ancestor& next = walk.ancestors[word * word_bits + highest_bit(walk.waiting[word])];
+  fetch_early(&walk.shares[at(next.sire)]);
+  fetch_early(&walk.shares[at(next.dam)]);
+}
+
 }  // namespace
 
 AncestorWalk make_ancestor_walk(const AncestorPedigree& pedigree) {
   AncestorWalk walk;
   const std::size_t size = pedigree.position.size();
-  walk.ancestors.reserve(size);
+  reserve_large(walk.ancestors, size);
   for (std::size_t j = 0; j < size; ++j) walk.ancestors.push_back({pedigree.sire[j], pedigree.dam[j], 0.0F});
   walk.f.assign(size, 0.0F);
   walk.f[0] = -1.0F;
+  reserve_large(walk.shares, size);
   walk.shares.assign(size, Lanes{});
   walk.waiting.assign(size / word_bits + 1, 0);
   walk.waiting_words.assign(walk.waiting.size() / word_bits + 1, 0);
@@ -99,6 +117,7 @@ void walk_ancestors(AncestorWalk& walk, std::span<const Mating> matings, std::sp
         const std::size_t bit = highest_bit(walk.waiting[word]);
         walk.waiting[word] ^= std::uint64_t{1} << bit;
         if (word + bit == 0) break;  // the unknown parent comes last
+        fetch_parents_of_next(walk, group, word_bit);
         visit(walk, word * word_bits + bit, sums);
       }
       walk.waiting_words[group] ^= std::uint64_t{1} << word_bit;

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "core/line_writer.h"
+#include "core/memory_hints.h"
 #include "core/wording.h"
 
 namespace pedigreewatch {
@@ -231,9 +232,14 @@ std::vector<double> run_upward_pass(const PopulationStore& store, const Ancestor
                                     const PassMembers& members, std::size_t width, KinshipScratch& scratch) {
   std::vector<double> sums(width * width, 0.0);
   std::vector<double>& weights = scratch.weights;
+  reserve_large(weights, ancestors.position.size() * width);
   weights.resize(std::max(weights.size(), ancestors.position.size() * width), 0.0);
   const std::int32_t highest = place_weights(store, ancestors, members, width, weights, sums);
   for (std::size_t j = static_cast<std::size_t>(highest); j > 0; --j) {
+    if (j > look_ahead) {
+      fetch_early(&weights[static_cast<std::size_t>(ancestors.sire[j - look_ahead]) * width]);
+      fetch_early(&weights[static_cast<std::size_t>(ancestors.dam[j - look_ahead]) * width]);
+    }
     double* const own = &weights[j * width];
     double* const sire = &weights[static_cast<std::size_t>(ancestors.sire[j]) * width];
     double* const dam = &weights[static_cast<std::size_t>(ancestors.dam[j]) * width];

@@ -13,6 +13,9 @@ inline void add_ids(IdIndex& index, const PopulationStore& store, std::int32_t f
   const auto id_at = [&](std::int32_t position) { return store.at(position).id.full(); };
   reserve_texts(index, store.animals.size());
   for (std::int32_t position = first; position <= store.animal_count; ++position) {
+    if (const std::size_t later = static_cast<std::size_t>(position) + look_ahead; later < store.animals.size()) {
+      fetch_slot_early(index, hash_of_text(store.animals[later].id.full()));
+    }
     find_or_add_text(index, id_at(position), position, id_at);
   }
 }

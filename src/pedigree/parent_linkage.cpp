@@ -30,6 +30,7 @@ void link_parents(PopulationStore& store, const IdIndex& index, bool english, Ru
       write_free_line(streams.console, {animal_no.in(english), i - 1, parents_found.in(english)});
     }
     AnimalRecord& animal = store.at(i);
+    fetch_later_parents(store, animal);
     const bool is_import = is_true(animal.is_import);
     if (!(animal.sire_id == unknown_parent_id)) {
       if (animal.sire_no == 0) animal.sire_no = find_animal(index, store, animal.sire_id);

@@ -118,10 +118,23 @@ void place_animal(SortState& state, std::int32_t i, const PopulationStore& store
   }
 }
 
+/// Has what `place_animal` looks at of the parents fetched.
+void fetch_parents(const SortState& state, const AnimalRecord& animal, const PopulationStore& store) {
+  for (const std::int32_t parent : {animal.sire_no, animal.dam_no}) {
+    if (parent == 0) continue;
+    fetch_early(&store.at(parent).birth_year);
+    fetch_early(&state.remaining[static_cast<std::size_t>(parent)]);
+  }
+}
+
 /// One walk from the back over the animals without a place.
 void run_sweep(SortState& state, const PopulationStore& store, bool english, RunStreams& streams) {
   std::size_t kept = 0;
-  for (const std::int32_t i : state.unplaced) {
+  for (std::size_t turn = 0; turn < state.unplaced.size(); ++turn) {
+    const std::int32_t i = state.unplaced[turn];
+    if (turn + look_ahead < state.unplaced.size()) {
+      fetch_parents(state, store.at(state.unplaced[turn + look_ahead]), store);
+    }
     if (state.remaining[static_cast<std::size_t>(i)] == 0) {
       place_animal(state, i, store, english, streams);
     } else {

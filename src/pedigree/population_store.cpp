@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/integers.h"
+#include "core/memory_hints.h"
 
 namespace pedigreewatch {
 
@@ -14,7 +15,7 @@ void allocate_records(PopulationStore& store, std::int32_t count) {
   const std::size_t size = count > 0 ? static_cast<std::size_t>(count) : 0;
   // Memory that is never touched costs nothing; with it the store need not be copied when parents are appended.
   constexpr std::size_t share_of_missing_parents = 8;
-  store.animals.reserve(size + size / share_of_missing_parents);
+  reserve_large(store.animals, size + size / share_of_missing_parents);
   store.animals.assign(size, before_reading);
   store.animal_count = count;
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/fixed_text.h"
+#include "core/memory_hints.h"
 #include "core/year_table.h"
 
 namespace pedigreewatch {
@@ -28,30 +29,38 @@ using AnimalId = FixedText<30>;
 /// The text that stands for an unknown parent.
 inline constexpr std::string_view unknown_parent_id = "0";
 
+/// A record fills five cache lines, and what a pass needs together stands together: the numbers in one line, the
+/// parents' identifications in another.
 struct AnimalRecord {
-  AnimalId id;
-  FixedText<50> name;
-  AnimalId sire_id, dam_id;      ///< "0" for an unknown parent
-  std::int32_t birth_year = 0;   ///< 0 for unknown
-  std::int32_t birth_month = 1;  ///< 1 to 12
+  alignas(64) std::int32_t birth_year = 0;  ///< 0 for unknown
+  std::int32_t birth_month = 1;             ///< 1 to 12
   std::int32_t birth_day = 1;
-  std::int32_t sex = female;  ///< `male` or `female`
-  FixedText<40> colour;
-  FixedText<20> breeder;
-  FixedText<20> subpopulation;
+  std::int32_t sex = female;                 ///< `male` or `female`
   Logical is_import = logical_false;         ///< imported, or bred outside the population
   Logical is_native_parent = logical_false;  ///< has offspring in the store that is no import
   Logical is_parent = logical_false;         ///< has offspring in the store
-  std::int32_t number = 0;                   ///< the record's position, counted from 1
   std::int32_t sire_no = 0, dam_no = 0;      ///< positions of the parents; smaller than the animal's own once sorted
   std::int32_t dam_age_days = 0;             ///< mother's age at this birth in years of 365 days; -1: not determined
   std::int32_t sire_age_days = 0;            ///< likewise for the father
   std::int32_t native_offspring_count = 0;   ///< offspring in the store that is no import
   std::int32_t offspring_count = 0;
-  float generation_equivalents = 0.0F;    ///< sum over known ancestors of 1/2 to the power of the generations between
+  float generation_equivalents = 0.0F;    ///< sum over known ancestors of 1/2 to the power of generations between
   std::int32_t complete_generations = 0;  ///< generations in which every ancestor is known
   float inbreeding = 0.0F;                ///< F
+
+  alignas(64) AnimalId sire_id;
+  AnimalId dam_id;          ///< "0" for an unknown parent, like `sire_id`
+  std::int32_t number = 0;  ///< the record's position, counted from 1
+
+  alignas(64) AnimalId id;
+  FixedText<20> subpopulation;
+
+  alignas(64) FixedText<40> colour;
+  FixedText<20> breeder;
+
+  alignas(64) FixedText<50> name;
 };
+static_assert(sizeof(AnimalRecord) == 5 * 64);
 
 struct PopulationStore {
   std::vector<AnimalRecord> animals;  ///< the animal of position p is animals[p - 1]
@@ -67,6 +76,15 @@ struct PopulationStore {
 /// Makes room for `count` records (none when it is negative), each as it stands before its line is read, and for the
 /// parents that will probably be appended.
 void allocate_records(PopulationStore& store, std::int32_t count);
+
+/// Has the parents' numbers fetched that belong to the animal `look_ahead` places behind this one.
+inline void fetch_later_parents(const PopulationStore& store, const AnimalRecord& animal) {
+  const std::size_t later = static_cast<std::size_t>(&animal - store.animals.data()) + look_ahead;
+  if (later >= store.animals.size()) return;
+  for (const std::int32_t parent : {store.animals[later].sire_no, store.animals[later].dam_no}) {
+    if (parent != 0) fetch_early(&store.at(parent));
+  }
+}
 
 /// The smallest birth year other than 0, the largest, and the number of years from one to the other.
 BirthYears birth_years_of(std::span<const AnimalRecord> animals);

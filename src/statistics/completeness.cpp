@@ -9,6 +9,7 @@ namespace pedigreewatch {
 
 void determine_completeness(PopulationStore& store) {
   for (AnimalRecord& animal : store.animals) {
+    fetch_later_parents(store, animal);
     animal.generation_equivalents = 0.0F;
     animal.complete_generations = 0;
     if (animal.sire_no != 0) {

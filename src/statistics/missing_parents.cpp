@@ -45,6 +45,21 @@ std::int32_t find_or_note(const AnimalId& parent_id, const PopulationStore& stor
   return position;
 }
 
+/// Has what the lookups of later animals touch fetched in two steps: the slots of an animal far on, and the records
+/// that the slots of one half as far on lead to.
+void fetch_lookups_early(const PopulationStore& store, const IdIndex& index, std::size_t place) {
+  constexpr std::size_t far = 2 * look_ahead, near = look_ahead;
+  if (place + far >= store.animals.size()) return;
+  const AnimalRecord& later = store.animals[place + far];
+  fetch_slot_early(index, hash_of_text(later.sire_id.full()));
+  fetch_slot_early(index, hash_of_text(later.dam_id.full()));
+  const AnimalRecord& next = store.animals[place + near];
+  for (const AnimalId* const parent_id : {&next.sire_id, &next.dam_id}) {
+    const std::int32_t position = likely_place(index, hash_of_text(parent_id->full()));
+    if (position != 0) fetch_early(&store.at(position).id);
+  }
+}
+
 /// Looks up the parents of every animal. Litter mates mostly stand together: what was found for the animal before
 /// need not be looked up again.
 void find_parents(PopulationStore& store, const IdIndex& index, MissingList& fathers, MissingList& mothers) {
@@ -52,7 +67,9 @@ void find_parents(PopulationStore& store, const IdIndex& index, MissingList& fat
   first_before.sire_id.assign(unknown_parent_id);
   first_before.dam_id.assign(unknown_parent_id);
   const AnimalRecord* before = &first_before;
-  for (AnimalRecord& animal : store.animals) {
+  for (std::size_t place = 0; place < store.animals.size(); ++place) {
+    AnimalRecord& animal = store.animals[place];
+    fetch_lookups_early(store, index, place);
     animal.sire_no =
         animal.sire_id == before->sire_id ? before->sire_no : find_or_note(animal.sire_id, store, index, fathers);
     animal.dam_no =

@@ -58,6 +58,7 @@ OldestParents determine_parent_ages(PopulationStore& store, bool english, TextOu
   for (AnimalRecord& animal : store.animals) {
     ++position;
     if (progress.is_due()) write_free_line(console, {animal_no.in(english), position - 1, age_determined.in(english)});
+    fetch_later_parents(store, animal);
     animal.sire_age_days = age_at_birth(store, animal.sire_no, animal);
     animal.dam_age_days = age_at_birth(store, animal.dam_no, animal);
     largest.look_at(animal);

@@ -34,6 +34,18 @@ struct IndexedIds {
   }
 };
 
+TEST(TextIndex, LikelyPlaceIsTheFoundOneOrNone) {
+  IndexedIds animals;
+  EXPECT_EQ(likely_place(animals.index, hash_of_text(Id("rex").full())), 0);  // no slots yet
+  for (int n = 1; n <= 500; ++n) animals.add("id " + std::to_string(n));
+  for (int n = 1; n <= 1000; ++n) {
+    const Id id("id " + std::to_string(n));
+    // Hashes of 32 bits: no two of these thousand meet.
+    EXPECT_EQ(likely_place(animals.index, hash_of_text(id.full())), n <= 500 ? n : 0);
+    fetch_slot_early(animals.index, hash_of_text(id.full()));
+  }
+}
+
 TEST(TextIndex, EmptyIndexFindsNothing) {
   const IndexedIds animals;
   EXPECT_EQ(animals.find("rex"), 0);
