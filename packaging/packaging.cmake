@@ -1,0 +1,104 @@
+# What is installed, and the packages that cpack makes of it:
+#   preset debian   a .deb for Debian 12
+#   preset static   a .tar.gz with a program that needs no library, for any Linux
+#   preset windows  a .zip for Windows
+# `scripts/package` makes and checks all three. The version is that of project() in CMakeLists.txt.
+
+set(packaging_folder ${PROJECT_SOURCE_DIR}/packaging)
+set(generated ${PROJECT_BINARY_DIR}/packaging)
+
+# --- Manual pages, with the version filled in --------------------------------------------------------------------
+
+configure_file(docs/man/pedigreewatch.1 ${generated}/man/pedigreewatch.1 @ONLY)
+configure_file(docs/man/pedigreewatch.ini.5 ${generated}/man/pedigreewatch.ini.5 @ONLY)
+
+# Without name and time stamp of the file the same page gives the same bytes in every build.
+function(compress_file file)
+  find_program(GZIP_PROGRAM gzip REQUIRED)
+  execute_process(COMMAND ${GZIP_PROGRAM} -9nkf ${file} COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+# A manual page as plain text, for systems without man(1).
+function(render_manual_page page text_file)
+  find_program(GROFF_PROGRAM groff)
+  if(NOT GROFF_PROGRAM)
+    message(STATUS "groff is missing: ${text_file} is left out")
+    return()
+  endif()
+  execute_process(COMMAND ${GROFF_PROGRAM} -man -Tascii -P-cbou ${page} OUTPUT_FILE ${text_file}
+                  COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+# The text of `source` in `target` with the line ends of Windows.
+function(copy_with_crlf source target)
+  file(READ ${source} text)
+  string(REPLACE "\n" "\r\n" text "${text}")
+  file(WRITE ${target} "${text}")
+  set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${source})
+endfunction()
+
+# --- What is installed -------------------------------------------------------------------------------------------
+
+install(TARGETS pedigreewatch RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+
+if(WIN32)
+  # All texts but the reports get the line ends of Windows. A report has line feeds on every system.
+  file(GLOB_RECURSE texts CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}
+       ${PROJECT_SOURCE_DIR}/docs/*.md ${PROJECT_SOURCE_DIR}/examples/*.txt ${PROJECT_SOURCE_DIR}/examples/*.ini)
+  foreach(text README.md CHANGELOG.md CONTRIBUTING.md ${texts})
+    copy_with_crlf(${PROJECT_SOURCE_DIR}/${text} ${generated}/windows/${text})
+  endforeach()
+  copy_with_crlf(${PROJECT_SOURCE_DIR}/LICENSE ${generated}/windows/LICENSE.txt)
+  foreach(page pedigreewatch.1 pedigreewatch.ini.5)
+    string(REGEX REPLACE "\\.[15]$" ".txt" name ${page})
+    render_manual_page(${generated}/man/${page} ${generated}/${name})
+    if(EXISTS ${generated}/${name})
+      copy_with_crlf(${generated}/${name} ${generated}/windows/manual/${name})
+    endif()
+  endforeach()
+  install(DIRECTORY ${generated}/windows/ DESTINATION ${CMAKE_INSTALL_DOCDIR})
+  install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples FILES_MATCHING PATTERN "*.out")
+
+  enable_language(RC)
+  configure_file(${packaging_folder}/pedigreewatch.rc.in ${generated}/pedigreewatch.rc @ONLY)
+  target_sources(pedigreewatch PRIVATE ${generated}/pedigreewatch.rc)
+else()
+  install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+  install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs
+          FILES_MATCHING PATTERN "*.md" PATTERN man EXCLUDE)
+  install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
+  compress_file(${generated}/man/pedigreewatch.1)
+  compress_file(${generated}/man/pedigreewatch.ini.5)
+  install(FILES ${generated}/man/pedigreewatch.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  install(FILES ${generated}/man/pedigreewatch.ini.5.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man5)
+endif()
+
+# --- Packages ----------------------------------------------------------------------------------------------------
+
+set(CPACK_PACKAGE_NAME pedigreewatch)
+set(CPACK_PACKAGE_VENDOR "Pedigree Watch developers")
+set(CPACK_PACKAGE_CONTACT "Pedigree Watch developers <pedigreewatch@localhost.localdomain>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "inbreeding, kinship and population statistics for herdbooks")
+set(CPACK_STRIP_FILES ON)
+
+if(WIN32)
+  set(CPACK_GENERATOR ZIP)
+  set(CPACK_PACKAGE_FILE_NAME pedigreewatch-${PROJECT_VERSION}-windows-x86_64)
+elseif(PEDIGREEWATCH_STATIC)
+  install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
+  set(CPACK_GENERATOR TGZ)
+  set(CPACK_PACKAGE_FILE_NAME pedigreewatch-${PROJECT_VERSION}-linux-${CMAKE_SYSTEM_PROCESSOR})
+else()
+  set(CPACK_GENERATOR DEB)
+  include(${packaging_folder}/debian.cmake)
+endif()
+include(CPack)
+
+# --- Tests of the program for Windows, which wine runs -------------------------------------------------------------
+
+if(WIN32 AND CMAKE_CROSSCOMPILING)
+  enable_testing()
+  add_test(NAME windows_program
+           COMMAND ${PROJECT_SOURCE_DIR}/tests/package/check_windows.sh $<TARGET_FILE:pedigreewatch>)
+  set_tests_properties(windows_program PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 1200)
+endif()
