@@ -220,7 +220,6 @@ void run_phases(RunStreams& streams) {
   begin_phase(streams.phase_times, "subpopulation blocks");
   report_subpopulations(store, settings, analysis, streams);
   write_free_line(streams.console, {finished.in(english), settings.population_name});
-  close(data);
   begin_phase(streams.phase_times, "end");
 }
 

@@ -22,8 +22,8 @@ bool read_more(LineReader& reader) {
   std::size_t added = 0;
   if (reader.file != nullptr) {
     errno = 0;
-    added = std::fread(reader.buffer.data() + unread, 1, room, reader.file);
-    if (added < room && std::ferror(reader.file) != 0) reader.error = errno != 0 ? errno : EIO;
+    added = std::fread(reader.buffer.data() + unread, 1, room, reader.file.get());
+    if (added < room && std::ferror(reader.file.get()) != 0) reader.error = errno != 0 ? errno : EIO;
   } else {
     const std::string_view rest = reader.text.substr(reader.text_taken, room);
     std::copy(rest.begin(), rest.end(), reader.buffer.begin() + static_cast<std::ptrdiff_t>(unread));
@@ -74,8 +74,8 @@ bool open_for_reading(LineReader& reader, const std::string& name) {
   if (name.find('\0') != std::string::npos) return false;  // the system would take what stands before it for the name
   std::error_code ignored;
   if (std::filesystem::is_directory(name, ignored)) return false;
-  reader.file = std::fopen(name.c_str(), "rb");
-  if (reader.file != nullptr) std::setvbuf(reader.file, nullptr, _IONBF, 0);  // the reader has a buffer of its own
+  reader.file.reset(std::fopen(name.c_str(), "rb"));
+  if (reader.file != nullptr) std::setvbuf(reader.file.get(), nullptr, _IONBF, 0);  // the reader has a buffer of its own
   return reader.file != nullptr;
 }
 
@@ -121,15 +121,10 @@ bool skip_line(LineReader& reader) {
 
 void rewind(LineReader& reader) {
   errno = 0;
-  if (reader.file != nullptr && std::fseek(reader.file, 0, SEEK_SET) != 0) reader.error = errno != 0 ? errno : EIO;
+  if (reader.file != nullptr && std::fseek(reader.file.get(), 0, SEEK_SET) != 0) reader.error = errno != 0 ? errno : EIO;
   reader.next = reader.filled = reader.text_taken = 0;
   reader.at_start = true;
   reader.line_number = 0;
-}
-
-void close(LineReader& reader) {
-  if (reader.file != nullptr) std::fclose(reader.file);
-  reader.file = nullptr;
 }
 
 }  // namespace pedigreewatch

@@ -6,17 +6,23 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace pedigreewatch {
 
+struct CloseFile {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+/// Its file is closed with it, also when a message stops the run.
 struct LineReader {
-  std::FILE* file = nullptr;   ///< null: the bytes come from `text` alone (tests)
-  std::string name;            ///< the file's name, for messages
-  std::string_view text = {};  ///< the whole text to read when there is no file
-  std::size_t text_taken = 0;  ///< how much of `text` has gone into the buffer
+  std::unique_ptr<std::FILE, CloseFile> file = {};  ///< none: the bytes come from `text` alone (tests)
+  std::string name = {};                            ///< the file's name, for messages
+  std::string_view text = {};                       ///< the whole text to read when there is no file
+  std::size_t text_taken = 0;                       ///< how much of `text` has gone into the buffer
   std::vector<char> buffer = {};
   std::vector<char> long_line = {};  ///< the kept start of a line that is longer than the buffer
   std::size_t next = 0, filled = 0;  ///< the bytes of the buffer that have not been read yet
@@ -39,8 +45,5 @@ bool skip_line(LineReader& reader);
 
 /// Goes back to the start of the file. A failure is kept in `error`.
 void rewind(LineReader& reader);
-
-/// Closes the file, if there is one.
-void close(LineReader& reader);
 
 }  // namespace pedigreewatch

@@ -8,10 +8,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "core/text_output.h"
 #include "support/pedigrees.h"
 
 namespace pedigreewatch::test {
@@ -56,7 +59,6 @@ std::vector<std::string> lines_from_file(std::string_view text) {
   LineReader reader;
   EXPECT_TRUE(open_for_reading(reader, file.name));
   const std::vector<std::string> lines = rest_of_lines(reader);
-  close(reader);
   return lines;
 }
 
@@ -262,7 +264,6 @@ TEST(Rewind, StartsAgainAtTheFirstLine) {
   EXPECT_TRUE(skip_line(reader));
   rewind(reader);  // in the middle of the file
   EXPECT_EQ(rest_of_lines(reader), expected);
-  close(reader);
 }
 
 TEST(Rewind, StartsAgainAfterALineLongerThanTheBuffer) {
@@ -294,9 +295,37 @@ TEST(OpenForReading, KeepsTheNameForMessages) {
   LineReader reader;
   ASSERT_TRUE(open_for_reading(reader, file.name));
   EXPECT_EQ(reader.name, file.name);
-  close(reader);
-  EXPECT_EQ(reader.file, nullptr);
-  close(reader);  // once more does no harm
+}
+
+/// Files that this process has open; -1 where the system does not tell.
+std::ptrdiff_t count_open_files() {
+  std::error_code error;
+  const std::filesystem::directory_iterator files("/proc/self/fd", error);
+  return error ? -1 : std::distance(begin(files), end(files));
+}
+
+TEST(OpenForReading, FileIsClosedWithTheReaderWhenAMessageStopsTheRun) {
+  if (count_open_files() < 0) GTEST_SKIP() << "this system does not tell which files are open";
+  const TestFile file("rex\n");
+  const std::ptrdiff_t before = count_open_files();
+  const auto stopped_run = [&] {
+    LineReader reader;
+    ASSERT_TRUE(open_for_reading(reader, file.name));
+    EXPECT_EQ(count_open_files(), before + 1);
+    throw RunStopped{1};
+  };
+  EXPECT_THROW(stopped_run(), RunStopped);
+  EXPECT_EQ(count_open_files(), before);
+}
+
+TEST(OpenForReading, ReaderThatIsOpenedAgainClosesItsFirstFile) {
+  if (count_open_files() < 0) GTEST_SKIP() << "this system does not tell which files are open";
+  const TestFile file("rex\n");
+  LineReader reader;
+  ASSERT_TRUE(open_for_reading(reader, file.name));
+  const std::ptrdiff_t before = count_open_files();
+  ASSERT_TRUE(open_for_reading(reader, file.name));
+  EXPECT_EQ(count_open_files(), before);
 }
 
 TEST(OpenForReading, StartsAfresh) {
@@ -306,7 +335,6 @@ TEST(OpenForReading, StartsAfresh) {
   EXPECT_TRUE(skip_line(reader));
   ASSERT_TRUE(open_for_reading(reader, file.name));
   EXPECT_EQ(rest_of_lines(reader), Lines{"rex"});
-  close(reader);
 }
 
 TEST(ReadFailure, EndsTheFileAndKeepsItsErrorNumber) {
@@ -316,7 +344,6 @@ TEST(ReadFailure, EndsTheFileAndKeepsItsErrorNumber) {
   std::string_view line;
   EXPECT_FALSE(read_line(reader, line));
   EXPECT_EQ(reader.error, EIO);
-  close(reader);
 }
 
 }  // namespace

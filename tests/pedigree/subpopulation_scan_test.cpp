@@ -69,6 +69,18 @@ TEST(ScanSubpopulations, CountsBirthsByYear) {
   EXPECT_EQ(result.row(3), (Numbers{2, 0}));
 }
 
+TEST(ScanSubpopulations, OnlyYearsFromOneOnCount) {
+  const Scan result = scan(
+      "a 0 0 m -1 rough\n"
+      "b 0 0 m 0 rough\n"  // without a year; the range -1 to 1 has a row of that number
+      "c 0 0 m 1 rough\n",
+      {"rough", "smooth"});
+  EXPECT_EQ(result.years.row_count, 3);
+  EXPECT_EQ(result.row(1), (Numbers{0, 0}));
+  EXPECT_EQ(result.row(2), (Numbers{0, 0}));
+  EXPECT_EQ(result.row(3), (Numbers{1, 0}));
+}
+
 TEST(ScanSubpopulations, AnimalWithoutYearCountsInTheOverlapOnly) {
   const Scan result = scan(
       "pa  0  0  m 2000 rough\n"

@@ -460,6 +460,19 @@ TEST(WriteSummary, AnAgeWithExactlyOneHundredthIsNotKept) {
                               }));
 }
 
+TEST(WriteSummary, AnAgeWithLittleMoreThanOneHundredthIsKept) {
+  SummaryInput input(3, 2, 1);
+  put_row(input.tables.sire_age_classes, 1, {986, 14});
+  put_row(input.tables.dam_age_classes, 1, {7});
+  EXPECT_EQ(age_lines(input), (std::vector<std::string>{
+                                  "   Number of ages:            2",
+                                  "   Age    Fraction  Fraction",
+                                  "          fathers   mothers",
+                                  "     1       99.      100.",
+                                  "     2        1.        0.",
+                              }));
+}
+
 TEST(WriteSummary, AgesUpToTheLargestKeptOneAreShown) {
   // The sires of age 2 are too few to be kept, those of age 3 are not.
   SummaryInput input(3, 4, 2);
