@@ -787,6 +787,15 @@ TEST(HostileDisk, SmallReportCutByALimitIsTakenAway) {
   EXPECT_EQ(run.files.count("dogs.out"), 0U);
 }
 
+TEST(HostileDisk, OfALinkedReportTheFileIsTakenAway) {
+  const RunFolder folder(files_of(with_header(family)));
+  std::filesystem::create_symlink("archive.out", folder.path("dogs.out"));
+  const WholeRun run = folder.run("ulimit -f 1 && \"$PROGRAM\" >/dev/null");
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(run.messages, "dogs.out: the report could not be written: File too large\n");
+  EXPECT_FALSE(std::filesystem::exists(folder.path("archive.out")));
+}
+
 TEST(HostileDisk, OldReportIsTakenAwayWhenTheNewOneHasNoRoom) {
   Files files = files_of(with_header(family));
   files["dogs.out"] = "last year's report\n";

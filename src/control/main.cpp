@@ -1,6 +1,8 @@
 // Connects a run to the program's own streams.
 
 #include <cstdio>
+#include <string>
+#include <string_view>
 
 #ifdef _WIN32
 #include <fcntl.h>
@@ -50,10 +52,37 @@ void prepare_streams() {
 }
 #endif
 
+constexpr std::string_view usage =
+    "usage: pedigreewatch\n"
+    "  Run it in the folder with the steer file pedigreewatch.ini, which names the data file. It writes the report\n"
+    "  beside the data file and shows its progress here.\n"
+    "  --help      shows this text\n"
+    "  --version   shows the version\n";
+
+void print(std::string_view text, std::FILE* file) {
+  std::fwrite(text.data(), 1, text.size(), file);
+}
+
+/// A run takes no arguments. Who gives one expects something else than the run of this folder, so that none is started;
+/// yields the exit status.
+int answer(std::string_view argument) {
+  if (argument == "--version") {
+    print("pedigreewatch " PEDIGREEWATCH_VERSION "\n", stdout);
+  } else if (argument == "--help" || argument == "-h") {
+    print(usage, stdout);
+  } else {
+    print("pedigreewatch: \"" + std::string(argument) + "\": no argument was expected\n", stderr);
+    print(usage, stderr);
+    return 1;
+  }
+  return std::fflush(stdout) == 0 ? 0 : 1;
+}
+
 }  // namespace
 
-int main() {
+int main(int argument_count, char** arguments) {
   prepare_streams();
+  if (argument_count > 1) return answer(arguments[1]);
   pedigreewatch::RunStreams streams;
   streams.console.file = stdout;
   streams.console.shows_each_line = is_terminal(stdout);

@@ -223,13 +223,18 @@ void run_phases(RunStreams& streams) {
   begin_phase(streams.phase_times, "end");
 }
 
+/// Removes a file, and of a link what it leads to; never a device.
+bool remove_regular_file(const std::string& name) {
+  std::error_code error;
+  const std::filesystem::path target = std::filesystem::canonical(name, error);
+  return !error && std::filesystem::is_regular_file(target, error) && std::filesystem::remove(target, error);
+}
+
 /// A report that is not complete must not look complete: it is taken away.
 void remove_incomplete_report(RunStreams& streams) {
   const std::string& name = streams.report.name;
   append(streams.messages, name + ": the report could not be written: " + error_text(streams.report.error));
-  std::error_code error;
-  const bool is_removed = std::filesystem::is_regular_file(name, error) && std::filesystem::remove(name, error);
-  if (!is_removed) append(streams.messages, "; what there is of it is not complete");
+  if (!remove_regular_file(name)) append(streams.messages, "; what there is of it is not complete");
   end_line(streams.messages);
 }
 
