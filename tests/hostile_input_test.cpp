@@ -734,6 +734,50 @@ TEST(HostilePedigrees, TwoHundredThousandAnimalsBornInOneYear) {
   EXPECT_EQ(count_of(report, block), 2U) << "one for each subpopulation";
 }
 
+// ---- Stopped from outside --------------------------------------------------------------------------------------
+
+/// Animals that are all born before their father: some megabytes of lines on the console, so that a run whose console
+/// is not read stands still in the middle.
+Files files_with_much_to_say() {
+  std::string lines = "A1;;;m;01-04-2010\n";
+  for (int n = 1; n <= 5000; ++n) lines += "B" + std::to_string(n) + ";A1;;f;01-04-2000\n";
+  return files_of(with_header(lines));
+}
+
+/// Starts the program, reads some of its console, sends it a signal and reads the rest.
+std::string stopped_in_the_middle(const std::string& signal) {
+  return "mkfifo console; \"$PROGRAM\" >console & program=$!; exec 3<console; head -c 9000 <&3 >/dev/null; kill -" +
+         signal + " $program; cat <&3 >/dev/null; rm console; wait $program";
+}
+
+TEST(HostileSignal, StoppedRunSaysSoAndTakesItsReportAway) {
+  for (const std::string signal : {"TERM", "HUP"}) {
+    const WholeRun run = RunFolder(files_with_much_to_say()).run(stopped_in_the_middle(signal));
+    EXPECT_EQ(run.exit_status, 1) << signal;
+    EXPECT_EQ(run.messages, "dogs.out: the report could not be written: the run was stopped from outside\n") << signal;
+    EXPECT_EQ(run.files.count("dogs.out"), 0U) << signal;
+  }
+}
+
+TEST(HostileSignal, IgnoredSignalsStayIgnored) {
+  const RunFolder folder(files_with_much_to_say());
+  const WholeRun run = folder.run("trap '' HUP; " + stopped_in_the_middle("HUP"));
+  EXPECT_EQ(run.exit_status, 0);
+  EXPECT_EQ(run.messages, "");
+  EXPECT_EQ(run.file("dogs.out"), run_program_on(files_with_much_to_say()).file("dogs.out"));
+}
+
+TEST(HostileSignal, BeforeThereIsAReportASignalJustEndsTheProgram) {
+  Files files = files_of(with_header(family));
+  files.erase("dogs.txt");
+  files["dogs.out"] = "last year's report\n";
+  const WholeRun run = RunFolder(files).run(
+      "mkfifo keys; \"$PROGRAM\" <keys >console.txt & program=$!; exec 3>keys; "
+      "until grep -q 'cannot find the data file' console.txt; do sleep 0.05; done; kill $program; wait $program");
+  EXPECT_EQ(run.exit_status, 128 + 15);
+  EXPECT_EQ(run.file("dogs.out"), "last year's report\n");
+}
+
 // ---- Disks, consoles, keyboards, memory ------------------------------------------------------------------------
 
 /// A report of about a megabyte: it goes to the disk in several pieces, long before the run's end.

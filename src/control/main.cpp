@@ -1,5 +1,6 @@
 // Connects a run to the program's own streams.
 
+#include <csignal>
 #include <cstdio>
 #include <string>
 #include <string_view>
@@ -10,13 +11,21 @@
 #else
 #include <fcntl.h>
 #include <unistd.h>
-
-#include <csignal>
 #endif
 
 #include "control/run_driver.h"
 
 namespace {
+
+/// Set by a signal, which reaches nothing that is not global. The run ends at its next line on the console, and takes
+/// the report away, which is not complete.
+volatile std::sig_atomic_t stop_request = 0;
+
+/// A second signal ends the program at once.
+void request_stop(int signal) {
+  std::signal(signal, SIG_DFL);
+  stop_request = 1;
+}
 
 #ifdef _WIN32
 bool is_terminal(std::FILE* file) {
@@ -28,6 +37,10 @@ void prepare_streams() {
   _setmode(_fileno(stdin), _O_BINARY);
   _setmode(_fileno(stdout), _O_BINARY);
   _setmode(_fileno(stderr), _O_BINARY);
+}
+
+void watch_for_stop() {
+  for (const int signal : {SIGINT, SIGTERM, SIGBREAK}) std::signal(signal, request_stop);
 }
 #else
 bool is_terminal(std::FILE* file) {
@@ -49,6 +62,13 @@ void prepare_streams() {
   occupy_closed_streams();
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
+}
+
+/// What the user has the program ignore, as `nohup` does, stays ignored.
+void watch_for_stop() {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    if (std::signal(signal, request_stop) == SIG_IGN) std::signal(signal, SIG_IGN);
+  }
 }
 #endif
 
@@ -89,5 +109,7 @@ int main(int argument_count, char** arguments) {
   streams.messages.file = stderr;
   streams.messages.shows_each_line = true;
   streams.keyboard = stdin;
+  streams.console.stop_request = &stop_request;
+  streams.when_report_is_open = watch_for_stop;
   return pedigreewatch::run_program(streams);
 }

@@ -72,6 +72,7 @@ void open_report(const SteerSettings& settings, const LineReader& data, RunStrea
   std::setvbuf(streams.report.file, nullptr, _IONBF, 0);  // the stream has a buffer of its own
   streams.report.is_essential = true;
   streams.report.name = name;
+  if (streams.when_report_is_open != nullptr) streams.when_report_is_open();
 }
 
 /// Counts the lines of the data file and goes back to its start. Beyond a hundred million lines the count is given
@@ -233,7 +234,9 @@ bool remove_regular_file(const std::string& name) {
 /// A report that is not complete must not look complete: it is taken away.
 void remove_incomplete_report(RunStreams& streams) {
   const std::string& name = streams.report.name;
-  append(streams.messages, name + ": the report could not be written: " + error_text(streams.report.error));
+  const std::string reason =
+      is_stop_requested(streams.console) ? "the run was stopped from outside" : error_text(streams.report.error);
+  append(streams.messages, name + ": the report could not be written: " + reason);
   if (!remove_regular_file(name)) append(streams.messages, "; what there is of it is not complete");
   end_line(streams.messages);
 }
@@ -265,6 +268,7 @@ int run_program(RunStreams& streams) {
     run_phases(streams);
   } catch (const RunStopped& stop) {
     exit_status = stop.exit_status;
+    if (is_stop_requested(streams.console)) streams.report.error = EINTR;
   } catch (const std::bad_alloc&) {
     exit_status = give_up_for_memory(streams);
   } catch (const std::length_error&) {  // more elements than any memory holds

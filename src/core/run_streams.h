@@ -12,10 +12,12 @@
 namespace pedigreewatch {
 
 struct RunStreams {
-  TextOutput console;                 ///< standard output: progress and messages
-  TextOutput report;                  ///< the ReportFile
-  TextOutput messages;                ///< standard error: what the input and output layer has to say
-  std::FILE* keyboard = nullptr;      ///< standard input, for the one wait after a missing file; null: no wait
+  TextOutput console;             ///< standard output: progress and messages
+  TextOutput report;              ///< the ReportFile
+  TextOutput messages;            ///< standard error: what the input and output layer has to say
+  std::FILE* keyboard = nullptr;  ///< standard input, for the one wait after a missing file; null: no wait
+  /// Called when the report has been opened: from then on a run that is stopped has something to take away.
+  void (*when_report_is_open)() = nullptr;
   PhaseTimes* phase_times = nullptr;  ///< for benchmarks; null: nobody measures
 };
 

@@ -2,14 +2,15 @@
 // collected in a buffer and go to the file in large pieces, or line by line where somebody is watching.
 #pragma once
 
+#include <csignal>
 #include <cstdio>
 #include <string>
 #include <string_view>
 
 namespace pedigreewatch {
 
-/// Ends the run: thrown by `stop_run`, and by `flush` when a stream fails without which the run is worth nothing. The
-/// driver alone catches it.
+/// Ends the run: thrown by `stop_run`, by `flush` when a stream fails without which the run is worth nothing, and by
+/// `end_line` when the user stops the program. The driver alone catches it.
 struct RunStopped {
   int exit_status = 1;
 };
@@ -21,12 +22,19 @@ struct TextOutput {
   bool shows_each_line = false;  ///< a terminal: the lines are the progress sign, so each one is shown at once
   int error = 0;                 ///< errno of the first write that failed, 0 while all is well
   bool is_essential = false;     ///< the report: a run whose report cannot be written stops at once
+  /// The console's: not 0 as soon as somebody wants the run to end. Null: nobody can.
+  const volatile std::sig_atomic_t* stop_request = nullptr;
 };
+
+/// Whether somebody wants the run to end.
+inline bool is_stop_requested(const TextOutput& output) {
+  return output.stop_request != nullptr && *output.stop_request != 0;
+}
 
 /// Adds `bytes` to the output.
 void append(TextOutput& output, std::string_view bytes);
 
-/// Ends the line at hand with one line feed.
+/// Ends the line at hand with one line feed. Stops the run behind it when that is requested.
 void end_line(TextOutput& output);
 
 /// Hands everything collected so far to the file. A failure is kept in `error`, and stops the run
