@@ -60,7 +60,7 @@ struct AnimalRecord {
 
   alignas(64) FixedText<50> name;
 };
-static_assert(sizeof(AnimalRecord) == 5 * 64);
+static_assert(sizeof(AnimalRecord) == std::size_t{5} * 64);
 
 struct PopulationStore {
   std::vector<AnimalRecord> animals;  ///< the animal of position p is animals[p - 1]
