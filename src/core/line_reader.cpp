@@ -75,9 +75,9 @@ bool open_for_reading(LineReader& reader, const std::string& name) {
   std::error_code ignored;
   if (std::filesystem::is_directory(name, ignored)) return false;
   reader.file.reset(std::fopen(name.c_str(), "rb"));
-  if (reader.file != nullptr)
-    std::setvbuf(reader.file.get(), nullptr, _IONBF, 0);  // the reader has a buffer of its own
-  return reader.file != nullptr;
+  if (reader.file == nullptr) return false;
+  std::setvbuf(reader.file.get(), nullptr, _IONBF, 0);  // the reader has a buffer of its own
+  return true;
 }
 
 bool read_line(LineReader& reader, std::string_view& line) {
@@ -122,8 +122,8 @@ bool skip_line(LineReader& reader) {
 
 void rewind(LineReader& reader) {
   errno = 0;
-  if (reader.file != nullptr && std::fseek(reader.file.get(), 0, SEEK_SET) != 0)
-    reader.error = errno != 0 ? errno : EIO;
+  const bool has_failed = reader.file != nullptr && std::fseek(reader.file.get(), 0, SEEK_SET) != 0;
+  if (has_failed) reader.error = errno != 0 ? errno : EIO;
   reader.next = reader.filled = reader.text_taken = 0;
   reader.at_start = true;
   reader.line_number = 0;

@@ -122,7 +122,7 @@ void place_animal(SortState& state, std::int32_t i, const PopulationStore& store
 void fetch_parents(const SortState& state, const AnimalRecord& animal, const PopulationStore& store) {
   for (const std::int32_t parent : {animal.sire_no, animal.dam_no}) {
     if (parent == 0) continue;
-    fetch_early(&store.at(parent).birth_year);
+    fetch_early(&store.at(parent));
     fetch_early(&state.remaining[static_cast<std::size_t>(parent)]);
   }
 }

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <string>
 
@@ -19,6 +20,19 @@ std::string bytes_in(std::FILE* file) {
   for (int byte = std::fgetc(file); byte != EOF; byte = std::fgetc(file)) bytes.push_back(static_cast<char>(byte));
   std::fseek(file, 0, SEEK_END);
   return bytes;
+}
+
+TEST(TextOutput, StopRequestEndsTheRunBehindTheLine) {
+  volatile std::sig_atomic_t request = 0;
+  TextOutput console;
+  console.stop_request = &request;
+  append(console, "rex");
+  end_line(console);
+  request = 1;
+  append(console, "saar");
+  EXPECT_THROW(end_line(console), RunStopped);
+  EXPECT_EQ(console.pending, "rex\nsaar\n");
+  EXPECT_NO_THROW(flush(console)) << "what was printed still reaches its file";
 }
 
 TEST(TextOutput, WithoutAFileKeepsWhatIsPrinted) {
