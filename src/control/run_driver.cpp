@@ -132,14 +132,14 @@ void scan_subpopulation_tables(const PopulationStore& store, const SteerSettings
   analysis.membership = find_membership(store, settings.subpopulation_names);
   analysis.whole.subpopulation_years = {store.birth_years.row_count(), settings.subpopulation_count};
   analysis.whole.overlap = SubpopulationOverlap(settings.subpopulation_count);
-  scan_subpopulations(store, *analysis.membership, settings.english, analysis.whole.subpopulation_years,
-                      analysis.whole.overlap, streams.console);
+  scan_subpopulations(store, *analysis.membership, analysis.whole.subpopulation_years, analysis.whole.overlap,
+                      streams.console);
 }
 
 void compute_statistics(PopulationStore& store, SteerSettings& settings, const YearGroups& years,
                         const std::string& data_file, Analysis& analysis, RunStreams& streams) {
   begin_phase(streams.phase_times, "yearly statistics");
-  const OldestParents oldest = determine_parent_ages(store, settings.english, streams.console);
+  const OldestParents oldest = determine_parent_ages(store, streams.console);
   check_parent_ages(store, oldest, data_file, streams);
   determine_completeness(store);
   if (!store.has_colour) settings.colour_count = 1;
@@ -147,7 +147,7 @@ void compute_statistics(PopulationStore& store, SteerSettings& settings, const Y
       make_monitor_tables(store.birth_years, oldest, settings.colour_count, analysis.breeders.top_breeder_count);
   summarise_completeness(store, years, analysis.monitor);
   monitor_population(store, settings, years, analysis.breeders, analysis.monitor, streams.console);
-  analysis.whole.top_sires = compute_top_sires(store, years, settings.english, streams.console);
+  analysis.whole.top_sires = compute_top_sires(store, years, streams.console);
   turn_days_into_years(analysis.monitor.mean_sire_age);
   turn_days_into_years(analysis.monitor.mean_dam_age);
   const std::vector<std::int32_t> everybody = all_positions(store);
@@ -172,10 +172,10 @@ void compute_genetics(PopulationStore& store, const SteerSettings& settings, con
   whole.kinship = {rows, kinship_column_count(settings.subpopulation_count)};
   begin_phase(streams.phase_times, "inbreeding");
   const AncestorPedigree ancestors = make_ancestor_pedigree(store);
-  compute_inbreeding(store, ancestors, settings.english, streams.console);
+  compute_inbreeding(store, ancestors, streams.console);
   begin_phase(streams.phase_times, "kinship per year");
   compute_kinship_by_year(store, ancestors, years, analysis.membership ? &*analysis.membership : nullptr,
-                          settings.english, whole.inbreeding, whole.kinship, streams.console);
+                          whole.inbreeding, whole.kinship, streams.console);
   echo_inbreeding(whole.inbreeding, streams.console);
   whole.rates = compute_rates(store.birth_years.count, whole.inbreeding);
 }
@@ -194,7 +194,6 @@ void report_subpopulations(const PopulationStore& store, const SteerSettings& se
 /// The phases.
 void run_phases(RunStreams& streams) {
   SteerSettings settings = read_steer_file(streams);
-  const bool english = settings.english;
   print_banner(streams.console);
   LineReader data = open_data_file(settings, streams);
   open_report(settings, data, streams);
@@ -202,12 +201,12 @@ void run_phases(RunStreams& streams) {
   check_year_span(store, data.name, streams);  // the birth years never change from here on
   Analysis analysis;
   begin_phase(streams.phase_times, "breeders");
-  analysis.breeders = store.has_breeder ? list_breeders(store, english, streams.console) : no_breeders();
+  analysis.breeders = store.has_breeder ? list_breeders(store, streams.console) : no_breeders();
   {
     begin_phase(streams.phase_times, "missing parents");
     const IdIndex index = append_missing_parents(store, streams.console);  // `animal_count` is final
     begin_phase(streams.phase_times, "linking and sorting");
-    link_parents(store, index, english, streams);  // parents stand before their offspring
+    link_parents(store, index, streams);  // parents stand before their offspring
   }
   begin_phase(streams.phase_times, "subpopulation scan");
   scan_subpopulation_tables(store, settings, analysis, streams);
@@ -215,12 +214,12 @@ void run_phases(RunStreams& streams) {
   compute_statistics(store, settings, years, data.name, analysis, streams);
   compute_genetics(store, settings, years, analysis, streams);
   begin_phase(streams.phase_times, "report");
-  write_report({streams.report, store.birth_years, settings.nouns, english}, store, settings, analysis.monitor,
+  write_report({streams.report, store.birth_years, settings.nouns}, store, settings, analysis.monitor,
                analysis.breeders, analysis.overall_ages, analysis.busiest, analysis.whole);
   analysis.monitor = {};
   begin_phase(streams.phase_times, "subpopulation blocks");
   report_subpopulations(store, settings, analysis, streams);
-  write_free_line(streams.console, {finished.in(english), settings.population_name});
+  write_free_line(streams.console, {finished, settings.population_name});
   begin_phase(streams.phase_times, "end");
 }
 

@@ -105,13 +105,13 @@ std::size_t read_column_list(std::string_view line, ColumnMap& codes) {
 
 void read_columns_part(LineReader& reader, RunStreams& streams, SteerSettings& settings) {
   if (says_yes(next_line(reader))) {
-    write_free_line(streams.console, {header_present.in(settings.english)});
+    write_free_line(streams.console, {header_present});
     return;
   }
   next_line(reader);  // a comment
   const std::int64_t counted = count_on(next_line(reader));
   const std::int64_t column_count = counted > INT32_MAX ? 0 : counted;  // a number that cannot be read
-  write_free_line(streams.console, {column_count, columns_counted.in(settings.english)});
+  write_free_line(streams.console, {column_count, columns_counted});
   next_line(reader);  // a comment
   const std::size_t kept = read_column_list(next_line(reader), settings.column_codes);
   const std::vector<LineItem> echo(settings.column_codes.begin(),
@@ -153,20 +153,19 @@ void read_names_and_layout(LineReader& reader, RunStreams& streams, SteerSetting
   settings.male_letters = {male_letter, other_case(male_letter)};
   const FixedText<2> language(next_line(reader));
   settings.english = language.full() == "en" || language.full() == "En";
+  streams.console.is_english = streams.report.is_english = settings.english;
   settings.species_index = species_index_of(species_word, settings.english);
 }
 
 void echo_settings(const SteerSettings& settings, TextOutput& console) {
-  const bool english = settings.english;
   const std::vector<LineItem> colours(settings.colour_names.begin(), settings.colour_names.end());
-  write_free_line(console, {colours_heading.in(english)});
+  write_free_line(console, {colours_heading});
   write_free_line(console, colours);
-  write_free_line(console,
-                  {data_for.in(english), settings.population_name, read_from.in(english), settings.data_file_name});
-  write_free_line(console, {written_to.in(english), settings.report_file_name});
-  write_free_line(console, {subpopulations_allowed.in(english)});
+  write_free_line(console, {data_for, settings.population_name, read_from, settings.data_file_name});
+  write_free_line(console, {written_to, settings.report_file_name});
+  write_free_line(console, {subpopulations_allowed});
   for (const SubpopulationName& name : settings.subpopulation_names) write_free_line(console, {name});
-  write_free_line(console, {colours_allowed.in(english)});
+  write_free_line(console, {colours_allowed});
   for (const ColourName& name : settings.colour_names) write_free_line(console, {name});
 }
 

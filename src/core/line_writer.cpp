@@ -111,7 +111,13 @@ void append_real(TextOutput& output, double value, std::size_t width, std::size_
   append_justified(output, digits, width);
 }
 
-void append_field(TextOutput& output, const FieldEntry& entry, const LineItem& item, std::string_view field_list) {
+/// An item with its text in the language of the output.
+LineItem in_language_of(const TextOutput& output, const LineItem& item) {
+  return item.kind == LineItem::Kind::wording ? LineItem(item.wording->in(output.is_english)) : item;
+}
+
+void append_field(TextOutput& output, const FieldEntry& entry, const LineItem& any_item, std::string_view field_list) {
+  const LineItem item = in_language_of(output, any_item);
   switch (entry.letter) {
     case 'A':
       if (item.kind != LineItem::Kind::text) refuse(field_list, "a text was expected");
@@ -212,6 +218,10 @@ void write_format_line(TextOutput& output, std::string_view field_list, std::ini
   write_format_line(output, field_list, std::span<const LineItem>(items.begin(), items.size()));
 }
 
+void write_format_line(TextOutput& output, const Wording& field_list, std::initializer_list<LineItem> items) {
+  write_format_line(output, field_list.in(output.is_english), items);
+}
+
 std::string with_column_count(std::string_view field_list, std::int64_t count) {
   constexpr std::size_t place = 4, length = 3;
   std::string digits = std::to_string(std::max<std::int64_t>(count, 0));
@@ -222,7 +232,8 @@ std::string with_column_count(std::string_view field_list, std::int64_t count) {
 
 void write_free_line(TextOutput& output, std::span<const LineItem> items) {
   FreeLine line{output};
-  for (const LineItem& item : items) {
+  for (const LineItem& any_item : items) {
+    const LineItem item = in_language_of(output, any_item);
     if (item.kind == LineItem::Kind::real) throw std::invalid_argument("a free-form line holds no reals");
     if (item.kind == LineItem::Kind::text) {
       add_text(line, item.text);

@@ -21,6 +21,7 @@
 
 #include "core/fixed_text.h"
 #include "core/text_output.h"
+#include "core/wording.h"
 
 namespace pedigreewatch {
 
@@ -29,14 +30,16 @@ struct UndefinedInteger {};
 
 /// One item of a line. Texts are looked at, not copied: they must live until the line is written.
 struct LineItem {
-  enum class Kind { text, integer, undefined_integer, real };
+  enum class Kind { text, wording, integer, undefined_integer, real };
 
   Kind kind;
   std::string_view text = {};
+  const Wording* wording = nullptr;
   std::int64_t integer = 0;
   double real = 0.0;
 
   LineItem(const char* value) : kind(Kind::text), text(value) {}
+  LineItem(const Wording& value) : kind(Kind::wording), wording(&value) {}
   LineItem(std::string_view value) : kind(Kind::text), text(value) {}
   LineItem(const std::string& value) : kind(Kind::text), text(value) {}
   template <std::size_t Width>
@@ -52,6 +55,8 @@ struct LineItem {
 /// item (a text for `I8`): a mistake of the caller, never of the data.
 void write_format_line(TextOutput& output, std::string_view field_list, std::span<const LineItem> items);
 void write_format_line(TextOutput& output, std::string_view field_list, std::initializer_list<LineItem> items);
+/// The same with a field list for each language.
+void write_format_line(TextOutput& output, const Wording& field_list, std::initializer_list<LineItem> items);
 
 /// A field list whose number of columns is known at run time only: `count` takes the place of the three digits at
 /// the fifth to seventh position of `field_list`, with leading zeros: ("(I8,005I8) ", 12) gives "(I8,012I8) ".

@@ -19,6 +19,7 @@ struct TextOutput {
   std::FILE* file = nullptr;     ///< null: the bytes stay in `pending` (tests read them there)
   std::string name;              ///< of the file, for messages
   std::string pending;           ///< bytes not yet handed to the file
+  bool is_english = true;        ///< which text of a Wording is written
   bool shows_each_line = false;  ///< a terminal: the lines are the progress sign, so each one is shown at once
   int error = 0;                 ///< errno of the first write that failed, 0 while all is well
   bool is_essential = false;     ///< the report: a run whose report cannot be written stops at once

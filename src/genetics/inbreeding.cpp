@@ -110,14 +110,13 @@ WorkPlan plan_work(const MatingList& list, const AncestorPedigree& ancestors) {
 /// the work that its number stands for has been done.
 struct InbreedingProgress {
   std::int32_t animal_count = 0, interval = 0;
-  bool english = false;
   TextOutput& console;
   std::int32_t next = interval;
 
   void show(std::size_t matings_done, std::size_t mating_count) {
     while (next < animal_count &&
            static_cast<std::uint64_t>(next) * mating_count <= static_cast<std::uint64_t>(animal_count) * matings_done) {
-      write_free_line(console, {animal_no.in(english), next, coefficient_estimated.in(english)});
+      write_free_line(console, {animal_no, next, coefficient_estimated});
       next += interval;
     }
   }
@@ -151,9 +150,8 @@ std::vector<float> walk_matings(const MatingList& list, const AncestorPedigree& 
 
 }  // namespace
 
-void compute_inbreeding(PopulationStore& store, const AncestorPedigree& ancestors, bool english, TextOutput& console) {
-  InbreedingProgress progress{store.animal_count, progress_interval(store.animal_count, 200, 500, 1000), english,
-                              console};
+void compute_inbreeding(PopulationStore& store, const AncestorPedigree& ancestors, TextOutput& console) {
+  InbreedingProgress progress{store.animal_count, progress_interval(store.animal_count, 200, 500, 1000), console};
   MatingList list = list_matings(store, ancestors);
   gather_relatives(list, ancestors);
   const std::vector<float> f = walk_matings(list, ancestors, progress);

@@ -302,12 +302,12 @@ RelationshipSums sum_relationships(const PopulationStore& store, const AncestorP
 }
 
 void compute_kinship_by_year(const PopulationStore& store, const AncestorPedigree& ancestors, const YearGroups& years,
-                             const SubpopulationMembership* membership, bool english,
-                             YearTable<float>& inbreeding_table, YearTable<float>& kinship_table, TextOutput& console) {
+                             const SubpopulationMembership* membership, YearTable<float>& inbreeding_table,
+                             YearTable<float>& kinship_table, TextOutput& console) {
   KinshipScratch scratch = make_kinship_scratch(store, ancestors);
   for (std::int64_t row = 1; row <= store.birth_years.row_count(); ++row) {
     const std::int32_t year = store.birth_years.year_of(row);
-    write_free_line(console, {compute_kinships.in(english), year});
+    write_free_line(console, {compute_kinships, year});
     const std::span<const std::int32_t> cohort = years.of_row(row);
     if (cohort.empty() || year == 0) continue;  // an animal without a birth year belongs to no cohort
     cohort_kinship(store, ancestors, cohort, row, scratch, inbreeding_table);

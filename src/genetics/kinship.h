@@ -36,8 +36,8 @@ std::int64_t kinship_column_count(std::int64_t subpopulation_count);
 /// that the group has from each animal, found in one upward pass through the pedigree, the sum of all relationships
 /// between two groups is the sum of w1 w2 d over all animals, d being the within-family variance.
 void compute_kinship_by_year(const PopulationStore& store, const AncestorPedigree& ancestors, const YearGroups& years,
-                             const SubpopulationMembership* membership, bool english,
-                             YearTable<float>& inbreeding_table, YearTable<float>& kinship_table, TextOutput& console);
+                             const SubpopulationMembership* membership, YearTable<float>& inbreeding_table,
+                             YearTable<float>& kinship_table, TextOutput& console);
 
 /// For groups of animals of one cohort the sums of relationships within and between them: entry (g, h) of a square
 /// matrix, in double precision.

@@ -35,13 +35,13 @@ std::vector<SireUse> sires_by_use(const PopulationStore& store, std::span<const 
 
 }  // namespace
 
-TopSires compute_top_sires(const PopulationStore& store, const YearGroups& years, bool english, TextOutput& console) {
+TopSires compute_top_sires(const PopulationStore& store, const YearGroups& years, TextOutput& console) {
   const std::int64_t rows = store.birth_years.row_count();
   TopSires result{{rows, 1}, {rows, 1}, {rows, top_sire_columns}};
   std::vector<std::int32_t> offspring(store.animals.size() + 1, 0);
   for (std::int64_t row = 1; row <= rows; ++row) {
     const std::int32_t year = store.birth_years.year_of(row);
-    write_free_line(console, {compute_contribution.in(english), year});
+    write_free_line(console, {compute_contribution, year});
     if (year == 0) continue;  // animals without a birth year are never counted
     const std::vector<SireUse> sires = sires_by_use(store, years.of_row(row), offspring);
     if (sires.empty()) continue;

@@ -21,6 +21,6 @@ struct TopSires {
 
 /// Counts the fathers of each birth year. Shares are shares of the animals with a known father. Of fathers with the
 /// same number of offspring the one that stands last in the store comes first.
-TopSires compute_top_sires(const PopulationStore& store, const YearGroups& years, bool english, TextOutput& console);
+TopSires compute_top_sires(const PopulationStore& store, const YearGroups& years, TextOutput& console);
 
 }  // namespace pedigreewatch

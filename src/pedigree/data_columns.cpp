@@ -108,21 +108,20 @@ constexpr std::array<FieldAnnouncement, 12> announcements = {{
 constexpr std::int32_t word_length = 16;
 using ColumnWord = FixedText<word_length>;
 
-void report_word(std::int32_t column_no, const ColumnWord& word, bool is_known, bool english, TextOutput& console) {
+void report_word(std::int32_t column_no, const ColumnWord& word, bool is_known, TextOutput& console) {
   if (is_known) {
-    write_free_line(console, {name_found.in(english), column_no, word});
+    write_free_line(console, {name_found, column_no, word});
     return;
   }
-  write_free_line(console,
-                  {name.in(english), word, found_for_column.in(english), column_no, not_recognised.in(english)});
-  write_free_line(console, {check.in(english)});
-  write_free_line(console, {column.in(english), column_no, will_be_skipped.in(english)});
+  write_free_line(console, {name, word, found_for_column, column_no, not_recognised});
+  write_free_line(console, {check});
+  write_free_line(console, {column, column_no, will_be_skipped});
 }
 
-void report_empty_word(std::int32_t column_no, bool english, TextOutput& console) {
-  write_free_line(console, {no_name_found.in(english), column_no});
-  write_free_line(console, {check_delimiters.in(english)});
-  write_free_line(console, {column.in(english), column_no, will_be_skipped.in(english)});
+void report_empty_word(std::int32_t column_no, TextOutput& console) {
+  write_free_line(console, {no_name_found, column_no});
+  write_free_line(console, {check_delimiters});
+  write_free_line(console, {column, column_no, will_be_skipped});
 }
 
 void set_flag(PopulationStore& store, FieldCode code, bool is_found) {
@@ -138,22 +137,22 @@ void set_flag(PopulationStore& store, FieldCode code, bool is_found) {
   }
 }
 
-void announce(const FieldAnnouncement& field, std::int32_t column_no, bool english, TextOutput& console) {
-  write_free_line(console, {column_number.in(english), column_no, field.found.in(english)});
+void announce(const FieldAnnouncement& field, std::int32_t column_no, TextOutput& console) {
+  write_free_line(console, {column_number, column_no, field.found});
   for (const Wording& line : field.further) {
-    if (!line.english.empty()) write_free_line(console, {line.in(english)});
+    if (!line.english.empty()) write_free_line(console, {line});
   }
 }
 
-void announce_fields(const ColumnMap& columns, bool english, PopulationStore& store, TextOutput& console) {
+void announce_fields(const ColumnMap& columns, PopulationStore& store, TextOutput& console) {
   for (const FieldAnnouncement& field : announcements) {
     const auto* const first = std::find(columns.begin(), columns.end(), static_cast<std::int32_t>(field.code));
     const bool is_found = first != columns.end();
     set_flag(store, field.code, is_found);
     if (is_found) {
-      announce(field, static_cast<std::int32_t>(first - columns.begin()) + 1, english, console);
+      announce(field, static_cast<std::int32_t>(first - columns.begin()) + 1, console);
     } else if (!field.missing.front().english.empty()) {
-      for (const Wording& line : field.missing) write_free_line(console, {line.in(english)});
+      for (const Wording& line : field.missing) write_free_line(console, {line});
       stop_run();
     }
   }
@@ -174,11 +173,11 @@ ColumnMap read_header_line(std::string_view line, const SteerSettings& settings,
     if (found == place) {
       // The place stays, so that the same delimiter is met in every further column.
       if (settings.merge_delimiters) continue;
-      report_empty_word(column_no, settings.english, console);
+      report_empty_word(column_no, console);
     }
     const ColumnWord word(without_leading_blanks(std::string_view(text).substr(place, end - place)));
     columns[i] = field_code_of(word.full());
-    report_word(column_no, word, columns[i] != unused_column, settings.english, console);
+    report_word(column_no, word, columns[i] != unused_column, console);
     place = end + 1;
     if (place + 1 >= line_length) break;
   }
@@ -197,7 +196,7 @@ ColumnMap read_columns(LineReader& data, const SteerSettings& settings, Populati
     }
     columns = read_header_line(header, settings, streams.console);
   }
-  announce_fields(columns, settings.english, store, streams.console);
+  announce_fields(columns, store, streams.console);
   return columns;
 }
 

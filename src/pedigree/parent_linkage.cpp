@@ -23,11 +23,11 @@ void count_offspring(PopulationStore& store, std::int32_t parent_no, bool child_
 
 }  // namespace
 
-void link_parents(PopulationStore& store, const IdIndex& index, bool english, RunStreams& streams) {
+void link_parents(PopulationStore& store, const IdIndex& index, RunStreams& streams) {
   ProgressCounter progress{progress_interval(store.animal_count, 100, 200, 500)};
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
     if (progress.is_due()) {
-      write_free_line(streams.console, {animal_no.in(english), i - 1, parents_found.in(english)});
+      write_free_line(streams.console, {animal_no, i - 1, parents_found});
     }
     AnimalRecord& animal = store.at(i);
     fetch_later_parents(store, animal);
@@ -45,7 +45,7 @@ void link_parents(PopulationStore& store, const IdIndex& index, bool english, Ru
       if (animal.dam_no != 0) count_offspring(store, animal.dam_no, is_import);
     }
   }
-  sort_pedigree(store, english, streams);
+  sort_pedigree(store, streams);
 }
 
 }  // namespace pedigreewatch

@@ -11,6 +11,6 @@ namespace pedigreewatch {
 /// store, so that afterwards parents stand before their offspring. A number that is there already was found by
 /// `append_missing_parents` and is kept; the others are looked up in `index`, which holds all identifications. Of two
 /// records with one identification the first is the parent. A loop in the pedigree stops the run.
-void link_parents(PopulationStore& store, const IdIndex& index, bool english, RunStreams& streams);
+void link_parents(PopulationStore& store, const IdIndex& index, RunStreams& streams);
 
 }  // namespace pedigreewatch

@@ -27,35 +27,34 @@ constexpr Wording and_mother = {"        and mother ", "        en moeder "};
 constexpr Wording will_stop = {"program will stop", "programma wordt gestopt"};
 constexpr Wording has_stopped = {"program stopped", "programma is gestopt"};
 
-void print_number_line(const AnimalRecord& animal, const Wording& label, bool english, TextOutput& output) {
+void print_number_line(const AnimalRecord& animal, const Wording& label, TextOutput& output) {
   if (animal.birth_year == 0) {
-    write_free_line(
-        output, {label.in(english), animal.number, herdbook_number.in(english), animal.id, born_unknown.in(english)});
+    write_free_line(output, {label, animal.number, herdbook_number, animal.id, born_unknown});
     return;
   }
-  write_free_line(output, {label.in(english), animal.number, herdbook_number.in(english), animal.id, born.in(english),
-                           animal.birth_day, "/", animal.birth_month, "/", animal.birth_year});
+  write_free_line(output, {label, animal.number, herdbook_number, animal.id, born, animal.birth_day, "/",
+                           animal.birth_month, "/", animal.birth_year});
 }
 
 /// An unknown parent shows as blanks and 0 in an English run, and as a line of its own on the Dutch console.
 void print_parent(const PopulationStore& store, std::int32_t parent, const Wording& label,
-                  std::string_view unknown_on_console, bool english, RunStreams& streams) {
-  if (!english && parent == 0) return write_free_line(streams.console, {unknown_on_console});
+                  std::string_view unknown_on_console, RunStreams& streams) {
+  if (!streams.console.is_english && parent == 0) return write_free_line(streams.console, {unknown_on_console});
   const AnimalRecord nobody;
   const AnimalRecord& record = parent == 0 ? nobody : store.at(parent);
   for (TextOutput* output : {&streams.console, &streams.report}) {
-    write_free_line(*output, {label.in(english), record.name});
-    print_number_line(record, parent_no, english, *output);
+    write_free_line(*output, {label, record.name});
+    print_number_line(record, parent_no, *output);
   }
 }
 
-void print_animal(const PopulationStore& store, const AnimalRecord& animal, bool english, RunStreams& streams) {
+void print_animal(const PopulationStore& store, const AnimalRecord& animal, RunStreams& streams) {
   for (TextOutput* output : {&streams.console, &streams.report}) {
-    write_free_line(*output, {name_is.in(english), animal.name});
-    print_number_line(animal, animal_no, english, *output);
+    write_free_line(*output, {name_is, animal.name});
+    print_number_line(animal, animal_no, *output);
   }
-  print_parent(store, animal.sire_no, with_father, "father unknown", english, streams);
-  print_parent(store, animal.dam_no, and_mother, "mother unknown", english, streams);
+  print_parent(store, animal.sire_no, with_father, "father unknown", streams);
+  print_parent(store, animal.dam_no, and_mother, "mother unknown", streams);
   for (TextOutput* output : {&streams.console, &streams.report}) write_free_line(*output, {"    "});
 }
 
@@ -96,21 +95,20 @@ std::vector<char> find_settled(const PopulationStore& store, std::span<const std
 
 }  // namespace
 
-void report_pedigree_loop(const PopulationStore& store, std::span<const std::int32_t> unplaced, bool english,
-                          RunStreams& streams) {
-  write_free_line(streams.console, {probably_a_loop.in(english)});
-  write_free_line(streams.report, {probably_a_loop.in(english)});
+void report_pedigree_loop(const PopulationStore& store, std::span<const std::int32_t> unplaced, RunStreams& streams) {
+  write_free_line(streams.console, {probably_a_loop});
+  write_free_line(streams.report, {probably_a_loop});
   std::vector<LineItem> numbers = {"unsnrs"};
   for (const std::int32_t i : unplaced) numbers.emplace_back(store.at(i).number);
   write_free_line(streams.console, numbers);
   const std::vector<char> settled = find_settled(store, unplaced);
-  write_free_line(streams.console, {cannot_be_sorted.in(english)});
-  write_free_line(streams.report, {cannot_be_sorted.in(english)});
+  write_free_line(streams.console, {cannot_be_sorted});
+  write_free_line(streams.report, {cannot_be_sorted});
   for (const std::int32_t i : unplaced) {
-    if (settled[static_cast<std::size_t>(i)] == 0) print_animal(store, store.at(i), english, streams);
+    if (settled[static_cast<std::size_t>(i)] == 0) print_animal(store, store.at(i), streams);
   }
-  write_free_line(streams.console, {will_stop.in(english)});
-  write_free_line(streams.report, {has_stopped.in(english)});
+  write_free_line(streams.console, {will_stop});
+  write_free_line(streams.report, {has_stopped});
   stop_run();
 }
 

@@ -44,28 +44,28 @@ constexpr ParentWording mother_wording = {
     {"!!!!!!!!!! BORN BEFORE MOTHER  !!!!!!!!!!", "!!!!!!!!!! GEBOREN VOOR MOEDER  !!!!!!!!!!"},
     {"mother ", "moeder "}};
 
-void print_date(std::string_view label, const AnimalRecord& animal, TextOutput& output) {
+void print_date(const LineItem& label, const AnimalRecord& animal, TextOutput& output) {
   write_free_line(output, {label, animal.birth_day, "/", animal.birth_month, "/", animal.birth_year});
 }
 
 void print_born_before(const AnimalRecord& child, const AnimalRecord& parent, const ParentWording& wording,
-                       std::string_view parent_date, bool english, TextOutput& output) {
-  write_free_line(output, {animal_is.in(english), child.name});
-  write_free_line(output, {herdbook_number.in(english), child.id});
-  print_date(date_of_birth.in(english), child, output);
-  write_free_line(output, {wording.born_before.in(english)});
-  write_free_line(output, {wording.parent_is.in(english), parent.name});
-  write_free_line(output, {herdbook_number.in(english), parent.id});
+                       const LineItem& parent_date, TextOutput& output) {
+  write_free_line(output, {animal_is, child.name});
+  write_free_line(output, {herdbook_number, child.id});
+  print_date(date_of_birth, child, output);
+  write_free_line(output, {wording.born_before});
+  write_free_line(output, {wording.parent_is, parent.name});
+  write_free_line(output, {herdbook_number, parent.id});
   print_date(parent_date, parent, output);
   write_free_line(output, {"   "});
 }
 
 /// Only the years count, and only where both are known.
 void check_birth_order(const AnimalRecord& child, const AnimalRecord& parent, const ParentWording& wording,
-                       bool english, RunStreams& streams) {
+                       RunStreams& streams) {
   if (child.birth_year == 0 || parent.birth_year == 0 || child.birth_year >= parent.birth_year) return;
-  print_born_before(child, parent, wording, parent_date_on_console, english, streams.console);
-  print_born_before(child, parent, wording, date_of_birth.in(english), english, streams.report);
+  print_born_before(child, parent, wording, parent_date_on_console, streams.console);
+  print_born_before(child, parent, wording, date_of_birth, streams.report);
 }
 
 /// How far the sort has come.
@@ -90,13 +90,12 @@ SortState begin_sort(const PopulationStore& store) {
   return state;
 }
 
-void print_sweep(const SortState& state, std::int32_t sweep_no, const PopulationStore& store, bool english,
-                 TextOutput& console) {
+void print_sweep(const SortState& state, std::int32_t sweep_no, const PopulationStore& store, TextOutput& console) {
   const auto is_free = [&](std::int32_t i) { return state.remaining[static_cast<std::size_t>(i)] == 0; };
   const std::int64_t free_count = std::count_if(state.unplaced.begin(), state.unplaced.end(), is_free);
   const std::int64_t unplaced_count = static_cast<std::int64_t>(state.unplaced.size());
-  write_free_line(console, {sweep.in(english), sweep_no, without_unsorted.in(english), free_count});
-  write_free_line(console, {sweep.in(english), sweep_no, with_unsorted.in(english), unplaced_count - free_count});
+  write_free_line(console, {sweep, sweep_no, without_unsorted, free_count});
+  write_free_line(console, {sweep, sweep_no, with_unsorted, unplaced_count - free_count});
   // The line for animals with fewer than no offspring left; there are none.
   if (unplaced_count > free_count) write_free_line(console, std::span<const LineItem>());
   const std::int64_t placed_count = static_cast<std::int64_t>(store.animals.size()) - unplaced_count;
@@ -104,16 +103,16 @@ void print_sweep(const SortState& state, std::int32_t sweep_no, const Population
 }
 
 /// Places one animal and takes it off its parents' remaining offspring.
-void place_animal(SortState& state, std::int32_t i, const PopulationStore& store, bool english, RunStreams& streams) {
+void place_animal(SortState& state, std::int32_t i, const PopulationStore& store, RunStreams& streams) {
   const AnimalRecord& animal = store.at(i);
   state.order[static_cast<std::size_t>(state.last_free) - 1] = i;
   --state.last_free;
   if (animal.sire_no != 0) {
-    check_birth_order(animal, store.at(animal.sire_no), father_wording, english, streams);
+    check_birth_order(animal, store.at(animal.sire_no), father_wording, streams);
     --state.remaining[static_cast<std::size_t>(animal.sire_no)];
   }
   if (animal.dam_no != 0) {
-    check_birth_order(animal, store.at(animal.dam_no), mother_wording, english, streams);
+    check_birth_order(animal, store.at(animal.dam_no), mother_wording, streams);
     --state.remaining[static_cast<std::size_t>(animal.dam_no)];
   }
 }
@@ -128,7 +127,7 @@ void fetch_parents(const SortState& state, const AnimalRecord& animal, const Pop
 }
 
 /// One walk from the back over the animals without a place.
-void run_sweep(SortState& state, const PopulationStore& store, bool english, RunStreams& streams) {
+void run_sweep(SortState& state, const PopulationStore& store, RunStreams& streams) {
   std::size_t kept = 0;
   for (std::size_t turn = 0; turn < state.unplaced.size(); ++turn) {
     const std::int32_t i = state.unplaced[turn];
@@ -136,7 +135,7 @@ void run_sweep(SortState& state, const PopulationStore& store, bool english, Run
       fetch_parents(state, store.at(state.unplaced[turn + look_ahead]), store);
     }
     if (state.remaining[static_cast<std::size_t>(i)] == 0) {
-      place_animal(state, i, store, english, streams);
+      place_animal(state, i, store, streams);
     } else {
       state.unplaced[kept++] = i;
     }
@@ -150,19 +149,19 @@ bool nothing_can_be_placed(const SortState& state) {
 }
 
 /// Fills `order`, or stops the run at a loop.
-std::vector<std::int32_t> find_order(const PopulationStore& store, bool english, RunStreams& streams) {
+std::vector<std::int32_t> find_order(const PopulationStore& store, RunStreams& streams) {
   SortState state = begin_sort(store);
   for (std::int32_t sweep_no = 1; sweep_no <= sweep_limit; ++sweep_no) {
-    print_sweep(state, sweep_no, store, english, streams.console);
-    run_sweep(state, store, english, streams);
-    write_free_line(streams.console, {maximum_of.in(english), sweep_no - 1, generations_placed.in(english)});
+    print_sweep(state, sweep_no, store, streams.console);
+    run_sweep(state, store, streams);
+    write_free_line(streams.console, {maximum_of, sweep_no - 1, generations_placed});
     if (state.unplaced.empty()) {
       write_free_line(streams.console, {"pedigree sorted"});
       return std::move(state.order);
     }
     if (nothing_can_be_placed(state)) {
       std::reverse(state.unplaced.begin(), state.unplaced.end());
-      report_pedigree_loop(store, state.unplaced, english, streams);
+      report_pedigree_loop(store, state.unplaced, streams);
     }
   }
   std::reverse_copy(state.unplaced.begin(), state.unplaced.end(), state.order.begin());
@@ -191,8 +190,7 @@ void reorder_records(PopulationStore& store, const std::vector<std::int32_t>& or
 
 /// Turns old positions into new ones, in the records' own numbers and in the references to parents. The last record
 /// keeps its old number; nothing refers to it.
-void renumber_records(PopulationStore& store, const std::vector<std::int32_t>& order, bool english,
-                      TextOutput& console) {
+void renumber_records(PopulationStore& store, const std::vector<std::int32_t>& order, TextOutput& console) {
   write_free_line(console, {"renumber pedigree"});
   std::vector<std::int32_t> new_position(order.size() + 1, 0);
   for (std::size_t p = 0; p < order.size(); ++p) {
@@ -204,17 +202,17 @@ void renumber_records(PopulationStore& store, const std::vector<std::int32_t>& o
   }
   ProgressCounter progress{progress_interval(store.animal_count, 100, 500, 1000)};
   for (std::int32_t i = 1; i < store.animal_count; ++i) {
-    if (progress.is_due()) write_free_line(console, {up_to_animal.in(english), i - 1, renumbered.in(english)});
+    if (progress.is_due()) write_free_line(console, {up_to_animal, i - 1, renumbered});
     store.at(i).number = i;
   }
 }
 
 }  // namespace
 
-void sort_pedigree(PopulationStore& store, bool english, RunStreams& streams) {
-  const std::vector<std::int32_t> order = find_order(store, english, streams);
+void sort_pedigree(PopulationStore& store, RunStreams& streams) {
+  const std::vector<std::int32_t> order = find_order(store, streams);
   reorder_records(store, order);
-  renumber_records(store, order, english, streams.console);
+  renumber_records(store, order, streams.console);
 }
 
 }  // namespace pedigreewatch

@@ -13,6 +13,6 @@ namespace pedigreewatch {
 /// animal that refers to it, and animals placed in one sweep keep their order. Animals born before a parent are
 /// reported; a loop stops the run. (More than 1000 generations in the unlucky order leave the animals that are still
 /// unplaced at the front, in store order.)
-void sort_pedigree(PopulationStore& store, bool english, RunStreams& streams);
+void sort_pedigree(PopulationStore& store, RunStreams& streams);
 
 }  // namespace pedigreewatch

@@ -65,31 +65,30 @@ constexpr Wording end_of_records = {"endrecord at animal = ", "eindrecord bij di
 constexpr Wording all_records_read = {"all records read", "alle records gelezen"};
 
 template <std::size_t Width>
-void store_text(std::string_view trimmed, const LengthWarning& warning, bool english, std::int32_t record_number,
+void store_text(std::string_view trimmed, const LengthWarning& warning, std::int32_t record_number,
                 FixedText<Width>& target, TextOutput& console) {
   target.assign(trimmed);
   if (trimmed.size() <= Width) return;
-  write_free_line(console, {warning.length_of.in(english), record_number, warning.than.in(english)});
-  write_free_line(console, {warning.ignored.in(english)});
+  write_free_line(console, {warning.length_of, record_number, warning.than});
+  write_free_line(console, {warning.ignored});
 }
 
 bool stands_for_unknown(std::string_view trimmed) {
   return trimmed.empty() || trimmed == "unknown" || trimmed == "Unknown";
 }
 
-void report_unknown_subpopulation(const AnimalRecord& record, const Wording& second_line, bool english,
-                                  TextOutput& output) {
+void report_unknown_subpopulation(const AnimalRecord& record, const Wording& second_line, TextOutput& output) {
   write_free_line(output, {"ERROR: "});
-  write_free_line(output, {animal_is.in(english), record.name, number_is.in(english), record.id});
-  write_free_line(output, {second_line.in(english), record.subpopulation});
+  write_free_line(output, {animal_is, record.name, number_is, record.id});
+  write_free_line(output, {second_line, record.subpopulation});
 }
 
 void check_subpopulation(const AnimalRecord& record, const SteerSettings& settings, RunStreams& streams) {
   if (record.subpopulation.is_blank()) return;
   const auto& allowed = settings.subpopulation_names;
   if (std::find(allowed.begin(), allowed.end(), record.subpopulation) != allowed.end()) return;
-  report_unknown_subpopulation(record, unknown_subpopulation, settings.english, streams.console);
-  report_unknown_subpopulation(record, unknown_subpopulation_in_report, settings.english, streams.report);
+  report_unknown_subpopulation(record, unknown_subpopulation, streams.console);
+  report_unknown_subpopulation(record, unknown_subpopulation_in_report, streams.report);
 }
 
 void store_birth_date(std::string_view field, const SteerSettings& settings, const FieldPlace& place,
@@ -111,9 +110,9 @@ bool is_male(std::string_view field, const std::array<char, 2>& male_letters) {
   return letter != ' ' && (letter == male_letters[0] || letter == male_letters[1]);
 }
 
-void dump_record(const AnimalRecord& record, std::int32_t record_number, const PopulationStore& store, bool english,
+void dump_record(const AnimalRecord& record, std::int32_t record_number, const PopulationStore& store,
                  TextOutput& console) {
-  write_free_line(console, {record_no.in(english), record_number, read.in(english)});
+  write_free_line(console, {record_no, record_number, read});
   write_free_line(console, {"id            = ", record.id});
   if (store.has_name) write_free_line(console, {"name          = ", record.name});
   write_free_line(console, {"sire          = ", record.sire_id});
@@ -141,22 +140,21 @@ void stop_if_unreadable(const LineReader& data, RunStreams& streams) {
 
 void store_field(std::string_view field, std::int32_t field_code, const SteerSettings& settings,
                  const FieldPlace& place, AnimalRecord& record, RunStreams& streams) {
-  const bool english = settings.english;
   const std::int32_t r = place.record_number;
   const std::string_view text = without_trailing_blanks(field);
   const std::string_view parent = stands_for_unknown(text) ? unknown_parent_id : text;
   TextOutput& console = streams.console;
   switch (field_code) {
-    case id_column: return store_text(text, id_warning, english, r, record.id, console);
-    case sire_column: return store_text(parent, sire_warning, english, r, record.sire_id, console);
-    case dam_column: return store_text(parent, dam_warning, english, r, record.dam_id, console);
-    case name_column: return store_text(text, name_warning, english, r, record.name, console);
+    case id_column: return store_text(text, id_warning, r, record.id, console);
+    case sire_column: return store_text(parent, sire_warning, r, record.sire_id, console);
+    case dam_column: return store_text(parent, dam_warning, r, record.dam_id, console);
+    case name_column: return store_text(text, name_warning, r, record.name, console);
     case sex_column: record.sex = is_male(field, settings.male_letters) ? male : female; return;
     case birthdate_column: return store_birth_date(field, settings, place, record, streams);
-    case colour_column: return store_text(text, colour_warning, english, r, record.colour, console);
-    case breeder_column: return store_text(text, breeder_warning, english, r, record.breeder, console);
+    case colour_column: return store_text(text, colour_warning, r, record.colour, console);
+    case breeder_column: return store_text(text, breeder_warning, r, record.breeder, console);
     case subpopulation_column:
-      store_text(text, subpopulation_warning, english, r, record.subpopulation, console);
+      store_text(text, subpopulation_warning, r, record.subpopulation, console);
       return check_subpopulation(record, settings, streams);
     case import_column: {
       constexpr std::size_t width = 20;
@@ -190,7 +188,6 @@ void store_line(std::string_view line, std::span<const std::int32_t> columns, co
 }
 
 void read_data_file(LineReader& data, const SteerSettings& settings, PopulationStore& store, RunStreams& streams) {
-  const bool english = settings.english;
   const ColumnMap column_map = read_columns(data, settings, store, streams);
   const std::span<const std::int32_t> columns = columns_that_count(column_map);
   const std::int32_t interval = record_interval(store.animal_count);
@@ -199,17 +196,17 @@ void read_data_file(LineReader& data, const SteerSettings& settings, PopulationS
     std::string_view line;
     AnimalRecord& record = store.at(r);
     if (!read_line(data, line)) {
-      write_free_line(streams.console, {end_of_records.in(english), r});
+      write_free_line(streams.console, {end_of_records, r});
       break;
     }
     store_line(line, columns, settings, {data.name, data.line_number, 0, r}, record, streams);
     if (++counter == interval) {
-      dump_record(record, r, store, english, streams.console);
+      dump_record(record, r, store, streams.console);
       counter = -1;
     }
   }
   stop_if_unreadable(data, streams);
-  write_free_line(streams.console, {all_records_read.in(english)});
+  write_free_line(streams.console, {all_records_read});
 }
 
 }  // namespace pedigreewatch

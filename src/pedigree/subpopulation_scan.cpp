@@ -50,7 +50,7 @@ void copy_to_equal_names(const SubpopulationMembership& membership, YearTable<st
 }
 
 /// The animal that sets the code gets its error lines too, which then compare the code with itself.
-void check_breed_code(const AnimalRecord& animal, std::int32_t position, ReferenceCode& reference, bool english,
+void check_breed_code(const AnimalRecord& animal, std::int32_t position, ReferenceCode& reference,
                       TextOutput& console) {
   if (same_text(animal.subpopulation.full(), reference.code.full())) return;
   if (!reference.is_set) {
@@ -60,18 +60,17 @@ void check_breed_code(const AnimalRecord& animal, std::int32_t position, Referen
     reference.is_set = true;
   }
   write_free_line(console, {"ERROR: "});
-  if (english) {
+  if (console.is_english) {
     write_free_line(console, {animal_is.english, animal.name, number_is.english, animal.id});
   } else {  // only the Dutch line tells the position
     write_free_line(console, {animal_is.dutch, position, animal.name, number_is.dutch, animal.id});
   }
-  write_free_line(console,
-                  {different_breed.in(english), animal.subpopulation, not_equal.in(english), reference.code, "_"});
+  write_free_line(console, {different_breed, animal.subpopulation, not_equal, reference.code, "_"});
 }
 
 }  // namespace
 
-void scan_subpopulations(const PopulationStore& store, const SubpopulationMembership& membership, bool english,
+void scan_subpopulations(const PopulationStore& store, const SubpopulationMembership& membership,
                          YearTable<std::int32_t>& year_table, SubpopulationOverlap& overlap, TextOutput& console) {
   ReferenceCode reference;
   std::int32_t position = 0;
@@ -79,7 +78,7 @@ void scan_subpopulations(const PopulationStore& store, const SubpopulationMember
     ++position;
     const std::int32_t group = membership.of_animal(position);
     if (group == 0) {
-      check_breed_code(animal, position, reference, english, console);
+      check_breed_code(animal, position, reference, console);
     } else {
       count_birth(store, animal, group, year_table);
       count_descent(animal, group, membership, overlap);

@@ -29,7 +29,7 @@ struct SubpopulationOverlap {
 
 /// Fills both tables. `year_table` has a column for each subpopulation; an animal without a birth year counts in the
 /// overlap only. Animals of no subpopulation are expected to share one breed code; any other one is reported.
-void scan_subpopulations(const PopulationStore& store, const SubpopulationMembership& membership, bool english,
+void scan_subpopulations(const PopulationStore& store, const SubpopulationMembership& membership,
                          YearTable<std::int32_t>& year_table, SubpopulationOverlap& overlap, TextOutput& console);
 
 }  // namespace pedigreewatch

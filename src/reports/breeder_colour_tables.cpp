@@ -41,13 +41,12 @@ void write_colours(const ReportFrame& frame, std::span<const ColourName> colour_
   write_rule(frame.report, rule_length);
   write_count_rows(frame, colour_counts);
   write_rule(frame.report, rule_length);
-  write_count_total(frame.report, colours_total_label.in(frame.english), column_sums(colour_counts));
+  write_count_total(frame.report, colours_total_label, column_sums(colour_counts));
   write_rule(frame.report, rule_length);
 }
 
 void write_breeders(const ReportFrame& frame, const BreederList& breeders,
                     const YearTable<std::int32_t>& top_breeders) {
-  const bool english = frame.english;
   const std::int32_t count = breeders.top_breeder_count;
   write_blank_line(frame.report);
   write_heading(frame, breeders_title);
@@ -55,8 +54,8 @@ void write_breeders(const ReportFrame& frame, const BreederList& breeders,
   for (std::int32_t t = 1; t <= count; ++t) {
     write_format_line(frame.report, "I8,A2,A7", {t, "  ", breeders.slot(t)});
   }
-  write_format_line(frame.report, "I8,A9", {count + 1, others.in(english)});
-  write_free_line(frame.report, {first_column_is.in(english), frame.nouns.youngs, second_column_is.in(english)});
+  write_format_line(frame.report, "I8,A9", {count + 1, others});
+  write_free_line(frame.report, {first_column_is, frame.nouns.youngs, second_column_is});
   write_rule(frame.report, rule_length);
   write_breeder_numbers(frame.report, count + 1);
   write_rule(frame.report, rule_length);

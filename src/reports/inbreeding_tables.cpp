@@ -74,7 +74,7 @@ void write_periods(const ReportFrame& frame, const YearTable<float>& table, floa
   const std::int64_t first_length = year_count - later_periods * length;
   const float generation_percent = generation_interval * percent;
   write_blank_line(frame.report);
-  write_free_line(frame.report, {periods_title.in(frame.english), length, years_long.in(frame.english)});
+  write_free_line(frame.report, {periods_title, length, years_long});
   write_rule(frame.report, rates_rule);
   write_period(frame, table, 1, first_length, generation_percent);
   for (std::int64_t last = first_length + length; last <= year_count; last += length) {

@@ -90,23 +90,20 @@ constexpr Wording born_in = {"Year of birth: ", "geboortejaar: "};
 constexpr Wording offspring_is = {"Number of offspring: ", "aantal nakomelingen: "};
 
 void write_busiest(const ReportFrame& frame, const Wording& title, const AnimalRecord& animal, const AnimalId& id) {
-  const bool english = frame.english;
   write_heading(frame, title);
-  write_free_line(frame.report, {name_is.in(english), animal.name});
-  write_free_line(frame.report, {id_is.in(english), id});
-  write_free_line(frame.report, {born_in.in(english), animal.birth_year});
-  write_free_line(frame.report, {offspring_is.in(english), animal.native_offspring_count});
+  write_free_line(frame.report, {name_is, animal.name});
+  write_free_line(frame.report, {id_is, id});
+  write_free_line(frame.report, {born_in, animal.birth_year});
+  write_free_line(frame.report, {offspring_is, animal.native_offspring_count});
 }
 
 void write_offspring_headings(const ReportFrame& frame) {
-  const bool english = frame.english;
-  const SpeciesWord& males = english ? frame.nouns.males : frame.nouns.male;
-  const SpeciesWord& females = english ? frame.nouns.females : frame.nouns.female;
+  const SpeciesWord& males = frame.report.is_english ? frame.nouns.males : frame.nouns.male;
+  const SpeciesWord& females = frame.report.is_english ? frame.nouns.females : frame.nouns.female;
   write_heading(frame, offspring_title);
   write_rule(frame.report, offspring_rule_length);
-  write_free_line(frame.report,
-                  {offspring_before_males.in(english), males.trimmed(), offspring_before_females.in(english),
-                   females.trimmed(), offspring_behind_females.in(english)});
+  write_free_line(frame.report, {offspring_before_males, males.trimmed(), offspring_before_females, females.trimmed(),
+                                 offspring_behind_females});
   write_heading(frame, offspring_heading_2);
   write_rule(frame.report, offspring_rule_length);
 }
@@ -116,13 +113,12 @@ void write_offspring_headings(const ReportFrame& frame) {
 void write_parents_and_litters(const ReportFrame& frame, const YearTable<std::int32_t>& litters,
                                const ReportTotals& totals) {
   constexpr std::int32_t most_years_without_gap = 6;
-  const bool english = frame.english;
   const std::string_view youngs = frame.nouns.youngs.trimmed();
   write_blank_line(frame.report);
   write_heading(frame, litters_title);
-  write_rule(frame.report, english ? litters_first_rule_english : litters_rule_length);
-  write_free_line(frame.report, {litters_before_first_noun.in(english), youngs, litters_before_second_noun.in(english),
-                                 youngs, litters_behind_noun});
+  write_rule(frame.report, frame.report.is_english ? litters_first_rule_english : litters_rule_length);
+  write_free_line(frame.report,
+                  {litters_before_first_noun, youngs, litters_before_second_noun, youngs, litters_behind_noun});
   write_heading(frame, litters_heading_2);
   write_rule(frame.report, litters_rule_length);
   for (std::int64_t row = 1; row <= frame.years.dated_row_count(); ++row) write_litters_of_year(frame, litters, row);
@@ -151,7 +147,7 @@ void write_litter_sizes(const ReportFrame& frame, const YearTable<std::int32_t>&
   write_rule(frame.report, sizes_rule_length);
   write_count_rows(frame, sizes);
   write_rule(frame.report, sizes_rule_length);
-  write_count_total(frame.report, sizes_total_label.in(frame.english), column_sums(sizes));
+  write_count_total(frame.report, sizes_total_label, column_sums(sizes));
   write_rule(frame.report, sizes_rule_length);
 }
 
@@ -170,7 +166,7 @@ void write_offspring(const ReportFrame& frame, const YearTable<float>& parent_of
   write_busiest(frame, busiest_male, busiest_sire, busiest_sire.id);
   write_blank_line(frame.report);
   // The Dutch report gives the top female the id-code of the top male.
-  write_busiest(frame, busiest_female, busiest_dam, frame.english ? busiest_dam.id : busiest_sire.id);
+  write_busiest(frame, busiest_female, busiest_dam, frame.report.is_english ? busiest_dam.id : busiest_sire.id);
   write_plus_rule(frame.report);
 }
 

@@ -41,7 +41,7 @@ void write_ages(const ReportFrame& frame, const Wording& title, int heading_line
   write_rule(frame.report, rule_length);
   write_count_rows(frame, classes);
   write_rule(frame.report, rule_length);
-  write_count_total(frame.report, ages_total_label.in(frame.english), column_sums(classes));
+  write_count_total(frame.report, ages_total_label, column_sums(classes));
   write_rule(frame.report, rule_length);
 }
 
@@ -74,10 +74,9 @@ void write_age_tables(const ReportFrame& frame, const YearTable<std::int32_t>& s
 
 float write_generation_interval(const ReportFrame& frame, const YearTable<float>& mean_sire_age,
                                 const YearTable<float>& mean_dam_age, const OverallParentAges& overall) {
-  const bool english = frame.english;
-  const SpeciesWord& noun = english ? frame.nouns.youngs : frame.nouns.young;
+  const SpeciesWord& noun = frame.report.is_english ? frame.nouns.youngs : frame.nouns.young;
   write_blank_line(frame.report);
-  write_free_line(frame.report, {interval_title.in(english), noun.trimmed()});
+  write_free_line(frame.report, {interval_title, noun.trimmed()});
   write_rule(frame.report, rule_length);
   write_headings(frame, interval_headings);
   write_rule(frame.report, rule_length);
@@ -88,8 +87,7 @@ float write_generation_interval(const ReportFrame& frame, const YearTable<float>
   }
   write_rule(frame.report, rule_length);
   const float generation_interval = (overall.sire + overall.dam) * 0.5F;
-  write_format_line(frame.report, "A8,3F8.2",
-                    {interval_total_label.in(english), overall.sire, overall.dam, generation_interval});
+  write_format_line(frame.report, "A8,3F8.2", {interval_total_label, overall.sire, overall.dam, generation_interval});
   write_rule(frame.report, rule_length);
   return generation_interval;
 }

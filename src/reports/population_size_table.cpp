@@ -49,19 +49,17 @@ void take_out_parents(YearTable<std::int32_t>& counts) {
 }
 
 void write_title(const ReportFrame& frame, bool has_import) {
-  const bool english = frame.english;
   const SpeciesNouns& nouns = frame.nouns;
-  const std::string_view young = english ? nouns.youngs.trimmed() : nouns.young.trimmed();
+  const std::string_view young = frame.report.is_english ? nouns.youngs.trimmed() : nouns.young.trimmed();
   const Wording& start = has_import ? import_title_start : title_start;
   const SexHeading& heading = has_import ? import_sex_heading : sex_heading;
   // The Dutch table with imports names the sexes in the singular.
-  const bool is_plural = english || !has_import;
+  const bool is_plural = frame.report.is_english || !has_import;
   const std::size_t length = has_import ? import_rule_length : rule_length;
-  write_free_line(frame.report, {start.in(english), young, title_end.in(english)});
+  write_free_line(frame.report, {start, young, title_end});
   write_rule(frame.report, length);
-  write_free_line(frame.report, {heading.before_males.in(english), is_plural ? nouns.males : nouns.male,
-                                 heading.before_females.in(english), is_plural ? nouns.females : nouns.female,
-                                 heading.behind_females.in(english)});
+  write_free_line(frame.report, {heading.before_males, is_plural ? nouns.males : nouns.male, heading.before_females,
+                                 is_plural ? nouns.females : nouns.female, heading.behind_females});
   if (has_import) {
     write_headings(frame, import_columns_headings);
   } else {
@@ -84,17 +82,16 @@ void write_rows(const ReportFrame& frame, bool has_import, const YearTable<std::
 }
 
 void write_totals(const ReportFrame& frame, bool has_import, std::int32_t animal_count, const ReportTotals& r) {
-  const bool english = frame.english;
   const std::int64_t t1 = r[0] + r[3], t2 = r[1] + r[4], t3 = r[2] + r[5];
-  const std::string_view label = total_label.in(english);
+  const Wording& label = total_label;
   if (has_import) {
     write_format_line(frame.report, "A8,9I8", {label, r[0], r[1], r[2], r[3], r[4], r[5], t1, t2, t3});
   } else {
     write_format_line(frame.report, "A8,9I8", {label, r[0], r[1], r[3], r[4], t1, t2});
   }
   write_rule(frame.report, has_import ? import_rule_length : rule_length);
-  write_free_line(frame.report, {animals_in_pedigree.in(english), animal_count, of_which.in(english),
-                                 animal_count - t1 - t2 - t3, without_year.in(english)});
+  write_free_line(frame.report,
+                  {animals_in_pedigree, animal_count, of_which, animal_count - t1 - t2 - t3, without_year});
 }
 
 /// The share of the animals born in the first years that became parents. The last four years are left out: their
@@ -111,17 +108,15 @@ float parents_share(const YearTable<std::int32_t>& counts, std::int64_t years, s
 
 void write_parents_shares(const ReportFrame& frame, const YearTable<std::int32_t>& counts) {
   constexpr std::int64_t years_left_out = 4;
-  const bool english = frame.english;
   const std::int64_t years = frame.years.count - years_left_out;
   const SpeciesWord& youngs = frame.nouns.youngs;
   write_free_line(frame.report, {"   "});
   write_plus_rule(frame.report);
-  write_format_line(frame.report, male_share_fields.in(english),
-                    {parents_share(counts, years, native_males, native_sires), share_of_males.in(english), youngs,
-                     become_father.in(english)});
-  write_format_line(frame.report, female_share_fields.in(english),
-                    {parents_share(counts, years, native_females, native_dams), share_of_females.in(english), youngs,
-                     become_mother.in(english)});
+  write_format_line(frame.report, male_share_fields,
+                    {parents_share(counts, years, native_males, native_sires), share_of_males, youngs, become_father});
+  write_format_line(
+      frame.report, female_share_fields,
+      {parents_share(counts, years, native_females, native_dams), share_of_females, youngs, become_mother});
   write_plus_rule(frame.report);
 }
 

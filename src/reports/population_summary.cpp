@@ -138,23 +138,19 @@ LineItem truncated_quotient(std::int64_t dividend, std::int64_t divisor) {
 
 void write_breeding_stock(const ReportFrame& frame, const BreedingWording& wording, const BreedingStock& stock,
                           float replacement_shown, const Span& span) {
-  const bool english = frame.english;
   TextOutput& report = frame.report;
   write_heading(frame, wording.title);
   write_format_line(report, "F13.0", {stock.available});
   write_blank_line(report);
   write_heading(frame, explanation);
-  write_free_line(report, {explanation_based_on.in(english), frame.years.year_of(span.first), to_year,
-                           frame.years.year_of(span.last_parents)});
-  write_format_line(report, wording.born_fields.in(english),
-                    {margin, truncated_quotient(stock.later_parents, span.length), wording.born.in(english)});
-  write_format_line(report, wording.replaced_fields.in(english),
-                    {margin, replacement_shown * percent, wording.replaced.in(english)});
-  write_format_line(report, wording.including_fields.in(english),
-                    {giving_total.in(english), stock.total, wording.including.in(english)});
-  write_format_line(report, wording.not_yet_fields.in(english), {wording.not_yet.in(english)});
-  write_format_line(report, and_fields.in(english),
-                    {and_available.in(english), stock.available, excluding_young.in(english)});
+  write_free_line(
+      report, {explanation_based_on, frame.years.year_of(span.first), to_year, frame.years.year_of(span.last_parents)});
+  write_format_line(report, wording.born_fields,
+                    {margin, truncated_quotient(stock.later_parents, span.length), wording.born});
+  write_format_line(report, wording.replaced_fields, {margin, replacement_shown * percent, wording.replaced});
+  write_format_line(report, wording.including_fields, {giving_total, stock.total, wording.including});
+  write_format_line(report, wording.not_yet_fields, {wording.not_yet});
+  write_format_line(report, and_fields, {and_available, stock.available, excluding_young});
   write_blank_line(report);
 }
 
@@ -184,7 +180,7 @@ void write_litter_size_fractions(const ReportFrame& frame, const YearTable<std::
     kept_litters += count;
   }
   write_heading(frame, litter_size);
-  write_free_line(frame.report, {number_of_sizes.in(frame.english), largest_kept});
+  write_free_line(frame.report, {number_of_sizes, largest_kept});
   write_heading(frame, sizes_heading);
   for (std::int64_t size = 1; size <= largest_kept; ++size) {
     const std::int64_t count = by_size[static_cast<std::size_t>(size) - 1];
@@ -205,7 +201,7 @@ void write_age_fractions(const ReportFrame& frame, const std::vector<float>& of_
                          const std::vector<float>& of_dams) {
   const std::size_t ages = std::max(largest_kept_age(of_sires), largest_kept_age(of_dams));
   write_heading(frame, parents_age);
-  write_free_line(frame.report, {number_of_ages.in(frame.english), static_cast<std::int64_t>(ages)});
+  write_free_line(frame.report, {number_of_ages, static_cast<std::int64_t>(ages)});
   write_headings(frame, ages_headings);
   for (std::size_t age = 1; age <= ages; ++age) {
     // Above the oldest sire both columns show 0, the mothers' too.
@@ -226,8 +222,7 @@ void write_summary(const ReportFrame& frame, const MonitorTables& tables, const 
   write_rule(report, rule_length);
   write_blank_line(report);
   write_heading(frame, title);
-  write_free_line(
-      report, {based_on.in(frame.english), frame.years.year_of(span.first), to_year, frame.years.year_of(span.last)});
+  write_free_line(report, {based_on, frame.years.year_of(span.first), to_year, frame.years.year_of(span.last)});
   write_rule(report, rule_length);
 
   write_heading(frame, litters_per_year);
@@ -244,7 +239,8 @@ void write_summary(const ReportFrame& frame, const MonitorTables& tables, const 
   const BreedingStock sires = derive_breeding_stock(sire_ages, later_parents(native_sires), span);
   write_breeding_stock(frame, dam_wording, dams, dams.replacement, span);
   // The Dutch report shows the females' share for the males.
-  write_breeding_stock(frame, sire_wording, sires, frame.english ? sires.replacement : dams.replacement, span);
+  write_breeding_stock(frame, sire_wording, sires, frame.report.is_english ? sires.replacement : dams.replacement,
+                       span);
 
   write_heading(frame, most_popular_sires);
   write_format_line(report, "F13.0,A1", {mean_share_of_four(shares, span) + rounding, "%"});

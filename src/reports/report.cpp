@@ -32,16 +32,15 @@ void write_title(TextOutput& report, std::string_view name) {
 }
 
 void write_counts(const ReportFrame& frame, const PopulationStore& store, const SteerSettings& settings) {
-  const bool english = frame.english;
   constexpr std::int32_t added_colours = 2;
-  write_free_line(frame.report, {number_of_varieties.in(english), settings.subpopulation_count});
+  write_free_line(frame.report, {number_of_varieties, settings.subpopulation_count});
   if (store.has_colour) {
-    write_free_line(frame.report, {number_of_colours.in(english), settings.colour_count - added_colours});
+    write_free_line(frame.report, {number_of_colours, settings.colour_count - added_colours});
   } else {
     write_heading(frame, no_colours);
   }
   write_heading(frame, store.has_breeder ? with_breeders : without_breeders);
-  if (!english) write_blank_line(frame.report);  // the English report has no blank line here
+  if (!frame.report.is_english) write_blank_line(frame.report);  // the English report has no blank line here
 }
 
 /// The record at a position; one of blanks and zeros when the store has none there.

@@ -24,7 +24,7 @@ void write_plus_rule(TextOutput& report) {
 }
 
 void write_heading(const ReportFrame& frame, const Wording& heading) {
-  write_free_line(frame.report, {heading.in(frame.english)});
+  write_free_line(frame.report, {heading});
 }
 
 void write_headings(const ReportFrame& frame, std::span<const Wording> headings) {
@@ -53,7 +53,7 @@ void write_count_rows(const ReportFrame& frame, const YearTable<std::int32_t>& t
   write_year_rows(frame, table, 1, table.column_count, year_row_fields);
 }
 
-void write_count_total(TextOutput& report, std::string_view label, std::span<const std::int64_t> totals) {
+void write_count_total(TextOutput& report, const LineItem& label, std::span<const std::int64_t> totals) {
   std::vector<LineItem> items = {label};
   items.insert(items.end(), totals.begin(), totals.end());
   write_format_line(report, with_column_count(label_row_fields, static_cast<std::int64_t>(totals.size())), items);

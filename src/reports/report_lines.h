@@ -21,7 +21,6 @@ struct ReportFrame {
   TextOutput& report;
   const BirthYears& years;
   const SpeciesNouns& nouns;
-  bool english = false;
 };
 
 /// A line of blanks, behind the blank with which every free-form line begins.
@@ -81,6 +80,6 @@ void write_year_rows(const ReportFrame& frame, const YearTable<Cell>& table, std
 void write_count_rows(const ReportFrame& frame, const YearTable<std::int32_t>& table);
 
 /// A total row: the label, then the values, in 8 columns each.
-void write_count_total(TextOutput& report, std::string_view label, std::span<const std::int64_t> totals);
+void write_count_total(TextOutput& report, const LineItem& label, std::span<const std::int64_t> totals);
 
 }  // namespace pedigreewatch

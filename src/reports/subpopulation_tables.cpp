@@ -45,8 +45,8 @@ void write_within(const ReportFrame& frame, std::span<const SubpopulationName> n
   std::vector<LineItem> heading = {"        "};
   heading.insert(heading.end(), names.begin(), names.end());
   write_format_line(frame.report, fields, heading);
-  std::vector<LineItem> columns = {kinship_year_label.in(frame.english)};
-  columns.insert(columns.end(), names.size(), within_columns.in(frame.english));
+  std::vector<LineItem> columns = {kinship_year_label};
+  columns.insert(columns.end(), names.size(), within_columns);
   write_format_line(frame.report, fields, columns);
   write_rule(frame.report, kinship_rule_length);
   write_mean_rows(frame, kinship_table, 1, 2 * count);
@@ -87,13 +87,13 @@ void write_subpopulation_tables(const ReportFrame& frame, std::span<const Subpop
   write_rule(frame.report, rule_length);
   write_count_rows(frame, year_table);
   write_rule(frame.report, rule_length);
-  write_count_total(frame.report, total_label.in(frame.english), column_sums(year_table));
+  write_count_total(frame.report, total_label, column_sums(year_table));
   write_rule(frame.report, rule_length);
   write_blank_line(frame.report);
   write_heading(frame, descent_title);
   write_rule(frame.report, rule_length);
   write_heading(frame, parents_heading);
-  write_column_names(frame.report, (frame.english ? frame.nouns.youngs : frame.nouns.young).full(), views);
+  write_column_names(frame.report, (frame.report.is_english ? frame.nouns.youngs : frame.nouns.young).full(), views);
   write_rule(frame.report, rule_length);
   for (std::int32_t k = 1; k <= overlap.size; ++k) {
     std::vector<std::int64_t> from;

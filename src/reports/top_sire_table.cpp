@@ -43,7 +43,7 @@ void write_top_sires(const ReportFrame& frame, const PopulationStore& store, Top
   write_blank_line(frame.report);
   write_heading(frame, title);
   write_wide_rule(frame.report);
-  for (const Wording& heading : headings) write_format_line(frame.report, "A119", {heading.in(frame.english)});
+  for (const Wording& heading : headings) write_format_line(frame.report, "A119", {heading});
   write_wide_rule(frame.report);
   for (std::int64_t row = 1; row <= frame.years.dated_row_count(); ++row) write_year(frame, store, top_sires, row);
   write_wide_rule(frame.report);

@@ -48,7 +48,7 @@ std::int32_t entry_of(BreederCounts& counts, const BreederName& breeder) {
   return entry;
 }
 
-void read_breeders(const PopulationStore& store, bool english, BreederCounts& counts, TextOutput& console) {
+void read_breeders(const PopulationStore& store, BreederCounts& counts, TextOutput& console) {
   const std::int32_t step = record_interval(store.animal_count);
   const std::int32_t before_recent = wrapped(std::int64_t{store.birth_years.last} - recent_years);
   std::int32_t counter = 0, position = 0;
@@ -56,8 +56,7 @@ void read_breeders(const PopulationStore& store, bool english, BreederCounts& co
     ++position;
     if (++counter == step) {
       counter = 0;
-      write_free_line(console,
-                      {breeder_of.in(english), position, breeders_so_far.in(english), counts.list.breeder_count});
+      write_free_line(console, {breeder_of, position, breeders_so_far, counts.list.breeder_count});
     }
     const bool is_recent = animal.birth_year > before_recent;
     if (animal.breeder.is_blank()) {
@@ -118,14 +117,14 @@ void reorder_slots(BreederList& list, const std::vector<std::int32_t>& order) {
 
 }  // namespace
 
-BreederList list_breeders(const PopulationStore& store, bool english, TextOutput& console) {
+BreederList list_breeders(const PopulationStore& store, TextOutput& console) {
   BreederCounts counts;
-  read_breeders(store, english, counts, console);
-  write_free_line(console, {list_made.in(english)});
-  write_free_line(console, {counts.list.breeder_count, different_found.in(english)});
+  read_breeders(store, counts, console);
+  write_free_line(console, {list_made});
+  write_free_line(console, {counts.list.breeder_count, different_found});
   const std::vector<std::int32_t> by_slot = count_by_slot(counts);
   counts.list.top_breeder_count = count_top_breeders(by_slot);
-  write_free_line(console, {number_of_top_breeders.in(english), counts.list.top_breeder_count});
+  write_free_line(console, {number_of_top_breeders, counts.list.top_breeder_count});
   reorder_slots(counts.list, choose_order(by_slot, counts.list.top_breeder_count, console));
   return std::move(counts.list);
 }

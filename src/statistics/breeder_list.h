@@ -35,7 +35,7 @@ struct BreederList {
 };
 
 /// Lists the breeders in order of first appearance, chooses the top breeders and puts their slots at the front.
-BreederList list_breeders(const PopulationStore& store, bool english, TextOutput& console);
+BreederList list_breeders(const PopulationStore& store, TextOutput& console);
 
 /// The list of a population without a breeder column: one entry, no top breeders.
 BreederList no_breeders();

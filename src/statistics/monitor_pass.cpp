@@ -38,13 +38,12 @@ void summarise_completeness(const PopulationStore& store, const YearGroups& year
 
 void monitor_population(const PopulationStore& store, const SteerSettings& settings, const YearGroups& years,
                         const BreederList& breeders, MonitorTables& tables, TextOutput& console) {
-  const bool english = settings.english;
   const std::vector<std::string_view> entries = top_breeder_entries(breeders);
   const ColumnFinder breeder_finder = make_column_finder(entries);
   const std::vector<std::string_view> colours = listed_colours(settings);
   const ColumnFinder colour_finder = make_column_finder(colours);
   LitterScratch scratch(store);
-  write_free_line(console, {monitor_data.in(english)});
+  write_free_line(console, {monitor_data});
   for (Row row = 1; row <= store.birth_years.dated_row_count(); ++row) {
     const YearAnimals animals = years.of_row(row);
     if (!animals.empty()) {
@@ -57,7 +56,7 @@ void monitor_population(const PopulationStore& store, const SteerSettings& setti
     if (store.has_breeder) {
       breeder_statistics(store, animals, row, breeder_finder, tables.parent_counts, tables.top_breeders);
     }
-    write_free_line(console, {year_is.in(english), store.birth_years.year_of(row), ages_determined.in(english)});
+    write_free_line(console, {year_is, store.birth_years.year_of(row), ages_determined});
   }
 }
 

@@ -51,20 +51,20 @@ float mean_in_years(const AgeTotal& total) {
 
 }  // namespace
 
-OldestParents determine_parent_ages(PopulationStore& store, bool english, TextOutput& console) {
+OldestParents determine_parent_ages(PopulationStore& store, TextOutput& console) {
   ProgressCounter progress{progress_interval(store.animal_count, 100, 200, 500)};
   LargestAges largest;
   std::int32_t position = 0;
   for (AnimalRecord& animal : store.animals) {
     ++position;
-    if (progress.is_due()) write_free_line(console, {animal_no.in(english), position - 1, age_determined.in(english)});
+    if (progress.is_due()) write_free_line(console, {animal_no, position - 1, age_determined});
     fetch_later_parents(store, animal);
     animal.sire_age_days = age_at_birth(store, animal.sire_no, animal);
     animal.dam_age_days = age_at_birth(store, animal.dam_no, animal);
     largest.look_at(animal);
   }
   const OldestParents oldest = largest.in_years();
-  write_free_line(console, {oldest_parents.in(english), oldest.sire, oldest.dam});
+  write_free_line(console, {oldest_parents, oldest.sire, oldest.dam});
   return oldest;
 }
 

@@ -31,7 +31,7 @@ struct AgeTotal {
 
 /// Fills `sire_age_days` and `dam_age_days` of every animal, in a calendar of 365-day years, and yields the oldest
 /// parents. An age stays -1 when a date is unknown; a parent born after its offspring gets a negative age.
-OldestParents determine_parent_ages(PopulationStore& store, bool english, TextOutput& console);
+OldestParents determine_parent_ages(PopulationStore& store, TextOutput& console);
 
 /// The oldest parents at the births of the animals at `positions`, in whole years truncated towards zero.
 OldestParents find_oldest_parents(const PopulationStore& store, std::span<const std::int32_t> positions);

@@ -58,8 +58,7 @@ void fill_tables(const PopulationStore& store, const SteerSettings& settings, co
     parent_age_statistics(store, animals, row, tables);
     colour_statistics(store, animals, row, colour_finder, tables.colour_counts);
     breeder_statistics(store, animals, row, breeder_finder, tables.parent_counts, tables.top_breeders);
-    write_free_line(console, {type_is.in(settings.english), name, year_is.in(settings.english),
-                              store.birth_years.year_of(row), ages_determined.in(settings.english)});
+    write_free_line(console, {type_is, name, year_is, store.birth_years.year_of(row), ages_determined});
   }
 }
 
@@ -111,11 +110,10 @@ RateSummary rates_of_trend(const YearTable<float>& trend, std::int32_t year_coun
 void run_type_pass(const PopulationStore& store, const SteerSettings& settings, const BreederList& breeders,
                    std::int32_t s, std::span<const std::int32_t> members, const YearTable<float>& kinship_table,
                    RunStreams& streams) {
-  const bool english = settings.english;
   TextOutput& console = streams.console;
   const SubpopulationName& name = settings.subpopulation_names[static_cast<std::size_t>(s) - 1];
-  write_free_line(console, {monitor_data.in(english), name});
-  if (members.empty()) return write_free_line(console, {no_animals.in(english), name});
+  write_free_line(console, {monitor_data, name});
+  if (members.empty()) return write_free_line(console, {no_animals, name});
   const OldestParents oldest = find_oldest_parents(store, members);
   write_free_line(console, {"maxages = ", oldest.sire, oldest.dam});
   MonitorTables tables =
@@ -125,7 +123,7 @@ void run_type_pass(const PopulationStore& store, const SteerSettings& settings, 
   turn_days_into_years(tables.mean_dam_age);
   const YearTable<float> trend = make_trend(kinship_table, s);
   const RateSummary rates = rates_of_trend(trend, store.birth_years.count);
-  const ReportFrame frame = {streams.report, store.birth_years, settings.nouns, english};
+  const ReportFrame frame = {streams.report, store.birth_years, settings.nouns};
   write_type_report(frame, store, settings, name, tables, breeders, overall_parent_ages(store, members),
                     find_busiest_parents(store, members), trend, rates);
 }

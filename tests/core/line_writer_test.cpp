@@ -426,6 +426,30 @@ TEST(FreeLine, BlankTextStandsBehindTheBlankOfTheLine) {
   EXPECT_EQ(free_line({"           "}), blanks(12) + "\n");
 }
 
+constexpr Wording animal_word = {"animal ", "dier "};
+
+TEST(FreeLine, WordingsAreWrittenInTheLanguageOfTheOutput) {
+  TextOutput english, dutch;
+  dutch.is_english = false;
+  for (TextOutput* output : {&english, &dutch}) write_free_line(*output, {animal_word, 12, animal_word});
+  EXPECT_EQ(english.pending, " animal           12 animal \n");
+  EXPECT_EQ(dutch.pending, " dier           12 dier \n");
+}
+
+TEST(FormatLine, WordingsAndFieldListsFollowTheLanguageOfTheOutput) {
+  constexpr Wording fields = {"A7,I3", "A5,I4"};
+  TextOutput english, dutch;
+  dutch.is_english = false;
+  for (TextOutput* output : {&english, &dutch}) write_format_line(*output, fields, {animal_word, 12});
+  EXPECT_EQ(english.pending, "animal  12\n");
+  EXPECT_EQ(dutch.pending, "dier   12\n");
+}
+
+TEST(FormatLine, RefusesAWordingInANumberField) {
+  TextOutput output;
+  EXPECT_THROW(write_format_line(output, "I8", {animal_word}), std::invalid_argument);
+}
+
 TEST(FreeLine, RefusesReals) {
   EXPECT_THROW(free_line({"F", 0.25F}), std::invalid_argument);
 }

@@ -19,8 +19,8 @@ namespace {
 
 /// Fills F of the whole store; the one place where these tests call the pass. Yields its console lines.
 std::vector<std::string> compute(PopulationStore& store, bool english = true) {
-  TextOutput console;
-  compute_inbreeding(store, make_ancestor_pedigree(store), english, console);
+  TextOutput console = output_in(english);
+  compute_inbreeding(store, make_ancestor_pedigree(store), console);
   return lines_of(console);
 }
 

@@ -31,13 +31,13 @@ struct KinshipTables {
 /// F of all animals, then both tables: the one place where these tests call the pass.
 KinshipTables kinship_of(PopulationStore& store, const Names& names = {}, bool english = true) {
   const AncestorPedigree ancestors = make_ancestor_pedigree(store);
-  TextOutput ignored, console;
-  compute_inbreeding(store, ancestors, english, ignored);
+  TextOutput ignored, console = output_in(english);
+  compute_inbreeding(store, ancestors, ignored);
   const std::int64_t rows = store.birth_years.row_count();
   KinshipTables tables{
       {rows, inbreeding_columns}, {rows, kinship_column_count(static_cast<std::int64_t>(names.size()))}, {}};
   const SubpopulationMembership membership = find_membership(store, names);
-  compute_kinship_by_year(store, ancestors, group_by_year(store), names.size() > 1 ? &membership : nullptr, english,
+  compute_kinship_by_year(store, ancestors, group_by_year(store), names.size() > 1 ? &membership : nullptr,
                           tables.inbreeding, tables.kinship, console);
   tables.console = lines_of(console);
   return tables;

@@ -23,8 +23,8 @@ struct TopSireRun {
 
 /// The one place where these tests call the pass.
 TopSireRun top_sires_of(const PopulationStore& store, bool english = true) {
-  TextOutput console;
-  TopSires tables = compute_top_sires(store, group_by_year(store), english, console);
+  TextOutput console = output_in(english);
+  TopSires tables = compute_top_sires(store, group_by_year(store), console);
   return {std::move(tables), lines_of(console)};
 }
 

@@ -53,7 +53,7 @@ struct Header {
 };
 
 Header read_header(std::string_view line, const SteerSettings& settings) {
-  TextOutput console;
+  TextOutput console = output_in(settings.english);
   const ColumnMap columns = read_header_line(line, settings, console);
   return {shortened(columns), console.pending};
 }
@@ -226,6 +226,7 @@ struct Columns {
 
 Columns read(std::string_view data, const SteerSettings& settings) {
   Columns result;
+  result.streams = streams_in(settings.english);
   LineReader reader;
   reader.name = "dogs.txt";
   reader.text = data;

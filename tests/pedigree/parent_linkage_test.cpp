@@ -15,8 +15,8 @@ namespace {
 
 /// What the linkage prints before the sort begins.
 std::string console_of_linkage(PopulationStore store, bool english) {
-  RunStreams streams;
-  link_and_sort(store, english, streams);
+  RunStreams streams = streams_in(english);
+  link_and_sort(store, streams);
   EXPECT_EQ(streams.report.pending, "");
   const std::string& console = streams.console.pending;
   const std::size_t sort_start = console.find(english ? " sweep " : " ronde ");
@@ -99,7 +99,7 @@ TEST(LinkParents, FirstOfTwoRecordsWithOneIdentificationIsTheParent) {
       "a   rex 0 m 2003\n"
       "b   0 rex m 2003\n");
   RunStreams streams;
-  link_and_sort(store, true, streams);
+  link_and_sort(store, streams);
   EXPECT_EQ(store.at(1).birth_year, 2000);
   EXPECT_EQ(store.at(1).offspring_count, 2);
   EXPECT_EQ(store.at(2).birth_year, 2001);
@@ -200,7 +200,7 @@ TEST(LinkParents, LooksIdentificationsUpWithoutTrailingBlanksButWithLeadingOnes)
   store.at(2).sire_id.assign("rex      ");
   store.at(3).sire_id.assign(" rex");
   RunStreams streams;
-  link_and_sort(store, true, streams);
+  link_and_sort(store, streams);
   EXPECT_EQ(store.animal_count, 4);  // " rex" is another animal
   EXPECT_EQ(animal_named(store, "a").sire_no, number_of(store, "rex"));
   EXPECT_EQ(animal_named(store, "b").sire_no, number_of(store, " rex"));

@@ -23,8 +23,8 @@ struct LoopRun {
 
 LoopRun run_into_loop(PopulationStore store, bool english) {
   LoopRun run;
-  RunStreams streams;
-  run.has_stopped = stops([&] { link_and_sort(store, english, streams); });
+  RunStreams streams = streams_in(english);
+  run.has_stopped = stops([&] { link_and_sort(store, streams); });
   const std::size_t start =
       streams.console.pending.find(english ? " probably a loop" : " waarschijnlijk een kringverwijzing");
   if (start != std::string::npos) run.console = streams.console.pending.substr(start);
@@ -204,7 +204,7 @@ TEST(PedigreeLoop, LastSweepsStandBeforeTheLoopReport) {
       "rex  rex 0 m 2003\n"
       "saar 0   0 f 2001\n");
   RunStreams streams;
-  EXPECT_TRUE(stops([&] { link_and_sort(store, true, streams); }));
+  EXPECT_TRUE(stops([&] { link_and_sort(store, streams); }));
   EXPECT_TRUE(streams.console.pending.starts_with(
       " sweep           1 number of animals without unsorted offspring           1\n"
       " sweep           1 number of animals with unsorted offspring           1\n"

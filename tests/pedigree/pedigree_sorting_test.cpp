@@ -23,8 +23,8 @@ struct SortRun {
 };
 
 SortRun sort_animals(PopulationStore store, bool english = true) {
-  SortRun run{std::move(store), {}};
-  link_and_sort(run.store, english, run.streams);
+  SortRun run{std::move(store), streams_in(english)};
+  link_and_sort(run.store, run.streams);
   return run;
 }
 

@@ -23,7 +23,7 @@ struct StoredField {
 };
 
 StoredField store_one(std::string_view field, FieldCode code, const SteerSettings& settings) {
-  StoredField result;
+  StoredField result{.record = {}, .streams = streams_in(settings.english)};
   result.has_stopped = stops([&] {
     store_field(field, code, settings, {"dogs.txt", 813, 5, 812}, result.record, result.streams);
   });
@@ -292,7 +292,7 @@ TEST(StoreField, SubpopulationOnTheListOrBlankIsAccepted) {
 }
 
 StoredField store_unknown_subpopulation(bool english) {
-  StoredField stored;
+  StoredField stored{.record = {}, .streams = streams_in(english)};
   stored.record.id.assign("NL-1");
   stored.record.name.assign("Rex");
   store_field("Rough", subpopulation_column, settings_with_subpopulation("rough", english), {"dogs.txt", 2, 30, 1},
@@ -531,7 +531,7 @@ TEST(ReadDataFile, LastLineIsNeverReadWhenTheSteerFileGivesTheColumns) {
 
 TEST(ReadDataFile, FileThatEndsEarlyLeavesTheOtherRecordsAsTheyWere) {
   for (const bool english : {true, false}) {
-    ReadRun run;
+    ReadRun run{.store = {}, .streams = streams_in(english)};
     LineReader reader;
     reader.text = "id;sire;dam;sex;dob\na;0;0;m;1-1-2000\nb;a;0;f;1-1-2001\n";
     allocate_records(run.store, 4);

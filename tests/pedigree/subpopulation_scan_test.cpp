@@ -8,6 +8,7 @@
 
 #include "support/pedigree_runs.h"
 #include "support/pedigrees.h"
+#include "support/streams.h"
 
 namespace pedigreewatch::test {
 namespace {
@@ -32,8 +33,8 @@ Scan scan(const PopulationStore& store, const std::vector<std::string>& names, b
   for (const std::string& name : names) fixed_names.emplace_back(name);
   const auto count = static_cast<std::int32_t>(names.size());
   Scan result{YearTable<std::int32_t>(store.birth_years.row_count(), count), SubpopulationOverlap(count), {}};
-  TextOutput console;
-  scan_subpopulations(store, find_membership(store, fixed_names), english, result.years, result.overlap, console);
+  TextOutput console = output_in(english);
+  scan_subpopulations(store, find_membership(store, fixed_names), result.years, result.overlap, console);
   result.console = console.pending;
   return result;
 }

@@ -22,8 +22,8 @@ struct Listing {
 
 /// The one place where these tests call the operation.
 Listing list_of(const PopulationStore& store, bool english = true) {
-  TextOutput console;
-  BreederList breeders = list_breeders(store, english, console);
+  TextOutput console = output_in(english);
+  BreederList breeders = list_breeders(store, console);
   return {std::move(breeders), lines_of(console)};
 }
 

@@ -40,8 +40,8 @@ struct Monitored {
 /// Ages, then the pass: the one place where these tests call it.
 Monitored monitored(PopulationStore store, SteerSettings settings = settings_with({"Onbekend", "niet erkend"}),
                     const BreederList& breeders = no_breeders()) {
-  TextOutput ignored, console;
-  const OldestParents oldest = determine_parent_ages(store, true, ignored);
+  TextOutput ignored, console = output_in(settings.english);
+  const OldestParents oldest = determine_parent_ages(store, ignored);
   if (!store.has_colour) settings.colour_count = 1;
   MonitorTables tables =
       make_monitor_tables(store.birth_years, oldest, settings.colour_count, breeders.top_breeder_count);

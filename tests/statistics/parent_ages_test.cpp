@@ -25,8 +25,8 @@ struct Aged {
 };
 
 Aged aged(PopulationStore store, bool english = true) {
-  TextOutput console;
-  const OldestParents oldest = determine_parent_ages(store, english, console);
+  TextOutput console = output_in(english);
+  const OldestParents oldest = determine_parent_ages(store, console);
   return {std::move(store), oldest, lines_of(console)};
 }
 

@@ -55,7 +55,7 @@ struct TypeRun {
 TypeRun run_type(PopulationStore store, const SteerSettings& settings, std::int32_t s, const Reals& F, const Reals& f,
                  const BreederList& breeders = no_breeders()) {
   TextOutput ignored;
-  determine_parent_ages(store, true, ignored);
+  determine_parent_ages(store, ignored);
   determine_completeness(store);
   YearTable<float> kinship(store.birth_years.row_count(), kinship_column_count(settings.subpopulation_count));
   for (std::size_t i = 0; i < F.size(); ++i) {
@@ -66,7 +66,7 @@ TypeRun run_type(PopulationStore store, const SteerSettings& settings, std::int3
   }
   const SubpopulationMembership membership = find_membership(store, settings.subpopulation_names);
   const auto members = animals_by_group(membership);
-  RunStreams streams;
+  RunStreams streams = streams_in(settings.english);
   run_type_pass(store, settings, breeders, s, members[static_cast<std::size_t>(s)], kinship, streams);
   return {lines_of(streams.console), lines_of(streams.report)};
 }

@@ -37,6 +37,7 @@ SteerSettings settings_in(bool english) {
 
 ReadRun read_text(std::string_view data, const SteerSettings& settings) {
   ReadRun run;
+  run.streams = streams_in(settings.english);
   LineReader reader;
   reader.name = "dogs.txt";
   reader.text = data;
@@ -45,10 +46,10 @@ ReadRun read_text(std::string_view data, const SteerSettings& settings) {
   return run;
 }
 
-void link_and_sort(PopulationStore& store, bool english, RunStreams& streams) {
+void link_and_sort(PopulationStore& store, RunStreams& streams) {
   TextOutput missing_parents;
   const auto index = append_missing_parents(store, missing_parents);
-  link_parents(store, index, english, streams);
+  link_parents(store, index, streams);
 }
 
 }  // namespace pedigreewatch::test

@@ -37,6 +37,6 @@ struct ReadRun {
 ReadRun read_text(std::string_view data, const SteerSettings& settings);
 
 /// Appends the missing parents, links and sorts. `streams` gets what the linkage and the sort print.
-void link_and_sort(PopulationStore& store, bool english, RunStreams& streams);
+void link_and_sort(PopulationStore& store, RunStreams& streams);
 
 }  // namespace pedigreewatch::test

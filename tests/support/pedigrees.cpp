@@ -16,7 +16,7 @@ namespace {
 void link_and_sort(PopulationStore& store) {
   RunStreams streams;
   const IdIndex index = append_missing_parents(store, streams.console);
-  link_parents(store, index, true, streams);
+  link_parents(store, index, streams);
 }
 
 }  // namespace

@@ -41,11 +41,10 @@ struct ReportSheet {
   TextOutput output;
   BirthYears years;
   SpeciesNouns nouns;
-  bool english;
 
-  ReportSheet(const BirthYears& birth_years, bool is_english)
-      : years(birth_years), nouns(cattle_nouns(is_english)), english(is_english) {}
-  ReportFrame frame() { return {output, years, nouns, english}; }
+  ReportSheet(const BirthYears& birth_years, bool english)
+      : output(output_in(english)), years(birth_years), nouns(cattle_nouns(english)) {}
+  ReportFrame frame() { return {output, years, nouns}; }
   std::vector<std::string> lines() const { return lines_of(output); }
 };
 

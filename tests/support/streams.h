@@ -9,6 +9,18 @@
 
 namespace pedigreewatch::test {
 
+/// An output that is kept, in one of the two languages.
+inline TextOutput output_in(bool english) {
+  TextOutput output;
+  output.is_english = english;
+  return output;
+}
+
+/// The streams of a run in one of the two languages.
+inline RunStreams streams_in(bool english) {
+  return {.console = output_in(english), .report = output_in(english), .messages = {}};
+}
+
 /// Splits printed bytes into lines, without their line feeds.
 std::vector<std::string> lines_of(std::string_view printed);
 std::vector<std::string> lines_of(const TextOutput& output);
