@@ -83,20 +83,28 @@ std::int32_t read_count(LineReader& reader, RunStreams& streams, std::int64_t li
   return static_cast<std::int32_t>(count);
 }
 
-void skip_separators(std::string_view& rest) {
-  while (!rest.empty() && (rest.front() == ' ' || rest.front() == ',')) rest.remove_prefix(1);
+/// Takes the next number off a list in which blanks or commas stand between the numbers. False where the list ends: at
+/// the end of the line, or at a text that is not wholly a number.
+bool take_listed_number(std::string_view& list, std::int64_t& value) {
+  constexpr std::string_view separators = " ,";
+  list.remove_prefix(std::min(list.find_first_not_of(separators), list.size()));
+  std::string_view token = list.substr(0, list.find_first_of(separators));
+  list.remove_prefix(token.size());
+  return take_integer(token, value) && token.empty();
+}
+
+/// The count at the front of a list; 0 when there is none or when it is negative.
+std::int64_t take_listed_count(std::string_view& list) {
+  std::int64_t count = 0;
+  return take_listed_number(list, count) && count > 0 ? count : 0;
 }
 
 /// Reads "count code code ..." into `codes` and yields how many of them the line asked for, at most all 25.
 std::size_t read_column_list(std::string_view line, ColumnMap& codes) {
-  skip_separators(line);
-  std::int64_t count = 0;
-  if (!take_integer(line, count) || count < 0) count = 0;
-  const std::size_t kept = static_cast<std::size_t>(std::min<std::int64_t>(count, column_limit));
+  const std::size_t kept = static_cast<std::size_t>(std::min<std::int64_t>(take_listed_count(line), column_limit));
   for (std::size_t i = 0; i < kept; ++i) {
-    skip_separators(line);
     std::int64_t code = 0;
-    if (!take_integer(line, code)) break;
+    if (!take_listed_number(line, code)) break;
     if (code < INT32_MIN || code > INT32_MAX) break;
     codes[i] = static_cast<std::int32_t>(code);
   }
@@ -109,7 +117,8 @@ void read_columns_part(LineReader& reader, RunStreams& streams, SteerSettings& s
     return;
   }
   next_line(reader);  // a comment
-  const std::int64_t counted = count_on(next_line(reader));
+  std::string_view count_line = next_line(reader);
+  const std::int64_t counted = take_listed_count(count_line);
   const std::int64_t column_count = counted > INT32_MAX ? 0 : counted;  // a number that cannot be read
   write_free_line(streams.console, {column_count, columns_counted});
   next_line(reader);  // a comment

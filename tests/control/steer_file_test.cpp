@@ -463,7 +463,8 @@ TEST(ColumnList, At25TheListIsFull) {
 }
 
 TEST(ColumnList, WithoutACountIsEmpty) {
-  for (const std::string_view list : {"", "none", "-3 1 2 3", "x 1 2"}) {
+  for (const std::string_view list :
+       {"", "none", "-3 1 2 3", "x 1 2", "3x 1 2 3", "2.5 1 2", "3- 1 2 3", "\t3 1 2 3"}) {
     const ReadSteerFile read = with_header_part("n\n\n5\n\n" + std::string(list));
     EXPECT_EQ(read.settings.column_codes, ColumnMap{}) << list;
     EXPECT_EQ(read.console[2], "") << list;
@@ -475,8 +476,34 @@ TEST(ColumnList, CodesMayHaveASign) {
   EXPECT_EQ(with_header_part("n\n\n3\n\n+3 +1 -2 99").settings.column_codes, codes({1, -2, 99}));
 }
 
-TEST(ColumnList, EndsAtAWord) {
-  EXPECT_EQ(with_header_part("n\n\n3\n\n3 1 x 2").settings.column_codes, codes({1}));
+TEST(ColumnList, EndsAtATextThatIsNotWhollyANumber) {
+  for (const std::string_view text : {"x", "3x", "2.5", "1-2", "3*7", "2;", "2\t", "+", "-", "--1", "/"}) {
+    EXPECT_EQ(with_header_part("n\n\n4\n\n4 1 " + std::string(text) + " 7 8").settings.column_codes, codes({1}))
+        << text;
+    EXPECT_EQ(with_header_part("n\n\n4\n\n4,1," + std::string(text) + ",7").settings.column_codes, codes({1})) << text;
+    EXPECT_EQ(with_header_part("n\n\n4\n\n4 1 2 7 " + std::string(text)).settings.column_codes, codes({1, 2, 7}))
+        << text;
+  }
+}
+
+TEST(ColumnList, MayBeginWithSeparators) {
+  EXPECT_EQ(with_header_part("n\n\n3\n\n, ,3,,1, 2,,,7").settings.column_codes, codes({1, 2, 7}));
+}
+
+TEST(ColumnCount, IsTheFirstNumberOnTheLine) {
+  for (const std::string_view count : {"5", "  5", ",5", " , ,5", "5,7", "5 columns", "+5", "005"}) {
+    const ReadSteerFile read = with_header_part("n\n\n" + std::string(count) + "\n\n5 1 2 3 7 8");
+    EXPECT_EQ(read.console[1], number(5) + "  columns in data file") << count;
+    EXPECT_EQ(read.settings.column_codes, codes({1, 2, 3, 7, 8})) << count;
+  }
+}
+
+TEST(ColumnCount, IsZeroForATextThatIsNotWhollyANumber) {
+  for (const std::string_view count : {"", ",", "none", "columns 5", "5x", "5.5", "-5", ",x5", "99999999999"}) {
+    const ReadSteerFile read = with_header_part("n\n\n" + std::string(count) + "\n\n5 1 2 3 7 8");
+    EXPECT_EQ(read.console[1], number(0) + "  columns in data file") << count;
+    EXPECT_EQ(read.settings.column_codes, codes({1, 2, 3, 7, 8})) << count;
+  }
 }
 
 // ---- counts and lists ------------------------------------------------------------------------------------------
