@@ -337,7 +337,8 @@ TEST(HostileBytes, NulBytesInTextsAreText) {
 TEST(HostileBytes, NulByteInADateIsRefused) {
   const std::string nul(1, '\0');
   expect_stop(run_program_on(files_of(with_header("A1;;;m;01-0" + nul + "-2000\n"))),
-              "dogs.txt, line 2, column 8: \"01-0.-2000\": a date of birth in the layout dd-mm-yyyy was expected\n");
+              "dogs.txt, line 2, field 5 (birthdate), character 8: \"01-0.-2000\": a date of birth in the layout "
+              "dd-mm-yyyy was expected\n");
 }
 
 TEST(HostileBytes, NulByteInAFileNameNamesNoFile) {
@@ -385,7 +386,8 @@ TEST(HostileBytes, BinaryDataFileHasNoIdColumn) {
 TEST(HostileBytes, BinaryDateIsShownWithoutControlCharacters) {
   expect_stop(run_program_on(files_of(with_header("A1;;;m;\x1B[2J\x07"
                                                   "9\x7F\n"))),
-              "dogs.txt, line 2, column 8: \".[2J.9.\": a date of birth in the layout dd-mm-yyyy was expected\n");
+              "dogs.txt, line 2, field 5 (birthdate), character 8: \".[2J.9.\": a date of birth in the layout "
+              "dd-mm-yyyy was expected\n");
 }
 
 TEST(HostileBytes, EveryByteMayStandInAnId) {
@@ -556,9 +558,9 @@ TEST(HostileDates, LargestYearOfAllIsAYear) {
 
 TEST(HostileDates, YearBeyondThirtyTwoBitsIsRefused) {
   for (const std::string year : {"2147483648", "99999999999", "99999999999999999999999999"}) {
-    expect_stop(
-        run_program_on(files_of(with_header("A1;;;m;01-01-" + year + "\n"))),
-        "dogs.txt, line 2, column 8: \"01-01-" + year + "\": a date of birth in the layout dd-mm-yyyy was expected\n");
+    expect_stop(run_program_on(files_of(with_header("A1;;;m;01-01-" + year + "\n"))),
+                "dogs.txt, line 2, field 5 (birthdate), character 8: \"01-01-" + year +
+                    "\": a date of birth in the layout dd-mm-yyyy was expected\n");
   }
 }
 
@@ -591,8 +593,32 @@ TEST(HostileDates, ParentsOfMillionsOfYearsAreRefused) {
   // 406 birth years and a father of (999999999 + 730 - 365 * 395 ...) / 365 years: more figures than a disk holds.
   const std::string data = "A1;;;m;01--999999999-2000\nB1;;;f;01-01-1600\nC1;A1;B1;m;01-01-2005\n";
   expect_stop(run_program_on(files_of(with_header(data), {.date_layout = "mm-dd-yyyy"})),
-              "dogs.txt: fathers up to 2739731 and mothers up to 405 years old (animal \"C1\" has the oldest parent): "
-              "the tables of parents' ages would have more than 1000000000 figures\n");
+              "dogs.txt: fathers up to 2739731 and mothers up to 405 years old (the oldest parent \"A1\" was born on "
+              "-999999999-1-2000, line 2, its young \"C1\" on 1-1-2005, line 4): the tables of parents' ages would "
+              "have more than 20000000 figures\n");
+}
+
+TEST(HostileDates, MistypedYearOfAnAnimalWithParentsIsRefusedWithBothDates) {
+  // Of the two animals with the id X1 the first one is the mother. In years of 365 days she is 18002 and some months
+  // old, the father 20 days less than 18005; there are 18016 birth years. Y1 has younger parents.
+  const std::string data =
+      "A1;;;m;31-12-2000\nX1;;;f;05-06-2003\nX1;;;f;05-06-1990\nC1;A1;X1;m;11-12-20005\nZ1;;;f;01-01-1999\n"
+      "Y1;A1;Z1;f;01-02-2005\n";
+  expect_stop(run_program_on(files_of(with_header(data))),
+              "dogs.txt: fathers up to 18004 and mothers up to 18002 years old (the oldest parent \"A1\" was born on "
+              "31-12-2000, line 2, its young \"C1\" on 11-12-20005, line 5): the tables of parents' ages would have "
+              "more than 20000000 figures\n");
+}
+
+TEST(HostileDates, MistypedYearOfAMotherIsRefusedWithBothDates) {
+  // A column list: the lines of the file are counted from its first animal.
+  const Steer steer = {.header = "n\n\n5\n\n5 1 2 3 7 8\n"};
+  const WholeRun run =
+      run_program_on(files_of("A1;;;m;31-12-12001\nC1;A1;B1;m;11-12-22003\nB1;;;f;05-06-2003\n\n", steer));
+  expect_stop(run,
+              "dogs.txt: fathers up to 10001 and mothers up to 20000 years old (the oldest parent \"B1\" was born on "
+              "5-6-2003, line 3, its young \"C1\" on 11-12-22003, line 2): the tables of parents' ages would have "
+              "more than 20000000 figures\n");
 }
 
 TEST(HostileDates, MistypedYearHasARowForEachYearBetween) {

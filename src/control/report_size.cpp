@@ -4,6 +4,15 @@
 #include <string>
 
 namespace pedigreewatch {
+namespace {
+
+/// The date of birth as it was understood, and the line of the data file that gives it: "31-12-2005, line 812".
+std::string birth_of(const AnimalRecord& animal) {
+  return std::to_string(animal.birth_day) + "-" + std::to_string(animal.birth_month) + "-" +
+         std::to_string(animal.birth_year) + (animal.line > 0 ? ", line " + std::to_string(animal.line) : "");
+}
+
+}  // namespace
 
 void check_year_span(const PopulationStore& store, std::string_view data_file, RunStreams& streams) {
   constexpr std::int64_t year_limit = 100'000;
@@ -19,16 +28,18 @@ void check_year_span(const PopulationStore& store, std::string_view data_file, R
 
 void check_parent_ages(const PopulationStore& store, const OldestParents& oldest, std::string_view data_file,
                        RunStreams& streams) {
-  constexpr std::int64_t figure_limit = 1'000'000'000;
+  constexpr std::int64_t figure_limit = 20'000'000;
   const std::int64_t columns = std::int64_t{std::max(oldest.sire, 0)} + std::max(oldest.dam, 0);
   if (columns * store.birth_years.dated_row_count() <= figure_limit) return;
   const auto age_of = [](const AnimalRecord& animal) { return std::max(animal.sire_age_days, animal.dam_age_days); };
-  const auto animal = std::max_element(store.animals.begin(), store.animals.end(),
-                                       [&](const auto& a, const auto& b) { return age_of(a) < age_of(b); });
+  const auto young = std::max_element(store.animals.begin(), store.animals.end(),
+                                      [&](const auto& a, const auto& b) { return age_of(a) < age_of(b); });
+  const AnimalRecord& parent = store.at(young->sire_age_days == age_of(*young) ? young->sire_no : young->dam_no);
   stop_on_file(streams, data_file,
                "fathers up to " + std::to_string(oldest.sire) + " and mothers up to " + std::to_string(oldest.dam) +
-                   " years old (animal " + quoted(animal->id.trimmed()) +
-                   " has the oldest parent): the tables of parents' ages would have more than 1000000000 figures");
+                   " years old (the oldest parent " + quoted(parent.id.trimmed()) + " was born on " + birth_of(parent) +
+                   ", its young " + quoted(young->id.trimmed()) + " on " + birth_of(*young) +
+                   "): the tables of parents' ages would have more than 20000000 figures");
 }
 
 }  // namespace pedigreewatch

@@ -1,5 +1,5 @@
 // A report has a line for each birth year and a column for each year of a parent's age. One mistyped date can ask for
-// more of them than any disk holds: such a run ends with a message that names the animal.
+// more of them than anybody can read or any disk holds: such a run ends with a message that names the animals.
 #pragma once
 
 #include <string_view>
@@ -13,7 +13,8 @@ namespace pedigreewatch {
 /// Stops the run when the first and the last birth year are 100,000 years apart or more.
 void check_year_span(const PopulationStore& store, std::string_view data_file, RunStreams& streams);
 
-/// Stops the run when the tables of the parents' ages would have more than a thousand million figures.
+/// Stops the run when the tables of the parents' ages would have more than twenty million figures. The message names
+/// the oldest parent and its young, with their dates and lines: one of the two dates is wrong.
 void check_parent_ages(const PopulationStore& store, const OldestParents& oldest, std::string_view data_file,
                        RunStreams& streams);
 

@@ -13,16 +13,35 @@ void append_number(TextOutput& output, std::int64_t value) {
   append(output, {digits.data(), static_cast<std::size_t>(end - digits.data())});
 }
 
+/// At most `length` bytes of `text`, with dots for those that a terminal would act on and for the rest of it.
+std::string printable(std::string_view text, std::size_t length) {
+  std::string result;
+  for (const char byte : text.substr(0, length)) {
+    const bool is_control = static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F;
+    result.push_back(is_control ? '.' : byte);
+  }
+  return text.size() > length ? result + "..." : result;
+}
+
+/// Where in its line a piece of input stands.
+void append_place(TextOutput& messages, const InputProblem& problem) {
+  constexpr std::size_t shown_heading_length = 40;
+  if (problem.field > 0) {
+    append(messages, ", field ");
+    append_number(messages, problem.field);
+    if (!problem.heading.empty()) append(messages, " (" + printable(problem.heading, shown_heading_length) + ")");
+  }
+  if (problem.column > 0) {
+    append(messages, problem.field > 0 ? ", character " : ", column ");
+    append_number(messages, problem.column);
+  }
+}
+
 }  // namespace
 
 std::string quoted(std::string_view text) {
   constexpr std::size_t shown_length = 80;
-  std::string result = "\"";
-  for (const char byte : text.substr(0, shown_length)) {
-    const bool is_control = static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F;
-    result.push_back(is_control ? '.' : byte);
-  }
-  return result + (text.size() > shown_length ? "...\"" : "\"");
+  return "\"" + printable(text, shown_length) + "\"";
 }
 
 void stop_run() {
@@ -44,10 +63,7 @@ void stop_on_input(RunStreams& streams, const InputProblem& problem) {
   if (problem.line > 0) {
     append(messages, ", line ");
     append_number(messages, problem.line);
-    if (problem.column > 0) {
-      append(messages, ", column ");
-      append_number(messages, problem.column);
-    }
+    append_place(messages, problem);
     append(messages, ": ");
     append(messages, quoted(problem.text));
   }

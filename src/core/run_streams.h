@@ -34,10 +34,14 @@ struct InputProblem {
   std::int64_t column = 0;  ///< place in the line, counted from 1; 0 when no place is meant
   std::string_view text;    ///< the offending text, when there is a line
   std::string_view expected;
+  std::int64_t field = 0;         ///< field of the line, counted from 1; 0 when no field is meant
+  std::string_view heading = {};  ///< what the header line says above the field; empty: nothing
 };
 
 /// Prints one message line such as
 ///   dogs.txt, line 812, column 5: "31-o2-1998": a number was expected
+/// or, when a field is meant, such as
+///   dogs.txt, line 812, field 4 (birthdate), character 23: "31-o2-1998": a date of birth was expected
 /// to the message stream and ends the run with exit status 1.
 [[noreturn]] void stop_on_input(RunStreams& streams, const InputProblem& problem);
 

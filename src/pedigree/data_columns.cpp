@@ -184,19 +184,19 @@ ColumnMap read_header_line(std::string_view line, const SteerSettings& settings,
   return columns;
 }
 
-ColumnMap read_columns(LineReader& data, const SteerSettings& settings, PopulationStore& store, RunStreams& streams) {
-  ColumnMap columns = settings.column_codes;
+DataColumns read_columns(LineReader& data, const SteerSettings& settings, PopulationStore& store, RunStreams& streams) {
+  DataColumns columns = {settings.column_codes, {}};
   std::int32_t code_sum = 0;
-  for (const std::int32_t code : columns) code_sum = wrapped(std::int64_t{code_sum} + code);
+  for (const std::int32_t code : columns.codes) code_sum = wrapped(std::int64_t{code_sum} + code);
   if (code_sum == 0) {
     std::string_view header;
     if (!read_line(data, header)) {
       stop_on_input(streams,
                     {data.name, 0, 0, "", "the file is empty: a line with the names of the columns was expected"});
     }
-    columns = read_header_line(header, settings, streams.console);
+    columns = {read_header_line(header, settings, streams.console), std::string(header)};
   }
-  announce_fields(columns, store, streams.console);
+  announce_fields(columns.codes, store, streams.console);
   return columns;
 }
 

@@ -1,6 +1,7 @@
 // Which field of an animal each column of the data file feeds: from the steer file's list, or from the header line.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "control/steer_settings.h"
@@ -10,10 +11,15 @@
 
 namespace pedigreewatch {
 
-/// Yields the field code of each column and sets the `has_` flags of the store. When the steer file gives no codes
+struct DataColumns {
+  ColumnMap codes = {};     ///< the field code of each column
+  std::string header_line;  ///< as it stands in the data file; empty when the steer file gives the codes
+};
+
+/// Yields the columns and sets the `has_` flags of the store. When the steer file gives no codes
 /// (their sum is 0) the first line of `data` is read as a header; otherwise `data` stays where it is. Announces each
 /// field on the console; stops the run when a required column is missing or the file has no header line.
-ColumnMap read_columns(LineReader& data, const SteerSettings& settings, PopulationStore& store, RunStreams& streams);
+DataColumns read_columns(LineReader& data, const SteerSettings& settings, PopulationStore& store, RunStreams& streams);
 
 /// Splits a header line at the delimiter and looks its words up. Reports every word on the console.
 ColumnMap read_header_line(std::string_view line, const SteerSettings& settings, TextOutput& console);

@@ -54,6 +54,7 @@ struct AnimalRecord {
 
   alignas(64) AnimalId id;
   FixedText<20> subpopulation;
+  std::int32_t line = 0;  ///< of the data file, counted from 1; 0 for an appended parent
 
   alignas(64) FixedText<40> colour;
   FixedText<20> breeder;

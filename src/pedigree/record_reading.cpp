@@ -91,6 +91,16 @@ void check_subpopulation(const AnimalRecord& record, const SteerSettings& settin
   report_unknown_subpopulation(record, unknown_subpopulation_in_report, streams.report);
 }
 
+/// The word above a field; empty without a header line.
+std::string_view heading_of(std::string_view header_line, std::int64_t field, char delimiter) {
+  for (; field > 1; --field) {
+    const std::size_t end = header_line.find(delimiter);
+    if (end == std::string_view::npos) return {};
+    header_line.remove_prefix(end + 1);
+  }
+  return without_leading_blanks(without_trailing_blanks(header_line.substr(0, header_line.find(delimiter))));
+}
+
 void store_birth_date(std::string_view field, const SteerSettings& settings, const FieldPlace& place,
                       AnimalRecord& record, RunStreams& streams) {
   const DateLayout layout = {settings.date_has_delimiters, settings.date_year_first, settings.date_day_first};
@@ -98,7 +108,13 @@ void store_birth_date(std::string_view field, const SteerSettings& settings, con
   if (!read_birth_date(field, layout, date)) {
     const std::string expected =
         "a date of birth in the layout " + std::string(settings.date_layout.trimmed()) + " was expected";
-    stop_on_input(streams, {place.file, place.line, place.column, without_trailing_blanks(field), expected});
+    stop_on_input(streams, {.file = place.file,
+                            .line = place.line,
+                            .column = place.column,
+                            .text = without_trailing_blanks(field),
+                            .expected = expected,
+                            .field = place.field,
+                            .heading = heading_of(place.header_line, place.field, settings.delimiter)});
   }
   record.birth_year = date.year;
   record.birth_month = date.month;
@@ -176,6 +192,7 @@ void store_line(std::string_view line, std::span<const std::int32_t> columns, co
   FieldPlace place = start;
   std::size_t next = 0;  // where the field at hand begins
   for (const std::int32_t code : columns) {
+    ++place.field;
     const std::size_t begin = std::min(next, line.size());
     const std::size_t end = std::min(line.find(settings.delimiter, begin), line.size());
     const bool is_left_out = end == begin && begin < line.size();  // the delimiter stands where the field begins
@@ -188,8 +205,8 @@ void store_line(std::string_view line, std::span<const std::int32_t> columns, co
 }
 
 void read_data_file(LineReader& data, const SteerSettings& settings, PopulationStore& store, RunStreams& streams) {
-  const ColumnMap column_map = read_columns(data, settings, store, streams);
-  const std::span<const std::int32_t> columns = columns_that_count(column_map);
+  const DataColumns data_columns = read_columns(data, settings, store, streams);
+  const std::span<const std::int32_t> columns = columns_that_count(data_columns.codes);
   const std::int32_t interval = record_interval(store.animal_count);
   std::int32_t counter = 1;
   for (std::int32_t r = 1; r <= store.animal_count; ++r) {
@@ -199,7 +216,9 @@ void read_data_file(LineReader& data, const SteerSettings& settings, PopulationS
       write_free_line(streams.console, {end_of_records, r});
       break;
     }
-    store_line(line, columns, settings, {data.name, data.line_number, 0, r}, record, streams);
+    record.line = static_cast<std::int32_t>(data.line_number);
+    const FieldPlace start = {data.name, data.line_number, 0, r, 0, data_columns.header_line};
+    store_line(line, columns, settings, start, record, streams);
     if (++counter == interval) {
       dump_record(record, r, store, streams.console);
       counter = -1;

@@ -18,6 +18,8 @@ struct FieldPlace {
   std::int64_t line = 0;
   std::int64_t column = 0;  ///< place of the field's first character, counted from 1
   std::int32_t record_number = 0;
+  std::int64_t field = 0;             ///< counted from 1
+  std::string_view header_line = {};  ///< empty: the data file has none
 };
 
 /// Settles the columns, then fills the records 1 to `animal_count` of the store, one from each line of `data`.

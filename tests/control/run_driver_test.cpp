@@ -545,7 +545,7 @@ TEST(ExitStatus, IsOneAfterAnUnreadableDate) {
   const WholeRun run =
       run_with_silent_keyboard(files_of(header_line + std::string("a1;0;0;m;01-01-2000\na2;0;0;m;31-o2-1998\n")));
   EXPECT_EQ(run.exit_status, 1);
-  EXPECT_TRUE(run.messages.starts_with("dogs.txt, line 3, column ")) << run.messages;
+  EXPECT_TRUE(run.messages.starts_with("dogs.txt, line 3, field 5 (birthdate), character 10: ")) << run.messages;
   EXPECT_NE(run.messages.find("\"31-o2-1998\""), std::string::npos) << run.messages;
   EXPECT_FALSE(has_line(run, " all records read"));
   EXPECT_TRUE(has_line(run, " total number records = " + number(3)));  // what was printed before has arrived

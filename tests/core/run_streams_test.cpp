@@ -35,6 +35,36 @@ TEST(StopOnInput, NamesFileLineColumnTextAndWhatWasExpected) {
       "dogs.txt, line 812, column 5: \"31-o2-1998\": a number was expected\n");
 }
 
+TEST(StopOnInput, NamesTheFieldAndItsHeadingBesideTheCharacter) {
+  InputProblem problem = {.file = "dogs.txt",
+                          .line = 812,
+                          .column = 23,
+                          .text = "31-o2-1998",
+                          .expected = "a date was expected",
+                          .field = 4,
+                          .heading = "birthdate"};
+  EXPECT_EQ(message_on(problem),
+            "dogs.txt, line 812, field 4 (birthdate), character 23: \"31-o2-1998\": a date was expected\n");
+  problem.heading = "";
+  EXPECT_EQ(message_on(problem), "dogs.txt, line 812, field 4, character 23: \"31-o2-1998\": a date was expected\n");
+  problem.heading = "a\x1B[2J\tb";
+  EXPECT_EQ(message_on(problem),
+            "dogs.txt, line 812, field 4 (a.[2J.b), character 23: \"31-o2-1998\": a date was expected\n");
+}
+
+TEST(StopOnInput, OfALongHeadingItsStartIsShown) {
+  const std::string forty(40, 'h');
+  InputProblem problem = {.file = "dogs.txt", .line = 2, .column = 1, .text = "x", .expected = "a date was expected"};
+  problem.field = 1;
+  problem.heading = forty;
+  EXPECT_EQ(message_on(problem),
+            "dogs.txt, line 2, field 1 (" + forty + "), character 1: \"x\": a date was expected\n");
+  const std::string longer = forty + "i";
+  problem.heading = longer;
+  EXPECT_EQ(message_on(problem),
+            "dogs.txt, line 2, field 1 (" + forty + "...), character 1: \"x\": a date was expected\n");
+}
+
 TEST(StopOnInput, WithoutAColumn) {
   EXPECT_EQ(message_on({.file = "dogs.txt", .line = 1, .text = "x", .expected = "a header was expected"}),
             "dogs.txt, line 1: \"x\": a header was expected\n");

@@ -231,7 +231,7 @@ Columns read(std::string_view data, const SteerSettings& settings) {
   reader.name = "dogs.txt";
   reader.text = data;
   result.has_stopped =
-      stops([&] { result.codes = shortened(read_columns(reader, settings, result.store, result.streams)); });
+      stops([&] { result.codes = shortened(read_columns(reader, settings, result.store, result.streams).codes); });
   result.lines_read = reader.line_number;
   return result;
 }

@@ -552,8 +552,39 @@ TEST(ReadDataFile, BadDateIsReportedWithItsPlace) {
       read_text("name;id;sire;dam;sex;dob\nRex;a;0;0;m;1-1-2000\nBas;b;0;0;m;1-x-2000;rest\n", settings_in(true));
   EXPECT_TRUE(run.has_stopped);
   EXPECT_EQ(run.streams.messages.pending,
-            "dogs.txt, line 3, column 13: \"1-x-2000\": a date of birth in the layout dd-mm-jjjj was expected\n");
+            "dogs.txt, line 3, field 6 (dob), character 13: \"1-x-2000\": a date of birth in the layout dd-mm-jjjj was "
+            "expected\n");
   EXPECT_EQ(console_of_records(run), "");
+}
+
+TEST(ReadDataFile, BadDateIsReportedWithTheHeadingAsItStands) {
+  const ReadRun blanks = read_text("id;sire; colour ;dam;sex;  dob \nb;0;;0;m;1-x-2000\n", settings_in(true));
+  EXPECT_EQ(blanks.streams.messages.pending,
+            "dogs.txt, line 2, field 6 (dob), character 10: \"1-x-2000\": a date of birth in the layout dd-mm-jjjj was "
+            "expected\n");
+  SteerSettings merged = settings_in(true);
+  merged.merge_delimiters = true;
+  EXPECT_EQ(read_text("id;sire;dam;sex;dob\nb;;;m;1-x-2000\n", merged).streams.messages.pending,
+            "dogs.txt, line 2, field 5 (dob), character 7: \"1-x-2000\": a date of birth in the layout dd-mm-jjjj was "
+            "expected\n");
+}
+
+TEST(ReadDataFile, BadDateHasNoHeadingWhenTheSteerFileGivesTheColumns) {
+  SteerSettings settings = settings_in(true);
+  settings.column_codes = {id_column, sire_column, dam_column, unused_column, sex_column, birthdate_column};
+  EXPECT_EQ(read_text("a;0;0;;m;1-1-2000\nb;0;0;;m;1-x-2000\n\n", settings).streams.messages.pending,
+            "dogs.txt, line 2, field 6, character 10: \"1-x-2000\": a date of birth in the layout dd-mm-jjjj was "
+            "expected\n");
+}
+
+TEST(ReadDataFile, RecordsKnowTheirLine) {
+  const ReadRun headed = read_text("id;sire;dam;sex;dob\na;0;0;m;\n\nc;0;0;m;\n", settings_in(true));
+  ASSERT_EQ(headed.store.animal_count, 3);
+  EXPECT_EQ(headed.store.at(1).line, 2);
+  EXPECT_EQ(headed.store.at(3).line, 4);
+  SteerSettings settings = settings_in(true);
+  settings.column_codes = {id_column, sire_column, dam_column, sex_column, birthdate_column};
+  EXPECT_EQ(read_text("a;0;0;m;\nb;0;0;m;\n\n", settings).store.at(2).line, 2);
 }
 
 TEST(ReadDataFile, UnknownWordAsDateIsAnUnknownDate) {
