@@ -318,6 +318,23 @@ TEST(HostileRights, OldReportThatMayNotBeWrittenStaysAsItWas) {
   EXPECT_EQ(run.file("dogs.out"), "last year's report\n");
 }
 
+TEST(HostileRights, FolderThatMayNotBeWrittenLeavesAnOldReportThatMay) {
+  // It cannot be put aside there, and to overwrite it could lose it.
+  Files files = files_of(with_header(family));
+  files["dogs.out"] = "last year's report\n";
+  const RunFolder folder(files);
+  SKIP_WHERE_RIGHTS_DO_NOT_MATTER(folder);
+  std::filesystem::permissions(folder.path("dogs.out"), std::filesystem::perms::all);
+  constexpr auto read_only = std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec |
+                             std::filesystem::perms::others_read | std::filesystem::perms::others_exec;
+  std::filesystem::permissions(folder.path(), read_only);
+  const WholeRun run = folder.run_without_rights();
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(run.messages,
+            "dogs.out: the last complete report could not be kept as dogs.out.last-complete: Permission denied\n");
+  EXPECT_EQ(run.file("dogs.out"), "last year's report\n");
+}
+
 // ---- Bytes -----------------------------------------------------------------------------------------------------
 
 TEST(HostileBytes, NulBytesInTextsAreText) {
@@ -785,6 +802,31 @@ TEST(HostileSignal, StoppedRunSaysSoAndTakesItsReportAway) {
   }
 }
 
+TEST(HostileSignal, StoppedRunLeavesTheLastCompleteReport) {
+  Files files = files_with_much_to_say();
+  files["dogs.out"] = "last year's report\n";
+  const WholeRun run = RunFolder(files).run(stopped_in_the_middle("TERM"));
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(run.messages,
+            "dogs.out: the report could not be written: the run was stopped from outside; the last complete report is "
+            "dogs.out.last-complete\n");
+  EXPECT_EQ(run.files.count("dogs.out"), 0U);
+  EXPECT_EQ(run.file("dogs.out.last-complete"), "last year's report\n");
+}
+
+TEST(HostileSignal, KilledRunLeavesTheLastCompleteReport) {
+  Files files = files_with_much_to_say();
+  files["dogs.out"] = "last year's report\n";
+  const RunFolder folder(files);
+  const WholeRun killed = folder.run(stopped_in_the_middle("KILL"));
+  EXPECT_EQ(killed.exit_status, 128 + 9);
+  EXPECT_EQ(killed.file("dogs.out.last-complete"), "last year's report\n");
+  const WholeRun next = folder.run();
+  EXPECT_EQ(next.exit_status, 0);
+  EXPECT_EQ(next.file("dogs.out"), run_program_on(files_with_much_to_say()).file("dogs.out"));
+  EXPECT_EQ(next.files.count("dogs.out.last-complete"), 0U);
+}
+
 TEST(HostileSignal, IgnoredSignalsStayIgnored) {
   const RunFolder folder(files_with_much_to_say());
   const WholeRun run = folder.run("trap '' HUP; " + stopped_in_the_middle("HUP"));
@@ -866,12 +908,48 @@ TEST(HostileDisk, OfALinkedReportTheFileIsTakenAway) {
   EXPECT_FALSE(std::filesystem::exists(folder.path("archive.out")));
 }
 
-TEST(HostileDisk, OldReportIsTakenAwayWhenTheNewOneHasNoRoom) {
+TEST(HostileDisk, OldReportIsKeptWhenTheNewOneHasNoRoom) {
   Files files = files_of(with_header(family));
   files["dogs.out"] = "last year's report\n";
-  const WholeRun run = RunFolder(files).run("ulimit -f 1 && \"$PROGRAM\" >/dev/null");
-  EXPECT_EQ(run.exit_status, 1);
-  EXPECT_EQ(run.files.count("dogs.out"), 0U);
+  const RunFolder folder(files);
+  for (int attempt = 1; attempt <= 2; ++attempt) {
+    const WholeRun run = folder.run("ulimit -f 1 && \"$PROGRAM\" >/dev/null");
+    EXPECT_EQ(run.exit_status, 1);
+    EXPECT_EQ(run.messages,
+              "dogs.out: the report could not be written: File too large; the last complete report is "
+              "dogs.out.last-complete\n");
+    EXPECT_EQ(run.files.count("dogs.out"), 0U);
+    EXPECT_EQ(run.file("dogs.out.last-complete"), "last year's report\n");
+  }
+}
+
+TEST(HostileDisk, WhatALinkedReportHeldIsNotKept) {
+  Files files = files_of(with_header(family));
+  files["archive.out"] = "last year's report\n";
+  const RunFolder folder(files);
+  std::filesystem::create_symlink("archive.out", folder.path("dogs.out"));
+  const WholeRun run = folder.run("ulimit -f 1 && \"$PROGRAM\" >/dev/null");
+  EXPECT_EQ(run.messages, "dogs.out: the report could not be written: File too large\n");
+  EXPECT_FALSE(std::filesystem::exists(folder.path("archive.out")));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.path("dogs.out")));
+  EXPECT_EQ(run.files.count("dogs.out.last-complete"), 0U);
+}
+
+TEST(HostileDisk, ReportOnADeviceIsWrittenThere) {
+  const RunFolder folder(files_of(with_header(family)));
+  std::filesystem::create_symlink("/dev/null", folder.path("dogs.out"));
+  const WholeRun run = folder.run();
+  EXPECT_EQ(run.exit_status, 0);
+  EXPECT_EQ(run.messages, "");
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.path("dogs.out")));
+}
+
+TEST(HostileDisk, ReportInAPipeIsReadFromIt) {
+  const RunFolder folder(files_of(with_header(family)));
+  const WholeRun run = folder.run("mkfifo dogs.out; cat dogs.out >read.txt & \"$PROGRAM\" && wait && rm dogs.out");
+  EXPECT_EQ(run.exit_status, 0);
+  EXPECT_EQ(run.messages, "");
+  EXPECT_TRUE(run.file("read.txt").ends_with(end_of_report));
 }
 
 /// The report of the family, from a run in which nothing went wrong.

@@ -3,18 +3,15 @@
 
 #include "control/run_driver.h"
 
-#include <algorithm>
-#include <cerrno>
-#include <cstring>
-#include <filesystem>
-#include <new>
+#include <array>
 #include <numeric>
 #include <optional>
-#include <stdexcept>
 #include <string>
 
 #include "control/missing_file.h"
+#include "control/report_file.h"
 #include "control/report_size.h"
+#include "control/run_ending.h"
 #include "control/steer_file.h"
 #include "core/line_reader.h"
 #include "core/line_writer.h"
@@ -58,21 +55,8 @@ LineReader open_data_file(const SteerSettings& settings, RunStreams& streams) {
   return data;
 }
 
-/// Creates the report, or overwrites an older one; never one of the files that the run reads.
-void open_report(const SteerSettings& settings, const LineReader& data, RunStreams& streams) {
-  const std::string name(settings.report_file_name.trimmed());
-  for (const std::string& input : {std::string(steer_file_name), data.name}) {
-    std::error_code ignored;
-    if (name == input || std::filesystem::equivalent(name, input, ignored)) {
-      stop_on_file(streams, name, "the report would overwrite an input file of the run");
-    }
-  }
-  streams.report.file = std::fopen(name.c_str(), "wb");
-  if (streams.report.file == nullptr) stop_on_file(streams, name, error_text(errno));
-  std::setvbuf(streams.report.file, nullptr, _IONBF, 0);  // the stream has a buffer of its own
-  streams.report.is_essential = true;
-  streams.report.name = name;
-  if (streams.when_report_is_open != nullptr) streams.when_report_is_open();
+std::array<std::string, 2> input_files_of(const LineReader& data) {
+  return {std::string(steer_file_name), data.name};
 }
 
 /// Counts the lines of the data file and goes back to its start. Beyond a hundred million lines the count is given
@@ -196,7 +180,7 @@ void run_phases(RunStreams& streams) {
   SteerSettings settings = read_steer_file(streams);
   print_banner(streams.console);
   LineReader data = open_data_file(settings, streams);
-  open_report(settings, data, streams);
+  open_report(std::string(settings.report_file_name.trimmed()), input_files_of(data), streams);
   PopulationStore store = read_population(data, settings, streams);
   check_year_span(store, data.name, streams);  // the birth years never change from here on
   Analysis analysis;
@@ -223,57 +207,10 @@ void run_phases(RunStreams& streams) {
   begin_phase(streams.phase_times, "end");
 }
 
-/// Removes a file, and of a link what it leads to; never a device.
-bool remove_regular_file(const std::string& name) {
-  std::error_code error;
-  const std::filesystem::path target = std::filesystem::canonical(name, error);
-  return !error && std::filesystem::is_regular_file(target, error) && std::filesystem::remove(target, error);
-}
-
-/// A report that is not complete must not look complete: it is taken away.
-void remove_incomplete_report(RunStreams& streams) {
-  const std::string& name = streams.report.name;
-  const std::string reason =
-      is_stop_requested(streams.console) ? "the run was stopped from outside" : error_text(streams.report.error);
-  append(streams.messages, name + ": the report could not be written: " + reason);
-  if (!remove_regular_file(name)) append(streams.messages, "; what there is of it is not complete");
-  end_line(streams.messages);
-}
-
-/// Hands everything to its stream and tells what did not arrive.
-bool finish_streams(RunStreams& streams) {
-  flush(streams.console);
-  close(streams.report);
-  if (streams.report.error != 0) remove_incomplete_report(streams);
-  if (streams.console.error != 0) {
-    append(streams.messages, "the console could not be written: " + error_text(streams.console.error));
-    end_line(streams.messages);
-  }
-  flush(streams.messages);
-  return streams.report.error == 0 && streams.console.error == 0;
-}
-
-int give_up_for_memory(RunStreams& streams) {
-  append(streams.messages, "not enough memory for a population of this size\n");
-  if (streams.report.file != nullptr) streams.report.error = ENOMEM;
-  return 1;
-}
-
 }  // namespace
 
 int run_program(RunStreams& streams) {
-  int exit_status = 0;
-  try {
-    run_phases(streams);
-  } catch (const RunStopped& stop) {
-    exit_status = stop.exit_status;
-    if (is_stop_requested(streams.console)) streams.report.error = EINTR;
-  } catch (const std::bad_alloc&) {
-    exit_status = give_up_for_memory(streams);
-  } catch (const std::length_error&) {  // more elements than any memory holds
-    exit_status = give_up_for_memory(streams);
-  }
-  return finish_streams(streams) ? exit_status : 1;
+  return finish_run(run_to_its_end(run_phases, streams), streams);
 }
 
 }  // namespace pedigreewatch

@@ -45,7 +45,7 @@ std::string quoted(std::string_view text) {
 }
 
 void stop_run() {
-  throw RunStopped{1};
+  throw RunStopped{};
 }
 
 void wait_for_return(RunStreams& streams) {

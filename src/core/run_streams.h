@@ -18,6 +18,7 @@ struct RunStreams {
   std::FILE* keyboard = nullptr;  ///< standard input, for the one wait after a missing file; null: no wait
   /// Called when the report has been opened: from then on a run that is stopped has something to take away.
   void (*when_report_is_open)() = nullptr;
+  std::string last_complete_report;  ///< name of the file that keeps it while a new one is written; empty: none is kept
   PhaseTimes* phase_times = nullptr;  ///< for benchmarks; null: nobody measures
 };
 

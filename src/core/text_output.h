@@ -10,10 +10,8 @@
 namespace pedigreewatch {
 
 /// Ends the run: thrown by `stop_run`, by `flush` when a stream fails without which the run is worth nothing, and by
-/// `end_line` when the user stops the program. The driver alone catches it.
-struct RunStopped {
-  int exit_status = 1;
-};
+/// `end_line` when the user stops the program. Caught in one place alone, where the run ends.
+struct RunStopped {};
 
 struct TextOutput {
   std::FILE* file = nullptr;     ///< null: the bytes stay in `pending` (tests read them there)

@@ -551,31 +551,6 @@ TEST(ExitStatus, IsOneAfterAnUnreadableDate) {
   EXPECT_TRUE(has_line(run, " total number records = " + number(3)));  // what was printed before has arrived
 }
 
-// ---- a report that cannot be opened ----------------------------------------------------------------------------
-
-TEST(ReportFile, NeverOverwritesTheDataFile) {
-  for (const std::string_view name : {"dogs.out", "./dogs.out", "out"}) {
-    const Steering steering = {.data_file_name = std::string(name)};
-    const std::string data = header_line + std::string(ten_dogs);
-    const WholeRun run =
-        run_with_silent_keyboard({{"pedigreewatch.ini", steering.text()}, {name == "out" ? "out" : "dogs.out", data}});
-    EXPECT_EQ(run.exit_status, 1) << name;
-    EXPECT_EQ(run.file(name == "out" ? "out" : "dogs.out"), data) << name;
-    EXPECT_EQ(run.files.size(), 2U) << name;
-    EXPECT_EQ(run.messages, std::string(name) + ": the report would overwrite an input file of the run\n");
-    EXPECT_EQ(lines_of(run.console).back(), banner[3]) << name;
-  }
-}
-
-TEST(ReportFile, ThatCannotBeCreatedStopsTheRun) {
-  Files files = files_of(header_line + std::string(ten_dogs));
-  files["dogs.out/"] = "";
-  const WholeRun run = run_with_silent_keyboard(files);
-  EXPECT_EQ(run.exit_status, 1);
-  EXPECT_EQ(run.messages, "dogs.out: " + error_text(EISDIR) + "\n");
-  EXPECT_EQ(lines_of(run.console).back(), banner[3]);
-}
-
 // ---- the driver inside the test's own process ------------------------------------------------------------------
 
 TEST(RunProgram, ReportsAFailingConsole) {

@@ -312,7 +312,7 @@ TEST(OpenForReading, FileIsClosedWithTheReaderWhenAMessageStopsTheRun) {
     LineReader reader;
     ASSERT_TRUE(open_for_reading(reader, file.name));
     EXPECT_EQ(count_open_files(), before + 1);
-    throw RunStopped{1};
+    throw RunStopped{};
   };
   EXPECT_THROW(stopped_run(), RunStopped);
   EXPECT_EQ(count_open_files(), before);

@@ -18,7 +18,9 @@ inline TextOutput output_in(bool english) {
 
 /// The streams of a run in one of the two languages.
 inline RunStreams streams_in(bool english) {
-  return {.console = output_in(english), .report = output_in(english), .messages = {}};
+  RunStreams streams;
+  streams.console = streams.report = output_in(english);
+  return streams;
 }
 
 /// Splits printed bytes into lines, without their line feeds.

@@ -1,0 +1,132 @@
+#include "control/report_file.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+
+namespace pedigreewatch {
+namespace {
+
+/// Whether both names lead to one file.
+bool are_one_file(const std::string& name, const std::string& other) {
+  std::error_code ignored;
+  return name == other || std::filesystem::equivalent(name, other, ignored);
+}
+
+/// Removes a file, and of a link what it leads to; never a device.
+bool remove_regular_file(const std::string& name) {
+  std::error_code error;
+  const std::filesystem::path target = std::filesystem::canonical(name, error);
+  return !error && std::filesystem::is_regular_file(target, error) && std::filesystem::remove(target, error);
+}
+
+/// Whether a file stands under this very name, and not behind a link.
+bool is_plain_file(const std::string& name) {
+  std::error_code ignored;
+  return std::filesystem::is_regular_file(std::filesystem::symlink_status(name, ignored));
+}
+
+bool is_free(const std::string& name) {
+  std::error_code error;
+  return std::filesystem::symlink_status(name, error).type() == std::filesystem::file_type::not_found;
+}
+
+bool is_empty_file(const std::string& name) {
+  std::error_code error;
+  return std::filesystem::file_size(name, error) == 0 && !error;
+}
+
+/// A report that may not be overwritten is not to be put aside either.
+void stop_if_protected(const std::string& name, RunStreams& streams) {
+  std::FILE* const file = std::fopen(name.c_str(), "r+b");
+  if (file == nullptr) stop_on_file(streams, name, error_text(errno));
+  std::fclose(file);
+}
+
+/// Puts the report of an earlier run aside.
+void put_aside(const std::string& name, const std::string& kept_name, RunStreams& streams) {
+  stop_if_protected(name, streams);
+  std::error_code error = std::make_error_code(std::errc::file_exists);
+  if (is_free(kept_name)) std::filesystem::rename(name, kept_name, error);  // which would replace what stands there
+  if (error) {
+    stop_on_file(streams, name, "the last complete report could not be kept as " + kept_name + ": " + error.message());
+  }
+}
+
+/// Sees to it that the last complete report survives this run. Yields the name of the file that keeps it; empty when
+/// there is none.
+std::string keep_last_complete_report(const std::string& name, const std::string& kept_name, RunStreams& streams) {
+  const bool is_there = is_plain_file(name);
+  if (!is_there && !is_free(name)) return {};  // a link, a device or a folder
+  if (is_plain_file(kept_name)) return kept_name;
+  if (!is_there || is_empty_file(name)) return {};
+  put_aside(name, kept_name, streams);
+  return kept_name;
+}
+
+/// Opens the report for writing, with the rights of the last complete one. When that fails the last complete report
+/// goes back to its name if it can.
+std::FILE* create_report(const std::string& name, const std::string& kept_name, RunStreams& streams) {
+  namespace fs = std::filesystem;
+  std::FILE* const file = std::fopen(name.c_str(), "wb");
+  const int reason = errno;
+  std::error_code error;
+  if (file == nullptr) {
+    if (!kept_name.empty() && is_free(name)) fs::rename(kept_name, name, error);
+    stop_on_file(streams, name, error_text(reason));
+  }
+  if (!kept_name.empty()) {
+    const fs::perms rights = fs::status(kept_name, error).permissions();
+    if (!error) fs::permissions(name, rights, error);
+  }
+  return file;
+}
+
+void append_last_complete(RunStreams& streams) {
+  if (streams.last_complete_report.empty()) return;
+  append(streams.messages, "; the last complete report is " + streams.last_complete_report);
+}
+
+}  // namespace
+
+void open_report(const std::string& name, std::span<const std::string> inputs, RunStreams& streams) {
+  const std::string kept_name = name + ".last-complete";
+  for (const std::string& output : {name, kept_name}) {
+    for (const std::string& input : inputs) {
+      if (!are_one_file(output, input)) continue;
+      stop_on_file(streams, output, "the report would overwrite an input file of the run");
+    }
+  }
+  streams.last_complete_report = keep_last_complete_report(name, kept_name, streams);
+  streams.report.file = create_report(name, streams.last_complete_report, streams);
+  std::setvbuf(streams.report.file, nullptr, _IONBF, 0);  // the stream has a buffer of its own
+  streams.report.is_essential = true;
+  streams.report.name = name;
+  if (streams.when_report_is_open != nullptr) streams.when_report_is_open();
+}
+
+void remove_last_complete_report(RunStreams& streams) {
+  const std::string& name = streams.last_complete_report;
+  std::error_code error;
+  if (name.empty() || std::filesystem::remove(name, error) || !error) return;
+  append(streams.messages, name + ": this report of an earlier run could not be removed: " + error.message());
+  end_line(streams.messages);
+}
+
+void remove_incomplete_report(const std::string& reason, RunStreams& streams) {
+  const std::string& name = streams.report.name;
+  append(streams.messages, name + ": the report could not be written: " + reason);
+  if (!remove_regular_file(name)) append(streams.messages, "; what there is of it is not complete");
+  append_last_complete(streams);
+  end_line(streams.messages);
+}
+
+void leave_incomplete_report(RunStreams& streams) {
+  if (streams.last_complete_report.empty()) return;
+  append(streams.messages, streams.report.name + ": the report is not complete");
+  append_last_complete(streams);
+  end_line(streams.messages);
+}
+
+}  // namespace pedigreewatch
