@@ -2,20 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <string>
 
+#include "support/files.h"
 #include "support/whole_run.h"
 
 namespace pedigreewatch::test {
 namespace {
-
-std::string bytes_of(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  EXPECT_TRUE(file) << path;
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
 
 void expect_current_report(const std::string& folder, const std::string& population) {
   const std::string path = std::string(EXAMPLES_FOLDER) + "/" + folder + "/";

@@ -9,14 +9,13 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
-#include <map>
-#include <optional>
 #include <random>
 #include <string>
 #include <string_view>
 #include <system_error>
 #include <vector>
+
+#include "support/files.h"
 
 #ifndef _WIN32
 #include <sys/wait.h>
@@ -26,26 +25,6 @@ namespace pedigreewatch::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-using Files = std::map<std::string, std::string>;  // name and bytes of each file of a folder
-
-std::string bytes_of(const fs::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-}
-
-std::optional<std::string> bytes_if_present(const fs::path& file) {
-  if (!fs::exists(file)) return std::nullopt;
-  return bytes_of(file);
-}
-
-Files files_in(const fs::path& folder) {
-  Files files;
-  for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
-    files[entry.path().filename().string()] = bytes_of(entry.path());
-  }
-  return files;
-}
 
 /// What a case's folder holds besides the inputs of the run.
 bool is_input(const std::string& name) {

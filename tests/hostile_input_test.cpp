@@ -15,6 +15,7 @@
 #include <thread>
 #include <vector>
 
+#include "support/lines.h"
 #include "support/shell_run.h"
 #include "support/whole_run.h"
 
@@ -87,22 +88,6 @@ std::string unrelated_males(int count) {
 }
 
 // ---- Outcomes --------------------------------------------------------------------------------------------------
-
-/// The end of a long text: enough to see in what way a run went wrong.
-std::string_view end_of(std::string_view text) {
-  constexpr std::size_t shown = 1000;
-  return text.size() > shown ? text.substr(text.size() - shown) : text;
-}
-
-testing::AssertionResult has(std::string_view text, std::string_view piece) {
-  if (text.find(piece) != std::string_view::npos) return testing::AssertionSuccess();
-  return testing::AssertionFailure() << "\"" << piece << "\" does not stand in the text that ends in\n" << end_of(text);
-}
-
-testing::AssertionResult has_line(std::string_view text, std::string_view line) {
-  if (text.starts_with(std::string(line) + "\n")) return testing::AssertionSuccess();
-  return has(text, "\n" + std::string(line) + "\n");
-}
 
 std::size_t count_of(std::string_view text, std::string_view piece) {
   std::size_t count = 0;

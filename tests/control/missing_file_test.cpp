@@ -38,10 +38,7 @@ TEST(StopOnMissingFile, PrintsNineLinesInBothLanguages) {
 
 TEST(StopOnMissingFile, WaitsForOneLineOnTheKeyboard) {
   RunStreams streams;
-  streams.keyboard = std::tmpfile();
-  ASSERT_NE(streams.keyboard, nullptr);
-  std::fputs("yes\nnext", streams.keyboard);
-  std::rewind(streams.keyboard);
+  streams.keyboard = keyboard_with("yes\nnext");
   EXPECT_TRUE(stops([&] { stop_on_missing_file(streams, missing_herdbook, {}); }));
   EXPECT_EQ(std::fgetc(streams.keyboard), 'n');
   std::fclose(streams.keyboard);

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <string>
@@ -10,6 +9,7 @@
 #include <thread>
 #include <vector>
 
+#include "support/lines.h"
 #include "support/streams.h"
 #include "support/whole_run.h"
 
@@ -17,42 +17,6 @@ namespace pedigreewatch::test {
 namespace {
 
 using Lines = std::vector<std::string>;
-
-std::string filled(std::string text, std::size_t width) {
-  text.resize(width, ' ');
-  return text;
-}
-
-/// An integer item of a free-form line.
-std::string number(std::int64_t value) {
-  const std::string digits = std::to_string(value);
-  return std::string(12 - digits.size(), ' ') + digits;
-}
-
-bool has_line(const WholeRun& run, const std::string& line) {
-  const Lines lines = lines_of(run.console);
-  return std::find(lines.begin(), lines.end(), line) != lines.end();
-}
-
-/// The lines that begin with `start`.
-Lines lines_starting(const WholeRun& run, std::string_view start) {
-  Lines found;
-  for (const std::string& line : lines_of(run.console)) {
-    if (line.starts_with(start)) found.push_back(line);
-  }
-  return found;
-}
-
-/// The lines behind the first one equal to `line`.
-Lines lines_after(const WholeRun& run, const std::string& line) {
-  const Lines lines = lines_of(run.console);
-  const auto found = std::find(lines.begin(), lines.end(), line);
-  if (found == lines.end()) {
-    ADD_FAILURE() << "no line \"" << line << "\" in\n" << run.console;
-    return {};
-  }
-  return {found + 1, lines.end()};
-}
 
 struct Steering {
   std::string language = "en", data_file_name = "dogs.txt";
@@ -106,16 +70,16 @@ TEST(SmallRun, ShowsItsConsoleLinesInTheOrderOfThePhases) {
       " number of subpopulations           1",
       " number of colours           0",
       " Colours to be analysed in datafile",
-      " " + filled("Onbekend", 40),
-      " " + filled("niet erkend", 40),
-      " Data for " + filled("Test dogs", 40) + " will be read from ",
-      " " + filled("dogs.txt", 30),
-      " and written to " + filled("dogs.out", 30),
+      " " + padded("Onbekend", 40),
+      " " + padded("niet erkend", 40),
+      " Data for " + padded("Test dogs", 40) + " will be read from ",
+      " " + padded("dogs.txt", 30),
+      " and written to " + padded("dogs.out", 30),
       " subpopulations allowed",
-      " " + filled("Noord", 20),
+      " " + padded("Noord", 20),
       " colour/variety codes allowed ",
-      " " + filled("Onbekend", 40),
-      " " + filled("niet erkend", 40),
+      " " + padded("Onbekend", 40),
+      " " + padded("niet erkend", 40),
       // the banner
       banner[0],
       banner[1],
@@ -123,11 +87,11 @@ TEST(SmallRun, ShowsItsConsoleLinesInTheOrderOfThePhases) {
       banner[3],
       // the data file
       " total number records = " + number(11),
-      "  Name found for column " + number(1) + " " + filled("id", 16),
-      "  Name found for column " + number(2) + " " + filled("sire", 16),
-      "  Name found for column " + number(3) + " " + filled("dam", 16),
-      "  Name found for column " + number(4) + " " + filled("sex", 16),
-      "  Name found for column " + number(5) + " " + filled("birthdate", 16),
+      "  Name found for column " + number(1) + " " + padded("id", 16),
+      "  Name found for column " + number(2) + " " + padded("sire", 16),
+      "  Name found for column " + number(3) + " " + padded("dam", 16),
+      "  Name found for column " + number(4) + " " + padded("sex", 16),
+      "  Name found for column " + number(5) + " " + padded("birthdate", 16),
       " Column number " + number(1) + "  is interpreted as id of animals",
       " Column number " + number(2) + "  is interpreted as id of the fathers of animals",
       " Column number " + number(3) + "  is interpreted as id of the mothers of animals",
@@ -170,7 +134,7 @@ TEST(SmallRun, ShowsItsConsoleLinesInTheOrderOfThePhases) {
       "  0.0000  0.5556",
       "  0.0000  0.0000",
       "  0.2188  0.6875",
-      " finished analysis for " + filled("Test dogs", 40),
+      " finished analysis for " + padded("Test dogs", 40),
   };
   const WholeRun run = run_on(header_line + std::string(ten_dogs));
   EXPECT_EQ(lines_of(run.console), expected);
@@ -186,7 +150,7 @@ TEST(SmallRun, WritesTheReportAndNothingElse) {
   const Lines report = lines_of(run.file("dogs.out"));
   ASSERT_GT(report.size(), 7U);
   EXPECT_EQ(report[0], "           ******************************************");
-  EXPECT_EQ(report[1], "           *" + filled("Test dogs", 40) + "*");
+  EXPECT_EQ(report[1], "           *" + padded("Test dogs", 40) + "*");
   EXPECT_EQ(report[2], "           ******************************************");
   EXPECT_EQ(report[3], "            ");
   EXPECT_EQ(report[4], " Number of varieties: " + number(1));
@@ -197,12 +161,12 @@ TEST(SmallRun, WritesTheReportAndNothingElse) {
 TEST(SmallRun, InDutch) {
   const WholeRun run = run_on(header_line + std::string(ten_dogs), {.language = "nl"});
   EXPECT_EQ(run.exit_status, 0);
-  EXPECT_TRUE(has_line(run, " total number records = " + number(11)));  // English in either language
-  EXPECT_TRUE(has_line(run, " alle records gelezen"));
-  EXPECT_TRUE(has_line(run, " no fathers found that were not in database"));
-  EXPECT_TRUE(has_line(run, " oudste ouders; " + number(4) + number(2)));
-  EXPECT_TRUE(has_line(run, " monitor gegevens per jaar"));
-  EXPECT_EQ(lines_of(run.console).back(), " klaar met analyseren van " + filled("Test dogs", 40));
+  EXPECT_TRUE(has_line(run.console, " total number records = " + number(11)));  // English in either language
+  EXPECT_TRUE(has_line(run.console, " alle records gelezen"));
+  EXPECT_TRUE(has_line(run.console, " no fathers found that were not in database"));
+  EXPECT_TRUE(has_line(run.console, " oudste ouders; " + number(4) + number(2)));
+  EXPECT_TRUE(has_line(run.console, " monitor gegevens per jaar"));
+  EXPECT_EQ(lines_of(run.console).back(), " klaar met analyseren van " + padded("Test dogs", 40));
 }
 
 TEST(SmallRun, IsTheSameEachTime) {
@@ -230,25 +194,26 @@ TEST(CountLines, LastLineWithoutAnEndCounts) {
   std::string data = header_line + std::string(ten_dogs);
   data.pop_back();
   const WholeRun run = run_on(data);
-  EXPECT_TRUE(has_line(run, " total number records = " + number(11)));
-  EXPECT_TRUE(has_line(run, animals_to_sort(10)));
+  EXPECT_TRUE(has_line(run.console, " total number records = " + number(11)));
+  EXPECT_TRUE(has_line(run.console, animals_to_sort(10)));
 }
 
 TEST(CountLines, EmptyLastLineCounts) {
   const WholeRun run = run_on(header_line + std::string(ten_dogs) + "\n");
   EXPECT_EQ(run.exit_status, 0);
-  EXPECT_TRUE(has_line(run, " total number records = " + number(12)));
-  EXPECT_TRUE(has_line(run, animals_to_sort(11)));
+  EXPECT_TRUE(has_line(run.console, " total number records = " + number(12)));
+  EXPECT_TRUE(has_line(run.console, animals_to_sort(11)));
 }
 
 TEST(CountLines, FileWithoutHeaderLosesItsLastLine) {
   const WholeRun run = run_on(ten_dogs, {.header = column_list});
   EXPECT_EQ(run.exit_status, 0);
-  EXPECT_TRUE(has_line(run, " total number records = " + number(10)));
-  EXPECT_TRUE(has_line(run, animals_to_sort(9)));
-  EXPECT_FALSE(has_line(run, " sweep" + number(1) + " number of animals without unsorted offspring" + number(4)));
+  EXPECT_TRUE(has_line(run.console, " total number records = " + number(10)));
+  EXPECT_TRUE(has_line(run.console, animals_to_sort(9)));
+  EXPECT_FALSE(
+      has_line(run.console, " sweep" + number(1) + " number of animals without unsorted offspring" + number(4)));
   // Without a10 its sire a1 was two at the birth of his last young.
-  EXPECT_TRUE(has_line(run, " oldest parents; " + number(2) + number(2)));
+  EXPECT_TRUE(has_line(run.console, " oldest parents; " + number(2) + number(2)));
 }
 
 TEST(CountLines, LastLineOfAFileWithoutHeaderIsNotEvenLookedAt) {
@@ -259,20 +224,20 @@ TEST(CountLines, LastLineOfAFileWithoutHeaderIsNotEvenLookedAt) {
 
 TEST(CountLines, ShowsALineAfterEachThousand) {
   const Lines none;
-  EXPECT_EQ(lines_starting(run_on(header_line + std::string(998, '\n')), " record nr. "), none);
-  EXPECT_EQ(lines_starting(run_on(header_line + std::string(999, '\n')), " record nr. "),
+  EXPECT_EQ(lines_starting(run_on(header_line + std::string(998, '\n')).console, " record nr. "), none);
+  EXPECT_EQ(lines_starting(run_on(header_line + std::string(999, '\n')).console, " record nr. "),
             Lines{" record nr. " + number(1001) + " counted"});
   const WholeRun run = run_on(header_line + std::string(2500, '\n'));
   const Lines expected = {" record nr. " + number(1001) + " counted", " record nr. " + number(2001) + " counted"};
-  EXPECT_EQ(lines_starting(run, " record nr. "), expected);
-  EXPECT_TRUE(has_line(run, " total number records = " + number(2501)));
+  EXPECT_EQ(lines_starting(run.console, " record nr. "), expected);
+  EXPECT_TRUE(has_line(run.console, " total number records = " + number(2501)));
   EXPECT_EQ(run.exit_status, 0);
 }
 
 TEST(CountLines, MessagesAreEnglishInADutchRun) {
   const WholeRun run = run_on(header_line + std::string(1000, '\n'), {.language = "nl"});
-  EXPECT_TRUE(has_line(run, " record nr. " + number(1001) + " counted"));
-  EXPECT_TRUE(has_line(run, " total number records = " + number(1001)));
+  EXPECT_TRUE(has_line(run.console, " record nr. " + number(1001) + " counted"));
+  EXPECT_TRUE(has_line(run.console, " total number records = " + number(1001)));
 }
 
 // ---- stores without animals or years ---------------------------------------------------------------------------
@@ -281,7 +246,7 @@ TEST(EmptyStore, OneLineFileRunsThroughAllPhases) {
   const WholeRun run = run_on(header_line);
   EXPECT_EQ(run.exit_status, 0);
   EXPECT_EQ(run.messages, "");
-  EXPECT_TRUE(has_line(run, " total number records = " + number(1)));
+  EXPECT_TRUE(has_line(run.console, " total number records = " + number(1)));
   // The first year is the largest integer and the last one the smallest: two rows by wrapping.
   const Lines expected = {
       " no fathers found that were not in database",
@@ -302,25 +267,25 @@ TEST(EmptyStore, OneLineFileRunsThroughAllPhases) {
       "     F        f",
       "  0.0000  0.0000",
       "  0.0000  0.0000",
-      " finished analysis for " + filled("Test dogs", 40),
+      " finished analysis for " + padded("Test dogs", 40),
   };
-  EXPECT_EQ(lines_after(run, " all records read"), expected);
+  EXPECT_EQ(lines_after(run.console, " all records read"), expected);
   EXPECT_FALSE(run.file("dogs.out").empty());
 }
 
 TEST(EmptyStore, OneLineFileWithColumnList) {
   const WholeRun run = run_on("a1;0;0;m;01-01-2000\n", {.header = column_list});
   EXPECT_EQ(run.exit_status, 0);
-  EXPECT_TRUE(has_line(run, animals_to_sort(0)));
-  EXPECT_TRUE(has_line(run, " oldest parents; " + number(-5883516) + number(-5883516)));
+  EXPECT_TRUE(has_line(run.console, animals_to_sort(0)));
+  EXPECT_TRUE(has_line(run.console, " oldest parents; " + number(-5883516) + number(-5883516)));
 }
 
 // One line less than none: the count of animals is -1, and the store is empty.
 TEST(EmptyStore, FileWithoutAnyLineAndAColumnList) {
   const WholeRun run = run_on("", {.header = column_list});
   EXPECT_EQ(run.exit_status, 0);
-  EXPECT_TRUE(has_line(run, " total number records = " + number(0)));
-  EXPECT_TRUE(has_line(run, animals_to_sort(-1)));
+  EXPECT_TRUE(has_line(run.console, " total number records = " + number(0)));
+  EXPECT_TRUE(has_line(run.console, animals_to_sort(-1)));
 }
 
 TEST(EmptyStore, FileWithoutAnyLineHasNoHeaderToRead) {
@@ -335,13 +300,13 @@ TEST(EmptyStore, FileWithoutAnyLineHasNoHeaderToRead) {
 TEST(EmptyStore, FileOfMoreThanAHundredMillionLines) {
   const WholeRun run = run_on(header_line + std::string(100'000'000, '\n'));
   EXPECT_EQ(run.exit_status, 0);
-  const Lines counted = lines_starting(run, " record nr. ");
+  const Lines counted = lines_starting(run.console, " record nr. ");
   ASSERT_EQ(counted.size(), 99'999U);
   EXPECT_EQ(counted.back(), " record nr. " + number(99'999'001) + " counted");
-  EXPECT_EQ(lines_starting(run, " total number records").size(), 0U);
-  EXPECT_TRUE(has_line(run, " all records read"));
-  EXPECT_TRUE(has_line(run, animals_to_sort(-1)));
-  EXPECT_EQ(lines_of(run.console).back(), " finished analysis for " + filled("Test dogs", 40));
+  EXPECT_EQ(lines_starting(run.console, " total number records").size(), 0U);
+  EXPECT_TRUE(has_line(run.console, " all records read"));
+  EXPECT_TRUE(has_line(run.console, animals_to_sort(-1)));
+  EXPECT_EQ(lines_of(run.console).back(), " finished analysis for " + padded("Test dogs", 40));
 }
 
 TEST(WithoutYears, AllBirthYearsZeroLeaveTheTablesEmpty) {
@@ -350,9 +315,9 @@ TEST(WithoutYears, AllBirthYearsZeroLeaveTheTablesEmpty) {
   const Lines expected = {
       " monitor data per jaar",
       "     F        f",
-      " finished analysis for " + filled("Test dogs", 40),
+      " finished analysis for " + padded("Test dogs", 40),
   };
-  EXPECT_EQ(lines_after(run, " oldest parents; " + number(0) + number(0)), expected);
+  EXPECT_EQ(lines_after(run.console, " oldest parents; " + number(0) + number(0)), expected);
 }
 
 TEST(BirthYearRange, BeginsWithTheSmallestYearOtherThanZero) {
@@ -361,13 +326,13 @@ TEST(BirthYearRange, BeginsWithTheSmallestYearOtherThanZero) {
       " year " + number(1999) + " determined ages parents, etc.",
       " year " + number(2000) + " determined ages parents, etc.",
   };
-  EXPECT_EQ(lines_starting(run, " year "), expected);
+  EXPECT_EQ(lines_starting(run.console, " year "), expected);
 }
 
 TEST(BirthYearRange, TooManyYearsAreTakenForAMistypedDate) {
   const WholeRun run = run_on(header_line + std::string("a1;0;0;m;01-01-1999\na2;0;0;f;01-01-1001999\n"));
   EXPECT_EQ(run.exit_status, 1);
-  EXPECT_TRUE(has_line(run, " all records read"));
+  EXPECT_TRUE(has_line(run.console, " all records read"));
   EXPECT_TRUE(run.messages.starts_with("dogs.txt: birth years from 1999 to 1001999 (animal \"a2\")")) << run.messages;
 }
 
@@ -375,24 +340,24 @@ TEST(BirthYearRange, TooManyYearsAreTakenForAMistypedDate) {
 
 TEST(TypePass, DoesNotRunForOneSubpopulation) {
   const WholeRun run = run_on(header_line + std::string(ten_dogs), {.subpopulations = "1\nNoord"});
-  EXPECT_TRUE(lines_starting(run, " monitor data per year for ").empty());
-  EXPECT_TRUE(lines_starting(run, " No animals present").empty());
+  EXPECT_TRUE(lines_starting(run.console, " monitor data per year for ").empty());
+  EXPECT_TRUE(lines_starting(run.console, " No animals present").empty());
 }
 
 TEST(TypePass, DoesNotRunWithoutSubpopulations) {
   const WholeRun run = run_on(header_line + std::string(ten_dogs), {.subpopulations = "0"});
   EXPECT_EQ(run.exit_status, 0);
-  EXPECT_TRUE(lines_starting(run, " monitor data per year for ").empty());
+  EXPECT_TRUE(lines_starting(run.console, " monitor data per year for ").empty());
 }
 
 TEST(TypePass, RunsOnceForEachOfTwoSubpopulationsInTheirOrder) {
   const WholeRun run = run_on(header_line + std::string(ten_dogs), {.subpopulations = "2\nZuid\nNoord"});
   const Lines expected = {
-      " monitor data per year for " + filled("Zuid", 20),  " No animals present with breed code " + filled("Zuid", 20),
-      " monitor data per year for " + filled("Noord", 20), " No animals present with breed code " + filled("Noord", 20),
-      " finished analysis for " + filled("Test dogs", 40),
+      " monitor data per year for " + padded("Zuid", 20),  " No animals present with breed code " + padded("Zuid", 20),
+      " monitor data per year for " + padded("Noord", 20), " No animals present with breed code " + padded("Noord", 20),
+      " finished analysis for " + padded("Test dogs", 40),
   };
-  EXPECT_EQ(lines_after(run, "  0.2188  0.6875"), expected);
+  EXPECT_EQ(lines_after(run.console, "  0.2188  0.6875"), expected);
 }
 
 // ---- missing files ---------------------------------------------------------------------------------------------
@@ -411,12 +376,12 @@ const Lines missing_steer_file_lines = {
 
 Lines missing_data_file_lines(const std::string& name) {
   return {
-      " ERROR cannot find the data file" + filled(name, 30),
+      " ERROR cannot find the data file" + padded(name, 30),
       " this file is essential for running of the program",
       "            ***PROGRAM TERMINATED***",
       " End of program. Press RETURN to exit.",
       " __________________________________________________",
-      " ERROR kan de datafile" + filled(name, 30) + " niet vinden",
+      " ERROR kan de datafile" + padded(name, 30) + " niet vinden",
       " deze file is noodzakelijk om het programma te kunnen draaien",
       "            ***PROGRAMMA BEEINDIGD***",
       " Einde programma. Druk op Enter om uit het programma te gaan.",
@@ -446,7 +411,7 @@ TEST(MissingDataFile, PrintsNineLinesBehindTheBannerAndStops) {
   for (const std::string_view language : {"en", "nl"}) {
     const Steering steering = {.language = std::string(language), .data_file_name = "cows.txt"};
     const WholeRun run = run_program_on({{"pedigreewatch.ini", steering.text()}}, "\n");
-    EXPECT_EQ(lines_after(run, banner[3]), missing_data_file_lines("cows.txt")) << language;
+    EXPECT_EQ(lines_after(run.console, banner[3]), missing_data_file_lines("cows.txt")) << language;
     EXPECT_EQ(run.messages, "");
     EXPECT_EQ(run.exit_status, 1);
     EXPECT_EQ(run.files.size(), 1U);  // no report
@@ -462,13 +427,13 @@ TEST(MissingDataFile, BannerStandsBehindTheSteerFile) {
 
 TEST(MissingDataFile, FolderOfThatNameIsNone) {
   const WholeRun run = run_program_on({{"pedigreewatch.ini", Steering{}.text()}, {"dogs.txt/", ""}}, "\n");
-  EXPECT_EQ(lines_after(run, banner[3]), missing_data_file_lines("dogs.txt"));
+  EXPECT_EQ(lines_after(run.console, banner[3]), missing_data_file_lines("dogs.txt"));
   EXPECT_EQ(run.exit_status, 1);
 }
 
 TEST(MissingDataFile, BlankNameIsNone) {
   const WholeRun run = run_program_on({{"pedigreewatch.ini", ""}}, "\n");  // a steer file without a line
-  EXPECT_EQ(lines_after(run, banner[3]), missing_data_file_lines(""));
+  EXPECT_EQ(lines_after(run.console, banner[3]), missing_data_file_lines(""));
   EXPECT_EQ(run.exit_status, 1);
 }
 
@@ -547,8 +512,8 @@ TEST(ExitStatus, IsOneAfterAnUnreadableDate) {
   EXPECT_EQ(run.exit_status, 1);
   EXPECT_TRUE(run.messages.starts_with("dogs.txt, line 3, field 5 (birthdate), character 10: ")) << run.messages;
   EXPECT_NE(run.messages.find("\"31-o2-1998\""), std::string::npos) << run.messages;
-  EXPECT_FALSE(has_line(run, " all records read"));
-  EXPECT_TRUE(has_line(run, " total number records = " + number(3)));  // what was printed before has arrived
+  EXPECT_FALSE(has_line(run.console, " all records read"));
+  EXPECT_TRUE(has_line(run.console, " total number records = " + number(3)));  // what was printed before has arrived
 }
 
 // ---- the driver inside the test's own process ------------------------------------------------------------------

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "support/lines.h"
 #include "support/streams.h"
 
 namespace pedigreewatch::test {
@@ -59,21 +60,6 @@ SteerSettings settings_of(const SteerLines& lines) {
   return read_text(lines.text()).settings;
 }
 
-std::string filled(std::string text, std::size_t width) {
-  text.resize(width, ' ');
-  return text;
-}
-
-/// An integer item of a free-form line.
-std::string number(std::int64_t value) {
-  const std::string digits = std::to_string(value);
-  return std::string(12 - digits.size(), ' ') + digits;
-}
-
-bool has_line(const Lines& lines, const std::string& line) {
-  return std::find(lines.begin(), lines.end(), line) != lines.end();
-}
-
 // ---- the echo in both languages --------------------------------------------------------------------------------
 
 TEST(SteerFileEcho, EnglishWithHeader) {
@@ -86,23 +72,23 @@ TEST(SteerFileEcho, EnglishWithHeader) {
       " number of subpopulations           2",
       " number of colours           3",
       " Colours to be analysed in datafile",
-      " " + filled("bruin", 40),
-      " " + filled("zwart", 40),
-      " " + filled("wit", 40),
-      " " + filled("Onbekend", 40),
-      " " + filled("niet erkend", 40),
-      " Data for " + filled("Drentse Patrijshond", 40) + " will be read from ",
-      " " + filled("dogs.txt", 30),
-      " and written to " + filled("dogs.out", 30),
+      " " + padded("bruin", 40),
+      " " + padded("zwart", 40),
+      " " + padded("wit", 40),
+      " " + padded("Onbekend", 40),
+      " " + padded("niet erkend", 40),
+      " Data for " + padded("Drentse Patrijshond", 40) + " will be read from ",
+      " " + padded("dogs.txt", 30),
+      " and written to " + padded("dogs.out", 30),
       " subpopulations allowed",
-      " " + filled("Noord", 20),
-      " " + filled("Zuid", 20),
+      " " + padded("Noord", 20),
+      " " + padded("Zuid", 20),
       " colour/variety codes allowed ",
-      " " + filled("bruin", 40),
-      " " + filled("zwart", 40),
-      " " + filled("wit", 40),
-      " " + filled("Onbekend", 40),
-      " " + filled("niet erkend", 40),
+      " " + padded("bruin", 40),
+      " " + padded("zwart", 40),
+      " " + padded("wit", 40),
+      " " + padded("Onbekend", 40),
+      " " + padded("niet erkend", 40),
   };
   EXPECT_EQ(read_text(lines.text()).console, expected);
 }
@@ -119,16 +105,16 @@ TEST(SteerFileEcho, DutchWithHeader) {
       " number of subpopulations           1",
       " number of colours           0",
       " Kleuren te analyseren",
-      " " + filled("Onbekend", 40),
-      " " + filled("niet erkend", 40),
-      " Gegevens voor " + filled("Drentse Patrijshond", 40) + " worden gelezen uit ",
-      " " + filled("dogs.txt", 30),
-      " en weggeschreven naar " + filled("dogs.out", 30),
+      " " + padded("Onbekend", 40),
+      " " + padded("niet erkend", 40),
+      " Gegevens voor " + padded("Drentse Patrijshond", 40) + " worden gelezen uit ",
+      " " + padded("dogs.txt", 30),
+      " en weggeschreven naar " + padded("dogs.out", 30),
       " toegestane subpopulaties ",
-      " " + filled("Noord", 20),
+      " " + padded("Noord", 20),
       " toegestane kleurcodes ",
-      " " + filled("Onbekend", 40),
-      " " + filled("niet erkend", 40),
+      " " + padded("Onbekend", 40),
+      " " + padded("niet erkend", 40),
   };
   EXPECT_EQ(read_text(lines.text()).console, expected);
 }
@@ -176,8 +162,8 @@ TEST(SteerFile, KeepsNamesAsTheyStand) {
   lines.population_name = "  Kempisch Hoen, vari\xEBteit ";
   lines.data_file_name = "My Hens.txt";
   const SteerSettings settings = settings_of(lines);
-  EXPECT_EQ(settings.population_name.full(), filled("  Kempisch Hoen, vari\xEBteit", 40));
-  EXPECT_EQ(settings.data_file_name.full(), filled("My Hens.txt", 30));
+  EXPECT_EQ(settings.population_name.full(), padded("  Kempisch Hoen, vari\xEBteit", 40));
+  EXPECT_EQ(settings.data_file_name.full(), padded("My Hens.txt", 30));
 }
 
 TEST(SteerFile, IgnoresWhatStandsBehindAWidth) {
@@ -555,8 +541,8 @@ TEST(SteerFileLists, NoColourLeavesTheTwoFixedRows) {
   const SteerSettings settings = settings_of(SteerLines{});
   EXPECT_EQ(settings.colour_count, 2);
   ASSERT_EQ(settings.colour_names.size(), 2U);
-  EXPECT_EQ(settings.colour_names[0].full(), filled("Onbekend", 40));
-  EXPECT_EQ(settings.colour_names[1].full(), filled("niet erkend", 40));
+  EXPECT_EQ(settings.colour_names[0].full(), padded("Onbekend", 40));
+  EXPECT_EQ(settings.colour_names[1].full(), padded("niet erkend", 40));
 }
 
 TEST(SteerFileLists, TwoRowsFollowTheColoursInEitherLanguage) {
@@ -622,23 +608,23 @@ std::string report_name(std::string_view data_file_name) {
 }
 
 TEST(ReportName, HasOutInPlaceOfTheLastThreeCharacters) {
-  EXPECT_EQ(report_name("dogs.txt"), filled("dogs.out", 30));
-  EXPECT_EQ(report_name("dogs.csv"), filled("dogs.out", 30));
-  EXPECT_EQ(report_name("herd book.dat"), filled("herd book.out", 30));
+  EXPECT_EQ(report_name("dogs.txt"), padded("dogs.out", 30));
+  EXPECT_EQ(report_name("dogs.csv"), padded("dogs.out", 30));
+  EXPECT_EQ(report_name("herd book.dat"), padded("herd book.out", 30));
 }
 
 TEST(ReportName, LosesThreeCharactersAlsoWithoutAnExtension) {
-  EXPECT_EQ(report_name("pedigree"), filled("pedigout", 30));
-  EXPECT_EQ(report_name("dogs.data"), filled("dogs.dout", 30));
-  EXPECT_EQ(report_name("dogs.gz"), filled("dogsout", 30));
+  EXPECT_EQ(report_name("pedigree"), padded("pedigout", 30));
+  EXPECT_EQ(report_name("dogs.data"), padded("dogs.dout", 30));
+  EXPECT_EQ(report_name("dogs.gz"), padded("dogsout", 30));
 }
 
 TEST(ReportName, OfAShortNameIsOut) {
-  EXPECT_EQ(report_name("abc"), filled("out", 30));
-  EXPECT_EQ(report_name("ab"), filled("out", 30));
-  EXPECT_EQ(report_name("a"), filled("out", 30));
-  EXPECT_EQ(report_name(""), filled("out", 30));
-  EXPECT_EQ(report_name("abcd"), filled("aout", 30));
+  EXPECT_EQ(report_name("abc"), padded("out", 30));
+  EXPECT_EQ(report_name("ab"), padded("out", 30));
+  EXPECT_EQ(report_name("a"), padded("out", 30));
+  EXPECT_EQ(report_name(""), padded("out", 30));
+  EXPECT_EQ(report_name("abcd"), padded("aout", 30));
 }
 
 TEST(ReportName, OfThirtyCharacters) {
@@ -647,16 +633,16 @@ TEST(ReportName, OfThirtyCharacters) {
 }
 
 TEST(ReportName, LosesLeadingBlanks) {
-  EXPECT_EQ(report_name("  dogs.txt"), filled("dogs.out", 30));
-  EXPECT_EQ(report_name("   abc"), filled("out", 30));
+  EXPECT_EQ(report_name("  dogs.txt"), padded("dogs.out", 30));
+  EXPECT_EQ(report_name("   abc"), padded("out", 30));
 }
 
 TEST(ReportName, FollowsTheDataFileOfTheSteerFile) {
   SteerLines lines;
   lines.data_file_name = "herd/cows.csv";
   const ReadSteerFile read = read_text(lines.text());
-  EXPECT_EQ(read.settings.report_file_name.full(), filled("herd/cows.out", 30));
-  EXPECT_TRUE(has_line(read.console, " and written to " + filled("herd/cows.out", 30)));
+  EXPECT_EQ(read.settings.report_file_name.full(), padded("herd/cows.out", 30));
+  EXPECT_TRUE(has_line(read.console, " and written to " + padded("herd/cows.out", 30)));
 }
 
 // ---- line ends, and a file that ends early ---------------------------------------------------------------------
@@ -667,7 +653,7 @@ TEST(SteerFileLines, CarriageReturnsAreNoText) {
   const ReadSteerFile with = read_text(lines.text("\r\n"));
   const ReadSteerFile without = read_text(lines.text("\n"));
   EXPECT_EQ(with.console, without.console);
-  EXPECT_EQ(with.settings.population_name.full(), filled("Drentse Patrijshond", 40));
+  EXPECT_EQ(with.settings.population_name.full(), padded("Drentse Patrijshond", 40));
   EXPECT_EQ(with.settings.date_layout.full(), "dd-mm-jjjj");
 }
 
@@ -698,7 +684,7 @@ TEST(SteerFileEndsEarly, EmptyFileLeavesBlanksAndZeros) {
   EXPECT_FALSE(read.has_stopped);
   EXPECT_TRUE(read.settings.population_name.is_blank());
   EXPECT_TRUE(read.settings.data_file_name.is_blank());
-  EXPECT_EQ(read.settings.report_file_name.full(), filled("out", 30));
+  EXPECT_EQ(read.settings.report_file_name.full(), padded("out", 30));
   EXPECT_EQ(read.settings.delimiter, ' ');
   EXPECT_FALSE(read.settings.english);
   EXPECT_EQ(read.settings.species_index, 16);
@@ -713,15 +699,15 @@ TEST(SteerFileEndsEarly, EmptyFileLeavesBlanksAndZeros) {
       " number of subpopulations           0",
       " number of colours           0",
       " Kleuren te analyseren",
-      " " + filled("Onbekend", 40),
-      " " + filled("niet erkend", 40),
-      " Gegevens voor " + filled("", 40) + " worden gelezen uit ",
-      " " + filled("", 30),
-      " en weggeschreven naar " + filled("out", 30),
+      " " + padded("Onbekend", 40),
+      " " + padded("niet erkend", 40),
+      " Gegevens voor " + padded("", 40) + " worden gelezen uit ",
+      " " + padded("", 30),
+      " en weggeschreven naar " + padded("out", 30),
       " toegestane subpopulaties ",
       " toegestane kleurcodes ",
-      " " + filled("Onbekend", 40),
-      " " + filled("niet erkend", 40),
+      " " + padded("Onbekend", 40),
+      " " + padded("niet erkend", 40),
   };
   EXPECT_EQ(read.console, expected);
 }
@@ -736,7 +722,7 @@ TEST(SteerFileEndsEarly, AfterAnyLineKeepsWhatWasRead) {
     EXPECT_FALSE(read.has_stopped) << end;
     EXPECT_EQ(read.settings.population_name, "Drentse Patrijshond") << end;
     EXPECT_EQ(read.settings.colour_names.size(), static_cast<std::size_t>(read.settings.colour_count)) << end;
-    EXPECT_EQ(read.console.back(), " " + filled("niet erkend", 40)) << end;
+    EXPECT_EQ(read.console.back(), " " + padded("niet erkend", 40)) << end;
   }
 }
 

@@ -102,14 +102,6 @@ TEST(ErrorText, IsTheSystemsWord) {
 }
 
 /// A keyboard on which `typed` has been typed.
-std::FILE* keyboard_with(const std::string& typed) {
-  std::FILE* const keyboard = std::tmpfile();
-  EXPECT_NE(keyboard, nullptr);
-  std::fputs(typed.c_str(), keyboard);
-  std::rewind(keyboard);
-  return keyboard;
-}
-
 TEST(WaitForReturn, TakesOneLineAndNoMore) {
   RunStreams streams;
   streams.keyboard = keyboard_with("any words\nnext");

@@ -241,8 +241,8 @@ TEST(ComputeInbreedingProgress, IntervalGrowsWithThePopulation) {
        {Case{10000, 200, 49}, Case{10001, 500, 20}, Case{25000, 500, 49}, Case{25001, 1000, 25}}) {
     const std::vector<std::string> printed = progress_of(count, true);
     ASSERT_EQ(printed.size(), static_cast<std::size_t>(lines)) << count;
-    const auto line = [](std::int32_t number) {
-      return " animal no. " + in_twelve_columns(number) + " inbreeding coefficient estimated";
+    const auto line = [](std::int32_t animal_no) {
+      return " animal no. " + number(animal_no) + " inbreeding coefficient estimated";
     };
     EXPECT_EQ(printed.front(), line(interval));
     EXPECT_EQ(printed.back(), line(interval * lines));

@@ -107,12 +107,6 @@ std::string type_report(Block block, bool english) {
   return sheet.output.pending;
 }
 
-std::string joined(const std::vector<std::string>& lines) {
-  std::string text;
-  for (const std::string& line : lines) text += line + "\n";
-  return text;
-}
-
 const std::string star_rule = "           ******************************************";
 
 /// Title block and counts, as far as the tables that follow them.

@@ -293,7 +293,7 @@ TEST(BreederListProgress, StepGrowsWithThePopulation) {
     add_animals(store, "first", animals);
     const Lines console = list_of(store).console;
     EXPECT_EQ(console[static_cast<std::size_t>(lines)], " breeders list made") << animals;
-    EXPECT_EQ(console[0], " breeder of " + in_twelve_columns(step) + "  read, N breeder =            1");
+    EXPECT_EQ(console[0], " breeder of " + number(step) + "  read, N breeder =            1");
   }
 }
 

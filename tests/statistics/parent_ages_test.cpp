@@ -156,7 +156,7 @@ TEST(ParentAgesProgress, IntervalGrowsWithThePopulation) {
        {Case{10000, 100, 99}, Case{10001, 200, 50}, Case{25000, 200, 124}, Case{25001, 500, 50}}) {
     const Lines console = aged(store_of_parents(std::vector<ParentPair>(animals))).console;
     ASSERT_EQ(console.size(), lines + 1) << animals;
-    EXPECT_EQ(console[0], " animal no. " + in_twelve_columns(interval) + " age parents determined");
+    EXPECT_EQ(console[0], " animal no. " + number(interval) + " age parents determined");
   }
 }
 

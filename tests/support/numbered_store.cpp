@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <sstream>
 #include <stdexcept>
+#include <string>
 
-#include "support/streams.h"
+#include "support/lines.h"
 
 namespace pedigreewatch::test {
 namespace {
@@ -104,11 +105,6 @@ void count_all_offspring(PopulationStore& store) {
       parent.is_native_parent = logical_true;
     }
   }
-}
-
-std::string in_twelve_columns(std::int64_t value) {
-  const std::string digits = std::to_string(value);
-  return std::string(12 - digits.size(), ' ') + digits;
 }
 
 }  // namespace pedigreewatch::test

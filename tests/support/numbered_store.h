@@ -4,12 +4,12 @@
 
 #include <cstdint>
 #include <span>
-#include <string>
 #include <string_view>
 #include <vector>
 
 #include "core/year_table.h"
 #include "pedigree/population_store.h"
+#include "support/lines.h"
 
 namespace pedigreewatch::test {
 
@@ -39,8 +39,5 @@ std::vector<Cell> row_of(const YearTable<Cell>& table, std::int64_t row) {
   for (std::int64_t column = 1; column <= table.column_count; ++column) cells.push_back(table.value(row, column));
   return cells;
 }
-
-/// An integer item of a free-form line: right-justified in 12 columns.
-std::string in_twelve_columns(std::int64_t value);
 
 }  // namespace pedigreewatch::test

@@ -8,23 +8,6 @@
 
 namespace pedigreewatch::test {
 
-std::string number(std::int64_t value) {
-  std::string digits = std::to_string(value);
-  return digits.insert(0, 12 - digits.size(), ' ');
-}
-
-std::string padded(std::string_view text, std::size_t width) {
-  std::string result(text);
-  result.resize(width, ' ');
-  return result;
-}
-
-std::string joined(const std::vector<std::string>& lines) {
-  std::string text;
-  for (const std::string& line : lines) text.append(line).append("\n");
-  return text;
-}
-
 SteerSettings settings_in(bool english) {
   SteerSettings settings;
   settings.delimiter = ';';

@@ -1,27 +1,14 @@
-// Phases of the pedigree run on texts, and the pieces that printed lines are made of.
+// Phases of the pedigree run on texts.
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
-#include <initializer_list>
-#include <string>
 #include <string_view>
-#include <vector>
 
 #include "control/steer_settings.h"
 #include "core/run_streams.h"
 #include "pedigree/population_store.h"
+#include "support/lines.h"
 
 namespace pedigreewatch::test {
-
-/// An integer as a free-form line shows it: right-justified in 12 columns.
-std::string number(std::int64_t value);
-
-/// `text` filled up with blanks to `width`.
-std::string padded(std::string_view text, std::size_t width);
-
-/// The bytes of `lines`, each ended by one line feed.
-std::string joined(const std::vector<std::string>& lines);
 
 /// Settings of a run on a file with semicolons, dates as in 31-12-2004 and "m" or "M" for males.
 SteerSettings settings_in(bool english);

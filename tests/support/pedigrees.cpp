@@ -6,21 +6,10 @@
 #include <sstream>
 #include <string>
 
-#include "pedigree/parent_linkage.h"
-#include "statistics/missing_parents.h"
-#include "support/streams.h"
+#include "support/lines.h"
+#include "support/pedigree_runs.h"
 
 namespace pedigreewatch::test {
-namespace {
-
-void link_and_sort(PopulationStore& store) {
-  RunStreams streams;
-  const IdIndex index = append_missing_parents(store, streams.console);
-  link_parents(store, index, streams);
-}
-
-}  // namespace
-
 PopulationStore animals_from_text(std::string_view text) {
   PopulationStore store;
   for (const std::string& line : lines_of(text)) {
@@ -45,7 +34,8 @@ PopulationStore animals_from_text(std::string_view text) {
 
 PopulationStore pedigree_from_text(std::string_view text) {
   PopulationStore store = animals_from_text(text);
-  link_and_sort(store);
+  RunStreams streams;
+  link_and_sort(store, streams);
   return store;
 }
 

@@ -13,6 +13,7 @@
 
 #include "core/year_table.h"
 #include "reports/report_lines.h"
+#include "support/lines.h"
 #include "support/streams.h"
 
 namespace pedigreewatch::test {
@@ -80,12 +81,6 @@ inline std::string rule(std::size_t length) {
 inline std::string pluses() {
   return std::string(86, '+');
 }
-/// `text` and blanks up to `width` columns.
-inline std::string padded(std::string text, std::size_t width) {
-  text.resize(width, ' ');
-  return text;
-}
-
 /// Compares line by line, so that a difference names its line; then all bytes.
 inline void expect_lines(const TextOutput& output, const std::vector<std::string>& expected) {
   const std::vector<std::string> printed = lines_of(output);
@@ -93,20 +88,7 @@ inline void expect_lines(const TextOutput& output, const std::vector<std::string
     EXPECT_EQ(printed[i], expected[i]) << "line " << i + 1;
   }
   EXPECT_EQ(printed.size(), expected.size());
-  std::string bytes;
-  for (const std::string& line : expected) bytes += line + "\n";
-  EXPECT_TRUE(output.pending == bytes) << "the bytes differ";
-}
-
-/// Position of the first line that holds `text`, counted from 0; the number of lines when there is none.
-inline std::size_t line_with(const std::vector<std::string>& lines, const std::string& text) {
-  const auto found = std::find_if(lines.begin(), lines.end(),
-                                  [&](const std::string& line) { return line.find(text) != std::string::npos; });
-  return static_cast<std::size_t>(found - lines.begin());
-}
-
-inline bool has_line(const std::vector<std::string>& lines, const std::string& line) {
-  return std::find(lines.begin(), lines.end(), line) != lines.end();
+  EXPECT_TRUE(output.pending == joined(expected)) << "the bytes differ";
 }
 
 }  // namespace pedigreewatch::test

@@ -18,11 +18,6 @@ namespace fs = std::filesystem;
 constexpr std::string_view time_limit = "timeout -k 5 300 ";
 constexpr std::string_view as_nobody = "setpriv --reuid=65534 --regid=65534 --clear-groups ";
 
-std::string bytes_of(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
 void write_file(const std::string& path, std::string_view bytes) {
   std::ofstream(path, std::ios::binary) << bytes;
 }

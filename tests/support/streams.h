@@ -1,11 +1,12 @@
 // Streams that keep what is printed, and their lines.
 #pragma once
 
+#include <cstdio>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "core/run_streams.h"
+#include "support/lines.h"
 
 namespace pedigreewatch::test {
 
@@ -23,9 +24,13 @@ inline RunStreams streams_in(bool english) {
   return streams;
 }
 
-/// Splits printed bytes into lines, without their line feeds.
-std::vector<std::string> lines_of(std::string_view printed);
-std::vector<std::string> lines_of(const TextOutput& output);
+/// The lines of an output that is kept.
+inline std::vector<std::string> lines_of(const TextOutput& output) {
+  return lines_of(output.pending);
+}
+
+/// A keyboard on which everything has been typed beforehand.
+std::FILE* keyboard_with(const std::string& typed);
 
 /// A run that stopped, seen from outside: whether `action` stopped it.
 template <typename Action>

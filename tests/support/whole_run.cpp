@@ -19,11 +19,6 @@ namespace {
 
 constexpr auto longest_run = std::chrono::minutes(5);
 
-std::string bytes_of(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
 /// A folder that no other test has: the working directory of the run, and beside it what it prints.
 std::string make_folder(const Files& files) {
   std::string folder = testing::TempDir() + "pedigreewatch_run_XXXXXX";
@@ -86,7 +81,8 @@ bool is_running(StartedRun& run) {
 }
 
 std::string console_so_far(const StartedRun& run) {
-  return bytes_of(run.folder + "/out");
+  // Before the program begins there is no such file.
+  return bytes_if_present(run.folder + "/out").value_or("");
 }
 
 void type(const StartedRun& run, std::string_view bytes) {

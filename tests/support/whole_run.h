@@ -1,14 +1,12 @@
 // Whole runs of the built program, each in a fresh folder of its own.
 #pragma once
 
-#include <map>
 #include <string>
 #include <string_view>
 
-namespace pedigreewatch::test {
+#include "support/files.h"
 
-/// File names and their bytes. A name that ends in a slash stands for a folder.
-using Files = std::map<std::string, std::string>;
+namespace pedigreewatch::test {
 
 struct WholeRun {
   int exit_status = -1;  ///< 128 and the signal's number for a run that was ended by a signal

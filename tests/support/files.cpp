@@ -1,0 +1,42 @@
+#include "support/files.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+
+namespace pedigreewatch::test {
+
+namespace fs = std::filesystem;
+
+std::string bytes_of(const fs::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  EXPECT_TRUE(stream) << file;
+  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+std::optional<std::string> bytes_if_present(const fs::path& file) {
+  if (!fs::exists(file)) return std::nullopt;
+  return bytes_of(file);
+}
+
+void write_files(const fs::path& folder, const Files& files) {
+  for (const auto& [name, bytes] : files) {
+    if (name.ends_with('/')) {
+      fs::create_directories(folder / name);
+    } else {
+      std::ofstream(folder / name, std::ios::binary) << bytes;
+    }
+  }
+}
+
+Files files_in(const fs::path& folder) {
+  Files files;
+  for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
+    if (!entry.is_regular_file() || entry.is_symlink()) continue;
+    files[entry.path().filename().string()] = bytes_of(entry.path());
+  }
+  return files;
+}
+
+}  // namespace pedigreewatch::test
