@@ -5,7 +5,7 @@
 #include <string>
 
 #include "support/files.h"
-#include "support/whole_run.h"
+#include "support/program_run.h"
 
 namespace pedigreewatch::test {
 namespace {

@@ -6,102 +6,24 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <random>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <vector>
 
-#include "support/files.h"
-
-#ifndef _WIN32
-#include <sys/wait.h>
-#endif
+#include "support/case_folder.h"
+#include "support/program_run.h"
 
 namespace pedigreewatch::test {
 namespace {
 
-namespace fs = std::filesystem;
-
-/// What a case's folder holds besides the inputs of the run.
-bool is_input(const std::string& name) {
-  return name != "about" && name != "stdin" && !name.starts_with("expected.");
-}
-
-std::vector<std::string> case_names() {
-  std::vector<std::string> names;
-  for (const fs::directory_entry& entry : fs::directory_iterator(GOLDEN_FOLDER)) {
-    if (entry.is_directory()) names.push_back(entry.path().filename().string());
-  }
-  std::ranges::sort(names);
-  return names;
-}
-
-/// A folder of its own for one run, removed at the end.
-class RunFolder {
- public:
-  RunFolder() {
-    // Tests run side by side, also those of two builds.
-    std::random_device random;
-    path_ = fs::temp_directory_path() / ("pedigreewatch-golden-" + std::to_string(random()) + std::to_string(random()));
-    fs::create_directories(inputs());
-  }
-  RunFolder(const RunFolder&) = delete;
-  RunFolder& operator=(const RunFolder&) = delete;
-  ~RunFolder() {
-    std::error_code ignored;
-    fs::remove_all(path_, ignored);
-  }
-
-  fs::path inputs() const { return path_ / "run"; }
-  fs::path keyboard() const { return path_ / "stdin"; }
-  fs::path console() const { return path_ / "console"; }
-  fs::path messages() const { return path_ / "messages"; }
-
- private:
-  fs::path path_;
-};
-
-struct Outcome {
-  int exit_status = -1;
-  std::string console;
-  std::string messages;
-  Files written;  ///< files that were not there before, or have other bytes than before
-};
-
-int exit_status_of(int system_result) {
-#ifdef _WIN32
-  return system_result;
-#else
-  return WIFEXITED(system_result) ? WEXITSTATUS(system_result) : 128 + WTERMSIG(system_result);
-#endif
-}
-
-Outcome run_case(const fs::path& golden_case) {
-  const RunFolder folder;
-  Files before;
-  for (const auto& [name, bytes] : files_in(golden_case)) {
-    if (!is_input(name)) continue;
-    before[name] = bytes;
-    fs::copy_file(golden_case / name, folder.inputs() / name);
-  }
-  std::ofstream(folder.keyboard(), std::ios::binary) << bytes_if_present(golden_case / "stdin").value_or("");
-
-  const std::string command = "cd \"" + folder.inputs().string() + "\" && \"" PROGRAM_PATH "\" <\"" +
-                              folder.keyboard().string() + "\" >\"" + folder.console().string() + "\" 2>\"" +
-                              folder.messages().string() + "\"";
-  Outcome outcome;
-  outcome.exit_status = exit_status_of(std::system(command.c_str()));
-  outcome.console = bytes_of(folder.console());
-  outcome.messages = bytes_of(folder.messages());
-  for (const auto& [name, bytes] : files_in(folder.inputs())) {
+/// Files that were not there before the run, or have other bytes than before.
+Files written_by(const WholeRun& run, const Files& before) {
+  Files written;
+  for (const auto& [name, bytes] : run.files) {
     const auto old = before.find(name);
-    if (old == before.end() || old->second != bytes) outcome.written[name] = bytes;
+    if (old == before.end() || old->second != bytes) written[name] = bytes;
   }
-  return outcome;
+  return written;
 }
 
 /// The lines of a text, each with its line feed; the last one may be without.
@@ -149,26 +71,22 @@ testing::AssertionResult same_bytes(const std::string& what, std::string_view ex
 class GoldenCase : public testing::TestWithParam<std::string> {};
 
 TEST_P(GoldenCase, PrintsExactlyWhatIsExpected) {
-  const fs::path golden_case = fs::path(GOLDEN_FOLDER) / GetParam();
-  const Outcome outcome = run_case(golden_case);
-  SCOPED_TRACE(bytes_of(golden_case / "about"));
+  const CaseFolder golden_case = read_case(GetParam());
+  const WholeRun run = run_program_on(golden_case.inputs, {.keyboard = golden_case.keyboard});
+  const Files written = written_by(run, golden_case.inputs);
+  SCOPED_TRACE(golden_case.about);
 
-  const auto console = bytes_if_present(golden_case / "expected.console");
-  ASSERT_TRUE(console.has_value()) << "expected.console is missing";
-  EXPECT_TRUE(same_bytes("console", *console, outcome.console));
+  ASSERT_TRUE(golden_case.console.has_value()) << "expected.console is missing";
+  EXPECT_TRUE(same_bytes("console", *golden_case.console, run.console));
 
-  const auto report = bytes_if_present(golden_case / "expected.report");
-  EXPECT_EQ(outcome.written.size(), report.has_value() ? 1U : 0U) << "files written by the run";
-  if (report.has_value() && !outcome.written.empty()) {
-    const auto& [name, bytes] = *outcome.written.begin();
-    EXPECT_TRUE(same_bytes(name, *report, bytes));
+  EXPECT_EQ(written.size(), golden_case.report.has_value() ? 1U : 0U) << "files written by the run";
+  if (golden_case.report.has_value() && !written.empty()) {
+    const auto& [name, bytes] = *written.begin();
+    EXPECT_TRUE(same_bytes(name, *golden_case.report, bytes));
   }
 
-  const auto status = bytes_if_present(golden_case / "expected.status");
-  EXPECT_EQ(outcome.exit_status, std::stoi(status.value_or("0"))) << "exit status";
-
-  const auto messages = bytes_if_present(golden_case / "expected.messages");
-  EXPECT_TRUE(same_bytes("messages", messages.value_or(""), outcome.messages));
+  EXPECT_EQ(run.exit_status, golden_case.exit_status) << "exit status";
+  EXPECT_TRUE(same_bytes("messages", golden_case.messages, run.messages));
 }
 
 INSTANTIATE_TEST_SUITE_P(WholeRun, GoldenCase, testing::ValuesIn(case_names()),
@@ -178,7 +96,7 @@ TEST(GoldenFolder, EveryCaseSaysWhyItExists) {
   const std::vector<std::string> names = case_names();
   ASSERT_FALSE(names.empty());
   for (const std::string& name : names) {
-    EXPECT_FALSE(bytes_of(fs::path(GOLDEN_FOLDER) / name / "about").empty()) << name;
+    EXPECT_FALSE(read_case(name).about.empty()) << name;
   }
 }
 

@@ -16,8 +16,8 @@
 #include <vector>
 
 #include "support/lines.h"
-#include "support/shell_run.h"
-#include "support/whole_run.h"
+#include "support/program_run.h"
+#include "support/steer_lines.h"
 
 #if defined(__has_feature)
 #define PEDIGREEWATCH_HAS_FEATURE(feature) __has_feature(feature)
@@ -35,19 +35,6 @@ namespace {
 
 // ---- Input files -----------------------------------------------------------------------------------------------
 
-/// What a steer file says; the lines of the two counts and everything behind them can be replaced.
-struct Steer {
-  std::string date_layout = "dd-mm-yyyy";
-  std::string counts = "0\n0\n";
-  std::string population = "Village dogs";
-  std::string data_file = "dogs.txt";
-  std::string header = "y\n";
-
-  std::string text() const {
-    return population + "\n" + data_file + "\n;\nn\n" + date_layout + "\ndog\nm\nen\n" + header + counts;
-  }
-};
-
 constexpr std::string_view header = "id;sire;dam;sex;birthdate\n";
 
 /// A father, a mother and their two pups.
@@ -59,10 +46,6 @@ constexpr std::string_view family =
 
 std::string with_header(std::string_view lines) {
   return std::string(header) + std::string(lines);
-}
-
-Files files_of(const std::string& data, const Steer& steer = {}) {
-  return {{"pedigreewatch.ini", steer.text()}, {"dogs.txt", data}};
 }
 
 /// Bytes without any pattern, the same ones on every machine.
@@ -203,7 +186,7 @@ TEST(HostileFiles, EmptyDataFileIsRefused) {
 }
 
 TEST(HostileFiles, EmptyDataFileWithAColumnListHasNoAnimals) {
-  const Steer steer = {.header = "n\n\n5\n\n5 1 2 3 7 8\n"};
+  const SteerLines steer = {.header = "n\n\n5\n\n5 1 2 3 7 8"};
   const WholeRun run = run_program_on(files_of("", steer));
   ASSERT_TRUE(is_complete(run));
   EXPECT_TRUE(has_line(run.console, " total number records =            0"));
@@ -218,21 +201,21 @@ TEST(HostileFiles, FolderInPlaceOfTheSteerFile) {
 }
 
 TEST(HostileFiles, FolderInPlaceOfTheDataFile) {
-  expect_missing_data_file(run_program_on({{"pedigreewatch.ini", Steer().text()}, {"dogs.txt/", ""}}), "dogs.txt");
+  expect_missing_data_file(run_program_on({{"pedigreewatch.ini", SteerLines().text()}, {"dogs.txt/", ""}}), "dogs.txt");
 }
 
 TEST(HostileFiles, FolderInPlaceOfTheReport) {
   Files files = files_of(with_header(family));
   files["dogs.out/"] = "";
   const RunFolder folder(files);
-  const WholeRun run = folder.run();
+  const WholeRun run = run_program_in(folder);
   EXPECT_EQ(run.exit_status, 1);
   EXPECT_EQ(run.messages, "dogs.out: Is a directory\n");
   EXPECT_TRUE(std::filesystem::is_empty(folder.path("dogs.out")));
 }
 
 TEST(HostileFiles, DataFileInAFolderThatIsNotThere) {
-  const Steer steer = {.data_file = "no such folder/dogs.txt"};
+  const SteerLines steer = {.data_file_name = "no such folder/dogs.txt"};
   expect_missing_data_file(run_program_on(files_of(with_header(family), steer)), "no such folder/dogs.txt");
 }
 
@@ -244,7 +227,7 @@ TEST(HostileFiles, SteerFileThatBreaksOffLeavesBlanks) {
   if (!std::filesystem::exists(unreadable)) GTEST_SKIP() << "no file here that cannot be read";
   const RunFolder folder({{"dogs.txt", with_header(family)}});
   std::filesystem::create_symlink(unreadable, folder.path("pedigreewatch.ini"));
-  const WholeRun run = folder.run();
+  const WholeRun run = run_program_in(folder);
   EXPECT_EQ(run.exit_status, 1);
   EXPECT_EQ(run.messages, "");
   EXPECT_TRUE(has(run.console, " ERROR cannot find the data file"));
@@ -252,15 +235,15 @@ TEST(HostileFiles, SteerFileThatBreaksOffLeavesBlanks) {
 
 TEST(HostileFiles, DataFileThatBreaksOffIsTold) {
   if (!std::filesystem::exists(unreadable)) GTEST_SKIP() << "no file here that cannot be read";
-  const RunFolder folder({{"pedigreewatch.ini", Steer().text()}});
+  const RunFolder folder({{"pedigreewatch.ini", SteerLines().text()}});
   std::filesystem::create_symlink(unreadable, folder.path("dogs.txt"));
-  expect_stop(folder.run(), "dogs.txt: Input/output error\n");
+  expect_stop(run_program_in(folder), "dogs.txt: Input/output error\n");
 }
 
 // ---- Rights ----------------------------------------------------------------------------------------------------
 
 #define SKIP_WHERE_RIGHTS_DO_NOT_MATTER(folder)                                                  \
-  if (!(folder).can_drop_rights()) {                                                             \
+  if (!can_drop_rights(folder)) {                                                                \
     GTEST_SKIP() << "root may read and write everything, and its rights cannot be dropped here"; \
   }
 
@@ -268,14 +251,14 @@ TEST(HostileRights, SteerFileThatMayNotBeReadCountsAsMissing) {
   const RunFolder folder(files_of(with_header(family)));
   SKIP_WHERE_RIGHTS_DO_NOT_MATTER(folder);
   std::filesystem::permissions(folder.path("pedigreewatch.ini"), std::filesystem::perms::none);
-  expect_missing_steer_file(folder.run_without_rights());
+  expect_missing_steer_file(run_program_in(folder, {.has_rights = false}));
 }
 
 TEST(HostileRights, DataFileThatMayNotBeReadCountsAsMissing) {
   const RunFolder folder(files_of(with_header(family)));
   SKIP_WHERE_RIGHTS_DO_NOT_MATTER(folder);
   std::filesystem::permissions(folder.path("dogs.txt"), std::filesystem::perms::none);
-  expect_missing_data_file(folder.run_without_rights(), "dogs.txt");
+  expect_missing_data_file(run_program_in(folder, {.has_rights = false}), "dogs.txt");
 }
 
 TEST(HostileRights, FolderThatMayNotBeWrittenGetsNoReport) {
@@ -284,7 +267,7 @@ TEST(HostileRights, FolderThatMayNotBeWrittenGetsNoReport) {
   constexpr auto read_only = std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec |
                              std::filesystem::perms::others_read | std::filesystem::perms::others_exec;
   std::filesystem::permissions(folder.path(), read_only);
-  const WholeRun run = folder.run_without_rights();
+  const WholeRun run = run_program_in(folder, {.has_rights = false});
   EXPECT_EQ(run.exit_status, 1);
   EXPECT_EQ(run.messages, "dogs.out: Permission denied\n");
   EXPECT_EQ(run.files.count("dogs.out"), 0U);
@@ -297,7 +280,7 @@ TEST(HostileRights, OldReportThatMayNotBeWrittenStaysAsItWas) {
   SKIP_WHERE_RIGHTS_DO_NOT_MATTER(folder);
   constexpr auto read_only = std::filesystem::perms::owner_read | std::filesystem::perms::others_read;
   std::filesystem::permissions(folder.path("dogs.out"), read_only);
-  const WholeRun run = folder.run_without_rights();
+  const WholeRun run = run_program_in(folder, {.has_rights = false});
   EXPECT_EQ(run.exit_status, 1);
   EXPECT_EQ(run.messages, "dogs.out: Permission denied\n");
   EXPECT_EQ(run.file("dogs.out"), "last year's report\n");
@@ -313,7 +296,7 @@ TEST(HostileRights, FolderThatMayNotBeWrittenLeavesAnOldReportThatMay) {
   constexpr auto read_only = std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec |
                              std::filesystem::perms::others_read | std::filesystem::perms::others_exec;
   std::filesystem::permissions(folder.path(), read_only);
-  const WholeRun run = folder.run_without_rights();
+  const WholeRun run = run_program_in(folder, {.has_rights = false});
   EXPECT_EQ(run.exit_status, 1);
   EXPECT_EQ(run.messages,
             "dogs.out: the last complete report could not be kept as dogs.out.last-complete: Permission denied\n");
@@ -324,7 +307,7 @@ TEST(HostileRights, FolderThatMayNotBeWrittenLeavesAnOldReportThatMay) {
 
 TEST(HostileBytes, NulBytesInTextsAreText) {
   const std::string nul(1, '\0');
-  const Steer steer = {.population = "Village" + nul + "dogs"};
+  const SteerLines steer = {.population_name = "Village" + nul + "dogs"};
   const std::string data =
       with_header("A" + nul + "1;;;m;01-02-2000\nA" + nul + "2;A" + nul + "1;;f;01-02-2002\nA;;;m;01-02-2000\n");
   const WholeRun run = run_program_on(files_of(data, steer));
@@ -346,7 +329,7 @@ TEST(HostileBytes, NulByteInADateIsRefused) {
 TEST(HostileBytes, NulByteInAFileNameNamesNoFile) {
   // Not "dogs", though the system would take what stands before the NUL for the name, and no report that replaces it.
   const std::string nul(1, '\0');
-  const Steer steer = {.data_file = "dogs" + nul + ".txt"};
+  const SteerLines steer = {.data_file_name = "dogs" + nul + ".txt"};
   const std::string bytes = with_header(family);
   const WholeRun run = run_program_on({{"pedigreewatch.ini", steer.text()}, {"dogs", bytes}});
   expect_missing_data_file(run, "dogs" + nul + ".txt");
@@ -362,7 +345,7 @@ std::string in_utf16(std::string_view text) {
 }
 
 TEST(HostileBytes, SteerFileInUtf16NamesNoDataFile) {
-  const WholeRun run = run_program_on({{"pedigreewatch.ini", in_utf16(Steer().text())}, {"dogs.txt", ""}});
+  const WholeRun run = run_program_on({{"pedigreewatch.ini", in_utf16(SteerLines().text())}, {"dogs.txt", ""}});
   EXPECT_EQ(run.exit_status, 1);
   EXPECT_TRUE(has(run.console, "\n ERROR cannot find the data file"));
   EXPECT_EQ(run.files.size(), 2U);
@@ -435,10 +418,13 @@ TEST(HostileLines, IdOfMegabytesIsCutWithAWarning) {
 
 TEST(HostileLines, SteerFileLinesOfMegabytesCountWithTheirFirstCharacters) {
   const std::string tail(2 * megabyte, ' ');
-  const Steer steer = {.date_layout = "dd-mm-yyyy" + tail + "x",
-                       .counts = "0 subpopulations" + tail + "\n0" + tail,
-                       .population = "Village dogs" + tail + "x"};
-  expect_family(run_program_on(files_of(with_header(family), steer)));
+  const SteerLines steer = {.population_name = "Village dogs" + tail + "x",
+                            .date_layout = "dd-mm-yyyy" + tail + "x",
+                            .subpopulations = "0 subpopulations" + tail,
+                            .colours = "0" + tail};
+  Files files = files_of(with_header(family), steer);
+  files["pedigreewatch.ini"].pop_back();  // the last line is without an end
+  expect_family(run_program_on(files));
 }
 
 TEST(HostileLines, AMillionColumnsCountWithTheFirstOnes) {
@@ -458,9 +444,9 @@ TEST(HostileLines, ColumnsBehindAMillionOthersAreNotFound) {
 
 // ---- Counts ----------------------------------------------------------------------------------------------------
 
-void expect_refused_count(const std::string& counts, std::string_view message) {
-  const WholeRun run = run_program_on(files_of(with_header(family), {.counts = counts}));
-  EXPECT_EQ(run.exit_status, 1) << counts;
+void expect_refused_count(const SteerLines& steer, std::string_view message) {
+  const WholeRun run = run_program_on(files_of(with_header(family), steer));
+  EXPECT_EQ(run.exit_status, 1) << message;
   EXPECT_EQ(run.messages, message);
   EXPECT_EQ(run.files.size(), 2U) << "no report is begun";
 }
@@ -468,7 +454,7 @@ void expect_refused_count(const std::string& counts, std::string_view message) {
 TEST(HostileCounts, SubpopulationsBeyondAnyHerdbookAreRefused) {
   constexpr std::string_view expected = "the number of subpopulations was expected, at most 5000\n";
   for (const std::string count : {"2147483647", "99999999999", "2147483648", "18446744073709551617", "5001"}) {
-    expect_refused_count(count + "\n0\n",
+    expect_refused_count({.subpopulations = count},
                          "pedigreewatch.ini, line 10, column 1: \"" + count + "\": " + std::string(expected));
   }
 }
@@ -476,14 +462,19 @@ TEST(HostileCounts, SubpopulationsBeyondAnyHerdbookAreRefused) {
 TEST(HostileCounts, ColoursBeyondAnyHerdbookAreRefused) {
   constexpr std::string_view expected = "the number of colours was expected, at most 100000\n";
   for (const std::string count : {"2147483647", "99999999999", "2147483646", "100001"}) {
-    expect_refused_count("1\nNorth\n" + count + "\n",
+    expect_refused_count({.subpopulations = "1\nNorth", .colours = count},
                          "pedigreewatch.ini, line 12, column 1: \"" + count + "\": " + std::string(expected));
   }
 }
 
 TEST(HostileCounts, NegativeCountsAreNone) {
-  for (const std::string counts : {"-1\n-1\n", "-2147483648\n-99999999999\n", "-\n+\n", "none\n\n"}) {
-    const WholeRun run = run_program_on(files_of(with_header(family), {.counts = counts}));
+  struct Counts {
+    std::string subpopulations, colours;
+  };
+  for (const auto& [subpopulations, colours] :
+       {Counts{"-1", "-1"}, Counts{"-2147483648", "-99999999999"}, Counts{"-", "+"}, Counts{"none", ""}}) {
+    const SteerLines steer = {.subpopulations = subpopulations, .colours = colours};
+    const WholeRun run = run_program_on(files_of(with_header(family), steer));
     expect_family(run);
     EXPECT_TRUE(has_line(run.console, " number of subpopulations           0"));
     EXPECT_TRUE(has_line(run.console, " number of colours           0"));
@@ -492,7 +483,7 @@ TEST(HostileCounts, NegativeCountsAreNone) {
 
 TEST(HostileCounts, AnyNumberOfColumnsKeepsTwentyFiveCodes) {
   for (const std::string count : {"2147483647", "99999999999"}) {
-    const Steer steer = {.header = "n\ncomment\n" + count + "\ncomment\n" + count + " 1 2 3 7 8\n"};
+    const SteerLines steer = {.header = "n\ncomment\n" + count + "\ncomment\n" + count + " 1 2 3 7 8"};
     const WholeRun run = run_program_on(files_of(std::string(family) + "\n", steer));
     expect_family(run);
     // 80 columns hold 6 numbers of 12: five lines, the last with the one that is left.
@@ -504,14 +495,14 @@ TEST(HostileCounts, AnyNumberOfColumnsKeepsTwentyFiveCodes) {
 }
 
 TEST(HostileCounts, NegativeNumberOfColumnsIsNoColumnList) {
-  const Steer steer = {.header = "n\ncomment\n-1\ncomment\n-1 1 2 3 7 8\n"};
+  const SteerLines steer = {.header = "n\ncomment\n-1\ncomment\n-1 1 2 3 7 8"};
   const WholeRun run = run_program_on(files_of(with_header(family), steer));
   expect_family(run);
   EXPECT_TRUE(has(run.console, "\n           0  columns in data file\n\n number of subpopulations"));
 }
 
 TEST(HostileCounts, ColumnCodesThatAreNoneSkipTheirColumns) {
-  const Steer steer = {.header = "n\n\n8\n\n8 1 2 3 7 8 2147483647 -2147483648 99999999999\n"};
+  const SteerLines steer = {.header = "n\n\n8\n\n8 1 2 3 7 8 2147483647 -2147483648 99999999999"};
   const WholeRun run = run_program_on(files_of(std::string(family) + "\n", steer));
   expect_family(run);
   EXPECT_TRUE(has(run.console,
@@ -520,7 +511,9 @@ TEST(HostileCounts, ColumnCodesThatAreNoneSkipTheirColumns) {
 }
 
 TEST(HostileCounts, AThousandBlankSubpopulationsEnd) {
-  const WholeRun run = run_program_on(files_of(with_header(family), {.counts = "1000\n"}));
+  Files files = files_of(with_header(family), {.subpopulations = "1000", .colours = ""});
+  files["pedigreewatch.ini"].pop_back();  // the steer file ends with the count
+  const WholeRun run = run_program_on(files);
   EXPECT_EQ(run.exit_status, 0);
   EXPECT_EQ(run.messages, "");
   EXPECT_TRUE(run.console.ends_with("\n finished analysis for Village dogs                            \n"));
@@ -532,7 +525,7 @@ TEST(HostileCounts, AThousandBlankSubpopulationsEnd) {
 TEST(HostileCounts, FiveThousandBlankColoursEnd) {
   const std::string data =
       "id;sire;dam;sex;birthdate;colour\nA1;;;m;01-02-2000;white\nB1;A1;;f;01-02-2001;\nC1;A1;B1;m;01-03-2002;\n";
-  const WholeRun run = run_program_on(files_of(data, {.counts = "0\n5000\nwhite\n"}));
+  const WholeRun run = run_program_on(files_of(data, {.colours = "5000\nwhite"}));
   ASSERT_TRUE(is_complete(run));
   EXPECT_TRUE(has_line(run.file("dogs.out"), " number of colours:         5000"));
 }
@@ -576,7 +569,7 @@ TEST(HostileDates, NegativeYearsAreYears) {
 }
 
 TEST(HostileDates, DayFarBelowZeroIsADay) {
-  const Steer steer = {.date_layout = "mm-dd-yyyy"};
+  const SteerLines steer = {.date_layout = "mm-dd-yyyy"};
   for (const std::string day : {"-999999999", "-2147483648"}) {
     const WholeRun run = run_program_on(files_of(with_header("A1;;;m;01-" + day + "-2000\n"), steer));
     ASSERT_TRUE(is_complete(run)) << day;
@@ -614,7 +607,7 @@ TEST(HostileDates, MistypedYearOfAnAnimalWithParentsIsRefusedWithBothDates) {
 
 TEST(HostileDates, MistypedYearOfAMotherIsRefusedWithBothDates) {
   // A column list: the lines of the file are counted from its first animal.
-  const Steer steer = {.header = "n\n\n5\n\n5 1 2 3 7 8\n"};
+  const SteerLines steer = {.header = "n\n\n5\n\n5 1 2 3 7 8"};
   const WholeRun run =
       run_program_on(files_of("A1;;;m;31-12-12001\nC1;A1;B1;m;11-12-22003\nB1;;;f;05-06-2003\n\n", steer));
   expect_stop(run,
@@ -748,7 +741,7 @@ TEST(HostilePedigrees, TwoHundredThousandAnimalsBornInOneYear) {
     data += "N" + std::to_string(i) + (north ? ";SN;DN;" : ";SS;DS;") + (i % 4 < 2 ? "m" : "f") + ";01-01-2001;" +
             (north ? "North\n" : "South\n");
   }
-  const WholeRun run = run_program_on(files_of(data, {.counts = "2\nNorth\nSouth\n0\n"}));
+  const WholeRun run = run_program_on(files_of(data, {.subpopulations = "2\nNorth\nSouth"}));
   EXPECT_EQ(run.exit_status, 0);
   EXPECT_EQ(run.messages, "");
   EXPECT_TRUE(run.console.ends_with("\n finished analysis for Village dogs                            \n"));
@@ -780,7 +773,7 @@ std::string stopped_in_the_middle(const std::string& signal) {
 
 TEST(HostileSignal, StoppedRunSaysSoAndTakesItsReportAway) {
   for (const std::string signal : {"TERM", "HUP"}) {
-    const WholeRun run = RunFolder(files_with_much_to_say()).run(stopped_in_the_middle(signal));
+    const WholeRun run = run_program_on(files_with_much_to_say(), shell_script(stopped_in_the_middle(signal)));
     EXPECT_EQ(run.exit_status, 1) << signal;
     EXPECT_EQ(run.messages, "dogs.out: the report could not be written: the run was stopped from outside\n") << signal;
     EXPECT_EQ(run.files.count("dogs.out"), 0U) << signal;
@@ -790,7 +783,7 @@ TEST(HostileSignal, StoppedRunSaysSoAndTakesItsReportAway) {
 TEST(HostileSignal, StoppedRunLeavesTheLastCompleteReport) {
   Files files = files_with_much_to_say();
   files["dogs.out"] = "last year's report\n";
-  const WholeRun run = RunFolder(files).run(stopped_in_the_middle("TERM"));
+  const WholeRun run = run_program_on(files, shell_script(stopped_in_the_middle("TERM")));
   EXPECT_EQ(run.exit_status, 1);
   EXPECT_EQ(run.messages,
             "dogs.out: the report could not be written: the run was stopped from outside; the last complete report is "
@@ -803,10 +796,10 @@ TEST(HostileSignal, KilledRunLeavesTheLastCompleteReport) {
   Files files = files_with_much_to_say();
   files["dogs.out"] = "last year's report\n";
   const RunFolder folder(files);
-  const WholeRun killed = folder.run(stopped_in_the_middle("KILL"));
+  const WholeRun killed = run_program_in(folder, shell_script(stopped_in_the_middle("KILL")));
   EXPECT_EQ(killed.exit_status, 128 + 9);
   EXPECT_EQ(killed.file("dogs.out.last-complete"), "last year's report\n");
-  const WholeRun next = folder.run();
+  const WholeRun next = run_program_in(folder);
   EXPECT_EQ(next.exit_status, 0);
   EXPECT_EQ(next.file("dogs.out"), run_program_on(files_with_much_to_say()).file("dogs.out"));
   EXPECT_EQ(next.files.count("dogs.out.last-complete"), 0U);
@@ -814,7 +807,7 @@ TEST(HostileSignal, KilledRunLeavesTheLastCompleteReport) {
 
 TEST(HostileSignal, IgnoredSignalsStayIgnored) {
   const RunFolder folder(files_with_much_to_say());
-  const WholeRun run = folder.run("trap '' HUP; " + stopped_in_the_middle("HUP"));
+  const WholeRun run = run_program_in(folder, shell_script("trap '' HUP; " + stopped_in_the_middle("HUP")));
   EXPECT_EQ(run.exit_status, 0);
   EXPECT_EQ(run.messages, "");
   EXPECT_EQ(run.file("dogs.out"), run_program_on(files_with_much_to_say()).file("dogs.out"));
@@ -824,9 +817,11 @@ TEST(HostileSignal, BeforeThereIsAReportASignalJustEndsTheProgram) {
   Files files = files_of(with_header(family));
   files.erase("dogs.txt");
   files["dogs.out"] = "last year's report\n";
-  const WholeRun run = RunFolder(files).run(
-      "mkfifo keys; \"$PROGRAM\" <keys >console.txt & program=$!; exec 3>keys; "
-      "until grep -q 'cannot find the data file' console.txt; do sleep 0.05; done; kill $program; wait $program");
+  const WholeRun run = run_program_on(
+      files,
+      shell_script(
+          "mkfifo keys; \"$PROGRAM\" <keys >console.txt & program=$!; exec 3>keys; "
+          "until grep -q 'cannot find the data file' console.txt; do sleep 0.05; done; kill $program; wait $program"));
   EXPECT_EQ(run.exit_status, 128 + 15);
   EXPECT_EQ(run.file("dogs.out"), "last year's report\n");
 }
@@ -842,7 +837,7 @@ std::string data_for_a_large_report() {
 WholeRun run_on_full_disk(const std::string& data) {
   const RunFolder folder(files_of(data));
   std::filesystem::create_symlink("/dev/full", folder.path("dogs.out"));
-  const WholeRun run = folder.run();
+  const WholeRun run = run_program_in(folder);
   EXPECT_EQ(run.exit_status, 1);
   EXPECT_EQ(run.messages,
             "dogs.out: the report could not be written: No space left on device; what there is of it is not "
@@ -859,11 +854,15 @@ TEST(HostileDisk, FullDiskEndsARunWithALargeReport) {
   EXPECT_FALSE(has(run_on_full_disk(data_for_a_large_report()).console, "\n finished analysis"));
 }
 
+/// A run that may write no more than so many bytes into a file. The console goes where that does not count.
+WholeRun run_with_room_for(std::uint64_t bytes, const RunFolder& folder) {
+  return run_program_in(folder, {.limits = {.file_bytes = bytes}, .keeps_console = false});
+}
+
 TEST(HostileDisk, ReportCutByALimitIsTakenAway) {
-  // The unit is 512 or 1024 bytes; the console goes where no limit counts.
-  for (const std::string limit : {"1", "2", "64", "128"}) {
+  for (const std::uint64_t limit : {512, 1024, 32768, 65536}) {
     const RunFolder folder(files_of(data_for_a_large_report()));
-    const WholeRun run = folder.run("ulimit -f " + limit + " && \"$PROGRAM\" >/dev/null");
+    const WholeRun run = run_with_room_for(limit, folder);
     EXPECT_EQ(run.exit_status, 1) << limit;
     EXPECT_EQ(run.messages, "dogs.out: the report could not be written: File too large\n") << limit;
     EXPECT_EQ(run.files.count("dogs.out"), 0U) << limit;
@@ -871,14 +870,14 @@ TEST(HostileDisk, ReportCutByALimitIsTakenAway) {
 }
 
 TEST(HostileDisk, NoRoomAtAllLeavesNoReport) {
-  const WholeRun run = RunFolder(files_of(with_header(family))).run("ulimit -f 0 && \"$PROGRAM\" >/dev/null");
+  const WholeRun run = run_with_room_for(0, RunFolder(files_of(with_header(family))));
   EXPECT_EQ(run.exit_status, 1);  // there is no room for a message either
   EXPECT_EQ(run.files.count("dogs.out"), 0U);
 }
 
 TEST(HostileDisk, SmallReportCutByALimitIsTakenAway) {
   const RunFolder folder(files_of(with_header(family)));
-  const WholeRun run = folder.run("ulimit -f 1 && \"$PROGRAM\" >/dev/null");
+  const WholeRun run = run_with_room_for(512, folder);
   EXPECT_EQ(run.exit_status, 1);
   EXPECT_EQ(run.messages, "dogs.out: the report could not be written: File too large\n");
   EXPECT_EQ(run.files.count("dogs.out"), 0U);
@@ -887,7 +886,7 @@ TEST(HostileDisk, SmallReportCutByALimitIsTakenAway) {
 TEST(HostileDisk, OfALinkedReportTheFileIsTakenAway) {
   const RunFolder folder(files_of(with_header(family)));
   std::filesystem::create_symlink("archive.out", folder.path("dogs.out"));
-  const WholeRun run = folder.run("ulimit -f 1 && \"$PROGRAM\" >/dev/null");
+  const WholeRun run = run_with_room_for(512, folder);
   EXPECT_EQ(run.exit_status, 1);
   EXPECT_EQ(run.messages, "dogs.out: the report could not be written: File too large\n");
   EXPECT_FALSE(std::filesystem::exists(folder.path("archive.out")));
@@ -898,7 +897,7 @@ TEST(HostileDisk, OldReportIsKeptWhenTheNewOneHasNoRoom) {
   files["dogs.out"] = "last year's report\n";
   const RunFolder folder(files);
   for (int attempt = 1; attempt <= 2; ++attempt) {
-    const WholeRun run = folder.run("ulimit -f 1 && \"$PROGRAM\" >/dev/null");
+    const WholeRun run = run_with_room_for(512, folder);
     EXPECT_EQ(run.exit_status, 1);
     EXPECT_EQ(run.messages,
               "dogs.out: the report could not be written: File too large; the last complete report is "
@@ -913,7 +912,7 @@ TEST(HostileDisk, WhatALinkedReportHeldIsNotKept) {
   files["archive.out"] = "last year's report\n";
   const RunFolder folder(files);
   std::filesystem::create_symlink("archive.out", folder.path("dogs.out"));
-  const WholeRun run = folder.run("ulimit -f 1 && \"$PROGRAM\" >/dev/null");
+  const WholeRun run = run_with_room_for(512, folder);
   EXPECT_EQ(run.messages, "dogs.out: the report could not be written: File too large\n");
   EXPECT_FALSE(std::filesystem::exists(folder.path("archive.out")));
   EXPECT_TRUE(std::filesystem::is_symlink(folder.path("dogs.out")));
@@ -923,7 +922,7 @@ TEST(HostileDisk, WhatALinkedReportHeldIsNotKept) {
 TEST(HostileDisk, ReportOnADeviceIsWrittenThere) {
   const RunFolder folder(files_of(with_header(family)));
   std::filesystem::create_symlink("/dev/null", folder.path("dogs.out"));
-  const WholeRun run = folder.run();
+  const WholeRun run = run_program_in(folder);
   EXPECT_EQ(run.exit_status, 0);
   EXPECT_EQ(run.messages, "");
   EXPECT_TRUE(std::filesystem::is_symlink(folder.path("dogs.out")));
@@ -931,7 +930,7 @@ TEST(HostileDisk, ReportOnADeviceIsWrittenThere) {
 
 TEST(HostileDisk, ReportInAPipeIsReadFromIt) {
   const RunFolder folder(files_of(with_header(family)));
-  const WholeRun run = folder.run("mkfifo dogs.out; cat dogs.out >read.txt & \"$PROGRAM\" && wait && rm dogs.out");
+  const WholeRun run = run_program_in(folder, shell_script("mkfifo dogs.out; cat dogs.out >read.txt & \"$PROGRAM\" && wait && rm dogs.out"));
   EXPECT_EQ(run.exit_status, 0);
   EXPECT_EQ(run.messages, "");
   EXPECT_TRUE(run.file("read.txt").ends_with(end_of_report));
@@ -949,22 +948,22 @@ void expect_lost_console(const WholeRun& run, std::string_view reason) {
 }
 
 TEST(HostileConsole, ClosedStandardOutputIsTold) {
-  expect_lost_console(RunFolder(files_of(with_header(family))).run("\"$PROGRAM\" >&-"), "Bad file descriptor");
+  expect_lost_console(run_program_on(files_of(with_header(family)), shell_script("\"$PROGRAM\" >&-")),
+                      "Bad file descriptor");
 }
 
 TEST(HostileConsole, FullDiskBehindStandardOutputIsTold) {
-  expect_lost_console(RunFolder(files_of(with_header(family))).run("\"$PROGRAM\" >/dev/full"),
+  expect_lost_console(run_program_on(files_of(with_header(family)), shell_script("\"$PROGRAM\" >/dev/full")),
                       "No space left on device");
 }
 
 TEST(HostileConsole, BrokenPipeIsTold) {
   // The program starts when nobody reads any more.
-  const WholeRun run =
-      RunFolder(files_of(with_header(family)))
-          .run(
-              "{ while test ! -e reader_is_gone; do sleep 0.01; done; \"$PROGRAM\"; echo $? >status; } |\n"
-              "{ exec <&-; touch reader_is_gone; }\n"
-              "exit \"$(cat status)\"");
+  const WholeRun run = run_program_on(
+      files_of(with_header(family)),
+      shell_script("{ while test ! -e reader_is_gone; do sleep 0.01; done; \"$PROGRAM\"; echo $? >status; } |\n"
+                   "{ exec <&-; touch reader_is_gone; }\n"
+                   "exit \"$(cat status)\""));
   expect_lost_console(run, "Broken pipe");
 }
 
@@ -973,7 +972,7 @@ TEST(HostileConsole, ReaderOfTheFirstLineDoesNotEndTheRun) {
   std::string lines;
   for (int i = 0; i < 5000; ++i) lines += std::to_string(100000 + i) + std::string(30, 'x') + ";;;m;01-01-2000\n";
   const RunFolder folder(files_of(with_header(lines)));
-  const WholeRun run = folder.run("{ \"$PROGRAM\"; echo $? >status; } | head -n 1");
+  const WholeRun run = run_program_in(folder, shell_script("{ \"$PROGRAM\"; echo $? >status; } | head -n 1"));
   EXPECT_EQ(run.console, " consecutive delimiters indicate empty column\n");
   EXPECT_EQ(run.file("status"), "1\n");
   EXPECT_EQ(run.messages, "the console could not be written: Broken pipe\n");
@@ -985,7 +984,7 @@ TEST(HostileConsole, ClosedStreamsDoNotGiveTheirPlaceToTheReport) {
   // A file that is opened gets the lowest free number: a closed standard output must not become the report's.
   const std::string expected = report_of_family();
   const auto run_with = [](const std::string& closed) {
-    return RunFolder(files_of(with_header(family))).run("\"$PROGRAM\" " + closed);
+    return run_program_on(files_of(with_header(family)), shell_script("\"$PROGRAM\" " + closed));
   };
   for (const std::string closed : {"<&- >&-", ">&- 2>&-", "<&- >&- 2>&-"}) {
     const WholeRun run = run_with(closed);
@@ -998,21 +997,23 @@ TEST(HostileConsole, ClosedStreamsDoNotGiveTheirPlaceToTheReport) {
 }
 
 TEST(HostileConsole, MessagesWithoutAStandardErrorDoNotReachTheReport) {
-  const WholeRun run = RunFolder(files_of(with_header("A1;;;m;01-o2-2000\n"))).run("\"$PROGRAM\" >&- 2>&-");
+  const WholeRun run =
+      run_program_on(files_of(with_header("A1;;;m;01-o2-2000\n")), shell_script("\"$PROGRAM\" >&- 2>&-"));
   EXPECT_EQ(run.exit_status, 1);
   EXPECT_EQ(run.file("dogs.out"), "");
 }
 
 TEST(HostileKeyboard, ClosedStandardInputDoesNotWait) {
-  expect_missing_steer_file(RunFolder({}).run("\"$PROGRAM\" <&-"));
+  expect_missing_steer_file(run_program_on({}, shell_script("\"$PROGRAM\" <&-")));
 }
 
 TEST(HostileKeyboard, StandardInputThatCannotBeReadDoesNotWait) {
-  expect_missing_steer_file(RunFolder({}).run("\"$PROGRAM\" </"));  // a folder
+  expect_missing_steer_file(run_program_on({}, shell_script("\"$PROGRAM\" </")));  // a folder
 }
 
 TEST(HostileKeyboard, ClosingStandardInputEndsTheWait) {
-  StartedRun run = start_program_on({});
+  const RunFolder folder({});
+  StartedRun run = start_program_in(folder);
   type(run, "no return yet");
   for (int i = 0; i < 1000 && !console_so_far(run).ends_with("te gaan.\n"); ++i) {
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
@@ -1022,14 +1023,18 @@ TEST(HostileKeyboard, ClosingStandardInputEndsTheWait) {
   expect_missing_steer_file(finish(run));
 }
 
+/// A run with an address space of so many kilobytes.
+WholeRun run_in_memory_of(std::uint64_t kilobytes, const RunFolder& folder) {
+  return run_program_in(folder, {.limits = {.memory_bytes = kilobytes * 1024}, .keeps_console = false});
+}
+
 constexpr std::string_view memory_messages =
     "not enough memory for a population of this size\n"
     "dogs.out: the report could not be written: Cannot allocate memory\n";
 
 TEST(HostileMemory, ExhaustedMemoryIsTold) {
   if (has_address_sanitizer) GTEST_SKIP() << "the address sanitizer needs more room than such a limit leaves";
-  const WholeRun run =
-      RunFolder(files_of(with_header(unrelated_males(300000)))).run("ulimit -v 60000 && \"$PROGRAM\" >/dev/null");
+  const WholeRun run = run_in_memory_of(60000, RunFolder(files_of(with_header(unrelated_males(300000)))));
   EXPECT_EQ(run.exit_status, 1);
   EXPECT_EQ(run.messages, memory_messages);
   EXPECT_EQ(run.files.count("dogs.out"), 0U);
@@ -1046,8 +1051,8 @@ TEST(HostileMemory, EveryLimitEndsInAMessageOrAReport) {
   }
   const RunFolder folder(files_of(with_header(lines)));
   int stopped = 0, finished = 0;
-  for (int limit = 10000; limit <= 36000; limit += 1000) {
-    const WholeRun run = folder.run("ulimit -v " + std::to_string(limit) + " && \"$PROGRAM\" >/dev/null");
+  for (std::uint64_t limit = 10000; limit <= 36000; limit += 1000) {
+    const WholeRun run = run_in_memory_of(limit, folder);
     if (run.exit_status == 0) {
       ++finished;
       EXPECT_EQ(run.messages, "") << limit;

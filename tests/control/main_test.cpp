@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "support/shell_run.h"
+#include "support/program_run.h"
 
 namespace pedigreewatch::test {
 namespace {
@@ -12,7 +12,7 @@ namespace {
 const Files herd = {{"pedigreewatch.ini", "Herd\nherd.txt\n"}, {"herd.txt", "id;sire;dam;sex;birth\n\n"}};
 
 TEST(Arguments, VersionIsTheOneOfThePackages) {
-  const WholeRun run = RunFolder(herd).run("\"$PROGRAM\" --version");
+  const WholeRun run = run_program_on(herd, {.arguments = {"--version"}});
   EXPECT_EQ(run.exit_status, 0);
   EXPECT_EQ(run.console, "pedigreewatch " PROGRAM_VERSION "\n");
   EXPECT_EQ(run.messages, "");
@@ -21,7 +21,7 @@ TEST(Arguments, VersionIsTheOneOfThePackages) {
 
 TEST(Arguments, HelpStartsNoRun) {
   for (const std::string argument : {"--help", "-h"}) {
-    const WholeRun run = RunFolder(herd).run("\"$PROGRAM\" " + argument);
+    const WholeRun run = run_program_on(herd, {.arguments = {argument}});
     EXPECT_EQ(run.exit_status, 0);
     EXPECT_TRUE(run.console.starts_with("usage: pedigreewatch\n")) << run.console;
     EXPECT_EQ(run.messages, "");
@@ -30,7 +30,7 @@ TEST(Arguments, HelpStartsNoRun) {
 }
 
 TEST(Arguments, AnyOtherOneIsRefused) {
-  const WholeRun run = RunFolder(herd).run("\"$PROGRAM\" herd.txt");
+  const WholeRun run = run_program_on(herd, {.arguments = {"herd.txt"}});
   EXPECT_EQ(run.exit_status, 1);
   EXPECT_EQ(run.console, "");
   EXPECT_TRUE(run.messages.starts_with("pedigreewatch: \"herd.txt\": no argument was expected\nusage: pedigreewatch\n"))
@@ -39,7 +39,7 @@ TEST(Arguments, AnyOtherOneIsRefused) {
 }
 
 TEST(Arguments, ClosedConsoleShowsInTheExitStatus) {
-  EXPECT_EQ(RunFolder(herd).run("\"$PROGRAM\" --version >/dev/full").exit_status, 1);
+  EXPECT_EQ(run_program_on(herd, shell_script("\"$PROGRAM\" --version >/dev/full")).exit_status, 1);
 }
 
 }  // namespace

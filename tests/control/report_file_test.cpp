@@ -7,9 +7,11 @@
 #include <string>
 #include <string_view>
 
-#include "support/shell_run.h"
-#include "support/streams.h"
-#include "support/whole_run.h"
+#include "core/run_streams.h"
+#include "support/lines.h"
+#include "support/program_run.h"
+#include "support/run_folder.h"
+#include "support/steer_lines.h"
 
 namespace pedigreewatch::test {
 namespace {
@@ -22,19 +24,19 @@ constexpr std::string_view good_lines = "a1;0;0;m;01-01-2000\na2;0;0;f;01-01-200
 constexpr std::string_view bad_lines = "a1;0;0;m;31-o2-1998\n";
 constexpr std::string_view loop_lines = "a1;a1;0;m;01-01-2000\n";
 
-Files files_of(std::string_view lines, const std::string& data_file_name = "dogs.txt") {
-  return {{"pedigreewatch.ini", "Test dogs\n" + data_file_name + "\n;\nn\ndd-mm-jjjj\ndog\nm\nen\ny\n1\nNoord\n0\n"},
-          {data_file_name, "id;sire;dam;sex;birthdate\n" + std::string(lines)}};
+Files files_of_lines(std::string_view lines, const std::string& data_file_name = "dogs.txt") {
+  const SteerLines steer = {.data_file_name = data_file_name, .subpopulations = "1\nNoord"};
+  return {{"pedigreewatch.ini", steer.text()}, {data_file_name, "id;sire;dam;sex;birthdate\n" + std::string(lines)}};
 }
 
 Files with_old_report(std::string_view lines) {
-  Files files = files_of(lines);
+  Files files = files_of_lines(lines);
   files["dogs.out"] = old_report;
   return files;
 }
 
 std::string complete_report() {
-  return run_program_on(files_of(good_lines)).file("dogs.out");
+  return run_program_on(files_of_lines(good_lines)).file("dogs.out");
 }
 
 /// Whether the run went no further than to the banner, behind which the report is opened.
@@ -47,7 +49,7 @@ bool ended_at_the_opening(const WholeRun& run) {
 TEST(OpenReport, NeverOverwritesTheDataFile) {
   for (const std::string name : {"dogs.out", "./dogs.out", "out"}) {
     const std::string file_name = name == "out" ? "out" : "dogs.out";
-    Files files = files_of(good_lines, name);
+    Files files = files_of_lines(good_lines, name);
     const std::string data = files[name];
     files.erase(name);
     files[file_name] = data;
@@ -64,7 +66,7 @@ TEST(OpenReport, NeverTakesAnInputFileForTheLastCompleteReport) {
   for (const std::string input : {"dogs.txt", "pedigreewatch.ini"}) {
     const RunFolder folder(with_old_report(good_lines));
     std::filesystem::create_hard_link(folder.path(input), folder.path(kept));
-    const WholeRun run = folder.run();
+    const WholeRun run = run_program_in(folder);
     EXPECT_EQ(run.exit_status, 1) << input;
     EXPECT_EQ(run.messages, "dogs.out.last-complete: the report would overwrite an input file of the run\n") << input;
     EXPECT_EQ(run.file("dogs.out"), old_report) << input;
@@ -74,7 +76,7 @@ TEST(OpenReport, NeverTakesAnInputFileForTheLastCompleteReport) {
 
 TEST(OpenReport, DataFileNamedLikeALastCompleteReportIsOnlyRead) {
   const std::string data_file = "dogs.out.last-complete";
-  const Files files = files_of(good_lines, data_file);
+  const Files files = files_of_lines(good_lines, data_file);
   const WholeRun run = run_program_on(files);
   EXPECT_EQ(run.exit_status, 0);
   EXPECT_EQ(run.file(data_file), files.at(data_file));
@@ -82,7 +84,7 @@ TEST(OpenReport, DataFileNamedLikeALastCompleteReportIsOnlyRead) {
 }
 
 TEST(OpenReport, StopsTheRunWhenTheReportCannotBeCreated) {
-  Files files = files_of(good_lines);
+  Files files = files_of_lines(good_lines);
   files["dogs.out/"] = "";
   const WholeRun run = run_program_on(files);
   EXPECT_EQ(run.exit_status, 1);
@@ -120,11 +122,11 @@ TEST(LastCompleteReport, IsKeptByARunThatALoopStops) {
 TEST(LastCompleteReport, OutlivesAnyNumberOfStoppedRuns) {
   Files files = with_old_report(bad_lines);
   for (const std::string_view lines : {bad_lines, loop_lines, bad_lines}) {
-    files["dogs.txt"] = files_of(lines)["dogs.txt"];
+    files["dogs.txt"] = files_of_lines(lines)["dogs.txt"];
     files = run_program_on(files).files;
     EXPECT_EQ(files[kept], old_report);
   }
-  files["dogs.txt"] = files_of(good_lines)["dogs.txt"];
+  files["dogs.txt"] = files_of_lines(good_lines)["dogs.txt"];
   const WholeRun run = run_program_on(files);
   EXPECT_EQ(run.messages, "");
   EXPECT_EQ(run.file("dogs.out"), complete_report());
@@ -132,7 +134,7 @@ TEST(LastCompleteReport, OutlivesAnyNumberOfStoppedRuns) {
 }
 
 TEST(LastCompleteReport, StaysWhereItStandsWithoutAReport) {
-  Files files = files_of(bad_lines);
+  Files files = files_of_lines(bad_lines);
   files[kept] = old_report;
   const WholeRun run = run_program_on(files);
   EXPECT_TRUE(run.messages.ends_with(kept_message)) << run.messages;
@@ -140,13 +142,13 @@ TEST(LastCompleteReport, StaysWhereItStandsWithoutAReport) {
 }
 
 TEST(LastCompleteReport, IsNotSpokenOfWhereThereIsNone) {
-  const WholeRun run = run_program_on(files_of(loop_lines));
+  const WholeRun run = run_program_on(files_of_lines(loop_lines));
   EXPECT_EQ(run.messages, "");
   EXPECT_EQ(run.files.size(), 3U);
 }
 
 TEST(LastCompleteReport, IsNoEmptyFile) {
-  Files files = files_of(loop_lines);
+  Files files = files_of_lines(loop_lines);
   files["dogs.out"] = "";  // what a run that bad data stopped may have left
   const WholeRun run = run_program_on(files);
   EXPECT_EQ(run.messages, "");
@@ -156,7 +158,7 @@ TEST(LastCompleteReport, IsNoEmptyFile) {
 TEST(LastCompleteReport, ThatCannotBeKeptIsNotOverwritten) {
   const RunFolder folder(with_old_report(good_lines));
   std::filesystem::create_directory(folder.path(kept));
-  const WholeRun run = folder.run();
+  const WholeRun run = run_program_in(folder);
   EXPECT_EQ(run.exit_status, 1);
   EXPECT_EQ(run.messages, "dogs.out: the last complete report could not be kept as dogs.out.last-complete: " +
                               error_text(EEXIST) + "\n");
@@ -167,9 +169,9 @@ TEST(LastCompleteReport, ThatCannotBeKeptIsNotOverwritten) {
 TEST(LastCompleteReport, DoesNotReplaceALinkOfItsName) {
   const RunFolder folder(with_old_report(good_lines));
   std::filesystem::create_symlink("no such file", folder.path(kept));
-  EXPECT_EQ(folder.run().exit_status, 1);
+  EXPECT_EQ(run_program_in(folder).exit_status, 1);
   EXPECT_TRUE(std::filesystem::is_symlink(folder.path(kept)));
-  EXPECT_EQ(folder.run().file("dogs.out"), old_report);
+  EXPECT_EQ(run_program_in(folder).file("dogs.out"), old_report);
 }
 
 TEST(LastCompleteReport, OfALinkIsNotTouched) {
@@ -179,7 +181,7 @@ TEST(LastCompleteReport, OfALinkIsNotTouched) {
   files[kept] = "of another time\n";
   const RunFolder folder(files);
   std::filesystem::create_symlink("archive.out", folder.path("dogs.out"));
-  const WholeRun run = folder.run();
+  const WholeRun run = run_program_in(folder);
   EXPECT_EQ(run.exit_status, 0);
   EXPECT_TRUE(std::filesystem::is_symlink(folder.path("dogs.out")));
   EXPECT_EQ(run.file("archive.out"), complete_report());
@@ -190,7 +192,7 @@ TEST(LastCompleteReport, HandsItsRightsOn) {
   const RunFolder folder(with_old_report(good_lines));
   constexpr auto owner_alone = std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
   std::filesystem::permissions(folder.path("dogs.out"), owner_alone);
-  EXPECT_EQ(folder.run().exit_status, 0);
+  EXPECT_EQ(run_program_in(folder).exit_status, 0);
   EXPECT_EQ(std::filesystem::status(folder.path("dogs.out")).permissions(), owner_alone);
 }
 

@@ -10,24 +10,14 @@
 #include <vector>
 
 #include "support/lines.h"
+#include "support/program_run.h"
+#include "support/steer_lines.h"
 #include "support/streams.h"
-#include "support/whole_run.h"
 
 namespace pedigreewatch::test {
 namespace {
 
 using Lines = std::vector<std::string>;
-
-struct Steering {
-  std::string language = "en", data_file_name = "dogs.txt";
-  std::string header = "y";
-  std::string subpopulations = "1\nNoord";
-
-  std::string text() const {
-    return "Test dogs\n" + data_file_name + "\n;\nn\ndd-mm-jjjj\ndog\nm\n" + language + "\n" + header + "\n" +
-           subpopulations + "\n0\n";
-  }
-};
 
 constexpr auto header_line = "id;sire;dam;sex;birthdate\n";
 constexpr auto column_list = "n\nnumber of columns\n5\ncodes\n5 1 2 3 7 8";
@@ -45,12 +35,11 @@ constexpr auto ten_dogs =
     "a9;a4;a5;m;01-07-2004\n"
     "a10;a1;a6;f;01-07-2004\n";
 
-Files files_of(const std::string& data, const Steering& steering = {}) {
-  return {{"pedigreewatch.ini", steering.text()}, {steering.data_file_name, data}};
-}
+constexpr auto noord = "1\nNoord";
+const SteerLines one_subpopulation = {.subpopulations = noord};
 
-WholeRun run_on(const std::string& data, const Steering& steering = {}) {
-  return run_program_on(files_of(data, steering));
+WholeRun run_on(const std::string& data, const SteerLines& steer = one_subpopulation) {
+  return run_program_on(files_of(data, steer));
 }
 
 const Lines banner = {
@@ -72,7 +61,7 @@ TEST(SmallRun, ShowsItsConsoleLinesInTheOrderOfThePhases) {
       " Colours to be analysed in datafile",
       " " + padded("Onbekend", 40),
       " " + padded("niet erkend", 40),
-      " Data for " + padded("Test dogs", 40) + " will be read from ",
+      " Data for " + padded("Village dogs", 40) + " will be read from ",
       " " + padded("dogs.txt", 30),
       " and written to " + padded("dogs.out", 30),
       " subpopulations allowed",
@@ -134,7 +123,7 @@ TEST(SmallRun, ShowsItsConsoleLinesInTheOrderOfThePhases) {
       "  0.0000  0.5556",
       "  0.0000  0.0000",
       "  0.2188  0.6875",
-      " finished analysis for " + padded("Test dogs", 40),
+      " finished analysis for " + padded("Village dogs", 40),
   };
   const WholeRun run = run_on(header_line + std::string(ten_dogs));
   EXPECT_EQ(lines_of(run.console), expected);
@@ -143,14 +132,14 @@ TEST(SmallRun, ShowsItsConsoleLinesInTheOrderOfThePhases) {
 }
 
 TEST(SmallRun, WritesTheReportAndNothingElse) {
-  const Files before = files_of(header_line + std::string(ten_dogs));
+  const Files before = files_of(header_line + std::string(ten_dogs), one_subpopulation);
   const WholeRun run = run_program_on(before);
   EXPECT_EQ(run.files.size(), 3U);
   for (const auto& [name, bytes] : before) EXPECT_EQ(run.file(name), bytes) << name;
   const Lines report = lines_of(run.file("dogs.out"));
   ASSERT_GT(report.size(), 7U);
   EXPECT_EQ(report[0], "           ******************************************");
-  EXPECT_EQ(report[1], "           *" + padded("Test dogs", 40) + "*");
+  EXPECT_EQ(report[1], "           *" + padded("Village dogs", 40) + "*");
   EXPECT_EQ(report[2], "           ******************************************");
   EXPECT_EQ(report[3], "            ");
   EXPECT_EQ(report[4], " Number of varieties: " + number(1));
@@ -159,14 +148,14 @@ TEST(SmallRun, WritesTheReportAndNothingElse) {
 }
 
 TEST(SmallRun, InDutch) {
-  const WholeRun run = run_on(header_line + std::string(ten_dogs), {.language = "nl"});
+  const WholeRun run = run_on(header_line + std::string(ten_dogs), {.language = "nl", .subpopulations = noord});
   EXPECT_EQ(run.exit_status, 0);
   EXPECT_TRUE(has_line(run.console, " total number records = " + number(11)));  // English in either language
   EXPECT_TRUE(has_line(run.console, " alle records gelezen"));
   EXPECT_TRUE(has_line(run.console, " no fathers found that were not in database"));
   EXPECT_TRUE(has_line(run.console, " oudste ouders; " + number(4) + number(2)));
   EXPECT_TRUE(has_line(run.console, " monitor gegevens per jaar"));
-  EXPECT_EQ(lines_of(run.console).back(), " klaar met analyseren van " + padded("Test dogs", 40));
+  EXPECT_EQ(lines_of(run.console).back(), " klaar met analyseren van " + padded("Village dogs", 40));
 }
 
 TEST(SmallRun, IsTheSameEachTime) {
@@ -177,7 +166,7 @@ TEST(SmallRun, IsTheSameEachTime) {
 }
 
 TEST(SmallRun, OverwritesTheReportOfAnEarlierRun) {
-  Files files = files_of(header_line + std::string(ten_dogs));
+  Files files = files_of(header_line + std::string(ten_dogs), one_subpopulation);
   const std::string fresh = run_program_on(files).file("dogs.out");
   files["dogs.out"] = std::string(1000000, 'x');
   EXPECT_EQ(run_program_on(files).file("dogs.out"), fresh);
@@ -206,7 +195,7 @@ TEST(CountLines, EmptyLastLineCounts) {
 }
 
 TEST(CountLines, FileWithoutHeaderLosesItsLastLine) {
-  const WholeRun run = run_on(ten_dogs, {.header = column_list});
+  const WholeRun run = run_on(ten_dogs, {.header = column_list, .subpopulations = noord});
   EXPECT_EQ(run.exit_status, 0);
   EXPECT_TRUE(has_line(run.console, " total number records = " + number(10)));
   EXPECT_TRUE(has_line(run.console, animals_to_sort(9)));
@@ -218,8 +207,8 @@ TEST(CountLines, FileWithoutHeaderLosesItsLastLine) {
 
 TEST(CountLines, LastLineOfAFileWithoutHeaderIsNotEvenLookedAt) {
   const std::string bad_line = "a11;0;0;f;01-xx-2004\n";
-  EXPECT_EQ(run_on(ten_dogs + bad_line, {.header = column_list}).exit_status, 0);
-  EXPECT_EQ(run_on(ten_dogs + bad_line + "\n", {.header = column_list}).exit_status, 1);
+  EXPECT_EQ(run_on(ten_dogs + bad_line, {.header = column_list, .subpopulations = noord}).exit_status, 0);
+  EXPECT_EQ(run_on(ten_dogs + bad_line + "\n", {.header = column_list, .subpopulations = noord}).exit_status, 1);
 }
 
 TEST(CountLines, ShowsALineAfterEachThousand) {
@@ -235,7 +224,7 @@ TEST(CountLines, ShowsALineAfterEachThousand) {
 }
 
 TEST(CountLines, MessagesAreEnglishInADutchRun) {
-  const WholeRun run = run_on(header_line + std::string(1000, '\n'), {.language = "nl"});
+  const WholeRun run = run_on(header_line + std::string(1000, '\n'), {.language = "nl", .subpopulations = noord});
   EXPECT_TRUE(has_line(run.console, " record nr. " + number(1001) + " counted"));
   EXPECT_TRUE(has_line(run.console, " total number records = " + number(1001)));
 }
@@ -267,14 +256,14 @@ TEST(EmptyStore, OneLineFileRunsThroughAllPhases) {
       "     F        f",
       "  0.0000  0.0000",
       "  0.0000  0.0000",
-      " finished analysis for " + padded("Test dogs", 40),
+      " finished analysis for " + padded("Village dogs", 40),
   };
   EXPECT_EQ(lines_after(run.console, " all records read"), expected);
   EXPECT_FALSE(run.file("dogs.out").empty());
 }
 
 TEST(EmptyStore, OneLineFileWithColumnList) {
-  const WholeRun run = run_on("a1;0;0;m;01-01-2000\n", {.header = column_list});
+  const WholeRun run = run_on("a1;0;0;m;01-01-2000\n", {.header = column_list, .subpopulations = noord});
   EXPECT_EQ(run.exit_status, 0);
   EXPECT_TRUE(has_line(run.console, animals_to_sort(0)));
   EXPECT_TRUE(has_line(run.console, " oldest parents; " + number(-5883516) + number(-5883516)));
@@ -282,7 +271,7 @@ TEST(EmptyStore, OneLineFileWithColumnList) {
 
 // One line less than none: the count of animals is -1, and the store is empty.
 TEST(EmptyStore, FileWithoutAnyLineAndAColumnList) {
-  const WholeRun run = run_on("", {.header = column_list});
+  const WholeRun run = run_on("", {.header = column_list, .subpopulations = noord});
   EXPECT_EQ(run.exit_status, 0);
   EXPECT_TRUE(has_line(run.console, " total number records = " + number(0)));
   EXPECT_TRUE(has_line(run.console, animals_to_sort(-1)));
@@ -306,7 +295,7 @@ TEST(EmptyStore, FileOfMoreThanAHundredMillionLines) {
   EXPECT_EQ(lines_starting(run.console, " total number records").size(), 0U);
   EXPECT_TRUE(has_line(run.console, " all records read"));
   EXPECT_TRUE(has_line(run.console, animals_to_sort(-1)));
-  EXPECT_EQ(lines_of(run.console).back(), " finished analysis for " + padded("Test dogs", 40));
+  EXPECT_EQ(lines_of(run.console).back(), " finished analysis for " + padded("Village dogs", 40));
 }
 
 TEST(WithoutYears, AllBirthYearsZeroLeaveTheTablesEmpty) {
@@ -315,7 +304,7 @@ TEST(WithoutYears, AllBirthYearsZeroLeaveTheTablesEmpty) {
   const Lines expected = {
       " monitor data per jaar",
       "     F        f",
-      " finished analysis for " + padded("Test dogs", 40),
+      " finished analysis for " + padded("Village dogs", 40),
   };
   EXPECT_EQ(lines_after(run.console, " oldest parents; " + number(0) + number(0)), expected);
 }
@@ -353,9 +342,11 @@ TEST(TypePass, DoesNotRunWithoutSubpopulations) {
 TEST(TypePass, RunsOnceForEachOfTwoSubpopulationsInTheirOrder) {
   const WholeRun run = run_on(header_line + std::string(ten_dogs), {.subpopulations = "2\nZuid\nNoord"});
   const Lines expected = {
-      " monitor data per year for " + padded("Zuid", 20),  " No animals present with breed code " + padded("Zuid", 20),
-      " monitor data per year for " + padded("Noord", 20), " No animals present with breed code " + padded("Noord", 20),
-      " finished analysis for " + padded("Test dogs", 40),
+      " monitor data per year for " + padded("Zuid", 20),
+      " No animals present with breed code " + padded("Zuid", 20),
+      " monitor data per year for " + padded("Noord", 20),
+      " No animals present with breed code " + padded("Noord", 20),
+      " finished analysis for " + padded("Village dogs", 40),
   };
   EXPECT_EQ(lines_after(run.console, "  0.2188  0.6875"), expected);
 }
@@ -389,7 +380,7 @@ Lines missing_data_file_lines(const std::string& name) {
 }
 
 TEST(MissingSteerFile, PrintsNineLinesAndStops) {
-  const WholeRun run = run_program_on({{"dogs.txt", header_line}}, "\n");
+  const WholeRun run = run_program_on({{"dogs.txt", header_line}}, {.keyboard = "\n"});
   EXPECT_EQ(lines_of(run.console), missing_steer_file_lines);
   EXPECT_EQ(run.messages, "");
   EXPECT_EQ(run.exit_status, 1);
@@ -397,20 +388,21 @@ TEST(MissingSteerFile, PrintsNineLinesAndStops) {
 }
 
 TEST(MissingSteerFile, FolderOfThatNameIsNone) {
-  const WholeRun run = run_program_on({{"pedigreewatch.ini/", ""}}, "\n");
+  const WholeRun run = run_program_on({{"pedigreewatch.ini/", ""}}, {.keyboard = "\n"});
   EXPECT_EQ(lines_of(run.console), missing_steer_file_lines);
   EXPECT_EQ(run.exit_status, 1);
 }
 
 TEST(MissingSteerFile, OtherCaseOfItsNameIsNone) {
-  const WholeRun run = run_program_on({{"PedigreeWatch.ini", Steering{}.text()}, {"dogs.txt", header_line}}, "\n");
+  const WholeRun run =
+      run_program_on({{"PedigreeWatch.ini", one_subpopulation.text()}, {"dogs.txt", header_line}}, {.keyboard = "\n"});
   EXPECT_EQ(lines_of(run.console), missing_steer_file_lines);
 }
 
 TEST(MissingDataFile, PrintsNineLinesBehindTheBannerAndStops) {
   for (const std::string_view language : {"en", "nl"}) {
-    const Steering steering = {.language = std::string(language), .data_file_name = "cows.txt"};
-    const WholeRun run = run_program_on({{"pedigreewatch.ini", steering.text()}}, "\n");
+    const SteerLines steer = {.data_file_name = "cows.txt", .language = std::string(language), .subpopulations = noord};
+    const WholeRun run = run_program_on({{"pedigreewatch.ini", steer.text()}}, {.keyboard = "\n"});
     EXPECT_EQ(lines_after(run.console, banner[3]), missing_data_file_lines("cows.txt")) << language;
     EXPECT_EQ(run.messages, "");
     EXPECT_EQ(run.exit_status, 1);
@@ -419,20 +411,21 @@ TEST(MissingDataFile, PrintsNineLinesBehindTheBannerAndStops) {
 }
 
 TEST(MissingDataFile, BannerStandsBehindTheSteerFile) {
-  const WholeRun run = run_program_on({{"pedigreewatch.ini", Steering{}.text()}}, "\n");
+  const WholeRun run = run_program_on({{"pedigreewatch.ini", one_subpopulation.text()}}, {.keyboard = "\n"});
   const Lines lines = lines_of(run.console);
   ASSERT_EQ(lines.size(), 15U + 4U + 9U);
   EXPECT_EQ(Lines(lines.begin() + 15, lines.begin() + 19), banner);
 }
 
 TEST(MissingDataFile, FolderOfThatNameIsNone) {
-  const WholeRun run = run_program_on({{"pedigreewatch.ini", Steering{}.text()}, {"dogs.txt/", ""}}, "\n");
+  const WholeRun run =
+      run_program_on({{"pedigreewatch.ini", one_subpopulation.text()}, {"dogs.txt/", ""}}, {.keyboard = "\n"});
   EXPECT_EQ(lines_after(run.console, banner[3]), missing_data_file_lines("dogs.txt"));
   EXPECT_EQ(run.exit_status, 1);
 }
 
 TEST(MissingDataFile, BlankNameIsNone) {
-  const WholeRun run = run_program_on({{"pedigreewatch.ini", ""}}, "\n");  // a steer file without a line
+  const WholeRun run = run_program_on({{"pedigreewatch.ini", ""}}, {.keyboard = "\n"});  // a steer file without a line
   EXPECT_EQ(lines_after(run.console, banner[3]), missing_data_file_lines(""));
   EXPECT_EQ(run.exit_status, 1);
 }
@@ -455,7 +448,8 @@ bool waits_with_its_lines_shown(StartedRun& run, const std::string& last_line) {
 }
 
 TEST(WaitAfterAMissingFile, SteerFileWaitsForOneLine) {
-  StartedRun run = start_program_on({});
+  const RunFolder folder({});
+  StartedRun run = start_program_in(folder);
   EXPECT_TRUE(waits_with_its_lines_shown(run, missing_steer_file_lines.back()));
   type(run, "no line yet");
   std::this_thread::sleep_for(std::chrono::milliseconds(50));
@@ -466,7 +460,8 @@ TEST(WaitAfterAMissingFile, SteerFileWaitsForOneLine) {
 }
 
 TEST(WaitAfterAMissingFile, DataFileWaitsForOneLine) {
-  StartedRun run = start_program_on({{"pedigreewatch.ini", Steering{}.text()}});
+  const RunFolder folder({{"pedigreewatch.ini", one_subpopulation.text()}});
+  StartedRun run = start_program_in(folder);
   EXPECT_TRUE(waits_with_its_lines_shown(run, missing_steer_file_lines.back()));
   type(run, "\n");
   EXPECT_TRUE(ends_by_itself(run));
@@ -474,7 +469,8 @@ TEST(WaitAfterAMissingFile, DataFileWaitsForOneLine) {
 }
 
 TEST(WaitAfterAMissingFile, EndOfTheKeyboardEndsIt) {
-  StartedRun run = start_program_on({});
+  const RunFolder folder({});
+  StartedRun run = start_program_in(folder);
   EXPECT_TRUE(waits_with_its_lines_shown(run, missing_steer_file_lines.back()));
   EXPECT_EQ(finish(run).exit_status, 1);
 }
@@ -482,13 +478,14 @@ TEST(WaitAfterAMissingFile, EndOfTheKeyboardEndsIt) {
 // ---- other stops: exit status 1 and no wait --------------------------------------------------------------------
 
 WholeRun run_with_silent_keyboard(const Files& files) {
-  StartedRun run = start_program_on(files);
+  const RunFolder folder(files);
+  StartedRun run = start_program_in(folder);
   EXPECT_TRUE(ends_by_itself(run));
   return finish(run);
 }
 
 TEST(ExitStatus, IsZeroAtTheEndOfARunWithoutAWait) {
-  EXPECT_EQ(run_with_silent_keyboard(files_of(header_line + std::string(ten_dogs))).exit_status, 0);
+  EXPECT_EQ(run_with_silent_keyboard(files_of(header_line + std::string(ten_dogs), one_subpopulation)).exit_status, 0);
 }
 
 TEST(ExitStatus, IsOneAfterAMissingColumn) {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "support/lines.h"
+#include "support/steer_lines.h"
 #include "support/streams.h"
 
 namespace pedigreewatch::test {
@@ -37,25 +38,6 @@ ReadSteerFile read_text(std::string_view text) {
   return result;
 }
 
-/// A steer file line by line; each test changes the lines it is about.
-struct SteerLines {
-  std::string population_name = "Drentse Patrijshond", data_file_name = "dogs.txt", delimiter = ";";
-  std::string consecutive = "n", date_layout = "dd-mm-jjjj", species = "hond", male_letter = "m", language = "en";
-  std::string header = "y";                         ///< or more lines: "n", a comment, the count, a comment, the list
-  std::string subpopulations = "0", colours = "0";  ///< a count, and the names on lines of their own
-
-  std::string text(std::string_view line_end = "\n") const {
-    std::string joined;
-    for (const std::string& part : {population_name, data_file_name, delimiter, consecutive, date_layout, species,
-                                    male_letter, language, header, subpopulations, colours}) {
-      joined += part + "\n";
-    }
-    std::string result;
-    for (const char byte : joined) result += byte == '\n' ? std::string(line_end) : std::string(1, byte);
-    return result;
-  }
-};
-
 SteerSettings settings_of(const SteerLines& lines) {
   return read_text(lines.text()).settings;
 }
@@ -77,7 +59,7 @@ TEST(SteerFileEcho, EnglishWithHeader) {
       " " + padded("wit", 40),
       " " + padded("Onbekend", 40),
       " " + padded("niet erkend", 40),
-      " Data for " + padded("Drentse Patrijshond", 40) + " will be read from ",
+      " Data for " + padded("Village dogs", 40) + " will be read from ",
       " " + padded("dogs.txt", 30),
       " and written to " + padded("dogs.out", 30),
       " subpopulations allowed",
@@ -107,7 +89,7 @@ TEST(SteerFileEcho, DutchWithHeader) {
       " Kleuren te analyseren",
       " " + padded("Onbekend", 40),
       " " + padded("niet erkend", 40),
-      " Gegevens voor " + padded("Drentse Patrijshond", 40) + " worden gelezen uit ",
+      " Gegevens voor " + padded("Village dogs", 40) + " worden gelezen uit ",
       " " + padded("dogs.txt", 30),
       " en weggeschreven naar " + padded("dogs.out", 30),
       " toegestane subpopulaties ",
@@ -653,8 +635,8 @@ TEST(SteerFileLines, CarriageReturnsAreNoText) {
   const ReadSteerFile with = read_text(lines.text("\r\n"));
   const ReadSteerFile without = read_text(lines.text("\n"));
   EXPECT_EQ(with.console, without.console);
-  EXPECT_EQ(with.settings.population_name.full(), padded("Drentse Patrijshond", 40));
-  EXPECT_EQ(with.settings.date_layout.full(), "dd-mm-jjjj");
+  EXPECT_EQ(with.settings.population_name.full(), padded("Village dogs", 40));
+  EXPECT_EQ(with.settings.date_layout.full(), "dd-mm-yyyy");
 }
 
 TEST(SteerFileLines, EmptyDelimiterLineWithACarriageReturnIsABlank) {
@@ -664,7 +646,7 @@ TEST(SteerFileLines, EmptyDelimiterLineWithACarriageReturnIsABlank) {
 }
 
 TEST(SteerFileLines, ByteOrderMarkIsSkipped) {
-  EXPECT_EQ(read_text("\xEF\xBB\xBF" + SteerLines{}.text()).settings.population_name, "Drentse Patrijshond");
+  EXPECT_EQ(read_text("\xEF\xBB\xBF" + SteerLines{}.text()).settings.population_name, "Village dogs");
 }
 
 TEST(SteerFileLines, LastLineNeedsNoEnd) {
@@ -720,7 +702,7 @@ TEST(SteerFileEndsEarly, AfterAnyLineKeepsWhatWasRead) {
   for (std::size_t end = text.find('\n'); end != std::string::npos; end = text.find('\n', end + 1)) {
     const ReadSteerFile read = read_text(std::string_view(text).substr(0, end + 1));
     EXPECT_FALSE(read.has_stopped) << end;
-    EXPECT_EQ(read.settings.population_name, "Drentse Patrijshond") << end;
+    EXPECT_EQ(read.settings.population_name, "Village dogs") << end;
     EXPECT_EQ(read.settings.colour_names.size(), static_cast<std::size_t>(read.settings.colour_count)) << end;
     EXPECT_EQ(read.console.back(), " " + padded("niet erkend", 40)) << end;
   }
