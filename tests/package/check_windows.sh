@@ -7,6 +7,7 @@ set -euo pipefail
 [[ $# -eq 1 ]] || { sed -n '4s/^# *//p' "${BASH_SOURCE[0]}" >&2; exit 2; }
 program="$(realpath "$1")"
 sources="$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)"
+source "$sources/scripts/lib/run_case.sh"
 
 libraries="$(x86_64-w64-mingw32-objdump -p "$program" | sed -n 's/.*DLL Name: //p')"
 for library in $libraries; do
@@ -60,8 +61,8 @@ run_program() {  # in $work/run; leaves $work/console, $work/messages and $statu
 
 for example in "$sources"/examples/*/; do
   rm -rf "$work/run"
-  cp -r "$example" "$work/run"
-  rm "$work/run"/*.out
+  mkdir "$work/run"
+  copy_case_inputs "${example%/}" "$work/run"
   sed -i 's/$/\r/' "$work/run"/*
   run_program /dev/null
   [[ $status -eq 0 ]] || { echo "$example: exit status $status"; differences=$((differences + 1)); }
@@ -75,12 +76,8 @@ for case in "$sources"/tests/golden/*/; do
   name="$(basename "$case")"
   rm -rf "$work/run"
   mkdir "$work/run"
-  for file in "$case"*; do
-    case "$(basename "$file")" in about | stdin | expected.*) ;; *) cp "$file" "$work/run/" ;; esac
-  done
-  keyboard=/dev/null
-  [[ -e "$case/stdin" ]] && keyboard="$case/stdin"
-  run_program "$keyboard"
+  copy_case_inputs "${case%/}" "$work/run"
+  run_program "$(case_keyboard "${case%/}")"
   expected_status=0
   [[ -e "$case/expected.status" ]] && expected_status="$(cat "$case/expected.status")"
   if [[ $status -ne $expected_status ]]; then
@@ -90,9 +87,7 @@ for case in "$sources"/tests/golden/*/; do
   compare "$name: console" "$case/expected.console" "$work/console"
   compare "$name: standard error" "$case/expected.messages" "$work/messages"
   : >"$work/report"
-  for file in "$work/run"/*; do
-    [[ -e "$case/$(basename "$file")" ]] || cp "$file" "$work/report"
-  done
+  while read -r file; do cp "$work/run/$file" "$work/report"; done < <(written_files "${case%/}" "$work/run")
   compare "$name: report" "$case/expected.report" "$work/report"
 done
 
