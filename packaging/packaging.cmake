@@ -29,12 +29,27 @@ function(render_manual_page page text_file)
                   COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
+# A document as a page for the browser: Notepad shows its long lines badly.
+function(render_document document page)
+  find_program(CMARK_PROGRAM cmark-gfm)
+  if(NOT CMARK_PROGRAM)
+    message(STATUS "cmark-gfm is missing: ${page} is left out")
+    return()
+  endif()
+  execute_process(COMMAND ${packaging_folder}/windows/make_page.sh ${document} OUTPUT_FILE ${page}
+                  COMMAND_ERROR_IS_FATAL ANY)
+  set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS
+               ${document} ${packaging_folder}/windows/make_page.sh)
+endfunction()
+
 # The text of `source` in `target` with the line ends of Windows.
 function(copy_with_crlf source target)
   file(READ ${source} text)
   string(REPLACE "\n" "\r\n" text "${text}")
   file(WRITE ${target} "${text}")
-  set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${source})
+  if(NOT source MATCHES "^${PROJECT_BINARY_DIR}/")
+    set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${source})
+  endif()
 endfunction()
 
 # --- What is installed -------------------------------------------------------------------------------------------
@@ -42,12 +57,23 @@ endfunction()
 install(TARGETS pedigreewatch RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 if(WIN32)
+  file(REMOVE_RECURSE ${generated}/windows)
   # All texts but the reports get the line ends of Windows. A report has line feeds on every system.
   file(GLOB_RECURSE texts CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}
-       ${PROJECT_SOURCE_DIR}/docs/*.md ${PROJECT_SOURCE_DIR}/examples/*.txt ${PROJECT_SOURCE_DIR}/examples/*.ini)
-  foreach(text README.md CHANGELOG.md CONTRIBUTING.md ${texts})
+       ${PROJECT_SOURCE_DIR}/examples/*.txt ${PROJECT_SOURCE_DIR}/examples/*.ini)
+  foreach(text ${texts})
     copy_with_crlf(${PROJECT_SOURCE_DIR}/${text} ${generated}/windows/${text})
   endforeach()
+  file(GLOB documents CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/docs/*.md)
+  foreach(document README.md CHANGELOG.md CONTRIBUTING.md ${documents})
+    string(REGEX REPLACE "\\.md$" ".html" page ${document})
+    render_document(${PROJECT_SOURCE_DIR}/${document} ${generated}/page.html)
+    if(EXISTS ${generated}/page.html)
+      copy_with_crlf(${generated}/page.html ${generated}/windows/${page})
+      file(REMOVE ${generated}/page.html)
+    endif()
+  endforeach()
+  copy_with_crlf(${packaging_folder}/windows/run.cmd ${generated}/windows/run.cmd)
   copy_with_crlf(${PROJECT_SOURCE_DIR}/LICENSE ${generated}/windows/LICENSE.txt)
   foreach(page pedigreewatch.1 pedigreewatch.ini.5)
     string(REGEX REPLACE "\\.[15]$" ".txt" name ${page})
@@ -99,6 +125,7 @@ include(CPack)
 if(WIN32 AND CMAKE_CROSSCOMPILING)
   enable_testing()
   add_test(NAME windows_program
-           COMMAND ${PROJECT_SOURCE_DIR}/tests/package/check_windows.sh $<TARGET_FILE:pedigreewatch>)
-  set_tests_properties(windows_program PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 1200)
+           COMMAND ${PROJECT_SOURCE_DIR}/tests/package/check_windows.sh $<TARGET_FILE:pedigreewatch>
+                   ${generated}/windows/run.cmd)
+  set_tests_properties(windows_program PROPERTIES LABELS golden SKIP_RETURN_CODE 77 TIMEOUT 1200)
 endif()

@@ -48,10 +48,28 @@ check_manual_page() {
   [[ -z "$complaints" ]] || fail "$1: $complaints"
 }
 
-user_files=(README.md CHANGELOG.md CONTRIBUTING.md docs/steer-file.md docs/data-file.md docs/report.md)
+documents=(README CHANGELOG CONTRIBUTING docs/steer-file docs/data-file docs/report)
+examples=()
 for example in moorland-en/moorland heide-nl/heide; do
-  user_files+=("examples/$example.txt" "examples/$example.out" "examples/${example%/*}/pedigreewatch.ini")
+  examples+=("examples/$example.txt" "examples/$example.out" "examples/${example%/*}/pedigreewatch.ini")
 done
+
+user_files=("${documents[@]/%/.md}" "${examples[@]}")
+
+# Every link of a page leads to a file, and to a place that is there.
+check_links() {  # check_links PAGE...
+  local page link file place
+  for page in "$@"; do
+    while read -r link; do
+      file="${link%%#*}"
+      [[ -n "$file" ]] && file="$(dirname "$page")/$file" || file="$page"
+      [[ -e "$file" ]] || fail "${page#"$work"/}: the link $link leads nowhere"
+      [[ "$link" == *'#'* ]] || continue
+      place="${link#*#}"
+      grep -qF "id=\"$place\"" "$file" || fail "${page#"$work"/}: the link $link leads to no heading"
+    done < <(grep -oE 'href="[^"]*"' "$page" | sed 's/^href="//; s/"$//' | grep -v '^https\{0,1\}:')
+  done
+}
 
 # --- Debian ---
 deb="$(the_one "$packages"/*.deb)"
@@ -88,14 +106,15 @@ echo "$(basename "$archive"): good"
 archive="$(the_one "$packages"/*.zip)"
 unzip -q "$archive" -d "$work/zip"
 windows="$work/zip/$(basename "$archive" .zip)"
-expect_files "$windows" "${user_files[@]}" LICENSE.txt manual/pedigreewatch{,.ini}.txt
-for name in README.md manual/pedigreewatch.txt examples/moorland-en/{pedigreewatch.ini,moorland.txt}; do
+expect_files "$windows" "${documents[@]/%/.html}" "${examples[@]}" LICENSE.txt run.cmd manual/pedigreewatch{,.ini}.txt
+check_links "$windows"/*.html "$windows"/docs/*.html
+for name in README.html run.cmd manual/pedigreewatch.txt examples/moorland-en/{pedigreewatch.ini,moorland.txt}; do
   [[ "$(grep -c $'\r$' "$windows/$name")" -eq "$(wc -l <"$windows/$name")" ]] || fail "$name: lines without CR"
 done
 grep -qF "Pedigree Watch $version" "$windows/manual/pedigreewatch.txt" || fail "the manual does not name the version"
 run_examples "$root/pedigreewatch" "$windows/examples"  # line ends make no difference
 status=0
-"$here/check_windows.sh" "$windows/pedigreewatch.exe" || status=$?
+"$here/check_windows.sh" "$windows/pedigreewatch.exe" "$windows/run.cmd" || status=$?
 case $status in
   0) echo "$(basename "$archive"): good" ;;
   77) echo "$(basename "$archive"): good, but its program was not run" ;;

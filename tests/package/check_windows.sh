@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
 # Checks the program for Windows: it needs no libraries but those of Windows, and wine runs it on the examples, with the
-# line ends of Windows, and on the cases of tests/golden, all with the bytes that it writes on Linux.
-#   tests/package/check_windows.sh PROGRAM
+# line ends of Windows, and on the cases of tests/golden, all with the bytes that it writes on Linux. Then runs run.cmd.
+#   tests/package/check_windows.sh PROGRAM RUN_CMD
 # The exit status is 77 when wine is missing.
 set -euo pipefail
-[[ $# -eq 1 ]] || { sed -n '4s/^# *//p' "${BASH_SOURCE[0]}" >&2; exit 2; }
+[[ $# -eq 2 ]] || { sed -n '4s/^# *//p' "${BASH_SOURCE[0]}" >&2; exit 2; }
 program="$(realpath "$1")"
+run_cmd="$(realpath "$2")"
 sources="$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)"
 source "$sources/scripts/lib/run_case.sh"
 
@@ -90,6 +91,61 @@ for case in "$sources"/tests/golden/*/; do
   while read -r file; do cp "$work/run/$file" "$work/report"; done < <(written_files "${case%/}" "$work/run")
   compare "$name: report" "$case/expected.report" "$work/report"
 done
+
+# --- run.cmd, in a folder with blanks in its name ---
+mkdir "$work/tool"
+cp "$program" "$work/tool/pedigreewatch.exe"
+cp "$run_cmd" "$work/tool/run.cmd"
+
+windows_name() { echo "Z:${1//\//\\}"; }
+
+drag_onto_run_cmd() {  # drag_onto_run_cmd FILE: leaves $work/shown and $status
+  status=0
+  timeout 120 "$wine" cmd /c "$(windows_name "$work/tool/run.cmd")" "$(windows_name "$1")" nowait \
+    </dev/null >"$work/shown" 2>/dev/null || status=$?
+  run=$((run + 1))
+}
+
+expect_shown() {  # expect_shown NAME TEXT...
+  local text
+  for text in "${@:2}"; do
+    if ! grep -qF -e "$text" "$work/shown"; then
+      echo "run.cmd on $1 does not show \"$text\" but:"
+      head -n 20 "$work/shown"
+      differences=$((differences + 1))
+    fi
+  done
+}
+
+run_cmd_on() {  # run_cmd_on GOLDEN_CASE EXPECTED_STATUS DRAGGED TEXT...: console.txt must be all that the program says
+  local case="$sources/tests/golden/$1" folder="$work/my herd"
+  rm -rf "$folder"
+  mkdir "$folder"
+  copy_case_inputs "$case" "$folder"
+  drag_onto_run_cmd "$folder$3"
+  if [[ $status -ne $2 ]]; then
+    echo "run.cmd on $1: exit status $status, expected $2"
+    differences=$((differences + 1))
+  fi
+  expect_shown "$1" "${@:4}"
+  cat "$case/expected.console" >"$work/all_said"
+  if [[ -e "$case/expected.messages" ]]; then cat "$case/expected.messages" >>"$work/all_said"; fi
+  compare "run.cmd on $1: console.txt" "$work/all_said" "$folder/console.txt"
+}
+
+run_cmd_on textbook_matings_nl 0 "" 'The report is "Z:' '.out"'
+if [[ "$(wc -l <"$work/shown")" -gt 6 ]]; then
+  echo "run.cmd shows messages of a run that has none:"
+  cat "$work/shown"
+  differences=$((differences + 1))
+fi
+run_cmd_on born_before_parents_en 0 /pedigreewatch.ini "BORN BEFORE FATHER" "father Vroeg" 'my herd\dogs.out"'
+run_cmd_on columns_all_en 0 "" "animal: Otto" "of unknown subpopulation: Langhaar" "messages above are about the data"
+run_cmd_on unknown_header_words_nl 0 "" "Geen naam gevonden voor kolom" "niet herkend"
+run_cmd_on texts_too_long_nl 0 "" "Waarschuwing: lengte van naam van dier"
+run_cmd_on unreadable_date_nl 1 "" "$(cat "$sources/tests/golden/unreadable_date_nl/expected.messages")" \
+  "there is NO complete report"
+run_cmd_on loop_nl 1 "" "programma wordt gestopt" "there is NO complete report"
 
 echo "check_windows: $run runs under wine, $differences differences"
 [[ $run -gt 0 && $differences -eq 0 ]]
