@@ -35,9 +35,7 @@ PopulationPlan benchmark_plan(std::int32_t animal_count, std::int32_t birth_year
   plan.birth_year_count = birth_year_count;
   plan.first_birth_year = last_benchmark_year - birth_year_count + 1;
   plan.litter_size_weights = {30, 30, 20, 10, 6, 4};
-  if (has_single_births) {
-    plan.litter_size_weights = {1};
-  }
+  if (has_single_births) plan.litter_size_weights = {1};
   plan.sire_permille = 30;
   plan.foreign_parent_permille = 0;  // the parents without a line are to be those of this herd only
   plan.odd_colour_permille = 10;
@@ -126,9 +124,7 @@ bool write_file(const std::filesystem::path& path, const PopulationPlan& plan,
     is_written = write(plan, file);
     is_written &= std::fclose(file) == 0;
   }
-  if (!is_written) {
-    std::cerr << "make_population: cannot write " << path.string() << '\n';
-  }
+  if (!is_written) std::cerr << "make_population: cannot write " << path.string() << '\n';
   return is_written;
 }
 
@@ -143,9 +139,7 @@ bool write_folder(const PopulationPlan& plan, const std::filesystem::path& folde
 std::optional<std::int32_t> read_count(std::string_view text, std::int32_t most) {
   std::int32_t count = 0;
   const auto [end, problem] = std::from_chars(text.data(), text.data() + text.size(), count);
-  if (problem != std::errc() || end != text.data() + text.size() || count < 1 || count > most) {
-    return std::nullopt;
-  }
+  if (problem != std::errc() || end != text.data() + text.size() || count < 1 || count > most) return std::nullopt;
   return count;
 }
 
@@ -155,9 +149,7 @@ struct Order {
 };
 
 std::optional<Order> read_benchmark_order(std::span<const std::string_view> words) {
-  if (words.size() < 2) {
-    return std::nullopt;
-  }
+  if (words.size() < 2) return std::nullopt;
   const std::optional<std::int32_t> animal_count = read_count(words.front(), most_animals);
   std::optional<std::int32_t> birth_year_count = 40;
   bool has_single_births = false;
@@ -171,9 +163,7 @@ std::optional<Order> read_benchmark_order(std::span<const std::string_view> word
       return std::nullopt;
     }
   }
-  if (!animal_count || !birth_year_count || words.back().starts_with("--")) {
-    return std::nullopt;
-  }
+  if (!animal_count || !birth_year_count || words.back().starts_with("--")) return std::nullopt;
   return Order{benchmark_plan(*animal_count, *birth_year_count, has_single_births), words.back()};
 }
 
@@ -181,9 +171,7 @@ std::optional<Order> read_order(std::span<const std::string_view> words) {
   if (words.size() == 3 && words[0] == "example" && (words[1] == "en" || words[1] == "nl")) {
     return Order{example_plan(words[1] == "en"), words[2]};
   }
-  if (!words.empty() && words[0] == "bench") {
-    return read_benchmark_order(words.subspan(1));
-  }
+  if (!words.empty() && words[0] == "bench") return read_benchmark_order(words.subspan(1));
   return std::nullopt;
 }
 

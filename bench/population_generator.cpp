@@ -22,9 +22,7 @@ constexpr std::int32_t parent_draws = 24;  // enough to meet a free parent in al
 
 constexpr std::int32_t sum_of(std::span<const std::int32_t> weights) {
   std::int32_t sum = 0;
-  for (const std::int32_t weight : weights) {
-    sum += weight;
-  }
+  for (const std::int32_t weight : weights) sum += weight;
   return sum;
 }
 
@@ -136,17 +134,13 @@ Cohort& cohort_of(Herd& herd, std::int32_t year) {
 
 Herd found_herd(const PopulationPlan& plan, std::FILE* file) {
   Herd herd{.plan = plan, .random = {plan.seed}, .subpopulation_weights = {}, .file = file};
-  for (const SubpopulationShare& share : plan.subpopulations) {
-    herd.subpopulation_weights.push_back(share.weight);
-  }
+  for (const SubpopulationShare& share : plan.subpopulations) herd.subpopulation_weights.push_back(share.weight);
   herd.subpopulation_weight_sum = sum_of(herd.subpopulation_weights);
   herd.litter_weight_sum = sum_of(plan.litter_size_weights);
 
   std::int32_t weighted_sizes = 0;
   std::int32_t size = 0;
-  for (const std::int32_t weight : plan.litter_size_weights) {
-    weighted_sizes += ++size * weight;
-  }
+  for (const std::int32_t weight : plan.litter_size_weights) weighted_sizes += ++size * weight;
   const std::int32_t mean_size_percent = 100 * weighted_sizes / herd.litter_weight_sum;
   // An import counts as one birth, a litter as one for several animals.
   herd.import_birth_permille =
@@ -167,9 +161,7 @@ void pass_on_text(Herd& herd, std::size_t allowed_size) {
 void append_number(std::string& line, std::int32_t number, std::int32_t digits) {
   std::array<char, 12> places = {};
   auto place = places.end();
-  for (; digits > 0 || number > 0; --digits, number /= 10) {
-    *--place = static_cast<char>('0' + number % 10);
-  }
+  for (; digits > 0 || number > 0; --digits, number /= 10) *--place = static_cast<char>('0' + number % 10);
   line.append(place, places.end());
 }
 
@@ -208,12 +200,8 @@ void append_parent(std::string& line, Herd& herd, const Birth& birth, const Bree
 
 std::size_t draw_colour(Herd& herd, const Birth& birth) {
   const std::int32_t source = herd.random.below(100);
-  if (source < 45 && birth.sire != nullptr) {
-    return birth.sire->colour;
-  }
-  if (source < 90 && birth.dam != nullptr) {
-    return birth.dam->colour;
-  }
+  if (source < 45 && birth.sire != nullptr) return birth.sire->colour;
+  if (source < 90 && birth.dam != nullptr) return birth.dam->colour;
   const std::int32_t first = herd.random.below(static_cast<std::int32_t>(herd.plan.colours.size()));
   const std::int32_t second = herd.random.below(static_cast<std::int32_t>(herd.plan.colours.size()));
   return static_cast<std::size_t>(std::min(first, second));  // the first colours are the most common
@@ -246,15 +234,11 @@ void write_animal(Herd& herd, const Birth& birth, std::int32_t serial, bool is_m
   *line += ';';
   *line += random.chance(plan.odd_colour_permille) ? pick(random, plan.odd_colours) : plan.colours[colour];
   *line += ';';
-  if (birth.origin == nullptr) {
-    *line += plan.breeders[birth.breeder];
-  }
+  if (birth.origin == nullptr) *line += plan.breeders[birth.breeder];
   *line += ';';
   *line += plan.subpopulations[birth.subpopulation].name;
   *line += ';';
-  if (birth.origin != nullptr) {
-    *line += birth.origin->name;
-  }
+  if (birth.origin != nullptr) *line += birth.origin->name;
   *line += '\n';
   ++herd.lines_of_year;
 }
@@ -263,9 +247,7 @@ bool is_chosen_for_breeding(Herd& herd, const Birth& birth, bool is_male) {
   if (birth.origin != nullptr) {
     return herd.random.chance(is_male ? 100 : 400);  // animals are imported to breed with
   }
-  if (!is_male) {
-    return herd.random.chance(herd.dam_permille);
-  }
+  if (!is_male) return herd.random.chance(herd.dam_permille);
   // In small herds a subpopulation could run out of sires; each gets one at least every few years.
   const bool is_turn = static_cast<std::size_t>(birth.year) % herd.plan.subpopulations.size() == birth.subpopulation;
   const bool is_needed = is_turn && cohort_of(herd, birth.year).sires[birth.subpopulation].empty();
@@ -284,9 +266,7 @@ void add_animal(Herd& herd, const Birth& birth) {
                      .breeder = static_cast<std::uint16_t>(birth.breeder),
                      .colour = static_cast<std::uint16_t>(colour),
                      .is_popular = herd.random.chance(80)});
-    if (herd.random.chance(herd.plan.unlisted_parent_permille)) {
-      return;
-    }
+    if (herd.random.chance(herd.plan.unlisted_parent_permille)) return;
   }
   write_animal(herd, birth, serial, is_male, colour);
 }
@@ -299,17 +279,11 @@ std::int32_t draw_age(Random& random, std::span<const std::int32_t> age_weights)
 BreedingAnimal* find_dam(Herd& herd, const Birth& birth) {
   for (std::int32_t draw = 0; draw < parent_draws; ++draw) {
     const std::int32_t age = draw_age(herd.random, dam_age_weights);
-    if (age > birth.year) {
-      continue;
-    }
+    if (age > birth.year) continue;
     BreedingGroup& group = cohort_of(herd, birth.year - age).dams[birth.subpopulation];
-    if (group.empty()) {
-      continue;
-    }
+    if (group.empty()) continue;
     BreedingAnimal& dam = pick(herd.random, group);
-    if (dam.last_litter_year != birth.year && (age > 1 || dam.birth_day <= birth.day)) {
-      return &dam;
-    }
+    if (dam.last_litter_year != birth.year && (age > 1 || dam.birth_day <= birth.day)) return &dam;
   }
   return nullptr;
 }
@@ -319,17 +293,11 @@ const BreedingAnimal* find_sire(Herd& herd, const Birth& birth, std::size_t subp
   const BreedingAnimal* last_met = nullptr;
   for (std::int32_t draw = 0; draw < parent_draws; ++draw) {
     const std::int32_t age = draw_age(herd.random, sire_age_weights);
-    if (age > birth.year || cohort_of(herd, birth.year - age).sires[subpopulation].empty()) {
-      continue;
-    }
+    if (age > birth.year || cohort_of(herd, birth.year - age).sires[subpopulation].empty()) continue;
     const BreedingAnimal& sire = pick(herd.random, cohort_of(herd, birth.year - age).sires[subpopulation]);
-    if (age == 1 && sire.birth_day > birth.day) {
-      continue;
-    }
+    if (age == 1 && sire.birth_day > birth.day) continue;
     last_met = &sire;
-    if (sire.is_popular || herd.random.chance(100)) {
-      break;
-    }
+    if (sire.is_popular || herd.random.chance(100)) break;
   }
   return last_met;
 }
@@ -342,9 +310,7 @@ std::size_t draw_subpopulation(Herd& herd) {
 std::size_t draw_breeder(Herd& herd, std::size_t subpopulation) {
   const std::size_t step = herd.plan.subpopulations.size();
   const std::size_t breeder_count = herd.plan.breeders.size();
-  if (subpopulation >= breeder_count) {
-    return 0;
-  }
+  if (subpopulation >= breeder_count) return 0;
   const auto own_count = static_cast<std::int32_t>((breeder_count - subpopulation + step - 1) / step);
   const std::int32_t first = herd.random.below(own_count);
   const std::int32_t second = herd.random.below(own_count);
@@ -364,12 +330,8 @@ void add_litter(Herd& herd, Birth birth, std::int32_t line_limit) {
       herd.random.chance(herd.plan.outcross_permille) ? draw_subpopulation(herd) : birth.subpopulation;
   birth.dam = dam;
   birth.sire = find_sire(herd, birth, sire_home);
-  if (herd.random.chance(herd.plan.unknown_sire_permille)) {
-    birth.sire = nullptr;
-  }
-  if (herd.random.chance(herd.plan.unknown_dam_permille)) {
-    birth.dam = nullptr;
-  }
+  if (herd.random.chance(herd.plan.unknown_sire_permille)) birth.sire = nullptr;
+  if (herd.random.chance(herd.plan.unknown_dam_permille)) birth.dam = nullptr;
   const std::size_t further_size = weighted_index(herd.random, herd.plan.litter_size_weights, herd.litter_weight_sum);
   for (std::size_t young = 0; young <= further_size && herd.lines_of_year < line_limit; ++young) {
     add_animal(herd, birth);
@@ -462,13 +424,9 @@ bool write_steer_file(const PopulationPlan& plan, std::FILE* file) {
   add_line(plan.language);
   add_line("y");  // the data file has a header
   add_line(std::to_string(plan.subpopulations.size()));
-  for (const SubpopulationShare& share : plan.subpopulations) {
-    add_line(share.name);
-  }
+  for (const SubpopulationShare& share : plan.subpopulations) add_line(share.name);
   add_line(std::to_string(plan.colours.size()));
-  for (const std::string_view colour : plan.colours) {
-    add_line(colour);
-  }
+  for (const std::string_view colour : plan.colours) add_line(colour);
   return std::fwrite(text.data(), 1, text.size(), file) == text.size();
 }
 
