@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes a page for the browser of one of the project's documents, on standard output: tables and paragraphs by cmark-gfm,
-# each heading with the name by which links know it, links to other documents turned into links to their pages.
+# Makes a page for the browser of one of the project's documents, on standard output: tables and paragraphs by
+# cmark-gfm, each heading with the name by which links know it, links to documents turned into links to their pages.
 #   packaging/windows/make_page.sh DOCUMENT.md
 set -euo pipefail
 [[ $# -eq 1 ]] || { sed -n '4s/^# *//p' "${BASH_SOURCE[0]}" >&2; exit 2; }
@@ -27,7 +27,7 @@ th { background: #eee; }
 <body>
 PAGE
 cmark-gfm --extension table "$1" |
-  sed -E 's/href="([^":]*)\.md(#[^"]*)?"/href="\1.html\2"/g' |
+  sed -E 's/href="([^":]*)\.md(#[^"]*)?"/href="\1.html\2"/g; s/>([^<>]*)\.md<\/a>/>\1.html<\/a>/g' |
   awk '
     # The name of a heading: its letters and digits in lower case, blanks as hyphens.
     /^<h[1-6]>/ {

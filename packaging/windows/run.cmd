@@ -1,7 +1,8 @@
 @echo off
 rem Runs Pedigree Watch and stays open. Double-click it in the folder with pedigreewatch.ini and the data file, or drag
 rem that folder (or a file in it) onto it. It must stand beside pedigreewatch.exe. What the program says is kept in
-rem console.txt; warnings and errors in it are shown here. "run.cmd FOLDER nowait" does not wait for a key.
+rem pedigreewatch-console.txt, a name that no data file has by chance; warnings and errors in it are shown here.
+rem "run.cmd FOLDER nowait" does not wait for a key.
 setlocal enableextensions disabledelayedexpansion
 set "program=%~dp0pedigreewatch.exe"
 set "folder=%~dp0"
@@ -22,19 +23,19 @@ if not exist "%program%" (
   goto finish
 )
 pushd "%folder%"
-if exist console.txt del console.txt
-if exist console.txt goto in_use
+if exist pedigreewatch-console.txt del pedigreewatch-console.txt
+if exist pedigreewatch-console.txt goto in_use
 
 rem The texts of the program are in Windows-1252.
 chcp 1252 >nul 2>nul
 echo Pedigree Watch is at work in "%folder%"
 rem Nobody answers the program while it writes to a file: it must not wait for the keyboard.
-"%program%" <nul >console.txt 2>errors.txt
+"%program%" <nul >pedigreewatch-console.txt 2>pedigreewatch-errors.txt
 set "status=%errorlevel%"
 
-rem A message begins in a line that begins with certain words, and ends in another one. That of a birth before a parent's
-rem ends in the date behind its line of exclamation marks.
-for /f "usebackq tokens=1,2*" %%a in ("console.txt") do (
+rem A message begins in a line that begins with certain words, and ends in another one. That of a birth before a
+rem parent's ends in the date behind its line of exclamation marks.
+for /f "usebackq tokens=1,2*" %%a in ("pedigreewatch-console.txt") do (
   if "%%a %%b"=="and written" set "report=%%c"
   if "%%a %%b"=="en weggeschreven" set "report=%%c"
   if "%%a"=="Warning:" set "in_message=1"
@@ -63,9 +64,9 @@ for /f "usebackq tokens=1,2*" %%a in ("console.txt") do (
 
 if not "%status%"=="0" call :show_end
 set "size=0"
-for %%f in (errors.txt) do set "size=%%~zf"
+for %%f in (pedigreewatch-errors.txt) do set "size=%%~zf"
 if not "%size%"=="0" call :show_errors
-del errors.txt
+del pedigreewatch-errors.txt
 rem "to NAME", "naar NAME", with blanks behind it.
 if defined report for /f "tokens=1*" %%d in ("%report%") do set "report=%%e"
 call :trim_report
@@ -73,23 +74,23 @@ echo.
 if not "%status%"=="0" goto failed
 echo Finished. The report is "%folder%%report%"
 if not "%shown%"=="0" echo The messages above are about the data; the report has been made all the same.
-echo All that the program has said stands in console.txt in the same folder.
+echo All that the program has said stands in pedigreewatch-console.txt in the same folder.
 goto finish
 
 :failed
 echo The run has stopped, there is NO complete report. The reason stands above.
-echo All that the program has said stands in console.txt in "%folder%"
+echo All that the program has said stands in pedigreewatch-console.txt in "%folder%"
 goto finish
 
 :in_use
-echo console.txt in "%folder%" cannot be replaced. Close the program that shows it and try again.
+echo pedigreewatch-console.txt in "%folder%" cannot be replaced. Close the program that shows it and try again.
 goto finish
 
 :count_line
 set /a shown+=1
 if %shown% lss 60 goto :eof
 set "is_enough=1"
-echo    ... more of them stand in console.txt
+echo    ... more of them stand in pedigreewatch-console.txt
 goto :eof
 
 :end_birth
@@ -101,18 +102,18 @@ goto :eof
 rem The last lines of the console say why a run has stopped.
 :show_end
 set "lines=0"
-for /f "usebackq delims=" %%l in ("console.txt") do set /a lines+=1
+for /f "usebackq delims=" %%l in ("pedigreewatch-console.txt") do set /a lines+=1
 set /a skipped=lines-40
 set "option=usebackq delims="
 if %skipped% gtr 0 set "option=usebackq skip=%skipped% delims="
 echo.
-for /f "%option%" %%l in ("console.txt") do echo   %%l
+for /f "%option%" %%l in ("pedigreewatch-console.txt") do echo   %%l
 goto :eof
 
 :show_errors
 echo.
-type errors.txt
-type errors.txt >>console.txt
+type pedigreewatch-errors.txt
+type pedigreewatch-errors.txt >>pedigreewatch-console.txt
 goto :eof
 
 rem The program prints the name in a field of fixed width.

@@ -117,7 +117,8 @@ expect_shown() {  # expect_shown NAME TEXT...
   done
 }
 
-run_cmd_on() {  # run_cmd_on GOLDEN_CASE EXPECTED_STATUS DRAGGED TEXT...: console.txt must be all that the program says
+# run_cmd_on GOLDEN_CASE EXPECTED_STATUS DRAGGED TEXT...: shows these texts, and keeps all that the program says.
+run_cmd_on() {
   local case="$sources/tests/golden/$1" folder="$work/my herd"
   rm -rf "$folder"
   mkdir "$folder"
@@ -130,7 +131,7 @@ run_cmd_on() {  # run_cmd_on GOLDEN_CASE EXPECTED_STATUS DRAGGED TEXT...: consol
   expect_shown "$1" "${@:4}"
   cat "$case/expected.console" >"$work/all_said"
   if [[ -e "$case/expected.messages" ]]; then cat "$case/expected.messages" >>"$work/all_said"; fi
-  compare "run.cmd on $1: console.txt" "$work/all_said" "$folder/console.txt"
+  compare "run.cmd on $1: pedigreewatch-console.txt" "$work/all_said" "$folder/pedigreewatch-console.txt"
 }
 
 run_cmd_on textbook_matings_nl 0 "" 'The report is "Z:' '.out"'
