@@ -33,15 +33,15 @@ void BM_FreeLine(benchmark::State& state) {
 BENCHMARK(BM_FreeLine);
 
 void BM_StoreLine(benchmark::State& state) {
-  SteerSettings settings;
-  settings.delimiter = ';';
-  settings.date_has_delimiters = settings.date_day_first = true;
-  settings.male_letters = {'m', 'M'};
+  DataFileLayout layout;
+  layout.delimiter = ';';
+  layout.dates = {.has_delimiters = true, .day_first = true};
+  layout.male_letters = {'m', 'M'};
   const std::vector<std::int32_t> columns = {1, 4, 7, 8, 2, 3, 9, 10};
   AnimalRecord record;
   RunStreams streams;
   for (auto _ : state) {
-    store_line("NL0000123456;Geertje;f;17-04-2012;NL0000098765;NL0000087654;black;Bakker", columns, settings,
+    store_line("NL0000123456;Geertje;f;17-04-2012;NL0000098765;NL0000087654;black;Bakker", columns, layout,
                {"herd.txt", 1, 0, 1}, record, streams);
     benchmark::DoNotOptimize(record);
   }

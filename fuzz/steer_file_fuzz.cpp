@@ -22,8 +22,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   try {
     const SteerSettings settings = read_steer_lines(reader, streams);
     require(settings.species_index >= 1 && settings.species_index <= 16);
-    require(settings.subpopulation_names.size() == static_cast<std::size_t>(settings.subpopulation_count));
-    require(settings.colour_names.size() == static_cast<std::size_t>(settings.colour_count));
+    require(settings.layout.subpopulations.first_numbers.count() == settings.layout.subpopulations.count());
+    require(settings.colour_names.size() == settings.layout.colours.names.entries.size() + 1);
     require(settings.report_file_name.trimmed().ends_with("out"));
   } catch (const RunStopped&) {
     require(!streams.messages.pending.empty());

@@ -930,7 +930,8 @@ TEST(HostileDisk, ReportOnADeviceIsWrittenThere) {
 
 TEST(HostileDisk, ReportInAPipeIsReadFromIt) {
   const RunFolder folder(files_of(with_header(family)));
-  const WholeRun run = run_program_in(folder, shell_script("mkfifo dogs.out; cat dogs.out >read.txt & \"$PROGRAM\" && wait && rm dogs.out"));
+  const WholeRun run = run_program_in(
+      folder, shell_script("mkfifo dogs.out; cat dogs.out >read.txt & \"$PROGRAM\" && wait && rm dogs.out"));
   EXPECT_EQ(run.exit_status, 0);
   EXPECT_EQ(run.messages, "");
   EXPECT_TRUE(run.file("read.txt").ends_with(end_of_report));

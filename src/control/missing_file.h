@@ -2,7 +2,6 @@
 // on the keyboard, and the end of the run.
 #pragma once
 
-#include <array>
 #include <string_view>
 
 #include "core/line_writer.h"

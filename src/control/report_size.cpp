@@ -29,17 +29,17 @@ void check_year_span(const PopulationStore& store, std::string_view data_file, R
 void check_parent_ages(const PopulationStore& store, const OldestParents& oldest, std::string_view data_file,
                        RunStreams& streams) {
   constexpr std::int64_t figure_limit = 20'000'000;
-  const std::int64_t columns = std::int64_t{std::max(oldest.sire, 0)} + std::max(oldest.dam, 0);
+  const std::int64_t columns = std::int64_t{std::max(oldest.of(male), 0)} + std::max(oldest.of(female), 0);
   if (columns * store.birth_years.dated_row_count() <= figure_limit) return;
   const auto age_of = [](const AnimalRecord& animal) { return std::max(animal.sire_age_days, animal.dam_age_days); };
   const auto young = std::max_element(store.animals.begin(), store.animals.end(),
                                       [&](const auto& a, const auto& b) { return age_of(a) < age_of(b); });
   const AnimalRecord& parent = store.at(young->sire_age_days == age_of(*young) ? young->sire_no : young->dam_no);
   stop_on_file(streams, data_file,
-               "fathers up to " + std::to_string(oldest.sire) + " and mothers up to " + std::to_string(oldest.dam) +
-                   " years old (the oldest parent " + quoted(parent.id.trimmed()) + " was born on " + birth_of(parent) +
-                   ", its young " + quoted(young->id.trimmed()) + " on " + birth_of(*young) +
-                   "): the tables of parents' ages would have more than 20000000 figures");
+               "fathers up to " + std::to_string(oldest.of(male)) + " and mothers up to " +
+                   std::to_string(oldest.of(female)) + " years old (the oldest parent " + quoted(parent.id.trimmed()) +
+                   " was born on " + birth_of(parent) + ", its young " + quoted(young->id.trimmed()) + " on " +
+                   birth_of(*young) + "): the tables of parents' ages would have more than 20000000 figures");
 }
 
 }  // namespace pedigreewatch

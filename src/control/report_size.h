@@ -6,7 +6,7 @@
 
 #include "core/run_streams.h"
 #include "pedigree/population_store.h"
-#include "statistics/monitor_tables.h"
+#include "statistics/parent_ages.h"
 
 namespace pedigreewatch {
 

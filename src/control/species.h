@@ -2,19 +2,10 @@
 #pragma once
 
 #include <cstdint>
-#include <string_view>
 
-#include "core/fixed_text.h"
+#include "reports/species_nouns.h"
 
 namespace pedigreewatch {
-
-using SpeciesWord = FixedText<8>;
-
-/// The six words of the run's species, eight characters each.
-struct SpeciesNouns {
-  SpeciesWord male, female, young;
-  SpeciesWord males, females, youngs;  ///< the plurals
-};
 
 /// The nouns of row `species_index`, 1 to 16.
 SpeciesNouns species_row(std::int32_t species_index);

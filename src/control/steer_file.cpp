@@ -9,6 +9,7 @@
 #include <string>
 
 #include "control/missing_file.h"
+#include "control/species.h"
 #include "core/line_writer.h"
 #include "core/wording.h"
 
@@ -83,25 +84,26 @@ std::int32_t read_count(LineReader& reader, RunStreams& streams, std::int64_t li
   return static_cast<std::int32_t>(count);
 }
 
+constexpr std::string_view separators = " ,";
+
+std::string_view behind_separators(std::string_view list) {
+  return list.substr(std::min(list.find_first_not_of(separators), list.size()));
+}
+
 /// Takes the next number off a list in which blanks or commas stand between the numbers. False where the list ends: at
 /// the end of the line, or at a text that is not wholly a number.
 bool take_listed_number(std::string_view& list, std::int64_t& value) {
-  constexpr std::string_view separators = " ,";
-  list.remove_prefix(std::min(list.find_first_not_of(separators), list.size()));
+  list = behind_separators(list);
   std::string_view token = list.substr(0, list.find_first_of(separators));
   list.remove_prefix(token.size());
   return take_integer(token, value) && token.empty();
 }
 
-/// The count at the front of a list; 0 when there is none or when it is negative.
-std::int64_t take_listed_count(std::string_view& list) {
-  std::int64_t count = 0;
-  return take_listed_number(list, count) && count > 0 ? count : 0;
-}
-
 /// Reads "count code code ..." into `codes` and yields how many of them the line asked for, at most all 25.
 std::size_t read_column_list(std::string_view line, ColumnMap& codes) {
-  const std::size_t kept = static_cast<std::size_t>(std::min<std::int64_t>(take_listed_count(line), column_limit));
+  std::int64_t count = 0;
+  if (!take_listed_number(line, count)) count = 0;
+  const std::size_t kept = static_cast<std::size_t>(std::clamp<std::int64_t>(count, 0, column_limit));
   for (std::size_t i = 0; i < kept; ++i) {
     std::int64_t code = 0;
     if (!take_listed_number(line, code)) break;
@@ -117,49 +119,49 @@ void read_columns_part(LineReader& reader, RunStreams& streams, SteerSettings& s
     return;
   }
   next_line(reader);  // a comment
-  std::string_view count_line = next_line(reader);
-  const std::int64_t counted = take_listed_count(count_line);
+  const std::int64_t counted = count_on(behind_separators(next_line(reader)));
   const std::int64_t column_count = counted > INT32_MAX ? 0 : counted;  // a number that cannot be read
   write_free_line(streams.console, {column_count, columns_counted});
   next_line(reader);  // a comment
-  const std::size_t kept = read_column_list(next_line(reader), settings.column_codes);
-  const std::vector<LineItem> echo(settings.column_codes.begin(),
-                                   settings.column_codes.begin() + static_cast<std::ptrdiff_t>(kept));
+  ColumnMap& codes = settings.layout.column_codes;
+  const std::size_t kept = read_column_list(next_line(reader), codes);
+  const std::vector<LineItem> echo(codes.begin(), std::next(codes.begin(), static_cast<std::ptrdiff_t>(kept)));
   write_free_line(streams.console, echo);
 }
 
 void read_subpopulations(LineReader& reader, RunStreams& streams, SteerSettings& settings) {
-  settings.subpopulation_count =
+  const std::int32_t count =
       read_count(reader, streams, subpopulation_limit, "the number of subpopulations was expected, at most 5000");
-  write_free_line(streams.console, {"number of subpopulations", settings.subpopulation_count});
-  settings.subpopulation_names.resize(static_cast<std::size_t>(settings.subpopulation_count));
-  for (SubpopulationName& name : settings.subpopulation_names) name.assign(next_line(reader));
+  write_free_line(streams.console, {"number of subpopulations", count});
+  for (std::int32_t k = 1; k <= count; ++k) settings.layout.subpopulations.add(SubpopulationName(next_line(reader)));
 }
 
+/// The last name of the report's list stands for all colours that are not counted.
 void read_colours(LineReader& reader, RunStreams& streams, SteerSettings& settings) {
   const std::int32_t count =
       read_count(reader, streams, colour_limit, "the number of colours was expected, at most 100000");
   write_free_line(streams.console, {"number of colours", count});
-  settings.colour_count = count + 2;
-  settings.colour_names.resize(static_cast<std::size_t>(count));
-  for (ColourName& name : settings.colour_names) name.assign(next_line(reader));
-  settings.colour_names.emplace_back("Onbekend");
+  Colours& counted = settings.layout.colours;
+  for (std::int32_t k = 1; k <= count; ++k) counted.add(ColourName(next_line(reader)));
+  counted.add(ColourName("Onbekend"));
+  settings.colour_names = counted.names.entries;
   settings.colour_names.emplace_back("niet erkend");
 }
 
 void read_names_and_layout(LineReader& reader, RunStreams& streams, SteerSettings& settings) {
   settings.population_name.assign(next_line(reader));
   settings.data_file_name.assign(next_line(reader));
-  settings.delimiter = first_character(next_line(reader));
-  settings.merge_delimiters = says_yes(next_line(reader));
+  DataFileLayout& layout = settings.layout;
+  layout.delimiter = first_character(next_line(reader));
+  layout.merge_delimiters = says_yes(next_line(reader));
   // The language is not known yet: these two lines are English in either one.
-  write_free_line(streams.console, {settings.merge_delimiters ? "consecutive delimiters will be considered as one"
-                                                              : "consecutive delimiters indicate empty column"});
-  settings.date_layout.assign(next_line(reader));
-  read_date_layout(settings);
+  write_free_line(streams.console, {layout.merge_delimiters ? "consecutive delimiters will be considered as one"
+                                                            : "consecutive delimiters indicate empty column"});
+  layout.date_layout.assign(next_line(reader));
+  layout.dates = date_layout_of(layout.date_layout.full());
   const SpeciesWord species_word(next_line(reader));
   const char male_letter = first_character(next_line(reader));
-  settings.male_letters = {male_letter, other_case(male_letter)};
+  layout.male_letters = {male_letter, other_case(male_letter)};
   const FixedText<2> language(next_line(reader));
   settings.english = language.full() == "en" || language.full() == "En";
   streams.console.is_english = streams.report.is_english = settings.english;
@@ -173,7 +175,7 @@ void echo_settings(const SteerSettings& settings, TextOutput& console) {
   write_free_line(console, {data_for, settings.population_name, read_from, settings.data_file_name});
   write_free_line(console, {written_to, settings.report_file_name});
   write_free_line(console, {subpopulations_allowed});
-  for (const SubpopulationName& name : settings.subpopulation_names) write_free_line(console, {name});
+  for (const SubpopulationName& name : settings.layout.subpopulations.names.entries) write_free_line(console, {name});
   write_free_line(console, {colours_allowed});
   for (const ColourName& name : settings.colour_names) write_free_line(console, {name});
 }
@@ -185,18 +187,6 @@ char other_case(char letter) {
   if (letter >= 'A' && letter <= 'Z') return static_cast<char>(letter + distance);
   if (letter >= 'a' && letter <= 'z') return static_cast<char>(letter - distance);
   return letter;
-}
-
-void read_date_layout(SteerSettings& settings) {
-  const std::string_view layout = settings.date_layout.trimmed();
-  const auto place_of = [&](std::string_view letters) {  // counted from 1; 0 when absent
-    const std::size_t place = layout.find_first_of(letters);
-    return place == std::string_view::npos ? std::size_t{0} : place + 1;
-  };
-  const std::size_t day = place_of("d"), month = place_of("m"), year = place_of("jy");
-  settings.date_has_delimiters = layout.find_first_not_of("dmyj") != std::string_view::npos;
-  settings.date_year_first = year < month;
-  settings.date_day_first = day < month;
 }
 
 FixedText<30> derive_report_file_name(const FixedText<30>& data_file_name) {

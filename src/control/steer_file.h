@@ -20,9 +20,6 @@ SteerSettings read_steer_lines(LineReader& reader, RunStreams& streams);
 /// The report's name: the data file's name without leading blanks, its last three characters replaced by "out".
 FixedText<30> derive_report_file_name(const FixedText<30>& data_file_name);
 
-/// Sets the three date flags from `date_layout`; its letters count in lower case only.
-void read_date_layout(SteerSettings& settings);
-
 /// The same letter in the other case; any other byte is its own partner.
 char other_case(char letter);
 

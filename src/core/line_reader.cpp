@@ -129,4 +129,8 @@ void rewind(LineReader& reader) {
   reader.line_number = 0;
 }
 
+void stop_if_unreadable(const LineReader& reader, RunStreams& streams) {
+  if (reader.error != 0) stop_on_file(streams, reader.name, error_text(reader.error));
+}
+
 }  // namespace pedigreewatch

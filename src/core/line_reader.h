@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+#include "core/run_streams.h"
+
 namespace pedigreewatch {
 
 struct CloseFile {
@@ -45,5 +47,8 @@ bool skip_line(LineReader& reader);
 
 /// Goes back to the start of the file. A failure is kept in `error`.
 void rewind(LineReader& reader);
+
+/// Stops the run when a read has failed.
+void stop_if_unreadable(const LineReader& reader, RunStreams& streams);
 
 }  // namespace pedigreewatch

@@ -222,12 +222,10 @@ void write_format_line(TextOutput& output, const Wording& field_list, std::initi
   write_format_line(output, field_list.in(output.is_english), items);
 }
 
-std::string with_column_count(std::string_view field_list, std::int64_t count) {
-  constexpr std::size_t place = 4, length = 3;
-  std::string digits = std::to_string(std::max<std::int64_t>(count, 0));
-  if (digits.size() < length) digits.insert(0, length - digits.size(), '0');
-  std::string result(field_list);
-  return result.replace(place, length, digits);
+std::string row_fields(std::string_view first, std::int64_t count, std::string_view column) {
+  std::string fields(first);
+  fields.append(",").append(std::to_string(std::max<std::int64_t>(count, 0))).append(column);
+  return fields;
 }
 
 void write_free_line(TextOutput& output, std::span<const LineItem> items) {

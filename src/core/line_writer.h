@@ -1,10 +1,12 @@
 // The two kinds of output line, for console and report alike.
 //
 // A format line follows a field list and has no leading blank:
+// clang-format off
 //   I8      integer, right-justified in 8 columns          I3.3    the same, filled up with leading zeros
-//   F8.2    real, rounded to 2 decimals, in 8 columns      A20     text right-justified in 20 columns, or cut on the
-//   right A       text at its own length                         3X      three blanks 5I10    five fields I10
-//   "(I8,005I8) " brackets and blanks are allowed around it
+//   F8.2    real, rounded to 2 decimals, in 8 columns      A20     text right-justified in 20 columns, or cut there
+//   A       text at its own length                         3X      three blanks
+//   5I10    five fields I10                                (I8)    brackets and blanks are allowed around a list
+// clang-format on
 // A number too wide for its field prints as asterisks; a real that is no number as "NaN", "Infinity" or "-Infinity".
 //
 // A free-form line is a sequence of texts and integers. It begins with a blank, unless its first item is an integer;
@@ -58,10 +60,9 @@ void write_format_line(TextOutput& output, std::string_view field_list, std::ini
 /// The same with a field list for each language.
 void write_format_line(TextOutput& output, const Wording& field_list, std::initializer_list<LineItem> items);
 
-/// A field list whose number of columns is known at run time only: `count` takes the place of the three digits at
-/// the fifth to seventh position of `field_list`, with leading zeros: ("(I8,005I8) ", 12) gives "(I8,012I8) ".
-/// More than 999 columns take more digits. A negative count counts as 0.
-std::string with_column_count(std::string_view field_list, std::int64_t count);
+/// The field list of a row whose number of columns is known at run time only, behind a field for its year or label:
+/// ("A8", 12, "I8") gives "A8,12I8". A negative count counts as 0.
+std::string row_fields(std::string_view first, std::int64_t count, std::string_view column);
 
 /// Writes one free-form line, on as many lines of 80 columns as it takes. Items are texts and integers only; a real
 /// throws std::invalid_argument.

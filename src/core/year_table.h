@@ -1,71 +1,92 @@
-// A table with one row for each year of birth and a fixed number of columns. Rows and columns are counted from 1,
-// as on paper; only this file subtracts the 1. A row takes memory from the moment something is put into it, so that
-// one mistyped year far from all others costs nothing but the lines it adds to the report.
+// Tables with one row for each year of birth. Rows and columns are counted from 1, as on paper; only this file
+// subtracts the 1. A row takes memory from the moment something is put into it, so that one mistyped year far from all
+// others costs nothing but the lines it adds to the report.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
+#include "core/birth_years.h"
+
 namespace pedigreewatch {
 
-/// The birth years of a population, fixed before parents are appended.
-struct BirthYears {
-  std::int32_t first = 2147483647;      ///< smallest birth year other than 0
-  std::int32_t last = -2147483647 - 1;  ///< largest birth year
-  std::int32_t count = 2;               ///< last - first + 1, wrapped: 2 for an empty store, negative without dates
+/// A row of a yearly table, counted from 1.
+using Row = std::int64_t;
 
-  /// The year of a row, counted from 1.
-  std::int32_t year_of(std::int64_t row) const {
-    return static_cast<std::int32_t>(static_cast<std::uint32_t>(first) + static_cast<std::uint32_t>(row) - 1U);
+/// Which rows of a table are stored, and where.
+struct StoredRows {
+  std::vector<std::uint32_t> places;  ///< for each row its place among the stored rows, counted from 1; 0: not stored
+  std::uint32_t count = 0;
+
+  StoredRows() = default;
+  explicit StoredRows(Row row_count) : places(static_cast<std::size_t>(row_count), 0) {}
+
+  Row row_count() const { return static_cast<Row>(places.size()); }
+  /// The place of a row; 0 for one that is not stored, or that the table does not have.
+  std::uint32_t place_of(Row row) const {
+    return row >= 1 && row <= row_count() ? places[static_cast<std::size_t>(row) - 1] : 0;
   }
-  /// Rows of a year table.
-  std::int32_t row_count() const { return count > 0 ? count : 0; }
-  /// Rows that stand for a year from first to last: none when there is no year at all.
-  std::int32_t dated_row_count() const { return last >= first ? row_count() : 0; }
-  /// The row of a birth year, 0 when it has none.
-  std::int32_t row_of(std::int32_t year) const {
-    return year >= first && year <= last ? static_cast<std::int32_t>(std::int64_t{year} - first + 1) : 0;
+  /// The place of a row of the table, which is stored from now on.
+  std::uint32_t add(Row row) {
+    std::uint32_t& place = places[static_cast<std::size_t>(row) - 1];
+    if (place == 0) place = ++count;
+    return place;
   }
 };
 
+/// A table whose columns have names: a record for each year.
+template <typename Record>
+struct YearRows {
+  StoredRows rows;
+  std::vector<Record> records;  ///< the stored rows, in the order in which they were first put to use
+
+  YearRows() = default;
+  explicit YearRows(Row row_count) : rows(row_count) {}
+
+  Row row_count() const { return rows.row_count(); }
+  /// The record of a year; one of zeros for a year without any, or that the table does not have.
+  Record of(Row row) const {
+    const std::uint32_t place = rows.place_of(row);
+    return place == 0 ? Record{} : records[place - std::size_t{1}];
+  }
+  /// The record itself, to be changed. The row must exist.
+  Record& at(Row row) {
+    const std::uint32_t place = rows.add(row);
+    if (place > records.size()) records.resize(place);
+    return records[place - std::size_t{1}];
+  }
+};
+
+/// A table with as many columns as the population asks for: a column for each colour, age, breeder or subpopulation.
 template <typename Cell>
 struct YearTable {
-  std::int64_t row_count = 0, column_count = 0;
-  std::vector<std::uint32_t> places;  ///< for each row its place among the stored rows, counted from 1; 0: all zero
-  std::vector<Cell> cells;            ///< the stored rows, one after another
+  StoredRows rows;
+  std::int64_t column_count = 0;
+  std::vector<Cell> cells;  ///< the stored rows, one after another
 
   YearTable() = default;
-  YearTable(std::int64_t rows, std::int64_t columns)
-      : row_count(rows), column_count(columns), places(static_cast<std::size_t>(rows), 0) {}
+  YearTable(Row row_count, std::int64_t columns) : rows(row_count), column_count(columns) {}
 
-  bool has(std::int64_t row, std::int64_t column) const {
-    return row >= 1 && row <= row_count && column >= 1 && column <= column_count;
-  }
+  Row row_count() const { return rows.row_count(); }
   /// Whether anything was put into the row; all cells of another one are 0.
-  bool is_stored(std::int64_t row) const {
-    return row >= 1 && row <= row_count && places[static_cast<std::size_t>(row - 1)] != 0;
-  }
+  bool is_stored(Row row) const { return rows.place_of(row) != 0; }
   /// The value of a cell; a row or column that the table does not have counts as 0.
-  Cell value(std::int64_t row, std::int64_t column) const {
-    if (!has(row, column)) return Cell{};
-    const std::uint32_t place = places[static_cast<std::size_t>(row - 1)];
-    return place == 0 ? Cell{} : cells[offset(place, column)];
+  Cell value(Row row, std::int64_t column) const {
+    const std::uint32_t place = rows.place_of(row);
+    return place == 0 || column < 1 || column > column_count ? Cell{} : cells[offset(place, column)];
   }
   /// The cell itself, to be changed. The row and column must exist.
-  Cell& at(std::int64_t row, std::int64_t column) {
-    std::uint32_t& place = places[static_cast<std::size_t>(row - 1)];
-    if (place == 0) {
-      cells.resize(cells.size() + static_cast<std::size_t>(column_count), Cell{});
-      place = static_cast<std::uint32_t>(++stored_rows);
-    }
+  Cell& at(Row row, std::int64_t column) {
+    const std::size_t place = rows.add(row);
+    const std::size_t size = static_cast<std::size_t>(column_count);
+    if (cells.size() < place * size) cells.resize(place * size, Cell{});
     return cells[offset(place, column)];
   }
 
  private:
-  std::size_t stored_rows = 0;
-  std::size_t offset(std::uint32_t place, std::int64_t column) const {
-    return (place - std::size_t{1}) * static_cast<std::size_t>(column_count) + static_cast<std::size_t>(column - 1);
+  std::size_t offset(std::size_t place, std::int64_t column) const {
+    return (place - 1) * static_cast<std::size_t>(column_count) + static_cast<std::size_t>(column) - 1;
   }
 };
 

@@ -35,9 +35,9 @@ struct AncestorWalk {
     float within_family_variance = 0.0F;  ///< 1 without known parents, down to 0 with fully inbred ones
   };
 
-  std::vector<Ancestor> ancestors;  ///< by ancestor number
-  std::vector<float> f;             ///< F by ancestor number; -1 for the unknown parent
-  std::vector<Lanes> shares;        ///< share of the ancestor in each lane's animal, summed over all paths
+  ByNumber<Ancestor> ancestors;  ///< by ancestor number
+  ByNumber<float> f;             ///< F by ancestor number; -1 for the unknown parent
+  ByNumber<Lanes> shares;        ///< share of the ancestor in each lane's animal, summed over all paths
 
   // Ancestors still to be visited: a bit for each of them, and above those a bit for each word that has one set. The
   // next lower ancestor is found in a few instructions, where an ordered list would have to be searched.

@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
 #include <numeric>
 #include <tuple>
 #include <vector>
@@ -28,29 +27,25 @@ constexpr Wording coefficient_estimated = {"inbreeding coefficient estimated",
                                            "inteeltco\xEB"
                                            "ffici\xEBnt berekend"};
 
-std::size_t at(std::int32_t number) {
-  return static_cast<std::size_t>(number);
-}
-
 /// Matings, and for each animal its own; 0 for an animal with an unknown parent. Entry 0 is no mating.
 struct MatingList {
-  std::vector<Mating> matings;
-  std::vector<std::int32_t> of_animal;  ///< by position - 1
+  ByNumber<Mating> matings;
+  ByNumber<std::int32_t> of_animal;  ///< by position
 };
 
 /// Lists the matings in store order. Neighbours with the same parents share an entry.
 MatingList list_matings(const PopulationStore& store, const AncestorPedigree& ancestors) {
   MatingList list;
-  list.matings.emplace_back();
-  list.of_animal.reserve(store.animals.size());
+  list.matings.values.emplace_back();
+  list.of_animal = ByNumber<std::int32_t>(store.animals.size());
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
     const ParentNumbers parents = parent_numbers(store, ancestors, i);
-    const bool are_known = parents.sire != 0 && parents.dam != 0;
-    const Mating& last = list.matings.back();
-    if (are_known && (last.sire != parents.sire || last.dam != parents.dam)) {
-      list.matings.push_back({parents.sire, parents.dam});
+    if (parents.sire == 0 || parents.dam == 0) continue;
+    const Mating& last = list.matings.values.back();
+    if (last.sire != parents.sire || last.dam != parents.dam) {
+      list.matings.values.push_back({parents.sire, parents.dam});
     }
-    list.of_animal.push_back(are_known ? static_cast<std::int32_t>(list.matings.size()) - 1 : 0);
+    list.of_animal[i] = list.matings.last();
   }
   return list;
 }
@@ -59,49 +54,49 @@ MatingList list_matings(const PopulationStore& store, const AncestorPedigree& an
 /// leaves each pair of parents one entry.
 void gather_relatives(MatingList& list, const AncestorPedigree& ancestors) {
   const auto kin_of = [&](std::int32_t number) {
-    const Mating& m = list.matings[at(number)];
-    return std::tuple(ancestors.sire[at(m.sire)], m.sire, ancestors.sire[at(m.dam)], m.dam);
+    const Mating& m = list.matings[number];
+    return std::tuple(ancestors.sire[m.sire], m.sire, ancestors.sire[m.dam], m.dam);
   };
-  std::vector<std::int32_t> order(list.matings.size() - 1);
+  std::vector<std::int32_t> order(list.matings.values.size() - 1);
   std::iota(order.begin(), order.end(), 1);
-  std::ranges::sort(order, [&](std::int32_t a, std::int32_t b) { return kin_of(a) < kin_of(b); });
-  std::vector<std::int32_t> new_number(list.matings.size(), 0);
-  std::vector<Mating> gathered(1);
+  std::sort(order.begin(), order.end(), [&](std::int32_t a, std::int32_t b) { return kin_of(a) < kin_of(b); });
+  ByNumber<std::int32_t> new_number(order.size());
+  ByNumber<Mating> gathered(0);
   for (const std::int32_t number : order) {
-    const Mating& mating = list.matings[at(number)];
-    if (gathered.back().sire != mating.sire || gathered.back().dam != mating.dam) gathered.push_back(mating);
-    new_number[at(number)] = static_cast<std::int32_t>(gathered.size()) - 1;
+    const Mating& mating = list.matings[number];
+    const Mating& last = gathered.values.back();
+    if (last.sire != mating.sire || last.dam != mating.dam) gathered.values.push_back(mating);
+    new_number[number] = gathered.last();
   }
   list.matings = std::move(gathered);
-  for (std::int32_t& mating : list.of_animal) mating = new_number[at(mating)];
+  for (std::int32_t& mating : list.of_animal.values) mating = new_number[mating];
 }
 
 /// The order of work: matings of one stage do not depend on each other, and F of an ancestor of depth d is known when
 /// stage d begins. Depth counts the longest line of known ancestors, the animal included.
 struct WorkPlan {
-  std::vector<std::vector<std::int32_t>> matings;    ///< by stage
-  std::vector<std::vector<std::int32_t>> ancestors;  ///< by depth
+  ByNumber<std::vector<std::int32_t>> matings;    ///< by stage
+  ByNumber<std::vector<std::int32_t>> ancestors;  ///< by depth
 };
 
 WorkPlan plan_work(const MatingList& list, const AncestorPedigree& ancestors) {
-  std::vector<std::int32_t> depth(ancestors.position.size(), 0);
-  std::vector<char> brings_ancestor(list.matings.size(), 0);
+  ByNumber<std::int32_t> depth(ancestors.position.values.size() - 1);
+  ByNumber<char> brings_ancestor(list.matings.values.size() - 1);
   std::int32_t deepest = 0;
-  for (std::size_t j = 1; j < depth.size(); ++j) {
-    depth[j] = 1 + std::max(depth[at(ancestors.sire[j])], depth[at(ancestors.dam[j])]);
+  for (std::int32_t j = 1; j <= ancestors.count(); ++j) {
+    depth[j] = 1 + std::max(depth[ancestors.sire[j]], depth[ancestors.dam[j]]);
     deepest = std::max(deepest, depth[j]);
-    brings_ancestor[at(list.of_animal[at(ancestors.position[j]) - 1])] = 1;
+    brings_ancestor[list.of_animal[ancestors.position[j]]] = 1;
   }
-  WorkPlan plan;
-  plan.matings.resize(at(deepest) + 2);
-  plan.ancestors.resize(at(deepest) + 2);
-  for (std::size_t j = 1; j < depth.size(); ++j) plan.ancestors[at(depth[j])].push_back(static_cast<std::int32_t>(j));
-  for (std::size_t number = 1; number < list.matings.size(); ++number) {
+  const std::size_t last_stage = static_cast<std::size_t>(deepest) + 1;
+  WorkPlan plan{ByNumber<std::vector<std::int32_t>>(last_stage), ByNumber<std::vector<std::int32_t>>(last_stage)};
+  for (std::int32_t j = 1; j <= ancestors.count(); ++j) plan.ancestors[depth[j]].push_back(j);
+  for (std::int32_t number = 1; number <= list.matings.last(); ++number) {
     const Mating& mating = list.matings[number];
     // No walk waits for animals without offspring: their matings come last, all relatives together.
     const std::int32_t stage =
-        brings_ancestor[number] != 0 ? std::max(depth[at(mating.sire)], depth[at(mating.dam)]) : deepest + 1;
-    plan.matings[at(stage)].push_back(static_cast<std::int32_t>(number));
+        brings_ancestor[number] != 0 ? std::max(depth[mating.sire], depth[mating.dam]) : deepest + 1;
+    plan.matings[stage].push_back(number);
   }
   return plan;
 }
@@ -122,27 +117,32 @@ struct InbreedingProgress {
   }
 };
 
+/// Walks up to `lane_count` matings side by side and puts F of each into `f`.
+void walk_batch(AncestorWalk& walk, const MatingList& list, std::span<const std::int32_t> numbers, ByNumber<float>& f) {
+  std::array<Mating, lane_count> batch;
+  std::array<float, lane_count> results = {};
+  for (std::size_t lane = 0; lane < numbers.size(); ++lane) batch[lane] = list.matings[numbers[lane]];
+  walk_ancestors(walk, std::span(batch).first(numbers.size()), results);
+  for (std::size_t lane = 0; lane < numbers.size(); ++lane) f[numbers[lane]] = results[lane];
+}
+
 /// Walks all matings; yields F of each.
-std::vector<float> walk_matings(const MatingList& list, const AncestorPedigree& ancestors,
-                                InbreedingProgress& progress) {
+ByNumber<float> walk_matings(const MatingList& list, const AncestorPedigree& ancestors, InbreedingProgress& progress) {
   AncestorWalk walk = make_ancestor_walk(ancestors);
   const WorkPlan plan = plan_work(list, ancestors);
-  std::vector<float> f(list.matings.size(), 0.0F);
+  const std::size_t mating_count = list.matings.values.size() - 1;
+  ByNumber<float> f(mating_count);
   std::size_t done = 0;
-  for (std::size_t stage = 0; stage < plan.matings.size(); ++stage) {
+  for (std::int32_t stage = 0; stage <= plan.matings.last(); ++stage) {
     for (const std::int32_t j : plan.ancestors[stage]) {
-      set_inbreeding(walk, j, f[at(list.of_animal[at(ancestors.position[at(j)]) - 1])]);
+      set_inbreeding(walk, j, f[list.of_animal[ancestors.position[j]]]);
     }
-    const std::vector<std::int32_t>& numbers = plan.matings[stage];
+    const std::span<const std::int32_t> numbers(plan.matings[stage]);
     for (std::size_t first = 0; first < numbers.size(); first += lane_count) {
-      std::array<Mating, lane_count> batch;
-      std::array<float, lane_count> results = {};
       const std::size_t size = std::min(lane_count, numbers.size() - first);
-      for (std::size_t lane = 0; lane < size; ++lane) batch[lane] = list.matings[at(numbers[first + lane])];
-      walk_ancestors(walk, std::span(batch).first(size), results);
-      for (std::size_t lane = 0; lane < size; ++lane) f[at(numbers[first + lane])] = results[lane];
+      walk_batch(walk, list, numbers.subspan(first, size), f);
       done += size;
-      progress.show(done, list.matings.size() - 1);
+      progress.show(done, mating_count);
     }
   }
   return f;
@@ -154,9 +154,9 @@ void compute_inbreeding(PopulationStore& store, const AncestorPedigree& ancestor
   InbreedingProgress progress{store.animal_count, progress_interval(store.animal_count, 200, 500, 1000), console};
   MatingList list = list_matings(store, ancestors);
   gather_relatives(list, ancestors);
-  const std::vector<float> f = walk_matings(list, ancestors, progress);
+  const ByNumber<float> f = walk_matings(list, ancestors, progress);
   progress.show(1, 1);  // what is left, also when there was no mating to walk
-  for (std::size_t i = 0; i < store.animals.size(); ++i) store.animals[i].inbreeding = f[at(list.of_animal[i])];
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) store.at(i).inbreeding = f[list.of_animal[i]];
 }
 
 }  // namespace pedigreewatch

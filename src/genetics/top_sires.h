@@ -1,8 +1,9 @@
 // How far single males dominate a birth year.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
-#include <vector>
 
 #include "core/text_output.h"
 #include "core/year_table.h"
@@ -11,16 +12,17 @@
 
 namespace pedigreewatch {
 
-inline constexpr std::int32_t top_sire_columns = 10;
+inline constexpr std::size_t top_sire_columns = 10;
 
-struct TopSires {
-  YearTable<std::int32_t> sire_count;  ///< 1 column: distinct known fathers of the year's animals
-  YearTable<std::int32_t> top_sire;    ///< 1 column: position of the father with the most offspring, 0 without one
-  YearTable<float> shares;  ///< 10 columns: shares of the most used fathers, from 0 to 1, in percent once reported
+/// The sires of one birth year.
+struct TopSireRow {
+  std::int32_t sire_count = 0;                      ///< distinct known fathers of the year's animals
+  std::int32_t top_sire = 0;                        ///< position of the father with the most offspring, 0 without one
+  std::array<float, top_sire_columns> shares = {};  ///< of the most used fathers, in percent
 };
 
 /// Counts the fathers of each birth year. Shares are shares of the animals with a known father. Of fathers with the
 /// same number of offspring the one that stands last in the store comes first.
-TopSires compute_top_sires(const PopulationStore& store, const YearGroups& years, TextOutput& console);
+YearRows<TopSireRow> compute_top_sires(const PopulationStore& store, const YearGroups& years, TextOutput& console);
 
 }  // namespace pedigreewatch

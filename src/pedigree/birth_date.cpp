@@ -71,6 +71,18 @@ bool read_piece(std::string_view piece, std::int32_t& value) {
 
 }  // namespace
 
+DateLayout date_layout_of(std::string_view text) {
+  const std::string_view letters = without_trailing_blanks(text);
+  const auto place_of = [&](std::string_view wanted) {  // counted from 1; 0 when absent
+    const std::size_t place = letters.find_first_of(wanted);
+    return place == std::string_view::npos ? std::size_t{0} : place + 1;
+  };
+  const std::size_t day = place_of("d"), month = place_of("m"), year = place_of("jy");
+  return {.has_delimiters = letters.find_first_not_of("dmyj") != std::string_view::npos,
+          .year_first = year < month,
+          .day_first = day < month};
+}
+
 bool read_birth_date(std::string_view field, const DateLayout& layout, BirthDate& date) {
   const std::string_view text = without_trailing_blanks(field);
   if (text.find_first_of(digit_characters) == std::string_view::npos) {

@@ -1,7 +1,6 @@
 // Dates of birth as they stand in the data file.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -11,6 +10,10 @@ namespace pedigreewatch {
 struct DateLayout {
   bool has_delimiters = false, year_first = false, day_first = false;
 };
+
+/// The layout that a text such as "dd-mm-jjjj" describes: j and y stand for the year, in lower case only; any byte that
+/// is no letter of a date makes a layout with delimiters.
+DateLayout date_layout_of(std::string_view text);
 
 struct BirthDate {
   std::int32_t year = 0;  ///< 0 for unknown

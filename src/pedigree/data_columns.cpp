@@ -127,8 +127,6 @@ void report_empty_word(std::int32_t column_no, TextOutput& console) {
 void set_flag(PopulationStore& store, FieldCode code, bool is_found) {
   switch (code) {
     case name_column: store.has_name = is_found; break;
-    case sire_name_column: store.has_sire_name = is_found; break;
-    case dam_name_column: store.has_dam_name = is_found; break;
     case colour_column: store.has_colour = is_found; break;
     case breeder_column: store.has_breeder = is_found; break;
     case subpopulation_column: store.has_subpopulation = is_found; break;
@@ -160,7 +158,7 @@ void announce_fields(const ColumnMap& columns, PopulationStore& store, TextOutpu
 
 }  // namespace
 
-ColumnMap read_header_line(std::string_view line, const SteerSettings& settings, TextOutput& console) {
+ColumnMap read_header_line(std::string_view line, const DataFileLayout& layout, TextOutput& console) {
   constexpr std::size_t line_length = kept_line_length;
   std::string text(line.substr(0, line_length));
   text.resize(line_length, ' ');
@@ -168,11 +166,11 @@ ColumnMap read_header_line(std::string_view line, const SteerSettings& settings,
   std::size_t place = 0;  // where the word at hand begins
   for (std::size_t i = 0; i < column_limit; ++i) {
     const std::int32_t column_no = static_cast<std::int32_t>(i) + 1;
-    const std::size_t found = text.find(settings.delimiter, place);
+    const std::size_t found = text.find(layout.delimiter, place);
     const std::size_t end = found == std::string::npos ? line_length : found;
     if (found == place) {
       // The place stays, so that the same delimiter is met in every further column.
-      if (settings.merge_delimiters) continue;
+      if (layout.merge_delimiters) continue;
       report_empty_word(column_no, console);
     }
     const ColumnWord word(without_leading_blanks(std::string_view(text).substr(place, end - place)));
@@ -184,8 +182,8 @@ ColumnMap read_header_line(std::string_view line, const SteerSettings& settings,
   return columns;
 }
 
-DataColumns read_columns(LineReader& data, const SteerSettings& settings, PopulationStore& store, RunStreams& streams) {
-  DataColumns columns = {settings.column_codes, {}};
+DataColumns read_columns(LineReader& data, const DataFileLayout& layout, PopulationStore& store, RunStreams& streams) {
+  DataColumns columns = {layout.column_codes, {}};
   std::int32_t code_sum = 0;
   for (const std::int32_t code : columns.codes) code_sum = wrapped(std::int64_t{code_sum} + code);
   if (code_sum == 0) {
@@ -194,7 +192,7 @@ DataColumns read_columns(LineReader& data, const SteerSettings& settings, Popula
       stop_on_input(streams,
                     {data.name, 0, 0, "", "the file is empty: a line with the names of the columns was expected"});
     }
-    columns = {read_header_line(header, settings, streams.console), std::string(header)};
+    columns = {read_header_line(header, layout, streams.console), std::string(header)};
   }
   announce_fields(columns.codes, store, streams.console);
   return columns;

@@ -10,46 +10,63 @@ namespace {
 
 struct HeaderWord {
   std::string_view word;
-  std::int32_t code;
+  FieldCode code;
 };
 
 // The table has gaps that herdbooks have learned to live with: "id moeder" and "Geb_datum" stand twice, "geb-datum"
 // has no form with a capital and "Geb datum" none without, and the import column has its capital only.
 constexpr std::array<HeaderWord, 163> header_word_table = {{
     // clang-format off
-    {"id", 1}, {"Id", 1}, {"ID", 1}, {"animal", 1}, {"Animal", 1}, {"dier", 1}, {"Dier", 1},
-    {"dad", 2}, {"sire", 2}, {"father", 2}, {"vader", 2}, {"id_dad", 2}, {"id_sire", 2}, {"id-dad", 2},
-    {"id-sire", 2}, {"id-vader", 2}, {"id_vader", 2}, {"id dad", 2}, {"id sire", 2}, {"id vader", 2},
-    {"Dad", 2}, {"Sire", 2}, {"Father", 2}, {"Vader", 2}, {"Id_dad", 2}, {"Id_sire", 2}, {"Id-dad", 2},
-    {"Id-sire", 2}, {"Id-vader", 2}, {"Id_vader", 2}, {"Id dad", 2}, {"Id sire", 2}, {"Id vader", 2},
-    {"mum", 3}, {"dam", 3}, {"mother", 3}, {"moeder", 3}, {"id_mum", 3}, {"id_dam", 3}, {"id-mum", 3},
-    {"id-dam", 3}, {"id-moeder", 3}, {"id_moeder", 3}, {"id mum", 3}, {"id dam", 3}, {"id moeder", 3},
-    {"id moeder", 3}, {"Mum", 3}, {"Dam", 3}, {"Mother", 3}, {"Moeder", 3}, {"Id_mum", 3}, {"Id_dam", 3},
-    {"Id-mum", 3}, {"Id-dam", 3}, {"Id-moeder", 3}, {"Id_moeder", 3}, {"Id mum", 3}, {"Id dam", 3},
-    {"Id moeder", 3},
-    {"name", 4}, {"naam", 4}, {"Name", 4}, {"Naam", 4},
-    {"name_dad", 5}, {"name-dad", 5}, {"name dad", 5}, {"name_sire", 5}, {"name-sire", 5}, {"name sire", 5},
-    {"name_father", 5}, {"name-father", 5}, {"name father", 5}, {"naam_vader", 5}, {"naam-vader", 5},
-    {"naam vader", 5}, {"Name_dad", 5}, {"Name-dad", 5}, {"Name dad", 5}, {"Name_sire", 5}, {"Name-sire", 5},
-    {"Name sire", 5}, {"Name_father", 5}, {"Name-father", 5}, {"Name father", 5}, {"Naam_vader", 5},
-    {"Naam-vader", 5}, {"Naam vader", 5},
-    {"name_mum", 6}, {"name-mum", 6}, {"name mum", 6}, {"name_dam", 6}, {"name-dam", 6}, {"name dam", 6},
-    {"name_mother", 6}, {"name-mother", 6}, {"name mother", 6}, {"naam_moeder", 6}, {"naam-moeder", 6},
-    {"naam moeder", 6}, {"Name_mum", 6}, {"Name-mum", 6}, {"Name mum", 6}, {"Name_dam", 6}, {"Name-dam", 6},
-    {"Name dam", 6}, {"Name_mother", 6}, {"Name-mother", 6}, {"Name mother", 6}, {"Naam_moeder", 6},
-    {"Naam-moeder", 6}, {"Naam moeder", 6},
-    {"sex", 7}, {"sexe", 7}, {"sekse", 7}, {"geslacht", 7}, {"Sex", 7}, {"Sexe", 7}, {"Sekse", 7},
-    {"Geslacht", 7},
-    {"birthdate", 8}, {"Birthdate", 8}, {"dob", 8}, {"DoB", 8}, {"DOB", 8}, {"geboortedatum", 8},
-    {"gebdatum", 8}, {"geb_datum", 8}, {"geb-datum", 8}, {"Geboortedatum", 8}, {"Gebdatum", 8},
-    {"Geb_datum", 8}, {"Geb_datum", 8}, {"Geb datum", 8},
-    {"colour", 9}, {"color", 9}, {"kleur", 9}, {"kleurslag", 9}, {"Colour", 9}, {"Color", 9}, {"Kleur", 9},
-    {"Kleurslag", 9},
-    {"breeder", 10}, {"fokker", 10}, {"Breeder", 10}, {"Fokker", 10},
-    {"breedtype", 11}, {"variety", 11}, {"herd", 11}, {"subpopulation", 11}, {"rastype", 11},
-    {"varieteit", 11}, {"kudde", 11}, {"subpopulatie", 11}, {"Breedtype", 11}, {"Variety", 11}, {"Herd", 11},
-    {"Subpopulation", 11}, {"Rastype", 11}, {"Varieteit", 11}, {"Kudde", 11}, {"Subpopulatie", 11},
-    {"Import", 12},
+    {"id", id_column}, {"Id", id_column}, {"ID", id_column}, {"animal", id_column}, {"Animal", id_column},
+    {"dier", id_column}, {"Dier", id_column},
+    {"dad", sire_column}, {"sire", sire_column}, {"father", sire_column}, {"vader", sire_column},
+    {"id_dad", sire_column}, {"id_sire", sire_column}, {"id-dad", sire_column}, {"id-sire", sire_column},
+    {"id-vader", sire_column}, {"id_vader", sire_column}, {"id dad", sire_column}, {"id sire", sire_column},
+    {"id vader", sire_column}, {"Dad", sire_column}, {"Sire", sire_column}, {"Father", sire_column},
+    {"Vader", sire_column}, {"Id_dad", sire_column}, {"Id_sire", sire_column}, {"Id-dad", sire_column},
+    {"Id-sire", sire_column}, {"Id-vader", sire_column}, {"Id_vader", sire_column}, {"Id dad", sire_column},
+    {"Id sire", sire_column}, {"Id vader", sire_column},
+    {"mum", dam_column}, {"dam", dam_column}, {"mother", dam_column}, {"moeder", dam_column}, {"id_mum", dam_column},
+    {"id_dam", dam_column}, {"id-mum", dam_column}, {"id-dam", dam_column}, {"id-moeder", dam_column},
+    {"id_moeder", dam_column}, {"id mum", dam_column}, {"id dam", dam_column}, {"id moeder", dam_column},
+    {"id moeder", dam_column}, {"Mum", dam_column}, {"Dam", dam_column}, {"Mother", dam_column},
+    {"Moeder", dam_column}, {"Id_mum", dam_column}, {"Id_dam", dam_column}, {"Id-mum", dam_column},
+    {"Id-dam", dam_column}, {"Id-moeder", dam_column}, {"Id_moeder", dam_column}, {"Id mum", dam_column},
+    {"Id dam", dam_column}, {"Id moeder", dam_column},
+    {"name", name_column}, {"naam", name_column}, {"Name", name_column}, {"Naam", name_column},
+    {"name_dad", sire_name_column}, {"name-dad", sire_name_column}, {"name dad", sire_name_column},
+    {"name_sire", sire_name_column}, {"name-sire", sire_name_column}, {"name sire", sire_name_column},
+    {"name_father", sire_name_column}, {"name-father", sire_name_column}, {"name father", sire_name_column},
+    {"naam_vader", sire_name_column}, {"naam-vader", sire_name_column}, {"naam vader", sire_name_column},
+    {"Name_dad", sire_name_column}, {"Name-dad", sire_name_column}, {"Name dad", sire_name_column},
+    {"Name_sire", sire_name_column}, {"Name-sire", sire_name_column}, {"Name sire", sire_name_column},
+    {"Name_father", sire_name_column}, {"Name-father", sire_name_column}, {"Name father", sire_name_column},
+    {"Naam_vader", sire_name_column}, {"Naam-vader", sire_name_column}, {"Naam vader", sire_name_column},
+    {"name_mum", dam_name_column}, {"name-mum", dam_name_column}, {"name mum", dam_name_column},
+    {"name_dam", dam_name_column}, {"name-dam", dam_name_column}, {"name dam", dam_name_column},
+    {"name_mother", dam_name_column}, {"name-mother", dam_name_column}, {"name mother", dam_name_column},
+    {"naam_moeder", dam_name_column}, {"naam-moeder", dam_name_column}, {"naam moeder", dam_name_column},
+    {"Name_mum", dam_name_column}, {"Name-mum", dam_name_column}, {"Name mum", dam_name_column},
+    {"Name_dam", dam_name_column}, {"Name-dam", dam_name_column}, {"Name dam", dam_name_column},
+    {"Name_mother", dam_name_column}, {"Name-mother", dam_name_column}, {"Name mother", dam_name_column},
+    {"Naam_moeder", dam_name_column}, {"Naam-moeder", dam_name_column}, {"Naam moeder", dam_name_column},
+    {"sex", sex_column}, {"sexe", sex_column}, {"sekse", sex_column}, {"geslacht", sex_column}, {"Sex", sex_column},
+    {"Sexe", sex_column}, {"Sekse", sex_column}, {"Geslacht", sex_column},
+    {"birthdate", birthdate_column}, {"Birthdate", birthdate_column}, {"dob", birthdate_column},
+    {"DoB", birthdate_column}, {"DOB", birthdate_column}, {"geboortedatum", birthdate_column},
+    {"gebdatum", birthdate_column}, {"geb_datum", birthdate_column}, {"geb-datum", birthdate_column},
+    {"Geboortedatum", birthdate_column}, {"Gebdatum", birthdate_column}, {"Geb_datum", birthdate_column},
+    {"Geb_datum", birthdate_column}, {"Geb datum", birthdate_column},
+    {"colour", colour_column}, {"color", colour_column}, {"kleur", colour_column}, {"kleurslag", colour_column},
+    {"Colour", colour_column}, {"Color", colour_column}, {"Kleur", colour_column}, {"Kleurslag", colour_column},
+    {"breeder", breeder_column}, {"fokker", breeder_column}, {"Breeder", breeder_column}, {"Fokker", breeder_column},
+    {"breedtype", subpopulation_column}, {"variety", subpopulation_column}, {"herd", subpopulation_column},
+    {"subpopulation", subpopulation_column}, {"rastype", subpopulation_column}, {"varieteit", subpopulation_column},
+    {"kudde", subpopulation_column}, {"subpopulatie", subpopulation_column}, {"Breedtype", subpopulation_column},
+    {"Variety", subpopulation_column}, {"Herd", subpopulation_column}, {"Subpopulation", subpopulation_column},
+    {"Rastype", subpopulation_column}, {"Varieteit", subpopulation_column}, {"Kudde", subpopulation_column},
+    {"Subpopulatie", subpopulation_column},
+    {"Import", import_column},
     // clang-format on
 }};
 
@@ -58,7 +75,7 @@ constexpr std::array<HeaderWord, 163> header_word_table = {{
 FieldCode field_code_of(std::string_view word) {
   const auto* const found = std::find_if(header_word_table.begin(), header_word_table.end(),
                                          [&](const HeaderWord& entry) { return same_text(entry.word, word); });
-  return found == header_word_table.end() ? unused_column : static_cast<FieldCode>(found->code);
+  return found == header_word_table.end() ? unused_column : found->code;
 }
 
 }  // namespace pedigreewatch

@@ -15,10 +15,9 @@ constexpr Wording parents_found = {"parents found and offspring checked", "ouder
 void count_offspring(PopulationStore& store, std::int32_t parent_no, bool child_is_import) {
   AnimalRecord& parent = store.at(parent_no);
   ++parent.offspring_count;
-  parent.is_parent = logical_true;
   if (child_is_import) return;
   ++parent.native_offspring_count;
-  parent.is_native_parent = logical_true;
+  parent.is_native_parent = true;
 }
 
 }  // namespace
@@ -31,7 +30,7 @@ void link_parents(PopulationStore& store, const IdIndex& index, RunStreams& stre
     }
     AnimalRecord& animal = store.at(i);
     fetch_later_parents(store, animal);
-    const bool is_import = is_true(animal.is_import);
+    const bool is_import = animal.is_import;
     if (!(animal.sire_id == unknown_parent_id)) {
       if (animal.sire_no == 0) animal.sire_no = find_animal(index, store, animal.sire_id);
       if (animal.sire_no != 0) {

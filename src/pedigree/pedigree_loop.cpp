@@ -3,9 +3,11 @@
 
 #include "pedigree/pedigree_loop.h"
 
-#include <cstddef>
+#include <algorithm>
+#include <iterator>
 #include <vector>
 
+#include "core/by_number.h"
 #include "core/line_writer.h"
 #include "core/wording.h"
 
@@ -58,36 +60,45 @@ void print_animal(const PopulationStore& store, const AnimalRecord& animal, RunS
   for (TextOutput* output : {&streams.console, &streams.report}) write_free_line(*output, {"    "});
 }
 
-/// Offspring of each animal, through linked lists: `first` by parent, `next` by parental role of the child.
-struct OffspringLists {
-  std::vector<std::int32_t> first, next;
+/// The children of each animal, the children of one parent together.
+struct ChildLists {
+  struct Role {
+    std::int32_t parent = 0, child = 0;
+  };
+  std::vector<Role> roles;  ///< by parent
+
+  std::span<const Role> of(std::int32_t parent) const {
+    const auto found = std::ranges::equal_range(roles, parent, {}, &Role::parent);
+    return {found.begin(), found.end()};
+  }
 };
 
-/// Marks every animal of the list both of whose parents are unknown or settled. An animal that is settled lets its
-/// offspring come one parent closer, so that each pair of parent and child is looked at once.
-std::vector<char> find_settled(const PopulationStore& store, std::span<const std::int32_t> unplaced) {
-  const std::size_t size = store.animals.size() + 1;
-  OffspringLists offspring{std::vector<std::int32_t>(size, 0), std::vector<std::int32_t>(2 * size, 0)};
-  std::vector<char> unsettled_parents(size, 0), settled(size, 0);
-  std::vector<std::int32_t> waiting;
-  const auto add_to_parent = [&](std::int32_t parent, std::int32_t role_of_child) {
-    offspring.next[static_cast<std::size_t>(role_of_child)] = offspring.first[static_cast<std::size_t>(parent)];
-    offspring.first[static_cast<std::size_t>(parent)] = role_of_child;
-  };
-  for (const std::int32_t i : unplaced) {
-    const AnimalRecord& animal = store.at(i);
-    char& count = unsettled_parents[static_cast<std::size_t>(i)];
-    if (animal.sire_no != 0) add_to_parent(animal.sire_no, 2 * i), ++count;
-    if (animal.dam_no != 0) add_to_parent(animal.dam_no, 2 * i + 1), ++count;
-    if (count == 0) waiting.push_back(i);
+ChildLists list_children(const PopulationStore& store, std::span<const std::int32_t> animals) {
+  ChildLists children;
+  for (const std::int32_t i : animals) {
+    for (const std::int32_t parent : {store.at(i).sire_no, store.at(i).dam_no}) {
+      if (parent != 0) children.roles.push_back({parent, i});
+    }
   }
+  std::ranges::sort(children.roles, {}, &ChildLists::Role::parent);
+  return children;
+}
+
+/// Marks every animal of the list both of whose parents are unknown or settled. An animal that is settled lets its
+/// children come one parent closer, so that each pair of parent and child is looked at once.
+ByNumber<char> find_settled(const PopulationStore& store, std::span<const std::int32_t> unplaced) {
+  const ChildLists children = list_children(store, unplaced);
+  ByNumber<char> unsettled_parents(store.animals.size()), settled(store.animals.size());
+  for (const ChildLists::Role& role : children.roles) ++unsettled_parents[role.child];
+  std::vector<std::int32_t> waiting;
+  std::ranges::copy_if(unplaced, std::back_inserter(waiting),
+                       [&](std::int32_t i) { return unsettled_parents[i] == 0; });
   while (!waiting.empty()) {
     const std::int32_t parent = waiting.back();
     waiting.pop_back();
-    settled[static_cast<std::size_t>(parent)] = 1;
-    for (std::int32_t role = offspring.first[static_cast<std::size_t>(parent)]; role != 0;
-         role = offspring.next[static_cast<std::size_t>(role)]) {
-      if (--unsettled_parents[static_cast<std::size_t>(role / 2)] == 0) waiting.push_back(role / 2);
+    settled[parent] = 1;
+    for (const ChildLists::Role& role : children.of(parent)) {
+      if (--unsettled_parents[role.child] == 0) waiting.push_back(role.child);
     }
   }
   return settled;
@@ -101,11 +112,11 @@ void report_pedigree_loop(const PopulationStore& store, std::span<const std::int
   std::vector<LineItem> numbers = {"unsnrs"};
   for (const std::int32_t i : unplaced) numbers.emplace_back(store.at(i).number);
   write_free_line(streams.console, numbers);
-  const std::vector<char> settled = find_settled(store, unplaced);
+  const ByNumber<char> settled = find_settled(store, unplaced);
   write_free_line(streams.console, {cannot_be_sorted});
   write_free_line(streams.report, {cannot_be_sorted});
   for (const std::int32_t i : unplaced) {
-    if (settled[static_cast<std::size_t>(i)] == 0) print_animal(store, store.at(i), streams);
+    if (settled[i] == 0) print_animal(store, store.at(i), streams);
   }
   write_free_line(streams.console, {will_stop});
   write_free_line(streams.report, {has_stopped});

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "core/by_number.h"
 #include "core/line_writer.h"
 #include "core/progress.h"
 #include "core/wording.h"
@@ -70,28 +71,28 @@ void check_birth_order(const AnimalRecord& child, const AnimalRecord& parent, co
 
 /// How far the sort has come.
 struct SortState {
-  std::vector<std::int32_t> remaining;  ///< by position: offspring that have not been placed yet
-  std::vector<std::int32_t> unplaced;   ///< positions without a place, descending
-  std::vector<std::int32_t> order;      ///< order[p - 1]: position of the animal that will stand at position p
-  std::int32_t last_free = 0;           ///< the next place to be filled
+  ByNumber<std::int32_t> remaining;    ///< by position: offspring that have not been placed yet
+  std::vector<std::int32_t> unplaced;  ///< positions without a place, descending
+  ByNumber<std::int32_t> order;        ///< by new position: the position of the animal that will stand there
+  std::int32_t last_free = 0;          ///< the next place to be filled
 };
 
 SortState begin_sort(const PopulationStore& store) {
   SortState state;
   const std::size_t size = store.animals.size();
-  state.remaining.resize(size + 1);
-  state.unplaced.resize(size);
-  state.order.assign(size, 0);
+  state.remaining = ByNumber<std::int32_t>(size);
+  state.order = ByNumber<std::int32_t>(size);
   state.last_free = store.animal_count;
-  for (std::size_t i = 0; i < size; ++i) {
-    state.remaining[i + 1] = store.animals[i].offspring_count;
-    state.unplaced[i] = static_cast<std::int32_t>(size - i);
+  state.unplaced.reserve(size);
+  for (std::int32_t i = store.animal_count; i > 0; --i) {
+    state.remaining[i] = store.at(i).offspring_count;
+    state.unplaced.push_back(i);
   }
   return state;
 }
 
 void print_sweep(const SortState& state, std::int32_t sweep_no, const PopulationStore& store, TextOutput& console) {
-  const auto is_free = [&](std::int32_t i) { return state.remaining[static_cast<std::size_t>(i)] == 0; };
+  const auto is_free = [&](std::int32_t i) { return state.remaining[i] == 0; };
   const std::int64_t free_count = std::count_if(state.unplaced.begin(), state.unplaced.end(), is_free);
   const std::int64_t unplaced_count = static_cast<std::int64_t>(state.unplaced.size());
   write_free_line(console, {sweep, sweep_no, without_unsorted, free_count});
@@ -105,15 +106,15 @@ void print_sweep(const SortState& state, std::int32_t sweep_no, const Population
 /// Places one animal and takes it off its parents' remaining offspring.
 void place_animal(SortState& state, std::int32_t i, const PopulationStore& store, RunStreams& streams) {
   const AnimalRecord& animal = store.at(i);
-  state.order[static_cast<std::size_t>(state.last_free) - 1] = i;
+  state.order[state.last_free] = i;
   --state.last_free;
   if (animal.sire_no != 0) {
     check_birth_order(animal, store.at(animal.sire_no), father_wording, streams);
-    --state.remaining[static_cast<std::size_t>(animal.sire_no)];
+    --state.remaining[animal.sire_no];
   }
   if (animal.dam_no != 0) {
     check_birth_order(animal, store.at(animal.dam_no), mother_wording, streams);
-    --state.remaining[static_cast<std::size_t>(animal.dam_no)];
+    --state.remaining[animal.dam_no];
   }
 }
 
@@ -122,7 +123,7 @@ void fetch_parents(const SortState& state, const AnimalRecord& animal, const Pop
   for (const std::int32_t parent : {animal.sire_no, animal.dam_no}) {
     if (parent == 0) continue;
     fetch_early(&store.at(parent));
-    fetch_early(&state.remaining[static_cast<std::size_t>(parent)]);
+    fetch_early(&state.remaining[parent]);
   }
 }
 
@@ -134,7 +135,7 @@ void run_sweep(SortState& state, const PopulationStore& store, RunStreams& strea
     if (turn + look_ahead < state.unplaced.size()) {
       fetch_parents(state, store.at(state.unplaced[turn + look_ahead]), store);
     }
-    if (state.remaining[static_cast<std::size_t>(i)] == 0) {
+    if (state.remaining[i] == 0) {
       place_animal(state, i, store, streams);
     } else {
       state.unplaced[kept++] = i;
@@ -145,11 +146,11 @@ void run_sweep(SortState& state, const PopulationStore& store, RunStreams& strea
 
 bool nothing_can_be_placed(const SortState& state) {
   return std::none_of(state.unplaced.begin(), state.unplaced.end(),
-                      [&](std::int32_t i) { return state.remaining[static_cast<std::size_t>(i)] == 0; });
+                      [&](std::int32_t i) { return state.remaining[i] == 0; });
 }
 
 /// Fills `order`, or stops the run at a loop.
-std::vector<std::int32_t> find_order(const PopulationStore& store, RunStreams& streams) {
+ByNumber<std::int32_t> find_order(const PopulationStore& store, RunStreams& streams) {
   SortState state = begin_sort(store);
   for (std::int32_t sweep_no = 1; sweep_no <= sweep_limit; ++sweep_no) {
     print_sweep(state, sweep_no, store, streams.console);
@@ -164,41 +165,37 @@ std::vector<std::int32_t> find_order(const PopulationStore& store, RunStreams& s
       report_pedigree_loop(store, state.unplaced, streams);
     }
   }
-  std::reverse_copy(state.unplaced.begin(), state.unplaced.end(), state.order.begin());
+  std::reverse_copy(state.unplaced.begin(), state.unplaced.end(), state.order.values.begin() + 1);
   return std::move(state.order);
 }
 
 /// Moves every record to its place, cycle by cycle, so that no second store is needed.
-void reorder_records(PopulationStore& store, const std::vector<std::int32_t>& order) {
-  std::vector<bool> is_done(order.size(), false);
-  for (std::size_t start = 0; start < order.size(); ++start) {
-    if (is_done[start]) continue;
-    is_done[start] = true;
-    if (static_cast<std::size_t>(order[start]) == start + 1) continue;
-    const AnimalRecord first = store.animals[start];
-    std::size_t place = start;
-    for (;;) {
-      const std::size_t source = static_cast<std::size_t>(order[place]) - 1;
-      is_done[place] = true;
-      if (source == start) break;
-      store.animals[place] = store.animals[source];
+void reorder_records(PopulationStore& store, const ByNumber<std::int32_t>& order) {
+  ByNumber<char> is_done(store.animals.size());
+  for (std::int32_t start = 1; start <= order.last(); ++start) {
+    if (is_done[start] != 0) continue;
+    is_done[start] = 1;
+    if (order[start] == start) continue;
+    const AnimalRecord first = store.at(start);
+    std::int32_t place = start;
+    for (std::int32_t source = order[place]; source != start; source = order[place]) {
+      store.at(place) = store.at(source);
       place = source;
+      is_done[place] = 1;
     }
-    store.animals[place] = first;
+    store.at(place) = first;
   }
 }
 
 /// Turns old positions into new ones, in the records' own numbers and in the references to parents. The last record
 /// keeps its old number; nothing refers to it.
-void renumber_records(PopulationStore& store, const std::vector<std::int32_t>& order, TextOutput& console) {
+void renumber_records(PopulationStore& store, const ByNumber<std::int32_t>& order, TextOutput& console) {
   write_free_line(console, {"renumber pedigree"});
-  std::vector<std::int32_t> new_position(order.size() + 1, 0);
-  for (std::size_t p = 0; p < order.size(); ++p) {
-    new_position[static_cast<std::size_t>(order[p])] = static_cast<std::int32_t>(p) + 1;
-  }
+  ByNumber<std::int32_t> new_position(store.animals.size());
+  for (std::int32_t p = 1; p <= order.last(); ++p) new_position[order[p]] = p;
   for (AnimalRecord& animal : store.animals) {
-    animal.sire_no = new_position[static_cast<std::size_t>(animal.sire_no)];
-    animal.dam_no = new_position[static_cast<std::size_t>(animal.dam_no)];
+    animal.sire_no = new_position[animal.sire_no];
+    animal.dam_no = new_position[animal.dam_no];
   }
   ProgressCounter progress{progress_interval(store.animal_count, 100, 500, 1000)};
   for (std::int32_t i = 1; i < store.animal_count; ++i) {
@@ -210,7 +207,7 @@ void renumber_records(PopulationStore& store, const std::vector<std::int32_t>& o
 }  // namespace
 
 void sort_pedigree(PopulationStore& store, RunStreams& streams) {
-  const std::vector<std::int32_t> order = find_order(store, streams);
+  const ByNumber<std::int32_t> order = find_order(store, streams);
   reorder_records(store, order);
   renumber_records(store, order, streams.console);
 }

@@ -1,9 +1,6 @@
 // Sorts the store so that parents stand before their offspring: from the back, by generations of descendants.
 #pragma once
 
-#include <cstdint>
-#include <vector>
-
 #include "core/run_streams.h"
 #include "pedigree/population_store.h"
 

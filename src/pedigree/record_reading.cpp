@@ -9,7 +9,6 @@
 #include "core/line_writer.h"
 #include "core/progress.h"
 #include "core/wording.h"
-#include "pedigree/birth_date.h"
 #include "pedigree/data_columns.h"
 #include "pedigree/header_words.h"
 
@@ -83,10 +82,9 @@ void report_unknown_subpopulation(const AnimalRecord& record, const Wording& sec
   write_free_line(output, {second_line, record.subpopulation});
 }
 
-void check_subpopulation(const AnimalRecord& record, const SteerSettings& settings, RunStreams& streams) {
-  if (record.subpopulation.is_blank()) return;
-  const auto& allowed = settings.subpopulation_names;
-  if (std::find(allowed.begin(), allowed.end(), record.subpopulation) != allowed.end()) return;
+/// A blank one is no mistake: the animal belongs to none.
+void check_subpopulation(const AnimalRecord& record, RunStreams& streams) {
+  if (record.subpopulation.is_blank() || record.subpopulation_no != 0) return;
   report_unknown_subpopulation(record, unknown_subpopulation, streams.console);
   report_unknown_subpopulation(record, unknown_subpopulation_in_report, streams.report);
 }
@@ -101,20 +99,19 @@ std::string_view heading_of(std::string_view header_line, std::int64_t field, ch
   return without_leading_blanks(without_trailing_blanks(header_line.substr(0, header_line.find(delimiter))));
 }
 
-void store_birth_date(std::string_view field, const SteerSettings& settings, const FieldPlace& place,
+void store_birth_date(std::string_view field, const DataFileLayout& layout, const FieldPlace& place,
                       AnimalRecord& record, RunStreams& streams) {
-  const DateLayout layout = {settings.date_has_delimiters, settings.date_year_first, settings.date_day_first};
   BirthDate date;
-  if (!read_birth_date(field, layout, date)) {
+  if (!read_birth_date(field, layout.dates, date)) {
     const std::string expected =
-        "a date of birth in the layout " + std::string(settings.date_layout.trimmed()) + " was expected";
+        "a date of birth in the layout " + std::string(layout.date_layout.trimmed()) + " was expected";
     stop_on_input(streams, {.file = place.file,
                             .line = place.line,
                             .column = place.column,
                             .text = without_trailing_blanks(field),
                             .expected = expected,
                             .field = place.field,
-                            .heading = heading_of(place.header_line, place.field, settings.delimiter)});
+                            .heading = heading_of(place.header_line, place.field, layout.delimiter)});
   }
   record.birth_year = date.year;
   record.birth_month = date.month;
@@ -138,7 +135,7 @@ void dump_record(const AnimalRecord& record, std::int32_t record_number, const P
   if (store.has_colour) write_free_line(console, {"colour        = ", record.colour});
   if (store.has_breeder) write_free_line(console, {"breeder       = ", record.breeder});
   if (store.has_subpopulation) write_free_line(console, {"subpopulation = ", record.subpopulation});
-  if (store.has_import) write_free_line(console, {"Import = ", is_true(record.is_import) ? " T" : " F"});
+  if (store.has_import) write_free_line(console, {"Import = ", record.is_import ? " T" : " F"});
 }
 
 /// The columns up to the last one that has a code.
@@ -148,14 +145,10 @@ std::span<const std::int32_t> columns_that_count(const ColumnMap& columns) {
   return {columns.data(), count};
 }
 
-void stop_if_unreadable(const LineReader& data, RunStreams& streams) {
-  if (data.error != 0) stop_on_file(streams, data.name, error_text(data.error));
-}
-
 }  // namespace
 
-void store_field(std::string_view field, std::int32_t field_code, const SteerSettings& settings,
-                 const FieldPlace& place, AnimalRecord& record, RunStreams& streams) {
+void store_field(std::string_view field, std::int32_t field_code, const DataFileLayout& layout, const FieldPlace& place,
+                 AnimalRecord& record, RunStreams& streams) {
   const std::int32_t r = place.record_number;
   const std::string_view text = without_trailing_blanks(field);
   const std::string_view parent = stands_for_unknown(text) ? unknown_parent_id : text;
@@ -165,26 +158,30 @@ void store_field(std::string_view field, std::int32_t field_code, const SteerSet
     case sire_column: return store_text(parent, sire_warning, r, record.sire_id, console);
     case dam_column: return store_text(parent, dam_warning, r, record.dam_id, console);
     case name_column: return store_text(text, name_warning, r, record.name, console);
-    case sex_column: record.sex = is_male(field, settings.male_letters) ? male : female; return;
-    case birthdate_column: return store_birth_date(field, settings, place, record, streams);
-    case colour_column: return store_text(text, colour_warning, r, record.colour, console);
+    case sex_column: record.sex = is_male(field, layout.male_letters) ? male : female; return;
+    case birthdate_column: return store_birth_date(field, layout, place, record, streams);
+    case colour_column:
+      store_text(text, colour_warning, r, record.colour, console);
+      record.colour_no = layout.colours.number_of(record.colour);
+      return;
     case breeder_column: return store_text(text, breeder_warning, r, record.breeder, console);
     case subpopulation_column:
       store_text(text, subpopulation_warning, r, record.subpopulation, console);
-      return check_subpopulation(record, settings, streams);
+      record.subpopulation_no = layout.subpopulations.number_of(record.subpopulation);
+      return check_subpopulation(record, streams);
     case import_column: {
       constexpr std::size_t width = 20;
-      record.is_import = without_trailing_blanks(text.substr(0, width)).empty() ? logical_false : logical_true;
+      record.is_import = !without_trailing_blanks(text.substr(0, width)).empty();
       return;
     }
     default: return;
   }
 }
 
-void store_line(std::string_view line, std::span<const std::int32_t> columns, const SteerSettings& settings,
+void store_line(std::string_view line, std::span<const std::int32_t> columns, const DataFileLayout& layout,
                 const FieldPlace& start, AnimalRecord& record, RunStreams& streams) {
   std::string padded;
-  if (settings.delimiter == ' ') {  // the blanks behind the end of a short line are delimiters then
+  if (layout.delimiter == ' ') {  // the blanks behind the end of a short line are delimiters then
     padded.assign(line);
     padded.resize(kept_line_length, ' ');
     line = padded;
@@ -194,18 +191,27 @@ void store_line(std::string_view line, std::span<const std::int32_t> columns, co
   for (const std::int32_t code : columns) {
     ++place.field;
     const std::size_t begin = std::min(next, line.size());
-    const std::size_t end = std::min(line.find(settings.delimiter, begin), line.size());
+    const std::size_t end = std::min(line.find(layout.delimiter, begin), line.size());
     const bool is_left_out = end == begin && begin < line.size();  // the delimiter stands where the field begins
-    if (code != unused_column && !(is_left_out && settings.merge_delimiters)) {
+    if (code != unused_column && !(is_left_out && layout.merge_delimiters)) {
       place.column = static_cast<std::int64_t>(begin) + 1;
-      store_field(line.substr(begin, end - begin), code, settings, place, record, streams);
+      store_field(line.substr(begin, end - begin), code, layout, place, record, streams);
     }
     next = end + 1;
   }
 }
 
-void read_data_file(LineReader& data, const SteerSettings& settings, PopulationStore& store, RunStreams& streams) {
-  const DataColumns data_columns = read_columns(data, settings, store, streams);
+PopulationStore read_population(LineReader& data, std::int32_t line_count, const DataFileLayout& layout,
+                                RunStreams& streams) {
+  PopulationStore store;
+  allocate_records(store, line_count - 1, {layout.subpopulations.number_of({}), layout.colours.number_of({})});
+  read_data_file(data, layout, store, streams);
+  store.birth_years = birth_years_of(store.animals);
+  return store;
+}
+
+void read_data_file(LineReader& data, const DataFileLayout& layout, PopulationStore& store, RunStreams& streams) {
+  const DataColumns data_columns = read_columns(data, layout, store, streams);
   const std::span<const std::int32_t> columns = columns_that_count(data_columns.codes);
   const std::int32_t interval = record_interval(store.animal_count);
   std::int32_t counter = 1;
@@ -218,7 +224,7 @@ void read_data_file(LineReader& data, const SteerSettings& settings, PopulationS
     }
     record.line = static_cast<std::int32_t>(data.line_number);
     const FieldPlace start = {data.name, data.line_number, 0, r, 0, data_columns.header_line};
-    store_line(line, columns, settings, start, record, streams);
+    store_line(line, columns, layout, start, record, streams);
     if (++counter == interval) {
       dump_record(record, r, store, streams.console);
       counter = -1;

@@ -17,34 +17,32 @@ struct ReferenceCode {
   bool is_set = false;
 };
 
-void count_birth(const PopulationStore& store, const AnimalRecord& animal, std::int32_t group,
-                 YearTable<std::int32_t>& year_table) {
-  const std::int32_t row = animal.birth_year >= 1 ? store.birth_years.row_of(animal.birth_year) : 0;
-  if (row != 0) ++year_table.at(row, group);
+void count_birth(const PopulationStore& store, const AnimalRecord& animal, YearTable<std::int32_t>& births) {
+  const Row row = animal.birth_year >= 1 ? store.birth_years.row_of(animal.birth_year) : 0;
+  if (row != 0) ++births.at(row, animal.subpopulation_no);
 }
 
 /// A mating counts only when both parents belong to a subpopulation.
-void count_descent(const AnimalRecord& animal, std::int32_t group, const SubpopulationMembership& membership,
-                   SubpopulationOverlap& overlap) {
+void count_descent(const PopulationStore& store, const AnimalRecord& animal, SubpopulationOverlap& overlap) {
   if (animal.sire_no <= 0 || animal.dam_no <= 0) return;
-  const std::int32_t sire_group = membership.of_animal(animal.sire_no);
-  const std::int32_t dam_group = membership.of_animal(animal.dam_no);
-  if (sire_group == 0 || dam_group == 0) return;
-  ++overlap.at(group, sire_group);
-  ++overlap.at(group, dam_group);
+  const std::int32_t of_sire = store.at(animal.sire_no).subpopulation_no;
+  const std::int32_t of_dam = store.at(animal.dam_no).subpopulation_no;
+  if (of_sire == 0 || of_dam == 0) return;
+  ++overlap.at(animal.subpopulation_no, of_sire);
+  ++overlap.at(animal.subpopulation_no, of_dam);
 }
 
-/// Counting is done by group, at its first name. A name that stands in the steer file again gets the same counts.
-void copy_to_equal_names(const SubpopulationMembership& membership, YearTable<std::int32_t>& year_table,
-                         SubpopulationOverlap& overlap) {
-  const auto group_of = [&](std::int32_t k) { return membership.group_of_name[static_cast<std::size_t>(k) - 1]; };
-  for (std::int32_t k = 1; k <= overlap.size; ++k) {
-    for (std::int32_t j = 1; j <= overlap.size; ++j) {
-      if (group_of(k) != k || group_of(j) != j) overlap.at(k, j) = overlap.at(group_of(k), group_of(j));
+/// Counting is done at the first number of a name. A name that stands in the steer file again gets the same counts.
+void copy_to_equal_names(const Subpopulations& subpopulations, SubpopulationScan& scan) {
+  for (std::int32_t k = 1; k <= subpopulations.count(); ++k) {
+    const std::int32_t first_k = subpopulations.first_numbers.at(k);
+    for (std::int32_t j = 1; j <= subpopulations.count(); ++j) {
+      const std::int32_t first_j = subpopulations.first_numbers.at(j);
+      if (first_k != k || first_j != j) scan.overlap.at(k, j) = scan.overlap.at(first_k, first_j);
     }
-    if (group_of(k) == k) continue;
-    for (std::int64_t row = 1; row <= year_table.row_count; ++row) {
-      if (year_table.is_stored(row)) year_table.at(row, k) = year_table.value(row, group_of(k));
+    if (first_k == k) continue;
+    for (Row row = 1; row <= scan.births.row_count(); ++row) {
+      if (scan.births.is_stored(row)) scan.births.at(row, k) = scan.births.value(row, first_k);
     }
   }
 }
@@ -70,21 +68,34 @@ void check_breed_code(const AnimalRecord& animal, std::int32_t position, Referen
 
 }  // namespace
 
-void scan_subpopulations(const PopulationStore& store, const SubpopulationMembership& membership,
-                         YearTable<std::int32_t>& year_table, SubpopulationOverlap& overlap, TextOutput& console) {
+SubpopulationScan scan_subpopulations(const PopulationStore& store, const Subpopulations& subpopulations,
+                                      TextOutput& console) {
+  SubpopulationScan scan{{store.birth_years.row_count(), subpopulations.count()},
+                         SubpopulationOverlap(subpopulations.count())};
   ReferenceCode reference;
   std::int32_t position = 0;
   for (const AnimalRecord& animal : store.animals) {
     ++position;
-    const std::int32_t group = membership.of_animal(position);
-    if (group == 0) {
+    if (animal.subpopulation_no == 0) {
       check_breed_code(animal, position, reference, console);
     } else {
-      count_birth(store, animal, group, year_table);
-      count_descent(animal, group, membership, overlap);
+      count_birth(store, animal, scan.births);
+      count_descent(store, animal, scan.overlap);
     }
   }
-  copy_to_equal_names(membership, year_table, overlap);
+  copy_to_equal_names(subpopulations, scan);
+  return scan;
+}
+
+ByNumber<std::vector<std::int32_t>> animals_by_subpopulation(const PopulationStore& store,
+                                                             const Subpopulations& subpopulations) {
+  ByNumber<std::vector<std::int32_t>> animals(subpopulations.names.entries.size());
+  std::int32_t position = 0;
+  for (const AnimalRecord& animal : store.animals) {
+    ++position;
+    if (animal.subpopulation_no != 0) animals[animal.subpopulation_no].push_back(position);
+  }
+  return animals;
 }
 
 }  // namespace pedigreewatch

@@ -6,30 +6,24 @@ namespace pedigreewatch {
 
 YearGroups group_by_year(const PopulationStore& store, std::span<const std::int32_t> positions) {
   YearGroups groups;
-  groups.start.assign(static_cast<std::size_t>(store.birth_years.row_count()) + 1, 0);
-  const auto row_of = [&](std::int32_t position) {
-    return static_cast<std::size_t>(store.birth_years.row_of(store.at(position).birth_year));
-  };
+  const std::int32_t row_count = store.birth_years.row_count();
+  ByNumber<std::int32_t> next(static_cast<std::size_t>(row_count));
+  const auto row_of = [&](std::int32_t position) { return store.birth_years.row_of(store.at(position).birth_year); };
+  for (const std::int32_t position : positions) ++next[row_of(position)];
+  next[0] = 0;  // animals without a year are in no group
+  std::partial_sum(next.values.begin(), next.values.end(), next.values.begin());
+  groups.end = next;
+  NumberedList<std::int32_t> animals;
+  animals.entries.resize(static_cast<std::size_t>(next[row_count]));
   for (const std::int32_t position : positions) {
-    if (const std::size_t row = row_of(position); row > 0) ++groups.start[row];
+    if (const std::int32_t row = row_of(position); row > 0) animals.at(++next[row - 1]) = position;
   }
-  std::partial_sum(groups.start.begin(), groups.start.end(), groups.start.begin());
-  groups.animals.resize(static_cast<std::size_t>(groups.start.back()));
-  // Each row's start walks to the next row's start while the row is filled; then all starts move one row back.
-  for (const std::int32_t position : positions) {
-    const std::size_t row = row_of(position);
-    if (row == 0) continue;
-    groups.animals[static_cast<std::size_t>(groups.start[row - 1]++)] = position;
-  }
-  for (std::size_t row = groups.start.size() - 1; row > 0; --row) groups.start[row] = groups.start[row - 1];
-  groups.start[0] = 0;
+  groups.animals = std::move(animals.entries);
   return groups;
 }
 
 YearGroups group_by_year(const PopulationStore& store) {
-  std::vector<std::int32_t> all(store.animals.size());
-  std::iota(all.begin(), all.end(), 1);
-  return group_by_year(store, all);
+  return group_by_year(store, all_positions(store));
 }
 
 }  // namespace pedigreewatch

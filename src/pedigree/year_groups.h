@@ -1,25 +1,29 @@
 // The animals of each birth year, found once and used by every pass that works year by year.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
 
+#include "core/by_number.h"
+#include "core/year_table.h"
 #include "pedigree/population_store.h"
 
 namespace pedigreewatch {
 
+/// The animals of one year: positions in the store, ascending.
+using YearAnimals = std::span<const std::int32_t>;
+
 struct YearGroups {
-  std::vector<std::int32_t> start;    ///< by row: where its animals begin in `animals`; one more for the end
+  ByNumber<std::int32_t> end;         ///< by row: where its animals end in `animals`, and those of the next row begin
   std::vector<std::int32_t> animals;  ///< positions, year by year, ascending within a year
 
   /// The animals born in the year of `row` (counted from 1), in store order.
-  std::span<const std::int32_t> of_row(std::int64_t row) const {
-    if (row < 1 || static_cast<std::size_t>(row) >= start.size()) return {};
-    const auto from = static_cast<std::size_t>(start[static_cast<std::size_t>(row) - 1]);
-    const auto to = static_cast<std::size_t>(start[static_cast<std::size_t>(row)]);
-    return std::span<const std::int32_t>(animals).subspan(from, to - from);
+  YearAnimals of_row(Row row) const {
+    if (row < 1 || row > end.last()) return {};
+    const auto begin_of = [&](std::int32_t number) { return animals.begin() + end[number]; };
+    const std::int32_t number = static_cast<std::int32_t>(row);
+    return {begin_of(number - 1), begin_of(number)};
   }
 };
 

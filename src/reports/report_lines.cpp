@@ -1,16 +1,9 @@
 #include "reports/report_lines.h"
 
+#include <iterator>
 #include <string>
 
 namespace pedigreewatch {
-namespace {
-
-constexpr std::string_view year_row_fields = "(I8,005I8) ";
-constexpr std::string_view label_row_fields = "(A8,005I8) ";
-constexpr std::string_view name_row_fields = "(A8,005A8) ";
-
-}  // namespace
-
 void write_blank_line(TextOutput& report, std::size_t blanks) {
   write_free_line(report, {std::string(blanks, ' ')});
 }
@@ -40,23 +33,17 @@ std::vector<std::int64_t> column_sums(const YearTable<std::int32_t>& table) {
 void write_column_numbers(TextOutput& report, std::string_view label, std::int64_t count) {
   std::vector<LineItem> items = {label};
   for (std::int64_t number = 1; number <= count; ++number) items.emplace_back(number);
-  write_format_line(report, with_column_count(label_row_fields, count), items);
-}
-
-void write_column_names(TextOutput& report, std::string_view label, std::span<const std::string_view> names) {
-  std::vector<LineItem> items = {label};
-  items.insert(items.end(), names.begin(), names.end());
-  write_format_line(report, with_column_count(name_row_fields, static_cast<std::int64_t>(names.size())), items);
+  write_format_line(report, row_fields("A8", count, "I8"), items);
 }
 
 void write_count_rows(const ReportFrame& frame, const YearTable<std::int32_t>& table) {
-  write_year_rows(frame, table, 1, table.column_count, year_row_fields);
+  write_year_rows(frame, table, 1, table.column_count, "I8");
 }
 
 void write_count_total(TextOutput& report, const LineItem& label, std::span<const std::int64_t> totals) {
   std::vector<LineItem> items = {label};
   items.insert(items.end(), totals.begin(), totals.end());
-  write_format_line(report, with_column_count(label_row_fields, static_cast<std::int64_t>(totals.size())), items);
+  write_format_line(report, row_fields("A8", std::ssize(totals), "I8"), items);
 }
 
 }  // namespace pedigreewatch

@@ -9,18 +9,25 @@
 #include <string_view>
 #include <vector>
 
-#include "control/species.h"
 #include "core/line_writer.h"
 #include "core/wording.h"
 #include "core/year_table.h"
+#include "pedigree/population_store.h"
+#include "reports/species_nouns.h"
+#include "statistics/breeder_list.h"
 
 namespace pedigreewatch {
 
-/// What every table writer needs to know of the run.
+/// What the writers need to know of the run besides the figures of their table.
 struct ReportFrame {
   TextOutput& report;
-  const BirthYears& years;
+  const PopulationStore& store;
   const SpeciesNouns& nouns;
+  std::span<const SubpopulationName> subpopulation_names;
+  std::span<const ColourName> colour_names;  ///< the last one stands for all colours that are not counted
+  const BreederList& breeders;
+
+  const BirthYears& years() const { return store.birth_years; }
 };
 
 /// A line of blanks, behind the blank with which every free-form line begins.
@@ -42,21 +49,18 @@ std::vector<std::int64_t> column_sums(const YearTable<std::int32_t>& table);
 /// A heading row: the label in 8 columns, then the numbers 1 to `count` in 8 columns each.
 void write_column_numbers(TextOutput& report, std::string_view label, std::int64_t count);
 
-/// A heading row: the label, then each text cut or right-justified in 8 columns.
-void write_column_names(TextOutput& report, std::string_view label, std::span<const std::string_view> names);
-
-/// A row for each year from first to last: the year, then `count` columns of the table from `first` on, by a field list
-/// whose first field is `I8` for the year and whose number of columns is filled in. Years without animals all show the
-/// same zeros: those are made once, so that a long span of empty years is written as fast as the disk takes it.
+/// A row for each year from first to last: the year, then `count` columns of the table from `first` on, each by the
+/// field `column_field`. Years without animals all show the same zeros: those are made once, so that a long span of
+/// empty years is written as fast as the disk takes it.
 template <typename Cell>
 void write_year_rows(const ReportFrame& frame, const YearTable<Cell>& table, std::int64_t first, std::int64_t count,
-                     std::string_view field_list) {
-  const std::string fields = with_column_count(field_list, count);
+                     std::string_view column_field) {
+  const std::string fields = row_fields("I8", count, column_field);
   constexpr std::size_t year_width = 8;
   std::string zeros;
   std::vector<LineItem> items;
-  for (std::int64_t row = 1; row <= frame.years.dated_row_count(); ++row) {
-    const std::int32_t year = frame.years.year_of(row);
+  for (Row row = 1; row <= frame.years().dated_row_count(); ++row) {
+    const std::int32_t year = frame.years().year_of(row);
     if (!table.is_stored(row) && !zeros.empty()) {
       TextOutput year_field;
       write_format_line(year_field, "I8", {year});

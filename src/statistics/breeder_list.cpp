@@ -8,6 +8,7 @@
 #include <numeric>
 #include <vector>
 
+#include "core/by_number.h"
 #include "core/integers.h"
 #include "core/line_writer.h"
 #include "core/progress.h"
@@ -31,7 +32,7 @@ constexpr std::int32_t fewest_top_breeders = 10, most_top_breeders = 30;
 struct BreederCounts {
   BreederList list;
   TextIndex index;
-  std::vector<std::int32_t> recent_animals;  ///< by entry
+  NumberedList<std::int32_t> recent_animals;  ///< by entry
   std::int32_t recent_without_breeder = 0;
 };
 
@@ -43,7 +44,7 @@ std::int32_t entry_of(BreederCounts& counts, const BreederName& breeder) {
   if (entry == next) {
     list.text.append(breeder.full());
     list.breeder_count = next;
-    counts.recent_animals.push_back(0);
+    counts.recent_animals.add(0);
   }
   return entry;
 }
@@ -63,45 +64,43 @@ void read_breeders(const PopulationStore& store, BreederCounts& counts, TextOutp
       counts.recent_without_breeder += is_recent ? 1 : 0;
     } else {
       const std::int32_t entry = entry_of(counts, animal.breeder);
-      counts.recent_animals[static_cast<std::size_t>(entry) - 1] += is_recent ? 1 : 0;
+      counts.recent_animals.at(entry) += is_recent ? 1 : 0;
     }
   }
 }
 
 /// The recent animals of each slot's text. A blank slot is the text of the animals without a breeder.
-std::vector<std::int32_t> count_by_slot(const BreederCounts& counts) {
-  std::vector<std::int32_t> by_slot;
+NumberedList<std::int32_t> count_by_slot(const BreederCounts& counts) {
+  NumberedList<std::int32_t> by_slot;
   for (std::int32_t k = 1; k <= counts.list.breeder_count; ++k) {
     const BreederName name(counts.list.slot(k));
     const std::int32_t entry =
         find_text(counts.index, name.full(), [&](std::int32_t t) { return counts.list.entry(t); });
     if (name.is_blank()) {
-      by_slot.push_back(counts.recent_without_breeder);
+      by_slot.add(counts.recent_without_breeder);
     } else {
-      by_slot.push_back(entry == 0 ? 0 : counts.recent_animals[static_cast<std::size_t>(entry) - 1]);
+      by_slot.add(entry == 0 ? 0 : counts.recent_animals.at(entry));
     }
   }
   return by_slot;
 }
 
-std::int32_t count_top_breeders(const std::vector<std::int32_t>& by_slot) {
-  const std::int32_t breeder_count = static_cast<std::int32_t>(by_slot.size());
-  if (breeder_count < fewest_top_breeders) return breeder_count;
-  const auto large =
-      std::count_if(by_slot.begin(), by_slot.end(), [](std::int32_t count) { return count > many_recent_animals; });
-  return std::clamp(static_cast<std::int32_t>(large), fewest_top_breeders, most_top_breeders);
+std::int32_t count_top_breeders(const NumberedList<std::int32_t>& by_slot) {
+  if (by_slot.count() < fewest_top_breeders) return by_slot.count();
+  std::int32_t large = 0;
+  for (const std::int32_t count : by_slot.entries) large += count > many_recent_animals ? 1 : 0;
+  return std::clamp(large, fewest_top_breeders, most_top_breeders);
 }
 
 /// All slots, the chosen ones first. On a tie the lowest slot is chosen.
-std::vector<std::int32_t> choose_order(const std::vector<std::int32_t>& by_slot, std::int32_t top_breeder_count,
+std::vector<std::int32_t> choose_order(const NumberedList<std::int32_t>& by_slot, std::int32_t top_breeder_count,
                                        TextOutput& console) {
-  std::vector<std::int32_t> order(by_slot.size());
+  std::vector<std::int32_t> order(by_slot.entries.size());
   std::iota(order.begin(), order.end(), 1);
-  const auto count_of = [&](std::int32_t k) { return by_slot[static_cast<std::size_t>(k) - 1]; };
   for (std::int32_t p = 1; p <= top_breeder_count; ++p) {
     const auto place = order.begin() + (p - 1);
-    const auto best =
-        std::max_element(place, order.end(), [&](std::int32_t a, std::int32_t b) { return count_of(a) < count_of(b); });
+    const auto best = std::max_element(place, order.end(),
+                                       [&](std::int32_t a, std::int32_t b) { return by_slot.at(a) < by_slot.at(b); });
     write_free_line(console, {p, *best});
     std::rotate(place, best, best + 1);  // the slots in between keep their order
   }
@@ -122,7 +121,7 @@ BreederList list_breeders(const PopulationStore& store, TextOutput& console) {
   read_breeders(store, counts, console);
   write_free_line(console, {list_made});
   write_free_line(console, {counts.list.breeder_count, different_found});
-  const std::vector<std::int32_t> by_slot = count_by_slot(counts);
+  const NumberedList<std::int32_t> by_slot = count_by_slot(counts);
   counts.list.top_breeder_count = count_top_breeders(by_slot);
   write_free_line(console, {number_of_top_breeders, counts.list.top_breeder_count});
   reorder_slots(counts.list, choose_order(by_slot, counts.list.top_breeder_count, console));

@@ -10,8 +10,6 @@
 
 namespace pedigreewatch {
 
-using BreederName = FixedText<20>;
-
 inline constexpr std::size_t breeder_entry_width = 20;
 inline constexpr std::size_t breeder_slot_width = 7;
 

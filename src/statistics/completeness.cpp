@@ -1,9 +1,9 @@
 #include "statistics/completeness.h"
 
 #include <algorithm>
-#include <array>
 
-#include "statistics/monitor_tables.h"
+#include "core/by_number.h"
+#include "core/integers.h"
 
 namespace pedigreewatch {
 
@@ -26,21 +26,22 @@ void determine_completeness(PopulationStore& store) {
   }
 }
 
-void completeness_of_year(const PopulationStore& store, std::span<const std::int32_t> year_animals, std::int64_t row,
-                          YearTable<float>& equivalent_generations, YearTable<float>& complete_generation_shares) {
-  if (year_animals.empty()) return;
+CompletenessRow completeness_of_year(const PopulationStore& store, YearAnimals animals) {
+  CompletenessRow row;
+  if (animals.empty()) return row;
+  constexpr std::int32_t most_generations = static_cast<std::int32_t>(row.generation_shares.size());
+  ByNumber<std::int32_t> counts(row.generation_shares.size());
   float sum = 0.0F;
-  std::array<std::int32_t, completeness_columns + 1> counts = {};
-  for (const std::int32_t position : year_animals) {
+  for (const std::int32_t position : animals) {
     const AnimalRecord& animal = store.at(position);
     sum += animal.generation_equivalents;
-    ++counts[static_cast<std::size_t>(std::min(animal.complete_generations, completeness_columns))];
+    ++counts[std::min(animal.complete_generations, most_generations)];
   }
-  const float n = static_cast<float>(year_animals.size());
-  equivalent_generations.at(row, 1) = sum / n;
-  for (std::int32_t k = 1; k <= completeness_columns; ++k) {
-    complete_generation_shares.at(row, k) = static_cast<float>(counts[static_cast<std::size_t>(k)]) / n;
-  }
+  const float n = real(std::ssize(animals));
+  row.equivalent_generations = sum / n;
+  std::int32_t generations = 0;
+  for (float& share : row.generation_shares) share = real(counts[++generations]) / n;
+  return row;
 }
 
 }  // namespace pedigreewatch

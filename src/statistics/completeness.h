@@ -1,10 +1,8 @@
 // How far back the pedigrees are known.
 #pragma once
 
-#include <cstdint>
-#include <span>
+#include <array>
 
-#include "core/year_table.h"
 #include "pedigree/population_store.h"
 #include "pedigree/year_groups.h"
 
@@ -14,9 +12,13 @@ namespace pedigreewatch {
 /// Parents must stand before their offspring.
 void determine_completeness(PopulationStore& store);
 
-/// Fills one row of the two tables from the year's animals: the mean generation equivalents, and the shares of
-/// animals with 1, 2, 3, 4 and at least 5 complete generations. A year without animals stays 0.
-void completeness_of_year(const PopulationStore& store, std::span<const std::int32_t> year_animals, std::int64_t row,
-                          YearTable<float>& equivalent_generations, YearTable<float>& complete_generation_shares);
+/// The animals of one year.
+struct CompletenessRow {
+  float equivalent_generations = 0.0F;          ///< their mean
+  std::array<float, 5> generation_shares = {};  ///< animals with 1, 2, 3, 4 and at least 5 complete generations, 0 to 1
+};
+
+/// Describes the animals of a year; all 0 without any.
+CompletenessRow completeness_of_year(const PopulationStore& store, YearAnimals animals);
 
 }  // namespace pedigreewatch

@@ -2,38 +2,27 @@
 
 #include <cstdint>
 #include <string_view>
-#include <vector>
 
+#include "core/by_number.h"
 #include "core/line_writer.h"
 
 namespace pedigreewatch {
 namespace {
 
 struct MissingList {
-  std::vector<AnimalId> ids;  ///< in the order of first mention
+  NumberedList<AnimalId> ids;  ///< in the order of first mention
   TextIndex index;
 };
 
-void clear_statistics(PopulationStore& store) {
+void number_records(PopulationStore& store) {
   std::int32_t position = 0;
-  for (AnimalRecord& animal : store.animals) {
-    animal.is_native_parent = animal.is_parent = logical_false;
-    animal.sire_no = animal.dam_no = 0;
-    animal.dam_age_days = animal.sire_age_days = 0;
-    animal.native_offspring_count = animal.offspring_count = 0;
-    animal.generation_equivalents = 0.0F;
-    animal.complete_generations = 0;
-    animal.inbreeding = 0.0F;
-    animal.number = ++position;
-  }
+  for (AnimalRecord& animal : store.animals) animal.number = ++position;
 }
 
 void note_missing(MissingList& missing, const AnimalId& parent_id) {
-  const std::int32_t next_place = static_cast<std::int32_t>(missing.ids.size()) + 1;
-  const auto id_at = [&](std::int32_t place) { return missing.ids[static_cast<std::size_t>(place) - 1].full(); };
-  if (find_or_add_text(missing.index, parent_id.full(), next_place, id_at) == next_place) {
-    missing.ids.push_back(parent_id);
-  }
+  const std::int32_t next = missing.ids.count() + 1;
+  const auto id_at = [&](std::int32_t number) { return missing.ids.at(number).full(); };
+  if (find_or_add_text(missing.index, parent_id.full(), next, id_at) == next) missing.ids.add(parent_id);
 }
 
 /// The position of a parent that has a line; 0 for an unknown one and for one that is put on the missing list.
@@ -78,18 +67,6 @@ void find_parents(PopulationStore& store, const IdIndex& index, MissingList& fat
   }
 }
 
-void append_records(PopulationStore& store, const std::vector<AnimalId>& ids, Sex sex) {
-  for (const AnimalId& id : ids) {
-    AnimalRecord parent;
-    parent.id = id;
-    parent.sire_id.assign(unknown_parent_id);
-    parent.dam_id.assign(unknown_parent_id);
-    parent.sex = sex;
-    parent.number = ++store.animal_count;
-    store.animals.push_back(parent);
-  }
-}
-
 struct MissingMessages {
   std::string_view none, one, several;
 };
@@ -102,29 +79,27 @@ constexpr MissingMessages mother_messages = {"no mothers found that were not in 
                                              "one mother found that were not in database",
                                              "mothers found that were not in database"};
 
-void print_missing_count(std::size_t count, const MissingMessages& messages, TextOutput& console) {
+void print_missing_count(std::int32_t count, const MissingMessages& messages, TextOutput& console) {
   if (count == 0) return write_free_line(console, {messages.none});
   if (count == 1) return write_free_line(console, {messages.one});
-  write_free_line(console, {static_cast<std::int64_t>(count), messages.several});
+  write_free_line(console, {count, messages.several});
 }
 
 }  // namespace
 
 IdIndex append_missing_parents(PopulationStore& store, TextOutput& console) {
-  clear_statistics(store);
+  number_records(store);
   IdIndex index;
   add_ids(index, store, 1);
   MissingList fathers, mothers;
   find_parents(store, index, fathers, mothers);
-  print_missing_count(fathers.ids.size(), father_messages, console);
-  print_missing_count(mothers.ids.size(), mother_messages, console);
+  print_missing_count(fathers.ids.count(), father_messages, console);
+  print_missing_count(mothers.ids.count(), mother_messages, console);
   const std::int32_t first_appended = store.animal_count + 1;
-  if (!fathers.ids.empty() || !mothers.ids.empty()) {
-    store.animals.reserve(store.animals.size() + fathers.ids.size() + mothers.ids.size());
-    append_records(store, fathers.ids, male);
-    append_records(store, mothers.ids, female);
-    add_ids(index, store, first_appended);
-  }
+  store.animals.reserve(store.animals.size() + fathers.ids.entries.size() + mothers.ids.entries.size());
+  for (const AnimalId& id : fathers.ids.entries) append_parent(store, id, male);
+  for (const AnimalId& id : mothers.ids.entries) append_parent(store, id, female);
+  add_ids(index, store, first_appended);
   return index;
 }
 

@@ -1,9 +1,7 @@
 #include "statistics/monitor_pass.h"
 
-#include "core/line_writer.h"
 #include "core/wording.h"
-#include "statistics/completeness.h"
-#include "statistics/year_statistics.h"
+#include "statistics/colours.h"
 
 namespace pedigreewatch {
 namespace {
@@ -12,52 +10,59 @@ constexpr Wording monitor_data = {"monitor data per jaar", "monitor gegevens per
 constexpr Wording year_is = {"year ", "jaar "};
 constexpr Wording ages_determined = {"determined ages parents, etc.", "leeftijden ouders,  etc. bepaald"};
 
-/// The whole population's pass reads the breeder list in entries of 20 characters.
-std::vector<std::string_view> top_breeder_entries(const BreederList& breeders) {
-  std::vector<std::string_view> entries;
-  for (std::int32_t t = 1; t <= breeders.top_breeder_count; ++t) entries.push_back(breeders.entry(t));
-  return entries;
+MonitorTables make_tables(const PopulationStore& store, const CountedNames& names, const OldestParents& oldest) {
+  const Row rows = store.birth_years.row_count();
+  constexpr std::int64_t others = 1;
+  MonitorTables tables;
+  tables.parent_counts = YearRows<ParentCounts>(rows);
+  tables.parent_offspring = YearRows<ParentOffspring>(rows);
+  tables.import_pairs = YearRows<ImportPairs>(rows);
+  tables.litters = YearRows<LitterCounts>(rows);
+  tables.age_classes = make_age_classes(store.birth_years, oldest);
+  tables.parent_ages = YearRows<MeanParentAges>(rows);
+  tables.completeness = YearRows<CompletenessRow>(rows);
+  tables.colour_counts = {rows, store.has_colour ? names.colours.count() + others : others};
+  tables.top_breeders = {rows, 2 * (names.breeders.count() + others)};
+  return tables;
+}
+
+/// Only what the report will show is counted: a population without imports has no table of them.
+void count_year(const PopulationStore& store, YearAnimals animals, const CountedNames& names, Row row,
+                LitterScratch& scratch, MonitorTables& tables) {
+  const ParentCounts parents = parent_year_statistics(store, animals);
+  tables.parent_counts.at(row) = parents;
+  tables.parent_offspring.at(row) = offspring_year_statistics(store, animals);
+  if (store.has_import) tables.import_pairs.at(row) = import_pair_statistics(store, animals);
+  tables.litters.at(row) = litter_statistics(store, animals, scratch);
+  parent_age_statistics(store, animals, row, tables.age_classes);
+  tables.parent_ages.at(row) = mean_parent_ages(store, animals);
+  tables.completeness.at(row) = completeness_of_year(store, animals);
+  if (store.has_colour) colour_statistics(store, animals, names.colours, row, tables.colour_counts);
+  if (store.has_breeder) breeder_statistics(store, animals, names.breeders, parents, row, tables.top_breeders);
 }
 
 }  // namespace
 
-std::vector<std::string_view> listed_colours(const SteerSettings& settings) {
-  std::vector<std::string_view> colours;
-  for (std::int32_t i = 0; i + 1 < settings.colour_count; ++i) {
-    colours.push_back(settings.colour_names[static_cast<std::size_t>(i)].full());
-  }
-  return colours;
-}
-
-void summarise_completeness(const PopulationStore& store, const YearGroups& years, MonitorTables& tables) {
-  for (Row row = 1; row <= store.birth_years.dated_row_count(); ++row) {
-    completeness_of_year(store, years.of_row(row), row, tables.equivalent_generations,
-                         tables.complete_generation_shares);
-  }
-}
-
-void monitor_population(const PopulationStore& store, const SteerSettings& settings, const YearGroups& years,
-                        const BreederList& breeders, MonitorTables& tables, TextOutput& console) {
-  const std::vector<std::string_view> entries = top_breeder_entries(breeders);
-  const ColumnFinder breeder_finder = make_column_finder(entries);
-  const std::vector<std::string_view> colours = listed_colours(settings);
-  const ColumnFinder colour_finder = make_column_finder(colours);
+MonitorTables count_years(const PopulationStore& store, const YearGroups& years, const CountedNames& names,
+                          const OldestParents& oldest, const YearLine& line, TextOutput& console) {
+  MonitorTables tables = make_tables(store, names, oldest);
   LitterScratch scratch(store);
-  write_free_line(console, {monitor_data});
   for (Row row = 1; row <= store.birth_years.dated_row_count(); ++row) {
     const YearAnimals animals = years.of_row(row);
-    if (!animals.empty()) {
-      parent_year_statistics(store, animals, row, tables.parent_counts, tables.parent_offspring);
-      if (store.has_import) import_pair_statistics(store, animals, row, tables.import_pairs);
-      litter_statistics(store, animals, row, scratch, tables.litters);
-    }
-    parent_age_statistics(store, animals, row, tables);
-    if (store.has_colour) colour_statistics(store, animals, row, colour_finder, tables.colour_counts);
-    if (store.has_breeder) {
-      breeder_statistics(store, animals, row, breeder_finder, tables.parent_counts, tables.top_breeders);
-    }
-    write_free_line(console, {year_is, store.birth_years.year_of(row), ages_determined});
+    if (!animals.empty()) count_year(store, animals, names, row, scratch, tables);
+    std::vector<LineItem> items = line.before;
+    items.insert(items.end(), {store.birth_years.year_of(row), line.behind});
+    write_free_line(console, items);
   }
+  return tables;
+}
+
+MonitorTables monitor_population(const PopulationStore& store, const YearGroups& years, const Colours& colours,
+                                 const BreederList& breeders, const OldestParents& oldest, TextOutput& console) {
+  CountedNames names{colours, {}};
+  for (std::int32_t t = 1; t <= breeders.top_breeder_count; ++t) names.breeders.add(BreederName(breeders.entry(t)));
+  write_free_line(console, {monitor_data});
+  return count_years(store, years, names, oldest, {{year_is}, ages_determined}, console);
 }
 
 }  // namespace pedigreewatch

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <limits>
-#include <numeric>
-#include <vector>
 
 #include "core/integers.h"
 #include "core/line_writer.h"
@@ -44,9 +42,11 @@ struct LargestAges {
   OldestParents in_years() const { return {sire / days_per_year, dam / days_per_year}; }
 };
 
-// Unguarded on purpose: a population without any known age shows "NaN" in the report.
-float mean_in_years(const AgeTotal& total) {
-  return total.mean_days() / static_cast<float>(days_per_year);
+/// Counts an age in its class of 365 days.
+void count_age(std::int32_t age_days, Row row, YearTable<std::int32_t>& classes) {
+  if (age_days <= days_per_year) return;
+  const std::int32_t column = (age_days - 1) / days_per_year;
+  if (column <= classes.column_count) ++classes.at(row, column);
 }
 
 }  // namespace
@@ -64,7 +64,7 @@ OldestParents determine_parent_ages(PopulationStore& store, TextOutput& console)
     largest.look_at(animal);
   }
   const OldestParents oldest = largest.in_years();
-  write_free_line(console, {oldest_parents, oldest.sire, oldest.dam});
+  write_free_line(console, {oldest_parents, oldest.of(male), oldest.of(female)});
   return oldest;
 }
 
@@ -74,30 +74,19 @@ OldestParents find_oldest_parents(const PopulationStore& store, std::span<const 
   return largest.in_years();
 }
 
-OverallParentAges overall_parent_ages(const PopulationStore& store, std::span<const std::int32_t> positions) {
-  AgeTotal sires, dams;
-  for (const std::int32_t position : positions) {
-    sires.add(store.at(position).sire_age_days);
-    dams.add(store.at(position).dam_age_days);
-  }
-  return {mean_in_years(sires), mean_in_years(dams)};
+ParentAgeClasses make_age_classes(const BirthYears& years, const OldestParents& oldest) {
+  const auto table_for = [&](Sex sex) {
+    return YearTable<std::int32_t>(years.row_count(), std::max(oldest.of(sex), 0));
+  };
+  return {table_for(male), table_for(female)};
 }
 
-BusiestParents find_busiest_parents(const PopulationStore& store, std::span<const std::int32_t> positions) {
-  BusiestParents busiest;
-  std::int32_t most_of_sire = -1, most_of_dam = -1;
-  for (const std::int32_t position : positions) {
+void parent_age_statistics(const PopulationStore& store, YearAnimals animals, Row row, ParentAgeClasses& classes) {
+  for (const std::int32_t position : animals) {
     const AnimalRecord& animal = store.at(position);
-    std::int32_t& most = animal.sex == male ? most_of_sire : most_of_dam;
-    if (animal.native_offspring_count <= most) continue;
-    most = animal.native_offspring_count;
-    (animal.sex == male ? busiest.sire : busiest.dam) = position;
+    count_age(animal.sire_age_days, row, classes.of(male));
+    count_age(animal.dam_age_days, row, classes.of(female));
   }
-  return {std::max(busiest.sire, 1), std::max(busiest.dam, 1)};
-}
-
-void turn_days_into_years(YearTable<float>& mean_ages) {
-  for (float& age : mean_ages.cells) age /= static_cast<float>(days_per_year);
 }
 
 }  // namespace pedigreewatch

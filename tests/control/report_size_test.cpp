@@ -39,24 +39,24 @@ std::string message_on(const PopulationStore& store, const OldestParents& oldest
 
 TEST(CheckParentAges, TwentyMillionFiguresAreTheMost) {
   const PopulationStore store = father_and_young();
-  EXPECT_EQ(message_on(store, {.sire = 19'000, .dam = 1'000}), "");
-  EXPECT_EQ(message_on(store, {.sire = 20'000, .dam = -5'883'516}), "") << "no mother is known";
-  EXPECT_NE(message_on(store, {.sire = 19'000, .dam = 1'001}), "");
-  EXPECT_NE(message_on(store, {.sire = 5'883'516, .dam = 5'883'516}), "");
+  EXPECT_EQ(message_on(store, {.of_males = 19'000, .of_females = 1'000}), "");
+  EXPECT_EQ(message_on(store, {.of_males = 20'000, .of_females = -5'883'516}), "") << "no mother is known";
+  EXPECT_NE(message_on(store, {.of_males = 19'000, .of_females = 1'001}), "");
+  EXPECT_NE(message_on(store, {.of_males = 5'883'516, .of_females = 5'883'516}), "");
 }
 
 TEST(CheckParentAges, MessageNamesBothDatesAndTheirLines) {
   PopulationStore store = father_and_young();
   store.at(1).line = 812;
   store.at(2).line = 7;
-  EXPECT_EQ(message_on(store, {.sire = 20'001, .dam = 0}),
+  EXPECT_EQ(message_on(store, {.of_males = 20'001, .of_females = 0}),
             "dogs.txt: fathers up to 20001 and mothers up to 0 years old (the oldest parent \"F1\" was born on "
             "31-12-1999, line 812, its young \"Y1\" on 1-2-7000, line 7): the tables of parents' ages would have more "
             "than 20000000 figures\n");
 }
 
 TEST(CheckParentAges, AnimalWithoutALineIsNamedWithoutOne) {
-  EXPECT_EQ(message_on(father_and_young(), {.sire = 20'001, .dam = 0}),
+  EXPECT_EQ(message_on(father_and_young(), {.of_males = 20'001, .of_females = 0}),
             "dogs.txt: fathers up to 20001 and mothers up to 0 years old (the oldest parent \"F1\" was born on "
             "31-12-1999, its young \"Y1\" on 1-2-7000): the tables of parents' ages would have more than 20000000 "
             "figures\n");
@@ -69,7 +69,8 @@ TEST(CheckParentAges, OldestParentMayBeAMother) {
   young.sire_no = 0;
   young.dam_age_days = young.sire_age_days;
   young.sire_age_days = -1;
-  EXPECT_NE(message_on(store, {.sire = 0, .dam = 20'001}).find("the oldest parent \"F1\""), std::string::npos);
+  EXPECT_NE(message_on(store, {.of_males = 0, .of_females = 20'001}).find("the oldest parent \"F1\""),
+            std::string::npos);
 }
 
 }  // namespace

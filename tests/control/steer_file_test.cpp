@@ -165,14 +165,14 @@ TEST(SteerFile, IgnoresWhatStandsBehindAWidth) {
   EXPECT_EQ(settings.population_name.full(), std::string(40, 'p'));
   EXPECT_EQ(settings.data_file_name.full(), std::string(26, 'd') + ".txt");
   EXPECT_EQ(settings.report_file_name.full(), std::string(26, 'd') + ".out");
-  EXPECT_EQ(settings.delimiter, ';');
-  EXPECT_TRUE(settings.merge_delimiters);
-  EXPECT_EQ(settings.date_layout.full(), "jjjj.mm.dd");
+  EXPECT_EQ(settings.layout.delimiter, ';');
+  EXPECT_TRUE(settings.layout.merge_delimiters);
+  EXPECT_EQ(settings.layout.date_layout.full(), "jjjj.mm.dd");
   EXPECT_EQ(settings.species_index, 16);
-  EXPECT_EQ(settings.male_letters, (std::array<char, 2>{'m', 'M'}));
+  EXPECT_EQ(settings.layout.male_letters, (std::array<char, 2>{'m', 'M'}));
   EXPECT_TRUE(settings.english);
-  EXPECT_EQ(settings.column_codes, ColumnMap{});
-  EXPECT_EQ(settings.subpopulation_names.at(0).full(), std::string(20, 's'));
+  EXPECT_EQ(settings.layout.column_codes, ColumnMap{});
+  EXPECT_EQ(settings.layout.subpopulations.names.entries.at(0).full(), std::string(20, 's'));
   EXPECT_EQ(settings.colour_names.at(0).full(), std::string(40, 'c'));
 }
 
@@ -180,14 +180,14 @@ TEST(SteerFile, AnyByteCanBeTheDelimiter) {
   SteerLines lines;
   for (const std::string_view delimiter : {";", ",", "\t", "|", " ", "x", "\xA7"}) {
     lines.delimiter = delimiter;
-    EXPECT_EQ(settings_of(lines).delimiter, delimiter.front()) << delimiter;
+    EXPECT_EQ(settings_of(lines).layout.delimiter, delimiter.front()) << delimiter;
   }
 }
 
 TEST(SteerFile, EmptyDelimiterLineIsABlank) {
   SteerLines lines;
   lines.delimiter = "";
-  EXPECT_EQ(settings_of(lines).delimiter, ' ');
+  EXPECT_EQ(settings_of(lines).layout.delimiter, ' ');
 }
 
 TEST(SteerFile, ConsecutiveDelimitersAreOneForAYesOnly) {
@@ -195,13 +195,13 @@ TEST(SteerFile, ConsecutiveDelimitersAreOneForAYesOnly) {
   for (const std::string_view yes : {"y", "Y", "yes", "Y "}) {
     lines.consecutive = yes;
     const ReadSteerFile read = read_text(lines.text());
-    EXPECT_TRUE(read.settings.merge_delimiters) << yes;
+    EXPECT_TRUE(read.settings.layout.merge_delimiters) << yes;
     EXPECT_EQ(read.console[0], " consecutive delimiters will be considered as one");
   }
   for (const std::string_view no : {"n", "j", "J", "", " y", "1", "true"}) {
     lines.consecutive = no;
     const ReadSteerFile read = read_text(lines.text());
-    EXPECT_FALSE(read.settings.merge_delimiters) << no;
+    EXPECT_FALSE(read.settings.layout.merge_delimiters) << no;
     EXPECT_EQ(read.console[0], " consecutive delimiters indicate empty column");
   }
 }
@@ -217,7 +217,7 @@ DateFlags flags_of(std::string_view layout) {
   SteerLines lines;
   lines.date_layout = layout;
   const SteerSettings settings = settings_of(lines);
-  return {settings.date_has_delimiters, settings.date_year_first, settings.date_day_first};
+  return {settings.layout.dates.has_delimiters, settings.layout.dates.year_first, settings.layout.dates.day_first};
 }
 
 TEST(DateLayout, DayMonthYearWithoutDelimiters) {
@@ -333,13 +333,13 @@ TEST(SteerFileSpecies, UnknownWordInADutchRunGivesEnglishNouns) {
 TEST(MaleLetter, HasItsOtherCaseAsPartner) {
   SteerLines lines;
   lines.male_letter = "r";
-  EXPECT_EQ(settings_of(lines).male_letters, (std::array<char, 2>{'r', 'R'}));
+  EXPECT_EQ(settings_of(lines).layout.male_letters, (std::array<char, 2>{'r', 'R'}));
   lines.male_letter = "R";
-  EXPECT_EQ(settings_of(lines).male_letters, (std::array<char, 2>{'R', 'r'}));
+  EXPECT_EQ(settings_of(lines).layout.male_letters, (std::array<char, 2>{'R', 'r'}));
   lines.male_letter = "1";
-  EXPECT_EQ(settings_of(lines).male_letters, (std::array<char, 2>{'1', '1'}));
+  EXPECT_EQ(settings_of(lines).layout.male_letters, (std::array<char, 2>{'1', '1'}));
   lines.male_letter = "";
-  EXPECT_EQ(settings_of(lines).male_letters, (std::array<char, 2>{' ', ' '}));
+  EXPECT_EQ(settings_of(lines).layout.male_letters, (std::array<char, 2>{' ', ' '}));
 }
 
 TEST(OtherCase, ChangesTheLettersAToZOnly) {
@@ -378,41 +378,41 @@ ColumnMap codes(std::initializer_list<std::int32_t> first) {
 TEST(ColumnList, HeaderLeavesAllCodesZero) {
   for (const std::string_view yes : {"y", "Y", "yes"}) {
     const ReadSteerFile read = with_header_part(yes);
-    EXPECT_EQ(read.settings.column_codes, ColumnMap{}) << yes;
-    EXPECT_EQ(read.settings.subpopulation_names.at(0), "Noord") << yes;
+    EXPECT_EQ(read.settings.layout.column_codes, ColumnMap{}) << yes;
+    EXPECT_EQ(read.settings.layout.subpopulations.names.entries.at(0), "Noord") << yes;
   }
 }
 
 TEST(ColumnList, AnythingButYesMeansFourMoreLines) {
   for (const std::string_view no : {"n", "N", "j", "", " y"}) {
     const ReadSteerFile read = with_header_part(std::string(no) + "\ncomment\n5\ncomment\n5 1 2 3 7 8");
-    EXPECT_EQ(read.settings.column_codes, codes({1, 2, 3, 7, 8})) << no;
-    EXPECT_EQ(read.settings.subpopulation_names.at(0), "Noord") << no;
+    EXPECT_EQ(read.settings.layout.column_codes, codes({1, 2, 3, 7, 8})) << no;
+    EXPECT_EQ(read.settings.layout.subpopulations.names.entries.at(0), "Noord") << no;
   }
 }
 
 TEST(ColumnList, CommentsAreSkippedWhateverTheySay) {
   const ReadSteerFile read = with_header_part("n\n99\n5\n7 7 7 7 7 7 7 7\n5 1 2 3 7 8");
   EXPECT_EQ(read.console[1], number(5) + "  columns in data file");
-  EXPECT_EQ(read.settings.column_codes, codes({1, 2, 3, 7, 8}));
+  EXPECT_EQ(read.settings.layout.column_codes, codes({1, 2, 3, 7, 8}));
 }
 
 TEST(ColumnList, NumbersAreSeparatedByBlanksCommasOrBoth) {
-  EXPECT_EQ(with_header_part("n\n\n5\n\n5,1,2,3,7,8").settings.column_codes, codes({1, 2, 3, 7, 8}));
-  EXPECT_EQ(with_header_part("n\n\n5\n\n  5 ,  1,2   3 , 7,8  ").settings.column_codes, codes({1, 2, 3, 7, 8}));
+  EXPECT_EQ(with_header_part("n\n\n5\n\n5,1,2,3,7,8").settings.layout.column_codes, codes({1, 2, 3, 7, 8}));
+  EXPECT_EQ(with_header_part("n\n\n5\n\n  5 ,  1,2   3 , 7,8  ").settings.layout.column_codes, codes({1, 2, 3, 7, 8}));
 }
 
 TEST(ColumnList, CountOfTheListItselfDecides) {
   const ReadSteerFile read = with_header_part("n\n\n9\n\n3 1 2 3 7 8");
   EXPECT_EQ(read.console[1], number(9) + "  columns in data file");
   EXPECT_EQ(read.console[2], number(1) + number(2) + number(3));
-  EXPECT_EQ(read.settings.column_codes, codes({1, 2, 3}));
+  EXPECT_EQ(read.settings.layout.column_codes, codes({1, 2, 3}));
 }
 
 TEST(ColumnList, MissingCodesStayZero) {
   const ReadSteerFile read = with_header_part("n\n\n5\n\n5 1 2");
   EXPECT_EQ(read.console[2], number(1) + number(2) + number(0) + number(0) + number(0));
-  EXPECT_EQ(read.settings.column_codes, codes({1, 2}));
+  EXPECT_EQ(read.settings.layout.column_codes, codes({1, 2}));
 }
 
 TEST(ColumnList, At25TheListIsFull) {
@@ -423,7 +423,7 @@ TEST(ColumnList, At25TheListIsFull) {
     if (code <= 25) expected[static_cast<std::size_t>(code) - 1] = code;
   }
   const ReadSteerFile read = with_header_part("n\n\n30\n\n" + list);
-  EXPECT_EQ(read.settings.column_codes, expected);
+  EXPECT_EQ(read.settings.layout.column_codes, expected);
   EXPECT_EQ(read.console[1], number(30) + "  columns in data file");
   EXPECT_EQ(read.console[5], number(19) + number(20) + number(21) + number(22) + number(23) + number(24));
   EXPECT_EQ(read.console[6], number(25));
@@ -434,43 +434,44 @@ TEST(ColumnList, WithoutACountIsEmpty) {
   for (const std::string_view list :
        {"", "none", "-3 1 2 3", "x 1 2", "3x 1 2 3", "2.5 1 2", "3- 1 2 3", "\t3 1 2 3"}) {
     const ReadSteerFile read = with_header_part("n\n\n5\n\n" + std::string(list));
-    EXPECT_EQ(read.settings.column_codes, ColumnMap{}) << list;
+    EXPECT_EQ(read.settings.layout.column_codes, ColumnMap{}) << list;
     EXPECT_EQ(read.console[2], "") << list;
-    EXPECT_EQ(read.settings.subpopulation_names.at(0), "Noord") << list;
+    EXPECT_EQ(read.settings.layout.subpopulations.names.entries.at(0), "Noord") << list;
   }
 }
 
 TEST(ColumnList, CodesMayHaveASign) {
-  EXPECT_EQ(with_header_part("n\n\n3\n\n+3 +1 -2 99").settings.column_codes, codes({1, -2, 99}));
+  EXPECT_EQ(with_header_part("n\n\n3\n\n+3 +1 -2 99").settings.layout.column_codes, codes({1, -2, 99}));
 }
 
 TEST(ColumnList, EndsAtATextThatIsNotWhollyANumber) {
   for (const std::string_view text : {"x", "3x", "2.5", "1-2", "3*7", "2;", "2\t", "+", "-", "--1", "/"}) {
-    EXPECT_EQ(with_header_part("n\n\n4\n\n4 1 " + std::string(text) + " 7 8").settings.column_codes, codes({1}))
+    EXPECT_EQ(with_header_part("n\n\n4\n\n4 1 " + std::string(text) + " 7 8").settings.layout.column_codes, codes({1}))
         << text;
-    EXPECT_EQ(with_header_part("n\n\n4\n\n4,1," + std::string(text) + ",7").settings.column_codes, codes({1})) << text;
-    EXPECT_EQ(with_header_part("n\n\n4\n\n4 1 2 7 " + std::string(text)).settings.column_codes, codes({1, 2, 7}))
+    EXPECT_EQ(with_header_part("n\n\n4\n\n4,1," + std::string(text) + ",7").settings.layout.column_codes, codes({1}))
+        << text;
+    EXPECT_EQ(with_header_part("n\n\n4\n\n4 1 2 7 " + std::string(text)).settings.layout.column_codes, codes({1, 2, 7}))
         << text;
   }
 }
 
 TEST(ColumnList, MayBeginWithSeparators) {
-  EXPECT_EQ(with_header_part("n\n\n3\n\n, ,3,,1, 2,,,7").settings.column_codes, codes({1, 2, 7}));
+  EXPECT_EQ(with_header_part("n\n\n3\n\n, ,3,,1, 2,,,7").settings.layout.column_codes, codes({1, 2, 7}));
 }
 
 TEST(ColumnCount, IsTheFirstNumberOnTheLine) {
-  for (const std::string_view count : {"5", "  5", ",5", " , ,5", "5,7", "5 columns", "+5", "005"}) {
+  for (const std::string_view count : {"5", "  5", ",5", " , ,5", "5,7", "5 columns", "+5", "005", "5x", "5.5"}) {
     const ReadSteerFile read = with_header_part("n\n\n" + std::string(count) + "\n\n5 1 2 3 7 8");
     EXPECT_EQ(read.console[1], number(5) + "  columns in data file") << count;
-    EXPECT_EQ(read.settings.column_codes, codes({1, 2, 3, 7, 8})) << count;
+    EXPECT_EQ(read.settings.layout.column_codes, codes({1, 2, 3, 7, 8})) << count;
   }
 }
 
-TEST(ColumnCount, IsZeroForATextThatIsNotWhollyANumber) {
-  for (const std::string_view count : {"", ",", "none", "columns 5", "5x", "5.5", "-5", ",x5", "99999999999"}) {
+TEST(ColumnCount, IsZeroWhereNoNumberBeginsTheLine) {
+  for (const std::string_view count : {"", ",", "none", "columns 5", "-5", ",x5", "99999999999"}) {
     const ReadSteerFile read = with_header_part("n\n\n" + std::string(count) + "\n\n5 1 2 3 7 8");
     EXPECT_EQ(read.console[1], number(0) + "  columns in data file") << count;
-    EXPECT_EQ(read.settings.column_codes, codes({1, 2, 3, 7, 8})) << count;
+    EXPECT_EQ(read.settings.layout.column_codes, codes({1, 2, 3, 7, 8})) << count;
   }
 }
 
@@ -481,9 +482,9 @@ TEST(CountLine, TakesTheNumberAtItsStart) {
   for (const std::string_view two : {"2", "  2", "+2", "2 subpopulations", "2,5", "2.7", "002", "2x"}) {
     lines.subpopulations = std::string(two) + "\nNoord\nZuid";
     const SteerSettings settings = settings_of(lines);
-    EXPECT_EQ(settings.subpopulation_count, 2) << two;
-    ASSERT_EQ(settings.subpopulation_names.size(), 2U) << two;
-    EXPECT_EQ(settings.subpopulation_names[1], "Zuid") << two;
+    EXPECT_EQ(settings.layout.subpopulations.count(), 2) << two;
+    ASSERT_EQ(settings.layout.subpopulations.names.entries.size(), 2U) << two;
+    EXPECT_EQ(settings.layout.subpopulations.names.entries[1], "Zuid") << two;
   }
 }
 
@@ -493,9 +494,9 @@ TEST(CountLine, WithoutANumberOrNegativeIsZero) {
     lines.subpopulations = none;
     lines.colours = none;
     const ReadSteerFile read = read_text(lines.text());
-    EXPECT_EQ(read.settings.subpopulation_count, 0) << none;
-    EXPECT_TRUE(read.settings.subpopulation_names.empty()) << none;
-    EXPECT_EQ(read.settings.colour_count, 2) << none;
+    EXPECT_EQ(read.settings.layout.subpopulations.count(), 0) << none;
+    EXPECT_TRUE(read.settings.layout.subpopulations.names.entries.empty()) << none;
+    EXPECT_EQ(read.settings.colour_names.size(), 2U) << none;
     EXPECT_TRUE(has_line(read.console, " number of subpopulations           0")) << none;
     EXPECT_TRUE(has_line(read.console, " number of colours           0")) << none;
   }
@@ -506,14 +507,14 @@ TEST(CountLine, WithoutANumberTakesTheNextLineAsTheNextCount) {
   lines.subpopulations = "none";
   lines.colours = "1\nzwart";
   const SteerSettings settings = settings_of(lines);
-  EXPECT_EQ(settings.colour_count, 3);
+  EXPECT_EQ(settings.colour_names.size(), 3U);
   EXPECT_EQ(settings.colour_names.at(0), "zwart");
 }
 
 TEST(SteerFileLists, NoSubpopulationReadsNoNameLine) {
   const ReadSteerFile read = read_text(SteerLines{}.text());
-  EXPECT_EQ(read.settings.subpopulation_count, 0);
-  EXPECT_TRUE(read.settings.subpopulation_names.empty());
+  EXPECT_EQ(read.settings.layout.subpopulations.count(), 0);
+  EXPECT_TRUE(read.settings.layout.subpopulations.names.entries.empty());
   const auto heading = std::find(read.console.begin(), read.console.end(), " subpopulations allowed");
   ASSERT_NE(heading, read.console.end());
   EXPECT_EQ(*(heading + 1), " colour/variety codes allowed ");
@@ -521,7 +522,7 @@ TEST(SteerFileLists, NoSubpopulationReadsNoNameLine) {
 
 TEST(SteerFileLists, NoColourLeavesTheTwoFixedRows) {
   const SteerSettings settings = settings_of(SteerLines{});
-  EXPECT_EQ(settings.colour_count, 2);
+  EXPECT_EQ(settings.colour_names.size(), 2U);
   ASSERT_EQ(settings.colour_names.size(), 2U);
   EXPECT_EQ(settings.colour_names[0].full(), padded("Onbekend", 40));
   EXPECT_EQ(settings.colour_names[1].full(), padded("niet erkend", 40));
@@ -533,7 +534,7 @@ TEST(SteerFileLists, TwoRowsFollowTheColoursInEitherLanguage) {
   for (const std::string_view language : {"en", "nl"}) {
     lines.language = language;
     const SteerSettings settings = settings_of(lines);
-    EXPECT_EQ(settings.colour_count, 4);
+    EXPECT_EQ(settings.colour_names.size(), 4U);
     ASSERT_EQ(settings.colour_names.size(), 4U);
     EXPECT_EQ(settings.colour_names[0], "zwart");
     EXPECT_EQ(settings.colour_names[1], "wit");
@@ -547,7 +548,7 @@ TEST(SteerFileLists, MissingNamesAreBlank) {
   lines.subpopulations = "1\nNoord";
   lines.colours = "3\nzwart";
   const SteerSettings settings = settings_of(lines);
-  EXPECT_EQ(settings.colour_count, 5);
+  EXPECT_EQ(settings.colour_names.size(), 5U);
   ASSERT_EQ(settings.colour_names.size(), 5U);
   EXPECT_EQ(settings.colour_names[0], "zwart");
   EXPECT_TRUE(settings.colour_names[1].is_blank());
@@ -559,11 +560,11 @@ TEST(SteerFileLists, LongestListsAreTaken) {
   SteerLines lines;
   lines.subpopulations = "5000";
   const SteerSettings settings = settings_of(lines);
-  EXPECT_EQ(settings.subpopulation_count, 5000);
-  EXPECT_EQ(settings.subpopulation_names.size(), 5000U);
+  EXPECT_EQ(settings.layout.subpopulations.count(), 5000);
+  EXPECT_EQ(settings.layout.subpopulations.names.entries.size(), 5000U);
   lines.subpopulations = "0";
   lines.colours = "100000";
-  EXPECT_EQ(settings_of(lines).colour_count, 100002);
+  EXPECT_EQ(settings_of(lines).colour_names.size(), 100002U);
 }
 
 TEST(SteerFileLists, ListTooLongForAnyReportStopsTheRun) {
@@ -636,13 +637,13 @@ TEST(SteerFileLines, CarriageReturnsAreNoText) {
   const ReadSteerFile without = read_text(lines.text("\n"));
   EXPECT_EQ(with.console, without.console);
   EXPECT_EQ(with.settings.population_name.full(), padded("Village dogs", 40));
-  EXPECT_EQ(with.settings.date_layout.full(), "dd-mm-yyyy");
+  EXPECT_EQ(with.settings.layout.date_layout.full(), "dd-mm-yyyy");
 }
 
 TEST(SteerFileLines, EmptyDelimiterLineWithACarriageReturnIsABlank) {
   SteerLines lines;
   lines.delimiter = "";
-  EXPECT_EQ(read_text(lines.text("\r\n")).settings.delimiter, ' ');
+  EXPECT_EQ(read_text(lines.text("\r\n")).settings.layout.delimiter, ' ');
 }
 
 TEST(SteerFileLines, ByteOrderMarkIsSkipped) {
@@ -667,13 +668,13 @@ TEST(SteerFileEndsEarly, EmptyFileLeavesBlanksAndZeros) {
   EXPECT_TRUE(read.settings.population_name.is_blank());
   EXPECT_TRUE(read.settings.data_file_name.is_blank());
   EXPECT_EQ(read.settings.report_file_name.full(), padded("out", 30));
-  EXPECT_EQ(read.settings.delimiter, ' ');
+  EXPECT_EQ(read.settings.layout.delimiter, ' ');
   EXPECT_FALSE(read.settings.english);
   EXPECT_EQ(read.settings.species_index, 16);
-  EXPECT_EQ(read.settings.male_letters, (std::array<char, 2>{' ', ' '}));
-  EXPECT_EQ(read.settings.column_codes, ColumnMap{});
-  EXPECT_EQ(read.settings.subpopulation_count, 0);
-  EXPECT_EQ(read.settings.colour_count, 2);
+  EXPECT_EQ(read.settings.layout.male_letters, (std::array<char, 2>{' ', ' '}));
+  EXPECT_EQ(read.settings.layout.column_codes, ColumnMap{});
+  EXPECT_EQ(read.settings.layout.subpopulations.count(), 0);
+  EXPECT_EQ(read.settings.colour_names.size(), 2U);
   const Lines expected = {
       " consecutive delimiters indicate empty column",
       number(0) + "  kolommen in datafile",
@@ -703,7 +704,7 @@ TEST(SteerFileEndsEarly, AfterAnyLineKeepsWhatWasRead) {
     const ReadSteerFile read = read_text(std::string_view(text).substr(0, end + 1));
     EXPECT_FALSE(read.has_stopped) << end;
     EXPECT_EQ(read.settings.population_name, "Village dogs") << end;
-    EXPECT_EQ(read.settings.colour_names.size(), static_cast<std::size_t>(read.settings.colour_count)) << end;
+    EXPECT_EQ(read.settings.colour_names.size(), read.settings.layout.colours.names.entries.size() + 1) << end;
     EXPECT_EQ(read.console.back(), " " + padded("niet erkend", 40)) << end;
   }
 }
@@ -713,11 +714,11 @@ TEST(SteerFileEndsEarly, WithinTheSubpopulationsLeavesBlankNames) {
   lines.subpopulations = "3\nNoord";
   const std::string text = lines.text();
   const ReadSteerFile read = read_text(text.substr(0, text.size() - 2));  // no line for the colours
-  ASSERT_EQ(read.settings.subpopulation_names.size(), 3U);
-  EXPECT_EQ(read.settings.subpopulation_names[0], "Noord");
-  EXPECT_TRUE(read.settings.subpopulation_names[1].is_blank());
-  EXPECT_TRUE(read.settings.subpopulation_names[2].is_blank());
-  EXPECT_EQ(read.settings.colour_count, 2);
+  ASSERT_EQ(read.settings.layout.subpopulations.names.entries.size(), 3U);
+  EXPECT_EQ(read.settings.layout.subpopulations.names.entries[0], "Noord");
+  EXPECT_TRUE(read.settings.layout.subpopulations.names.entries[1].is_blank());
+  EXPECT_TRUE(read.settings.layout.subpopulations.names.entries[2].is_blank());
+  EXPECT_EQ(read.settings.colour_names.size(), 2U);
 }
 
 }  // namespace

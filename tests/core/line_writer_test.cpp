@@ -284,24 +284,21 @@ TEST(FormatLine, LinesFollowEachOther) {
 
 // ---- field lists made at run time ------------------------------------------------------------------------------
 
-TEST(WithColumnCount, FillsThreeDigitsIntoTheTemplate) {
-  EXPECT_EQ(with_column_count("(I8,005I8) ", 12), "(I8,012I8) ");
-  EXPECT_EQ(with_column_count("(A8,005I8) ", 7), "(A8,007I8) ");
-  EXPECT_EQ(with_column_count("(A8,005I16) ", 31), "(A8,031I16) ");
-  EXPECT_EQ(with_column_count("(A8,005A8) ", 999), "(A8,999A8) ");
+TEST(RowFields, PutsTheColumnsBehindTheFirstField) {
+  EXPECT_EQ(row_fields("I8", 12, "I8"), "I8,12I8");
+  EXPECT_EQ(row_fields("A8", 31, "I16"), "A8,31I16");
+  EXPECT_EQ(row_fields("I8", 100002, "F10.4"), "I8,100002F10.4");
 }
 
-TEST(WithColumnCount, NoColumns) {
-  EXPECT_EQ(with_column_count("(I8,005I8) ", 0), "(I8,000I8) ");
-  EXPECT_EQ(with_column_count("(I8,005I8) ", -3), "(I8,000I8) ");
+TEST(RowFields, WithoutColumnsPrintsTheFirstFieldAlone) {
+  for (const std::int64_t none : {0, -3}) {
+    TextOutput output;
+    write_format_line(output, row_fields("A8", none, "I8"), {"  jaar  "});
+    EXPECT_EQ(output.pending, "  jaar  \n") << none;
+  }
 }
 
-TEST(WithColumnCount, MoreThan999TakeMoreDigits) {
-  EXPECT_EQ(with_column_count("(I8,005I8) ", 1000), "(I8,1000I8) ");
-  EXPECT_EQ(with_column_count("(I8,005I8) ", 100002), "(I8,100002I8) ");
-}
-
-TEST(WithColumnCount, MoreThan999ColumnsAreAllPrinted) {
+TEST(RowFields, ManyColumnsAreAllPrinted) {
   std::vector<LineItem> items = {LineItem(1998)};
   std::string expected = "    1998";
   for (std::int32_t column = 1; column <= 1200; ++column) {
@@ -310,7 +307,7 @@ TEST(WithColumnCount, MoreThan999ColumnsAreAllPrinted) {
     expected += blanks(8 - digits.size()) + digits;
   }
   TextOutput output;
-  write_format_line(output, with_column_count("(I8,005I8) ", 1200), items);
+  write_format_line(output, row_fields("I8", 1200, "I8"), items);
   EXPECT_EQ(output.pending, expected + "\n");
 }
 

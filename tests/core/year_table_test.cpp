@@ -54,7 +54,7 @@ TEST(BirthYears, NegativeYears) {
 
 TEST(YearTable, StartsWithZeros) {
   const YearTable<std::int32_t> table(3, 2);
-  EXPECT_EQ(table.row_count, 3);
+  EXPECT_EQ(table.row_count(), 3);
   EXPECT_EQ(table.column_count, 2);
   for (std::int64_t row = 1; row <= 3; ++row) {
     for (std::int64_t column = 1; column <= 2; ++column) EXPECT_EQ(table.value(row, column), 0);
@@ -93,9 +93,9 @@ TEST(YearTable, CellOutsideReadsAsZero) {
   EXPECT_EQ(table.value(1, 0), 0);
   EXPECT_EQ(table.value(1, 3), 0);
   EXPECT_EQ(table.value(-1, -1), 0);
-  EXPECT_FALSE(table.has(3, 1));
-  EXPECT_FALSE(table.has(1, 3));
-  EXPECT_TRUE(table.has(2, 2));
+  EXPECT_FALSE(table.is_stored(0));
+  EXPECT_FALSE(table.is_stored(3));
+  EXPECT_TRUE(table.is_stored(2));
 }
 
 TEST(YearTable, WithoutRowsOrColumnsReadsAsZero) {
@@ -115,6 +115,30 @@ TEST(YearTable, OneMistypedYearTakesNoMemoryForTheYearsBetween) {
   EXPECT_EQ(table.value(1, 1), 1);
   EXPECT_EQ(table.value(1000000, 200), 2);
   EXPECT_EQ(table.value(500000, 100), 0);
+}
+
+struct Born {
+  std::int32_t males = 0, females = 0;
+};
+
+TEST(YearRows, KeepsTheRecordOfEachYear) {
+  YearRows<Born> rows(3);
+  rows.at(3).males = 2;
+  rows.at(1) = {4, 5};
+  rows.at(3).females = 1;
+  EXPECT_EQ(rows.row_count(), 3);
+  EXPECT_EQ(rows.of(1).females, 5);
+  EXPECT_EQ(rows.of(2).males, 0);
+  EXPECT_EQ(rows.of(3).males, 2);
+  EXPECT_EQ(rows.of(3).females, 1);
+  EXPECT_EQ(rows.records.size(), 2U);
+}
+
+TEST(YearRows, ARowOutsideReadsAsZeros) {
+  YearRows<Born> rows(1);
+  rows.at(1) = {4, 5};
+  for (const Row row : {Row{0}, Row{2}, Row{-1}, Row{-2147483646}}) EXPECT_EQ(rows.of(row).males, 0) << row;
+  EXPECT_EQ(YearRows<Born>().of(1).males, 0);
 }
 
 }  // namespace

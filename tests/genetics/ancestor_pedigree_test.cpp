@@ -14,17 +14,17 @@ TEST(AncestorPedigree, NumbersTheAnimalsWithOffspringInStoreOrder) {
   const PopulationStore store = numbered_store("m\n.\n.\ns=1 d=3 m\ns=1 d=3\ns=4 d=3\ns=4 d=6\n");
   const AncestorPedigree ancestors = make_ancestor_pedigree(store);
   EXPECT_EQ(ancestors.count(), 4);
-  EXPECT_EQ(ancestors.number_of_animal, (Numbers{1, 0, 2, 3, 0, 4, 0}));
-  EXPECT_EQ(ancestors.position, (Numbers{0, 1, 3, 4, 6}));
-  EXPECT_EQ(ancestors.sire, (Numbers{0, 0, 0, 1, 3}));
-  EXPECT_EQ(ancestors.dam, (Numbers{0, 0, 0, 2, 2}));
+  EXPECT_EQ(ancestors.number_of_animal.values, (Numbers{0, 1, 0, 2, 3, 0, 4, 0}));
+  EXPECT_EQ(ancestors.position.values, (Numbers{0, 1, 3, 4, 6}));
+  EXPECT_EQ(ancestors.sire.values, (Numbers{0, 0, 0, 1, 3}));
+  EXPECT_EQ(ancestors.dam.values, (Numbers{0, 0, 0, 2, 2}));
 }
 
 TEST(AncestorPedigree, TheUnknownParentIsNumberZero) {
   const AncestorPedigree ancestors = make_ancestor_pedigree(numbered_store("m\ns=1\n"));
-  EXPECT_EQ(ancestors.number_at(0), 0);
-  EXPECT_EQ(ancestors.number_at(1), 1);
-  EXPECT_EQ(ancestors.number_at(2), 0);
+  EXPECT_EQ(ancestors.number_of_animal[0], 0);
+  EXPECT_EQ(ancestors.number_of_animal[1], 1);
+  EXPECT_EQ(ancestors.number_of_animal[2], 0);
 }
 
 TEST(AncestorPedigree, AnEmptyStoreHasNoAncestors) {

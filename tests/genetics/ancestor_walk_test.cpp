@@ -68,7 +68,7 @@ TEST(WalkAncestors, LeavesNoSharesAndNobodyWaiting) {
   const std::vector<Mating> matings = {{300, 299}, {17, 4}, {1, 2}, {250, 250}};
   std::vector<float> results(matings.size());
   walk_ancestors(herd.walk, matings, results);
-  for (const Lanes& lanes : herd.walk.shares) {
+  for (const Lanes& lanes : herd.walk.shares.values) {
     for (std::size_t lane = 0; lane < lane_count; ++lane) EXPECT_EQ(lanes.quads[lane / 4][lane % 4], 0.0F);
   }
   for (const std::uint64_t word : herd.walk.waiting) EXPECT_EQ(word, 0U);

@@ -52,7 +52,7 @@ struct Header {
   std::string console;
 };
 
-Header read_header(std::string_view line, const SteerSettings& settings) {
+Header read_header(std::string_view line, const TestLayout& settings) {
   TextOutput console = output_in(settings.english);
   const ColumnMap columns = read_header_line(line, settings, console);
   return {shortened(columns), console.pending};
@@ -63,7 +63,7 @@ Header read_header(std::string_view line) {
 }
 
 Header read_merged(std::string_view line) {
-  SteerSettings settings = settings_in(true);
+  TestLayout settings = settings_in(true);
   settings.merge_delimiters = true;
   return read_header(line, settings);
 }
@@ -118,7 +118,7 @@ TEST(ReadHeaderLine, WordIsCutTo16CharactersAndThenNeverFound) {
 }
 
 TEST(ReadHeaderLine, TabSeparatesWords) {
-  SteerSettings settings = settings_in(true);
+  TestLayout settings = settings_in(true);
   settings.delimiter = '\t';
   EXPECT_EQ(read_header("id\tsire\tid dam", settings).codes, (Codes{id_column, sire_column, dam_column}));
 }
@@ -190,7 +190,7 @@ TEST(ReadHeaderLine, WordIsCutAtColumn600) {
 }
 
 TEST(ReadHeaderLine, BlankAsDelimiterFindsEmptyWordsBehindTheLine) {
-  SteerSettings settings = settings_in(true);
+  TestLayout settings = settings_in(true);
   settings.delimiter = ' ';
   const Header header = read_header("id sire", settings);
   EXPECT_EQ(header.codes, (Codes{id_column, sire_column}));
@@ -200,7 +200,7 @@ TEST(ReadHeaderLine, BlankAsDelimiterFindsEmptyWordsBehindTheLine) {
 }
 
 TEST(ReadHeaderLine, BlankAsMergedDelimiterIsSilentBehindTheLine) {
-  SteerSettings settings = settings_in(true);
+  TestLayout settings = settings_in(true);
   settings.delimiter = ' ';
   settings.merge_delimiters = true;
   const Header header = read_header("id sire dam", settings);
@@ -224,7 +224,7 @@ struct Columns {
   bool has_stopped = false;
 };
 
-Columns read(std::string_view data, const SteerSettings& settings) {
+Columns read(std::string_view data, const TestLayout& settings) {
   Columns result;
   result.streams = streams_in(settings.english);
   LineReader reader;
@@ -238,7 +238,7 @@ Columns read(std::string_view data, const SteerSettings& settings) {
 
 /// Columns given by the steer file, whose header is never read.
 Columns read_codes(const Codes& codes, bool english) {
-  SteerSettings settings = settings_in(english);
+  TestLayout settings = settings_in(english);
   std::copy(codes.begin(), codes.end(), settings.column_codes.begin());
   return read("", settings);
 }
@@ -387,7 +387,7 @@ TEST(ReadColumns, UnknownHeaderWordMeansItsColumnIsMissing) {
 }
 
 TEST(ReadColumns, MergedDelimitersInARowMayLeaveARequiredColumnMissing) {
-  SteerSettings settings = settings_in(true);
+  TestLayout settings = settings_in(true);
   settings.merge_delimiters = true;
   const Columns columns = read("id;sire;;dam;sex;dob\n", settings);
   EXPECT_TRUE(columns.has_stopped);
@@ -409,7 +409,7 @@ TEST(ReadColumns, HeaderIsReadWhenTheSteerFileGivesNoCodes) {
 }
 
 TEST(ReadColumns, NoLineIsReadWhenTheSteerFileGivesCodes) {
-  SteerSettings settings = settings_in(true);
+  TestLayout settings = settings_in(true);
   settings.column_codes = {8, 0, 7, 3, 2, 1};
   const Columns columns = read(complete_header, settings);
   EXPECT_FALSE(columns.has_stopped);
@@ -418,7 +418,7 @@ TEST(ReadColumns, NoLineIsReadWhenTheSteerFileGivesCodes) {
 }
 
 TEST(ReadColumns, CodesWithSumZeroAskForTheHeader) {
-  SteerSettings settings = settings_in(true);
+  TestLayout settings = settings_in(true);
   settings.column_codes = {1, 2, 3, 7, 8, -21};
   const Columns columns = read("dob;sex;dam;sire;id\n", settings);
   EXPECT_EQ(columns.lines_read, 1);
@@ -443,11 +443,11 @@ TEST(ReadColumns, OptionalFieldsSetTheirFlags) {
     FieldCode code;
     bool PopulationStore::*flag;
   };
-  const std::vector<Flag> flags = {
-      {name_column, &PopulationStore::has_name},         {sire_name_column, &PopulationStore::has_sire_name},
-      {dam_name_column, &PopulationStore::has_dam_name}, {colour_column, &PopulationStore::has_colour},
-      {breeder_column, &PopulationStore::has_breeder},   {subpopulation_column, &PopulationStore::has_subpopulation},
-      {import_column, &PopulationStore::has_import}};
+  const std::vector<Flag> flags = {{name_column, &PopulationStore::has_name},
+                                   {colour_column, &PopulationStore::has_colour},
+                                   {breeder_column, &PopulationStore::has_breeder},
+                                   {subpopulation_column, &PopulationStore::has_subpopulation},
+                                   {import_column, &PopulationStore::has_import}};
   for (const Flag& given : flags) {
     const Columns columns = read_codes({1, 2, 3, 7, 8, given.code}, true);
     for (const Flag& flag : flags) {
@@ -459,7 +459,7 @@ TEST(ReadColumns, OptionalFieldsSetTheirFlags) {
 TEST(ReadColumns, MissingOptionalFieldClearsItsFlag) {
   PopulationStore store;
   store.has_colour = store.has_import = true;
-  SteerSettings settings = settings_in(true);
+  TestLayout settings = settings_in(true);
   settings.column_codes = {1, 2, 3, 7, 8};
   LineReader reader;
   RunStreams streams;

@@ -52,8 +52,7 @@ TEST(LinkParents, UnknownParentsAreZeroAndChangeNoRecord) {
     EXPECT_EQ(animal.dam_no, 0);
     EXPECT_EQ(animal.offspring_count, 0);
     EXPECT_EQ(animal.native_offspring_count, 0);
-    EXPECT_EQ(animal.is_parent, logical_false);
-    EXPECT_EQ(animal.is_native_parent, logical_false);
+    EXPECT_FALSE(animal.is_native_parent);
   }
 }
 
@@ -69,16 +68,14 @@ TEST(LinkParents, CountsOffspringAndNativeOffspring) {
   const AnimalRecord& rex = animal_named(store, "rex");
   EXPECT_EQ(rex.offspring_count, 3);
   EXPECT_EQ(rex.native_offspring_count, 2);
-  EXPECT_EQ(rex.is_parent, logical_true);
-  EXPECT_EQ(rex.is_native_parent, logical_true);
+  EXPECT_TRUE(rex.is_native_parent);
   const AnimalRecord& saar = animal_named(store, "saar");
   EXPECT_EQ(saar.offspring_count, 2);
   EXPECT_EQ(saar.native_offspring_count, 1);
   const AnimalRecord& b = animal_named(store, "b");  // a male as mother
   EXPECT_EQ(b.offspring_count, 1);
   EXPECT_EQ(b.native_offspring_count, 0);
-  EXPECT_EQ(b.is_parent, logical_true);
-  EXPECT_EQ(b.is_native_parent, logical_false);
+  EXPECT_FALSE(b.is_native_parent);
   EXPECT_EQ(animal_named(store, "d").dam_no, number_of(store, "b"));
 }
 
@@ -104,7 +101,6 @@ TEST(LinkParents, FirstOfTwoRecordsWithOneIdentificationIsTheParent) {
   EXPECT_EQ(store.at(1).offspring_count, 2);
   EXPECT_EQ(store.at(2).birth_year, 2001);
   EXPECT_EQ(store.at(2).offspring_count, 0);
-  EXPECT_EQ(store.at(2).is_parent, logical_false);
   EXPECT_EQ(store.at(3).sire_no, 1);
   EXPECT_EQ(store.at(4).dam_no, 1);
   EXPECT_EQ(streams.console.pending.find("rex"), std::string::npos);  // no message about it
@@ -179,7 +175,7 @@ TEST(LinkParents, AgreesWithAPlainSearchAmongDuplicatesAndMissingParents) {
     EXPECT_EQ(animal.dam_no, first_with(animal.dam_id));
     for (const std::int32_t parent : {first_with(animal.sire_id), first_with(animal.dam_id)}) {
       ++offspring.at(static_cast<std::size_t>(parent));
-      if (animal.is_import == logical_false) ++native_offspring.at(static_cast<std::size_t>(parent));
+      if (!animal.is_import) ++native_offspring.at(static_cast<std::size_t>(parent));
     }
   }
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
@@ -187,8 +183,7 @@ TEST(LinkParents, AgreesWithAPlainSearchAmongDuplicatesAndMissingParents) {
     const auto place = static_cast<std::size_t>(i);
     EXPECT_EQ(animal.offspring_count, offspring[place]);
     EXPECT_EQ(animal.native_offspring_count, native_offspring[place]);
-    EXPECT_EQ(animal.is_parent, offspring[place] > 0 ? logical_true : logical_false);
-    EXPECT_EQ(animal.is_native_parent, native_offspring[place] > 0 ? logical_true : logical_false);
+    EXPECT_EQ(animal.is_native_parent, native_offspring[place] > 0);
   }
 }
 

@@ -304,10 +304,9 @@ TEST(SortPedigree, AllFieldsMoveWithTheirAnimal) {
       "pa  0  0  m 2003 rough import\n");
   EXPECT_EQ(ids_of(run.store), (Ids{"ma", "pa", "kid"}));
   EXPECT_EQ(run.store.at(2).birth_year, 2003);
-  EXPECT_EQ(run.store.at(2).is_import, logical_true);
+  EXPECT_TRUE(run.store.at(2).is_import);
   EXPECT_EQ(run.store.at(2).sex, male);
   EXPECT_EQ(run.store.at(2).offspring_count, 1);
-  EXPECT_EQ(run.store.at(2).is_parent, logical_true);
   EXPECT_EQ(run.store.at(3).subpopulation, "smooth");
   EXPECT_EQ(run.store.at(3).sex, female);
   EXPECT_EQ(run.store.at(3).sire_no, 2);

@@ -33,7 +33,7 @@ TEST(AllocateRecords, RecordsStartAsBeforeTheirLineIsRead) {
     EXPECT_TRUE(animal.colour.is_blank());
     EXPECT_TRUE(animal.breeder.is_blank());
     EXPECT_TRUE(animal.subpopulation.is_blank());
-    EXPECT_EQ(animal.is_import, logical_false);
+    EXPECT_FALSE(animal.is_import);
   }
 }
 
@@ -68,11 +68,39 @@ TEST(BirthYearsOf, OnlyUnknownYears) {
   EXPECT_EQ(years.count, -2147483646);
 }
 
-TEST(Logical, IsTestedByItsLowestBit) {
-  EXPECT_TRUE(is_true(-1));
-  EXPECT_TRUE(is_true(1));
-  EXPECT_FALSE(is_true(0));
-  EXPECT_FALSE(is_true(2));
+TEST(AllocateRecords, BlankTextsHaveTheNumbersOfBlankNames) {
+  PopulationStore store;
+  allocate_records(store, 1, {.subpopulation = 2, .colour = 3});
+  EXPECT_EQ(store.at(1).subpopulation_no, 2);
+  EXPECT_EQ(store.at(1).colour_no, 3);
+  allocate_records(store, 1);
+  EXPECT_EQ(store.at(1).subpopulation_no, 0);
+  EXPECT_EQ(store.at(1).colour_no, 0);
+}
+
+TEST(AppendParent, HasNoNameNoParentsAndNoBirth) {
+  PopulationStore store;
+  allocate_records(store, 1, {.subpopulation = 2, .colour = 3});
+  append_parent(store, AnimalId("NL-7"), male);
+  ASSERT_EQ(store.animal_count, 2);
+  const AnimalRecord& parent = store.at(2);
+  EXPECT_EQ(parent.id, "NL-7");
+  EXPECT_TRUE(parent.name.is_blank());
+  EXPECT_EQ(parent.sire_id, "0");
+  EXPECT_EQ(parent.dam_id, "0");
+  EXPECT_EQ(parent.sex, male);
+  EXPECT_EQ(parent.birth_year, 0);
+  EXPECT_EQ(parent.number, 2);
+  EXPECT_EQ(parent.line, 0);
+  EXPECT_EQ(parent.subpopulation_no, 2);
+  EXPECT_EQ(parent.colour_no, 3);
+}
+
+TEST(AllPositions, CountFromOne) {
+  PopulationStore store;
+  EXPECT_TRUE(all_positions(store).empty());
+  allocate_records(store, 3);
+  EXPECT_EQ(all_positions(store), (std::vector<std::int32_t>{1, 2, 3}));
 }
 
 }  // namespace

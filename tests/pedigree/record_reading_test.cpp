@@ -22,7 +22,7 @@ struct StoredField {
   bool has_stopped = false;
 };
 
-StoredField store_one(std::string_view field, FieldCode code, const SteerSettings& settings) {
+StoredField store_one(std::string_view field, FieldCode code, const TestLayout& settings) {
   StoredField result{.record = {}, .streams = streams_in(settings.english)};
   result.has_stopped = stops([&] {
     store_field(field, code, settings, {"dogs.txt", 813, 5, 812}, result.record, result.streams);
@@ -35,7 +35,7 @@ StoredField store_one(std::string_view field, FieldCode code) {
 }
 
 /// Stores the columns of `line` in a new record.
-AnimalRecord cut_line(std::string_view line, const std::vector<std::int32_t>& columns, const SteerSettings& settings) {
+AnimalRecord cut_line(std::string_view line, const std::vector<std::int32_t>& columns, const TestLayout& settings) {
   AnimalRecord record;
   record.id.assign("untouched");
   record.name.assign("untouched");
@@ -109,7 +109,7 @@ TEST(StoreField, SexIsTheFirstCharacter) {
 }
 
 TEST(StoreField, BlankAsMaleLetterMakesNoMales) {
-  SteerSettings settings = settings_in(true);
+  TestLayout settings = settings_in(true);
   settings.male_letters = {' ', ' '};
   EXPECT_EQ(store_one(" m", sex_column, settings).record.sex, female);
   EXPECT_EQ(store_one("", sex_column, settings).record.sex, female);
@@ -118,7 +118,7 @@ TEST(StoreField, BlankAsMaleLetterMakesNoMales) {
 TEST(StoreField, AnyTextMarksAnImport) {
   for (const std::string_view field : {"0", "no", "x", "   x", "\t", "                   x"}) {
     const StoredField stored = store_one(field, import_column);
-    EXPECT_EQ(stored.record.is_import, logical_true) << field;
+    EXPECT_TRUE(stored.record.is_import) << field;
   }
 }
 
@@ -126,9 +126,9 @@ TEST(StoreField, OnlyTheFirst20CharactersMarkAnImport) {
   AnimalRecord record;
   RunStreams streams;
   for (const std::string_view field : {"", "     ", "                    x"}) {
-    record.is_import = logical_true;
+    record.is_import = true;
     store_field(field, import_column, settings_in(true), {}, record, streams);
-    EXPECT_EQ(record.is_import, logical_false) << field;
+    EXPECT_FALSE(record.is_import) << field;
   }
 }
 
@@ -143,10 +143,8 @@ TEST(StoreField, DateLayoutOfTheSettingsDecides) {
   for (const bool has_delimiters : {false, true}) {
     for (const bool year_first : {false, true}) {
       for (const bool day_first : {false, true}) {
-        SteerSettings settings = settings_in(true);
-        settings.date_has_delimiters = has_delimiters;
-        settings.date_year_first = year_first;
-        settings.date_day_first = day_first;
+        TestLayout settings = settings_in(true);
+        settings.dates = {has_delimiters, year_first, day_first};
         const std::string between = has_delimiters ? "/" : "";
         const std::string day_and_month = day_first ? "25" + between + "04" : "04" + between + "25";
         const std::string field = year_first ? "1998" + between + day_and_month : day_and_month + between + "1998";
@@ -249,10 +247,9 @@ std::string_view text_of_field(const AnimalRecord& record, FieldCode code) {
   }
 }
 
-SteerSettings settings_with_subpopulation(std::string_view name, bool english) {
-  SteerSettings settings = settings_in(english);
-  settings.subpopulation_names.emplace_back(name);
-  settings.subpopulation_count = 1;
+TestLayout settings_with_subpopulation(std::string_view name, bool english) {
+  TestLayout settings = settings_in(english);
+  settings.subpopulations.add(SubpopulationName(name));
   return settings;
 }
 
@@ -260,7 +257,7 @@ TEST(StoreField, TooLongTextIsCutWithAWarningInBothLanguages) {
   for (const LengthCase& length_case : length_cases) {
     for (const bool english : {true, false}) {
       const std::string kept = "  " + std::string(length_case.limit - 3, 'a') + "z";
-      const SteerSettings settings = settings_with_subpopulation(kept, english);
+      const TestLayout settings = settings_with_subpopulation(kept, english);
       const StoredField stored = store_one(kept + "y", length_case.code, settings);
       EXPECT_EQ(text_of_field(stored.record, length_case.code), kept);
       EXPECT_EQ(stored.streams.console.pending, english ? length_case.english : length_case.dutch);
@@ -282,13 +279,26 @@ TEST(StoreField, TextOfExactlyTheFieldsWidthIsNotTooLong) {
 // ---- subpopulations ----------------------------------------------------------------------------------------------
 
 TEST(StoreField, SubpopulationOnTheListOrBlankIsAccepted) {
-  SteerSettings settings = settings_with_subpopulation("rough", true);
-  settings.subpopulation_names.emplace_back("smooth");
+  TestLayout settings = settings_with_subpopulation("rough", true);
+  settings.subpopulations.add(SubpopulationName("smooth"));
   for (const std::string_view field : {"rough", "smooth   ", "", "     "}) {
     const StoredField stored = store_one(field, subpopulation_column, settings);
     EXPECT_EQ(stored.streams.console.pending, "") << field;
     EXPECT_EQ(stored.streams.report.pending, "") << field;
   }
+}
+
+TEST(StoreField, SubpopulationAndColourGetTheirNumbers) {
+  TestLayout settings = settings_with_subpopulation("rough", true);
+  for (const char* const name : {"smooth", "rough", ""}) settings.subpopulations.add(SubpopulationName(name));
+  for (const char* const name : {"red", "black", "red"}) settings.colours.add(ColourName(name));
+  EXPECT_EQ(store_one("smooth", subpopulation_column, settings).record.subpopulation_no, 2);
+  EXPECT_EQ(store_one("rough", subpopulation_column, settings).record.subpopulation_no, 1);  // its first number
+  EXPECT_EQ(store_one("  ", subpopulation_column, settings).record.subpopulation_no, 4);
+  EXPECT_EQ(store_one("wire", subpopulation_column, settings).record.subpopulation_no, 0);
+  EXPECT_EQ(store_one("black", colour_column, settings).record.colour_no, 2);
+  EXPECT_EQ(store_one("red   ", colour_column, settings).record.colour_no, 1);
+  EXPECT_EQ(store_one("Red", colour_column, settings).record.colour_no, 0);
 }
 
 StoredField store_unknown_subpopulation(bool english) {
@@ -368,7 +378,7 @@ TEST(StoreLine, EmptyFieldIsStoredAsBlank) {
 }
 
 TEST(StoreLine, EmptyFieldIsLeftUntouchedWhenDelimitersAreMerged) {
-  SteerSettings settings = settings_in(true);
+  TestLayout settings = settings_in(true);
   settings.merge_delimiters = true;
   const std::vector<std::int32_t> columns = {id_column, name_column, colour_column};
   const AnimalRecord record = cut_line("NL-1;;red", columns, settings);
@@ -381,7 +391,7 @@ TEST(StoreLine, EmptyFieldIsLeftUntouchedWhenDelimitersAreMerged) {
 
 TEST(StoreLine, ColumnsThatTheLineDoesNotHaveAreStoredAsBlank) {
   for (const bool merge : {false, true}) {
-    SteerSettings settings = settings_in(true);
+    TestLayout settings = settings_in(true);
     settings.merge_delimiters = merge;
     const std::vector<std::int32_t> columns = {id_column, name_column, colour_column};
     for (const std::string_view line : {"NL-1", "NL-1;", "NL-1;  "}) {
@@ -404,14 +414,14 @@ TEST(StoreLine, FieldThatReachesColumn600IsKeptUpToThere) {
   EXPECT_EQ(cut_line(line, {0, id_column}, settings_in(true)).id, "abcd");
   // The delimiter in column 600 itself: the next column lies behind the end, whether delimiters are merged or not.
   for (const bool merge : {false, true}) {
-    SteerSettings settings = settings_in(true);
+    TestLayout settings = settings_in(true);
     settings.merge_delimiters = merge;
     EXPECT_TRUE(cut_line(std::string(599, 'x') + ";", {0, id_column}, settings).id.is_blank());
   }
 }
 
 TEST(StoreLine, BlankAsDelimiterStoresEmptyColumnsBehindTheLine) {
-  SteerSettings settings = settings_in(true);
+  TestLayout settings = settings_in(true);
   settings.delimiter = ' ';
   const std::vector<std::int32_t> columns = {id_column, name_column, colour_column};
   EXPECT_EQ(cut_line("NL-1 Rex red", columns, settings).colour, "red");
@@ -420,7 +430,7 @@ TEST(StoreLine, BlankAsDelimiterStoresEmptyColumnsBehindTheLine) {
 }
 
 TEST(StoreLine, BlankAsMergedDelimiterLeavesColumnsBehindTheLineUntouched) {
-  SteerSettings settings = settings_in(true);
+  TestLayout settings = settings_in(true);
   settings.delimiter = ' ';
   settings.merge_delimiters = true;
   const std::vector<std::int32_t> columns = {id_column, name_column, colour_column};
@@ -450,7 +460,7 @@ TEST(ReadDataFile, StoresEveryColumnOfEveryLine) {
       settings_with_subpopulation("rough", true));
   ASSERT_EQ(run.store.animals.size(), 2U);
   const AnimalRecord& puck = run.store.at(1);
-  EXPECT_EQ(puck.is_import, logical_true);
+  EXPECT_TRUE(puck.is_import);
   EXPECT_EQ(puck.subpopulation, "rough");
   EXPECT_EQ(puck.breeder, "Smit");
   EXPECT_EQ(puck.colour, "red");
@@ -463,7 +473,7 @@ TEST(ReadDataFile, StoresEveryColumnOfEveryLine) {
   EXPECT_EQ(puck.sire_id, "NL-1");
   EXPECT_EQ(puck.id, "NL-3");
   const AnimalRecord& other = run.store.at(2);
-  EXPECT_EQ(other.is_import, logical_false);
+  EXPECT_FALSE(other.is_import);
   EXPECT_TRUE(other.subpopulation.is_blank());
   EXPECT_TRUE(other.breeder.is_blank());
   EXPECT_TRUE(other.colour.is_blank());
@@ -502,7 +512,7 @@ TEST(ReadDataFile, BlankLineIsAnAnimalWithoutIdentification) {
 }
 
 TEST(ReadDataFile, FieldsLeftUntouchedHaveFixedValues) {
-  SteerSettings settings = settings_in(true);
+  TestLayout settings = settings_in(true);
   settings.merge_delimiters = true;
   const ReadRun run = read_text(std::string(short_header) + ";;;;1-1-2000\n", settings);
   EXPECT_TRUE(run.store.at(1).id.is_blank());
@@ -520,7 +530,7 @@ TEST(ReadDataFile, HeaderWithoutAnimalsIsReadAtOnce) {
 }
 
 TEST(ReadDataFile, LastLineIsNeverReadWhenTheSteerFileGivesTheColumns) {
-  SteerSettings settings = settings_in(true);
+  TestLayout settings = settings_in(true);
   settings.column_codes = {id_column, sire_column, dam_column, sex_column, birthdate_column};
   const ReadRun run = read_text("a;0;0;m;1-1-2000\nb;0;0;m;1-1-2001\nc;0;0;m;1-1-2002\n", settings);
   ASSERT_EQ(run.store.animal_count, 2);
@@ -562,7 +572,7 @@ TEST(ReadDataFile, BadDateIsReportedWithTheHeadingAsItStands) {
   EXPECT_EQ(blanks.streams.messages.pending,
             "dogs.txt, line 2, field 6 (dob), character 10: \"1-x-2000\": a date of birth in the layout dd-mm-jjjj was "
             "expected\n");
-  SteerSettings merged = settings_in(true);
+  TestLayout merged = settings_in(true);
   merged.merge_delimiters = true;
   EXPECT_EQ(read_text("id;sire;dam;sex;dob\nb;;;m;1-x-2000\n", merged).streams.messages.pending,
             "dogs.txt, line 2, field 5 (dob), character 7: \"1-x-2000\": a date of birth in the layout dd-mm-jjjj was "
@@ -570,7 +580,7 @@ TEST(ReadDataFile, BadDateIsReportedWithTheHeadingAsItStands) {
 }
 
 TEST(ReadDataFile, BadDateHasNoHeadingWhenTheSteerFileGivesTheColumns) {
-  SteerSettings settings = settings_in(true);
+  TestLayout settings = settings_in(true);
   settings.column_codes = {id_column, sire_column, dam_column, unused_column, sex_column, birthdate_column};
   EXPECT_EQ(read_text("a;0;0;;m;1-1-2000\nb;0;0;;m;1-x-2000\n\n", settings).streams.messages.pending,
             "dogs.txt, line 2, field 6, character 10: \"1-x-2000\": a date of birth in the layout dd-mm-jjjj was "
@@ -582,7 +592,7 @@ TEST(ReadDataFile, RecordsKnowTheirLine) {
   ASSERT_EQ(headed.store.animal_count, 3);
   EXPECT_EQ(headed.store.at(1).line, 2);
   EXPECT_EQ(headed.store.at(3).line, 4);
-  SteerSettings settings = settings_in(true);
+  TestLayout settings = settings_in(true);
   settings.column_codes = {id_column, sire_column, dam_column, sex_column, birthdate_column};
   EXPECT_EQ(read_text("a;0;0;m;\nb;0;0;m;\n\n", settings).store.at(2).line, 2);
 }

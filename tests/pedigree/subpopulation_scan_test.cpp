@@ -16,27 +16,36 @@ namespace {
 using Numbers = std::vector<std::int32_t>;
 
 struct Scan {
-  YearTable<std::int32_t> years;
-  SubpopulationOverlap overlap;
+  SubpopulationScan tables;
   std::string console;
 
   /// The counts of one row, one for each subpopulation.
-  Numbers row(std::int64_t row_no) const {
+  Numbers row(Row row_no) const {
     Numbers counts;
-    for (std::int64_t k = 1; k <= years.column_count; ++k) counts.push_back(years.value(row_no, k));
+    for (std::int64_t k = 1; k <= tables.births.column_count; ++k) counts.push_back(tables.births.value(row_no, k));
     return counts;
   }
 };
 
+Subpopulations subpopulations_of(const std::vector<std::string>& names) {
+  Subpopulations subpopulations;
+  for (const std::string& name : names) subpopulations.add(SubpopulationName(name));
+  return subpopulations;
+}
+
+/// As the reading of the data file leaves it.
+PopulationStore with_numbers(PopulationStore store, const Subpopulations& subpopulations) {
+  for (AnimalRecord& animal : store.animals) {
+    animal.subpopulation_no = subpopulations.number_of(animal.subpopulation);
+  }
+  return store;
+}
+
 Scan scan(const PopulationStore& store, const std::vector<std::string>& names, bool english = true) {
-  std::vector<SubpopulationName> fixed_names;
-  for (const std::string& name : names) fixed_names.emplace_back(name);
-  const auto count = static_cast<std::int32_t>(names.size());
-  Scan result{YearTable<std::int32_t>(store.birth_years.row_count(), count), SubpopulationOverlap(count), {}};
+  const Subpopulations subpopulations = subpopulations_of(names);
   TextOutput console = output_in(english);
-  scan_subpopulations(store, find_membership(store, fixed_names), result.years, result.overlap, console);
-  result.console = console.pending;
-  return result;
+  SubpopulationScan tables = scan_subpopulations(with_numbers(store, subpopulations), subpopulations, console);
+  return {std::move(tables), console.pending};
 }
 
 Scan scan(std::string_view text, const std::vector<std::string>& names, bool english = true) {
@@ -64,7 +73,7 @@ TEST(ScanSubpopulations, CountsBirthsByYear) {
       "d 0 0 m 2002 rough\n"
       "e 0 0 m 2002 -\n",
       {"rough", "smooth"});
-  EXPECT_EQ(result.years.row_count, 3);
+  EXPECT_EQ(result.tables.births.row_count(), 3);
   EXPECT_EQ(result.row(1), (Numbers{1, 1}));
   EXPECT_EQ(result.row(2), (Numbers{0, 0}));
   EXPECT_EQ(result.row(3), (Numbers{2, 0}));
@@ -76,7 +85,7 @@ TEST(ScanSubpopulations, OnlyYearsFromOneOnCount) {
       "b 0 0 m 0 rough\n"  // without a year; the range -1 to 1 has a row of that number
       "c 0 0 m 1 rough\n",
       {"rough", "smooth"});
-  EXPECT_EQ(result.years.row_count, 3);
+  EXPECT_EQ(result.tables.births.row_count(), 3);
   EXPECT_EQ(result.row(1), (Numbers{0, 0}));
   EXPECT_EQ(result.row(2), (Numbers{0, 0}));
   EXPECT_EQ(result.row(3), (Numbers{1, 0}));
@@ -89,7 +98,7 @@ TEST(ScanSubpopulations, AnimalWithoutYearCountsInTheOverlapOnly) {
       "kid pa ma m 0    smooth\n",
       {"rough", "smooth"});
   EXPECT_EQ(result.row(1), (Numbers{1, 1}));
-  EXPECT_EQ(result.overlap.counts, (Numbers{0, 0, 1, 1}));
+  EXPECT_EQ(result.tables.overlap.counts, (Numbers{0, 0, 1, 1}));
 }
 
 TEST(ScanSubpopulations, OverlapCountsBothParentsOfAMating) {
@@ -103,10 +112,10 @@ TEST(ScanSubpopulations, OverlapCountsBothParentsOfAMating) {
       "x3 s1 s2 m 2002 rough\n"    // two from smooth
       "x4 r1 s2 m 2002 smooth\n",  // one from each
       {"rough", "smooth"});
-  EXPECT_EQ(result.overlap.at(1, 1), 3);
-  EXPECT_EQ(result.overlap.at(1, 2), 3);
-  EXPECT_EQ(result.overlap.at(2, 1), 1);
-  EXPECT_EQ(result.overlap.at(2, 2), 1);
+  EXPECT_EQ(result.tables.overlap.at(1, 1), 3);
+  EXPECT_EQ(result.tables.overlap.at(1, 2), 3);
+  EXPECT_EQ(result.tables.overlap.at(2, 1), 1);
+  EXPECT_EQ(result.tables.overlap.at(2, 2), 1);
   EXPECT_EQ(result.row(3), (Numbers{3, 1}));
 }
 
@@ -121,7 +130,7 @@ TEST(ScanSubpopulations, ParentOutsideTheListMakesTheMatingCountForNothing) {
       "x4 r1 new m 2002 rough\n"  // an appended mother has no subpopulation
       "x5 r1 r2 m 2002 -\n",
       {"rough", "smooth"});
-  EXPECT_EQ(result.overlap.counts, (Numbers{0, 0, 0, 0}));
+  EXPECT_EQ(result.tables.overlap.counts, (Numbers{0, 0, 0, 0}));
 }
 
 TEST(ScanSubpopulations, NameThatStandsTwiceCountsTwice) {
@@ -131,9 +140,9 @@ TEST(ScanSubpopulations, NameThatStandsTwiceCountsTwice) {
       "kid pa ma m 2000 rough\n",
       {"rough", "smooth", "rough"});
   EXPECT_EQ(result.row(1), (Numbers{2, 1, 2}));
-  EXPECT_EQ(result.overlap.counts, (Numbers{1, 1, 1,  //
-                                            0, 0, 0,  //
-                                            1, 1, 1}));
+  EXPECT_EQ(result.tables.overlap.counts, (Numbers{1, 1, 1,  //
+                                                   0, 0, 0,  //
+                                                   1, 1, 1}));
 }
 
 TEST(ScanSubpopulations, WithoutSubpopulationsTablesStayZeroAndNothingIsPrinted) {
@@ -144,7 +153,7 @@ TEST(ScanSubpopulations, WithoutSubpopulationsTablesStayZeroAndNothingIsPrinted)
       {"rough", "smooth"});
   EXPECT_EQ(result.row(1), (Numbers{0, 0}));
   EXPECT_EQ(result.row(2), (Numbers{0, 0}));
-  EXPECT_EQ(result.overlap.counts, (Numbers{0, 0, 0, 0}));
+  EXPECT_EQ(result.tables.overlap.counts, (Numbers{0, 0, 0, 0}));
   EXPECT_EQ(result.console, "");
 }
 
@@ -159,7 +168,7 @@ TEST(ScanSubpopulations, AgreesWithPlainCountsOnARandomPedigree) {
       for (const AnimalRecord& animal : store.animals) {
         if (animal.subpopulation == name && animal.birth_year == store.birth_years.first + row - 1) ++births;
       }
-      EXPECT_EQ(result.years.value(row, k), births);
+      EXPECT_EQ(result.tables.births.value(row, k), births);
     }
     for (std::int32_t j = 1; j <= 4; ++j) {
       const std::string& parent_name = names[static_cast<std::size_t>(j) - 1];
@@ -172,7 +181,7 @@ TEST(ScanSubpopulations, AgreesWithPlainCountsOnARandomPedigree) {
         if (sire.subpopulation == parent_name) ++parents;
         if (dam.subpopulation == parent_name) ++parents;
       }
-      EXPECT_EQ(result.overlap.at(k, j), parents);
+      EXPECT_EQ(result.tables.overlap.at(k, j), parents);
     }
   }
 }
@@ -254,6 +263,36 @@ TEST(BreedCodeCheck, DutchLinesTellThePosition) {
            "\n Van een ander ras. rascode:_" + padded(code, 20) + "_= niet gelijk aan -wire    _\n";
   };
   EXPECT_EQ(result.console, first_code("wire") + dutch(2, "b", "wire") + dutch(3, "c", "curl"));
+}
+
+// ---- who belongs where -------------------------------------------------------------------------------------------
+
+constexpr std::string_view five_animals =
+    "a 0 0 m 2000 rough\n"
+    "b 0 0 m 2000 smooth\n"
+    "c 0 0 m 2000 -\n"
+    "d 0 0 m 2000 Rough\n"
+    "e 0 0 m 2000 rough\n";
+
+std::vector<Numbers> animals_of(const std::vector<std::string>& names) {
+  const Subpopulations subpopulations = subpopulations_of(names);
+  return animals_by_subpopulation(with_numbers(animals_from_text(five_animals), subpopulations), subpopulations).values;
+}
+
+TEST(AnimalsBySubpopulation, ListsThePositionsOfEachAscending) {
+  EXPECT_EQ(animals_of({"smooth", "rough", "wire"}), (std::vector<Numbers>{{}, {2}, {1, 5}, {}}));
+}
+
+TEST(AnimalsBySubpopulation, ANameThatStandsTwiceHasItsAnimalsAtTheFirst) {
+  EXPECT_EQ(animals_of({"rough", "smooth", "rough"}), (std::vector<Numbers>{{}, {1, 5}, {2}, {}}));
+}
+
+TEST(AnimalsBySubpopulation, ABlankNameTakesTheAnimalsWithoutSubpopulation) {
+  EXPECT_EQ(animals_of({"rough", ""}), (std::vector<Numbers>{{}, {1, 5}, {3}}));
+}
+
+TEST(AnimalsBySubpopulation, WithoutNamesNobodyBelongsAnywhere) {
+  EXPECT_EQ(animals_of({}), (std::vector<Numbers>{{}}));
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "support/report_frame.h"
 
 namespace pedigreewatch::test {
@@ -11,37 +13,36 @@ void put_row(YearTable<std::int32_t>& table, std::int64_t row, const std::vector
   for (std::size_t i = 0; i < cells.size(); ++i) table.at(row, static_cast<std::int64_t>(i) + 1) = cells[i];
 }
 
-/// What the summary reads.
+/// What the summary is made from.
 struct SummaryInput {
   MonitorTables tables;
-  YearTable<float> shares;
+  YearRows<TopSireRow> top_sires;
 
-  SummaryInput(std::int32_t years, std::int32_t oldest_sire, std::int32_t oldest_dam) : shares(years, 10) {
-    tables.sire_age_classes = YearTable<std::int32_t>(years, oldest_sire);
-    tables.dam_age_classes = YearTable<std::int32_t>(years, oldest_dam);
-    tables.parent_counts = YearTable<std::int32_t>(years, parent_count_columns);
-    tables.litters = YearTable<std::int32_t>(years, litter_columns);
+  SummaryInput(std::int32_t years, std::int32_t oldest_sire, std::int32_t oldest_dam) : top_sires(years) {
+    tables.age_classes = {{years, oldest_sire}, {years, oldest_dam}};
+    tables.parent_counts = YearRows<ParentCounts>(years);
+    tables.litters = YearRows<LitterCounts>(years);
   }
-  void put_litters_of_size(std::int64_t row, std::int64_t size, std::int32_t count) {
-    tables.litters.at(row, before_litter_sizes + size) = count;
+  YearTable<std::int32_t>& sire_ages() { return tables.age_classes.of(male); }
+  YearTable<std::int32_t>& dam_ages() { return tables.age_classes.of(female); }
+  void put_litters_of_size(Row row, std::int32_t size, std::int32_t count) {
+    tables.litters.at(row).of_size(size) = count;
   }
-  void put_later_parents(std::int64_t row, std::int32_t sires, std::int32_t dams) {
-    tables.parent_counts.at(row, native_sires) = sires;
-    tables.parent_counts.at(row, native_dams) = dams;
+  void put_later_parents(Row row, std::int32_t sires, std::int32_t dams) {
+    tables.parent_counts.at(row).of(male).native_parents = sires;
+    tables.parent_counts.at(row).of(female).native_parents = dams;
   }
-  void put_shares(std::int64_t row, const std::vector<float>& cells) {
-    for (std::size_t i = 0; i < cells.size(); ++i) shares.at(row, static_cast<std::int64_t>(i) + 1) = cells[i];
-  }
+  void put_shares(Row row, const std::array<float, top_sire_columns>& shares) { top_sires.at(row).shares = shares; }
 };
 
 std::vector<std::string> summary_lines(const SummaryInput& input, const BirthYears& years, bool english) {
   ReportSheet sheet(years, english);
-  write_summary(sheet.frame(), input.tables, input.shares);
+  write_summary(sheet.frame(), summarise_population(years, input.tables, input.top_sires));
   return sheet.lines();
 }
 
 std::vector<std::string> summary_lines(const SummaryInput& input, bool english = true) {
-  return summary_lines(input, years_from(2001, static_cast<std::int32_t>(input.shares.row_count)), english);
+  return summary_lines(input, years_from(2001, static_cast<std::int32_t>(input.top_sires.row_count())), english);
 }
 
 /// Eight years from 2001 on. The summary rests on 2002 to 2007, the later parents on 2002 to 2006; the years outside
@@ -50,7 +51,7 @@ SummaryInput eight_years() {
   SummaryInput input(8, 2, 3);
   // 61 litters in six years.
   const std::int32_t litters[] = {1000, 10, 10, 10, 10, 10, 11, 1000};
-  for (std::int64_t row = 1; row <= 8; ++row) input.tables.litters.at(row, litter_count) = litters[row - 1];
+  for (std::int64_t row = 1; row <= 8; ++row) input.tables.litters.at(row).litters = litters[row - 1];
   // Sizes count in all years: 152 litters, a mean of 1.52 for each of a hundred sizes.
   input.put_litters_of_size(1, 1, 1);
   input.put_litters_of_size(2, 3, 25);
@@ -59,14 +60,14 @@ SummaryInput eight_years() {
   input.put_litters_of_size(4, 6, 40);
   input.put_litters_of_size(5, 7, 1);
   // Sires 0.6 and 0.4; dams 0.2, 0.5 and 0.3.
-  put_row(input.tables.sire_age_classes, 1, {0, 900});
-  put_row(input.tables.sire_age_classes, 2, {6, 1});
-  put_row(input.tables.sire_age_classes, 7, {0, 3});
-  put_row(input.tables.sire_age_classes, 8, {0, 900});
-  put_row(input.tables.dam_age_classes, 1, {0, 0, 900});
-  put_row(input.tables.dam_age_classes, 2, {2, 1, 0});
-  put_row(input.tables.dam_age_classes, 7, {0, 4, 3});
-  put_row(input.tables.dam_age_classes, 8, {0, 0, 900});
+  put_row(input.sire_ages(), 1, {0, 900});
+  put_row(input.sire_ages(), 2, {6, 1});
+  put_row(input.sire_ages(), 7, {0, 3});
+  put_row(input.sire_ages(), 8, {0, 900});
+  put_row(input.dam_ages(), 1, {0, 0, 900});
+  put_row(input.dam_ages(), 2, {2, 1, 0});
+  put_row(input.dam_ages(), 7, {0, 4, 3});
+  put_row(input.dam_ages(), 8, {0, 0, 900});
   // 20 later sires and 30 later dams.
   const std::int32_t sires[] = {500, 4, 4, 4, 4, 4, 500, 500};
   const std::int32_t dams[] = {500, 10, 5, 5, 5, 5, 500, 500};
@@ -211,9 +212,9 @@ TEST(WriteSummary, ThreeYearsRestOnTheFirstTwo) {
   SummaryInput input(3, 1, 1);
   const std::int32_t litters[] = {4, 6, 1000};
   for (std::int64_t row = 1; row <= 3; ++row) {
-    input.tables.litters.at(row, litter_count) = litters[row - 1];
-    put_row(input.tables.sire_age_classes, row, {1});
-    put_row(input.tables.dam_age_classes, row, {1});
+    input.tables.litters.at(row).litters = litters[row - 1];
+    put_row(input.sire_ages(), row, {1});
+    put_row(input.dam_ages(), row, {1});
   }
   // Only the first year's later parents count, but they are divided by two years.
   input.put_later_parents(1, 8, 12);
@@ -244,9 +245,9 @@ TEST(WriteSummary, TwentyYearsRestOnSixOfTheLastSeven) {
 
 TEST(WriteSummary, OneYearLeavesNoSpanAndNothingIsGuarded) {
   SummaryInput input(1, 1, 1);
-  put_row(input.tables.sire_age_classes, 1, {5});
-  put_row(input.tables.dam_age_classes, 1, {5});
-  input.tables.litters.at(1, litter_count) = 10;
+  put_row(input.sire_ages(), 1, {5});
+  put_row(input.dam_ages(), 1, {5});
+  input.tables.litters.at(1).litters = 10;
   input.put_litters_of_size(1, 2, 10);
   input.put_later_parents(1, 3, 4);
   input.put_shares(1, {40, 30, 20, 10});
@@ -330,7 +331,7 @@ TEST(WriteSummary, EnglishReportShowsTheMalesOwnShare) {
 TEST(WriteSummary, SharesThatRiseWithAgeAreLevelled) {
   // 0.1, 0.2, 0.3, 0.4: all become 0.4, their sum 1.6; a quarter is replaced each year.
   SummaryInput input(3, 1, 4);
-  put_row(input.tables.dam_age_classes, 1, {1, 2, 3, 4});
+  put_row(input.dam_ages(), 1, {1, 2, 3, 4});
   input.put_later_parents(1, 0, 8);
   const std::vector<std::string> lines = summary_lines(input);
   EXPECT_EQ(lines[9], "          10.");  // 8 / 2 years / 0.25 = 16; 16 / 1.6
@@ -349,7 +350,7 @@ TEST(WriteSummary, BornPerYearIsTruncated) {
 
 TEST(WriteSummary, WithoutLaterParentsNobodyIsAvailable) {
   SummaryInput input(3, 1, 1);
-  put_row(input.tables.dam_age_classes, 1, {4});
+  put_row(input.dam_ages(), 1, {4});
   const std::vector<std::string> lines = summary_lines(input);
   EXPECT_EQ(lines[9], "           0.");
   EXPECT_EQ(lines[13], "       |     0 females are born per year that later will become mother");
@@ -368,7 +369,7 @@ TEST(WriteSummary, WithoutKnownAgesTheFiguresAreNotNumbers) {
 TEST(WriteSummary, SiresOfTheSecondAgeOnlyCountAsUsedFromTheFirstOn) {
   // 0 and 1 become 1 and 1: half is replaced each year.
   SummaryInput input(3, 2, 1);
-  put_row(input.tables.sire_age_classes, 1, {0, 7});
+  put_row(input.sire_ages(), 1, {0, 7});
   input.put_later_parents(1, 4, 0);
   const std::vector<std::string> lines = summary_lines(input);
   EXPECT_EQ(lines[20], "           2.");  // 4 / 2 years / 0.5 = 4; 4 / 2
@@ -380,7 +381,7 @@ TEST(WriteSummary, SiresOfTheSecondAgeOnlyCountAsUsedFromTheFirstOn) {
 TEST(WriteSummary, HalfIsAddedBeforeTheFieldRounds) {
   // Two litters in six years: a third, and a half is 0.83.
   SummaryInput input(8, 1, 1);
-  input.tables.litters.at(3, litter_count) = 2;
+  input.tables.litters.at(3).litters = 2;
   input.put_shares(4, {1.0F, 1.0F});
   const std::vector<std::string> lines = summary_lines(input);
   EXPECT_EQ(lines[6], "           1.");
@@ -450,8 +451,8 @@ std::vector<std::string> age_lines(const SummaryInput& input) {
 
 TEST(WriteSummary, AnAgeWithExactlyOneHundredthIsNotKept) {
   SummaryInput input(3, 3, 2);
-  put_row(input.tables.sire_age_classes, 1, {98, 1, 1});
-  put_row(input.tables.dam_age_classes, 1, {99, 1});
+  put_row(input.sire_ages(), 1, {98, 1, 1});
+  put_row(input.dam_ages(), 1, {99, 1});
   EXPECT_EQ(age_lines(input), (std::vector<std::string>{
                                   "   Number of ages:            1",
                                   "   Age    Fraction  Fraction",
@@ -462,8 +463,8 @@ TEST(WriteSummary, AnAgeWithExactlyOneHundredthIsNotKept) {
 
 TEST(WriteSummary, AnAgeWithLittleMoreThanOneHundredthIsKept) {
   SummaryInput input(3, 2, 1);
-  put_row(input.tables.sire_age_classes, 1, {986, 14});
-  put_row(input.tables.dam_age_classes, 1, {7});
+  put_row(input.sire_ages(), 1, {986, 14});
+  put_row(input.dam_ages(), 1, {7});
   EXPECT_EQ(age_lines(input), (std::vector<std::string>{
                                   "   Number of ages:            2",
                                   "   Age    Fraction  Fraction",
@@ -476,8 +477,8 @@ TEST(WriteSummary, AnAgeWithLittleMoreThanOneHundredthIsKept) {
 TEST(WriteSummary, AgesUpToTheLargestKeptOneAreShown) {
   // The sires of age 2 are too few to be kept, those of age 3 are not.
   SummaryInput input(3, 4, 2);
-  put_row(input.tables.sire_age_classes, 1, {950, 4, 40, 6});
-  put_row(input.tables.dam_age_classes, 2, {1, 3});
+  put_row(input.sire_ages(), 1, {950, 4, 40, 6});
+  put_row(input.dam_ages(), 2, {1, 3});
   EXPECT_EQ(age_lines(input), (std::vector<std::string>{
                                   "   Number of ages:            3",
                                   "   Age    Fraction  Fraction",
@@ -490,8 +491,8 @@ TEST(WriteSummary, AgesUpToTheLargestKeptOneAreShown) {
 
 TEST(WriteSummary, MothersOlderThanTheOldestSireShowZero) {
   SummaryInput input(3, 1, 3);
-  put_row(input.tables.sire_age_classes, 1, {7});
-  put_row(input.tables.dam_age_classes, 1, {1, 1, 2});
+  put_row(input.sire_ages(), 1, {7});
+  put_row(input.dam_ages(), 1, {1, 1, 2});
   EXPECT_EQ(age_lines(input), (std::vector<std::string>{
                                   "   Number of ages:            3",
                                   "   Age    Fraction  Fraction",

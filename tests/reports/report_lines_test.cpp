@@ -58,13 +58,6 @@ TEST(WriteColumnNumbers, CountsFromOneInEightColumnsEach) {
   EXPECT_EQ(report.pending, "  jaar         1       2       3\n");
 }
 
-TEST(WriteColumnNames, CutsOnTheRightAndJustifiesOnTheRight) {
-  TextOutput report;
-  const std::string_view names[] = {"Langharig", "Kort"};
-  write_column_names(report, "total  ", names);
-  EXPECT_EQ(report.pending, " total  Langhari    Kort\n");
-}
-
 TEST(WriteCountRows, GivesAYearWithoutAnimalsItsRowOfZeros) {
   ReportSheet sheet = english_sheet(years_from(2001, 3));
   write_count_rows(sheet.frame(), table_of<std::int32_t>(2, {{1, 20}, {}, {300, 4000}}));

@@ -2,108 +2,159 @@
 
 #include <gtest/gtest.h>
 
-#include "reports/breeder_colour_tables.h"
-#include "reports/import_table.h"
-#include "reports/inbreeding_tables.h"
-#include "reports/offspring_litter_tables.h"
-#include "reports/parent_age_tables.h"
-#include "reports/population_size_table.h"
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/wording.h"
+#include "reports/breeders.h"
+#include "reports/colours.h"
+#include "reports/completeness.h"
+#include "reports/generation_interval.h"
+#include "reports/imports.h"
+#include "reports/litters.h"
+#include "reports/offspring.h"
+#include "reports/parent_ages.h"
+#include "reports/population_size.h"
 #include "reports/population_summary.h"
-#include "reports/subpopulation_tables.h"
-#include "reports/top_sire_table.h"
+#include "reports/subpopulation_kinship.h"
+#include "reports/subpopulation_scan.h"
+#include "reports/top_sires.h"
+#include "reports/yearly_inbreeding.h"
 #include "support/report_frame.h"
 
 namespace pedigreewatch::test {
 namespace {
 
-/// Fills the cells of the first and the last year with numbers that no other table has.
+/// Numbers that no other cell has.
 struct CellFiller {
-  std::int32_t next = 1;
+  std::int32_t last = 0;
 
+  std::int32_t count() { return ++last; }
+  float real() { return static_cast<float>(++last); }
   template <typename Cell>
-  void fill(YearTable<Cell>& table) {
-    for (std::int64_t row = 1; row <= table.row_count; row += std::max<std::int64_t>(table.row_count - 1, 1)) {
-      for (std::int64_t column = 1; column <= table.column_count; ++column) {
-        table.at(row, column) = static_cast<Cell>(next++);
-      }
+  void fill_row(YearTable<Cell>& table, Row row) {
+    for (std::int64_t column = 1; column <= table.column_count; ++column) {
+      table.at(row, column) = static_cast<Cell>(++last);
     }
   }
 };
 
-/// Everything a block of the report is made from, in three years; nobody was born in 2002.
-struct Block {
-  BirthYears years = years_from(2001, 3);
+MonitorTables filled_tables(CellFiller& cells) {
+  MonitorTables tables;
+  tables.parent_counts = YearRows<ParentCounts>(3);
+  tables.parent_offspring = YearRows<ParentOffspring>(3);
+  tables.import_pairs = YearRows<ImportPairs>(3);
+  tables.litters = YearRows<LitterCounts>(3);
+  tables.age_classes = {{3, 2}, {3, 3}};
+  tables.parent_ages = YearRows<MeanParentAges>(3);
+  tables.completeness = YearRows<CompletenessRow>(3);
+  tables.colour_counts = {3, 3};
+  tables.top_breeders = {3, 4};
+  const auto real = [&] { return cells.real(); };
+  const auto count = [&] { return cells.count(); };
+  for (const Row row : {1, 3}) {
+    tables.completeness.at(row) = {real(), {real(), real(), real(), real(), real()}};
+    tables.parent_offspring.at(row) = {{real(), real(), real()}, {real(), real(), real()}};
+    tables.parent_ages.at(row) = {real(), real(), real()};
+    cells.fill_row(tables.age_classes.of(male), row);
+    cells.fill_row(tables.age_classes.of(female), row);
+    tables.parent_counts.at(row) = {{count(), count(), count()}, {count(), count(), count()}};
+    tables.import_pairs.at(row) = {count(), count(), count(), count()};
+    tables.litters.at(row) = {count(), count(), {count(), count(), count()}};
+    cells.fill_row(tables.colour_counts, row);
+    cells.fill_row(tables.top_breeders, row);
+  }
+  return tables;
+}
+
+/// An animal born in 1995, whose own sire was 5 years old then, and its dam 3.
+AnimalRecord animal_of(std::string_view name, std::string_view id, Sex sex, std::int32_t offspring) {
+  AnimalRecord animal;
+  animal.name.assign(name);
+  animal.id.assign(id);
+  animal.sex = sex;
+  animal.birth_year = 1995;
+  animal.native_offspring_count = offspring;
+  animal.sire_age_days = 5 * days_per_year;
+  animal.dam_age_days = 3 * days_per_year;
+  return animal;
+}
+
+/// Everything a block of the report is made from, in three years; nobody was born in 2002. The block of the
+/// subpopulation shows the same figures.
+struct Population {
   PopulationStore store;
-  SteerSettings settings;
-  MonitorTables monitor;
-  BreederList breeders;
-  OverallParentAges overall_ages = {.sire = 5.0F, .dam = 3.0F};
-  BusiestParents busiest = {.sire = 2, .dam = 3};
-  WholePopulationTables whole;
+  std::vector<SubpopulationName> subpopulation_names = {SubpopulationName("Zwart")};
+  std::vector<ColourName> colour_names = {ColourName("blauw"), ColourName("Onbekend"), ColourName("niet erkend")};
+  BreederList breeders = {.text = padded("Jansen", 20), .breeder_count = 1, .top_breeder_count = 1};
+  std::string name = padded("Lakenvelder", 40);
+  Block block;
+  WholeExtras extras;
 
-  Block() {
-    store.animals.resize(3);
-    const std::string_view names[] = {"Adema", "Bertus", "Corrie"};
-    for (std::size_t i = 0; i < 3; ++i) {
-      store.animals[i].name.assign(names[i]);
-      store.animals[i].id.assign("NL-" + std::to_string(i + 1));
-      store.animals[i].birth_year = 1995;
-    }
+  Population() {
+    store.birth_years = years_from(2001, 3);
+    store.animals = {animal_of("Adema", "NL-1", male, 4), animal_of("Bertus", "NL-2", male, 12),
+                     animal_of("Corrie", "NL-3", female, 7)};
     store.animal_count = 3;
-    store.birth_years = years;
-    settings.population_name.assign("Lakenvelder");
-    settings.subpopulation_count = 1;
-    settings.subpopulation_names = {SubpopulationName("Zwart"), SubpopulationName("Rood")};
-    settings.colour_count = 3;
-    settings.colour_names = {ColourName("blauw"), ColourName("Onbekend"), ColourName("niet erkend")};
-    breeders = {.text = padded("Jansen", 20), .breeder_count = 1, .top_breeder_count = 1};
-    monitor = make_monitor_tables(years, {.sire = 2, .dam = 3}, settings.colour_count, breeders.top_breeder_count);
-    whole.inbreeding = YearTable<float>(3, 6);
-    whole.rates = {
+    CellFiller cells;
+    block.tables = filled_tables(cells);
+    block.inbreeding = YearRows<InbreedingRow>(3);
+    extras.subpopulations = {{3, 2}, SubpopulationOverlap(2)};
+    extras.subpopulations.overlap.counts = {11, 22, 33, 44};
+    extras.top_sires = YearRows<TopSireRow>(3);
+    extras.kinship = {3, 5};
+    const auto real = [&] { return cells.real(); };
+    for (const Row row : {1, 3}) {
+      block.inbreeding.at(row) = {real(), real(), real(), real(), real(), real()};
+      cells.fill_row(extras.kinship, row);
+      cells.fill_row(extras.subpopulations.births, row);
+      TopSireRow& sires = extras.top_sires.at(row);
+      sires = {cells.count(), row == 1 ? 2 : 1, {}};
+      for (float& share : sires.shares) share = real();
+    }
+    describe();
+  }
+
+  /// Derives from the tables what follows from them.
+  void describe() {
+    const RateSummary rates = {
         .delta_F_absolute = 0.01F, .delta_f_absolute = 0.02F, .delta_F_smoothed = 0.03F, .delta_f_smoothed = 0.04F};
-    whole.kinship = YearTable<float>(3, 5);
-    whole.subpopulation_years = YearTable<std::int32_t>(3, 2);
-    whole.overlap = SubpopulationOverlap(2);
-    whole.overlap.counts = {11, 22, 33, 44};
-    whole.top_sires = {YearTable<std::int32_t>(3, 1), YearTable<std::int32_t>(3, 1), YearTable<float>(3, 10)};
-    fill_tables();
+    describe_animals(store, all_positions(store), block.tables, block);
+    describe_inbreeding(block.inbreeding, rates, store.birth_years.count, block);
+    extras.summary = summarise_population(store.birth_years, block.tables, extras.top_sires);
   }
 
-  void fill_tables() {
-    CellFiller filler;
-    for (YearTable<float>* table :
-         {&monitor.equivalent_generations, &monitor.complete_generation_shares, &monitor.parent_offspring,
-          &monitor.mean_sire_age, &monitor.mean_dam_age, &whole.inbreeding, &whole.kinship, &whole.top_sires.shares}) {
-      filler.fill(*table);
-    }
-    for (YearTable<std::int32_t>* table :
-         {&monitor.sire_age_classes, &monitor.dam_age_classes, &monitor.parent_counts, &monitor.import_pairs,
-          &monitor.litters, &monitor.colour_counts, &monitor.top_breeders, &whole.subpopulation_years,
-          &whole.top_sires.sire_count}) {
-      filler.fill(*table);
-    }
-    whole.top_sires.top_sire.at(1, 1) = 2;
-    whole.top_sires.top_sire.at(3, 1) = 1;
-  }
-
-  Block with_everything() && {
+  Population with_everything() && {
     store.has_import = store.has_colour = store.has_breeder = true;
-    settings.subpopulation_count = 2;
-    return *this;
+    subpopulation_names.emplace_back("Rood");
+    return std::move(*this);
   }
 };
 
-std::string whole_report(Block block, bool english) {
-  ReportSheet sheet(block.years, english);
-  write_report(sheet.frame(), block.store, block.settings, block.monitor, block.breeders, block.overall_ages,
-               block.busiest, block.whole);
+ReportSheet sheet_of(const Population& population, bool english) {
+  ReportSheet sheet(population.store.birth_years, english);
+  sheet.store = population.store;
+  sheet.subpopulation_names = population.subpopulation_names;
+  sheet.colour_names = population.colour_names;
+  sheet.breeders = population.breeders;
+  return sheet;
+}
+
+std::string whole_report(const Population& population, bool english) {
+  ReportSheet sheet = sheet_of(population, english);
+  Block block = population.block;
+  block.name = population.name;
+  write_report(sheet.frame(), block, population.extras);
   return sheet.output.pending;
 }
 
-std::string type_report(Block block, bool english) {
-  ReportSheet sheet(block.years, english);
-  write_type_report(sheet.frame(), block.store, block.settings, block.settings.subpopulation_names[1], block.monitor,
-                    block.breeders, block.overall_ages, block.busiest, block.whole.inbreeding, block.whole.rates);
+std::string type_report(const Population& population, bool english) {
+  ReportSheet sheet = sheet_of(population, english);
+  Block block = population.block;
+  block.name = padded("Rood", 20);
+  write_type_report(sheet.frame(), block);
   return sheet.output.pending;
 }
 
@@ -119,35 +170,37 @@ std::vector<std::string> head_of(const std::string& report, std::size_t lines) {
 // ---- head of the report ----------------------------------------------------------------------------------------
 
 TEST(WriteReport, HeadInEnglishHasNoBlankLineBehindTheCounts) {
-  EXPECT_EQ(head_of(whole_report(Block(), true), 8), (std::vector<std::string>{
-                                                         star_rule,
-                                                         "           *Lakenvelder                             *",
-                                                         star_rule,
-                                                         blank(),
-                                                         " Number of varieties:            1",
-                                                         " no colours analysed",
-                                                         " no breeders analysed",
-                                                         "            POPULATIONSIZE: number of calves born per year",
-                                                     }));
+  EXPECT_EQ(head_of(whole_report(Population(), true), 8),
+            (std::vector<std::string>{
+                star_rule,
+                "           *Lakenvelder                             *",
+                star_rule,
+                blank(),
+                " Number of varieties:            1",
+                " no colours analysed",
+                " no breeders analysed",
+                "            POPULATIONSIZE: number of calves born per year",
+            }));
 }
 
 TEST(WriteReport, HeadInDutchHasABlankLineBehindTheCounts) {
-  EXPECT_EQ(head_of(whole_report(Block(), false), 9), (std::vector<std::string>{
-                                                          star_rule,
-                                                          "           *Lakenvelder                             *",
-                                                          star_rule,
-                                                          blank(),
-                                                          " Aantal vari\xEB"
-                                                          "teiten:            1",
-                                                          " geen kleurslagen geanalyseerd",
-                                                          " geen fokkers geanalyseerd",
-                                                          blank(),
-                                                          "            POPULATIEOMVANG: aantal kalf geboren per jaar",
-                                                      }));
+  EXPECT_EQ(head_of(whole_report(Population(), false), 9),
+            (std::vector<std::string>{
+                star_rule,
+                "           *Lakenvelder                             *",
+                star_rule,
+                blank(),
+                " Aantal vari\xEB"
+                "teiten:            1",
+                " geen kleurslagen geanalyseerd",
+                " geen fokkers geanalyseerd",
+                blank(),
+                "            POPULATIEOMVANG: aantal kalf geboren per jaar",
+            }));
 }
 
 TEST(WriteReport, HeadInEnglishCountsColoursWithoutTheTwoAddedOnes) {
-  EXPECT_EQ(head_of(whole_report(Block().with_everything(), true), 8),
+  EXPECT_EQ(head_of(whole_report(Population().with_everything(), true), 8),
             (std::vector<std::string>{
                 star_rule,
                 "           *Lakenvelder                             *",
@@ -161,7 +214,7 @@ TEST(WriteReport, HeadInEnglishCountsColoursWithoutTheTwoAddedOnes) {
 }
 
 TEST(WriteReport, HeadInDutchCountsColoursWithoutTheTwoAddedOnes) {
-  EXPECT_EQ(head_of(whole_report(Block().with_everything(), false), 9),
+  EXPECT_EQ(head_of(whole_report(Population().with_everything(), false), 9),
             (std::vector<std::string>{
                 star_rule,
                 "           *Lakenvelder                             *",
@@ -177,157 +230,186 @@ TEST(WriteReport, HeadInDutchCountsColoursWithoutTheTwoAddedOnes) {
 }
 
 TEST(WriteReport, AShortPopulationNameLeavesBlanksUpToTheClosingStar) {
-  Block block;
-  block.settings.population_name.assign("Bonte");
-  EXPECT_EQ(lines_of(whole_report(block, true))[1], "           *Bonte                                   *");
-  block.settings.population_name.assign(std::string(40, 'B'));
-  EXPECT_EQ(lines_of(whole_report(block, true))[1], "           *" + std::string(40, 'B') + "*");
+  Population population;
+  population.name = padded("Bonte", 40);
+  EXPECT_EQ(lines_of(whole_report(population, true))[1], "           *Bonte                                   *");
+  population.name = std::string(40, 'B');
+  EXPECT_EQ(lines_of(whole_report(population, true))[1], "           *" + std::string(40, 'B') + "*");
 }
 
 TEST(WriteReport, AccentedLetterOfTheDutchCountsIsOneByte) {
-  const std::string line = lines_of(whole_report(Block(), false))[4];
+  const std::string line = lines_of(whole_report(Population(), false))[4];
   EXPECT_EQ(line.find('\xEB'), 12U);
   EXPECT_EQ(line.size(), 1U + 20U + 12U);
 }
 
 // ---- order of the tables ---------------------------------------------------------------------------------------
 
-/// The report of the whole population from its tables one by one, behind the head that the tests above show.
-std::string whole_report_by_hand(Block block, bool english) {
-  ReportSheet sheet(block.years, english);
-  const ReportFrame frame = sheet.frame();
-  const bool has_subpopulations = block.settings.subpopulation_count > 1;
-  MonitorTables& monitor = block.monitor;
-  const PopulationStore& store = block.store;
-  const ReportTotals totals = write_population_size(frame, store.has_import, store.animal_count, monitor.parent_counts);
-  if (has_subpopulations) {
-    write_subpopulation_tables(frame, block.settings.subpopulation_names, block.whole.subpopulation_years,
-                               block.whole.overlap);
-  }
-  write_parents_and_litters(frame, monitor.litters, totals);
-  append(sheet.output, blank() + "\n");
-  write_litter_sizes(frame, monitor.litters);
-  write_offspring(frame, monitor.parent_offspring, store.animals[1], store.animals[2]);
-  if (store.has_import) write_imports(frame, monitor.import_pairs);
-  write_age_tables(frame, monitor.sire_age_classes, monitor.dam_age_classes);
-  const float interval =
-      write_generation_interval(frame, monitor.mean_sire_age, monitor.mean_dam_age, block.overall_ages);
-  write_completeness(frame, monitor.equivalent_generations, monitor.complete_generation_shares);
-  write_top_sires(frame, store, block.whole.top_sires);
-  if (store.has_colour) write_colours(frame, block.settings.colour_names, monitor.colour_counts);
-  if (store.has_breeder) write_breeders(frame, block.breeders, monitor.top_breeders);
-  write_inbreeding(frame, block.whole.inbreeding, block.whole.rates, interval);
-  write_summary(frame, monitor, block.whole.top_sires.shares);
-  if (has_subpopulations) write_subpopulation_kinship(frame, block.settings.subpopulation_names, block.whole.kinship);
-  return sheet.output.pending;
+/// Tables that one writer writes: the titles by which they are known, and whether a population has them.
+struct ReportTable {
+  void (*write)(const ReportFrame& frame, const Population& population);
+  std::vector<Wording> titles;
+  bool (*is_wanted)(const Population& population) = [](const Population& /*population*/) { return true; };
+};
+
+bool has_import(const Population& population) {
+  return population.store.has_import;
+}
+bool has_colour(const Population& population) {
+  return population.store.has_colour;
+}
+bool has_breeder(const Population& population) {
+  return population.store.has_breeder;
+}
+bool has_subpopulations(const Population& population) {
+  return population.subpopulation_names.size() > 1;
 }
 
-void expect_whole_report(const Block& block, bool english) {
-  const std::string report = whole_report(block, english);
-  const std::string tables = whole_report_by_hand(block, english);
-  const std::string head = joined(head_of(report, english ? 7 : 8));
-  EXPECT_TRUE(report == head + tables) << report;
+const ReportTable population_size = {
+    [](const ReportFrame& frame, const Population& of) { write_population_size(frame, of.block); },
+    {{"SIZE: number of calves", "POPULATIEOMVANG"}}};
+const ReportTable subpopulation_tables = {
+    [](const ReportFrame& frame, const Population& of) { write_subpopulation_tables(frame, of.extras.subpopulations); },
+    {{"SUBPOPULATIONs", "SUBPOPULATIEs"}, {"Descent of Breed", "Afstamming RASCODEs"}},
+    has_subpopulations};
+const ReportTable parents_and_litters = {
+    [](const ReportFrame& frame, const Population& of) { write_parents_and_litters(frame, of.block); },
+    {{"Number of parents and litter size", "aantal ouders en nestgrootte"}}};
+const ReportTable litter_sizes = {[](const ReportFrame& frame, const Population& of) {
+                                    write_blank_line(frame.report);
+                                    write_litter_sizes(frame, of.block.litter_sizes);
+                                  },
+                                  {{"Litter Sizes", "     Worpgrootte"}}};
+const ReportTable offspring = {[](const ReportFrame& frame, const Population& of) { write_offspring(frame, of.block); },
+                               {{"OFFSPRING/PARENT", "NAKOMELINGEN/OUDER"},
+                                {"Male with the highest", "reu met de meeste"},
+                                {"Female with the highest", "teef met de meeste"}}};
+const ReportTable imports = {
+    [](const ReportFrame& frame, const Population& of) { write_imports(frame, of.block.tables.import_pairs); },
+    {{"IMPORT", "IMPORT"}},
+    has_import};
+const ReportTable parent_ages = {
+    [](const ReportFrame& frame, const Population& of) { write_age_tables(frame, of.block.tables.age_classes); },
+    {{"AGE fathers", "LEEFTIJD vaders"}, {"AGE mothers", "LEEFTIJD moeders"}}};
+const ReportTable generation_interval = {
+    [](const ReportFrame& frame, const Population& of) { write_generation_interval(frame, of.block); },
+    {{"GENERATION INTERVAL", "GENERATIEINTERVAL"}}};
+const ReportTable completeness = {
+    [](const ReportFrame& frame, const Population& of) { write_completeness(frame, of.block.tables.completeness); },
+    {{"PEDIGREE COMPLETENESS", "COMPLEETHEID"}}};
+const ReportTable top_sires = {
+    [](const ReportFrame& frame, const Population& of) { write_top_sires(frame, of.extras.top_sires); },
+    {{"Top sires", "Topvaders"}}};
+const ReportTable colours = {
+    [](const ReportFrame& frame, const Population& of) { write_colours(frame, of.block.tables.colour_counts); },
+    {{"COLOUR VARIETIES", "KLEURSLAGEN"}},
+    has_colour};
+const ReportTable breeders = {
+    [](const ReportFrame& frame, const Population& of) { write_breeders(frame, of.block.tables.top_breeders); },
+    {{"Main Breeders", "belangrijkste Fokkers"}},
+    has_breeder};
+const ReportTable inbreeding = {
+    [](const ReportFrame& frame, const Population& of) { write_inbreeding(frame, of.block); },
+    {{"INBREEDING", "INTEELT"}, {"deltaF absolute", "deltaF absolute"}}};
+const ReportTable summary = {
+    [](const ReportFrame& frame, const Population& of) { write_summary(frame, of.extras.summary); },
+    {{"Summary population data", "Samenvatting"}}};
+const ReportTable subpopulation_kinship = {
+    [](const ReportFrame& frame, const Population& of) { write_subpopulation_kinship(frame, of.extras.kinship); },
+    {{"Inbreeding and Kinship", "Inteelt en Verwantschap"}, {"Kinship between", "Verwantschap tussen"}},
+    has_subpopulations};
+
+/// The order of the tables, behind the head that the tests above show.
+const std::vector<ReportTable> whole_order = {
+    population_size,      subpopulation_tables, parents_and_litters, litter_sizes, offspring, imports,    parent_ages,
+    generation_interval,  completeness,         top_sires,           colours,      breeders,  inbreeding, summary,
+    subpopulation_kinship};
+const std::vector<ReportTable> type_order = {
+    population_size, imports,  parents_and_litters, offspring, parent_ages, generation_interval, completeness,
+    colours,         breeders, inbreeding};
+
+/// Whether a table of the report of the whole population belongs into a block, of those in `order`.
+bool is_shown(const ReportTable& table, const std::vector<ReportTable>& order, const Population& population) {
+  const auto is_this = [&](const ReportTable& other) { return other.write == table.write; };
+  return std::any_of(order.begin(), order.end(), is_this) && table.is_wanted(population);
+}
+
+/// Checks that a title stands in one line of the report, and behind `before`; yields the place of that line.
+std::size_t expect_title(const std::vector<std::string>& lines, std::string_view title, std::size_t before) {
+  const auto holds = [&](const std::string& line) { return line.find(title) != std::string::npos; };
+  EXPECT_EQ(std::count_if(lines.begin(), lines.end(), holds), 1) << title;
+  const std::size_t place = line_with(lines, title);
+  EXPECT_LT(before, place) << title;
+  return place;
+}
+
+/// Checks that the block holds the titles of its tables in their order, each of them once, and no other title.
+void expect_titles(const std::string& report, const std::vector<ReportTable>& order, const Population& population,
+                   bool english) {
+  const std::vector<std::string> lines = lines_of(report);
+  std::size_t before = 0;
+  for (const ReportTable& table : order) {
+    if (!table.is_wanted(population)) continue;
+    for (const Wording& title : table.titles) before = expect_title(lines, title.in(english), before);
+  }
+  for (const ReportTable& table : whole_order) {
+    if (is_shown(table, order, population)) continue;
+    for (const Wording& title : table.titles) {
+      EXPECT_EQ(report.find(title.in(english)), std::string::npos) << title.in(english);
+    }
+  }
+}
+
+/// Checks that the block is made of these tables, one by one, behind a head of `head_lines` lines.
+void expect_tables(const std::string& report, std::size_t head_lines, const std::vector<ReportTable>& order,
+                   const Population& population, bool english) {
+  ReportSheet sheet = sheet_of(population, english);
+  append(sheet.output, joined(head_of(report, head_lines)));
+  for (const ReportTable& table : order) {
+    if (table.is_wanted(population)) table.write(sheet.frame(), population);
+  }
+  EXPECT_TRUE(report == sheet.output.pending) << report;
+  expect_titles(report, order, population, english);
+}
+
+void expect_whole_report(const Population& population) {
+  for (const bool english : {false, true}) {
+    expect_tables(whole_report(population, english), english ? 7 : 8, whole_order, population, english);
+  }
+}
+
+void expect_type_report(const Population& population) {
+  for (const bool english : {false, true}) {
+    expect_tables(type_report(population, english), 5, type_order, population, english);
+  }
+}
+
+/// Checks a block with each of the four options on its own.
+void expect_each_option(void (*expect_report)(const Population& population)) {
+  for (int option = 0; option < 4; ++option) {
+    Population population;
+    population.store.has_import = option == 0;
+    population.store.has_colour = option == 1;
+    population.store.has_breeder = option == 2;
+    if (option == 3) population.subpopulation_names.emplace_back("Rood");
+    expect_report(population);
+  }
 }
 
 TEST(WriteReport, AllTablesStandInTheirOrder) {
-  expect_whole_report(Block().with_everything(), true);
-  expect_whole_report(Block().with_everything(), false);
+  expect_whole_report(Population().with_everything());
 }
 
 TEST(WriteReport, WithoutSubpopulationsColoursBreedersAndImportsTheirTablesAreLeftOut) {
-  expect_whole_report(Block(), true);
-  expect_whole_report(Block(), false);
+  expect_whole_report(Population());
 }
 
 TEST(WriteReport, EachOptionalTableHasItsOwnCondition) {
-  for (int option = 0; option < 4; ++option) {
-    Block block;
-    block.store.has_import = option == 0;
-    block.store.has_colour = option == 1;
-    block.store.has_breeder = option == 2;
-    block.settings.subpopulation_count = option == 3 ? 2 : 1;
-    expect_whole_report(block, true);
-    const std::string report = whole_report(block, true);
-    const auto has = [&](std::string_view text) { return report.find(text) != std::string::npos; };
-    EXPECT_EQ(has("IMPORT: aantal pups"), option == 0);
-    EXPECT_EQ(has("COLOUR VARIETIES"), option == 1);
-    EXPECT_EQ(has("Main Breeders"), option == 2);
-    EXPECT_EQ(has("SUBPOPULATIONs in population"), option == 3);
-    EXPECT_EQ(has("Inbreeding and Kinship within"), option == 3);
-  }
-}
-
-/// Checks that the texts stand in the report in this order, each of them once.
-void expect_order(const std::string& report, const std::vector<std::string>& titles) {
-  const std::vector<std::string> lines = lines_of(report);
-  std::size_t before = 0;
-  for (const std::string& title : titles) {
-    const auto holds = [&](const std::string& line) { return line.find(title) != std::string::npos; };
-    EXPECT_EQ(std::count_if(lines.begin(), lines.end(), holds), 1) << title;
-    const std::size_t place = line_with(lines, title);
-    EXPECT_LT(before, place) << title;
-    before = place;
-  }
-}
-
-TEST(WriteReport, TitlesFollowEachOtherInEnglish) {
-  expect_order(whole_report(Block().with_everything(), true), {"*Lakenvelder",
-                                                               "Number of varieties",
-                                                               "number of colours",
-                                                               "breeders analysed",
-                                                               "POPULATION SIZE",
-                                                               "SUBPOPULATIONs",
-                                                               "Descent of Breed",
-                                                               "Number of parents and litter size",
-                                                               "Litter Sizes",
-                                                               "OFFSPRING/PARENT",
-                                                               "Male with the highest",
-                                                               "Female with the highest",
-                                                               "IMPORT",
-                                                               "AGE fathers",
-                                                               "AGE mothers",
-                                                               "GENERATION INTERVAL",
-                                                               "PEDIGREE COMPLETENESS",
-                                                               "Top sires",
-                                                               "COLOUR VARIETIES",
-                                                               "Main Breeders",
-                                                               "INBREEDING",
-                                                               "deltaF absolute",
-                                                               "Summary population data",
-                                                               "Inbreeding and Kinship",
-                                                               "Kinship between"});
-}
-
-TEST(WriteReport, TitlesFollowEachOtherInDutch) {
-  expect_order(whole_report(Block().with_everything(), false), {"*Lakenvelder",
-                                                                "Aantal vari",
-                                                                "aantal kleurslagen",
-                                                                "wel fokkers",
-                                                                "POPULATIEOMVANG",
-                                                                "SUBPOPULATIEs",
-                                                                "Afstamming RASCODEs",
-                                                                "aantal ouders en nestgrootte",
-                                                                "     Worpgrootte",
-                                                                "NAKOMELINGEN/OUDER",
-                                                                "reu met de meeste",
-                                                                "teef met de meeste",
-                                                                "IMPORT",
-                                                                "LEEFTIJD vaders",
-                                                                "LEEFTIJD moeders",
-                                                                "GENERATIEINTERVAL",
-                                                                "COMPLEETHEID",
-                                                                "Topvaders",
-                                                                "KLEURSLAGEN",
-                                                                "belangrijkste Fokkers",
-                                                                "INTEELT",
-                                                                "deltaF absolute",
-                                                                "Samenvatting",
-                                                                "Inteelt en Verwantschap",
-                                                                "Verwantschap tussen"});
+  expect_each_option(expect_whole_report);
 }
 
 TEST(WriteReport, AYearWithoutAnimalsHasItsRowOfZerosInEachTable) {
-  const std::vector<std::string> lines = lines_of(whole_report(Block().with_everything(), true));
+  const std::vector<std::string> lines = lines_of(whole_report(Population().with_everything(), true));
   int rows = 0;
   for (const std::string& line : lines) {
     const std::string_view text = without_leading_blanks(line);
@@ -341,48 +423,50 @@ TEST(WriteReport, AYearWithoutAnimalsHasItsRowOfZerosInEachTable) {
 }
 
 TEST(WriteReport, NothingFollowsTheLastTable) {
-  EXPECT_TRUE(whole_report(Block(), true).ends_with("\n" + rule(73) + "\n"));
+  EXPECT_TRUE(whole_report(Population(), true).ends_with("\n" + rule(73) + "\n"));
 }
 
 // ---- what one table leaves to another --------------------------------------------------------------------------
 
 TEST(WriteReport, LitterTotalsUseTheAnimalsLeftWhenTheParentsAreTakenOut) {
-  Block block;
-  block.monitor.parent_counts = table_of<std::int32_t>(6, {{10, 4, 2, 8, 5, 1}, {}, {}});
-  block.monitor.litters = table_of<std::int32_t>(litter_columns, {{3, 1, 0, 0, 3}, {}, {}});
+  Population population;
+  population.block.tables.parent_counts = rows_of<ParentCounts>(3, {{1, {{6, 4, 2}, {3, 5, 1}}}});
+  population.block.tables.litters = rows_of<LitterCounts>(3, {{1, {3, 1, {0, 0, 3}}}});
+  population.describe();
   // 6 and 3 young are left, 4 own and 2 imported fathers: 9 / 3, 3 / 6 and 9 / 6.
-  EXPECT_TRUE(has_line(lines_of(whole_report(block, true)), " totaal        3    3.00       6    0.50    1.50"));
+  EXPECT_TRUE(has_line(lines_of(whole_report(population, true)), " totaal        3    3.00       6    0.50    1.50"));
 }
 
 TEST(WriteReport, RatesPerGenerationUseTheIntervalOfTheAgeTable) {
   // Sires of 5 and dams of 3 years: an interval of 4.
-  EXPECT_TRUE(has_line(lines_of(whole_report(Block(), true)), "deltaF absolute       1.00%      4.00%     12.50"));
-  EXPECT_TRUE(has_line(lines_of(type_report(Block(), true)), "deltaF absolute       1.00%      4.00%     12.50"));
+  EXPECT_TRUE(has_line(lines_of(whole_report(Population(), true)), "deltaF absolute       1.00%      4.00%     12.50"));
+  EXPECT_TRUE(has_line(lines_of(type_report(Population(), true)), "deltaF absolute       1.00%      4.00%     12.50"));
 }
 
 TEST(WriteReport, SummaryShowsThePercentagesOfTheTopSires) {
-  Block block;
-  block.whole.top_sires.shares = table_of<float>(10, {{0.125F, 0.125F, 0.0625F, 0.0625F}, {0.25F}, {}});
+  Population population;
+  population.extras.top_sires =
+      rows_of<TopSireRow>(3, {{1, {4, 1, {12.5F, 12.5F, 6.25F, 6.25F}}}, {2, {1, 1, {25.0F}}}});
+  population.describe();
   // 37.5 and 25 percent, 31.25 on the average, and a half.
-  EXPECT_TRUE(has_line(lines_of(whole_report(block, true)), "          32.%"));
+  EXPECT_TRUE(has_line(lines_of(whole_report(population, true)), "          32.%"));
 }
 
 TEST(WriteReport, BusiestParentsAreTheRecordsAtTheirPositions) {
-  const std::vector<std::string> lines = lines_of(whole_report(Block(), true));
+  const std::vector<std::string> lines = lines_of(whole_report(Population(), true));
   EXPECT_EQ(lines[line_with(lines, "Male with the highest") + 1], " name: " + padded("Bertus", 50));
   EXPECT_EQ(lines[line_with(lines, "Female with the highest") + 1], " name: " + padded("Corrie", 50));
 }
 
 TEST(WriteReport, AnEmptyStoreShowsBlanksAndZerosForTheBusiestParents) {
-  Block block;
-  block.years = no_years();
-  block.store = {};
-  block.store.animal_count = -1;
-  block.busiest = {.sire = 1, .dam = 1};
-  block.monitor = make_monitor_tables(block.years, {}, 3, 1);
-  block.whole.inbreeding = YearTable<float>(2, 6);
-  block.whole.top_sires = {{2, 1}, {2, 1}, {2, 10}};
-  const std::vector<std::string> lines = lines_of(whole_report(block, true));
+  Population population;
+  population.store = {};
+  population.store.animal_count = -1;
+  population.block.tables = {};
+  population.block.inbreeding = YearRows<InbreedingRow>(2);
+  population.extras.top_sires = YearRows<TopSireRow>(2);
+  population.describe();
+  const std::vector<std::string> lines = lines_of(whole_report(population, true));
   const std::size_t title = line_with(lines, "Male with the highest");
   ASSERT_LT(title + 4, lines.size());
   EXPECT_EQ(lines[title + 1], " name: " + std::string(50, ' '));
@@ -395,7 +479,7 @@ TEST(WriteReport, AnEmptyStoreShowsBlanksAndZerosForTheBusiestParents) {
 
 TEST(WriteTypeReport, HeadIsTheNameBetweenStarsWithoutCounts) {
   for (const bool english : {false, true}) {
-    const std::vector<std::string> lines = lines_of(type_report(Block(), english));
+    const std::vector<std::string> lines = lines_of(type_report(Population(), english));
     ASSERT_GT(lines.size(), 5U);
     EXPECT_EQ(lines[0], blank(10));
     EXPECT_EQ(lines[1], star_rule);
@@ -407,72 +491,54 @@ TEST(WriteTypeReport, HeadIsTheNameBetweenStarsWithoutCounts) {
   }
 }
 
-/// The block of a subpopulation from its tables one by one; `sire` and `dam` are counted from 0.
-std::string type_report_by_hand(Block block, bool english, std::size_t sire, std::size_t dam) {
-  ReportSheet sheet(block.years, english);
-  const ReportFrame frame = sheet.frame();
-  MonitorTables& monitor = block.monitor;
-  const PopulationStore& store = block.store;
-  append(sheet.output, joined({blank(10), star_rule, "           *Rood                *", star_rule, blank(10)}));
-  const ReportTotals totals = write_population_size(frame, store.has_import, store.animal_count, monitor.parent_counts);
-  if (store.has_import) write_imports(frame, monitor.import_pairs);
-  write_parents_and_litters(frame, monitor.litters, totals);
-  write_offspring(frame, monitor.parent_offspring, store.animals[sire], store.animals[dam]);
-  write_age_tables(frame, monitor.sire_age_classes, monitor.dam_age_classes);
-  const float interval =
-      write_generation_interval(frame, monitor.mean_sire_age, monitor.mean_dam_age, block.overall_ages);
-  write_completeness(frame, monitor.equivalent_generations, monitor.complete_generation_shares);
-  if (store.has_colour) write_colours(frame, block.settings.colour_names, monitor.colour_counts);
-  if (store.has_breeder) write_breeders(frame, block.breeders, monitor.top_breeders);
-  write_inbreeding(frame, block.whole.inbreeding, block.whole.rates, interval);
-  return sheet.output.pending;
-}
-
 TEST(WriteTypeReport, AllTablesStandInTheirOrder) {
-  for (const bool english : {false, true}) {
-    const Block block = Block().with_everything();
-    EXPECT_TRUE(type_report(block, english) == type_report_by_hand(block, english, 1, 2));
-  }
+  expect_type_report(Population().with_everything());
 }
 
 TEST(WriteTypeReport, WithoutColoursBreedersAndImportsTheirTablesAreLeftOut) {
-  for (const bool english : {false, true}) {
-    EXPECT_TRUE(type_report(Block(), english) == type_report_by_hand(Block(), english, 1, 2));
-  }
+  expect_type_report(Population());
 }
 
-TEST(WriteTypeReport, TitlesFollowEachOtherInEnglish) {
-  expect_order(type_report(Block().with_everything(), true),
-               {"*Rood", "POPULATION SIZE", "IMPORT", "Number of parents and litter size", "OFFSPRING/PARENT",
-                "Male with the highest", "Female with the highest", "AGE fathers", "AGE mothers", "GENERATION INTERVAL",
-                "PEDIGREE COMPLETENESS", "COLOUR VARIETIES", "Main Breeders", "INBREEDING", "deltaF absolute"});
+TEST(WriteTypeReport, EachOptionalTableHasItsOwnCondition) {
+  expect_each_option(expect_type_report);
 }
 
 TEST(WriteTypeReport, HasNoSubpopulationsLitterSizesTopSiresAndSummary) {
-  const std::string english = type_report(Block().with_everything(), true);
+  const std::string english = type_report(Population().with_everything(), true);
   for (const char* title :
        {"SUBPOPULATION", "Descent", "Litter Sizes", "Top sires", "Summary", "Kinship", "varieties"}) {
     EXPECT_EQ(english.find(title), std::string::npos) << title;
   }
-  const std::string dutch = type_report(Block().with_everything(), false);
+  const std::string dutch = type_report(Population().with_everything(), false);
   for (const char* title : {"SUBPOPULATIE", "RASCODE", "Worpgrootte", "Topvaders", "Samenvatting", "Verwantschap"}) {
     EXPECT_EQ(dutch.find(title), std::string::npos) << title;
   }
 }
 
-TEST(WriteTypeReport, TheFirstAnimalStandsInForBusiestParentsBelowOne) {
-  for (const std::int32_t none : {0, -1}) {
-    Block block;
-    block.busiest = {.sire = none, .dam = none};
-    EXPECT_TRUE(type_report(block, true) == type_report_by_hand(block, true, 0, 0));
+/// The name that the English block of a subpopulation shows behind the line that begins with `title`.
+std::string busiest_name(const Population& population, std::string_view title) {
+  const std::vector<std::string> lines = lines_of(type_report(population, true));
+  return lines[line_with(lines, title) + 1];
+}
+
+TEST(WriteTypeReport, TheFirstAnimalStandsInForTheBusiestParentOfASexWithoutAnimals) {
+  for (const Sex sex : {male, female}) {
+    Population population;
+    for (AnimalRecord& animal : population.store.animals) animal.sex = sex;
+    population.describe();
+    EXPECT_EQ(busiest_name(population, "Male with the highest"),
+              " name: " + padded(sex == male ? "Bertus" : "Adema", 50));
+    EXPECT_EQ(busiest_name(population, "Female with the highest"),
+              " name: " + padded(sex == female ? "Bertus" : "Adema", 50));
   }
 }
 
 TEST(WriteTypeReport, CountsTheWholeStoreAsAnimalsInThePedigree) {
-  Block block;
-  block.store.animal_count = 900;
-  block.monitor.parent_counts = table_of<std::int32_t>(6, {{10, 4, 0, 8, 5, 0}, {}, {}});
-  EXPECT_TRUE(has_line(lines_of(type_report(block, true)),
+  Population population;
+  population.block.tables.parent_counts = rows_of<ParentCounts>(3, {{1, {{6, 4, 0}, {3, 5, 0}}}});
+  population.describe();
+  population.store.animal_count = 900;
+  EXPECT_TRUE(has_line(lines_of(type_report(population, true)),
                        " total number of animals in pedigree          900  of which          882"));
 }
 

@@ -4,7 +4,6 @@
 
 #include <vector>
 
-#include "statistics/monitor_pass.h"
 #include "support/numbered_store.h"
 
 namespace pedigreewatch::test {
@@ -31,10 +30,12 @@ std::vector<std::int32_t> complete_of(const PopulationStore& store) {
   return all;
 }
 
-MonitorTables tables_of(const PopulationStore& store) {
-  MonitorTables tables = make_monitor_tables(store.birth_years, {}, 1, 0);
-  summarise_completeness(store, group_by_year(store), tables);
-  return tables;
+/// The mean of the equivalents, and the shares of 1 to 5 and more complete generations.
+Reals year_of(const PopulationStore& store, Row row) {
+  const CompletenessRow year = completeness_of_year(store, group_by_year(store).of_row(row));
+  Reals cells = {year.equivalent_generations};
+  cells.insert(cells.end(), year.generation_shares.begin(), year.generation_shares.end());
+  return cells;
 }
 
 TEST(Completeness, FoundersHaveNone) {
@@ -77,36 +78,30 @@ TEST(Completeness, OldValuesAreCleared) {
 
 TEST(CompletenessOfYear, MeansAndShares) {
   // 2001: equivalents 1, 1 and 0.5 and one founder; complete 1, 1, 0, 0.
-  const MonitorTables tables =
-      tables_of(determined("2000 m\n2000\n2001 s=1 d=2\n2001 s=1 d=2\n2001 s=1\n2001\n2003\n"));
-  EXPECT_EQ(row_of(tables.equivalent_generations, 1), Reals{0});
-  EXPECT_EQ(row_of(tables.equivalent_generations, 2), Reals{0.625F});
-  EXPECT_EQ(row_of(tables.complete_generation_shares, 1), Reals(5, 0.0F));
-  EXPECT_EQ(row_of(tables.complete_generation_shares, 2), (Reals{0.5F, 0, 0, 0, 0}));
+  const PopulationStore store = determined("2000 m\n2000\n2001 s=1 d=2\n2001 s=1 d=2\n2001 s=1\n2001\n2003\n");
+  EXPECT_EQ(year_of(store, 1), Reals(6, 0.0F));
+  EXPECT_EQ(year_of(store, 2), (Reals{0.625F, 0.5F, 0, 0, 0, 0}));
 }
 
 TEST(CompletenessOfYear, AYearWithoutAnimalsIsZero) {
-  const MonitorTables tables = tables_of(determined("2000 m\n2000\n2002 s=1 d=2\n"));
-  EXPECT_EQ(row_of(tables.equivalent_generations, 2), Reals{0});
-  EXPECT_EQ(row_of(tables.complete_generation_shares, 2), Reals(5, 0.0F));
-  EXPECT_EQ(row_of(tables.complete_generation_shares, 3), (Reals{1.0F, 0, 0, 0, 0}));
+  const PopulationStore store = determined("2000 m\n2000\n2002 s=1 d=2\n");
+  EXPECT_EQ(year_of(store, 2), Reals(6, 0.0F));
+  EXPECT_EQ(year_of(store, 3), (Reals{1.0F, 1.0F, 0, 0, 0, 0}));
 }
 
 TEST(CompletenessOfYear, FiveAndMoreGenerationsShareTheLastColumn) {
   // Selfed lines: animal k + 1 is the child of k on both sides and has k complete generations.
-  const MonitorTables tables =
-      tables_of(determined("1999\n2000 s=1 d=1\n2000 s=2 d=2\n2000 s=3 d=3\n2000 s=4 d=4\n2000 s=5 d=5\n2000 s=6 "
-                           "d=6\n2000 s=7 d=7\n2000\n"));
+  const PopulationStore store = determined(
+      "1999\n2000 s=1 d=1\n2000 s=2 d=2\n2000 s=3 d=3\n2000 s=4 d=4\n2000 s=5 d=5\n2000 s=6 "
+      "d=6\n2000 s=7 d=7\n2000\n");
   // Complete 1, 2, 3, 4, 5, 6, 7 and 0 among eight animals; equivalents are the same numbers.
-  EXPECT_EQ(row_of(tables.complete_generation_shares, 2), (Reals{0.125F, 0.125F, 0.125F, 0.125F, 0.375F}));
-  EXPECT_EQ(row_of(tables.equivalent_generations, 2), Reals{28.0F / 8.0F});
+  EXPECT_EQ(year_of(store, 2), (Reals{28.0F / 8.0F, 0.125F, 0.125F, 0.125F, 0.125F, 0.375F}));
 }
 
 TEST(CompletenessOfYear, AnimalsWithoutBirthYearAreInNoRow) {
-  const MonitorTables tables = tables_of(determined("m\n.\n2000 s=1 d=2\ns=1 d=2\n"));
-  ASSERT_EQ(tables.equivalent_generations.row_count, 1);
-  EXPECT_EQ(row_of(tables.equivalent_generations, 1), Reals{1.0F});
-  EXPECT_EQ(row_of(tables.complete_generation_shares, 1), (Reals{1.0F, 0, 0, 0, 0}));
+  const PopulationStore store = determined("m\n.\n2000 s=1 d=2\ns=1 d=2\n");
+  ASSERT_EQ(store.birth_years.row_count(), 1);
+  EXPECT_EQ(year_of(store, 1), (Reals{1.0F, 1.0F, 0, 0, 0, 0}));
 }
 
 }  // namespace

@@ -132,9 +132,8 @@ TEST(AppendMissingParents, AppendedRecordsAreBlank) {
   EXPECT_TRUE(rex.colour.is_blank());
   EXPECT_TRUE(rex.breeder.is_blank());
   EXPECT_TRUE(rex.subpopulation.is_blank());
-  EXPECT_EQ(rex.is_import, logical_false);
-  EXPECT_EQ(rex.is_parent, logical_false);
-  EXPECT_EQ(rex.is_native_parent, logical_false);
+  EXPECT_FALSE(rex.is_import);
+  EXPECT_FALSE(rex.is_native_parent);
   EXPECT_EQ(rex.number, 2);
   EXPECT_EQ(rex.sire_no, 0);
   EXPECT_EQ(rex.dam_no, 0);
@@ -161,7 +160,7 @@ TEST(AppendMissingParents, AnimalsOfTheFileStayAsTheyAre) {
   EXPECT_EQ(a.sex, female);
   EXPECT_EQ(a.colour, "red");
   EXPECT_EQ(a.subpopulation, "rough");
-  EXPECT_EQ(a.is_import, logical_true);
+  EXPECT_TRUE(a.is_import);
 }
 
 TEST(AppendMissingParents, BirthYearsAreNotLookedAtAgain) {
@@ -172,27 +171,47 @@ TEST(AppendMissingParents, BirthYearsAreNotLookedAtAgain) {
   EXPECT_EQ(store.birth_years.count, 5);
 }
 
-TEST(AppendMissingParents, ClearsTheStatisticsAndNumbersTheRecords) {
+TEST(AppendMissingParents, NumbersTheRecordsAndForgetsOldParents) {
   PopulationStore store = animals_from_text("a 0 0 m 2000\nb 0 0 m 2000\n");
   AnimalRecord& b = store.at(2);
-  b.is_native_parent = b.is_parent = logical_true;
-  b.number = b.sire_no = b.dam_no = b.dam_age_days = b.sire_age_days = 9;
-  b.native_offspring_count = b.offspring_count = b.complete_generations = 9;
-  b.generation_equivalents = b.inbreeding = 9.0F;
+  b.number = b.sire_no = b.dam_no = 9;
   append_to(store);
   EXPECT_EQ(store.at(1).number, 1);
   EXPECT_EQ(b.number, 2);
-  EXPECT_EQ(b.is_native_parent, logical_false);
-  EXPECT_EQ(b.is_parent, logical_false);
   EXPECT_EQ(b.sire_no, 0);
   EXPECT_EQ(b.dam_no, 0);
-  EXPECT_EQ(b.dam_age_days, 0);
-  EXPECT_EQ(b.sire_age_days, 0);
-  EXPECT_EQ(b.native_offspring_count, 0);
-  EXPECT_EQ(b.offspring_count, 0);
-  EXPECT_EQ(b.complete_generations, 0);
-  EXPECT_EQ(b.generation_equivalents, 0.0F);
-  EXPECT_EQ(b.inbreeding, 0.0F);
+}
+
+TEST(AppendMissingParents, HoldsTheParentsThatHaveALine) {
+  // The parents of c and its litter mate have lines; those of a have none, and are linked later.
+  PopulationStore store = animals_from_text("a rex saar m 2000\nb 0 0 f 2000\nc a b m 2003\nd a b f 2003\n");
+  append_to(store);
+  for (const std::int32_t position : {3, 4}) {
+    EXPECT_EQ(store.at(position).sire_no, 1);
+    EXPECT_EQ(store.at(position).dam_no, 2);
+  }
+  EXPECT_EQ(store.at(1).sire_no, 0);
+  EXPECT_EQ(store.at(1).dam_no, 0);
+}
+
+TEST(AppendMissingParents, AppendedRecordsHaveTheNumbersOfABlankText) {
+  PopulationStore store;
+  allocate_records(store, 1, {.subpopulation = 2, .colour = 3});
+  store.at(1).id.assign("a");
+  store.at(1).sire_id.assign("rex");
+  append_to(store);
+  ASSERT_EQ(store.animal_count, 2);
+  EXPECT_EQ(store.at(2).subpopulation_no, 2);
+  EXPECT_EQ(store.at(2).colour_no, 3);
+}
+
+TEST(AppendMissingParents, TheIndexFindsAnimalsAndAppendedParents) {
+  PopulationStore store = animals_from_text("a bo bo m 2000\nb a 0 m 2003\n");
+  TextOutput console;
+  const IdIndex index = append_missing_parents(store, console);
+  EXPECT_EQ(find_animal(index, store, AnimalId("b")), 2);
+  EXPECT_EQ(find_animal(index, store, AnimalId("bo")), 3);
+  EXPECT_EQ(find_animal(index, store, AnimalId("nobody")), 0);
 }
 
 TEST(AppendMissingParents, AgreesWithAPlainSearchOnRandomParents) {

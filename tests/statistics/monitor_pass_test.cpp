@@ -2,9 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
+#include "statistics/completeness.h"
 #include "statistics/parent_ages.h"
 #include "support/numbered_store.h"
 #include "support/streams.h"
@@ -16,14 +20,6 @@ using Lines = std::vector<std::string>;
 using Counts = std::vector<std::int32_t>;
 using Reals = std::vector<float>;
 
-SteerSettings settings_with(std::initializer_list<std::string_view> colours) {
-  SteerSettings settings;
-  settings.english = true;
-  for (const std::string_view colour : colours) settings.colour_names.emplace_back(colour);
-  settings.colour_count = static_cast<std::int32_t>(colours.size());
-  return settings;
-}
-
 BreederList breeders_with(std::string text, std::int32_t breeder_count, std::int32_t top_breeder_count) {
   BreederList breeders;
   breeders.text = std::move(text);
@@ -32,21 +28,53 @@ BreederList breeders_with(std::string text, std::int32_t breeder_count, std::int
   return breeders;
 }
 
+Colours colours_of(std::initializer_list<std::string_view> names) {
+  return names_of<Colours>(names);
+}
+
 struct Monitored {
   MonitorTables tables;
   Lines console;
 };
 
 /// Ages, then the pass: the one place where these tests call it.
-Monitored monitored(PopulationStore store, SteerSettings settings = settings_with({"Onbekend", "niet erkend"}),
-                    const BreederList& breeders = no_breeders()) {
-  TextOutput ignored, console = output_in(settings.english);
+Monitored monitored(PopulationStore store, const Colours& colours = colours_of({"Onbekend"}),
+                    const BreederList& breeders = no_breeders(), bool english = true) {
+  TextOutput ignored, console = output_in(english);
+  number_colours(store, colours);
   const OldestParents oldest = determine_parent_ages(store, ignored);
-  if (!store.has_colour) settings.colour_count = 1;
-  MonitorTables tables =
-      make_monitor_tables(store.birth_years, oldest, settings.colour_count, breeders.top_breeder_count);
-  monitor_population(store, settings, group_by_year(store), breeders, tables, console);
+  determine_completeness(store);
+  MonitorTables tables = monitor_population(store, group_by_year(store), colours, breeders, oldest, console);
   return {std::move(tables), lines_of(console)};
+}
+
+/// The males without native offspring, native and imported sires of a year, and the same of the females.
+Counts parents_of(const MonitorTables& tables, Row row) {
+  const ParentCounts counts = tables.parent_counts.of(row);
+  Counts cells;
+  for (const Sex sex : {male, female}) {
+    cells.push_back(counts.of(sex).unused);
+    cells.push_back(counts.of(sex).native_parents);
+    cells.push_back(counts.of(sex).imported_parents);
+  }
+  return cells;
+}
+
+/// Mean, standard deviation and maximum of the offspring of a year's sires, then of its dams.
+Reals offspring_of(const MonitorTables& tables, Row row) {
+  const ParentOffspring offspring = tables.parent_offspring.of(row);
+  Reals cells;
+  for (const Sex sex : {male, female}) {
+    cells.push_back(offspring.of(sex).mean);
+    cells.push_back(offspring.of(sex).deviation);
+    cells.push_back(offspring.of(sex).maximum);
+  }
+  return cells;
+}
+
+Counts import_pairs_of(const MonitorTables& tables, Row row) {
+  const ImportPairs pairs = tables.import_pairs.of(row);
+  return {pairs.both_native, pairs.sire_imported, pairs.dam_imported, pairs.both_imported};
 }
 
 // Father 1 (1998), mother 2 (1999, imported), 3 and 4 of 2001, 5 of 2003 from 3 and 2; 6 without a year.
@@ -59,13 +87,11 @@ constexpr auto small_kennel =
     "s=3 d=2 m colour=red breeder=Vos\n";
 
 TEST(MonitorPopulation, ConsoleInBothLanguages) {
-  SteerSettings settings = settings_with({"Onbekend", "niet erkend"});
   EXPECT_EQ(
-      monitored(numbered_store("1999 m\n2001\n"), settings).console,
+      monitored(numbered_store("1999 m\n2001\n")).console,
       (Lines{" monitor data per jaar", " year         1999 determined ages parents, etc.",
              " year         2000 determined ages parents, etc.", " year         2001 determined ages parents, etc."}));
-  settings.english = false;
-  EXPECT_EQ(monitored(numbered_store("1999 m\n"), settings).console,
+  EXPECT_EQ(monitored(numbered_store("1999 m\n"), colours_of({"Onbekend"}), no_breeders(), false).console,
             (Lines{" monitor gegevens per jaar", " jaar         1999 leeftijden ouders,  etc. bepaald"}));
 }
 
@@ -76,29 +102,61 @@ TEST(MonitorPopulation, AnEmptyStorePrintsTheFirstLineOnly) {
 TEST(MonitorPopulation, FillsTheRowOfEachYear) {
   const MonitorTables tables = monitored(numbered_store(small_kennel)).tables;
   // 1 has two native offspring, 3 two (one without a year), 2 four.
-  EXPECT_EQ(row_of(tables.parent_counts, 1), (Counts{1, 1, 0, 0, 0, 0}));
-  EXPECT_EQ(row_of(tables.parent_counts, 2), (Counts{0, 0, 0, 0, 0, 1}));
-  EXPECT_EQ(row_of(tables.parent_counts, 4), (Counts{1, 1, 0, 1, 0, 0}));
-  EXPECT_EQ(row_of(tables.parent_counts, 6), (Counts{0, 0, 0, 1, 0, 0}));
-  EXPECT_EQ(row_of(tables.parent_offspring, 2), (Reals{0, 0, 0, 4.0F, 0, 4.0F}));
-  EXPECT_EQ(row_of(tables.parent_offspring, 4), (Reals{2.0F, 0, 2.0F, 0, 0, 0}));
-  EXPECT_EQ(tables.litters.value(4, litter_count), 1);
-  EXPECT_EQ(tables.litters.value(4, before_litter_sizes + 2), 1);
-  EXPECT_EQ(tables.litters.value(6, before_litter_sizes + 1), 1);
+  EXPECT_EQ(parents_of(tables, 1), (Counts{0, 1, 0, 0, 0, 0}));
+  EXPECT_EQ(parents_of(tables, 2), (Counts{0, 0, 0, 0, 0, 1}));
+  EXPECT_EQ(parents_of(tables, 4), (Counts{0, 1, 0, 1, 0, 0}));
+  EXPECT_EQ(parents_of(tables, 6), (Counts{0, 0, 0, 1, 0, 0}));
+  EXPECT_EQ(offspring_of(tables, 2), (Reals{0, 0, 0, 4.0F, 0, 4.0F}));
+  EXPECT_EQ(offspring_of(tables, 4), (Reals{2.0F, 0, 2.0F, 0, 0, 0}));
+  EXPECT_EQ(tables.litters.of(4).litters, 1);
+  EXPECT_EQ(tables.litters.of(4).of_size(2), 1);
+  EXPECT_EQ(tables.litters.of(6).of_size(1), 1);
+  // 5 of 2003: 0.5 + 0.5 and half of the father's 1.
+  EXPECT_EQ(tables.completeness.of(4).equivalent_generations, 1.0F);
+  EXPECT_EQ(tables.completeness.of(6).equivalent_generations, 1.5F);
+  EXPECT_EQ(tables.completeness.of(6).generation_shares[0], 1.0F);
+}
+
+TEST(MonitorPopulation, TablesHaveARowForEachYearAndTheirColumns) {
+  PopulationStore store = numbered_store(small_kennel);
+  store.has_colour = true;
+  const MonitorTables tables = monitored(store, colours_of({"red", "black", "grey", "Onbekend"}),
+                                         breeders_with("Smit                Vos                 ", 2, 2))
+                                   .tables;
+  for (const Row rows :
+       {tables.parent_counts.row_count(), tables.parent_offspring.row_count(), tables.import_pairs.row_count(),
+        tables.litters.row_count(), tables.age_classes.of(male).row_count(), tables.age_classes.of(female).row_count(),
+        tables.parent_ages.row_count(), tables.completeness.row_count(), tables.colour_counts.row_count(),
+        tables.top_breeders.row_count()}) {
+    EXPECT_EQ(rows, 6);
+  }
+  EXPECT_EQ(tables.age_classes.of(male).column_count, 3);
+  EXPECT_EQ(tables.age_classes.of(female).column_count, 3);
+  EXPECT_EQ(tables.colour_counts.column_count, 5);
+  EXPECT_EQ(tables.top_breeders.column_count, 6);
+}
+
+TEST(MonitorPopulation, AnEmptyStoreHasTablesOfTwoYears) {
+  const MonitorTables tables = monitored(numbered_store("")).tables;
+  EXPECT_EQ(tables.litters.row_count(), 2);
+  EXPECT_EQ(tables.age_classes.of(male).column_count, 0);
 }
 
 TEST(MonitorPopulation, AYearWithoutAnimalsIsZeroInAllTables) {
   PopulationStore store = numbered_store(small_kennel);
   store.has_import = store.has_colour = store.has_breeder = true;
-  const Monitored run = monitored(store, settings_with({"red", "Onbekend", "niet erkend"}),
+  const Monitored run = monitored(store, colours_of({"red", "Onbekend"}),
                                   breeders_with("Smit                Vos                 ", 2, 2));
-  constexpr std::int64_t row = 5;  // 2002
-  EXPECT_EQ(row_of(run.tables.parent_counts, row), Counts(6, 0));
-  EXPECT_EQ(row_of(run.tables.parent_offspring, row), Reals(6, 0.0F));
-  EXPECT_EQ(row_of(run.tables.import_pairs, row), Counts(4, 0));
-  EXPECT_EQ(row_of(run.tables.litters, row), Counts(102, 0));
-  EXPECT_EQ(row_of(run.tables.sire_age_classes, row), Counts(3, 0));
-  EXPECT_EQ(row_of(run.tables.mean_sire_age, row), Reals{0.0F});
+  constexpr Row row = 5;  // 2002
+  EXPECT_EQ(parents_of(run.tables, row), Counts(6, 0));
+  EXPECT_EQ(offspring_of(run.tables, row), Reals(6, 0.0F));
+  EXPECT_EQ(import_pairs_of(run.tables, row), Counts(4, 0));
+  EXPECT_EQ(run.tables.litters.of(row).litters, 0);
+  EXPECT_EQ(run.tables.litters.of(row).fathers, 0);
+  EXPECT_EQ(run.tables.litters.of(row).sizes, LitterCounts{}.sizes);
+  EXPECT_EQ(row_of(run.tables.age_classes.of(male), row), Counts(3, 0));
+  EXPECT_EQ(run.tables.parent_ages.of(row).sires, 0.0F);
+  EXPECT_EQ(run.tables.completeness.of(row).equivalent_generations, 0.0F);
   EXPECT_EQ(row_of(run.tables.colour_counts, row), Counts(3, 0));
   EXPECT_EQ(row_of(run.tables.top_breeders, row), Counts(6, 0));
   EXPECT_EQ(run.console[row], " year         2002 determined ages parents, etc.");
@@ -107,34 +165,34 @@ TEST(MonitorPopulation, AYearWithoutAnimalsIsZeroInAllTables) {
 TEST(MonitorPopulation, AgesByYear) {
   // At the birth of 3 the father is 3 * 365 days, of 4 151 more; the mother 181 days less than two years and so on.
   const MonitorTables tables = monitored(numbered_store(small_kennel)).tables;
-  EXPECT_EQ(row_of(tables.sire_age_classes, 4), (Counts{0, 1, 1}));  // 1095 and 1246 days
-  EXPECT_EQ(row_of(tables.dam_age_classes, 4), (Counts{2, 0, 0}));   // 549 and 700 days
-  EXPECT_EQ(tables.mean_sire_age.value(4, 1), 1170.5F);
-  EXPECT_EQ(tables.mean_dam_age.value(4, 1), 624.5F);
-  EXPECT_EQ(row_of(tables.sire_age_classes, 6), (Counts{1, 0, 0}));  // 730 days
-  EXPECT_EQ(row_of(tables.dam_age_classes, 6), (Counts{0, 0, 1}));   // 4 * 365 - 181 = 1279 days
+  EXPECT_EQ(row_of(tables.age_classes.of(male), 4), (Counts{0, 1, 1}));    // 1095 and 1246 days
+  EXPECT_EQ(row_of(tables.age_classes.of(female), 4), (Counts{2, 0, 0}));  // 549 and 700 days
+  EXPECT_EQ(tables.parent_ages.of(4).sires, 1170.5F / 365.0F);
+  EXPECT_EQ(tables.parent_ages.of(4).dams, 624.5F / 365.0F);
+  EXPECT_EQ(row_of(tables.age_classes.of(male), 6), (Counts{1, 0, 0}));    // 730 days
+  EXPECT_EQ(row_of(tables.age_classes.of(female), 6), (Counts{0, 0, 1}));  // 4 * 365 - 181 = 1279 days
 }
 
 TEST(MonitorPopulation, ImportPairsOnlyWithAnImportColumn) {
   PopulationStore store = numbered_store(small_kennel);
-  EXPECT_EQ(row_of(monitored(store).tables.import_pairs, 4), (Counts{0, 0, 0, 0}));
+  EXPECT_EQ(import_pairs_of(monitored(store).tables, 4), (Counts{0, 0, 0, 0}));
   store.has_import = true;
-  EXPECT_EQ(row_of(monitored(store).tables.import_pairs, 4), (Counts{0, 0, 2, 0}));
+  EXPECT_EQ(import_pairs_of(monitored(store).tables, 4), (Counts{0, 0, 2, 0}));
 }
 
 TEST(MonitorPopulation, ColoursOnlyWithAColourColumn) {
   PopulationStore store = numbered_store(small_kennel);
-  const SteerSettings settings = settings_with({"red", "black", "Onbekend", "niet erkend"});
-  EXPECT_EQ(row_of(monitored(store, settings).tables.colour_counts, 4), (Counts{0}));
+  const Colours colours = colours_of({"red", "black", "Onbekend"});
+  EXPECT_EQ(row_of(monitored(store, colours).tables.colour_counts, 4), (Counts{0}));
   store.has_colour = true;
-  const MonitorTables tables = monitored(store, settings).tables;
+  const MonitorTables tables = monitored(store, colours).tables;
   EXPECT_EQ(row_of(tables.colour_counts, 1), (Counts{1, 0, 0, 0}));
   EXPECT_EQ(row_of(tables.colour_counts, 2), (Counts{0, 1, 0, 0}));
   EXPECT_EQ(row_of(tables.colour_counts, 4), (Counts{1, 0, 0, 1}));
   EXPECT_EQ(row_of(tables.colour_counts, 6), (Counts{0, 0, 0, 1}));
 }
 
-TEST(MonitorPopulation, AnAnimalOfTheLastRowsOwnNameStillCountsThereOnly) {
+TEST(MonitorPopulation, AColourThatIsNotListedCountsInTheLastColumnOnly) {
   PopulationStore store = numbered_store("2000 colour=niet_erkend\n2000 colour=Onbekend\n");
   store.has_colour = true;
   EXPECT_EQ(row_of(monitored(store).tables.colour_counts, 1), (Counts{1, 1}));
@@ -144,9 +202,9 @@ TEST(MonitorPopulation, TopBreedersAreEntriesOfTwentyCharacters) {
   // Read as slots of 7 the list would begin with "Smit   ", blank and "      V".
   PopulationStore store = numbered_store(small_kennel);
   store.has_breeder = true;
-  const MonitorTables tables = monitored(store, settings_with({"Onbekend", "niet erkend"}),
-                                         breeders_with("Smit                Vos                 ", 2, 2))
-                                   .tables;
+  const MonitorTables tables =
+      monitored(store, colours_of({"Onbekend"}), breeders_with("Smit                Vos                 ", 2, 2))
+          .tables;
   EXPECT_EQ(row_of(tables.top_breeders, 1), (Counts{1, 1, 0, 0, 0, 0}));
   // The imported dam of 1999 is Vos' parent, but not among the native parents: the last column is one short.
   EXPECT_EQ(row_of(tables.top_breeders, 2), (Counts{0, 0, 1, 1, 0, -1}));
@@ -158,17 +216,16 @@ TEST(MonitorPopulation, AShiftedEntryMatchesNobody) {
   // As the list looks once a blank slot has been put in front: "       Smit" is no breeder's name.
   PopulationStore store = numbered_store(small_kennel);
   store.has_breeder = true;
-  const MonitorTables tables = monitored(store, settings_with({"Onbekend", "niet erkend"}),
-                                         breeders_with("       Smit         Vos                 ", 2, 2))
-                                   .tables;
+  const MonitorTables tables =
+      monitored(store, colours_of({"Onbekend"}), breeders_with("       Smit         Vos                 ", 2, 2))
+          .tables;
   EXPECT_EQ(row_of(tables.top_breeders, 4), (Counts{0, 0, 0, 0, 2, 1}));
 }
 
 TEST(MonitorPopulation, WithoutTopBreedersTheTwoColumnsHoldAllAnimalsAndNativeParents) {
   PopulationStore store = numbered_store(small_kennel);
   store.has_breeder = true;
-  const MonitorTables tables =
-      monitored(store, settings_with({"Onbekend", "niet erkend"}), breeders_with("", 0, 0)).tables;
+  const MonitorTables tables = monitored(store, colours_of({"Onbekend"}), breeders_with("", 0, 0)).tables;
   EXPECT_EQ(row_of(tables.top_breeders, 1), (Counts{1, 1}));
   EXPECT_EQ(row_of(tables.top_breeders, 2), (Counts{1, 0}));
   EXPECT_EQ(row_of(tables.top_breeders, 4), (Counts{2, 1}));
@@ -181,28 +238,27 @@ TEST(MonitorPopulation, WithoutABreederColumnTheTableStaysZero) {
 
 TEST(MonitorPopulation, AnimalsWithoutBirthYearAreInNoRow) {
   const MonitorTables tables = monitored(numbered_store("2000 m\n.\nm\n2001\n")).tables;
-  EXPECT_EQ(row_of(tables.parent_counts, 1), (Counts{1, 0, 0, 0, 0, 0}));
-  EXPECT_EQ(row_of(tables.parent_counts, 2), (Counts{0, 0, 0, 1, 0, 0}));
+  EXPECT_EQ(parents_of(tables, 1), (Counts{1, 0, 0, 0, 0, 0}));
+  EXPECT_EQ(parents_of(tables, 2), (Counts{0, 0, 0, 1, 0, 0}));
 }
 
 TEST(MonitorPopulation, YearZeroHasARowOnlyBetweenKnownYears) {
   const PopulationStore store = numbered_store("-1 m\n1\n.\n.\n");
   ASSERT_EQ(store.birth_years.first, -1);
-  EXPECT_EQ(row_of(monitored(store).tables.parent_counts, 2), (Counts{0, 0, 0, 2, 0, 0}));
+  EXPECT_EQ(parents_of(monitored(store).tables, 2), (Counts{0, 0, 0, 2, 0, 0}));
 }
 
-TEST(ListedColours, AreAllRowsButTheLast) {
-  const SteerSettings settings = settings_with({"red", "Onbekend", "niet erkend"});
-  const std::vector<std::string_view> colours = listed_colours(settings);
-  ASSERT_EQ(colours.size(), 2U);
-  EXPECT_EQ(colours[0], "red" + std::string(37, ' '));
-  EXPECT_EQ(colours[1], "Onbekend" + std::string(32, ' '));
-}
-
-TEST(ListedColours, WithoutAColourColumnThereAreNone) {
-  SteerSettings settings = settings_with({"red", "Onbekend", "niet erkend"});
-  settings.colour_count = 1;
-  EXPECT_TRUE(listed_colours(settings).empty());
+TEST(CountYears, ShowsItsLineForEachYearAndCountsOnlyTheAnimalsGiven) {
+  PopulationStore store = numbered_store("2000 m\n2000\n2002 m\n");
+  TextOutput console = output_in(true);
+  const std::vector<std::int32_t> chosen = {1, 3};
+  const Colours colours;
+  const MonitorTables tables = count_years(store, group_by_year(store, chosen), {colours, {}}, {0, 0},
+                                           {{"herd ", Wording{"born ", "geboren "}}, {"counted", "geteld"}}, console);
+  EXPECT_EQ(lines_of(console), (Lines{" herd born         2000 counted", " herd born         2001 counted",
+                                      " herd born         2002 counted"}));
+  EXPECT_EQ(parents_of(tables, 1), (Counts{1, 0, 0, 0, 0, 0}));
+  EXPECT_EQ(parents_of(tables, 3), (Counts{1, 0, 0, 0, 0, 0}));
 }
 
 }  // namespace

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <numeric>
 #include <string>
 #include <utility>
 #include <vector>
@@ -32,12 +30,6 @@ Aged aged(PopulationStore store, bool english = true) {
 
 Aged aged(std::string_view numbered) {
   return aged(numbered_store(numbered));
-}
-
-Positions everybody(const PopulationStore& store) {
-  Positions positions(store.animals.size());
-  std::iota(positions.begin(), positions.end(), 1);
-  return positions;
 }
 
 /// Ages of father 1 and mother 2 at the birth of animal 3.
@@ -100,8 +92,8 @@ TEST(OldestParents, AreTruncatedToWholeYears) {
   // Fathers of 729 and 400 days, a mother of exactly 1095.
   const Aged run = aged("2000-1-2 m\n1999-1-1\n2002-1-1 s=1 d=2\n2001-2-6 s=1\n");
   EXPECT_EQ(run.store.at(3).sire_age_days, 729);
-  EXPECT_EQ(run.oldest.sire, 1);
-  EXPECT_EQ(run.oldest.dam, 3);
+  EXPECT_EQ(run.oldest.of(male), 1);
+  EXPECT_EQ(run.oldest.of(female), 3);
   EXPECT_EQ(run.console, Lines{" oldest parents;            1           3"});
 }
 
@@ -126,11 +118,11 @@ TEST(OldestParents, OfSomeAnimalsOnly) {
     store.at(position).sire_age_days = sire_ages[position - 1];
     store.at(position).dam_age_days = -1;
   }
-  EXPECT_EQ(find_oldest_parents(store, Positions{3, 5}).sire, 2);
-  EXPECT_EQ(find_oldest_parents(store, everybody(store)).sire, 5);
-  EXPECT_EQ(find_oldest_parents(store, Positions{5}).sire, -1);
-  EXPECT_EQ(find_oldest_parents(store, Positions{6}).sire, -2);
-  EXPECT_EQ(find_oldest_parents(store, Positions{6}).dam, 0);
+  EXPECT_EQ(find_oldest_parents(store, Positions{3, 5}).of(male), 2);
+  EXPECT_EQ(find_oldest_parents(store, all_positions(store)).of(male), 5);
+  EXPECT_EQ(find_oldest_parents(store, Positions{5}).of(male), -1);
+  EXPECT_EQ(find_oldest_parents(store, Positions{6}).of(male), -2);
+  EXPECT_EQ(find_oldest_parents(store, Positions{6}).of(female), 0);
 }
 
 TEST(ParentAgesProgress, LinesAfterEachHundredAnimals) {
@@ -160,79 +152,52 @@ TEST(ParentAgesProgress, IntervalGrowsWithThePopulation) {
   }
 }
 
-TEST(OverallParentAges, AreTheMeanOfAllKnownAgesInYears) {
-  // Fathers 730 and 365 days, mothers 1095 days; unknown ages do not count.
-  const Aged run = aged("2000 m\n1999\n2002 s=1 d=2\n2001 s=1\n2003\n");
-  const OverallParentAges ages = overall_parent_ages(run.store, everybody(run.store));
-  EXPECT_EQ(ages.sire, 1.5F);
-  EXPECT_EQ(ages.dam, 3.0F);
-}
+using Counts = std::vector<std::int32_t>;
 
-TEST(OverallParentAges, AreDividedInSinglePrecisionByTheNumberThenByTheDays) {
-  PopulationStore store = numbered_store("2000\n2000\n2000\n");
-  const std::int32_t ages[] = {1000, 1001, 1010};
-  for (std::int32_t position = 1; position <= 3; ++position) {
-    store.at(position).sire_age_days = ages[position - 1];
-    store.at(position).dam_age_days = position == 1 ? -365 : -1;
+/// Counts animals whose parents have these ages, in one year.
+ParentAgeClasses classes_of(const Counts& sire_ages, const Counts& dam_ages, const OldestParents& oldest) {
+  PopulationStore store = store_of_parents(std::vector<ParentPair>(sire_ages.size()));
+  for (std::size_t i = 0; i < store.animals.size(); ++i) {
+    store.animals[i].sire_age_days = sire_ages[i];
+    store.animals[i].dam_age_days = dam_ages[i];
   }
-  // 3011 / 3 rounded to single, then divided by 365: one unit in the last place above 3011 / 1095.
-  EXPECT_EQ(overall_parent_ages(store, everybody(store)).sire, 0x1.5ff886p+1F);
-  EXPECT_EQ(overall_parent_ages(store, everybody(store)).dam, -1.0F);
+  ParentAgeClasses classes = make_age_classes(store.birth_years, oldest);
+  parent_age_statistics(store, all_positions(store), 1, classes);
+  return classes;
 }
 
-TEST(OverallParentAges, WithoutAnyKnownAgeAreNotANumber) {
-  const Aged run = aged("2000 m\n2001\n");
-  EXPECT_TRUE(std::isnan(overall_parent_ages(run.store, everybody(run.store)).sire));
-  EXPECT_TRUE(std::isnan(overall_parent_ages(run.store, everybody(run.store)).dam));
+TEST(ParentAgeStatistics, ClassesBeginOneDayAfterAWholeYear) {
+  // 365 days and less are in no class; class 1 is 366 to 730, class 2 731 to 1095.
+  const ParentAgeClasses classes =
+      classes_of({365, 366, 730, 731, 1095, -1, 0, -400}, {1095, 1095, 731, 365, 364, -1, -1, 1}, {3, 3});
+  EXPECT_EQ(row_of(classes.of(male), 1), (Counts{2, 2, 0}));
+  EXPECT_EQ(row_of(classes.of(female), 1), (Counts{0, 3, 0}));
 }
 
-TEST(OverallParentAges, OfSomeAnimalsOnly) {
-  const Aged run = aged("2000 m\n1999\n2002 s=1 d=2\n2001 s=1\n");
-  EXPECT_EQ(overall_parent_ages(run.store, Positions{4}).sire, 1.0F);
-  EXPECT_TRUE(std::isnan(overall_parent_ages(run.store, Positions{4}).dam));
+TEST(ParentAgeStatistics, TheOldestParentOfAWholeNumberOfYearsStandsOneClassLower) {
+  const ParentAgeClasses classes = classes_of({1460, 1461}, {-1, -1}, {4, 0});
+  EXPECT_EQ(row_of(classes.of(male), 1), (Counts{0, 0, 1, 1}));
+  EXPECT_EQ(classes.of(female).column_count, 0);
 }
 
-TEST(MeanAges, TurnFromDaysIntoYears) {
-  YearTable<float> ages(3, 1);
-  ages.at(1, 1) = 730.0F;
-  ages.at(3, 1) = 1000.0F;
-  turn_days_into_years(ages);
-  EXPECT_EQ(ages.value(1, 1), 2.0F);
-  EXPECT_EQ(ages.value(2, 1), 0.0F);
-  EXPECT_EQ(ages.value(3, 1), 1000.0F / 365.0F);
+TEST(ParentAgeStatistics, AnAgeAboveTheLastClassIsInNone) {
+  EXPECT_EQ(row_of(classes_of({731, 400}, {-1, -1}, {1, 0}).of(male), 1), (Counts{1}));
 }
 
-TEST(BusiestParents, HaveTheMostNativeOffspring) {
-  // Male 1 has one native child and two imported ones, male 2 has two; female 3 has two, female 4 one.
-  const PopulationStore store = numbered_store("m\nm\n.\n.\ns=1 d=3\ns=1 import\ns=1 import\ns=2 d=3\ns=2 d=4\n");
-  const BusiestParents busiest = find_busiest_parents(store, everybody(store));
-  EXPECT_EQ(busiest.sire, 2);
-  EXPECT_EQ(busiest.dam, 3);
+TEST(MakeAgeClasses, HaveARowForEachYearAndAColumnForEachYearOfAge) {
+  const ParentAgeClasses classes = make_age_classes({.first = 1998, .last = 2001, .count = 4}, {12, 9});
+  EXPECT_EQ(classes.of(male).column_count, 12);
+  EXPECT_EQ(classes.of(female).column_count, 9);
+  EXPECT_EQ(classes.of(male).row_count(), 4);
+  EXPECT_EQ(classes.of(female).row_count(), 4);
 }
 
-TEST(BusiestParents, OnATieTheFirstInTheStore) {
-  const PopulationStore store = numbered_store(".\nm\nm\n.\ns=2 d=1\ns=3 d=4\n");
-  EXPECT_EQ(find_busiest_parents(store, everybody(store)).sire, 2);
-  EXPECT_EQ(find_busiest_parents(store, everybody(store)).dam, 1);
-}
-
-TEST(BusiestParents, WithoutAnyOffspringTheFirstOfItsSex) {
-  const PopulationStore store = numbered_store(".\n.\nm\nm\n");
-  EXPECT_EQ(find_busiest_parents(store, everybody(store)).sire, 3);
-  EXPECT_EQ(find_busiest_parents(store, everybody(store)).dam, 1);
-}
-
-TEST(BusiestParents, ASexWithoutAnimalsGivesOne) {
-  const PopulationStore females = numbered_store(".\n.\n"), nobody = numbered_store("");
-  EXPECT_EQ(find_busiest_parents(females, Positions{2}).sire, 1);
-  EXPECT_EQ(find_busiest_parents(females, Positions{2}).dam, 2);
-  EXPECT_EQ(find_busiest_parents(nobody, {}).sire, 1);
-  EXPECT_EQ(find_busiest_parents(nobody, {}).dam, 1);
-}
-
-TEST(BusiestParents, OfSomeAnimalsCountOffspringElsewhereToo) {
-  const PopulationStore store = numbered_store("m\nm\n.\ns=1\ns=1\ns=2\n");
-  EXPECT_EQ(find_busiest_parents(store, Positions{2, 3}).sire, 2);
+TEST(MakeAgeClasses, AgesNotAboveZeroGiveNoColumns) {
+  // An empty store has the quotient of the smallest integer and 365.
+  const ParentAgeClasses classes = make_age_classes({}, {-5883516, 0});
+  EXPECT_EQ(classes.of(male).column_count, 0);
+  EXPECT_EQ(classes.of(female).column_count, 0);
+  EXPECT_EQ(classes.of(male).row_count(), 2);
 }
 
 }  // namespace

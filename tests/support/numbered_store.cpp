@@ -1,6 +1,7 @@
 #include "support/numbered_store.h"
 
 #include <algorithm>
+#include <numeric>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -31,7 +32,7 @@ void apply_word(AnimalRecord& animal, const std::string& word) {
     if (word == "m") {
       animal.sex = male;
     } else if (word == "import") {
-      animal.is_import = logical_true;
+      animal.is_import = true;
     } else {
       set_birth_date(animal, word);
     }
@@ -92,19 +93,32 @@ PopulationStore store_of_parents(std::span<const ParentPair> parents) {
 void count_all_offspring(PopulationStore& store) {
   for (AnimalRecord& animal : store.animals) {
     animal.offspring_count = animal.native_offspring_count = 0;
-    animal.is_parent = animal.is_native_parent = logical_false;
+    animal.is_native_parent = false;
   }
   for (const AnimalRecord& animal : store.animals) {
     for (const std::int32_t parent_no : {animal.sire_no, animal.dam_no}) {
       if (parent_no == 0) continue;
       AnimalRecord& parent = store.at(parent_no);
       ++parent.offspring_count;
-      parent.is_parent = logical_true;
-      if (is_true(animal.is_import)) continue;
+      if (animal.is_import) continue;
       ++parent.native_offspring_count;
-      parent.is_native_parent = logical_true;
+      parent.is_native_parent = true;
     }
   }
+}
+
+void number_subpopulations(PopulationStore& store, const Subpopulations& subpopulations) {
+  for (AnimalRecord& animal : store.animals) animal.subpopulation_no = subpopulations.number_of(animal.subpopulation);
+}
+
+void number_colours(PopulationStore& store, const Colours& colours) {
+  for (AnimalRecord& animal : store.animals) animal.colour_no = colours.number_of(animal.colour);
+}
+
+std::vector<std::int32_t> from_to(std::int32_t first, std::int32_t last) {
+  std::vector<std::int32_t> positions(static_cast<std::size_t>(last - first + 1));
+  std::iota(positions.begin(), positions.end(), first);
+  return positions;
 }
 
 }  // namespace pedigreewatch::test

@@ -3,11 +3,13 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <span>
 #include <string_view>
 #include <vector>
 
 #include "core/year_table.h"
+#include "pedigree/data_file_layout.h"
 #include "pedigree/population_store.h"
 #include "support/lines.h"
 
@@ -31,6 +33,21 @@ PopulationStore store_of_parents(std::span<const ParentPair> parents);
 
 /// Fills the offspring counts and parent marks from `sire_no` and `dam_no`.
 void count_all_offspring(PopulationStore& store);
+
+/// Gives every animal the number of its subpopulation, or of its colour, as reading the data file does.
+void number_subpopulations(PopulationStore& store, const Subpopulations& subpopulations);
+void number_colours(PopulationStore& store, const Colours& colours);
+
+/// A list of these names, in this order: of subpopulations, colours or breeders.
+template <typename List>
+List names_of(std::initializer_list<std::string_view> texts) {
+  List list;
+  for (const std::string_view text : texts) list.add(typename List::Name(text));
+  return list;
+}
+
+/// The positions from `first` to `last`.
+std::vector<std::int32_t> from_to(std::int32_t first, std::int32_t last);
 
 /// All columns of one row.
 template <typename Cell>

@@ -8,17 +8,17 @@
 
 namespace pedigreewatch::test {
 
-SteerSettings settings_in(bool english) {
-  SteerSettings settings;
+TestLayout settings_in(bool english) {
+  TestLayout settings;
   settings.delimiter = ';';
   settings.date_layout.assign("dd-mm-jjjj");
-  settings.date_has_delimiters = settings.date_day_first = true;
+  settings.dates = {.has_delimiters = true, .day_first = true};
   settings.male_letters = {'m', 'M'};
   settings.english = english;
   return settings;
 }
 
-ReadRun read_text(std::string_view data, const SteerSettings& settings) {
+ReadRun read_text(std::string_view data, const TestLayout& settings) {
   ReadRun run;
   run.streams = streams_in(settings.english);
   LineReader reader;

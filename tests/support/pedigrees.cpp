@@ -10,8 +10,10 @@
 #include "support/pedigree_runs.h"
 
 namespace pedigreewatch::test {
+
 PopulationStore animals_from_text(std::string_view text) {
   PopulationStore store;
+  allocate_records(store, 0);
   for (const std::string& line : lines_of(text)) {
     std::istringstream words(line);
     AnimalRecord animal;
@@ -24,7 +26,7 @@ PopulationStore animals_from_text(std::string_view text) {
     animal.sex = sex == "m" ? male : female;
     animal.birth_year = std::stoi(year);
     if (subpopulation != "-") animal.subpopulation.assign(subpopulation);
-    animal.is_import = import == "import" ? logical_true : logical_false;
+    animal.is_import = import == "import";
     store.animals.push_back(animal);
   }
   store.animal_count = static_cast<std::int32_t>(store.animals.size());

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/year_table.h"
@@ -37,15 +38,19 @@ inline BirthYears no_years() {
   return {};
 }
 
-/// What a table writer prints into.
+/// What a table writer prints into, and what it knows of the run. The names are empty unless a test puts some in.
 struct ReportSheet {
   TextOutput output;
-  BirthYears years;
+  PopulationStore store;
   SpeciesNouns nouns;
+  std::vector<SubpopulationName> subpopulation_names;
+  std::vector<ColourName> colour_names;
+  BreederList breeders;
 
-  ReportSheet(const BirthYears& birth_years, bool english)
-      : output(output_in(english)), years(birth_years), nouns(cattle_nouns(english)) {}
-  ReportFrame frame() { return {output, years, nouns}; }
+  ReportSheet(const BirthYears& years, bool english) : output(output_in(english)), nouns(cattle_nouns(english)) {
+    store.birth_years = years;
+  }
+  ReportFrame frame() { return {output, store, nouns, subpopulation_names, colour_names, breeders}; }
   std::vector<std::string> lines() const { return lines_of(output); }
 };
 
@@ -66,6 +71,14 @@ YearTable<Cell> table_of(std::int64_t columns, std::initializer_list<std::vector
     for (std::size_t i = 0; i < cells.size(); ++i) table.at(row, static_cast<std::int64_t>(i) + 1) = cells[i];
   }
   return table;
+}
+
+/// A table of `row_count` years from the records of some of them; the others are years without animals.
+template <typename Record>
+YearRows<Record> rows_of(Row row_count, std::initializer_list<std::pair<Row, Record>> records) {
+  YearRows<Record> rows(row_count);
+  for (const auto& [row, record] : records) rows.at(row) = record;
+  return rows;
 }
 
 // ---- expected lines --------------------------------------------------------------------------------------------

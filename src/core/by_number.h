@@ -1,0 +1,42 @@
+// Lists whose entries are known by a number. On paper everything is counted from 1; only this file and the year tables
+// turn such a number into a place in memory.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+namespace pedigreewatch {
+
+/// Values by the number of an animal or ancestor. Entry 0 is that of the unknown one, so that no test is needed for it.
+template <typename Value>
+struct ByNumber {
+  std::vector<Value> values;
+
+  ByNumber() = default;
+  /// Entries 0 to `last`, all alike.
+  explicit ByNumber(std::size_t last, const Value& value = {}) : values(last + 1, value) {}
+
+  Value& operator[](std::int32_t number) { return values[static_cast<std::size_t>(number)]; }
+  const Value& operator[](std::int32_t number) const { return values[static_cast<std::size_t>(number)]; }
+  /// The highest number; -1 when not even entry 0 is there.
+  std::int32_t last() const { return static_cast<std::int32_t>(values.size()) - 1; }
+};
+
+/// Entries numbered from 1 in the order in which they were added.
+template <typename Entry>
+struct NumberedList {
+  std::vector<Entry> entries;
+
+  Entry& at(std::int32_t number) { return entries[static_cast<std::size_t>(number) - 1]; }
+  const Entry& at(std::int32_t number) const { return entries[static_cast<std::size_t>(number) - 1]; }
+  std::int32_t count() const { return static_cast<std::int32_t>(entries.size()); }
+  /// Adds an entry at the end and yields its number.
+  std::int32_t add(Entry entry) {
+    entries.push_back(std::move(entry));
+    return count();
+  }
+};
+
+}  // namespace pedigreewatch

@@ -1,0 +1,40 @@
+// A list of names that is searched for every animal: subpopulations, colours, breeders. A name is found by its hash,
+// so that a long list costs no more than a short one.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "core/by_number.h"
+#include "core/fixed_text.h"
+#include "core/text_index.h"
+
+namespace pedigreewatch {
+
+/// Names of one width, numbered from 1. A name may stand in the list more than once: it is found by its first number.
+template <std::size_t Width>
+struct NameList {
+  using Name = FixedText<Width>;
+
+  NumberedList<Name> names;
+  NumberedList<std::int32_t> first_numbers;  ///< of each name: its own, unless the name stands in the list before
+  TextIndex index;
+
+  NameList() = default;
+  explicit NameList(std::span<const Name> all) {
+    for (const Name& name : all) add(name);
+  }
+
+  void add(const Name& name) {
+    const std::int32_t number = names.add(name);
+    first_numbers.add(find_or_add_text(index, name.full(), number, [&](std::int32_t k) { return names.at(k).full(); }));
+  }
+  /// The first number of the name; 0 when it is not in the list.
+  std::int32_t number_of(const Name& name) const {
+    return find_text(index, name.full(), [&](std::int32_t k) { return names.at(k).full(); });
+  }
+  std::int32_t count() const { return names.count(); }
+};
+
+}  // namespace pedigreewatch
