@@ -60,11 +60,11 @@ struct AnimalRecord {
 static_assert(sizeof(AnimalRecord) == std::size_t{5} * 64);
 
 struct PopulationStore {
-  std::vector<AnimalRecord> animals;  ///< the animal of position p is animals[p - 1]
-  std::int32_t animal_count = 0;      ///< records in use; -1 when the data file has no line at all
   AnimalRecord unread;                ///< a record as it stands before its line is read
-  bool has_name = false, has_colour = false, has_breeder = false, has_subpopulation = false, has_import = false;
+  std::vector<AnimalRecord> animals;  ///< the animal of position p is animals[p - 1]
   BirthYears birth_years;
+  std::int32_t animal_count = 0;  ///< records in use; -1 when the data file has no line at all
+  bool has_name = false, has_colour = false, has_breeder = false, has_subpopulation = false, has_import = false;
 
   AnimalRecord& at(std::int32_t position) { return animals[static_cast<std::size_t>(position) - 1]; }
   const AnimalRecord& at(std::int32_t position) const { return animals[static_cast<std::size_t>(position) - 1]; }
