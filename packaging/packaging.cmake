@@ -10,6 +10,7 @@ set(generated ${PROJECT_BINARY_DIR}/packaging)
 # --- Manual pages, with the version filled in --------------------------------------------------------------------
 
 configure_file(docs/man/pedigreewatch.1 ${generated}/man/pedigreewatch.1 @ONLY)
+configure_file(docs/man/pedigreewatch-tools.1 ${generated}/man/pedigreewatch-tools.1 @ONLY)
 configure_file(docs/man/pedigreewatch.ini.5 ${generated}/man/pedigreewatch.ini.5 @ONLY)
 
 # Without name and time stamp of the file the same page gives the same bytes in every build.
@@ -54,7 +55,7 @@ endfunction()
 
 # --- What is installed -------------------------------------------------------------------------------------------
 
-install(TARGETS pedigreewatch RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS pedigreewatch pedigreewatch_tools RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 if(WIN32)
   file(REMOVE_RECURSE ${generated}/windows)
@@ -75,7 +76,7 @@ if(WIN32)
   endforeach()
   copy_with_crlf(${packaging_folder}/windows/run.cmd ${generated}/windows/run.cmd)
   copy_with_crlf(${PROJECT_SOURCE_DIR}/LICENSE ${generated}/windows/LICENSE.txt)
-  foreach(page pedigreewatch.1 pedigreewatch.ini.5)
+  foreach(page pedigreewatch.1 pedigreewatch-tools.1 pedigreewatch.ini.5)
     string(REGEX REPLACE "\\.[15]$" ".txt" name ${page})
     render_manual_page(${generated}/man/${page} ${generated}/${name})
     if(EXISTS ${generated}/${name})
@@ -86,16 +87,21 @@ if(WIN32)
   install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples FILES_MATCHING PATTERN "*.out")
 
   enable_language(RC)
-  configure_file(${packaging_folder}/pedigreewatch.rc.in ${generated}/pedigreewatch.rc @ONLY)
-  target_sources(pedigreewatch PRIVATE ${generated}/pedigreewatch.rc)
+  foreach(program pedigreewatch pedigreewatch_tools)
+    string(REPLACE "_" "-" program_name ${program})
+    configure_file(${packaging_folder}/pedigreewatch.rc.in ${generated}/${program_name}.rc @ONLY)
+    target_sources(${program} PRIVATE ${generated}/${program_name}.rc)
+  endforeach()
 else()
   install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
   install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs
           FILES_MATCHING PATTERN "*.md" PATTERN man EXCLUDE)
   install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
   compress_file(${generated}/man/pedigreewatch.1)
+  compress_file(${generated}/man/pedigreewatch-tools.1)
   compress_file(${generated}/man/pedigreewatch.ini.5)
-  install(FILES ${generated}/man/pedigreewatch.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  install(FILES ${generated}/man/pedigreewatch.1.gz ${generated}/man/pedigreewatch-tools.1.gz
+          DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
   install(FILES ${generated}/man/pedigreewatch.ini.5.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man5)
 endif()
 

@@ -8,11 +8,6 @@
 namespace pedigreewatch {
 namespace {
 
-struct HeaderWord {
-  std::string_view word;
-  FieldCode code;
-};
-
 // The table has gaps that herdbooks have learned to live with: "id moeder" and "Geb_datum" stand twice, "geb-datum"
 // has no form with a capital and "Geb datum" none without, and the import column has its capital only.
 constexpr std::array<HeaderWord, 163> header_word_table = {{
@@ -71,6 +66,10 @@ constexpr std::array<HeaderWord, 163> header_word_table = {{
 }};
 
 }  // namespace
+
+std::span<const HeaderWord> all_header_words() {
+  return header_word_table;
+}
 
 FieldCode field_code_of(std::string_view word) {
   const auto* const found = std::find_if(header_word_table.begin(), header_word_table.end(),

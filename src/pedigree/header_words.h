@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 namespace pedigreewatch {
@@ -22,6 +23,14 @@ enum FieldCode : std::int32_t {
   subpopulation_column = 11,
   import_column = 12,
 };
+
+struct HeaderWord {
+  std::string_view word;
+  FieldCode code;
+};
+
+/// All words of the table.
+std::span<const HeaderWord> all_header_words();
 
 /// The field code of a header word; `unused_column` for a word that is not in the table. Case matters, trailing
 /// blanks do not.

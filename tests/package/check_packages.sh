@@ -40,6 +40,16 @@ run_examples() {
   done
 }
 
+# Prepares a small export with the program for it.
+check_tools() {
+  [[ "$("$1" --version)" == "pedigreewatch-tools $version" ]] || fail "$1 is not of version $version"
+  rm -rf "$work/run"
+  mkdir "$work/run"
+  printf 'Indiv,Sire,Dam,Sex,Born\nrex,NA,NA,reu,2001-12-31\n' >"$work/run/export.csv"
+  (cd "$work/run" && "$1" prepare export.csv >/dev/null) || fail "$1 could not prepare an export"
+  [[ "$(tail -n 1 "$work/run/export.txt")" == "rex;m;2001-12-31;;" ]] || fail "$1 prepared something else"
+}
+
 check_manual_page() {
   gzip -cd "$1" >"$work/page" || fail "$1 is not compressed"
   grep -qF "Pedigree Watch $version\"" "$work/page" || fail "$1 does not name the version $version"
@@ -48,7 +58,7 @@ check_manual_page() {
   [[ -z "$complaints" ]] || fail "$1: $complaints"
 }
 
-documents=(README CHANGELOG CONTRIBUTING docs/steer-file docs/data-file docs/report)
+documents=(README CHANGELOG CONTRIBUTING docs/steer-file docs/data-file docs/report docs/prepare)
 examples=()
 for example in moorland-en/moorland heide-nl/heide; do
   examples+=("examples/$example.txt" "examples/$example.out" "examples/${example%/*}/pedigreewatch.ini")
@@ -84,9 +94,11 @@ grep -qF "Permission is hereby granted" "$root/usr/share/doc/pedigreewatch/copyr
 gzip -cd "$root/usr/share/doc/pedigreewatch/changelog.gz" | grep -qF "pedigreewatch ($version)" ||
   fail "the changelog does not begin with version $version"
 check_manual_page "$root/usr/share/man/man1/pedigreewatch.1.gz"
+check_manual_page "$root/usr/share/man/man1/pedigreewatch-tools.1.gz"
 check_manual_page "$root/usr/share/man/man5/pedigreewatch.ini.5.gz"
 file "$root/usr/bin/pedigreewatch" | grep -q ', stripped' || fail "$deb: the program is not stripped"
 run_examples "$root/usr/bin/pedigreewatch" "$root/usr/share/doc/pedigreewatch/examples"
+check_tools "$root/usr/bin/pedigreewatch-tools"
 lintian --allow-root --fail-on error,warning,info --display-info "$deb" || fail "$deb: lintian complains"
 echo "$(basename "$deb"): good"
 
@@ -97,16 +109,18 @@ mkdir "$root"
 tar -xzf "$archive" -C "$root" --strip-components=1
 expect_files "$root" "${user_files[@]}" LICENSE
 check_manual_page "$root/man/man1/pedigreewatch.1.gz"
+check_manual_page "$root/man/man1/pedigreewatch-tools.1.gz"
 check_manual_page "$root/man/man5/pedigreewatch.ini.5.gz"
 file "$root/pedigreewatch" | grep -q 'statically linked.*, stripped' || fail "$archive: the program needs libraries"
 run_examples "$root/pedigreewatch" "$root/examples"
+check_tools "$root/pedigreewatch-tools"
 echo "$(basename "$archive"): good"
 
 # --- Windows ---
 archive="$(the_one "$packages"/*.zip)"
 unzip -q "$archive" -d "$work/zip"
 windows="$work/zip/$(basename "$archive" .zip)"
-expect_files "$windows" "${documents[@]/%/.html}" "${examples[@]}" LICENSE.txt run.cmd manual/pedigreewatch{,.ini}.txt
+expect_files "$windows" "${documents[@]/%/.html}" "${examples[@]}" LICENSE.txt run.cmd manual/pedigreewatch{,.ini,-tools}.txt pedigreewatch-tools.exe
 check_links "$windows"/*.html "$windows"/docs/*.html
 for name in README.html run.cmd manual/pedigreewatch.txt examples/moorland-en/{pedigreewatch.ini,moorland.txt}; do
   [[ "$(grep -c $'\r$' "$windows/$name")" -eq "$(wc -l <"$windows/$name")" ]] || fail "$name: lines without CR"

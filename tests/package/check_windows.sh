@@ -1,16 +1,18 @@
 #!/usr/bin/env bash
-# Checks the program for Windows: it needs no libraries but those of Windows, and wine runs it on the examples, with the
-# line ends of Windows, and on the cases of tests/golden, all with the bytes that it writes on Linux. Then runs run.cmd.
-#   tests/package/check_windows.sh PROGRAM RUN_CMD
+# Checks the programs for Windows: they need no libraries but those of Windows, and wine runs them on the examples, with
+# the line ends of Windows, and on the cases of tests/golden and tests/golden_tools, all with the bytes of Linux. Then
+# runs run.cmd.
+#   tests/package/check_windows.sh PROGRAM RUN_CMD      (pedigreewatch-tools.exe stands beside the program)
 # The exit status is 77 when wine is missing.
 set -euo pipefail
-[[ $# -eq 2 ]] || { sed -n '4s/^# *//p' "${BASH_SOURCE[0]}" >&2; exit 2; }
+[[ $# -eq 2 ]] || { sed -n '5s/^# *//p' "${BASH_SOURCE[0]}" >&2; exit 2; }
 program="$(realpath "$1")"
 run_cmd="$(realpath "$2")"
+tools="$(dirname "$program")/pedigreewatch-tools.exe"
 sources="$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)"
 source "$sources/scripts/lib/run_case.sh"
 
-libraries="$(x86_64-w64-mingw32-objdump -p "$program" | sed -n 's/.*DLL Name: //p')"
+libraries="$(x86_64-w64-mingw32-objdump -p "$program" "$tools" | sed -n 's/.*DLL Name: //p')"
 for library in $libraries; do
   case "${library,,}" in
     kernel32.dll | msvcrt.dll) ;;
@@ -92,6 +94,9 @@ for case in "$sources"/tests/golden/*/; do
   compare "$name: report" "$case/expected.report" "$work/report"
 done
 
+printf '#!/bin/sh\nexec "%s" "%s" "$@"\n' "$wine" "$tools" >"$work/tools"
+chmod +x "$work/tools"
+"$sources/scripts/renew-golden-tools" --program "$work/tools" || differences=$((differences + 1))
 # --- run.cmd, in a folder with blanks in its name ---
 mkdir "$work/tool"
 cp "$program" "$work/tool/pedigreewatch.exe"

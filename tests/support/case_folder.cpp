@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
+#include <string_view>
 #include <utility>
+
+#include "support/lines.h"
 
 namespace pedigreewatch::test {
 namespace {
@@ -18,27 +20,39 @@ std::optional<std::string> taken(Files& files, const std::string& name) {
   return std::move(file.mapped());
 }
 
+/// Takes the files out of `files` whose names begin with `prefix`; what follows it is their name.
+Files taken_behind(Files& files, std::string_view prefix) {
+  Files result;
+  for (auto& [name, bytes] : files) {
+    if (name.starts_with(prefix)) result[name.substr(prefix.size())] = std::move(bytes);
+  }
+  std::erase_if(files, [prefix](const auto& file) { return file.first.starts_with(prefix); });
+  return result;
+}
+
 }  // namespace
 
-std::vector<std::string> case_names() {
+std::vector<std::string> case_names(const fs::path& folder) {
   std::vector<std::string> names;
-  for (const fs::directory_entry& entry : fs::directory_iterator(GOLDEN_FOLDER)) {
+  for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
     if (entry.is_directory()) names.push_back(entry.path().filename().string());
   }
   std::ranges::sort(names);
   return names;
 }
 
-CaseFolder read_case(const std::string& name) {
-  Files files = files_in(fs::path(GOLDEN_FOLDER) / name);
+CaseFolder read_case(const fs::path& folder) {
+  Files files = files_in(folder);
   CaseFolder result;
   result.about = taken(files, "about").value_or("");
+  result.arguments = lines_of(taken(files, "arguments").value_or(""));
   result.keyboard = taken(files, "stdin").value_or("");
   result.console = taken(files, "expected.console");
   result.report = taken(files, "expected.report");
+  result.written = taken_behind(files, "expected.file.");
   result.exit_status = std::stoi(taken(files, "expected.status").value_or("0"));
   result.messages = taken(files, "expected.messages").value_or("");
-  for (const auto& [file, bytes] : files) EXPECT_FALSE(file.starts_with("expected.")) << name << "/" << file;
+  for (const auto& [name, bytes] : files) EXPECT_FALSE(name.starts_with("expected.")) << folder << ": " << name;
   result.inputs = std::move(files);
   return result;
 }

@@ -14,6 +14,7 @@
 #include <cerrno>
 #include <csignal>
 #include <thread>
+#include <utility>
 
 namespace pedigreewatch::test {
 namespace {
@@ -78,6 +79,10 @@ bool drop_rights() {
 }
 
 }  // namespace
+
+ProgramStart tools_with(std::vector<std::string> arguments) {
+  return {.program = TOOLS_PATH, .arguments = std::move(arguments)};
+}
 
 ProgramStart shell_script(std::string_view script) {
   return {.program = "/bin/sh", .arguments = {"-c", std::string(script)}, .environment = {"PROGRAM=" PROGRAM_PATH}};

@@ -1,4 +1,4 @@
-// Whole runs of the built program, each in a process of its own and in a working directory of its own.
+// Whole runs of the built programs, each in a process of its own and in a working directory of its own.
 #pragma once
 
 #include <chrono>
@@ -29,6 +29,9 @@ struct ProgramStart {
   bool has_rights = true;     ///< otherwise it has not the rights of root, which may read and write everything
   std::chrono::seconds timeout = std::chrono::minutes(5);  ///< the run is ended then, and the test fails
 };
+
+/// Starts pedigreewatch-tools in place of the program: a subcommand, its options and operands.
+ProgramStart tools_with(std::vector<std::string> arguments);
 
 /// Runs a shell script in place of the program, for what only a shell can make: closed streams, pipes, signals. In the
 /// script "$PROGRAM" is the program; what the script does not redirect is the run's console and messages.

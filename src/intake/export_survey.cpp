@@ -1,0 +1,203 @@
+// One pass over the records, and within each over the columns in use. Most texts are short and plain; only others are
+// written in Windows-1252 to see what becomes of them.
+
+#include "intake/export_survey.h"
+
+#include <algorithm>
+
+#include "intake/value_words.h"
+
+namespace pedigreewatch {
+namespace {
+
+std::size_t index_of(FieldCode code) {
+  return static_cast<std::size_t>(code);
+}
+
+/// Notes the bytes of a text; yields whether some are no visible ASCII.
+bool note_bytes(std::array<bool, 256>& occurs, std::string_view text) {
+  bool needs_care = false;
+  for (const char byte : text) {
+    const auto value = static_cast<unsigned char>(byte);
+    occurs[value] = true;
+    needs_care = needs_care || value < 0x20 || value >= 0x7F;
+  }
+  return needs_care;
+}
+
+bool is_id(FieldCode code) {
+  return code == id_column || code == sire_column || code == dam_column;
+}
+
+void survey_writing(ExportSurvey& survey, FieldCode code, std::string_view text, std::int64_t line) {
+  std::string written;
+  const bool is_complete = append_windows_1252(written, text, survey.letters);
+  const std::size_t width = width_of(code);
+  const bool is_too_long = width > 0 && written.size() > width;
+  if (is_too_long) note_text(survey.too_long[index_of(code)], line, text);
+  if (!is_id(code) || (is_complete && !is_too_long)) return;
+  LetterCounts ignored;
+  written.clear();
+  append_field_text(written, text, code, ignored);
+  survey.changed_ids.emplace(std::move(written), text);
+}
+
+/// Where a field is surveyed.
+struct SurveyPlace {
+  std::int64_t line = 0;
+  std::span<const std::string> unknown = {};  ///< what the user says of unknown parents
+};
+
+void survey_parent(ExportSurvey& survey, std::string_view text, LinkRole role, const SurveyPlace& place) {
+  const bool is_wished = std::find(place.unknown.begin(), place.unknown.end(), text) != place.unknown.end();
+  if (is_wished || means_unknown(text)) {
+    count_text(survey.unknown_parents, text, place.line);
+  } else {
+    note_role(survey.links, text, role);
+  }
+}
+
+void survey_id(ExportSurvey& survey, std::string_view text, std::int64_t line) {
+  if (text.empty()) return note_text(survey.without_id, line, text);
+  if (means_unknown(text)) count_text(survey.unknown_ids, text, line);
+  note_role(survey.links, text, animal_role);
+}
+
+void survey_meaning(ExportSurvey& survey, FieldCode code, std::string_view text, const SurveyPlace& place) {
+  const std::int64_t line = place.line;
+  switch (code) {
+    case id_column: return survey_id(survey, text, line);
+    case sire_column: return survey_parent(survey, text, sire_role, place);
+    case dam_column: return survey_parent(survey, text, dam_role, place);
+    case sex_column: return count_text(survey.sexes, text, line);
+    case birthdate_column:
+      survey_date(survey.dates, text, line);
+      if (text.find_first_of("0123456789") == std::string_view::npos) count_text(survey.date_words, text, line);
+      return;
+    case colour_column: return text.empty() ? void() : count_text(survey.colours, text, line);
+    case subpopulation_column: return text.empty() ? void() : count_text(survey.subpopulations, text, line);
+    case import_column: return count_text(survey.imports, text, line);
+    default: return;
+  }
+}
+
+void survey_field(ExportSurvey& survey, FieldCode code, std::string_view field, const SurveyPlace& place) {
+  const std::string_view text = trimmed(field);
+  survey.filled[index_of(code)] += text.empty() ? 0 : 1;
+  survey.leading_blanks += !text.empty() && text.data() != field.data() ? 1 : 0;
+  const bool needs_care = note_bytes(survey.occurs, text);
+  const std::size_t width = width_of(code);
+  if (needs_care || (width > 0 && text.size() > width)) survey_writing(survey, code, text, place.line);
+  survey_meaning(survey, code, text, place);
+}
+
+void survey_form(ExportSurvey& survey, const ExportRecord& record, std::size_t column_count) {
+  survey.quoted_records += record.has_quotes ? 1 : 0;
+  if (record.has_bad_quotes) note_text(survey.bad_quotes, record.line, "");
+  if (record.is_unterminated && survey.unterminated_line == 0) survey.unterminated_line = record.line;
+  const std::size_t count = record.fields.size();
+  if (count == column_count) return;
+  note_text(survey.other_field_counts, record.line,
+            count > most_fields ? "> " + std::to_string(most_fields) : std::to_string(count));
+}
+
+void note_shift(ExportSurvey& survey, std::int64_t export_line, std::int64_t data_line) {
+  const std::int64_t last_offset =
+      survey.shifts.empty() ? 0 : survey.shifts.back().export_line - survey.shifts.back().data_line;
+  if (export_line - data_line != last_offset) survey.shifts.push_back({export_line, data_line});
+}
+
+bool is_known(const std::vector<IdClash>& clashes, std::string_view id) {
+  return std::any_of(clashes.begin(), clashes.end(), [&](const IdClash& clash) { return clash.id == id; });
+}
+
+}  // namespace
+
+std::size_t width_of(FieldCode code) {
+  switch (code) {
+    case id_column:
+    case sire_column:
+    case dam_column: return 30;
+    case name_column: return 50;
+    case colour_column: return 40;
+    case breeder_column:
+    case subpopulation_column: return 20;
+    default: return 0;
+  }
+}
+
+std::string_view field_of(const ExportRecord& record, const ColumnChoice& columns, FieldCode code) {
+  const auto& place = columns.place[index_of(code)];
+  return place && *place < record.fields.size() ? record.fields[*place] : std::string_view();
+}
+
+bool is_blank(const ExportRecord& record, const ColumnChoice& columns) {
+  constexpr auto fields =
+      std::to_array({id_column, name_column, sex_column, birthdate_column, sire_column, dam_column});
+  return std::all_of(fields.begin(), fields.end(),
+                     [&](FieldCode code) { return trimmed(field_of(record, columns, code)).empty(); });
+}
+
+bool append_field_text(std::string& bytes, std::string_view text, FieldCode code, LetterCounts& letters) {
+  const std::size_t start = bytes.size();
+  bool is_complete = append_windows_1252(bytes, text, letters);
+  const std::size_t width = width_of(code);
+  if (width > 0 && bytes.size() - start > width) {
+    bytes.resize(start + width);
+    is_complete = false;
+  }
+  while (bytes.size() > start && bytes.back() == ' ') bytes.pop_back();
+  return is_complete;
+}
+
+ExportSurvey survey_export(std::string_view text, char delimiter, const ColumnChoice& columns,
+                           std::span<const std::string> unknown) {
+  ExportSurvey survey;
+  RecordReader reader = read_records(text, delimiter);
+  ExportRecord record;
+  std::int64_t data_line = 0;
+  if (columns.has_header && next_filled_record(reader, record)) {
+    ++data_line;
+    survey.header_line = record.line;
+  }
+  while (next_record(reader, record)) {
+    if (is_blank(record, columns)) {
+      ++survey.blank_lines;
+      continue;
+    }
+    survey_form(survey, record, columns.headings.size());
+    note_shift(survey, record.line, ++data_line);
+    ++survey.animal_count;
+    for (const FieldCode code : written_fields()) {
+      if (!columns.place[index_of(code)]) continue;
+      survey_field(survey, code, field_of(record, columns, code), {record.line, unknown});
+    }
+  }
+  survey.last_line = reader.next_line - 1;
+  return survey;
+}
+
+std::vector<IdClash> find_id_clashes(std::string_view text, char delimiter, const ColumnChoice& columns,
+                                     const ChangedIds& changed) {
+  constexpr std::size_t most_clashes = 20;
+  std::vector<IdClash> clashes;
+  if (changed.empty()) return clashes;
+  RecordReader reader = read_records(text, delimiter);
+  ExportRecord record;
+  std::string written;
+  LetterCounts ignored;
+  if (columns.has_header) next_filled_record(reader, record);
+  while (clashes.size() < most_clashes && next_record(reader, record)) {
+    for (const FieldCode code : {id_column, sire_column, dam_column}) {
+      const std::string_view id = trimmed(field_of(record, columns, code));
+      written.clear();
+      append_field_text(written, id, code, ignored);
+      const auto found = changed.find(written);
+      if (found == changed.end() || found->second == id || is_known(clashes, id)) continue;
+      clashes.push_back({record.line, std::string(id), found->second, written});
+    }
+  }
+  return clashes;
+}
+
+}  // namespace pedigreewatch

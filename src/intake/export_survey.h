@@ -1,0 +1,79 @@
+// What one reading of an export tells: how its records are made, and what stands in each column that is used. Nothing
+// is decided here.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "intake/column_choice.h"
+#include "intake/date_layout_recognition.h"
+#include "intake/export_records.h"
+#include "intake/parent_links.h"
+#include "intake/text_counts.h"
+#include "intake/windows_1252.h"
+
+namespace pedigreewatch {
+
+/// From this line of the export on, lines have another number in the data file.
+struct LineShift {
+  std::int64_t export_line = 0, data_line = 0;
+};
+
+/// An identification that changes when it is cut to its width or written without letters that are lacking.
+using ChangedIds = std::unordered_map<std::string, std::string>;  // what is written, and what stood there
+
+struct ExportSurvey {
+  std::int64_t animal_count = 0;
+  std::int64_t header_line = 0;  ///< 0: there is none
+  std::int64_t blank_lines = 0;
+  std::int64_t last_line = 0;          ///< of the export
+  std::int64_t unterminated_line = 0;  ///< where the quotation mark stands that is never closed; 0: there is none
+  std::int64_t quoted_records = 0;
+  std::vector<LineShift> shifts;
+  NotedTexts other_field_counts;  ///< lines with more or fewer columns; the text is their number
+  NotedTexts bad_quotes;
+  std::array<std::int64_t, field_count> filled = {};
+  std::array<bool, 256> occurs = {};  ///< bytes that occur in the columns in use
+  std::int64_t leading_blanks = 0;
+  LetterCounts letters;
+  std::array<NotedTexts, field_count> too_long;
+  NotedTexts without_id;
+  TextCounts unknown_parents, unknown_ids, sexes, imports, subpopulations, colours, date_words;
+  DateSurvey dates;
+  ParentLinks links;
+  ChangedIds changed_ids;
+};
+
+/// The widths of the texts in the data file, in bytes; 0 for fields that are no texts.
+std::size_t width_of(FieldCode code);
+
+/// The field of a record; empty where the record is too short or the field has no column.
+std::string_view field_of(const ExportRecord& record, const ColumnChoice& columns, FieldCode code);
+
+/// Whether a record is no animal: id, name, sex, date and parents are all empty.
+bool is_blank(const ExportRecord& record, const ColumnChoice& columns);
+
+/// A text as the data file holds it: Windows-1252, without blanks at its ends, cut to the width of its field. Yields
+/// whether nothing was lost.
+bool append_field_text(std::string& bytes, std::string_view text, FieldCode code, LetterCounts& letters);
+
+/// Reads all of the export. `unknown` are texts that stand for an unknown parent besides the usual ones.
+ExportSurvey survey_export(std::string_view text, char delimiter, const ColumnChoice& columns,
+                           std::span<const std::string> unknown = {});
+
+/// Two identifications that would be written alike, with the line where it is noticed.
+struct IdClash {
+  std::int64_t line = 0;
+  std::string id, other_id, written;
+};
+
+/// Reads the export again when identifications change, and finds those that would become equal. At most 20.
+std::vector<IdClash> find_id_clashes(std::string_view text, char delimiter, const ColumnChoice& columns,
+                                     const ChangedIds& changed);
+
+}  // namespace pedigreewatch

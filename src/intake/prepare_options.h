@@ -1,0 +1,46 @@
+// What the user says about an export. Whatever is said overrules what would be recognised.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "intake/date_layout_recognition.h"
+#include "intake/encoding.h"
+#include "intake/phrases.h"
+#include "pedigree/header_words.h"
+
+namespace pedigreewatch {
+
+/// The column of a field: by its heading, by its number, or "none".
+struct ColumnWish {
+  FieldCode code = unused_column;
+  std::string column;
+};
+
+/// Which names of a column go into the steer file.
+struct NameWish {
+  bool is_given = false;
+  bool leaves_out = false;         ///< "none": the column is left out
+  std::vector<std::string> names;  ///< empty: all
+};
+
+struct PrepareOptions {
+  std::string export_name;
+  std::optional<char> delimiter;
+  std::optional<Encoding> encoding;
+  std::optional<DateOrder> dates;
+  std::optional<bool> has_header;
+  std::string male;
+  std::vector<std::string> unknown;
+  std::vector<ColumnWish> columns;
+  std::string species;
+  ToolLanguage language = ToolLanguage::english;
+  std::string population_name;
+  NameWish subpopulations, colours;
+  std::string folder;
+  bool may_overwrite = false;
+  bool is_dry_run = false;
+};
+
+}  // namespace pedigreewatch

@@ -1,0 +1,235 @@
+// One decision after the other: delimiter, dates, sexes, unknown parents, names of subpopulations and colours, species,
+// names.
+
+#include "intake/prepare_plan.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "intake/folded_words.h"
+#include "intake/species_choice.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr Wording dates_unclear = {
+    "The dates can be read in two ways: {1} as {2}, {3} as {4}, and {5} as either. Say which is right: --dates {2} or "
+    "--dates {4}.",
+    "De datums zijn op twee manieren te lezen: {1} als {2}, {3} als {4} en {5} als beide. Zeg wat klopt: --dates {2} "
+    "of "
+    "--dates {4}."};
+constexpr Wording sexes_unclear = {
+    "It is not clear which animals are male: the sexes are written {1}. Say how males are written: --male TEXT.",
+    "Het is niet duidelijk welke dieren mannelijk zijn: de geslachten zijn geschreven als {1}. Zeg hoe mannetjes "
+    "geschreven zijn: --male TEKST."};
+constexpr Wording male_never = {"--male {1}: no animal has this sex. The sexes are written {2}.",
+                                "--male {1}: geen dier heeft dit geslacht. De geslachten zijn geschreven als {2}."};
+constexpr Wording species_unclear = {"The species is needed, for the words of the report: --species {1}.",
+                                     "De diersoort is nodig, voor de woorden van het rapport: --species {1}."};
+constexpr Wording species_wrong = {"--species {1}: no such species. Choose one of {2}.",
+                                   "--species {1}: deze soort is er niet. Kies uit {2}."};
+constexpr Wording too_many_names = {
+    "The column \"{1}\" holds {2} different texts; each would be listed. Name those that count (--{3} \"A,B\"), or say "
+    "--{3} all, or --{3} none to leave the column out.",
+    "De kolom \"{1}\" bevat {2} verschillende teksten; elk zou op de lijst komen. Noem welke meetellen (--{3} "
+    "\"A,B\"), of "
+    "zeg --{3} all, of --{3} none om de kolom weg te laten."};
+constexpr Wording no_delimiter_left = {
+    "No character is left that could divide the columns of the data file: all of them occur in the texts.",
+    "Er is geen teken over om de kolommen van het databestand te scheiden: alle tekens komen in de teksten voor."};
+
+/// The first character that occurs nowhere in the texts.
+void choose_delimiter(const ExportSurvey& survey, PreparePlan& plan) {
+  constexpr std::string_view candidates = ";|,\t~^#!$%&*+=@";
+  for (const char candidate : candidates) {
+    if (survey.occurs[static_cast<unsigned char>(candidate)]) continue;
+    plan.delimiter = candidate;
+    return;
+  }
+  plan.questions.push_back(phrase(no_delimiter_left, plan.language));
+}
+
+void choose_dates(const ExportSurvey& survey, const PrepareOptions& options, PreparePlan& plan) {
+  plan.dates = plan_dates(survey.dates, options.dates);
+  if (!plan.dates.is_ambiguous) return;
+  const bool is_dutch = plan.language == ToolLanguage::dutch;
+  plan.questions.push_back(
+      phrase(dates_unclear, plan.language,
+             {std::to_string(plan.dates.first_count), layout_text(plan.dates.first_order, is_dutch),
+              std::to_string(plan.dates.second_count), layout_text(plan.dates.second_order, is_dutch),
+              std::to_string(plan.dates.either_count)}));
+}
+
+/// `"m" (655), "f" (661)`, the most frequent ones.
+std::string list_texts(const TextCounts& counts) {
+  constexpr std::size_t most_shown = 10;
+  std::string list;
+  std::size_t shown_count = 0;
+  for (const CountedText* entry : by_frequency(counts)) {
+    if (!list.empty()) list += ", ";
+    if (shown_count++ == most_shown) return list + "...";
+    list += in_quotes(entry->text) + " (" + std::to_string(entry->count) + ")";
+  }
+  return list;
+}
+
+/// One letter stands for all texts that begin with it, a longer text for itself.
+SexMeaning sex_by_wish(std::string_view text, std::string_view male) {
+  const std::string word = folded(text), wanted = folded(male);
+  const bool is_male =
+      wanted.empty() ? text.starts_with(male) : (wanted.size() == 1 ? word.starts_with(wanted) : word == wanted);
+  if (is_male) return SexMeaning::male;
+  const bool is_known_unknown = means_unknown(text) && !text.starts_with('0');
+  return is_known_unknown ? SexMeaning::unknown : SexMeaning::female;
+}
+
+void choose_sexes(const ExportSurvey& survey, const PrepareOptions& options, PreparePlan& plan) {
+  bool has_male = false, has_text = false;
+  for (const CountedText& sex : survey.sexes.texts) {
+    plan.sexes.push_back(options.male.empty() ? sex_named(sex.text) : sex_by_wish(sex.text, options.male));
+    has_male = has_male || plan.sexes.back() == SexMeaning::male;
+    has_text = has_text || !means_unknown(sex.text) || sex.text == "0";
+  }
+  if (has_male || !has_text) return;
+  const std::string list = list_texts(survey.sexes);
+  plan.questions.push_back(options.male.empty() ? phrase(sexes_unclear, plan.language, {list})
+                                                : phrase(male_never, plan.language, {shown(options.male), list}));
+}
+
+/// The program itself takes these for unknown, even if an animal has such an id.
+bool is_always_unknown(std::string_view text) {
+  return text.empty() || text == "0" || text == "unknown" || text == "Unknown";
+}
+
+/// A word for "unknown" that is the id of exactly one animal is that animal; several times it means a missing id.
+void choose_unknown_parents(const ExportSurvey& survey, const PrepareOptions& options, PreparePlan& plan) {
+  for (const CountedText& parent : survey.unknown_parents.texts) {
+    const std::size_t place = find_counted(survey.unknown_ids, parent.text);
+    const bool is_animal = place != std::string_view::npos && survey.unknown_ids.texts[place].count == 1;
+    if (!is_animal || is_always_unknown(parent.text)) plan.unknown_parents.insert(parent.text);
+  }
+  plan.unknown_parents.insert(options.unknown.begin(), options.unknown.end());
+}
+
+std::string in_windows_1252(std::string_view text, std::size_t width) {
+  LetterCounts ignored;
+  std::string bytes;
+  append_windows_1252(bytes, text, ignored);
+  bytes.resize(std::min(bytes.size(), width));
+  while (!bytes.empty() && bytes.back() == ' ') bytes.pop_back();
+  return bytes;
+}
+
+struct NameColumn {
+  FieldCode code;
+  std::string_view option;
+  std::size_t most_names;  ///< more are listed only when the user says so
+  std::size_t name_limit;  ///< more than these are never listed: the program refuses so many
+  std::size_t width;
+};
+
+/// The names for the steer file; with those of the user, or the most frequent first.
+void choose_names(const NameColumn& column, const TextCounts& counts, const NameWish& wish, PreparePlan& plan,
+                  std::vector<std::string>& names) {
+  auto& place = plan.columns.place[static_cast<std::size_t>(column.code)];
+  if (wish.leaves_out || !place) {
+    place.reset();
+    return;
+  }
+  const std::size_t allowed = wish.is_given ? column.name_limit : column.most_names;
+  if (wish.names.empty() && counts.texts.size() > allowed) {
+    plan.questions.push_back(
+        phrase(too_many_names, plan.language,
+               {shown(plan.columns.headings[*place]), std::to_string(counts.texts.size()), column.option}));
+    return;
+  }
+  const auto add = [&](std::string_view text) {
+    std::string name = in_windows_1252(text, column.width);
+    if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(std::move(name));
+  };
+  for (const std::string& name : wish.names) add(name);
+  if (!wish.names.empty()) return;
+  for (const CountedText* entry : by_frequency(counts)) add(entry->text);
+}
+
+void choose_species(const ExportSurvey& survey, const PrepareOptions& options, PreparePlan& plan) {
+  const std::string list = list_species(plan.language);
+  if (options.species.empty()) {
+    plan.species = species_of_sexes(survey.sexes, plan.language);
+    if (plan.species.empty()) plan.questions.push_back(phrase(species_unclear, plan.language, {list}));
+    return;
+  }
+  plan.species = species_named(options.species, plan.language);
+  if (plan.species.empty()) {
+    plan.questions.push_back(phrase(species_wrong, plan.language, {shown(options.species), list}));
+  }
+}
+
+/// Names that Windows keeps for its devices.
+bool is_device_name(std::string_view stem) {
+  constexpr auto devices = std::to_array<std::string_view>({"con", "prn", "aux", "nul"});
+  const std::string word = folded(stem);
+  if (stem.size() != word.size()) return false;
+  const bool is_port =
+      word.size() == 4 && (word.starts_with("com") || word.starts_with("lpt")) && word[3] >= '0' && word[3] <= '9';
+  return is_port || is_among(word, devices);
+}
+
+}  // namespace
+
+bool is_unknown_parent(const PreparePlan& plan, std::string_view text) {
+  if (text.empty()) return true;
+  return plan.unknown_parents.find(std::string(text)) != plan.unknown_parents.end();
+}
+
+std::string_view base_name(std::string_view file_name) {
+  const std::size_t folder_end = file_name.find_last_of("/\\");
+  if (folder_end != std::string_view::npos) file_name.remove_prefix(folder_end + 1);
+  const std::size_t ending = file_name.rfind('.');
+  return ending == std::string_view::npos || ending == 0 ? file_name : file_name.substr(0, ending);
+}
+
+std::string stem_of(std::string_view file_name) {
+  constexpr std::size_t longest = 26;  // with ".txt" the 30 characters of the steer file
+  LetterCounts ignored;
+  std::string written, stem;
+  append_windows_1252(written, base_name(file_name), ignored);
+  for (const char byte : written) {
+    const bool is_letter = (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z');
+    if (is_letter || (byte >= '0' && byte <= '9') || byte == '-' || byte == '_') stem.push_back(byte);
+  }
+  stem.resize(std::min(stem.size(), longest));
+  while (stem.starts_with('-')) stem.erase(0, 1);
+  if (is_device_name(stem)) stem += "_data";
+  return stem.empty() ? "herd" : stem;
+}
+
+char female_letter(ToolLanguage language) {
+  return language == ToolLanguage::english ? 'f' : 'v';
+}
+
+PreparePlan plan_preparation(const ExportSurvey& survey, const ColumnChoice& columns, const PrepareOptions& options) {
+  constexpr NameColumn subpopulation = {subpopulation_column, "subpopulations", 30, 5000, 20};
+  constexpr NameColumn colour = {colour_column, "colours", 100, 50000, 40};
+  constexpr std::size_t population_name_width = 40;
+  PreparePlan plan;
+  plan.language = options.language;
+  plan.columns = columns;
+  plan.questions = columns.questions;
+  choose_delimiter(survey, plan);
+  choose_dates(survey, options, plan);
+  choose_sexes(survey, options, plan);
+  choose_unknown_parents(survey, options, plan);
+  choose_names(subpopulation, survey.subpopulations, options.subpopulations, plan, plan.subpopulations);
+  choose_names(colour, survey.colours, options.colours, plan, plan.colours);
+  choose_species(survey, options, plan);
+  const std::string export_name = decode(options.export_name, Encoding::utf_8).text;
+  plan.stem = stem_of(export_name);
+  const std::string_view name =
+      options.population_name.empty() ? base_name(export_name) : std::string_view(options.population_name);
+  plan.population_name = in_windows_1252(name, population_name_width);
+  return plan;
+}
+
+}  // namespace pedigreewatch

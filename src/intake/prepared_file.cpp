@@ -1,0 +1,155 @@
+// Record by record the columns in use, in one order, with one delimiter and without quotation marks.
+
+#include "intake/prepared_file.h"
+
+#include <algorithm>
+#include <array>
+
+namespace pedigreewatch {
+namespace {
+
+constexpr std::size_t piece_size = std::size_t{1} << 20;
+
+// The headings of the data file: words that the program knows.
+constexpr std::array<Wording, field_count> headings = {{{"", ""},
+                                                        {"id", "id"},
+                                                        {"sire", "vader"},
+                                                        {"dam", "moeder"},
+                                                        {"name", "naam"},
+                                                        {"", ""},
+                                                        {"", ""},
+                                                        {"sex", "sekse"},
+                                                        {"birthdate", "geboortedatum"},
+                                                        {"colour", "kleur"},
+                                                        {"breeder", "fokker"},
+                                                        {"subpopulation", "subpopulatie"},
+                                                        {"Import", "Import"}}};
+
+bool is_written(const PreparePlan& plan, FieldCode code) {
+  return plan.columns.place[static_cast<std::size_t>(code)].has_value();
+}
+
+/// The letter of a sex; nothing for an unknown one.
+void append_sex(std::string& bytes, std::string_view text, const PreparePlan& plan, const TextCounts& sexes) {
+  const std::size_t place = find_counted(sexes, text);
+  const SexMeaning meaning = place < plan.sexes.size() ? plan.sexes[place] : SexMeaning::unknown;
+  if (meaning == SexMeaning::male) bytes.push_back('m');
+  if (meaning == SexMeaning::female) bytes.push_back(female_letter(plan.language));
+}
+
+void append_field(std::string& bytes, FieldCode code, std::string_view text, const PreparePlan& plan,
+                  const TextCounts& sexes) {
+  constexpr std::size_t import_width = 20, date_width = 40;
+  LetterCounts ignored;
+  const std::size_t start = bytes.size();
+  switch (code) {
+    case sex_column: return append_sex(bytes, text, plan, sexes);
+    case birthdate_column: {
+      std::string date;
+      append_date(date, text, plan.dates);
+      append_windows_1252(bytes, date, ignored);
+      bytes.resize(std::min(bytes.size(), start + date_width));
+      return;
+    }
+    case import_column:
+      if (means_no_import(text)) return;
+      append_windows_1252(bytes, text, ignored);
+      bytes.resize(std::min(bytes.size(), start + import_width));
+      return;
+    case sire_column:
+    case dam_column:
+      if (is_unknown_parent(plan, text)) return;
+      break;
+    default: break;
+  }
+  append_field_text(bytes, text, code, ignored);
+}
+
+void append_line(std::string& bytes, std::string_view text) {
+  bytes.append(text).push_back('\n');
+}
+
+void append_names(std::string& bytes, const std::vector<std::string>& names) {
+  append_line(bytes, std::to_string(names.size()));
+  for (const std::string& name : names) append_line(bytes, name);
+}
+
+/// Instead of a header the steer file lists the codes of the columns.
+void append_column_codes(std::string& bytes, const PreparePlan& plan) {
+  std::string codes;
+  std::size_t count = 0;
+  for (const FieldCode code : written_fields()) {
+    if (!is_written(plan, code)) continue;
+    codes += " " + std::to_string(static_cast<int>(code));
+    ++count;
+  }
+  const bool is_dutch = plan.language == ToolLanguage::dutch;
+  append_line(bytes, is_dutch ? "aantal kolommen" : "number of columns");
+  append_line(bytes, std::to_string(count));
+  append_line(bytes, is_dutch ? "kolommen" : "columns");
+  append_line(bytes, std::to_string(count) + codes);
+}
+
+}  // namespace
+
+void append_header(std::string& bytes, const PreparePlan& plan) {
+  if (!plan.columns.has_header) return;
+  const std::size_t start = bytes.size();
+  for (const FieldCode code : written_fields()) {
+    if (!is_written(plan, code)) continue;
+    if (bytes.size() > start) bytes.push_back(plan.delimiter);
+    bytes.append(words_of(headings[static_cast<std::size_t>(code)], plan.language));
+  }
+  bytes.push_back('\n');
+}
+
+void append_animal(std::string& bytes, const ExportRecord& record, const PreparePlan& plan, const TextCounts& sexes) {
+  bool is_first = true;
+  for (const FieldCode code : written_fields()) {
+    if (!is_written(plan, code)) continue;
+    if (!is_first) bytes.push_back(plan.delimiter);
+    is_first = false;
+    append_field(bytes, code, trimmed(field_of(record, plan.columns, code)), plan, sexes);
+  }
+  bytes.push_back('\n');
+}
+
+std::string steer_text(const PreparePlan& plan) {
+  const bool is_dutch = plan.language == ToolLanguage::dutch;
+  std::string bytes;
+  append_line(bytes, plan.population_name);
+  append_line(bytes, plan.stem + ".txt");
+  append_line(bytes, std::string(1, plan.delimiter));
+  append_line(bytes, "n");
+  append_line(bytes, layout_text(plan.dates.written, is_dutch));
+  append_line(bytes, plan.species);
+  append_line(bytes, "m");
+  append_line(bytes, is_dutch ? "nl" : "en");
+  append_line(bytes, plan.columns.has_header ? "y" : "n");
+  if (!plan.columns.has_header) append_column_codes(bytes, plan);
+  append_names(bytes, plan.subpopulations);
+  append_names(bytes, plan.colours);
+  return bytes;
+}
+
+bool make_data_file(std::string_view text, char delimiter, const PreparePlan& plan, const TextCounts& sexes,
+                    TakePiece take, void* receiver) {
+  RecordReader reader = read_records(text, delimiter);
+  ExportRecord record;
+  std::string bytes;
+  bytes.reserve(piece_size + piece_size / 8);
+  append_header(bytes, plan);
+  if (plan.columns.has_header) next_filled_record(reader, record);
+  while (next_record(reader, record)) {
+    if (is_blank(record, plan.columns)) continue;
+    append_animal(bytes, record, plan, sexes);
+    if (bytes.size() < piece_size) continue;
+    if (!take(receiver, bytes)) return false;
+    bytes.clear();
+  }
+  // Without a header the program reads one line less than there are.
+  if (!plan.columns.has_header) bytes.push_back('\n');
+  return take(receiver, bytes);
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,30 @@
+// The data file and the steer file that are made of an export.
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+#include "intake/export_survey.h"
+#include "intake/prepare_plan.h"
+
+namespace pedigreewatch {
+
+/// Adds the line of the headings, if there is one.
+void append_header(std::string& bytes, const PreparePlan& plan);
+
+/// Adds the line of an animal, with its line feed.
+void append_animal(std::string& bytes, const ExportRecord& record, const PreparePlan& plan, const TextCounts& sexes);
+
+/// The lines of the steer file.
+std::string steer_text(const PreparePlan& plan);
+
+/// A piece of the data file; false when it could not be taken, and no more is wanted.
+using TakePiece = bool (*)(void* receiver, std::string_view bytes);
+
+/// Makes the whole data file in pieces of about a megabyte, each handed to `take`. Yields whether all were taken.
+bool make_data_file(std::string_view text, char delimiter, const PreparePlan& plan, const TextCounts& sexes,
+                    TakePiece take, void* receiver);
+
+}  // namespace pedigreewatch

@@ -1,0 +1,26 @@
+// What people write for an unknown parent, for the sexes, and for "no" in the column of imports: the words of English,
+// Dutch, German and French offices.
+#pragma once
+
+#include <string_view>
+
+namespace pedigreewatch {
+
+/// Whether a parent, a sex or a date is unknown: an empty field, 0, NA, ?, unknown, onbekend, ... Capitals do not
+/// matter.
+bool means_unknown(std::string_view text);
+
+/// Whether a text in the column of imports says that the animal is none: empty, 0, no, nee, false, ..., or unknown.
+bool means_no_import(std::string_view text);
+
+enum class SexMeaning { male, female, unknown };
+
+/// The sex that a word names: m, f, v, male, vrouwelijk, ram, ooi, ... Numbers and letters that differ from herdbook to
+/// herdbook are unknown.
+SexMeaning sex_named(std::string_view text);
+
+/// The species whose males or females have this name, as the English word of the steer file ("sheep" for "ooi"); empty
+/// for a word that is not proper to one species.
+std::string_view species_of_sex_word(std::string_view text);
+
+}  // namespace pedigreewatch

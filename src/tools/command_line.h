@@ -1,0 +1,31 @@
+// The options of a subcommand as they stand on the command line.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pedigreewatch {
+
+/// An option that a subcommand knows.
+struct OptionRule {
+  std::string_view name;    ///< with its hyphens: "--out"
+  bool takes_value = true;  ///< "--out DIR" or "--out=DIR"
+  bool is_repeatable = false;
+};
+
+struct GivenOption {
+  std::string_view name, value;
+};
+
+struct CommandLine {
+  std::vector<GivenOption> options;
+  std::vector<std::string_view> operands;
+  std::string problem;  ///< what is wrong with it; empty: nothing
+};
+
+/// Reads the arguments behind the subcommand. Behind "--" everything is an operand.
+CommandLine read_command_line(std::span<const std::string_view> arguments, std::span<const OptionRule> rules);
+
+}  // namespace pedigreewatch

@@ -1,0 +1,174 @@
+// Turns the arguments of `prepare` into its options; each option has a reader of its own.
+
+#include "tools/prepare_command.h"
+
+#include <algorithm>
+#include <array>
+
+#include "intake/column_recognition.h"
+#include "intake/delimiter_recognition.h"
+#include "intake/export_records.h"
+#include "tools/command_line.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr std::string_view help =
+    "usage: pedigreewatch-tools prepare [OPTION...] EXPORT\n"
+    "  Turns what an office program exports (CSV, text) into NAME.txt and pedigreewatch.ini, ready for pedigreewatch.\n"
+    "  It says what it recognises, and asks for what it cannot decide: each question names the option that answers "
+    "it.\n"
+    "\n"
+    "  --dry-run             show everything, write nothing\n"
+    "  --out DIR             write into this folder (else: the folder you are in)\n"
+    "  --force               write over files that are there already\n"
+    "  --species WORD        dog, cat, cattle, sheep, horse, poultry, pig or other\n"
+    "  --language en|nl      language of the report and of these messages (else: English)\n"
+    "  --name TEXT           name of the population in the report (else: the name of the export)\n"
+    "  --column FIELD=COLUMN the column of a field, by its heading or number, or \"none\". Fields: id, sire, dam, "
+    "sex,\n"
+    "                        birthdate, name, colour, breeder, subpopulation, import. As often as needed:\n"
+    "                        --column id=\"Reg. no\" --column sire=7\n"
+    "  --header yes|no       whether the first line holds the headings\n"
+    "  --dates LAYOUT        order of the dates: dd-mm-yyyy, mm-dd-yyyy, yyyy-mm-dd, yyyy-dd-mm, ddmmyyyy, ...\n"
+    "  --male TEXT           how males are written: a letter with which the text begins, or the whole text\n"
+    "  --unknown TEXT        a text that stands for an unknown parent, besides the usual ones. As often as needed\n"
+    "  --subpopulations LIST names that the report distinguishes, with commas between them (or semicolons); \"all\";\n"
+    "                        or \"none\" to leave the column out\n"
+    "  --colours LIST        likewise\n"
+    "  --delimiter CHARACTER what divides the columns of the export: \";\" \",\" tab bar\n"
+    "  --encoding NAME       utf-8, utf-16 or windows-1252\n"
+    "  --help                shows this text\n"
+    "\n"
+    "  Exit status: 0 done, 1 something has to be answered or mended first (nothing was written), 2 wrong arguments.\n";
+
+constexpr auto rules = std::to_array<OptionRule>({{"--delimiter"},
+                                                  {"--encoding"},
+                                                  {"--dates"},
+                                                  {"--male"},
+                                                  {"--unknown", true, true},
+                                                  {"--column", true, true},
+                                                  {"--header"},
+                                                  {"--species"},
+                                                  {"--language"},
+                                                  {"--name"},
+                                                  {"--subpopulations"},
+                                                  {"--colours"},
+                                                  {"--out"},
+                                                  {"--force", false},
+                                                  {"--dry-run", false}});
+
+std::string expected(const GivenOption& option, std::string_view what) {
+  return std::string(option.name) + " " + in_quotes(option.value) + ": " + std::string(what) + " was expected";
+}
+
+/// A text of the command line in UTF-8: Windows hands it over in Windows-1252.
+std::string text_of(std::string_view value) {
+  return decode(std::string(value), Encoding::utf_8).text;
+}
+
+std::string read_delimiter(const GivenOption& option, PrepareOptions& options) {
+  options.delimiter = delimiter_named(option.value);
+  return options.delimiter ? "" : expected(option, "one character, or semicolon, comma, tab, bar, blank");
+}
+
+std::string read_encoding(const GivenOption& option, PrepareOptions& options) {
+  options.encoding = encoding_named(option.value);
+  return options.encoding ? "" : expected(option, "utf-8, utf-16 or windows-1252");
+}
+
+std::string read_dates(const GivenOption& option, PrepareOptions& options) {
+  options.dates = date_order_named(option.value);
+  return options.dates ? "" : expected(option, "a layout of the letters d, m and y such as dd-mm-yyyy");
+}
+
+std::string read_column(const GivenOption& option, PrepareOptions& options) {
+  const std::size_t sign = option.value.find('=');
+  const FieldCode code = field_named(option.value.substr(0, sign));
+  if (sign == std::string_view::npos || code == unused_column) {
+    return expected(option, "FIELD=COLUMN, such as id=\"Reg. no\" or sire=7,");
+  }
+  options.columns.push_back({code, text_of(trimmed(option.value.substr(sign + 1)))});
+  return {};
+}
+
+std::string read_header(const GivenOption& option, PrepareOptions& options) {
+  options.has_header = option.value == "yes" || option.value == "ja";
+  return *options.has_header || option.value == "no" || option.value == "nee" ? "" : expected(option, "yes or no");
+}
+
+std::string read_language(const GivenOption& option, PrepareOptions& options) {
+  options.language = option.value == "nl" ? ToolLanguage::dutch : ToolLanguage::english;
+  return option.value == "nl" || option.value == "en" ? "" : expected(option, "en or nl");
+}
+
+/// Names with semicolons between them, or commas where there is no semicolon.
+NameWish read_names(std::string_view value) {
+  NameWish wish = {.is_given = true, .leaves_out = value == "none", .names = {}};
+  if (wish.leaves_out || value == "all") return wish;
+  const char divider = value.find(';') == std::string_view::npos ? ',' : ';';
+  for (std::size_t begin = 0; begin <= value.size();) {
+    const std::size_t end = std::min(value.find(divider, begin), value.size());
+    const std::string_view name = trimmed(value.substr(begin, end - begin));
+    if (!name.empty()) wish.names.emplace_back(name);
+    begin = end + 1;
+  }
+  wish.leaves_out = wish.names.empty();
+  return wish;
+}
+
+/// The options whose value is kept as it is.
+void read_text_option(const GivenOption& option, PrepareOptions& options) {
+  const std::string value = text_of(option.value);
+  if (option.name == "--male") options.male = trimmed(value);
+  if (option.name == "--unknown") options.unknown.emplace_back(trimmed(value));
+  if (option.name == "--species") options.species = value;
+  if (option.name == "--name") options.population_name = value;
+  if (option.name == "--out") options.folder = option.value;
+  if (option.name == "--subpopulations") options.subpopulations = read_names(value);
+  if (option.name == "--colours") options.colours = read_names(value);
+  if (option.name == "--force") options.may_overwrite = true;
+  if (option.name == "--dry-run") options.is_dry_run = true;
+}
+
+std::string read_option(const GivenOption& option, PrepareOptions& options) {
+  if (option.name == "--delimiter") return read_delimiter(option, options);
+  if (option.name == "--encoding") return read_encoding(option, options);
+  if (option.name == "--dates") return read_dates(option, options);
+  if (option.name == "--column") return read_column(option, options);
+  if (option.name == "--header") return read_header(option, options);
+  if (option.name == "--language") return read_language(option, options);
+  read_text_option(option, options);
+  return {};
+}
+
+}  // namespace
+
+std::string_view prepare_help() {
+  return help;
+}
+
+std::string read_prepare_options(std::span<const std::string_view> arguments, PrepareOptions& options) {
+  const CommandLine line = read_command_line(arguments, rules);
+  if (!line.problem.empty()) return line.problem;
+  for (const GivenOption& option : line.options) {
+    std::string problem = read_option(option, options);
+    if (!problem.empty()) return problem;
+  }
+  if (line.operands.empty()) return "the name of the export was expected";
+  if (line.operands.size() > 1) return in_quotes(line.operands[1]) + ": one export was expected";
+  options.export_name = line.operands.front();
+  return {};
+}
+
+int run_prepare(std::span<const std::string_view> arguments, ToolStreams& streams) {
+  PrepareOptions options;
+  const std::string problem = read_prepare_options(arguments, options);
+  if (problem.empty()) return prepare(options, streams);
+  append(streams.messages, "pedigreewatch-tools prepare: " + problem + "\n");
+  append(streams.messages, "Try: pedigreewatch-tools prepare --help");
+  end_line(streams.messages);
+  return 2;
+}
+
+}  // namespace pedigreewatch

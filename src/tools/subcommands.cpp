@@ -1,0 +1,93 @@
+// Looks the subcommand up in a table and hands it the arguments behind it.
+
+#include "tools/subcommands.h"
+
+#include <algorithm>
+#include <array>
+#include <new>
+#include <string>
+
+#include "tools/prepare_command.h"
+
+namespace pedigreewatch {
+namespace {
+
+using Arguments = std::span<const std::string_view>;
+
+struct Subcommand {
+  std::string_view name, summary;
+  std::string_view (*help)();
+  int (*run)(Arguments arguments, ToolStreams& streams);
+};
+
+constexpr auto subcommands = std::to_array<Subcommand>({
+    {"prepare", "turns an office's export into a data file and a steer file", prepare_help, run_prepare},
+});
+
+const Subcommand* find_subcommand(std::string_view name) {
+  const auto* const found =
+      std::find_if(subcommands.begin(), subcommands.end(), [&](const Subcommand& s) { return s.name == name; });
+  return found == subcommands.end() ? nullptr : found;
+}
+
+std::string usage() {
+  std::string text = "usage: pedigreewatch-tools SUBCOMMAND ...\n";
+  for (const Subcommand& subcommand : subcommands) {
+    text += "  " + std::string(subcommand.name) + "   " + std::string(subcommand.summary) + "\n";
+  }
+  return text +
+         "  help      shows this text; `help SUBCOMMAND` or `SUBCOMMAND --help` tells more\n"
+         "  --version shows the version\n";
+}
+
+int show_help(Arguments arguments, ToolStreams& streams) {
+  const Subcommand* const subcommand = arguments.empty() ? nullptr : find_subcommand(arguments.front());
+  append(streams.console, subcommand == nullptr ? usage() : std::string(subcommand->help()));
+  return 0;
+}
+
+int refuse_usage(const std::string& problem, ToolStreams& streams) {
+  append(streams.messages, "pedigreewatch-tools: " + problem + "\n" + usage());
+  return 2;
+}
+
+bool asks_for_help(std::string_view argument) {
+  return argument == "--help" || argument == "-h";
+}
+
+/// The arguments up to a "--", behind which everything is the name of a file.
+Arguments options_part(Arguments arguments) {
+  const auto end = std::find(arguments.begin(), arguments.end(), "--");
+  return arguments.first(static_cast<std::size_t>(end - arguments.begin()));
+}
+
+int run_subcommand(const Subcommand& subcommand, Arguments arguments, ToolStreams& streams) {
+  const Arguments options = options_part(arguments);
+  if (std::any_of(options.begin(), options.end(), asks_for_help)) {
+    append(streams.console, subcommand.help());
+    return 0;
+  }
+  try {
+    return subcommand.run(arguments, streams);
+  } catch (const std::bad_alloc&) {
+    append(streams.messages, "not enough memory for a file of this size\n");
+    return 1;
+  }
+}
+
+}  // namespace
+
+int run_tools(std::span<const std::string_view> arguments, std::string_view version, ToolStreams& streams) {
+  if (arguments.empty()) return refuse_usage("a subcommand was expected", streams);
+  const std::string_view name = arguments.front();
+  if (name == "--version") {
+    append(streams.console, "pedigreewatch-tools " + std::string(version) + "\n");
+    return 0;
+  }
+  if (name == "help" || asks_for_help(name)) return show_help(arguments.subspan(1), streams);
+  const Subcommand* const subcommand = find_subcommand(name);
+  if (subcommand == nullptr) return refuse_usage(in_quotes(name) + ": there is no such subcommand", streams);
+  return run_subcommand(*subcommand, arguments.subspan(1), streams);
+}
+
+}  // namespace pedigreewatch

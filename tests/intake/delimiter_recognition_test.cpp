@@ -1,0 +1,54 @@
+#include "intake/delimiter_recognition.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace pedigreewatch::test {
+namespace {
+
+TEST(RecogniseDelimiter, TheOneThatGivesAllLinesTheSameColumns) {
+  EXPECT_EQ(recognise_delimiter("id;sire;dam\n1;2;3\n4;5;6\n").delimiter, ';');
+  EXPECT_EQ(recognise_delimiter("id,sire,dam\n1,2,3\n").delimiter, ',');
+  EXPECT_EQ(recognise_delimiter("id\tsire\n1\t2\n").delimiter, '\t');
+  EXPECT_EQ(recognise_delimiter("id|sire\n1|2\n").delimiter, '|');
+}
+
+TEST(RecogniseDelimiter, DelimitersInsideQuotesDoNotCount) {
+  EXPECT_EQ(recognise_delimiter("\"id\",\"name\"\n1,\"a;b;c\"\n2,\"d;e;f\"\n3,\"g;h;i\"\n").delimiter, ',');
+}
+
+TEST(RecogniseDelimiter, KnownHeadingsDecideAmongSeveral) {
+  // Every line has a decimal comma.
+  EXPECT_EQ(recognise_delimiter("id;sire;weight, kg\n1;2;3,5\n4;5;6,5\n").delimiter, ';');
+}
+
+TEST(RecogniseDelimiter, TwoThatFitAlikeAreNotDecided) {
+  const DelimiterChoice choice = recognise_delimiter("a;1,5\nb;2,5\n");
+  EXPECT_FALSE(choice.delimiter.has_value());
+  EXPECT_EQ(choice.evidence[0].field_count, 2U);
+  EXPECT_EQ(choice.evidence[1].agreeing_count, 2);
+}
+
+TEST(RecogniseDelimiter, OneColumnHasNone) {
+  EXPECT_FALSE(recognise_delimiter("id\n1\n2\n").delimiter.has_value());
+  EXPECT_FALSE(recognise_delimiter("").delimiter.has_value());
+}
+
+TEST(RecogniseDelimiter, AFewLinesMayBeTornBlankOnesDoNotCount) {
+  EXPECT_EQ(recognise_delimiter("id;sire\n1;2\n\n3;4\n\n5;6\n7\n8;9\n").delimiter, ';');
+}
+
+TEST(DelimiterNamed, CharactersAndWords) {
+  EXPECT_EQ(delimiter_named(";"), ';');
+  EXPECT_EQ(delimiter_named("tab"), '\t');
+  EXPECT_EQ(delimiter_named("\\t"), '\t');
+  EXPECT_EQ(delimiter_named("Comma"), ',');
+  EXPECT_EQ(delimiter_named(" "), ' ');
+  EXPECT_FALSE(delimiter_named("\"").has_value());
+  EXPECT_FALSE(delimiter_named("").has_value());
+  EXPECT_FALSE(delimiter_named(";;").has_value());
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test

@@ -1,0 +1,96 @@
+#include "intake/export_survey.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace pedigreewatch::test {
+namespace {
+
+const std::string header = "id;sire;dam;sex;born;name;herd\n";
+
+ColumnChoice columns_of_header() {
+  return choose_columns(std::vector<std::string>{"id", "sire", "dam", "sex", "born", "name", "herd"}, {});
+}
+
+ExportSurvey survey_of(const std::string& lines) {
+  return survey_export(header + lines, ';', columns_of_header());
+}
+
+TEST(SurveyExport, CountsAnimalsAndWhatIsFilled) {
+  const ExportSurvey survey = survey_of("rex;;;m;2001-12-31;Rex;North\nbram;rex;NA;m;2003-01-01;;North\n");
+  EXPECT_EQ(survey.animal_count, 2);
+  EXPECT_EQ(survey.header_line, 1);
+  EXPECT_EQ(survey.last_line, 3);
+  EXPECT_EQ(survey.filled[name_column], 1);
+  EXPECT_EQ(survey.dates.year_first.total, 2);
+  EXPECT_EQ(survey.subpopulations.texts[0].count, 2);
+  EXPECT_EQ(count_links(survey.links, sire_role).with_line, 1);
+  EXPECT_EQ(by_frequency(survey.unknown_parents).front()->count, 2);
+  EXPECT_TRUE(survey.shifts.empty());
+}
+
+TEST(SurveyExport, BlankLinesAndLineEndsInQuotesShiftLines) {
+  const ExportSurvey survey =
+      survey_of("rex;;;m;2001;;\n\n;;;;;;North\nbram;rex;;m;2003;\"a\nb\";\nsaar;;;f;2003;;\ntess;;;f;2003;;\n\n");
+  EXPECT_EQ(survey.animal_count, 4);
+  EXPECT_EQ(survey.blank_lines, 3);
+  ASSERT_EQ(survey.shifts.size(), 2U);
+  EXPECT_EQ(survey.shifts[0].export_line, 5);
+  EXPECT_EQ(survey.shifts[0].data_line, 3);
+  EXPECT_EQ(survey.shifts[1].export_line, 7);
+  EXPECT_EQ(survey.shifts[1].data_line, 4);
+}
+
+TEST(SurveyExport, ListsLinesWithOtherNumbersOfColumns) {
+  const ExportSurvey survey = survey_of("rex;;;m;2001;;\nbram;rex;;m\nsaar;;;f;2003;;;;\n");
+  ASSERT_EQ(survey.other_field_counts.count, 2);
+  EXPECT_EQ(survey.other_field_counts.first[0].line, 3);
+  EXPECT_EQ(survey.other_field_counts.first[0].text, "4");
+  EXPECT_EQ(survey.other_field_counts.first[1].text, "9");
+}
+
+TEST(SurveyExport, ListsTextsThatAreTooLongInLettersNotBytes) {
+  std::string fifty, longer;
+  for (int i = 0; i < 50; ++i) fifty += "\xC3\xAB";
+  longer = fifty + "x";
+  const ExportSurvey survey = survey_of("rex;;;m;2001;" + fifty + ";\nbram;;;m;2001;" + longer + ";\n");
+  ASSERT_EQ(survey.too_long[name_column].count, 1);
+  EXPECT_EQ(survey.too_long[name_column].first[0].line, 3);
+}
+
+TEST(SurveyExport, NotesAnimalsWithoutId) {
+  const ExportSurvey survey = survey_of(";;;m;2001;Rex;\nNA;;;m;2001;Max;\n");
+  EXPECT_EQ(survey.without_id.count, 1);
+  EXPECT_EQ(survey.unknown_ids.texts[0].text, "NA");
+}
+
+TEST(FindIdClashes, IdsThatCuttingMakesEqual) {
+  const std::string thirty(30, 'D');
+  const std::string lines = thirty + ";;;m;2001;;\n" + thirty + "1;;;m;2001;;\n";
+  const ExportSurvey survey = survey_of(lines);
+  const auto clashes = find_id_clashes(header + lines, ';', columns_of_header(), survey.changed_ids);
+  ASSERT_EQ(clashes.size(), 1U);
+  EXPECT_EQ(clashes[0].line, 2);
+  EXPECT_EQ(clashes[0].id, thirty);
+  EXPECT_EQ(clashes[0].other_id, thirty + "1");
+}
+
+TEST(FindIdClashes, IdsThatTransliterationMakesEqual) {
+  const std::string lines =
+      "\xC5\x81"
+      "1;;;m;2001;;\nbram;L1;;m;2001;;\n";
+  const ExportSurvey survey = survey_of(lines);
+  EXPECT_EQ(find_id_clashes(header + lines, ';', columns_of_header(), survey.changed_ids).size(), 1U);
+}
+
+TEST(FindIdClashes, OneLongIdUsedTwiceIsNoClash) {
+  const std::string longest(40, 'D');
+  const std::string lines = longest + ";;;m;2001;;\nbram;" + longest + ";;m;2001;;\n";
+  const ExportSurvey survey = survey_of(lines);
+  EXPECT_EQ(survey.changed_ids.size(), 1U);
+  EXPECT_TRUE(find_id_clashes(header + lines, ';', columns_of_header(), survey.changed_ids).empty());
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test

@@ -1,0 +1,158 @@
+// What is decided about an export, and the two files that are made of it.
+#include "intake/prepared_file.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "intake/prepare_plan.h"
+
+namespace pedigreewatch::test {
+namespace {
+
+struct Prepared {
+  PreparePlan plan;
+  std::string data, steer;
+};
+
+bool take(void* receiver, std::string_view bytes) {
+  static_cast<std::string*>(receiver)->append(bytes);
+  return true;
+}
+
+Prepared prepared(const std::string& text, PrepareOptions options = {}, char delimiter = ';') {
+  options.export_name = "herd.csv";
+  if (options.species.empty()) options.species = "sheep";
+  RecordReader reader = read_records(text, delimiter);
+  ExportRecord record;
+  next_filled_record(reader, record);
+  std::vector<std::string> words(record.fields.begin(), record.fields.end());
+  const ColumnChoice columns = choose_columns(words, options);
+  const ExportSurvey survey = survey_export(text, delimiter, columns);
+  Prepared result;
+  result.plan = plan_preparation(survey, columns, options);
+  make_data_file(text, delimiter, result.plan, survey.sexes, take, &result.data);
+  result.steer = steer_text(result.plan);
+  return result;
+}
+
+TEST(MakeDataFile, OneLineForEachAnimalWithTheColumnsInUse) {
+  const Prepared files = prepared(
+      "Weight;Dam;Sire;ID;Sex;Born\n"
+      "1,5;NA;unknown;rex;Male;31/12/2001\n"
+      "\n"
+      "2;saar;rex;\"br;am\";female;1/1/2003\n");
+  EXPECT_EQ(files.data, "id|sex|birthdate|sire|dam\nrex|m|31-12-2001||\nbr;am|f|01-01-2003|rex|saar\n");
+  EXPECT_EQ(files.steer, "herd\nherd.txt\n|\nn\ndd-mm-yyyy\nsheep\nm\nen\ny\n0\n0\n");
+}
+
+TEST(MakeDataFile, TextsAreWindows1252CutToTheirWidths) {
+  const Prepared files =
+      prepared("id;sire;dam;sex;born;name;breeder\nrex;;;m;2001;Zo\xC3\xAB  ;" + std::string(25, 'b') + "\n");
+  EXPECT_EQ(files.data, "id;name;sex;birthdate;sire;dam;breeder\nrex;Zo\xEB;m;2001;;;" + std::string(20, 'b') + "\n");
+}
+
+TEST(MakeDataFile, ImportsThatMeanNoBecomeEmpty) {
+  const Prepared files = prepared("id;sire;dam;sex;born;import\na;;;m;2001;no\nb;;;m;2001;Germany\nc;;;m;2001;0\n");
+  EXPECT_EQ(files.data, "id;sex;birthdate;sire;dam;Import\na;m;2001;;;\nb;m;2001;;;Germany\nc;m;2001;;;\n");
+}
+
+TEST(MakeDataFile, WithoutHeaderTheSteerFileListsTheColumns) {
+  PrepareOptions options;
+  options.columns = {
+      {id_column, "1"}, {sire_column, "2"}, {dam_column, "3"}, {sex_column, "4"}, {birthdate_column, "5"}};
+  const Prepared files = prepared("rex;0;0;m;2001\nbram;rex;0;m;2003\n", options);
+  EXPECT_EQ(files.data, "rex;m;2001;;\nbram;m;2003;rex;\n\n") << "the program never reads the last line";
+  EXPECT_EQ(files.steer,
+            "herd\nherd.txt\n;\nn\ndd-mm-yyyy\nsheep\nm\nen\nn\nnumber of columns\n5\ncolumns\n5 1 7 8 2 3\n0\n0\n");
+}
+
+TEST(MakeDataFile, TheDelimiterOccursInNoText) {
+  const Prepared files = prepared("id,sire,dam,sex,born,name\nrex,,,m,2001,a;b|c\n", {}, ',');
+  EXPECT_EQ(files.plan.delimiter, ',');
+  const Prepared all = prepared("id,sire,dam,sex,born,name\nrex,,,m,2001,\"a;b|c,d\"\n", {}, ',');
+  EXPECT_EQ(all.plan.delimiter, '\t');
+}
+
+TEST(PlanPreparation, NamesAreListedWithTheMostFrequentFirst) {
+  const std::string lines =
+      "id;sire;dam;sex;born;herd;colour\na;;;m;2001;North;grey\nb;;;m;2001;South;grey\nc;;;m;2001;South;\n";
+  const Prepared files = prepared(lines);
+  EXPECT_EQ(files.plan.subpopulations, (std::vector<std::string>{"South", "North"}));
+  EXPECT_TRUE(files.steer.ends_with("y\n2\nSouth\nNorth\n1\ngrey\n"));
+  PrepareOptions options;
+  options.subpopulations = {.is_given = true, .leaves_out = false, .names = {"West", "North"}};
+  options.colours.is_given = options.colours.leaves_out = true;
+  EXPECT_TRUE(prepared(lines, options).steer.ends_with("y\n2\nWest\nNorth\n0\n"));
+  EXPECT_EQ(prepared(lines, options).data.find("grey"), std::string::npos);
+}
+
+TEST(PlanPreparation, TooManyNamesAreAskedFor) {
+  std::string lines = "id;sire;dam;sex;born;herd\n";
+  for (int i = 0; i < 31; ++i) lines += std::to_string(i) + ";;;m;2001;herd " + std::to_string(i) + "\n";
+  const Prepared asked = prepared(lines);
+  ASSERT_EQ(asked.plan.questions.size(), 1U);
+  EXPECT_NE(asked.plan.questions[0].find("holds 31 different texts"), std::string::npos);
+  PrepareOptions options;
+  options.subpopulations.is_given = true;
+  EXPECT_EQ(prepared(lines, options).plan.subpopulations.size(), 31U);
+}
+
+TEST(PlanPreparation, MoreNamesThanTheProgramTakesAreNeverListed) {
+  std::string lines = "id;sire;dam;sex;born;herd\n";
+  for (int i = 0; i < 5001; ++i) lines += std::to_string(i) + ";;;m;2001;herd " + std::to_string(i) + "\n";
+  PrepareOptions options;
+  options.subpopulations.is_given = true;
+  EXPECT_EQ(prepared(lines, options).plan.questions.size(), 1U);
+}
+
+TEST(PlanPreparation, AWordForUnknownThatIsAnAnimalStaysAParent) {
+  const std::string one = "id;sire;dam;sex;born\nNil;;;m;2001\nbram;Nil;NA;m;2003\n";
+  EXPECT_TRUE(prepared(one).data.ends_with("bram;m;2003;Nil;\n"));
+  PrepareOptions options;
+  options.unknown = {"Nil"};
+  EXPECT_TRUE(prepared(one, options).data.ends_with("bram;m;2003;;\n"));
+  // Twice it is no id but the lack of one.
+  EXPECT_TRUE(prepared("id;sire;dam;sex;born\nNil;;;m;2001\nNil;;;m;2001\nbram;Nil;NA;m;2003\n")
+                  .data.ends_with("bram;m;2003;;\n"));
+}
+
+TEST(PlanPreparation, TheMaleOptionIsALetterOrAWord) {
+  const std::string lines = "id;sire;dam;sex;born\na;;;Reu;2001\nb;;;r;2001\nc;;;T;2001\nd;;;?;2001\n";
+  PrepareOptions options;
+  options.male = "R";
+  EXPECT_EQ(prepared(lines, options).data,
+            "id;sex;birthdate;sire;dam\na;m;2001;;\nb;m;2001;;\nc;f;2001;;\nd;;2001;;\n");
+  options.male = "reu";
+  EXPECT_EQ(prepared(lines, options).data,
+            "id;sex;birthdate;sire;dam\na;m;2001;;\nb;f;2001;;\nc;f;2001;;\nd;;2001;;\n");
+}
+
+TEST(PlanPreparation, TheSpeciesIsToldByTheSexesOrAskedFor) {
+  PrepareOptions options;
+  options.species = "";
+  options.export_name = "x.csv";
+  const auto plan_of = [&](const std::string& sexes) {
+    const std::string text = "id;sire;dam;sex;born\na;;;" + sexes + ";2001\nb;;;m;2001\n";
+    const ColumnChoice columns = choose_columns(std::vector<std::string>{"id", "sire", "dam", "sex", "born"}, options);
+    return plan_preparation(survey_export(text, ';', columns), columns, options);
+  };
+  EXPECT_EQ(plan_of("ooi").species, "sheep");
+  EXPECT_TRUE(plan_of("ooi").questions.empty());
+  ASSERT_EQ(plan_of("f").questions.size(), 1U);
+  EXPECT_NE(plan_of("f").questions[0].find("--species"), std::string::npos);
+  options.language = ToolLanguage::dutch;
+  EXPECT_EQ(plan_of("ooi").species, "schaap");
+}
+
+TEST(StemOf, LettersAndDigitsOfTheName) {
+  EXPECT_EQ(stem_of("/data/My herd (2024).csv"), "Myherd2024");
+  EXPECT_EQ(stem_of("C:\\data\\Zo\xC3\xAB.export.csv"), "Zoexport");
+  EXPECT_EQ(stem_of("..."), "herd");
+  EXPECT_EQ(stem_of("con.csv"), "con_data");
+  EXPECT_EQ(stem_of("--x.csv"), "x");
+  EXPECT_EQ(stem_of(std::string(80, 'a') + ".csv"), std::string(26, 'a'));
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test

@@ -1,0 +1,51 @@
+#include "intake/value_words.h"
+
+#include <gtest/gtest.h>
+
+namespace pedigreewatch::test {
+namespace {
+
+TEST(MeansUnknown, UsualSpellingsInAnyCase) {
+  for (const char* const text :
+       {"",        "0", "000", "NA", "n/a", "N.A.", "unknown", "UNKNOWN", "Onbekend", "unbekannt",
+        "inconnu", "?", "-",   "--", "...", "null", "NaN",     "n.v.t.",  "xx",       "#N/A"}) {
+    EXPECT_TRUE(means_unknown(text)) << text;
+  }
+}
+
+TEST(MeansUnknown, IdentificationsAreNone) {
+  for (const char* const text : {"Rex", "10", "NA1", "X", "HS-0", "0-1", "Nanda", "Unknown Soldier of Moor"}) {
+    EXPECT_FALSE(means_unknown(text)) << text;
+  }
+}
+
+TEST(MeansNoImport, WordsForNo) {
+  for (const char* const text : {"", "0", "n", "No", "NEE", "nein", "non", "false", "F", "NA", "-"}) {
+    EXPECT_TRUE(means_no_import(text)) << text;
+  }
+  for (const char* const text : {"1", "y", "ja", "Germany", "DE", "true"}) EXPECT_FALSE(means_no_import(text)) << text;
+}
+
+TEST(SexNamed, WordsOfFourLanguages) {
+  for (const char* const text : {"m", "M", "male", "Mannelijk", "M\xC3\xA4nnlich",
+                                 "m\xC3\xA2"
+                                 "le",
+                                 "ram", "Stier", "\xE2\x99\x82"}) {
+    EXPECT_EQ(sex_named(text), SexMeaning::male) << text;
+  }
+  for (const char* const text : {"f", "V", "w", "Female", "vrouwelijk", "weiblich", "femelle", "ooi", "\xE2\x99\x80"}) {
+    EXPECT_EQ(sex_named(text), SexMeaning::female) << text;
+  }
+  for (const char* const text : {"", "1", "2", "?", "r", "castrated"}) {
+    EXPECT_EQ(sex_named(text), SexMeaning::unknown) << text;
+  }
+}
+
+TEST(SpeciesOfSexWord, OnlyWordsThatBelongToOneSpecies) {
+  EXPECT_EQ(species_of_sex_word("Ooi"), "sheep");
+  EXPECT_EQ(species_of_sex_word("reu"), "dog");
+  EXPECT_EQ(species_of_sex_word("male"), "");
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test

@@ -1,0 +1,165 @@
+// Whole runs of `pedigreewatch-tools prepare` followed by the program itself: what an office exports gives the report
+// of the population that it was made from.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "support/lines.h"
+#include "support/office_export.h"
+#include "support/prepared_run.h"
+#include "support/program_run.h"
+
+namespace pedigreewatch::test {
+namespace {
+
+constexpr int animal_count = 240;
+
+const std::string subpopulations =
+    "North,Zu\xC3\xAF"
+    "d,West";
+
+/// What every preparation of the population is told, and what else a test wants.
+std::vector<std::string> settings_and(const std::vector<std::string>& options) {
+  std::vector<std::string> all = {"--species",        "sheep",        "--name",    "Moorland",
+                                  "--subpopulations", subpopulations, "--colours", "black,white"};
+  all.insert(all.end(), options.begin(), options.end());
+  return all;
+}
+
+/// The report of the program on its own form of the population.
+const std::string& expected_report() {
+  static const std::string report = [] {
+    const auto animals = make_office_population(animal_count, 5);
+    const WholeRun run =
+        run_program_on({{"pedigreewatch.ini", write_steer_file("herd.txt")}, {"herd.txt", write_data_file(animals)}});
+    EXPECT_EQ(run.exit_status, 0) << run.messages;
+    return run.file("herd.out");
+  }();
+  return report;
+}
+
+/// Prepares the export and runs the program on what comes out.
+WholeRun prepare_and_run(const std::string& bytes, const std::vector<std::string>& options = {}) {
+  return run_prepared("herd.csv", bytes, settings_and(options));
+}
+
+const std::vector<std::string> layouts = {"yyyy-mm-dd", "time",       "yyyy-dd-mm", "dd-mm-yyyy",
+                                          "d/m/yyyy",   "dd.mm.yyyy", "mm/dd/yyyy", "ddmmyyyy",
+                                          "yyyymmdd",   "mmddyyyy",   "yyyyddmm",   "d mon yyyy"};
+
+class ExportForms : public testing::TestWithParam<std::tuple<const char*, char>> {};
+
+TEST_P(ExportForms, GiveTheReportOfThePopulation) {
+  const auto [encoding, delimiter] = GetParam();
+  const auto animals = make_office_population(animal_count, 5);
+  for (const std::string& layout : layouts) {
+    const WholeRun run =
+        prepare_and_run(write_export(animals, {.encoding = encoding, .delimiter = delimiter, .layout = layout}));
+    EXPECT_EQ(run.exit_status, 0) << layout;
+    EXPECT_EQ(run.messages, "") << layout;
+    EXPECT_EQ(run.file("herd.out"), expected_report()) << layout;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(WholeRun, ExportForms,
+                         testing::Combine(testing::Values("utf-8", "utf-8-mark", "utf-16le", "utf-16be",
+                                                          "utf-16le-bare", "1252"),
+                                          testing::Values(';', ',', '\t', '|')));
+
+TEST(PreparedExport, LineEndsMakeNoDifference) {
+  const auto animals = make_office_population(animal_count, 5);
+  for (const std::string line_end : {"\n", "\r\n", "\r"}) {
+    const WholeRun run = prepare_and_run(write_export(animals, {.line_end = line_end}));
+    ASSERT_EQ(run.exit_status, 0) << run.messages;
+    EXPECT_EQ(run.file("herd.out"), expected_report());
+  }
+}
+
+TEST(PreparedExport, QuotationMarksAroundEverythingMakeNoDifference) {
+  const auto animals = make_office_population(animal_count, 5);
+  const WholeRun run = prepare_and_run(write_export(animals, {.quotes_all = true}));
+  ASSERT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_EQ(run.file("herd.out"), expected_report());
+}
+
+TEST(PreparedExport, WithoutHeaderGivesTheSameReport) {
+  const auto animals = make_office_population(animal_count, 5);
+  const WholeRun run = prepare_and_run(
+      write_export(animals, {.delimiter = ';', .has_header = false}),
+      {"--column=id=2", "--column=name=3", "--column=sex=4", "--column=birthdate=5", "--column=sire=6",
+       "--column=dam=7", "--column=colour=8", "--column=breeder=9", "--column=subpopulation=10", "--column=import=11"});
+  ASSERT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_EQ(run.file("herd.out"), expected_report());
+}
+
+TEST(PreparedExport, NumbersForSexesNeedTheOption) {
+  const auto animals = make_office_population(animal_count, 5);
+  const std::string bytes = write_export(animals, {.male = "1", .female = "2"});
+  const WholeRun asked = prepare_and_run(bytes);
+  EXPECT_EQ(asked.exit_status, 1);
+  EXPECT_TRUE(
+      has(asked.messages, "the sexes are written \"1\" (120), \"2\" (120). Say how males are written: --male TEXT"));
+  EXPECT_EQ(asked.files.count("herd.txt"), 0U);
+  EXPECT_EQ(prepare_and_run(bytes, {"--male", "1"}).file("herd.out"), expected_report());
+}
+
+TEST(PreparedExport, OtherWordsForUnknownParentsNeedTheOption) {
+  const auto animals = make_office_population(animal_count, 5);
+  const std::string bytes = write_export(animals, {.unknown_parent = "stray"});
+  EXPECT_NE(prepare_and_run(bytes).file("herd.out"), expected_report());
+  EXPECT_EQ(prepare_and_run(bytes, {"--unknown", "stray"}).file("herd.out"), expected_report());
+}
+
+TEST(PreparedDataFile, ThatIsInTheProgramsFormChangesNoByteOfTheReport) {
+  const auto animals = make_office_population(animal_count, 5);
+  const WholeRun run = prepare_and_run(write_data_file(animals));
+  ASSERT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_EQ(run.file("herd.out"), expected_report());
+}
+
+// What was prepared once is prepared again, in a folder of its own.
+TEST(PreparedDataFile, IsTheSameWhenItIsPreparedAgain) {
+  const auto animals = make_office_population(animal_count, 5);
+  const RunFolder folder({{"herd.csv", write_export(animals, {})}, {"again/", ""}});
+  const WholeRun once = run_program_in(folder, prepare_with(settings_and({}), "herd.csv"));
+  ASSERT_EQ(once.exit_status, 0) << once.messages;
+  const WholeRun twice = run_program_in(folder, prepare_with(settings_and({"--out", "again"}), "herd.txt"));
+  ASSERT_EQ(twice.exit_status, 0) << twice.messages;
+  const Files expected = {{"herd.txt", once.file("herd.txt")}, {"pedigreewatch.ini", once.file("pedigreewatch.ini")}};
+  EXPECT_EQ(files_in(folder.path("again")), expected);
+}
+
+TEST(PreparedExport, IsShownAndNotWrittenInADryRun) {
+  const WholeRun run = run_program_on({{"export.csv", "id;sire;dam;sex;born\nrex;;;m;2001\nbram;rex;;m;2003\n"}},
+                                      prepare_with({"--species", "dog", "--dry-run"}, "export.csv"));
+  EXPECT_EQ(run.exit_status, 0);
+  EXPECT_EQ(run.files.size(), 1U) << "only the export";
+  EXPECT_TRUE(
+      has(run.console, "Nothing was written (--dry-run). It would have been export.txt and pedigreewatch.ini.\n"));
+}
+
+TEST(PreparedExport, IsAskedAllQuestionsAtOnce) {
+  const WholeRun run =
+      run_program_on({{"export.csv", "nr;sire;father;dam;sex;born\n1;;;;1;04-05-2001\n2;1;1;;2;06-07-2003\n"}},
+                     prepare_with({}, "export.csv"));
+  EXPECT_EQ(run.exit_status, 1);
+  for (const char* const option : {"--column id=", "--column sire=NUMBER", "--dates dd-mm-yyyy or --dates mm-dd-yyyy",
+                                   "--male TEXT", "--species dog"}) {
+    EXPECT_TRUE(has(run.messages, option));
+  }
+  EXPECT_EQ(run.files.size(), 1U) << "only the export";
+}
+
+TEST(PreparedExport, InDutchHasDutchHeadingsAndLayout) {
+  const WholeRun run =
+      run_program_on({{"schapen.csv", "Diernummer,Vader,Moeder,Geslacht,Geboren\nA,onbekend,,ram,2001-02-28\n"}},
+                     prepare_with({"--language", "nl"}, "schapen.csv"));
+  ASSERT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_EQ(run.file("schapen.txt"), "id;sekse;geboortedatum;vader;moeder\nA;m;2001-02-28;;\n");
+  EXPECT_EQ(run.file("pedigreewatch.ini"), "schapen\nschapen.txt\n;\nn\njjjj-mm-dd\nschaap\nm\nnl\ny\n0\n0\n");
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test
