@@ -70,8 +70,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     return 0;
   }
   std::string field_list = input.ConsumeRandomLengthString(60);
-  if (field_list.size() >= 7 && input.ConsumeBool()) {
-    field_list = with_column_count(field_list, input.ConsumeIntegralInRange<std::int64_t>(-5, 3000));
+  if (input.ConsumeBool()) {
+    const std::int64_t count = input.ConsumeIntegralInRange<std::int64_t>(-5, 3000);
+    field_list = row_fields(field_list, count, input.ConsumeRandomLengthString(10));
   }
   const std::vector<LineItem> items = take_items(input, texts, true);
   TextOutput output;
