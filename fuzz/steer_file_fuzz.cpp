@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   RunStreams streams;
   try {
     const SteerSettings settings = read_steer_lines(reader, streams);
-    require(settings.species_index >= 1 && settings.species_index <= 16);
+    require(!settings.nouns.young.is_blank());
     require(settings.layout.subpopulations.first_numbers.count() == settings.layout.subpopulations.count());
     require(settings.colour_names.size() == settings.layout.colours.names.entries.size() + 1);
     require(settings.report_file_name.trimmed().ends_with("out"));

@@ -482,7 +482,7 @@ TEST(HostileCounts, NegativeCountsAreNone) {
 }
 
 TEST(HostileCounts, AnyNumberOfColumnsKeepsTwentyFiveCodes) {
-  for (const std::string count : {"2147483647", "99999999999"}) {
+  for (const std::string count : {"26", "2147483647"}) {
     const SteerLines steer = {.header = "n\ncomment\n" + count + "\ncomment\n" + count + " 1 2 3 7 8"};
     const WholeRun run = run_program_on(files_of(std::string(family) + "\n", steer));
     expect_family(run);
@@ -491,6 +491,16 @@ TEST(HostileCounts, AnyNumberOfColumnsKeepsTwentyFiveCodes) {
         has(run.console, "\n           1           2           3           7           8           0\n" +
                              repeated("           0           0           0           0           0           0\n", 3) +
                              "           0\n number of subpopulations"));
+  }
+}
+
+TEST(HostileCounts, NumberOfColumnsBeyondThirtyTwoBitsIsNone) {
+  // Without codes the first line of the data file is read as a header after all.
+  for (const std::string count : {"2147483648", "99999999999", "-99999999999"}) {
+    const SteerLines steer = {.header = "n\ncomment\n" + count + "\ncomment\n" + count + " 5 4 3 2 1"};
+    const WholeRun run = run_program_on(files_of(with_header(family), steer));
+    expect_family(run);
+    EXPECT_TRUE(has(run.console, "\n           0  columns in data file\n\n number of subpopulations")) << count;
   }
 }
 

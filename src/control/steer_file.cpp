@@ -99,15 +99,19 @@ bool take_listed_number(std::string_view& list, std::int64_t& value) {
   return take_integer(token, value) && token.empty();
 }
 
+/// Whether a number can be read at all; a larger one counts as none.
+bool fits_32_bits(std::int64_t number) {
+  return number >= INT32_MIN && number <= INT32_MAX;
+}
+
 /// Reads "count code code ..." into `codes` and yields how many of them the line asked for, at most all 25.
 std::size_t read_column_list(std::string_view line, ColumnMap& codes) {
   std::int64_t count = 0;
-  if (!take_listed_number(line, count)) count = 0;
+  if (!take_listed_number(line, count) || !fits_32_bits(count)) count = 0;
   const std::size_t kept = static_cast<std::size_t>(std::clamp<std::int64_t>(count, 0, column_limit));
   for (std::size_t i = 0; i < kept; ++i) {
     std::int64_t code = 0;
-    if (!take_listed_number(line, code)) break;
-    if (code < INT32_MIN || code > INT32_MAX) break;
+    if (!take_listed_number(line, code) || !fits_32_bits(code)) break;
     codes[i] = static_cast<std::int32_t>(code);
   }
   return kept;
@@ -120,7 +124,7 @@ void read_columns_part(LineReader& reader, RunStreams& streams, SteerSettings& s
   }
   next_line(reader);  // a comment
   const std::int64_t counted = count_on(behind_separators(next_line(reader)));
-  const std::int64_t column_count = counted > INT32_MAX ? 0 : counted;  // a number that cannot be read
+  const std::int64_t column_count = fits_32_bits(counted) ? counted : 0;
   write_free_line(streams.console, {column_count, columns_counted});
   next_line(reader);  // a comment
   ColumnMap& codes = settings.layout.column_codes;
@@ -165,7 +169,7 @@ void read_names_and_layout(LineReader& reader, RunStreams& streams, SteerSetting
   const FixedText<2> language(next_line(reader));
   settings.english = language.full() == "en" || language.full() == "En";
   streams.console.is_english = streams.report.is_english = settings.english;
-  settings.species_index = species_index_of(species_word, settings.english);
+  settings.nouns = species_row(species_index_of(species_word, settings.english));
 }
 
 void echo_settings(const SteerSettings& settings, TextOutput& console) {
@@ -199,7 +203,6 @@ SteerSettings read_steer_lines(LineReader& reader, RunStreams& streams) {
   SteerSettings settings;
   read_names_and_layout(reader, streams, settings);
   read_columns_part(reader, streams, settings);
-  settings.nouns = species_row(settings.species_index);
   read_subpopulations(reader, streams, settings);
   read_colours(reader, streams, settings);
   settings.report_file_name = derive_report_file_name(settings.data_file_name);

@@ -168,7 +168,7 @@ TEST(SteerFile, IgnoresWhatStandsBehindAWidth) {
   EXPECT_EQ(settings.layout.delimiter, ';');
   EXPECT_TRUE(settings.layout.merge_delimiters);
   EXPECT_EQ(settings.layout.date_layout.full(), "jjjj.mm.dd");
-  EXPECT_EQ(settings.species_index, 16);
+  EXPECT_EQ(settings.nouns.male, "father");
   EXPECT_EQ(settings.layout.male_letters, (std::array<char, 2>{'m', 'M'}));
   EXPECT_TRUE(settings.english);
   EXPECT_EQ(settings.layout.column_codes, ColumnMap{});
@@ -282,35 +282,31 @@ SteerSettings with_species(std::string_view species, std::string_view language) 
 
 TEST(SteerFileSpecies, EnglishWordInADutchRunKeepsItsEnglishNouns) {
   const SteerSettings settings = with_species("dog", "nl");
-  EXPECT_EQ(settings.species_index, 9);
   EXPECT_EQ(settings.nouns.males, "dog");
   EXPECT_EQ(settings.nouns.females, "bitches");
 }
 
 TEST(SteerFileSpecies, DutchWordInAnEnglishRunPicksUpTheEnglishNouns) {
   const SteerSettings settings = with_species("hond", "en");
-  EXPECT_EQ(settings.species_index, 9);
   EXPECT_EQ(settings.nouns.male, "dog");
   EXPECT_EQ(settings.nouns.females, "bitches");
 }
 
 TEST(SteerFileSpecies, DutchWordInADutchRun) {
   const SteerSettings settings = with_species("hond", "nl");
-  EXPECT_EQ(settings.species_index, 1);
   EXPECT_EQ(settings.nouns.males, "reuen");
   EXPECT_EQ(settings.nouns.females, "teven");
 }
 
 TEST(SteerFileSpecies, WordInCapitalsGivesTheLastRow) {
-  EXPECT_EQ(with_species("HOND", "nl").species_index, 16);
-  EXPECT_EQ(with_species("Dog", "en").species_index, 16);
+  EXPECT_EQ(with_species("HOND", "nl").nouns.males, "fathers");
+  EXPECT_EQ(with_species("Dog", "en").nouns.males, "fathers");
 }
 
 TEST(SteerFileSpecies, OverigInADutchRunHasTheMalePluralDogs) {
   const SteerSettings settings = with_species("overig", "nl");
-  EXPECT_EQ(settings.species_index, 8);
   EXPECT_EQ(settings.nouns.males, "dogs");
-  EXPECT_EQ(with_species("overig", "en").species_index, 16);
+  EXPECT_EQ(with_species("overig", "en").nouns.males, "fathers");
 }
 
 TEST(SteerFileSpecies, DogInAnyRunHasTheMalePluralDog) {
@@ -323,7 +319,6 @@ TEST(SteerFileSpecies, DogInAnyRunHasTheMalePluralDog) {
 TEST(SteerFileSpecies, UnknownWordInADutchRunGivesEnglishNouns) {
   for (const std::string_view word : {"geit", ""}) {
     const SteerSettings settings = with_species(word, "nl");
-    EXPECT_EQ(settings.species_index, 16);
     EXPECT_EQ(settings.nouns.male, "father");
     EXPECT_EQ(settings.nouns.female, "mother");
     EXPECT_EQ(settings.nouns.young, "young");
@@ -430,9 +425,14 @@ TEST(ColumnList, At25TheListIsFull) {
   EXPECT_EQ(read.console[7], " number of subpopulations           1");
 }
 
+TEST(ColumnList, LargestCountAsksForAllCodes) {
+  const ReadSteerFile read = with_header_part("n\n\n5\n\n2147483647 1 2 2147483647 2147483648 3");
+  EXPECT_EQ(read.settings.layout.column_codes, codes({1, 2, 2147483647}));
+}
+
 TEST(ColumnList, WithoutACountIsEmpty) {
-  for (const std::string_view list :
-       {"", "none", "-3 1 2 3", "x 1 2", "3x 1 2 3", "2.5 1 2", "3- 1 2 3", "\t3 1 2 3"}) {
+  for (const std::string_view list : {"", "none", "-3 1 2 3", "x 1 2", "3x 1 2 3", "2.5 1 2", "3- 1 2 3", "\t3 1 2 3",
+                                      "2147483648 1 2 3", "-2147483649 1 2 3", "99999999999999999999 1 2 3"}) {
     const ReadSteerFile read = with_header_part("n\n\n5\n\n" + std::string(list));
     EXPECT_EQ(read.settings.layout.column_codes, ColumnMap{}) << list;
     EXPECT_EQ(read.console[2], "") << list;
@@ -459,7 +459,7 @@ TEST(ColumnList, MayBeginWithSeparators) {
   EXPECT_EQ(with_header_part("n\n\n3\n\n, ,3,,1, 2,,,7").settings.layout.column_codes, codes({1, 2, 7}));
 }
 
-TEST(ColumnCount, IsTheFirstNumberOnTheLine) {
+TEST(ColumnCount, IsTheNumberAtTheStartBehindBlanksOrCommas) {
   for (const std::string_view count : {"5", "  5", ",5", " , ,5", "5,7", "5 columns", "+5", "005", "5x", "5.5"}) {
     const ReadSteerFile read = with_header_part("n\n\n" + std::string(count) + "\n\n5 1 2 3 7 8");
     EXPECT_EQ(read.console[1], number(5) + "  columns in data file") << count;
@@ -670,7 +670,7 @@ TEST(SteerFileEndsEarly, EmptyFileLeavesBlanksAndZeros) {
   EXPECT_EQ(read.settings.report_file_name.full(), padded("out", 30));
   EXPECT_EQ(read.settings.layout.delimiter, ' ');
   EXPECT_FALSE(read.settings.english);
-  EXPECT_EQ(read.settings.species_index, 16);
+  EXPECT_EQ(read.settings.nouns.male, "father");
   EXPECT_EQ(read.settings.layout.male_letters, (std::array<char, 2>{' ', ' '}));
   EXPECT_EQ(read.settings.layout.column_codes, ColumnMap{});
   EXPECT_EQ(read.settings.layout.subpopulations.count(), 0);
