@@ -611,8 +611,19 @@ TEST(HostileDates, MistypedYearOfAnAnimalWithParentsIsRefusedWithBothDates) {
       "Y1;A1;Z1;f;01-02-2005\n";
   expect_stop(run_program_on(files_of(with_header(data))),
               "dogs.txt: fathers up to 18004 and mothers up to 18002 years old (the oldest parent \"A1\" was born on "
-              "31-12-2000, line 2, its young \"C1\" on 11-12-20005, line 5): the tables of parents' ages would have "
-              "more than 20000000 figures\n");
+              "31-12-2000, line 2, its young \"C1\" on 11-12-20005, line 5) and 18016 birth years (in the first one "
+              "\"X1\" was born on 5-6-1990, line 4, in the last one \"C1\" on 11-12-20005, line 5): the tables of "
+              "parents' ages would have more than 20000000 figures\n");
+}
+
+TEST(HostileDates, MistypedYearOfAnAnimalWithoutFamilyIsNamedBesideTheOldestParents) {
+  // 88311 birth years, because of X1, and a father of 300 years. Y1 alone is a row of its own, and no mistake.
+  const std::string data = "S1;;;m;01-01-1700\nY1;S1;;f;02-01-2000\nX1;;;m;04-05-90010\n";
+  expect_stop(run_program_on(files_of(with_header(data))),
+              "dogs.txt: fathers up to 300 and mothers up to 0 years old (the oldest parent \"S1\" was born on "
+              "1-1-1700, line 2, its young \"Y1\" on 2-1-2000, line 3) and 88311 birth years (in the first one \"S1\" "
+              "was born on 1-1-1700, line 2, in the last one \"X1\" on 4-5-90010, line 4): the tables of parents' "
+              "ages would have more than 20000000 figures\n");
 }
 
 TEST(HostileDates, MistypedYearOfAMotherIsRefusedWithBothDates) {
@@ -622,8 +633,9 @@ TEST(HostileDates, MistypedYearOfAMotherIsRefusedWithBothDates) {
       run_program_on(files_of("A1;;;m;31-12-12001\nC1;A1;B1;m;11-12-22003\nB1;;;f;05-06-2003\n\n", steer));
   expect_stop(run,
               "dogs.txt: fathers up to 10001 and mothers up to 20000 years old (the oldest parent \"B1\" was born on "
-              "5-6-2003, line 3, its young \"C1\" on 11-12-22003, line 2): the tables of parents' ages would have "
-              "more than 20000000 figures\n");
+              "5-6-2003, line 3, its young \"C1\" on 11-12-22003, line 2) and 20001 birth years (in the first one "
+              "\"B1\" was born on 5-6-2003, line 3, in the last one \"C1\" on 11-12-22003, line 2): the tables of "
+              "parents' ages would have more than 20000000 figures\n");
 }
 
 TEST(HostileDates, MistypedYearHasARowForEachYearBetween) {

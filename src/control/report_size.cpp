@@ -9,7 +9,37 @@ namespace {
 /// The date of birth as it was understood, and the line of the data file that gives it: "31-12-2005, line 812".
 std::string birth_of(const AnimalRecord& animal) {
   return std::to_string(animal.birth_day) + "-" + std::to_string(animal.birth_month) + "-" +
-         std::to_string(animal.birth_year) + (animal.line > 0 ? ", line " + std::to_string(animal.line) : "");
+         std::to_string(animal.birth_year) + ", line " + std::to_string(animal.line);
+}
+
+const AnimalRecord& first_born_in(const PopulationStore& store, std::int32_t year) {
+  return *std::find_if(store.animals.begin(), store.animals.end(),
+                       [&](const AnimalRecord& each) { return each.birth_year == year; });
+}
+
+/// The ages, and the two dates that make the largest one.
+std::string describe_ages(const PopulationStore& store, const OldestParents& oldest) {
+  const auto age_of = [](const AnimalRecord& animal) { return std::max(animal.sire_age_days, animal.dam_age_days); };
+  const auto young = std::max_element(store.animals.begin(), store.animals.end(),
+                                      [&](const auto& a, const auto& b) { return age_of(a) < age_of(b); });
+  const AnimalRecord& parent = store.at(young->sire_age_days == age_of(*young) ? young->sire_no : young->dam_no);
+  return "fathers up to " + std::to_string(oldest.of(male)) + " and mothers up to " +
+         std::to_string(oldest.of(female)) + " years old (the oldest parent " + quoted(parent.id.trimmed()) +
+         " was born on " + birth_of(parent) + ", its young " + quoted(young->id.trimmed()) + " on " + birth_of(*young) +
+         ")";
+}
+
+/// The birth years, and a date of the first and of the last one. Nothing when they are as few as in any herdbook, for
+/// then the ages alone make the tables so large.
+std::string describe_years(const PopulationStore& store) {
+  constexpr std::int32_t usual_years = 1000;
+  const BirthYears& years = store.birth_years;
+  if (years.dated_row_count() <= usual_years) return {};
+  const AnimalRecord& first = first_born_in(store, years.first);
+  const AnimalRecord& last = first_born_in(store, years.last);
+  return " and " + std::to_string(years.dated_row_count()) + " birth years (in the first one " +
+         quoted(first.id.trimmed()) + " was born on " + birth_of(first) + ", in the last one " +
+         quoted(last.id.trimmed()) + " on " + birth_of(last) + ")";
 }
 
 }  // namespace
@@ -19,11 +49,10 @@ void check_year_span(const PopulationStore& store, std::string_view data_file, R
   const BirthYears& years = store.birth_years;
   if (years.last < years.first || std::int64_t{years.last} - years.first < year_limit) return;
   const std::int32_t strange_year = years.first < 0 ? years.first : years.last;
-  const auto animal = std::find_if(store.animals.begin(), store.animals.end(),
-                                   [&](const AnimalRecord& each) { return each.birth_year == strange_year; });
   stop_on_file(streams, data_file,
                "birth years from " + std::to_string(years.first) + " to " + std::to_string(years.last) + " (animal " +
-                   quoted(animal->id.trimmed()) + "): at most 100000 years from the first to the last were expected");
+                   quoted(first_born_in(store, strange_year).id.trimmed()) +
+                   "): at most 100000 years from the first to the last were expected");
 }
 
 void check_parent_ages(const PopulationStore& store, const OldestParents& oldest, std::string_view data_file,
@@ -31,15 +60,9 @@ void check_parent_ages(const PopulationStore& store, const OldestParents& oldest
   constexpr std::int64_t figure_limit = 20'000'000;
   const std::int64_t columns = std::int64_t{std::max(oldest.of(male), 0)} + std::max(oldest.of(female), 0);
   if (columns * store.birth_years.dated_row_count() <= figure_limit) return;
-  const auto age_of = [](const AnimalRecord& animal) { return std::max(animal.sire_age_days, animal.dam_age_days); };
-  const auto young = std::max_element(store.animals.begin(), store.animals.end(),
-                                      [&](const auto& a, const auto& b) { return age_of(a) < age_of(b); });
-  const AnimalRecord& parent = store.at(young->sire_age_days == age_of(*young) ? young->sire_no : young->dam_no);
   stop_on_file(streams, data_file,
-               "fathers up to " + std::to_string(oldest.of(male)) + " and mothers up to " +
-                   std::to_string(oldest.of(female)) + " years old (the oldest parent " + quoted(parent.id.trimmed()) +
-                   " was born on " + birth_of(parent) + ", its young " + quoted(young->id.trimmed()) + " on " +
-                   birth_of(*young) + "): the tables of parents' ages would have more than 20000000 figures");
+               describe_ages(store, oldest) + describe_years(store) +
+                   ": the tables of parents' ages would have more than 20000000 figures");
 }
 
 }  // namespace pedigreewatch

@@ -14,7 +14,8 @@ namespace pedigreewatch {
 void check_year_span(const PopulationStore& store, std::string_view data_file, RunStreams& streams);
 
 /// Stops the run when the tables of the parents' ages would have more than twenty million figures. The message names
-/// the oldest parent and its young, with their dates and lines: one of the two dates is wrong.
+/// the dates that may be wrong, with their lines: those of the oldest parent and its young and, when the birth years
+/// are more than 1000, those of an animal of the first year and one of the last.
 void check_parent_ages(const PopulationStore& store, const OldestParents& oldest, std::string_view data_file,
                        RunStreams& streams);
 

@@ -18,10 +18,12 @@ PopulationStore father_and_young() {
   father.birth_year = 1999;
   father.birth_month = 12;
   father.birth_day = 31;
+  father.line = 812;
   AnimalRecord& young = store.at(2);
   young.id.assign("Y1");
   young.birth_year = 7000;
   young.birth_month = 2;
+  young.line = 7;
   young.sire_no = 1;
   young.sire_age_days = 5000 * 365;
   young.dam_age_days = -1;
@@ -46,20 +48,26 @@ TEST(CheckParentAges, TwentyMillionFiguresAreTheMost) {
 }
 
 TEST(CheckParentAges, MessageNamesBothDatesAndTheirLines) {
-  PopulationStore store = father_and_young();
-  store.at(1).line = 812;
-  store.at(2).line = 7;
-  EXPECT_EQ(message_on(store, {.of_males = 20'001, .of_females = 0}),
+  EXPECT_EQ(message_on(father_and_young(), {.of_males = 20'001, .of_females = 0}),
             "dogs.txt: fathers up to 20001 and mothers up to 0 years old (the oldest parent \"F1\" was born on "
             "31-12-1999, line 812, its young \"Y1\" on 1-2-7000, line 7): the tables of parents' ages would have more "
             "than 20000000 figures\n");
 }
 
-TEST(CheckParentAges, AnimalWithoutALineIsNamedWithoutOne) {
-  EXPECT_EQ(message_on(father_and_young(), {.of_males = 20'001, .of_females = 0}),
+TEST(CheckParentAges, MessageNamesTheFirstAndTheLastYearWhenTheyAreManyYearsApart) {
+  PopulationStore store = father_and_young();
+  AnimalRecord& last = store.animals.emplace_back();
+  last.id.assign("Z1");
+  last.birth_year = 2998;
+  EXPECT_EQ(message_on(store, {.of_males = 20'001, .of_females = 0}).find("birth years"), std::string::npos);
+  last.birth_year = 2999;
+  last.line = 9;
+  store.birth_years = {.first = 1999, .last = 2999, .count = 1001};
+  EXPECT_EQ(message_on(store, {.of_males = 20'001, .of_females = 0}),
             "dogs.txt: fathers up to 20001 and mothers up to 0 years old (the oldest parent \"F1\" was born on "
-            "31-12-1999, its young \"Y1\" on 1-2-7000): the tables of parents' ages would have more than 20000000 "
-            "figures\n");
+            "31-12-1999, line 812, its young \"Y1\" on 1-2-7000, line 7) and 1001 birth years (in the first one \"F1\" "
+            "was born on 31-12-1999, line 812, in the last one \"Z1\" on 1-1-2999, line 9): the tables of parents' "
+            "ages would have more than 20000000 figures\n");
 }
 
 TEST(CheckParentAges, OldestParentMayBeAMother) {
