@@ -827,6 +827,19 @@ TEST(HostileSignal, KilledRunLeavesTheLastCompleteReport) {
   EXPECT_EQ(next.files.count("dogs.out.last-complete"), 0U);
 }
 
+TEST(HostileSignal, SecondRunInOneFolderNamesNoReportThatTheFirstOneHasRemoved) {
+  Files files = files_with_much_to_say();
+  files["dogs.out"] = "last year's report\n";
+  const WholeRun run = run_program_on(
+      files, shell_script("mkfifo one two; \"$PROGRAM\" >one & first=$!; exec 3<one; head -c 9000 <&3 >/dev/null; "
+                          "\"$PROGRAM\" >two & second=$!; exec 4<two; head -c 9000 <&4 >/dev/null; "
+                          "cat <&3 >/dev/null; wait $first || exit 99; kill -TERM $second; cat <&4 >/dev/null; "
+                          "rm one two; wait $second"));
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(run.messages, "dogs.out: the report could not be written: the run was stopped from outside\n");
+  EXPECT_EQ(run.files.count("dogs.out.last-complete"), 0U);
+}
+
 TEST(HostileSignal, IgnoredSignalsStayIgnored) {
   const RunFolder folder(files_with_much_to_say());
   const WholeRun run = run_program_in(folder, shell_script("trap '' HUP; " + stopped_in_the_middle("HUP")));

@@ -1,6 +1,7 @@
 #include "control/report_file.h"
 
 #include <cerrno>
+#include <cstddef>
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
@@ -37,6 +38,31 @@ bool is_empty_file(const std::string& name) {
   return std::filesystem::file_size(name, error) == 0 && !error;
 }
 
+/// The last bytes of a file, at most `length`; none of a file that cannot be read.
+std::string end_of(const std::string& name, long length) {
+  std::FILE* const file = std::fopen(name.c_str(), "rb");
+  if (file == nullptr) return {};
+  if (std::fseek(file, -length, SEEK_END) != 0) std::rewind(file);  // of a shorter file
+  std::string bytes(static_cast<std::size_t>(length), '\0');
+  bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file));
+  std::fclose(file);
+  return bytes;
+}
+
+/// Whether a report shows by itself that it is not complete: it is empty, or its last line is that of a loop.
+bool is_known_incomplete(const std::string& name) {
+  if (is_empty_file(name)) return true;
+  const std::string end = end_of(name, 40);
+  return end.ends_with("\n program stopped\n") || end.ends_with("\n programma is gestopt\n");
+}
+
+void stop_if_input(const std::string& output, std::span<const std::string> inputs, RunStreams& streams) {
+  for (const std::string& input : inputs) {
+    if (!are_one_file(output, input)) continue;
+    stop_on_file(streams, output, "the report would overwrite an input file of the run");
+  }
+}
+
 /// A report that may not be overwritten is not to be put aside either.
 void stop_if_protected(const std::string& name, RunStreams& streams) {
   std::FILE* const file = std::fopen(name.c_str(), "r+b");
@@ -44,23 +70,31 @@ void stop_if_protected(const std::string& name, RunStreams& streams) {
   std::fclose(file);
 }
 
-/// Puts the report of an earlier run aside.
+/// Puts the report of an earlier run aside, in the place of one that is not complete.
 void put_aside(const std::string& name, const std::string& kept_name, RunStreams& streams) {
   stop_if_protected(name, streams);
-  std::error_code error = std::make_error_code(std::errc::file_exists);
-  if (is_free(kept_name)) std::filesystem::rename(name, kept_name, error);  // which would replace what stands there
-  if (error) {
-    stop_on_file(streams, name, "the last complete report could not be kept as " + kept_name + ": " + error.message());
-  }
+  std::error_code error;
+  std::filesystem::rename(name, kept_name, error);
+  if (!error) return;
+  stop_on_file(streams, name, "the last complete report could not be kept as " + kept_name + ": " + error.message());
+}
+
+/// The name by which the last complete report is kept must be free, or that of a report.
+void check_kept_name(const std::string& kept_name, std::span<const std::string> inputs, RunStreams& streams) {
+  if (is_plain_file(kept_name)) return stop_if_input(kept_name, inputs, streams);
+  if (is_free(kept_name)) return;
+  stop_on_file(streams, kept_name, "this is no plain file, and the last complete report is kept under that name");
 }
 
 /// Sees to it that the last complete report survives this run. Yields the name of the file that keeps it; empty when
 /// there is none.
-std::string keep_last_complete_report(const std::string& name, const std::string& kept_name, RunStreams& streams) {
+std::string keep_last_complete_report(const std::string& name, const std::string& kept_name,
+                                      std::span<const std::string> inputs, RunStreams& streams) {
   const bool is_there = is_plain_file(name);
   if (!is_there && !is_free(name)) return {};  // a link, a device or a folder
-  if (is_plain_file(kept_name)) return kept_name;
-  if (!is_there || is_empty_file(name)) return {};
+  check_kept_name(kept_name, inputs, streams);
+  if (is_plain_file(kept_name) && !is_known_incomplete(kept_name)) return kept_name;
+  if (!is_there || is_known_incomplete(name)) return {};
   put_aside(name, kept_name, streams);
   return kept_name;
 }
@@ -83,22 +117,21 @@ std::FILE* create_report(const std::string& name, const std::string& kept_name, 
   return file;
 }
 
+/// Another run in the same folder may have removed the report that this one has kept.
+bool has_last_complete(const RunStreams& streams) {
+  return !streams.last_complete_report.empty() && is_plain_file(streams.last_complete_report);
+}
+
 void append_last_complete(RunStreams& streams) {
-  if (streams.last_complete_report.empty()) return;
+  if (!has_last_complete(streams)) return;
   append(streams.messages, "; the last complete report is " + streams.last_complete_report);
 }
 
 }  // namespace
 
 void open_report(const std::string& name, std::span<const std::string> inputs, RunStreams& streams) {
-  const std::string kept_name = name + ".last-complete";
-  for (const std::string& output : {name, kept_name}) {
-    for (const std::string& input : inputs) {
-      if (!are_one_file(output, input)) continue;
-      stop_on_file(streams, output, "the report would overwrite an input file of the run");
-    }
-  }
-  streams.last_complete_report = keep_last_complete_report(name, kept_name, streams);
+  stop_if_input(name, inputs, streams);
+  streams.last_complete_report = keep_last_complete_report(name, name + ".last-complete", inputs, streams);
   streams.report.file = create_report(name, streams.last_complete_report, streams);
   std::setvbuf(streams.report.file, nullptr, _IONBF, 0);  // the stream has a buffer of its own
   streams.report.is_essential = true;
@@ -110,7 +143,8 @@ void remove_last_complete_report(RunStreams& streams) {
   const std::string& name = streams.last_complete_report;
   std::error_code error;
   if (name.empty() || std::filesystem::remove(name, error) || !error) return;
-  append(streams.messages, name + ": this report of an earlier run could not be removed: " + error.message());
+  append(streams.messages, name + ": this report of an earlier run could not be removed: " + error.message() +
+                               "; remove it, or the next run takes it for the last complete one");
   end_line(streams.messages);
 }
 
@@ -123,7 +157,7 @@ void remove_incomplete_report(const std::string& reason, RunStreams& streams) {
 }
 
 void leave_incomplete_report(RunStreams& streams) {
-  if (streams.last_complete_report.empty()) return;
+  if (!has_last_complete(streams)) return;
   append(streams.messages, streams.report.name + ": the report is not complete");
   append_last_complete(streams);
   end_line(streams.messages);

@@ -155,23 +155,79 @@ TEST(LastCompleteReport, IsNoEmptyFile) {
   EXPECT_EQ(run.files.count(kept), 0U);
 }
 
-TEST(LastCompleteReport, ThatCannotBeKeptIsNotOverwritten) {
-  const RunFolder folder(with_old_report(good_lines));
-  std::filesystem::create_directory(folder.path(kept));
-  const WholeRun run = run_program_in(folder);
-  EXPECT_EQ(run.exit_status, 1);
-  EXPECT_EQ(run.messages, "dogs.out: the last complete report could not be kept as dogs.out.last-complete: " +
-                              error_text(EEXIST) + "\n");
-  EXPECT_EQ(run.file("dogs.out"), old_report);
-  EXPECT_TRUE(ended_at_the_opening(run));
+/// The report of a run that a loop stopped.
+std::string report_of_a_loop(const std::string& language) {
+  Files files = files_of_lines(loop_lines);
+  files["pedigreewatch.ini"] = SteerLines{.language = language}.text();
+  return run_program_on(files).file("dogs.out");
 }
 
-TEST(LastCompleteReport, DoesNotReplaceALinkOfItsName) {
-  const RunFolder folder(with_old_report(good_lines));
-  std::filesystem::create_symlink("no such file", folder.path(kept));
-  EXPECT_EQ(run_program_in(folder).exit_status, 1);
-  EXPECT_TRUE(std::filesystem::is_symlink(folder.path(kept)));
-  EXPECT_EQ(run_program_in(folder).file("dogs.out"), old_report);
+TEST(LastCompleteReport, IsNoReportOfALoop) {
+  for (const std::string language : {"en", "nl"}) {
+    Files files = files_of_lines(bad_lines);
+    files["dogs.out"] = report_of_a_loop(language);
+    ASSERT_GT(files["dogs.out"].size(), 100U);
+    const WholeRun run = run_program_on(files);
+    EXPECT_TRUE(run.messages.ends_with("was expected\n")) << run.messages;
+    EXPECT_EQ(run.file("dogs.out"), "") << language;
+    EXPECT_EQ(run.files.count(kept), 0U) << language;
+  }
+}
+
+TEST(LastCompleteReport, MayEndInTheWordsOfALoop) {
+  for (const std::string end : {"x program stopped\n", " program stopped\n\n", "xprogramma is gestopt\n"}) {
+    Files files = files_of_lines(bad_lines);
+    files["dogs.out"] = std::string(old_report) + end;
+    EXPECT_EQ(run_program_on(files).file(kept), std::string(old_report) + end);
+  }
+}
+
+TEST(LastCompleteReport, TakesThePlaceOfOneThatIsNotComplete) {
+  for (const std::string& not_complete : {std::string(), report_of_a_loop("en"), report_of_a_loop("nl")}) {
+    Files files = with_old_report(bad_lines);
+    files[kept] = not_complete;
+    const WholeRun run = run_program_on(files);
+    EXPECT_TRUE(run.messages.ends_with(kept_message)) << run.messages;
+    EXPECT_EQ(run.file(kept), old_report) << not_complete;
+  }
+}
+
+TEST(LastCompleteReport, IsNotAnEmptyFileOfItsName) {
+  Files files = files_of_lines(bad_lines);
+  files[kept] = "";
+  const WholeRun run = run_program_on(files);
+  EXPECT_TRUE(run.messages.ends_with("was expected\n")) << run.messages;
+}
+
+constexpr std::string_view no_plain_file =
+    "dogs.out.last-complete: this is no plain file, and the last complete report is kept under that name\n";
+
+TEST(LastCompleteReport, NeedsANameThatNoFolderHas) {
+  for (const Files& files : {files_of_lines(good_lines), with_old_report(good_lines)}) {
+    const RunFolder folder(files);
+    std::filesystem::create_directory(folder.path(kept));
+    const WholeRun run = run_program_in(folder);
+    EXPECT_EQ(run.exit_status, 1);
+    EXPECT_EQ(run.messages, no_plain_file);
+    EXPECT_TRUE(std::filesystem::is_directory(folder.path(kept)));
+    EXPECT_EQ(run.files.count("dogs.out"), files.count("dogs.out"));
+    EXPECT_TRUE(ended_at_the_opening(run));
+  }
+}
+
+TEST(LastCompleteReport, NeedsANameThatNoLinkHas) {
+  for (const Files& files : {files_of_lines(good_lines), with_old_report(good_lines)}) {
+    for (const std::string target : {"no such file", "notes.txt", "dogs.txt"}) {
+      const RunFolder folder(files);
+      std::filesystem::create_symlink(target, folder.path(kept));
+      const WholeRun run = run_program_in(folder);
+      EXPECT_EQ(run.exit_status, 1) << target;
+      EXPECT_EQ(run.messages, no_plain_file) << target;
+      EXPECT_TRUE(std::filesystem::is_symlink(folder.path(kept))) << target;
+      EXPECT_EQ(run.file("dogs.txt"), files.at("dogs.txt")) << target;
+      EXPECT_EQ(run.files.count("dogs.out"), files.count("dogs.out")) << target;
+    }
+  }
 }
 
 TEST(LastCompleteReport, OfALinkIsNotTouched) {
@@ -205,12 +261,29 @@ TEST(RemoveIncompleteReport, SaysWhyAndThatAFileWhichIsNotThereCannotBeRemoved) 
   EXPECT_EQ(
       streams.messages.pending,
       "no such folder/dogs.out: the report could not be written: a reason; what there is of it is not complete\n");
+  const RunFolder folder(Files{{"kept", std::string(old_report)}});
   streams.messages.pending.clear();
-  streams.last_complete_report = "dogs.out.last-complete";
+  streams.last_complete_report = folder.path("kept");
   remove_incomplete_report("a reason", streams);
   EXPECT_EQ(streams.messages.pending,
             "no such folder/dogs.out: the report could not be written: a reason; what there is of it is not complete; "
-            "the last complete report is dogs.out.last-complete\n");
+            "the last complete report is " +
+                folder.path("kept") + "\n");
+}
+
+TEST(LeaveIncompleteReport, NamesTheLastCompleteOneOnlyWhereItIs) {
+  const RunFolder folder(Files{{"kept", std::string(old_report)}, {"folder/", ""}});
+  RunStreams streams;
+  streams.report.name = "dogs.out";
+  for (const std::string none : {"gone", "folder"}) {
+    streams.last_complete_report = folder.path(none);
+    leave_incomplete_report(streams);
+    EXPECT_EQ(streams.messages.pending, "") << none;
+  }
+  streams.last_complete_report = folder.path("kept");
+  leave_incomplete_report(streams);
+  EXPECT_EQ(streams.messages.pending,
+            "dogs.out: the report is not complete; the last complete report is " + folder.path("kept") + "\n");
 }
 
 TEST(RemoveLastCompleteReport, ThatCannotBeRemovedIsTold) {
@@ -219,8 +292,9 @@ TEST(RemoveLastCompleteReport, ThatCannotBeRemovedIsTold) {
   RunStreams streams;
   streams.last_complete_report = folder.path("kept");
   remove_last_complete_report(streams);
-  EXPECT_EQ(streams.messages.pending, folder.path("kept") + ": this report of an earlier run could not be removed: " +
-                                          error_text(ENOTEMPTY) + "\n");
+  EXPECT_EQ(streams.messages.pending,
+            folder.path("kept") + ": this report of an earlier run could not be removed: " + error_text(ENOTEMPTY) +
+                "; remove it, or the next run takes it for the last complete one\n");
 }
 
 }  // namespace
