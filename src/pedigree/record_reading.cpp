@@ -89,14 +89,16 @@ void check_subpopulation(const AnimalRecord& record, RunStreams& streams) {
   report_unknown_subpopulation(record, unknown_subpopulation_in_report, streams.report);
 }
 
-/// The word above a field; empty without a header line.
+/// The word above a field, as far as it was looked at; empty without a header line.
 std::string_view heading_of(std::string_view header_line, std::int64_t field, char delimiter) {
   for (; field > 1; --field) {
     const std::size_t end = header_line.find(delimiter);
     if (end == std::string_view::npos) return {};
     header_line.remove_prefix(end + 1);
   }
-  return without_leading_blanks(without_trailing_blanks(header_line.substr(0, header_line.find(delimiter))));
+  constexpr std::size_t word_length = 16;
+  const std::string_view word = without_leading_blanks(header_line.substr(0, header_line.find(delimiter)));
+  return without_trailing_blanks(word.substr(0, word_length));
 }
 
 void store_birth_date(std::string_view field, const DataFileLayout& layout, const FieldPlace& place,

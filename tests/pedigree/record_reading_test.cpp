@@ -579,6 +579,13 @@ TEST(ReadDataFile, BadDateIsReportedWithTheHeadingAsItStands) {
             "expected\n");
 }
 
+TEST(ReadDataFile, BadDateIsReportedWithTheSixteenCharactersOfTheHeadingThatCount) {
+  const std::string header = "id;sire;dam;sex; dob             \xC3\xA9t\xC3\xA9;name\n";
+  EXPECT_EQ(read_text(header + "b;0;0;m;1-x-2000\n", settings_in(true)).streams.messages.pending,
+            "dogs.txt, line 2, field 5 (dob), character 9: \"1-x-2000\": a date of birth in the layout dd-mm-jjjj was "
+            "expected\n");
+}
+
 TEST(ReadDataFile, BadDateHasNoHeadingWhenTheSteerFileGivesTheColumns) {
   TestLayout settings = settings_in(true);
   settings.column_codes = {id_column, sire_column, dam_column, unused_column, sex_column, birthdate_column};
