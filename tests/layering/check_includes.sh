@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Checks that includes run one way: a file in a room of src/ includes files of its own room and of lower ones only. Says
-# each include that runs upwards.
+# each include that runs upwards, also one in angle brackets.
 #   tests/layering/check_includes.sh SOURCES      SOURCES has the rooms as folders
 #   tests/layering/check_includes.sh --self-test  on a small tree with mistakes in it
 set -euo pipefail
@@ -15,7 +15,8 @@ level_of() {  # level_of ROOM: its place among the rooms, nothing when it is non
 }
 
 check_tree() {  # check_tree SOURCES: prints what is wrong, and fails when anything is
-  local file room number included level own mistakes=0 includes=0
+  local file room number included level own mistakes=0 includes=0 any_room
+  any_room="$(IFS='|' && echo "${rooms[*]}")"
   while IFS=: read -r file number included; do
     room="${file%%/*}"
     own="$(level_of "$room")"
@@ -25,8 +26,8 @@ check_tree() {  # check_tree SOURCES: prints what is wrong, and fails when anyth
       continue
     fi
     includes=$((includes + 1))
-    included="${included#*\"}"
-    included="${included%%\"*}"
+    included="${included#*[<\"]}"
+    included="${included%%[>\"]*}"
     level="$(level_of "${included%%/*}")"
     if [[ -z "$level" || "$included" != */* ]]; then
       echo "src/$file:$number: \"$included\" does not name a room (write \"ROOM/FILE\")"
@@ -36,8 +37,8 @@ check_tree() {  # check_tree SOURCES: prints what is wrong, and fails when anyth
       continue
     fi
     mistakes=$((mistakes + 1))
-  done < <(cd "$1" && grep -rnE --include='*.h' --include='*.cpp' '^[[:space:]]*#[[:space:]]*include[[:space:]]*"' . |
-    sed 's|^\./||' | sort)
+  done < <(cd "$1" && grep -rnE --include='*.h' --include='*.cpp' \
+    "^[[:space:]]*#[[:space:]]*include[[:space:]]*(\"|<($any_room)/)" . | sed 's|^\./||' | sort)
   echo "$includes includes, $mistakes mistakes"
   ((includes > 0 && mistakes == 0))
 }
@@ -52,7 +53,7 @@ self_test() {
   if check_tree "$tree" >/dev/null; then fail "a tree without any include passes"; fi
 
   mkdir "$tree"/{core,genetics,control}
-  echo '#include <vector>' >"$tree/core/text.h"
+  printf '#include <vector>\n#include <sys/resource.h>\n' >"$tree/core/text.h"
   echo '#include "core/text.h"' >"$tree/core/text.cpp"
   printf '#include "genetics/rates.h"\n\n#include "core/text.h"\n' >"$tree/genetics/rates.cpp"
   echo '#include "genetics/rates.h"' >"$tree/control/main.cpp"
@@ -68,6 +69,7 @@ self_test() {
   }
   expect_mistake core/up.h '#include "control/driver.h"' 'src/core/up.h:1: "control/driver.h" is above core'
   expect_mistake genetics/up.cpp '  #  include "statistics/ages.h"  // why' '"statistics/ages.h" is above genetics'
+  expect_mistake core/angle.cpp '#include <control/driver.h>' 'src/core/angle.cpp:1: "control/driver.h" is above core'
   expect_mistake core/bare.cpp '#include "text.h"' '"text.h" does not name a room'
   expect_mistake core/other.cpp '#include "attic/text.h"' '"attic/text.h" does not name a room'
   expect_mistake attic/new.cpp '#include "core/text.h"' 'attic is no room'
