@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstddef>
 #include <numeric>
 #include <vector>
 

@@ -40,9 +40,9 @@ Lines empty_word(std::int32_t column_no) {
           "  Column " + number(column_no) + "  will be skipped"};
 }
 
-std::string joined(std::initializer_list<Lines> groups) {
+std::string console_of(std::initializer_list<Lines> groups) {
   std::string text;
-  for (const Lines& group : groups) text += test::joined(group);
+  for (const Lines& group : groups) text += joined(group);
   return text;
 }
 
@@ -73,7 +73,7 @@ Header read_merged(std::string_view line) {
 TEST(ReadHeaderLine, ReportsEveryWordInEnglish) {
   const Header header = read_header("id;weight;dam");
   EXPECT_EQ(header.codes, (Codes{id_column, unused_column, dam_column}));
-  EXPECT_EQ(header.console, joined({found(1, "id"), not_recognised(2, "weight"), found(3, "dam")}));
+  EXPECT_EQ(header.console, console_of({found(1, "id"), not_recognised(2, "weight"), found(3, "dam")}));
 }
 
 TEST(ReadHeaderLine, ReportsEveryWordInDutch) {
@@ -97,24 +97,24 @@ TEST(ReadHeaderLine, ReportsEveryWordInDutch) {
 TEST(ReadHeaderLine, LineThatEndsInADelimiterHasOneMoreBlankWord) {
   const Header header = read_header("id;sire;");
   EXPECT_EQ(header.codes, (Codes{id_column, sire_column}));
-  EXPECT_EQ(header.console, joined({found(1, "id"), found(2, "sire"), not_recognised(3, "")}));
+  EXPECT_EQ(header.console, console_of({found(1, "id"), found(2, "sire"), not_recognised(3, "")}));
 }
 
 TEST(ReadHeaderLine, LineThatEndsInADelimiterHasABlankWordWhenDelimitersAreMergedToo) {
-  EXPECT_EQ(read_merged("id;").console, joined({found(1, "id"), not_recognised(2, "")}));
+  EXPECT_EQ(read_merged("id;").console, console_of({found(1, "id"), not_recognised(2, "")}));
 }
 
 TEST(ReadHeaderLine, BlanksAroundAWordDoNotMatter) {
   const Header header = read_header("   id  ;  sire;dam    ;    name dad");
   EXPECT_EQ(header.codes, (Codes{id_column, sire_column, dam_column, sire_name_column}));
-  EXPECT_EQ(header.console, joined({found(1, "id"), found(2, "sire"), found(3, "dam"), found(4, "name dad")}));
+  EXPECT_EQ(header.console, console_of({found(1, "id"), found(2, "sire"), found(3, "dam"), found(4, "name dad")}));
 }
 
 TEST(ReadHeaderLine, WordIsCutTo16CharactersAndThenNeverFound) {
   const Header header = read_header("subpopulation1234;abcdefghijklmnopqrstuvwxyz;   abcdefghijklmnop");
   EXPECT_EQ(header.codes, Codes{});
-  EXPECT_EQ(header.console, joined({not_recognised(1, "subpopulation123"), not_recognised(2, "abcdefghijklmnop"),
-                                    not_recognised(3, "abcdefghijklmnop")}));
+  EXPECT_EQ(header.console, console_of({not_recognised(1, "subpopulation123"), not_recognised(2, "abcdefghijklmnop"),
+                                        not_recognised(3, "abcdefghijklmnop")}));
 }
 
 TEST(ReadHeaderLine, TabSeparatesWords) {
@@ -126,14 +126,14 @@ TEST(ReadHeaderLine, TabSeparatesWords) {
 TEST(ReadHeaderLine, EmptyWordIsReportedTwice) {
   const Header header = read_header(";id;;dam");
   EXPECT_EQ(header.codes, (Codes{unused_column, id_column, unused_column, dam_column}));
-  EXPECT_EQ(header.console, joined({empty_word(1), not_recognised(1, ""), found(2, "id"), empty_word(3),
-                                    not_recognised(3, ""), found(4, "dam")}));
+  EXPECT_EQ(header.console, console_of({empty_word(1), not_recognised(1, ""), found(2, "id"), empty_word(3),
+                                        not_recognised(3, ""), found(4, "dam")}));
 }
 
 TEST(ReadHeaderLine, MergedDelimitersInARowEndTheHeaderWithoutAMessage) {
   const Header header = read_merged("id;sire;;dam;sex;dob");
   EXPECT_EQ(header.codes, (Codes{id_column, sire_column}));
-  EXPECT_EQ(header.console, joined({found(1, "id"), found(2, "sire")}));
+  EXPECT_EQ(header.console, console_of({found(1, "id"), found(2, "sire")}));
 }
 
 TEST(ReadHeaderLine, MergedDelimiterAtTheStartLeavesNoColumnAtAll) {
@@ -150,7 +150,7 @@ TEST(ReadHeaderLine, WordsBehindThe25thAreIgnoredWithoutAMessage) {
     groups.push_back(not_recognised(c, "x" + std::to_string(c)));
   }
   std::string expected;
-  for (const Lines& group : groups) expected += test::joined(group);
+  for (const Lines& group : groups) expected += joined(group);
   const Header header = read_header(line + ";sire;dam");
   EXPECT_EQ(header.codes, Codes{id_column});
   EXPECT_EQ(header.console, expected);
@@ -168,25 +168,25 @@ TEST(ReadHeaderLine, WordThatBeginsInColumn599Counts) {
   // Columns 1 to 597, the delimiter in column 598, then "id" in 599 and 600.
   const Header header = read_header("sire" + std::string(593, ' ') + ";id");
   EXPECT_EQ(header.codes, (Codes{sire_column, id_column}));
-  EXPECT_EQ(header.console, joined({found(1, "sire"), found(2, "id")}));
+  EXPECT_EQ(header.console, console_of({found(1, "sire"), found(2, "id")}));
 }
 
 TEST(ReadHeaderLine, WordThatWouldBeginInColumn600IsNotLookedAt) {
   const Header header = read_header("sire" + std::string(594, ' ') + ";x");
   EXPECT_EQ(header.codes, Codes{sire_column});
-  EXPECT_EQ(header.console, joined({found(1, "sire")}));
+  EXPECT_EQ(header.console, console_of({found(1, "sire")}));
 }
 
 TEST(ReadHeaderLine, DelimiterInColumn599BehindOneIn598IsAnEmptyWord) {
   const Header header = read_header("sire" + std::string(593, ' ') + ";;x");
   EXPECT_EQ(header.codes, Codes{sire_column});
-  EXPECT_EQ(header.console, joined({found(1, "sire"), empty_word(2), not_recognised(2, "")}));
+  EXPECT_EQ(header.console, console_of({found(1, "sire"), empty_word(2), not_recognised(2, "")}));
 }
 
 TEST(ReadHeaderLine, WordIsCutAtColumn600) {
   const Header header = read_header("sire" + std::string(590, ' ') + ";name_dad");  // "name_" is left of it
   EXPECT_EQ(header.codes, Codes{sire_column});
-  EXPECT_EQ(header.console, joined({found(1, "sire"), not_recognised(2, "name_")}));
+  EXPECT_EQ(header.console, console_of({found(1, "sire"), not_recognised(2, "name_")}));
 }
 
 TEST(ReadHeaderLine, BlankAsDelimiterFindsEmptyWordsBehindTheLine) {
@@ -194,8 +194,8 @@ TEST(ReadHeaderLine, BlankAsDelimiterFindsEmptyWordsBehindTheLine) {
   settings.delimiter = ' ';
   const Header header = read_header("id sire", settings);
   EXPECT_EQ(header.codes, (Codes{id_column, sire_column}));
-  std::string expected = joined({found(1, "id"), found(2, "sire")});
-  for (std::int32_t c = 3; c <= 25; ++c) expected += joined({empty_word(c), not_recognised(c, "")});
+  std::string expected = console_of({found(1, "id"), found(2, "sire")});
+  for (std::int32_t c = 3; c <= 25; ++c) expected += console_of({empty_word(c), not_recognised(c, "")});
   EXPECT_EQ(header.console, expected);
 }
 
@@ -205,12 +205,12 @@ TEST(ReadHeaderLine, BlankAsMergedDelimiterIsSilentBehindTheLine) {
   settings.merge_delimiters = true;
   const Header header = read_header("id sire dam", settings);
   EXPECT_EQ(header.codes, (Codes{id_column, sire_column, dam_column}));
-  EXPECT_EQ(header.console, joined({found(1, "id"), found(2, "sire"), found(3, "dam")}));
+  EXPECT_EQ(header.console, console_of({found(1, "id"), found(2, "sire"), found(3, "dam")}));
 }
 
 TEST(ReadHeaderLine, BlankLineIsOneBlankWord) {
-  EXPECT_EQ(read_header("").console, joined({not_recognised(1, "")}));
-  EXPECT_EQ(read_merged("").console, joined({not_recognised(1, "")}));
+  EXPECT_EQ(read_header("").console, console_of({not_recognised(1, "")}));
+  EXPECT_EQ(read_merged("").console, console_of({not_recognised(1, "")}));
 }
 
 // ---- the map and its announcement --------------------------------------------------------------------------------
@@ -377,12 +377,12 @@ TEST(ReadColumns, UnknownHeaderWordMeansItsColumnIsMissing) {
   const Columns columns = read("id;id_father;dam;sex;dob\n", settings_in(true));
   EXPECT_TRUE(columns.has_stopped);
   EXPECT_EQ(columns.streams.console.pending,
-            joined({found(1, "id"),
-                    not_recognised(2, "id_father"),
-                    found(3, "dam"),
-                    found(4, "sex"),
-                    found(5, "dob"),
-                    {" Column number            1  is interpreted as id of animals"}}) +
+            console_of({found(1, "id"),
+                        not_recognised(2, "id_father"),
+                        found(3, "dam"),
+                        found(4, "sex"),
+                        found(5, "dob"),
+                        {" Column number            1  is interpreted as id of animals"}}) +
                 missing_columns[1].english);
 }
 
@@ -400,7 +400,7 @@ TEST(ReadColumns, HeaderIsReadWhenTheSteerFileGivesNoCodes) {
   EXPECT_EQ(columns.lines_read, 1);
   EXPECT_EQ(columns.codes, (Codes{1, 2, 3, 7, 8}));
   EXPECT_EQ(columns.streams.console.pending,
-            joined({found(1, "id"), found(2, "sire"), found(3, "dam"), found(4, "sex"), found(5, "dob")}) +
+            console_of({found(1, "id"), found(2, "sire"), found(3, "dam"), found(4, "sex"), found(5, "dob")}) +
                 " Column number            1  is interpreted as id of animals\n"
                 " Column number            2  is interpreted as id of the fathers of animals\n"
                 " Column number            3  is interpreted as id of the mothers of animals\n"

@@ -31,8 +31,8 @@ Listing list_of(std::string_view numbered, bool english = true) {
   return list_of(numbered_store(numbered), english);
 }
 
-/// Texts filled up with blanks to one width and joined.
-std::string joined(const std::vector<std::string>& texts, std::size_t width) {
+/// Texts one behind another, each filled up with blanks to the same width.
+std::string in_columns(const std::vector<std::string>& texts, std::size_t width) {
   std::string all;
   for (const std::string& text : texts) all += text + std::string(width - text.size(), ' ');
   return all;
@@ -64,13 +64,13 @@ TEST(BreederList, HoldsTheDifferentBreedersInOrderOfFirstAppearance) {
       "2000 breeder=Jansen\n2000\n2000 breeder=De_Groot\n2000 breeder=Jansen\n2000 breeder=jansen\n2030 "
       "breeder=Laat__x\n");
   EXPECT_EQ(listing.breeders.breeder_count, 4);
-  EXPECT_EQ(listing.breeders.text, joined({"Jansen", "De Groot", "jansen", "Laat  x"}, 20));
+  EXPECT_EQ(listing.breeders.text, in_columns({"Jansen", "De Groot", "jansen", "Laat  x"}, 20));
   EXPECT_EQ(listing.breeders.entry(2), "De Groot            ");
 }
 
 TEST(BreederList, SlotsLieEndToEndOverTheEntries) {
   BreederList list;
-  list.text = joined({"Abcdefghijklmnopqrst", "Uvw"}, 20);
+  list.text = in_columns({"Abcdefghijklmnopqrst", "Uvw"}, 20);
   list.breeder_count = 2;
   EXPECT_EQ(list.slot(1), "Abcdefg");
   EXPECT_EQ(list.slot(2), "hijklmn");
@@ -213,7 +213,7 @@ TEST(BreederList, RemainingSlotsFollowInTheirOldOrder) {
   add_animals(store, chosen, 1);
   const Listing listing = list_of(store);
   EXPECT_EQ(chosen_slots(listing.console), (std::vector<int>{12, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
-  EXPECT_EQ(listing.breeders.text, chosen + text.substr(0, 77) + text.substr(84) + joined({chosen}, 20));
+  EXPECT_EQ(listing.breeders.text, chosen + text.substr(0, 77) + text.substr(84) + in_columns({chosen}, 20));
 }
 
 TEST(BreederList, AnimalsBornTenYearsBeforeTheLastYearDoNotCount) {
