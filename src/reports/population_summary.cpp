@@ -1,12 +1,16 @@
+// Fixed texts with figures between them, from `PopulationSummary`: litters per year, the breeding animals of both sexes
+// each with an explanation behind a margin, the most used sires, then the two distributions. The field lists of the
+// explanation differ by language, because each text stands in a field of just its own length.
+
 #include "reports/population_summary.h"
 
-#include <algorithm>
+#include <iterator>
+#include <optional>
 
 namespace pedigreewatch {
 namespace {
 
 constexpr std::size_t rule_length = 73;
-constexpr float percent = 100.0F;
 
 constexpr Wording title = {"     Summary population data", "     Samenvatting populatie data"};
 constexpr Wording based_on = {"     based on", "     gebaseerd op"};
@@ -69,12 +73,12 @@ constexpr BreedingWording sire_wording = {
     .not_yet_fields = {"A73", "A84"},
 };
 
-LineItem truncated_quotient(std::int64_t dividend, std::int64_t divisor) {
-  return divisor == 0 ? LineItem(UndefinedInteger{}) : LineItem(dividend / divisor);
+LineItem item_of(const std::optional<std::int64_t>& count) {
+  return count ? LineItem(*count) : LineItem(UndefinedInteger{});
 }
 
 void write_breeding_stock(const ReportFrame& frame, const BreedingWording& wording, const BreedingStock& stock,
-                          float replacement_shown, const SummaryYears& years) {
+                          float replacement_percent, const SummaryYears& years) {
   TextOutput& report = frame.report;
   write_heading(frame, wording.title);
   write_format_line(report, "F13.0", {stock.available});
@@ -82,53 +86,36 @@ void write_breeding_stock(const ReportFrame& frame, const BreedingWording& wordi
   write_heading(frame, explanation);
   write_free_line(report, {explanation_based_on, frame.years().year_of(years.first), to_year,
                            frame.years().year_of(years.last_parents)});
-  write_format_line(report, wording.born_fields,
-                    {margin, truncated_quotient(stock.later_parents, years.length), wording.born});
-  write_format_line(report, wording.replaced_fields, {margin, replacement_shown * percent, wording.replaced});
+  write_format_line(report, wording.born_fields, {margin, item_of(stock.later_parents_per_year), wording.born});
+  write_format_line(report, wording.replaced_fields, {margin, replacement_percent, wording.replaced});
   write_format_line(report, wording.including_fields, {giving_total, stock.total, wording.including});
   write_format_line(report, wording.not_yet_fields, {wording.not_yet});
   write_format_line(report, and_fields, {and_available, stock.available, excluding_young});
   write_blank_line(report);
 }
 
-void write_litter_size_fractions(const ReportFrame& frame, const NumberedList<float>& fractions) {
+void write_litter_sizes(const ReportFrame& frame, const NumberedList<float>& percentages) {
   write_heading(frame, litter_size);
-  write_free_line(frame.report, {number_of_sizes, fractions.count()});
+  write_free_line(frame.report, {number_of_sizes, percentages.count()});
   write_heading(frame, sizes_heading);
-  for (std::int32_t size = 1; size <= fractions.count(); ++size) {
-    write_format_line(frame.report, "5X,I3,8X,F8.0", {size, fractions.at(size) * percent});
+  for (std::int32_t size = 1; size <= percentages.count(); ++size) {
+    write_format_line(frame.report, "5X,I3,8X,F8.0", {size, percentages.at(size)});
   }
   write_blank_line(frame.report);
 }
 
-/// The highest age that is worth a line.
-std::int32_t largest_kept_age(const NumberedList<float>& fractions) {
-  constexpr float least_fraction = 0.01F;
-  std::int32_t age = fractions.count();
-  while (age > 0 && !(fractions.at(age) > least_fraction)) --age;
-  return age;
-}
-
-void write_age_fractions(const ReportFrame& frame, const BySex<NumberedList<float>>& fractions) {
-  const NumberedList<float>& of_sires = fractions.of(male);
-  const NumberedList<float>& of_dams = fractions.of(female);
-  const std::int32_t ages = std::max(largest_kept_age(of_sires), largest_kept_age(of_dams));
+void write_ages(const ReportFrame& frame, const std::vector<AgeRow>& rows) {
   write_heading(frame, parents_age);
-  write_free_line(frame.report, {number_of_ages, ages});
+  write_free_line(frame.report, {number_of_ages, std::ssize(rows)});
   write_headings(frame, ages_headings);
-  for (std::int32_t age = 1; age <= ages; ++age) {
-    // Above the oldest sire both columns show 0, the mothers' too.
-    const bool has_sires = age <= of_sires.count();
-    const float sires = has_sires ? of_sires.at(age) : 0.0F;
-    const float dams = has_sires && age <= of_dams.count() ? of_dams.at(age) : 0.0F;
-    write_format_line(frame.report, "I6,3X,F7.0,3X,F7.0", {age, sires * percent, dams * percent});
-  }
+  for (const AgeRow& row : rows) write_format_line(frame.report, "I6,3X,F7.0,3X,F7.0", {row.age, row.sires, row.dams});
 }
 
 }  // namespace
 
 void write_summary(const ReportFrame& frame, const PopulationSummary& summary) {
-  constexpr float rounding = 0.5F;  // added before the field rounds
+  // Two figures have a half added before the field rounds them, so that 10.2 is shown as 11.
+  constexpr float half = 0.5F;
   const SummaryYears& years = summary.years;
   TextOutput& report = frame.report;
   write_rule(report, rule_length);
@@ -138,21 +125,21 @@ void write_summary(const ReportFrame& frame, const PopulationSummary& summary) {
   write_rule(report, rule_length);
 
   write_heading(frame, litters_per_year);
-  write_format_line(report, "F13.0", {summary.litters_per_year + rounding});
+  write_format_line(report, "F13.0", {summary.litters_per_year + half});
   write_blank_line(report);
 
   const BreedingStock& dams = summary.stock.of(female);
   const BreedingStock& sires = summary.stock.of(male);
-  write_breeding_stock(frame, dam_wording, dams, dams.replacement, years);
+  write_breeding_stock(frame, dam_wording, dams, dams.replacement_percent, years);
   // The Dutch report shows the females' share for the males.
-  const float replacement_of_sires = report.is_english ? sires.replacement : dams.replacement;
-  write_breeding_stock(frame, sire_wording, sires, replacement_of_sires, years);
+  const float shown_for_sires = report.is_english ? sires.replacement_percent : dams.replacement_percent;
+  write_breeding_stock(frame, sire_wording, sires, shown_for_sires, years);
 
   write_heading(frame, most_popular_sires);
-  write_format_line(report, "F13.0,A1", {summary.share_of_four + rounding, "%"});
+  write_format_line(report, "F13.0,A1", {summary.share_of_four + half, "%"});
   write_blank_line(report);
-  write_litter_size_fractions(frame, summary.litter_fractions);
-  write_age_fractions(frame, summary.age_fractions);
+  write_litter_sizes(frame, summary.litter_percentages);
+  write_ages(frame, summary.ages);
   write_blank_line(report);
   write_rule(report, rule_length);
 }

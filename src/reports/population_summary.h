@@ -6,6 +6,7 @@
 
 namespace pedigreewatch {
 
+/// Writes the summary between its rules; only the block of the whole population has one.
 void write_summary(const ReportFrame& frame, const PopulationSummary& summary);
 
 }  // namespace pedigreewatch

@@ -1,3 +1,6 @@
+// Figures rest on the years before the last one, but for the litter sizes, which are counted in all years. Fractions
+// become percentages once everything that follows from them has been derived.
+
 #include "statistics/population_summary.h"
 
 #include <algorithm>
@@ -6,6 +9,8 @@
 
 namespace pedigreewatch {
 namespace {
+
+constexpr float percent = 100.0F;
 
 SummaryYears years_of_summary(std::int32_t year_count) {
   SummaryYears years;
@@ -51,11 +56,34 @@ BreedingStock derive_breeding_stock(NumberedList<float> fractions, std::int64_t 
   float sum = 0.0F;
   for (const float fraction : fractions.entries) sum += fraction;
   BreedingStock stock;
-  stock.later_parents = later_parents;
-  stock.replacement = (fractions.count() == 0 ? 0.0F : fractions.at(1)) / sum;
-  stock.total = quotient(later_parents, years.length) / stock.replacement;
+  const float replacement = (fractions.count() == 0 ? 0.0F : fractions.at(1)) / sum;
+  if (years.length != 0) stock.later_parents_per_year = later_parents / years.length;
+  stock.replacement_percent = replacement * percent;
+  stock.total = quotient(later_parents, years.length) / replacement;
   stock.available = stock.total / sum;
   return stock;
+}
+
+/// The highest age that is worth a line.
+std::int32_t largest_kept_age(const NumberedList<float>& fractions) {
+  constexpr float least_fraction = 0.01F;
+  std::int32_t age = fractions.count();
+  while (age > 0 && !(fractions.at(age) > least_fraction)) --age;
+  return age;
+}
+
+std::vector<AgeRow> rows_of_ages(const BySex<NumberedList<float>>& fractions) {
+  const NumberedList<float>& of_sires = fractions.of(male);
+  const NumberedList<float>& of_dams = fractions.of(female);
+  const std::int32_t ages = std::max(largest_kept_age(of_sires), largest_kept_age(of_dams));
+  std::vector<AgeRow> rows;
+  for (std::int32_t age = 1; age <= ages; ++age) {
+    const bool has_sires = age <= of_sires.count();
+    const float sires = has_sires ? of_sires.at(age) : 0.0F;
+    const float dams = has_sires && age <= of_dams.count() ? of_dams.at(age) : 0.0F;
+    rows.push_back({age, sires * percent, dams * percent});
+  }
+  return rows;
 }
 
 /// The sum of the four largest shares, year by year, divided by the number of years.
@@ -69,7 +97,7 @@ float mean_share_of_four(const YearRows<TopSireRow>& top_sires, const SummaryYea
   return sum / real(years.length);
 }
 
-NumberedList<float> fractions_of_sizes(const YearRows<LitterCounts>& litters) {
+NumberedList<float> percentages_of_sizes(const YearRows<LitterCounts>& litters) {
   NumberedList<std::int64_t> by_size;
   std::int64_t all = 0;
   for (std::int32_t size = 1; size <= largest_litter; ++size) {
@@ -82,12 +110,12 @@ NumberedList<float> fractions_of_sizes(const YearRows<LitterCounts>& litters) {
   const auto is_kept = [&](std::int64_t count) { return real(count) > mean; };
   std::int64_t kept_litters = 0;
   for (const std::int64_t count : by_size.entries) kept_litters += is_kept(count) ? count : 0;
-  NumberedList<float> fractions;
+  NumberedList<float> percentages;
   for (const std::int64_t count : by_size.entries) {
-    fractions.add(is_kept(count) ? quotient(count, kept_litters) : 0.0F);
+    percentages.add((is_kept(count) ? quotient(count, kept_litters) : 0.0F) * percent);
   }
-  while (fractions.count() > 0 && !is_kept(by_size.at(fractions.count()))) fractions.entries.pop_back();
-  return fractions;
+  while (percentages.count() > 0 && !is_kept(by_size.at(percentages.count()))) percentages.entries.pop_back();
+  return percentages;
 }
 
 }  // namespace
@@ -98,13 +126,15 @@ PopulationSummary summarise_population(const BirthYears& birth_years, const Moni
   const SummaryYears& years = summary.years = years_of_summary(birth_years.count);
   const std::int64_t litters = litters_born(tables.litters, years);
   summary.litters_per_year = quotient(litters, years.length);
+  BySex<NumberedList<float>> age_fractions;
   for (const Sex sex : {female, male}) {
-    summary.age_fractions.of(sex) = fractions_of_ages(tables.age_classes.of(sex), years);
+    age_fractions.of(sex) = fractions_of_ages(tables.age_classes.of(sex), years);
     summary.stock.of(sex) =
-        derive_breeding_stock(summary.age_fractions.of(sex), parents_born(tables.parent_counts, sex, years), years);
+        derive_breeding_stock(age_fractions.of(sex), parents_born(tables.parent_counts, sex, years), years);
   }
   summary.share_of_four = mean_share_of_four(top_sires, years);
-  summary.litter_fractions = fractions_of_sizes(tables.litters);
+  summary.litter_percentages = percentages_of_sizes(tables.litters);
+  summary.ages = rows_of_ages(age_fractions);
   return summary;
 }
 

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <vector>
 
 #include "core/birth_years.h"
 #include "core/by_number.h"
@@ -24,10 +26,17 @@ struct SummaryYears {
 /// How many animals of one sex can be used for breeding in a year. Nothing is guarded: without known ages all reals are
 /// not a number.
 struct BreedingStock {
-  std::int64_t later_parents = 0;  ///< animals of the years that became parents
-  float replacement = 0.0F;        ///< share of the breeding animals that is replaced each year, 0 to 1
-  float total = 0.0F;              ///< including those that do not breed yet
+  /// Animals of the years that became parents, divided by the length and truncated; none when the length is 0.
+  std::optional<std::int64_t> later_parents_per_year;
+  float replacement_percent = 0.0F;  ///< of the breeding animals that are replaced each year
+  float total = 0.0F;                ///< including those that do not breed yet
   float available = 0.0F;
+};
+
+/// The parents of one age in years, in percent of all sires or dams; not a number when no age of theirs is known.
+struct AgeRow {
+  std::int32_t age = 0;
+  float sires = 0.0F, dams = 0.0F;  ///< above the age of the oldest sire both are 0, whatever the dams are
 };
 
 struct PopulationSummary {
@@ -36,12 +45,11 @@ struct PopulationSummary {
   BySex<BreedingStock> stock;
   float share_of_four = 0.0F;  ///< of the four most used sires of each year, in percent; the mean over the years
 
-  /// For each litter size its share of the litters; 0 for a size that occurs no more often than the mean of all hundred
-  /// sizes. Up to the largest size that does.
-  NumberedList<float> litter_fractions;
+  /// For each litter size its share of the litters in percent; 0 for a size that occurs no more often than the mean of
+  /// all hundred sizes. Up to the largest size that does.
+  NumberedList<float> litter_percentages;
 
-  /// For each age in years the share of the parents of that age; not a number when no age is known.
-  BySex<NumberedList<float>> age_fractions;
+  std::vector<AgeRow> ages;  ///< up to the highest age that more than a hundredth of the sires or of the dams have
 };
 
 PopulationSummary summarise_population(const BirthYears& years, const MonitorTables& tables,

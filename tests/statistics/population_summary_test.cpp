@@ -104,10 +104,27 @@ TEST(PopulationSummary, LittersPerYear) {
   EXPECT_FLOAT_EQ(eight_years().summary().litters_per_year, 61.0F / 6.0F);
 }
 
-TEST(PopulationSummary, FractionsOfTheParentsAges) {
-  const PopulationSummary summary = eight_years().summary();
-  EXPECT_EQ(summary.age_fractions.of(male).entries, (Reals{0.6F, 0.4F}));
-  EXPECT_EQ(summary.age_fractions.of(female).entries, (Reals{0.2F, 0.5F, 0.3F}));
+void expect_ages(const std::vector<AgeRow>& rows, const Reals& sires, const Reals& dams) {
+  ASSERT_EQ(rows.size(), sires.size());
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    EXPECT_EQ(rows[i].age, static_cast<std::int32_t>(i) + 1);
+    EXPECT_FLOAT_EQ(rows[i].sires, sires[i]) << rows[i].age;
+    EXPECT_FLOAT_EQ(rows[i].dams, dams[i]) << rows[i].age;
+  }
+}
+
+TEST(PopulationSummary, PercentagesOfTheParentsAgesWithNoneAboveTheOldestSire) {
+  // Three tenths of the dams are three years old, which is above the oldest sire.
+  expect_ages(eight_years().summary().ages, {60, 40, 0}, {20, 50, 0});
+}
+
+TEST(PopulationSummary, AgesUpToTheHighestThatIsMoreThanAHundredthOfEitherSex) {
+  SummaryInput input(3, 4, 3);
+  input.put_ages(male, 1, {950, 4, 36, 10});
+  input.put_ages(female, 2, {98, 1, 1});
+  expect_ages(input.summary().ages, {95, 0.4F, 3.6F}, {98, 1, 1});
+  input.put_ages(male, 1, {985, 15, 0, 0});
+  expect_ages(input.summary().ages, {98.5F, 1.5F}, {98, 1});
 }
 
 TEST(PopulationSummary, BreedingStockOfFractionsThatNeverRiseWithAge) {
@@ -115,13 +132,13 @@ TEST(PopulationSummary, BreedingStockOfFractionsThatNeverRiseWithAge) {
   // Sires: v is 0.6, 0.4, its sum 1; r = 0.6; 20 / 6 are born, T = 20 / 6 / 0.6 = A.
   const PopulationSummary summary = eight_years().summary();
   const BreedingStock& dams = summary.stock.of(female);
-  EXPECT_EQ(dams.later_parents, 30);
-  EXPECT_FLOAT_EQ(dams.replacement, 0.5F / 1.3F);
+  EXPECT_EQ(dams.later_parents_per_year, 5);
+  EXPECT_FLOAT_EQ(dams.replacement_percent, 50.0F / 1.3F);
   EXPECT_FLOAT_EQ(dams.total, 13.0F);
   EXPECT_FLOAT_EQ(dams.available, 10.0F);
   const BreedingStock& sires = summary.stock.of(male);
-  EXPECT_EQ(sires.later_parents, 20);
-  EXPECT_FLOAT_EQ(sires.replacement, 0.6F);
+  EXPECT_EQ(sires.later_parents_per_year, 3);
+  EXPECT_FLOAT_EQ(sires.replacement_percent, 60.0F);
   EXPECT_FLOAT_EQ(sires.total, 20.0F / 3.6F);
   EXPECT_FLOAT_EQ(sires.available, 20.0F / 3.6F);
 }
@@ -139,10 +156,10 @@ TEST(PopulationSummary, WithThreeYearsOneYearsParentsAreDividedByTwo) {
   input.put_later_parents(3, 500, 500);
   const PopulationSummary summary = input.summary();
   EXPECT_EQ(summary.litters_per_year, 5.0F);
-  EXPECT_EQ(summary.stock.of(female).later_parents, 12);
+  EXPECT_EQ(summary.stock.of(female).later_parents_per_year, 6);
   EXPECT_EQ(summary.stock.of(female).available, 6.0F);
   EXPECT_EQ(summary.stock.of(male).available, 4.0F);
-  EXPECT_EQ(summary.stock.of(male).replacement, 1.0F);
+  EXPECT_EQ(summary.stock.of(male).replacement_percent, 100.0F);
 }
 
 TEST(PopulationSummary, ShareOfTheFourMostUsedSires) {
@@ -152,7 +169,10 @@ TEST(PopulationSummary, ShareOfTheFourMostUsedSires) {
 TEST(PopulationSummary, LitterSizesThatOccurMoreOftenThanTheMeanOfAllHundred) {
   // 150 of 152 litters are kept: 50, 60 and 40. Sizes 1 and 7 occur once, which is below 1.52.
   const PopulationSummary summary = eight_years().summary();
-  EXPECT_EQ(summary.litter_fractions.entries, (Reals{0, 0, 50.0F / 150.0F, 60.0F / 150.0F, 0, 40.0F / 150.0F}));
+  const Reals& percentages = summary.litter_percentages.entries;
+  const Reals expected = {0, 0, 100.0F / 3.0F, 40, 0, 80.0F / 3.0F};
+  ASSERT_EQ(percentages.size(), expected.size());
+  for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_FLOAT_EQ(percentages[i], expected[i]) << i + 1;
 }
 
 TEST(PopulationSummary, ASizeAsFrequentAsTheMeanIsNotKept) {
@@ -160,26 +180,33 @@ TEST(PopulationSummary, ASizeAsFrequentAsTheMeanIsNotKept) {
   SummaryInput input(3, 0, 0);
   input.tables.litters.at(1).of_size(1) = 99;
   input.tables.litters.at(2).of_size(9) = 1;
-  EXPECT_EQ(input.summary().litter_fractions.entries, (Reals{1.0F}));
+  EXPECT_EQ(input.summary().litter_percentages.entries, (Reals{100}));
 }
 
 TEST(PopulationSummary, WithoutLittersNoSizeIsKept) {
-  EXPECT_EQ(SummaryInput(3, 0, 0).summary().litter_fractions.count(), 0);
+  EXPECT_EQ(SummaryInput(3, 0, 0).summary().litter_percentages.count(), 0);
 }
 
-TEST(PopulationSummary, AgesUnknownToAllLeaveFractionsThatAreNotANumber) {
+TEST(PopulationSummary, AgesUnknownToAllLeaveNoRowAndFiguresThatAreNotANumber) {
   SummaryInput input(3, 2, 0);
   input.put_later_parents(1, 8, 12);
   const PopulationSummary summary = input.summary();
-  ASSERT_EQ(summary.age_fractions.of(male).count(), 2);
-  EXPECT_TRUE(std::isnan(summary.age_fractions.of(male).at(1)));
-  EXPECT_EQ(summary.age_fractions.of(female).count(), 0);
+  EXPECT_TRUE(summary.ages.empty());
   for (const Sex sex : {male, female}) {
-    EXPECT_TRUE(std::isnan(summary.stock.of(sex).replacement));
+    EXPECT_TRUE(std::isnan(summary.stock.of(sex).replacement_percent));
     EXPECT_TRUE(std::isnan(summary.stock.of(sex).total));
     EXPECT_TRUE(std::isnan(summary.stock.of(sex).available));
   }
-  EXPECT_EQ(summary.stock.of(male).later_parents, 8);
+  EXPECT_EQ(summary.stock.of(male).later_parents_per_year, 4);
+}
+
+TEST(PopulationSummary, SiresOfUnknownAgeBesideDamsOfKnownAgeAreNotANumber) {
+  SummaryInput input(3, 1, 1);
+  input.put_ages(female, 1, {3});
+  const PopulationSummary summary = input.summary();
+  ASSERT_EQ(summary.ages.size(), 1U);
+  EXPECT_TRUE(std::isnan(summary.ages[0].sires));
+  EXPECT_EQ(summary.ages[0].dams, 100.0F);
 }
 
 TEST(PopulationSummary, OneYearLeavesNoSpanAndNothingIsGuarded) {
@@ -194,11 +221,11 @@ TEST(PopulationSummary, OneYearLeavesNoSpanAndNothingIsGuarded) {
   EXPECT_TRUE(std::isnan(summary.litters_per_year));
   EXPECT_TRUE(std::isnan(summary.share_of_four));
   EXPECT_TRUE(std::isnan(summary.stock.of(male).total));
-  EXPECT_TRUE(std::isnan(summary.age_fractions.of(male).at(1)));
-  // The parents of the only year count all the same, and sizes count in all years.
-  EXPECT_EQ(summary.stock.of(male).later_parents, 3);
-  EXPECT_EQ(summary.stock.of(female).later_parents, 4);
-  EXPECT_EQ(summary.litter_fractions.entries, (Reals{0, 1.0F}));
+  EXPECT_TRUE(summary.ages.empty());
+  // There is no number of years to divide by; sizes count in all years.
+  EXPECT_FALSE(summary.stock.of(male).later_parents_per_year);
+  EXPECT_FALSE(summary.stock.of(female).later_parents_per_year);
+  EXPECT_EQ(summary.litter_percentages.entries, (Reals{0, 100}));
 }
 
 }  // namespace
