@@ -1,7 +1,6 @@
 #include "control/species.h"
 
-#include <array>
-#include <cstddef>
+#include "core/by_number.h"
 
 namespace pedigreewatch {
 namespace {
@@ -11,7 +10,7 @@ struct SpeciesRow {
 };
 
 // The plurals of rows 8, 9, 10, 13 and 14 are the ones that reports have always shown.
-constexpr std::array<SpeciesRow, 16> species_table = {{
+constexpr NumberedArray<SpeciesRow, 16> species_table = {{{
     // clang-format off
     {"hond",      "reu",       "teef",      "pup",       "reuen",     "teven",     "pups"},
     {"kat",       "kater",     "poes",      "kitten",    "katers",    "poezen",    "kittens"},
@@ -30,7 +29,7 @@ constexpr std::array<SpeciesRow, 16> species_table = {{
     {"pig",       "boar",      "sow",       "piglet",    "boars",     "sows",      "piglets"},
     {"other",     "father",    "mother",    "young",     "fathers",   "mothers",   "young"},
     // clang-format on
-}};
+}}};
 
 constexpr std::int32_t first_english_row = 9;
 constexpr std::int32_t unknown_species_row = 16;
@@ -38,17 +37,14 @@ constexpr std::int32_t unknown_species_row = 16;
 }  // namespace
 
 SpeciesNouns species_row(std::int32_t species_index) {
-  const SpeciesRow& row = species_table[static_cast<std::size_t>(species_index - 1)];
+  const SpeciesRow& row = species_table.at(species_index);
   return {SpeciesWord(row.male),  SpeciesWord(row.female),  SpeciesWord(row.young),
           SpeciesWord(row.males), SpeciesWord(row.females), SpeciesWord(row.youngs)};
 }
 
 std::int32_t species_index_of(const SpeciesWord& word, bool english) {
   std::int32_t index = 1;
-  while (index < unknown_species_row &&
-         !(word == SpeciesWord(species_table[static_cast<std::size_t>(index - 1)].species))) {
-    ++index;
-  }
+  while (index < unknown_species_row && !(word == SpeciesWord(species_table.at(index).species))) ++index;
   constexpr std::int32_t species_per_language = first_english_row - 1;
   return english && index < first_english_row ? index + species_per_language : index;
 }

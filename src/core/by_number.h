@@ -1,7 +1,9 @@
-// Lists whose entries are known by a number. On paper everything is counted from 1; only this file and the year tables
-// turn such a number into a place in memory.
+// Lists whose entries are known by a number. On paper everything is counted from 1; such a number becomes a place in
+// memory in accessors only: in those of this file and of the year tables, and in those of the few records that keep
+// their entries in a way of their own (the store, texts cut into pieces of one width, square tables, lanes).
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -37,6 +39,14 @@ struct NumberedList {
     entries.push_back(std::move(entry));
     return count();
   }
+};
+
+/// The same for a list of which the program knows the length: months, species.
+template <typename Entry, std::size_t Count>
+struct NumberedArray {
+  std::array<Entry, Count> entries;
+
+  constexpr const Entry& at(std::int32_t number) const { return entries[static_cast<std::size_t>(number) - 1]; }
 };
 
 }  // namespace pedigreewatch

@@ -58,18 +58,12 @@ GroupedAnimals animals_of_pass(const GroupedAnimals& animals, const PassGroups& 
   return result;
 }
 
-/// One ancestor's weights, a lane for each group.
-std::span<double> weights_of(RelationshipWork& work, std::int32_t ancestor, std::size_t width) {
-  return std::span(work.weights).subspan(static_cast<std::size_t>(ancestor) * width, width);
-}
-
 /// Puts the animals' genes onto their lanes: an ancestor's onto itself, another animal's onto its parents. Adds the
 /// part that the other animals have in the sums, and yields the highest ancestor that has a weight.
 std::int32_t place_weights(RelationshipWork& work, const GroupedAnimals& animals, RelationshipSums& sums) {
-  const std::size_t width = static_cast<std::size_t>(animals.group_count);
   std::int32_t highest = 0;
   const auto add_weight = [&](std::int32_t ancestor, std::int32_t lane, double weight) {
-    weights_of(work, ancestor, width)[static_cast<std::size_t>(lane)] += weight;
+    work.weights.at(ancestor, lane) += weight;
     highest = std::max(highest, ancestor);
   };
   std::size_t place = 0;
@@ -109,22 +103,20 @@ void hand_on_weights(std::span<double> own, std::span<double> sire, std::span<do
 /// Yields the sums within and between the lanes.
 RelationshipSums run_upward_pass(RelationshipWork& work, const GroupedAnimals& animals) {
   const AncestorPedigree& ancestors = work.ancestors;
-  const std::size_t width = static_cast<std::size_t>(animals.group_count);
-  const std::size_t size = ancestors.position.values.size() * width;
+  LaneWeights& weights = work.weights;
+  weights.set_size(ancestors.count(), animals.group_count);
   RelationshipSums sums(animals.group_count);
-  reserve_large(work.weights, size);
-  work.weights.resize(std::max(work.weights.size(), size), 0.0);
   constexpr std::int32_t ahead = static_cast<std::int32_t>(look_ahead);
   for (std::int32_t j = place_weights(work, animals, sums); j > 0; --j) {
     if (j > ahead) {
-      fetch_early(weights_of(work, ancestors.sire[j - ahead], width).data());
-      fetch_early(weights_of(work, ancestors.dam[j - ahead], width).data());
+      fetch_early(weights.of(ancestors.sire[j - ahead]).data());
+      fetch_early(weights.of(ancestors.dam[j - ahead]).data());
     }
-    const std::span<double> own = weights_of(work, j, width);
+    const std::span<double> own = weights.of(j);
     add_products(own, work.within_family_variance[j], sums);
-    hand_on_weights(own, weights_of(work, ancestors.sire[j], width), weights_of(work, ancestors.dam[j], width));
+    hand_on_weights(own, weights.of(ancestors.sire[j]), weights.of(ancestors.dam[j]));
   }
-  std::ranges::fill(weights_of(work, 0, width), 0.0);
+  std::ranges::fill(weights.of(0), 0.0);
   for (std::int32_t g = 0; g < sums.group_count; ++g) {
     for (std::int32_t h = 0; h < g; ++h) sums.between(h, g) = sums.between(g, h);
   }

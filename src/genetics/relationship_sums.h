@@ -4,23 +4,44 @@
 // within-family variance.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
 
 #include "core/by_number.h"
+#include "core/memory_hints.h"
 #include "genetics/ancestor_pedigree.h"
 #include "pedigree/population_store.h"
 
 namespace pedigreewatch {
+
+/// Weights by ancestor number, a lane for each group. A pass may use fewer ancestors and lanes than there is room for.
+struct LaneWeights {
+  std::vector<double> weights;
+  std::size_t width = 0;  ///< lanes of the pass at hand
+
+  /// One ancestor's weights.
+  std::span<double> of(std::int32_t ancestor) {
+    return std::span(weights).subspan(static_cast<std::size_t>(ancestor) * width, width);
+  }
+  double& at(std::int32_t ancestor, std::int32_t lane) { return of(ancestor)[static_cast<std::size_t>(lane)]; }
+  /// Makes room for the ancestors 0 to `last`. All weights must be 0.
+  void set_size(std::int32_t last, std::int32_t lanes) {
+    width = static_cast<std::size_t>(lanes);
+    const std::size_t size = (static_cast<std::size_t>(last) + 1) * width;
+    reserve_large(weights, size);
+    weights.resize(std::max(weights.size(), size), 0.0);
+  }
+};
 
 /// What the upward passes look at, and what they work on from year to year. F of all animals must be final.
 struct RelationshipWork {
   const PopulationStore& store;
   const AncestorPedigree& ancestors;
   ByNumber<double> within_family_variance;  ///< by ancestor number
-  std::vector<double> weights;              ///< by ancestor number, a lane for each group; 0 between two passes
+  LaneWeights weights;                      ///< all 0 between two passes
 };
 
 RelationshipWork make_relationship_work(const PopulationStore& store, const AncestorPedigree& ancestors);

@@ -1,14 +1,17 @@
+// A date is cut at its separators or at fixed places, and only then read as numbers. Days are checked against the month
+// but never against the year: the 29th of February is a day of every year.
+
 #include "pedigree/birth_date.h"
 
 #include <algorithm>
-#include <array>
 
+#include "core/by_number.h"
 #include "core/fixed_text.h"
 
 namespace pedigreewatch {
 namespace {
 
-constexpr std::array<std::int32_t, 12> month_lengths = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+constexpr NumberedArray<std::int32_t, 12> month_lengths = {{31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31}};
 
 constexpr std::string_view digit_characters = "0123456789";
 
@@ -96,7 +99,7 @@ bool read_birth_date(std::string_view field, const DateLayout& layout, BirthDate
     return false;
   }
   if (result.month < 1 || result.month > 12) result.month = 1;
-  if (result.day > month_lengths[static_cast<std::size_t>(result.month - 1)]) result.day = 1;
+  if (result.day > month_lengths.at(result.month)) result.day = 1;
   date = result;
   return true;
 }

@@ -1,9 +1,12 @@
+// An age is a difference of days in years of 365, so that equal dates are a whole number of years apart. A span beyond
+// 32 bits of days wraps round.
+
 #include "statistics/parent_ages.h"
 
 #include <algorithm>
-#include <array>
 #include <limits>
 
+#include "core/by_number.h"
 #include "core/integers.h"
 #include "core/line_writer.h"
 #include "core/progress.h"
@@ -16,10 +19,10 @@ constexpr Wording animal_no = {"animal no. ", "dier nr. "};
 constexpr Wording age_determined = {"age parents determined", "leeftijd ouders bepaald"};
 constexpr Wording oldest_parents = {"oldest parents; ", "oudste ouders; "};
 
-constexpr std::array<std::int32_t, 12> days_before_month = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
+constexpr NumberedArray<std::int32_t, 12> days_before_month = {{0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334}};
 
 std::int64_t day_of_year(const AnimalRecord& animal) {
-  return std::int64_t{days_before_month[static_cast<std::size_t>(animal.birth_month) - 1]} + animal.birth_day;
+  return std::int64_t{days_before_month.at(animal.birth_month)} + animal.birth_day;
 }
 
 std::int32_t age_at_birth(const PopulationStore& store, std::int32_t parent_no, const AnimalRecord& animal) {

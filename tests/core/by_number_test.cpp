@@ -31,5 +31,11 @@ TEST(NumberedList, CountsFromOne) {
   EXPECT_EQ(list.entries, (std::vector<std::string>{"a", "c"}));
 }
 
+TEST(NumberedArray, CountsFromOne) {
+  constexpr NumberedArray<int, 3> list = {{7, 8, 9}};
+  EXPECT_EQ(list.at(1), 7);
+  EXPECT_EQ(list.at(3), 9);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test
