@@ -1,3 +1,6 @@
+// One pass over the store. The animal of a subpopulation is counted, any other one is checked: its breed code should be
+// the one that all the others share.
+
 #include "pedigree/subpopulation_scan.h"
 
 #include "core/line_writer.h"
@@ -52,17 +55,17 @@ void check_breed_code(const AnimalRecord& animal, std::int32_t position, Referen
                       TextOutput& console) {
   if (same_text(animal.subpopulation.full(), reference.code.full())) return;
   if (!reference.is_set) {
+    // In either language this line is Dutch.
     write_free_line(console,
                     {"eerste maal rascode:_", animal.subpopulation, "_ = niet gelijk aan -", reference.code, "_"});
     reference.code.assign(animal.subpopulation.full());
     reference.is_set = true;
   }
   write_free_line(console, {"ERROR: "});
-  if (console.is_english) {
-    write_free_line(console, {animal_is.english, animal.name, number_is.english, animal.id});
-  } else {  // only the Dutch line tells the position
-    write_free_line(console, {animal_is.dutch, position, animal.name, number_is.dutch, animal.id});
-  }
+  std::vector<LineItem> items = {animal_is};
+  if (!console.is_english) items.emplace_back(position);  // only the Dutch line tells the position
+  items.insert(items.end(), {animal.name, number_is, animal.id});
+  write_free_line(console, items);
   write_free_line(console, {different_breed, animal.subpopulation, not_equal, reference.code, "_"});
 }
 

@@ -1,3 +1,6 @@
+// Mean ages of the parents per year, from `MonitorTables`, and in the total line the generation interval of the block,
+// from which its rates per generation follow.
+
 #include "reports/generation_interval.h"
 
 namespace pedigreewatch {
@@ -16,9 +19,8 @@ constexpr Wording total_label = {" total  ", " totaal "};
 }  // namespace
 
 void write_generation_interval(const ReportFrame& frame, const Block& block) {
-  const SpeciesWord& noun = frame.report.is_english ? frame.nouns.youngs : frame.nouns.young;
   write_blank_line(frame.report);
-  write_free_line(frame.report, {title, noun.trimmed()});
+  write_free_line(frame.report, {title, noun_of(frame, young_noun).trimmed()});
   write_rule(frame.report, rule_length);
   write_headings(frame, headings);
   write_rule(frame.report, rule_length);

@@ -1,3 +1,7 @@
+// Two tables from the same counts. The means of the litters stand in both kinds of block, the sizes in that of the
+// whole population only. The young and the fathers in the total line of the means come from the population size, not
+// from the lines above.
+
 #include "reports/litters.h"
 
 namespace pedigreewatch {
@@ -13,7 +17,9 @@ constexpr std::string_view litters_behind_noun = "/ ";
 constexpr Wording litters_heading_2 = {" birth   nests     nest fathers /father father ",
                                        "  jaar   nesten    nest  vaders  /vader  vader "};
 constexpr std::size_t litters_rule_length = 48;
-constexpr std::size_t litters_first_rule_english = 47;
+/// The English rule below the title is one shorter than all others.
+constexpr Wording litters_first_rule = {"_______________________________________________",
+                                        "________________________________________________"};
 constexpr std::string_view litters_total_label = " totaal ";
 
 void write_means(TextOutput& report, std::string_view fields, const LineItem& label, const LitterMeans& means) {
@@ -33,11 +39,11 @@ constexpr Wording sizes_total_label = {"total  ", "totaal "};
 }  // namespace
 
 void write_parents_and_litters(const ReportFrame& frame, const Block& block) {
-  constexpr std::int32_t most_years_without_gap = 6;
+  constexpr std::int32_t most_years_without_gap = 6;  // with more a line of three blanks follows
   const std::string_view youngs = frame.nouns.youngs.trimmed();
   write_blank_line(frame.report);
   write_heading(frame, litters_title);
-  write_rule(frame.report, frame.report.is_english ? litters_first_rule_english : litters_rule_length);
+  write_heading(frame, litters_first_rule);
   write_free_line(frame.report,
                   {litters_before_first_noun, youngs, litters_before_second_noun, youngs, litters_behind_noun});
   write_heading(frame, litters_heading_2);

@@ -1,3 +1,6 @@
+// The offspring that the parents born in each year have had so far, then the two busiest parents. The heading of the
+// maxima has fields without decimals, so that they end in a point.
+
 #include "reports/offspring.h"
 
 namespace pedigreewatch {
@@ -36,11 +39,11 @@ void write_busiest(const ReportFrame& frame, const Wording& heading, const Anima
 }
 
 void write_title(const ReportFrame& frame) {
-  const SpeciesWord& males = frame.report.is_english ? frame.nouns.males : frame.nouns.male;
-  const SpeciesWord& females = frame.report.is_english ? frame.nouns.females : frame.nouns.female;
+  const std::string_view males = noun_of(frame, male_noun).trimmed();
+  const std::string_view females = noun_of(frame, female_noun).trimmed();
   write_heading(frame, title);
   write_rule(frame.report, rule_length);
-  write_free_line(frame.report, {before_males, males.trimmed(), before_females, females.trimmed(), behind_females});
+  write_free_line(frame.report, {before_males, males, before_females, females, behind_females});
   write_heading(frame, heading_2);
   write_rule(frame.report, rule_length);
 }

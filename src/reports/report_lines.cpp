@@ -1,9 +1,17 @@
+// Rules and blank lines are free-form lines, with a blank in front; the rule of plus signs is a format line without
+// one.
+
 #include "reports/report_lines.h"
 
 #include <iterator>
 #include <string>
 
 namespace pedigreewatch {
+
+const SpeciesWord& noun_of(const ReportFrame& frame, const NounForms& forms) {
+  return frame.nouns.*(frame.report.is_english ? forms.english : forms.dutch);
+}
+
 void write_blank_line(TextOutput& report, std::size_t blanks) {
   write_free_line(report, {std::string(blanks, ' ')});
 }

@@ -30,6 +30,18 @@ struct ReportFrame {
   const BirthYears& years() const { return store.birth_years; }
 };
 
+/// The form of a noun that each language has in one place; where English has the plural, Dutch often has the singular.
+struct NounForms {
+  SpeciesWord SpeciesNouns::*english;
+  SpeciesWord SpeciesNouns::*dutch;
+};
+inline constexpr NounForms young_noun = {&SpeciesNouns::youngs, &SpeciesNouns::young};
+inline constexpr NounForms male_noun = {&SpeciesNouns::males, &SpeciesNouns::male};
+inline constexpr NounForms female_noun = {&SpeciesNouns::females, &SpeciesNouns::female};
+
+/// The noun in the form of the report's language, with its trailing blanks.
+const SpeciesWord& noun_of(const ReportFrame& frame, const NounForms& forms);
+
 /// A line of blanks, behind the blank with which every free-form line begins.
 void write_blank_line(TextOutput& report, std::size_t blanks = 11);
 

@@ -1,3 +1,6 @@
+// Births per subpopulation and year, then for each subpopulation where the parents of its animals come from. Names are
+// cut to the width of their columns.
+
 #include "reports/subpopulation_scan.h"
 
 #include <iterator>
@@ -34,12 +37,11 @@ void write_births(const ReportFrame& frame, const YearTable<std::int32_t>& birth
 }
 
 void write_descent(const ReportFrame& frame, const SubpopulationOverlap& overlap) {
-  const SpeciesWord& young = frame.report.is_english ? frame.nouns.youngs : frame.nouns.young;
   write_blank_line(frame.report);
   write_heading(frame, descent_title);
   write_rule(frame.report, rule_length);
   write_heading(frame, parents_heading);
-  write_names(frame, young.full());
+  write_names(frame, noun_of(frame, young_noun).full());
   write_rule(frame.report, rule_length);
   std::int32_t k = 0;
   for (const SubpopulationName& name : frame.subpopulation_names) {
