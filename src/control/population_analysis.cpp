@@ -16,24 +16,24 @@ Analysis begin_analysis(const PopulationStore& store, const SteerSettings& setti
     analysis.extras.subpopulations = scan_subpopulations(store, subpopulations, console);
   }
   analysis.years = group_by_year(store);
-  analysis.whole.name = settings.population_name.full();
   return analysis;
 }
 
-void compute_statistics(PopulationStore& store, const SteerSettings& settings, const BreederList& breeders,
-                        std::string_view data_file, Analysis& analysis, RunStreams& streams) {
+MonitorTables compute_statistics(PopulationStore& store, const SteerSettings& settings, const BreederList& breeders,
+                                 std::string_view data_file, Analysis& analysis, RunStreams& streams) {
   const OldestParents oldest = determine_parent_ages(store, streams.console);
   check_parent_ages(store, oldest, data_file, streams);
   determine_completeness(store);
   MonitorTables tables =
       monitor_population(store, analysis.years, settings.layout.colours, breeders, oldest, streams.console);
-  describe_animals(store, all_positions(store), std::move(tables), analysis.whole);
   WholeExtras& extras = analysis.extras;
   extras.top_sires = compute_top_sires(store, analysis.years, streams.console);
-  extras.summary = summarise_population(store.birth_years, analysis.whole.tables, extras.top_sires);
+  extras.summary = summarise_population(store.birth_years, tables, extras.top_sires);
+  return tables;
 }
 
-void compute_genetics(PopulationStore& store, const SteerSettings& settings, Analysis& analysis, RunStreams& streams) {
+void compute_genetics(PopulationStore& store, const SteerSettings& settings, MonitorTables tables, Analysis& analysis,
+                      RunStreams& streams) {
   begin_phase(streams.phase_times, "inbreeding");
   const AncestorPedigree ancestors = make_ancestor_pedigree(store);
   compute_inbreeding(store, ancestors, streams.console);
@@ -41,8 +41,9 @@ void compute_genetics(PopulationStore& store, const SteerSettings& settings, Ana
   YearlyInbreeding inbreeding =
       compute_kinship_by_year(store, ancestors, analysis.years, settings.layout.subpopulations, streams.console);
   echo_inbreeding(inbreeding.whole, streams.console);
-  const std::int32_t year_count = store.birth_years.count;
-  describe_inbreeding(inbreeding.whole, compute_rates(inbreeding.whole, year_count), year_count, analysis.whole);
+  const RateSummary rates = compute_rates(inbreeding.whole, store.birth_years.count);
+  analysis.whole = make_block(store, {settings.population_name.full(), all_positions(store), std::move(tables),
+                                      std::move(inbreeding.whole), rates});
   analysis.extras.kinship = std::move(inbreeding.by_subpopulation);
 }
 

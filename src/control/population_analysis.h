@@ -21,12 +21,14 @@ struct Analysis {
 /// Groups the animals by year and, with more than one subpopulation, scans those.
 Analysis begin_analysis(const PopulationStore& store, const SteerSettings& settings, TextOutput& console);
 
-/// Fills the parents' ages and the completeness of every animal, and everything that is counted. Dates that would make
-/// an endless report stop the run with a message that names `data_file`.
-void compute_statistics(PopulationStore& store, const SteerSettings& settings, const BreederList& breeders,
-                        std::string_view data_file, Analysis& analysis, RunStreams& streams);
+/// Fills the parents' ages and the completeness of every animal, and everything that is counted; yields the yearly
+/// tables, which become part of the block. Dates that would make an endless report stop the run with a message that
+/// names `data_file`.
+MonitorTables compute_statistics(PopulationStore& store, const SteerSettings& settings, const BreederList& breeders,
+                                 std::string_view data_file, Analysis& analysis, RunStreams& streams);
 
-/// Fills F of every animal, kinship per year and the rates.
-void compute_genetics(PopulationStore& store, const SteerSettings& settings, Analysis& analysis, RunStreams& streams);
+/// Fills F of every animal and kinship per year, and makes the block from the tables and the rates.
+void compute_genetics(PopulationStore& store, const SteerSettings& settings, MonitorTables tables, Analysis& analysis,
+                      RunStreams& streams);
 
 }  // namespace pedigreewatch

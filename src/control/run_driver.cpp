@@ -5,6 +5,7 @@
 
 #include <array>
 #include <string>
+#include <utility>
 
 #include "control/missing_file.h"
 #include "control/population_analysis.h"
@@ -84,8 +85,8 @@ void run_phases(RunStreams& streams) {
   begin_phase(streams.phase_times, "subpopulation scan");
   Analysis analysis = begin_analysis(store, settings, streams.console);
   begin_phase(streams.phase_times, "yearly statistics");
-  compute_statistics(store, settings, breeders, data.name, analysis, streams);
-  compute_genetics(store, settings, analysis, streams);
+  MonitorTables tables = compute_statistics(store, settings, breeders, data.name, analysis, streams);
+  compute_genetics(store, settings, std::move(tables), analysis, streams);  // the block is complete
 
   const ReportFrame frame = {streams.report,        store,
                              settings.nouns,        settings.layout.subpopulations.names.entries,

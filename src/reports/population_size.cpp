@@ -1,3 +1,7 @@
+// Unused animals and parents of both sexes and together, per year. A population with imports has a column more for
+// each, and headings of its own throughout. The shares follow from seven years on: with fewer too little is left once
+// the last years, whose animals have had no time to breed, are taken away.
+
 #include "reports/population_size.h"
 
 namespace pedigreewatch {
@@ -7,13 +11,20 @@ constexpr Wording title_start = {"           POPULATIONSIZE: number of ", "     
 constexpr Wording import_title_start = {"          POPULATION SIZE: number of ", "           POPULATIEOMVANG: aantal "};
 constexpr Wording title_end = {" born per year", " geboren per jaar"};
 
-/// The first heading: text, males, text, females, text.
+/// The first heading: text, males, text, females, text. Only the Dutch table with imports names the sexes in the
+/// singular.
 struct SexHeading {
+  NounForms males, females;
   Wording before_males, before_females, behind_females;
 };
-constexpr SexHeading sex_heading = {
-    {"  geb.      ", "  geb.      "}, {"   |    ", "   |    "}, {"   |      total     ", "   |     totaal     "}};
-constexpr SexHeading import_sex_heading = {{"  geb.          ", "  geb.           "},
+constexpr SexHeading sex_heading = {{&SpeciesNouns::males, &SpeciesNouns::males},
+                                    {&SpeciesNouns::females, &SpeciesNouns::females},
+                                    {"  geb.      ", "  geb.      "},
+                                    {"   |    ", "   |    "},
+                                    {"   |      total     ", "   |     totaal     "}};
+constexpr SexHeading import_sex_heading = {male_noun,
+                                           female_noun,
+                                           {"  geb.          ", "  geb.           "},
                                            {"       |        ", "      |         "},
                                            {"       |          total         ", "      |           totaal       "}};
 constexpr Wording columns_heading = {"  jaar   unused fathers| unused mothers| unused parents ",
@@ -39,18 +50,13 @@ constexpr Wording female_share_fields = {"F6.1,A15,A8,A33", "F6.1,A21,A8,A19"};
 constexpr std::size_t rule_length = 56, import_rule_length = 80;
 
 void write_title(const ReportFrame& frame, bool has_import) {
-  const bool english = frame.report.is_english;
-  const SpeciesNouns& nouns = frame.nouns;
-  const std::string_view young = english ? nouns.youngs.trimmed() : nouns.young.trimmed();
   const Wording& start = has_import ? import_title_start : title_start;
   const SexHeading& heading = has_import ? import_sex_heading : sex_heading;
-  // The Dutch table with imports names the sexes in the singular.
-  const bool is_plural = english || !has_import;
   const std::size_t length = has_import ? import_rule_length : rule_length;
-  write_free_line(frame.report, {start, young, title_end});
+  write_free_line(frame.report, {start, noun_of(frame, young_noun).trimmed(), title_end});
   write_rule(frame.report, length);
-  write_free_line(frame.report, {heading.before_males, is_plural ? nouns.males : nouns.male, heading.before_females,
-                                 is_plural ? nouns.females : nouns.female, heading.behind_females});
+  write_free_line(frame.report, {heading.before_males, noun_of(frame, heading.males), heading.before_females,
+                                 noun_of(frame, heading.females), heading.behind_females});
   if (has_import) {
     write_headings(frame, import_columns_headings);
   } else {
@@ -82,14 +88,6 @@ void write_counts(const ReportFrame& frame, std::string_view fields, const LineI
   write_format_line(frame.report, fields, items);
 }
 
-std::int64_t animals_in(const ReportTotals& totals) {
-  std::int64_t sum = 0;
-  for (const Sex sex : {male, female}) {
-    sum += totals.of(sex).unused + totals.of(sex).native_parents + totals.of(sex).imported_parents;
-  }
-  return sum;
-}
-
 void write_shares(const ReportFrame& frame, const BySex<float>& shares) {
   const SpeciesWord& youngs = frame.nouns.youngs;
   write_free_line(frame.report, {"   "});
@@ -112,8 +110,8 @@ void write_population_size(const ReportFrame& frame, const Block& block) {
   write_rule(frame.report, length);
   write_counts(frame, "A8,9I8", total_label, block.totals);
   write_rule(frame.report, length);
-  const std::int64_t without_birth = frame.store.animal_count - animals_in(block.totals);
-  write_free_line(frame.report, {animals_in_pedigree, frame.store.animal_count, of_which, without_birth, without_year});
+  write_free_line(frame.report,
+                  {animals_in_pedigree, frame.store.animal_count, of_which, block.without_birth_year, without_year});
   if (frame.years().count >= fewest_years_for_shares) write_shares(frame, block.shares_of_parents);
 }
 

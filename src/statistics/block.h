@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "genetics/rates.h"
 #include "genetics/top_sires.h"
@@ -21,6 +22,7 @@ struct Block {
   std::string name;  ///< of the population or subpopulation, with its trailing blanks
   MonitorTables tables;
   ReportTotals totals;
+  std::int64_t without_birth_year = 0;  ///< animals of the store, all of them, that are in none of the totals
   BySex<float> shares_of_parents;
   YearRows<LitterMeans> litter_means;
   LitterMeans all_litters;
@@ -40,11 +42,16 @@ struct WholeExtras {
   PopulationSummary summary;
 };
 
-/// Fills the block, but for its name and inbreeding, from the yearly tables and the animals at `positions`.
-void describe_animals(const PopulationStore& store, std::span<const std::int32_t> positions, MonitorTables tables,
-                      Block& block);
+/// What a block is made from.
+struct BlockSource {
+  std::string_view name;
+  std::span<const std::int32_t> positions;  ///< of the animals that the block is about, ascending
+  MonitorTables tables;
+  YearRows<InbreedingRow> inbreeding;
+  RateSummary rates;  ///< per year; the block's own generation interval makes them rates per generation
+};
 
-/// Adds F and f of each year and the rates that follow from them. The interval must be there already.
-void describe_inbreeding(YearRows<InbreedingRow> rows, const RateSummary& rates, std::int32_t year_count, Block& block);
+/// Derives everything else from the source. Ages of the parents and offspring counts must be known.
+Block make_block(const PopulationStore& store, BlockSource source);
 
 }  // namespace pedigreewatch

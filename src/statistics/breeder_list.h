@@ -26,7 +26,7 @@ struct BreederList {
   /// Slot t, counted from 1: its 7 characters.
   std::string_view slot(std::int32_t t) const { return piece(t, breeder_slot_width); }
 
- private:
+  /// Piece t, counted from 1, of the text cut into pieces of `width` characters.
   std::string_view piece(std::int32_t t, std::size_t width) const {
     return std::string_view(text).substr(static_cast<std::size_t>(t - 1) * width, width);
   }

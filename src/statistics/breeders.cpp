@@ -1,3 +1,6 @@
+// Others are what is left when all listed breeders are taken from the year's counts. The counts of parents leave
+// imports out, the breeders' own do not: so the others' parents can be negative.
+
 #include "statistics/breeders.h"
 
 namespace pedigreewatch {
@@ -11,6 +14,12 @@ constexpr std::int64_t parents_column(std::int64_t breeder) {
 }
 
 }  // namespace
+
+TopBreeders read_top_breeders(const BreederList& list, std::size_t width) {
+  TopBreeders names;
+  for (std::int32_t t = 1; t <= list.top_breeder_count; ++t) names.add(BreederName(list.piece(t, width)));
+  return names;
+}
 
 void breeder_statistics(const PopulationStore& store, YearAnimals animals, const TopBreeders& breeders,
                         const ParentCounts& parents, Row row, YearTable<std::int32_t>& top_breeders) {

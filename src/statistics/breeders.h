@@ -1,15 +1,21 @@
 // Animals and parents that the top breeders bred, per birth year.
 #pragma once
 
+#include <cstddef>
+
 #include "core/name_list.h"
 #include "core/year_table.h"
 #include "pedigree/population_store.h"
 #include "pedigree/year_groups.h"
+#include "statistics/breeder_list.h"
 #include "statistics/population_size.h"
 
 namespace pedigreewatch {
 
 using TopBreeders = NameList<BreederName{}.bytes.size()>;
+
+/// The names of the top breeders, read from the list in pieces of `width` characters: entries of 20 or slots of 7.
+TopBreeders read_top_breeders(const BreederList& list, std::size_t width);
 
 /// Fills a row: for each top breeder his animals and those of them that became parents, two columns each; all others in
 /// the last two columns. `parents` are the year's counts.

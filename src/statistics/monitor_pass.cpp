@@ -1,3 +1,5 @@
+// Year by year, the animals are gone through once for each table, so that every table keeps an operation of its own.
+
 #include "statistics/monitor_pass.h"
 
 #include "core/wording.h"
@@ -59,8 +61,7 @@ MonitorTables count_years(const PopulationStore& store, const YearGroups& years,
 
 MonitorTables monitor_population(const PopulationStore& store, const YearGroups& years, const Colours& colours,
                                  const BreederList& breeders, const OldestParents& oldest, TextOutput& console) {
-  CountedNames names{colours, {}};
-  for (std::int32_t t = 1; t <= breeders.top_breeder_count; ++t) names.breeders.add(BreederName(breeders.entry(t)));
+  const CountedNames names{colours, read_top_breeders(breeders, breeder_entry_width)};
   write_free_line(console, {monitor_data});
   return count_years(store, years, names, oldest, {{year_is}, ages_determined}, console);
 }

@@ -1,4 +1,9 @@
+// The same operations as for the whole population, on the members only, with three differences: the widths of the age
+// tables, the view on the breeder list, and rates from the trend of the subpopulation's own columns.
+
 #include "statistics/type_pass.h"
+
+#include <utility>
 
 #include "core/line_writer.h"
 #include "core/wording.h"
@@ -27,17 +32,12 @@ std::optional<Block> run_type_pass(const PopulationStore& store, const BreedType
   }
   const OldestParents oldest = find_oldest_parents(store, type.members);
   write_free_line(console, {"maxages = ", oldest.of(male), oldest.of(female)});
-  // Here the breeder list is read in slots of 7 characters.
-  CountedNames names{colours, {}};
-  for (std::int32_t t = 1; t <= breeders.top_breeder_count; ++t) names.breeders.add(BreederName(breeders.slot(t)));
+  const CountedNames names{colours, read_top_breeders(breeders, breeder_slot_width)};
   const YearLine line{{type_is, type.name, year_is}, ages_determined};
-  Block block;
-  block.name = type.name.full();
-  describe_animals(store, type.members,
-                   count_years(store, group_by_year(store, type.members), names, oldest, line, console), block);
-  const YearRows<InbreedingRow> trend = trend_of_subpopulation(kinship_table, type.number);
-  describe_inbreeding(trend, rates_of_trend(trend, store.birth_years.count), store.birth_years.count, block);
-  return block;
+  MonitorTables tables = count_years(store, group_by_year(store, type.members), names, oldest, line, console);
+  YearRows<InbreedingRow> trend = trend_of_subpopulation(kinship_table, type.number);
+  const RateSummary rates = rates_of_trend(trend, store.birth_years.count);
+  return make_block(store, {type.name.full(), type.members, std::move(tables), std::move(trend), rates});
 }
 
 }  // namespace pedigreewatch

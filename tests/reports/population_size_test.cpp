@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "support/report_frame.h"
 
 namespace pedigreewatch::test {
@@ -28,11 +30,9 @@ ReportSheet size_sheet(const YearRows<ParentCounts>& counts, std::int32_t animal
   ReportSheet sheet(years, english);
   sheet.store.animal_count = animal_count;
   sheet.store.has_import = has_import;
-  Block block;
-  block.tables.parent_counts = counts;
-  block.totals = total_of_years(counts);
-  block.shares_of_parents = shares_of_parents(counts, years.count);
-  write_population_size(sheet.frame(), block);
+  MonitorTables tables;
+  tables.parent_counts = counts;
+  write_population_size(sheet.frame(), make_block(sheet.store, {"", {}, std::move(tables), {}, {}}));
   return sheet;
 }
 

@@ -121,8 +121,7 @@ struct Population {
   void describe() {
     const RateSummary rates = {
         .delta_F_absolute = 0.01F, .delta_f_absolute = 0.02F, .delta_F_smoothed = 0.03F, .delta_f_smoothed = 0.04F};
-    describe_animals(store, all_positions(store), block.tables, block);
-    describe_inbreeding(block.inbreeding, rates, store.birth_years.count, block);
+    block = make_block(store, {name, all_positions(store), block.tables, block.inbreeding, rates});
     extras.summary = summarise_population(store.birth_years, block.tables, extras.top_sires);
   }
 
@@ -536,8 +535,8 @@ TEST(WriteTypeReport, TheFirstAnimalStandsInForTheBusiestParentOfASexWithoutAnim
 TEST(WriteTypeReport, CountsTheWholeStoreAsAnimalsInThePedigree) {
   Population population;
   population.block.tables.parent_counts = rows_of<ParentCounts>(3, {{1, {{6, 4, 0}, {3, 5, 0}}}});
-  population.describe();
   population.store.animal_count = 900;
+  population.describe();
   EXPECT_TRUE(has_line(lines_of(type_report(population, true)),
                        " total number of animals in pedigree          900  of which          882"));
 }

@@ -23,9 +23,11 @@ constexpr RateSummary plain_rates = {
 ReportSheet inbreeding_sheet(const YearRows<InbreedingRow>& rows, bool english) {
   const std::int32_t years = static_cast<std::int32_t>(rows.row_count());
   ReportSheet sheet(years_from(2001, years), english);
+  constexpr float generation_interval = 4.0F;
   Block block;
-  block.interval.generation_interval = 4.0F;
-  describe_inbreeding(rows, plain_rates, years, block);
+  block.inbreeding = rows;
+  block.rates = rates_per_generation(plain_rates, generation_interval);
+  block.periods = rates_per_period(rows, years, generation_interval);
   write_inbreeding(sheet.frame(), block);
   return sheet;
 }

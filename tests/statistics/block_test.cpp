@@ -23,7 +23,7 @@ PopulationStore small_kennel() {
   return store;
 }
 
-/// The tables from which the block is described, with two litters.
+/// The tables from which the block is made, with two litters.
 MonitorTables kennel_tables() {
   MonitorTables tables;
   tables.parent_counts = YearRows<ParentCounts>(3);
@@ -41,12 +41,26 @@ MonitorTables kennel_tables() {
 }
 
 Block kennel_block(const std::vector<std::int32_t>& positions) {
-  Block block;
-  describe_animals(small_kennel(), positions, kennel_tables(), block);
-  return block;
+  return make_block(small_kennel(), {"Kennel  ", positions, kennel_tables(), YearRows<InbreedingRow>(3), {}});
 }
 
-TEST(DescribeAnimals, SumsThePopulationSize) {
+TEST(MakeBlock, KeepsTheNameWithItsBlanks) {
+  EXPECT_EQ(kennel_block({1}).name, "Kennel  ");
+}
+
+TEST(MakeBlock, EveryAnimalThatIsNotInTheTotalsCountsAsOneWithoutBirthYear) {
+  // The tables count 2 + 1 + 1 + 1 + 1 animals; the store holds 6, and then three more.
+  PopulationStore store = small_kennel();
+  const std::vector<std::int32_t> positions = {4, 5};
+  const auto without_birth_year = [&] {
+    return make_block(store, {"", positions, kennel_tables(), YearRows<InbreedingRow>(3), {}}).without_birth_year;
+  };
+  EXPECT_EQ(without_birth_year(), 0);
+  store.animal_count += 3;
+  EXPECT_EQ(without_birth_year(), 3);
+}
+
+TEST(MakeBlock, SumsThePopulationSize) {
   const Block block = kennel_block(from_to(1, 6));
   EXPECT_EQ(block.tables.parent_counts.row_count(), 3);
   EXPECT_EQ(block.totals.of(male).unused, 1);
@@ -57,7 +71,7 @@ TEST(DescribeAnimals, SumsThePopulationSize) {
   EXPECT_TRUE(std::isnan(block.shares_of_parents.of(male)));
 }
 
-TEST(DescribeAnimals, MeansAndSizesOfTheLitters) {
+TEST(MakeBlock, MeansAndSizesOfTheLitters) {
   const Block block = kennel_block(from_to(1, 6));
   EXPECT_EQ(block.litter_means.of(2).young_per_litter, 2.0F);
   EXPECT_EQ(block.litter_means.of(3).young_per_litter, 1.0F);
@@ -69,7 +83,7 @@ TEST(DescribeAnimals, MeansAndSizesOfTheLitters) {
   EXPECT_EQ(row_of(block.litter_sizes, 3), (Counts{1, 0}));
 }
 
-TEST(DescribeAnimals, BusiestParentsAndIntervalAreThoseOfThePositions) {
+TEST(MakeBlock, BusiestParentsAndIntervalAreThoseOfThePositions) {
   const Block whole = kennel_block(from_to(1, 6)), some = kennel_block({2, 3, 6});
   EXPECT_EQ(whole.busiest.of(male), 1);
   EXPECT_EQ(some.busiest.of(male), 2);
@@ -78,11 +92,14 @@ TEST(DescribeAnimals, BusiestParentsAndIntervalAreThoseOfThePositions) {
   EXPECT_EQ(some.interval.generation_interval, 2.0F);
 }
 
-TEST(DescribeInbreeding, RatesArePerGenerationOfTheBlocksOwnInterval) {
-  Block block = kennel_block({6});
+TEST(MakeBlock, RatesArePerGenerationOfTheBlocksOwnInterval) {
+  PopulationStore store = small_kennel();
+  store.birth_years.count = 11;
   YearRows<InbreedingRow> rows(11);
   rows.at(6).F = 0.5F;
-  describe_inbreeding(std::move(rows), {.delta_F_absolute = 0.01F, .delta_F_smoothed = 0.02F}, 11, block);
+  const std::vector<std::int32_t> positions = {6};
+  const Block block = make_block(
+      store, {"", positions, kennel_tables(), std::move(rows), {.delta_F_absolute = 0.01F, .delta_F_smoothed = 0.02F}});
   EXPECT_EQ(block.inbreeding.of(6).F, 0.5F);
   EXPECT_FLOAT_EQ(block.rates.F_absolute.percent_per_generation, 2.0F);
   EXPECT_FLOAT_EQ(block.rates.F_smoothed.percent_per_generation, 4.0F);

@@ -60,5 +60,21 @@ TEST(BreederStatistics, AYearWithoutAnimalsTakesNoMemory) {
   EXPECT_FALSE(counts.is_stored(1));
 }
 
+TEST(ReadTopBreeders, TakesAsManyPiecesOfTheWidthAsThereAreTopBreeders) {
+  const BreederList list = {.text =
+                                "Abcdefghijklmnopqrst"
+                                "Uvw                 ",
+                            .breeder_count = 2,
+                            .top_breeder_count = 2};
+  const TopBreeders entries = read_top_breeders(list, breeder_entry_width);
+  const TopBreeders slots = read_top_breeders(list, breeder_slot_width);
+  ASSERT_EQ(entries.count(), 2);
+  EXPECT_EQ(entries.names.at(1).full(), "Abcdefghijklmnopqrst");
+  EXPECT_EQ(entries.names.at(2).full(), "Uvw                 ");
+  ASSERT_EQ(slots.count(), 2);
+  EXPECT_EQ(slots.names.at(1).full(), "Abcdefg             ");
+  EXPECT_EQ(slots.names.at(2).full(), "hijklmn             ");
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test
