@@ -1,3 +1,5 @@
+// One pass in store order: a parent has its number before its first offspring is met.
+
 #include "genetics/ancestor_pedigree.h"
 
 namespace pedigreewatch {

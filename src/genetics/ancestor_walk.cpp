@@ -1,3 +1,6 @@
+// Ancestors wait as set bits in two levels of words, the upper one telling which of the lower are not 0: the youngest
+// is found in a few steps, and putting one on the list twice costs nothing.
+
 #include "genetics/ancestor_walk.h"
 
 #include <algorithm>

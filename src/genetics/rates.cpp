@@ -1,3 +1,6 @@
+// Sums and slopes run in single precision and in the order of the years, as all reports so far; only powers and
+// logarithms are taken in double precision, so that they come out alike on every machine.
+
 #include "genetics/rates.h"
 
 #include <cmath>

@@ -1,3 +1,6 @@
+// The animals of a year are split by subpopulation, and one sum of relationships between all groups serves the whole
+// row.
+
 #include "genetics/subpopulation_kinship.h"
 
 #include "core/by_number.h"

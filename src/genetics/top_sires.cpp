@@ -1,3 +1,5 @@
+// Fathers are counted in a list over all positions that is kept from year to year; taking a count out resets it.
+
 #include "genetics/top_sires.h"
 
 #include <algorithm>

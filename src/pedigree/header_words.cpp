@@ -1,3 +1,5 @@
+// One table of words, searched from the front: a header has so few columns that nothing faster is needed.
+
 #include "pedigree/header_words.h"
 
 #include <algorithm>

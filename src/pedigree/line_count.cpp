@@ -1,3 +1,5 @@
+// The lines are counted before they are read, so that the store is allocated once.
+
 #include "pedigree/line_count.h"
 
 #include "core/line_writer.h"

@@ -1,3 +1,6 @@
+// By far most parents have been found already while the missing ones were looked for; the index serves the rest, the
+// parents that were appended.
+
 #include "pedigree/parent_linkage.h"
 
 #include "core/line_writer.h"

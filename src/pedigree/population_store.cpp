@@ -1,3 +1,5 @@
+// A new record is a copy of one that is unread: the values that an animal has when its line says nothing.
+
 #include "pedigree/population_store.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// A counting sort by year, which keeps the order of the store within a year.
+
 #include "pedigree/year_groups.h"
 
 #include <numeric>

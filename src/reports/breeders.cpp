@@ -1,3 +1,8 @@
+// The top breeders by number, then for each the animals and the parents that he bred, from `MonitorTables`. The names
+// are slots of seven characters, in the block of the whole population too, where the figures belong to entries of
+// twenty. The label of the totals is Dutch in either language, and so is the label of the years here and in other
+// tables.
+
 #include "reports/breeders.h"
 
 namespace pedigreewatch {

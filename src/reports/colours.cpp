@@ -1,3 +1,6 @@
+// The animals of each colour per year, from `MonitorTables`. The colours are listed by number first, because their
+// names are too long to stand over the columns.
+
 #include "reports/colours.h"
 
 namespace pedigreewatch {

@@ -1,3 +1,7 @@
+// The mean of the equivalent generations and the shares of animals with 1, 2, 3, 4 and more complete generations, from
+// `MonitorTables`. Oddities that stay: the heading announces percentages, but the shares are fractions; its last column
+// says >5 and counts 5 too; the closing rule is shorter than those above.
+
 #include "reports/completeness.h"
 
 namespace pedigreewatch {

@@ -1,3 +1,6 @@
+// Native animals by which of their parents are imports, from `MonitorTables`. The texts are Dutch and speak of pups in
+// any report. The rules around the totals are one longer than those above.
+
 #include "reports/imports.h"
 
 namespace pedigreewatch {

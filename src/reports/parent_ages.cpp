@@ -1,3 +1,7 @@
+// Fathers, then mothers, by their age at the births of each year, from `MonitorTables`. The columns are numbered by
+// age, and the mothers' numbers stand twice: their heading has always had that line a second time. The messages in
+// place of a table are English in either language.
+
 #include "reports/parent_ages.h"
 
 namespace pedigreewatch {

@@ -1,3 +1,5 @@
+// Both tables give rates in percent. The letter tells them apart: F for inbreeding, f for kinship.
+
 #include "reports/rates.h"
 
 namespace pedigreewatch {

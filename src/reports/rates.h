@@ -6,8 +6,10 @@
 
 namespace pedigreewatch {
 
+/// Four rates, each per year and per generation, with the effective size that follows from it.
 void write_rates(const ReportFrame& frame, const GenerationRates& rates);
 
+/// A line for each period with its first and last year, and its rates of F and f per generation. There must be periods.
 void write_periods(const ReportFrame& frame, const PeriodRates& rates);
 
 }  // namespace pedigreewatch

@@ -1,3 +1,6 @@
+// The order of the tables never changes: reports are read by programs too. A subpopulation has no head, no litter
+// sizes, no top sires and no summary, and its imports stand before its litters.
+
 #include "reports/report.h"
 
 #include <iterator>

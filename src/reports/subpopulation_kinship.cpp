@@ -1,3 +1,6 @@
+// Two tables from the KinshipTable. Within: F and f of each subpopulation, under one name of twenty columns. Between: a
+// column for each pair, whose two numbers stand in heading rows of their own; these values are relationships.
+
 #include "reports/subpopulation_kinship.h"
 
 #include <iterator>

@@ -1,3 +1,6 @@
+// The most used father of each year by name, and the shares of the ten most used. The wide table has rules of its own,
+// which are format lines without the blank in front.
+
 #include "reports/top_sires.h"
 
 #include <string>

@@ -1,3 +1,6 @@
+// F and the kinships of each year, then the rates that follow. In the block of a subpopulation the columns behind f
+// hold the relative changes of F and f from year to year, under the same headings.
+
 #include "reports/yearly_inbreeding.h"
 
 #include "reports/rates.h"

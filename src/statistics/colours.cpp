@@ -1,3 +1,5 @@
+// The last column is what is left of the year's animals when all listed colours are taken away.
+
 #include "statistics/colours.h"
 
 namespace pedigreewatch {

@@ -1,3 +1,5 @@
+// Parents stand before their offspring, so that one pass in store order meets both parents' figures finished.
+
 #include "statistics/completeness.h"
 
 #include <algorithm>

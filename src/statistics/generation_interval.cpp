@@ -1,3 +1,5 @@
+// A year without known ages has means of 0; over all years nothing is guarded.
+
 #include "statistics/generation_interval.h"
 
 #include <cstdint>

@@ -1,3 +1,5 @@
+// Only native animals with both parents known are counted.
+
 #include "statistics/imports.h"
 
 namespace pedigreewatch {

@@ -1,3 +1,6 @@
+// Litters and fathers are counted over one year's animals with working lists that span the whole store, and that each
+// count leaves as it found them: only entries of that year's parents are touched.
+
 #include "statistics/litters.h"
 
 #include <algorithm>

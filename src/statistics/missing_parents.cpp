@@ -1,3 +1,6 @@
+// Every parent is looked up by its identification. Most of the time goes into waiting for memory, so that what later
+// animals need is fetched while the present one is dealt with.
+
 #include "statistics/missing_parents.h"
 
 #include <cstdint>

@@ -1,3 +1,5 @@
+// Only animals with native offspring are described; the others are no parents, whatever the mean would be with them.
+
 #include "statistics/offspring.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// Imports without native offspring are counted nowhere: they are no part of the population.
+
 #include "statistics/population_size.h"
 
 #include "core/integers.h"
