@@ -65,11 +65,12 @@ struct ChildLists {
   struct Role {
     std::int32_t parent = 0, child = 0;
   };
+  static bool is_before(const Role& a, const Role& b) { return a.parent < b.parent; }
   std::vector<Role> roles;  ///< by parent
 
   std::span<const Role> of(std::int32_t parent) const {
-    const auto found = std::ranges::equal_range(roles, parent, {}, &Role::parent);
-    return {found.begin(), found.end()};
+    const auto [first, last] = std::equal_range(roles.begin(), roles.end(), Role{parent, 0}, is_before);
+    return {first, last};
   }
 };
 
@@ -80,7 +81,7 @@ ChildLists list_children(const PopulationStore& store, std::span<const std::int3
       if (parent != 0) children.roles.push_back({parent, i});
     }
   }
-  std::ranges::sort(children.roles, {}, &ChildLists::Role::parent);
+  std::sort(children.roles.begin(), children.roles.end(), ChildLists::is_before);
   return children;
 }
 
@@ -91,8 +92,8 @@ ByNumber<char> find_settled(const PopulationStore& store, std::span<const std::i
   ByNumber<char> unsettled_parents(store.animals.size()), settled(store.animals.size());
   for (const ChildLists::Role& role : children.roles) ++unsettled_parents[role.child];
   std::vector<std::int32_t> waiting;
-  std::ranges::copy_if(unplaced, std::back_inserter(waiting),
-                       [&](std::int32_t i) { return unsettled_parents[i] == 0; });
+  std::copy_if(unplaced.begin(), unplaced.end(), std::back_inserter(waiting),
+               [&](std::int32_t i) { return unsettled_parents[i] == 0; });
   while (!waiting.empty()) {
     const std::int32_t parent = waiting.back();
     waiting.pop_back();
