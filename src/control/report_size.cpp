@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string>
 
+#include "core/report_limits.h"
+
 namespace pedigreewatch {
 namespace {
 
@@ -45,7 +47,6 @@ std::string describe_years(const PopulationStore& store) {
 }  // namespace
 
 void check_year_span(const PopulationStore& store, std::string_view data_file, RunStreams& streams) {
-  constexpr std::int64_t year_limit = 100'000;
   const BirthYears& years = store.birth_years;
   if (years.last < years.first || std::int64_t{years.last} - years.first < year_limit) return;
   const std::int32_t strange_year = years.first < 0 ? years.first : years.last;
@@ -57,7 +58,6 @@ void check_year_span(const PopulationStore& store, std::string_view data_file, R
 
 void check_parent_ages(const PopulationStore& store, const OldestParents& oldest, std::string_view data_file,
                        RunStreams& streams) {
-  constexpr std::int64_t figure_limit = 20'000'000;
   const std::int64_t columns = std::int64_t{std::max(oldest.of(male), 0)} + std::max(oldest.of(female), 0);
   if (columns * store.birth_years.dated_row_count() <= figure_limit) return;
   stop_on_file(streams, data_file,

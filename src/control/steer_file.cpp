@@ -169,7 +169,8 @@ void read_names_and_layout(LineReader& reader, RunStreams& streams, SteerSetting
   const FixedText<2> language(next_line(reader));
   settings.english = language.full() == "en" || language.full() == "En";
   streams.console.is_english = streams.report.is_english = settings.english;
-  settings.nouns = species_row(species_index_of(species_word, settings.english));
+  settings.species_index = species_index_of(species_word, settings.english);
+  settings.nouns = species_row(settings.species_index);
 }
 
 void echo_settings(const SteerSettings& settings, TextOutput& console) {

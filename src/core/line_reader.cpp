@@ -47,23 +47,26 @@ const char* find_line_feed(const char* from, std::size_t length) {
 }
 
 /// A carriage return at the very end of a line belongs to the line's end.
-std::string_view kept_part(const char* start, std::size_t length) {
+std::string_view kept_part(LineReader& reader, const char* start, std::size_t length) {
   if (length > 0 && start[length - 1] == '\r') --length;
+  reader.line_length = static_cast<std::int64_t>(length);
   return {start, std::min(length, kept_line_length)};
 }
 
 /// Reads over the rest of a line that is longer than the buffer.
 void skip_rest_of_line(LineReader& reader) {
+  bool ends_in_return = false;
   for (;;) {
     const char* const start = reader.buffer.data() + reader.next;
-    const char* const end = find_line_feed(start, reader.filled - reader.next);
-    if (end != nullptr) {
-      reader.next += static_cast<std::size_t>(end - start) + 1;
-      return;
-    }
-    reader.next = reader.filled;
-    if (!read_more(reader)) return;
+    const std::size_t available = reader.filled - reader.next;
+    const char* const end = find_line_feed(start, available);
+    const std::size_t length = end == nullptr ? available : static_cast<std::size_t>(end - start);
+    if (length > 0) ends_in_return = start[length - 1] == '\r';
+    reader.line_length += static_cast<std::int64_t>(length);
+    reader.next += end == nullptr ? length : length + 1;
+    if (end != nullptr || !read_more(reader)) break;
   }
+  if (ends_in_return) --reader.line_length;
 }
 
 }  // namespace
@@ -89,7 +92,7 @@ bool read_line(LineReader& reader, std::string_view& line) {
     const char* const end = find_line_feed(start + searched, available - searched);
     if (end != nullptr) {
       const std::size_t length = static_cast<std::size_t>(end - start);
-      line = kept_part(start, length);
+      line = kept_part(reader, start, length);
       reader.next += length + 1;
       break;
     }
@@ -98,7 +101,7 @@ bool read_line(LineReader& reader, std::string_view& line) {
       // The kept bytes must outlive the search for the line's end, which fills the buffer anew.
       reader.long_line.assign(start, start + kept_line_length);
       line = {reader.long_line.data(), reader.long_line.size()};
-      reader.next = reader.filled;
+      reader.line_length = 0;
       skip_rest_of_line(reader);
       break;
     }
@@ -106,7 +109,7 @@ bool read_line(LineReader& reader, std::string_view& line) {
     if (!read_more(reader)) {
       if (available == 0) return false;
       const char* const last = reader.buffer.data() + reader.next;
-      line = kept_part(last, available);
+      line = kept_part(reader, last, available);
       reader.next = reader.filled;
       break;
     }
@@ -118,6 +121,12 @@ bool read_line(LineReader& reader, std::string_view& line) {
 bool skip_line(LineReader& reader) {
   std::string_view ignored;
   return read_line(reader, ignored);
+}
+
+std::string_view upcoming_bytes(LineReader& reader) {
+  while (reader.filled - reader.next < buffer_size && read_more(reader)) {
+  }
+  return {reader.buffer.data() + reader.next, reader.filled - reader.next};
 }
 
 void rewind(LineReader& reader) {

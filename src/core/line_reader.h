@@ -30,6 +30,7 @@ struct LineReader {
   std::size_t next = 0, filled = 0;  ///< the bytes of the buffer that have not been read yet
   bool at_start = true;
   std::int64_t line_number = 0;  ///< of the line last read, counted from 1
+  std::int64_t line_length = 0;  ///< its bytes without the line's end, also those that are not kept
   int error = 0;                 ///< errno of a read that failed; the file then ends there
 };
 
@@ -44,6 +45,10 @@ bool read_line(LineReader& reader, std::string_view& line);
 
 /// Reads on to the end of the next line without keeping it; false at the end.
 bool skip_line(LineReader& reader);
+
+/// Yields bytes that are read next, as many as the buffer holds at the start of the file, and takes none of them. Valid
+/// until the next call.
+std::string_view upcoming_bytes(LineReader& reader);
 
 /// Goes back to the start of the file. A failure is kept in `error`.
 void rewind(LineReader& reader);

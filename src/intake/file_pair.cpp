@@ -95,6 +95,17 @@ void abandon(NewFile& file) {
   file.temporary.clear();
 }
 
+bool finish_file(NewFile& file, FileProblem& problem) {
+  std::error_code error;
+  bool is_good = close_file(file);
+  if (!is_good) problem = {file.name, words_for(file.error)};
+  if (is_good) fs::rename(file.temporary, file.name, error);
+  if (error) problem = {file.name, error.message()};
+  is_good = is_good && !error;
+  if (!is_good) abandon(file);
+  return is_good;
+}
+
 bool finish_both(NewFile& first, NewFile& second, bool may_overwrite, FileProblem& problem) {
   Move first_move = {.file = &first, .older = {}}, second_move = {.file = &second, .older = {}};
   bool is_good = true;

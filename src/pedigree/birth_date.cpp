@@ -86,7 +86,7 @@ DateLayout date_layout_of(std::string_view text) {
           .day_first = day < month};
 }
 
-bool read_birth_date(std::string_view field, const DateLayout& layout, BirthDate& date) {
+bool cut_birth_date(std::string_view field, const DateLayout& layout, BirthDate& date) {
   const std::string_view text = without_trailing_blanks(field);
   if (text.find_first_of(digit_characters) == std::string_view::npos) {
     date = BirthDate{};
@@ -98,9 +98,20 @@ bool read_birth_date(std::string_view field, const DateLayout& layout, BirthDate
       !read_piece(pieces.day, result.day)) {
     return false;
   }
-  if (result.month < 1 || result.month > 12) result.month = 1;
-  if (result.day > month_lengths.at(result.month)) result.day = 1;
   date = result;
+  return true;
+}
+
+BirthDate repaired(BirthDate date) {
+  if (date.month < 1 || date.month > 12) date.month = 1;
+  if (date.day > month_lengths.at(date.month)) date.day = 1;
+  return date;
+}
+
+bool read_birth_date(std::string_view field, const DateLayout& layout, BirthDate& date) {
+  BirthDate result;
+  if (!cut_birth_date(field, layout, result)) return false;
+  date = repaired(result);
   return true;
 }
 

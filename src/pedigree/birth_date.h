@@ -21,9 +21,16 @@ struct BirthDate {
   std::int32_t day = 1;
 };
 
-/// Cuts `field` by the layout. A field without any digit is an unknown date. A month outside 1 to 12 becomes 1, then
-/// a day beyond the end of the month (29 for February) becomes 1; a day of 0 or below stays. Yields false when a piece
-/// is no number of 32 bits; `date` is then as it was.
+/// Cuts `field` by the layout into its numbers, as they stand: an empty piece is 0, a month may be 13. A field without
+/// any digit is an unknown date. Yields false when a piece is no number of 32 bits; `date` is then as it was.
+bool cut_birth_date(std::string_view field, const DateLayout& layout, BirthDate& date);
+
+/// The date as it counts: a month outside 1 to 12 becomes 1, then a day beyond the end of the month (29 for February)
+/// becomes 1; a day of 0 or below stays.
+BirthDate repaired(BirthDate date);
+
+/// Cuts `field` by the layout and repairs the date. Yields false when a piece is no number of 32 bits; `date` is then
+/// as it was.
 bool read_birth_date(std::string_view field, const DateLayout& layout, BirthDate& date);
 
 }  // namespace pedigreewatch

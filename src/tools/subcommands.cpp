@@ -7,6 +7,7 @@
 #include <new>
 #include <string>
 
+#include "tools/check_command.h"
 #include "tools/prepare_command.h"
 
 namespace pedigreewatch {
@@ -22,6 +23,7 @@ struct Subcommand {
 
 constexpr auto subcommands = std::to_array<Subcommand>({
     {"prepare", "turns an office's export into a data file and a steer file", prepare_help, run_prepare},
+    {"check", "finds everything in the data file that stops a run or falsifies its figures", check_help, run_check},
 });
 
 const Subcommand* find_subcommand(std::string_view name) {
@@ -33,7 +35,7 @@ const Subcommand* find_subcommand(std::string_view name) {
 std::string usage() {
   std::string text = "usage: pedigreewatch-tools SUBCOMMAND ...\n";
   for (const Subcommand& subcommand : subcommands) {
-    text += "  " + std::string(subcommand.name) + "   " + std::string(subcommand.summary) + "\n";
+    text += "  " + std::string(subcommand.name) + std::string(10 - subcommand.name.size(), ' ') + std::string(subcommand.summary) + "\n";
   }
   return text +
          "  help      shows this text; `help SUBCOMMAND` or `SUBCOMMAND --help` tells more\n"

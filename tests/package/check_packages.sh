@@ -58,7 +58,7 @@ check_manual_page() {
   [[ -z "$complaints" ]] || fail "$1: $complaints"
 }
 
-documents=(README CHANGELOG CONTRIBUTING docs/steer-file docs/data-file docs/report docs/prepare)
+documents=(README CHANGELOG CONTRIBUTING docs/steer-file docs/data-file docs/report docs/prepare docs/check)
 examples=()
 for example in moorland-en/moorland heide-nl/heide; do
   examples+=("examples/$example.txt" "examples/$example.out" "examples/${example%/*}/pedigreewatch.ini")

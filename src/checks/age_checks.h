@@ -1,0 +1,27 @@
+// Birth years as a whole, and the ages of parents at the births of their young.
+#pragma once
+
+#include "checks/check_limits.h"
+#include "checks/file_reading.h"
+#include "checks/findings.h"
+#include "checks/pedigree_columns.h"
+#include "checks/reading_plan.h"
+
+namespace pedigreewatch {
+
+/// Where most dates are mere years, as 1 January or without a day, every such date is taken for a year and the findings
+/// of the single animals give way to one for the file.
+void settle_year_only_dates(PedigreeColumns& animals, const FileSurvey& survey, Findings& findings);
+
+/// Finds years in the future, years far from all others, empty years and a span that stops the run.
+void check_years(PedigreeColumns& animals, const ReadingPlan& plan, const CalendarDate& today, ToolLanguage language,
+                 Findings& findings);
+
+/// Finds young born before their parents, and parents too young or too old. Of dates without a day or month only what
+/// no day could allow.
+void check_ages(const PedigreeColumns& animals, const CheckLimits& limits, ToolLanguage language, Findings& findings);
+
+/// Finds a parent so old that the tables of ages stop the run.
+void check_age_figures(const PedigreeColumns& animals, Findings& findings);
+
+}  // namespace pedigreewatch

@@ -1,0 +1,76 @@
+#include "checks/check.h"
+
+#include "checks/age_checks.h"
+#include "checks/date_layout_check.h"
+#include "checks/file_reading.h"
+#include "checks/litter_checks.h"
+#include "checks/loop_checks.h"
+#include "checks/parent_checks.h"
+#include "checks/reading_plan.h"
+#include "checks/value_checks.h"
+
+namespace pedigreewatch {
+namespace {
+
+/// Reads the animals, a second time where the dates turn out to be written in another layout.
+FileSurvey read_file(LineReader& data, ReadingPlan& plan, const CheckSettings& settings, CheckResult& result) {
+  FileSurvey survey;
+  const std::size_t found_before = result.findings.list.size();
+  result.has_read_animals = read_animals(data, plan, result.animals, survey, result.findings);
+  result.has_too_many_lines = !result.has_read_animals;
+  if (result.has_too_many_lines || data.error != 0) return survey;
+  rewind(data);
+  if (!mend_date_layout(data, survey, plan, settings.language, result.findings)) return survey;
+  const Finding mended = result.findings.list.back();
+  result.findings.list.resize(found_before);
+  add(result.findings, mended);
+  result.animals = {};
+  survey = {};
+  result.has_read_animals = read_animals(data, plan, result.animals, survey, result.findings);
+  return survey;
+}
+
+void check_values(const FileSurvey& survey, ReadingPlan& plan, const CheckSettings& settings, CheckResult& result) {
+  check_letters_of_file(survey, result.findings);
+  check_male_letter(result.animals, plan, result.findings);
+  check_sexes(result.animals, survey, plan, settings.language, result.findings);
+  check_names(survey, plan, settings, result.findings);
+  check_imports(survey, plan, result.findings);
+  check_breeders(survey, plan, result.findings);
+}
+
+void check_pedigree(const FileSurvey& survey, const ReadingPlan& plan, const CheckSettings& settings,
+                    CheckResult& result) {
+  PedigreeColumns& animals = result.animals;
+  Findings& findings = result.findings;
+  settle_year_only_dates(animals, survey, findings);
+  check_years(animals, plan, settings.today, settings.language, findings);
+  check_duplicates(animals, findings);
+  {
+    const ParentUses uses = count_parent_uses(animals);
+    check_missing_parents(animals, uses, plan, findings);
+    check_roles(animals, uses, plan, findings);
+    check_founders(animals, uses, findings);
+  }
+  check_loops(animals, settings.language, findings);
+  check_ages(animals, settings.limits, settings.language, findings);
+  check_age_figures(animals, findings);
+  check_litters(animals, settings.limits, findings);
+}
+
+}  // namespace
+
+CheckResult check_data(LineReader& data, const CheckSettings& settings) {
+  CheckResult result;
+  check_steer_lines(settings, result.findings);
+  if (settings.report_overwrites_data) add(result.findings, {.code = FindingCode::report_name});
+  ReadingPlan plan = plan_reading(data, settings, result.findings);
+  if (!plan.can_be_read || data.error != 0) return result;
+  const FileSurvey survey = read_file(data, plan, settings, result);
+  if (!result.has_read_animals || data.error != 0) return result;
+  check_values(survey, plan, settings, result);
+  check_pedigree(survey, plan, settings, result);
+  return result;
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,210 @@
+// The findings are put in the order of lines for the table, then in that of kinds for the console.
+
+#include "checks/check_report.h"
+
+#include <algorithm>
+#include <array>
+#include <tuple>
+
+#include "checks/finding_kinds.h"
+#include "checks/readable_text.h"
+#include "intake/finding_lists.h"
+#include "intake/utf_8.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr Wording father = {"father", "vader"}, mother = {"mother", "moeder"};
+constexpr Wording father_first = {"Father", "Vader"}, mother_first = {"Mother", "Moeder"};
+constexpr Wording female_word = {"female", "vrouwelijk"}, male_word = {"male", "mannelijk"};
+constexpr Wording one_animal = {"1 animal", "1 dier"}, many_animals = {"{1} animals", "{1} dieren"};
+constexpr Wording at_line = {", line {1}", ", regel {1}"};
+constexpr Wording at_column = {", column {1}", ", kolom {1}"};
+constexpr Wording title = {"{1}: {2} checked", "{1}: {2} gecontroleerd"};
+constexpr Wording not_read = {"{1}: the animals could not be read; mend this first and check again",
+                              "{1}: de dieren konden niet gelezen worden; verbeter dit eerst en controleer opnieuw"};
+constexpr Wording nothing_found = {"Nothing was found.", "Er is niets gevonden."};
+constexpr Wording summary_line = {"  {1} {2}  {3}", "  {1} {2}  {3}"};
+constexpr Wording falsified = {"Wrong figures in: {1}", "Foute cijfers in: {1}"};
+constexpr Wording kind_title = {"{1} ({2})", "{1} ({2})"};
+constexpr Wording further = {"  and {1} more: pedigreewatch-tools check --code {2}, or {3}",
+                             "  en nog {1}: pedigreewatch-tools check --code {2}, of {3}"};
+constexpr Wording all_in = {"All findings, with their lines: {1}", "Alle bevindingen, met hun regels: {1}"};
+constexpr Wording none_of_kind = {"{1}: none", "{1}: geen"};
+constexpr Wording table_heading = {"line\tcolumn\tid\tcode\tseverity\ttext\n",
+                                   "regel\tkolom\tid\tcode\ternst\ttekst\n"};
+
+/// "1 animal", "2 animals".
+std::string animals_text(std::int64_t count, ToolLanguage language) {
+  return phrase(count == 1 ? one_animal : many_animals, language, {std::to_string(count)});
+}
+
+/// A text with dots for what a terminal would act on, in its full length.
+std::string harmless(std::string_view text) {
+  std::string result;
+  const std::string decoded = readable(text);
+  for (std::string_view rest = decoded; !rest.empty();) {
+    const char32_t letter = take_letter(rest);
+    const bool is_control = letter < 0x20 || (letter >= 0x7F && letter < 0xA0);
+    const bool changes_direction = letter >= 0x200B && letter <= 0x202E;
+    append_letter(result, is_control || changes_direction ? U'.' : letter);
+  }
+  return result;
+}
+
+/// Kinds whose text is made of several of the data and is not cut.
+bool has_long_text(FindingCode code) {
+  return code == FindingCode::loop || code == FindingCode::subpopulation_list || code == FindingCode::colour_list;
+}
+
+std::string shown_text(const Finding& finding, std::int32_t text, const CheckResult& result) {
+  const std::string decoded = harmless(result.findings.texts.at(text));
+  return has_long_text(finding.code) ? decoded : shown(decoded);
+}
+
+std::string id_of(const Finding& finding, const CheckResult& result) {
+  return harmless(result.animals.ids.at(finding.id));
+}
+
+/// "dogs.txt, line 812, column 4, HS12: ".
+std::string place_of(const Finding& finding, const CheckResult& result, const CheckReport& report) {
+  std::string place = shown(report.data_file);
+  if (finding.line > 0) place += phrase(at_line, report.language, {std::to_string(finding.line)});
+  if (finding.line <= 1 && finding.column > 0) {
+    place += phrase(at_column, report.language, {std::to_string(finding.column)});
+  }
+  const std::string id = id_of(finding, result);
+  return place + (id.empty() ? "" : ", " + id) + ": ";
+}
+
+void sort_by_line(Findings& findings) {
+  std::stable_sort(findings.list.begin(), findings.list.end(), [](const Finding& a, const Finding& b) {
+    return std::tie(a.line, a.code, a.column) < std::tie(b.line, b.code, b.column);
+  });
+}
+
+using KindCounts = std::array<std::int64_t, finding_code_count>;
+
+KindCounts count_kinds(const Findings& findings) {
+  KindCounts counts = {};
+  for (const Finding& finding : findings.list) ++counts[static_cast<std::size_t>(finding.code)];
+  return counts;
+}
+
+std::string right_justified(std::int64_t number) {
+  const std::string digits = std::to_string(number);
+  constexpr std::size_t width = 8;
+  return std::string(digits.size() < width ? width - digits.size() : 0, ' ') + digits;
+}
+
+std::string left_justified(std::string_view text) {
+  constexpr std::size_t width = 19;
+  return std::string(text) + std::string(text.size() < width ? width - text.size() : 0, ' ');
+}
+
+/// The kinds that were found with their counts, and the parts of the report that are wrong.
+void show_summary(const KindCounts& counts, const CheckReport& report, TextOutput& console) {
+  const ToolLanguage language = report.language;
+  std::uint32_t wrong_parts = no_part;
+  std::optional<Severity> severity;
+  for (std::size_t k = 0; k < counts.size(); ++k) {
+    if (counts[k] == 0) continue;
+    const FindingKind& kind = kind_of(static_cast<FindingCode>(k));
+    if (severity != kind.severity) {
+      severity = kind.severity;
+      append(console, "\n" + heading_of(kind.severity, language));
+      end_line(console);
+    }
+    const bool is_wrong = kind.severity == Severity::falsifies;
+    if (is_wrong) wrong_parts |= kind.parts;
+    const std::string parts = is_wrong ? list_parts(kind.parts, language) : std::string();
+    std::string line = phrase(summary_line, language, {right_justified(counts[k]), left_justified(kind.name), parts});
+    line.erase(line.find_last_not_of(' ') + 1);
+    append(console, line);
+    end_line(console);
+  }
+  if (wrong_parts == no_part) return;
+  end_line(console);
+  say(console, falsified, language, {list_parts(wrong_parts, language)});
+}
+
+/// The findings of one kind, which stand together.
+void show_kind(const CheckResult& result, std::size_t first, std::int64_t count, const CheckReport& report,
+               TextOutput& console) {
+  constexpr std::int64_t most_shown = 50;
+  const FindingKind& kind = kind_of(result.findings.list[first].code);
+  const std::int64_t shown_count = report.wanted ? count : std::min(count, most_shown);
+  end_line(console);
+  say(console, kind_title, report.language, {kind.name, heading_of(kind.severity, report.language)});
+  for (std::int64_t k = 0; k < shown_count; ++k) {
+    const Finding& finding = result.findings.list[first + static_cast<std::size_t>(k)];
+    append(console, "  " + place_of(finding, result, report) + message_of(finding, result, report.language));
+    end_line(console);
+  }
+  if (shown_count == count) return;
+  say(console, further, report.language, {std::to_string(count - shown_count), kind.name, shown(report.table_file)});
+}
+
+}  // namespace
+
+std::string message_of(const Finding& finding, const CheckResult& result, ToolLanguage language) {
+  const bool is_sire = finding.role == ParentRole::sire;
+  return phrase(
+      kind_of(finding.code).message, language,
+      {shown_text(finding, finding.text, result), shown_text(finding, finding.other_text, result),
+       std::to_string(finding.number), std::to_string(finding.other_line), std::to_string(finding.other_number),
+       words_of(is_sire ? father : mother, language), words_of(is_sire ? father_first : mother_first, language),
+       words_of(is_sire ? female_word : male_word, language),
+       phrase(finding.number == 1 ? one_animal : many_animals, language, {std::to_string(finding.number)})});
+}
+
+std::string table_row(const Finding& finding, const CheckResult& result, ToolLanguage language) {
+  const auto number_or_nothing = [](std::int64_t number) { return number > 0 ? std::to_string(number) : ""; };
+  const FindingKind& kind = kind_of(finding.code);
+  std::string row = number_or_nothing(finding.line) + "\t" + number_or_nothing(finding.column) + "\t";
+  row += id_of(finding, result) + "\t" + std::string(kind.name) + "\t" + std::string(letter_of(kind.severity));
+  return row + "\t" + message_of(finding, result, language);
+}
+
+bool write_table(CheckResult& result, const CheckReport& report, FileProblem& problem) {
+  sort_by_line(result.findings);
+  NewFile file;
+  if (!begin_file(file, report.table_file, problem)) return false;
+  write_bytes(file, words_of(table_heading, report.language));
+  for (const Finding& finding : result.findings.list) {
+    write_bytes(file, table_row(finding, result, report.language) + "\n");
+  }
+  return finish_file(file, problem);
+}
+
+void show_findings(CheckResult& result, const CheckReport& report, TextOutput& console) {
+  std::vector<Finding>& list = result.findings.list;
+  sort_by_line(result.findings);
+  std::stable_sort(list.begin(), list.end(), [](const Finding& a, const Finding& b) { return a.code < b.code; });
+  const KindCounts counts = count_kinds(result.findings);
+  if (report.wanted && counts[static_cast<std::size_t>(*report.wanted)] == 0) {
+    return say(console, none_of_kind, report.language, {kind_of(*report.wanted).name});
+  }
+  if (!report.wanted) {
+    say(console, result.has_read_animals ? title : not_read, report.language,
+        {shown(report.data_file), animals_text(result.animals.count(), report.language)});
+    if (list.empty()) return say(console, nothing_found, report.language);
+    show_summary(counts, report, console);
+  }
+  std::size_t first = 0;
+  for (std::size_t k = 0; k < counts.size(); ++k) {
+    const bool is_shown = counts[k] > 0 && (!report.wanted || static_cast<std::size_t>(*report.wanted) == k);
+    if (is_shown) show_kind(result, first, counts[k], report, console);
+    first += static_cast<std::size_t>(counts[k]);
+  }
+  if (report.wanted) return;
+  end_line(console);
+  say(console, all_in, report.language, {shown(report.table_file)});
+}
+
+bool has_serious_findings(const Findings& findings) {
+  return std::any_of(findings.list.begin(), findings.list.end(),
+                     [](const Finding& finding) { return kind_of(finding.code).severity != Severity::look; });
+}
+
+}  // namespace pedigreewatch

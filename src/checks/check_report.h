@@ -1,0 +1,38 @@
+// Says what was found: a summary and the first findings of each kind on the console, all of them in a table.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "checks/check.h"
+#include "core/text_output.h"
+#include "intake/file_pair.h"
+#include "intake/phrases.h"
+
+namespace pedigreewatch {
+
+/// What a report of findings is about.
+struct CheckReport {
+  std::string data_file, table_file;
+  ToolLanguage language = ToolLanguage::english;
+  std::optional<FindingCode> wanted;  ///< only this kind, in full
+};
+
+/// The message of a finding without its place, in UTF-8.
+std::string message_of(const Finding& finding, const CheckResult& result, ToolLanguage language);
+
+/// A line of the table, without its end.
+std::string table_row(const Finding& finding, const CheckResult& result, ToolLanguage language);
+
+/// Writes the table: line, column, id, code, severity, text, with tabs between them, in the order of the lines.
+/// Completely or not at all; yields false, with `problem`, when it cannot be written.
+bool write_table(CheckResult& result, const CheckReport& report, FileProblem& problem);
+
+/// Shows the findings grouped by kind, the most serious kinds first.
+void show_findings(CheckResult& result, const CheckReport& report, TextOutput& console);
+
+/// Whether anything is above "look".
+bool has_serious_findings(const Findings& findings);
+
+}  // namespace pedigreewatch

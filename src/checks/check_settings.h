@@ -1,0 +1,25 @@
+// What a check is told: how the data file is to be read, and what is believed.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "checks/calendar.h"
+#include "checks/check_limits.h"
+#include "intake/phrases.h"
+#include "pedigree/data_file_layout.h"
+
+namespace pedigreewatch {
+
+struct CheckSettings {
+  DataFileLayout layout;                 ///< as the steer file gives it
+  std::vector<std::string> steer_lines;  ///< the steer file itself, for what is said about its lines
+  bool report_overwrites_data = false;   ///< the report would get the data file's name
+  bool knows_species = true;             ///< the steer file's word for the species is one of the table
+  ToolLanguage language = ToolLanguage::english;
+  CheckLimits limits;
+  CalendarDate today;
+};
+
+}  // namespace pedigreewatch

@@ -1,0 +1,255 @@
+// One pass. Where the file has no headings the program leaves out the last line, so each line waits for the next one.
+
+#include "checks/file_reading.h"
+
+#include <algorithm>
+#include <string>
+
+#include "checks/date_checks.h"
+#include "checks/line_checks.h"
+#include "checks/readable_text.h"
+#include "core/fixed_text.h"
+#include "pedigree/population_store.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr std::size_t id_width = AnimalId{}.bytes.size();
+constexpr std::size_t name_width = AnimalName{}.bytes.size();
+
+struct Reading {
+  const ReadingPlan& plan;
+  PedigreeColumns& animals;
+  FileSurvey& survey;
+  Findings& findings;
+  ByteKinds kinds;
+};
+
+/// The line at hand.
+struct DataLine {
+  std::string_view text;
+  std::int64_t full_length = 0;
+  std::int32_t number = 0;
+  std::uint8_t kinds = 0;
+  std::int32_t id = 0;
+};
+
+std::string_view field_of(const LineFields& fields, FieldCode code) {
+  return without_trailing_blanks(fields.text[static_cast<std::size_t>(code)]);
+}
+
+void find(Reading& reading, const DataLine& line, FindingCode code, FieldCode field, std::string_view text) {
+  add(reading.findings, {.code = code,
+                         .column = reading.plan.column_of[static_cast<std::size_t>(field)],
+                         .line = line.number,
+                         .id = line.id,
+                         .text = keep(reading.findings, text)});
+}
+
+/// The number of an identification, which is cut as the program cuts it; 0 for one that means unknown.
+std::int32_t take_id(Reading& reading, const DataLine& line, const LineFields& fields, FieldCode code) {
+  const std::string_view text = field_of(fields, code);
+  if (text.empty() || text == unknown_parent_id || text == "unknown" || text == "Unknown") return 0;
+  if (text.size() > id_width) find(reading, line, FindingCode::id_cut, code, text);
+  return number_of_text(reading.animals.ids, without_trailing_blanks(text.substr(0, id_width)));
+}
+
+void check_columns(Reading& reading, const DataLine& line, const LineFields& fields) {
+  const ReadingPlan& plan = reading.plan;
+  const std::size_t count = fields.column_count;
+  const std::size_t expected = plan.header_columns != 0 ? plan.header_columns : plan.counted_columns;
+  const bool is_cut = line.full_length > static_cast<std::int64_t>(kept_line_length);
+  if (is_cut) {
+    add(reading.findings,
+        {.code = FindingCode::line_cut, .line = line.number, .id = line.id, .number = line.full_length});
+  }
+  const bool has_more = plan.header_columns != 0 && fields.has_text_beyond_header;
+  if (is_cut || (!has_more && count >= plan.counted_columns)) return;
+  add(reading.findings, {.code = FindingCode::column_count,
+                         .line = line.number,
+                         .id = line.id,
+                         .number = static_cast<std::int64_t>(count),
+                         .other_number = static_cast<std::int64_t>(expected)});
+}
+
+/// Letters beyond ASCII, quotation marks and letters that nobody sees; most lines have none of them.
+void check_letters(Reading& reading, const DataLine& line, const LineFields& fields) {
+  if ((line.kinds & byte_high) != 0) {
+    tally(is_utf_8(line.text) ? reading.survey.utf_8_lines : reading.survey.ansi_lines, line.number);
+  }
+  for (std::size_t code = id_column; code < field_count; ++code) {
+    const std::string_view field = without_trailing_blanks(fields.text[code]);
+    const std::uint8_t kinds = kinds_in(field, reading.kinds);
+    if ((kinds & byte_quote) != 0 && is_quoted(field)) {
+      if (reading.survey.quoted_lines.first_line != line.number) tally(reading.survey.quoted_lines, line.number);
+      if (reading.survey.quoted_text == 0) reading.survey.quoted_text = keep(reading.findings, field);
+    }
+    if ((kinds & (byte_control | byte_high)) == 0) continue;
+    const std::string named = with_invisible_named(field);
+    if (!named.empty()) find(reading, line, FindingCode::invisible_letter, static_cast<FieldCode>(code), named);
+  }
+}
+
+void check_year(Reading& reading, const DataLine& line, const DateReading& date, std::string_view text,
+                std::uint8_t& marks) {
+  if (date.date.year > 0 && date.date.year < 100) {
+    constexpr std::int32_t newest_of_this_century = 40;
+    const std::int32_t century = date.date.year <= newest_of_this_century ? 2000 : 1900;
+    add(reading.findings,
+        {.code = is_placeholder_date(date.date) ? FindingCode::year_placeholder : FindingCode::year_two_digits,
+         .column = reading.plan.column_of[birthdate_column],
+         .line = line.number,
+         .id = line.id,
+         .text = keep(reading.findings, text),
+         .number = date.date.year,
+         .other_number = century + date.date.year});
+    marks = static_cast<std::uint8_t>(marks | mark_strange_year);
+  } else if (date.kind != DateKind::year_only && is_placeholder_date(date.date)) {
+    find(reading, line, FindingCode::year_placeholder, birthdate_column, text);
+    marks = static_cast<std::uint8_t>(marks | mark_strange_year);
+  }
+}
+
+void report_repair(Reading& reading, const DataLine& line, const DateReading& date, std::string_view text) {
+  const BirthDate& taken = date.date;
+  const std::string shown_date = text_of(CalendarDate{taken.year, taken.month, taken.day});
+  add(reading.findings, {.code = FindingCode::date_impossible,
+                         .column = reading.plan.column_of[birthdate_column],
+                         .line = line.number,
+                         .id = line.id,
+                         .text = keep(reading.findings, text),
+                         .other_text = keep(reading.findings, shown_date)});
+}
+
+void count_date(Reading& reading, const DataLine& line, const DateReading& date, std::string_view text) {
+  FileSurvey& survey = reading.survey;
+  ++survey.dates;
+  if (date.kind == DateKind::year_only) ++survey.year_only_dates;
+  if (date.kind == DateKind::unreadable) ++survey.unreadable_dates;
+  const bool is_read = date.kind != DateKind::unreadable;
+  if (is_read && date.date.month == 1 && date.date.day == 1) ++survey.january_dates;
+  if (date.fits_layout) return;
+  tally(survey.misfit_dates, line.number);
+  if (survey.misfit_text == 0) survey.misfit_text = keep(reading.findings, text);
+}
+
+/// Yields the date of birth and adds to the marks what is strange about it.
+BirthDay take_date(Reading& reading, const DataLine& line, const LineFields& fields, std::uint8_t& marks) {
+  const std::string_view text = field_of(fields, birthdate_column);
+  const DateReading date = look_at_date(fields.text[birthdate_column], reading.plan.layout.dates);
+  if (date.kind == DateKind::unknown) {
+    if ((marks & mark_no_animal) == 0) find(reading, line, FindingCode::date_unknown, birthdate_column, text);
+    return {};
+  }
+  count_date(reading, line, date, text);
+  if (date.kind == DateKind::unreadable) {
+    add(reading.findings, {.code = FindingCode::date_unreadable,
+                           .column = reading.plan.column_of[birthdate_column],
+                           .line = line.number,
+                           .id = line.id,
+                           .text = keep(reading.findings, text),
+                           .other_text = keep(reading.findings, reading.plan.layout.date_layout.trimmed())});
+    return {};
+  }
+  if (date.kind == DateKind::repaired) report_repair(reading, line, date, text);
+  if (date.kind == DateKind::year_only) {
+    find(reading, line, FindingCode::date_year_only, birthdate_column, text);
+    marks = static_cast<std::uint8_t>(marks | mark_year_only);
+  }
+  check_year(reading, line, date, text, marks);
+  return {date.date.year, date.date.day, static_cast<std::int8_t>(date.date.month)};
+}
+
+void count_texts(Reading& reading, const DataLine& line, const LineFields& fields) {
+  FileSurvey& survey = reading.survey;
+  count_text(survey.sexes, field_of(fields, sex_column), line.number);
+  const auto count_field = [&](TextCounts& counts, FieldCode code) {
+    if (reading.plan.column_of[static_cast<std::size_t>(code)] == 0) return;
+    const std::string_view text = field_of(fields, code);
+    if (!text.empty()) count_text(counts, text, line.number);
+  };
+  count_field(survey.subpopulations, subpopulation_column);
+  count_field(survey.colours, colour_column);
+  count_field(survey.imports, import_column);
+  count_field(survey.breeders, breeder_column);
+  const std::string_view name = field_of(fields, name_column);
+  if (name.size() > name_width) find(reading, line, FindingCode::name_cut, name_column, name);
+}
+
+void store_animal(Reading& reading, DataLine& line, const LineFields& fields, std::uint8_t marks) {
+  PedigreeColumns& animals = reading.animals;
+  const bool is_animal = (marks & mark_no_animal) == 0;
+  animals.sire.add(is_animal ? take_id(reading, line, fields, sire_column) : 0);
+  animals.dam.add(is_animal ? take_id(reading, line, fields, dam_column) : 0);
+  if (is_animal) {
+    check_columns(reading, line, fields);
+    if (line.id == 0) find(reading, line, FindingCode::id_missing, id_column, {});
+    count_texts(reading, line, fields);
+  }
+  if (line.kinds != byte_plain) check_letters(reading, line, fields);
+  if (!field_of(fields, import_column).empty()) marks = static_cast<std::uint8_t>(marks | mark_import);
+  animals.birth.add(take_date(reading, line, fields, marks));
+  animals.marks.add(marks);
+  const std::string_view sex = fields.text[sex_column];
+  animals.sex.add(sex.empty() ? ' ' : sex.front());
+  const std::string_view name = field_of(fields, name_column);
+  animals.name_hash.add(name.empty() || name == "-" ? 0 : hash_of_text(name));
+}
+
+void take_line(Reading& reading, DataLine line) {
+  const LineFields fields = cut_line(line.text, reading.plan);
+  const LineKind kind = kind_of_line(line.text, fields, reading.plan);
+  line.kinds = kinds_in(line.text, reading.kinds);
+  std::uint8_t marks = 0;
+  if (kind != LineKind::animal) {
+    const bool is_header = kind == LineKind::header_again;
+    add(reading.findings,
+        {.code = is_header ? FindingCode::header_again : FindingCode::no_animal, .line = line.number});
+    marks = mark_no_animal;
+  }
+  line.id = kind == LineKind::animal ? take_id(reading, line, fields, id_column) : 0;
+  reading.animals.id.add(line.id);
+  store_animal(reading, line, fields, marks);
+}
+
+/// For every identification the first animal that has it.
+void index_animals(PedigreeColumns& animals) {
+  animals.animal_of = ByNumber<std::int32_t>(static_cast<std::size_t>(animals.ids.count()));
+  for (std::int32_t animal = animals.count(); animal >= 1; --animal) {
+    animals.animal_of[animals.id.at(animal)] = animal;
+  }
+  animals.animal_of[0] = 0;
+}
+
+}  // namespace
+
+bool read_animals(LineReader& data, const ReadingPlan& plan, PedigreeColumns& animals, FileSurvey& survey,
+                  Findings& findings) {
+  Reading reading = {plan, animals, survey, findings, byte_kinds(plan.layout.delimiter)};
+  const bool leaves_out_last = plan.header_line.empty() && !plan.first_line_is_header;
+  animals.first_line = plan.first_line_is_header ? 2 : 1;
+  constexpr std::int64_t most_lines = 99'999'999;
+  std::string waiting;
+  DataLine line, waiting_line;
+  while (read_line(data, line.text)) {
+    if (data.line_number > most_lines) return false;
+    if (data.line_number == 1 && plan.first_line_is_header) continue;
+    line.number = static_cast<std::int32_t>(data.line_number);
+    line.full_length = data.line_length;
+    if (leaves_out_last) {
+      if (waiting_line.number != 0) take_line(reading, waiting_line);
+      waiting.assign(line.text);
+      waiting_line = line;
+      waiting_line.text = waiting;
+    } else {
+      take_line(reading, line);
+    }
+  }
+  if (leaves_out_last && !without_trailing_blanks(waiting).empty()) {
+    add(findings, {.code = FindingCode::last_line, .line = waiting_line.number});
+  }
+  index_animals(animals);
+  return true;
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,271 @@
+// The table of all kinds. Dutch letters with accents are UTF-8, like everything that the tools print.
+
+#include "checks/finding_kinds.h"
+
+#include <algorithm>
+#include <array>
+
+namespace pedigreewatch {
+namespace {
+
+constexpr std::uint32_t part_ne = part_effective_size;
+constexpr std::uint32_t pedigree_parts = part_inbreeding | part_ne;
+constexpr std::uint32_t sex_parts = part_population_size | part_offspring | part_litters;
+constexpr std::uint32_t age_parts = part_parent_ages | part_interval;
+constexpr std::uint32_t link_parts = pedigree_parts | part_offspring | part_completeness;
+
+constexpr Severity S = Severity::stops, W = Severity::falsifies, L = Severity::look;
+using Code = FindingCode;
+
+constexpr std::array<FindingKind, finding_code_count> kinds = {{
+    // clang-format off
+    {Code::utf_16, "utf-16", S, every_part,
+     {"The file is UTF-16; save it as ANSI text", "Het bestand is UTF-16; sla het op als ANSI-tekst"}},
+    {Code::binary_file, "binary-file", S, every_part,
+     {"The file is {1} and no text; export it as text", "Het bestand is {1} en geen tekst; exporteer het als tekst"}},
+    {Code::empty_file, "empty-file", S, every_part,
+     {"The file is empty", "Het bestand is leeg"}},
+    {Code::report_name, "report-name", S, every_part,
+     {"The report would be written over this file; give it another ending (line 2 of pedigreewatch.ini)",
+      "De uitvoer zou over dit bestand heen geschreven worden; geef het een andere uitgang (regel 2 van pedigreewatch.ini)"}},
+    {Code::delimiter, "delimiter", S, every_part,
+     {"Columns are divided by {1}, not by {2}; write {1} in line 3 of pedigreewatch.ini",
+      "Kolommen zijn gescheiden door {1}, niet door {2}; schrijf {1} in regel 3 van pedigreewatch.ini"}},
+    {Code::header_missing, "header-missing", S, every_part,
+     {"The first line holds no headings (\"{1}\"); add them, or write n in line 9 of pedigreewatch.ini and the column list below it",
+      "De eerste regel bevat geen koppen (\"{1}\"); voeg ze toe, of schrijf n in regel 9 van pedigreewatch.ini met de kolommenlijst eronder"}},
+    {Code::header_quotes, "header-quotes", S, every_part,
+     {"Quotation marks count as letters, {1} is no heading; export without them",
+      "Aanhalingstekens tellen als letters, {1} is geen kop; exporteer zonder"}},
+    {Code::header_required, "header-required", S, every_part,
+     {R"("{1}" is not known; write "{2}")", R"("{1}" is onbekend; schrijf "{2}")"}},
+    {Code::column_missing, "column-missing", S, every_part,
+     {"No column is headed \"{2}\"; it is required", "Geen kolom heet \"{2}\"; die is verplicht"}},
+    {Code::loop, "loop", S, every_part,
+     {"Is its own ancestor: {1}", "Is zijn eigen voorouder: {1}"}},
+    {Code::date_layout_required, "date-layout-required", S, every_part,
+     {"{3} dates such as {1} do not fit the layout; write {2} in line 5 of pedigreewatch.ini",
+      "{3} datums zoals {1} passen niet bij de indeling; schrijf {2} in regel 5 van pedigreewatch.ini"}},
+    {Code::date_unreadable, "date-unreadable", S, every_part,
+     {"\"{1}\" is no date ({2})", "\"{1}\" is geen datum ({2})"}},
+    {Code::year_span, "year-span", S, every_part,
+     {"Years {3} to {5}: the report would have more than 100000 lines a table",
+      "Jaren {3} tot {5}: de uitvoer zou meer dan 100000 regels per tabel hebben"}},
+    {Code::age_figures, "age-figures", S, every_part,
+     {"{7} \"{1}\" was {3} years old: the tables of the parents' ages would be too wide ({5} figures)",
+      "{7} \"{1}\" was {3} jaar oud: de tabellen van de leeftijden van de ouders zouden te breed worden ({5} getallen)"}},
+
+    {Code::line_ends, "line-ends", W, every_part,
+     {"The file is one single line (lone carriage returns); save it with Windows or Unix line ends",
+      "Het bestand is een enkele regel (losse carriage returns); sla het op met regeleinden van Windows of Unix"}},
+    {Code::two_encodings, "two-encodings", W, part_breeders | part_subpopulations | part_colours,
+     {"Accents are written in two ways (lines in UTF-8: {3}, in ANSI: {5}); one breeder counts as two",
+      "Accenten staan er op twee manieren (regels in UTF-8: {3}, in ANSI: {5}); een fokker telt dubbel"}},
+    {Code::quotes, "quotes", W, link_parts,
+     {"Quotation marks count as letters ({1}; lines: {3}); export without them",
+      "Aanhalingstekens tellen als letters ({1}; regels: {3}); exporteer zonder"}},
+    {Code::header_word, "header-word", W, no_part,
+     {R"("{1}" is not known, its tables are missing; write "{2}")", R"("{1}" is onbekend, de tabellen ervan ontbreken; schrijf "{2}")"}},
+    {Code::header_unread, "header-unread", W, every_part,
+     {"The headings from column {3} (\"{1}\") on are not read, an empty one stands before; write n in line 4 of pedigreewatch.ini",
+      "De koppen vanaf kolom {3} (\"{1}\") worden niet gelezen, er staat een lege voor; schrijf n in regel 4 van pedigreewatch.ini"}},
+    {Code::header_as_animal, "header-as-animal", W, every_part,
+     {"The headings in line 1 count as an animal; write y in line 9 of pedigreewatch.ini and leave out the column list",
+      "De koppen in regel 1 tellen als dier; schrijf y in regel 9 van pedigreewatch.ini en laat de kolommenlijst weg"}},
+    {Code::header_again, "header-again", W, part_population_size | part_breeders,
+     {"The header stands here again", "De kopregel staat hier nog eens"}},
+    {Code::last_column, "last-column", W, no_part,
+     {"\"{1}\" stands beyond the 25th column and is not read; move it to the front",
+      "\"{1}\" staat voorbij de 25e kolom en wordt niet gelezen; zet de kolom vooraan"}},
+    {Code::column_twice, "column-twice", W, every_part,
+     {"Columns {3} and {5} both hold the {1}; column {5} is used", "Kolom {3} en {5} bevatten beide {1}; kolom {5} wordt gebruikt"}},
+    {Code::last_line, "last-line", W, every_part,
+     {"The last animal is not read; add an empty line", "Het laatste dier wordt niet gelezen; voeg een lege regel toe"}},
+    {Code::line_cut, "line-cut", W, every_part,
+     {"The line is cut after 600 characters (it has {3})", "De regel is na 600 tekens afgekapt (hij heeft er {3})"}},
+    {Code::column_count, "column-count", W, link_parts,
+     {"{3} columns, the header has {5}", "{3} kolommen, de kop heeft er {5}"}},
+    {Code::no_animal, "no-animal", W, part_population_size | part_completeness,
+     {"This line is no animal but is counted as one", "Deze regel is geen dier maar telt wel mee"}},
+    {Code::invisible_letter, "invisible-letter", W, link_parts,
+     {"Invisible character in \"{1}\"", "Onzichtbaar teken in \"{1}\""}},
+    {Code::date_layout, "date-layout", W, every_part,
+     {"{3} dates such as {1} do not fit the layout; write {2} in line 5 of pedigreewatch.ini",
+      "{3} datums zoals {1} passen niet bij de indeling; schrijf {2} in regel 5 van pedigreewatch.ini"}},
+    {Code::male_letter, "male-letter", W, sex_parts | part_inbreeding,
+     {R"(The letter for males is "{1}" ({5} of them), but fathers are "{2}" ({9}); write {2} in line 7 of pedigreewatch.ini)",
+      R"(De letter voor mannelijk is "{1}" ({5} keer), maar vaders zijn "{2}" ({9}); schrijf {2} in regel 7 van pedigreewatch.ini)"}},
+    {Code::sex_text, "sex-text", W, sex_parts | part_inbreeding,
+     {"Sex \"{1}\" counts as {2} ({9})", "Geslacht \"{1}\" telt als {2} ({9})"}},
+    {Code::id_missing, "id-missing", W, link_parts,
+     {"No id; no offspring can be linked", "Geen id; nakomelingen worden niet gekoppeld"}},
+    {Code::id_cut, "id-cut", W, link_parts,
+     {"The id \"{1}\" is cut to 30 characters", "Het id \"{1}\" is afgekapt op 30 tekens"}},
+    {Code::duplicate_line, "duplicate-line", W, part_population_size | part_litters,
+     {"Same as line {4}; counts twice", "Gelijk aan regel {4}; telt dubbel"}},
+    {Code::duplicate_id, "duplicate-id", W, pedigree_parts | age_parts,
+     {"Same id as line {4}, other data; all offspring go to line {4}",
+      "Zelfde id als regel {4}, andere gegevens; alle nakomelingen gaan naar regel {4}"}},
+    {Code::parent_spelling, "parent-spelling", W, pedigree_parts | part_completeness,
+     {R"({7} "{1}" ({3} young) has no line; is "{2}" (line {4}) meant?)",
+      R"({7} "{1}" ({3} jong(en)) heeft geen regel; is "{2}" (regel {4}) bedoeld?)"}},
+    {Code::unknown_word, "unknown-word", W, every_part,
+     {"\"{1}\" is taken for an animal ({3} young); leave it empty", "\"{1}\" telt als dier ({3} jong(en)); laat het leeg"}},
+    {Code::same_parents, "same-parents", W, pedigree_parts | part_litters,
+     {"Father and mother are one animal, \"{1}\"", "Vader en moeder zijn hetzelfde dier, \"{1}\""}},
+    {Code::both_roles, "both-roles", W, part_litters | part_offspring,
+     {"\"{1}\" is a father here ({3} young), a mother in line {4} ({5} young)",
+      "\"{1}\" is hier vader ({3} jong(en)), in regel {4} moeder ({5} jong(en))"}},
+    {Code::parent_sex, "parent-sex", W, sex_parts | part_inbreeding,
+     {"{7} \"{1}\" ({3} young) is recorded as {8} (line {4})", "{7} \"{1}\" ({3} jong(en)) staat als {8} te boek (regel {4})"}},
+    {Code::born_before_parent, "born-before-parent", W, age_parts | part_ne,
+     {"Born before its {6} \"{1}\" (line {4})", "Geboren voor zijn {6} \"{1}\" (regel {4})"}},
+    {Code::parent_too_young, "parent-too-young", W, age_parts | part_ne,
+     {"{7} \"{1}\" was {2}{3} days old (line {4})", "{7} \"{1}\" was {2}{3} dagen oud (regel {4})"}},
+    {Code::births_too_close, "births-too-close", W, part_litters,
+     {"Only {3} days after the young of line {4} of mother \"{1}\"", "Slechts {3} dagen na het jong van regel {4} van moeder \"{1}\""}},
+    {Code::date_impossible, "date-impossible", W, part_interval,
+     {"{1} is read as {2}", "{1} wordt gelezen als {2}"}},
+    {Code::date_year_only, "date-year-only", W, part_parent_ages,
+     {"Only a year ({1}); ages are rough", "Alleen een jaar ({1}); leeftijden zijn grof"}},
+    {Code::year_two_digits, "year-two-digits", W, every_part,
+     {"Year {3}: is {5} meant?", "Jaar {3}: is {5} bedoeld?"}},
+    {Code::year_placeholder, "year-placeholder", W, every_part,
+     {"{1} stands for an unknown date; leave it empty: years without animals count as F = 0, Ne is wrong",
+      "{1} staat voor een onbekende datum; laat die leeg: jaren zonder dieren tellen als F = 0, Ne is fout"}},
+    {Code::year_future, "year-future", W, every_part,
+     {"Born in the future ({1}): years without animals count as F = 0, Ne is wrong",
+      "Geboren in de toekomst ({1}): jaren zonder dieren tellen als F = 0, Ne is fout"}},
+    {Code::year_far_out, "year-far-out", W, every_part,
+     {"Year {3} is {5} years from the next; each of them is a row with F = 0",
+      "Jaar {3} ligt {5} jaar van het volgende; elk daarvan is een rij met F = 0"}},
+    {Code::year_lone, "year-lone", W, every_part,
+     {"Only {9} {1}; every empty year counts as F = 0, Ne is wrong",
+      "Slechts {9} {1}; elk leeg jaar telt als F = 0, Ne is fout"}},
+    {Code::year_gap, "year-gap", W, pedigree_parts,
+     {"No animals in {1}; counted as F = 0, Ne is wrong", "Geen dieren in {1}; telt als F = 0, Ne is fout"}},
+    {Code::subpopulation_list, "subpopulation-list", W, part_subpopulations,
+     {"{9} with a subpopulation, pedigreewatch.ini lists none; write from line {5} on: {1}",
+      "{9} met een subpopulatie, pedigreewatch.ini noemt er geen; schrijf vanaf regel {5}: {1}"}},
+    {Code::subpopulation, "subpopulation", W, part_subpopulations,
+     {"Subpopulation \"{1}\" ({9}) is not listed{2}", "Subpopulatie \"{1}\" ({9}) staat niet op de lijst{2}"}},
+    {Code::colour_list, "colour-list", W, part_colours,
+     {"{9} with a colour, pedigreewatch.ini lists none; write from line {5} on: {1}",
+      "{9} met een kleur, pedigreewatch.ini noemt er geen; schrijf vanaf regel {5}: {1}"}},
+    {Code::colour, "colour", W, part_colours,
+     {"Colour \"{1}\" ({9}) counts as not recognised{2}", "Kleur \"{1}\" ({9}) telt als niet erkend{2}"}},
+    {Code::import_text, "import-text", W, part_imports | part_litters | part_inbreeding,
+     {"Any text means import, also \"{1}\" ({9}); leave it empty",
+      "Elke tekst betekent import, ook \"{1}\" ({9}); laat het leeg"}},
+
+    {Code::parent_one_letter, "parent-one-letter", L, pedigree_parts | part_completeness,
+     {R"({7} "{1}" ({3} young) has no line; line {4} has "{2}")", R"({7} "{1}" ({3} jong(en)) heeft geen regel; regel {4} heeft "{2}")"}},
+    {Code::parent_missing, "parent-missing", L, part_completeness,
+     {"{7} \"{1}\" ({3} young) has no line", "{7} \"{1}\" ({3} jong(en)) heeft geen regel"}},
+    {Code::parent_young, "parent-young", L, age_parts,
+     {"{7} \"{1}\" was {2}{3} days old (line {4})", "{7} \"{1}\" was {2}{3} dagen oud (regel {4})"}},
+    {Code::parent_old, "parent-old", L, age_parts,
+     {"{7} \"{1}\" was {3} years old (line {4})", "{7} \"{1}\" was {3} jaar oud (regel {4})"}},
+    {Code::births_close, "births-close", L, part_litters,
+     {"Only {3} days after the young of line {4} of mother \"{1}\"", "Slechts {3} dagen na het jong van regel {4} van moeder \"{1}\""}},
+    {Code::litter_dates, "litter-dates", L, part_litters,
+     {"One litter, two dates? Born {3} days after line {4}, mother \"{1}\"", "Een nest, twee datums? {3} dagen na regel {4} geboren, moeder \"{1}\""}},
+    {Code::litter_size, "litter-size", L, part_litters,
+     {"{3} young of mother \"{1}\" on one day", "{3} jongen van moeder \"{1}\" op een dag"}},
+    {Code::litter_sires, "litter-sires", L, part_litters,
+     {"Litter mates of mother \"{1}\" have two fathers, see line {4}", "Nestgenoten van moeder \"{1}\" hebben twee vaders, zie regel {4}"}},
+    {Code::same_animal, "same-animal", L, part_population_size | part_litters,
+     {"Same animal as line {4} (\"{1}\")? Name, date, sex and parents agree",
+      "Hetzelfde dier als regel {4} (\"{1}\")? Naam, datum, geslacht en ouders zijn gelijk"}},
+    {Code::date_unknown, "date-unknown", L, no_part,
+     {"No date of birth; absent from all tables by year", "Geen geboortedatum; ontbreekt in alle tabellen per jaar"}},
+    {Code::dates_of_years, "dates-of-years", L, part_parent_ages,
+     {"{3} of {5} dates give a year only; ages are in whole years", "{3} van de {5} datums geven alleen een jaar; leeftijden zijn in hele jaren"}},
+    {Code::founder_late, "founder-late", L, part_inbreeding,
+     {"No parents, born after {3}, no import: F is too low", "Geen ouders, geboren na {3}, geen import: F is te laag"}},
+    {Code::isolated, "isolated", L, part_completeness,
+     {"No parents and no young", "Geen ouders en geen jongen"}},
+    {Code::breeder_spelling, "breeder-spelling", L, part_breeders,
+     {R"("{1}" ({9}) and "{2}" ({5}): one breeder?)", R"("{1}" ({9}) en "{2}" ({5}): een fokker?)"}},
+    {Code::breeder_cut, "breeder-cut", L, part_breeders,
+     {"The breeder \"{1}\" ({9}) is cut to 20 characters", "De fokker \"{1}\" ({9}) is afgekapt op 20 tekens"}},
+    {Code::name_cut, "name-cut", L, part_top_sires,
+     {"The name \"{1}\" is cut to 50 characters", "De naam \"{1}\" is afgekapt op 50 tekens"}},
+    {Code::heading_unused, "heading-unused", L, no_part,
+     {"Column {3}, \"{1}\", is not used", "Kolom {3}, \"{1}\", wordt niet gebruikt"}},
+    {Code::name_not_found, "name-not-found", L, no_part,
+     {"No animal has \"{1}\" (line {3} of pedigreewatch.ini)", "Geen dier heeft \"{1}\" (regel {3} van pedigreewatch.ini)"}},
+    {Code::utf_8_letters, "utf-8-letters", L, no_part,
+     {"Accents are UTF-8 (lines: {3}); in the report they show wrong, save the file as ANSI text",
+      "Accenten zijn UTF-8 (regels: {3}); in de uitvoer staan ze verkeerd, sla het bestand op als ANSI-tekst"}},
+    {Code::steer_word, "steer-word", L, no_part,
+     {"pedigreewatch.ini, line {3}: \"{1}\" is not known and read as {2}", "pedigreewatch.ini, regel {3}: \"{1}\" is onbekend en wordt gelezen als {2}"}},
+    {Code::steer_rest, "steer-rest", L, no_part,
+     {"pedigreewatch.ini, line {3}: \"{1}\" is not read; are the counts above it right?",
+      "pedigreewatch.ini, regel {3}: \"{1}\" wordt niet gelezen; kloppen de aantallen erboven?"}},
+    // clang-format on
+}};
+
+static_assert(
+    [] {
+      for (std::size_t k = 0; k < kinds.size(); ++k) {
+        if (static_cast<std::size_t>(kinds[k].code) != k) return false;
+      }
+      return true;
+    }(),
+    "the kinds stand in the order of their codes");
+
+constexpr auto part_names = std::to_array<Wording>({
+    {"inbreeding and kinship", "inteelt en verwantschap"},
+    {"effective size (Ne)", "effectieve grootte (Ne)"},
+    {"population size", "populatiegrootte"},
+    {"offspring", "nakomelingen"},
+    {"litters", "nesten"},
+    {"ages of parents", "leeftijden van ouders"},
+    {"generation interval", "generatie-interval"},
+    {"completeness", "volledigheid"},
+    {"top sires", "topvaders"},
+    {"breeders", "fokkers"},
+    {"colours", "kleuren"},
+    {"subpopulations", "subpopulaties"},
+    {"imports", "import"},
+});
+constexpr Wording all_parts = {"everything", "alles"};
+
+}  // namespace
+
+const FindingKind& kind_of(FindingCode code) {
+  return kinds[static_cast<std::size_t>(code)];
+}
+
+std::optional<FindingCode> finding_code_named(std::string_view name) {
+  const auto* const found =
+      std::find_if(kinds.begin(), kinds.end(), [&](const FindingKind& kind) { return kind.name == name; });
+  if (found == kinds.end()) return std::nullopt;
+  return found->code;
+}
+
+std::string_view letter_of(Severity severity) {
+  return severity == Severity::stops ? "S" : severity == Severity::falsifies ? "W" : "L";
+}
+
+std::string heading_of(Severity severity, ToolLanguage language) {
+  constexpr std::array<Wording, 3> headings = {
+      {{"The run stops", "Het programma stopt"},
+       {"Figures of the report become wrong", "Cijfers in de uitvoer worden fout"},
+       {"Worth a look", "Het bekijken waard"}}};
+  return std::string(words_of(headings[static_cast<std::size_t>(severity)], language));
+}
+
+std::string list_parts(std::uint32_t parts, ToolLanguage language) {
+  if (parts == every_part) return std::string(words_of(all_parts, language));
+  std::string list;
+  for (std::size_t k = 0; k < part_names.size(); ++k) {
+    if ((parts >> k & 1U) == 0) continue;
+    if (!list.empty()) list += ", ";
+    list += words_of(part_names[k], language);
+  }
+  return list;
+}
+
+}  // namespace pedigreewatch

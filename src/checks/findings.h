@@ -1,0 +1,127 @@
+// What the checks find: plain records, filled in while the data file is read and while the pedigree is looked at. How
+// each kind is called, how serious it is and what it says stands in finding_kinds.cpp.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "checks/text_store.h"
+
+namespace pedigreewatch {
+
+/// The kinds of findings, in the order in which they are shown.
+enum class FindingCode : std::uint8_t {
+  // The run stops.
+  utf_16,
+  binary_file,
+  empty_file,
+  report_name,
+  delimiter,
+  header_missing,
+  header_quotes,
+  header_required,
+  column_missing,
+  loop,
+  date_layout_required,
+  date_unreadable,
+  year_span,
+  age_figures,
+  // Figures of the report become wrong.
+  line_ends,
+  two_encodings,
+  quotes,
+  header_word,
+  header_unread,
+  header_as_animal,
+  header_again,
+  last_column,
+  column_twice,
+  last_line,
+  line_cut,
+  column_count,
+  no_animal,
+  invisible_letter,
+  date_layout,
+  male_letter,
+  sex_text,
+  id_missing,
+  id_cut,
+  duplicate_line,
+  duplicate_id,
+  parent_spelling,
+  unknown_word,
+  same_parents,
+  both_roles,
+  parent_sex,
+  born_before_parent,
+  parent_too_young,
+  births_too_close,
+  date_impossible,
+  date_year_only,
+  year_two_digits,
+  year_placeholder,
+  year_future,
+  year_far_out,
+  year_lone,
+  year_gap,
+  subpopulation_list,
+  subpopulation,
+  colour_list,
+  colour,
+  import_text,
+  // Worth a look.
+  parent_one_letter,
+  parent_missing,
+  parent_young,
+  parent_old,
+  births_close,
+  litter_dates,
+  litter_size,
+  litter_sires,
+  same_animal,
+  date_unknown,
+  dates_of_years,
+  founder_late,
+  isolated,
+  breeder_spelling,
+  breeder_cut,
+  name_cut,
+  heading_unused,
+  name_not_found,
+  utf_8_letters,
+  steer_word,
+  steer_rest,
+};
+inline constexpr std::size_t finding_code_count = static_cast<std::size_t>(FindingCode::steer_rest) + 1;
+
+/// Which parent a finding speaks of.
+enum class ParentRole : std::uint8_t { none, sire, dam };
+
+struct Finding {
+  FindingCode code = FindingCode::utf_16;
+  ParentRole role = ParentRole::none;
+  std::uint16_t column = 0;               ///< of the data file, counted from 1; 0 when none is meant
+  std::int32_t line = 0;                  ///< of the data file, counted from 1; 0 when the whole file is meant
+  std::int32_t id = 0;                    ///< of the animal, as a number of the identifications; 0 when none is meant
+  std::int32_t text = 0, other_text = 0;  ///< numbers of `Findings::texts`
+  std::int32_t other_line = 0;
+  std::int64_t number = 0, other_number = 0;
+};
+
+struct Findings {
+  std::vector<Finding> list;
+  TextStore texts;  ///< bytes of the data file, or UTF-8 of the checks themselves
+};
+
+/// Keeps a text for a finding.
+inline std::int32_t keep(Findings& findings, std::string_view text) {
+  return number_of_text(findings.texts, text);
+}
+
+inline void add(Findings& findings, const Finding& finding) {
+  findings.list.push_back(finding);
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,96 @@
+#include "checks/line_checks.h"
+
+#include <algorithm>
+
+#include "core/fixed_text.h"
+#include "intake/folded_words.h"
+
+namespace pedigreewatch {
+namespace {
+
+std::string_view without_quotes(std::string_view field) {
+  const std::string_view text = without_trailing_blanks(field);
+  if (text.size() < 2 || text.front() != '"' || text.back() != '"') return field;
+  return text.substr(1, text.size() - 2);
+}
+
+/// The number of fields and whether one behind the header's columns holds text, from the field at `begin` on.
+void count_further_fields(std::string_view line, std::size_t begin, const ReadingPlan& plan, LineFields& fields) {
+  while (begin <= line.size()) {
+    const std::size_t end = std::min(line.find(plan.layout.delimiter, begin), line.size());
+    const bool is_empty = without_trailing_blanks(line.substr(begin, end - begin)).empty();
+    if (fields.column_count++ >= plan.header_columns && !is_empty) fields.has_text_beyond_header = true;
+    begin = end + 1;
+  }
+}
+
+bool is_total_word(std::string_view id) {
+  constexpr auto words = std::to_array<std::string_view>({"total", "totaal", "subtotal", "subtotaal", "sum", "som",
+                                                          "count", "aantal", "totals", "gesamt", "summe", "eof"});
+  constexpr std::size_t longest = 24;
+  if (id.empty() || id.size() > longest) return false;
+  const char first = static_cast<char>(id.front() | 0x20);
+  if (first != 't' && first != 's' && first != 'c' && first != 'a' && first != 'g' && first != 'e') return false;
+  std::string word = folded(id);
+  while (!word.empty() && word.back() >= '0' && word.back() <= '9') word.pop_back();
+  return is_among(word, words);
+}
+
+bool is_blank_line(std::string_view line, char delimiter) {
+  return std::all_of(line.begin(), line.end(), [&](char byte) { return byte == ' ' || byte == delimiter; });
+}
+
+}  // namespace
+
+LineFields cut_line(std::string_view line, const ReadingPlan& plan) {
+  LineFields fields;
+  const std::string_view counted = plan.layout.delimiter == ' ' ? without_trailing_blanks(line) : line;
+  std::size_t begin = 0;
+  for (std::size_t c = 0; c < plan.counted_columns && begin <= counted.size(); ++c) {
+    const std::size_t end = std::min(counted.find(plan.layout.delimiter, begin), counted.size());
+    const std::int32_t code = plan.layout.column_codes[c];
+    const bool is_left_out = plan.layout.merge_delimiters && end == begin && end < counted.size();
+    if (code > unused_column && code < static_cast<std::int32_t>(field_count) && !is_left_out) {
+      const std::string_view field = counted.substr(begin, end - begin);
+      fields.text[static_cast<std::size_t>(code)] = plan.strips_quotes ? without_quotes(field) : field;
+    }
+    ++fields.column_count;
+    begin = end + 1;
+  }
+  count_further_fields(counted, begin, plan, fields);
+  return fields;
+}
+
+ByteKinds byte_kinds(char delimiter) {
+  ByteKinds kinds = {};
+  for (std::size_t byte = 0; byte < kinds.size(); ++byte) {
+    const bool is_control = byte < 0x20 || byte == 0x7F;
+    kinds[byte] = is_control ? byte_control : byte == '"' ? byte_quote : byte >= 0x80 ? byte_high : byte_plain;
+  }
+  kinds[static_cast<unsigned char>(delimiter)] = byte_plain;
+  return kinds;
+}
+
+std::uint8_t kinds_in(std::string_view text, const ByteKinds& kinds) {
+  std::uint8_t found = byte_plain;
+  for (const char byte : text) found = static_cast<std::uint8_t>(found | kinds[static_cast<unsigned char>(byte)]);
+  return found;
+}
+
+bool is_quoted(std::string_view field) {
+  const std::string_view text = without_trailing_blanks(field);
+  return !text.empty() && (text.front() == '"' || (text.back() == '"' && text.find('"') == text.size() - 1));
+}
+
+LineKind kind_of_line(std::string_view line, const LineFields& fields, const ReadingPlan& plan) {
+  if (!plan.header_line.empty() && line == plan.header_line) return LineKind::header_again;
+  if (is_blank_line(line, plan.layout.delimiter) || line.front() == '\x1A') return LineKind::no_animal;
+  const auto is_empty = [&](FieldCode code) {
+    return without_trailing_blanks(fields.text[static_cast<std::size_t>(code)]).empty();
+  };
+  const bool has_no_parents = is_empty(sire_column) && is_empty(dam_column);
+  const bool is_total = has_no_parents && is_empty(birthdate_column) && is_total_word(fields.text[id_column]);
+  return is_total ? LineKind::no_animal : LineKind::animal;
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,63 @@
+// The animals of a data file in columns of numbers: a fraction of the memory of their records, and enough to find what
+// is wrong with them. Texts of the identifications are kept once and known by their numbers.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "checks/calendar.h"
+#include "checks/text_store.h"
+#include "core/by_number.h"
+#include "intake/text_counts.h"
+
+namespace pedigreewatch {
+
+/// What is known of an animal besides its numbers.
+enum AnimalMark : std::uint8_t {
+  mark_import = 1,
+  mark_year_only = 2,     ///< the day or the month of birth is unknown
+  mark_no_animal = 4,     ///< a blank line, a total, the header again: it counts as an animal but is none
+  mark_strange_year = 8,  ///< its year has been reported: two digits, a placeholder, in the future
+};
+
+struct BirthDay {
+  std::int32_t year = 0;  ///< 0 for unknown
+  std::int32_t day = 1;
+  std::int8_t month = 1;
+};
+
+/// Animals are numbered from 1 in the order of their lines.
+struct PedigreeColumns {
+  std::int32_t first_line = 2;               ///< of animal 1
+  TextStore ids;                             ///< of animals and parents, as the program cuts them
+  NumberedList<std::int32_t> id, sire, dam;  ///< numbers of `ids`; 0 for unknown
+  NumberedList<BirthDay> birth;
+  NumberedList<std::uint8_t> marks;
+  NumberedList<char> sex;                 ///< first character of its text
+  NumberedList<std::uint32_t> name_hash;  ///< 0 for an animal without a name
+  ByNumber<std::int32_t> animal_of;       ///< for each of `ids` the first animal that has it; 0 for none
+
+  std::int32_t count() const { return id.count(); }
+  std::int32_t line_of(std::int32_t animal) const { return first_line + animal - 1; }
+  bool has_mark(std::int32_t animal, AnimalMark mark) const { return (marks.at(animal) & mark) != 0; }
+  /// The animal that a parent's identification is linked to; 0 for none.
+  std::int32_t linked(std::int32_t parent_id) const { return parent_id == 0 ? 0 : animal_of[parent_id]; }
+};
+
+/// The days on which an animal can have been born; the first is behind the last when nothing is known.
+struct DayRange {
+  std::int32_t first = 1, last = 0;
+  bool is_known() const { return first <= last; }
+};
+
+inline DayRange days_of_birth(const PedigreeColumns& animals, std::int32_t animal) {
+  const BirthDay& birth = animals.birth.at(animal);
+  if (birth.year == 0 || animals.has_mark(animal, mark_no_animal)) return {};
+  if (animals.has_mark(animal, mark_year_only)) {
+    return {day_number({birth.year, 1, 1}), day_number({birth.year, 12, 31})};
+  }
+  const std::int32_t day = day_number({birth.year, birth.month, birth.day});
+  return {day, day};
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,78 @@
+// Decodes single texts, each on its own: a file may mix encodings.
+
+#include "checks/readable_text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "intake/utf_8.h"
+#include "intake/windows_1252.h"
+
+namespace pedigreewatch {
+namespace {
+
+std::string name_of_letter(char32_t letter) {
+  std::array<char, 8> digits{};
+  const char* const end =
+      std::to_chars(digits.data(), digits.data() + digits.size(), static_cast<unsigned>(letter), 16).ptr;
+  std::string hex(digits.data(), static_cast<std::size_t>(end - digits.data()));
+  for (char& digit : hex) digit = digit >= 'a' ? static_cast<char>(digit - 'a' + 'A') : digit;
+  return "<U+" + std::string(hex.size() < 4 ? 4 - hex.size() : 0, '0') + hex + ">";
+}
+
+}  // namespace
+
+bool is_utf_8(std::string_view bytes) {
+  while (!bytes.empty()) {
+    bytes.remove_prefix(ascii_length(bytes));
+    if (bytes.empty()) break;
+    const std::size_t length = letter_length(bytes);
+    if (length == 0) return false;
+    bytes.remove_prefix(length);
+  }
+  return true;
+}
+
+std::string readable(std::string_view bytes) {
+  if (is_utf_8(bytes)) return std::string(bytes);
+  std::string text;
+  for (const char byte : bytes) append_letter(text, letter_of_windows_1252(byte));
+  return text;
+}
+
+bool is_invisible(char32_t letter) {
+  return letter < 0x20 || (letter >= 0x7F && letter <= 0xA0) || letter == 0xAD ||
+         (letter >= 0x2000 && letter <= 0x200F) || (letter >= 0x2028 && letter <= 0x202F) ||
+         (letter >= 0x2060 && letter <= 0x2064) || letter == 0x3000 || letter == 0xFEFF;
+}
+
+std::string with_invisible_named(std::string_view bytes) {
+  const std::string text = readable(bytes);
+  std::string result;
+  bool has_any = false;
+  for (std::string_view rest = text; !rest.empty();) {
+    const char32_t letter = take_letter(rest);
+    has_any = has_any || is_invisible(letter);
+    if (is_invisible(letter)) {
+      result += name_of_letter(letter);
+    } else {
+      append_letter(result, letter);
+    }
+  }
+  return has_any ? result : std::string();
+}
+
+std::string folded_id(std::string_view id) {
+  std::string folded;
+  const std::string decoded = is_ascii(id) ? std::string() : readable(id);
+  for (std::string_view rest = decoded.empty() ? id : std::string_view(decoded); !rest.empty();) {
+    const char32_t letter = take_letter(rest);
+    if (letter == ' ' || is_invisible(letter)) continue;
+    const bool is_small = letter >= 'a' && letter <= 'z';
+    append_letter(folded, is_small ? letter - 'a' + 'A' : letter);
+  }
+  return folded.substr(std::min(folded.find_first_not_of('0'), folded.size()));
+}
+
+}  // namespace pedigreewatch

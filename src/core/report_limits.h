@@ -1,0 +1,14 @@
+// How long and how wide a report may become: one mistyped date can ask for more than anybody can read or any disk holds.
+#pragma once
+
+#include <cstdint>
+
+namespace pedigreewatch {
+
+/// From the first to the last birth year there are fewer years than this.
+inline constexpr std::int64_t year_limit = 100'000;
+
+/// The most figures that the tables of the parents' ages have: birth years x whole years of the oldest parents.
+inline constexpr std::int64_t figure_limit = 20'000'000;
+
+}  // namespace pedigreewatch

@@ -1,0 +1,221 @@
+// Reads the steer file as a run does, opens the data file that it names, and hands both to the checks.
+
+#include "tools/check_command.h"
+
+#include <array>
+#include <charconv>
+#include <chrono>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "checks/check.h"
+#include "checks/check_report.h"
+#include "checks/finding_kinds.h"
+#include "control/species.h"
+#include "control/steer_file.h"
+#include "intake/finding_lists.h"
+#include "tools/command_line.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr std::string_view help =
+    "usage: pedigreewatch-tools check [OPTION...]\n"
+    "  Run it in the folder with pedigreewatch.ini. It finds everything in the data file that stops pedigreewatch,\n"
+    "  falsifies its figures or is worth a look, and says for each the line and what to write instead. Nothing is\n"
+    "  changed. All findings are written to NAME_check.tsv, a table for any spreadsheet.\n"
+    "\n"
+    "  --code CODE           show one kind of findings in full\n"
+    "  --limits FILE         other ages, intervals and litter sizes than those of the species; lines such as\n"
+    "                        youngest_parent_days = 300, young_parent_days, oldest_dam_years, oldest_sire_years,\n"
+    "                        births_apart_days, births_apart_look_days, largest_litter\n"
+    "  --today YYYY-MM-DD    the day beyond which a birth is in the future (else: today)\n"
+    "  --help                shows this text\n"
+    "\n"
+    "  Exit status: 0 nothing above \"worth a look\", 1 something stops the run or falsifies figures, 2 the files "
+    "could\n"
+    "  not be checked.\n";
+
+constexpr auto rules = std::to_array<OptionRule>({{"--code"}, {"--limits"}, {"--today"}});
+
+constexpr Wording no_steer_file = {
+    "pedigreewatch.ini: the steer file is not in this folder, or may not be read; go to the folder where pedigreewatch "
+    "is run",
+    "pedigreewatch.ini: de sturingsfile staat niet in deze map, of mag niet gelezen worden; ga naar de map waarin "
+    "pedigreewatch gestart wordt"};
+constexpr Wording no_data_file = {
+    "{1}: the data file that line 2 of pedigreewatch.ini names could not be opened",
+    "{1}: het databestand dat regel 2 van pedigreewatch.ini noemt kon niet geopend worden"};
+constexpr Wording too_many_lines = {
+    "{1}: the file has 100000000 lines or more, of which pedigreewatch reads none",
+    "{1}: het bestand heeft 100000000 regels of meer; daarvan leest pedigreewatch er geen"};
+constexpr Wording unreadable = {"{1}: {2}", "{1}: {2}"};
+constexpr Wording table_not_written = {"{1}: {2}; the table was not written", "{1}: {2}; de tabel is niet geschreven"};
+constexpr Wording was_stopped = {"stopped; nothing was written", "afgebroken; er is niets geschreven"};
+
+constexpr int could_not_check = 2;
+
+struct CheckOptions {
+  std::optional<FindingCode> code;
+  std::string limits_file;
+  std::optional<CalendarDate> today;
+};
+
+int refuse(ToolStreams& streams, std::string_view text) {
+  flush(streams.console);
+  append(streams.messages, text);
+  end_line(streams.messages);
+  return could_not_check;
+}
+
+/// Yields false for a text that is no date.
+bool read_today(std::string_view text, std::optional<CalendarDate>& today) {
+  constexpr std::size_t length = 10;
+  CalendarDate date;
+  const auto read_number = [&](std::size_t begin, std::size_t end, std::int32_t& number) {
+    const auto [stop, error] = std::from_chars(text.data() + begin, text.data() + end, number);
+    return error == std::errc() && stop == text.data() + end && number > 0;
+  };
+  if (text.size() != length || text[4] != '-' || text[7] != '-' || !read_number(0, 4, date.year)) return false;
+  if (!read_number(5, 7, date.month) || !read_number(8, 10, date.day)) return false;
+  if (date.month > 12 || date.day > 31) return false;
+  today = date;
+  return true;
+}
+
+/// Yields what is wrong with the arguments; empty: nothing.
+std::string read_options(std::span<const std::string_view> arguments, CheckOptions& options) {
+  const CommandLine line = read_command_line(arguments, rules);
+  if (!line.problem.empty()) return line.problem;
+  if (!line.operands.empty()) {
+    return in_quotes(line.operands.front()) + ": no file was expected; the data file is the one of pedigreewatch.ini";
+  }
+  for (const GivenOption& option : line.options) {
+    if (option.name == "--limits") options.limits_file = option.value;
+    if (option.name == "--code") {
+      options.code = finding_code_named(option.value);
+      if (!options.code) return "--code " + in_quotes(option.value) + ": there is no such code";
+    }
+    if (option.name == "--today" && !read_today(option.value, options.today)) {
+      return "--today " + in_quotes(option.value) + ": a date such as 2026-01-31 was expected";
+    }
+  }
+  return {};
+}
+
+CalendarDate current_date() {
+  const auto now = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
+  const std::chrono::year_month_day date(now);
+  return {static_cast<int>(date.year()), static_cast<std::int32_t>(static_cast<unsigned>(date.month())),
+          static_cast<std::int32_t>(static_cast<unsigned>(date.day()))};
+}
+
+/// The lines of the steer file as they stand; far more than it can have are not kept.
+std::vector<std::string> lines_of_steer_file() {
+  constexpr std::size_t most_lines = 200'000;
+  std::vector<std::string> lines;
+  LineReader reader;
+  std::string_view line;
+  if (!open_for_reading(reader, steer_file_name)) return lines;
+  while (lines.size() < most_lines && read_line(reader, line)) lines.emplace_back(line);
+  return lines;
+}
+
+bool names_species(const std::vector<std::string>& lines, const SteerSettings& settings) {
+  constexpr std::size_t species_line = 6;
+  constexpr std::int32_t no_row = 16;
+  if (lines.size() < species_line || settings.species_index != no_row) return true;
+  const SpeciesWord word(lines[species_line - 1]);
+  return word == SpeciesWord("other") || word == SpeciesWord("overig");
+}
+
+/// Yields nothing after a message: a list in the file is too long for any report.
+std::optional<SteerSettings> read_settings(LineReader& reader, ToolStreams& streams) {
+  RunStreams silent;
+  try {
+    return read_steer_lines(reader, silent);
+  } catch (const RunStopped&) {
+    append(streams.messages, silent.messages.pending);
+    return std::nullopt;
+  }
+}
+
+/// Changes the limits; yields what is wrong with the file, empty: nothing.
+std::string change_limits(const std::string& name, CheckLimits& limits) {
+  if (name.empty()) return {};
+  LineReader reader;
+  if (!open_for_reading(reader, name)) return shown(name) + ": the file of --limits could not be opened";
+  std::string text;
+  std::string_view line;
+  constexpr std::size_t most_bytes = 1'000'000;
+  while (text.size() < most_bytes && read_line(reader, line)) text += std::string(line) + "\n";
+  return read_limits(text, name, limits);
+}
+
+std::string table_name(const std::string& data_file) {
+  const std::filesystem::path path(data_file);
+  return (path.parent_path() / (path.stem().string() + "_check.tsv")).string();
+}
+
+CheckSettings make_settings(const SteerSettings& steer, const CheckOptions& options) {
+  CheckSettings settings;
+  settings.layout = steer.layout;
+  settings.steer_lines = lines_of_steer_file();
+  settings.report_overwrites_data = steer.report_file_name == steer.data_file_name;
+  settings.knows_species = names_species(settings.steer_lines, steer);
+  settings.language = steer.english ? ToolLanguage::english : ToolLanguage::dutch;
+  settings.limits = limits_of_species(steer.species_index);
+  settings.today = options.today ? *options.today : current_date();
+  return settings;
+}
+
+int check_file(const SteerSettings& steer, const CheckSettings& settings, const CheckOptions& options,
+               ToolStreams& streams) {
+  const std::string name(steer.data_file_name.trimmed());
+  LineReader data;
+  if (!open_for_reading(data, name)) return refuse(streams, phrase(no_data_file, settings.language, {in_quotes(name)}));
+  CheckResult result = check_data(data, settings);
+  if (data.error != 0) {
+    return refuse(streams, phrase(unreadable, settings.language, {shown(name), error_text(data.error)}));
+  }
+  if (result.has_too_many_lines) return refuse(streams, phrase(too_many_lines, settings.language, {shown(name)}));
+  const CheckReport report = {name, table_name(name), settings.language, options.code};
+  FileProblem problem;
+  const bool is_stopped = streams.stop_request != nullptr && *streams.stop_request != 0;
+  if (is_stopped) return refuse(streams, words_of(was_stopped, settings.language));
+  const bool is_written = write_table(result, report, problem);
+  show_findings(result, report, streams.console);
+  if (!is_written) {
+    return refuse(streams, phrase(table_not_written, settings.language, {shown(problem.name), problem.reason}));
+  }
+  return has_serious_findings(result.findings) ? 1 : 0;
+}
+
+}  // namespace
+
+std::string_view check_help() {
+  return help;
+}
+
+int run_check(std::span<const std::string_view> arguments, ToolStreams& streams) {
+  CheckOptions options;
+  const std::string problem = read_options(arguments, options);
+  if (!problem.empty()) {
+    return refuse(streams, "pedigreewatch-tools check: " + problem + "\nTry: pedigreewatch-tools check --help");
+  }
+  LineReader reader;
+  if (!open_for_reading(reader, steer_file_name)) {
+    // Its language is not known.
+    return refuse(streams, std::string(no_steer_file.english) + "\n" + std::string(no_steer_file.dutch));
+  }
+  const std::optional<SteerSettings> steer = read_settings(reader, streams);
+  if (!steer) return could_not_check;
+  CheckSettings settings = make_settings(*steer, options);
+  const std::string limits_problem = change_limits(options.limits_file, settings.limits);
+  if (!limits_problem.empty()) return refuse(streams, limits_problem);
+  return check_file(*steer, settings, options, streams);
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,18 @@
+// `pedigreewatch-tools check`: its options, its help, and the files that it is about.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "intake/prepare.h"
+
+namespace pedigreewatch {
+
+/// The text of `check --help`.
+std::string_view check_help();
+
+/// Runs the subcommand in the folder with the steer file. Yields the exit status: 0 nothing above "look", 1 something
+/// stops the run or falsifies figures, 2 it could not be checked.
+int run_check(std::span<const std::string_view> arguments, ToolStreams& streams);
+
+}  // namespace pedigreewatch
