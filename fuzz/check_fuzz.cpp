@@ -59,7 +59,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   LineReader data;
   data.name = "herd.txt";
   data.text = input.substr(std::min(end + divider.size(), input.size()));
-  CheckResult result = check_data(data, settings);
+  ProgressLine unwatched;
+  CheckResult result = check_data(data, settings, unwatched);
   const auto lines = std::count(data.text.begin(), data.text.end(), '\n') + 1;
   for (const Finding& finding : result.findings.list) {
     require(finding.line >= 0 && finding.line <= lines && finding.other_line >= 0 && finding.other_line <= lines);

@@ -8,15 +8,21 @@
 #include "checks/parent_checks.h"
 #include "checks/reading_plan.h"
 #include "checks/value_checks.h"
+#include "core/wording.h"
 
 namespace pedigreewatch {
 namespace {
 
+constexpr Wording reading_lines = {"reading lines", "gelezen regels"};
+constexpr Wording checking_animals = {"checking animals", "te controleren dieren"};
+
 /// Reads the animals, a second time where the dates turn out to be written in another layout.
-FileSurvey read_file(LineReader& data, ReadingPlan& plan, const CheckSettings& settings, CheckResult& result) {
+FileSurvey read_file(LineReader& data, ReadingPlan& plan, const CheckSettings& settings, CheckResult& result,
+                     ProgressLine& progress) {
   FileSurvey survey;
+  begin_progress(progress, words_of(reading_lines, settings.language));
   const std::size_t found_before = result.findings.list.size();
-  result.has_read_animals = read_animals(data, plan, result.animals, survey, result.findings);
+  result.has_read_animals = read_animals(data, plan, result.animals, survey, result.findings, progress);
   result.has_too_many_lines = !result.has_read_animals;
   if (result.has_too_many_lines || data.error != 0) return survey;
   rewind(data);
@@ -26,7 +32,8 @@ FileSurvey read_file(LineReader& data, ReadingPlan& plan, const CheckSettings& s
   add(result.findings, mended);
   result.animals = {};
   survey = {};
-  result.has_read_animals = read_animals(data, plan, result.animals, survey, result.findings);
+  begin_progress(progress, words_of(reading_lines, settings.language));
+  result.has_read_animals = read_animals(data, plan, result.animals, survey, result.findings, progress);
   return survey;
 }
 
@@ -60,16 +67,20 @@ void check_pedigree(const FileSurvey& survey, const ReadingPlan& plan, const Che
 
 }  // namespace
 
-CheckResult check_data(LineReader& data, const CheckSettings& settings) {
+CheckResult check_data(LineReader& data, const CheckSettings& settings, ProgressLine& progress) {
   CheckResult result;
   check_steer_lines(settings, result.findings);
   if (settings.report_overwrites_data) add(result.findings, {.code = FindingCode::report_name});
   ReadingPlan plan = plan_reading(data, settings, result.findings);
   if (!plan.can_be_read || data.error != 0) return result;
-  const FileSurvey survey = read_file(data, plan, settings, result);
-  if (!result.has_read_animals || data.error != 0) return result;
-  check_values(survey, plan, settings, result);
-  check_pedigree(survey, plan, settings, result);
+  const FileSurvey survey = read_file(data, plan, settings, result, progress);
+  if (result.has_read_animals && data.error == 0) {
+    begin_progress(progress, words_of(checking_animals, settings.language));
+    count_progress(progress, result.animals.count());
+    check_values(survey, plan, settings, result);
+    check_pedigree(survey, plan, settings, result);
+  }
+  erase_progress(progress);
   return result;
 }
 

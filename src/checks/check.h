@@ -5,6 +5,7 @@
 #include "checks/findings.h"
 #include "checks/pedigree_columns.h"
 #include "core/line_reader.h"
+#include "core/progress_line.h"
 
 namespace pedigreewatch {
 
@@ -15,7 +16,8 @@ struct CheckResult {
   bool has_too_many_lines = false;
 };
 
-/// Checks the file that has been opened. Whether all of it could be read is told by the reader's `error`.
-CheckResult check_data(LineReader& data, const CheckSettings& settings);
+/// Checks the file that has been opened. Whether all of it could be read is told by the reader's `error`. `progress`
+/// counts the lines and is erased at the end.
+CheckResult check_data(LineReader& data, const CheckSettings& settings, ProgressLine& progress);
 
 }  // namespace pedigreewatch

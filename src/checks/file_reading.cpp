@@ -224,7 +224,7 @@ void index_animals(PedigreeColumns& animals) {
 }  // namespace
 
 bool read_animals(LineReader& data, const ReadingPlan& plan, PedigreeColumns& animals, FileSurvey& survey,
-                  Findings& findings) {
+                  Findings& findings, ProgressLine& progress) {
   Reading reading = {plan, animals, survey, findings, byte_kinds(plan.layout.delimiter)};
   const bool leaves_out_last = plan.header_line.empty() && !plan.first_line_is_header;
   animals.first_line = plan.first_line_is_header ? 2 : 1;
@@ -233,6 +233,7 @@ bool read_animals(LineReader& data, const ReadingPlan& plan, PedigreeColumns& an
   DataLine line, waiting_line;
   while (read_line(data, line.text)) {
     if (data.line_number > most_lines) return false;
+    count_progress(progress, data.line_number);
     if (data.line_number == 1 && plan.first_line_is_header) continue;
     line.number = static_cast<std::int32_t>(data.line_number);
     line.full_length = data.line_length;

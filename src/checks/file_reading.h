@@ -9,6 +9,7 @@
 #include "checks/pedigree_columns.h"
 #include "checks/reading_plan.h"
 #include "core/line_reader.h"
+#include "core/progress_line.h"
 #include "intake/text_counts.h"
 
 namespace pedigreewatch {
@@ -32,7 +33,8 @@ struct FileSurvey {
 };
 
 /// Reads all lines that the program reads. Yields false when there are too many of them.
+/// `progress` counts them.
 bool read_animals(LineReader& data, const ReadingPlan& plan, PedigreeColumns& animals, FileSurvey& survey,
-                  Findings& findings);
+                  Findings& findings, ProgressLine& progress);
 
 }  // namespace pedigreewatch

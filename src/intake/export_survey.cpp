@@ -151,7 +151,7 @@ bool append_field_text(std::string& bytes, std::string_view text, FieldCode code
 }
 
 ExportSurvey survey_export(std::string_view text, char delimiter, const ColumnChoice& columns,
-                           std::span<const std::string> unknown) {
+                           std::span<const std::string> unknown, ProgressLine& progress) {
   ExportSurvey survey;
   RecordReader reader = read_records(text, delimiter);
   ExportRecord record;
@@ -161,6 +161,7 @@ ExportSurvey survey_export(std::string_view text, char delimiter, const ColumnCh
     survey.header_line = record.line;
   }
   while (next_record(reader, record)) {
+    count_progress(progress, record.line);
     if (is_blank(record, columns)) {
       ++survey.blank_lines;
       continue;

@@ -10,6 +10,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "core/progress_line.h"
 #include "intake/column_choice.h"
 #include "intake/date_layout_recognition.h"
 #include "intake/export_records.h"
@@ -62,9 +63,10 @@ bool is_blank(const ExportRecord& record, const ColumnChoice& columns);
 /// whether nothing was lost.
 bool append_field_text(std::string& bytes, std::string_view text, FieldCode code, LetterCounts& letters);
 
-/// Reads all of the export. `unknown` are texts that stand for an unknown parent besides the usual ones.
+/// Reads all of the export. `unknown` are texts that stand for an unknown parent besides the usual ones; `progress`
+/// counts the lines.
 ExportSurvey survey_export(std::string_view text, char delimiter, const ColumnChoice& columns,
-                           std::span<const std::string> unknown = {});
+                           std::span<const std::string> unknown, ProgressLine& progress);
 
 /// Two identifications that would be written alike, with the line where it is noticed.
 struct IdClash {

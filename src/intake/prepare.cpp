@@ -76,6 +76,8 @@ constexpr Wording cannot_write = {"{1}: it cannot be written: {2}. Nothing was c
                                   "{1}: niet te schrijven: {2}. Er is niets veranderd."};
 constexpr Wording was_stopped = {"stopped from outside; nothing was written",
                                  "van buiten gestopt; er is niets geschreven"};
+constexpr Wording reading_lines = {"reading lines", "gelezen regels"};
+constexpr Wording writing_lines = {"writing lines", "geschreven regels"};
 constexpr Wording questions_title = {"Before anything is written, please answer:",
                                      "Beantwoord eerst, voordat er iets geschreven wordt:"};
 constexpr Wording done = {"Written: {1} and {2}. Go to that folder and start pedigreewatch.",
@@ -295,11 +297,14 @@ int refuse_targets(const Targets& targets, const PrepareOptions& options, ToolSt
 /// What the pieces of the data file go to.
 struct DataReceiver {
   NewFile file;
-  const ToolStreams* streams = nullptr;
+  ToolStreams* streams = nullptr;
+  std::int64_t line_count = 0;
 };
 
 bool take_piece(void* receiver, std::string_view bytes) {
   auto& target = *static_cast<DataReceiver*>(receiver);
+  target.line_count += std::count(bytes.begin(), bytes.end(), '\n');
+  count_progress(target.streams->progress, target.line_count);
   return !is_stopped(*target.streams) && write_bytes(target.file, bytes);
 }
 
@@ -310,14 +315,16 @@ int refuse_problem(const FileProblem& problem, const PrepareOptions& options, To
 
 int write_files(const Targets& targets, const ReadExport& read, const ExportSurvey& survey, const PreparePlan& plan,
                 const PrepareOptions& options, ToolStreams& streams) {
-  DataReceiver data = {.file = {}, .streams = &streams};
+  DataReceiver data = {.file = {}, .streams = &streams, .line_count = 0};
   NewFile steer;
   FileProblem problem;
   if (!begin_file(data.file, targets.data, problem) || !begin_file(steer, targets.steer, problem)) {
     abandon(data.file);
     return refuse_problem(problem, options, streams);
   }
+  begin_progress(streams.progress, words_of(writing_lines, options.language));
   const bool is_made = make_data_file(read.text, read.findings.delimiter, plan, survey.sexes, take_piece, &data);
+  erase_progress(streams.progress);
   write_bytes(steer, steer_text(plan));
   if (!is_made && is_stopped(streams)) {
     abandon(data.file);
@@ -337,8 +344,11 @@ int prepare(const PrepareOptions& options, ToolStreams& streams) {
   if (read_export(options, streams, read) != 0 || refuse_zeros(read.text, options, streams) != 0) return 1;
   if (choose_export_delimiter(options, streams, read) != 0) return 1;
   if (choose_export_columns(options, streams, read, columns) != 0) return 1;
-  const ExportSurvey survey = survey_export(read.text, read.findings.delimiter, columns, options.unknown);
+  begin_progress(streams.progress, words_of(reading_lines, options.language));
+  const ExportSurvey survey =
+      survey_export(read.text, read.findings.delimiter, columns, options.unknown, streams.progress);
   const PreparePlan plan = plan_preparation(survey, columns, options);
+  erase_progress(streams.progress);
   show_all(read, survey, plan, options, streams.console);
   if (refuse_survey(survey, read, plan, options, streams) != 0) return 1;
   if (!plan.questions.empty()) return ask(plan, streams);

@@ -3,14 +3,16 @@
 
 #include <csignal>
 
+#include "core/progress_line.h"
 #include "core/text_output.h"
 #include "intake/prepare_options.h"
 
 namespace pedigreewatch {
 
 struct ToolStreams {
-  TextOutput console;   ///< what is found and done
-  TextOutput messages;  ///< what stands in the way
+  TextOutput console;     ///< what is found and done
+  TextOutput messages;    ///< what stands in the way
+  ProgressLine progress;  ///< is off the screen whenever something is printed
   /// Not 0 as soon as somebody wants the tool to end; null: nobody can.
   const volatile std::sig_atomic_t* stop_request = nullptr;
 };

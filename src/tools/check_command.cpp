@@ -176,7 +176,7 @@ int check_file(const SteerSettings& steer, const CheckSettings& settings, const 
   const std::string name(steer.data_file_name.trimmed());
   LineReader data;
   if (!open_for_reading(data, name)) return refuse(streams, phrase(no_data_file, settings.language, {in_quotes(name)}));
-  CheckResult result = check_data(data, settings);
+  CheckResult result = check_data(data, settings, streams.progress);
   if (data.error != 0) {
     return refuse(streams, phrase(unreadable, settings.language, {shown(name), error_text(data.error)}));
   }

@@ -12,6 +12,8 @@
 #define NOMINMAX
 #endif
 #include <windows.h>
+#else
+#include <unistd.h>
 #endif
 
 #include "tools/subcommands.h"
@@ -25,6 +27,14 @@ volatile std::sig_atomic_t stop_request = 0;
 void request_stop(int signal) {
   std::signal(signal, SIG_DFL);
   stop_request = 1;
+}
+
+bool is_terminal(std::FILE* file) {
+#ifdef _WIN32
+  return _isatty(_fileno(file)) != 0;
+#else
+  return isatty(fileno(file)) != 0;
+#endif
 }
 
 void prepare_streams() {
@@ -50,6 +60,7 @@ int main(int argument_count, char** arguments) {
   pedigreewatch::ToolStreams streams;
   streams.console.file = stdout;
   streams.messages.file = stderr;
+  if (is_terminal(stderr)) streams.progress.terminal = &streams.messages;
   streams.stop_request = &stop_request;
   const int status = pedigreewatch::run_tools(given, PEDIGREEWATCH_VERSION, streams);
   pedigreewatch::flush(streams.console);

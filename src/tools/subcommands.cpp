@@ -35,7 +35,8 @@ const Subcommand* find_subcommand(std::string_view name) {
 std::string usage() {
   std::string text = "usage: pedigreewatch-tools SUBCOMMAND ...\n";
   for (const Subcommand& subcommand : subcommands) {
-    text += "  " + std::string(subcommand.name) + std::string(10 - subcommand.name.size(), ' ') + std::string(subcommand.summary) + "\n";
+    text += "  " + std::string(subcommand.name) + std::string(10 - subcommand.name.size(), ' ') +
+            std::string(subcommand.summary) + "\n";
   }
   return text +
          "  help      shows this text; `help SUBCOMMAND` or `SUBCOMMAND --help` tells more\n"
@@ -72,6 +73,7 @@ int run_subcommand(const Subcommand& subcommand, Arguments arguments, ToolStream
   try {
     return subcommand.run(arguments, streams);
   } catch (const std::bad_alloc&) {
+    erase_progress(streams.progress);
     append(streams.messages, "not enough memory for a file of this size\n");
     return 1;
   }

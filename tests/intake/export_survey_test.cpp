@@ -14,7 +14,8 @@ ColumnChoice columns_of_header() {
 }
 
 ExportSurvey survey_of(const std::string& lines) {
-  return survey_export(header + lines, ';', columns_of_header());
+  ProgressLine unwatched;
+  return survey_export(header + lines, ';', columns_of_header(), {}, unwatched);
 }
 
 TEST(SurveyExport, CountsAnimalsAndWhatIsFilled) {

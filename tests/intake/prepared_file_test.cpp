@@ -28,7 +28,8 @@ Prepared prepared(const std::string& text, PrepareOptions options = {}, char del
   next_filled_record(reader, record);
   std::vector<std::string> words(record.fields.begin(), record.fields.end());
   const ColumnChoice columns = choose_columns(words, options);
-  const ExportSurvey survey = survey_export(text, delimiter, columns);
+  ProgressLine unwatched;
+  const ExportSurvey survey = survey_export(text, delimiter, columns, {}, unwatched);
   Prepared result;
   result.plan = plan_preparation(survey, columns, options);
   make_data_file(text, delimiter, result.plan, survey.sexes, take, &result.data);
@@ -135,7 +136,8 @@ TEST(PlanPreparation, TheSpeciesIsToldByTheSexesOrAskedFor) {
   const auto plan_of = [&](const std::string& sexes) {
     const std::string text = "id;sire;dam;sex;born\na;;;" + sexes + ";2001\nb;;;m;2001\n";
     const ColumnChoice columns = choose_columns(std::vector<std::string>{"id", "sire", "dam", "sex", "born"}, options);
-    return plan_preparation(survey_export(text, ';', columns), columns, options);
+    ProgressLine unwatched;
+    return plan_preparation(survey_export(text, ';', columns, {}, unwatched), columns, options);
   };
   EXPECT_EQ(plan_of("ooi").species, "sheep");
   EXPECT_TRUE(plan_of("ooi").questions.empty());
