@@ -1,5 +1,5 @@
 // Runs the whole program on population folders and prints, for each one, the seconds of every phase, the total, the
-// peak memory and the animals per second; then how time and memory grew from one folder to the next.
+// peak memory, the animals per second and what an animal costs; then how that grew from one folder to the next.
 //
 //   phase_benchmark [--runs N] FOLDER...
 //
@@ -10,17 +10,21 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "control/run_driver.h"
 
 namespace {
+
+constexpr double bytes_per_megabyte = 1024.0 * 1024.0;
 
 struct PhaseSeconds {
   std::string phase;
@@ -76,7 +80,9 @@ RunFigures run_once(const std::string& folder) {
   rusage usage = {};
   wait4(child, &status, 0, &usage);
   if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
-    std::fprintf(stderr, "phase_benchmark: the run in %s failed\n", folder.c_str());
+    const bool is_killed = WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
+    std::fprintf(stderr, "phase_benchmark: the run in %s %s\n", folder.c_str(),
+                 is_killed ? "was killed; most likely the memory did not suffice" : "failed");
     std::exit(1);
   }
   figures.peak_megabytes = static_cast<double>(usage.ru_maxrss) / 1024.0;
@@ -124,6 +130,21 @@ void print_figures(const std::string& folder, std::int64_t animals, const RunFig
   }
   std::printf("  %-24s %9.3f s  %.0f animals per second, peak %.0f MB\n", "total", figures.seconds,
               static_cast<double>(animals) / figures.seconds, figures.peak_megabytes);
+  std::printf("  %-24s %9.3f us, %.0f bytes\n", "an animal", 1e6 * figures.seconds / static_cast<double>(animals),
+              figures.peak_megabytes * bytes_per_megabyte / static_cast<double>(animals));
+}
+
+struct Measured {
+  std::int64_t animals = 0;
+  RunFigures figures;
+};
+
+void print_growth(const Measured& before, const Measured& after) {
+  const double animals = static_cast<double>(after.animals) / static_cast<double>(before.animals);
+  const double time = after.figures.seconds / before.figures.seconds;
+  const double memory = after.figures.peak_megabytes / before.figures.peak_megabytes;
+  std::printf("  growth: %.1f times the animals, %.1f times the time, %.1f times the memory\n", animals, time, memory);
+  std::printf("  growth for an animal: %.2f times the time, %.2f times the memory\n", time / animals, memory / animals);
 }
 
 }  // namespace
@@ -142,20 +163,13 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "usage: phase_benchmark [--runs N] FOLDER...\n");
     return 2;
   }
-  std::int64_t animals_before = 0;
-  RunFigures before;
+  Measured before;
   for (const std::string& folder : folders) {
-    const std::int64_t animals = count_animals(folder);
-    const RunFigures figures = median_of_runs(folder, runs);
-    print_figures(folder, animals, figures);
-    if (animals_before > 0 && animals > animals_before) {
-      const double factor = static_cast<double>(animals) / static_cast<double>(animals_before);
-      std::printf("  growth: %.1f times the animals, %.1f times the time, %.1f times the memory\n", factor,
-                  figures.seconds / before.seconds, figures.peak_megabytes / before.peak_megabytes);
-    }
+    Measured current{count_animals(folder), median_of_runs(folder, runs)};
+    print_figures(folder, current.animals, current.figures);
+    if (before.animals > 0 && current.animals > before.animals) print_growth(before, current);
     std::fflush(stdout);
-    animals_before = animals;
-    before = figures;
+    before = std::move(current);
   }
   return 0;
 }

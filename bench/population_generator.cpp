@@ -19,6 +19,7 @@ constexpr std::int32_t oldest_parent_years = 8;
 constexpr std::int32_t longest_delay_years = 4;
 constexpr std::int32_t litters_per_dam = 3;
 constexpr std::int32_t parent_draws = 24;  // enough to meet a free parent in all but the smallest herds
+constexpr std::size_t write_size = std::size_t{1} << 20;
 
 constexpr std::int32_t sum_of(std::span<const std::int32_t> weights) {
   std::int32_t sum = 0;
@@ -81,15 +82,17 @@ std::size_t weighted_index(Random& random, std::span<const std::int32_t> weights
   return index;
 }
 
-/// An animal chosen for breeding.
+/// An animal chosen for breeding. Its identification is made from the serial wherever it is written. Kept small: of the
+/// largest herd more than three million are remembered at once.
 struct BreedingAnimal {
   std::int32_t serial = 0;
-  std::int32_t birth_day = 0;
-  std::int32_t last_litter_year = -1;  ///< dams only: one litter a year
+  std::int16_t birth_day = 0;
+  std::int16_t last_litter_year = -1;  ///< dams only: one litter a year
   std::uint16_t breeder = 0;
-  std::uint16_t colour = 0;
+  std::uint8_t colour = 0;
   bool is_popular = false;  ///< sires only
 };
+static_assert(sizeof(BreedingAnimal) == 12);
 
 using BreedingGroup = std::vector<BreedingAnimal>;
 
@@ -124,12 +127,17 @@ struct Herd {
 
   std::FILE* file = nullptr;
   bool is_written_well = true;
-  std::string text = {};                     ///< lines on their way to the file
-  std::vector<std::string> late_lines = {};  ///< for each year the lines that stand at its end; one more for the rest
+  std::string text = {};  ///< lines on their way to the file
+  /// Used in turn: the lines that stand at the end of a year; those of the year after the last close the file.
+  std::array<std::string, longest_delay_years + 1> late_lines = {};
 };
 
 Cohort& cohort_of(Herd& herd, std::int32_t year) {
   return herd.cohorts[static_cast<std::size_t>(year) % herd.cohorts.size()];
+}
+
+std::string& late_lines_of(Herd& herd, std::int32_t year) {
+  return herd.late_lines[static_cast<std::size_t>(year) % herd.late_lines.size()];
 }
 
 Herd found_herd(const PopulationPlan& plan, std::FILE* file) {
@@ -147,7 +155,6 @@ Herd found_herd(const PopulationPlan& plan, std::FILE* file) {
       1000 * plan.import_permille * mean_size_percent / (100'000 + plan.import_permille * (mean_size_percent - 100));
   // Half of a litter is female.
   herd.dam_permille = std::min(850, 200'000 / (litters_per_dam * mean_size_percent));
-  herd.late_lines.resize(static_cast<std::size_t>(plan.birth_year_count) + 1);
   return herd;
 }
 
@@ -213,7 +220,7 @@ void write_animal(Herd& herd, const Birth& birth, std::int32_t serial, bool is_m
   std::string* line = &herd.text;
   if (random.chance(plan.late_line_permille)) {
     const std::int32_t written_year = birth.year + 1 + random.below(longest_delay_years);
-    line = &herd.late_lines[static_cast<std::size_t>(std::min(written_year, plan.birth_year_count))];
+    line = &late_lines_of(herd, std::min(written_year, plan.birth_year_count));
   }
   append_id(*line, plan, serial);
   *line += ';';
@@ -262,9 +269,9 @@ void add_animal(Herd& herd, const Birth& birth) {
     Cohort& cohort = cohort_of(herd, birth.year);
     BreedingGroup& group = (is_male ? cohort.sires : cohort.dams)[birth.subpopulation];
     group.push_back({.serial = serial,
-                     .birth_day = birth.day,
+                     .birth_day = static_cast<std::int16_t>(birth.day),
                      .breeder = static_cast<std::uint16_t>(birth.breeder),
-                     .colour = static_cast<std::uint16_t>(colour),
+                     .colour = static_cast<std::uint8_t>(colour),
                      .is_popular = herd.random.chance(80)});
     if (herd.random.chance(herd.plan.unlisted_parent_permille)) return;
   }
@@ -324,7 +331,7 @@ void add_litter(Herd& herd, Birth birth, std::int32_t line_limit) {
     add_animal(herd, birth);
     return;
   }
-  dam->last_litter_year = birth.year;
+  dam->last_litter_year = static_cast<std::int16_t>(birth.year);
   birth.breeder = herd.random.chance(850) ? dam->breeder : draw_breeder(herd, birth.subpopulation);
   const std::size_t sire_home =
       herd.random.chance(herd.plan.outcross_permille) ? draw_subpopulation(herd) : birth.subpopulation;
@@ -346,10 +353,17 @@ std::int32_t draw_birth_day(Herd& herd, std::int32_t line_limit) {
   return std::min(herd.plan.first_season_day + passed_days + jitter_days, 365);
 }
 
+/// Forgets the animals that have become too old to breed; those of this year take over the memory of their groups.
+void begin_cohort(Herd& herd, std::int32_t year) {
+  Cohort& cohort = cohort_of(herd, year);
+  cohort.sires.resize(herd.plan.subpopulations.size());
+  cohort.dams.resize(herd.plan.subpopulations.size());
+  for (BreedingGroup& group : cohort.sires) group.clear();
+  for (BreedingGroup& group : cohort.dams) group.clear();
+}
+
 void add_birth_year(Herd& herd, std::int32_t year, std::int32_t line_limit) {
-  const std::size_t group_count = herd.plan.subpopulations.size();
-  cohort_of(herd, year).sires.assign(group_count, {});
-  cohort_of(herd, year).dams.assign(group_count, {});
+  begin_cohort(herd, year);
   const auto year_index = static_cast<std::size_t>(year);
   const std::int32_t founders = year_index < founder_permille.size() ? founder_permille[year_index] : 0;
 
@@ -368,10 +382,10 @@ void add_birth_year(Herd& herd, std::int32_t year, std::int32_t line_limit) {
     } else {
       add_litter(herd, birth, line_limit);
     }
-    pass_on_text(herd, std::size_t{1} << 20);
+    pass_on_text(herd, write_size);
   }
-  herd.text += herd.late_lines[year_index];
-  herd.late_lines[year_index] = std::string();
+  herd.text += late_lines_of(herd, year);
+  late_lines_of(herd, year).clear();
 }
 
 /// How many animals are born up to and including each year.
@@ -403,7 +417,7 @@ bool write_data_file(const PopulationPlan& plan, std::FILE* file) {
     born_before = born;
     ++year;
   }
-  herd.text += herd.late_lines.back();
+  herd.text += late_lines_of(herd, plan.birth_year_count);
   pass_on_text(herd, 0);
   return herd.is_written_well;
 }

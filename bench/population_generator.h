@@ -1,9 +1,9 @@
 // Generates a population of animals over a number of birth years and writes it as a data file with its steer file.
 //
 // The births of a year are drawn one litter after another from parents born 1 to 8 years before, and each animal is
-// written as soon as it is born. Only the breeding animals of the last years are kept, so the memory needed is small
-// beside the file. The same plan gives the same bytes on every system; two plans that differ in their texts only give
-// the same animals in different words.
+// written as soon as it is born. Kept are only the breeding animals of the last years, as numbers, and the few lines
+// that stand further down: with 40 birth years less than a fiftieth of the size of the file. The same plan gives the
+// same bytes on every system; two plans that differ in their texts only give the same animals in different words.
 #pragma once
 
 #include <cstdint>
