@@ -1070,7 +1070,7 @@ constexpr std::string_view memory_messages =
 
 TEST(HostileMemory, ExhaustedMemoryIsTold) {
   if (has_address_sanitizer) GTEST_SKIP() << "the address sanitizer needs more room than such a limit leaves";
-  const WholeRun run = run_in_memory_of(60000, RunFolder(files_of(with_header(unrelated_males(300000)))));
+  const WholeRun run = run_in_memory_of(20000, RunFolder(files_of(with_header(unrelated_males(300000)))));
   EXPECT_EQ(run.exit_status, 1);
   EXPECT_EQ(run.messages, memory_messages);
   EXPECT_EQ(run.files.count("dogs.out"), 0U);
@@ -1080,10 +1080,10 @@ TEST(HostileMemory, EveryLimitEndsInAMessageOrAReport) {
   if (has_address_sanitizer) GTEST_SKIP() << "the address sanitizer needs more room than such a limit leaves";
   // Memory runs out in another phase at each of these limits; with the last ones there is enough.
   std::string lines;
-  for (int i = 1; i <= 20000; ++i) {
+  for (int i = 1; i <= 80000; ++i) {
     const std::string parents = i <= 10 ? ";;" : ";N" + std::to_string(i / 2) + ";N" + std::to_string(i / 3);
     lines += "N" + std::to_string(i) + parents + (i % 2 == 0 ? ";m" : ";f") + ";01-01-" +
-             std::to_string(2000 + i / 1000) + "\n";
+             std::to_string(2000 + i / 4000) + "\n";
   }
   const RunFolder folder(files_of(with_header(lines)));
   int stopped = 0, finished = 0;

@@ -14,20 +14,30 @@ std::string birth_of(const AnimalRecord& animal) {
          std::to_string(animal.birth_year) + ", line " + std::to_string(animal.line);
 }
 
-const AnimalRecord& first_born_in(const PopulationStore& store, std::int32_t year) {
-  return *std::find_if(store.animals.begin(), store.animals.end(),
-                       [&](const AnimalRecord& each) { return each.birth_year == year; });
+AnimalRecord first_born_in(const PopulationStore& store, std::int32_t year) {
+  std::int32_t position = 1;
+  while (store.birth_year[position] != year) ++position;
+  return store.at(position);
+}
+
+/// The first animal whose father or mother is as old as any.
+AnimalRecord young_of_oldest_parent(const PopulationStore& store) {
+  const auto age_of = [&](std::int32_t i) { return std::max(store.sire_age_days[i], store.dam_age_days[i]); };
+  std::int32_t young = 1;
+  for (std::int32_t i = 2; i <= store.animal_count; ++i) {
+    if (age_of(young) < age_of(i)) young = i;
+  }
+  return store.at(young);
 }
 
 /// The ages, and the two dates that make the largest one.
 std::string describe_ages(const PopulationStore& store, const OldestParents& oldest) {
-  const auto age_of = [](const AnimalRecord& animal) { return std::max(animal.sire_age_days, animal.dam_age_days); };
-  const auto young = std::max_element(store.animals.begin(), store.animals.end(),
-                                      [&](const auto& a, const auto& b) { return age_of(a) < age_of(b); });
-  const AnimalRecord& parent = store.at(young->sire_age_days == age_of(*young) ? young->sire_no : young->dam_no);
+  const AnimalRecord young = young_of_oldest_parent(store);
+  const bool is_sire = young.sire_age_days >= young.dam_age_days;
+  const AnimalRecord parent = store.at(is_sire ? young.sire_no : young.dam_no);
   return "fathers up to " + std::to_string(oldest.of(male)) + " and mothers up to " +
          std::to_string(oldest.of(female)) + " years old (the oldest parent " + quoted(parent.id.trimmed()) +
-         " was born on " + birth_of(parent) + ", its young " + quoted(young->id.trimmed()) + " on " + birth_of(*young) +
+         " was born on " + birth_of(parent) + ", its young " + quoted(young.id.trimmed()) + " on " + birth_of(young) +
          ")";
 }
 
@@ -37,8 +47,8 @@ std::string describe_years(const PopulationStore& store) {
   constexpr std::int32_t usual_years = 1000;
   const BirthYears& years = store.birth_years;
   if (years.dated_row_count() <= usual_years) return {};
-  const AnimalRecord& first = first_born_in(store, years.first);
-  const AnimalRecord& last = first_born_in(store, years.last);
+  const AnimalRecord first = first_born_in(store, years.first);
+  const AnimalRecord last = first_born_in(store, years.last);
   return " and " + std::to_string(years.dated_row_count()) + " birth years (in the first one " +
          quoted(first.id.trimmed()) + " was born on " + birth_of(first) + ", in the last one " +
          quoted(last.id.trimmed()) + " on " + birth_of(last) + ")";

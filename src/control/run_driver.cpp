@@ -66,9 +66,9 @@ PopulationStore read_store(LineReader& data, const SteerSettings& settings, RunS
 
 void complete_pedigree(PopulationStore& store, RunStreams& streams) {
   begin_phase(streams.phase_times, "missing parents");
-  const IdIndex index = append_missing_parents(store, streams.console);  // `animal_count` is final
+  append_missing_parents(store, streams.console);  // `animal_count` is final
   begin_phase(streams.phase_times, "linking and sorting");
-  link_parents(store, index, streams);  // parents stand before their offspring
+  link_parents(store, streams);  // parents stand before their offspring
 }
 
 /// The phases.

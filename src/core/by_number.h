@@ -22,6 +22,8 @@ struct ByNumber {
 
   Value& operator[](std::int32_t number) { return values[static_cast<std::size_t>(number)]; }
   const Value& operator[](std::int32_t number) const { return values[static_cast<std::size_t>(number)]; }
+  /// Lets go of all entries and their memory.
+  void release() { std::vector<Value>().swap(values); }
   /// The highest number; -1 when not even entry 0 is there.
   std::int32_t last() const { return static_cast<std::int32_t>(values.size()) - 1; }
 };

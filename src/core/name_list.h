@@ -30,6 +30,13 @@ struct NameList {
     const std::int32_t number = names.add(name);
     first_numbers.add(find_or_add_text(index, name.full(), number, [&](std::int32_t k) { return names.at(k).full(); }));
   }
+  /// The first number of the name, which is added when it is not in the list.
+  std::int32_t number_or_add(const Name& name) {
+    const std::int32_t number = number_of(name);
+    if (number != 0) return number;
+    add(name);
+    return count();
+  }
   /// The first number of the name; 0 when it is not in the list.
   std::int32_t number_of(const Name& name) const {
     return find_text(index, name.full(), [&](std::int32_t k) { return names.at(k).full(); });

@@ -31,7 +31,7 @@ inline std::uint32_t hash_of_text(std::string_view text) {
 struct TextIndex {
   struct Slot {
     std::uint32_t hash = 0;
-    std::int32_t place = 0;  ///< counted from 1; 0: free
+    std::int32_t place = 0;  ///< 0: free
   };
   std::vector<Slot> slots;  ///< a power of two, about two thirds in use at most
   std::size_t used = 0;
@@ -80,9 +80,9 @@ std::int32_t find_text(const TextIndex& index, std::string_view text, TextAt&& t
   return 0;
 }
 
-/// The first place of `text`; when it has none yet, `new_place` becomes it.
+/// The first place of `text`, to be changed; when it has none yet, `new_place` becomes it.
 template <typename TextAt>
-std::int32_t find_or_add_text(TextIndex& index, std::string_view text, std::int32_t new_place, TextAt&& text_at) {
+std::int32_t& find_or_add_place(TextIndex& index, std::string_view text, std::int32_t new_place, TextAt&& text_at) {
   reserve_texts(index, index.used + 1);
   const std::uint32_t hash = hash_of_text(text);
   const std::size_t mask = index.slots.size() - 1;
@@ -92,7 +92,13 @@ std::int32_t find_or_add_text(TextIndex& index, std::string_view text, std::int3
   }
   index.slots[at] = {hash, new_place};
   ++index.used;
-  return new_place;
+  return index.slots[at].place;
+}
+
+/// The first place of `text`; when it has none yet, `new_place` becomes it.
+template <typename TextAt>
+std::int32_t find_or_add_text(TextIndex& index, std::string_view text, std::int32_t new_place, TextAt&& text_at) {
+  return find_or_add_place(index, text, new_place, text_at);
 }
 
 }  // namespace pedigreewatch

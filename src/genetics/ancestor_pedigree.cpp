@@ -5,19 +5,18 @@
 namespace pedigreewatch {
 
 ParentNumbers parent_numbers(const PopulationStore& store, const AncestorPedigree& ancestors, std::int32_t position) {
-  const AnimalRecord& animal = store.at(position);
   const auto number_of = [&](std::int32_t parent) {
     return parent < position ? ancestors.number_of_animal[parent] : 0;
   };
-  return {number_of(animal.sire_no), number_of(animal.dam_no)};
+  return {number_of(store.sire_no[position]), number_of(store.dam_no[position])};
 }
 
 AncestorPedigree make_ancestor_pedigree(const PopulationStore& store) {
   AncestorPedigree ancestors;
-  ancestors.number_of_animal = ByNumber<std::int32_t>(store.animals.size());
+  ancestors.number_of_animal = ByNumber<std::int32_t>(store.size());
   for (ByNumber<std::int32_t>* list : {&ancestors.position, &ancestors.sire, &ancestors.dam}) list->values.push_back(0);
   for (std::int32_t position = 1; position <= store.animal_count; ++position) {
-    if (store.at(position).offspring_count == 0) continue;
+    if (store.is_parent[position] == 0) continue;
     const ParentNumbers parents = parent_numbers(store, ancestors, position);
     ancestors.position.values.push_back(position);
     ancestors.sire.values.push_back(parents.sire);

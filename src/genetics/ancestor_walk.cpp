@@ -7,12 +7,12 @@
 #include <bit>
 
 #include "core/memory_hints.h"
+#include "core/processor_clones.h"
 
 namespace pedigreewatch {
 namespace {
 
 constexpr std::size_t word_bits = 64;
-constexpr std::size_t quad_count = lane_count / 4;
 
 /// An unknown parent counts with F -1, so that one formula serves animals with two, one and no known parents.
 float within_family_variance(float f_sire, float f_dam) {
@@ -37,7 +37,7 @@ std::int32_t number_of_bit(std::size_t word, std::size_t bit) {
 }
 
 void add_to_lane(Lanes& lanes, std::size_t lane, float value) {
-  lanes.quads[lane / 4][lane % 4] += value;
+  lanes.each[lane] += value;
 }
 
 /// Begins each lane with its mating's own part: the offspring itself, and half its genes for each parent.
@@ -62,13 +62,10 @@ void visit(AncestorWalk& walk, std::int32_t number, Lanes& sums) {
   put_on_list(walk, ancestor.dam);
   const Lanes own = walk.shares[number];
   walk.shares[number] = Lanes{};
-  Lanes& sire = walk.shares[ancestor.sire];
-  for (std::size_t q = 0; q < quad_count; ++q) sire.quads[q] += own.quads[q] * 0.5F;
-  Lanes& dam = walk.shares[ancestor.dam];
-  for (std::size_t q = 0; q < quad_count; ++q) dam.quads[q] += own.quads[q] * 0.5F;
-  for (std::size_t q = 0; q < quad_count; ++q) {
-    sums.quads[q] += own.quads[q] * own.quads[q] * ancestor.within_family_variance;
-  }
+  const LaneVector half = own.each * 0.5F;
+  walk.shares[ancestor.sire].each += half;
+  walk.shares[ancestor.dam].each += half;
+  sums.each += own.each * own.each * ancestor.within_family_variance;
 }
 
 /// Has the shares fetched that the next visit will add to: of the parents of the ancestor that is next on the
@@ -109,6 +106,7 @@ void set_inbreeding(AncestorWalk& walk, std::int32_t ancestor, float f) {
   entry.within_family_variance = within_family_variance(walk.f[entry.sire], walk.f[entry.dam]);
 }
 
+PEDIGREEWATCH_PROCESSOR_CLONES
 void walk_ancestors(AncestorWalk& walk, std::span<const Mating> matings, std::span<float> results) {
   Lanes sums = {};
   begin_lanes(walk, matings, sums);
@@ -129,7 +127,7 @@ void walk_ancestors(AncestorWalk& walk, std::span<const Mating> matings, std::sp
     }
   }
   walk.shares[0] = Lanes{};
-  for (std::size_t lane = 0; lane < matings.size(); ++lane) results[lane] = sums.quads[lane / 4][lane % 4];
+  for (std::size_t lane = 0; lane < matings.size(); ++lane) results[lane] = sums.each[lane];
 }
 
 }  // namespace pedigreewatch

@@ -19,13 +19,13 @@ struct Mating {
 /// Matings that one walk takes side by side: the lanes of the vectors below.
 inline constexpr std::size_t lane_count = 16;
 
-/// Four lanes, in the vector type that g++ and clang++ share. It belongs to no processor; each operation on it is the
-/// same operation on four singles.
-typedef float Quad __attribute__((vector_size(16)));  // NOLINT(modernize-use-using): a using cannot carry it in g++
+/// One number for each lane, in the vector type that g++ and clang++ share. It belongs to no processor; each operation
+/// on it is the same operation on sixteen singles.
+typedef float LaneVector
+    __attribute__((vector_size(64)));  // NOLINT(modernize-use-using): a using cannot carry it in g++
 
-/// One number for each lane.
 struct alignas(64) Lanes {
-  Quad quads[lane_count / 4];
+  LaneVector each;
 };
 
 /// What the walks work on. Between two walks all shares are 0 and no ancestor is waiting.

@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <array>
-#include <numeric>
 #include <tuple>
 #include <vector>
 
@@ -37,7 +36,7 @@ struct MatingList {
 MatingList list_matings(const PopulationStore& store, const AncestorPedigree& ancestors) {
   MatingList list;
   list.matings.values.emplace_back();
-  list.of_animal = ByNumber<std::int32_t>(store.animals.size());
+  list.of_animal = ByNumber<std::int32_t>(store.size());
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
     const ParentNumbers parents = parent_numbers(store, ancestors, i);
     if (parents.sire == 0 || parents.dam == 0) continue;
@@ -50,23 +49,36 @@ MatingList list_matings(const PopulationStore& store, const AncestorPedigree& an
   return list;
 }
 
+/// A mating with what it is sorted by.
+struct KinKey {
+  std::int32_t sires_sire = 0, sire = 0, dams_sire = 0, dam = 0;
+  std::int32_t number = 0;
+
+  friend bool operator<(const KinKey& a, const KinKey& b) {
+    return std::tie(a.sires_sire, a.sire, a.dams_sire, a.dam) < std::tie(b.sires_sire, b.sire, b.dams_sire, b.dam);
+  }
+};
+
+std::vector<KinKey> sorted_keys(const MatingList& list, const AncestorPedigree& ancestors) {
+  std::vector<KinKey> keys;
+  keys.reserve(list.matings.values.size());
+  for (std::int32_t number = 1; number <= list.matings.last(); ++number) {
+    const Mating& m = list.matings[number];
+    keys.push_back({ancestors.sire[m.sire], m.sire, ancestors.sire[m.dam], m.dam, number});
+  }
+  std::sort(keys.begin(), keys.end());
+  return keys;
+}
+
 /// Puts the matings into an order in which neighbours have many ancestors in common, by the sires of the parents, and
 /// leaves each pair of parents one entry.
 void gather_relatives(MatingList& list, const AncestorPedigree& ancestors) {
-  const auto kin_of = [&](std::int32_t number) {
-    const Mating& m = list.matings[number];
-    return std::tuple(ancestors.sire[m.sire], m.sire, ancestors.sire[m.dam], m.dam);
-  };
-  std::vector<std::int32_t> order(list.matings.values.size() - 1);
-  std::iota(order.begin(), order.end(), 1);
-  std::sort(order.begin(), order.end(), [&](std::int32_t a, std::int32_t b) { return kin_of(a) < kin_of(b); });
-  ByNumber<std::int32_t> new_number(order.size());
+  ByNumber<std::int32_t> new_number(list.matings.values.size() - 1);
   ByNumber<Mating> gathered(0);
-  for (const std::int32_t number : order) {
-    const Mating& mating = list.matings[number];
+  for (const KinKey& key : sorted_keys(list, ancestors)) {
     const Mating& last = gathered.values.back();
-    if (last.sire != mating.sire || last.dam != mating.dam) gathered.values.push_back(mating);
-    new_number[number] = gathered.last();
+    if (last.sire != key.sire || last.dam != key.dam) gathered.values.push_back({key.sire, key.dam});
+    new_number[key.number] = gathered.last();
   }
   list.matings = std::move(gathered);
   for (std::int32_t& mating : list.of_animal.values) mating = new_number[mating];
@@ -156,7 +168,8 @@ void compute_inbreeding(PopulationStore& store, const AncestorPedigree& ancestor
   gather_relatives(list, ancestors);
   const ByNumber<float> f = walk_matings(list, ancestors, progress);
   progress.show(1, 1);  // what is left, also when there was no mating to walk
-  for (std::int32_t i = 1; i <= store.animal_count; ++i) store.at(i).inbreeding = f[list.of_animal[i]];
+  store.inbreeding = ByNumber<float>(store.size());
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) store.inbreeding[i] = f[list.of_animal[i]];
 }
 
 }  // namespace pedigreewatch

@@ -13,7 +13,7 @@ namespace {
 /// The within-family variance of an animal; an unknown parent counts as 1 more and has no F.
 double variance_of_parents(const PopulationStore& store, const AncestorPedigree& ancestors, ParentNumbers parents) {
   const auto f_of = [&](std::int32_t number) {
-    return number == 0 ? 0.0 : double{store.at(ancestors.position[number]).inbreeding};
+    return number == 0 ? 0.0 : double{store.inbreeding[ancestors.position[number]]};
   };
   const int unknown_parents = (parents.sire == 0 ? 1 : 0) + (parents.dam == 0 ? 1 : 0);
   return (2.0 + unknown_parents - f_of(parents.sire) - f_of(parents.dam)) * 0.25;

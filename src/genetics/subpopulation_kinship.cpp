@@ -22,13 +22,13 @@ CohortSubpopulations split_cohort(const PopulationStore& store, const Subpopulat
   CohortSubpopulations split{{cohort, {}, 0}, ByNumber<std::int32_t>(subpopulations.names.entries.size(), -1), {}};
   split.animals.groups.reserve(cohort.size());
   for (const std::int32_t position : cohort) {
-    const AnimalRecord& animal = store.at(position);
-    std::int32_t& group = split.group_of_number[animal.subpopulation_no];
-    if (animal.subpopulation_no != 0 && group < 0) {
+    const std::int32_t number = store.subpopulation_no(position);
+    std::int32_t& group = split.group_of_number[number];
+    if (number != 0 && group < 0) {
       group = split.animals.group_count++;
       split.totals.values.emplace_back();
     }
-    if (group >= 0) split.totals[group].add(animal.inbreeding);
+    if (group >= 0) split.totals[group].add(store.inbreeding[position]);
     split.animals.groups.push_back(group);
   }
   return split;

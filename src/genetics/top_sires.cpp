@@ -26,7 +26,7 @@ std::vector<SireUse> sires_by_use(const PopulationStore& store, YearAnimals anim
                                   ByNumber<std::int32_t>& offspring) {
   std::vector<SireUse> sires;
   for (const std::int32_t position : animals) {
-    const std::int32_t sire = store.at(position).sire_no;
+    const std::int32_t sire = store.sire_no[position];
     if (sire <= 0) continue;
     if (offspring[sire]++ == 0) sires.push_back({sire, 0});
   }
@@ -53,7 +53,7 @@ TopSireRow describe_sires(const std::vector<SireUse>& sires) {
 
 YearRows<TopSireRow> compute_top_sires(const PopulationStore& store, const YearGroups& years, TextOutput& console) {
   YearRows<TopSireRow> result(store.birth_years.row_count());
-  ByNumber<std::int32_t> offspring(store.animals.size());
+  ByNumber<std::int32_t> offspring(store.size());
   for (Row row = 1; row <= result.row_count(); ++row) {
     const std::int32_t year = store.birth_years.year_of(row);
     write_free_line(console, {compute_contribution, year});

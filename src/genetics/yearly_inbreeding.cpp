@@ -23,9 +23,8 @@ GroupedAnimals group_by_parenthood(const PopulationStore& store, YearAnimals coh
   GroupedAnimals result{cohort, {}, cohort_groups};
   result.groups.reserve(cohort.size());
   for (const std::int32_t position : cohort) {
-    const AnimalRecord& animal = store.at(position);
-    const CohortGroup of_parent = animal.sex == male ? fathers : mothers;
-    result.groups.push_back(animal.is_native_parent ? of_parent : neither_parent);
+    const CohortGroup of_parent = store.sex[position] == male ? fathers : mothers;
+    result.groups.push_back(store.is_native_parent(position) ? of_parent : neither_parent);
   }
   return result;
 }
@@ -35,7 +34,7 @@ GroupTotal total_of(const PopulationStore& store, const GroupedAnimals& cohort, 
   GroupTotal total;
   for (std::size_t i = 0; i < cohort.positions.size(); ++i) {
     const bool is_wanted = std::find(wanted.begin(), wanted.end(), cohort.groups[i]) != wanted.end();
-    if (is_wanted) total.add(store.at(cohort.positions[i]).inbreeding);
+    if (is_wanted) total.add(store.inbreeding[cohort.positions[i]]);
   }
   double sum = 0.0;
   for (const CohortGroup g : wanted) {

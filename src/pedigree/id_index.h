@@ -1,28 +1,32 @@
-// Looks animals up by their identification.
+// Turns the identifications of animals and parents into numbers while the lines are read. A parent mostly has its line
+// before its young; one that has not had its line so far is pending, and known by a negative number until it comes.
 #pragma once
 
+#include <cstdint>
+#include <string_view>
+
+#include "core/by_number.h"
+#include "core/text_arena.h"
 #include "core/text_index.h"
-#include "pedigree/population_store.h"
 
 namespace pedigreewatch {
 
-using IdIndex = TextIndex;
+struct IdIndex {
+  TextIndex texts;                            ///< places: the record of an identification, or minus its pending number
+  TextArena pending;                          ///< identifications that were mentioned before they had a record
+  NumberedList<std::int32_t> pending_record;  ///< by pending number: the record that came; 0 as long as there is none
+};
 
-/// Puts the animals from position `first` on into the index. Of two animals with one identification the first wins.
-inline void add_ids(IdIndex& index, const PopulationStore& store, std::int32_t first) {
-  const auto id_at = [&](std::int32_t position) { return store.at(position).id.full(); };
-  reserve_texts(index, store.animals.size());
-  for (std::int32_t position = first; position <= store.animal_count; ++position) {
-    if (const std::size_t later = static_cast<std::size_t>(position) + look_ahead; later < store.animals.size()) {
-      fetch_slot_early(index, hash_of_text(store.animals[later].id.full()));
-    }
-    find_or_add_text(index, id_at(position), position, id_at);
-  }
-}
+/// Has the slots fetched where the look-ups of an animal's three identifications will begin.
+void fetch_slots_early(const IdIndex& index, std::string_view id, std::string_view sire_id, std::string_view dam_id);
 
-/// The position of the first animal with this identification, or 0.
-inline std::int32_t find_animal(const IdIndex& index, const PopulationStore& store, const AnimalId& id) {
-  return find_text(index, id.full(), [&](std::int32_t position) { return store.at(position).id.full(); });
-}
+/// Has the texts fetched with which the identifications of two parents will probably be compared.
+void fetch_texts_early(const IdIndex& index, const TextArena& ids, std::string_view sire_id, std::string_view dam_id);
+
+/// Of two records with one identification the first wins. `ids` has the identifications of all records, this one too.
+void add_record_id(IdIndex& index, const TextArena& ids, std::int32_t record);
+
+/// The first record with the identification of a parent, or its pending number, below 0.
+std::int32_t number_of_parent(IdIndex& index, const TextArena& ids, std::string_view parent_id);
 
 }  // namespace pedigreewatch

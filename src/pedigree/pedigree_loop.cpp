@@ -42,8 +42,7 @@ void print_number_line(const AnimalRecord& animal, const Wording& label, TextOut
 void print_parent(const PopulationStore& store, std::int32_t parent, const Wording& label,
                   std::string_view unknown_on_console, RunStreams& streams) {
   if (!streams.console.is_english && parent == 0) return write_free_line(streams.console, {unknown_on_console});
-  const AnimalRecord nobody;
-  const AnimalRecord& record = parent == 0 ? nobody : store.at(parent);
+  const AnimalRecord record = parent == 0 ? AnimalRecord{} : store.at(parent);
   for (TextOutput* output : {&streams.console, &streams.report}) {
     write_free_line(*output, {label, record.name});
     print_number_line(record, parent_no, *output);
@@ -77,7 +76,7 @@ struct ChildLists {
 ChildLists list_children(const PopulationStore& store, std::span<const std::int32_t> animals) {
   ChildLists children;
   for (const std::int32_t i : animals) {
-    for (const std::int32_t parent : {store.at(i).sire_no, store.at(i).dam_no}) {
+    for (const std::int32_t parent : {store.sire_no[i], store.dam_no[i]}) {
       if (parent != 0) children.roles.push_back({parent, i});
     }
   }
@@ -89,7 +88,7 @@ ChildLists list_children(const PopulationStore& store, std::span<const std::int3
 /// children come one parent closer, so that each pair of parent and child is looked at once.
 ByNumber<char> find_settled(const PopulationStore& store, std::span<const std::int32_t> unplaced) {
   const ChildLists children = list_children(store, unplaced);
-  ByNumber<char> unsettled_parents(store.animals.size()), settled(store.animals.size());
+  ByNumber<char> unsettled_parents(store.size()), settled(store.size());
   for (const ChildLists::Role& role : children.roles) ++unsettled_parents[role.child];
   std::vector<std::int32_t> waiting;
   std::copy_if(unplaced.begin(), unplaced.end(), std::back_inserter(waiting),
@@ -111,7 +110,7 @@ void report_pedigree_loop(const PopulationStore& store, std::span<const std::int
   write_free_line(streams.console, {probably_a_loop});
   write_free_line(streams.report, {probably_a_loop});
   std::vector<LineItem> numbers = {"unsnrs"};
-  for (const std::int32_t i : unplaced) numbers.emplace_back(store.at(i).number);
+  for (const std::int32_t i : unplaced) numbers.emplace_back(i);
   write_free_line(streams.console, numbers);
   const ByNumber<char> settled = find_settled(store, unplaced);
   write_free_line(streams.console, {cannot_be_sorted});

@@ -61,70 +61,69 @@ void print_born_before(const AnimalRecord& child, const AnimalRecord& parent, co
   write_free_line(output, {"   "});
 }
 
-/// Only the years count, and only where both are known.
-void check_birth_order(const AnimalRecord& child, const AnimalRecord& parent, const ParentWording& wording,
-                       RunStreams& streams) {
-  if (child.birth_year == 0 || parent.birth_year == 0 || child.birth_year >= parent.birth_year) return;
+void report_born_before(const PopulationStore& store, std::int32_t child_no, std::int32_t parent_no,
+                        const ParentWording& wording, RunStreams& streams) {
+  const AnimalRecord child = store.at(child_no), parent = store.at(parent_no);
   print_born_before(child, parent, wording, parent_date_on_console, streams.console);
   print_born_before(child, parent, wording, date_of_birth, streams.report);
 }
 
 /// How far the sort has come.
 struct SortState {
-  ByNumber<std::int32_t> remaining;    ///< by position: offspring that have not been placed yet
+  struct Animal {
+    std::int32_t remaining = 0;  ///< offspring that have not been placed yet
+    std::int32_t birth_year = 0;
+  };
+  ByNumber<Animal> animals;            ///< by position
   std::vector<std::int32_t> unplaced;  ///< positions without a place, descending
   ByNumber<std::int32_t> order;        ///< by new position: the position of the animal that will stand there
   std::int32_t last_free = 0;          ///< the next place to be filled
 };
 
-SortState begin_sort(const PopulationStore& store) {
+SortState begin_sort(PopulationStore& store) {
   SortState state;
-  const std::size_t size = store.animals.size();
-  state.remaining = ByNumber<std::int32_t>(size);
+  const std::size_t size = store.size();
+  reserve_large(state.animals.values, size + 1);
+  state.animals.values.push_back({});
   state.order = ByNumber<std::int32_t>(size);
   state.last_free = store.animal_count;
   state.unplaced.reserve(size);
-  for (std::int32_t i = store.animal_count; i > 0; --i) {
-    state.remaining[i] = store.at(i).offspring_count;
-    state.unplaced.push_back(i);
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    state.animals.values.push_back({store.offspring_count[i], store.birth_year[i]});
   }
+  for (std::int32_t i = store.animal_count; i > 0; --i) state.unplaced.push_back(i);
   return state;
 }
 
 void print_sweep(const SortState& state, std::int32_t sweep_no, const PopulationStore& store, TextOutput& console) {
-  const auto is_free = [&](std::int32_t i) { return state.remaining[i] == 0; };
+  const auto is_free = [&](std::int32_t i) { return state.animals[i].remaining == 0; };
   const std::int64_t free_count = std::count_if(state.unplaced.begin(), state.unplaced.end(), is_free);
   const std::int64_t unplaced_count = static_cast<std::int64_t>(state.unplaced.size());
   write_free_line(console, {sweep, sweep_no, without_unsorted, free_count});
   write_free_line(console, {sweep, sweep_no, with_unsorted, unplaced_count - free_count});
   // The line for animals with fewer than no offspring left; there are none.
   if (unplaced_count > free_count) write_free_line(console, std::span<const LineItem>());
-  const std::int64_t placed_count = static_cast<std::int64_t>(store.animals.size()) - unplaced_count;
+  const std::int64_t placed_count = std::max(store.animal_count, 0) - unplaced_count;
   write_free_line(console, {"no. sorted", placed_count, "last =", state.last_free});
 }
 
-/// Places one animal and takes it off its parents' remaining offspring.
-void place_animal(SortState& state, std::int32_t i, const PopulationStore& store, RunStreams& streams) {
-  const AnimalRecord& animal = store.at(i);
-  state.order[state.last_free] = i;
-  --state.last_free;
-  if (animal.sire_no != 0) {
-    check_birth_order(animal, store.at(animal.sire_no), father_wording, streams);
-    --state.remaining[animal.sire_no];
+/// Takes a child that is placed off its parent's remaining offspring. Only the years of birth are compared, and only
+/// where both are known.
+void take_off_parent(SortState& state, std::int32_t child_no, std::int32_t parent_no, const ParentWording& wording,
+                     const PopulationStore& store, RunStreams& streams) {
+  const std::int32_t year = state.animals[child_no].birth_year;
+  SortState::Animal& parent = state.animals[parent_no];
+  if (year != 0 && parent.birth_year != 0 && year < parent.birth_year) {
+    report_born_before(store, child_no, parent_no, wording, streams);
   }
-  if (animal.dam_no != 0) {
-    check_birth_order(animal, store.at(animal.dam_no), mother_wording, streams);
-    --state.remaining[animal.dam_no];
-  }
+  --parent.remaining;  // that of the unknown parent is read by nobody
 }
 
-/// Has what `place_animal` looks at of the parents fetched.
-void fetch_parents(const SortState& state, const AnimalRecord& animal, const PopulationStore& store) {
-  for (const std::int32_t parent : {animal.sire_no, animal.dam_no}) {
-    if (parent == 0) continue;
-    fetch_early(&store.at(parent));
-    fetch_early(&state.remaining[parent]);
-  }
+/// Puts an animal into the last free place.
+void place_animal(SortState& state, std::int32_t i, const PopulationStore& store, RunStreams& streams) {
+  state.order[state.last_free--] = i;
+  take_off_parent(state, i, store.sire_no[i], father_wording, store, streams);
+  take_off_parent(state, i, store.dam_no[i], mother_wording, store, streams);
 }
 
 /// One walk from the back over the animals without a place.
@@ -133,9 +132,11 @@ void run_sweep(SortState& state, const PopulationStore& store, RunStreams& strea
   for (std::size_t turn = 0; turn < state.unplaced.size(); ++turn) {
     const std::int32_t i = state.unplaced[turn];
     if (turn + look_ahead < state.unplaced.size()) {
-      fetch_parents(state, store.at(state.unplaced[turn + look_ahead]), store);
+      const std::int32_t later = state.unplaced[turn + look_ahead];
+      fetch_early(&state.animals[store.sire_no[later]]);
+      fetch_early(&state.animals[store.dam_no[later]]);
     }
-    if (state.remaining[i] == 0) {
+    if (state.animals[i].remaining == 0) {
       place_animal(state, i, store, streams);
     } else {
       state.unplaced[kept++] = i;
@@ -146,11 +147,11 @@ void run_sweep(SortState& state, const PopulationStore& store, RunStreams& strea
 
 bool nothing_can_be_placed(const SortState& state) {
   return std::none_of(state.unplaced.begin(), state.unplaced.end(),
-                      [&](std::int32_t i) { return state.remaining[i] == 0; });
+                      [&](std::int32_t i) { return state.animals[i].remaining == 0; });
 }
 
 /// Fills `order`, or stops the run at a loop.
-ByNumber<std::int32_t> find_order(const PopulationStore& store, RunStreams& streams) {
+ByNumber<std::int32_t> find_order(PopulationStore& store, RunStreams& streams) {
   SortState state = begin_sort(store);
   for (std::int32_t sweep_no = 1; sweep_no <= sweep_limit; ++sweep_no) {
     print_sweep(state, sweep_no, store, streams.console);
@@ -169,47 +170,29 @@ ByNumber<std::int32_t> find_order(const PopulationStore& store, RunStreams& stre
   return std::move(state.order);
 }
 
-/// Moves every record to its place, cycle by cycle, so that no second store is needed.
-void reorder_records(PopulationStore& store, const ByNumber<std::int32_t>& order) {
-  ByNumber<char> is_done(store.animals.size());
-  for (std::int32_t start = 1; start <= order.last(); ++start) {
-    if (is_done[start] != 0) continue;
-    is_done[start] = 1;
-    if (order[start] == start) continue;
-    const AnimalRecord first = store.at(start);
-    std::int32_t place = start;
-    for (std::int32_t source = order[place]; source != start; source = order[place]) {
-      store.at(place) = store.at(source);
-      place = source;
-      is_done[place] = 1;
-    }
-    store.at(place) = first;
+/// The lines that tell how far the renumbering has come. It is done at once; no line stands for the last animals.
+void print_renumbering(const PopulationStore& store, TextOutput& console) {
+  ProgressCounter progress{progress_interval(store.animal_count, 100, 500, 1000)};
+  write_free_line(console, {"renumber pedigree"});
+  for (std::int32_t i = 1; i < store.animal_count; ++i) {
+    if (progress.is_due()) write_free_line(console, {up_to_animal, i - 1, renumbered});
   }
 }
 
-/// Turns old positions into new ones, in the records' own numbers and in the references to parents. The last record
-/// keeps its old number; nothing refers to it.
-void renumber_records(PopulationStore& store, const ByNumber<std::int32_t>& order, TextOutput& console) {
-  write_free_line(console, {"renumber pedigree"});
-  ByNumber<std::int32_t> new_position(store.animals.size());
-  for (std::int32_t p = 1; p <= order.last(); ++p) new_position[order[p]] = p;
-  for (AnimalRecord& animal : store.animals) {
-    animal.sire_no = new_position[animal.sire_no];
-    animal.dam_no = new_position[animal.dam_no];
-  }
-  ProgressCounter progress{progress_interval(store.animal_count, 100, 500, 1000)};
-  for (std::int32_t i = 1; i < store.animal_count; ++i) {
-    if (progress.is_due()) write_free_line(console, {up_to_animal, i - 1, renumbered});
-    store.at(i).number = i;
-  }
+/// Of the offspring counts only remains whether there are any.
+void mark_parents(PopulationStore& store) {
+  store.is_parent = ByNumber<Flag>(store.size());
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) store.is_parent[i] = store.offspring_count[i] != 0 ? 1 : 0;
+  store.offspring_count.release();
 }
 
 }  // namespace
 
 void sort_pedigree(PopulationStore& store, RunStreams& streams) {
-  const ByNumber<std::int32_t> order = find_order(store, streams);
-  reorder_records(store, order);
-  renumber_records(store, order, streams.console);
+  ByNumber<std::int32_t> order = find_order(store, streams);
+  mark_parents(store);
+  reorder_animals(store, std::move(order));
+  print_renumbering(store, streams.console);
 }
 
 }  // namespace pedigreewatch

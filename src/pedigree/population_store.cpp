@@ -4,46 +4,225 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 #include "core/integers.h"
-#include "core/memory_hints.h"
 
 namespace pedigreewatch {
+namespace {
 
-void allocate_records(PopulationStore& store, std::int32_t count, const BlankNumbers& blank) {
-  store.unread = AnimalRecord{};
-  store.unread.name.assign("- ");
-  store.unread.sire_id.assign(unknown_parent_id);
-  store.unread.dam_id.assign(unknown_parent_id);
-  store.unread.subpopulation_no = blank.subpopulation;
-  store.unread.colour_no = blank.colour;
-  const std::size_t size = count > 0 ? static_cast<std::size_t>(count) : 0;
-  // Memory that is never touched costs nothing; with it the store need not be copied when parents are appended.
-  constexpr std::size_t share_of_missing_parents = 8;
-  reserve_large(store.animals, size + size / share_of_missing_parents);
-  store.animals.assign(size, store.unread);
-  store.animal_count = count;
+std::string_view trimmed(const auto& text) {
+  return text.trimmed();
 }
 
-void append_parent(PopulationStore& store, const AnimalId& id, Sex sex) {
-  AnimalRecord& parent = store.animals.emplace_back(store.unread);
-  parent.id = id;
-  parent.name = {};
+/// Makes room in a column, in large pages, and gives it its entry 0.
+template <typename Value>
+void begin_column(ByNumber<Value>& column, std::size_t count, Value unknown = {}) {
+  column.release();
+  reserve_large(column.values, count + 1);
+  column.values.push_back(unknown);
+}
+
+void append_day(PopulationStore& store, std::int32_t day) {
+  const bool fits = day > PopulationStore::odd_day && day <= INT8_MAX;
+  store.day_of_month.values.push_back(fits ? static_cast<std::int8_t>(day) : PopulationStore::odd_day);
+  if (!fits) store.odd_days.push_back({store.animal_count, day});
+}
+
+void append_birth(PopulationStore& store, const AnimalRecord& record) {
+  store.birth_year.values.push_back(record.birth_year);
+  store.birth_month.values.push_back(static_cast<std::uint8_t>(record.birth_month));
+  append_day(store, record.birth_day);
+}
+
+void append_names(PopulationStore& store, const AnimalRecord& record, std::int32_t colour_no) {
+  if (store.has_name) store.names.add(trimmed(record.name));
+  if (!store.subpopulation_text.values.empty()) {
+    store.subpopulation_text.values.push_back(store.subpopulation_texts.number_or_add(record.subpopulation));
+  }
+  if (store.has_colour) store.colour_no.values.push_back(colour_no);
+  if (store.has_breeder) {
+    store.breeder_no.values.push_back(record.breeder.is_blank() ? 0 : store.breeders.number_or_add(record.breeder));
+  }
+}
+
+/// Litter mates mostly stand together: the parent of the record before need not be looked up again.
+std::int32_t number_of_parent(PopulationStore& store, const AnimalId& id, PopulationStore::LastParent& last) {
+  if (id == last.id) return last.number;
+  last.id = id;
+  last.number = id == unknown_parent_id ? 0 : number_of_parent(store.index, store.ids, id.trimmed());
+  return last.number;
+}
+
+/// The identification of a parent, also of one that is pending.
+std::string_view parent_id(const PopulationStore& store, std::int32_t parent_no) {
+  if (parent_no == 0) return unknown_parent_id;
+  return parent_no > 0 ? store.id(parent_no) : store.index.pending.at(-parent_no);
+}
+
+template <typename Value>
+Value value_or_zero(const ByNumber<Value>& column, std::int32_t position) {
+  return column.values.empty() ? Value{} : column[position];
+}
+
+/// Moves a column into its new order; one that is empty stays so.
+template <typename Value>
+void reorder(ByNumber<Value>& column, const ByNumber<std::int32_t>& position_before) {
+  if (column.values.empty()) return;
+  ByNumber<Value> before;
+  before.values.swap(column.values);
+  begin_column(column, before.values.size() - 1, before[0]);
+  const std::vector<std::int32_t>& order = position_before.values;
+  for (std::size_t p = 1; p < order.size(); ++p) {
+    if (p + look_ahead < order.size()) fetch_early(&before[order[p + look_ahead]]);
+    column.values.push_back(before[order[p]]);
+  }
+}
+
+}  // namespace
+
+std::string_view PopulationStore::name(std::int32_t position) const {
+  const std::int32_t record = record_no(position);
+  if (record > file_records) return {};
+  return has_name ? names.at(record) : std::string_view("-");
+}
+
+SubpopulationName PopulationStore::subpopulation(std::int32_t position) const {
+  return subpopulation_text.values.empty() ? SubpopulationName()
+                                           : subpopulation_texts.names.at(subpopulation_text[position]);
+}
+
+std::int32_t PopulationStore::line(std::int32_t position) const {
+  const std::int32_t record = record_no(position);
+  return record > file_records ? 0 : record + lines_before_records;
+}
+
+std::int32_t PopulationStore::find_odd_day(std::int32_t position) const {
+  const auto found = std::ranges::lower_bound(odd_days, record_no(position), {}, &OddDay::record);
+  return found->day;
+}
+
+AnimalRecord PopulationStore::at(std::int32_t position) const {
+  AnimalRecord record;
+  record.id.assign(id(position));
+  record.name.assign(name(position));
+  record.sire_id.assign(parent_id(*this, sire_no[position]));
+  record.dam_id.assign(parent_id(*this, dam_no[position]));
+  record.birth_year = birth_year[position];
+  record.birth_month = birth_month[position];
+  record.birth_day = birth_day(position);
+  record.sex = sex[position];
+  record.subpopulation = subpopulation(position);
+  if (const std::int32_t number = value_or_zero(breeder_no, position); number != 0) {
+    record.breeder = breeders.names.at(number);
+  }
+  record.is_import = is_import[position] != 0;
+  record.is_native_parent = value_or_zero(native_offspring_count, position) != 0;
+  record.is_parent = value_or_zero(is_parent, position) != 0;
+  record.number = position;
+  record.line = line(position);
+  record.sire_no = std::max(sire_no[position], 0);
+  record.dam_no = std::max(dam_no[position], 0);
+  record.dam_age_days = value_or_zero(dam_age_days, position);
+  record.sire_age_days = value_or_zero(sire_age_days, position);
+  record.native_offspring_count = value_or_zero(native_offspring_count, position);
+  record.generation_equivalents = value_or_zero(generation_equivalents, position);
+  record.complete_generations = value_or_zero(complete_generations, position);
+  record.inbreeding = value_or_zero(inbreeding, position);
+  return record;
+}
+
+AnimalRecord unread_record() {
+  AnimalRecord record;
+  record.name.assign("- ");
+  record.sire_id.assign(unknown_parent_id);
+  record.dam_id.assign(unknown_parent_id);
+  return record;
+}
+
+void prepare_store(PopulationStore& store, std::int32_t count, const StoreNames& names) {
+  const std::size_t size = count > 0 ? static_cast<std::size_t>(count) : 0;
+  // Memory that is never touched costs nothing; with it the columns need not be copied when parents are appended.
+  constexpr std::size_t share_of_missing_parents = 8;
+  const std::size_t room = size + size / share_of_missing_parents;
+  store.animal_count = std::min(count, 0);
+  begin_column(store.birth_year, room);
+  begin_column(store.birth_month, room, std::uint8_t{1});
+  begin_column(store.day_of_month, room, std::int8_t{1});
+  begin_column(store.sex, room, female);
+  begin_column(store.is_import, room);
+  begin_column(store.sire_no, room);
+  begin_column(store.dam_no, room);
+  reserve_texts(store.index.texts, size);
+  if (store.has_colour) begin_column(store.colour_no, room);
+  if (store.has_breeder) begin_column(store.breeder_no, room);
+  store.subpopulation_texts = names.subpopulations;
+  store.allowed_subpopulations = names.subpopulations.count();
+  store.blank_subpopulation = names.subpopulations.number_of({});
+  store.blank_colour = names.colours.number_of({});
+  if (store.has_subpopulation && store.allowed_subpopulations > 1) begin_column(store.subpopulation_text, room);
+}
+
+void append_record(PopulationStore& store, const AnimalRecord& record, std::int32_t colour_no) {
+  ++store.animal_count;
+  store.file_records = store.animal_count;
+  store.ids.add(trimmed(record.id));
+  add_record_id(store.index, store.ids, store.animal_count);
+  append_birth(store, record);
+  store.sex.values.push_back(record.sex);
+  store.is_import.values.push_back(record.is_import ? 1 : 0);
+  store.sire_no.values.push_back(number_of_parent(store, record.sire_id, store.last_sire));
+  store.dam_no.values.push_back(number_of_parent(store, record.dam_id, store.last_dam));
+  append_names(store, record, colour_no);
+}
+
+std::int32_t append_parent(PopulationStore& store, std::string_view id, Sex sex) {
+  AnimalRecord parent;
   parent.sex = sex;
-  parent.number = ++store.animal_count;
+  ++store.animal_count;
+  store.ids.add(id);
+  append_birth(store, parent);
+  store.sex.values.push_back(sex);
+  store.is_import.values.push_back(0);
+  store.sire_no.values.push_back(0);
+  store.dam_no.values.push_back(0);
+  append_names(store, parent, store.blank_colour);
+  return store.animal_count;
+}
+
+void reorder_animals(PopulationStore& store, ByNumber<std::int32_t> position_before) {
+  reorder(store.birth_year, position_before);
+  reorder(store.birth_month, position_before);
+  reorder(store.day_of_month, position_before);
+  reorder(store.sex, position_before);
+  reorder(store.is_import, position_before);
+  reorder(store.native_offspring_count, position_before);
+  reorder(store.is_parent, position_before);
+  reorder(store.colour_no, position_before);
+  reorder(store.breeder_no, position_before);
+  reorder(store.subpopulation_text, position_before);
+  reorder(store.sire_no, position_before);
+  reorder(store.dam_no, position_before);
+  ByNumber<std::int32_t> position_now(store.size());
+  for (std::int32_t p = 1; p <= position_before.last(); ++p) position_now[position_before[p]] = p;
+  for (ByNumber<std::int32_t>* const parents : {&store.sire_no, &store.dam_no}) {
+    for (std::int32_t& parent : parents->values) parent = position_now[parent];
+  }
+  store.record_of_position = std::move(position_before);
 }
 
 std::vector<std::int32_t> all_positions(const PopulationStore& store) {
-  std::vector<std::int32_t> positions(store.animals.size());
+  std::vector<std::int32_t> positions(store.size());
   std::iota(positions.begin(), positions.end(), 1);
   return positions;
 }
 
-BirthYears birth_years_of(std::span<const AnimalRecord> animals) {
+BirthYears birth_years_of(const PopulationStore& store) {
   BirthYears years;
-  for (const AnimalRecord& animal : animals) {
-    if (animal.birth_year != 0) years.first = std::min(years.first, animal.birth_year);
-    years.last = std::max(years.last, animal.birth_year);
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    const std::int32_t year = store.birth_year[i];
+    if (year != 0) years.first = std::min(years.first, year);
+    years.last = std::max(years.last, year);
   }
   years.count = wrapped(std::int64_t{years.last} - years.first + 1);
   return years;

@@ -83,8 +83,8 @@ void report_unknown_subpopulation(const AnimalRecord& record, const Wording& sec
 }
 
 /// A blank one is no mistake: the animal belongs to none.
-void check_subpopulation(const AnimalRecord& record, RunStreams& streams) {
-  if (record.subpopulation.is_blank() || record.subpopulation_no != 0) return;
+void check_subpopulation(const AnimalRecord& record, const DataFileLayout& layout, RunStreams& streams) {
+  if (record.subpopulation.is_blank() || layout.subpopulations.number_of(record.subpopulation) != 0) return;
   report_unknown_subpopulation(record, unknown_subpopulation, streams.console);
   report_unknown_subpopulation(record, unknown_subpopulation_in_report, streams.report);
 }
@@ -140,6 +140,27 @@ void dump_record(const AnimalRecord& record, std::int32_t record_number, const P
   if (store.has_import) write_free_line(console, {"Import = ", record.is_import ? " T" : " F"});
 }
 
+/// Records that have been read and not been added yet. What the look-up of their identifications touches is on its way
+/// from memory meanwhile.
+struct RecordBatch {
+  std::array<AnimalRecord, 16> records;
+  std::size_t count = 0;
+};
+
+void append_batch(PopulationStore& store, const DataFileLayout& layout, RecordBatch& batch) {
+  const std::span<const AnimalRecord> records = std::span(batch.records).first(batch.count);
+  for (const AnimalRecord& record : records) {
+    fetch_texts_early(store.index, store.ids, record.sire_id.trimmed(), record.dam_id.trimmed());
+  }
+  for (const AnimalRecord& record : records) append_record(store, record, layout.colours.number_of(record.colour));
+  batch.count = 0;
+}
+
+/// A file that ends before its lines are all there leaves the other records as they stand before reading.
+void append_unread_records(PopulationStore& store, std::int32_t count) {
+  for (std::int32_t i = 0; i < count; ++i) append_record(store, unread_record(), store.blank_colour);
+}
+
 /// The columns up to the last one that has a code.
 std::span<const std::int32_t> columns_that_count(const ColumnMap& columns) {
   std::size_t count = columns.size();
@@ -162,15 +183,11 @@ void store_field(std::string_view field, std::int32_t field_code, const DataFile
     case name_column: return store_text(text, name_warning, r, record.name, console);
     case sex_column: record.sex = is_male(field, layout.male_letters) ? male : female; return;
     case birthdate_column: return store_birth_date(field, layout, place, record, streams);
-    case colour_column:
-      store_text(text, colour_warning, r, record.colour, console);
-      record.colour_no = layout.colours.number_of(record.colour);
-      return;
+    case colour_column: return store_text(text, colour_warning, r, record.colour, console);
     case breeder_column: return store_text(text, breeder_warning, r, record.breeder, console);
     case subpopulation_column:
       store_text(text, subpopulation_warning, r, record.subpopulation, console);
-      record.subpopulation_no = layout.subpopulations.number_of(record.subpopulation);
-      return check_subpopulation(record, streams);
+      return check_subpopulation(record, layout, streams);
     case import_column: {
       constexpr std::size_t width = 20;
       record.is_import = !without_trailing_blanks(text.substr(0, width)).empty();
@@ -206,32 +223,40 @@ void store_line(std::string_view line, std::span<const std::int32_t> columns, co
 PopulationStore read_population(LineReader& data, std::int32_t line_count, const DataFileLayout& layout,
                                 RunStreams& streams) {
   PopulationStore store;
-  allocate_records(store, line_count - 1, {layout.subpopulations.number_of({}), layout.colours.number_of({})});
-  read_data_file(data, layout, store, streams);
-  store.birth_years = birth_years_of(store.animals);
+  read_data_file(data, line_count - 1, layout, store, streams);
+  store.birth_years = birth_years_of(store);
   return store;
 }
 
-void read_data_file(LineReader& data, const DataFileLayout& layout, PopulationStore& store, RunStreams& streams) {
+void read_data_file(LineReader& data, std::int32_t record_count, const DataFileLayout& layout, PopulationStore& store,
+                    RunStreams& streams) {
   const DataColumns data_columns = read_columns(data, layout, store, streams);
   const std::span<const std::int32_t> columns = columns_that_count(data_columns.codes);
-  const std::int32_t interval = record_interval(store.animal_count);
+  prepare_store(store, record_count, {layout.subpopulations, layout.colours});
+  store.lines_before_records = static_cast<std::int32_t>(data.line_number);
+  const AnimalRecord unread = unread_record();
+  const std::int32_t interval = record_interval(record_count);
   std::int32_t counter = 1;
-  for (std::int32_t r = 1; r <= store.animal_count; ++r) {
-    std::string_view line;
-    AnimalRecord& record = store.at(r);
+  std::string_view line;
+  RecordBatch batch;
+  for (std::int32_t r = 1; r <= record_count; ++r) {
     if (!read_line(data, line)) {
       write_free_line(streams.console, {end_of_records, r});
+      append_batch(store, layout, batch);
+      append_unread_records(store, record_count - r + 1);
       break;
     }
-    record.line = static_cast<std::int32_t>(data.line_number);
+    AnimalRecord& record = batch.records[batch.count++] = unread;
     const FieldPlace start = {data.name, data.line_number, 0, r, 0, data_columns.header_line};
     store_line(line, columns, layout, start, record, streams);
+    fetch_slots_early(store.index, record.id.trimmed(), record.sire_id.trimmed(), record.dam_id.trimmed());
     if (++counter == interval) {
       dump_record(record, r, store, streams.console);
       counter = -1;
     }
+    if (batch.count == batch.records.size()) append_batch(store, layout, batch);
   }
+  append_batch(store, layout, batch);
   stop_if_unreadable(data, streams);
   write_free_line(streams.console, {all_records_read});
 }

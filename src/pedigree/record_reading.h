@@ -27,10 +27,11 @@ struct FieldPlace {
 PopulationStore read_population(LineReader& data, std::int32_t line_count, const DataFileLayout& layout,
                                 RunStreams& streams);
 
-/// Settles the columns, then fills the records 1 to `animal_count` of the store, one from each line of `data`.
+/// Settles the columns, then fills the store with `record_count` records, one from each line of `data`.
 /// Texts that are too long are cut with a warning; a subpopulation that is not allowed gets an error line on console
 /// and report and stays; a date that is no number stops the run.
-void read_data_file(LineReader& data, const DataFileLayout& layout, PopulationStore& store, RunStreams& streams);
+void read_data_file(LineReader& data, std::int32_t record_count, const DataFileLayout& layout, PopulationStore& store,
+                    RunStreams& streams);
 
 /// Cuts `line` at the delimiter and stores the columns up to the last one that has a code.
 void store_line(std::string_view line, std::span<const std::int32_t> columns, const DataFileLayout& layout,

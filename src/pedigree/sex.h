@@ -5,7 +5,7 @@
 
 namespace pedigreewatch {
 
-enum Sex : std::int32_t { male = 1, female = 2 };
+enum Sex : std::uint8_t { male = 1, female = 2 };
 
 /// The same thing for the males and for the females, or for the sires and for the dams.
 template <typename Thing>

@@ -20,19 +20,20 @@ struct ReferenceCode {
   bool is_set = false;
 };
 
-void count_birth(const PopulationStore& store, const AnimalRecord& animal, YearTable<std::int32_t>& births) {
-  const Row row = animal.birth_year >= 1 ? store.birth_years.row_of(animal.birth_year) : 0;
-  if (row != 0) ++births.at(row, animal.subpopulation_no);
+void count_birth(const PopulationStore& store, std::int32_t position, YearTable<std::int32_t>& births) {
+  const std::int32_t year = store.birth_year[position];
+  const Row row = year >= 1 ? store.birth_years.row_of(year) : 0;
+  if (row != 0) ++births.at(row, store.subpopulation_no(position));
 }
 
 /// A mating counts only when both parents belong to a subpopulation.
-void count_descent(const PopulationStore& store, const AnimalRecord& animal, SubpopulationOverlap& overlap) {
-  if (animal.sire_no <= 0 || animal.dam_no <= 0) return;
-  const std::int32_t of_sire = store.at(animal.sire_no).subpopulation_no;
-  const std::int32_t of_dam = store.at(animal.dam_no).subpopulation_no;
+void count_descent(const PopulationStore& store, std::int32_t position, SubpopulationOverlap& overlap) {
+  const std::int32_t sire_no = store.sire_no[position], dam_no = store.dam_no[position];
+  if (sire_no <= 0 || dam_no <= 0) return;
+  const std::int32_t of_sire = store.subpopulation_no(sire_no), of_dam = store.subpopulation_no(dam_no);
   if (of_sire == 0 || of_dam == 0) return;
-  ++overlap.at(animal.subpopulation_no, of_sire);
-  ++overlap.at(animal.subpopulation_no, of_dam);
+  ++overlap.at(store.subpopulation_no(position), of_sire);
+  ++overlap.at(store.subpopulation_no(position), of_dam);
 }
 
 /// Counting is done at the first number of a name. A name that stands in the steer file again gets the same counts.
@@ -51,22 +52,24 @@ void copy_to_equal_names(const Subpopulations& subpopulations, SubpopulationScan
 }
 
 /// The animal that sets the code gets its error lines too, which then compare the code with itself.
-void check_breed_code(const AnimalRecord& animal, std::int32_t position, ReferenceCode& reference,
+void check_breed_code(const PopulationStore& store, std::int32_t position, ReferenceCode& reference,
                       TextOutput& console) {
-  if (same_text(animal.subpopulation.full(), reference.code.full())) return;
+  const SubpopulationName code = store.subpopulation(position);
+  if (same_text(code.full(), reference.code.full())) return;
   if (!reference.is_set) {
     // In either language this line is Dutch.
-    write_free_line(console,
-                    {"eerste maal rascode:_", animal.subpopulation, "_ = niet gelijk aan -", reference.code, "_"});
-    reference.code.assign(animal.subpopulation.full());
+    write_free_line(console, {"eerste maal rascode:_", code, "_ = niet gelijk aan -", reference.code, "_"});
+    reference.code.assign(code.full());
     reference.is_set = true;
   }
+  const AnimalName name(store.name(position));
+  const AnimalId id(store.id(position));
   write_free_line(console, {"ERROR: "});
   std::vector<LineItem> items = {animal_is};
   if (!console.is_english) items.emplace_back(position);  // only the Dutch line tells the position
-  items.insert(items.end(), {animal.name, number_is, animal.id});
+  items.insert(items.end(), {name, number_is, id});
   write_free_line(console, items);
-  write_free_line(console, {different_breed, animal.subpopulation, not_equal, reference.code, "_"});
+  write_free_line(console, {different_breed, code, not_equal, reference.code, "_"});
 }
 
 }  // namespace
@@ -76,14 +79,12 @@ SubpopulationScan scan_subpopulations(const PopulationStore& store, const Subpop
   SubpopulationScan scan{{store.birth_years.row_count(), subpopulations.count()},
                          SubpopulationOverlap(subpopulations.count())};
   ReferenceCode reference;
-  std::int32_t position = 0;
-  for (const AnimalRecord& animal : store.animals) {
-    ++position;
-    if (animal.subpopulation_no == 0) {
-      check_breed_code(animal, position, reference, console);
+  for (std::int32_t position = 1; position <= store.animal_count; ++position) {
+    if (store.subpopulation_no(position) == 0) {
+      check_breed_code(store, position, reference, console);
     } else {
-      count_birth(store, animal, scan.births);
-      count_descent(store, animal, scan.overlap);
+      count_birth(store, position, scan.births);
+      count_descent(store, position, scan.overlap);
     }
   }
   copy_to_equal_names(subpopulations, scan);
@@ -93,10 +94,8 @@ SubpopulationScan scan_subpopulations(const PopulationStore& store, const Subpop
 ByNumber<std::vector<std::int32_t>> animals_by_subpopulation(const PopulationStore& store,
                                                              const Subpopulations& subpopulations) {
   ByNumber<std::vector<std::int32_t>> animals(subpopulations.names.entries.size());
-  std::int32_t position = 0;
-  for (const AnimalRecord& animal : store.animals) {
-    ++position;
-    if (animal.subpopulation_no != 0) animals[animal.subpopulation_no].push_back(position);
+  for (std::int32_t position = 1; position <= store.animal_count; ++position) {
+    if (const std::int32_t number = store.subpopulation_no(position); number != 0) animals[number].push_back(position);
   }
   return animals;
 }

@@ -10,7 +10,7 @@ YearGroups group_by_year(const PopulationStore& store, std::span<const std::int3
   YearGroups groups;
   const std::int32_t row_count = store.birth_years.row_count();
   ByNumber<std::int32_t> next(static_cast<std::size_t>(row_count));
-  const auto row_of = [&](std::int32_t position) { return store.birth_years.row_of(store.at(position).birth_year); };
+  const auto row_of = [&](std::int32_t position) { return store.birth_years.row_of(store.birth_year[position]); };
   for (const std::int32_t position : positions) ++next[row_of(position)];
   next[0] = 0;  // animals without a year are in no group
   std::partial_sum(next.values.begin(), next.values.end(), next.values.begin());

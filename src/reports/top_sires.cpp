@@ -30,8 +30,8 @@ void write_wide_rule(TextOutput& report) {
 
 void write_year(const ReportFrame& frame, std::int32_t year, const TopSireRow& sires) {
   const bool has_sires = sires.sire_count != 0;
-  const std::string_view name = has_sires ? frame.store.at(sires.top_sire).name.full() : no_name;
-  const std::string_view id = has_sires ? frame.store.at(sires.top_sire).id.full() : no_id;
+  const AnimalName name(has_sires ? frame.store.name(sires.top_sire) : no_name);
+  const AnimalId id(has_sires ? frame.store.id(sires.top_sire) : no_id);
   std::vector<LineItem> items = {year, sires.sire_count, " | ", name, id, " | "};
   items.insert(items.end(), sires.shares.begin(), sires.shares.end());
   write_format_line(frame.report, "I5,I8,A3,A25,A15,A3,10F6.1", items);

@@ -28,59 +28,37 @@ constexpr std::int32_t recent_years = 10;
 constexpr std::int32_t many_recent_animals = 250;
 constexpr std::int32_t fewest_top_breeders = 10, most_top_breeders = 30;
 
-/// The breeders found so far, with their animals of recent years.
+/// The breeders with their animals of recent years.
 struct BreederCounts {
   BreederList list;
-  TextIndex index;
-  NumberedList<std::int32_t> recent_animals;  ///< by entry
-  std::int32_t recent_without_breeder = 0;
+  ByNumber<std::int32_t> recent_animals;  ///< by number of the breeder; 0 for animals without one
 };
 
-std::int32_t entry_of(BreederCounts& counts, const BreederName& breeder) {
-  BreederList& list = counts.list;
-  const std::int32_t next = list.breeder_count + 1;
-  const std::int32_t entry =
-      find_or_add_text(counts.index, breeder.full(), next, [&](std::int32_t t) { return list.entry(t); });
-  if (entry == next) {
-    list.text.append(breeder.full());
-    list.breeder_count = next;
-    counts.recent_animals.add(0);
-  }
-  return entry;
-}
-
-void read_breeders(const PopulationStore& store, BreederCounts& counts, TextOutput& console) {
+BreederCounts count_recent_animals(const PopulationStore& store, TextOutput& console) {
+  BreederCounts counts{{}, ByNumber<std::int32_t>(store.breeders.names.entries.size())};
   const std::int32_t step = record_interval(store.animal_count);
   const std::int32_t before_recent = wrapped(std::int64_t{store.birth_years.last} - recent_years);
-  std::int32_t counter = 0, position = 0;
-  for (const AnimalRecord& animal : store.animals) {
-    ++position;
+  std::int32_t counter = 0, breeders_met = 0;
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
     if (++counter == step) {
       counter = 0;
-      write_free_line(console, {breeder_of, position, breeders_so_far, counts.list.breeder_count});
+      write_free_line(console, {breeder_of, i, breeders_so_far, breeders_met});
     }
-    const bool is_recent = animal.birth_year > before_recent;
-    if (animal.breeder.is_blank()) {
-      counts.recent_without_breeder += is_recent ? 1 : 0;
-    } else {
-      const std::int32_t entry = entry_of(counts, animal.breeder);
-      counts.recent_animals.at(entry) += is_recent ? 1 : 0;
-    }
+    breeders_met = std::max(breeders_met, store.breeder_no[i]);
+    counts.recent_animals[store.breeder_no[i]] += store.birth_year[i] > before_recent ? 1 : 0;
   }
+  counts.list.breeder_count = store.breeders.count();
+  for (const BreederName& name : store.breeders.names.entries) counts.list.text.append(name.full());
+  return counts;
 }
 
 /// The recent animals of each slot's text. A blank slot is the text of the animals without a breeder.
-NumberedList<std::int32_t> count_by_slot(const BreederCounts& counts) {
+NumberedList<std::int32_t> count_by_slot(const PopulationStore& store, const BreederCounts& counts) {
   NumberedList<std::int32_t> by_slot;
   for (std::int32_t k = 1; k <= counts.list.breeder_count; ++k) {
     const BreederName name(counts.list.slot(k));
-    const std::int32_t entry =
-        find_text(counts.index, name.full(), [&](std::int32_t t) { return counts.list.entry(t); });
-    if (name.is_blank()) {
-      by_slot.add(counts.recent_without_breeder);
-    } else {
-      by_slot.add(entry == 0 ? 0 : counts.recent_animals.at(entry));
-    }
+    const std::int32_t breeder = store.breeders.number_of(name);
+    by_slot.add(breeder == 0 && !name.is_blank() ? 0 : counts.recent_animals[breeder]);
   }
   return by_slot;
 }
@@ -117,11 +95,10 @@ void reorder_slots(BreederList& list, const std::vector<std::int32_t>& order) {
 }  // namespace
 
 BreederList list_breeders(const PopulationStore& store, TextOutput& console) {
-  BreederCounts counts;
-  read_breeders(store, counts, console);
+  BreederCounts counts = count_recent_animals(store, console);
   write_free_line(console, {list_made});
   write_free_line(console, {counts.list.breeder_count, different_found});
-  const NumberedList<std::int32_t> by_slot = count_by_slot(counts);
+  const NumberedList<std::int32_t> by_slot = count_by_slot(store, counts);
   counts.list.top_breeder_count = count_top_breeders(by_slot);
   write_free_line(console, {number_of_top_breeders, counts.list.top_breeder_count});
   reorder_slots(counts.list, choose_order(by_slot, counts.list.top_breeder_count, console));

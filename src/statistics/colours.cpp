@@ -9,7 +9,7 @@ void colour_statistics(const PopulationStore& store, YearAnimals animals, const 
   if (animals.empty()) return;
   const std::int64_t rest = colour_counts.column_count;
   for (const std::int32_t position : animals) {
-    const std::int32_t colour = store.at(position).colour_no;
+    const std::int32_t colour = store.colour_no[position];
     if (colour > 0 && colour < rest) ++colour_counts.at(row, colour);
   }
   // A colour that stands in the list again gets the same count, which is then taken off the rest again.

@@ -10,21 +10,19 @@
 namespace pedigreewatch {
 
 void determine_completeness(PopulationStore& store) {
-  for (AnimalRecord& animal : store.animals) {
-    fetch_later_parents(store, animal);
-    animal.generation_equivalents = 0.0F;
-    animal.complete_generations = 0;
-    if (animal.sire_no != 0) {
-      animal.generation_equivalents = 0.5F * store.at(animal.sire_no).generation_equivalents + 0.5F;
-    }
-    if (animal.dam_no != 0) {
-      animal.generation_equivalents =
-          animal.generation_equivalents + 0.5F + 0.5F * store.at(animal.dam_no).generation_equivalents;
-    }
-    if (animal.sire_no != 0 && animal.dam_no != 0) {
-      animal.complete_generations =
-          1 + std::min(store.at(animal.sire_no).complete_generations, store.at(animal.dam_no).complete_generations);
-    }
+  store.generation_equivalents = ByNumber<float>(store.size());
+  store.complete_generations = ByNumber<std::uint16_t>(store.size());
+  constexpr int most_generations = UINT16_MAX;
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    fetch_later_parents(store, i, store.generation_equivalents);
+    fetch_later_parents(store, i, store.complete_generations);
+    const std::int32_t sire_no = store.sire_no[i], dam_no = store.dam_no[i];
+    float& equivalents = store.generation_equivalents[i];
+    if (sire_no != 0) equivalents = 0.5F * store.generation_equivalents[sire_no] + 0.5F;
+    if (dam_no != 0) equivalents = equivalents + 0.5F + 0.5F * store.generation_equivalents[dam_no];
+    if (sire_no == 0 || dam_no == 0) continue;
+    const int of_parents = std::min(store.complete_generations[sire_no], store.complete_generations[dam_no]);
+    store.complete_generations[i] = static_cast<std::uint16_t>(std::min(of_parents + 1, most_generations));
   }
 }
 
@@ -35,9 +33,8 @@ CompletenessRow completeness_of_year(const PopulationStore& store, YearAnimals a
   ByNumber<std::int32_t> counts(row.generation_shares.size());
   float sum = 0.0F;
   for (const std::int32_t position : animals) {
-    const AnimalRecord& animal = store.at(position);
-    sum += animal.generation_equivalents;
-    ++counts[std::min(animal.complete_generations, most_generations)];
+    sum += store.generation_equivalents[position];
+    ++counts[std::min<std::int32_t>(store.complete_generations[position], most_generations)];
   }
   const float n = real(std::ssize(animals));
   row.equivalent_generations = sum / n;

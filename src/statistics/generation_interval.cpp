@@ -30,8 +30,8 @@ struct AgeTotal {
 BySex<AgeTotal> total_ages(const PopulationStore& store, std::span<const std::int32_t> positions) {
   BySex<AgeTotal> totals;
   for (const std::int32_t position : positions) {
-    totals.of(male).add(store.at(position).sire_age_days);
-    totals.of(female).add(store.at(position).dam_age_days);
+    totals.of(male).add(store.sire_age_days[position]);
+    totals.of(female).add(store.dam_age_days[position]);
   }
   return totals;
 }

@@ -13,13 +13,12 @@ namespace {
 /// A litter belongs to the first animal of its mother; it counts unless that animal is an import.
 void count_litters(const PopulationStore& store, YearAnimals animals, LitterScratch& scratch, LitterCounts& counts) {
   for (const std::int32_t position : animals) {
-    if (const std::int32_t dam = store.at(position).dam_no; dam != 0) ++scratch.litter_size[dam];
+    if (const std::int32_t dam = store.dam_no[position]; dam != 0) ++scratch.litter_size[dam];
   }
   for (const std::int32_t position : animals) {
-    const AnimalRecord& animal = store.at(position);
-    std::int32_t& size = scratch.litter_size[animal.dam_no];
+    std::int32_t& size = scratch.litter_size[store.dam_no[position]];
     if (size == 0) continue;  // an unknown mother, or a litter that was met before
-    if (!animal.is_import) {
+    if (store.is_import[position] == 0) {
       ++counts.litters;
       ++counts.of_size(std::min(size, largest_litter));
     }
@@ -30,15 +29,14 @@ void count_litters(const PopulationStore& store, YearAnimals animals, LitterScra
 void count_fathers(const PopulationStore& store, YearAnimals animals, LitterScratch& scratch, LitterCounts& counts) {
   bool is_first = true;
   for (const std::int32_t position : animals) {
-    const AnimalRecord& animal = store.at(position);
-    if (animal.sire_no != 0) {
-      char& is_seen = scratch.is_seen[animal.sire_no];
-      if (is_seen == 0 && !is_first && !animal.is_import) ++counts.fathers;
+    if (const std::int32_t sire_no = store.sire_no[position]; sire_no != 0) {
+      char& is_seen = scratch.is_seen[sire_no];
+      if (is_seen == 0 && !is_first && store.is_import[position] == 0) ++counts.fathers;
       is_seen = 1;
     }
     is_first = false;
   }
-  for (const std::int32_t position : animals) scratch.is_seen[store.at(position).sire_no] = 0;
+  for (const std::int32_t position : animals) scratch.is_seen[store.sire_no[position]] = 0;
 }
 
 std::int64_t young_in_litters(const LitterCounts& counts) {

@@ -30,8 +30,7 @@ struct LitterScratch {
   ByNumber<std::int32_t> litter_size;  ///< by position of the mother
   ByNumber<char> is_seen;              ///< by position of the father
 
-  explicit LitterScratch(const PopulationStore& store)
-      : litter_size(store.animals.size()), is_seen(store.animals.size()) {}
+  explicit LitterScratch(const PopulationStore& store) : litter_size(store.size()), is_seen(store.size()) {}
 };
 
 /// Counts the litters of one year. The father of the first animal is never counted, and counts as seen for the others.

@@ -24,7 +24,7 @@ MonitorTables make_tables(const PopulationStore& store, const CountedNames& name
   tables.parent_ages = YearRows<MeanParentAges>(rows);
   tables.completeness = YearRows<CompletenessRow>(rows);
   tables.colour_counts = {rows, store.has_colour ? names.colours.count() + others : others};
-  tables.top_breeders = {rows, 2 * (names.breeders.count() + others)};
+  tables.top_breeders = {rows, 2 * (names.breeders.names.count() + others)};
   return tables;
 }
 
@@ -61,7 +61,7 @@ MonitorTables count_years(const PopulationStore& store, const YearGroups& years,
 
 MonitorTables monitor_population(const PopulationStore& store, const YearGroups& years, const Colours& colours,
                                  const BreederList& breeders, const OldestParents& oldest, TextOutput& console) {
-  const CountedNames names{colours, read_top_breeders(breeders, breeder_entry_width)};
+  const CountedNames names{colours, find_top_breeders(store, breeders, breeder_entry_width)};
   write_free_line(console, {monitor_data});
   return count_years(store, years, names, oldest, {{year_is}, ages_determined}, console);
 }

@@ -33,8 +33,8 @@ OffspringMoments describe_counts(std::span<const std::int32_t> counts) {
 ParentOffspring offspring_year_statistics(const PopulationStore& store, YearAnimals animals) {
   BySex<std::vector<std::int32_t>> counts;
   for (const std::int32_t position : animals) {
-    const AnimalRecord& animal = store.at(position);
-    if (animal.is_native_parent) counts.of(animal.sex).push_back(animal.native_offspring_count);
+    const std::int32_t offspring = store.native_offspring_count[position];
+    if (offspring != 0) counts.of(store.sex[position]).push_back(offspring);
   }
   return {describe_counts(counts.of(male)), describe_counts(counts.of(female))};
 }
@@ -43,10 +43,10 @@ BusiestParents find_busiest_parents(const PopulationStore& store, std::span<cons
   BusiestParents busiest;
   BySex<std::int32_t> most{-1, -1};
   for (const std::int32_t position : positions) {
-    const AnimalRecord& animal = store.at(position);
-    if (animal.native_offspring_count <= most.of(animal.sex)) continue;
-    most.of(animal.sex) = animal.native_offspring_count;
-    busiest.of(animal.sex) = position;
+    const Sex sex = store.sex[position];
+    if (store.native_offspring_count[position] <= most.of(sex)) continue;
+    most.of(sex) = store.native_offspring_count[position];
+    busiest.of(sex) = position;
   }
   return {std::max(busiest.of(male), 1), std::max(busiest.of(female), 1)};
 }

@@ -21,16 +21,17 @@ constexpr Wording oldest_parents = {"oldest parents; ", "oudste ouders; "};
 
 constexpr NumberedArray<std::int32_t, 12> days_before_month = {{0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334}};
 
-std::int64_t day_of_year(const AnimalRecord& animal) {
-  return std::int64_t{days_before_month.at(animal.birth_month)} + animal.birth_day;
+std::int64_t day_of_year(const PopulationStore& store, std::int32_t position) {
+  return std::int64_t{days_before_month.at(store.birth_month[position])} + store.birth_day(position);
 }
 
-std::int32_t age_at_birth(const PopulationStore& store, std::int32_t parent_no, const AnimalRecord& animal) {
-  if (parent_no == 0 || animal.birth_year <= 0) return unknown_age;
-  const AnimalRecord& parent = store.at(parent_no);
-  if (parent.birth_year == 0) return unknown_age;
-  const std::int64_t years = std::int64_t{animal.birth_year} - parent.birth_year;
-  return wrapped(days_per_year * years + day_of_year(animal) - day_of_year(parent));
+std::int32_t age_at_birth(const PopulationStore& store, std::int32_t parent_no, std::int32_t position) {
+  const std::int32_t birth_year = store.birth_year[position];
+  if (parent_no == 0 || birth_year <= 0) return unknown_age;
+  const std::int32_t parents_year = store.birth_year[parent_no];
+  if (parents_year == 0) return unknown_age;
+  const std::int64_t years = std::int64_t{birth_year} - parents_year;
+  return wrapped(days_per_year * years + day_of_year(store, position) - day_of_year(store, parent_no));
 }
 
 /// The largest ages found so far; the start value shows in an empty store.
@@ -38,9 +39,9 @@ struct LargestAges {
   std::int32_t sire = std::numeric_limits<std::int32_t>::min();
   std::int32_t dam = std::numeric_limits<std::int32_t>::min();
 
-  void look_at(const AnimalRecord& animal) {
-    sire = std::max(sire, animal.sire_age_days);
-    dam = std::max(dam, animal.dam_age_days);
+  void look_at(const PopulationStore& store, std::int32_t position) {
+    sire = std::max(sire, store.sire_age_days[position]);
+    dam = std::max(dam, store.dam_age_days[position]);
   }
   OldestParents in_years() const { return {sire / days_per_year, dam / days_per_year}; }
 };
@@ -57,14 +58,16 @@ void count_age(std::int32_t age_days, Row row, YearTable<std::int32_t>& classes)
 OldestParents determine_parent_ages(PopulationStore& store, TextOutput& console) {
   ProgressCounter progress{progress_interval(store.animal_count, 100, 200, 500)};
   LargestAges largest;
-  std::int32_t position = 0;
-  for (AnimalRecord& animal : store.animals) {
-    ++position;
-    if (progress.is_due()) write_free_line(console, {animal_no, position - 1, age_determined});
-    fetch_later_parents(store, animal);
-    animal.sire_age_days = age_at_birth(store, animal.sire_no, animal);
-    animal.dam_age_days = age_at_birth(store, animal.dam_no, animal);
-    largest.look_at(animal);
+  store.sire_age_days = ByNumber<std::int32_t>(store.size());
+  store.dam_age_days = ByNumber<std::int32_t>(store.size());
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    if (progress.is_due()) write_free_line(console, {animal_no, i - 1, age_determined});
+    fetch_later_parents(store, i, store.birth_year);
+    fetch_later_parents(store, i, store.birth_month);
+    fetch_later_parents(store, i, store.day_of_month);
+    store.sire_age_days[i] = age_at_birth(store, store.sire_no[i], i);
+    store.dam_age_days[i] = age_at_birth(store, store.dam_no[i], i);
+    largest.look_at(store, i);
   }
   const OldestParents oldest = largest.in_years();
   write_free_line(console, {oldest_parents, oldest.of(male), oldest.of(female)});
@@ -73,7 +76,7 @@ OldestParents determine_parent_ages(PopulationStore& store, TextOutput& console)
 
 OldestParents find_oldest_parents(const PopulationStore& store, std::span<const std::int32_t> positions) {
   LargestAges largest;
-  for (const std::int32_t position : positions) largest.look_at(store.at(position));
+  for (const std::int32_t position : positions) largest.look_at(store, position);
   return largest.in_years();
 }
 
@@ -86,9 +89,8 @@ ParentAgeClasses make_age_classes(const BirthYears& years, const OldestParents& 
 
 void parent_age_statistics(const PopulationStore& store, YearAnimals animals, Row row, ParentAgeClasses& classes) {
   for (const std::int32_t position : animals) {
-    const AnimalRecord& animal = store.at(position);
-    count_age(animal.sire_age_days, row, classes.of(male));
-    count_age(animal.dam_age_days, row, classes.of(female));
+    count_age(store.sire_age_days[position], row, classes.of(male));
+    count_age(store.dam_age_days[position], row, classes.of(female));
   }
 }
 

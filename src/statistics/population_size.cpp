@@ -9,11 +9,11 @@ namespace pedigreewatch {
 ParentCounts parent_year_statistics(const PopulationStore& store, YearAnimals animals) {
   ParentCounts counts;
   for (const std::int32_t position : animals) {
-    const AnimalRecord& animal = store.at(position);
-    ParentCount<std::int32_t>& count = counts.of(animal.sex);
-    if (animal.is_native_parent) {
-      ++(animal.is_import ? count.imported_parents : count.native_parents);
-    } else if (!animal.is_import) {
+    ParentCount<std::int32_t>& count = counts.of(store.sex[position]);
+    const bool is_import = store.is_import[position] != 0;
+    if (store.is_native_parent(position)) {
+      ++(is_import ? count.imported_parents : count.native_parents);
+    } else if (!is_import) {
       ++count.unused;
     }
   }

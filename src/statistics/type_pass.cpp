@@ -32,7 +32,7 @@ std::optional<Block> run_type_pass(const PopulationStore& store, const BreedType
   }
   const OldestParents oldest = find_oldest_parents(store, type.members);
   write_free_line(console, {"maxages = ", oldest.of(male), oldest.of(female)});
-  const CountedNames names{colours, read_top_breeders(breeders, breeder_slot_width)};
+  const CountedNames names{colours, find_top_breeders(store, breeders, breeder_slot_width)};
   const YearLine line{{type_is, type.name, year_is}, ages_determined};
   MonitorTables tables = count_years(store, group_by_year(store, type.members), names, oldest, line, console);
   YearRows<InbreedingRow> trend = trend_of_subpopulation(kinship_table, type.number);

@@ -38,11 +38,9 @@ Herd inbred_herd(std::uint64_t seed, std::int32_t count) {
 /// F of one more animal with these parents, by the plain walk.
 float plain_walk(const Herd& herd, const Mating& mating) {
   PopulationStore store = herd.store;
-  AnimalRecord animal;
-  animal.sire_no = mating.sire;
-  animal.dam_no = mating.dam;
-  store.animals.push_back(animal);
-  return reference_walk(store, herd.f, static_cast<std::int32_t>(store.animals.size()));
+  store.sire_no.values.push_back(mating.sire);
+  store.dam_no.values.push_back(mating.dam);
+  return reference_walk(store, herd.f, ++store.animal_count);
 }
 
 TEST(WalkAncestors, EachLaneGivesTheBitsOfItsMatingAlone) {
@@ -69,7 +67,7 @@ TEST(WalkAncestors, LeavesNoSharesAndNobodyWaiting) {
   std::vector<float> results(matings.size());
   walk_ancestors(herd.walk, matings, results);
   for (const Lanes& lanes : herd.walk.shares.values) {
-    for (std::size_t lane = 0; lane < lane_count; ++lane) EXPECT_EQ(lanes.quads[lane / 4][lane % 4], 0.0F);
+    for (std::size_t lane = 0; lane < lane_count; ++lane) EXPECT_EQ(lanes.each[lane], 0.0F);
   }
   for (const std::uint64_t word : herd.walk.waiting) EXPECT_EQ(word, 0U);
   for (const std::uint64_t word : herd.walk.waiting_words) EXPECT_EQ(word, 0U);

@@ -34,9 +34,7 @@ float inbreeding_of(std::string_view pedigree, std::string_view id) {
 std::vector<float> inbreeding_by_position(std::string_view numbered) {
   PopulationStore store = numbered_store(numbered);
   compute(store);
-  std::vector<float> all;
-  for (const AnimalRecord& animal : store.animals) all.push_back(animal.inbreeding);
-  return all;
+  return {store.inbreeding.values.begin() + 1, store.inbreeding.values.end()};
 }
 
 /// Every F must have the very bits of the plain walk: same operations, same order, single precision.
@@ -45,7 +43,7 @@ void expect_bits_of_reference(PopulationStore& store) {
   const std::vector<float> expected = reference_inbreeding(store);
   std::int32_t different = 0;
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
-    const float want = expected[static_cast<std::size_t>(i) - 1], got = store.at(i).inbreeding;
+    const float want = expected[static_cast<std::size_t>(i) - 1], got = store.inbreeding[i];
     if (std::bit_cast<std::uint32_t>(want) == std::bit_cast<std::uint32_t>(got)) continue;
     if (++different == 1) {
       ADD_FAILURE() << "animal " << i << " of " << store.animal_count << ": " << std::hexfloat << got << " instead of "
@@ -61,9 +59,7 @@ void expect_bits_of_reference(const std::vector<ParentPair>& parents) {
 }
 
 float largest_inbreeding(const PopulationStore& store) {
-  float largest = 0.0F;
-  for (const AnimalRecord& animal : store.animals) largest = std::max(largest, animal.inbreeding);
-  return largest;
+  return *std::max_element(store.inbreeding.values.begin() + 1, store.inbreeding.values.end());
 }
 
 /// How a random herd is bred. A share of "one in n" with n = 0 is none.
@@ -193,9 +189,9 @@ TEST(ComputeInbreeding, InbredParentsCountInTheWithinFamilyVariance) {
   EXPECT_EQ(f, (std::vector<float>{0, 0, 0, 0, 0.25F, 0.25F, 0.625F, 0.625F}));
 }
 
-TEST(ComputeInbreeding, OldValuesInTheRecordsPlayNoPart) {
+TEST(ComputeInbreeding, OldValuesPlayNoPart) {
   PopulationStore store = numbered_store("m\n.\ns=1 d=2 m\ns=1 d=2\ns=3 d=4\ns=3\n");
-  for (AnimalRecord& animal : store.animals) animal.inbreeding = 0.75F;
+  store.inbreeding = ByNumber<float>(store.size(), 0.75F);
   compute(store);
   EXPECT_EQ(store.at(1).inbreeding, 0.0F);
   EXPECT_EQ(store.at(5).inbreeding, 0.25F);
@@ -262,8 +258,8 @@ TEST(ComputeInbreeding, AgreesWithTheTabularMethodOnRandomPedigrees) {
     PopulationStore store = random_pedigree(seed, 300, 12);
     compute(store);
     const auto a = tabular_relationships(store);
-    for (std::size_t i = 0; i < store.animals.size(); ++i) {
-      EXPECT_NEAR(store.animals[i].inbreeding, a[i][i] - 1.0, 1e-6) << "seed " << seed << ", animal " << i + 1;
+    for (std::size_t i = 0; i < store.size(); ++i) {
+      EXPECT_NEAR(store.inbreeding.values[i + 1], a[i][i] - 1.0, 1e-6) << "seed " << seed << ", animal " << i + 1;
     }
   }
 }
@@ -281,8 +277,8 @@ TEST(ComputeInbreeding, AgreesWithTheTabularMethodOnInbredHerds) {
     compute(store);
     EXPECT_GT(largest_inbreeding(store), 0.3F) << "seed " << seed << " is not inbred enough to test anything";
     const auto a = tabular_relationships(store);
-    for (std::size_t i = 0; i < store.animals.size(); ++i) {
-      EXPECT_NEAR(store.animals[i].inbreeding, a[i][i] - 1.0, 2e-6) << "seed " << seed << ", animal " << i + 1;
+    for (std::size_t i = 0; i < store.size(); ++i) {
+      EXPECT_NEAR(store.inbreeding.values[i + 1], a[i][i] - 1.0, 2e-6) << "seed " << seed << ", animal " << i + 1;
     }
   }
 }
@@ -351,12 +347,12 @@ TEST(ComputeInbreedingBits, LinesOfTheFileInRandomOrder) {
     SCOPED_TRACE(seed);
     const std::vector<ParentPair> herd = bred_herd(seed, plan);
     PopulationStore sorted = pedigree_from_text(shuffled_text(seed, herd));
-    ASSERT_EQ(sorted.animals.size(), herd.size());
+    ASSERT_EQ(sorted.size(), herd.size());
     expect_bits_of_reference(sorted);
     // The same animals under their old numbers, up to the order of summation.
     PopulationStore numbered = store_of_parents(herd);
     const std::vector<float> expected = reference_inbreeding(numbered);
-    for (const AnimalRecord& animal : sorted.animals) {
+    for (const AnimalRecord& animal : records_of(sorted)) {
       const std::size_t number = std::stoul(std::string(animal.id.trimmed()).substr(1));
       ASSERT_NEAR(animal.inbreeding, expected[number - 1], 1e-5F) << animal.id.trimmed();
     }
@@ -534,8 +530,8 @@ TEST(ComputeInbreedingBits, AncestorsFarApartAmongTwentyThousandAnimals) {
     PopulationStore store = store_of_parents(thin_herd(151, 20000, window, 25));
     EXPECT_GT(make_ancestor_pedigree(store).count(), 9000);
     expect_bits_of_reference(store);
-    const auto inbred = std::count_if(store.animals.begin(), store.animals.end(),
-                                      [](const AnimalRecord& animal) { return animal.inbreeding > 0.0F; });
+    const auto inbred = std::count_if(store.inbreeding.values.begin() + 1, store.inbreeding.values.end(),
+                                      [](float inbreeding) { return inbreeding > 0.0F; });
     EXPECT_GT(inbred, 50);
   }
 }

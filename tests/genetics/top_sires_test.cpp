@@ -49,7 +49,7 @@ struct PlainYear {
 PlainYear plain_year(const PopulationStore& store, std::int32_t year) {
   PlainYear result;
   std::vector<std::int32_t> left;
-  for (const AnimalRecord& animal : store.animals) {
+  for (const AnimalRecord& animal : records_of(store)) {
     if (animal.birth_year == year && animal.sire_no > 0) left.push_back(animal.sire_no);
   }
   const float known = static_cast<float>(left.size());

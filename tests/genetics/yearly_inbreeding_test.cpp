@@ -31,9 +31,9 @@ struct KinshipRun {
   std::vector<std::string> console;
 };
 
-/// F of all animals, then both tables: the one place where these tests call the pass.
+/// F of all animals, then both tables: the one place where these tests call the pass. The store knows the
+/// subpopulations already.
 KinshipRun kinship_of(PopulationStore& store, const Subpopulations& subpopulations = {}, bool english = true) {
-  number_subpopulations(store, subpopulations);
   const AncestorPedigree ancestors = make_ancestor_pedigree(store);
   TextOutput ignored, console = output_in(english);
   compute_inbreeding(store, ancestors, ignored);
@@ -42,7 +42,7 @@ KinshipRun kinship_of(PopulationStore& store, const Subpopulations& subpopulatio
 }
 
 KinshipRun kinship_of(std::string_view numbered, const Subpopulations& subpopulations = {}) {
-  PopulationStore store = numbered_store(numbered);
+  PopulationStore store = numbered_store(numbered, {.subpopulations = subpopulations});
   return kinship_of(store, subpopulations);
 }
 
@@ -130,7 +130,7 @@ TEST(KinshipByYear, OneFatherAndOneMotherFillTheColumnOfParentsOnly) {
 TEST(KinshipByYear, AnAnimalWithImportedOffspringOnlyIsNoParent) {
   // 3 and 4 have offspring, that of 4 is an import: one native parent is left.
   PopulationStore store = numbered_store("2000 m\n2000\n2001 s=1 d=2 m\n2001 s=1 d=2\n2002 s=3\n2002 d=4 import\n");
-  ASSERT_EQ(store.at(4).offspring_count, 1);
+  ASSERT_EQ(store.offspring_count[4], 1);
   EXPECT_EQ(cells_of(kinship_of(store).inbreeding, 2), (Cells{0, 0.375F, 0.25F, 0, 0, 0}));
 }
 
@@ -218,15 +218,16 @@ TEST(KinshipByYearAgainstMatrix, WithSubpopulationsOnTheWay) {
   Subpopulations many = names_of<Subpopulations>({"type0", "type1", "type2"});
   for (int k = 1; k <= 17; ++k) many.add(SubpopulationName("herd " + std::to_string(k)));
   for (std::uint64_t seed = 5; seed <= 6; ++seed) {
-    expect_like_plain_way(random_pedigree(seed, 400, 8), names_of<Subpopulations>({"type0", "type1"}));
-    expect_like_plain_way(random_pedigree(seed, 400, 8), many);
+    for (const Subpopulations& subpopulations : {names_of<Subpopulations>({"type0", "type1"}), many}) {
+      expect_like_plain_way(random_pedigree(seed, 400, 8, {.subpopulations = subpopulations}), subpopulations);
+    }
   }
 }
 
 TEST(KinshipByYear, TheSubpopulationsHaveTheBitsOfTheirRowsAlone) {
   // The passes of the whole population, which share the working lists, must leave no trace in them.
-  PopulationStore store = random_pedigree(7, 400, 8);
   const auto subpopulations = names_of<Subpopulations>({"type0", "type1", "type2", "nobody"});
+  PopulationStore store = random_pedigree(7, 400, 8, {.subpopulations = subpopulations});
   const KinshipRun run = kinship_of(store, subpopulations);
   const AncestorPedigree ancestors = make_ancestor_pedigree(store);
   const YearGroups years = group_by_year(store);

@@ -63,13 +63,13 @@ constexpr std::string_view two_fathers =
     "tess 0   0    f 0\n";
 
 PopulationStore two_fathers_with_dates() {
-  PopulationStore store = animals_from_text(two_fathers);
-  store.at(1).name.assign("Bas of the Mill");
-  store.at(1).birth_day = 25;
-  store.at(1).birth_month = 4;
-  store.at(3).birth_day = 31;
-  store.at(3).birth_month = 12;
-  return store;
+  std::vector<AnimalRecord> records = records_from_text(two_fathers);
+  records[0].name.assign("Bas of the Mill");
+  records[0].birth_day = 25;
+  records[0].birth_month = 4;
+  records[2].birth_day = 31;
+  records[2].birth_month = 12;
+  return store_of(records);
 }
 
 TEST(PedigreeLoop, ShowsAnimalsOnTheLoopWithBothParentsInEnglish) {

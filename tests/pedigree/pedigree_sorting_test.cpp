@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "support/numbered_store.h"
 #include "support/pedigree_runs.h"
 #include "support/pedigrees.h"
 #include "support/streams.h"
@@ -34,7 +35,7 @@ SortRun sort_text(std::string_view text, bool english = true) {
 
 std::vector<std::string> ids_of(const PopulationStore& store) {
   std::vector<std::string> ids;
-  for (const AnimalRecord& animal : store.animals) ids.emplace_back(animal.id.trimmed());
+  for (std::int32_t p = 1; p <= store.animal_count; ++p) ids.emplace_back(store.id(p));
   return ids;
 }
 
@@ -49,12 +50,12 @@ struct PlainPedigree {
 };
 
 /// Parents by the first line with their name; no line may be missing.
-PlainPedigree plain_pedigree_of(const PopulationStore& store) {
+PlainPedigree plain_pedigree_of(const std::vector<AnimalRecord>& animals) {
   PlainPedigree pedigree;
   const auto find = [&](std::string_view id) -> std::int32_t {
     if (id == "0") return 0;
-    for (std::size_t i = 0; i < store.animals.size(); ++i) {
-      if (store.animals[i].id.trimmed() == id) return static_cast<std::int32_t>(i) + 1;
+    for (std::size_t i = 0; i < animals.size(); ++i) {
+      if (animals[i].id.trimmed() == id) return static_cast<std::int32_t>(i) + 1;
     }
     ADD_FAILURE() << "no line for " << id;
     return 0;
@@ -62,7 +63,7 @@ PlainPedigree plain_pedigree_of(const PopulationStore& store) {
   pedigree.ids.emplace_back();
   pedigree.sires.push_back(0);
   pedigree.dams.push_back(0);
-  for (const AnimalRecord& animal : store.animals) {
+  for (const AnimalRecord& animal : animals) {
     pedigree.ids.emplace_back(animal.id.trimmed());
     pedigree.sires.push_back(find(animal.sire_id.trimmed()));
     pedigree.dams.push_back(find(animal.dam_id.trimmed()));
@@ -70,10 +71,10 @@ PlainPedigree plain_pedigree_of(const PopulationStore& store) {
   return pedigree;
 }
 
-/// What the sweeps should do, done the slow way: the order, the numbers after renumbering, and the console's lines.
+/// What the sweeps should do, done the slow way: the order, the parents after renumbering, and the console's lines.
 struct PlainSort {
   std::vector<std::int32_t> order;  ///< old position by new position, both from 1
-  std::vector<std::int32_t> numbers, sires, dams;
+  std::vector<std::int32_t> sires, dams;
   std::string console;
 };
 
@@ -111,25 +112,25 @@ PlainSort sort_plainly(const PlainPedigree& pedigree) {
   }
   result.console += " pedigree sorted\n renumber pedigree\n";
   // Renumbering one position after the other, with negative numbers for those that are done.
-  result.numbers = {0};
+  std::vector<std::int32_t> numbers = {0};
   result.sires = {0};
   result.dams = {0};
   for (std::size_t p = 1; p <= n; ++p) {
     const auto old = static_cast<std::size_t>(result.order[p]);
-    result.numbers.push_back(result.order[p]);
+    numbers.push_back(result.order[p]);
     result.sires.push_back(pedigree.sires[old]);
     result.dams.push_back(pedigree.dams[old]);
   }
   for (std::size_t p = 1; p < n; ++p) {
     const std::int32_t new_number = static_cast<std::int32_t>(p);
-    if (result.numbers[p] == new_number) continue;
+    if (numbers[p] == new_number) continue;
     for (std::int32_t& sire : result.sires) {
-      if (sire == result.numbers[p]) sire = -new_number;
+      if (sire == numbers[p]) sire = -new_number;
     }
     for (std::int32_t& dam : result.dams) {
-      if (dam == result.numbers[p]) dam = -new_number;
+      if (dam == numbers[p]) dam = -new_number;
     }
-    result.numbers[p] = new_number;
+    numbers[p] = new_number;
   }
   for (std::int32_t& sire : result.sires) sire = std::abs(sire);
   for (std::int32_t& dam : result.dams) dam = std::abs(dam);
@@ -160,10 +161,10 @@ std::string shuffled_pedigree(std::uint64_t seed, std::int32_t count) {
 TEST(SortPedigree, AgreesWithThePlainSortOnShuffledPedigrees) {
   for (std::uint64_t seed = 1; seed <= 60; ++seed) {
     const std::int32_t count = static_cast<std::int32_t>(seed) * 97 / 60 + 3;  // too few for progress lines
-    const PopulationStore animals = animals_from_text(shuffled_pedigree(seed, count));
+    const std::vector<AnimalRecord> animals = records_from_text(shuffled_pedigree(seed, count));
     const PlainPedigree plain = plain_pedigree_of(animals);
     const PlainSort expected = sort_plainly(plain);
-    const SortRun run = sort_animals(animals);
+    const SortRun run = sort_animals(store_of(animals));
     SCOPED_TRACE("seed " + std::to_string(seed));
     EXPECT_EQ(run.streams.console.pending, expected.console);
     ASSERT_EQ(run.store.animal_count, count);
@@ -171,7 +172,7 @@ TEST(SortPedigree, AgreesWithThePlainSortOnShuffledPedigrees) {
       const auto place = static_cast<std::size_t>(p);
       const AnimalRecord& animal = run.store.at(p);
       EXPECT_EQ(animal.id, plain.ids[static_cast<std::size_t>(expected.order[place])]);
-      EXPECT_EQ(animal.number, expected.numbers[place]);
+      EXPECT_EQ(animal.number, p);
       EXPECT_EQ(animal.sire_no, expected.sires[place]);
       EXPECT_EQ(animal.dam_no, expected.dams[place]);
     }
@@ -180,22 +181,18 @@ TEST(SortPedigree, AgreesWithThePlainSortOnShuffledPedigrees) {
 
 TEST(SortPedigree, ParentsStandBeforeTheirOffspringInLargeShuffledPedigrees) {
   for (std::uint64_t seed = 101; seed <= 105; ++seed) {
-    const PopulationStore store = pedigree_from_text(shuffled_pedigree(seed, 3000));
+    const std::string text = shuffled_pedigree(seed, 3000);
+    const std::vector<AnimalRecord> lines = records_from_text(text);
+    const PopulationStore store = pedigree_from_text(text);
     for (std::int32_t p = 1; p <= store.animal_count; ++p) {
       const AnimalRecord& animal = store.at(p);
+      EXPECT_EQ(animal.number, p);
       EXPECT_LT(animal.sire_no, p);
       EXPECT_LT(animal.dam_no, p);
-      EXPECT_EQ(animal.sire_no == 0, animal.sire_id == "0");
-      EXPECT_EQ(animal.dam_no == 0, animal.dam_id == "0");
-      if (animal.sire_no > 0) {
-        EXPECT_TRUE(store.at(animal.sire_no).id == animal.sire_id);
-      }
-      if (animal.dam_no > 0) {
-        EXPECT_TRUE(store.at(animal.dam_no).id == animal.dam_id);
-      }
-      if (p < store.animal_count) {
-        EXPECT_EQ(animal.number, p);
-      }
+      const AnimalRecord& line = lines.at(static_cast<std::size_t>(animal.line) - 1);
+      EXPECT_TRUE(animal.id == line.id);
+      EXPECT_TRUE(animal.sire_id == line.sire_id);
+      EXPECT_TRUE(animal.dam_id == line.dam_id);
     }
   }
 }
@@ -287,26 +284,19 @@ TEST(SortPedigree, LaterSweepsStandBeforeEarlierOnesEachInStoreOrder) {
   EXPECT_EQ(ids_of(run.store), (Ids{"opa", "pa", "pa2", "x", "kid", "y", "tot"}));
 }
 
-TEST(SortPedigree, NumberOfTheLastRecordStaysItsOldOne) {
-  const SortRun run = sort_text(
-      "kid pa 0 m 2000\n"
-      "pa  0  0 m 2000\n");
-  EXPECT_EQ(ids_of(run.store), (Ids{"pa", "kid"}));
-  EXPECT_EQ(run.store.at(1).number, 1);
-  EXPECT_EQ(run.store.at(2).number, 1);
-  EXPECT_EQ(run.store.at(2).sire_no, 1);
-}
-
 TEST(SortPedigree, AllFieldsMoveWithTheirAnimal) {
-  const SortRun run = sort_text(
-      "kid pa ma f 2007 smooth import\n"
-      "ma  0  0  f 2001 rough\n"
-      "pa  0  0  m 2003 rough import\n");
+  const SortRun run =
+      sort_animals(animals_from_text("kid pa ma f 2007 smooth import\n"
+                                     "ma  0  0  f 2001 rough\n"
+                                     "pa  0  0  m 2003 rough import\n",
+                                     {.subpopulations = names_of<Subpopulations>({"rough", "smooth"})}));
   EXPECT_EQ(ids_of(run.store), (Ids{"ma", "pa", "kid"}));
   EXPECT_EQ(run.store.at(2).birth_year, 2003);
   EXPECT_TRUE(run.store.at(2).is_import);
   EXPECT_EQ(run.store.at(2).sex, male);
-  EXPECT_EQ(run.store.at(2).offspring_count, 1);
+  EXPECT_TRUE(run.store.at(2).is_parent);
+  EXPECT_EQ(run.store.at(2).native_offspring_count, 0);
+  EXPECT_FALSE(run.store.at(3).is_parent);
   EXPECT_EQ(run.store.at(3).subpopulation, "smooth");
   EXPECT_EQ(run.store.at(3).sex, female);
   EXPECT_EQ(run.store.at(3).sire_no, 2);
@@ -347,10 +337,8 @@ TEST(SortPedigree, SortEndsWithoutAMessageAfterSweep1000) {
   EXPECT_EQ(run.store.at(3).id, "a1");
   for (std::int32_t p = 4; p <= 1003; ++p) EXPECT_EQ(run.store.at(p).id, "a" + std::to_string(p));
   for (std::int32_t p = 1; p <= 1003; ++p) {
-    const AnimalRecord& animal = run.store.at(p);
-    if (animal.sire_no > 0) {
-      EXPECT_TRUE(run.store.at(animal.sire_no).id == animal.sire_id);
-    }
+    const std::int32_t number = std::stoi(std::string(run.store.id(p)).substr(1));
+    EXPECT_EQ(run.store.at(p).sire_id, number > 1 ? "a" + std::to_string(number - 1) : "0");
   }
 }
 
@@ -367,15 +355,15 @@ TEST(SortPedigree, LineOfDescentInOrderTakesOneSweepHoweverLong) {
 // ---- parents born after their offspring --------------------------------------------------------------------------
 
 PopulationStore child_before_parent(bool is_mother) {
-  PopulationStore store =
-      animals_from_text(is_mother ? "pa 0 0 f 2003\nkid 0 pa m 2001\n" : "pa 0 0 m 2003\nkid pa 0 m 2001\n");
-  store.at(1).name.assign("The parent");
-  store.at(1).birth_day = 31;
-  store.at(1).birth_month = 12;
-  store.at(2).name.assign("The child");
-  store.at(2).birth_day = 2;
-  store.at(2).birth_month = 3;
-  return store;
+  std::vector<AnimalRecord> records =
+      records_from_text(is_mother ? "pa 0 0 f 2003\nkid 0 pa m 2001\n" : "pa 0 0 m 2003\nkid pa 0 m 2001\n");
+  records[0].name.assign("The parent");
+  records[0].birth_day = 31;
+  records[0].birth_month = 12;
+  records[1].name.assign("The child");
+  records[1].birth_day = 2;
+  records[1].birth_month = 3;
+  return store_of(records);
 }
 
 /// The lines of the birth-year test, without those of the sweep around them.
@@ -427,10 +415,10 @@ TEST(BirthYearTest, FatherAndMotherInDutch) {
 }
 
 TEST(BirthYearTest, SameYearIsNoError) {
-  PopulationStore store = animals_from_text("pa 0 0 m 2003\nkid pa 0 m 2003\n");
-  store.at(1).birth_month = 6;
-  store.at(2).birth_month = 5;
-  EXPECT_EQ(sort_animals(store).streams.report.pending, "");
+  std::vector<AnimalRecord> records = records_from_text("pa 0 0 m 2003\nkid pa 0 m 2003\n");
+  records[0].birth_month = 6;
+  records[1].birth_month = 5;
+  EXPECT_EQ(sort_animals(store_of(records)).streams.report.pending, "");
 }
 
 TEST(BirthYearTest, UnknownYearIsNoError) {

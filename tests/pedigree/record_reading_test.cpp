@@ -8,6 +8,7 @@
 
 #include "pedigree/header_words.h"
 #include "support/pedigree_runs.h"
+#include "support/store_builder.h"
 #include "support/streams.h"
 
 namespace pedigreewatch::test {
@@ -288,19 +289,6 @@ TEST(StoreField, SubpopulationOnTheListOrBlankIsAccepted) {
   }
 }
 
-TEST(StoreField, SubpopulationAndColourGetTheirNumbers) {
-  TestLayout settings = settings_with_subpopulation("rough", true);
-  for (const char* const name : {"smooth", "rough", ""}) settings.subpopulations.add(SubpopulationName(name));
-  for (const char* const name : {"red", "black", "red"}) settings.colours.add(ColourName(name));
-  EXPECT_EQ(store_one("smooth", subpopulation_column, settings).record.subpopulation_no, 2);
-  EXPECT_EQ(store_one("rough", subpopulation_column, settings).record.subpopulation_no, 1);  // its first number
-  EXPECT_EQ(store_one("  ", subpopulation_column, settings).record.subpopulation_no, 4);
-  EXPECT_EQ(store_one("wire", subpopulation_column, settings).record.subpopulation_no, 0);
-  EXPECT_EQ(store_one("black", colour_column, settings).record.colour_no, 2);
-  EXPECT_EQ(store_one("red   ", colour_column, settings).record.colour_no, 1);
-  EXPECT_EQ(store_one("Red", colour_column, settings).record.colour_no, 0);
-}
-
 StoredField store_unknown_subpopulation(bool english) {
   StoredField stored{.record = {}, .streams = streams_in(english)};
   stored.record.id.assign("NL-1");
@@ -452,18 +440,41 @@ TEST(ReadDataFile, TextBehindColumn600IsNotSeen) {
 
 // ---- whole files -------------------------------------------------------------------------------------------------
 
+TEST(ReadDataFile, SubpopulationsAndColoursGetTheirNumbers) {
+  TestLayout settings = settings_with_subpopulation("rough", true);
+  for (const char* const name : {"smooth", "rough", ""}) settings.subpopulations.add(SubpopulationName(name));
+  for (const char* const name : {"red", "black", "red"}) settings.colours.add(ColourName(name));
+  const PopulationStore store = read_text(
+                                    "id;sire;dam;sex;dob;herd;Kleur\n"
+                                    "a;0;0;m;;smooth;black\n"
+                                    "b;0;0;m;;rough;red   \n"
+                                    "c;0;0;m;;  ;Red\n"
+                                    "d;0;0;m;;wire;\n",
+                                    settings)
+                                    .store;
+  EXPECT_EQ(store.subpopulation_no(1), 2);
+  EXPECT_EQ(store.subpopulation_no(2), 1);  // its first number
+  EXPECT_EQ(store.subpopulation_no(3), 4);
+  EXPECT_EQ(store.subpopulation_no(4), 0);
+  EXPECT_EQ(store.at(4).subpopulation, "wire");
+  EXPECT_EQ(store.colour_no.values, (std::vector<std::int32_t>{0, 2, 1, 0, 0}));
+}
+
 TEST(ReadDataFile, StoresEveryColumnOfEveryLine) {
+  TestLayout settings = settings_with_subpopulation("rough", true);
+  settings.subpopulations.add(SubpopulationName("smooth"));
+  settings.colours.add(ColourName("red"));
   const ReadRun run = read_text(
       "Import;Herd;Fokker;Kleur;DoB;Sexe;naam moeder;naam vader;Naam;Moeder;Vader;Dier\n"
       "yes;rough;Smit;red;25-4-1998;m;Saar;Rex;Puck;NL-2;NL-1;NL-3\n"
       ";;;;;;;;;;;NL-4\n",
-      settings_with_subpopulation("rough", true));
-  ASSERT_EQ(run.store.animals.size(), 2U);
+      settings);
+  ASSERT_EQ(run.store.size(), 2U);
   const AnimalRecord& puck = run.store.at(1);
   EXPECT_TRUE(puck.is_import);
   EXPECT_EQ(puck.subpopulation, "rough");
   EXPECT_EQ(puck.breeder, "Smit");
-  EXPECT_EQ(puck.colour, "red");
+  EXPECT_EQ(run.store.colour_no[1], 1);
   EXPECT_EQ(puck.birth_day, 25);
   EXPECT_EQ(puck.birth_month, 4);
   EXPECT_EQ(puck.birth_year, 1998);
@@ -476,7 +487,7 @@ TEST(ReadDataFile, StoresEveryColumnOfEveryLine) {
   EXPECT_FALSE(other.is_import);
   EXPECT_TRUE(other.subpopulation.is_blank());
   EXPECT_TRUE(other.breeder.is_blank());
-  EXPECT_TRUE(other.colour.is_blank());
+  EXPECT_EQ(run.store.colour_no[2], 0);
   EXPECT_TRUE(other.name.is_blank());
   EXPECT_EQ(other.birth_year, 0);
   EXPECT_EQ(other.birth_month, 1);
@@ -489,7 +500,7 @@ TEST(ReadDataFile, StoresEveryColumnOfEveryLine) {
 
 TEST(ReadDataFile, AnimalWithoutKnownParentsHasZeroForBoth) {
   const ReadRun run = read_text(std::string(short_header) + "a;0;0;m;1-1-2000\nb;;;f;1-1-2000\n", settings_in(true));
-  for (const AnimalRecord& animal : run.store.animals) {
+  for (const AnimalRecord& animal : records_of(run.store)) {
     EXPECT_EQ(animal.sire_id.full(), padded("0", 30));
     EXPECT_EQ(animal.dam_id.full(), padded("0", 30));
     EXPECT_EQ(animal.sire_no, 0);
@@ -500,7 +511,7 @@ TEST(ReadDataFile, AnimalWithoutKnownParentsHasZeroForBoth) {
 TEST(ReadDataFile, BlankLineIsAnAnimalWithoutIdentification) {
   for (const std::string_view line : {"\n", "        \n"}) {
     const ReadRun run = read_text(std::string(short_header) + std::string(line), settings_in(true));
-    ASSERT_EQ(run.store.animals.size(), 1U);
+    ASSERT_EQ(run.store.size(), 1U);
     EXPECT_TRUE(run.store.at(1).id.is_blank());
     EXPECT_EQ(run.store.at(1).sire_id, "0");
     EXPECT_EQ(run.store.at(1).dam_id, "0");
@@ -544,8 +555,7 @@ TEST(ReadDataFile, FileThatEndsEarlyLeavesTheOtherRecordsAsTheyWere) {
     ReadRun run{.store = {}, .streams = streams_in(english)};
     LineReader reader;
     reader.text = "id;sire;dam;sex;dob\na;0;0;m;1-1-2000\nb;a;0;f;1-1-2001\n";
-    allocate_records(run.store, 4);
-    read_data_file(reader, settings_in(english), run.store, run.streams);
+    read_data_file(reader, 4, settings_in(english), run.store, run.streams);
     EXPECT_EQ(console_of_records(run), english ? " endrecord at animal =            3\n all records read\n"
                                                : " eindrecord bij dier =            3\n alle records gelezen\n");
     EXPECT_EQ(run.store.animal_count, 4);

@@ -33,23 +33,16 @@ Subpopulations subpopulations_of(const std::vector<std::string>& names) {
   return subpopulations;
 }
 
-/// As the reading of the data file leaves it.
-PopulationStore with_numbers(PopulationStore store, const Subpopulations& subpopulations) {
-  for (AnimalRecord& animal : store.animals) {
-    animal.subpopulation_no = subpopulations.number_of(animal.subpopulation);
-  }
-  return store;
-}
-
+/// The store knows the subpopulations of these names already.
 Scan scan(const PopulationStore& store, const std::vector<std::string>& names, bool english = true) {
   const Subpopulations subpopulations = subpopulations_of(names);
   TextOutput console = output_in(english);
-  SubpopulationScan tables = scan_subpopulations(with_numbers(store, subpopulations), subpopulations, console);
+  SubpopulationScan tables = scan_subpopulations(store, subpopulations, console);
   return {std::move(tables), console.pending};
 }
 
 Scan scan(std::string_view text, const std::vector<std::string>& names, bool english = true) {
-  return scan(pedigree_from_text(text), names, english);
+  return scan(pedigree_from_text(text, {.subpopulations = subpopulations_of(names)}), names, english);
 }
 
 std::string error_lines(std::string_view id, std::string_view code, std::string_view reference) {
@@ -158,14 +151,14 @@ TEST(ScanSubpopulations, WithoutSubpopulationsTablesStayZeroAndNothingIsPrinted)
 }
 
 TEST(ScanSubpopulations, AgreesWithPlainCountsOnARandomPedigree) {
-  const PopulationStore store = random_pedigree(7, 400, 9);
   const std::vector<std::string> names = {"type0", "type1", "type2", "type1"};
+  const PopulationStore store = random_pedigree(7, 400, 9, {.subpopulations = subpopulations_of(names)});
   const Scan result = scan(store, names);
   for (std::int32_t k = 1; k <= 4; ++k) {
     const std::string& name = names[static_cast<std::size_t>(k) - 1];
     for (std::int32_t row = 1; row <= store.birth_years.count; ++row) {
       std::int32_t births = 0;
-      for (const AnimalRecord& animal : store.animals) {
+      for (const AnimalRecord& animal : records_of(store)) {
         if (animal.subpopulation == name && animal.birth_year == store.birth_years.first + row - 1) ++births;
       }
       EXPECT_EQ(result.tables.births.value(row, k), births);
@@ -173,7 +166,7 @@ TEST(ScanSubpopulations, AgreesWithPlainCountsOnARandomPedigree) {
     for (std::int32_t j = 1; j <= 4; ++j) {
       const std::string& parent_name = names[static_cast<std::size_t>(j) - 1];
       std::int32_t parents = 0;
-      for (const AnimalRecord& animal : store.animals) {
+      for (const AnimalRecord& animal : records_of(store)) {
         if (!(animal.subpopulation == name) || animal.sire_no == 0 || animal.dam_no == 0) continue;
         const AnimalRecord& sire = store.at(animal.sire_no);
         const AnimalRecord& dam = store.at(animal.dam_no);
@@ -276,7 +269,8 @@ constexpr std::string_view five_animals =
 
 std::vector<Numbers> animals_of(const std::vector<std::string>& names) {
   const Subpopulations subpopulations = subpopulations_of(names);
-  return animals_by_subpopulation(with_numbers(animals_from_text(five_animals), subpopulations), subpopulations).values;
+  return animals_by_subpopulation(animals_from_text(five_animals, {.subpopulations = subpopulations}), subpopulations)
+      .values;
 }
 
 TEST(AnimalsBySubpopulation, ListsThePositionsOfEachAscending) {

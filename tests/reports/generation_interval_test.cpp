@@ -28,15 +28,12 @@ struct BirthAges {
 };
 
 PopulationStore store_of_births(const std::vector<BirthAges>& births) {
-  PopulationStore store;
-  for (const BirthAges& birth : births) {
-    AnimalRecord animal;
-    animal.sire_age_days = birth.sire;
-    animal.dam_age_days = birth.dam;
-    store.animals.push_back(animal);
+  std::vector<AnimalRecord> animals(births.size());
+  for (std::size_t i = 0; i < births.size(); ++i) {
+    animals[i].sire_age_days = births[i].sire;
+    animals[i].dam_age_days = births[i].dam;
   }
-  store.animal_count = static_cast<std::int32_t>(births.size());
-  return store;
+  return finished_store_of(animals);
 }
 
 MeanParentAges mean_ages_of(const std::vector<BirthAges>& births) {

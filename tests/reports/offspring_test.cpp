@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "support/report_frame.h"
 
 namespace pedigreewatch::test {
@@ -34,8 +36,7 @@ YearRows<ParentOffspring> offspring_of_three_years() {
 /// The table of these offspring, and the bull and the cow that have most of them.
 ReportSheet offspring_sheet(const YearRows<ParentOffspring>& offspring, bool english) {
   ReportSheet sheet(years_from(2001, static_cast<std::int32_t>(offspring.row_count())), english);
-  sheet.store.animals = {busiest_bull(), busiest_cow()};
-  sheet.store.animal_count = 2;
+  sheet.hold(std::vector{busiest_bull(), busiest_cow()});
   Block block;
   block.tables.parent_offspring = offspring;
   block.busiest = {1, 2};

@@ -25,8 +25,7 @@ YearRows<TopSireRow> three_years() {
 /// The table of these years, from 2001 on.
 ReportSheet sire_sheet(const std::vector<AnimalRecord>& bulls, const YearRows<TopSireRow>& sires, bool english) {
   ReportSheet sheet(years_from(2001, static_cast<std::int32_t>(sires.row_count())), english);
-  sheet.store.animals = bulls;
-  sheet.store.animal_count = 2;
+  sheet.hold(bulls);
   write_top_sires(sheet.frame(), sires);
   return sheet;
 }

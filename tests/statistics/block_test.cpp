@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstddef>
 #include <utility>
 #include <vector>
 
@@ -15,12 +16,11 @@ using Counts = std::vector<std::int32_t>;
 
 /// Fathers 1 and 2, mother 3, her litters 4 and 5 (of 2001) and 6 (of 2002); ages of the parents 1, 1 and 2 years.
 PopulationStore small_kennel() {
-  PopulationStore store = numbered_store("2000 m\n2000 m\n2000\n2001 s=1 d=3\n2001 s=1 d=3 m\n2002 s=2 d=3\n");
-  for (AnimalRecord& animal : store.animals) animal.sire_age_days = animal.dam_age_days = -1;
-  for (const std::int32_t position : {4, 5, 6}) {
-    store.at(position).sire_age_days = store.at(position).dam_age_days = position == 6 ? 730 : 365;
-  }
-  return store;
+  std::vector<AnimalRecord> animals =
+      numbered_records("2000 m\n2000 m\n2000\n2001 s=1 d=3\n2001 s=1 d=3 m\n2002 s=2 d=3\n");
+  for (AnimalRecord& animal : animals) animal.sire_age_days = animal.dam_age_days = -1;
+  for (const std::size_t i : {3U, 4U, 5U}) animals[i].sire_age_days = animals[i].dam_age_days = i == 5 ? 730 : 365;
+  return finished_store_of(animals);
 }
 
 /// The tables from which the block is made, with two litters.

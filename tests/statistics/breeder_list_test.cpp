@@ -27,6 +27,10 @@ Listing list_of(const PopulationStore& store, bool english = true) {
   return {std::move(breeders), lines_of(console)};
 }
 
+Listing list_of(const std::vector<AnimalRecord>& animals, bool english = true) {
+  return list_of(finished_store_of(animals), english);
+}
+
 Listing list_of(std::string_view numbered, bool english = true) {
   return list_of(numbered_store(numbered), english);
 }
@@ -49,13 +53,11 @@ std::vector<int> chosen_slots(const Lines& console) {
   return slots;
 }
 
-void add_animals(PopulationStore& store, std::string_view breeder, int count, std::int32_t year = 2000) {
+void add_animals(std::vector<AnimalRecord>& animals, std::string_view breeder, int count, std::int32_t year = 2000) {
   AnimalRecord animal;
   animal.breeder.assign(breeder);
   animal.birth_year = year;
-  store.animals.insert(store.animals.end(), static_cast<std::size_t>(count), animal);
-  store.animal_count = static_cast<std::int32_t>(store.animals.size());
-  store.birth_years = birth_years_of(store.animals);
+  animals.insert(animals.end(), static_cast<std::size_t>(count), animal);
 }
 
 TEST(BreederList, HoldsTheDifferentBreedersInOrderOfFirstAppearance) {
@@ -147,43 +149,43 @@ TEST(BreederList, ElevenBreedersWithFewAnimalsAreTenTopBreeders) {
 
 /// 100 breeders of whom `large` have names of 7 characters and `animals_each` recent animals. Their names also stand
 /// end to end in the long names of the first 14 breeders, so that slots 1 to 40 are exactly these names.
-PopulationStore crowded_store(int large, int animals_each) {
+std::vector<AnimalRecord> crowded_herdbook(int large, int animals_each) {
   std::string end_to_end;
   std::vector<std::string> short_names;
   for (int i = 11; i <= 50; ++i) {
     short_names.push_back("Breed" + std::to_string(i));
     end_to_end += short_names.back();
   }
-  PopulationStore store;
-  for (std::size_t at = 0; at < end_to_end.size(); at += 20) add_animals(store, end_to_end.substr(at, 20), 1);
-  for (int i = 0; i < 46; ++i) add_animals(store, "a filler no. " + std::to_string(100 + i), 1);
+  std::vector<AnimalRecord> animals;
+  for (std::size_t at = 0; at < end_to_end.size(); at += 20) add_animals(animals, end_to_end.substr(at, 20), 1);
+  for (int i = 0; i < 46; ++i) add_animals(animals, "a filler no. " + std::to_string(100 + i), 1);
   for (int i = 0; i < 40; ++i)
-    add_animals(store, short_names[static_cast<std::size_t>(i)], i < large ? animals_each : 1);
-  return store;
+    add_animals(animals, short_names[static_cast<std::size_t>(i)], i < large ? animals_each : 1);
+  return animals;
 }
 
 TEST(BreederList, FortyBreedersWithMoreThan250RecentAnimalsAreCutToThirty) {
-  const Listing listing = list_of(crowded_store(40, 251));
+  const Listing listing = list_of(crowded_herdbook(40, 251));
   EXPECT_EQ(listing.breeders.breeder_count, 100);
   EXPECT_EQ(listing.breeders.top_breeder_count, 30);
 }
 
 TEST(BreederList, MoreThan250RecentAnimalsMakeATopBreeder) {
-  EXPECT_EQ(list_of(crowded_store(12, 251)).breeders.top_breeder_count, 12);
-  EXPECT_EQ(list_of(crowded_store(12, 250)).breeders.top_breeder_count, 10);
-  EXPECT_EQ(list_of(crowded_store(29, 251)).breeders.top_breeder_count, 29);
-  EXPECT_EQ(list_of(crowded_store(31, 251)).breeders.top_breeder_count, 30);
+  EXPECT_EQ(list_of(crowded_herdbook(12, 251)).breeders.top_breeder_count, 12);
+  EXPECT_EQ(list_of(crowded_herdbook(12, 250)).breeders.top_breeder_count, 10);
+  EXPECT_EQ(list_of(crowded_herdbook(29, 251)).breeders.top_breeder_count, 29);
+  EXPECT_EQ(list_of(crowded_herdbook(31, 251)).breeders.top_breeder_count, 30);
 }
 
 TEST(BreederList, SlotsWithTheMostAnimalsComeFirst) {
   // Slot 1 "Aaaaaaa" 1 animal, slot 2 "Bbbbbbb" 3, slot 3 (characters 15 to 21) "CcccccA" 2: the list begins with the
   // long name and goes on with "Aaaaaaa", "Bbbbbbb" and "CcccccA". Slot 4 is characters 22 to 28, "aaaaaa ".
-  PopulationStore store;
-  add_animals(store, "AaaaaaaBbbbbbbCccccc", 9);
-  add_animals(store, "Aaaaaaa", 1);
-  add_animals(store, "Bbbbbbb", 3);
-  add_animals(store, "CcccccA", 2);
-  const Listing listing = list_of(store);
+  std::vector<AnimalRecord> animals;
+  add_animals(animals, "AaaaaaaBbbbbbbCccccc", 9);
+  add_animals(animals, "Aaaaaaa", 1);
+  add_animals(animals, "Bbbbbbb", 3);
+  add_animals(animals, "CcccccA", 2);
+  const Listing listing = list_of(animals);
   EXPECT_EQ(chosen_slots(listing.console), (std::vector<int>{2, 3, 1, 4}));
   EXPECT_EQ(listing.breeders.text,
             "BbbbbbbCcccccAAaaaaaaaaaaaa" + std::string(13, ' ') + "Bbbbbbb             CcccccA             ");
@@ -191,27 +193,27 @@ TEST(BreederList, SlotsWithTheMostAnimalsComeFirst) {
 
 TEST(BreederList, OnATieTheLowestSlotWinsAlsoAmongZeros) {
   // Names of 8 characters and more are equal to no slot; no slot is blank: all counts are 0.
-  PopulationStore store;
-  add_animals(store, "12345678901234567890", 3);
-  add_animals(store, "abcdefghijklmnopqrst", 8);
-  add_animals(store, "ABCDEFGHIJKLMNOPQRST", 5);
-  EXPECT_EQ(chosen_slots(list_of(store).console), (std::vector<int>{1, 2, 3}));
+  std::vector<AnimalRecord> animals;
+  add_animals(animals, "12345678901234567890", 3);
+  add_animals(animals, "abcdefghijklmnopqrst", 8);
+  add_animals(animals, "ABCDEFGHIJKLMNOPQRST", 5);
+  EXPECT_EQ(chosen_slots(list_of(animals).console), (std::vector<int>{1, 2, 3}));
 }
 
 TEST(BreederList, RemainingSlotsFollowInTheirOldOrder) {
   // Twelve breeders with names of 20 characters, and slot 12 (characters 78 to 84) the name of the thirteenth: it is
   // chosen first, then slots 1 to 9; slots 10, 11 and 13 keep their order.
-  PopulationStore store;
+  std::vector<AnimalRecord> animals;
   std::string text;
   for (int i = 0; i < 12; ++i) {
     std::string name;
     for (int k = 0; k < 20; ++k) name += static_cast<char>('a' + (i + k) % 26);
     text += name;
-    add_animals(store, name, 1);
+    add_animals(animals, name, 1);
   }
   const std::string chosen = text.substr(77, 7);
-  add_animals(store, chosen, 1);
-  const Listing listing = list_of(store);
+  add_animals(animals, chosen, 1);
+  const Listing listing = list_of(animals);
   EXPECT_EQ(chosen_slots(listing.console), (std::vector<int>{12, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
   EXPECT_EQ(listing.breeders.text, chosen + text.substr(0, 77) + text.substr(84) + in_columns({chosen}, 20));
 }
@@ -229,42 +231,42 @@ TEST(BreederList, AnimalsWithoutBirthYearAreNotRecent) {
 
 TEST(BreederList, ABreederOfEightCharactersCountsInNoSlot) {
   // Slot 1 is "Janssen", slot 2 "s": five animals of Janssens count in neither, the one of "s" in slot 2.
-  PopulationStore store;
-  add_animals(store, "Janssens", 5);
-  add_animals(store, "s", 1);
-  EXPECT_EQ(chosen_slots(list_of(store).console), (std::vector<int>{2, 1}));
+  std::vector<AnimalRecord> animals;
+  add_animals(animals, "Janssens", 5);
+  add_animals(animals, "s", 1);
+  EXPECT_EQ(chosen_slots(list_of(animals).console), (std::vector<int>{2, 1}));
 }
 
 TEST(BreederList, ASlotCountsTheBreederWhoseWholeNameItIs) {
-  PopulationStore store;
-  add_animals(store, "Janssens", 5);
-  add_animals(store, "s", 1);
-  add_animals(store, "Janssen", 2);
-  EXPECT_EQ(chosen_slots(list_of(store).console), (std::vector<int>{1, 2, 3}));
+  std::vector<AnimalRecord> animals;
+  add_animals(animals, "Janssens", 5);
+  add_animals(animals, "s", 1);
+  add_animals(animals, "Janssen", 2);
+  EXPECT_EQ(chosen_slots(list_of(animals).console), (std::vector<int>{1, 2, 3}));
 }
 
 TEST(BreederList, ASlotStraddlingTwoEntriesCountsItsOwnText) {
   // Slot 3 is the blanks of entry 1 and the first letter of entry 2: a breeder written with six leading blanks.
-  PopulationStore store;
-  add_animals(store, "Bakker", 1);
-  add_animals(store, "Smit", 1);
-  add_animals(store, "      S", 2);
-  EXPECT_EQ(chosen_slots(list_of(store).console), (std::vector<int>{3, 1, 2}));
+  std::vector<AnimalRecord> animals;
+  add_animals(animals, "Bakker", 1);
+  add_animals(animals, "Smit", 1);
+  add_animals(animals, "      S", 2);
+  EXPECT_EQ(chosen_slots(list_of(animals).console), (std::vector<int>{3, 1, 2}));
 }
 
 TEST(BreederList, AllBlankSlotsStandForTheAnimalsWithoutBreeder) {
-  PopulationStore store;
-  for (const char* name : {"a", "b", "c", "d"}) add_animals(store, name, 1);
-  add_animals(store, "", 2);
+  std::vector<AnimalRecord> animals;
+  for (const char* name : {"a", "b", "c", "d"}) add_animals(animals, name, 1);
+  add_animals(animals, "", 2);
   // Slots of one-letter names: 1 "a      ", 2 blank, 3 "      b", 4 blank.
-  EXPECT_EQ(chosen_slots(list_of(store).console), (std::vector<int>{2, 4, 1, 3}));
+  EXPECT_EQ(chosen_slots(list_of(animals).console), (std::vector<int>{2, 4, 1, 3}));
 }
 
 TEST(BreederListProgress, ComesEachHundredAnimalsWithTheBreedersFoundBefore) {
-  PopulationStore store;
-  for (int i = 1; i <= 200; ++i) add_animals(store, "b" + std::to_string((i + 49) / 50), 1);
+  std::vector<AnimalRecord> animals;
+  for (int i = 1; i <= 200; ++i) add_animals(animals, "b" + std::to_string((i + 49) / 50), 1);
   // Animal 100 is the last of breeder 2; animal 200 the last of breeder 4.
-  const Lines english = list_of(store, true).console, dutch = list_of(store, false).console;
+  const Lines english = list_of(animals, true).console, dutch = list_of(animals, false).console;
   EXPECT_EQ(english[0], " breeder of          100  read, N breeder =            2");
   EXPECT_EQ(english[1], " breeder of          200  read, N breeder =            4");
   EXPECT_EQ(english[2], " breeders list made");
@@ -273,26 +275,26 @@ TEST(BreederListProgress, ComesEachHundredAnimalsWithTheBreedersFoundBefore) {
 }
 
 TEST(BreederListProgress, DoesNotCountTheBreederOfTheAnimalShown) {
-  PopulationStore store;
-  add_animals(store, "first", 99);
-  add_animals(store, "second", 1);
-  EXPECT_EQ(list_of(store).console[0], " breeder of          100  read, N breeder =            1");
+  std::vector<AnimalRecord> animals;
+  add_animals(animals, "first", 99);
+  add_animals(animals, "second", 1);
+  EXPECT_EQ(list_of(animals).console[0], " breeder of          100  read, N breeder =            1");
 }
 
 TEST(BreederListProgress, NinetyNineAnimalsShowNothing) {
-  PopulationStore store;
-  add_animals(store, "first", 99);
-  EXPECT_EQ(list_of(store).console[0], " breeders list made");
+  std::vector<AnimalRecord> animals;
+  add_animals(animals, "first", 99);
+  EXPECT_EQ(list_of(animals).console[0], " breeders list made");
 }
 
 TEST(BreederListProgress, StepGrowsWithThePopulation) {
-  for (const auto& [animals, step, lines] :
+  for (const auto& [count, step, lines] :
        {std::array{4000, 100, 40}, std::array{4001, 500, 8}, std::array{10000, 500, 20}, std::array{10001, 1000, 10},
         std::array{25000, 1000, 25}, std::array{25001, 5000, 5}}) {
-    PopulationStore store;
-    add_animals(store, "first", animals);
-    const Lines console = list_of(store).console;
-    EXPECT_EQ(console[static_cast<std::size_t>(lines)], " breeders list made") << animals;
+    std::vector<AnimalRecord> animals;
+    add_animals(animals, "first", count);
+    const Lines console = list_of(animals).console;
+    EXPECT_EQ(console[static_cast<std::size_t>(lines)], " breeders list made") << count;
     EXPECT_EQ(console[0], " breeder of " + number(step) + "  read, N breeder =            1");
   }
 }

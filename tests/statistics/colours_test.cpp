@@ -15,9 +15,8 @@ using Counts = std::vector<std::int32_t>;
 
 /// A column for each listed colour and one for the rest; the one place where these tests call the operation.
 Counts colours_of(std::string_view numbered, std::initializer_list<std::string_view> listed) {
-  PopulationStore store = numbered_store(numbered);
   const Colours colours = names_of<Colours>(listed);
-  number_colours(store, colours);
+  const PopulationStore store = numbered_store(numbered, {.colours = colours});
   YearTable<std::int32_t> counts(1, colours.count() + 1);
   colour_statistics(store, all_positions(store), colours, 1, counts);
   return row_of(counts, 1);
@@ -46,9 +45,8 @@ TEST(ColourStatistics, WithoutListedColoursTheOnlyColumnHoldsAll) {
 }
 
 TEST(ColourStatistics, ATableOfOneColumnHasNoRoomForAnyColour) {
-  PopulationStore store = numbered_store("colour=red\n.\n");
   const Colours colours = names_of<Colours>({"red", "Onbekend"});
-  number_colours(store, colours);
+  const PopulationStore store = numbered_store("colour=red\n.\n", {.colours = colours});
   YearTable<std::int32_t> counts(1, 1);
   colour_statistics(store, all_positions(store), colours, 1, counts);
   EXPECT_EQ(row_of(counts, 1), (Counts{2}));

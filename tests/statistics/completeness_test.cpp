@@ -19,15 +19,11 @@ PopulationStore determined(std::string_view numbered) {
 }
 
 Reals equivalents_of(const PopulationStore& store) {
-  Reals all;
-  for (const AnimalRecord& animal : store.animals) all.push_back(animal.generation_equivalents);
-  return all;
+  return {store.generation_equivalents.values.begin() + 1, store.generation_equivalents.values.end()};
 }
 
 std::vector<std::int32_t> complete_of(const PopulationStore& store) {
-  std::vector<std::int32_t> all;
-  for (const AnimalRecord& animal : store.animals) all.push_back(animal.complete_generations);
-  return all;
+  return {store.complete_generations.values.begin() + 1, store.complete_generations.values.end()};
 }
 
 /// The mean of the equivalents, and the shares of 1 to 5 and more complete generations.
@@ -67,10 +63,8 @@ TEST(Completeness, AncestorsCountByGenerationAndTheSmallerParentDecides) {
 
 TEST(Completeness, OldValuesAreCleared) {
   PopulationStore store = numbered_store("m\n.\ns=1 d=2\n");
-  for (AnimalRecord& animal : store.animals) {
-    animal.generation_equivalents = 7.0F;
-    animal.complete_generations = 7;
-  }
+  store.generation_equivalents = ByNumber<float>(store.size(), 7.0F);
+  store.complete_generations = ByNumber<std::uint16_t>(store.size(), 7);
   determine_completeness(store);
   EXPECT_EQ(equivalents_of(store), (Reals{0, 0, 1.0F}));
   EXPECT_EQ(complete_of(store), (std::vector<std::int32_t>{0, 0, 1}));

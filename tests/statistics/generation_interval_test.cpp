@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <string_view>
 #include <vector>
@@ -26,10 +27,8 @@ PopulationStore aged(std::string_view numbered) {
 /// The means of animals whose parents have these ages in days.
 MeanParentAges means_of(const Ages& sire_ages, const Ages& dam_ages) {
   PopulationStore store = store_of_parents(std::vector<ParentPair>(sire_ages.size()));
-  for (std::size_t i = 0; i < store.animals.size(); ++i) {
-    store.animals[i].sire_age_days = sire_ages[i];
-    store.animals[i].dam_age_days = dam_ages[i];
-  }
+  std::ranges::copy(sire_ages, store.sire_age_days.values.begin() + 1);
+  std::ranges::copy(dam_ages, store.dam_age_days.values.begin() + 1);
   return mean_parent_ages(store, all_positions(store));
 }
 
@@ -80,8 +79,8 @@ TEST(GenerationInterval, AreDividedInSinglePrecisionByTheNumberThenByTheDays) {
   PopulationStore store = numbered_store("2000\n2000\n2000\n");
   const std::int32_t ages[] = {1000, 1001, 1010};
   for (std::int32_t position = 1; position <= 3; ++position) {
-    store.at(position).sire_age_days = ages[position - 1];
-    store.at(position).dam_age_days = position == 1 ? -365 : -1;
+    store.sire_age_days[position] = ages[position - 1];
+    store.dam_age_days[position] = position == 1 ? -365 : -1;
   }
   // 3011 / 3 rounded to single, then divided by 365: one unit in the last place above 3011 / 1095.
   EXPECT_EQ(overall_generation_interval(store, all_positions(store)).overall_sire_age, 0x1.5ff886p+1F);

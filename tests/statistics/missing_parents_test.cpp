@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "support/numbered_store.h"
 #include "support/pedigree_runs.h"
 #include "support/pedigrees.h"
 
@@ -30,13 +31,12 @@ std::string console_of(std::string_view text) {
 /// The appended identifications, each with its sex behind it.
 std::vector<std::string> appended_to(std::string_view text) {
   PopulationStore store = animals_from_text(text);
-  const std::size_t before = store.animals.size();
+  const std::int32_t before = store.animal_count;
   append_to(store);
-  EXPECT_EQ(store.animals.size(), static_cast<std::size_t>(store.animal_count));
   std::vector<std::string> ids;
-  for (std::size_t i = before; i < store.animals.size(); ++i) {
-    const AnimalRecord& animal = store.animals[i];
-    EXPECT_EQ(animal.number, static_cast<std::int32_t>(i) + 1);
+  for (std::int32_t i = before + 1; i <= store.animal_count; ++i) {
+    const AnimalRecord& animal = store.at(i);
+    EXPECT_EQ(animal.number, i);
     ids.push_back(std::string(animal.id.trimmed()) + (animal.sex == male ? " m" : " f"));
   }
   return ids;
@@ -74,9 +74,10 @@ TEST(AppendMissingParents, IdentificationMissingInBothRolesGetsTwoRecords) {
 
 TEST(AppendMissingParents, OnlyExactlyZeroIsUnknown) {
   EXPECT_EQ(appended_to("a 00 UNKNOWN m 2000\n"), (Ids{"00 m", "UNKNOWN f"}));
-  PopulationStore store = animals_from_text("a 0 0 m 2000\n");
-  store.at(1).sire_id.assign("0   ");
-  store.at(1).dam_id.assign(" 0");
+  std::vector<AnimalRecord> records = records_from_text("a 0 0 m 2000\n");
+  records[0].sire_id.assign("0   ");
+  records[0].dam_id.assign(" 0");
+  PopulationStore store = store_of(records);
   append_to(store);
   ASSERT_EQ(store.animal_count, 2);
   EXPECT_EQ(store.at(2).id.full(), padded(" 0", 30));
@@ -91,9 +92,9 @@ TEST(AppendMissingParents, AnimalsWithTheSameIdentificationDoNotMatter) {
 
 TEST(AppendMissingParents, NothingMissingLeavesTheStoreWhereItIs) {
   PopulationStore store = animals_from_text("a 0 0 m 2000\nb a 0 m 2003\n");
-  const AnimalRecord* const before = store.animals.data();
+  const std::int32_t* const before = store.birth_year.values.data();
   EXPECT_EQ(append_to(store), std::string(no_fathers) + std::string(no_mothers));
-  EXPECT_EQ(store.animals.data(), before);
+  EXPECT_EQ(store.birth_year.values.data(), before);
   EXPECT_EQ(store.animal_count, 2);
 }
 
@@ -114,10 +115,18 @@ TEST(AppendMissingParents, EmptyStoreHasNothingMissing) {
   EXPECT_EQ(store.animal_count, 0);
 }
 
+/// One red import of 25-1-2000, bred by Smit, whose father has no line.
+PopulationStore red_import(Sex sex) {
+  std::vector<AnimalRecord> records = records_from_text("a rex 0 f 2000 rough import\n");
+  records[0].sex = sex;
+  records[0].birth_day = 25;
+  records[0].colour.assign("red");
+  records[0].breeder.assign("Smit");
+  return store_of(records, {names_of<Subpopulations>({"rough", "smooth"}), names_of<Colours>({"red", "black"})});
+}
+
 TEST(AppendMissingParents, AppendedRecordsAreBlank) {
-  PopulationStore store = animals_from_text("a rex 0 m 2000 rough import\n");
-  store.at(1).colour.assign("red");
-  store.at(1).breeder.assign("Smit");
+  PopulationStore store = red_import(male);
   append_to(store);
   ASSERT_EQ(store.animal_count, 2);
   const AnimalRecord& rex = store.at(2);
@@ -129,17 +138,19 @@ TEST(AppendMissingParents, AppendedRecordsAreBlank) {
   EXPECT_EQ(rex.birth_month, 1);
   EXPECT_EQ(rex.birth_day, 1);
   EXPECT_EQ(rex.sex, male);
-  EXPECT_TRUE(rex.colour.is_blank());
+  EXPECT_EQ(store.colour_no[2], 0);
+  EXPECT_EQ(store.breeder_no[2], 0);
   EXPECT_TRUE(rex.breeder.is_blank());
   EXPECT_TRUE(rex.subpopulation.is_blank());
   EXPECT_FALSE(rex.is_import);
   EXPECT_FALSE(rex.is_native_parent);
+  EXPECT_FALSE(rex.is_parent);
+  EXPECT_EQ(rex.line, 0);
   EXPECT_EQ(rex.number, 2);
   EXPECT_EQ(rex.sire_no, 0);
   EXPECT_EQ(rex.dam_no, 0);
   EXPECT_EQ(rex.dam_age_days, 0);
   EXPECT_EQ(rex.sire_age_days, 0);
-  EXPECT_EQ(rex.offspring_count, 0);
   EXPECT_EQ(rex.native_offspring_count, 0);
   EXPECT_EQ(rex.generation_equivalents, 0.0F);
   EXPECT_EQ(rex.complete_generations, 0);
@@ -147,9 +158,7 @@ TEST(AppendMissingParents, AppendedRecordsAreBlank) {
 }
 
 TEST(AppendMissingParents, AnimalsOfTheFileStayAsTheyAre) {
-  PopulationStore store = animals_from_text("a rex 0 f 2000 rough import\n");
-  store.at(1).colour.assign("red");
-  store.at(1).birth_day = 25;
+  PopulationStore store = red_import(female);
   append_to(store);
   const AnimalRecord& a = store.at(1);
   EXPECT_EQ(a.id, "a");
@@ -158,7 +167,8 @@ TEST(AppendMissingParents, AnimalsOfTheFileStayAsTheyAre) {
   EXPECT_EQ(a.birth_year, 2000);
   EXPECT_EQ(a.birth_day, 25);
   EXPECT_EQ(a.sex, female);
-  EXPECT_EQ(a.colour, "red");
+  EXPECT_EQ(store.colour_no[1], 1);
+  EXPECT_EQ(a.breeder, "Smit");
   EXPECT_EQ(a.subpopulation, "rough");
   EXPECT_TRUE(a.is_import);
 }
@@ -172,11 +182,12 @@ TEST(AppendMissingParents, BirthYearsAreNotLookedAtAgain) {
 }
 
 TEST(AppendMissingParents, NumbersTheRecordsAndForgetsOldParents) {
-  PopulationStore store = animals_from_text("a 0 0 m 2000\nb 0 0 m 2000\n");
-  AnimalRecord& b = store.at(2);
-  b.number = b.sire_no = b.dam_no = 9;
+  std::vector<AnimalRecord> records = records_from_text("a 0 0 m 2000\nb 0 0 m 2000\n");
+  records[1].number = records[1].sire_no = records[1].dam_no = 9;
+  PopulationStore store = store_of(records);
   append_to(store);
   EXPECT_EQ(store.at(1).number, 1);
+  const AnimalRecord& b = store.at(2);
   EXPECT_EQ(b.number, 2);
   EXPECT_EQ(b.sire_no, 0);
   EXPECT_EQ(b.dam_no, 0);
@@ -195,23 +206,24 @@ TEST(AppendMissingParents, HoldsTheParentsThatHaveALine) {
 }
 
 TEST(AppendMissingParents, AppendedRecordsHaveTheNumbersOfABlankText) {
-  PopulationStore store;
-  allocate_records(store, 1, {.subpopulation = 2, .colour = 3});
-  store.at(1).id.assign("a");
-  store.at(1).sire_id.assign("rex");
+  PopulationStore store = animals_from_text(
+      "a rex 0 m 2000 rough\n", {names_of<Subpopulations>({"rough", ""}), names_of<Colours>({"red", "black", ""})});
   append_to(store);
   ASSERT_EQ(store.animal_count, 2);
-  EXPECT_EQ(store.at(2).subpopulation_no, 2);
-  EXPECT_EQ(store.at(2).colour_no, 3);
+  EXPECT_EQ(store.subpopulation_no(2), 2);
+  EXPECT_EQ(store.colour_no[2], 3);
 }
 
-TEST(AppendMissingParents, TheIndexFindsAnimalsAndAppendedParents) {
-  PopulationStore store = animals_from_text("a bo bo m 2000\nb a 0 m 2003\n");
-  TextOutput console;
-  const IdIndex index = append_missing_parents(store, console);
-  EXPECT_EQ(find_animal(index, store, AnimalId("b")), 2);
-  EXPECT_EQ(find_animal(index, store, AnimalId("bo")), 3);
-  EXPECT_EQ(find_animal(index, store, AnimalId("nobody")), 0);
+TEST(AppendMissingParents, PendingParentsGetTheFirstRecordAppendedForThem) {
+  PopulationStore store = animals_from_text("a bo bo m 2000\nb a 0 m 2003\nc b kid f 2004\nkid 0 0 f 2001\n");
+  append_to(store);
+  ASSERT_EQ(store.animal_count, 6);  // bo twice
+  ASSERT_EQ(store.index.pending_record.count(), 2);
+  EXPECT_EQ(store.sire_no[1], -1);
+  EXPECT_EQ(store.dam_no[1], -1);
+  EXPECT_EQ(store.index.pending_record.at(1), 5);
+  EXPECT_EQ(store.dam_no[3], -2);
+  EXPECT_EQ(store.index.pending_record.at(2), 4);  // kid had its line after it was mentioned
 }
 
 TEST(AppendMissingParents, AgreesWithAPlainSearchOnRandomParents) {
@@ -229,8 +241,8 @@ TEST(AppendMissingParents, AgreesWithAPlainSearchOnRandomParents) {
     return false;
   };
   Ids animals, fathers, mothers;
-  for (const AnimalRecord& animal : store.animals) animals.emplace_back(animal.id.trimmed());
-  for (const AnimalRecord& animal : store.animals) {
+  for (const AnimalRecord& animal : records_of(store)) animals.emplace_back(animal.id.trimmed());
+  for (const AnimalRecord& animal : records_of(store)) {
     const std::string sire(animal.sire_id.trimmed()), dam(animal.dam_id.trimmed());
     if (!has(animals, sire) && !has(fathers, sire)) fathers.push_back(sire);
     if (!has(animals, dam) && !has(mothers, dam)) mothers.push_back(dam);

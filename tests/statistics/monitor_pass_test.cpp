@@ -37,11 +37,10 @@ struct Monitored {
   Lines console;
 };
 
-/// Ages, then the pass: the one place where these tests call it.
+/// Ages, then the pass: the one place where these tests call it. The store knows the colours already.
 Monitored monitored(PopulationStore store, const Colours& colours = colours_of({"Onbekend"}),
                     const BreederList& breeders = no_breeders(), bool english = true) {
   TextOutput ignored, console = output_in(english);
-  number_colours(store, colours);
   const OldestParents oldest = determine_parent_ages(store, ignored);
   determine_completeness(store);
   MonitorTables tables = monitor_population(store, group_by_year(store), colours, breeders, oldest, console);
@@ -118,11 +117,11 @@ TEST(MonitorPopulation, FillsTheRowOfEachYear) {
 }
 
 TEST(MonitorPopulation, TablesHaveARowForEachYearAndTheirColumns) {
-  PopulationStore store = numbered_store(small_kennel);
+  const Colours colours = colours_of({"red", "black", "grey", "Onbekend"});
+  PopulationStore store = numbered_store(small_kennel, {.colours = colours});
   store.has_colour = true;
-  const MonitorTables tables = monitored(store, colours_of({"red", "black", "grey", "Onbekend"}),
-                                         breeders_with("Smit                Vos                 ", 2, 2))
-                                   .tables;
+  const MonitorTables tables =
+      monitored(store, colours, breeders_with("Smit                Vos                 ", 2, 2)).tables;
   for (const Row rows :
        {tables.parent_counts.row_count(), tables.parent_offspring.row_count(), tables.import_pairs.row_count(),
         tables.litters.row_count(), tables.age_classes.of(male).row_count(), tables.age_classes.of(female).row_count(),
@@ -143,10 +142,10 @@ TEST(MonitorPopulation, AnEmptyStoreHasTablesOfTwoYears) {
 }
 
 TEST(MonitorPopulation, AYearWithoutAnimalsIsZeroInAllTables) {
-  PopulationStore store = numbered_store(small_kennel);
+  const Colours colours = colours_of({"red", "Onbekend"});
+  PopulationStore store = numbered_store(small_kennel, {.colours = colours});
   store.has_import = store.has_colour = store.has_breeder = true;
-  const Monitored run = monitored(store, colours_of({"red", "Onbekend"}),
-                                  breeders_with("Smit                Vos                 ", 2, 2));
+  const Monitored run = monitored(store, colours, breeders_with("Smit                Vos                 ", 2, 2));
   constexpr Row row = 5;  // 2002
   EXPECT_EQ(parents_of(run.tables, row), Counts(6, 0));
   EXPECT_EQ(offspring_of(run.tables, row), Reals(6, 0.0F));
@@ -181,8 +180,8 @@ TEST(MonitorPopulation, ImportPairsOnlyWithAnImportColumn) {
 }
 
 TEST(MonitorPopulation, ColoursOnlyWithAColourColumn) {
-  PopulationStore store = numbered_store(small_kennel);
   const Colours colours = colours_of({"red", "black", "Onbekend"});
+  PopulationStore store = numbered_store(small_kennel, {.colours = colours});
   EXPECT_EQ(row_of(monitored(store, colours).tables.colour_counts, 4), (Counts{0}));
   store.has_colour = true;
   const MonitorTables tables = monitored(store, colours).tables;
@@ -193,9 +192,10 @@ TEST(MonitorPopulation, ColoursOnlyWithAColourColumn) {
 }
 
 TEST(MonitorPopulation, AColourThatIsNotListedCountsInTheLastColumnOnly) {
-  PopulationStore store = numbered_store("2000 colour=niet_erkend\n2000 colour=Onbekend\n");
+  const Colours colours = colours_of({"Onbekend"});
+  PopulationStore store = numbered_store("2000 colour=niet_erkend\n2000 colour=Onbekend\n", {.colours = colours});
   store.has_colour = true;
-  EXPECT_EQ(row_of(monitored(store).tables.colour_counts, 1), (Counts{1, 1}));
+  EXPECT_EQ(row_of(monitored(store, colours).tables.colour_counts, 1), (Counts{1, 1}));
 }
 
 TEST(MonitorPopulation, TopBreedersAreEntriesOfTwentyCharacters) {

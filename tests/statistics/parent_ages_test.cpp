@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -115,8 +116,8 @@ TEST(OldestParents, OfSomeAnimalsOnly) {
   PopulationStore store = numbered_store("2000 m\n2000\n2002\n2005\n2000\n2000\n");
   const std::int32_t sire_ages[] = {-1, -1, 730, 1825, -400, -800};
   for (std::int32_t position = 1; position <= 6; ++position) {
-    store.at(position).sire_age_days = sire_ages[position - 1];
-    store.at(position).dam_age_days = -1;
+    store.sire_age_days[position] = sire_ages[position - 1];
+    store.dam_age_days[position] = -1;
   }
   EXPECT_EQ(find_oldest_parents(store, Positions{3, 5}).of(male), 2);
   EXPECT_EQ(find_oldest_parents(store, all_positions(store)).of(male), 5);
@@ -157,10 +158,8 @@ using Counts = std::vector<std::int32_t>;
 /// Counts animals whose parents have these ages, in one year.
 ParentAgeClasses classes_of(const Counts& sire_ages, const Counts& dam_ages, const OldestParents& oldest) {
   PopulationStore store = store_of_parents(std::vector<ParentPair>(sire_ages.size()));
-  for (std::size_t i = 0; i < store.animals.size(); ++i) {
-    store.animals[i].sire_age_days = sire_ages[i];
-    store.animals[i].dam_age_days = dam_ages[i];
-  }
+  std::ranges::copy(sire_ages, store.sire_age_days.values.begin() + 1);
+  std::ranges::copy(dam_ages, store.dam_age_days.values.begin() + 1);
   ParentAgeClasses classes = make_age_classes(store.birth_years, oldest);
   parent_age_statistics(store, all_positions(store), 1, classes);
   return classes;

@@ -33,6 +33,11 @@ constexpr auto cattle =
 
 constexpr std::int32_t polled = 1, horned = 2, highland = 3;
 
+/// What a store of these tests looks up.
+LookedUpNames cattle_names() {
+  return {names_of<Subpopulations>({"Polled", "Horned", "Highland"}), names_of<Colours>({"red", "Onbekend"})};
+}
+
 struct TypeRun {
   Lines console;
   std::optional<Block> block;
@@ -59,10 +64,7 @@ YearTable<float> kinship_with(const BirthYears& years, const TypeCase& c) {
 
 /// The one place where these tests call the pass.
 TypeRun run_type(PopulationStore store, const TypeCase& c) {
-  const auto subpopulations = names_of<Subpopulations>({"Polled", "Horned", "Highland"});
-  const auto colours = names_of<Colours>({"red", "Onbekend"});
-  number_subpopulations(store, subpopulations);
-  number_colours(store, colours);
+  const auto [subpopulations, colours] = cattle_names();
   TextOutput ignored, console = output_in(c.english);
   determine_parent_ages(store, ignored);
   determine_completeness(store);
@@ -74,7 +76,7 @@ TypeRun run_type(PopulationStore store, const TypeCase& c) {
 }
 
 TypeRun run_cattle(std::int32_t number, bool english = true) {
-  return run_type(numbered_store(cattle), {.number = number, .english = english});
+  return run_type(numbered_store(cattle, cattle_names()), {.number = number, .english = english});
 }
 
 TEST(TypePassConsole, English) {
@@ -107,14 +109,14 @@ TEST(TypePassConsole, ASubpopulationWithoutAnimals) {
 }
 
 TEST(TypePassConsole, NamesMustBeExactlyEqual) {
-  const TypeRun run = run_type(numbered_store("2000 sub=polled\n2000 sub=Polled_x\n2000 sub=_Polled\n"),
+  const TypeRun run = run_type(numbered_store("2000 sub=polled\n2000 sub=Polled_x\n2000 sub=_Polled\n", cattle_names()),
                                {.number = polled, .F = {0.0F}, .f = {0.0F}});
   EXPECT_EQ(run.console.back(), " No animals present with breed code Polled              ");
 }
 
 TEST(TypePassConsole, OldestParentsMayBeYoungerThanAYear) {
-  const TypeRun run =
-      run_type(numbered_store("2000 m\n2000-12-1 s=1 sub=Polled\n"), {.number = polled, .F = {0.0F}, .f = {0.0F}});
+  const TypeRun run = run_type(numbered_store("2000 m\n2000-12-1 s=1 sub=Polled\n", cattle_names()),
+                               {.number = polled, .F = {0.0F}, .f = {0.0F}});
   EXPECT_EQ(run.console[1], " maxages =            0           0");
 }
 
@@ -125,7 +127,8 @@ TEST(TypePass, TheBlockHasTheNameWithItsBlanks) {
 TEST(TypePass, InbreedingAndRatesAreThoseOfTheSubpopulationsOwnColumns) {
   // Generation interval 2. F: 1 - (0.6 / 0.9)^(1/4) = 0.0963980; f: 1 - (0.75 / 0.8)^(1/4) = 0.0160052. Slopes on the
   // plain values with x mean 10 / 4 = 2: 0.5 / 6 and 0.175 / 6, with their sign.
-  const TypeRun run = run_type(numbered_store(cattle), {.F = {0.1F, 0.2F, 0.3F, 0.4F}, .f = {0.2F, 0.1F, 0.3F, 0.25F}});
+  const TypeRun run =
+      run_type(numbered_store(cattle, cattle_names()), {.F = {0.1F, 0.2F, 0.3F, 0.4F}, .f = {0.2F, 0.1F, 0.3F, 0.25F}});
   const Block& block = *run.block;
   EXPECT_EQ(block.inbreeding.of(2).F, 0.2F);
   EXPECT_EQ(block.inbreeding.of(2).f_with_self, 0.1F);
@@ -148,7 +151,7 @@ BreederList slots_of(std::string text, std::int32_t breeder_count, std::int32_t 
 
 TEST(TypePassTables, TopBreedersAreSlotsOfSevenCharacters) {
   // Slots: blank, "Bakker ", "      D". As entries of 20 the first would be "       Bakker".
-  PopulationStore store = numbered_store(cattle);
+  PopulationStore store = numbered_store(cattle, cattle_names());
   store.has_breeder = true;
   const TypeRun run =
       run_type(store, {.breeders = slots_of("       Bakker       De Groot            Jansen              ", 3, 3)});
@@ -160,7 +163,7 @@ TEST(TypePassTables, TopBreedersAreSlotsOfSevenCharacters) {
 }
 
 TEST(TypePassTables, ABlankSlotCountsTheMembersWithoutBreeder) {
-  PopulationStore store = numbered_store(cattle);
+  PopulationStore store = numbered_store(cattle, cattle_names());
   store.has_breeder = true;
   const TypeRun run = run_type(
       store,
@@ -171,7 +174,7 @@ TEST(TypePassTables, ABlankSlotCountsTheMembersWithoutBreeder) {
 }
 
 TEST(TypePassTables, ColoursOfTheMembersOnly) {
-  PopulationStore store = numbered_store(cattle);
+  PopulationStore store = numbered_store(cattle, cattle_names());
   store.has_colour = true;
   const TypeRun run = run_type(store, {});
   const YearTable<std::int32_t>& counts = run.block->tables.colour_counts;
@@ -206,8 +209,9 @@ TEST(TypePassTables, AgeClassesHaveTheWidthOfTheMembersOldestParents) {
 }
 
 TEST(TypePassTables, ImportPairsOfMembersWithParentsElsewhere) {
-  PopulationStore store = numbered_store(cattle);
-  store.at(1).is_import = true;
+  std::vector<AnimalRecord> animals = numbered_records(cattle);
+  animals[0].is_import = true;
+  PopulationStore store = finished_store_of(animals, cattle_names());
   store.has_import = true;
   const TypeRun run = run_type(store, {});
   const ImportPairs pairs = run.block->tables.import_pairs.of(3);

@@ -54,65 +54,60 @@ void apply_word(AnimalRecord& animal, const std::string& word) {
   }
 }
 
-void finish(PopulationStore& store) {
-  store.animal_count = static_cast<std::int32_t>(store.animals.size());
-  for (std::int32_t position = 1; position <= store.animal_count; ++position) {
-    store.at(position).number = position;
-    store.at(position).id.assign("a" + std::to_string(position));
-    store.at(position).name.assign("name " + std::to_string(position));
+void finish(std::vector<AnimalRecord>& animals) {
+  std::int32_t number = 0;
+  for (AnimalRecord& animal : animals) {
+    ++number;
+    animal.id.assign("a" + std::to_string(number));
+    animal.name.assign("name " + std::to_string(number));
   }
-  count_all_offspring(store);
-  store.birth_years = birth_years_of(store.animals);
+  count_all_offspring(animals);
 }
 
 }  // namespace
 
-PopulationStore numbered_store(std::string_view text) {
-  PopulationStore store;
+std::vector<AnimalRecord> numbered_records(std::string_view text) {
+  std::vector<AnimalRecord> animals;
   for (const std::string& line : lines_of(text)) {
     std::istringstream words(line);
-    AnimalRecord& animal = store.animals.emplace_back();
+    AnimalRecord& animal = animals.emplace_back();
     for (std::string word; words >> word;) apply_word(animal, word);
   }
-  finish(store);
-  return store;
+  finish(animals);
+  return animals;
+}
+
+PopulationStore numbered_store(std::string_view text, const LookedUpNames& names) {
+  return finished_store_of(numbered_records(text), names);
 }
 
 PopulationStore store_of_parents(std::span<const ParentPair> parents) {
-  PopulationStore store;
-  store.animals.resize(parents.size());
+  std::vector<AnimalRecord> animals(parents.size());
   for (std::size_t i = 0; i < parents.size(); ++i) {
-    store.animals[i].sire_no = parents[i].sire;
-    store.animals[i].dam_no = parents[i].dam;
-    store.animals[i].birth_year = 2000;
+    animals[i].sire_no = parents[i].sire;
+    animals[i].dam_no = parents[i].dam;
+    animals[i].birth_year = 2000;
   }
-  finish(store);
-  return store;
+  finish(animals);
+  return finished_store_of(animals);
 }
 
-void count_all_offspring(PopulationStore& store) {
-  for (AnimalRecord& animal : store.animals) {
+void count_all_offspring(std::span<AnimalRecord> animals) {
+  for (AnimalRecord& animal : animals) {
     animal.offspring_count = animal.native_offspring_count = 0;
-    animal.is_native_parent = false;
+    animal.is_parent = animal.is_native_parent = false;
   }
-  for (const AnimalRecord& animal : store.animals) {
+  for (const AnimalRecord& animal : animals) {
     for (const std::int32_t parent_no : {animal.sire_no, animal.dam_no}) {
       if (parent_no == 0) continue;
-      AnimalRecord& parent = store.at(parent_no);
+      AnimalRecord& parent = animals[static_cast<std::size_t>(parent_no) - 1];
       ++parent.offspring_count;
+      parent.is_parent = true;
       if (animal.is_import) continue;
       ++parent.native_offspring_count;
       parent.is_native_parent = true;
     }
   }
-}
-
-void number_subpopulations(PopulationStore& store, const Subpopulations& subpopulations) {
-  for (AnimalRecord& animal : store.animals) animal.subpopulation_no = subpopulations.number_of(animal.subpopulation);
-}
-
-void number_colours(PopulationStore& store, const Colours& colours) {
-  for (AnimalRecord& animal : store.animals) animal.colour_no = colours.number_of(animal.colour);
 }
 
 std::vector<std::int32_t> from_to(std::int32_t first, std::int32_t last) {

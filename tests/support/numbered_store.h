@@ -12,6 +12,7 @@
 #include "pedigree/data_file_layout.h"
 #include "pedigree/population_store.h"
 #include "support/lines.h"
+#include "support/store_builder.h"
 
 namespace pedigreewatch::test {
 
@@ -21,8 +22,11 @@ namespace pedigreewatch::test {
 ///   s=3 d=4                   positions of the parents
 ///   import
 ///   colour=.. breeder=.. sub=..   texts, "_" standing for a blank
-/// Offspring are counted from the parents given.
-PopulationStore numbered_store(std::string_view text);
+/// Offspring are counted from the parents given. All columns are there (see finished_store_of).
+PopulationStore numbered_store(std::string_view text, const LookedUpNames& names = {});
+
+/// The records of such a store, for tests that set more than the lines can say; finished_store_of makes the store.
+std::vector<AnimalRecord> numbered_records(std::string_view text);
 
 struct ParentPair {
   std::int32_t sire = 0, dam = 0;
@@ -32,11 +36,7 @@ struct ParentPair {
 PopulationStore store_of_parents(std::span<const ParentPair> parents);
 
 /// Fills the offspring counts and parent marks from `sire_no` and `dam_no`.
-void count_all_offspring(PopulationStore& store);
-
-/// Gives every animal the number of its subpopulation, or of its colour, as reading the data file does.
-void number_subpopulations(PopulationStore& store, const Subpopulations& subpopulations);
-void number_colours(PopulationStore& store, const Colours& colours);
+void count_all_offspring(std::span<AnimalRecord> animals);
 
 /// A list of these names, in this order: of subpopulations, colours or breeders.
 template <typename List>

@@ -24,15 +24,15 @@ ReadRun read_text(std::string_view data, const TestLayout& settings) {
   LineReader reader;
   reader.name = "dogs.txt";
   reader.text = data;
-  allocate_records(run.store, static_cast<std::int32_t>(lines_of(data).size()) - 1);
-  run.has_stopped = stops([&] { read_data_file(reader, settings, run.store, run.streams); });
+  const auto record_count = static_cast<std::int32_t>(lines_of(data).size()) - 1;
+  run.has_stopped = stops([&] { read_data_file(reader, record_count, settings, run.store, run.streams); });
   return run;
 }
 
 void link_and_sort(PopulationStore& store, RunStreams& streams) {
   TextOutput missing_parents;
-  const auto index = append_missing_parents(store, missing_parents);
-  link_parents(store, index, streams);
+  append_missing_parents(store, missing_parents);
+  link_parents(store, streams);
 }
 
 }  // namespace pedigreewatch::test

@@ -25,7 +25,7 @@ struct ReadRun {
   bool has_stopped = false;
 };
 
-/// Counts the lines of `data`, a file named "dogs.txt", allocates the store and reads the records.
+/// Counts the lines of `data`, a file named "dogs.txt", and reads the records.
 ReadRun read_text(std::string_view data, const TestLayout& settings);
 
 /// Appends the missing parents, links and sorts. `streams` gets what the linkage and the sort print.

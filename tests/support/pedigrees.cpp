@@ -11,9 +11,8 @@
 
 namespace pedigreewatch::test {
 
-PopulationStore animals_from_text(std::string_view text) {
-  PopulationStore store;
-  allocate_records(store, 0);
+std::vector<AnimalRecord> records_from_text(std::string_view text) {
+  std::vector<AnimalRecord> animals;
   for (const std::string& line : lines_of(text)) {
     std::istringstream words(line);
     AnimalRecord animal;
@@ -27,21 +26,24 @@ PopulationStore animals_from_text(std::string_view text) {
     animal.birth_year = std::stoi(year);
     if (subpopulation != "-") animal.subpopulation.assign(subpopulation);
     animal.is_import = import == "import";
-    store.animals.push_back(animal);
+    animals.push_back(animal);
   }
-  store.animal_count = static_cast<std::int32_t>(store.animals.size());
-  store.birth_years = birth_years_of(store.animals);
-  return store;
+  return animals;
 }
 
-PopulationStore pedigree_from_text(std::string_view text) {
-  PopulationStore store = animals_from_text(text);
+PopulationStore animals_from_text(std::string_view text, const LookedUpNames& names) {
+  return store_of(records_from_text(text), names);
+}
+
+PopulationStore pedigree_from_text(std::string_view text, const LookedUpNames& names) {
+  PopulationStore store = animals_from_text(text, names);
   RunStreams streams;
   link_and_sort(store, streams);
   return store;
 }
 
-PopulationStore random_pedigree(std::uint64_t seed, std::int32_t count, std::int32_t years) {
+PopulationStore random_pedigree(std::uint64_t seed, std::int32_t count, std::int32_t years,
+                                const LookedUpNames& names) {
   RandomNumbers random{seed};
   std::string text;
   std::string sire = "0", dam = "0";
@@ -62,26 +64,26 @@ PopulationStore random_pedigree(std::uint64_t seed, std::int32_t count, std::int
             std::to_string(year) + " " + (random.below(8) == 0 ? "-" : "type" + std::to_string(random.below(3))) +
             (random.below(12) == 0 ? " import\n" : "\n");
   }
-  return pedigree_from_text(text);
+  return pedigree_from_text(text, names);
 }
 
-const AnimalRecord& animal_named(const PopulationStore& store, std::string_view id) {
-  for (const AnimalRecord& animal : store.animals) {
-    if (animal.id == id) return animal;
+AnimalRecord animal_named(const PopulationStore& store, std::string_view id) {
+  for (std::int32_t position = 1; position <= store.animal_count; ++position) {
+    if (store.id(position) == id) return store.at(position);
   }
   ADD_FAILURE() << "no animal " << id;
-  static const AnimalRecord nobody;
-  return nobody;
+  return {};
 }
 
 std::vector<std::vector<double>> tabular_relationships(const PopulationStore& store) {
-  const std::size_t size = store.animals.size();
+  const std::vector<AnimalRecord> animals = records_of(store);
+  const std::size_t size = animals.size();
   std::vector<std::vector<double>> a(size, std::vector<double>(size, 0.0));
   const auto entry = [&](std::int32_t parent, std::size_t other) {
     return parent == 0 ? 0.0 : a[static_cast<std::size_t>(parent) - 1][other];
   };
   for (std::size_t i = 0; i < size; ++i) {
-    const AnimalRecord& animal = store.animals[i];
+    const AnimalRecord& animal = animals[i];
     for (std::size_t j = 0; j < i; ++j) {
       a[i][j] = a[j][i] = 0.5 * (entry(animal.sire_no, j) + entry(animal.dam_no, j));
     }

@@ -18,16 +18,16 @@ float plain_inbreeding_sum(const PlainCohort& cohort, const PlainGroup& group) {
 std::vector<double> plain_relationship_row(const PopulationStore& store, std::int32_t x) {
   const auto at = [](std::int32_t number) { return static_cast<std::size_t>(number); };
   std::vector<double> weights(at(x) + 1, 0.0), row(at(x) + 1, 0.0), parent_f(at(x) + 1, 0.0);
-  for (std::int32_t j = 1; j <= x; ++j) parent_f[at(j)] = static_cast<double>(store.at(j).inbreeding);
+  for (std::int32_t j = 1; j <= x; ++j) parent_f[at(j)] = static_cast<double>(store.inbreeding[j]);
   weights[at(x)] = 1.0;
   for (std::int32_t j = x; j >= 1; --j) {
     if (!(weights[at(j)] > 0.0)) continue;
-    const std::int32_t s = store.at(j).sire_no, d = store.at(j).dam_no;
+    const std::int32_t s = store.sire_no[j], d = store.dam_no[j];
     if (s != 0) weights[at(s)] += 0.5 * weights[at(j)];
     if (d != 0) weights[at(d)] += 0.5 * weights[at(j)];
   }
   for (std::int32_t j = 1; j <= x; ++j) {
-    const std::int32_t s = store.at(j).sire_no, d = store.at(j).dam_no;
+    const std::int32_t s = store.sire_no[j], d = store.dam_no[j];
     row[at(j)] = 0.5 * ((s != 0 ? row[at(s)] : 0.0) + (d != 0 ? row[at(d)] : 0.0));
     if (!(weights[at(j)] > 0.0)) continue;
     const double unknown = (s == 0 ? 1.0 : 0.0) + (d == 0 ? 1.0 : 0.0);
@@ -39,7 +39,7 @@ std::vector<double> plain_relationship_row(const PopulationStore& store, std::in
 PlainCohort plain_cohort(const PopulationStore& store, std::int32_t year) {
   PlainCohort cohort{store, {}, {}};
   for (std::int32_t position = 1; position <= store.animal_count; ++position) {
-    if (store.at(position).birth_year == year) cohort.animals.push_back(position);
+    if (store.birth_year[position] == year) cohort.animals.push_back(position);
   }
   const std::size_t size = cohort.animals.size();
   cohort.matrix.assign(size, std::vector<float>(size, 0.0F));

@@ -18,7 +18,7 @@ struct PlainCohort {
   std::vector<std::int32_t> animals;       ///< positions
   std::vector<std::vector<float>> matrix;  ///< by place in `animals`, counted from 0
 
-  const AnimalRecord& at(std::size_t place) const { return store.at(animals[place]); }
+  AnimalRecord at(std::size_t place) const { return store.at(animals[place]); }
 };
 
 PlainCohort plain_cohort(const PopulationStore& store, std::int32_t year);

@@ -27,9 +27,8 @@ struct Walk {
         ancestor_link(at(i) + 2, 0) {
     f[0] = -1.0F;
     for (std::int32_t j = 1; j <= i; ++j) {
-      const AnimalRecord& animal = store.at(j);
-      lower_parent[at(j)] = std::min(animal.sire_no, animal.dam_no);
-      higher_parent[at(j)] = std::max(animal.sire_no, animal.dam_no);
+      lower_parent[at(j)] = std::min(store.sire_no[j], store.dam_no[j]);
+      higher_parent[at(j)] = std::max(store.sire_no[j], store.dam_no[j]);
       if (j < i) f[at(j)] = inbreeding[at(j) - 1];
     }
   }
@@ -72,10 +71,10 @@ float reference_walk(const PopulationStore& store, const std::vector<float>& inb
 }
 
 std::vector<float> reference_inbreeding(const PopulationStore& store) {
-  std::vector<float> inbreeding(store.animals.size(), 0.0F);
+  std::vector<float> inbreeding(store.size(), 0.0F);
   std::int32_t previous_sire = -1, previous_dam = -1;
-  for (std::int32_t i = 1; i <= static_cast<std::int32_t>(store.animals.size()); ++i) {
-    const std::int32_t s = store.at(i).sire_no, d = store.at(i).dam_no;
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    const std::int32_t s = store.sire_no[i], d = store.dam_no[i];
     if (s == 0 || d == 0) {
       inbreeding[at(i) - 1] = 0.0F;
     } else if (s == previous_sire && d == previous_dam) {

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -15,6 +16,7 @@
 #include "core/year_table.h"
 #include "reports/report_lines.h"
 #include "support/lines.h"
+#include "support/store_builder.h"
 #include "support/streams.h"
 
 namespace pedigreewatch::test {
@@ -48,6 +50,12 @@ struct ReportSheet {
   BreederList breeders;
 
   ReportSheet(const BirthYears& years, bool english) : output(output_in(english)), nouns(cattle_nouns(english)) {
+    store.birth_years = years;
+  }
+  /// Puts these animals into the store; its years stay.
+  void hold(std::span<const AnimalRecord> animals) {
+    const BirthYears years = store.birth_years;
+    store = finished_store_of(animals);
     store.birth_years = years;
   }
   ReportFrame frame() { return {output, store, nouns, subpopulation_names, colour_names, breeders}; }
