@@ -19,7 +19,7 @@ struct AncestorPedigree {
   std::int32_t count() const { return position.last(); }
 };
 
-/// Builds the pedigree from `sire_no`, `dam_no` and `offspring_count`. A parent that does not stand before its
+/// Builds the pedigree from `sire_no`, `dam_no` and `is_parent`. A parent that does not stand before its
 /// offspring, which only an unfinished sort can leave behind, is left out.
 AncestorPedigree make_ancestor_pedigree(const PopulationStore& store);
 
