@@ -15,7 +15,6 @@ AnimalRecord busiest_bull() {
   animal.id.assign("NL-0001");
   animal.birth_year = 1985;
   animal.native_offspring_count = 1234;
-  animal.offspring_count = 9999;
   return animal;
 }
 AnimalRecord busiest_cow() {
@@ -24,7 +23,6 @@ AnimalRecord busiest_cow() {
   animal.id.assign("NL-0002");
   animal.birth_year = 1990;
   animal.native_offspring_count = 17;
-  animal.offspring_count = 8888;
   return animal;
 }
 

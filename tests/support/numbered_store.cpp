@@ -94,14 +94,13 @@ PopulationStore store_of_parents(std::span<const ParentPair> parents) {
 
 void count_all_offspring(std::span<AnimalRecord> animals) {
   for (AnimalRecord& animal : animals) {
-    animal.offspring_count = animal.native_offspring_count = 0;
+    animal.native_offspring_count = 0;
     animal.is_parent = animal.is_native_parent = false;
   }
   for (const AnimalRecord& animal : animals) {
     for (const std::int32_t parent_no : {animal.sire_no, animal.dam_no}) {
       if (parent_no == 0) continue;
       AnimalRecord& parent = animals[static_cast<std::size_t>(parent_no) - 1];
-      ++parent.offspring_count;
       parent.is_parent = true;
       if (animal.is_import) continue;
       ++parent.native_offspring_count;

@@ -42,7 +42,6 @@ PopulationStore finished_store_of(std::span<const AnimalRecord> records, const L
   store.sire_no = column_of<std::int32_t>(records, &AnimalRecord::sire_no);
   store.dam_no = column_of<std::int32_t>(records, &AnimalRecord::dam_no);
   store.is_parent = column_of<Flag>(records, &AnimalRecord::is_parent);
-  store.offspring_count = column_of<std::int32_t>(records, &AnimalRecord::offspring_count);
   store.native_offspring_count = column_of<std::int32_t>(records, &AnimalRecord::native_offspring_count);
   store.sire_age_days = column_of<std::int32_t>(records, &AnimalRecord::sire_age_days);
   store.dam_age_days = column_of<std::int32_t>(records, &AnimalRecord::dam_age_days);
