@@ -1,14 +1,39 @@
 #include "control/population_analysis.h"
 
+#include <string_view>
 #include <utility>
 
 #include "control/report_size.h"
 #include "genetics/ancestor_pedigree.h"
 #include "genetics/inbreeding.h"
+#include "pedigree/line_count.h"
+#include "pedigree/parent_linkage.h"
+#include "pedigree/record_reading.h"
+#include "statistics/missing_parents.h"
 #include "statistics/monitor_pass.h"
+#include "statistics/type_pass.h"
 
 namespace pedigreewatch {
+namespace {
 
+/// The store as the data file gives it.
+PopulationStore read_store(LineReader& data, const SteerSettings& settings, RunStreams& streams) {
+  begin_phase(streams.phase_times, "counting lines");
+  const std::int32_t line_count = count_lines(data, streams);
+  begin_phase(streams.phase_times, "reading records");
+  PopulationStore store = read_population(data, line_count, settings.layout, streams);
+  check_year_span(store, data.name, streams);
+  return store;
+}
+
+void complete_pedigree(PopulationStore& store, RunStreams& streams) {
+  begin_phase(streams.phase_times, "missing parents");
+  append_missing_parents(store, streams.console);  // `animal_count` is final
+  begin_phase(streams.phase_times, "linking and sorting");
+  link_parents(store, streams);  // parents stand before their offspring
+}
+
+/// Groups the animals by year and, with more than one subpopulation, scans those.
 Analysis begin_analysis(const PopulationStore& store, const SteerSettings& settings, TextOutput& console) {
   const Subpopulations& subpopulations = settings.layout.subpopulations;
   Analysis analysis;
@@ -19,32 +44,71 @@ Analysis begin_analysis(const PopulationStore& store, const SteerSettings& setti
   return analysis;
 }
 
-MonitorTables compute_statistics(PopulationStore& store, const SteerSettings& settings, const BreederList& breeders,
-                                 std::string_view data_file, Analysis& analysis, RunStreams& streams) {
+/// Fills the parents' ages and the completeness of every animal, and everything that is counted; yields the yearly
+/// tables, which become part of the block. Dates that would make an endless report stop the run with a message that
+/// names `data_file`.
+MonitorTables compute_statistics(AnalysedPopulation& population, std::string_view data_file, RunStreams& streams) {
+  PopulationStore& store = population.store;
+  Analysis& analysis = population.analysis;
   const OldestParents oldest = determine_parent_ages(store, streams.console);
   check_parent_ages(store, oldest, data_file, streams);
   determine_completeness(store);
-  MonitorTables tables =
-      monitor_population(store, analysis.years, settings.layout.colours, breeders, oldest, streams.console);
+  MonitorTables tables = monitor_population(store, analysis.years, population.settings.layout.colours,
+                                            population.breeders, oldest, streams.console);
   WholeExtras& extras = analysis.extras;
   extras.top_sires = compute_top_sires(store, analysis.years, streams.console);
   extras.summary = summarise_population(store.birth_years, tables, extras.top_sires);
   return tables;
 }
 
-void compute_genetics(PopulationStore& store, const SteerSettings& settings, MonitorTables tables, Analysis& analysis,
-                      RunStreams& streams) {
+/// Fills F of every animal and kinship per year, and makes the block from the tables and the rates.
+void compute_genetics(AnalysedPopulation& population, MonitorTables tables, RunStreams& streams) {
+  PopulationStore& store = population.store;
+  Analysis& analysis = population.analysis;
   begin_phase(streams.phase_times, "inbreeding");
   const AncestorPedigree ancestors = make_ancestor_pedigree(store);
   compute_inbreeding(store, ancestors, streams.console);
   begin_phase(streams.phase_times, "kinship per year");
-  YearlyInbreeding inbreeding =
-      compute_kinship_by_year(store, ancestors, analysis.years, settings.layout.subpopulations, streams.console);
+  YearlyInbreeding inbreeding = compute_kinship_by_year(store, ancestors, analysis.years,
+                                                        population.settings.layout.subpopulations, streams.console);
   echo_inbreeding(inbreeding.whole, streams.console);
   const RateSummary rates = compute_rates(inbreeding.whole, store.birth_years.count);
-  analysis.whole = make_block(store, {settings.population_name.full(), all_positions(store), std::move(tables),
-                                      std::move(inbreeding.whole), rates});
+  analysis.whole = make_block(store, {population.settings.population_name.full(), all_positions(store),
+                                      std::move(tables), std::move(inbreeding.whole), rates});
   analysis.extras.kinship = std::move(inbreeding.by_subpopulation);
+}
+
+}  // namespace
+
+AnalysedPopulation analyse_population(SteerSettings settings, LineReader& data, RunStreams& streams) {
+  AnalysedPopulation population;
+  population.settings = std::move(settings);
+  PopulationStore& store = population.store;
+  store = read_store(data, population.settings, streams);  // the birth years never change from here on
+  begin_phase(streams.phase_times, "breeders");
+  population.breeders = store.has_breeder ? list_breeders(store, streams.console) : no_breeders();
+  complete_pedigree(store, streams);
+  begin_phase(streams.phase_times, "subpopulation scan");
+  population.analysis = begin_analysis(store, population.settings, streams.console);
+  begin_phase(streams.phase_times, "yearly statistics");
+  MonitorTables tables = compute_statistics(population, data.name, streams);
+  compute_genetics(population, std::move(tables), streams);  // the block is complete
+  return population;
+}
+
+std::vector<Block> analyse_subpopulations(const AnalysedPopulation& population, TextOutput& console) {
+  std::vector<Block> blocks;
+  const DataFileLayout& layout = population.settings.layout;
+  const Subpopulations& subpopulations = layout.subpopulations;
+  if (subpopulations.count() <= 1) return blocks;
+  const auto members = animals_by_subpopulation(population.store, subpopulations);
+  for (std::int32_t s = 1; s <= subpopulations.count(); ++s) {
+    const BreedType type = {s, subpopulations.names.at(s), members[subpopulations.first_numbers.at(s)]};
+    auto block = run_type_pass(population.store, type, layout.colours, population.breeders,
+                               population.analysis.extras.kinship, console);
+    if (block) blocks.push_back(std::move(*block));
+  }
+  return blocks;
 }
 
 }  // namespace pedigreewatch

@@ -1,9 +1,11 @@
-// Everything that is computed for the whole population.
+// Everything that is computed for a population, from its data file to the last figure, with nothing written: the
+// report, the page, the tables and the matings are made from the same values.
 #pragma once
 
-#include <string_view>
+#include <vector>
 
 #include "control/steer_settings.h"
+#include "core/line_reader.h"
 #include "core/run_streams.h"
 #include "pedigree/population_store.h"
 #include "pedigree/year_groups.h"
@@ -12,23 +14,25 @@
 
 namespace pedigreewatch {
 
+/// Everything that is computed for the whole population.
 struct Analysis {
   YearGroups years;  ///< the animals of each year, in the final order of the store
   Block whole;
   WholeExtras extras;
 };
 
-/// Groups the animals by year and, with more than one subpopulation, scans those.
-Analysis begin_analysis(const PopulationStore& store, const SteerSettings& settings, TextOutput& console);
+struct AnalysedPopulation {
+  SteerSettings settings;
+  PopulationStore store;  ///< parents before their offspring, with F, ages and completeness of every animal
+  BreederList breeders;
+  Analysis analysis;
+};
 
-/// Fills the parents' ages and the completeness of every animal, and everything that is counted; yields the yearly
-/// tables, which become part of the block. Dates that would make an endless report stop the run with a message that
-/// names `data_file`.
-MonitorTables compute_statistics(PopulationStore& store, const SteerSettings& settings, const BreederList& breeders,
-                                 std::string_view data_file, Analysis& analysis, RunStreams& streams);
+/// Reads the data file and computes everything. Progress goes to the console; data that no report can be made of stop
+/// the run with a message, a loop in the pedigree also with its animals on the console and in the report.
+AnalysedPopulation analyse_population(SteerSettings settings, LineReader& data, RunStreams& streams);
 
-/// Fills F of every animal and kinship per year, and makes the block from the tables and the rates.
-void compute_genetics(PopulationStore& store, const SteerSettings& settings, MonitorTables tables, Analysis& analysis,
-                      RunStreams& streams);
+/// The blocks of the subpopulations that have animals, in the order of the steer file; none with fewer than two names.
+std::vector<Block> analyse_subpopulations(const AnalysedPopulation& population, TextOutput& console);
 
 }  // namespace pedigreewatch

@@ -1,27 +1,21 @@
-// The phases of a run in their order. Every phase works on the one store of animals, which from the sort on has
-// parents before their offspring; the figures of the report are computed once and handed on by reference.
+// The phases of a run in their order: its files are opened, everything is computed from them, the report is written.
+// What is computed, and in which order, stands in population_analysis.cpp.
 
 #include "control/run_driver.h"
 
 #include <array>
 #include <string>
-#include <utility>
 
 #include "control/missing_file.h"
 #include "control/population_analysis.h"
 #include "control/report_file.h"
-#include "control/report_size.h"
 #include "control/run_ending.h"
 #include "control/steer_file.h"
 #include "control/subpopulation_blocks.h"
 #include "core/line_reader.h"
 #include "core/line_writer.h"
 #include "core/wording.h"
-#include "pedigree/line_count.h"
-#include "pedigree/parent_linkage.h"
-#include "pedigree/record_reading.h"
 #include "reports/report.h"
-#include "statistics/missing_parents.h"
 
 namespace pedigreewatch {
 namespace {
@@ -54,23 +48,6 @@ std::array<std::string, 2> input_files_of(const LineReader& data) {
   return {std::string(steer_file_name), data.name};
 }
 
-/// The store as the data file gives it.
-PopulationStore read_store(LineReader& data, const SteerSettings& settings, RunStreams& streams) {
-  begin_phase(streams.phase_times, "counting lines");
-  const std::int32_t line_count = count_lines(data, streams);
-  begin_phase(streams.phase_times, "reading records");
-  PopulationStore store = read_population(data, line_count, settings.layout, streams);
-  check_year_span(store, data.name, streams);
-  return store;
-}
-
-void complete_pedigree(PopulationStore& store, RunStreams& streams) {
-  begin_phase(streams.phase_times, "missing parents");
-  append_missing_parents(store, streams.console);  // `animal_count` is final
-  begin_phase(streams.phase_times, "linking and sorting");
-  link_parents(store, streams);  // parents stand before their offspring
-}
-
 /// The phases.
 void run_phases(RunStreams& streams) {
   const SteerSettings settings = read_steer_file(streams);
@@ -78,19 +55,11 @@ void run_phases(RunStreams& streams) {
   LineReader data = open_data_file(settings, streams);
   open_report(std::string(settings.report_file_name.trimmed()), input_files_of(data), streams);
 
-  PopulationStore store = read_store(data, settings, streams);  // the birth years never change from here on
-  begin_phase(streams.phase_times, "breeders");
-  const BreederList breeders = store.has_breeder ? list_breeders(store, streams.console) : no_breeders();
-  complete_pedigree(store, streams);
-  begin_phase(streams.phase_times, "subpopulation scan");
-  Analysis analysis = begin_analysis(store, settings, streams.console);
-  begin_phase(streams.phase_times, "yearly statistics");
-  MonitorTables tables = compute_statistics(store, settings, breeders, data.name, analysis, streams);
-  compute_genetics(store, settings, std::move(tables), analysis, streams);  // the block is complete
-
-  const ReportFrame frame = {streams.report,        store,
+  AnalysedPopulation population = analyse_population(settings, data, streams);
+  Analysis& analysis = population.analysis;
+  const ReportFrame frame = {streams.report,        population.store,
                              settings.nouns,        settings.layout.subpopulations.names.entries,
-                             settings.colour_names, breeders};
+                             settings.colour_names, population.breeders};
   begin_phase(streams.phase_times, "report");
   write_report(frame, analysis.whole, analysis.extras);
   analysis.whole = {};

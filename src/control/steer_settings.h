@@ -13,8 +13,8 @@ namespace pedigreewatch {
 struct SteerSettings {
   FixedText<40> population_name;
   FixedText<30> data_file_name;
-  FixedText<30> report_file_name;  ///< the data file's name with "out" in place of its last three characters
-  DataFileLayout layout;           ///< of the data file, with the names that are looked up in it
+  FixedText<30> report_file_name;   ///< the data file's name with "out" in place of its last three characters
+  DataFileLayout layout;            ///< of the data file, with the names that are looked up in it
   std::int32_t species_index = 16;  ///< row of the species words, 1 to 16
   SpeciesNouns nouns;
   bool english = false;

@@ -1,4 +1,5 @@
-// How long and how wide a report may become: one mistyped date can ask for more than anybody can read or any disk holds.
+// How long and how wide a report may become: one mistyped date can ask for more than anybody can read or any disk
+// holds.
 #pragma once
 
 #include <cstdint>

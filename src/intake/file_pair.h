@@ -34,8 +34,8 @@ void abandon(NewFile& file);
 /// Files of these names are replaced only when that is allowed.
 bool finish_both(NewFile& first, NewFile& second, bool may_overwrite, FileProblem& problem);
 
-/// Ends the file and gives it its name, in place of an older one. When that fails nothing is changed, and `problem` says
-/// why.
+/// Ends the file and gives it its name, in place of an older one. When that fails nothing is changed, and `problem`
+/// says why.
 bool finish_file(NewFile& file, FileProblem& problem);
 
 /// Whether something of this name exists, also a link that leads nowhere.

@@ -56,9 +56,9 @@ struct AnimalRecord {
   std::int32_t dam_age_days = 0;            ///< mother's age at this birth in years of 365 days; -1: not determined
   std::int32_t sire_age_days = 0;           ///< likewise for the father
   std::int32_t native_offspring_count = 0;  ///< offspring in the store that is no import
-  float generation_equivalents = 0.0F;    ///< sum over known ancestors of 1/2 to the power of generations between
-  std::int32_t complete_generations = 0;  ///< generations in which every ancestor is known
-  float inbreeding = 0.0F;                ///< F
+  float generation_equivalents = 0.0F;      ///< sum over known ancestors of 1/2 to the power of generations between
+  std::int32_t complete_generations = 0;    ///< generations in which every ancestor is known
+  float inbreeding = 0.0F;                  ///< F
 };
 
 /// The columns have the names and meanings of the record's fields, each with an entry 0 for the unknown animal. Those

@@ -68,11 +68,12 @@ TEST(CheckParentAges, MessageNamesTheFirstAndTheLastYearWhenTheyAreManyYearsApar
   store.lines_before_records = 811;
   EXPECT_EQ(message_on(store, {.of_males = 20'001, .of_females = 0}).find("birth years"), std::string::npos);
   store.birth_years = {.first = 1999, .last = 2999, .count = 1001};
-  EXPECT_EQ(message_on(store, {.of_males = 20'001, .of_females = 0}),
-            "dogs.txt: fathers up to 20001 and mothers up to 0 years old (the oldest parent \"F1\" was born on "
-            "31-12-1999, line 812, its young \"Y1\" on 1-2-7000, line 813) and 1001 birth years (in the first one \"F1\" "
-            "was born on 31-12-1999, line 812, in the last one \"Z1\" on 1-1-2999, line 814): the tables of parents' "
-            "ages would have more than 20000000 figures\n");
+  EXPECT_EQ(
+      message_on(store, {.of_males = 20'001, .of_females = 0}),
+      "dogs.txt: fathers up to 20001 and mothers up to 0 years old (the oldest parent \"F1\" was born on "
+      "31-12-1999, line 812, its young \"Y1\" on 1-2-7000, line 813) and 1001 birth years (in the first one \"F1\" "
+      "was born on 31-12-1999, line 812, in the last one \"Z1\" on 1-1-2999, line 814): the tables of parents' "
+      "ages would have more than 20000000 figures\n");
 }
 
 TEST(CheckParentAges, OldestParentMayBeAMother) {

@@ -1,0 +1,43 @@
+// The animals that the figures of diversity are about.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "pedigree/population_store.h"
+
+namespace pedigreewatch {
+
+enum class ReferenceChoice : std::uint8_t {
+  youngest,  ///< born in the last ten birth years, both parents known
+  years,     ///< all animals born in given years, founders too
+  listed,    ///< named by their identifications
+};
+
+struct ReferencePopulation {
+  ReferenceChoice choice = ReferenceChoice::youngest;
+  std::int32_t first_year = 0, last_year = 0;  ///< of the choice by years, and of the youngest; 0 when there are none
+  std::vector<std::int32_t> positions;         ///< in the store, ascending, each once
+};
+
+/// The animals born after the last birth year - 10 whose parents are both known; none without birth years.
+ReferencePopulation youngest_animals(const PopulationStore& store);
+
+/// All animals born from `first_year` to `last_year`.
+ReferencePopulation animals_born(const PopulationStore& store, std::int32_t first_year, std::int32_t last_year);
+
+/// An identification of a list that no animal has, or that is there twice.
+struct UnusedId {
+  std::int64_t line = 0;  ///< of the list, counted from 1
+  std::string id;
+};
+
+/// The animals with these identifications, one a line of the list; blank lines are read over. Identifications that no
+/// animal has are added to `unknown`.
+ReferencePopulation listed_animals(const PopulationStore& store, std::span<const std::string> ids,
+                                   std::vector<UnusedId>& unknown);
+
+}  // namespace pedigreewatch
