@@ -38,7 +38,7 @@ void BM_StoreLine(benchmark::State& state) {
   layout.dates = {.has_delimiters = true, .day_first = true};
   layout.male_letters = {'m', 'M'};
   const std::vector<std::int32_t> columns = {1, 4, 7, 8, 2, 3, 9, 10};
-  AnimalRecord record;
+  LineRecord record;
   RunStreams streams;
   for (auto _ : state) {
     store_line("NL0000123456;Geertje;f;17-04-2012;NL0000098765;NL0000087654;black;Bakker", columns, layout,

@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "core/memory_hints.h"
+
 namespace pedigreewatch {
 
 /// Values by the number of an animal or ancestor. Entry 0 is that of the unknown one, so that no test is needed for it.
@@ -18,7 +20,10 @@ struct ByNumber {
 
   ByNumber() = default;
   /// Entries 0 to `last`, all alike.
-  explicit ByNumber(std::size_t last, const Value& value = {}) : values(last + 1, value) {}
+  explicit ByNumber(std::size_t last, const Value& value = {}) {
+    reserve_large(values, last + 1);
+    values.assign(last + 1, value);
+  }
 
   Value& operator[](std::int32_t number) { return values[static_cast<std::size_t>(number)]; }
   const Value& operator[](std::int32_t number) const { return values[static_cast<std::size_t>(number)]; }

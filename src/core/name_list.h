@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string_view>
 
 #include "core/by_number.h"
 #include "core/fixed_text.h"
@@ -19,6 +20,7 @@ struct NameList {
 
   NumberedList<Name> names;
   NumberedList<std::int32_t> first_numbers;  ///< of each name: its own, unless the name stands in the list before
+  NumberedList<std::uint8_t> lengths;        ///< of each name without its trailing blanks
   TextIndex index;
 
   NameList() = default;
@@ -27,21 +29,26 @@ struct NameList {
   }
 
   void add(const Name& name) {
+    static_assert(Width <= UINT8_MAX);
     const std::int32_t number = names.add(name);
-    first_numbers.add(find_or_add_text(index, name.full(), number, [&](std::int32_t k) { return names.at(k).full(); }));
+    lengths.add(static_cast<std::uint8_t>(name.trimmed().size()));
+    first_numbers.add(find_or_add_text(index, name.trimmed(), number, [&](std::int32_t k) { return text_of(k); }));
   }
   /// The first number of the name, which is added when it is not in the list.
-  std::int32_t number_or_add(const Name& name) {
+  std::int32_t number_or_add(std::string_view name) {
     const std::int32_t number = number_of(name);
     if (number != 0) return number;
-    add(name);
+    add(Name(name));
     return count();
   }
-  /// The first number of the name; 0 when it is not in the list.
-  std::int32_t number_of(const Name& name) const {
-    return find_text(index, name.full(), [&](std::int32_t k) { return names.at(k).full(); });
+  /// The first number of the name; 0 when it is not in the list. It has no trailing blanks and fits the width.
+  std::int32_t number_of(std::string_view name) const {
+    return find_text(index, name, [&](std::int32_t k) { return text_of(k); });
   }
+  std::int32_t number_of(const Name& name) const { return number_of(name.trimmed()); }
   std::int32_t count() const { return names.count(); }
+  /// Without trailing blanks.
+  std::string_view text_of(std::int32_t number) const { return {names.at(number).bytes.data(), lengths.at(number)}; }
 };
 
 }  // namespace pedigreewatch

@@ -34,7 +34,7 @@ struct TextArena {
   std::string_view at(std::int32_t number) const {
     const std::size_t place = static_cast<std::size_t>(number) - 1;
     const std::size_t begin = place % chunk_texts == 0 ? 0 : ends[place - 1];
-    return std::string_view(chunks[place / chunk_texts]).substr(begin, ends[place] - begin);
+    return {chunks[place / chunk_texts].data() + begin, ends[place] - begin};
   }
 
   /// Has a text fetched that will be wanted soon.

@@ -28,6 +28,15 @@ inline std::uint32_t hash_of_text(std::string_view text) {
   return static_cast<std::uint32_t>(hash >> 32);
 }
 
+/// A text with its hash, for one that is looked up in several steps.
+struct HashedText {
+  std::string_view text;
+  std::uint32_t hash = 0;
+
+  HashedText() = default;
+  explicit HashedText(std::string_view wanted) : text(wanted), hash(hash_of_text(wanted)) {}
+};
+
 struct TextIndex {
   struct Slot {
     std::uint32_t hash = 0;
@@ -82,15 +91,15 @@ std::int32_t find_text(const TextIndex& index, std::string_view text, TextAt&& t
 
 /// The first place of `text`, to be changed; when it has none yet, `new_place` becomes it.
 template <typename TextAt>
-std::int32_t& find_or_add_place(TextIndex& index, std::string_view text, std::int32_t new_place, TextAt&& text_at) {
+std::int32_t& find_or_add_place(TextIndex& index, HashedText wanted, std::int32_t new_place, TextAt&& text_at) {
   reserve_texts(index, index.used + 1);
-  const std::uint32_t hash = hash_of_text(text);
   const std::size_t mask = index.slots.size() - 1;
-  std::size_t at = hash & mask;
+  std::size_t at = wanted.hash & mask;
   for (; index.slots[at].place != 0; at = (at + 1) & mask) {
-    if (index.slots[at].hash == hash && text_at(index.slots[at].place) == text) return index.slots[at].place;
+    const TextIndex::Slot& slot = index.slots[at];
+    if (slot.hash == wanted.hash && text_at(slot.place) == wanted.text) return index.slots[at].place;
   }
-  index.slots[at] = {hash, new_place};
+  index.slots[at] = {wanted.hash, new_place};
   ++index.used;
   return index.slots[at].place;
 }
@@ -98,7 +107,7 @@ std::int32_t& find_or_add_place(TextIndex& index, std::string_view text, std::in
 /// The first place of `text`; when it has none yet, `new_place` becomes it.
 template <typename TextAt>
 std::int32_t find_or_add_text(TextIndex& index, std::string_view text, std::int32_t new_place, TextAt&& text_at) {
-  return find_or_add_place(index, text, new_place, text_at);
+  return find_or_add_place(index, HashedText(text), new_place, text_at);
 }
 
 }  // namespace pedigreewatch

@@ -20,7 +20,7 @@ namespace pedigreewatch {
 /// Weights by ancestor number, a lane for each group. A pass may use fewer ancestors and lanes than there is room for.
 struct LaneWeights {
   std::vector<double> weights;
-  std::size_t width = 0;  ///< lanes of the pass at hand
+  std::size_t width = 0;  ///< lanes of the pass at hand, used or not
 
   /// One ancestor's weights.
   std::span<double> of(std::int32_t ancestor) {
@@ -72,5 +72,11 @@ struct RelationshipSums {
 
 /// The groups do not overlap. They are carried as lanes side by side.
 RelationshipSums sum_relationships(RelationshipWork& work, const GroupedAnimals& animals);
+
+/// The same for two ways to group animals, in one pass where there are lanes enough.
+struct SumsOfBoth {
+  RelationshipSums first, second;
+};
+SumsOfBoth sum_relationships_of_both(RelationshipWork& work, const GroupedAnimals& first, const GroupedAnimals& second);
 
 }  // namespace pedigreewatch

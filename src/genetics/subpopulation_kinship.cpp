@@ -3,36 +3,10 @@
 
 #include "genetics/subpopulation_kinship.h"
 
-#include "core/by_number.h"
 #include "core/integers.h"
-#include "genetics/group_kinship.h"
 
 namespace pedigreewatch {
 namespace {
-
-/// The subpopulations of one cohort: those that have animals in it, as groups in the order in which they are met.
-struct CohortSubpopulations {
-  GroupedAnimals animals;
-  ByNumber<std::int32_t> group_of_number;  ///< by number of the subpopulation; -1 without animals
-  ByNumber<GroupTotal> totals;             ///< by group
-};
-
-CohortSubpopulations split_cohort(const PopulationStore& store, const Subpopulations& subpopulations,
-                                  YearAnimals cohort) {
-  CohortSubpopulations split{{cohort, {}, 0}, ByNumber<std::int32_t>(subpopulations.names.entries.size(), -1), {}};
-  split.animals.groups.reserve(cohort.size());
-  for (const std::int32_t position : cohort) {
-    const std::int32_t number = store.subpopulation_no(position);
-    std::int32_t& group = split.group_of_number[number];
-    if (number != 0 && group < 0) {
-      group = split.animals.group_count++;
-      split.totals.values.emplace_back();
-    }
-    if (group >= 0) split.totals[group].add(store.inbreeding[position]);
-    split.animals.groups.push_back(group);
-  }
-  return split;
-}
 
 /// One row of the table while it is filled.
 struct KinshipRow {
@@ -76,10 +50,25 @@ void fill_row(KinshipRow& at) {
 
 }  // namespace
 
-void fill_kinship_row(RelationshipWork& work, const Subpopulations& subpopulations, YearAnimals cohort, Row row,
-                      YearTable<float>& table) {
-  CohortSubpopulations split = split_cohort(work.store, subpopulations, cohort);
-  const RelationshipSums sums = sum_relationships(work, split.animals);
+CohortSubpopulations split_cohort(const PopulationStore& store, const Subpopulations& subpopulations,
+                                  YearAnimals cohort) {
+  CohortSubpopulations split{{cohort, {}, 0}, ByNumber<std::int32_t>(subpopulations.names.entries.size(), -1), {}};
+  split.animals.groups.reserve(cohort.size());
+  for (const std::int32_t position : cohort) {
+    const std::int32_t number = store.subpopulation_no(position);
+    std::int32_t& group = split.group_of_number[number];
+    if (number != 0 && group < 0) {
+      group = split.animals.group_count++;
+      split.totals.values.emplace_back();
+    }
+    if (group >= 0) split.totals[group].add(store.inbreeding[position]);
+    split.animals.groups.push_back(group);
+  }
+  return split;
+}
+
+void fill_kinship_row(const Subpopulations& subpopulations, CohortSubpopulations split, const RelationshipSums& sums,
+                      Row row, YearTable<float>& table) {
   for (std::int32_t group = 0; group < split.animals.group_count; ++group) {
     split.totals[group].relationship_sum = static_cast<float>(sums.between(group, group));
   }

@@ -3,7 +3,9 @@
 
 #include <cstdint>
 
+#include "core/by_number.h"
 #include "core/year_table.h"
+#include "genetics/group_kinship.h"
 #include "genetics/relationship_sums.h"
 #include "pedigree/data_file_layout.h"
 #include "pedigree/year_groups.h"
@@ -25,8 +27,19 @@ constexpr std::int64_t kinship_column_count(std::int64_t subpopulation_count) {
   return subpopulation_count * (subpopulation_count - 1) / 2 + 2 * subpopulation_count;
 }
 
-/// Fills one row from the animals of its year. A subpopulation with fewer than two animals in the year stays 0.
-void fill_kinship_row(RelationshipWork& work, const Subpopulations& subpopulations, YearAnimals cohort, Row row,
-                      YearTable<float>& table);
+/// The subpopulations of one cohort: those that have animals in it, as groups in the order in which they are met.
+struct CohortSubpopulations {
+  GroupedAnimals animals;
+  ByNumber<std::int32_t> group_of_number;  ///< by number of the subpopulation; -1 without animals
+  ByNumber<GroupTotal> totals;             ///< by group; without the sum of relationships
+};
+
+CohortSubpopulations split_cohort(const PopulationStore& store, const Subpopulations& subpopulations,
+                                  YearAnimals cohort);
+
+/// Fills one row from the sums of relationships within and between the groups of its year. A subpopulation with fewer
+/// than two animals in the year stays 0.
+void fill_kinship_row(const Subpopulations& subpopulations, CohortSubpopulations split, const RelationshipSums& sums,
+                      Row row, YearTable<float>& table);
 
 }  // namespace pedigreewatch

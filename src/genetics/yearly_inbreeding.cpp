@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <utility>
 
 #include "core/line_writer.h"
 #include "core/wording.h"
@@ -44,19 +45,18 @@ GroupTotal total_of(const PopulationStore& store, const GroupedAnimals& cohort, 
   return total;
 }
 
-InbreedingRow describe_cohort(RelationshipWork& work, YearAnimals animals) {
-  const GroupedAnimals cohort = group_by_parenthood(work.store, animals);
-  const RelationshipSums sums = sum_relationships(work, cohort);
-  const GroupTotal all = total_of(work.store, cohort, sums, {neither_parent, fathers, mothers});
+InbreedingRow describe_cohort(const PopulationStore& store, const GroupedAnimals& cohort,
+                              const RelationshipSums& sums) {
+  const GroupTotal all = total_of(store, cohort, sums, {neither_parent, fathers, mothers});
   InbreedingRow row{.F = mean_inbreeding(all), .f_with_self = kinship_with_self(all)};
   if (all.count <= 1) return row;
   row.f_without_self = kinship_taking_inbreeding_first(all);
-  const GroupTotal parents = total_of(work.store, cohort, sums, {fathers, mothers});
+  const GroupTotal parents = total_of(store, cohort, sums, {fathers, mothers});
   if (parents.count <= 1) return row;
   row.f_of_parents = kinship_taking_count_first(parents);
-  const GroupTotal sires = total_of(work.store, cohort, sums, {fathers});
+  const GroupTotal sires = total_of(store, cohort, sums, {fathers});
   if (sires.count > 1) row.f_of_fathers = kinship_taking_count_first(sires);
-  const GroupTotal dams = total_of(work.store, cohort, sums, {mothers});
+  const GroupTotal dams = total_of(store, cohort, sums, {mothers});
   if (dams.count > 1) row.f_of_mothers = kinship_taking_count_first(dams);
   return row;
 }
@@ -75,8 +75,15 @@ YearlyInbreeding compute_kinship_by_year(const PopulationStore& store, const Anc
     write_free_line(console, {compute_kinships, year});
     const YearAnimals cohort = years.of_row(row);
     if (cohort.empty() || year == 0) continue;  // an animal without a birth year belongs to no cohort
-    result.whole.at(row) = describe_cohort(work, cohort);
-    if (has_subpopulations) fill_kinship_row(work, subpopulations, cohort, row, result.by_subpopulation);
+    const GroupedAnimals by_parenthood = group_by_parenthood(store, cohort);
+    if (!has_subpopulations) {
+      result.whole.at(row) = describe_cohort(store, by_parenthood, sum_relationships(work, by_parenthood));
+      continue;
+    }
+    CohortSubpopulations split = split_cohort(store, subpopulations, cohort);
+    const SumsOfBoth sums = sum_relationships_of_both(work, by_parenthood, split.animals);
+    result.whole.at(row) = describe_cohort(store, by_parenthood, sums.first);
+    fill_kinship_row(subpopulations, std::move(split), sums.second, row, result.by_subpopulation);
   }
   return result;
 }

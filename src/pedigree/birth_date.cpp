@@ -4,6 +4,7 @@
 #include "pedigree/birth_date.h"
 
 #include <algorithm>
+#include <array>
 
 #include "core/by_number.h"
 #include "core/fixed_text.h"
@@ -48,13 +49,50 @@ DatePieces cut_by_separators(std::string_view text, const DateLayout& layout) {
   return {back, layout.day_first ? middle : front, layout.day_first ? front : middle};
 }
 
+bool is_digit(char byte) {
+  return byte >= '0' && byte <= '9';
+}
+
+/// Takes digits off the start of `text`, up to nine of them, and yields their value; -1 when there are none or more.
+std::int32_t take_digits(std::string_view& text) {
+  constexpr std::size_t most_digits = 9;
+  std::int32_t value = 0;
+  std::size_t count = 0;
+  for (; count < text.size() && is_digit(text[count]); ++count) {
+    if (count == most_digits) return -1;
+    value = value * 10 + (text[count] - '0');
+  }
+  text.remove_prefix(count);
+  return count == 0 ? -1 : value;
+}
+
+/// A date as nearly all of them are written: three numbers with one separator between each two. Yields false for any
+/// other text, which is then read with more care.
+bool read_usual_date(std::string_view text, const DateLayout& layout, BirthDate& date) {
+  std::array<std::int32_t, 3> numbers = {};
+  for (std::size_t piece = 0; piece < numbers.size(); ++piece) {
+    if (piece > 0) {
+      if (text.empty()) return false;
+      text.remove_prefix(1);  // not a digit, or it would have been taken
+    }
+    numbers[piece] = take_digits(text);
+    if (numbers[piece] < 0) return false;
+  }
+  if (!text.empty()) return false;
+  const std::size_t first = layout.year_first ? 1 : 0;  // of day and month
+  date.year = numbers[layout.year_first ? 0 : 2];
+  date.day = numbers[layout.day_first ? first : first + 1];
+  date.month = numbers[layout.day_first ? first + 1 : first];
+  return true;
+}
+
 /// Blanks do not count; an optional sign and digits. An empty piece is 0.
 bool read_piece(std::string_view piece, std::int32_t& value) {
   std::int64_t total = 0;
   bool is_negative = false, has_sign = false, has_digit = false;
   for (const char byte : piece) {
     if (byte == ' ') continue;
-    if (byte >= '0' && byte <= '9') {
+    if (is_digit(byte)) {
       has_digit = true;
       total = total * 10 + (byte - '0');
       if (total > std::int64_t{INT32_MAX} + 1) return false;
@@ -88,6 +126,7 @@ DateLayout date_layout_of(std::string_view text) {
 
 bool cut_birth_date(std::string_view field, const DateLayout& layout, BirthDate& date) {
   const std::string_view text = without_trailing_blanks(field);
+  if (layout.has_delimiters && read_usual_date(text, layout, date)) return true;
   if (text.find_first_of(digit_characters) == std::string_view::npos) {
     date = BirthDate{};
     return true;

@@ -17,16 +17,21 @@ struct IdIndex {
   NumberedList<std::int32_t> pending_record;  ///< by pending number: the record that came; 0 as long as there is none
 };
 
-/// Has the slots fetched where the look-ups of an animal's three identifications will begin.
-void fetch_slots_early(const IdIndex& index, std::string_view id, std::string_view sire_id, std::string_view dam_id);
+/// The three identifications of a record.
+struct RecordIds {
+  HashedText own, sire, dam;
+};
 
-/// Has the texts fetched with which the identifications of two parents will probably be compared.
-void fetch_texts_early(const IdIndex& index, const TextArena& ids, std::string_view sire_id, std::string_view dam_id);
+/// Has the slots fetched where the look-ups of an animal's three identifications will begin.
+void fetch_slots_early(const IdIndex& index, const RecordIds& record);
+
+/// Has the texts fetched with which the identifications of the parents will probably be compared.
+void fetch_texts_early(const IdIndex& index, const TextArena& ids, const RecordIds& record);
 
 /// Of two records with one identification the first wins. `ids` has the identifications of all records, this one too.
-void add_record_id(IdIndex& index, const TextArena& ids, std::int32_t record);
+void add_record_id(IdIndex& index, const TextArena& ids, HashedText id, std::int32_t record);
 
 /// The first record with the identification of a parent, or its pending number, below 0.
-std::int32_t number_of_parent(IdIndex& index, const TextArena& ids, std::string_view parent_id);
+std::int32_t number_of_parent(IdIndex& index, const TextArena& ids, HashedText parent_id);
 
 }  // namespace pedigreewatch

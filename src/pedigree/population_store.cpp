@@ -1,4 +1,4 @@
-// A new record is a copy of one that is unread: the values that an animal has when its line says nothing.
+// Columns grow by one entry for each record, and are put into their final order one after the other.
 
 #include "pedigree/population_store.h"
 
@@ -10,10 +10,6 @@
 
 namespace pedigreewatch {
 namespace {
-
-std::string_view trimmed(const auto& text) {
-  return text.trimmed();
-}
 
 /// Makes room in a column, in large pages, and gives it its entry 0.
 template <typename Value>
@@ -29,35 +25,36 @@ void append_day(PopulationStore& store, std::int32_t day) {
   if (!fits) store.odd_days.push_back({store.animal_count, day});
 }
 
-void append_birth(PopulationStore& store, const AnimalRecord& record) {
+void append_birth(PopulationStore& store, const LineRecord& record) {
   store.birth_year.values.push_back(record.birth_year);
   store.birth_month.values.push_back(static_cast<std::uint8_t>(record.birth_month));
   append_day(store, record.birth_day);
 }
 
-void append_names(PopulationStore& store, const AnimalRecord& record, std::int32_t colour_no) {
-  if (store.has_name) store.names.add(trimmed(record.name));
+void append_names(PopulationStore& store, const LineRecord& record, std::int32_t colour_no) {
+  if (store.has_name) store.names.add(record.name);
   if (!store.subpopulation_text.values.empty()) {
     store.subpopulation_text.values.push_back(store.subpopulation_texts.number_or_add(record.subpopulation));
   }
   if (store.has_colour) store.colour_no.values.push_back(colour_no);
   if (store.has_breeder) {
-    store.breeder_no.values.push_back(record.breeder.is_blank() ? 0 : store.breeders.number_or_add(record.breeder));
+    store.breeder_no.values.push_back(record.breeder.empty() ? 0 : store.breeders.number_or_add(record.breeder));
   }
-}
-
-/// Litter mates mostly stand together: the parent of the record before need not be looked up again.
-std::int32_t number_of_parent(PopulationStore& store, const AnimalId& id, PopulationStore::LastParent& last) {
-  if (id == last.id) return last.number;
-  last.id = id;
-  last.number = id == unknown_parent_id ? 0 : number_of_parent(store.index, store.ids, id.trimmed());
-  return last.number;
 }
 
 /// The identification of a parent, also of one that is pending.
 std::string_view parent_id(const PopulationStore& store, std::int32_t parent_no) {
   if (parent_no == 0) return unknown_parent_id;
   return parent_no > 0 ? store.id(parent_no) : store.index.pending.at(-parent_no);
+}
+
+/// Litter mates mostly stand together: the parent of the record before need not be looked up again.
+void append_parent_number(PopulationStore& store, ByNumber<std::int32_t>& parent_numbers, const HashedText& id) {
+  std::int32_t number = parent_numbers.values.back();
+  if (id.text != parent_id(store, number)) {
+    number = id.text == unknown_parent_id ? 0 : number_of_parent(store.index, store.ids, id);
+  }
+  parent_numbers.values.push_back(number);
 }
 
 template <typename Value>
@@ -132,14 +129,6 @@ AnimalRecord PopulationStore::at(std::int32_t position) const {
   return record;
 }
 
-AnimalRecord unread_record() {
-  AnimalRecord record;
-  record.name.assign("- ");
-  record.sire_id.assign(unknown_parent_id);
-  record.dam_id.assign(unknown_parent_id);
-  return record;
-}
-
 void prepare_store(PopulationStore& store, std::int32_t count, const StoreNames& names) {
   const std::size_t size = count > 0 ? static_cast<std::size_t>(count) : 0;
   // Memory that is never touched costs nothing; with it the columns need not be copied when parents are appended.
@@ -158,27 +147,30 @@ void prepare_store(PopulationStore& store, std::int32_t count, const StoreNames&
   if (store.has_breeder) begin_column(store.breeder_no, room);
   store.subpopulation_texts = names.subpopulations;
   store.allowed_subpopulations = names.subpopulations.count();
-  store.blank_subpopulation = names.subpopulations.number_of({});
-  store.blank_colour = names.colours.number_of({});
+  store.blank_subpopulation = names.subpopulations.number_of(std::string_view());
+  store.blank_colour = names.colours.number_of(std::string_view());
   if (store.has_subpopulation && store.allowed_subpopulations > 1) begin_column(store.subpopulation_text, room);
 }
 
-void append_record(PopulationStore& store, const AnimalRecord& record, std::int32_t colour_no) {
+RecordIds ids_of(const LineRecord& record) {
+  return {HashedText(record.id), HashedText(record.sire_id), HashedText(record.dam_id)};
+}
+
+void append_record(PopulationStore& store, const LineRecord& record, const RecordIds& ids, std::int32_t colour_no) {
   ++store.animal_count;
   store.file_records = store.animal_count;
-  store.ids.add(trimmed(record.id));
-  add_record_id(store.index, store.ids, store.animal_count);
+  store.ids.add(record.id);
+  add_record_id(store.index, store.ids, ids.own, store.animal_count);
   append_birth(store, record);
   store.sex.values.push_back(record.sex);
   store.is_import.values.push_back(record.is_import ? 1 : 0);
-  store.sire_no.values.push_back(number_of_parent(store, record.sire_id, store.last_sire));
-  store.dam_no.values.push_back(number_of_parent(store, record.dam_id, store.last_dam));
+  append_parent_number(store, store.sire_no, ids.sire);
+  append_parent_number(store, store.dam_no, ids.dam);
   append_names(store, record, colour_no);
 }
 
 std::int32_t append_parent(PopulationStore& store, std::string_view id, Sex sex) {
-  AnimalRecord parent;
-  parent.sex = sex;
+  const LineRecord parent = {.name = {}, .sex = sex};
   ++store.animal_count;
   store.ids.add(id);
   append_birth(store, parent);

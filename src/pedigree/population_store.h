@@ -34,7 +34,18 @@ inline constexpr std::string_view unknown_parent_id = "0";
 /// A logical of its own byte, so that a column of them is an array like any other.
 using Flag = std::uint8_t;
 
-/// One animal with all its fields: as its line is read, and wherever one is printed.
+/// One animal as its line gives it, which begins with what stands there when the line says nothing. Texts lie in the
+/// line: without the blanks at their end, and cut to the widths that an AnimalRecord has.
+struct LineRecord {
+  std::string_view id = {}, name = "-";
+  std::string_view sire_id = unknown_parent_id, dam_id = unknown_parent_id;
+  std::string_view colour = {}, breeder = {}, subpopulation = {};
+  std::int32_t birth_year = 0, birth_month = 1, birth_day = 1;
+  Sex sex = female;
+  bool is_import = false;
+};
+
+/// One animal with all its fields, wherever one is printed.
 struct AnimalRecord {
   AnimalId id;
   AnimalName name;
@@ -87,7 +98,7 @@ struct PopulationStore {
   NameList<BreederName{}.bytes.size()> breeders;  ///< all of the data file, in the order of first appearance
   IdIndex index;                                  ///< of all identifications, until the parents are linked
 
-  /// What the place of an animal is among others: 0 for the unknown one.
+  /// The record of the data file that an animal comes from, appended parents behind them; 0 for the unknown one.
   std::int32_t record_no(std::int32_t position) const {
     return record_of_position.values.empty() ? position : record_of_position[position];
   }
@@ -120,11 +131,6 @@ struct PopulationStore {
   struct OddDay {
     std::int32_t record = 0, day = 0;
   };
-  struct LastParent {
-    AnimalId id;
-    std::int32_t number = 0;
-  };
-  LastParent last_sire, last_dam;             ///< of the record added last
   ByNumber<std::int32_t> record_of_position;  ///< empty until the pedigree is sorted
   ByNumber<std::int8_t> day_of_month;
   std::vector<OddDay> odd_days;                                    ///< by record
@@ -146,15 +152,14 @@ struct StoreNames {
   const NameList<ColourName{}.bytes.size()>& colours;
 };
 
-/// A record as it stands before its line is read.
-AnimalRecord unread_record();
-
 /// Makes an empty store with room for `count` records (none when it is negative). The `has_` flags must be set.
 void prepare_store(PopulationStore& store, std::int32_t count, const StoreNames& names);
 
-/// Adds the animal of one record; of its numbers only `colour_no` is given beside it. The parents' identifications
-/// become numbers at once.
-void append_record(PopulationStore& store, const AnimalRecord& record, std::int32_t colour_no);
+/// The identifications of a record, ready to be looked up.
+RecordIds ids_of(const LineRecord& record);
+
+/// Adds the animal of one record, with the number of its colour. The parents' identifications become numbers at once.
+void append_record(PopulationStore& store, const LineRecord& record, const RecordIds& ids, std::int32_t colour_no);
 
 /// Appends a parent that has no line of its own; neither its parents nor its birth are known. Yields its position.
 std::int32_t append_parent(PopulationStore& store, std::string_view id, Sex sex);

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cstring>
 
 #include "core/line_writer.h"
 #include "core/progress.h"
@@ -63,28 +65,34 @@ constexpr Wording read = {"read", "gelezen"};
 constexpr Wording end_of_records = {"endrecord at animal = ", "eindrecord bij dier = "};
 constexpr Wording all_records_read = {"all records read", "alle records gelezen"};
 
-template <std::size_t Width>
-void store_text(std::string_view trimmed, const LengthWarning& warning, std::int32_t record_number,
-                FixedText<Width>& target, TextOutput& console) {
-  target.assign(trimmed);
-  if (trimmed.size() <= Width) return;
+/// How long a text may be.
+template <typename Text>
+constexpr std::size_t width_of = Text{}.bytes.size();
+
+std::string_view cut_to_width(std::string_view trimmed, std::size_t width, const LengthWarning& warning,
+                              std::int32_t record_number, TextOutput& console) {
+  if (trimmed.size() <= width) return trimmed;
   write_free_line(console, {warning.length_of, record_number, warning.than});
   write_free_line(console, {warning.ignored});
+  return without_trailing_blanks(trimmed.substr(0, width));
 }
 
 bool stands_for_unknown(std::string_view trimmed) {
   return trimmed.empty() || trimmed == "unknown" || trimmed == "Unknown";
 }
 
-void report_unknown_subpopulation(const AnimalRecord& record, const Wording& second_line, TextOutput& output) {
+void report_unknown_subpopulation(const LineRecord& record, const Wording& second_line, TextOutput& output) {
+  const AnimalName name(record.name);
+  const AnimalId id(record.id);
+  const SubpopulationName subpopulation(record.subpopulation);
   write_free_line(output, {"ERROR: "});
-  write_free_line(output, {animal_is, record.name, number_is, record.id});
-  write_free_line(output, {second_line, record.subpopulation});
+  write_free_line(output, {animal_is, name, number_is, id});
+  write_free_line(output, {second_line, subpopulation});
 }
 
 /// A blank one is no mistake: the animal belongs to none.
-void check_subpopulation(const AnimalRecord& record, const DataFileLayout& layout, RunStreams& streams) {
-  if (record.subpopulation.is_blank() || layout.subpopulations.number_of(record.subpopulation) != 0) return;
+void check_subpopulation(const LineRecord& record, const DataFileLayout& layout, RunStreams& streams) {
+  if (record.subpopulation.empty() || layout.subpopulations.number_of(record.subpopulation) != 0) return;
   report_unknown_subpopulation(record, unknown_subpopulation, streams.console);
   report_unknown_subpopulation(record, unknown_subpopulation_in_report, streams.report);
 }
@@ -101,8 +109,8 @@ std::string_view heading_of(std::string_view header_line, std::int64_t field, ch
   return without_trailing_blanks(word.substr(0, word_length));
 }
 
-void store_birth_date(std::string_view field, const DataFileLayout& layout, const FieldPlace& place,
-                      AnimalRecord& record, RunStreams& streams) {
+void store_birth_date(std::string_view field, const DataFileLayout& layout, const FieldPlace& place, LineRecord& record,
+                      RunStreams& streams) {
   BirthDate date;
   if (!read_birth_date(field, layout.dates, date)) {
     const std::string expected =
@@ -125,40 +133,73 @@ bool is_male(std::string_view field, const std::array<char, 2>& male_letters) {
   return letter != ' ' && (letter == male_letters[0] || letter == male_letters[1]);
 }
 
-void dump_record(const AnimalRecord& record, std::int32_t record_number, const PopulationStore& store,
+void dump_record(const LineRecord& record, std::int32_t record_number, const PopulationStore& store,
                  TextOutput& console) {
+  const auto write_text = [&](std::string_view label, const auto& text) { write_free_line(console, {label, text}); };
   write_free_line(console, {record_no, record_number, read});
-  write_free_line(console, {"id            = ", record.id});
-  if (store.has_name) write_free_line(console, {"name          = ", record.name});
-  write_free_line(console, {"sire          = ", record.sire_id});
-  write_free_line(console, {"dam           = ", record.dam_id});
+  write_text("id            = ", AnimalId(record.id));
+  if (store.has_name) write_text("name          = ", AnimalName(record.name));
+  write_text("sire          = ", AnimalId(record.sire_id));
+  write_text("dam           = ", AnimalId(record.dam_id));
   write_free_line(console, {"birthdate     = ", record.birth_day, "-", record.birth_month, "-", record.birth_year});
   write_free_line(console, {"sex           = ", record.sex});
-  if (store.has_colour) write_free_line(console, {"colour        = ", record.colour});
-  if (store.has_breeder) write_free_line(console, {"breeder       = ", record.breeder});
-  if (store.has_subpopulation) write_free_line(console, {"subpopulation = ", record.subpopulation});
+  if (store.has_colour) write_text("colour        = ", ColourName(record.colour));
+  if (store.has_breeder) write_text("breeder       = ", BreederName(record.breeder));
+  if (store.has_subpopulation) write_text("subpopulation = ", SubpopulationName(record.subpopulation));
   if (store.has_import) write_free_line(console, {"Import = ", record.is_import ? " T" : " F"});
 }
+
+/// A line, kept until its record is added.
+struct KeptLine {
+  std::array<char, kept_line_length> bytes;
+  LineRecord record;  ///< its texts lie in `bytes`
+  RecordIds ids;
+};
 
 /// Records that have been read and not been added yet. What the look-up of their identifications touches is on its way
 /// from memory meanwhile.
 struct RecordBatch {
-  std::array<AnimalRecord, 16> records;
+  std::array<KeptLine, 16> lines;
   std::size_t count = 0;
 };
 
+/// Keeps a copy of the line: the reader's own is gone with the next one.
+std::string_view keep_line(KeptLine& kept, std::string_view line) {
+  std::copy(line.begin(), line.end(), kept.bytes.begin());
+  return {kept.bytes.data(), line.size()};
+}
+
 void append_batch(PopulationStore& store, const DataFileLayout& layout, RecordBatch& batch) {
-  const std::span<const AnimalRecord> records = std::span(batch.records).first(batch.count);
-  for (const AnimalRecord& record : records) {
-    fetch_texts_early(store.index, store.ids, record.sire_id.trimmed(), record.dam_id.trimmed());
+  const std::span<const KeptLine> lines = std::span(batch.lines).first(batch.count);
+  for (const KeptLine& line : lines) fetch_texts_early(store.index, store.ids, line.ids);
+  for (const KeptLine& line : lines) {
+    append_record(store, line.record, line.ids, layout.colours.number_of(line.record.colour));
   }
-  for (const AnimalRecord& record : records) append_record(store, record, layout.colours.number_of(record.colour));
   batch.count = 0;
 }
 
 /// A file that ends before its lines are all there leaves the other records as they stand before reading.
 void append_unread_records(PopulationStore& store, std::int32_t count) {
-  for (std::int32_t i = 0; i < count; ++i) append_record(store, unread_record(), store.blank_colour);
+  const LineRecord unread;
+  for (std::int32_t i = 0; i < count; ++i) append_record(store, unread, ids_of(unread), store.blank_colour);
+}
+
+/// The place of the first delimiter at or behind `from`; the line's length when there is none. Fields are short: eight
+/// bytes at a time, in a register, are quicker than a search that is made for long texts.
+std::size_t find_delimiter(std::string_view line, std::size_t from, char delimiter) {
+  constexpr std::uint64_t ones = 0x0101010101010101ULL, highest_bits = 0x8080808080808080ULL;
+  if constexpr (std::endian::native == std::endian::little) {
+    const std::uint64_t pattern = ones * static_cast<unsigned char>(delimiter);
+    for (std::uint64_t word = 0; from + sizeof word <= line.size(); from += sizeof word) {
+      std::memcpy(&word, line.data() + from, sizeof word);
+      word ^= pattern;
+      // The lowest bit that is set belongs to the first byte that is 0 now.
+      const std::uint64_t zero_bytes = (word - ones) & ~word & highest_bits;
+      if (zero_bytes != 0) return from + static_cast<std::size_t>(std::countr_zero(zero_bytes)) / 8;
+    }
+  }
+  while (from < line.size() && line[from] != delimiter) ++from;
+  return from;
 }
 
 /// The columns up to the last one that has a code.
@@ -171,22 +212,23 @@ std::span<const std::int32_t> columns_that_count(const ColumnMap& columns) {
 }  // namespace
 
 void store_field(std::string_view field, std::int32_t field_code, const DataFileLayout& layout, const FieldPlace& place,
-                 AnimalRecord& record, RunStreams& streams) {
-  const std::int32_t r = place.record_number;
+                 LineRecord& record, RunStreams& streams) {
   const std::string_view text = without_trailing_blanks(field);
-  const std::string_view parent = stands_for_unknown(text) ? unknown_parent_id : text;
-  TextOutput& console = streams.console;
+  const auto cut = [&](std::string_view trimmed, std::size_t width, const LengthWarning& warning) {
+    return cut_to_width(trimmed, width, warning, place.record_number, streams.console);
+  };
+  const auto parent = [&] { return stands_for_unknown(text) ? unknown_parent_id : text; };
   switch (field_code) {
-    case id_column: return store_text(text, id_warning, r, record.id, console);
-    case sire_column: return store_text(parent, sire_warning, r, record.sire_id, console);
-    case dam_column: return store_text(parent, dam_warning, r, record.dam_id, console);
-    case name_column: return store_text(text, name_warning, r, record.name, console);
+    case id_column: record.id = cut(text, width_of<AnimalId>, id_warning); return;
+    case sire_column: record.sire_id = cut(parent(), width_of<AnimalId>, sire_warning); return;
+    case dam_column: record.dam_id = cut(parent(), width_of<AnimalId>, dam_warning); return;
+    case name_column: record.name = cut(text, width_of<AnimalName>, name_warning); return;
     case sex_column: record.sex = is_male(field, layout.male_letters) ? male : female; return;
     case birthdate_column: return store_birth_date(field, layout, place, record, streams);
-    case colour_column: return store_text(text, colour_warning, r, record.colour, console);
-    case breeder_column: return store_text(text, breeder_warning, r, record.breeder, console);
+    case colour_column: record.colour = cut(text, width_of<ColourName>, colour_warning); return;
+    case breeder_column: record.breeder = cut(text, width_of<BreederName>, breeder_warning); return;
     case subpopulation_column:
-      store_text(text, subpopulation_warning, r, record.subpopulation, console);
+      record.subpopulation = cut(text, width_of<SubpopulationName>, subpopulation_warning);
       return check_subpopulation(record, layout, streams);
     case import_column: {
       constexpr std::size_t width = 20;
@@ -198,23 +240,20 @@ void store_field(std::string_view field, std::int32_t field_code, const DataFile
 }
 
 void store_line(std::string_view line, std::span<const std::int32_t> columns, const DataFileLayout& layout,
-                const FieldPlace& start, AnimalRecord& record, RunStreams& streams) {
-  std::string padded;
-  if (layout.delimiter == ' ') {  // the blanks behind the end of a short line are delimiters then
-    padded.assign(line);
-    padded.resize(kept_line_length, ' ');
-    line = padded;
-  }
+                const FieldPlace& start, LineRecord& record, RunStreams& streams) {
+  // Where blanks delimit, those behind the end of a short line do so too.
+  const std::size_t length = layout.delimiter == ' ' ? kept_line_length : line.size();
   FieldPlace place = start;
   std::size_t next = 0;  // where the field at hand begins
   for (const std::int32_t code : columns) {
     ++place.field;
-    const std::size_t begin = std::min(next, line.size());
-    const std::size_t end = std::min(line.find(layout.delimiter, begin), line.size());
-    const bool is_left_out = end == begin && begin < line.size();  // the delimiter stands where the field begins
+    const std::size_t begin = std::min(next, length);
+    const std::size_t end = begin < line.size() ? find_delimiter(line, begin, layout.delimiter) : begin;
+    const bool is_left_out = end == begin && begin < length;  // the delimiter stands where the field begins
     if (code != unused_column && !(is_left_out && layout.merge_delimiters)) {
       place.column = static_cast<std::int64_t>(begin) + 1;
-      store_field(line.substr(begin, end - begin), code, layout, place, record, streams);
+      const std::string_view field = begin < line.size() ? line.substr(begin, end - begin) : std::string_view();
+      store_field(field, code, layout, place, record, streams);
     }
     next = end + 1;
   }
@@ -234,7 +273,6 @@ void read_data_file(LineReader& data, std::int32_t record_count, const DataFileL
   const std::span<const std::int32_t> columns = columns_that_count(data_columns.codes);
   prepare_store(store, record_count, {layout.subpopulations, layout.colours});
   store.lines_before_records = static_cast<std::int32_t>(data.line_number);
-  const AnimalRecord unread = unread_record();
   const std::int32_t interval = record_interval(record_count);
   std::int32_t counter = 1;
   std::string_view line;
@@ -246,15 +284,17 @@ void read_data_file(LineReader& data, std::int32_t record_count, const DataFileL
       append_unread_records(store, record_count - r + 1);
       break;
     }
-    AnimalRecord& record = batch.records[batch.count++] = unread;
+    KeptLine& kept = batch.lines[batch.count++];
+    kept.record = {};
     const FieldPlace start = {data.name, data.line_number, 0, r, 0, data_columns.header_line};
-    store_line(line, columns, layout, start, record, streams);
-    fetch_slots_early(store.index, record.id.trimmed(), record.sire_id.trimmed(), record.dam_id.trimmed());
+    store_line(keep_line(kept, line), columns, layout, start, kept.record, streams);
+    kept.ids = ids_of(kept.record);
+    fetch_slots_early(store.index, kept.ids);
     if (++counter == interval) {
-      dump_record(record, r, store, streams.console);
+      dump_record(kept.record, r, store, streams.console);
       counter = -1;
     }
-    if (batch.count == batch.records.size()) append_batch(store, layout, batch);
+    if (batch.count == batch.lines.size()) append_batch(store, layout, batch);
   }
   append_batch(store, layout, batch);
   stop_if_unreadable(data, streams);

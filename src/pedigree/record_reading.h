@@ -33,12 +33,13 @@ PopulationStore read_population(LineReader& data, std::int32_t line_count, const
 void read_data_file(LineReader& data, std::int32_t record_count, const DataFileLayout& layout, PopulationStore& store,
                     RunStreams& streams);
 
-/// Cuts `line` at the delimiter and stores the columns up to the last one that has a code.
+/// Cuts `line` at the delimiter and stores the columns up to the last one that has a code. The texts of `record` lie in
+/// the line.
 void store_line(std::string_view line, std::span<const std::int32_t> columns, const DataFileLayout& layout,
-                const FieldPlace& start, AnimalRecord& record, RunStreams& streams);
+                const FieldPlace& start, LineRecord& record, RunStreams& streams);
 
 /// Stores one column's text in `record`. Codes without a field of their own do nothing.
 void store_field(std::string_view field, std::int32_t field_code, const DataFileLayout& layout, const FieldPlace& place,
-                 AnimalRecord& record, RunStreams& streams);
+                 LineRecord& record, RunStreams& streams);
 
 }  // namespace pedigreewatch

@@ -18,7 +18,7 @@ constexpr std::int64_t parents_column(std::int64_t breeder) {
 TopBreeders find_top_breeders(const PopulationStore& store, const BreederList& list, std::size_t width) {
   TopBreeders top{{}, ByNumber<std::int32_t>(store.breeders.names.entries.size())};
   for (std::int32_t t = 1; t <= list.top_breeder_count; ++t) top.names.add(BreederName(list.piece(t, width)));
-  top.top_no[0] = top.names.number_of({});  // animals without a breeder
+  top.top_no[0] = top.names.number_of(std::string_view());  // animals without a breeder
   for (std::int32_t breeder = 1; breeder <= store.breeders.count(); ++breeder) {
     top.top_no[breeder] = top.names.number_of(store.breeders.names.at(breeder));
   }

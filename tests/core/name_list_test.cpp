@@ -31,7 +31,7 @@ TEST(NameList, ANameThatStandsTwiceIsFoundByItsFirstNumber) {
 
 TEST(NameList, ABlankNameIsANameLikeAnyOther) {
   Names list;
-  EXPECT_EQ(list.number_of({}), 0);
+  EXPECT_EQ(list.number_of(std::string_view()), 0);
   list.add({});
   EXPECT_EQ(list.number_of(FixedText<8>("   ")), 1);
 }

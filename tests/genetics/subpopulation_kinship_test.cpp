@@ -33,7 +33,9 @@ YearTable<float> kinship_of(PopulationStore& store, const Subpopulations& subpop
   RelationshipWork work = make_relationship_work(store, ancestors);
   const YearGroups years = group_by_year(store);
   for (Row row = 1; row <= table.row_count(); ++row) {
-    fill_kinship_row(work, subpopulations, years.of_row(row), row, table);
+    CohortSubpopulations split = split_cohort(store, subpopulations, years.of_row(row));
+    const RelationshipSums sums = sum_relationships(work, split.animals);
+    fill_kinship_row(subpopulations, std::move(split), sums, row, table);
   }
   return table;
 }

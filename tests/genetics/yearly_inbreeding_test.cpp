@@ -234,7 +234,9 @@ TEST(KinshipByYear, TheSubpopulationsHaveTheBitsOfTheirRowsAlone) {
   YearTable<float> alone(store.birth_years.row_count(), kinship_column_count(subpopulations.count()));
   for (Row row = 1; row <= alone.row_count(); ++row) {
     RelationshipWork work = make_relationship_work(store, ancestors);
-    fill_kinship_row(work, subpopulations, years.of_row(row), row, alone);
+    CohortSubpopulations split = split_cohort(store, subpopulations, years.of_row(row));
+    const RelationshipSums sums = sum_relationships(work, split.animals);
+    fill_kinship_row(subpopulations, std::move(split), sums, row, alone);
     EXPECT_EQ(row_of(run.kinship, row), row_of(alone, row)) << "row " << row;
   }
 }

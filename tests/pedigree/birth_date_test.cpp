@@ -192,6 +192,12 @@ TEST(ReadBirthDate, BareYearIsAYearInEveryLayoutWithSeparators) {
   EXPECT_EQ(date_of("1999", y_d_m), on(0, 1, 1999));
 }
 
+TEST(ReadBirthDate, PiecesOfMoreThanNineDigitsAreNumbersToo) {
+  EXPECT_EQ(date_of("1-2-123456789", d_m_y), on(1, 2, 123456789));
+  EXPECT_EQ(date_of("1-2-1234567890", d_m_y), on(1, 2, 1234567890));
+  EXPECT_EQ(date_of("0000000001-0000000012-2004", d_m_y), on(1, 12, 2004));
+}
+
 TEST(ReadBirthDate, PieceOutside32BitsIsRefused) {
   EXPECT_EQ(date_of("1-2-2147483647", d_m_y), on(1, 2, 2147483647));
   EXPECT_TRUE(is_refused("1-2-2147483648", d_m_y));

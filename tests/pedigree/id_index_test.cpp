@@ -18,10 +18,10 @@ struct Records {
 
   std::int32_t add(std::string_view id) {
     const std::int32_t record = ids.add(id);
-    add_record_id(index, ids, record);
+    add_record_id(index, ids, HashedText(id), record);
     return record;
   }
-  std::int32_t parent(std::string_view id) { return number_of_parent(index, ids, id); }
+  std::int32_t parent(std::string_view id) { return number_of_parent(index, ids, HashedText(id)); }
 };
 
 using Numbers = std::vector<std::int32_t>;

@@ -206,7 +206,7 @@ TEST(AppendRecord, DaysThatFitIntoNoByteAreKept) {
 TEST(AppendRecord, WithoutAColumnOfNamesEveryNameIsADash) {
   PopulationStore store;
   prepare_store(store, 1, {Subpopulations(), Colours()});
-  append_record(store, full_record(), 0);
+  append_animal(store, full_record(), 0);
   EXPECT_EQ(store.at(1).name.full(), padded("- ", 50));
   EXPECT_EQ(store.names.count(), 0);
 }
@@ -215,7 +215,7 @@ TEST(AppendRecord, FieldsWithoutAColumnTakeNoMemory) {
   const LookedUpNames names = names_to_look_up();
   PopulationStore store;
   prepare_store(store, 2, {names.subpopulations, names.colours});
-  append_record(store, full_record(), 2);
+  append_animal(store, full_record(), 2);
   append_parent(store, "the father", male);
   EXPECT_TRUE(store.colour_no.values.empty());
   EXPECT_TRUE(store.breeder_no.values.empty());
@@ -352,7 +352,7 @@ TEST(ReorderAnimals, DaysThatFitIntoNoByteGoWithTheirAnimals) {
 TEST(ReorderAnimals, ColumnsThatAreNotThereStayAway) {
   PopulationStore store;
   prepare_store(store, 2, {Subpopulations(), Colours()});
-  for (int i = 0; i < 2; ++i) append_record(store, unread_record(), 0);
+  for (int i = 0; i < 2; ++i) append_animal(store, unread_record(), 0);
   reorder_animals(store, order_of({2, 1}));
   EXPECT_TRUE(store.colour_no.values.empty());
   EXPECT_TRUE(store.breeder_no.values.empty());

@@ -25,9 +25,11 @@ struct StoredField {
 
 StoredField store_one(std::string_view field, FieldCode code, const TestLayout& settings) {
   StoredField result{.record = {}, .streams = streams_in(settings.english)};
+  LineRecord line{.name = {}, .sire_id = {}, .dam_id = {}};
   result.has_stopped = stops([&] {
-    store_field(field, code, settings, {"dogs.txt", 813, 5, 812}, result.record, result.streams);
+    store_field(field, code, settings, {"dogs.txt", 813, 5, 812}, line, result.streams);
   });
+  result.record = record_of(line);
   return result;
 }
 
@@ -37,14 +39,11 @@ StoredField store_one(std::string_view field, FieldCode code) {
 
 /// Stores the columns of `line` in a new record.
 AnimalRecord cut_line(std::string_view line, const std::vector<std::int32_t>& columns, const TestLayout& settings) {
-  AnimalRecord record;
-  record.id.assign("untouched");
-  record.name.assign("untouched");
-  record.colour.assign("untouched");
+  LineRecord record{.id = "untouched", .name = "untouched", .colour = "untouched"};
   RunStreams streams;
   store_line(line, columns, settings, {"dogs.txt", 2, 0, 1}, record, streams);
   EXPECT_EQ(streams.console.pending, "");
-  return record;
+  return record_of(record);
 }
 
 /// The console behind the lines that announce the columns.
@@ -102,10 +101,10 @@ TEST(StoreField, SexIsTheFirstCharacter) {
     EXPECT_EQ(store_one(field, sex_column).record.sex, male) << field;
   }
   for (const std::string_view field : {"", "     ", " m", " Male", "f", "V", "1", "x"}) {
-    StoredField stored;
-    stored.record.sex = male;
-    store_field(field, sex_column, settings_in(true), {}, stored.record, stored.streams);
-    EXPECT_EQ(stored.record.sex, female) << field;
+    LineRecord record{.sex = male};
+    RunStreams streams;
+    store_field(field, sex_column, settings_in(true), {}, record, streams);
+    EXPECT_EQ(record.sex, female) << field;
   }
 }
 
@@ -124,7 +123,7 @@ TEST(StoreField, AnyTextMarksAnImport) {
 }
 
 TEST(StoreField, OnlyTheFirst20CharactersMarkAnImport) {
-  AnimalRecord record;
+  LineRecord record;
   RunStreams streams;
   for (const std::string_view field : {"", "     ", "                    x"}) {
     record.is_import = true;
@@ -291,10 +290,10 @@ TEST(StoreField, SubpopulationOnTheListOrBlankIsAccepted) {
 
 StoredField store_unknown_subpopulation(bool english) {
   StoredField stored{.record = {}, .streams = streams_in(english)};
-  stored.record.id.assign("NL-1");
-  stored.record.name.assign("Rex");
+  LineRecord line{.id = "NL-1", .name = "Rex"};
   store_field("Rough", subpopulation_column, settings_with_subpopulation("rough", english), {"dogs.txt", 2, 30, 1},
-              stored.record, stored.streams);
+              line, stored.streams);
+  stored.record = record_of(line);
   return stored;
 }
 
@@ -389,6 +388,24 @@ TEST(StoreLine, ColumnsThatTheLineDoesNotHaveAreStoredAsBlank) {
       EXPECT_TRUE(record.colour.is_blank()) << line;
     }
     EXPECT_TRUE(cut_line("", columns, settings).id.is_blank());
+  }
+}
+
+TEST(StoreLine, FindsTheDelimiterAtEveryPlaceAndAmongBytesThatAreNearlyIt) {
+  TestLayout settings = settings_in(true);
+  for (const int delimiter : {0x00, 0x01, 0x09, 0x3B, 0x7F, 0x80, 0xFF}) {
+    settings.delimiter = static_cast<char>(delimiter);
+    for (const int difference : {0x01, 0x80, 0x81}) {
+      const char other = static_cast<char>(delimiter ^ difference);
+      if (other == ' ') continue;
+      for (std::size_t length = 1; length <= 30; ++length) {
+        const std::string first(length, other), second(31 - length, other);
+        const std::string line = first + settings.delimiter + second;
+        const AnimalRecord record = cut_line(line, {id_column, name_column}, settings);
+        ASSERT_EQ(record.id.trimmed(), first) << delimiter << " " << length;
+        ASSERT_EQ(record.name.trimmed(), second) << delimiter << " " << length;
+      }
+    }
   }
 }
 

@@ -23,12 +23,55 @@ AnimalRecord with_known_ids(AnimalRecord record) {
 
 }  // namespace
 
+LineRecord fields_of(const AnimalRecord& record) {
+  LineRecord line;
+  line.id = record.id.trimmed();
+  line.name = record.name.trimmed();
+  line.sire_id = record.sire_id.trimmed();
+  line.dam_id = record.dam_id.trimmed();
+  line.colour = record.colour.trimmed();
+  line.breeder = record.breeder.trimmed();
+  line.subpopulation = record.subpopulation.trimmed();
+  line.birth_year = record.birth_year;
+  line.birth_month = record.birth_month;
+  line.birth_day = record.birth_day;
+  line.sex = record.sex;
+  line.is_import = record.is_import;
+  return line;
+}
+
+AnimalRecord record_of(const LineRecord& line) {
+  AnimalRecord record;
+  record.id.assign(line.id);
+  record.name.assign(line.name);
+  record.sire_id.assign(line.sire_id);
+  record.dam_id.assign(line.dam_id);
+  record.colour.assign(line.colour);
+  record.breeder.assign(line.breeder);
+  record.subpopulation.assign(line.subpopulation);
+  record.birth_year = line.birth_year;
+  record.birth_month = line.birth_month;
+  record.birth_day = line.birth_day;
+  record.sex = line.sex;
+  record.is_import = line.is_import;
+  return record;
+}
+
+AnimalRecord unread_record() {
+  return record_of({});
+}
+
+void append_animal(PopulationStore& store, const AnimalRecord& record, std::int32_t colour_no) {
+  const LineRecord line = fields_of(record);
+  append_record(store, line, ids_of(line), colour_no);
+}
+
 PopulationStore store_of(std::span<const AnimalRecord> records, const LookedUpNames& names) {
   PopulationStore store;
   store.has_name = store.has_colour = store.has_breeder = store.has_subpopulation = store.has_import = true;
   prepare_store(store, static_cast<std::int32_t>(records.size()), {names.subpopulations, names.colours});
   for (const AnimalRecord& record : records) {
-    append_record(store, with_known_ids(record), names.colours.number_of(record.colour));
+    append_animal(store, with_known_ids(record), names.colours.number_of(record.colour));
   }
   store.birth_years = birth_years_of(store);
   return store;

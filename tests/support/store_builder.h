@@ -1,6 +1,7 @@
 // Stores from records that a test writes down, and back again.
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -14,6 +15,18 @@ struct LookedUpNames {
   Subpopulations subpopulations = {};
   Colours colours = {};
 };
+
+/// What a line with these fields gives. Its texts lie in `record`.
+LineRecord fields_of(const AnimalRecord& record);
+
+/// The fields with their texts in full width.
+AnimalRecord record_of(const LineRecord& line);
+
+/// A record of a line without any field.
+AnimalRecord unread_record();
+
+/// Adds a record to a store.
+void append_animal(PopulationStore& store, const AnimalRecord& record, std::int32_t colour_no);
 
 /// A store with a column for every field, animal 1 first, as reading a data file leaves it: the parents are those that
 /// the identifications name, a blank one being unknown. Of the numbers of a record none is taken over.
