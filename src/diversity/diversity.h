@@ -8,35 +8,13 @@
 #include <optional>
 #include <vector>
 
+#include "diversity/effective_ancestors.h"
+#include "diversity/effective_sizes.h"
+#include "diversity/generation_paths.h"
 #include "diversity/reference_population.h"
 #include "pedigree/population_store.h"
 
 namespace pedigreewatch {
-
-/// An ancestor and what it alone explains of the genes of the reference population.
-struct MainAncestor {
-  std::int32_t position = 0;  ///< in the store; of the half-founder when `is_unknown_parent`
-  bool is_unknown_parent = false;
-  double contribution = 0.0;  ///< marginal, as a fraction
-};
-
-/// An effective size with its standard error; without a value when it is not estimable: no increase, or a negative one.
-struct EffectiveSizeEstimate {
-  std::int64_t count = 0;                ///< animals, or pairs of animals, that it is estimated from
-  std::optional<double> mean_increase;   ///< of inbreeding or coancestry per generation; none without animals
-  std::optional<double> effective_size;  ///< 1 / (2 mean increase)
-  std::optional<double> standard_error;
-  bool is_sample = false;  ///< estimated from a random sample of the pairs
-};
-
-/// One of the four paths of selection, or all of them.
-struct PathInterval {
-  std::int64_t count = 0;            ///< parents of animals that are parents themselves, with both births known
-  std::int64_t not_positive = 0;     ///< those of 0 and below, which count too
-  std::optional<double> mean_years;  ///< none without any
-};
-
-enum class Path : std::uint8_t { sire_son, sire_daughter, dam_son, dam_daughter };
 
 struct Diversity {
   ReferencePopulation reference;   ///< when it is empty there is nothing else
@@ -44,6 +22,7 @@ struct Diversity {
   std::int32_t half_founders = 0;  ///< with one known parent, likewise; each brings an unknown founder
   std::optional<double> effective_founders;        ///< fe (Lacy, 1989)
   std::optional<double> effective_ancestors;       ///< fa (Boichard, Maignel and Verrier, 1997)
+  std::int32_t chosen_ancestors = 0;               ///< how many fa is worked out from
   bool is_every_ancestor_chosen = true;            ///< false: the rest can no longer change the fifth digit of fa
   std::vector<MainAncestor> main_ancestors;        ///< at most ten, the largest contribution first
   std::optional<std::int32_t> ancestors_for_half;  ///< how many explain 50 % of the genes

@@ -1,0 +1,66 @@
+// The table of contents: the pedigree of the reference population is made once, and each group of figures has a file of
+// its own.
+
+#include "diversity/diversity.h"
+
+#include <utility>
+
+#include "diversity/coancestry_pairs.h"
+#include "diversity/completeness.h"
+#include "diversity/founders.h"
+#include "diversity/mean_kinship.h"
+#include "diversity/reference_pedigree.h"
+
+namespace pedigreewatch {
+namespace {
+
+void put_founders(FounderFigures figures, Diversity& diversity) {
+  diversity.founders = figures.founders;
+  diversity.half_founders = figures.half_founders;
+  diversity.effective_founders = figures.effective_founders;
+}
+
+void put_ancestors(AncestorFigures figures, Diversity& diversity) {
+  diversity.effective_ancestors = figures.effective_ancestors;
+  diversity.chosen_ancestors = figures.chosen_ancestors;
+  diversity.is_every_ancestor_chosen = figures.is_every_ancestor_chosen;
+  diversity.main_ancestors = std::move(figures.main_ancestors);
+  diversity.ancestors_for_half = figures.ancestors_for_half;
+}
+
+void put_kinship(MeanKinship kinship, Diversity& diversity) {
+  diversity.mean_kinship = kinship.mean;
+  diversity.founder_genomes = kinship.founder_genomes;
+  diversity.lowest_mean_kinship = kinship.lowest;
+  diversity.highest_mean_kinship = kinship.highest;
+  diversity.mean_kinship_of = std::move(kinship.of_members);
+}
+
+void put_depth(const PedigreeDepth& depth, Diversity& diversity) {
+  diversity.maximum_generations = depth.maximum_generations;
+  diversity.complete_generations = depth.complete_generations;
+  diversity.equivalent_generations = depth.equivalent_generations;
+  diversity.completeness_index = depth.completeness_index;
+}
+
+}  // namespace
+
+Diversity compute_diversity(const PopulationStore& store, ReferencePopulation reference) {
+  Diversity diversity;
+  const ReferencePedigree pedigree = make_reference_pedigree(store, reference.positions);
+  const ByNumber<double> genes = gene_contributions(pedigree);
+  const PedigreeDepth depth = describe_depth(pedigree);
+  put_founders(describe_founders(pedigree, genes), diversity);
+  put_ancestors(choose_ancestors(pedigree), diversity);
+  put_kinship(compute_mean_kinship(pedigree, genes), diversity);
+  put_depth(depth, diversity);
+  diversity.by_inbreeding = estimate_by_inbreeding(store, pedigree, depth.equivalents_of);
+  diversity.by_coancestry = estimate_by_coancestry(store, reference.positions, depth.equivalents_of);
+  const GenerationPaths paths = compute_generation_paths(store);
+  diversity.paths = paths.paths;
+  diversity.all_paths = paths.all;
+  diversity.reference = std::move(reference);
+  return diversity;
+}
+
+}  // namespace pedigreewatch

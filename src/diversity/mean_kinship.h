@@ -1,0 +1,22 @@
+// Mean kinships of the reference population, without a matrix of kinships.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "diversity/reference_pedigree.h"
+
+namespace pedigreewatch {
+
+struct MeanKinship {
+  std::optional<double> mean;             ///< over all cells, each animal with itself included
+  std::optional<double> founder_genomes;  ///< fg = 1 / (2 mean) (Lacy, 1995, Zoo Biology 14: 565-578)
+  std::optional<double> lowest, highest;  ///< of one animal
+  std::vector<double> of_members;         ///< of each with the reference population, itself included; by place in it
+};
+
+/// `genes` are those of `gene_contributions`. One pass down the pedigree multiplies them by the relationship matrix
+/// (Colleau, 2002, Genet. Sel. Evol. 34: 409-421). No values without a reference population.
+MeanKinship compute_mean_kinship(const ReferencePedigree& pedigree, const ByNumber<double>& genes);
+
+}  // namespace pedigreewatch

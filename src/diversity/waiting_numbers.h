@@ -1,0 +1,65 @@
+// Numbers that wait to be visited in ascending or descending order: a bit for each of them, and above those a bit for
+// each word that has one set. Putting one on the list twice costs nothing.
+#pragma once
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace pedigreewatch {
+
+struct WaitingNumbers {
+  static constexpr std::size_t word_bits = 64;
+  std::vector<std::uint64_t> bits, words;
+
+  /// For numbers from 0 to `last`.
+  explicit WaitingNumbers(std::size_t last) : bits(last / word_bits + 1, 0), words(bits.size() / word_bits + 1, 0) {}
+
+  void put(std::int32_t number) {
+    const std::size_t bit = static_cast<std::size_t>(number);
+    bits[bit / word_bits] |= std::uint64_t{1} << (bit % word_bits);
+    words[bit / word_bits / word_bits] |= std::uint64_t{1} << (bit / word_bits % word_bits);
+  }
+
+  void take_off(std::size_t word, std::size_t bit) {
+    bits[word] &= ~(std::uint64_t{1} << bit);
+    if (bits[word] == 0) words[word / word_bits] &= ~(std::uint64_t{1} << (word % word_bits));
+  }
+
+  static std::int32_t number_of(std::size_t word, std::size_t bit) {
+    return static_cast<std::int32_t>(word * word_bits + bit);
+  }
+};
+
+/// Visits all waiting numbers from `first` down, those below the visited one that a visit puts on the list too. All
+/// waiting numbers are at most `first`; afterwards none waits.
+template <typename Visit>
+void visit_downwards(WaitingNumbers& waiting, std::int32_t first, Visit&& visit) {
+  constexpr std::size_t word_bits = WaitingNumbers::word_bits;
+  for (std::size_t group = static_cast<std::size_t>(first) / word_bits / word_bits + 1; group-- > 0;) {
+    while (waiting.words[group] != 0) {
+      const std::size_t word = group * word_bits + static_cast<std::size_t>(std::bit_width(waiting.words[group])) - 1;
+      const std::size_t bit = static_cast<std::size_t>(std::bit_width(waiting.bits[word])) - 1;
+      waiting.take_off(word, bit);
+      visit(WaitingNumbers::number_of(word, bit));
+    }
+  }
+}
+
+/// The same from `first` up; all waiting numbers are at least `first`.
+template <typename Visit>
+void visit_upwards(WaitingNumbers& waiting, std::int32_t first, Visit&& visit) {
+  constexpr std::size_t word_bits = WaitingNumbers::word_bits;
+  for (std::size_t group = static_cast<std::size_t>(first) / word_bits / word_bits; group < waiting.words.size();
+       ++group) {
+    while (waiting.words[group] != 0) {
+      const std::size_t word = group * word_bits + static_cast<std::size_t>(std::countr_zero(waiting.words[group]));
+      const std::size_t bit = static_cast<std::size_t>(std::countr_zero(waiting.bits[word]));
+      waiting.take_off(word, bit);
+      visit(WaitingNumbers::number_of(word, bit));
+    }
+  }
+}
+
+}  // namespace pedigreewatch
