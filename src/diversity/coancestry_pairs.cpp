@@ -30,8 +30,8 @@ struct SampleNumbers {
 constexpr std::size_t block_size = 8;
 
 /// One number for each animal of a block.
-typedef double BlockVector
-    __attribute__((vector_size(64)));  // NOLINT(modernize-use-using): a using cannot carry it in g++
+// NOLINTNEXTLINE(modernize-use-using): a using cannot carry the attribute in g++
+typedef double BlockVector __attribute__((vector_size(64)));
 
 struct alignas(64) BlockLanes {
   BlockVector each;
