@@ -237,12 +237,23 @@ void add_paths(RowList& list, const Diversity& diversity) {
            diversity.all_paths);
 }
 
+/// A text with a quotation mark would open a quotation in R and in spreadsheets; in one, the mark is doubled.
+void append_field(std::string& table, std::string_view field) {
+  if (field.find('"') == std::string_view::npos) {
+    table += field;
+    return;
+  }
+  table += '"';
+  for (const char byte : field) table.append(byte == '"' ? 2 : 1, byte);
+  table += '"';
+}
+
 void append_line(std::string& table, const DiversityRow& row) {
   for (const std::string* const field : {&row.figure, &row.value, &row.standard_error, &row.n, &row.text}) {
-    table += *field;
+    append_field(table, *field);
     table += '\t';
   }
-  table += row.meaning;
+  append_field(table, row.meaning);
   table += '\n';
 }
 

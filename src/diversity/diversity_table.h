@@ -27,7 +27,8 @@ DiversityRow diversity_header();
 std::vector<DiversityRow> diversity_rows(const PopulationStore& store, const Diversity& diversity,
                                          ToolLanguage language);
 
-/// Header and rows, separated by tabs, each line ended by a line feed.
+/// Header and rows, separated by tabs, each line ended by a line feed. A field with a quotation mark stands in
+/// quotation marks, with its own ones doubled.
 std::string write_diversity(const PopulationStore& store, const Diversity& diversity, ToolLanguage language);
 
 }  // namespace pedigreewatch

@@ -115,6 +115,12 @@ TEST(DiversityTable, IdsStayOnTheirLine) {
   EXPECT_EQ(row_named(rows, "main_ancestor_2").text, "a<U+0009>b<U+000A>c");
 }
 
+TEST(DiversityTable, QuotationMarksOfIdsAreDoubledInQuotationMarks) {
+  const PopulationStore store = with_inbreeding(pedigree_from_text("a\"b 0 0 m 2000\nyoung a\"b 0 m 2001\n"));
+  const std::string table = write_diversity(store, compute_diversity(store, animals_born(store, 2001, 2001)), english);
+  EXPECT_NE(table.find("\nmain_ancestor_1\t0.5\t\t\t\"a\"\"b\"\tshare"), std::string::npos) << table;
+}
+
 TEST(DiversityTable, AnUnknownParentIsNamedAfterItsYoung) {
   const PopulationStore store = with_inbreeding(pedigree_from_text("sire 0 0 m 2000\nhalf sire 0 m 2001\n"));
   const Diversity diversity = compute_diversity(store, animals_born(store, 2001, 2001));
