@@ -12,11 +12,15 @@ ParentNumbers parent_numbers(const PopulationStore& store, const AncestorPedigre
 }
 
 AncestorPedigree make_ancestor_pedigree(const PopulationStore& store) {
+  return make_ancestor_pedigree(store, store.is_parent);
+}
+
+AncestorPedigree make_ancestor_pedigree(const PopulationStore& store, const ByNumber<Flag>& is_wanted) {
   AncestorPedigree ancestors;
   ancestors.number_of_animal = ByNumber<std::int32_t>(store.size());
   for (ByNumber<std::int32_t>* list : {&ancestors.position, &ancestors.sire, &ancestors.dam}) list->values.push_back(0);
   for (std::int32_t position = 1; position <= store.animal_count; ++position) {
-    if (store.is_parent[position] == 0) continue;
+    if (is_wanted[position] == 0) continue;
     const ParentNumbers parents = parent_numbers(store, ancestors, position);
     ancestors.position.values.push_back(position);
     ancestors.sire.values.push_back(parents.sire);

@@ -23,6 +23,10 @@ struct AncestorPedigree {
 /// offspring, which only an unfinished sort can leave behind, is left out.
 AncestorPedigree make_ancestor_pedigree(const PopulationStore& store);
 
+/// The same of the animals that are wanted, by position. Every parent of a wanted animal that stands before it must be
+/// wanted too.
+AncestorPedigree make_ancestor_pedigree(const PopulationStore& store, const ByNumber<Flag>& is_wanted);
+
 /// Parents of the animal at `position` as ancestor numbers, the way `make_ancestor_pedigree` takes them.
 struct ParentNumbers {
   std::int32_t sire = 0, dam = 0;

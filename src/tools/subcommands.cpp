@@ -8,6 +8,7 @@
 #include <string>
 
 #include "tools/check_command.h"
+#include "tools/matings_command.h"
 #include "tools/prepare_command.h"
 
 namespace pedigreewatch {
@@ -24,6 +25,8 @@ struct Subcommand {
 constexpr auto subcommands = std::to_array<Subcommand>({
     {"prepare", "turns an office's export into a data file and a steer file", prepare_help, run_prepare},
     {"check", "finds everything in the data file that stops a run or falsifies its figures", check_help, run_check},
+    {"matings", "works out F of the offspring of possible matings, and the common ancestors", matings_help,
+     run_matings},
 });
 
 const Subcommand* find_subcommand(std::string_view name) {

@@ -1,0 +1,136 @@
+// Cells are put together as texts. F has as many digits as it takes to read the same value again.
+
+#include "matings/mating_table.h"
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <initializer_list>
+#include <string_view>
+
+#include "checks/readable_text.h"
+#include "intake/phrases.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr std::array<std::string_view, 6> first_columns = {
+    "female", "male", "F", "kinship", "female_mean_kinship", "male_mean_kinship"};
+constexpr std::array<std::string_view, 3> ancestor_columns = {"ancestor_", "contribution_", "percent_"};
+
+/// A number with so many significant digits.
+std::string digits_of(double value, int digits) {
+  if (value == 0.0) return "0";  // without a sign
+  std::array<char, 32> text{};
+  const int length = std::snprintf(text.data(), text.size(), "%.*g", digits, value);
+  return {text.data(), static_cast<std::size_t>(length)};
+}
+
+/// The fewest digits that stand for this value and no other.
+std::string shortest(float value) {
+  constexpr int fewest = 6, enough = 9;
+  std::string text;
+  for (int digits = fewest; digits <= enough; ++digits) {
+    text = digits_of(double{value}, digits);
+    if (std::strtof(text.c_str(), nullptr) == value) break;
+  }
+  return text;
+}
+
+std::string real_text(double value) {
+  constexpr int digits = 9;
+  return digits_of(value, digits);
+}
+
+std::string percent_text(double share) {
+  std::array<char, 32> text{};
+  const int length = std::snprintf(text.data(), text.size(), "%.2f", 100.0 * share);
+  return {text.data(), static_cast<std::size_t>(length)};
+}
+
+/// A cell between quotation marks where the commas would cut it.
+std::string quoted(std::string_view cell) {
+  if (cell.find_first_of(",\"") == std::string_view::npos) return std::string(cell);
+  std::string result = "\"";
+  for (const char letter : cell) result += letter == '"' ? std::string("\"\"") : std::string(1, letter);
+  return result + "\"";
+}
+
+/// One line of a table, cell by cell.
+struct TableLine {
+  TableForm form = TableForm::tabs;
+  std::string text = {};
+  bool has_cells = false;
+
+  void add(std::string_view cell) {
+    if (has_cells) text += form == TableForm::tabs ? '\t' : ',';
+    text += form == TableForm::tabs ? std::string(cell) : quoted(cell);
+    has_cells = true;
+  }
+  void add_empty(std::size_t count) {
+    for (std::size_t k = 0; k < count; ++k) add({});
+  }
+};
+
+/// An identification, in which nothing can end a cell or a line.
+std::string id_text(const MatingWork& work, std::int32_t position) {
+  return shown(readable(work.store.id(position)));
+}
+
+std::string mean_kinship_text(const MatingWork& work, std::int32_t position) {
+  return work.mean_kinship.values.empty() ? std::string() : real_text(work.mean_kinship[position]);
+}
+
+void add_ancestors(TableLine& line, const MatingWork& work, const KinshipParts& parts) {
+  for (const CommonAncestor& ancestor : parts.largest) {
+    if (ancestor.position == 0) {
+      line.add_empty(ancestor_columns.size());
+      continue;
+    }
+    line.add(id_text(work, ancestor.position));
+    line.add(real_text(ancestor.contribution));
+    line.add(percent_text(ancestor.contribution / parts.kinship));
+  }
+}
+
+}  // namespace
+
+std::string mating_heading(TableForm form) {
+  TableLine line{form};
+  for (const std::string_view column : first_columns) line.add(column);
+  for (std::size_t k = 1; k <= named_ancestors; ++k) {
+    for (const std::string_view column : ancestor_columns) line.add(std::string(column) + std::to_string(k));
+  }
+  return line.text;
+}
+
+std::string mating_row(const MatingTable& table, std::size_t pair) {
+  const MatingPair& mating = table.pairs[pair];
+  const KinshipParts& parts = table.parts[pair];
+  TableLine line{table.form};
+  line.add(id_text(table.work, mating.female));
+  line.add(id_text(table.work, mating.male));
+  line.add(shortest(mating.f));
+  line.add(real_text(parts.kinship));
+  line.add(mean_kinship_text(table.work, mating.female));
+  line.add(mean_kinship_text(table.work, mating.male));
+  add_ancestors(line, table.work, parts);
+  return line.text;
+}
+
+bool write_matings(const MatingTable& table, const std::string& name, const MatingWatch& watch, FileProblem& problem) {
+  NewFile file;
+  if (!begin_file(file, name, problem)) return false;
+  write_bytes(file, mating_heading(table.form) + "\n");
+  for (std::size_t pair = 0; pair < table.pairs.size(); ++pair) {
+    const bool is_stopped = watch.stop_request != nullptr && *watch.stop_request != 0;
+    if (is_stopped) {
+      abandon(file);
+      return false;
+    }
+    if (!write_bytes(file, mating_row(table, pair) + "\n")) break;  // finish_file says why
+  }
+  return finish_file(file, problem);
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,32 @@
+// The matings as a table: a line for each pair, for spreadsheets and for R. UTF-8 with a heading, decimal points, and
+// empty cells for what is not known.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "intake/file_pair.h"
+#include "matings/ranking.h"
+
+namespace pedigreewatch {
+
+enum class TableForm : std::uint8_t { tabs, commas };
+
+/// What is written; one entry of `parts` for each pair.
+struct MatingTable {
+  const MatingWork& work;
+  std::span<const MatingPair> pairs;
+  std::span<const KinshipParts> parts;
+  TableForm form = TableForm::tabs;
+};
+
+/// The names of the columns, and one line, both without their end.
+std::string mating_heading(TableForm form);
+std::string mating_row(const MatingTable& table, std::size_t pair);
+
+/// Writes the table, completely or not at all. Yields false when it cannot be written, with `problem`, or when it was
+/// stopped, without.
+bool write_matings(const MatingTable& table, const std::string& name, const MatingWatch& watch, FileProblem& problem);
+
+}  // namespace pedigreewatch

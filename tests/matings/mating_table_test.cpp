@@ -1,0 +1,81 @@
+// The table of matings, cell by cell.
+#include "matings/mating_table.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "genetics/inbreeding.h"
+#include "support/pedigrees.h"
+
+namespace pedigreewatch::test {
+namespace {
+
+/// The row of a mating in the store, with bars in place of tabs.
+std::string row_of_mating(std::string_view pedigree, std::string_view dam, std::string_view sire,
+                          TableForm form = TableForm::tabs) {
+  PopulationStore store = pedigree_from_text(pedigree);
+  TextOutput console;
+  compute_inbreeding(store, make_ancestor_pedigree(store), console);
+  const MatingPlan plan = {{animal_named(store, dam).number}, {animal_named(store, sire).number}, {}, {}};
+  const MatingWork work = make_mating_work(store, candidates_of(plan));
+  const MatingChoice choice = choose_matings(work, plan);
+  const std::vector<KinshipParts> parts = describe_matings(work, choice.pairs);
+  std::string row = mating_row({work, choice.pairs, parts, form}, 0);
+  std::replace(row.begin(), row.end(), '\t', '|');
+  return row;
+}
+
+constexpr std::string_view half_sibs =
+    "rex  0   0    m 2001\n"
+    "saar 0   0    f 2001\n"
+    "mies 0   0    f 2001\n"
+    "bram rex saar m 2003\n"
+    "puck rex mies f 2003\n";
+
+TEST(MatingRow, HasFKinshipAndTheShareOfEachAncestor) {
+  // The youngest are Bram and Puck: of each (0.5 + 0.125) / 2.
+  EXPECT_EQ(row_of_mating(half_sibs, "puck", "bram"),
+            "puck|bram|0.125|0.125|0.3125|0.3125|rex|0.125|100.00||||||||||||");
+  EXPECT_EQ(row_of_mating(half_sibs, "mies", "bram"), "mies|bram|0|0|0.125|0.3125|||||||||||||||");
+  EXPECT_EQ(row_of_mating(half_sibs, "saar", "bram"), "saar|bram|0.25|0.25|0.125|0.3125|saar|0.25|100.00||||||||||||");
+}
+
+TEST(MatingRow, LeavesMeanKinshipEmptyWhereThereAreNoYoungestAnimals) {
+  EXPECT_EQ(row_of_mating("a 0 0 m 0\nb 0 0 f 0\n", "b", "a"), "b|a|0|0|||||||||||||||||");
+}
+
+TEST(MatingRow, QuotesCellsWithCommasOnly) {
+  constexpr std::string_view odd = "a,1 0 0 m 0\nb\"x 0 0 f 0\n";
+  EXPECT_EQ(row_of_mating(odd, "b\"x", "a,1", TableForm::commas), "\"b\"\"x\",\"a,1\",0,0,,,,,,,,,,,,,,,,,");
+  EXPECT_EQ(row_of_mating(odd, "b\"x", "a,1").substr(0, 12), "b\"x|a,1|0|0|");
+}
+
+TEST(MatingRow, IsUtf8WithoutControlCharacters) {
+  EXPECT_EQ(row_of_mating("Zo\xEB 0 0 m 0\nb\x1B[x 0 0 f 0\n", "b\x1B[x", "Zo\xEB").substr(0, 14),
+            "b.[x|Zo\xC3\xAB|0|0|");
+}
+
+TEST(MatingHeading, NamesEveryColumn) {
+  const std::string heading = mating_heading(TableForm::commas);
+  EXPECT_EQ(heading,
+            "female,male,F,kinship,female_mean_kinship,male_mean_kinship,ancestor_1,contribution_1,percent_1,"
+            "ancestor_2,contribution_2,percent_2,ancestor_3,contribution_3,percent_3,ancestor_4,contribution_4,"
+            "percent_4,ancestor_5,contribution_5,percent_5");
+  const std::string row = row_of_mating(half_sibs, "puck", "bram", TableForm::commas);
+  EXPECT_EQ(std::count(row.begin(), row.end(), ','), std::count(heading.begin(), heading.end(), ','));
+}
+
+TEST(MatingRow, FHasTheDigitsThatYieldItAgain) {
+  // Nine generations between the two: 1 / 2^10, which six digits do not tell.
+  std::string pedigree = "a0 0 0 m 0\n";
+  for (int k = 1; k <= 9; ++k) {
+    pedigree += "a" + std::to_string(k) + " a" + std::to_string(k - 1) + (k == 9 ? " 0 f 0\n" : " 0 m 0\n");
+  }
+  EXPECT_EQ(row_of_mating(pedigree, "a9", "a0").substr(0, 52), "a9|a0|0.0009765625|0.0009765625|||a0|0.0009765625|10");
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test
