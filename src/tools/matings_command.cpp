@@ -8,6 +8,7 @@
 #include <charconv>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <optional>
 #include <string>
 #include <utility>
@@ -45,8 +46,8 @@ constexpr auto rules =
     std::to_array<OptionRule>({{"--females"}, {"--males"}, {"--years"}, {"--best"}, {"--limit"}, {"--csv", false}});
 
 constexpr Wording females_word = {"females", "vrouwelijke dieren"}, males_word = {"males", "mannelijke dieren"};
-constexpr Wording born_between = {"{1} {2}, born {3} to {4}", "{1} {2}, geboren {3} tot en met {4}"};
-constexpr Wording listed_in = {"{1} {2} of {3}", "{1} {2} uit {3}"};
+constexpr Wording born_between = {"{2} born {3} to {4}: {1}", "{2} geboren {3} tot en met {4}: {1}"};
+constexpr Wording listed_in = {"{2} of {3}: {1}", "{2} uit {3}: {1}"};
 constexpr Wording no_birth_years = {"no animal has a year of birth; name the {1} with {2} FILE",
                                     "van geen dier is het geboortejaar bekend; noem de {1} met {2} BESTAND"};
 constexpr Wording none_born = {
@@ -79,6 +80,8 @@ constexpr Wording too_many_pairs = {
 constexpr Wording too_many_rows = {
     "the table would have {1} lines, and at most {2} are written; give --best K, or a lower --limit F",
     "de tabel zou {1} regels hebben; er worden er hoogstens {2} geschreven; geef --best K, of een lagere --limit F"};
+constexpr Wording counting_pairs = {"working out pairs", "paren berekenen"};
+constexpr Wording finding_ancestors = {"common ancestors of pairs", "gemeenschappelijke voorouders van paren"};
 constexpr Wording was_stopped = {"stopped; nothing was written", "afgebroken; er is niets geschreven"};
 constexpr Wording not_written = {"{1}: {2}; the table was not written", "{1}: {2}; de tabel is niet geschreven"};
 constexpr Wording lowest_line = {"lowest F of the offspring: {1} %, {2} x {3}",
@@ -86,8 +89,8 @@ constexpr Wording lowest_line = {"lowest F of the offspring: {1} %, {2} x {3}",
 constexpr Wording highest_line = {"highest F of the offspring: {1} %, {2} x {3}",
                                   "hoogste F van de nakomelingen: {1} %, {2} x {3}"};
 constexpr Wording beyond_line = {"F beyond 6.25 % (as of first cousins): {1} of {2} pairs",
-                                 "F boven 6,25 % (zoals van neef en nicht): {1} van {2} paren"};
-constexpr Wording table_line = {"Written: {1}, {2} pairs", "Geschreven: {1}, {2} paren"};
+                                 "F boven 6.25 % (zoals van neef en nicht): {1} van {2} paren"};
+constexpr Wording table_line = {"pairs written to {1}: {2}", "paren geschreven in {1}: {2}"};
 
 constexpr int stands_in_the_way = 1, wrong_arguments = 2;
 
@@ -111,9 +114,10 @@ std::optional<std::int32_t> read_count(std::string_view text) {
 std::optional<double> read_limit(std::string_view text) {
   const bool is_percent = text.ends_with('%');
   if (is_percent) text.remove_suffix(1);
-  double number = 0.0;
-  const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
-  if (error != std::errc() || stop != text.data() + text.size()) return std::nullopt;
+  const bool has_digit = text.find_first_of("0123456789") != std::string_view::npos;
+  const bool has_others = text.find_first_not_of("0123456789.") != std::string_view::npos;
+  if (!has_digit || has_others || std::count(text.begin(), text.end(), '.') > 1) return std::nullopt;
+  double number = std::strtod(std::string(text).c_str(), nullptr);
   if (is_percent) number /= 100.0;
   return number >= 0.0 && number <= 1.0 ? std::optional(number) : std::nullopt;
 }
@@ -326,14 +330,14 @@ int write_plan(MatingRun& run, const MatingPlan& plan) {
   ToolStreams& streams = run.streams;
   const MatingWork work = make_mating_work(run.population.store, candidates_of(plan));
   const MatingWatch watch = {&streams.progress, streams.stop_request};
-  begin_progress(streams.progress, "pairs of animals");
+  begin_progress(streams.progress, words_of(counting_pairs, run.language));
   const MatingChoice choice = choose_matings(work, plan, watch);
   if (choice.is_stopped) return refuse(streams, words_of(was_stopped, run.language));
   const auto rows = static_cast<std::int64_t>(choice.pairs.size());
   if (rows > most_rows) {
     return refuse(streams, phrase(too_many_rows, run.language, {std::to_string(rows), std::to_string(most_rows)}));
   }
-  begin_progress(streams.progress, "common ancestors of pairs");
+  begin_progress(streams.progress, words_of(finding_ancestors, run.language));
   const std::vector<KinshipParts> parts = describe_matings(work, choice.pairs, watch);
   const std::string name = name_beside_report(run.population.settings,
                                               run.options.form == TableForm::tabs ? "_matings.tsv" : "_matings.csv");
@@ -363,12 +367,11 @@ int run_matings(std::span<const std::string_view> arguments, ToolStreams& stream
   const std::optional<AnalysedPopulation> population = analyse_folder(streams);
   if (!population) return stands_in_the_way;
   MatingRun run{*population, options, streams, language_of(population->settings)};
-  MatingPlan plan;
+  MatingPlan plan = {{}, {}, options.best, options.limit};
   plan.females = take_candidates(run, females_list, options.females_file);
+  if (plan.females.empty()) return stands_in_the_way;
   plan.males = take_candidates(run, males_list, options.males_file);
-  plan.best = options.best;
-  plan.limit = options.limit;
-  if (plan.females.empty() || plan.males.empty()) return stands_in_the_way;
+  if (plan.males.empty()) return stands_in_the_way;
   const std::string problem = refuse_size(plan, run.language);
   return problem.empty() ? write_plan(run, plan) : refuse(streams, problem);
 }

@@ -1,0 +1,256 @@
+// Whole runs of `pedigreewatch-tools matings`: what is written, what is refused, and what it has in common with a run
+// of the program.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/program_run.h"
+#include "support/steer_lines.h"
+
+namespace pedigreewatch::test {
+namespace {
+
+// Bram and Tess are full sibs, Puck is their half sib; the last ten years begin in 2005.
+const std::string village =
+    "id;sex;birthdate;sire;dam\n"
+    "rex;m;01-01-2001;;\n"
+    "saar;f;01-01-2001;;\n"
+    "mies;f;01-01-2001;;\n"
+    "bram;m;01-01-2013;rex;saar\n"
+    "tess;f;01-01-2013;rex;saar\n"
+    "puck;f;01-01-2014;rex;mies\n";
+
+bool has(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
+SteerLines in_dutch() {
+  SteerLines steer;
+  steer.language = "nl";
+  return steer;
+}
+
+WholeRun run_matings_on(const Files& files, std::vector<std::string> options = {}) {
+  options.insert(options.begin(), "matings");
+  return run_program_on(files, tools_with(options));
+}
+
+/// A run on the village with further files.
+WholeRun matings(std::vector<std::string> options = {}, const Files& more = {}, const SteerLines& steer = {}) {
+  Files files = files_of(village, steer);
+  files.insert(more.begin(), more.end());
+  return run_matings_on(files, std::move(options));
+}
+
+constexpr std::string_view nothing_more = "\t\t\t\t\t\t\t\t\t\t\t\t";  // cells of four ancestors
+
+TEST(MatingsRun, WritesThePairsOfTheLastYearsTheLowestFFirst) {
+  const WholeRun run = matings();
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_EQ(run.messages, "");
+  EXPECT_EQ(run.console,
+            "females born 2005 to 2014: 2\n"
+            "males born 2005 to 2014: 1\n"
+            "lowest F of the offspring: 12.50 %, puck x bram\n"
+            "highest F of the offspring: 25.00 %, tess x bram\n"
+            "F beyond 6.25 % (as of first cousins): 2 of 2 pairs\n"
+            "pairs written to dogs_matings.tsv: 2\n");
+  const std::string table = run.file("dogs_matings.tsv");
+  const std::string rows = table.substr(table.find('\n') + 1);
+  // With Bram, Tess and Puck: Puck (0.125 + 0.125 + 0.5) / 3, Bram (0.5 + 0.25 + 0.125) / 3, Tess likewise.
+  EXPECT_EQ(rows, "puck\tbram\t0.125\t0.125\t0.25\t0.291666667\trex\t0.125\t100.00" + std::string(nothing_more) +
+                      "\ntess\tbram\t0.25\t0.25\t0.291666667\t0.291666667\tsaar\t0.125\t50.00\trex\t0.125\t50.00" +
+                      std::string(nothing_more).substr(3) + "\n");
+}
+
+TEST(MatingsRun, FIsWhatARunShowsOfTheOffspring) {
+  const WholeRun run = run_program_on(files_of(village + "pup;m;01-01-2016;bram;puck\n"));
+  EXPECT_TRUE(has(run.file("dogs.out"), "2016  0.1250  ")) << run.file("dogs.out");
+}
+
+TEST(MatingsRun, SpeaksTheLanguageOfTheSteerFile) {
+  const WholeRun run = matings({"--years", "2"}, {}, in_dutch());
+  EXPECT_EQ(run.exit_status, 0);
+  EXPECT_EQ(run.console,
+            "vrouwelijke dieren geboren 2013 tot en met 2014: 2\n"
+            "mannelijke dieren geboren 2013 tot en met 2014: 1\n"
+            "laagste F van de nakomelingen: 12.50 %, puck x bram\n"
+            "hoogste F van de nakomelingen: 25.00 %, tess x bram\n"
+            "F boven 6.25 % (zoals van neef en nicht): 2 van 2 paren\n"
+            "paren geschreven in dogs_matings.tsv: 2\n");
+}
+
+TEST(MatingsRun, TakesTheAnimalsOfListsWithAnyLineEndsAndAByteOrderMark) {
+  const Files lists = {{"f.txt",
+                        "\xEF\xBB\xBF"
+                        "tess\r\n\r\n  mies\t\r\n"},
+                       {"m.txt", "rex\nbram"}};
+  const WholeRun run = matings({"--females", "f.txt", "--males=m.txt", "--best", "1"}, lists);
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_TRUE(has(run.console, "females of f.txt: 2\nmales of m.txt: 2\n")) << run.console;
+  const std::string table = run.file("dogs_matings.tsv");
+  EXPECT_TRUE(has(table, "\ntess\trex\t0.25\t")) << "Rex has the lower mean kinship";
+  EXPECT_TRUE(has(table, "\nmies\trex\t0\t"));
+  EXPECT_FALSE(has(table, "\tbram\t"));
+}
+
+TEST(MatingsRun, KeepsPairsUpToTheLimit) {
+  for (const std::string limit : {"0.125", "12.5%", "0.2"}) {
+    const WholeRun run = matings({"--limit", limit});
+    EXPECT_EQ(run.exit_status, 0);
+    EXPECT_TRUE(has(run.console, "of 2 pairs\npairs written to dogs_matings.tsv: 1\n")) << run.console;
+  }
+  const WholeRun none = matings({"--limit", "0"});
+  EXPECT_EQ(none.exit_status, 0);
+  EXPECT_TRUE(has(none.console, "pairs written to dogs_matings.tsv: 0\n"));
+  EXPECT_TRUE(none.file("dogs_matings.tsv").ends_with("percent_5\n"));
+}
+
+TEST(MatingsRun, WritesCommasWhenAsked) {
+  const WholeRun run = matings({"--csv"});
+  EXPECT_EQ(run.exit_status, 0);
+  EXPECT_EQ(run.files.count("dogs_matings.tsv"), 0U);
+  EXPECT_TRUE(has(run.file("dogs_matings.csv"), "\npuck,bram,0.125,0.125,"));
+}
+
+TEST(MatingsRun, LeavesOutWhatCannotBeUsedAndSaysSo) {
+  const WholeRun run = matings({"--females", "f.txt"}, {{"f.txt", "tess\nbram\nnobody\ntess\n"}});
+  EXPECT_EQ(run.exit_status, 1) << "somebody was left out";
+  EXPECT_EQ(run.messages,
+            "f.txt, line 2: \"bram\": a female was expected, this animal is male; left out\n"
+            "f.txt, line 3: \"nobody\": no animal has this identification; left out\n"
+            "f.txt, line 4: \"tess\": stands in line 1 already; taken once\n");
+  EXPECT_TRUE(has(run.file("dogs_matings.tsv"), "\ntess\tbram\t"));
+  const WholeRun dutch = matings({"--males", "m.txt"}, {{"m.txt", "bram\ntess\nniemand\nbram\n"}}, in_dutch());
+  EXPECT_EQ(dutch.exit_status, 1);
+  EXPECT_EQ(dutch.messages,
+            "m.txt, regel 2: \"tess\": een mannelijk dier werd verwacht, dit is vrouwelijk; weggelaten\n"
+            "m.txt, regel 3: \"niemand\": geen dier heeft deze identificatie; weggelaten\n"
+            "m.txt, regel 4: \"bram\": staat al in regel 1; eenmaal meegenomen\n");
+}
+
+TEST(MatingsRun, ARepeatedAnimalAloneIsNoFailure) {
+  EXPECT_EQ(matings({"--females", "f.txt"}, {{"f.txt", "tess\ntess\n"}}).exit_status, 0);
+}
+
+TEST(MatingsRun, SaysTheFirstOfManyFaults) {
+  std::string ids = "tess\n";
+  for (int k = 0; k < 25; ++k) ids += "x" + std::to_string(k) + "\n";
+  const WholeRun run = matings({"--females", "f.txt"}, {{"f.txt", ids}});
+  EXPECT_TRUE(has(run.messages, "\"x19\""));
+  EXPECT_FALSE(has(run.messages, "\"x20\""));
+  EXPECT_TRUE(has(run.messages, "f.txt: and 5 more of this kind\n"));
+}
+
+struct Refusal {
+  std::vector<std::string> options;
+  std::string list, message;
+};
+
+TEST(MatingsRun, RefusesListsThatNobodyCanBeTakenFrom) {
+  for (const Refusal& refusal : std::vector<Refusal>{
+           {{"--females", "none.txt"}, "", "\"none.txt\": the file of --females could not be opened\n"},
+           {{"--males", "folder"}, "", "\"folder\": the file of --males could not be opened\n"},
+           {{"--females", "l.txt"}, "", "l.txt: no identification stands in this file\n"},
+           {{"--females", "l.txt"}, "\r\n \r\n", "l.txt: no identification stands in this file\n"},
+           {{"--females", "l.txt"}, "rex\n", "left out\nl.txt: none of its animals can be used\n"},
+           {{"--males", "l.txt"}, std::string(600, 'x'), "no animal has this identification; left out\n"},
+           {{"--males", "l.txt"}, std::string("\xFF\xFEr\0e\0x\0", 8), "this file is neither (UTF-16?)\n"}}) {
+    const WholeRun run = matings(refusal.options, {{"l.txt", refusal.list}, {"folder/", ""}});
+    EXPECT_EQ(run.exit_status, 1) << refusal.message;
+    EXPECT_TRUE(has(run.messages, refusal.message)) << run.messages;
+    EXPECT_EQ(run.files.count("dogs_matings.tsv"), 0U);
+  }
+}
+
+TEST(MatingsRun, SaysWhyThereIsNobodyByYears) {
+  const WholeRun no_males = matings({"--years", "1"});
+  EXPECT_EQ(no_males.exit_status, 1);
+  EXPECT_EQ(no_males.messages,
+            "no males were born from 2014 to 2014; give more --years, or name the males with --males FILE\n");
+  const WholeRun no_years = run_matings_on(files_of("id;sex;birthdate;sire;dam\na;m;;;\nb;f;;;\n"));
+  EXPECT_EQ(no_years.exit_status, 1);
+  EXPECT_EQ(no_years.messages, "no animal has a year of birth; name the females with --females FILE\n");
+  const WholeRun dutch = matings({"--years", "1"}, {}, in_dutch());
+  EXPECT_EQ(dutch.messages,
+            "er zijn geen mannelijke dieren geboren van 2014 tot en met 2014; geef meer --years, of noem de mannelijke "
+            "dieren met --males BESTAND\n");
+}
+
+TEST(MatingsRun, YearsBeforeTheFirstOneAreNotLookedFor) {
+  EXPECT_TRUE(has(matings({"--years", "2147483647"}).console, "females born 2001 to 2014: 4\n"));
+}
+
+TEST(MatingsRun, RefusesArgumentsThatMakeNoSense) {
+  for (const Refusal& refusal : std::vector<Refusal>{
+           {{"dogs.txt"}, "", "\"dogs.txt\": an option was expected\n"},
+           {{"--years", "0"}, "", "--years \"0\": a number from 1 on was expected\n"},
+           {{"--best", "many"}, "", "--best \"many\": a number from 1 on was expected\n"},
+           {{"--best", "99999999999"}, "", "--best \"99999999999\": a number from 1 on was expected\n"},
+           {{"--limit", "6.25"}, "", "--limit \"6.25\": an F such as 0.0625 or 6.25% was expected\n"},
+           {{"--limit", "nan"}, "", "--limit \"nan\": an F such as"},
+           {{"--limit", "."}, "", "--limit \".\": an F such as"},
+           {{"--limit", "0.1.2"}, "", "--limit \"0.1.2\": an F such as"},
+           {{"--females", ""}, "", "--females \"\": the name of a file was expected\n"},
+           {{"--females", "a", "--males", "b", "--years", "3"}, "", "--years has no meaning when all animals"},
+           {{"--colour", "red"}, "", "--colour: there is no such option\n"}}) {
+    const WholeRun run = matings(refusal.options);
+    EXPECT_EQ(run.exit_status, 2) << refusal.message;
+    EXPECT_TRUE(has(run.messages, "pedigreewatch-tools matings: " + refusal.message)) << run.messages;
+    EXPECT_TRUE(has(run.messages, "Try: pedigreewatch-tools matings --help\n"));
+  }
+}
+
+TEST(MatingsRun, SaysWhatStandsInTheWay) {
+  const WholeRun no_steer = run_matings_on({{"dogs.txt", ""}});
+  EXPECT_EQ(no_steer.exit_status, 1);
+  EXPECT_TRUE(has(no_steer.messages, "pedigreewatch.ini: the steer file is not in this folder"));
+  const WholeRun loop = run_matings_on(files_of("id;sex;birthdate;sire;dam\na;m;;b;\nb;m;;a;\n"));
+  EXPECT_EQ(loop.exit_status, 1);
+  EXPECT_TRUE(has(loop.messages, "`pedigreewatch-tools check` names everything"));
+  const WholeRun not_written = matings({}, {{"dogs_matings.tsv/", ""}});
+  EXPECT_EQ(not_written.exit_status, 1);
+  EXPECT_TRUE(has(not_written.messages, "dogs_matings.tsv: ")) << not_written.messages;
+  EXPECT_TRUE(has(not_written.messages, "; the table was not written\n")) << not_written.messages;
+}
+
+/// So many animals of each sex without parents.
+std::string founders(int females, int males) {
+  std::string data = "id;sex;birthdate;sire;dam\n";
+  for (int k = 0; k < females; ++k) data += "f" + std::to_string(k) + ";f;01-01-2014;;\n";
+  for (int k = 0; k < males; ++k) data += "m" + std::to_string(k) + ";m;01-01-2014;;\n";
+  return data;
+}
+
+TEST(HostileMatings, TooManyPairsAreRefusedWithWhatToDo) {
+  const WholeRun pairs = run_matings_on(files_of(founders(10001, 1000)));
+  EXPECT_EQ(pairs.exit_status, 1);
+  EXPECT_EQ(pairs.messages,
+            "10001 females with 1000 males are 10001000 pairs, and at most 10000000 are worked out; name fewer animals "
+            "with --females and --males, or give fewer --years\n");
+}
+
+TEST(HostileMatings, TooManyLinesAreRefusedAndFewerAreTaken) {
+  const Files files = files_of(founders(1001, 1000));
+  const WholeRun rows = run_matings_on(files);
+  EXPECT_EQ(rows.exit_status, 1);
+  EXPECT_EQ(
+      rows.messages,
+      "the table would have 1001000 lines, and at most 1000000 are written; give --best K, or a lower --limit F\n");
+  EXPECT_EQ(run_matings_on(files, {"--limit", "0.1"}).messages, rows.messages) << "all F are 0";
+  EXPECT_EQ(run_matings_on(files, {"--best", "1"}).exit_status, 0);
+}
+
+TEST(HostileMatings, ATableThatBreaksOffIsTakenAway) {
+  const RunFolder folder(files_of(village));
+  ProgramStart start = tools_with({"matings"});
+  start.limits.file_bytes = 300;
+  start.keeps_console = false;
+  const WholeRun run = run_program_in(folder, start);
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(run.files.size(), 2U) << "the steer file and the data file";
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test
