@@ -58,13 +58,13 @@ std::string quoted(std::string_view cell) {
 
 /// One line of a table, cell by cell.
 struct TableLine {
-  TableForm form = TableForm::tabs;
+  MatingTableForm form = MatingTableForm::tabs;
   std::string text = {};
   bool has_cells = false;
 
   void add(std::string_view cell) {
-    if (has_cells) text += form == TableForm::tabs ? '\t' : ',';
-    text += form == TableForm::tabs ? std::string(cell) : quoted(cell);
+    if (has_cells) text += form == MatingTableForm::tabs ? '\t' : ',';
+    text += form == MatingTableForm::tabs ? std::string(cell) : quoted(cell);
     has_cells = true;
   }
   void add_empty(std::size_t count) {
@@ -95,7 +95,7 @@ void add_ancestors(TableLine& line, const MatingWork& work, const KinshipParts& 
 
 }  // namespace
 
-std::string mating_heading(TableForm form) {
+std::string mating_heading(MatingTableForm form) {
   TableLine line{form};
   for (const std::string_view column : first_columns) line.add(column);
   for (std::size_t k = 1; k <= named_ancestors; ++k) {

@@ -11,18 +11,18 @@
 
 namespace pedigreewatch {
 
-enum class TableForm : std::uint8_t { tabs, commas };
+enum class MatingTableForm : std::uint8_t { tabs, commas };
 
 /// What is written; one entry of `parts` for each pair.
 struct MatingTable {
   const MatingWork& work;
   std::span<const MatingPair> pairs;
   std::span<const KinshipParts> parts;
-  TableForm form = TableForm::tabs;
+  MatingTableForm form = MatingTableForm::tabs;
 };
 
 /// The names of the columns, and one line, both without their end.
-std::string mating_heading(TableForm form);
+std::string mating_heading(MatingTableForm form);
 std::string mating_row(const MatingTable& table, std::size_t pair);
 
 /// Writes the table, completely or not at all. Yields false when it cannot be written, with `problem`, or when it was

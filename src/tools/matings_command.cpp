@@ -99,7 +99,7 @@ struct MatingOptions {
   std::int32_t years = 10;
   std::optional<std::int64_t> best;
   std::optional<double> limit;
-  TableForm form = TableForm::tabs;
+  MatingTableForm form = MatingTableForm::tabs;
 };
 
 /// A number from 1 to 2147483647; none for any other text.
@@ -127,7 +127,7 @@ std::string take_option(const GivenOption& given, MatingOptions& options) {
   const auto refusal = [&](std::string_view expected) {
     return std::string(given.name) + " " + in_quotes(given.value) + ": " + std::string(expected) + " was expected";
   };
-  if (given.name == "--csv") options.form = TableForm::commas;
+  if (given.name == "--csv") options.form = MatingTableForm::commas;
   if (given.name == "--females" || given.name == "--males") {
     if (given.value.empty()) return refusal("the name of a file");
     (given.name == "--females" ? options.females_file : options.males_file) = given.value;
@@ -155,7 +155,7 @@ std::string read_options(std::span<const std::string_view> arguments, MatingOpti
   if (!line.operands.empty()) return in_quotes(line.operands.front()) + ": an option was expected";
   bool has_years = false;
   for (const GivenOption& given : line.options) {
-    const std::string problem = take_option(given, options);
+    std::string problem = take_option(given, options);
     if (!problem.empty()) return problem;
     has_years = has_years || given.name == "--years";
   }
@@ -339,8 +339,8 @@ int write_plan(MatingRun& run, const MatingPlan& plan) {
   }
   begin_progress(streams.progress, words_of(finding_ancestors, run.language));
   const std::vector<KinshipParts> parts = describe_matings(work, choice.pairs, watch);
-  const std::string name = name_beside_report(run.population.settings,
-                                              run.options.form == TableForm::tabs ? "_matings.tsv" : "_matings.csv");
+  const std::string name = name_beside_report(
+      run.population.settings, run.options.form == MatingTableForm::tabs ? "_matings.tsv" : "_matings.csv");
   FileProblem problem;
   const bool is_written = parts.size() == choice.pairs.size() &&
                           write_matings({work, choice.pairs, parts, run.options.form}, name, watch, problem);

@@ -4,18 +4,21 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <csignal>
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "genetics/inbreeding.h"
 #include "support/pedigrees.h"
+#include "support/run_folder.h"
 
 namespace pedigreewatch::test {
 namespace {
 
 /// The row of a mating in the store, with bars in place of tabs.
 std::string row_of_mating(std::string_view pedigree, std::string_view dam, std::string_view sire,
-                          TableForm form = TableForm::tabs) {
+                          MatingTableForm form = MatingTableForm::tabs) {
   PopulationStore store = pedigree_from_text(pedigree);
   TextOutput console;
   compute_inbreeding(store, make_ancestor_pedigree(store), console);
@@ -49,7 +52,7 @@ TEST(MatingRow, LeavesMeanKinshipEmptyWhereThereAreNoYoungestAnimals) {
 
 TEST(MatingRow, QuotesCellsWithCommasOnly) {
   constexpr std::string_view odd = "a,1 0 0 m 0\nb\"x 0 0 f 0\n";
-  EXPECT_EQ(row_of_mating(odd, "b\"x", "a,1", TableForm::commas), "\"b\"\"x\",\"a,1\",0,0,,,,,,,,,,,,,,,,,");
+  EXPECT_EQ(row_of_mating(odd, "b\"x", "a,1", MatingTableForm::commas), "\"b\"\"x\",\"a,1\",0,0,,,,,,,,,,,,,,,,,");
   EXPECT_EQ(row_of_mating(odd, "b\"x", "a,1").substr(0, 12), "b\"x|a,1|0|0|");
 }
 
@@ -58,13 +61,29 @@ TEST(MatingRow, IsUtf8WithoutControlCharacters) {
             "b.[x|Zo\xC3\xAB|0|0|");
 }
 
+TEST(WriteMatings, LeavesNothingBehindWhenItIsStopped) {
+  const RunFolder folder(Files{});
+  const PopulationStore store = pedigree_from_text("a 0 0 m 0\nb 0 0 f 0\n");
+  const MatingWork work{store, {}, {}, {}};
+  const std::vector<MatingPair> pairs = {{2, 1, 0.0F}};
+  const std::vector<KinshipParts> parts(1);
+  const volatile std::sig_atomic_t stop = 1;
+  FileProblem problem;
+  const std::string name = folder.path("dogs_matings.tsv");
+  EXPECT_FALSE(write_matings({work, pairs, parts}, name, {nullptr, &stop}, problem));
+  EXPECT_EQ(problem.name, "");
+  EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+  EXPECT_TRUE(write_matings({work, pairs, parts}, name, {}, problem));
+  EXPECT_TRUE(is_taken(name));
+}
+
 TEST(MatingHeading, NamesEveryColumn) {
-  const std::string heading = mating_heading(TableForm::commas);
+  const std::string heading = mating_heading(MatingTableForm::commas);
   EXPECT_EQ(heading,
             "female,male,F,kinship,female_mean_kinship,male_mean_kinship,ancestor_1,contribution_1,percent_1,"
             "ancestor_2,contribution_2,percent_2,ancestor_3,contribution_3,percent_3,ancestor_4,contribution_4,"
             "percent_4,ancestor_5,contribution_5,percent_5");
-  const std::string row = row_of_mating(half_sibs, "puck", "bram", TableForm::commas);
+  const std::string row = row_of_mating(half_sibs, "puck", "bram", MatingTableForm::commas);
   EXPECT_EQ(std::count(row.begin(), row.end(), ','), std::count(heading.begin(), heading.end(), ','));
 }
 
