@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/integers.h"
+#include "diversity/reference_population.h"
 #include "genetics/relationship_sums.h"
 
 namespace pedigreewatch {
@@ -40,18 +41,6 @@ double variance_of(const PopulationStore& store, Parents parents) {
   return (2.0 - f_of(parents.sire) - f_of(parents.dam)) * 0.25;
 }
 
-/// Animals born after the last birth year - 10 whose parents are both known.
-std::vector<std::int32_t> youngest_positions(const PopulationStore& store) {
-  constexpr std::int64_t years = 10;
-  std::vector<std::int32_t> positions;
-  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
-    const std::int32_t year = store.birth_year[i];
-    const bool is_young = year != 0 && year > std::int64_t{store.birth_years.last} - years;
-    if (is_young && store.sire_no[i] != 0 && store.dam_no[i] != 0) positions.push_back(i);
-  }
-  return positions;
-}
-
 }  // namespace
 
 ByNumber<double> mean_kinship_with(const PopulationStore& store, std::span<const std::int32_t> group) {
@@ -76,7 +65,7 @@ ByNumber<double> mean_kinship_with(const PopulationStore& store, std::span<const
 MatingWork make_mating_work(const PopulationStore& store, std::span<const std::int32_t> candidates) {
   MatingWork work{store, make_ancestor_pedigree(store, mark_with_ancestors(store, candidates)), {}, {}};
   work.within_family_variance = std::move(make_relationship_work(store, work.ancestors).within_family_variance);
-  work.mean_kinship = mean_kinship_with(store, youngest_positions(store));
+  work.mean_kinship = mean_kinship_with(store, youngest_animals(store).positions);
   return work;
 }
 
