@@ -2,10 +2,13 @@
 
 #include "intake/file_pair.h"
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
+#include <vector>
 
 namespace pedigreewatch {
 namespace {
@@ -106,10 +109,11 @@ bool finish_file(NewFile& file, FileProblem& problem) {
   return is_good;
 }
 
-bool finish_both(NewFile& first, NewFile& second, bool may_overwrite, FileProblem& problem) {
-  Move first_move = {.file = &first, .older = {}}, second_move = {.file = &second, .older = {}};
+bool finish_all(std::span<NewFile* const> files, bool may_overwrite, FileProblem& problem) {
   bool is_good = true;
-  for (NewFile* const file : {&first, &second}) {
+  std::vector<Move> moves;
+  for (NewFile* const file : files) {
+    moves.push_back({.file = file, .older = {}});
     const bool is_complete = close_file(*file);
     if (is_good && !is_complete) problem = {file->name, words_for(file->error)};
     is_good = is_good && is_complete;
@@ -117,17 +121,18 @@ bool finish_both(NewFile& first, NewFile& second, bool may_overwrite, FileProble
     problem = {file->name, {}};
     is_good = false;
   }
-  is_good = is_good && move_into_place(first_move, problem) && move_into_place(second_move, problem);
-  if (!is_good) {
-    move_back(second_move);
-    move_back(first_move);
-  }
-  for (const Move& move : {first_move, second_move}) {
+  for (Move& move : moves) is_good = is_good && move_into_place(move, problem);
+  if (!is_good) std::for_each(moves.rbegin(), moves.rend(), move_back);
+  for (const Move& move : moves) {
     std::error_code ignored;
     if (is_good && !move.older.empty()) fs::remove(move.older, ignored);
     if (!is_good) abandon(*move.file);
   }
   return is_good;
+}
+
+bool finish_both(NewFile& first, NewFile& second, bool may_overwrite, FileProblem& problem) {
+  return finish_all(std::array{&first, &second}, may_overwrite, problem);
 }
 
 }  // namespace pedigreewatch

@@ -1,8 +1,9 @@
-// Two files that belong together are written completely, both or none: under other names first, which are changed at
-// the end.
+// Files that belong together are written completely, all or none: under other names first, which are changed at the
+// end.
 #pragma once
 
 #include <cstdio>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -30,8 +31,11 @@ bool write_bytes(NewFile& file, std::string_view bytes);
 /// Takes away what was begun.
 void abandon(NewFile& file);
 
-/// Ends both files and gives them their names. When anything fails neither of them is changed, and `problem` says why.
+/// Ends the files and gives them their names. When anything fails none of them is changed, and `problem` says why.
 /// Files of these names are replaced only when that is allowed.
+bool finish_all(std::span<NewFile* const> files, bool may_overwrite, FileProblem& problem);
+
+/// The same for two files.
 bool finish_both(NewFile& first, NewFile& second, bool may_overwrite, FileProblem& problem);
 
 /// Ends the file and gives it its name, in place of an older one. When that fails nothing is changed, and `problem`

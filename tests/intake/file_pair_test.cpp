@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -65,6 +66,21 @@ TEST_F(FilePair, BothAreReplacedWhenThatIsAllowed) {
   EXPECT_TRUE(write_pair(true));
   EXPECT_EQ(bytes_of("a.txt"), "new a");
   EXPECT_EQ(bytes_of("b.ini"), "new b");
+  EXPECT_EQ(file_count(), 2);
+}
+
+TEST_F(FilePair, OlderFilesAreBackWhenTheLastOfSeveralCannotHaveItsName) {
+  put("a.tsv", "old a");
+  put("c.tsv", "old c");
+  NewFile a, b, c;
+  ASSERT_TRUE(begin_file(a, path("a.tsv"), problem) && begin_file(b, path("b.tsv"), problem) &&
+              begin_file(c, path("c.tsv"), problem));
+  write_bytes(a, "new a");
+  fs::remove(c.temporary);  // somebody tidied up meanwhile
+  EXPECT_FALSE(finish_all(std::array{&a, &b, &c}, true, problem));
+  EXPECT_EQ(problem.name, path("c.tsv"));
+  EXPECT_EQ(bytes_of("a.tsv"), "old a");
+  EXPECT_EQ(bytes_of("c.tsv"), "old c");
   EXPECT_EQ(file_count(), 2);
 }
 
