@@ -10,6 +10,7 @@
 #include "tools/check_command.h"
 #include "tools/matings_command.h"
 #include "tools/prepare_command.h"
+#include "tools/tables_command.h"
 
 namespace pedigreewatch {
 namespace {
@@ -25,6 +26,7 @@ struct Subcommand {
 constexpr auto subcommands = std::to_array<Subcommand>({
     {"prepare", "turns an office's export into a data file and a steer file", prepare_help, run_prepare},
     {"check", "finds everything in the data file that stops a run or falsifies its figures", check_help, run_check},
+    {"tables", "writes the figures of the report and of every animal as tables", tables_help, run_tables},
     {"matings", "works out F of the offspring of possible matings, and the common ancestors", matings_help,
      run_matings},
 });

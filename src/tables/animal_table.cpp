@@ -1,0 +1,175 @@
+// Everything that a row shows is known but for the offspring and the longest line, which one pass each yields. Real
+// figures repeat from animal to animal (full sibs have the same F): texts found lately are kept.
+
+#include "tables/animal_table.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <span>
+
+#include "core/real_text.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr auto column_names = std::to_array<std::string_view>(
+    {"id", "sire", "dam", "sex", "birthdate", "F", "equivalent_generations", "complete_generations", "max_generations",
+     "offspring", "native_offspring", "mean_kinship", "subpopulation"});
+
+constexpr bool has_leap_day(std::int32_t year) {
+  return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+}
+
+void append_digits(std::string& text, std::int32_t number, int width) {
+  for (std::int32_t unit = width == 4 ? 1000 : 10; unit > 0; unit /= 10) {
+    text += static_cast<char>('0' + number / unit % 10);
+  }
+}
+
+/// Texts of reals by a few bits of the real: the last one with these bits.
+struct RealTexts {
+  struct Entry {
+    std::uint32_t bits = 0;
+    std::uint8_t length = 0;  ///< 0: nothing is kept here
+    std::array<char, 19> text = {};
+  };
+  static constexpr std::size_t size = 1U << 14;
+  std::vector<Entry> entries = std::vector<Entry>(size);
+  std::string found;  ///< working space
+};
+
+std::string_view text_of(RealTexts& texts, float value) {
+  const std::uint32_t bits = std::bit_cast<std::uint32_t>(value);
+  constexpr std::uint32_t spread = 2654435761U;
+  constexpr int unused_bits = 32 - 14;
+  RealTexts::Entry& entry = texts.entries[(bits * spread) >> unused_bits];
+  if (entry.length == 0 || entry.bits != bits) {
+    texts.found.clear();
+    append_shortest(texts.found, value);
+    entry.bits = bits;
+    entry.length = static_cast<std::uint8_t>(std::min(texts.found.size(), entry.text.size()));
+    std::copy_n(texts.found.begin(), entry.length, entry.text.begin());
+  }
+  return {entry.text.data(), entry.length};
+}
+
+/// What the rows are made from besides the store, and the place in the reference population that has been reached.
+struct AnimalRows {
+  const PopulationStore& store;
+  ByNumber<std::int32_t> offspring, longest;
+  std::span<const std::int32_t> reference;
+  std::span<const double> mean_kinship;
+  std::size_t next = 0;
+  RealTexts texts;
+};
+
+void add_parent(const PopulationStore& store, std::int32_t position, TableWriter& writer) {
+  if (position == 0) {
+    add_nothing(writer);
+  } else {
+    add_text(writer, store.id(position));
+  }
+}
+
+void add_kinship(AnimalRows& rows, std::int32_t position, TableWriter& writer) {
+  const bool is_member = rows.next < rows.reference.size() && rows.reference[rows.next] == position;
+  if (is_member && rows.next < rows.mean_kinship.size()) {
+    add_real(writer, rows.mean_kinship[rows.next]);
+  } else {
+    add_nothing(writer);
+  }
+  if (is_member) ++rows.next;
+}
+
+/// An animal further on and its parents; none beyond the last one.
+std::array<std::int32_t, 3> later_family(const PopulationStore& store, std::int32_t position, std::size_t distance) {
+  const std::int64_t later = position + static_cast<std::int64_t>(distance);
+  if (later > store.animal_count) return {};
+  const std::int32_t animal = static_cast<std::int32_t>(later);
+  return {animal, store.sire_no[animal], store.dam_no[animal]};
+}
+
+/// Has fetched, each step from what the step before has brought: the record of an animal, where its text ends, its
+/// text.
+void fetch_texts_early(const PopulationStore& store, std::int32_t position) {
+  if (!store.record_of_position.values.empty()) {
+    for (const std::int32_t animal : later_family(store, position, 3 * look_ahead)) {
+      fetch_early(&store.record_of_position[animal]);
+    }
+  }
+  for (const std::int32_t animal : later_family(store, position, 2 * look_ahead)) {
+    if (animal != 0) fetch_early(&store.ids.ends[static_cast<std::size_t>(store.record_no(animal)) - 1]);
+  }
+  for (const std::int32_t animal : later_family(store, position, look_ahead)) {
+    if (animal != 0) store.ids.fetch_text_early(store.record_no(animal));
+  }
+}
+
+void write_animal(AnimalRows& rows, std::int32_t position, TableWriter& writer) {
+  const PopulationStore& store = rows.store;
+  fetch_texts_early(store, position);
+  add_text(writer, store.id(position));
+  add_parent(store, store.sire_no[position], writer);
+  add_parent(store, store.dam_no[position], writer);
+  add_plain(writer, store.sex[position] == male ? "male" : "female");
+  add_plain(writer, iso_date(store.birth_year[position], store.birth_month[position], store.birth_day(position)));
+  add_plain(writer, text_of(rows.texts, store.inbreeding[position]));
+  add_plain(writer, text_of(rows.texts, store.generation_equivalents[position]));
+  add_integer(writer, store.complete_generations[position]);
+  add_integer(writer, rows.longest[position]);
+  add_integer(writer, rows.offspring[position]);
+  add_integer(writer, store.native_offspring_count[position]);
+  add_kinship(rows, position, writer);
+  add_text(writer, store.subpopulation(position).trimmed());
+  end_row(writer);
+}
+
+}  // namespace
+
+std::string iso_date(std::int32_t year, std::int32_t month, std::int32_t day) {
+  constexpr std::int32_t february = 2, leap_day = 29;
+  constexpr std::size_t length = 10;
+  std::string text;
+  if (year <= 0 || year > 9999) return text;
+  text.reserve(length);
+  append_digits(text, year, 4);
+  text += '-';
+  append_digits(text, month, 2);
+  text += '-';
+  const bool is_missing = month == february && day == leap_day && !has_leap_day(year);
+  append_digits(text, is_missing ? leap_day - 1 : std::max(day, 1), 2);
+  return text;
+}
+
+ByNumber<std::int32_t> count_offspring(const PopulationStore& store) {
+  ByNumber<std::int32_t> offspring(store.size());
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    fetch_later_parents(store, i, offspring);
+    ++offspring[store.sire_no[i]];
+    ++offspring[store.dam_no[i]];
+  }
+  return offspring;
+}
+
+ByNumber<std::int32_t> longest_lines(const PopulationStore& store) {
+  ByNumber<std::int32_t> longest(store.size());
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    fetch_later_parents(store, i, longest);
+    for (const std::int32_t parent : {store.sire_no[i], store.dam_no[i]}) {
+      if (parent != 0) longest[i] = std::max(longest[i], longest[parent] + 1);
+    }
+  }
+  return longest;
+}
+
+void write_animals(const PopulationStore& store, const Diversity& diversity, TableWriter& writer) {
+  AnimalRows rows{
+      store, count_offspring(store), longest_lines(store), diversity.reference.positions, diversity.mean_kinship_of, 0,
+      {}};
+  for (const std::string_view name : column_names) add_text(writer, name);
+  end_row(writer);
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) write_animal(rows, i, writer);
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,128 @@
+// Most texts are plain identifications: those are recognised byte by byte and copied; all others are decoded.
+
+#include "tables/table_writer.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+
+#include "checks/readable_text.h"
+#include "core/real_text.h"
+#include "intake/utf_8.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr std::size_t piece_size = 1'000'000;
+
+void begin_cell(TableWriter& writer) {
+  if (writer.is_in_row) writer.text += separator_of(writer.form);
+  writer.is_in_row = true;
+}
+
+/// Bytes that stand in a cell as they are, unless they are the separator.
+constexpr std::array<bool, 256> plain_bytes = [] {
+  std::array<bool, 256> is_plain = {};
+  for (std::size_t byte = ' '; byte <= '~'; ++byte) is_plain[byte] = byte != '"';
+  return is_plain;
+}();
+
+constexpr bool is_control(char32_t letter) {
+  return letter < 0x20 || (letter >= 0x7F && letter <= 0x9F) || letter == 0x2028 || letter == 0x2029;
+}
+
+/// The text in UTF-8 with its control characters named.
+std::string printable(std::string_view bytes) {
+  const std::string decoded = readable(bytes);
+  std::string text;
+  for (std::string_view rest = decoded; !rest.empty();) {
+    const std::string_view before = rest;
+    const char32_t letter = take_letter(rest);
+    const std::string_view own = before.substr(0, before.size() - rest.size());
+    if (is_control(letter)) {
+      text += with_invisible_named(own);
+    } else {
+      text += own;
+    }
+  }
+  return text;
+}
+
+void append_quoted(std::string& text, std::string_view cell) {
+  text += '"';
+  for (const char byte : cell) {
+    if (byte == '"') text += '"';
+    text += byte;
+  }
+  text += '"';
+}
+
+template <typename Real>
+void add_finite(TableWriter& writer, Real value) {
+  begin_cell(writer);
+  if (std::isfinite(value)) append_shortest(writer.text, value);
+}
+
+}  // namespace
+
+void add_nothing(TableWriter& writer) {
+  begin_cell(writer);
+}
+
+void add_text(TableWriter& writer, std::string_view bytes) {
+  begin_cell(writer);
+  const char separator = separator_of(writer.form);
+  const auto is_plain = [&](char byte) { return plain_bytes[static_cast<unsigned char>(byte)] && byte != separator; };
+  if (std::all_of(bytes.begin(), bytes.end(), is_plain)) {
+    writer.text += bytes;
+    return;
+  }
+  const std::string cell = printable(bytes);
+  if (cell.find_first_of(std::string{'"', separator}) == std::string::npos) {
+    writer.text += cell;
+  } else {
+    append_quoted(writer.text, cell);
+  }
+}
+
+void add_plain(TableWriter& writer, std::string_view text) {
+  begin_cell(writer);
+  writer.text += text;
+}
+
+void add_integer(TableWriter& writer, std::int64_t value) {
+  begin_cell(writer);
+  std::array<char, 24> digits;
+  writer.text.append(digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr);
+}
+
+void add_real(TableWriter& writer, float value) {
+  add_finite(writer, value);
+}
+
+void add_real(TableWriter& writer, double value) {
+  add_finite(writer, value);
+}
+
+void add_cell(TableWriter& writer, const Cell& cell) {
+  if (const auto* const integer = std::get_if<std::int64_t>(&cell)) return add_integer(writer, *integer);
+  if (const auto* const single = std::get_if<float>(&cell)) return add_real(writer, *single);
+  if (const auto* const twofold = std::get_if<double>(&cell)) return add_real(writer, *twofold);
+  if (const auto* const text = std::get_if<std::string>(&cell)) return add_text(writer, *text);
+  add_nothing(writer);
+}
+
+void end_row(TableWriter& writer) {
+  writer.text += '\n';
+  writer.is_in_row = false;
+  if (writer.text.size() >= piece_size) flush(writer);
+}
+
+void flush(TableWriter& writer) {
+  if (writer.file == nullptr) return;
+  write_bytes(*writer.file, writer.text);
+  writer.text.clear();
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,50 @@
+// A table as a text file: cells between tabs or commas, a row a line. UTF-8, a decimal point, nothing in a cell whose
+// value is unknown. A cell with a separator or a quotation mark in it stands in quotation marks, and quotation marks
+// within it are doubled (RFC 4180); control characters are written by name, "<U+0009>", so that no cell breaks a row.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "intake/file_pair.h"
+
+namespace pedigreewatch {
+
+enum class TableForm : std::uint8_t { tabs, commas };
+
+constexpr char separator_of(TableForm form) {
+  return form == TableForm::tabs ? '\t' : ',';
+}
+/// ".tsv" or ".csv".
+constexpr std::string_view ending_of(TableForm form) {
+  return form == TableForm::tabs ? ".tsv" : ".csv";
+}
+
+struct TableWriter {
+  TableForm form = TableForm::tabs;
+  NewFile* file = nullptr;  ///< null: the bytes stay in `text` (tests read them there)
+  std::string text;         ///< what has not gone to the file yet
+  bool is_in_row = false;   ///< the row at hand has a cell already
+};
+
+/// Adds a cell to the row at hand. Texts are bytes of the data file. Reals that are not finite make an empty cell.
+void add_nothing(TableWriter& writer);
+void add_text(TableWriter& writer, std::string_view bytes);
+void add_plain(TableWriter& writer, std::string_view text);  ///< letters, digits and the like, which need no look at
+void add_integer(TableWriter& writer, std::int64_t value);
+void add_real(TableWriter& writer, float value);
+void add_real(TableWriter& writer, double value);
+
+/// A cell as it is handed over where it is not yet known what it will be; the empty state is an empty cell.
+using Cell = std::variant<std::monostate, std::int64_t, float, double, std::string>;
+void add_cell(TableWriter& writer, const Cell& cell);
+
+/// Ends the row. What has been collected goes to the file in large pieces.
+void end_row(TableWriter& writer);
+
+/// Hands the rest to the file.
+void flush(TableWriter& writer);
+
+}  // namespace pedigreewatch

@@ -1,0 +1,242 @@
+// Computes the population as a run does and its diversity, writes all tables under other names, and gives them their
+// names when every one of them is complete.
+
+#include "tools/tables_command.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <iterator>
+#include <optional>
+#include <string>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "control/steer_file.h"
+#include "diversity/diversity.h"
+#include "diversity/diversity_table.h"
+#include "tables/animal_table.h"
+#include "tables/year_tables.h"
+#include "tools/command_line.h"
+#include "tools/folder_analysis.h"
+#include "tools/reference_choice.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr std::string_view help =
+    "usage: pedigreewatch-tools tables [OPTION...]\n"
+    "  Run it in the folder with pedigreewatch.ini. It writes the figures of the report as tables for R or a\n"
+    "  spreadsheet, in full precision, beside where the report goes:\n"
+    "    NAME_years.tsv           a row for each birth year, a column for each figure of the report\n"
+    "    NAME_subpopulations.tsv  the same for each subpopulation, when the steer file names two or more\n"
+    "    NAME_animals.tsv         a row for each animal, parents before their offspring\n"
+    "    NAME_diversity.tsv       figures of diversity of a reference population\n"
+    "  Older tables of these names are replaced.\n"
+    "\n"
+    "  --years A-B           reference population: all animals born from A to B, such as 2001-2010\n"
+    "  --ids FILE            reference population: the animals of a list, one identification a line\n"
+    "                        (else: animals of the last ten birth years with both parents known)\n"
+    "  --csv                 commas instead of tabs, and names that end in .csv\n"
+    "  --help                shows this text\n"
+    "\n"
+    "  Exit status: 0 the tables were written, 1 data or files stand in the way (nothing was written), 2 wrong\n"
+    "  arguments.\n";
+
+constexpr auto rules = std::to_array<OptionRule>({{"--years"}, {"--ids"}, {"--csv", false}});
+
+constexpr Wording not_written = {"{1}: {2}; no table was written", "{1}: {2}; er is geen tabel geschreven"};
+constexpr Wording is_no_table = {"there is something of this name that is no file",
+                                 "er is al iets met deze naam dat geen bestand is"};
+constexpr Wording is_in_use = {"a table of this name would replace a file that this run reads",
+                               "een tabel met deze naam zou een bestand vervangen dat hier gelezen wordt"};
+constexpr Wording was_stopped = {"stopped; nothing was written", "afgebroken; er is niets geschreven"};
+constexpr Wording written = {"{1}: {2}", "{1}: {2}"};
+constexpr Wording birth_years = {"{1} birth years", "{1} geboortejaren"};
+constexpr Wording animals = {"{1} animals", "{1} dieren"};
+constexpr Wording subpopulations = {"{1} subpopulations", "{1} subpopulaties"};
+constexpr Wording reference_size = {"reference population of {1} animals", "referentiepopulatie van {1} dieren"};
+constexpr Wording no_reference = {
+    "no animal of the last ten birth years has both parents known: the reference population is empty, and so are its "
+    "figures; --years or --ids name another one",
+    "van geen dier van de laatste tien geboortejaren zijn beide ouders bekend: de referentiepopulatie is leeg, en haar "
+    "cijfers ook; --years of --ids noemen een andere"};
+
+struct TablesOptions {
+  ReferenceOptions reference;
+  TableForm form = TableForm::tabs;
+};
+
+/// A table on its way: what it will be called, and what is said of it when it is there.
+struct TableFile {
+  std::string name, content;
+  NewFile file = {};
+};
+
+/// Yields what is wrong with the arguments; empty: nothing.
+std::string read_options(std::span<const std::string_view> arguments, TablesOptions& options) {
+  const CommandLine line = read_command_line(arguments, rules);
+  if (!line.problem.empty()) return line.problem;
+  if (!line.operands.empty()) {
+    return in_quotes(line.operands.front()) + ": no file was expected; the data file is the one of pedigreewatch.ini";
+  }
+  for (const GivenOption& option : line.options) {
+    if (option.name == "--csv") options.form = TableForm::commas;
+    std::string problem = take_reference_option(option.name, option.value, options.reference);
+    if (!problem.empty()) return problem;
+  }
+  return {};
+}
+
+int refuse(ToolStreams& streams, std::string_view text, int exit_status) {
+  flush(streams.console);
+  append(streams.messages, text);
+  end_line(streams.messages);
+  return exit_status;
+}
+
+/// What everything is written from.
+struct Tables {
+  const AnalysedPopulation& population;
+  const Diversity& diversity;
+  TableForm form = TableForm::tabs;
+
+  ToolLanguage language() const { return language_of(population.settings); }
+  bool has_subpopulations() const { return population.settings.layout.subpopulations.count() > 1; }
+};
+
+/// Begins the file, has it written by `write`, and keeps it among `files`. Nothing has its final name yet.
+template <typename Write>
+bool write_file(const Tables& tables, std::string_view name, std::string content, std::vector<TableFile>& files,
+                FileProblem& problem, Write write) {
+  files.push_back(
+      {name_beside_report(tables.population.settings, std::string(name) + std::string(ending_of(tables.form))),
+       std::move(content)});
+  NewFile& file = files.back().file;
+  if (!begin_file(file, files.back().name, problem)) {
+    files.pop_back();
+    return false;
+  }
+  TableWriter writer{.form = tables.form, .file = &file, .text = {}};
+  write(writer);
+  flush(writer);
+  return true;
+}
+
+void write_diversity_row(const DiversityRow& row, TableWriter& writer) {
+  for (const std::string& cell : {row.figure, row.value, row.standard_error, row.n, row.text, row.meaning}) {
+    add_text(writer, cell);
+  }
+  end_row(writer);
+}
+
+void write_diversity_rows(const Tables& tables, TableWriter& writer) {
+  write_diversity_row(diversity_header(), writer);
+  for (const DiversityRow& row : diversity_rows(tables.population.store, tables.diversity, tables.language())) {
+    write_diversity_row(row, writer);
+  }
+}
+
+bool write_files(const Tables& tables, std::vector<TableFile>& files, FileProblem& problem) {
+  const AnalysedPopulation& population = tables.population;
+  const PopulationStore& store = population.store;
+  const std::vector<GroupCounts> groups = count_groups(population);
+  const auto counted = [&](const Wording& wording, std::int64_t count) {
+    return phrase(wording, tables.language(), {std::to_string(count)});
+  };
+  const auto years = [&](TableWriter& writer) { write_years(population, groups, writer); };
+  const auto of_subpopulations = [&](TableWriter& writer) { write_subpopulations(population, groups, writer); };
+  const auto of_animals = [&](TableWriter& writer) { write_animals(store, tables.diversity, writer); };
+  const std::int64_t year_count = store.birth_years.dated_row_count();
+  if (!write_file(tables, "_years", counted(birth_years, year_count), files, problem, years)) return false;
+  if (tables.has_subpopulations()) {
+    const std::string content = counted(subpopulations, population.settings.layout.subpopulations.count());
+    if (!write_file(tables, "_subpopulations", content, files, problem, of_subpopulations)) return false;
+  }
+  const std::int64_t animal_count = static_cast<std::int64_t>(store.size());
+  if (!write_file(tables, "_animals", counted(animals, animal_count), files, problem, of_animals)) return false;
+  const auto of_diversity = [&](TableWriter& writer) { write_diversity_rows(tables, writer); };
+  const std::size_t members = tables.diversity.reference.positions.size();
+  const std::string content = members == 0 ? std::string(words_of(no_reference, tables.language()))
+                                           : counted(reference_size, static_cast<std::int64_t>(members));
+  return write_file(tables, "_diversity", content, files, problem, of_diversity);
+}
+
+/// What stands in the way of a table of this name; nothing when it may be written.
+const Wording* find_obstacle(const std::string& name, std::span<const std::string> read_files) {
+  namespace fs = std::filesystem;
+  std::error_code ignored;
+  if (!is_taken(name)) return nullptr;
+  if (!fs::is_regular_file(name, ignored)) return &is_no_table;
+  const bool is_read = std::any_of(read_files.begin(), read_files.end(),
+                                   [&](const std::string& file) { return fs::equivalent(name, file, ignored); });
+  return is_read ? &is_in_use : nullptr;
+}
+
+/// Gives all tables their names, or takes away what was begun.
+bool finish_files(std::vector<TableFile>& files, std::span<const std::string> read_files, ToolLanguage language,
+                  FileProblem& problem) {
+  std::vector<NewFile*> all;
+  for (TableFile& table : files) all.push_back(&table.file);
+  for (const TableFile& table : files) {
+    const Wording* const obstacle = find_obstacle(table.name, read_files);
+    if (obstacle == nullptr) continue;
+    problem = {table.name, std::string(words_of(*obstacle, language))};
+    return false;
+  }
+  return finish_all(all, true, problem);
+}
+
+void say_written(const Tables& tables, const std::vector<TableFile>& files, TextOutput& console) {
+  for (const TableFile& table : files) {
+    append(console, phrase(written, tables.language(), {shown(table.name), table.content}));
+    end_line(console);
+  }
+}
+
+bool is_stopped(const ToolStreams& streams) {
+  return streams.stop_request != nullptr && *streams.stop_request != 0;
+}
+
+int write_tables(const Tables& tables, const ReferenceOptions& reference, ToolStreams& streams) {
+  std::vector<std::string> read_files = {std::string(steer_file_name),
+                                         std::string(tables.population.settings.data_file_name.trimmed())};
+  if (!reference.ids_file.empty()) read_files.push_back(reference.ids_file);
+  std::vector<TableFile> files;
+  constexpr std::size_t most_files = 4;
+  files.reserve(most_files);  // a table being written stays where it is
+  FileProblem problem;
+  const bool is_begun = write_files(tables, files, problem);
+  const bool is_wanted = !is_stopped(streams);
+  if (is_begun && is_wanted && finish_files(files, read_files, tables.language(), problem)) {
+    say_written(tables, files, streams.console);
+    return 0;
+  }
+  for (TableFile& table : files) abandon(table.file);
+  if (!is_wanted) return refuse(streams, words_of(was_stopped, tables.language()), 1);
+  return refuse(streams, phrase(not_written, tables.language(), {shown(problem.name), problem.reason}), 1);
+}
+
+}  // namespace
+
+std::string_view tables_help() {
+  return help;
+}
+
+int run_tables(std::span<const std::string_view> arguments, ToolStreams& streams) {
+  TablesOptions options;
+  const std::string problem = read_options(arguments, options);
+  if (!problem.empty()) {
+    return refuse(streams, "pedigreewatch-tools tables: " + problem + "\nTry: pedigreewatch-tools tables --help", 2);
+  }
+  const std::optional<AnalysedPopulation> population = analyse_folder(streams);
+  if (!population) return 1;
+  std::optional<ReferencePopulation> reference = choose_reference(*population, options.reference, streams);
+  if (!reference) return 1;
+  if (is_stopped(streams)) return refuse(streams, words_of(was_stopped, language_of(population->settings)), 1);
+  const Diversity diversity = compute_diversity(population->store, std::move(*reference));
+  return write_tables({*population, diversity, options.form}, options.reference, streams);
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,99 @@
+#include "tables/animal_table.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/store_builder.h"
+
+namespace pedigreewatch::test {
+namespace {
+
+const std::string header =
+    "id\tsire\tdam\tsex\tbirthdate\tF\tequivalent_generations\tcomplete_generations\tmax_generations\toffspring\t"
+    "native_offspring\tmean_kinship\tsubpopulation\n";
+
+AnimalRecord animal(std::string_view id, Sex sex, std::int32_t sire = 0, std::int32_t dam = 0) {
+  AnimalRecord record;
+  record.id.assign(id);
+  record.sex = sex;
+  record.sire_no = sire;
+  record.dam_no = dam;
+  return record;
+}
+
+std::string table_of(const PopulationStore& store, const Diversity& diversity = {}) {
+  TableWriter writer;
+  write_animals(store, diversity, writer);
+  return writer.text;
+}
+
+TEST(IsoDate, ShowsWhatIsKnown) {
+  EXPECT_EQ(iso_date(2004, 2, 29), "2004-02-29");
+  EXPECT_EQ(iso_date(87, 11, 3), "0087-11-03");
+  EXPECT_EQ(iso_date(0, 1, 1), "");
+}
+
+TEST(IsoDate, IsAlwaysADayOfTheCalendar) {
+  EXPECT_EQ(iso_date(2003, 2, 29), "2003-02-28");
+  EXPECT_EQ(iso_date(1900, 2, 29), "1900-02-28");
+  EXPECT_EQ(iso_date(2000, 2, 29), "2000-02-29");
+  EXPECT_EQ(iso_date(2003, 5, 0), "2003-05-01");
+  EXPECT_EQ(iso_date(2003, 5, -7), "2003-05-01");
+}
+
+TEST(IsoDate, IsEmptyForAYearThatHasNotFourDigits) {
+  EXPECT_EQ(iso_date(20031, 1, 1), "");
+  EXPECT_EQ(iso_date(-5, 1, 1), "");
+  EXPECT_EQ(iso_date(9999, 12, 31), "9999-12-31");
+}
+
+TEST(AnimalTable, HasAHeaderAloneForAnEmptyStore) {
+  PopulationStore empty;
+  empty.animal_count = -1;
+  EXPECT_EQ(table_of(empty), header);
+  EXPECT_EQ(table_of(finished_store_of(std::vector<AnimalRecord>{})), header);
+}
+
+/// Two founders, their two young, and a young of those: F 1/4, one young is an import.
+std::vector<AnimalRecord> family() {
+  std::vector<AnimalRecord> records = {animal("S", male), animal("D", female), animal("a", male, 1, 2),
+                                       animal("b,\"", female, 1, 2), animal("=x", female, 3, 4)};
+  records[2].birth_year = 2001;
+  records[2].birth_month = 7;
+  records[2].birth_day = 0;
+  records[4].inbreeding = 0.25F;
+  records[4].generation_equivalents = 2.0F;
+  records[4].complete_generations = 2;
+  for (std::int32_t parent : {0, 1}) records[static_cast<std::size_t>(parent)].native_offspring_count = 1;
+  for (std::int32_t young : {2, 3}) {
+    records[static_cast<std::size_t>(young)].generation_equivalents = 1.0F;
+    records[static_cast<std::size_t>(young)].complete_generations = 1;
+    records[static_cast<std::size_t>(young)].native_offspring_count = 1;
+  }
+  return records;
+}
+
+TEST(AnimalTable, HasARowForEachAnimal) {
+  Diversity diversity;
+  diversity.reference.positions = {3, 5};
+  diversity.mean_kinship_of = {0.375, 0.1};
+  EXPECT_EQ(table_of(finished_store_of(family()), diversity),
+            header +
+                "S\t\t\tmale\t\t0\t0\t0\t0\t2\t1\t\t\n"
+                "D\t\t\tfemale\t\t0\t0\t0\t0\t2\t1\t\t\n"
+                "a\tS\tD\tmale\t2001-07-01\t0\t1\t1\t1\t1\t1\t0.375\t\n"
+                "\"b,\"\"\"\tS\tD\tfemale\t\t0\t1\t1\t1\t1\t1\t\t\n"
+                "=x\ta\t\"b,\"\"\"\tfemale\t\t0.25\t2\t2\t2\t0\t0\t0.1\t\n");
+}
+
+TEST(LongestLines, FollowTheLongerParent) {
+  std::vector<AnimalRecord> records = {animal("a", male),   animal("b", male, 1),    animal("c", female, 2),
+                                       animal("d", female), animal("e", male, 2, 4), animal("f", male, 5, 3)};
+  const ByNumber<std::int32_t> longest = longest_lines(finished_store_of(records));
+  EXPECT_EQ(longest.values, (std::vector<std::int32_t>{0, 0, 1, 2, 0, 2, 3}));
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test
