@@ -4,18 +4,17 @@
 
 #include <array>
 #include <charconv>
-#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "checks/check.h"
 #include "checks/check_report.h"
 #include "checks/finding_kinds.h"
-#include "control/species.h"
+#include "control/check_setup.h"
 #include "control/steer_file.h"
 #include "intake/finding_lists.h"
+#include "tools/check_inputs.h"
 #include "tools/command_line.h"
 
 namespace pedigreewatch {
@@ -105,32 +104,6 @@ std::string read_options(std::span<const std::string_view> arguments, CheckOptio
   return {};
 }
 
-CalendarDate current_date() {
-  const auto now = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
-  const std::chrono::year_month_day date(now);
-  return {static_cast<int>(date.year()), static_cast<std::int32_t>(static_cast<unsigned>(date.month())),
-          static_cast<std::int32_t>(static_cast<unsigned>(date.day()))};
-}
-
-/// The lines of the steer file as they stand; far more than it can have are not kept.
-std::vector<std::string> lines_of_steer_file() {
-  constexpr std::size_t most_lines = 200'000;
-  std::vector<std::string> lines;
-  LineReader reader;
-  std::string_view line;
-  if (!open_for_reading(reader, steer_file_name)) return lines;
-  while (lines.size() < most_lines && read_line(reader, line)) lines.emplace_back(line);
-  return lines;
-}
-
-bool names_species(const std::vector<std::string>& lines, const SteerSettings& settings) {
-  constexpr std::size_t species_line = 6;
-  constexpr std::int32_t no_row = 16;
-  if (lines.size() < species_line || settings.species_index != no_row) return true;
-  const SpeciesWord word(lines[species_line - 1]);
-  return word == SpeciesWord("other") || word == SpeciesWord("overig");
-}
-
 /// Yields nothing after a message: a list in the file is too long for any report.
 std::optional<SteerSettings> read_settings(LineReader& reader, ToolStreams& streams) {
   RunStreams silent;
@@ -157,18 +130,6 @@ std::string change_limits(const std::string& name, CheckLimits& limits) {
 std::string table_name(const std::string& data_file) {
   const std::filesystem::path path(data_file);
   return (path.parent_path() / (path.stem().string() + "_check.tsv")).string();
-}
-
-CheckSettings make_settings(const SteerSettings& steer, const CheckOptions& options) {
-  CheckSettings settings;
-  settings.layout = steer.layout;
-  settings.steer_lines = lines_of_steer_file();
-  settings.report_overwrites_data = steer.report_file_name == steer.data_file_name;
-  settings.knows_species = names_species(settings.steer_lines, steer);
-  settings.language = steer.english ? ToolLanguage::english : ToolLanguage::dutch;
-  settings.limits = limits_of_species(steer.species_index);
-  settings.today = options.today ? *options.today : current_date();
-  return settings;
 }
 
 int check_file(const SteerSettings& steer, const CheckSettings& settings, const CheckOptions& options,
@@ -212,7 +173,8 @@ int run_check(std::span<const std::string_view> arguments, ToolStreams& streams)
   }
   const std::optional<SteerSettings> steer = read_settings(reader, streams);
   if (!steer) return could_not_check;
-  CheckSettings settings = make_settings(*steer, options);
+  const CalendarDate today = options.today ? *options.today : current_date();
+  CheckSettings settings = make_check_settings(*steer, lines_of_steer_file(), today);
   const std::string limits_problem = change_limits(options.limits_file, settings.limits);
   if (!limits_problem.empty()) return refuse(streams, limits_problem);
   return check_file(*steer, settings, options, streams);

@@ -9,6 +9,7 @@
 
 #include "tools/check_command.h"
 #include "tools/matings_command.h"
+#include "tools/page_command.h"
 #include "tools/prepare_command.h"
 #include "tools/tables_command.h"
 
@@ -26,6 +27,7 @@ struct Subcommand {
 constexpr auto subcommands = std::to_array<Subcommand>({
     {"prepare", "turns an office's export into a data file and a steer file", prepare_help, run_prepare},
     {"check", "finds everything in the data file that stops a run or falsifies its figures", check_help, run_check},
+    {"page", "writes charts and tables of the population as a page for a browser", page_help, run_page},
     {"tables", "writes the figures of the report and of every animal as tables", tables_help, run_tables},
     {"matings", "works out F of the offspring of possible matings, and the common ancestors", matings_help,
      run_matings},

@@ -1,0 +1,17 @@
+// From what the steer file says about a run to what the checks of its data file are told.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "checks/check_settings.h"
+#include "control/steer_settings.h"
+
+namespace pedigreewatch {
+
+/// The settings of a check of the data file that the steer file names, with the limits of its species. `steer_lines`
+/// are the lines of the steer file itself; a birth beyond `today` is in the future.
+CheckSettings make_check_settings(const SteerSettings& steer, std::vector<std::string> steer_lines,
+                                  const CalendarDate& today);
+
+}  // namespace pedigreewatch

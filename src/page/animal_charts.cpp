@@ -1,0 +1,312 @@
+// One function a chart, in the order of the page. The figures are those of the report's yearly tables.
+
+#include "page/animal_charts.h"
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+
+#include "page/chart_making.h"
+#include "page/page_marks.h"
+#include "reports/report_lines.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr Wording number_of_animals = {"animals", "dieren"};
+constexpr Wording years_unit = {"years", "jaren"};
+constexpr Wording share_unit = {"share (0 to 1)", "aandeel (0 tot 1)"};
+constexpr Wording fathers_word = {"fathers", "vaders"}, mothers_word = {"mothers", "moeders"};
+
+constexpr ChartTexts births_texts = {
+    "births",
+    {"Animals born, by sex and by what became of them", "Geboren dieren, naar geslacht en wat ervan werd"},
+    {"A bar is the animals born in a year, divided into those that have offspring in the data and those that have "
+     "none; "
+     "the animals of the last years are still to breed, and imports without offspring are left out.",
+     "Een balk is de dieren die in een jaar geboren zijn, verdeeld in dieren met en zonder nakomelingen in de "
+     "gegevens; "
+     "de dieren van de laatste jaren moeten nog fokken, en importdieren zonder nakomelingen tellen niet mee."},
+    number_of_animals};
+struct FateNames {
+  Sex sex;
+  Wording unused, parents, imported;
+};
+constexpr FateNames fates[] = {{male,
+                                {"males without offspring", "mannelijk, zonder nakomelingen"},
+                                {"fathers", "vaders"},
+                                {"imported fathers", "importvaders"}},
+                               {female,
+                                {"females without offspring", "vrouwelijk, zonder nakomelingen"},
+                                {"mothers", "moeders"},
+                                {"imported mothers", "importmoeders"}}};
+
+constexpr ChartTexts litters_texts = {
+    "litters",
+    {"Litters and their fathers", "Nesten en hun vaders"},
+    {"A litter is all animals of one mother born in one year; the report leaves the father of each year's first animal "
+     "out of its count.",
+     "Een nest is alle dieren van \xC3\xA9\xC3\xA9n moeder die in \xC3\xA9\xC3\xA9n jaar geboren zijn; de uitvoer telt "
+     "de vader van het eerste dier van elk jaar niet mee."},
+    {"number", "aantal"}};
+constexpr Wording litters_word = {"litters", "nesten"};
+constexpr Wording young_per_litter = {"young per litter", "jongen per nest"};
+constexpr Wording litters_per_father = {"litters per father", "nesten per vader"};
+constexpr Wording young_per_father = {"young per father", "jongen per vader"};
+
+constexpr ChartTexts litter_mean_texts = {
+    "young",
+    {"Young per litter", "Jongen per nest"},
+    {"The mean number of young of a mother in a year.", "Het gemiddelde aantal jongen van een moeder in een jaar."},
+    {"young", "jongen"}};
+
+constexpr ChartTexts litter_sizes_texts = {"sizes",
+                                           {"Litter sizes", "Nestgrootte"},
+                                           {"A bar is the litters of a year, the smallest litters at the bottom.",
+                                            "Een balk is de nesten van een jaar, de kleinste nesten onderaan."},
+                                           {"litters", "nesten"}};
+
+constexpr ChartTexts interval_texts = {
+    "interval",
+    {"Generation interval", "Generatie-interval"},
+    {"The mean age of the parents at the births of a year; the longer it is, the slower inbreeding rises per year.",
+     "De gemiddelde leeftijd van de ouders bij de geboorten van een jaar; hoe langer, hoe langzamer de inteelt per "
+     "jaar "
+     "stijgt."},
+    years_unit};
+constexpr Wording both_parents = {"both", "beide"};
+constexpr Wording all_years = {"all years: {1}", "alle jaren: {1}"};
+
+constexpr ChartTexts ages_texts = {
+    "ages",
+    {"Ages of the parents", "Leeftijd van de ouders"},
+    {"How many animals, of all years together, had a father or mother of that age; age 3 is more than three and at "
+     "most "
+     "four years, and parents of at most one year are left out.",
+     "Hoeveel dieren, van alle jaren samen, een vader of moeder van die leeftijd hadden; leeftijd 3 is meer dan drie "
+     "en "
+     "hoogstens vier jaar, en ouders van hoogstens \xC3\xA9\xC3\xA9n jaar tellen niet mee."},
+    number_of_animals};
+constexpr Wording age_heading = {"Age in years", "Leeftijd in jaren"};
+
+constexpr ChartTexts equivalent_texts = {
+    "equivalent",
+    {"Completeness: generation equivalents", "Compleetheid: equivalente generaties"},
+    {"How many full generations of ancestors the animals of a year would have if what is known of them stood together; "
+     "inbreeding that lies further back cannot be seen.",
+     "Hoeveel volle generaties voorouders de dieren van een jaar zouden hebben als alles wat bekend is bij elkaar "
+     "stond; "
+     "inteelt die verder terug ligt is niet te zien."},
+    {"generations", "generaties"}};
+constexpr Wording equivalents_word = {"generation equivalents", "equivalente generaties"};
+
+constexpr ChartTexts complete_texts = {
+    "complete",
+    {"Completeness: generations wholly known", "Compleetheid: volledig bekende generaties"},
+    {"The share of the animals of a year of which that many generations of ancestors are known without a gap; the more "
+     "of "
+     "the bar is taken by high numbers, the better.",
+     "Het aandeel van de dieren van een jaar waarvan zoveel generaties voorouders zonder gat bekend zijn; hoe meer van "
+     "de balk door hoge aantallen wordt ingenomen, hoe beter."},
+    share_unit};
+constexpr Wording complete_names[] = {{"none", "geen"}, {"1", "1"}, {"2", "2"},
+                                      {"3", "3"},       {"4", "4"}, {"5 or more", "5 of meer"}};
+
+constexpr ChartTexts sires_texts = {
+    "sires",
+    {"Share of the most used sires", "Aandeel van de meest gebruikte vaders"},
+    {"The part of a year's animals with a known father that the most used sire, the four and the ten most used ones "
+     "have; "
+     "the lower the lines, the more evenly sires are used.",
+     "Het deel van de dieren van een jaar met bekende vader dat de meest gebruikte vader, de vier en de tien meest "
+     "gebruikte hebben; hoe lager de lijnen, hoe gelijkmatiger de vaders gebruikt worden."},
+    {"% of the animals", "% van de dieren"}};
+constexpr Wording sire_count = {"Sires", "Vaders"}, top_sire = {"Top sire", "Topvader"};
+constexpr Wording share_names[] = {
+    {"top sire (%)", "topvader (%)"}, {"top 4 (%)", "top 4 (%)"}, {"top 10 (%)", "top 10 (%)"}};
+
+constexpr ChartTexts imports_texts = {
+    "imports",
+    {"Offspring of imported parents", "Nakomelingen van importouders"},
+    {"A bar is the native animals of a year with two known parents, divided by which of the parents were imported.",
+     "Een balk is de eigen dieren van een jaar met twee bekende ouders, verdeeld naar welke ouders import waren."},
+    number_of_animals};
+struct ImportColumn {
+  std::int32_t ImportPairs::*count;
+  Wording name;
+};
+constexpr ImportColumn import_columns[] = {{&ImportPairs::both_native, {"both native", "beide eigen"}},
+                                           {&ImportPairs::sire_imported, {"sire imported", "vader import"}},
+                                           {&ImportPairs::dam_imported, {"dam imported", "moeder import"}},
+                                           {&ImportPairs::both_imported, {"both imported", "beide import"}}};
+
+/// A series of one column of records.
+template <typename Record, typename Number>
+std::vector<Value> column_by_year(const PageFrame& frame, const YearRows<Record>& rows, Number Record::*column) {
+  return by_year(frame, [&](Row row) { return known_if(true, rows.of(row).*column); });
+}
+
+/// The same where 0 stands for lack of animals.
+template <typename Record>
+std::vector<Value> mean_by_year(const PageFrame& frame, const YearRows<Record>& rows, float Record::*column) {
+  return by_year(frame, [&](Row row) { return known_if(rows.of(row).*column != 0.0F, rows.of(row).*column); });
+}
+
+void add_fates(Chart& chart, const PageFrame& frame, const FateNames& fate) {
+  const auto counts = [&](std::int32_t ParentCount<std::int32_t>::*column) {
+    return by_year(frame, [&](Row row) {
+      return known_if(true, frame.whole().tables.parent_counts.of(row).of(fate.sex).*column);
+    });
+  };
+  using Count = ParentCount<std::int32_t>;
+  add_series(chart, frame.text(fate.unused), counts(&Count::unused), 0);
+  add_series(chart, frame.text(fate.parents), counts(&Count::native_parents), 0);
+  if (frame.store().has_import) add_series(chart, frame.text(fate.imported), counts(&Count::imported_parents), 0);
+}
+
+/// The totals by age; those above the highest age that is shown count there.
+std::vector<Value> ages_up_to(const YearTable<std::int32_t>& classes, std::size_t highest) {
+  std::vector<Value> ages(highest, 0.0);
+  const std::vector<std::int64_t> totals = column_sums(classes);
+  for (std::size_t age = 0; age < totals.size(); ++age) {
+    Value& value = ages[std::min(age, highest - 1)];
+    value = *value + static_cast<double>(totals[age]);
+  }
+  return ages;
+}
+
+std::string name_of_sire(const PageFrame& frame, Row row) {
+  const TopSireRow sires = frame.extras().top_sires.of(row);
+  if (sires.sire_count == 0) return std::string(no_figure);
+  const std::string id = data_text(frame.store().id(sires.top_sire));
+  const std::string name = frame.store().has_name ? data_text(frame.store().name(sires.top_sire)) : std::string();
+  return name.empty() ? id : name + " (" + id + ")";
+}
+
+/// The share of the most used sires, so many of them.
+std::vector<Value> sire_shares(const PageFrame& frame, std::size_t count) {
+  return by_year(frame, [&](Row row) {
+    const TopSireRow sires = frame.extras().top_sires.of(row);
+    const auto end = sires.shares.begin() + static_cast<std::ptrdiff_t>(count);
+    return known_if(sires.sire_count > 0, std::accumulate(sires.shares.begin(), end, 0.0F));
+  });
+}
+
+}  // namespace
+
+Chart births_chart(const PageFrame& frame) {
+  Chart chart = make_year_chart(frame, ChartKind::stacked_bars, births_texts);
+  for (const FateNames& fate : fates) add_fates(chart, frame, fate);
+  mark_lone_first_year(chart, frame);
+  return chart;
+}
+
+Chart litters_chart(const PageFrame& frame) {
+  Chart chart = make_year_chart(frame, ChartKind::lines, litters_texts);
+  const YearRows<LitterMeans>& means = frame.whole().litter_means;
+  const auto counts = [&](std::int64_t LitterMeans::*column) {
+    return by_year(frame, [&](Row row) { return known_if(!frame.animals(row).empty(), means.of(row).*column); });
+  };
+  add_series(chart, frame.text(litters_word), counts(&LitterMeans::litters), 0);
+  add_series(chart, frame.text(fathers_word), counts(&LitterMeans::fathers), 0);
+  add_column(chart, frame.text(litters_per_father), mean_by_year(frame, means, &LitterMeans::litters_per_father), 2);
+  add_column(chart, frame.text(young_per_father), mean_by_year(frame, means, &LitterMeans::young_per_father), 2);
+  return chart;
+}
+
+Chart litter_mean_chart(const PageFrame& frame) {
+  Chart chart = make_year_chart(frame, ChartKind::lines, litter_mean_texts);
+  const YearRows<LitterMeans>& means = frame.whole().litter_means;
+  add_series(chart, frame.text(young_per_litter), mean_by_year(frame, means, &LitterMeans::young_per_litter), 2);
+  return chart;
+}
+
+Chart litter_sizes_chart(const PageFrame& frame) {
+  Chart chart = make_year_chart(frame, ChartKind::stacked_bars, litter_sizes_texts);
+  add_sizes(chart, layers_of(frame, frame.whole().litter_sizes));
+  return chart;
+}
+
+Chart interval_chart(const PageFrame& frame) {
+  Chart chart = make_year_chart(frame, ChartKind::lines, interval_texts);
+  const YearRows<MeanParentAges>& ages = frame.whole().tables.parent_ages;
+  add_series(chart, frame.text(fathers_word), mean_by_year(frame, ages, &MeanParentAges::sires), 2);
+  add_series(chart, frame.text(mothers_word), mean_by_year(frame, ages, &MeanParentAges::dams), 2);
+  add_series(chart, frame.text(both_parents), mean_by_year(frame, ages, &MeanParentAges::parents), 2);
+  const double interval = static_cast<double>(frame.whole().interval.generation_interval);
+  if (std::isfinite(interval)) {
+    chart.references.push_back({interval, phrase(all_years, frame.language, {report_figure(interval, 2)})});
+  }
+  mark_negative(chart, frame);
+  return chart;
+}
+
+Chart parent_ages_chart(const PageFrame& frame) {
+  constexpr std::int64_t highest_shown = 40;
+  Chart chart = make_chart(frame, ChartKind::lines, ages_texts, age_heading);
+  const ParentAgeClasses& classes = frame.whole().tables.age_classes;
+  const std::int64_t oldest =
+      std::max({std::int64_t{1}, classes.of(male).column_count, classes.of(female).column_count});
+  const std::size_t highest = static_cast<std::size_t>(std::min(oldest, highest_shown));
+  for (std::size_t age = 1; age <= highest; ++age) add_place(chart, std::to_string(age));
+  chart.first_number = 1;
+  if (oldest > highest_shown) {
+    chart.places.back() += "+";
+    chart.figures.rows.back().heading += "+";
+  }
+  if (classes.of(male).column_count < 1 && classes.of(female).column_count < 1) return chart;
+  add_series(chart, frame.text(fathers_word), ages_up_to(classes.of(male), highest), 0);
+  add_series(chart, frame.text(mothers_word), ages_up_to(classes.of(female), highest), 0);
+  return chart;
+}
+
+Chart equivalent_generations_chart(const PageFrame& frame) {
+  Chart chart = make_year_chart(frame, ChartKind::lines, equivalent_texts);
+  const auto values = by_year(frame, [&](Row row) {
+    return known_if(!frame.animals(row).empty(), frame.whole().tables.completeness.of(row).equivalent_generations);
+  });
+  add_series(chart, frame.text(equivalents_word), values, 2);
+  return chart;
+}
+
+Chart complete_generations_chart(const PageFrame& frame) {
+  Chart chart = make_year_chart(frame, ChartKind::stacked_bars, complete_texts);
+  const YearRows<CompletenessRow>& completeness = frame.whole().tables.completeness;
+  const auto share = [&](std::size_t generations, Row row) {
+    const auto shares = completeness.of(row).generation_shares;
+    if (generations > 0) return shares[generations - 1];
+    return std::max(0.0F, 1.0F - std::accumulate(shares.begin(), shares.end(), 0.0F));
+  };
+  for (std::size_t below = std::size(complete_names); below > 0; --below) {  // the best known ones at the bottom
+    const std::size_t generations = below - 1;
+    const auto values =
+        by_year(frame, [&](Row row) { return known_if(!frame.animals(row).empty(), share(generations, row)); });
+    add_series(chart, frame.text(complete_names[generations]), values, 2);
+  }
+  return chart;
+}
+
+Chart top_sires_chart(const PageFrame& frame) {
+  Chart chart = make_year_chart(frame, ChartKind::lines, sires_texts);
+  add_column(chart, frame.text(sire_count), column_by_year(frame, frame.extras().top_sires, &TopSireRow::sire_count),
+             0);
+  std::vector<std::string> names;
+  for (Row row = frame.years.first; row <= frame.years.last; ++row) names.push_back(name_of_sire(frame, row));
+  add_text_column(chart, frame.text(top_sire), names);
+  constexpr std::array<std::size_t, 3> counts = {1, 4, top_sire_columns};
+  for (std::size_t k = 0; k < counts.size(); ++k) {
+    add_series(chart, frame.text(share_names[k]), sire_shares(frame, counts[k]), 1);
+  }
+  return chart;
+}
+
+Chart imports_chart(const PageFrame& frame) {
+  Chart chart = make_year_chart(frame, ChartKind::stacked_bars, imports_texts);
+  for (const ImportColumn& column : import_columns) {
+    add_series(chart, frame.text(column.name), column_by_year(frame, frame.whole().tables.import_pairs, column.count),
+               0);
+  }
+  return chart;
+}
+
+}  // namespace pedigreewatch

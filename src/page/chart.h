@@ -1,0 +1,64 @@
+// What a chart is made of: plain values and texts, not yet escaped. The writer draws whatever stands here.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace pedigreewatch {
+
+/// A value of a chart; none where there is nothing to draw.
+using Value = std::optional<double>;
+
+/// A line, or a layer of the bars, with a value for each place along the horizontal axis.
+struct Series {
+  std::string name;
+  std::vector<Value> values;
+};
+
+/// A horizontal line across the chart that values are held against.
+struct ReferenceLine {
+  double value = 0.0;
+  std::string text;
+};
+
+/// Something unusual: a triangle above a point, and a text below the chart.
+struct Mark {
+  std::size_t place = 0;
+  double value = 0.0;
+  std::string text;
+};
+
+/// The figures in words and numbers. A row of a chart's figures belongs to a place of the chart.
+struct FigureTable {
+  std::vector<std::string> headings;  ///< of the columns; the first one is that of the row headings
+  struct FigureRow {
+    std::string heading;
+    std::vector<std::string> cells;
+  };
+  std::vector<FigureRow> rows;
+};
+
+enum class ChartKind : std::uint8_t { lines, stacked_bars };
+
+struct Chart {
+  ChartKind kind = ChartKind::lines;
+  std::string id;                            ///< of the element, unique in the page
+  std::string title;                         ///< what it shows
+  std::string reading;                       ///< one sentence: how to read it
+  std::string unit;                          ///< of the vertical axis
+  std::vector<std::string> places;           ///< along the horizontal axis
+  std::optional<std::int64_t> first_number;  ///< of the places, when they are numbers one apart: years, ages
+  std::vector<bool> is_hollow;               ///< by place: a point of few animals; empty: none
+  std::vector<Series> series;
+  std::vector<ReferenceLine> references;
+  std::vector<Mark> marks;
+  FigureTable figures;
+};
+
+/// Whether there is anything to draw.
+bool has_values(const Chart& chart);
+
+}  // namespace pedigreewatch

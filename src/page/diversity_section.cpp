@@ -1,0 +1,211 @@
+// The figures of studies of a breed, each with a few words on what it says.
+
+#include <array>
+#include <iterator>
+
+#include "page/chart_figure.h"
+#include "page/chart_making.h"
+#include "page/inbreeding_charts.h"
+#include "page/page_sections.h"
+#include "page/page_text.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr Wording nobody = {
+    "The reference population has no animals: there is nothing to compute. By default it is the animals of the last "
+    "ten "
+    "birth years whose parents are both known.",
+    "De referentiepopulatie heeft geen dieren: er valt niets te berekenen. Als niets anders gevraagd is zijn het de "
+    "dieren "
+    "van de laatste tien geboortejaren waarvan beide ouders bekend zijn."};
+constexpr Wording about_youngest = {
+    "The figures are about the {1} animals born from {2} to {3} whose parents are both known.",
+    "De cijfers gaan over de {1} dieren die van {2} tot en met {3} geboren zijn en waarvan beide ouders bekend zijn."};
+constexpr Wording about_years = {"The figures are about the {1} animals born from {2} to {3}.",
+                                 "De cijfers gaan over de {1} dieren die van {2} tot en met {3} geboren zijn."};
+constexpr Wording about_list = {"The figures are about the {1} animals of the list that was given.",
+                                "De cijfers gaan over de {1} dieren van de opgegeven lijst."};
+
+constexpr Wording figures_caption = {"Diversity of the reference population", "Diversiteit van de referentiepopulatie"};
+constexpr Wording figure_headings[] = {{"Figure", "Cijfer"}, {"Value", "Waarde"}, {"What it says", "Wat het zegt"}};
+constexpr Wording founders = {"Founders / half-founders", "Stamdieren / halve stamdieren"};
+constexpr Wording founders_note = {"ancestors without known parents / with one known parent",
+                                   "voorouders zonder bekende ouders / met \xC3\xA9\xC3\xA9n bekende ouder"};
+
+/// A figure that is one number of the record.
+struct SingleFigure {
+  std::optional<double> Diversity::*value;
+  int decimals;
+  Wording name, note;
+};
+constexpr SingleFigure single_figures[] = {
+    {&Diversity::effective_founders,
+     2,
+     {"Effective founders fe", "Effectieve stamdieren fe"},
+     {"equally used founders that would give the same diversity",
+      "gelijk gebruikte stamdieren die dezelfde diversiteit zouden geven"}},
+    {&Diversity::effective_ancestors,
+     2,
+     {"Effective ancestors fa", "Effectieve voorouders fa"},
+     {"the same for ancestors of any generation: far below fe after a bottleneck",
+      "hetzelfde voor voorouders van elke generatie: ver onder fe na een flessenhals"}},
+    {&Diversity::founder_genomes,
+     2,
+     {"Founder genome equivalents fg", "Stamdier-genoomequivalenten fg"},
+     {"founders whose genes, without any loss, would give the same diversity",
+      "stamdieren waarvan de genen, zonder enig verlies, dezelfde diversiteit zouden geven"}},
+    {&Diversity::mean_kinship,
+     4,
+     {"Mean kinship, self included", "Gemiddelde verwantschap, inclusief zelf"},
+     {"of each two animals, between 0 and 1", "van elke twee dieren, tussen 0 en 1"}},
+    {&Diversity::lowest_mean_kinship,
+     4,
+     {"Lowest mean kinship of an animal", "Laagste gemiddelde verwantschap van een dier"},
+     {"the animal whose genes are rarest", "het dier met de zeldzaamste genen"}},
+    {&Diversity::highest_mean_kinship,
+     4,
+     {"Highest mean kinship of an animal", "Hoogste gemiddelde verwantschap van een dier"},
+     {"the animal whose genes are most common", "het dier met de gewoonste genen"}},
+    {&Diversity::equivalent_generations,
+     2,
+     {"Generation equivalents", "Equivalente generaties"},
+     {"full generations that what is known of the ancestors amounts to",
+      "volle generaties waarop neerkomt wat van de voorouders bekend is"}},
+    {&Diversity::complete_generations,
+     2,
+     {"Complete generations", "Volledige generaties"},
+     {"generations of ancestors known without a gap", "generaties voorouders die zonder gat bekend zijn"}},
+    {&Diversity::maximum_generations,
+     2,
+     {"Generations at most", "Generaties hoogstens"},
+     {"generations to the furthest known ancestor", "generaties tot de verst bekende voorouder"}},
+    {&Diversity::completeness_index,
+     3,
+     {"Completeness index PCI over 5 generations", "Compleetheidsindex PCI over 5 generaties"},
+     {"1: all ancestors of five generations known on both sides",
+      "1: alle voorouders van vijf generaties aan beide kanten bekend"}}};
+constexpr Wording half_of_genes = {"Ancestors that explain half of the genes",
+                                   "Voorouders die de helft van de genen verklaren"};
+constexpr Wording half_note = {"the fewer, the narrower the base", "hoe minder, hoe smaller de basis"};
+constexpr Wording by_inbreeding = {"Ne by individual increase of inbreeding", "Ne uit individuele inteelttoename"};
+constexpr Wording by_coancestry = {"Ne by increase of coancestry", "Ne uit toename van verwantschap"};
+constexpr Wording with_error = {"{1} (standard error {2})", "{1} (standaardfout {2})"};
+constexpr Wording from_animals = {"from {1} animals", "uit {1} dieren"};
+constexpr Wording from_pairs = {"from {1} pairs of animals", "uit {1} paren dieren"};
+constexpr Wording from_sample = {"from a random sample of {1} pairs", "uit een steekproef van {1} paren"};
+
+constexpr ChartTexts ancestors_texts = {
+    "ancestors",
+    {"The ancestors that contribute most", "De voorouders die het meest bijdragen"},
+    {"A bar is the part of the genes of the reference population that an ancestor explains beyond those before it, the "
+     "largest first.",
+     "Een balk is het deel van de genen van de referentiepopulatie dat een voorouder verklaart buiten wat de vorige al "
+     "verklaren, de grootste eerst."},
+    {"share (0 to 1)", "aandeel (0 tot 1)"}};
+constexpr Wording rank_heading = {"Rank", "Plaats"}, ancestor_heading = {"Ancestor", "Voorouder"};
+constexpr Wording share_heading = {"share", "aandeel"}, sum_heading = {"together", "samen"};
+constexpr Wording unknown_parent_of = {"unknown parent of {1}", "onbekende ouder van {1}"};
+
+constexpr Wording paths_caption = {"Generation intervals on the four paths",
+                                   "Generatie-intervallen over de vier paden"};
+constexpr Wording path_headings[] = {
+    {"Path", "Pad"}, {"Pairs", "Paren"}, {"Years", "Jaren"}, {"0 or below", "0 of lager"}};
+constexpr Wording path_names[] = {{"sire to son", "vader op zoon"},
+                                  {"sire to daughter", "vader op dochter"},
+                                  {"dam to son", "moeder op zoon"},
+                                  {"dam to daughter", "moeder op dochter"},
+                                  {"all", "alle"}};
+
+std::string about(const PageFrame& frame, const ReferencePopulation& reference) {
+  const std::string count = std::to_string(reference.positions.size());
+  const std::string first = std::to_string(reference.first_year), last = std::to_string(reference.last_year);
+  switch (reference.choice) {
+    case ReferenceChoice::youngest: return phrase(about_youngest, frame.language, {count, first, last});
+    case ReferenceChoice::years: return phrase(about_years, frame.language, {count, first, last});
+    case ReferenceChoice::listed: break;
+  }
+  return phrase(about_list, frame.language, {count});
+}
+
+std::string figure_or_none(const std::optional<double>& value, int decimals) {
+  return value ? report_figure(*value, decimals) : std::string(no_figure);
+}
+
+std::string estimate_text(const PageFrame& frame, const EffectiveSizeEstimate& estimate) {
+  if (!estimate.effective_size) return not_estimable(frame);
+  const std::string size = report_figure(*estimate.effective_size, 2);
+  if (!estimate.standard_error) return size;
+  return phrase(with_error, frame.language, {size, report_figure(*estimate.standard_error, 2)});
+}
+
+FigureTable figures_table(const PageFrame& frame, const Diversity& diversity) {
+  FigureTable table;
+  for (const Wording& heading : figure_headings) table.headings.push_back(frame.text(heading));
+  table.rows.push_back({frame.text(founders),
+                        {std::to_string(diversity.founders) + " / " + std::to_string(diversity.half_founders),
+                         frame.text(founders_note)}});
+  for (const SingleFigure& figure : single_figures) {
+    table.rows.push_back(
+        {frame.text(figure.name), {figure_or_none(diversity.*figure.value, figure.decimals), frame.text(figure.note)}});
+  }
+  const auto half = diversity.ancestors_for_half;
+  table.rows.push_back(
+      {frame.text(half_of_genes), {half ? std::to_string(*half) : std::string(no_figure), frame.text(half_note)}});
+  const EffectiveSizeEstimate &inbreeding = diversity.by_inbreeding, &coancestry = diversity.by_coancestry;
+  table.rows.push_back(
+      {frame.text(by_inbreeding),
+       {estimate_text(frame, inbreeding), phrase(from_animals, frame.language, {std::to_string(inbreeding.count)})}});
+  const Wording& pairs = coancestry.is_sample ? from_sample : from_pairs;
+  table.rows.push_back(
+      {frame.text(by_coancestry),
+       {estimate_text(frame, coancestry), phrase(pairs, frame.language, {std::to_string(coancestry.count)})}});
+  return table;
+}
+
+Chart ancestors_chart(const PageFrame& frame, const Diversity& diversity) {
+  Chart chart = make_chart(frame, ChartKind::stacked_bars, ancestors_texts, rank_heading);
+  std::vector<std::string> names;
+  std::vector<Value> shares, sums;
+  double sum = 0.0;
+  for (const MainAncestor& ancestor : diversity.main_ancestors) {
+    add_place(chart, std::to_string(names.size() + 1));
+    const std::string id = data_text(frame.store().id(ancestor.position));
+    names.push_back(ancestor.is_unknown_parent ? phrase(unknown_parent_of, frame.language, {id}) : id);
+    shares.emplace_back(ancestor.contribution);
+    sums.emplace_back(sum += ancestor.contribution);
+  }
+  chart.first_number = 1;
+  add_text_column(chart, frame.text(ancestor_heading), names);
+  add_series(chart, frame.text(share_heading), shares, 4);
+  add_column(chart, frame.text(sum_heading), sums, 4);
+  return chart;
+}
+
+FigureTable paths_table(const PageFrame& frame, const Diversity& diversity) {
+  FigureTable table;
+  for (const Wording& heading : path_headings) table.headings.push_back(frame.text(heading));
+  for (std::size_t path = 0; path < std::size(path_names); ++path) {
+    const PathInterval& interval = path < diversity.paths.size() ? diversity.paths[path] : diversity.all_paths;
+    table.rows.push_back({frame.text(path_names[path]),
+                          {std::to_string(interval.count), figure_or_none(interval.mean_years, 2),
+                           std::to_string(interval.not_positive)}});
+  }
+  return table;
+}
+
+}  // namespace
+
+void write_diversity(std::string& page, const PageFrame& frame) {
+  const Diversity& diversity = *frame.input.diversity;
+  if (diversity.reference.positions.empty()) {
+    page += "<p>" + escaped(frame.text(nobody)) + "</p>\n";
+    return;
+  }
+  page += "<p>" + escaped(about(frame, diversity.reference)) + "</p>\n";
+  write_figure_table(page, figures_table(frame, diversity), frame.text(figures_caption));
+  if (!diversity.main_ancestors.empty()) write_chart(page, ancestors_chart(frame, diversity), frame.language);
+  write_figure_table(page, paths_table(frame, diversity), frame.text(paths_caption));
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,89 @@
+// The findings themselves are many and belong to an editor and a table; the page says what kinds there are.
+
+#include <algorithm>
+#include <array>
+
+#include "checks/check_report.h"
+#include "checks/finding_kinds.h"
+#include "page/chart_figure.h"
+#include "page/page_sections.h"
+#include "page/page_text.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr Wording nothing_found = {"The checks of the data found nothing.",
+                                   "De controles van de gegevens vonden niets."};
+constexpr Wording nothing_serious = {
+    "The checks of the data found nothing that falsifies figures; {1} things are worth a look.",
+    "De controles van de gegevens vonden niets dat cijfers vervalst; {1} dingen zijn het bekijken waard."};
+constexpr Wording something_found = {
+    "The checks of the data found {1} things that falsify figures or stop a run, and {2} that are worth a look: see "
+    "what "
+    "was found.",
+    "De controles van de gegevens vonden {1} dingen die cijfers vervalsen of het programma laten stoppen, en {2} die "
+    "het bekijken "
+    "waard zijn: zie wat er gevonden is."};
+constexpr Wording see_check = {"`pedigreewatch-tools check` names every line that is meant, and what to write instead.",
+                               "`pedigreewatch-tools check` noemt elke regel die het betreft, en wat er moet staan."};
+constexpr Wording caption = {"What the checks found", "Wat de controles vonden"};
+constexpr Wording headings[] = {{"Kind", "Soort"},
+                                {"How serious", "Hoe ernstig"},
+                                {"Times", "Aantal"},
+                                {"Falsifies", "Vervalst"},
+                                {"The first", "De eerste"}};
+
+struct FindingsOfKind {
+  std::int64_t count = 0;
+  const Finding* first = nullptr;
+};
+
+std::array<FindingsOfKind, finding_code_count> count_kinds(const Findings& findings) {
+  std::array<FindingsOfKind, finding_code_count> kinds{};
+  for (const Finding& finding : findings.list) {
+    FindingsOfKind& kind = kinds[static_cast<std::size_t>(finding.code)];
+    if (kind.count++ == 0) kind.first = &finding;
+  }
+  return kinds;
+}
+
+/// The kinds that were found, the most serious first.
+FigureTable table_of_kinds(const PageFrame& frame, const CheckResult& check) {
+  FigureTable table;
+  for (const Wording& heading : headings) table.headings.push_back(frame.text(heading));
+  const auto kinds = count_kinds(check.findings);
+  for (const Severity severity : {Severity::stops, Severity::falsifies, Severity::look}) {
+    for (std::size_t code = 0; code < kinds.size(); ++code) {
+      const FindingKind& kind = kind_of(static_cast<FindingCode>(code));
+      if (kinds[code].count == 0 || kind.severity != severity) continue;
+      table.rows.push_back({std::string(kind.name),
+                            {heading_of(severity, frame.language), std::to_string(kinds[code].count),
+                             severity == Severity::look ? std::string() : list_parts(kind.parts, frame.language),
+                             data_text(message_of(*kinds[code].first, check, frame.language))}});
+    }
+  }
+  return table;
+}
+
+}  // namespace
+
+std::string findings_sentence(const PageFrame& frame) {
+  const std::vector<Finding>& list = frame.input.check->findings.list;
+  const auto looks = std::count_if(list.begin(), list.end(), [](const Finding& finding) {
+    return kind_of(finding.code).severity == Severity::look;
+  });
+  const auto serious = static_cast<std::int64_t>(list.size()) - looks;
+  if (list.empty()) return frame.text(nothing_found);
+  if (serious == 0) return phrase(nothing_serious, frame.language, {std::to_string(looks)});
+  return phrase(something_found, frame.language, {std::to_string(serious), std::to_string(looks)});
+}
+
+void write_findings(std::string& page, const PageFrame& frame) {
+  const CheckResult& check = *frame.input.check;
+  page += "<p>" + escaped(findings_sentence(frame));
+  if (!check.findings.list.empty()) page += " " + escaped(frame.text(see_check));
+  page += "</p>\n";
+  if (!check.findings.list.empty()) write_figure_table(page, table_of_kinds(frame, check), frame.text(caption));
+}
+
+}  // namespace pedigreewatch

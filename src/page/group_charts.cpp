@@ -1,0 +1,291 @@
+// Lists of names have any length. Charts show the eight with the most animals, and say so.
+
+#include "page/group_charts.h"
+
+#include <algorithm>
+#include <iterator>
+#include <numeric>
+
+#include "core/by_number.h"
+#include "genetics/subpopulation_kinship.h"
+#include "page/chart_making.h"
+#include "page/inbreeding_charts.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr Wording number_of_animals = {"animals", "dieren"};
+constexpr Wording all_others = {"all others", "alle overige"};
+constexpr std::size_t most_lines = 8;
+
+constexpr ChartTexts colours_texts = {
+    "colours",
+    {"Colours", "Kleurslagen"},
+    {"A bar is the animals of a year, divided by colour; colours that the steer file does not list are taken together.",
+     "Een balk is de dieren van een jaar, verdeeld naar kleur; kleuren die de sturingsfile niet noemt zijn "
+     "samengenomen."},
+    number_of_animals};
+
+constexpr ChartTexts breeders_texts = {
+    "breeders",
+    {"Breeders", "Fokkers"},
+    {"A bar is the animals of a year, divided by breeder, counted by whole names (the report cuts names into pieces).",
+     "Een balk is de dieren van een jaar, verdeeld naar fokker, geteld met hele namen (de uitvoer knipt namen in "
+     "stukken)."},
+    number_of_animals};
+constexpr Wording other_breeders = {"other breeders", "andere fokkers"};
+constexpr Wording no_breeder = {"without breeder", "zonder fokker"};
+constexpr Wording breeder_headings[] = {{"Breeder", "Fokker"},
+                                        {"Animals", "Dieren"},
+                                        {"of the last 10 years", "van de laatste 10 jaren"},
+                                        {"with offspring", "met nakomelingen"}};
+
+constexpr ChartTexts subpopulations_texts = {
+    "subpopulations",
+    {"Subpopulations", "Subpopulaties"},
+    {"A bar is the animals of a year that belong to a listed subpopulation, divided by subpopulation.",
+     "Een balk is de dieren van een jaar die tot een genoemde subpopulatie horen, verdeeld naar subpopulatie."},
+    number_of_animals};
+constexpr ChartTexts inbreeding_within_texts = {"within-F",
+                                                {"Inbreeding within subpopulations", "Inteelt binnen subpopulaties"},
+                                                {"The mean F of the animals of each subpopulation, in years with two "
+                                                 "or more of them; at most the eight largest are "
+                                                 "shown.",
+                                                 "De gemiddelde F van de dieren van elke subpopulatie, in jaren met "
+                                                 "twee of meer dieren; hoogstens de acht grootste "
+                                                 "staan er."},
+                                                {"F (0 to 1)", "F (0 tot 1)"}};
+constexpr ChartTexts kinship_within_texts = {"within-f",
+                                             {"Kinship within subpopulations", "Verwantschap binnen subpopulaties"},
+                                             {"The mean kinship f (without self) of the animals of each subpopulation: "
+                                              "the higher, the fewer mates are left that "
+                                              "are not related.",
+                                              "De gemiddelde verwantschap f (zonder zelf) van de dieren van elke "
+                                              "subpopulatie: hoe hoger, hoe minder partners er "
+                                              "overblijven die geen familie zijn."},
+                                             {"f (0 to 1)", "f (0 tot 1)"}};
+constexpr ChartTexts kinship_between_texts = {
+    "between",
+    {"Kinship between subpopulations", "Verwantschap tussen subpopulaties"},
+    {"The mean kinship f of the animals of two subpopulations, half the relationship a that the report's table has; at "
+     "most eight pairs of the largest are shown.",
+     "De gemiddelde verwantschap f van de dieren van twee subpopulaties, de helft van de verwantschap a in de tabel "
+     "van "
+     "de uitvoer; hoogstens acht paren van de grootste staan er."},
+    {"f (0 to 1)", "f (0 tot 1)"}};
+constexpr Wording size_headings[] = {{"Subpopulation", "Subpopulatie"},
+                                     {"Generation interval", "Generatie-interval"},
+                                     {"Ne, F, first and last year", "Ne, F, eerste en laatste jaar"},
+                                     {"Ne, F, all years", "Ne, F, alle jaren"},
+                                     {"Ne, f, first and last year", "Ne, f, eerste en laatste jaar"},
+                                     {"Ne, f, all years", "Ne, f, alle jaren"}};
+
+// ---- breeders --------------------------------------------------------------------------------------------------
+
+struct BreederCounts {
+  std::int64_t animals = 0, recent = 0, parents = 0;
+};
+
+ByNumber<BreederCounts> count_breeders(const PopulationStore& store) {
+  constexpr std::int64_t recent_years = 10;
+  ByNumber<BreederCounts> counts(store.breeders.names.entries.size());
+  for (std::int32_t animal = 1; animal <= store.animal_count; ++animal) {
+    BreederCounts& count = counts[store.breeder_no[animal]];
+    const std::int32_t year = store.birth_year[animal];
+    ++count.animals;
+    if (year != 0 && year > std::int64_t{store.birth_years.last} - recent_years) ++count.recent;
+    if (store.is_native_parent(animal)) ++count.parents;
+  }
+  return counts;
+}
+
+/// The breeders with the most animals, at most so many.
+std::vector<std::int32_t> largest_breeders(const ByNumber<BreederCounts>& counts, std::size_t most) {
+  std::vector<std::int32_t> numbers(static_cast<std::size_t>(std::max(0, counts.last())));
+  std::iota(numbers.begin(), numbers.end(), 1);
+  const auto has_more = [&](std::int32_t a, std::int32_t b) { return counts[a].animals > counts[b].animals; };
+  std::stable_sort(numbers.begin(), numbers.end(), has_more);
+  numbers.resize(std::min(numbers.size(), most));
+  return numbers;
+}
+
+/// The layers of the breeders, then all other breeders, then the animals without one.
+CountLayers count_layers(const PageFrame& frame, const std::vector<std::int32_t>& breeders) {
+  const PopulationStore& store = frame.store();
+  const std::size_t rest = breeders.size(), without = rest + 1;
+  CountLayers layers;
+  ByNumber<std::size_t> layer_of(store.breeders.names.entries.size(), rest);
+  for (const std::int32_t breeder : breeders) {
+    layer_of[breeder] = layers.add(data_text(store.breeders.names.at(breeder).trimmed()), frame.years.count());
+  }
+  layers.add(frame.text(other_breeders), frame.years.count());
+  layers.add(frame.text(no_breeder), frame.years.count());
+  layer_of[0] = without;
+  for (Row row = frame.years.first; row <= frame.years.last; ++row) {
+    const std::size_t year = static_cast<std::size_t>(row - frame.years.first);
+    for (const std::int32_t animal : frame.animals(row)) ++layers.counts[layer_of[store.breeder_no[animal]]][year];
+  }
+  return layers;
+}
+
+/// Takes the layers away that have no animal.
+CountLayers without_empty(const CountLayers& layers) {
+  CountLayers kept;
+  for (std::size_t k = 0; k < layers.names.size(); ++k) {
+    const std::vector<std::int64_t>& counts = layers.counts[k];
+    if (std::all_of(counts.begin(), counts.end(), [](std::int64_t count) { return count == 0; })) continue;
+    kept.names.push_back(layers.names[k]);
+    kept.counts.push_back(counts);
+  }
+  return kept;
+}
+
+// ---- subpopulations --------------------------------------------------------------------------------------------
+
+const Subpopulations& subpopulations_of(const PageFrame& frame) {
+  return frame.population().settings.layout.subpopulations;
+}
+
+std::string name_of(const PageFrame& frame, std::int32_t subpopulation) {
+  return data_text(subpopulations_of(frame).names.at(subpopulation).trimmed());
+}
+
+/// The subpopulations with the most animals, at most eight, in the order of the steer file.
+std::vector<std::int32_t> largest_subpopulations(const PageFrame& frame) {
+  const YearTable<std::int32_t>& births = frame.extras().subpopulations.births;
+  std::vector<std::int64_t> sums(static_cast<std::size_t>(births.column_count) + 1, 0);
+  for (Row row = 1; row <= births.row_count(); ++row) {
+    for (std::int64_t k = 1; births.is_stored(row) && k <= births.column_count; ++k) {
+      sums[static_cast<std::size_t>(k)] += births.value(row, k);
+    }
+  }
+  std::vector<std::int32_t> numbers(static_cast<std::size_t>(subpopulations_of(frame).count()));
+  std::iota(numbers.begin(), numbers.end(), 1);
+  const auto sum = [&](std::int32_t k) { return sums[std::min(static_cast<std::size_t>(k), sums.size() - 1)]; };
+  std::stable_sort(numbers.begin(), numbers.end(), [&](auto a, auto b) { return sum(a) > sum(b); });
+  numbers.resize(std::min(numbers.size(), most_lines));
+  std::sort(numbers.begin(), numbers.end());
+  return numbers;
+}
+
+/// The animals of each subpopulation in one year, by its number.
+ByNumber<std::int64_t> count_subpopulations(const PageFrame& frame, Row row) {
+  ByNumber<std::int64_t> counts(subpopulations_of(frame).names.entries.size());
+  for (const std::int32_t animal : frame.animals(row)) ++counts[frame.store().subpopulation_no(animal)];
+  return counts;
+}
+
+/// Where the kinship between two subpopulations, the first one with the lower number, stands in a row of the table: a
+/// subpopulation with at most one animal moves all later pairs to the left. None when it is not there.
+std::optional<std::int64_t> column_of_pair(const PageFrame& frame, const ByNumber<std::int64_t>& counts,
+                                           std::int32_t first, std::int32_t second) {
+  const Subpopulations& subpopulations = subpopulations_of(frame);
+  const auto animals = [&](std::int32_t k) { return counts[subpopulations.first_numbers.at(k)]; };
+  if (animals(first) <= 1 || animals(second) == 0) return std::nullopt;
+  std::int64_t column = first_pair_column(subpopulations.count());
+  for (std::int32_t k = 1; k < first; ++k) column += animals(k) > 1 ? subpopulations.count() - k : 0;
+  return column + second - first - 1;
+}
+
+std::vector<Value> kinship_of_pair(const PageFrame& frame, std::int32_t first, std::int32_t second) {
+  return by_year(frame, [&](Row row) {
+    const auto column = column_of_pair(frame, count_subpopulations(frame, row), first, second);
+    return column ? known_if(true, frame.extras().kinship.value(row, *column) * 0.5F) : Value();
+  });
+}
+
+/// A line for each of the largest subpopulations, from the columns that `column_of` names.
+Chart within_chart(const PageFrame& frame, const ChartTexts& texts, std::int64_t (*column_of)(std::int64_t)) {
+  Chart chart = make_year_chart(frame, ChartKind::lines, texts);
+  const Subpopulations& subpopulations = subpopulations_of(frame);
+  for (const std::int32_t k : largest_subpopulations(frame)) {
+    const auto values = by_year(frame, [&](Row row) {
+      const bool is_known = count_subpopulations(frame, row)[subpopulations.first_numbers.at(k)] > 1;
+      return known_if(is_known, frame.extras().kinship.value(row, column_of(k)));
+    });
+    add_series(chart, name_of(frame, k), values, 4);
+  }
+  return chart;
+}
+
+}  // namespace
+
+Chart colours_chart(const PageFrame& frame) {
+  Chart chart = make_year_chart(frame, ChartKind::stacked_bars, colours_texts);
+  CountLayers layers = layers_of(frame, frame.whole().tables.colour_counts);
+  const std::vector<ColourName>& names = frame.population().settings.colour_names;
+  for (std::size_t k = 0; k < std::min(layers.names.size(), names.size()); ++k) {
+    layers.names[k] = data_text(names[k].trimmed());
+  }
+  add_layers(chart, layers, frame.text(all_others));
+  return chart;
+}
+
+Chart breeders_chart(const PageFrame& frame) {
+  constexpr std::size_t most_listed = 14;
+  Chart chart = make_year_chart(frame, ChartKind::stacked_bars, breeders_texts);
+  const std::vector<std::int32_t> breeders = largest_breeders(count_breeders(frame.store()), most_listed);
+  add_layers(chart, without_empty(count_layers(frame, breeders)), frame.text(all_others));
+  return chart;
+}
+
+FigureTable breeders_table(const PageFrame& frame) {
+  constexpr std::size_t most_listed = 20;
+  FigureTable table;
+  for (const Wording& heading : breeder_headings) table.headings.push_back(frame.text(heading));
+  const ByNumber<BreederCounts> counts = count_breeders(frame.store());
+  for (const std::int32_t breeder : largest_breeders(counts, most_listed)) {
+    const BreederCounts& count = counts[breeder];
+    table.rows.push_back(
+        {data_text(frame.store().breeders.names.at(breeder).trimmed()),
+         {std::to_string(count.animals), std::to_string(count.recent), std::to_string(count.parents)}});
+  }
+  return table;
+}
+
+Chart subpopulations_chart(const PageFrame& frame) {
+  Chart chart = make_year_chart(frame, ChartKind::stacked_bars, subpopulations_texts);
+  CountLayers layers = layers_of(frame, frame.extras().subpopulations.births);
+  for (std::size_t k = 0; k < layers.names.size(); ++k) {
+    layers.names[k] = name_of(frame, static_cast<std::int32_t>(k) + 1);
+  }
+  add_layers(chart, layers, frame.text(all_others));
+  return chart;
+}
+
+Chart inbreeding_within_chart(const PageFrame& frame) {
+  return within_chart(frame, inbreeding_within_texts, inbreeding_column);
+}
+
+Chart kinship_within_chart(const PageFrame& frame) {
+  return within_chart(frame, kinship_within_texts, kinship_column);
+}
+
+Chart kinship_between_chart(const PageFrame& frame) {
+  Chart chart = make_year_chart(frame, ChartKind::lines, kinship_between_texts);
+  const std::vector<std::int32_t> largest = largest_subpopulations(frame);
+  for (std::size_t i = 0; i < largest.size(); ++i) {
+    for (std::size_t j = i + 1; j < largest.size() && chart.series.size() < most_lines; ++j) {
+      const std::string name = name_of(frame, largest[i]) + " - " + name_of(frame, largest[j]);
+      add_series(chart, name, kinship_of_pair(frame, largest[i], largest[j]), 4);
+    }
+  }
+  return chart;
+}
+
+FigureTable subpopulation_sizes_table(const PageFrame& frame) {
+  FigureTable table;
+  for (const Wording& heading : size_headings) table.headings.push_back(frame.text(heading));
+  for (const Block& block : frame.input.subpopulations) {
+    std::vector<std::string> cells = {report_figure(static_cast<double>(block.interval.generation_interval), 2)};
+    const GenerationRates& rates = block.rates;
+    for (const GenerationRate* rate : {&rates.F_absolute, &rates.F_smoothed, &rates.f_absolute, &rates.f_smoothed}) {
+      cells.push_back(is_estimable(frame, *rate) ? report_figure(static_cast<double>(rate->effective_size), 2)
+                                                 : not_estimable(frame));
+    }
+    table.rows.push_back({data_text(block.name), cells});
+  }
+  return table;
+}
+
+}  // namespace pedigreewatch

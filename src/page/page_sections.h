@@ -1,0 +1,22 @@
+// The parts of a page that are words and tables: summary, what the checks found, diversity.
+#pragma once
+
+#include <string>
+
+#include "page/page_frame.h"
+
+namespace pedigreewatch {
+
+/// What an officer wants to know first, in sentences.
+void write_summary(std::string& page, const PageFrame& frame);
+
+/// What the checks found: a sentence, and a row for each kind of finding.
+void write_findings(std::string& page, const PageFrame& frame);
+
+/// How many findings stop a run or falsify figures, as a sentence for the summary.
+std::string findings_sentence(const PageFrame& frame);
+
+/// The figures of the reference population.
+void write_diversity(std::string& page, const PageFrame& frame);
+
+}  // namespace pedigreewatch

@@ -1,0 +1,11 @@
+// Style and script of the page, with what the content security policy must say of them.
+#pragma once
+
+#include <string>
+
+namespace pedigreewatch {
+
+/// The policy: no network, and of style and script only the two of this page, which their hashes name.
+std::string content_security_policy();
+
+}  // namespace pedigreewatch

@@ -1,0 +1,75 @@
+// Nothing of the data file reaches a page but through these operations.
+
+#include "page/page_text.h"
+
+#include <cmath>
+
+#include "checks/readable_text.h"
+#include "core/fixed_text.h"
+#include "core/line_writer.h"
+
+namespace pedigreewatch {
+namespace {
+
+std::string_view entity_of(char letter) {
+  switch (letter) {
+    case '&': return "&amp;";
+    case '<': return "&lt;";
+    case '>': return "&gt;";
+    case '"': return "&quot;";
+    case '\'': return "&#39;";
+    default: return {};
+  }
+}
+
+bool is_control(char letter) {
+  const auto byte = static_cast<unsigned char>(letter);
+  return byte < 0x20 || byte == 0x7F;
+}
+
+bool is_ascii_text(std::string_view text) {
+  for (const char letter : text) {
+    if (static_cast<unsigned char>(letter) >= 0x80) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+std::string escaped(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  for (const char letter : text) {
+    const std::string_view entity = entity_of(letter);
+    if (!entity.empty()) {
+      result += entity;
+    } else if (!is_control(letter)) {
+      result += letter;
+    }
+  }
+  return result;
+}
+
+std::string isolated(std::string_view text) {
+  return is_ascii_text(text) ? escaped(text) : "<bdi>" + escaped(text) + "</bdi>";
+}
+
+std::string data_text(std::string_view bytes) {
+  const std::string_view text = without_leading_blanks(without_trailing_blanks(bytes));
+  const std::string named = with_invisible_named(text);
+  return named.empty() ? readable(text) : named;
+}
+
+std::string report_figure(double value, int decimals) {
+  constexpr double beyond_meaning = 1e15;
+  if (!(std::abs(value) < beyond_meaning)) return std::string(no_figure);
+  LineItem item(0.0F);
+  item.real = value;
+  TextOutput line;
+  write_format_line(line, "F60." + std::to_string(decimals), {item});
+  std::string_view digits = without_leading_blanks(line.pending);
+  digits.remove_suffix(decimals == 0 ? 2 : 1);  // the line feed, and a point that has no digits behind it
+  return std::string(digits);
+}
+
+}  // namespace pedigreewatch
