@@ -39,6 +39,7 @@ struct FigureTable {
     std::vector<std::string> cells;
   };
   std::vector<FigureRow> rows;
+  bool is_of_words = false;  ///< its cells are texts more than numbers
 };
 
 enum class ChartKind : std::uint8_t { lines, stacked_bars };

@@ -9,17 +9,18 @@
 namespace pedigreewatch {
 namespace {
 
-constexpr double most_ticks = 6.0;
+constexpr double most_steps = 6.0;
+constexpr double rounding = 1e-3;  // of a step: shares that sum to 1.0000001 need no tick above 1
 
 /// The smallest round step that needs at most so many of them, and its decimals.
 ValueAxis with_round_step(double span, bool counts_only) {
   ValueAxis axis;
-  const double least = span / most_ticks;
+  const double least = span / most_steps;
   const double exponent = std::floor(std::log10(least));
   const double power = std::pow(10.0, exponent);
   axis.step = power * 10.0;
   for (const double factor : {1.0, 2.0, 5.0}) {
-    if (factor * power >= least * (1.0 - 1e-9)) {
+    if (factor * power >= least * (1.0 - rounding)) {
       axis.step = factor * power;
       break;
     }
@@ -72,8 +73,8 @@ ValueAxis make_value_axis(double lowest, double highest, bool counts_only) {
   highest = std::max(highest, 0.0);
   if (highest - lowest < 1e-6) highest = lowest + 1e-6;  // all values are 0 but for rounding
   ValueAxis axis = with_round_step(highest - lowest, counts_only);
-  axis.low = std::floor(lowest / axis.step + 1e-9) * axis.step;
-  axis.high = std::ceil(highest / axis.step - 1e-9) * axis.step;
+  axis.low = std::floor(lowest / axis.step + rounding) * axis.step;
+  axis.high = std::ceil(highest / axis.step - rounding) * axis.step;
   return axis;
 }
 

@@ -81,11 +81,14 @@ void draw_place_axis(std::string& page, const Chart& chart, const Plane& plane) 
   draw_path(page, "a", ticks);
 }
 
+/// Their texts stand at the right and at the left in turn: lines may lie close together.
 void draw_references(std::string& page, const Chart& chart, const Plane& plane) {
+  bool is_at_right = true;
   for (const ReferenceLine& reference : chart.references) {
     const double y = plane.y(reference.value);
     draw_path(page, "r", "M" + point(left, y) + "H" + std::to_string(right));
-    draw_text(page, right - 2, y - 4, "e", reference.text);
+    draw_text(page, is_at_right ? right - 2 : left + 2, y - 4, is_at_right ? "e v" : "v", reference.text);
+    is_at_right = !is_at_right;
   }
 }
 
@@ -159,8 +162,8 @@ void draw_chart(std::string& page, const Chart& chart) {
   draw_value_axis(page, chart, plane);
   if (chart.kind == ChartKind::stacked_bars) draw_bars(page, chart, plane);
   draw_place_axis(page, chart, plane);
-  draw_references(page, chart, plane);
   if (chart.kind == ChartKind::lines) draw_lines(page, chart, plane);
+  draw_references(page, chart, plane);
   draw_marks(page, chart, plane);
   page += "</svg>";
 }

@@ -19,7 +19,8 @@ constexpr Wording unusual = {"Worth a look:", "Opvallend:"};
 constexpr Wording and_more = {"and {1} more", "en nog {1}"};
 
 void write_rows(std::string& page, const FigureTable& table, std::string_view caption) {
-  page += "<table><caption>" + escaped(caption) + "</caption><thead><tr>";
+  page += std::string("<table") + (table.is_of_words ? " class=\"w\"" : "") + "><caption>" + escaped(caption) +
+          "</caption><thead><tr>";
   for (const std::string& heading : table.headings) page += "<th scope=\"col\">" + isolated(heading) + "</th>";
   page += "</tr></thead><tbody>\n";
   for (const FigureTable::FigureRow& row : table.rows) {
@@ -44,7 +45,7 @@ void write_legend(std::string& page, const Chart& chart) {
 void write_marks(std::string& page, const Chart& chart, ToolLanguage language) {
   constexpr std::size_t most = 12;
   if (chart.marks.empty()) return;
-  page += "<p class=\"marks\"><strong>&#9650; " + escaped(words_of(unusual, language)) + "</strong> ";
+  page += "<p class=\"marks\"><strong>&#9660; " + escaped(words_of(unusual, language)) + "</strong> ";
   for (std::size_t m = 0; m < chart.marks.size() && m < most; ++m) {
     page += (m == 0 ? "" : "; ") + escaped(chart.marks[m].text);
   }
@@ -55,6 +56,7 @@ void write_marks(std::string& page, const Chart& chart, ToolLanguage language) {
 }
 
 bool has_hollow_points(const Chart& chart) {
+  if (chart.kind != ChartKind::lines) return false;
   for (std::size_t place = 0; place < chart.is_hollow.size(); ++place) {
     for (const Series& series : chart.series) {
       if (chart.is_hollow[place] && series.values[place]) return true;

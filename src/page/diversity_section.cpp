@@ -141,6 +141,7 @@ std::string estimate_text(const PageFrame& frame, const EffectiveSizeEstimate& e
 
 FigureTable figures_table(const PageFrame& frame, const Diversity& diversity) {
   FigureTable table;
+  table.is_of_words = true;
   for (const Wording& heading : figure_headings) table.headings.push_back(frame.text(heading));
   table.rows.push_back({frame.text(founders),
                         {std::to_string(diversity.founders) + " / " + std::to_string(diversity.half_founders),

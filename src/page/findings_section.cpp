@@ -15,15 +15,14 @@ namespace {
 constexpr Wording nothing_found = {"The checks of the data found nothing.",
                                    "De controles van de gegevens vonden niets."};
 constexpr Wording nothing_serious = {
-    "The checks of the data found nothing that falsifies figures; {1} things are worth a look.",
-    "De controles van de gegevens vonden niets dat cijfers vervalst; {1} dingen zijn het bekijken waard."};
+    "The checks of the data found nothing that falsifies figures; worth a look: {1}.",
+    "De controles van de gegevens vonden niets dat cijfers vervalst; het bekijken waard: {1}."};
 constexpr Wording something_found = {
-    "The checks of the data found {1} things that falsify figures or stop a run, and {2} that are worth a look: see "
-    "what "
-    "was found.",
-    "De controles van de gegevens vonden {1} dingen die cijfers vervalsen of het programma laten stoppen, en {2} die "
-    "het bekijken "
-    "waard zijn: zie wat er gevonden is."};
+    "The checks of the data found faults that falsify figures or stop the run ({1}) and things that are worth a look "
+    "({2}); the last section lists them.",
+    "De controles van de gegevens vonden fouten die cijfers vervalsen of het programma laten stoppen ({1}) en dingen "
+    "die "
+    "het bekijken waard zijn ({2}); het laatste deel noemt ze."};
 constexpr Wording see_check = {"`pedigreewatch-tools check` names every line that is meant, and what to write instead.",
                                "`pedigreewatch-tools check` noemt elke regel die het betreft, en wat er moet staan."};
 constexpr Wording caption = {"What the checks found", "Wat de controles vonden"};
@@ -50,6 +49,7 @@ std::array<FindingsOfKind, finding_code_count> count_kinds(const Findings& findi
 /// The kinds that were found, the most serious first.
 FigureTable table_of_kinds(const PageFrame& frame, const CheckResult& check) {
   FigureTable table;
+  table.is_of_words = true;
   for (const Wording& heading : headings) table.headings.push_back(frame.text(heading));
   const auto kinds = count_kinds(check.findings);
   for (const Severity severity : {Severity::stops, Severity::falsifies, Severity::look}) {

@@ -25,16 +25,16 @@ html{color-scheme:light dark}
 .pw .plot:focus-visible,.pw .scroll:focus-visible,.pw summary:focus-visible{outline:3px solid var(--1);outline-offset:2px}
 .pw output{display:block;min-height:1.5em;font-variant-numeric:tabular-nums}
 .pw .marks strong{color:var(--m)}
-.pw summary{cursor:pointer;display:inline-block;padding:.1rem 0}
+.pw summary{cursor:pointer;padding:.1rem 0;width:max-content}
 .pw table{border-collapse:collapse;margin:.5rem 0;font-variant-numeric:tabular-nums}
 .pw caption{text-align:left;font-weight:600;padding:.2rem 0}
 .pw th,.pw td{padding:.12rem .6rem;border-bottom:1px solid var(--g);text-align:right;vertical-align:top}
-.pw th:first-child,.pw .words td,.pw .words th{text-align:left}
+.pw th:first-child,.pw .w td,.pw .w th{text-align:left}
 .pw tbody th{font-weight:400}
 .pw .s{width:40px;height:14px;vertical-align:-2px}
 .pw .f{position:absolute}
 .pw svg text{font-size:12px;fill:var(--n)}
-.pw .e{text-anchor:end}.pw .p{text-anchor:middle}
+.pw .e{text-anchor:end}.pw .v{paint-order:stroke;stroke:var(--b);stroke-width:4px}.pw .p{text-anchor:middle}
 .pw svg path{fill:none}
 .pw .g{stroke:var(--g)}.pw .a{stroke:var(--n)}.pw .r{stroke:var(--m);stroke-dasharray:2 3}
 .pw .l{stroke-width:2;stroke-linejoin:round}
@@ -59,7 +59,7 @@ const s=p.querySelector('svg'),o=f.querySelector('output'),r=f.querySelectorAll(
 n=+f.dataset.n,a=+f.dataset.a,w=+f.dataset.w,c=document.createElementNS(s.namespaceURI,'path');
 let k=n;c.setAttribute('class','x');s.append(c);
 const show=i=>{i=Math.max(0,Math.min(n-1,i));if(i===k)return;k=i;
-o.textContent=[...r[k].children].map((e,j)=>(j?h[j].textContent+': ':'')+'\u2068'+e.textContent+'\u2069').join(' \u00b7 ');
+o.textContent=[...r[k].children].map((e,j)=>(j?h[j].textContent+': ':'')+'\u2068'+e.textContent.trim()+'\u2069').join(' \u00b7 ');
 c.setAttribute('d','M'+(a+w*(k+.5)/n).toFixed(1)+' 24V222')};
 p.addEventListener('mousemove',e=>{const b=s.getBoundingClientRect();show(Math.floor(((e.clientX-b.left)/b.width*720-a)/w*n))});
 p.addEventListener('keydown',e=>{const i={ArrowLeft:k-1,ArrowRight:k+1,Home:0,End:n-1}[e.key];
@@ -67,8 +67,8 @@ if(i!==undefined){e.preventDefault();show(i)}})}
 )js";
 
 // Of the bytes above, as `openssl dgst -sha256 -binary | base64` gives them; a test compares.
-constexpr std::string_view style_hash = "/C4alE70/+3HvbfbLeWFCUz8rU5qp/E2x+iyPJ1Y2vU=";
-constexpr std::string_view script_hash = "g1fIgrbGgETvp4A+kR6HA3fN0qVfr5FVl7NRJg9qd7Q=";
+constexpr std::string_view style_hash = "joSUt8iehT2+rJFefL5w2Pv9Vk2cVc+59XlnemvrgVI=";
+constexpr std::string_view script_hash = "KcbYCxTcr4NdpUOY+gVWj+W/3o1zAqd96Kj/Gvt6Ht4=";
 
 }  // namespace
 

@@ -28,6 +28,8 @@ constexpr Wording size_is = {"The effective population size Ne is {1} ({2}).",
                              "De effectieve populatiegrootte Ne is {1} ({2})."};
 constexpr Wording sizes_range = {"The ways of estimating it that succeed give {1} to {2}.",
                                  "De manieren van schatten die lukken geven {1} tot {2}."};
+constexpr Wording sizes_differ = {"They differ: take the lowest one as a warning.",
+                                  "Ze verschillen: neem de laagste als waarschuwing."};
 constexpr Wording size_is_not = {
     "The effective population size Ne cannot be estimated: inbreeding and kinship do not rise, or too little is known.",
     "De effectieve populatiegrootte Ne is niet te schatten: inteelt en verwantschap stijgen niet, of er is te weinig "
@@ -78,6 +80,12 @@ constexpr Wording ways[] = {{"from F of all years", "uit F van alle jaren"},
                             {"from F of the third and the last year", "uit F van het derde en het laatste jaar"},
                             {"from f of the third and the last year", "uit f van het derde en het laatste jaar"}};
 
+/// What an effective size of this much means.
+const Wording& meaning_of(float size) {
+  constexpr float safe = 100.0F, least = 50.0F;
+  return size > safe ? size_large : (size >= least ? size_middling : size_small);
+}
+
 void write_paragraph(std::string& page, const std::string& text) {
   page += "<p>" + isolated(text) + "</p>\n";
 }
@@ -122,12 +130,13 @@ std::string size_text(const PageFrame& frame) {
     text = phrase(size_is, frame.language, {size, words_of(ways[way], frame.language)});
   }
   if (sizes.empty()) return frame.text(size_is_not);
-  const float named = sizes.front();
-  text += " " + frame.text(named > 100.0F ? size_large : (named >= 50.0F ? size_middling : size_small));
+  text += " " + frame.text(meaning_of(sizes.front()));
   if (sizes.size() == 1) return text;
   const auto [low, high] = std::minmax_element(sizes.begin(), sizes.end());
   const auto figure = [](float size) { return report_figure(static_cast<double>(size), 2); };
-  return text + " " + phrase(sizes_range, frame.language, {figure(*low), figure(*high)});
+  text += " " + phrase(sizes_range, frame.language, {figure(*low), figure(*high)});
+  if (&meaning_of(*low) != &meaning_of(sizes.front())) text += " " + frame.text(sizes_differ);
+  return text;
 }
 
 std::string trust_text(const PageFrame& frame, Row row) {
