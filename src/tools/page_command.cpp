@@ -2,21 +2,25 @@
 
 #include "tools/page_command.h"
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "checks/check.h"
 #include "control/check_setup.h"
 #include "control/steer_file.h"
+#include "diversity/diversity.h"
 #include "intake/file_pair.h"
 #include "page/page.h"
 #include "tools/check_inputs.h"
 #include "tools/command_line.h"
 #include "tools/folder_analysis.h"
+#include "tools/reference_choice.h"
 
 namespace pedigreewatch {
 namespace {
@@ -28,12 +32,16 @@ constexpr std::string_view help =
     "The\n"
     "  page is one file, needs no network, and can be printed. An older page of this name is replaced.\n"
     "\n"
+    "  --years A-B           reference population of the diversity figures: all animals born from A to B, such as\n"
+    "                        2001-2010\n"
+    "  --ids FILE            reference population: the animals of a list, one identification a line\n"
+    "                        (else: animals of the last ten birth years with both parents known)\n"
     "  --help                shows this text\n"
     "\n"
     "  Exit status: 0 the page was written, 1 data or files stand in the way (nothing was written), 2 wrong\n"
     "  arguments.\n";
 
-constexpr auto rules = std::to_array<OptionRule>({{"--help", false}});
+constexpr auto rules = std::to_array<OptionRule>({{"--years"}, {"--ids"}});
 
 constexpr Wording not_written = {"{1}: {2}; the page was not written", "{1}: {2}; de pagina is niet geschreven"};
 constexpr Wording is_no_page = {"there is something of this name that is no file",
@@ -52,11 +60,17 @@ int refuse(ToolStreams& streams, std::string_view text, int exit_status) {
 }
 
 /// Yields what is wrong with the arguments; empty: nothing.
-std::string read_options(std::span<const std::string_view> arguments) {
+std::string read_options(std::span<const std::string_view> arguments, ReferenceOptions& options) {
   const CommandLine line = read_command_line(arguments, rules);
   if (!line.problem.empty()) return line.problem;
-  if (line.operands.empty()) return {};
-  return in_quotes(line.operands.front()) + ": no file was expected; the data file is the one of pedigreewatch.ini";
+  if (!line.operands.empty()) {
+    return in_quotes(line.operands.front()) + ": no file was expected; the data file is the one of pedigreewatch.ini";
+  }
+  for (const GivenOption& option : line.options) {
+    std::string problem = take_reference_option(option.name, option.value, options);
+    if (!problem.empty()) return problem;
+  }
+  return {};
 }
 
 bool is_stopped(const ToolStreams& streams) {
@@ -74,13 +88,16 @@ std::optional<CheckResult> check_population(const AnalysedPopulation& population
 }
 
 /// What stands in the way of a page of this name; nothing when it may be written.
-const Wording* find_obstacle(const std::string& name, const SteerSettings& settings) {
+const Wording* find_obstacle(const std::string& name, const SteerSettings& settings, const std::string& ids_file) {
   namespace fs = std::filesystem;
   std::error_code ignored;
   if (!is_taken(name)) return nullptr;
   if (!fs::is_regular_file(name, ignored)) return &is_no_page;
-  const bool is_read = fs::equivalent(name, steer_file_name, ignored) ||
-                       fs::equivalent(name, std::string(settings.data_file_name.trimmed()), ignored);
+  const std::array<std::string, 3> read_files = {std::string(steer_file_name),
+                                                 std::string(settings.data_file_name.trimmed()), ids_file};
+  const bool is_read = std::any_of(read_files.begin(), read_files.end(), [&](const std::string& file) {
+    return !file.empty() && fs::equivalent(name, file, ignored);
+  });
   return is_read ? &is_in_use : nullptr;
 }
 
@@ -93,11 +110,12 @@ bool write_file(const std::string& name, std::string_view bytes, FileProblem& pr
   return false;
 }
 
-int write_page(const AnalysedPopulation& population, std::string_view page, ToolStreams& streams) {
+int write_page(const AnalysedPopulation& population, std::string_view page, const std::string& ids_file,
+               ToolStreams& streams) {
   const ToolLanguage language = language_of(population.settings);
   const std::string name = name_beside_report(population.settings, ".html");
   FileProblem problem;
-  const Wording* const obstacle = find_obstacle(name, population.settings);
+  const Wording* const obstacle = find_obstacle(name, population.settings, ids_file);
   if (obstacle != nullptr) problem = {name, std::string(words_of(*obstacle, language))};
   if (obstacle != nullptr || !write_file(name, page, problem)) {
     return refuse(streams, phrase(not_written, language, {shown(problem.name), problem.reason}), 1);
@@ -115,18 +133,22 @@ std::string_view page_help() {
 }
 
 int run_page(std::span<const std::string_view> arguments, ToolStreams& streams) {
-  const std::string problem = read_options(arguments);
+  ReferenceOptions options;
+  const std::string problem = read_options(arguments, options);
   if (!problem.empty()) {
     return refuse(streams, "pedigreewatch-tools page: " + problem + "\nTry: pedigreewatch-tools page --help", 2);
   }
   const std::optional<AnalysedPopulation> population = analyse_folder(streams);
   if (!population) return 1;
+  std::optional<ReferencePopulation> reference = choose_reference(*population, options, streams);
+  if (!reference) return 1;
   TextOutput silent;
   const std::vector<Block> blocks = analyse_subpopulations(*population, silent);
+  const Diversity diversity = compute_diversity(population->store, std::move(*reference));
   const std::optional<CheckResult> check = check_population(*population, streams);
   if (is_stopped(streams)) return refuse(streams, words_of(was_stopped, language_of(population->settings)), 1);
-  const PageInput input = {*population, blocks, nullptr, check ? &*check : nullptr};
-  return write_page(*population, make_page(input), streams);
+  const PageInput input = {*population, blocks, &diversity, check ? &*check : nullptr};
+  return write_page(*population, make_page(input), options.ids_file, streams);
 }
 
 }  // namespace pedigreewatch
