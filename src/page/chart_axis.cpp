@@ -71,10 +71,11 @@ int ValueAxis::tick_count() const {
 ValueAxis make_value_axis(double lowest, double highest, bool counts_only) {
   lowest = std::min(lowest, 0.0);
   highest = std::max(highest, 0.0);
-  if (highest - lowest < 1e-6) highest = lowest + 1e-6;  // all values are 0 but for rounding
+  if (highest - lowest < 1e-6) highest = lowest + 1.0;  // all values are 0 but for rounding
   ValueAxis axis = with_round_step(highest - lowest, counts_only);
   axis.low = std::floor(lowest / axis.step + rounding) * axis.step;
   axis.high = std::ceil(highest / axis.step - rounding) * axis.step;
+  if (axis.high <= axis.low) axis.high = axis.low + axis.step;
   return axis;
 }
 

@@ -80,10 +80,9 @@ std::string findings_sentence(const PageFrame& frame) {
 
 void write_findings(std::string& page, const PageFrame& frame) {
   const CheckResult& check = *frame.input.check;
-  page += "<p>" + escaped(findings_sentence(frame));
-  if (!check.findings.list.empty()) page += " " + escaped(frame.text(see_check));
-  page += "</p>\n";
-  if (!check.findings.list.empty()) write_figure_table(page, table_of_kinds(frame, check), frame.text(caption));
+  const bool has_any = !check.findings.list.empty();
+  page += "<p>" + escaped(frame.text(has_any ? see_check : nothing_found)) + "</p>\n";
+  if (has_any) write_figure_table(page, table_of_kinds(frame, check), frame.text(caption));
 }
 
 }  // namespace pedigreewatch

@@ -32,7 +32,7 @@ constexpr Wording made_by = {
 void write_inbreeding_section(std::string& page, const PageFrame& frame) {
   write_chart(page, inbreeding_chart(frame), frame.language);
   write_figure_table(page, effective_size_table(frame, frame.whole().rates), frame.text(sizes_caption));
-  write_chart(page, period_rates_chart(frame), frame.language);
+  if (!frame.whole().periods.periods.empty()) write_chart(page, period_rates_chart(frame), frame.language);
 }
 
 void write_animals_section(std::string& page, const PageFrame& frame) {

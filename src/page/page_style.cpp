@@ -49,7 +49,7 @@ html{color-scheme:light dark}
 .pw svg .b{stroke:var(--b);stroke-width:.6}
 .pw svg .b1{fill:url(#pw-f1)}.pw svg .b2{fill:url(#pw-f2)}.pw svg .b3{fill:url(#pw-f3)}.pw svg .b4{fill:url(#pw-f4)}.pw svg .b5{fill:url(#pw-f5)}.pw svg .b6{fill:url(#pw-f6)}.pw svg .b7{fill:url(#pw-f7)}.pw svg .b8{fill:url(#pw-f8)}
 @page{size:A4;margin:14mm}
-@media print{.pw{font-size:10pt;padding:0;max-width:none}.pw nav,.pw output,.pw details:not([open]){display:none}.pw figure,.pw tr{break-inside:avoid}.pw h2,.pw h3,.pw caption{break-after:avoid}.pw .plot,.pw .scroll{overflow:visible}.pw .plot svg{min-width:0}}
+@media print{.pw{font-size:10pt;padding:0;max-width:none}.pw nav,.pw output,.pw details:not([open]){display:none}.pw figure,.pw .scroll,.pw tr{break-inside:avoid}.pw h2,.pw h3,.pw caption,.pw thead{break-after:avoid}.pw p,.pw table,.pw .legend{font-size:9.5pt!important}.pw .plot,.pw .scroll{overflow:visible}.pw .plot svg{min-width:0}}
 )css";
 
 constexpr std::string_view script =
@@ -67,7 +67,7 @@ if(i!==undefined){e.preventDefault();show(i)}})}
 )js";
 
 // Of the bytes above, as `openssl dgst -sha256 -binary | base64` gives them; a test compares.
-constexpr std::string_view style_hash = "joSUt8iehT2+rJFefL5w2Pv9Vk2cVc+59XlnemvrgVI=";
+constexpr std::string_view style_hash = "kIHjAe0CMkNQHDSCzTpFOfPvQbY3N1XAMJqmUUTM0is=";
 constexpr std::string_view script_hash = "KcbYCxTcr4NdpUOY+gVWj+W/3o1zAqd96Kj/Gvt6Ht4=";
 
 }  // namespace

@@ -13,13 +13,14 @@
 namespace pedigreewatch {
 namespace {
 
-constexpr Wording animals_and_years = {
-    "{1} animals, born from {2} to {3}; {4} of them have no year of birth.",
-    "{1} dieren, geboren van {2} tot en met {3}; van {4} is het geboortejaar onbekend."};
+constexpr Wording animals_and_years = {"{1} animals, born from {2} to {3}.",
+                                       "{1} dieren, geboren van {2} tot en met {3}."};
+constexpr Wording undated_animals = {"Animals whose year of birth is not known: {1}.",
+                                     "Dieren waarvan het geboortejaar onbekend is: {1}."};
 constexpr Wording animals_without_years = {"{1} animals, of none of which the year of birth is known.",
                                            "{1} dieren, waarvan van geen enkel het geboortejaar bekend is."};
-constexpr Wording named_parents = {"{1} of them are parents that are named but have no line of their own.",
-                                   "{1} daarvan zijn ouders die wel genoemd worden maar geen eigen regel hebben."};
+constexpr Wording named_parents = {"Parents that are named but have no line of their own: {1}.",
+                                   "Ouders die wel genoemd worden maar geen eigen regel hebben: {1}."};
 constexpr Wording years_are_cut = {"The charts show the last {1} years.", "De grafieken tonen de laatste {1} jaren."};
 constexpr Wording last_inbreeding = {"The animals born in {1} have a mean inbreeding F of {2}.",
                                      "De dieren die in {1} geboren zijn hebben een gemiddelde inteelt F van {2}."};
@@ -92,17 +93,16 @@ void write_paragraph(std::string& page, const std::string& text) {
 
 std::string animals_text(const PageFrame& frame) {
   const PopulationStore& store = frame.store();
-  const std::size_t undated = store.size() - std::min(store.size(), frame.population().analysis.years.animals.size());
   const std::string animals = std::to_string(store.size());
-  std::string text = frame.years.count() > 0 ? phrase(animals_and_years, frame.language,
-                                                      {animals, std::to_string(store.birth_years.first),
-                                                       std::to_string(store.birth_years.last), std::to_string(undated)})
-                                             : phrase(animals_without_years, frame.language, {animals});
-  const std::int64_t named = std::int64_t{store.animal_count} - store.file_records;
-  if (named > 0 && store.animal_count > 0) text += " " + phrase(named_parents, frame.language, {std::to_string(named)});
-  if (frame.years.is_cut) {
-    text += " " + phrase(years_are_cut, frame.language, {std::to_string(frame.years.count())});
-  }
+  if (frame.years.count() <= 0) return phrase(animals_without_years, frame.language, {animals});
+  std::string text = phrase(animals_and_years, frame.language,
+                            {animals, std::to_string(store.birth_years.first), std::to_string(store.birth_years.last)});
+  const auto add_count = [&](const Wording& wording, std::int64_t count) {
+    if (count > 0) text += " " + phrase(wording, frame.language, {std::to_string(count)});
+  };
+  add_count(undated_animals, std::int64_t{store.animal_count} - std::ssize(frame.population().analysis.years.animals));
+  add_count(named_parents, std::int64_t{store.animal_count} - store.file_records);
+  if (frame.years.is_cut) add_count(years_are_cut, frame.years.count());
   return text;
 }
 
