@@ -193,6 +193,7 @@ void expect_rates(const std::string& page, const std::vector<std::string>& repor
     const double printed = std::strtod(fields[5].c_str(), nullptr);
     if (size.find(' ') == std::string::npos) {
       EXPECT_EQ(size, fields[5]);
+      EXPECT_GT(printed, 0.0);
     } else {  // "not estimable"
       EXPECT_TRUE(!has_meaning || can_be_unknown(fields[5]) || printed < 0.0 || printed >= 100000.0);
     }

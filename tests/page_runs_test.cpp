@@ -173,7 +173,7 @@ TEST(PageMarks, YearWithFAboveTheYearBeforeIsNamed) {
 TEST(PageMarks, IntervalBelowZeroIsNamed) {
   const std::string page =
       page_of_data(std::string(head) + "a;;;m;01-01-2004\nb;;;f;01-01-2004\nc;a;b;m;01-01-2001\nd;;;m;01-01-2002\n");
-  EXPECT_TRUE(has(chart_of(page, "interval"), "2001: fathers is below 0 (-3.00)"));
+  EXPECT_TRUE(has(chart_of(page, "interval"), "2001: the mean age of fathers is below 0 (-3.00)"));
 }
 
 TEST(PageOfSubpopulations, PairsAreHalvedAndStandUnderTheirNames) {

@@ -237,7 +237,7 @@ Chart interval_chart(const PageFrame& frame) {
   if (std::isfinite(interval)) {
     chart.references.push_back({interval, phrase(all_years, frame.language, {report_figure(interval, 2)})});
   }
-  mark_negative(chart, frame);
+  mark_negative_ages(chart, frame);
   return chart;
 }
 

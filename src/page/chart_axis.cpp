@@ -88,6 +88,7 @@ ValueAxis value_axis_of(const Chart& chart) {
     }
   }
   for (const ReferenceLine& reference : chart.references) range.add(reference.value);
+  for (const Mark& mark : chart.marks) range.add(mark.value);
   return make_value_axis(range.lowest, range.highest, are_counts(chart));
 }
 

@@ -18,11 +18,11 @@ constexpr Wording nothing_serious = {
     "The checks of the data found nothing that falsifies figures; worth a look: {1}.",
     "De controles van de gegevens vonden niets dat cijfers vervalst; het bekijken waard: {1}."};
 constexpr Wording something_found = {
-    "The checks of the data found faults that falsify figures or stop the run ({1}) and things that are worth a look "
-    "({2}); the last section lists them.",
-    "De controles van de gegevens vonden fouten die cijfers vervalsen of het programma laten stoppen ({1}) en dingen "
-    "die "
-    "het bekijken waard zijn ({2}); het laatste deel noemt ze."};
+    "The checks of the data found faults that falsify figures or stop the run ({1}); the last section lists them.",
+    "De controles van de gegevens vonden fouten die cijfers vervalsen of het programma laten stoppen ({1}); het "
+    "laatste "
+    "deel noemt ze."};
+constexpr Wording also_worth_a_look = {"Worth a look: {1}.", "Het bekijken waard: {1}."};
 constexpr Wording see_check = {"`pedigreewatch-tools check` names every line that is meant, and what to write instead.",
                                "`pedigreewatch-tools check` noemt elke regel die het betreft, en wat er moet staan."};
 constexpr Wording caption = {"What the checks found", "Wat de controles vonden"};
@@ -75,7 +75,8 @@ std::string findings_sentence(const PageFrame& frame) {
   const auto serious = static_cast<std::int64_t>(list.size()) - looks;
   if (list.empty()) return frame.text(nothing_found);
   if (serious == 0) return phrase(nothing_serious, frame.language, {std::to_string(looks)});
-  return phrase(something_found, frame.language, {std::to_string(serious), std::to_string(looks)});
+  const std::string text = phrase(something_found, frame.language, {std::to_string(serious)});
+  return looks == 0 ? text : text + " " + phrase(also_worth_a_look, frame.language, {std::to_string(looks)});
 }
 
 void write_findings(std::string& page, const PageFrame& frame) {

@@ -42,6 +42,8 @@ constexpr Wording period_heading = {"Period", "Periode"};
 constexpr Wording F_rate = {"F, all animals (%)", "F, alle dieren (%)"};
 constexpr Wording f_rate = {"f, self included (%)", "f, inclusief zelf (%)"};
 
+constexpr Wording outside_chart = {"{1}: {2} is {3}, outside of the chart", "{1}: {2} is {3}, buiten de grafiek"};
+
 constexpr Wording way_heading = {"Rise of", "Toename van"};
 constexpr Wording ways[] = {{"F, third and last year", "F, derde en laatste jaar"},
                             {"F, all years", "F, alle jaren"},
@@ -69,6 +71,21 @@ Row last_row_of_parents(const PageFrame& frame) {
 std::vector<Value> kinship_by_year(const PageFrame& frame, float InbreedingRow::*kinship, auto&& count_of) {
   return by_year(frame,
                  [&](Row row) { return known_if(count_of(row) >= 2, frame.whole().inbreeding.of(row).*kinship); });
+}
+
+/// Rates of the first years, with few known ancestors, may be so far off that no other one could be read beside them.
+void mark_rates_outside(Chart& chart, ToolLanguage language) {
+  constexpr double lowest = -5.0, highest = 10.0;
+  for (Series& series : chart.series) {
+    for (std::size_t place = 0; place < series.values.size(); ++place) {
+      Value& value = series.values[place];
+      if (!value || (*value >= lowest && *value <= highest)) continue;
+      chart.marks.push_back(
+          {place, *value < lowest ? lowest : highest,
+           phrase(outside_chart, language, {chart.places[place], series.name, report_figure(*value, 3)})});
+      value.reset();
+    }
+  }
 }
 
 }  // namespace
@@ -109,6 +126,7 @@ Chart period_rates_chart(const PageFrame& frame) {
   constexpr int decimals = 3;
   add_series(chart, frame.text(F_rate), F, decimals);
   add_series(chart, frame.text(f_rate), f, decimals);
+  mark_rates_outside(chart, frame.language);
   chart.references = {{0.5, "0.5 %: Ne 100"}, {1.0, "1 %: Ne 50"}};
   return chart;
 }

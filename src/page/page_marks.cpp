@@ -10,8 +10,9 @@ namespace {
 constexpr Wording rise = {"{1}: F is {2} above the year before", "{1}: F ligt {2} boven het jaar ervoor"};
 constexpr Wording lone_year = {"{1}: the first year stands alone, no animal was born in the year after it",
                                "{1}: het eerste jaar staat alleen, in het jaar erna is geen dier geboren"};
-constexpr Wording negative = {"{1}: {2} is below 0 ({3}): parents born after their offspring",
-                              "{1}: {2} is kleiner dan 0 ({3}): ouders geboren na hun nakomelingen"};
+constexpr Wording negative = {
+    "{1}: the mean age of {2} is below 0 ({3}): parents born after their offspring",
+    "{1}: de gemiddelde leeftijd van {2} is kleiner dan 0 ({3}): ouders geboren na hun nakomelingen"};
 
 }  // namespace
 
@@ -35,7 +36,7 @@ void mark_lone_first_year(Chart& chart, const PageFrame& frame) {
   chart.marks.push_back({0, height, phrase(lone_year, frame.language, {chart.places.front()})});
 }
 
-void mark_negative(Chart& chart, const PageFrame& frame) {
+void mark_negative_ages(Chart& chart, const PageFrame& frame) {
   for (std::size_t place = 0; place < chart.places.size(); ++place) {
     for (const Series& series : chart.series) {
       const Value& value = series.values[place];

@@ -13,7 +13,7 @@ void mark_rises(Chart& chart, const PageFrame& frame);
 /// Marks the first year of the data when no animal was born in the year behind it: often a mistyped date.
 void mark_lone_first_year(Chart& chart, const PageFrame& frame);
 
-/// Marks each value below 0.
-void mark_negative(Chart& chart, const PageFrame& frame);
+/// Marks each mean age below 0.
+void mark_negative_ages(Chart& chart, const PageFrame& frame);
 
 }  // namespace pedigreewatch
