@@ -162,8 +162,8 @@ void draw_chart(std::string& page, const Chart& chart) {
   draw_value_axis(page, chart, plane);
   if (chart.kind == ChartKind::stacked_bars) draw_bars(page, chart, plane);
   draw_place_axis(page, chart, plane);
+  draw_references(page, chart, plane);  // their texts never cover a point
   if (chart.kind == ChartKind::lines) draw_lines(page, chart, plane);
-  draw_references(page, chart, plane);
   draw_marks(page, chart, plane);
   page += "</svg>";
 }
