@@ -158,6 +158,10 @@ std::string message_of(const Finding& finding, const CheckResult& result, ToolLa
        phrase(finding.number == 1 ? one_animal : many_animals, language, {std::to_string(finding.number)})});
 }
 
+std::string_view table_heading_of(ToolLanguage language) {
+  return words_of(table_heading, language);
+}
+
 std::string table_row(const Finding& finding, const CheckResult& result, ToolLanguage language) {
   const auto number_or_nothing = [](std::int64_t number) { return number > 0 ? std::to_string(number) : ""; };
   const FindingKind& kind = kind_of(finding.code);
@@ -170,7 +174,7 @@ bool write_table(CheckResult& result, const CheckReport& report, FileProblem& pr
   sort_by_line(result.findings);
   NewFile file;
   if (!begin_file(file, report.table_file, problem)) return false;
-  write_bytes(file, words_of(table_heading, report.language));
+  write_bytes(file, table_heading_of(report.language));
   for (const Finding& finding : result.findings.list) {
     write_bytes(file, table_row(finding, result, report.language) + "\n");
   }

@@ -22,6 +22,9 @@ struct CheckReport {
 /// The message of a finding without its place, in UTF-8.
 std::string message_of(const Finding& finding, const CheckResult& result, ToolLanguage language);
 
+/// The line with the names of the table's columns, with its end.
+std::string_view table_heading_of(ToolLanguage language);
+
 /// A line of the table, without its end.
 std::string table_row(const Finding& finding, const CheckResult& result, ToolLanguage language);
 

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <stdexcept>
 
+#include "core/real_digits.h"
+
 namespace pedigreewatch {
 namespace {
 
@@ -97,11 +99,7 @@ void append_real(TextOutput& output, double value, std::size_t width, std::size_
     const std::string_view word = std::isnan(value) ? "NaN" : (value > 0 ? "Infinity" : "-Infinity");
     return word.size() > width ? append_asterisks(output, width) : append_justified(output, word, width);
   }
-  std::string digits(48 + decimals, '\0');  // a single has at most 39 digits before the point
-  const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed,
-                                          static_cast<int>(decimals));
-  if (error != std::errc()) return append_asterisks(output, width);
-  digits.resize(static_cast<std::size_t>(end - digits.data()));
+  std::string digits = fixed_digits(value, decimals);
   if (decimals == 0) digits.push_back('.');
   if (digits.size() == width + 1 && decimals > 0) {  // the digit before the point gives way to a tight field
     const std::size_t first = digits.front() == '-' ? 1 : 0;

@@ -69,7 +69,8 @@ struct ChildLists {
 
   std::span<const Role> of(std::int32_t parent) const {
     const auto [first, last] = std::equal_range(roles.begin(), roles.end(), Role{parent, 0}, is_before);
-    return {first, last};
+    return std::span(roles).subspan(static_cast<std::size_t>(first - roles.begin()),
+                                    static_cast<std::size_t>(last - first));
   }
 };
 

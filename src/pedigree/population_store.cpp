@@ -95,7 +95,9 @@ std::int32_t PopulationStore::line(std::int32_t position) const {
 }
 
 std::int32_t PopulationStore::find_odd_day(std::int32_t position) const {
-  const auto found = std::ranges::lower_bound(odd_days, record_no(position), {}, &OddDay::record);
+  const auto found =
+      std::lower_bound(odd_days.begin(), odd_days.end(), record_no(position),
+                       [](const OddDay& odd_day, std::int32_t record) { return odd_day.record < record; });
   return found->day;
 }
 

@@ -1,6 +1,7 @@
 // The animals of each birth year, found once and used by every pass that works year by year.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -21,9 +22,8 @@ struct YearGroups {
   /// The animals born in the year of `row` (counted from 1), in store order.
   YearAnimals of_row(Row row) const {
     if (row < 1 || row > end.last()) return {};
-    const auto begin_of = [&](std::int32_t number) { return animals.begin() + end[number]; };
-    const std::int32_t number = static_cast<std::int32_t>(row);
-    return {begin_of(number - 1), begin_of(number)};
+    const std::int32_t number = static_cast<std::int32_t>(row), begin = end[number - 1];
+    return YearAnimals(animals).subspan(static_cast<std::size_t>(begin), static_cast<std::size_t>(end[number] - begin));
   }
 };
 

@@ -106,7 +106,7 @@ void write_litter_sizes(const ReportFrame& frame, const NumberedList<float>& per
 
 void write_ages(const ReportFrame& frame, const std::vector<AgeRow>& rows) {
   write_heading(frame, parents_age);
-  write_free_line(frame.report, {number_of_ages, std::ssize(rows)});
+  write_free_line(frame.report, {number_of_ages, std::int64_t{std::ssize(rows)}});
   write_headings(frame, ages_headings);
   for (const AgeRow& row : rows) write_format_line(frame.report, "I6,3X,F7.0,3X,F7.0", {row.age, row.sires, row.dams});
 }

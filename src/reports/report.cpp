@@ -43,7 +43,7 @@ void write_counts(const ReportFrame& frame) {
   constexpr std::int64_t added_colours = 2;
   write_free_line(frame.report, {number_of_varieties, std::int64_t{std::ssize(frame.subpopulation_names)}});
   if (frame.store.has_colour) {
-    write_free_line(frame.report, {number_of_colours, std::ssize(frame.colour_names) - added_colours});
+    write_free_line(frame.report, {number_of_colours, std::int64_t{std::ssize(frame.colour_names) - added_colours}});
   } else {
     write_heading(frame, no_colours);
   }
