@@ -1,0 +1,244 @@
+#include "desk/check_desk.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <set>
+#include <span>
+#include <utility>
+
+#include "checks/check_report.h"
+#include "checks/finding_kinds.h"
+#include "checks/readable_text.h"
+#include "control/check_setup.h"
+#include "core/line_reader.h"
+#include "desk/json_text.h"
+#include "intake/column_recognition.h"
+#include "intake/folded_words.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr Wording unreadable = {"The data file cannot be read: {1}", "Het databestand is niet te lezen: {1}"};
+constexpr Wording too_many_lines = {"The file has 100000000 lines or more.",
+                                    "Het bestand heeft 100000000 regels of meer."};
+constexpr Wording heading_of_lines = {"line of the export", "regel van de export"};
+
+std::vector<std::string> lines_of_file(const std::string& name) {
+  constexpr std::size_t most_lines = 200'000;
+  std::vector<std::string> lines;
+  LineReader reader;
+  std::string_view line;
+  if (!open_for_reading(reader, name)) return lines;
+  while (lines.size() < most_lines && read_line(reader, line)) lines.emplace_back(line);
+  return lines;
+}
+
+/// Yields what stands in the way; empty: nothing.
+std::string run_check(Desk& desk) {
+  CheckSettings settings = make_check_settings(*desk.steer, lines_of_file(desk.files->steer_file), desk.today);
+  LineReader data;
+  if (!open_for_reading(data, desk.files->data_file)) {
+    return phrase(unreadable, desk.language, {in_quotes(desk.files->data_file)});
+  }
+  // A file that was brought along may be called otherwise than the steer file says: it is never written over here.
+  settings.report_overwrites_data = settings.report_overwrites_data && !desk.files->is_made;
+  settings.language = desk.language;
+  ProgressLine unseen;
+  tell(desk.watch, "checking");
+  desk.check = check_data(data, settings, unseen);
+  if (data.error != 0) return phrase(unreadable, desk.language, {error_text(data.error)});
+  if (desk.check->has_too_many_lines) return std::string(words_of(too_many_lines, desk.language));
+  std::vector<Finding>& list = desk.check->findings.list;
+  std::stable_sort(list.begin(), list.end(), [](const Finding& a, const Finding& b) { return a.line < b.line; });
+  return {};
+}
+
+std::array<std::int64_t, finding_code_count> count_kinds(const std::vector<Finding>& list) {
+  std::array<std::int64_t, finding_code_count> counts = {};
+  for (const Finding& finding : list) ++counts[static_cast<std::size_t>(finding.code)];
+  return counts;
+}
+
+void add_kinds(JsonText& json, const Desk& desk) {
+  const auto counts = count_kinds(desk.check->findings.list);
+  begin_list(json, "kinds");
+  for (std::size_t k = 0; k < counts.size(); ++k) {
+    if (counts[k] == 0) continue;
+    const FindingKind& kind = kind_of(static_cast<FindingCode>(k));
+    begin_object(json);
+    add_text(json, "name", kind.name);
+    add_text(json, "severity", letter_of(kind.severity));
+    add_text(json, "severityText", heading_of(kind.severity, desk.language));
+    add_text(json, "parts", kind.severity == Severity::falsifies ? list_parts(kind.parts, desk.language) : "");
+    add_integer(json, "count", counts[k]);
+    end_object(json);
+  }
+  end_list(json);
+}
+
+bool is_in_capitals_alike(std::string_view text, std::string_view wanted) {
+  const auto is_same = [](char a, char b) {
+    const auto small = [](char letter) {
+      return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter;
+    };
+    return small(a) == small(b);
+  };
+  return std::search(text.begin(), text.end(), wanted.begin(), wanted.end(), is_same) != text.end();
+}
+
+bool fits(const Finding& finding, std::string_view filter, const Desk& desk) {
+  if (filter.empty()) return true;
+  const std::string id = readable(desk.check->animals.ids.at(finding.id));
+  return is_in_capitals_alike(id, filter) ||
+         is_in_capitals_alike(message_of(finding, *desk.check, desk.language), filter);
+}
+
+// --- The lines themselves ---
+
+/// The wanted lines of a text, counted from 1.
+using LinesByNumber = std::map<std::int64_t, std::string>;
+
+LinesByNumber lines_of_text(std::string_view text, const std::set<std::int64_t>& wanted) {
+  const char line_end =
+      std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(std::min<std::size_t>(text.size(), 100'000)),
+                 '\n') == 0
+          ? '\r'
+          : '\n';
+  LinesByNumber lines;
+  std::int64_t number = 1;
+  for (const std::int64_t line : wanted) {
+    for (; number < line && !text.empty(); ++number) {
+      const std::size_t end = text.find(line_end);
+      text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    }
+    if (text.empty()) break;
+    lines[line] = shown(trimmed(text.substr(0, std::min(text.find(line_end), kept_line_length))));
+  }
+  return lines;
+}
+
+LinesByNumber lines_of_data_file(const std::string& name, const std::set<std::int64_t>& wanted) {
+  LinesByNumber lines;
+  LineReader reader;
+  if (!open_for_reading(reader, name)) return lines;
+  std::int64_t number = 1;
+  std::string_view text;
+  for (const std::int64_t line : wanted) {
+    for (; number < line && skip_line(reader); ++number) {
+    }
+    if (number < line || !read_line(reader, text)) break;
+    ++number;
+    lines[line] = readable(text);
+  }
+  return lines;
+}
+
+bool has_export_lines(const Desk& desk) {
+  return desk.has_export && desk.files && desk.files->is_made;
+}
+
+std::int64_t original_line(const Desk& desk, const Finding& finding) {
+  if (finding.line == 0 || !has_export_lines(desk)) return finding.line;
+  return export_line_of(desk.preparation.survey, finding.line);
+}
+
+void add_finding(JsonText& json, const Finding& finding, const LinesByNumber& lines, const Desk& desk) {
+  const FindingKind& kind = kind_of(finding.code);
+  const std::int64_t line = original_line(desk, finding);
+  const auto found = lines.find(line);
+  begin_object(json);
+  add_integer(json, "line", finding.line);
+  add_integer(json, "originalLine", line);
+  add_integer(json, "column", finding.column);
+  add_text(json, "id", shown(readable(desk.check->animals.ids.at(finding.id))));
+  add_text(json, "kind", kind.name);
+  add_text(json, "severity", letter_of(kind.severity));
+  add_text(json, "text", message_of(finding, *desk.check, desk.language));
+  add_text(json, "original", found == lines.end() ? std::string_view() : std::string_view(found->second));
+  end_object(json);
+}
+
+}  // namespace
+
+std::int64_t export_line_of(const ExportSurvey& survey, std::int64_t data_line) {
+  const auto behind =
+      std::upper_bound(survey.shifts.begin(), survey.shifts.end(), data_line,
+                       [](std::int64_t line, const LineShift& shift) { return line < shift.data_line; });
+  if (behind == survey.shifts.begin()) return data_line;
+  const LineShift& shift = *(behind - 1);
+  return data_line - shift.data_line + shift.export_line;
+}
+
+std::string check_files(Desk& desk) {
+  std::string problem;
+  if (!desk.check && desk.files) problem = run_check(desk);
+  JsonText json;
+  begin_object(json);
+  add_lines(json, "messages", problem);
+  if (desk.check && problem.empty()) {
+    const std::vector<Finding>& list = desk.check->findings.list;
+    const bool stops = std::any_of(list.begin(), list.end(), [](const Finding& finding) {
+      return kind_of(finding.code).severity == Severity::stops;
+    });
+    add_integer(json, "animals", desk.check->animals.count());
+    add_logical(json, "canRun", !stops);
+    add_logical(json, "isFromExport", has_export_lines(desk));
+    add_integer(json, "count", static_cast<std::int64_t>(list.size()));
+    add_kinds(json, desk);
+  }
+  end_object(json);
+  return std::move(json.text);
+}
+
+std::string choose_findings(Desk& desk, std::string_view kind, std::string_view filter) {
+  desk.chosen_findings.clear();
+  const std::optional<FindingCode> wanted = finding_code_named(kind);
+  const std::size_t count = desk.check ? desk.check->findings.list.size() : 0;
+  for (std::size_t k = 0; k < count; ++k) {
+    const Finding& finding = desk.check->findings.list[k];
+    if (!kind.empty() && wanted != finding.code) continue;
+    if (fits(finding, filter, desk)) desk.chosen_findings.push_back(static_cast<std::uint32_t>(k));
+  }
+  JsonText json;
+  begin_object(json);
+  add_integer(json, "count", static_cast<std::int64_t>(desk.chosen_findings.size()));
+  end_object(json);
+  return std::move(json.text);
+}
+
+std::string list_findings(const Desk& desk, std::size_t first, std::size_t count) {
+  const std::size_t begin = std::min(first, desk.chosen_findings.size());
+  const auto places =
+      std::span(desk.chosen_findings).subspan(begin, std::min(count, desk.chosen_findings.size() - begin));
+  std::set<std::int64_t> wanted;
+  for (const std::uint32_t place : places) wanted.insert(original_line(desk, desk.check->findings.list[place]));
+  wanted.erase(0);
+  const LinesByNumber lines = has_export_lines(desk)
+                                  ? lines_of_text(desk.preparation.text, wanted)
+                                  : lines_of_data_file(desk.files ? desk.files->data_file : "", wanted);
+  JsonText json;
+  begin_object(json);
+  begin_list(json, "rows");
+  for (const std::uint32_t place : places) add_finding(json, desk.check->findings.list[place], lines, desk);
+  end_list(json);
+  end_object(json);
+  return std::move(json.text);
+}
+
+std::string findings_table(const Desk& desk) {
+  std::string table;
+  if (!desk.check) return table;
+  if (has_export_lines(desk)) table = std::string(words_of(heading_of_lines, desk.language)) + "\t";
+  table += table_heading_of(desk.language);
+  for (const Finding& finding : desk.check->findings.list) {
+    if (has_export_lines(desk)) {
+      const std::int64_t line = original_line(desk, finding);
+      table += (line > 0 ? std::to_string(line) : std::string()) + "\t";
+    }
+    table += table_row(finding, *desk.check, desk.language) + "\n";
+  }
+  return table;
+}
+
+}  // namespace pedigreewatch

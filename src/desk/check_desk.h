@@ -1,0 +1,32 @@
+// The third step of the desk: what a check of the data file finds, and the lines that it speaks of as they stand in the
+// file that the user brought.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "desk/desk.h"
+
+namespace pedigreewatch {
+
+/// Checks the data file. Yields an object: messages, animals, canRun, kinds (name, severity, severityText, parts,
+/// count), hasOtherLines (whether `originalLine` differs from `line`).
+std::string check_files(Desk& desk);
+
+/// Chooses the findings of one kind ("" for all), with `filter` in their identification or their text, capitals alike.
+/// Yields an object: count.
+std::string choose_findings(Desk& desk, std::string_view kind, std::string_view filter);
+
+/// `count` of the chosen findings from the one at `first` on. Yields an object: rows (line, originalLine, column, id,
+/// kind, severity, text, original: the line itself).
+std::string list_findings(const Desk& desk, std::size_t first, std::size_t count);
+
+/// All findings as a table: the one of `pedigreewatch-tools check`, with the line of the export in front where the data
+/// file was made from one.
+std::string findings_table(const Desk& desk);
+
+/// The line of the export that a line of the data file was made from.
+std::int64_t export_line_of(const ExportSurvey& survey, std::int64_t data_line);
+
+}  // namespace pedigreewatch

@@ -1,0 +1,68 @@
+// What the desk knows between two questions of its user: the export and what was decided about it, the data file and
+// the steer file that came of it, what a check found, and the analysis. Nothing is computed twice. One record, owned by
+// whoever asks; the operations on it stand in the other headers of this folder.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "checks/check.h"
+#include "control/population_analysis.h"
+#include "core/phase_times.h"
+#include "desk/json_text.h"
+#include "diversity/diversity.h"
+#include "intake/export_preparation.h"
+#include "intake/phrases.h"
+#include "matings/ranking.h"
+
+namespace pedigreewatch {
+
+/// The files of a run: made from an export, or brought along.
+struct RunFiles {
+  std::string steer_file, data_file;  ///< paths
+  bool is_made = false;               ///< from an export
+};
+
+/// Everything that a run yields.
+struct DeskResults {
+  AnalysedPopulation population;
+  std::vector<Block> subpopulations;
+  Diversity diversity;
+  std::string report;  ///< the bytes of the report, in Windows-1252
+};
+
+struct Desk {
+  std::string folder;  ///< where files are written; empty: the working directory
+  ToolLanguage language = ToolLanguage::english;
+  CalendarDate today;
+  PhaseWatch watch;  ///< of the parts of long operations
+
+  PrepareOptions options;
+  bool has_export = false;  ///< `preparation` has the text of the export
+  Preparation preparation;
+
+  std::optional<RunFiles> files;
+  std::optional<SteerSettings> steer;
+  std::optional<CheckResult> check;
+  std::vector<std::uint32_t> chosen_findings;  ///< places in the list of findings
+  std::optional<DeskResults> results;
+  std::vector<RankedMale> males;  ///< of the last question for all males
+  std::int32_t males_for_dam = 0;
+};
+
+/// Lets go of everything that came of the files, but not of the export.
+void forget_run(Desk& desk);
+
+/// Lets go of everything but the settings of the desk itself.
+void forget_all(Desk& desk);
+
+/// Lists the lines of a text that a tool has said.
+void add_lines(JsonText& json, std::string_view name, std::string_view text);
+
+/// What stands in the way, with options of the command line called as they are called in the desk.
+std::string in_words_of_desk(std::string_view text, ToolLanguage language);
+
+}  // namespace pedigreewatch

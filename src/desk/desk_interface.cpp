@@ -1,0 +1,172 @@
+#include "desk/desk_interface.h"
+
+#include <array>
+#include <exception>
+#include <memory>
+#include <new>
+#include <string>
+#include <utility>
+
+#include "desk/check_desk.h"
+#include "desk/desk.h"
+#include "desk/export_desk.h"
+#include "desk/json_text.h"
+#include "desk/matings_desk.h"
+#include "desk/run_desk.h"
+#include "desk/tables_desk.h"
+#include "page/page.h"
+
+struct DeskHandle {
+  pedigreewatch::Desk desk;
+  std::string answer;
+  void (*when_phase_begins)(const char* phase) = nullptr;
+};
+
+namespace {
+
+using pedigreewatch::Desk;
+
+constexpr pedigreewatch::Wording no_memory = {
+    "There is not enough memory in this browser for a file of this size.",
+    "Deze browser heeft niet genoeg geheugen voor een bestand van deze omvang."};
+
+std::string failure(const Desk& desk, std::string_view text) {
+  pedigreewatch::JsonText json;
+  pedigreewatch::begin_object(json);
+  pedigreewatch::add_lines(json, "messages", text);
+  pedigreewatch::end_object(json);
+  return std::move(json.text);
+}
+
+/// Keeps what the operation yields; one that cannot end says why.
+template <typename Operation>
+void answer(DeskHandle* handle, Operation&& operation) {
+  try {
+    handle->answer = operation(handle->desk);
+  } catch (const std::bad_alloc&) {
+    handle->answer = failure(handle->desk, words_of(no_memory, handle->desk.language));
+  } catch (const std::exception& problem) {
+    handle->answer = failure(handle->desk, problem.what());
+  }
+}
+
+void tell_caller(void* handle, std::string_view phase) {
+  const DeskHandle& caller = *static_cast<DeskHandle*>(handle);
+  if (caller.when_phase_begins != nullptr) caller.when_phase_begins(std::string(phase).c_str());
+}
+
+std::size_t size_from(std::int32_t number) {
+  return number > 0 ? static_cast<std::size_t>(number) : 0;
+}
+
+std::string text_named(const Desk& desk, std::string_view name) {
+  struct TextOfDesk {
+    std::string_view name;
+    std::string (*make)(const Desk& desk);
+  };
+  const auto texts = std::to_array<TextOfDesk>({
+      {"body", pedigreewatch::results_body},
+      {"page", pedigreewatch::results_page},
+      {"report", pedigreewatch::report_bytes},
+      {"reportText", pedigreewatch::report_text},
+      {"findings", pedigreewatch::findings_table},
+      {"males", pedigreewatch::males_table},
+      {"years", pedigreewatch::years_table},
+      {"subpopulations", pedigreewatch::subpopulations_table},
+      {"animals", pedigreewatch::animals_table},
+      {"diversity", pedigreewatch::diversity_table},
+      {"style", [](const Desk&) { return std::string(pedigreewatch::page_style()); }},
+      {"script", [](const Desk&) { return std::string(pedigreewatch::page_script()); }},
+  });
+  for (const TextOfDesk& text : texts) {
+    if (text.name == name) return text.make(desk);
+  }
+  return {};
+}
+
+}  // namespace
+
+extern "C" {
+
+DeskHandle* desk_create(const char* folder, std::int32_t today, void (*when_phase_begins)(const char* phase)) {
+  auto handle = std::make_unique<DeskHandle>();
+  handle->desk.folder = folder;
+  handle->desk.today = {today / 10000, today / 100 % 100, today % 100};
+  handle->when_phase_begins = when_phase_begins;
+  handle->desk.watch = {tell_caller, handle.get()};
+  return handle.release();
+}
+
+void desk_destroy(DeskHandle* handle) {
+  const std::unique_ptr<DeskHandle> owner(handle);
+}
+
+void desk_set_language(DeskHandle* handle, const char* language) {
+  const bool is_dutch = std::string_view(language) == "nl";
+  handle->desk.language = is_dutch ? pedigreewatch::ToolLanguage::dutch : pedigreewatch::ToolLanguage::english;
+}
+
+const char* desk_answer(const DeskHandle* handle) {
+  return handle->answer.c_str();
+}
+
+std::size_t desk_answer_size(const DeskHandle* handle) {
+  return handle->answer.size();
+}
+
+void desk_open(DeskHandle* handle, const char* export_file, const char* settings) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::open_export(desk, export_file, settings); });
+}
+
+void desk_open_pair(DeskHandle* handle, const char* steer_file, const char* data_file) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::open_given_files(desk, steer_file, data_file); });
+}
+
+void desk_change(DeskHandle* handle, const char* settings) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::change_settings(desk, settings); });
+}
+
+void desk_write(DeskHandle* handle) {
+  answer(handle, [](Desk& desk) { return pedigreewatch::write_files_of_export(desk); });
+}
+
+void desk_check(DeskHandle* handle) {
+  answer(handle, [](Desk& desk) { return pedigreewatch::check_files(desk); });
+}
+
+void desk_choose_findings(DeskHandle* handle, const char* kind, const char* filter) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::choose_findings(desk, kind, filter); });
+}
+
+void desk_list_findings(DeskHandle* handle, std::int32_t first, std::int32_t count) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::list_findings(desk, size_from(first), size_from(count)); });
+}
+
+void desk_run(DeskHandle* handle) {
+  answer(handle, [](Desk& desk) { return pedigreewatch::run_analysis(desk); });
+}
+
+void desk_find(DeskHandle* handle, const char* text) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::find_in_results(desk, text); });
+}
+
+void desk_pair(DeskHandle* handle, std::int32_t sire, std::int32_t dam) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::describe_pair(desk, sire, dam); });
+}
+
+void desk_rank_males(DeskHandle* handle, std::int32_t dam, std::int32_t first_year, std::int32_t last_year) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::rank_males(desk, dam, first_year, last_year); });
+}
+
+void desk_order_males(DeskHandle* handle, std::int32_t by_mean_kinship) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::order_males(desk, by_mean_kinship != 0); });
+}
+
+void desk_list_males(DeskHandle* handle, std::int32_t first, std::int32_t count) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::list_males(desk, size_from(first), size_from(count)); });
+}
+
+void desk_text(DeskHandle* handle, const char* name) {
+  answer(handle, [&](Desk& desk) { return text_named(desk, name); });
+}
+}

@@ -1,0 +1,40 @@
+// The desk for callers in another language: a handle, few operations, and the answer of the last one as bytes. Texts go
+// in as UTF-8 with a zero at the end. No operation throws: what goes wrong is an answer too.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+extern "C" {
+
+struct DeskHandle;
+
+/// A new desk that writes into `folder`; `today` is year * 10000 + month * 100 + day.
+DeskHandle* desk_create(const char* folder, std::int32_t today, void (*when_phase_begins)(const char* phase));
+void desk_destroy(DeskHandle* handle);
+
+/// "en" or "nl", for what the desk says from now on.
+void desk_set_language(DeskHandle* handle, const char* language);
+
+/// Each operation leaves its answer: an object in JSON, or a text.
+const char* desk_answer(const DeskHandle* handle);
+std::size_t desk_answer_size(const DeskHandle* handle);
+
+void desk_open(DeskHandle* handle, const char* export_file, const char* settings);
+void desk_open_pair(DeskHandle* handle, const char* steer_file, const char* data_file);
+void desk_change(DeskHandle* handle, const char* settings);
+void desk_write(DeskHandle* handle);
+void desk_check(DeskHandle* handle);
+void desk_choose_findings(DeskHandle* handle, const char* kind, const char* filter);
+void desk_list_findings(DeskHandle* handle, std::int32_t first, std::int32_t count);
+void desk_run(DeskHandle* handle);
+void desk_find(DeskHandle* handle, const char* text);
+void desk_pair(DeskHandle* handle, std::int32_t sire, std::int32_t dam);
+void desk_rank_males(DeskHandle* handle, std::int32_t dam, std::int32_t first_year, std::int32_t last_year);
+void desk_order_males(DeskHandle* handle, std::int32_t by_mean_kinship);
+void desk_list_males(DeskHandle* handle, std::int32_t first, std::int32_t count);
+
+/// A text of the results: "body", "page", "report", "reportText", "findings", "males", "style", "script", "years",
+/// "subpopulations", "animals", "diversity". Others leave nothing.
+void desk_text(DeskHandle* handle, const char* name);
+}

@@ -1,0 +1,209 @@
+#include "desk/export_answer.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "desk/json_text.h"
+#include "intake/column_recognition.h"
+#include "intake/species_choice.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr std::size_t most_texts = 2000;  ///< of a list that somebody looks through
+
+// --- The evidence: what `prepare` says, line by line, without the columns, which the table of the first lines shows
+// ---
+
+bool is_line_of_column(std::string_view line) {
+  const std::size_t first = line.find_first_not_of(' ');
+  return first != 0 && first != std::string_view::npos && line[first] >= '0' && line[first] <= '9';
+}
+
+/// A line is a word and what is said of it; one that begins with blanks goes on with the same.
+void add_evidence_line(JsonText& json, std::string_view line) {
+  const bool has_label = !line.starts_with(' ');
+  const std::size_t label_end = has_label ? std::min(line.find(' '), line.size()) : 0;
+  const std::size_t text_begin = std::min(line.find_first_not_of(' ', label_end), line.size());
+  begin_object(json);
+  add_text(json, "label", line.substr(0, label_end));
+  add_text(json, "text", line.substr(text_begin));
+  end_object(json);
+}
+
+void add_evidence(JsonText& json, const Desk& desk) {
+  TextOutput said;
+  show_preparation(desk.preparation, desk.options, said);
+  const std::string words = in_words_of_desk(said.pending, desk.language);
+  begin_list(json, "evidence");
+  for (std::string_view rest = words; !rest.empty();) {
+    const std::size_t end = std::min(rest.find('\n'), rest.size());
+    const std::string_view line = rest.substr(0, end);
+    if (!line.empty() && !is_line_of_column(line)) add_evidence_line(json, line);
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
+  end_list(json);
+}
+
+// --- The first lines ---
+
+constexpr std::size_t most_columns = 80;
+
+void add_first_lines(JsonText& json, const Preparation& read) {
+  constexpr int most_lines = 12;
+  RecordReader reader = read_records(read.text, read.findings.delimiter);
+  ExportRecord record;
+  begin_list(json, "lines");
+  for (int count = 0; count < most_lines && next_filled_record(reader, record); ++count) {
+    if (count == 0 && read.columns.has_header) continue;
+    begin_list(json);
+    for (std::size_t k = 0; k < std::min(record.fields.size(), most_columns); ++k) {
+      add_text(json, shown(trimmed(record.fields[k])));
+    }
+    end_list(json);
+  }
+  end_list(json);
+}
+
+void add_columns(JsonText& json, const ColumnChoice& columns, ToolLanguage language) {
+  const std::size_t count = std::min(columns.headings.size(), most_columns);
+  begin_list(json, "headings");
+  for (std::size_t k = 0; k < count; ++k) add_text(json, shown(columns.headings[k]));
+  end_list(json);
+  begin_list(json, "columns");
+  for (std::size_t k = 0; k < count; ++k) {
+    const auto found = std::find(columns.place.begin(), columns.place.end(), k);
+    const auto code = static_cast<FieldCode>(found - columns.place.begin());
+    add_text(json, found == columns.place.end() ? std::string_view() : option_name_of(code));
+  }
+  end_list(json);
+  begin_list(json, "fields");
+  for (const FieldCode code : written_fields()) {
+    begin_object(json);
+    add_text(json, "name", option_name_of(code));
+    add_text(json, "description", description_of(code, language));
+    add_logical(json, "isRequired", is_required(code));
+    end_object(json);
+  }
+  end_list(json);
+}
+
+// --- What can be chosen ---
+
+bool is_listed(std::string_view text, FieldCode code, const std::vector<std::string>& names) {
+  std::string written;
+  LetterCounts ignored;
+  append_field_text(written, text, code, ignored);
+  return std::find(names.begin(), names.end(), written) != names.end();
+}
+
+void add_names(JsonText& json, std::string_view name, const TextCounts& counts, FieldCode code,
+               const std::vector<std::string>& names) {
+  begin_list(json, name);
+  std::size_t count = 0;
+  for (const CountedText* entry : by_frequency(counts)) {
+    if (count++ == most_texts) break;
+    begin_object(json);
+    add_integer(json, "place", static_cast<std::int64_t>(find_counted(counts, entry->text)));
+    add_text(json, "text", shown(entry->text));
+    add_integer(json, "count", entry->count);
+    add_logical(json, "isListed", is_listed(entry->text, code, names));
+    end_object(json);
+  }
+  end_list(json);
+}
+
+void add_sexes(JsonText& json, const Preparation& read) {
+  constexpr std::size_t most_sexes = 50;
+  begin_list(json, "sexes");
+  const std::size_t count = std::min(read.survey.sexes.texts.size(), most_sexes);
+  for (std::size_t k = 0; k < count; ++k) {
+    const SexMeaning meaning = read.plan.sexes[k];
+    begin_object(json);
+    add_text(json, "text", read.survey.sexes.texts[k].text);
+    add_integer(json, "count", read.survey.sexes.texts[k].count);
+    add_text(json, "meaning",
+             meaning == SexMeaning::male ? "male" : (meaning == SexMeaning::female ? "female" : "unknown"));
+    end_object(json);
+  }
+  end_list(json);
+}
+
+void add_unknown_parents(JsonText& json, const Preparation& read) {
+  begin_list(json, "unknownParents");
+  for (const CountedText* entry : by_frequency(read.survey.unknown_parents)) {
+    begin_object(json);
+    add_text(json, "text", entry->text);
+    add_integer(json, "count", entry->count);
+    add_logical(json, "isUnknown", is_unknown_parent(read.plan, entry->text));
+    end_object(json);
+  }
+  end_list(json);
+}
+
+void add_date_order(JsonText& json, DateOrder order, std::int64_t count, ToolLanguage language) {
+  begin_object(json);
+  add_text(json, "layout", layout_text(order, language == ToolLanguage::dutch));
+  add_integer(json, "count", count);
+  end_object(json);
+}
+
+void add_dates(JsonText& json, const DatePlan& dates, ToolLanguage language) {
+  begin_object(json, "dates");
+  add_logical(json, "isAmbiguous", dates.is_ambiguous);
+  add_text(json, "written", layout_text(dates.written, language == ToolLanguage::dutch));
+  begin_list(json, "orders");
+  if (dates.is_ambiguous) {
+    add_date_order(json, dates.first_order, dates.first_count, language);
+    add_date_order(json, dates.second_order, dates.second_count, language);
+  }
+  end_list(json);
+  end_object(json);
+}
+
+void add_species(JsonText& json, const Desk& desk) {
+  add_text(json, "species", desk.preparation.plan.species);
+  begin_list(json, "allSpecies");
+  const std::string all = list_species(desk.options.language);
+  for (std::string_view rest = all; !rest.empty();) {
+    const std::size_t end = std::min(rest.find(", "), rest.size());
+    add_text(json, rest.substr(0, end));
+    rest.remove_prefix(std::min(end + 2, rest.size()));
+  }
+  end_list(json);
+}
+
+void add_choices(JsonText& json, const Desk& desk) {
+  const Preparation& read = desk.preparation;
+  add_sexes(json, read);
+  add_unknown_parents(json, read);
+  add_names(json, "subpopulations", read.survey.subpopulations, subpopulation_column, read.plan.subpopulations);
+  add_names(json, "colours", read.survey.colours, colour_column, read.plan.colours);
+  add_dates(json, read.plan.dates, desk.options.language);
+  add_species(json, desk);
+  add_text(json, "name", decode(read.plan.population_name, Encoding::windows_1252).text);
+}
+
+}  // namespace
+
+std::string export_answer(const Desk& desk, std::string_view messages) {
+  const Preparation& read = desk.preparation;
+  JsonText json;
+  begin_object(json);
+  add_lines(json, "messages", messages);
+  begin_list(json, "questions");
+  for (const std::string& question : read.plan.questions) add_text(json, in_words_of_desk(question, desk.language));
+  end_list(json);
+  add_evidence(json, desk);
+  add_text(json, "encoding", name_of(read.findings.used_encoding));
+  add_text(json, "delimiter", std::string_view(&read.findings.delimiter, 1));
+  add_logical(json, "hasHeader", read.columns.has_header);
+  add_integer(json, "animals", read.survey.animal_count);
+  add_columns(json, read.columns, desk.language);
+  add_first_lines(json, read);
+  add_choices(json, desk);
+  end_object(json);
+  return std::move(json.text);
+}
+
+}  // namespace pedigreewatch

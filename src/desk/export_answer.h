@@ -1,0 +1,15 @@
+// What the desk says of an export: what was recognised with its evidence, the first lines, and everything that its user
+// can choose, with counts.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "desk/desk.h"
+
+namespace pedigreewatch {
+
+/// An object; `messages` are lines that stand in the way.
+std::string export_answer(const Desk& desk, std::string_view messages);
+
+}  // namespace pedigreewatch

@@ -1,0 +1,190 @@
+// An export is read once. A change of the settings that touches its encoding or its delimiter makes it be read again;
+// one that touches its columns or the words for unknown parents makes it be surveyed again; all others decide anew.
+
+#include "desk/export_desk.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <optional>
+#include <utility>
+
+#include "control/steer_file.h"
+#include "core/line_reader.h"
+#include "desk/export_answer.h"
+#include "desk/json_text.h"
+#include "desk/settings_text.h"
+#include "intake/file_pair.h"
+#include "intake/prepared_file.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr Wording cannot_write = {"{1} could not be written: {2}", "{1} kon niet geschreven worden: {2}"};
+constexpr Wording cannot_open = {"{1} could not be opened", "{1} kon niet geopend worden"};
+constexpr Wording names_other_file = {
+    "The steer file names the data file {1}; the file that you chose is called {2}. It is taken as the one that is "
+    "meant.",
+    "De sturingsfile noemt het databestand {1}; het bestand dat u koos heet {2}. Dat wordt genomen."};
+
+bool has_same_columns(const PrepareOptions& a, const PrepareOptions& b) {
+  const auto same = [](const ColumnWish& one, const ColumnWish& other) {
+    return one.code == other.code && one.column == other.column;
+  };
+  return a.has_header == b.has_header && a.unknown == b.unknown &&
+         std::equal(a.columns.begin(), a.columns.end(), b.columns.begin(), b.columns.end(), same);
+}
+
+/// An answer that holds nothing but what stands in the way.
+std::string refusal(const Desk& desk, std::string_view messages) {
+  JsonText json;
+  begin_object(json);
+  add_lines(json, "messages", in_words_of_desk(messages, desk.language));
+  end_object(json);
+  return std::move(json.text);
+}
+
+std::string refusal_to_open(const Desk& desk, const std::string& name) {
+  return refusal(desk, phrase(cannot_open, desk.language, {in_quotes(name)}));
+}
+
+/// Decides, and says everything.
+std::string decide_and_answer(Desk& desk, ToolStreams& streams) {
+  decide(desk.options, desk.preparation);
+  refuse_survey(desk.preparation, desk.options, streams);
+  return export_answer(desk, in_words_of_desk(streams.messages.pending, desk.language));
+}
+
+/// Reads as much again as a change from the options at hand to `options` asks for.
+std::string take_options(Desk& desk, PrepareOptions options) {
+  ToolStreams streams;
+  const PrepareOptions before = std::exchange(desk.options, std::move(options));
+  const bool is_same_text = desk.has_export && before.export_name == desk.options.export_name &&
+                            before.encoding == desk.options.encoding && before.delimiter == desk.options.delimiter;
+  forget_run(desk);
+  if (!is_same_text) {
+    tell(desk.watch, "reading");
+    desk.has_export = read_and_recognise(desk.options, streams, desk.preparation);
+  }
+  if (!desk.has_export) return refusal(desk, streams.messages.pending);
+  if (!is_same_text || !has_same_columns(before, desk.options)) {
+    tell(desk.watch, "surveying");
+    desk.has_export = survey_columns(desk.options, streams, desk.preparation);
+    if (!desk.has_export) return refusal(desk, streams.messages.pending);
+  }
+  return decide_and_answer(desk, streams);
+}
+
+struct DataTarget {
+  NewFile file;
+};
+
+bool take_piece(void* receiver, std::string_view bytes) {
+  return write_bytes(static_cast<DataTarget*>(receiver)->file, bytes);
+}
+
+/// Yields what went wrong; empty: nothing.
+std::string write_both(Desk& desk, const RunFiles& files) {
+  DataTarget data;
+  NewFile steer;
+  FileProblem problem;
+  const auto failure = [&] { return phrase(cannot_write, desk.language, {in_quotes(problem.name), problem.reason}); };
+  if (!begin_file(data.file, files.data_file, problem) || !begin_file(steer, files.steer_file, problem)) {
+    abandon(data.file);
+    return failure();
+  }
+  const Preparation& read = desk.preparation;
+  make_data_file(read.text, read.findings.delimiter, read.plan, read.survey.sexes, take_piece, &data);
+  write_bytes(steer, steer_text(read.plan));
+  return finish_both(data.file, steer, true, problem) ? std::string() : failure();
+}
+
+/// The settings of a steer file; nothing, with a message, when no report can be made of them.
+std::optional<SteerSettings> read_settings(const std::string& name, std::string& message) {
+  LineReader reader;
+  if (!open_for_reading(reader, name)) return std::nullopt;
+  RunStreams silent;
+  try {
+    return read_steer_lines(reader, silent);
+  } catch (const RunStopped&) {
+    message = silent.messages.pending;
+    return std::nullopt;
+  }
+}
+
+std::string whole_text(const std::string& name) {
+  constexpr std::size_t most_bytes = 1'000'000;
+  LineReader reader;
+  std::string text;
+  std::string_view line;
+  if (!open_for_reading(reader, name)) return text;
+  while (text.size() < most_bytes && read_line(reader, line)) text += std::string(line) + "\n";
+  return text;
+}
+
+std::string files_answer(const Desk& desk, std::string_view note) {
+  JsonText json;
+  begin_object(json);
+  begin_list(json, "messages");
+  end_list(json);
+  add_text(json, "note", note);
+  add_text(json, "steer", whole_text(desk.files->steer_file));
+  add_text(json, "steerPath", desk.files->steer_file);
+  add_text(json, "dataPath", desk.files->data_file);
+  add_text(json, "dataName", desk.steer->data_file_name.trimmed());
+  add_text(json, "reportName", desk.steer->report_file_name.trimmed());
+  add_text(json, "population", desk.steer->population_name.trimmed());
+  end_object(json);
+  return std::move(json.text);
+}
+
+}  // namespace
+
+std::string open_export(Desk& desk, const std::string& name, std::string_view settings) {
+  forget_all(desk);
+  PrepareOptions options = options_from(settings, {});
+  options.export_name = name;
+  return take_options(desk, std::move(options));
+}
+
+std::string change_settings(Desk& desk, std::string_view settings) {
+  PrepareOptions options = options_from(settings, desk.preparation.survey);
+  options.export_name = desk.options.export_name;
+  return take_options(desk, std::move(options));
+}
+
+std::string write_files_of_export(Desk& desk) {
+  forget_run(desk);
+  ToolStreams streams;
+  if (!desk.has_export) return refusal(desk, {});
+  const PreparePlan& plan = desk.preparation.plan;
+  for (const std::string& question : plan.questions) append(streams.messages, question + "\n");
+  if (!plan.questions.empty() || refuse_survey(desk.preparation, desk.options, streams)) {
+    return refusal(desk, streams.messages.pending);
+  }
+  tell(desk.watch, "writing");
+  const std::filesystem::path folder(desk.folder);
+  RunFiles files = {(folder / steer_file_name).string(), (folder / (plan.stem + ".txt")).string(), true};
+  std::string problem = write_both(desk, files);
+  if (problem.empty()) desk.steer = read_settings(files.steer_file, problem);
+  if (!desk.steer) return refusal(desk, problem);
+  desk.files = std::move(files);
+  return files_answer(desk, {});
+}
+
+std::string open_given_files(Desk& desk, const std::string& steer_file, const std::string& data_file) {
+  forget_all(desk);
+  std::string message;
+  LineReader data;
+  if (!open_for_reading(data, data_file)) return refusal_to_open(desk, data_file);
+  desk.steer = read_settings(steer_file, message);
+  if (!desk.steer) return message.empty() ? refusal_to_open(desk, steer_file) : refusal(desk, message);
+  desk.files = RunFiles{steer_file, data_file, false};
+  const std::string named(desk.steer->data_file_name.trimmed());
+  const std::string chosen = std::filesystem::path(data_file).filename().string();
+  const bool is_named = named == chosen;
+  return files_answer(
+      desk, is_named ? std::string() : phrase(names_other_file, desk.language, {in_quotes(named), in_quotes(chosen)}));
+}
+
+}  // namespace pedigreewatch

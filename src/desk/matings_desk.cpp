@@ -1,0 +1,181 @@
+#include "desk/matings_desk.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <span>
+#include <utility>
+
+#include "checks/readable_text.h"
+#include "desk/json_text.h"
+#include "matings/animal_search.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr Wording table_heading = {"female\tmale\tname\tborn\tF_of_offspring\tmean_kinship\n",
+                                   "moeder\tvader\tnaam\tgeboren\tF_van_jong\tgemiddelde_verwantschap\n"};
+
+const PopulationStore& store_of(const Desk& desk) {
+  return desk.results->population.store;
+}
+
+bool is_animal(const Desk& desk, std::int32_t position) {
+  return desk.results && position >= 1 && position <= store_of(desk).animal_count;
+}
+
+void add_optional(JsonText& json, std::string_view name, const std::optional<double>& value) {
+  add_name(json, name);
+  if (value) {
+    add_real(json, *value);
+  } else {
+    add_nothing(json);
+  }
+}
+
+std::string_view without_blanks(std::string_view text) {
+  return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+/// The fields of an animal, inside of an object.
+void add_animal(JsonText& json, const PopulationStore& store, std::int32_t position) {
+  add_integer(json, "position", position);
+  add_text(json, "id", without_blanks(store.id(position)));
+  add_text(json, "name", store.has_name ? without_blanks(store.name(position)) : std::string_view());
+  add_logical(json, "isMale", store.sex[position] == male);
+  add_integer(json, "year", store.birth_year[position]);
+  add_name(json, "f");
+  add_real(json, static_cast<double>(store.inbreeding[position]));
+}
+
+void add_parent(JsonText& json, std::string_view name, const PopulationStore& store, std::int32_t position,
+                const std::optional<double>& mean_kinship) {
+  begin_object(json, name);
+  add_animal(json, store, position);
+  add_optional(json, "meanKinship", mean_kinship);
+  end_object(json);
+}
+
+void add_ancestors(JsonText& json, const PopulationStore& store, const KinshipParts& parts) {
+  begin_list(json, "ancestors");
+  for (const CommonAncestor& ancestor : parts.largest) {
+    if (ancestor.position == 0) continue;
+    begin_object(json);
+    add_animal(json, store, ancestor.position);
+    add_optional(json, "contribution", ancestor.contribution);
+    end_object(json);
+  }
+  end_list(json);
+}
+
+std::string count_answer(std::size_t count) {
+  JsonText json;
+  begin_object(json);
+  add_integer(json, "count", static_cast<std::int64_t>(count));
+  end_object(json);
+  return std::move(json.text);
+}
+
+/// A text in a cell of the table, in which tabs and line ends would begin another one.
+std::string cell(std::string_view text) {
+  std::string written = readable(without_blanks(text));
+  std::replace_if(
+      written.begin(), written.end(), [](char byte) { return static_cast<unsigned char>(byte) < ' '; }, ' ');
+  return written;
+}
+
+std::string real_cell(const std::optional<double>& value) {
+  if (!value) return {};
+  std::array<char, 32> digits{};
+  std::snprintf(digits.data(), digits.size(), "%.6f", *value);
+  return digits.data();
+}
+
+}  // namespace
+
+std::string find_in_results(const Desk& desk, std::string_view text) {
+  constexpr std::size_t most_animals = 30;
+  JsonText json;
+  begin_object(json);
+  begin_list(json, "animals");
+  if (desk.results) {
+    for (const std::int32_t position : find_animals(store_of(desk), text, most_animals)) {
+      begin_object(json);
+      add_animal(json, store_of(desk), position);
+      end_object(json);
+    }
+  }
+  end_list(json);
+  end_object(json);
+  return std::move(json.text);
+}
+
+std::string describe_pair(const Desk& desk, std::int32_t sire, std::int32_t dam) {
+  JsonText json;
+  begin_object(json);
+  if (is_animal(desk, sire) && is_animal(desk, dam)) {
+    const PopulationStore& store = store_of(desk);
+    const auto mating = mating_of(store, sire, dam);
+    add_optional(json, "offspringF", static_cast<double>(mating->pair.f));
+    add_parent(json, "sire", store, sire, mating->male_mean_kinship);
+    add_parent(json, "dam", store, dam, mating->female_mean_kinship);
+    add_ancestors(json, store, mating->parts);
+  }
+  end_object(json);
+  return std::move(json.text);
+}
+
+std::string rank_males(Desk& desk, std::int32_t dam, std::int32_t first_year, std::int32_t last_year) {
+  desk.males.clear();
+  desk.males_for_dam = 0;
+  if (is_animal(desk, dam)) {
+    desk.males = males_for(store_of(desk), dam, first_year, last_year);
+    desk.males_for_dam = dam;
+  }
+  return count_answer(desk.males.size());
+}
+
+std::string order_males(Desk& desk, bool by_mean_kinship) {
+  constexpr double none = 2.0;  // behind all others
+  const auto key = [&](const RankedMale& entry) {
+    const double f = static_cast<double>(entry.f), kinship = entry.mean_kinship.value_or(none);
+    return by_mean_kinship ? std::pair(kinship, f) : std::pair(f, kinship);
+  };
+  std::stable_sort(desk.males.begin(), desk.males.end(),
+                   [&](const RankedMale& a, const RankedMale& b) { return key(a) < key(b); });
+  return count_answer(desk.males.size());
+}
+
+std::string list_males(const Desk& desk, std::size_t first, std::size_t count) {
+  const std::size_t begin = std::min(first, desk.males.size());
+  JsonText json;
+  begin_object(json);
+  begin_list(json, "rows");
+  for (const RankedMale& entry : std::span(desk.males).subspan(begin, std::min(count, desk.males.size() - begin))) {
+    begin_object(json);
+    add_animal(json, store_of(desk), entry.male);
+    add_optional(json, "offspringF", static_cast<double>(entry.f));
+    add_optional(json, "meanKinship", entry.mean_kinship);
+    end_object(json);
+  }
+  end_list(json);
+  end_object(json);
+  return std::move(json.text);
+}
+
+std::string males_table(const Desk& desk) {
+  std::string table(words_of(table_heading, desk.language));
+  if (!is_animal(desk, desk.males_for_dam)) return table;
+  const PopulationStore& store = store_of(desk);
+  const std::string dam = cell(store.id(desk.males_for_dam));
+  for (const RankedMale& entry : desk.males) {
+    table += dam + "\t" + cell(store.id(entry.male)) + "\t";
+    table += (store.has_name ? cell(store.name(entry.male)) : std::string()) + "\t";
+    const std::int32_t year = store.birth_year[entry.male];
+    table += (year != 0 ? std::to_string(year) : std::string()) + "\t";
+    table += real_cell(static_cast<double>(entry.f)) + "\t" + real_cell(entry.mean_kinship) + "\n";
+  }
+  return table;
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,32 @@
+// The fifth step of the desk: which matings to make.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "desk/desk.h"
+
+namespace pedigreewatch {
+
+/// Animals whose identification or name begins with the text. Yields an object: animals (position, id, name, isMale,
+/// year, f), at most 30.
+std::string find_in_results(const Desk& desk, std::string_view text);
+
+/// The offspring of two animals. Yields an object: f, kinship, dam and sire (as above, with meanKinship), ancestors
+/// (id, name, contribution).
+std::string describe_pair(const Desk& desk, std::int32_t sire, std::int32_t dam);
+
+/// All males born in these years for one female, kept for `list_males` and `males_table`. Yields an object: count.
+std::string rank_males(Desk& desk, std::int32_t dam, std::int32_t first_year, std::int32_t last_year);
+
+/// Orders the males at hand by F of the offspring, or by their mean kinship with the youngest animals.
+std::string order_males(Desk& desk, bool by_mean_kinship);
+
+/// `count` of them from the one at `first` on. Yields an object: rows (as above, with offspringF and meanKinship).
+std::string list_males(const Desk& desk, std::size_t first, std::size_t count);
+
+/// All of them as a table, with tabs between the columns.
+std::string males_table(const Desk& desk);
+
+}  // namespace pedigreewatch

@@ -1,0 +1,133 @@
+#include "desk/run_desk.h"
+
+#include <new>
+#include <stdexcept>
+#include <utility>
+
+#include "checks/readable_text.h"
+#include "control/steer_file.h"
+#include "core/line_reader.h"
+#include "desk/json_text.h"
+#include "intake/utf_8.h"
+#include "intake/windows_1252.h"
+#include "page/page.h"
+#include "reports/report.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr Wording not_opened = {"The files of the run cannot be opened.", "De bestanden zijn niet te openen."};
+constexpr Wording too_large = {"There is not enough memory in this browser for a population of this size.",
+                               "Deze browser heeft niet genoeg geheugen voor een populatie van deze omvang."};
+constexpr Wording look_at_check = {
+    "No figures can be made of these data. The step \"Check\" names what stands in the way.",
+    "Uit deze gegevens zijn geen cijfers te maken. De stap \"Controle\" noemt wat in de weg staat."};
+
+/// The last lines that a run printed: those of a loop say who is in it.
+std::string_view last_lines(std::string_view text) {
+  constexpr int most_lines = 12;
+  std::size_t begin = text.size();
+  for (int lines = 0; begin > 0; --begin) {
+    if (text[begin - 1] == '\n' && ++lines > most_lines) break;
+  }
+  return text.substr(begin);
+}
+
+std::string write_whole_report(DeskResults& results, const TextOutput& made, TextOutput& console) {
+  TextOutput report = made;
+  const AnalysedPopulation& population = results.population;
+  const SteerSettings& settings = population.settings;
+  const ReportFrame frame = {report,
+                             population.store,
+                             settings.nouns,
+                             settings.layout.subpopulations.names.entries,
+                             settings.colour_names,
+                             population.breeders};
+  write_report(frame, population.analysis.whole, population.analysis.extras);
+  results.subpopulations = analyse_subpopulations(population, console);
+  for (const Block& block : results.subpopulations) write_type_report(frame, block);
+  return std::move(report.pending);
+}
+
+DeskResults make_results(const Desk& desk, LineReader& data, RunStreams& streams) {
+  LineReader steer_file;
+  if (!open_for_reading(steer_file, desk.files->steer_file)) stop_run();
+  SteerSettings settings = read_steer_lines(steer_file, streams);
+  DeskResults results;
+  results.population = analyse_population(std::move(settings), data, streams);
+  tell(desk.watch, "report");
+  results.report = write_whole_report(results, streams.report, streams.console);
+  tell(desk.watch, "diversity");
+  results.diversity = compute_diversity(results.population.store, youngest_animals(results.population.store));
+  return results;
+}
+
+/// Yields what stands in the way; empty: nothing.
+std::string run(Desk& desk) {
+  PhaseTimes phases;
+  phases.watch = desk.watch;
+  RunStreams streams;
+  streams.phase_times = &phases;
+  LineReader data;
+  if (!desk.files || !open_for_reading(data, desk.files->data_file)) {
+    return std::string(words_of(not_opened, desk.language));
+  }
+  try {
+    desk.results = make_results(desk, data, streams);
+    return {};
+  } catch (const RunStopped&) {
+    const std::string& messages = streams.messages.pending;
+    return readable(messages.empty() ? last_lines(streams.console.pending) : messages) +
+           std::string(words_of(look_at_check, desk.language));
+  } catch (const std::bad_alloc&) {
+    return std::string(words_of(too_large, desk.language));
+  } catch (const std::length_error&) {  // more elements than any memory holds
+    return std::string(words_of(too_large, desk.language));
+  }
+}
+
+PageInput page_input(const Desk& desk) {
+  return {desk.results->population, desk.results->subpopulations, &desk.results->diversity,
+          desk.check ? &*desk.check : nullptr};
+}
+
+}  // namespace
+
+std::string run_analysis(Desk& desk) {
+  const std::string problem = desk.results ? std::string() : run(desk);
+  JsonText json;
+  begin_object(json);
+  add_lines(json, "messages", problem);
+  if (desk.results) {
+    const PopulationStore& store = desk.results->population.store;
+    add_integer(json, "animals", store.animal_count);
+    const bool has_years = store.birth_years.first <= store.birth_years.last;
+    add_integer(json, "firstYear", has_years ? store.birth_years.first : 0);
+    add_integer(json, "lastYear", has_years ? store.birth_years.last : 0);
+    add_text(json, "reportName", desk.steer->report_file_name.trimmed());
+  }
+  end_object(json);
+  return std::move(json.text);
+}
+
+std::string results_body(const Desk& desk) {
+  return desk.results ? page_body(page_input(desk)) : std::string();
+}
+
+std::string results_page(const Desk& desk) {
+  return desk.results ? make_page(page_input(desk)) : std::string();
+}
+
+std::string report_bytes(const Desk& desk) {
+  return desk.results ? desk.results->report : std::string();
+}
+
+std::string report_text(const Desk& desk) {
+  std::string text;
+  if (!desk.results) return text;
+  text.reserve(desk.results->report.size() + desk.results->report.size() / 64);
+  for (const char byte : desk.results->report) append_letter(text, letter_of_windows_1252(byte));
+  return text;
+}
+
+}  // namespace pedigreewatch

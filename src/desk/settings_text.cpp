@@ -1,0 +1,82 @@
+#include "desk/settings_text.h"
+
+#include <charconv>
+#include <cstddef>
+#include <functional>
+#include <string>
+
+#include "intake/column_recognition.h"
+#include "intake/delimiter_recognition.h"
+
+namespace pedigreewatch {
+namespace {
+
+/// The pieces of a list with commas between them, without blanks around them.
+void for_each_piece(std::string_view list, const std::function<void(std::string_view)>& take) {
+  while (!list.empty()) {
+    const std::size_t end = list.find(',');
+    const std::string_view piece = trimmed(list.substr(0, end));
+    if (!piece.empty()) take(piece);
+    if (end == std::string_view::npos) return;
+    list.remove_prefix(end + 1);
+  }
+}
+
+NameWish names_from(std::string_view value, const TextCounts& counts) {
+  NameWish wish;
+  wish.is_given = true;
+  if (value == "all") return wish;
+  wish.leaves_out = value == "none";
+  for_each_piece(value, [&](std::string_view piece) {
+    std::size_t place = 0;
+    const auto [end, error] = std::from_chars(piece.data(), piece.data() + piece.size(), place);
+    const bool is_place = error == std::errc() && end == piece.data() + piece.size() && place < counts.texts.size();
+    if (is_place) wish.names.push_back(counts.texts[place].text);
+  });
+  if (wish.names.empty()) wish.leaves_out = true;
+  return wish;
+}
+
+void obey_about_file(std::string_view name, std::string_view value, PrepareOptions& options) {
+  if (name == "encoding") options.encoding = encoding_named(value);
+  if (name == "delimiter") options.delimiter = delimiter_named(value);
+  if (name == "header") options.has_header = value == "yes";
+  if (name == "dates") options.dates = date_order_named(value);
+  if (name == "language") options.language = value == "nl" ? ToolLanguage::dutch : ToolLanguage::english;
+  constexpr std::string_view column = "column.";
+  if (!name.starts_with(column)) return;
+  const FieldCode code = field_named(name.substr(column.size()));
+  if (code != unused_column) options.columns.push_back({code, std::string(value)});
+}
+
+void obey_about_animals(std::string_view name, std::string_view value, const ExportSurvey& survey,
+                        PrepareOptions& options) {
+  if (name == "male") options.male = value;
+  if (name == "species") options.species = value;
+  if (name == "name") options.population_name = value;
+  if (name == "unknown") {
+    for_each_piece(value, [&](std::string_view piece) { options.unknown.emplace_back(piece); });
+  }
+  if (name == "subpopulations") options.subpopulations = names_from(value, survey.subpopulations);
+  if (name == "colours") options.colours = names_from(value, survey.colours);
+}
+
+}  // namespace
+
+PrepareOptions options_from(std::string_view settings, const ExportSurvey& survey) {
+  PrepareOptions options;
+  while (!settings.empty()) {
+    const std::size_t end = settings.find('\n');
+    const std::string_view line = settings.substr(0, end);
+    const std::size_t equals = line.find('=');
+    if (equals != std::string_view::npos && equals + 1 < line.size()) {
+      obey_about_file(line.substr(0, equals), line.substr(equals + 1), options);
+      obey_about_animals(line.substr(0, equals), line.substr(equals + 1), survey, options);
+    }
+    if (end == std::string_view::npos) break;
+    settings.remove_prefix(end + 1);
+  }
+  return options;
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,16 @@
+// What the user of the desk says about an export, as the page hands it over: lines "name=value".
+#pragma once
+
+#include <string_view>
+
+#include "intake/export_survey.h"
+#include "intake/prepare_options.h"
+
+namespace pedigreewatch {
+
+/// Reads the settings. Columns are numbers counted from 1, or "none". Lists of subpopulations and colours are "all",
+/// "none" or the places, counted from 0, of texts in the survey at hand; texts for unknown parents have commas between
+/// them. What cannot be understood, or names nothing, is passed over.
+PrepareOptions options_from(std::string_view settings, const ExportSurvey& survey);
+
+}  // namespace pedigreewatch
