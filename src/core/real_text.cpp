@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
@@ -14,6 +13,8 @@
 #include <cstdlib>
 #include <limits>
 #include <string_view>
+
+#include "core/bit_pattern.h"
 
 namespace pedigreewatch {
 namespace {
@@ -40,19 +41,19 @@ double read_back(const char* text, double /*kind*/) {
 }
 
 std::uint64_t bits_of(float value) {
-  return std::bit_cast<std::uint32_t>(value);
+  return bits_as<std::uint32_t>(value);
 }
 std::uint64_t bits_of(double value) {
-  return std::bit_cast<std::uint64_t>(value);
+  return bits_as<std::uint64_t>(value);
 }
 
 bool is_power_of_two(float value) {
   constexpr std::uint32_t fraction = (1U << 23) - 1;
-  return (std::bit_cast<std::uint32_t>(value) & fraction) == 0;
+  return (bits_as<std::uint32_t>(value) & fraction) == 0;
 }
 bool is_power_of_two(double value) {
   constexpr std::uint64_t fraction = (std::uint64_t{1} << 52) - 1;
-  return (std::bit_cast<std::uint64_t>(value) & fraction) == 0;
+  return (bits_as<std::uint64_t>(value) & fraction) == 0;
 }
 
 template <typename Real>

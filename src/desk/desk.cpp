@@ -51,6 +51,7 @@ void forget_all(Desk& desk) {
   desk.has_export = false;
   desk.preparation = {};
   desk.options = {};
+  desk.settings.clear();
 }
 
 void add_lines(JsonText& json, std::string_view name, std::string_view text) {

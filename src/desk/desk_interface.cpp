@@ -30,7 +30,7 @@ constexpr pedigreewatch::Wording no_memory = {
     "There is not enough memory in this browser for a file of this size.",
     "Deze browser heeft niet genoeg geheugen voor een bestand van deze omvang."};
 
-std::string failure(const Desk& desk, std::string_view text) {
+std::string failure(std::string_view text) {
   pedigreewatch::JsonText json;
   pedigreewatch::begin_object(json);
   pedigreewatch::add_lines(json, "messages", text);
@@ -44,9 +44,9 @@ void answer(DeskHandle* handle, Operation&& operation) {
   try {
     handle->answer = operation(handle->desk);
   } catch (const std::bad_alloc&) {
-    handle->answer = failure(handle->desk, words_of(no_memory, handle->desk.language));
+    handle->answer = failure(words_of(no_memory, handle->desk.language));
   } catch (const std::exception& problem) {
-    handle->answer = failure(handle->desk, problem.what());
+    handle->answer = failure(problem.what());
   }
 }
 

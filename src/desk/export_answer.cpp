@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "checks/readable_text.h"
 #include "desk/json_text.h"
+#include "desk/settings_text.h"
 #include "intake/column_recognition.h"
+#include "intake/prepared_file.h"
 #include "intake/species_choice.h"
 
 namespace pedigreewatch {
@@ -186,6 +189,12 @@ void add_choices(JsonText& json, const Desk& desk) {
 
 }  // namespace
 
+PreparePlan plan_of_report(const Desk& desk) {
+  PrepareOptions options = desk.options;
+  options.language = options_from(desk.settings, {}).language;
+  return plan_preparation(desk.preparation.survey, desk.preparation.columns, options);
+}
+
 std::string export_answer(const Desk& desk, std::string_view messages) {
   const Preparation& read = desk.preparation;
   JsonText json;
@@ -202,6 +211,9 @@ std::string export_answer(const Desk& desk, std::string_view messages) {
   add_columns(json, read.columns, desk.language);
   add_first_lines(json, read);
   add_choices(json, desk);
+  const PreparePlan written = plan_of_report(desk);
+  add_text(json, "steer", written.questions.empty() ? readable(steer_text(written)) : std::string());
+  add_text(json, "dataName", written.stem + ".txt");
   end_object(json);
   return std::move(json.text);
 }

@@ -12,4 +12,7 @@ namespace pedigreewatch {
 /// An object; `messages` are lines that stand in the way.
 std::string export_answer(const Desk& desk, std::string_view messages);
 
+/// Everything that was decided, with the words of the report's language instead of the desk's.
+PreparePlan plan_of_report(const Desk& desk);
+
 }  // namespace pedigreewatch

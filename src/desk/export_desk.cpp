@@ -55,19 +55,24 @@ std::string decide_and_answer(Desk& desk, ToolStreams& streams) {
   return export_answer(desk, in_words_of_desk(streams.messages.pending, desk.language));
 }
 
-/// Reads as much again as a change from the options at hand to `options` asks for.
-std::string take_options(Desk& desk, PrepareOptions options) {
+/// Reads as much again as a change from the options at hand to `options` asks for. What came of the old ones is
+/// forgotten, unless nothing but the language of the desk has changed.
+std::string take_options(Desk& desk, PrepareOptions options, std::string_view settings) {
   ToolStreams streams;
+  if (desk.settings != settings || !desk.has_export) forget_run(desk);
+  desk.settings = settings;
+  options.language = desk.language;
   const PrepareOptions before = std::exchange(desk.options, std::move(options));
   const bool is_same_text = desk.has_export && before.export_name == desk.options.export_name &&
                             before.encoding == desk.options.encoding && before.delimiter == desk.options.delimiter;
-  forget_run(desk);
   if (!is_same_text) {
     tell(desk.watch, "reading");
     desk.has_export = read_and_recognise(desk.options, streams, desk.preparation);
   }
   if (!desk.has_export) return refusal(desk, streams.messages.pending);
-  if (!is_same_text || !has_same_columns(before, desk.options)) {
+  const bool asks_in_old_language =
+      before.language != desk.language && !desk.preparation.columns.questions.empty();
+  if (!is_same_text || asks_in_old_language || !has_same_columns(before, desk.options)) {
     tell(desk.watch, "surveying");
     desk.has_export = survey_columns(desk.options, streams, desk.preparation);
     if (!desk.has_export) return refusal(desk, streams.messages.pending);
@@ -84,7 +89,7 @@ bool take_piece(void* receiver, std::string_view bytes) {
 }
 
 /// Yields what went wrong; empty: nothing.
-std::string write_both(Desk& desk, const RunFiles& files) {
+std::string write_both(const Desk& desk, const PreparePlan& plan, const RunFiles& files) {
   DataTarget data;
   NewFile steer;
   FileProblem problem;
@@ -94,8 +99,8 @@ std::string write_both(Desk& desk, const RunFiles& files) {
     return failure();
   }
   const Preparation& read = desk.preparation;
-  make_data_file(read.text, read.findings.delimiter, read.plan, read.survey.sexes, take_piece, &data);
-  write_bytes(steer, steer_text(read.plan));
+  make_data_file(read.text, read.findings.delimiter, plan, read.survey.sexes, take_piece, &data);
+  write_bytes(steer, steer_text(plan));
   return finish_both(data.file, steer, true, problem) ? std::string() : failure();
 }
 
@@ -144,13 +149,13 @@ std::string open_export(Desk& desk, const std::string& name, std::string_view se
   forget_all(desk);
   PrepareOptions options = options_from(settings, {});
   options.export_name = name;
-  return take_options(desk, std::move(options));
+  return take_options(desk, std::move(options), settings);
 }
 
 std::string change_settings(Desk& desk, std::string_view settings) {
   PrepareOptions options = options_from(settings, desk.preparation.survey);
   options.export_name = desk.options.export_name;
-  return take_options(desk, std::move(options));
+  return take_options(desk, std::move(options), settings);
 }
 
 std::string write_files_of_export(Desk& desk) {
@@ -163,9 +168,10 @@ std::string write_files_of_export(Desk& desk) {
     return refusal(desk, streams.messages.pending);
   }
   tell(desk.watch, "writing");
+  const PreparePlan written = plan_of_report(desk);
   const std::filesystem::path folder(desk.folder);
   RunFiles files = {(folder / steer_file_name).string(), (folder / (plan.stem + ".txt")).string(), true};
-  std::string problem = write_both(desk, files);
+  std::string problem = write_both(desk, written, files);
   if (problem.empty()) desk.steer = read_settings(files.steer_file, problem);
   if (!desk.steer) return refusal(desk, problem);
   desk.files = std::move(files);

@@ -8,11 +8,11 @@
 #include "diversity/effective_ancestors.h"
 
 #include <algorithm>
-#include <bit>
 #include <set>
 #include <span>
 #include <utility>
 
+#include "core/bit_pattern.h"
 #include "core/memory_hints.h"
 #include "diversity/waiting_numbers.h"
 
@@ -34,8 +34,9 @@ struct Candidates {
 
   std::int32_t count() const { return number.last(); }
   std::span<const std::int32_t> offspring_of(std::int32_t j) const {
-    const auto end_of = [&](std::int32_t k) { return offspring.begin() + offspring_end[k]; };
-    return {end_of(j - 1), end_of(j)};
+    const std::int32_t begin = offspring_end[j - 1];
+    return std::span(offspring).subspan(static_cast<std::size_t>(begin),
+                                        static_cast<std::size_t>(offspring_end[j] - begin));
   }
 };
 
@@ -75,7 +76,7 @@ void list_offspring(Candidates& candidates) {
 
 Candidates make_candidates(const ReferencePedigree& pedigree) {
   const ByNumber<std::int32_t> candidate_no = number_candidates(pedigree);
-  const std::size_t count = static_cast<std::size_t>(std::ranges::max(candidate_no.values));
+  const std::size_t count = static_cast<std::size_t>(*std::max_element(candidate_no.values.begin(), candidate_no.values.end()));
   Candidates candidates;
   for (ByNumber<std::int32_t>* const list : {&candidates.sire, &candidates.dam, &candidates.number}) {
     *list = ByNumber<std::int32_t>(count);
@@ -129,7 +130,7 @@ double contribution_of(const Choice& choice, std::int32_t candidate) {
   const double contribution = choice.genes[candidate] * (1.0 - choice.explained[candidate]);
   if (!(contribution > 0.0)) return 0.0;
   constexpr std::uint64_t dropped = 0xFF;
-  return std::bit_cast<double>((std::bit_cast<std::uint64_t>(contribution) + dropped / 2) & ~dropped);
+  return bits_as<double>((bits_as<std::uint64_t>(contribution) + dropped / 2) & ~dropped);
 }
 
 /// Adds up the genes of all candidates, so that the rounding of many small changes does not gather.

@@ -39,9 +39,9 @@ MeanKinship compute_mean_kinship(const ReferencePedigree& pedigree, const ByNumb
     result.of_members.push_back(kinship);
     sum += kinship;
   }
-  const auto [lowest, highest] = std::ranges::minmax(result.of_members);
-  result.lowest = lowest;
-  result.highest = highest;
+  const auto [lowest, highest] = std::minmax_element(result.of_members.begin(), result.of_members.end());
+  result.lowest = *lowest;
+  result.highest = *highest;
   result.mean = sum / animals;
   result.founder_genomes = 0.5 / *result.mean;  // above 0: each animal is related to itself
   return result;

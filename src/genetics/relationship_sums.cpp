@@ -143,7 +143,8 @@ void run_upward_pass(RelationshipWork& work, std::span<PassPart> parts) {
   if (width == 4) hand_on_weights<4>(work, highest, parts);
   if (width == 8) hand_on_weights<8>(work, highest, parts);
   if (width == lane_limit) hand_on_weights<lane_limit>(work, highest, parts);
-  std::ranges::fill(work.weights.of(0), 0.0);
+  const std::span<double> unknown = work.weights.of(0);
+  std::fill(unknown.begin(), unknown.end(), 0.0);
   for (PassPart& part : parts) {
     RelationshipSums& sums = part.sums;
     for (std::int32_t g = 0; g < sums.group_count; ++g) {

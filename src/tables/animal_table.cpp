@@ -5,9 +5,9 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <span>
 
+#include "core/bit_pattern.h"
 #include "core/real_text.h"
 
 namespace pedigreewatch {
@@ -40,7 +40,7 @@ struct RealTexts {
 };
 
 std::string_view text_of(RealTexts& texts, float value) {
-  const std::uint32_t bits = std::bit_cast<std::uint32_t>(value);
+  const std::uint32_t bits = bits_as<std::uint32_t>(value);
   constexpr std::uint32_t spread = 2654435761U;
   constexpr int unused_bits = 32 - 14;
   RealTexts::Entry& entry = texts.entries[(bits * spread) >> unused_bits];

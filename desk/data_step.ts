@@ -1,0 +1,110 @@
+// The first step: files are dropped or chosen, and what was recognised is shown.
+
+import { applySettings, changeSetting, openNew, showProblem, text } from "./desk";
+import type { Desk } from "./desk";
+import { button, byId, chooser, make, nameOf } from "./dom";
+import type { ExportAnswer } from "./protocol";
+import type { TextName } from "./texts";
+
+export function takeFiles(desk: Desk, files: File[]): void {
+  const steerFiles = files.filter((file) => /\.ini$/i.test(file.name));
+  if (files.length === 0) return;
+  if (files.length > 2 || (files.length === 2 && steerFiles.length !== 1)) return showProblem(text(desk, "dropOnly"));
+  void openNew(desk, files);
+}
+
+function exampleFile(desk: Desk): File {
+  const content = byId(`example-${desk.language}`).textContent ?? "";
+  return new File([content.trimStart()], desk.language === "nl" ? "heide.txt" : "moorland.txt", { type: "text/plain" });
+}
+
+function drawDrop(desk: Desk): HTMLElement {
+  const input = make("input", { type: "file", id: "files", multiple: true, "aria-describedby": "drop-hint" });
+  input.addEventListener("change", () => takeFiles(desk, [...(input.files ?? [])]));
+  const area = make("div", { class: "drop" },
+    make("p", { id: "drop-hint" }, `${text(desk, "dropHere")} ${text(desk, "orPair")}`),
+    make("p", {}, make("label", { for: "files" }, `${text(desk, "chooseFiles")}: `), input),
+    make("p", {}, text(desk, "noFileYet"), button(text(desk, "tryExample"), () => takeFiles(desk, [exampleFile(desk)]))));
+  area.addEventListener("dragover", (event) => {
+    event.preventDefault();
+    area.classList.add("over");
+  });
+  area.addEventListener("dragleave", () => area.classList.remove("over"));
+  return area;
+}
+
+function drawReading(desk: Desk): HTMLElement {
+  const field = (name: TextName, key: string, choices: [string, string][]) => {
+    const id = `read-${key}`;
+    const all = [{ value: "", text: text(desk, "asRecognised") }, ...choices.map(([value, words]) => ({ value, text: words }))];
+    return [make("label", { for: id }, text(desk, name)),
+      chooser(all, desk.settings.get(key) ?? "", (value) => void changeSetting(desk, key, value), { id })];
+  };
+  return make("details", { open: desk.refusals.length > 0 }, make("summary", {}, text(desk, "howRead")),
+    make("div", { class: "form" },
+      ...field("letters", "encoding", [["utf-8", "UTF-8"], ["windows-1252", "Windows-1252"], ["utf-16", "UTF-16"]]),
+      ...field("dividedBy", "delimiter", [["semicolon", text(desk, "semicolon")], ["comma", text(desk, "comma")],
+        ["tab", text(desk, "tab")], ["bar", text(desk, "bar")]]),
+      ...field("firstLine", "header", [["yes", text(desk, "headerYes")], ["no", text(desk, "headerNo")]])));
+}
+
+/** Gives column `place` another meaning. A field has one column. */
+function chooseColumn(desk: Desk, answer: ExportAnswer, place: number, field: string): void {
+  const columns = answer.columns.map((name, k) => (k === place ? field : name === field ? "" : name));
+  for (const { name, isRequired } of answer.fields) {
+    const column = columns.indexOf(name);
+    if (column >= 0) desk.settings.set(`column.${name}`, String(column + 1));
+    else if (isRequired) desk.settings.delete(`column.${name}`);
+    else desk.settings.set(`column.${name}`, "none");
+  }
+  void applySettings(desk);
+}
+
+function drawFirstLines(desk: Desk, answer: ExportAnswer): HTMLElement {
+  const fields = [{ value: "", text: `– ${text(desk, "notUsed")} –` },
+    ...answer.fields.map(({ name, description }) => ({ value: name, text: description }))];
+  const choosers = answer.headings.map((heading, k) => {
+    const label = `${text(desk, "columnHolds", k + 1)} (${heading})`;
+    return make("td", {}, chooser(fields, answer.columns[k] ?? "", (field) => chooseColumn(desk, answer, k, field),
+      { "aria-label": label }));
+  });
+  const headings = answer.headings.map((heading, k) =>
+    make("th", { scope: "col" }, nameOf(answer.hasHeader ? heading : String(k + 1))));
+  const table = make("table", { class: "plain lines" },
+    make("thead", {}, make("tr", {}, ...choosers), make("tr", {}, ...headings)),
+    make("tbody", {}, ...answer.lines.map((line) => make("tr", {}, ...line.map((field) => make("td", {}, nameOf(field)))))));
+  return make("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": text(desk, "firstLines") }, table);
+}
+
+function drawEvidence(answer: ExportAnswer): HTMLElement {
+  return make("dl", { class: "evidence" },
+    ...answer.evidence.flatMap(({ label, text: said }) => [make("dt", {}, label), make("dd", {}, said)]));
+}
+
+export function drawQuestions(desk: Desk): HTMLElement[] {
+  const questions = desk.export?.questions ?? [];
+  const all = desk.refusals.map((words) => make("p", { class: "problem" }, words));
+  if (questions.length > 0) {
+    all.push(make("p", {}, make("strong", {}, text(desk, "openQuestions"))));
+    all.push(...questions.map((question) => make("p", { class: "question" }, question)));
+  }
+  return all;
+}
+
+export function drawData(desk: Desk, goOn: () => void): HTMLElement[] {
+  const parts: HTMLElement[] = [drawDrop(desk), ...drawQuestions(desk)];
+  if (desk.given !== undefined) {
+    if (desk.given.note !== "") parts.push(make("p", { class: "question" }, desk.given.note));
+    parts.push(make("p", { class: "done" }, nameOf(desk.given.population), ": ", nameOf(desk.given.dataName)));
+  }
+  const answer = desk.export;
+  if (answer !== undefined) {
+    parts.push(make("h2", {}, text(desk, "firstLines")), make("p", { class: "hint" }, text(desk, "firstLinesHint")),
+      drawFirstLines(desk, answer), make("h2", {}, text(desk, "recognised")), drawEvidence(answer));
+  }
+  if (desk.files.length > 0 && desk.given === undefined) parts.push(drawReading(desk));
+  if (answer !== undefined || desk.given !== undefined) {
+    parts.push(make("p", { class: "row" }, button(text(desk, "next", text(desk, "settings")), goOn, { class: "main" })));
+  }
+  return parts;
+}

@@ -1,0 +1,207 @@
+// What the page remembers: the files and what their user said of them, the answers of the worker so far, and where in
+// the five steps the user is. The steps draw themselves from it.
+
+import { ask, Cancelled, createClient, stopWork } from "./client";
+import type { Client } from "./client";
+import { byId, make } from "./dom";
+import { phaseIn, textIn } from "./texts";
+import type { Language, TextName } from "./texts";
+import type { Animal, CheckAnswer, ExportAnswer, FilesAnswer, MaleRow, Operation, PairAnswer, RunAnswer } from "./protocol";
+
+export type StepName = "data" | "settings" | "check" | "results" | "matings";
+export const stepNames: readonly StepName[] = ["data", "settings", "check", "results", "matings"];
+
+export interface Desk {
+  client: Client;
+  language: Language;
+  step: StepName;
+  files: File[];
+  /** What the user says, by the names of src/desk/settings_text.h. */
+  settings: Map<string, string>;
+  export?: ExportAnswer;
+  given?: FilesAnswer;
+  /** What stood in the way of opening the files. */
+  refusals: string[];
+  written?: FilesAnswer;
+  check?: CheckAnswer;
+  run?: RunAnswer;
+  body?: string;
+  report?: string;
+  wasCancelled: boolean;
+  /** The worker has the files and settings. */
+  isOpen: boolean;
+  busy: number;
+  kind: string;
+  filter: string;
+  firstFinding: number;
+  view: "charts" | "text";
+  female?: Animal;
+  male?: Animal;
+  pair?: PairAnswer;
+  years?: { first: number; last: number };
+  males?: { count: number; first: number; rows: MaleRow[]; byKinship: boolean };
+  draw: () => void;
+}
+
+export function createDesk(language: Language, draw: (desk: Desk) => void): Desk {
+  const desk: Desk = {
+    client: createClient((phase) => showPhase(desk, phase)), language, step: "data", files: [], settings: new Map(),
+    refusals: [], wasCancelled: false, isOpen: false, busy: 0, kind: "", filter: "", firstFinding: 0, view: "charts",
+    draw: () => draw(desk),
+  };
+  return desk;
+}
+
+export function text(desk: Desk, name: TextName, ...values: (string | number)[]): string {
+  return textIn(desk.language, name, ...values);
+}
+
+export function showPhase(desk: Desk, phase: string): void {
+  byId("phase").textContent = phaseIn(desk.language, phase);
+}
+
+export function showProblem(problem: string): void {
+  byId("problems").replaceChildren(problem === "" ? "" : make("p", { class: "problem" }, problem));
+}
+
+export function settingsText(desk: Desk): string {
+  const lines = [...desk.settings].map(([name, value]) => `${name}=${value.replace(/[\r\n]+/g, " ")}`);
+  if (!desk.settings.has("language")) lines.push(`language=${desk.language}`);
+  return lines.join("\n");
+}
+
+/** Forgets what came of the settings, not the settings. */
+export function forgetRun(desk: Desk): void {
+  desk.written = desk.check = desk.run = desk.body = desk.report = desk.pair = desk.males = undefined;
+  desk.female = desk.male = desk.years = undefined;
+  desk.kind = desk.filter = "";
+  desk.firstFinding = 0;
+}
+
+/** Does something that takes a while: shows that, and what goes wrong. Yields whether it came to its end. */
+export async function work(desk: Desk, action: () => Promise<void>): Promise<boolean> {
+  const indicator = byId("busy");
+  showProblem("");
+  desk.wasCancelled = false;
+  if (desk.busy++ === 0) byId("phase").textContent = "";
+  indicator.hidden = false;
+  byId("work").setAttribute("aria-busy", "true");
+  try {
+    await action();
+    return true;
+  } catch (problem) {
+    if (problem instanceof Cancelled) desk.wasCancelled = true;
+    else showProblem(text(desk, "failed", String(problem)));
+    return false;
+  } finally {
+    if (--desk.busy === 0) {
+      indicator.hidden = true;
+      byId("work").removeAttribute("aria-busy");
+    }
+    desk.draw();
+  }
+}
+
+export function cancel(desk: Desk): void {
+  stopWork(desk.client);
+  desk.isOpen = false;
+  forgetRun(desk);
+}
+
+/** Opens the files in the worker, also again in a new one. */
+async function openFiles(desk: Desk): Promise<void> {
+  await ask(desk.client, "language", [desk.language]);
+  const answer = await ask<ExportAnswer | FilesAnswer>(desk.client, "open", [settingsText(desk)], desk.files);
+  desk.export = desk.given = undefined;
+  desk.refusals = answer.messages;
+  if ("evidence" in answer) desk.export = answer;
+  else if ("steerPath" in answer) desk.given = answer;
+  // Names are ticked by their places in the survey, which is there only now.
+  if (desk.export && (desk.settings.has("subpopulations") || desk.settings.has("colours"))) {
+    desk.export = await ask<ExportAnswer>(desk.client, "change", [settingsText(desk)]);
+  }
+  desk.isOpen = true;
+}
+
+export function openNew(desk: Desk, files: File[]): Promise<boolean> {
+  desk.files = files;
+  desk.settings = new Map();
+  desk.export = desk.given = undefined;
+  desk.refusals = [];
+  desk.isOpen = false;
+  forgetRun(desk);
+  return work(desk, () => openFiles(desk));
+}
+
+/** Says something else about the export. */
+export function changeSetting(desk: Desk, name: string, value: string): Promise<boolean> {
+  if (value === "") desk.settings.delete(name);
+  else desk.settings.set(name, value);
+  return applySettings(desk);
+}
+
+export function applySettings(desk: Desk): Promise<boolean> {
+  forgetRun(desk);
+  return work(desk, async () => {
+    if (!desk.isOpen || desk.export === undefined) return openFiles(desk);
+    const answer = await ask<ExportAnswer>(desk.client, "change", [settingsText(desk)]);
+    desk.refusals = answer.messages;
+    desk.export = "evidence" in answer ? answer : undefined;
+  });
+}
+
+export function isReady(desk: Desk): boolean {
+  if (desk.given !== undefined) return true;
+  return desk.export !== undefined && desk.export.questions.length === 0 && desk.refusals.length === 0;
+}
+
+/** Has the data file and the steer file made, unless they are there. */
+export async function ensureFiles(desk: Desk): Promise<void> {
+  if (!desk.isOpen) await openFiles(desk);
+  if (desk.given !== undefined) desk.written = desk.given;
+  if (desk.written !== undefined) return;
+  const answer = await ask<FilesAnswer>(desk.client, "write");
+  if ("steerPath" in answer) desk.written = answer;
+  else throw new Error((answer as { messages: string[] }).messages.join("\n"));
+}
+
+export async function ensureCheck(desk: Desk): Promise<void> {
+  await ensureFiles(desk);
+  desk.check ??= await ask<CheckAnswer>(desk.client, "check");
+}
+
+/** Runs, unless that has been done; the charts come with it. */
+export async function ensureRun(desk: Desk): Promise<void> {
+  await ensureCheck(desk);
+  desk.run ??= await ask<RunAnswer>(desk.client, "run");
+  if (desk.run.messages.length > 0 || desk.body !== undefined) return;
+  showPhase(desk, "charts");
+  desk.body = await ask<string>(desk.client, "text", ["body"]);
+}
+
+export async function bytesOf(desk: Desk, name: string, operation: Operation = "bytes"): Promise<Uint8Array> {
+  return ask<Uint8Array>(desk.client, operation, [name]);
+}
+
+/** Another language: everything that the worker said is said again. */
+export function changeLanguage(desk: Desk, language: Language): Promise<boolean> {
+  const keepsReport = desk.export !== undefined && desk.run !== undefined;
+  if (keepsReport && !desk.settings.has("language")) desk.settings.set("language", desk.language);
+  desk.language = language;
+  desk.draw();
+  return work(desk, async () => {
+    if (!desk.isOpen) return desk.files.length > 0 ? openFiles(desk) : undefined;
+    await ask(desk.client, "language", [language]);
+    if (desk.export === undefined) return;
+    const answer = await ask<ExportAnswer>(desk.client, "change", [settingsText(desk)]);
+    desk.refusals = answer.messages;
+    desk.export = "evidence" in answer ? answer : undefined;
+    if (!keepsReport) desk.written = undefined;
+    if (desk.check !== undefined && !keepsReport) {
+      desk.check = undefined;
+      await ensureCheck(desk);
+    } else if (desk.check !== undefined) {
+      desk.check = await ask<CheckAnswer>(desk.client, "check");
+    }
+  });
+}

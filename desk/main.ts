@@ -1,0 +1,103 @@
+// The page itself: its language, the five steps, and what happens when one of them is entered.
+
+import { drawCheck } from "./check_step";
+import { drawData, takeFiles } from "./data_step";
+import { cancel, changeLanguage, createDesk, ensureCheck, ensureRun, isReady, stepNames, text, work } from "./desk";
+import type { Desk, StepName } from "./desk";
+import { button, byId, make } from "./dom";
+import { drawMatings } from "./matings_step";
+import { drawResults } from "./results_step";
+import { drawSettings } from "./settings_step";
+import { textIn } from "./texts";
+import type { Language, TextName } from "./texts";
+
+function canEnter(desk: Desk, step: StepName): boolean {
+  if (step === "data") return true;
+  if (step === "settings") return desk.export !== undefined || desk.given !== undefined;
+  if (step === "check") return isReady(desk);
+  return isReady(desk) && desk.check?.canRun !== false;
+}
+
+/** Does what the step shows, when that has not been done. */
+function prepareStep(desk: Desk): void {
+  if (desk.step === "check" && desk.check === undefined) void work(desk, () => ensureCheck(desk));
+  if ((desk.step === "results" || desk.step === "matings") && desk.run === undefined) void work(desk, () => ensureRun(desk));
+}
+
+function enter(desk: Desk, step: StepName): void {
+  if (!canEnter(desk, step) || desk.busy > 0) return;
+  desk.step = step;
+  desk.wasCancelled = false;
+  desk.draw();
+  prepareStep(desk);
+  byId("title").tabIndex = -1;
+  byId("title").focus();
+  scrollTo(0, 0);
+}
+
+const drawers: Record<StepName, (desk: Desk) => HTMLElement[]> = {
+  data: (desk) => drawData(desk, () => enter(desk, "settings")),
+  settings: (desk) => drawSettings(desk, () => enter(desk, "check")),
+  check: (desk) => (desk.check === undefined ? drawAgain(desk) : drawCheck(desk, () => enter(desk, "results"))),
+  results: (desk) => drawResults(desk, () => prepareStep(desk)),
+  matings: (desk) => drawMatings(desk, () => prepareStep(desk)),
+};
+
+function drawAgain(desk: Desk): HTMLElement[] {
+  return [make("p", { class: "row" }, button(text(desk, "check"), () => prepareStep(desk), { class: "main" }))];
+}
+
+function drawFixedTexts(language: Language): void {
+  document.documentElement.lang = language;
+  for (const element of document.querySelectorAll<HTMLElement>("[data-text]")) {
+    element.textContent = textIn(language, element.dataset.text as TextName);
+  }
+  for (const element of document.querySelectorAll<HTMLElement>("[data-label]")) {
+    element.setAttribute("aria-label", textIn(language, element.dataset.label as TextName));
+  }
+  byId("english").setAttribute("aria-pressed", String(language === "en"));
+  byId("dutch").setAttribute("aria-pressed", String(language === "nl"));
+}
+
+function drawSteps(desk: Desk): void {
+  byId("steps").replaceChildren(...stepNames.map((step, k) => make("li", {},
+    button(`${k + 1} ${text(desk, step)}`, () => enter(desk, step), {
+      id: `step-${step}`, disabled: !canEnter(desk, step), "aria-current": desk.step === step ? "step" : undefined }))));
+}
+
+/** Puts the focus back on the element that had it, as far as it is there again. */
+function keepFocus(draw: () => void): void {
+  const id = document.activeElement?.id ?? "";
+  draw();
+  if (id !== "") document.getElementById(id)?.focus();
+}
+
+function draw(desk: Desk): void {
+  keepFocus(() => {
+    drawFixedTexts(desk.language);
+    drawSteps(desk);
+    byId("title").textContent = text(desk, `${desk.step}Title` as TextName);
+    document.title = `Pedigree Watch – ${text(desk, desk.step)}`;
+    const isWaiting = desk.busy > 0 && (desk.step === "check" ? desk.check === undefined : desk.step !== "data" && desk.step !== "settings" && desk.run === undefined);
+    const note = desk.wasCancelled ? [make("p", { class: "question", id: "cancelled" }, text(desk, "cancelled"))] : [];
+    byId("step").replaceChildren(...note, ...(isWaiting ? [] : drawers[desk.step](desk)));
+  });
+}
+
+function start(): void {
+  const desk = createDesk(navigator.language.toLowerCase().startsWith("nl") ? "nl" : "en", draw);
+  byId("cancel").addEventListener("click", () => cancel(desk));
+  byId("english").addEventListener("click", () => void changeLanguage(desk, "en"));
+  byId("dutch").addEventListener("click", () => void changeLanguage(desk, "nl"));
+  addEventListener("dragover", (event) => event.preventDefault());
+  addEventListener("drop", (event) => {
+    event.preventDefault();
+    const files = [...((event as DragEvent).dataTransfer?.files ?? [])];
+    if (desk.busy > 0 || files.length === 0) return;
+    desk.step = "data";
+    takeFiles(desk, files);
+  });
+  draw(desk);
+}
+
+start();

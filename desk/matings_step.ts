@@ -1,0 +1,117 @@
+// The fifth step: the offspring of a pair, and all males of some years for one female.
+
+import { ask } from "./client";
+import { bytesOf, text, work } from "./desk";
+import type { Desk } from "./desk";
+import { afterPause, button, chooser, make, nameOf, percentage, save, shownNumber } from "./dom";
+import type { Animal, MaleRow, PairAnswer } from "./protocol";
+
+const rowsShown = 50;
+
+function describe(desk: Desk, animal: Animal): HTMLElement {
+  const year = animal.year === 0 ? "" : `, ${animal.year}`;
+  return make("span", {}, nameOf(animal.id), animal.name === "" || animal.name === "-" ? "" : " ", nameOf(animal.name === "-" ? "" : animal.name),
+    `${year}, F ${percentage(animal.f, desk.language, 1)}`);
+}
+
+/** A field in which the beginning of an id or a name is typed, and the animals that begin so. */
+function drawSearch(desk: Desk, role: "female" | "male", chosen: (animal: Animal) => void): HTMLElement {
+  const input = make("input", { type: "search", id: `search-${role}`, size: 28, autocomplete: "off" });
+  const found = make("ul", { class: "found", hidden: true, "aria-label": text(desk, role) }), status = make("p", { class: "hint", role: "status" });
+  let newest = 0;
+  const look = async () => {
+    const mine = ++newest;
+    const { animals } = await ask<{ animals: Animal[] }>(desk.client, "find", [input.value]);
+    if (mine !== newest) return;
+    found.replaceChildren(...animals.map((animal) => make("li", {}, make("button", { type: "button", click: () => chosen(animal) }, describe(desk, animal)))));
+    found.hidden = animals.length === 0;
+    status.textContent = animals.length === 0 && input.value.trim() !== "" ? text(desk, "noneFound") : "";
+  };
+  input.addEventListener("input", afterPause(120, () => void look().catch(() => undefined)));
+  const animal = desk[role];
+  return make("div", {}, make("label", { for: `search-${role}` }, make("strong", {}, text(desk, role)), ` – ${text(desk, "typeId")}`),
+    make("div", {}, input), status, found,
+    animal === undefined ? null : make("p", { id: `chosen-${role}` }, text(desk, "chosen"), describe(desk, animal)));
+}
+
+async function describePair(desk: Desk): Promise<void> {
+  if (desk.female === undefined || desk.male === undefined) return;
+  desk.pair = await ask<PairAnswer>(desk.client, "pair", [desk.male.position, desk.female.position]);
+}
+
+function drawPair(desk: Desk, pair: PairAnswer): HTMLElement {
+  const rows = pair.ancestors.map((ancestor) => make("tr", {}, make("td", {}, nameOf(ancestor.id)), make("td", {}, nameOf(ancestor.name)),
+    make("td", { class: "number" }, ancestor.year === 0 ? "–" : String(ancestor.year)),
+    make("td", { class: "number" }, percentage(ancestor.contribution, desk.language))));
+  const heading = (name: Parameters<typeof text>[1], isNumber = false) => make("th", { scope: "col", class: isNumber ? "number" : "" }, text(desk, name));
+  const kinship = (parent: PairAnswer["sire"]) => make("p", { class: "note" }, nameOf(parent.id), `: ${text(desk, "meanKinship")}: ${percentage(parent.meanKinship, desk.language)}`);
+  return make("div", { id: "pair" }, make("p", {}, `${text(desk, "offspringF")}: `, make("span", { class: "figure", id: "offspring-f" }, percentage(pair.offspringF, desk.language))),
+    kinship(pair.dam), kinship(pair.sire),
+    rows.length === 0 ? make("p", {}, text(desk, "noCommon")) : make("table", { class: "plain" }, make("caption", {}, text(desk, "common")),
+      make("thead", {}, make("tr", {}, heading("id"), heading("nameOfAnimal"), heading("born", true), heading("contribution", true))),
+      make("tbody", {}, ...rows)));
+}
+
+async function listMales(desk: Desk, first: number, byKinship: boolean): Promise<void> {
+  const { count } = await ask<{ count: number }>(desk.client, "orderMales", [byKinship ? 1 : 0]);
+  const { rows } = await ask<{ rows: MaleRow[] }>(desk.client, "listMales", [first, rowsShown]);
+  desk.males = { count, first, rows, byKinship };
+}
+
+function rank(desk: Desk): void {
+  const { female, years } = desk;
+  if (female === undefined || years === undefined) return;
+  void work(desk, async () => {
+    await ask(desk.client, "rankMales", [female.position, years.first, years.last]);
+    await listMales(desk, 0, desk.males?.byKinship ?? false);
+  });
+}
+
+function drawMales(desk: Desk, males: NonNullable<Desk["males"]>): HTMLElement {
+  if (males.count === 0) return make("p", {}, text(desk, "noMales"));
+  const shown = (value: number) => shownNumber(value, desk.language);
+  const move = (first: number, byKinship = males.byKinship) => void work(desk, () => listMales(desk, Math.max(0, first), byKinship));
+  const heading = (name: Parameters<typeof text>[1], isNumber = false) => make("th", { scope: "col", class: isNumber ? "number" : "" }, text(desk, name));
+  const rows = males.rows.map((row) => make("tr", {}, make("td", {}, nameOf(row.id)), make("td", {}, nameOf(row.name === "-" ? "" : row.name)),
+    make("td", { class: "number" }, row.year === 0 ? "–" : String(row.year)), make("td", { class: "number" }, percentage(row.offspringF, desk.language)),
+    make("td", { class: "number" }, percentage(row.meanKinship, desk.language))));
+  return make("div", { id: "males" },
+    make("p", { class: "row" }, make("label", { for: "order" }, text(desk, "orderBy")),
+      chooser([{ value: "f", text: text(desk, "offspringF") }, { value: "k", text: text(desk, "meanKinship") }], males.byKinship ? "k" : "f",
+        (value) => move(0, value === "k"), { id: "order" }),
+      button(text(desk, "saveMales"), () => void work(desk, async () => save("males.tsv", await bytesOf(desk, "males"), "text/tab-separated-values")))),
+    make("p", { class: "row" }, button(text(desk, "before"), () => move(males.first - rowsShown), { disabled: males.first === 0 }),
+      button(text(desk, "after"), () => move(males.first + rowsShown), { disabled: males.first + rowsShown >= males.count }),
+      make("span", { role: "status" }, text(desk, "showing", shown(males.first + 1), shown(Math.min(males.first + rowsShown, males.count)), shown(males.count)))),
+    make("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": text(desk, "allMales") },
+      make("table", { class: "plain" }, make("thead", {}, make("tr", {}, heading("id"), heading("nameOfAnimal"), heading("born", true),
+        heading("offspringF", true), heading("meanKinship", true))), make("tbody", {}, ...rows))));
+}
+
+function drawYears(desk: Desk): HTMLElement {
+  const { lastYear = 0 } = desk.run ?? {};
+  const years = desk.years ??= { first: lastYear - 9, last: lastYear };
+  const field = (id: string, value: number, set: (year: number) => void) => {
+    const input = make("input", { type: "number", id, value, min: -9999, max: 9999 });
+    input.addEventListener("change", () => set(Math.trunc(Number(input.value)) || 0));
+    return input;
+  };
+  return make("p", { class: "row" }, make("label", { for: "first-year" }, text(desk, "bornFrom")), field("first-year", years.first, (year) => { years.first = year; }),
+    make("label", { for: "last-year" }, text(desk, "bornTo")), field("last-year", years.last, (year) => { years.last = year; }),
+    button(text(desk, "rank"), () => rank(desk), { class: "main", disabled: desk.female === undefined, id: "rank" }),
+    desk.female === undefined ? make("span", { class: "hint" }, text(desk, "chooseFemale")) : null);
+}
+
+export function drawMatings(desk: Desk, compute: () => void): HTMLElement[] {
+  if (desk.run === undefined) return [make("p", { class: "row" }, button(text(desk, "compute"), compute, { class: "main" }))];
+  if (desk.run.messages.length > 0) return [make("p", { class: "problem" }, desk.run.messages.join("\n"))];
+  const take = (role: "female" | "male") => (animal: Animal) => {
+    desk[role] = animal;
+    if (role === "female") desk.males = undefined;
+    void work(desk, () => describePair(desk)).then(() => document.getElementById(`search-${role}`)?.focus());
+  };
+  return [make("h2", {}, text(desk, "pairTitle")),
+    make("div", { class: "pair" }, drawSearch(desk, "female", take("female")), drawSearch(desk, "male", take("male"))),
+    ...(desk.pair === undefined ? [] : [drawPair(desk, desk.pair)]), make("h2", {}, text(desk, "allMales")), drawYears(desk),
+    ...(desk.males === undefined ? [] : [drawMales(desk, desk.males)])];
+}

@@ -1,0 +1,3 @@
+declare module "page-script" {
+  export function readFigures(): void;
+}

@@ -1,0 +1,48 @@
+// What the page asks the worker, and what the worker says. The answers are those of src/desk.
+
+export type Operation =
+  | "open" | "change" | "write" | "check" | "chooseFindings" | "listFindings" | "run" | "text" | "bytes" | "find"
+  | "pair" | "rankMales" | "orderMales" | "listMales" | "language" | "files";
+
+export interface Question { id: number; operation: Operation; values: (string | number)[]; files?: File[]; }
+export interface Reply { id: number; answer?: unknown; failure?: string; }
+export interface PhaseMessage { phase: string; }
+
+export interface Messages { messages: string[]; }
+export interface Field { name: string; description: string; isRequired: boolean; }
+export interface CountedName { place: number; text: string; count: number; isListed: boolean; }
+
+export interface ExportAnswer extends Messages {
+  questions: string[];
+  evidence: { label: string; text: string }[];
+  encoding: string; delimiter: string; hasHeader: boolean; animals: number;
+  headings: string[]; columns: string[]; fields: Field[]; lines: string[][];
+  sexes: { text: string; count: number; meaning: "male" | "female" | "unknown" }[];
+  unknownParents: { text: string; count: number; isUnknown: boolean }[];
+  subpopulations: CountedName[]; colours: CountedName[];
+  dates: { isAmbiguous: boolean; written: string; orders: { layout: string; count: number }[] };
+  species: string; allSpecies: string[]; name: string; steer: string; dataName: string;
+}
+
+export interface FilesAnswer extends Messages {
+  note: string; steer: string; steerPath: string; dataPath: string; dataName: string; reportName: string;
+  population: string;
+}
+
+export interface FindingKind { name: string; severity: "S" | "W" | "L"; severityText: string; parts: string; count: number; }
+export interface CheckAnswer extends Messages {
+  animals: number; canRun: boolean; isFromExport: boolean; count: number; kinds: FindingKind[];
+}
+export interface FindingRow {
+  line: number; originalLine: number; column: number; id: string; kind: string; severity: "S" | "W" | "L"; text: string;
+  original: string;
+}
+
+export interface RunAnswer extends Messages { animals: number; firstYear: number; lastYear: number; reportName: string; }
+
+export interface Animal { position: number; id: string; name: string; isMale: boolean; year: number; f: number | null; }
+export interface Parent extends Animal { meanKinship: number | null; }
+export interface PairAnswer {
+  offspringF: number | null; sire: Parent; dam: Parent; ancestors: (Animal & { contribution: number | null })[];
+}
+export interface MaleRow extends Parent { offspringF: number | null; }

@@ -1,0 +1,110 @@
+// The second step: what the user says about dates, sexes, parents, species and names; the steer file that comes of it.
+
+import { bytesOf, changeSetting, ensureFiles, isReady, text, work } from "./desk";
+import type { Desk } from "./desk";
+import { button, chooser, make, nameOf, save, shownNumber } from "./dom";
+import type { CountedName, ExportAnswer } from "./protocol";
+import { drawQuestions } from "./data_step";
+
+const mostTicks = 200;
+
+function drawDates(desk: Desk): HTMLElement {
+  const choices = [{ value: "", text: text(desk, "asRecognised") }, { value: "dd-mm-yyyy", text: text(desk, "dayFirst") },
+    { value: "mm-dd-yyyy", text: text(desk, "monthFirst") }];
+  return chooser(choices, desk.settings.get("dates") ?? "", (value) => void changeSetting(desk, "dates", value), { id: "dates" });
+}
+
+function drawMales(desk: Desk, answer: ExportAnswer): HTMLElement {
+  const males = answer.sexes.filter(({ meaning }) => meaning === "male").map((sex) => sex.text).join(", ");
+  const choices = [{ value: "", text: `${text(desk, "asRecognised")}${males === "" ? "" : `: ${males}`}` },
+    ...answer.sexes.filter((sex) => sex.text !== "").map((sex) => ({
+      value: sex.text, text: text(desk, "counted", sex.text, shownNumber(sex.count, desk.language)) }))];
+  return chooser(choices, desk.settings.get("male") ?? "", (value) => void changeSetting(desk, "male", value), { id: "male" });
+}
+
+function drawUnknown(desk: Desk, answer: ExportAnswer): HTMLElement {
+  const input = make("input", { type: "text", id: "unknown", size: 40, "aria-describedby": "unknown-hint" });
+  input.value = desk.settings.get("unknown") ?? "";
+  input.addEventListener("change", () => void changeSetting(desk, "unknown", input.value.trim()));
+  const found = answer.unknownParents.filter(({ isUnknown }) => isUnknown).slice(0, 20)
+    .map((parent) => text(desk, "counted", parent.text === "" ? "–" : parent.text, shownNumber(parent.count, desk.language)));
+  return make("div", {}, input, make("p", { class: "hint", id: "unknown-hint" }, text(desk, "unknownHint")),
+    make("p", { class: "hint" }, text(desk, "takenAsUnknown"), nameOf(found.join(", "))));
+}
+
+function drawSpecies(desk: Desk, answer: ExportAnswer): HTMLElement {
+  const choices = [{ value: "", text: answer.species === "" ? text(desk, "chooseSpecies") : text(desk, "asRecognised") },
+    ...answer.allSpecies.map((name) => ({ value: name, text: name }))];
+  const chosen = desk.settings.get("species") ?? "";
+  return chooser(choices, answer.allSpecies.includes(chosen) ? chosen : answer.allSpecies.includes(answer.species) && chosen !== "" ? answer.species : "",
+    (value) => void changeSetting(desk, "species", value), { id: "species" });
+}
+
+function drawLanguage(desk: Desk): HTMLElement {
+  return chooser([{ value: "en", text: "English" }, { value: "nl", text: "Nederlands" }],
+    desk.settings.get("language") ?? desk.language, (value) => void changeSetting(desk, "language", value), { id: "report-language" });
+}
+
+function drawName(desk: Desk, answer: ExportAnswer): HTMLElement {
+  const input = make("input", { type: "text", id: "population", maxlength: 40, size: 40 });
+  input.value = desk.settings.get("name") ?? answer.name;
+  input.addEventListener("change", () => void changeSetting(desk, "name", input.value.trim()));
+  return input;
+}
+
+function drawTicks(desk: Desk, key: "subpopulations" | "colours", names: CountedName[]): HTMLElement | null {
+  if (names.length === 0) return null;
+  const chosen = new Set(names.filter(({ isListed }) => isListed).map(({ place }) => place));
+  const apply = () => {
+    const value = chosen.size === 0 ? "none" : names.filter(({ place }) => chosen.has(place)).map(({ place }) => place).join(",");
+    void changeSetting(desk, key, value);
+  };
+  const ticks = names.slice(0, mostTicks).map(({ place, text: name, count }) => {
+    const box = make("input", { type: "checkbox", id: `${key}-${place}` });
+    box.checked = chosen.has(place);
+    box.addEventListener("change", () => {
+      if (box.checked) chosen.add(place);
+      else chosen.delete(place);
+      apply();
+    });
+    return make("label", {}, box, " ", nameOf(name === "" ? "–" : name), ` (${shownNumber(count, desk.language)})`);
+  });
+  const rest = names.length > mostTicks ? make("p", { class: "hint" }, `… ${shownNumber(names.length - mostTicks, desk.language)}`) : null;
+  return make("fieldset", {}, make("legend", {}, text(desk, key)), make("p", { class: "hint" }, text(desk, "ticksHint")),
+    make("p", { class: "row" }, button(text(desk, "all"), () => void changeSetting(desk, key, "all")),
+      button(text(desk, "none"), () => void changeSetting(desk, key, "none"))),
+    make("div", { class: "ticks", tabindex: 0, role: "group", "aria-label": text(desk, key) }, ...ticks, rest));
+}
+
+function drawForm(desk: Desk, answer: ExportAnswer): HTMLElement {
+  const label = (name: Parameters<typeof text>[1], id: string) => make("label", { for: id }, text(desk, name));
+  return make("div", { class: "form" },
+    label("name", "population"), drawName(desk, answer), label("species", "species"), drawSpecies(desk, answer),
+    label("reportLanguage", "report-language"), drawLanguage(desk), label("dates", "dates"), drawDates(desk),
+    label("malesWritten", "male"), drawMales(desk, answer), label("unknownParents", "unknown"), drawUnknown(desk, answer));
+}
+
+function drawSteer(desk: Desk, steer: string, dataName: string): HTMLElement[] {
+  const saveFile = (name: string, path: (files: NonNullable<Desk["written"]>) => string) => void work(desk, async () => {
+    await ensureFiles(desk);
+    if (desk.written !== undefined) save(name, await bytesOf(desk, path(desk.written), "files"), "text/plain");
+  });
+  return [make("h2", {}, text(desk, "steerFile")), make("p", { class: "hint" }, text(desk, "steerHint", dataName)),
+    make("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": text(desk, "steerFile") }, make("pre", { id: "steer" }, steer)),
+    make("p", { class: "row" }, button(text(desk, "saveSteer"), () => saveFile("pedigreewatch.ini", ({ steerPath }) => steerPath)),
+      button(text(desk, "saveData"), () => saveFile(dataName, ({ dataPath }) => dataPath)))];
+}
+
+export function drawSettings(desk: Desk, goOn: () => void): HTMLElement[] {
+  const parts: (HTMLElement | null)[] = [...drawQuestions(desk)];
+  if (desk.given !== undefined) {
+    parts.push(make("p", {}, text(desk, "givenSettings")), ...drawSteer(desk, desk.given.steer, desk.given.dataName));
+  } else if (desk.export !== undefined) {
+    const answer = desk.export;
+    parts.push(drawForm(desk, answer), drawTicks(desk, "subpopulations", answer.subpopulations), drawTicks(desk, "colours", answer.colours));
+    if (answer.steer !== "") parts.push(...drawSteer(desk, answer.steer, answer.dataName));
+  }
+  parts.push(make("p", { class: "row" },
+    button(text(desk, "next", text(desk, "check")), goOn, { class: "main", disabled: !isReady(desk) })));
+  return parts.filter((part): part is HTMLElement => part !== null);
+}

@@ -1,0 +1,284 @@
+// The desk as its users meet it: in a browser, from a file on disk.
+
+import assert from "node:assert/strict";
+import { execFileSync } from "node:child_process";
+import { mkdirSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from "node:fs";
+import { tmpdir } from "node:os";
+import { join } from "node:path";
+import { after, before, describe, test } from "node:test";
+import { choose, enter, idle, openDesk, pressButton, root, saved, startBrowser, textOf, writeInput } from "./browser.mjs";
+
+const program = process.env.PEDIGREEWATCH ?? join(root, "build/release/pedigreewatch");
+const makePopulation = process.env.MAKE_POPULATION ?? join(root, "build/release/bench/make_population");
+const axe = readFileSync(join(root, "desk/tests/node_modules/axe-core/axe.min.js"), "utf8");
+const steps = ["data", "settings", "check", "results", "matings"];
+
+let browser;
+before(async () => { browser = await startBrowser(); });
+after(async () => { await browser.close(); });
+
+/** Runs `action` with a desk of its own, which must have asked for nothing and met no problem. */
+async function withDesk(action, options = {}) {
+  const desk = await openDesk(browser, options);
+  try {
+    await action(desk.page, desk);
+    assert.deepEqual(desk.requests, [], "the desk has asked for something");
+    assert.deepEqual(desk.problems, [], "the browser has met problems");
+  } finally {
+    await desk.close();
+  }
+}
+
+/** An export of an office: commas, every field in quotation marks, accents, two quotation marks for one. */
+function officeExport() {
+  const quoted = (fields) => fields.map((field) => `"${String(field).replaceAll('"', '""')}"`).join(",");
+  const lines = [quoted(["ID", "Name", "Sex", "Born", "Sire", "Dam", "Colour", "Region"])];
+  let seed = 7;
+  const random = (count) => {
+    seed = (seed * 1103515245 + 12345) % 2147483648;
+    return Math.floor((seed / 2147483648) * count);
+  };
+  for (let k = 1; k <= 400; ++k) {
+    const year = 2000 + Math.floor(k / 40), parent = (odd) => (k <= 40 ? "" : `S${2 * random((k - 21) >> 1) + (odd ? 1 : 2)}`);
+    lines.push(quoted([`S${k}`, `Zo\u00eb "${k}"`, k % 2 === 1 ? "ram" : "ewe", `${String(1 + random(28)).padStart(2, "0")}-05-${year}`,
+      parent(true), parent(false), ["grey", "black"][k % 2], ["Noord, Oost", "Zuid"][random(2)]]));
+  }
+  return lines.join("\r\n") + "\r\n";
+}
+
+/** The report that the program itself writes for these two files. */
+function nativeReport(steer, data, dataName, reportName) {
+  const folder = mkdtempSync(join(tmpdir(), "desk-native-"));
+  try {
+    writeFileSync(join(folder, "pedigreewatch.ini"), steer);
+    writeFileSync(join(folder, dataName), data);
+    execFileSync(program, [], { cwd: folder, stdio: "ignore" });
+    return readFileSync(join(folder, reportName));
+  } finally {
+    rmSync(folder, { recursive: true, force: true });
+  }
+}
+
+async function violations(page) {
+  await page.evaluate(axe);
+  const found = await page.evaluate(() => axe.run(document));
+  return found.violations.map(({ id, nodes }) => `${id}: ${nodes.map(({ html }) => html.slice(0, 120)).join(" | ")}`);
+}
+
+test("AnExportInUtf8WithQuotesBecomesChartsAndTheReportOfTheProgram", () => withDesk(async (page, desk) => {
+  await choose(page, writeInput(desk, "sheep.csv", officeExport()));
+  assert.match(await textOf(page, "#step"), /UTF-8/);
+  assert.match(await textOf(page, ".lines"), /Zo\u00eb "1"/);
+  await enter(page, "settings");
+  assert.match(await textOf(page, "#steer"), /sheep/);
+  assert.match(await textOf(page, "#step"), /Noord, Oost/);
+  await enter(page, "check");
+  assert.match(await textOf(page, "#step"), /400 animals were checked/);
+  await enter(page, "results");
+  assert.ok((await page.$$("#results-body svg")).length > 5);
+  await enter(page, "settings");
+  const steer = await saved(desk, "Save the steer file", "pedigreewatch.ini");
+  const name = steer.toString("latin1").split(/\r?\n/)[1];
+  const data = await saved(desk, "Save the data file", name);
+  await enter(page, "results");
+  const reportName = name.replace(/txt$/, "out");
+  const report = await saved(desk, "Save the report", reportName);
+  assert.ok(report.equals(nativeReport(steer, data, name, reportName)), "the program writes another report");
+  await pressButton(page, "Report as text");
+  await page.waitForFunction(() => document.getElementById("report").textContent.length > 1000);
+  assert.match((await saved(desk, "Save the page", name.replace(/txt$/, "html"))).toString(), /^<!DOCTYPE html>/i);
+  assert.match((await saved(desk, "Save the table by year", name.replace(".txt", "_years.tsv"))).toString(), /^[a-z_]+\t/);
+}));
+
+test("ADataFileWithItsSteerFileIsTakenAsItIs", () => withDesk(async (page, desk) => {
+  const folder = join(root, "examples/heide-nl");
+  await choose(page, join(folder, "heide.txt"), join(folder, "pedigreewatch.ini"));
+  await enter(page, "results");
+  const report = await saved(desk, "Save the report", "heide.out");
+  assert.ok(report.equals(readFileSync(join(folder, "heide.out"))));
+}));
+
+test("AnAnimalThatIsItsOwnAncestorIsFoundAndStopsTheResults", () => withDesk(async (page, desk) => {
+  const lines = ["id;sex;birthdate;sire;dam", "A;m;01-01-2000;C;", "B;f;01-01-2000;;", "C;m;01-01-2001;A;B", "D;f;01-01-2002;C;B"];
+  await choose(page, writeInput(desk, "loop.csv", lines.join("\n")));
+  await enter(page, "settings");
+  await page.select("#species", "dog");
+  await idle(page);
+  await enter(page, "check");
+  assert.match(await textOf(page, "#step"), /loop/);
+  assert.ok(await page.$eval("#step-results", (button) => button.disabled));
+  await pressButton(page, "Show");
+  await page.waitForFunction(() => document.querySelectorAll("#findings tbody tr").length > 0);
+  assert.match(await textOf(page, "#findings"), /A;m;01-01-2000;C;/);
+}));
+
+describe("WrongFilesAreToldInPlainWords", () => {
+  const picture = Buffer.from("89504e470d0a1a0a0000000d49484452", "hex");
+  for (const [name, content, message] of [["photo.png", picture, /no text|another kind/], ["nothing.csv", "", /empty/]]) {
+    test(name, () => withDesk(async (page, desk) => {
+      await choose(page, writeInput(desk, name, content));
+      assert.match(await textOf(page, "#step .problem"), message);
+      assert.ok(await page.$eval("#step-settings", (button) => button.disabled));
+    }));
+  }
+  test("UTF-16 is read", () => withDesk(async (page, desk) => {
+    await choose(page, writeInput(desk, "wide.csv", Buffer.from(`\ufeff${officeExport()}`, "utf16le")));
+    assert.match(await textOf(page, "#step"), /UTF-16/);
+    assert.match(await textOf(page, ".lines"), /Zo\u00eb/);
+  }));
+  test("three files", () => withDesk(async (page, desk) => {
+    await choose(page, ...["a.csv", "b.csv", "c.csv"].map((name) => writeInput(desk, name, "x")));
+    assert.match(await textOf(page, "#problems"), /cannot be used together/);
+  }));
+});
+
+test("HostileNamesAreTextOnEveryStep", () => withDesk(async (page, desk) => {
+  const hostile = ["<script>alert(1)</script>", "<img src=x onerror=alert(2)>", "\"'><b>bold</b>", "a\u202eb", "x\u0001y", "${7*7}&amp;"];
+  const quoted = (text) => `"${text.replaceAll('"', '""')}"`;
+  const lines = ["id,name,sex,birthdate,sire,dam,colour,breeder,subpopulation"];
+  for (let k = 0; k < 60; ++k) {
+    const name = hostile[k % hostile.length], parents = k < 12 ? ["", ""] : [`${hostile[0]}${(k % 6) * 2}`, `${hostile[0]}${(k % 5) * 2 + 1}`];
+    lines.push([`${hostile[0]}${k}`, name, k % 2 ? "f" : "m", `${2000 + Math.floor(k / 6)}-03-0${1 + (k % 9)}`, ...parents, name, name, name].map(quoted).join(","));
+  }
+  await choose(page, writeInput(desk, "<b>hostile.csv".replace(/[<>]/g, "_"), lines.join("\n")));
+  await enter(page, "settings");
+  await page.select("#species", "dog");
+  await idle(page);
+  const isClean = () => page.evaluate(() => document.querySelectorAll("main script, main img, main b").length === 0);
+  for (const step of steps) {
+    await enter(page, step);
+    assert.ok(await isClean(), step);
+  }
+  await page.type("#search-female", "<script>");
+  await page.waitForSelector(".found button");
+  assert.match(await textOf(page, ".found"), /<script>alert\(1\)/);
+  assert.ok(await isClean());
+}));
+
+test("ARunThatIsCancelledKeepsDataAndSettings", () => withDesk(async (page, desk) => {
+  const folder = mkdtempSync(join(tmpdir(), "desk-large-"));
+  try {
+    execFileSync(makePopulation, ["bench", "200000", folder], { stdio: "ignore" });
+    const name = readFileSync(join(folder, "pedigreewatch.ini"), "latin1").split(/\r?\n/)[1];
+    await choose(page, join(folder, name));
+    await enter(page, "settings");
+    await page.select("#species", "dog");
+    await idle(page);
+    await page.click("#step-results");
+    await page.waitForSelector("#busy:not([hidden])");
+    await page.click("#cancel");
+    await page.waitForSelector("#cancelled");
+    await enter(page, "settings");
+    assert.equal(await page.$eval("#species", (element) => element.value), "dog");
+    await enter(page, "results", 300_000);
+    assert.ok((await page.$$("#results-body svg")).length > 5);
+  } finally {
+    rmSync(folder, { recursive: true, force: true });
+  }
+}));
+
+test("AMillionAnimalsGoThrough", () => withDesk(async (page, desk) => {
+  const folder = mkdtempSync(join(tmpdir(), "desk-large-"));
+  try {
+    execFileSync(makePopulation, ["bench", "1000000", folder], { stdio: "ignore" });
+    const name = readFileSync(join(folder, "pedigreewatch.ini"), "latin1").split(/\r?\n/)[1];
+    await choose(page, join(folder, name), join(folder, "pedigreewatch.ini"));
+    await enter(page, "results", 600_000);
+    assert.ok((await page.$$("#results-body svg")).length > 5);
+    const report = await saved(desk, "Save the report", name.replace(/txt$/, "out"));
+    execFileSync(program, [], { cwd: folder, stdio: "ignore" });
+    assert.ok(report.equals(readFileSync(join(folder, name.replace(/txt$/, "out")))));
+  } finally {
+    rmSync(folder, { recursive: true, force: true });
+  }
+}));
+
+test("TheKeyboardAloneIsEnough", () => withDesk(async (page) => {
+  const tabTo = async (selector) => {
+    for (let k = 0; k < 200; ++k) {
+      await page.keyboard.press("Tab");
+      if (await page.evaluate((wanted) => document.activeElement?.matches(wanted) ?? false, selector)) return;
+    }
+    assert.fail(`the keyboard does not reach ${selector}`);
+  };
+  const press = async (selector) => {
+    await tabTo(selector);
+    await page.keyboard.press("Enter");
+    await idle(page);
+  };
+  await page.evaluate(() => document.body.focus());
+  await press(".drop button");
+  for (const step of steps.slice(1)) {
+    await press("button.main");
+    if (step === "results") break;
+    assert.ok(await page.$(`#step-${step}[aria-current="step"]`), step);
+  }
+  await press("#step-matings");
+  await tabTo("#search-female");
+  await page.keyboard.type("HS");
+  await page.waitForSelector(".found button");
+  await press(".found button");
+  await press("#rank");
+  assert.ok(await page.$("#males table"));
+}));
+
+describe("BothLanguages", () => {
+  for (const [language, expected] of [["en", /Which animals is it about/], ["nl", /Om welke dieren gaat het/]]) {
+    test(language, () => withDesk(async (page) => {
+      assert.match(await textOf(page, "#title"), expected);
+      assert.equal(await page.$eval("html", (element) => element.lang), language);
+      await pressButton(page, language === "nl" ? "Probeer het voorbeeld" : "Try the example");
+      await idle(page);
+      await page.click(language === "nl" ? "#english" : "#dutch");
+      await idle(page);
+      assert.match(await textOf(page, "#step"), language === "nl" ? /What was recognised/ : /Wat herkend is/);
+      assert.match(await textOf(page, ".evidence"), language === "nl" ? /Delimiter/ : /Scheiding/);
+    }, { language }));
+  }
+});
+
+test("EveryStepIsAccessibleAndIsPictured", () => withDesk(async (page) => {
+  const pictures = process.env.DESK_PICTURES;
+  if (pictures) mkdirSync(pictures, { recursive: true });
+  await pressButton(page, "Try the example");
+  await idle(page);
+  for (const step of steps) {
+    await enter(page, step);
+    if (step === "matings") {
+      for (const [role, number] of [["female", "HS01000"], ["male", "HS009"]]) {
+        await page.type(`#search-${role}`, number);
+        await page.waitForSelector(`#search-${role}`);
+        await page.waitForFunction((name) => [...document.querySelectorAll("ul.found")].some((list) => !list.hidden && list.ariaLabel === name),
+          {}, role === "female" ? "Female" : "Male");
+        await page.evaluate((name) => [...document.querySelectorAll("ul.found")].find((list) => list.ariaLabel === name).querySelector("button").click(),
+          role === "female" ? "Female" : "Male");
+        await idle(page);
+        await page.waitForSelector(`#chosen-${role}`);
+      }
+      await page.click("#rank");
+      await page.waitForSelector("#males table");
+      await idle(page);
+    }
+    if (step === "check") await page.waitForFunction(() => document.querySelectorAll("#findings tbody tr").length > 0 || !document.getElementById("findings"));
+    assert.deepEqual(await violations(page), [], step);
+    if (pictures) await page.screenshot({ path: join(pictures, `desk-${steps.indexOf(step) + 1}-${step}.png`) });
+  }
+}));
+
+test("ThePolicyRefusesEveryRequest", async () => {
+  const desk = await openDesk(browser);
+  try {
+    const isRefused = await desk.page.evaluate(async () => {
+      try {
+        await fetch("https://example.org/");
+        return false;
+      } catch {
+        return true;
+      }
+    });
+    assert.ok(isRefused);
+    assert.ok(desk.problems.some((problem) => /Content Security Policy/.test(problem)), desk.problems.join("\n"));
+  } finally {
+    await desk.close();
+  }
+});

@@ -1,0 +1,145 @@
+// The worker: keeps the core with its handle and answers one question after the other. Files lie in the memory of the
+// core's own file system.
+
+import type { Question } from "./protocol";
+
+interface FileSystem {
+  mkdir(path: string): void;
+  chdir(path: string): void;
+  readdir(path: string): string[];
+  unlink(path: string): void;
+  writeFile(path: string, bytes: Uint8Array, options?: { canOwn: boolean }): void;
+  readFile(path: string): Uint8Array;
+}
+interface Core {
+  FS: FileSystem;
+  HEAPU8: Uint8Array;
+  addFunction(procedure: (text: number) => void, signature: string): number;
+  UTF8ToString(address: number): string;
+  stringToUTF8(text: string, address: number, size: number): void;
+  lengthBytesUTF8(text: string): number;
+  [operation: `_${string}`]: (...values: number[]) => number;
+}
+declare function createDeskCore(): Promise<Core>;
+declare function postMessage(message: unknown, transfer?: Transferable[]): void;
+
+const exportFolder = "/export", runFolder = "/run";
+
+/** The date as the core wants it: year * 10000 + month * 100 + day. */
+function numberOfToday(): number {
+  const now = new Date();
+  return now.getFullYear() * 10000 + (now.getMonth() + 1) * 100 + now.getDate();
+}
+
+interface Desk { core: Core; handle: number; }
+
+/** Calls an operation of the core; texts become UTF-8 for as long as it takes. */
+function call(desk: Desk, operation: string, values: (string | number)[]): void {
+  const { core } = desk;
+  const places: number[] = [];
+  const numbers = values.map((value) => {
+    if (typeof value === "number") return value;
+    const size = core.lengthBytesUTF8(value) + 1, place = core._malloc(size);
+    core.stringToUTF8(value, place, size);
+    places.push(place);
+    return place;
+  });
+  core[`_${operation}`](desk.handle, ...numbers);
+  for (const place of places) core._free(place);
+}
+
+/** The bytes of the last answer, copied out of the core. */
+function answerBytes(desk: Desk): Uint8Array {
+  const begin = desk.core._desk_answer(desk.handle) >>> 0, size = desk.core._desk_answer_size(desk.handle) >>> 0;
+  return desk.core.HEAPU8.slice(begin, begin + size);
+}
+
+function answerText(desk: Desk): string {
+  return new TextDecoder().decode(answerBytes(desk));
+}
+
+function askForObject(desk: Desk, operation: string, values: (string | number)[]): unknown {
+  call(desk, operation, values);
+  return JSON.parse(answerText(desk));
+}
+
+async function createDesk(): Promise<Desk> {
+  const core = await createDeskCore();
+  core.FS.mkdir(exportFolder);
+  core.FS.mkdir(runFolder);
+  core.FS.chdir(exportFolder);
+  const desk = { core, handle: 0 };
+  const tell = core.addFunction((text) => postMessage({ phase: core.UTF8ToString(text) }), "vi");
+  const folder = core._malloc(runFolder.length + 1);
+  core.stringToUTF8(runFolder, folder, runFolder.length + 1);
+  desk.handle = core._desk_create(folder, numberOfToday(), tell);
+  core._free(folder);
+  return desk;
+}
+
+function emptyFolder(core: Core, folder: string): void {
+  for (const name of core.FS.readdir(folder)) {
+    if (name !== "." && name !== "..") core.FS.unlink(`${folder}/${name}`);
+  }
+}
+
+/** A name that any file system takes. */
+function safeName(name: string): string {
+  const safe = name.replace(/[/\\\0]/g, "_");
+  return safe === "" || safe === "." || safe === ".." ? "export" : safe.slice(0, 80);
+}
+
+/** Takes the files and opens them: one is an export, two are a steer file and its data file. */
+async function open(desk: Desk, files: File[], settings: string): Promise<unknown> {
+  const { core } = desk;
+  emptyFolder(core, exportFolder);
+  emptyFolder(core, runFolder);
+  postMessage({ phase: "reading" });
+  for (const file of files) {
+    const bytes = new Uint8Array(await file.arrayBuffer());
+    core.FS.writeFile(safeName(file.name), bytes, { canOwn: true });
+  }
+  const names = files.map((file) => safeName(file.name));
+  const steer = names.find((name) => /\.ini$/i.test(name));
+  if (files.length === 1 || steer === undefined) return askForObject(desk, "desk_open", [names[0], settings]);
+  const data = names.find((name) => name !== steer) ?? steer;
+  return askForObject(desk, "desk_open_pair", [steer, data]);
+}
+
+const operations: Partial<Record<Question["operation"], string>> = {
+  change: "desk_change", write: "desk_write", check: "desk_check", chooseFindings: "desk_choose_findings",
+  listFindings: "desk_list_findings", run: "desk_run", find: "desk_find", pair: "desk_pair",
+  rankMales: "desk_rank_males", orderMales: "desk_order_males", listMales: "desk_list_males",
+};
+
+async function answer(desk: Desk, question: Question): Promise<unknown> {
+  const { operation, values } = question;
+  if (operation === "open") return open(desk, question.files ?? [], String(values[0]));
+  if (operation === "language") return call(desk, "desk_set_language", values);
+  if (operation === "text" || operation === "bytes") {
+    call(desk, "desk_text", values);
+    return operation === "text" ? answerText(desk) : answerBytes(desk);
+  }
+  if (operation === "files") return desk.core.FS.readFile(String(values[0])).slice();
+  const name = operations[operation];
+  if (name === undefined) throw new Error(operation);
+  return askForObject(desk, name, values);
+}
+
+let desk: Promise<Desk> | undefined;
+let last: Promise<void> = Promise.resolve();
+
+async function reply(question: Question): Promise<void> {
+  try {
+    desk ??= createDesk();
+    const value = await answer(await desk, question);
+    postMessage({ id: question.id, answer: value }, value instanceof Uint8Array ? [value.buffer as ArrayBuffer] : []);
+  } catch (problem) {
+    postMessage({ id: question.id, failure: String(problem) });
+  }
+}
+
+addEventListener("message", (event) => {
+  const question = (event as MessageEvent).data as Question;
+  last = last.then(() => reply(question));
+});

@@ -1,0 +1,236 @@
+// The road of the desk from an export to a mating, without a browser.
+
+#include "desk/desk.h"
+
+#include <gtest/gtest.h>
+
+#include "desk/check_desk.h"
+#include "desk/desk_interface.h"
+#include "desk/export_desk.h"
+#include "desk/matings_desk.h"
+#include "desk/run_desk.h"
+#include "desk/tables_desk.h"
+#include "support/program_run.h"
+#include "support/run_folder.h"
+
+namespace pedigreewatch {
+namespace {
+
+using test::Files;
+using test::RunFolder;
+
+/// Two founders, their son and daughter, the young of those two (F = 1/4), and a dam from elsewhere.
+constexpr const char* family =
+    "Number,Name,Sex,Born,Father,Mother,Area\n"
+    "A,Adam,ram,13-01-2000,,,North\n"
+    "B,Bea,ewe,14-01-2000,,,North\n"
+    "\n"
+    "C,Cas,ram,15-02-2002,A,B,South\n"
+    "D,Dot,ewe,15-02-2002,A,B,South\n"
+    "E,Eef,ram,15-03-2004,C,D,South\n"
+    "F,Fay,ewe,15-03-2004,,,North\n";
+
+bool holds(const std::string& text, std::string_view wanted) {
+  return text.find(wanted) != std::string::npos;
+}
+
+/// A desk that works in a folder of its own, with an export opened.
+struct OpenedDesk {
+  RunFolder folder;
+  Desk desk;
+  std::string answer;
+
+  explicit OpenedDesk(const std::string& bytes, std::string_view settings = "language=en") : folder(Files{{"export.csv", bytes}}) {
+    desk.folder = folder.path();
+    desk.today = {2026, 1, 31};
+    answer = open_export(desk, folder.path("export.csv"), settings);
+  }
+};
+
+TEST(Desk, SaysWhatAnExportIs) {
+  const OpenedDesk opened(family);
+  EXPECT_TRUE(holds(opened.answer, R"("messages":[],"questions":[])")) << opened.answer;
+  EXPECT_TRUE(holds(opened.answer, R"("columns":["id","name","sex","birthdate","sire","dam","subpopulation"])"))
+      << opened.answer;
+  EXPECT_TRUE(holds(opened.answer, R"("lines":[["A","Adam","ram","13-01-2000","","","North"])")) << opened.answer;
+  EXPECT_TRUE(holds(opened.answer, R"({"text":"ram","count":3,"meaning":"male"})")) << opened.answer;
+  EXPECT_TRUE(holds(opened.answer, R"({"place":1,"text":"South","count":3,"isListed":true})")) << opened.answer;
+  EXPECT_TRUE(holds(opened.answer, R"("species":"sheep")")) << opened.answer;
+}
+
+TEST(Desk, NamesNoOptionOfTheCommandLine) {
+  const OpenedDesk opened("id;sex;birthdate;sire;dam\nA;x;01-02-2000;;\nB;y;01-02-2001;A;\n");
+  EXPECT_TRUE(holds(opened.answer, "males are written")) << opened.answer;
+  EXPECT_FALSE(holds(opened.answer, "--")) << opened.answer;
+}
+
+TEST(Desk, RefusesWhatIsNoText) {
+  const OpenedDesk opened(std::string("\x89PNG\r\n\x1A\n\0\0", 10));
+  EXPECT_TRUE(holds(opened.answer, "no text")) << opened.answer;
+  EXPECT_FALSE(holds(opened.answer, "evidence"));
+  EXPECT_FALSE(opened.desk.has_export);
+}
+
+TEST(Desk, TakesColumnsAsItsUserSays) {
+  OpenedDesk opened(family);
+  const std::string answer = change_settings(opened.desk, "language=en\ncolumn.subpopulation=none\ncolumn.colour=7");
+  EXPECT_TRUE(holds(answer, R"("dam","colour"])")) << answer;
+}
+
+TEST(Desk, ForgetsTheRunWhenASettingChangesButNotWithTheLanguage) {
+  OpenedDesk opened(family);
+  write_files_of_export(opened.desk);
+  ASSERT_TRUE(holds(run_analysis(opened.desk), R"("animals":6)"));
+  opened.desk.language = ToolLanguage::dutch;
+  const std::string answer = change_settings(opened.desk, "language=en");
+  EXPECT_TRUE(holds(answer, "Scheiding")) << answer;
+  EXPECT_TRUE(opened.desk.results);
+  change_settings(opened.desk, "language=nl");
+  EXPECT_FALSE(opened.desk.results || opened.desk.files || opened.desk.steer);
+}
+
+TEST(Desk, WritesTheReportOfTheProgram) {
+  OpenedDesk opened(family);
+  write_files_of_export(opened.desk);
+  run_analysis(opened.desk);
+  const test::WholeRun run = run_program_in(opened.folder);
+  ASSERT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_EQ(report_bytes(opened.desk), run.file("export.out"));
+  EXPECT_FALSE(report_bytes(opened.desk).empty());
+}
+
+TEST(Desk, WritesTheReportInTheLanguageOfTheSettings) {
+  OpenedDesk opened(family, "language=nl");
+  EXPECT_TRUE(holds(opened.answer, "Delimiter")) << "the desk itself is English";
+  const std::string answer = write_files_of_export(opened.desk);
+  EXPECT_TRUE(holds(answer, "schaap")) << answer;
+  run_analysis(opened.desk);
+  EXPECT_EQ(report_bytes(opened.desk), run_program_in(opened.folder).file("export.out"));
+}
+
+TEST(Desk, FindsTheLineOfTheExportForALineOfTheDataFile) {
+  ExportSurvey survey;
+  survey.shifts = {{4, 3}, {10, 8}};
+  EXPECT_EQ(export_line_of(survey, 2), 2);
+  EXPECT_EQ(export_line_of(survey, 3), 4);
+  EXPECT_EQ(export_line_of(survey, 7), 8);
+  EXPECT_EQ(export_line_of(survey, 8), 10);
+  EXPECT_EQ(export_line_of(survey, 9), 11);
+}
+
+TEST(Desk, ShowsFindingsWithTheLinesOfTheExport) {
+  std::string bytes(family);
+  bytes += "G,Gus,ram,15-03-2001,E,F,North\n";  // older than its father
+  OpenedDesk opened(bytes);
+  write_files_of_export(opened.desk);
+  const std::string summary = check_files(opened.desk);
+  EXPECT_TRUE(holds(summary, R"("animals":7,"canRun":true,"isFromExport":true)")) << summary;
+  EXPECT_FALSE(holds(choose_findings(opened.desk, "born-before-parent", ""), R"("count":0)"));
+  const std::string rows = list_findings(opened.desk, 0, 10);
+  EXPECT_TRUE(holds(rows, R"("line":8,"originalLine":9)")) << rows;
+  EXPECT_TRUE(holds(rows, R"("original":"G,Gus,ram,15-03-2001,E,F,North")")) << rows;
+  EXPECT_TRUE(holds(findings_table(opened.desk), "\n9\t8\t"));
+  EXPECT_TRUE(holds(choose_findings(opened.desk, "", "nobody has this"), R"("count":0)"));
+}
+
+TEST(Desk, SaysWhyThereAreNoResults) {
+  OpenedDesk opened("id;sex;birthdate;sire;dam\nA;ram;01-01-2000;C;\nB;ewe;13-01-2000;;\nC;ram;01-01-2001;A;B\n");
+  write_files_of_export(opened.desk);
+  EXPECT_TRUE(holds(check_files(opened.desk), R"("canRun":false)"));
+  const std::string answer = run_analysis(opened.desk);
+  EXPECT_TRUE(holds(answer, "Check")) << answer;
+  EXPECT_FALSE(opened.desk.results);
+  EXPECT_EQ(results_body(opened.desk), "");
+  EXPECT_EQ(report_text(opened.desk), "");
+}
+
+TEST(Desk, TakesADataFileWithItsSteerFile) {
+  OpenedDesk opened(family);
+  write_files_of_export(opened.desk);
+  run_analysis(opened.desk);
+  const std::string report = report_bytes(opened.desk);
+  Desk other;
+  other.today = opened.desk.today;
+  const std::string answer =
+      open_given_files(other, opened.folder.path("pedigreewatch.ini"), opened.folder.path("export.txt"));
+  EXPECT_TRUE(holds(answer, R"("messages":[],"note":"")")) << answer;
+  EXPECT_TRUE(holds(check_files(other), R"("isFromExport":false)"));
+  run_analysis(other);
+  EXPECT_EQ(report_bytes(other), report);
+}
+
+TEST(Desk, SaysWhenAFileOfAPairIsNotThere) {
+  Desk desk;
+  EXPECT_TRUE(holds(open_given_files(desk, "no-such.ini", "no-such.txt"), "could not be opened"));
+}
+
+/// The position of the only animal that is found.
+std::int32_t position_of(const Desk& desk, std::string_view id) {
+  const std::string answer = find_in_results(desk, id);
+  const std::string before = R"({"animals":[{"position":)";
+  return answer.starts_with(before) ? std::stoi(answer.substr(before.size())) : 0;
+}
+
+TEST(Desk, WorksOutMatings) {
+  OpenedDesk opened(family);
+  write_files_of_export(opened.desk);
+  run_analysis(opened.desk);
+  const std::int32_t c = position_of(opened.desk, "C"), d = position_of(opened.desk, "D"), f = position_of(opened.desk, "F");
+  const std::string siblings = describe_pair(opened.desk, c, d);
+  EXPECT_TRUE(holds(siblings, R"("offspringF":0.25)")) << siblings;
+  EXPECT_TRUE(holds(siblings, R"("contribution":0.125)")) << siblings;
+  EXPECT_TRUE(holds(describe_pair(opened.desk, c, f), R"("offspringF":0,)"));
+  EXPECT_EQ(describe_pair(opened.desk, 0, 99), "{}");
+  EXPECT_EQ(rank_males(opened.desk, d, 2000, 2004), R"({"count":3})");
+  // With her son E: half of his genes are hers, a quarter more came through C.
+  EXPECT_TRUE(holds(list_males(opened.desk, 0, 1), R"("id":"A")"));
+  EXPECT_TRUE(holds(list_males(opened.desk, 2, 5), R"("offspringF":0.375)"));
+  EXPECT_TRUE(holds(males_table(opened.desk), "D\tE\tEef\t2004\t0.375000\t"));
+  EXPECT_EQ(rank_males(opened.desk, d, 1990, 1991), R"({"count":0})");
+}
+
+TEST(Desk, HasNothingOfMatingsBeforeARun) {
+  Desk desk;
+  EXPECT_EQ(find_in_results(desk, "A"), R"({"animals":[]})");
+  EXPECT_EQ(describe_pair(desk, 1, 2), "{}");
+  EXPECT_EQ(rank_males(desk, 1, 2000, 2001), R"({"count":0})");
+  EXPECT_EQ(years_table(desk) + animals_table(desk) + diversity_table(desk) + subpopulations_table(desk), "");
+}
+
+TEST(Desk, TellsWhoWatchesOfEachPhase) {
+  OpenedDesk opened(family);
+  std::string phases;
+  opened.desk.watch = {[](void* watcher, std::string_view phase) {
+                         *static_cast<std::string*>(watcher) += std::string(phase) + ";";
+                       },
+                       &phases};
+  write_files_of_export(opened.desk);
+  run_analysis(opened.desk);
+  EXPECT_TRUE(phases.starts_with("writing;counting lines;reading records;")) << phases;
+  EXPECT_TRUE(holds(phases, "inbreeding;kinship per year;report;diversity;")) << phases;
+}
+
+TEST(DeskInterface, AnswersThroughAHandle) {
+  const RunFolder folder(Files{{"export.csv", family}});
+  DeskHandle* const handle = desk_create(folder.path().c_str(), 20260131, nullptr);
+  const auto answer = [&] { return std::string(desk_answer(handle), desk_answer_size(handle)); };
+  desk_set_language(handle, "nl");
+  desk_open(handle, folder.path("export.csv").c_str(), "language=nl");
+  EXPECT_TRUE(holds(answer(), "Scheiding"));
+  desk_write(handle);
+  EXPECT_TRUE(holds(answer(), "export.txt"));
+  desk_run(handle);
+  EXPECT_TRUE(holds(answer(), R"("firstYear":2000,"lastYear":2004)")) << answer();
+  desk_text(handle, "body");
+  EXPECT_TRUE(holds(answer(), "<svg"));
+  desk_text(handle, "years");
+  EXPECT_TRUE(holds(answer(), "\n2000\t"));
+  desk_text(handle, "no such text");
+  EXPECT_EQ(answer(), "");
+  desk_find(handle, "Ad");
+  EXPECT_TRUE(holds(answer(), R"("name":"Adam")"));
+  desk_destroy(handle);
+}
+
+}  // namespace
+}  // namespace pedigreewatch
