@@ -20,7 +20,11 @@ interface Core {
   lengthBytesUTF8(text: string): number;
   [operation: `_${string}`]: (...values: number[]) => number;
 }
-declare function createDeskCore(): Promise<Core>;
+declare function createDeskCore(options: { wasmBinary: ArrayBuffer }): Promise<Core>;
+/** The compiled core, compressed, in base64. */
+declare const deskCoreBytes: string;
+interface Decompressor { readonly readable: ReadableStream<Uint8Array>; readonly writable: WritableStream<Uint8Array>; }
+declare const DecompressionStream: new (format: "gzip") => Decompressor;
 declare function postMessage(message: unknown, transfer?: Transferable[]): void;
 
 const exportFolder = "/export", runFolder = "/run";
@@ -63,8 +67,14 @@ function askForObject(desk: Desk, operation: string, values: (string | number)[]
   return JSON.parse(answerText(desk));
 }
 
+/** Bytes in base64 that gzip has compressed, as they were before. */
+function unpack(text: string): Promise<ArrayBuffer> {
+  const bytes = Uint8Array.from(atob(text), (letter) => letter.charCodeAt(0));
+  return new Response(new Blob([bytes]).stream().pipeThrough(new DecompressionStream("gzip"))).arrayBuffer();
+}
+
 async function createDesk(): Promise<Desk> {
-  const core = await createDeskCore();
+  const core = await createDeskCore({ wasmBinary: await unpack(deskCoreBytes) });
   core.FS.mkdir(exportFolder);
   core.FS.mkdir(runFolder);
   core.FS.chdir(exportFolder);

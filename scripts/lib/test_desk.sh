@@ -1,0 +1,17 @@
+#!/usr/bin/env bash
+# The tests of the desk: in Chromium, from its file on disk, with Node's own test runner, whose last lines count them.
+# Options go to it. With DESK_PICTURES=FOLDER the pictures of the steps are kept there.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/../.."
+
+source scripts/lib/one_at_a_time.sh
+source scripts/lib/release_build.sh
+
+scripts/setup
+scripts/setup --desk-tests
+build_release pedigreewatch make_population
+scripts/desk
+if ! [[ -d desk/tests/node_modules/puppeteer-core && -d desk/tests/node_modules/axe-core ]]; then
+  (cd desk/tests && npm ci --ignore-scripts --no-audit --no-fund --silent)
+fi
+node --test --test-timeout=900000 "$@" desk/tests/*.test.mjs
