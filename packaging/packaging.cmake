@@ -57,6 +57,10 @@ endfunction()
 
 install(TARGETS pedigreewatch pedigreewatch_tools RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
+# The desk, where `scripts/desk` has built it.
+install(FILES ${PROJECT_SOURCE_DIR}/build/desk/pedigreewatch-desk.html DESTINATION ${CMAKE_INSTALL_DOCDIR} OPTIONAL)
+install(DIRECTORY docs/pictures DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs FILES_MATCHING PATTERN "*.png")
+
 if(WIN32)
   file(REMOVE_RECURSE ${generated}/windows)
   # All texts but the reports get the line ends of Windows. A report has line feeds on every system.

@@ -58,13 +58,13 @@ check_manual_page() {
   [[ -z "$complaints" ]] || fail "$1: $complaints"
 }
 
-documents=(README CHANGELOG CONTRIBUTING docs/steer-file docs/data-file docs/report docs/prepare docs/check)
+documents=(README CHANGELOG CONTRIBUTING docs/steer-file docs/data-file docs/report docs/prepare docs/check docs/desk)
 examples=()
 for example in moorland-en/moorland heide-nl/heide; do
   examples+=("examples/$example.txt" "examples/$example.out" "examples/${example%/*}/pedigreewatch.ini")
 done
 
-user_files=("${documents[@]/%/.md}" "${examples[@]}")
+user_files=("${documents[@]/%/.md}" "${examples[@]}" pedigreewatch-desk.html docs/pictures/desk-4-results.png)
 
 # Every link of a page leads to a file, and to a place that is there.
 check_links() {  # check_links PAGE...
@@ -120,7 +120,7 @@ echo "$(basename "$archive"): good"
 archive="$(the_one "$packages"/*.zip)"
 unzip -q "$archive" -d "$work/zip"
 windows="$work/zip/$(basename "$archive" .zip)"
-expect_files "$windows" "${documents[@]/%/.html}" "${examples[@]}" LICENSE.txt run.cmd manual/pedigreewatch{,.ini,-tools}.txt pedigreewatch-tools.exe
+expect_files "$windows" "${documents[@]/%/.html}" "${examples[@]}" LICENSE.txt run.cmd pedigreewatch-desk.html docs/pictures/desk-4-results.png manual/pedigreewatch{,.ini,-tools}.txt pedigreewatch-tools.exe
 check_links "$windows"/*.html "$windows"/docs/*.html
 for name in README.html run.cmd manual/pedigreewatch.txt examples/moorland-en/{pedigreewatch.ini,moorland.txt}; do
   [[ "$(grep -c $'\r$' "$windows/$name")" -eq "$(wc -l <"$windows/$name")" ]] || fail "$name: lines without CR"
