@@ -2,7 +2,7 @@
 
 import { applySettings, changeSetting, openNew, showProblem, text } from "./desk";
 import type { Desk } from "./desk";
-import { button, byId, chooser, make, nameOf } from "./dom";
+import { button, byId, chooser, make, nameOf, shownNumber } from "./dom";
 import type { ExportAnswer } from "./protocol";
 import type { TextName } from "./texts";
 
@@ -13,9 +13,10 @@ export function takeFiles(desk: Desk, files: File[]): void {
   void openNew(desk, files);
 }
 
-function exampleFile(desk: Desk): File {
+function openExample(desk: Desk): void {
   const content = byId(`example-${desk.language}`).textContent ?? "";
-  return new File([content.trimStart()], desk.language === "nl" ? "heide.txt" : "moorland.txt", { type: "text/plain" });
+  const [file, name, species] = desk.language === "nl" ? ["heide.txt", "Heideschaap", "schaap"] : ["moorland.txt", "Moorland Sheep", "sheep"];
+  void openNew(desk, [new File([content.trimStart()], file, { type: "text/plain" })], [["name", name], ["species", species]]);
 }
 
 function drawDrop(desk: Desk): HTMLElement {
@@ -24,7 +25,7 @@ function drawDrop(desk: Desk): HTMLElement {
   const area = make("div", { class: "drop" },
     make("p", { id: "drop-hint" }, `${text(desk, "dropHere")} ${text(desk, "orPair")}`),
     make("p", {}, make("label", { for: "files" }, `${text(desk, "chooseFiles")}: `), input),
-    make("p", {}, text(desk, "noFileYet"), button(text(desk, "tryExample"), () => takeFiles(desk, [exampleFile(desk)]))));
+    make("p", {}, text(desk, "noFileYet"), button(text(desk, "tryExample"), () => openExample(desk))));
   area.addEventListener("dragover", (event) => {
     event.preventDefault();
     area.classList.add("over");
@@ -85,7 +86,7 @@ export function drawQuestions(desk: Desk): HTMLElement[] {
   const questions = desk.export?.questions ?? [];
   const all = desk.refusals.map((words) => make("p", { class: "problem" }, words));
   if (questions.length > 0) {
-    all.push(make("p", {}, make("strong", {}, text(desk, "openQuestions"))));
+    all.push(make("p", {}, make("strong", {}, text(desk, desk.step === "data" ? "openQuestionsData" : "openQuestions"))));
     all.push(...questions.map((question) => make("p", { class: "question" }, question)));
   }
   return all;
@@ -99,7 +100,8 @@ export function drawData(desk: Desk, goOn: () => void): HTMLElement[] {
   }
   const answer = desk.export;
   if (answer !== undefined) {
-    parts.push(make("h2", {}, text(desk, "firstLines")), make("p", { class: "hint" }, text(desk, "firstLinesHint")),
+    parts.push(make("p", { class: "done" }, nameOf(desk.files[0]?.name ?? ""), ": ", text(desk, "animalsRead", shownNumber(answer.animals, desk.language))),
+      make("h2", {}, text(desk, "firstLines")), make("p", { class: "hint" }, text(desk, "firstLinesHint")),
       drawFirstLines(desk, answer), make("h2", {}, text(desk, "recognised")), drawEvidence(answer));
   }
   if (desk.files.length > 0 && desk.given === undefined) parts.push(drawReading(desk));

@@ -123,9 +123,9 @@ async function openFiles(desk: Desk): Promise<void> {
   desk.isOpen = true;
 }
 
-export function openNew(desk: Desk, files: File[]): Promise<boolean> {
+export function openNew(desk: Desk, files: File[], settings: [string, string][] = []): Promise<boolean> {
   desk.files = files;
-  desk.settings = new Map();
+  desk.settings = new Map(settings);
   desk.export = desk.given = undefined;
   desk.refusals = [];
   desk.isOpen = false;

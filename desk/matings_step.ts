@@ -21,7 +21,7 @@ function drawSearch(desk: Desk, role: "female" | "male", chosen: (animal: Animal
   let newest = 0;
   const look = async () => {
     const mine = ++newest;
-    const { animals } = await ask<{ animals: Animal[] }>(desk.client, "find", [input.value]);
+    const { animals } = await ask<{ animals: Animal[] }>(desk.client, "find", [input.value, role === "male" ? 1 : 2]);
     if (mine !== newest) return;
     found.replaceChildren(...animals.map((animal) => make("li", {}, make("button", { type: "button", click: () => chosen(animal) }, describe(desk, animal)))));
     found.hidden = animals.length === 0;

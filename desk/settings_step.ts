@@ -27,7 +27,7 @@ function drawUnknown(desk: Desk, answer: ExportAnswer): HTMLElement {
   input.value = desk.settings.get("unknown") ?? "";
   input.addEventListener("change", () => void changeSetting(desk, "unknown", input.value.trim()));
   const found = answer.unknownParents.filter(({ isUnknown }) => isUnknown).slice(0, 20)
-    .map((parent) => text(desk, "counted", parent.text === "" ? "–" : parent.text, shownNumber(parent.count, desk.language)));
+    .map((parent) => text(desk, "counted", parent.text === "" ? text(desk, "emptyField") : parent.text, shownNumber(parent.count, desk.language)));
   return make("div", {}, input, make("p", { class: "hint", id: "unknown-hint" }, text(desk, "unknownHint")),
     make("p", { class: "hint" }, text(desk, "takenAsUnknown"), nameOf(found.join(", "))));
 }
@@ -67,7 +67,7 @@ function drawTicks(desk: Desk, key: "subpopulations" | "colours", names: Counted
       else chosen.delete(place);
       apply();
     });
-    return make("label", {}, box, " ", nameOf(name === "" ? "–" : name), ` (${shownNumber(count, desk.language)})`);
+    return make("label", {}, box, " ", nameOf(name === "" ? text(desk, "emptyField") : name), ` (${shownNumber(count, desk.language)})`);
   });
   const rest = names.length > mostTicks ? make("p", { class: "hint" }, `… ${shownNumber(names.length - mostTicks, desk.language)}`) : null;
   return make("fieldset", {}, make("legend", {}, text(desk, key)), make("p", { class: "hint" }, text(desk, "ticksHint")),

@@ -136,12 +136,13 @@ async function answer(desk: Desk, question: Question): Promise<unknown> {
   return askForObject(desk, name, values);
 }
 
-let desk: Promise<Desk> | undefined;
+// Made ready before the first question.
+const desk = createDesk();
+desk.catch(() => undefined);
 let last: Promise<void> = Promise.resolve();
 
 async function reply(question: Question): Promise<void> {
   try {
-    desk ??= createDesk();
     const value = await answer(await desk, question);
     postMessage({ id: question.id, answer: value }, value instanceof Uint8Array ? [value.buffer as ArrayBuffer] : []);
   } catch (problem) {

@@ -58,6 +58,7 @@ export async function choose(page, ...files) {
 
 export async function enter(page, step, timeout = 60_000) {
   await page.click(`#step-${step}`);
+  await page.waitForSelector(`#step-${step}[aria-current="step"]`, { timeout: 10_000 });
   await idle(page, timeout);
 }
 

@@ -113,7 +113,7 @@ LinesByNumber lines_of_text(std::string_view text, const std::set<std::int64_t>&
       text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
     }
     if (text.empty()) break;
-    lines[line] = shown(trimmed(text.substr(0, std::min(text.find(line_end), kept_line_length))));
+    lines[line] = trimmed(text.substr(0, std::min(text.find(line_end), kept_line_length)));
   }
   return lines;
 }

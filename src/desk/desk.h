@@ -35,13 +35,13 @@ struct DeskResults {
 };
 
 struct Desk {
-  std::string folder;  ///< where files are written; empty: the working directory
+  std::string folder;                             ///< where files are written; empty: the working directory
   ToolLanguage language = ToolLanguage::english;  ///< of what is said; that of the report is among the settings
   CalendarDate today;
   PhaseWatch watch;  ///< of the parts of long operations
 
-  std::string settings;    ///< what was said about the export, as it came
-  PrepareOptions options;  ///< the same, in the language of the desk
+  std::string settings;     ///< what was said about the export, as it came
+  PrepareOptions options;   ///< the same, in the language of the desk
   bool has_export = false;  ///< `preparation` has the text of the export
   Preparation preparation;
 

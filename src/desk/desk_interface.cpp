@@ -146,8 +146,11 @@ void desk_run(DeskHandle* handle) {
   answer(handle, [](Desk& desk) { return pedigreewatch::run_analysis(desk); });
 }
 
-void desk_find(DeskHandle* handle, const char* text) {
-  answer(handle, [&](Desk& desk) { return pedigreewatch::find_in_results(desk, text); });
+void desk_find(DeskHandle* handle, const char* text, std::int32_t sex) {
+  std::optional<pedigreewatch::Sex> wanted;
+  if (sex == 1) wanted = pedigreewatch::male;
+  if (sex == 2) wanted = pedigreewatch::female;
+  answer(handle, [&](Desk& desk) { return pedigreewatch::find_in_results(desk, text, wanted); });
 }
 
 void desk_pair(DeskHandle* handle, std::int32_t sire, std::int32_t dam) {

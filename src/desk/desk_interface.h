@@ -28,7 +28,8 @@ void desk_check(DeskHandle* handle);
 void desk_choose_findings(DeskHandle* handle, const char* kind, const char* filter);
 void desk_list_findings(DeskHandle* handle, std::int32_t first, std::int32_t count);
 void desk_run(DeskHandle* handle);
-void desk_find(DeskHandle* handle, const char* text);
+/// `sex` is 1 for males, 2 for females, 0 for both.
+void desk_find(DeskHandle* handle, const char* text, std::int32_t sex);
 void desk_pair(DeskHandle* handle, std::int32_t sire, std::int32_t dam);
 void desk_rank_males(DeskHandle* handle, std::int32_t dam, std::int32_t first_year, std::int32_t last_year);
 void desk_order_males(DeskHandle* handle, std::int32_t by_mean_kinship);

@@ -70,8 +70,7 @@ std::string take_options(Desk& desk, PrepareOptions options, std::string_view se
     desk.has_export = read_and_recognise(desk.options, streams, desk.preparation);
   }
   if (!desk.has_export) return refusal(desk, streams.messages.pending);
-  const bool asks_in_old_language =
-      before.language != desk.language && !desk.preparation.columns.questions.empty();
+  const bool asks_in_old_language = before.language != desk.language && !desk.preparation.columns.questions.empty();
   if (!is_same_text || asks_in_old_language || !has_same_columns(before, desk.options)) {
     tell(desk.watch, "surveying");
     desk.has_export = survey_columns(desk.options, streams, desk.preparation);

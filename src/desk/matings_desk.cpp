@@ -93,17 +93,20 @@ std::string real_cell(const std::optional<double>& value) {
 
 }  // namespace
 
-std::string find_in_results(const Desk& desk, std::string_view text) {
-  constexpr std::size_t most_animals = 30;
+std::string find_in_results(const Desk& desk, std::string_view text, std::optional<Sex> sex) {
+  constexpr std::size_t most_animals = 30, most_looked_at = 1000;
   JsonText json;
   begin_object(json);
   begin_list(json, "animals");
-  if (desk.results) {
-    for (const std::int32_t position : find_animals(store_of(desk), text, most_animals)) {
-      begin_object(json);
-      add_animal(json, store_of(desk), position);
-      end_object(json);
-    }
+  const std::vector<std::int32_t> found =
+      desk.results ? find_animals(store_of(desk), text, most_looked_at) : std::vector<std::int32_t>();
+  std::size_t count = 0;
+  for (const std::int32_t position : found) {
+    if (sex && store_of(desk).sex[position] != *sex) continue;
+    if (count++ == most_animals) break;
+    begin_object(json);
+    add_animal(json, store_of(desk), position);
+    end_object(json);
   }
   end_list(json);
   end_object(json);

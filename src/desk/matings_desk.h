@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -9,9 +10,9 @@
 
 namespace pedigreewatch {
 
-/// Animals whose identification or name begins with the text. Yields an object: animals (position, id, name, isMale,
-/// year, f), at most 30.
-std::string find_in_results(const Desk& desk, std::string_view text);
+/// Animals of one sex, or of both, whose identification or name begins with the text. Yields an object: animals
+/// (position, id, name, isMale, year, f), at most 30.
+std::string find_in_results(const Desk& desk, std::string_view text, std::optional<Sex> sex = {});
 
 /// The offspring of two animals. Yields an object: f, kinship, dam and sire (as above, with meanKinship), ancestors
 /// (id, name, contribution).

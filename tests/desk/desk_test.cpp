@@ -40,7 +40,8 @@ struct OpenedDesk {
   Desk desk;
   std::string answer;
 
-  explicit OpenedDesk(const std::string& bytes, std::string_view settings = "language=en") : folder(Files{{"export.csv", bytes}}) {
+  explicit OpenedDesk(const std::string& bytes, std::string_view settings = "language=en")
+      : folder(Files{{"export.csv", bytes}}) {
     desk.folder = folder.path();
     desk.today = {2026, 1, 31};
     answer = open_export(desk, folder.path("export.csv"), settings);
@@ -175,7 +176,8 @@ TEST(Desk, WorksOutMatings) {
   OpenedDesk opened(family);
   write_files_of_export(opened.desk);
   run_analysis(opened.desk);
-  const std::int32_t c = position_of(opened.desk, "C"), d = position_of(opened.desk, "D"), f = position_of(opened.desk, "F");
+  const std::int32_t c = position_of(opened.desk, "C"), d = position_of(opened.desk, "D"),
+                     f = position_of(opened.desk, "F");
   const std::string siblings = describe_pair(opened.desk, c, d);
   EXPECT_TRUE(holds(siblings, R"("offspringF":0.25)")) << siblings;
   EXPECT_TRUE(holds(siblings, R"("contribution":0.125)")) << siblings;
@@ -200,10 +202,9 @@ TEST(Desk, HasNothingOfMatingsBeforeARun) {
 TEST(Desk, TellsWhoWatchesOfEachPhase) {
   OpenedDesk opened(family);
   std::string phases;
-  opened.desk.watch = {[](void* watcher, std::string_view phase) {
-                         *static_cast<std::string*>(watcher) += std::string(phase) + ";";
-                       },
-                       &phases};
+  opened.desk.watch = {
+      [](void* watcher, std::string_view phase) { *static_cast<std::string*>(watcher) += std::string(phase) + ";"; },
+      &phases};
   write_files_of_export(opened.desk);
   run_analysis(opened.desk);
   EXPECT_TRUE(phases.starts_with("writing;counting lines;reading records;")) << phases;
@@ -227,7 +228,9 @@ TEST(DeskInterface, AnswersThroughAHandle) {
   EXPECT_TRUE(holds(answer(), "\n2000\t"));
   desk_text(handle, "no such text");
   EXPECT_EQ(answer(), "");
-  desk_find(handle, "Ad");
+  desk_find(handle, "Ad", 2);
+  EXPECT_EQ(answer(), R"({"animals":[]})");
+  desk_find(handle, "Ad", 1);
   EXPECT_TRUE(holds(answer(), R"("name":"Adam")"));
   desk_destroy(handle);
 }
