@@ -159,6 +159,24 @@ TEST(PageFigures, YearsWithoutAnimalsAreGaps) {
   EXPECT_EQ(table.rows[5].cells[3], dash) << "one animal has no kinship with others";
 }
 
+TEST(PageFigures, ParentsOfAgeZeroAreNoGap) {
+  // c is born on the day of its parents; of a and b, born in the same year, no parents are known; d has neither.
+  const std::string page =
+      page_of_data(std::string(head) + "a;;;m;01-01-2001\nb;;;f;01-01-2001\nc;a;b;m;01-01-2001\nd;;;m;01-01-2002\n");
+  const PageTable table = table_in(chart_of(page, "interval"));
+  ASSERT_EQ(table.rows.size(), 2U);
+  EXPECT_EQ(table.rows[0].cells, (std::vector<std::string>{"3", "0.00", "0.00", "0.00"}));
+  EXPECT_EQ(table.rows[1].cells,
+            (std::vector<std::string>{"1", std::string(dash), std::string(dash), std::string(dash)}));
+}
+
+TEST(PageFigures, PathsAreShownWithoutAReferencePopulation) {
+  // No animal has two known parents, but b is a sire itself and was born when its sire was three.
+  const std::string page = page_of_data(std::string(head) + "a;;;m;01-01-2001\nb;a;;m;01-01-2004\nc;b;;m;01-01-2007\n");
+  EXPECT_TRUE(has(page, "The reference population has no animals"));
+  EXPECT_TRUE(has(page, "sire to son</th><td>1<td>3.00"));
+}
+
 TEST(PageMarks, LoneFirstYearIsNamed) {
   const std::string page = page_of_data(std::string(head) + std::string(full_sibs));
   EXPECT_TRUE(has(chart_of(page, "births"), "2001: the first year stands alone"));

@@ -9,6 +9,7 @@
 #include "page/chart_making.h"
 #include "page/page_marks.h"
 #include "reports/report_lines.h"
+#include "statistics/parent_ages.h"
 
 namespace pedigreewatch {
 namespace {
@@ -152,6 +153,20 @@ std::vector<Value> mean_by_year(const PageFrame& frame, const YearRows<Record>& 
   return by_year(frame, [&](Row row) { return known_if(rows.of(row).*column != 0.0F, rows.of(row).*column); });
 }
 
+/// The mean ages of parents by year, where such an age is known of any animal: 0 is an age too.
+std::vector<Value> ages_by_year(const PageFrame& frame, float MeanParentAges::*column, BySex<bool> counted) {
+  const PopulationStore& store = frame.store();
+  const auto is_known = [&](std::int32_t animal) {
+    return (counted.of(male) && store.sire_age_days[animal] != unknown_age) ||
+           (counted.of(female) && store.dam_age_days[animal] != unknown_age);
+  };
+  return by_year(frame, [&](Row row) {
+    const auto animals = frame.animals(row);
+    const bool any_is_known = std::any_of(animals.begin(), animals.end(), is_known);
+    return known_if(any_is_known, frame.whole().tables.parent_ages.of(row).*column);
+  });
+}
+
 void add_fates(Chart& chart, const PageFrame& frame, const FateNames& fate) {
   const auto counts = [&](std::int32_t ParentCount<std::int32_t>::*column) {
     return by_year(frame, [&](Row row) {
@@ -229,10 +244,12 @@ Chart litter_sizes_chart(const PageFrame& frame) {
 
 Chart interval_chart(const PageFrame& frame) {
   Chart chart = make_year_chart(frame, ChartKind::lines, interval_texts);
-  const YearRows<MeanParentAges>& ages = frame.whole().tables.parent_ages;
-  add_series(chart, frame.text(fathers_word), mean_by_year(frame, ages, &MeanParentAges::sires), 2);
-  add_series(chart, frame.text(mothers_word), mean_by_year(frame, ages, &MeanParentAges::dams), 2);
-  add_series(chart, frame.text(both_parents), mean_by_year(frame, ages, &MeanParentAges::parents), 2);
+  const auto add = [&](const Wording& name, float MeanParentAges::*column, BySex<bool> counted) {
+    add_series(chart, frame.text(name), ages_by_year(frame, column, counted), 2);
+  };
+  add(fathers_word, &MeanParentAges::sires, {true, false});
+  add(mothers_word, &MeanParentAges::dams, {false, true});
+  add(both_parents, &MeanParentAges::parents, {true, true});
   const double interval = static_cast<double>(frame.whole().interval.generation_interval);
   if (std::isfinite(interval)) {
     chart.references.push_back({interval, phrase(all_years, frame.language, {report_figure(interval, 2)})});

@@ -201,12 +201,12 @@ void write_diversity(std::string& page, const PageFrame& frame) {
   const Diversity& diversity = *frame.input.diversity;
   if (diversity.reference.positions.empty()) {
     page += "<p>" + escaped(frame.text(nobody)) + "</p>\n";
-    return;
+  } else {
+    page += "<p>" + escaped(about(frame, diversity.reference)) + "</p>\n";
+    write_figure_table(page, figures_table(frame, diversity), frame.text(figures_caption));
+    if (!diversity.main_ancestors.empty()) write_chart(page, ancestors_chart(frame, diversity), frame.language);
   }
-  page += "<p>" + escaped(about(frame, diversity.reference)) + "</p>\n";
-  write_figure_table(page, figures_table(frame, diversity), frame.text(figures_caption));
-  if (!diversity.main_ancestors.empty()) write_chart(page, ancestors_chart(frame, diversity), frame.language);
-  write_figure_table(page, paths_table(frame, diversity), frame.text(paths_caption));
+  write_figure_table(page, paths_table(frame, diversity), frame.text(paths_caption));  // of the whole population
 }
 
 }  // namespace pedigreewatch
