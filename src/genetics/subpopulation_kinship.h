@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "core/by_number.h"
 #include "core/year_table.h"
@@ -25,6 +26,18 @@ constexpr std::int64_t first_pair_column(std::int64_t subpopulation_count) {
 }
 constexpr std::int64_t kinship_column_count(std::int64_t subpopulation_count) {
   return subpopulation_count * (subpopulation_count - 1) / 2 + 2 * subpopulation_count;
+}
+
+/// The column that has the pair of the subpopulations k and l, k being the lower one, in a year in which subpopulation
+/// m has `animals_of(m)` animals: one with fewer than two moves the pairs of all later ones to the left. Nothing when
+/// the year has no figure for the pair.
+template <typename AnimalsOf>
+std::optional<std::int64_t> column_of_pair(std::int64_t subpopulation_count, std::int32_t k, std::int32_t l,
+                                           AnimalsOf&& animals_of) {
+  if (animals_of(k) <= 1 || animals_of(l) == 0) return std::nullopt;
+  std::int64_t column = first_pair_column(subpopulation_count);
+  for (std::int32_t m = 1; m < k; ++m) column += animals_of(m) > 1 ? subpopulation_count - m : 0;
+  return column + l - k - 1;
 }
 
 /// The subpopulations of one cohort: those that have animals in it, as groups in the order in which they are met.

@@ -57,6 +57,7 @@ struct Chart {
   std::vector<ReferenceLine> references;
   std::vector<Mark> marks;
   FigureTable figures;
+  bool shows_figures = false;  ///< open from the start, and printed: what its points are is not on the axis
 };
 
 /// Whether there is anything to draw.

@@ -66,7 +66,8 @@ bool has_hollow_points(const Chart& chart) {
 }
 
 void write_figures(std::string& page, const Chart& chart, ToolLanguage language) {
-  page += "<details><summary>" + escaped(words_of(figures_word, language)) +
+  page += std::string(chart.shows_figures ? "<details open>" : "<details>") + "<summary>" +
+          escaped(words_of(figures_word, language)) +
           "</summary><div class=\"scroll\" tabindex=\"0\" role=\"group\" aria-label=\"" +
           escaped(phrase(figures_of, language, {chart.title})) + "\">";
   write_rows(page, chart.figures, chart.title);

@@ -177,6 +177,7 @@ Chart ancestors_chart(const PageFrame& frame, const Diversity& diversity) {
     sums.emplace_back(sum += ancestor.contribution);
   }
   chart.first_number = 1;
+  chart.shows_figures = true;
   add_text_column(chart, frame.text(ancestor_heading), names);
   add_series(chart, frame.text(share_heading), shares, 4);
   add_column(chart, frame.text(sum_heading), sums, 4);

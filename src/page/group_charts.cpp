@@ -175,21 +175,12 @@ ByNumber<std::int64_t> count_subpopulations(const PageFrame& frame, Row row) {
   return counts;
 }
 
-/// Where the kinship between two subpopulations, the first one with the lower number, stands in a row of the table: a
-/// subpopulation with at most one animal moves all later pairs to the left. None when it is not there.
-std::optional<std::int64_t> column_of_pair(const PageFrame& frame, const ByNumber<std::int64_t>& counts,
-                                           std::int32_t first, std::int32_t second) {
-  const Subpopulations& subpopulations = subpopulations_of(frame);
-  const auto animals = [&](std::int32_t k) { return counts[subpopulations.first_numbers.at(k)]; };
-  if (animals(first) <= 1 || animals(second) == 0) return std::nullopt;
-  std::int64_t column = first_pair_column(subpopulations.count());
-  for (std::int32_t k = 1; k < first; ++k) column += animals(k) > 1 ? subpopulations.count() - k : 0;
-  return column + second - first - 1;
-}
-
 std::vector<Value> kinship_of_pair(const PageFrame& frame, std::int32_t first, std::int32_t second) {
+  const Subpopulations& subpopulations = subpopulations_of(frame);
   return by_year(frame, [&](Row row) {
-    const auto column = column_of_pair(frame, count_subpopulations(frame, row), first, second);
+    const ByNumber<std::int64_t> counts = count_subpopulations(frame, row);
+    const auto animals_of = [&](std::int32_t k) { return counts[subpopulations.first_numbers.at(k)]; };
+    const auto column = column_of_pair(subpopulations.count(), first, second, animals_of);
     return column ? known_if(true, frame.extras().kinship.value(row, *column) * 0.5F) : Value();
   });
 }

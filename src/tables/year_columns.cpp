@@ -267,20 +267,6 @@ std::int64_t born_in(const BlockView& view, std::int64_t k, Row row) {
   return view.groups[static_cast<std::size_t>(counted_number(view, k))].years.of(row).animals;
 }
 
-/// Whether the report has a kinship in the pair column `wanted` (counted from 1). A subpopulation with fewer than two
-/// animals in the year does not move the pairs on, so that those of later ones stand further to the left.
-bool has_pair(const BlockView& view, Row row, std::int64_t wanted) {
-  const std::int64_t last = view.population.settings.layout.subpopulations.count();
-  std::int64_t first_column = 1;
-  for (std::int64_t k = 1; k <= last; ++k) {
-    if (born_in(view, k, row) <= 1) continue;
-    const std::int64_t place = wanted - first_column;  // among the pairs of k
-    if (place >= 0 && place < last - k) return born_in(view, k + 1 + place, row) > 0;
-    first_column += last - k;
-  }
-  return false;
-}
-
 void add_kinship_within(ColumnList& list) {
   const BlockView& view = list.view;
   const YearTable<float>& kinship = view.population.analysis.extras.kinship;
@@ -298,14 +284,12 @@ void add_kinship_between(ColumnList& list) {
   const BlockView& view = list.view;
   const YearTable<float>& kinship = view.population.analysis.extras.kinship;
   const std::int32_t last = view.population.settings.layout.subpopulations.count();
-  std::int64_t pair = 0;
   for (std::int32_t k = 1; k <= last; ++k) {
     for (std::int32_t l = k + 1; l <= last; ++l) {
-      ++pair;
       add(list, "relationship_" + subpopulation_part(view, k) + "__" + subpopulation_part(view, l),
-          [&view, &kinship, last, pair](Row row) {
-            const std::int64_t column = first_pair_column(last) + pair - 1;
-            return mean_of(has_pair(view, row, pair) ? 1 : 0, kinship.value(row, column));
+          [&view, &kinship, last, k, l](Row row) {
+            const auto column = column_of_pair(last, k, l, [&](std::int32_t m) { return born_in(view, m, row); });
+            return mean_of(column ? 1 : 0, column ? kinship.value(row, *column) : 0.0F);
           });
     }
   }
