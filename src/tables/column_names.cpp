@@ -19,6 +19,11 @@ constexpr bool is_name_letter(char letter) {
   return (letter >= 'a' && letter <= 'z') || (letter >= '0' && letter <= '9');
 }
 
+std::string folded(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(), small);
+  return text;
+}
+
 std::string with_plain_letters(std::string_view bytes) {
   const std::string decoded = readable(bytes);
   std::string plain;
@@ -51,13 +56,13 @@ std::string name_part(std::string_view bytes) {
 }
 
 std::string take_name(TakenNames& taken, const std::string& wanted) {
-  std::string name = wanted;
-  const auto is_new = [&] {
-    std::string folded = name;
-    std::transform(folded.begin(), folded.end(), folded.begin(), small);
-    return taken.names.insert(folded).second;
-  };
-  for (int number = 2; !is_new(); ++number) name = wanted + "_" + std::to_string(number);
+  const auto is_new = [&](const std::string& name) { return taken.names.insert(folded(name)).second; };
+  if (is_new(wanted)) return wanted;
+  int& number = taken.last_numbers.try_emplace(folded(wanted), 1).first->second;
+  std::string name;
+  do {
+    name = wanted + "_" + std::to_string(++number);
+  } while (!is_new(name));
   return name;
 }
 

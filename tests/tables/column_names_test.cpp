@@ -33,5 +33,12 @@ TEST(TakenNames, GiveEachNameOnceWhateverTheCaseOfItsLetters) {
   EXPECT_EQ(take_name(taken, "colour_red"), "colour_red_3");  // "_2" is the name of another column
 }
 
+TEST(TakenNames, CountOnWhereAnEqualNameStoodBefore) {
+  TakenNames taken;
+  constexpr int columns = 100'000;  // as many as a steer file may name colours: looking again from 2 on takes minutes
+  for (int k = 1; k < columns; ++k) take_name(taken, "colour_red");
+  EXPECT_EQ(take_name(taken, "Colour_Red"), "Colour_Red_100000");
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test
