@@ -215,6 +215,20 @@ TEST(MatingsRun, SaysWhatStandsInTheWay) {
   EXPECT_TRUE(has(not_written.messages, "; the table was not written\n")) << not_written.messages;
 }
 
+TEST(MatingsRun, ReplacesNoFileThatItReads) {
+  Files files = files_of(village);
+  files["dogs_matings.tsv"] = "tess\npuck\n";
+  const WholeRun females = run_matings_on(files, {"--females", "dogs_matings.tsv"});
+  EXPECT_EQ(females.exit_status, 1);
+  EXPECT_EQ(females.messages,
+            "dogs_matings.tsv: a table of this name would replace a file that this run reads; the table was not "
+            "written\n");
+  EXPECT_EQ(females.files, files);
+  files["dogs_matings.csv"] = "bram\n";
+  EXPECT_EQ(run_matings_on(files, {"--csv", "--males", "./dogs_matings.csv"}).files, files);
+  EXPECT_EQ(run_matings_on(files, {"--males", "dogs_matings.csv"}).exit_status, 0);
+}
+
 /// So many animals of each sex without parents.
 std::string founders(int females, int males) {
   std::string data = "id;sex;birthdate;sire;dam\n";

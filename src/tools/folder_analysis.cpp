@@ -4,9 +4,11 @@
 #include <filesystem>
 #include <new>
 #include <stdexcept>
+#include <system_error>
 
 #include "checks/readable_text.h"
 #include "control/steer_file.h"
+#include "intake/file_pair.h"
 
 namespace pedigreewatch {
 namespace {
@@ -67,6 +69,18 @@ ToolLanguage language_of(const SteerSettings& settings) {
 std::string name_beside_report(const SteerSettings& settings, std::string_view ending) {
   const std::filesystem::path report{std::string(settings.report_file_name.trimmed())};
   return (report.parent_path() / report.stem()).string() + std::string(ending);
+}
+
+NameObstacle find_obstacle(const std::string& name, const SteerSettings& settings, std::span<const std::string> lists) {
+  namespace fs = std::filesystem;
+  std::error_code ignored;
+  if (!is_taken(name)) return NameObstacle::none;
+  if (!fs::is_regular_file(name, ignored)) return NameObstacle::no_file;
+  const auto is_same = [&](const std::string& file) { return !file.empty() && fs::equivalent(name, file, ignored); };
+  const bool is_read = is_same(std::string(steer_file_name)) ||
+                       is_same(std::string(settings.data_file_name.trimmed())) ||
+                       std::any_of(lists.begin(), lists.end(), is_same);
+  return is_read ? NameObstacle::read_file : NameObstacle::none;
 }
 
 std::optional<AnalysedPopulation> analyse_folder(ToolStreams& streams) {

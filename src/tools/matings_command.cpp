@@ -84,6 +84,10 @@ constexpr Wording counting_pairs = {"working out pairs", "paren berekenen"};
 constexpr Wording finding_ancestors = {"common ancestors of pairs", "gemeenschappelijke voorouders van paren"};
 constexpr Wording was_stopped = {"stopped; nothing was written", "afgebroken; er is niets geschreven"};
 constexpr Wording not_written = {"{1}: {2}; the table was not written", "{1}: {2}; de tabel is niet geschreven"};
+constexpr Wording is_no_table = {"there is something of this name that is no file",
+                                 "er is al iets met deze naam dat geen bestand is"};
+constexpr Wording is_in_use = {"a table of this name would replace a file that this run reads",
+                               "een tabel met deze naam zou een bestand vervangen dat hier gelezen wordt"};
 constexpr Wording lowest_line = {"lowest F of the offspring: {1} %, {2} x {3}",
                                  "laagste F van de nakomelingen: {1} %, {2} x {3}"};
 constexpr Wording highest_line = {"highest F of the offspring: {1} %, {2} x {3}",
@@ -325,6 +329,20 @@ std::string refuse_size(const MatingPlan& plan, ToolLanguage language) {
   return phrase(too_many_rows, language, {text(rows), text(most_rows)});
 }
 
+std::string table_name(const MatingRun& run) {
+  return name_beside_report(run.population.settings,
+                            run.options.form == MatingTableForm::tabs ? "_matings.tsv" : "_matings.csv");
+}
+
+/// Yields why no table of this name can be written; empty: it can.
+std::string refuse_name(const MatingRun& run, const std::string& name) {
+  const std::array<std::string, 2> lists = {run.options.females_file, run.options.males_file};
+  const NameObstacle obstacle = find_obstacle(name, run.population.settings, lists);
+  if (obstacle == NameObstacle::none) return {};
+  const Wording& reason = obstacle == NameObstacle::no_file ? is_no_table : is_in_use;
+  return phrase(not_written, run.language, {shown(name), words_of(reason, run.language)});
+}
+
 /// Works the matings out and writes the table.
 int write_plan(MatingRun& run, const MatingPlan& plan) {
   ToolStreams& streams = run.streams;
@@ -339,8 +357,7 @@ int write_plan(MatingRun& run, const MatingPlan& plan) {
   }
   begin_progress(streams.progress, words_of(finding_ancestors, run.language));
   const std::vector<KinshipParts> parts = describe_matings(work, choice.pairs, watch);
-  const std::string name = name_beside_report(
-      run.population.settings, run.options.form == MatingTableForm::tabs ? "_matings.tsv" : "_matings.csv");
+  const std::string name = table_name(run);
   FileProblem problem;
   const bool is_written = parts.size() == choice.pairs.size() &&
                           write_matings({work, choice.pairs, parts, run.options.form}, name, watch, problem);
@@ -372,7 +389,8 @@ int run_matings(std::span<const std::string_view> arguments, ToolStreams& stream
   if (plan.females.empty()) return stands_in_the_way;
   plan.males = take_candidates(run, males_list, options.males_file);
   if (plan.males.empty()) return stands_in_the_way;
-  const std::string problem = refuse_size(plan, run.language);
+  std::string problem = refuse_size(plan, run.language);
+  if (problem.empty()) problem = refuse_name(run, table_name(run));
   return problem.empty() ? write_plan(run, plan) : refuse(streams, problem);
 }
 

@@ -2,12 +2,9 @@
 
 #include "tools/page_command.h"
 
-#include <algorithm>
 #include <array>
-#include <filesystem>
 #include <optional>
 #include <string>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -87,20 +84,6 @@ std::optional<CheckResult> check_population(const AnalysedPopulation& population
   return result;
 }
 
-/// What stands in the way of a page of this name; nothing when it may be written.
-const Wording* find_obstacle(const std::string& name, const SteerSettings& settings, const std::string& ids_file) {
-  namespace fs = std::filesystem;
-  std::error_code ignored;
-  if (!is_taken(name)) return nullptr;
-  if (!fs::is_regular_file(name, ignored)) return &is_no_page;
-  const std::array<std::string, 3> read_files = {std::string(steer_file_name),
-                                                 std::string(settings.data_file_name.trimmed()), ids_file};
-  const bool is_read = std::any_of(read_files.begin(), read_files.end(), [&](const std::string& file) {
-    return !file.empty() && fs::equivalent(name, file, ignored);
-  });
-  return is_read ? &is_in_use : nullptr;
-}
-
 bool write_file(const std::string& name, std::string_view bytes, FileProblem& problem) {
   NewFile file;
   if (!begin_file(file, name, problem)) return false;
@@ -115,9 +98,11 @@ int write_page(const AnalysedPopulation& population, std::string_view page, cons
   const ToolLanguage language = language_of(population.settings);
   const std::string name = name_beside_report(population.settings, ".html");
   FileProblem problem;
-  const Wording* const obstacle = find_obstacle(name, population.settings, ids_file);
-  if (obstacle != nullptr) problem = {name, std::string(words_of(*obstacle, language))};
-  if (obstacle != nullptr || !write_file(name, page, problem)) {
+  const NameObstacle obstacle = find_obstacle(name, population.settings, {&ids_file, 1});
+  const bool is_free = obstacle == NameObstacle::none;
+  const Wording& reason = obstacle == NameObstacle::no_file ? is_no_page : is_in_use;
+  if (!is_free) problem = {name, std::string(words_of(reason, language))};
+  if (!is_free || !write_file(name, page, problem)) {
     return refuse(streams, phrase(not_written, language, {shown(problem.name), problem.reason}), 1);
   }
   constexpr std::size_t kilo = 1000;

@@ -163,26 +163,16 @@ bool write_files(const Tables& tables, std::vector<TableFile>& files, FileProble
   return write_file(tables, "_diversity", content, files, problem, of_diversity);
 }
 
-/// What stands in the way of a table of this name; nothing when it may be written.
-const Wording* find_obstacle(const std::string& name, std::span<const std::string> read_files) {
-  namespace fs = std::filesystem;
-  std::error_code ignored;
-  if (!is_taken(name)) return nullptr;
-  if (!fs::is_regular_file(name, ignored)) return &is_no_table;
-  const bool is_read = std::any_of(read_files.begin(), read_files.end(),
-                                   [&](const std::string& file) { return fs::equivalent(name, file, ignored); });
-  return is_read ? &is_in_use : nullptr;
-}
-
 /// Gives all tables their names, or takes away what was begun.
-bool finish_files(std::vector<TableFile>& files, std::span<const std::string> read_files, ToolLanguage language,
+bool finish_files(std::vector<TableFile>& files, const Tables& tables, const std::string& ids_file,
                   FileProblem& problem) {
   std::vector<NewFile*> all;
   for (TableFile& table : files) all.push_back(&table.file);
   for (const TableFile& table : files) {
-    const Wording* const obstacle = find_obstacle(table.name, read_files);
-    if (obstacle == nullptr) continue;
-    problem = {table.name, std::string(words_of(*obstacle, language))};
+    const NameObstacle obstacle = find_obstacle(table.name, tables.population.settings, {&ids_file, 1});
+    if (obstacle == NameObstacle::none) continue;
+    const Wording& reason = obstacle == NameObstacle::no_file ? is_no_table : is_in_use;
+    problem = {table.name, std::string(words_of(reason, tables.language()))};
     return false;
   }
   return finish_all(all, true, problem);
@@ -200,16 +190,13 @@ bool is_stopped(const ToolStreams& streams) {
 }
 
 int write_tables(const Tables& tables, const ReferenceOptions& reference, ToolStreams& streams) {
-  std::vector<std::string> read_files = {std::string(steer_file_name),
-                                         std::string(tables.population.settings.data_file_name.trimmed())};
-  if (!reference.ids_file.empty()) read_files.push_back(reference.ids_file);
   std::vector<TableFile> files;
   constexpr std::size_t most_files = 4;
   files.reserve(most_files);  // a table being written stays where it is
   FileProblem problem;
   const bool is_begun = write_files(tables, files, problem);
   const bool is_wanted = !is_stopped(streams);
-  if (is_begun && is_wanted && finish_files(files, read_files, tables.language(), problem)) {
+  if (is_begun && is_wanted && finish_files(files, tables, reference.ids_file, problem)) {
     say_written(tables, files, streams.console);
     return 0;
   }
