@@ -21,6 +21,11 @@ std::string name_of_letter(char32_t letter) {
   return "<U+" + std::string(hex.size() < 4 ? 4 - hex.size() : 0, '0') + hex + ">";
 }
 
+/// Control characters and the two that end a line or a paragraph.
+bool is_control(char32_t letter) {
+  return letter < 0x20 || (letter >= 0x7F && letter <= 0x9F) || letter == 0x2028 || letter == 0x2029;
+}
+
 }  // namespace
 
 bool is_utf_8(std::string_view bytes) {
@@ -61,6 +66,19 @@ std::string with_invisible_named(std::string_view bytes) {
     }
   }
   return has_any ? result : std::string();
+}
+
+std::string with_controls_named(std::string_view bytes, std::string_view kept) {
+  const std::string decoded = readable(bytes);
+  std::string text;
+  for (std::string_view rest = decoded; !rest.empty();) {
+    const std::string_view before = rest;
+    const char32_t letter = take_letter(rest);
+    const std::string_view own = before.substr(0, before.size() - rest.size());
+    const bool is_named = is_control(letter) && kept.find(own) == std::string_view::npos;
+    text += is_named ? name_of_letter(letter) : std::string(own);
+  }
+  return text;
 }
 
 std::string folded_id(std::string_view id) {

@@ -18,6 +18,10 @@ bool is_invisible(char32_t letter);
 /// The text in UTF-8 with the names of its invisible letters, "HS<U+00A0>1"; empty when it has none.
 std::string with_invisible_named(std::string_view bytes);
 
+/// The text in UTF-8 with the names of its control characters but those in `kept`: it stays in its cell and line, and a
+/// terminal shows it.
+std::string with_controls_named(std::string_view bytes, std::string_view kept = {});
+
 /// The identification as people mean it: capitals, without blanks and invisible letters and without zeros in front.
 std::string folded_id(std::string_view id);
 

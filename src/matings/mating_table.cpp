@@ -9,7 +9,6 @@
 #include <string_view>
 
 #include "checks/readable_text.h"
-#include "intake/phrases.h"
 
 namespace pedigreewatch {
 namespace {
@@ -48,9 +47,9 @@ std::string percent_text(double share) {
   return {text.data(), static_cast<std::size_t>(length)};
 }
 
-/// A cell between quotation marks where the commas would cut it.
-std::string quoted(std::string_view cell) {
-  if (cell.find_first_of(",\"") == std::string_view::npos) return std::string(cell);
+/// A cell between quotation marks where the commas would cut it, or marks of its own would be taken for such.
+std::string quoted(std::string_view cell, char separator) {
+  if (cell.find_first_of(std::string{'"', separator}) == std::string_view::npos) return std::string(cell);
   std::string result = "\"";
   for (const char letter : cell) result += letter == '"' ? std::string("\"\"") : std::string(1, letter);
   return result + "\"";
@@ -63,8 +62,9 @@ struct TableLine {
   bool has_cells = false;
 
   void add(std::string_view cell) {
-    if (has_cells) text += form == MatingTableForm::tabs ? '\t' : ',';
-    text += form == MatingTableForm::tabs ? std::string(cell) : quoted(cell);
+    const char separator = form == MatingTableForm::tabs ? '\t' : ',';
+    if (has_cells) text += separator;
+    text += quoted(cell, separator);
     has_cells = true;
   }
   void add_empty(std::size_t count) {
@@ -72,9 +72,9 @@ struct TableLine {
   }
 };
 
-/// An identification, in which nothing can end a cell or a line.
+/// An identification, written as in the table of animals, so that both can be joined.
 std::string id_text(const MatingWork& work, std::int32_t position) {
-  return shown(readable(work.store.id(position)));
+  return with_controls_named(work.store.id(position));
 }
 
 std::string mean_kinship_text(const MatingWork& work, std::int32_t position) {

@@ -9,7 +9,6 @@
 
 #include "checks/readable_text.h"
 #include "core/real_text.h"
-#include "intake/utf_8.h"
 
 namespace pedigreewatch {
 namespace {
@@ -27,27 +26,6 @@ constexpr std::array<bool, 256> plain_bytes = [] {
   for (std::size_t byte = ' '; byte <= '~'; ++byte) is_plain[byte] = byte != '"';
   return is_plain;
 }();
-
-constexpr bool is_control(char32_t letter) {
-  return letter < 0x20 || (letter >= 0x7F && letter <= 0x9F) || letter == 0x2028 || letter == 0x2029;
-}
-
-/// The text in UTF-8 with its control characters named.
-std::string printable(std::string_view bytes) {
-  const std::string decoded = readable(bytes);
-  std::string text;
-  for (std::string_view rest = decoded; !rest.empty();) {
-    const std::string_view before = rest;
-    const char32_t letter = take_letter(rest);
-    const std::string_view own = before.substr(0, before.size() - rest.size());
-    if (is_control(letter)) {
-      text += with_invisible_named(own);
-    } else {
-      text += own;
-    }
-  }
-  return text;
-}
 
 void append_quoted(std::string& text, std::string_view cell) {
   text += '"';
@@ -78,7 +56,7 @@ void add_text(TableWriter& writer, std::string_view bytes) {
     writer.text += bytes;
     return;
   }
-  const std::string cell = printable(bytes);
+  const std::string cell = with_controls_named(bytes);
   if (cell.find_first_of(std::string{'"', separator}) == std::string::npos) {
     writer.text += cell;
   } else {

@@ -50,15 +50,15 @@ TEST(MatingRow, LeavesMeanKinshipEmptyWhereThereAreNoYoungestAnimals) {
   EXPECT_EQ(row_of_mating("a 0 0 m 0\nb 0 0 f 0\n", "b", "a"), "b|a|0|0|||||||||||||||||");
 }
 
-TEST(MatingRow, QuotesCellsWithCommasOnly) {
+TEST(MatingRow, QuotesCellsWithQuotationMarksAndThoseThatCommasWouldCut) {
   constexpr std::string_view odd = "a,1 0 0 m 0\nb\"x 0 0 f 0\n";
   EXPECT_EQ(row_of_mating(odd, "b\"x", "a,1", MatingTableForm::commas), "\"b\"\"x\",\"a,1\",0,0,,,,,,,,,,,,,,,,,");
-  EXPECT_EQ(row_of_mating(odd, "b\"x", "a,1").substr(0, 12), "b\"x|a,1|0|0|");
+  EXPECT_EQ(row_of_mating(odd, "b\"x", "a,1").substr(0, 13), "\"b\"\"x\"|a,1|0|");
 }
 
 TEST(MatingRow, IsUtf8WithoutControlCharacters) {
-  EXPECT_EQ(row_of_mating("Zo\xEB 0 0 m 0\nb\x1B[x 0 0 f 0\n", "b\x1B[x", "Zo\xEB").substr(0, 14),
-            "b.[x|Zo\xC3\xAB|0|0|");
+  EXPECT_EQ(row_of_mating("Zo\xEB 0 0 m 0\nb\x1B[x 0 0 f 0\n", "b\x1B[x", "Zo\xEB").substr(0, 21),
+            "b<U+001B>[x|Zo\xC3\xAB|0|0|");
 }
 
 TEST(WriteMatings, LeavesNothingBehindWhenItIsStopped) {
