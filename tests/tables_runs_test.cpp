@@ -97,6 +97,9 @@ TEST(TablesRun, RefusesAListThatDoesNotFit) {
   for (int k = 0; k < 12; ++k) many += "x" + std::to_string(k) + "\n";
   EXPECT_TRUE(has(run_with(many).messages, "and 2 more lines; one identification a line was expected"));
   EXPECT_TRUE(has(run_with("\n").messages, "list.txt: the file of --ids names no animal"));
+  EXPECT_EQ(run_with("Zo\xEB\n").messages,
+            "list.txt, line 1: \"Zo\xC3\xAB\": no animal of dogs.txt has this identification\n");
+  EXPECT_TRUE(has(run_with(std::string("S\0\n\0", 4)).messages, "this file is neither (UTF-16?)\n"));
   const WholeRun missing = tables_on(files_of(family), {"--ids", "none.txt"});
   EXPECT_EQ(missing.exit_status, 1);
   EXPECT_TRUE(has(missing.messages, "none.txt: the file of --ids could not be opened"));
@@ -119,6 +122,13 @@ TEST(TablesRun, RefusesArgumentsThatMakeNoSense) {
   EXPECT_TRUE(has(message({"--ids="}), "--ids \"\": the name of a file"));
   EXPECT_TRUE(has(message({"other.txt"}), "\"other.txt\": no file was expected"));
   EXPECT_TRUE(has(message({"--out", "x"}), "there is no such option"));
+}
+
+TEST(TablesRun, NamesControlCharactersOfTheDataInItsMessages) {
+  const WholeRun run = tables_on(files_of("id;si\x1B[31mre;dam;sex;birthdate\nS;;;m;01-01-2001\n"));
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_TRUE(has(run.messages, "si<U+001B>[31mre")) << run.messages;
+  EXPECT_FALSE(has(run.messages, "\x1B"));
 }
 
 TEST(TablesRun, SaysThatNobodyWasBornInTheYears) {

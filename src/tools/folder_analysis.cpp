@@ -47,7 +47,7 @@ std::string_view last_lines(std::string_view text) {
 void say_why_it_stopped(const RunStreams& run, ToolLanguage language, ToolStreams& streams) {
   if (is_stop_requested(run.console)) return say(streams, words_of(was_stopped, language));
   const std::string& messages = run.messages.pending;
-  append(streams.messages, readable(messages.empty() ? last_lines(run.console.pending) : messages));
+  append(streams.messages, with_controls_named(messages.empty() ? last_lines(run.console.pending) : messages, "\n"));
   say(streams, words_of(data_stop_the_run, language));
 }
 
@@ -55,7 +55,7 @@ std::optional<SteerSettings> read_settings(LineReader& reader, RunStreams& run, 
   try {
     return read_steer_lines(reader, run);
   } catch (const RunStopped&) {
-    append(streams.messages, readable(run.messages.pending));
+    append(streams.messages, with_controls_named(run.messages.pending, "\n"));
     return std::nullopt;
   }
 }

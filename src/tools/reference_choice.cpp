@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "checks/readable_text.h"
 #include "core/line_reader.h"
 #include "tools/folder_analysis.h"
 
@@ -25,6 +26,9 @@ constexpr Wording more_unknown = {
     "file",
     "en nog {1} regels; verwacht werd een identificatie per regel, geschreven als in het "
     "databestand"};
+constexpr Wording no_text = {
+    "{1}: one identification a line was expected, in UTF-8 or Windows-1252; this file is neither (UTF-16?)",
+    "{1}: per regel werd een identificatie verwacht, in UTF-8 of Windows-1252; dit bestand is dat niet (UTF-16?)"};
 constexpr Wording nobody_listed = {"{1}: the file of --ids names no animal",
                                    "{1}: het bestand van --ids noemt geen dier"};
 constexpr Wording nobody_born = {"--years {1}-{2}: no animal of {3} was born in these years",
@@ -63,7 +67,7 @@ void say_unknown(const std::vector<UnusedId>& unknown, const std::string& list, 
   const std::string data_file = shown(population.settings.data_file_name.trimmed());
   for (std::size_t u = 0; u < std::min(unknown.size(), most_shown); ++u) {
     say(streams, phrase(unknown_id, language,
-                        {shown(list), std::to_string(unknown[u].line), in_quotes(unknown[u].id), data_file}));
+                        {shown(list), std::to_string(unknown[u].line), in_quotes(readable(unknown[u].id)), data_file}));
   }
   if (unknown.size() > most_shown) {
     say(streams, phrase(more_unknown, language, {std::to_string(unknown.size() - most_shown)}));
@@ -79,6 +83,11 @@ std::optional<ReferencePopulation> read_reference(const AnalysedPopulation& popu
     return std::nullopt;
   }
   const std::vector<std::string> ids = read_list(reader);
+  const auto has_zero = [](const std::string& id) { return id.find('\0') != std::string::npos; };
+  if (std::any_of(ids.begin(), ids.end(), has_zero)) {
+    say(streams, phrase(no_text, language, {shown(name)}));
+    return std::nullopt;
+  }
   std::vector<UnusedId> unknown;
   ReferencePopulation reference = listed_animals(population.store, ids, unknown);
   if (reader.error != 0) {
