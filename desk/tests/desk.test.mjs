@@ -69,6 +69,8 @@ test("AnExportInUtf8WithQuotesBecomesChartsAndTheReportOfTheProgram", () => with
   await choose(page, writeInput(desk, "sheep.csv", officeExport()));
   assert.match(await textOf(page, "#step"), /UTF-8/);
   assert.match(await textOf(page, ".lines"), /Zo\u00eb "1"/);
+  await page.select('select[aria-label*="Region"]', "subpopulation");
+  await idle(page);
   await enter(page, "settings");
   assert.match(await textOf(page, "#steer"), /sheep/);
   assert.match(await textOf(page, "#step"), /Noord, Oost/);

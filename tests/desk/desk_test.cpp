@@ -21,7 +21,7 @@ using test::RunFolder;
 
 /// Two founders, their son and daughter, the young of those two (F = 1/4), and a dam from elsewhere.
 constexpr const char* family =
-    "Number,Name,Sex,Born,Father,Mother,Area\n"
+    "ID,Name,Sex,Born,Father,Mother,Subpopulation\n"
     "A,Adam,ram,13-01-2000,,,North\n"
     "B,Bea,ewe,14-01-2000,,,North\n"
     "\n"
@@ -63,6 +63,11 @@ TEST(Desk, NamesNoOptionOfTheCommandLine) {
   const OpenedDesk opened("id;sex;birthdate;sire;dam\nA;x;01-02-2000;;\nB;y;01-02-2001;A;\n");
   EXPECT_TRUE(holds(opened.answer, "males are written")) << opened.answer;
   EXPECT_FALSE(holds(opened.answer, "--")) << opened.answer;
+}
+
+TEST(Desk, TellsWhereAColumnIsChosen) {
+  const OpenedDesk opened("tag;sex;birthdate;sire;dam\nA;ram;01-02-2000;;\n");
+  EXPECT_TRUE(holds(opened.answer, R"(the id of the animal. Choose it above its column.",)")) << opened.answer;
 }
 
 TEST(Desk, RefusesWhatIsNoText) {
