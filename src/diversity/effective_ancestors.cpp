@@ -76,7 +76,8 @@ void list_offspring(Candidates& candidates) {
 
 Candidates make_candidates(const ReferencePedigree& pedigree) {
   const ByNumber<std::int32_t> candidate_no = number_candidates(pedigree);
-  const std::size_t count = static_cast<std::size_t>(*std::max_element(candidate_no.values.begin(), candidate_no.values.end()));
+  const std::size_t count =
+      static_cast<std::size_t>(*std::max_element(candidate_no.values.begin(), candidate_no.values.end()));
   Candidates candidates;
   for (ByNumber<std::int32_t>* const list : {&candidates.sire, &candidates.dam, &candidates.number}) {
     *list = ByNumber<std::int32_t>(count);
