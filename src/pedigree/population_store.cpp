@@ -97,7 +97,7 @@ std::int32_t PopulationStore::line(std::int32_t position) const {
 std::int32_t PopulationStore::find_odd_day(std::int32_t position) const {
   const auto found =
       std::lower_bound(odd_days.begin(), odd_days.end(), record_no(position),
-                       [](const OddDay& odd_day, std::int32_t record) { return odd_day.record < record; });
+                       [](const OddDay& odd, std::int32_t wanted) { return odd.record < wanted; });
   return found->day;
 }
 

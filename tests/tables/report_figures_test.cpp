@@ -204,8 +204,11 @@ std::vector<Field> pairs_of_year(const std::vector<Field>& fields, const ReadTab
     const std::string pair = field.column.substr(std::string("relationship_").size());
     const std::string first = pair.substr(0, pair.find("__"));
     const bool takes_a_place = !table.cell(row, "kinship_" + first).empty();
-    if (takes_a_place) moved.push_back(field);
-    if (!takes_a_place) EXPECT_EQ(table.cell(row, field.column), "") << field.column;
+    if (takes_a_place) {
+      moved.push_back(field);
+    } else {
+      EXPECT_EQ(table.cell(row, field.column), "") << field.column;
+    }
   }
   moved.resize(fields.size(), {"F10.4", ""});
   return moved;
