@@ -25,7 +25,9 @@ export async function openDesk(browser, { language = "en" } = {}) {
   await page.setViewport({ width: 1100, height: 900 });
   const requests = [], problems = [], address = pathToFileURL(deskFile).href;
   page.on("request", (request) => {
-    if (request.url() !== address && !request.url().startsWith("blob:")) requests.push(request.url());
+    // What Firefox draws its own controls with lies in itself, as data.
+    const isOwn = request.url() === address || request.url().startsWith("blob:") || (isFirefox && request.url().startsWith("data:"));
+    if (!isOwn) requests.push(request.url());
   });
   page.on("pageerror", (problem) => problems.push(String(problem)));
   page.on("console", (message) => {
