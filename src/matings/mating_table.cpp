@@ -4,11 +4,11 @@
 
 #include <array>
 #include <cstdio>
-#include <cstdlib>
 #include <initializer_list>
 #include <string_view>
 
 #include "checks/readable_text.h"
+#include "core/real_text.h"
 
 namespace pedigreewatch {
 namespace {
@@ -27,12 +27,8 @@ std::string digits_of(double value, int digits) {
 
 /// The fewest digits that stand for this value and no other.
 std::string shortest(float value) {
-  constexpr int fewest = 6, enough = 9;
   std::string text;
-  for (int digits = fewest; digits <= enough; ++digits) {
-    text = digits_of(double{value}, digits);
-    if (std::strtof(text.c_str(), nullptr) == value) break;
-  }
+  append_shortest(text, value);
   return text;
 }
 
