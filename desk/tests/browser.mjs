@@ -1,10 +1,13 @@
 // The desk in a real browser, from its file on disk, with everything that the browser asks for recorded.
 
-import { existsSync, mkdtempSync, readFileSync, readdirSync, rmSync, writeFileSync } from "node:fs";
+import { existsSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from "node:fs";
 import { tmpdir } from "node:os";
 import { join, resolve } from "node:path";
 import { pathToFileURL } from "node:url";
 import puppeteer from "puppeteer-core";
+
+/** Where Firefox keeps what is saved: it is told once, when it starts. */
+const firefoxFolder = join(tmpdir(), `desk-firefox-${process.pid}`);
 
 export const root = resolve(import.meta.dirname ?? ".", "../..");
 export const deskFile = process.env.DESK_FILE ?? join(root, "build/desk/pedigreewatch-desk.html");
@@ -12,7 +15,9 @@ const isFirefox = process.env.DESK_BROWSER === "firefox";
 
 export function startBrowser() {
   return isFirefox
-    ? puppeteer.launch({ browser: "firefox", executablePath: "/usr/bin/firefox-esr", headless: true })
+    ? puppeteer.launch({ browser: "firefox", executablePath: "/usr/bin/firefox-esr", headless: true,
+      extraPrefsFirefox: { "browser.download.folderList": 2, "browser.download.dir": firefoxFolder,
+        "browser.download.always_ask_before_handling_new_types": false } })
     : puppeteer.launch({ executablePath: "/usr/bin/chromium", headless: true, protocolTimeout: 600_000,
       args: ["--no-sandbox", "--disable-dev-shm-usage", "--lang=en"] });
 }
@@ -76,11 +81,11 @@ export async function pressButton(page, label) {
 
 /** Presses a button that saves a file, and yields its bytes. */
 export async function saved(desk, label, name) {
-  const file = join(desk.folder, name);
+  const file = join(isFirefox ? firefoxFolder : desk.folder, name);
   rmSync(file, { force: true });
   await pressButton(desk.page, label);
   for (let waited = 0; waited < 600 && !existsSync(file); ++waited) await new Promise((done) => setTimeout(done, 100));
-  if (!existsSync(file)) throw new Error(`${name} was not saved; there are ${readdirSync(desk.folder)}`);
+  if (!existsSync(file)) throw new Error(`${name} was not saved`);
   return readFileSync(file);
 }
 
