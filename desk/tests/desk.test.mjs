@@ -212,10 +212,13 @@ test("TheKeyboardAloneIsEnough", () => withDesk(async (page) => {
   await press(".drop button");
   for (const step of steps.slice(1)) {
     await press("button.main");
+    await page.waitForSelector(`#step-${step}[aria-current="step"]`);
+    await idle(page);
     if (step === "results") break;
-    assert.ok(await page.$(`#step-${step}[aria-current="step"]`), step);
   }
   await press("#step-matings");
+  await page.waitForSelector('#step-matings[aria-current="step"]');
+  await idle(page);
   await tabTo("#search-female");
   await page.keyboard.type("HS");
   await page.waitForSelector(".found button");

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # The tests of the desk: in Chromium, from its file on disk, with Node's own test runner, whose last lines count them.
-# Options go to it. With DESK_PICTURES=FOLDER the pictures of the steps are kept there.
+# Options go to it. DESK_BROWSER=firefox takes Firefox instead, where it is installed. With DESK_PICTURES=FOLDER the
+# pictures of the steps are kept there.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
