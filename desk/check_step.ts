@@ -31,13 +31,14 @@ function createList(desk: Desk): { element: HTMLElement; show: () => void } {
   const heading = (name: Parameters<typeof text>[1]) => make("th", { scope: "col" }, text(desk, name));
   const move = (by: number) => {
     desk.firstFinding = Math.max(0, desk.firstFinding + by);
-    void list();
+    show();
   };
   const before = button(text(desk, "before"), () => move(-rowsShown)), after = button(text(desk, "after"), () => move(rowsShown));
   let newest = 0;
   const list = async () => {
     const mine = ++newest;
     const { count } = await ask<{ count: number }>(desk.client, "chooseFindings", [desk.kind, desk.filter]);
+    if (desk.firstFinding >= count) desk.firstFinding = Math.max(0, Math.ceil(count / rowsShown) - 1) * rowsShown;
     const { rows } = await ask<{ rows: FindingRow[] }>(desk.client, "listFindings", [desk.firstFinding, rowsShown]);
     if (mine !== newest) return;
     body.replaceChildren(...rows.map(drawRow));
@@ -47,21 +48,23 @@ function createList(desk: Desk): { element: HTMLElement; show: () => void } {
     before.disabled = desk.firstFinding === 0;
     after.disabled = desk.firstFinding + rowsShown >= count;
   };
+  const show = () => void list().catch(() => undefined);
   const element = make("div", {}, make("p", { class: "row" }, before, after, place),
     make("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": text(desk, "finding") },
       make("table", { class: "plain", id: "findings" }, make("thead", {}, make("tr", {}, heading("line"), heading("animal"), heading("kind"),
         heading("finding"))), body)));
-  return { element, show: () => void list().catch(() => undefined) };
+  return { element, show };
 }
 
 function drawFilter(desk: Desk, show: () => void): HTMLElement {
   const input = make("input", { type: "search", id: "filter", size: 30 });
   input.value = desk.filter;
-  input.addEventListener("input", afterPause(250, () => {
+  const showSoon = afterPause(250, show);
+  input.addEventListener("input", () => {
     desk.filter = input.value;
     desk.firstFinding = 0;
-    show();
-  }));
+    showSoon();
+  });
   return make("p", { class: "row" }, make("label", { for: "filter" }, text(desk, "filter")), input);
 }
 

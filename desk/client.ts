@@ -3,6 +3,8 @@
 import type { Operation, PhaseMessage, Reply } from "./protocol";
 
 export class Cancelled extends Error {}
+/** The worker could not answer at all. */
+export class Failed extends Error {}
 
 interface Waiting { resolve: (answer: unknown) => void; reject: (problem: Error) => void; }
 
@@ -28,9 +30,9 @@ function listen(client: Client): void {
     const waiting = client.waiting.get(id);
     client.waiting.delete(id);
     if (failure === undefined) waiting?.resolve(answer);
-    else waiting?.reject(new Error(failure));
+    else waiting?.reject(new Failed(failure));
   };
-  worker.onerror = (event) => failAll(client, new Error(event.message || "the worker could not be started"));
+  worker.onerror = (event) => failAll(client, new Failed(event.message || "the worker could not be started"));
 }
 
 function failAll(client: Client, problem: Error): void {

@@ -1,7 +1,7 @@
 // What the page remembers: the files and what their user said of them, the answers of the worker so far, and where in
 // the five steps the user is. The steps draw themselves from it.
 
-import { ask, Cancelled, createClient, stopWork } from "./client";
+import { ask, Cancelled, createClient, Failed, stopWork } from "./client";
 import type { Client } from "./client";
 import { byId, make } from "./dom";
 import { phaseIn, textIn } from "./texts";
@@ -14,6 +14,8 @@ export const stepNames: readonly StepName[] = ["data", "settings", "check", "res
 export interface Desk {
   client: Client;
   language: Language;
+  /** Of the report, unless the settings name one: that of the desk when the results were made. */
+  reportLanguage: Language;
   step: StepName;
   files: File[];
   /** What the user says, by the names of src/desk/settings_text.h. */
@@ -31,6 +33,9 @@ export interface Desk {
   /** The worker has the files and settings. */
   isOpen: boolean;
   busy: number;
+  /** Ends with all that was asked for so far: the worker keeps one state, which two actions at once would mix up. */
+  working: Promise<unknown>;
+  cancellations: number;
   kind: string;
   filter: string;
   firstFinding: number;
@@ -45,8 +50,8 @@ export interface Desk {
 
 export function createDesk(language: Language, draw: (desk: Desk) => void): Desk {
   const desk: Desk = {
-    client: createClient((phase) => showPhase(desk, phase)), language, step: "data", files: [], settings: new Map(),
-    refusals: [], wasCancelled: false, isOpen: false, busy: 0, kind: "", filter: "", firstFinding: 0, view: "charts",
+    client: createClient((phase) => showPhase(desk, phase)), language, reportLanguage: language, step: "data", files: [], settings: new Map(),
+    refusals: [], wasCancelled: false, isOpen: false, busy: 0, working: Promise.resolve(), cancellations: 0, kind: "", filter: "", firstFinding: 0, view: "charts",
     draw: () => draw(desk),
   };
   return desk;
@@ -66,7 +71,7 @@ export function showProblem(problem: string): void {
 
 export function settingsText(desk: Desk): string {
   const lines = [...desk.settings].map(([name, value]) => `${name}=${value.replace(/[\r\n]+/g, " ")}`);
-  if (!desk.settings.has("language")) lines.push(`language=${desk.language}`);
+  if (!desk.settings.has("language")) lines.push(`language=${desk.reportLanguage}`);
   return lines.join("\n");
 }
 
@@ -78,6 +83,27 @@ export function forgetRun(desk: Desk): void {
   desk.firstFinding = 0;
 }
 
+/** Begins an action when those before it have ended, unless they were cancelled. */
+function afterOthers(desk: Desk, action: () => Promise<void>): Promise<void> {
+  const { cancellations } = desk;
+  const done = desk.working.then(() => {
+    if (cancellations !== desk.cancellations) throw new Cancelled();
+    return action();
+  });
+  desk.working = done.catch(() => undefined);
+  return done;
+}
+
+/** Says what went wrong. A worker that failed may have lost its memory: a new one opens the files again. */
+function takeFailure(desk: Desk, problem: unknown): void {
+  if (problem instanceof Cancelled) {
+    desk.wasCancelled = true;
+    return;
+  }
+  showProblem(text(desk, "failed", problem instanceof Error ? problem.message : String(problem)));
+  if (problem instanceof Failed) startAgain(desk);
+}
+
 /** Does something that takes a while: shows that, and what goes wrong. Yields whether it came to its end. */
 export async function work(desk: Desk, action: () => Promise<void>): Promise<boolean> {
   const indicator = byId("busy");
@@ -87,11 +113,10 @@ export async function work(desk: Desk, action: () => Promise<void>): Promise<boo
   indicator.hidden = false;
   byId("work").setAttribute("aria-busy", "true");
   try {
-    await action();
+    await afterOthers(desk, action);
     return true;
   } catch (problem) {
-    if (problem instanceof Cancelled) desk.wasCancelled = true;
-    else showProblem(text(desk, "failed", String(problem)));
+    takeFailure(desk, problem);
     return false;
   } finally {
     if (--desk.busy === 0) {
@@ -102,10 +127,15 @@ export async function work(desk: Desk, action: () => Promise<void>): Promise<boo
   }
 }
 
-export function cancel(desk: Desk): void {
+function startAgain(desk: Desk): void {
   stopWork(desk.client);
   desk.isOpen = false;
   forgetRun(desk);
+}
+
+export function cancel(desk: Desk): void {
+  ++desk.cancellations;
+  startAgain(desk);
 }
 
 /** Opens the files in the worker, also again in a new one. */
@@ -126,11 +156,15 @@ async function openFiles(desk: Desk): Promise<void> {
 export function openNew(desk: Desk, files: File[], settings: [string, string][] = []): Promise<boolean> {
   desk.files = files;
   desk.settings = new Map(settings);
+  desk.reportLanguage = desk.language;
   desk.export = desk.given = undefined;
   desk.refusals = [];
   desk.isOpen = false;
   forgetRun(desk);
-  return work(desk, () => openFiles(desk));
+  return work(desk, () => {
+    forgetRun(desk);
+    return openFiles(desk);
+  });
 }
 
 /** Says something else about the export. */
@@ -143,6 +177,7 @@ export function changeSetting(desk: Desk, name: string, value: string): Promise<
 export function applySettings(desk: Desk): Promise<boolean> {
   forgetRun(desk);
   return work(desk, async () => {
+    forgetRun(desk);
     if (!desk.isOpen || desk.export === undefined) return openFiles(desk);
     const answer = await ask<ExportAnswer>(desk.client, "change", [settingsText(desk)]);
     desk.refusals = answer.messages;
@@ -183,25 +218,28 @@ export async function bytesOf(desk: Desk, name: string, operation: Operation = "
   return ask<Uint8Array>(desk.client, operation, [name]);
 }
 
-/** Another language: everything that the worker said is said again. */
-export function changeLanguage(desk: Desk, language: Language): Promise<boolean> {
-  const keepsReport = desk.export !== undefined && desk.run !== undefined;
-  if (keepsReport && !desk.settings.has("language")) desk.settings.set("language", desk.language);
-  desk.language = language;
-  desk.draw();
-  return work(desk, async () => {
-    if (!desk.isOpen) return desk.files.length > 0 ? openFiles(desk) : undefined;
-    await ask(desk.client, "language", [language]);
-    if (desk.export === undefined) return;
+/** Says again what the worker said. A report that is there keeps its language; one still to be made takes the desk's. */
+async function sayAgain(desk: Desk): Promise<void> {
+  if (desk.run !== undefined && desk.run.messages.length > 0) desk.run = undefined;
+  const keepsReport = desk.run !== undefined;
+  if (!keepsReport) desk.reportLanguage = desk.language;
+  if (desk.files.length === 0) return;
+  if (!desk.isOpen || (desk.export === undefined && desk.given === undefined)) return openFiles(desk);
+  await ask(desk.client, "language", [desk.language]);
+  if (desk.export !== undefined) {
     const answer = await ask<ExportAnswer>(desk.client, "change", [settingsText(desk)]);
     desk.refusals = answer.messages;
     desk.export = "evidence" in answer ? answer : undefined;
     if (!keepsReport) desk.written = undefined;
-    if (desk.check !== undefined && !keepsReport) {
-      desk.check = undefined;
-      await ensureCheck(desk);
-    } else if (desk.check !== undefined) {
-      desk.check = await ask<CheckAnswer>(desk.client, "check");
-    }
-  });
+  }
+  if (desk.check === undefined) return;
+  desk.check = undefined;
+  await ensureCheck(desk);
+}
+
+/** Another language, at once for the page, and for what the worker says when it has time. */
+export function changeLanguage(desk: Desk, language: Language): Promise<boolean> {
+  desk.language = language;
+  desk.draw();
+  return work(desk, () => sayAgain(desk));
 }

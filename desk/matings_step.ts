@@ -62,6 +62,7 @@ function rank(desk: Desk): void {
   const { female, years } = desk;
   if (female === undefined || years === undefined) return;
   void work(desk, async () => {
+    if (desk.female !== female) return;  // another one was chosen meanwhile
     await ask(desk.client, "rankMales", [female.position, years.first, years.last]);
     await listMales(desk, 0, desk.males?.byKinship ?? false);
   });
@@ -93,7 +94,7 @@ function drawYears(desk: Desk): HTMLElement {
   const years = desk.years ??= { first: lastYear - 9, last: lastYear };
   const field = (id: string, value: number, set: (year: number) => void) => {
     const input = make("input", { type: "number", id, value, min: -9999, max: 9999 });
-    input.addEventListener("change", () => set(Math.trunc(Number(input.value)) || 0));
+    input.addEventListener("change", () => set(Math.max(-9999, Math.min(9999, Math.trunc(Number(input.value)) || 0))));
     return input;
   };
   return make("p", { class: "row" }, make("label", { for: "first-year" }, text(desk, "bornFrom")), field("first-year", years.first, (year) => { years.first = year; }),
@@ -107,8 +108,10 @@ export function drawMatings(desk: Desk, compute: () => void): HTMLElement[] {
   if (desk.run.messages.length > 0) return [make("p", { class: "problem" }, desk.run.messages.join("\n"))];
   const take = (role: "female" | "male") => (animal: Animal) => {
     desk[role] = animal;
-    if (role === "female") desk.males = undefined;
-    void work(desk, () => describePair(desk)).then(() => document.getElementById(`search-${role}`)?.focus());
+    void work(desk, () => {
+      if (role === "female") desk.males = undefined;
+      return describePair(desk);
+    }).then(() => document.getElementById(`search-${role}`)?.focus());
   };
   return [make("h2", {}, text(desk, "pairTitle")),
     make("div", { class: "pair" }, drawSearch(desk, "female", take("female")), drawSearch(desk, "male", take("male"))),

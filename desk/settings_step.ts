@@ -42,7 +42,7 @@ function drawSpecies(desk: Desk, answer: ExportAnswer): HTMLElement {
 
 function drawLanguage(desk: Desk): HTMLElement {
   return chooser([{ value: "en", text: "English" }, { value: "nl", text: "Nederlands" }],
-    desk.settings.get("language") ?? desk.language, (value) => void changeSetting(desk, "language", value), { id: "report-language" });
+    desk.settings.get("language") ?? desk.reportLanguage, (value) => void changeSetting(desk, "language", value), { id: "report-language" });
 }
 
 function drawName(desk: Desk, answer: ExportAnswer): HTMLElement {

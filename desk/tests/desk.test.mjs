@@ -179,6 +179,63 @@ test("ARunThatIsCancelledKeepsDataAndSettings", () => withDesk(async (page, desk
   }
 }));
 
+describe("OneThingIsDoneAfterTheOther", () => {
+  test("another language while results are made", () => withDesk(async (page, desk) => {
+    await pressButton(page, "Try the example");
+    await idle(page);
+    await page.evaluate(() => {
+      document.getElementById("step-results").click();
+      document.getElementById("dutch").click();
+    });
+    await idle(page);
+    assert.ok((await page.$$("#results-body svg")).length > 5);
+    const report = await saved(desk, "Bewaar het rapport", "moorland.out");
+    await page.click("#step-settings");
+    assert.equal(await page.$eval("#report-language", (element) => element.value), "en");
+    const steer = await textOf(page, "#steer");
+    const data = await saved(desk, "Bewaar het databestand", "moorland.txt");
+    assert.ok(report.equals(nativeReport(Buffer.from(steer, "latin1"), data, "moorland.txt", "moorland.out")));
+  }));
+  test("another setting while a file is saved", () => withDesk(async (page) => {
+    await pressButton(page, "Try the example");
+    await idle(page);
+    await enter(page, "settings");
+    await page.evaluate(() => {
+      [...document.querySelectorAll("button")].find(({ textContent }) => textContent === "Save the steer file").click();
+      const species = document.getElementById("species");
+      species.value = "dog";
+      species.dispatchEvent(new Event("change"));
+    });
+    await idle(page);
+    await enter(page, "check");
+    assert.match(await textOf(page, "#step"), /3,500 animals were checked/);
+    await enter(page, "results");
+    assert.ok((await page.$$("#results-body svg")).length > 5);
+  }));
+  test("three clicks where one is enough", () => withDesk(async (page) => {
+    await page.evaluate(() => {
+      const example = document.querySelector(".drop button");
+      for (let k = 0; k < 3; ++k) example.click();
+    });
+    await idle(page);
+    await enter(page, "results");
+    assert.ok((await page.$$("#results-body svg")).length > 5);
+  }));
+  test("a kind is chosen before the filter has been obeyed", () => withDesk(async (page) => {
+    await pressButton(page, "Try the example");
+    await idle(page);
+    await enter(page, "check");
+    await page.evaluate(() => {
+      const filter = document.getElementById("filter");
+      filter.value = "nobody has this";
+      filter.dispatchEvent(new Event("input"));
+      [...document.querySelectorAll("button")].find(({ textContent }) => textContent === "Show").click();
+    });
+    await page.waitForFunction(() => /0 to 0 of 0/.test(document.getElementById("findings-place").textContent));
+    assert.equal(await page.$eval("#filter", (element) => element.value), "nobody has this");
+  }));
+});
+
 test("AMillionAnimalsGoThrough", () => withDesk(async (page, desk) => {
   const folder = mkdtempSync(join(tmpdir(), "desk-large-"));
   try {
@@ -241,6 +298,17 @@ describe("BothLanguages", () => {
     }, { language }));
   }
 });
+
+test("TheCheckOfAPairOfFilesIsSaidInTheOtherLanguageToo", () => withDesk(async (page) => {
+  const folder = join(root, "examples/heide-nl");
+  await choose(page, join(folder, "heide.txt"), join(folder, "pedigreewatch.ini"));
+  await enter(page, "check");
+  assert.match(await textOf(page, "#step"), /Worth a look/);
+  await page.click("#dutch");
+  await idle(page);
+  assert.match(await textOf(page, "#step"), /Het bekijken waard/);
+  assert.doesNotMatch(await textOf(page, "#step"), /Worth a look/);
+}));
 
 test("EveryStepIsAccessibleAndIsPictured", () => withDesk(async (page) => {
   const pictures = process.env.DESK_PICTURES;
