@@ -9,6 +9,7 @@ import type { TextName } from "./texts";
 export function takeFiles(desk: Desk, files: File[]): void {
   const steerFiles = files.filter((file) => /\.ini$/i.test(file.name));
   if (files.length === 0) return;
+  if (files.length === 1 && steerFiles.length === 1) return showProblem(text(desk, "steerAlone"));
   if (files.length > 2 || (files.length === 2 && steerFiles.length !== 1)) return showProblem(text(desk, "dropOnly"));
   void openNew(desk, files);
 }
@@ -56,7 +57,7 @@ function chooseColumn(desk: Desk, answer: ExportAnswer, place: number, field: st
     const column = columns.indexOf(name);
     if (column >= 0) desk.settings.set(`column.${name}`, String(column + 1));
     else if (isRequired) desk.settings.delete(`column.${name}`);
-    else desk.settings.set(`column.${name}`, "none");
+    else if (answer.columns.includes(name)) desk.settings.set(`column.${name}`, "none");
   }
   void applySettings(desk);
 }

@@ -24,6 +24,8 @@ const texts = {
   tryExample: ["Try the example", "Probeer het voorbeeld"],
   dropOnly: ["These cannot be used together: drop one export, or one data file and its pedigreewatch.ini.",
     "Deze horen niet bij elkaar: kies één export, of één databestand met zijn pedigreewatch.ini."],
+  steerAlone: ["This is a steer file: choose its data file together with it.",
+    "Dit is een sturingsfile: kies het databestand er meteen bij."],
   recognised: ["What was recognised", "Wat herkend is"],
   firstLines: ["The first lines", "De eerste regels"],
   firstLinesHint: ["Above each column stands what it holds. Choose something else where that is wrong.",

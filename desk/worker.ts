@@ -96,7 +96,8 @@ function emptyFolder(core: Core, folder: string): void {
 /** A name that any file system takes. */
 function safeName(name: string): string {
   const safe = name.replace(/[/\\\0]/g, "_");
-  return safe === "" || safe === "." || safe === ".." ? "export" : safe.slice(0, 80);
+  if (safe === "" || safe === "." || safe === "..") return "export";
+  return safe.length <= 80 ? safe : safe.slice(0, 70) + safe.slice(-10);
 }
 
 /** Takes the files and opens them: one is an export, two are a steer file and its data file. */

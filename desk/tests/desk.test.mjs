@@ -128,6 +128,17 @@ describe("WrongFilesAreToldInPlainWords", () => {
     assert.match(await textOf(page, "#step"), /UTF-16/);
     assert.match(await textOf(page, ".lines"), /Zo\u00eb/);
   }));
+  test("a steer file alone", () => withDesk(async (page, desk) => {
+    await choose(page, writeInput(desk, "pedigreewatch.ini", "Moorland Sheep\nmoorland.txt\n"));
+    assert.match(await textOf(page, "#problems"), /choose its data file together with it/);
+  }));
+  test("a steer file with a long name", () => withDesk(async (page, desk) => {
+    const folder = join(root, "examples/heide-nl");
+    const steer = writeInput(desk, `${"n".repeat(120)}.ini`, readFileSync(join(folder, "pedigreewatch.ini")));
+    await choose(page, join(folder, "heide.txt"), steer);
+    await enter(page, "check");
+    assert.match(await textOf(page, "#step"), /3,500 animals were checked/);
+  }));
   test("three files", () => withDesk(async (page, desk) => {
     await choose(page, ...["a.csv", "b.csv", "c.csv"].map((name) => writeInput(desk, name, "x")));
     assert.match(await textOf(page, "#problems"), /cannot be used together/);
@@ -177,6 +188,17 @@ test("ARunThatIsCancelledKeepsDataAndSettings", () => withDesk(async (page, desk
   } finally {
     rmSync(folder, { recursive: true, force: true });
   }
+}));
+
+test("AColumnThatIsNotShownStaysAsItIs", () => withDesk(async (page, desk) => {
+  const wide = (first, last) => [...first, ...Array(90).fill("x"), last].join(";");
+  const lines = [wide(["id", "sex", "birthdate", "sire", "dam", "note"], "colour"), wide(["A", "m", "13-01-2000", "", "", "n"], "grey"),
+    wide(["B", "f", "13-01-2000", "", "", "n"], "black")];
+  await choose(page, writeInput(desk, "wide.csv", lines.join("\n")));
+  await page.select('select[aria-label*="(note)"]', "name");
+  await idle(page);
+  await enter(page, "settings");
+  assert.match(await textOf(page, "#step"), /grey/);
 }));
 
 describe("OneThingIsDoneAfterTheOther", () => {
