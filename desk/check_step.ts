@@ -9,10 +9,10 @@ import type { CheckAnswer, FindingRow } from "./protocol";
 const rowsShown = 50;
 
 function drawKinds(desk: Desk, answer: CheckAnswer, choose: (kind: string) => void): HTMLElement {
-  const rows = answer.kinds.map(({ name, severity, severityText, parts, count }) => make("tr", {},
-    make("th", { scope: "row" }, name), make("td", { class: "number" }, shownNumber(count, desk.language)),
+  const rows = answer.kinds.map(({ name, title, severity, severityText, parts, count }) => make("tr", {},
+    make("th", { scope: "row" }, title, " ", make("small", {}, name)), make("td", { class: "number" }, shownNumber(count, desk.language)),
     make("td", { class: `severity-${severity}` }, severityText), make("td", {}, parts),
-    make("td", {}, button(text(desk, "show"), () => choose(name), { "aria-label": `${text(desk, "show")}: ${name}`, "aria-pressed": String(desk.kind === name) }))));
+    make("td", {}, button(text(desk, "show"), () => choose(name), { "aria-label": `${text(desk, "show")}: ${title}`, "aria-pressed": String(desk.kind === name) }))));
   const heading = (name: Parameters<typeof text>[1]) => make("th", { scope: "col", class: name === "count" ? "number" : "" }, text(desk, name));
   return make("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": text(desk, "check") },
     make("table", { class: "plain" }, make("thead", {}, make("tr", {}, heading("kind"), heading("count"), heading("weight"),

@@ -29,7 +29,9 @@ export interface FilesAnswer extends Messages {
   population: string;
 }
 
-export interface FindingKind { name: string; severity: "S" | "W" | "L"; severityText: string; parts: string; count: number; }
+export interface FindingKind {
+  name: string; title: string; severity: "S" | "W" | "L"; severityText: string; parts: string; count: number;
+}
 export interface CheckAnswer extends Messages {
   animals: number; canRun: boolean; isFromExport: boolean; count: number; kinds: FindingKind[];
 }

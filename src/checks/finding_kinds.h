@@ -1,4 +1,5 @@
-// For every kind of finding its name, how serious it is, what it falsifies, and what it says in both languages.
+// For every kind of finding its name and title, how serious it is, what it falsifies, and what it says in both
+// languages.
 #pragma once
 
 #include <cstdint>
@@ -41,6 +42,7 @@ struct FindingKind {
   std::string_view name;  ///< as --code takes it
   Severity severity = Severity::look;
   std::uint32_t parts = no_part;  ///< bits of ReportPart
+  Wording title;                  ///< the kind in a few words, without figures of a finding
   Wording message;
 };
 

@@ -68,6 +68,7 @@ void add_kinds(JsonText& json, const Desk& desk) {
     const FindingKind& kind = kind_of(static_cast<FindingCode>(k));
     begin_object(json);
     add_text(json, "name", kind.name);
+    add_text(json, "title", words_of(kind.title, desk.language));
     add_text(json, "severity", letter_of(kind.severity));
     add_text(json, "severityText", heading_of(kind.severity, desk.language));
     add_text(json, "parts", kind.severity == Severity::falsifies ? list_parts(kind.parts, desk.language) : "");
@@ -152,7 +153,7 @@ void add_finding(JsonText& json, const Finding& finding, const LinesByNumber& li
   add_integer(json, "originalLine", line);
   add_integer(json, "column", finding.column);
   add_text(json, "id", shown(readable(desk.check->animals.ids.at(finding.id))));
-  add_text(json, "kind", kind.name);
+  add_text(json, "kind", words_of(kind.title, desk.language));
   add_text(json, "severity", letter_of(kind.severity));
   add_text(json, "text", message_of(finding, *desk.check, desk.language));
   add_text(json, "original", found == lines.end() ? std::string_view() : std::string_view(found->second));

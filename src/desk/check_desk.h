@@ -10,8 +10,8 @@
 
 namespace pedigreewatch {
 
-/// Checks the data file. Yields an object: messages, animals, canRun, kinds (name, severity, severityText, parts,
-/// count), hasOtherLines (whether `originalLine` differs from `line`).
+/// Checks the data file. Yields an object: messages, animals, canRun, isFromExport (whether `originalLine` may differ
+/// from `line`), count, kinds (name, title, severity, severityText, parts, count).
 std::string check_files(Desk& desk);
 
 /// Chooses the findings of one kind ("" for all), with `filter` in their identification or their text, capitals alike.
@@ -19,7 +19,7 @@ std::string check_files(Desk& desk);
 std::string choose_findings(Desk& desk, std::string_view kind, std::string_view filter);
 
 /// `count` of the chosen findings from the one at `first` on. Yields an object: rows (line, originalLine, column, id,
-/// kind, severity, text, original: the line itself).
+/// kind: its title, severity, text, original: the line itself).
 std::string list_findings(const Desk& desk, std::size_t first, std::size_t count);
 
 /// All findings as a table: the one of `pedigreewatch-tools check`, with the line of the export in front where the data

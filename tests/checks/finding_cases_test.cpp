@@ -711,6 +711,23 @@ TEST(FindingKinds, AreAllDocumentedWithBothTexts) {
   }
 }
 
+// A list of kinds shows nothing but titles: each must tell its kind from all others.
+TEST(FindingKinds, HaveATitleOfTheirOwnInBothLanguages) {
+  std::set<std::string_view> english, dutch;
+  for (std::size_t k = 0; k < finding_code_count; ++k) {
+    const FindingKind& kind = kind_of(static_cast<FindingCode>(k));
+    EXPECT_FALSE(kind.title.english.empty()) << kind.name;
+    EXPECT_FALSE(kind.title.dutch.empty()) << kind.name;
+    EXPECT_NE(kind.title.english, kind.title.dutch) << kind.name;
+    EXPECT_EQ(kind.title.english.find('{'), std::string_view::npos) << kind.name;
+    EXPECT_EQ(kind.title.dutch.find('{'), std::string_view::npos) << kind.name;
+    english.insert(kind.title.english);
+    dutch.insert(kind.title.dutch);
+  }
+  EXPECT_EQ(english.size(), finding_code_count);
+  EXPECT_EQ(dutch.size(), finding_code_count);
+}
+
 TEST(CheckData, SoundDataHasNoFindings) {
   const CheckResult result =
       checked("id;sex;birthdate;sire;dam\na;m;01-01-2000;;\nb;f;01-02-2000;;\nc;m;01-12-2001;a;b\n",
