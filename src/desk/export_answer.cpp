@@ -23,6 +23,11 @@ bool is_line_of_column(std::string_view line) {
   return first != 0 && first != std::string_view::npos && line[first] >= '0' && line[first] <= '9';
 }
 
+/// Their heading, "Columns 9, in use are:", without the announcement of what does not follow here.
+std::string_view without_announcement(std::string_view line) {
+  return line.ends_with(':') ? line.substr(0, line.rfind(',')) : line;
+}
+
 /// A line is a word and what is said of it; one that begins with blanks goes on with the same.
 void add_evidence_line(JsonText& json, std::string_view line) {
   const bool has_label = !line.starts_with(' ');
@@ -42,7 +47,7 @@ void add_evidence(JsonText& json, const Desk& desk) {
   for (std::string_view rest = words; !rest.empty();) {
     const std::size_t end = std::min(rest.find('\n'), rest.size());
     const std::string_view line = rest.substr(0, end);
-    if (!line.empty() && !is_line_of_column(line)) add_evidence_line(json, line);
+    if (!line.empty() && !is_line_of_column(line)) add_evidence_line(json, without_announcement(line));
     rest.remove_prefix(std::min(end + 1, rest.size()));
   }
   end_list(json);

@@ -57,6 +57,7 @@ TEST(Desk, SaysWhatAnExportIs) {
   EXPECT_TRUE(holds(opened.answer, R"({"text":"ram","count":3,"meaning":"male"})")) << opened.answer;
   EXPECT_TRUE(holds(opened.answer, R"({"place":1,"text":"South","count":3,"isListed":true})")) << opened.answer;
   EXPECT_TRUE(holds(opened.answer, R"("species":"sheep")")) << opened.answer;
+  EXPECT_TRUE(holds(opened.answer, R"({"label":"Columns","text":"7"})")) << opened.answer;
 }
 
 TEST(Desk, NamesNoOptionOfTheCommandLine) {
@@ -137,6 +138,18 @@ TEST(Desk, ShowsFindingsWithTheLinesOfTheExport) {
   EXPECT_TRUE(holds(rows, R"("original":"G,Gus,ram,15-03-2001,E,F,North")")) << rows;
   EXPECT_TRUE(holds(findings_table(opened.desk), "\n9\t8\t"));
   EXPECT_TRUE(holds(choose_findings(opened.desk, "", "nobody has this"), R"("count":0)"));
+}
+
+TEST(Desk, NamesTheKindsOfFindingsInTheLanguageOfTheDesk) {
+  std::string bytes(family);
+  bytes += "G,Gus,ram,15-03-2001,E,F,North\n";  // older than its father
+  OpenedDesk opened(bytes);
+  write_files_of_export(opened.desk);
+  EXPECT_TRUE(holds(check_files(opened.desk), R"("name":"born-before-parent","title":"Born before its parent")"));
+  choose_findings(opened.desk, "born-before-parent", "");
+  EXPECT_TRUE(holds(list_findings(opened.desk, 0, 10), R"("kind":"Born before its parent")"));
+  opened.desk.language = ToolLanguage::dutch;
+  EXPECT_TRUE(holds(check_files(opened.desk), R"("name":"born-before-parent","title":"Geboren voor zijn ouder")"));
 }
 
 TEST(Desk, SaysWhyThereAreNoResults) {
