@@ -21,11 +21,12 @@ function openExample(desk: Desk): void {
 }
 
 function drawDrop(desk: Desk): HTMLElement {
-  const input = make("input", { type: "file", id: "files", multiple: true, "aria-describedby": "drop-hint" });
+  // The browser words its own control in its own language, and says "no file" once the page is drawn anew.
+  const input = make("input", { type: "file", id: "files", multiple: true, hidden: true });
   input.addEventListener("change", () => takeFiles(desk, [...(input.files ?? [])]));
   const area = make("div", { class: "drop" },
     make("p", { id: "drop-hint" }, `${text(desk, "dropHere")} ${text(desk, "orPair")}`),
-    make("p", {}, make("label", { for: "files" }, `${text(desk, "chooseFiles")}: `), input),
+    make("p", {}, button(text(desk, "chooseFiles"), () => input.click(), { id: "choose-files", "aria-describedby": "drop-hint" }), input),
     make("p", {}, text(desk, "noFileYet"), button(text(desk, "tryExample"), () => openExample(desk))));
   area.addEventListener("dragover", (event) => {
     event.preventDefault();
