@@ -73,7 +73,8 @@ export function drawCheck(desk: Desk, goOn: () => void): HTMLElement[] {
   if (answer === undefined) return [];
   if (answer.messages.length > 0) return answer.messages.map((message) => make("p", { class: "problem" }, message));
   const shown = (value: number) => shownNumber(value, desk.language);
-  const parts: HTMLElement[] = [make("p", { class: answer.canRun ? "done" : "problem" },
+  const isHarmless = answer.kinds.every(({ severity }) => severity === "L");  // nothing above "worth a look"
+  const parts: HTMLElement[] = [make("p", { class: !answer.canRun ? "problem" : isHarmless ? "done" : "question" },
     text(desk, "checkedAnimals", shown(answer.animals), shown(answer.count)), answer.canRun ? "" : ` ${text(desk, "cannotRun")}`)];
   if (answer.count === 0) parts.push(make("p", {}, text(desk, "nothingFound")));
   else {

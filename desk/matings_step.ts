@@ -86,7 +86,8 @@ function drawMales(desk: Desk, males: NonNullable<Desk["males"]>): HTMLElement {
       make("span", { role: "status" }, text(desk, "showing", shown(males.first + 1), shown(Math.min(males.first + rowsShown, males.count)), shown(males.count)))),
     make("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": text(desk, "allMales") },
       make("table", { class: "plain" }, make("thead", {}, make("tr", {}, heading("id"), heading("nameOfAnimal"), heading("born", true),
-        heading("offspringF", true), heading("meanKinship", true))), make("tbody", {}, ...rows))));
+        heading("offspringF", true), heading("meanKinship", true))), make("tbody", {}, ...rows))),
+    make("p", { class: "hint" }, text(desk, "littleKnown")));
 }
 
 function drawYears(desk: Desk): HTMLElement {

@@ -96,6 +96,8 @@ const texts = {
   rank: ["Compare the males", "Vergelijk de vaders"], orderBy: ["Order by", "Volgorde naar"],
   chooseFemale: ["Choose a female first.", "Kies eerst een moeder."], noMales: ["No male was born in these years.", "In deze jaren is geen mannetje geboren."],
   id: ["Id", "Id"], nameOfAnimal: ["Name", "Naam"], born: ["Born", "Geboren"], ownF: ["Own F", "Eigen F"],
+  littleKnown: ["An F and a kinship of 0 may only say that little is known of the ancestors.",
+    "Een F en een verwantschap van 0 kunnen ook betekenen dat er weinig voorouders bekend zijn."],
   saveMales: ["Save this list as a table", "Bewaar deze lijst als tabel"],
   chosen: ["Chosen: ", "Gekozen: "],
   firstData: ["First choose data in the first step.", "Kies eerst gegevens in de eerste stap."],
