@@ -103,7 +103,8 @@ struct PopulationStore {
     return record_of_position.values.empty() ? position : record_of_position[position];
   }
   std::int32_t birth_day(std::int32_t position) const {
-    const std::int32_t day = day_of_month[position];
+    // A small number, not a letter.
+    const std::int32_t day = day_of_month[position];  // NOLINT(bugprone-signed-char-misuse,cert-str34-c)
     return day == odd_day ? find_odd_day(position) : day;
   }
   /// Its number among the allowed subpopulations; 0 for any other text.
