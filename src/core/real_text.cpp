@@ -47,11 +47,11 @@ std::uint64_t bits_of(double value) {
   return bits_as<std::uint64_t>(value);
 }
 
-bool is_power_of_two(float value) {
+[[maybe_unused]] bool is_power_of_two(float value) {
   constexpr std::uint32_t fraction = (1U << 23) - 1;
   return (bits_as<std::uint32_t>(value) & fraction) == 0;
 }
-bool is_power_of_two(double value) {
+[[maybe_unused]] bool is_power_of_two(double value) {
   constexpr std::uint64_t fraction = (std::uint64_t{1} << 52) - 1;
   return (bits_as<std::uint64_t>(value) & fraction) == 0;
 }
