@@ -9,6 +9,7 @@
 
 #include "support/gazelle_export.h"
 #include "support/lines.h"
+#include "support/places.h"
 #include "support/program_run.h"
 #include "support/steer_lines.h"
 
@@ -17,7 +18,7 @@ namespace {
 
 WholeRun run_tool_in(const RunFolder& folder, const std::vector<std::string>& arguments) {
   ProgramStart start;
-  start.program = TOOLS_PATH;
+  start.program = tools_path();
   start.arguments = arguments;
   return run_program_in(folder, start);
 }
@@ -238,7 +239,7 @@ TEST(HostileCheck, ALongLoopAndALongChain) {
 TEST(HostileCheck, ATableThatCannotBeWrittenIsSaid) {
   const RunFolder folder(files_of("id;sex;birthdate;sire;dam\na;m;01-01-2000;;\n", sheep()));
   ProgramStart start;
-  start.program = TOOLS_PATH;
+  start.program = tools_path();
   start.arguments = {"check"};
   start.limits.file_bytes = 20;
   start.keeps_console = false;

@@ -5,13 +5,14 @@
 #include <string>
 
 #include "support/files.h"
+#include "support/places.h"
 #include "support/program_run.h"
 
 namespace pedigreewatch::test {
 namespace {
 
 void expect_current_report(const std::string& folder, const std::string& population) {
-  const std::string path = std::string(EXAMPLES_FOLDER) + "/" + folder + "/";
+  const std::string path = source_folder() + "/examples/" + folder + "/";
   const WholeRun run = run_program_on({{"pedigreewatch.ini", bytes_of(path + "pedigreewatch.ini")},
                                        {population + ".txt", bytes_of(path + population + ".txt")}});
   EXPECT_EQ(run.exit_status, 0);

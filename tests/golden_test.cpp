@@ -8,13 +8,14 @@
 #include <vector>
 
 #include "support/case_folder.h"
+#include "support/places.h"
 #include "support/program_run.h"
 #include "support/same_bytes.h"
 
 namespace pedigreewatch::test {
 namespace {
 
-const std::filesystem::path golden = GOLDEN_FOLDER;
+const std::filesystem::path golden = golden_folder();
 
 /// Files that were not there before the run, or have other bytes than before.
 Files written_by(const WholeRun& run, const Files& before) {

@@ -7,13 +7,14 @@
 #include <string>
 
 #include "support/case_folder.h"
+#include "support/places.h"
 #include "support/program_run.h"
 #include "support/same_bytes.h"
 
 namespace pedigreewatch::test {
 namespace {
 
-const std::filesystem::path golden_tools = GOLDEN_TOOLS_FOLDER;
+const std::filesystem::path golden_tools = golden_tools_folder();
 
 class GoldenToolsCase : public testing::TestWithParam<std::string> {};
 

@@ -895,7 +895,7 @@ WholeRun run_with_room_for(std::uint64_t bytes, const RunFolder& folder) {
 }
 
 TEST(HostileDisk, ReportCutByALimitIsTakenAway) {
-  for (const std::uint64_t limit : {512, 1024, 32768, 65536}) {
+  for (const std::uint64_t limit : {512U, 1024U, 32768U, 65536U}) {
     const RunFolder folder(files_of(data_for_a_large_report()));
     const WholeRun run = run_with_room_for(limit, folder);
     EXPECT_EQ(run.exit_status, 1) << limit;

@@ -12,12 +12,13 @@
 #include "support/case_folder.h"
 #include "support/lines.h"
 #include "support/page_reading.h"
+#include "support/places.h"
 #include "support/program_run.h"
 
 namespace pedigreewatch::test {
 namespace {
 
-const std::filesystem::path golden = GOLDEN_FOLDER;
+const std::filesystem::path golden = golden_folder();
 constexpr std::string_view dash = "\xE2\x80\x93";
 
 /// The fields of a line of the report, by their widths, without blanks around them.

@@ -13,6 +13,7 @@
 
 #include "support/case_folder.h"
 #include "support/lines.h"
+#include "support/places.h"
 #include "support/prepared_run.h"
 #include "support/same_bytes.h"
 
@@ -21,7 +22,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path golden = GOLDEN_FOLDER;
+const fs::path golden = golden_folder();
 
 // Cases in which a preparation is meant to change something, or to refuse.
 const std::map<std::string, std::string> meant_to_differ = {

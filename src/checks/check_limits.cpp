@@ -7,7 +7,7 @@
 #include <charconv>
 
 #include "core/fixed_text.h"
-#include "intake/phrases.h"
+#include "text/phrases.h"
 
 namespace pedigreewatch {
 namespace {

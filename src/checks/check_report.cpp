@@ -9,7 +9,7 @@
 #include "checks/finding_kinds.h"
 #include "checks/readable_text.h"
 #include "intake/finding_lists.h"
-#include "intake/utf_8.h"
+#include "text/utf_8.h"
 
 namespace pedigreewatch {
 namespace {

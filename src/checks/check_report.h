@@ -6,9 +6,9 @@
 #include <string_view>
 
 #include "checks/check.h"
+#include "core/new_files.h"
 #include "core/text_output.h"
-#include "intake/file_pair.h"
-#include "intake/phrases.h"
+#include "text/phrases.h"
 
 namespace pedigreewatch {
 

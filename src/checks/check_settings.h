@@ -7,8 +7,8 @@
 
 #include "checks/calendar.h"
 #include "checks/check_limits.h"
-#include "intake/phrases.h"
 #include "pedigree/data_file_layout.h"
+#include "text/phrases.h"
 
 namespace pedigreewatch {
 

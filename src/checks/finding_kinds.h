@@ -9,7 +9,7 @@
 
 #include "checks/findings.h"
 #include "core/wording.h"
-#include "intake/phrases.h"
+#include "text/phrases.h"
 
 namespace pedigreewatch {
 

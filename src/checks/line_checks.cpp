@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/fixed_text.h"
-#include "intake/folded_words.h"
+#include "text/folded_words.h"
 
 namespace pedigreewatch {
 namespace {

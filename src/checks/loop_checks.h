@@ -3,7 +3,7 @@
 
 #include "checks/findings.h"
 #include "checks/pedigree_columns.h"
-#include "intake/phrases.h"
+#include "text/phrases.h"
 
 namespace pedigreewatch {
 

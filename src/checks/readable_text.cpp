@@ -6,8 +6,8 @@
 #include <array>
 #include <charconv>
 
-#include "intake/utf_8.h"
-#include "intake/windows_1252.h"
+#include "text/utf_8.h"
+#include "text/windows_1252.h"
 
 namespace pedigreewatch {
 namespace {

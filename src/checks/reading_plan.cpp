@@ -9,10 +9,10 @@
 
 #include "checks/readable_text.h"
 #include "intake/delimiter_recognition.h"
-#include "intake/encoding.h"
 #include "intake/findings.h"
-#include "intake/folded_words.h"
 #include "pedigree/data_columns.h"
+#include "text/encoding.h"
+#include "text/folded_words.h"
 
 namespace pedigreewatch {
 namespace {

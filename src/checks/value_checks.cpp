@@ -10,8 +10,8 @@
 
 #include "checks/readable_text.h"
 #include "core/fixed_text.h"
-#include "intake/folded_words.h"
 #include "intake/value_words.h"
+#include "text/folded_words.h"
 
 namespace pedigreewatch {
 namespace {

@@ -14,7 +14,7 @@
 #include "core/line_reader.h"
 #include "desk/json_text.h"
 #include "intake/column_recognition.h"
-#include "intake/folded_words.h"
+#include "text/folded_words.h"
 
 namespace pedigreewatch {
 namespace {

@@ -15,8 +15,8 @@
 #include "desk/json_text.h"
 #include "diversity/diversity.h"
 #include "intake/export_preparation.h"
-#include "intake/phrases.h"
 #include "matings/ranking.h"
+#include "text/phrases.h"
 
 namespace pedigreewatch {
 

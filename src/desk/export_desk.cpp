@@ -11,10 +11,10 @@
 
 #include "control/steer_file.h"
 #include "core/line_reader.h"
+#include "core/new_files.h"
 #include "desk/export_answer.h"
 #include "desk/json_text.h"
 #include "desk/settings_text.h"
-#include "intake/file_pair.h"
 #include "intake/prepared_file.h"
 
 namespace pedigreewatch {

@@ -8,10 +8,10 @@
 #include "control/steer_file.h"
 #include "core/line_reader.h"
 #include "desk/json_text.h"
-#include "intake/utf_8.h"
-#include "intake/windows_1252.h"
 #include "page/page.h"
 #include "reports/report.h"
+#include "text/utf_8.h"
+#include "text/windows_1252.h"
 
 namespace pedigreewatch {
 namespace {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "diversity/diversity.h"
-#include "intake/phrases.h"
+#include "text/phrases.h"
 
 namespace pedigreewatch {
 

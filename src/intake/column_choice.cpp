@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "intake/folded_words.h"
+#include "text/folded_words.h"
 
 namespace pedigreewatch {
 namespace {

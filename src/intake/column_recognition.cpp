@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "intake/folded_words.h"
+#include "text/folded_words.h"
 
 namespace pedigreewatch {
 namespace {

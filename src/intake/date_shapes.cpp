@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <string>
 
-#include "intake/folded_words.h"
+#include "text/folded_words.h"
 
 namespace pedigreewatch {
 namespace {

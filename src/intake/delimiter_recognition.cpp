@@ -9,7 +9,7 @@
 
 #include "intake/column_recognition.h"
 #include "intake/export_records.h"
-#include "intake/folded_words.h"
+#include "text/folded_words.h"
 
 namespace pedigreewatch {
 namespace {

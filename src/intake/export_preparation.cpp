@@ -14,7 +14,7 @@
 #include "core/line_reader.h"
 #include "intake/export_records.h"
 #include "intake/finding_lists.h"
-#include "intake/utf_8.h"
+#include "text/utf_8.h"
 
 namespace pedigreewatch {
 namespace {

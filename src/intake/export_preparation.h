@@ -6,10 +6,10 @@
 #include <string>
 #include <string_view>
 
+#include "core/tool_streams.h"
 #include "intake/column_choice.h"
 #include "intake/export_survey.h"
 #include "intake/findings.h"
-#include "intake/prepare.h"
 #include "intake/prepare_plan.h"
 
 namespace pedigreewatch {

@@ -16,7 +16,7 @@
 #include "intake/export_records.h"
 #include "intake/parent_links.h"
 #include "intake/text_counts.h"
-#include "intake/windows_1252.h"
+#include "text/windows_1252.h"
 
 namespace pedigreewatch {
 

@@ -7,9 +7,9 @@
 
 #include "core/text_output.h"
 #include "intake/date_layout_recognition.h"
-#include "intake/phrases.h"
 #include "intake/prepare_plan.h"
 #include "intake/text_counts.h"
+#include "text/phrases.h"
 
 namespace pedigreewatch {
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-#include "intake/utf_8.h"
+#include "text/utf_8.h"
 
 namespace pedigreewatch {
 namespace {

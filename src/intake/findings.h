@@ -5,10 +5,10 @@
 
 #include "core/text_output.h"
 #include "intake/delimiter_recognition.h"
-#include "intake/encoding.h"
 #include "intake/export_survey.h"
 #include "intake/finding_lists.h"
 #include "intake/prepare_plan.h"
+#include "text/encoding.h"
 
 namespace pedigreewatch {
 

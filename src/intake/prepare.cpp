@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "core/new_files.h"
 #include "intake/export_preparation.h"
-#include "intake/file_pair.h"
 #include "intake/prepared_file.h"
 
 namespace pedigreewatch {
@@ -33,10 +33,6 @@ constexpr Wording done = {"Written: {1} and {2}. Go to that folder and start ped
                           "Geschreven: {1} en {2}. Ga naar die map en start pedigreewatch."};
 constexpr Wording dry_run_done = {"Nothing was written (--dry-run). It would have been {1} and {2}.",
                                   "Er is niets geschreven (--dry-run). Het zouden {1} en {2} zijn geworden."};
-
-bool is_stopped(const ToolStreams& streams) {
-  return streams.stop_request != nullptr && *streams.stop_request != 0;
-}
 
 int ask(const PreparePlan& plan, ToolStreams& streams) {
   flush(streams.console);
@@ -91,7 +87,7 @@ bool take_piece(void* receiver, std::string_view bytes) {
   auto& target = *static_cast<DataReceiver*>(receiver);
   target.line_count += std::count(bytes.begin(), bytes.end(), '\n');
   count_progress(target.streams->progress, target.line_count);
-  return !is_stopped(*target.streams) && write_bytes(target.file, bytes);
+  return !is_stop_requested(*target.streams) && write_bytes(target.file, bytes);
 }
 
 int refuse_problem(const FileProblem& problem, const PrepareOptions& options, ToolStreams& streams) {
@@ -112,7 +108,7 @@ int write_files(const Targets& targets, const Preparation& read, const PrepareOp
       make_data_file(read.text, read.findings.delimiter, read.plan, read.survey.sexes, take_piece, &data);
   erase_progress(streams.progress);
   write_bytes(steer, steer_text(read.plan));
-  if (!is_made && is_stopped(streams)) {
+  if (!is_made && is_stop_requested(streams)) {
     abandon(data.file);
     abandon(steer);
     return refuse(streams, options, was_stopped, {});

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "intake/date_layout_recognition.h"
-#include "intake/encoding.h"
-#include "intake/phrases.h"
 #include "pedigree/header_words.h"
+#include "text/encoding.h"
+#include "text/phrases.h"
 
 namespace pedigreewatch {
 

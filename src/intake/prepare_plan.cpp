@@ -7,8 +7,8 @@
 #include <array>
 #include <utility>
 
-#include "intake/folded_words.h"
 #include "intake/species_choice.h"
+#include "text/folded_words.h"
 
 namespace pedigreewatch {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "intake/findings.h"
-#include "intake/utf_8.h"
+#include "text/utf_8.h"
 
 namespace pedigreewatch {
 namespace {

@@ -5,8 +5,8 @@
 #include <array>
 
 #include "core/wording.h"
-#include "intake/folded_words.h"
 #include "intake/value_words.h"
+#include "text/folded_words.h"
 
 namespace pedigreewatch {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "intake/phrases.h"
 #include "intake/text_counts.h"
+#include "text/phrases.h"
 
 namespace pedigreewatch {
 

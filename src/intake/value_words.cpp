@@ -6,7 +6,7 @@
 #include <array>
 #include <string>
 
-#include "intake/folded_words.h"
+#include "text/folded_words.h"
 
 namespace pedigreewatch {
 namespace {

@@ -10,7 +10,7 @@
 
 #include "checks/readable_text.h"
 #include "core/fixed_text.h"
-#include "intake/utf_8.h"
+#include "text/utf_8.h"
 
 namespace pedigreewatch {
 namespace {

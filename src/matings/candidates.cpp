@@ -8,8 +8,8 @@
 #include <unordered_map>
 
 #include "checks/readable_text.h"
-#include "intake/utf_8.h"
-#include "intake/windows_1252.h"
+#include "text/utf_8.h"
+#include "text/windows_1252.h"
 
 namespace pedigreewatch {
 namespace {

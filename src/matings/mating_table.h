@@ -6,7 +6,7 @@
 #include <span>
 #include <string>
 
-#include "intake/file_pair.h"
+#include "core/new_files.h"
 #include "matings/ranking.h"
 
 namespace pedigreewatch {

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "core/year_table.h"
-#include "intake/phrases.h"
 #include "page/page.h"
+#include "text/phrases.h"
 
 namespace pedigreewatch {
 

@@ -5,8 +5,8 @@
 #include <algorithm>
 
 #include "checks/readable_text.h"
-#include "intake/transliteration.h"
-#include "intake/utf_8.h"
+#include "text/transliteration.h"
+#include "text/utf_8.h"
 
 namespace pedigreewatch {
 namespace {

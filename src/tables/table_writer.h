@@ -8,7 +8,7 @@
 #include <string_view>
 #include <variant>
 
-#include "intake/file_pair.h"
+#include "core/new_files.h"
 
 namespace pedigreewatch {
 

@@ -144,8 +144,7 @@ int check_file(const SteerSettings& steer, const CheckSettings& settings, const 
   if (result.has_too_many_lines) return refuse(streams, phrase(too_many_lines, settings.language, {shown(name)}));
   const CheckReport report = {name, table_name(name), settings.language, options.code};
   FileProblem problem;
-  const bool is_stopped = streams.stop_request != nullptr && *streams.stop_request != 0;
-  if (is_stopped) return refuse(streams, words_of(was_stopped, settings.language));
+  if (is_stop_requested(streams)) return refuse(streams, words_of(was_stopped, settings.language));
   const bool is_written = write_table(result, report, problem);
   show_findings(result, report, streams.console);
   if (!is_written) {

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "intake/phrases.h"
+#include "text/phrases.h"
 
 namespace pedigreewatch {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "checks/readable_text.h"
 #include "control/steer_file.h"
-#include "intake/file_pair.h"
+#include "core/new_files.h"
 
 namespace pedigreewatch {
 namespace {

@@ -8,8 +8,8 @@
 #include <string_view>
 
 #include "control/population_analysis.h"
-#include "intake/phrases.h"
-#include "intake/prepare.h"
+#include "core/tool_streams.h"
+#include "text/phrases.h"
 
 namespace pedigreewatch {
 

@@ -11,8 +11,8 @@
 #include "checks/check.h"
 #include "control/check_setup.h"
 #include "control/steer_file.h"
+#include "core/new_files.h"
 #include "diversity/diversity.h"
-#include "intake/file_pair.h"
 #include "page/page.h"
 #include "tools/check_inputs.h"
 #include "tools/command_line.h"
@@ -68,10 +68,6 @@ std::string read_options(std::span<const std::string_view> arguments, ReferenceO
     if (!problem.empty()) return problem;
   }
   return {};
-}
-
-bool is_stopped(const ToolStreams& streams) {
-  return streams.stop_request != nullptr && *streams.stop_request != 0;
 }
 
 /// What the checks find in the data file; nothing when it can no longer be read.
@@ -131,7 +127,7 @@ int run_page(std::span<const std::string_view> arguments, ToolStreams& streams) 
   const std::vector<Block> blocks = analyse_subpopulations(*population, silent);
   const Diversity diversity = compute_diversity(population->store, std::move(*reference));
   const std::optional<CheckResult> check = check_population(*population, streams);
-  if (is_stopped(streams)) return refuse(streams, words_of(was_stopped, language_of(population->settings)), 1);
+  if (is_stop_requested(streams)) return refuse(streams, words_of(was_stopped, language_of(population->settings)), 1);
   const PageInput input = {*population, blocks, &diversity, check ? &*check : nullptr};
   return write_page(*population, make_page(input), options.ids_file, streams);
 }

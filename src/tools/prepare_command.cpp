@@ -8,6 +8,8 @@
 #include "intake/column_recognition.h"
 #include "intake/delimiter_recognition.h"
 #include "intake/export_records.h"
+#include "text/encoding.h"
+#include "text/phrases.h"
 #include "tools/command_line.h"
 
 namespace pedigreewatch {

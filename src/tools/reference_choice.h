@@ -7,9 +7,9 @@
 #include <string_view>
 
 #include "control/population_analysis.h"
+#include "core/tool_streams.h"
 #include "diversity/reference_population.h"
-#include "intake/phrases.h"
-#include "intake/prepare.h"
+#include "text/phrases.h"
 
 namespace pedigreewatch {
 

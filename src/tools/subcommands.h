@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "intake/prepare.h"
+#include "core/tool_streams.h"
 
 namespace pedigreewatch {
 

@@ -185,17 +185,13 @@ void say_written(const Tables& tables, const std::vector<TableFile>& files, Text
   }
 }
 
-bool is_stopped(const ToolStreams& streams) {
-  return streams.stop_request != nullptr && *streams.stop_request != 0;
-}
-
 int write_tables(const Tables& tables, const ReferenceOptions& reference, ToolStreams& streams) {
   std::vector<TableFile> files;
   constexpr std::size_t most_files = 4;
   files.reserve(most_files);  // a table being written stays where it is
   FileProblem problem;
   const bool is_begun = write_files(tables, files, problem);
-  const bool is_wanted = !is_stopped(streams);
+  const bool is_wanted = !is_stop_requested(streams);
   if (is_begun && is_wanted && finish_files(files, tables, reference.ids_file, problem)) {
     say_written(tables, files, streams.console);
     return 0;
@@ -221,7 +217,7 @@ int run_tables(std::span<const std::string_view> arguments, ToolStreams& streams
   if (!population) return 1;
   std::optional<ReferencePopulation> reference = choose_reference(*population, options.reference, streams);
   if (!reference) return 1;
-  if (is_stopped(streams)) return refuse(streams, words_of(was_stopped, language_of(population->settings)), 1);
+  if (is_stop_requested(streams)) return refuse(streams, words_of(was_stopped, language_of(population->settings)), 1);
   const Diversity diversity = compute_diversity(population->store, std::move(*reference));
   return write_tables({*population, diversity, options.form}, options.reference, streams);
 }

@@ -12,6 +12,7 @@
 #include "checks/finding_kinds.h"
 #include "support/check_runs.h"
 #include "support/files.h"
+#include "support/places.h"
 
 namespace pedigreewatch::test {
 namespace {
@@ -702,7 +703,7 @@ TEST(FindingKinds, AllHaveACase) {
 
 // A user looks a code up in the documentation, by its name or by a text that was seen.
 TEST(FindingKinds, AreAllDocumentedWithBothTexts) {
-  const std::string page = bytes_of(EXAMPLES_FOLDER "/../docs/check.md");
+  const std::string page = bytes_of(source_folder() + "/docs/check.md");
   for (std::size_t k = 0; k < finding_code_count; ++k) {
     const FindingKind& kind = kind_of(static_cast<FindingCode>(k));
     EXPECT_NE(page.find("#### `" + std::string(kind.name) + "`\n"), std::string::npos) << kind.name;

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "support/places.h"
 #include "support/program_run.h"
 
 namespace pedigreewatch::test {
@@ -14,7 +15,7 @@ const Files herd = {{"pedigreewatch.ini", "Herd\nherd.txt\n"}, {"herd.txt", "id;
 TEST(Arguments, VersionIsTheOneOfThePackages) {
   const WholeRun run = run_program_on(herd, {.arguments = {"--version"}});
   EXPECT_EQ(run.exit_status, 0);
-  EXPECT_EQ(run.console, "pedigreewatch " PROGRAM_VERSION "\n");
+  EXPECT_EQ(run.console, "pedigreewatch " + program_version() + "\n");
   EXPECT_EQ(run.messages, "");
   EXPECT_EQ(run.files.count("herd.out"), 0U);
 }

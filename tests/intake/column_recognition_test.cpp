@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "intake/folded_words.h"
+#include "text/folded_words.h"
 
 namespace pedigreewatch::test {
 namespace {

@@ -81,11 +81,11 @@ bool drop_rights() {
 }  // namespace
 
 ProgramStart tools_with(std::vector<std::string> arguments) {
-  return {.program = TOOLS_PATH, .arguments = std::move(arguments)};
+  return {.program = tools_path(), .arguments = std::move(arguments)};
 }
 
 ProgramStart shell_script(std::string_view script) {
-  return {.program = "/bin/sh", .arguments = {"-c", std::string(script)}, .environment = {"PROGRAM=" PROGRAM_PATH}};
+  return {.program = "/bin/sh", .arguments = {"-c", std::string(script)}, .environment = {"PROGRAM=" + program_path()}};
 }
 
 std::string WholeRun::file(const std::string& name) const {
@@ -162,7 +162,7 @@ WholeRun run_program_on(const Files& files, const ProgramStart& start) {
 
 bool can_drop_rights(const RunFolder& folder) {
   if (!is_root()) return true;
-  return run_program_in(folder, {.program = "/usr/bin/test", .arguments = {"-x", PROGRAM_PATH}, .has_rights = false})
+  return run_program_in(folder, {.program = "/usr/bin/test", .arguments = {"-x", program_path()}, .has_rights = false})
              .exit_status == 0;
 }
 

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "support/places.h"
 #include "support/run_folder.h"
 
 namespace pedigreewatch::test {
@@ -20,7 +21,7 @@ struct RunLimits {
 
 /// How a program is started.
 struct ProgramStart {
-  std::string program = PROGRAM_PATH;
+  std::string program = program_path();
   std::vector<std::string> arguments = {};
   std::string keyboard = {};                  ///< typed beforehand
   std::vector<std::string> environment = {};  ///< "NAME=value", besides what the tests themselves were given

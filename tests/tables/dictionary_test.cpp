@@ -10,6 +10,7 @@
 
 #include "support/case_folder.h"
 #include "support/lines.h"
+#include "support/places.h"
 #include "support/program_run.h"
 #include "support/read_table.h"
 
@@ -18,7 +19,7 @@ namespace {
 
 /// The columns that the section of a table describes: what stands in the first cell of its rows.
 std::set<std::string> documented_columns(const std::string& section) {
-  const std::filesystem::path document = std::filesystem::path(EXAMPLES_FOLDER).parent_path() / "docs" / "tables.md";
+  const std::filesystem::path document = std::filesystem::path(source_folder()) / "docs" / "tables.md";
   std::set<std::string> columns;
   bool is_here = false;
   for (const std::string& line : lines_of(bytes_of(document))) {
@@ -51,7 +52,7 @@ std::set<std::string> written_columns(const std::string& ending, const std::set<
   for (const std::string golden_case :
        {"columns_all_en", "column_import_en", "subpopulations_three_en", "breeders_thirteen_en", "top_sires_en"}) {
     const WholeRun run =
-        run_program_on(read_case(std::filesystem::path(GOLDEN_FOLDER) / golden_case).inputs, tools_with({"tables"}));
+        run_program_on(read_case(std::filesystem::path(golden_folder()) / golden_case).inputs, tools_with({"tables"}));
     for (const auto& [name, bytes] : run.files) {
       if (!name.ends_with(ending)) continue;
       for (const std::string& column : read_table(bytes).names) columns.insert(family_of(column, documented));

@@ -13,13 +13,14 @@
 #include "core/line_writer.h"
 #include "support/case_folder.h"
 #include "support/lines.h"
+#include "support/places.h"
 #include "support/program_run.h"
 #include "support/read_table.h"
 
 namespace pedigreewatch::test {
 namespace {
 
-const std::filesystem::path golden = GOLDEN_FOLDER;
+const std::filesystem::path golden = golden_folder();
 
 /// A field of a line of the report and the column that has its figure; without a name it is not compared.
 struct Field {

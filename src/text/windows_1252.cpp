@@ -1,13 +1,13 @@
 // The letters of Windows-1252 and how texts of UTF-8 are written with them.
 
-#include "intake/windows_1252.h"
+#include "text/windows_1252.h"
 
 #include <algorithm>
 #include <array>
 #include <cstring>
 
-#include "intake/transliteration.h"
-#include "intake/utf_8.h"
+#include "text/transliteration.h"
+#include "text/utf_8.h"
 
 namespace pedigreewatch {
 namespace {

@@ -1,4 +1,4 @@
-#include "intake/file_pair.h"
+#include "core/new_files.h"
 
 #include <gtest/gtest.h>
 #include <stdlib.h>

@@ -1,14 +1,14 @@
 // Recognises an encoding by its byte order mark, by the zeros of UTF-16, or by whether the letters beyond ASCII are
 // valid UTF-8; and turns UTF-16 and Windows-1252 into UTF-8.
 
-#include "intake/encoding.h"
+#include "text/encoding.h"
 
 #include <algorithm>
 #include <array>
 #include <utility>
 
-#include "intake/utf_8.h"
-#include "intake/windows_1252.h"
+#include "text/utf_8.h"
+#include "text/windows_1252.h"
 
 namespace pedigreewatch {
 namespace {

@@ -1,6 +1,6 @@
 // Reads and writes UTF-8 letter by letter, and skips plain letters eight at a time.
 
-#include "intake/utf_8.h"
+#include "text/utf_8.h"
 
 #include <array>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "intake/utf_8.h"
+#include "text/utf_8.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 // Fills the places of a wording, and makes texts of the input fit to be shown.
 
-#include "intake/phrases.h"
+#include "text/phrases.h"
 
 #include <algorithm>
 
-#include "intake/utf_8.h"
+#include "text/utf_8.h"
 
 namespace pedigreewatch {
 

@@ -1,6 +1,6 @@
 // The temporary names end in ".new"; a file that is to be replaced is called ".old" until its successor is in place.
 
-#include "intake/file_pair.h"
+#include "core/new_files.h"
 
 #include <algorithm>
 #include <array>

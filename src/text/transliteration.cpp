@@ -1,7 +1,7 @@
 // Tables of what stands for a letter, one text for each block of letters: its words are those of the letters in their
 // order, with "?" where there is none. Cyrillic is written as English atlases do, Greek likewise.
 
-#include "intake/transliteration.h"
+#include "text/transliteration.h"
 
 #include <algorithm>
 #include <array>

@@ -1,11 +1,11 @@
 // Folds words letter by letter.
 
-#include "intake/folded_words.h"
+#include "text/folded_words.h"
 
 #include <algorithm>
 
-#include "intake/transliteration.h"
-#include "intake/utf_8.h"
+#include "text/transliteration.h"
+#include "text/utf_8.h"
 
 namespace pedigreewatch {
 namespace {

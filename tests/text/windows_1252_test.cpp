@@ -1,10 +1,10 @@
-#include "intake/windows_1252.h"
+#include "text/windows_1252.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "intake/transliteration.h"
+#include "text/transliteration.h"
 
 namespace pedigreewatch::test {
 namespace {
