@@ -1,0 +1,78 @@
+// How one export of an office is written: everything that is drawn before its first line.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "support/foreign_population.h"
+#include "support/foreign_words.h"
+
+namespace pedigreewatch::test {
+
+/// What a column holds, whatever stands above it.
+enum class ColumnContent {
+  row_number,
+  id,
+  name,
+  sire,
+  dam,
+  sire_name,
+  dam_name,
+  sex,
+  birth,
+  colour,
+  breeder,
+  herd,
+  owner,
+  weight,
+  death,
+  registered,
+  status,
+  notes,
+  grandsire,
+  filler
+};
+
+struct ForeignColumn {
+  ColumnContent content = ColumnContent::filler;
+  std::string heading;
+};
+
+/// A layout of dates: %d %m day and month, %D %M with two digits, %Y %y year, %b %B month in short or in full, %s the
+/// number of days of a spreadsheet since 1900, %S since 1904.
+struct DateForm {
+  std::string_view name, pattern;
+  std::string_view option;  ///< what the option calls it
+};
+
+enum class Damage { none, shifted_lines, cut_lines, joined_lines, exchanged_dates, count };
+
+struct ForeignForm {
+  Tongue tongue = Tongue::english;
+  IdStyle ids = IdStyle::numbers;
+  SexStyle sexes;
+  std::vector<std::string> unknown;  ///< the texts for unknown parents
+  DateForm dates;
+  bool has_rough_dates = false;  ///< some as "~ 1972"
+  char delimiter = ';';
+  std::string encoding;    ///< as the option names it
+  std::string iconv_name;  ///< as the system names it
+  std::string mark;        ///< bytes at the start of the file
+  std::vector<ForeignColumn> columns;
+  bool has_header = true, quotes_all = false, has_separator_line = false, has_blank_lines = false;
+  bool leaves_founders_out = false;  ///< some founders have no line of their own
+  int title_count = 0, footer_count = 0;
+  int header_again_after = 0;  ///< lines from one header to the next; 0: one header only
+  std::string line_end;
+  Damage damage = Damage::none;
+  std::vector<std::string> shapes;  ///< what was drawn, each as "kind: which"
+};
+
+/// Draws everything.
+ForeignForm draw_form(Dice& dice);
+
+/// The names of animals in that form's language and letters.
+std::span<const std::string_view> names_of(const ForeignForm& form);
+
+}  // namespace pedigreewatch::test
