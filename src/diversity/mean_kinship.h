@@ -15,8 +15,7 @@ struct MeanKinship {
   std::vector<double> of_members;         ///< of each with the reference population, itself included; by place in it
 };
 
-/// `genes` are those of `gene_contributions`. One pass down the pedigree multiplies them by the relationship matrix
-/// (Colleau, 2002, Genet. Sel. Evol. 34: 409-421). No values without a reference population.
+/// `genes` are those of `gene_contributions`. No values without a reference population.
 MeanKinship compute_mean_kinship(const ReferencePedigree& pedigree, const ByNumber<double>& genes);
 
 }  // namespace pedigreewatch

@@ -1,21 +1,25 @@
-// One pass in store order: a parent has its number before its first offspring is met.
+// One pass in store order: a parent has its number before its first offspring is met. Ancestors of some animals are
+// marked before, from the youngest animal to the oldest.
 
 #include "genetics/ancestor_pedigree.h"
 
 namespace pedigreewatch {
+namespace {
 
-ParentNumbers parent_numbers(const PopulationStore& store, const AncestorPedigree& ancestors, std::int32_t position) {
-  const auto number_of = [&](std::int32_t parent) {
-    return parent < position ? ancestors.number_of_animal[parent] : 0;
-  };
-  return {number_of(store.sire_no[position]), number_of(store.dam_no[position])};
+/// By position: whether it is one of the animals or an ancestor of one.
+ByNumber<Flag> mark_with_ancestors(const PopulationStore& store, std::span<const std::int32_t> positions) {
+  ByNumber<Flag> is_wanted(store.size());
+  for (const std::int32_t position : positions) is_wanted[position] = 1;
+  for (std::int32_t position = store.animal_count; position > 0; --position) {
+    if (is_wanted[position] == 0) continue;
+    const KnownParents parents = known_parents(store, position);
+    is_wanted[parents.sire] = is_wanted[parents.dam] = 1;  // entry 0 is nobody's
+  }
+  return is_wanted;
 }
 
-AncestorPedigree make_ancestor_pedigree(const PopulationStore& store) {
-  return make_ancestor_pedigree(store, store.is_parent);
-}
-
-AncestorPedigree make_ancestor_pedigree(const PopulationStore& store, const ByNumber<Flag>& is_wanted) {
+/// Every parent of a wanted animal that stands before it must be wanted too.
+AncestorPedigree number_wanted(const PopulationStore& store, const ByNumber<Flag>& is_wanted) {
   AncestorPedigree ancestors;
   ancestors.number_of_animal = ByNumber<std::int32_t>(store.size());
   for (ByNumber<std::int32_t>* list : {&ancestors.position, &ancestors.sire, &ancestors.dam}) list->values.push_back(0);
@@ -28,6 +32,43 @@ AncestorPedigree make_ancestor_pedigree(const PopulationStore& store, const ByNu
     ancestors.number_of_animal[position] = ancestors.count();
   }
   return ancestors;
+}
+
+}  // namespace
+
+KnownParents known_parents(const PopulationStore& store, std::int32_t position) {
+  const auto before = [&](std::int32_t parent) { return parent < position ? parent : 0; };
+  return {before(store.sire_no[position]), before(store.dam_no[position])};
+}
+
+ParentNumbers parent_numbers(const PopulationStore& store, const AncestorPedigree& ancestors, std::int32_t position) {
+  const KnownParents parents = known_parents(store, position);
+  return {ancestors.number_of_animal[parents.sire], ancestors.number_of_animal[parents.dam]};
+}
+
+AncestorPedigree make_ancestor_pedigree(const PopulationStore& store) {
+  return number_wanted(store, store.is_parent);
+}
+
+AncestorPedigree pedigree_of(const PopulationStore& store, std::span<const std::int32_t> positions) {
+  return number_wanted(store, mark_with_ancestors(store, positions));
+}
+
+double within_family_variance(const PopulationStore& store, const AncestorPedigree& ancestors, ParentNumbers parents) {
+  const auto f_of = [&](std::int32_t number) {
+    return number == 0 ? 0.0 : double{store.inbreeding[ancestors.position[number]]};
+  };
+  const int unknown_parents = (parents.sire == 0 ? 1 : 0) + (parents.dam == 0 ? 1 : 0);
+  return (2.0 + unknown_parents - f_of(parents.sire) - f_of(parents.dam)) * 0.25;
+}
+
+ByNumber<double> within_family_variances(const PopulationStore& store, const AncestorPedigree& ancestors) {
+  ByNumber<double> variances;
+  variances.values.reserve(ancestors.position.values.size());
+  for (std::int32_t j = 0; j <= ancestors.count(); ++j) {
+    variances.values.push_back(within_family_variance(store, ancestors, {ancestors.sire[j], ancestors.dam[j]}));
+  }
+  return variances;
 }
 
 }  // namespace pedigreewatch

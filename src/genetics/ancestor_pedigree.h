@@ -1,8 +1,9 @@
-// The pedigree of the animals that have offspring. Only they can be anybody's ancestors, so that the walks through
-// the pedigree need no others: a quarter of a herdbook or less, in arrays without gaps.
+// The pedigree of the animals that have offspring, or of some animals and everybody they descend from. The walks and
+// passes through the pedigree need no others: a quarter of a herdbook or less, in arrays without gaps.
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 #include "core/by_number.h"
 #include "pedigree/population_store.h"
@@ -12,7 +13,7 @@ namespace pedigreewatch {
 /// Ancestors are numbered from 1 in store order, so that parents have smaller numbers than their offspring; 0 stands
 /// for an unknown parent.
 struct AncestorPedigree {
-  ByNumber<std::int32_t> number_of_animal;  ///< by position: the animal's ancestor number, 0 without offspring
+  ByNumber<std::int32_t> number_of_animal;  ///< by position: the animal's ancestor number, 0 for those left out
   ByNumber<std::int32_t> sire, dam;         ///< by ancestor number: the ancestor numbers of the parents
   ByNumber<std::int32_t> position;          ///< by ancestor number: position in the store
 
@@ -23,14 +24,27 @@ struct AncestorPedigree {
 /// offspring, which only an unfinished sort can leave behind, is left out.
 AncestorPedigree make_ancestor_pedigree(const PopulationStore& store);
 
-/// The same of the animals that are wanted, by position. Every parent of a wanted animal that stands before it must be
-/// wanted too.
-AncestorPedigree make_ancestor_pedigree(const PopulationStore& store, const ByNumber<Flag>& is_wanted);
+/// The pedigree of the animals at `positions`, in any order and more than once if need be, and of everybody they
+/// descend from; an animal among them that has no offspring is one like the others.
+AncestorPedigree pedigree_of(const PopulationStore& store, std::span<const std::int32_t> positions);
+
+/// The parents of the animal at `position` as positions, 0 for one that is unknown or does not stand before it.
+struct KnownParents {
+  std::int32_t sire = 0, dam = 0;
+};
+KnownParents known_parents(const PopulationStore& store, std::int32_t position);
 
 /// Parents of the animal at `position` as ancestor numbers, the way `make_ancestor_pedigree` takes them.
 struct ParentNumbers {
   std::int32_t sire = 0, dam = 0;
 };
 ParentNumbers parent_numbers(const PopulationStore& store, const AncestorPedigree& ancestors, std::int32_t position);
+
+/// The part of an animal's variance that comes from neither parent: 1/2 - (Fs + Fd) / 4, and 1/4 more for each unknown
+/// parent. F of the parents must be final.
+double within_family_variance(const PopulationStore& store, const AncestorPedigree& ancestors, ParentNumbers parents);
+
+/// The same by ancestor number, of all ancestors.
+ByNumber<double> within_family_variances(const PopulationStore& store, const AncestorPedigree& ancestors);
 
 }  // namespace pedigreewatch

@@ -13,15 +13,6 @@
 namespace pedigreewatch {
 namespace {
 
-/// The within-family variance of an animal; an unknown parent counts as 1 more and has no F.
-double variance_of_parents(const PopulationStore& store, const AncestorPedigree& ancestors, ParentNumbers parents) {
-  const auto f_of = [&](std::int32_t number) {
-    return number == 0 ? 0.0 : double{store.inbreeding[ancestors.position[number]]};
-  };
-  const int unknown_parents = (parents.sire == 0 ? 1 : 0) + (parents.dam == 0 ? 1 : 0);
-  return (2.0 + unknown_parents - f_of(parents.sire) - f_of(parents.dam)) * 0.25;
-}
-
 /// Lanes that one pass carries side by side.
 constexpr std::int32_t lane_limit = 16;
 
@@ -85,7 +76,7 @@ std::int32_t place_weights(RelationshipWork& work, PassPart& part) {
       continue;
     }
     const ParentNumbers parents = parent_numbers(work.store, work.ancestors, position);
-    part.sums.between(lane, lane) += variance_of_parents(work.store, work.ancestors, parents);
+    part.sums.between(lane, lane) += within_family_variance(work.store, work.ancestors, parents);
     add_weight(parents.sire, lane, 0.5);
     add_weight(parents.dam, lane, 0.5);
   }
@@ -156,13 +147,7 @@ void run_upward_pass(RelationshipWork& work, std::span<PassPart> parts) {
 }  // namespace
 
 RelationshipWork make_relationship_work(const PopulationStore& store, const AncestorPedigree& ancestors) {
-  RelationshipWork work{store, ancestors, {}, {}};
-  work.within_family_variance.values.reserve(ancestors.position.values.size());
-  for (std::int32_t j = 0; j <= ancestors.count(); ++j) {
-    work.within_family_variance.values.push_back(
-        variance_of_parents(store, ancestors, {ancestors.sire[j], ancestors.dam[j]}));
-  }
-  return work;
+  return {store, ancestors, within_family_variances(store, ancestors), {}};
 }
 
 RelationshipSums sum_relationships(RelationshipWork& work, const GroupedAnimals& animals) {

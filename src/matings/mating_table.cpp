@@ -74,7 +74,8 @@ std::string id_text(const MatingWork& work, std::int32_t position) {
 }
 
 std::string mean_kinship_text(const MatingWork& work, std::int32_t position) {
-  return work.mean_kinship.values.empty() ? std::string() : real_text(work.mean_kinship[position]);
+  const std::optional<double> mean = mean_kinship_of(work, position);
+  return mean ? real_text(*mean) : std::string();
 }
 
 void add_ancestors(TableLine& line, const MatingWork& work, const KinshipParts& parts) {

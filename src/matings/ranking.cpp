@@ -25,15 +25,6 @@ void count_pairs(const MatingWatch& watch, std::int64_t count) {
   if (watch.progress != nullptr) count_progress(*watch.progress, count);
 }
 
-double mean_kinship_of(const MatingWork& work, std::int32_t position) {
-  return work.mean_kinship.values.empty() ? 0.0 : work.mean_kinship[position];
-}
-
-std::optional<double> known_mean_kinship(const MatingWork& work, std::int32_t position) {
-  if (work.mean_kinship.values.empty()) return std::nullopt;
-  return work.mean_kinship[position];
-}
-
 /// Places in the list of males, counted from 0, so that neighbours have many ancestors in common.
 std::vector<std::size_t> gather_relatives(const MatingWork& work, std::span<const std::int32_t> males) {
   std::vector<std::size_t> places(males.size());
@@ -95,7 +86,7 @@ void order_pairs(const MatingWork& work, std::vector<MatingPair>& pairs) {
   std::stable_sort(pairs.begin(), pairs.end(), [&](const MatingPair& a, const MatingPair& b) {
     const std::int64_t f_of_a = millionths(a.f), f_of_b = millionths(b.f);
     if (f_of_a != f_of_b) return f_of_a < f_of_b;
-    return mean_kinship_of(work, a.male) < mean_kinship_of(work, b.male);
+    return mean_kinship_of(work, a.male).value_or(0.0) < mean_kinship_of(work, b.male).value_or(0.0);
   });
 }
 
@@ -200,8 +191,8 @@ std::optional<DescribedMating> mating_of(const PopulationStore& store, std::int3
   const MatingPlan plan = {{dam}, {sire}, {}, {}};
   const MatingWork work = make_mating_work(store, candidates_of(plan));
   const MatingChoice choice = choose_matings(work, plan);
-  return DescribedMating{choice.pairs.front(), describe_matings(work, choice.pairs).front(),
-                         known_mean_kinship(work, dam), known_mean_kinship(work, sire)};
+  return DescribedMating{choice.pairs.front(), describe_matings(work, choice.pairs).front(), mean_kinship_of(work, dam),
+                         mean_kinship_of(work, sire)};
 }
 
 std::vector<RankedMale> males_for(const PopulationStore& store, std::int32_t dam, std::int32_t first_year,
@@ -211,7 +202,7 @@ std::vector<RankedMale> males_for(const PopulationStore& store, std::int32_t dam
   const MatingPlan plan = {{dam}, candidates_born(store, first_year, last_year, male), {}, {}};
   const MatingWork work = make_mating_work(store, candidates_of(plan));
   for (const MatingPair& pair : choose_matings(work, plan).pairs) {
-    ranked.push_back({pair.male, pair.f, known_mean_kinship(work, pair.male)});
+    ranked.push_back({pair.male, pair.f, mean_kinship_of(work, pair.male)});
   }
   return ranked;
 }

@@ -236,22 +236,6 @@ TEST(DescribeMatings, IsTheSameForManyMalesAsForOne) {
   EXPECT_EQ(choice.examined, 4 * 600);
 }
 
-TEST(MeanKinshipWith, IsTheMeanOfTheMatrix) {
-  const PopulationStore store = with_inbreeding(random_pedigree(5, 120, 10));
-  const auto relationships = tabular_relationships(store);
-  std::vector<std::int32_t> group;
-  for (std::int32_t i = 70; i <= store.animal_count; i += 3) group.push_back(i);
-  const ByNumber<double> means = mean_kinship_with(store, group);
-  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
-    double sum = 0.0;
-    for (const std::int32_t j : group) {
-      sum += relationships[static_cast<std::size_t>(i) - 1][static_cast<std::size_t>(j) - 1];
-    }
-    EXPECT_NEAR(means[i], 0.5 * sum / static_cast<double>(group.size()), 1e-6) << store.id(i);
-  }
-  EXPECT_TRUE(mean_kinship_with(store, {}).values.empty());
-}
-
 // Tim and Tom are both unrelated to Ann; Tim has young of the last ten years, so that his mean kinship is higher.
 constexpr std::string_view two_males =
     "tim 0   0   m 2010\n"
