@@ -40,13 +40,6 @@ constexpr auto limit_names = std::to_array<LimitName>({
     {"largest_litter", &CheckLimits::largest_litter},
 });
 
-std::string_view without_blanks(std::string_view text) {
-  constexpr std::string_view blanks = " \t\r";
-  const std::size_t first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
 /// One line without its comment. Yields false when it makes no sense.
 bool read_limit(std::string_view line, CheckLimits& limits) {
   const std::size_t sign = line.find('=');

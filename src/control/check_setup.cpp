@@ -2,7 +2,10 @@
 
 #include "control/check_setup.h"
 
+#include <string_view>
 #include <utility>
+
+#include "core/line_reader.h"
 
 namespace pedigreewatch {
 namespace {
@@ -17,6 +20,16 @@ bool names_species(const std::vector<std::string>& lines, const SteerSettings& s
 
 }  // namespace
 
+std::vector<std::string> lines_of_steer_file(const std::string& name) {
+  constexpr std::size_t most_lines = 200'000;
+  std::vector<std::string> lines;
+  LineReader reader;
+  std::string_view line;
+  if (!open_for_reading(reader, name)) return lines;
+  while (lines.size() < most_lines && read_line(reader, line)) lines.emplace_back(line);
+  return lines;
+}
+
 CheckSettings make_check_settings(const SteerSettings& steer, std::vector<std::string> steer_lines,
                                   const CalendarDate& today) {
   CheckSettings settings;
@@ -24,7 +37,7 @@ CheckSettings make_check_settings(const SteerSettings& steer, std::vector<std::s
   settings.steer_lines = std::move(steer_lines);
   settings.report_overwrites_data = steer.report_file_name == steer.data_file_name;
   settings.knows_species = names_species(settings.steer_lines, steer);
-  settings.language = steer.english ? ToolLanguage::english : ToolLanguage::dutch;
+  settings.language = language_of(steer);
   settings.limits = limits_of_species(steer.species_index);
   settings.today = today;
   return settings;

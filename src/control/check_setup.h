@@ -9,6 +9,9 @@
 
 namespace pedigreewatch {
 
+/// The lines of a steer file as they stand; far more than it can have are not kept. None when it cannot be opened.
+std::vector<std::string> lines_of_steer_file(const std::string& name);
+
 /// The settings of a check of the data file that the steer file names, with the limits of its species. `steer_lines`
 /// are the lines of the steer file itself; a birth beyond `today` is in the future.
 CheckSettings make_check_settings(const SteerSettings& steer, std::vector<std::string> steer_lines,

@@ -80,6 +80,16 @@ void compute_genetics(AnalysedPopulation& population, MonitorTables tables, RunS
 
 }  // namespace
 
+ReportFrame report_frame_of(const AnalysedPopulation& population, TextOutput& report) {
+  const SteerSettings& settings = population.settings;
+  return {report,
+          population.store,
+          settings.nouns,
+          settings.layout.subpopulations.names.entries,
+          settings.colour_names,
+          population.breeders};
+}
+
 AnalysedPopulation analyse_population(SteerSettings settings, LineReader& data, RunStreams& streams) {
   AnalysedPopulation population;
   population.settings = std::move(settings);

@@ -9,6 +9,7 @@
 #include "core/run_streams.h"
 #include "pedigree/population_store.h"
 #include "pedigree/year_groups.h"
+#include "reports/report_lines.h"
 #include "statistics/block.h"
 #include "statistics/breeder_list.h"
 
@@ -27,6 +28,9 @@ struct AnalysedPopulation {
   BreederList breeders;
   Analysis analysis;
 };
+
+/// What a writer of the report needs of the population, which must outlive the frame.
+ReportFrame report_frame_of(const AnalysedPopulation& population, TextOutput& report);
 
 /// Reads the data file and computes everything. Progress goes to the console; data that no report can be made of stop
 /// the run with a message, a loop in the pedigree also with its animals on the console and in the report.

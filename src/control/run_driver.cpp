@@ -57,9 +57,7 @@ void run_phases(RunStreams& streams) {
 
   AnalysedPopulation population = analyse_population(settings, data, streams);
   Analysis& analysis = population.analysis;
-  const ReportFrame frame = {streams.report,        population.store,
-                             settings.nouns,        settings.layout.subpopulations.names.entries,
-                             settings.colour_names, population.breeders};
+  const ReportFrame frame = report_frame_of(population, streams.report);
   begin_phase(streams.phase_times, "report");
   write_report(frame, analysis.whole, analysis.extras);
   analysis.whole = {};

@@ -39,13 +39,24 @@ RunEnding run_to_its_end(void (*phases)(RunStreams&), RunStreams& streams) {
     phases(streams);
     return RunEnding::complete;
   } catch (const RunStopped&) {
-    if (is_stop_requested(streams.console)) return RunEnding::stopped_from_outside;
+    if (is_stop_requested(streams.console.stop_request)) return RunEnding::stopped_from_outside;
     return streams.report.error != 0 ? RunEnding::report_not_written : RunEnding::stopped_on_input;
   } catch (const std::bad_alloc&) {
     return RunEnding::out_of_memory;
   } catch (const std::length_error&) {  // more elements than any memory holds
     return RunEnding::out_of_memory;
   }
+}
+
+std::string_view last_words(const RunStreams& streams) {
+  constexpr int most_lines = 12;
+  if (!streams.messages.pending.empty()) return streams.messages.pending;
+  const std::string_view text = streams.console.pending;
+  std::size_t begin = text.size();
+  for (int lines = 0; begin > 0; --begin) {
+    if (text[begin - 1] == '\n' && ++lines > most_lines) break;
+  }
+  return text.substr(begin);
 }
 
 int finish_run(RunEnding ending, RunStreams& streams) {

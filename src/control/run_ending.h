@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "core/run_streams.h"
 
@@ -18,6 +19,10 @@ enum class RunEnding : std::uint8_t {
 
 /// Goes through the phases and yields how they ended.
 RunEnding run_to_its_end(void (*phases)(RunStreams&), RunStreams& streams);
+
+/// What a run said last that was stopped: its messages or, without any, the last lines of its console, where those of a
+/// loop or of a missing column stand.
+std::string_view last_words(const RunStreams& streams);
 
 /// Flushes and closes everything and settles what becomes of the report. Yields the exit status.
 int finish_run(RunEnding ending, RunStreams& streams);

@@ -7,6 +7,7 @@
 #include "core/fixed_text.h"
 #include "pedigree/data_file_layout.h"
 #include "reports/species_nouns.h"
+#include "text/phrases.h"
 
 namespace pedigreewatch {
 
@@ -20,5 +21,10 @@ struct SteerSettings {
   bool english = false;
   std::vector<ColourName> colour_names;  ///< those of the layout, of which "Onbekend" is the last, and "niet erkend"
 };
+
+/// The language of the report, in which the companions speak too.
+inline ToolLanguage language_of(const SteerSettings& settings) {
+  return settings.english ? ToolLanguage::english : ToolLanguage::dutch;
+}
 
 }  // namespace pedigreewatch

@@ -21,6 +21,14 @@ constexpr std::string_view without_leading_blanks(std::string_view text) {
   return text;
 }
 
+/// What stands between the blanks, tabs and line ends around it.
+constexpr std::string_view without_blanks(std::string_view text) {
+  constexpr std::string_view blanks = " \t\r\n";
+  const std::size_t first = text.find_first_not_of(blanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
 /// Whether two texts are equal when the shorter one is thought filled up with blanks.
 constexpr bool same_text(std::string_view a, std::string_view b) {
   return without_trailing_blanks(a) == without_trailing_blanks(b);

@@ -21,7 +21,7 @@ void append(TextOutput& output, std::string_view bytes) {
 void end_line(TextOutput& output) {
   output.pending.push_back('\n');
   if (output.shows_each_line || output.pending.size() >= large_piece) flush(output);
-  if (is_stop_requested(output)) throw RunStopped{};
+  if (is_stop_requested(output.stop_request)) throw RunStopped{};
 }
 
 void flush(TextOutput& output) {

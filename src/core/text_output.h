@@ -2,10 +2,11 @@
 // collected in a buffer and go to the file in large pieces, or line by line where somebody is watching.
 #pragma once
 
-#include <csignal>
 #include <cstdio>
 #include <string>
 #include <string_view>
+
+#include "core/stop_request.h"
 
 namespace pedigreewatch {
 
@@ -14,21 +15,15 @@ namespace pedigreewatch {
 struct RunStopped {};
 
 struct TextOutput {
-  std::FILE* file = nullptr;     ///< null: the bytes stay in `pending` (tests read them there)
-  std::string name;              ///< of the file, for messages
-  std::string pending;           ///< bytes not yet handed to the file
-  bool is_english = true;        ///< which text of a Wording is written
-  bool shows_each_line = false;  ///< a terminal: the lines are the progress sign, so each one is shown at once
-  int error = 0;                 ///< errno of the first write that failed, 0 while all is well
-  bool is_essential = false;     ///< the report: a run whose report cannot be written stops at once
-  /// The console's: not 0 as soon as somebody wants the run to end. Null: nobody can.
-  const volatile std::sig_atomic_t* stop_request = nullptr;
+  std::FILE* file = nullptr;           ///< null: the bytes stay in `pending` (tests read them there)
+  std::string name;                    ///< of the file, for messages
+  std::string pending;                 ///< bytes not yet handed to the file
+  bool is_english = true;              ///< which text of a Wording is written
+  bool shows_each_line = false;        ///< a terminal: the lines are the progress sign, so each one is shown at once
+  int error = 0;                       ///< errno of the first write that failed, 0 while all is well
+  bool is_essential = false;           ///< the report: a run whose report cannot be written stops at once
+  StopRequest stop_request = nullptr;  ///< the console's: whether somebody wants the run to end
 };
-
-/// Whether somebody wants the run to end.
-inline bool is_stop_requested(const TextOutput& output) {
-  return output.stop_request != nullptr && *output.stop_request != 0;
-}
 
 /// Adds `bytes` to the output.
 void append(TextOutput& output, std::string_view bytes);

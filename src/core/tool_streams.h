@@ -1,9 +1,11 @@
 // The streams of one run of a tool: what it says, what stands in the way, and whether somebody wants it to end.
 #pragma once
 
-#include <csignal>
+#include <string>
+#include <string_view>
 
 #include "core/progress_line.h"
+#include "core/stop_request.h"
 #include "core/text_output.h"
 
 namespace pedigreewatch {
@@ -12,12 +14,26 @@ struct ToolStreams {
   TextOutput console;     ///< what is found and done
   TextOutput messages;    ///< what stands in the way
   ProgressLine progress;  ///< is off the screen whenever something is printed
-  /// Not 0 as soon as somebody wants the tool to end; null: nobody can.
-  const volatile std::sig_atomic_t* stop_request = nullptr;
+  StopRequest stop_request = nullptr;
 };
 
 inline bool is_stop_requested(const ToolStreams& streams) {
-  return streams.stop_request != nullptr && *streams.stop_request != 0;
+  return is_stop_requested(streams.stop_request);
 }
+
+/// Exit statuses of the tools, but for those of `check`.
+inline constexpr int stands_in_the_way = 1, wrong_arguments = 2;
+
+/// Why a tool does not do what it was asked to.
+struct ToolRefusal {
+  std::string text;  ///< in words for its user: one line or several, without the last line end
+  int exit_status = stands_in_the_way;
+};
+
+/// Prints a line.
+void say(TextOutput& output, std::string_view line);
+
+/// Says the refusal, behind everything that the tool has shown. Yields the exit status.
+int refuse(ToolStreams& streams, const ToolRefusal& refusal);
 
 }  // namespace pedigreewatch

@@ -24,19 +24,9 @@ constexpr Wording too_many_lines = {"The file has 100000000 lines or more.",
                                     "Het bestand heeft 100000000 regels of meer."};
 constexpr Wording heading_of_lines = {"line of the export", "regel van de export"};
 
-std::vector<std::string> lines_of_file(const std::string& name) {
-  constexpr std::size_t most_lines = 200'000;
-  std::vector<std::string> lines;
-  LineReader reader;
-  std::string_view line;
-  if (!open_for_reading(reader, name)) return lines;
-  while (lines.size() < most_lines && read_line(reader, line)) lines.emplace_back(line);
-  return lines;
-}
-
 /// Yields what stands in the way; empty: nothing.
 std::string run_check(Desk& desk) {
-  CheckSettings settings = make_check_settings(*desk.steer, lines_of_file(desk.files->steer_file), desk.today);
+  CheckSettings settings = make_check_settings(*desk.steer, lines_of_steer_file(desk.files->steer_file), desk.today);
   LineReader data;
   if (!open_for_reading(data, desk.files->data_file)) {
     return phrase(unreadable, desk.language, {in_quotes(desk.files->data_file)});

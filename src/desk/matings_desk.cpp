@@ -33,15 +33,11 @@ void add_optional(JsonText& json, std::string_view name, const std::optional<dou
   }
 }
 
-std::string_view without_blanks(std::string_view text) {
-  return text.substr(0, text.find_last_not_of(' ') + 1);
-}
-
 /// The fields of an animal, inside of an object.
 void add_animal(JsonText& json, const PopulationStore& store, std::int32_t position) {
   add_integer(json, "position", position);
-  add_text(json, "id", without_blanks(store.id(position)));
-  add_text(json, "name", store.has_name ? without_blanks(store.name(position)) : std::string_view());
+  add_text(json, "id", without_trailing_blanks(store.id(position)));
+  add_text(json, "name", store.has_name ? without_trailing_blanks(store.name(position)) : std::string_view());
   add_logical(json, "isMale", store.sex[position] == male);
   add_integer(json, "year", store.birth_year[position]);
   add_name(json, "f");
@@ -78,7 +74,7 @@ std::string count_answer(std::size_t count) {
 
 /// A text in a cell of the table, in which tabs and line ends would begin another one.
 std::string cell(std::string_view text) {
-  std::string written = readable(without_blanks(text));
+  std::string written = readable(without_trailing_blanks(text));
   std::replace_if(
       written.begin(), written.end(), [](char byte) { return static_cast<unsigned char>(byte) < ' '; }, ' ');
   return written;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "checks/readable_text.h"
+#include "control/run_ending.h"
 #include "control/steer_file.h"
 #include "core/line_reader.h"
 #include "desk/json_text.h"
@@ -23,26 +24,10 @@ constexpr Wording look_at_check = {
     "No figures can be made of these data. The step \"Check\" names what stands in the way.",
     "Uit deze gegevens zijn geen cijfers te maken. De stap \"Controle\" noemt wat in de weg staat."};
 
-/// The last lines that a run printed: those of a loop say who is in it.
-std::string_view last_lines(std::string_view text) {
-  constexpr int most_lines = 12;
-  std::size_t begin = text.size();
-  for (int lines = 0; begin > 0; --begin) {
-    if (text[begin - 1] == '\n' && ++lines > most_lines) break;
-  }
-  return text.substr(begin);
-}
-
 std::string write_whole_report(DeskResults& results, const TextOutput& made, TextOutput& console) {
   TextOutput report = made;
   const AnalysedPopulation& population = results.population;
-  const SteerSettings& settings = population.settings;
-  const ReportFrame frame = {report,
-                             population.store,
-                             settings.nouns,
-                             settings.layout.subpopulations.names.entries,
-                             settings.colour_names,
-                             population.breeders};
+  const ReportFrame frame = report_frame_of(population, report);
   write_report(frame, population.analysis.whole, population.analysis.extras);
   results.subpopulations = analyse_subpopulations(population, console);
   for (const Block& block : results.subpopulations) write_type_report(frame, block);
@@ -76,9 +61,7 @@ std::string run(Desk& desk) {
     desk.results = make_results(desk, data, streams);
     return {};
   } catch (const RunStopped&) {
-    const std::string& messages = streams.messages.pending;
-    return readable(messages.empty() ? last_lines(streams.console.pending) : messages) +
-           std::string(words_of(look_at_check, desk.language));
+    return readable(last_words(streams)) + std::string(words_of(look_at_check, desk.language));
   } catch (const std::bad_alloc&) {
     return std::string(words_of(too_large, desk.language));
   } catch (const std::length_error&) {  // more elements than any memory holds

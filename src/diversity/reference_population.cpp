@@ -35,33 +35,25 @@ std::string_view without_byte_order_mark(std::string_view text) {
 
 /// What a line of the list stands for: cut where the data file's identifications are cut, and in UTF-8.
 std::string id_of_line(std::string_view line) {
-  constexpr std::string_view blanks = " \t\r\n";
-  const std::string_view text = without_byte_order_mark(line);
-  const std::size_t begin = text.find_first_not_of(blanks);
-  if (begin == std::string_view::npos) return {};
-  const std::size_t end = text.find_last_not_of(blanks) + 1;
-  return readable(AnimalId(text.substr(begin, end - begin)).trimmed());
+  return readable(AnimalId(without_blanks(without_byte_order_mark(line))).trimmed());
 }
 
-/// The lines of a list with an index of them; of lines with one identification the first is found.
-struct IdList {
-  std::vector<std::string> ids;  ///< by line - 1; empty for a blank line
+/// The identifications of a list, numbered from 1, with an index of them; of equal ones the first is found.
+struct IdIndexOfList {
+  NumberedList<std::string> ids;  ///< empty for a blank one
   TextIndex index;
-  std::vector<char> is_found;  ///< by line - 1
-
-  std::string_view at(std::int32_t line) const { return ids[static_cast<std::size_t>(line) - 1]; }
+  ByNumber<Flag> is_found;
 };
 
-IdList index_list(std::span<const std::string> lines) {
-  IdList list;
-  reserve_texts(list.index, lines.size());
-  const auto text_at = [&](std::int32_t line) { return list.at(line); };
-  for (const std::string& line : lines) {
-    list.ids.push_back(id_of_line(line));
-    if (list.ids.back().empty()) continue;
-    find_or_add_text(list.index, list.ids.back(), static_cast<std::int32_t>(list.ids.size()), text_at);
+IdIndexOfList index_list(std::span<const ListedId> listed) {
+  IdIndexOfList list;
+  reserve_texts(list.index, listed.size());
+  const auto text_at = [&](std::int32_t number) { return std::string_view(list.ids.at(number)); };
+  for (const ListedId& entry : listed) {
+    const std::int32_t number = list.ids.add(id_of_line(entry.id));
+    if (!list.ids.at(number).empty()) find_or_add_text(list.index, list.ids.at(number), number, text_at);
   }
-  list.is_found.assign(list.ids.size(), 0);
+  list.is_found = ByNumber<Flag>(listed.size());
   return list;
 }
 
@@ -87,22 +79,21 @@ ReferencePopulation animals_born(const PopulationStore& store, std::int32_t firs
   return reference;
 }
 
-ReferencePopulation listed_animals(const PopulationStore& store, std::span<const std::string> ids,
-                                   std::vector<UnusedId>& unknown) {
-  IdList list = index_list(ids);
-  const auto text_at = [&](std::int32_t line) { return list.at(line); };
-  const auto line_of = [&](std::string_view id) { return find_text(list.index, id, text_at); };
+ReferencePopulation listed_animals(const PopulationStore& store, std::span<const ListedId> ids,
+                                   std::vector<ListedId>& unknown) {
+  IdIndexOfList list = index_list(ids);
+  const auto text_at = [&](std::int32_t number) { return std::string_view(list.ids.at(number)); };
+  const auto number_of = [&](std::string_view id) { return find_text(list.index, id, text_at); };
   ReferencePopulation reference{ReferenceChoice::listed, 0, 0, {}};
   reference.positions = positions_where(store, [&](std::int32_t position) {
     const std::string_view id = without_trailing_blanks(store.id(position));
-    const std::int32_t line = is_utf_8(id) ? line_of(id) : line_of(readable(id));
-    if (line != 0) list.is_found[static_cast<std::size_t>(line) - 1] = 1;
-    return line != 0;
+    const std::int32_t number = is_utf_8(id) ? number_of(id) : number_of(readable(id));
+    if (number != 0) list.is_found[number] = 1;
+    return number != 0;
   });
-  for (std::size_t i = 0; i < list.ids.size(); ++i) {
-    const std::int32_t line = line_of(list.ids[i]);
-    if (line == 0 || list.is_found[static_cast<std::size_t>(line) - 1] != 0) continue;
-    unknown.push_back({static_cast<std::int64_t>(i) + 1, ids[i]});
+  for (std::int32_t i = 1; const ListedId& listed : ids) {
+    const std::int32_t number = number_of(list.ids.at(i++));
+    if (number != 0 && list.is_found[number] == 0) unknown.push_back(listed);
   }
   return reference;
 }

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <optional>
 #include <span>
-#include <string>
 #include <vector>
 
+#include "pedigree/listed_id.h"
 #include "pedigree/population_store.h"
 
 namespace pedigreewatch {
@@ -29,17 +29,10 @@ ReferencePopulation youngest_animals(const PopulationStore& store);
 /// All animals born from `first_year` to `last_year`.
 ReferencePopulation animals_born(const PopulationStore& store, std::int32_t first_year, std::int32_t last_year);
 
-/// An identification of a list that no animal has.
-struct UnusedId {
-  std::int64_t line = 0;  ///< of the list, counted from 1
-  std::string id;
-};
-
-/// The animals with these identifications, one a line of the list, blanks around them left out; a byte order mark and
-/// blank lines are read over, and an animal that is listed twice is taken once. The list may be in UTF-8 or
-/// Windows-1252, whatever the data file is in. Identifications that no animal has are added to `unknown`, as they
-/// stand.
-ReferencePopulation listed_animals(const PopulationStore& store, std::span<const std::string> ids,
-                                   std::vector<UnusedId>& unknown);
+/// The animals with these identifications, blanks around them left out; a byte order mark and blank ones are read over,
+/// and an animal that is listed twice is taken once. The list may be in UTF-8 or Windows-1252, whatever the data file
+/// is in. Identifications that no animal has are added to `unknown`, as they stand.
+ReferencePopulation listed_animals(const PopulationStore& store, std::span<const ListedId> ids,
+                                   std::vector<ListedId>& unknown);
 
 }  // namespace pedigreewatch

@@ -59,19 +59,20 @@ std::int32_t position_of_any(const PositionOfId& position_of, std::string_view i
 CandidateList candidates_listed(const PopulationStore& store, std::span<const ListedId> ids, Sex wanted) {
   PositionOfId position_of;
   for (const ListedId& listed : ids) {
-    for (std::string& form : forms_of(listed.id)) position_of.emplace(std::move(form), 0);
+    for (std::string& form : forms_of(without_blanks(listed.id))) position_of.emplace(std::move(form), 0);
   }
   find_positions(store, position_of);
   CandidateList list;
   std::unordered_map<std::int32_t, std::int64_t> first_line;
   for (const ListedId& listed : ids) {
-    const std::int32_t position = position_of_any(position_of, listed.id);
+    const std::string id(without_blanks(listed.id));
+    const std::int32_t position = position_of_any(position_of, id);
     if (position == 0) {
-      list.notes.push_back({ListFault::unknown_id, listed.line, listed.id, 0});
+      list.notes.push_back({ListFault::unknown_id, listed.line, id, 0});
     } else if (store.sex[position] != wanted) {
-      list.notes.push_back({ListFault::wrong_sex, listed.line, listed.id, 0});
+      list.notes.push_back({ListFault::wrong_sex, listed.line, id, 0});
     } else if (const auto [seen, is_new] = first_line.emplace(position, listed.line); !is_new) {
-      list.notes.push_back({ListFault::repeated, listed.line, listed.id, seen->second});
+      list.notes.push_back({ListFault::repeated, listed.line, id, seen->second});
     } else {
       list.positions.push_back(position);
     }

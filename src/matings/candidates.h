@@ -6,15 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "pedigree/listed_id.h"
 #include "pedigree/population_store.h"
 
 namespace pedigreewatch {
-
-/// An identification of a list, with its line, counted from 1.
-struct ListedId {
-  std::int64_t line = 0;
-  std::string id;
-};
 
 enum class ListFault : std::uint8_t {
   unknown_id,  ///< no animal has it
@@ -26,7 +21,7 @@ enum class ListFault : std::uint8_t {
 struct ListNote {
   ListFault fault = ListFault::unknown_id;
   std::int64_t line = 0;
-  std::string id;               ///< as the list has it
+  std::string id;               ///< without the blanks around it
   std::int64_t first_line = 0;  ///< of a repeated one: where the animal stood first
 };
 

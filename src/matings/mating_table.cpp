@@ -120,8 +120,7 @@ bool write_matings(const MatingTable& table, const std::string& name, const Mati
   if (!begin_file(file, name, problem)) return false;
   write_bytes(file, mating_heading(table.form) + "\n");
   for (std::size_t pair = 0; pair < table.pairs.size(); ++pair) {
-    const bool is_stopped = watch.stop_request != nullptr && *watch.stop_request != 0;
-    if (is_stopped) {
+    if (is_stop_requested(watch.stop_request)) {
       abandon(file);
       return false;
     }

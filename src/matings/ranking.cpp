@@ -17,10 +17,6 @@
 namespace pedigreewatch {
 namespace {
 
-bool is_stopped(const MatingWatch& watch) {
-  return watch.stop_request != nullptr && *watch.stop_request != 0;
-}
-
 void count_pairs(const MatingWatch& watch, std::int64_t count) {
   if (watch.progress != nullptr) count_progress(*watch.progress, count);
 }
@@ -150,7 +146,7 @@ MatingChoice choose_matings(const MatingWork& work, const MatingPlan& plan, cons
   FemaleWalk walk{work, plan.males, gather_relatives(work, plan.males), make_mating_walk(work),
                   std::vector<float>(plan.males.size())};
   for (const std::int32_t dam : plan.females) {
-    choice.is_stopped = is_stopped(watch);
+    choice.is_stopped = is_stop_requested(watch.stop_request);
     if (choice.is_stopped) return choice;
     walk_female(walk, dam);
     std::vector<MatingPair> pairs = pairs_of_female(walk, dam, choice);
@@ -180,7 +176,7 @@ std::vector<KinshipParts> describe_matings(const MatingWork& work, std::span<con
     if (pairs[k].female != last_female) of_female = list_ancestor_shares(work, pairs[k].female);
     last_female = pairs[k].female;
     parts[k] = kinship_parts(work, of_female, of_male);
-    if (is_stopped(watch)) return {};
+    if (is_stop_requested(watch.stop_request)) return {};
     count_pairs(watch, ++done);
   }
   return parts;

@@ -48,8 +48,8 @@ struct MatingPair {
 
 /// Counts pairs for somebody who watches, and ends early when somebody wants that.
 struct MatingWatch {
-  ProgressLine* progress = nullptr;                          ///< null: nobody watches
-  const volatile std::sig_atomic_t* stop_request = nullptr;  ///< null: nobody can stop it
+  ProgressLine* progress = nullptr;  ///< null: nobody watches
+  StopRequest stop_request = nullptr;
 };
 
 /// The pairs that were chosen, and what all of them were like.

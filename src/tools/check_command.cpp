@@ -7,15 +7,16 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "checks/check.h"
 #include "checks/check_report.h"
 #include "checks/finding_kinds.h"
 #include "control/check_setup.h"
 #include "control/steer_file.h"
-#include "intake/finding_lists.h"
-#include "tools/check_inputs.h"
-#include "tools/command_line.h"
+#include "tools/current_date.h"
+#include "tools/folder_analysis.h"
+#include "tools/folder_command.h"
 
 namespace pedigreewatch {
 namespace {
@@ -39,35 +40,19 @@ constexpr std::string_view help =
 
 constexpr auto rules = std::to_array<OptionRule>({{"--code"}, {"--limits"}, {"--today"}});
 
-constexpr Wording no_steer_file = {
-    "pedigreewatch.ini: the steer file is not in this folder, or may not be read; go to the folder where pedigreewatch "
-    "is run",
-    "pedigreewatch.ini: de sturingsfile staat niet in deze map, of mag niet gelezen worden; ga naar de map waarin "
-    "pedigreewatch gestart wordt"};
-constexpr Wording no_data_file = {
-    "{1}: the data file that line 2 of pedigreewatch.ini names could not be opened",
-    "{1}: het databestand dat regel 2 van pedigreewatch.ini noemt kon niet geopend worden"};
 constexpr Wording too_many_lines = {
     "{1}: the file has 100000000 lines or more, of which pedigreewatch reads none",
     "{1}: het bestand heeft 100000000 regels of meer; daarvan leest pedigreewatch er geen"};
 constexpr Wording unreadable = {"{1}: {2}", "{1}: {2}"};
 constexpr Wording table_not_written = {"{1}: {2}; the table was not written", "{1}: {2}; de tabel is niet geschreven"};
-constexpr Wording was_stopped = {"stopped; nothing was written", "afgebroken; er is niets geschreven"};
 
-constexpr int could_not_check = 2;
+constexpr int has_serious = 1, could_not_check = 2;
 
 struct CheckOptions {
   std::optional<FindingCode> code;
   std::string limits_file;
   std::optional<CalendarDate> today;
 };
-
-int refuse(ToolStreams& streams, std::string_view text) {
-  flush(streams.console);
-  append(streams.messages, text);
-  end_line(streams.messages);
-  return could_not_check;
-}
 
 /// Yields false for a text that is no date.
 bool read_today(std::string_view text, std::optional<CalendarDate>& today) {
@@ -84,35 +69,17 @@ bool read_today(std::string_view text, std::optional<CalendarDate>& today) {
   return true;
 }
 
-/// Yields what is wrong with the arguments; empty: nothing.
-std::string read_options(std::span<const std::string_view> arguments, CheckOptions& options) {
-  const CommandLine line = read_command_line(arguments, rules);
-  if (!line.problem.empty()) return line.problem;
-  if (!line.operands.empty()) {
-    return in_quotes(line.operands.front()) + ": no file was expected; the data file is the one of pedigreewatch.ini";
+/// Takes one option; yields what is wrong with it, empty: nothing.
+std::string take_option(const GivenOption& option, CheckOptions& options) {
+  if (option.name == "--limits") options.limits_file = option.value;
+  if (option.name == "--code") {
+    options.code = finding_code_named(option.value);
+    if (!options.code) return "--code " + in_quotes(option.value) + ": there is no such code";
   }
-  for (const GivenOption& option : line.options) {
-    if (option.name == "--limits") options.limits_file = option.value;
-    if (option.name == "--code") {
-      options.code = finding_code_named(option.value);
-      if (!options.code) return "--code " + in_quotes(option.value) + ": there is no such code";
-    }
-    if (option.name == "--today" && !read_today(option.value, options.today)) {
-      return "--today " + in_quotes(option.value) + ": a date such as 2026-01-31 was expected";
-    }
+  if (option.name == "--today" && !read_today(option.value, options.today)) {
+    return "--today " + in_quotes(option.value) + ": a date such as 2026-01-31 was expected";
   }
   return {};
-}
-
-/// Yields nothing after a message: a list in the file is too long for any report.
-std::optional<SteerSettings> read_settings(LineReader& reader, ToolStreams& streams) {
-  RunStreams silent;
-  try {
-    return read_steer_lines(reader, silent);
-  } catch (const RunStopped&) {
-    append(streams.messages, silent.messages.pending);
-    return std::nullopt;
-  }
 }
 
 /// Changes the limits; yields what is wrong with the file, empty: nothing.
@@ -132,25 +99,36 @@ std::string table_name(const std::string& data_file) {
   return (path.parent_path() / (path.stem().string() + "_check.tsv")).string();
 }
 
-int check_file(const SteerSettings& steer, const CheckSettings& settings, const CheckOptions& options,
-               ToolStreams& streams) {
+/// Checks the data file, shows and writes what was found. `status` is that of a check that was made.
+std::optional<ToolRefusal> check_file(const SteerSettings& steer, const CheckSettings& settings,
+                                      const CheckOptions& options, ToolStreams& streams, int& status) {
   const std::string name(steer.data_file_name.trimmed());
+  const auto refusal = [&](const Wording& wording, std::initializer_list<std::string_view> values) {
+    return ToolRefusal{phrase(wording, settings.language, values)};
+  };
   LineReader data;
-  if (!open_for_reading(data, name)) return refuse(streams, phrase(no_data_file, settings.language, {in_quotes(name)}));
+  if (std::optional<ToolRefusal> not_opened = open_data_file(steer, data)) return not_opened;
   CheckResult result = check_data(data, settings, streams.progress);
-  if (data.error != 0) {
-    return refuse(streams, phrase(unreadable, settings.language, {shown(name), error_text(data.error)}));
-  }
-  if (result.has_too_many_lines) return refuse(streams, phrase(too_many_lines, settings.language, {shown(name)}));
+  if (data.error != 0) return refusal(unreadable, {shown(name), error_text(data.error)});
+  if (result.has_too_many_lines) return refusal(too_many_lines, {shown(name)});
   const CheckReport report = {name, table_name(name), settings.language, options.code};
   FileProblem problem;
-  if (is_stop_requested(streams)) return refuse(streams, words_of(was_stopped, settings.language));
+  if (is_stop_requested(streams)) return refusal(was_stopped, {});
   const bool is_written = write_table(result, report, problem);
   show_findings(result, report, streams.console);
-  if (!is_written) {
-    return refuse(streams, phrase(table_not_written, settings.language, {shown(problem.name), problem.reason}));
-  }
-  return has_serious_findings(result.findings) ? 1 : 0;
+  if (!is_written) return refusal(table_not_written, {shown(problem.name), problem.reason});
+  status = has_serious_findings(result.findings) ? has_serious : 0;
+  return std::nullopt;
+}
+
+std::optional<ToolRefusal> check_folder(const CheckOptions& options, ToolStreams& streams, int& status) {
+  SteerSettings steer;
+  if (std::optional<ToolRefusal> refusal = read_settings_of_folder(steer)) return refusal;
+  const CalendarDate today = options.today ? *options.today : current_date();
+  CheckSettings settings = make_check_settings(steer, lines_of_steer_file(steer_file_name), today);
+  std::string limits_problem = change_limits(options.limits_file, settings.limits);
+  if (!limits_problem.empty()) return ToolRefusal{std::move(limits_problem)};
+  return check_file(steer, settings, options, streams, status);
 }
 
 }  // namespace
@@ -161,22 +139,12 @@ std::string_view check_help() {
 
 int run_check(std::span<const std::string_view> arguments, ToolStreams& streams) {
   CheckOptions options;
-  const std::string problem = read_options(arguments, options);
-  if (!problem.empty()) {
-    return refuse(streams, "pedigreewatch-tools check: " + problem + "\nTry: pedigreewatch-tools check --help");
-  }
-  LineReader reader;
-  if (!open_for_reading(reader, steer_file_name)) {
-    // Its language is not known.
-    return refuse(streams, std::string(no_steer_file.english) + "\n" + std::string(no_steer_file.dutch));
-  }
-  const std::optional<SteerSettings> steer = read_settings(reader, streams);
-  if (!steer) return could_not_check;
-  const CalendarDate today = options.today ? *options.today : current_date();
-  CheckSettings settings = make_check_settings(*steer, lines_of_steer_file(), today);
-  const std::string limits_problem = change_limits(options.limits_file, settings.limits);
-  if (!limits_problem.empty()) return refuse(streams, limits_problem);
-  return check_file(*steer, settings, options, streams);
+  const std::string problem =
+      read_options(arguments, rules, [&](const GivenOption& option) { return take_option(option, options); });
+  if (!problem.empty()) return refuse(streams, refusal_of_arguments("check", problem));
+  int status = 0;
+  const std::optional<ToolRefusal> refusal = check_folder(options, streams, status);
+  return refusal ? refuse(streams, {refusal->text, could_not_check}) : status;
 }
 
 }  // namespace pedigreewatch

@@ -1,14 +1,15 @@
 #include "tools/folder_analysis.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <new>
 #include <stdexcept>
-#include <system_error>
+#include <utility>
 
 #include "checks/readable_text.h"
+#include "control/run_ending.h"
 #include "control/steer_file.h"
-#include "core/new_files.h"
+#include "text/phrases.h"
+#include "tools/folder_command.h"
 
 namespace pedigreewatch {
 namespace {
@@ -24,92 +25,59 @@ constexpr Wording no_data_file = {
 constexpr Wording data_stop_the_run = {
     "no figures can be made of these data; `pedigreewatch-tools check` names everything that stands in the way",
     "uit deze gegevens zijn geen cijfers te maken; `pedigreewatch-tools check` noemt alles wat in de weg staat"};
-constexpr Wording was_stopped = {"stopped; nothing was written", "afgebroken; er is niets geschreven"};
 constexpr Wording too_large = {"not enough memory for a population of this size",
                                "niet genoeg geheugen voor een populatie van deze omvang"};
 
-void say(ToolStreams& streams, std::string_view text) {
-  flush(streams.console);
-  append(streams.messages, text);
-  end_line(streams.messages);
-}
-
-/// The last lines that the run printed: those that tell why it stopped stand there.
-std::string_view last_lines(std::string_view text) {
-  constexpr int most_lines = 12;
-  std::size_t begin = text.size();
-  for (int lines = 0; begin > 0 && lines <= most_lines; --begin) {
-    if (text[begin - 1] == '\n' && ++lines > most_lines) break;
-  }
-  return text.substr(begin);
-}
-
-void say_why_it_stopped(const RunStreams& run, ToolLanguage language, ToolStreams& streams) {
-  if (is_stop_requested(run.console)) return say(streams, words_of(was_stopped, language));
-  const std::string& messages = run.messages.pending;
-  append(streams.messages, with_controls_named(messages.empty() ? last_lines(run.console.pending) : messages, "\n"));
-  say(streams, words_of(data_stop_the_run, language));
-}
-
-std::optional<SteerSettings> read_settings(LineReader& reader, RunStreams& run, ToolStreams& streams) {
-  try {
-    return read_steer_lines(reader, run);
-  } catch (const RunStopped&) {
-    append(streams.messages, with_controls_named(run.messages.pending, "\n"));
-    return std::nullopt;
-  }
+ToolRefusal refusal_of_run(const RunStreams& run, ToolLanguage language) {
+  if (is_stop_requested(run.console.stop_request)) return {phrase(was_stopped, language)};
+  return {with_controls_named(last_words(run), "\n") + phrase(data_stop_the_run, language)};
 }
 
 }  // namespace
 
-ToolLanguage language_of(const SteerSettings& settings) {
-  return settings.english ? ToolLanguage::english : ToolLanguage::dutch;
+std::optional<ToolRefusal> read_settings_of_folder(SteerSettings& settings) {
+  LineReader reader;
+  if (!open_for_reading(reader, steer_file_name)) return ToolRefusal{std::string(no_steer_file)};  // in both languages
+  RunStreams silent;
+  try {
+    settings = read_steer_lines(reader, silent);
+    return std::nullopt;
+  } catch (const RunStopped&) {
+    std::string& messages = silent.messages.pending;
+    if (messages.ends_with('\n')) messages.pop_back();
+    return ToolRefusal{with_controls_named(messages, "\n")};
+  }
+}
+
+std::optional<ToolRefusal> open_data_file(const SteerSettings& settings, LineReader& data) {
+  const std::string name(settings.data_file_name.trimmed());
+  if (open_for_reading(data, name)) return std::nullopt;
+  return ToolRefusal{phrase(no_data_file, language_of(settings), {in_quotes(name)})};
+}
+
+std::optional<ToolRefusal> analyse_folder(StopRequest stop_request, AnalysedPopulation& population) {
+  SteerSettings settings;
+  LineReader data;
+  if (std::optional<ToolRefusal> refusal = read_settings_of_folder(settings)) return refusal;
+  if (std::optional<ToolRefusal> refusal = open_data_file(settings, data)) return refusal;
+  const ToolLanguage language = language_of(settings);
+  RunStreams run;
+  run.console.stop_request = stop_request;
+  try {
+    population = analyse_population(std::move(settings), data, run);
+    return std::nullopt;
+  } catch (const RunStopped&) {
+    return refusal_of_run(run, language);
+  } catch (const std::bad_alloc&) {
+    return ToolRefusal{phrase(too_large, language)};
+  } catch (const std::length_error&) {  // more elements than any memory holds
+    return ToolRefusal{phrase(too_large, language)};
+  }
 }
 
 std::string name_beside_report(const SteerSettings& settings, std::string_view ending) {
   const std::filesystem::path report{std::string(settings.report_file_name.trimmed())};
   return (report.parent_path() / report.stem()).string() + std::string(ending);
-}
-
-NameObstacle find_obstacle(const std::string& name, const SteerSettings& settings, std::span<const std::string> lists) {
-  namespace fs = std::filesystem;
-  std::error_code ignored;
-  if (!is_taken(name)) return NameObstacle::none;
-  if (!fs::is_regular_file(name, ignored)) return NameObstacle::no_file;
-  const auto is_same = [&](const std::string& file) { return !file.empty() && fs::equivalent(name, file, ignored); };
-  const bool is_read = is_same(std::string(steer_file_name)) ||
-                       is_same(std::string(settings.data_file_name.trimmed())) ||
-                       std::any_of(lists.begin(), lists.end(), is_same);
-  return is_read ? NameObstacle::read_file : NameObstacle::none;
-}
-
-std::optional<AnalysedPopulation> analyse_folder(ToolStreams& streams) {
-  RunStreams run;
-  run.console.stop_request = streams.stop_request;
-  LineReader steer_file;
-  if (!open_for_reading(steer_file, steer_file_name)) {
-    say(streams, no_steer_file);  // its language is not known
-    return std::nullopt;
-  }
-  std::optional<SteerSettings> settings = read_settings(steer_file, run, streams);
-  if (!settings) return std::nullopt;
-  const ToolLanguage language = language_of(*settings);
-  const std::string name(settings->data_file_name.trimmed());
-  LineReader data;
-  if (!open_for_reading(data, name)) {
-    say(streams, phrase(no_data_file, language, {in_quotes(name)}));
-    return std::nullopt;
-  }
-  try {
-    return analyse_population(std::move(*settings), data, run);
-  } catch (const RunStopped&) {
-    say_why_it_stopped(run, language, streams);
-  } catch (const std::bad_alloc&) {
-    say(streams, words_of(too_large, language));
-  } catch (const std::length_error&) {  // more elements than any memory holds
-    say(streams, words_of(too_large, language));
-  }
-  return std::nullopt;
 }
 
 }  // namespace pedigreewatch

@@ -15,12 +15,12 @@
 #include <vector>
 
 #include "checks/readable_text.h"
-#include "core/line_reader.h"
 #include "matings/candidates.h"
 #include "matings/mating_table.h"
 #include "matings/ranking.h"
-#include "tools/command_line.h"
 #include "tools/folder_analysis.h"
+#include "tools/folder_command.h"
+#include "tools/id_list.h"
 
 namespace pedigreewatch {
 namespace {
@@ -82,10 +82,7 @@ constexpr Wording too_many_rows = {
     "de tabel zou {1} regels hebben; er worden er hoogstens {2} geschreven; geef --best K, of een lagere --limit F"};
 constexpr Wording counting_pairs = {"working out pairs", "paren berekenen"};
 constexpr Wording finding_ancestors = {"common ancestors of pairs", "gemeenschappelijke voorouders van paren"};
-constexpr Wording was_stopped = {"stopped; nothing was written", "afgebroken; er is niets geschreven"};
 constexpr Wording not_written = {"{1}: {2}; the table was not written", "{1}: {2}; de tabel is niet geschreven"};
-constexpr Wording is_no_table = {"there is something of this name that is no file",
-                                 "er is al iets met deze naam dat geen bestand is"};
 constexpr Wording is_in_use = {"a table of this name would replace a file that this run reads",
                                "een tabel met deze naam zou een bestand vervangen dat hier gelezen wordt"};
 constexpr Wording lowest_line = {"lowest F of the offspring: {1} %, {2} x {3}",
@@ -95,8 +92,6 @@ constexpr Wording highest_line = {"highest F of the offspring: {1} %, {2} x {3}"
 constexpr Wording beyond_line = {"F beyond 6.25 % (as of first cousins): {1} of {2} pairs",
                                  "F boven 6.25 % (zoals van neef en nicht): {1} van {2} paren"};
 constexpr Wording table_line = {"pairs written to {1}: {2}", "paren geschreven in {1}: {2}"};
-
-constexpr int stands_in_the_way = 1, wrong_arguments = 2;
 
 struct MatingOptions {
   std::string females_file, males_file;
@@ -153,41 +148,26 @@ std::string take_option(const GivenOption& given, MatingOptions& options) {
 }
 
 /// Yields what is wrong with the arguments; empty: nothing.
-std::string read_options(std::span<const std::string_view> arguments, MatingOptions& options) {
-  const CommandLine line = read_command_line(arguments, rules);
-  if (!line.problem.empty()) return line.problem;
-  if (!line.operands.empty()) return in_quotes(line.operands.front()) + ": an option was expected";
+std::string read_mating_options(std::span<const std::string_view> arguments, MatingOptions& options) {
   bool has_years = false;
-  for (const GivenOption& given : line.options) {
-    std::string problem = take_option(given, options);
-    if (!problem.empty()) return problem;
-    has_years = has_years || given.name == "--years";
-  }
-  if (has_years && !options.females_file.empty() && !options.males_file.empty()) {
+  const auto take = [&](const GivenOption& option) {
+    has_years = has_years || option.name == "--years";
+    return take_option(option, options);
+  };
+  std::string problem = read_options(arguments, rules, take, "an option was expected");
+  if (problem.empty() && has_years && !options.females_file.empty() && !options.males_file.empty()) {
     return "--years has no meaning when all animals are named with --females and --males";
   }
-  return {};
-}
-
-void say(TextOutput& output, std::string_view text) {
-  append(output, text);
-  end_line(output);
-}
-
-int refuse(ToolStreams& streams, std::string_view text, int status = stands_in_the_way) {
-  erase_progress(streams.progress);
-  flush(streams.console);
-  say(streams.messages, text);
-  return status;
+  return problem;
 }
 
 /// What the lists and the figures are made of, and where they are told.
 struct MatingRun {
-  const AnalysedPopulation& population;
+  const FolderRun& folder;
   const MatingOptions& options;
-  ToolStreams& streams;
-  ToolLanguage language;
   bool has_left_out = false;  ///< animals of a list
+
+  const PopulationStore& store() const { return folder.population.store; }
 };
 
 /// The words that differ between the two lists.
@@ -199,30 +179,24 @@ struct ListWording {
 constexpr ListWording females_list = {female, females_word, "--females"};
 constexpr ListWording males_list = {male, males_word, "--males"};
 
-std::string_view without_blanks(std::string_view text) {
-  constexpr std::string_view blanks = " \t";
-  const std::size_t first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
-/// Yields what stands in the way of reading the list; empty: nothing.
-std::string read_list(const std::string& name, std::string_view option, ToolLanguage language,
-                      std::vector<ListedId>& ids) {
+/// Reads a list that must name an animal.
+std::optional<ToolRefusal> read_list(const FolderRun& folder, const std::string& name, std::string_view option,
+                                     std::vector<ListedId>& ids) {
   constexpr std::size_t most_lines = 1'000'000;
-  LineReader reader;
-  if (!open_for_reading(reader, name)) return phrase(not_opened, language, {in_quotes(name), option});
-  std::string_view line;
-  while (read_line(reader, line)) {
-    if (line.find('\0') != std::string_view::npos || (reader.line_number == 1 && line.starts_with("\xFF\xFE"))) {
-      return phrase(no_text, language, {shown(name)});
-    }
-    const std::string_view id = without_blanks(line);
-    if (!id.empty()) ids.push_back({reader.line_number, std::string(id)});
-    if (ids.size() > most_lines) return phrase(too_many_ids, language, {shown(name), std::to_string(most_lines)});
+  IdList list = read_id_list(name, most_lines);
+  const auto refusal = [&](const Wording& wording, std::string_view second = {}) {
+    return ToolRefusal{folder.words(wording, {shown(name), second})};
+  };
+  switch (list.fault) {
+    case IdListFault::not_opened: return ToolRefusal{folder.words(not_opened, {in_quotes(name), option})};
+    case IdListFault::no_text: return refusal(no_text);
+    case IdListFault::too_long: return refusal(too_many_ids, std::to_string(most_lines));
+    case IdListFault::not_read: return refusal(unreadable, error_text(list.error));
+    case IdListFault::none: break;
   }
-  if (reader.error != 0) return phrase(unreadable, language, {shown(name), error_text(reader.error)});
-  return ids.empty() ? phrase(empty_list, language, {shown(name)}) : std::string();
+  if (list.ids.empty()) return refusal(empty_list);
+  ids = std::move(list.ids);
+  return std::nullopt;
 }
 
 /// What is said of an animal that was left out or repeated.
@@ -240,60 +214,54 @@ std::string note_text(const ListNote& note, const std::string& name, Sex wanted,
 void say_notes(MatingRun& run, const CandidateList& list, const std::string& name, Sex wanted) {
   constexpr std::int64_t most_said = 20;
   std::array<std::int64_t, 3> counts = {};
+  TextOutput& messages = run.folder.streams.messages;
   for (const ListNote& note : list.notes) {
     const std::int64_t count = ++counts[static_cast<std::size_t>(note.fault)];
     if (note.fault != ListFault::repeated) run.has_left_out = true;
-    if (count <= most_said) say(run.streams.messages, note_text(note, name, wanted, run.language));
+    if (count <= most_said) say(messages, note_text(note, name, wanted, run.folder.language));
   }
   for (const std::int64_t count : counts) {
     if (count <= most_said) continue;
-    say(run.streams.messages, phrase(further_notes, run.language, {shown(name), std::to_string(count - most_said)}));
+    say(messages, run.folder.words(further_notes, {shown(name), std::to_string(count - most_said)}));
   }
 }
 
-/// The animals of a list; none after a message.
-std::vector<std::int32_t> take_listed(MatingRun& run, const ListWording& wording, const std::string& name) {
+/// Takes the animals of a list, of which one must be left.
+std::optional<ToolRefusal> take_listed(MatingRun& run, const ListWording& wording, const std::string& name,
+                                       std::vector<std::int32_t>& positions) {
+  const FolderRun& folder = run.folder;
   std::vector<ListedId> ids;
-  const std::string problem = read_list(name, wording.option, run.language, ids);
-  if (!problem.empty()) {
-    refuse(run.streams, problem);
-    return {};
-  }
-  CandidateList list = candidates_listed(run.population.store, ids, wording.sex);
+  if (std::optional<ToolRefusal> refusal = read_list(folder, name, wording.option, ids)) return refusal;
+  CandidateList list = candidates_listed(run.store(), ids, wording.sex);
   say_notes(run, list, name, wording.sex);
-  if (list.positions.empty()) {
-    refuse(run.streams, phrase(none_usable, run.language, {shown(name)}));
-    return {};
-  }
-  say(run.streams.console,
-      phrase(listed_in, run.language,
-             {std::to_string(list.positions.size()), words_of(wording.animals, run.language), shown(name)}));
-  return list.positions;
+  if (list.positions.empty()) return ToolRefusal{folder.words(none_usable, {shown(name)})};
+  positions = std::move(list.positions);
+  say(folder.streams.console,
+      folder.words(listed_in, {std::to_string(positions.size()), folder.words(wording.animals), shown(name)}));
+  return std::nullopt;
 }
 
-/// The animals born in the last years; none after a message.
-std::vector<std::int32_t> take_born(MatingRun& run, const ListWording& wording) {
-  const BirthYears& years = run.population.store.birth_years;
-  const std::string_view animals = words_of(wording.animals, run.language);
-  if (years.dated_row_count() == 0) {
-    refuse(run.streams, phrase(no_birth_years, run.language, {animals, wording.option}));
-    return {};
-  }
+/// Takes the animals born in the last years, of which there must be one.
+std::optional<ToolRefusal> take_born(const MatingRun& run, const ListWording& wording,
+                                     std::vector<std::int32_t>& positions) {
+  const FolderRun& folder = run.folder;
+  const BirthYears& years = run.store().birth_years;
+  const std::string animals = folder.words(wording.animals);
+  if (years.dated_row_count() == 0) return ToolRefusal{folder.words(no_birth_years, {animals, wording.option})};
   const std::int64_t first = std::max(std::int64_t{years.last} - run.options.years + 1, std::int64_t{years.first});
-  std::vector<std::int32_t> positions =
-      candidates_born(run.population.store, static_cast<std::int32_t>(first), years.last, wording.sex);
+  positions = candidates_born(run.store(), static_cast<std::int32_t>(first), years.last, wording.sex);
   const std::string first_text = std::to_string(first), last_text = std::to_string(years.last);
   if (positions.empty()) {
-    refuse(run.streams, phrase(none_born, run.language, {animals, first_text, last_text, wording.option}));
-  } else {
-    say(run.streams.console,
-        phrase(born_between, run.language, {std::to_string(positions.size()), animals, first_text, last_text}));
+    return ToolRefusal{folder.words(none_born, {animals, first_text, last_text, wording.option})};
   }
-  return positions;
+  say(folder.streams.console,
+      folder.words(born_between, {std::to_string(positions.size()), animals, first_text, last_text}));
+  return std::nullopt;
 }
 
-std::vector<std::int32_t> take_candidates(MatingRun& run, const ListWording& wording, const std::string& name) {
-  return name.empty() ? take_born(run, wording) : take_listed(run, wording, name);
+std::optional<ToolRefusal> take_candidates(MatingRun& run, const ListWording& wording, const std::string& name,
+                                           std::vector<std::int32_t>& positions) {
+  return name.empty() ? take_born(run, wording, positions) : take_listed(run, wording, name, positions);
 }
 
 std::string percent_text(float f) {
@@ -304,68 +272,86 @@ std::string percent_text(float f) {
 }
 
 void say_summary(const MatingRun& run, const MatingChoice& choice, const std::string& table_name) {
-  TextOutput& console = run.streams.console;
-  const auto id_of = [&](std::int32_t position) { return shown(readable(run.population.store.id(position))); };
+  const FolderRun& folder = run.folder;
+  TextOutput& console = folder.streams.console;
+  const auto id_of = [&](std::int32_t position) { return shown(readable(run.store().id(position))); };
   const auto say_pair = [&](const Wording& wording, const MatingPair& pair) {
-    say(console, phrase(wording, run.language, {percent_text(pair.f), id_of(pair.female), id_of(pair.male)}));
+    say(console, folder.words(wording, {percent_text(pair.f), id_of(pair.female), id_of(pair.male)}));
   };
   say_pair(lowest_line, choice.lowest);
   say_pair(highest_line, choice.highest);
-  say(console, phrase(beyond_line, run.language, {std::to_string(choice.beyond), std::to_string(choice.examined)}));
-  say(console, phrase(table_line, run.language, {shown(table_name), std::to_string(choice.pairs.size())}));
+  say(console, folder.words(beyond_line, {std::to_string(choice.beyond), std::to_string(choice.examined)}));
+  say(console, folder.words(table_line, {shown(table_name), std::to_string(choice.pairs.size())}));
 }
 
-/// Yields what is too many; empty: nothing.
-std::string refuse_size(const MatingPlan& plan, ToolLanguage language) {
+std::optional<ToolRefusal> refuse_rows(const FolderRun& folder, std::int64_t rows) {
+  if (rows <= most_rows) return std::nullopt;
+  return ToolRefusal{folder.words(too_many_rows, {std::to_string(rows), std::to_string(most_rows)})};
+}
+
+/// Refuses what would be too many pairs to work out or to write.
+std::optional<ToolRefusal> refuse_size(const FolderRun& folder, const MatingPlan& plan) {
   const auto text = [](auto number) { return std::to_string(number); };
   if (pair_count(plan) > most_pairs) {
-    return phrase(too_many_pairs, language,
-                  {text(plan.females.size()), text(plan.males.size()), text(pair_count(plan)), text(most_pairs)});
+    return ToolRefusal{folder.words(too_many_pairs, {text(plan.females.size()), text(plan.males.size()),
+                                                     text(pair_count(plan)), text(most_pairs)})};
   }
+  if (plan.limit) return std::nullopt;
   const std::int64_t of_female = static_cast<std::int64_t>(plan.males.size());
-  const std::int64_t rows =
-      static_cast<std::int64_t>(plan.females.size()) * std::min(of_female, plan.best.value_or(of_female));
-  if (rows <= most_rows || plan.limit) return {};
-  return phrase(too_many_rows, language, {text(rows), text(most_rows)});
+  return refuse_rows(
+      folder, static_cast<std::int64_t>(plan.females.size()) * std::min(of_female, plan.best.value_or(of_female)));
 }
 
 std::string table_name(const MatingRun& run) {
-  return name_beside_report(run.population.settings,
+  return name_beside_report(run.folder.population.settings,
                             run.options.form == MatingTableForm::tabs ? "_matings.tsv" : "_matings.csv");
 }
 
-/// Yields why no table of this name can be written; empty: it can.
-std::string refuse_name(const MatingRun& run, const std::string& name) {
+ToolRefusal refusal_to_write(const FolderRun& folder, const FileProblem& problem) {
+  return {folder.words(not_written, {shown(problem.name), problem.reason})};
+}
+
+/// Refuses a table whose name is that of something else.
+std::optional<ToolRefusal> refuse_name(const MatingRun& run, const std::string& name) {
   const std::array<std::string, 2> lists = {run.options.females_file, run.options.males_file};
-  const NameObstacle obstacle = find_obstacle(name, run.population.settings, lists);
-  if (obstacle == NameObstacle::none) return {};
-  const Wording& reason = obstacle == NameObstacle::no_file ? is_no_table : is_in_use;
-  return phrase(not_written, run.language, {shown(name), words_of(reason, run.language)});
+  const FileProblem problem = find_obstacle(run.folder, name, lists, is_in_use);
+  if (problem.name.empty()) return std::nullopt;
+  return refusal_to_write(run.folder, problem);
 }
 
 /// Works the matings out and writes the table.
-int write_plan(MatingRun& run, const MatingPlan& plan) {
-  ToolStreams& streams = run.streams;
-  const MatingWork work = make_mating_work(run.population.store, candidates_of(plan));
+std::optional<ToolRefusal> write_plan(const MatingRun& run, const MatingPlan& plan) {
+  const FolderRun& folder = run.folder;
+  ToolStreams& streams = folder.streams;
+  const MatingWork work = make_mating_work(run.store(), candidates_of(plan));
   const MatingWatch watch = {&streams.progress, streams.stop_request};
-  begin_progress(streams.progress, words_of(counting_pairs, run.language));
+  begin_progress(streams.progress, words_of(counting_pairs, folder.language));
   const MatingChoice choice = choose_matings(work, plan, watch);
-  if (choice.is_stopped) return refuse(streams, words_of(was_stopped, run.language));
-  const auto rows = static_cast<std::int64_t>(choice.pairs.size());
-  if (rows > most_rows) {
-    return refuse(streams, phrase(too_many_rows, run.language, {std::to_string(rows), std::to_string(most_rows)}));
-  }
-  begin_progress(streams.progress, words_of(finding_ancestors, run.language));
+  if (choice.is_stopped) return ToolRefusal{folder.words(was_stopped)};
+  if (auto refusal = refuse_rows(folder, static_cast<std::int64_t>(choice.pairs.size()))) return refusal;
+  begin_progress(streams.progress, words_of(finding_ancestors, folder.language));
   const std::vector<KinshipParts> parts = describe_matings(work, choice.pairs, watch);
   const std::string name = table_name(run);
   FileProblem problem;
   const bool is_written = parts.size() == choice.pairs.size() &&
                           write_matings({work, choice.pairs, parts, run.options.form}, name, watch, problem);
-  if (!is_written && problem.name.empty()) return refuse(streams, words_of(was_stopped, run.language));
-  if (!is_written) return refuse(streams, phrase(not_written, run.language, {shown(problem.name), problem.reason}));
+  if (!is_written && problem.name.empty()) return ToolRefusal{folder.words(was_stopped)};
+  if (!is_written) return refusal_to_write(folder, problem);
   erase_progress(streams.progress);
   say_summary(run, choice, name);
-  return run.has_left_out ? stands_in_the_way : 0;
+  return std::nullopt;
+}
+
+std::optional<ToolRefusal> make_matings(FolderRun& folder, const MatingOptions& options) {
+  MatingRun run = {folder, options};
+  MatingPlan plan = {{}, {}, options.best, options.limit};
+  std::optional<ToolRefusal> refusal = take_candidates(run, females_list, options.females_file, plan.females);
+  if (!refusal) refusal = take_candidates(run, males_list, options.males_file, plan.males);
+  if (!refusal) refusal = refuse_size(folder, plan);
+  if (!refusal) refusal = refuse_name(run, table_name(run));
+  if (!refusal) refusal = write_plan(run, plan);
+  if (run.has_left_out) folder.exit_status = stands_in_the_way;
+  return refusal;
 }
 
 }  // namespace
@@ -376,22 +362,8 @@ std::string_view matings_help() {
 
 int run_matings(std::span<const std::string_view> arguments, ToolStreams& streams) {
   MatingOptions options;
-  const std::string mistake = read_options(arguments, options);
-  if (!mistake.empty()) {
-    return refuse(streams, "pedigreewatch-tools matings: " + mistake + "\nTry: pedigreewatch-tools matings --help",
-                  wrong_arguments);
-  }
-  const std::optional<AnalysedPopulation> population = analyse_folder(streams);
-  if (!population) return stands_in_the_way;
-  MatingRun run{*population, options, streams, language_of(population->settings)};
-  MatingPlan plan = {{}, {}, options.best, options.limit};
-  plan.females = take_candidates(run, females_list, options.females_file);
-  if (plan.females.empty()) return stands_in_the_way;
-  plan.males = take_candidates(run, males_list, options.males_file);
-  if (plan.males.empty()) return stands_in_the_way;
-  std::string problem = refuse_size(plan, run.language);
-  if (problem.empty()) problem = refuse_name(run, table_name(run));
-  return problem.empty() ? write_plan(run, plan) : refuse(streams, problem);
+  const std::string problem = read_mating_options(arguments, options);
+  return run_in_folder("matings", problem, streams, [&](FolderRun& run) { return make_matings(run, options); });
 }
 
 }  // namespace pedigreewatch

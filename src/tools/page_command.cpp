@@ -14,9 +14,9 @@
 #include "core/new_files.h"
 #include "diversity/diversity.h"
 #include "page/page.h"
-#include "tools/check_inputs.h"
-#include "tools/command_line.h"
+#include "tools/current_date.h"
 #include "tools/folder_analysis.h"
+#include "tools/folder_command.h"
 #include "tools/reference_choice.h"
 
 namespace pedigreewatch {
@@ -41,41 +41,18 @@ constexpr std::string_view help =
 constexpr auto rules = std::to_array<OptionRule>({{"--years"}, {"--ids"}});
 
 constexpr Wording not_written = {"{1}: {2}; the page was not written", "{1}: {2}; de pagina is niet geschreven"};
-constexpr Wording is_no_page = {"there is something of this name that is no file",
-                                "er is al iets met deze naam dat geen bestand is"};
 constexpr Wording is_in_use = {"a page of this name would replace a file that this run reads",
                                "een pagina met deze naam zou een bestand vervangen dat hier gelezen wordt"};
-constexpr Wording was_stopped = {"stopped; nothing was written", "afgebroken; er is niets geschreven"};
 constexpr Wording written = {"{1}: the page ({2} kB); open it in a browser",
                              "{1}: de pagina ({2} kB); open hem in een browser"};
 
-int refuse(ToolStreams& streams, std::string_view text, int exit_status) {
-  flush(streams.console);
-  append(streams.messages, text);
-  end_line(streams.messages);
-  return exit_status;
-}
-
-/// Yields what is wrong with the arguments; empty: nothing.
-std::string read_options(std::span<const std::string_view> arguments, ReferenceOptions& options) {
-  const CommandLine line = read_command_line(arguments, rules);
-  if (!line.problem.empty()) return line.problem;
-  if (!line.operands.empty()) {
-    return in_quotes(line.operands.front()) + ": no file was expected; the data file is the one of pedigreewatch.ini";
-  }
-  for (const GivenOption& option : line.options) {
-    std::string problem = take_reference_option(option.name, option.value, options);
-    if (!problem.empty()) return problem;
-  }
-  return {};
-}
-
 /// What the checks find in the data file; nothing when it can no longer be read.
-std::optional<CheckResult> check_population(const AnalysedPopulation& population, ToolStreams& streams) {
+std::optional<CheckResult> check_population(const FolderRun& run) {
+  const SteerSettings& steer = run.population.settings;
   LineReader data;
-  if (!open_for_reading(data, std::string(population.settings.data_file_name.trimmed()))) return std::nullopt;
-  const CheckSettings settings = make_check_settings(population.settings, lines_of_steer_file(), current_date());
-  CheckResult result = check_data(data, settings, streams.progress);
+  if (open_data_file(steer, data)) return std::nullopt;
+  const CheckSettings settings = make_check_settings(steer, lines_of_steer_file(steer_file_name), current_date());
+  CheckResult result = check_data(data, settings, run.streams.progress);
   if (data.error != 0) return std::nullopt;
   return result;
 }
@@ -89,22 +66,27 @@ bool write_file(const std::string& name, std::string_view bytes, FileProblem& pr
   return false;
 }
 
-int write_page(const AnalysedPopulation& population, std::string_view page, const std::string& ids_file,
-               ToolStreams& streams) {
-  const ToolLanguage language = language_of(population.settings);
-  const std::string name = name_beside_report(population.settings, ".html");
-  FileProblem problem;
-  const NameObstacle obstacle = find_obstacle(name, population.settings, {&ids_file, 1});
-  const bool is_free = obstacle == NameObstacle::none;
-  const Wording& reason = obstacle == NameObstacle::no_file ? is_no_page : is_in_use;
-  if (!is_free) problem = {name, std::string(words_of(reason, language))};
-  if (!is_free || !write_file(name, page, problem)) {
-    return refuse(streams, phrase(not_written, language, {shown(problem.name), problem.reason}), 1);
+std::optional<ToolRefusal> write_page(const FolderRun& run, std::string_view page, const std::string& ids_file) {
+  const std::string name = name_beside_report(run.population.settings, ".html");
+  FileProblem problem = find_obstacle(run, name, {&ids_file, 1}, is_in_use);
+  if (!problem.name.empty() || !write_file(name, page, problem)) {
+    return ToolRefusal{run.words(not_written, {shown(problem.name), problem.reason})};
   }
   constexpr std::size_t kilo = 1000;
-  append(streams.console, phrase(written, language, {shown(name), std::to_string((page.size() + kilo - 1) / kilo)}));
-  end_line(streams.console);
-  return 0;
+  say(run.streams.console, run.words(written, {shown(name), std::to_string((page.size() + kilo - 1) / kilo)}));
+  return std::nullopt;
+}
+
+std::optional<ToolRefusal> make_page_file(const FolderRun& run, const ReferenceOptions& options) {
+  ReferencePopulation reference;
+  if (std::optional<ToolRefusal> refusal = choose_reference(run, options, reference)) return refusal;
+  TextOutput silent;
+  const std::vector<Block> blocks = analyse_subpopulations(run.population, silent);
+  const Diversity diversity = compute_diversity(run.population.store, std::move(reference));
+  const std::optional<CheckResult> check = check_population(run);
+  if (is_stop_requested(run.streams)) return ToolRefusal{run.words(was_stopped)};
+  const PageInput input = {run.population, blocks, &diversity, check ? &*check : nullptr};
+  return write_page(run, make_page(input), options.ids_file);
 }
 
 }  // namespace
@@ -115,21 +97,10 @@ std::string_view page_help() {
 
 int run_page(std::span<const std::string_view> arguments, ToolStreams& streams) {
   ReferenceOptions options;
-  const std::string problem = read_options(arguments, options);
-  if (!problem.empty()) {
-    return refuse(streams, "pedigreewatch-tools page: " + problem + "\nTry: pedigreewatch-tools page --help", 2);
-  }
-  const std::optional<AnalysedPopulation> population = analyse_folder(streams);
-  if (!population) return 1;
-  std::optional<ReferencePopulation> reference = choose_reference(*population, options, streams);
-  if (!reference) return 1;
-  TextOutput silent;
-  const std::vector<Block> blocks = analyse_subpopulations(*population, silent);
-  const Diversity diversity = compute_diversity(population->store, std::move(*reference));
-  const std::optional<CheckResult> check = check_population(*population, streams);
-  if (is_stop_requested(streams)) return refuse(streams, words_of(was_stopped, language_of(population->settings)), 1);
-  const PageInput input = {*population, blocks, &diversity, check ? &*check : nullptr};
-  return write_page(*population, make_page(input), options.ids_file, streams);
+  const std::string problem = read_options(arguments, rules, [&](const GivenOption& option) {
+    return take_reference_option(option.name, option.value, options);
+  });
+  return run_in_folder("page", problem, streams, [&](FolderRun& run) { return make_page_file(run, options); });
 }
 
 }  // namespace pedigreewatch

@@ -11,6 +11,7 @@
 #include "text/encoding.h"
 #include "text/phrases.h"
 #include "tools/command_line.h"
+#include "tools/folder_command.h"
 
 namespace pedigreewatch {
 namespace {
@@ -167,10 +168,7 @@ int run_prepare(std::span<const std::string_view> arguments, ToolStreams& stream
   PrepareOptions options;
   const std::string problem = read_prepare_options(arguments, options);
   if (problem.empty()) return prepare(options, streams);
-  append(streams.messages, "pedigreewatch-tools prepare: " + problem + "\n");
-  append(streams.messages, "Try: pedigreewatch-tools prepare --help");
-  end_line(streams.messages);
-  return 2;
+  return refuse(streams, refusal_of_arguments("prepare", problem));
 }
 
 }  // namespace pedigreewatch

@@ -5,12 +5,11 @@
 
 #include <algorithm>
 #include <charconv>
-#include <utility>
+#include <limits>
 #include <vector>
 
 #include "checks/readable_text.h"
-#include "core/line_reader.h"
-#include "tools/folder_analysis.h"
+#include "tools/id_list.h"
 
 namespace pedigreewatch {
 namespace {
@@ -34,11 +33,6 @@ constexpr Wording nobody_listed = {"{1}: the file of --ids names no animal",
 constexpr Wording nobody_born = {"--years {1}-{2}: no animal of {3} was born in these years",
                                  "--years {1}-{2}: in deze jaren is geen dier van {3} geboren"};
 
-void say(ToolStreams& streams, std::string_view text) {
-  append(streams.messages, text);
-  end_line(streams.messages);
-}
-
 bool take_year(std::string_view& text, std::int32_t& year) {
   const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), year);
   text.remove_prefix(static_cast<std::size_t>(stop - text.data()));
@@ -53,52 +47,30 @@ std::optional<YearSpan> read_years(std::string_view text) {
   return years;
 }
 
-std::vector<std::string> read_list(LineReader& reader) {
-  std::vector<std::string> lines;
-  std::string_view line;
-  while (read_line(reader, line)) lines.emplace_back(line);
-  return lines;
-}
-
-void say_unknown(const std::vector<UnusedId>& unknown, const std::string& list, const AnalysedPopulation& population,
-                 ToolStreams& streams) {
+std::string list_unknown(const std::vector<ListedId>& unknown, const std::string& list, const FolderRun& run) {
   constexpr std::size_t most_shown = 10;
-  const ToolLanguage language = language_of(population.settings);
-  const std::string data_file = shown(population.settings.data_file_name.trimmed());
+  const std::string data_file = shown(run.population.settings.data_file_name.trimmed());
+  std::string text;
   for (std::size_t u = 0; u < std::min(unknown.size(), most_shown); ++u) {
-    say(streams, phrase(unknown_id, language,
-                        {shown(list), std::to_string(unknown[u].line), in_quotes(readable(unknown[u].id)), data_file}));
+    if (u > 0) text += '\n';
+    text += run.words(unknown_id,
+                      {shown(list), std::to_string(unknown[u].line), in_quotes(readable(unknown[u].id)), data_file});
   }
-  if (unknown.size() > most_shown) {
-    say(streams, phrase(more_unknown, language, {std::to_string(unknown.size() - most_shown)}));
-  }
+  if (unknown.size() <= most_shown) return text;
+  return text + "\n" + run.words(more_unknown, {std::to_string(unknown.size() - most_shown)});
 }
 
-std::optional<ReferencePopulation> read_reference(const AnalysedPopulation& population, const std::string& name,
-                                                  ToolStreams& streams) {
-  const ToolLanguage language = language_of(population.settings);
-  LineReader reader;
-  if (!open_for_reading(reader, name)) {
-    say(streams, phrase(not_opened, language, {shown(name)}));
-    return std::nullopt;
-  }
-  const std::vector<std::string> ids = read_list(reader);
-  const auto has_zero = [](const std::string& id) { return id.find('\0') != std::string::npos; };
-  if (std::any_of(ids.begin(), ids.end(), has_zero)) {
-    say(streams, phrase(no_text, language, {shown(name)}));
-    return std::nullopt;
-  }
-  std::vector<UnusedId> unknown;
-  ReferencePopulation reference = listed_animals(population.store, ids, unknown);
-  if (reader.error != 0) {
-    say(streams, phrase(not_read, language, {shown(name)}));
-  } else if (!unknown.empty()) {
-    say_unknown(unknown, name, population, streams);
-  } else if (reference.positions.empty()) {
-    say(streams, phrase(nobody_listed, language, {shown(name)}));
-  } else {
-    return reference;
-  }
+std::optional<ToolRefusal> read_reference(const FolderRun& run, const std::string& name,
+                                          ReferencePopulation& reference) {
+  constexpr std::size_t any_number = std::numeric_limits<std::size_t>::max();
+  const IdList list = read_id_list(name, any_number);
+  if (list.fault == IdListFault::not_opened) return ToolRefusal{run.words(not_opened, {shown(name)})};
+  if (list.fault == IdListFault::no_text) return ToolRefusal{run.words(no_text, {shown(name)})};
+  if (list.fault == IdListFault::not_read) return ToolRefusal{run.words(not_read, {shown(name)})};
+  std::vector<ListedId> unknown;
+  reference = listed_animals(run.population.store, list.ids, unknown);
+  if (!unknown.empty()) return ToolRefusal{list_unknown(unknown, name, run)};
+  if (reference.positions.empty()) return ToolRefusal{run.words(nobody_listed, {shown(name)})};
   return std::nullopt;
 }
 
@@ -119,16 +91,14 @@ std::string take_reference_option(std::string_view name, std::string_view value,
   return {};
 }
 
-std::optional<ReferencePopulation> choose_reference(const AnalysedPopulation& population,
-                                                    const ReferenceOptions& options, ToolStreams& streams) {
-  if (!options.ids_file.empty()) return read_reference(population, options.ids_file, streams);
-  if (!options.years) return youngest_animals(population.store);
-  ReferencePopulation reference = animals_born(population.store, options.years->first, options.years->last);
-  if (!reference.positions.empty()) return reference;
-  say(streams, phrase(nobody_born, language_of(population.settings),
-                      {std::to_string(options.years->first), std::to_string(options.years->last),
-                       shown(population.settings.data_file_name.trimmed())}));
-  return std::nullopt;
+std::optional<ToolRefusal> choose_reference(const FolderRun& run, const ReferenceOptions& options,
+                                            ReferencePopulation& reference) {
+  if (!options.ids_file.empty()) return read_reference(run, options.ids_file, reference);
+  const PopulationStore& store = run.population.store;
+  reference = options.years ? animals_born(store, options.years->first, options.years->last) : youngest_animals(store);
+  if (!options.years || !reference.positions.empty()) return std::nullopt;
+  return ToolRefusal{run.words(nobody_born, {std::to_string(options.years->first), std::to_string(options.years->last),
+                                             shown(run.population.settings.data_file_name.trimmed())})};
 }
 
 }  // namespace pedigreewatch

@@ -6,10 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "control/population_analysis.h"
-#include "core/tool_streams.h"
 #include "diversity/reference_population.h"
-#include "text/phrases.h"
+#include "tools/folder_command.h"
 
 namespace pedigreewatch {
 
@@ -25,9 +23,9 @@ struct ReferenceOptions {
 /// Takes --years and --ids; other options are passed over. Yields what is wrong with the value; empty: nothing.
 std::string take_reference_option(std::string_view name, std::string_view value, ReferenceOptions& options);
 
-/// The animals that the options name, or the youngest ones without options. Yields nothing after a message: the list
-/// cannot be read, names animals that are not there or none at all, or no animal was born in these years.
-std::optional<ReferencePopulation> choose_reference(const AnalysedPopulation& population,
-                                                    const ReferenceOptions& options, ToolStreams& streams);
+/// The animals that the options name, or the youngest ones without options. Refuses a list that cannot be read or names
+/// animals that are not there or none at all, and years in which no animal was born.
+std::optional<ToolRefusal> choose_reference(const FolderRun& run, const ReferenceOptions& options,
+                                            ReferencePopulation& reference);
 
 }  // namespace pedigreewatch

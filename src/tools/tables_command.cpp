@@ -18,8 +18,8 @@
 #include "diversity/diversity_table.h"
 #include "tables/animal_table.h"
 #include "tables/year_tables.h"
-#include "tools/command_line.h"
 #include "tools/folder_analysis.h"
+#include "tools/folder_command.h"
 #include "tools/reference_choice.h"
 
 namespace pedigreewatch {
@@ -47,12 +47,8 @@ constexpr std::string_view help =
 constexpr auto rules = std::to_array<OptionRule>({{"--years"}, {"--ids"}, {"--csv", false}});
 
 constexpr Wording not_written = {"{1}: {2}; no table was written", "{1}: {2}; er is geen tabel geschreven"};
-constexpr Wording is_no_table = {"there is something of this name that is no file",
-                                 "er is al iets met deze naam dat geen bestand is"};
 constexpr Wording is_in_use = {"a table of this name would replace a file that this run reads",
                                "een tabel met deze naam zou een bestand vervangen dat hier gelezen wordt"};
-constexpr Wording was_stopped = {"stopped; nothing was written", "afgebroken; er is niets geschreven"};
-constexpr Wording written = {"{1}: {2}", "{1}: {2}"};
 constexpr Wording birth_years = {"{1} birth years", "{1} geboortejaren"};
 constexpr Wording animals = {"{1} animals", "{1} dieren"};
 constexpr Wording subpopulations = {"{1} subpopulations", "{1} subpopulaties"};
@@ -74,36 +70,19 @@ struct TableFile {
   NewFile file = {};
 };
 
-/// Yields what is wrong with the arguments; empty: nothing.
-std::string read_options(std::span<const std::string_view> arguments, TablesOptions& options) {
-  const CommandLine line = read_command_line(arguments, rules);
-  if (!line.problem.empty()) return line.problem;
-  if (!line.operands.empty()) {
-    return in_quotes(line.operands.front()) + ": no file was expected; the data file is the one of pedigreewatch.ini";
-  }
-  for (const GivenOption& option : line.options) {
-    if (option.name == "--csv") options.form = TableForm::commas;
-    std::string problem = take_reference_option(option.name, option.value, options.reference);
-    if (!problem.empty()) return problem;
-  }
-  return {};
-}
-
-int refuse(ToolStreams& streams, std::string_view text, int exit_status) {
-  flush(streams.console);
-  append(streams.messages, text);
-  end_line(streams.messages);
-  return exit_status;
+/// Takes one option; yields what is wrong with it, empty: nothing.
+std::string take_option(const GivenOption& option, TablesOptions& options) {
+  if (option.name == "--csv") options.form = TableForm::commas;
+  return take_reference_option(option.name, option.value, options.reference);
 }
 
 /// What everything is written from.
 struct Tables {
-  const AnalysedPopulation& population;
+  const FolderRun& run;
   const Diversity& diversity;
   TableForm form = TableForm::tabs;
 
-  ToolLanguage language() const { return language_of(population.settings); }
-  bool has_subpopulations() const { return population.settings.layout.subpopulations.count() > 1; }
+  bool has_subpopulations() const { return run.population.settings.layout.subpopulations.count() > 1; }
 };
 
 /// Begins the file, has it written by `write`, and keeps it among `files`. Nothing has its final name yet.
@@ -111,7 +90,7 @@ template <typename Write>
 bool write_file(const Tables& tables, std::string_view name, std::string content, std::vector<TableFile>& files,
                 FileProblem& problem, Write write) {
   files.push_back(
-      {name_beside_report(tables.population.settings, std::string(name) + std::string(ending_of(tables.form))),
+      {name_beside_report(tables.run.population.settings, std::string(name) + std::string(ending_of(tables.form))),
        std::move(content)});
   NewFile& file = files.back().file;
   if (!begin_file(file, files.back().name, problem)) {
@@ -133,17 +112,17 @@ void write_diversity_row(const DiversityRow& row, TableWriter& writer) {
 
 void write_diversity_rows(const Tables& tables, TableWriter& writer) {
   write_diversity_row(diversity_header(), writer);
-  for (const DiversityRow& row : diversity_rows(tables.population.store, tables.diversity, tables.language())) {
+  for (const DiversityRow& row : diversity_rows(tables.run.population.store, tables.diversity, tables.run.language)) {
     write_diversity_row(row, writer);
   }
 }
 
 bool write_files(const Tables& tables, std::vector<TableFile>& files, FileProblem& problem) {
-  const AnalysedPopulation& population = tables.population;
+  const AnalysedPopulation& population = tables.run.population;
   const PopulationStore& store = population.store;
   const std::vector<GroupCounts> groups = count_groups(population);
   const auto counted = [&](const Wording& wording, std::int64_t count) {
-    return phrase(wording, tables.language(), {std::to_string(count)});
+    return tables.run.words(wording, {std::to_string(count)});
   };
   const auto years = [&](TableWriter& writer) { write_years(population, groups, writer); };
   const auto of_subpopulations = [&](TableWriter& writer) { write_subpopulations(population, groups, writer); };
@@ -158,8 +137,8 @@ bool write_files(const Tables& tables, std::vector<TableFile>& files, FileProble
   if (!write_file(tables, "_animals", counted(animals, animal_count), files, problem, of_animals)) return false;
   const auto of_diversity = [&](TableWriter& writer) { write_diversity_rows(tables, writer); };
   const std::size_t members = tables.diversity.reference.positions.size();
-  const std::string content = members == 0 ? std::string(words_of(no_reference, tables.language()))
-                                           : counted(reference_size, static_cast<std::int64_t>(members));
+  const std::string content =
+      members == 0 ? tables.run.words(no_reference) : counted(reference_size, static_cast<std::int64_t>(members));
   return write_file(tables, "_diversity", content, files, problem, of_diversity);
 }
 
@@ -169,36 +148,35 @@ bool finish_files(std::vector<TableFile>& files, const Tables& tables, const std
   std::vector<NewFile*> all;
   for (TableFile& table : files) all.push_back(&table.file);
   for (const TableFile& table : files) {
-    const NameObstacle obstacle = find_obstacle(table.name, tables.population.settings, {&ids_file, 1});
-    if (obstacle == NameObstacle::none) continue;
-    const Wording& reason = obstacle == NameObstacle::no_file ? is_no_table : is_in_use;
-    problem = {table.name, std::string(words_of(reason, tables.language()))};
-    return false;
+    problem = find_obstacle(tables.run, table.name, {&ids_file, 1}, is_in_use);
+    if (!problem.name.empty()) return false;
   }
   return finish_all(all, true, problem);
 }
 
-void say_written(const Tables& tables, const std::vector<TableFile>& files, TextOutput& console) {
-  for (const TableFile& table : files) {
-    append(console, phrase(written, tables.language(), {shown(table.name), table.content}));
-    end_line(console);
-  }
-}
-
-int write_tables(const Tables& tables, const ReferenceOptions& reference, ToolStreams& streams) {
+std::optional<ToolRefusal> write_tables(const Tables& tables, const ReferenceOptions& reference) {
+  const FolderRun& run = tables.run;
   std::vector<TableFile> files;
   constexpr std::size_t most_files = 4;
   files.reserve(most_files);  // a table being written stays where it is
   FileProblem problem;
   const bool is_begun = write_files(tables, files, problem);
-  const bool is_wanted = !is_stop_requested(streams);
+  const bool is_wanted = !is_stop_requested(run.streams);
   if (is_begun && is_wanted && finish_files(files, tables, reference.ids_file, problem)) {
-    say_written(tables, files, streams.console);
-    return 0;
+    for (const TableFile& table : files) say(run.streams.console, shown(table.name) + ": " + table.content);
+    return std::nullopt;
   }
   for (TableFile& table : files) abandon(table.file);
-  if (!is_wanted) return refuse(streams, words_of(was_stopped, tables.language()), 1);
-  return refuse(streams, phrase(not_written, tables.language(), {shown(problem.name), problem.reason}), 1);
+  if (!is_wanted) return ToolRefusal{run.words(was_stopped)};
+  return ToolRefusal{run.words(not_written, {shown(problem.name), problem.reason})};
+}
+
+std::optional<ToolRefusal> make_tables(const FolderRun& run, const TablesOptions& options) {
+  ReferencePopulation reference;
+  if (std::optional<ToolRefusal> refusal = choose_reference(run, options.reference, reference)) return refusal;
+  if (is_stop_requested(run.streams)) return ToolRefusal{run.words(was_stopped)};
+  const Diversity diversity = compute_diversity(run.population.store, std::move(reference));
+  return write_tables({run, diversity, options.form}, options.reference);
 }
 
 }  // namespace
@@ -209,17 +187,9 @@ std::string_view tables_help() {
 
 int run_tables(std::span<const std::string_view> arguments, ToolStreams& streams) {
   TablesOptions options;
-  const std::string problem = read_options(arguments, options);
-  if (!problem.empty()) {
-    return refuse(streams, "pedigreewatch-tools tables: " + problem + "\nTry: pedigreewatch-tools tables --help", 2);
-  }
-  const std::optional<AnalysedPopulation> population = analyse_folder(streams);
-  if (!population) return 1;
-  std::optional<ReferencePopulation> reference = choose_reference(*population, options.reference, streams);
-  if (!reference) return 1;
-  if (is_stop_requested(streams)) return refuse(streams, words_of(was_stopped, language_of(population->settings)), 1);
-  const Diversity diversity = compute_diversity(population->store, std::move(*reference));
-  return write_tables({*population, diversity, options.form}, options.reference, streams);
+  const std::string problem =
+      read_options(arguments, rules, [&](const GivenOption& option) { return take_option(option, options); });
+  return run_in_folder("tables", problem, streams, [&](FolderRun& run) { return make_tables(run, options); });
 }
 
 }  // namespace pedigreewatch

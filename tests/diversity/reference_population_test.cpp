@@ -12,12 +12,14 @@ using Positions = std::vector<std::int32_t>;
 
 struct Listed {
   Positions positions;
-  std::vector<UnusedId> unknown;
+  std::vector<ListedId> unknown;
 };
 
 Listed listed(const PopulationStore& store, const std::vector<std::string>& lines) {
   Listed result;
-  const ReferencePopulation reference = listed_animals(store, lines, result.unknown);
+  std::vector<ListedId> ids;
+  for (const std::string& line : lines) ids.push_back({std::ssize(ids) + 1, line});
+  const ReferencePopulation reference = listed_animals(store, ids, result.unknown);
   EXPECT_EQ(reference.choice, ReferenceChoice::listed);
   result.positions = reference.positions;
   return result;

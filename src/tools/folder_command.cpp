@@ -1,0 +1,65 @@
+// A refusal is said in one place, whichever step comes up with it.
+
+#include "tools/folder_command.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+#include "control/steer_file.h"
+#include "tools/folder_analysis.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr Wording is_no_file = {"there is something of this name that is no file",
+                                "er is al iets met deze naam dat geen bestand is"};
+
+bool is_read(const std::string& name, const SteerSettings& settings, std::span<const std::string> lists) {
+  std::error_code ignored;
+  const auto is_same = [&](const std::string& file) {
+    return !file.empty() && std::filesystem::equivalent(name, file, ignored);
+  };
+  return is_same(std::string(steer_file_name)) || is_same(std::string(settings.data_file_name.trimmed())) ||
+         std::any_of(lists.begin(), lists.end(), is_same);
+}
+
+}  // namespace
+
+std::string read_options(std::span<const std::string_view> arguments, std::span<const OptionRule> rules,
+                         const TakeOption& take, std::string_view instead_of_operand) {
+  const CommandLine line = read_command_line(arguments, rules);
+  if (!line.problem.empty()) return line.problem;
+  if (!line.operands.empty()) return in_quotes(line.operands.front()) + ": " + std::string(instead_of_operand);
+  for (const GivenOption& option : line.options) {
+    std::string problem = take(option);
+    if (!problem.empty()) return problem;
+  }
+  return {};
+}
+
+ToolRefusal refusal_of_arguments(std::string_view subcommand, std::string_view problem) {
+  const std::string program = "pedigreewatch-tools " + std::string(subcommand);
+  return {program + ": " + std::string(problem) + "\nTry: " + program + " --help", wrong_arguments};
+}
+
+int run_in_folder(std::string_view subcommand, std::string_view problem, ToolStreams& streams, const FolderStep& step) {
+  if (!problem.empty()) return refuse(streams, refusal_of_arguments(subcommand, problem));
+  AnalysedPopulation population;
+  std::optional<ToolRefusal> refusal = analyse_folder(streams.stop_request, population);
+  if (refusal) return refuse(streams, *refusal);
+  FolderRun run{population, streams, language_of(population.settings)};
+  refusal = step(run);
+  return refusal ? refuse(streams, *refusal) : run.exit_status;
+}
+
+FileProblem find_obstacle(const FolderRun& run, const std::string& name, std::span<const std::string> lists,
+                          const Wording& is_in_use) {
+  std::error_code ignored;
+  if (!is_taken(name)) return {};
+  if (!std::filesystem::is_regular_file(name, ignored)) return {name, run.words(is_no_file)};
+  if (is_read(name, run.population.settings, lists)) return {name, run.words(is_in_use)};
+  return {};
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,60 @@
+// The frame of the subcommands that work on the population of a folder: their arguments are read, the population is
+// computed as a run does it, and one step of their own follows.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "control/population_analysis.h"
+#include "core/new_files.h"
+#include "core/tool_streams.h"
+#include "text/phrases.h"
+#include "tools/command_line.h"
+
+namespace pedigreewatch {
+
+inline constexpr Wording was_stopped = {"stopped; nothing was written", "afgebroken; er is niets geschreven"};
+
+/// What is said of a file where only options are expected.
+inline constexpr std::string_view data_file_is_known =
+    "no file was expected; the data file is the one of pedigreewatch.ini";
+
+/// Takes one option; yields what is wrong with it, empty: nothing.
+using TakeOption = std::function<std::string(const GivenOption& option)>;
+
+/// Reads the arguments of a subcommand that takes options alone, and hands each to `take`. Yields what is wrong with
+/// them, empty: nothing. `instead_of_operand` is said of anything that is no option.
+std::string read_options(std::span<const std::string_view> arguments, std::span<const OptionRule> rules,
+                         const TakeOption& take, std::string_view instead_of_operand = data_file_is_known);
+
+/// Arguments that make no sense, with where to read more.
+ToolRefusal refusal_of_arguments(std::string_view subcommand, std::string_view problem);
+
+/// What the step of a subcommand works with.
+struct FolderRun {
+  const AnalysedPopulation& population;
+  ToolStreams& streams;
+  ToolLanguage language;
+  int exit_status = 0;  ///< of a step that is done
+
+  std::string words(const Wording& wording, std::initializer_list<std::string_view> values = {}) const {
+    return phrase(wording, language, values);
+  }
+};
+
+using FolderStep = std::function<std::optional<ToolRefusal>(FolderRun& run)>;
+
+/// Computes the population of this folder and takes the step, unless something was wrong with the arguments
+/// (`problem`; empty: nothing). Says what stands in the way, and yields the exit status.
+int run_in_folder(std::string_view subcommand, std::string_view problem, ToolStreams& streams, const FolderStep& step);
+
+/// Why nothing can be written under `name`; an older file of its kind does not stand in the way. No name: it can.
+/// Beside the steer file and the data file the run reads `lists`, of which empty names are none; `is_in_use` is said
+/// when the name is that of a file that the run reads.
+FileProblem find_obstacle(const FolderRun& run, const std::string& name, std::span<const std::string> lists,
+                          const Wording& is_in_use);
+
+}  // namespace pedigreewatch
