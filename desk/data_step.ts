@@ -3,8 +3,10 @@
 import { applySettings, changeSetting, openNew, showProblem, text } from "./desk";
 import type { Desk } from "./desk";
 import { button, byId, chooser, make, nameOf, shownNumber } from "./dom";
-import type { ExportAnswer } from "./protocol";
+import type { ExportAnswer, OpenQuestion } from "./protocol";
 import type { TextName } from "./texts";
+
+const mostAnswers = 12;
 
 export function takeFiles(desk: Desk, files: File[]): void {
   const steerFiles = files.filter((file) => /\.ini$/i.test(file.name));
@@ -84,12 +86,20 @@ function drawEvidence(answer: ExportAnswer): HTMLElement {
     ...answer.evidence.flatMap(({ label, text: said }) => [make("dt", {}, label), make("dd", {}, said)]));
 }
 
+/** A question with a button for each of its answers, if they are few. */
+function drawQuestion(desk: Desk, question: OpenQuestion): HTMLElement {
+  const answers = question.answers.length > mostAnswers ? [] : question.answers;
+  return make("div", { class: "question" }, make("p", {}, question.text),
+    answers.length === 0 ? null : make("p", { class: "row" },
+      ...answers.map(({ value, text: words }) => button(words, () => void changeSetting(desk, question.setting, value)))));
+}
+
 export function drawQuestions(desk: Desk): HTMLElement[] {
   const questions = desk.export?.questions ?? [];
-  const all = desk.refusals.map((words) => make("p", { class: "problem" }, words));
+  const all: HTMLElement[] = desk.refusals.map((words) => make("p", { class: "problem" }, words));
   if (questions.length > 0) {
     all.push(make("p", {}, make("strong", {}, text(desk, desk.step === "data" ? "openQuestionsData" : "openQuestions"))));
-    all.push(...questions.map((question) => make("p", { class: "question" }, question)));
+    all.push(...questions.map((question) => drawQuestion(desk, question)));
   }
   return all;
 }

@@ -12,8 +12,11 @@ export interface Messages { messages: string[]; }
 export interface Field { name: string; description: string; isRequired: boolean; }
 export interface CountedName { place: number; text: string; count: number; isListed: boolean; }
 
+/** What only the user can decide; each answer is a value of the setting. */
+export interface OpenQuestion { text: string; setting: string; answers: { value: string; text: string }[]; }
+
 export interface ExportAnswer extends Messages {
-  questions: string[];
+  questions: OpenQuestion[];
   evidence: { label: string; text: string }[];
   encoding: string; delimiter: string; hasHeader: boolean; animals: number;
   headings: string[]; columns: string[]; fields: Field[]; lines: string[][];

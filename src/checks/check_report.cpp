@@ -8,7 +8,7 @@
 
 #include "checks/finding_kinds.h"
 #include "checks/readable_text.h"
-#include "intake/finding_lists.h"
+#include "intake/said_values.h"
 #include "text/utf_8.h"
 
 namespace pedigreewatch {

@@ -9,7 +9,7 @@
 
 #include "checks/readable_text.h"
 #include "intake/delimiter_recognition.h"
-#include "intake/findings.h"
+#include "intake/said_values.h"
 #include "pedigree/data_columns.h"
 #include "text/encoding.h"
 #include "text/folded_words.h"

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -60,10 +61,9 @@ void forget_run(Desk& desk);
 /// Lets go of everything but the settings of the desk itself.
 void forget_all(Desk& desk);
 
-/// Lists the lines of a text that a tool has said.
+/// Lists the lines of the messages of a run.
 void add_lines(JsonText& json, std::string_view name, std::string_view text);
-
-/// What stands in the way, with options of the command line called as they are called in the desk.
-std::string in_words_of_desk(std::string_view text, ToolLanguage language);
+/// Lists texts.
+void add_texts(JsonText& json, std::string_view name, std::span<const std::string> texts);
 
 }  // namespace pedigreewatch

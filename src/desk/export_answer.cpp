@@ -1,12 +1,15 @@
 #include "desk/export_answer.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 #include "checks/readable_text.h"
+#include "desk/export_words.h"
 #include "desk/json_text.h"
 #include "desk/settings_text.h"
 #include "intake/column_recognition.h"
+#include "intake/export_remarks.h"
 #include "intake/prepared_file.h"
 #include "intake/species_choice.h"
 
@@ -15,40 +18,36 @@ namespace {
 
 constexpr std::size_t most_texts = 2000;  ///< of a list that somebody looks through
 
-// --- The evidence: what `prepare` says, line by line, without the columns, which the table of the first lines shows
-// ---
+// --- What is said: questions with their answers, and the evidence ---
 
-bool is_line_of_column(std::string_view line) {
-  const std::size_t first = line.find_first_not_of(' ');
-  return first != 0 && first != std::string_view::npos && line[first] >= '0' && line[first] <= '9';
-}
-
-/// Their heading, "Columns 9, in use are:", without the announcement of what does not follow here.
-std::string_view without_announcement(std::string_view line) {
-  return line.ends_with(':') ? line.substr(0, line.rfind(',')) : line;
-}
-
-/// A line is a word and what is said of it; one that begins with blanks goes on with the same.
-void add_evidence_line(JsonText& json, std::string_view line) {
-  const bool has_label = !line.starts_with(' ');
-  const std::size_t label_end = has_label ? std::min(line.find(' '), line.size()) : 0;
-  const std::size_t text_begin = std::min(line.find_first_not_of(' ', label_end), line.size());
+void add_question(JsonText& json, const Question& question, ToolLanguage language) {
   begin_object(json);
-  add_text(json, "label", line.substr(0, label_end));
-  add_text(json, "text", line.substr(text_begin));
+  add_text(json, "text", question_text(question, language));
+  add_text(json, "setting", setting_name(question));
+  begin_list(json, "answers");
+  for (const Answer& answer : question.answers) {
+    begin_object(json);
+    add_text(json, "value", answer.value);
+    add_text(json, "text", answer_text(question, answer, language));
+    end_object(json);
+  }
+  end_list(json);
   end_object(json);
 }
 
+void add_questions(JsonText& json, std::span<const Question> questions, ToolLanguage language) {
+  begin_list(json, "questions");
+  for (const Question& question : questions) add_question(json, question, language);
+  end_list(json);
+}
+
 void add_evidence(JsonText& json, const Desk& desk) {
-  TextOutput said;
-  show_preparation(desk.preparation, desk.options, said);
-  const std::string words = in_words_of_desk(said.pending, desk.language);
   begin_list(json, "evidence");
-  for (std::string_view rest = words; !rest.empty();) {
-    const std::size_t end = std::min(rest.find('\n'), rest.size());
-    const std::string_view line = rest.substr(0, end);
-    if (!line.empty() && !is_line_of_column(line)) add_evidence_line(json, without_announcement(line));
-    rest.remove_prefix(std::min(end + 1, rest.size()));
+  for (const EvidenceLine& line : evidence_lines(remarks_on(desk.preparation, desk.options), desk.language)) {
+    begin_object(json);
+    add_text(json, "label", line.label);
+    add_text(json, "text", line.text);
+    end_object(json);
   }
   end_list(json);
 }
@@ -59,7 +58,7 @@ constexpr std::size_t most_columns = 80;
 
 void add_first_lines(JsonText& json, const Preparation& read) {
   constexpr int most_lines = 12;
-  RecordReader reader = read_records(read.text, read.findings.delimiter);
+  RecordReader reader = read_records(read.text, read.reading.delimiter);
   ExportRecord record;
   begin_list(json, "lines");
   for (int count = 0; count < most_lines && next_filled_record(reader, record); ++count) {
@@ -172,12 +171,7 @@ void add_dates(JsonText& json, const DatePlan& dates, ToolLanguage language) {
 void add_species(JsonText& json, const Desk& desk) {
   add_text(json, "species", desk.preparation.plan.species);
   begin_list(json, "allSpecies");
-  const std::string all = list_species(desk.options.language);
-  for (std::string_view rest = all; !rest.empty();) {
-    const std::size_t end = std::min(rest.find(", "), rest.size());
-    add_text(json, rest.substr(0, end));
-    rest.remove_prefix(std::min(end + 2, rest.size()));
-  }
+  for (const std::string_view word : list_species(desk.options.language)) add_text(json, word);
   end_list(json);
 }
 
@@ -200,17 +194,15 @@ PreparePlan plan_of_report(const Desk& desk) {
   return plan_preparation(desk.preparation.survey, desk.preparation.columns, options);
 }
 
-std::string export_answer(const Desk& desk, std::string_view messages) {
+std::string export_answer(const Desk& desk, const std::optional<Refusal>& refusal) {
   const Preparation& read = desk.preparation;
   JsonText json;
   begin_object(json);
-  add_lines(json, "messages", messages);
-  begin_list(json, "questions");
-  for (const std::string& question : read.plan.questions) add_text(json, in_words_of_desk(question, desk.language));
-  end_list(json);
+  add_texts(json, "messages", refusal ? refusal_texts(*refusal, desk.language) : std::vector<std::string>());
+  add_questions(json, read.plan.questions, desk.language);
   add_evidence(json, desk);
-  add_text(json, "encoding", name_of(read.findings.used_encoding));
-  add_text(json, "delimiter", std::string_view(&read.findings.delimiter, 1));
+  add_text(json, "encoding", name_of(read.reading.used_encoding));
+  add_text(json, "delimiter", std::string_view(&read.reading.delimiter, 1));
   add_logical(json, "hasHeader", read.columns.has_header);
   add_integer(json, "animals", read.survey.animal_count);
   add_columns(json, read.columns, desk.language);

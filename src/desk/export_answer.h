@@ -2,15 +2,15 @@
 // can choose, with counts.
 #pragma once
 
+#include <optional>
 #include <string>
-#include <string_view>
 
 #include "desk/desk.h"
 
 namespace pedigreewatch {
 
-/// An object; `messages` are lines that stand in the way.
-std::string export_answer(const Desk& desk, std::string_view messages);
+/// An object; `refusal` is what stands in the way.
+std::string export_answer(const Desk& desk, const std::optional<Refusal>& refusal);
 
 /// Everything that was decided, with the words of the report's language instead of the desk's.
 PreparePlan plan_of_report(const Desk& desk);

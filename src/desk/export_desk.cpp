@@ -7,12 +7,14 @@
 #include <array>
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <utility>
 
 #include "control/steer_file.h"
 #include "core/line_reader.h"
 #include "core/new_files.h"
 #include "desk/export_answer.h"
+#include "desk/export_words.h"
 #include "desk/json_text.h"
 #include "desk/settings_text.h"
 #include "intake/prepared_file.h"
@@ -36,29 +38,40 @@ bool has_same_columns(const PrepareOptions& a, const PrepareOptions& b) {
 }
 
 /// An answer that holds nothing but what stands in the way.
-std::string refusal(const Desk& desk, std::string_view messages) {
+std::string refusal_answer(std::span<const std::string> texts) {
   JsonText json;
   begin_object(json);
-  add_lines(json, "messages", in_words_of_desk(messages, desk.language));
+  add_texts(json, "messages", texts);
   end_object(json);
   return std::move(json.text);
 }
 
+/// The same of lines that a run has said.
+std::string refusal_answer(std::string_view lines) {
+  JsonText json;
+  begin_object(json);
+  add_lines(json, "messages", lines);
+  end_object(json);
+  return std::move(json.text);
+}
+
+std::string refusal_answer(const Refusal& refusal, ToolLanguage language) {
+  return refusal_answer(refusal_texts(refusal, language));
+}
+
 std::string refusal_to_open(const Desk& desk, const std::string& name) {
-  return refusal(desk, phrase(cannot_open, desk.language, {in_quotes(name)}));
+  return refusal_answer(phrase(cannot_open, desk.language, {in_quotes(name)}));
 }
 
 /// Decides, and says everything.
-std::string decide_and_answer(Desk& desk, ToolStreams& streams) {
+std::string decide_and_answer(Desk& desk) {
   decide(desk.options, desk.preparation);
-  refuse_survey(desk.preparation, desk.options, streams);
-  return export_answer(desk, in_words_of_desk(streams.messages.pending, desk.language));
+  return export_answer(desk, refusal_of_survey(desk.preparation, desk.options));
 }
 
 /// Reads as much again as a change from the options at hand to `options` asks for. What came of the old ones is
 /// forgotten, unless nothing but the language of the desk has changed.
 std::string take_options(Desk& desk, PrepareOptions options, std::string_view settings) {
-  ToolStreams streams;
   if (desk.settings != settings || !desk.has_export) forget_run(desk);
   desk.settings = settings;
   options.language = desk.language;
@@ -67,16 +80,18 @@ std::string take_options(Desk& desk, PrepareOptions options, std::string_view se
                             before.encoding == desk.options.encoding && before.delimiter == desk.options.delimiter;
   if (!is_same_text) {
     tell(desk.watch, "reading");
-    desk.has_export = read_and_recognise(desk.options, streams, desk.preparation);
+    const std::optional<Refusal> refusal = read_and_recognise(desk.options, desk.preparation);
+    desk.has_export = !refusal;
+    if (refusal) return refusal_answer(*refusal, desk.language);
   }
-  if (!desk.has_export) return refusal(desk, streams.messages.pending);
-  const bool asks_in_old_language = before.language != desk.language && !desk.preparation.columns.questions.empty();
-  if (!is_same_text || asks_in_old_language || !has_same_columns(before, desk.options)) {
+  if (!is_same_text || !has_same_columns(before, desk.options)) {
     tell(desk.watch, "surveying");
-    desk.has_export = survey_columns(desk.options, streams, desk.preparation);
-    if (!desk.has_export) return refusal(desk, streams.messages.pending);
+    ProgressLine unseen;
+    const std::optional<Refusal> refusal = survey_columns(desk.options, unseen, desk.preparation);
+    desk.has_export = !refusal;
+    if (refusal) return refusal_answer(*refusal, desk.language);
   }
-  return decide_and_answer(desk, streams);
+  return decide_and_answer(desk);
 }
 
 struct DataTarget {
@@ -98,7 +113,7 @@ std::string write_both(const Desk& desk, const PreparePlan& plan, const RunFiles
     return failure();
   }
   const Preparation& read = desk.preparation;
-  make_data_file(read.text, read.findings.delimiter, plan, read.survey.sexes, take_piece, &data);
+  make_data_file(read.text, read.reading.delimiter, plan, read.survey.sexes, take_piece, &data);
   write_bytes(steer, steer_text(plan));
   return finish_both(data.file, steer, true, problem) ? std::string() : failure();
 }
@@ -159,20 +174,21 @@ std::string change_settings(Desk& desk, std::string_view settings) {
 
 std::string write_files_of_export(Desk& desk) {
   forget_run(desk);
-  ToolStreams streams;
-  if (!desk.has_export) return refusal(desk, {});
+  if (!desk.has_export) return refusal_answer(std::span<const std::string>());
   const PreparePlan& plan = desk.preparation.plan;
-  for (const std::string& question : plan.questions) append(streams.messages, question + "\n");
-  if (!plan.questions.empty() || refuse_survey(desk.preparation, desk.options, streams)) {
-    return refusal(desk, streams.messages.pending);
-  }
+  std::vector<std::string> problems;
+  for (const Question& question : plan.questions) problems.push_back(question_text(question, desk.language));
+  const std::optional<Refusal> refusal =
+      problems.empty() ? refusal_of_survey(desk.preparation, desk.options) : std::nullopt;
+  if (refusal) problems = refusal_texts(*refusal, desk.language);
+  if (!problems.empty()) return refusal_answer(problems);
   tell(desk.watch, "writing");
   const PreparePlan written = plan_of_report(desk);
   const std::filesystem::path folder(desk.folder);
   RunFiles files = {(folder / steer_file_name).string(), (folder / (plan.stem + ".txt")).string(), true};
   std::string problem = write_both(desk, written, files);
   if (problem.empty()) desk.steer = read_settings(files.steer_file, problem);
-  if (!desk.steer) return refusal(desk, problem);
+  if (!desk.steer) return refusal_answer(problem);
   desk.files = std::move(files);
   return files_answer(desk, {});
 }
@@ -183,7 +199,7 @@ std::string open_given_files(Desk& desk, const std::string& steer_file, const st
   LineReader data;
   if (!open_for_reading(data, data_file)) return refusal_to_open(desk, data_file);
   desk.steer = read_settings(steer_file, message);
-  if (!desk.steer) return message.empty() ? refusal_to_open(desk, steer_file) : refusal(desk, message);
+  if (!desk.steer) return message.empty() ? refusal_to_open(desk, steer_file) : refusal_answer(message);
   desk.files = RunFiles{steer_file, data_file, false};
   const std::string named(desk.steer->data_file_name.trimmed());
   const std::string chosen = std::filesystem::path(data_file).filename().string();

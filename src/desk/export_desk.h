@@ -10,8 +10,9 @@ namespace pedigreewatch {
 
 /// Reads the export of this name and says what it is. Everything of another export is forgotten. Yields an object, of
 /// which `messages` says what stands in the way and is empty when nothing does:
-/// messages, questions, evidence, encoding, delimiter, hasHeader, headings, columns (a field's name or "" for each),
-/// fields, lines (the first records), animals, sexes, unknownParents, subpopulations, colours, dates, species, ...
+/// messages, questions (text, setting, answers), evidence (label, text), encoding, delimiter, hasHeader, headings,
+/// columns (a field's name or "" for each), fields, lines (the first records), animals, sexes, unknownParents,
+/// subpopulations, colours, dates, species, ...
 std::string open_export(Desk& desk, const std::string& name, std::string_view settings);
 
 /// The same for the export at hand when its user says something else; only what depends on that is done again.

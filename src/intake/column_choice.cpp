@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <numeric>
+#include <utility>
 
 #include "text/folded_words.h"
 
@@ -31,37 +33,23 @@ constexpr std::array<FieldCode, 10> written_order = {
     id_column,  name_column,   sex_column,     birthdate_column,     sire_column,
     dam_column, colour_column, breeder_column, subpopulation_column, import_column};
 
-constexpr Wording column_missing = {
-    "No column was recognised for the {1}. Name it: --column {2}=\"HEADING\" (or the number of the column).",
-    "Er is geen kolom herkend voor: {1}. Noem de kolom: --column {2}=\"KOP\" (of het nummer van de kolom)."};
-constexpr Wording columns_alike = {"Several columns could hold the {1}: {2}. Choose one: --column {3}=NUMBER{4}.",
-                                   "Meer kolommen kunnen dit zijn: {1}: {2}. Kies er een: --column {3}=NUMMER{4}."};
-constexpr Wording or_none = {" (or --column {1}=none)", " (of --column {1}=none)"};
-constexpr Wording no_such_column = {
-    "--column {1}=\"{2}\": there is no column of that heading or number (there are {3} columns).",
-    "--column {1}=\"{2}\": er is geen kolom met die kop of dat nummer (er zijn {3} kolommen)."};
-constexpr Wording several_such_columns = {
-    "--column {1}=\"{2}\": several columns have that heading: {3}. Give the number of the column.",
-    "--column {1}=\"{2}\": meer kolommen hebben die kop: {3}. Geef het nummer van de kolom."};
-constexpr Wording header_unclear = {
-    "The first line holds no heading that is known, so that all lines count as animals. If it is a header, say "
-    "--header yes. Lines above the header, such as a title, have to be removed from the export.",
-    "De eerste regel bevat geen bekende kop, zodat alle regels als dieren tellen. Als het een kopregel is: --header "
-    "yes. Regels boven de kopregel, zoals een titel, moeten uit de export worden verwijderd."};
-
 std::size_t index_of(FieldCode code) {
   return static_cast<std::size_t>(code);
 }
 
-/// "Father (column 7), Sire (column 9)".
-std::string listed(const std::vector<std::size_t>& places, const ColumnChoice& choice, ToolLanguage language) {
-  constexpr Wording entry = {"\"{1}\" (column {2})", "\"{1}\" (kolom {2})"};
-  std::string result;
-  for (const std::size_t place : places) {
-    if (!result.empty()) result += ", ";
-    result += phrase(entry, language, {shown(choice.headings[place]), std::to_string(place + 1)});
+/// A question for the column of a field, answered with the number of one of these columns.
+Question ask_for_column(QuestionKind kind, FieldCode code, Values values, const ColumnList& columns) {
+  Question question = {kind, std::move(values), Setting::column, code, {}};
+  for (const ColumnList::Column& column : columns.columns) {
+    question.answers.push_back({std::to_string(column.number), column.heading});
   }
-  return result;
+  return question;
+}
+
+ColumnList all_columns(const ColumnChoice& choice) {
+  std::vector<std::size_t> places(choice.headings.size());
+  std::iota(places.begin(), places.end(), std::size_t{0});
+  return list_columns(places, choice);
 }
 
 /// The columns with this heading: exactly, else in folded form; a number names a column where no heading is like it.
@@ -84,25 +72,28 @@ std::vector<std::size_t> find_columns(const std::string& wish, const ColumnChoic
   return found;
 }
 
-void obey(const ColumnWish& wish, ToolLanguage language, ColumnChoice& choice) {
+void obey(const ColumnWish& wish, ColumnChoice& choice) {
   const std::vector<std::size_t> found = find_columns(wish.column, choice);
-  const std::string_view name = option_name_of(wish.code);
+  const FieldName name = {wish.code};
   if (found.size() == 1) {
     choice.place[index_of(wish.code)] = found.front();
   } else if (found.empty()) {
+    const auto count = static_cast<std::int64_t>(choice.headings.size());
     choice.questions.push_back(
-        phrase(no_such_column, language, {name, shown(wish.column), std::to_string(choice.headings.size())}));
+        ask_for_column(QuestionKind::no_such_column, wish.code, {name, wish.column, count}, all_columns(choice)));
   } else {
+    const ColumnList columns = list_columns(found, choice);
     choice.questions.push_back(
-        phrase(several_such_columns, language, {name, shown(wish.column), listed(found, choice, language)}));
+        ask_for_column(QuestionKind::several_such_columns, wish.code, {name, wish.column, columns}, columns));
   }
 }
 
-void ask_which(FieldCode code, const std::vector<std::size_t>& places, ToolLanguage language, ColumnChoice& choice) {
-  const std::string_view name = option_name_of(code);
-  const std::string none = is_required(code) ? std::string() : phrase(or_none, language, {name});
-  choice.questions.push_back(
-      phrase(columns_alike, language, {description_of(code, language), listed(places, choice, language), name, none}));
+void ask_which(FieldCode code, std::span<const std::size_t> places, ColumnChoice& choice) {
+  const ColumnList columns = list_columns(places, choice);
+  const QuestionKind kind = is_required(code) ? QuestionKind::columns_alike : QuestionKind::optional_columns_alike;
+  Question question = ask_for_column(kind, code, {code, columns, FieldName{code}}, columns);
+  if (!is_required(code)) question.answers.push_back({"none", {}});
+  choice.questions.push_back(std::move(question));
 }
 
 bool is_wished(FieldCode code, const PrepareOptions& options) {
@@ -122,10 +113,10 @@ void follow_header(const PrepareOptions& options, ColumnChoice& choice) {
     std::vector<std::size_t>& places = best[index_of(code)];
     std::erase_if(places, is_taken);
     if (places.size() == 1) choice.place[index_of(code)] = places.front();
-    if (places.size() > 1) ask_which(code, places, options.language, choice);
+    if (places.size() > 1) ask_which(code, places, choice);
     if (places.empty() && is_required(code)) {
       choice.questions.push_back(
-          phrase(column_missing, options.language, {description_of(code, options.language), option_name_of(code)}));
+          ask_for_column(QuestionKind::column_missing, code, {code, FieldName{code}}, all_columns(choice)));
     }
   }
 }
@@ -138,6 +129,12 @@ bool names_headings(std::span<const std::string> first_record, const PrepareOpti
 }
 
 }  // namespace
+
+ColumnList list_columns(std::span<const std::size_t> places, const ColumnChoice& choice) {
+  ColumnList list;
+  for (const std::size_t place : places) list.columns.push_back({choice.headings[place], place + 1});
+  return list;
+}
 
 std::string_view description_of(FieldCode code, ToolLanguage language) {
   return words_of(descriptions[index_of(code)], language);
@@ -157,11 +154,13 @@ ColumnChoice choose_columns(std::span<const std::string> first_record, const Pre
   choice.has_header = options.has_header.value_or(is_header(first_record) || names_headings(first_record, options));
   choice.headings.assign(first_record.begin(), first_record.end());
   for (const ColumnWish& wish : options.columns) {
-    if (wish.column != "none") obey(wish, options.language, choice);
+    if (wish.column != "none") obey(wish, choice);
   }
   follow_header(options, choice);
   if (!choice.has_header && !options.has_header && !choice.questions.empty()) {
-    choice.questions.insert(choice.questions.begin(), phrase(header_unclear, options.language));
+    choice.questions.insert(
+        choice.questions.begin(),
+        {QuestionKind::header_unclear, {}, Setting::header, unused_column, {{"yes", {}}, {"no", {}}}});
   }
   return choice;
 }

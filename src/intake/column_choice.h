@@ -9,6 +9,7 @@
 
 #include "intake/column_recognition.h"
 #include "intake/prepare_options.h"
+#include "intake/remark.h"
 
 namespace pedigreewatch {
 
@@ -17,11 +18,14 @@ struct ColumnChoice {
   std::vector<std::string> headings;  ///< of all columns; their numbers where there is no header
   std::array<std::optional<std::size_t>, field_count> place = {};  ///< for each field its column, counted from 0
   ColumnPlaces further;                                            ///< columns that would fit too, and are not taken
-  std::vector<std::string> questions;  ///< what the user has to say, in the language of the tools
+  std::vector<Question> questions;                                 ///< what the user has to say
 };
 
 /// Chooses among the columns of `first_record`, which is the header or, where there is none, the first animal.
 ColumnChoice choose_columns(std::span<const std::string> first_record, const PrepareOptions& options);
+
+/// Columns, by their places counted from 0, as a remark or a question names them.
+ColumnList list_columns(std::span<const std::size_t> places, const ColumnChoice& choice);
 
 /// What a field holds, for people: "id of the animal".
 std::string_view description_of(FieldCode code, ToolLanguage language);

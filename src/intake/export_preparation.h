@@ -2,43 +2,49 @@
 // What the user says in between makes some steps be taken again, not all.
 #pragma once
 
-#include <initializer_list>
+#include <cstdint>
+#include <optional>
 #include <string>
-#include <string_view>
 
 #include "core/tool_streams.h"
 #include "intake/column_choice.h"
+#include "intake/delimiter_recognition.h"
 #include "intake/export_survey.h"
-#include "intake/findings.h"
 #include "intake/prepare_plan.h"
+#include "intake/remark.h"
+#include "text/encoding.h"
 
 namespace pedigreewatch {
 
+/// What was recognised before the columns were known.
+struct ReadingEvidence {
+  EncodingEvidence encoding;
+  Encoding used_encoding = Encoding::plain;
+  std::int64_t mended_bytes = 0, broken_letters = 0;
+  bool ends_in_half_letter = false;
+  std::string letter_example;  ///< a text with an accent
+  char delimiter = ';';        ///< of the export
+  DelimiterEvidence delimiter_evidence;
+};
+
 struct Preparation {
   std::string text;  ///< the export in UTF-8
-  ReadingFindings findings;
+  ReadingEvidence reading;
   ColumnChoice columns;  ///< those that were surveyed
   ExportSurvey survey;
   PreparePlan plan;
 };
 
-/// Reads the export and finds out its encoding and its delimiter. Yields false after a message.
-bool read_and_recognise(const PrepareOptions& options, ToolStreams& streams, Preparation& result);
+/// Reads the export and finds out its encoding and its delimiter. Yields why that is impossible.
+std::optional<Refusal> read_and_recognise(const PrepareOptions& options, Preparation& result);
 
-/// Chooses the columns and surveys what stands in them. Yields false after a message.
-bool survey_columns(const PrepareOptions& options, ToolStreams& streams, Preparation& result);
+/// Chooses the columns and surveys what stands in them. Yields why that is impossible.
+std::optional<Refusal> survey_columns(const PrepareOptions& options, ProgressLine& progress, Preparation& result);
 
 /// Decides everything; what stays open are the questions of the plan.
 void decide(const PrepareOptions& options, Preparation& result);
 
-/// Says what was recognised.
-void show_preparation(const Preparation& read, const PrepareOptions& options, TextOutput& console);
-
-/// Says what the survey shows that cannot be written at all; true when there is something.
-bool refuse_survey(const Preparation& read, const PrepareOptions& options, ToolStreams& streams);
-
-/// A message that ends the preparation. Yields the exit status.
-int refuse(ToolStreams& streams, const PrepareOptions& options, const Wording& wording,
-           std::initializer_list<std::string_view> values);
+/// What the survey shows that cannot be written at all.
+std::optional<Refusal> refusal_of_survey(const Preparation& read, const PrepareOptions& options);
 
 }  // namespace pedigreewatch

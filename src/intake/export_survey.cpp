@@ -6,9 +6,14 @@
 #include <algorithm>
 
 #include "intake/value_words.h"
+#include "pedigree/population_store.h"
 
 namespace pedigreewatch {
 namespace {
+
+/// What a record of the program has room for.
+template <typename Text>
+constexpr std::size_t width_of_text = Text().full().size();
 
 std::size_t index_of(FieldCode code) {
   return static_cast<std::size_t>(code);
@@ -117,11 +122,11 @@ std::size_t width_of(FieldCode code) {
   switch (code) {
     case id_column:
     case sire_column:
-    case dam_column: return 30;
-    case name_column: return 50;
-    case colour_column: return 40;
-    case breeder_column:
-    case subpopulation_column: return 20;
+    case dam_column: return width_of_text<AnimalId>;
+    case name_column: return width_of_text<AnimalName>;
+    case colour_column: return width_of_text<ColourName>;
+    case breeder_column: return width_of_text<BreederName>;
+    case subpopulation_column: return width_of_text<SubpopulationName>;
     default: return 0;
   }
 }

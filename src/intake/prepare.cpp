@@ -4,11 +4,16 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <initializer_list>
+#include <optional>
 #include <system_error>
 
 #include "core/new_files.h"
+#include "intake/console_words.h"
 #include "intake/export_preparation.h"
+#include "intake/export_remarks.h"
 #include "intake/prepared_file.h"
+#include "intake/said_values.h"
 
 namespace pedigreewatch {
 namespace {
@@ -37,10 +42,25 @@ constexpr Wording dry_run_done = {"Nothing was written (--dry-run). It would hav
 int ask(const PreparePlan& plan, ToolStreams& streams) {
   flush(streams.console);
   say(streams.messages, questions_title, plan.language);
-  for (const std::string& question : plan.questions) {
-    append(streams.messages, "* " + question);
+  for (const Question& question : plan.questions) {
+    append(streams.messages, "* " + words_of(question, plan.language));
     end_line(streams.messages);
   }
+  return 1;
+}
+
+/// A message that ends the preparation. Yields the exit status.
+int refuse(ToolStreams& streams, const PrepareOptions& options, const Wording& wording,
+           std::initializer_list<std::string_view> values) {
+  flush(streams.console);
+  say(streams.messages, wording, options.language, values);
+  return 1;
+}
+
+int refuse(ToolStreams& streams, const PrepareOptions& options, const Refusal& refusal) {
+  flush(streams.console);
+  append(streams.messages, words_of(refusal, options.language));
+  end_line(streams.messages);
   return 1;
 }
 
@@ -105,7 +125,7 @@ int write_files(const Targets& targets, const Preparation& read, const PrepareOp
   }
   begin_progress(streams.progress, words_of(writing_lines, options.language));
   const bool is_made =
-      make_data_file(read.text, read.findings.delimiter, read.plan, read.survey.sexes, take_piece, &data);
+      make_data_file(read.text, read.reading.delimiter, read.plan, read.survey.sexes, take_piece, &data);
   erase_progress(streams.progress);
   write_bytes(steer, steer_text(read.plan));
   if (!is_made && is_stop_requested(streams)) {
@@ -122,10 +142,13 @@ int write_files(const Targets& targets, const Preparation& read, const PrepareOp
 
 int prepare(const PrepareOptions& options, ToolStreams& streams) {
   Preparation read;
-  if (!read_and_recognise(options, streams, read) || !survey_columns(options, streams, read)) return 1;
+  std::optional<Refusal> refusal = read_and_recognise(options, read);
+  if (!refusal) refusal = survey_columns(options, streams.progress, read);
+  if (refusal) return refuse(streams, options, *refusal);
   decide(options, read);
-  show_preparation(read, options, streams.console);
-  if (refuse_survey(read, options, streams)) return 1;
+  show_remarks(remarks_on(read, options), options.language, streams.console);
+  refusal = refusal_of_survey(read, options);
+  if (refusal) return refuse(streams, options, *refusal);
   if (!read.plan.questions.empty()) return ask(read.plan, streams);
   const Targets targets = targets_of(read.plan, options);
   if (options.is_dry_run) {

@@ -13,32 +13,6 @@
 namespace pedigreewatch {
 namespace {
 
-constexpr Wording dates_unclear = {
-    "The dates can be read in two ways: {1} as {2}, {3} as {4}, and {5} as either. Say which is right: --dates {2} or "
-    "--dates {4}.",
-    "De datums zijn op twee manieren te lezen: {1} als {2}, {3} als {4} en {5} als beide. Zeg wat klopt: --dates {2} "
-    "of "
-    "--dates {4}."};
-constexpr Wording sexes_unclear = {
-    "It is not clear which animals are male: the sexes are written {1}. Say how males are written: --male TEXT.",
-    "Het is niet duidelijk welke dieren mannelijk zijn: de geslachten zijn geschreven als {1}. Zeg hoe mannetjes "
-    "geschreven zijn: --male TEKST."};
-constexpr Wording male_never = {"--male {1}: no animal has this sex. The sexes are written {2}.",
-                                "--male {1}: geen dier heeft dit geslacht. De geslachten zijn geschreven als {2}."};
-constexpr Wording species_unclear = {"The species is needed, for the words of the report: --species {1}.",
-                                     "De diersoort is nodig, voor de woorden van het rapport: --species {1}."};
-constexpr Wording species_wrong = {"--species {1}: no such species. Choose one of {2}.",
-                                   "--species {1}: deze soort is er niet. Kies uit {2}."};
-constexpr Wording too_many_names = {
-    "The column \"{1}\" holds {2} different texts; each would be listed. Name those that count (--{3} \"A,B\"), or say "
-    "--{3} all, or --{3} none to leave the column out.",
-    "De kolom \"{1}\" bevat {2} verschillende teksten; elk zou op de lijst komen. Noem welke meetellen (--{3} "
-    "\"A,B\"), of "
-    "zeg --{3} all, of --{3} none om de kolom weg te laten."};
-constexpr Wording no_delimiter_left = {
-    "No character is left that could divide the columns of the data file: all of them occur in the texts.",
-    "Er is geen teken over om de kolommen van het databestand te scheiden: alle tekens komen in de teksten voor."};
-
 /// The first character that occurs nowhere in the texts.
 void choose_delimiter(const ExportSurvey& survey, PreparePlan& plan) {
   constexpr std::string_view candidates = ";|,\t~^#!$%&*+=@";
@@ -47,31 +21,19 @@ void choose_delimiter(const ExportSurvey& survey, PreparePlan& plan) {
     plan.delimiter = candidate;
     return;
   }
-  plan.questions.push_back(phrase(no_delimiter_left, plan.language));
+  plan.questions.push_back({QuestionKind::no_delimiter_left, {}, Setting::none, unused_column, {}});
 }
 
 void choose_dates(const ExportSurvey& survey, const PrepareOptions& options, PreparePlan& plan) {
   plan.dates = plan_dates(survey.dates, options.dates);
   if (!plan.dates.is_ambiguous) return;
-  const bool is_dutch = plan.language == ToolLanguage::dutch;
+  const DatePlan& dates = plan.dates;
   plan.questions.push_back(
-      phrase(dates_unclear, plan.language,
-             {std::to_string(plan.dates.first_count), layout_text(plan.dates.first_order, is_dutch),
-              std::to_string(plan.dates.second_count), layout_text(plan.dates.second_order, is_dutch),
-              std::to_string(plan.dates.either_count)}));
-}
-
-/// `"m" (655), "f" (661)`, the most frequent ones.
-std::string list_texts(const TextCounts& counts) {
-  constexpr std::size_t most_shown = 10;
-  std::string list;
-  std::size_t shown_count = 0;
-  for (const CountedText* entry : by_frequency(counts)) {
-    if (!list.empty()) list += ", ";
-    if (shown_count++ == most_shown) return list + "...";
-    list += in_quotes(entry->text) + " (" + std::to_string(entry->count) + ")";
-  }
-  return list;
+      {QuestionKind::dates_unclear,
+       {dates.first_count, dates.first_order, dates.second_count, dates.second_order, dates.either_count},
+       Setting::dates,
+       unused_column,
+       {{layout_text(dates.first_order, false), {}}, {layout_text(dates.second_order, false), {}}}});
 }
 
 /// One letter stands for all texts that begin with it, a longer text for itself.
@@ -92,9 +54,13 @@ void choose_sexes(const ExportSurvey& survey, const PrepareOptions& options, Pre
     has_text = has_text || !means_unknown(sex.text) || sex.text == "0";
   }
   if (has_male || !has_text) return;
-  const std::string list = list_texts(survey.sexes);
-  plan.questions.push_back(options.male.empty() ? phrase(sexes_unclear, plan.language, {list})
-                                                : phrase(male_never, plan.language, {shown(options.male), list}));
+  const CountedList texts = list_counted(survey.sexes, [](const CountedText&) { return true; });
+  Question question = {QuestionKind::sexes_unclear, {texts}, Setting::male, unused_column, {}};
+  if (!options.male.empty()) question = {QuestionKind::male_never, {options.male, texts}, Setting::male, {}, {}};
+  for (const CountedText& entry : texts.texts) {
+    if (!entry.text.empty()) question.answers.push_back({entry.text, entry.text});
+  }
+  plan.questions.push_back(std::move(question));
 }
 
 /// The program itself takes these for unknown, even if an animal has such an id.
@@ -123,10 +89,10 @@ std::string in_windows_1252(std::string_view text, std::size_t width) {
 
 struct NameColumn {
   FieldCode code;
-  std::string_view option;
+  Setting setting;
+  QuestionKind question;
   std::size_t most_names;  ///< more are listed only when the user says so
   std::size_t name_limit;  ///< more than these are never listed: the program refuses so many
-  std::size_t width;
 };
 
 /// The names for the steer file; with those of the user, or the most frequent first.
@@ -139,13 +105,15 @@ void choose_names(const NameColumn& column, const TextCounts& counts, const Name
   }
   const std::size_t allowed = wish.is_given ? column.name_limit : column.most_names;
   if (wish.names.empty() && counts.texts.size() > allowed) {
-    plan.questions.push_back(
-        phrase(too_many_names, plan.language,
-               {shown(plan.columns.headings[*place]), std::to_string(counts.texts.size()), column.option}));
+    plan.questions.push_back({column.question,
+                              {plan.columns.headings[*place], static_cast<std::int64_t>(counts.texts.size())},
+                              column.setting,
+                              unused_column,
+                              {{"all", {}}, {"none", {}}}});
     return;
   }
   const auto add = [&](std::string_view text) {
-    std::string name = in_windows_1252(text, column.width);
+    std::string name = in_windows_1252(text, width_of(column.code));
     if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(std::move(name));
   };
   for (const std::string& name : wish.names) add(name);
@@ -154,16 +122,15 @@ void choose_names(const NameColumn& column, const TextCounts& counts, const Name
 }
 
 void choose_species(const ExportSurvey& survey, const PrepareOptions& options, PreparePlan& plan) {
-  const std::string list = list_species(plan.language);
-  if (options.species.empty()) {
-    plan.species = species_of_sexes(survey.sexes, plan.language);
-    if (plan.species.empty()) plan.questions.push_back(phrase(species_unclear, plan.language, {list}));
-    return;
-  }
-  plan.species = species_named(options.species, plan.language);
-  if (plan.species.empty()) {
-    plan.questions.push_back(phrase(species_wrong, plan.language, {shown(options.species), list}));
-  }
+  const bool is_wished = !options.species.empty();
+  plan.species =
+      is_wished ? species_named(options.species, plan.language) : species_of_sexes(survey.sexes, plan.language);
+  if (!plan.species.empty()) return;
+  const WordList all = {list_species(plan.language)};
+  Question question = {QuestionKind::species_unclear, {all}, Setting::species, unused_column, {}};
+  if (is_wished) question = {QuestionKind::species_wrong, {options.species, all}, Setting::species, unused_column, {}};
+  for (const std::string_view word : all.words) question.answers.push_back({std::string(word), std::string(word)});
+  plan.questions.push_back(std::move(question));
 }
 
 /// Names that Windows keeps for its devices.
@@ -210,8 +177,9 @@ char female_letter(ToolLanguage language) {
 }
 
 PreparePlan plan_preparation(const ExportSurvey& survey, const ColumnChoice& columns, const PrepareOptions& options) {
-  constexpr NameColumn subpopulation = {subpopulation_column, "subpopulations", 30, 5000, 20};
-  constexpr NameColumn colour = {colour_column, "colours", 100, 50000, 40};
+  constexpr NameColumn subpopulation = {subpopulation_column, Setting::subpopulations,
+                                        QuestionKind::too_many_subpopulations, 30, 5000};
+  constexpr NameColumn colour = {colour_column, Setting::colours, QuestionKind::too_many_colours, 100, 50000};
   constexpr std::size_t population_name_width = 40;
   PreparePlan plan;
   plan.language = options.language;

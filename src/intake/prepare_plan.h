@@ -1,5 +1,5 @@
 // How an export is turned into a data file and a steer file: every decision, from what was surveyed and what the user
-// says. What cannot be decided is a question that names the option that answers it.
+// says. What cannot be decided is a question with its possible answers.
 #pragma once
 
 #include <string>
@@ -26,7 +26,7 @@ struct PreparePlan {
   std::string stem;                                  ///< of the data file's name
   std::vector<std::string> subpopulations, colours;  ///< Windows-1252, as the steer file lists them
   ColumnChoice columns;                              ///< without those that are left out
-  std::vector<std::string> questions;                ///< none: everything is decided
+  std::vector<Question> questions;                   ///< none: everything is decided
 };
 
 /// Decides. `columns` are those that were surveyed.

@@ -41,13 +41,10 @@ std::string_view species_of_sexes(const TextCounts& sexes, ToolLanguage language
   return found.empty() ? found : species_named(found, language);
 }
 
-std::string list_species(ToolLanguage language) {
-  std::string list;
-  for (const Wording& entry : species) {
-    if (!list.empty()) list += ", ";
-    list += words_of(entry, language);
-  }
-  return list;
+std::vector<std::string_view> list_species(ToolLanguage language) {
+  std::vector<std::string_view> words;
+  for (const Wording& entry : species) words.push_back(words_of(entry, language));
+  return words;
 }
 
 }  // namespace pedigreewatch

@@ -1,8 +1,8 @@
 // The species of the steer file.
 #pragma once
 
-#include <string>
 #include <string_view>
+#include <vector>
 
 #include "intake/text_counts.h"
 #include "text/phrases.h"
@@ -15,7 +15,7 @@ std::string_view species_named(std::string_view word, ToolLanguage language);
 /// The species that the words for the sexes tell ("ram", "ewe"), in the language; empty when they tell none, or two.
 std::string_view species_of_sexes(const TextCounts& sexes, ToolLanguage language);
 
-/// All species of the language, with commas between them.
-std::string list_species(ToolLanguage language);
+/// All species of the language.
+std::vector<std::string_view> list_species(ToolLanguage language);
 
 }  // namespace pedigreewatch

@@ -42,4 +42,17 @@ std::vector<const CountedText*> by_frequency(const TextCounts& counts) {
   return result;
 }
 
+CountedList list_counted(const TextCounts& counts, const std::function<bool(const CountedText&)>& is_meant) {
+  CountedList list;
+  for (const CountedText* entry : by_frequency(counts)) {
+    if (!is_meant(*entry)) continue;
+    if (list.texts.size() < most_listed_texts) {
+      list.texts.push_back(*entry);
+    } else {
+      ++list.more;
+    }
+  }
+  return list;
+}
+
 }  // namespace pedigreewatch

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,5 +37,15 @@ std::size_t find_counted(const TextCounts& counts, std::string_view text);
 
 /// The texts with the most frequent first, equal counts in the order of the text.
 std::vector<const CountedText*> by_frequency(const TextCounts& counts);
+
+/// The most frequent ones of some texts of a column, and how many more there are.
+struct CountedList {
+  std::vector<CountedText> texts;
+  std::int64_t more = 0;
+};
+inline constexpr std::size_t most_listed_texts = 12;
+
+/// Those texts for which `is_meant` is true.
+CountedList list_counted(const TextCounts& counts, const std::function<bool(const CountedText&)>& is_meant);
 
 }  // namespace pedigreewatch

@@ -9,6 +9,10 @@
 namespace pedigreewatch {
 
 std::string phrase(const Wording& wording, ToolLanguage language, std::initializer_list<std::string_view> values) {
+  return phrase(wording, language, std::span<const std::string_view>(values.begin(), values.size()));
+}
+
+std::string phrase(const Wording& wording, ToolLanguage language, std::span<const std::string_view> values) {
   std::string_view rest = words_of(wording, language);
   std::string result;
   for (std::size_t brace = rest.find('{'); brace != std::string_view::npos; brace = rest.find('{')) {
@@ -16,7 +20,7 @@ std::string phrase(const Wording& wording, ToolLanguage language, std::initializ
     rest.remove_prefix(brace);
     const std::size_t place = rest.size() > 2 && rest[1] >= '1' ? static_cast<std::size_t>(rest[1] - '1') : SIZE_MAX;
     const bool is_place = place < values.size() && rest[2] == '}';
-    result.append(is_place ? *(values.begin() + place) : rest.substr(0, 1));
+    result.append(is_place ? values[place] : rest.substr(0, 1));
     rest.remove_prefix(is_place ? 3 : 1);
   }
   return result.append(rest);

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,7 @@ constexpr std::string_view words_of(const Wording& wording, ToolLanguage languag
 
 /// The wording with {1}, {2}, ... replaced by the values. A place that has no value stays as it is.
 std::string phrase(const Wording& wording, ToolLanguage language, std::initializer_list<std::string_view> values = {});
+std::string phrase(const Wording& wording, ToolLanguage language, std::span<const std::string_view> values);
 
 /// A text of the input for a message: UTF-8, at most 60 letters of it, with dots for what a terminal would act on.
 std::string shown(std::string_view text);

@@ -14,6 +14,7 @@
 #include "checks/finding_kinds.h"
 #include "control/check_setup.h"
 #include "control/steer_file.h"
+#include "intake/said_values.h"
 #include "tools/current_date.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"

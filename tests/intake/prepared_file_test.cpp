@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "intake/console_words.h"
 #include "intake/prepare_plan.h"
 
 namespace pedigreewatch::test {
@@ -93,7 +94,8 @@ TEST(PlanPreparation, TooManyNamesAreAskedFor) {
   for (int i = 0; i < 31; ++i) lines += std::to_string(i) + ";;;m;2001;herd " + std::to_string(i) + "\n";
   const Prepared asked = prepared(lines);
   ASSERT_EQ(asked.plan.questions.size(), 1U);
-  EXPECT_NE(asked.plan.questions[0].find("holds 31 different texts"), std::string::npos);
+  EXPECT_NE(words_of(asked.plan.questions[0], ToolLanguage::english).find("holds 31 different texts"),
+            std::string::npos);
   PrepareOptions options;
   options.subpopulations.is_given = true;
   EXPECT_EQ(prepared(lines, options).plan.subpopulations.size(), 31U);
@@ -142,7 +144,7 @@ TEST(PlanPreparation, TheSpeciesIsToldByTheSexesOrAskedFor) {
   EXPECT_EQ(plan_of("ooi").species, "sheep");
   EXPECT_TRUE(plan_of("ooi").questions.empty());
   ASSERT_EQ(plan_of("f").questions.size(), 1U);
-  EXPECT_NE(plan_of("f").questions[0].find("--species"), std::string::npos);
+  EXPECT_NE(words_of(plan_of("f").questions[0], ToolLanguage::english).find("--species"), std::string::npos);
   options.language = ToolLanguage::dutch;
   EXPECT_EQ(plan_of("ooi").species, "schaap");
 }

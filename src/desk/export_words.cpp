@@ -1,0 +1,286 @@
+// A table of words for each of the three, in the order of their kinds. The places of a wording are the values of its
+// kind. Names of controls stand in quotation marks.
+
+#include "desk/export_words.h"
+
+#include <array>
+#include <filesystem>
+
+#include "intake/column_choice.h"
+#include "intake/column_recognition.h"
+#include "intake/said_values.h"
+
+namespace pedigreewatch {
+namespace {
+
+struct EvidenceWording {
+  Wording label, text;
+};
+
+constexpr Wording goes_on = {"", ""}, look_at_this = {"Look at this", "Let op"};
+
+// clang-format off
+constexpr std::array<EvidenceWording, remark_kind_count> remark_wordings = {{
+    {{"Export", "Export"}, {"{1}: {2} lines", "{1}: {2} regels"}},
+    {{"Letters", "Letters"}, {"plain letters only (ASCII)", "alleen gewone letters (ASCII)"}},
+    {{"Letters", "Letters"}, {"{1}", "{1}"}},
+    {{"Letters", "Letters"}, {"{1}, as you say", "{1}, zoals u zegt"}},
+    {{"Letters", "Letters"}, {"{1}, as the first bytes of the file say", "{1}, volgens de eerste bytes van het bestand"}},
+    {{"Letters", "Letters"},
+     {"{1}; letters with accents: {2}, such as in \"{3}\"", "{1}; letters met accenten: {2}, zoals in \"{3}\""}},
+    {{"Letters", "Letters"},
+     {"{1}, as the first bytes of the file say; letters with accents: {2}, such as in \"{3}\"",
+      "{1}, volgens de eerste bytes van het bestand; letters met accenten: {2}, zoals in \"{3}\""}},
+    {goes_on,
+     {"Bytes that are not UTF-8 and were read as Windows-1252: {1}. Look whether the letters with accents are right.",
+      "Bytes die geen UTF-8 zijn en als Windows-1252 gelezen zijn: {1}. Kijk of de letters met accenten kloppen."}},
+    {goes_on, {"Broken letters, which become ?: {1}", "Kapotte letters, die ? worden: {1}"}},
+    {goes_on,
+     {"The file ends in half a letter: it may have been cut off. Look at its end.",
+      "Het bestand eindigt met een halve letter: misschien is het afgekapt. Kijk naar het eind."}},
+    {{"Divided by", "Gescheiden door"}, {"{1}, as you say", "{1}, zoals u zegt"}},
+    {{"Divided by", "Gescheiden door"},
+     {"{1}: {2} of the first {3} lines have {4} columns",
+      "{1}: {2} van de eerste {3} regels hebben {4} kolommen"}},
+    {{"Headings", "Koppen"}, {"in line {1}", "in regel {1}"}},
+    {{"Headings", "Koppen"}, {"none: the first line is an animal", "geen: de eerste regel is een dier"}},
+    {{"Animals", "Dieren"}, {"{1}", "{1}"}},
+    {{"Columns", "Kolommen"}, {"{1}", "{1}"}},
+    {{"", ""}, {"", ""}},
+    {goes_on, {"Could be the {1} too, not used: {2}", "Kan ook dit zijn: {1}, niet gebruikt: {2}"}},
+    {{"Fathers", "Vaders"},
+     {"{1} different ones, {2} of them have a line of their own", "{1} verschillende, {2} daarvan hebben een eigen regel"}},
+    {{"Fathers", "Vaders"},
+     {"in a sample {1} different ones, {2} of them have a line of their own",
+      "in een steekproef {1} verschillende, {2} daarvan hebben een eigen regel"}},
+    {{"Mothers", "Moeders"},
+     {"{1} different ones, {2} of them have a line of their own", "{1} verschillende, {2} daarvan hebben een eigen regel"}},
+    {{"Mothers", "Moeders"},
+     {"in a sample {1} different ones, {2} of them have a line of their own",
+      "in een steekproef {1} verschillende, {2} daarvan hebben een eigen regel"}},
+    {goes_on,
+     {"None of them has a line: do these columns hold identifications of the same kind? If not, choose others above "
+      "the columns.",
+      "Geen daarvan heeft een regel: staan in deze kolommen wel dezelfde soort nummers? Zo niet, kies andere boven de "
+      "kolommen."}},
+    {{"Unknown parents", "Onbekende ouders"}, {"written as {1}", "geschreven als {1}"}},
+    {goes_on,
+     {"\"{1}\" is the id of an animal and stays a parent. If it means unknown, write it at \"Unknown parents\".",
+      "\"{1}\" is het id van een dier en blijft een ouder. Als het onbekend betekent, schrijf het bij \"Onbekende "
+      "ouders\"."}},
+    {{"Dates", "Datums"}, {"written as {1}", "geschreven als {1}"}},
+    {goes_on,
+     {"As {2}: {1}; {3} of them fit no other order, {4} would fit {5} too",
+      "Als {2}: {1}; {3} daarvan passen in geen andere volgorde, {4} ook in {5}"}},
+    {goes_on, {"Of eight digits, as {2}: {1}", "Van acht cijfers, als {2}: {1}"}},
+    {goes_on,
+     {"Kept as they are, because there is no such day: {1}: {2}", "Onveranderd, omdat die dag niet bestaat: {1}: {2}"}},
+    {goes_on, {"With the month as a word: {1}", "Met de maand als woord: {1}"}},
+    {goes_on, {"Of a year only: {1}", "Met alleen een jaar: {1}"}},
+    {goes_on,
+     {"Of month and year only (written with day 00): {1}", "Met alleen maand en jaar (geschreven met dag 00): {1}"}},
+    {goes_on, {"With a time of day, which is left out: {1}", "Met een tijd erbij, die wordt weggelaten: {1}"}},
+    {goes_on, {"Unknown: {1}", "Onbekend: {1}"}},
+    {goes_on,
+     {"Kept as they are, with a year of two digits (05 is read as the year 5): {1}: {2}",
+      "Onveranderd, met een jaar van twee cijfers (05 wordt gelezen als het jaar 5): {1}: {2}"}},
+    {goes_on,
+     {"Kept as they are, because they cannot be read: {1}: {2}", "Onveranderd, omdat ze niet te lezen zijn: {1}: {2}"}},
+    {{"Sexes", "Geslacht"}, {"male: {1}; female: {2}", "mannelijk: {1}; vrouwelijk: {2}"}},
+    {goes_on,
+     {"Unknown, count as female in the report: {1}", "Onbekend, tellen als vrouwelijk in het rapport: {1}"}},
+    {{"Subpopulations", "Subpopulaties"}, {"{1}: {2}", "{1}: {2}"}},
+    {{"Colours", "Kleuren"}, {"{1}: {2}", "{1}: {2}"}},
+    {goes_on, {"Not ticked: {1}", "Niet aangevinkt: {1}"}},
+    {{"Imports", "Import"}, {"{1}; text that means none: {2}", "{1}; tekst die geen import betekent: {2}"}},
+    {{"Species", "Diersoort"}, {"{1}", "{1}"}},
+    {{"Population", "Populatie"}, {"{1}", "{1}"}},
+    {look_at_this,
+     {"Lines with more or fewer columns than the {2} of the first line; what they hold may stand in the wrong column: "
+      "{1}: {3}",
+      "Regels met meer of minder kolommen dan de {2} van de eerste regel; wat erin staat kan in de verkeerde kolom "
+      "staan: {1}: {3}"}},
+    {look_at_this,
+     {"Lines with text behind a closing quotation mark: {1}: {2}",
+      "Regels met tekst achter een sluitend aanhalingsteken: {1}: {2}"}},
+    {look_at_this, {"Animals without id: {1}: {2}", "Dieren zonder id: {1}: {2}"}},
+    {look_at_this, {"Ids that mean unknown: {1}", "Id's die onbekend betekenen: {1}"}},
+    {{"Shortened", "Ingekort"}, {"To {1} letters: {2} ({3}): {4}", "Tot {1} letters: {2} ({3}): {4}"}},
+    {{"Other letters", "Andere letters"},
+     {"Letters that the report does not have: {1}", "Letters die het rapport niet heeft: {1}"}},
+    {{"Left out", "Weggelaten"},
+     {"Invisible signs (no-break spaces, tabs, line ends inside a text), or made blanks: {1}",
+      "Onzichtbare tekens (vaste spaties, tabs, regeleinden in een tekst), of spaties geworden: {1}"}},
+    {{"Left out", "Weggelaten"}, {"Blanks before a text: {1}", "Spaties voor een tekst: {1}"}},
+    {{"Left out", "Weggelaten"},
+     {"Quotation marks around texts, in this many lines: {1}", "Aanhalingstekens om teksten, in zoveel regels: {1}"}},
+    {{"Left out", "Weggelaten"}, {"Lines without an animal: {1}", "Regels zonder dier: {1}"}},
+    {{"Numbers of lines", "Regelnummers"},
+     {"Blank lines, or line ends inside quotation marks, give lines of the data file other numbers.",
+      "Door lege regels, of regeleinden binnen aanhalingstekens, hebben regels van het databestand een ander nummer."}},
+    {goes_on, {"From line {1} of the export on: line {2} of {3}", "Vanaf regel {1} van de export: regel {2} van {3}"}},
+    {goes_on,
+     {"{1} more such places; at the last one line {2} of the export is line {3}",
+      "Nog {1} plaatsen; op de laatste is regel {2} van de export regel {3}"}},
+}};
+
+constexpr std::array<Wording, question_kind_count> question_wordings = {{
+    {"No column was recognised for the {1}. Choose it above its column.",
+     "Er is geen kolom herkend voor: {1}. Kies het boven de kolom."},
+    {"Several columns could hold the {1}: {2}. Choose it above the right one.",
+     "Meer kolommen kunnen dit zijn: {1}: {2}. Kies het boven de juiste."},
+    {"Several columns could hold the {1}: {2}. Choose it above the right one, or leave it out.",
+     "Meer kolommen kunnen dit zijn: {1}: {2}. Kies het boven de juiste, of laat het weg."},
+    {"{1}: there is no column \"{2}\" (there are {3} columns). Choose it above its column.",
+     "{1}: er is geen kolom \"{2}\" (er zijn {3} kolommen). Kies het boven de kolom."},
+    {"{1}: several columns are called \"{2}\": {3}. Choose it above the right one.",
+     "{1}: meer kolommen heten \"{2}\": {3}. Kies het boven de juiste."},
+    {"The first line holds no heading that is known, so that all lines count as animals. If it holds headings, choose "
+     "\"holds headings\" at \"First line\", under \"How the file is read\". Lines above the headings, such as a title, "
+     "have to be removed from the export.",
+     "De eerste regel bevat geen bekende kop, zodat alle regels als dieren tellen. Als het koppen zijn, kies dan "
+     "\"bevat koppen\" bij \"Eerste regel\", onder \"Hoe het bestand gelezen wordt\". Regels boven de koppen, zoals "
+     "een titel, moeten uit de export worden verwijderd."},
+    {"The dates can be read in two ways: {1} as {2}, {3} as {4}, and {5} as either. Choose which is right at "
+     "\"Dates\".",
+     "De datums zijn op twee manieren te lezen: {1} als {2}, {3} als {4} en {5} als beide. Kies wat klopt bij "
+     "\"Datums\"."},
+    {"It is not clear which animals are male: the sexes are written {1}. Choose it at \"Males are written\".",
+     "Het is niet duidelijk welke dieren mannelijk zijn: de geslachten zijn geschreven als {1}. Kies het bij "
+     "\"Mannelijk is geschreven als\"."},
+    {"No animal has the sex \"{1}\": the sexes are written {2}. Choose another one at \"Males are written\".",
+     "Geen dier heeft het geslacht \"{1}\": de geslachten zijn geschreven als {2}. Kies een ander bij \"Mannelijk is "
+     "geschreven als\"."},
+    {"The species is needed, for the words of the report. Choose it at \"Species\".",
+     "De diersoort is nodig, voor de woorden van het rapport. Kies haar bij \"Diersoort\"."},
+    {"There is no species \"{1}\". Choose one at \"Species\".",
+     "De diersoort \"{1}\" is er niet. Kies er een bij \"Diersoort\"."},
+    {"The column of subpopulations, {1}, holds {2} different texts; each would be listed. Tick those that count at "
+     "\"Subpopulations\", or choose all or none.",
+     "De kolom van de subpopulaties, {1}, bevat {2} verschillende teksten; elk zou op de lijst komen. Vink aan welke "
+     "meetellen bij \"Subpopulaties\", of kies alle of geen."},
+    {"The column of colours, {1}, holds {2} different texts; each would be listed. Tick those that count at "
+     "\"Colours\", or choose all or none.",
+     "De kolom van de kleuren, {1}, bevat {2} verschillende teksten; elk zou op de lijst komen. Vink aan welke "
+     "meetellen bij \"Kleuren\", of kies alle of geen."},
+    {"No character is left that could divide the columns of the data file: all of them occur in the texts.",
+     "Er is geen teken over om de kolommen van het databestand te scheiden: alle tekens komen in de teksten voor."},
+}};
+
+constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
+    {"{1} cannot be read: {2}", "{1} is niet te lezen: {2}"},
+    {"{1} is a folder; the export is a file", "{1} is een map; de export is een bestand"},
+    {"{1} is empty", "{1} is leeg"},
+    {"{1} is no text but a file of another kind ({2}). Save or export it as CSV (text), best as CSV UTF-8.",
+     "{1} is geen tekst maar een ander soort bestand ({2}). Bewaar of exporteer het als CSV (tekst), liefst als CSV "
+     "UTF-8."},
+    {"{1} is no text: it holds {2} bytes that no text has (zeros), the first in line {3}. Export it as CSV (text).",
+     "{1} is geen tekst: het bevat {2} bytes die in geen tekst staan (nullen), de eerste in regel {3}. Exporteer het "
+     "als CSV (tekst)."},
+    {"{1}: the letters with accents are written in two ways: {2} as UTF-8, the first in line {3}, and {4} in another "
+     "way, the first in line {5}. Choose at \"Letters\", under \"How the file is read\": UTF-8 (the others are then "
+     "read as Windows-1252) or Windows-1252.",
+     "{1}: de letters met accenten staan er op twee manieren: {2} als UTF-8, de eerste in regel {3}, en {4} anders, de "
+     "eerste in regel {5}. Kies bij \"Letters\", onder \"Hoe het bestand gelezen wordt\": UTF-8 (de andere worden dan "
+     "als Windows-1252 gelezen) of Windows-1252."},
+    {"{1}: it is not clear which character divides the columns ({2}). Choose it at \"Divided by\", under \"How the "
+     "file is read\". Lines above the headings, such as a title, have to be removed first.",
+     "{1}: het is niet duidelijk welk teken de kolommen scheidt ({2}). Kies het bij \"Gescheiden door\", onder \"Hoe "
+     "het bestand gelezen wordt\". Regels boven de koppen, zoals een titel, moeten eerst verwijderd worden."},
+    {"{1}: the first line has more than {2} columns", "{1}: de eerste regel heeft meer dan {2} kolommen"},
+    {"{1}, line {2}: a quotation mark opens a text and is never closed. Mend this line in the export.",
+     "{1}, regel {2}: een aanhalingsteken opent een tekst en wordt nergens gesloten. Herstel deze regel in de export."},
+    {"{1}: there is no animal in it", "{1}: er staat geen dier in"},
+    {"{1}, line {2}: the ids \"{3}\" and \"{4}\" would both become \"{5}\" in the data file (30 letters, without "
+     "letters that the report does not have). Shorten or rename one of them in the export.",
+     "{1}, regel {2}: de id's \"{3}\" en \"{4}\" zouden in het databestand allebei \"{5}\" worden (30 letters, zonder "
+     "letters die het rapport niet heeft). Kort een van beide in of hernoem hem in de export."},
+}};
+// clang-format on
+
+constexpr Wording column_answer = {"\"{1}\" (column {2})", "\"{1}\" (kolom {2})"};
+constexpr Wording leave_out = {"not used", "niet gebruikt"};
+constexpr Wording yes_headings = {"holds headings", "bevat koppen"}, no_headings = {"is an animal", "is een dier"};
+constexpr Wording all_names = {"all", "alle"}, no_names = {"none", "geen"};
+
+/// The texts of the values. A field is called by what it holds, a file without the folder that it was put into.
+std::vector<std::string> texts_in_desk(const Values& values, bool begins_with_file, ToolLanguage language) {
+  std::vector<std::string> texts;
+  for (const Value& value : values) {
+    const auto* const field = std::get_if<FieldName>(&value);
+    const auto* const text = std::get_if<std::string>(&value);
+    if (field != nullptr) {
+      texts.emplace_back(description_of(field->code, language));
+    } else if (text != nullptr && begins_with_file && texts.empty()) {
+      texts.push_back(shown(std::filesystem::path(*text).filename().string()));
+    } else {
+      texts.push_back(text_of(value, language));
+    }
+  }
+  return texts;
+}
+
+}  // namespace
+
+std::vector<EvidenceLine> evidence_lines(std::span<const Remark> remarks, ToolLanguage language) {
+  std::vector<EvidenceLine> lines;
+  for (const Remark& remark : remarks) {
+    if (remark.kind == RemarkKind::column_used) continue;
+    const EvidenceWording& wording = remark_wordings[static_cast<std::size_t>(remark.kind)];
+    const auto texts = texts_in_desk(remark.values, remark.kind == RemarkKind::export_read, language);
+    lines.push_back({std::string(words_of(wording.label, language)), phrase_of(wording.text, language, texts)});
+  }
+  return lines;
+}
+
+std::string question_text(const Question& question, ToolLanguage language) {
+  return phrase_of(question_wordings[static_cast<std::size_t>(question.kind)], language,
+                   texts_in_desk(question.values, false, language));
+}
+
+std::string setting_name(const Question& question) {
+  switch (question.setting) {
+    case Setting::none: return {};
+    case Setting::column: return "column." + std::string(option_name_of(question.field));
+    case Setting::header: return "header";
+    case Setting::dates: return "dates";
+    case Setting::male: return "male";
+    case Setting::species: return "species";
+    case Setting::subpopulations: return "subpopulations";
+    case Setting::colours: return "colours";
+  }
+  return {};
+}
+
+std::string answer_text(const Question& question, const Answer& answer, ToolLanguage language) {
+  const auto either = [&](std::string_view value, const Wording& one, const Wording& other) {
+    return std::string(words_of(answer.value == value ? one : other, language));
+  };
+  switch (question.setting) {
+    case Setting::column:
+      return answer.value == "none" ? std::string(words_of(leave_out, language))
+                                    : phrase(column_answer, language, {shown(answer.text), answer.value});
+    case Setting::header: return either("yes", yes_headings, no_headings);
+    case Setting::dates: {
+      const std::optional<DateOrder> order = date_order_named(answer.value);
+      return order ? text_of(*order, language) : answer.value;
+    }
+    case Setting::subpopulations:
+    case Setting::colours: return either("all", all_names, no_names);
+    case Setting::none:
+    case Setting::male:
+    case Setting::species: break;
+  }
+  return shown(answer.text);
+}
+
+std::vector<std::string> refusal_texts(const Refusal& refusal, ToolLanguage language) {
+  const Wording& wording = refusal_wordings[static_cast<std::size_t>(refusal.kind)];
+  std::vector<std::string> texts = {phrase_of(wording, language, texts_in_desk(refusal.values, true, language))};
+  for (const Values& values : refusal.further) {
+    texts.push_back(phrase_of(wording, language, texts_in_desk(values, true, language)));
+  }
+  return texts;
+}
+
+}  // namespace pedigreewatch

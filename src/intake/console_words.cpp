@@ -1,0 +1,270 @@
+// A table of words for each of the three, in the order of their kinds. The places of a wording are the values of its
+// kind.
+
+#include "intake/console_words.h"
+
+#include <array>
+
+#include "intake/said_values.h"
+#include "text/utf_8.h"
+
+namespace pedigreewatch {
+namespace {
+
+// clang-format off
+constexpr std::array<Wording, remark_kind_count> remark_wordings = {{
+    {"Export        {1}: {2} lines", "Export        {1}: {2} regels"},
+    {"Encoding      plain letters only (ASCII)", "Codering      alleen gewone letters (ASCII)"},
+    {"Encoding      {1}", "Codering      {1}"},
+    {"Encoding      {1}, as you say", "Codering      {1}, zoals u zegt"},
+    {"Encoding      {1}, as its first bytes say", "Codering      {1}, volgens de eerste bytes"},
+    {"Encoding      {1}; letters with accents: {2}, such as in \"{3}\"",
+     "Codering      {1}; letters met accenten: {2}, zoals in \"{3}\""},
+    {"Encoding      {1}, as its first bytes say; letters with accents: {2}, such as in \"{3}\"",
+     "Codering      {1}, volgens de eerste bytes; letters met accenten: {2}, zoals in \"{3}\""},
+    {"              bytes that are not UTF-8 and were read as Windows-1252: {1}. Check the letters with accents.",
+     "              bytes die geen UTF-8 zijn en als Windows-1252 gelezen zijn: {1}. Kijk de letters met accenten na."},
+    {"              broken letters, which become ?: {1}", "              kapotte letters, die ? worden: {1}"},
+    {"              The file ends in half a letter: it may have been cut off. Look at its end.",
+     "              Het bestand eindigt met een halve letter: misschien is het afgekapt. Kijk naar het eind."},
+    {"Delimiter     {1}, as you say", "Scheiding     {1}, zoals u zegt"},
+    {"Delimiter     {1}: {2} of the first {3} lines have {4} columns",
+     "Scheiding     {1}: {2} van de eerste {3} regels hebben {4} kolommen"},
+    {"Header        line {1}", "Kopregel      regel {1}"},
+    {"Header        none: the first line is an animal", "Kopregel      geen: de eerste regel is een dier"},
+    {"Animals       {1}", "Dieren        {1}"},
+    {"Columns       {1}, in use are:", "Kolommen      {1}, gebruikt worden:"},
+    {"  {1}  {2} {3} {4} filled", "  {1}  {2} {3} {4} gevuld"},
+    {"  could be the {1} too, not used: {2}", "  kan ook zijn: {1}, niet gebruikt: {2}"},
+    {"Fathers       {1} different ones, {2} of them have a line of their own",
+     "Vaders        {1} verschillende, {2} daarvan hebben een eigen regel"},
+    {"Fathers       in a sample {1} different ones, {2} of them have a line of their own",
+     "Vaders        in een steekproef {1} verschillende, {2} daarvan hebben een eigen regel"},
+    {"Mothers       {1} different ones, {2} of them have a line of their own",
+     "Moeders       {1} verschillende, {2} daarvan hebben een eigen regel"},
+    {"Mothers       in a sample {1} different ones, {2} of them have a line of their own",
+     "Moeders       in een steekproef {1} verschillende, {2} daarvan hebben een eigen regel"},
+    {"              None of them has a line: do these columns hold identifications of the same kind? If not, choose "
+     "others with --column.",
+     "              Geen daarvan heeft een regel: staan in deze kolommen wel dezelfde soort nummers? Zo niet, kies "
+     "andere met --column."},
+    {"Unknown       parents written as: {1}", "Onbekend      ouders geschreven als: {1}"},
+    {"              \"{1}\" is the id of an animal and stays a parent; if it means unknown: --unknown \"{1}\"",
+     "              \"{1}\" is het id van een dier en blijft een ouder; als het onbekend betekent: --unknown \"{1}\""},
+    {"Dates         written as {1}", "Datums        geschreven als {1}"},
+    {"              as {2}: {1}; {3} of them fit no other order, {4} would fit {5} too",
+     "              als {2}: {1}; {3} daarvan passen in geen andere volgorde, {4} ook in {5}"},
+    {"              of eight digits, as {2}: {1}", "              van acht cijfers, als {2}: {1}"},
+    {"              kept as they are, because there is no such day: {1}: {2}",
+     "              onveranderd, omdat die dag niet bestaat: {1}: {2}"},
+    {"              with the month as a word: {1}", "              met de maand als woord: {1}"},
+    {"              of a year only: {1}", "              met alleen een jaar: {1}"},
+    {"              of month and year only (written with day 00): {1}",
+     "              met alleen maand en jaar (geschreven met dag 00): {1}"},
+    {"              with a time of day, which is left out: {1}",
+     "              met een tijd erbij, die wordt weggelaten: {1}"},
+    {"              unknown: {1}", "              onbekend: {1}"},
+    {"              kept as they are, with a year of two digits (to the program 05 is the year 5): {1}: {2}",
+     "              onveranderd, met een jaar van twee cijfers (voor het programma is 05 het jaar 5): {1}: {2}"},
+    {"              kept as they are, because they cannot be read: {1}: {2}",
+     "              onveranderd, omdat ze niet te lezen zijn: {1}: {2}"},
+    {"Sexes         male: {1}; female: {2}", "Geslacht      mannelijk: {1}; vrouwelijk: {2}"},
+    {"              unknown, count as female in the report: {1}",
+     "              onbekend, tellen als vrouwelijk in het rapport: {1}"},
+    {"Subpopulations {1}: {2}", "Subpopulaties {1}: {2}"},
+    {"Colours       {1}: {2}", "Kleuren       {1}: {2}"},
+    {"              not listed: {1}", "              niet op de lijst: {1}"},
+    {"Imports       {1}; text that means none: {2}", "Import        {1}; tekst die geen import betekent: {2}"},
+    {"Species       {1}", "Diersoort     {1}"},
+    {"Population    {1} (another name: --name)", "Populatie     {1} (andere naam: --name)"},
+    {"Look at this: lines with more or fewer columns than the {2} of the first line; what they hold may stand in the "
+     "wrong column: {1}: {3}",
+     "Let op: regels met meer of minder kolommen dan de {2} van de eerste regel; wat erin staat kan in de verkeerde "
+     "kolom staan: {1}: {3}"},
+    {"Look at this: lines with text behind a closing quotation mark: {1}: {2}",
+     "Let op: regels met tekst achter een sluitend aanhalingsteken: {1}: {2}"},
+    {"Look at this: animals without id: {1}: {2}", "Let op: dieren zonder id: {1}: {2}"},
+    {"Look at this: ids that mean unknown: {1}", "Let op: ids die onbekend betekenen: {1}"},
+    {"Cut to {1} letters: {2} ({3}): {4}", "Afgekapt op {1} letters: {2} ({3}): {4}"},
+    {"Letters that the report does not have: {1}", "Letters die het rapport niet heeft: {1}"},
+    {"Invisible signs (no-break spaces, tabs, line ends inside a text) became blanks or were left out: {1}",
+     "Onzichtbare tekens (vaste spaties, tabs, regeleinden in een tekst) zijn spaties geworden of weggelaten: {1}"},
+    {"Blanks before a text, which were left out: {1}", "Spaties voor een tekst, die zijn weggelaten: {1}"},
+    {"Lines with quotation marks around texts, which were left out: {1}",
+     "Regels met aanhalingstekens om teksten, die zijn weggelaten: {1}"},
+    {"Lines without an animal were left out: {1}", "Regels zonder dier zijn weggelaten: {1}"},
+    {"Because of blank lines, or line ends inside quotation marks, lines have other numbers:",
+     "Door lege regels, of regeleinden binnen aanhalingstekens, hebben regels een ander nummer:"},
+    {"  from line {1} of the export on: line {2} of {3}", "  vanaf regel {1} van de export: regel {2} van {3}"},
+    {"  and so on, {1} more such places; in the last line {2} of the export is line {3}",
+     "  enzovoort, nog {1} plaatsen; op de laatste is regel {2} van de export regel {3}"},
+}};
+
+constexpr std::array<Wording, question_kind_count> question_wordings = {{
+    {"No column was recognised for the {1}. Name it: --column {2}=\"HEADING\" (or the number of the column).",
+     "Er is geen kolom herkend voor: {1}. Noem de kolom: --column {2}=\"KOP\" (of het nummer van de kolom)."},
+    {"Several columns could hold the {1}: {2}. Choose one: --column {3}=NUMBER.",
+     "Meer kolommen kunnen dit zijn: {1}: {2}. Kies er een: --column {3}=NUMMER."},
+    {"Several columns could hold the {1}: {2}. Choose one: --column {3}=NUMBER (or --column {3}=none).",
+     "Meer kolommen kunnen dit zijn: {1}: {2}. Kies er een: --column {3}=NUMMER (of --column {3}=none)."},
+    {"--column {1}=\"{2}\": there is no column of that heading or number (there are {3} columns).",
+     "--column {1}=\"{2}\": er is geen kolom met die kop of dat nummer (er zijn {3} kolommen)."},
+    {"--column {1}=\"{2}\": several columns have that heading: {3}. Give the number of the column.",
+     "--column {1}=\"{2}\": meer kolommen hebben die kop: {3}. Geef het nummer van de kolom."},
+    {"The first line holds no heading that is known, so that all lines count as animals. If it is a header, say "
+     "--header yes. Lines above the header, such as a title, have to be removed from the export.",
+     "De eerste regel bevat geen bekende kop, zodat alle regels als dieren tellen. Als het een kopregel is: --header "
+     "yes. Regels boven de kopregel, zoals een titel, moeten uit de export worden verwijderd."},
+    {"The dates can be read in two ways: {1} as {2}, {3} as {4}, and {5} as either. Say which is right: --dates {2} or "
+     "--dates {4}.",
+     "De datums zijn op twee manieren te lezen: {1} als {2}, {3} als {4} en {5} als beide. Zeg wat klopt: --dates {2} "
+     "of --dates {4}."},
+    {"It is not clear which animals are male: the sexes are written {1}. Say how males are written: --male TEXT.",
+     "Het is niet duidelijk welke dieren mannelijk zijn: de geslachten zijn geschreven als {1}. Zeg hoe mannetjes "
+     "geschreven zijn: --male TEKST."},
+    {"--male {1}: no animal has this sex. The sexes are written {2}.",
+     "--male {1}: geen dier heeft dit geslacht. De geslachten zijn geschreven als {2}."},
+    {"The species is needed, for the words of the report: --species {1}.",
+     "De diersoort is nodig, voor de woorden van het rapport: --species {1}."},
+    {"--species {1}: no such species. Choose one of {2}.", "--species {1}: deze soort is er niet. Kies uit {2}."},
+    {"The column \"{1}\" holds {2} different texts; each would be listed. Name those that count (--subpopulations "
+     "\"A,B\"), or say --subpopulations all, or --subpopulations none to leave the column out.",
+     "De kolom \"{1}\" bevat {2} verschillende teksten; elk zou op de lijst komen. Noem welke meetellen "
+     "(--subpopulations \"A,B\"), of zeg --subpopulations all, of --subpopulations none om de kolom weg te laten."},
+    {"The column \"{1}\" holds {2} different texts; each would be listed. Name those that count (--colours \"A,B\"), "
+     "or say --colours all, or --colours none to leave the column out.",
+     "De kolom \"{1}\" bevat {2} verschillende teksten; elk zou op de lijst komen. Noem welke meetellen (--colours "
+     "\"A,B\"), of zeg --colours all, of --colours none om de kolom weg te laten."},
+    {"No character is left that could divide the columns of the data file: all of them occur in the texts.",
+     "Er is geen teken over om de kolommen van het databestand te scheiden: alle tekens komen in de teksten voor."},
+}};
+
+constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
+    {"{1}: it cannot be read: {2}", "{1}: niet te lezen: {2}"},
+    {"{1}: this is a folder; the export is a file", "{1}: dit is een map; de export is een bestand"},
+    {"{1}: the file is empty", "{1}: het bestand is leeg"},
+    {"{1}: this is no text but a file of another kind ({2}). Save or export it as CSV (text), best as \"CSV UTF-8\".",
+     "{1}: dit is geen tekst maar een ander soort bestand ({2}). Bewaar of exporteer het als CSV (tekst), liefst als "
+     "\"CSV UTF-8\"."},
+    {"{1}: this is no text: it holds {2} bytes that no text has (zeros), the first in line {3}. Export it as CSV "
+     "(text).",
+     "{1}: dit is geen tekst: het bevat {2} bytes die in geen tekst staan (nullen), de eerste in regel {3}. Exporteer "
+     "het als CSV (tekst)."},
+    {"{1}: the letters with accents are written in two ways: {2} as UTF-8, the first in line {3}, and {4} in another "
+     "way, the first in line {5}. Say which encoding to read: --encoding utf-8 (the others are then read as "
+     "Windows-1252) or --encoding windows-1252.",
+     "{1}: de letters met accenten staan er op twee manieren: {2} als UTF-8, de eerste in regel {3}, en {4} anders, de "
+     "eerste in regel {5}. Zeg welke codering gelezen moet worden: --encoding utf-8 (de andere worden dan als "
+     "Windows-1252 gelezen) of --encoding windows-1252."},
+    {"{1}: it is not clear which character divides the columns:{2}\nSay which one: --delimiter \";\" (or comma, tab, "
+     "bar). Lines above the header, such as a title, have to be removed first.",
+     "{1}: het is niet duidelijk welk teken de kolommen scheidt:{2}\nZeg welk: --delimiter \";\" (of comma, tab, bar). "
+     "Regels boven de kopregel, zoals een titel, moeten eerst verwijderd worden."},
+    {"{1}: the first line has more than {2} columns", "{1}: de eerste regel heeft meer dan {2} kolommen"},
+    {"{1}, line {2}: a quotation mark opens a text and is never closed. Mend this line in the export.",
+     "{1}, regel {2}: een aanhalingsteken opent een tekst en wordt nergens gesloten. Herstel deze regel in de export."},
+    {"{1}: there is no animal in it", "{1}: er staat geen dier in"},
+    {"{1}, line {2}: the ids \"{3}\" and \"{4}\" would both become \"{5}\" in the data file (30 letters, without "
+     "letters that the report does not have). Shorten or rename one of them in the export.",
+     "{1}, regel {2}: de id's \"{3}\" en \"{4}\" zouden in het databestand allebei \"{5}\" worden (30 letters, zonder "
+     "letters die het rapport niet heeft). Kort een van beide in of hernoem hem in de export."},
+}};
+// clang-format on
+
+template <typename Kind, std::size_t Count>
+const Wording& wording_of(const std::array<Wording, Count>& wordings, Kind kind) {
+  return wordings[static_cast<std::size_t>(kind)];
+}
+
+/// `text` filled up with blanks to `width` letters.
+std::string filled_up(std::string text, std::size_t width) {
+  std::string_view rest = text;
+  std::size_t letters = 0;
+  for (; !rest.empty(); ++letters) take_letter(rest);
+  return text.append(letters < width ? width - letters : 0, ' ');
+}
+
+std::string right_justified(const std::string& digits, std::size_t width) {
+  return std::string(digits.size() < width ? width - digits.size() : 0, ' ') + digits;
+}
+
+/// The columns in use stand below each other.
+void align_column(std::vector<std::string>& texts) {
+  constexpr std::size_t number_width = 4, heading_width = 24, description_width = 20, count_width = 9;
+  texts[0] = right_justified(texts[0], number_width);
+  texts[1] = filled_up(texts[1], heading_width);
+  texts[2] = filled_up(texts[2], description_width);
+  texts[3] = right_justified(texts[3], count_width);
+}
+
+/// `"Father" (7), "Sire" (9)`: behind the columns in use the word column need not be said again.
+std::string numbers_of(const ColumnList& list) {
+  std::string text;
+  for (const ColumnList::Column& column : list.columns) {
+    if (!text.empty()) text += ", ";
+    text += in_quotes(column.heading) + " (" + std::to_string(column.number) + ")";
+  }
+  return text;
+}
+
+/// `"m" (655), "f" (661)`: what can be said with --male, as it would be typed.
+std::string texts_to_type(const CountedList& list) {
+  constexpr std::size_t most_shown = 10;
+  std::string text;
+  for (std::size_t i = 0; i < list.texts.size(); ++i) {
+    if (i > 0) text += ", ";
+    if (i == most_shown) return text + "...";
+    text += in_quotes(list.texts[i].text) + " (" + std::to_string(list.texts[i].count) + ")";
+  }
+  return text;
+}
+
+/// Each on a line of its own, under the question.
+std::string lines_of(const TriedDelimiters& list, ToolLanguage language) {
+  std::string text;
+  for (const DelimiterEvidence& evidence : list.tried) text += "\n  " + text_of(TriedDelimiters{{evidence}}, language);
+  return text;
+}
+
+std::string text_in_question(const Value& value, ToolLanguage language) {
+  const auto* const counted = std::get_if<CountedList>(&value);
+  return counted == nullptr ? text_of(value, language) : texts_to_type(*counted);
+}
+
+std::string text_in_refusal(const Value& value, ToolLanguage language) {
+  const auto* const tried = std::get_if<TriedDelimiters>(&value);
+  return tried == nullptr ? text_of(value, language) : lines_of(*tried, language);
+}
+
+std::string line_of_refusal(const Wording& wording, const Values& values, ToolLanguage language) {
+  std::vector<std::string> texts;
+  for (const Value& value : values) texts.push_back(text_in_refusal(value, language));
+  return phrase_of(wording, language, texts);
+}
+
+}  // namespace
+
+void show_remarks(std::span<const Remark> remarks, ToolLanguage language, TextOutput& console) {
+  for (const Remark& remark : remarks) {
+    std::vector<std::string> texts = texts_of(remark.values, language);
+    if (remark.kind == RemarkKind::column_used) align_column(texts);
+    if (remark.kind == RemarkKind::column_possible) texts[1] = numbers_of(std::get<ColumnList>(remark.values[1]));
+    append(console, phrase_of(wording_of(remark_wordings, remark.kind), language, texts));
+    end_line(console);
+  }
+}
+
+std::string words_of(const Question& question, ToolLanguage language) {
+  std::vector<std::string> texts;
+  for (const Value& value : question.values) texts.push_back(text_in_question(value, language));
+  return phrase_of(wording_of(question_wordings, question.kind), language, texts);
+}
+
+std::string words_of(const Refusal& refusal, ToolLanguage language) {
+  const Wording& wording = wording_of(refusal_wordings, refusal.kind);
+  std::string lines = line_of_refusal(wording, refusal.values, language);
+  for (const Values& values : refusal.further) lines += "\n" + line_of_refusal(wording, values, language);
+  return lines;
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,101 @@
+// What stands in the columns, and how it is understood.
+
+#include <algorithm>
+
+#include "intake/export_remarks.h"
+
+namespace pedigreewatch {
+namespace {
+
+bool is_any(const CountedText& /*entry*/) {
+  return true;
+}
+
+void remark_order(const OrderCounts& counts, DateOrder order, DateOrder other, std::vector<Remark>& remarks) {
+  if (counts.total == 0) return;
+  remarks.push_back({RemarkKind::dates_in_order,
+                     {counts.total, order, counts.only[static_cast<std::size_t>(order)], counts.either, other}});
+  remark_noted(RemarkKind::dates_impossible, counts.neither, remarks);
+}
+
+void remark_dates(const ExportSurvey& survey, const DatePlan& plan, std::vector<Remark>& remarks) {
+  const DateSurvey& dates = survey.dates;
+  const bool is_iso = plan.year_first == DateOrder::year_month_day;
+  const bool is_day_first = plan.year_last == DateOrder::day_month_year;
+  remarks.push_back({RemarkKind::dates_written, {plan.written}});
+  remark_order(dates.year_first, plan.year_first, is_iso ? DateOrder::year_day_month : DateOrder::year_month_day,
+               remarks);
+  remark_order(dates.year_last, plan.year_last, is_day_first ? DateOrder::month_day_year : DateOrder::day_month_year,
+               remarks);
+  if (plan.compact) remarks.push_back({RemarkKind::dates_compact, {dates.compact.total, *plan.compact}});
+  remark_noted(RemarkKind::dates_impossible, dates.compact.neither, remarks);
+  remark_count(RemarkKind::dates_named, dates.named, remarks);
+  remark_count(RemarkKind::dates_year_only, dates.year_only, remarks);
+  remark_count(RemarkKind::dates_month_only, dates.month_only, remarks);
+  remark_count(RemarkKind::dates_timed, dates.with_time, remarks);
+  if (dates.empty > 0) remarks.push_back({RemarkKind::dates_empty, {list_counted(survey.date_words, is_any)}});
+  remark_noted(RemarkKind::dates_short, dates.short_years, remarks);
+  remark_noted(RemarkKind::dates_unreadable, dates.unreadable, remarks);
+}
+
+void remark_sexes(const ExportSurvey& survey, const PreparePlan& plan, std::vector<Remark>& remarks) {
+  const auto list = [&](SexMeaning wanted) {
+    return list_counted(survey.sexes, [&](const CountedText& entry) {
+      return plan.sexes[find_counted(survey.sexes, entry.text)] == wanted;
+    });
+  };
+  remarks.push_back({RemarkKind::sexes_found, {list(SexMeaning::male), list(SexMeaning::female)}});
+  const CountedList unknown = list(SexMeaning::unknown);
+  if (!unknown.texts.empty()) remarks.push_back({RemarkKind::sexes_unknown, {unknown}});
+}
+
+void remark_unknown_parents(const ExportSurvey& survey, const PreparePlan& plan, std::vector<Remark>& remarks) {
+  const auto is_unknown = [&](const CountedText& entry) { return is_unknown_parent(plan, entry.text); };
+  remarks.push_back({RemarkKind::unknown_parents, {list_counted(survey.unknown_parents, is_unknown)}});
+  for (const CountedText& entry : survey.unknown_parents.texts) {
+    if (!is_unknown(entry)) remarks.push_back({RemarkKind::unknown_is_animal, {entry.text}});
+  }
+}
+
+/// Remarks on the names that the steer file lists.
+void remark_names(RemarkKind kind, FieldCode code, const TextCounts& counts, const std::vector<std::string>& names,
+                  std::vector<Remark>& remarks) {
+  const auto is_listed = [&](const CountedText& entry) {
+    std::string written;
+    LetterCounts ignored;
+    append_field_text(written, entry.text, code, ignored);
+    return std::find(names.begin(), names.end(), written) != names.end();
+  };
+  remarks.push_back({kind, {static_cast<std::int64_t>(names.size()), list_counted(counts, is_listed)}});
+  const CountedList left_out = list_counted(counts, [&](const CountedText& entry) { return !is_listed(entry); });
+  if (!left_out.texts.empty()) remarks.push_back({RemarkKind::names_left_out, {left_out}});
+}
+
+void remark_imports(const ExportSurvey& survey, std::vector<Remark>& remarks) {
+  std::int64_t imports = survey.imports.left_out;
+  for (const CountedText& entry : survey.imports.texts) imports += means_no_import(entry.text) ? 0 : entry.count;
+  const auto is_none = [](const CountedText& entry) { return means_no_import(entry.text); };
+  remarks.push_back({RemarkKind::imports_found, {imports, list_counted(survey.imports, is_none)}});
+}
+
+}  // namespace
+
+void add_content_remarks(const Preparation& read, std::vector<Remark>& remarks) {
+  const ExportSurvey& survey = read.survey;
+  const PreparePlan& plan = read.plan;
+  if (is_in_use(plan, sire_column) || is_in_use(plan, dam_column)) remark_unknown_parents(survey, plan, remarks);
+  if (is_in_use(plan, birthdate_column)) remark_dates(survey, plan.dates, remarks);
+  if (is_in_use(plan, sex_column)) remark_sexes(survey, plan, remarks);
+  if (is_in_use(plan, subpopulation_column)) {
+    remark_names(RemarkKind::subpopulations_found, subpopulation_column, survey.subpopulations, plan.subpopulations,
+                 remarks);
+  }
+  if (is_in_use(plan, colour_column)) {
+    remark_names(RemarkKind::colours_found, colour_column, survey.colours, plan.colours, remarks);
+  }
+  if (is_in_use(plan, import_column)) remark_imports(survey, remarks);
+  if (!plan.species.empty()) remarks.push_back({RemarkKind::species_found, {plan.species}});
+  remarks.push_back({RemarkKind::population_named, {decode(plan.population_name, Encoding::windows_1252).text}});
+}
+
+}  // namespace pedigreewatch

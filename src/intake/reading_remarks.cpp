@@ -1,0 +1,89 @@
+// How the file is read, and its columns.
+
+#include <algorithm>
+
+#include "intake/export_remarks.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr RemarkKind kind_of_encoding(bool has_mark, bool has_letters) {
+  if (has_mark && has_letters) return RemarkKind::encoding_by_mark_and_letters;
+  if (has_mark) return RemarkKind::encoding_by_mark;
+  return has_letters ? RemarkKind::encoding_by_letters : RemarkKind::encoding_found;
+}
+
+void remark_encoding(const ReadingEvidence& reading, const PrepareOptions& options, std::vector<Remark>& remarks) {
+  const Encoding encoding = reading.used_encoding;
+  if (encoding == Encoding::plain) {
+    remarks.push_back({RemarkKind::encoding_plain, {}});
+  } else if (options.encoding) {
+    remarks.push_back({RemarkKind::encoding_wished, {encoding}});
+  } else {
+    const std::int64_t letters =
+        encoding == Encoding::windows_1252 ? reading.encoding.other_bytes : reading.encoding.utf_8_letters;
+    Values values = {encoding};
+    if (letters > 0) values.insert(values.end(), {letters, reading.letter_example});
+    remarks.push_back({kind_of_encoding(reading.encoding.has_mark, letters > 0), std::move(values)});
+  }
+  remark_count(RemarkKind::bytes_mended, reading.mended_bytes, remarks);
+  remark_count(RemarkKind::letters_broken, reading.broken_letters, remarks);
+  if (reading.ends_in_half_letter) remarks.push_back({RemarkKind::half_letter, {}});
+}
+
+void remark_delimiter(const ReadingEvidence& reading, const PrepareOptions& options, std::vector<Remark>& remarks) {
+  const Delimiter delimiter = {reading.delimiter};
+  if (options.delimiter) return remarks.push_back({RemarkKind::delimiter_wished, {delimiter}});
+  const DelimiterEvidence& evidence = reading.delimiter_evidence;
+  remarks.push_back(
+      {RemarkKind::delimiter_found,
+       {delimiter, evidence.agreeing_count, evidence.record_count, static_cast<std::int64_t>(evidence.field_count)}});
+}
+
+void remark_columns(const ExportSurvey& survey, const PreparePlan& plan, std::vector<Remark>& remarks) {
+  const ColumnChoice& columns = plan.columns;
+  remarks.push_back({RemarkKind::columns_counted, {static_cast<std::int64_t>(columns.headings.size())}});
+  for (const FieldCode code : written_fields()) {
+    const auto& place = columns.place[static_cast<std::size_t>(code)];
+    if (!place) continue;
+    remarks.push_back({RemarkKind::column_used,
+                       {static_cast<std::int64_t>(*place) + 1, columns.has_header ? columns.headings[*place] : "-",
+                        code, survey.filled[static_cast<std::size_t>(code)]}});
+  }
+  for (const FieldCode code : written_fields()) {
+    const ColumnList list = list_columns(columns.further[static_cast<std::size_t>(code)], columns);
+    if (!list.columns.empty()) remarks.push_back({RemarkKind::column_possible, {code, list}});
+  }
+}
+
+/// Remarks on the parents of one sex, the second kind where only a sample of them was looked at.
+void remark_links(const ParentLinks& links, LinkRole role, RemarkKind all, RemarkKind sample,
+                  std::vector<Remark>& remarks) {
+  const LinkCount count = count_links(links, role);
+  remarks.push_back({is_exact(links) ? all : sample, {count.parents, count.with_line}});
+  if (count.parents > 0 && count.with_line == 0) remarks.push_back({RemarkKind::parents_without_line, {}});
+}
+
+}  // namespace
+
+void add_reading_remarks(const Preparation& read, const PrepareOptions& options, std::vector<Remark>& remarks) {
+  const ExportSurvey& survey = read.survey;
+  remarks.push_back({RemarkKind::export_read, {options.export_name, survey.last_line}});
+  remark_encoding(read.reading, options, remarks);
+  remark_delimiter(read.reading, options, remarks);
+  if (read.plan.columns.has_header) {
+    remarks.push_back({RemarkKind::header_found, {survey.header_line}});
+  } else {
+    remarks.push_back({RemarkKind::header_absent, {}});
+  }
+  remarks.push_back({RemarkKind::animals_found, {survey.animal_count}});
+  remark_columns(survey, read.plan, remarks);
+  if (is_in_use(read.plan, sire_column)) {
+    remark_links(survey.links, sire_role, RemarkKind::fathers_linked, RemarkKind::fathers_linked_in_sample, remarks);
+  }
+  if (is_in_use(read.plan, dam_column)) {
+    remark_links(survey.links, dam_role, RemarkKind::mothers_linked, RemarkKind::mothers_linked_in_sample, remarks);
+  }
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,184 @@
+// What is said of an export before anybody puts it into words: remarks, questions and refusals. Each is a kind and the
+// values that belong to it. The console puts its words to them (console_words.h), the desk its own.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "intake/date_layout_recognition.h"
+#include "intake/delimiter_recognition.h"
+#include "intake/text_counts.h"
+#include "pedigree/header_words.h"
+#include "text/encoding.h"
+#include "text/windows_1252.h"
+
+namespace pedigreewatch {
+
+struct Delimiter {
+  char character = ';';
+};
+
+/// The name under which a field's column is chosen: "id", "sire", ...
+struct FieldName {
+  FieldCode code = unused_column;
+};
+
+/// Columns by their headings and their numbers, counted from 1.
+struct ColumnList {
+  struct Column {
+    std::string heading;
+    std::size_t number = 0;
+  };
+  std::vector<Column> columns;
+};
+
+struct LetterList {
+  std::vector<ReplacedLetter> letters;
+  std::int64_t more = 0;
+};
+
+struct TriedDelimiters {
+  std::vector<DelimiterEvidence> tried;
+};
+
+struct WordList {
+  std::vector<std::string_view> words;
+};
+
+/// A number, a text of the export or of the user, the place of a column, lines with what stands in them, ...
+using Value = std::variant<std::int64_t, std::string, FieldCode, FieldName, DateOrder, Encoding, Delimiter, ColumnList,
+                           CountedList, NotedTexts, LetterList, TriedDelimiters, WordList>;
+using Values = std::vector<Value>;
+
+// --- Remarks: what was recognised, and what is changed on the way. Behind each kind stand its values ---
+
+enum class RemarkKind {
+  export_read,                   ///< file, lines
+  encoding_plain,                ///< none
+  encoding_found,                ///< encoding
+  encoding_wished,               ///< encoding
+  encoding_by_mark,              ///< encoding
+  encoding_by_letters,           ///< encoding, letters with accents, a word with one
+  encoding_by_mark_and_letters,  ///< the same
+  bytes_mended,                  ///< bytes
+  letters_broken,                ///< letters
+  half_letter,                   ///< none
+  delimiter_wished,              ///< delimiter
+  delimiter_found,               ///< delimiter, lines that agree, lines looked at, columns
+  header_found,                  ///< line
+  header_absent,                 ///< none
+  animals_found,                 ///< animals
+  columns_counted,               ///< columns
+  column_used,                   ///< number of the column, heading, field, fields that are filled
+  column_possible,               ///< field, columns
+  fathers_linked,                ///< fathers, those with a line
+  fathers_linked_in_sample,      ///< the same
+  mothers_linked,                ///< mothers, those with a line
+  mothers_linked_in_sample,      ///< the same
+  parents_without_line,          ///< none
+  unknown_parents,               ///< texts
+  unknown_is_animal,             ///< text
+  dates_written,                 ///< layout
+  dates_in_order,                ///< dates, layout, dates that fit no other, dates that fit the other, the other
+  dates_compact,                 ///< dates, layout
+  dates_impossible,              ///< dates, their lines
+  dates_named,                   ///< dates
+  dates_year_only,               ///< dates
+  dates_month_only,              ///< dates
+  dates_timed,                   ///< dates
+  dates_empty,                   ///< texts
+  dates_short,                   ///< dates, their lines
+  dates_unreadable,              ///< dates, their lines
+  sexes_found,                   ///< texts of males, of females
+  sexes_unknown,                 ///< texts
+  subpopulations_found,          ///< names, texts
+  colours_found,                 ///< names, texts
+  names_left_out,                ///< texts
+  imports_found,                 ///< imports, texts that mean none
+  species_found,                 ///< the word of the steer file
+  population_named,              ///< name
+  column_counts_differ,          ///< lines, columns of the first line, the lines
+  quotes_bad,                    ///< lines, the lines
+  ids_missing,                   ///< animals, their lines
+  ids_unknown,                   ///< texts
+  texts_cut,                     ///< width, field, texts, their lines
+  letters_replaced,              ///< letters
+  letters_invisible,             ///< letters
+  blanks_removed,                ///< texts
+  quotes_removed,                ///< lines
+  blank_lines_removed,           ///< lines
+  lines_shifted,                 ///< none
+  line_shifted,                  ///< line of the export, line of the data file, name of that file
+  further_shifts,                ///< such places, line of the export and of the data file at the last
+};
+inline constexpr std::size_t remark_kind_count = static_cast<std::size_t>(RemarkKind::further_shifts) + 1;
+
+struct Remark {
+  RemarkKind kind;
+  Values values;
+};
+
+// --- Questions: what only the user can decide ---
+
+enum class QuestionKind {
+  column_missing,           ///< field, its name
+  columns_alike,            ///< field, columns, its name
+  optional_columns_alike,   ///< the same for a field that may be left out
+  no_such_column,           ///< name of the field, what the user says, columns of the export
+  several_such_columns,     ///< name of the field, what the user says, columns
+  header_unclear,           ///< none
+  dates_unclear,            ///< dates of the first layout, the layout, dates of the second, the layout, dates of both
+  sexes_unclear,            ///< texts
+  male_never,               ///< what the user says, texts
+  species_unclear,          ///< words of the species
+  species_wrong,            ///< what the user says, words of the species
+  too_many_subpopulations,  ///< heading, texts
+  too_many_colours,         ///< heading, texts
+  no_delimiter_left,        ///< none
+};
+inline constexpr std::size_t question_kind_count = static_cast<std::size_t>(QuestionKind::no_delimiter_left) + 1;
+
+/// What a question is answered with: a setting of the preparation.
+enum class Setting { none, column, header, dates, male, species, subpopulations, colours };
+
+/// A possible answer: the value of the setting, and the text of the export that it stands for, if there is one.
+struct Answer {
+  std::string value, text;
+};
+
+struct Question {
+  QuestionKind kind;
+  Values values;
+  Setting setting = Setting::none;
+  FieldCode field = unused_column;  ///< whose column is asked for
+  std::vector<Answer> answers;      ///< empty: too many to be listed
+};
+
+// --- Refusals: why nothing can be made of the export as it is ---
+
+enum class RefusalKind {
+  cannot_read,        ///< file, reason in the words of the system
+  is_folder,          ///< file
+  is_empty,           ///< file
+  is_binary,          ///< file, what kind of file it is
+  has_zeros,          ///< file, zeros, line of the first
+  encoding_unclear,   ///< file, letters of UTF-8, line of the first, other bytes, line of the first
+  delimiter_unclear,  ///< file, what each delimiter would give
+  too_many_columns,   ///< file, columns that are allowed
+  never_closed,       ///< file, line
+  no_animals,         ///< file
+  ids_clash,          ///< file, line, id, other id, what both would become
+};
+inline constexpr std::size_t refusal_kind_count = static_cast<std::size_t>(RefusalKind::ids_clash) + 1;
+
+struct Refusal {
+  RefusalKind kind;
+  Values values;
+  std::vector<Values> further = {};  ///< the same at other places
+};
+
+}  // namespace pedigreewatch

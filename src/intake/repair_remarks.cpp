@@ -1,0 +1,90 @@
+// What should be looked at, and what is changed on the way; and how all remarks are put together.
+
+#include <algorithm>
+
+#include "intake/export_remarks.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr std::size_t most_listed_letters = 20;
+constexpr std::size_t most_listed_shifts = 50;
+
+void remark_letters(const ExportSurvey& survey, std::vector<Remark>& remarks) {
+  const auto& replaced = survey.letters.replaced;
+  const std::size_t count = std::min(replaced.size(), most_listed_letters);
+  if (count > 0) {
+    remarks.push_back({RemarkKind::letters_replaced,
+                       {LetterList{{replaced.begin(), replaced.begin() + static_cast<std::ptrdiff_t>(count)},
+                                   static_cast<std::int64_t>(replaced.size() - count)}}});
+  }
+  remark_count(RemarkKind::letters_invisible, survey.letters.invisible, remarks);
+}
+
+void remark_shifts(const ExportSurvey& survey, const std::string& stem, std::vector<Remark>& remarks) {
+  const std::size_t count = survey.shifts.size();
+  if (count == 0) return;
+  remarks.push_back({RemarkKind::lines_shifted, {}});
+  for (std::size_t i = 0; i < std::min(count, most_listed_shifts); ++i) {
+    const LineShift& shift = survey.shifts[i];
+    remarks.push_back({RemarkKind::line_shifted, {shift.export_line, shift.data_line, stem + ".txt"}});
+  }
+  if (count <= most_listed_shifts) return;
+  remarks.push_back({RemarkKind::further_shifts,
+                     {static_cast<std::int64_t>(count - most_listed_shifts), survey.shifts.back().export_line,
+                      survey.shifts.back().data_line}});
+}
+
+void remark_cut_texts(const ExportSurvey& survey, const PreparePlan& plan, std::vector<Remark>& remarks) {
+  for (const FieldCode code : written_fields()) {
+    const NotedTexts& noted = survey.too_long[static_cast<std::size_t>(code)];
+    if (noted.count == 0 || !is_in_use(plan, code)) continue;
+    remarks.push_back({RemarkKind::texts_cut, {static_cast<std::int64_t>(width_of(code)), code, noted.count, noted}});
+  }
+}
+
+}  // namespace
+
+void add_repair_remarks(const Preparation& read, std::vector<Remark>& remarks) {
+  const ExportSurvey& survey = read.survey;
+  const NotedTexts& other_counts = survey.other_field_counts;
+  if (other_counts.count > 0) {
+    remarks.push_back(
+        {RemarkKind::column_counts_differ,
+         {other_counts.count, static_cast<std::int64_t>(read.plan.columns.headings.size()), other_counts}});
+  }
+  remark_noted(RemarkKind::quotes_bad, survey.bad_quotes, remarks);
+  if (is_in_use(read.plan, id_column)) remark_noted(RemarkKind::ids_missing, survey.without_id, remarks);
+  if (!survey.unknown_ids.texts.empty()) {
+    remarks.push_back(
+        {RemarkKind::ids_unknown, {list_counted(survey.unknown_ids, [](const CountedText&) { return true; })}});
+  }
+  remark_cut_texts(survey, read.plan, remarks);
+  remark_letters(survey, remarks);
+  remark_count(RemarkKind::blanks_removed, survey.leading_blanks, remarks);
+  remark_count(RemarkKind::quotes_removed, survey.quoted_records, remarks);
+  remark_count(RemarkKind::blank_lines_removed, survey.blank_lines, remarks);
+  remark_shifts(survey, read.plan.stem, remarks);
+}
+
+std::vector<Remark> remarks_on(const Preparation& read, const PrepareOptions& options) {
+  std::vector<Remark> remarks;
+  add_reading_remarks(read, options, remarks);
+  add_content_remarks(read, remarks);
+  add_repair_remarks(read, remarks);
+  return remarks;
+}
+
+void remark_noted(RemarkKind kind, const NotedTexts& noted, std::vector<Remark>& remarks) {
+  if (noted.count > 0) remarks.push_back({kind, {noted.count, noted}});
+}
+
+void remark_count(RemarkKind kind, std::int64_t count, std::vector<Remark>& remarks) {
+  if (count > 0) remarks.push_back({kind, {count}});
+}
+
+bool is_in_use(const PreparePlan& plan, FieldCode code) {
+  return plan.columns.place[static_cast<std::size_t>(code)].has_value();
+}
+
+}  // namespace pedigreewatch

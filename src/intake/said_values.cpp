@@ -1,0 +1,134 @@
+// One function a kind of value. Lists were shortened where they were made; what was left out is told as a number.
+
+#include "intake/said_values.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "intake/column_choice.h"
+#include "text/utf_8.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr Wording nothing = {"none", "geen"};
+constexpr Wording empty_text = {"empty", "leeg"};
+constexpr Wording line_and_text = {"line {1} {2}", "regel {1} {2}"};
+constexpr Wording line_only = {"line {1}", "regel {1}"};
+constexpr Wording and_more = {" and {1} more", " en nog {1}"};
+constexpr Wording column_words = {"\"{1}\" (column {2})", "\"{1}\" (kolom {2})"};
+constexpr Wording delimiter_tried = {"{1}: {2} of {3} lines have {4} columns",
+                                     "{1}: {2} van {3} regels hebben {4} kolommen"};
+
+constexpr std::array<std::pair<char, Wording>, 5> delimiter_names = {{{';', {"; (semicolon)", "; (puntkomma)"}},
+                                                                      {',', {", (comma)", ", (komma)"}},
+                                                                      {'\t', {"tab", "tab"}},
+                                                                      {'|', {"| (bar)", "| (streep)"}},
+                                                                      {' ', {"blank", "spatie"}}}};
+
+std::string more_text(std::int64_t count, ToolLanguage language) {
+  return count > 0 ? phrase(and_more, language, {std::to_string(count)}) : std::string();
+}
+
+/// Puts the texts of the entries of a list together.
+template <typename List, typename TextOfEntry>
+std::string joined(const List& list, std::string_view between, TextOfEntry&& text_of_entry) {
+  std::string text;
+  for (const auto& entry : list) {
+    if (!text.empty()) text += between;
+    text += text_of_entry(entry);
+  }
+  return text;
+}
+
+/// The text of a value of each type.
+struct TextMaker {
+  ToolLanguage language;
+
+  std::string operator()(std::int64_t number) const { return std::to_string(number); }
+  std::string operator()(const std::string& text) const { return shown(text); }
+  std::string operator()(FieldCode code) const { return std::string(description_of(code, language)); }
+  std::string operator()(const FieldName& field) const { return std::string(option_name_of(field.code)); }
+  std::string operator()(DateOrder order) const { return layout_text(order, language == ToolLanguage::dutch); }
+  std::string operator()(Encoding encoding) const { return std::string(name_of(encoding)); }
+  std::string operator()(Delimiter delimiter) const { return name_of_delimiter(delimiter.character, language); }
+
+  std::string operator()(const ColumnList& list) const {
+    return joined(list.columns, ", ", [&](const ColumnList::Column& column) {
+      return phrase(column_words, language, {shown(column.heading), std::to_string(column.number)});
+    });
+  }
+
+  std::string operator()(const CountedList& list) const {
+    if (list.texts.empty()) return std::string(words_of(nothing, language));
+    const auto words = [&](const CountedText& entry) {
+      const std::string text = entry.text.empty() ? std::string(words_of(empty_text, language)) : in_quotes(entry.text);
+      return text + " (" + std::to_string(entry.count) + ")";
+    };
+    return joined(list.texts, ", ", words) + more_text(list.more, language);
+  }
+
+  std::string operator()(const NotedTexts& noted) const {
+    const auto words = [&](const NotedText& entry) {
+      const std::string line = std::to_string(entry.line);
+      return entry.text.empty() ? phrase(line_only, language, {line})
+                                : phrase(line_and_text, language, {line, in_quotes(entry.text)});
+    };
+    const std::int64_t more = noted.count - static_cast<std::int64_t>(noted.first.size());
+    return joined(noted.first, ", ", words) + more_text(more, language);
+  }
+
+  std::string operator()(const LetterList& list) const {
+    const auto words = [](const ReplacedLetter& entry) {
+      std::string letter;
+      append_letter(letter, entry.letter);
+      return shown(letter) + " -> " + std::string(entry.written) + " (" + std::to_string(entry.count) + ")";
+    };
+    return joined(list.letters, ", ", words) + more_text(list.more, language);
+  }
+
+  std::string operator()(const TriedDelimiters& list) const {
+    return joined(list.tried, "; ", [&](const DelimiterEvidence& evidence) {
+      return phrase(delimiter_tried, language,
+                    {name_of_delimiter(evidence.delimiter, language), std::to_string(evidence.agreeing_count),
+                     std::to_string(evidence.record_count), std::to_string(evidence.field_count)});
+    });
+  }
+
+  std::string operator()(const WordList& list) const {
+    return joined(list.words, ", ", [](std::string_view word) { return std::string(word); });
+  }
+};
+
+}  // namespace
+
+void say(TextOutput& console, const Wording& wording, ToolLanguage language,
+         std::initializer_list<std::string_view> values) {
+  append(console, phrase(wording, language, values));
+  end_line(console);
+}
+
+std::string text_of(const Value& value, ToolLanguage language) {
+  return std::visit(TextMaker{language}, value);
+}
+
+std::vector<std::string> texts_of(const Values& values, ToolLanguage language) {
+  std::vector<std::string> texts;
+  for (const Value& value : values) texts.push_back(text_of(value, language));
+  return texts;
+}
+
+std::string phrase_of(const Wording& wording, ToolLanguage language, std::span<const std::string> texts) {
+  const std::vector<std::string_view> values(texts.begin(), texts.end());
+  return phrase(wording, language, values);
+}
+
+std::string name_of_delimiter(char delimiter, ToolLanguage language) {
+  for (const auto& [known, name] : delimiter_names) {
+    if (known == delimiter) return std::string(words_of(name, language));
+  }
+  return shown(std::string_view(&delimiter, 1));
+}
+
+}  // namespace pedigreewatch
