@@ -13,20 +13,23 @@ struct CalendarDate {
   std::int32_t year = 0, month = 1, day = 1;
 };
 
+constexpr bool has_leap_day(std::int32_t year) {
+  return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+}
+
 /// The number of a day, with leap days as they are. Beyond a million years, or a thousand days in a month, the number
 /// stays where it is.
 constexpr std::int32_t day_number(const CalendarDate& date) {
   constexpr std::array<std::int32_t, 12> days_before_month = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
   constexpr std::int32_t most_years = 1'000'000, most_days = 1000;
   const std::int32_t year = std::clamp(date.year, -most_years, most_years);
-  const bool is_leap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
   const std::int32_t past = year - 1;
   const auto quotient = [](std::int32_t number, std::int32_t divisor) {  // rounded down
     return number >= 0 ? number / divisor : -((divisor - 1 - number) / divisor);
   };
   const std::int32_t leap_days = quotient(past, 4) - quotient(past, 100) + quotient(past, 400);
   const std::size_t month = static_cast<std::size_t>(std::clamp(date.month, 1, 12) - 1);
-  return 365 * past + leap_days + days_before_month[month] + (is_leap && month > 1 ? 1 : 0) +
+  return 365 * past + leap_days + days_before_month[month] + (month > 1 && has_leap_day(year) ? 1 : 0) +
          std::clamp(date.day, -most_days, most_days);
 }
 

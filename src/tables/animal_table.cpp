@@ -1,5 +1,6 @@
-// Everything that a row shows is known but for the offspring and the longest line, which one pass each yields. Real
-// figures repeat from animal to animal (full sibs have the same F): texts found lately are kept.
+// A column is a name and what it writes of an animal. Everything that a row shows is known but for the offspring and
+// the longest line, which one pass each yields. Real figures repeat from animal to animal (full sibs have the same F):
+// texts found lately are kept.
 
 #include "tables/animal_table.h"
 
@@ -7,19 +8,12 @@
 #include <array>
 #include <span>
 
+#include "checks/calendar.h"
 #include "core/bit_pattern.h"
 #include "core/real_text.h"
 
 namespace pedigreewatch {
 namespace {
-
-constexpr auto column_names = std::to_array<std::string_view>(
-    {"id", "sire", "dam", "sex", "birthdate", "F", "equivalent_generations", "complete_generations", "max_generations",
-     "offspring", "native_offspring", "mean_kinship", "subpopulation"});
-
-constexpr bool has_leap_day(std::int32_t year) {
-  return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-}
 
 void append_digits(std::string& text, std::int32_t number, int width) {
   for (std::int32_t unit = width == 4 ? 1000 : 10; unit > 0; unit /= 10) {
@@ -64,15 +58,15 @@ struct AnimalRows {
   RealTexts texts;
 };
 
-void add_parent(const PopulationStore& store, std::int32_t position, TableWriter& writer) {
-  if (position == 0) {
+void write_parent(const AnimalRows& rows, std::int32_t parent, TableWriter& writer) {
+  if (parent == 0) {
     add_nothing(writer);
   } else {
-    add_text(writer, store.id(position));
+    add_text(writer, rows.store.id(parent));
   }
 }
 
-void add_kinship(AnimalRows& rows, std::int32_t position, TableWriter& writer) {
+void write_kinship(AnimalRows& rows, std::int32_t position, TableWriter& writer) {
   const bool is_member = rows.next < rows.reference.size() && rows.reference[rows.next] == position;
   if (is_member && rows.next < rows.mean_kinship.size()) {
     add_real(writer, rows.mean_kinship[rows.next]);
@@ -106,24 +100,42 @@ void fetch_texts_early(const PopulationStore& store, std::int32_t position) {
   }
 }
 
-void write_animal(AnimalRows& rows, std::int32_t position, TableWriter& writer) {
+void write_date(AnimalRows& rows, std::int32_t position, TableWriter& writer) {
   const PopulationStore& store = rows.store;
-  fetch_texts_early(store, position);
-  add_text(writer, store.id(position));
-  add_parent(store, store.sire_no[position], writer);
-  add_parent(store, store.dam_no[position], writer);
-  add_plain(writer, store.sex[position] == male ? "male" : "female");
   add_plain(writer, iso_date(store.birth_year[position], store.birth_month[position], store.birth_day(position)));
-  add_plain(writer, text_of(rows.texts, store.inbreeding[position]));
-  add_plain(writer, text_of(rows.texts, store.generation_equivalents[position]));
-  add_integer(writer, store.complete_generations[position]);
-  add_integer(writer, rows.longest[position]);
-  add_integer(writer, rows.offspring[position]);
-  add_integer(writer, store.native_offspring_count[position]);
-  add_kinship(rows, position, writer);
-  add_text(writer, store.subpopulation(position).trimmed());
-  end_row(writer);
 }
+
+/// A column: its name, and what it writes of an animal. A name may be added or moved, but none be changed: scripts of
+/// users go by it.
+struct AnimalColumn {
+  std::string_view name;
+  void (*write)(AnimalRows& rows, std::int32_t position, TableWriter& writer);
+};
+
+using Rows = AnimalRows;
+using Position = std::int32_t;
+using Out = TableWriter;
+
+constexpr auto columns = std::to_array<AnimalColumn>({
+    {"id", [](Rows& rows, Position i, Out& out) { add_text(out, rows.store.id(i)); }},
+    {"sire", [](Rows& rows, Position i, Out& out) { write_parent(rows, rows.store.sire_no[i], out); }},
+    {"dam", [](Rows& rows, Position i, Out& out) { write_parent(rows, rows.store.dam_no[i], out); }},
+    {"sex", [](Rows& rows, Position i, Out& out) { add_plain(out, rows.store.sex[i] == male ? "male" : "female"); }},
+    {"birthdate", write_date},
+    {"F", [](Rows& rows, Position i, Out& out) { add_plain(out, text_of(rows.texts, rows.store.inbreeding[i])); }},
+    {"equivalent_generations",
+     [](Rows& rows, Position i, Out& out) {
+       add_plain(out, text_of(rows.texts, rows.store.generation_equivalents[i]));
+     }},
+    {"complete_generations",
+     [](Rows& rows, Position i, Out& out) { add_integer(out, rows.store.complete_generations[i]); }},
+    {"max_generations", [](Rows& rows, Position i, Out& out) { add_integer(out, rows.longest[i]); }},
+    {"offspring", [](Rows& rows, Position i, Out& out) { add_integer(out, rows.offspring[i]); }},
+    {"native_offspring",
+     [](Rows& rows, Position i, Out& out) { add_integer(out, rows.store.native_offspring_count[i]); }},
+    {"mean_kinship", write_kinship},
+    {"subpopulation", [](Rows& rows, Position i, Out& out) { add_text(out, rows.store.subpopulation(i).trimmed()); }},
+});
 
 }  // namespace
 
@@ -167,9 +179,13 @@ void write_animals(const PopulationStore& store, const Diversity& diversity, Tab
   AnimalRows rows{
       store, count_offspring(store), longest_lines(store), diversity.reference.positions, diversity.mean_kinship_of, 0,
       {}};
-  for (const std::string_view name : column_names) add_text(writer, name);
+  for (const AnimalColumn& column : columns) add_text(writer, column.name);
   end_row(writer);
-  for (std::int32_t i = 1; i <= store.animal_count; ++i) write_animal(rows, i, writer);
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    fetch_texts_early(store, i);
+    for (const AnimalColumn& column : columns) column.write(rows, i, writer);
+    end_row(writer);
+  }
 }
 
 }  // namespace pedigreewatch
