@@ -9,7 +9,6 @@
 #include "checks/finding_kinds.h"
 #include "checks/readable_text.h"
 #include "intake/said_values.h"
-#include "text/utf_8.h"
 
 namespace pedigreewatch {
 namespace {
@@ -39,31 +38,33 @@ std::string animals_text(std::int64_t count, ToolLanguage language) {
   return phrase(count == 1 ? one_animal : many_animals, language, {std::to_string(count)});
 }
 
-/// A text with dots for what a terminal would act on, in its full length.
-std::string harmless(std::string_view text) {
-  std::string result;
-  const std::string decoded = readable(text);
-  for (std::string_view rest = decoded; !rest.empty();) {
-    const char32_t letter = take_letter(rest);
-    const bool is_control = letter < 0x20 || (letter >= 0x7F && letter < 0xA0);
-    const bool changes_direction = letter >= 0x200B && letter <= 0x202E;
-    append_letter(result, is_control || changes_direction ? U'.' : letter);
-  }
-  return result;
-}
-
 /// Kinds whose text is made of several of the data and is not cut.
 bool has_long_text(FindingCode code) {
   return code == FindingCode::loop || code == FindingCode::subpopulation_list || code == FindingCode::colour_list;
 }
 
 std::string shown_text(const Finding& finding, std::int32_t text, const CheckResult& result) {
-  const std::string decoded = harmless(result.findings.texts.at(text));
-  return has_long_text(finding.code) ? decoded : shown(decoded);
+  const std::string decoded = readable(result.findings.texts.at(text));
+  return has_long_text(finding.code) ? shown_whole(decoded) : shown(decoded);
 }
 
 std::string id_of(const Finding& finding, const CheckResult& result) {
-  return harmless(result.animals.ids.at(finding.id));
+  return shown_whole(readable(result.animals.ids.at(finding.id)));
+}
+
+/// What stands for one of the `finding_places`.
+std::string value_of_place(std::string_view place, const Finding& finding, const CheckResult& result,
+                           ToolLanguage language) {
+  const bool is_sire = finding.role == ParentRole::sire;
+  if (place == "text") return shown_text(finding, finding.text, result);
+  if (place == "other_text") return shown_text(finding, finding.other_text, result);
+  if (place == "line") return std::to_string(finding.other_line);
+  if (place == "number") return std::to_string(finding.number);
+  if (place == "other_number") return std::to_string(finding.other_number);
+  if (place == "parent") return phrase(is_sire ? father : mother, language);
+  if (place == "Parent") return phrase(is_sire ? father_first : mother_first, language);
+  if (place == "wrong_sex") return phrase(is_sire ? female_word : male_word, language);
+  return animals_text(finding.number, language);
 }
 
 /// "dogs.txt, line 812, column 4, HS12: ".
@@ -81,14 +82,6 @@ void sort_by_line(Findings& findings) {
   std::stable_sort(findings.list.begin(), findings.list.end(), [](const Finding& a, const Finding& b) {
     return std::tie(a.line, a.code, a.column) < std::tie(b.line, b.code, b.column);
   });
-}
-
-using KindCounts = std::array<std::int64_t, finding_code_count>;
-
-KindCounts count_kinds(const Findings& findings) {
-  KindCounts counts = {};
-  for (const Finding& finding : findings.list) ++counts[static_cast<std::size_t>(finding.code)];
-  return counts;
 }
 
 std::string right_justified(std::int64_t number) {
@@ -148,14 +141,15 @@ void show_kind(const CheckResult& result, std::size_t first, std::int64_t count,
 }  // namespace
 
 std::string message_of(const Finding& finding, const CheckResult& result, ToolLanguage language) {
-  const bool is_sire = finding.role == ParentRole::sire;
-  return phrase(
-      kind_of(finding.code).message, language,
-      {shown_text(finding, finding.text, result), shown_text(finding, finding.other_text, result),
-       std::to_string(finding.number), std::to_string(finding.other_line), std::to_string(finding.other_number),
-       words_of(is_sire ? father : mother, language), words_of(is_sire ? father_first : mother_first, language),
-       words_of(is_sire ? female_word : male_word, language),
-       phrase(finding.number == 1 ? one_animal : many_animals, language, {std::to_string(finding.number)})});
+  std::string_view rest = words_of(kind_of(finding.code).message, language);
+  std::string message;
+  for (std::size_t brace = rest.find('{'); brace != std::string_view::npos; brace = rest.find('{')) {
+    message += rest.substr(0, brace);
+    const std::size_t end = rest.find('}', brace);
+    message += value_of_place(rest.substr(brace + 1, end - brace - 1), finding, result, language);
+    rest.remove_prefix(end + 1);
+  }
+  return message.append(rest);
 }
 
 std::string_view table_heading_of(ToolLanguage language) {

@@ -2,6 +2,7 @@
 // languages.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -34,9 +35,12 @@ enum ReportPart : std::uint32_t {
   every_part = (1U << 13U) - 1,
 };
 
-/// In a message {1} and {2} stand for the texts of a finding, {3} and {5} for its numbers, {4} for its other line, {6}
-/// for "father" or "mother", {7} for the same with a capital, {8} for the sex that such a parent does not have, {9} for
-/// "1 animal", "2 animals" by the first number.
+/// What is filled in where a message names it in braces: the texts, the other line and the numbers of a finding,
+/// "father" or "mother" and the same with a capital, the sex that such a parent does not have, and "1 animal", "2
+/// animals" by the first number. A message that names anything else does not compile.
+inline constexpr auto finding_places = std::to_array<std::string_view>(
+    {"text", "other_text", "line", "number", "other_number", "parent", "Parent", "wrong_sex", "animals"});
+
 struct FindingKind {
   FindingCode code = FindingCode::utf_16;
   std::string_view name;  ///< as --code takes it

@@ -2,6 +2,7 @@
 // each kind is called, how serious it is and what it says stands in finding_kinds.cpp.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -114,6 +115,15 @@ struct Findings {
   std::vector<Finding> list;
   TextStore texts;  ///< bytes of the data file, or UTF-8 of the checks themselves
 };
+
+/// How many findings there are of each kind, by code.
+using KindCounts = std::array<std::int64_t, finding_code_count>;
+
+inline KindCounts count_kinds(const Findings& findings) {
+  KindCounts counts = {};
+  for (const Finding& finding : findings.list) ++counts[static_cast<std::size_t>(finding.code)];
+  return counts;
+}
 
 /// Keeps a text for a finding.
 inline std::int32_t keep(Findings& findings, std::string_view text) {

@@ -31,14 +31,13 @@ ParentMention mention_of(const ParentUse& use) {
   return {ParentRole::dam, dam_column, use.first_as_dam, count};
 }
 
-Finding finding_of(FindingCode code, const PedigreeColumns& animals, std::int32_t id, const ParentMention& mention,
+Finding finding_of(FindingCode code, const PedigreeColumns& animals, const ParentMention& mention,
                    const ReadingPlan& plan) {
   return {.code = code,
           .role = mention.role,
           .column = plan.column_of[static_cast<std::size_t>(mention.field)],
           .line = animals.line_of(mention.young),
           .id = animals.id.at(mention.young),
-          .text = id,
           .number = mention.count};
 }
 
@@ -64,8 +63,10 @@ std::int32_t meant_animal(const PedigreeColumns& animals, const NearAnimals& nea
   return likely.front();
 }
 
-void add_with_animal(Finding finding, const PedigreeColumns& animals, std::int32_t animal, Findings& findings) {
-  finding.text = keep(findings, animals.ids.at(finding.text));
+/// Adds the finding with the parent's identification and, unless it is 0, the animal that has to do with it.
+void add_with_animal(Finding finding, const PedigreeColumns& animals, std::int32_t parent_id, std::int32_t animal,
+                     Findings& findings) {
+  finding.text = keep(findings, animals.ids.at(parent_id));
   if (animal != 0) {
     finding.other_text = keep(findings, animals.ids.at(animals.id.at(animal)));
     finding.other_line = animals.line_of(animal);
@@ -90,7 +91,7 @@ void check_parent_sex(const PedigreeColumns& animals, std::int32_t id, const Par
   const char letter = animals.sex.at(animal);
   if (letter == ' ' || letter == '?' || letter == '-') return;  // an unknown sex is told by itself
   const auto report = [&](ParentRole role, FieldCode field, std::int32_t young, std::int32_t count) {
-    add_with_animal(finding_of(FindingCode::parent_sex, animals, id, {role, field, young, count}, plan), animals,
+    add_with_animal(finding_of(FindingCode::parent_sex, animals, {role, field, young, count}, plan), animals, id,
                     animal, findings);
   };
   if (use.sire_count > 0 && !is_male) report(ParentRole::sire, sire_column, use.first_as_sire, use.sire_count);
@@ -99,7 +100,7 @@ void check_parent_sex(const PedigreeColumns& animals, std::int32_t id, const Par
 
 void report_both_roles(const PedigreeColumns& animals, std::int32_t id, const ParentUse& use, const ReadingPlan& plan,
                        Findings& findings) {
-  Finding finding = finding_of(FindingCode::both_roles, animals, id,
+  Finding finding = finding_of(FindingCode::both_roles, animals,
                                {ParentRole::sire, sire_column, use.first_as_sire, use.sire_count}, plan);
   finding.text = keep(findings, animals.ids.at(id));
   finding.other_line = animals.line_of(use.first_as_dam);
@@ -184,10 +185,10 @@ void check_missing_parents(const PedigreeColumns& animals, const ParentUses& use
     const ParentMention mention = mention_of(uses[id]);
     const auto same = spelling.find(id);
     if (same != spelling.end()) {
-      add_with_animal(finding_of(FindingCode::parent_spelling, animals, id, mention, plan), animals, same->second,
+      add_with_animal(finding_of(FindingCode::parent_spelling, animals, mention, plan), animals, id, same->second,
                       findings);
     } else if (means_unknown(readable(animals.ids.at(id)))) {
-      add_with_animal(finding_of(FindingCode::unknown_word, animals, id, mention, plan), animals, 0, findings);
+      add_with_animal(finding_of(FindingCode::unknown_word, animals, mention, plan), animals, id, 0, findings);
     } else {
       wanted.push_back(id);
     }
@@ -200,7 +201,7 @@ void check_missing_parents(const PedigreeColumns& animals, const ParentUses& use
     const auto found = near.find(id);
     const std::int32_t animal = found == near.end() ? 0 : meant_animal(animals, found->second, mention, plan);
     const FindingCode code = animal != 0 ? FindingCode::parent_one_letter : FindingCode::parent_missing;
-    add_with_animal(finding_of(code, animals, id, mention, plan), animals, animal, findings);
+    add_with_animal(finding_of(code, animals, mention, plan), animals, id, animal, findings);
   }
 }
 

@@ -44,14 +44,8 @@ std::string run_check(Desk& desk) {
   return {};
 }
 
-std::array<std::int64_t, finding_code_count> count_kinds(const std::vector<Finding>& list) {
-  std::array<std::int64_t, finding_code_count> counts = {};
-  for (const Finding& finding : list) ++counts[static_cast<std::size_t>(finding.code)];
-  return counts;
-}
-
 void add_kinds(JsonText& json, const Desk& desk) {
-  const auto counts = count_kinds(desk.check->findings.list);
+  const auto counts = count_kinds(desk.check->findings);
   begin_list(json, "kinds");
   for (std::size_t k = 0; k < counts.size(); ++k) {
     if (counts[k] == 0) continue;

@@ -32,18 +32,16 @@ constexpr Wording headings[] = {{"Kind", "Soort"},
                                 {"Falsifies", "Vervalst"},
                                 {"The first", "De eerste"}};
 
-struct FindingsOfKind {
-  std::int64_t count = 0;
-  const Finding* first = nullptr;
-};
+/// By code; null for a kind that was not found.
+using FirstOfKinds = std::array<const Finding*, finding_code_count>;
 
-std::array<FindingsOfKind, finding_code_count> count_kinds(const Findings& findings) {
-  std::array<FindingsOfKind, finding_code_count> kinds{};
+FirstOfKinds first_of_kinds(const Findings& findings) {
+  FirstOfKinds firsts = {};
   for (const Finding& finding : findings.list) {
-    FindingsOfKind& kind = kinds[static_cast<std::size_t>(finding.code)];
-    if (kind.count++ == 0) kind.first = &finding;
+    const Finding*& first = firsts[static_cast<std::size_t>(finding.code)];
+    if (first == nullptr) first = &finding;
   }
-  return kinds;
+  return firsts;
 }
 
 /// The kinds that were found, the most serious first.
@@ -51,15 +49,16 @@ FigureTable table_of_kinds(const PageFrame& frame, const CheckResult& check) {
   FigureTable table;
   table.is_of_words = true;
   for (const Wording& heading : headings) table.headings.push_back(frame.text(heading));
-  const auto kinds = count_kinds(check.findings);
+  const KindCounts counts = count_kinds(check.findings);
+  const FirstOfKinds firsts = first_of_kinds(check.findings);
   for (const Severity severity : {Severity::stops, Severity::falsifies, Severity::look}) {
-    for (std::size_t code = 0; code < kinds.size(); ++code) {
+    for (std::size_t code = 0; code < counts.size(); ++code) {
       const FindingKind& kind = kind_of(static_cast<FindingCode>(code));
-      if (kinds[code].count == 0 || kind.severity != severity) continue;
+      if (counts[code] == 0 || kind.severity != severity) continue;
       table.rows.push_back({std::string(kind.name),
-                            {heading_of(severity, frame.language), std::to_string(kinds[code].count),
+                            {heading_of(severity, frame.language), std::to_string(counts[code]),
                              severity == Severity::look ? std::string() : list_parts(kind.parts, frame.language),
-                             data_text(message_of(*kinds[code].first, check, frame.language))}});
+                             data_text(message_of(*firsts[code], check, frame.language))}});
     }
   }
   return table;

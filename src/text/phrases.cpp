@@ -7,6 +7,22 @@
 #include "text/utf_8.h"
 
 namespace pedigreewatch {
+namespace {
+
+/// At most so many letters of a text, with dots for what a terminal would act on.
+std::string with_dots(std::string_view text, std::size_t most_letters) {
+  std::string result;
+  for (std::size_t count = 0; !text.empty(); ++count) {
+    if (count == most_letters) return result + "...";
+    const char32_t letter = take_letter(text);
+    const bool is_control = letter < 0x20 || (letter >= 0x7F && letter < 0xA0);
+    const bool changes_direction = letter >= 0x200B && letter <= 0x202E;
+    append_letter(result, is_control || changes_direction ? U'.' : letter);
+  }
+  return result;
+}
+
+}  // namespace
 
 std::string phrase(const Wording& wording, ToolLanguage language, std::initializer_list<std::string_view> values) {
   return phrase(wording, language, std::span<const std::string_view>(values.begin(), values.size()));
@@ -27,16 +43,12 @@ std::string phrase(const Wording& wording, ToolLanguage language, std::span<cons
 }
 
 std::string shown(std::string_view text) {
-  constexpr int most_letters = 60;
-  std::string result;
-  for (int count = 0; !text.empty(); ++count) {
-    if (count == most_letters) return result + "...";
-    const char32_t letter = take_letter(text);
-    const bool is_control = letter < 0x20 || (letter >= 0x7F && letter < 0xA0);
-    const bool changes_direction = letter >= 0x200B && letter <= 0x202E;
-    append_letter(result, is_control || changes_direction ? U'.' : letter);
-  }
-  return result;
+  constexpr std::size_t most_letters = 60;
+  return with_dots(text, most_letters);
+}
+
+std::string shown_whole(std::string_view text) {
+  return with_dots(text, text.size());
 }
 
 std::string in_quotes(std::string_view text) {

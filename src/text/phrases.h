@@ -25,7 +25,10 @@ std::string phrase(const Wording& wording, ToolLanguage language, std::span<cons
 /// A text of the input for a message: UTF-8, at most 60 letters of it, with dots for what a terminal would act on.
 std::string shown(std::string_view text);
 
-/// The same in quotation marks.
+/// The same in its full length.
+std::string shown_whole(std::string_view text);
+
+/// A text of the input as `shown`, in quotation marks.
 std::string in_quotes(std::string_view text);
 
 }  // namespace pedigreewatch
