@@ -22,12 +22,8 @@ constexpr Wording fathers_word = {"fathers", "vaders"}, mothers_word = {"mothers
 constexpr ChartTexts births_texts = {
     "births",
     {"Animals born, by sex and by what became of them", "Geboren dieren, naar geslacht en wat ervan werd"},
-    {"A bar is the animals born in a year, divided into those that have offspring in the data and those that have "
-     "none; "
-     "the animals of the last years are still to breed, and imports without offspring are left out.",
-     "Een balk is de dieren die in een jaar geboren zijn, verdeeld in dieren met en zonder nakomelingen in de "
-     "gegevens; "
-     "de dieren van de laatste jaren moeten nog fokken, en importdieren zonder nakomelingen tellen niet mee."},
+    {"A bar is the animals born in a year, divided into those that have offspring in the data and those that have none; the animals of the last years are still to breed, and imports without offspring are left out.",
+     "Een balk is de dieren die in een jaar geboren zijn, verdeeld in dieren met en zonder nakomelingen in de gegevens; de dieren van de laatste jaren moeten nog fokken, en importdieren zonder nakomelingen tellen niet mee."},
     number_of_animals};
 struct FateNames {
   Sex sex;
@@ -45,10 +41,8 @@ constexpr FateNames fates[] = {{male,
 constexpr ChartTexts litters_texts = {
     "litters",
     {"Litters and their fathers", "Nesten en hun vaders"},
-    {"A litter is all animals of one mother born in one year; the report leaves the father of each year's first animal "
-     "out of its count.",
-     "Een nest is alle dieren van \xC3\xA9\xC3\xA9n moeder die in \xC3\xA9\xC3\xA9n jaar geboren zijn; de uitvoer telt "
-     "de vader van het eerste dier van elk jaar niet mee."},
+    {"A litter is all animals of one mother born in one year; the report leaves the father of each year's first animal out of its count.",
+     "Een nest is alle dieren van \xC3\xA9\xC3\xA9n moeder die in \xC3\xA9\xC3\xA9n jaar geboren zijn; de uitvoer telt de vader van het eerste dier van elk jaar niet mee."},
     {"number", "aantal"}};
 constexpr Wording litters_word = {"litters", "nesten"};
 constexpr Wording young_per_litter = {"young per litter", "jongen per nest"};
@@ -71,9 +65,7 @@ constexpr ChartTexts interval_texts = {
     "interval",
     {"Generation interval", "Generatie-interval"},
     {"The mean age of the parents at the births of a year; the longer it is, the slower inbreeding rises per year.",
-     "De gemiddelde leeftijd van de ouders bij de geboorten van een jaar; hoe langer, hoe langzamer de inteelt per "
-     "jaar "
-     "stijgt."},
+     "De gemiddelde leeftijd van de ouders bij de geboorten van een jaar; hoe langer, hoe langzamer de inteelt per jaar stijgt."},
     years_unit};
 constexpr Wording both_parents = {"both", "beide"};
 constexpr Wording all_years = {"all years: {1}", "alle jaren: {1}"};
@@ -81,34 +73,24 @@ constexpr Wording all_years = {"all years: {1}", "alle jaren: {1}"};
 constexpr ChartTexts ages_texts = {
     "ages",
     {"Ages of the parents", "Leeftijd van de ouders"},
-    {"How many animals, of all years together, had a father or mother of that age; age 3 is more than three and at "
-     "most "
-     "four years, and parents of at most one year are left out.",
-     "Hoeveel dieren, van alle jaren samen, een vader of moeder van die leeftijd hadden; leeftijd 3 is meer dan drie "
-     "en "
-     "hoogstens vier jaar, en ouders van hoogstens \xC3\xA9\xC3\xA9n jaar tellen niet mee."},
+    {"How many animals, of all years together, had a father or mother of that age; age 3 is more than three and at most four years, and parents of at most one year are left out.",
+     "Hoeveel dieren, van alle jaren samen, een vader of moeder van die leeftijd hadden; leeftijd 3 is meer dan drie en hoogstens vier jaar, en ouders van hoogstens \xC3\xA9\xC3\xA9n jaar tellen niet mee."},
     number_of_animals};
 constexpr Wording age_heading = {"Age in years", "Leeftijd in jaren"};
 
 constexpr ChartTexts equivalent_texts = {
     "equivalent",
     {"Completeness: generation equivalents", "Compleetheid: equivalente generaties"},
-    {"How many full generations of ancestors the animals of a year would have if what is known of them stood together; "
-     "inbreeding that lies further back cannot be seen.",
-     "Hoeveel volle generaties voorouders de dieren van een jaar zouden hebben als alles wat bekend is bij elkaar "
-     "stond; "
-     "inteelt die verder terug ligt is niet te zien."},
+    {"How many full generations of ancestors the animals of a year would have if what is known of them stood together; inbreeding that lies further back cannot be seen.",
+     "Hoeveel volle generaties voorouders de dieren van een jaar zouden hebben als alles wat bekend is bij elkaar stond; inteelt die verder terug ligt is niet te zien."},
     {"generations", "generaties"}};
 constexpr Wording equivalents_word = {"generation equivalents", "equivalente generaties"};
 
 constexpr ChartTexts complete_texts = {
     "complete",
     {"Completeness: generations wholly known", "Compleetheid: volledig bekende generaties"},
-    {"The share of the animals of a year of which that many generations of ancestors are known without a gap; the more "
-     "of "
-     "the bar is taken by high numbers, the better.",
-     "Het aandeel van de dieren van een jaar waarvan zoveel generaties voorouders zonder gat bekend zijn; hoe meer van "
-     "de balk door hoge aantallen wordt ingenomen, hoe beter."},
+    {"The share of the animals of a year of which that many generations of ancestors are known without a gap; the more of the bar is taken by high numbers, the better.",
+     "Het aandeel van de dieren van een jaar waarvan zoveel generaties voorouders zonder gat bekend zijn; hoe meer van de balk door hoge aantallen wordt ingenomen, hoe beter."},
     share_unit};
 constexpr Wording complete_names[] = {{"none", "geen"}, {"1", "1"}, {"2", "2"},
                                       {"3", "3"},       {"4", "4"}, {"5 or more", "5 of meer"}};
@@ -116,11 +98,8 @@ constexpr Wording complete_names[] = {{"none", "geen"}, {"1", "1"}, {"2", "2"},
 constexpr ChartTexts sires_texts = {
     "sires",
     {"Share of the most used sires", "Aandeel van de meest gebruikte vaders"},
-    {"The part of a year's animals with a known father that the most used sire, the four and the ten most used ones "
-     "have; "
-     "the lower the lines, the more evenly sires are used.",
-     "Het deel van de dieren van een jaar met bekende vader dat de meest gebruikte vader, de vier en de tien meest "
-     "gebruikte hebben; hoe lager de lijnen, hoe gelijkmatiger de vaders gebruikt worden."},
+    {"The part of a year's animals with a known father that the most used sire, the four and the ten most used ones have; the lower the lines, the more evenly sires are used.",
+     "Het deel van de dieren van een jaar met bekende vader dat de meest gebruikte vader, de vier en de tien meest gebruikte hebben; hoe lager de lijnen, hoe gelijkmatiger de vaders gebruikt worden."},
     {"% of the animals", "% van de dieren"}};
 constexpr Wording sire_count = {"Sires", "Vaders"}, top_sire = {"Top sire", "Topvader"};
 constexpr Wording share_names[] = {

@@ -13,12 +13,8 @@ namespace pedigreewatch {
 namespace {
 
 constexpr Wording nobody = {
-    "The reference population has no animals: there is nothing to compute. By default it is the animals of the last "
-    "ten "
-    "birth years whose parents are both known.",
-    "De referentiepopulatie heeft geen dieren: er valt niets te berekenen. Als niets anders gevraagd is zijn het de "
-    "dieren "
-    "van de laatste tien geboortejaren waarvan beide ouders bekend zijn."};
+    "The reference population has no animals: there is nothing to compute. By default it is the animals of the last ten birth years whose parents are both known.",
+    "De referentiepopulatie heeft geen dieren: er valt niets te berekenen. Als niets anders gevraagd is zijn het de dieren van de laatste tien geboortejaren waarvan beide ouders bekend zijn."};
 constexpr Wording about_youngest = {
     "The figures are about the {1} animals born from {2} to {3} whose parents are both known.",
     "De cijfers gaan over de {1} dieren die van {2} tot en met {3} geboren zijn en waarvan beide ouders bekend zijn."};
@@ -98,10 +94,8 @@ constexpr Wording from_sample = {"from a random sample of {1} pairs", "uit een s
 constexpr ChartTexts ancestors_texts = {
     "ancestors",
     {"The ancestors that contribute most", "De voorouders die het meest bijdragen"},
-    {"A bar is the part of the genes of the reference population that an ancestor explains beyond those before it, the "
-     "largest first.",
-     "Een balk is het deel van de genen van de referentiepopulatie dat een voorouder verklaart buiten wat de vorige al "
-     "verklaren, de grootste eerst."},
+    {"A bar is the part of the genes of the reference population that an ancestor explains beyond those before it, the largest first.",
+     "Een balk is het deel van de genen van de referentiepopulatie dat een voorouder verklaart buiten wat de vorige al verklaren, de grootste eerst."},
     {"share (0 to 1)", "aandeel (0 tot 1)"}};
 constexpr Wording rank_heading = {"Rank", "Plaats"}, ancestor_heading = {"Ancestor", "Voorouder"};
 constexpr Wording share_heading = {"share", "aandeel"}, sum_heading = {"together", "samen"};

@@ -19,9 +19,7 @@ constexpr Wording nothing_serious = {
     "De controles van de gegevens vonden niets dat cijfers vervalst; het bekijken waard: {1}."};
 constexpr Wording something_found = {
     "The checks of the data found faults that falsify figures or stop the run ({1}); the last section lists them.",
-    "De controles van de gegevens vonden fouten die cijfers vervalsen of het programma laten stoppen ({1}); het "
-    "laatste "
-    "deel noemt ze."};
+    "De controles van de gegevens vonden fouten die cijfers vervalsen of het programma laten stoppen ({1}); het laatste deel noemt ze."};
 constexpr Wording also_worth_a_look = {"Worth a look: {1}.", "Het bekijken waard: {1}."};
 constexpr Wording see_check = {"`pedigreewatch-tools check` names every line that is meant, and what to write instead.",
                                "`pedigreewatch-tools check` noemt elke regel die het betreft, en wat er moet staan."};

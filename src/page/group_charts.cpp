@@ -22,16 +22,14 @@ constexpr ChartTexts colours_texts = {
     "colours",
     {"Colours", "Kleurslagen"},
     {"A bar is the animals of a year, divided by colour; colours that the steer file does not list are taken together.",
-     "Een balk is de dieren van een jaar, verdeeld naar kleur; kleuren die de sturingsfile niet noemt zijn "
-     "samengenomen."},
+     "Een balk is de dieren van een jaar, verdeeld naar kleur; kleuren die de sturingsfile niet noemt zijn samengenomen."},
     number_of_animals};
 
 constexpr ChartTexts breeders_texts = {
     "breeders",
     {"Breeders", "Fokkers"},
     {"A bar is the animals of a year, divided by breeder, counted by whole names (the report cuts names into pieces).",
-     "Een balk is de dieren van een jaar, verdeeld naar fokker, geteld met hele namen (de uitvoer knipt namen in "
-     "stukken)."},
+     "Een balk is de dieren van een jaar, verdeeld naar fokker, geteld met hele namen (de uitvoer knipt namen in stukken)."},
     number_of_animals};
 constexpr Wording other_breeders = {"other breeders", "andere fokkers"};
 constexpr Wording no_breeder = {"without breeder", "zonder fokker"};
@@ -46,32 +44,23 @@ constexpr ChartTexts subpopulations_texts = {
     {"A bar is the animals of a year that belong to a listed subpopulation, divided by subpopulation.",
      "Een balk is de dieren van een jaar die tot een genoemde subpopulatie horen, verdeeld naar subpopulatie."},
     number_of_animals};
-constexpr ChartTexts inbreeding_within_texts = {"within-F",
-                                                {"Inbreeding within subpopulations", "Inteelt binnen subpopulaties"},
-                                                {"The mean F of the animals of each subpopulation, in years with two "
-                                                 "or more of them; at most the eight largest are "
-                                                 "shown.",
-                                                 "De gemiddelde F van de dieren van elke subpopulatie, in jaren met "
-                                                 "twee of meer dieren; hoogstens de acht grootste "
-                                                 "staan er."},
-                                                {"F (0 to 1)", "F (0 tot 1)"}};
-constexpr ChartTexts kinship_within_texts = {"within-f",
-                                             {"Kinship within subpopulations", "Verwantschap binnen subpopulaties"},
-                                             {"The mean kinship f (without self) of the animals of each subpopulation: "
-                                              "the higher, the fewer mates are left that "
-                                              "are not related.",
-                                              "De gemiddelde verwantschap f (zonder zelf) van de dieren van elke "
-                                              "subpopulatie: hoe hoger, hoe minder partners er "
-                                              "overblijven die geen familie zijn."},
-                                             {"f (0 to 1)", "f (0 tot 1)"}};
+constexpr ChartTexts inbreeding_within_texts = {
+    "within-F",
+    {"Inbreeding within subpopulations", "Inteelt binnen subpopulaties"},
+    {"The mean F of the animals of each subpopulation, in years with two or more of them; at most the eight largest are shown.",
+     "De gemiddelde F van de dieren van elke subpopulatie, in jaren met twee of meer dieren; hoogstens de acht grootste staan er."},
+    {"F (0 to 1)", "F (0 tot 1)"}};
+constexpr ChartTexts kinship_within_texts = {
+    "within-f",
+    {"Kinship within subpopulations", "Verwantschap binnen subpopulaties"},
+    {"The mean kinship f (without self) of the animals of each subpopulation: the higher, the fewer mates are left that are not related.",
+     "De gemiddelde verwantschap f (zonder zelf) van de dieren van elke subpopulatie: hoe hoger, hoe minder partners er overblijven die geen familie zijn."},
+    {"f (0 to 1)", "f (0 tot 1)"}};
 constexpr ChartTexts kinship_between_texts = {
     "between",
     {"Kinship between subpopulations", "Verwantschap tussen subpopulaties"},
-    {"The mean kinship f of the animals of two subpopulations, half the relationship a that the report's table has; at "
-     "most eight pairs of the largest are shown.",
-     "De gemiddelde verwantschap f van de dieren van twee subpopulaties, de helft van de verwantschap a in de tabel "
-     "van "
-     "de uitvoer; hoogstens acht paren van de grootste staan er."},
+    {"The mean kinship f of the animals of two subpopulations, half the relationship a that the report's table has; at most eight pairs of the largest are shown.",
+     "De gemiddelde verwantschap f van de dieren van twee subpopulaties, de helft van de verwantschap a in de tabel van de uitvoer; hoogstens acht paren van de grootste staan er."},
     {"f (0 to 1)", "f (0 tot 1)"}};
 constexpr Wording size_headings[] = {{"Subpopulation", "Subpopulatie"},
                                      {"Generation interval", "Generatie-interval"},

@@ -15,12 +15,8 @@ namespace {
 constexpr ChartTexts inbreeding_texts = {
     "inbreeding",
     {"Inbreeding and kinship", "Inteelt en verwantschap"},
-    {"F is the mean inbreeding of the animals born in a year and f the mean kinship of each two of them; the line of "
-     "the "
-     "parents ends one generation interval before the last year, because later animals are still to become parents.",
-     "F is de gemiddelde inteelt van de dieren die in een jaar geboren zijn en f de gemiddelde verwantschap van elke "
-     "twee van hen; de lijn van de ouders eindigt een generatie-interval v\xC3\xB3\xC3\xB3r het laatste jaar, omdat "
-     "latere dieren nog ouder moeten worden."},
+    {"F is the mean inbreeding of the animals born in a year and f the mean kinship of each two of them; the line of the parents ends one generation interval before the last year, because later animals are still to become parents.",
+     "F is de gemiddelde inteelt van de dieren die in een jaar geboren zijn en f de gemiddelde verwantschap van elke twee van hen; de lijn van de ouders eindigt een generatie-interval v\xC3\xB3\xC3\xB3r het laatste jaar, omdat latere dieren nog ouder moeten worden."},
     {"F, f (0 to 1)", "F, f (0 tot 1)"}};
 constexpr Wording F_all = {"F, all animals", "F, alle dieren"};
 constexpr Wording f_with = {"f, self included", "f, inclusief zelf"};
@@ -32,11 +28,8 @@ constexpr Wording f_mothers = {"f, mothers", "f, moeders"};
 constexpr ChartTexts period_texts = {
     "periods",
     {"Rate of inbreeding per generation, by period", "Inteelttoename per generatie, per periode"},
-    {"How fast F and f (self included) rose within each period; above 1 % per generation is commonly held to be too "
-     "fast, "
-     "below half a per cent to be sustainable.",
-     "Hoe snel F en f (inclusief zelf) in elke periode stegen; meer dan 1 % per generatie geldt algemeen als te snel, "
-     "minder dan een half procent als duurzaam."},
+    {"How fast F and f (self included) rose within each period; above 1 % per generation is commonly held to be too fast, below half a per cent to be sustainable.",
+     "Hoe snel F en f (inclusief zelf) in elke periode stegen; meer dan 1 % per generatie geldt algemeen als te snel, minder dan een half procent als duurzaam."},
     {"% per generation", "% per generatie"}};
 constexpr Wording period_heading = {"Period", "Periode"};
 constexpr Wording F_rate = {"F, all animals (%)", "F, alle dieren (%)"};

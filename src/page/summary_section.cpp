@@ -33,48 +33,28 @@ constexpr Wording sizes_differ = {"They differ: take the lowest one as a warning
                                   "Ze verschillen: neem de laagste als waarschuwing."};
 constexpr Wording size_is_not = {
     "The effective population size Ne cannot be estimated: inbreeding and kinship do not rise, or too little is known.",
-    "De effectieve populatiegrootte Ne is niet te schatten: inteelt en verwantschap stijgen niet, of er is te weinig "
-    "bekend."};
+    "De effectieve populatiegrootte Ne is niet te schatten: inteelt en verwantschap stijgen niet, of er is te weinig bekend."};
 constexpr Wording size_large = {
-    "Above 100: inbreeding rises by less than half a per cent per generation. The population is not in danger as long "
-    "as "
-    "this lasts.",
-    "Boven 100: de inteelt stijgt met minder dan een half procent per generatie. De populatie loopt geen gevaar zolang "
-    "dat zo blijft."};
+    "Above 100: inbreeding rises by less than half a per cent per generation. The population is not in danger as long as this lasts.",
+    "Boven 100: de inteelt stijgt met minder dan een half procent per generatie. De populatie loopt geen gevaar zolang dat zo blijft."};
 constexpr Wording size_middling = {
-    "Between 50 and 100: inbreeding rises by half a per cent to one per cent per generation. The advised minimum of 50 "
-    "is "
-    "met, but there is little to spare: watch how many sires are used, and how evenly.",
-    "Tussen 50 en 100: de inteelt stijgt met een half tot \xC3\xA9\xC3\xA9n procent per generatie. Het aanbevolen "
-    "minimum "
-    "van 50 wordt gehaald, maar er is weinig speling: let op hoeveel vaders er gebruikt worden, en hoe gelijkmatig."};
+    "Between 50 and 100: inbreeding rises by half a per cent to one per cent per generation. The advised minimum of 50 is met, but there is little to spare: watch how many sires are used, and how evenly.",
+    "Tussen 50 en 100: de inteelt stijgt met een half tot \xC3\xA9\xC3\xA9n procent per generatie. Het aanbevolen minimum van 50 wordt gehaald, maar er is weinig speling: let op hoeveel vaders er gebruikt worden, en hoe gelijkmatig."};
 constexpr Wording size_small = {
-    "Below 50: inbreeding rises by more than one per cent per generation, faster than is advised. More sires, used "
-    "more "
-    "evenly, and fewer matings of related animals are needed.",
-    "Onder 50: de inteelt stijgt met meer dan \xC3\xA9\xC3\xA9n procent per generatie, sneller dan wordt aanbevolen. "
-    "Er zijn "
-    "meer vaders nodig, gelijkmatiger gebruikt, en minder paringen van verwante dieren."};
+    "Below 50: inbreeding rises by more than one per cent per generation, faster than is advised. More sires, used more evenly, and fewer matings of related animals are needed.",
+    "Onder 50: de inteelt stijgt met meer dan \xC3\xA9\xC3\xA9n procent per generatie, sneller dan wordt aanbevolen. Er zijn meer vaders nodig, gelijkmatiger gebruikt, en minder paringen van verwante dieren."};
 
 constexpr Wording equivalents_are = {
     "Of the animals born in {1}, {2} generation equivalents of ancestors are known.",
-    "Van de dieren die in {1} geboren zijn, zijn {2} equivalente generaties voorouders "
-    "bekend."};
+    "Van de dieren die in {1} geboren zijn, zijn {2} equivalente generaties voorouders bekend."};
 constexpr Wording trust_good = {"That is enough to trust the figures of inbreeding and kinship.",
                                 "Dat is genoeg om op de cijfers van inteelt en verwantschap te vertrouwen."};
 constexpr Wording trust_some = {
-    "That shows recent inbreeding, but not what lies further back: true inbreeding is higher than the figures, and an "
-    "Ne "
-    "may come out too high.",
-    "Daarmee is recente inteelt te zien, maar niet wat verder terug ligt: de werkelijke inteelt is hoger dan de "
-    "cijfers, "
-    "en een Ne kan te hoog uitvallen."};
+    "That shows recent inbreeding, but not what lies further back: true inbreeding is higher than the figures, and an Ne may come out too high.",
+    "Daarmee is recente inteelt te zien, maar niet wat verder terug ligt: de werkelijke inteelt is hoger dan de cijfers, en een Ne kan te hoog uitvallen."};
 constexpr Wording trust_little = {
-    "That is too little: inbreeding can hardly be seen in such pedigrees, and Ne says more about the pedigrees than "
-    "about "
-    "the population.",
-    "Dat is te weinig: in zulke stambomen is inteelt nauwelijks te zien, en Ne zegt meer over de stambomen dan over de "
-    "populatie."};
+    "That is too little: inbreeding can hardly be seen in such pedigrees, and Ne says more about the pedigrees than about the population.",
+    "Dat is te weinig: in zulke stambomen is inteelt nauwelijks te zien, en Ne zegt meer over de stambomen dan over de populatie."};
 
 constexpr Wording ways[] = {{"from F of all years", "uit F van alle jaren"},
                             {"from f of all years", "uit f van alle jaren"},

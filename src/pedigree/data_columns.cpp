@@ -91,12 +91,11 @@ constexpr std::array<FieldAnnouncement, 12> announcements = {{
     {.code = subpopulation_column,
      .found = {" is interpreted as the subpopulation to which the animals belong",
                " zal worden gelezen als de subpopulatie waartoe het dier behoort"},
-     .further = {{{"parameters will be estimated for the whole population and for each subpopulation seperately if "
-                   "more than 1",
-                   "parameters zullen voor de totale populatie worden geschat, en voor elke subpopulatie apart als er "
-                   "meer dan 1 is"},
-                  {"  only subpopulations with names provided in input will be analysed",
-                   "  alleen subpopulaties waarvan de naam in de invoer is gegeven zullen worden geanalyseerd"}}}},
+     .further =
+         {{{"parameters will be estimated for the whole population and for each subpopulation seperately if more than 1",
+            "parameters zullen voor de totale populatie worden geschat, en voor elke subpopulatie apart als er meer dan 1 is"},
+           {"  only subpopulations with names provided in input will be analysed",
+            "  alleen subpopulaties waarvan de naam in de invoer is gegeven zullen worden geanalyseerd"}}}},
     {.code = import_column,
      .found = {" is interpreted as indicator whether animals have been imported and/or bred outside this population",
                " zal worden gelezen als een aanduiding of het dier is ge\xEF"

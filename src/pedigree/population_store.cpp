@@ -95,9 +95,8 @@ std::int32_t PopulationStore::line(std::int32_t position) const {
 }
 
 std::int32_t PopulationStore::find_odd_day(std::int32_t position) const {
-  const auto found =
-      std::lower_bound(odd_days.begin(), odd_days.end(), record_no(position),
-                       [](const OddDay& odd, std::int32_t wanted) { return odd.record < wanted; });
+  const auto found = std::lower_bound(odd_days.begin(), odd_days.end(), record_no(position),
+                                      [](const OddDay& odd, std::int32_t wanted) { return odd.record < wanted; });
   return found->day;
 }
 

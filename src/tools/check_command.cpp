@@ -22,22 +22,21 @@
 namespace pedigreewatch {
 namespace {
 
-constexpr std::string_view help =
-    "usage: pedigreewatch-tools check [OPTION...]\n"
-    "  Run it in the folder with pedigreewatch.ini. It finds everything in the data file that stops pedigreewatch,\n"
-    "  falsifies its figures or is worth a look, and says for each the line and what to write instead. Nothing is\n"
-    "  changed. All findings are written to NAME_check.tsv, a table for any spreadsheet.\n"
-    "\n"
-    "  --code CODE           show one kind of findings in full\n"
-    "  --limits FILE         other ages, intervals and litter sizes than those of the species; lines such as\n"
-    "                        youngest_parent_days = 300, young_parent_days, oldest_dam_years, oldest_sire_years,\n"
-    "                        births_apart_days, births_apart_look_days, largest_litter\n"
-    "  --today YYYY-MM-DD    the day beyond which a birth is in the future (else: today)\n"
-    "  --help                shows this text\n"
-    "\n"
-    "  Exit status: 0 nothing above \"worth a look\", 1 something stops the run or falsifies figures, 2 the files "
-    "could\n"
-    "  not be checked.\n";
+constexpr std::string_view help = R"(usage: pedigreewatch-tools check [OPTION...]
+  Run it in the folder with pedigreewatch.ini. It finds everything in the data file that stops pedigreewatch,
+  falsifies its figures or is worth a look, and says for each the line and what to write instead. Nothing is
+  changed. All findings are written to NAME_check.tsv, a table for any spreadsheet.
+
+  --code CODE           show one kind of findings in full
+  --limits FILE         other ages, intervals and litter sizes than those of the species; lines such as
+                        youngest_parent_days = 300, young_parent_days, oldest_dam_years, oldest_sire_years,
+                        births_apart_days, births_apart_look_days, largest_litter
+  --today YYYY-MM-DD    the day beyond which a birth is in the future (else: today)
+  --help                shows this text
+
+  Exit status: 0 nothing above "worth a look", 1 something stops the run or falsifies figures, 2 the files could
+  not be checked.
+)";
 
 constexpr auto rules = std::to_array<OptionRule>({{"--code"}, {"--limits"}, {"--today"}});
 

@@ -15,10 +15,8 @@ namespace pedigreewatch {
 namespace {
 
 constexpr std::string_view no_steer_file =
-    "pedigreewatch.ini: the steer file is not in this folder, or may not be read; go to the folder where pedigreewatch "
-    "is run\n"
-    "pedigreewatch.ini: de sturingsfile staat niet in deze map, of mag niet gelezen worden; ga naar de map waarin "
-    "pedigreewatch gestart wordt";
+    "pedigreewatch.ini: the steer file is not in this folder, or may not be read; go to the folder where pedigreewatch is run\n"
+    "pedigreewatch.ini: de sturingsfile staat niet in deze map, of mag niet gelezen worden; ga naar de map waarin pedigreewatch gestart wordt";
 constexpr Wording no_data_file = {
     "{1}: the data file that line 2 of pedigreewatch.ini names could not be opened",
     "{1}: het databestand dat regel 2 van pedigreewatch.ini noemt kon niet geopend worden"};

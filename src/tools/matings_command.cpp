@@ -25,22 +25,20 @@
 namespace pedigreewatch {
 namespace {
 
-constexpr std::string_view help =
-    "usage: pedigreewatch-tools matings [OPTION...]\n"
-    "  Run it in the folder with pedigreewatch.ini. It works out F of the offspring of females with males, exactly as "
-    "a\n"
-    "  run would show it, and writes it with the common ancestors of each pair to NAME_matings.tsv, the lowest F "
-    "first.\n"
-    "\n"
-    "  --females FILE        the females, one identification a line\n"
-    "  --males FILE          the males, likewise\n"
-    "  --years N             where no file is given: the animals born in the last N years (10)\n"
-    "  --best K              for each female only the K males with the lowest F\n"
-    "  --limit F             only pairs with F at most that: 0.0625 or 6.25%\n"
-    "  --csv                 write NAME_matings.csv, with commas, instead\n"
-    "  --help                shows this text\n"
-    "\n"
-    "  Exit status: 0 done, 1 something stands in the way, or animals of a file were left out, 2 wrong arguments.\n";
+constexpr std::string_view help = R"(usage: pedigreewatch-tools matings [OPTION...]
+  Run it in the folder with pedigreewatch.ini. It works out F of the offspring of females with males, exactly as a
+  run would show it, and writes it with the common ancestors of each pair to NAME_matings.tsv, the lowest F first.
+
+  --females FILE        the females, one identification a line
+  --males FILE          the males, likewise
+  --years N             where no file is given: the animals born in the last N years (10)
+  --best K              for each female only the K males with the lowest F
+  --limit F             only pairs with F at most that: 0.0625 or 6.25%
+  --csv                 write NAME_matings.csv, with commas, instead
+  --help                shows this text
+
+  Exit status: 0 done, 1 something stands in the way, or animals of a file were left out, 2 wrong arguments.
+)";
 
 constexpr auto rules =
     std::to_array<OptionRule>({{"--females"}, {"--males"}, {"--years"}, {"--best"}, {"--limit"}, {"--csv", false}});
@@ -73,10 +71,8 @@ constexpr Wording is_repeated = {"{1}, line {2}: {3}: stands in line {4} already
                                  "{1}, regel {2}: {3}: staat al in regel {4}; eenmaal meegenomen"};
 constexpr Wording further_notes = {"{1}: and {2} more of this kind", "{1}: en nog {2} van deze soort"};
 constexpr Wording too_many_pairs = {
-    "{1} females with {2} males are {3} pairs, and at most {4} are worked out; name fewer animals with --females and "
-    "--males, or give fewer --years",
-    "{1} vrouwelijke met {2} mannelijke dieren zijn {3} paren; er worden er hoogstens {4} berekend; noem minder dieren "
-    "met --females en --males, of geef minder --years"};
+    "{1} females with {2} males are {3} pairs, and at most {4} are worked out; name fewer animals with --females and --males, or give fewer --years",
+    "{1} vrouwelijke met {2} mannelijke dieren zijn {3} paren; er worden er hoogstens {4} berekend; noem minder dieren met --females en --males, of geef minder --years"};
 constexpr Wording too_many_rows = {
     "the table would have {1} lines, and at most {2} are written; give --best K, or a lower --limit F",
     "de tabel zou {1} regels hebben; er worden er hoogstens {2} geschreven; geef --best K, of een lagere --limit F"};

@@ -22,21 +22,20 @@
 namespace pedigreewatch {
 namespace {
 
-constexpr std::string_view help =
-    "usage: pedigreewatch-tools page [OPTION...]\n"
-    "  Run it in the folder with pedigreewatch.ini. It writes NAME.html beside where the report goes: a page for any\n"
-    "  browser with a summary in words, charts of the figures of the report, diversity, and what the checks found. "
-    "The\n"
-    "  page is one file, needs no network, and can be printed. An older page of this name is replaced.\n"
-    "\n"
-    "  --years A-B           reference population of the diversity figures: all animals born from A to B, such as\n"
-    "                        2001-2010\n"
-    "  --ids FILE            reference population: the animals of a list, one identification a line\n"
-    "                        (else: animals of the last ten birth years with both parents known)\n"
-    "  --help                shows this text\n"
-    "\n"
-    "  Exit status: 0 the page was written, 1 data or files stand in the way (nothing was written), 2 wrong\n"
-    "  arguments.\n";
+constexpr std::string_view help = R"(usage: pedigreewatch-tools page [OPTION...]
+  Run it in the folder with pedigreewatch.ini. It writes NAME.html beside where the report goes: a page for any
+  browser with a summary in words, charts of the figures of the report, diversity, and what the checks found. The
+  page is one file, needs no network, and can be printed. An older page of this name is replaced.
+
+  --years A-B           reference population of the diversity figures: all animals born from A to B, such as
+                        2001-2010
+  --ids FILE            reference population: the animals of a list, one identification a line
+                        (else: animals of the last ten birth years with both parents known)
+  --help                shows this text
+
+  Exit status: 0 the page was written, 1 data or files stand in the way (nothing was written), 2 wrong
+  arguments.
+)";
 
 constexpr auto rules = std::to_array<OptionRule>({{"--years"}, {"--ids"}});
 

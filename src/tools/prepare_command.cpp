@@ -16,34 +16,32 @@
 namespace pedigreewatch {
 namespace {
 
-constexpr std::string_view help =
-    "usage: pedigreewatch-tools prepare [OPTION...] EXPORT\n"
-    "  Turns what an office program exports (CSV, text) into NAME.txt and pedigreewatch.ini, ready for pedigreewatch.\n"
-    "  It says what it recognises, and asks for what it cannot decide: each question names the option that answers "
-    "it.\n"
-    "\n"
-    "  --dry-run             show everything, write nothing\n"
-    "  --out DIR             write into this folder (else: the folder you are in)\n"
-    "  --force               write over files that are there already\n"
-    "  --species WORD        dog, cat, cattle, sheep, horse, poultry, pig or other\n"
-    "  --language en|nl      language of the report and of these messages (else: English)\n"
-    "  --name TEXT           name of the population in the report (else: the name of the export)\n"
-    "  --column FIELD=COLUMN the column of a field, by its heading or number, or \"none\". Fields: id, sire, dam, "
-    "sex,\n"
-    "                        birthdate, name, colour, breeder, subpopulation, import. As often as needed:\n"
-    "                        --column id=\"Reg. no\" --column sire=7\n"
-    "  --header yes|no       whether the first line holds the headings\n"
-    "  --dates LAYOUT        order of the dates: dd-mm-yyyy, mm-dd-yyyy, yyyy-mm-dd, yyyy-dd-mm, ddmmyyyy, ...\n"
-    "  --male TEXT           how males are written: a letter with which the text begins, or the whole text\n"
-    "  --unknown TEXT        a text that stands for an unknown parent, besides the usual ones. As often as needed\n"
-    "  --subpopulations LIST names that the report distinguishes, with commas between them (or semicolons); \"all\";\n"
-    "                        or \"none\" to leave the column out\n"
-    "  --colours LIST        likewise\n"
-    "  --delimiter CHARACTER what divides the columns of the export: \";\" \",\" tab bar\n"
-    "  --encoding NAME       utf-8, utf-16 or windows-1252\n"
-    "  --help                shows this text\n"
-    "\n"
-    "  Exit status: 0 done, 1 something has to be answered or mended first (nothing was written), 2 wrong arguments.\n";
+constexpr std::string_view help = R"(usage: pedigreewatch-tools prepare [OPTION...] EXPORT
+  Turns what an office program exports (CSV, text) into NAME.txt and pedigreewatch.ini, ready for pedigreewatch.
+  It says what it recognises, and asks for what it cannot decide: each question names the option that answers it.
+
+  --dry-run             show everything, write nothing
+  --out DIR             write into this folder (else: the folder you are in)
+  --force               write over files that are there already
+  --species WORD        dog, cat, cattle, sheep, horse, poultry, pig or other
+  --language en|nl      language of the report and of these messages (else: English)
+  --name TEXT           name of the population in the report (else: the name of the export)
+  --column FIELD=COLUMN the column of a field, by its heading or number, or "none". Fields: id, sire, dam, sex,
+                        birthdate, name, colour, breeder, subpopulation, import. As often as needed:
+                        --column id="Reg. no" --column sire=7
+  --header yes|no       whether the first line holds the headings
+  --dates LAYOUT        order of the dates: dd-mm-yyyy, mm-dd-yyyy, yyyy-mm-dd, yyyy-dd-mm, ddmmyyyy, ...
+  --male TEXT           how males are written: a letter with which the text begins, or the whole text
+  --unknown TEXT        a text that stands for an unknown parent, besides the usual ones. As often as needed
+  --subpopulations LIST names that the report distinguishes, with commas between them (or semicolons); "all";
+                        or "none" to leave the column out
+  --colours LIST        likewise
+  --delimiter CHARACTER what divides the columns of the export: ";" "," tab bar
+  --encoding NAME       utf-8, utf-16 or windows-1252
+  --help                shows this text
+
+  Exit status: 0 done, 1 something has to be answered or mended first (nothing was written), 2 wrong arguments.
+)";
 
 constexpr auto rules = std::to_array<OptionRule>({{"--delimiter"},
                                                   {"--encoding"},

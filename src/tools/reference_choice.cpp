@@ -21,10 +21,8 @@ constexpr Wording not_read = {"{1}: the file of --ids could not be read to its e
 constexpr Wording unknown_id = {"{1}, line {2}: {3}: no animal of {4} has this identification",
                                 "{1}, regel {2}: {3}: geen dier van {4} heeft deze identificatie"};
 constexpr Wording more_unknown = {
-    "and {1} more lines; one identification a line was expected, written as in the data "
-    "file",
-    "en nog {1} regels; verwacht werd een identificatie per regel, geschreven als in het "
-    "databestand"};
+    "and {1} more lines; one identification a line was expected, written as in the data file",
+    "en nog {1} regels; verwacht werd een identificatie per regel, geschreven als in het databestand"};
 constexpr Wording no_text = {
     "{1}: one identification a line was expected, in UTF-8 or Windows-1252; this file is neither (UTF-16?)",
     "{1}: per regel werd een identificatie verwacht, in UTF-8 of Windows-1252; dit bestand is dat niet (UTF-16?)"};

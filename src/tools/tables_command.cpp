@@ -25,24 +25,24 @@
 namespace pedigreewatch {
 namespace {
 
-constexpr std::string_view help =
-    "usage: pedigreewatch-tools tables [OPTION...]\n"
-    "  Run it in the folder with pedigreewatch.ini. It writes the figures of the report as tables for R or a\n"
-    "  spreadsheet, in full precision, beside where the report goes:\n"
-    "    NAME_years.tsv           a row for each birth year, a column for each figure of the report\n"
-    "    NAME_subpopulations.tsv  the same for each subpopulation, when the steer file names two or more\n"
-    "    NAME_animals.tsv         a row for each animal, parents before their offspring\n"
-    "    NAME_diversity.tsv       figures of diversity of a reference population\n"
-    "  Older tables of these names are replaced.\n"
-    "\n"
-    "  --years A-B           reference population: all animals born from A to B, such as 2001-2010\n"
-    "  --ids FILE            reference population: the animals of a list, one identification a line\n"
-    "                        (else: animals of the last ten birth years with both parents known)\n"
-    "  --csv                 commas instead of tabs, and names that end in .csv\n"
-    "  --help                shows this text\n"
-    "\n"
-    "  Exit status: 0 the tables were written, 1 data or files stand in the way (nothing was written), 2 wrong\n"
-    "  arguments.\n";
+constexpr std::string_view help = R"(usage: pedigreewatch-tools tables [OPTION...]
+  Run it in the folder with pedigreewatch.ini. It writes the figures of the report as tables for R or a
+  spreadsheet, in full precision, beside where the report goes:
+    NAME_years.tsv           a row for each birth year, a column for each figure of the report
+    NAME_subpopulations.tsv  the same for each subpopulation, when the steer file names two or more
+    NAME_animals.tsv         a row for each animal, parents before their offspring
+    NAME_diversity.tsv       figures of diversity of a reference population
+  Older tables of these names are replaced.
+
+  --years A-B           reference population: all animals born from A to B, such as 2001-2010
+  --ids FILE            reference population: the animals of a list, one identification a line
+                        (else: animals of the last ten birth years with both parents known)
+  --csv                 commas instead of tabs, and names that end in .csv
+  --help                shows this text
+
+  Exit status: 0 the tables were written, 1 data or files stand in the way (nothing was written), 2 wrong
+  arguments.
+)";
 
 constexpr auto rules = std::to_array<OptionRule>({{"--years"}, {"--ids"}, {"--csv", false}});
 
@@ -54,10 +54,8 @@ constexpr Wording animals = {"{1} animals", "{1} dieren"};
 constexpr Wording subpopulations = {"{1} subpopulations", "{1} subpopulaties"};
 constexpr Wording reference_size = {"reference population of {1} animals", "referentiepopulatie van {1} dieren"};
 constexpr Wording no_reference = {
-    "no animal of the last ten birth years has both parents known: the reference population is empty, and so are its "
-    "figures; --years or --ids name another one",
-    "van geen dier van de laatste tien geboortejaren zijn beide ouders bekend: de referentiepopulatie is leeg, en haar "
-    "cijfers ook; --years of --ids noemen een andere"};
+    "no animal of the last ten birth years has both parents known: the reference population is empty, and so are its figures; --years or --ids name another one",
+    "van geen dier van de laatste tien geboortejaren zijn beide ouders bekend: de referentiepopulatie is leeg, en haar cijfers ook; --years of --ids noemen een andere"};
 
 struct TablesOptions {
   ReferenceOptions reference;
