@@ -61,13 +61,13 @@ bool begins_with(std::string_view text, std::u32string_view letters) {
 }
 
 void look_at(const PopulationStore& store, std::int32_t record, Search& search) {
-  const std::string_view id = store.ids.at(record);
+  const std::string_view id = store.kept.ids.at(record);
   if (begins_with(id, search.letters)) {
     const bool is_exact = small_letters(readable(id)).size() == search.letters.size();
     std::vector<std::int32_t>& found = is_exact ? search.exact : search.by_id;
     if (found.size() < search.most) found.push_back(record);
-  } else if (store.has_name && record <= store.file_records && search.by_name.size() < search.most &&
-             begins_with(store.names.at(record), search.letters)) {
+  } else if (store.has_name && record <= store.kept.file_records && search.by_name.size() < search.most &&
+             begins_with(store.kept.names.at(record), search.letters)) {
     search.by_name.push_back(record);
   }
 }

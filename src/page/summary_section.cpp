@@ -81,7 +81,7 @@ std::string animals_text(const PageFrame& frame) {
     if (count > 0) text += " " + phrase(wording, frame.language, {std::to_string(count)});
   };
   add_count(undated_animals, std::int64_t{store.animal_count} - std::ssize(frame.population().analysis.years.animals));
-  add_count(named_parents, std::int64_t{store.animal_count} - store.file_records);
+  add_count(named_parents, std::int64_t{store.animal_count} - store.kept.file_records);
   if (frame.years.is_cut) add_count(years_are_cut, frame.years.count());
   return text;
 }

@@ -20,9 +20,9 @@ void begin_column(ByNumber<Value>& column, std::size_t count, Value unknown = {}
 }
 
 void append_day(PopulationStore& store, std::int32_t day) {
-  const bool fits = day > PopulationStore::odd_day && day <= INT8_MAX;
-  store.day_of_month.values.push_back(fits ? static_cast<std::int8_t>(day) : PopulationStore::odd_day);
-  if (!fits) store.odd_days.push_back({store.animal_count, day});
+  const bool fits = day > StoreKeeping::odd_day && day <= INT8_MAX;
+  store.kept.day_of_month.values.push_back(fits ? static_cast<std::int8_t>(day) : StoreKeeping::odd_day);
+  if (!fits) store.kept.odd_days.push_back({store.animal_count, day});
 }
 
 void append_birth(PopulationStore& store, const LineRecord& record) {
@@ -32,9 +32,9 @@ void append_birth(PopulationStore& store, const LineRecord& record) {
 }
 
 void append_names(PopulationStore& store, const LineRecord& record, std::int32_t colour_no) {
-  if (store.has_name) store.names.add(record.name);
-  if (!store.subpopulation_text.values.empty()) {
-    store.subpopulation_text.values.push_back(store.subpopulation_texts.number_or_add(record.subpopulation));
+  if (store.has_name) store.kept.names.add(record.name);
+  if (!store.kept.subpopulation_text.values.empty()) {
+    store.kept.subpopulation_text.values.push_back(store.kept.subpopulation_texts.number_or_add(record.subpopulation));
   }
   if (store.has_colour) store.colour_no.values.push_back(colour_no);
   if (store.has_breeder) {
@@ -52,7 +52,7 @@ std::string_view parent_id(const PopulationStore& store, std::int32_t parent_no)
 void append_parent_number(PopulationStore& store, ByNumber<std::int32_t>& parent_numbers, const HashedText& id) {
   std::int32_t number = parent_numbers.values.back();
   if (id.text != parent_id(store, number)) {
-    number = id.text == unknown_parent_id ? 0 : number_of_parent(store.index, store.ids, id);
+    number = id.text == unknown_parent_id ? 0 : number_of_parent(store.index, store.kept.ids, id);
   }
   parent_numbers.values.push_back(number);
 }
@@ -80,23 +80,24 @@ void reorder(ByNumber<Value>& column, const ByNumber<std::int32_t>& position_bef
 
 std::string_view PopulationStore::name(std::int32_t position) const {
   const std::int32_t record = record_no(position);
-  if (record > file_records) return {};
-  return has_name ? names.at(record) : std::string_view("-");
+  if (record > kept.file_records) return {};
+  return has_name ? kept.names.at(record) : std::string_view("-");
 }
 
 SubpopulationName PopulationStore::subpopulation(std::int32_t position) const {
-  return subpopulation_text.values.empty() ? SubpopulationName()
-                                           : subpopulation_texts.names.at(subpopulation_text[position]);
+  return kept.subpopulation_text.values.empty() ? SubpopulationName()
+                                                : kept.subpopulation_texts.names.at(kept.subpopulation_text[position]);
 }
 
 std::int32_t PopulationStore::line(std::int32_t position) const {
   const std::int32_t record = record_no(position);
-  return record > file_records ? 0 : record + lines_before_records;
+  return record > kept.file_records ? 0 : record + kept.lines_before_records;
 }
 
 std::int32_t PopulationStore::find_odd_day(std::int32_t position) const {
-  const auto found = std::lower_bound(odd_days.begin(), odd_days.end(), record_no(position),
-                                      [](const OddDay& odd, std::int32_t wanted) { return odd.record < wanted; });
+  const auto found =
+      std::lower_bound(kept.odd_days.begin(), kept.odd_days.end(), record_no(position),
+                       [](const StoreKeeping::OddDay& odd, std::int32_t wanted) { return odd.record < wanted; });
   return found->day;
 }
 
@@ -138,7 +139,7 @@ void prepare_store(PopulationStore& store, std::int32_t count, const StoreNames&
   store.animal_count = std::min(count, 0);
   begin_column(store.birth_year, room);
   begin_column(store.birth_month, room, std::uint8_t{1});
-  begin_column(store.day_of_month, room, std::int8_t{1});
+  begin_column(store.kept.day_of_month, room, std::int8_t{1});
   begin_column(store.sex, room, female);
   begin_column(store.is_import, room);
   begin_column(store.sire_no, room);
@@ -146,11 +147,12 @@ void prepare_store(PopulationStore& store, std::int32_t count, const StoreNames&
   reserve_texts(store.index.texts, size);
   if (store.has_colour) begin_column(store.colour_no, room);
   if (store.has_breeder) begin_column(store.breeder_no, room);
-  store.subpopulation_texts = names.subpopulations;
-  store.allowed_subpopulations = names.subpopulations.count();
-  store.blank_subpopulation = names.subpopulations.number_of(std::string_view());
-  store.blank_colour = names.colours.number_of(std::string_view());
-  if (store.has_subpopulation && store.allowed_subpopulations > 1) begin_column(store.subpopulation_text, room);
+  store.kept.subpopulation_texts = names.subpopulations;
+  store.kept.allowed_subpopulations = names.subpopulations.count();
+  store.kept.blank_subpopulation = names.subpopulations.number_of(std::string_view());
+  store.kept.blank_colour = names.colours.number_of(std::string_view());
+  if (store.has_subpopulation && store.kept.allowed_subpopulations > 1)
+    begin_column(store.kept.subpopulation_text, room);
 }
 
 RecordIds ids_of(const LineRecord& record) {
@@ -159,9 +161,9 @@ RecordIds ids_of(const LineRecord& record) {
 
 void append_record(PopulationStore& store, const LineRecord& record, const RecordIds& ids, std::int32_t colour_no) {
   ++store.animal_count;
-  store.file_records = store.animal_count;
-  store.ids.add(record.id);
-  add_record_id(store.index, store.ids, ids.own, store.animal_count);
+  store.kept.file_records = store.animal_count;
+  store.kept.ids.add(record.id);
+  add_record_id(store.index, store.kept.ids, ids.own, store.animal_count);
   append_birth(store, record);
   store.sex.values.push_back(record.sex);
   store.is_import.values.push_back(record.is_import ? 1 : 0);
@@ -173,27 +175,27 @@ void append_record(PopulationStore& store, const LineRecord& record, const Recor
 std::int32_t append_parent(PopulationStore& store, std::string_view id, Sex sex) {
   const LineRecord parent = {.name = {}, .sex = sex};
   ++store.animal_count;
-  store.ids.add(id);
+  store.kept.ids.add(id);
   append_birth(store, parent);
   store.sex.values.push_back(sex);
   store.is_import.values.push_back(0);
   store.sire_no.values.push_back(0);
   store.dam_no.values.push_back(0);
-  append_names(store, parent, store.blank_colour);
+  append_names(store, parent, store.kept.blank_colour);
   return store.animal_count;
 }
 
 void reorder_animals(PopulationStore& store, ByNumber<std::int32_t> position_before) {
   reorder(store.birth_year, position_before);
   reorder(store.birth_month, position_before);
-  reorder(store.day_of_month, position_before);
+  reorder(store.kept.day_of_month, position_before);
   reorder(store.sex, position_before);
   reorder(store.is_import, position_before);
   reorder(store.native_offspring_count, position_before);
   reorder(store.is_parent, position_before);
   reorder(store.colour_no, position_before);
   reorder(store.breeder_no, position_before);
-  reorder(store.subpopulation_text, position_before);
+  reorder(store.kept.subpopulation_text, position_before);
   reorder(store.sire_no, position_before);
   reorder(store.dam_no, position_before);
   ByNumber<std::int32_t> position_now(store.size());
@@ -201,7 +203,7 @@ void reorder_animals(PopulationStore& store, ByNumber<std::int32_t> position_bef
   for (ByNumber<std::int32_t>* const parents : {&store.sire_no, &store.dam_no}) {
     for (std::int32_t& parent : parents->values) parent = position_now[parent];
   }
-  store.record_of_position = std::move(position_before);
+  store.kept.record_of_position = std::move(position_before);
 }
 
 std::vector<std::int32_t> all_positions(const PopulationStore& store) {

@@ -72,6 +72,25 @@ struct AnimalRecord {
   float inbreeding = 0.0F;                  ///< F
 };
 
+/// How the store keeps what its accessors yield: texts in the order of the records, days in a byte. Reading, appending
+/// and reordering change it, and nothing else does.
+struct StoreKeeping {
+  static constexpr std::int8_t odd_day = -128;  ///< stands for a day that does not fit into a byte
+  struct OddDay {
+    std::int32_t record = 0, day = 0;
+  };
+  ByNumber<std::int32_t> record_of_position;  ///< empty until the pedigree is sorted
+  ByNumber<std::int8_t> day_of_month;
+  std::vector<OddDay> odd_days;                                    ///< by record
+  ByNumber<std::int32_t> subpopulation_text;                       ///< among `subpopulation_texts`
+  NameList<SubpopulationName{}.bytes.size()> subpopulation_texts;  ///< the allowed ones first
+  std::int32_t allowed_subpopulations = 0, blank_subpopulation = 0, blank_colour = 0;
+  TextArena ids;
+  TextArena names;                ///< only with a column of names
+  std::int32_t file_records = 0;  ///< records of the data file; appended parents follow them
+  std::int32_t lines_before_records = 0;
+};
+
 /// The columns have the names and meanings of the record's fields, each with an entry 0 for the unknown animal. Those
 /// of a phase that has not run yet, or of a field that the data file lacks, are empty.
 struct PopulationStore {
@@ -98,22 +117,23 @@ struct PopulationStore {
   NameList<BreederName{}.bytes.size()> breeders;  ///< all of the data file, in the order of first appearance
   IdIndex index;                                  ///< of all identifications, until the parents are linked
 
-  /// The record of the data file that an animal comes from, appended parents behind them; 0 for the unknown one.
+  /// The record of the data file that an animal comes from; 0 for the unknown one. Appended parents, which have none,
+  /// are numbered on behind the last record.
   std::int32_t record_no(std::int32_t position) const {
-    return record_of_position.values.empty() ? position : record_of_position[position];
+    return kept.record_of_position.values.empty() ? position : kept.record_of_position[position];
   }
   std::int32_t birth_day(std::int32_t position) const {
     // A small number, not a letter.
-    const std::int32_t day = day_of_month[position];  // NOLINT(bugprone-signed-char-misuse,cert-str34-c)
-    return day == odd_day ? find_odd_day(position) : day;
+    const std::int32_t day = kept.day_of_month[position];  // NOLINT(bugprone-signed-char-misuse,cert-str34-c)
+    return day == StoreKeeping::odd_day ? find_odd_day(position) : day;
   }
   /// Its number among the allowed subpopulations; 0 for any other text.
   std::int32_t subpopulation_no(std::int32_t position) const {
-    if (subpopulation_text.values.empty()) return blank_subpopulation;
-    const std::int32_t number = subpopulation_text[position];
-    return number <= allowed_subpopulations ? number : 0;
+    if (kept.subpopulation_text.values.empty()) return kept.blank_subpopulation;
+    const std::int32_t number = kept.subpopulation_text[position];
+    return number <= kept.allowed_subpopulations ? number : 0;
   }
-  std::string_view id(std::int32_t position) const { return ids.at(record_no(position)); }
+  std::string_view id(std::int32_t position) const { return kept.ids.at(record_no(position)); }
   std::string_view name(std::int32_t position) const;
   /// The text of the subpopulation; blank when the steer file allows fewer than two of them.
   SubpopulationName subpopulation(std::int32_t position) const;
@@ -127,21 +147,7 @@ struct PopulationStore {
   /// Animals in the store; 0 where `animal_count` is -1.
   std::size_t size() const { return animal_count > 0 ? static_cast<std::size_t>(animal_count) : 0; }
 
-  // How the fields above are kept; `append_record` and `reorder_animals` alone change these.
-  static constexpr std::int8_t odd_day = -128;  ///< stands for a day that does not fit into a byte
-  struct OddDay {
-    std::int32_t record = 0, day = 0;
-  };
-  ByNumber<std::int32_t> record_of_position;  ///< empty until the pedigree is sorted
-  ByNumber<std::int8_t> day_of_month;
-  std::vector<OddDay> odd_days;                                    ///< by record
-  ByNumber<std::int32_t> subpopulation_text;                       ///< among `subpopulation_texts`
-  NameList<SubpopulationName{}.bytes.size()> subpopulation_texts;  ///< the allowed ones first
-  std::int32_t allowed_subpopulations = 0, blank_subpopulation = 0, blank_colour = 0;
-  TextArena ids;
-  TextArena names;                ///< only with a column of names
-  std::int32_t file_records = 0;  ///< records of the data file; appended parents follow them
-  std::int32_t lines_before_records = 0;
+  StoreKeeping kept;
 
  private:
   std::int32_t find_odd_day(std::int32_t position) const;

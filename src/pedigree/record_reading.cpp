@@ -171,7 +171,7 @@ std::string_view keep_line(KeptLine& kept, std::string_view line) {
 
 void append_batch(PopulationStore& store, const DataFileLayout& layout, RecordBatch& batch) {
   const std::span<const KeptLine> lines = std::span(batch.lines).first(batch.count);
-  for (const KeptLine& line : lines) fetch_texts_early(store.index, store.ids, line.ids);
+  for (const KeptLine& line : lines) fetch_texts_early(store.index, store.kept.ids, line.ids);
   for (const KeptLine& line : lines) {
     append_record(store, line.record, line.ids, layout.colours.number_of(line.record.colour));
   }
@@ -181,7 +181,7 @@ void append_batch(PopulationStore& store, const DataFileLayout& layout, RecordBa
 /// A file that ends before its lines are all there leaves the other records as they stand before reading.
 void append_unread_records(PopulationStore& store, std::int32_t count) {
   const LineRecord unread;
-  for (std::int32_t i = 0; i < count; ++i) append_record(store, unread, ids_of(unread), store.blank_colour);
+  for (std::int32_t i = 0; i < count; ++i) append_record(store, unread, ids_of(unread), store.kept.blank_colour);
 }
 
 /// The place of the first delimiter at or behind `from`; the line's length when there is none. Fields are short: eight
@@ -272,7 +272,7 @@ void read_data_file(LineReader& data, std::int32_t record_count, const DataFileL
   const DataColumns data_columns = read_columns(data, layout, store, streams);
   const std::span<const std::int32_t> columns = columns_that_count(data_columns.codes);
   prepare_store(store, record_count, {layout.subpopulations, layout.colours});
-  store.lines_before_records = static_cast<std::int32_t>(data.line_number);
+  store.kept.lines_before_records = static_cast<std::int32_t>(data.line_number);
   const std::int32_t interval = record_interval(record_count);
   std::int32_t counter = 1;
   std::string_view line;

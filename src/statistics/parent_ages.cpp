@@ -64,7 +64,7 @@ OldestParents determine_parent_ages(PopulationStore& store, TextOutput& console)
     if (progress.is_due()) write_free_line(console, {animal_no, i - 1, age_determined});
     fetch_later_parents(store, i, store.birth_year);
     fetch_later_parents(store, i, store.birth_month);
-    fetch_later_parents(store, i, store.day_of_month);
+    fetch_later_parents(store, i, store.kept.day_of_month);
     store.sire_age_days[i] = age_at_birth(store, store.sire_no[i], i);
     store.dam_age_days[i] = age_at_birth(store, store.dam_no[i], i);
     largest.look_at(store, i);

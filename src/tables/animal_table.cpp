@@ -87,16 +87,16 @@ std::array<std::int32_t, 3> later_family(const PopulationStore& store, std::int3
 /// Has fetched, each step from what the step before has brought: the record of an animal, where its text ends, its
 /// text.
 void fetch_texts_early(const PopulationStore& store, std::int32_t position) {
-  if (!store.record_of_position.values.empty()) {
+  if (!store.kept.record_of_position.values.empty()) {
     for (const std::int32_t animal : later_family(store, position, 3 * look_ahead)) {
-      fetch_early(&store.record_of_position[animal]);
+      fetch_early(&store.kept.record_of_position[animal]);
     }
   }
   for (const std::int32_t animal : later_family(store, position, 2 * look_ahead)) {
-    if (animal != 0) fetch_early(&store.ids.ends[static_cast<std::size_t>(store.record_no(animal)) - 1]);
+    if (animal != 0) fetch_early(&store.kept.ids.ends[static_cast<std::size_t>(store.record_no(animal)) - 1]);
   }
   for (const std::int32_t animal : later_family(store, position, look_ahead)) {
-    if (animal != 0) store.ids.fetch_text_early(store.record_no(animal));
+    if (animal != 0) store.kept.ids.fetch_text_early(store.record_no(animal));
   }
 }
 

@@ -51,7 +51,7 @@ TEST(CheckParentAges, TwentyMillionFiguresAreTheMost) {
 
 TEST(CheckParentAges, MessageNamesBothDatesAndTheirLines) {
   PopulationStore store = thousand_years_of(father_and_young());
-  store.lines_before_records = 811;
+  store.kept.lines_before_records = 811;
   EXPECT_EQ(
       message_on(store, {.of_males = 20'001, .of_females = 0}),
       "dogs.txt: fathers up to 20001 and mothers up to 0 years old (the oldest parent \"F1\" was born on "
@@ -65,7 +65,7 @@ TEST(CheckParentAges, MessageNamesTheFirstAndTheLastYearWhenTheyAreManyYearsApar
   last.id.assign("Z1");
   last.birth_year = 2999;
   PopulationStore store = thousand_years_of(records);
-  store.lines_before_records = 811;
+  store.kept.lines_before_records = 811;
   EXPECT_EQ(message_on(store, {.of_males = 20'001, .of_females = 0}).find("birth years"), std::string::npos);
   store.birth_years = {.first = 1999, .last = 2999, .count = 1001};
   EXPECT_EQ(

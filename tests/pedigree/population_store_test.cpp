@@ -101,7 +101,7 @@ TEST(PrepareStore, NegativeCountGivesAnEmptyStore) {
 
 TEST(AppendRecord, AllFieldsAreThereAgain) {
   PopulationStore store = store_of(std::vector{unread_record(), full_record()}, names_to_look_up());
-  store.lines_before_records = 1;
+  store.kept.lines_before_records = 1;
   const AnimalRecord expected = full_record(), animal = store.at(2);
   EXPECT_EQ(animal.id, expected.id);
   EXPECT_EQ(animal.name, expected.name);
@@ -208,7 +208,7 @@ TEST(AppendRecord, WithoutAColumnOfNamesEveryNameIsADash) {
   prepare_store(store, 1, {Subpopulations(), Colours()});
   append_animal(store, full_record(), 0);
   EXPECT_EQ(store.at(1).name.full(), padded("- ", 50));
-  EXPECT_EQ(store.names.count(), 0);
+  EXPECT_EQ(store.kept.names.count(), 0);
 }
 
 TEST(AppendRecord, FieldsWithoutAColumnTakeNoMemory) {
@@ -219,7 +219,7 @@ TEST(AppendRecord, FieldsWithoutAColumnTakeNoMemory) {
   append_parent(store, "the father", male);
   EXPECT_TRUE(store.colour_no.values.empty());
   EXPECT_TRUE(store.breeder_no.values.empty());
-  EXPECT_TRUE(store.subpopulation_text.values.empty());
+  EXPECT_TRUE(store.kept.subpopulation_text.values.empty());
   EXPECT_EQ(store.breeders.count(), 0);
   EXPECT_TRUE(store.at(1).breeder.is_blank());
   EXPECT_TRUE(store.at(1).subpopulation.is_blank());
@@ -264,7 +264,7 @@ TEST(AppendParent, HasNoNameNoParentsAndNoBirth) {
   for (const bool has_name : {true, false}) {
     PopulationStore store = store_of(std::vector{full_record()}, names_to_look_up());
     store.has_name = has_name;
-    store.lines_before_records = 1;
+    store.kept.lines_before_records = 1;
     EXPECT_EQ(append_parent(store, "NL-7", male), 2);
     ASSERT_EQ(store.animal_count, 2);
     const AnimalRecord parent = store.at(2);
@@ -311,7 +311,7 @@ TEST(ReorderAnimals, EveryFieldGoesWithItsAnimal) {
   second.breeder.assign("Vos");
   second.subpopulation.assign("smooth");
   PopulationStore store = store_of(std::vector{first, second}, names_to_look_up());
-  store.lines_before_records = 10;
+  store.kept.lines_before_records = 10;
   append_parent(store, "c", male);
   store.native_offspring_count = order_of({1, 2, 3});
   store.is_parent = ByNumber<Flag>(3);
@@ -356,7 +356,7 @@ TEST(ReorderAnimals, ColumnsThatAreNotThereStayAway) {
   reorder_animals(store, order_of({2, 1}));
   EXPECT_TRUE(store.colour_no.values.empty());
   EXPECT_TRUE(store.breeder_no.values.empty());
-  EXPECT_TRUE(store.subpopulation_text.values.empty());
+  EXPECT_TRUE(store.kept.subpopulation_text.values.empty());
   EXPECT_TRUE(store.native_offspring_count.values.empty());
   EXPECT_EQ(store.at(1).name.full(), padded("- ", 50));
 }
