@@ -3,7 +3,9 @@
 // figure.
 #pragma once
 
-#if defined(__linux__) && defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && \
+#if defined(PEDIGREEWATCH_ONE_PROCESSOR)  // tests make a function for one of them alone
+#define PEDIGREEWATCH_PROCESSOR_CLONES PEDIGREEWATCH_ONE_PROCESSOR
+#elif defined(__linux__) && defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && \
     !defined(__SANITIZE_ADDRESS__)
 #define PEDIGREEWATCH_PROCESSOR_CLONES __attribute__((target_clones("avx512f", "avx2", "default")))
 #else
