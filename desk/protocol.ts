@@ -1,8 +1,9 @@
 // What the page asks the worker, and what the worker says. The answers are those of src/desk.
 
-export type Operation =
-  | "open" | "change" | "write" | "check" | "chooseFindings" | "listFindings" | "run" | "text" | "bytes" | "find"
-  | "pair" | "rankMales" | "orderMales" | "listMales" | "language" | "files";
+import type { operations } from "./operations";
+
+/** "files" hands over a file that the worker has; everything else is done by the core. */
+export type Operation = keyof typeof operations | "files";
 
 export interface Question { id: number; operation: Operation; values: (string | number)[]; files?: File[]; }
 export interface Reply { id: number; answer?: unknown; failure?: string; }

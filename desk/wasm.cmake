@@ -10,14 +10,15 @@ endforeach()
 
 # For a worker made from a text, which hands over the bytes of the core itself: nothing is loaded from anywhere, nothing
 # is evaluated.
-set(desk_operations malloc free desk_create desk_destroy desk_set_language desk_answer desk_answer_size desk_open
-    desk_open_pair desk_change desk_write desk_check desk_choose_findings desk_list_findings desk_run desk_find
-    desk_pair desk_rank_males desk_order_males desk_list_males desk_text)
-list(TRANSFORM desk_operations PREPEND _)
+set(table_of_operations ${CMAKE_CURRENT_LIST_DIR}/operations.ts)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${table_of_operations})
+file(STRINGS ${table_of_operations} desk_operations REGEX "^  [A-Za-z]+: \"desk_[a-z_]+\",$")
+list(TRANSFORM desk_operations REPLACE ".*\"(desk_[a-z_]+)\".*" "_\\1")
+list(REMOVE_DUPLICATES desk_operations)
 list(JOIN desk_operations "," desk_operations)
 add_executable(desk_core src/desk/desk_interface.cpp)
 target_link_libraries(desk_core PRIVATE pedigreewatch_core)
 target_link_options(desk_core PRIVATE
   -fexceptions ${wasm_memory} -sINITIAL_MEMORY=32MB -sMODULARIZE -sEXPORT_NAME=createDeskCore
   -sENVIRONMENT=worker -sDYNAMIC_EXECUTION=0 -sALLOW_TABLE_GROWTH -sFORCE_FILESYSTEM --no-entry
-  -sEXPORTED_FUNCTIONS=${desk_operations} -sEXPORTED_RUNTIME_METHODS=FS,addFunction,UTF8ToString,stringToUTF8,lengthBytesUTF8)
+  -sEXPORTED_FUNCTIONS=_malloc,_free,${desk_operations} -sEXPORTED_RUNTIME_METHODS=FS,addFunction,UTF8ToString,stringToUTF8,lengthBytesUTF8)

@@ -1,6 +1,7 @@
 // The worker: keeps the core with its handle and answers one question after the other. Files lie in the memory of the
 // core's own file system.
 
+import { operations, upkeep } from "./operations";
 import type { Question } from "./protocol";
 
 interface FileSystem {
@@ -36,9 +37,10 @@ function numberOfToday(): number {
 }
 
 interface Desk { core: Core; handle: number; }
+type Procedure = (typeof operations)[keyof typeof operations];
 
 /** Calls an operation of the core; texts become UTF-8 for as long as it takes. */
-function call(desk: Desk, operation: string, values: (string | number)[]): void {
+function call(desk: Desk, procedure: Procedure, values: (string | number)[]): void {
   const { core } = desk;
   const places: number[] = [];
   const numbers = values.map((value) => {
@@ -48,22 +50,23 @@ function call(desk: Desk, operation: string, values: (string | number)[]): void 
     places.push(place);
     return place;
   });
-  core[`_${operation}`](desk.handle, ...numbers);
+  core[`_${procedure}`](desk.handle, ...numbers);
   for (const place of places) core._free(place);
 }
 
 /** The bytes of the last answer, copied out of the core. */
 function answerBytes(desk: Desk): Uint8Array {
-  const begin = desk.core._desk_answer(desk.handle) >>> 0, size = desk.core._desk_answer_size(desk.handle) >>> 0;
-  return desk.core.HEAPU8.slice(begin, begin + size);
+  const { core, handle } = desk;
+  const begin = core[`_${upkeep.answer}`](handle) >>> 0, size = core[`_${upkeep.answerSize}`](handle) >>> 0;
+  return core.HEAPU8.slice(begin, begin + size);
 }
 
 function answerText(desk: Desk): string {
   return new TextDecoder().decode(answerBytes(desk));
 }
 
-function askForObject(desk: Desk, operation: string, values: (string | number)[]): unknown {
-  call(desk, operation, values);
+function askForObject(desk: Desk, procedure: Procedure, values: (string | number)[]): unknown {
+  call(desk, procedure, values);
   return JSON.parse(answerText(desk));
 }
 
@@ -82,7 +85,7 @@ async function createDesk(): Promise<Desk> {
   const tell = core.addFunction((text) => postMessage({ phase: core.UTF8ToString(text) }), "vi");
   const folder = core._malloc(runFolder.length + 1);
   core.stringToUTF8(runFolder, folder, runFolder.length + 1);
-  desk.handle = core._desk_create(folder, numberOfToday(), tell);
+  desk.handle = core[`_${upkeep.create}`](folder, numberOfToday(), tell);
   core._free(folder);
   return desk;
 }
@@ -112,29 +115,21 @@ async function open(desk: Desk, files: File[], settings: string): Promise<unknow
   }
   const names = files.map((file) => safeName(file.name));
   const steer = names.find((name) => /\.ini$/i.test(name));
-  if (files.length === 1 || steer === undefined) return askForObject(desk, "desk_open", [names[0], settings]);
+  if (files.length === 1 || steer === undefined) return askForObject(desk, operations.open, [names[0], settings]);
   const data = names.find((name) => name !== steer) ?? steer;
-  return askForObject(desk, "desk_open_pair", [steer, data]);
+  return askForObject(desk, operations.openPair, [steer, data]);
 }
-
-const operations: Partial<Record<Question["operation"], string>> = {
-  change: "desk_change", write: "desk_write", check: "desk_check", chooseFindings: "desk_choose_findings",
-  listFindings: "desk_list_findings", run: "desk_run", find: "desk_find", pair: "desk_pair",
-  rankMales: "desk_rank_males", orderMales: "desk_order_males", listMales: "desk_list_males",
-};
 
 async function answer(desk: Desk, question: Question): Promise<unknown> {
   const { operation, values } = question;
   if (operation === "open") return open(desk, question.files ?? [], String(values[0]));
-  if (operation === "language") return call(desk, "desk_set_language", values);
+  if (operation === "files") return desk.core.FS.readFile(String(values[0])).slice();
+  if (operation === "language") return call(desk, operations.language, values);
   if (operation === "text" || operation === "bytes") {
-    call(desk, "desk_text", values);
+    call(desk, operations[operation], values);
     return operation === "text" ? answerText(desk) : answerBytes(desk);
   }
-  if (operation === "files") return desk.core.FS.readFile(String(values[0])).slice();
-  const name = operations[operation];
-  if (name === undefined) throw new Error(operation);
-  return askForObject(desk, name, values);
+  return askForObject(desk, operations[operation], values);
 }
 
 // Made ready before the first question.

@@ -1,0 +1,29 @@
+// The table of the operations: what the page calls each, and the procedure of src/desk/desk_interface.h behind it. The
+// procedures that the core exports (wasm.cmake) and what the page can ask for (protocol.ts) are taken from here.
+
+export const operations = {
+  open: "desk_open",
+  openPair: "desk_open_pair",
+  change: "desk_change",
+  write: "desk_write",
+  check: "desk_check",
+  chooseFindings: "desk_choose_findings",
+  listFindings: "desk_list_findings",
+  run: "desk_run",
+  find: "desk_find",
+  pair: "desk_pair",
+  rankMales: "desk_rank_males",
+  orderMales: "desk_order_males",
+  listMales: "desk_list_males",
+  text: "desk_text",
+  bytes: "desk_text",
+  language: "desk_set_language",
+} as const;
+
+/** Procedures that are no operation: they make the desk, hand over what it answers, and end it. */
+export const upkeep = {
+  create: "desk_create",
+  answer: "desk_answer",
+  answerSize: "desk_answer_size",
+  destroy: "desk_destroy",
+} as const;
