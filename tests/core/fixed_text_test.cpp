@@ -86,5 +86,12 @@ TEST(TrimmedText, LosesBlanksAtOneEndOnly) {
   EXPECT_EQ(without_leading_blanks("\t a"), "\t a");
 }
 
+TEST(WithoutBlanks, LeavesWhatStandsBetweenThem) {
+  EXPECT_EQ(without_blanks(" \tHS 12\r\n"), "HS 12");
+  EXPECT_EQ(without_blanks("HS12"), "HS12");
+  EXPECT_EQ(without_blanks(" \t\r\n"), "");
+  EXPECT_EQ(without_blanks(""), "");
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test
