@@ -1,0 +1,93 @@
+# shellcheck shell=bash
+# What scripts/mutate does with broken rules. Each worker has a tree and a build of its own below build/mutants. The core is
+# a shared library there, so that a broken rule costs a source to compile and a library to link, and nothing else.
+
+# prepare_worker WORKER: its tree is what the sources are now, and built.
+prepare_worker() {
+  local place="build/mutants/$1" part file
+  rm -rf "$place/tree"
+  mkdir -p "$place/tree"
+  for part in CMakeLists.txt CMakePresets.json LICENSE README.md src tests docs examples packaging; do
+    cp -rp "$part" "$place/tree/"
+  done
+  # What an earlier run has broken is in that build still, while the file is older.
+  while read -r file; do
+    if [[ -e "$place/tree/$file" ]]; then touch "$place/tree/$file"; fi
+  done < <(cat "$place/broken" 2>/dev/null || true)
+  cmake -S "$place/tree" -B "$place/build" -G Ninja -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS=-O1 \
+    -DBUILD_SHARED_LIBS=ON -DCMAKE_LINK_DEPENDS_NO_SHARED=ON -DPEDIGREEWATCH_BENCH=OFF >/dev/null
+  if ! cmake --build "$place/build" >"$place/log" 2>&1; then
+    tail -n 40 "$place/log"
+    echo "mutate: the sources do not build, before anything is broken" >&2
+    exit 2
+  fi
+  rm -f "$place/broken"
+}
+
+# run_tests WORKER FILTER: true when they pass; $place/log has what they said.
+run_tests() {
+  (
+    ulimit -c 0 -t "$processor_seconds" -v "$memory_kilobytes" -f "$file_kilobytes"
+    exec timeout --kill-after=10 "$wall_seconds" "build/mutants/$1/build/tests/pedigreewatch_tests" \
+      --gtest_fail_fast --gtest_filter="$2"
+  ) >"build/mutants/$1/log" 2>&1 </dev/null
+}
+
+# check_unbroken WORKERS: all tests pass on these sources, once: a test that fails anyway notices nothing.
+check_unbroken() {
+  local workers="$1" worker sources shards=() shard
+  sources="$(cd build/mutants/1/tree && find . -type f -print0 | LC_ALL=C sort -z | xargs -0 sha256sum | sha256sum)"
+  if [[ "$(cat build/mutants/passed 2>/dev/null)" == "$sources" ]]; then return; fi
+  for ((worker = 1; worker <= workers; ++worker)); do
+    GTEST_TOTAL_SHARDS="$workers" GTEST_SHARD_INDEX="$((worker - 1))" run_tests "$worker" '*' &
+    shards+=($!)
+  done
+  for worker in "${!shards[@]}"; do
+    shard="${shards[worker]}"
+    if ! wait "$shard"; then
+      tail -n 40 "build/mutants/$((worker + 1))/log"
+      echo "mutate: the tests fail, before anything is broken" >&2
+      exit 2
+    fi
+  done
+  echo "$sources" >build/mutants/passed
+}
+
+# suites_of_room TREE ROOM: the suites of its tests as GoogleTest's filter has them, nothing when there are none.
+suites_of_room() {
+  { grep -rhoE '^TEST(_F|_P)?\(\w+' --include='*_test.cpp' "$1/tests/$2" "$1/tests/$2"_*_test.cpp 2>/dev/null || true; } |
+    sed -E 's/^TEST_P\((.*)/*\/\1.*/; s/^TEST(_F)?\((.*)/\2.*/' | LC_ALL=C sort -u | paste -sd:
+}
+
+# judge WORKER RULE: breaks the rule in the worker's tree, sets `outcome`, and mends it again.
+judge() {
+  local place="build/mutants/$1" file command room suites
+  file="$(file_of "$2")" command="$(command_of "$2")"
+  room="$(cut -d/ -f2 <<<"$file")"
+  if ! cp -p "$place/tree/$file" "$place/whole" 2>/dev/null; then outcome="does not apply"; return; fi
+  echo "$file" >>"$place/broken"
+  if ! sed -i "$command" "$place/tree/$file" 2>/dev/null || cmp -s "$place/tree/$file" "$place/whole"; then
+    outcome="does not apply"
+  elif ! cmake --build "$place/build" -- -j 1 >"$place/log" 2>&1; then
+    outcome="does not build"
+  else
+    suites="$(suites_of_room "$place/tree" "$room")"
+    if { [[ -z "$suites" ]] || run_tests "$1" "$suites"; } && run_tests "$1" "-$suites"; then
+      outcome="survives"
+    else
+      outcome="noticed by $(sed -nE 's/^\[ RUN      \] (.*)/\1/p' "$place/log" | tail -n 1)"
+    fi
+  fi
+  cp "$place/whole" "$place/tree/$file"
+}
+
+# work_off_queue WORKER: takes rules from the queue until it is empty, says each outcome and keeps it.
+work_off_queue() {
+  local rule started outcome queue=build/mutants/queue
+  while rule="$(flock "$queue.lock" sed -i -e '1{w /dev/stdout' -e 'd}' "$queue")" && [[ -n "$rule" ]]; do
+    started=$SECONDS
+    judge "$1" "$rule"
+    echo "$rule: $(description_of "$rule"): $outcome, $((SECONDS - started)) s"
+    echo "$outcome: $rule: $(file_of "$rule"): $(description_of "$rule")" >>build/mutants/outcomes
+  done
+}
