@@ -13,6 +13,8 @@ namespace pedigreewatch {
 namespace {
 
 constexpr double days_of_a_year = 365.25;
+constexpr std::int32_t days_per_table_year = 365;
+constexpr std::int32_t youngest_possible_days = 1;
 
 /// The first and last year as the program's tables take them.
 struct YearSpan {
@@ -124,7 +126,8 @@ void report_lone_years(const PedigreeColumns& animals, const YearGap& gap, bool 
 void report_gap(const PedigreeColumns& animals, const YearGap& gap, const ReadingPlan& plan, ToolLanguage language,
                 Findings& findings) {
   constexpr std::int64_t far = 100;
-  const std::int32_t few = std::max(1, (gap.animals_before + gap.animals_after) / 100);
+  constexpr std::int32_t one_lone_in = 100;
+  const std::int32_t few = std::max(1, (gap.animals_before + gap.animals_after) / one_lone_in);
   const bool is_first = gap.animals_before <= gap.animals_after;
   const bool is_lone = std::min(gap.animals_before, gap.animals_after) <= few;
   if (gap.empty_years() >= far) return report_far_year(animals, gap, is_first, plan, findings);
@@ -188,7 +191,7 @@ void check_age(const PedigreeColumns& animals, const ParentOf& link, const Check
   const std::int32_t oldest = link.role == ParentRole::sire ? limits.oldest_sire_years : limits.oldest_dam_years;
   if (most < 0) {
     add(findings, finding_of_age(FindingCode::born_before_parent, animals, link, most, findings));
-  } else if (most < std::max(limits.youngest_parent_days, 1)) {
+  } else if (most < std::max(limits.youngest_parent_days, youngest_possible_days)) {
     report_young_parent(FindingCode::parent_too_young, animals, link, language, findings);
   } else if (most < limits.young_parent_days) {
     report_young_parent(FindingCode::parent_young, animals, link, language, findings);
@@ -205,7 +208,6 @@ std::int32_t age_in_tables(const PedigreeColumns& animals, std::int32_t animal, 
   const auto day_of_year = [](const BirthDay& birth) {
     return std::int64_t{day_number({1, birth.month, 0})} + birth.day;
   };
-  constexpr std::int64_t days_per_table_year = 365;
   return wrapped(days_per_table_year * (std::int64_t{young.year} - old.year) + day_of_year(young) - day_of_year(old));
 }
 
@@ -214,8 +216,9 @@ std::int32_t age_in_tables(const PedigreeColumns& animals, std::int32_t animal, 
 void settle_year_only_dates(PedigreeColumns& animals, const FileSurvey& survey, Findings& findings) {
   constexpr std::int64_t tenths = 10, nearly_all = 9;
   constexpr std::int64_t enough = 20;  // of two or three dates all may be a first of January
+  constexpr std::int64_t halves = 2;
   const bool are_january = survey.dates >= enough && survey.january_dates * tenths >= survey.dates * nearly_all;
-  if (!are_january && survey.year_only_dates * 2 <= survey.dates) return;
+  if (!are_january && survey.year_only_dates * halves <= survey.dates) return;
   std::erase_if(findings.list, [](const Finding& finding) { return finding.code == FindingCode::date_year_only; });
   for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
     const BirthDay& birth = animals.birth.at(animal);
@@ -260,10 +263,12 @@ void check_age_figures(const PedigreeColumns& animals, Findings& findings) {
   const YearSpan span = span_of_years(animals);
   if (span.last < span.first || std::int64_t{span.last} - span.first >= year_limit) return;
   const std::int64_t rows = std::int64_t{span.last} - span.first + 1;
-  const std::int64_t columns = std::int64_t{std::max(sire.days / 365, 0)} + std::max(dam.days / 365, 0);
+  const std::int64_t columns =
+      std::int64_t{std::max(sire.days / days_per_table_year, 0)} + std::max(dam.days / days_per_table_year, 0);
   if (columns * rows <= figure_limit) return;
   const Oldest& oldest = sire.days >= dam.days ? sire : dam;
-  Finding finding = finding_of_age(FindingCode::age_figures, animals, oldest.link, oldest.days / 365, findings);
+  Finding finding =
+      finding_of_age(FindingCode::age_figures, animals, oldest.link, oldest.days / days_per_table_year, findings);
   finding.other_number = columns * rows;
   add(findings, finding);
 }

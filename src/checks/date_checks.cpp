@@ -16,7 +16,8 @@ bool is_lone_number(std::string_view text, const DateLayout& layout) {
 }
 
 bool is_whole_year(std::int32_t year) {
-  return year >= 1000 && year <= 9999;
+  constexpr std::int32_t first_of_four_digits = 1000, last_of_four_digits = 9999;
+  return year >= first_of_four_digits && year <= last_of_four_digits;
 }
 
 }  // namespace
@@ -32,7 +33,8 @@ DateReading look_at_date(std::string_view field, const DateLayout& layout) {
   }
   reading.date = repaired(raw);
   const bool has_neither = (raw.day == 0 && raw.month == 0) || is_lone_number(text, layout);
-  const bool has_month_only = raw.day == 0 && raw.month >= 1 && raw.month <= 12;
+  constexpr std::int32_t last_month = 12;
+  const bool has_month_only = raw.day == 0 && raw.month >= 1 && raw.month <= last_month;
   const bool is_changed = raw.day != reading.date.day || raw.month != reading.date.month;
   reading.fits_layout = is_whole_year(raw.year) && (has_neither || has_month_only || !is_changed);
   if (raw.year == 0) {
@@ -57,7 +59,8 @@ bool is_placeholder_date(const BirthDate& date) {
                                                                             {1111, 11, 11},
                                                                             {9999, 12, 31},
                                                                             {9999, 9, 9}});
-  const bool is_largest = date.year == 9999;
+  constexpr std::int32_t largest_year = 9999;
+  const bool is_largest = date.year == largest_year;
   const std::array<std::int32_t, 3> given = {date.year, date.month, date.day};
   return is_largest || std::find(placeholders.begin(), placeholders.end(), given) != placeholders.end();
 }

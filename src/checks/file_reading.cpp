@@ -92,7 +92,8 @@ void check_letters(Reading& reading, const DataLine& line, const LineFields& fie
 
 void check_year(Reading& reading, const DataLine& line, const DateReading& date, std::string_view text,
                 std::uint8_t& marks) {
-  if (date.date.year > 0 && date.date.year < 100) {
+  constexpr std::int32_t first_of_three_digits = 100;
+  if (date.date.year > 0 && date.date.year < first_of_three_digits) {
     constexpr std::int32_t newest_of_this_century = 40;
     const std::int32_t century = date.date.year <= newest_of_this_century ? 2000 : 1900;
     add(reading.findings,

@@ -51,7 +51,8 @@ std::vector<std::string_view> cut_fields(std::string_view line, char delimiter) 
 /// What makes the whole file unreadable. Yields false when there is no sense in going on.
 bool check_start(LineReader& data, Findings& findings) {
   const std::string_view start = upcoming_bytes(data);
-  const std::string_view head = start.substr(0, 4096);
+  constexpr std::size_t telling_bytes = 4096;
+  const std::string_view head = start.substr(0, telling_bytes);
   if (start.empty()) {
     add(findings, {.code = FindingCode::empty_file});
     return false;
@@ -217,7 +218,9 @@ void plan_by_header(std::string_view first_line, ReadingPlan& plan, const CheckS
   mend_headings(words, plan, settings, findings);
   settle_columns(plan);
   if (plan.counted_columns == 0) {
-    add(findings, {.code = FindingCode::header_missing, .line = 1, .text = keep(findings, first_line.substr(0, 60))});
+    constexpr std::size_t shown_length = 60;
+    add(findings,
+        {.code = FindingCode::header_missing, .line = 1, .text = keep(findings, first_line.substr(0, shown_length))});
     return;
   }
   require_columns(plan, settings, findings);

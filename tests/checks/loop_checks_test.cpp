@@ -47,6 +47,34 @@ TEST(CheckLoops, ASoundPedigreeHasNone) {
   EXPECT_EQ(chains_of({"c;a;b", "a;;", "b;;", "d;c;b", "e;d;a"}), Chains());
 }
 
+/// A loop of fathers through so many animals, whose last two are also each other's parents.
+std::vector<std::string> loop_with_short_one(int count) {
+  const auto name = [](int k) { return "a" + std::to_string(k); };
+  std::vector<std::string> animals;
+  for (int k = 1; k <= count; ++k) {
+    animals.push_back(name(k) + ";" + name(k % count + 1) + ";" + (k == count ? name(count - 1) : ""));
+  }
+  return animals;
+}
+
+TEST(CheckLoops, TriesEveryAnimalOfUpToTwoHundred) {
+  EXPECT_EQ(chains_of(loop_with_short_one(200)), Chains{"a199 (line 200) - father a200 (line 201) - mother a199"});
+  ASSERT_EQ(chains_of(loop_with_short_one(201)).size(), 1U);
+  EXPECT_TRUE(chains_of(loop_with_short_one(201)).front().ends_with(" - ... 201 animals in all ..."));
+}
+
+TEST(CheckLoops, NamesThirtyAnimalsAtMost) {
+  const auto loop_of = [](int count) {
+    std::vector<std::string> animals;
+    for (int k = 1; k <= count; ++k) {
+      animals.push_back("a" + std::to_string(k) + ";a" + std::to_string(k % count + 1) + ";");
+    }
+    return chains_of(animals).front();
+  };
+  EXPECT_TRUE(loop_of(29).ends_with("father a29 (line 30) - father a1"));
+  EXPECT_TRUE(loop_of(30).ends_with("father a30 (line 31) - ... 30 animals in all ..."));
+}
+
 /// Whether `start` is its own ancestor, by walking up all ways.
 bool is_own_ancestor(const std::vector<std::vector<int>>& parents, int start) {
   std::set<int> seen;

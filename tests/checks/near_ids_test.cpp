@@ -88,6 +88,41 @@ TEST(FindOneLetterOff, FindsWhatTheComparisonOfAllPairsFinds) {
   }
 }
 
+TEST(FindOneLetterOff, KeepsEightAnimalsAndSaysThatThereAreMore) {
+  const auto near = [](int count) {
+    std::vector<std::string> names;
+    for (int k = 1; k <= count; ++k) names.push_back("HS" + std::to_string(k));
+    const PedigreeColumns animals = animals_named(names, {"HSX"});
+    return find_one_letter_off(animals, ids_without_animal(animals)).begin()->second;
+  };
+  EXPECT_EQ(near(8).animals.size(), 8U);
+  EXPECT_TRUE(near(8).are_all);
+  EXPECT_EQ(near(9).animals.size(), 8U);
+  EXPECT_FALSE(near(9).are_all);
+}
+
+/// So many identifications that all become the one animal's without a letter.
+std::size_t found_of_many(std::size_t count) {
+  const std::string id = "ABCDE";
+  std::vector<std::string> parents;
+  for (std::size_t place = 0; place <= id.size(); ++place) {
+    for (char letter = 'a'; letter <= 'z' && parents.size() < count; ++letter) {
+      parents.push_back(std::string(id).insert(place, 1, letter));
+    }
+    for (char letter = '!'; letter <= '@' && parents.size() < count; ++letter) {
+      parents.push_back(std::string(id).insert(place, 1, letter));
+    }
+  }
+  EXPECT_EQ(parents.size(), count);
+  const PedigreeColumns animals = animals_named({id}, parents);
+  return find_one_letter_off(animals, ids_without_animal(animals)).size();
+}
+
+TEST(FindOneLetterOff, LooksAtThreeHundredIdsWithOneLetterInCommonPlace) {
+  EXPECT_EQ(found_of_many(300), 300U);
+  EXPECT_EQ(found_of_many(301), 300U);
+}
+
 TEST(FindSameButSpelling, TakesCapitalsBlanksAndZerosInFrontForTheSame) {
   const PedigreeColumns animals =
       animals_named({"HS1", "0077", "DE 12"}, {"hs1", "77", "DE12", " HS1", "HS1\xA0", "HS10"});

@@ -40,6 +40,14 @@ CheckResult checked(std::string_view data, const CheckSettings& settings) {
   return check_data(reader, settings, unwatched);
 }
 
+CheckResult checked_sheep(std::string_view data) {
+  return checked(data, check_settings(sheep_steer()));
+}
+
+std::int64_t count_of(const CheckResult& result, FindingCode code) {
+  return std::ranges::count(result.findings.list, code, &Finding::code);
+}
+
 std::vector<std::string> rows_of(const CheckResult& result, ToolLanguage language) {
   std::vector<Finding> list = result.findings.list;
   std::ranges::stable_sort(list, [](const Finding& a, const Finding& b) { return a.line < b.line; });

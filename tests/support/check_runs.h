@@ -1,6 +1,7 @@
 // Checks of data files that are texts.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,12 @@ SteerLines sheep_steer(bool english = true);
 
 /// The checked data.
 CheckResult checked(std::string_view data, const CheckSettings& settings);
+
+/// The same, of sheep with the limits that are usual for them.
+CheckResult checked_sheep(std::string_view data);
+
+/// How many findings there are of a kind.
+std::int64_t count_of(const CheckResult& result, FindingCode code);
 
 /// The lines of the table of findings in their order, with bars in place of its tabs.
 std::vector<std::string> rows_of(const CheckResult& result, ToolLanguage language);
