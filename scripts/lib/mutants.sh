@@ -2,26 +2,34 @@
 # What scripts/mutate does with broken rules. Each worker has a tree and a build of its own below build/mutants. The core is
 # a shared library there, so that a broken rule costs a source to compile and a library to link, and nothing else.
 
-# prepare_worker WORKER: its tree is what the sources are now, and built.
+# sums_of TREE: what is in the files that are needed, a line for each.
+sums_of() {
+  (
+    cd "$1"
+    { find CMakeLists.txt CMakePresets.json LICENSE README.md src tests docs examples packaging -type f -print0 \
+      2>/dev/null || true; } | xargs -0 -r sha256sum | LC_ALL=C sort
+  )
+}
+
+# prepare_worker WORKER: its tree is what the sources are now, and built. Compared by content, and a file that differs gets
+# the time of now: it may have been edited while an earlier run was building.
 prepare_worker() {
-  local place="build/mutants/$1" part file
-  rm -rf "$place/tree"
+  local place="build/mutants/$1" file
   mkdir -p "$place/tree"
-  for part in CMakeLists.txt CMakePresets.json LICENSE README.md src tests docs examples packaging; do
-    cp -rp "$part" "$place/tree/"
-  done
-  # What an earlier run has broken is in that build still, while the file is older.
-  while read -r file; do
-    if [[ -e "$place/tree/$file" ]]; then touch "$place/tree/$file"; fi
-  done < <(cat "$place/broken" 2>/dev/null || true)
+  sums_of "$place/tree" >"$place/old"
+  sums_of . >"$place/sums"
+  while read -r _ file; do rm "$place/tree/$file"; done < <(LC_ALL=C comm -13 "$place/sums" "$place/old")
+  while read -r _ file; do
+    mkdir -p "$place/tree/$(dirname "$file")"
+    cp "$file" "$place/tree/$file"
+  done < <(LC_ALL=C comm -23 "$place/sums" "$place/old")
   cmake -S "$place/tree" -B "$place/build" -G Ninja -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS=-O1 \
     -DBUILD_SHARED_LIBS=ON -DCMAKE_LINK_DEPENDS_NO_SHARED=ON -DPEDIGREEWATCH_BENCH=OFF >/dev/null
-  if ! cmake --build "$place/build" >"$place/log" 2>&1; then
+  if ! cmake --build "$place/build" --target pedigreewatch_tests >"$place/log" 2>&1; then
     tail -n 40 "$place/log"
     echo "mutate: the sources do not build, before anything is broken" >&2
     exit 2
   fi
-  rm -f "$place/broken"
 }
 
 # run_tests WORKER FILTER: true when they pass; $place/log has what they said.
@@ -35,9 +43,8 @@ run_tests() {
 
 # check_unbroken WORKERS: all tests pass on these sources, once: a test that fails anyway notices nothing.
 check_unbroken() {
-  local workers="$1" worker sources shards=() shard
-  sources="$(cd build/mutants/1/tree && find . -type f -print0 | LC_ALL=C sort -z | xargs -0 sha256sum | sha256sum)"
-  if [[ "$(cat build/mutants/passed 2>/dev/null)" == "$sources" ]]; then return; fi
+  local workers="$1" worker shards=() shard
+  if cmp -s build/mutants/passed build/mutants/1/sums; then return; fi
   for ((worker = 1; worker <= workers; ++worker)); do
     GTEST_TOTAL_SHARDS="$workers" GTEST_SHARD_INDEX="$((worker - 1))" run_tests "$worker" '*' &
     shards+=($!)
@@ -50,7 +57,7 @@ check_unbroken() {
       exit 2
     fi
   done
-  echo "$sources" >build/mutants/passed
+  cp build/mutants/1/sums build/mutants/passed
 }
 
 # suites_of_room TREE ROOM: the suites of its tests as GoogleTest's filter has them, nothing when there are none.
@@ -65,10 +72,9 @@ judge() {
   file="$(file_of "$2")" command="$(command_of "$2")"
   room="$(cut -d/ -f2 <<<"$file")"
   if ! cp -p "$place/tree/$file" "$place/whole" 2>/dev/null; then outcome="does not apply"; return; fi
-  echo "$file" >>"$place/broken"
   if ! sed -i "$command" "$place/tree/$file" 2>/dev/null || cmp -s "$place/tree/$file" "$place/whole"; then
     outcome="does not apply"
-  elif ! cmake --build "$place/build" -- -j 1 >"$place/log" 2>&1; then
+  elif ! cmake --build "$place/build" --target pedigreewatch_tests -- -j 1 >"$place/log" 2>&1; then
     outcome="does not build"
   else
     suites="$(suites_of_room "$place/tree" "$room")"
