@@ -71,7 +71,8 @@ int ValueAxis::tick_count() const {
 ValueAxis make_value_axis(double lowest, double highest, bool counts_only) {
   lowest = std::min(lowest, 0.0);
   highest = std::max(highest, 0.0);
-  if (highest - lowest < 1e-6) highest = lowest + 1.0;  // all values are 0 but for rounding
+  constexpr double least_span = 1e-6;
+  if (highest - lowest < least_span) highest = lowest + 1.0;  // all values are 0 but for rounding
   ValueAxis axis = with_round_step(highest - lowest, counts_only);
   axis.low = std::floor(lowest / axis.step + rounding) * axis.step;
   axis.high = std::ceil(highest / axis.step - rounding) * axis.step;

@@ -47,6 +47,9 @@ constexpr Wording per_generation = {"% per generation", "% per generatie"};
 constexpr Wording effective_size = {"Ne", "Ne"};
 constexpr Wording not_estimable_words = {"not estimable", "niet te schatten"};
 
+/// Rates are from the third year to the last one.
+constexpr std::int32_t fewest_years = 3;
+
 std::int64_t parents_of(const PageFrame& frame, Row row, Sex sex) {
   const ParentCount<std::int32_t> counts = frame.whole().tables.parent_counts.of(row).of(sex);
   return std::int64_t{counts.native_parents} + counts.imported_parents;
@@ -62,8 +65,10 @@ Row last_row_of_parents(const PageFrame& frame) {
 
 /// One of the kinships of a year; known with at least two animals that it is about.
 std::vector<Value> kinship_by_year(const PageFrame& frame, float InbreedingRow::*kinship, auto&& count_of) {
-  return by_year(frame,
-                 [&](Row row) { return known_if(count_of(row) >= 2, frame.whole().inbreeding.of(row).*kinship); });
+  constexpr std::int64_t fewest_animals = 2;
+  return by_year(frame, [&](Row row) {
+    return known_if(count_of(row) >= fewest_animals, frame.whole().inbreeding.of(row).*kinship);
+  });
 }
 
 /// Rates of the first years, with few known ancestors, may be so far off that no other one could be read beside them.
@@ -125,7 +130,6 @@ Chart period_rates_chart(const PageFrame& frame) {
 }
 
 bool is_estimable(const PageFrame& frame, const GenerationRate& rate) {
-  constexpr std::int32_t fewest_years = 3;
   constexpr float beyond_populations = 100'000.0F;
   return frame.store().birth_years.dated_row_count() >= fewest_years && rate.effective_size > 0.0F &&
          rate.effective_size < beyond_populations;
@@ -141,7 +145,7 @@ FigureTable effective_size_table(const PageFrame& frame, const GenerationRates& 
   table.headings = {frame.text(way_heading), frame.text(per_year), frame.text(per_generation),
                     frame.text(effective_size)};
   const GenerationRate* const all[] = {&rates.F_absolute, &rates.F_smoothed, &rates.f_absolute, &rates.f_smoothed};
-  const bool has_meaning = frame.store().birth_years.dated_row_count() >= 3;
+  const bool has_meaning = frame.store().birth_years.dated_row_count() >= fewest_years;
   for (std::size_t way = 0; way < std::size(all); ++way) {
     const GenerationRate& rate = *all[way];
     const auto percent = [&](float value) {

@@ -66,5 +66,26 @@ TEST(LabelledPlaces, AnyNumberOfPlacesHasAnEnd) {
   EXPECT_LE(labelled_places(years_chart(1, 100000), 646.0).size(), 16U);
 }
 
+TEST(MakeValueAxis, HasSixStepsAtMost) {
+  expect_axis(make_value_axis(0.0, 6.0, false), 0.0, 6.0, 1.0, 0);
+  expect_axis(make_value_axis(0.0, 6.5, false), 0.0, 8.0, 2.0, 0);
+}
+
+TEST(MakeValueAxis, AThousandthOfAStepIsRounding) {
+  EXPECT_DOUBLE_EQ(make_value_axis(0.0, 6.0009, false).high, 6.0);
+  EXPECT_DOUBLE_EQ(make_value_axis(0.0, 4.0011, false).high, 5.0);
+  EXPECT_DOUBLE_EQ(make_value_axis(-0.0009, 5.0, false).low, 0.0);
+}
+
+TEST(MakeValueAxis, SpansBelowAMillionthAreNone) {
+  EXPECT_DOUBLE_EQ(make_value_axis(0.0, 0.9e-6, false).high, 1.0);
+  EXPECT_LT(make_value_axis(0.0, 1.1e-6, false).high, 1e-5);
+}
+
+TEST(LabelledPlaces, ALabelNeedsSevenUnitsALetterAndFourteenBetween) {
+  EXPECT_EQ(labelled_places(years_chart(2001, 10), 420.0).size(), 10U);
+  EXPECT_EQ(labelled_places(years_chart(2001, 10), 419.0).size(), 5U);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -74,5 +74,33 @@ TEST(KnownIf, NoNumberIsNoValue) {
   EXPECT_EQ(known_if(true, 0.5F), Value(0.5));
 }
 
+TEST(AddLayers, NineAreOneTooManyToDraw) {
+  Chart chart = one_year();
+  add_layers(chart, growing_layers(9), "rest");
+  EXPECT_EQ(names_of(chart), (std::vector<std::string>{"3", "4", "5", "6", "7", "8", "9", "rest"}));
+}
+
+TEST(AddLayers, SixteenAreListedSeventeenAreNot) {
+  Chart sixteen = one_year(), seventeen = one_year();
+  add_layers(sixteen, growing_layers(16), "rest");
+  add_layers(seventeen, growing_layers(17), "rest");
+  EXPECT_EQ(sixteen.figures.headings.back(), "16");
+  EXPECT_EQ(seventeen.figures.headings.back(), "rest");
+}
+
+TEST(AddSizes, EightAreDrawnNineInClasses) {
+  Chart eight = one_year(), nine = one_year();
+  add_sizes(eight, growing_layers(8));
+  add_sizes(nine, growing_layers(9));
+  EXPECT_EQ(names_of(eight).back(), "8");
+  EXPECT_EQ(names_of(nine), (std::vector<std::string>{"1-2", "3-4", "5-6", "7-8", "9"}));
+}
+
+TEST(AddSizes, SixteenAreListedOneByOne) {
+  Chart chart = one_year();
+  add_sizes(chart, growing_layers(16));
+  EXPECT_EQ(chart.figures.rows[0].cells.size(), 16U);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test
