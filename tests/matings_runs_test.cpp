@@ -266,5 +266,10 @@ TEST(HostileMatings, ATableThatBreaksOffIsTakenAway) {
   EXPECT_EQ(run.files.size(), 2U) << "the steer file and the data file";
 }
 
+TEST(HostileMatings, AMillionLinesAreWrittenAndTenMillionPairsWorkedOut) {
+  const WholeRun rows = run_matings_on(files_of(founders(1000, 1000)));
+  EXPECT_EQ(rows.exit_status, 0) << rows.messages;
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -113,5 +113,14 @@ TEST(CoancestryPairs, AnErrorNeedsThreeAnimals) {
   EXPECT_EQ(estimate_by_coancestry(store, std::vector<std::int32_t>{3, 4, 5}, ones).standard_error, 0.0);
 }
 
+TEST(CoancestryPairs, AsManyAnimalsAsArePairedAreNoSample) {
+  const PopulationStore store = random_population(5, 60);
+  const std::vector<std::int32_t> positions = young_positions(store, 20);
+  const std::vector<double> equivalents(positions.size(), 2.0);
+  EXPECT_FALSE(estimate_by_coancestry(store, positions, equivalents, positions.size()).is_sample);
+  EXPECT_TRUE(estimate_by_coancestry(store, positions, equivalents, positions.size() - 1).is_sample);
+  EXPECT_EQ(most_paired_animals, 2000U);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -144,5 +144,14 @@ TEST(DiversityTable, WhatIsNoNumberIsEmpty) {
   EXPECT_EQ(row_named(rows, "effective_size_by_coancestry").text, "pairs of a random sample of animals");
 }
 
+TEST(DiversityTable, HasARowForTenAncestors) {
+  const std::vector<DiversityRow> rows = half_sibs().rows();
+  const auto has_row = [&](std::string_view figure) {
+    return std::ranges::any_of(rows, [&](const DiversityRow& row) { return row.figure == figure; });
+  };
+  EXPECT_TRUE(has_row("main_ancestor_10"));
+  EXPECT_FALSE(has_row("main_ancestor_11"));
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

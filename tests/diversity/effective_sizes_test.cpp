@@ -56,5 +56,16 @@ TEST(EffectiveSizes, WithoutIncreaseThereIsNone) {
   EXPECT_DOUBLE_EQ(estimate.standard_error.value(), 5.0);  // 2 * 2500 * 0.001
 }
 
+TEST(EffectiveSizes, AnIncreaseAboveRoundingIsEnough) {
+  EffectiveSizeEstimate estimate;
+  estimate.mean_increase = 2e-7;
+  complete_estimate(estimate, std::nullopt);
+  EXPECT_DOUBLE_EQ(estimate.effective_size.value(), 2.5e6);
+}
+
+TEST(EffectiveSizes, TwoValuesHaveADeviation) {
+  EXPECT_DOUBLE_EQ(standard_deviation(std::array{1.0, 3.0}).value(), std::sqrt(2.0));
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -328,5 +328,24 @@ TEST(MalesFor, RanksTheMalesOfTheYears) {
   EXPECT_TRUE(males_for(store, 0, 2010, 2012).empty());
 }
 
+TEST(Bounds, AreThoseThatAreDocumented) {
+  EXPECT_EQ(usual_bound, 0.0625F) << "first cousins";
+  EXPECT_EQ(most_pairs, 10'000'000);
+  EXPECT_EQ(most_rows, 1'000'000);
+}
+
+TEST(ChooseMatings, OnlyPairsAboveTheUsualBoundAreBeyondIt) {
+  // Half sibs have 12.5 %, first cousins the bound itself.
+  const PopulationStore cousins = with_inbreeding(
+      pedigree_from_text("a 0 0 m 2000\nb 0 0 f 2000\nc a b m 2001\nd a b f 2001\ne c 0 m 2002\nf 0 d f 2002\n"
+                         "g a 0 m 2001\nh a 0 f 2001\n"));
+  const auto beyond = [&](std::string_view sire, std::string_view dam) {
+    const MatingPlan plan = {{position_of(cousins, dam)}, {position_of(cousins, sire)}, {}, {}};
+    return choose_matings(make_mating_work(cousins, candidates_of(plan)), plan).beyond;
+  };
+  EXPECT_EQ(beyond("e", "f"), 0);
+  EXPECT_EQ(beyond("g", "h"), 1);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

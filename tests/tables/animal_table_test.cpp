@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "support/lines.h"
 #include "support/store_builder.h"
 
 namespace pedigreewatch::test {
@@ -93,6 +96,42 @@ TEST(LongestLines, FollowTheLongerParent) {
                                        animal("d", female), animal("e", male, 2, 4), animal("f", male, 5, 3)};
   const ByNumber<std::int32_t> longest = longest_lines(finished_store_of(records));
   EXPECT_EQ(longest.values, (std::vector<std::int32_t>{0, 0, 1, 2, 0, 2, 3}));
+}
+
+/// The texts of the column of F.
+std::vector<std::string> texts_of_F(const std::string& table) {
+  std::vector<std::string> texts;
+  for (std::string_view line : lines_of(table)) {
+    for (int column = 0; column < 5; ++column) line.remove_prefix(line.find('\t') + 1);
+    texts.emplace_back(line.substr(0, line.find('\t')));
+  }
+  texts.erase(texts.begin());
+  return texts;
+}
+
+TEST(AnimalTable, ManyDifferentRealsKeepTheirOwnTexts) {
+  // More reals than texts are kept at a time, each of them twice: many must take the place of others.
+  std::vector<AnimalRecord> records(40'000, animal("a", male));
+  for (std::size_t i = 0; i < records.size(); ++i) records[i].inbreeding = static_cast<float>(i / 2) / 65536.0F;
+  const std::vector<std::string> texts = texts_of_F(table_of(finished_store_of(records)));
+  ASSERT_EQ(texts.size(), records.size());
+  for (std::size_t i = 0; i < texts.size(); ++i)
+    ASSERT_EQ(std::strtof(texts[i].c_str(), nullptr), records[i].inbreeding);
+}
+
+TEST(AnimalTable, RealsThatTakeTurnsKeepTheirOwnTexts) {
+  std::vector<AnimalRecord> records(40'000, animal("a", male));
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    records[i].inbreeding = static_cast<float>(i % 2 == 0 ? i : records.size() - i) / 65536.0F;
+  }
+  const std::vector<std::string> texts = texts_of_F(table_of(finished_store_of(records)));
+  for (std::size_t i = 0; i < texts.size(); ++i)
+    ASSERT_EQ(std::strtof(texts[i].c_str(), nullptr), records[i].inbreeding);
+}
+
+TEST(IsoDate, BeginsWithTheYearOneAndEndsWithFourDigits) {
+  EXPECT_EQ(iso_date(1, 1, 1), "0001-01-01");
+  EXPECT_EQ(iso_date(10000, 1, 1), "");
 }
 
 }  // namespace
