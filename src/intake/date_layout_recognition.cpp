@@ -30,7 +30,8 @@ bool has_day_before_month(DateOrder order) {
 }
 
 bool can_be_day_and_month(std::int32_t day, std::int32_t month) {
-  return day <= 31 && month <= 12;
+  constexpr std::int32_t last_day = 31, last_month = 12;
+  return day <= last_day && month <= last_month;
 }
 
 /// `ahead` is the order in which the first number is the day.

@@ -117,5 +117,41 @@ TEST(LayoutText, HasDutchYears) {
   EXPECT_EQ(layout_text(DateOrder::compact_year_month_day, true), "jjjjmmdd");
 }
 
+/// Dates of which so many allow one order only, and so many both.
+std::vector<std::string> dates_for(std::size_t day_first, std::size_t month_first, std::size_t either = 0) {
+  std::vector<std::string> dates(day_first, "31-12-2005");
+  dates.insert(dates.end(), month_first, "12-31-2005");
+  dates.insert(dates.end(), either, "04-05-2005");
+  return dates;
+}
+
+TEST(PlanDates, MoreThanTwentyTimesAsManyDatesDecide) {
+  EXPECT_TRUE(plan_of(dates_for(20, 1)).is_ambiguous);
+  EXPECT_FALSE(plan_of(dates_for(21, 1)).is_ambiguous);
+  EXPECT_EQ(plan_of(dates_for(21, 1)).written, DateOrder::day_month_year);
+  EXPECT_TRUE(plan_of(dates_for(1, 20)).is_ambiguous);
+  EXPECT_FALSE(plan_of(dates_for(1, 21)).is_ambiguous);
+  EXPECT_EQ(plan_of(dates_for(1, 21)).written, DateOrder::month_day_year);
+}
+
+TEST(PlanDates, OneDateAmongTwentyMayBeASlip) {
+  EXPECT_FALSE(plan_of(dates_for(0, 1, 19)).is_ambiguous);
+  EXPECT_EQ(plan_of(dates_for(0, 1, 19)).written, DateOrder::month_day_year);
+  EXPECT_TRUE(plan_of(dates_for(0, 1, 20)).is_ambiguous);
+}
+
+TEST(SurveyDate, DaysGoTo31AndMonthsTo12) {
+  EXPECT_EQ(survey_of({"31-12-2005"}).year_last.neither.count, 0);
+  EXPECT_EQ(survey_of({"32-12-2005"}).year_last.neither.count, 1);
+  EXPECT_EQ(survey_of({"31-13-2005"}).year_last.neither.count, 1);
+}
+
+TEST(SurveyDate, EightDigitsHaveAYearFrom1700To2199) {
+  EXPECT_EQ(survey_of({"31121699"}).compact.neither.count, 1);
+  EXPECT_EQ(survey_of({"31121700"}).compact.neither.count, 0);
+  EXPECT_EQ(survey_of({"31122199"}).compact.neither.count, 0);
+  EXPECT_EQ(survey_of({"31122200"}).compact.neither.count, 1);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -50,5 +50,35 @@ TEST(DelimiterNamed, CharactersAndWords) {
   EXPECT_FALSE(delimiter_named(";;").has_value());
 }
 
+TEST(Fits, FourFifthsOfTheLinesAgreeOnTwoColumnsOrMore) {
+  const auto is_fit = [](std::size_t fields, std::int64_t agreeing) {
+    DelimiterEvidence evidence;
+    evidence.field_count = fields;
+    evidence.agreeing_count = agreeing;
+    evidence.record_count = 100;
+    return fits(evidence);
+  };
+  EXPECT_TRUE(is_fit(2, 80));
+  EXPECT_FALSE(is_fit(2, 79));
+  EXPECT_FALSE(is_fit(1, 100));
+}
+
+TEST(RecogniseDelimiter, AThousandLinesAreLookedAt) {
+  std::string text;
+  for (int k = 0; k < 999; ++k) text += "1;2\n";
+  const auto lines = [](const std::string& export_text) {
+    return recognise_delimiter(export_text).evidence.front().record_count;
+  };
+  EXPECT_EQ(lines(text), 999);
+  EXPECT_EQ(lines(text + "1;2\n"), 1000);
+  EXPECT_EQ(lines(text + "1;2\n1;2\n"), 1000);
+}
+
+TEST(RecogniseDelimiter, TwoKnownHeadingsDecide) {
+  // Every line fits both delimiters; the comma gives one known heading or two.
+  EXPECT_FALSE(recognise_delimiter("id,x;y\n1,2;3\n").delimiter.has_value());
+  EXPECT_EQ(recognise_delimiter("id,sire,x;y\n1,2,3;4\n").delimiter, ',');
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test
