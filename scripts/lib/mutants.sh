@@ -1,18 +1,20 @@
 # shellcheck shell=bash
-# What scripts/mutate does with broken rules. Each worker has a tree and a build of its own below build/mutants. The core is
-# a shared library there, so that a broken rule costs a source to compile and a library to link, and nothing else.
+# What scripts/mutate does with broken rules. Each worker has a tree and a build of its own below build/mutants. The core
+# is a shared library there, so that a broken rule costs a source to compile and a library to link, and nothing else.
+# The limits that a broken rule comes to are those of scripts/mutate.
+# shellcheck disable=SC2154
 
 # sums_of TREE: what is in the files that are needed, a line for each.
 sums_of() {
   (
-    cd "$1"
+    cd "$1" || exit
     { find CMakeLists.txt CMakePresets.json LICENSE README.md src tests docs examples packaging -type f -print0 \
       2>/dev/null || true; } | xargs -0 -r sha256sum | LC_ALL=C sort
   )
 }
 
-# prepare_worker WORKER: its tree is what the sources are now, and built. Compared by content, and a file that differs gets
-# the time of now: it may have been edited while an earlier run was building.
+# prepare_worker WORKER: its tree is what the sources are now, and built. Compared by content, and a file that differs
+# gets the time of now: it may have been edited while an earlier run was building.
 prepare_worker() {
   local place="build/mutants/$1" file
   mkdir -p "$place/tree"
@@ -62,8 +64,8 @@ check_unbroken() {
 
 # suites_of_room TREE ROOM: the suites of its tests as GoogleTest's filter has them, nothing when there are none.
 suites_of_room() {
-  { grep -rhoE '^TEST(_F|_P)?\(\w+' --include='*_test.cpp' "$1/tests/$2" "$1/tests/$2"_*_test.cpp 2>/dev/null || true; } |
-    sed -E 's/^TEST_P\((.*)/*\/\1.*/; s/^TEST(_F)?\((.*)/\2.*/' | LC_ALL=C sort -u | paste -sd:
+  { grep -rhoE '^TEST(_F|_P)?\(\w+' --include='*_test.cpp' "$1/tests/$2" "$1/tests/$2"_*_test.cpp 2>/dev/null ||
+    true; } | sed -E 's/^TEST_P\((.*)/*\/\1.*/; s/^TEST(_F)?\((.*)/\2.*/' | LC_ALL=C sort -u | paste -sd:
 }
 
 # judge WORKER RULE: breaks the rule in the worker's tree, sets `outcome`, and mends it again.
