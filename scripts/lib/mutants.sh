@@ -68,6 +68,14 @@ suites_of_room() {
     true; } | sed -E 's/^TEST_P\((.*)/*\/\1.*/; s/^TEST(_F)?\((.*)/\2.*/' | LC_ALL=C sort -u | paste -sd:
 }
 
+# failed_test LOG: the first that failed, or the one at which the tests came to an end.
+failed_test() {
+  local failed
+  failed="$(sed -nE 's/^\[  FAILED  \] ([^ ,]+).*/\1/p' "$1" | head -n 1)"
+  [[ -n "$failed" ]] || failed="$(sed -nE 's/^\[ RUN      \] (.*)/\1/p' "$1" | tail -n 1)"
+  echo "$failed"
+}
+
 # judge WORKER RULE: breaks the rule in the worker's tree, sets `outcome`, and mends it again.
 judge() {
   local place="build/mutants/$1" file command room suites
@@ -83,7 +91,7 @@ judge() {
     if { [[ -z "$suites" ]] || run_tests "$1" "$suites"; } && run_tests "$1" "-$suites"; then
       outcome="survives"
     else
-      outcome="noticed by $(sed -nE 's/^\[ RUN      \] (.*)/\1/p' "$place/log" | tail -n 1)"
+      outcome="noticed by $(failed_test "$place/log")"
     fi
   fi
   cp "$place/whole" "$place/tree/$file"
