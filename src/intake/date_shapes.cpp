@@ -97,7 +97,8 @@ std::int32_t small_number(std::string_view digits) {
 }
 
 bool is_year(std::string_view digits) {
-  return digits.size() > 2;
+  constexpr std::size_t most_digits_of_a_day = 2;
+  return digits.size() > most_digits_of_a_day;
 }
 
 DatePiecesFound make(DateShape shape, std::string_view year, std::string_view first, std::string_view second) {

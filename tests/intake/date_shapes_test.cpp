@@ -66,5 +66,10 @@ TEST(CutDate, WhatIsNoDate) {
   }
 }
 
+TEST(CutDate, AYearHasMoreThanTwoDigits) {
+  EXPECT_EQ(cut_date("31-12-105").shape, DateShape::year_last);
+  EXPECT_EQ(cut_date("31-12-15").shape, DateShape::short_year);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

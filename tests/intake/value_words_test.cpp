@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace pedigreewatch::test {
 namespace {
 
@@ -45,6 +47,11 @@ TEST(SpeciesOfSexWord, OnlyWordsThatBelongToOneSpecies) {
   EXPECT_EQ(species_of_sex_word("Ooi"), "sheep");
   EXPECT_EQ(species_of_sex_word("reu"), "dog");
   EXPECT_EQ(species_of_sex_word("male"), "");
+}
+
+TEST(MeansUnknown, InTextsOfUpTo24Letters) {
+  EXPECT_TRUE(means_unknown("unknown" + std::string(17, '!')));
+  EXPECT_FALSE(means_unknown("unknown" + std::string(18, '!')));
 }
 
 }  // namespace
