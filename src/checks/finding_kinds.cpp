@@ -296,15 +296,13 @@ constexpr std::optional<std::array<bool, finding_places.size()>> places_in(std::
   return is_named;
 }
 
-static_assert(
-    [] {
-      for (const FindingKind& kind : kinds) {
-        const auto english = places_in(kind.message.english), dutch = places_in(kind.message.dutch);
-        if (!english || !dutch || *english != *dutch) return false;
-      }
-      return true;
-    }(),
-    "a message names what is filled in, the same in both languages");
+constexpr bool has_known_places(const FindingKind& kind) {
+  const auto english = places_in(kind.message.english), dutch = places_in(kind.message.dutch);
+  return english && dutch && *english == *dutch;
+}
+
+static_assert(std::all_of(kinds.begin(), kinds.end(), has_known_places),
+              "a message names what is filled in, the same in both languages");
 
 static_assert(
     [] {
