@@ -4,8 +4,9 @@
 
 import { createHash } from "node:crypto";
 import { execFileSync } from "node:child_process";
-import { cpSync, mkdirSync, readFileSync, rmSync, writeFileSync } from "node:fs";
+import { mkdirSync, readFileSync, rmSync, writeFileSync } from "node:fs";
 import { join, resolve } from "node:path";
+import { runInNewContext } from "node:vm";
 import { gzipSync } from "node:zlib";
 
 const [wasmBuild, output] = process.argv.slice(2).map((path) => resolve(path));
@@ -13,18 +14,26 @@ const work = join(wasmBuild, "desk-page");
 rmSync(work, { recursive: true, force: true });
 mkdirSync(work, { recursive: true });
 
-/** What a page of results needs besides its body, taken from such a page. */
-function partsOfPage() {
-  const folder = join(work, "example");
-  cpSync("examples/moorland-en", folder, { recursive: true });
-  execFileSync("node", [join(wasmBuild, "pedigreewatch-tools.js"), "page"], { cwd: folder, stdio: "pipe" });
-  const page = readFileSync(join(folder, "moorland.html"), "utf8");
-  const between = (name) => {
-    const found = page.match(new RegExp(`<${name}>([^]*?)</${name}>`));
-    if (found === null) throw new Error(`the page of results has no ${name}`);
-    return found[1];
+const coreScript = readFileSync(join(wasmBuild, "desk_core.js"), "utf8");
+const coreBytes = readFileSync(join(wasmBuild, "desk_core.wasm"));
+
+/** What a page of results needs besides its body: the core is asked for it as the worker asks, in what a worker has. */
+async function partsOfPage() {
+  const worker = { self: { location: { href: "" } }, importScripts() {}, console, WebAssembly, TextDecoder, TextEncoder, performance, crypto };
+  const core = await runInNewContext(`${coreScript}\ncreateDeskCore`, worker)({ wasmBinary: coreBytes });
+  const place = (text) => {
+    const size = core.lengthBytesUTF8(text) + 1, address = core._malloc(size);
+    core.stringToUTF8(text, address, size);
+    return address;
   };
-  return { style: between("style"), script: between("script") };
+  const desk = core._desk_create(place("/"), 0, 0);
+  const part = (name) => {
+    core._desk_text(desk, place(name));
+    const text = core.UTF8ToString(core._desk_answer(desk));
+    if (text === "") throw new Error(`the page of results has no ${name}`);
+    return text;
+  };
+  return { style: part("style"), script: part("script") };
 }
 
 function bundle(entry) {
@@ -40,20 +49,21 @@ function inScript(text) {
 
 const hashOf = (text) => `'sha256-${createHash("sha256").update(text).digest("base64")}'`;
 
-const parts = partsOfPage();
+const parts = await partsOfPage();
 writeFileSync(join(work, "page_script.js"), `export function readFigures() {\n${parts.script}\n}\n`);
 const style = readFileSync("desk/style.css", "utf8");
 const script = inScript(bundle("main"));
 // Compressed by a good half, in letters of which a script can hold any. Browsers that know vectors in WebAssembly know
 // how to decompress too.
-const core = gzipSync(readFileSync(join(wasmBuild, "desk_core.wasm")), { level: 9 }).toString("base64");
-const worker = inScript(`${readFileSync(join(wasmBuild, "desk_core.js"), "utf8")}
+const core = gzipSync(coreBytes, { level: 9 }).toString("base64");
+const worker = inScript(`${coreScript}
 const deskCoreBytes = "${core}";
 ${bundle("worker")}`);
 const example = (folder, name) => inScript(readFileSync(join("examples", folder, name), "latin1"));
 const policy = ["default-src 'none'", `script-src ${hashOf(script)} 'wasm-unsafe-eval'`, "worker-src blob:",
   `style-src ${hashOf(style)} ${hashOf(parts.style)}`, "connect-src 'none'", "base-uri 'none'", "form-action 'none'"].join("; ");
-const values = { policy, style, "page-style": parts.style, worker, script,
+const version = readFileSync("CMakeLists.txt", "utf8").match(/^project\(pedigreewatch VERSION (\S+)/m)[1];
+const values = { version, policy, style, "page-style": parts.style, worker, script,
   "example-en": example("moorland-en", "moorland.txt"), "example-nl": example("heide-nl", "heide.txt") };
 const page = readFileSync("desk/index.html", "utf8").replace(/@([a-z-]+)@/g, (_place, name) => values[name]);
 writeFileSync(output, page);

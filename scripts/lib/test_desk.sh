@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# The tests of the desk: in Chromium, from its file on disk, with Node's own test runner, whose last lines count them.
+# The tests of the desk and of the page: in Chromium, from their files on disk, with Node's own test runner, whose last
+# lines count them.
 # Options go to it. DESK_BROWSER=firefox takes Firefox instead, where it is installed. With DESK_PICTURES=FOLDER the
 # pictures of the steps are kept there.
 set -euo pipefail
@@ -7,12 +8,16 @@ cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
 source scripts/lib/one_at_a_time.sh
 source scripts/lib/release_build.sh
+source scripts/lib/part_times.sh
 
 scripts/setup
 scripts/setup --desk-tests
-build_release pedigreewatch make_population
+start_part "desk: build"
+build_release pedigreewatch pedigreewatch_tools make_population
 scripts/desk
 if ! [[ -d desk/tests/node_modules/puppeteer-core && -d desk/tests/node_modules/axe-core ]]; then
   (cd desk/tests && npm ci --ignore-scripts --no-audit --no-fund --silent)
 fi
+start_part "desk: tests"
 node --test --test-timeout=900000 "$@" desk/tests/*.test.mjs
+say_parts
