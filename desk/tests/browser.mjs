@@ -1,17 +1,19 @@
-// The desk in a real browser, from its file on disk, with everything that the browser asks for recorded.
+// Pages in a real browser, from their files on disk, with everything that the browser asks for recorded; and the desk.
 
-import { existsSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from "node:fs";
+import { existsSync, mkdtempSync, readFileSync, rmSync, statSync, writeFileSync } from "node:fs";
 import { tmpdir } from "node:os";
 import { join, resolve } from "node:path";
 import { pathToFileURL } from "node:url";
 import puppeteer from "puppeteer-core";
+
+const axe = readFileSync(new URL("node_modules/axe-core/axe.min.js", import.meta.url), "utf8");
 
 /** Where Firefox keeps what is saved: it is told once, when it starts. */
 const firefoxFolder = join(tmpdir(), `desk-firefox-${process.pid}`);
 
 export const root = resolve(import.meta.dirname ?? ".", "../..");
 export const deskFile = process.env.DESK_FILE ?? join(root, "build/desk/pedigreewatch-desk.html");
-const isFirefox = process.env.DESK_BROWSER === "firefox";
+export const isFirefox = process.env.DESK_BROWSER === "firefox";
 
 export function startBrowser() {
   return isFirefox
@@ -22,13 +24,13 @@ export function startBrowser() {
       args: ["--no-sandbox", "--disable-dev-shm-usage", "--lang=en"] });
 }
 
-/** A new page with the desk. `requests` are addresses that it asked for besides itself and its own worker. */
-export async function openDesk(browser, { language = "en" } = {}) {
+/** A new window with a file. `requests` are addresses that it asked for besides itself and its own worker. */
+export async function openPage(browser, file, viewport) {
   const folder = mkdtempSync(join(tmpdir(), "desk-"));
   const context = await browser.createBrowserContext(isFirefox ? {} : { downloadBehavior: { policy: "allow", downloadPath: folder } });
   const page = await context.newPage();
-  await page.setViewport({ width: 1100, height: 900 });
-  const requests = [], problems = [], address = pathToFileURL(deskFile).href;
+  await page.setViewport(viewport);
+  const requests = [], problems = [], address = pathToFileURL(file).href;
   page.on("request", (request) => {
     // What Firefox draws its own controls with lies in itself, as data.
     const isOwn = request.url() === address || request.url().startsWith("blob:") || (isFirefox && request.url().startsWith("data:"));
@@ -43,13 +45,26 @@ export async function openDesk(browser, { language = "en" } = {}) {
     void dialog.dismiss();
   });
   await page.goto(address);
-  await page.click(language === "nl" ? "#dutch" : "#english");
-  await idle(page);
   const close = async () => {
     await context.close();
     rmSync(folder, { recursive: true, force: true });
   };
   return { page, folder, requests, problems, close };
+}
+
+/** A new window with the desk. */
+export async function openDesk(browser, { language = "en" } = {}) {
+  const desk = await openPage(browser, deskFile, { width: 1100, height: 900 });
+  await desk.page.click(language === "nl" ? "#dutch" : "#english");
+  await idle(desk.page);
+  return desk;
+}
+
+/** What axe-core finds that keeps people from using the page, as one text a rule. */
+export async function violations(page) {
+  await page.evaluate(axe);
+  const found = await page.evaluate(() => axe.run(document));
+  return found.violations.map(({ id, nodes }) => `${id}: ${nodes.map(({ html }) => html.slice(0, 120)).join(" | ")}`);
 }
 
 /** Until nothing is being worked on. */
@@ -84,8 +99,10 @@ export async function saved(desk, label, name) {
   const file = join(isFirefox ? firefoxFolder : desk.folder, name);
   rmSync(file, { force: true });
   await pressButton(desk.page, label);
-  for (let waited = 0; waited < 600 && !existsSync(file); ++waited) await new Promise((done) => setTimeout(done, 100));
-  if (!existsSync(file)) throw new Error(`${name} was not saved`);
+  // Firefox makes the file at once and fills it under another name.
+  const isThere = () => existsSync(file) && statSync(file).size > 0 && !existsSync(`${file}.part`);
+  for (let waited = 0; waited < 600 && !isThere(); ++waited) await new Promise((done) => setTimeout(done, 100));
+  if (!isThere()) throw new Error(`${name} was not saved`);
   return readFileSync(file);
 }
 

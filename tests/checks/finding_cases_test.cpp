@@ -710,6 +710,10 @@ TEST(FindingKinds, AreAllDocumentedWithBothTexts) {
     EXPECT_NE(page.find("* `" + std::string(kind.message.english) + "`\n"), std::string::npos) << kind.name;
     EXPECT_NE(page.find("* `" + std::string(kind.message.dutch) + "`\n"), std::string::npos) << kind.name;
   }
+  std::size_t documented = 0;
+  for (std::size_t at = page.find("\n#### `"); at != std::string::npos; at = page.find("\n#### `", at + 1))
+    ++documented;
+  EXPECT_EQ(documented, finding_code_count);
 }
 
 // A list of kinds shows nothing but titles: each must tell its kind from all others.
