@@ -1,4 +1,5 @@
-# The Debian package. Its own files (copyright, changelog, lintian overrides) are a component that only cpack installs.
+# The Debian package. Its own files (copyright, changelog, lintian overrides, the menu entry of the desk) are a component
+# that only cpack installs.
 
 # The licence stands in one place.
 file(READ ${PROJECT_SOURCE_DIR}/LICENSE licence)
@@ -11,6 +12,10 @@ install(FILES ${generated}/debian/copyright ${generated}/debian/changelog.gz DES
         COMPONENT debian EXCLUDE_FROM_ALL)
 install(FILES ${generated}/debian/overrides/pedigreewatch DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides
         COMPONENT debian EXCLUDE_FROM_ALL)
+install(FILES ${packaging_folder}/debian/pedigreewatch.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications
+        COMPONENT debian EXCLUDE_FROM_ALL)
+install(FILES ${packaging_folder}/debian/pedigreewatch.svg
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT debian EXCLUDE_FROM_ALL)
 
 set(CPACK_INSTALL_CMAKE_PROJECTS
     "${PROJECT_BINARY_DIR};${PROJECT_NAME};ALL;/;${PROJECT_BINARY_DIR};${PROJECT_NAME};debian;/")
@@ -21,6 +26,7 @@ set(CPACK_DEBIAN_PACKAGE_MAINTAINER "${CPACK_PACKAGE_CONTACT}")
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils")  # opens the desk from the menu
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "Pedigree Watch reads the pedigree of a whole population (a breed, a herdbook,
 a flock) and writes one text report with everything per year of birth: numbers

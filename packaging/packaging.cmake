@@ -57,8 +57,14 @@ endfunction()
 
 install(TARGETS pedigreewatch pedigreewatch_tools RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
-# The desk, where `scripts/desk` has built it.
-install(FILES ${PROJECT_SOURCE_DIR}/build/desk/pedigreewatch-desk.html DESTINATION ${CMAKE_INSTALL_DOCDIR} OPTIONAL)
+# The desk, where `scripts/desk` has built it: beside the programs in the archives, elsewhere where no system leaves
+# files out, as some do with documents.
+if(WIN32 OR PEDIGREEWATCH_STATIC)
+  set(desk_folder ${CMAKE_INSTALL_DOCDIR})
+else()
+  set(desk_folder ${CMAKE_INSTALL_DATADIR}/pedigreewatch)
+endif()
+install(FILES ${PROJECT_SOURCE_DIR}/build/desk/pedigreewatch-desk.html DESTINATION ${desk_folder} OPTIONAL)
 install(DIRECTORY docs/pictures DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs FILES_MATCHING PATTERN "*.png")
 
 if(WIN32)

@@ -1,15 +1,87 @@
 @echo off
-rem Runs Pedigree Watch and stays open. Double-click it in the folder with pedigreewatch.ini and the data file, or drag
-rem that folder (or a file in it) onto it. It must stand beside pedigreewatch.exe. What the program says is kept in
-rem pedigreewatch-console.txt, a name that no data file has by chance; warnings and errors in it are shown here.
-rem "run.cmd FOLDER nowait" does not wait for a key.
+rem Pedigree Watch without typing commands. It must stand beside pedigreewatch.exe.
+rem   A double click opens the desk in the browser.
+rem   An export dragged onto it is prepared (what cannot be decided is asked), checked, and made a report and a page with
+rem   charts, all in a folder beside it: NAME_pedigreewatch.
+rem   A folder with pedigreewatch.ini (or a file in it) dragged onto it is checked and made a report and a page. Where
+rem   pedigreewatch.ini stands beside run.cmd itself, a double click does that.
+rem What the programs say is kept in pedigreewatch-prepare.txt, pedigreewatch-check.txt and pedigreewatch-console.txt,
+rem names that no data file has by chance; warnings and errors are shown here too.
+rem "run.cmd FOLDER nowait" asks nothing, does not wait for a key and opens nothing.
 setlocal enableextensions disabledelayedexpansion
 set "program=%~dp0pedigreewatch.exe"
+set "tools=%~dp0pedigreewatch-tools.exe"
+set "desk=%~dp0pedigreewatch-desk.html"
 set "folder=%~dp0"
 set "attributes=%~a1"
 if not "%~1"=="" set "folder=%~dp1"
 if "%attributes:~0,1%"=="d" set "folder=%~1"
 if not "%folder:~-1%"=="\" set "folder=%folder%\"
+set "status=1"
+
+if not exist "%program%" (
+  echo run.cmd must stand in the same folder as pedigreewatch.exe.
+  goto finish
+)
+if exist "%folder%pedigreewatch.ini" goto with_steer_file
+if "%~1"=="" goto open_desk
+if not "%attributes:~0,1%"=="d" if exist "%tools%" goto with_export
+echo There is no pedigreewatch.ini in "%folder%".
+echo Drag the export of your office program itself onto run.cmd, or open pedigreewatch-desk.html.
+goto finish
+
+:open_desk
+if not exist "%desk%" (
+  echo pedigreewatch-desk.html is missing: unpack the whole archive.
+  goto finish
+)
+echo The desk opens in your browser: "%desk%"
+if /i not "%~2"=="nowait" start "" "%desk%"
+exit /b 0
+
+rem --- An export: a data file and a steer file are made of it ---
+
+:with_export
+set "made=%~dpn1_pedigreewatch"
+set "answers="
+set "tried="
+if not exist "%made%\" mkdir "%made%"
+set "prepare_said=%made%\pedigreewatch-prepare.txt"
+
+:prepare
+chcp 65001 >nul 2>nul
+"%tools%" prepare "%~1" --out "%made%" %tried% >"%prepare_said%" 2>&1
+set "status=%errorlevel%"
+type "%prepare_said%"
+if "%status%"=="0" goto prepared
+if /i "%~2"=="nowait" goto not_prepared
+rem Wrong arguments are forgotten, answers are kept.
+if "%status%"=="1" set "answers=%tried%"
+set "more="
+echo.
+echo Type the answers and press Enter, for instance: --species sheep
+echo Or press Enter alone to stop.
+set /p "more=> "
+if not defined more goto not_prepared
+set "tried=%answers% %more%"
+echo.
+goto prepare
+
+:not_prepared
+del "%prepare_said%"
+rem Only an empty folder is removed.
+rd "%made%" 2>nul
+echo.
+echo Nothing has been made. The desk asks the same questions in your browser: pedigreewatch-desk.html
+goto finish
+
+:prepared
+set "folder=%made%\"
+echo.
+
+rem --- A folder with a steer file: check, report, page ---
+
+:with_steer_file
 set "report="
 set "shown=0"
 set "in_message="
@@ -17,14 +89,13 @@ set "has_mark="
 set "is_enough="
 set "is_shown="
 set "status=1"
-
-if not exist "%program%" (
-  echo run.cmd must stand in the same folder as pedigreewatch.exe.
-  goto finish
-)
+set "page="
+set "page_status=0"
 pushd "%folder%"
 if exist pedigreewatch-console.txt del pedigreewatch-console.txt
 if exist pedigreewatch-console.txt goto in_use
+
+if exist "%tools%" call :check
 
 rem The texts of the program are in Windows-1252.
 chcp 1252 >nul 2>nul
@@ -70,11 +141,15 @@ del pedigreewatch-errors.txt
 rem "to NAME", "naar NAME", with blanks behind it.
 if defined report for /f "tokens=1*" %%d in ("%report%") do set "report=%%e"
 call :trim_report
+if "%status%"=="0" if exist "%tools%" call :make_page
 echo.
 if not "%status%"=="0" goto failed
 echo Finished. The report is "%folder%%report%"
 if not "%shown%"=="0" echo The messages above are about the data; the report has been made all the same.
 echo All that the program has said stands in pedigreewatch-console.txt in the same folder.
+if defined page echo The charts are "%folder%%page%"
+if defined page if /i not "%~2"=="nowait" start "" "%folder%%page%"
+set "status=%page_status%"
 goto finish
 
 :failed
@@ -85,6 +160,35 @@ goto finish
 :in_use
 echo pedigreewatch-console.txt in "%folder%" cannot be replaced. Close the program that shows it and try again.
 goto finish
+
+rem What is wrong with the data: the summary, and the first of the findings.
+:check
+chcp 65001 >nul 2>nul
+"%tools%" check >pedigreewatch-check.txt 2>&1
+set "lines=0"
+for /f "usebackq delims=" %%l in ("pedigreewatch-check.txt") do (
+  call :count_finding
+  if not defined is_enough echo %%l
+)
+if defined is_enough echo    ... all of it stands in pedigreewatch-check.txt
+set "is_enough="
+echo.
+goto :eof
+
+:count_finding
+set /a lines+=1
+if %lines% gtr 40 set "is_enough=1"
+goto :eof
+
+rem The page, of which the last line says the name: "dogs.html: the page ...".
+:make_page
+"%tools%" page >pedigreewatch-page.txt 2>&1
+set "page_status=%errorlevel%"
+if "%page_status%"=="0" for /f "usebackq delims=:" %%p in ("pedigreewatch-page.txt") do set "page=%%p"
+if not "%page_status%"=="0" type pedigreewatch-page.txt
+if defined page set "page=%page:/=\%"
+del pedigreewatch-page.txt
+goto :eof
 
 :count_line
 set /a shown+=1

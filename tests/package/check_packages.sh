@@ -58,13 +58,13 @@ check_manual_page() {
   [[ -z "$complaints" ]] || fail "$1: $complaints"
 }
 
-documents=(README CHANGELOG CONTRIBUTING docs/steer-file docs/data-file docs/report docs/prepare docs/check docs/desk)
+documents=(README CHANGELOG CONTRIBUTING docs/steer-file docs/data-file docs/report docs/prepare docs/check docs/desk docs/running)
 examples=()
 for example in moorland-en/moorland heide-nl/heide; do
   examples+=("examples/$example.txt" "examples/$example.out" "examples/${example%/*}/pedigreewatch.ini")
 done
 
-user_files=("${documents[@]/%/.md}" "${examples[@]}" pedigreewatch-desk.html docs/pictures/desk-4-results.png)
+user_files=("${documents[@]/%/.md}" "${examples[@]}" docs/pictures/desk-4-results.png)
 
 # Every link of a page leads to a file, and to a place that is there.
 check_links() {  # check_links PAGE...
@@ -93,6 +93,10 @@ expect_files "$root/usr/share/doc/pedigreewatch" "${user_files[@]}" copyright ch
 grep -qF "Permission is hereby granted" "$root/usr/share/doc/pedigreewatch/copyright" || fail "copyright: no licence"
 gzip -cd "$root/usr/share/doc/pedigreewatch/changelog.gz" | grep -qF "pedigreewatch ($version)" ||
   fail "the changelog does not begin with version $version"
+expect_files "$root/usr/share" pedigreewatch/pedigreewatch-desk.html icons/hicolor/scalable/apps/pedigreewatch.svg
+menu_entry="$root/usr/share/applications/pedigreewatch.desktop"
+desktop-file-validate "$menu_entry" || fail "$deb: the menu entry is not valid"
+[[ -s "$root$(sed -n 's/^Exec=xdg-open //p' "$menu_entry")" ]] || fail "$deb: the menu entry opens nothing"
 check_manual_page "$root/usr/share/man/man1/pedigreewatch.1.gz"
 check_manual_page "$root/usr/share/man/man1/pedigreewatch-tools.1.gz"
 check_manual_page "$root/usr/share/man/man5/pedigreewatch.ini.5.gz"
@@ -107,7 +111,7 @@ archive="$(the_one "$packages"/*.tar.gz)"
 root="$work/linux"
 mkdir "$root"
 tar -xzf "$archive" -C "$root" --strip-components=1
-expect_files "$root" "${user_files[@]}" LICENSE
+expect_files "$root" "${user_files[@]}" LICENSE pedigreewatch-desk.html
 check_manual_page "$root/man/man1/pedigreewatch.1.gz"
 check_manual_page "$root/man/man1/pedigreewatch-tools.1.gz"
 check_manual_page "$root/man/man5/pedigreewatch.ini.5.gz"

@@ -100,15 +100,31 @@ chmod +x "$work/tools"
 # --- run.cmd, in a folder with blanks in its name ---
 mkdir "$work/tool"
 cp "$program" "$work/tool/pedigreewatch.exe"
+cp "$tools" "$work/tool/pedigreewatch-tools.exe"
 cp "$run_cmd" "$work/tool/run.cmd"
+echo "the desk" >"$work/tool/pedigreewatch-desk.html"
 
 windows_name() { echo "Z:${1//\//\\}"; }
 
-drag_onto_run_cmd() {  # drag_onto_run_cmd FILE: leaves $work/shown and $status
+drag_onto_run_cmd() {  # drag_onto_run_cmd [FILE]: leaves $work/shown and $status; nothing dragged: a double click
+  local dragged=""
+  [[ $# -eq 0 ]] || dragged="$(windows_name "$1")"
   status=0
-  timeout 120 "$wine" cmd /c "$(windows_name "$work/tool/run.cmd")" "$(windows_name "$1")" nowait \
+  timeout 120 "$wine" cmd /c "$(windows_name "$work/tool/run.cmd")" "$dragged" nowait \
     </dev/null >"$work/shown" 2>/dev/null || status=$?
   run=$((run + 1))
+}
+
+expect_status() {  # expect_status NAME STATUS
+  [[ $status -ne $2 ]] || return 0
+  echo "run.cmd on $1: exit status $status, expected $2"
+  differences=$((differences + 1))
+}
+
+expect_no_file() {  # expect_no_file NAME FILE
+  [[ -e "$2" ]] || return 0
+  echo "run.cmd on $1 leaves $(basename "$2")"
+  differences=$((differences + 1))
 }
 
 expect_shown() {  # expect_shown NAME TEXT...
@@ -129,18 +145,15 @@ run_cmd_on() {
   mkdir "$folder"
   copy_case_inputs "$case" "$folder"
   drag_onto_run_cmd "$folder$3"
-  if [[ $status -ne $2 ]]; then
-    echo "run.cmd on $1: exit status $status, expected $2"
-    differences=$((differences + 1))
-  fi
+  expect_status "$1" "$2"
   expect_shown "$1" "${@:4}"
   cat "$case/expected.console" >"$work/all_said"
   if [[ -e "$case/expected.messages" ]]; then cat "$case/expected.messages" >>"$work/all_said"; fi
   compare "run.cmd on $1: pedigreewatch-console.txt" "$work/all_said" "$folder/pedigreewatch-console.txt"
 }
 
-run_cmd_on textbook_matings_nl 0 "" 'The report is "Z:' '.out"'
-if [[ "$(wc -l <"$work/shown")" -gt 6 ]]; then
+run_cmd_on textbook_matings_nl 0 "" 'dogs.txt: ' 'The report is "Z:' '.out"' 'The charts are "Z:' 'dogs.html"'
+if [[ "$(sed '1,/Pedigree Watch is at work/d' "$work/shown" | wc -l)" -gt 5 ]]; then
   echo "run.cmd shows messages of a run that has none:"
   cat "$work/shown"
   differences=$((differences + 1))
@@ -152,6 +165,31 @@ run_cmd_on texts_too_long_nl 0 "" "Waarschuwing: lengte van naam van dier"
 run_cmd_on unreadable_date_nl 1 "" "$(cat "$sources/tests/golden/unreadable_date_nl/expected.messages")" \
   "there is NO complete report"
 run_cmd_on loop_nl 1 "" "programma wordt gestopt" "there is NO complete report"
+
+# A double click opens the desk; a folder without a steer file is told so.
+drag_onto_run_cmd
+expect_status "nothing" 0
+expect_shown "nothing" "The desk opens in your browser" "pedigreewatch-desk.html"
+mkdir "$work/empty folder"
+drag_onto_run_cmd "$work/empty folder"
+expect_status "an empty folder" 1
+expect_shown "an empty folder" "There is no pedigreewatch.ini in" "Drag the export"
+
+# An export is prepared, checked and made a report and a page of; one with a question stays as it is.
+mkdir "$work/my office"
+printf 'Indiv,Sire,Dam,Sex,Born\nrex,NA,NA,reu,2001-12-31\nfly,NA,NA,teef,2002-12-31\n' >"$work/my office/my export.csv"
+drag_onto_run_cmd "$work/my office/my export.csv"
+expect_status "an export" 0
+expect_shown "an export" "Animals       2" "2 animals checked" 'export_pedigreewatch\myexport.out"' 'The charts are "Z:'
+for name in myexport.txt myexport.out myexport.html myexport_check.tsv pedigreewatch.ini \
+    pedigreewatch-{prepare,check,console}.txt; do
+  [[ -s "$work/my office/my export_pedigreewatch/$name" ]] || { echo "run.cmd on an export: no $name"; differences=$((differences + 1)); }
+done
+printf 'Indiv,Sire,Dam,Sex,Born\nrex,NA,NA,m,2001-12-31\nfly,NA,NA,f,2002-12-31\n' >"$work/my office/asks.csv"
+drag_onto_run_cmd "$work/my office/asks.csv"
+expect_status "an export with a question" 1
+expect_shown "an export with a question" "The species is needed" "Nothing has been made"
+expect_no_file "an export with a question" "$work/my office/asks_pedigreewatch"
 
 echo "check_windows: $run runs under wine, $differences differences"
 [[ $run -gt 0 && $differences -eq 0 ]]
