@@ -110,7 +110,8 @@ TEST(HostilePrepareRefuses, ToWriteOverTheExportEvenWhenForced) {
     const RunFolder folder(Files{{name, sound}});
     const WholeRun run = run_program_in(folder, prepare_dogs({"--force"}, name));
     EXPECT_EQ(run.exit_status, 1) << name;
-    EXPECT_TRUE(has(run.messages, "--out"));
+    EXPECT_EQ(run.messages, "The new files, or the report, would overwrite your export (" + name +
+                                "). Choose another folder: --out FOLDER.\n");
     EXPECT_EQ(run.file(name), sound);
     EXPECT_EQ(run.files.size(), 1U);
   }
@@ -119,6 +120,22 @@ TEST(HostilePrepareRefuses, ToWriteOverTheExportEvenWhenForced) {
   const WholeRun linked = run_program_in(folder, prepare_dogs({"--force"}, "export.csv"));
   EXPECT_EQ(linked.exit_status, 1);
   EXPECT_EQ(linked.file("export.csv"), sound);
+  const WholeRun dutch = run_program_in(folder, prepare_dogs({"--force", "--language=nl"}, "export.csv"));
+  EXPECT_EQ(
+      dutch.messages,
+      "De nieuwe bestanden, of het rapport, zouden uw export overschrijven (export.txt). Kies een andere map: --out "
+      "MAP.\n");
+}
+
+TEST(HostilePrepareRefuses, ASpeciesThatThereIsNot) {
+  for (const auto& [word, exit_status] : {std::pair("hound", 2), {"Dog", 0}, {"dog", 0}, {"hond", 0}}) {
+    const WholeRun run =
+        run_program_on({{"export.csv", sound}}, tools_with({"prepare", "--species", word, "export.csv"}));
+    EXPECT_EQ(run.exit_status, exit_status) << word;
+    EXPECT_EQ(run.files.size(), exit_status == 0 ? 3U : 1U) << word;
+    if (exit_status == 0) continue;
+    EXPECT_TRUE(has(run.messages, "dog, cat, cattle, sheep, horse, poultry, pig, other was expected")) << run.messages;
+  }
 }
 
 TEST(HostilePrepareRefuses, AFolderThatIsNotThere) {

@@ -23,8 +23,8 @@ namespace fs = std::filesystem;
 constexpr Wording folder_missing = {"{1}: there is no such folder; make it first, or choose another one with --out",
                                     "{1}: deze map is er niet; maak hem eerst, of kies een andere met --out"};
 constexpr Wording would_replace_export = {
-    "{1} would be written over the export or its report would be. Choose another folder: --out FOLDER.",
-    "{1} (of het rapport ervan) zou over de export heen geschreven worden. Kies een andere map: --out MAP."};
+    "The new files, or the report, would overwrite your export ({1}). Choose another folder: --out FOLDER.",
+    "De nieuwe bestanden, of het rapport, zouden uw export overschrijven ({1}). Kies een andere map: --out MAP."};
 constexpr Wording already_there = {"{1} exists already. To write over it say --force, or choose a folder with --out.",
                                    "{1} bestaat al. Met --force wordt het overschreven; of kies een map met --out."};
 constexpr Wording cannot_write = {"{1}: it cannot be written: {2}. Nothing was changed.",

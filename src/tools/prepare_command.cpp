@@ -8,6 +8,8 @@
 #include "intake/column_recognition.h"
 #include "intake/delimiter_recognition.h"
 #include "intake/export_records.h"
+#include "intake/said_values.h"
+#include "intake/species_choice.h"
 #include "text/encoding.h"
 #include "text/phrases.h"
 #include "tools/command_line.h"
@@ -103,6 +105,14 @@ std::string read_language(const GivenOption& option, PrepareOptions& options) {
   return option.value == "nl" || option.value == "en" ? "" : expected(option, "en or nl");
 }
 
+std::string read_species(const GivenOption& option, PrepareOptions& options) {
+  options.species = text_of(option.value);
+  const bool is_known = !species_named(options.species, ToolLanguage::english).empty();
+  return is_known ? ""
+                  : expected(option, "one of " + text_of(Value{WordList{list_species(ToolLanguage::english)}},
+                                                         ToolLanguage::english));
+}
+
 /// Names with semicolons between them, or commas where there is no semicolon.
 NameWish read_names(std::string_view value) {
   NameWish wish = {.is_given = true, .leaves_out = value == "none", .names = {}};
@@ -123,7 +133,6 @@ void read_text_option(const GivenOption& option, PrepareOptions& options) {
   const std::string value = text_of(option.value);
   if (option.name == "--male") options.male = trimmed(value);
   if (option.name == "--unknown") options.unknown.emplace_back(trimmed(value));
-  if (option.name == "--species") options.species = value;
   if (option.name == "--name") options.population_name = value;
   if (option.name == "--out") options.folder = option.value;
   if (option.name == "--subpopulations") options.subpopulations = read_names(value);
@@ -139,6 +148,7 @@ std::string read_option(const GivenOption& option, PrepareOptions& options) {
   if (option.name == "--column") return read_column(option, options);
   if (option.name == "--header") return read_header(option, options);
   if (option.name == "--language") return read_language(option, options);
+  if (option.name == "--species") return read_species(option, options);
   read_text_option(option, options);
   return {};
 }
