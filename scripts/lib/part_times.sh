@@ -6,10 +6,16 @@
 
 part_lines=() part_name=""
 
-processor_seconds() {  # of everything that this shell has started and that has ended
-  local user_system
-  user_system="$(times | tail -n 1)"
-  awk '{for (i = 1; i <= 2; ++i) {split($i, t, /[ms]/); sum += 60 * t[1] + t[2]} printf "%.0f", sum}' <<<"$user_system"
+# Sets processor_seconds to those of everything that this shell has started and that has ended. Not by a substitution: a
+# shell of its own would not know them.
+read_processor_seconds() {
+  local said minutes_and_seconds
+  said="$(mktemp)"
+  LC_ALL=C times >"$said"
+  minutes_and_seconds="$(tail -n 1 "$said")"
+  rm -f "$said"
+  processor_seconds="$(awk '{for (i = 1; i <= 2; ++i) {split($i, t, /[ms]/); sum += 60 * t[1] + t[2]} printf "%.0f", sum}' \
+    <<<"$minutes_and_seconds")"
 }
 
 line_of_part() {  # line_of_part NAME SECONDS PROCESSOR_SECONDS
@@ -18,13 +24,15 @@ line_of_part() {  # line_of_part NAME SECONDS PROCESSOR_SECONDS
 
 end_part() {
   [[ -n "$part_name" ]] || return 0
-  part_lines+=("$(line_of_part "$part_name" "$((SECONDS - part_start))" "$(($(processor_seconds) - part_processor))")")
+  read_processor_seconds
+  part_lines+=("$(line_of_part "$part_name" "$((SECONDS - part_start))" "$((processor_seconds - part_processor))")")
   part_name=""
 }
 
 start_part() {
   end_part
-  part_name="$1" part_start=$SECONDS part_processor="$(processor_seconds)"
+  read_processor_seconds
+  part_name="$1" part_start=$SECONDS part_processor="$processor_seconds"
 }
 
 gather_parts() {
@@ -37,7 +45,8 @@ say_parts() {
   if [[ -n "${gathered_parts:-}" ]]; then
     cat "$gathered_parts"
     rm -f "$gathered_parts"
-    line_of_part "all" "$SECONDS" "$(processor_seconds)"
+    read_processor_seconds
+    line_of_part "all" "$SECONDS" "$processor_seconds"
   elif [[ -n "${PEDIGREEWATCH_PARTS:-}" ]]; then
     printf '%s\n' "${part_lines[@]}" >>"$PEDIGREEWATCH_PARTS"
   else
