@@ -54,7 +54,11 @@ void check_span(const PedigreeColumns& animals, const ReadingPlan& plan, Finding
   add(findings, finding);
 }
 
-void check_future(PedigreeColumns& animals, const ReadingPlan& plan, const CalendarDate& today, Findings& findings) {
+/// Between a day later in this year and the animals before it no year is empty.
+void check_future(PedigreeColumns& animals, const ReadingPlan& plan, const CalendarDate& today, ToolLanguage language,
+                  Findings& findings) {
+  constexpr Wording empty_years = {": years without animals count as F = 0, Ne is wrong",
+                                   ": jaren zonder dieren tellen als F = 0, Ne is fout"};
   const std::int32_t last_day = day_number(today);
   for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
     const BirthDay& birth = animals.birth.at(animal);
@@ -65,6 +69,7 @@ void check_future(PedigreeColumns& animals, const ReadingPlan& plan, const Calen
     const bool is_year = animals.has_mark(animal, mark_year_only);
     finding.text = keep(
         findings, is_year ? std::to_string(birth.year) : text_of(CalendarDate{birth.year, birth.month, birth.day}));
+    finding.other_text = keep(findings, birth.year > today.year ? words_of(empty_years, language) : std::string_view());
     add(findings, finding);
     animals.marks.at(animal) = static_cast<std::uint8_t>(animals.marks.at(animal) | mark_strange_year);
   }
@@ -234,7 +239,7 @@ void settle_year_only_dates(PedigreeColumns& animals, const FileSurvey& survey, 
 void check_years(PedigreeColumns& animals, const ReadingPlan& plan, const CalendarDate& today, ToolLanguage language,
                  Findings& findings) {
   check_span(animals, plan, findings);
-  check_future(animals, plan, today, findings);
+  check_future(animals, plan, today, language, findings);
   check_gaps(animals, plan, language, findings);
 }
 

@@ -733,6 +733,21 @@ TEST(FindingKinds, HaveATitleOfTheirOwnInBothLanguages) {
   EXPECT_EQ(dutch.size(), finding_code_count);
 }
 
+// Today is the 30th of June 2026.
+TEST(CheckData, ABirthLaterThisYearLeavesNoYearEmpty) {
+  const auto rows_of_birth = [](const std::string& parents, const std::string& birth) {
+    const std::string data =
+        "id;sex;birthdate;sire;dam\na;m;01-01-" + parents + ";;\nb;f;01-02-" + parents + ";;\nc;m;" + birth + ";a;b\n";
+    return rows_of(checked(data, check_settings(sheep_steer())), ToolLanguage::english);
+  };
+  EXPECT_EQ(rows_of_birth("2025", "30-06-2026"), std::vector<std::string>());
+  EXPECT_EQ(rows_of_birth("2025", "31-12-2026"),
+            std::vector<std::string>{"4|3|c|year-future|W|Born in the future (31-12-2026)"});
+  EXPECT_EQ(rows_of_birth("2026", "01-12-2027"),
+            std::vector<std::string>{"4|3|c|year-future|W|Born in the future (01-12-2027): years without animals "
+                                     "count as F = 0, Ne is wrong"});
+}
+
 TEST(CheckData, SoundDataHasNoFindings) {
   const CheckResult result =
       checked("id;sex;birthdate;sire;dam\na;m;01-01-2000;;\nb;f;01-02-2000;;\nc;m;01-12-2001;a;b\n",
