@@ -17,7 +17,7 @@ list(TRANSFORM desk_operations REPLACE ".*\"(desk_[a-z_]+)\".*" "_\\1")
 list(REMOVE_DUPLICATES desk_operations)
 list(JOIN desk_operations "," desk_operations)
 add_executable(desk_core src/desk/desk_interface.cpp)
-target_link_libraries(desk_core PRIVATE pedigreewatch_core)
+target_link_libraries(desk_core PRIVATE pedigreewatch_core pedigreewatch_inflate)
 target_link_options(desk_core PRIVATE
   -fexceptions ${wasm_memory} -sINITIAL_MEMORY=32MB -sMODULARIZE -sEXPORT_NAME=createDeskCore
   -sENVIRONMENT=worker -sDYNAMIC_EXECUTION=0 -sALLOW_TABLE_GROWTH -sFORCE_FILESYSTEM --no-entry
