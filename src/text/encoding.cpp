@@ -1,5 +1,5 @@
 // Recognises an encoding by its byte order mark, by the zeros of UTF-16, or by whether the letters beyond ASCII are
-// valid UTF-8; and turns UTF-16 and Windows-1252 into UTF-8.
+// valid UTF-8; and turns UTF-16 and encodings of one byte a letter into UTF-8.
 
 #include "text/encoding.h"
 
@@ -77,7 +77,8 @@ DecodedText decode_utf_16(std::string_view bytes, bool is_little_endian) {
   return decoded;
 }
 
-DecodedText decode_windows_1252(std::string_view bytes) {
+DecodedText decode_bytes(std::string_view bytes, ByteEncoding encoding) {
+  const LetterTable& table = letter_table(encoding);
   DecodedText decoded;
   decoded.text.reserve(bytes.size() + bytes.size() / 16);
   while (!bytes.empty()) {
@@ -85,7 +86,7 @@ DecodedText decode_windows_1252(std::string_view bytes) {
     decoded.text.append(bytes.substr(0, plain));
     bytes.remove_prefix(plain);
     if (bytes.empty()) break;
-    append_letter(decoded.text, letter_of_windows_1252(bytes.front()));
+    append_letter(decoded.text, letter_of_byte(table, bytes.front()));
     bytes.remove_prefix(1);
   }
   return decoded;
@@ -111,12 +112,14 @@ DecodedText decode_utf_8(std::string bytes) {
 }  // namespace
 
 std::string_view name_of(Encoding encoding) {
-  constexpr std::array<std::string_view, 5> names = {"ASCII", "UTF-8", "UTF-16 LE", "UTF-16 BE", "Windows-1252"};
+  constexpr std::array<std::string_view, 10> names = {"ASCII",        "UTF-8",        "UTF-16 LE",   "UTF-16 BE",
+                                                      "Windows-1252", "Windows-1250", "ISO-8859-15", "MacRoman",
+                                                      "cp850",        "cp437"};
   return names[static_cast<std::size_t>(encoding)];
 }
 
 std::optional<Encoding> encoding_named(std::string_view name) {
-  constexpr std::array<std::pair<std::string_view, Encoding>, 10> names = {{
+  constexpr std::array<std::pair<std::string_view, Encoding>, 22> names = {{
       {"utf8", Encoding::utf_8},
       {"utf16", Encoding::utf_16_le},
       {"utf16le", Encoding::utf_16_le},
@@ -127,6 +130,18 @@ std::optional<Encoding> encoding_named(std::string_view name) {
       {"ansi", Encoding::windows_1252},
       {"latin1", Encoding::windows_1252},
       {"iso88591", Encoding::windows_1252},
+      {"windows1250", Encoding::windows_1250},
+      {"cp1250", Encoding::windows_1250},
+      {"1250", Encoding::windows_1250},
+      {"iso885915", Encoding::iso_8859_15},
+      {"latin9", Encoding::iso_8859_15},
+      {"macroman", Encoding::macroman},
+      {"macintosh", Encoding::macroman},
+      {"mac", Encoding::macroman},
+      {"cp850", Encoding::cp850},
+      {"850", Encoding::cp850},
+      {"cp437", Encoding::cp437},
+      {"437", Encoding::cp437},
   }};
   std::string folded;
   for (const char byte : name) {
@@ -139,6 +154,13 @@ std::optional<Encoding> encoding_named(std::string_view name) {
   const auto* const found = std::find_if(names.begin(), names.end(), [&](const auto& e) { return e.first == folded; });
   if (found == names.end()) return std::nullopt;
   return found->second;
+}
+
+Encoding encoding_of(ByteEncoding encoding) {
+  constexpr std::array<Encoding, byte_encoding_count> encodings = {Encoding::windows_1252, Encoding::windows_1250,
+                                                                   Encoding::iso_8859_15,  Encoding::macroman,
+                                                                   Encoding::cp850,        Encoding::cp437};
+  return encodings[static_cast<std::size_t>(encoding)];
 }
 
 EncodingEvidence recognise_encoding(std::string_view bytes) {
@@ -164,7 +186,12 @@ DecodedText decode(std::string bytes, Encoding encoding) {
   switch (encoding) {
     case Encoding::utf_16_le: return decode_utf_16(view.substr(view.starts_with(little_endian_mark) ? 2 : 0), true);
     case Encoding::utf_16_be: return decode_utf_16(view.substr(view.starts_with(big_endian_mark) ? 2 : 0), false);
-    case Encoding::windows_1252: return decode_windows_1252(view);
+    case Encoding::windows_1252: return decode_bytes(view, ByteEncoding::windows_1252);
+    case Encoding::windows_1250: return decode_bytes(view, ByteEncoding::windows_1250);
+    case Encoding::iso_8859_15: return decode_bytes(view, ByteEncoding::iso_8859_15);
+    case Encoding::macroman: return decode_bytes(view, ByteEncoding::macroman);
+    case Encoding::cp850: return decode_bytes(view, ByteEncoding::cp850);
+    case Encoding::cp437: return decode_bytes(view, ByteEncoding::cp437);
     case Encoding::plain:
     case Encoding::utf_8: break;
   }

@@ -7,9 +7,25 @@
 #include <string>
 #include <string_view>
 
+#include "text/letter_tables.h"
+
 namespace pedigreewatch {
 
-enum class Encoding { plain, utf_8, utf_16_le, utf_16_be, windows_1252 };
+enum class Encoding {
+  plain,
+  utf_8,
+  utf_16_le,
+  utf_16_be,
+  windows_1252,
+  windows_1250,
+  iso_8859_15,
+  macroman,
+  cp850,
+  cp437
+};
+
+/// The encoding whose letters are those of the table.
+Encoding encoding_of(ByteEncoding encoding);
 
 /// The name of an encoding for people; `plain` is that of texts without accents.
 std::string_view name_of(Encoding encoding);
@@ -27,7 +43,8 @@ struct EncodingEvidence {
 };
 
 /// Looks for a byte order mark, then for the zeros of UTF-16, then at all letters beyond ASCII. Bytes that mix UTF-8
-/// with another encoding are not decided.
+/// with another encoding are not decided. Bytes that are no UTF-8 at all count as Windows-1252 here;
+/// `recognise_letters` looks closer.
 EncodingEvidence recognise_encoding(std::string_view bytes);
 
 struct DecodedText {

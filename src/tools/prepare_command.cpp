@@ -39,7 +39,7 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools prepare [OPTION.
                         or "none" to leave the column out
   --colours LIST        likewise
   --delimiter CHARACTER what divides the columns of the export: ";" "," tab bar
-  --encoding NAME       utf-8, utf-16 or windows-1252
+  --encoding NAME       utf-8, utf-16, windows-1252, windows-1250, iso-8859-15, macroman, cp850 or cp437
   --help                shows this text
 
   Exit status: 0 done, 1 something has to be answered or mended first (nothing was written), 2 wrong arguments.
@@ -77,7 +77,9 @@ std::string read_delimiter(const GivenOption& option, PrepareOptions& options) {
 
 std::string read_encoding(const GivenOption& option, PrepareOptions& options) {
   options.encoding = encoding_named(option.value);
-  return options.encoding ? "" : expected(option, "utf-8, utf-16 or windows-1252");
+  return options.encoding
+             ? ""
+             : expected(option, "utf-8, utf-16, windows-1252, windows-1250, iso-8859-15, macroman, cp850 or cp437");
 }
 
 std::string read_dates(const GivenOption& option, PrepareOptions& options) {

@@ -65,6 +65,14 @@ TEST(Decode, Windows1252HasLettersBetween80And9F) {
   EXPECT_EQ(decode("\x8A\x9C\xE9", Encoding::windows_1252).text, "\xC5\xA0\xC5\x93\xC3\xA9");
 }
 
+TEST(Decode, OtherEncodingsOfOneByteALetter) {
+  EXPECT_EQ(decode("Br\x9Asel", Encoding::macroman).text, "Br\u00F6sel");
+  EXPECT_EQ(decode("Br\x94sel", Encoding::cp850).text, "Br\u00F6sel");
+  EXPECT_EQ(decode("Br\x94sel", Encoding::cp437).text, "Br\u00F6sel");
+  EXPECT_EQ(decode("Krak\xF3w \xA3ukasz", Encoding::windows_1250).text, "Krak\u00F3w \u0141ukasz");
+  EXPECT_EQ(decode("B\xBDuf \xA4", Encoding::iso_8859_15).text, "B\u0153uf \u20AC");
+}
+
 TEST(Decode, Utf16OfBothOrders) {
   EXPECT_EQ(decode("\xFF\xFEZ\0\xEB\0"s, Encoding::utf_16_le).text, "Z\xC3\xAB");
   EXPECT_EQ(decode("\xFE\xFF\0Z\0\xEB"s, Encoding::utf_16_be).text, "Z\xC3\xAB");
@@ -94,7 +102,19 @@ TEST(EncodingNamed, NamesOfUsersAndNoOthers) {
   EXPECT_EQ(encoding_named("utf-16be"), Encoding::utf_16_be);
   EXPECT_EQ(encoding_named("Windows-1252"), Encoding::windows_1252);
   EXPECT_EQ(encoding_named("ANSI"), Encoding::windows_1252);
+  EXPECT_EQ(encoding_named("MacRoman"), Encoding::macroman);
+  EXPECT_EQ(encoding_named("cp850"), Encoding::cp850);
+  EXPECT_EQ(encoding_named("437"), Encoding::cp437);
+  EXPECT_EQ(encoding_named("windows-1250"), Encoding::windows_1250);
+  EXPECT_EQ(encoding_named("ISO-8859-15"), Encoding::iso_8859_15);
   EXPECT_FALSE(encoding_named("ebcdic").has_value());
+}
+
+TEST(NameOf, IsUnderstoodAgain) {
+  for (const ByteEncoding encoding : {ByteEncoding::windows_1252, ByteEncoding::windows_1250, ByteEncoding::iso_8859_15,
+                                      ByteEncoding::macroman, ByteEncoding::cp850, ByteEncoding::cp437}) {
+    EXPECT_EQ(encoding_named(name_of(encoding_of(encoding))), encoding_of(encoding));
+  }
 }
 
 TEST(KnownBinaryKind, NamesAWorkbookButNoText) {
