@@ -66,7 +66,7 @@ int read(const char* name) {
   WorkbookSheets sheets;
   WorkbookProblem problem;
   if (!read_workbook(bytes, {}, table, sheets, problem)) {
-    std::printf("%s\n", message_of(problem, name, ToolLanguage::english).c_str());
+    std::printf("%s\n", message_of(problem, ToolLanguage::english).c_str());
     return 1;
   }
   const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;

@@ -47,7 +47,10 @@ function drawReading(desk: Desk): HTMLElement {
   };
   return make("details", { open: desk.refusals.length > 0 }, make("summary", {}, text(desk, "howRead")),
     make("div", { class: "form" },
-      ...field("letters", "encoding", [["utf-8", "UTF-8"], ["windows-1252", "Windows-1252"], ["utf-16", "UTF-16"]]),
+      ...field("letters", "encoding", [
+        ["utf-8", "UTF-8"], ["windows-1252", "Windows-1252"], ["utf-16", "UTF-16"], ["windows-1250", "Windows-1250"],
+        ["iso-8859-15", "ISO-8859-15"], ["macroman", "MacRoman"], ["cp850", "cp850"], ["cp437", "cp437"],
+      ]),
       ...field("dividedBy", "delimiter", [["semicolon", text(desk, "semicolon")], ["comma", text(desk, "comma")],
         ["tab", text(desk, "tab")], ["bar", text(desk, "bar")]]),
       ...field("firstLine", "header", [["yes", text(desk, "headerYes")], ["no", text(desk, "headerNo")]])));

@@ -49,7 +49,8 @@ TEST(HostilePrepareRefuses, AHeaderWithoutAnimals) {
 TEST(HostilePrepareRefuses, FilesThatAreNoText) {
   expect_refused(prepare_bytes("PK\x03\x04"
                                "whatever"),
-                 "a file of another kind (Excel, LibreOffice, zip)");
+                 "export.csv: this workbook is not complete. Copy or export it again.\n");
+  expect_refused(prepare_bytes("%PDF-1.7"), "a file of another kind (PDF)");
   expect_refused(prepare_bytes("id;sire\n1;2\n3;\0\0x\n"s),
                  "it holds 2 bytes that no text has (zeros), the first in line 3");
   std::string noise;

@@ -122,6 +122,20 @@ constexpr std::array<EvidenceWording, remark_kind_count> remark_wordings = {{
     {goes_on,
      {"{1} more such places; at the last one line {2} of the export is line {3}",
       "Nog {1} plaatsen; op de laatste is regel {2} van de export regel {3}"}},
+    {{"Sheet", "Blad"},
+     {"\"{1}\" of {2}; its rows are the lines of what follows", "\"{1}\" van {2}; de rijen ervan zijn hieronder de regels"}},
+    {look_at_this, {"Cells that hold an error and count as empty: {1}: {2}", "Cellen met een fout, die als leeg tellen: {1}: {2}"}},
+    {look_at_this,
+     {"Formulas without a value, which count as empty: {1}: {2}. Save the workbook in the spreadsheet program.",
+      "Formules zonder waarde, die als leeg tellen: {1}: {2}. Bewaar de werkmap in het rekenbladprogramma."}},
+    {look_at_this,
+     {"Cells of dates that are no day, read as numbers: {1}: {2}",
+      "Cellen met een datum die niet bestaat, als getal gelezen: {1}: {2}"}},
+    {goes_on,
+     {"Merged cells, of which only the first has the text: {1}: {2}",
+      "Samengevoegde cellen, waarvan alleen de eerste de tekst heeft: {1}: {2}"}},
+    {goes_on, {"Hidden rows, which are read too: {1}: {2}", "Verborgen rijen, die ook gelezen zijn: {1}: {2}"}},
+    {goes_on, {"Hidden columns, which are read too: {1}: {2}", "Verborgen kolommen, die ook gelezen zijn: {1}: {2}"}},
 }};
 
 constexpr std::array<Wording, question_kind_count> question_wordings = {{
@@ -195,6 +209,11 @@ constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
      "letters that the report does not have). Shorten or rename one of them in the export.",
      "{1}, regel {2}: de id's \"{3}\" en \"{4}\" zouden in het databestand allebei \"{5}\" worden (30 letters, zonder "
      "letters die het rapport niet heeft). Kort een van beide in of hernoem hem in de export."},
+    {"{1}: {2}", "{1}: {2}"},
+    {"{1}: the letters with accents fit several encodings: {2}. Choose the right one at \"Letters\", under \"How the file is "
+     "read\".",
+     "{1}: de letters met accenten passen bij verschillende coderingen: {2}. Kies de juiste bij \"Letters\", onder \"Hoe "
+     "het bestand gelezen wordt\"."},
 }};
 // clang-format on
 

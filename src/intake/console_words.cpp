@@ -98,6 +98,19 @@ constexpr std::array<Wording, remark_kind_count> remark_wordings = {{
     {"  from line {1} of the export on: line {2} of {3}", "  vanaf regel {1} van de export: regel {2} van {3}"},
     {"  and so on, {1} more such places; in the last line {2} of the export is line {3}",
      "  enzovoort, nog {1} plaatsen; op de laatste is regel {2} van de export regel {3}"},
+    {"Sheet         \"{1}\" of {2}; its rows are the lines of what follows (another one: --sheet)",
+     "Blad          \"{1}\" van {2}; de rijen ervan zijn hieronder de regels (een ander: --sheet)"},
+    {"              cells that hold an error and count as empty: {1}: {2}",
+     "              cellen met een fout, die als leeg tellen: {1}: {2}"},
+    {"              formulas without a value, which count as empty: {1}: {2}. Save the workbook in the spreadsheet program.",
+     "              formules zonder waarde, die als leeg tellen: {1}: {2}. Bewaar de werkmap in het rekenbladprogramma."},
+    {"              cells of dates that are no day, read as numbers: {1}: {2}",
+     "              cellen met een datum die niet bestaat, als getal gelezen: {1}: {2}"},
+    {"              merged cells, of which only the first has the text: {1}: {2}",
+     "              samengevoegde cellen, waarvan alleen de eerste de tekst heeft: {1}: {2}"},
+    {"              hidden rows, which are read too: {1}: {2}", "              verborgen rijen, die ook gelezen zijn: {1}: {2}"},
+    {"              hidden columns, which are read too: {1}: {2}",
+     "              verborgen kolommen, die ook gelezen zijn: {1}: {2}"},
 }};
 
 constexpr std::array<Wording, question_kind_count> question_wordings = {{
@@ -168,6 +181,9 @@ constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
      "letters that the report does not have). Shorten or rename one of them in the export.",
      "{1}, regel {2}: de id's \"{3}\" en \"{4}\" zouden in het databestand allebei \"{5}\" worden (30 letters, zonder "
      "letters die het rapport niet heeft). Kort een van beide in of hernoem hem in de export."},
+    {"{1}: {2}", "{1}: {2}"},
+    {"{1}: the letters with accents fit several encodings: {2}. Say which is right: --encoding NAME.",
+     "{1}: de letters met accenten passen bij verschillende coderingen: {2}. Zeg welke klopt: --encoding NAAM."},
 }};
 // clang-format on
 

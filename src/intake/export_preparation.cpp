@@ -13,6 +13,9 @@
 
 #include "core/line_reader.h"
 #include "intake/export_records.h"
+#include "sheets/inflate.h"
+#include "sheets/workbook.h"
+#include "text/letter_evidence.h"
 #include "text/utf_8.h"
 
 namespace pedigreewatch {
@@ -62,6 +65,12 @@ std::string word_around(std::string_view text, std::size_t place) {
   return std::string(text.substr(first, last - first));
 }
 
+/// Whether a file with these bytes is read as a workbook.
+bool is_read_as_workbook(std::string_view bytes) {
+  WorkbookProblem ignored;
+  return can_inflate() && kind_of_workbook(bytes, ignored) == WorkbookKind::archive;
+}
+
 /// Reads the bytes of the file.
 std::optional<Refusal> read_export(const std::string& name, std::string& bytes) {
   std::error_code ignored;
@@ -69,8 +78,40 @@ std::optional<Refusal> read_export(const std::string& name, std::string& bytes) 
   const int error = read_bytes(name, bytes);
   if (error != 0) return Refusal{RefusalKind::cannot_read, {name, std::generic_category().message(error)}};
   if (bytes.empty()) return Refusal{RefusalKind::is_empty, {name}};
+  if (is_read_as_workbook(bytes)) return std::nullopt;
+  WorkbookProblem problem;
+  kind_of_workbook(bytes, problem);
+  if (problem.fault != WorkbookFault::none) return Refusal{RefusalKind::workbook_unread, {name, problem}};
   const std::string_view kind = known_binary_kind(bytes);
   if (!kind.empty()) return Refusal{RefusalKind::is_binary, {name, std::string(kind)}};
+  return std::nullopt;
+}
+
+/// The table on a sheet of a workbook, as a text with tabs.
+std::optional<Refusal> read_export_sheet(const PrepareOptions& options, std::string_view bytes, Preparation& result) {
+  SheetTable table;
+  WorkbookSheets sheets;
+  WorkbookProblem problem;
+  if (!read_workbook(bytes, options.sheet, table, sheets, problem)) {
+    return Refusal{RefusalKind::workbook_unread, {options.export_name, std::move(problem)}};
+  }
+  result.text = std::move(table.text);
+  result.reading.used_encoding = Encoding::utf_8;
+  result.reading.encoding.encoding = Encoding::utf_8;
+  result.reading.delimiter = '\t';
+  result.reading.sheet_names = std::move(sheets.names);
+  result.reading.sheet = std::move(table);
+  return std::nullopt;
+}
+
+/// Which encoding of one byte a letter it is, by the words; refused where several of them make sense.
+std::optional<Refusal> recognise_byte_encoding(const PrepareOptions& options, std::string_view bytes,
+                                               EncodingEvidence& evidence) {
+  LetterEvidence letters = recognise_letters(bytes);
+  if (letters.readings.size() > 1) {
+    return Refusal{RefusalKind::encodings_alike, {options.export_name, EncodingReadings{std::move(letters.readings)}}};
+  }
+  evidence.encoding = encoding_of(letters.readings.front().encoding);
   return std::nullopt;
 }
 
@@ -78,6 +119,10 @@ std::optional<Refusal> decode_export(const PrepareOptions& options, std::string 
   ReadingEvidence& reading = result.reading;
   reading.encoding = recognise_encoding(bytes);
   const EncodingEvidence& evidence = reading.encoding;
+  if (!options.encoding && evidence.encoding == Encoding::windows_1252) {
+    std::optional<Refusal> refusal = recognise_byte_encoding(options, bytes, reading.encoding);
+    if (refusal) return refusal;
+  }
   if (!options.encoding && !evidence.encoding) {
     return Refusal{RefusalKind::encoding_unclear,
                    {options.export_name, evidence.utf_8_letters, line_number_at(bytes, evidence.first_letter),
@@ -143,7 +188,9 @@ std::optional<Refusal> read_and_recognise(const PrepareOptions& options, Prepara
   result = {};
   std::string bytes;
   std::optional<Refusal> refusal = read_export(options.export_name, bytes);
-  if (!refusal) refusal = decode_export(options, std::move(bytes), result);
+  if (refusal) return refusal;
+  if (is_read_as_workbook(bytes)) return read_export_sheet(options, bytes, result);
+  refusal = decode_export(options, std::move(bytes), result);
   if (!refusal) refusal = refuse_zeros(result.text, options);
   if (!refusal) refusal = choose_export_delimiter(options, result);
   return refusal;

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/tool_streams.h"
 #include "intake/column_choice.h"
@@ -12,6 +13,7 @@
 #include "intake/export_survey.h"
 #include "intake/prepare_plan.h"
 #include "intake/remark.h"
+#include "sheets/sheet_table.h"
 #include "text/encoding.h"
 
 namespace pedigreewatch {
@@ -25,6 +27,8 @@ struct ReadingEvidence {
   std::string letter_example;  ///< a text with an accent
   char delimiter = ';';        ///< of the export
   DelimiterEvidence delimiter_evidence;
+  std::optional<SheetTable> sheet;       ///< of a workbook: what was noted of it; its text is that of the preparation
+  std::vector<std::string> sheet_names;  ///< all sheets of the workbook
 };
 
 struct Preparation {

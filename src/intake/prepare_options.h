@@ -27,6 +27,7 @@ struct NameWish {
 
 struct PrepareOptions {
   std::string export_name;
+  std::string sheet;  ///< of a workbook, by its name or number; empty: the first one with a table
   std::optional<char> delimiter;
   std::optional<Encoding> encoding;
   std::optional<DateOrder> dates;

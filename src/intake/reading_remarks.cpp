@@ -20,8 +20,9 @@ void remark_encoding(const ReadingEvidence& reading, const PrepareOptions& optio
   } else if (options.encoding) {
     remarks.push_back({RemarkKind::encoding_wished, {encoding}});
   } else {
+    // Those that are no UTF-8 are letters of an encoding of one byte a letter.
     const std::int64_t letters =
-        encoding == Encoding::windows_1252 ? reading.encoding.other_bytes : reading.encoding.utf_8_letters;
+        encoding == Encoding::utf_8 ? reading.encoding.utf_8_letters : reading.encoding.other_bytes;
     Values values = {encoding};
     if (letters > 0) values.insert(values.end(), {letters, reading.letter_example});
     remarks.push_back({kind_of_encoding(reading.encoding.has_mark, letters > 0), std::move(values)});
@@ -29,6 +30,21 @@ void remark_encoding(const ReadingEvidence& reading, const PrepareOptions& optio
   remark_count(RemarkKind::bytes_mended, reading.mended_bytes, remarks);
   remark_count(RemarkKind::letters_broken, reading.broken_letters, remarks);
   if (reading.ends_in_half_letter) remarks.push_back({RemarkKind::half_letter, {}});
+}
+
+void remark_cells(RemarkKind kind, const NotedCells& noted, std::vector<Remark>& remarks) {
+  if (noted.count > 0) remarks.push_back({kind, {noted.count, noted}});
+}
+
+void remark_sheet(const ReadingEvidence& reading, std::vector<Remark>& remarks) {
+  const SheetTable& sheet = *reading.sheet;
+  remarks.push_back({RemarkKind::sheet_read, {sheet.sheet, static_cast<std::int64_t>(reading.sheet_names.size())}});
+  remark_cells(RemarkKind::cells_with_errors, sheet.errors, remarks);
+  remark_cells(RemarkKind::formulas_without_value, sheet.uncomputed, remarks);
+  remark_cells(RemarkKind::dates_without_day, sheet.odd_dates, remarks);
+  remark_cells(RemarkKind::cells_merged, sheet.merged, remarks);
+  remark_cells(RemarkKind::rows_hidden, sheet.hidden_rows, remarks);
+  remark_cells(RemarkKind::columns_hidden, sheet.hidden_columns, remarks);
 }
 
 void remark_delimiter(const ReadingEvidence& reading, const PrepareOptions& options, std::vector<Remark>& remarks) {
@@ -69,8 +85,12 @@ void remark_links(const ParentLinks& links, LinkRole role, RemarkKind all, Remar
 void add_reading_remarks(const Preparation& read, const PrepareOptions& options, std::vector<Remark>& remarks) {
   const ExportSurvey& survey = read.survey;
   remarks.push_back({RemarkKind::export_read, {options.export_name, survey.last_line}});
-  remark_encoding(read.reading, options, remarks);
-  remark_delimiter(read.reading, options, remarks);
+  if (read.reading.sheet) {
+    remark_sheet(read.reading, remarks);
+  } else {
+    remark_encoding(read.reading, options, remarks);
+    remark_delimiter(read.reading, options, remarks);
+  }
   if (read.plan.columns.has_header) {
     remarks.push_back({RemarkKind::header_found, {survey.header_line}});
   } else {

@@ -13,7 +13,10 @@
 #include "intake/delimiter_recognition.h"
 #include "intake/text_counts.h"
 #include "pedigree/header_words.h"
+#include "sheets/sheet_table.h"
+#include "sheets/workbook_problem.h"
 #include "text/encoding.h"
+#include "text/letter_evidence.h"
 #include "text/windows_1252.h"
 
 namespace pedigreewatch {
@@ -49,9 +52,14 @@ struct WordList {
   std::vector<std::string_view> words;
 };
 
+struct EncodingReadings {
+  std::vector<EncodingReading> readings;
+};
+
 /// A number, a text of the export or of the user, the place of a column, lines with what stands in them, ...
 using Value = std::variant<std::int64_t, std::string, FieldCode, FieldName, DateOrder, Encoding, Delimiter, ColumnList,
-                           CountedList, NotedTexts, LetterList, TriedDelimiters, WordList>;
+                           CountedList, NotedTexts, LetterList, TriedDelimiters, WordList, NotedCells, WorkbookProblem,
+                           EncodingReadings>;
 using Values = std::vector<Value>;
 
 // --- Remarks: what was recognised, and what is changed on the way. Behind each kind stand its values ---
@@ -114,8 +122,15 @@ enum class RemarkKind {
   lines_shifted,                 ///< none
   line_shifted,                  ///< line of the export, line of the data file, name of that file
   further_shifts,                ///< such places, line of the export and of the data file at the last
+  sheet_read,                    ///< sheet, sheets of the workbook
+  cells_with_errors,             ///< cells, their places
+  formulas_without_value,        ///< cells, their places
+  dates_without_day,             ///< cells, their places
+  cells_merged,                  ///< ranges, their places
+  rows_hidden,                   ///< rows, their numbers
+  columns_hidden,                ///< columns, their letters
 };
-inline constexpr std::size_t remark_kind_count = static_cast<std::size_t>(RemarkKind::further_shifts) + 1;
+inline constexpr std::size_t remark_kind_count = static_cast<std::size_t>(RemarkKind::columns_hidden) + 1;
 
 struct Remark {
   RemarkKind kind;
@@ -172,8 +187,10 @@ enum class RefusalKind {
   never_closed,       ///< file, line
   no_animals,         ///< file
   ids_clash,          ///< file, line, id, other id, what both would become
+  workbook_unread,    ///< file, why
+  encodings_alike,    ///< file, the encodings that the letters fit
 };
-inline constexpr std::size_t refusal_kind_count = static_cast<std::size_t>(RefusalKind::ids_clash) + 1;
+inline constexpr std::size_t refusal_kind_count = static_cast<std::size_t>(RefusalKind::encodings_alike) + 1;
 
 struct Refusal {
   RefusalKind kind;

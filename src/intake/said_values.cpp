@@ -99,6 +99,20 @@ struct TextMaker {
   std::string operator()(const WordList& list) const {
     return joined(list.words, ", ", [](std::string_view word) { return std::string(word); });
   }
+
+  std::string operator()(const NotedCells& noted) const {
+    const std::int64_t more = noted.count - static_cast<std::int64_t>(noted.first.size());
+    return joined(noted.first, ", ", [](const std::string& place) { return shown(place); }) + more_text(more, language);
+  }
+
+  std::string operator()(const WorkbookProblem& problem) const { return message_of(problem, language); }
+
+  std::string operator()(const EncodingReadings& list) const {
+    return joined(list.readings, "; ", [](const EncodingReading& reading) {
+      return std::string(name_of(encoding_of(reading.encoding))) + ": " +
+             joined(reading.examples, ", ", [](const std::string& word) { return in_quotes(word); });
+    });
+  }
 };
 
 }  // namespace

@@ -32,6 +32,10 @@ void feed(Inflater& inflater) {
 
 }  // namespace
 
+bool can_inflate() {
+  return true;
+}
+
 void EndInflater::operator()(Inflater* inflater) const {
   if (inflater == nullptr) return;
   inflateEnd(&inflater->stream);

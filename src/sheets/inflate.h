@@ -10,6 +10,9 @@
 
 namespace pedigreewatch {
 
+/// Whether this build can unpack anything.
+bool can_inflate();
+
 struct Inflater;
 
 struct EndInflater {

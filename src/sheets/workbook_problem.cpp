@@ -9,57 +9,56 @@ constexpr Wording save_again = {
     " Open it in the spreadsheet program, save it again as .xlsx, .ods or CSV, and take that.",
     " Open het in het rekenbladprogramma, bewaar het opnieuw als .xlsx, .ods of CSV, en neem dat."};
 
-constexpr Wording is_cut_off = {"{1}: this workbook is not complete. Copy or export it again.",
-                                "{1}: deze werkmap is niet volledig. Kopieer of exporteer haar opnieuw."};
+constexpr Wording is_cut_off = {"this workbook is not complete. Copy or export it again.",
+                                "deze werkmap is niet volledig. Kopieer of exporteer haar opnieuw."};
 constexpr Wording holds_no_sheets = {
-    "{1}: this is an archive (zip) and no workbook. Unpack it, and take the .xlsx, .ods or CSV file in it.",
-    "{1}: dit is een archief (zip) en geen werkmap. Pak het uit en neem het .xlsx-, .ods- of CSV-bestand dat erin "
+    "this is an archive (zip) and no workbook. Unpack it, and take the .xlsx, .ods or CSV file in it.",
+    "dit is een archief (zip) en geen werkmap. Pak het uit en neem het .xlsx-, .ods- of CSV-bestand dat erin "
     "zit."};
-constexpr Wording is_old = {"{1}: this is a workbook of a form used before 2007 (.xls), which cannot be read.",
-                            "{1}: dit is een werkmap van v\u00F3\u00F3r 2007 (.xls); die is niet te lezen."};
-constexpr Wording is_binary = {"{1}: this is a binary workbook (.xlsb), which cannot be read.",
-                               "{1}: dit is een binaire werkmap (.xlsb); die is niet te lezen."};
-constexpr Wording is_html = {"{1}: this is a web page (HTML), whatever its name says.",
-                             "{1}: dit is een webpagina (HTML), wat de naam ook zegt."};
-constexpr Wording is_xml = {"{1}: this is a workbook in the XML form of 2003, which cannot be read.",
-                            "{1}: dit is een werkmap in de XML-vorm van 2003; die is niet te lezen."};
-constexpr Wording is_locked = {"{1}: this workbook has a password. Save it without one, and take that.",
-                               "{1}: deze werkmap heeft een wachtwoord. Bewaar haar zonder, en neem die."};
-constexpr Wording packed_otherwise = {"{1}: the part \"{2}\" of the workbook is packed in a way that is not known.",
-                                      "{1}: het deel \"{2}\" van de werkmap is ingepakt op een onbekende manier."};
-constexpr Wording packed_badly = {
-    "{1}: the part \"{2}\" of the workbook is damaged. Copy or export it again.",
-    "{1}: het deel \"{2}\" van de werkmap is beschadigd. Kopieer of exporteer haar opnieuw."};
+constexpr Wording is_old = {"this is a workbook of a form used before 2007 (.xls), which cannot be read.",
+                            "dit is een werkmap van v\u00F3\u00F3r 2007 (.xls); die is niet te lezen."};
+constexpr Wording is_binary = {"this is a binary workbook (.xlsb), which cannot be read.",
+                               "dit is een binaire werkmap (.xlsb); die is niet te lezen."};
+constexpr Wording is_html = {"this is a web page (HTML), whatever its name says.",
+                             "dit is een webpagina (HTML), wat de naam ook zegt."};
+constexpr Wording is_xml = {"this is a workbook in the XML form of 2003, which cannot be read.",
+                            "dit is een werkmap in de XML-vorm van 2003; die is niet te lezen."};
+constexpr Wording is_locked = {"this workbook has a password. Save it without one, and take that.",
+                               "deze werkmap heeft een wachtwoord. Bewaar haar zonder, en neem die."};
+constexpr Wording packed_otherwise = {"the part \"{1}\" of the workbook is packed in a way that is not known.",
+                                      "het deel \"{1}\" van de werkmap is ingepakt op een onbekende manier."};
+constexpr Wording packed_badly = {"the part \"{1}\" of the workbook is damaged. Copy or export it again.",
+                                  "het deel \"{1}\" van de werkmap is beschadigd. Kopieer of exporteer haar opnieuw."};
 constexpr Wording unpacks_too_far = {
-    "{1}: the workbook unpacks to more than {3} GB, which no sheet of animals does; it was not read further.",
-    "{1}: uitgepakt is deze werkmap groter dan {3} GB, en zo groot is geen blad met dieren; er is niet verder "
+    "the workbook unpacks to more than {2} GB, which no sheet of animals does; it was not read further.",
+    "uitgepakt is deze werkmap groter dan {2} GB, en zo groot is geen blad met dieren; er is niet verder "
     "gelezen."};
-constexpr Wording xml_is_broken = {"{1}: the part \"{2}\" of the workbook is broken{3}.",
-                                   "{1}: het deel \"{2}\" van de werkmap is kapot{3}."};
+constexpr Wording xml_is_broken = {"the part \"{1}\" of the workbook is broken{2}.",
+                                   "het deel \"{1}\" van de werkmap is kapot{2}."};
 constexpr Wording has_doctype = {
-    "{1}: the part \"{2}\" of the workbook defines words of its own (DOCTYPE), which no spreadsheet program writes.",
-    "{1}: het deel \"{2}\" van de werkmap definieert eigen woorden (DOCTYPE), wat geen rekenbladprogramma doet."};
-constexpr Wording is_too_deep = {"{1}: the part \"{2}\" of the workbook has more than {4} levels, which none should.",
-                                 "{1}: het deel \"{2}\" van de werkmap heeft meer dan {4} niveaus, wat niet hoort."};
-constexpr Wording is_too_long = {"{1}: a text of the part \"{2}\" is longer than a million letters{3}.",
-                                 "{1}: een tekst van het deel \"{2}\" is langer dan een miljoen letters{3}."};
-constexpr Wording is_no_utf_8 = {"{1}: the part \"{2}\" of the workbook is not written in UTF-8{3}.",
-                                 "{1}: het deel \"{2}\" van de werkmap is niet in UTF-8 geschreven{3}."};
-constexpr Wording cell_is_odd = {"{1}: the cells of the workbook are not in their order{3}.",
-                                 "{1}: de cellen van de werkmap staan niet op volgorde{3}."};
-constexpr Wording text_is_missing = {"{1}: a cell refers to the text number {4}, which is not there{3}.",
-                                     "{1}: een cel verwijst naar tekst nummer {4}, die er niet is{3}."};
-constexpr Wording has_too_many_rows = {"{1}: there is a row {4}{3}; at most {5} rows are read.",
-                                       "{1}: er is een rij {4}{3}; hoogstens {5} rijen worden gelezen."};
+    "the part \"{1}\" of the workbook defines words of its own (DOCTYPE), which no spreadsheet program writes.",
+    "het deel \"{1}\" van de werkmap definieert eigen woorden (DOCTYPE), wat geen rekenbladprogramma doet."};
+constexpr Wording is_too_deep = {"the part \"{1}\" of the workbook has more than {3} levels, which none should.",
+                                 "het deel \"{1}\" van de werkmap heeft meer dan {3} niveaus, wat niet hoort."};
+constexpr Wording is_too_long = {"a text of the part \"{1}\" is longer than a million letters{2}.",
+                                 "een tekst van het deel \"{1}\" is langer dan een miljoen letters{2}."};
+constexpr Wording is_no_utf_8 = {"the part \"{1}\" of the workbook is not written in UTF-8{2}.",
+                                 "het deel \"{1}\" van de werkmap is niet in UTF-8 geschreven{2}."};
+constexpr Wording cell_is_odd = {"the cells of the workbook are not in their order{2}.",
+                                 "de cellen van de werkmap staan niet op volgorde{2}."};
+constexpr Wording text_is_missing = {"a cell refers to the text number {3}, which is not there{2}.",
+                                     "een cel verwijst naar tekst nummer {3}, die er niet is{2}."};
+constexpr Wording has_too_many_rows = {"there is a row {3}{2}; at most {4} rows are read.",
+                                       "er is een rij {3}{2}; hoogstens {4} rijen worden gelezen."};
 constexpr Wording has_too_many_columns = {
-    "{1}: {4} stands too far to the right{3}; at most {5} columns are read. Remove what is not needed there.",
-    "{1}: {4} staat te ver naar rechts{3}; hoogstens {5} kolommen worden gelezen. Haal weg wat daar niet nodig is."};
-constexpr Wording has_too_much_text = {"{1}: the sheet holds more than {5} MB of text{3}; it was not read further.",
-                                       "{1}: het blad bevat meer dan {5} MB tekst{3}; het is niet verder gelezen."};
-constexpr Wording has_no_such_sheet = {"{1}: there is no sheet {4}. Choose one with --sheet NAME (or its number): {6}.",
-                                       "{1}: er is geen blad {4}. Kies er een met --sheet NAAM (of het nummer): {6}."};
-constexpr Wording has_no_table = {"{1}: the workbook holds nothing that could be read{3}.",
-                                  "{1}: de werkmap bevat niets dat gelezen kan worden{3}."};
+    "{3} stands too far to the right{2}; at most {4} columns are read. Remove what is not needed there.",
+    "{3} staat te ver naar rechts{2}; hoogstens {4} kolommen worden gelezen. Haal weg wat daar niet nodig is."};
+constexpr Wording has_too_much_text = {"the sheet holds more than {4} MB of text{2}; it was not read further.",
+                                       "het blad bevat meer dan {4} MB tekst{2}; het is niet verder gelezen."};
+constexpr Wording has_no_such_sheet = {"there is no sheet {3}. Choose one with --sheet NAME (or its number): {5}.",
+                                       "er is geen blad {3}. Kies er een met --sheet NAAM (of het nummer): {5}."};
+constexpr Wording has_no_table = {"the workbook holds nothing that could be read{2}.",
+                                  "de werkmap bevat niets dat gelezen kan worden{2}."};
 
 constexpr Wording on_sheet = {" (sheet {1})", " (blad {1})"};
 constexpr Wording at_cell = {" (sheet {1}, cell {2})", " (blad {1}, cel {2})"};
@@ -114,7 +113,7 @@ std::string listed(const std::vector<std::string>& names) {
 
 }  // namespace
 
-std::string message_of(const WorkbookProblem& problem, std::string_view name, ToolLanguage language) {
+std::string message_of(const WorkbookProblem& problem, ToolLanguage language) {
   const Message message = message_for(problem.fault);
   const std::string bound = std::to_string(message.bound);
   const bool is_size = problem.fault == WorkbookFault::too_large;
@@ -124,7 +123,7 @@ std::string message_of(const WorkbookProblem& problem, std::string_view name, To
                                                                     : in_quotes(problem.text);
   std::string said = phrase(
       *message.wording, language,
-      {name, shown(problem.part), is_size ? bound : place_of(problem, language), text, bound, listed(problem.choices)});
+      {shown(problem.part), is_size ? bound : place_of(problem, language), text, bound, listed(problem.choices)});
   if (message.advises_to_save) said += words_of(save_again, language);
   return said;
 }

@@ -53,7 +53,7 @@ struct WorkbookProblem {
   std::vector<std::string> choices;  ///< the sheets that there are
 };
 
-/// The problem in words for the user, ending in what to do: `name` is that of the file, as it is shown.
-std::string message_of(const WorkbookProblem& problem, std::string_view name, ToolLanguage language);
+/// The problem in words for the user, ending in what to do.
+std::string message_of(const WorkbookProblem& problem, ToolLanguage language);
 
 }  // namespace pedigreewatch

@@ -19,7 +19,7 @@ namespace pedigreewatch {
 namespace {
 
 constexpr std::string_view help = R"(usage: pedigreewatch-tools prepare [OPTION...] EXPORT
-  Turns what an office program exports (CSV, text) into NAME.txt and pedigreewatch.ini, ready for pedigreewatch.
+  Turns what an office program exports (CSV, text, .xlsx, .ods) into NAME.txt and pedigreewatch.ini, ready for pedigreewatch.
   It says what it recognises, and asks for what it cannot decide: each question names the option that answers it.
 
   --dry-run             show everything, write nothing
@@ -40,6 +40,7 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools prepare [OPTION.
   --colours LIST        likewise
   --delimiter CHARACTER what divides the columns of the export: ";" "," tab bar
   --encoding NAME       utf-8, utf-16, windows-1252, windows-1250, iso-8859-15, macroman, cp850 or cp437
+  --sheet SHEET         the sheet of a workbook, by its name or number (else: the first that holds a table)
   --help                shows this text
 
   Exit status: 0 done, 1 something has to be answered or mended first (nothing was written), 2 wrong arguments.
@@ -47,6 +48,7 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools prepare [OPTION.
 
 constexpr auto rules = std::to_array<OptionRule>({{"--delimiter"},
                                                   {"--encoding"},
+                                                  {"--sheet"},
                                                   {"--dates"},
                                                   {"--male"},
                                                   {"--unknown", true, true},
@@ -134,6 +136,7 @@ NameWish read_names(std::string_view value) {
 void read_text_option(const GivenOption& option, PrepareOptions& options) {
   const std::string value = text_of(option.value);
   if (option.name == "--male") options.male = trimmed(value);
+  if (option.name == "--sheet") options.sheet = value;
   if (option.name == "--unknown") options.unknown.emplace_back(trimmed(value));
   if (option.name == "--name") options.population_name = value;
   if (option.name == "--out") options.folder = option.value;

@@ -80,7 +80,7 @@ TEST(ExportWords, NameControlsAsThePageDoes) {
       }
     }
   }
-  EXPECT_EQ(count, 30U) << "15 names in each language";
+  EXPECT_EQ(count, 34U) << "17 names in each language";
 }
 
 TEST(ExportWords, CallAnAnswerByWhatItStandsFor) {

@@ -30,7 +30,7 @@ Read read(const std::string& bytes, const std::string& sheet = {}) {
 }
 
 std::string message(const Read& result, ToolLanguage language = ToolLanguage::english) {
-  return result.is_read ? "" : message_of(result.problem, "dogs.xlsx", language);
+  return result.is_read ? "" : message_of(result.problem, language);
 }
 
 /// A cell with a text of its own.
@@ -186,11 +186,11 @@ TEST(ReadWorkbook, WithoutATableTheFirstSheetThatHoldsAnythingIsTaken) {
   pieces.sheets = {sheet_data(""), sheet_data(row(1, cell("A1", "x")))};
   EXPECT_EQ(read(workbook_of(pieces)).table.sheet, "Few");
   EXPECT_EQ(message(read(workbook_of(pieces), "Empty")),
-            "dogs.xlsx: the workbook holds nothing that could be read (sheet \"Empty\").");
+            "the workbook holds nothing that could be read (sheet \"Empty\").");
   EXPECT_EQ(message(read(workbook_of(pieces), "Cats")),
-            "dogs.xlsx: there is no sheet \"Cats\". Choose one with --sheet NAME (or its number): \"Empty\", \"Few\".");
+            "there is no sheet \"Cats\". Choose one with --sheet NAME (or its number): \"Empty\", \"Few\".");
   EXPECT_EQ(message(read(workbook_of(pieces), "3"), ToolLanguage::dutch),
-            "dogs.xlsx: er is geen blad \"3\". Kies er een met --sheet NAAM (of het nummer): \"Empty\", \"Few\".");
+            "er is geen blad \"3\". Kies er een met --sheet NAAM (of het nummer): \"Empty\", \"Few\".");
 }
 
 TEST(ReadWorkbook, ANameGoesBeforeANumber) {
@@ -213,8 +213,7 @@ constexpr std::string_view save_again =
 
 TEST(ReadWorkbook, CellsOutOfTheirOrderAreRefusedWithTheirPlace) {
   EXPECT_EQ(refusal(row(3, cell("B3", "x") + cell("A3", "y"))),
-            "dogs.xlsx: the cells of the workbook are not in their order (sheet \"Dogs\", cell A3)." +
-                std::string(save_again));
+            "the cells of the workbook are not in their order (sheet \"Dogs\", cell A3)." + std::string(save_again));
   EXPECT_TRUE(has(refusal(row(3, "") + row(3, "")), "not in their order"));
   EXPECT_TRUE(has(refusal("<row r=\"0\"/>"), "not in their order"));
   EXPECT_TRUE(has(refusal(row(1, "<c r=\"1\"><v>1</v></c>")), "not in their order"));
@@ -222,7 +221,7 @@ TEST(ReadWorkbook, CellsOutOfTheirOrderAreRefusedWithTheirPlace) {
 
 TEST(ReadWorkbook, ATextThatIsNotThereIsRefusedWithItsCell) {
   EXPECT_EQ(refusal(row(4, "<c r=\"D4\" t=\"s\"><v>7</v></c>")),
-            "dogs.xlsx: a cell refers to the text number \"7\", which is not there (sheet \"Dogs\", cell D4)." +
+            "a cell refers to the text number \"7\", which is not there (sheet \"Dogs\", cell D4)." +
                 std::string(save_again));
   EXPECT_TRUE(has(refusal(row(4, "<c r=\"D4\" t=\"s\"><v>-1</v></c>")), "\"-1\""));
 }
@@ -230,11 +229,11 @@ TEST(ReadWorkbook, ATextThatIsNotThereIsRefusedWithItsCell) {
 TEST(ReadWorkbook, RowsAndColumnsHaveBounds) {
   EXPECT_EQ(text_of(row(1, cell("ALL1", "x"))), std::string(999, '\t') + "x\n");
   EXPECT_EQ(refusal(row(1, cell("ALM1", "x"))),
-            "dogs.xlsx: \"x\" stands too far to the right (sheet \"Dogs\", cell ALM1); at most 1000 columns are read. "
+            "\"x\" stands too far to the right (sheet \"Dogs\", cell ALM1); at most 1000 columns are read. "
             "Remove what is not needed there.");
   EXPECT_EQ(text_of(row(1048576, cell("A1048576", "x"))), std::string(1048575, '\n') + "x\n");
   EXPECT_EQ(refusal(row(1048577, cell("A1048577", "x"))),
-            "dogs.xlsx: there is a row 1048577 (sheet \"Dogs\"); at most 1048576 rows are read.");
+            "there is a row 1048577 (sheet \"Dogs\"); at most 1048576 rows are read.");
 }
 
 TEST(ReadWorkbook, BrokenXmlIsRefused) {
@@ -282,14 +281,13 @@ TEST(ReadWorkbook, DamagedPartsAreRefused) {
     if (part.name == "xl/worksheets/sheet1.xml") part.checksum_error = 1;
   }
   EXPECT_EQ(message(read(archive_of(parts))),
-            "dogs.xlsx: the part \"xl/worksheets/sheet1.xml\" of the workbook is damaged. Copy or export it again.");
+            "the part \"xl/worksheets/sheet1.xml\" of the workbook is damaged. Copy or export it again.");
 }
 
 TEST(ReadWorkbook, ACutOffFileIsRefused) {
   const std::string whole = workbook_of({});
   for (const std::size_t kept : {std::size_t{4}, whole.size() / 2, whole.size() - 1}) {
-    EXPECT_EQ(message(read(whole.substr(0, kept))),
-              "dogs.xlsx: this workbook is not complete. Copy or export it again.");
+    EXPECT_EQ(message(read(whole.substr(0, kept))), "this workbook is not complete. Copy or export it again.");
   }
 }
 
@@ -304,8 +302,7 @@ TEST(ReadWorkbook, ManyRepeatedCellsLeaveNoMoreThanTheBound) {
       "<table:table table:name=\"A\"><table:table-row table:number-rows-repeated=\"1000000\"><table:table-cell "
       "table:number-columns-repeated=\"100\" office:value-type=\"string\"><text:p>" +
       text + "</text:p></table:table-cell></table:table-row></table:table>"));
-  EXPECT_EQ(message(result),
-            "dogs.xlsx: the sheet holds more than 256 MB of text (sheet \"A\"); it was not read further.");
+  EXPECT_EQ(message(result), "the sheet holds more than 256 MB of text (sheet \"A\"); it was not read further.");
 }
 
 // --- OpenDocument ---
@@ -391,8 +388,7 @@ TEST(ReadOpenDocument, APasswordIsTold) {
   std::vector<ArchivePart> parts = {{"mimetype", "application/vnd.oasis.opendocument.spreadsheet", false},
                                     {"content.xml", "noise", false},
                                     {"META-INF/manifest.xml", "<m:manifest><m:encryption-data/></m:manifest>"}};
-  EXPECT_EQ(message(read(archive_of(parts))),
-            "dogs.xlsx: this workbook has a password. Save it without one, and take that.");
+  EXPECT_EQ(message(read(archive_of(parts))), "this workbook has a password. Save it without one, and take that.");
 }
 
 // --- Workbooks of other programs: the same sheet, written by a library and saved by an office program ---
@@ -443,13 +439,11 @@ TEST(KindOfWorkbook, KnowsWorkbooksThatAreNotRead) {
 }
 
 TEST(MessageOfWorkbookProblem, SaysWhatToDo) {
-  EXPECT_EQ(message_of({WorkbookFault::old_workbook, {}, {}, {}, {}, {}}, "dogs.xls", ToolLanguage::english),
-            "dogs.xls: this is a workbook of a form used before 2007 (.xls), which cannot be read." +
-                std::string(save_again));
-  EXPECT_EQ(
-      message_of({WorkbookFault::html, {}, {}, {}, {}, {}}, "dogs.xls", ToolLanguage::dutch),
-      "dogs.xls: dit is een webpagina (HTML), wat de naam ook zegt. Open het in het rekenbladprogramma, bewaar het "
-      "opnieuw als .xlsx, .ods of CSV, en neem dat.");
+  EXPECT_EQ(message_of({WorkbookFault::old_workbook, {}, {}, {}, {}, {}}, ToolLanguage::english),
+            "this is a workbook of a form used before 2007 (.xls), which cannot be read." + std::string(save_again));
+  EXPECT_EQ(message_of({WorkbookFault::html, {}, {}, {}, {}, {}}, ToolLanguage::dutch),
+            "dit is een webpagina (HTML), wat de naam ook zegt. Open het in het rekenbladprogramma, bewaar het "
+            "opnieuw als .xlsx, .ods of CSV, en neem dat.");
 }
 
 }  // namespace
