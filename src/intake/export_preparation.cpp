@@ -115,12 +115,21 @@ std::optional<Refusal> recognise_byte_encoding(const PrepareOptions& options, st
   return std::nullopt;
 }
 
+/// Texts hold no zeros; what has some was made for machines.
+std::optional<Refusal> refuse_zeros(const std::string& text, const PrepareOptions& options) {
+  const std::size_t first = text.find('\0');
+  if (first == std::string::npos) return std::nullopt;
+  const std::int64_t count = std::count(text.begin(), text.end(), '\0');
+  return Refusal{RefusalKind::has_zeros, {options.export_name, count, line_number_at(text, first)}};
+}
+
 std::optional<Refusal> decode_export(const PrepareOptions& options, std::string bytes, Preparation& result) {
   ReadingEvidence& reading = result.reading;
   reading.encoding = recognise_encoding(bytes);
   const EncodingEvidence& evidence = reading.encoding;
   if (!options.encoding && evidence.encoding == Encoding::windows_1252) {
-    std::optional<Refusal> refusal = recognise_byte_encoding(options, bytes, reading.encoding);
+    std::optional<Refusal> refusal = refuse_zeros(bytes, options);
+    if (!refusal) refusal = recognise_byte_encoding(options, bytes, reading.encoding);
     if (refusal) return refusal;
   }
   if (!options.encoding && !evidence.encoding) {
@@ -136,14 +145,6 @@ std::optional<Refusal> decode_export(const PrepareOptions& options, std::string 
   result.text = std::move(decoded.text);
   reading.letter_example = word_around(result.text, ascii_length(result.text));
   return std::nullopt;
-}
-
-/// Texts hold no zeros; what has some was made for machines.
-std::optional<Refusal> refuse_zeros(const std::string& text, const PrepareOptions& options) {
-  const std::size_t first = text.find('\0');
-  if (first == std::string::npos) return std::nullopt;
-  const std::int64_t count = std::count(text.begin(), text.end(), '\0');
-  return Refusal{RefusalKind::has_zeros, {options.export_name, count, line_number_at(text, first)}};
 }
 
 std::optional<Refusal> choose_export_delimiter(const PrepareOptions& options, Preparation& read) {

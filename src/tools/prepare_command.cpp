@@ -19,7 +19,7 @@ namespace pedigreewatch {
 namespace {
 
 constexpr std::string_view help = R"(usage: pedigreewatch-tools prepare [OPTION...] EXPORT
-  Turns what an office program exports (CSV, text, .xlsx, .ods) into NAME.txt and pedigreewatch.ini, ready for pedigreewatch.
+  Turns what an office program exports (CSV, text, .xlsx, .ods) into NAME.txt and pedigreewatch.ini, for pedigreewatch.
   It says what it recognises, and asks for what it cannot decide: each question names the option that answers it.
 
   --dry-run             show everything, write nothing
