@@ -94,15 +94,12 @@ TEST(PreparedExport, WithoutHeaderGivesTheSameReport) {
   EXPECT_EQ(run.file("herd.out"), expected_report());
 }
 
-TEST(PreparedExport, NumbersForSexesNeedTheOption) {
+TEST(PreparedExport, NumbersForSexesAreDecidedByTheParents) {
   const auto animals = make_office_population(animal_count, 5);
   const std::string bytes = write_export(animals, {.male = "1", .female = "2"});
-  const WholeRun asked = prepare_and_run(bytes);
-  EXPECT_EQ(asked.exit_status, 1);
-  EXPECT_TRUE(
-      has(asked.messages, "the sexes are written \"1\" (120), \"2\" (120). Say how males are written: --male TEXT"));
-  EXPECT_EQ(asked.files.count("herd.txt"), 0U);
+  EXPECT_EQ(prepare_and_run(bytes).file("herd.out"), expected_report());
   EXPECT_EQ(prepare_and_run(bytes, {"--male", "1"}).file("herd.out"), expected_report());
+  EXPECT_NE(prepare_and_run(bytes, {"--female", "1"}).file("herd.out"), expected_report());
 }
 
 TEST(PreparedExport, OtherWordsForUnknownParentsNeedTheOption) {

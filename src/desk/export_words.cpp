@@ -155,6 +155,14 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "De eerste regel bevat geen bekende kop, zodat alle regels als dieren tellen. Als het koppen zijn, kies dan "
      "\"bevat koppen\" bij \"Eerste regel\", onder \"Hoe het bestand gelezen wordt\". Regels boven de koppen, zoals "
      "een titel, moeten uit de export worden verwijderd."},
+    {"Of {6} parents in {3}, taken as the {1}, only {7} have a line of their own, with that id in {4}. Columns whose "
+     "texts do stand there: {5}. Choose which column holds the {1}, also if the one taken is right.",
+     "Van {6} ouders in {3}, genomen als {1}, hebben maar {7} een eigen regel, met dat id in {4}. Kolommen waarvan de "
+     "teksten daar wel staan: {5}. Kies welke kolom klopt voor {1}, ook als de genomen kolom klopt."},
+    {"Most parents do not stand in {3}, taken as the {1}. Columns in which most of them stand: {5}. Choose which column "
+     "holds the {1}, also if the one taken is right.",
+     "De meeste ouders staan niet in {3}, genomen als {1}. Kolommen waarin de meeste wel staan: {5}. Kies welke kolom "
+     "klopt voor {1}, ook als de genomen kolom klopt."},
     {"The dates can be read in two ways: {1} as {2}, {3} as {4}, and {5} as either. Choose which is right at "
      "\"Dates\".",
      "De datums zijn op twee manieren te lezen: {1} als {2}, {3} als {4} en {5} als beide. Kies wat klopt bij "
@@ -162,6 +170,15 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
     {"It is not clear which animals are male: the sexes are written {1}. Choose it at \"Males are written\".",
      "Het is niet duidelijk welke dieren mannelijk zijn: de geslachten zijn geschreven als {1}. Kies het bij "
      "\"Mannelijk is geschreven als\"."},
+    {"It is not clear what these sexes mean: {1}. Choose which one is male at \"Males are written\"; the others are "
+     "then female.",
+     "Het is niet duidelijk wat deze geslachten betekenen: {1}. Kies welk mannelijk is bij \"Mannelijk is geschreven "
+     "als\"; de andere zijn dan vrouwelijk."},
+    {"The sex \"{1}\" contradicts the parents: {2} animals with it are fathers, {3} are mothers. If father and mother "
+     "are exchanged, exchange them above their columns; and choose which sex is male at \"Males are written\".",
+     "Het geslacht \"{1}\" klopt niet met de ouders: {2} dieren ermee zijn vader, {3} zijn moeder. Als vader en moeder "
+     "verwisseld zijn, wissel ze dan boven hun kolommen om; en kies welk geslacht mannelijk is bij \"Mannelijk is "
+     "geschreven als\"."},
     {"No animal has the sex \"{1}\": the sexes are written {2}. Choose another one at \"Males are written\".",
      "Geen dier heeft het geslacht \"{1}\": de geslachten zijn geschreven als {2}. Kies een ander bij \"Mannelijk is "
      "geschreven als\"."},

@@ -51,7 +51,8 @@ void obey_about_file(std::string_view name, std::string_view value, PrepareOptio
 
 void obey_about_animals(std::string_view name, std::string_view value, const ExportSurvey& survey,
                         PrepareOptions& options) {
-  if (name == "male") options.male = value;
+  if (name == "male") options.male.emplace_back(value);
+  if (name == "female") options.female.emplace_back(value);
   if (name == "species") options.species = value;
   if (name == "name") options.population_name = value;
   if (name == "unknown") {

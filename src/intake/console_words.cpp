@@ -128,6 +128,14 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "--header yes. Lines above the header, such as a title, have to be removed from the export.",
      "De eerste regel bevat geen bekende kop, zodat alle regels als dieren tellen. Als het een kopregel is: --header "
      "yes. Regels boven de kopregel, zoals een titel, moeten uit de export worden verwijderd."},
+    {"Of {6} parents in {3}, taken as the {1}, only {7} have a line of their own, with that id in {4}. Columns whose "
+     "texts do stand there: {5}. Say which column holds the {1}: --column {2}=NUMBER, also if the one taken is right.",
+     "Van {6} ouders in {3}, genomen als {1}, hebben maar {7} een eigen regel, met dat id in {4}. Kolommen waarvan de "
+     "teksten daar wel staan: {5}. Zeg welke kolom klopt voor {1}: --column {2}=NUMMER, ook als de genomen kolom klopt."},
+    {"Most parents do not stand in {3}, taken as the {1}. Columns in which most of them stand: {5}. Say which column "
+     "holds the {1}: --column {2}=NUMBER, also if the one taken is right.",
+     "De meeste ouders staan niet in {3}, genomen als {1}. Kolommen waarin de meeste wel staan: {5}. Zeg welke kolom "
+     "klopt voor {1}: --column {2}=NUMMER, ook als de genomen kolom klopt."},
     {"The dates can be read in two ways: {1} as {2}, {3} as {4}, and {5} as either. Say which is right: --dates {2} or "
      "--dates {4}.",
      "De datums zijn op twee manieren te lezen: {1} als {2}, {3} als {4} en {5} als beide. Zeg wat klopt: --dates {2} "
@@ -135,6 +143,16 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
     {"It is not clear which animals are male: the sexes are written {1}. Say how males are written: --male TEXT.",
      "Het is niet duidelijk welke dieren mannelijk zijn: de geslachten zijn geschreven als {1}. Zeg hoe mannetjes "
      "geschreven zijn: --male TEKST."},
+    {"It is not clear what these sexes mean: {1}. Say which are male and which female: --male TEXT, --female TEXT, each "
+     "as often as needed.",
+     "Het is niet duidelijk wat deze geslachten betekenen: {1}. Zeg welke mannelijk zijn en welke vrouwelijk: --male "
+     "TEKST, --female TEKST, elk zo vaak als nodig."},
+    {"The sex \"{1}\" contradicts the parents: {2} animals with it are fathers, {3} are mothers. If father and mother "
+     "are exchanged, name their columns (--column sire=NUMBER, --column dam=NUMBER); and say which sexes are male and "
+     "which female: --male TEXT, --female TEXT.",
+     "Het geslacht \"{1}\" klopt niet met de ouders: {2} dieren ermee zijn vader, {3} zijn moeder. Als vader en moeder "
+     "verwisseld zijn, noem dan hun kolommen (--column sire=NUMMER, --column dam=NUMMER); en zeg welke geslachten "
+     "mannelijk zijn en welke vrouwelijk: --male TEKST, --female TEKST."},
     {"--male {1}: no animal has this sex. The sexes are written {2}.",
      "--male {1}: geen dier heeft dit geslacht. De geslachten zijn geschreven als {2}."},
     {"The species is needed, for the words of the report: --species {1}.",

@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "core/line_reader.h"
+#include "intake/column_matches.h"
 #include "intake/export_records.h"
 #include "sheets/inflate.h"
 #include "sheets/workbook.h"
@@ -203,6 +204,10 @@ std::optional<Refusal> survey_columns(const PrepareOptions& options, ProgressLin
   if (refusal) return refusal;
   begin_progress(progress, words_of(reading_lines, options.language));
   result.survey = survey_export(result.text, result.reading.delimiter, result.columns, options.unknown, progress);
+  const auto lack = [&](LinkRole role) { return lack_lines(count_links(result.survey.links, role)); };
+  if (lack(sire_role) || lack(dam_role)) {
+    result.survey.matches = match_columns(result.text, result.reading.delimiter, result.columns);
+  }
   erase_progress(progress);
   return std::nullopt;
 }

@@ -55,7 +55,7 @@ struct SurveyPlace {
 
 void survey_parent(ExportSurvey& survey, std::string_view text, LinkRole role, const SurveyPlace& place) {
   const bool is_wished = std::find(place.unknown.begin(), place.unknown.end(), text) != place.unknown.end();
-  if (is_wished || means_unknown(text)) {
+  if (is_wished || means_unknown_parent(text)) {
     count_text(survey.unknown_parents, text, place.line);
   } else {
     note_role(survey.links, text, role);
@@ -64,7 +64,7 @@ void survey_parent(ExportSurvey& survey, std::string_view text, LinkRole role, c
 
 void survey_id(ExportSurvey& survey, std::string_view text, std::int64_t line) {
   if (text.empty()) return note_text(survey.without_id, line, text);
-  if (means_unknown(text)) count_text(survey.unknown_ids, text, line);
+  if (means_unknown_parent(text)) count_text(survey.unknown_ids, text, line);
   note_role(survey.links, text, animal_role);
 }
 
@@ -104,6 +104,14 @@ void survey_form(ExportSurvey& survey, const ExportRecord& record, std::size_t c
   if (count == column_count) return;
   note_text(survey.other_field_counts, record.line,
             count > most_fields ? "> " + std::to_string(most_fields) : std::to_string(count));
+}
+
+/// Notes of an animal how its sex is written, for comparing it with the parents.
+void survey_sex_of_animal(ExportSurvey& survey, const ExportRecord& record, const ColumnChoice& columns) {
+  if (!columns.place[index_of(sex_column)]) return;
+  const std::string_view id = trimmed(field_of(record, columns, id_column));
+  const std::size_t sex = find_counted(survey.sexes, trimmed(field_of(record, columns, sex_column)));
+  if (!id.empty() && sex != std::string_view::npos) note_sex(survey.links, id, sex);
 }
 
 void note_shift(ExportSurvey& survey, std::int64_t export_line, std::int64_t data_line) {
@@ -178,6 +186,7 @@ ExportSurvey survey_export(std::string_view text, char delimiter, const ColumnCh
       if (!columns.place[index_of(code)]) continue;
       survey_field(survey, code, field_of(record, columns, code), {record.line, unknown});
     }
+    survey_sex_of_animal(survey, record, columns);
   }
   survey.last_line = reader.next_line - 1;
   return survey;

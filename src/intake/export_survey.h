@@ -28,6 +28,16 @@ struct LineShift {
 /// An identification that changes when it is cut to its width or written without letters that are lacking.
 using ChangedIds = std::unordered_map<std::string, std::string>;  // what is written, and what stood there
 
+/// A column that could hold a field: so many of its texts, or of the parents' texts, stand where they should.
+struct ColumnMatch {
+  std::size_t place = 0;  ///< counted from 0
+  std::int64_t found = 0, of = 0;
+};
+/// The columns that could hold the parents or the identification instead of those that were surveyed.
+struct ColumnMatches {
+  std::vector<ColumnMatch> for_parents, for_id;
+};
+
 struct ExportSurvey {
   std::int64_t animal_count = 0;
   std::int64_t header_line = 0;  ///< 0: there is none
@@ -47,6 +57,7 @@ struct ExportSurvey {
   TextCounts unknown_parents, unknown_ids, sexes, imports, subpopulations, colours, date_words;
   DateSurvey dates;
   ParentLinks links;
+  ColumnMatches matches;  ///< only where most of the parents have no line of their own
   ChangedIds changed_ids;
 };
 

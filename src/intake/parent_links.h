@@ -5,11 +5,17 @@
 #include <cstdint>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace pedigreewatch {
 
+struct LinkedId {
+  unsigned roles = 0;
+  std::int32_t sex = -1;  ///< place of its text among those of the column; -1: not known
+};
+
 struct ParentLinks {
-  std::unordered_map<std::uint32_t, unsigned> roles;  ///< for the hash of an identification its roles
+  std::unordered_map<std::uint32_t, LinkedId> ids;  ///< by the hash of an identification
   std::uint32_t mask = 0;  ///< identifications belong to the sample whose hash has none of these bits
 };
 
@@ -17,6 +23,16 @@ enum LinkRole : unsigned { animal_role = 1, sire_role = 2, dam_role = 4 };
 
 /// Notes that `id` occurs in a role.
 void note_role(ParentLinks& links, std::string_view id, LinkRole role);
+
+/// Notes how the sex of the animal `id` is written.
+void note_sex(ParentLinks& links, std::string_view id, std::size_t sex);
+
+/// Of how many fathers and mothers the sex is written in one way.
+struct SexVotes {
+  std::int64_t sires = 0, dams = 0;
+};
+/// The votes for each of the texts of the sexes.
+std::vector<SexVotes> count_sex_votes(const ParentLinks& links, std::size_t sex_count);
 
 struct LinkCount {
   std::int64_t parents = 0;    ///< different parents of the sample

@@ -32,7 +32,7 @@ struct PrepareOptions {
   std::optional<Encoding> encoding;
   std::optional<DateOrder> dates;
   std::optional<bool> has_header;
-  std::string male;
+  std::vector<std::string> male, female;  ///< texts of the sexes
   std::vector<std::string> unknown;
   std::vector<ColumnWish> columns;
   std::string species;

@@ -7,11 +7,16 @@
 #include <array>
 #include <utility>
 
+#include "intake/column_matches.h"
+#include "intake/sex_choice.h"
 #include "intake/species_choice.h"
 #include "text/folded_words.h"
 
 namespace pedigreewatch {
 namespace {
+
+/// The report adds these colours itself; in the steer file they would stand twice.
+constexpr auto colours_of_report = std::to_array<std::string_view>({"Onbekend", "niet erkend"});
 
 /// The first character that occurs nowhere in the texts.
 void choose_delimiter(const ExportSurvey& survey, PreparePlan& plan) {
@@ -34,33 +39,6 @@ void choose_dates(const ExportSurvey& survey, const PrepareOptions& options, Pre
        Setting::dates,
        unused_column,
        {{layout_text(dates.first_order, false), {}}, {layout_text(dates.second_order, false), {}}}});
-}
-
-/// One letter stands for all texts that begin with it, a longer text for itself.
-SexMeaning sex_by_wish(std::string_view text, std::string_view male) {
-  const std::string word = folded(text), wanted = folded(male);
-  const bool is_male =
-      wanted.empty() ? text.starts_with(male) : (wanted.size() == 1 ? word.starts_with(wanted) : word == wanted);
-  if (is_male) return SexMeaning::male;
-  const bool is_known_unknown = means_unknown(text) && !text.starts_with('0');
-  return is_known_unknown ? SexMeaning::unknown : SexMeaning::female;
-}
-
-void choose_sexes(const ExportSurvey& survey, const PrepareOptions& options, PreparePlan& plan) {
-  bool has_male = false, has_text = false;
-  for (const CountedText& sex : survey.sexes.texts) {
-    plan.sexes.push_back(options.male.empty() ? sex_named(sex.text) : sex_by_wish(sex.text, options.male));
-    has_male = has_male || plan.sexes.back() == SexMeaning::male;
-    has_text = has_text || !means_unknown(sex.text) || sex.text == "0";
-  }
-  if (has_male || !has_text) return;
-  const CountedList texts = list_counted(survey.sexes, [](const CountedText&) { return true; });
-  Question question = {QuestionKind::sexes_unclear, {texts}, Setting::male, unused_column, {}};
-  if (!options.male.empty()) question = {QuestionKind::male_never, {options.male, texts}, Setting::male, {}, {}};
-  for (const CountedText& entry : texts.texts) {
-    if (!entry.text.empty()) question.answers.push_back({entry.text, entry.text});
-  }
-  plan.questions.push_back(std::move(question));
 }
 
 /// The program itself takes these for unknown, even if an animal has such an id.
@@ -114,6 +92,7 @@ void choose_names(const NameColumn& column, const TextCounts& counts, const Name
   }
   const auto add = [&](std::string_view text) {
     std::string name = in_windows_1252(text, width_of(column.code));
+    if (column.code == colour_column && is_among(name, colours_of_report)) return;
     if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(std::move(name));
   };
   for (const std::string& name : wish.names) add(name);
@@ -185,9 +164,12 @@ PreparePlan plan_preparation(const ExportSurvey& survey, const ColumnChoice& col
   plan.language = options.language;
   plan.columns = columns;
   plan.questions = columns.questions;
+  for (Question& question : ask_for_linked_columns(survey, columns, options)) {
+    plan.questions.push_back(std::move(question));
+  }
   choose_delimiter(survey, plan);
   choose_dates(survey, options, plan);
-  choose_sexes(survey, options, plan);
+  plan.sexes = choose_sexes(survey, options, plan.questions);
   choose_unknown_parents(survey, options, plan);
   choose_names(subpopulation, survey.subpopulations, options.subpopulations, plan, plan.subpopulations);
   choose_names(colour, survey.colours, options.colours, plan, plan.colours);

@@ -39,6 +39,16 @@ struct ColumnList {
   std::vector<Column> columns;
 };
 
+/// Columns with the number of texts that stand where they should, of how many.
+struct MatchList {
+  struct Match {
+    std::string heading;
+    std::size_t number = 0;
+    std::int64_t found = 0, of = 0;
+  };
+  std::vector<Match> matches;
+};
+
 struct LetterList {
   std::vector<ReplacedLetter> letters;
   std::int64_t more = 0;
@@ -58,8 +68,8 @@ struct EncodingReadings {
 
 /// A number, a text of the export or of the user, the place of a column, lines with what stands in them, ...
 using Value = std::variant<std::int64_t, std::string, FieldCode, FieldName, DateOrder, Encoding, Delimiter, ColumnList,
-                           CountedList, NotedTexts, LetterList, TriedDelimiters, WordList, NotedCells, WorkbookProblem,
-                           EncodingReadings>;
+                           CountedList, NotedTexts, MatchList, LetterList, TriedDelimiters, WordList, NotedCells,
+                           WorkbookProblem, EncodingReadings>;
 using Values = std::vector<Value>;
 
 // --- Remarks: what was recognised, and what is changed on the way. Behind each kind stand its values ---
@@ -146,8 +156,12 @@ enum class QuestionKind {
   no_such_column,           ///< name of the field, what the user says, columns of the export
   several_such_columns,     ///< name of the field, what the user says, columns
   header_unclear,           ///< none
+  parents_lack_lines,       ///< field, its name, column, column of the ids, better ones, parents, those with a line
+  id_lacks_parents,         ///< field, its name, column, the same column, better ones
   dates_unclear,            ///< dates of the first layout, the layout, dates of the second, the layout, dates of both
   sexes_unclear,            ///< texts
+  sexes_open,               ///< texts that nobody knows
+  sexes_contradict,         ///< text, fathers, mothers
   male_never,               ///< what the user says, texts
   species_unclear,          ///< words of the species
   species_wrong,            ///< what the user says, words of the species

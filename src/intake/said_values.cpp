@@ -18,6 +18,7 @@ constexpr Wording line_and_text = {"line {1} {2}", "regel {1} {2}"};
 constexpr Wording line_only = {"line {1}", "regel {1}"};
 constexpr Wording and_more = {" and {1} more", " en nog {1}"};
 constexpr Wording column_words = {"\"{1}\" (column {2})", "\"{1}\" (kolom {2})"};
+constexpr Wording column_match = {"\"{1}\" (column {2}: {3} of {4})", "\"{1}\" (kolom {2}: {3} van {4})"};
 constexpr Wording delimiter_tried = {"{1}: {2} of {3} lines have {4} columns",
                                      "{1}: {2} van {3} regels hebben {4} kolommen"};
 
@@ -77,6 +78,15 @@ struct TextMaker {
     };
     const std::int64_t more = noted.count - static_cast<std::int64_t>(noted.first.size());
     return joined(noted.first, ", ", words) + more_text(more, language);
+  }
+
+  std::string operator()(const MatchList& list) const {
+    if (list.matches.empty()) return std::string(words_of(nothing, language));
+    return joined(list.matches, ", ", [&](const MatchList::Match& match) {
+      return phrase(
+          column_match, language,
+          {shown(match.heading), std::to_string(match.number), std::to_string(match.found), std::to_string(match.of)});
+    });
   }
 
   std::string operator()(const LetterList& list) const {

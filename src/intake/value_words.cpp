@@ -20,6 +20,24 @@ constexpr auto unknown_words = std::to_array<std::string_view>(
      "unbek",     "unbekannt", "inc",      "inconnu",     "inconnue", "geen",     "notavail",   "notavailable",
      "undefined", "keine",     "leeg",     "unspecified", "onbepaald"});
 
+// What offices write for a parent besides, in six languages: words that can mean something else in other columns.
+constexpr auto unknown_parent_words = std::to_array<std::string_view>({
+    // clang-format off
+    "wild", "wildvang", "wildfang", "wildcaught", "wildcatch", "wildborn", "founder", "foundation", "stichter", "grunder",
+    "fondateur", "fundador", "fondatore", "import", "imported", "fremd", "fremdtier", "vreemd",
+    "unregistered", "notregistered", "nietgeregistreerd", "nichtregistriert", "nonenregistre", "noregistrado",
+    "notrecorded", "nichterfasst", "sansdonnees", "sindatos", "senzadati", "keineangabe", "geenopgave",
+    "unknownsire", "unknowndam", "unknownfather", "unknownmother", "unknownparent",
+    "sireunknown", "damunknown", "fatherunknown", "motherunknown",
+    "onbekendevader", "onbekendemoeder", "vaderonbekend", "moederonbekend",
+    "vaterunbekannt", "mutterunbekannt", "unbekanntervater", "unbekanntemutter",
+    "pereinconnu", "mereinconnue", "padredesconocido", "madredesconocida", "padreignoto", "madreignota",
+    "desconocido", "desconocida", "desc", "sconosciuto", "sconosciuta", "ignoto", "ignota",
+    "nonconnu", "nonconnue", "nonnoto", "nonnota", "nodisponible", "noconocido",
+    "nn", "nb", "ka", "nc", "nd", "nr", "sd", "u", "x",
+    // clang-format on
+});
+
 constexpr auto no_words =
     std::to_array<std::string_view>({"n", "no", "nee", "neen", "nein", "non", "false", "f", "onwaar", "falsch", "faux",
                                      "notimported", "nietgeimporteerd"});
@@ -66,44 +84,149 @@ constexpr auto sex_words = std::to_array<SexWord>({
     {"mother", female_word, ""},
     {"reu", male_word, "dog"},
     {"rude", male_word, "dog"},
+    {"dog", male_word, "dog"},
+    {"chien", male_word, "dog"},
+    {"perro", male_word, "dog"},
+    {"cane", male_word, "dog"},
     {"teef", female_word, "dog"},
     {"bitch", female_word, "dog"},
     {"hundin", female_word, "dog"},
+    {"chienne", female_word, "dog"},
+    {"perra", female_word, "dog"},
+    {"cagna", female_word, "dog"},
     {"kater", male_word, "cat"},
     {"tomcat", male_word, "cat"},
-    {"tom", male_word, ""},
+    {"gato", male_word, "cat"},
+    {"gatto", male_word, "cat"},
     {"poes", female_word, "cat"},
-    {"queen", female_word, ""},
+    {"katze", female_word, "cat"},
+    {"chatte", female_word, "cat"},
+    {"gata", female_word, "cat"},
+    {"gatta", female_word, "cat"},
     {"stier", male_word, "cattle"},
     {"bull", male_word, "cattle"},
+    {"bulle", male_word, "cattle"},
     {"taureau", male_word, "cattle"},
+    {"toro", male_word, "cattle"},
+    {"os", male_word, "cattle"},
+    {"ochse", male_word, "cattle"},
+    {"steer", male_word, "cattle"},
+    {"bullock", male_word, "cattle"},
+    {"buey", male_word, "cattle"},
+    {"bue", male_word, "cattle"},
+    {"boeuf", male_word, "cattle"},
+    {"novillo", male_word, "cattle"},
     {"koe", female_word, "cattle"},
     {"cow", female_word, "cattle"},
     {"kuh", female_word, "cattle"},
     {"vache", female_word, "cattle"},
+    {"vaca", female_word, "cattle"},
+    {"vacca", female_word, "cattle"},
     {"vaars", female_word, "cattle"},
+    {"heifer", female_word, "cattle"},
+    {"farse", female_word, "cattle"},
+    {"genisse", female_word, "cattle"},
+    {"vaquilla", female_word, "cattle"},
     {"ram", male_word, "sheep"},
     {"belier", male_word, "sheep"},
+    {"widder", male_word, "sheep"},
+    {"carnero", male_word, "sheep"},
+    {"montone", male_word, "sheep"},
+    {"ariete", male_word, "sheep"},
+    {"hamel", male_word, "sheep"},
+    {"hammel", male_word, "sheep"},
+    {"wether", male_word, "sheep"},
     {"ooi", female_word, "sheep"},
     {"ewe", female_word, "sheep"},
     {"brebis", female_word, "sheep"},
+    {"mutterschaf", female_word, "sheep"},
+    {"aue", female_word, "sheep"},
+    {"oveja", female_word, "sheep"},
+    {"pecora", female_word, "sheep"},
     {"hengst", male_word, "horse"},
     {"stallion", male_word, "horse"},
     {"ruin", male_word, "horse"},
+    {"gelding", male_word, "horse"},
+    {"colt", male_word, "horse"},
+    {"wallach", male_word, "horse"},
+    {"etalon", male_word, "horse"},
+    {"hongre", male_word, "horse"},
+    {"castrone", male_word, "horse"},
+    {"stallone", male_word, "horse"},
+    {"semental", male_word, "horse"},
+    {"caballo", male_word, "horse"},
+    {"cavallo", male_word, "horse"},
+    {"hengstveulen", male_word, "horse"},
+    {"hengstfohlen", male_word, "horse"},
     {"merrie", female_word, "horse"},
     {"mare", female_word, "horse"},
     {"stute", female_word, "horse"},
+    {"filly", female_word, "horse"},
+    {"jument", female_word, "horse"},
+    {"pouliche", female_word, "horse"},
+    {"yegua", female_word, "horse"},
+    {"giumenta", female_word, "horse"},
+    {"cavalla", female_word, "horse"},
+    {"merrieveulen", female_word, "horse"},
+    {"stutfohlen", female_word, "horse"},
     {"haan", male_word, "poultry"},
     {"cock", male_word, "poultry"},
+    {"cockerel", male_word, "poultry"},
+    {"rooster", male_word, "poultry"},
     {"hahn", male_word, "poultry"},
+    {"coq", male_word, "poultry"},
+    {"gallo", male_word, "poultry"},
+    {"capon", male_word, "poultry"},
     {"hen", female_word, "poultry"},
     {"henne", female_word, "poultry"},
+    {"poule", female_word, "poultry"},
+    {"gallina", female_word, "poultry"},
+    {"pullet", female_word, "poultry"},
     {"beer", male_word, "pig"},
     {"boar", male_word, "pig"},
     {"eber", male_word, "pig"},
+    {"verrat", male_word, "pig"},
+    {"verraco", male_word, "pig"},
+    {"verro", male_word, "pig"},
+    {"barrow", male_word, "pig"},
+    {"borg", male_word, "pig"},
     {"zeug", female_word, "pig"},
     {"sow", female_word, "pig"},
     {"sau", female_word, "pig"},
+    {"truie", female_word, "pig"},
+    {"cerda", female_word, "pig"},
+    {"scrofa", female_word, "pig"},
+    {"gilt", female_word, "pig"},
+    {"tom", male_word, ""},
+    {"macho", male_word, ""},
+    {"maschio", male_word, ""},
+    {"masculino", male_word, ""},
+    {"castraat", male_word, ""},
+    {"kastrat", male_word, ""},
+    {"castrated", male_word, ""},
+    {"castrado", male_word, ""},
+    {"castrato", male_word, ""},
+    {"castre", male_word, ""},
+    {"bok", male_word, ""},
+    {"bock", male_word, ""},
+    {"buck", male_word, ""},
+    {"bouc", male_word, ""},
+    {"rammelaar", male_word, ""},
+    {"rammler", male_word, ""},
+    {"queen", female_word, ""},
+    {"hembra", female_word, ""},
+    {"femmina", female_word, ""},
+    {"femenino", female_word, ""},
+    {"femminile", female_word, ""},
+    {"geit", female_word, ""},
+    {"ziege", female_word, ""},
+    {"doe", female_word, ""},
+    {"chevre", female_word, ""},
+    {"cabra", female_word, ""},
+    {"capra", female_word, ""},
+    {"voedster", female_word, ""},
+    {"zibbe", female_word, ""},
+    {"hasin", female_word, ""},
 });
 
 const SexWord* find_sex_word(std::string_view text) {
@@ -124,6 +247,12 @@ bool is_placeholder(std::string_view text) {
   return has_no_text || is_crossed_out || text.find_first_not_of('0') == std::string_view::npos;
 }
 
+/// What a spreadsheet shows where it could not work something out: #N/A, #NV, #REF!, #DIV/0!, ...
+bool is_spreadsheet_error(std::string_view text) {
+  constexpr std::string_view signs = "ABCDEFGHIJKLMNOPQRSTUVWXYZ/0!?";
+  return text.size() > 2 && text.front() == '#' && text.find_first_not_of(signs, 1) == std::string_view::npos;
+}
+
 }  // namespace
 
 bool means_unknown(std::string_view text) {
@@ -132,6 +261,19 @@ bool means_unknown(std::string_view text) {
   // Most texts are identifications: one with a digit is none of the words.
   if (std::any_of(text.begin(), text.end(), [](char byte) { return byte >= '0' && byte <= '9'; })) return false;
   return is_among(folded(text), unknown_words);
+}
+
+bool means_unknown_parent(std::string_view text) {
+  if (means_unknown(text) || text == "-1" || is_spreadsheet_error(text)) return true;
+  constexpr std::size_t fewest_nines = 5;
+  if (text.size() >= fewest_nines && text.find_first_not_of('9') == std::string_view::npos) return true;
+  if (text.size() > longest_word) return false;
+  if (std::any_of(text.begin(), text.end(), [](char byte) { return byte >= '0' && byte <= '9'; })) return false;
+  return is_among(folded(text), unknown_parent_words);
+}
+
+bool is_sex_letter(std::string_view text) {
+  return text.size() == 1;
 }
 
 bool means_no_import(std::string_view text) {

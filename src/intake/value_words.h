@@ -1,5 +1,5 @@
 // What people write for an unknown parent, for the sexes, and for "no" in the column of imports: the words of English,
-// Dutch, German and French offices.
+// Dutch, German, French, Spanish and Italian offices.
 #pragma once
 
 #include <string_view>
@@ -10,6 +10,9 @@ namespace pedigreewatch {
 /// matter.
 bool means_unknown(std::string_view text);
 
+/// The same, and what offices write for a parent besides: wild, founder, unregistered, N.N., -1, 99999, #N/A, ...
+bool means_unknown_parent(std::string_view text);
+
 /// Whether a text in the column of imports says that the animal is none: empty, 0, no, nee, false, ..., or unknown.
 bool means_no_import(std::string_view text);
 
@@ -18,6 +21,9 @@ enum class SexMeaning { male, female, unknown };
 /// The sex that a word names: m, f, v, male, vrouwelijk, ram, ooi, ... Numbers and letters that differ from herdbook to
 /// herdbook are unknown.
 SexMeaning sex_named(std::string_view text);
+
+/// Whether a text is a letter or a digit, which means another sex in another herdbook.
+bool is_sex_letter(std::string_view text);
 
 /// The species whose males or females have this name, as the English word of the steer file ("sheep" for "ooi"); empty
 /// for a word that is not proper to one species.

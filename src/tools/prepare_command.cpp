@@ -33,7 +33,9 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools prepare [OPTION.
                         --column id="Reg. no" --column sire=7
   --header yes|no       whether the first line holds the headings
   --dates LAYOUT        order of the dates: dd-mm-yyyy, mm-dd-yyyy, yyyy-mm-dd, yyyy-dd-mm, ddmmyyyy, ...
-  --male TEXT           how males are written: a letter with which the text begins, or the whole text
+  --male TEXT           how males are written: a letter with which the text begins, or the whole text. As often as
+                        needed
+  --female TEXT         how females are written, likewise
   --unknown TEXT        a text that stands for an unknown parent, besides the usual ones. As often as needed
   --subpopulations LIST names that the report distinguishes, with commas between them (or semicolons); "all";
                         or "none" to leave the column out
@@ -50,7 +52,8 @@ constexpr auto rules = std::to_array<OptionRule>({{"--delimiter"},
                                                   {"--encoding"},
                                                   {"--sheet"},
                                                   {"--dates"},
-                                                  {"--male"},
+                                                  {"--male", true, true},
+                                                  {"--female", true, true},
                                                   {"--unknown", true, true},
                                                   {"--column", true, true},
                                                   {"--header"},
@@ -135,7 +138,8 @@ NameWish read_names(std::string_view value) {
 /// The options whose value is kept as it is.
 void read_text_option(const GivenOption& option, PrepareOptions& options) {
   const std::string value = text_of(option.value);
-  if (option.name == "--male") options.male = trimmed(value);
+  if (option.name == "--male") options.male.emplace_back(trimmed(value));
+  if (option.name == "--female") options.female.emplace_back(trimmed(value));
   if (option.name == "--sheet") options.sheet = value;
   if (option.name == "--unknown") options.unknown.emplace_back(trimmed(value));
   if (option.name == "--name") options.population_name = value;

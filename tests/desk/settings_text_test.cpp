@@ -21,7 +21,7 @@ TEST(SettingsText, ReadsEachNameWithItsValue) {
   EXPECT_EQ(options.delimiter, '\t');
   EXPECT_EQ(options.has_header, false);
   EXPECT_EQ(options.dates, DateOrder::month_day_year);
-  EXPECT_EQ(options.male, "ram=1");
+  EXPECT_EQ(options.male, std::vector<std::string>{"ram=1"});
   EXPECT_EQ(options.species, "sheep");
   EXPECT_EQ(options.language, ToolLanguage::dutch);
   EXPECT_EQ(options.population_name, "Moor");

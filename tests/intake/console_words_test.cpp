@@ -10,7 +10,7 @@ namespace pedigreewatch::test {
 namespace {
 
 /// More values than any kind has.
-const Values sevens(6, std::int64_t{7});
+const Values sevens(7, std::int64_t{7});
 
 void expect_words(const std::string& text) {
   EXPECT_GT(text.size(), 2U);

@@ -89,6 +89,17 @@ TEST(PlanPreparation, NamesAreListedWithTheMostFrequentFirst) {
   EXPECT_EQ(prepared(lines, options).data.find("grey"), std::string::npos);
 }
 
+TEST(PlanPreparation, ColoursThatTheReportAddsAreNotListed) {
+  const std::string lines =
+      "id;sire;dam;sex;born;colour\na;;;m;2001;Onbekend\nb;;;m;2001;grey\nc;;;m;2001;niet "
+      "erkend\nd;;;m;2001;onbekend\n";
+  EXPECT_EQ(prepared(lines).plan.colours, (std::vector<std::string>{"grey", "onbekend"}));
+  PrepareOptions options;
+  options.colours = {.is_given = true, .leaves_out = false, .names = {"grey", "Onbekend"}};
+  EXPECT_EQ(prepared(lines, options).plan.colours, std::vector<std::string>{"grey"});
+  EXPECT_NE(prepared(lines).data.find(";Onbekend\n"), std::string::npos) << "what the animals have stays";
+}
+
 TEST(PlanPreparation, TooManyNamesAreAskedFor) {
   std::string lines = "id;sire;dam;sex;born;herd\n";
   for (int i = 0; i < 31; ++i) lines += std::to_string(i) + ";;;m;2001;herd " + std::to_string(i) + "\n";
@@ -123,10 +134,10 @@ TEST(PlanPreparation, AWordForUnknownThatIsAnAnimalStaysAParent) {
 TEST(PlanPreparation, TheMaleOptionIsALetterOrAWord) {
   const std::string lines = "id;sire;dam;sex;born\na;;;Reu;2001\nb;;;r;2001\nc;;;T;2001\nd;;;?;2001\n";
   PrepareOptions options;
-  options.male = "R";
+  options.male = {"R"};
   EXPECT_EQ(prepared(lines, options).data,
             "id;sex;birthdate;sire;dam\na;m;2001;;\nb;m;2001;;\nc;f;2001;;\nd;;2001;;\n");
-  options.male = "reu";
+  options.male = {"reu"};
   EXPECT_EQ(prepared(lines, options).data,
             "id;sex;birthdate;sire;dam\na;m;2001;;\nb;f;2001;;\nc;f;2001;;\nd;;2001;;\n");
 }

@@ -38,7 +38,7 @@ TEST(SexNamed, WordsOfFourLanguages) {
   for (const char* const text : {"f", "V", "w", "Female", "vrouwelijk", "weiblich", "femelle", "ooi", "\xE2\x99\x80"}) {
     EXPECT_EQ(sex_named(text), SexMeaning::female) << text;
   }
-  for (const char* const text : {"", "1", "2", "?", "r", "castrated"}) {
+  for (const char* const text : {"", "1", "2", "?", "r", "hermaphrodite"}) {
     EXPECT_EQ(sex_named(text), SexMeaning::unknown) << text;
   }
 }
@@ -52,6 +52,47 @@ TEST(SpeciesOfSexWord, OnlyWordsThatBelongToOneSpecies) {
 TEST(MeansUnknown, InTextsOfUpTo24Letters) {
   EXPECT_TRUE(means_unknown("unknown" + std::string(17, '!')));
   EXPECT_FALSE(means_unknown("unknown" + std::string(18, '!')));
+}
+
+TEST(MeansUnknownParent, WordsOfOfficesAndErrorsOfSpreadsheets) {
+  for (const char* const text : {"",
+                                 "WILD",
+                                 "N.N.",
+                                 "Wildfang",
+                                 "wild caught",
+                                 "n.b.",
+                                 "k.A.",
+                                 "N.C.",
+                                 "N.D.",
+                                 "desconocido",
+                                 "Sconosciuto",
+                                 "ignoto",
+                                 "non connu",
+                                 "sin datos",
+                                 "not recorded",
+                                 "Unregistered",
+                                 "Unknown sire",
+                                 "onbekende vader",
+                                 "Founder",
+                                 "Import",
+                                 "fremd",
+                                 "U",
+                                 "x",
+                                 "-1",
+                                 "99999",
+                                 "999999999",
+                                 "#N/A",
+                                 "#N/B",
+                                 "#NV",
+                                 "#VERW!",
+                                 "#REF!",
+                                 "#BEZUG!",
+                                 "#DIV/0!"}) {
+    EXPECT_TRUE(means_unknown_parent(text)) << text;
+  }
+  for (const char* const text : {"Wilda", "N1", "9999", "99998", "-2", "#12", "Import 7", "Rex"}) {
+    EXPECT_FALSE(means_unknown_parent(text)) << text;
+  }
 }
 
 }  // namespace

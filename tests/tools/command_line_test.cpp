@@ -64,7 +64,7 @@ TEST(PrepareOptionsOnTheCommandLine, AreAllUnderstood) {
   EXPECT_EQ(options.delimiter, '\t');
   EXPECT_EQ(options.encoding, Encoding::utf_16_le);
   EXPECT_EQ(options.dates, DateOrder::month_day_year);
-  EXPECT_EQ(options.male, "r");
+  EXPECT_EQ(options.male, std::vector<std::string>{"r"});
   EXPECT_EQ(options.unknown, (std::vector<std::string>{"stray", "none known"}));
   ASSERT_EQ(options.columns.size(), 2U);
   EXPECT_EQ(options.columns[0].code, id_column);
