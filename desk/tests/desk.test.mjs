@@ -329,7 +329,7 @@ describe("BothLanguages", () => {
       await page.click(language === "nl" ? "#english" : "#dutch");
       await idle(page);
       assert.match(await textOf(page, "#step"), language === "nl" ? /What was recognised/ : /Wat herkend is/);
-      assert.match(await textOf(page, ".evidence"), language === "nl" ? /Delimiter/ : /Scheiding/);
+      assert.match(await textOf(page, ".evidence"), language === "nl" ? /Divided by/ : /Gescheiden door/);
     }, { language }));
   }
 });

@@ -11,4 +11,7 @@ namespace pedigreewatch {
 /// the word of the library for a value that is not finite.
 std::string fixed_digits(double value, std::size_t decimals);
 
+/// The same with one digit before the point and an exponent of at least two digits, "-5.0e-01".
+std::string scientific_digits(double value, std::size_t decimals);
+
 }  // namespace pedigreewatch

@@ -3,10 +3,11 @@
 #include "sheets/cell_values.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+
+#include "core/real_digits.h"
 
 namespace pedigreewatch {
 namespace {
@@ -106,11 +107,9 @@ struct Digits {
 };
 
 Digits digits_of(double value) {
-  constexpr int digits_behind_first = 14;
-  std::array<char, 40> written{};
-  const auto [end, error] = std::to_chars(written.data(), written.data() + written.size(), value,
-                                          std::chars_format::scientific, digits_behind_first);
-  const std::string_view text(written.data(), static_cast<std::size_t>(end - written.data()));
+  constexpr std::size_t digits_behind_first = 14;
+  const std::string written = scientific_digits(value, digits_behind_first);
+  const std::string_view text = written;
   const std::size_t sign = text.find('e');
   Digits result;
   for (const char byte : text.substr(0, sign)) {
