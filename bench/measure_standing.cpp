@@ -1,0 +1,77 @@
+// How often the verdict on simulated breeds is right: breeds of each size, each way of breeding and each share of
+// unknown parents, with the effect of a rule half way where there was one and where there was none.
+//   measure_standing [BREEDS]     so many of each kind, 200 without a number
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "standing/standing.h"
+#include "support/simulated_breed.h"
+
+namespace {
+
+using namespace pedigreewatch;
+using namespace pedigreewatch::test;
+
+struct Kind {
+  const char* name;
+  BreedScheme scheme;
+};
+
+struct Tally {
+  int right = 0, none = 0, wrong = 0, two_off = 0, real_changes = 0, sure = 0;
+};
+
+Tally judge_breeds(BreedScheme scheme, int breeds) {
+  constexpr double generation_interval = 3.0;
+  Tally tally;
+  for (int breed = 0; breed < breeds; ++breed) {
+    scheme.years = 24 + 3 * (breed % 8);  // 8 to 15 generations
+    const std::int32_t half_way = scheme.years / 2;
+    if (scheme.has_rule) scheme.rule_year = half_way;
+    StandingSettings settings;
+    settings.rule_year = first_year_of_breeds + half_way;
+    const auto seed = static_cast<std::uint64_t>(breed) * 1'000'003U + static_cast<std::uint64_t>(scheme.sires_a_year);
+    const Standing standing = compute_standing(simulate_breed(scheme, seed), generation_interval, settings);
+    if (standing.rule->is_real) ++tally.real_changes;
+    if (standing.sureness == 3) ++tally.sure;
+    const int off =
+        std::abs(static_cast<int>(standing.pace) - static_cast<int>(pace_of_size(effective_size_of(scheme))));
+    if (!standing.is_judged()) {
+      ++tally.none;
+    } else {
+      ++(off == 0 ? tally.right : tally.wrong);
+      if (off > 1) ++tally.two_off;
+    }
+  }
+  return tally;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  const int breeds = count > 1 ? std::atoi(arguments[1]) : 200;
+  if (breeds < 1) {
+    std::fputs("usage: measure_standing [BREEDS]\n", stderr);
+    return 2;
+  }
+  Kind kinds[] = {{"closed", {}}, {"imports", {}}, {"popular sires", {}}, {"rule", {}}};
+  kinds[1].scheme.imported = 0.02;
+  kinds[2].scheme.has_popular_sires = true;
+  kinds[3].scheme.has_rule = true;
+  std::printf("%-14s %6s %8s %7s %7s %7s %7s %7s %7s\n", "kind", "Ne", "unknown", "right", "wrong", "two off", "none",
+              "surest", "change");
+  for (const Kind& kind : kinds) {
+    for (BreedScheme scheme : breeds_of_known_size(kind.scheme)) {
+      for (const double unknown : {0.0, 0.02, 0.05, 0.1, 0.3}) {
+        scheme.unknown_parents = unknown;
+        const Tally tally = judge_breeds(scheme, breeds);
+        std::printf("%-14s %6.1f %6.0f %% %7d %7d %7d %7d %7d %7d\n", kind.name, effective_size_of(scheme),
+                    100.0 * unknown, tally.right, tally.wrong, tally.two_off, tally.none, tally.sure,
+                    tally.real_changes);
+        std::fflush(stdout);
+      }
+    }
+  }
+  return 0;
+}

@@ -1,0 +1,97 @@
+// How a breed stands: how fast inbreeding rises, how sure that is, why, what can be done, what a rule has changed, and
+// what the data are worth. Values; page and table put them into words.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "pedigree/population_store.h"
+#include "standing/parents_in_use.h"
+#include "standing/rare_lines.h"
+#include "standing/verdict.h"
+#include "standing/window_rates.h"
+
+namespace pedigreewatch {
+
+/// What a board has decided for its breed, and what is taken without it.
+struct StandingSettings {
+  std::optional<std::int32_t> rule_year;  ///< the first birth year under a rule, an import or the like
+  double most_sire_share = 0.05;          ///< of the young of five years
+  double most_inbreeding = 0.0625;        ///< of the offspring of a mating: that of first cousins
+  bool is_sire_share_given = false, is_most_inbreeding_given = false;
+};
+
+/// Young as close as those of half sibs.
+inline constexpr float close_inbreeding = 0.125F;
+/// Young with fewer generation equivalents cannot show inbreeding.
+inline constexpr float shallow_equivalents = 2.0F;
+
+/// The years that the figures are about.
+struct StandingYears {
+  std::int32_t last = 0;          ///< the last birth year
+  std::int32_t recent_first = 0;  ///< of the last five years
+  std::int32_t cohort_first = 0;  ///< of the last generation interval, whose animals' lines are followed back
+  std::int32_t now_first = 0;     ///< of the last three generation intervals, back to which they are followed
+  double generation_interval = 0.0;
+};
+
+/// The rates of the verdict, by what they are seen from.
+enum StandingWay : std::uint8_t { by_kinship, by_inbreeding, by_parents_in_use };
+inline constexpr std::size_t standing_ways = 3;
+
+/// Before and since the year of a rule, both from kinship.
+struct RuleEffect {
+  std::int32_t year = 0;
+  RateEstimate before, since;
+  bool is_real = false;  ///< the margins do not overlap
+};
+
+struct YoungOfFiveYears {
+  std::int64_t births = 0, births_before = 0;  ///< of the last five years, of the five before
+  std::int64_t judged = 0;                     ///< with both parents known
+  std::int64_t above_most = 0, close = 0;      ///< of those, with F above the board's limit; of half sibs and closer
+  std::int64_t shallow = 0;                    ///< with fewer than two generation equivalents
+  double inbreeding = 0.0;                     ///< mean F of those judged
+  double chance_inbreeding = 0.0;              ///< F had their parents been mated at random
+  std::int64_t known_parents = 0, imported_parents = 0;  ///< of all births, both sexes
+};
+
+struct StandingData {
+  double equivalents = 0.0;            ///< mean generation equivalents of the young of the last five years
+  double both_known = 0.0;             ///< share of the young of the last ten years with both parents known
+  double unknown_parents = 0.0;        ///< share of the parents of all animals with a known parent
+  std::int64_t falsifying_faults = 0;  ///< that falsify inbreeding or the effective size
+  std::int64_t cohort = 0;             ///< animals of the last generation interval
+};
+
+struct Standing {
+  StandingSettings settings;
+  StandingYears years;
+  Pace pace = Pace::cannot_be_judged;
+  std::uint32_t obstacles = obstacle_few_animals;  ///< of a verdict
+  int sureness = 0;                                ///< 3 to 1; 0 without a verdict
+  std::array<RateEstimate, standing_ways> now;     ///< by `StandingWay`; the first is that of the verdict
+  RateEstimate before;                             ///< by kinship, of the three generation intervals before
+  std::optional<RuleEffect> rule;
+  YoungOfFiveYears young;
+  ParentsInUse sires, dams;                    ///< of the young of the last five years
+  std::int64_t overused_sires = 0;             ///< the first so many of `sires` are above the board's limit
+  std::optional<double> rate_with_sires_held;  ///< what holding them to it would give, as a rule of thumb
+  std::vector<RareLine> rare_lines;            ///< at most four, of the young of two generation intervals
+  StandingData data;
+
+  const RateEstimate& rate() const { return now[by_kinship]; }
+  bool is_judged() const { return pace != Pace::cannot_be_judged; }
+  /// Whether mates are more closely related than their sexes are.
+  bool has_close_matings() const { return young.close > 0 && young.inbreeding > young.chance_inbreeding; }
+};
+
+/// Computes everything. F and completeness of all animals must be final. `generation_interval` is that of the report,
+/// not a number when no age is known: then nothing is judged. `falsifying_faults` are those that the check found.
+Standing compute_standing(const PopulationStore& store, double generation_interval, const StandingSettings& settings,
+                          std::int64_t falsifying_faults = 0);
+
+}  // namespace pedigreewatch

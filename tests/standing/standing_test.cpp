@@ -1,0 +1,196 @@
+// The whole of the first screen, on breeds of which the truth is known.
+
+#include "standing/standing.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "support/numbered_store.h"
+#include "support/simulated_breed.h"
+
+namespace pedigreewatch::test {
+namespace {
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr int breeds_of_each_kind = 2;
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+constexpr int breeds_of_each_kind = 2;
+#else
+constexpr int breeds_of_each_kind = 8;
+#endif
+#else
+constexpr int breeds_of_each_kind = 8;
+#endif
+
+/// What was said of breeds of one kind.
+struct Tally {
+  int breeds = 0, judged = 0, wrong = 0, two_off = 0, real_changes = 0;
+};
+
+void judge_breeds(BreedScheme scheme, double unknown_parents, Tally& tally) {
+  scheme.unknown_parents = unknown_parents;
+  for (int breed = 0; breed < breeds_of_each_kind; ++breed) {
+    scheme.years = 24 + 3 * (breed % 8);  // 8 to 15 generations
+    const std::int32_t half_way = scheme.years / 2;
+    if (scheme.has_rule) scheme.rule_year = half_way;
+    StandingSettings settings;
+    settings.rule_year = first_year_of_breeds + half_way;
+    const std::uint64_t seed =
+        static_cast<std::uint64_t>(breed) * 7919U + static_cast<std::uint64_t>(scheme.sires_a_year);
+    const Standing standing = compute_standing(simulate_breed(scheme, seed), 3.0, settings);
+    ++tally.breeds;
+    ASSERT_TRUE(standing.rule.has_value());
+    if (standing.rule->is_real) ++tally.real_changes;
+    if (!standing.is_judged()) continue;
+    ++tally.judged;
+    const int truth = static_cast<int>(pace_of_size(effective_size_of(scheme)));
+    const int said = static_cast<int>(standing.pace);
+    if (said != truth) ++tally.wrong;
+    if (std::abs(said - truth) > 1) ++tally.two_off;
+  }
+}
+
+Tally judge_all_sizes(const BreedScheme& kind, std::initializer_list<double> unknown_parents) {
+  Tally tally;
+  for (BreedScheme scheme : breeds_of_known_size(kind)) {
+    for (const double unknown : unknown_parents) judge_breeds(scheme, unknown, tally);
+  }
+  return tally;
+}
+
+void expect_true(const Tally& tally) {
+  EXPECT_LE(tally.wrong * 20, tally.judged);  // at most 5 of 100
+  EXPECT_EQ(tally.two_off, 0);
+}
+
+TEST(SimulatedBreeds, ClosedOnesAreJudgedRightly) {
+  const Tally tally = judge_all_sizes({}, {0.0, 0.02, 0.05});
+  EXPECT_EQ(tally.judged, tally.breeds);
+  expect_true(tally);
+  EXPECT_LE(tally.real_changes * 20, tally.breeds);
+}
+
+TEST(SimulatedBreeds, AFewUnknownParentsOrNoVerdict) {
+  const Tally tally = judge_all_sizes({}, {0.1});
+  EXPECT_GE(tally.judged * 3, tally.breeds);  // of use at all
+  expect_true(tally);
+  EXPECT_LE(tally.real_changes * 20, tally.breeds);
+}
+
+TEST(SimulatedBreeds, ManyUnknownParentsGiveNoVerdict) {
+  EXPECT_EQ(judge_all_sizes({}, {0.3}).judged, 0);
+}
+
+TEST(SimulatedBreeds, ImportsAndPopularSiresDoNotMislead) {
+  BreedScheme imports, popular;
+  imports.imported = 0.02;
+  popular.has_popular_sires = true;
+  for (const BreedScheme& kind : {imports, popular}) {
+    const Tally tally = judge_all_sizes(kind, {0.0, 0.05});
+    EXPECT_EQ(tally.judged, tally.breeds);
+    expect_true(tally);
+    EXPECT_LE(tally.real_changes * 20, tally.breeds);
+  }
+}
+
+TEST(SimulatedBreeds, ARuleThatHalvesTheRateIsSeen) {
+  BreedScheme ruled;
+  ruled.has_rule = true;
+  const Tally tally = judge_all_sizes(ruled, {0.0, 0.05});
+  EXPECT_EQ(tally.judged, tally.breeds);
+  expect_true(tally);
+  EXPECT_GE(tally.real_changes * 10, tally.breeds * 9);
+}
+
+TEST(Standing, YearsAreCountedFromTheLastOne) {
+  const PopulationStore store = simulate_breed({}, 1);
+  const Standing standing = compute_standing(store, 3.4, {});
+  EXPECT_EQ(standing.years.last, 2015);
+  EXPECT_EQ(standing.years.recent_first, 2011);
+  EXPECT_EQ(standing.years.cohort_first, 2013);  // 3 years
+  EXPECT_EQ(standing.years.now_first, 2006);     // 10.2 years, rounded
+  EXPECT_FALSE(standing.rule.has_value());
+}
+
+TEST(Standing, WithoutAnIntervalOrYearsNothingIsJudged) {
+  const PopulationStore store = simulate_breed({}, 1);
+  for (const double interval : {0.0, -1.0, std::numeric_limits<double>::quiet_NaN(), 1001.0}) {
+    EXPECT_EQ(compute_standing(store, interval, {}).pace, Pace::cannot_be_judged);
+  }
+  EXPECT_EQ(compute_standing(numbered_store("m\n.\n"), 3.0, {}).pace, Pace::cannot_be_judged);
+}
+
+TEST(Standing, FaultsOfTheDataForbidAVerdict) {
+  const PopulationStore store = simulate_breed({}, 1);
+  EXPECT_EQ(compute_standing(store, 3.0, {}, 0).pace, Pace::too_fast);
+  const Standing faulty = compute_standing(store, 3.0, {}, 1);
+  EXPECT_EQ(faulty.pace, Pace::cannot_be_judged);
+  EXPECT_EQ(faulty.obstacles, obstacle_faults);
+  EXPECT_EQ(faulty.sureness, 0);
+}
+
+// Seven young of one sire and one of another, in three litters; the sires are sons of one sire by two dams.
+constexpr auto small_breed =
+    "2000 m\n"
+    "2000\n"
+    "2000\n"
+    "2003 m s=1 d=2\n"
+    "2003 m s=1 d=3\n"
+    "2003   s=1 d=3\n"
+    "2003\n"
+    "2006 s=4 d=6\n"
+    "2006 s=4 d=6\n"
+    "2006 s=4 d=6\n"
+    "2006 s=4 d=6\n"
+    "2006 s=4 d=7\n"
+    "2006 s=4 d=7\n"
+    "2006 s=4 d=7\n"
+    "2006 s=5 d=6\n"
+    "2006 s=5\n";
+
+PopulationStore small_store() {
+  PopulationStore store = numbered_store(small_breed);
+  for (std::int32_t i = 8; i <= 16; ++i) store.generation_equivalents[i] = i == 8 ? 1.99F : 2.0F;
+  const float f[] = {0.125F, 0.124F, 0.0625F, 0.0626F, 0.0F, -1e-7F, 0.0F, 0.25F, 0.0F};
+  for (std::int32_t i = 8; i <= 16; ++i) store.inbreeding[i] = f[i - 8];
+  return store;
+}
+
+TEST(Standing, TheYoungAreCountedOnBothSidesOfTheBounds) {
+  const Standing standing = compute_standing(small_store(), 3.0, {});
+  const YoungOfFiveYears& young = standing.young;
+  EXPECT_EQ(young.births, 13);  // 2002 to 2006
+  EXPECT_EQ(young.births_before, 3);
+  EXPECT_EQ(young.judged, 11);
+  EXPECT_EQ(young.close, 2);       // 0.125 is one, 0.124 is not
+  EXPECT_EQ(young.above_most, 4);  // 0.0625 is not above
+  EXPECT_EQ(young.shallow, 5);     // 1.99, and the four of 2003 that have 0
+  EXPECT_EQ(young.known_parents, 23);
+  EXPECT_NEAR(young.inbreeding, (0.125 + 0.124 + 0.0625 + 0.0626 + 0.25) / 11.0, 1e-7);
+}
+
+TEST(Standing, SiresAboveTheBoardsLimitAreOverused) {
+  StandingSettings settings;
+  const std::int64_t all = 12;  // young with a known sire: 7, 3 and 2
+  settings.most_sire_share = 3.0 / static_cast<double>(all);
+  EXPECT_EQ(compute_standing(small_store(), 3.0, settings).overused_sires, 1);
+  settings.most_sire_share = 2.9 / static_cast<double>(all);
+  EXPECT_EQ(compute_standing(small_store(), 3.0, settings).overused_sires, 2);
+  settings.most_sire_share = 0.6;
+  EXPECT_EQ(compute_standing(small_store(), 3.0, settings).overused_sires, 0);
+}
+
+TEST(Standing, ARuleOfTheFutureHasNoEffect) {
+  StandingSettings settings;
+  settings.rule_year = 2030;
+  const Standing standing = compute_standing(simulate_breed({}, 1), 3.0, settings);
+  ASSERT_TRUE(standing.rule.has_value());
+  EXPECT_FALSE(standing.rule->since.rate.has_value());
+  EXPECT_FALSE(standing.rule->is_real);
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test
