@@ -27,6 +27,8 @@ export interface Desk {
   written?: FilesAnswer;
   check?: CheckAnswer;
   run?: RunAnswer;
+  /** What the board says, as it was typed: the year of its rule, its limits in per cent. */
+  board: { ruleYear: string; sireShare: string; mostF: string };
   body?: string;
   report?: string;
   wasCancelled: boolean;
@@ -50,7 +52,7 @@ export interface Desk {
 
 export function createDesk(language: Language, draw: (desk: Desk) => void): Desk {
   const desk: Desk = {
-    client: createClient((phase) => showPhase(desk, phase)), language, reportLanguage: language, step: "data", files: [], settings: new Map(),
+    client: createClient((phase) => showPhase(desk, phase)), language, reportLanguage: language, step: "data", files: [], settings: new Map(), board: { ruleYear: "", sireShare: "", mostF: "" },
     refusals: [], wasCancelled: false, isOpen: false, busy: 0, working: Promise.resolve(), cancellations: 0, kind: "", filter: "", firstFinding: 0, view: "charts",
     draw: () => draw(desk),
   };
@@ -211,6 +213,8 @@ export async function ensureRun(desk: Desk): Promise<void> {
   desk.run ??= await ask<RunAnswer>(desk.client, "run");
   if (desk.run.messages.length > 0 || desk.body !== undefined) return;
   showPhase(desk, "charts");
+  const { ruleYear, sireShare, mostF } = desk.board;
+  if (ruleYear + sireShare + mostF !== "") await ask(desk.client, "board", [ruleYear.trim(), sireShare.trim(), mostF.trim()]);
   desk.body = await ask<string>(desk.client, "text", ["body"]);
 }
 

@@ -15,6 +15,7 @@ export const operations = {
   rankMales: "desk_rank_males",
   orderMales: "desk_order_males",
   listMales: "desk_list_males",
+  board: "desk_set_board",
   text: "desk_text",
   bytes: "desk_text",
   language: "desk_set_language",

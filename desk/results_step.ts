@@ -2,7 +2,7 @@
 // written, with every name in it escaped.
 
 import { ask } from "./client";
-import { bytesOf, text, work } from "./desk";
+import { bytesOf, showProblem, text, work } from "./desk";
 import type { Desk } from "./desk";
 import { button, make, save } from "./dom";
 import type { TextName } from "./texts";
@@ -38,7 +38,36 @@ function drawSaving(desk: Desk): HTMLElement {
     kept("saveReport", "report", desk.run?.reportName ?? "report.out", "application/octet-stream"),
     kept("savePage", "page", `${stem}.html`, "text/html"), kept("saveYears", "years", `${stem}_years.tsv`, table),
     kept("saveAnimals", "animals", `${stem}_animals.tsv`, table), kept("saveDiversity", "diversity", `${stem}_diversity.tsv`, table),
+    kept("saveStanding", "standing", `${stem}_standing.tsv`, table),
     hasSubpopulations ? kept("saveSubpopulations", "subpopulations", `${stem}_subpopulations.tsv`, table) : null);
+}
+
+async function judge(desk: Desk): Promise<void> {
+  const { ruleYear, sireShare, mostF } = desk.board;
+  const { problem } = await ask<{ problem: string }>(desk.client, "board", [ruleYear.trim(), sireShare.trim(), mostF.trim()]);
+  if (problem !== "") {
+    showProblem(problem);
+    return;
+  }
+  desk.body = await ask<string>(desk.client, "text", ["body"]);
+  desk.draw();
+}
+
+/** Fields for what the board says of its breed. */
+function drawBoard(desk: Desk): HTMLElement {
+  const field = (name: "ruleYear" | "sireShare" | "mostF", hint: string) => {
+    const input = make("input", { type: "text", id: `board-${name}`, size: 6, inputmode: "decimal", placeholder: hint });
+    input.value = desk.board[name];
+    input.addEventListener("change", () => { desk.board[name] = input.value; });
+    return make("label", {}, `${text(desk, name)} `, input);
+  };
+  const form = make("form", { class: "row", "aria-label": text(desk, "board") }, field("ruleYear", "2015"), field("sireShare", "5"),
+    field("mostF", "6.25"), make("button", { type: "submit" }, text(desk, "judge")));
+  form.addEventListener("submit", (event) => {
+    event.preventDefault();
+    void work(desk, () => judge(desk));
+  });
+  return form;
 }
 
 export function drawResults(desk: Desk, compute: () => void): HTMLElement[] {
@@ -51,5 +80,5 @@ export function drawResults(desk: Desk, compute: () => void): HTMLElement[] {
   const views = make("div", { class: "row", role: "group", "aria-label": text(desk, "view") },
     button(text(desk, "charts"), () => choose("charts"), { "aria-pressed": String(desk.view === "charts") }),
     button(text(desk, "reportText"), () => choose("text"), { "aria-pressed": String(desk.view === "text") }));
-  return [drawSaving(desk), views, desk.view === "charts" ? drawBody(desk) : drawReport(desk)];
+  return [drawSaving(desk), drawBoard(desk), views, desk.view === "charts" ? drawBody(desk) : drawReport(desk)];
 }

@@ -12,6 +12,7 @@
 #include "checks/readable_text.h"
 #include "control/check_setup.h"
 #include "core/line_reader.h"
+#include "desk/board_desk.h"
 #include "desk/json_text.h"
 #include "intake/column_recognition.h"
 #include "text/folded_words.h"
@@ -37,6 +38,7 @@ std::string run_check(Desk& desk) {
   ProgressLine unseen;
   tell(desk.watch, "checking");
   desk.check = check_data(data, settings, unseen);
+  judge_results(desk);  // what was found may forbid a verdict
   if (data.error != 0) return phrase(unreadable, desk.language, {error_text(data.error)});
   if (desk.check->has_too_many_lines) return std::string(words_of(too_many_lines, desk.language));
   std::vector<Finding>& list = desk.check->findings.list;

@@ -17,6 +17,7 @@
 #include "diversity/diversity.h"
 #include "intake/export_preparation.h"
 #include "matings/ranking.h"
+#include "standing/standing.h"
 #include "text/phrases.h"
 
 namespace pedigreewatch {
@@ -32,6 +33,7 @@ struct DeskResults {
   AnalysedPopulation population;
   std::vector<Block> subpopulations;
   Diversity diversity;
+  Standing standing;
   std::string report;  ///< the bytes of the report, in Windows-1252
 };
 
@@ -50,6 +52,7 @@ struct Desk {
   std::optional<SteerSettings> steer;
   std::optional<CheckResult> check;
   std::vector<std::uint32_t> chosen_findings;  ///< places in the list of findings
+  StandingSettings board;                      ///< what the board says of its breed
   std::optional<DeskResults> results;
   std::vector<RankedMale> males;  ///< of the last question for all males
   std::int32_t males_for_dam = 0;

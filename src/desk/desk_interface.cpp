@@ -7,6 +7,7 @@
 #include <string>
 #include <utility>
 
+#include "desk/board_desk.h"
 #include "desk/check_desk.h"
 #include "desk/desk.h"
 #include "desk/export_desk.h"
@@ -75,6 +76,7 @@ std::string text_named(const Desk& desk, std::string_view name) {
       {"subpopulations", pedigreewatch::subpopulations_table},
       {"animals", pedigreewatch::animals_table},
       {"diversity", pedigreewatch::diversity_table},
+      {"standing", pedigreewatch::standing_table},
       {"style", [](const Desk&) { return std::string(pedigreewatch::page_style()); }},
       {"script", [](const Desk&) { return std::string(pedigreewatch::page_script()); }},
   });
@@ -167,6 +169,10 @@ void desk_order_males(DeskHandle* handle, std::int32_t by_mean_kinship) {
 
 void desk_list_males(DeskHandle* handle, std::int32_t first, std::int32_t count) {
   answer(handle, [&](Desk& desk) { return pedigreewatch::list_males(desk, size_from(first), size_from(count)); });
+}
+
+void desk_set_board(DeskHandle* handle, const char* rule_year, const char* sire_share, const char* most_f) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::set_board(desk, {rule_year, sire_share, most_f}); });
 }
 
 void desk_text(DeskHandle* handle, const char* name) {

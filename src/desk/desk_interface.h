@@ -35,7 +35,10 @@ void desk_rank_males(DeskHandle* handle, std::int32_t dam, std::int32_t first_ye
 void desk_order_males(DeskHandle* handle, std::int32_t by_mean_kinship);
 void desk_list_males(DeskHandle* handle, std::int32_t first, std::int32_t count);
 
+/// As they are typed; empty: not said.
+void desk_set_board(DeskHandle* handle, const char* rule_year, const char* sire_share, const char* most_f);
+
 /// A text of the results: "body", "page", "report", "reportText", "findings", "males", "style", "script", "years",
-/// "subpopulations", "animals", "diversity". Others leave nothing.
+/// "subpopulations", "animals", "diversity", "standing". Others leave nothing.
 void desk_text(DeskHandle* handle, const char* name);
 }

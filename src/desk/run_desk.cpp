@@ -8,6 +8,7 @@
 #include "control/run_ending.h"
 #include "control/steer_file.h"
 #include "core/line_reader.h"
+#include "desk/board_desk.h"
 #include "desk/json_text.h"
 #include "page/page.h"
 #include "reports/report.h"
@@ -59,6 +60,7 @@ std::string run(Desk& desk) {
   }
   try {
     desk.results = make_results(desk, data, streams);
+    judge_results(desk);
     return {};
   } catch (const RunStopped&) {
     return readable(last_words(streams)) + std::string(words_of(look_at_check, desk.language));
@@ -71,7 +73,7 @@ std::string run(Desk& desk) {
 
 PageInput page_input(const Desk& desk) {
   return {desk.results->population, desk.results->subpopulations, &desk.results->diversity,
-          desk.check ? &*desk.check : nullptr};
+          desk.check ? &*desk.check : nullptr, &desk.results->standing};
 }
 
 }  // namespace

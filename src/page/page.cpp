@@ -80,6 +80,10 @@ bool has_years(const PageFrame& frame) {
   return frame.years.count() > 0;
 }
 constexpr Section sections[] = {
+    {"standing",
+     {"How the breed stands", "Hoe het ras ervoor staat"},
+     write_standing,
+     [](const PageFrame& frame) { return frame.input.standing != nullptr && has_years(frame); }},
     {"summary", {"Summary", "Samenvatting"}, write_summary, [](const PageFrame&) { return true; }},
     {"rates", {"Inbreeding and effective size", "Inteelt en effectieve grootte"}, write_inbreeding_section, has_years},
     {"animals", {"Animals and litters", "Dieren en nesten"}, write_animals_section, has_years},

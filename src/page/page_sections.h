@@ -7,6 +7,9 @@
 
 namespace pedigreewatch {
 
+/// How the breed stands, on one screen and one sheet of paper. The page must have been given it.
+void write_standing(std::string& page, const PageFrame& frame);
+
 /// What an officer wants to know first, in sentences.
 void write_summary(std::string& page, const PageFrame& frame);
 

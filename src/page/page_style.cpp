@@ -48,8 +48,29 @@ html{color-scheme:light dark}
 .pw .h{stroke:var(--b);stroke-width:1.3;stroke-linecap:round}
 .pw svg .b{stroke:var(--b);stroke-width:.6}
 .pw svg .b1{fill:url(#pw-f1)}.pw svg .b2{fill:url(#pw-f2)}.pw svg .b3{fill:url(#pw-f3)}.pw svg .b4{fill:url(#pw-f4)}.pw svg .b5{fill:url(#pw-f5)}.pw svg .b6{fill:url(#pw-f6)}.pw svg .b7{fill:url(#pw-f7)}.pw svg .b8{fill:url(#pw-f8)}
-@page{size:A4;margin:14mm}
-@media print{.pw{font-size:10pt;padding:0;max-width:none}.pw nav,.pw output,.pw details:not([open]){display:none}.pw figure,.pw .scroll,.pw tr{break-inside:avoid}.pw h2,.pw h3,.pw caption,.pw thead{break-after:avoid}.pw p,.pw table,.pw .legend{font-size:9.5pt!important}.pw .plot,.pw .scroll{overflow:visible}.pw .plot svg{min-width:0}}
+.pw .stand *{box-sizing:border-box}.pw .stand{--y0:#9f1d20;--y1:#a86a00;--y2:#1f6b3a;--y3:#555;--v:#fff;--l:#ccd2d8}
+.pw .band{display:grid;grid-template-columns:auto 1fr 15rem;gap:.4rem 1.2rem;align-items:center;border:3px solid var(--y3);border-radius:8px;padding:.7rem 1rem}
+.pw .v0{border-color:var(--y0)}.pw .v1{border-color:var(--y1)}.pw .v2{border-color:var(--y2)}
+.pw .sign{width:62px;height:62px}.pw svg .y0{fill:var(--y0)}.pw svg .y1{fill:var(--y1)}.pw svg .y2{fill:var(--y2)}.pw svg .y3{fill:none;stroke:var(--y3);stroke-width:9}.pw svg .yw{stroke:#fff;stroke-width:6}
+.pw .verdict{font-size:1.8rem;font-weight:700;line-height:1.15;margin:0}
+.pw .sure{border-left:1px solid var(--l);padding-left:1rem}.pw .sure p{margin:0}.pw .sure svg{display:block;width:100%;max-width:15rem;margin:.3rem 0}
+.pw .on{fill:var(--n);stroke:var(--n)}.pw .off{fill:none;stroke:var(--n)}
+.pw .t{font-weight:700}.pw svg .t{font-weight:700;fill:var(--t)}.pw svg .big{font-size:15px}.pw .gauge rect+.t{font-size:11px}
+.pw .stand .s{width:auto;height:auto;font-size:.88rem;color:var(--n);line-height:1.38;max-width:none}
+.pw .cards{display:grid;grid-template-columns:1fr 1fr;gap:1rem;margin-top:1rem}
+.pw .card{border:1px solid var(--l);border-radius:8px;padding:.8rem 1rem;min-width:0}
+.pw .gauge{display:block;width:100%;height:auto}.pw .ww,.pw .wn{display:block;width:100%;height:auto}.pw .wn{display:none}
+.pw svg .z0{fill:#f3c9c6}.pw svg .z1{fill:#ffe2a3}.pw svg .z2{fill:#cfe8d6}.pw .gauge rect+text.t{fill:#1a1a1a}
+.pw svg .k{fill:var(--t)}.pw svg .k1{fill:var(--t);stroke:var(--b);stroke-width:3}.pw svg .u{fill:var(--b);stroke-width:2.5}.pw svg .k2{stroke:var(--n)}
+.pw svg .n1{fill:var(--1);font-weight:700}.pw svg .n2{fill:var(--2);font-weight:700}
+.pw .tiles{display:grid;grid-template-columns:1fr 1fr;gap:.6rem 1rem}.pw .tile{border-left:5px solid var(--l);padding-left:.6rem}.pw .tile.bad{border-left:5px double var(--m)}
+.pw .tile p{margin:0}.pw .bad .t,.pw .over{color:var(--m)}.pw .tile .fig{font-size:1.2rem;font-weight:700;line-height:1.2}
+.pw .do ol{margin:0;padding-left:1.4rem}.pw .do li{margin-bottom:.7rem}.pw .do li::marker{font-weight:700}.pw .do strong{display:block}
+.pw .do table,.pw .limits{font-size:.9rem;margin:.2rem 0}.pw .do th{font-weight:600}.pw td.w{text-align:left}
+.pw .limits{width:100%}.pw .limits tbody th{text-align:left}.pw .limits th[colspan]{font-weight:600;color:var(--n)}.pw .over,.pw .kept{white-space:nowrap;font-weight:600}
+@media screen and (max-width:760px){.pw .band{grid-template-columns:auto 1fr;padding:.7rem}.pw .sign{width:46px;height:46px}.pw .verdict{font-size:1.5rem}.pw .band>div{grid-column:1/3}.pw .band>div:first-of-type{grid-column:2}.pw .sure{border-left:0;border-top:1px solid var(--l);padding:.5rem 0 0}.pw .cards{grid-template-columns:minmax(0,1fr)}.pw .do{order:-1}.pw .ww{display:none}.pw .wn{display:block}.pw .limits th,.pw .limits td{padding:.12rem .3rem}}
+@page{size:A4;margin:11mm}
+@media print{.pw{font-size:10pt;padding:0;max-width:none}.pw nav,.pw output,.pw details:not([open]){display:none}.pw figure,.pw .scroll,.pw tr{break-inside:avoid}.pw h2,.pw h3,.pw caption,.pw thead{break-after:avoid}.pw p,.pw table,.pw .legend{font-size:9.5pt!important}.pw .plot,.pw .scroll{overflow:visible}.pw .plot svg{min-width:0}.pw h1{font-size:14pt;margin:0}.pw header+main>svg+nav+section>h2{font-size:12pt;margin:.2rem 0;padding:0;border:0}.pw .stand{break-after:page;-webkit-print-color-adjust:exact;print-color-adjust:exact}.pw .stand p,.pw .stand table,.pw .stand .s{font-size:7.6pt!important;line-height:1.25;margin:.1rem 0}.pw .stand .verdict{font-size:15pt!important}.pw .stand .fig{font-size:10pt!important}.pw .stand h3{font-size:9.5pt;margin:.3rem 0 .1rem}.pw .band{grid-template-columns:auto 1fr 11rem;padding:.3rem .6rem}.pw .sign{width:42px;height:42px}.pw .cards{gap:.5rem;margin-top:.5rem}.pw .card{padding:.4rem .6rem;break-inside:avoid}.pw .do li{margin-bottom:.2rem;font-size:7.6pt}.pw .stand th,.pw .stand td{padding:.05rem .3rem}}
 )css";
 
 constexpr std::string_view script =
@@ -67,7 +88,7 @@ if(i!==undefined){e.preventDefault();show(i)}})}
 )js";
 
 // Of the bytes above, as `openssl dgst -sha256 -binary | base64` gives them; a test compares.
-constexpr std::string_view style_hash = "kIHjAe0CMkNQHDSCzTpFOfPvQbY3N1XAMJqmUUTM0is=";
+constexpr std::string_view style_hash = "QB/mutmC0SoIvf++2shml8Fh2vCHZNQIiEyZXSizbV4=";
 constexpr std::string_view script_hash = "KcbYCxTcr4NdpUOY+gVWj+W/3o1zAqd96Kj/Gvt6Ht4=";
 
 }  // namespace

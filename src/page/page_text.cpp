@@ -2,6 +2,7 @@
 
 #include "page/page_text.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "checks/readable_text.h"
@@ -60,7 +61,7 @@ std::string data_text(std::string_view bytes) {
   return named.empty() ? readable(text) : named;
 }
 
-std::string report_figure(double value, int decimals) {
+std::string report_figure(double value, int decimals, ToolLanguage language) {
   constexpr double beyond_meaning = 1e15;
   if (!(std::abs(value) < beyond_meaning)) return std::string(no_figure);
   LineItem item(0.0F);
@@ -69,7 +70,9 @@ std::string report_figure(double value, int decimals) {
   write_format_line(line, "F60." + std::to_string(decimals), {item});
   std::string_view digits = without_leading_blanks(line.pending);
   digits.remove_suffix(decimals == 0 ? 2 : 1);  // the line feed, and a point that has no digits behind it
-  return std::string(digits);
+  std::string text(digits);
+  if (language == ToolLanguage::dutch) std::replace(text.begin(), text.end(), '.', ',');
+  return text;
 }
 
 }  // namespace pedigreewatch

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "text/phrases.h"
+
 namespace pedigreewatch {
 
 /// What stands in a table where there is no figure.
@@ -19,7 +21,8 @@ std::string isolated(std::string_view text);
 /// turn the direction of reading by their names: "HS<U+200F>1".
 std::string data_text(std::string_view bytes);
 
-/// A figure with the decimals of the report, without blanks; `no_figure` when it is no number, or beyond all meaning.
-std::string report_figure(double value, int decimals);
+/// A figure with so many decimals, without blanks; `no_figure` when it is no number, or beyond all meaning. With the
+/// decimal point of the report, or with the sign of the language.
+std::string report_figure(double value, int decimals, ToolLanguage language = ToolLanguage::english);
 
 }  // namespace pedigreewatch

@@ -1,14 +1,15 @@
-// Which effective size is named: the first that is estimable of those from all years of F, all years of f, two years of
-// F, two years of f. All years come first because two single years may have few animals. How far the figures can be
-// trusted is judged by the generation equivalents of the last year with ten animals.
+// All six estimates of the effective size from the whole pedigree stand side by side, those of diversity first; none of
+// them is a verdict. How far the figures reach is told by the generation equivalents of the last year with ten animals.
 
 #include <algorithm>
-#include <iterator>
 #include <optional>
+#include <vector>
 
+#include "page/chart_figure.h"
 #include "page/inbreeding_charts.h"
 #include "page/page_sections.h"
 #include "page/page_text.h"
+#include "page/standing_words.h"
 
 namespace pedigreewatch {
 namespace {
@@ -25,47 +26,30 @@ constexpr Wording years_are_cut = {"The charts show the last {1} years.", "De gr
 constexpr Wording last_inbreeding = {"The animals born in {1} have a mean inbreeding F of {2}.",
                                      "De dieren die in {1} geboren zijn hebben een gemiddelde inteelt F van {2}."};
 
-constexpr Wording size_is = {"The effective population size Ne is {1} ({2}).",
-                             "De effectieve populatiegrootte Ne is {1} ({2})."};
-constexpr Wording sizes_range = {"The ways of estimating it that succeed give {1} to {2}.",
-                                 "De manieren van schatten die lukken geven {1} tot {2}."};
-constexpr Wording sizes_differ = {"They differ: take the lowest one as a warning.",
-                                  "Ze verschillen: neem de laagste als waarschuwing."};
-constexpr Wording size_is_not = {
-    "The effective population size Ne cannot be estimated: inbreeding and kinship do not rise, or too little is known.",
-    "De effectieve populatiegrootte Ne is niet te schatten: inteelt en verwantschap stijgen niet, of er is te weinig bekend."};
-constexpr Wording size_large = {
-    "Above 100: inbreeding rises by less than half a per cent per generation. The population is not in danger as long as this lasts.",
-    "Boven 100: de inteelt stijgt met minder dan een half procent per generatie. De populatie loopt geen gevaar zolang dat zo blijft."};
-constexpr Wording size_middling = {
-    "Between 50 and 100: inbreeding rises by half a per cent to one per cent per generation. The advised minimum of 50 is met, but there is little to spare: watch how many sires are used, and how evenly.",
-    "Tussen 50 en 100: de inteelt stijgt met een half tot \xC3\xA9\xC3\xA9n procent per generatie. Het aanbevolen minimum van 50 wordt gehaald, maar er is weinig speling: let op hoeveel vaders er gebruikt worden, en hoe gelijkmatig."};
-constexpr Wording size_small = {
-    "Below 50: inbreeding rises by more than one per cent per generation, faster than is advised. More sires, used more evenly, and fewer matings of related animals are needed.",
-    "Onder 50: de inteelt stijgt met meer dan \xC3\xA9\xC3\xA9n procent per generatie, sneller dan wordt aanbevolen. Er zijn meer vaders nodig, gelijkmatiger gebruikt, en minder paringen van verwante dieren."};
+constexpr Wording sizes_lead = {
+    "Six ways of estimating the effective population size Ne from the whole pedigree give {1} to {2}.",
+    "Zes manieren om de effectieve populatiegrootte Ne uit de hele stamboom te schatten geven {1} tot {2}."};
+constexpr Wording sizes_are_not = {
+    "The effective population size Ne cannot be estimated from the whole pedigree: inbreeding and kinship do not rise, or too little is known.",
+    "De effectieve populatiegrootte Ne is uit de hele stamboom niet te schatten: inteelt en verwantschap stijgen niet, of er is te weinig bekend."};
+constexpr Wording sizes_caution = {
+    "In all six each unknown parent counts as unrelated: a few per cent of them can make Ne twice too high, most of all in the four ways by year, and with few generations known nine times. Of the parents of animals that are no founders {1} are unknown.",
+    "In alle zes telt elke onbekende ouder als onverwant: een paar procent daarvan kan Ne twee keer te hoog maken, het meest in de vier manieren per jaar, en met weinig bekende generaties negen keer. Van de ouders van dieren die geen stamdier zijn is {1} onbekend."};
+constexpr Wording sizes_caption = {"Effective population size in six ways, from the whole pedigree",
+                                   "Effectieve populatiegrootte op zes manieren, uit de hele stamboom"};
+constexpr Wording way_heading = {"Way", "Manier"};
+constexpr Wording size_heading = {"Ne", "Ne"};
 
 constexpr Wording equivalents_are = {
     "Of the animals born in {1}, {2} generation equivalents of ancestors are known.",
     "Van de dieren die in {1} geboren zijn, zijn {2} equivalente generaties voorouders bekend."};
-constexpr Wording trust_good = {"That is enough to trust the figures of inbreeding and kinship.",
-                                "Dat is genoeg om op de cijfers van inteelt en verwantschap te vertrouwen."};
-constexpr Wording trust_some = {
-    "That shows recent inbreeding, but not what lies further back: true inbreeding is higher than the figures, and an Ne may come out too high.",
-    "Daarmee is recente inteelt te zien, maar niet wat verder terug ligt: de werkelijke inteelt is hoger dan de cijfers, en een Ne kan te hoog uitvallen."};
-constexpr Wording trust_little = {
-    "That is too little: inbreeding can hardly be seen in such pedigrees, and Ne says more about the pedigrees than about the population.",
-    "Dat is te weinig: in zulke stambomen is inteelt nauwelijks te zien, en Ne zegt meer over de stambomen dan over de populatie."};
-
-constexpr Wording ways[] = {{"from F of all years", "uit F van alle jaren"},
-                            {"from f of all years", "uit f van alle jaren"},
-                            {"from F of the third and the last year", "uit F van het derde en het laatste jaar"},
-                            {"from f of the third and the last year", "uit f van het derde en het laatste jaar"}};
-
-/// What an effective size of this much means.
-const Wording& meaning_of(float size) {
-  constexpr float safe = 100.0F, least = 50.0F;
-  return size > safe ? size_large : (size >= least ? size_middling : size_small);
-}
+constexpr Wording ways[] = {
+    {"increase of inbreeding of each animal (diversity)", "toename van de inteelt van elk dier (diversiteit)"},
+    {"increase of coancestry of each pair (diversity)", "toename van de verwantschap van elk paar (diversiteit)"},
+    {"F of all years (report)", "F van alle jaren (uitvoer)"},
+    {"f of all years (report)", "f van alle jaren (uitvoer)"},
+    {"F of the third and the last year (report)", "F van het derde en het laatste jaar (uitvoer)"},
+    {"f of the third and the last year (report)", "f van het derde en het laatste jaar (uitvoer)"}};
 
 void write_paragraph(std::string& page, const std::string& text) {
   page += "<p>" + isolated(text) + "</p>\n";
@@ -97,35 +81,48 @@ std::optional<Row> telling_row(const PageFrame& frame) {
   return std::nullopt;
 }
 
-std::string size_text(const PageFrame& frame) {
-  const GenerationRates& rates = frame.whole().rates;
-  const GenerationRate* const all[] = {&rates.F_smoothed, &rates.f_smoothed, &rates.F_absolute, &rates.f_absolute};
-  std::vector<float> sizes;
-  std::string text;
-  for (std::size_t way = 0; way < std::size(all); ++way) {
-    if (!is_estimable(frame, *all[way])) continue;
-    sizes.push_back(all[way]->effective_size);
-    if (sizes.size() > 1) continue;
-    const std::string size = report_figure(static_cast<double>(sizes.front()), 2);
-    text = phrase(size_is, frame.language, {size, words_of(ways[way], frame.language)});
+/// The effective size by each of `ways`; none where it is not estimable.
+std::vector<std::optional<double>> sizes_by_way(const PageFrame& frame) {
+  std::vector<std::optional<double>> sizes(2);
+  if (frame.input.diversity != nullptr) {
+    sizes = {frame.input.diversity->by_inbreeding.effective_size, frame.input.diversity->by_coancestry.effective_size};
   }
-  if (sizes.empty()) return frame.text(size_is_not);
-  text += " " + frame.text(meaning_of(sizes.front()));
-  if (sizes.size() == 1) return text;
-  const auto [low, high] = std::minmax_element(sizes.begin(), sizes.end());
-  const auto figure = [](float size) { return report_figure(static_cast<double>(size), 2); };
-  text += " " + phrase(sizes_range, frame.language, {figure(*low), figure(*high)});
-  if (&meaning_of(*low) != &meaning_of(sizes.front())) text += " " + frame.text(sizes_differ);
-  return text;
+  const GenerationRates& rates = frame.whole().rates;
+  for (const GenerationRate* const rate :
+       {&rates.F_smoothed, &rates.f_smoothed, &rates.F_absolute, &rates.f_absolute}) {
+    const bool is_known = is_estimable(frame, *rate);
+    sizes.push_back(is_known ? std::optional(static_cast<double>(rate->effective_size)) : std::nullopt);
+  }
+  return sizes;
+}
+
+void write_sizes(std::string& page, const PageFrame& frame) {
+  const std::vector<std::optional<double>> sizes = sizes_by_way(frame);
+  std::vector<double> known;
+  FigureTable table;
+  table.headings = {frame.text(way_heading), frame.text(size_heading)};
+  for (std::size_t way = 0; way < sizes.size(); ++way) {
+    if (sizes[way]) known.push_back(*sizes[way]);
+    table.rows.push_back(
+        {frame.text(ways[way]), {sizes[way] ? size_text(*sizes[way], frame.language) : not_estimable(frame)}});
+  }
+  std::string text = frame.text(sizes_are_not);
+  if (!known.empty()) {
+    const auto [low, high] = std::minmax_element(known.begin(), known.end());
+    text = phrase(sizes_lead, frame.language, {size_text(*low, frame.language), size_text(*high, frame.language)});
+  }
+  if (frame.input.standing != nullptr) {
+    const double unknown = frame.input.standing->data.unknown_parents;
+    text += " " + phrase(sizes_caution, frame.language, {percent_text(unknown, frame.language)});
+  }
+  write_paragraph(page, text);
+  write_figure_table(page, table, frame.text(sizes_caption));
 }
 
 std::string trust_text(const PageFrame& frame, Row row) {
-  constexpr float little = 3.0F, much = 5.0F;
-  const float equivalents = frame.whole().tables.completeness.of(row).equivalent_generations;
-  const Wording& trust = equivalents < little ? trust_little : (equivalents < much ? trust_some : trust_good);
-  return phrase(equivalents_are, frame.language,
-                {frame.year(row), report_figure(static_cast<double>(equivalents), 2)}) +
-         " " + frame.text(trust);
+  const double equivalents = static_cast<double>(frame.whole().tables.completeness.of(row).equivalent_generations);
+  return phrase(equivalents_are, frame.language, {frame.year(row), report_figure(equivalents, 1, frame.language)}) +
+         " " + frame.text(words_of_depth(equivalents));
 }
 
 }  // namespace
@@ -134,9 +131,9 @@ void write_summary(std::string& page, const PageFrame& frame) {
   write_paragraph(page, animals_text(frame));
   const std::optional<Row> row = telling_row(frame);
   if (row) {
-    const double F = static_cast<double>(frame.whole().inbreeding.of(*row).F);
-    write_paragraph(page, phrase(last_inbreeding, frame.language, {frame.year(*row), report_figure(F, 4)}) + " " +
-                              size_text(frame));
+    const double F = std::max(0.0, static_cast<double>(frame.whole().inbreeding.of(*row).F));
+    write_paragraph(page, phrase(last_inbreeding, frame.language, {frame.year(*row), percent_text(F, frame.language)}));
+    write_sizes(page, frame);
     write_paragraph(page, trust_text(frame, *row));
   }
   if (frame.input.check != nullptr) write_paragraph(page, findings_sentence(frame));

@@ -8,15 +8,14 @@
 #include <utility>
 #include <vector>
 
-#include "checks/check.h"
-#include "control/check_setup.h"
-#include "control/steer_file.h"
+#include "control/population_standing.h"
 #include "core/new_files.h"
 #include "diversity/diversity.h"
 #include "page/page.h"
-#include "tools/current_date.h"
+#include "standing/standing_options.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
+#include "tools/population_check.h"
 #include "tools/reference_choice.h"
 
 namespace pedigreewatch {
@@ -31,13 +30,17 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools page [OPTION...]
                         2001-2010
   --ids FILE            reference population: the animals of a list, one identification a line
                         (else: animals of the last ten birth years with both parents known)
+  --rule-year YEAR      the first birth year under a rule, an import or the like: rates before and since
+  --sire-share PERCENT  the most young of five years that one sire should have (else 5%)
+  --most-f PERCENT      the highest F that the offspring of a mating should have (else 6.25%)
   --help                shows this text
 
   Exit status: 0 the page was written, 1 data or files stand in the way (nothing was written), 2 wrong
   arguments.
 )";
 
-constexpr auto rules = std::to_array<OptionRule>({{"--years"}, {"--ids"}});
+constexpr auto rules =
+    std::to_array<OptionRule>({{"--years"}, {"--ids"}, {"--rule-year"}, {"--sire-share"}, {"--most-f"}});
 
 constexpr Wording not_written = {"{1}: {2}; the page was not written", "{1}: {2}; de pagina is niet geschreven"};
 constexpr Wording is_in_use = {"a page of this name would replace a file that this run reads",
@@ -45,15 +48,15 @@ constexpr Wording is_in_use = {"a page of this name would replace a file that th
 constexpr Wording written = {"{1}: the page ({2} kB); open it in a browser",
                              "{1}: de pagina ({2} kB); open hem in een browser"};
 
-/// What the checks find in the data file; nothing when it can no longer be read.
-std::optional<CheckResult> check_population(const FolderRun& run) {
-  const SteerSettings& steer = run.population.settings;
-  LineReader data;
-  if (open_data_file(steer, data)) return std::nullopt;
-  const CheckSettings settings = make_check_settings(steer, lines_of_steer_file(steer_file_name), current_date());
-  CheckResult result = check_data(data, settings, run.streams.progress);
-  if (data.error != 0) return std::nullopt;
-  return result;
+struct PageOptions {
+  ReferenceOptions reference;
+  StandingSettings standing;
+};
+
+/// Takes one option; yields what is wrong with it, empty: nothing.
+std::string take_option(const GivenOption& option, PageOptions& options) {
+  const std::string problem = take_reference_option(option.name, option.value, options.reference);
+  return problem.empty() ? take_standing_option(option.name, option.value, options.standing) : problem;
 }
 
 bool write_file(const std::string& name, std::string_view bytes, FileProblem& problem) {
@@ -76,16 +79,18 @@ std::optional<ToolRefusal> write_page(const FolderRun& run, std::string_view pag
   return std::nullopt;
 }
 
-std::optional<ToolRefusal> make_page_file(const FolderRun& run, const ReferenceOptions& options) {
+std::optional<ToolRefusal> make_page_file(const FolderRun& run, const PageOptions& options) {
   ReferencePopulation reference;
-  if (std::optional<ToolRefusal> refusal = choose_reference(run, options, reference)) return refusal;
+  if (std::optional<ToolRefusal> refusal = choose_reference(run, options.reference, reference)) return refusal;
   TextOutput silent;
   const std::vector<Block> blocks = analyse_subpopulations(run.population, silent);
   const Diversity diversity = compute_diversity(run.population.store, std::move(reference));
   const std::optional<CheckResult> check = check_population(run);
   if (is_stop_requested(run.streams)) return ToolRefusal{run.words(was_stopped)};
-  const PageInput input = {run.population, blocks, &diversity, check ? &*check : nullptr};
-  return write_page(run, make_page(input), options.ids_file);
+  const CheckResult* const found = check ? &*check : nullptr;
+  const Standing standing = stand_of(run.population, options.standing, found);
+  const PageInput input = {run.population, blocks, &diversity, found, &standing};
+  return write_page(run, make_page(input), options.reference.ids_file);
 }
 
 }  // namespace
@@ -95,10 +100,9 @@ std::string_view page_help() {
 }
 
 int run_page(std::span<const std::string_view> arguments, ToolStreams& streams) {
-  ReferenceOptions options;
-  const std::string problem = read_options(arguments, rules, [&](const GivenOption& option) {
-    return take_reference_option(option.name, option.value, options);
-  });
+  PageOptions options;
+  const std::string problem =
+      read_options(arguments, rules, [&](const GivenOption& option) { return take_option(option, options); });
   return run_in_folder("page", problem, streams, [&](FolderRun& run) { return make_page_file(run, options); });
 }
 

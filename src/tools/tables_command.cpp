@@ -13,13 +13,17 @@
 #include <utility>
 #include <vector>
 
+#include "control/population_standing.h"
 #include "control/steer_file.h"
 #include "diversity/diversity.h"
 #include "diversity/diversity_table.h"
+#include "standing/standing_options.h"
+#include "standing/standing_table.h"
 #include "tables/animal_table.h"
 #include "tables/year_tables.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
+#include "tools/population_check.h"
 #include "tools/reference_choice.h"
 
 namespace pedigreewatch {
@@ -32,11 +36,15 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools tables [OPTION..
     NAME_subpopulations.tsv  the same for each subpopulation, when the steer file names two or more
     NAME_animals.tsv         a row for each animal, parents before their offspring
     NAME_diversity.tsv       figures of diversity of a reference population
+    NAME_standing.tsv        how the breed stands: the verdict of the page with its figures, margins and limits
   Older tables of these names are replaced.
 
   --years A-B           reference population: all animals born from A to B, such as 2001-2010
   --ids FILE            reference population: the animals of a list, one identification a line
                         (else: animals of the last ten birth years with both parents known)
+  --rule-year YEAR      the first birth year under a rule, an import or the like: rates before and since
+  --sire-share PERCENT  the most young of five years that one sire should have (else 5%)
+  --most-f PERCENT      the highest F that the offspring of a mating should have (else 6.25%)
   --csv                 commas instead of tabs, and names that end in .csv
   --help                shows this text
 
@@ -44,7 +52,8 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools tables [OPTION..
   arguments.
 )";
 
-constexpr auto rules = std::to_array<OptionRule>({{"--years"}, {"--ids"}, {"--csv", false}});
+constexpr auto rules = std::to_array<OptionRule>(
+    {{"--years"}, {"--ids"}, {"--csv", false}, {"--rule-year"}, {"--sire-share"}, {"--most-f"}});
 
 constexpr Wording not_written = {"{1}: {2}; no table was written", "{1}: {2}; er is geen tabel geschreven"};
 constexpr Wording is_in_use = {"a table of this name would replace a file that this run reads",
@@ -57,8 +66,11 @@ constexpr Wording no_reference = {
     "no animal of the last ten birth years has both parents known: the reference population is empty, and so are its figures; --years or --ids name another one",
     "van geen dier van de laatste tien geboortejaren zijn beide ouders bekend: de referentiepopulatie is leeg, en haar cijfers ook; --years of --ids noemen een andere"};
 
+constexpr Wording verdict_is = {"verdict: {1}", "oordeel: {1}"};
+
 struct TablesOptions {
   ReferenceOptions reference;
+  StandingSettings standing;
   TableForm form = TableForm::tabs;
 };
 
@@ -71,13 +83,15 @@ struct TableFile {
 /// Takes one option; yields what is wrong with it, empty: nothing.
 std::string take_option(const GivenOption& option, TablesOptions& options) {
   if (option.name == "--csv") options.form = TableForm::commas;
-  return take_reference_option(option.name, option.value, options.reference);
+  const std::string problem = take_reference_option(option.name, option.value, options.reference);
+  return problem.empty() ? take_standing_option(option.name, option.value, options.standing) : problem;
 }
 
 /// What everything is written from.
 struct Tables {
   const FolderRun& run;
   const Diversity& diversity;
+  const Standing& standing;
   TableForm form = TableForm::tabs;
 
   bool has_subpopulations() const { return run.population.settings.layout.subpopulations.count() > 1; }
@@ -115,6 +129,20 @@ void write_diversity_rows(const Tables& tables, TableWriter& writer) {
   }
 }
 
+void write_standing_row(const StandingRow& row, TableWriter& writer) {
+  for (const std::string& cell : {row.figure, row.value, row.low, row.high, row.limit, row.source}) {
+    add_text(writer, cell);
+  }
+  end_row(writer);
+}
+
+void write_standing_rows(const Tables& tables, TableWriter& writer) {
+  write_standing_row(standing_header(), writer);
+  for (const StandingRow& row : standing_rows(tables.run.population.store, tables.standing, tables.run.language)) {
+    write_standing_row(row, writer);
+  }
+}
+
 bool write_files(const Tables& tables, std::vector<TableFile>& files, FileProblem& problem) {
   const AnalysedPopulation& population = tables.run.population;
   const PopulationStore& store = population.store;
@@ -137,7 +165,10 @@ bool write_files(const Tables& tables, std::vector<TableFile>& files, FileProble
   const std::size_t members = tables.diversity.reference.positions.size();
   const std::string content =
       members == 0 ? tables.run.words(no_reference) : counted(reference_size, static_cast<std::int64_t>(members));
-  return write_file(tables, "_diversity", content, files, problem, of_diversity);
+  if (!write_file(tables, "_diversity", content, files, problem, of_diversity)) return false;
+  const auto of_standing = [&](TableWriter& writer) { write_standing_rows(tables, writer); };
+  const std::string verdict = tables.run.words(verdict_is, {name_of(tables.standing.pace)});
+  return write_file(tables, "_standing", verdict, files, problem, of_standing);
 }
 
 /// Gives all tables their names, or takes away what was begun.
@@ -155,7 +186,7 @@ bool finish_files(std::vector<TableFile>& files, const Tables& tables, const std
 std::optional<ToolRefusal> write_tables(const Tables& tables, const ReferenceOptions& reference) {
   const FolderRun& run = tables.run;
   std::vector<TableFile> files;
-  constexpr std::size_t most_files = 4;
+  constexpr std::size_t most_files = 5;
   files.reserve(most_files);  // a table being written stays where it is
   FileProblem problem;
   const bool is_begun = write_files(tables, files, problem);
@@ -174,7 +205,9 @@ std::optional<ToolRefusal> make_tables(const FolderRun& run, const TablesOptions
   if (std::optional<ToolRefusal> refusal = choose_reference(run, options.reference, reference)) return refusal;
   if (is_stop_requested(run.streams)) return ToolRefusal{run.words(was_stopped)};
   const Diversity diversity = compute_diversity(run.population.store, std::move(reference));
-  return write_tables({run, diversity, options.form}, options.reference);
+  const std::optional<CheckResult> check = check_population(run);
+  const Standing standing = stand_of(run.population, options.standing, check ? &*check : nullptr);
+  return write_tables({run, diversity, standing, options.form}, options.reference);
 }
 
 }  // namespace

@@ -1,0 +1,18 @@
+// How an analysed population stands, with what the check of its data found.
+#pragma once
+
+#include <cstdint>
+
+#include "checks/check.h"
+#include "control/population_analysis.h"
+#include "standing/standing.h"
+
+namespace pedigreewatch {
+
+/// Findings that falsify inbreeding or the effective size.
+std::int64_t falsifying_faults(const CheckResult& check);
+
+/// `check` is that of the same data file; none: its faults are not known, and count as none.
+Standing stand_of(const AnalysedPopulation& population, const StandingSettings& settings, const CheckResult* check);
+
+}  // namespace pedigreewatch

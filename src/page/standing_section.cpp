@@ -1,0 +1,348 @@
+// The first screen in eight parts: verdict, how sure, how large the breed counts, why, what to do, trend, limits, data.
+
+#include <algorithm>
+#include <initializer_list>
+
+#include "page/page_sections.h"
+#include "page/page_text.h"
+#include "page/standing_pictures.h"
+#include "page/standing_words.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr Wording size_title = {"How large the breed counts", "Voor hoeveel dieren het ras telt"};
+constexpr Wording size_reading = {
+    "It breeds as {1} unrelated animals would (effective size). Dot: from animals born {2}\xE2\x80\x93{3} and their ancestors from {4} on, each pair as far back as both sides are known. Bar: all estimates, and the margin of the first. Open: the three generations before.",
+    "Het fokt zoals {1} onverwante dieren zouden doen (effectieve grootte). Stip: uit dieren geboren {2}\xE2\x80\x93{3} en hun voorouders vanaf {4}, elk paar zo ver als beide kanten bekend zijn. Balk: alle schattingen, en de marge van de eerste. Open: de drie generaties daarvoor."};
+constexpr Wording no_size = {"Too little is known to say.", "Er is te weinig bekend om dat te zeggen."};
+
+constexpr Wording why_title = {"Why", "Waardoor"};
+constexpr Wording close_tile = {"Close matings", "Nauwe paringen"};
+constexpr Wording close_text = {
+    "young of {1}\xE2\x80\x93{2} have an F of 12.5 % or more, as of half sibs. Mean F {3}; chance pairs of the same parents: {4}.",
+    "jongen van {1}\xE2\x80\x93{2} hebben een F van 12,5 % of meer, als van halfbroer en -zus. Gemiddelde F {3}; toevallige paren van dezelfde ouders: {4}."};
+constexpr Wording sires_tile = {"Sires", "Vaders"};
+constexpr Wording dams_tile = {"Dams", "Moeders"};
+constexpr Wording worth = {"{1}, as good as {2}", "{1}, zo goed als {2}"};
+constexpr Wording four_text = {
+    "used alike. The four most used have {1} of the young of {2}\xE2\x80\x93{3}.",
+    "gelijk gebruikte. De vier meest gebruikte hebben {1} van de jongen van {2}\xE2\x80\x93{3}."};
+constexpr Wording births_tile = {"Births", "Geboorten"};
+constexpr Wording births_a_year = {"{1} a year", "{1} per jaar"};
+constexpr Wording births_text = {"{1} a year in the five years before.", "{1} per jaar in de vijf jaren daarvoor."};
+constexpr Wording imports_text = {"Imports are {1} of the parents.", "Importdieren zijn {1} van de ouders."};
+
+constexpr Wording do_title = {"What to do", "Wat te doen"};
+constexpr Wording rest_sires = {"Use these sires less", "Gebruik deze vaders minder"};
+constexpr Wording rest_text = {"Each has more than {1} of the young of {2}\xE2\x80\x93{3}, {4}.",
+                               "Elk heeft meer dan {1} van de jongen van {2}\xE2\x80\x93{3}, {4}."};
+constexpr Wording own_limit = {"your limit", "uw grens"};
+constexpr Wording taken_limit = {"the limit taken when you give none", "de grens als u er geen geeft"};
+constexpr Wording too_few_sires = {"With {1} sires the limit cannot be kept: more of them are needed.",
+                                   "Met {1} vaders is de grens niet te halen: er zijn er meer nodig."};
+constexpr Wording and_more = {"and {1} more, in the table NAME_standing", "en nog {1}, in de tabel NAME_standing"};
+constexpr Wording held_gives = {
+    "Held to the limit, the rise would be about {1} instead of {2} per generation (rule of thumb: 1/(8 sires) + 1/(8 dams)).",
+    "Binnen de grens zou de stijging ongeveer {1} zijn in plaats van {2} per generatie (vuistregel: 1/(8 vaders) + 1/(8 moeders))."};
+constexpr Wording mate_less = {"Mate less closely", "Paar minder nauw"};
+constexpr Wording mate_text = {
+    "Young have a mean F of {1}; chance pairs of the same parents would give {2}. Aim below {3} for each mating: Matings lists the males for each female. It lowers F once; it does not slow the rise.",
+    "Jongen hebben een gemiddelde F van {1}; toevallige paren van dezelfde ouders zouden {2} geven. Blijf per paring onder {3}: Paringen noemt de mannetjes voor elk vrouwtje. Het verlaagt F \xC3\xA9\xC3\xA9n keer; de stijging wordt er niet langzamer van."};
+constexpr Wording keep_lines = {"Breed on from lines that are nearly lost", "Fok door met lijnen die bijna weg zijn"};
+constexpr Wording lines_text = {"Founders with less than 0.5 % of the genes of the young, and who still carries them:",
+                                "Stamdieren met minder dan 0,5 % van de genen van de jongen, en wie ze nog draagt:"};
+constexpr Wording others_left = {"{1} and {2} more", "{1} en nog {2}"};
+constexpr Wording use_more = {"Use more sires and dams, more evenly",
+                              "Gebruik meer vaders en moeders, en gelijkmatiger"};
+constexpr Wording use_more_text = {
+    "No single animal stands out. Choose young males and females with a low mean kinship (table NAME_animals).",
+    "Geen dier springt eruit. Kies jonge mannetjes en vrouwtjes met een lage gemiddelde verwantschap (tabel NAME_animals)."};
+constexpr Wording nothing_to_do = {"Nothing stands out. Go on using many sires and dams, evenly.",
+                                   "Niets springt eruit. Blijf veel vaders en moeders gebruiken, gelijkmatig."};
+
+constexpr Wording trend_title = {"Better or worse, since when?", "Beter of slechter, sinds wanneer?"};
+constexpr Wording limits_title = {"Against the limits", "Tegen de grenzen"};
+constexpr Wording limit_headings[] = {{"Figure", "Cijfer"}, {"You", "U"}, {"Limit", "Grens"}, {"So", "Dus"}};
+constexpr Wording published = {"Published limits", "Gepubliceerde grenzen"};
+constexpr Wording of_board = {"Limits of the board", "Grenzen van het bestuur"};
+constexpr Wording rate_row = {"Rise of inbreeding per generation (FAO 1998)",
+                              "Stijging van de inteelt per generatie (FAO 1998)"};
+constexpr Wording size_row = {"Effective size (FAO 1998)", "Effectieve grootte (FAO 1998)"};
+constexpr Wording safe_row = {"Effective size (Frankham and others 2014)", "Effectieve grootte (Frankham e.a. 2014)"};
+constexpr Wording sire_row = {"Most used sire, share of five years", "Meest gebruikte vader, deel van vijf jaren"};
+constexpr Wording most_f_row = {"Young with F above {1}", "Jongen met F boven {1}"};
+constexpr Wording none_word = {"none", "geen"};
+constexpr Wording marks[] = {{"\xE2\x96\xB2 beyond", "\xE2\x96\xB2 erover"},
+                             {"\xE2\x97\x8F kept", "\xE2\x97\x8F erbinnen"}};
+constexpr Wording data_title = {"Can you trust the data?", "Zijn de gegevens te vertrouwen?"};
+constexpr Wording all_faults = {"All findings", "Alle bevindingen"};
+
+/// For an element: a number and its per cent sign stay in one line.
+std::string in_element(std::string_view text) {
+  std::string result;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text.substr(i).starts_with(" %")) {
+      result += "\xC2\xA0";
+    } else {
+      result += text[i];
+    }
+  }
+  return escaped(result);
+}
+
+std::string years_of(std::int32_t year) {
+  return std::to_string(year);
+}
+
+void write_sentences(std::string& page, const std::vector<std::string>& sentences, std::string_view style = {}) {
+  page += style.empty() ? "<p>" : "<p class=\"" + std::string(style) + "\">";
+  for (std::size_t i = 0; i < sentences.size(); ++i) page += (i == 0 ? "" : " ") + in_element(sentences[i]);
+  page += "</p>\n";
+}
+
+void open_card(std::string& page, const std::string& title, std::string_view style = "card") {
+  page += "<div class=\"" + std::string(style) + "\"><h3>" + in_element(title) + "</h3>\n";
+}
+
+void write_band(std::string& page, const PageFrame& frame, const Standing& standing) {
+  page += "<div class=\"band v" + std::to_string(static_cast<int>(standing.pace)) + "\">";
+  draw_sign(page, standing.pace);
+  page += "<div><p class=\"verdict\">" + in_element(pace_words(standing.pace, frame.language)) + "</p>\n";
+  write_sentences(page, verdict_sentences(frame, standing));
+  page += "</div><div class=\"sure\"><p class=\"t\">" + in_element(sureness_heading(standing, frame.language)) +
+          "</p><svg viewBox=\"0 0 120 12\" aria-hidden=\"true\">";
+  for (int step = 0; step < 3; ++step) {
+    page += "<rect x=\"" + std::to_string(40 * step + 1) + "\" y=\"1\" width=\"36\" height=\"9\" class=\"" +
+            (step < standing.sureness ? "on" : "off") + "\"/>";
+  }
+  page += "</svg>\n";
+  write_sentences(page, sureness_sentences(frame, standing), "s");
+  page += "</div></div>\n";
+}
+
+struct Tile {
+  Wording title;
+  bool is_bad = false;
+  std::string figure, text;
+};
+
+void write_tile(std::string& page, const PageFrame& frame, const Tile& tile) {
+  page += std::string("<div class=\"tile") + (tile.is_bad ? " bad" : "") + "\"><p class=\"t\">" +
+          (tile.is_bad ? "\xE2\x96\xB2 " : "") + in_element(frame.text(tile.title)) + "</p><p class=\"fig\">" +
+          in_element(tile.figure) + "</p><p class=\"s\">" + in_element(tile.text) + "</p></div>\n";
+}
+
+Tile tile_of_parents(const PageFrame& frame, const Standing& standing, const ParentsInUse& use, const Wording& title) {
+  const StandingYears& years = standing.years;
+  const ToolLanguage language = frame.language;
+  return {title, false, phrase(worth, language, {std::to_string(use.parents.size()), report_figure(use.effective, 0)}),
+          phrase(four_text, language,
+                 {percent_text(use.share_of_four, language), years_of(years.recent_first), years_of(years.last)})};
+}
+
+void write_why(std::string& page, const PageFrame& frame, const Standing& standing) {
+  const ToolLanguage language = frame.language;
+  const YoungOfFiveYears& young = standing.young;
+  const StandingYears& years = standing.years;
+  page += "<h3>" + in_element(frame.text(why_title)) + "</h3><div class=\"tiles\">\n";
+  write_tile(page, frame,
+             {close_tile, standing.has_close_matings(), share_text(young.close, young.judged, language),
+              phrase(close_text, language,
+                     {years_of(years.recent_first), years_of(years.last), percent_text(young.inbreeding, language),
+                      percent_text(young.chance_inbreeding, language)})});
+  Tile sires = tile_of_parents(frame, standing, standing.sires, sires_tile);
+  sires.is_bad = standing.overused_sires > 0;
+  write_tile(page, frame, sires);
+  write_tile(page, frame, tile_of_parents(frame, standing, standing.dams, dams_tile));
+  constexpr double five = 5.0;
+  const auto a_year = [&](std::int64_t births) { return report_figure(static_cast<double>(births) / five, 0); };
+  std::string text = phrase(births_text, language, {a_year(young.births_before)});
+  if (frame.store().has_import && young.known_parents > 0) {
+    const double share = static_cast<double>(young.imported_parents) / static_cast<double>(young.known_parents);
+    text += " " + phrase(imports_text, language, {percent_text(share, language)});
+  }
+  write_tile(page, frame, {births_tile, false, phrase(births_a_year, language, {a_year(young.births)}), text});
+  page += "</div>\n";
+}
+
+void write_size(std::string& page, const PageFrame& frame, const Standing& standing) {
+  open_card(page, frame.text(size_title));
+  if (standing.rate().rate) {
+    draw_gauge(page, frame, standing);
+    const StandingYears& years = standing.years;
+    page += "<p class=\"s\">" +
+            in_element(phrase(size_reading, frame.language,
+                              {size_text(effective_size_of(*standing.rate().rate), frame.language),
+                               years_of(years.cohort_first), years_of(years.last), years_of(years.now_first)})) +
+            "</p>\n";
+  } else {
+    page += "<p>" + in_element(frame.text(no_size)) + "</p>\n";
+  }
+  write_why(page, frame, standing);
+  page += "</div>\n";
+}
+
+void open_action(std::string& page, const std::string& title, const std::string& text) {
+  page += "<li><strong>" + in_element(title) + "</strong> " + in_element(text);
+}
+
+void write_sires_to_rest(std::string& page, const PageFrame& frame, const Standing& standing) {
+  constexpr std::size_t most_named = 5;
+  const ToolLanguage language = frame.language;
+  const StandingSettings& settings = standing.settings;
+  open_action(page, frame.text(rest_sires),
+              phrase(rest_text, language,
+                     {limit_text(settings.most_sire_share, language), years_of(standing.years.recent_first),
+                      years_of(standing.years.last),
+                      words_of(settings.is_sire_share_given ? own_limit : taken_limit, language)}));
+  page += "<table><tbody>";
+  const std::size_t count = static_cast<std::size_t>(standing.overused_sires);
+  for (std::size_t i = 0; i < std::min(most_named, count); ++i) {
+    const ParentShare& sire = standing.sires.parents[i];
+    const AnimalWords words = words_of_animal(frame, sire.parent);
+    page += "<tr><th scope=\"row\">" + isolated(words.name) + "</th><td>" + isolated(words.id) + "</td><td>" +
+            percent_text(sire.share, language) + "</td></tr>";
+  }
+  page += "</tbody></table>";
+  if (count > most_named) {
+    page += "<p class=\"s\">" + in_element(phrase(and_more, language, {std::to_string(count - most_named)})) + "</p>";
+  }
+  if (settings.most_sire_share * static_cast<double>(standing.sires.parents.size()) < 1.0) {
+    page += "<p class=\"s\">" +
+            in_element(phrase(too_few_sires, language, {std::to_string(standing.sires.parents.size())})) + "</p>";
+  } else if (standing.rate_with_sires_held) {
+    page += "<p class=\"s\">" +
+            in_element(phrase(held_gives, language,
+                              {percent_text(*standing.rate_with_sires_held, language),
+                               percent_text(*standing.rate().rate, language)})) +
+            "</p>";
+  }
+  page += "</li>\n";
+}
+
+void write_close_matings(std::string& page, const PageFrame& frame, const Standing& standing) {
+  const ToolLanguage language = frame.language;
+  open_action(page, frame.text(mate_less),
+              phrase(mate_text, language,
+                     {percent_text(standing.young.inbreeding, language),
+                      percent_text(standing.young.chance_inbreeding, language),
+                      limit_text(standing.settings.most_inbreeding, language)}));
+  page += "</li>\n";
+}
+
+void write_lines_to_keep(std::string& page, const PageFrame& frame, const Standing& standing) {
+  open_action(page, frame.text(keep_lines), frame.text(lines_text));
+  page += "<table><tbody>";
+  for (const RareLine& line : standing.rare_lines) {
+    constexpr std::size_t most_named = 2;
+    std::string names;
+    for (std::size_t i = 0; i < std::min(most_named, line.carriers.size()); ++i) {
+      const std::int32_t animal = line.carriers[i].animal;
+      names += (i == 0 ? "" : ", ") + words_of_animal(frame, animal).name +
+               (frame.store().sex[animal] == male ? "\xC2\xA0\xE2\x99\x82" : "\xC2\xA0\xE2\x99\x80");
+    }
+    if (line.carriers.size() > most_named) {
+      names = phrase(others_left, frame.language, {names, std::to_string(line.carriers.size() - most_named)});
+    }
+    page += "<tr><th scope=\"row\">" + isolated(words_of_animal(frame, line.founder).name) + "</th><td class=\"w\">" +
+            isolated(names) + "</td></tr>";
+  }
+  page += "</tbody></table></li>\n";
+}
+
+void write_actions(std::string& page, const PageFrame& frame, const Standing& standing) {
+  open_card(page, frame.text(do_title), "card do");
+  const bool has_cause = standing.overused_sires > 0 || standing.has_close_matings() || !standing.rare_lines.empty();
+  const bool is_good = standing.pace == Pace::within_limit;
+  if (!has_cause && is_good) {
+    page += "<p>" + in_element(frame.text(nothing_to_do)) + "</p></div>\n";
+    return;
+  }
+  page += "<ol>";
+  if (standing.overused_sires > 0) write_sires_to_rest(page, frame, standing);
+  if (standing.has_close_matings()) write_close_matings(page, frame, standing);
+  if (!standing.rare_lines.empty()) write_lines_to_keep(page, frame, standing);
+  if (!has_cause) {
+    open_action(page, frame.text(use_more), frame.text(use_more_text));
+    page += "</li>\n";
+  }
+  page += "</ol></div>\n";
+}
+
+struct LimitRow {
+  std::string figure, value, limit;
+  bool is_beyond = false;
+};
+
+void write_limit_rows(std::string& page, const PageFrame& frame, const Wording& heading,
+                      std::initializer_list<LimitRow> rows) {
+  page += "<tr><th scope=\"colgroup\" colspan=\"4\">" + in_element(frame.text(heading)) + "</th></tr>\n";
+  for (const LimitRow& row : rows) {
+    page += "<tr><th scope=\"row\">" + in_element(row.figure) + "</th><td>" + in_element(row.value) + "</td><td>" +
+            in_element(row.limit) + "</td><td class=\"" + (row.is_beyond ? "over" : "kept") + "\">" +
+            in_element(frame.text(marks[row.is_beyond ? 0 : 1])) + "</td></tr>\n";
+  }
+}
+
+void write_limits(std::string& page, const PageFrame& frame, const Standing& standing) {
+  const ToolLanguage language = frame.language;
+  const StandingSettings& settings = standing.settings;
+  page += "<table class=\"limits\"><thead><tr>";
+  for (const Wording& heading : limit_headings)
+    page += "<th scope=\"col\">" + in_element(frame.text(heading)) + "</th>";
+  page += "</tr></thead><tbody>\n";
+  if (standing.rate().rate) {
+    const double rate = *standing.rate().rate, size = effective_size_of(rate);
+    const double most_rate = 1.0 / (2.0 * least_size);
+    const std::string size_words = size_text(size, language);
+    write_limit_rows(
+        page, frame, published,
+        {{frame.text(rate_row), percent_text(rate, language), limit_text(most_rate, language), size < least_size},
+         {frame.text(size_row), size_words, report_figure(least_size, 0), size < least_size},
+         {frame.text(safe_row), size_words, report_figure(safe_size, 0), size < safe_size}});
+  }
+  const double share = standing.sires.parents.empty() ? 0.0 : standing.sires.parents.front().share;
+  write_limit_rows(page, frame, of_board,
+                   {{frame.text(sire_row), percent_text(share, language),
+                     limit_text(settings.most_sire_share, language), share > settings.most_sire_share},
+                    {phrase(most_f_row, language, {limit_text(settings.most_inbreeding, language)}),
+                     share_text(standing.young.above_most, standing.young.judged, language), frame.text(none_word),
+                     standing.young.above_most > 0}});
+  page += "</tbody></table>\n";
+}
+
+void write_trend(std::string& page, const PageFrame& frame, const Standing& standing) {
+  open_card(page, frame.text(trend_title));
+  draw_trend(page, frame, standing);
+  write_sentences(page, trend_sentences(frame, standing), "s");
+  page += "</div>\n";
+}
+
+void write_limits_and_data(std::string& page, const PageFrame& frame, const Standing& standing) {
+  open_card(page, frame.text(limits_title));
+  write_limits(page, frame, standing);
+  page += "<h3>" + in_element(frame.text(data_title)) + "</h3><p><strong>" +
+          in_element(data_heading(standing, frame.language)) + "</strong></p>";
+  write_sentences(page, data_sentences(frame, standing), "s");
+  if (frame.input.check != nullptr) {
+    page += "<p class=\"s\"><a href=\"#pw-check\">" + in_element(frame.text(all_faults)) + "</a></p>\n";
+  }
+  page += "</div>\n";
+}
+
+}  // namespace
+
+void write_standing(std::string& page, const PageFrame& frame) {
+  const Standing& standing = *frame.input.standing;
+  page += "<div class=\"stand\">\n";
+  write_band(page, frame, standing);
+  page += "<div class=\"cards\">\n";
+  write_size(page, frame, standing);
+  write_actions(page, frame, standing);
+  write_trend(page, frame, standing);
+  write_limits_and_data(page, frame, standing);
+  page += "</div></div>\n";
+}
+
+}  // namespace pedigreewatch

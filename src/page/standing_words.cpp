@@ -1,0 +1,301 @@
+#include "page/standing_words.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "page/page_text.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr Wording paces[] = {{"Too fast", "Te snel"},
+                             {"On the edge", "Op de grens"},
+                             {"Within the usual limit", "Binnen de gebruikelijke grens"},
+                             {"Cannot be judged", "Niet te beoordelen"}};
+constexpr Wording rises[] = {
+    {"Inbreeding rises by {1} per generation: faster than the usual limit of 1 % (FAO 1998).",
+     "De inteelt stijgt met {1} per generatie: sneller dan de gebruikelijke grens van 1 % (FAO 1998)."},
+    {"Inbreeding rises by {1} per generation: slower than the usual limit of 1 % (FAO 1998), faster than the half per cent that others ask (Frankham, Bradshaw and Brook 2014).",
+     "De inteelt stijgt met {1} per generatie: langzamer dan de gebruikelijke grens van 1 % (FAO 1998), sneller dan het halve procent dat anderen vragen (Frankham, Bradshaw en Brook 2014)."},
+    {"Inbreeding rises by {1} per generation: slower than the usual limits of 1 % (FAO 1998) and half a per cent (Frankham, Bradshaw and Brook 2014).",
+     "De inteelt stijgt met {1} per generatie: langzamer dan de gebruikelijke grenzen van 1 % (FAO 1998) en een half procent (Frankham, Bradshaw en Brook 2014)."},
+    {"As the data stand, inbreeding rises by {1} per generation; the usual limit is 1 % (FAO 1998).",
+     "Zoals de gegevens er staan stijgt de inteelt met {1} per generatie; de gebruikelijke grens is 1 % (FAO 1998)."}};
+constexpr Wording it_was = {"Before {1} it was {2}.", "V\xC3\xB3\xC3\xB3r {1} was dat {2}."};
+constexpr Wording mainly_sires = {
+    "The cause is mainly the sires: {1} were used, and so unevenly that they count for {2}.",
+    "De oorzaak zijn vooral de vaders: er zijn er {1} gebruikt, en zo ongelijk dat ze voor {2} tellen."};
+constexpr Wording mainly_dams = {
+    "The cause is mainly the dams: {1} were used, and so unevenly that they count for {2}.",
+    "De oorzaak zijn vooral de moeders: er zijn er {1} gebruikt, en zo ongelijk dat ze voor {2} tellen."};
+constexpr Wording sires_and_dams = {
+    "Few sires (counting for {1}) and few dams ({2}) cause it alike.",
+    "Weinig vaders (ze tellen voor {1}) en weinig moeders ({2}) zijn samen de oorzaak."};
+
+constexpr Wording few_animals = {"Too few animals were born in the last {1} years: {2}, where {3} are needed.",
+                                 "In de laatste {1} jaren zijn te weinig dieren geboren: {2}, en {3} zijn er nodig."};
+constexpr Wording too_shallow = {
+    "Of the young of the last five years {1} generations of ancestors are known; a verdict needs 3.",
+    "Van de jongen van de laatste vijf jaren zijn {1} generaties voorouders bekend; voor een oordeel zijn er 3 nodig."};
+constexpr Wording too_unknown = {
+    "Of the young of the last ten years {1} have both parents known; a verdict needs 80 of 100.",
+    "Van de jongen van de laatste tien jaren zijn van {1} beide ouders bekend; voor een oordeel 80 van de 100."};
+constexpr Wording faulty = {
+    "The checks found faults that falsify inbreeding or the effective size ({1}): mend them first.",
+    "De controles vonden fouten die inteelt of effectieve grootte vervalsen ({1}): herstel die eerst."};
+constexpr Wording too_wide = {"The margin reaches from too fast to within the limit: {1}.",
+                              "De marge loopt van te snel tot binnen de grens: {1}."};
+
+constexpr Wording how_sure[] = {{"How sure: no verdict", "Hoe zeker: geen oordeel"},
+                                {"How sure: hardly", "Hoe zeker: weinig"},
+                                {"How sure: fairly", "Hoe zeker: redelijk"},
+                                {"How sure: quite", "Hoe zeker: behoorlijk"}};
+constexpr Wording estimates_say = {"{1} of {2} estimates say \xE2\x80\x9C{3}\xE2\x80\x9D.",
+                                   "{1} van de {2} schattingen zeggen \xE2\x80\x9C{3}\xE2\x80\x9D."};
+constexpr Wording pedigrees_reach = {"Pedigrees reach back {1} generations (good from 5).",
+                                     "De stambomen gaan {1} generaties terug (goed vanaf 5)."};
+constexpr Wording margin_crosses = {"The margin of the rate reaches beyond the limit.",
+                                    "De marge van de stijging loopt over de grens heen."};
+
+constexpr Wording before_and_since = {"Before {1}: {2} per generation. From {1} on: {3}.",
+                                      "V\xC3\xB3\xC3\xB3r {1}: {2} per generatie. Vanaf {1}: {3}."};
+constexpr Wording margins_overlap = {"The margins overlap: the change may be chance.",
+                                     "De marges overlappen: de verandering kan toeval zijn."};
+constexpr Wording margins_apart = {
+    "The margins do not overlap: the change is real. Figures cannot show what caused it.",
+    "De marges overlappen niet: de verandering is echt. De oorzaak laten cijfers niet zien."};
+constexpr Wording rule_too_young = {
+    "What has happened since {1} cannot be told yet, or no longer: it takes {2} years before and after.",
+    "Wat er sinds {1} gebeurd is valt nog niet, of niet meer, te zeggen: daarvoor zijn {2} jaren ervoor en erna nodig."};
+constexpr Wording now_rate = {"Now: {1} per generation (animals born from {2} on).",
+                              "Nu: {1} per generatie (dieren geboren vanaf {2})."};
+constexpr Wording open_circle = {"Open circle: {1} may not be complete. Dotted: 1 % per generation.",
+                                 "Open rondje: {1} is misschien niet volledig. Gestippeld: 1 % per generatie."};
+
+constexpr Wording trusted[] = {{"Yes for the verdict.", "Ja, voor het oordeel."},
+                               {"Partly: enough for a verdict, with little to spare.",
+                                "Gedeeltelijk: genoeg voor een oordeel, met weinig speling."},
+                               {"No, not for a verdict.", "Nee, niet voor een oordeel."}};
+constexpr Wording both_known = {"{1} young of the last ten years have both parents known.",
+                                "Van {1} jongen van de laatste tien jaren zijn beide ouders bekend."};
+constexpr Wording parents_unknown = {
+    "Of the parents of all animals that are no founders {1} are unknown; each counts as unrelated in most figures below, but not in the verdict.",
+    "Van de ouders van alle dieren die geen stamdier zijn is {1} onbekend; elk telt als onverwant in de meeste cijfers hieronder, maar niet in het oordeel."};
+constexpr Wording shallow_young = {
+    "{1} young of the last five years have fewer than two generations known: they only look unrelated.",
+    "{1} jongen van de laatste vijf jaren hebben minder dan twee bekende generaties: ze lijken alleen maar onverwant."};
+constexpr Wording no_faults = {"The checks found nothing that falsifies these figures.",
+                               "De controles vonden niets dat deze cijfers vervalst."};
+constexpr Wording of_hundred = {"{1} of 100", "{1} van de 100"};
+constexpr Wording of_few = {"{1} of {2}", "{1} van de {2}"};
+
+constexpr Wording depth_good = {
+    "That is deep enough to compare years and animals; inbreeding that lies further back, or behind an unknown parent, is not seen.",
+    "Dat is diep genoeg om jaren en dieren te vergelijken; inteelt die verder terug ligt, of achter een onbekende ouder, is niet te zien."};
+constexpr Wording depth_some = {
+    "That shows recent inbreeding; true inbreeding is higher than the figures, as it is wherever ancestors are unknown.",
+    "Daarmee is recente inteelt te zien; de werkelijke inteelt is hoger dan de cijfers, zoals overal waar voorouders onbekend zijn."};
+constexpr Wording depth_little = {
+    "That is too little: inbreeding can hardly be seen in such pedigrees, and Ne says more about the pedigrees than about the population.",
+    "Dat is te weinig: in zulke stambomen is inteelt nauwelijks te zien, en Ne zegt meer over de stambomen dan over de populatie."};
+
+/// The part of 1/(8 sires) + 1/(8 dams) that makes one of them the main cause.
+constexpr double main_part = 0.6;
+
+std::string whole(double value) {
+  return report_figure(std::round(value), 0);
+}
+
+std::string cause_sentence(const Standing& standing, ToolLanguage language) {
+  if (standing.sires.effective <= 0.0 || standing.dams.effective <= 0.0) return {};
+  const double sires = 1.0 / standing.sires.effective, dams = 1.0 / standing.dams.effective;
+  const std::string of_sires = whole(standing.sires.effective), of_dams = whole(standing.dams.effective);
+  if (sires >= main_part * (sires + dams)) {
+    return phrase(mainly_sires, language, {std::to_string(standing.sires.parents.size()), of_sires});
+  }
+  if (dams >= main_part * (sires + dams)) {
+    return phrase(mainly_dams, language, {std::to_string(standing.dams.parents.size()), of_dams});
+  }
+  return phrase(sires_and_dams, language, {of_sires, of_dams});
+}
+
+constexpr Wording from_to = {"{1} to {2}", "{1} tot {2}"};
+
+std::string margin_text(const RateEstimate& estimate, ToolLanguage language) {
+  const Margin margin = margin_of(estimate);
+  std::string low = percent_text(margin.low, language);
+  low.resize(low.rfind('\xC2'));  // the sign stands once, behind both
+  return phrase(from_to, language, {low, percent_text(margin.high, language)});
+}
+
+void add_obstacles(std::vector<std::string>& sentences, const Standing& standing, ToolLanguage language) {
+  const StandingData& data = standing.data;
+  const auto add = [&](std::uint32_t obstacle, std::string sentence) {
+    if ((standing.obstacles & obstacle) != 0) sentences.push_back(std::move(sentence));
+  };
+  const std::int32_t years = standing.years.last - standing.years.cohort_first + 1;
+  add(obstacle_faults, phrase(faulty, language, {std::to_string(data.falsifying_faults)}));
+  add(obstacle_few_animals, phrase(few_animals, language,
+                                   {std::to_string(years), std::to_string(data.cohort), std::to_string(least_cohort)}));
+  add(obstacle_shallow, phrase(too_shallow, language, {report_figure(data.equivalents, 1, language)}));
+  constexpr double hundred = 100.0;
+  const std::string known = phrase(of_hundred, language, {whole(std::floor(hundred * data.both_known))});
+  add(obstacle_unknown_parents, phrase(too_unknown, language, {known}));
+  add(obstacle_wide_margin, phrase(too_wide, language, {margin_text(standing.rate(), language)}));
+}
+
+}  // namespace
+
+std::string percent_text(double share, ToolLanguage language) {
+  constexpr double hundred = 100.0, large = 9.95, small = 0.995;
+  const double percentage = hundred * share;
+  if (percentage == 0.0) return "0\xC2\xA0%";
+  const int decimals = percentage >= large ? 0 : (percentage >= small ? 1 : 2);
+  return report_figure(percentage, decimals, language) + "\xC2\xA0%";
+}
+
+std::string limit_text(double share, ToolLanguage language) {
+  constexpr double hundred = 100.0;
+  std::string digits = report_figure(hundred * share, 2, language);
+  while (digits.ends_with('0')) digits.pop_back();
+  if (!digits.empty() && (digits.back() == '.' || digits.back() == ',')) digits.pop_back();
+  return digits + "\xC2\xA0%";
+}
+
+std::string share_text(std::int64_t part, std::int64_t all, ToolLanguage language) {
+  constexpr std::int64_t hundred = 100;
+  if (all < hundred) return phrase(of_few, language, {std::to_string(part), std::to_string(all)});
+  const double share = static_cast<double>(part) / static_cast<double>(all);
+  // Neither none nor all is said of what is not quite so.
+  double count = std::round(100.0 * share);
+  if (part > 0) count = std::max(count, 1.0);
+  if (part < all) count = std::min(count, 99.0);
+  return phrase(of_hundred, language, {whole(count)});
+}
+
+std::string size_text(double effective_size, ToolLanguage language) {
+  constexpr double beyond_populations = 100'000.0;
+  if (!(effective_size < beyond_populations)) return language == ToolLanguage::english ? "very large" : "zeer groot";
+  return whole(effective_size);
+}
+
+std::string rate_text(const RateEstimate& estimate, ToolLanguage language) {
+  if (!estimate.rate) return std::string(no_figure);
+  return percent_text(*estimate.rate, language) + " (" + margin_text(estimate, language) + ")";
+}
+
+AnimalWords words_of_animal(const PageFrame& frame, std::int32_t position) {
+  AnimalWords words = {{}, data_text(frame.store().id(position))};
+  if (frame.store().has_name) words.name = data_text(frame.store().name(position));
+  if (words.name.empty() || words.name == "-" || words.name == words.id) words.name = std::exchange(words.id, {});
+  return words;
+}
+
+const Wording& words_of_depth(double equivalents) {
+  if (equivalents < least_equivalents) return depth_little;
+  return equivalents < good_equivalents ? depth_some : depth_good;
+}
+
+std::string pace_words(Pace pace, ToolLanguage language) {
+  return std::string(words_of(paces[static_cast<std::size_t>(pace)], language));
+}
+
+std::vector<std::string> verdict_sentences(const PageFrame& frame, const Standing& standing) {
+  std::vector<std::string> sentences;
+  const ToolLanguage language = frame.language;
+  if (!standing.is_judged()) add_obstacles(sentences, standing, language);
+  if (!standing.rate().rate) return sentences;
+  std::string text =
+      phrase(rises[static_cast<std::size_t>(standing.pace)], language, {percent_text(*standing.rate().rate, language)});
+  if (standing.before.rate) {
+    text += " " + phrase(it_was, language,
+                         {std::to_string(standing.years.now_first), percent_text(*standing.before.rate, language)});
+  }
+  sentences.push_back(text);
+  const bool is_good = standing.pace == Pace::within_limit;
+  const std::string cause = is_good ? std::string() : cause_sentence(standing, language);
+  if (!cause.empty()) sentences.push_back(cause);
+  return sentences;
+}
+
+std::string sureness_heading(const Standing& standing, ToolLanguage language) {
+  return std::string(words_of(how_sure[standing.sureness], language));
+}
+
+std::vector<std::string> sureness_sentences(const PageFrame& frame, const Standing& standing) {
+  std::vector<std::string> sentences;
+  if (standing.is_judged()) {
+    std::size_t known = 0, alike = 0;
+    for (const RateEstimate& estimate : standing.now) {
+      if (!estimate.rate) continue;
+      ++known;
+      alike += pace_of_size(effective_size_of(*estimate.rate)) == standing.pace ? 1 : 0;
+    }
+    sentences.push_back(
+        phrase(estimates_say, frame.language,
+               {std::to_string(alike), std::to_string(known), pace_words(standing.pace, frame.language)}));
+    const Margin margin = margin_of(standing.rate());
+    const bool is_crossed = pace_of_size(effective_size_of(margin.low)) != pace_of_size(effective_size_of(margin.high));
+    if (is_crossed) sentences.push_back(frame.text(margin_crosses));
+  }
+  sentences.push_back(
+      phrase(pedigrees_reach, frame.language, {report_figure(standing.data.equivalents, 1, frame.language)}));
+  return sentences;
+}
+
+std::vector<std::string> trend_sentences(const PageFrame& frame, const Standing& standing) {
+  std::vector<std::string> sentences;
+  const ToolLanguage language = frame.language;
+  const auto compare = [&](std::int32_t year, const RateEstimate& before, const RateEstimate& since) {
+    sentences.push_back(phrase(before_and_since, language,
+                               {std::to_string(year), rate_text(before, language), rate_text(since, language)}));
+    sentences.push_back(frame.text(is_real_change(before, since) ? margins_apart : margins_overlap));
+  };
+  if (standing.rule && standing.rule->before.rate && standing.rule->since.rate) {
+    compare(standing.rule->year, standing.rule->before, standing.rule->since);
+    sentences.push_back(phrase(open_circle, language, {std::to_string(standing.years.last)}));
+    return sentences;
+  }
+  if (standing.rule) {
+    const std::int32_t years = standing.years.last - standing.years.cohort_first + 1;
+    sentences.push_back(phrase(rule_too_young, language, {std::to_string(standing.rule->year), std::to_string(years)}));
+  }
+  if (standing.before.rate && standing.rate().rate) {
+    compare(standing.years.now_first, standing.before, standing.rate());
+  } else if (standing.rate().rate) {
+    sentences.push_back(
+        phrase(now_rate, language, {rate_text(standing.rate(), language), std::to_string(standing.years.now_first)}));
+  }
+  sentences.push_back(phrase(open_circle, language, {std::to_string(standing.years.last)}));
+  return sentences;
+}
+
+std::string data_heading(const Standing& standing, ToolLanguage language) {
+  constexpr std::uint32_t of_data =
+      obstacle_shallow | obstacle_unknown_parents | obstacle_faults | obstacle_few_animals;
+  const bool is_bad = (standing.obstacles & of_data) != 0;
+  const bool is_good = standing.data.equivalents >= good_equivalents;
+  return std::string(words_of(trusted[is_bad ? 2 : (is_good ? 0 : 1)], language));
+}
+
+std::vector<std::string> data_sentences(const PageFrame& frame, const Standing& standing) {
+  std::vector<std::string> sentences;
+  const StandingData& data = standing.data;
+  constexpr double hundred = 100.0;
+  const std::string known = phrase(of_hundred, frame.language, {whole(std::floor(hundred * data.both_known))});
+  sentences.push_back(phrase(both_known, frame.language, {known}));
+  sentences.push_back(phrase(parents_unknown, frame.language, {percent_text(data.unknown_parents, frame.language)}));
+  if (standing.young.shallow > 0) {
+    sentences.push_back(phrase(shallow_young, frame.language,
+                               {share_text(standing.young.shallow, standing.young.births, frame.language)}));
+  }
+  if (frame.input.check != nullptr) {
+    sentences.push_back(data.falsifying_faults == 0
+                            ? frame.text(no_faults)
+                            : phrase(faulty, frame.language, {std::to_string(data.falsifying_faults)}));
+  }
+  return sentences;
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,65 @@
+#include "standing/standing_options.h"
+
+#include <charconv>
+
+#include "text/phrases.h"
+
+namespace pedigreewatch {
+namespace {
+
+std::string_view without_blanks_behind(std::string_view text) {
+  while (text.ends_with(' ')) text.remove_suffix(1);
+  return text;
+}
+
+std::string take_percentage(std::string_view name, std::string_view value, std::string_view example, double& share,
+                            bool& is_given) {
+  const std::optional<double> read = read_percentage(value);
+  if (!read) {
+    return std::string(name) + " " + in_quotes(value) + ": a percentage above 0 and up to 100 was expected, such as " +
+           std::string(example);
+  }
+  share = *read;
+  is_given = true;
+  return {};
+}
+
+}  // namespace
+
+std::optional<std::int32_t> read_rule_year(std::string_view text) {
+  std::int32_t year = 0;
+  const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), year);
+  constexpr std::int32_t first = 1000, last = 9999;  // four digits: any other is a slip of the hand
+  if (error != std::errc() || stop != text.data() + text.size() || year < first || year > last) return std::nullopt;
+  return year;
+}
+
+std::optional<double> read_percentage(std::string_view text) {
+  text = without_blanks_behind(text);
+  if (text.ends_with('%')) text = without_blanks_behind(text.substr(0, text.size() - 1));
+  std::string digits(text);
+  for (char& byte : digits) byte = byte == ',' ? '.' : byte;
+  if (digits.empty() || digits.find_first_not_of("0123456789.") != std::string::npos) return std::nullopt;
+  double percentage = 0.0;
+  const auto [stop, error] = std::from_chars(digits.data(), digits.data() + digits.size(), percentage);
+  const bool is_read = error == std::errc() && stop == digits.data() + digits.size();
+  constexpr double hundred = 100.0;
+  if (!is_read || !(percentage > 0.0) || percentage > hundred) return std::nullopt;
+  return percentage / hundred;
+}
+
+std::string take_standing_option(std::string_view name, std::string_view value, StandingSettings& settings) {
+  if (name == "--rule-year") {
+    settings.rule_year = read_rule_year(value);
+    if (!settings.rule_year) return "--rule-year " + in_quotes(value) + ": a year was expected, such as 2015";
+  }
+  if (name == "--sire-share") {
+    return take_percentage(name, value, "5%", settings.most_sire_share, settings.is_sire_share_given);
+  }
+  if (name == "--most-f") {
+    return take_percentage(name, value, "6.25%", settings.most_inbreeding, settings.is_most_inbreeding_given);
+  }
+  return {};
+}
+
+}  // namespace pedigreewatch

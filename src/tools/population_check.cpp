@@ -1,0 +1,21 @@
+#include "tools/population_check.h"
+
+#include "control/check_setup.h"
+#include "control/steer_file.h"
+#include "core/line_reader.h"
+#include "tools/current_date.h"
+#include "tools/folder_analysis.h"
+
+namespace pedigreewatch {
+
+std::optional<CheckResult> check_population(const FolderRun& run) {
+  const SteerSettings& steer = run.population.settings;
+  LineReader data;
+  if (open_data_file(steer, data)) return std::nullopt;
+  const CheckSettings settings = make_check_settings(steer, lines_of_steer_file(steer_file_name), current_date());
+  CheckResult result = check_data(data, settings, run.streams.progress);
+  if (data.error != 0) return std::nullopt;
+  return result;
+}
+
+}  // namespace pedigreewatch
