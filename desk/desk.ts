@@ -6,7 +6,7 @@ import type { Client } from "./client";
 import { byId, make } from "./dom";
 import { phaseIn, textIn } from "./texts";
 import type { Language, TextName } from "./texts";
-import type { Animal, CheckAnswer, ExportAnswer, FilesAnswer, MaleRow, Operation, PairAnswer, RunAnswer } from "./protocol";
+import type { Animal, CheckAnswer, ExportAnswer, FilesAnswer, MaleRow, Operation, PairAnswer, PlanAnswer, PlanRow, RunAnswer } from "./protocol";
 
 export type StepName = "data" | "settings" | "check" | "results" | "matings";
 export const stepNames: readonly StepName[] = ["data", "settings", "check", "results", "matings"];
@@ -47,7 +47,15 @@ export interface Desk {
   pair?: PairAnswer;
   years?: { first: number; last: number };
   males?: { count: number; first: number; rows: MaleRow[]; byKinship: boolean };
+  plan?: DeskPlan;
   draw: () => void;
+}
+
+/** What is asked of a plan, and what came of it; `swapping` is the mating whose male goes to another female. */
+export interface DeskPlan {
+  fields: Map<string, string>;
+  answer?: PlanAnswer; problems: string[];
+  first: number; rows: PlanRow[]; swapping?: number;
 }
 
 export function createDesk(language: Language, draw: (desk: Desk) => void): Desk {
@@ -80,7 +88,7 @@ export function settingsText(desk: Desk): string {
 /** Forgets what came of the settings, not the settings. */
 export function forgetRun(desk: Desk): void {
   desk.written = desk.check = desk.run = desk.body = desk.report = desk.pair = desk.males = undefined;
-  desk.female = desk.male = desk.years = undefined;
+  desk.female = desk.male = desk.years = desk.plan = undefined;
   desk.kind = desk.filter = "";
   desk.firstFinding = 0;
 }

@@ -1,9 +1,10 @@
-// The fifth step: the offspring of a pair, and all males of some years for one female.
+// The fifth step: the offspring of a pair, all males of some years for one female, and a plan for all.
 
 import { ask } from "./client";
 import { bytesOf, text, work } from "./desk";
 import type { Desk } from "./desk";
 import { afterPause, button, chooser, make, nameOf, percentage, save, shownNumber } from "./dom";
+import { drawPlan } from "./plan_part";
 import type { Animal, MaleRow, PairAnswer } from "./protocol";
 
 const rowsShown = 50;
@@ -117,5 +118,5 @@ export function drawMatings(desk: Desk, compute: () => void): HTMLElement[] {
   return [make("h2", {}, text(desk, "pairTitle")),
     make("div", { class: "pair" }, drawSearch(desk, "female", take("female")), drawSearch(desk, "male", take("male"))),
     ...(desk.pair === undefined ? [] : [drawPair(desk, desk.pair)]), make("h2", {}, text(desk, "allMales")), drawYears(desk),
-    ...(desk.males === undefined ? [] : [drawMales(desk, desk.males)])];
+    ...(desk.males === undefined ? [] : [drawMales(desk, desk.males)]), ...drawPlan(desk)];
 }

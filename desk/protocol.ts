@@ -52,3 +52,8 @@ export interface PairAnswer {
   offspringF: number | null; sire: Parent; dam: Parent; ancestors: (Animal & { contribution: number | null })[];
 }
 export interface MaleRow extends Parent { offspringF: number | null; }
+
+export interface PlanAnswer extends Messages {
+  candidates: string[]; lines: string[]; warnings: string[]; headings: string[]; ways: string[][]; count: number; meanF: number;
+}
+export interface PlanRow { female: Animal; male: Animal; f: number; isFixed: boolean; }

@@ -305,6 +305,40 @@ test("TheKeyboardAloneIsEnough", () => withDesk(async (page) => {
   assert.ok(await page.$("#males table"));
 }));
 
+test("APlanIsMadeAndChangedByHand", () => withDesk(async (page) => {
+  await pressButton(page, "Try the example");
+  await idle(page);
+  await page.click("#step-matings");
+  await page.waitForSelector('#step-matings[aria-current="step"]');
+  await idle(page);
+  if (await page.$("#make-plan") === null) await page.click("button.main");
+  await idle(page);
+  for (const [field, value] of [["years", "6"], ["matings", "20"], ["mostPerMale", "4"]]) {
+    await page.$eval(`#plan-${field}`, (input, text) => {
+      input.value = text;
+      input.dispatchEvent(new Event("change"));
+    }, value);
+  }
+  await page.click("#make-plan");
+  await idle(page);
+  assert.equal(await page.$$eval("#plan-compared tbody tr", (rows) => rows.length), 5);
+  assert.equal(await page.$$eval("#plan-pairs tbody tr", (rows) => rows.length), 20);
+  const meanF = () => page.$eval("#plan-mean-f", (element) => Number.parseFloat(element.textContent));
+  const pair = () => page.$eval("#plan-pairs tbody tr", (row) => [...row.children].slice(0, 3).map((cell) => cell.textContent).join(" "));
+  const [bestF, bestPair] = [await meanF(), await pair()];
+  await page.click('#plan-pairs tbody tr:nth-child(1) button[aria-label^="Forbid"]');
+  await idle(page);
+  assert.notEqual(await pair(), bestPair);
+  assert.ok(await meanF() >= bestF, "other pairs than the best ones cannot be better");
+  await page.click('#plan-pairs tbody tr:nth-child(1) button[aria-label^="Swap"]');
+  await page.click('#plan-pairs tbody tr:nth-child(2) button[aria-label^="Swap with this"]');
+  await idle(page);
+  assert.equal(await page.$$eval('#plan-pairs button[aria-label^="Loosen"]', (buttons) => buttons.length), 2);
+  await page.click('#plan-pairs button[aria-label^="Loosen"]');
+  await idle(page);
+  assert.equal(await page.$$eval('#plan-pairs button[aria-label^="Loosen"]', (buttons) => buttons.length), 1);
+}));
+
 test("TheDeskIsOfTheVersionOfTheProgram", () => withDesk(async (page) => {
   const { version } = execFileSync(program, ["--version"], { encoding: "utf8" }).match(/(?<version>\d+\.\d+\.\d+)/).groups;
   assert.equal(await textOf(page, "#version"), `Pedigree Watch ${version}`);

@@ -17,6 +17,8 @@
 #include "diversity/diversity.h"
 #include "intake/export_preparation.h"
 #include "matings/ranking.h"
+#include "planning/plan.h"
+#include "planning/plan_candidates.h"
 #include "standing/standing.h"
 #include "text/phrases.h"
 
@@ -35,6 +37,15 @@ struct DeskResults {
   Diversity diversity;
   Standing standing;
   std::string report;  ///< the bytes of the report, in Windows-1252
+};
+
+/// A breeding plan, as it was made and changed by hand.
+struct DeskPlan {
+  PlanRequest request;
+  CandidatePool pool;
+  Plan plan;                 ///< its pairs are single matings; wished for are those that are fixed
+  CandidateKinship kinship;  ///< of its candidates
+  bool is_changed = false;   ///< by hand: its pairs are no longer the best ones
 };
 
 struct Desk {
@@ -56,6 +67,7 @@ struct Desk {
   std::optional<DeskResults> results;
   std::vector<RankedMale> males;  ///< of the last question for all males
   std::int32_t males_for_dam = 0;
+  std::optional<DeskPlan> plan;
 };
 
 /// Lets go of everything that came of the files, but not of the export.

@@ -13,6 +13,7 @@
 #include "desk/export_desk.h"
 #include "desk/json_text.h"
 #include "desk/matings_desk.h"
+#include "desk/plan_desk.h"
 #include "desk/run_desk.h"
 #include "desk/tables_desk.h"
 #include "page/page.h"
@@ -72,6 +73,9 @@ std::string text_named(const Desk& desk, std::string_view name) {
       {"reportText", pedigreewatch::report_text},
       {"findings", pedigreewatch::findings_table},
       {"males", pedigreewatch::males_table},
+      {"plan", pedigreewatch::plan_table},
+      {"contributions", pedigreewatch::contributions_table},
+      {"planPage", pedigreewatch::plan_page},
       {"years", pedigreewatch::years_table},
       {"subpopulations", pedigreewatch::subpopulations_table},
       {"animals", pedigreewatch::animals_table},
@@ -173,6 +177,19 @@ void desk_list_males(DeskHandle* handle, std::int32_t first, std::int32_t count)
 
 void desk_set_board(DeskHandle* handle, const char* rule_year, const char* sire_share, const char* most_f) {
   answer(handle, [&](Desk& desk) { return pedigreewatch::set_board(desk, {rule_year, sire_share, most_f}); });
+}
+
+void desk_plan(DeskHandle* handle, const char* settings) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::make_desk_plan(desk, settings); });
+}
+
+void desk_list_plan(DeskHandle* handle, std::int32_t first, std::int32_t count) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::list_plan(desk, size_from(first), size_from(count)); });
+}
+
+void desk_change_plan(DeskHandle* handle, const char* change, std::int32_t place, std::int32_t other) {
+  answer(handle,
+         [&](Desk& desk) { return pedigreewatch::change_plan(desk, change, size_from(place), size_from(other)); });
 }
 
 void desk_text(DeskHandle* handle, const char* name) {

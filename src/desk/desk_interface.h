@@ -38,7 +38,12 @@ void desk_list_males(DeskHandle* handle, std::int32_t first, std::int32_t count)
 /// As they are typed; empty: not said.
 void desk_set_board(DeskHandle* handle, const char* rule_year, const char* sire_share, const char* most_f);
 
-/// A text of the results: "body", "page", "report", "reportText", "findings", "males", "style", "script", "years",
-/// "subpopulations", "animals", "diversity", "standing". Others leave nothing.
+/// Names, values and changes: see plan_desk.h.
+void desk_plan(DeskHandle* handle, const char* settings);
+void desk_list_plan(DeskHandle* handle, std::int32_t first, std::int32_t count);
+void desk_change_plan(DeskHandle* handle, const char* change, std::int32_t place, std::int32_t other);
+
+/// A text of the results: "body", "page", "report", "reportText", "findings", "males", "plan", "contributions",
+/// "planPage", "style", "script", "years", "subpopulations", "animals", "diversity", "standing". Others leave nothing.
 void desk_text(DeskHandle* handle, const char* name);
 }

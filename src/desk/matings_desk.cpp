@@ -33,17 +33,6 @@ void add_optional(JsonText& json, std::string_view name, const std::optional<dou
   }
 }
 
-/// The fields of an animal, inside of an object.
-void add_animal(JsonText& json, const PopulationStore& store, std::int32_t position) {
-  add_integer(json, "position", position);
-  add_text(json, "id", without_trailing_blanks(store.id(position)));
-  add_text(json, "name", store.has_name ? without_trailing_blanks(store.name(position)) : std::string_view());
-  add_logical(json, "isMale", store.sex[position] == male);
-  add_integer(json, "year", store.birth_year[position]);
-  add_name(json, "f");
-  add_real(json, static_cast<double>(store.inbreeding[position]));
-}
-
 void add_parent(JsonText& json, std::string_view name, const PopulationStore& store, std::int32_t position,
                 const std::optional<double>& mean_kinship) {
   begin_object(json, name);
@@ -88,6 +77,16 @@ std::string real_cell(const std::optional<double>& value) {
 }
 
 }  // namespace
+
+void add_animal(JsonText& json, const PopulationStore& store, std::int32_t position) {
+  add_integer(json, "position", position);
+  add_text(json, "id", without_trailing_blanks(store.id(position)));
+  add_text(json, "name", store.has_name ? without_trailing_blanks(store.name(position)) : std::string_view());
+  add_logical(json, "isMale", store.sex[position] == male);
+  add_integer(json, "year", store.birth_year[position]);
+  add_name(json, "f");
+  add_real(json, static_cast<double>(store.inbreeding[position]));
+}
 
 std::string find_in_results(const Desk& desk, std::string_view text, std::optional<Sex> sex) {
   constexpr std::size_t most_animals = 30, most_looked_at = 1000;

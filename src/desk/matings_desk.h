@@ -10,6 +10,9 @@
 
 namespace pedigreewatch {
 
+/// Adds the fields of an animal to an object: position, id, name, isMale, year, f.
+void add_animal(JsonText& json, const PopulationStore& store, std::int32_t position);
+
 /// Animals of one sex, or of both, whose identification or name begins with the text. Yields an object: animals
 /// (position, id, name, isMale, year, f), at most 30.
 std::string find_in_results(const Desk& desk, std::string_view text, std::optional<Sex> sex = {});

@@ -56,17 +56,25 @@ std::int32_t position_of_any(const PositionOfId& position_of, std::string_view i
 
 }  // namespace
 
-CandidateList candidates_listed(const PopulationStore& store, std::span<const ListedId> ids, Sex wanted) {
+std::vector<std::int32_t> positions_listed(const PopulationStore& store, std::span<const ListedId> ids) {
   PositionOfId position_of;
   for (const ListedId& listed : ids) {
     for (std::string& form : forms_of(without_blanks(listed.id))) position_of.emplace(std::move(form), 0);
   }
   find_positions(store, position_of);
+  std::vector<std::int32_t> positions;
+  for (const ListedId& listed : ids) positions.push_back(position_of_any(position_of, std::string(without_blanks(listed.id))));
+  return positions;
+}
+
+CandidateList candidates_listed(const PopulationStore& store, std::span<const ListedId> ids, Sex wanted) {
+  const std::vector<std::int32_t> positions = positions_listed(store, ids);
   CandidateList list;
   std::unordered_map<std::int32_t, std::int64_t> first_line;
-  for (const ListedId& listed : ids) {
+  for (std::size_t k = 0; k < ids.size(); ++k) {
+    const ListedId& listed = ids[k];
     const std::string id(without_blanks(listed.id));
-    const std::int32_t position = position_of_any(position_of, id);
+    const std::int32_t position = positions[k];
     if (position == 0) {
       list.notes.push_back({ListFault::unknown_id, listed.line, id, 0});
     } else if (store.sex[position] != wanted) {

@@ -30,6 +30,10 @@ struct CandidateList {
   std::vector<ListNote> notes;
 };
 
+/// The animals of a list, by their place in it; 0 where no animal has the identification. How they are looked for, see
+/// `candidates_listed`.
+std::vector<std::int32_t> positions_listed(const PopulationStore& store, std::span<const ListedId> ids);
+
 /// The animals of a list that are of the wanted sex. An identification is looked for as it stands; then, where it is
 /// UTF-8, as Windows-1252, and where it is not, as UTF-8: list and data file may be in different encodings. It is cut
 /// at the length at which identifications of the data file are cut. Of two animals with one identification the first of

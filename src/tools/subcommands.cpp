@@ -10,6 +10,7 @@
 #include "tools/check_command.h"
 #include "tools/matings_command.h"
 #include "tools/page_command.h"
+#include "tools/plan_command.h"
 #include "tools/prepare_command.h"
 #include "tools/tables_command.h"
 
@@ -31,6 +32,7 @@ constexpr auto subcommands = std::to_array<Subcommand>({
     {"tables", "writes the figures of the report and of every animal as tables", tables_help, run_tables},
     {"matings", "works out F of the offspring of possible matings, and the common ancestors", matings_help,
      run_matings},
+    {"plan", "works out which animals should breed, how often, and who with whom", plan_help, run_plan},
 });
 
 const Subcommand* find_subcommand(std::string_view name) {

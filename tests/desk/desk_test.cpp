@@ -8,6 +8,7 @@
 #include "desk/desk_interface.h"
 #include "desk/export_desk.h"
 #include "desk/matings_desk.h"
+#include "desk/plan_desk.h"
 #include "desk/run_desk.h"
 #include "desk/tables_desk.h"
 #include "support/program_run.h"
@@ -201,6 +202,61 @@ TEST(Desk, WorksOutMatings) {
   EXPECT_TRUE(holds(list_males(opened.desk, 2, 5), R"("offspringF":0.375)"));
   EXPECT_TRUE(holds(males_table(opened.desk), "D\tE\tEef\t2004\t0.375000\t"));
   EXPECT_EQ(rank_males(opened.desk, d, 1990, 1991), R"({"count":0})");
+}
+
+/// Two litters of full sibs, unrelated to each other.
+constexpr const char* two_litters =
+    "ID,Name,Sex,Born,Father,Mother\n"
+    "A,,ram,13-01-2000,,\nB,,ewe,14-01-2000,,\nC,,ram,13-01-2000,,\nD,,ewe,14-01-2000,,\n"
+    "E,,ram,15-02-2002,A,B\nF,,ewe,15-02-2002,A,B\nG,,ram,15-03-2002,C,D\nH,,ewe,15-03-2002,C,D\n";
+
+/// The same with a run behind it.
+struct DeskWithRun : OpenedDesk {
+  DeskWithRun() : OpenedDesk(two_litters) {
+    write_files_of_export(desk);
+    run_analysis(desk);
+  }
+};
+
+TEST(DeskPlanning, MakesAPlanAndChangesItByHand) {
+  DeskWithRun opened;
+  Desk& desk = opened.desk;
+  const std::string made = make_desk_plan(desk, "years=1\nmatings=2\nmostPerMale=1");
+  EXPECT_TRUE(holds(made, R"("messages":[])")) << made;
+  EXPECT_TRUE(holds(made, R"("count":2,"meanF":0)")) << made;
+  EXPECT_TRUE(holds(made, "males: 2, born 2002 to 2002")) << made;
+  const std::string rows = list_plan(desk, 0, 10);
+  EXPECT_TRUE(holds(rows, R"("id":"F")")) << rows;
+  EXPECT_FALSE(holds(rows, R"("isFixed":true)")) << rows;
+  // Brother with sister: F is 1/4 for both, and both stay.
+  const std::string swapped = change_plan(desk, "swap", 0, 1);
+  EXPECT_TRUE(holds(swapped, R"("meanF":0.25)")) << swapped;
+  EXPECT_FALSE(holds(swapped, "pairs: mean F")) << "no longer proved: " << swapped;
+  EXPECT_TRUE(holds(list_plan(desk, 1, 1), R"("f":0.25,"isFixed":true)"));
+  EXPECT_TRUE(holds(plan_table(desk), "F\tE\t1\t0.25\t0.25\t\t\tyes\t")) << plan_table(desk);
+  // Without this pair its two animals are all that is left for each other.
+  const std::string refused = change_plan(desk, "forbid", 0, 0);
+  EXPECT_TRUE(holds(refused, "nothing was changed")) << refused;
+  EXPECT_TRUE(holds(list_plan(desk, 0, 1), R"("f":0.25)"));
+  // Loosened, the other one makes room.
+  change_plan(desk, "fix", 1, 0);
+  EXPECT_TRUE(holds(change_plan(desk, "forbid", 0, 0), R"("meanF":0)"));
+  EXPECT_TRUE(holds(plan_page(desk), "<h1>Breeding plan: "));
+  EXPECT_TRUE(holds(contributions_table(desk), "mean_kinship")) << contributions_table(desk);
+}
+
+TEST(DeskPlanning, SaysWhatStandsInTheWayInItsOwnWords) {
+  DeskWithRun opened;
+  const std::string few = make_desk_plan(opened.desk, "years=1\nmatings=5");
+  EXPECT_TRUE(holds(few, "5 matings do not fit")) << few;
+  EXPECT_FALSE(holds(few, "--")) << few;
+  EXPECT_EQ(list_plan(opened.desk, 0, 5), R"({"rows":[]})");
+  const std::string close = make_desk_plan(opened.desk, "years=1\nmatings=2\nmostF=0\nmostPerMale=1");
+  EXPECT_TRUE(holds(close, R"("meanF":0)")) << close;
+  Desk empty;
+  EXPECT_TRUE(holds(make_desk_plan(empty, ""), "no results"));
+  EXPECT_EQ(plan_table(empty) + plan_page(empty) + contributions_table(empty), "");
+  EXPECT_TRUE(holds(change_plan(empty, "swap", 0, 0), "messages"));
 }
 
 TEST(Desk, HasNothingOfMatingsBeforeARun) {

@@ -1,0 +1,107 @@
+// The plan of the fifth step: three fields and limits, the comparison, and the matings, which can be changed by hand.
+
+import { ask } from "./client";
+import { bytesOf, text, work } from "./desk";
+import type { Desk, DeskPlan } from "./desk";
+import { button, make, nameOf, percentage, save, shownNumber } from "./dom";
+import type { Animal, PlanAnswer, PlanRow } from "./protocol";
+import type { TextName } from "./texts";
+
+const rowsShown = 50;
+
+const fields: readonly { name: string; label: TextName; step: string }[] = [
+  { name: "years", label: "planYears", step: "1" }, { name: "matings", label: "planMatings", step: "1" },
+  { name: "mostPerMale", label: "planPerMale", step: "1" }, { name: "mostPerFemale", label: "planPerFemale", step: "1" },
+  { name: "mostF", label: "planMostF", step: "any" },
+];
+
+async function listRows(desk: Desk, plan: DeskPlan, first: number): Promise<void> {
+  const { rows } = await ask<{ rows: PlanRow[] }>(desk.client, "listPlan", [first, rowsShown]);
+  plan.first = first;
+  plan.rows = rows;
+}
+
+/** Takes what came of a question; where something stands in the way, what was there stays. */
+async function take(desk: Desk, plan: DeskPlan, answer: PlanAnswer): Promise<void> {
+  plan.problems = answer.messages;
+  plan.swapping = undefined;
+  if (answer.messages.length > 0) return;
+  plan.answer = answer;
+  await listRows(desk, plan, plan.first);
+}
+
+function makePlan(desk: Desk, plan: DeskPlan): void {
+  void work(desk, async () => {
+    plan.answer = undefined;
+    plan.first = 0;
+    const settings = [...plan.fields].map(([name, value]) => `${name}=${value}`).join("\n");
+    await take(desk, plan, await ask<PlanAnswer>(desk.client, "plan", [settings]));
+  });
+}
+
+function change(desk: Desk, plan: DeskPlan, what: "fix" | "forbid" | "swap", place: number, other = 0): void {
+  void work(desk, async () => take(desk, plan, await ask<PlanAnswer>(desk.client, "changePlan", [what, place, other])));
+}
+
+function drawFields(desk: Desk, plan: DeskPlan): HTMLElement[] {
+  const drawn = fields.map(({ name, label, step }) => {
+    const input = make("input", { type: "number", id: `plan-${name}`, min: 0, step, value: plan.fields.get(name) ?? "", size: 6 });
+    input.addEventListener("change", () => plan.fields.set(name, input.value.trim()));
+    return make("span", {}, make("label", { for: `plan-${name}` }, text(desk, label)), " ", input);
+  });
+  return [make("p", { class: "row" }, ...drawn.slice(0, 2)), make("p", { class: "row" }, ...drawn.slice(2),
+    button(text(desk, "makePlan"), () => makePlan(desk, plan), { class: "main", id: "make-plan" })), make("p", { class: "hint" }, text(desk, "planHint"))];
+}
+
+function drawComparison(desk: Desk, answer: PlanAnswer): HTMLElement {
+  const headings = answer.headings.map((heading, k) => make("th", { scope: "col", class: k === 0 ? "" : "number" }, heading));
+  const rows = answer.ways.map(([way = "", ...cells]) => make("tr", {}, make("th", { scope: "row" }, way),
+    ...cells.map((cell) => make("td", { class: "number" }, cell === "" ? "–" : cell))));
+  return make("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": text(desk, "planCompared") },
+    make("table", { class: "plain", id: "plan-compared" }, make("caption", {}, text(desk, "planCompared")),
+      make("thead", {}, make("tr", {}, ...headings)), make("tbody", {}, ...rows)));
+}
+
+function drawRow(desk: Desk, plan: DeskPlan, row: PlanRow, place: number): HTMLElement {
+  const pair = `${row.female.id} × ${row.male.id}`;
+  const named = (name: TextName) => ({ "aria-label": `${text(desk, name)}: ${pair}` });
+  const isOther = plan.swapping !== undefined && plan.swapping !== place;
+  const swap = isOther
+    ? button(text(desk, "planSwapHere"), () => change(desk, plan, "swap", plan.swapping ?? place, place), named("planSwapHere"))
+    : button(text(desk, plan.swapping === place ? "planSwapNot" : "planSwap"), () => {
+      plan.swapping = plan.swapping === place ? undefined : place;
+      desk.draw();
+    }, named(plan.swapping === place ? "planSwapNot" : "planSwap"));
+  const fix: TextName = row.isFixed ? "planLoosen" : "planFix";
+  const cells = (animal: Animal) => [make("td", {}, nameOf(animal.id)), make("td", {}, nameOf(animal.name === "-" ? "" : animal.name))];
+  return make("tr", {}, ...cells(row.female), ...cells(row.male), make("td", { class: "number" }, percentage(row.f, desk.language)),
+    make("td", {}, button(text(desk, fix), () => change(desk, plan, "fix", place), named(fix)), " ",
+      button(text(desk, "planForbid"), () => change(desk, plan, "forbid", place), named("planForbid")), " ", swap));
+}
+
+function drawMatings(desk: Desk, plan: DeskPlan, answer: PlanAnswer): HTMLElement[] {
+  const shown = (value: number) => shownNumber(value, desk.language);
+  const heading = (name: TextName, isNumber = false) => make("th", { scope: "col", class: isNumber ? "number" : "" }, text(desk, name));
+  const move = (first: number) => void work(desk, () => listRows(desk, plan, Math.max(0, first)));
+  const keep = (label: TextName, name: string, file: string, type: string) =>
+    button(text(desk, label), () => void work(desk, async () => save(file, await bytesOf(desk, name), type)));
+  return [make("p", {}, `${text(desk, "planMeanF")}: `, make("span", { class: "figure", id: "plan-mean-f" }, percentage(answer.meanF, desk.language))),
+    make("p", { class: "row" }, keep("savePlan", "plan", "plan.tsv", "text/tab-separated-values"),
+      keep("saveContributions", "contributions", "contributions.tsv", "text/tab-separated-values"), keep("savePlanPage", "planPage", "plan.html", "text/html")),
+    make("p", { class: "row" }, button(text(desk, "before"), () => move(plan.first - rowsShown), { disabled: plan.first === 0 }),
+      button(text(desk, "after"), () => move(plan.first + rowsShown), { disabled: plan.first + rowsShown >= answer.count }),
+      make("span", { role: "status" }, text(desk, "showing", shown(plan.first + 1), shown(Math.min(plan.first + rowsShown, answer.count)), shown(answer.count)))),
+    make("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": text(desk, "planPairs") },
+      make("table", { class: "plain", id: "plan-pairs" }, make("thead", {}, make("tr", {}, heading("female"), heading("nameOfAnimal"), heading("male"),
+        heading("nameOfAnimal"), heading("offspringF", true), heading("planByHand"))),
+      make("tbody", {}, ...plan.rows.map((row, k) => drawRow(desk, plan, row, plan.first + k)))))];
+}
+
+export function drawPlan(desk: Desk): HTMLElement[] {
+  const plan = desk.plan ??= { fields: new Map([["mostPerFemale", "1"]]), problems: [], first: 0, rows: [] };
+  const { answer } = plan;
+  return [make("h2", {}, text(desk, "planTitle")), ...drawFields(desk, plan),
+    ...plan.problems.map((problem) => make("p", { class: "problem", role: "alert" }, problem)),
+    ...(answer === undefined ? [] : [...answer.warnings.map((warning) => make("p", { class: "problem" }, warning)),
+      ...[...answer.candidates, ...answer.lines].map((line) => make("p", { class: "note" }, line)), drawComparison(desk, answer), ...drawMatings(desk, plan, answer)])];
+}

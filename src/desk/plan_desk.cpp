@@ -1,0 +1,267 @@
+// A mating is a row of its own here, also where a pair is made twice: rows are what people swap, forbid and fix.
+
+#include "desk/plan_desk.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdlib>
+#include <span>
+#include <utility>
+
+#include "desk/matings_desk.h"
+#include "page/plan_page.h"
+#include "planning/plan_words.h"
+#include "tables/plan_tables.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr Wording no_run = {"There are no results yet.", "Er zijn nog geen resultaten."};
+constexpr Wording nobody = {"There is no male, or no female, to plan with: choose more years.",
+                            "Er is geen vader, of geen moeder, om mee te plannen: kies meer jaren."};
+constexpr Wording no_matings = {"The last full birth year has no litters: say how many matings are wanted.",
+                                "Het laatste volle geboortejaar heeft geen nesten: zeg hoeveel paringen er komen."};
+constexpr Wording cannot_forbid = {"Without this pair the others cannot be made; nothing was changed.",
+                                   "Zonder dit paar zijn de andere niet te maken; er is niets veranderd."};
+
+std::string_view value_named(std::string_view settings, std::string_view name) {
+  while (!settings.empty()) {
+    const std::size_t end = std::min(settings.find('\n'), settings.size());
+    const std::string_view line = settings.substr(0, end);
+    if (line.starts_with(name) && line.substr(name.size()).starts_with('=')) return line.substr(name.size() + 1);
+    settings.remove_prefix(std::min(end + 1, settings.size()));
+  }
+  return {};
+}
+
+/// A number from 1 to a million; none for any other text.
+std::optional<std::int32_t> count_named(std::string_view settings, std::string_view name) {
+  constexpr std::int32_t most = 1'000'000;
+  const std::string_view text = value_named(settings, name);
+  std::int32_t number = 0;
+  const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  const bool is_count = error == std::errc() && stop == text.data() + text.size() && number > 0 && number <= most;
+  return is_count ? std::optional(number) : std::nullopt;
+}
+
+std::optional<double> percentage_named(std::string_view settings, std::string_view name) {
+  std::string text(value_named(settings, name));
+  std::replace(text.begin(), text.end(), ',', '.');
+  if (text.empty() || text.find_first_not_of("0123456789.") != std::string::npos) return std::nullopt;
+  return std::clamp(std::strtod(text.c_str(), nullptr) / 100.0, 0.0, 1.0);
+}
+
+void add_sentences(JsonText& json, std::string_view name, const std::vector<std::string>& sentences) {
+  begin_list(json, name);
+  for (const std::string& sentence : sentences) {
+    if (!sentence.empty()) add_text(json, sentence);
+  }
+  end_list(json);
+}
+
+std::string problem_answer(const std::vector<std::string>& messages) {
+  JsonText json;
+  begin_object(json);
+  add_sentences(json, "messages", messages);
+  end_object(json);
+  return std::move(json.text);
+}
+
+void add_comparison(JsonText& json, const ComparisonTable& table) {
+  begin_list(json, "headings");
+  for (const std::string& heading : table.headings) add_text(json, heading);
+  end_list(json);
+  begin_list(json, "ways");
+  for (const ComparisonTable::Row& row : table.rows) {
+    begin_list(json);
+    add_text(json, row.way);
+    for (const std::string& cell : row.cells) add_text(json, cell);
+    end_list(json);
+  }
+  end_list(json);
+}
+
+const PopulationStore& store_of(const Desk& desk) {
+  return desk.results->population.store;
+}
+
+/// What is said of the plan at hand.
+std::string plan_answer(const Desk& desk) {
+  const DeskPlan& made = *desk.plan;
+  const PlanWarnings warnings = find_warnings(store_of(desk), made.request, made.plan);
+  JsonText json;
+  begin_object(json);
+  add_sentences(json, "messages", {});
+  add_sentences(json, "candidates",
+                {candidates_sentence(made.pool.candidates.of_males, male, desk.language),
+                 candidates_sentence(made.pool.candidates.of_females, female, desk.language)});
+  std::vector<std::string> lines = result_sentences(made.plan, desk.language, made.is_changed);
+  lines.push_back(gain_sentence(made.plan, desk.language));
+  add_sentences(json, "lines", lines);
+  add_sentences(json, "warnings", warning_sentences(warnings, made.request, desk.language, PlanSpeaker::desk));
+  add_comparison(json, comparison_of(made.plan, desk.language));
+  add_integer(json, "count", static_cast<std::int64_t>(made.plan.pairs.size()));
+  add_name(json, "meanF");
+  add_real(json, made.plan.of(PlanWay::plan)->mean_f.value_or(0.0));
+  end_object(json);
+  return std::move(json.text);
+}
+
+/// Makes a row of every mating.
+void split_pairs(std::vector<PlannedPair>& pairs) {
+  std::vector<PlannedPair> rows;
+  for (const PlannedPair& pair : pairs) {
+    PlannedPair row = pair;
+    row.matings = 1;
+    rows.insert(rows.end(), static_cast<std::size_t>(pair.matings), row);
+  }
+  pairs = std::move(rows);
+}
+
+void refresh_totals(DeskPlan& made) {
+  double sum = 0.0;
+  for (const PlannedPair& pair : made.plan.pairs) sum += pair.kinship;
+  auto& comparison = made.plan.comparisons[static_cast<std::size_t>(PlanWay::plan)];
+  if (comparison) comparison->mean_f = sum / static_cast<double>(made.plan.pairs.size());
+}
+
+SaidPair said(const DeskPlan& made, const PlannedPair& pair) {
+  return {made.plan.candidates[pair.female], made.plan.candidates[pair.male]};
+}
+
+/// Takes a pair out of the permitted ones and finds others; false where there are none, and nothing changes.
+bool forbid(DeskPlan& made, std::size_t place) {
+  PlanRequest request = made.request;
+  request.forbidden.push_back(said(made, made.plan.pairs[place]));
+  request.wished.clear();
+  for (std::size_t k = 0; k < made.plan.pairs.size(); ++k) {
+    const bool is_same = made.plan.pairs[k].female == made.plan.pairs[place].female &&
+                         made.plan.pairs[k].male == made.plan.pairs[place].male;
+    if (made.plan.pairs[k].is_wished && !is_same) request.wished.push_back(said(made, made.plan.pairs[k]));
+  }
+  PairingResult pairing = pair_up(made.kinship, request, made.plan.numbers.numbers);
+  if (!pairing.stuck_females.empty()) return false;
+  made.request = std::move(request);
+  made.plan.pairs = std::move(pairing.pairs);
+  split_pairs(made.plan.pairs);
+  return true;
+}
+
+void swap_males(DeskPlan& made, std::size_t place, std::size_t other) {
+  PlannedPair& one = made.plan.pairs[place];
+  PlannedPair& two = made.plan.pairs[other];
+  std::swap(one.male, two.male);
+  for (PlannedPair* const pair : {&one, &two}) {
+    const std::int32_t row = static_cast<std::int32_t>(pair->female), column = static_cast<std::int32_t>(pair->male);
+    pair->kinship = kinship_table(made.kinship, {&row, 1}, {&column, 1}).front();
+    pair->is_wished = true;
+  }
+}
+
+std::string table_of(const Desk& desk, void (*write)(const PlanTables& tables, TableWriter& writer)) {
+  if (!desk.results || !desk.plan) return {};
+  const DeskPlan& made = *desk.plan;
+  const PlannedMatings matings = describe_plan(store_of(desk), made.plan.candidates, made.plan.pairs);
+  TableWriter writer;
+  write({store_of(desk), made.plan, matings, made.pool, made.request.matings, desk.language}, writer);
+  return std::move(writer.text);
+}
+
+PlanRequest request_of(const Desk& desk, const CandidatePool& pool, std::string_view settings) {
+  PlanRequest request;
+  request.males = pool.candidates.of_males.positions;
+  request.females = pool.candidates.of_females.positions;
+  const std::optional<std::int32_t> year = last_full_year(store_of(desk));
+  const std::optional<std::int32_t> wanted = count_named(settings, "matings");
+  request.matings = wanted ? *wanted : year ? litters_of_year(store_of(desk), *year) : 0;
+  request.most_per_male = count_named(settings, "mostPerMale");
+  request.most_per_female = count_named(settings, "mostPerFemale").value_or(1);
+  request.most_f = percentage_named(settings, "mostF");
+  return request;
+}
+
+}  // namespace
+
+std::string make_desk_plan(Desk& desk, std::string_view settings) {
+  desk.plan.reset();
+  const auto refuse = [&](const Wording& wording) {
+    return problem_answer({std::string(words_of(wording, desk.language))});
+  };
+  if (!desk.results) return refuse(no_run);
+  tell(desk.watch, "plan");
+  CandidateRules rules;
+  rules.years = count_named(settings, "years");
+  DeskPlan made;
+  made.pool = gather_candidates(store_of(desk), rules);
+  made.request = request_of(desk, made.pool, settings);
+  if (made.request.males.empty() || made.request.females.empty()) return refuse(nobody);
+  if (made.request.matings == 0) return refuse(no_matings);
+  made.plan = make_plan(store_of(desk), made.request);
+  if (made.plan.obstacle != PlanObstacle::none) {
+    return problem_answer(
+        obstacle_sentences(store_of(desk), made.request, made.plan, desk.language, PlanSpeaker::desk));
+  }
+  made.kinship = make_candidate_kinship(store_of(desk), made.plan.candidates);
+  split_pairs(made.plan.pairs);
+  desk.plan = std::move(made);
+  return plan_answer(desk);
+}
+
+std::string list_plan(const Desk& desk, std::size_t first, std::size_t count) {
+  JsonText json;
+  begin_object(json);
+  begin_list(json, "rows");
+  const std::size_t size = desk.results && desk.plan ? desk.plan->plan.pairs.size() : 0;
+  for (std::size_t k = std::min(first, size); k < size && k - first < count; ++k) {
+    const PlannedPair& pair = desk.plan->plan.pairs[k];
+    begin_object(json);
+    begin_object(json, "female");
+    add_animal(json, store_of(desk), desk.plan->plan.candidates[pair.female]);
+    end_object(json);
+    begin_object(json, "male");
+    add_animal(json, store_of(desk), desk.plan->plan.candidates[pair.male]);
+    end_object(json);
+    add_name(json, "f");
+    add_real(json, pair.kinship);
+    add_logical(json, "isFixed", pair.is_wished);
+    end_object(json);
+  }
+  end_list(json);
+  end_object(json);
+  return std::move(json.text);
+}
+
+std::string change_plan(Desk& desk, std::string_view change, std::size_t place, std::size_t other) {
+  const std::size_t size = desk.results && desk.plan ? desk.plan->plan.pairs.size() : 0;
+  if (place >= size || other >= size) return problem_answer({std::string(words_of(no_run, desk.language))});
+  DeskPlan& made = *desk.plan;
+  if (change == "fix") {
+    made.plan.pairs[place].is_wished = !made.plan.pairs[place].is_wished;
+    return plan_answer(desk);
+  }
+  if (change == "forbid" && !forbid(made, place)) {
+    return problem_answer({std::string(words_of(cannot_forbid, desk.language))});
+  }
+  if (change == "swap") swap_males(made, place, other);
+  made.is_changed = true;
+  refresh_totals(made);
+  return plan_answer(desk);
+}
+
+std::string plan_table(const Desk& desk) {
+  return table_of(desk, write_plan_table);
+}
+
+std::string contributions_table(const Desk& desk) {
+  return table_of(desk, write_contributions_table);
+}
+
+std::string plan_page(const Desk& desk) {
+  if (!desk.results || !desk.plan) return {};
+  const DeskPlan& made = *desk.plan;
+  const PlannedMatings matings = describe_plan(store_of(desk), made.plan.candidates, made.plan.pairs);
+  return make_plan_page({store_of(desk), made.request, made.plan, matings, made.pool,
+                         desk.results->population.settings.population_name.trimmed(), desk.language, made.is_changed});
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,99 @@
+#include "planning/plan_candidates.h"
+
+#include <algorithm>
+
+#include "checks/readable_text.h"
+#include "matings/candidates.h"
+
+namespace pedigreewatch {
+namespace {
+
+/// Marks of the animals that a rule looks at, by position.
+struct Marks {
+  ByNumber<Flag> is_excluded, was_recent_parent;
+};
+
+Marks make_marks(const PopulationStore& store, const CandidateRules& rules) {
+  Marks marks{ByNumber<Flag>(store.size()), ByNumber<Flag>(store.size())};
+  for (const std::int32_t position : rules.excluded) marks.is_excluded[position] = 1;
+  const std::int64_t first = std::int64_t{store.birth_years.last} - years_of_ages + 1;
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    if (store.birth_year[i] == 0 || store.birth_year[i] < first) continue;
+    marks.was_recent_parent[store.sire_no[i]] = 1;
+    marks.was_recent_parent[store.dam_no[i]] = 1;
+  }
+  return marks;
+}
+
+/// Why an animal that would be a candidate is none; `used` where nothing stands in the way.
+WhyNone find_reason(const PopulationStore& store, const CandidateRules& rules, const Marks& marks,
+                    std::int32_t position) {
+  if (marks.is_excluded[position] != 0) return WhyNone::excluded;
+  if (rules.subpopulation && readable(store.subpopulation(position).trimmed()) != *rules.subpopulation) {
+    return WhyNone::other_subpopulation;
+  }
+  const bool lacks_parent = store.sire_no[position] == 0 || store.dam_no[position] == 0;
+  const bool is_little_known = double{store.generation_equivalents[position]} < rules.least_generations;
+  return is_little_known || (rules.needs_known_parents && lacks_parent) ? WhyNone::little_known : WhyNone::used;
+}
+
+void take(const PopulationStore& store, const CandidateRules& rules, const Marks& marks, std::int32_t position, Sex sex,
+          CandidatePool& pool) {
+  const WhyNone reason = find_reason(store, rules, marks, position);
+  if (reason == WhyNone::used) {
+    pool.candidates.of(sex).positions.push_back(position);
+  } else {
+    pool.left_out.push_back({position, sex, reason});
+  }
+}
+
+void take_by_ages(const PopulationStore& store, const CandidateRules& rules, const Marks& marks, Sex sex,
+                  CandidatePool& pool) {
+  SexCandidates& candidates = pool.candidates.of(sex);
+  candidates.source = CandidateSource::ages;
+  candidates.ages = breeding_ages(store, sex);
+  if (!candidates.ages) return;
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    const std::optional<std::int32_t> age = store.sex[i] == sex ? age_at_planned_births(store, i) : std::nullopt;
+    if (!age) continue;
+    if (*age < candidates.ages->youngest) {
+      pool.left_out.push_back({i, sex, WhyNone::too_young});
+    } else if (*age > candidates.ages->oldest) {
+      if (marks.was_recent_parent[i] != 0) pool.left_out.push_back({i, sex, WhyNone::too_old});
+    } else {
+      take(store, rules, marks, i, sex, pool);
+    }
+  }
+}
+
+void take_by_years(const PopulationStore& store, const CandidateRules& rules, const Marks& marks, Sex sex,
+                   CandidatePool& pool) {
+  SexCandidates& candidates = pool.candidates.of(sex);
+  candidates.source = CandidateSource::years;
+  if (store.birth_years.dated_row_count() == 0) return;
+  const std::int64_t first = std::int64_t{store.birth_years.last} - *rules.years + 1;
+  candidates.last_year = store.birth_years.last;
+  candidates.first_year = static_cast<std::int32_t>(std::max<std::int64_t>(first, store.birth_years.first));
+  for (const std::int32_t i : candidates_born(store, candidates.first_year, candidates.last_year, sex)) {
+    take(store, rules, marks, i, sex, pool);
+  }
+}
+
+}  // namespace
+
+CandidatePool gather_candidates(const PopulationStore& store, const CandidateRules& rules) {
+  CandidatePool pool;
+  const Marks marks = make_marks(store, rules);
+  for (const Sex sex : {male, female}) {
+    if (const auto& listed = rules.listed.of(sex)) {
+      for (const std::int32_t position : *listed) take(store, rules, marks, position, sex, pool);
+    } else if (rules.years) {
+      take_by_years(store, rules, marks, sex, pool);
+    } else {
+      take_by_ages(store, rules, marks, sex, pool);
+    }
+  }
+  return pool;
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,60 @@
+// Who can be planned with: the animals of lists, of some birth years, or of the ages at which parents are used, less
+// those that are left out.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "planning/parent_use.h"
+
+namespace pedigreewatch {
+
+/// What is asked for.
+struct CandidateRules {
+  BySex<std::optional<std::vector<std::int32_t>>> listed;  ///< positions; none: by years or ages
+  std::optional<std::int32_t> years;                       ///< born in so many last birth years; none: by ages
+  std::vector<std::int32_t> excluded;                      ///< positions
+  std::optional<std::string> subpopulation;                ///< its name in UTF-8
+  double least_generations = 0.0;                          ///< equivalent generations of known ancestors
+  bool needs_known_parents = false;                        ///< both
+};
+
+/// Why an animal gets no matings.
+enum class WhyNone : std::uint8_t {
+  used,         ///< it gets some
+  related,      ///< a candidate that is more related to all than those that are used
+  small_share,  ///< its best share is less than a mating
+  too_young,
+  too_old,   ///< of the ages of parents
+  excluded,  ///< by a list
+  other_subpopulation,
+  little_known,  ///< fewer generations of ancestors, or not both parents
+};
+
+struct LeftOut {
+  std::int32_t position = 0;
+  Sex sex = female;
+  WhyNone why = WhyNone::excluded;
+};
+
+enum class CandidateSource : std::uint8_t { list, years, ages };
+
+/// The candidates of one sex, and where they come from.
+struct SexCandidates {
+  std::vector<std::int32_t> positions;
+  CandidateSource source = CandidateSource::list;
+  std::optional<BreedingAges> ages;            ///< by ages; none: no parent's age is known, and there is nobody
+  std::int32_t first_year = 0, last_year = 0;  ///< by years
+};
+
+struct CandidatePool {
+  BySex<SexCandidates> candidates;
+  std::vector<LeftOut> left_out;  ///< in the order in which they were met
+};
+
+/// Too old, or too young, are those only who were parents in the last ten years, or were born in them.
+CandidatePool gather_candidates(const PopulationStore& store, const CandidateRules& rules);
+
+}  // namespace pedigreewatch

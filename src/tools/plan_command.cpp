@@ -1,0 +1,374 @@
+// Computes the population as a run does, reads what was said about candidates, matings and pairs, makes the plan and
+// writes its files: all of them, or none.
+
+#include "tools/plan_command.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "checks/readable_text.h"
+#include "core/new_files.h"
+#include "page/plan_page.h"
+#include "planning/plan.h"
+#include "planning/plan_candidates.h"
+#include "planning/plan_words.h"
+#include "planning/planned_matings.h"
+#include "tables/plan_tables.h"
+#include "tools/folder_analysis.h"
+#include "tools/folder_command.h"
+#include "tools/plan_inputs.h"
+#include "tools/plan_options.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr Wording males_word = {"males", "mannelijke dieren"}, females_word = {"females", "vrouwelijke dieren"};
+constexpr Wording nobody = {
+    "no {1} can be planned with; name them with {2} FILE, or give --years N, and look at what leaves animals out",
+    "er zijn geen {1} om mee te plannen; noem ze met {2} BESTAND, of geef --years N, en kijk wat dieren weglaat"};
+constexpr Wording no_subpopulation = {"--subpopulation {1}: there is none of this name; they are: {2}",
+                                      "--subpopulation {1}: die is er niet; dit zijn ze: {2}"};
+constexpr Wording no_matings = {
+    "the last full birth year has no litters with known mothers: give --matings N",
+    "het laatste volle geboortejaar heeft geen nesten met bekende moeder: geef --matings N"};
+constexpr Wording matings_of_year = {"matings: {1}, the litters of {2}", "paringen: {1}, de nesten van {2}"};
+constexpr Wording matings_given = {"matings: {1}", "paringen: {1}"};
+constexpr Wording not_written = {"{1}: {2}; nothing was written", "{1}: {2}; er is niets geschreven"};
+constexpr Wording is_in_use = {"a file of this name would replace one that this run reads",
+                               "een bestand met deze naam zou er een vervangen dat hier gelezen wordt"};
+constexpr Wording written = {"written: {1}", "geschreven: {1}"};
+constexpr Wording planning_label = {"planning, thousands of ancestors", "plannen, duizenden voorouders"};
+constexpr Wording no_candidate = {"this animal is none of the candidates; take the line out, or make it one",
+                                  "dit dier is geen kandidaat; haal de regel weg, of maak het er een"};
+constexpr Wording no_number = {"a number of matings such as 3 or 2-5 was expected behind it",
+                               "een aantal paringen zoals 3 of 2-5 werd erachter verwacht"};
+constexpr Wording no_value = {"a breeding value, which is a number, was expected behind it",
+                              "een fokwaarde, die een getal is, werd erachter verwacht"};
+constexpr Wording is_forbidden_too = {"this pair is forbidden too; take it out of one of the two files",
+                                      "dit paar is ook verboden; haal het uit een van de twee bestanden"};
+constexpr Wording too_many_wishes = {
+    "wished for more often than its number of matings allows; take wishes out, or raise the number",
+    "vaker gewenst dan zijn aantal paringen toelaat; haal wensen weg, of verhoog het aantal"};
+constexpr Wording not_candidates_with_values = {
+    "{1}: {2} animals are no candidates; their values are not used",
+    "{1}: {2} dieren zijn geen kandidaat; hun waarden worden niet gebruikt"};
+constexpr Wording nothing_written = {"nothing was written", "er is niets geschreven"};
+
+/// Says what stands in the way, of which there may be more.
+void tell_refusal(ToolStreams& streams, std::string_view text) {
+  erase_progress(streams.progress);
+  flush(streams.console);
+  say(streams.messages, text);
+}
+
+struct PlanRun {
+  FolderRun& folder;
+  const PlanOptions& options;
+  ToolStreams& streams;
+  ToolLanguage language;
+
+  const AnalysedPopulation& population() const { return folder.population; }
+  const PopulationStore& store() const { return folder.population.store; }
+};
+
+using Refusal = std::optional<ToolRefusal>;
+
+/// Whether a subpopulation of this name exists; says so where it does not.
+bool has_subpopulation(const PlanRun& run) {
+  const Subpopulations& names = run.population().settings.layout.subpopulations;
+  std::string all;
+  for (std::int32_t k = 1; k <= names.count(); ++k) {
+    const std::string name = readable(names.text_of(k));
+    if (name == *run.options.subpopulation) return true;
+    all += (all.empty() ? "" : ", ") + shown(name);
+  }
+  tell_refusal(run.streams, phrase(no_subpopulation, run.language,
+                                   {in_quotes(*run.options.subpopulation), all.empty() ? "-" : all}));
+  return false;
+}
+
+/// The candidates; nothing after a message.
+std::optional<CandidatePool> find_candidates(PlanRun& run, PlanInput& input) {
+  const PlanOptions& options = run.options;
+  CandidateRules rules;
+  rules.years = options.years;
+  rules.least_generations = options.least_generations;
+  rules.needs_known_parents = options.needs_known_parents;
+  rules.subpopulation = options.subpopulation;
+  if (options.subpopulation && !has_subpopulation(run)) return std::nullopt;
+  if (!options.males_file.empty()) rules.listed.of_males = read_candidates(input, options.males_file, "--males", male);
+  if (!options.females_file.empty()) {
+    rules.listed.of_females = read_candidates(input, options.females_file, "--females", female);
+  }
+  if (!options.exclude_file.empty()) {
+    for (const ListedAnimal& animal : read_animals(input, options.exclude_file, "--exclude", LineForm::id)) {
+      rules.excluded.push_back(animal.position);
+    }
+  }
+  if (input.has_faults) return std::nullopt;
+  CandidatePool pool = gather_candidates(run.store(), rules);
+  for (const Sex sex : {male, female}) {
+    if (!pool.candidates.of(sex).positions.empty()) continue;
+    tell_refusal(run.streams, phrase(nobody, run.language,
+                                     {words_of(sex == male ? males_word : females_word, run.language),
+                                      sex == male ? "--males" : "--females"}));
+    return std::nullopt;
+  }
+  return pool;
+}
+
+/// Places of the candidates.
+std::unordered_map<std::int32_t, std::size_t> places_in(const PlanRequest& request) {
+  std::unordered_map<std::int32_t, std::size_t> places;
+  for (const std::int32_t position : candidates_of(request)) places.emplace(position, places.size());
+  return places;
+}
+
+void read_numbers(PlanInput& input, const std::string& file, PlanRequest& request) {
+  const auto places = places_in(request);
+  for (const ListedAnimal& animal : read_animals(input, file, "--numbers", LineForm::id_value)) {
+    const std::optional<NumberRange> range = read_range(animal.text);
+    const bool is_candidate = places.contains(animal.position);
+    if (!range || !is_candidate) {
+      input.has_faults = true;
+      tell_fault(input, file, animal.line, animal.id, range ? no_candidate : no_number);
+      continue;
+    }
+    request.fixed.push_back({animal.position, range->least, range->most});
+  }
+}
+
+void read_values(PlanInput& input, const std::string& file, PlanRequest& request) {
+  const auto places = places_in(request);
+  request.values.assign(places.size(), std::nullopt);
+  std::int64_t others = 0;
+  for (const ListedAnimal& animal : read_animals(input, file, "--values", LineForm::id_value)) {
+    const std::optional<double> value = read_value(animal.text);
+    const auto place = places.find(animal.position);
+    if (!value) {
+      input.has_faults = true;
+      tell_fault(input, file, animal.line, animal.id, no_value);
+    } else if (place == places.end()) {
+      ++others;
+    } else {
+      request.values[place->second] = value;
+    }
+  }
+  if (others == 0 || input.has_faults) return;
+  say(input.streams.messages,
+      phrase(not_candidates_with_values, input.language, {shown(file), std::to_string(others)}));
+}
+
+/// Numbers of matings that wishes need, against what animals may have.
+void check_wishes(PlanInput& input, const std::string& file, const std::vector<ReadPair>& pairs,
+                  const PlanRequest& request) {
+  const NumberLimits limits = number_limits_of(request);
+  const auto places = places_in(request);
+  std::unordered_map<std::int32_t, std::int32_t> wishes;
+  for (const ReadPair& pair : pairs) {
+    for (const std::int32_t position : {pair.female, pair.male}) {
+      if (++wishes[position] <= limits.most[places.at(position)]) continue;
+      input.has_faults = true;
+      tell_fault(input, file, pair.line, input.store.id(position), too_many_wishes);
+    }
+  }
+}
+
+void read_said_pairs(PlanInput& input, const PlanOptions& options, PlanRequest& request) {
+  const auto places = places_in(request);
+  if (!options.forbidden_file.empty()) {
+    for (const ReadPair& pair : read_pairs(input, options.forbidden_file, "--forbidden")) {
+      request.forbidden.push_back({pair.female, pair.male});
+    }
+  }
+  if (options.wished_file.empty()) return;
+  std::vector<ReadPair> wished;
+  for (const ReadPair& pair : read_pairs(input, options.wished_file, "--wished")) {
+    const bool is_forbidden =
+        std::any_of(request.forbidden.begin(), request.forbidden.end(),
+                    [&](const SaidPair& other) { return other.female == pair.female && other.male == pair.male; });
+    const bool is_known = places.contains(pair.female) && places.contains(pair.male);
+    if (is_forbidden || !is_known) {
+      input.has_faults = true;
+      const std::int32_t named = places.contains(pair.female) ? pair.male : pair.female;
+      tell_fault(input, options.wished_file, pair.line, input.store.id(named),
+                 is_forbidden ? is_forbidden_too : no_candidate);
+      continue;
+    }
+    wished.push_back(pair);
+    request.wished.push_back({pair.female, pair.male});
+  }
+  if (!input.has_faults) check_wishes(input, options.wished_file, wished, request);
+}
+
+/// What is asked for; nothing after a message.
+std::optional<PlanRequest> make_request(PlanRun& run, PlanInput& input, const CandidatePool& pool) {
+  const PlanOptions& options = run.options;
+  PlanRequest request;
+  request.males = pool.candidates.of_males.positions;
+  request.females = pool.candidates.of_females.positions;
+  const std::optional<std::int32_t> year = last_full_year(run.store());
+  request.matings = options.matings ? *options.matings : year ? litters_of_year(run.store(), *year) : 0;
+  if (request.matings == 0) {
+    tell_refusal(run.streams, words_of(no_matings, run.language));
+    return std::nullopt;
+  }
+  request.most_per_male = options.most_per_male;
+  request.most_per_female = options.most_per_female.value_or(1);
+  request.least_per_male = options.least_per_male.value_or(1);
+  request.most_f = options.most_f;
+  request.wants_pairs = options.wants_pairs;
+  constexpr double usual_rate = 0.005;
+  request.rate = options.rate.value_or(usual_rate);
+  if (!options.numbers_file.empty()) read_numbers(input, options.numbers_file, request);
+  if (!options.values_file.empty()) read_values(input, options.values_file, request);
+  if (!input.has_faults) read_said_pairs(input, options, request);
+  if (input.has_faults) return std::nullopt;
+  const std::string count = std::to_string(request.matings);
+  say(run.streams.console, options.matings ? phrase(matings_given, run.language, {count})
+                                           : phrase(matings_of_year, run.language, {count, std::to_string(*year)}));
+  return request;
+}
+
+Refusal refuse_plan(const PlanRun& run, const PlanRequest& request, const Plan& plan) {
+  if (plan.obstacle == PlanObstacle::stopped) return ToolRefusal{run.folder.words(was_stopped)};
+  for (const std::string& line : obstacle_sentences(run.store(), request, plan, run.language)) {
+    tell_refusal(run.streams, line);
+  }
+  return ToolRefusal{run.folder.words(nothing_written)};
+}
+
+/// A cell at the right of its column; letters of UTF-8 count as one.
+std::string padded(std::string_view text, std::size_t width) {
+  const auto letters = static_cast<std::size_t>(std::count_if(
+      text.begin(), text.end(), [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }));
+  return std::string(width > letters ? width - letters : 1, ' ') + std::string(text);
+}
+
+/// The comparison side by side, a line for each way.
+void say_comparison(const PlanRun& run, const ComparisonTable& table) {
+  constexpr std::size_t name_width = 40, cell_width = 14;
+  std::string heading(name_width, ' ');
+  for (std::size_t k = 1; k < table.short_headings.size(); ++k) heading += padded(table.short_headings[k], cell_width);
+  say(run.streams.console, heading);
+  for (const ComparisonTable::Row& row : table.rows) {
+    std::string line = "  " + row.way;
+    line += std::string(line.size() < name_width ? name_width - line.size() : 1, ' ');
+    for (const std::string& cell : row.cells) line += padded(cell.empty() ? "-" : cell, cell_width);
+    say(run.streams.console, line);
+  }
+}
+
+void say_curve(const PlanRun& run, const Plan& plan) {
+  if (plan.curve.empty()) return;
+  const ComparisonTable curve = curve_of(plan, run.language);
+  say(run.streams.console, curve.headings[0] + " | " + curve.headings[1] + " | " + curve.headings[2]);
+  for (const ComparisonTable::Row& row : curve.rows) {
+    say(run.streams.console,
+        "  " + row.way + " | " + row.cells[0] + " | " + (row.cells[1].empty() ? "-" : row.cells[1]));
+  }
+}
+
+void say_plan(const PlanRun& run, const PlanRequest& request, const Plan& plan) {
+  say_comparison(run, comparison_of(plan, run.language));
+  for (const std::string& line : result_sentences(plan, run.language)) say(run.streams.console, line);
+  say_curve(run, plan);
+  const std::string gain = gain_sentence(plan, run.language);
+  if (!gain.empty()) say(run.streams.console, gain);
+  const PlanWarnings warnings = find_warnings(run.store(), request, plan);
+  for (const std::string& line : warning_sentences(warnings, request, run.language)) say(run.streams.console, line);
+}
+
+/// What a file of the plan will be called, and what stands in it.
+struct PlanFile {
+  std::string name, content;
+  NewFile file = {};
+};
+
+std::vector<PlanFile> make_files(const PlanRun& run, const PlanRequest& request, const Plan& plan,
+                                 const CandidatePool& pool, const PlannedMatings& matings) {
+  const auto name = [&](std::string_view ending) { return name_beside_report(run.population().settings, ending); };
+  const PlanTables tables = {run.store(), plan, matings, pool, request.matings, run.language};
+  std::vector<PlanFile> files;
+  if (request.wants_pairs) {
+    TableWriter pairs;
+    write_plan_table(tables, pairs);
+    files.push_back({name("_plan.tsv"), std::move(pairs.text)});
+  }
+  TableWriter contributions;
+  write_contributions_table(tables, contributions);
+  files.push_back({name("_contributions.tsv"), std::move(contributions.text)});
+  files.push_back(
+      {name("_plan.html"), make_plan_page({run.store(), request, plan, matings, pool,
+                                           run.population().settings.population_name.trimmed(), run.language})});
+  return files;
+}
+
+/// Refuses files whose names are those of something else.
+FileProblem find_name_problem(const PlanRun& run, const std::vector<PlanFile>& files) {
+  const PlanOptions& options = run.options;
+  const std::array<std::string, 7> lists = {options.females_file, options.males_file,     options.exclude_file,
+                                            options.numbers_file, options.forbidden_file, options.wished_file,
+                                            options.values_file};
+  for (const PlanFile& file : files) {
+    FileProblem problem = find_obstacle(run.folder, file.name, lists, is_in_use);
+    if (!problem.name.empty()) return problem;
+  }
+  return {};
+}
+
+Refusal write_files(const PlanRun& run, std::vector<PlanFile>& files) {
+  FileProblem problem = find_name_problem(run, files);
+  bool is_fine = problem.name.empty();
+  std::vector<NewFile*> begun;
+  for (PlanFile& file : files) {
+    is_fine = is_fine && begin_file(file.file, file.name, problem);
+    if (!is_fine) break;
+    begun.push_back(&file.file);
+    write_bytes(file.file, file.content);
+  }
+  if (is_fine && !is_stop_requested(run.streams) && finish_all(begun, true, problem)) {
+    for (const PlanFile& file : files) say(run.streams.console, phrase(written, run.language, {shown(file.name)}));
+    return std::nullopt;
+  }
+  for (NewFile* const file : begun) abandon(*file);
+  if (is_stop_requested(run.streams)) return ToolRefusal{run.folder.words(was_stopped)};
+  return ToolRefusal{run.folder.words(not_written, {shown(problem.name), problem.reason})};
+}
+
+Refusal plan_and_write(FolderRun& folder, const PlanOptions& options) {
+  PlanRun run = {folder, options, folder.streams, folder.language};
+  PlanInput input = {run.store(), run.streams, run.language};
+  const std::optional<CandidatePool> pool = find_candidates(run, input);
+  if (!pool) return ToolRefusal{folder.words(nothing_written)};
+  for (const Sex sex : {male, female}) {
+    say(run.streams.console, candidates_sentence(pool->candidates.of(sex), sex, run.language));
+  }
+  const std::optional<PlanRequest> request = make_request(run, input, *pool);
+  if (!request) return ToolRefusal{folder.words(nothing_written)};
+  const PlanWatch watch = {&run.streams.progress, run.streams.stop_request};
+  begin_progress(run.streams.progress, words_of(planning_label, run.language));
+  const Plan plan = make_plan(run.store(), *request, watch);
+  if (plan.obstacle != PlanObstacle::none) return refuse_plan(run, *request, plan);
+  const PlannedMatings matings = describe_plan(run.store(), plan.candidates, plan.pairs, watch);
+  erase_progress(run.streams.progress);
+  if (matings.parts.size() != plan.pairs.size()) return ToolRefusal{folder.words(was_stopped)};
+  std::vector<PlanFile> files = make_files(run, *request, plan, *pool, matings);
+  say_plan(run, *request, plan);
+  return write_files(run, files);
+}
+
+}  // namespace
+
+int run_plan(std::span<const std::string_view> arguments, ToolStreams& streams) {
+  PlanOptions options;
+  const std::string problem = read_plan_options(arguments, options);
+  return run_in_folder("plan", problem, streams, [&](FolderRun& run) { return plan_and_write(run, options); });
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,227 @@
+#include "tools/plan_inputs.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+#include <unordered_map>
+#include <utility>
+
+#include "checks/readable_text.h"
+#include "core/line_reader.h"
+#include "matings/candidates.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr Wording not_opened = {"{1}: the file of {2} could not be opened; look at its name and folder",
+                                "{1}: het bestand van {2} kon niet geopend worden; kijk naar naam en map"};
+constexpr Wording no_text = {
+    "{1}: a text in UTF-8 or Windows-1252 was expected; this file is neither (UTF-16?)",
+    "{1}: een tekst in UTF-8 of Windows-1252 werd verwacht; dit bestand is dat niet (UTF-16?)"};
+constexpr Wording too_many_lines = {"{1}: more than {2} lines; name fewer animals",
+                                    "{1}: meer dan {2} regels; noem minder dieren"};
+constexpr Wording empty_list = {"{1}: nothing stands in this file", "{1}: in dit bestand staat niets"};
+constexpr Wording fault_line = {"{1}, line {2}: {3}: {4}", "{1}, regel {2}: {3}: {4}"};
+constexpr Wording unknown_id = {"no animal has this identification; mend it or take the line out",
+                                "geen dier heeft deze identificatie; verbeter haar of haal de regel weg"};
+constexpr Wording is_male = {
+    "a female was expected, this animal is male; mend the list or the data file",
+    "een vrouwelijk dier werd verwacht, dit is mannelijk; verbeter de lijst of het databestand"};
+constexpr Wording is_female = {
+    "a male was expected, this animal is female; mend the list or the data file",
+    "een mannelijk dier werd verwacht, dit is vrouwelijk; verbeter de lijst of het databestand"};
+constexpr Wording same_sex = {"a female and a male were expected, both are of one sex; mend the list or the data file",
+                              "een vrouwelijk en een mannelijk dier werden verwacht, beide zijn van een geslacht; "
+                              "verbeter de lijst of het databestand"};
+constexpr Wording lacks_field = {"a second field was expected, behind a tab, semicolon, comma or blank",
+                                 "een tweede veld werd verwacht, na een tab, puntkomma, komma of spatie"};
+constexpr Wording repeated = {"stands in the list already; taken once", "staat al in de lijst; eenmaal meegenomen"};
+constexpr Wording further_faults = {"{1}: and more faults of this list", "{1}: en nog meer fouten in deze lijst"};
+
+constexpr std::string_view blanks = " \t\r";
+
+std::string_view without_blanks(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(blanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+/// Two fields of a line; the second is empty where nothing divides them.
+std::pair<std::string_view, std::string_view> fields_of(std::string_view line) {
+  for (const char separator : {'\t', ';', ',', ' '}) {
+    const std::size_t place = line.find(separator);
+    if (place == std::string_view::npos) continue;
+    return {without_blanks(line.substr(0, place)), without_blanks(line.substr(place + 1))};
+  }
+  return {line, {}};
+}
+
+void tell(ToolStreams& streams, std::string_view text) {
+  flush(streams.console);
+  say(streams.messages, text);
+}
+
+struct ListLine {
+  std::int64_t number = 0;
+  std::string text;
+};
+
+void refuse_file(PlanInput& input, const Wording& wording, std::initializer_list<std::string_view> values) {
+  input.has_faults = true;
+  tell(input.streams, phrase(wording, input.language, values));
+}
+
+std::vector<ListLine> read_lines(PlanInput& input, const std::string& name, std::string_view option) {
+  constexpr std::size_t most_lines = 1'000'000;
+  constexpr std::string_view utf_8_mark = "\xEF\xBB\xBF";
+  std::vector<ListLine> lines;
+  LineReader reader;
+  if (!open_for_reading(reader, name)) {
+    refuse_file(input, not_opened, {in_quotes(name), option});
+    return lines;
+  }
+  std::string_view line;
+  while (read_line(reader, line)) {
+    if (line.find('\0') != std::string_view::npos || (reader.line_number == 1 && line.starts_with("\xFF\xFE"))) {
+      refuse_file(input, no_text, {shown(name)});
+      return {};
+    }
+    if (reader.line_number == 1 && line.starts_with(utf_8_mark)) line.remove_prefix(utf_8_mark.size());
+    const std::string_view text = without_blanks(line);
+    if (!text.empty()) lines.push_back({reader.line_number, std::string(text)});
+    if (lines.size() <= most_lines) continue;
+    refuse_file(input, too_many_lines, {shown(name), std::to_string(most_lines)});
+    return {};
+  }
+  if (reader.error != 0) refuse_file(input, {"{1}: {2}", "{1}: {2}"}, {shown(name), error_text(reader.error)});
+  if (lines.empty() && !input.has_faults) refuse_file(input, empty_list, {shown(name)});
+  return lines;
+}
+
+/// Whether a first line names columns instead of an animal.
+bool is_heading(const ListedAnimal& animal, LineForm form) {
+  return form == LineForm::id_value && animal.position == 0 && !read_value(animal.text) && !read_range(animal.text);
+}
+
+/// Faults of one list: beyond so many, one line says that there are more.
+struct FaultCount {
+  static constexpr int most = 20;
+  int count = 0;
+};
+
+void count_fault(PlanInput& input, FaultCount& faults, const std::string& name, const ListedAnimal& animal,
+                 const Wording& fault) {
+  input.has_faults = true;
+  if (++faults.count <= FaultCount::most) tell_fault(input, name, animal.line, animal.id, fault);
+  if (faults.count == FaultCount::most + 1) tell(input.streams, phrase(further_faults, input.language, {shown(name)}));
+}
+
+/// The lines of a list cut into fields, with the animals that they name.
+std::vector<ListedAnimal> look_up(const PlanInput& input, const std::vector<ListLine>& lines, LineForm form) {
+  std::vector<ListedAnimal> animals;
+  std::vector<ListedId> ids;
+  for (const ListLine& line : lines) {
+    const auto fields =
+        form == LineForm::id ? std::pair(std::string_view(line.text), std::string_view()) : fields_of(line.text);
+    animals.push_back({line.number, 0, std::string(fields.first), std::string(fields.second)});
+    ids.push_back({line.number, std::string(fields.first)});
+  }
+  const std::vector<std::int32_t> positions = positions_listed(input.store, ids);
+  for (std::size_t k = 0; k < animals.size(); ++k) animals[k].position = positions[k];
+  return animals;
+}
+
+}  // namespace
+
+void tell_fault(PlanInput& input, const std::string& name, std::int64_t line, std::string_view text,
+                const Wording& fault) {
+  tell(input.streams,
+       phrase(fault_line, input.language,
+              {shown(name), std::to_string(line), in_quotes(readable(text)), words_of(fault, input.language)}));
+}
+
+std::vector<ListedAnimal> read_animals(PlanInput& input, const std::string& name, std::string_view option,
+                                       LineForm form) {
+  std::vector<ListedAnimal> animals = look_up(input, read_lines(input, name, option), form);
+  if (!animals.empty() && is_heading(animals.front(), form)) animals.erase(animals.begin());
+  std::vector<ListedAnimal> known;
+  std::unordered_map<std::int32_t, std::int64_t> first_line;
+  FaultCount faults;
+  for (ListedAnimal& animal : animals) {
+    if (animal.position == 0) {
+      count_fault(input, faults, name, animal, unknown_id);
+    } else if (form != LineForm::id && animal.text.empty()) {
+      count_fault(input, faults, name, animal, lacks_field);
+    } else if (form != LineForm::two_ids && !first_line.emplace(animal.position, animal.line).second) {
+      tell_fault(input, name, animal.line, animal.id, repeated);
+    } else {
+      known.push_back(std::move(animal));
+    }
+  }
+  return known;
+}
+
+std::vector<std::int32_t> read_candidates(PlanInput& input, const std::string& name, std::string_view option, Sex sex) {
+  std::vector<std::int32_t> positions;
+  FaultCount faults;
+  for (const ListedAnimal& animal : read_animals(input, name, option, LineForm::id)) {
+    if (input.store.sex[animal.position] == sex) {
+      positions.push_back(animal.position);
+    } else {
+      count_fault(input, faults, name, animal, sex == female ? is_male : is_female);
+    }
+  }
+  return positions;
+}
+
+std::vector<ReadPair> read_pairs(PlanInput& input, const std::string& name, std::string_view option) {
+  const std::vector<ListedAnimal> first = read_animals(input, name, option, LineForm::two_ids);
+  std::vector<ListedId> mates;
+  mates.reserve(first.size());
+  for (const ListedAnimal& animal : first) mates.push_back({animal.line, animal.text});
+  const std::vector<std::int32_t> positions = positions_listed(input.store, mates);
+  std::vector<ReadPair> pairs;
+  FaultCount faults;
+  for (std::size_t k = 0; k < first.size(); ++k) {
+    const Sex sex = input.store.sex[first[k].position];
+    if (positions[k] == 0) {
+      count_fault(input, faults, name, {first[k].line, 0, first[k].text, {}}, unknown_id);
+    } else if (input.store.sex[positions[k]] == sex) {
+      count_fault(input, faults, name, first[k], same_sex);
+    } else {
+      const bool is_female_first = sex == female;
+      pairs.push_back({first[k].line, is_female_first ? first[k].position : positions[k],
+                       is_female_first ? positions[k] : first[k].position});
+    }
+  }
+  return pairs;
+}
+
+std::optional<double> read_value(std::string_view text) {
+  constexpr double most = 1e12;  // beyond any scale of breeding values
+  std::string number(text);
+  if (number.find_first_not_of("0123456789.,-+eE") != std::string::npos) return std::nullopt;
+  if (const std::size_t comma = number.find(','); comma != std::string::npos) number[comma] = '.';
+  if (number.starts_with('+') && !number.starts_with("+-")) number.erase(0, 1);
+  char* end = nullptr;
+  const double value = std::strtod(number.c_str(), &end);
+  const bool is_number = !number.empty() && end == number.c_str() + number.size() && std::abs(value) <= most;
+  return is_number ? std::optional(value) : std::nullopt;
+}
+
+std::optional<NumberRange> read_range(std::string_view text) {
+  NumberRange range;
+  const char* const end = text.data() + text.size();
+  auto [stop, error] = std::from_chars(text.data(), end, range.least);
+  if (error != std::errc() || range.least < 0) return std::nullopt;
+  range.most = range.least;
+  if (stop != end && *stop == '-') {
+    const auto second = std::from_chars(stop + 1, end, range.most);
+    stop = second.ptr;
+    error = second.ec;
+  }
+  const bool is_range = error == std::errc() && stop == end && range.most >= range.least;
+  return is_range ? std::optional(range) : std::nullopt;
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,25 @@
+// What stands on the command line of `pedigreewatch-tools plan`.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace pedigreewatch {
+
+struct PlanOptions {
+  std::string females_file, males_file, exclude_file, numbers_file, forbidden_file, wished_file, values_file;
+  std::optional<std::int32_t> years, matings, most_per_male, most_per_female, least_per_male;
+  std::optional<std::string> subpopulation;
+  double least_generations = 0.0;
+  bool needs_known_parents = false;
+  std::optional<double> most_f, rate;  ///< as fractions
+  bool wants_pairs = true;
+};
+
+/// Yields what is wrong with the arguments; empty: nothing.
+std::string read_plan_options(std::span<const std::string_view> arguments, PlanOptions& options);
+
+}  // namespace pedigreewatch
