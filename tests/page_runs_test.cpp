@@ -250,5 +250,12 @@ TEST(PageArguments, ReferencePopulationCanBeChosen) {
   EXPECT_TRUE(has(page_of(files), "The figures are about the 4 animals born from"));
 }
 
+// One style serves charts and first screen: what one of them draws hollow must not empty the letters of the other.
+TEST(PageStyle, LettersOfTheUnitsAreNotDrawnInTheColourOfThePaper) {
+  const std::string style(page_style());
+  EXPECT_EQ(style.find(".u{fill:var(--b)"), std::string::npos);
+  EXPECT_NE(style.find(".hole{fill:var(--b)"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -162,6 +162,7 @@ TEST(PlanRun, RefusesBadListsWithFileAndLine) {
       {"--numbers", "bo 1\nad many\n", "x.txt, line 2: \"ad\": a number of matings such as 3 or 2-5 was expected"},
       {"--numbers", "pa 1\n", "x.txt, line 1: \"pa\": this animal is none of the candidates"},
       {"--values", "bo 1\nad high\n", "x.txt, line 2: \"ad\": a breeding value, which is a number, was expected"},
+      {"--values", "pa 1\n", "x.txt: none of its animals is a candidate: there is no breeding value to plan with"},
       {"--values", "bo 1\nad nan\n", "x.txt, line 2: \"ad\": a breeding value, which is a number, was expected"},
       {"--forbidden", "eva nobody\n", "x.txt, line 1: \"nobody\": no animal has this identification"},
       {"--forbidden", "eva fie\n", "x.txt, line 1: \"eva\": a female and a male were expected"},

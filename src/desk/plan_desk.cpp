@@ -96,7 +96,7 @@ std::string plan_answer(const Desk& desk) {
                 {candidates_sentence(made.pool.candidates.of_males, male, desk.language),
                  candidates_sentence(made.pool.candidates.of_females, female, desk.language)});
   std::vector<std::string> lines = result_sentences(made.plan, desk.language, made.is_changed);
-  lines.push_back(gain_sentence(made.plan, desk.language));
+  lines.push_back(gain_sentence(made.plan, warnings, desk.language));
   add_sentences(json, "lines", lines);
   add_sentences(json, "warnings", warning_sentences(warnings, made.request, desk.language, PlanSpeaker::desk));
   add_comparison(json, comparison_of(made.plan, desk.language));

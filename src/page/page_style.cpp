@@ -61,7 +61,7 @@ html{color-scheme:light dark}
 .pw .card{border:1px solid var(--l);border-radius:8px;padding:.8rem 1rem;min-width:0}
 .pw .gauge{display:block;width:100%;height:auto}.pw .ww,.pw .wn{display:block;width:100%;height:auto}.pw .wn{display:none}
 .pw svg .z0{fill:#f3c9c6}.pw svg .z1{fill:#ffe2a3}.pw svg .z2{fill:#cfe8d6}.pw .gauge rect+text.t{fill:#1a1a1a}
-.pw svg .k{fill:var(--t)}.pw svg .k1{fill:var(--t);stroke:var(--b);stroke-width:3}.pw svg .u{fill:var(--b);stroke-width:2.5}.pw svg .k2{stroke:var(--n)}
+.pw svg .k{fill:var(--t)}.pw svg .k1{fill:var(--t);stroke:var(--b);stroke-width:3}.pw svg .hole{fill:var(--b);stroke-width:2.5}.pw svg .k2{stroke:var(--n)}
 .pw svg .n1{fill:var(--1);font-weight:700}.pw svg .n2{fill:var(--2);font-weight:700}
 .pw .tiles{display:grid;grid-template-columns:1fr 1fr;gap:.6rem 1rem}.pw .tile{border-left:5px solid var(--l);padding-left:.6rem}.pw .tile.bad{border-left:5px double var(--m)}
 .pw .tile p{margin:0}.pw .bad .t,.pw .over{color:var(--m)}.pw .tile .fig{font-size:1.2rem;font-weight:700;line-height:1.2}
@@ -88,7 +88,7 @@ if(i!==undefined){e.preventDefault();show(i)}})}
 )js";
 
 // Of the bytes above, as `openssl dgst -sha256 -binary | base64` gives them; a test compares.
-constexpr std::string_view style_hash = "QB/mutmC0SoIvf++2shml8Fh2vCHZNQIiEyZXSizbV4=";
+constexpr std::string_view style_hash = "0Cqg1sgbveYfCCvfMoWH5cHfZBdGw18Knnd+TaHuhHI=";
 constexpr std::string_view script_hash = "KcbYCxTcr4NdpUOY+gVWj+W/3o1zAqd96Kj/Gvt6Ht4=";
 
 }  // namespace

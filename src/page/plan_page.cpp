@@ -176,14 +176,14 @@ void write_section(std::string& page, const PlanPageInput& input, std::string_vi
 
 std::string summary_of(const PlanPageInput& input) {
   std::string text;
-  add_paragraph(text, gain_sentence(input.plan, input.language));
+  const PlanWarnings warnings = find_warnings(input.store, input.request, input.plan);
+  add_paragraph(text, gain_sentence(input.plan, warnings, input.language));
   for (const Sex sex : {male, female}) {
     add_paragraph(text, candidates_sentence(input.pool.candidates.of(sex), sex, input.language));
   }
   for (const std::string& line : result_sentences(input.plan, input.language, input.is_changed)) {
     add_paragraph(text, line);
   }
-  const PlanWarnings warnings = find_warnings(input.store, input.request, input.plan);
   for (const std::string& line : warning_sentences(warnings, input.request, input.language)) {
     text += "<p><strong>" + escaped(line) + "</strong></p>\n";
   }

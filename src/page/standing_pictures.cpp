@@ -152,7 +152,7 @@ void draw_points(std::string& page, const TrendPlane& plane, const std::vector<T
   page += "<path class=\"l " + colour + "\" d=\"" + path + "\"/>";
   if (before == nullptr || before->year != plane.last_year) return;
   constexpr double radius = 3.5;
-  draw_circle(page, plane.x(before->year), plane.y(before->percentage), radius, "u " + colour);
+  draw_circle(page, plane.x(before->year), plane.y(before->percentage), radius, "hole " + colour);
 }
 
 struct Trend {
@@ -166,11 +166,13 @@ Trend make_trend(const PageFrame& frame, const Standing& standing, std::int32_t 
   trend.inbreeding = points_of(frame, &InbreedingRow::F, first_year, 1);
   trend.kinship = points_of(frame, &InbreedingRow::f_without_self, first_year, 2);
   trend.limit_from = standing.rule ? standing.rule->year : standing.years.now_first;
-  trend.limit_from = std::clamp(trend.limit_from, first_year, standing.years.last);
+  trend.limit_from = std::max(first_year, std::min(trend.limit_from, standing.years.last));
   for (const TrendPoint& point : trend.kinship) {
     if (point.year <= trend.limit_from) trend.limit_height = point.percentage;
   }
-  trend.limit_rise = (standing.years.last - trend.limit_from) / standing.years.generation_interval;
+  if (standing.years.generation_interval > 0.0) {
+    trend.limit_rise = (standing.years.last - trend.limit_from) / standing.years.generation_interval;
+  }
   return trend;
 }
 
@@ -206,8 +208,10 @@ void draw_trend_of_width(std::string& page, const PageFrame& frame, const Standi
     draw_line(page, x, TrendPlane::top, x, plane.y(0.0), "a");
     draw_text(page, x - 4.0, TrendPlane::top + 8.0, "e", std::to_string(standing.rule->year));
   }
-  draw_line(page, plane.x(trend.limit_from), plane.y(trend.limit_height), plane.x(standing.years.last),
-            plane.y(trend.limit_height + trend.limit_rise), "r");
+  if (trend.limit_rise > 0.0) {
+    draw_line(page, plane.x(trend.limit_from), plane.y(trend.limit_height), plane.x(standing.years.last),
+              plane.y(trend.limit_height + trend.limit_rise), "r");
+  }
   draw_points(page, plane, trend.inbreeding, "l1");
   draw_points(page, plane, trend.kinship, "l2");
   draw_names(page, frame, plane, trend);
@@ -239,7 +243,7 @@ void draw_gauge(std::string& page, const PageFrame& frame, const Standing& stand
   double label = text_place(place_of(now));
   if (standing.before.rate) {
     const double before = effective_size_of(*standing.before.rate);
-    draw_circle(page, place_of(before), middle, radius - 1.0, "u k2");
+    draw_circle(page, place_of(before), middle, radius - 1.0, "hole k2");
     constexpr double apart = 88.0;
     double of_before = text_place(place_of(before));
     if (std::abs(of_before - label) < apart) {

@@ -50,6 +50,11 @@ constexpr Wording numbers_line = {
     "niets meer"};
 constexpr Wording value_numbers_line = {"whole numbers: mean kinship {1}, mean breeding value {2}",
                                         "hele aantallen: gemiddelde verwantschap {1}, gemiddelde fokwaarde {2}"};
+constexpr Wording bound_missed_line = {
+    "these whole numbers do not keep the bound: {1} is above {2}; give more --matings, a lower --most-per-male, or a "
+    "higher --rate",
+    "deze hele aantallen blijven niet onder de grens: {1} is hoger dan {2}; geef meer --matings, een lagere "
+    "--most-per-male of een hogere --rate"};
 constexpr Wording pairs_line = {
     "pairs: mean F {1}; with these numbers, and without the pairs that may not be, no other pairs have a lower one",
     "paren: gemiddelde F {1}; met deze aantallen, en zonder de paren die niet mogen, hebben geen andere paren een "
@@ -73,6 +78,12 @@ constexpr Wording no_loss_line = {
     "De gemiddelde verwantschap van de jongen is de laatste tien jaar niet meetbaar gestegen: de winst is niet in "
     "jaren "
     "uit te drukken."};
+
+constexpr Wording gain_is_uncertain = {
+    " {1} % of the plan are animals with hardly any known ancestors, which count as unrelated: the true gain may be much "
+    "smaller.",
+    " {1} % van het plan zijn dieren met nauwelijks bekende voorouders, die als onverwant tellen: de echte winst kan veel "
+    "kleiner zijn."};
 
 constexpr Wording little_known_warning = {
     "{1} candidates have fewer than {2} equivalent generations of known ancestors: they look unrelated because nobody "
@@ -324,6 +335,9 @@ std::vector<std::string> result_sentences(const Plan& plan, ToolLanguage languag
     const auto& value = plan.of(PlanWay::random_pairs);
     lines.push_back(phrase(value_numbers_line, language,
                            {digits(planned), fixed_decimals(value ? value->value.value_or(0.0) : 0.0, 4)}));
+    if (planned > plan.most_kinship) {
+      lines.push_back(phrase(bound_missed_line, language, {digits(planned), digits(plan.most_kinship)}));
+    }
   } else {
     lines.push_back(
         phrase(numbers_line, language, {digits(planned), fixed_decimals(100.0 * (planned / best - 1.0), 3)}));
@@ -333,13 +347,17 @@ std::vector<std::string> result_sentences(const Plan& plan, ToolLanguage languag
   return lines;
 }
 
-std::string gain_sentence(const Plan& plan, ToolLanguage language) {
+std::string gain_sentence(const Plan& plan, const PlanWarnings& warnings, ToolLanguage language) {
   if (!plan.of(PlanWay::last_year) || !plan.loss_per_year) return {};
   if (!plan.years_gained) return std::string(words_of(no_loss_line, language));
   const Wording& wording = *plan.years_gained >= 0.0 ? gain_line : lost_line;
-  return phrase(wording, language,
-                {std::to_string(plan.last_year), fixed_decimals(std::abs(*plan.years_gained), 1),
-                 percent_of(*plan.loss_per_year, 3)});
+  std::string sentence = phrase(wording, language,
+                                {std::to_string(plan.last_year), fixed_decimals(std::abs(*plan.years_gained), 1),
+                                 percent_of(*plan.loss_per_year, 3)});
+  if (warnings.share_of_little_known > 0.0 && *plan.years_gained >= 0.0) {
+    sentence += phrase(gain_is_uncertain, language, {percent_of(warnings.share_of_little_known, 1)});
+  }
+  return sentence;
 }
 
 std::vector<std::string> warning_sentences(const PlanWarnings& warnings, const PlanRequest& request,

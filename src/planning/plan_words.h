@@ -33,7 +33,7 @@ ComparisonTable comparison_of(const Plan& plan, ToolLanguage language);
 std::vector<std::string> result_sentences(const Plan& plan, ToolLanguage language, bool is_changed = false);
 
 /// What the plan gains, in years of today's loss.
-std::string gain_sentence(const Plan& plan, ToolLanguage language);
+std::string gain_sentence(const Plan& plan, const PlanWarnings& warnings, ToolLanguage language);
 
 std::vector<std::string> warning_sentences(const PlanWarnings& warnings, const PlanRequest& request,
                                            ToolLanguage language, PlanSpeaker speaker = PlanSpeaker::console);

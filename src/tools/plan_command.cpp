@@ -54,6 +54,9 @@ constexpr Wording is_forbidden_too = {"this pair is forbidden too; take it out o
 constexpr Wording too_many_wishes = {
     "wished for more often than its number of matings allows; take wishes out, or raise the number",
     "vaker gewenst dan zijn aantal paringen toelaat; haal wensen weg, of verhoog het aantal"};
+constexpr Wording no_values_at_all = {
+    "{1}: none of its animals is a candidate: there is no breeding value to plan with",
+    "{1}: geen van de dieren is kandidaat: er is geen fokwaarde om mee te plannen"};
 constexpr Wording not_candidates_with_values = {
     "{1}: {2} animals are no candidates; their values are not used",
     "{1}: {2} dieren zijn geen kandidaat; hun waarden worden niet gebruikt"};
@@ -158,6 +161,12 @@ void read_values(PlanInput& input, const std::string& file, PlanRequest& request
     } else {
       request.values[place->second] = value;
     }
+  }
+  const bool has_values =
+      std::any_of(request.values.begin(), request.values.end(), [](const auto& value) { return value.has_value(); });
+  if (!has_values && !input.has_faults) {
+    input.has_faults = true;
+    say(input.streams.messages, phrase(no_values_at_all, input.language, {shown(file)}));
   }
   if (others == 0 || input.has_faults) return;
   say(input.streams.messages,
@@ -278,9 +287,9 @@ void say_plan(const PlanRun& run, const PlanRequest& request, const Plan& plan) 
   say_comparison(run, comparison_of(plan, run.language));
   for (const std::string& line : result_sentences(plan, run.language)) say(run.streams.console, line);
   say_curve(run, plan);
-  const std::string gain = gain_sentence(plan, run.language);
-  if (!gain.empty()) say(run.streams.console, gain);
   const PlanWarnings warnings = find_warnings(run.store(), request, plan);
+  const std::string gain = gain_sentence(plan, warnings, run.language);
+  if (!gain.empty()) say(run.streams.console, gain);
   for (const std::string& line : warning_sentences(warnings, request, run.language)) say(run.streams.console, line);
 }
 
