@@ -39,6 +39,11 @@ function drawSaving(desk: Desk): HTMLElement {
     kept("savePage", "page", `${stem}.html`, "text/html"), kept("saveYears", "years", `${stem}_years.tsv`, table),
     kept("saveAnimals", "animals", `${stem}_animals.tsv`, table), kept("saveDiversity", "diversity", `${stem}_diversity.tsv`, table),
     kept("saveStanding", "standing", `${stem}_standing.tsv`, table),
+    kept("saveCohorts", "cohorts", `${stem}_cohorts.tsv`, table), kept("saveByKinship", "byKinship", `${stem}_by_kinship.tsv`, table),
+    kept("saveMostInbred", "mostInbred", `${stem}_most_inbred.tsv`, table),
+    kept("saveUsedSires", "usedSires", `${stem}_used_sires.tsv`, table),
+    kept("saveFounders", "founders", `${stem}_founders.tsv`, table),
+    hasSubpopulations ? kept("saveDivision", "division", `${stem}_division.tsv`, table) : null,
     hasSubpopulations ? kept("saveSubpopulations", "subpopulations", `${stem}_subpopulations.tsv`, table) : null);
 }
 

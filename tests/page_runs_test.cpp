@@ -66,6 +66,47 @@ TEST(Sha256, OfTheExampleOfItsStandard) {
   EXPECT_EQ(sha256_in_base64("abc"), "ungWv48Bz+pBQUDeXa4iI7ADYaOWF3qctBD/YfIAFa0=");
 }
 
+/// S and D have a, b and c; d is of the full sibs a and b, e of S and its daughter b.
+const std::string close_family = std::string(head) +
+                                 "S;;;m;01-01-2000\nD;;;f;02-01-2000\na;S;D;m;03-03-2002\nb;S;D;f;04-03-2002\n"
+                                 "c;S;D;f;04-03-2002\nd;a;b;f;05-05-2004\ne;S;b;m;06-05-2004\n";
+
+TEST(PageDiversity, ShowsWhatIsLeftOfTheFoundersByYear) {
+  const std::string page = page_of_data(close_family);
+  const PageTable diversity = table_in(chart_of(page, "gene-diversity"));
+  ASSERT_EQ(diversity.rows.size(), 5U);
+  // Of three full sibs the mean kinship is (3/2 + 6/4) / 9 = 1/3; two founders alike: 1/4 is lost with them.
+  EXPECT_EQ(diversity.rows[2].cells, (std::vector<std::string>{"3", "0.6667", "0.2500", "0.0833"}));
+  EXPECT_EQ(diversity.rows[3].cells[1], dash);
+}
+
+TEST(PageDiversity, ShowsCloseMatingsAndClassesOfInbreeding) {
+  const std::string page = page_of_data(close_family);
+  const PageTable matings = table_in(chart_of(page, "close-matings")),
+                  classes = table_in(chart_of(page, "inbreeding-classes"));
+  EXPECT_EQ(matings.rows[4].cells, (std::vector<std::string>{"2", "2", "50.00", "50.00", "0.00", "0.00"}));
+  EXPECT_EQ(classes.rows[4].cells, (std::vector<std::string>{"2", "0", "0", "0", "2", "0"}));
+}
+
+TEST(PageLists, NameTheAnimalsThatPeopleActOn) {
+  const std::string page = page_of_data(close_family);
+  const auto list = [&](std::string_view caption) {
+    const std::size_t place = page.find(caption);
+    EXPECT_NE(place, std::string::npos) << caption;
+    return table_in(std::string_view(page).substr(place));
+  };
+  const PageTable sires = list("The most used sires, and the breed without them");
+  ASSERT_EQ(sires.rows.size(), 2U);
+  EXPECT_EQ(sires.rows[0].heading, "S");
+  // Of the five animals with two known parents S has four, and none is left without him.
+  EXPECT_EQ(sires.rows[0].cells, (std::vector<std::string>{"2000", "4", "80.0", "5", std::string(dash)}));
+  const PageTable inbred = list("The most inbred animals");
+  ASSERT_EQ(inbred.rows.size(), 2U);
+  EXPECT_EQ(inbred.rows[0].cells[1], "0.2500");
+  EXPECT_EQ(list("Females with the lowest mean kinship").rows.size(), 4U);
+  EXPECT_EQ(list("Males with the lowest mean kinship").rows.size(), 3U);
+}
+
 TEST(PagePolicy, NamesTheHashesOfStyleAndScriptAndNothingElse) {
   const std::string page = page_of_data(std::string(head) + "a;;;m;01-01-2001\n");
   const std::string policy = "content=\"default-src 'none'; style-src 'sha256-" + sha256_in_base64(page_style()) +

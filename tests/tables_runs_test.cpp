@@ -37,8 +37,9 @@ TEST(TablesRun, WritesItsTablesAndNothingElse) {
   EXPECT_EQ(run.messages, "");
   std::vector<std::string> names;
   for (const auto& [name, bytes] : run.files) names.push_back(name);
-  EXPECT_EQ(names, (std::vector<std::string>{"dogs.txt", "dogs_animals.tsv", "dogs_diversity.tsv", "dogs_standing.tsv",
-                                             "dogs_years.tsv", "pedigreewatch.ini"}));
+  EXPECT_EQ(names, (std::vector<std::string>{"dogs.txt", "dogs_animals.tsv", "dogs_by_kinship.tsv", "dogs_cohorts.tsv",
+                                             "dogs_diversity.tsv", "dogs_most_inbred.tsv", "dogs_standing.tsv",
+                                             "dogs_used_sires.tsv", "dogs_years.tsv", "pedigreewatch.ini"}));
   EXPECT_TRUE(has_line(run.console, "dogs_animals.tsv: 5 animals"));
   EXPECT_TRUE(has_line(run.console, "dogs_years.tsv: 5 birth years"));
   EXPECT_EQ(run.file("dogs.txt"), family);
@@ -67,12 +68,12 @@ TEST(TablesRun, LeavesYearsWithoutAnimalsEmpty) {
   EXPECT_EQ(years.cell(2, "offspring_per_dam_sd"), "");  // of one value
 }
 
-TEST(TablesRun, ShowsTheKinshipOfTheReferencePopulationOnly) {
+TEST(TablesRun, ShowsTheKinshipOfAllAnimalsWithTheReferencePopulation) {
   const WholeRun run = tables_on(files_of(family), {"--years", "2002-2002"});
   ASSERT_EQ(run.exit_status, 0) << run.messages;
   const ReadTable animals = read_table(run.file("dogs_animals.tsv"));
   ASSERT_EQ(animals.rows.size(), 5U);
-  const std::vector<std::string> expected = {"", "", "0.375", "0.375", ""};  // with itself 1/2, with its sib 1/4
+  const std::vector<std::string> expected = {"0.25", "0.25", "0.375", "0.375", "0.375"};  // of sibs 1/2 and 1/4
   for (std::size_t row = 0; row < 5; ++row) EXPECT_EQ(animals.cell(row, "mean_kinship"), expected[row]) << row;
 }
 
@@ -150,13 +151,13 @@ TEST(TablesRun, HasNoYearsWithoutDatesButAllAnimals) {
   const WholeRun run = tables_on(files_of(header + "S;m;;;\na;f;;S;\n"));
   ASSERT_EQ(run.exit_status, 0) << run.messages;
   EXPECT_EQ(lines_of(run.file("dogs_years.tsv")).size(), 1U);
-  EXPECT_EQ(lines_of(run.file("dogs_animals.tsv"))[2], "a\tS\t\tfemale\t\t0\t0.5\t0\t1\t0\t0\t\t");
+  EXPECT_EQ(lines_of(run.file("dogs_animals.tsv"))[2], "a\tS\t\tfemale\t\t0\t0.5\t0\t1\t0\t0\t\t\t0\t\t0\t0\t0\t0");
 }
 
 TEST(TablesRun, WritesCommasWhenAsked) {
   const WholeRun run = tables_on(files_of(header + "a,\"b;m;01-02-2003;;\n"), {"--csv"});
   ASSERT_EQ(run.exit_status, 0) << run.messages;
-  EXPECT_EQ(lines_of(run.file("dogs_animals.csv"))[1], "\"a,\"\"b\",,,male,2003-02-01,0,0,0,0,0,0,,");
+  EXPECT_EQ(lines_of(run.file("dogs_animals.csv"))[1], "\"a,\"\"b\",,,male,2003-02-01,0,0,0,0,0,0,,,0,,0,0,0,0");
   EXPECT_TRUE(run.file("dogs_years.csv").starts_with("year,males_unused,sires,"));
   EXPECT_EQ(run.files.count("dogs_years.tsv"), 0U);
 }
@@ -211,7 +212,7 @@ TEST(TablesRun, ReplacesOlderTables) {
   const WholeRun run = tables_on(files);
   EXPECT_EQ(run.exit_status, 0);
   EXPECT_TRUE(run.file("dogs_years.tsv").starts_with("year\t"));
-  EXPECT_EQ(run.files.size(), 6U);
+  EXPECT_EQ(run.files.size(), 10U);
 }
 
 TEST(TablesRun, WritesAllTablesOrNone) {

@@ -15,6 +15,7 @@
 #include "core/phase_times.h"
 #include "desk/json_text.h"
 #include "diversity/diversity.h"
+#include "diversity/figures.h"
 #include "intake/export_preparation.h"
 #include "matings/ranking.h"
 #include "planning/plan.h"
@@ -36,6 +37,7 @@ struct DeskResults {
   std::vector<Block> subpopulations;
   Diversity diversity;
   Standing standing;
+  PopulationFigures figures;
   std::string report;  ///< the bytes of the report, in Windows-1252
 };
 

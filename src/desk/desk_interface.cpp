@@ -81,6 +81,12 @@ std::string text_named(const Desk& desk, std::string_view name) {
       {"animals", pedigreewatch::animals_table},
       {"diversity", pedigreewatch::diversity_table},
       {"standing", pedigreewatch::standing_table},
+      {"cohorts", pedigreewatch::cohorts_table},
+      {"byKinship", pedigreewatch::kinship_table},
+      {"mostInbred", pedigreewatch::most_inbred_table},
+      {"usedSires", pedigreewatch::used_sires_table},
+      {"division", pedigreewatch::division_table},
+      {"founders", pedigreewatch::founders_table},
       {"style", [](const Desk&) { return std::string(pedigreewatch::page_style()); }},
       {"script", [](const Desk&) { return std::string(pedigreewatch::page_script()); }},
   });

@@ -45,6 +45,7 @@ DeskResults make_results(const Desk& desk, LineReader& data, RunStreams& streams
   results.report = write_whole_report(results, streams.report, streams.console);
   tell(desk.watch, "diversity");
   results.diversity = compute_diversity(results.population.store, youngest_animals(results.population.store));
+  results.figures = compute_figures(results.population.store, results.diversity);
   return results;
 }
 
@@ -72,8 +73,9 @@ std::string run(Desk& desk) {
 }
 
 PageInput page_input(const Desk& desk) {
-  return {desk.results->population, desk.results->subpopulations, &desk.results->diversity,
-          desk.check ? &*desk.check : nullptr, &desk.results->standing};
+  return {desk.results->population, desk.results->subpopulations,
+          &desk.results->diversity, desk.check ? &*desk.check : nullptr,
+          &desk.results->standing,  &desk.results->figures};
 }
 
 }  // namespace

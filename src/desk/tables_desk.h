@@ -12,5 +12,13 @@ std::string years_table(const Desk& desk);
 std::string subpopulations_table(const Desk& desk);
 std::string animals_table(const Desk& desk);
 std::string diversity_table(const Desk& desk);
+std::string cohorts_table(const Desk& desk);
+std::string kinship_table(const Desk& desk);
+std::string most_inbred_table(const Desk& desk);
+std::string used_sires_table(const Desk& desk);
+std::string division_table(const Desk& desk);  ///< empty with fewer than two subpopulations
+
+/// Drops the founders' genes when it is asked for.
+std::string founders_table(const Desk& desk);
 
 }  // namespace pedigreewatch

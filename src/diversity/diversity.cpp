@@ -43,6 +43,19 @@ void put_depth(const PedigreeDepth& depth, Diversity& diversity) {
   diversity.completeness_index = depth.completeness_index;
 }
 
+/// The share of the genes of the reference population that come from imports; what those come from does not matter.
+std::optional<double> import_contribution(const ReferencePedigree& pedigree, const PopulationStore& store) {
+  if (pedigree.members.empty()) return std::nullopt;
+  ByNumber<double> shares(static_cast<std::size_t>(pedigree.count()));
+  for (std::int32_t j = pedigree.unknown_parents + 1; j <= pedigree.count(); ++j) {
+    const bool is_import = store.is_import[pedigree.position[j]] != 0;
+    shares[j] = is_import ? 1.0 : 0.5 * (shares[pedigree.sire[j]] + shares[pedigree.dam[j]]);
+  }
+  double sum = 0.0;
+  for (const std::int32_t member : pedigree.members) sum += shares[member];
+  return sum / static_cast<double>(pedigree.members.size());
+}
+
 }  // namespace
 
 Diversity compute_diversity(const PopulationStore& store, ReferencePopulation reference) {
@@ -55,10 +68,13 @@ Diversity compute_diversity(const PopulationStore& store, ReferencePopulation re
   put_kinship(compute_mean_kinship(pedigree, genes), diversity);
   put_depth(depth, diversity);
   diversity.by_inbreeding = estimate_by_inbreeding(store, pedigree, depth.equivalents_of);
-  diversity.by_coancestry = estimate_by_coancestry(store, reference.positions, depth.equivalents_of);
+  diversity.by_coancestry = estimate_by_coancestry(store, pedigree, depth.equivalents_of);
   const GenerationPaths paths = compute_generation_paths(store);
   diversity.paths = paths.paths;
   diversity.all_paths = paths.all;
+  diversity.families = estimate_by_family_sizes(store, paths);
+  diversity.division = describe_division(store, reference.positions);
+  if (store.has_import) diversity.import_contribution = import_contribution(pedigree, store);
   diversity.reference = std::move(reference);
   return diversity;
 }

@@ -10,8 +10,10 @@
 
 #include "diversity/effective_ancestors.h"
 #include "diversity/effective_sizes.h"
+#include "diversity/family_sizes.h"
 #include "diversity/generation_paths.h"
 #include "diversity/reference_population.h"
+#include "diversity/subpopulation_diversity.h"
 #include "pedigree/population_store.h"
 
 namespace pedigreewatch {
@@ -36,6 +38,9 @@ struct Diversity {
   EffectiveSizeEstimate by_coancestry;       ///< Cervantes and others, 2011
   std::array<PathInterval, 4> paths;         ///< by `Path`
   PathInterval all_paths;
+  FamilySizeEstimate families;                ///< of the whole population (Hill, 1979)
+  SubpopulationDiversity division;            ///< into subpopulations
+  std::optional<double> import_contribution;  ///< the share of the genes that come from imports, where those are told
 };
 
 /// Computes everything. F and completeness of all animals must be final.

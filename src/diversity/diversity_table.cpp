@@ -20,8 +20,8 @@ constexpr Wording youngest_text = {"born in the last ten years, both parents kno
 constexpr Wording years_text = {"born in these years", "geboren in deze jaren"};
 constexpr Wording listed_text = {"listed animals", "dieren van de lijst"};
 constexpr Wording not_estimable = {"not estimable", "niet te schatten"};
-constexpr Wording pairs_of_sample = {"pairs of a random sample of animals",
-                                     "paren van een aselecte steekproef van dieren"};
+constexpr Wording pairs_of_sample = {"all pairs, in part from a random sample: error below 0.2 %",
+                                     "alle paren, deels uit een aselecte steekproef: fout onder 0,2 %"};
 constexpr Wording every_ancestor = {"every ancestor chosen", "alle voorouders gekozen"};
 constexpr Wording not_every_ancestor = {"the rest cannot change the fifth digit",
                                         "de rest kan het vijfde cijfer niet veranderen"};
@@ -237,6 +237,106 @@ void add_paths(RowList& list, const Diversity& diversity) {
            diversity.all_paths);
 }
 
+// ---- diversity left, imports, subpopulations, family sizes -------------------------------------------------------
+
+void add_diversity_left(RowList& list, const Diversity& diversity) {
+  const std::optional<double>& kinship = diversity.mean_kinship;
+  std::optional<double> left, by_founders, since;
+  if (kinship) left = 1.0 - *kinship;
+  if (diversity.effective_founders) by_founders = 0.5 / *diversity.effective_founders;
+  if (kinship && by_founders) since = *kinship - *by_founders;
+  add_value(list,
+            {"gene_diversity",
+             {"1 - mean kinship: what is left of the diversity of the founders",
+              "1 - gemiddelde verwantschap: wat over is van de diversiteit van de stichters"}},
+            left);
+  add_value(list,
+            {"lost_by_unequal_founders",
+             {"lost because founders have contributed unequally, 1 / (2 fe)",
+              "verloren doordat stichters ongelijk bijdroegen, 1 / (2 fe)"}},
+            by_founders);
+  add_value(list,
+            {"lost_since_founders",
+             {"lost since then, by bottlenecks and chance, 1 / (2 fg) - 1 / (2 fe)",
+              "sindsdien verloren, door flessenhalzen en toeval, 1 / (2 fg) - 1 / (2 fe)"}},
+            since);
+}
+
+void add_division(RowList& list, const Diversity& diversity) {
+  const SubpopulationDiversity& division = diversity.division;
+  add_value(list,
+            {"import_contribution",
+             {"share of the genes that come from imports", "aandeel van de genen dat van importdieren komt"}},
+            diversity.import_contribution);
+  add_value(list,
+            {"subpopulations_inbreeding",
+             {"mean F of the animals of subpopulations", "gemiddelde F van de dieren van subpopulaties"}},
+            division.mean_inbreeding);
+  add_value(list,
+            {"kinship_within_subpopulations",
+             {"mean kinship within, with themselves, weighed by numbers",
+              "gemiddelde verwantschap binnen, ook met zichzelf, gewogen naar aantal"}},
+            division.kinship_within);
+  add_value(
+      list,
+      {"kinship_over_subpopulations",
+       {"mean kinship of all animals of subpopulations", "gemiddelde verwantschap van alle dieren van subpopulaties"}},
+      division.kinship_over_all);
+  add_value(list,
+            {"fis",
+             {"Fis: above 0 kin are mated within subpopulations, below 0 avoided",
+              "Fis: boven 0 worden binnen subpopulaties verwanten gepaard, onder 0 vermeden"}},
+            division.f_is);
+  add_value(list,
+            {"fst",
+             {"Fst: how far the subpopulations have grown apart, 0 to 1",
+              "Fst: hoever de subpopulaties uit elkaar gegroeid zijn, 0 tot 1"}},
+            division.f_st);
+  add_value(list, {"fit", {"Fit: both together, 1 - (1 - Fis)(1 - Fst)", "Fit: beide samen, 1 - (1 - Fis)(1 - Fst)"}},
+            division.f_it);
+}
+
+void add_family_numbers(RowList& list, std::string_view parents, std::string_view one, const FamilySizes& sizes) {
+  const bool is_known = sizes.parents >= 2;
+  const auto add_of = [&](std::string_view name, const Wording& meaning, double value) {
+    const std::string figure(name);
+    DiversityRow& row = list.add({figure, meaning});
+    if (is_known) row.value = number(value);
+    row.n = std::to_string(sizes.parents);
+  };
+  const std::string of(one);
+  add_of(std::string(parents) + "_per_year",
+         {"entering breeding in a birth year, mean", "per geboortejaar in de fok gekomen, gemiddeld"}, sizes.per_year);
+  add_of("variance_sons_of_" + of, {"of the number of sons that bred", "van het aantal zonen waarmee gefokt is"},
+         sizes.variance_of_sons);
+  add_of("variance_daughters_of_" + of,
+         {"of the number of daughters that bred", "van het aantal dochters waarmee gefokt is"},
+         sizes.variance_of_daughters);
+  add_of("covariance_of_" + of, {"of both numbers", "van beide aantallen"}, sizes.covariance);
+}
+
+void add_family_sizes(RowList& list, const FamilySizeEstimate& families) {
+  const auto add_year = [&](const FigureName& figure, std::int32_t year) {
+    list.add(figure).value = families.last_year == 0 ? std::string() : std::to_string(year);
+  };
+  add_year({"families_first_year",
+            {"first birth year whose animals have had all their young",
+             "eerste geboortejaar waarvan de dieren al hun jongen gehad hebben"}},
+           families.first_year);
+  add_year({"families_last_year", {"last one", "laatste daarvan"}}, families.last_year);
+  add_value(list,
+            {"generation_interval", {"L: mean of the four paths, years", "L: gemiddelde van de vier paden, jaren"}},
+            families.generation_interval);
+  add_family_numbers(list, "sires", "sires", families.of.of_males);
+  add_family_numbers(list, "dams", "dams", families.of.of_females);
+  DiversityRow& size = list.add({"effective_size_by_family_sizes",
+                                 {"Ne from the numbers of sires and dams and how unevenly they are used",
+                                  "Ne uit de aantallen vaders en moeders en hoe ongelijk ze gebruikt zijn"}});
+  size.value = number(families.effective_size);
+  size.n = std::to_string(families.of.of_males.parents + families.of.of_females.parents);
+  if (!families.effective_size) list.put_text(size, not_estimable);
+}
+
 /// A text with a quotation mark would open a quotation in R and in spreadsheets; in one, the mark is doubled.
 void append_field(std::string& table, std::string_view field) {
   if (field.find('"') == std::string_view::npos) {
@@ -274,6 +374,9 @@ std::vector<DiversityRow> diversity_rows(const PopulationStore& store, const Div
   add_completeness(list, diversity);
   add_effective_sizes(list, diversity);
   add_paths(list, diversity);
+  add_diversity_left(list, diversity);
+  add_division(list, diversity);
+  add_family_sizes(list, diversity.families);
   return std::move(list.rows);
 }
 

@@ -14,7 +14,7 @@ struct EffectiveSizeEstimate {
   std::optional<double> mean_increase;   ///< of inbreeding or coancestry per generation; none without animals
   std::optional<double> effective_size;  ///< 1 / (2 mean increase)
   std::optional<double> standard_error;  ///< none from fewer than two animals, or three in pairs
-  bool is_sample = false;                ///< estimated from the pairs of a random sample of the animals
+  bool is_sample = false;                ///< estimated in part from a random sample of the animals
 };
 
 /// The increase for each generation that brings a coefficient from 0 to `coefficient` in `generations` of them, which

@@ -5,6 +5,7 @@
 
 #include "page/chart_figure.h"
 #include "page/chart_making.h"
+#include "page/diversity_charts.h"
 #include "page/inbreeding_charts.h"
 #include "page/page_sections.h"
 #include "page/page_text.h"
@@ -86,10 +87,18 @@ constexpr Wording half_of_genes = {"Ancestors that explain half of the genes",
 constexpr Wording half_note = {"the fewer, the narrower the base", "hoe minder, hoe smaller de basis"};
 constexpr Wording by_inbreeding = {"Ne by individual increase of inbreeding", "Ne uit individuele inteelttoename"};
 constexpr Wording by_coancestry = {"Ne by increase of coancestry", "Ne uit toename van verwantschap"};
+constexpr Wording by_families = {"Ne by family sizes", "Ne uit familiegroottes"};
+constexpr Wording from_families = {
+    "from the {1} sires and {2} dams born from {3} to {4} and how unevenly they were used; needs no deep pedigree",
+    "uit de {1} vaders en {2} moeders die van {3} tot en met {4} geboren zijn en hoe ongelijk ze gebruikt zijn; vraagt geen "
+    "diepe stamboom"};
+constexpr Wording no_complete_years = {"no birth year of which all young are born",
+                                       "geen geboortejaar waarvan alle jongen geboren zijn"};
 constexpr Wording with_error = {"{1} (standard error {2})", "{1} (standaardfout {2})"};
 constexpr Wording from_animals = {"from {1} animals", "uit {1} dieren"};
 constexpr Wording from_pairs = {"from {1} pairs of animals", "uit {1} paren dieren"};
-constexpr Wording from_sample = {"from a random sample of {1} pairs", "uit een steekproef van {1} paren"};
+constexpr Wording from_sample = {"from {1} pairs of animals, error below 0.2 %",
+                                 "uit {1} paren dieren, fout onder 0,2 %"};
 
 constexpr ChartTexts ancestors_texts = {
     "ancestors",
@@ -133,6 +142,17 @@ std::string estimate_text(const PageFrame& frame, const EffectiveSizeEstimate& e
   return phrase(with_error, frame.language, {size, report_figure(*estimate.standard_error, 2)});
 }
 
+FigureTable::FigureRow families_row(const PageFrame& frame, const FamilySizeEstimate& families) {
+  const auto& size = families.effective_size;
+  const std::string from =
+      phrase(from_families, frame.language,
+             {std::to_string(families.of.of_males.parents), std::to_string(families.of.of_females.parents),
+              std::to_string(families.first_year), std::to_string(families.last_year)});
+  return {frame.text(by_families),
+          {size ? report_figure(*size, 2) : not_estimable(frame),
+           families.last_year == 0 ? frame.text(no_complete_years) : from}};
+}
+
 FigureTable figures_table(const PageFrame& frame, const Diversity& diversity) {
   FigureTable table;
   table.is_of_words = true;
@@ -155,6 +175,7 @@ FigureTable figures_table(const PageFrame& frame, const Diversity& diversity) {
   table.rows.push_back(
       {frame.text(by_coancestry),
        {estimate_text(frame, coancestry), phrase(pairs, frame.language, {std::to_string(coancestry.count)})}});
+  table.rows.push_back(families_row(frame, diversity.families));
   return table;
 }
 
@@ -202,6 +223,10 @@ void write_diversity(std::string& page, const PageFrame& frame) {
     if (!diversity.main_ancestors.empty()) write_chart(page, ancestors_chart(frame, diversity), frame.language);
   }
   write_figure_table(page, paths_table(frame, diversity), frame.text(paths_caption));  // of the whole population
+  if (frame.input.figures == nullptr || frame.years.count() == 0) return;
+  for (Chart (*const make)(const PageFrame&) : {gene_diversity_chart, inbreeding_classes_chart, close_matings_chart}) {
+    write_chart(page, make(frame), frame.language);
+  }
 }
 
 }  // namespace pedigreewatch

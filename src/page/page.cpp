@@ -108,6 +108,7 @@ constexpr Section sections[] = {
      {"Diversity", "Diversiteit"},
      write_diversity,
      [](const PageFrame& frame) { return frame.input.diversity != nullptr; }},
+    {"lists", {"Animals to look at", "Dieren om naar te kijken"}, write_lists, has_lists},
     {"check", {"What the checks found", "Wat de controles vonden"}, write_findings, [](const PageFrame& frame) {
        return frame.input.check != nullptr;
      }}};

@@ -7,6 +7,7 @@
 #include "checks/check.h"
 #include "control/population_analysis.h"
 #include "diversity/diversity.h"
+#include "diversity/figures.h"
 #include "standing/standing.h"
 #include "statistics/block.h"
 
@@ -19,6 +20,7 @@ struct PageInput {
   const Diversity* diversity = nullptr;        ///< none: the page has no such section
   const CheckResult* check = nullptr;          ///< of the same data file; none: the page does not speak of it
   const Standing* standing = nullptr;          ///< none: the page does not begin with how the breed stands
+  const PopulationFigures* figures = nullptr;  ///< of the same population; none: neither lists nor charts of diversity
 };
 
 /// The whole page in UTF-8, in the language of the steer file. It asks for nothing from anywhere, and says so in its

@@ -22,4 +22,8 @@ std::string findings_sentence(const PageFrame& frame);
 /// The figures of the reference population.
 void write_diversity(std::string& page, const PageFrame& frame);
 
+/// The lists that people act on; `has_lists` tells whether there are any.
+void write_lists(std::string& page, const PageFrame& frame);
+bool has_lists(const PageFrame& frame);
+
 }  // namespace pedigreewatch

@@ -135,6 +135,9 @@ struct PopulationStore {
   }
   std::string_view id(std::int32_t position) const { return kept.ids.at(record_no(position)); }
   std::string_view name(std::int32_t position) const;
+  /// How many subpopulations are allowed, and their names by number.
+  std::int32_t subpopulation_count() const { return kept.allowed_subpopulations; }
+  std::string_view subpopulation_name(std::int32_t number) const { return kept.subpopulation_texts.text_of(number); }
   /// The text of the subpopulation; blank when the steer file allows fewer than two of them.
   SubpopulationName subpopulation(std::int32_t position) const;
   /// The line of the data file, counted from 1; 0 for an appended parent.

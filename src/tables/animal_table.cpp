@@ -6,7 +6,7 @@
 
 #include <algorithm>
 #include <array>
-#include <span>
+#include <optional>
 
 #include "checks/calendar.h"
 #include "core/bit_pattern.h"
@@ -48,14 +48,20 @@ std::string_view text_of(RealTexts& texts, float value) {
   return {entry.text.data(), entry.length};
 }
 
-/// What the rows are made from besides the store, and the place in the reference population that has been reached.
+/// Figures that are the same for all animals of two known parents.
+struct ParentFigures {
+  std::int32_t sire = 0, dam = 0;
+  float completeness_index = 0.0F;
+  std::optional<float> increase;
+};
+
+/// What the rows are made from besides the store.
 struct AnimalRows {
   const PopulationStore& store;
+  const AnimalFigures& figures;
   ByNumber<std::int32_t> offspring, longest;
-  std::span<const std::int32_t> reference;
-  std::span<const double> mean_kinship;
-  std::size_t next = 0;
   RealTexts texts;
+  ParentFigures last;  ///< of the animal at hand, or of one before it
 };
 
 void write_parent(const AnimalRows& rows, std::int32_t parent, TableWriter& writer) {
@@ -66,14 +72,32 @@ void write_parent(const AnimalRows& rows, std::int32_t parent, TableWriter& writ
   }
 }
 
+void write_single(AnimalRows& rows, float value, TableWriter& writer) {
+  add_plain(writer, text_of(rows.texts, value));
+}
+
 void write_kinship(AnimalRows& rows, std::int32_t position, TableWriter& writer) {
-  const bool is_member = rows.next < rows.reference.size() && rows.reference[rows.next] == position;
-  if (is_member && rows.next < rows.mean_kinship.size()) {
-    add_real(writer, rows.mean_kinship[rows.next]);
-  } else {
-    add_nothing(writer);
-  }
-  if (is_member) ++rows.next;
+  const ByNumber<float>& means = rows.figures.mean_kinship;
+  if (means.values.empty()) return add_nothing(writer);
+  write_single(rows, means[position], writer);
+}
+
+/// Works the figures out anew for an animal that is no full sib of the one before it.
+const ParentFigures& parent_figures(AnimalRows& rows, std::int32_t position) {
+  const PopulationStore& store = rows.store;
+  const std::int32_t sire = store.sire_no[position], dam = store.dam_no[position];
+  ParentFigures& last = rows.last;
+  if (sire != 0 && dam != 0 && sire == last.sire && dam == last.dam) return last;
+  last = {sire, dam, static_cast<float>(completeness_index(store, rows.figures, position)), std::nullopt};
+  const auto increase = individual_increase(store.inbreeding[position], double{store.generation_equivalents[position]});
+  if (increase) last.increase = static_cast<float>(*increase);
+  return last;
+}
+
+void write_increase(AnimalRows& rows, std::int32_t position, TableWriter& writer) {
+  const std::optional<float> increase = parent_figures(rows, position).increase;
+  if (!increase) return add_nothing(writer);
+  write_single(rows, *increase, writer);
 }
 
 /// An animal further on and its parents; none beyond the last one.
@@ -135,6 +159,15 @@ constexpr auto columns = std::to_array<AnimalColumn>({
      [](Rows& rows, Position i, Out& out) { add_integer(out, rows.store.native_offspring_count[i]); }},
     {"mean_kinship", write_kinship},
     {"subpopulation", [](Rows& rows, Position i, Out& out) { add_text(out, rows.store.subpopulation(i).trimmed()); }},
+    {"completeness_index",
+     [](Rows& rows, Position i, Out& out) { write_single(rows, parent_figures(rows, i).completeness_index, out); }},
+    {"increase_of_inbreeding", write_increase},
+    {"F_3_generations", [](Rows& rows, Position i, Out& out) { write_single(rows, rows.figures.recent_3[i], out); }},
+    {"F_5_generations", [](Rows& rows, Position i, Out& out) { write_single(rows, rows.figures.recent_5[i], out); }},
+    {"ancestral_inbreeding",
+     [](Rows& rows, Position i, Out& out) { write_single(rows, rows.figures.ancestral[i], out); }},
+    {"breeding_offspring",
+     [](Rows& rows, Position i, Out& out) { add_integer(out, rows.figures.breeding_offspring[i]); }},
 });
 
 }  // namespace
@@ -175,10 +208,8 @@ ByNumber<std::int32_t> longest_lines(const PopulationStore& store) {
   return longest;
 }
 
-void write_animals(const PopulationStore& store, const Diversity& diversity, TableWriter& writer) {
-  AnimalRows rows{
-      store, count_offspring(store), longest_lines(store), diversity.reference.positions, diversity.mean_kinship_of, 0,
-      {}};
+void write_animals(const PopulationStore& store, const AnimalFigures& figures, TableWriter& writer) {
+  AnimalRows rows{store, figures, count_offspring(store), longest_lines(store), {}, {}};
   for (const AnimalColumn& column : columns) add_text(writer, column.name);
   end_row(writer);
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "core/by_number.h"
-#include "diversity/diversity.h"
+#include "diversity/figures.h"
 #include "pedigree/population_store.h"
 #include "tables/table_writer.h"
 
@@ -23,8 +23,7 @@ ByNumber<std::int32_t> count_offspring(const PopulationStore& store);
 /// offspring.
 ByNumber<std::int32_t> longest_lines(const PopulationStore& store);
 
-/// Writes the header and a row for each animal. The kinships of `diversity` with its reference population stand in the
-/// rows of the animals of that population.
-void write_animals(const PopulationStore& store, const Diversity& diversity, TableWriter& writer);
+/// Writes the header and a row for each animal. The mean kinships of `figures` are those with its reference population.
+void write_animals(const PopulationStore& store, const AnimalFigures& figures, TableWriter& writer);
 
 }  // namespace pedigreewatch

@@ -89,7 +89,8 @@ std::optional<ToolRefusal> make_page_file(const FolderRun& run, const PageOption
   if (is_stop_requested(run.streams)) return ToolRefusal{run.words(was_stopped)};
   const CheckResult* const found = check ? &*check : nullptr;
   const Standing standing = stand_of(run.population, options.standing, found);
-  const PageInput input = {run.population, blocks, &diversity, found, &standing};
+  const PopulationFigures figures = compute_figures(run.population.store, diversity);
+  const PageInput input = {run.population, blocks, &diversity, found, &standing, &figures};
   return write_page(run, make_page(input), options.reference.ids_file);
 }
 

@@ -17,9 +17,13 @@
 #include "control/steer_file.h"
 #include "diversity/diversity.h"
 #include "diversity/diversity_table.h"
+#include "diversity/figures.h"
+#include "diversity/founder_list.h"
 #include "standing/standing_options.h"
 #include "standing/standing_table.h"
 #include "tables/animal_table.h"
+#include "tables/cohort_table.h"
+#include "tables/list_tables.h"
 #include "tables/year_tables.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
@@ -37,6 +41,12 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools tables [OPTION..
     NAME_animals.tsv         a row for each animal, parents before their offspring
     NAME_diversity.tsv       figures of diversity of a reference population
     NAME_standing.tsv        how the breed stands: the verdict of the page with its figures, margins and limits
+    NAME_cohorts.tsv         diversity, completeness and close matings over time
+    NAME_by_kinship.tsv      females and males of the last ten years, the lowest mean kinship first
+    NAME_most_inbred.tsv     the fifty most inbred animals
+    NAME_used_sires.tsv      the twenty most used sires, and the breed without them
+    NAME_division.tsv        kinship and distance of subpopulations, when the steer file names two or more
+    NAME_founders.tsv        what is left of each founder, with --founders
   Older tables of these names are replaced.
 
   --years A-B           reference population: all animals born from A to B, such as 2001-2010
@@ -45,6 +55,8 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools tables [OPTION..
   --rule-year YEAR      the first birth year under a rule, an import or the like: rates before and since
   --sire-share PERCENT  the most young of five years that one sire should have (else 5%)
   --most-f PERCENT      the highest F that the offspring of a mating should have (else 6.25%)
+  --founders            drops the founders' genes through the pedigree 10,000 times, and writes NAME_founders
+  --ancestors           effective number of ancestors of every cohort also where that takes long
   --csv                 commas instead of tabs, and names that end in .csv
   --help                shows this text
 
@@ -52,8 +64,14 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools tables [OPTION..
   arguments.
 )";
 
-constexpr auto rules = std::to_array<OptionRule>(
-    {{"--years"}, {"--ids"}, {"--csv", false}, {"--rule-year"}, {"--sire-share"}, {"--most-f"}});
+constexpr auto rules = std::to_array<OptionRule>({{"--years"},
+                                                  {"--ids"},
+                                                  {"--csv", false},
+                                                  {"--rule-year"},
+                                                  {"--sire-share"},
+                                                  {"--most-f"},
+                                                  {"--founders", false},
+                                                  {"--ancestors", false}});
 
 constexpr Wording not_written = {"{1}: {2}; no table was written", "{1}: {2}; er is geen tabel geschreven"};
 constexpr Wording is_in_use = {"a table of this name would replace a file that this run reads",
@@ -62,6 +80,10 @@ constexpr Wording birth_years = {"{1} birth years", "{1} geboortejaren"};
 constexpr Wording animals = {"{1} animals", "{1} dieren"};
 constexpr Wording subpopulations = {"{1} subpopulations", "{1} subpopulaties"};
 constexpr Wording reference_size = {"reference population of {1} animals", "referentiepopulatie van {1} dieren"};
+constexpr Wording cohorts_counted = {"{1} cohorts", "{1} cohorten"};
+constexpr Wording sires_counted = {"{1} sires", "{1} vaders"};
+constexpr Wording founders_counted = {"{1} founders, {2} times their genes were dropped",
+                                      "{1} stichters, {2} keer zijn hun genen verloot"};
 constexpr Wording no_reference = {
     "no animal of the last ten birth years has both parents known: the reference population is empty, and so are its figures; --years or --ids name another one",
     "van geen dier van de laatste tien geboortejaren zijn beide ouders bekend: de referentiepopulatie is leeg, en haar cijfers ook; --years of --ids noemen een andere"};
@@ -72,6 +94,7 @@ struct TablesOptions {
   ReferenceOptions reference;
   StandingSettings standing;
   TableForm form = TableForm::tabs;
+  bool wants_founders = false, wants_ancestors = false;
 };
 
 /// A table on its way: what it will be called, and what is said of it when it is there.
@@ -83,6 +106,8 @@ struct TableFile {
 /// Takes one option; yields what is wrong with it, empty: nothing.
 std::string take_option(const GivenOption& option, TablesOptions& options) {
   if (option.name == "--csv") options.form = TableForm::commas;
+  if (option.name == "--founders") options.wants_founders = true;
+  if (option.name == "--ancestors") options.wants_ancestors = true;
   const std::string problem = take_reference_option(option.name, option.value, options.reference);
   return problem.empty() ? take_standing_option(option.name, option.value, options.standing) : problem;
 }
@@ -92,7 +117,9 @@ struct Tables {
   const FolderRun& run;
   const Diversity& diversity;
   const Standing& standing;
+  const PopulationFigures& figures;
   TableForm form = TableForm::tabs;
+  bool wants_founders = false;
 
   bool has_subpopulations() const { return run.population.settings.layout.subpopulations.count() > 1; }
 };
@@ -143,6 +170,43 @@ void write_standing_rows(const Tables& tables, TableWriter& writer) {
   }
 }
 
+bool write_founder_file(const Tables& tables, std::vector<TableFile>& files, FileProblem& problem) {
+  const PopulationStore& store = tables.run.population.store;
+  const std::vector<FounderEntry> founders =
+      list_founders(make_reference_pedigree(store, tables.diversity.reference.positions));
+  const std::string content =
+      tables.run.words(founders_counted, {std::to_string(founders.size()), std::to_string(usual_gene_drops)});
+  return write_file(tables, "_founders", content, files, problem,
+                    [&](TableWriter& writer) { write_founders(store, founders, writer); });
+}
+
+/// The figures over time, the lists, the subpopulations beside each other, and the founders where they are wanted.
+bool write_figure_files(const Tables& tables, std::vector<TableFile>& files, FileProblem& problem) {
+  const PopulationStore& store = tables.run.population.store;
+  const PopulationFigures& figures = tables.figures;
+  const ByNumber<std::int32_t> offspring = count_offspring(store);
+  const ListedPopulation listed{store, tables.diversity, figures, offspring};
+  const auto write = [&](std::string_view name, const Wording& counted, std::size_t count, auto write_table) {
+    const std::string content = tables.run.words(counted, {std::to_string(count)});
+    return write_file(tables, name, content, files, problem, write_table);
+  };
+  const ActionLists& lists = figures.lists;
+  const auto of_cohorts = [&](TableWriter& writer) { write_cohorts(store, figures.cohorts, writer); };
+  const auto by_kinship = [&](TableWriter& writer) { write_kinship_list(listed, writer); };
+  const auto most_inbred = [&](TableWriter& writer) { write_most_inbred(listed, writer); };
+  const auto used_sires = [&](TableWriter& writer) { write_used_sires(listed, writer); };
+  const auto division = [&](TableWriter& writer) { write_division(store, tables.diversity.division, writer); };
+  if (!write("_cohorts", cohorts_counted, figures.cohorts.size(), of_cohorts) ||
+      !write("_by_kinship", animals, lists.females.size() + lists.males.size(), by_kinship) ||
+      !write("_most_inbred", animals, lists.most_inbred.size(), most_inbred) ||
+      !write("_used_sires", sires_counted, lists.sires.size(), used_sires)) {
+    return false;
+  }
+  const std::size_t groups = tables.diversity.division.groups.size();
+  if (tables.has_subpopulations() && !write("_division", subpopulations, groups, division)) return false;
+  return !tables.wants_founders || write_founder_file(tables, files, problem);
+}
+
 bool write_files(const Tables& tables, std::vector<TableFile>& files, FileProblem& problem) {
   const AnalysedPopulation& population = tables.run.population;
   const PopulationStore& store = population.store;
@@ -152,7 +216,7 @@ bool write_files(const Tables& tables, std::vector<TableFile>& files, FileProble
   };
   const auto years = [&](TableWriter& writer) { write_years(population, groups, writer); };
   const auto of_subpopulations = [&](TableWriter& writer) { write_subpopulations(population, groups, writer); };
-  const auto of_animals = [&](TableWriter& writer) { write_animals(store, tables.diversity, writer); };
+  const auto of_animals = [&](TableWriter& writer) { write_animals(store, tables.figures.animals, writer); };
   const std::int64_t year_count = store.birth_years.dated_row_count();
   if (!write_file(tables, "_years", counted(birth_years, year_count), files, problem, years)) return false;
   if (tables.has_subpopulations()) {
@@ -168,7 +232,8 @@ bool write_files(const Tables& tables, std::vector<TableFile>& files, FileProble
   if (!write_file(tables, "_diversity", content, files, problem, of_diversity)) return false;
   const auto of_standing = [&](TableWriter& writer) { write_standing_rows(tables, writer); };
   const std::string verdict = tables.run.words(verdict_is, {name_of(tables.standing.pace)});
-  return write_file(tables, "_standing", verdict, files, problem, of_standing);
+  return write_file(tables, "_standing", verdict, files, problem, of_standing) &&
+         write_figure_files(tables, files, problem);
 }
 
 /// Gives all tables their names, or takes away what was begun.
@@ -186,7 +251,7 @@ bool finish_files(std::vector<TableFile>& files, const Tables& tables, const std
 std::optional<ToolRefusal> write_tables(const Tables& tables, const ReferenceOptions& reference) {
   const FolderRun& run = tables.run;
   std::vector<TableFile> files;
-  constexpr std::size_t most_files = 5;
+  constexpr std::size_t most_files = 11;
   files.reserve(most_files);  // a table being written stays where it is
   FileProblem problem;
   const bool is_begun = write_files(tables, files, problem);
@@ -207,7 +272,8 @@ std::optional<ToolRefusal> make_tables(const FolderRun& run, const TablesOptions
   const Diversity diversity = compute_diversity(run.population.store, std::move(reference));
   const std::optional<CheckResult> check = check_population(run);
   const Standing standing = stand_of(run.population, options.standing, check ? &*check : nullptr);
-  return write_tables({run, diversity, standing, options.form}, options.reference);
+  const PopulationFigures figures = compute_figures(run.population.store, diversity, options.wants_ancestors);
+  return write_tables({run, diversity, standing, figures, options.form, options.wants_founders}, options.reference);
 }
 
 }  // namespace

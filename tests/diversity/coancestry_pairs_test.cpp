@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
-#include <functional>
 
 #include "diversity/completeness.h"
 #include "support/diversity_pedigrees.h"
@@ -50,11 +48,17 @@ void expect_same(const EffectiveSizeEstimate& got, const EffectiveSizeEstimate& 
   EXPECT_NEAR(got.standard_error.value() / want.standard_error.value(), 1.0, 1e-4);
 }
 
+EffectiveSizeEstimate estimate_of(const PopulationStore& store, const std::vector<std::int32_t>& positions,
+                                  std::size_t most_animals = most_paired_animals) {
+  const ReferencePedigree pedigree = make_reference_pedigree(store, positions);
+  return estimate_by_coancestry(store, pedigree, describe_depth(pedigree).equivalents_of, most_animals);
+}
+
 TEST(CoancestryPairs, AgreeWithTheTableOfRelationships) {
   for (std::uint64_t seed = 1; seed <= 6; ++seed) {
     const PopulationStore store = random_population(seed, 250);
     const std::vector<std::int32_t> positions = young_positions(store, 90);
-    const EffectiveSizeEstimate estimate = estimate_by_coancestry(store, positions, equivalents_of(store, positions));
+    const EffectiveSizeEstimate estimate = estimate_of(store, positions);
     EXPECT_FALSE(estimate.is_sample);
     expect_same(estimate, plain_estimate(store, positions));
   }
@@ -64,62 +68,58 @@ TEST(CoancestryPairs, FoundersArePairedWithAnimalsThatHaveParents) {
   // The whole of a random pedigree, founders among each other left out.
   const PopulationStore store = random_population(9, 60);
   const std::vector<std::int32_t> positions = from_to(1, store.animal_count);
-  const EffectiveSizeEstimate estimate = estimate_by_coancestry(store, positions, equivalents_of(store, positions));
+  const EffectiveSizeEstimate estimate = estimate_of(store, positions);
   EXPECT_LT(estimate.count, std::int64_t{store.animal_count} * (store.animal_count - 1) / 2);
   expect_same(estimate, plain_estimate(store, positions));
 }
 
-TEST(CoancestryPairs, OfManyAnimalsThePairsOfASample) {
-  const PopulationStore store = random_population(3, 300);
-  const std::vector<std::int32_t> positions = young_positions(store, 200);
-  std::vector<std::int32_t> sample;
-  for (const std::size_t place : draw_places(positions.size(), 40)) sample.push_back(positions[place]);
-  const EffectiveSizeEstimate estimate = estimate_by_coancestry(store, positions, equivalents_of(store, positions), 40);
-  EXPECT_TRUE(estimate.is_sample);
-  EXPECT_EQ(estimate.count, 40 * 39 / 2);
-  expect_same(estimate, plain_estimate(store, sample));
+TEST(CoancestryPairs, AreTakenOneByOneUpToTheLimit) {
+  const PopulationStore store = random_population(3, 120);
+  const std::vector<std::int32_t> positions = young_positions(store, 100);
+  EXPECT_FALSE(estimate_of(store, positions, positions.size()).is_sample);
+  EXPECT_TRUE(estimate_of(store, positions, positions.size() - 1).is_sample);
+  EXPECT_EQ(most_paired_animals, 4000U);
 }
 
-TEST(CoancestryPairs, TheSampleIsTheSameEverywhere) {
-  EXPECT_EQ(draw_places(20, 6), (std::vector<std::size_t>{1, 6, 7, 9, 15, 16}));
-  EXPECT_EQ(draw_places(1000, 5), (std::vector<std::size_t>{21, 143, 365, 735, 869}));
-}
-
-TEST(CoancestryPairs, ASampleOfAllIsAll) {
-  EXPECT_EQ(draw_places(3, 3), (std::vector<std::size_t>{0, 1, 2}));
-  EXPECT_EQ(draw_places(2, 5), (std::vector<std::size_t>{0, 1}));
-  EXPECT_TRUE(draw_places(0, 5).empty());
-  EXPECT_TRUE(draw_places(5, 0).empty());
-}
-
-TEST(CoancestryPairs, TheSampleIsSpreadOverAllPlaces) {
-  const std::vector<std::size_t> places = draw_places(100'000, 2000);
-  ASSERT_EQ(places.size(), 2000U);
-  EXPECT_EQ(std::ranges::adjacent_find(places, std::greater_equal<>()), places.end());
-  for (std::size_t tenth = 0; tenth < 10; ++tenth) {
-    const auto drawn = std::ranges::count_if(places, [&](std::size_t place) { return place / 10'000 == tenth; });
-    EXPECT_NEAR(static_cast<double>(drawn), 200.0, 60.0);  // more than four times its sd of 13
+TEST(CoancestryOfMany, IsThatOfAllPairsWhenEveryAnimalIsDrawn) {
+  // Fewer animals than are drawn at least: what is left is the error of the sum of exponentials. Founders are among
+  // them, half-founders, and animals of many generations.
+  for (std::uint64_t seed = 1; seed <= 6; ++seed) {
+    const PopulationStore store = random_population(seed, 60);
+    const std::vector<std::int32_t> positions = from_to(1, store.animal_count);
+    const EffectiveSizeEstimate estimate = estimate_of(store, positions, 10), plain = plain_estimate(store, positions);
+    EXPECT_EQ(estimate.count, plain.count);
+    EXPECT_NEAR(estimate.mean_increase.value() / plain.mean_increase.value(), 1.0, 1e-5);
+    EXPECT_NEAR(estimate.effective_size.value() / plain.effective_size.value(), 1.0, 1e-5);
   }
+}
+
+TEST(CoancestryOfMany, IsWithinAFifthOfAPerCentOfAllPairs) {
+  for (std::uint64_t seed = 1; seed <= 10; ++seed) {
+    const PopulationStore store = random_population(seed, 900);
+    const std::vector<std::int32_t> positions = young_positions(store, 800);
+    const EffectiveSizeEstimate many = estimate_of(store, positions, 100), all = estimate_of(store, positions);
+    EXPECT_EQ(many.count, all.count);
+    EXPECT_NEAR(many.effective_size.value() / all.effective_size.value(), 1.0, 0.002) << seed;
+    EXPECT_NEAR(many.standard_error.value() / all.standard_error.value(), 1.0, 0.5) << seed;
+  }
+}
+
+TEST(CoancestryOfMany, OfUnrelatedAnimalsThereIsNoEstimate) {
+  const PopulationStore store = with_inbreeding(numbered_store("2000\n2000\n2000\n2000\n"));
+  const EffectiveSizeEstimate estimate = estimate_of(store, from_to(1, 4), 2);
+  EXPECT_EQ(estimate.count, 0);
+  EXPECT_FALSE(estimate.mean_increase.has_value());
 }
 
 TEST(CoancestryPairs, AnErrorNeedsThreeAnimals) {
   const PopulationStore store =
       with_inbreeding(numbered_store("2000 m\n2000\n2001 s=1 d=2\n2001 s=1 d=2\n2001 s=1 d=2\n"));
-  const std::vector<double> ones(3, 1.0);
-  const EffectiveSizeEstimate two = estimate_by_coancestry(store, std::vector<std::int32_t>{3, 4}, ones);
+  const EffectiveSizeEstimate two = estimate_of(store, {3, 4});
   EXPECT_DOUBLE_EQ(two.mean_increase.value(), 0.25);
   EXPECT_DOUBLE_EQ(two.effective_size.value(), 2.0);
   EXPECT_FALSE(two.standard_error.has_value());
-  EXPECT_EQ(estimate_by_coancestry(store, std::vector<std::int32_t>{3, 4, 5}, ones).standard_error, 0.0);
-}
-
-TEST(CoancestryPairs, AsManyAnimalsAsArePairedAreNoSample) {
-  const PopulationStore store = random_population(5, 60);
-  const std::vector<std::int32_t> positions = young_positions(store, 20);
-  const std::vector<double> equivalents(positions.size(), 2.0);
-  EXPECT_FALSE(estimate_by_coancestry(store, positions, equivalents, positions.size()).is_sample);
-  EXPECT_TRUE(estimate_by_coancestry(store, positions, equivalents, positions.size() - 1).is_sample);
-  EXPECT_EQ(most_paired_animals, 2000U);
+  EXPECT_EQ(estimate_of(store, {3, 4, 5}).standard_error, 0.0);
 }
 
 }  // namespace

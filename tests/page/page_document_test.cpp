@@ -71,7 +71,7 @@ TEST(PageOfExample, HasNoTwoElementsOfOneId) {
 // A chart of one population may be missing in another one; their ids must differ all the same.
 TEST(PageOfExample, HasChartsOfEveryFunctionThatMakesOne) {
   std::size_t makers = 0;
-  for (const std::string file : {"animal_charts.h", "group_charts.h", "inbreeding_charts.h"}) {
+  for (const std::string file : {"animal_charts.h", "diversity_charts.h", "group_charts.h", "inbreeding_charts.h"}) {
     for (const std::string& line : lines_of(bytes_of(fs::path(source_folder()) / "src" / "page" / file))) {
       makers += line.starts_with("Chart ") ? 1U : 0U;
     }

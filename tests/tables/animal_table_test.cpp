@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "support/lines.h"
@@ -15,7 +16,8 @@ namespace {
 
 const std::string header =
     "id\tsire\tdam\tsex\tbirthdate\tF\tequivalent_generations\tcomplete_generations\tmax_generations\toffspring\t"
-    "native_offspring\tmean_kinship\tsubpopulation\n";
+    "native_offspring\tmean_kinship\tsubpopulation\tcompleteness_index\tincrease_of_inbreeding\tF_3_generations\t"
+    "F_5_generations\tancestral_inbreeding\tbreeding_offspring\n";
 
 AnimalRecord animal(std::string_view id, Sex sex, std::int32_t sire = 0, std::int32_t dam = 0) {
   AnimalRecord record;
@@ -26,9 +28,11 @@ AnimalRecord animal(std::string_view id, Sex sex, std::int32_t sire = 0, std::in
   return record;
 }
 
-std::string table_of(const PopulationStore& store, const Diversity& diversity = {}) {
+std::string table_of(const PopulationStore& store, std::vector<std::int32_t> reference = {}) {
   TableWriter writer;
-  write_animals(store, diversity, writer);
+  Diversity diversity;
+  diversity.reference.positions = std::move(reference);
+  write_animals(store, compute_figures(store, diversity).animals, writer);
   return writer.text;
 }
 
@@ -79,16 +83,18 @@ std::vector<AnimalRecord> family() {
 }
 
 TEST(AnimalTable, HasARowForEachAnimal) {
-  Diversity diversity;
-  diversity.reference.positions = {3, 5};
-  diversity.mean_kinship_of = {0.375, 0.1};
-  EXPECT_EQ(table_of(finished_store_of(family()), diversity),
+  PopulationStore store = finished_store_of(family());
+  for (const std::int32_t parent : {1, 2, 3, 4}) store.is_parent[parent] = 1;
+  // Mean kinship with a and =x: of S and D 1/4 with each; of a 1/2 and 3/8, of b 1/4 and 3/8, of =x 3/8 and 5/8.
+  // Each line has one of five generations, and two with a grandparent generation: 0.2, 0.4.
+  EXPECT_EQ(table_of(store, {3, 5}),
             header +
-                "S\t\t\tmale\t\t0\t0\t0\t0\t2\t1\t\t\n"
-                "D\t\t\tfemale\t\t0\t0\t0\t0\t2\t1\t\t\n"
-                "a\tS\tD\tmale\t2001-07-01\t0\t1\t1\t1\t1\t1\t0.375\t\n"
-                "\"b,\"\"\"\tS\tD\tfemale\t\t0\t1\t1\t1\t1\t1\t\t\n"
-                "=x\ta\t\"b,\"\"\"\tfemale\t\t0.25\t2\t2\t2\t0\t0\t0.1\t\n");
+                "S\t\t\tmale\t\t0\t0\t0\t0\t2\t1\t0.25\t\t0\t\t0\t0\t0\t2\n"
+                "D\t\t\tfemale\t\t0\t0\t0\t0\t2\t1\t0.25\t\t0\t\t0\t0\t0\t2\n"
+                "a\tS\tD\tmale\t2001-07-01\t0\t1\t1\t1\t1\t1\t0.4375\t\t0.2\t\t0\t0\t0\t0\n"
+                "\"b,\"\"\"\tS\tD\tfemale\t\t0\t1\t1\t1\t1\t1\t0.3125\t\t0.2\t\t0\t0\t0\t0\n"
+                "=x\ta\t\"b,\"\"\"\tfemale\t\t0.25\t2\t2\t2\t0\t0\t0.5\t\t0.4\t0.25\t0.25\t0.25\t0\t0\n");
+  EXPECT_EQ(table_of(store).find("0.4375"), std::string::npos);  // no mean kinship without a reference population
 }
 
 TEST(LongestLines, FollowTheLongerParent) {

@@ -1,0 +1,149 @@
+#include "diversity/family_sizes.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "genetics/ancestor_pedigree.h"
+
+namespace pedigreewatch {
+namespace {
+
+/// Offspring of an animal that bred.
+struct BredOffspring {
+  std::int32_t sons = 0, daughters = 0;
+};
+
+BySex<ByNumber<Flag>> mark_uses(const PopulationStore& store) {
+  BySex<ByNumber<Flag>> uses{ByNumber<Flag>(store.size()), ByNumber<Flag>(store.size())};
+  for (std::int32_t position = 1; position <= store.animal_count; ++position) {
+    uses.of_males[store.sire_no[position]] = 1;
+    uses.of_females[store.dam_no[position]] = 1;
+  }
+  return uses;
+}
+
+/// Whether an animal that bred counts as a sire.
+bool is_used_as_sire(const PopulationStore& store, const BySex<ByNumber<Flag>>& uses, std::int32_t position) {
+  if (uses.of_males[position] == 0) return false;
+  return uses.of_females[position] == 0 || store.sex[position] == male;
+}
+
+/// The age in years that all but one in twenty parents have not passed when their young are born; none without ages.
+std::optional<std::int32_t> late_age(const PopulationStore& store) {
+  std::vector<std::int64_t> counts;
+  std::int64_t all = 0;
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    const KnownParents parents = known_parents(store, i);
+    for (const std::int32_t parent : {parents.sire, parents.dam}) {
+      if (parent == 0 || store.birth_year[i] == 0 || store.birth_year[parent] == 0) continue;
+      const std::int64_t age = std::max<std::int64_t>(std::int64_t{store.birth_year[i]} - store.birth_year[parent], 0);
+      if (age >= std::ssize(counts)) counts.resize(static_cast<std::size_t>(age) + 1, 0);
+      ++counts[static_cast<std::size_t>(age)];
+      ++all;
+    }
+  }
+  if (all == 0) return std::nullopt;
+  const double most_later = late_share * static_cast<double>(all);
+  std::int64_t later = all;
+  for (std::size_t age = 0;; ++age) {
+    later -= counts[age];
+    if (static_cast<double>(later) <= most_later) return static_cast<std::int32_t>(age);
+  }
+}
+
+ByNumber<BredOffspring> count_bred(const PopulationStore& store, const BySex<ByNumber<Flag>>& uses) {
+  ByNumber<BredOffspring> bred(store.size());
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    if (uses.of_males[i] == 0 && uses.of_females[i] == 0) continue;
+    const bool is_son = is_used_as_sire(store, uses, i);
+    for (const std::int32_t parent : {store.sire_no[i], store.dam_no[i]}) {
+      ++(is_son ? bred[parent].sons : bred[parent].daughters);
+    }
+  }
+  return bred;
+}
+
+double variance_of(double products, double sum, double other_sum, double n) {
+  return (products - sum * other_sum / n) / (n - 1.0);
+}
+
+FamilySizes describe_families(const std::vector<BredOffspring>& families, std::int32_t years) {
+  FamilySizes sizes;
+  sizes.parents = std::ssize(families);
+  const double n = static_cast<double>(sizes.parents);
+  sizes.per_year = n / static_cast<double>(years);
+  if (families.size() < 2) return sizes;
+  double sons = 0.0, daughters = 0.0, sons_squared = 0.0, daughters_squared = 0.0, both = 0.0;
+  for (const BredOffspring& family : families) {
+    const double s = family.sons, d = family.daughters;
+    sons += s;
+    daughters += d;
+    sons_squared += s * s;
+    daughters_squared += d * d;
+    both += s * d;
+  }
+  sizes.mean_sons = sons / n;
+  sizes.mean_daughters = daughters / n;
+  sizes.variance_of_sons = variance_of(sons_squared, sons, sons, n);
+  sizes.variance_of_daughters = variance_of(daughters_squared, daughters, daughters, n);
+  sizes.covariance = variance_of(both, sons, daughters, n);
+  return sizes;
+}
+
+/// The mean of the paths that have an interval.
+std::optional<double> mean_of_paths(const GenerationPaths& paths) {
+  double sum = 0.0;
+  int count = 0;
+  for (const PathInterval& path : paths.paths) {
+    if (!path.mean_years) continue;
+    sum += *path.mean_years;
+    ++count;
+  }
+  if (count == 0) return std::nullopt;
+  return sum / count;
+}
+
+}  // namespace
+
+std::optional<double> effective_size_of_families(const BySex<FamilySizes>& of, double generation_interval) {
+  const FamilySizes &sires = of.of_males, &dams = of.of_females;
+  if (sires.parents < 2 || dams.parents < 2 || !(generation_interval > 0.0)) return std::nullopt;
+  const double ratio = sires.per_year / dams.per_year;
+  const double of_sires =
+      2.0 + sires.variance_of_sons + 2.0 * ratio * sires.covariance + ratio * ratio * sires.variance_of_daughters;
+  const double of_dams =
+      2.0 + dams.variance_of_sons / (ratio * ratio) + 2.0 / ratio * dams.covariance + dams.variance_of_daughters;
+  constexpr double sixteen = 16.0;
+  const double inverse = of_sires / (sixteen * sires.per_year * generation_interval) +
+                         of_dams / (sixteen * dams.per_year * generation_interval);
+  return 1.0 / inverse;
+}
+
+FamilySizeEstimate estimate_by_family_sizes(const PopulationStore& store, const GenerationPaths& paths) {
+  FamilySizeEstimate estimate;
+  estimate.generation_interval = mean_of_paths(paths);
+  const std::optional<std::int32_t> age = late_age(store);
+  const BirthYears& years = store.birth_years;
+  if (!age || years.dated_row_count() == 0) return estimate;
+  const std::int64_t last = std::int64_t{years.last} - 2 * std::int64_t{*age};
+  if (last < years.first) return estimate;
+  estimate.last_year = static_cast<std::int32_t>(last);
+  estimate.first_year = static_cast<std::int32_t>(std::max<std::int64_t>(last - most_complete_years + 1, years.first));
+  const BySex<ByNumber<Flag>> uses = mark_uses(store);
+  const ByNumber<BredOffspring> bred = count_bred(store, uses);
+  BySex<std::vector<BredOffspring>> families;
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    const std::int32_t year = store.birth_year[i];
+    if (year == 0 || year < estimate.first_year || year > estimate.last_year) continue;
+    if (uses.of_males[i] == 0 && uses.of_females[i] == 0) continue;
+    families.of(is_used_as_sire(store, uses, i) ? male : female).push_back(bred[i]);
+  }
+  const std::int32_t count = estimate.last_year - estimate.first_year + 1;
+  for (const Sex sex : {male, female}) estimate.of.of(sex) = describe_families(families.of(sex), count);
+  if (estimate.generation_interval) {
+    estimate.effective_size = effective_size_of_families(estimate.of, *estimate.generation_interval);
+  }
+  return estimate;
+}
+
+}  // namespace pedigreewatch

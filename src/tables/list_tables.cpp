@@ -1,0 +1,195 @@
+#include "tables/list_tables.h"
+
+#include <array>
+#include <string_view>
+
+#include "tables/animal_table.h"
+
+namespace pedigreewatch {
+namespace {
+
+/// A row of a list of animals: the animal, and its place in the list, counted from 1.
+struct ListedAnimal {
+  const ListedPopulation& population;
+  std::int32_t position = 0;
+  std::int64_t rank = 0;
+
+  const PopulationStore& store() const { return population.store; }
+  const AnimalFigures& figures() const { return population.figures.animals; }
+};
+
+struct AnimalListColumn {
+  std::string_view name;
+  void (*write)(const ListedAnimal& animal, TableWriter& writer);
+};
+
+void add_id(const PopulationStore& store, std::int32_t position, TableWriter& writer) {
+  if (position == 0) return add_nothing(writer);
+  add_text(writer, without_trailing_blanks(store.id(position)));
+}
+
+void add_name(const PopulationStore& store, std::int32_t position, TableWriter& writer) {
+  if (!store.has_name) return add_nothing(writer);
+  add_text(writer, without_trailing_blanks(store.name(position)));
+}
+
+void add_birthdate(const PopulationStore& store, std::int32_t position, TableWriter& writer) {
+  add_plain(writer, iso_date(store.birth_year[position], store.birth_month[position], store.birth_day(position)));
+}
+
+void add_mean_kinship(const ListedAnimal& animal, TableWriter& writer) {
+  const ByNumber<float>& means = animal.figures().mean_kinship;
+  if (means.values.empty()) return add_nothing(writer);
+  add_real(writer, means[animal.position]);
+}
+
+constexpr AnimalListColumn sex_column = {"sex", [](const ListedAnimal& a, TableWriter& writer) {
+                                           add_plain(writer, a.store().sex[a.position] == male ? "male" : "female");
+                                         }};
+constexpr AnimalListColumn rank_column = {
+    "rank", [](const ListedAnimal& a, TableWriter& writer) { add_integer(writer, a.rank); }};
+constexpr AnimalListColumn id_column = {
+    "id", [](const ListedAnimal& a, TableWriter& writer) { add_id(a.store(), a.position, writer); }};
+constexpr AnimalListColumn name_column = {
+    "name", [](const ListedAnimal& a, TableWriter& writer) { add_name(a.store(), a.position, writer); }};
+constexpr AnimalListColumn birthdate_column = {
+    "birthdate", [](const ListedAnimal& a, TableWriter& writer) { add_birthdate(a.store(), a.position, writer); }};
+constexpr AnimalListColumn sire_column = {"sire", [](const ListedAnimal& a, TableWriter& writer) {
+                                            add_id(a.store(), a.store().sire_no[a.position], writer);
+                                          }};
+constexpr AnimalListColumn dam_column = {
+    "dam", [](const ListedAnimal& a, TableWriter& writer) { add_id(a.store(), a.store().dam_no[a.position], writer); }};
+constexpr AnimalListColumn kinship_column = {"mean_kinship", add_mean_kinship};
+constexpr AnimalListColumn inbreeding_column = {
+    "F", [](const ListedAnimal& a, TableWriter& writer) { add_real(writer, a.store().inbreeding[a.position]); }};
+constexpr AnimalListColumn equivalents_column = {
+    "equivalent_generations",
+    [](const ListedAnimal& a, TableWriter& writer) { add_real(writer, a.store().generation_equivalents[a.position]); }};
+constexpr AnimalListColumn completeness_column = {
+    "completeness_index", [](const ListedAnimal& a, TableWriter& writer) {
+      add_real(writer, static_cast<float>(completeness_index(a.store(), a.figures(), a.position)));
+    }};
+constexpr AnimalListColumn offspring_column = {"offspring", [](const ListedAnimal& a, TableWriter& writer) {
+                                                 add_integer(writer, a.population.offspring[a.position]);
+                                               }};
+
+void write_header(std::span<const AnimalListColumn> columns, TableWriter& writer) {
+  for (const AnimalListColumn& column : columns) add_text(writer, column.name);
+  end_row(writer);
+}
+
+void write_animals(const ListedPopulation& population, std::span<const std::int32_t> positions,
+                   std::span<const AnimalListColumn> columns, TableWriter& writer) {
+  ListedAnimal animal{population, 0, 0};
+  for (const std::int32_t position : positions) {
+    animal.position = position;
+    ++animal.rank;
+    for (const AnimalListColumn& column : columns) column.write(animal, writer);
+    end_row(writer);
+  }
+}
+
+template <typename... Names>
+void write_names(TableWriter& writer, Names... names) {
+  (add_text(writer, names), ...);
+  end_row(writer);
+}
+
+/// A mean of so many animals; empty of none.
+void add_mean(TableWriter& writer, std::int64_t animals, double mean) {
+  if (animals > 0) return add_real(writer, mean);
+  add_nothing(writer);
+}
+
+}  // namespace
+
+void write_kinship_list(const ListedPopulation& population, TableWriter& writer) {
+  constexpr auto columns = std::to_array<AnimalListColumn>({sex_column, rank_column, id_column, name_column,
+                                                            birthdate_column, kinship_column, equivalents_column,
+                                                            completeness_column, offspring_column, inbreeding_column});
+  write_header(columns, writer);
+  write_animals(population, population.figures.lists.females, columns, writer);
+  write_animals(population, population.figures.lists.males, columns, writer);
+}
+
+void write_most_inbred(const ListedPopulation& population, TableWriter& writer) {
+  constexpr auto columns = std::to_array<AnimalListColumn>(
+      {rank_column, id_column, name_column, sex_column, birthdate_column, inbreeding_column, sire_column, dam_column,
+       equivalents_column, completeness_column, offspring_column});
+  write_header(columns, writer);
+  write_animals(population, population.figures.lists.most_inbred, columns, writer);
+}
+
+void write_used_sires(const ListedPopulation& population, TableWriter& writer) {
+  write_names(writer, "rank", "id", "name", "birthdate", "offspring", "offspring_in_reference", "share", "mean_kinship",
+              "descendants_in_reference", "animals_of_rest", "kinship_of_rest", "animals_without_offspring",
+              "kinship_without_offspring");
+  const PopulationStore& store = population.store;
+  std::int64_t rank = 0;
+  for (const UsedSire& sire : population.figures.lists.sires) {
+    add_integer(writer, ++rank);
+    add_id(store, sire.position, writer);
+    add_name(store, sire.position, writer);
+    add_birthdate(store, sire.position, writer);
+    add_integer(writer, population.offspring[sire.position]);
+    add_integer(writer, sire.offspring);
+    add_real(writer, sire.share);
+    add_real(writer, population.figures.animals.mean_kinship[sire.position]);
+    add_integer(writer, sire.descendants);
+    add_integer(writer, sire.rest);
+    add_mean(writer, sire.rest, sire.kinship_of_rest);
+    add_integer(writer, sire.without_offspring);
+    add_mean(writer, sire.without_offspring, sire.kinship_without_offspring);
+    end_row(writer);
+  }
+}
+
+void write_founders(const PopulationStore& store, std::span<const FounderEntry> founders, TableWriter& writer) {
+  write_names(writer, "rank", "kind", "id", "name", "sex", "birthdate", "contribution", "genes_left",
+              "genes_left_standard_error", "descendants_in_reference");
+  std::int64_t rank = 0;
+  for (const FounderEntry& founder : founders) {
+    add_integer(writer, ++rank);
+    add_plain(writer, founder.is_unknown_parent ? "unknown_parent_of" : "founder");
+    add_id(store, founder.position, writer);
+    add_name(store, founder.position, writer);
+    if (founder.is_unknown_parent) {
+      add_nothing(writer);
+      add_nothing(writer);
+    } else {
+      add_plain(writer, store.sex[founder.position] == male ? "male" : "female");
+      add_birthdate(store, founder.position, writer);
+    }
+    add_real(writer, founder.contribution);
+    add_real(writer, founder.left.share);
+    add_real(writer, founder.left.standard_error);
+    add_integer(writer, founder.descendants);
+    end_row(writer);
+  }
+}
+
+void write_division(const PopulationStore& store, const SubpopulationDiversity& division, TableWriter& writer) {
+  write_names(writer, "subpopulation", "other_subpopulation", "animals", "other_animals", "F_mean", "kinship",
+              "nei_minimum_distance", "nei_standard_distance");
+  for (std::size_t g = 0; g < division.groups.size(); ++g) {
+    for (std::size_t h = g; h < division.groups.size(); ++h) {
+      const DividedGroup &group = division.groups[g], &other = division.groups[h];
+      add_text(writer, store.subpopulation_name(group.number));
+      add_text(writer, store.subpopulation_name(other.number));
+      add_integer(writer, group.animals);
+      add_integer(writer, other.animals);
+      if (g == h) {
+        add_real(writer, group.mean_inbreeding);
+      } else {
+        add_nothing(writer);
+      }
+      add_real(writer, division.kinship(g, h));
+      add_real(writer, g == h ? 0.0 : division.minimum_distance(g, h));
+      const std::optional<double> distance = g == h ? 0.0 : division.standard_distance(g, h);
+      add_cell(writer, distance ? Cell(*distance) : Cell());
+      end_row(writer);
+    }
+  }
+}
+
+}  // namespace pedigreewatch
