@@ -1,6 +1,7 @@
 #include "standing/standing_options.h"
 
 #include <charconv>
+#include <cstdlib>
 
 #include "text/phrases.h"
 
@@ -40,9 +41,10 @@ std::optional<double> read_percentage(std::string_view text) {
   std::string digits(text);
   for (char& byte : digits) byte = byte == ',' ? '.' : byte;
   if (digits.empty() || digits.find_first_not_of("0123456789.") != std::string::npos) return std::nullopt;
-  double percentage = 0.0;
-  const auto [stop, error] = std::from_chars(digits.data(), digits.data() + digits.size(), percentage);
-  const bool is_read = error == std::errc() && stop == digits.data() + digits.size();
+  // Not every library has std::from_chars for reals; of digits and points alone strtod reads the same.
+  char* stop = nullptr;
+  const double percentage = std::strtod(digits.c_str(), &stop);
+  const bool is_read = stop == digits.c_str() + digits.size();
   constexpr double hundred = 100.0;
   if (!is_read || !(percentage > 0.0) || percentage > hundred) return std::nullopt;
   return percentage / hundred;
