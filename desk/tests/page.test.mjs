@@ -11,7 +11,7 @@ import { isFirefox, openPage, root, startBrowser, violations } from "./browser.m
 
 const tools = process.env.PEDIGREEWATCH_TOOLS ?? join(root, "build/release/pedigreewatch-tools");
 const pages = [["en", "moorland-en", "moorland.html"], ["nl", "heide-nl", "heide.html"]];
-const millimetre = 96 / 25.4, paper = { width: 210, height: 297, margin: 14 };
+const millimetre = 96 / 25.4, paper = { width: 210, height: 297, margin: 11 };
 
 let browser, folder;
 before(async () => {

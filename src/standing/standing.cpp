@@ -165,11 +165,13 @@ Standing compute_standing(const PopulationStore& store, double generation_interv
   Standing standing;
   standing.settings = settings;
   constexpr double longest_interval = 1000.0;
-  if (store.birth_years.last < store.birth_years.first || !(generation_interval > 0.0) ||
-      generation_interval > longest_interval) {
+  const std::int32_t last = store.birth_years.last;
+  const bool has_years = last >= store.birth_years.first;
+  if (!has_years || !(generation_interval > 0.0) || generation_interval > longest_interval) {
     standing.data.falsifying_faults = falsifying_faults;
-    const std::int32_t last = store.birth_years.last;
-    standing.years = {.last = last, .recent_first = last - recent_years + 1, .cohort_first = last, .now_first = last};
+    if (has_years) {
+      standing.years = {.last = last, .recent_first = last - recent_years + 1, .cohort_first = last, .now_first = last};
+    }
     return standing;
   }
   const Breed breed{store, generation_interval, years_of_birth(store, generation_interval)};
