@@ -8,7 +8,7 @@
 sums_of() {
   (
     cd "$1" || exit
-    { find CMakeLists.txt CMakePresets.json LICENSE README.md src tests docs examples packaging -type f -print0 \
+    { find CMakeLists.txt CMakePresets.json LICENSE README.md src tests docs examples packaging desk/*.ts -type f -print0 \
       2>/dev/null || true; } | xargs -0 -r sha256sum | LC_ALL=C sort
   )
 }
