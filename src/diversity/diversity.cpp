@@ -28,11 +28,16 @@ void put_ancestors(AncestorFigures figures, Diversity& diversity) {
   diversity.ancestors_for_half = figures.ancestors_for_half;
 }
 
-void put_kinship(MeanKinship kinship, Diversity& diversity) {
+void put_kinship(MeanKinship kinship, const ReferencePopulation& reference, Diversity& diversity) {
   diversity.mean_kinship = kinship.mean;
   diversity.founder_genomes = kinship.founder_genomes;
   diversity.lowest_mean_kinship = kinship.lowest;
   diversity.highest_mean_kinship = kinship.highest;
+  diversity.mean_kinship_without_self = kinship.without_self;
+  if (kinship.mean) {
+    diversity.lowest_animal = reference.positions[kinship.lowest_place];
+    diversity.highest_animal = reference.positions[kinship.highest_place];
+  }
   diversity.mean_kinship_of = std::move(kinship.of_members);
 }
 
@@ -65,7 +70,7 @@ Diversity compute_diversity(const PopulationStore& store, ReferencePopulation re
   const PedigreeDepth depth = describe_depth(pedigree);
   put_founders(describe_founders(pedigree, genes), diversity);
   put_ancestors(choose_ancestors(pedigree), diversity);
-  put_kinship(compute_mean_kinship(pedigree, genes), diversity);
+  put_kinship(compute_mean_kinship(store, pedigree, genes), reference, diversity);
   put_depth(depth, diversity);
   diversity.by_inbreeding = estimate_by_inbreeding(store, pedigree, depth.equivalents_of);
   diversity.by_coancestry = estimate_by_coancestry(store, pedigree, depth.equivalents_of);

@@ -76,27 +76,36 @@ void add_reference(RowList& list, const ReferencePopulation& reference) {
   const auto add_year = [&](const FigureName& figure, std::int32_t year) {
     list.add(figure).value = year == 0 ? std::string() : std::to_string(year);
   };
-  add_year({"reference_first_year", {"their first year of birth", "hun eerste geboortejaar"}}, reference.first_year);
-  add_year({"reference_last_year", {"their last year of birth", "hun laatste geboortejaar"}}, reference.last_year);
-  add_count(list, {"reference_animals", {"their number", "hun aantal"}}, std::ssize(reference.positions));
+  add_year({"reference_first_year",
+            {"first of the birth years that it is chosen from", "eerste van de geboortejaren waaruit gekozen is"}},
+           reference.first_year);
+  add_year({"reference_last_year",
+            {"last of the birth years that it is chosen from", "laatste van de geboortejaren waaruit gekozen is"}},
+           reference.last_year);
+  add_count(list, {"reference_animals", {"number of its animals", "aantal dieren ervan"}},
+            std::ssize(reference.positions));
+  DiversityRow& born = list.add({"reference_born",
+                                 {"animals born in these years, those left out for an unknown parent too",
+                                  "dieren geboren in deze jaren, ook die om een onbekende ouder weggelaten zijn"}});
+  if (reference.choice != ReferenceChoice::listed) born.value = std::to_string(reference.born);
 }
 
 void add_founders(RowList& list, const Diversity& diversity) {
   DiversityRow& both =
       list.add({"founders_and_half_founders",
-                {"founders / animals with one known parent", "stichters / dieren met een bekende ouder"}});
+                {"founders / animals with one known parent", "stamdieren / dieren met een bekende ouder"}});
   both.text = std::to_string(diversity.founders) + " / " + std::to_string(diversity.half_founders);
   add_count(list, {"founders", {"ancestors without known parents", "voorouders zonder bekende ouders"}},
             diversity.founders);
   add_count(list,
             {"half_founders",
              {"animals with one known parent; the other one counts as a founder",
-              "dieren met een bekende ouder; de andere telt als stichter"}},
+              "dieren met een bekende ouder; de andere telt als stamdier"}},
             diversity.half_founders);
   add_value(list,
             {"effective_founders",
              {"fe: founders that would give the same diversity if all contributed alike",
-              "fe: stichters die dezelfde diversiteit zouden geven als alle evenveel bijdroegen"}},
+              "fe: stamdieren die dezelfde diversiteit zouden geven als alle evenveel bijdroegen"}},
             diversity.effective_founders);
 }
 
@@ -114,7 +123,7 @@ std::string name_of_ancestor(const PopulationStore& store, const MainAncestor& a
 void add_ancestor_numbers(RowList& list, const Diversity& diversity) {
   DiversityRow& effective = list.add(
       {"effective_ancestors",
-       {"fa: the same, with bottlenecks behind the founders", "fa: hetzelfde, met de flessenhalzen na de stichters"}});
+       {"fa: the same, with bottlenecks behind the founders", "fa: hetzelfde, met de flessenhalzen na de stamdieren"}});
   effective.value = number(diversity.effective_ancestors);
   effective.n = std::to_string(diversity.chosen_ancestors);
   if (diversity.effective_ancestors) {
@@ -144,20 +153,39 @@ void add_main_ancestors(RowList& list, const PopulationStore& store, const Diver
   if (!diversity.main_ancestors.empty()) total.value = number(sum);
 }
 
-void add_kinship(RowList& list, const Diversity& diversity) {
+/// A mean kinship of one animal: which one, its name, and how much is known of its ancestors.
+void add_extreme(RowList& list, const PopulationStore& store, std::string_view name,
+                 const std::optional<double>& kinship, std::int32_t animal) {
+  const std::string figure(name), name_figure = figure + "_name", equivalents_figure = figure + "_equivalents";
+  DiversityRow& row = list.add({figure,
+                                {"of one animal with all; few known ancestors make it low",
+                                 "van een dier met alle; weinig bekende voorouders maken het laag"}});
+  row.value = number(kinship);
+  if (animal != 0) row.text = one_line(without_trailing_blanks(store.id(animal)));
+  DiversityRow& of_name = list.add({name_figure, {"name of that animal", "naam van dat dier"}});
+  if (animal != 0 && store.has_name) of_name.text = one_line(without_trailing_blanks(store.name(animal)));
+  DiversityRow& equivalents =
+      list.add({equivalents_figure, {"EqG of that animal: known generations", "EqG van dat dier: bekende generaties"}});
+  if (animal != 0) equivalents.value = number(double{store.generation_equivalents[animal]});
+}
+
+void add_kinship(RowList& list, const PopulationStore& store, const Diversity& diversity) {
   add_value(list,
             {"mean_kinship",
              {"of all animals with all, each with itself included", "van alle dieren met alle, elk ook met zichzelf"}},
             diversity.mean_kinship);
   add_value(list,
+            {"mean_kinship_without_self",
+             {"of different animals: F of their young, were they mated at random",
+              "van verschillende dieren: F van hun jongen, als ze willekeurig gepaard werden"}},
+            diversity.mean_kinship_without_self);
+  add_value(list,
             {"founder_genomes",
              {"fg: founders whose genes, none lost, would give the same diversity",
-              "fg: stichters waarvan de genen, zonder verlies, dezelfde diversiteit zouden geven"}},
+              "fg: stamdieren waarvan de genen, zonder verlies, dezelfde diversiteit zouden geven"}},
             diversity.founder_genomes);
-  add_value(list, {"lowest_mean_kinship", {"of one animal with all", "van een dier met alle"}},
-            diversity.lowest_mean_kinship);
-  add_value(list, {"highest_mean_kinship", {"of one animal with all", "van een dier met alle"}},
-            diversity.highest_mean_kinship);
+  add_extreme(list, store, "lowest_mean_kinship", diversity.lowest_mean_kinship, diversity.lowest_animal);
+  add_extreme(list, store, "highest_mean_kinship", diversity.highest_mean_kinship, diversity.highest_animal);
 }
 
 void add_completeness(RowList& list, const Diversity& diversity) {
@@ -233,8 +261,15 @@ void add_paths(RowList& list, const Diversity& diversity) {
   for (std::size_t i = 0; i < paths.size(); ++i) {
     add_path(list, paths[i].first, paths[i].second, diversity.paths[i]);
   }
-  add_path(list, "all_paths", {"age of parents of parents, years", "leeftijd van ouders van ouders, jaren"},
+  add_path(list, "all_paths",
+           {"age of parents of parents, all pairs together, of all years",
+            "leeftijd van ouders van ouders, alle paren samen, van alle jaren"},
            diversity.all_paths);
+  add_value(list,
+            {"interval_mean_of_paths",
+             {"mean of the four paths, the usual generation interval, years",
+              "gemiddelde van de vier paden, het gebruikelijke generatie-interval, jaren"}},
+            mean_of_paths({diversity.paths, diversity.all_paths}));
 }
 
 // ---- diversity left, imports, subpopulations, family sizes -------------------------------------------------------
@@ -248,12 +283,12 @@ void add_diversity_left(RowList& list, const Diversity& diversity) {
   add_value(list,
             {"gene_diversity",
              {"1 - mean kinship: what is left of the diversity of the founders",
-              "1 - gemiddelde verwantschap: wat over is van de diversiteit van de stichters"}},
+              "1 - gemiddelde verwantschap: wat over is van de diversiteit van de stamdieren"}},
             left);
   add_value(list,
             {"lost_by_unequal_founders",
              {"lost because founders have contributed unequally, 1 / (2 fe)",
-              "verloren doordat stichters ongelijk bijdroegen, 1 / (2 fe)"}},
+              "verloren doordat stamdieren ongelijk bijdroegen, 1 / (2 fe)"}},
             by_founders);
   add_value(list,
             {"lost_since_founders",
@@ -370,7 +405,7 @@ std::vector<DiversityRow> diversity_rows(const PopulationStore& store, const Div
   add_founders(list, diversity);
   add_ancestor_numbers(list, diversity);
   add_main_ancestors(list, store, diversity);
-  add_kinship(list, diversity);
+  add_kinship(list, store, diversity);
   add_completeness(list, diversity);
   add_effective_sizes(list, diversity);
   add_paths(list, diversity);

@@ -27,7 +27,8 @@ double increase_per_generation(double coefficient, double generations);
 void complete_estimate(EffectiveSizeEstimate& estimate, std::optional<double> error_of_mean);
 
 /// From the increases of inbreeding of the animals with more than one equivalent generation, dF = 1 - (1 - F) ^ (1 /
-/// (EqG - 1)) (Gutierrez and others, 2008, Genet. Sel. Evol. 40: 359-378; 2009, 41: 23). `equivalents` is EqG by place
+/// (EqG - 1)) (Gutierrez and others, 2008, Genet. Sel. Evol. 40: 359-378;
+/// Gutierrez, Cervantes and Goyache, 2009, J. Anim. Breed. Genet. 126: 327-332). `equivalents` is EqG by place
 /// in the reference population.
 EffectiveSizeEstimate estimate_by_inbreeding(const PopulationStore& store, const ReferencePedigree& pedigree,
                                              std::span<const double> equivalents);

@@ -90,19 +90,6 @@ FamilySizes describe_families(const std::vector<BredOffspring>& families, std::i
   return sizes;
 }
 
-/// The mean of the paths that have an interval.
-std::optional<double> mean_of_paths(const GenerationPaths& paths) {
-  double sum = 0.0;
-  int count = 0;
-  for (const PathInterval& path : paths.paths) {
-    if (!path.mean_years) continue;
-    sum += *path.mean_years;
-    ++count;
-  }
-  if (count == 0) return std::nullopt;
-  return sum / count;
-}
-
 }  // namespace
 
 std::optional<double> effective_size_of_families(const BySex<FamilySizes>& of, double generation_interval) {

@@ -18,7 +18,7 @@ struct GenesLeft {
 
 /// By number, for founders and the unknown parents of half-founders; zeros for all others. An unknown parent is one of
 /// a single animal, so that at most half of its genes are left. Each of `drops` (at least 2) times every animal draws
-/// one of the two genes of each parent (MacCluer and others, 1986, Zoo Biology 5: 147-160), by numbers that are the
+/// one of the two genes of each parent (MacCluer and others, 1986, Zoo Biology 5), by numbers that are the
 /// same in every run and on every machine.
 ByNumber<GenesLeft> drop_genes(const ReferencePedigree& pedigree, std::int32_t drops = usual_gene_drops);
 

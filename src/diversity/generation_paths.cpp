@@ -98,4 +98,16 @@ GenerationPaths compute_generation_paths(const PopulationStore& store) {
   return result;
 }
 
+std::optional<double> mean_of_paths(const GenerationPaths& paths) {
+  double sum = 0.0;
+  int count = 0;
+  for (const PathInterval& path : paths.paths) {
+    if (!path.mean_years) continue;
+    sum += *path.mean_years;
+    ++count;
+  }
+  if (count == 0) return std::nullopt;
+  return sum / count;
+}
+
 }  // namespace pedigreewatch

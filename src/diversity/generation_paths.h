@@ -20,8 +20,11 @@ enum class Path : std::uint8_t { sire_son, sire_daughter, dam_son, dam_daughter 
 
 struct GenerationPaths {
   std::array<PathInterval, 4> paths;  ///< by `Path`
-  PathInterval all;
+  PathInterval all;                   ///< all pairs of a parent and a young animal together
 };
+
+/// The mean of the paths that have pairs, each counting alike: the usual generation interval; none without any.
+std::optional<double> mean_of_paths(const GenerationPaths& paths);
 
 /// Ages of the parents at the births of those young that became parents, over the whole population. A young animal is
 /// a son when it was used as sire and a daughter when it was used as dam; one that was used as both is what its sex

@@ -67,15 +67,18 @@ ReferencePopulation youngest_animals(const PopulationStore& store) {
   reference.first_year = static_cast<std::int32_t>(first);
   reference.last_year = store.birth_years.last;
   reference.positions = positions_where(store, [&](std::int32_t position) {
-    return is_born_between(store, position, first, last) && store.sire_no[position] != 0 && store.dam_no[position] != 0;
+    if (!is_born_between(store, position, first, last)) return false;
+    ++reference.born;
+    return store.sire_no[position] != 0 && store.dam_no[position] != 0;
   });
   return reference;
 }
 
 ReferencePopulation animals_born(const PopulationStore& store, std::int32_t first_year, std::int32_t last_year) {
-  ReferencePopulation reference{ReferenceChoice::years, first_year, last_year, {}};
+  ReferencePopulation reference{ReferenceChoice::years, first_year, last_year, {}, 0};
   reference.positions = positions_where(
       store, [&](std::int32_t position) { return is_born_between(store, position, first_year, last_year); });
+  reference.born = std::ssize(reference.positions);
   return reference;
 }
 
@@ -84,7 +87,7 @@ ReferencePopulation listed_animals(const PopulationStore& store, std::span<const
   IdIndexOfList list = index_list(ids);
   const auto text_at = [&](std::int32_t number) { return std::string_view(list.ids.at(number)); };
   const auto number_of = [&](std::string_view id) { return find_text(list.index, id, text_at); };
-  ReferencePopulation reference{ReferenceChoice::listed, 0, 0, {}};
+  ReferencePopulation reference{ReferenceChoice::listed, 0, 0, {}, 0};
   reference.positions = positions_where(store, [&](std::int32_t position) {
     const std::string_view id = without_trailing_blanks(store.id(position));
     const std::int32_t number = is_utf_8(id) ? number_of(id) : number_of(readable(id));

@@ -21,6 +21,7 @@ struct ReferencePopulation {
   ReferenceChoice choice = ReferenceChoice::youngest;
   std::int32_t first_year = 0, last_year = 0;  ///< of the choice by years, and of the youngest; 0 when there are none
   std::vector<std::int32_t> positions;         ///< in the store, ascending, each once
+  std::int64_t born = 0;                       ///< animals born in these years, those left out too; 0 for a list
 };
 
 /// The animals born after the last birth year - 10 whose parents are both known; none without birth years.

@@ -231,7 +231,8 @@ Chart interval_chart(const PageFrame& frame) {
   add(both_parents, &MeanParentAges::parents, {true, true});
   const double interval = static_cast<double>(frame.whole().interval.generation_interval);
   if (std::isfinite(interval)) {
-    chart.references.push_back({interval, phrase(all_years, frame.language, {report_figure(interval, 2)})});
+    chart.references.push_back(
+        {interval, phrase(all_years, frame.language, {report_figure(interval, 2, frame.language)})});
   }
   mark_negative_ages(chart, frame);
   return chart;

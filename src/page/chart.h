@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "text/phrases.h"
+
 namespace pedigreewatch {
 
 /// A value of a chart; none where there is nothing to draw.
@@ -45,6 +47,7 @@ struct FigureTable {
 enum class ChartKind : std::uint8_t { lines, stacked_bars };
 
 struct Chart {
+  ToolLanguage language = ToolLanguage::english;  ///< of its figures
   ChartKind kind = ChartKind::lines;
   std::string id;                            ///< of the element, unique in the page
   std::string title;                         ///< what it shows

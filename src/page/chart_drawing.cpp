@@ -64,7 +64,8 @@ void draw_value_axis(std::string& page, const Chart& chart, const Plane& plane) 
     const double value = plane.axis.tick(tick), y = plane.y(value);
     lines += "M" + point(left, y) + "H" + std::to_string(right);
     const bool is_zero = std::abs(value) < plane.axis.step / 2.0;
-    draw_text(page, left - gap, y + half_letter, "e", report_figure(is_zero ? 0.0 : value, plane.axis.decimals));
+    draw_text(page, left - gap, y + half_letter, "e",
+              report_figure(is_zero ? 0.0 : value, plane.axis.decimals, chart.language));
   }
   draw_path(page, "g", lines);
   draw_text(page, left, top - 10, "u", chart.unit);

@@ -75,6 +75,7 @@ void add_listed(Chart& chart, const CountLayers& layers) {
 
 Chart make_chart(const PageFrame& frame, ChartKind kind, const ChartTexts& texts, const Wording& place_heading) {
   Chart chart;
+  chart.language = frame.language;
   chart.kind = kind;
   chart.id = "pw-" + std::string(texts.id);
   chart.title = frame.text(texts.title);
@@ -106,7 +107,8 @@ void add_column(Chart& chart, std::string_view heading, const std::vector<Value>
   chart.figures.headings.emplace_back(heading);
   for (std::size_t place = 0; place < values.size(); ++place) {
     const Value& value = values[place];
-    chart.figures.rows[place].cells.push_back(value ? report_figure(*value, decimals) : std::string(no_figure));
+    chart.figures.rows[place].cells.push_back(value ? report_figure(*value, decimals, chart.language)
+                                                    : std::string(no_figure));
   }
 }
 

@@ -9,6 +9,7 @@
 #include "page/inbreeding_charts.h"
 #include "page/page_sections.h"
 #include "page/page_text.h"
+#include "page/standing_words.h"
 
 namespace pedigreewatch {
 namespace {
@@ -17,8 +18,8 @@ constexpr Wording nobody = {
     "The reference population has no animals: there is nothing to compute. By default it is the animals of the last ten birth years whose parents are both known.",
     "De referentiepopulatie heeft geen dieren: er valt niets te berekenen. Als niets anders gevraagd is zijn het de dieren van de laatste tien geboortejaren waarvan beide ouders bekend zijn."};
 constexpr Wording about_youngest = {
-    "The figures are about the {1} animals born from {2} to {3} whose parents are both known.",
-    "De cijfers gaan over de {1} dieren die van {2} tot en met {3} geboren zijn en waarvan beide ouders bekend zijn."};
+    "The figures are about {1} of the {4} animals born from {2} to {3}: those whose parents are both known. Animals with an unknown parent are left out ({5}), because they would look unrelated to all others.",
+    "De cijfers gaan over {1} van de {4} dieren die van {2} tot en met {3} geboren zijn: die waarvan beide ouders bekend zijn. Dieren met een onbekende ouder zijn weggelaten ({5}), want die zouden met geen enkel dier verwant lijken."};
 constexpr Wording about_years = {"The figures are about the {1} animals born from {2} to {3}.",
                                  "De cijfers gaan over de {1} dieren die van {2} tot en met {3} geboren zijn."};
 constexpr Wording about_list = {"The figures are about the {1} animals of the list that was given.",
@@ -29,6 +30,12 @@ constexpr Wording figure_headings[] = {{"Figure", "Cijfer"}, {"Value", "Waarde"}
 constexpr Wording founders = {"Founders / half-founders", "Stamdieren / halve stamdieren"};
 constexpr Wording founders_note = {"ancestors without known parents / with one known parent",
                                    "voorouders zonder bekende ouders / met \xC3\xA9\xC3\xA9n bekende ouder"};
+
+/// An animal at an end of mean kinship.
+struct MeanKinshipOfAnimal {
+  std::optional<double> kinship;
+  std::int32_t animal = 0;
+};
 
 /// A figure that is one number of the record.
 struct SingleFigure {
@@ -55,15 +62,13 @@ constexpr SingleFigure single_figures[] = {
     {&Diversity::mean_kinship,
      4,
      {"Mean kinship, self included", "Gemiddelde verwantschap, inclusief zelf"},
-     {"of each two animals, between 0 and 1", "van elke twee dieren, tussen 0 en 1"}},
-    {&Diversity::lowest_mean_kinship,
+     {"of all animals with all, each with itself too: the part of the founders' diversity that is lost",
+      "van alle dieren met alle, elk ook met zichzelf: het deel van de diversiteit van de stamdieren dat weg is"}},
+    {&Diversity::mean_kinship_without_self,
      4,
-     {"Lowest mean kinship of an animal", "Laagste gemiddelde verwantschap van een dier"},
-     {"the animal whose genes are rarest", "het dier met de zeldzaamste genen"}},
-    {&Diversity::highest_mean_kinship,
-     4,
-     {"Highest mean kinship of an animal", "Hoogste gemiddelde verwantschap van een dier"},
-     {"the animal whose genes are most common", "het dier met de gewoonste genen"}},
+     {"Mean kinship, without self", "Gemiddelde verwantschap, zonder zelf"},
+     {"of different animals: the inbreeding of their young, were they mated at random",
+      "van verschillende dieren: de inteelt van hun jongen, als ze willekeurig gepaard werden"}},
     {&Diversity::equivalent_generations,
      2,
      {"Generation equivalents", "Equivalente generaties"},
@@ -94,7 +99,17 @@ constexpr Wording from_families = {
     "diepe stamboom"};
 constexpr Wording no_complete_years = {"no birth year of which all young are born",
                                        "geen geboortejaar waarvan alle jongen geboren zijn"};
-constexpr Wording with_error = {"{1} (standard error {2})", "{1} (standaardfout {2})"};
+constexpr Wording with_error = {"{1} (sampling error {2})", "{1} (steekproeffout {2})"};
+constexpr Wording what_error_is = {
+    "; the sampling error is that of these animals only, not the uncertainty of Ne, which is several times larger",
+    "; de steekproeffout is die van alleen deze dieren, niet de onzekerheid van Ne, die een paar keer groter is"};
+constexpr Wording lowest_name = {"Lowest mean kinship of an animal", "Laagste gemiddelde verwantschap van een dier"};
+constexpr Wording lowest_note = {
+    "{1}; {2} generation equivalents known. The fewer ancestors are known, the lower it looks",
+    "{1}; {2} equivalente generaties bekend. Hoe minder voorouders bekend zijn, hoe lager het lijkt"};
+constexpr Wording highest_name = {"Highest mean kinship of an animal", "Hoogste gemiddelde verwantschap van een dier"};
+constexpr Wording highest_note = {"{1}; {2} generation equivalents known: its genes are the most common ones",
+                                  "{1}; {2} equivalente generaties bekend: de genen van dit dier zijn het gewoonst"};
 constexpr Wording from_animals = {"from {1} animals", "uit {1} dieren"};
 constexpr Wording from_pairs = {"from {1} pairs of animals", "uit {1} paren dieren"};
 constexpr Wording from_sample = {"from {1} pairs of animals, error below 0.2 %",
@@ -110,36 +125,60 @@ constexpr Wording rank_heading = {"Rank", "Plaats"}, ancestor_heading = {"Ancest
 constexpr Wording share_heading = {"share", "aandeel"}, sum_heading = {"together", "samen"};
 constexpr Wording unknown_parent_of = {"unknown parent of {1}", "onbekende ouder van {1}"};
 
-constexpr Wording paths_caption = {"Generation intervals on the four paths",
-                                   "Generatie-intervallen over de vier paden"};
+constexpr Wording paths_caption = {"Generation intervals on the four paths, all years",
+                                   "Generatie-intervallen over de vier paden, alle jaren"};
 constexpr Wording path_headings[] = {
     {"Path", "Pad"}, {"Pairs", "Paren"}, {"Years", "Jaren"}, {"0 or below", "0 of lager"}};
 constexpr Wording path_names[] = {{"sire to son", "vader op zoon"},
                                   {"sire to daughter", "vader op dochter"},
                                   {"dam to son", "moeder op zoon"},
                                   {"dam to daughter", "moeder op dochter"},
-                                  {"all", "alle"}};
+                                  {"all pairs together", "alle paren samen"}};
+constexpr Wording mean_of_paths_name = {"mean of the four paths (the usual interval)",
+                                        "gemiddelde van de vier paden (het gebruikelijke interval)"};
 
 std::string about(const PageFrame& frame, const ReferencePopulation& reference) {
   const std::string count = std::to_string(reference.positions.size());
   const std::string first = std::to_string(reference.first_year), last = std::to_string(reference.last_year);
   switch (reference.choice) {
-    case ReferenceChoice::youngest: return phrase(about_youngest, frame.language, {count, first, last});
+    case ReferenceChoice::youngest:
+      return phrase(about_youngest, frame.language,
+                    {count, first, last, std::to_string(reference.born),
+                     std::to_string(reference.born - std::ssize(reference.positions))});
     case ReferenceChoice::years: return phrase(about_years, frame.language, {count, first, last});
     case ReferenceChoice::listed: break;
   }
   return phrase(about_list, frame.language, {count});
 }
 
-std::string figure_or_none(const std::optional<double>& value, int decimals) {
-  return value ? report_figure(*value, decimals) : std::string(no_figure);
+std::string figure_or_none(const PageFrame& frame, const std::optional<double>& value, int decimals) {
+  return value ? report_figure(*value, decimals, frame.language) : std::string(no_figure);
 }
 
 std::string estimate_text(const PageFrame& frame, const EffectiveSizeEstimate& estimate) {
   if (!estimate.effective_size) return not_estimable(frame);
-  const std::string size = report_figure(*estimate.effective_size, 2);
+  const std::string size = report_figure(*estimate.effective_size, 2, frame.language);
   if (!estimate.standard_error) return size;
-  return phrase(with_error, frame.language, {size, report_figure(*estimate.standard_error, 2)});
+  return phrase(with_error, frame.language, {size, report_figure(*estimate.standard_error, 2, frame.language)});
+}
+
+FigureTable::FigureRow estimate_row(const PageFrame& frame, const Wording& name, const Wording& from,
+                                    const EffectiveSizeEstimate& estimate) {
+  std::string note = phrase(from, frame.language, {std::to_string(estimate.count)});
+  if (estimate.effective_size && estimate.standard_error) note += frame.text(what_error_is);
+  return {frame.text(name), {estimate_text(frame, estimate), note}};
+}
+
+/// One of the two animals at the ends of mean kinship: who it is, and what is known of it.
+FigureTable::FigureRow extreme_row(const PageFrame& frame, const Wording& name, const Wording& note,
+                                   const MeanKinshipOfAnimal& extreme) {
+  if (!extreme.kinship || extreme.animal == 0) return {frame.text(name), {std::string(no_figure), {}}};
+  const AnimalWords words = words_of_animal(frame, extreme.animal);
+  const std::string who = words.id.empty() ? words.name : words.name + " (" + words.id + ")";
+  const double equivalents = double{frame.store().generation_equivalents[extreme.animal]};
+  return {frame.text(name),
+          {report_figure(*extreme.kinship, 4, frame.language),
+           phrase(note, frame.language, {who, report_figure(equivalents, 2, frame.language)})}};
 }
 
 FigureTable::FigureRow families_row(const PageFrame& frame, const FamilySizeEstimate& families) {
@@ -149,7 +188,7 @@ FigureTable::FigureRow families_row(const PageFrame& frame, const FamilySizeEsti
              {std::to_string(families.of.of_males.parents), std::to_string(families.of.of_females.parents),
               std::to_string(families.first_year), std::to_string(families.last_year)});
   return {frame.text(by_families),
-          {size ? report_figure(*size, 2) : not_estimable(frame),
+          {size ? report_figure(*size, 2, frame.language) : not_estimable(frame),
            families.last_year == 0 ? frame.text(no_complete_years) : from}};
 }
 
@@ -161,20 +200,19 @@ FigureTable figures_table(const PageFrame& frame, const Diversity& diversity) {
                         {std::to_string(diversity.founders) + " / " + std::to_string(diversity.half_founders),
                          frame.text(founders_note)}});
   for (const SingleFigure& figure : single_figures) {
-    table.rows.push_back(
-        {frame.text(figure.name), {figure_or_none(diversity.*figure.value, figure.decimals), frame.text(figure.note)}});
+    table.rows.push_back({frame.text(figure.name),
+                          {figure_or_none(frame, diversity.*figure.value, figure.decimals), frame.text(figure.note)}});
   }
   const auto half = diversity.ancestors_for_half;
   table.rows.push_back(
       {frame.text(half_of_genes), {half ? std::to_string(*half) : std::string(no_figure), frame.text(half_note)}});
-  const EffectiveSizeEstimate &inbreeding = diversity.by_inbreeding, &coancestry = diversity.by_coancestry;
   table.rows.push_back(
-      {frame.text(by_inbreeding),
-       {estimate_text(frame, inbreeding), phrase(from_animals, frame.language, {std::to_string(inbreeding.count)})}});
-  const Wording& pairs = coancestry.is_sample ? from_sample : from_pairs;
+      extreme_row(frame, lowest_name, lowest_note, {diversity.lowest_mean_kinship, diversity.lowest_animal}));
   table.rows.push_back(
-      {frame.text(by_coancestry),
-       {estimate_text(frame, coancestry), phrase(pairs, frame.language, {std::to_string(coancestry.count)})}});
+      extreme_row(frame, highest_name, highest_note, {diversity.highest_mean_kinship, diversity.highest_animal}));
+  const EffectiveSizeEstimate& coancestry = diversity.by_coancestry;
+  table.rows.push_back(estimate_row(frame, by_inbreeding, from_animals, diversity.by_inbreeding));
+  table.rows.push_back(estimate_row(frame, by_coancestry, coancestry.is_sample ? from_sample : from_pairs, coancestry));
   table.rows.push_back(families_row(frame, diversity.families));
   return table;
 }
@@ -205,9 +243,12 @@ FigureTable paths_table(const PageFrame& frame, const Diversity& diversity) {
   for (std::size_t path = 0; path < std::size(path_names); ++path) {
     const PathInterval& interval = path < diversity.paths.size() ? diversity.paths[path] : diversity.all_paths;
     table.rows.push_back({frame.text(path_names[path]),
-                          {std::to_string(interval.count), figure_or_none(interval.mean_years, 2),
+                          {std::to_string(interval.count), figure_or_none(frame, interval.mean_years, 2),
                            std::to_string(interval.not_positive)}});
   }
+  const std::optional<double> mean = mean_of_paths({diversity.paths, diversity.all_paths});
+  table.rows.push_back({frame.text(mean_of_paths_name),
+                        {std::string(no_figure), figure_or_none(frame, mean, 2), std::string(no_figure)}});
   return table;
 }
 

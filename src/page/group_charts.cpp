@@ -3,6 +3,7 @@
 #include "page/group_charts.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <numeric>
 
@@ -170,7 +171,7 @@ std::vector<Value> kinship_of_pair(const PageFrame& frame, std::int32_t first, s
     const ByNumber<std::int64_t> counts = count_subpopulations(frame, row);
     const auto animals_of = [&](std::int32_t k) { return counts[subpopulations.first_numbers.at(k)]; };
     const auto column = column_of_pair(subpopulations.count(), first, second, animals_of);
-    return column ? known_if(true, frame.extras().kinship.value(row, *column) * 0.5F) : Value();
+    return column ? known_if(true, std::max(frame.extras().kinship.value(row, *column) * 0.5F, 0.0F)) : Value();
   });
 }
 
@@ -181,7 +182,7 @@ Chart within_chart(const PageFrame& frame, const ChartTexts& texts, std::int64_t
   for (const std::int32_t k : largest_subpopulations(frame)) {
     const auto values = by_year(frame, [&](Row row) {
       const bool is_known = count_subpopulations(frame, row)[subpopulations.first_numbers.at(k)] > 1;
-      return known_if(is_known, frame.extras().kinship.value(row, column_of(k)));
+      return known_if(is_known, std::max(frame.extras().kinship.value(row, column_of(k)), 0.0F));
     });
     add_series(chart, name_of(frame, k), values, 4);
   }
@@ -194,8 +195,10 @@ Chart colours_chart(const PageFrame& frame) {
   Chart chart = make_year_chart(frame, ChartKind::stacked_bars, colours_texts);
   CountLayers layers = layers_of(frame, frame.whole().tables.colour_counts);
   const std::vector<ColourName>& names = frame.population().settings.colour_names;
+  constexpr std::array<Wording, 2> added = {{{"unknown", "onbekend"}, {"other or none", "andere of geen"}}};
   for (std::size_t k = 0; k < std::min(layers.names.size(), names.size()); ++k) {
-    layers.names[k] = data_text(names[k].trimmed());
+    const std::size_t left = names.size() - k;  // the last two are no names of the steer file
+    layers.names[k] = left > added.size() ? data_text(names[k].trimmed()) : frame.text(added[added.size() - left]);
   }
   add_layers(chart, layers, frame.text(all_others));
   return chart;
@@ -257,11 +260,13 @@ FigureTable subpopulation_sizes_table(const PageFrame& frame) {
   FigureTable table;
   for (const Wording& heading : size_headings) table.headings.push_back(frame.text(heading));
   for (const Block& block : frame.input.subpopulations) {
-    std::vector<std::string> cells = {report_figure(static_cast<double>(block.interval.generation_interval), 2)};
+    std::vector<std::string> cells = {
+        report_figure(static_cast<double>(block.interval.generation_interval), 2, frame.language)};
     const GenerationRates& rates = block.rates;
     for (const GenerationRate* rate : {&rates.F_absolute, &rates.F_smoothed, &rates.f_absolute, &rates.f_smoothed}) {
-      cells.push_back(is_estimable(frame, *rate) ? report_figure(static_cast<double>(rate->effective_size), 2)
-                                                 : not_estimable(frame));
+      cells.push_back(is_estimable(frame, *rate)
+                          ? report_figure(static_cast<double>(rate->effective_size), 2, frame.language)
+                          : not_estimable(frame));
     }
     table.rows.push_back({data_text(block.name), cells});
   }

@@ -67,7 +67,7 @@ Row last_row_of_parents(const PageFrame& frame) {
 std::vector<Value> kinship_by_year(const PageFrame& frame, float InbreedingRow::*kinship, auto&& count_of) {
   constexpr std::int64_t fewest_animals = 2;
   return by_year(frame, [&](Row row) {
-    return known_if(count_of(row) >= fewest_animals, frame.whole().inbreeding.of(row).*kinship);
+    return known_if(count_of(row) >= fewest_animals, std::max(frame.whole().inbreeding.of(row).*kinship, 0.0F));
   });
 }
 
@@ -80,7 +80,7 @@ void mark_rates_outside(Chart& chart, ToolLanguage language) {
       if (!value || (*value >= lowest && *value <= highest)) continue;
       chart.marks.push_back(
           {place, *value < lowest ? lowest : highest,
-           phrase(outside_chart, language, {chart.places[place], series.name, report_figure(*value, 3)})});
+           phrase(outside_chart, language, {chart.places[place], series.name, report_figure(*value, 3, language)})});
       value.reset();
     }
   }
@@ -149,12 +149,13 @@ FigureTable effective_size_table(const PageFrame& frame, const GenerationRates& 
   for (std::size_t way = 0; way < std::size(all); ++way) {
     const GenerationRate& rate = *all[way];
     const auto percent = [&](float value) {
-      return has_meaning ? report_figure(static_cast<double>(value), decimals) : std::string(no_figure);
+      return has_meaning ? report_figure(static_cast<double>(value), decimals, frame.language) : std::string(no_figure);
     };
-    table.rows.push_back({frame.text(ways[way]),
-                          {percent(rate.percent_per_year), percent(rate.percent_per_generation),
-                           is_estimable(frame, rate) ? report_figure(static_cast<double>(rate.effective_size), decimals)
-                                                     : not_estimable(frame)}});
+    table.rows.push_back(
+        {frame.text(ways[way]),
+         {percent(rate.percent_per_year), percent(rate.percent_per_generation),
+          is_estimable(frame, rate) ? report_figure(static_cast<double>(rate.effective_size), decimals, frame.language)
+                                    : not_estimable(frame)}});
   }
   return table;
 }

@@ -74,8 +74,9 @@ FigureTable::FigureRow& add_animal(AnimalList& list, std::int32_t position) {
 }
 
 void add_completeness(const PageFrame& frame, std::int32_t position, FigureTable::FigureRow& row) {
-  row.cells.push_back(report_figure(double{frame.store().generation_equivalents[position]}, 2));
-  row.cells.push_back(report_figure(completeness_index(frame.store(), frame.input.figures->animals, position), 3));
+  row.cells.push_back(report_figure(double{frame.store().generation_equivalents[position]}, 2, frame.language));
+  row.cells.push_back(
+      report_figure(completeness_index(frame.store(), frame.input.figures->animals, position), 3, frame.language));
 }
 
 /// Offspring of some animals, by their places in the list.
@@ -101,7 +102,7 @@ FigureTable kinship_list(const PageFrame& frame, std::span<const std::int32_t> a
   std::size_t place = 0;
   for (const std::int32_t position : shown_animals) {
     FigureTable::FigureRow& row = add_animal(list, position);
-    row.cells.push_back(report_figure(double{frame.input.figures->animals.mean_kinship[position]}, 4));
+    row.cells.push_back(report_figure(double{frame.input.figures->animals.mean_kinship[position]}, 4, frame.language));
     add_completeness(frame, position, row);
     row.cells.push_back(std::to_string(offspring[place++]));
   }
@@ -113,7 +114,7 @@ FigureTable inbred_list(const PageFrame& frame) {
   for (const Wording& heading : {inbreeding_heading, equivalents_heading, index_heading}) list.add_heading(heading);
   for (const std::int32_t position : frame.input.figures->lists.most_inbred) {
     FigureTable::FigureRow& row = add_animal(list, position);
-    row.cells.push_back(report_figure(double{frame.store().inbreeding[position]}, 4));
+    row.cells.push_back(report_figure(std::max(0.0, double{frame.store().inbreeding[position]}), 4, frame.language));
     add_completeness(frame, position, row);
   }
   return std::move(list.table);
@@ -128,9 +129,10 @@ FigureTable sires_list(const PageFrame& frame) {
   for (const UsedSire& sire : frame.input.figures->lists.sires) {
     FigureTable::FigureRow& row = add_animal(list, sire.position);
     row.cells.push_back(std::to_string(sire.offspring));
-    row.cells.push_back(report_figure(percent * sire.share, 1));
+    row.cells.push_back(report_figure(percent * sire.share, 1, frame.language));
     row.cells.push_back(std::to_string(sire.descendants));
-    row.cells.push_back(sire.rest > 0 ? report_figure(sire.kinship_of_rest, 4) : std::string(no_figure));
+    row.cells.push_back(sire.rest > 0 ? report_figure(sire.kinship_of_rest, 4, frame.language)
+                                      : std::string(no_figure));
   }
   return std::move(list.table);
 }
@@ -161,7 +163,7 @@ void write_lists(std::string& page, const PageFrame& frame) {
   }
   if (!lists.sires.empty()) {
     const double all = frame.input.diversity->mean_kinship.value_or(0.0);
-    write_paragraph(page, phrase(about_sires, frame.language, {report_figure(all, 4)}));
+    write_paragraph(page, phrase(about_sires, frame.language, {report_figure(all, 4, frame.language)}));
     write_figure_table(page, sires_list(frame), frame.text(sires_caption));
   }
   if (!lists.most_inbred.empty()) write_figure_table(page, inbred_list(frame), frame.text(inbred_caption));

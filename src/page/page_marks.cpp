@@ -21,7 +21,7 @@ void mark_rises(Chart& chart, const PageFrame& frame) {
   const std::vector<Value>& F = chart.series.front().values;
   for (std::size_t place = 1; place < F.size(); ++place) {
     if (!F[place] || !F[place - 1] || *F[place] - *F[place - 1] <= one_percent) continue;
-    const std::string difference = report_figure(*F[place] - *F[place - 1], 4);
+    const std::string difference = report_figure(*F[place] - *F[place - 1], 4, frame.language);
     chart.marks.push_back({place, *F[place], phrase(rise, frame.language, {chart.places[place], difference})});
   }
 }
@@ -41,9 +41,9 @@ void mark_negative_ages(Chart& chart, const PageFrame& frame) {
     for (const Series& series : chart.series) {
       const Value& value = series.values[place];
       if (!value || *value >= 0.0) continue;
-      chart.marks.push_back(
-          {place, *value,
-           phrase(negative, frame.language, {chart.places[place], series.name, report_figure(*value, 2)})});
+      chart.marks.push_back({place, *value,
+                             phrase(negative, frame.language,
+                                    {chart.places[place], series.name, report_figure(*value, 2, frame.language)})});
     }
   }
 }

@@ -70,6 +70,7 @@ std::string report_figure(double value, int decimals, ToolLanguage language) {
   write_format_line(line, "F60." + std::to_string(decimals), {item});
   std::string_view digits = without_leading_blanks(line.pending);
   digits.remove_suffix(decimals == 0 ? 2 : 1);  // the line feed, and a point that has no digits behind it
+  if (digits.starts_with('-') && digits.find_first_of("123456789") == std::string_view::npos) digits.remove_prefix(1);
   std::string text(digits);
   if (language == ToolLanguage::dutch) std::replace(text.begin(), text.end(), '.', ',');
   return text;

@@ -22,7 +22,7 @@ std::string isolated(std::string_view text);
 std::string data_text(std::string_view bytes);
 
 /// A figure with so many decimals, without blanks; `no_figure` when it is no number, or beyond all meaning. With the
-/// decimal point of the report, or with the sign of the language.
-std::string report_figure(double value, int decimals, ToolLanguage language = ToolLanguage::english);
+/// decimal sign of the language, and without the sign of a figure that rounds to 0.
+std::string report_figure(double value, int decimals, ToolLanguage language);
 
 }  // namespace pedigreewatch

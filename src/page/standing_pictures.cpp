@@ -25,7 +25,7 @@ constexpr Wording inbreeding_word = {"inbreeding", "inteelt"};
 constexpr Wording kinship_word = {"kinship", "verwantschap"};
 
 std::string number(double value) {
-  return report_figure(value, 1);
+  return report_figure(value, 1, ToolLanguage::english);  // coordinates have a point everywhere
 }
 
 void draw_text(std::string& page, double x, double y, std::string_view style, const std::string& text) {

@@ -136,7 +136,8 @@ void write_tile(std::string& page, const PageFrame& frame, const Tile& tile) {
 Tile tile_of_parents(const PageFrame& frame, const Standing& standing, const ParentsInUse& use, const Wording& title) {
   const StandingYears& years = standing.years;
   const ToolLanguage language = frame.language;
-  return {title, false, phrase(worth, language, {std::to_string(use.parents.size()), report_figure(use.effective, 0)}),
+  return {title, false,
+          phrase(worth, language, {std::to_string(use.parents.size()), report_figure(use.effective, 0, language)}),
           phrase(four_text, language,
                  {percent_text(use.share_of_four, language), years_of(years.recent_first), years_of(years.last)})};
 }
@@ -156,7 +157,9 @@ void write_why(std::string& page, const PageFrame& frame, const Standing& standi
   write_tile(page, frame, sires);
   write_tile(page, frame, tile_of_parents(frame, standing, standing.dams, dams_tile));
   constexpr double five = 5.0;
-  const auto a_year = [&](std::int64_t births) { return report_figure(static_cast<double>(births) / five, 0); };
+  const auto a_year = [&](std::int64_t births) {
+    return report_figure(static_cast<double>(births) / five, 0, language);
+  };
   std::string text = phrase(births_text, language, {a_year(young.births_before)});
   if (frame.store().has_import && young.known_parents > 0) {
     const double share = static_cast<double>(young.imported_parents) / static_cast<double>(young.known_parents);
@@ -299,8 +302,8 @@ void write_limits(std::string& page, const PageFrame& frame, const Standing& sta
     write_limit_rows(
         page, frame, published,
         {{frame.text(rate_row), percent_text(rate, language), limit_text(most_rate, language), size < least_size},
-         {frame.text(size_row), size_words, report_figure(least_size, 0), size < least_size},
-         {frame.text(safe_row), size_words, report_figure(safe_size, 0), size < safe_size}});
+         {frame.text(size_row), size_words, report_figure(least_size, 0, language), size < least_size},
+         {frame.text(safe_row), size_words, report_figure(safe_size, 0, language), size < safe_size}});
   }
   const double share = standing.sires.parents.empty() ? 0.0 : standing.sires.parents.front().share;
   write_limit_rows(page, frame, of_board,

@@ -104,7 +104,7 @@ constexpr Wording depth_little = {
 constexpr double main_part = 0.6;
 
 std::string whole(double value) {
-  return report_figure(std::round(value), 0);
+  return report_figure(std::round(value), 0, ToolLanguage::english);
 }
 
 std::string cause_sentence(const Standing& standing, ToolLanguage language) {

@@ -83,7 +83,7 @@ std::vector<RareLine> find_rare_lines(const PopulationStore& store, std::span<co
   std::vector<std::int32_t> seen;  // founders
   const ReferencePedigree pedigree = make_reference_pedigree(store, positions);
   const ByNumber<double> genes = gene_contributions(pedigree);
-  const MeanKinship kinship = compute_mean_kinship(pedigree, genes);
+  const MeanKinship kinship = compute_mean_kinship(store, pedigree, genes);
   for (const Candidate& candidate : lowest_kinships(store, pedigree, kinship.of_members)) {
     if (lines.size() == most_lines) break;
     const std::int32_t founder = rare_founder_of(pedigree, pedigree.members[candidate.place], genes);

@@ -79,7 +79,7 @@ void write_single(AnimalRows& rows, float value, TableWriter& writer) {
 void write_kinship(AnimalRows& rows, std::int32_t position, TableWriter& writer) {
   const ByNumber<float>& means = rows.figures.mean_kinship;
   if (means.values.empty()) return add_nothing(writer);
-  write_single(rows, means[position], writer);
+  write_single(rows, std::max(means[position], 0.0F), writer);
 }
 
 /// Works the figures out anew for an animal that is no full sib of the one before it.
@@ -146,7 +146,7 @@ constexpr auto columns = std::to_array<AnimalColumn>({
     {"dam", [](Rows& rows, Position i, Out& out) { write_parent(rows, rows.store.dam_no[i], out); }},
     {"sex", [](Rows& rows, Position i, Out& out) { add_plain(out, rows.store.sex[i] == male ? "male" : "female"); }},
     {"birthdate", write_date},
-    {"F", [](Rows& rows, Position i, Out& out) { add_plain(out, text_of(rows.texts, rows.store.inbreeding[i])); }},
+    {"F", [](Rows& rows, Position i, Out& out) { write_single(rows, std::max(rows.store.inbreeding[i], 0.0F), out); }},
     {"equivalent_generations",
      [](Rows& rows, Position i, Out& out) {
        add_plain(out, text_of(rows.texts, rows.store.generation_equivalents[i]));

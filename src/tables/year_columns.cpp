@@ -200,6 +200,11 @@ void add_breeders(ColumnList& list) {
 
 // ---- inbreeding and kinship --------------------------------------------------------------------------------------
 
+/// A mean of F or kinship. The rounding of single precision can leave the mean of animals that are not related below 0.
+Cell mean_kinship_of(std::int64_t count, float mean) {
+  return mean_of(count, std::max(mean, 0.0F));
+}
+
 /// Animals of a year that count in its kinships: those of year 0 have no birth year.
 std::int64_t cohort_size(const BlockView& view, Row row) {
   return view.population.store.birth_years.year_of(row) == 0 ? 0 : view.counts().years.of(row).animals;
@@ -211,15 +216,17 @@ void add_inbreeding(ColumnList& list) {
   const auto size = [&view](Row row) { return cohort_size(view, row); };
   const auto sires = [&view, size](Row row) { return size(row) > 0 ? parents_born(view, male, row) : 0; };
   const auto dams = [&view, size](Row row) { return size(row) > 0 ? parents_born(view, female, row) : 0; };
-  add(list, "F_mean", [=, &rows](Row row) { return mean_of(size(row), rows.of(row).F); });
-  add(list, "kinship_with_self", [=, &rows](Row row) { return mean_of(size(row), rows.of(row).f_with_self); });
+  add(list, "F_mean", [=, &rows](Row row) { return mean_kinship_of(size(row), rows.of(row).F); });
+  add(list, "kinship_with_self", [=, &rows](Row row) { return mean_kinship_of(size(row), rows.of(row).f_with_self); });
   // Kinships between different animals take two of them.
   add(list, "kinship_without_self",
-      [=, &rows](Row row) { return mean_of(size(row) - 1, rows.of(row).f_without_self); });
+      [=, &rows](Row row) { return mean_kinship_of(size(row) - 1, rows.of(row).f_without_self); });
   add(list, "kinship_of_parents",
-      [=, &rows](Row row) { return mean_of(sires(row) + dams(row) - 1, rows.of(row).f_of_parents); });
-  add(list, "kinship_of_sires", [=, &rows](Row row) { return mean_of(sires(row) - 1, rows.of(row).f_of_fathers); });
-  add(list, "kinship_of_dams", [=, &rows](Row row) { return mean_of(dams(row) - 1, rows.of(row).f_of_mothers); });
+      [=, &rows](Row row) { return mean_kinship_of(sires(row) + dams(row) - 1, rows.of(row).f_of_parents); });
+  add(list, "kinship_of_sires",
+      [=, &rows](Row row) { return mean_kinship_of(sires(row) - 1, rows.of(row).f_of_fathers); });
+  add(list, "kinship_of_dams",
+      [=, &rows](Row row) { return mean_kinship_of(dams(row) - 1, rows.of(row).f_of_mothers); });
 }
 
 /// Of a subpopulation the report knows F and the kinship of different animals, and how they change from year to year.
@@ -228,8 +235,8 @@ void add_trend(ColumnList& list) {
   const YearRows<InbreedingRow>& rows = view.block.inbreeding;
   const auto pairs = [&view](Row row) { return cohort_size(view, row) - 1; };
   const auto changes = [=, &rows](Row row) { return row > 1 && rows.of(row).F > 0.0F ? std::int64_t{1} : 0; };
-  add(list, "F_mean", [=, &rows](Row row) { return mean_of(pairs(row), rows.of(row).F); });
-  add(list, "kinship", [=, &rows](Row row) { return mean_of(pairs(row), rows.of(row).f_with_self); });
+  add(list, "F_mean", [=, &rows](Row row) { return mean_kinship_of(pairs(row), rows.of(row).F); });
+  add(list, "kinship", [=, &rows](Row row) { return mean_kinship_of(pairs(row), rows.of(row).f_with_self); });
   add(list, "F_change", [=, &rows](Row row) { return mean_of(changes(row), rows.of(row).f_without_self); });
   add(list, "kinship_change", [=, &rows](Row row) { return mean_of(changes(row), rows.of(row).f_of_parents); });
 }
@@ -272,7 +279,7 @@ void add_kinship_within(ColumnList& list) {
   const YearTable<float>& kinship = view.population.analysis.extras.kinship;
   for (std::int32_t k = 1; k <= view.population.settings.layout.subpopulations.count(); ++k) {
     const auto cell = [&view, &kinship, k](Row row, std::int64_t column) {
-      return mean_of(born_in(view, k, row) - 1, kinship.value(row, column));
+      return mean_kinship_of(born_in(view, k, row) - 1, kinship.value(row, column));
     };
     const std::string part = subpopulation_part(view, k);
     add(list, "F_mean_" + part, [=](Row row) { return cell(row, inbreeding_column(k)); });
@@ -289,7 +296,7 @@ void add_kinship_between(ColumnList& list) {
       add(list, "relationship_" + subpopulation_part(view, k) + "__" + subpopulation_part(view, l),
           [&view, &kinship, last, k, l](Row row) {
             const auto column = column_of_pair(last, k, l, [&](std::int32_t m) { return born_in(view, m, row); });
-            return mean_of(column ? 1 : 0, column ? kinship.value(row, *column) : 0.0F);
+            return mean_kinship_of(column ? 1 : 0, column ? kinship.value(row, *column) : 0.0F);
           });
     }
   }

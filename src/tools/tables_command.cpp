@@ -83,7 +83,7 @@ constexpr Wording reference_size = {"reference population of {1} animals", "refe
 constexpr Wording cohorts_counted = {"{1} cohorts", "{1} cohorten"};
 constexpr Wording sires_counted = {"{1} sires", "{1} vaders"};
 constexpr Wording founders_counted = {"{1} founders, {2} times their genes were dropped",
-                                      "{1} stichters, {2} keer zijn hun genen verloot"};
+                                      "{1} stamdieren, {2} keer zijn hun genen verloot"};
 constexpr Wording no_reference = {
     "no animal of the last ten birth years has both parents known: the reference population is empty, and so are its figures; --years or --ids name another one",
     "van geen dier van de laatste tien geboortejaren zijn beide ouders bekend: de referentiepopulatie is leeg, en haar cijfers ook; --years of --ids noemen een andere"};

@@ -29,7 +29,7 @@ void expect_near(const std::optional<double>& got, const std::optional<double>& 
 /// The figures that a reference population of the same animals has.
 void expect_as_reference(const PopulationStore& store, const Cohort& cohort) {
   const ReferencePopulation all = animals_born(store, cohort.first_year, cohort.last_year);
-  ReferencePopulation reference{ReferenceChoice::listed, 0, 0, {}};
+  ReferencePopulation reference{ReferenceChoice::listed, 0, 0, {}, 0};
   for (const std::int32_t position : all.positions) {
     const bool is_wanted = cohort.subpopulation == 0 || store.subpopulation_no(position) == cohort.subpopulation;
     if (is_wanted) reference.positions.push_back(position);

@@ -70,6 +70,32 @@ TEST(DiversityTable, FiguresStandInTheirRows) {
   EXPECT_EQ(row_named(rows, "not_positive_all_paths").value, "0");
 }
 
+TEST(DiversityTable, TellsWhoIsLeftOut) {
+  Population population = half_sibs();
+  EXPECT_EQ(row_named(population.rows(), "reference_born").value, "2");
+  population.diversity = compute_diversity(population.store, youngest_animals(population.store));
+  EXPECT_EQ(row_named(population.rows(), "reference_animals").value, "2");
+  EXPECT_EQ(row_named(population.rows(), "reference_born").value, "6");  // from 2000 on; four lack a parent
+  population.diversity = compute_diversity(population.store, {ReferenceChoice::listed, 0, 0, {5}, 0});
+  EXPECT_EQ(row_named(population.rows(), "reference_born").value, "");
+}
+
+// c is unrelated to a and b, half sibs through half: f is 1/8 within one of three pairs.
+TEST(DiversityTable, NamesTheAnimalsAtTheEndsOfMeanKinship) {
+  Population population;
+  population.store =
+      with_inbreeding(pedigree_from_text("half 0    0    m 2001\ndam1 0    0    f 2001\ndam2 0    0    f 2001\n"
+                                         "c    0    0    m 2005\na    half dam1 m 2005\nb    half dam2 f 2006\n"));
+  population.diversity = compute_diversity(population.store, animals_born(population.store, 2005, 2006));
+  const std::vector<DiversityRow> rows = population.rows();
+  EXPECT_EQ(row_named(rows, "mean_kinship_without_self").value, "0.04166666667");
+  EXPECT_EQ(row_named(rows, "lowest_mean_kinship").text, "c");
+  EXPECT_EQ(row_named(rows, "lowest_mean_kinship_equivalents").value, "0");
+  EXPECT_EQ(row_named(rows, "highest_mean_kinship").text, "a");
+  EXPECT_EQ(row_named(rows, "highest_mean_kinship_equivalents").value, "1");
+  EXPECT_EQ(row_named(rows, "highest_mean_kinship_name").text, "a");  // named as it is identified
+}
+
 TEST(DiversityTable, EveryLineHasSixFields) {
   const Population population = half_sibs();
   const std::vector<std::string> lines = lines_of(write_diversity(population.store, population.diversity, english));
@@ -109,7 +135,7 @@ TEST(DiversityTable, IdsStayOnTheirLine) {
   records[2].dam_no = 2;
   count_all_offspring(records);
   const PopulationStore store = with_inbreeding(finished_store_of(records));
-  const Diversity diversity = compute_diversity(store, {ReferenceChoice::listed, 0, 0, {3}});
+  const Diversity diversity = compute_diversity(store, {ReferenceChoice::listed, 0, 0, {3}, 0});
   const std::vector<DiversityRow> rows = diversity_rows(store, diversity, english);
   EXPECT_EQ(row_named(rows, "main_ancestor_1").text, "zo\xC3\xAB");
   EXPECT_EQ(row_named(rows, "main_ancestor_2").text, "a<U+0009>b<U+000A>c");

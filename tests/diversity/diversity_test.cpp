@@ -12,7 +12,7 @@ namespace pedigreewatch::test {
 namespace {
 
 Diversity diversity_of(const PopulationStore& store, std::vector<std::int32_t> positions) {
-  return compute_diversity(store, {ReferenceChoice::listed, 0, 0, std::move(positions)});
+  return compute_diversity(store, {ReferenceChoice::listed, 0, 0, std::move(positions), 0});
 }
 
 // Half's mother is not known; its young a and b are half sibs.

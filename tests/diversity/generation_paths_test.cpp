@@ -27,6 +27,14 @@ TEST(GenerationPaths, EveryPathOnce) {
   EXPECT_EQ(paths.all.not_positive, 0);
 }
 
+TEST(GenerationPaths, EachPathCountsAlikeInTheirMean) {
+  GenerationPaths paths;
+  EXPECT_EQ(mean_of_paths(paths), std::nullopt);
+  paths.paths[0] = {9, 0, 2.0};
+  paths.paths[3] = {1, 0, 4.0};
+  EXPECT_EQ(mean_of_paths(paths), 3.0);
+}
+
 TEST(GenerationPaths, DaysCountWhereBothDatesAreFull) {
   // 1-3-2000 to 1-3-2004: four years with one leap day, 1461 days, which are 4 years of 365.25.
   const GenerationPaths full =

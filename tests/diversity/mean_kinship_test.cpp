@@ -14,15 +14,15 @@
 namespace pedigreewatch::test {
 namespace {
 
-MeanKinship kinship_of(const ReferencePedigree& pedigree) {
-  return compute_mean_kinship(pedigree, gene_contributions(pedigree));
+MeanKinship kinship_of(const PopulationStore& store, const ReferencePedigree& pedigree) {
+  return compute_mean_kinship(store, pedigree, gene_contributions(pedigree));
 }
 
 TEST(MeanKinship, AgreesWithTheTableOfRelationships) {
   for (std::uint64_t seed = 1; seed <= 6; ++seed) {
     const PopulationStore store = random_population(seed, 300);
     const std::vector<std::int32_t> positions = young_positions(store, 100);
-    const MeanKinship kinship = kinship_of(make_reference_pedigree(store, positions));
+    const MeanKinship kinship = kinship_of(store, make_reference_pedigree(store, positions));
     const auto plain = plain_kinships(store, positions);
     const double animals = static_cast<double>(positions.size());
     ASSERT_EQ(kinship.of_members.size(), positions.size());
@@ -38,6 +38,13 @@ TEST(MeanKinship, AgreesWithTheTableOfRelationships) {
     EXPECT_NEAR(kinship.founder_genomes.value(), animals / (2.0 * sum), 1e-5);
     EXPECT_NEAR(kinship.lowest.value(), lowest, 1e-7);
     EXPECT_NEAR(kinship.highest.value(), highest, 1e-7);
+    EXPECT_DOUBLE_EQ(kinship.of_members[kinship.lowest_place], kinship.lowest.value());
+    EXPECT_DOUBLE_EQ(kinship.of_members[kinship.highest_place], kinship.highest.value());
+    double between = 0.0;
+    for (std::size_t i = 0; i < positions.size(); ++i) {
+      for (std::size_t j = 0; j < positions.size(); ++j) between += i == j ? 0.0 : plain[i][j];
+    }
+    EXPECT_NEAR(kinship.without_self.value(), between / (animals * (animals - 1.0)), 1e-7);
   }
 }
 
@@ -79,7 +86,7 @@ TEST(MeanKinship, AgreesWithGeneDropping) {
   const double mean = sum / drops;
   const double error = std::sqrt((squares / drops - mean * mean) / drops);
   EXPECT_LT(error, 0.01 * mean);
-  EXPECT_NEAR(kinship_of(pedigree).mean.value(), mean, 4.0 * error);
+  EXPECT_NEAR(kinship_of(store, pedigree).mean.value(), mean, 4.0 * error);
 }
 
 }  // namespace

@@ -34,6 +34,7 @@ TEST(ReferencePopulation, TheYoungestAreOfTenYearsWithBothParents) {
   EXPECT_EQ(reference.positions, (Positions{3, 5}));
   EXPECT_EQ(reference.first_year, 2003);
   EXPECT_EQ(reference.last_year, 2012);
+  EXPECT_EQ(reference.born, 5);
 }
 
 TEST(ReferencePopulation, TheYoungestOfAFewYearsAreOfThose) {
@@ -54,6 +55,7 @@ TEST(ReferencePopulation, OfGivenYearsAllAnimalsCount) {
   const ReferencePopulation reference = animals_born(store, 2001, 2002);
   EXPECT_EQ(reference.choice, ReferenceChoice::years);
   EXPECT_EQ(reference.positions, (Positions{2, 3}));
+  EXPECT_EQ(reference.born, 2);
   EXPECT_EQ(animals_born(store, -5, 2000).positions, (Positions{1}));  // not those without a year
   EXPECT_TRUE(animals_born(store, 2002, 2001).positions.empty());
   EXPECT_TRUE(animals_born(store, 1900, 1950).positions.empty());

@@ -33,17 +33,23 @@ TEST(DataText, LettersThatShowNothingOrTurnTheTextAreNamed) {
 }
 
 TEST(ReportFigure, HasTheDecimalsOfTheReport) {
-  EXPECT_EQ(report_figure(0.25, 4), "0.2500");
-  EXPECT_EQ(report_figure(-12.0, 0), "-12");
-  EXPECT_EQ(report_figure(0.125, 2), "0.12");  // ties to even, as in the report
+  EXPECT_EQ(report_figure(0.25, 4, ToolLanguage::english), "0.2500");
+  EXPECT_EQ(report_figure(-12.0, 0, ToolLanguage::english), "-12");
+  EXPECT_EQ(report_figure(0.125, 2, ToolLanguage::english), "0.12");  // ties to even, as in the report
+  EXPECT_EQ(report_figure(-1234.5, 2, ToolLanguage::dutch), "-1234,50");
+}
+
+TEST(ReportFigure, HasNoSignWhenItRoundsToNothing) {
+  EXPECT_EQ(report_figure(-3e-7, 4, ToolLanguage::english), "0.0000");
+  EXPECT_EQ(report_figure(-6e-5, 4, ToolLanguage::english), "-0.0001");
 }
 
 TEST(ReportFigure, WhatIsNoNumberOrBeyondMeaningIsADash) {
   const double infinity = std::numeric_limits<double>::infinity();
   for (const double value : {std::nan(""), infinity, -infinity, 1e15, -1e300}) {
-    EXPECT_EQ(report_figure(value, 2), "\xE2\x80\x93");
+    EXPECT_EQ(report_figure(value, 2, ToolLanguage::english), "\xE2\x80\x93");
   }
-  EXPECT_EQ(report_figure(999999999999999.0, 0), "999999999999999");
+  EXPECT_EQ(report_figure(999999999999999.0, 0, ToolLanguage::english), "999999999999999");
 }
 
 }  // namespace

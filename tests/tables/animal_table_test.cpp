@@ -97,6 +97,12 @@ TEST(AnimalTable, HasARowForEachAnimal) {
   EXPECT_EQ(table_of(store).find("0.4375"), std::string::npos);  // no mean kinship without a reference population
 }
 
+TEST(AnimalTable, RoundingLeavesNoInbreedingBelowNothing) {
+  std::vector<AnimalRecord> records = {animal("S", male)};
+  records[0].inbreeding = -3e-7F;
+  EXPECT_EQ(table_of(finished_store_of(records)), header + "S\t\t\tmale\t\t0\t0\t0\t0\t0\t0\t\t\t0\t\t0\t0\t0\t0\n");
+}
+
 TEST(LongestLines, FollowTheLongerParent) {
   std::vector<AnimalRecord> records = {animal("a", male),   animal("b", male, 1),    animal("c", female, 2),
                                        animal("d", female), animal("e", male, 2, 4), animal("f", male, 5, 3)};
