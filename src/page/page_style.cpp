@@ -101,6 +101,10 @@ std::string_view page_script() {
   return script;
 }
 
+std::string_view page_style_hash() {
+  return style_hash;
+}
+
 std::string content_security_policy() {
   return "default-src 'none'; style-src 'sha256-" + std::string(style_hash) + "'; script-src 'sha256-" +
          std::string(script_hash) + "'; base-uri 'none'; form-action 'none'";

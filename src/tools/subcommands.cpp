@@ -7,6 +7,7 @@
 #include <new>
 #include <string>
 
+#include "tools/animal_command.h"
 #include "tools/check_command.h"
 #include "tools/matings_command.h"
 #include "tools/page_command.h"
@@ -32,6 +33,7 @@ constexpr auto subcommands = std::to_array<Subcommand>({
     {"tables", "writes the figures of the report and of every animal as tables", tables_help, run_tables},
     {"matings", "works out F of the offspring of possible matings, and the common ancestors", matings_help,
      run_matings},
+    {"animal", "writes everything that is known of an animal as a page, with its pedigree", animal_help, run_animal},
     {"plan", "works out which animals should breed, how often, and who with whom", plan_help, run_plan},
 });
 

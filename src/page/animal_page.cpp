@@ -1,0 +1,408 @@
+// Facts first, then the pedigree, then what stands behind the figures. Nothing is computed here.
+
+#include "page/animal_page.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "page/animal_style.h"
+#include "page/page.h"
+#include "page/page_text.h"
+#include "page/pedigree_drawing.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr Wording sex_label = {"Sex", "Geslacht"}, male_word = {"male", "mannelijk"},
+                  female_word = {"female", "vrouwelijk"};
+constexpr Wording born_label = {"Born", "Geboren"}, not_known = {"not known", "niet bekend"};
+constexpr Wording no_own_line = {"not known: it has no line of its own, only as a parent",
+                                 "niet bekend: het heeft geen eigen regel, alleen als ouder"};
+constexpr Wording breeder_label = {"Breeder", "Fokker"}, colour_label = {"Colour", "Kleurslag"};
+constexpr Wording subpopulation_label = {"Subpopulation", "Subpopulatie"};
+constexpr Wording counted = {"{1} (animals in all: {2})", "{1} (dieren in totaal: {2})"};
+constexpr Wording inbreeding_label = {"Inbreeding (F)", "Inteelt (F)"};
+constexpr Wording inbreeding_known = {"{1}, as far as its ancestors are known",
+                                      "{1}, voor zover de voorouders bekend zijn"};
+constexpr Wording inbreeding_unknown = {"cannot be told: a parent is unknown", "niet te zeggen: een ouder is onbekend"};
+constexpr Wording kinship_label = {"Mean kinship", "Gemiddelde verwantschap"};
+constexpr Wording kinship_text = {"{1} % with {2}", "{1} % met {2}"};
+constexpr Wording rank_text = {"; place {1} of the {2} animals born in {3} (1 is the lowest)",
+                               "; plaats {1} van de {2} dieren geboren in {3} (1 is de laagste)"};
+constexpr Wording genes_label = {"In the animals of today", "In de dieren van nu"};
+constexpr Wording genes_text = {"{1} % of the genes of {2}; descendants among them: {3}",
+                                "{1} % van de genen van {2}; nakomelingen daaronder: {3}"};
+constexpr Wording itself_too = {"; the animal itself is one of them", "; het dier zelf is er een van"};
+constexpr Wording offspring_label = {"Offspring", "Nakomelingen"};
+constexpr Wording offspring_text = {"{1} (males: {2}, females: {3}); mates: {4}; offspring that bred: {5}",
+                                    "{1} (mannelijk: {2}, vrouwelijk: {3}); partners: {4}; waarmee gefokt is: {5}"};
+constexpr Wording none_word = {"none in the data", "geen in de gegevens"};
+constexpr Wording completeness_label = {"Known ancestors", "Bekende voorouders"};
+constexpr Wording completeness_text = {"generation equivalents {1}; completeness over five generations (PCI) {2}",
+                                       "generatie-equivalenten {1}; compleetheid over vijf generaties (PCI) {2}"};
+
+constexpr Wording youngest_text = {"the animals born {1} to {2} with both parents known ({3})",
+                                   "de dieren geboren {1} tot en met {2} met twee bekende ouders ({3})"};
+constexpr Wording born_text = {"the animals born {1} to {2} ({3})", "de dieren geboren {1} tot en met {2} ({3})"};
+constexpr Wording listed_text = {"the animals of the list ({1})", "de dieren van de lijst ({1})"};
+
+constexpr Wording pedigree_title = {"Pedigree", "Stamboom"};
+constexpr Wording pedigree_reading = {
+    "Corners: sires; round: dams. Dashed: unknown. F stands beside animals of which both parents are known.",
+    "Hoekig: vaders; rond: moeders. Gestreept: onbekend. F staat bij dieren waarvan beide ouders bekend zijn."};
+constexpr Wording repeated_sample = {"This colour:", "Deze kleur:"};
+constexpr Wording repeated_reading = {
+    "the animal stands here more than once; equal letters mark the ancestors in which lines meet.",
+    "het dier staat hier meer dan eens; gelijke letters staan bij de voorouders waarin lijnen samenkomen."};
+
+constexpr Wording parts_title = {"Where the inbreeding comes from", "Waar de inteelt vandaan komt"};
+constexpr Wording parts_reading = {
+    "F is the chance that an animal has the same ancestral gene from both parents. Each common ancestor of the parents "
+    "brings its part, over all paths.",
+    "F is de kans dat een dier van beide ouders hetzelfde gen van een voorouder heeft. Elke gemeenschappelijke "
+    "voorouder van de ouders brengt zijn deel, over alle paden."};
+constexpr Wording no_parts = {"The parents have no known common ancestor.",
+                              "De ouders hebben geen bekende gemeenschappelijke voorouder."};
+constexpr Wording ancestor_heading = {"Common ancestor", "Gemeenschappelijke voorouder"};
+constexpr Wording name_heading = {"Name", "Naam"}, born_heading = {"Born", "Geboren"};
+constexpr Wording part_heading = {"Part of F (points of %)", "Deel van F (procentpunten)"};
+constexpr Wording share_heading = {"Share (%)", "Aandeel (%)"};
+constexpr Wording others_row = {"all others", "alle andere"};
+
+constexpr Wording sides_title = {"How far the ancestors are known", "Hoe ver de voorouders bekend zijn"};
+constexpr Wording generation_heading = {"Generation", "Generatie"};
+constexpr Wording sire_side = {"Known on the sire's side", "Bekend aan vaderszijde"};
+constexpr Wording dam_side = {"Known on the dam's side", "Bekend aan moederszijde"};
+constexpr Wording of_possible = {"{1} of {2}", "{1} van {2}"};
+
+constexpr Wording young_title = {"Offspring by mate and year", "Nakomelingen per partner en jaar"};
+constexpr Wording young_reading = {"In brackets: how many offspring an animal has itself.",
+                                   "Tussen haakjes: hoeveel nakomelingen een dier zelf heeft."};
+constexpr Wording mate_heading = {"Mate", "Partner"}, year_heading = {"Year", "Jaar"};
+constexpr Wording young_heading = {"Young", "Jongen"}, unknown_mate = {"unknown", "onbekend"};
+constexpr Wording further_rows = {"rows of mates and years that are not shown: {1}",
+                                  "regels met partners en jaren die niet getoond zijn: {1}"};
+constexpr Wording further_young = {"and {1} more", "en nog {1}"};
+
+constexpr Wording made_by = {"Made by pedigreewatch-tools animal on {1}; docs/animal.md explains every figure.",
+                             "Gemaakt door pedigreewatch-tools animal op {1}; docs/animal.md legt elk cijfer uit."};
+
+constexpr double percent = 100.0;
+
+/// What the parts of a card are written with.
+struct CardWriter {
+  std::string& page;
+  const CardInput& input;
+  const AnimalCard& card;
+
+  const PopulationStore& store() const { return input.population.store; }
+  std::string words(const Wording& wording, std::initializer_list<std::string_view> values = {}) const {
+    return phrase(wording, input.language, values);
+  }
+  std::string figure(double value, int decimals) const { return report_figure(value, decimals, input.language); }
+};
+
+std::string id_text(const CardWriter& writer, std::int32_t position) {
+  return data_text(writer.store().id(position));
+}
+
+/// The identification of another animal, to be pressed where that opens its card.
+std::string pressable(const CardWriter& writer, std::int32_t position) {
+  const std::string id = isolated(id_text(writer, position));
+  if (!writer.input.is_pressable) return id;
+  return "<button type=\"button\" class=\"fa-press\" data-animal=\"" + std::to_string(position) + "\">" + id +
+         "</button>";
+}
+
+std::string year_text(const CardWriter& writer, std::int32_t year) {
+  return year == 0 ? writer.words(not_known) : std::to_string(year);
+}
+
+std::string heading_of(const CardWriter& writer) {
+  const std::string name = name_of_animal(writer.store(), writer.card.position);
+  return isolated(id_text(writer, writer.card.position)) + (name.empty() ? "" : " " + isolated(name));
+}
+
+// --- facts ---
+
+void add_fact(CardWriter& writer, const Wording& label, const std::string& text) {
+  if (text.empty()) return;
+  writer.page += "<div><dt>" + escaped(writer.words(label)) + "</dt><dd>" + isolated(text) + "</dd></div>\n";
+}
+
+std::string birth_text(const CardWriter& writer) {
+  const PopulationStore& store = writer.store();
+  const std::int32_t position = writer.card.position;
+  if (store.line(position) == 0) return writer.words(no_own_line);
+  if (store.birth_year[position] == 0) return writer.words(not_known);
+  return text_of(CalendarDate{store.birth_year[position], store.birth_month[position], store.birth_day(position)});
+}
+
+/// A name of a list with the number of all animals that have it; empty for none.
+std::string counted_name(const CardWriter& writer, std::string_view name, const ByNumber<std::int32_t>& numbers) {
+  const std::int32_t own = numbers[writer.card.position];
+  const auto count = std::count(numbers.values.begin() + 1, numbers.values.end(), own);
+  return writer.words(counted, {data_text(name), std::to_string(count)});
+}
+
+std::string breeder_text(const CardWriter& writer) {
+  const PopulationStore& store = writer.store();
+  if (!store.has_breeder || store.breeder_no[writer.card.position] == 0) return {};
+  return counted_name(writer, store.breeders.text_of(store.breeder_no[writer.card.position]), store.breeder_no);
+}
+
+std::string colour_text(const CardWriter& writer) {
+  const PopulationStore& store = writer.store();
+  const std::vector<ColourName>& names = writer.input.population.settings.colour_names;
+  if (!store.has_colour) return {};
+  const std::int32_t number = store.colour_no[writer.card.position];
+  if (number < 1 || number > std::ssize(names)) return {};
+  return counted_name(writer, names[static_cast<std::size_t>(number) - 1].trimmed(), store.colour_no);
+}
+
+std::string today_words(const CardWriter& writer) {
+  const ReferencePopulation& reference = writer.input.reference;
+  const std::string first = std::to_string(reference.first_year), last = std::to_string(reference.last_year);
+  const std::string count = std::to_string(reference.positions.size());
+  if (reference.choice == ReferenceChoice::listed) return writer.words(listed_text, {count});
+  return writer.words(reference.choice == ReferenceChoice::youngest ? youngest_text : born_text, {first, last, count});
+}
+
+bool has_both_parents(const AnimalCard& card) {
+  return card.sire.parent != 0 && card.dam.parent != 0;
+}
+
+std::string inbreeding_text(const CardWriter& writer) {
+  if (!has_both_parents(writer.card)) return writer.words(inbreeding_unknown);
+  return writer.words(inbreeding_known,
+                      {shown_inbreeding({writer.store(), writer.input.language}, writer.card.position)});
+}
+
+std::string kinship_of(const CardWriter& writer) {
+  const AnimalCard& card = writer.card;
+  if (!card.mean_kinship) return {};
+  std::string text = writer.words(kinship_text, {writer.figure(percent * *card.mean_kinship, 2), today_words(writer)});
+  if (card.rank) {
+    text += writer.words(rank_text, {std::to_string(card.rank->rank), std::to_string(card.rank->animals),
+                                     std::to_string(writer.store().birth_year[card.position])});
+  }
+  return text;
+}
+
+std::string genes_of(const CardWriter& writer) {
+  const PartOfToday& today = writer.card.today;
+  if (today.animals == 0) return {};
+  const std::string text = writer.words(
+      genes_text, {writer.figure(percent * today.genes, 2), today_words(writer), std::to_string(today.descendants)});
+  return today.is_one ? text + writer.words(itself_too) : text;
+}
+
+std::string offspring_of(const CardWriter& writer) {
+  const OffspringList& list = writer.card.offspring;
+  if (list.young == 0) return writer.words(none_word);
+  return writer.words(offspring_text,
+                      {std::to_string(list.young), std::to_string(list.males), std::to_string(list.young - list.males),
+                       std::to_string(list.mates), std::to_string(list.breeding)});
+}
+
+void write_facts(CardWriter& writer) {
+  const PopulationStore& store = writer.store();
+  const std::int32_t position = writer.card.position;
+  writer.page += "<dl class=\"fa-facts\">\n";
+  add_fact(writer, sex_label, writer.words(store.sex[position] == male ? male_word : female_word));
+  add_fact(writer, born_label, birth_text(writer));
+  add_fact(writer, breeder_label, breeder_text(writer));
+  add_fact(writer, colour_label, colour_text(writer));
+  if (store.has_subpopulation) {
+    add_fact(writer, subpopulation_label, data_text(store.subpopulation(position).trimmed()));
+  }
+  add_fact(writer, inbreeding_label, inbreeding_text(writer));
+  add_fact(writer, kinship_label, kinship_of(writer));
+  add_fact(writer, genes_label, genes_of(writer));
+  add_fact(writer, offspring_label, offspring_of(writer));
+  add_fact(writer, completeness_label,
+           writer.words(completeness_text, {writer.figure(double{store.generation_equivalents[position]}, 2),
+                                            writer.figure(writer.card.completeness_index, 3)}));
+  writer.page += "</dl>\n";
+}
+
+// --- pedigree ---
+
+/// A heading and, below it, how the table is read.
+void write_heading(CardWriter& writer, const Wording& title, const Wording* reading = nullptr) {
+  writer.page += "<h3>" + escaped(writer.words(title)) + "</h3>\n";
+  if (reading != nullptr) writer.page += "<p>" + escaped(writer.words(*reading)) + "</p>\n";
+}
+
+void write_pedigree(CardWriter& writer) {
+  write_heading(writer, pedigree_title);
+  const auto& times = writer.card.tree.times;
+  writer.page += "<p class=\"fa-reading\">" + escaped(writer.words(pedigree_reading));
+  if (std::any_of(times.begin(), times.end(), [](std::uint8_t count) { return count > 1; })) {
+    writer.page += " <span class=\"fa-sample\">" + escaped(writer.words(repeated_sample)) + "</span> " +
+                   escaped(writer.words(repeated_reading));
+  }
+  writer.page += "</p>\n";
+  draw_pedigree(writer.page, {writer.store(), writer.input.language, writer.input.is_pressable}, writer.card.tree);
+}
+
+// --- tables ---
+
+/// A table whose cells are HTML: the first one of a row is its heading. Columns of names are there where animals have
+/// names.
+void begin_table(CardWriter& writer, const Wording& title, std::initializer_list<const Wording*> headings,
+                 std::string_view style = {}) {
+  writer.page += "<div class=\"scroll\" tabindex=\"0\" role=\"group\" aria-label=\"" + escaped(writer.words(title)) +
+                 "\"><table" + (style.empty() ? "" : " class=\"" + std::string(style) + "\"") + "><thead><tr>";
+  for (const Wording* const heading : headings) {
+    if (heading == &name_heading && !writer.store().has_name) continue;
+    writer.page += "<th scope=\"col\">" + escaped(writer.words(*heading)) + "</th>";
+  }
+  writer.page += "</tr></thead><tbody>\n";
+}
+
+void add_row(CardWriter& writer, const std::vector<std::string>& cells) {
+  writer.page += "<tr><th scope=\"row\">" + cells.front() + "</th>";
+  for (std::size_t k = 1; k < cells.size(); ++k) writer.page += "<td>" + cells[k] + "</td>";
+  writer.page += "</tr>\n";
+}
+
+void end_table(CardWriter& writer) {
+  writer.page += "</tbody></table></div>\n";
+}
+
+/// Behind the cell of an animal that of its name, where animals have names.
+void add_name(const CardWriter& writer, std::int32_t position, std::vector<std::string>& cells) {
+  if (!writer.store().has_name) return;
+  cells.push_back(position == 0 ? std::string() : isolated(name_of_animal(writer.store(), position)));
+}
+
+/// What an ancestor brings; position 0: all that are not named.
+void add_part(CardWriter& writer, const CommonAncestor& ancestor) {
+  const bool is_named = ancestor.position != 0;
+  std::vector<std::string> cells = {is_named ? pressable(writer, ancestor.position)
+                                             : escaped(writer.words(others_row))};
+  add_name(writer, ancestor.position, cells);
+  cells.push_back(is_named ? year_text(writer, writer.store().birth_year[ancestor.position]) : std::string());
+  cells.push_back(writer.figure(percent * ancestor.contribution, 2));
+  cells.push_back(writer.figure(percent * ancestor.contribution / writer.card.parts.kinship, 1));
+  add_row(writer, cells);
+}
+
+void write_parts(CardWriter& writer) {
+  constexpr double least = 5e-7;
+  const KinshipParts& parts = writer.card.parts;
+  if (!has_both_parents(writer.card)) return;
+  if (parts.kinship < least) return write_heading(writer, parts_title, &no_parts);
+  write_heading(writer, parts_title, &parts_reading);
+  begin_table(writer, parts_title, {&ancestor_heading, &name_heading, &born_heading, &part_heading, &share_heading});
+  double rest = parts.kinship;
+  for (const CommonAncestor& ancestor : parts.largest) {
+    if (ancestor.position == 0) continue;
+    rest -= ancestor.contribution;
+    add_part(writer, ancestor);
+  }
+  if (rest > least) add_part(writer, {0, rest});
+  end_table(writer);
+}
+
+void write_sides(CardWriter& writer) {
+  write_heading(writer, sides_title);
+  begin_table(writer, sides_title, {&generation_heading, &sire_side, &dam_side});
+  for (std::size_t g = 0; g < tree_generations; ++g) {
+    const std::string possible = std::to_string(1U << g);
+    const auto cell = [&](const ParentSide& side) {
+      return escaped(writer.words(of_possible, {std::to_string(side.known[g]), possible}));
+    };
+    add_row(writer, {std::to_string(g + 1), cell(writer.card.sire), cell(writer.card.dam)});
+  }
+  end_table(writer);
+}
+
+std::string young_cell(const CardWriter& writer, const MateYear& entry) {
+  constexpr std::size_t most_young = 60;
+  std::string cell;
+  const std::size_t count = std::min(entry.young.size(), most_young);
+  for (std::size_t k = 0; k < count; ++k) {
+    cell += (k == 0 ? "" : ", ") + pressable(writer, entry.young[k].position) + " (" +
+            std::to_string(entry.young[k].offspring) + ")";
+  }
+  if (count < entry.young.size()) {
+    cell += ", " + escaped(writer.words(further_young, {std::to_string(entry.young.size() - count)}));
+  }
+  return cell;
+}
+
+void write_young(CardWriter& writer) {
+  constexpr std::size_t most_rows = 300;
+  const std::vector<MateYear>& years = writer.card.offspring.years;
+  if (years.empty()) return;
+  write_heading(writer, young_title, &young_reading);
+  begin_table(writer, young_title, {&mate_heading, &name_heading, &year_heading, &young_heading}, "w");
+  const std::size_t count = std::min(years.size(), most_rows);
+  for (std::size_t k = 0; k < count; ++k) {
+    const MateYear& entry = years[k];
+    std::vector<std::string> cells = {entry.mate != 0 ? pressable(writer, entry.mate)
+                                                      : escaped(writer.words(unknown_mate))};
+    add_name(writer, entry.mate, cells);
+    cells.push_back(year_text(writer, entry.year));
+    cells.push_back("<span class=\"fa-young\">" + young_cell(writer, entry) + "</span>");
+    add_row(writer, cells);
+  }
+  end_table(writer);
+  if (count < years.size()) {
+    writer.page += "<p>" + escaped(writer.words(further_rows, {std::to_string(years.size() - count)})) + "</p>\n";
+  }
+}
+
+std::string population_name(const CardInput& input) {
+  return data_text(input.population.settings.population_name.trimmed());
+}
+
+std::string title_of(const CardInput& input, std::span<const std::int32_t> positions) {
+  const PopulationStore& store = input.population.store;
+  std::string title;
+  if (positions.size() == 1) {
+    const std::string name = name_of_animal(store, positions.front());
+    title = data_text(store.id(positions.front())) + (name.empty() ? "" : " " + name) + " - ";
+  }
+  return title + population_name(input);
+}
+
+}  // namespace
+
+std::string animal_card_html(const CardInput& input, const AnimalCard& card) {
+  std::string page;
+  CardWriter writer = {page, input, card};
+  const std::string id = "pw-animal-" + std::to_string(card.position);
+  page += "<article class=\"fa-card\" aria-labelledby=\"" + id + "\"><h2 id=\"" + id + "\">" + heading_of(writer) +
+          "</h2>\n<p class=\"fa-of\">" + isolated(population_name(input)) + ", " + text_of(input.today) + "</p>\n";
+  write_facts(writer);
+  write_pedigree(writer);
+  page += "<div class=\"fa-more\">\n";
+  write_parts(writer);
+  write_sides(writer);
+  write_young(writer);
+  page += "</div></article>\n";
+  return page;
+}
+
+std::string make_animal_page(const CardInput& input, std::span<const std::int32_t> positions) {
+  std::string page =
+      "<!DOCTYPE html>\n<html lang=\"" + std::string(input.language == ToolLanguage::english ? "en" : "nl") +
+      "\">\n<head>\n<meta charset=\"utf-8\">\n<meta http-equiv=\"Content-Security-Policy\" content=\"" +
+      animal_page_policy() + "\">\n<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>" +
+      escaped(title_of(input, positions)) + "</title>\n<style>";
+  page += page_style();
+  page += "</style>\n<style>";
+  page += animal_style();
+  page += "</style>\n</head>\n<body class=\"pw fa-page\">\n<header><h1>" + isolated(population_name(input)) +
+          "</h1></header>\n<main>\n";
+  for (const std::int32_t position : positions) page += animal_card_html(input, make_card(input.source, position));
+  page += "</main>\n<footer><p>" + escaped(phrase(made_by, input.language, {text_of(input.today)})) +
+          "</p></footer>\n</body>\n</html>\n";
+  return page;
+}
+
+}  // namespace pedigreewatch
