@@ -57,5 +57,25 @@ TEST(CountLinks, ALargePopulationIsJudgedByAFairSample) {
   EXPECT_NEAR(static_cast<double>(count.with_line) / static_cast<double>(count.parents), 0.75, 0.05);
 }
 
+TEST(ListCounted, NamesTwelveTextsAndCountsTheOthers) {
+  const auto any = [](const CountedText&) { return true; };
+  TextCounts counts;
+  for (int i = 0; i < 12; ++i) count_text(counts, "colour " + std::to_string(i), i + 2);
+  EXPECT_EQ(list_counted(counts, any).texts.size(), 12U);
+  EXPECT_EQ(list_counted(counts, any).more, 0);
+  count_text(counts, "colour 12", 14);
+  EXPECT_EQ(list_counted(counts, any).texts.size(), 12U);
+  EXPECT_EQ(list_counted(counts, any).more, 1);
+}
+
+TEST(CountLinks, SixteenThousandAnimalsAreAllLookedAt) {
+  ParentLinks links;
+  for (int i = 0; i < 16384; ++i) note_role(links, std::to_string(i), animal_role);
+  EXPECT_TRUE(is_exact(links));
+  EXPECT_EQ(links.ids.size(), 16384U) << "no two of these texts have one hash";
+  note_role(links, "one more", animal_role);
+  EXPECT_FALSE(is_exact(links));
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -153,5 +153,15 @@ TEST(SurveyDate, EightDigitsHaveAYearFrom1700To2199) {
   EXPECT_EQ(survey_of({"31122200"}).compact.neither.count, 1);
 }
 
+TEST(SurveyDate, NamesTwentyDatesOfAKindAndCountsTheOthers) {
+  std::vector<std::string> dates(20, "31-31-31-31");
+  EXPECT_EQ(survey_of(dates).unreadable.first.size(), 20U);
+  dates.push_back("32-32-32-32");
+  const DateSurvey survey = survey_of(dates);
+  EXPECT_EQ(survey.unreadable.first.size(), 20U);
+  EXPECT_EQ(survey.unreadable.first.back().line, 21);
+  EXPECT_EQ(survey.unreadable.count, 21);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

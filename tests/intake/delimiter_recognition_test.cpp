@@ -80,5 +80,14 @@ TEST(RecogniseDelimiter, TwoKnownHeadingsDecide) {
   EXPECT_EQ(recognise_delimiter("id,sire,x;y\n1,2,3;4\n").delimiter, ',');
 }
 
+TEST(RecogniseDelimiter, AQuoteThatIsNeverClosedIsToldWhereTheWholeExportWasRead) {
+  constexpr std::size_t read_bytes = 4 * 1024 * 1024;
+  std::string text = "id;name\n1;\"Rex\n";
+  text.resize(read_bytes, 'x');
+  EXPECT_EQ(recognise_delimiter(text).evidence[0].unterminated_line, 2);
+  text += 'x';
+  EXPECT_EQ(recognise_delimiter(text).evidence[0].unterminated_line, 0) << "it may be closed further below";
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

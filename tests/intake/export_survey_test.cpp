@@ -93,5 +93,22 @@ TEST(FindIdClashes, OneLongIdUsedTwiceIsNoClash) {
   EXPECT_TRUE(find_id_clashes(header + lines, ';', columns_of_header(), survey.changed_ids).empty());
 }
 
+TEST(FindIdClashes, NamesTwentyOfThem) {
+  const std::string thirty(30, 'D');
+  const auto clashes_among = [&](int pairs) {
+    std::string lines;
+    for (int i = 10; i < 10 + pairs; ++i) {
+      for (const char* const end : {"a", "b"}) {
+        lines += std::to_string(i) + thirty.substr(2) + end + ";;;m;2001;;\n";
+      }
+    }
+    const ExportSurvey survey = survey_of(lines);
+    return find_id_clashes(header + lines, ';', columns_of_header(), survey.changed_ids).size();
+  };
+  EXPECT_EQ(clashes_among(19), 19U);
+  EXPECT_EQ(clashes_among(20), 20U);
+  EXPECT_EQ(clashes_among(21), 20U);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test
