@@ -4,6 +4,7 @@ import { ask } from "./client";
 import { bytesOf, text, work } from "./desk";
 import type { Desk, DeskPlan } from "./desk";
 import { button, make, nameOf, percentage, save, shownNumber } from "./dom";
+import { workbookOf, workbookType } from "./workbook";
 import type { Animal, PlanAnswer, PlanRow } from "./protocol";
 import type { TextName } from "./texts";
 
@@ -87,7 +88,8 @@ function drawMatings(desk: Desk, plan: DeskPlan, answer: PlanAnswer): HTMLElemen
     button(text(desk, label), () => void work(desk, async () => save(file, await bytesOf(desk, name), type)));
   return [make("p", {}, `${text(desk, "planMeanF")}: `, make("span", { class: "figure", id: "plan-mean-f" }, percentage(answer.meanF, desk.language))),
     make("p", { class: "row" }, keep("savePlan", "plan", "plan.tsv", "text/tab-separated-values"),
-      keep("saveContributions", "contributions", "contributions.tsv", "text/tab-separated-values"), keep("savePlanPage", "planPage", "plan.html", "text/html")),
+      keep("saveContributions", "contributions", "contributions.tsv", "text/tab-separated-values"), keep("savePlanPage", "planPage", "plan.html", "text/html"),
+      button(text(desk, "savePlanWorkbook"), () => void work(desk, async () => save("plan.xlsx", await workbookOf(desk, "planWorkbook"), workbookType)))),
     make("p", { class: "row" }, button(text(desk, "before"), () => move(plan.first - rowsShown), { disabled: plan.first === 0 }),
       button(text(desk, "after"), () => move(plan.first + rowsShown), { disabled: plan.first + rowsShown >= answer.count }),
       make("span", { role: "status" }, text(desk, "showing", shown(plan.first + 1), shown(Math.min(plan.first + rowsShown, answer.count)), shown(answer.count)))),

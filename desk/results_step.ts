@@ -5,6 +5,7 @@ import { ask } from "./client";
 import { bytesOf, showProblem, text, work } from "./desk";
 import type { Desk } from "./desk";
 import { button, make, save } from "./dom";
+import { workbookOf, workbookType } from "./workbook";
 import type { TextName } from "./texts";
 // The script of the page, which makes its charts readable with mouse and arrow keys.
 import { readFigures } from "page-script";
@@ -34,7 +35,9 @@ function drawSaving(desk: Desk): HTMLElement {
   }));
   const table = "text/tab-separated-values";
   const hasSubpopulations = (desk.export?.subpopulations.filter(({ isListed }) => isListed).length ?? 2) > 1;
-  return make("p", { class: "row" },
+  const workbook = button(text(desk, "saveWorkbook"), () => void work(desk, async () =>
+    save(`${stem}_tables.xlsx`, await workbookOf(desk, "workbook"), workbookType)), { id: "save-workbook" });
+  return make("p", { class: "row" }, workbook,
     kept("saveReport", "report", desk.run?.reportName ?? "report.out", "application/octet-stream"),
     kept("savePage", "page", `${stem}.html`, "text/html"), kept("saveYears", "years", `${stem}_years.tsv`, table),
     kept("saveAnimals", "animals", `${stem}_animals.tsv`, table), kept("saveDiversity", "diversity", `${stem}_diversity.tsv`, table),

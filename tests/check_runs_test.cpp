@@ -11,7 +11,9 @@
 #include "support/lines.h"
 #include "support/places.h"
 #include "support/program_run.h"
+#include "support/read_table.h"
 #include "support/steer_lines.h"
+#include "support/written_workbook.h"
 
 namespace pedigreewatch::test {
 namespace {
@@ -142,6 +144,18 @@ TEST(CheckRun, ChangesNothingButItsTable) {
             "  dogs.txt, line 2, a: No parents and no young\n\nAll findings, with their lines: dogs_check.tsv\n");
 }
 
+TEST(CheckRun, AWorkbookHasTheSameFindings) {
+  const Files files = files_of("id;sex;birthdate;sire;dam\n007;m;01-01-2000;;\nb;f;01-01-1999;007;\n", sheep());
+  const WholeRun run = run_program_on(files, tools_with({"check", "--workbook"}));
+  EXPECT_EQ(run.files.count("dogs_check.tsv"), 0U);
+  EXPECT_TRUE(has(run.console, "All findings, with their lines: dogs_check.xlsx\n")) << run.console;
+  const ReadTable sheet = sheet_of(run.file("dogs_check.xlsx"), "findings");
+  EXPECT_EQ(sheet.names, (std::vector<std::string>{"line", "column", "id", "code", "severity", "text"}));
+  ASSERT_EQ(sheet.rows.size(), 1U);
+  EXPECT_EQ(sheet.rows[0], (std::vector<std::string>{"3", "", "b", "born-before-parent", "W",
+                                                     "Born before its father \"007\" (line 2)"}));
+}
+
 TEST(CheckRun, ShowsOneKindInFull) {
   std::string data = "id;sex;birthdate;sire;dam\n";
   for (int k = 0; k < 60; ++k) data += "a" + std::to_string(k) + ";m;01-01-2000;;\n";
@@ -234,6 +248,16 @@ TEST(HostileCheck, ALongLoopAndALongChain) {
     data += "a" + std::to_string(k) + ";m;;a" + std::to_string((k * 7919LL + 1) % count) + ";\n";
   }
   EXPECT_TRUE(finds(data, "loop"));
+}
+
+TEST(HostileCheck, AWorkbookThatCannotBeWrittenIsSaid) {
+  const RunFolder folder(files_of("id;sex;birthdate;sire;dam\na;m;01-01-2000;;\n", sheep()));
+  ProgramStart start = tools_with({"check", "--workbook"});
+  start.limits.file_bytes = 20;
+  start.keeps_console = false;
+  const WholeRun run = run_program_in(folder, start);
+  EXPECT_EQ(run.exit_status, 2);
+  EXPECT_EQ(run.files.size(), 2U);
 }
 
 TEST(HostileCheck, ATableThatCannotBeWrittenIsSaid) {

@@ -8,6 +8,7 @@
 #include "support/program_run.h"
 #include "support/read_table.h"
 #include "support/steer_lines.h"
+#include "support/written_workbook.h"
 
 namespace pedigreewatch::test {
 namespace {
@@ -82,6 +83,24 @@ TEST(PlanRun, WritesPairsContributionsAndAPage) {
   EXPECT_TRUE(has(run.console, "males: 2, of the list\nfemales: 2, of the list\nmatings: 2\n")) << run.console;
   EXPECT_TRUE(has(run.console, "whole numbers: mean kinship 0.17187500")) << run.console;
   EXPECT_TRUE(has(run.console, "pairs: mean F 0.00000000")) << run.console;
+}
+
+TEST(PlanRun, AWorkbookHasBothTablesAndTheComparison) {
+  const WholeRun run = plan(with_lists({"--workbook"}), lists);
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_EQ(run.files.count("dogs_plan.tsv") + run.files.count("dogs_contributions.tsv"), 0U);
+  const std::string workbook = run.file("dogs_plan.xlsx");
+  EXPECT_EQ(sheets_of(workbook), (std::vector<std::string>{"plan", "contributions", "comparison"}));
+  const WholeRun texts = plan(with_lists({}), lists);
+  expect_same_cells(sheet_of(workbook, "plan"), read_table(texts.file("dogs_plan.tsv")));
+  expect_same_cells(sheet_of(workbook, "contributions"), read_table(texts.file("dogs_contributions.tsv")));
+  const ReadTable ways = sheet_of(workbook, "comparison");
+  ASSERT_EQ(ways.rows.size(), 5U);
+  EXPECT_EQ(ways.cell(4, "way"), "plan");
+  EXPECT_EQ(ways.cell(4, "mean_kinship"), "0.171875");  // (4 x 1/2 + 2 x (1/8 + 1/4)) / 16
+  EXPECT_EQ(ways.cell(4, "mean_F"), "0");
+  EXPECT_EQ(ways.cell(4, "males"), "2");
+  EXPECT_EQ(ways.cell(4, "top_male_share"), "0.5");
 }
 
 TEST(PlanRun, SpeaksTheLanguageOfTheSteerFile) {

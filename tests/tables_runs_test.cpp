@@ -11,6 +11,7 @@
 #include "support/program_run.h"
 #include "support/read_table.h"
 #include "support/steer_lines.h"
+#include "support/written_workbook.h"
 
 namespace pedigreewatch::test {
 namespace {
@@ -43,6 +44,39 @@ TEST(TablesRun, WritesItsTablesAndNothingElse) {
   EXPECT_TRUE(has_line(run.console, "dogs_animals.tsv: 5 animals"));
   EXPECT_TRUE(has_line(run.console, "dogs_years.tsv: 5 birth years"));
   EXPECT_EQ(run.file("dogs.txt"), family);
+}
+
+TEST(TablesRun, AWorkbookHasTheSameTables) {
+  const WholeRun run = tables_on(files_of(family), {"--workbook"});
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_EQ(run.files.size(), 3U);
+  const std::string workbook = run.file("dogs_tables.xlsx");
+  const WholeRun texts = tables_on(files_of(family));
+  const std::vector<std::string> sheets = {"years",   "animals",    "diversity",   "standing",
+                                           "cohorts", "by_kinship", "most_inbred", "used_sires"};
+  EXPECT_EQ(sheets_of(workbook), sheets);
+  for (const std::string& sheet : sheets) {
+    SCOPED_TRACE(sheet);
+    expect_same_cells(sheet_of(workbook, sheet), read_table(texts.file("dogs_" + sheet + ".tsv")));
+  }
+  EXPECT_TRUE(has_line(run.console, "dogs_tables.xlsx, sheet animals: 5 animals"));
+}
+
+TEST(TablesRun, IsEitherCommasOrAWorkbook) {
+  const WholeRun run = tables_on(files_of(family), {"--workbook", "--csv"});
+  EXPECT_EQ(run.exit_status, 2);
+  EXPECT_EQ(run.files.size(), 2U);
+  EXPECT_NE(run.messages.find("--csv and --workbook: only one of them can be given"), std::string::npos);
+}
+
+TEST(TablesRun, AWorkbookThatCannotBeWrittenLeavesNothing) {
+  const RunFolder folder(files_of(family));
+  ProgramStart start = tools_with({"tables", "--workbook"});
+  start.limits.file_bytes = 1000;
+  start.keeps_console = false;
+  const WholeRun run = run_program_in(folder, start);
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(run.files.size(), 2U);
 }
 
 TEST(TablesRun, LeavesYearsWithoutAnimalsEmpty) {

@@ -30,6 +30,7 @@ constexpr Wording further = {"  and {1} more: pedigreewatch-tools check --code {
                              "  en nog {1}: pedigreewatch-tools check --code {2}, of {3}"};
 constexpr Wording all_in = {"All findings, with their lines: {1}", "Alle bevindingen, met hun regels: {1}"};
 constexpr Wording none_of_kind = {"{1}: none", "{1}: geen"};
+constexpr Wording sheet_name = {"findings", "bevindingen"};
 constexpr Wording table_heading = {"line\tcolumn\tid\tcode\tseverity\ttext\n",
                                    "regel\tkolom\tid\tcode\ternst\ttekst\n"};
 
@@ -156,12 +157,45 @@ std::string_view table_heading_of(ToolLanguage language) {
   return words_of(table_heading, language);
 }
 
-std::string table_row(const Finding& finding, const CheckResult& result, ToolLanguage language) {
+std::vector<FindingCell> table_cells(const Finding& finding, const CheckResult& result, ToolLanguage language) {
   const auto number_or_nothing = [](std::int64_t number) { return number > 0 ? std::to_string(number) : ""; };
   const FindingKind& kind = kind_of(finding.code);
-  std::string row = number_or_nothing(finding.line) + "\t" + number_or_nothing(finding.column) + "\t";
-  row += id_of(finding, result) + "\t" + std::string(kind.name) + "\t" + std::string(letter_of(kind.severity));
-  return row + "\t" + message_of(finding, result, language);
+  return {{number_or_nothing(finding.line), true},
+          {number_or_nothing(finding.column), true},
+          {id_of(finding, result)},
+          {std::string(kind.name)},
+          {std::string(letter_of(kind.severity))},
+          {message_of(finding, result, language)}};
+}
+
+std::string table_row(const Finding& finding, const CheckResult& result, ToolLanguage language) {
+  std::string row;
+  for (const FindingCell& cell : table_cells(finding, result, language)) row += cell.text + "\t";
+  row.pop_back();
+  return row;
+}
+
+void write_findings_sheet(CheckResult& result, ToolLanguage language, WorkbookWriter& workbook) {
+  sort_by_line(result.findings);
+  begin_sheet(workbook, words_of(sheet_name, language));
+  std::string_view heading = table_heading_of(language);
+  while (!heading.empty()) {
+    const std::size_t end = heading.find_first_of("\t\n");
+    add_text_cell(workbook, heading.substr(0, end));
+    heading.remove_prefix(end + 1);
+  }
+  end_sheet_row(workbook);
+  for (const Finding& finding : result.findings.list) {
+    for (const FindingCell& cell : table_cells(finding, result, language)) {
+      if (cell.is_number) {
+        add_number_cell(workbook, cell.text);
+      } else {
+        add_text_cell(workbook, cell.text);
+      }
+    }
+    end_sheet_row(workbook);
+  }
+  end_sheet(workbook);
 }
 
 bool write_table(CheckResult& result, const CheckReport& report, FileProblem& problem) {

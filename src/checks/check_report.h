@@ -4,10 +4,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "checks/check.h"
 #include "core/new_files.h"
 #include "core/text_output.h"
+#include "sheets/workbook_writer.h"
 #include "text/phrases.h"
 
 namespace pedigreewatch {
@@ -28,9 +30,21 @@ std::string_view table_heading_of(ToolLanguage language);
 /// A line of the table, without its end.
 std::string table_row(const Finding& finding, const CheckResult& result, ToolLanguage language);
 
+/// A cell of the table.
+struct FindingCell {
+  std::string text;
+  bool is_number = false;
+};
+
+/// The cells of a row of the table, in the order of its columns.
+std::vector<FindingCell> table_cells(const Finding& finding, const CheckResult& result, ToolLanguage language);
+
 /// Writes the table: line, column, id, code, severity, text, with tabs between them, in the order of the lines.
 /// Completely or not at all; yields false, with `problem`, when it cannot be written.
 bool write_table(CheckResult& result, const CheckReport& report, FileProblem& problem);
+
+/// The same as the one sheet of a workbook, which `workbook` has afterwards but for its end.
+void write_findings_sheet(CheckResult& result, ToolLanguage language, WorkbookWriter& workbook);
 
 /// Shows the findings grouped by kind, the most serious kinds first.
 void show_findings(CheckResult& result, const CheckReport& report, TextOutput& console);

@@ -4,8 +4,7 @@
 
 #include "control/population_standing.h"
 #include "standing/standing_options.h"
-#include "standing/standing_table.h"
-#include "tables/table_writer.h"
+#include "tables/figure_tables.h"
 
 namespace pedigreewatch {
 namespace {
@@ -62,17 +61,8 @@ std::string standing_table(const Desk& desk) {
   if (!desk.results) return {};
   TableWriter writer;
   const bool is_english = desk.results->population.settings.english;
-  const auto add = [&](const StandingRow& row) {
-    for (const std::string& cell : {row.figure, row.value, row.low, row.high, row.limit, row.source}) {
-      add_text(writer, cell);
-    }
-    end_row(writer);
-  };
-  add(standing_header());
-  for (const StandingRow& row : standing_rows(desk.results->population.store, desk.results->standing,
-                                              is_english ? ToolLanguage::english : ToolLanguage::dutch)) {
-    add(row);
-  }
+  write_standing_table(desk.results->population.store, desk.results->standing,
+                       is_english ? ToolLanguage::english : ToolLanguage::dutch, writer);
   return std::move(writer.text);
 }
 

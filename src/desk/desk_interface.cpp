@@ -76,6 +76,7 @@ std::string text_named(const Desk& desk, std::string_view name) {
       {"plan", pedigreewatch::plan_table},
       {"contributions", pedigreewatch::contributions_table},
       {"planPage", pedigreewatch::plan_page},
+      {"planWorkbook", pedigreewatch::plan_workbook},
       {"years", pedigreewatch::years_table},
       {"subpopulations", pedigreewatch::subpopulations_table},
       {"animals", pedigreewatch::animals_table},
@@ -87,6 +88,7 @@ std::string text_named(const Desk& desk, std::string_view name) {
       {"usedSires", pedigreewatch::used_sires_table},
       {"division", pedigreewatch::division_table},
       {"founders", pedigreewatch::founders_table},
+      {"workbook", pedigreewatch::tables_workbook},
       {"style", [](const Desk&) { return std::string(pedigreewatch::page_style()); }},
       {"script", [](const Desk&) { return std::string(pedigreewatch::page_script()); }},
   });

@@ -256,6 +256,16 @@ std::string contributions_table(const Desk& desk) {
   return table_of(desk, write_contributions_table);
 }
 
+std::string plan_workbook(const Desk& desk) {
+  if (!desk.results || !desk.plan) return {};
+  const DeskPlan& made = *desk.plan;
+  const PlannedMatings matings = describe_plan(store_of(desk), made.plan.candidates, made.plan.pairs);
+  WorkbookWriter workbook;
+  write_plan_sheets({store_of(desk), made.plan, matings, made.pool, made.request.matings, desk.language}, workbook);
+  finish_workbook(workbook);
+  return std::move(workbook.zip.bytes);
+}
+
 std::string plan_page(const Desk& desk) {
   if (!desk.results || !desk.plan) return {};
   const DeskPlan& made = *desk.plan;

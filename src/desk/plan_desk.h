@@ -29,4 +29,7 @@ std::string plan_table(const Desk& desk);
 std::string contributions_table(const Desk& desk);
 std::string plan_page(const Desk& desk);
 
+/// The tables as one workbook (.xlsx).
+std::string plan_workbook(const Desk& desk);
+
 }  // namespace pedigreewatch

@@ -6,6 +6,7 @@
 #include "diversity/founder_list.h"
 #include "tables/animal_table.h"
 #include "tables/cohort_table.h"
+#include "tables/figure_tables.h"
 #include "tables/list_tables.h"
 #include "tables/table_writer.h"
 #include "tables/year_tables.h"
@@ -89,6 +90,36 @@ std::string diversity_table(const Desk& desk) {
   if (!desk.results) return {};
   const ToolLanguage language = desk.results->population.settings.english ? ToolLanguage::english : ToolLanguage::dutch;
   return write_diversity(desk.results->population.store, desk.results->diversity, language);
+}
+
+std::string tables_workbook(const Desk& desk) {
+  if (!desk.results) return {};
+  const DeskResults& results = *desk.results;
+  const AnalysedPopulation& population = results.population;
+  const PopulationStore& store = population.store;
+  const ToolLanguage language = population.settings.english ? ToolLanguage::english : ToolLanguage::dutch;
+  const std::vector<GroupCounts> groups = count_groups(population);
+  const ByNumber<std::int32_t> offspring = count_offspring(store);
+  const ListedPopulation listed{store, results.diversity, results.figures, offspring};
+  WorkbookWriter workbook;
+  TableWriter writer{.workbook = &workbook, .text = {}};
+  const auto write = [&](std::string_view sheet, auto write_table) {
+    begin_sheet(workbook, sheet);
+    write_table();
+    end_sheet(workbook);
+  };
+  write("years", [&] { write_years(population, groups, writer); });
+  if (has_subpopulations(results)) write("subpopulations", [&] { write_subpopulations(population, groups, writer); });
+  write("animals", [&] { write_animals(store, results.figures.animals, writer); });
+  write("diversity", [&] { write_diversity_table(store, results.diversity, language, writer); });
+  write("standing", [&] { write_standing_table(store, results.standing, language, writer); });
+  write("cohorts", [&] { write_cohorts(store, results.figures.cohorts, writer); });
+  write("by_kinship", [&] { write_kinship_list(listed, writer); });
+  write("most_inbred", [&] { write_most_inbred(listed, writer); });
+  write("used_sires", [&] { write_used_sires(listed, writer); });
+  if (has_subpopulations(results))
+    write("division", [&] { write_division(store, results.diversity.division, writer); });
+  return finish_workbook(workbook) ? std::move(workbook.zip.bytes) : std::string();
 }
 
 }  // namespace pedigreewatch

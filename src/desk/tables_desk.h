@@ -21,4 +21,7 @@ std::string division_table(const Desk& desk);  ///< empty with fewer than two su
 /// Drops the founders' genes when it is asked for.
 std::string founders_table(const Desk& desk);
 
+/// All of these tables but the founders as one workbook (.xlsx); empty before a run.
+std::string tables_workbook(const Desk& desk);
+
 }  // namespace pedigreewatch

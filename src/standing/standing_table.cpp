@@ -70,6 +70,10 @@ struct RowList {
   void add(std::string_view figure, std::string value, std::string source, std::string limit = {}) {
     rows.push_back({std::string(figure), std::move(value), {}, {}, std::move(limit), std::move(source)});
   }
+  void add_animal(std::string_view figure, std::int32_t position, std::string source) {
+    add(figure, id(position), std::move(source));
+    rows.back().is_id = true;
+  }
   void add(std::string_view figure, double value, std::string source, std::string limit = {}) {
     add(figure, number(value), std::move(source), std::move(limit));
   }
@@ -150,7 +154,7 @@ void add_parents(RowList& list) {
   for (std::size_t i = 0; i < static_cast<std::size_t>(standing.overused_sires); ++i) {
     const ParentShare& sire = standing.sires.parents[i];
     const std::string name = "overused_sire_" + std::to_string(i + 1);
-    list.add(name, list.id(sire.parent), source);
+    list.add_animal(name, sire.parent, source);
     list.add(name + "_share", sire.share, source, limit);
   }
   if (standing.rate_with_sires_held) {
@@ -165,7 +169,7 @@ void add_lines(RowList& list) {
     for (const LineCarrier& carrier : line.carriers)
       carriers += (carriers.empty() ? "" : ", ") + list.id(carrier.animal);
     const std::string name = "rare_line_" + std::to_string(++number_of_line);
-    list.add(name, list.id(line.founder), phrase(line_left, list.language, {carriers}));
+    list.add_animal(name, line.founder, phrase(line_left, list.language, {carriers}));
     list.add(name + "_share", line.share_of_young, phrase(line_left, list.language, {carriers}), number(rare_founder));
   }
 }

@@ -18,6 +18,7 @@ struct StandingRow {
   std::string low, high;  ///< margin of 95 in 100
   std::string limit;      ///< that it is compared with
   std::string source;     ///< what it is seen from, and whose the limit is
+  bool is_id = false;     ///< the value is an identification, whatever it looks like
 };
 
 /// The names of the columns, in the order of the fields.

@@ -73,7 +73,7 @@ void write_parent(const AnimalRows& rows, std::int32_t parent, TableWriter& writ
 }
 
 void write_single(AnimalRows& rows, float value, TableWriter& writer) {
-  add_plain(writer, text_of(rows.texts, value));
+  add_number(writer, text_of(rows.texts, value));
 }
 
 void write_kinship(AnimalRows& rows, std::int32_t position, TableWriter& writer) {
@@ -126,7 +126,7 @@ void fetch_texts_early(const PopulationStore& store, std::int32_t position) {
 
 void write_date(AnimalRows& rows, std::int32_t position, TableWriter& writer) {
   const PopulationStore& store = rows.store;
-  add_plain(writer, iso_date(store.birth_year[position], store.birth_month[position], store.birth_day(position)));
+  add_day(writer, iso_date(store.birth_year[position], store.birth_month[position], store.birth_day(position)));
 }
 
 /// A column: its name, and what it writes of an animal. A name may be added or moved, but none be changed: scripts of
@@ -149,7 +149,7 @@ constexpr auto columns = std::to_array<AnimalColumn>({
     {"F", [](Rows& rows, Position i, Out& out) { write_single(rows, std::max(rows.store.inbreeding[i], 0.0F), out); }},
     {"equivalent_generations",
      [](Rows& rows, Position i, Out& out) {
-       add_plain(out, text_of(rows.texts, rows.store.generation_equivalents[i]));
+       add_number(out, text_of(rows.texts, rows.store.generation_equivalents[i]));
      }},
     {"complete_generations",
      [](Rows& rows, Position i, Out& out) { add_integer(out, rows.store.complete_generations[i]); }},

@@ -34,7 +34,7 @@ void add_name(const PopulationStore& store, std::int32_t position, TableWriter& 
 }
 
 void add_birthdate(const PopulationStore& store, std::int32_t position, TableWriter& writer) {
-  add_plain(writer, iso_date(store.birth_year[position], store.birth_month[position], store.birth_day(position)));
+  add_day(writer, iso_date(store.birth_year[position], store.birth_month[position], store.birth_day(position)));
 }
 
 void add_mean_kinship(const ListedAnimal& animal, TableWriter& writer) {

@@ -1,6 +1,7 @@
 #include "tables/plan_tables.h"
 
 #include <array>
+#include <optional>
 #include <string_view>
 
 #include "planning/plan_words.h"
@@ -13,6 +14,11 @@ constexpr auto plan_columns =
                                      "ancestor_1", "ancestor_1_name", "contribution_1"});
 constexpr auto contribution_columns = std::to_array<std::string_view>(
     {"id", "name", "sex", "birth_year", "mean_kinship", "optimum_without_limits", "optimum", "matings", "why_none"});
+constexpr auto comparison_columns = std::to_array<std::string_view>(
+    {"way", "mean_kinship", "gene_diversity", "mean_F", "males", "females", "top_male_share", "mean_value"});
+constexpr auto way_keys =
+    std::to_array<std::string_view>({"last_year", "all_alike", "best_shares", "random_pairs", "plan"});
+static_assert(way_keys.size() == plan_ways);
 constexpr Wording yes = {"yes", "ja"};
 
 void add_name(const PopulationStore& store, std::int32_t position, TableWriter& writer) {
@@ -102,6 +108,36 @@ void write_contributions_table(const PlanTables& tables, TableWriter& writer) {
     end_row(writer);
   }
   flush(writer);
+}
+
+void write_comparison_table(const PlanTables& tables, TableWriter& writer) {
+  write_heading(comparison_columns, writer);
+  for (std::size_t k = 0; k < plan_ways; ++k) {
+    const std::optional<PlanComparison>& way = tables.plan.comparisons[k];
+    if (!way) continue;
+    add_plain(writer, way_keys[k]);
+    add_real(writer, way->mean_kinship);
+    add_real(writer, 1.0 - way->mean_kinship);
+    add_cell(writer, way->mean_f ? Cell(*way->mean_f) : Cell());
+    add_integer(writer, way->males);
+    add_integer(writer, way->females);
+    add_real(writer, way->top_male);
+    add_cell(writer, way->value ? Cell(*way->value) : Cell());
+    end_row(writer);
+  }
+  flush(writer);
+}
+
+void write_plan_sheets(const PlanTables& tables, WorkbookWriter& workbook) {
+  TableWriter writer{.workbook = &workbook, .text = {}};
+  const auto write = [&](std::string_view sheet, void (*table)(const PlanTables& tables, TableWriter& writer)) {
+    begin_sheet(workbook, sheet);
+    table(tables, writer);
+    end_sheet(workbook);
+  };
+  if (!tables.plan.pairs.empty()) write("plan", write_plan_table);
+  write("contributions", write_contributions_table);
+  write("comparison", write_comparison_table);
 }
 
 }  // namespace pedigreewatch

@@ -25,4 +25,10 @@ void write_plan_table(const PlanTables& tables, TableWriter& writer);
 /// A row for each candidate, males first, and for each animal that was left out.
 void write_contributions_table(const PlanTables& tables, TableWriter& writer);
 
+/// A row for each way to use parents that the plan is held against, and for the plan.
+void write_comparison_table(const PlanTables& tables, TableWriter& writer);
+
+/// All of them as the sheets of a workbook, but for its end; of the pairs only where there are any.
+void write_plan_sheets(const PlanTables& tables, WorkbookWriter& workbook);
+
 }  // namespace pedigreewatch

@@ -38,6 +38,11 @@ void append_quoted(std::string& text, std::string_view cell) {
 
 template <typename Real>
 void add_finite(TableWriter& writer, Real value) {
+  if (writer.workbook != nullptr) {
+    std::string digits;
+    if (std::isfinite(value)) append_shortest(digits, value);
+    return add_number_cell(*writer.workbook, digits);
+  }
   begin_cell(writer);
   if (std::isfinite(value)) append_shortest(writer.text, value);
 }
@@ -45,10 +50,12 @@ void add_finite(TableWriter& writer, Real value) {
 }  // namespace
 
 void add_nothing(TableWriter& writer) {
+  if (writer.workbook != nullptr) return skip_cell(*writer.workbook);
   begin_cell(writer);
 }
 
 void add_text(TableWriter& writer, std::string_view bytes) {
+  if (writer.workbook != nullptr) return add_text_cell(*writer.workbook, with_controls_named(bytes));
   begin_cell(writer);
   const char separator = separator_of(writer.form);
   const auto is_plain = [&](char byte) { return plain_bytes[static_cast<unsigned char>(byte)] && byte != separator; };
@@ -65,14 +72,25 @@ void add_text(TableWriter& writer, std::string_view bytes) {
 }
 
 void add_plain(TableWriter& writer, std::string_view text) {
+  if (writer.workbook != nullptr) return add_text_cell(*writer.workbook, text);
   begin_cell(writer);
   writer.text += text;
 }
 
+void add_number(TableWriter& writer, std::string_view digits) {
+  if (writer.workbook != nullptr) return add_number_cell(*writer.workbook, digits);
+  add_plain(writer, digits);
+}
+
+void add_day(TableWriter& writer, std::string_view day) {
+  if (writer.workbook != nullptr) return add_date_cell(*writer.workbook, day);
+  add_plain(writer, day);
+}
+
 void add_integer(TableWriter& writer, std::int64_t value) {
-  begin_cell(writer);
   std::array<char, 24> digits;
-  writer.text.append(digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr);
+  const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+  add_number(writer, {digits.data(), static_cast<std::size_t>(end - digits.data())});
 }
 
 void add_real(TableWriter& writer, float value) {
@@ -92,6 +110,7 @@ void add_cell(TableWriter& writer, const Cell& cell) {
 }
 
 void end_row(TableWriter& writer) {
+  if (writer.workbook != nullptr) return end_sheet_row(*writer.workbook);
   writer.text += '\n';
   writer.is_in_row = false;
   if (writer.text.size() >= piece_size) flush(writer);

@@ -1,6 +1,7 @@
 // A table as a text file: cells between tabs or commas, a row a line. UTF-8, a decimal point, nothing in a cell whose
 // value is unknown. A cell with a separator or a quotation mark in it stands in quotation marks, and quotation marks
 // within it are doubled (RFC 4180); control characters are written by name, "<U+0009>", so that no cell breaks a row.
+// Or the same table as the sheet at hand of a workbook.
 #pragma once
 
 #include <cstdint>
@@ -9,6 +10,7 @@
 #include <variant>
 
 #include "core/new_files.h"
+#include "sheets/workbook_writer.h"
 
 namespace pedigreewatch {
 
@@ -24,15 +26,18 @@ constexpr std::string_view ending_of(TableForm form) {
 
 struct TableWriter {
   TableForm form = TableForm::tabs;
-  NewFile* file = nullptr;  ///< null: the bytes stay in `text` (tests read them there)
-  std::string text;         ///< what has not gone to the file yet
-  bool is_in_row = false;   ///< the row at hand has a cell already
+  NewFile* file = nullptr;             ///< null: the bytes stay in `text` (tests read them there)
+  WorkbookWriter* workbook = nullptr;  ///< where it is not null, all cells go there
+  std::string text;                    ///< what has not gone to the file yet
+  bool is_in_row = false;              ///< the row at hand has a cell already
 };
 
 /// Adds a cell to the row at hand. Texts are bytes of the data file. Reals that are not finite make an empty cell.
 void add_nothing(TableWriter& writer);
 void add_text(TableWriter& writer, std::string_view bytes);
-void add_plain(TableWriter& writer, std::string_view text);  ///< letters, digits and the like, which need no look at
+void add_plain(TableWriter& writer, std::string_view text);     ///< letters, digits and the like, which need no look at
+void add_number(TableWriter& writer, std::string_view digits);  ///< a number that has its digits already; may be empty
+void add_day(TableWriter& writer, std::string_view day);        ///< "2004-02-29"; may be empty
 void add_integer(TableWriter& writer, std::int64_t value);
 void add_real(TableWriter& writer, float value);
 void add_real(TableWriter& writer, double value);

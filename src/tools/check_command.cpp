@@ -32,13 +32,14 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools check [OPTION...
                         youngest_parent_days = 300, young_parent_days, oldest_dam_years, oldest_sire_years,
                         births_apart_days, births_apart_look_days, largest_litter
   --today YYYY-MM-DD    the day beyond which a birth is in the future (else: today)
+  --workbook            a workbook, NAME_check.xlsx, instead of NAME_check.tsv
   --help                shows this text
 
   Exit status: 0 nothing above "worth a look", 1 something stops the run or falsifies figures, 2 the files could
   not be checked.
 )";
 
-constexpr auto rules = std::to_array<OptionRule>({{"--code"}, {"--limits"}, {"--today"}});
+constexpr auto rules = std::to_array<OptionRule>({{"--code"}, {"--limits"}, {"--today"}, {"--workbook", false}});
 
 constexpr Wording too_many_lines = {
     "{1}: the file has 100000000 lines or more, of which pedigreewatch reads none",
@@ -52,6 +53,7 @@ struct CheckOptions {
   std::optional<FindingCode> code;
   std::string limits_file;
   std::optional<CalendarDate> today;
+  bool wants_workbook = false;
 };
 
 /// Yields false for a text that is no date.
@@ -72,6 +74,7 @@ bool read_today(std::string_view text, std::optional<CalendarDate>& today) {
 /// Takes one option; yields what is wrong with it, empty: nothing.
 std::string take_option(const GivenOption& option, CheckOptions& options) {
   if (option.name == "--limits") options.limits_file = option.value;
+  if (option.name == "--workbook") options.wants_workbook = true;
   if (option.name == "--code") {
     options.code = finding_code_named(option.value);
     if (!options.code) return "--code " + in_quotes(option.value) + ": there is no such code";
@@ -94,9 +97,22 @@ std::string change_limits(const std::string& name, CheckLimits& limits) {
   return read_limits(text, name, limits);
 }
 
-std::string table_name(const std::string& data_file) {
+std::string table_name(const std::string& data_file, std::string_view ending) {
   const std::filesystem::path path(data_file);
-  return (path.parent_path() / (path.stem().string() + "_check.tsv")).string();
+  return (path.parent_path() / (path.stem().string() + "_check" + std::string(ending))).string();
+}
+
+/// Completely or not at all, as `write_table`.
+bool write_workbook(CheckResult& result, const CheckReport& report, FileProblem& problem) {
+  NewFile file;
+  if (!begin_file(file, report.table_file, problem)) return false;
+  WorkbookWriter workbook;
+  workbook.zip.file = &file;
+  write_findings_sheet(result, report.language, workbook);
+  if (finish_workbook(workbook)) return finish_file(file, problem);
+  abandon(file);
+  problem = {report.table_file, message_of(workbook, report.language)};
+  return false;
 }
 
 /// Checks the data file, shows and writes what was found. `status` is that of a check that was made.
@@ -111,10 +127,12 @@ std::optional<ToolRefusal> check_file(const SteerSettings& steer, const CheckSet
   CheckResult result = check_data(data, settings, streams.progress);
   if (data.error != 0) return refusal(unreadable, {shown(name), error_text(data.error)});
   if (result.has_too_many_lines) return refusal(too_many_lines, {shown(name)});
-  const CheckReport report = {name, table_name(name), settings.language, options.code};
+  const std::string_view ending = options.wants_workbook ? ".xlsx" : ".tsv";
+  const CheckReport report = {name, table_name(name, ending), settings.language, options.code};
   FileProblem problem;
   if (is_stop_requested(streams)) return refusal(was_stopped, {});
-  const bool is_written = write_table(result, report, problem);
+  const bool is_written =
+      options.wants_workbook ? write_workbook(result, report, problem) : write_table(result, report, problem);
   show_findings(result, report, streams.console);
   if (!is_written) return refusal(table_not_written, {shown(problem.name), problem.reason});
   status = has_serious_findings(result.findings) ? has_serious : 0;

@@ -299,22 +299,36 @@ struct PlanFile {
   NewFile file = {};
 };
 
-std::vector<PlanFile> make_files(const PlanRun& run, const PlanRequest& request, const Plan& plan,
-                                 const CandidatePool& pool, const PlannedMatings& matings) {
-  const auto name = [&](std::string_view ending) { return name_beside_report(run.population().settings, ending); };
-  const PlanTables tables = {run.store(), plan, matings, pool, request.matings, run.language};
-  std::vector<PlanFile> files;
-  if (request.wants_pairs) {
+/// The table of the pairs, unless there are none, and that of the contributions.
+void add_tables(const PlanTables& tables, const SteerSettings& settings, std::vector<PlanFile>& files) {
+  if (!tables.plan.pairs.empty()) {
     TableWriter pairs;
     write_plan_table(tables, pairs);
-    files.push_back({name("_plan.tsv"), std::move(pairs.text)});
+    files.push_back({name_beside_report(settings, "_plan.tsv"), std::move(pairs.text)});
   }
   TableWriter contributions;
   write_contributions_table(tables, contributions);
-  files.push_back({name("_contributions.tsv"), std::move(contributions.text)});
+  files.push_back({name_beside_report(settings, "_contributions.tsv"), std::move(contributions.text)});
+}
+
+/// Contributions and pairs are at most two million rows and the page has them all, so that the files stand in memory
+/// first.
+std::vector<PlanFile> make_files(const PlanRun& run, const PlanRequest& request, const Plan& plan,
+                                 const CandidatePool& pool, const PlannedMatings& matings) {
+  const SteerSettings& settings = run.population().settings;
+  const PlanTables tables = {run.store(), plan, matings, pool, request.matings, run.language};
+  std::vector<PlanFile> files;
+  if (run.options.wants_workbook) {
+    WorkbookWriter workbook;
+    write_plan_sheets(tables, workbook);
+    finish_workbook(workbook);
+    files.push_back({name_beside_report(settings, "_plan.xlsx"), std::move(workbook.zip.bytes)});
+  } else {
+    add_tables(tables, settings, files);
+  }
   files.push_back(
-      {name("_plan.html"), make_plan_page({run.store(), request, plan, matings, pool,
-                                           run.population().settings.population_name.trimmed(), run.language})});
+      {name_beside_report(settings, "_plan.html"),
+       make_plan_page({run.store(), request, plan, matings, pool, settings.population_name.trimmed(), run.language})});
   return files;
 }
 

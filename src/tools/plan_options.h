@@ -16,7 +16,7 @@ struct PlanOptions {
   double least_generations = 0.0;
   bool needs_known_parents = false;
   std::optional<double> most_f, rate;  ///< as fractions
-  bool wants_pairs = true;
+  bool wants_pairs = true, wants_workbook = false;
 };
 
 /// Yields what is wrong with the arguments; empty: nothing.

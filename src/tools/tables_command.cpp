@@ -16,13 +16,13 @@
 #include "control/population_standing.h"
 #include "control/steer_file.h"
 #include "diversity/diversity.h"
-#include "diversity/diversity_table.h"
 #include "diversity/figures.h"
 #include "diversity/founder_list.h"
 #include "standing/standing_options.h"
 #include "standing/standing_table.h"
 #include "tables/animal_table.h"
 #include "tables/cohort_table.h"
+#include "tables/figure_tables.h"
 #include "tables/list_tables.h"
 #include "tables/year_tables.h"
 #include "tools/folder_analysis.h"
@@ -58,6 +58,7 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools tables [OPTION..
   --founders            drops the founders' genes through the pedigree 10,000 times, and writes NAME_founders
   --ancestors           effective number of ancestors of every cohort also where that takes long
   --csv                 commas instead of tabs, and names that end in .csv
+  --workbook            one workbook, NAME_tables.xlsx, with a sheet for each table, instead of these files
   --help                shows this text
 
   Exit status: 0 the tables were written, 1 data or files stand in the way (nothing was written), 2 wrong
@@ -67,6 +68,7 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools tables [OPTION..
 constexpr auto rules = std::to_array<OptionRule>({{"--years"},
                                                   {"--ids"},
                                                   {"--csv", false},
+                                                  {"--workbook", false},
                                                   {"--rule-year"},
                                                   {"--sire-share"},
                                                   {"--most-f"},
@@ -88,24 +90,28 @@ constexpr Wording no_reference = {
     "no animal of the last ten birth years has both parents known: the reference population is empty, and so are its figures; --years or --ids name another one",
     "van geen dier van de laatste tien geboortejaren zijn beide ouders bekend: de referentiepopulatie is leeg, en haar cijfers ook; --years of --ids noemen een andere"};
 
+constexpr Wording sheet_content = {"{1}, sheet {2}: {3}", "{1}, blad {2}: {3}"};
 constexpr Wording verdict_is = {"verdict: {1}", "oordeel: {1}"};
 
 struct TablesOptions {
   ReferenceOptions reference;
   StandingSettings standing;
   TableForm form = TableForm::tabs;
-  bool wants_founders = false, wants_ancestors = false;
+  bool wants_workbook = false, wants_founders = false, wants_ancestors = false;
 };
 
-/// A table on its way: what it will be called, and what is said of it when it is there.
+/// A file on its way: what it will be called, and what is said of it when it is there; of a workbook that is a line for
+/// each sheet.
 struct TableFile {
-  std::string name, content;
+  std::string name;
+  std::vector<std::string> said;
   NewFile file = {};
 };
 
 /// Takes one option; yields what is wrong with it, empty: nothing.
 std::string take_option(const GivenOption& option, TablesOptions& options) {
   if (option.name == "--csv") options.form = TableForm::commas;
+  if (option.name == "--workbook") options.wants_workbook = true;
   if (option.name == "--founders") options.wants_founders = true;
   if (option.name == "--ancestors") options.wants_ancestors = true;
   const std::string problem = take_reference_option(option.name, option.value, options.reference);
@@ -120,54 +126,39 @@ struct Tables {
   const PopulationFigures& figures;
   TableForm form = TableForm::tabs;
   bool wants_founders = false;
+  WorkbookWriter* workbook = nullptr;  ///< where the tables go; null: to a file each
 
   bool has_subpopulations() const { return run.population.settings.layout.subpopulations.count() > 1; }
 };
 
-/// Begins the file, has it written by `write`, and keeps it among `files`. Nothing has its final name yet.
+/// Begins a file and keeps it among `files`. Nothing has its final name yet.
+bool begin_table_file(const Tables& tables, std::string_view ending, std::vector<TableFile>& files,
+                      FileProblem& problem) {
+  files.push_back({name_beside_report(tables.run.population.settings, ending), {}});
+  if (begin_file(files.back().file, files.back().name, problem)) return true;
+  files.pop_back();
+  return false;
+}
+
+/// Has a table written by `write`, to a file of its own or to a sheet of the workbook.
 template <typename Write>
-bool write_file(const Tables& tables, std::string_view name, std::string content, std::vector<TableFile>& files,
+bool write_file(const Tables& tables, std::string_view name, const std::string& content, std::vector<TableFile>& files,
                 FileProblem& problem, Write write) {
-  files.push_back(
-      {name_beside_report(tables.run.population.settings, std::string(name) + std::string(ending_of(tables.form))),
-       std::move(content)});
-  NewFile& file = files.back().file;
-  if (!begin_file(file, files.back().name, problem)) {
-    files.pop_back();
-    return false;
+  TableWriter writer{.form = tables.form, .workbook = tables.workbook, .text = {}};
+  if (tables.workbook != nullptr) {
+    const std::string_view sheet = name.substr(1);
+    begin_sheet(*tables.workbook, sheet);
+    write(writer);
+    end_sheet(*tables.workbook);
+    files.back().said.push_back(tables.run.words(sheet_content, {shown(files.back().name), sheet, content}));
+    return true;
   }
-  TableWriter writer{.form = tables.form, .file = &file, .text = {}};
+  if (!begin_table_file(tables, std::string(name) + std::string(ending_of(tables.form)), files, problem)) return false;
+  writer.file = &files.back().file;
   write(writer);
   flush(writer);
+  files.back().said.push_back(shown(files.back().name) + ": " + content);
   return true;
-}
-
-void write_diversity_row(const DiversityRow& row, TableWriter& writer) {
-  for (const std::string& cell : {row.figure, row.value, row.standard_error, row.n, row.text, row.meaning}) {
-    add_text(writer, cell);
-  }
-  end_row(writer);
-}
-
-void write_diversity_rows(const Tables& tables, TableWriter& writer) {
-  write_diversity_row(diversity_header(), writer);
-  for (const DiversityRow& row : diversity_rows(tables.run.population.store, tables.diversity, tables.run.language)) {
-    write_diversity_row(row, writer);
-  }
-}
-
-void write_standing_row(const StandingRow& row, TableWriter& writer) {
-  for (const std::string& cell : {row.figure, row.value, row.low, row.high, row.limit, row.source}) {
-    add_text(writer, cell);
-  }
-  end_row(writer);
-}
-
-void write_standing_rows(const Tables& tables, TableWriter& writer) {
-  write_standing_row(standing_header(), writer);
-  for (const StandingRow& row : standing_rows(tables.run.population.store, tables.standing, tables.run.language)) {
-    write_standing_row(row, writer);
-  }
 }
 
 bool write_founder_file(const Tables& tables, std::vector<TableFile>& files, FileProblem& problem) {
@@ -225,12 +216,16 @@ bool write_files(const Tables& tables, std::vector<TableFile>& files, FileProble
   }
   const std::int64_t animal_count = static_cast<std::int64_t>(store.size());
   if (!write_file(tables, "_animals", counted(animals, animal_count), files, problem, of_animals)) return false;
-  const auto of_diversity = [&](TableWriter& writer) { write_diversity_rows(tables, writer); };
+  const auto of_diversity = [&](TableWriter& writer) {
+    write_diversity_table(store, tables.diversity, tables.run.language, writer);
+  };
   const std::size_t members = tables.diversity.reference.positions.size();
   const std::string content =
       members == 0 ? tables.run.words(no_reference) : counted(reference_size, static_cast<std::int64_t>(members));
   if (!write_file(tables, "_diversity", content, files, problem, of_diversity)) return false;
-  const auto of_standing = [&](TableWriter& writer) { write_standing_rows(tables, writer); };
+  const auto of_standing = [&](TableWriter& writer) {
+    write_standing_table(store, tables.standing, tables.run.language, writer);
+  };
   const std::string verdict = tables.run.words(verdict_is, {name_of(tables.standing.pace)});
   return write_file(tables, "_standing", verdict, files, problem, of_standing) &&
          write_figure_files(tables, files, problem);
@@ -248,16 +243,29 @@ bool finish_files(std::vector<TableFile>& files, const Tables& tables, const std
   return finish_all(all, true, problem);
 }
 
-std::optional<ToolRefusal> write_tables(const Tables& tables, const ReferenceOptions& reference) {
+std::optional<ToolRefusal> write_tables(Tables& tables, const TablesOptions& options) {
   const FolderRun& run = tables.run;
   std::vector<TableFile> files;
   constexpr std::size_t most_files = 11;
   files.reserve(most_files);  // a table being written stays where it is
   FileProblem problem;
-  const bool is_begun = write_files(tables, files, problem);
+  WorkbookWriter workbook;
+  bool is_begun = true;
+  if (options.wants_workbook) {
+    is_begun = begin_table_file(tables, "_tables.xlsx", files, problem);
+    if (is_begun) workbook.zip.file = &files.back().file;
+    tables.workbook = &workbook;
+  }
+  is_begun = is_begun && write_files(tables, files, problem);
+  if (is_begun && options.wants_workbook && !finish_workbook(workbook)) {
+    problem = {files.back().name, message_of(workbook, run.language)};
+    is_begun = false;
+  }
   const bool is_wanted = !is_stop_requested(run.streams);
-  if (is_begun && is_wanted && finish_files(files, tables, reference.ids_file, problem)) {
-    for (const TableFile& table : files) say(run.streams.console, shown(table.name) + ": " + table.content);
+  if (is_begun && is_wanted && finish_files(files, tables, options.reference.ids_file, problem)) {
+    for (const TableFile& table : files) {
+      for (const std::string& line : table.said) say(run.streams.console, line);
+    }
     return std::nullopt;
   }
   for (TableFile& table : files) abandon(table.file);
@@ -273,7 +281,8 @@ std::optional<ToolRefusal> make_tables(const FolderRun& run, const TablesOptions
   const std::optional<CheckResult> check = check_population(run);
   const Standing standing = stand_of(run.population, options.standing, check ? &*check : nullptr);
   const PopulationFigures figures = compute_figures(run.population.store, diversity, options.wants_ancestors);
-  return write_tables({run, diversity, standing, figures, options.form, options.wants_founders}, options.reference);
+  Tables tables{run, diversity, standing, figures, options.form, options.wants_founders};
+  return write_tables(tables, options);
 }
 
 }  // namespace
@@ -284,8 +293,11 @@ std::string_view tables_help() {
 
 int run_tables(std::span<const std::string_view> arguments, ToolStreams& streams) {
   TablesOptions options;
-  const std::string problem =
+  std::string problem =
       read_options(arguments, rules, [&](const GivenOption& option) { return take_option(option, options); });
+  if (problem.empty() && options.wants_workbook && options.form == TableForm::commas) {
+    problem = "--csv and --workbook: only one of them can be given";
+  }
   return run_in_folder("tables", problem, streams, [&](FolderRun& run) { return make_tables(run, options); });
 }
 

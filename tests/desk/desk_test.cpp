@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "desk/board_desk.h"
 #include "desk/check_desk.h"
 #include "desk/desk_interface.h"
 #include "desk/export_desk.h"
@@ -13,6 +14,7 @@
 #include "desk/tables_desk.h"
 #include "support/program_run.h"
 #include "support/run_folder.h"
+#include "support/written_workbook.h"
 
 namespace pedigreewatch {
 namespace {
@@ -242,6 +244,7 @@ TEST(DeskPlanning, MakesAPlanAndChangesItByHand) {
   change_plan(desk, "fix", 1, 0);
   EXPECT_TRUE(holds(change_plan(desk, "forbid", 0, 0), R"("meanF":0)"));
   EXPECT_TRUE(holds(plan_page(desk), "<h1>Breeding plan: "));
+  EXPECT_EQ(test::sheets_of(plan_workbook(desk)), (std::vector<std::string>{"plan", "contributions", "comparison"}));
   EXPECT_TRUE(holds(contributions_table(desk), "mean_kinship")) << contributions_table(desk);
 }
 
@@ -255,7 +258,7 @@ TEST(DeskPlanning, SaysWhatStandsInTheWayInItsOwnWords) {
   EXPECT_TRUE(holds(close, R"("meanF":0)")) << close;
   Desk empty;
   EXPECT_TRUE(holds(make_desk_plan(empty, ""), "no results"));
-  EXPECT_EQ(plan_table(empty) + plan_page(empty) + contributions_table(empty), "");
+  EXPECT_EQ(plan_table(empty) + plan_page(empty) + contributions_table(empty) + plan_workbook(empty), "");
   EXPECT_TRUE(holds(change_plan(empty, "swap", 0, 0), "messages"));
 }
 
@@ -265,6 +268,25 @@ TEST(Desk, HasNothingOfMatingsBeforeARun) {
   EXPECT_EQ(describe_pair(desk, 1, 2), "{}");
   EXPECT_EQ(rank_males(desk, 1, 2000, 2001), R"({"count":0})");
   EXPECT_EQ(years_table(desk) + animals_table(desk) + diversity_table(desk) + subpopulations_table(desk), "");
+  EXPECT_EQ(tables_workbook(desk), "");
+}
+
+TEST(Desk, AllTablesAreSheetsOfAWorkbook) {
+  OpenedDesk opened(family);
+  write_files_of_export(opened.desk);
+  run_analysis(opened.desk);
+  const std::string workbook = tables_workbook(opened.desk);
+  EXPECT_EQ(test::sheets_of(workbook),
+            (std::vector<std::string>{"years", "subpopulations", "animals", "diversity", "standing", "cohorts",
+                                      "by_kinship", "most_inbred", "used_sires", "division"}));
+  const auto expect_same = [&](const std::string& sheet, const std::string& table) {
+    SCOPED_TRACE(sheet);
+    test::expect_same_cells(test::sheet_of(workbook, sheet), test::read_table(table));
+  };
+  expect_same("animals", animals_table(opened.desk));
+  expect_same("diversity", diversity_table(opened.desk));
+  expect_same("standing", standing_table(opened.desk));
+  expect_same("used_sires", used_sires_table(opened.desk));
 }
 
 TEST(Desk, TellsWhoWatchesOfEachPhase) {

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "support/written_workbook.h"
+
 namespace pedigreewatch::test {
 namespace {
 
@@ -62,6 +64,31 @@ TEST(TableWriter, WritesUtf8) {
 TEST(TableWriter, LeavesTextsAloneThatASpreadsheetMightTakeForFormulas) {
   EXPECT_EQ(cell_of("=1+1"), "=1+1");
   EXPECT_EQ(cell_of("@x"), "@x");
+}
+
+TEST(TableWriter, CellsOfAWorkbookAreTextsNumbersAndDays) {
+  WorkbookWriter workbook;
+  TableWriter writer{.workbook = &workbook, .text = {}};
+  begin_sheet(workbook, "table");
+  for (const char* const name : {"a", "b", "c", "d", "e", "f", "g"}) add_plain(writer, name);
+  end_row(writer);
+  add_text(writer, "0\xEB\t1");
+  add_number(writer, "0.1");
+  add_day(writer, "2004-02-29");
+  add_nothing(writer);
+  add_integer(writer, -7);
+  add_real(writer, 0.5F);
+  add_cell(writer, Cell(std::numeric_limits<double>::quiet_NaN()));
+  end_row(writer);
+  end_sheet(workbook);
+  ASSERT_TRUE(finish_workbook(workbook));
+  EXPECT_EQ(writer.text, "");
+  const std::string sheet = part_of(workbook.zip.bytes, "xl/worksheets/sheet1.xml");
+  EXPECT_NE(sheet.find("<row r=\"2\"><c r=\"A2\" s=\"2\" t=\"inlineStr\"><is><t>0\xC3\xAB&lt;U+0009&gt;1</t></is></c>"
+                       "<c r=\"B2\"><v>0.1</v></c><c r=\"C2\" s=\"4\"><v>38046</v></c><c r=\"E2\"><v>-7</v></c>"
+                       "<c r=\"F2\"><v>0.5</v></c></row>"),
+            std::string::npos)
+      << sheet;
 }
 
 }  // namespace
