@@ -20,7 +20,7 @@ function drawKinds(desk: Desk, answer: CheckAnswer, choose: (kind: string) => vo
 }
 
 function drawRow(row: FindingRow): HTMLElement {
-  return make("tr", {}, make("td", { class: "number" }, row.originalLine > 0 ? String(row.originalLine) : "–"),
+  return make("tr", {}, make("td", { class: "number" }, row.line > 0 ? String(row.line) : "–"),
     make("td", {}, nameOf(row.id)), make("td", { class: `severity-${row.severity}` }, row.kind),
     make("td", {}, make("div", {}, nameOf(row.text)), make("div", { class: "original" }, row.original)));
 }

@@ -40,7 +40,7 @@ export interface CheckAnswer extends Messages {
   animals: number; canRun: boolean; isFromExport: boolean; count: number; kinds: FindingKind[];
 }
 export interface FindingRow {
-  line: number; originalLine: number; column: number; id: string; kind: string; severity: "S" | "W" | "L"; text: string;
+  line: number; column: number; id: string; kind: string; severity: "S" | "W" | "L"; text: string;
   original: string;
 }
 

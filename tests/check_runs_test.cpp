@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 #include <random>
 #include <string>
 #include <vector>
@@ -136,12 +137,13 @@ TEST(CheckRun, ChangesNothingButItsTable) {
   const WholeRun run = check_files(files);
   Files expected = files;
   expected["dogs_check.tsv"] =
-      "line\tcolumn\tid\tcode\tseverity\ttext\n"
-      "2\t\ta\tisolated\tL\tNo parents and no young\n";
+      "line\tcolumn\tid\tcode\tseverity\ttext\tlines\n"
+      "2\t\ta\tisolated\tL\tNo parents and no young (1 animal)\t\n";
   EXPECT_EQ(run.files, expected);
-  EXPECT_EQ(run.console,
-            "dogs.txt: 1 animal checked\n\nWorth a look\n         1 isolated\n\nisolated (Worth a look)\n"
-            "  dogs.txt, line 2, a: No parents and no young\n\nAll findings, with their lines: dogs_check.tsv\n");
+  EXPECT_EQ(
+      run.console,
+      "dogs.txt: 1 animal checked\n\nWorth a look\n         1 isolated\n\nisolated (Worth a look)\n"
+      "  dogs.txt, line 2, a: No parents and no young (1 animal)\n\nAll findings, with their lines: dogs_check.tsv\n");
 }
 
 TEST(CheckRun, AWorkbookHasTheSameFindings) {
@@ -150,20 +152,65 @@ TEST(CheckRun, AWorkbookHasTheSameFindings) {
   EXPECT_EQ(run.files.count("dogs_check.tsv"), 0U);
   EXPECT_TRUE(has(run.console, "All findings, with their lines: dogs_check.xlsx\n")) << run.console;
   const ReadTable sheet = sheet_of(run.file("dogs_check.xlsx"), "findings");
-  EXPECT_EQ(sheet.names, (std::vector<std::string>{"line", "column", "id", "code", "severity", "text"}));
+  EXPECT_EQ(sheet.names, (std::vector<std::string>{"line", "column", "id", "code", "severity", "text", "lines"}));
   ASSERT_EQ(sheet.rows.size(), 1U);
   EXPECT_EQ(sheet.rows[0], (std::vector<std::string>{"3", "", "b", "born-before-parent", "W",
-                                                     "Born before its father \"007\" (line 2)"}));
+                                                     "Born before its father \"007\" (line 2)", ""}));
 }
 
 TEST(CheckRun, ShowsOneKindInFull) {
-  std::string data = "id;sex;birthdate;sire;dam\n";
-  for (int k = 0; k < 60; ++k) data += "a" + std::to_string(k) + ";m;01-01-2000;;\n";
+  std::string data = "id;sex;birthdate;sire;dam;name\n";
+  for (int k = 0; k < 60; ++k)
+    data += "a" + std::to_string(k) + ";m;01-01-2000;;;" + std::string(50, 'n') + std::to_string(k) + "\n";
   const RunFolder folder(files_of(data, sheep()));
-  const WholeRun all = check_in(folder), one = run_tool_in(folder, {"check", "--code", "isolated"});
-  EXPECT_TRUE(has(all.console, "  and 10 more: pedigreewatch-tools check --code isolated, or dogs_check.tsv\n"));
+  const WholeRun all = check_in(folder), one = run_tool_in(folder, {"check", "--code", "name-cut"});
+  EXPECT_TRUE(has(all.console, "  and 10 more: pedigreewatch-tools check --code name-cut, or dogs_check.tsv\n"));
   EXPECT_FALSE(has(all.console, "line 61, a59"));
-  EXPECT_TRUE(has(one.console, "  dogs.txt, line 61, a59: No parents and no young\n"));
+  EXPECT_TRUE(has(one.console, "  dogs.txt, line 61, a59: The name "));
+}
+
+// A line end inside quotation marks, a blank line, a line that is cut, a sex and a date that nobody can read.
+constexpr const char* kennel =
+    "id;name;sex;born;sire;dam\n"
+    "rex;\"Rex\nthe first\";m;01-02-2000;;\n"
+    "\n"
+    "saar;;f;01-02-2000;;\n"
+    "bram;;boy;01-02-2002;rex;saar\n"
+    "puck;;f;last spring;rex;saar\n"
+    "tess;;f;01-02-2003;rex\n"
+    "luna;;f;01-02-1999;rex;saar\n";
+
+TEST(CheckRun, NamesTheLinesOfTheExportAndWhatStoodThere) {
+  const RunFolder folder(Files{{"kennel.csv", kennel}});
+  ASSERT_EQ(run_tool_in(folder, {"prepare", "kennel.csv", "--species", "dog", "--male", "m", "--female", "f", "--dates",
+                                 "dd-mm-yyyy"})
+                .exit_status,
+            0);
+  const WholeRun run = check_in(folder);
+  EXPECT_TRUE(run.console.starts_with("kennel.txt: 6 animals checked; lines are those of kennel.csv\n")) << run.console;
+  const std::string table = run.file("kennel_check.tsv");
+  for (const std::string& row : std::vector<std::string>{
+           "6\t3\tbram\tsex-text\tW\tSex \"boy\" counts as female (1 animal)\t\n",
+           "7\t4\tpuck\tdate-text\tW\tDate \"last spring\" could not be read (1 animal); it is left out, as if it were "
+           "unknown\t\n",
+           "8\t\ttess\tcolumn-count\tW\t5 columns, the header has 6\t\n",
+           "9\t\tluna\tborn-before-parent\tW\tBorn before its father \"rex\" (line 2)\t\n"}) {
+    EXPECT_TRUE(has(table, row)) << table;
+  }
+  EXPECT_TRUE(has(run.console, "  kennel.csv, line 6, bram: Sex \"boy\"")) << run.console;
+}
+
+TEST(CheckRun, NamesItsOwnLinesOnceTheDataFileIsChanged) {
+  const RunFolder folder(Files{{"kennel.csv", kennel}});
+  run_tool_in(folder,
+              {"prepare", "kennel.csv", "--species", "dog", "--male", "m", "--female", "f", "--dates", "dd-mm-yyyy"});
+  std::ofstream(folder.path("kennel.txt"), std::ios::app) << "\n";
+  const WholeRun run = check_in(folder);
+  EXPECT_TRUE(
+      run.console.starts_with("kennel.txt is not as prepare wrote it; lines are its own, not those of the "
+                              "export\nkennel.txt: 7 animals checked\n"))
+      << run.console;
+  EXPECT_TRUE(has(run.console, "kennel.txt, line 7, luna: Born before"));
 }
 
 TEST(CheckRun, TakesOtherLimits) {

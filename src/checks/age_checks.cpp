@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
+#include "checks/grouped_findings.h"
 #include "core/birth_years.h"
 #include "core/integers.h"
 #include "core/report_limits.h"
@@ -120,43 +123,75 @@ void report_lone_years(const PedigreeColumns& animals, const YearGap& gap, bool 
                        ToolLanguage language, Findings& findings) {
   constexpr Wording before = {"before {1}", "voor {1}"}, after = {"after {1}", "na {1}"};
   const std::string year = std::to_string(is_first ? gap.after : gap.before);
-  Finding finding =
-      finding_of_birth(FindingCode::year_lone, animals, is_first ? gap.first_before : gap.first_after, plan);
-  finding.number = is_first ? gap.animals_before : gap.animals_after;
-  finding.text = keep(findings, phrase(is_first ? before : after, language, {year}));
-  add(findings, finding);
+  std::vector<std::int32_t> lone;
+  for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
+    const std::int32_t born = animals.birth.at(animal).year;
+    if (born == 0 || animals.has_mark(animal, mark_strange_year)) continue;
+    if (is_first ? born < gap.after : born > gap.before) lone.push_back(animal);
+  }
+  add_for_animals({.code = FindingCode::year_lone,
+                   .column = plan.column_of[birthdate_column],
+                   .text = keep(findings, phrase(is_first ? before : after, language, {year}))},
+                  lone, animals, findings);
 }
 
-/// A gap is told as lone animals when hardly any stand on one side of it.
-void report_gap(const PedigreeColumns& animals, const YearGap& gap, const ReadingPlan& plan, ToolLanguage language,
-                Findings& findings) {
-  constexpr std::int64_t far = 100;
+/// The gaps, each of one sort: beyond it hardly any animals are left at the begin or the end, or it lies between
+/// others.
+struct YearGaps {
+  std::optional<YearGap> last_before_most, first_after_most;  ///< the innermost ones with hardly any animals beyond
+  std::vector<YearGap> inner;
+};
+
+void sort_gap(const YearGap& gap, YearGaps& gaps) {
   constexpr std::int32_t one_lone_in = 100;
   const std::int32_t few = std::max(1, (gap.animals_before + gap.animals_after) / one_lone_in);
   const bool is_first = gap.animals_before <= gap.animals_after;
-  const bool is_lone = std::min(gap.animals_before, gap.animals_after) <= few;
-  if (gap.empty_years() >= far) return report_far_year(animals, gap, is_first, plan, findings);
-  if (is_lone) return report_lone_years(animals, gap, is_first, plan, language, findings);
-  const std::string first = std::to_string(gap.before + 1), last = std::to_string(gap.after - 1);
+  if (std::min(gap.animals_before, gap.animals_after) > few) {
+    gaps.inner.push_back(gap);
+  } else if (is_first) {
+    gaps.last_before_most = gap;
+  } else if (!gaps.first_after_most) {
+    gaps.first_after_most = gap;
+  }
+}
+
+/// Years without animals between others, all in one.
+void report_inner_gaps(std::span<const YearGap> gaps, const ReadingPlan& plan, Findings& findings) {
+  std::string years;
+  std::int64_t count = 0;
+  for (const YearGap& gap : gaps) {
+    const std::string first = std::to_string(gap.before + 1), last = std::to_string(gap.after - 1);
+    years += (years.empty() ? "" : ", ") + (first == last ? first : first + "-" + last);
+    count += gap.empty_years();
+  }
+  if (gaps.empty()) return;
   add(findings, {.code = FindingCode::year_gap,
                  .column = plan.column_of[birthdate_column],
-                 .text = keep(findings, first == last ? first : first + "-" + last),
-                 .number = std::int64_t{gap.before} + 1,
-                 .other_number = std::int64_t{gap.after} - 1});
+                 .text = keep(findings, years),
+                 .number = count});
 }
 
 void check_gaps(const PedigreeColumns& animals, const ReadingPlan& plan, ToolLanguage language, Findings& findings) {
+  constexpr std::int64_t far = 100;
   const YearCounts counts = count_years(animals);
   YearGap gap;
+  YearGaps gaps;
   for (auto year = counts.years.begin(); year != counts.years.end(); ++year) {
     gap.after = year->first;
     gap.first_after = year->second.first_animal;
     gap.animals_after = counts.total - gap.animals_before;
-    if (gap.animals_before > 0 && gap.empty_years() > 0) report_gap(animals, gap, plan, language, findings);
+    if (gap.animals_before > 0 && gap.empty_years() >= far) {
+      report_far_year(animals, gap, gap.animals_before <= gap.animals_after, plan, findings);
+    } else if (gap.animals_before > 0 && gap.empty_years() > 0) {
+      sort_gap(gap, gaps);
+    }
     gap.before = year->first;
     gap.first_before = year->second.first_animal;
     gap.animals_before += year->second.animals;
   }
+  if (gaps.last_before_most) report_lone_years(animals, *gaps.last_before_most, true, plan, language, findings);
+  if (gaps.first_after_most) report_lone_years(animals, *gaps.first_after_most, false, plan, language, findings);
+  report_inner_gaps(gaps.inner, plan, findings);
 }
 
 /// The parent of an animal in one role.
@@ -218,13 +253,16 @@ std::int32_t age_in_tables(const PedigreeColumns& animals, std::int32_t animal, 
 
 }  // namespace
 
-void settle_year_only_dates(PedigreeColumns& animals, const FileSurvey& survey, Findings& findings) {
+void settle_year_only_dates(PedigreeColumns& animals, const FileSurvey& survey, const ReadingPlan& plan,
+                            Findings& findings) {
   constexpr std::int64_t tenths = 10, nearly_all = 9;
   constexpr std::int64_t enough = 20;  // of two or three dates all may be a first of January
   constexpr std::int64_t halves = 2;
   const bool are_january = survey.dates >= enough && survey.january_dates * tenths >= survey.dates * nearly_all;
-  if (!are_january && survey.year_only_dates * halves <= survey.dates) return;
-  std::erase_if(findings.list, [](const Finding& finding) { return finding.code == FindingCode::date_year_only; });
+  if (!are_january && survey.year_only_dates * halves <= survey.dates) {
+    return add_for_animals({.code = FindingCode::date_year_only, .column = plan.column_of[birthdate_column]},
+                           survey.dated_by_year, animals, findings);
+  }
   for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
     const BirthDay& birth = animals.birth.at(animal);
     const bool is_first = birth.year != 0 && birth.month == 1 && birth.day == 1;

@@ -9,9 +9,10 @@
 
 namespace pedigreewatch {
 
-/// Where most dates are mere years, as 1 January or without a day, every such date is taken for a year and the findings
-/// of the single animals give way to one for the file.
-void settle_year_only_dates(PedigreeColumns& animals, const FileSurvey& survey, Findings& findings);
+/// Tells the animals with nothing but a year. Where most dates are mere years, as 1 January or without a day, every
+/// such date is taken for a year, and that is told of the file instead.
+void settle_year_only_dates(PedigreeColumns& animals, const FileSurvey& survey, const ReadingPlan& plan,
+                            Findings& findings);
 
 /// Finds years in the future, years far from all others, empty years and a span that stops the run.
 void check_years(PedigreeColumns& animals, const ReadingPlan& plan, const CalendarDate& today, ToolLanguage language,

@@ -3,6 +3,7 @@
 #include "checks/age_checks.h"
 #include "checks/date_layout_check.h"
 #include "checks/file_reading.h"
+#include "checks/grouped_findings.h"
 #include "checks/litter_checks.h"
 #include "checks/loop_checks.h"
 #include "checks/parent_checks.h"
@@ -50,7 +51,10 @@ void check_pedigree(const FileSurvey& survey, const ReadingPlan& plan, const Che
                     CheckResult& result) {
   PedigreeColumns& animals = result.animals;
   Findings& findings = result.findings;
-  settle_year_only_dates(animals, survey, findings);
+  settle_year_only_dates(animals, survey, plan, findings);
+  add_for_animals({.code = FindingCode::date_unknown, .column = plan.column_of[birthdate_column]}, survey.undated,
+                  animals, findings);
+  group_alike(findings);
   check_years(animals, plan, settings.today, settings.language, findings);
   check_duplicates(animals, findings);
   {

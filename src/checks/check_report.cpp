@@ -17,9 +17,12 @@ constexpr Wording father = {"father", "vader"}, mother = {"mother", "moeder"};
 constexpr Wording father_first = {"Father", "Vader"}, mother_first = {"Mother", "Moeder"};
 constexpr Wording female_word = {"female", "vrouwelijk"}, male_word = {"male", "mannelijk"};
 constexpr Wording one_animal = {"1 animal", "1 dier"}, many_animals = {"{1} animals", "{1} dieren"};
+constexpr Wording on_lines = {": lines {1}", ": regels {1}"};
 constexpr Wording at_line = {", line {1}", ", regel {1}"};
 constexpr Wording at_column = {", column {1}", ", kolom {1}"};
 constexpr Wording title = {"{1}: {2} checked", "{1}: {2} gecontroleerd"};
+constexpr Wording title_of_export = {"{1}: {2} checked; lines are those of {3}",
+                                     "{1}: {2} gecontroleerd; regels zijn die van {3}"};
 constexpr Wording not_read = {"{1}: the animals could not be read; mend this first and check again",
                               "{1}: de dieren konden niet gelezen worden; verbeter dit eerst en controleer opnieuw"};
 constexpr Wording nothing_found = {"Nothing was found.", "Er is niets gevonden."};
@@ -31,8 +34,8 @@ constexpr Wording further = {"  and {1} more: pedigreewatch-tools check --code {
 constexpr Wording all_in = {"All findings, with their lines: {1}", "Alle bevindingen, met hun regels: {1}"};
 constexpr Wording none_of_kind = {"{1}: none", "{1}: geen"};
 constexpr Wording sheet_name = {"findings", "bevindingen"};
-constexpr Wording table_heading = {"line\tcolumn\tid\tcode\tseverity\ttext\n",
-                                   "regel\tkolom\tid\tcode\ternst\ttekst\n"};
+constexpr Wording table_heading = {"line\tcolumn\tid\tcode\tseverity\ttext\tlines\n",
+                                   "regel\tkolom\tid\tcode\ternst\ttekst\tregels\n"};
 
 /// "1 animal", "2 animals".
 std::string animals_text(std::int64_t count, ToolLanguage language) {
@@ -70,7 +73,7 @@ std::string value_of_place(std::string_view place, const Finding& finding, const
 
 /// "dogs.txt, line 812, column 4, HS12: ".
 std::string place_of(const Finding& finding, const CheckResult& result, const CheckReport& report) {
-  std::string place = shown(report.data_file);
+  std::string place = shown(finding.line > 0 && !report.export_name.empty() ? report.export_name : report.data_file);
   if (finding.line > 0) place += phrase(at_line, report.language, {std::to_string(finding.line)});
   if (finding.line <= 1 && finding.column > 0) {
     place += phrase(at_column, report.language, {std::to_string(finding.column)});
@@ -132,7 +135,8 @@ void show_kind(const CheckResult& result, std::size_t first, std::int64_t count,
   say(console, kind_title, report.language, {kind.name, heading_of(kind.severity, report.language)});
   for (std::int64_t k = 0; k < shown_count; ++k) {
     const Finding& finding = result.findings.list[first + static_cast<std::size_t>(k)];
-    append(console, "  " + place_of(finding, result, report) + message_of(finding, result, report.language));
+    append(console, "  " + place_of(finding, result, report) +
+                        message_of(finding, result, report.language, report.wanted ? all_places : few_places));
     end_line(console);
   }
   if (shown_count == count) return;
@@ -141,7 +145,8 @@ void show_kind(const CheckResult& result, std::size_t first, std::int64_t count,
 
 }  // namespace
 
-std::string message_of(const Finding& finding, const CheckResult& result, ToolLanguage language) {
+std::string message_of(const Finding& finding, const CheckResult& result, ToolLanguage language,
+                       std::size_t most_places) {
   std::string_view rest = words_of(kind_of(finding.code).message, language);
   std::string message;
   for (std::size_t brace = rest.find('{'); brace != std::string_view::npos; brace = rest.find('{')) {
@@ -150,7 +155,9 @@ std::string message_of(const Finding& finding, const CheckResult& result, ToolLa
     message += value_of_place(rest.substr(brace + 1, end - brace - 1), finding, result, language);
     rest.remove_prefix(end + 1);
   }
-  return message.append(rest);
+  message.append(rest);
+  if (finding.line_count == 0) return message;
+  return message + phrase(on_lines, language, {list_lines(lines_of(result.findings, finding), most_places, language)});
 }
 
 std::string_view table_heading_of(ToolLanguage language) {
@@ -165,7 +172,8 @@ std::vector<FindingCell> table_cells(const Finding& finding, const CheckResult& 
           {id_of(finding, result)},
           {std::string(kind.name)},
           {std::string(letter_of(kind.severity))},
-          {message_of(finding, result, language)}};
+          {message_of(finding, result, language)},
+          {list_lines(lines_of(result.findings, finding), all_places, language)}};
 }
 
 std::string table_row(const Finding& finding, const CheckResult& result, ToolLanguage language) {
@@ -218,8 +226,9 @@ void show_findings(CheckResult& result, const CheckReport& report, TextOutput& c
     return say(console, none_of_kind, report.language, {kind_of(*report.wanted).name});
   }
   if (!report.wanted) {
-    say(console, result.has_read_animals ? title : not_read, report.language,
-        {shown(report.data_file), animals_text(result.animals.count(), report.language)});
+    const Wording& first = !result.has_read_animals ? not_read : report.export_name.empty() ? title : title_of_export;
+    say(console, first, report.language,
+        {shown(report.data_file), animals_text(result.animals.count(), report.language), shown(report.export_name)});
     if (list.empty()) return say(console, nothing_found, report.language);
     show_summary(counts, report, console);
   }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "checks/check.h"
+#include "checks/line_list.h"
 #include "core/new_files.h"
 #include "core/text_output.h"
 #include "sheets/workbook_writer.h"
@@ -19,10 +20,12 @@ struct CheckReport {
   std::string data_file, table_file;
   ToolLanguage language = ToolLanguage::english;
   std::optional<FindingCode> wanted;  ///< only this kind, in full
+  std::string export_name = {};       ///< the file whose lines are named; empty: the data file
 };
 
-/// The message of a finding without its place, in UTF-8.
-std::string message_of(const Finding& finding, const CheckResult& result, ToolLanguage language);
+/// The message of a finding without its place, in UTF-8. Of findings with several lines it names the first few places.
+std::string message_of(const Finding& finding, const CheckResult& result, ToolLanguage language,
+                       std::size_t most_places = few_places);
 
 /// The line with the names of the table's columns, with its end.
 std::string_view table_heading_of(ToolLanguage language);
@@ -39,7 +42,8 @@ struct FindingCell {
 /// The cells of a row of the table, in the order of its columns.
 std::vector<FindingCell> table_cells(const Finding& finding, const CheckResult& result, ToolLanguage language);
 
-/// Writes the table: line, column, id, code, severity, text, with tabs between them, in the order of the lines.
+/// Writes the table: line, column, id, code, severity, text and all lines, with tabs between them, in the order of the
+/// lines.
 /// Completely or not at all; yields false, with `problem`, when it cannot be written.
 bool write_table(CheckResult& result, const CheckReport& report, FileProblem& problem);
 

@@ -2,11 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "checks/calendar.h"
 #include "checks/check_limits.h"
+#include "intake/export_lines.h"
 #include "pedigree/data_file_layout.h"
 #include "text/phrases.h"
 
@@ -20,6 +22,7 @@ struct CheckSettings {
   ToolLanguage language = ToolLanguage::english;
   CheckLimits limits;
   CalendarDate today;
+  std::optional<ExportLines> export_lines;  ///< of the export that the data file was made of, where that is known
 };
 
 }  // namespace pedigreewatch

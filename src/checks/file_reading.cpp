@@ -3,6 +3,8 @@
 #include "checks/file_reading.h"
 
 #include <algorithm>
+#include <charconv>
+#include <span>
 #include <string>
 
 #include "checks/date_checks.h"
@@ -23,13 +25,15 @@ struct Reading {
   FileSurvey& survey;
   Findings& findings;
   ByteKinds kinds;
+  std::size_t next_shift = 0, next_note = 0;  ///< of the export, behind those of the lines before
 };
 
 /// The line at hand.
 struct DataLine {
   std::string_view text;
   std::int64_t full_length = 0;
-  std::int32_t number = 0;
+  std::int32_t number = 0;  ///< in the export, where that is known
+  std::span<const ExportNote> notes;
   std::uint8_t kinds = 0;
   std::int32_t id = 0;
 };
@@ -54,6 +58,24 @@ std::int32_t take_id(Reading& reading, const DataLine& line, const LineFields& f
   return number_of_text(reading.animals.ids, without_trailing_blanks(text.substr(0, id_width)));
 }
 
+/// A text of the export that is not in the data file; nothing when there was none.
+std::string_view lost_text(const DataLine& line, ExportNoteKind kind) {
+  const auto note =
+      std::find_if(line.notes.begin(), line.notes.end(), [&](const ExportNote& each) { return each.kind == kind; });
+  return note == line.notes.end() ? std::string_view() : std::string_view(note->text);
+}
+
+/// A line of the export with more or fewer fields than its headings; in the data file it has as many as all others.
+void find_lost_fields(Reading& reading, const DataLine& line, std::string_view count) {
+  std::int64_t number = 0;
+  std::from_chars(count.data(), count.data() + count.size(), number);
+  add(reading.findings, {.code = FindingCode::column_count,
+                         .line = line.number,
+                         .id = line.id,
+                         .number = number,
+                         .other_number = reading.plan.export_lines->field_count});
+}
+
 void check_columns(Reading& reading, const DataLine& line, const LineFields& fields) {
   const ReadingPlan& plan = reading.plan;
   const std::size_t count = fields.column_count;
@@ -64,6 +86,8 @@ void check_columns(Reading& reading, const DataLine& line, const LineFields& fie
         {.code = FindingCode::line_cut, .line = line.number, .id = line.id, .number = line.full_length});
   }
   const bool has_more = plan.header_columns != 0 && fields.has_text_beyond_header;
+  const std::string_view lost = lost_text(line, ExportNoteKind::fields);
+  if (!lost.empty()) return find_lost_fields(reading, line, lost);
   if (is_cut || (!has_more && count >= plan.counted_columns)) return;
   add(reading.findings, {.code = FindingCode::column_count,
                          .line = line.number,
@@ -96,13 +120,14 @@ void check_year(Reading& reading, const DataLine& line, const DateReading& date,
   if (date.date.year > 0 && date.date.year < first_of_three_digits) {
     constexpr std::int32_t newest_of_this_century = 40;
     const std::int32_t century = date.date.year <= newest_of_this_century ? 2000 : 1900;
+    const std::string two_digits = (date.date.year < 10 ? "0" : "") + std::to_string(date.date.year);
     add(reading.findings,
         {.code = is_placeholder_date(date.date) ? FindingCode::year_placeholder : FindingCode::year_two_digits,
          .column = reading.plan.column_of[birthdate_column],
          .line = line.number,
          .id = line.id,
          .text = keep(reading.findings, text),
-         .number = date.date.year,
+         .other_text = keep(reading.findings, two_digits),
          .other_number = century + date.date.year});
     marks = static_cast<std::uint8_t>(marks | mark_strange_year);
   } else if (date.kind != DateKind::year_only && is_placeholder_date(date.date)) {
@@ -134,12 +159,21 @@ void count_date(Reading& reading, const DataLine& line, const DateReading& date,
   if (survey.misfit_text == 0) survey.misfit_text = keep(reading.findings, text);
 }
 
+/// Whether the date of the export was no date that could be read.
+bool take_lost_date(Reading& reading, const DataLine& line) {
+  const std::string_view text = lost_text(line, ExportNoteKind::date);
+  if (!text.empty()) find(reading, line, FindingCode::date_text, birthdate_column, text);
+  return !text.empty();
+}
+
 /// Yields the date of birth and adds to the marks what is strange about it.
 BirthDay take_date(Reading& reading, const DataLine& line, const LineFields& fields, std::uint8_t& marks) {
   const std::string_view text = field_of(fields, birthdate_column);
   const DateReading date = look_at_date(fields.text[birthdate_column], reading.plan.layout.dates);
   if (date.kind == DateKind::unknown) {
-    if ((marks & mark_no_animal) == 0) find(reading, line, FindingCode::date_unknown, birthdate_column, text);
+    if ((marks & mark_no_animal) == 0 && !take_lost_date(reading, line)) {
+      reading.survey.undated.push_back(reading.animals.count());
+    }
     return {};
   }
   count_date(reading, line, date, text);
@@ -154,16 +188,25 @@ BirthDay take_date(Reading& reading, const DataLine& line, const LineFields& fie
   }
   if (date.kind == DateKind::repaired) report_repair(reading, line, date, text);
   if (date.kind == DateKind::year_only) {
-    find(reading, line, FindingCode::date_year_only, birthdate_column, text);
+    reading.survey.dated_by_year.push_back(reading.animals.count());
     marks = static_cast<std::uint8_t>(marks | mark_year_only);
   }
   check_year(reading, line, date, text, marks);
   return {date.date.year, date.date.day, static_cast<std::int8_t>(date.date.month)};
 }
 
+void count_sex(Reading& reading, const DataLine& line, std::string_view text) {
+  FileSurvey& survey = reading.survey;
+  const std::string_view lost = text.empty() ? lost_text(line, ExportNoteKind::sex) : std::string_view();
+  TextCounts& counts = lost.empty() ? survey.sexes : survey.lost_sexes;
+  count_text(counts, lost.empty() ? text : lost, line.number);
+  const auto number = counts.left_out > 0 ? 0 : static_cast<std::int32_t>(counts.last) + 1;
+  survey.sex_of.entries.back() = lost.empty() ? number : -number;
+}
+
 void count_texts(Reading& reading, const DataLine& line, const LineFields& fields) {
   FileSurvey& survey = reading.survey;
-  count_text(survey.sexes, field_of(fields, sex_column), line.number);
+  count_sex(reading, line, field_of(fields, sex_column));
   const auto count_field = [&](TextCounts& counts, FieldCode code) {
     if (reading.plan.column_of[static_cast<std::size_t>(code)] == 0) return;
     const std::string_view text = field_of(fields, code);
@@ -180,6 +223,7 @@ void count_texts(Reading& reading, const DataLine& line, const LineFields& field
 void store_animal(Reading& reading, DataLine& line, const LineFields& fields, std::uint8_t marks) {
   PedigreeColumns& animals = reading.animals;
   const bool is_animal = (marks & mark_no_animal) == 0;
+  reading.survey.sex_of.add(0);
   animals.sire.add(is_animal ? take_id(reading, line, fields, sire_column) : 0);
   animals.dam.add(is_animal ? take_id(reading, line, fields, dam_column) : 0);
   if (is_animal) {
@@ -213,6 +257,24 @@ void take_line(Reading& reading, DataLine line) {
   store_animal(reading, line, fields, marks);
 }
 
+/// Says of a line of the data file where it stands in the export, and what of it got lost. Lines come in their order.
+void place_in_export(Reading& reading, DataLine& line, std::int64_t data_line) {
+  line.number = static_cast<std::int32_t>(data_line);
+  if (reading.plan.export_lines == nullptr) return;
+  const ExportLines& origin = *reading.plan.export_lines;
+  std::size_t& shift = reading.next_shift;
+  while (shift < origin.shifts.size() && origin.shifts[shift].data_line <= data_line) ++shift;
+  if (shift > 0) {
+    const LineShift& last = origin.shifts[shift - 1];
+    line.number = static_cast<std::int32_t>(data_line - last.data_line + last.export_line);
+  }
+  std::size_t& note = reading.next_note;
+  while (note < origin.notes.size() && origin.notes[note].data_line < data_line) ++note;
+  const std::size_t first = note;
+  while (note < origin.notes.size() && origin.notes[note].data_line == data_line) ++note;
+  line.notes = std::span(origin.notes).subspan(first, note - first);
+}
+
 /// For every identification the first animal that has it.
 void index_animals(PedigreeColumns& animals) {
   animals.animal_of = ByNumber<std::int32_t>(static_cast<std::size_t>(animals.ids.count()));
@@ -226,8 +288,9 @@ void index_animals(PedigreeColumns& animals) {
 
 bool read_animals(LineReader& data, const ReadingPlan& plan, PedigreeColumns& animals, FileSurvey& survey,
                   Findings& findings, ProgressLine& progress) {
-  Reading reading = {plan, animals, survey, findings, byte_kinds(plan.layout.delimiter)};
+  Reading reading = {plan, animals, survey, findings, byte_kinds(plan.layout.delimiter), 0, 0};
   const bool leaves_out_last = plan.header_line.empty() && !plan.first_line_is_header;
+  if (plan.export_lines != nullptr) animals.shifts = plan.export_lines->shifts;
   animals.first_line = plan.first_line_is_header ? 2 : 1;
   constexpr std::int64_t most_lines = 99'999'999;
   std::string waiting;
@@ -236,7 +299,7 @@ bool read_animals(LineReader& data, const ReadingPlan& plan, PedigreeColumns& an
     if (data.line_number > most_lines) return false;
     count_progress(progress, data.line_number);
     if (data.line_number == 1 && plan.first_line_is_header) continue;
-    line.number = static_cast<std::int32_t>(data.line_number);
+    place_in_export(reading, line, data.line_number);
     line.full_length = data.line_length;
     if (leaves_out_last) {
       if (waiting_line.number != 0) take_line(reading, waiting_line);

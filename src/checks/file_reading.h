@@ -3,11 +3,13 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "checks/check_settings.h"
 #include "checks/findings.h"
 #include "checks/pedigree_columns.h"
 #include "checks/reading_plan.h"
+#include "core/by_number.h"
 #include "core/line_reader.h"
 #include "core/progress_line.h"
 #include "intake/text_counts.h"
@@ -30,6 +32,9 @@ struct FileSurvey {
   std::int32_t quoted_text = 0, misfit_text = 0;  ///< examples, as numbers of the texts of the findings
   std::int64_t dates = 0, unreadable_dates = 0, year_only_dates = 0, january_dates = 0;
   TextCounts sexes, subpopulations, colours, imports, breeders;
+  TextCounts lost_sexes;              ///< as the export writes them, of animals without a sex in the data file
+  NumberedList<std::int32_t> sex_of;  ///< of each animal its place in `sexes` from 1 on; in `lost_sexes` if negative
+  std::vector<std::int32_t> undated, dated_by_year;  ///< animals without a date, and with nothing but a year
 };
 
 /// Reads all lines that the program reads. Yields false when there are too many of them.

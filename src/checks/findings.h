@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -47,6 +48,7 @@ enum class FindingCode : std::uint8_t {
   date_layout,
   male_letter,
   sex_text,
+  date_text,
   id_missing,
   id_cut,
   duplicate_line,
@@ -109,12 +111,20 @@ struct Finding {
   std::int32_t text = 0, other_text = 0;  ///< numbers of `Findings::texts`
   std::int32_t other_line = 0;
   std::int64_t number = 0, other_number = 0;
+  std::uint32_t first_of_lines = 0,
+                line_count = 0;  ///< all lines of one cause, in `Findings::lines`; none: `line` alone
 };
 
 struct Findings {
   std::vector<Finding> list;
-  TextStore texts;  ///< bytes of the data file, or UTF-8 of the checks themselves
+  TextStore texts;                  ///< bytes of the data file, or UTF-8 of the checks themselves
+  std::vector<std::int32_t> lines;  ///< of findings with several
 };
+
+/// The lines of a finding that has several.
+inline std::span<const std::int32_t> lines_of(const Findings& findings, const Finding& finding) {
+  return std::span(findings.lines).subspan(finding.first_of_lines, finding.line_count);
+}
 
 /// How many findings there are of each kind, by code.
 using KindCounts = std::array<std::int64_t, finding_code_count>;
@@ -131,6 +141,19 @@ inline std::int32_t keep(Findings& findings, std::string_view text) {
 }
 
 inline void add(Findings& findings, const Finding& finding) {
+  findings.list.push_back(finding);
+}
+
+/// Adds one finding for all these lines, which are in order; of a single one it is said as of any other. Nothing is
+/// added for none.
+inline void add_for_lines(Findings& findings, Finding finding, std::span<const std::int32_t> lines) {
+  if (lines.empty()) return;
+  finding.line = lines.front();
+  if (lines.size() > 1) {
+    finding.first_of_lines = static_cast<std::uint32_t>(findings.lines.size());
+    finding.line_count = static_cast<std::uint32_t>(lines.size());
+    findings.lines.insert(findings.lines.end(), lines.begin(), lines.end());
+  }
   findings.list.push_back(finding);
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "checks/grouped_findings.h"
 #include "checks/near_ids.h"
 #include "checks/readable_text.h"
 #include "intake/value_words.h"
@@ -228,6 +229,7 @@ void check_roles(const PedigreeColumns& animals, const ParentUses& uses, const R
 
 void check_founders(const PedigreeColumns& animals, const ParentUses& uses, Findings& findings) {
   const std::int32_t median = median_year(animals);
+  std::vector<std::int32_t> late, isolated;
   for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
     const std::int32_t id = animals.id.at(animal);
     const bool has_parents = animals.sire.at(animal) != 0 || animals.dam.at(animal) != 0;
@@ -235,11 +237,10 @@ void check_founders(const PedigreeColumns& animals, const ParentUses& uses, Find
     const bool has_young = uses[id].sire_count + uses[id].dam_count > 0 && animals.animal_of[id] == animal;
     const bool is_late = animals.birth.at(animal).year > median && !animals.has_mark(animal, mark_import);
     if (has_young && !is_late) continue;
-    add(findings, {.code = has_young ? FindingCode::founder_late : FindingCode::isolated,
-                   .line = animals.line_of(animal),
-                   .id = id,
-                   .number = median});
+    (has_young ? late : isolated).push_back(animal);
   }
+  add_for_animals({.code = FindingCode::founder_late, .other_number = median}, late, animals, findings);
+  add_for_animals({.code = FindingCode::isolated}, isolated, animals, findings);
 }
 
 void check_duplicates(const PedigreeColumns& animals, Findings& findings) {

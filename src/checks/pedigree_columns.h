@@ -8,7 +8,7 @@
 #include "checks/calendar.h"
 #include "checks/text_store.h"
 #include "core/by_number.h"
-#include "intake/text_counts.h"
+#include "intake/export_lines.h"
 
 namespace pedigreewatch {
 
@@ -28,7 +28,8 @@ struct BirthDay {
 
 /// Animals are numbered from 1 in the order of their lines.
 struct PedigreeColumns {
-  std::int32_t first_line = 2;               ///< of animal 1
+  std::int32_t first_line = 2;               ///< of animal 1 in the data file
+  std::vector<LineShift> shifts;             ///< where these lines stand in the export; none: at their own places
   TextStore ids;                             ///< of animals and parents, as the program cuts them
   NumberedList<std::int32_t> id, sire, dam;  ///< numbers of `ids`; 0 for unknown
   NumberedList<BirthDay> birth;
@@ -38,7 +39,10 @@ struct PedigreeColumns {
   ByNumber<std::int32_t> animal_of;       ///< for each of `ids` the first animal that has it; 0 for none
 
   std::int32_t count() const { return id.count(); }
-  std::int32_t line_of(std::int32_t animal) const { return first_line + animal - 1; }
+  /// The line of an animal as findings name it: that of the export, where it is known.
+  std::int32_t line_of(std::int32_t animal) const {
+    return static_cast<std::int32_t>(export_line_of(shifts, first_line + animal - 1));
+  }
   bool has_mark(std::int32_t animal, AnimalMark mark) const { return (marks.at(animal) & mark) != 0; }
   /// The animal that a parent's identification is linked to; 0 for none.
   std::int32_t linked(std::int32_t parent_id) const { return parent_id == 0 ? 0 : animal_of[parent_id]; }

@@ -248,6 +248,7 @@ std::string_view heading_of_field(FieldCode code, ToolLanguage language) {
 ReadingPlan plan_reading(LineReader& data, const CheckSettings& settings, Findings& findings) {
   ReadingPlan plan;
   plan.layout = settings.layout;
+  if (settings.export_lines) plan.export_lines = &*settings.export_lines;
   std::string_view line;
   if (!check_start(data, findings)) return plan;
   if (!read_line(data, line)) {

@@ -23,6 +23,7 @@ struct ReadingPlan {
   bool strips_quotes = false;         ///< the headings stand in quotation marks, so texts are taken without them
   bool first_line_is_header = false;  ///< the first line is no animal
   bool can_be_read = false;           ///< the columns that are required are there
+  const ExportLines* export_lines = nullptr;  ///< what is known of the export behind the data file; null: nothing
 };
 
 /// Looks at the start of the file, which is read from its first line again afterwards. Yields a plan that cannot be

@@ -7,7 +7,9 @@
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
+#include <vector>
 
+#include "checks/grouped_findings.h"
 #include "checks/readable_text.h"
 #include "core/fixed_text.h"
 #include "intake/value_words.h"
@@ -81,6 +83,13 @@ void report_counted(Findings& findings, FindingCode code, std::uint16_t column, 
                  .other_text = keep(findings, other),
                  .number = text.count});
 }
+
+/// The animals with a text.
+struct AnimalsOfText {
+  const CountedText* text = nullptr;  ///< null: there is nothing to say of it
+  const Wording* counts_as = nullptr;
+  std::vector<std::int32_t> animals;
+};
 
 /// A list of the steer file and the column that is compared with it.
 struct ListedNames {
@@ -206,7 +215,9 @@ void check_sexes(const PedigreeColumns& animals, const FileSurvey& survey, const
   const char male = plan.layout.male_letters[0];
   char females = most_frequent(letters.dams, male);
   if (females == ' ') females = most_frequent(letters.animals, male);
-  for (const CountedText& text : survey.sexes.texts) {
+  std::vector<AnimalsOfText> strange(survey.sexes.texts.size() + 1), lost(survey.lost_sexes.texts.size() + 1);
+  for (std::size_t place = 0; place < survey.sexes.texts.size(); ++place) {
+    const CountedText& text = survey.sexes.texts[place];
     const char first = text.text.empty() ? ' ' : text.text.front();
     const std::string shown_text = readable(text.text);
     const SexMeaning meaning = sex_named(shown_text);
@@ -214,8 +225,26 @@ void check_sexes(const PedigreeColumns& animals, const FileSurvey& survey, const
     const bool is_usual = small_place(first) == small_place(females) && !means_unknown(shown_text) &&
                           meaning != SexMeaning::male && first != ' ';
     if (counts_as_male ? meaning != SexMeaning::female : (meaning == SexMeaning::female || is_usual)) continue;
-    const std::string_view counted = words_of(counts_as_male ? as_male : as_female, language);
-    report_counted(findings, FindingCode::sex_text, plan.column_of[sex_column], text, counted);
+    strange[place + 1] = {&text, &(counts_as_male ? as_male : as_female), {}};
+  }
+  for (std::size_t place = 0; place < survey.lost_sexes.texts.size(); ++place) {
+    lost[place + 1] = {&survey.lost_sexes.texts[place], &as_female, {}};
+  }
+  for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
+    const std::int32_t number = survey.sex_of.at(animal);
+    AnimalsOfText& found =
+        number >= 0 ? strange[static_cast<std::size_t>(number)] : lost[static_cast<std::size_t>(-number)];
+    if (found.text != nullptr) found.animals.push_back(animal);
+  }
+  for (const auto* const each : {&strange, &lost}) {
+    for (const AnimalsOfText& found : *each) {
+      if (found.text == nullptr) continue;
+      add_for_animals({.code = FindingCode::sex_text,
+                       .column = plan.column_of[sex_column],
+                       .text = keep(findings, found.text->text),
+                       .other_text = keep(findings, words_of(*found.counts_as, language))},
+                      found.animals, animals, findings);
+    }
   }
 }
 

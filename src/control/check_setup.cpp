@@ -2,7 +2,9 @@
 
 #include "control/check_setup.h"
 
+#include <filesystem>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "core/line_reader.h"
@@ -27,6 +29,21 @@ std::vector<std::string> lines_of_steer_file(const std::string& name) {
   std::string_view line;
   if (!open_for_reading(reader, name)) return lines;
   while (lines.size() < most_lines && read_line(reader, line)) lines.emplace_back(line);
+  return lines;
+}
+
+std::optional<ExportLines> export_lines_beside(const std::string& data_file, bool& is_outdated) {
+  is_outdated = false;
+  LineReader reader;
+  if (!open_for_reading(reader, name_of_export_lines(data_file))) return std::nullopt;
+  std::string text;
+  std::string_view line;
+  while (read_line(reader, line)) text.append(line).append("\n");
+  std::optional<ExportLines> lines = read_export_lines(text);
+  std::error_code ignored;
+  const std::uintmax_t bytes = std::filesystem::file_size(data_file, ignored);
+  is_outdated = !lines || ignored || bytes != static_cast<std::uintmax_t>(lines->data_bytes);
+  if (is_outdated) return std::nullopt;
   return lines;
 }
 

@@ -23,7 +23,11 @@ namespace {
 constexpr Wording unreadable = {"The data file cannot be read: {1}", "Het databestand is niet te lezen: {1}"};
 constexpr Wording too_many_lines = {"The file has 100000000 lines or more.",
                                     "Het bestand heeft 100000000 regels of meer."};
-constexpr Wording heading_of_lines = {"line of the export", "regel van de export"};
+
+/// Whether findings name lines of the export.
+bool has_export_lines(const Desk& desk) {
+  return desk.has_export && desk.files && desk.files->is_made;
+}
 
 /// Yields what stands in the way; empty: nothing.
 std::string run_check(Desk& desk) {
@@ -35,6 +39,7 @@ std::string run_check(Desk& desk) {
   // A file that was brought along may be called otherwise than the steer file says: it is never written over here.
   settings.report_overwrites_data = settings.report_overwrites_data && !desk.files->is_made;
   settings.language = desk.language;
+  if (has_export_lines(desk)) settings.export_lines = desk.files->export_lines;
   ProgressLine unseen;
   tell(desk.watch, "checking");
   desk.check = check_data(data, settings, unseen);
@@ -121,22 +126,11 @@ LinesByNumber lines_of_data_file(const std::string& name, const std::set<std::in
   return lines;
 }
 
-bool has_export_lines(const Desk& desk) {
-  return desk.has_export && desk.files && desk.files->is_made;
-}
-
-std::int64_t original_line(const Desk& desk, const Finding& finding) {
-  if (finding.line == 0 || !has_export_lines(desk)) return finding.line;
-  return export_line_of(desk.preparation.survey, finding.line);
-}
-
 void add_finding(JsonText& json, const Finding& finding, const LinesByNumber& lines, const Desk& desk) {
   const FindingKind& kind = kind_of(finding.code);
-  const std::int64_t line = original_line(desk, finding);
-  const auto found = lines.find(line);
+  const auto found = lines.find(finding.line);
   begin_object(json);
   add_integer(json, "line", finding.line);
-  add_integer(json, "originalLine", line);
   add_integer(json, "column", finding.column);
   add_text(json, "id", shown(readable(desk.check->animals.ids.at(finding.id))));
   add_text(json, "kind", words_of(kind.title, desk.language));
@@ -147,15 +141,6 @@ void add_finding(JsonText& json, const Finding& finding, const LinesByNumber& li
 }
 
 }  // namespace
-
-std::int64_t export_line_of(const ExportSurvey& survey, std::int64_t data_line) {
-  const auto behind =
-      std::upper_bound(survey.shifts.begin(), survey.shifts.end(), data_line,
-                       [](std::int64_t line, const LineShift& shift) { return line < shift.data_line; });
-  if (behind == survey.shifts.begin()) return data_line;
-  const LineShift& shift = *(behind - 1);
-  return data_line - shift.data_line + shift.export_line;
-}
 
 std::string check_files(Desk& desk) {
   std::string problem;
@@ -199,7 +184,7 @@ std::string list_findings(const Desk& desk, std::size_t first, std::size_t count
   const auto places =
       std::span(desk.chosen_findings).subspan(begin, std::min(count, desk.chosen_findings.size() - begin));
   std::set<std::int64_t> wanted;
-  for (const std::uint32_t place : places) wanted.insert(original_line(desk, desk.check->findings.list[place]));
+  for (const std::uint32_t place : places) wanted.insert(desk.check->findings.list[place].line);
   wanted.erase(0);
   const LinesByNumber lines = has_export_lines(desk)
                                   ? lines_of_text(desk.preparation.text, wanted)
@@ -216,13 +201,8 @@ std::string list_findings(const Desk& desk, std::size_t first, std::size_t count
 std::string findings_table(const Desk& desk) {
   std::string table;
   if (!desk.check) return table;
-  if (has_export_lines(desk)) table = std::string(words_of(heading_of_lines, desk.language)) + "\t";
   table += table_heading_of(desk.language);
   for (const Finding& finding : desk.check->findings.list) {
-    if (has_export_lines(desk)) {
-      const std::int64_t line = original_line(desk, finding);
-      table += (line > 0 ? std::to_string(line) : std::string()) + "\t";
-    }
     table += table_row(finding, *desk.check, desk.language) + "\n";
   }
   return table;

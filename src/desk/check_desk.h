@@ -10,23 +10,19 @@
 
 namespace pedigreewatch {
 
-/// Checks the data file. Yields an object: messages, animals, canRun, isFromExport (whether `originalLine` may differ
-/// from `line`), count, kinds (name, title, severity, severityText, parts, count).
+/// Checks the data file. Yields an object: messages, animals, canRun, isFromExport (whether lines are
+/// those of an export), count, kinds (name, title, severity, severityText, parts, count).
 std::string check_files(Desk& desk);
 
 /// Chooses the findings of one kind ("" for all), with `filter` in their identification or their text, capitals alike.
 /// Yields an object: count.
 std::string choose_findings(Desk& desk, std::string_view kind, std::string_view filter);
 
-/// `count` of the chosen findings from the one at `first` on. Yields an object: rows (line, originalLine, column, id,
-/// kind: its title, severity, text, original: the line itself).
+/// `count` of the chosen findings from the one at `first` on. Yields an object: rows (line, column, id, kind: its
+/// title, severity, text, original: the line itself).
 std::string list_findings(const Desk& desk, std::size_t first, std::size_t count);
 
-/// All findings as a table: the one of `pedigreewatch-tools check`, with the line of the export in front where the data
-/// file was made from one.
+/// All findings as a table: the one of `pedigreewatch-tools check`.
 std::string findings_table(const Desk& desk);
-
-/// The line of the export that a line of the data file was made from.
-std::int64_t export_line_of(const ExportSurvey& survey, std::int64_t data_line);
 
 }  // namespace pedigreewatch

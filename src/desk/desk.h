@@ -29,6 +29,7 @@ namespace pedigreewatch {
 struct RunFiles {
   std::string steer_file, data_file;  ///< paths
   bool is_made = false;               ///< from an export
+  ExportLines export_lines = {};      ///< of an export: where its lines stand, and what was lost
 };
 
 /// Everything that a run yields.

@@ -103,7 +103,7 @@ bool take_piece(void* receiver, std::string_view bytes) {
 }
 
 /// Yields what went wrong; empty: nothing.
-std::string write_both(const Desk& desk, const PreparePlan& plan, const RunFiles& files) {
+std::string write_both(const Desk& desk, const PreparePlan& plan, RunFiles& files) {
   DataTarget data;
   NewFile steer;
   FileProblem problem;
@@ -113,7 +113,7 @@ std::string write_both(const Desk& desk, const PreparePlan& plan, const RunFiles
     return failure();
   }
   const Preparation& read = desk.preparation;
-  make_data_file(read.text, read.reading.delimiter, plan, read.survey.sexes, take_piece, &data);
+  make_data_file(read.text, read.reading.delimiter, plan, read.survey.sexes, {take_piece, &data, &files.export_lines});
   write_bytes(steer, steer_text(plan));
   return finish_both(data.file, steer, true, problem) ? std::string() : failure();
 }

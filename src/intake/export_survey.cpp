@@ -114,12 +114,6 @@ void survey_sex_of_animal(ExportSurvey& survey, const ExportRecord& record, cons
   if (!id.empty() && sex != std::string_view::npos) note_sex(survey.links, id, sex);
 }
 
-void note_shift(ExportSurvey& survey, std::int64_t export_line, std::int64_t data_line) {
-  const std::int64_t last_offset =
-      survey.shifts.empty() ? 0 : survey.shifts.back().export_line - survey.shifts.back().data_line;
-  if (export_line - data_line != last_offset) survey.shifts.push_back({export_line, data_line});
-}
-
 bool is_known(const std::vector<IdClash>& clashes, std::string_view id) {
   return std::any_of(clashes.begin(), clashes.end(), [&](const IdClash& clash) { return clash.id == id; });
 }
@@ -180,7 +174,7 @@ ExportSurvey survey_export(std::string_view text, char delimiter, const ColumnCh
       continue;
     }
     survey_form(survey, record, columns.headings.size());
-    note_shift(survey, record.line, ++data_line);
+    note_shift(survey.shifts, record.line, ++data_line);
     ++survey.animal_count;
     for (const FieldCode code : written_fields()) {
       if (!columns.place[index_of(code)]) continue;

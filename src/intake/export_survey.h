@@ -13,17 +13,13 @@
 #include "core/progress_line.h"
 #include "intake/column_choice.h"
 #include "intake/date_layout_recognition.h"
+#include "intake/export_lines.h"
 #include "intake/export_records.h"
 #include "intake/parent_links.h"
 #include "intake/text_counts.h"
 #include "text/windows_1252.h"
 
 namespace pedigreewatch {
-
-/// From this line of the export on, lines have another number in the data file.
-struct LineShift {
-  std::int64_t export_line = 0, data_line = 0;
-};
 
 /// An identification that changes when it is cut to its width or written without letters that are lacking.
 using ChangedIds = std::unordered_map<std::string, std::string>;  // what is written, and what stood there

@@ -3,6 +3,7 @@
 #include "intake/prepare.h"
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <initializer_list>
 #include <optional>
@@ -64,14 +65,15 @@ int refuse(ToolStreams& streams, const PrepareOptions& options, const Refusal& r
   return 1;
 }
 
-/// The two files, and the export that they must not replace.
+/// The files that are written, and the report to come; none of them may replace the export.
 struct Targets {
-  std::string data, steer, report;
+  std::string data, steer, lines, report;
 };
 
 Targets targets_of(const PreparePlan& plan, const PrepareOptions& options) {
   const fs::path folder(options.folder);
-  return {(folder / (plan.stem + ".txt")).string(), (folder / "pedigreewatch.ini").string(),
+  const std::string data = (folder / (plan.stem + ".txt")).string();
+  return {data, (folder / "pedigreewatch.ini").string(), name_of_export_lines(data),
           (folder / (plan.stem + ".out")).string()};
 }
 
@@ -81,12 +83,12 @@ int refuse_targets(const Targets& targets, const PrepareOptions& options, ToolSt
   if (!options.folder.empty() && !fs::is_directory(options.folder, ignored)) {
     return refuse(streams, options, folder_missing, {shown(options.folder)});
   }
-  for (const std::string& target : {targets.data, targets.steer, targets.report}) {
+  for (const std::string& target : {targets.data, targets.steer, targets.lines, targets.report}) {
     if (fs::equivalent(target, options.export_name, ignored)) {
       return refuse(streams, options, would_replace_export, {shown(target)});
     }
   }
-  for (const std::string& target : {targets.data, targets.steer}) {
+  for (const std::string& target : {targets.data, targets.steer, targets.lines}) {
     if (!options.may_overwrite && is_taken(target)) return refuse(streams, options, already_there, {shown(target)});
     if (fs::is_directory(target, ignored)) {
       const std::string reason = std::generic_category().message(EISDIR);
@@ -117,23 +119,28 @@ int refuse_problem(const FileProblem& problem, const PrepareOptions& options, To
 
 int write_files(const Targets& targets, const Preparation& read, const PrepareOptions& options, ToolStreams& streams) {
   DataReceiver data = {.file = {}, .streams = &streams, .line_count = 0};
-  NewFile steer;
+  NewFile steer, lines_file;
+  const std::array<NewFile*, 3> files = {&data.file, &steer, &lines_file};
+  const auto abandon_all = [&] { std::for_each(files.begin(), files.end(), [](NewFile* file) { abandon(*file); }); };
   FileProblem problem;
-  if (!begin_file(data.file, targets.data, problem) || !begin_file(steer, targets.steer, problem)) {
-    abandon(data.file);
+  if (!begin_file(data.file, targets.data, problem) || !begin_file(steer, targets.steer, problem) ||
+      !begin_file(lines_file, targets.lines, problem)) {
+    abandon_all();
     return refuse_problem(problem, options, streams);
   }
+  ExportLines lines;
   begin_progress(streams.progress, words_of(writing_lines, options.language));
   const bool is_made =
-      make_data_file(read.text, read.reading.delimiter, read.plan, read.survey.sexes, take_piece, &data);
+      make_data_file(read.text, read.reading.delimiter, read.plan, read.survey.sexes, {take_piece, &data, &lines});
   erase_progress(streams.progress);
   write_bytes(steer, steer_text(read.plan));
+  lines.export_name = fs::path(options.export_name).filename().string();
+  write_bytes(lines_file, text_of_export_lines(lines));
   if (!is_made && is_stop_requested(streams)) {
-    abandon(data.file);
-    abandon(steer);
+    abandon_all();
     return refuse(streams, options, was_stopped, {});
   }
-  if (!finish_both(data.file, steer, options.may_overwrite, problem)) return refuse_problem(problem, options, streams);
+  if (!finish_all(files, options.may_overwrite, problem)) return refuse_problem(problem, options, streams);
   say(streams.console, done, options.language, {shown(targets.data), shown(targets.steer)});
   return 0;
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace pedigreewatch {
 namespace {
@@ -65,6 +66,32 @@ void append_field(std::string& bytes, FieldCode code, std::string_view text, con
   append_field_text(bytes, text, code, ignored);
 }
 
+/// Whether the fields in use are all there and nothing stands behind the last heading.
+bool has_fitting_fields(const ExportRecord& record, const ColumnChoice& columns) {
+  const std::size_t count = record.fields.size(), expected = columns.headings.size();
+  if (count == expected) return true;
+  const auto is_there = [&](const std::optional<std::size_t>& place) { return !place || *place < count; };
+  const auto is_empty = [](std::string_view field) { return trimmed(field).empty(); };
+  return std::all_of(columns.place.begin(), columns.place.end(), is_there) &&
+         std::all_of(record.fields.begin() + static_cast<std::ptrdiff_t>(std::min(expected, count)),
+                     record.fields.end(), is_empty);
+}
+
+/// Notes where the animal stands in the export and what of it is lost.
+void note_record(const ExportRecord& record, const PreparePlan& plan, const LostTexts& lost, std::int64_t data_line,
+                 ExportLines& lines) {
+  note_shift(lines.shifts, record.line, data_line);
+  const auto note_lost = [&](ExportNoteKind kind, FieldCode code) {
+    const std::string_view text = trimmed(field_of(record, plan.columns, code));
+    if (!means_unknown(text)) note_export_text(lines, kind, data_line, text);
+  };
+  if (lost.sex) note_lost(ExportNoteKind::sex, sex_column);
+  if (lost.date) note_lost(ExportNoteKind::date, birthdate_column);
+  if (!has_fitting_fields(record, plan.columns)) {
+    note_export_text(lines, ExportNoteKind::fields, data_line, std::to_string(record.fields.size()));
+  }
+}
+
 void append_line(std::string& bytes, std::string_view text) {
   bytes.append(text).push_back('\n');
 }
@@ -103,15 +130,23 @@ void append_header(std::string& bytes, const PreparePlan& plan) {
   bytes.push_back('\n');
 }
 
-void append_animal(std::string& bytes, const ExportRecord& record, const PreparePlan& plan, const TextCounts& sexes) {
+LostTexts append_animal(std::string& bytes, const ExportRecord& record, const PreparePlan& plan,
+                        const TextCounts& sexes) {
   bool is_first = true;
+  LostTexts lost;
   for (const FieldCode code : written_fields()) {
     if (!is_written(plan, code)) continue;
     if (!is_first) bytes.push_back(plan.delimiter);
     is_first = false;
-    append_field(bytes, code, trimmed(field_of(record, plan.columns, code)), plan, sexes);
+    const std::size_t start = bytes.size();
+    const std::string_view text = trimmed(field_of(record, plan.columns, code));
+    append_field(bytes, code, text, plan, sexes);
+    if (bytes.size() > start || text.empty()) continue;
+    lost.sex = lost.sex || code == sex_column;
+    lost.date = lost.date || code == birthdate_column;
   }
   bytes.push_back('\n');
+  return lost;
 }
 
 std::string steer_text(const PreparePlan& plan) {
@@ -133,23 +168,32 @@ std::string steer_text(const PreparePlan& plan) {
 }
 
 bool make_data_file(std::string_view text, char delimiter, const PreparePlan& plan, const TextCounts& sexes,
-                    TakePiece take, void* receiver) {
+                    const DataFileTarget& target) {
+  ExportLines lines;
   RecordReader reader = read_records(text, delimiter);
   ExportRecord record;
   std::string bytes;
   bytes.reserve(piece_size + piece_size / 8);
   append_header(bytes, plan);
-  if (plan.columns.has_header) next_filled_record(reader, record);
+  std::int64_t data_line = 0;
+  if (plan.columns.has_header && next_filled_record(reader, record)) {
+    note_shift(lines.shifts, record.line, ++data_line);
+  }
   while (next_record(reader, record)) {
     if (is_blank(record, plan.columns)) continue;
-    append_animal(bytes, record, plan, sexes);
+    const LostTexts lost = append_animal(bytes, record, plan, sexes);
+    note_record(record, plan, lost, ++data_line, lines);
     if (bytes.size() < piece_size) continue;
-    if (!take(receiver, bytes)) return false;
+    lines.data_bytes += static_cast<std::int64_t>(bytes.size());
+    if (!target.take(target.receiver, bytes)) return false;
     bytes.clear();
   }
   // Without a header the program reads one line less than there are.
   if (!plan.columns.has_header) bytes.push_back('\n');
-  return take(receiver, bytes);
+  lines.data_bytes += static_cast<std::int64_t>(bytes.size());
+  lines.field_count = static_cast<std::int64_t>(plan.columns.headings.size());
+  if (target.lines != nullptr) *target.lines = std::move(lines);
+  return target.take(target.receiver, bytes);
 }
 
 }  // namespace pedigreewatch

@@ -47,6 +47,10 @@ constexpr Wording too_many_lines = {
 constexpr Wording unreadable = {"{1}: {2}", "{1}: {2}"};
 constexpr Wording table_not_written = {"{1}: {2}; the table was not written", "{1}: {2}; de tabel is niet geschreven"};
 
+constexpr Wording changed_since = {
+    "{1} is not as prepare wrote it; lines are its own, not those of the export",
+    "{1} is niet zoals prepare het schreef; regels zijn die van dit bestand, niet van de export"};
+
 constexpr int has_serious = 1, could_not_check = 2;
 
 struct CheckOptions {
@@ -128,7 +132,8 @@ std::optional<ToolRefusal> check_file(const SteerSettings& steer, const CheckSet
   if (data.error != 0) return refusal(unreadable, {shown(name), error_text(data.error)});
   if (result.has_too_many_lines) return refusal(too_many_lines, {shown(name)});
   const std::string_view ending = options.wants_workbook ? ".xlsx" : ".tsv";
-  const CheckReport report = {name, table_name(name, ending), settings.language, options.code};
+  const std::string export_name = settings.export_lines ? settings.export_lines->export_name : std::string();
+  const CheckReport report = {name, table_name(name, ending), settings.language, options.code, export_name};
   FileProblem problem;
   if (is_stop_requested(streams)) return refusal(was_stopped, {});
   const bool is_written =
@@ -144,6 +149,9 @@ std::optional<ToolRefusal> check_folder(const CheckOptions& options, ToolStreams
   if (std::optional<ToolRefusal> refusal = read_settings_of_folder(steer)) return refusal;
   const CalendarDate today = options.today ? *options.today : current_date();
   CheckSettings settings = make_check_settings(steer, lines_of_steer_file(steer_file_name), today);
+  bool is_outdated = false;
+  settings.export_lines = export_lines_beside(std::string(steer.data_file_name.trimmed()), is_outdated);
+  if (is_outdated) say(streams.console, changed_since, settings.language, {shown(steer.data_file_name.trimmed())});
   std::string limits_problem = change_limits(options.limits_file, settings.limits);
   if (!limits_problem.empty()) return ToolRefusal{std::move(limits_problem)};
   return check_file(steer, settings, options, streams, status);

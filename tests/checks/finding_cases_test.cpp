@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <optional>
 #include <ostream>
 #include <set>
 #include <string>
@@ -24,6 +25,7 @@ struct FindingCase {
   std::vector<std::string> english_more, dutch_more;  ///< further serious ones
   void (*change_steer)(SteerLines& steer) = nullptr;
   std::string limits = {};
+  std::optional<ExportLines> origin = {};
 };
 
 void PrintTo(const FindingCase& each, std::ostream* stream) {
@@ -264,9 +266,17 @@ std::vector<FindingCase> finding_cases() {
          "a;m;01-01-2000;;\n"
          "b;f;01-02-2000;;\n"
          "c;x;01-03-2001;a;b\n",
-     "4|2||sex-text|W|Sex \"x\" counts as female (1 animal)",
-     "4|2||sex-text|W|Geslacht \"x\" telt als vrouwelijk (1 dier)",
+     "4|2|c|sex-text|W|Sex \"x\" counts as female (1 animal)",
+     "4|2|c|sex-text|W|Geslacht \"x\" telt als vrouwelijk (1 dier)",
      {}, {}, nullptr},
+    {"date-text",
+     "id;sex;birthdate;sire;dam\n"
+         "a;m;01-01-2000;;\n"
+         "b;f;01-02-2000;;\n"
+         "c;m;;a;b\n",
+     "6|3|c|date-text|W|Date \"spring 2001\" could not be read (1 animal); it is left out, as if it were unknown",
+     "6|3|c|date-text|W|Datum \"spring 2001\" was niet te lezen (1 dier); hij is weggelaten, alsof hij onbekend is",
+     {}, {}, nullptr, {}, ExportLines{"herd.csv", 0, 5, {{6, 4}}, {{ExportNoteKind::date, 4, "spring 2001"}}}},
     {"id-missing",
      "id;sex;birthdate;sire;dam\n"
          "a;m;01-01-2000;;\n"
@@ -380,24 +390,24 @@ std::vector<FindingCase> finding_cases() {
          "a;m;01-01-2000;;\n"
          "b;f;01-02-2000;;\n"
          "c;m;2001;a;b\n",
-     "4|3|c|date-year-only|W|Only a year (2001); ages are rough",
-     "4|3|c|date-year-only|W|Alleen een jaar (2001); leeftijden zijn grof",
+     "4|3|c|date-year-only|W|Only a year of birth (1 animal); ages are rough",
+     "4|3|c|date-year-only|W|Alleen een geboortejaar (1 dier); leeftijden zijn grof",
      {}, {}, nullptr},
     {"year-two-digits",
      "id;sex;birthdate;sire;dam\n"
          "a;m;01-01-2000;;\n"
          "b;f;01-02-2000;;\n"
          "c;m;01-03-01;a;b\n",
-     "4|3|c|year-two-digits|W|Year 1: is 2001 meant?",
-     "4|3|c|year-two-digits|W|Jaar 1: is 2001 bedoeld?",
+     "4|3|c|year-two-digits|W|Year 01 (1 animal): is 2001 meant?",
+     "4|3|c|year-two-digits|W|Jaar 01 (1 dier): is 2001 bedoeld?",
      {}, {}, nullptr},
     {"year-placeholder",
      "id;sex;birthdate;sire;dam\n"
          "a;m;01-01-2000;;\n"
          "b;f;01-02-2000;;\n"
          "c;m;01-01-1900;a;b\n",
-     "4|3|c|year-placeholder|W|01-01-1900 stands for an unknown date; leave it empty: years without animals count as F = 0, Ne is wrong",
-     "4|3|c|year-placeholder|W|01-01-1900 staat voor een onbekende datum; laat die leeg: jaren zonder dieren tellen als F = 0, Ne is fout",
+     "4|3|c|year-placeholder|W|01-01-1900 stands for an unknown date (1 animal); leave it empty: years without animals count as F = 0, Ne is wrong",
+     "4|3|c|year-placeholder|W|01-01-1900 staat voor een onbekende datum (1 dier); laat die leeg: jaren zonder dieren tellen als F = 0, Ne is fout",
      {}, {}, nullptr},
     {"year-future",
      "id;sex;birthdate;sire;dam\n"
@@ -560,8 +570,8 @@ std::vector<FindingCase> finding_cases() {
          "a;m;01-01-2000;;\n"
          "b;f;01-02-2000;;\n"
          "c;m;;a;b\n",
-     "4|3|c|date-unknown|L|No date of birth; absent from all tables by year",
-     "4|3|c|date-unknown|L|Geen geboortedatum; ontbreekt in alle tabellen per jaar",
+     "4|3|c|date-unknown|L|No date of birth (1 animal); absent from all tables by year",
+     "4|3|c|date-unknown|L|Geen geboortedatum (1 dier); ontbreekt in alle tabellen per jaar",
      {}, {}, nullptr},
     {"dates-of-years",
      "id;sex;birthdate;sire;dam\n"
@@ -578,8 +588,8 @@ std::vector<FindingCase> finding_cases() {
          "c;m;01-03-2001;a;b\n"
          "d;m;01-05-2002;;\n"
          "e;f;01-06-2003;d;b\n",
-     "5||d|founder-late|L|No parents, born after 2001, no import: F is too low",
-     "5||d|founder-late|L|Geen ouders, geboren na 2001, geen import: F is te laag",
+     "5||d|founder-late|L|No parents, born after 2001, no import (1 animal): F is too low",
+     "5||d|founder-late|L|Geen ouders, geboren na 2001, geen import (1 dier): F is te laag",
      {}, {}, nullptr},
     {"isolated",
      "id;sex;birthdate;sire;dam\n"
@@ -587,8 +597,8 @@ std::vector<FindingCase> finding_cases() {
          "b;f;01-02-2000;;\n"
          "c;m;01-03-2001;a;b\n"
          "d;f;01-05-2001;;\n",
-     "5||d|isolated|L|No parents and no young",
-     "5||d|isolated|L|Geen ouders en geen jongen",
+     "5||d|isolated|L|No parents and no young (1 animal)",
+     "5||d|isolated|L|Geen ouders en geen jongen (1 dier)",
      {}, {}, nullptr},
     {"breeder-spelling",
      "id;sex;birthdate;sire;dam;breeder\n"
@@ -663,6 +673,7 @@ CheckResult check_case(const FindingCase& each, bool english) {
   if (each.change_steer != nullptr) each.change_steer(steer);
   CheckSettings settings = check_settings(steer);
   EXPECT_EQ(read_limits(each.limits, "limits.txt", settings.limits), "");
+  settings.export_lines = each.origin;
   return checked(each.data, settings);
 }
 

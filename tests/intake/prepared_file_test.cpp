@@ -14,6 +14,7 @@ namespace {
 struct Prepared {
   PreparePlan plan;
   std::string data, steer;
+  ExportLines lines;
 };
 
 bool take(void* receiver, std::string_view bytes) {
@@ -33,7 +34,7 @@ Prepared prepared(const std::string& text, PrepareOptions options = {}, char del
   const ExportSurvey survey = survey_export(text, delimiter, columns, {}, unwatched);
   Prepared result;
   result.plan = plan_preparation(survey, columns, options);
-  make_data_file(text, delimiter, result.plan, survey.sexes, take, &result.data);
+  make_data_file(text, delimiter, result.plan, survey.sexes, {take, &result.data, &result.lines});
   result.steer = steer_text(result.plan);
   return result;
 }

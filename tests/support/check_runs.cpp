@@ -55,6 +55,7 @@ std::vector<std::string> rows_of(const CheckResult& result, ToolLanguage languag
   for (const Finding& finding : list) {
     rows.push_back(table_row(finding, result, language));
     std::ranges::replace(rows.back(), '\t', '|');
+    if (rows.back().ends_with('|')) rows.back().pop_back();
   }
   return rows;
 }

@@ -26,7 +26,8 @@ CheckResult checked_sheep(std::string_view data);
 /// How many findings there are of a kind.
 std::int64_t count_of(const CheckResult& result, FindingCode code);
 
-/// The lines of the table of findings in their order, with bars in place of its tabs.
+/// The lines of the table of findings in their order, with bars in place of its tabs; an empty column
+/// of lines is left out.
 std::vector<std::string> rows_of(const CheckResult& result, ToolLanguage language);
 
 /// Those that stop the run or falsify figures.
