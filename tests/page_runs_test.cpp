@@ -76,7 +76,7 @@ TEST(PageDiversity, ShowsWhatIsLeftOfTheFoundersByYear) {
   const PageTable diversity = table_in(chart_of(page, "gene-diversity"));
   ASSERT_EQ(diversity.rows.size(), 5U);
   // Of three full sibs the mean kinship is (3/2 + 6/4) / 9 = 1/3; two founders alike: 1/4 is lost with them.
-  EXPECT_EQ(diversity.rows[2].cells, (std::vector<std::string>{"3", "0.6667", "0.2500", "0.0833"}));
+  EXPECT_EQ(diversity.rows[2].cells, (std::vector<std::string>{"3", "66.67", "25.00", "8.33"}));
   EXPECT_EQ(diversity.rows[3].cells[1], dash);
 }
 
@@ -181,7 +181,7 @@ TEST(PageOfFewData, OneYearHasNoEffectiveSize) {
 TEST(PageOfFewData, OneSexOnlyHasNoLitters) {
   const std::string page = page_of_data(std::string(head) + "a;;;m;01-01-2001\nb;a;;m;01-01-2003\nc;b;;m;01-01-2005\n");
   expect_sound(page);
-  EXPECT_TRUE(has(chart_of(page, "sizes"), "There are no figures for this in the data."));
+  EXPECT_TRUE(has(chart_of(page, "litters"), "There are no figures for this in the data."));
 }
 
 // Rex and Saar are founders; Bram and Tess are full sibs, whose young Puck has F = 0.25; nothing is born in 2005.
@@ -196,7 +196,7 @@ TEST(PageFigures, YearsWithoutAnimalsAreGaps) {
   EXPECT_EQ(table.rows[4].heading, "2005");
   EXPECT_EQ(table.rows[4].cells[0], "0");
   EXPECT_EQ(table.rows[4].cells[1], dash);
-  EXPECT_EQ(table.rows[5].cells[1], "0.2500");
+  EXPECT_EQ(table.rows[5].cells[1], "25.00");
   EXPECT_EQ(table.rows[5].cells[3], dash) << "one animal has no kinship with others";
 }
 
@@ -221,18 +221,13 @@ TEST(PageFigures, PathsAreShownWithoutAReferencePopulation) {
 TEST(PageMarks, LoneFirstYearIsNamed) {
   const std::string page = page_of_data(std::string(head) + std::string(full_sibs));
   EXPECT_TRUE(has(chart_of(page, "births"), "2001: the first year stands alone"));
-  EXPECT_FALSE(has(chart_of(page, "inbreeding"), "2006: F is")) << "2005 has no animal to compare with";
-}
-
-TEST(PageMarks, YearWithFAboveTheYearBeforeIsNamed) {
-  const std::string page = page_of_data(std::string(head) + std::string(full_sibs) + "wim;;;m;01-01-2005\n");
-  EXPECT_TRUE(has(chart_of(page, "inbreeding"), "2006: F is 0.2500 above the year before"));
+  EXPECT_FALSE(has(chart_of(page, "inbreeding"), ": F rose from")) << "years of a few animals";
 }
 
 TEST(PageMarks, IntervalBelowZeroIsNamed) {
   const std::string page =
       page_of_data(std::string(head) + "a;;;m;01-01-2004\nb;;;f;01-01-2004\nc;a;b;m;01-01-2001\nd;;;m;01-01-2002\n");
-  EXPECT_TRUE(has(chart_of(page, "interval"), "2001: the mean age of fathers is below 0 (-3.00)"));
+  EXPECT_TRUE(has(chart_of(page, "interval"), "2001: the mean age of sires is below 0 (-3.00)"));
 }
 
 TEST(PageOfSubpopulations, PairsAreHalvedAndStandUnderTheirNames) {
@@ -249,7 +244,7 @@ TEST(PageOfSubpopulations, PairsAreHalvedAndStandUnderTheirNames) {
   ASSERT_EQ(table.headings.size(), 5U);
   EXPECT_EQ(table.headings[4], "South - West");
   ASSERT_EQ(table.rows.size(), 3U);
-  EXPECT_EQ(table.rows[2].cells, (std::vector<std::string>{"4", std::string(dash), std::string(dash), "0.2500"}));
+  EXPECT_EQ(table.rows[2].cells, (std::vector<std::string>{"4", std::string(dash), std::string(dash), "25.00"}));
   EXPECT_EQ(table.rows[0].cells[3], dash) << "one animal a subpopulation";
 }
 

@@ -58,6 +58,7 @@ bool are_counts(const Chart& chart) {
 }  // namespace
 
 bool has_values(const Chart& chart) {
+  if (std::any_of(chart.panels.begin(), chart.panels.end(), has_values)) return true;
   return std::any_of(chart.series.begin(), chart.series.end(), [&](const Series& series) {
     return std::any_of(series.values.begin(), series.values.end(),
                        [&](const Value& value) { return value && (chart.kind == ChartKind::lines || *value > 0.0); });
@@ -89,8 +90,23 @@ ValueAxis value_axis_of(const Chart& chart) {
     }
   }
   for (const ReferenceLine& reference : chart.references) range.add(reference.value);
+  for (const Slope& slope : chart.slopes) {
+    range.add(slope.first_value);
+    range.add(slope.last_value);
+  }
   for (const Mark& mark : chart.marks) range.add(mark.value);
   return make_value_axis(range.lowest, range.highest, are_counts(chart));
+}
+
+ValueAxis value_axis_of_panels(const Chart& chart, std::string_view unit) {
+  double low = 0.0, high = 0.0;
+  for (const Chart& panel : chart.panels) {
+    if (panel.unit != unit || !has_values(panel)) continue;
+    const ValueAxis own = value_axis_of(panel);
+    low = std::min(low, own.low);
+    high = std::max(high, own.high);
+  }
+  return make_value_axis(low, high, false);
 }
 
 std::vector<std::size_t> labelled_places(const Chart& chart, double width) {

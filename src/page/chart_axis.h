@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "page/chart.h"
@@ -23,6 +24,9 @@ ValueAxis make_value_axis(double lowest, double highest, bool counts_only);
 
 /// The axis of everything that the chart draws.
 ValueAxis value_axis_of(const Chart& chart);
+
+/// The one axis of all panels of a chart that have this unit: they can be compared.
+ValueAxis value_axis_of_panels(const Chart& chart, std::string_view unit);
 
 /// The places that get a label: as many as fit into `width` without touching one another, years at round numbers.
 std::vector<std::size_t> labelled_places(const Chart& chart, double width);

@@ -2,6 +2,8 @@
 
 #include "page/chart_drawing.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 
@@ -11,12 +13,14 @@
 namespace pedigreewatch {
 namespace {
 
-// The picture in its own units.
-constexpr int width = 720, height = 250, left = 62, right = 708, top = 24, bottom = 222;
+// Pictures in their own units. The values stand at the right, beside the newest year: on a narrow screen that end is in
+// view.
+constexpr int height = 250, left = 12, beside_axis = 62, top = 24, bottom = 222;
 
 /// Where the values of a chart lie in the picture.
 struct Plane {
   ValueAxis axis;
+  int right = 0;
   double place_width = 1.0;
 
   double x(std::size_t place) const { return left + (static_cast<double>(place) + 0.5) * place_width; }
@@ -25,8 +29,9 @@ struct Plane {
   }
 };
 
-Plane plane_of(const Chart& chart) {
-  return {value_axis_of(chart), static_cast<double>(right - left) / static_cast<double>(chart.places.size())};
+Plane plane_of(const Chart& chart, int width, const ValueAxis& axis) {
+  const int right = width - beside_axis;
+  return {axis, right, static_cast<double>(right - left) / static_cast<double>(chart.places.size())};
 }
 
 /// A coordinate: at most one decimal, none when it is 0.
@@ -47,6 +52,22 @@ std::string style_of(std::string_view kind, std::size_t series) {
   return std::string(kind) + std::to_string(series % drawing_styles + 1);
 }
 
+std::size_t number_of(const Chart& chart, std::size_t series) {
+  return chart.series[series].paint.number.value_or(series);
+}
+
+/// The style of a bar. Narrow bars have no fillings, which would flicker.
+std::string bar_style(const Chart& chart, std::size_t series, double place_width) {
+  constexpr double narrow = 20.0;
+  const bool is_narrow = place_width < narrow;
+  constexpr std::array<std::string_view, 3> kinds = {"b b", "b u", "b co"};
+  const Palette palette = chart.series[series].paint.palette;
+  const std::size_t number = number_of(chart, series);
+  if (palette == Palette::coat) return "b co" + std::to_string(number + 1);
+  if (palette == Palette::apart && is_narrow) return style_of("b c", number);
+  return style_of(kinds[static_cast<std::size_t>(palette)], number);
+}
+
 /// A path; none when it would be empty.
 void draw_path(std::string& page, const std::string& style, const std::string& path) {
   if (!path.empty()) page += "<path class=\"" + style + "\" d=\"" + path + "\"/>";
@@ -62,34 +83,63 @@ void draw_value_axis(std::string& page, const Chart& chart, const Plane& plane) 
   std::string lines;
   for (int tick = 0; tick < plane.axis.tick_count(); ++tick) {
     const double value = plane.axis.tick(tick), y = plane.y(value);
-    lines += "M" + point(left, y) + "H" + std::to_string(right);
+    lines += "M" + point(left, y) + "H" + std::to_string(plane.right);
     const bool is_zero = std::abs(value) < plane.axis.step / 2.0;
-    draw_text(page, left - gap, y + half_letter, "e",
+    draw_text(page, plane.right + gap, y + half_letter, "y",
               report_figure(is_zero ? 0.0 : value, plane.axis.decimals, chart.language));
   }
   draw_path(page, "g", lines);
-  draw_text(page, left, top - 10, "u", chart.unit);
+  draw_text(page, plane.right + beside_axis - 2, top - 10, "e", chart.unit);
 }
 
 void draw_place_axis(std::string& page, const Chart& chart, const Plane& plane) {
   constexpr double tick_length = 4.0, text_below = 18.0;
   const double zero = plane.y(0.0);
-  std::string ticks = "M" + point(left, zero) + "H" + std::to_string(right);
-  for (const std::size_t place : labelled_places(chart, right - left)) {
+  std::string ticks = "M" + point(left, zero) + "H" + std::to_string(plane.right);
+  for (const std::size_t place : labelled_places(chart, plane.right - left)) {
     ticks += "M" + point(plane.x(place), bottom) + "v" + units(tick_length);
     draw_text(page, plane.x(place), bottom + text_below, "p", chart.places[place]);
   }
   draw_path(page, "a", ticks);
 }
 
-/// Their texts stand at the right and at the left in turn: lines may lie close together.
 void draw_references(std::string& page, const Chart& chart, const Plane& plane) {
-  bool is_at_right = true;
+  std::string lines;
   for (const ReferenceLine& reference : chart.references) {
-    const double y = plane.y(reference.value);
-    draw_path(page, "r", "M" + point(left, y) + "H" + std::to_string(right));
-    draw_text(page, is_at_right ? right - 2 : left + 2, y - 4, is_at_right ? "e v" : "v", reference.text);
-    is_at_right = !is_at_right;
+    lines += "M" + point(left, plane.y(reference.value)) + "H" + std::to_string(plane.right);
+  }
+  draw_path(page, "r", lines);
+}
+
+/// Over all lines, so that none goes through a text; at the left, where a chart is older and emptier.
+void draw_reference_texts(std::string& page, const Chart& chart, const Plane& plane) {
+  constexpr double above = 4.0;
+  for (const ReferenceLine& reference : chart.references) {
+    draw_text(page, left + 2, plane.y(reference.value) - above, "v", reference.text);
+  }
+}
+
+void draw_events(std::string& page, const Chart& chart, const Plane& plane) {
+  constexpr double gap = 4.0, text_y = top + 10.0;
+  for (const Event& event : chart.events) {
+    const double x = plane.x(event.place);
+    draw_path(page, "a", "M" + point(x, top) + "V" + std::to_string(bottom));
+    draw_text(page, x - gap, text_y, "e v", event.text);
+  }
+}
+
+void draw_slopes(std::string& page, const Chart& chart, const Plane& plane) {
+  constexpr double above = 10.0;
+  std::string lines;
+  for (const Slope& slope : chart.slopes) {
+    lines += "M" + point(plane.x(slope.first), plane.y(slope.first_value)) + "L" +
+             point(plane.x(slope.last), plane.y(slope.last_value));
+  }
+  draw_path(page, "w", lines);
+  for (const Slope& slope : chart.slopes) {
+    const double x = 0.5 * (plane.x(slope.first) + plane.x(slope.last));
+    const double y = plane.y(0.5 * (slope.first_value + slope.last_value));
+    draw_text(page, x, y - above, "p v t", slope.text);
   }
 }
 
@@ -118,10 +168,11 @@ std::string points_of(const Series& series, const Plane& plane, const Chart& cha
 
 void draw_lines(std::string& page, const Chart& chart, const Plane& plane) {
   for (std::size_t s = 0; s < chart.series.size(); ++s) {
-    draw_path(page, style_of("l l", s), line_through(chart.series[s], plane));
-    draw_path(page, style_of("o l", s), points_of(chart.series[s], plane, chart, false));
+    const std::size_t number = number_of(chart, s);
+    draw_path(page, style_of("l l", number), line_through(chart.series[s], plane));
+    draw_path(page, style_of("o l", number), points_of(chart.series[s], plane, chart, false));
     const std::string hollow = points_of(chart.series[s], plane, chart, true);
-    draw_path(page, style_of("q l", s), hollow);
+    draw_path(page, style_of("q l", number), hollow);
     draw_path(page, "i", hollow);
   }
 }
@@ -139,14 +190,15 @@ void draw_bars(std::string& page, const Chart& chart, const Plane& plane) {
           "M" + point(plane.x(place) - bar / 2.0, y) + "h" + units(bar) + "V" + units(base) + "h" + units(-bar) + "z";
       reached[place] += value;
     }
-    draw_path(page, style_of("b b", s), path);
+    draw_path(page, bar_style(chart, s, plane.place_width), path);
   }
 }
 
 void draw_marks(std::string& page, const Chart& chart, const Plane& plane) {
   constexpr double above = 6.0;
   std::string path;
-  for (const Mark& mark : chart.marks) {
+  for (std::size_t m = 0; m < std::min(most_marks, chart.marks.size()); ++m) {
+    const Mark& mark = chart.marks[m];
     path += "M" + point(plane.x(mark.place), plane.y(mark.value) - above) + "l-4.5-8h9z";
   }
   draw_path(page, "m", path);
@@ -154,8 +206,8 @@ void draw_marks(std::string& page, const Chart& chart, const Plane& plane) {
 
 }  // namespace
 
-void draw_chart(std::string& page, const Chart& chart) {
-  const Plane plane = plane_of(chart);
+void draw_chart(std::string& page, const Chart& chart, int width, const ValueAxis& axis) {
+  const Plane plane = plane_of(chart, width, axis);
   page += "<svg viewBox=\"0 0 " + std::to_string(width) + " " + std::to_string(height) +
           "\" role=\"img\" aria-labelledby=\"" + chart.id + "-t " + chart.id + "-d\"><title id=\"" + chart.id +
           "-t\">" + escaped(chart.title) + "</title><desc id=\"" + chart.id + "-d\">" + escaped(chart.reading) +
@@ -163,19 +215,29 @@ void draw_chart(std::string& page, const Chart& chart) {
   draw_value_axis(page, chart, plane);
   if (chart.kind == ChartKind::stacked_bars) draw_bars(page, chart, plane);
   draw_place_axis(page, chart, plane);
-  draw_references(page, chart, plane);  // their texts never cover a point
+  draw_references(page, chart, plane);
+  draw_events(page, chart, plane);
   if (chart.kind == ChartKind::lines) draw_lines(page, chart, plane);
+  draw_slopes(page, chart, plane);
+  draw_reference_texts(page, chart, plane);
   draw_marks(page, chart, plane);
   page += "</svg>";
 }
 
-void draw_sample(std::string& page, ChartKind kind, std::size_t series) {
+void draw_chart(std::string& page, const Chart& chart) {
+  draw_chart(page, chart, picture_width, value_axis_of(chart));
+}
+
+void draw_sample(std::string& page, const Chart& chart, std::size_t series) {
   page += "<svg viewBox=\"0 0 40 14\" class=\"s\" aria-hidden=\"true\">";
-  if (kind == ChartKind::stacked_bars) {
-    draw_path(page, style_of("b b", series), "M2 1h36v12h-36z");
+  if (chart.kind == ChartKind::stacked_bars) {
+    const double place =
+        static_cast<double>(picture_width - beside_axis - left) / static_cast<double>(chart.places.size());
+    draw_path(page, bar_style(chart, series, place), "M2 1h36v12h-36z");
   } else {
-    draw_path(page, style_of("l l", series), "M1 7H39");
-    draw_path(page, style_of("o l", series), "M20 7h0");
+    const std::size_t number = number_of(chart, series);
+    draw_path(page, style_of("l l", number), "M1 7H39");
+    draw_path(page, style_of("o l", number), "M20 7h0");
   }
   page += "</svg>";
 }
@@ -203,7 +265,7 @@ void define_fillings(std::string& page) {
 
 std::string place_attributes(const Chart& chart) {
   return " data-n=\"" + std::to_string(chart.places.size()) + "\" data-a=\"" + std::to_string(left) + "\" data-w=\"" +
-         std::to_string(right - left) + "\"";
+         std::to_string(picture_width - beside_axis - left) + "\"";
 }
 
 }  // namespace pedigreewatch

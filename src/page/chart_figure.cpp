@@ -3,6 +3,9 @@
 
 #include "page/chart_figure.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "page/chart_drawing.h"
 #include "page/page_text.h"
 
@@ -36,14 +39,14 @@ void write_legend(std::string& page, const Chart& chart) {
   page += "<ul class=\"legend\">";
   for (std::size_t s = 0; s < chart.series.size(); ++s) {
     page += "<li>";
-    draw_sample(page, chart.kind, s);
+    draw_sample(page, chart, s);
     page += " " + isolated(chart.series[s].name) + "</li>";
   }
   page += "</ul>";
 }
 
 void write_marks(std::string& page, const Chart& chart, ToolLanguage language) {
-  constexpr std::size_t most = 12;
+  constexpr std::size_t most = most_marks;
   if (chart.marks.empty()) return;
   page += "<p class=\"marks\"><strong>&#9660; " + escaped(words_of(unusual, language)) + "</strong> ";
   for (std::size_t m = 0; m < chart.marks.size() && m < most; ++m) {
@@ -74,10 +77,39 @@ void write_figures(std::string& page, const Chart& chart, ToolLanguage language)
   page += "</div></details>";
 }
 
-}  // namespace
+/// Whether a column has a text in any row; those of the row headings and of the bars always have.
+bool has_cells(const FigureTable& table, std::size_t heading) {
+  return std::any_of(table.rows.begin(), table.rows.end(), [&](const FigureTable::FigureRow& row) {
+    return heading == 0 || heading > row.cells.size() || !row.cells[heading - 1].empty();
+  });
+}
 
-void write_chart(std::string& page, const Chart& chart, ToolLanguage language) {
-  page += "<figure id=\"" + chart.id + "\"" + place_attributes(chart) + "><h3>" + escaped(chart.title) + "</h3>";
+void write_plot(std::string& page, const Chart& chart) {
+  page += "<div class=\"plot\" tabindex=\"0\" role=\"group\" aria-label=\"" + escaped(chart.title) + "\">";
+  draw_chart(page, chart);
+  page += "</div><output></output>";
+}
+
+/// Small pictures beside one another; those of one unit have one axis. The first one's legend is that of all with as
+/// many lines.
+void write_panels(std::string& page, const Chart& chart) {
+  page += "<div class=\"panels\">";
+  std::size_t number = 0;
+  for (Chart panel : chart.panels) {
+    if (!has_values(panel)) continue;
+    panel.id = chart.id + "-" + std::to_string(++number);
+    page += "<div><p class=\"t\">" + isolated(panel.title) + "</p>";
+    write_legend(page, panel);
+    draw_chart(page, panel, panel_width, value_axis_of_panels(chart, panel.unit));
+    page += "</div>";
+  }
+  page += "</div>";
+}
+
+void write_figure(std::string& page, const Chart& chart, ToolLanguage language) {
+  const bool has_cursor = chart.panels.empty();
+  page += "<figure id=\"" + chart.id + "\"" + (has_cursor ? place_attributes(chart) : std::string()) + "><h3>" +
+          escaped(chart.title) + "</h3>";
   if (!has_values(chart)) {
     page += "<p>" + escaped(words_of(nothing_known, language)) + "</p></figure>\n";
     return;
@@ -85,19 +117,61 @@ void write_chart(std::string& page, const Chart& chart, ToolLanguage language) {
   page += "<p>" + escaped(chart.reading);
   if (has_hollow_points(chart)) page += " " + escaped(words_of(hollow_note, language));
   page += "</p>";
-  write_legend(page, chart);
-  page += "<div class=\"plot\" tabindex=\"0\" role=\"group\" aria-label=\"" + escaped(chart.title) + "\">";
-  draw_chart(page, chart);
-  page += "</div><output></output>";
+  if (has_cursor) {
+    write_legend(page, chart);
+    write_plot(page, chart);
+  } else {
+    write_panels(page, chart);
+  }
   write_marks(page, chart, language);
   write_figures(page, chart, language);
   page += "</figure>\n";
+}
+
+}  // namespace
+
+void write_chart(std::string& page, const Chart& chart, ToolLanguage language) {
+  if (!chart.is_folded) return write_figure(page, chart, language);
+  page += "<details class=\"fold\"><summary>" + escaped(chart.title) + "</summary>\n";
+  write_figure(page, chart, language);
+  page += "</details>\n";
 }
 
 void write_figure_table(std::string& page, const FigureTable& table, std::string_view caption) {
   page += "<div class=\"scroll\" tabindex=\"0\" role=\"group\" aria-label=\"" + escaped(caption) + "\">";
   write_rows(page, table, caption);
   page += "</div>\n";
+}
+
+void write_folded_table(std::string& page, const FigureTable& table, std::string_view caption) {
+  page += "<details class=\"fold\"><summary>" + escaped(caption) + "</summary>\n";
+  write_figure_table(page, table, caption);
+  page += "</details>\n";
+}
+
+void write_named_bars(std::string& page, const NamedBars& bars) {
+  const double longest = bars.shares.empty() ? 0.0 : *std::max_element(bars.shares.begin(), bars.shares.end());
+  page += "<figure id=\"pw-" + std::string(bars.id) + "\"><h3>" + escaped(bars.title) + "</h3><p>" +
+          escaped(bars.reading) + "</p>";
+  page += "<div class=\"scroll\" tabindex=\"0\" role=\"group\" aria-label=\"" + escaped(bars.title) +
+          "\"><table class=\"bars\"><thead><tr>";
+  for (std::size_t h = 0; h < bars.figures.headings.size(); ++h) {
+    if (has_cells(bars.figures, h)) page += "<th scope=\"col\">" + isolated(bars.figures.headings[h]) + "</th>";
+  }
+  page += "</tr></thead><tbody>\n";
+  for (std::size_t k = 0; k < bars.figures.rows.size(); ++k) {
+    const FigureTable::FigureRow& row = bars.figures.rows[k];
+    page += "<tr><th scope=\"row\">" + isolated(row.heading) + "</th>";
+    for (std::size_t c = 0; c < row.cells.size(); ++c) {
+      if (has_cells(bars.figures, c + 1)) page += "<td>" + isolated(row.cells[c]);
+    }
+    constexpr double whole = 100.0;
+    page +=
+        "<td class=\"bar\"><svg viewBox=\"0 0 100 8\" preserveAspectRatio=\"none\" aria-hidden=\"true\"><path class=\"c" +
+        std::string(bars.shares[k] > bars.most.value_or(bars.shares[k]) ? "2" : "1") + "\" d=\"M0 0h" +
+        std::to_string(longest > 0.0 ? std::lround(whole * bars.shares[k] / longest) : 0) + "v8H0z\"/></svg>\n";
+  }
+  page += "</tbody></table></div></figure>\n";
 }
 
 }  // namespace pedigreewatch

@@ -10,6 +10,7 @@ namespace {
 
 constexpr Wording year_heading = {"Year", "Jaar"};
 constexpr Wording animals_heading = {"Animals", "Dieren"};
+constexpr Wording rule_word = {"your year {1}", "uw jaar {1}"};
 constexpr std::size_t few_animals = 10;
 
 std::int64_t sum_of(const std::vector<std::int64_t>& counts) {
@@ -59,9 +60,12 @@ std::vector<Value> values_of(const std::vector<std::int64_t>& counts) {
 
 constexpr std::size_t most_drawn = 8, most_listed = 16;
 
-void add_drawn(Chart& chart, const CountLayers& layers) {
+void add_drawn(Chart& chart, const CountLayers& layers, Palette palette) {
+  const bool is_few = 2 * layers.names.size() <= most_drawn;  // then every other step of the order
   for (std::size_t k = 0; k < layers.names.size(); ++k) {
-    chart.series.push_back({layers.names[k], values_of(layers.counts[k])});
+    chart.series.push_back({layers.names[k],
+                            values_of(layers.counts[k]),
+                            {palette, palette == Palette::ordered && is_few ? 2 * k + 1 : k}});
   }
 }
 
@@ -112,9 +116,39 @@ void add_column(Chart& chart, std::string_view heading, const std::vector<Value>
   }
 }
 
-void add_series(Chart& chart, std::string_view name, const std::vector<Value>& values, int decimals) {
+void add_series(Chart& chart, std::string_view name, const std::vector<Value>& values, int decimals, Paint paint) {
   add_column(chart, name, values, decimals);
-  chart.series.push_back({std::string(name), values});
+  chart.series.push_back({std::string(name), values, paint});
+}
+
+void add_rule_year(Chart& chart, const PageFrame& frame) {
+  if (frame.input.standing == nullptr || !frame.input.standing->rule) return;
+  const std::int32_t year = frame.input.standing->rule->year;
+  const BirthYears& years = frame.store().birth_years;
+  if (year < years.year_of(frame.years.first) || year > years.last) return;
+  chart.events.push_back({static_cast<std::size_t>(years.row_of(year) - frame.years.first),
+                          phrase(rule_word, frame.language, {std::to_string(year)})});
+}
+
+std::vector<Value> in_percent(std::vector<Value> values) {
+  constexpr double hundred = 100.0;
+  for (Value& value : values) {
+    if (value) *value *= hundred;
+  }
+  return values;
+}
+
+Chart make_panel(const Chart& chart, ChartKind kind, std::string title, std::string unit) {
+  Chart panel;
+  panel.language = chart.language;
+  panel.kind = kind;
+  panel.title = std::move(title);
+  panel.reading = chart.reading;
+  panel.unit = std::move(unit);
+  panel.places = chart.places;
+  panel.first_number = chart.first_number;
+  panel.is_hollow = chart.is_hollow;
+  return panel;
 }
 
 std::size_t CountLayers::add(std::string name, std::int64_t years) {
@@ -140,13 +174,13 @@ void add_text_column(Chart& chart, std::string_view heading, const std::vector<s
 }
 
 void add_layers(Chart& chart, const CountLayers& layers, std::string_view rest) {
-  add_drawn(chart, largest_layers(layers, most_drawn, rest));
+  add_drawn(chart, largest_layers(layers, most_drawn, rest), Palette::apart);
   add_listed(chart, largest_layers(layers, most_listed, rest));
 }
 
 void add_sizes(Chart& chart, const CountLayers& layers) {
   const CountLayers drawn = classes_of(layers, most_drawn);
-  add_drawn(chart, drawn);
+  add_drawn(chart, drawn, Palette::ordered);
   add_listed(chart, layers.names.size() > most_listed ? drawn : layers);
 }
 

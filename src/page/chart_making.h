@@ -35,7 +35,16 @@ void add_column(Chart& chart, std::string_view heading, const std::vector<Value>
 void add_text_column(Chart& chart, std::string_view heading, const std::vector<std::string>& texts);
 
 /// Adds a series and its column of figures.
-void add_series(Chart& chart, std::string_view name, const std::vector<Value>& values, int decimals);
+void add_series(Chart& chart, std::string_view name, const std::vector<Value>& values, int decimals, Paint paint = {});
+
+/// Marks the year of the board's rule, where there is one among the years of the page.
+void add_rule_year(Chart& chart, const PageFrame& frame);
+
+/// The parts of 1 in per cent.
+std::vector<Value> in_percent(std::vector<Value> values);
+
+/// A small picture of the chart with the same places and no figures of its own.
+Chart make_panel(const Chart& chart, ChartKind kind, std::string title, std::string unit);
 
 /// A value for each year of the page.
 template <typename ValueOfRow>
@@ -69,7 +78,7 @@ CountLayers layers_of(const PageFrame& frame, const YearTable<std::int32_t>& tab
 void add_layers(Chart& chart, const CountLayers& layers, std::string_view rest);
 
 /// Adds layers that stand for sizes from 1 on. More than eight are drawn in classes of equal width, "1-3", "4-6"; more
-/// than sixteen are listed so too.
+/// than sixteen are listed so too. Their colours are ordered.
 void add_sizes(Chart& chart, const CountLayers& layers);
 
 }  // namespace pedigreewatch

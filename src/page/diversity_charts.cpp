@@ -12,15 +12,15 @@ constexpr ChartTexts gene_diversity_texts = {
     "gene-diversity",
     {"Gene diversity, and what was lost since the founders",
      "Gendiversiteit, en wat sinds de stamdieren verloren ging"},
-    {"The diversity of the founders is 1. The lowest part is left in the animals born in a year; the next one was lost "
+    {"The diversity of the founders is 100 %. The lowest part is left in the animals born in a year; the next one was lost "
      "because founders have contributed unequally, the upper one since then, by bottlenecks and chance. Unknown "
      "ancestors "
      "count as unrelated founders, so that more is lost than is shown.",
-     "De diversiteit van de stamdieren is 1. Het onderste deel is over bij de dieren die in een jaar geboren zijn; het "
+     "De diversiteit van de stamdieren is 100 %. Het onderste deel is over bij de dieren die in een jaar geboren zijn; het "
      "volgende is verloren doordat stamdieren ongelijk hebben bijgedragen, het bovenste sindsdien, door flessenhalzen "
      "en "
      "toeval. Onbekende voorouders gelden als onverwante stamdieren, zodat er meer verloren is dan hier staat."},
-    {"share (0 to 1)", "aandeel (0 tot 1)"}};
+    {"%", "%"}};
 constexpr Wording left_name = {"left", "over"};
 constexpr Wording lost_by_founders_name = {"lost: founders used unequally", "verloren: stamdieren ongelijk gebruikt"};
 constexpr Wording lost_since_name = {"lost since then", "sindsdien verloren"};
@@ -40,6 +40,14 @@ constexpr Wording class_names[] = {{"F = 0", "F = 0"},
                                    {"to 12.5 %", "tot 12,5 %"},
                                    {"to 25 %", "tot 25 %"},
                                    {"more", "meer"}};
+
+constexpr ChartTexts close_young_texts = {
+    "close-young",
+    {"Closely bred young", "Nauw gefokte jongen"},
+    {"Share of the animals born in a year with F above 6.25 %, as of first cousins, and above 12.5 %, as of half sibs; where ancestors are unknown more of them are closely bred than is seen.",
+     "Aandeel van de dieren die in een jaar geboren zijn met F boven 6,25 %, als van volle neef en nicht, en boven 12,5 %, als van halfbroer en halfzus; waar voorouders onbekend zijn zijn het er meer dan er te zien zijn."},
+    {"% of the animals", "% van de dieren"}};
+constexpr Wording close_names[] = {{"F above 6.25 %", "F boven 6,25 %"}, {"F above 12.5 %", "F boven 12,5 %"}};
 
 constexpr ChartTexts matings_texts = {
     "close-matings",
@@ -83,11 +91,11 @@ std::vector<Value> values_of(const PageFrame& frame, ValueOf&& value_of) {
 }  // namespace
 
 Chart gene_diversity_chart(const PageFrame& frame) {
-  constexpr int decimals = 4;
+  constexpr int decimals = 2;
   Chart chart = make_year_chart(frame, ChartKind::stacked_bars, gene_diversity_texts);
   const auto add = [&](const Wording& name, std::optional<double> (Cohort::*value)() const) {
-    add_series(chart, frame.text(name), values_of(frame, [value](const Cohort& cohort) { return (cohort.*value)(); }),
-               decimals);
+    const auto values = values_of(frame, [value](const Cohort& cohort) { return (cohort.*value)(); });
+    add_series(chart, frame.text(name), in_percent(values), decimals);
   };
   add(left_name, &Cohort::gene_diversity);
   add(lost_by_founders_name, &Cohort::lost_by_founders);
@@ -95,11 +103,27 @@ Chart gene_diversity_chart(const PageFrame& frame) {
   return chart;
 }
 
+Chart close_young_chart(const PageFrame& frame) {
+  constexpr double percent = 100.0;
+  constexpr std::array<std::size_t, 2> first_classes = {2, 3};  // to 12.5 %, to 25 %
+  Chart chart = make_year_chart(frame, ChartKind::lines, close_young_texts);
+  for (std::size_t k = 0; k < first_classes.size(); ++k) {
+    const auto share = [&](const Cohort& cohort) {
+      std::int64_t above = 0;
+      for (std::size_t c = first_classes[k]; c < inbreeding_classes; ++c) above += cohort.sums.classes[c];
+      return Value(percent * static_cast<double>(above) / static_cast<double>(cohort.sums.animals));
+    };
+    add_series(chart, frame.text(close_names[k]), values_of(frame, share), 1);
+  }
+  add_rule_year(chart, frame);
+  return chart;
+}
+
 Chart inbreeding_classes_chart(const PageFrame& frame) {
   Chart chart = make_year_chart(frame, ChartKind::stacked_bars, classes_texts);
   for (std::size_t k = 0; k < inbreeding_classes; ++k) {
     const auto count = [k](const Cohort& cohort) { return Value(static_cast<double>(cohort.sums.classes[k])); };
-    add_series(chart, frame.text(class_names[k]), values_of(frame, count), 0);
+    add_series(chart, frame.text(class_names[k]), values_of(frame, count), 0, {Palette::ordered, k + 1});
   }
   return chart;
 }
@@ -114,8 +138,9 @@ Chart close_matings_chart(const PageFrame& frame) {
       if (cohort.sums.matings == 0) return Value();
       return Value(percent * static_cast<double>(cohort.sums.matings_of[k]) / static_cast<double>(cohort.sums.matings));
     };
-    add_series(chart, frame.text(kin_names[k]), values_of(frame, share), 2);
+    add_series(chart, frame.text(kin_names[k]), values_of(frame, share), 2, {Palette::ordered, 6 - 2 * k});
   }
+  add_rule_year(chart, frame);
   return chart;
 }
 

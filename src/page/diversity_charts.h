@@ -9,6 +9,9 @@ namespace pedigreewatch {
 /// What is left of the founders' diversity and what has been lost, by birth year.
 Chart gene_diversity_chart(const PageFrame& frame);
 
+/// The share of the young with F above 6.25 and above 12.5 %.
+Chart close_young_chart(const PageFrame& frame);
+
 /// Animals by classes of F.
 Chart inbreeding_classes_chart(const PageFrame& frame);
 

@@ -115,14 +115,15 @@ constexpr Wording from_pairs = {"from {1} pairs of animals", "uit {1} paren dier
 constexpr Wording from_sample = {"from {1} pairs of animals, error below 0.2 %",
                                  "uit {1} paren dieren, fout onder 0,2 %"};
 
-constexpr ChartTexts ancestors_texts = {
-    "ancestors",
-    {"The ancestors that contribute most", "De voorouders die het meest bijdragen"},
-    {"A bar is the part of the genes of the reference population that an ancestor explains beyond those before it, the largest first.",
-     "Een balk is het deel van de genen van de referentiepopulatie dat een voorouder verklaart buiten wat de vorige al verklaren, de grootste eerst."},
-    {"share (0 to 1)", "aandeel (0 tot 1)"}};
-constexpr Wording rank_heading = {"Rank", "Plaats"}, ancestor_heading = {"Ancestor", "Voorouder"};
-constexpr Wording share_heading = {"share", "aandeel"}, sum_heading = {"together", "samen"};
+constexpr Wording ancestors_title = {"The ancestors that contribute most", "De voorouders die het meest bijdragen"};
+constexpr Wording ancestors_reading = {
+    "A share is the part of the genes of the reference population that an ancestor explains beyond those before it, the largest first.",
+    "Een aandeel is het deel van de genen van de referentiepopulatie dat een voorouder verklaart buiten wat de vorige al verklaren, de grootste eerst."};
+constexpr Wording ancestor_headings[] = {{"Ancestor", "Voorouder"},    {"Animal", "Dier"},
+                                         {"Sex", "Geslacht"},          {"Born", "Geboren"},
+                                         {"Share (%)", "Aandeel (%)"}, {"Together (%)", "Samen (%)"},
+                                         {"Drawn", "Getekend"}};
+constexpr Wording male_word = {"male", "mannelijk"}, female_word = {"female", "vrouwelijk"};
 constexpr Wording unknown_parent_of = {"unknown parent of {1}", "onbekende ouder van {1}"};
 
 constexpr Wording paths_caption = {"Generation intervals on the four paths, all years",
@@ -217,24 +218,34 @@ FigureTable figures_table(const PageFrame& frame, const Diversity& diversity) {
   return table;
 }
 
-Chart ancestors_chart(const PageFrame& frame, const Diversity& diversity) {
-  Chart chart = make_chart(frame, ChartKind::stacked_bars, ancestors_texts, rank_heading);
-  std::vector<std::string> names;
-  std::vector<Value> shares, sums;
+/// Who an ancestor is: name, identification, sex, year of birth.
+FigureTable::FigureRow ancestor_row(const PageFrame& frame, const MainAncestor& ancestor) {
+  const PopulationStore& store = frame.store();
+  const AnimalWords words = words_of_animal(frame, ancestor.position);
+  const std::string none(no_figure);
+  if (ancestor.is_unknown_parent) {
+    return {phrase(unknown_parent_of, frame.language, {words.name}), {words.id, none, none}};
+  }
+  const std::int32_t year = store.birth_year[ancestor.position];
+  return {words.name,
+          {words.id, frame.text(store.sex[ancestor.position] == male ? male_word : female_word),
+           year == 0 ? none : std::to_string(year)}};
+}
+
+NamedBars ancestor_bars(const PageFrame& frame, const Diversity& diversity) {
+  constexpr double percent = 100.0;
+  NamedBars bars{"ancestors", frame.text(ancestors_title), frame.text(ancestors_reading), {}, {}, std::nullopt};
+  for (const Wording& heading : ancestor_headings) bars.figures.headings.push_back(frame.text(heading));
   double sum = 0.0;
   for (const MainAncestor& ancestor : diversity.main_ancestors) {
-    add_place(chart, std::to_string(names.size() + 1));
-    const std::string id = data_text(frame.store().id(ancestor.position));
-    names.push_back(ancestor.is_unknown_parent ? phrase(unknown_parent_of, frame.language, {id}) : id);
-    shares.emplace_back(ancestor.contribution);
-    sums.emplace_back(sum += ancestor.contribution);
+    sum += ancestor.contribution;
+    bars.shares.push_back(ancestor.contribution);
+    FigureTable::FigureRow& row = bars.figures.rows.emplace_back(ancestor_row(frame, ancestor));
+    for (const double share : {ancestor.contribution, sum}) {
+      row.cells.push_back(report_figure(percent * share, 2, frame.language));
+    }
   }
-  chart.first_number = 1;
-  chart.shows_figures = true;
-  add_text_column(chart, frame.text(ancestor_heading), names);
-  add_series(chart, frame.text(share_heading), shares, 4);
-  add_column(chart, frame.text(sum_heading), sums, 4);
-  return chart;
+  return bars;
 }
 
 FigureTable paths_table(const PageFrame& frame, const Diversity& diversity) {
@@ -261,13 +272,18 @@ void write_diversity(std::string& page, const PageFrame& frame) {
   } else {
     page += "<p>" + escaped(about(frame, diversity.reference)) + "</p>\n";
     write_figure_table(page, figures_table(frame, diversity), frame.text(figures_caption));
-    if (!diversity.main_ancestors.empty()) write_chart(page, ancestors_chart(frame, diversity), frame.language);
   }
   write_figure_table(page, paths_table(frame, diversity), frame.text(paths_caption));  // of the whole population
   if (frame.input.figures == nullptr || frame.years.count() == 0) return;
-  for (Chart (*const make)(const PageFrame&) : {gene_diversity_chart, inbreeding_classes_chart, close_matings_chart}) {
+  for (Chart (*const make)(const PageFrame&) : {gene_diversity_chart, inbreeding_classes_chart}) {
     write_chart(page, make(frame), frame.language);
   }
+}
+
+void write_main_ancestors(std::string& page, const PageFrame& frame) {
+  const Diversity* const diversity = frame.input.diversity;
+  if (diversity == nullptr || diversity->main_ancestors.empty()) return;
+  write_named_bars(page, ancestor_bars(frame, *diversity));
 }
 
 }  // namespace pedigreewatch

@@ -6,11 +6,14 @@
 #include <array>
 #include <iterator>
 #include <numeric>
+#include <optional>
+#include <string_view>
 
 #include "core/by_number.h"
 #include "genetics/subpopulation_kinship.h"
 #include "page/chart_making.h"
 #include "page/inbreeding_charts.h"
+#include "text/folded_words.h"
 
 namespace pedigreewatch {
 namespace {
@@ -45,24 +48,20 @@ constexpr ChartTexts subpopulations_texts = {
     {"A bar is the animals of a year that belong to a listed subpopulation, divided by subpopulation.",
      "Een balk is de dieren van een jaar die tot een genoemde subpopulatie horen, verdeeld naar subpopulatie."},
     number_of_animals};
-constexpr ChartTexts inbreeding_within_texts = {
-    "within-F",
-    {"Inbreeding within subpopulations", "Inteelt binnen subpopulaties"},
-    {"The mean F of the animals of each subpopulation, in years with two or more of them; at most the eight largest are shown.",
-     "De gemiddelde F van de dieren van elke subpopulatie, in jaren met twee of meer dieren; hoogstens de acht grootste staan er."},
-    {"F (0 to 1)", "F (0 tot 1)"}};
-constexpr ChartTexts kinship_within_texts = {
-    "within-f",
-    {"Kinship within subpopulations", "Verwantschap binnen subpopulaties"},
-    {"The mean kinship f (without self) of the animals of each subpopulation: the higher, the fewer mates are left that are not related.",
-     "De gemiddelde verwantschap f (zonder zelf) van de dieren van elke subpopulatie: hoe hoger, hoe minder partners er overblijven die geen familie zijn."},
-    {"f (0 to 1)", "f (0 tot 1)"}};
+constexpr ChartTexts within_texts = {
+    "within",
+    {"Inbreeding and kinship within subpopulations", "Inteelt en verwantschap binnen subpopulaties"},
+    {"The mean F of the animals of each subpopulation, and their mean kinship f (without self), in years with two or more of them: the higher f, the fewer mates are left that are not related. At most the eight largest are shown.",
+     "De gemiddelde F van de dieren van elke subpopulatie, en hun gemiddelde verwantschap f (zonder zelf), in jaren met twee of meer dieren: hoe hoger f, hoe minder partners er overblijven die geen familie zijn. Hoogstens de acht grootste staan er."},
+    {"%", "%"}};
+constexpr Wording F_of = {"F, {1}", "F, {1}"}, f_of = {"f, {1}", "f, {1}"};
+constexpr Wording F_word = {"F", "F"}, f_word = {"f, without self", "f, zonder zelf"};
 constexpr ChartTexts kinship_between_texts = {
     "between",
     {"Kinship between subpopulations", "Verwantschap tussen subpopulaties"},
     {"The mean kinship f of the animals of two subpopulations, half the relationship a that the report's table has; at most eight pairs of the largest are shown.",
      "De gemiddelde verwantschap f van de dieren van twee subpopulaties, de helft van de verwantschap a in de tabel van de uitvoer; hoogstens acht paren van de grootste staan er."},
-    {"f (0 to 1)", "f (0 tot 1)"}};
+    {"%", "%"}};
 constexpr Wording size_headings[] = {{"Subpopulation", "Subpopulatie"},
                                      {"Generation interval", "Generatie-interval"},
                                      {"Ne, F, first and last year", "Ne, F, eerste en laatste jaar"},
@@ -175,18 +174,53 @@ std::vector<Value> kinship_of_pair(const PageFrame& frame, std::int32_t first, s
   });
 }
 
-/// A line for each of the largest subpopulations, from the columns that `column_of` names.
-Chart within_chart(const PageFrame& frame, const ChartTexts& texts, std::int64_t (*column_of)(std::int64_t)) {
-  Chart chart = make_year_chart(frame, ChartKind::lines, texts);
-  const Subpopulations& subpopulations = subpopulations_of(frame);
-  for (const std::int32_t k : largest_subpopulations(frame)) {
-    const auto values = by_year(frame, [&](Row row) {
-      const bool is_known = count_subpopulations(frame, row)[subpopulations.first_numbers.at(k)] > 1;
-      return known_if(is_known, std::max(frame.extras().kinship.value(row, column_of(k)), 0.0F));
-    });
-    add_series(chart, name_of(frame, k), values, 4);
+/// One of the two figures of a subpopulation, in per cent.
+std::vector<Value> within(const PageFrame& frame, std::int32_t k, std::int64_t column) {
+  return in_percent(by_year(frame, [&](Row row) {
+    const bool is_known = count_subpopulations(frame, row)[subpopulations_of(frame).first_numbers.at(k)] > 1;
+    return known_if(is_known, std::max(frame.extras().kinship.value(row, column), 0.0F));
+  }));
+}
+
+// ---- colours of coats ------------------------------------------------------------------------------------------
+
+/// The colours of coats that have one of their own, by words of several languages, folded.
+constexpr auto coat_words = std::to_array<std::array<std::string_view, 7>>({
+    {"white", "wit", "witte", "weiss", "blanc", "blanche", "snow"},
+    {"cream", "creme", "ivoor", "ivory", "beige", "creamy", "creamcolored"},
+    {"yellow", "geel", "gele", "fawn", "gelb", "blond", "blonde"},
+    {"red", "rood", "rode", "rot", "roux", "vos", "chestnut"},
+    {"brown", "bruin", "bruine", "braun", "brun", "chocolate", "liver"},
+    {"grey", "gray", "grijs", "grijze", "grau", "gris", "silver"},
+    {"blue", "blauw", "blauwe", "blau", "bleu", "lilac", "lila"},
+    {"black", "zwart", "zwarte", "schwarz", "noir", "noire", "ebony"},
+});
+
+/// The number of the coat that the words of a name tell of; none where they tell of none or of several.
+std::optional<std::size_t> coat_of(std::string_view name) {
+  std::optional<std::size_t> coat;
+  for (std::size_t begin = 0; begin < name.size();) {
+    const std::size_t end = std::min(name.find_first_of(" -/,", begin), name.size());
+    const std::string word = folded(name.substr(begin, end - begin));
+    for (std::size_t k = 0; k < coat_words.size(); ++k) {
+      if (!is_among(word, coat_words[k])) continue;
+      if (coat && *coat != k) return std::nullopt;
+      coat = k;
+    }
+    begin = end + 1;
   }
-  return chart;
+  return coat;
+}
+
+/// Each coat colour to the first layer that is called so.
+void paint_coats(Chart& chart) {
+  std::array<bool, coat_words.size()> is_taken = {};
+  for (Series& series : chart.series) {
+    const std::optional<std::size_t> coat = coat_of(series.name);
+    if (!coat || is_taken[*coat]) continue;
+    is_taken[*coat] = true;
+    series.paint = {Palette::coat, coat};
+  }
 }
 
 }  // namespace
@@ -201,6 +235,8 @@ Chart colours_chart(const PageFrame& frame) {
     layers.names[k] = left > added.size() ? data_text(names[k].trimmed()) : frame.text(added[added.size() - left]);
   }
   add_layers(chart, layers, frame.text(all_others));
+  paint_coats(chart);
+  chart.is_folded = true;
   return chart;
 }
 
@@ -209,6 +245,7 @@ Chart breeders_chart(const PageFrame& frame) {
   Chart chart = make_year_chart(frame, ChartKind::stacked_bars, breeders_texts);
   const std::vector<std::int32_t> breeders = largest_breeders(count_breeders(frame.store()), most_listed);
   add_layers(chart, without_empty(count_layers(frame, breeders)), frame.text(all_others));
+  chart.is_folded = true;
   return chart;
 }
 
@@ -236,12 +273,19 @@ Chart subpopulations_chart(const PageFrame& frame) {
   return chart;
 }
 
-Chart inbreeding_within_chart(const PageFrame& frame) {
-  return within_chart(frame, inbreeding_within_texts, inbreeding_column);
-}
-
-Chart kinship_within_chart(const PageFrame& frame) {
-  return within_chart(frame, kinship_within_texts, kinship_column);
+Chart within_chart(const PageFrame& frame) {
+  constexpr int decimals = 2;
+  Chart chart = make_year_chart(frame, ChartKind::lines, within_texts);
+  for (const std::int32_t k : largest_subpopulations(frame)) {
+    const std::string name = name_of(frame, k);
+    Chart panel = make_panel(chart, ChartKind::lines, name, chart.unit);
+    const std::vector<Value> F = within(frame, k, inbreeding_column(k)), f = within(frame, k, kinship_column(k));
+    add_column(chart, phrase(F_of, frame.language, {name}), F, decimals);
+    add_column(chart, phrase(f_of, frame.language, {name}), f, decimals);
+    panel.series = {{frame.text(F_word), F}, {frame.text(f_word), f}};
+    chart.panels.push_back(std::move(panel));
+  }
+  return chart;
 }
 
 Chart kinship_between_chart(const PageFrame& frame) {
@@ -250,9 +294,10 @@ Chart kinship_between_chart(const PageFrame& frame) {
   for (std::size_t i = 0; i < largest.size(); ++i) {
     for (std::size_t j = i + 1; j < largest.size() && chart.series.size() < most_lines; ++j) {
       const std::string name = name_of(frame, largest[i]) + " - " + name_of(frame, largest[j]);
-      add_series(chart, name, kinship_of_pair(frame, largest[i], largest[j]), 4);
+      add_series(chart, name, in_percent(kinship_of_pair(frame, largest[i], largest[j])), 2);
     }
   }
+  chart.is_folded = true;
   return chart;
 }
 

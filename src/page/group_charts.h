@@ -18,8 +18,9 @@ Chart breeders_chart(const PageFrame& frame);
 FigureTable breeders_table(const PageFrame& frame);
 
 Chart subpopulations_chart(const PageFrame& frame);
-Chart inbreeding_within_chart(const PageFrame& frame);
-Chart kinship_within_chart(const PageFrame& frame);
+
+/// F and kinship within each subpopulation, a panel each.
+Chart within_chart(const PageFrame& frame);
 
 /// Kinships: half the relationships of the report's table, each with its pair also in years in which a subpopulation is
 /// passed over.

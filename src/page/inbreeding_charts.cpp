@@ -15,27 +15,20 @@ namespace {
 constexpr ChartTexts inbreeding_texts = {
     "inbreeding",
     {"Inbreeding and kinship", "Inteelt en verwantschap"},
-    {"F is the mean inbreeding of the animals born in a year and f the mean kinship of each two of them; the line of the parents ends one generation interval before the last year, because later animals are still to become parents.",
-     "F is de gemiddelde inteelt van de dieren die in een jaar geboren zijn en f de gemiddelde verwantschap van elke twee van hen; de lijn van de ouders eindigt een generatie-interval v\xC3\xB3\xC3\xB3r het laatste jaar, omdat latere dieren nog ouder moeten worden."},
-    {"F, f (0 to 1)", "F, f (0 tot 1)"}};
+    {"F is the mean inbreeding of the animals born in a year and f the mean kinship of each two of them; the line of the parents ends one generation interval before the last year, because later animals are still to become parents. Straight lines: how fast F rose in each period, in per cent per generation; more than 1 % is commonly held to be too fast.",
+     "F is de gemiddelde inteelt van de dieren die in een jaar geboren zijn en f de gemiddelde verwantschap van elke twee van hen; de lijn van de ouders eindigt een generatie-interval v\xC3\xB3\xC3\xB3r het laatste jaar, omdat latere dieren nog ouder moeten worden. Rechte lijnen: hoe snel F in elke periode steeg, in procenten per generatie; meer dan 1 % geldt algemeen als te snel."},
+    {"%", "%"}};
 constexpr Wording F_all = {"F, all animals", "F, alle dieren"};
 constexpr Wording f_with = {"f, self included", "f, inclusief zelf"};
 constexpr Wording f_without = {"f, without self", "f, zonder zelf"};
 constexpr Wording f_parents = {"f, parents", "f, ouders"};
-constexpr Wording f_fathers = {"f, fathers", "f, vaders"};
-constexpr Wording f_mothers = {"f, mothers", "f, moeders"};
+constexpr Wording f_sires = {"f, sires", "f, vaders"};
+constexpr Wording f_dams = {"f, dams", "f, moeders"};
 
-constexpr ChartTexts period_texts = {
-    "periods",
-    {"Rate of inbreeding per generation, by period", "Inteelttoename per generatie, per periode"},
-    {"How fast F and f (self included) rose within each period; above 1 % per generation is commonly held to be too fast, below half a per cent to be sustainable.",
-     "Hoe snel F en f (inclusief zelf) in elke periode stegen; meer dan 1 % per generatie geldt algemeen als te snel, minder dan een half procent als duurzaam."},
-    {"% per generation", "% per generatie"}};
 constexpr Wording period_heading = {"Period", "Periode"};
 constexpr Wording F_rate = {"F, all animals (%)", "F, alle dieren (%)"};
 constexpr Wording f_rate = {"f, self included (%)", "f, inclusief zelf (%)"};
-
-constexpr Wording outside_chart = {"{1}: {2} is {3}, outside of the chart", "{1}: {2} is {3}, buiten de grafiek"};
+constexpr Wording slope_text = {"{1} %", "{1} %"};
 
 constexpr Wording way_heading = {"Rise of", "Toename van"};
 constexpr Wording ways[] = {{"F, third and last year", "F, derde en laatste jaar"},
@@ -71,19 +64,44 @@ std::vector<Value> kinship_by_year(const PageFrame& frame, float InbreedingRow::
   });
 }
 
-/// Rates of the first years, with few known ancestors, may be so far off that no other one could be read beside them.
-void mark_rates_outside(Chart& chart, ToolLanguage language) {
-  constexpr double lowest = -5.0, highest = 10.0;
-  for (Series& series : chart.series) {
-    for (std::size_t place = 0; place < series.values.size(); ++place) {
-      Value& value = series.values[place];
-      if (!value || (*value >= lowest && *value <= highest)) continue;
-      chart.marks.push_back(
-          {place, *value < lowest ? lowest : highest,
-           phrase(outside_chart, language, {chart.places[place], series.name, report_figure(*value, 3, language)})});
-      value.reset();
-    }
+/// The mean place and the mean of what is drawn of some years.
+struct MeanPoint {
+  double place = 0.0, value = 0.0;
+  std::int64_t years = 0;
+};
+
+MeanPoint mean_point(const std::vector<Value>& values, std::size_t first, std::size_t last) {
+  MeanPoint mean;
+  for (std::size_t place = first; place <= last; ++place) {
+    if (!values[place]) continue;
+    mean.place += static_cast<double>(place);
+    mean.value += *values[place];
+    ++mean.years;
   }
+  if (mean.years == 0) return mean;
+  mean.place /= static_cast<double>(mean.years);
+  mean.value /= static_cast<double>(mean.years);
+  return mean;
+}
+
+/// The rise of F of a period, from the report's rate, through the mean of its years. Rates of years with few animals or
+/// few known ancestors may be so far off that they would press everything else flat: they stand in the table alone.
+void add_slope(Chart& chart, const PageFrame& frame, const PeriodRate& period) {
+  constexpr double lowest = -5.0, highest = 10.0;
+  const double rate = static_cast<double>(period.F);
+  const double interval = static_cast<double>(frame.whole().interval.generation_interval);
+  if (period.first < frame.years.first || !(rate >= lowest && rate <= highest) || !(interval > 0.0)) return;
+  const std::size_t first = static_cast<std::size_t>(period.first - frame.years.first);
+  const std::size_t last = static_cast<std::size_t>(period.last - frame.years.first);
+  const MeanPoint mean = mean_point(chart.series.front().values, first, last);
+  if (mean.years < 2) return;
+  constexpr double hundred = 100.0;
+  const double a_year = rate / interval * (1.0 - mean.value / hundred);
+  const auto height = [&](std::size_t place) {
+    return std::max(0.0, mean.value + a_year * (static_cast<double>(place) - mean.place));
+  };
+  chart.slopes.push_back({first, last, height(first), height(last),
+                          phrase(slope_text, frame.language, {report_figure(rate, 1, frame.language)})});
 }
 
 }  // namespace
@@ -91,42 +109,43 @@ void mark_rates_outside(Chart& chart, ToolLanguage language) {
 Chart inbreeding_chart(const PageFrame& frame) {
   Chart chart = make_year_chart(frame, ChartKind::lines, inbreeding_texts);
   const auto animals = [&](Row row) { return std::ssize(frame.animals(row)); };
-  const auto fathers = [&](Row row) { return parents_of(frame, row, male); };
-  const auto mothers = [&](Row row) { return parents_of(frame, row, female); };
-  const auto parents = [&](Row row) { return fathers(row) + mothers(row); };
+  const auto sires = [&](Row row) { return parents_of(frame, row, male); };
+  const auto dams = [&](Row row) { return parents_of(frame, row, female); };
+  const auto parents = [&](Row row) { return sires(row) + dams(row); };
   const auto any_animal = [&](Row row) { return animals(row) > 0 ? 2 : 0; };
-  constexpr int decimals = 4;
-  add_series(chart, frame.text(F_all), kinship_by_year(frame, &InbreedingRow::F, any_animal), decimals);
-  add_column(chart, frame.text(f_with), kinship_by_year(frame, &InbreedingRow::f_with_self, any_animal), decimals);
-  add_series(chart, frame.text(f_without), kinship_by_year(frame, &InbreedingRow::f_without_self, animals), decimals);
-  std::vector<Value> of_parents = kinship_by_year(frame, &InbreedingRow::f_of_parents, parents);
+  constexpr int decimals = 2;
+  const auto percent = [&](float InbreedingRow::*kinship, auto&& count_of) {
+    return in_percent(kinship_by_year(frame, kinship, count_of));
+  };
+  add_series(chart, frame.text(F_all), percent(&InbreedingRow::F, any_animal), decimals);
+  add_column(chart, frame.text(f_with), percent(&InbreedingRow::f_with_self, any_animal), decimals);
+  add_series(chart, frame.text(f_without), percent(&InbreedingRow::f_without_self, animals), decimals);
+  std::vector<Value> of_parents = percent(&InbreedingRow::f_of_parents, parents);
   add_series(chart, frame.text(f_parents), of_parents, decimals);
   std::vector<Value>& drawn = chart.series.back().values;
   for (Row row = std::max(frame.years.first, last_row_of_parents(frame) + 1); row <= frame.years.last; ++row) {
     drawn[static_cast<std::size_t>(row - frame.years.first)].reset();  // the table has these years too
   }
-  add_column(chart, frame.text(f_fathers), kinship_by_year(frame, &InbreedingRow::f_of_fathers, fathers), decimals);
-  add_column(chart, frame.text(f_mothers), kinship_by_year(frame, &InbreedingRow::f_of_mothers, mothers), decimals);
+  add_column(chart, frame.text(f_sires), percent(&InbreedingRow::f_of_fathers, sires), decimals);
+  add_column(chart, frame.text(f_dams), percent(&InbreedingRow::f_of_mothers, dams), decimals);
+  for (const PeriodRate& period : frame.whole().periods.periods) add_slope(chart, frame, period);
+  add_rule_year(chart, frame);
   mark_lone_first_year(chart, frame);
   mark_rises(chart, frame);
   return chart;
 }
 
-Chart period_rates_chart(const PageFrame& frame) {
-  Chart chart = make_chart(frame, ChartKind::lines, period_texts, period_heading);
-  std::vector<Value> F, f;
+FigureTable period_rates_table(const PageFrame& frame) {
+  constexpr int decimals = 3;
+  FigureTable table;
+  table.headings = {frame.text(period_heading), frame.text(F_rate), frame.text(f_rate)};
   for (const PeriodRate& period : frame.whole().periods.periods) {
     if (period.first < frame.years.first) continue;
-    add_place(chart, frame.year(period.first) + "-" + frame.year(period.last));
-    F.push_back(known_if(true, period.F));
-    f.push_back(known_if(true, period.f));
+    table.rows.push_back({frame.year(period.first) + "-" + frame.year(period.last),
+                          {report_figure(static_cast<double>(period.F), decimals, frame.language),
+                           report_figure(static_cast<double>(period.f), decimals, frame.language)}});
   }
-  constexpr int decimals = 3;
-  add_series(chart, frame.text(F_rate), F, decimals);
-  add_series(chart, frame.text(f_rate), f, decimals);
-  mark_rates_outside(chart, frame.language);
-  chart.references = {{0.5, "0.5 %: Ne 100"}, {1.0, "1 %: Ne 50"}};
-  return chart;
+  return table;
 }
 
 bool is_estimable(const PageFrame& frame, const GenerationRate& rate) {

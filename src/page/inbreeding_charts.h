@@ -10,7 +10,9 @@
 namespace pedigreewatch {
 
 Chart inbreeding_chart(const PageFrame& frame);
-Chart period_rates_chart(const PageFrame& frame);
+
+/// The rates of the periods, as the report has them.
+FigureTable period_rates_table(const PageFrame& frame);
 
 /// Whether an effective size says anything: a finite number above 0 that is not beyond all populations.
 bool is_estimable(const PageFrame& frame, const GenerationRate& rate);

@@ -1,12 +1,15 @@
-// The order of the page. A section whose subject the data do not have is left out, and so is its place in the contents.
+// The order of the page: how the breed stands, why, what can be done, then the details. A section whose subject the
+// data do not have is left out, and so is its place in the contents.
 
 #include "page/page.h"
 
+#include <initializer_list>
 #include <vector>
 
 #include "page/animal_charts.h"
 #include "page/chart_drawing.h"
 #include "page/chart_figure.h"
+#include "page/diversity_charts.h"
 #include "page/group_charts.h"
 #include "page/inbreeding_charts.h"
 #include "page/page_frame.h"
@@ -22,6 +25,8 @@ constexpr Wording no_years = {"No animal has a year of birth: there is nothing t
                               "Van geen enkel dier is het geboortejaar bekend: er is niets per jaar te tonen."};
 constexpr Wording sizes_caption = {"Effective population size in four ways",
                                    "Effectieve populatiegrootte op vier manieren"};
+constexpr Wording periods_caption = {"Rate of inbreeding per generation, by period",
+                                     "Inteelttoename per generatie, per periode"};
 constexpr Wording breeders_caption = {"The breeders with the most animals", "De fokkers met de meeste dieren"};
 constexpr Wording subpopulations_caption = {"Effective size of the subpopulations",
                                             "Effectieve grootte van de subpopulaties"};
@@ -29,42 +34,50 @@ constexpr Wording made_by = {
     "Made by pedigreewatch-tools page. Figures are those of the report; docs/page.md explains every chart.",
     "Gemaakt door pedigreewatch-tools page. De cijfers zijn die van de uitvoer; docs/page.md legt elke grafiek uit."};
 
+void write_charts(std::string& page, const PageFrame& frame,
+                  std::initializer_list<Chart (*)(const PageFrame&)> makers) {
+  for (Chart (*const make)(const PageFrame&) : makers) write_chart(page, make(frame), frame.language);
+}
+
+/// Why, by what the young are, then by who their parents are.
 void write_inbreeding_section(std::string& page, const PageFrame& frame) {
-  write_chart(page, inbreeding_chart(frame), frame.language);
+  write_charts(page, frame, {inbreeding_chart});
+  if (frame.input.figures != nullptr) write_charts(page, frame, {close_young_chart, close_matings_chart});
+}
+
+void write_use_section(std::string& page, const PageFrame& frame) {
+  write_charts(page, frame, {top_sires_chart});
+  const Standing* const standing = frame.input.standing;
+  if (standing != nullptr && !standing->sires.parents.empty()) write_named_bars(page, recent_sires(frame));
+  write_charts(page, frame, {parents_used_chart});
+  write_main_ancestors(page, frame);
+}
+
+void write_rates_section(std::string& page, const PageFrame& frame) {
   write_figure_table(page, effective_size_table(frame, frame.whole().rates), frame.text(sizes_caption));
-  if (!frame.whole().periods.periods.empty()) write_chart(page, period_rates_chart(frame), frame.language);
+  const FigureTable periods = period_rates_table(frame);
+  if (!periods.rows.empty()) write_folded_table(page, periods, frame.text(periods_caption));
 }
 
 void write_animals_section(std::string& page, const PageFrame& frame) {
-  for (Chart (*const make)(const PageFrame&) : {births_chart, litters_chart, litter_mean_chart, litter_sizes_chart}) {
-    write_chart(page, make(frame), frame.language);
-  }
-  if (frame.store().has_import) write_chart(page, imports_chart(frame), frame.language);
-}
-
-void write_parents_section(std::string& page, const PageFrame& frame) {
-  for (Chart (*const make)(const PageFrame&) : {interval_chart, parent_ages_chart, top_sires_chart}) {
-    write_chart(page, make(frame), frame.language);
-  }
+  write_charts(page, frame, {births_chart, litters_chart});
+  if (frame.store().has_import) write_charts(page, frame, {imports_chart});
+  write_charts(page, frame, {interval_chart, parent_ages_chart});
 }
 
 void write_completeness_section(std::string& page, const PageFrame& frame) {
-  write_chart(page, equivalent_generations_chart(frame), frame.language);
-  write_chart(page, complete_generations_chart(frame), frame.language);
+  write_charts(page, frame, {completeness_chart});
 }
 
 void write_names_section(std::string& page, const PageFrame& frame) {
   if (frame.store().has_colour) write_chart(page, colours_chart(frame), frame.language);
   if (!frame.store().has_breeder) return;
   write_chart(page, breeders_chart(frame), frame.language);
-  write_figure_table(page, breeders_table(frame), frame.text(breeders_caption));
+  write_folded_table(page, breeders_table(frame), frame.text(breeders_caption));
 }
 
 void write_subpopulations_section(std::string& page, const PageFrame& frame) {
-  for (Chart (*const make)(const PageFrame&) :
-       {subpopulations_chart, inbreeding_within_chart, kinship_within_chart, kinship_between_chart}) {
-    write_chart(page, make(frame), frame.language);
-  }
+  write_charts(page, frame, {subpopulations_chart, within_chart, kinship_between_chart});
   if (frame.input.subpopulations.empty()) return;
   write_figure_table(page, subpopulation_sizes_table(frame), frame.text(subpopulations_caption));
 }
@@ -84,20 +97,19 @@ constexpr Section sections[] = {
      {"How the breed stands", "Hoe het ras ervoor staat"},
      write_standing,
      [](const PageFrame& frame) { return frame.input.standing != nullptr && has_years(frame); }},
-    {"summary", {"Summary", "Samenvatting"}, write_summary, [](const PageFrame&) { return true; }},
-    {"rates", {"Inbreeding and effective size", "Inteelt en effectieve grootte"}, write_inbreeding_section, has_years},
-    {"animals", {"Animals and litters", "Dieren en nesten"}, write_animals_section, has_years},
-    {"parents", {"Parents", "Ouders"}, write_parents_section, has_years},
+    {"why", {"Why: inbreeding and kinship", "Waardoor: inteelt en verwantschap"}, write_inbreeding_section, has_years},
+    {"use", {"Why: sires and dams", "Waardoor: vaders en moeders"}, write_use_section, has_years},
+    {"lists", {"What can be done: animals to look at", "Wat kan: dieren om naar te kijken"}, write_lists, has_lists},
+    {"summary",
+     {"Details: summary", "Bijzonderheden: samenvatting"},
+     write_summary,
+     [](const PageFrame&) { return true; }},
+    {"rates", {"Rates and effective size", "Stijging en effectieve grootte"}, write_rates_section, has_years},
+    {"animals", {"Animals, litters and ages", "Dieren, nesten en leeftijden"}, write_animals_section, has_years},
     {"completeness",
      {"How complete the pedigrees are", "Hoe compleet de stambomen zijn"},
      write_completeness_section,
      has_years},
-    {"names",
-     {"Colours and breeders", "Kleurslagen en fokkers"},
-     write_names_section,
-     [](const PageFrame& frame) {
-       return has_years(frame) && (frame.store().has_colour || frame.store().has_breeder);
-     }},
     {"groups",
      {"Subpopulations", "Subpopulaties"},
      write_subpopulations_section,
@@ -108,7 +120,12 @@ constexpr Section sections[] = {
      {"Diversity", "Diversiteit"},
      write_diversity,
      [](const PageFrame& frame) { return frame.input.diversity != nullptr; }},
-    {"lists", {"Animals to look at", "Dieren om naar te kijken"}, write_lists, has_lists},
+    {"names",
+     {"Colours and breeders", "Kleurslagen en fokkers"},
+     write_names_section,
+     [](const PageFrame& frame) {
+       return has_years(frame) && (frame.store().has_colour || frame.store().has_breeder);
+     }},
     {"check", {"What the checks found", "Wat de controles vonden"}, write_findings, [](const PageFrame& frame) {
        return frame.input.check != nullptr;
      }}};

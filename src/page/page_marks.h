@@ -6,8 +6,9 @@
 
 namespace pedigreewatch {
 
-/// Marks each year whose F, the first series, lies more than 0.01 (one percentage point) above that of the calendar
-/// year before. After a year without animals there is nothing to compare with.
+/// Marks spans of years in which F, the first series, in per cent, rose by more than 1 % per generation: over one
+/// generation interval, three years at least, between years with ten animals or more; the five fastest. Without a
+/// generation interval nothing is marked.
 void mark_rises(Chart& chart, const PageFrame& frame);
 
 /// Marks the first year of the data when no animal was born in the year behind it: often a mistyped date.

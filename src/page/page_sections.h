@@ -19,6 +19,9 @@ void write_findings(std::string& page, const PageFrame& frame);
 /// How many findings stop a run or falsify figures, as a sentence for the summary.
 std::string findings_sentence(const PageFrame& frame);
 
+/// The ancestors that contribute most to the reference population, by name; nothing when there are none.
+void write_main_ancestors(std::string& page, const PageFrame& frame);
+
 /// The figures of the reference population.
 void write_diversity(std::string& page, const PageFrame& frame);
 

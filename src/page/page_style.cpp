@@ -9,9 +9,9 @@ namespace pedigreewatch {
 namespace {
 
 constexpr std::string_view style =
-    R"css(.pw{--b:#fff;--t:#1a1a1a;--n:#595959;--g:#dcdcdc;--m:#b00020;--1:#0b5cad;--2:#b3400f;--3:#00705a;--4:#8a3f9c;--5:#6b5900;--6:#3a3a3a;--7:#0a7391;--8:#a8326e;box-sizing:border-box;max-width:62rem;margin:0 auto;padding:1rem;color:var(--t);background:var(--b);font:1rem/1.5 system-ui,"Segoe UI",Roboto,"DejaVu Sans",sans-serif}
+    R"css(.pw{--b:#fff;--t:#1a1a1a;--n:#595959;--g:#dcdcdc;--m:#b00020;--1:#0b5cad;--2:#c04c00;--3:#399cba;--4:#684b56;--5:#532402;--6:#09054d;--7:#b1896d;--8:#16000c;--u1:#dbe9f6;--u2:#b3d0ec;--u3:#7fb2de;--u4:#4b8fcb;--u5:#1f69ad;--u6:#0b4a86;--u7:#06315c;--u8:#031b36;box-sizing:border-box;max-width:62rem;margin:0 auto;padding:1rem;color:var(--t);background:var(--b);font:1rem/1.5 system-ui,"Segoe UI",Roboto,"DejaVu Sans",sans-serif}
 html{color-scheme:light dark}
-@media screen and (prefers-color-scheme:dark){.pw{--b:#15181c;--t:#ececec;--n:#b0b0b0;--g:#3a3f45;--m:#ff8fa0;--1:#6db3f2;--2:#f28e5c;--3:#45c9a5;--4:#cf9be0;--5:#d8c04a;--6:#d0d0d0;--7:#6fd0e6;--8:#f28bb8}}
+@media screen and (prefers-color-scheme:dark){.pw{--b:#15181c;--t:#ececec;--n:#b0b0b0;--g:#3a3f45;--m:#ff8fa0;--1:#6db3f2;--2:#dbae6a;--3:#4b766e;--4:#c0bcc7;--5:#f0eb4f;--6:#e0ffcd;--7:#726700;--8:#5855fa;--u1:#1d3a57;--u2:#27527c;--u3:#3570a6;--u4:#4d8fcb;--u5:#73aadd;--u6:#9cc4ea;--u7:#c3dcf3;--u8:#e6f1fb}}
 .pw h1{font-size:1.7rem;margin:.5rem 0}
 .pw h2{font-size:1.35rem;margin:2.2rem 0 .6rem;padding-top:.6rem;border-top:2px solid var(--g)}
 .pw h3{font-size:1.08rem;margin:0 0 .2rem}
@@ -21,7 +21,10 @@ html{color-scheme:light dark}
 .pw figure{margin:1.2rem 0 1.8rem}
 .pw figure p,.pw .legend,.pw summary,.pw table,.pw output{font-size:.92rem}
 .pw .plot,.pw .scroll{overflow-x:auto}
-.pw .plot svg{display:block;width:100%;min-width:34rem;height:auto}
+.pw .plot{direction:rtl}.pw .plot svg{direction:ltr;display:block;width:100%;min-width:34rem;height:auto}
+.pw .panels{display:grid;grid-template-columns:repeat(auto-fit,minmax(16rem,1fr));gap:.6rem 1.2rem}.pw .panels svg:not(.s){display:block;width:100%;height:auto}.pw .panels p{margin:0}
+.pw .fold>summary{font-weight:600;font-size:1.08rem;margin:.6rem 0}.pw .bars td.bar{width:12rem;padding-right:0}.pw .bar svg{display:block;width:100%;height:.8rem}.pw .bars td{white-space:nowrap}
+.pw svg .w{stroke:var(--t);stroke-width:1.6}.pw svg .t{fill:var(--t)}
 .pw .plot:focus-visible,.pw .scroll:focus-visible,.pw summary:focus-visible{outline:3px solid var(--1);outline-offset:2px}
 .pw output{display:block;min-height:1.5em;font-variant-numeric:tabular-nums}
 .pw .marks strong{color:var(--m)}
@@ -34,7 +37,7 @@ html{color-scheme:light dark}
 .pw .s{width:40px;height:14px;vertical-align:-2px}
 .pw .f{position:absolute}
 .pw svg text{font-size:12px;fill:var(--n)}
-.pw .e{text-anchor:end}.pw .v{paint-order:stroke;stroke:var(--b);stroke-width:4px}.pw .p{text-anchor:middle}
+.pw svg .e{text-anchor:end}.pw .v{paint-order:stroke;stroke:var(--b);stroke-width:4px}.pw .p{text-anchor:middle}
 .pw svg path{fill:none}
 .pw .g{stroke:var(--g)}.pw .a{stroke:var(--n)}.pw .r{stroke:var(--m);stroke-dasharray:2 3}
 .pw .l{stroke-width:2;stroke-linejoin:round}
@@ -46,7 +49,9 @@ html{color-scheme:light dark}
 .pw .l.l2{stroke-dasharray:8 3}.pw .l.l3{stroke-dasharray:2 3}.pw .l.l4{stroke-dasharray:10 3 2 3}.pw .l.l5{stroke-dasharray:5 2}.pw .l.l6{stroke-dasharray:1 4}.pw .l.l7{stroke-dasharray:14 4}.pw .l.l8{stroke-dasharray:6 2 1 2 1 2}
 .pw .c1{fill:var(--1)}.pw .c2{fill:var(--2)}.pw .c3{fill:var(--3)}.pw .c4{fill:var(--4)}.pw .c5{fill:var(--5)}.pw .c6{fill:var(--6)}.pw .c7{fill:var(--7)}.pw .c8{fill:var(--8)}
 .pw .h{stroke:var(--b);stroke-width:1.3;stroke-linecap:round}
-.pw svg .b{stroke:var(--b);stroke-width:.6}
+.pw svg .b{stroke:var(--b);stroke-width:.6}.pw svg .u1,.pw svg .u2{stroke:var(--n);stroke-width:.4}
+.pw svg .u1{fill:var(--u1)}.pw svg .u2{fill:var(--u2)}.pw svg .u3{fill:var(--u3)}.pw svg .u4{fill:var(--u4)}.pw svg .u5{fill:var(--u5)}.pw svg .u6{fill:var(--u6)}.pw svg .u7{fill:var(--u7)}.pw svg .u8{fill:var(--u8)}
+.pw svg [class*="b co"]{stroke:var(--n);stroke-width:.5}.pw svg .co1.b{fill:#fff}.pw svg .co2.b{fill:#f3e6c4}.pw svg .co3.b{fill:#e0b040}.pw svg .co4.b{fill:#a8341c}.pw svg .co5.b{fill:#6a4020}.pw svg .co6.b{fill:#9a9a9a}.pw svg .co7.b{fill:#6d86a4}.pw svg .co8.b{fill:#1c1c1c}
 .pw svg .b1{fill:url(#pw-f1)}.pw svg .b2{fill:url(#pw-f2)}.pw svg .b3{fill:url(#pw-f3)}.pw svg .b4{fill:url(#pw-f4)}.pw svg .b5{fill:url(#pw-f5)}.pw svg .b6{fill:url(#pw-f6)}.pw svg .b7{fill:url(#pw-f7)}.pw svg .b8{fill:url(#pw-f8)}
 .pw .stand *{box-sizing:border-box}.pw .stand{--y0:#9f1d20;--y1:#a86a00;--y2:#1f6b3a;--y3:#555;--v:#fff;--l:#ccd2d8}
 .pw .band{display:grid;grid-template-columns:auto 1fr 15rem;gap:.4rem 1.2rem;align-items:center;border:3px solid var(--y3);border-radius:8px;padding:.7rem 1rem}
@@ -70,7 +75,7 @@ html{color-scheme:light dark}
 .pw .limits{width:100%}.pw .limits tbody th{text-align:left}.pw .limits th[colspan]{font-weight:600;color:var(--n)}.pw .over,.pw .kept{white-space:nowrap;font-weight:600}
 @media screen and (max-width:760px){.pw .band{grid-template-columns:auto 1fr;padding:.7rem}.pw .sign{width:46px;height:46px}.pw .verdict{font-size:1.5rem}.pw .band>div{grid-column:1/3}.pw .band>div:first-of-type{grid-column:2}.pw .sure{border-left:0;border-top:1px solid var(--l);padding:.5rem 0 0}.pw .cards{grid-template-columns:minmax(0,1fr)}.pw .do{order:-1}.pw .ww{display:none}.pw .wn{display:block}.pw .limits th,.pw .limits td{padding:.12rem .3rem}}
 @page{size:A4;margin:11mm}
-@media print{.pw{font-size:10pt;padding:0;max-width:none}.pw nav,.pw output,.pw details:not([open]){display:none}.pw figure,.pw .scroll,.pw tr{break-inside:avoid}.pw h2,.pw h3,.pw caption,.pw thead{break-after:avoid}.pw p,.pw table,.pw .legend{font-size:9.5pt!important}.pw .plot,.pw .scroll{overflow:visible}.pw .plot svg{min-width:0}.pw h1{font-size:14pt;margin:0}.pw header+main>svg+nav+section>h2{font-size:12pt;margin:.2rem 0;padding:0;border:0}.pw .stand{break-after:page;-webkit-print-color-adjust:exact;print-color-adjust:exact}.pw .stand p,.pw .stand table,.pw .stand .s{font-size:7.6pt!important;line-height:1.25;margin:.1rem 0}.pw .stand .verdict{font-size:15pt!important}.pw .stand .fig{font-size:10pt!important}.pw .stand h3{font-size:9.5pt;margin:.3rem 0 .1rem}.pw .band{grid-template-columns:auto 1fr 11rem;padding:.3rem .6rem}.pw .sign{width:42px;height:42px}.pw .cards{gap:.5rem;margin-top:.5rem}.pw .card{padding:.4rem .6rem;break-inside:avoid}.pw .do li{margin-bottom:.2rem;font-size:7.6pt}.pw .stand th,.pw .stand td{padding:.05rem .3rem}}
+@media print{.pw{font-size:10pt;padding:0;max-width:none}.pw nav,.pw output,.pw details:not([open]){display:none}.pw figure,.pw tr,.pw .tile{break-inside:avoid}.pw section>.scroll{break-inside:auto}.pw figure{margin:.5rem 0 .8rem}.pw .plot svg{max-width:155mm}.pw .panels{grid-template-columns:1fr 1fr}.pw .panels>div{break-inside:avoid}.pw h2,.pw h3,.pw caption,.pw thead{break-after:avoid}.pw p,.pw table,.pw .legend{font-size:9.5pt!important}.pw .plot,.pw .scroll{overflow:visible}.pw .plot svg{min-width:0}.pw h1{font-size:14pt;margin:0}.pw header+main>svg+nav+section>h2{font-size:12pt;margin:.2rem 0;padding:0;border:0}.pw .stand{break-after:page;-webkit-print-color-adjust:exact;print-color-adjust:exact}.pw .stand p,.pw .stand table,.pw .stand .s{font-size:7.6pt!important;line-height:1.25;margin:.1rem 0}.pw .stand .verdict{font-size:15pt!important}.pw .stand .fig{font-size:10pt!important}.pw .stand h3{font-size:9.5pt;margin:.3rem 0 .1rem}.pw .band{grid-template-columns:auto 1fr 11rem;padding:.3rem .6rem}.pw .sign{width:42px;height:42px}.pw .cards{gap:.5rem;margin-top:.5rem}.pw .card{padding:.4rem .6rem;break-inside:avoid}.pw .do li{margin-bottom:.2rem;font-size:7.6pt}.pw .stand th,.pw .stand td{padding:.05rem .3rem}}
 )css";
 
 constexpr std::string_view script =
@@ -88,7 +93,7 @@ if(i!==undefined){e.preventDefault();show(i)}})}
 )js";
 
 // Of the bytes above, as `openssl dgst -sha256 -binary | base64` gives them; a test compares.
-constexpr std::string_view style_hash = "0Cqg1sgbveYfCCvfMoWH5cHfZBdGw18Knnd+TaHuhHI=";
+constexpr std::string_view style_hash = "/r1WnKP2Apto1OOIQJxmJtnOEel4u3zjVQWBAwV6MHs=";
 constexpr std::string_view script_hash = "KcbYCxTcr4NdpUOY+gVWj+W/3o1zAqd96Kj/Gvt6Ht4=";
 
 }  // namespace

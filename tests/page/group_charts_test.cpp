@@ -63,11 +63,11 @@ AnalysedPopulation with_subpopulations(int count) {
   return analysed(data, steer);
 }
 
-TEST(WithinChart, HasALineForEightSubpopulations) {
+TEST(WithinChart, HasAPanelForEightSubpopulations) {
   const auto lines = [](int count) {
     const AnalysedPopulation population = with_subpopulations(count);
     const PageInput input{population};
-    return inbreeding_within_chart(make_frame(input)).series.size();
+    return within_chart(make_frame(input)).panels.size();
   };
   EXPECT_EQ(lines(7), 7U);
   EXPECT_EQ(lines(8), 8U);
@@ -81,9 +81,56 @@ TEST(WithinChart, TwoAnimalsOfASubpopulationAreEnough) {
       "id;sire;dam;sex;birthdate;breedtype\na;;;m;02-05-2001;North\nb;;;f;02-05-2001;North\nc;;;m;02-05-2001;South\n",
       steer);
   const PageInput input{population};
-  const Chart chart = kinship_within_chart(make_frame(input));
-  EXPECT_TRUE(chart.series.at(0).values.at(0).has_value());
-  EXPECT_FALSE(chart.series.at(1).values.at(0).has_value());
+  const Chart chart = within_chart(make_frame(input));
+  EXPECT_TRUE(chart.panels.at(0).series.at(1).values.at(0).has_value());
+  EXPECT_FALSE(chart.panels.at(1).series.at(1).values.at(0).has_value());
+}
+
+/// The paints of layers with these colours in the steer file.
+std::vector<Paint> coats(const std::vector<std::string>& names) {
+  SteerLines steer;
+  std::string data = "id;sire;dam;sex;birthdate;colour\n";
+  steer.colours = std::to_string(names.size());
+  for (const std::string& name : names) {
+    steer.colours += "\n" + name;
+    data += name + "1;;;m;02-05-2001;" + name + "\n";
+  }
+  const AnalysedPopulation population = analysed(data, steer);
+  const PageInput input{population};
+  std::vector<Paint> paints;
+  for (const Series& series : colours_chart(make_frame(input)).series) paints.push_back(series.paint);
+  return paints;
+}
+
+TEST(ColoursChart, NaturalColoursAreThoseOfTheCoat) {
+  const std::vector<Paint> paints = coats({"black", "Zwart", "rood-wit", "dark red", "spotted"});
+  EXPECT_EQ(paints.at(0).palette, Palette::coat);
+  EXPECT_EQ(paints.at(0).number, 7U);
+  EXPECT_EQ(paints.at(1).palette, Palette::apart) << "black is taken";
+  EXPECT_EQ(paints.at(2).palette, Palette::apart) << "two colours are none";
+  EXPECT_EQ(paints.at(3).number, 3U);
+  EXPECT_EQ(paints.at(4).palette, Palette::apart);
+}
+
+/// So many litters of one young of a hundred, the others of two.
+Chart litters_of(int ones) {
+  std::string data = "id;sire;dam;sex;birthdate\ns;;;m;02-05-2000\n";
+  for (int k = 0; k < 100; ++k) {
+    const std::string dam = "d" + std::to_string(k);
+    data += dam + ";;;f;02-05-2000\n";
+    for (int young = 0; young < (k < ones ? 1 : 2); ++young) {
+      data += dam + "y" + std::to_string(young) + ";s;" + dam + ";m;02-05-2002\n";
+    }
+  }
+  const AnalysedPopulation population = analysed(data);
+  const PageInput input{population};
+  return litters_chart(make_frame(input));
+}
+
+TEST(LittersChart, SizesAreLeftOutWhereNearlyAllAreOfOne) {
+  EXPECT_EQ(litters_of(95).series.size(), 2U);
+  EXPECT_EQ(litters_of(96).series.size(), 1U);
+  EXPECT_EQ(litters_of(96).series.front().values.back(), Value(100.0));
 }
 
 TEST(ParentAgesChart, AgesAboveFortyAreTakenTogether) {
