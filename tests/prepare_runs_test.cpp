@@ -143,7 +143,7 @@ TEST(PreparedExport, IsShownAndNotWrittenInADryRun) {
 
 TEST(PreparedExport, IsAskedAllQuestionsAtOnce) {
   const WholeRun run =
-      run_program_on({{"export.csv", "nr;sire;father;dam;sex;born\n1;;;;1;04-05-2001\n2;1;1;;2;06-07-2003\n"}},
+      run_program_on({{"export.csv", "key;sire;father;dam;sex;born\n1;;;;1;04-05-2001\n2;1;1;;2;06-07-2003\n"}},
                      prepare_with({}, "export.csv"));
   EXPECT_EQ(run.exit_status, 1);
   for (const char* const option : {"--column id=", "--column sire=NUMBER", "--dates dd-mm-yyyy or --dates mm-dd-yyyy",

@@ -58,11 +58,10 @@ constexpr std::size_t most_columns = 80;
 
 void add_first_lines(JsonText& json, const Preparation& read) {
   constexpr int most_lines = 12;
-  RecordReader reader = read_records(read.text, read.reading.delimiter);
+  RecordReader reader = read_animals(read.text, read.reading.delimiter, read.columns);
   ExportRecord record;
   begin_list(json, "lines");
   for (int count = 0; count < most_lines && next_filled_record(reader, record); ++count) {
-    if (count == 0 && read.columns.has_header) continue;
     begin_list(json);
     for (std::size_t k = 0; k < std::min(record.fields.size(), most_columns); ++k) {
       add_text(json, shown(trimmed(record.fields[k])));

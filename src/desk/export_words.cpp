@@ -136,6 +136,11 @@ constexpr std::array<EvidenceWording, remark_kind_count> remark_wordings = {{
       "Samengevoegde cellen, waarvan alleen de eerste de tekst heeft: {1}: {2}"}},
     {goes_on, {"Hidden rows, which are read too: {1}: {2}", "Verborgen rijen, die ook gelezen zijn: {1}: {2}"}},
     {goes_on, {"Hidden columns, which are read too: {1}: {2}", "Verborgen kolommen, die ook gelezen zijn: {1}: {2}"}},
+    {goes_on, {"{1} was chosen by what stands in it: {2}", "{1} is gekozen om wat erin staat: {2}"}},
+    {goes_on, {"Lines above them, which were left out: {1}: {2}", "Regels erboven, die zijn weggelaten: {1}: {2}"}},
+    {{"Left out", "Weggelaten"}, {"Headers that come again: {1}: {2}", "Herhaalde kopregels: {1}: {2}"}},
+    {look_at_this,
+     {"Lines that are no animals were left out: {1}: {2}", "Regels die geen dier zijn, zijn weggelaten: {1}: {2}"}},
 }};
 
 constexpr std::array<Wording, question_kind_count> question_wordings = {{
@@ -150,11 +155,9 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
     {"{1}: several columns are called \"{2}\": {3}. Choose it above the right one.",
      "{1}: meer kolommen heten \"{2}\": {3}. Kies het boven de juiste."},
     {"The first line holds no heading that is known, so that all lines count as animals. If it holds headings, choose "
-     "\"holds headings\" at \"First line\", under \"How the file is read\". Lines above the headings, such as a title, "
-     "have to be removed from the export.",
+     "\"holds headings\" at \"First line\", under \"How the file is read\".",
      "De eerste regel bevat geen bekende kop, zodat alle regels als dieren tellen. Als het koppen zijn, kies dan "
-     "\"bevat koppen\" bij \"Eerste regel\", onder \"Hoe het bestand gelezen wordt\". Regels boven de koppen, zoals "
-     "een titel, moeten uit de export worden verwijderd."},
+     "\"bevat koppen\" bij \"Eerste regel\", onder \"Hoe het bestand gelezen wordt\"."},
     {"Of {6} parents in {3}, taken as the {1}, only {7} have a line of their own, with that id in {4}. Columns whose "
      "texts do stand there: {5}. Choose which column holds the {1}, also if the one taken is right.",
      "Van {6} ouders in {3}, genomen als {1}, hebben maar {7} een eigen regel, met dat id in {4}. Kolommen waarvan de "
@@ -215,9 +218,9 @@ constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
      "eerste in regel {5}. Kies bij \"Letters\", onder \"Hoe het bestand gelezen wordt\": UTF-8 (de andere worden dan "
      "als Windows-1252 gelezen) of Windows-1252."},
     {"{1}: it is not clear which character divides the columns ({2}). Choose it at \"Divided by\", under \"How the "
-     "file is read\". Lines above the headings, such as a title, have to be removed first.",
+     "file is read\".",
      "{1}: het is niet duidelijk welk teken de kolommen scheidt ({2}). Kies het bij \"Gescheiden door\", onder \"Hoe "
-     "het bestand gelezen wordt\". Regels boven de koppen, zoals een titel, moeten eerst verwijderd worden."},
+     "het bestand gelezen wordt\"."},
     {"{1}: the first line has more than {2} columns", "{1}: de eerste regel heeft meer dan {2} kolommen"},
     {"{1}, line {2}: a quotation mark opens a text and is never closed. Mend this line in the export.",
      "{1}, regel {2}: een aanhalingsteken opent een tekst en wordt nergens gesloten. Herstel deze regel in de export."},

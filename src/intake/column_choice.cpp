@@ -8,6 +8,7 @@
 #include <numeric>
 #include <utility>
 
+#include "intake/content_choice.h"
 #include "text/folded_words.h"
 
 namespace pedigreewatch {
@@ -102,9 +103,11 @@ bool is_wished(FieldCode code, const PrepareOptions& options) {
 }
 
 /// Fills the fields that the user says nothing about with the columns of the header.
-void follow_header(const PrepareOptions& options, ColumnChoice& choice) {
+void follow_header(const PrepareOptions& options, const ColumnContents* contents, ColumnChoice& choice) {
   ColumnPlaces best;
   if (choice.has_header) best = recognise_columns(choice.headings, choice.further);
+  const ColumnPlaces by_heading = best;
+  if (contents != nullptr) narrow_by_content(*contents, choice.further, choice, best);
   const auto is_taken = [&](std::size_t column) {
     return std::find(choice.place.begin(), choice.place.end(), column) != choice.place.end();
   };
@@ -112,7 +115,10 @@ void follow_header(const PrepareOptions& options, ColumnChoice& choice) {
     if (is_wished(code, options)) continue;
     std::vector<std::size_t>& places = best[index_of(code)];
     std::erase_if(places, is_taken);
-    if (places.size() == 1) choice.place[index_of(code)] = places.front();
+    if (places.size() == 1) {
+      choice.place[index_of(code)] = places.front();
+      choice.is_by_content[index_of(code)] = by_heading[index_of(code)] != places;
+    }
     if (places.size() > 1) ask_which(code, places, choice);
     if (places.empty() && is_required(code)) {
       choice.questions.push_back(
@@ -123,8 +129,12 @@ void follow_header(const PrepareOptions& options, ColumnChoice& choice) {
 
 /// A column that the user names by its heading makes the first record a header.
 bool names_headings(std::span<const std::string> first_record, const PrepareOptions& options) {
+  const auto is_number = [](std::string_view text) {
+    return text.find_first_not_of("0123456789") == std::string_view::npos;
+  };
   return std::any_of(options.columns.begin(), options.columns.end(), [&](const ColumnWish& wish) {
-    return std::find(first_record.begin(), first_record.end(), wish.column) != first_record.end();
+    return !is_number(wish.column) &&
+           std::find(first_record.begin(), first_record.end(), wish.column) != first_record.end();
   });
 }
 
@@ -149,15 +159,24 @@ bool is_required(FieldCode code) {
          code == birthdate_column;
 }
 
-ColumnChoice choose_columns(std::span<const std::string> first_record, const PrepareOptions& options) {
+bool has_open_column(const ColumnChoice& choice) {
+  return std::any_of(choice.questions.begin(), choice.questions.end(), [](const Question& question) {
+    return question.kind == QuestionKind::column_missing || question.kind == QuestionKind::columns_alike;
+  });
+}
+
+ColumnChoice choose_columns(std::span<const std::string> first_record, const PrepareOptions& options, FirstRecord looks,
+                            const ColumnContents* contents) {
   ColumnChoice choice;
-  choice.has_header = options.has_header.value_or(is_header(first_record) || names_headings(first_record, options));
+  const bool is_known = is_header(first_record) || names_headings(first_record, options);
+  choice.has_header = options.has_header.value_or(is_known || looks == FirstRecord::header);
   choice.headings.assign(first_record.begin(), first_record.end());
   for (const ColumnWish& wish : options.columns) {
     if (wish.column != "none") obey(wish, choice);
   }
-  follow_header(options, choice);
-  if (!choice.has_header && !options.has_header && !choice.questions.empty()) {
+  follow_header(options, contents, choice);
+  const bool is_clear = options.has_header || looks == FirstRecord::animal;
+  if (!choice.has_header && !is_clear && !choice.questions.empty()) {
     choice.questions.insert(
         choice.questions.begin(),
         {QuestionKind::header_unclear, {}, Setting::header, unused_column, {{"yes", {}}, {"no", {}}}});

@@ -10,19 +10,31 @@
 #include "intake/column_recognition.h"
 #include "intake/prepare_options.h"
 #include "intake/remark.h"
+#include "intake/table_start.h"
+#include "intake/text_style.h"
 
 namespace pedigreewatch {
 
+struct ColumnContents;
+
 struct ColumnChoice {
+  TableStart table;  ///< where the header stands, or the first animal
   bool has_header = false;
   std::vector<std::string> headings;  ///< of all columns; their numbers where there is no header
   std::array<std::optional<std::size_t>, field_count> place = {};  ///< for each field its column, counted from 0
+  std::array<bool, field_count> is_by_content = {};                ///< the heading is unknown, or not the usual one
   ColumnPlaces further;                                            ///< columns that would fit too, and are not taken
   std::vector<Question> questions;                                 ///< what the user has to say
+  TextStyle id_style;                                              ///< how ids are written
 };
 
-/// Chooses among the columns of `first_record`, which is the header or, where there is none, the first animal.
-ColumnChoice choose_columns(std::span<const std::string> first_record, const PrepareOptions& options);
+/// Chooses among the columns of `first_record`, which is the header or, where there is none, the first animal; what it
+/// looks like decides where no heading is known, and what stands in the columns where the headings leave them open.
+ColumnChoice choose_columns(std::span<const std::string> first_record, const PrepareOptions& options,
+                            FirstRecord looks = FirstRecord::unclear, const ColumnContents* contents = nullptr);
+
+/// Whether a column that the program cannot run without is not decided on.
+bool has_open_column(const ColumnChoice& choice);
 
 /// Columns, by their places counted from 0, as a remark or a question names them.
 ColumnList list_columns(std::span<const std::size_t> places, const ColumnChoice& choice);

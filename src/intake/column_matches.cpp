@@ -1,51 +1,17 @@
-// Each column becomes a set of the hashes of its texts; a column of parents fits one of identifications when most of
+// Of each column the set of its texts is compared; a column of parents fits one of identifications when most of
 // its set lies in the other one.
 
 #include "intake/column_matches.h"
 
 #include <algorithm>
-#include <unordered_set>
 #include <utility>
 
-#include "core/text_index.h"
-#include "intake/export_records.h"
-#include "intake/value_words.h"
+#include "intake/column_profiles.h"
 
 namespace pedigreewatch {
 namespace {
 
-using TextSet = std::unordered_set<std::uint32_t>;
-
-constexpr std::size_t most_compared_columns = 100;
 constexpr std::size_t most_listed_matches = 5;
-
-/// The hashes without these bits are compared: all of a small export, about 16,000 lines of a large one.
-std::uint32_t mask_for(std::string_view text) {
-  constexpr std::size_t bytes_compared = std::size_t{1} << 22;
-  std::uint32_t mask = 0;
-  for (std::size_t size = text.size(); size > bytes_compared; size /= 2) mask = mask * 2 + 1;
-  return mask;
-}
-
-std::vector<TextSet> sets_of_columns(std::string_view text, char delimiter, const ColumnChoice& columns) {
-  std::vector<TextSet> sets(std::min(columns.headings.size(), most_compared_columns));
-  const std::uint32_t mask = mask_for(text);
-  RecordReader reader = read_records(text, delimiter);
-  ExportRecord record;
-  if (columns.has_header) next_filled_record(reader, record);
-  while (next_record(reader, record)) {
-    for (std::size_t k = 0; k < std::min(sets.size(), record.fields.size()); ++k) {
-      const std::string_view field = trimmed(record.fields[k]);
-      const std::uint32_t hash = hash_of_text(field);
-      if ((hash & mask) == 0 && !means_unknown_parent(field)) sets[k].insert(hash);
-    }
-  }
-  return sets;
-}
-
-std::int64_t count_common(const TextSet& texts, const TextSet& others) {
-  return std::count_if(texts.begin(), texts.end(), [&](std::uint32_t hash) { return others.contains(hash); });
-}
 
 std::int64_t size_of(const TextSet& set) {
   return static_cast<std::int64_t>(set.size());
@@ -96,7 +62,9 @@ ColumnMatches match_columns(std::string_view text, char delimiter, const ColumnC
   ColumnMatches result;
   const auto id = place_of(columns, id_column), sire = place_of(columns, sire_column),
              dam = place_of(columns, dam_column);
-  const std::vector<TextSet> sets = sets_of_columns(text, delimiter, columns);
+  const std::vector<ColumnProfile> profiles = profile_columns(text, delimiter, columns);
+  std::vector<TextSet> sets;
+  for (const ColumnProfile& profile : profiles) sets.push_back(profile.texts);
   if (!id || *id >= sets.size()) return result;
   for (std::size_t k = 0; k < sets.size(); ++k) {
     if (k == *id) continue;

@@ -9,13 +9,11 @@
 #include <vector>
 
 #include "intake/column_choice.h"
+#include "intake/content_choice.h"
 #include "intake/export_survey.h"
 #include "intake/remark.h"
 
 namespace pedigreewatch {
-
-/// Fewer different parents tell nothing about their column.
-inline constexpr std::int64_t fewest_judged_parents = 5;
 
 /// Whether more than half of the parents have no line of their own.
 bool lack_lines(const LinkCount& parents);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "intake/heading_words.h"
 #include "text/folded_words.h"
 
 namespace pedigreewatch {
@@ -57,7 +58,7 @@ constexpr auto office_words = std::to_array<OfficeWord>({
     {"namesire", sire_name_column}, {"damname", dam_name_column}, {"mothername", dam_name_column},
     {"moedernaam", dam_name_column}, {"muttername", dam_name_column}, {"nommere", dam_name_column},
     {"namemutter", dam_name_column}, {"namedam", dam_name_column},
-    {"gender", sex_column}, {"geschlecht", sex_column}, {"geschl", sex_column},
+    {"gender", sex_column}, {"mf", sex_column}, {"mv", sex_column}, {"mw", sex_column}, {"numsire", id_column}, {"geschlecht", sex_column}, {"geschl", sex_column},
     {"born", birthdate_column}, {"birth", birthdate_column}, {"dateofbirth", birthdate_column},
     {"birthday", birthdate_column}, {"datebirth", birthdate_column}, {"bdate", birthdate_column},
     {"borndate", birthdate_column}, {"dateborn", birthdate_column}, {"geboren", birthdate_column},
@@ -83,6 +84,15 @@ WordMeaning meaning_in_table(std::string_view word) {
   return {};
 }
 
+/// The meaning of a heading that stands in no table, word by word.
+WordMeaning meaning_by_words(std::string_view heading) {
+  const HeadingMeaning meaning = read_heading(heading);
+  const FieldCode code = field_of_heading(meaning);
+  if (code == unused_column) return {};
+  const bool says_whose_id = meaning.owner != HeadingOwner::animal && meaning.thing == HeadingThing::identification;
+  return {code, says_whose_id ? WordFit::exact : WordFit::office};
+}
+
 bool has_digit(std::string_view text) {
   return text.find_first_of("0123456789") != std::string_view::npos;
 }
@@ -91,12 +101,13 @@ bool has_digit(std::string_view text) {
 
 WordMeaning meaning_of(std::string_view header_word) {
   const std::string word = folded(header_word);
-  constexpr std::size_t longest = 32;
+  constexpr std::size_t longest = 60;
   if (word.empty() || word.size() > longest) return {};
   const auto* const found = std::find_if(office_words.begin(), office_words.end(),
                                          [&](const OfficeWord& entry) { return entry.word == word; });
   if (found != office_words.end()) return {found->code, found->fit};
-  return meaning_in_table(word);
+  const WordMeaning in_table = meaning_in_table(word);
+  return in_table.fit == WordFit::none ? meaning_by_words(header_word) : in_table;
 }
 
 ColumnPlaces recognise_columns(std::span<const std::string> header, ColumnPlaces& further) {

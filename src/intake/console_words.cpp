@@ -111,6 +111,12 @@ constexpr std::array<Wording, remark_kind_count> remark_wordings = {{
     {"              hidden rows, which are read too: {1}: {2}", "              verborgen rijen, die ook gelezen zijn: {1}: {2}"},
     {"              hidden columns, which are read too: {1}: {2}",
      "              verborgen kolommen, die ook gelezen zijn: {1}: {2}"},
+    {"  {1} was chosen by what stands in it: {2}", "  {1} is gekozen om wat erin staat: {2}"},
+    {"              lines above it, which were left out: {1}: {2}",
+     "              regels erboven, die zijn weggelaten: {1}: {2}"},
+    {"Headers that come again were left out: {1}: {2}", "Herhaalde kopregels zijn weggelaten: {1}: {2}"},
+    {"Look at this: lines that are no animals were left out: {1}: {2}",
+     "Let op: regels die geen dier zijn, zijn weggelaten: {1}: {2}"},
 }};
 
 constexpr std::array<Wording, question_kind_count> question_wordings = {{
@@ -125,9 +131,9 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
     {"--column {1}=\"{2}\": several columns have that heading: {3}. Give the number of the column.",
      "--column {1}=\"{2}\": meer kolommen hebben die kop: {3}. Geef het nummer van de kolom."},
     {"The first line holds no heading that is known, so that all lines count as animals. If it is a header, say "
-     "--header yes. Lines above the header, such as a title, have to be removed from the export.",
+     "--header yes.",
      "De eerste regel bevat geen bekende kop, zodat alle regels als dieren tellen. Als het een kopregel is: --header "
-     "yes. Regels boven de kopregel, zoals een titel, moeten uit de export worden verwijderd."},
+     "yes."},
     {"Of {6} parents in {3}, taken as the {1}, only {7} have a line of their own, with that id in {4}. Columns whose "
      "texts do stand there: {5}. Say which column holds the {1}: --column {2}=NUMBER, also if the one taken is right.",
      "Van {6} ouders in {3}, genomen als {1}, hebben maar {7} een eigen regel, met dat id in {4}. Kolommen waarvan de "
@@ -188,9 +194,8 @@ constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
      "eerste in regel {5}. Zeg welke codering gelezen moet worden: --encoding utf-8 (de andere worden dan als "
      "Windows-1252 gelezen) of --encoding windows-1252."},
     {"{1}: it is not clear which character divides the columns:{2}\nSay which one: --delimiter \";\" (or comma, tab, "
-     "bar). Lines above the header, such as a title, have to be removed first.",
-     "{1}: het is niet duidelijk welk teken de kolommen scheidt:{2}\nZeg welk: --delimiter \";\" (of comma, tab, bar). "
-     "Regels boven de kopregel, zoals een titel, moeten eerst verwijderd worden."},
+     "bar).",
+     "{1}: het is niet duidelijk welk teken de kolommen scheidt:{2}\nZeg welk: --delimiter \";\" (of comma, tab, bar)."},
     {"{1}: the first line has more than {2} columns", "{1}: de eerste regel heeft meer dan {2} kolommen"},
     {"{1}, line {2}: a quotation mark opens a text and is never closed. Mend this line in the export.",
      "{1}, regel {2}: een aanhalingsteken opent een tekst en wordt nergens gesloten. Herstel deze regel in de export."},

@@ -178,9 +178,9 @@ std::optional<DateOrder> date_order_named(std::string_view text) {
   return static_cast<DateOrder>(place);
 }
 
-void note_text(NotedTexts& noted, std::int64_t line, std::string_view text) {
+void note_text(NotedTexts& noted, std::int64_t line, std::string_view text, std::size_t most) {
   ++noted.count;
-  if (noted.first.size() < most_noted_texts) noted.first.push_back({line, std::string(text)});
+  if (noted.first.size() < most) noted.first.push_back({line, std::string(text)});
 }
 
 void survey_date(DateSurvey& survey, std::string_view text, std::int64_t line) {

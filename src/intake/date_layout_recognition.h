@@ -45,7 +45,9 @@ struct NotedTexts {
 };
 
 inline constexpr std::size_t most_noted_texts = 20;
-void note_text(NotedTexts& noted, std::int64_t line, std::string_view text);
+/// Lines that hold no animal are all told, up to this many.
+inline constexpr std::size_t most_told_lines = 500;
+void note_text(NotedTexts& noted, std::int64_t line, std::string_view text, std::size_t most = most_noted_texts);
 
 /// What the dates of one shape allow.
 struct OrderCounts {

@@ -9,12 +9,15 @@
 
 #include "intake/column_recognition.h"
 #include "intake/export_records.h"
+#include "intake/table_start.h"
 #include "text/folded_words.h"
 
 namespace pedigreewatch {
 namespace {
 
 constexpr std::int64_t sample_size = 1000;
+constexpr std::int64_t most_records_of_header = 30;
+constexpr std::size_t fewest_fields_of_a_table = 5;  // id, father, mother, sex, date of birth
 constexpr std::size_t sample_bytes = std::size_t{4} << 20;
 
 DelimiterEvidence try_delimiter(std::string_view text, char delimiter) {
@@ -28,7 +31,10 @@ DelimiterEvidence try_delimiter(std::string_view text, char delimiter) {
       break;
     }
     if (record.fields.size() == 1 && trimmed(record.fields.front()).empty()) continue;  // a blank line
-    if (evidence.record_count == 0) evidence.known_words = count_known_words(record.fields);
+    // The header is the first record, or stands below titles.
+    if (evidence.record_count < most_records_of_header) {
+      evidence.known_words = std::max(evidence.known_words, count_known_words(record.fields));
+    }
     ++evidence.record_count;
     ++counts[record.fields.size()];
   }
@@ -41,7 +47,9 @@ DelimiterEvidence try_delimiter(std::string_view text, char delimiter) {
 /// Whether `a` is so much better than `b` that nobody would ask.
 bool is_clearly_better(const DelimiterEvidence& a, const DelimiterEvidence& b) {
   if (a.known_words >= 2 && a.known_words > b.known_words) return true;
-  return fits(a) && !fits(b);
+  // Decimal commas cut every line in two; a table needs more.
+  const auto is_table = [](const DelimiterEvidence& e) { return fits(e) && e.field_count >= fewest_fields_of_a_table; };
+  return (fits(a) && !fits(b)) || (is_table(a) && !is_table(b));
 }
 
 }  // namespace
@@ -55,14 +63,17 @@ DelimiterChoice recognise_delimiter(std::string_view text) {
   DelimiterChoice choice;
   constexpr std::string_view candidates = ";,\t|";
   for (std::size_t i = 0; i < candidates.size(); ++i) choice.evidence[i] = try_delimiter(text, candidates[i]);
-  const auto order = [](const DelimiterEvidence& e) {
-    return std::tuple(e.known_words >= 2 ? e.known_words : 0, fits(e));
+  const std::optional<char> told = delimiter_told(text);
+  const auto order = [&](const DelimiterEvidence& e) {
+    const bool is_table = fits(e) && e.field_count >= fewest_fields_of_a_table;
+    return std::tuple(e.delimiter == told, e.known_words >= 2 ? e.known_words : 0, is_table, fits(e));
   };
   const auto* const best = std::max_element(choice.evidence.begin(), choice.evidence.end(),
                                             [&](const auto& a, const auto& b) { return order(a) < order(b); });
-  const bool is_clear = std::all_of(choice.evidence.begin(), choice.evidence.end(), [&](const auto& e) {
-    return e.delimiter == best->delimiter || is_clearly_better(*best, e);
-  });
+  const bool is_clear = (best->delimiter == told && best->field_count >= 2) ||
+                        std::all_of(choice.evidence.begin(), choice.evidence.end(), [&](const auto& e) {
+                          return e.delimiter == best->delimiter || is_clearly_better(*best, e);
+                        });
   if (is_clear) choice.delimiter = best->delimiter;
   return choice;
 }

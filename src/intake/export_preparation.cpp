@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "core/line_reader.h"
+#include "intake/animal_lines.h"
 #include "intake/column_matches.h"
 #include "intake/export_records.h"
 #include "sheets/inflate.h"
@@ -169,8 +170,12 @@ std::optional<Refusal> choose_export_delimiter(const PrepareOptions& options, Pr
   return std::nullopt;
 }
 
-std::optional<Refusal> choose_export_columns(const PrepareOptions& options, Preparation& read) {
+std::optional<Refusal> choose_export_columns(const PrepareOptions& options, const ColumnContents* contents,
+                                             Preparation& read) {
+  const TableStart start = find_table_start(read.text, read.reading.delimiter);
   RecordReader reader = read_records(read.text, read.reading.delimiter);
+  reader.next = start.begin;
+  reader.next_line = start.line;
   ExportRecord record;
   const std::string& name = options.export_name;
   if (!next_filled_record(reader, record)) return Refusal{RefusalKind::is_empty, {name}};
@@ -180,8 +185,28 @@ std::optional<Refusal> choose_export_columns(const PrepareOptions& options, Prep
   }
   std::vector<std::string> words;
   for (const std::string_view field : record.fields) words.emplace_back(trimmed(field));
-  read.columns = choose_columns(words, options);
+  const FirstRecord looks = look_at_first_record(read.text, read.reading.delimiter, start);
+  read.columns = choose_columns(words, options, looks, contents);
+  read.columns.table = start;
+  read.columns.id_style = find_id_style(read.text, read.reading.delimiter, read.columns);
   return std::nullopt;
+}
+
+/// Chooses the columns once more, with a look at what stands in all of them.
+std::optional<Refusal> choose_by_content(const PrepareOptions& options, Preparation& read) {
+  const ColumnContents contents = {read.text, read.reading.delimiter,
+                                   profile_columns(read.text, read.reading.delimiter, read.columns)};
+  return choose_export_columns(options, &contents, read);
+}
+
+bool lacks_lines(const ExportSurvey& survey) {
+  return lack_lines(count_links(survey.links, sire_role)) || lack_lines(count_links(survey.links, dam_role));
+}
+
+void survey_all(const PrepareOptions& options, ProgressLine& progress, Preparation& read) {
+  begin_progress(progress, words_of(reading_lines, options.language));
+  read.survey = survey_export(read.text, read.reading.delimiter, read.columns, options.unknown, progress);
+  erase_progress(progress);
 }
 
 }  // namespace
@@ -200,15 +225,21 @@ std::optional<Refusal> read_and_recognise(const PrepareOptions& options, Prepara
 
 std::optional<Refusal> survey_columns(const PrepareOptions& options, ProgressLine& progress, Preparation& result) {
   result.columns = {};
-  std::optional<Refusal> refusal = choose_export_columns(options, result);
+  std::optional<Refusal> refusal = choose_export_columns(options, nullptr, result);
   if (refusal) return refusal;
-  begin_progress(progress, words_of(reading_lines, options.language));
-  result.survey = survey_export(result.text, result.reading.delimiter, result.columns, options.unknown, progress);
-  const auto lack = [&](LinkRole role) { return lack_lines(count_links(result.survey.links, role)); };
-  if (lack(sire_role) || lack(dam_role)) {
+  const bool is_open = has_open_column(result.columns);
+  if (is_open) refusal = choose_by_content(options, result);
+  if (refusal) return refusal;
+  survey_all(options, progress, result);
+  if (!lacks_lines(result.survey)) return std::nullopt;
+  // Other columns may belong together.
+  const auto chosen = result.columns.place;
+  if (!is_open) refusal = choose_by_content(options, result);
+  if (refusal) return refusal;
+  if (result.columns.place != chosen) survey_all(options, progress, result);
+  if (lacks_lines(result.survey)) {
     result.survey.matches = match_columns(result.text, result.reading.delimiter, result.columns);
   }
-  erase_progress(progress);
   return std::nullopt;
 }
 

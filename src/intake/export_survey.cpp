@@ -103,7 +103,7 @@ void survey_form(ExportSurvey& survey, const ExportRecord& record, std::size_t c
   const std::size_t count = record.fields.size();
   if (count == column_count) return;
   note_text(survey.other_field_counts, record.line,
-            count > most_fields ? "> " + std::to_string(most_fields) : std::to_string(count));
+            count > most_fields ? "> " + std::to_string(most_fields) : std::to_string(count), most_told_lines);
 }
 
 /// Notes of an animal how its sex is written, for comparing it with the parents.
@@ -112,6 +112,23 @@ void survey_sex_of_animal(ExportSurvey& survey, const ExportRecord& record, cons
   const std::string_view id = trimmed(field_of(record, columns, id_column));
   const std::size_t sex = find_counted(survey.sexes, trimmed(field_of(record, columns, sex_column)));
   if (!id.empty() && sex != std::string_view::npos) note_sex(survey.links, id, sex);
+}
+
+/// What a line says that holds no animal.
+std::string text_of_line(const ExportRecord& record) {
+  std::string text;
+  for (const std::string_view field : record.fields) {
+    if (trimmed(field).empty()) continue;
+    if (!text.empty()) text += ' ';
+    text += trimmed(field);
+  }
+  return text;
+}
+
+void note_line_without_animal(ExportSurvey& survey, LineKind kind, const ExportRecord& record) {
+  if (kind == LineKind::blank) ++survey.blank_lines;
+  if (kind == LineKind::header_again) note_text(survey.headers_again, record.line, {}, most_told_lines);
+  if (kind == LineKind::remark) note_text(survey.remark_lines, record.line, text_of_line(record), most_told_lines);
 }
 
 bool is_known(const std::vector<IdClash>& clashes, std::string_view id) {
@@ -133,18 +150,6 @@ std::size_t width_of(FieldCode code) {
   }
 }
 
-std::string_view field_of(const ExportRecord& record, const ColumnChoice& columns, FieldCode code) {
-  const auto& place = columns.place[index_of(code)];
-  return place && *place < record.fields.size() ? record.fields[*place] : std::string_view();
-}
-
-bool is_blank(const ExportRecord& record, const ColumnChoice& columns) {
-  constexpr auto fields =
-      std::to_array({id_column, name_column, sex_column, birthdate_column, sire_column, dam_column});
-  return std::all_of(fields.begin(), fields.end(),
-                     [&](FieldCode code) { return trimmed(field_of(record, columns, code)).empty(); });
-}
-
 bool append_field_text(std::string& bytes, std::string_view text, FieldCode code, LetterCounts& letters) {
   const std::size_t start = bytes.size();
   bool is_complete = append_windows_1252(bytes, text, letters);
@@ -160,17 +165,14 @@ bool append_field_text(std::string& bytes, std::string_view text, FieldCode code
 ExportSurvey survey_export(std::string_view text, char delimiter, const ColumnChoice& columns,
                            std::span<const std::string> unknown, ProgressLine& progress) {
   ExportSurvey survey;
-  RecordReader reader = read_records(text, delimiter);
+  RecordReader reader = read_animals(text, delimiter, columns);
   ExportRecord record;
-  std::int64_t data_line = 0;
-  if (columns.has_header && next_filled_record(reader, record)) {
-    ++data_line;
-    survey.header_line = record.line;
-  }
+  survey.header_line = columns.has_header ? columns.table.line : 0;
+  std::int64_t data_line = columns.has_header ? 1 : 0;
   while (next_record(reader, record)) {
     count_progress(progress, record.line);
-    if (is_blank(record, columns)) {
-      ++survey.blank_lines;
+    if (const LineKind kind = kind_of_line(record, columns); kind != LineKind::animal) {
+      note_line_without_animal(survey, kind, record);
       continue;
     }
     survey_form(survey, record, columns.headings.size());
@@ -191,12 +193,11 @@ std::vector<IdClash> find_id_clashes(std::string_view text, char delimiter, cons
   constexpr std::size_t most_clashes = 20;
   std::vector<IdClash> clashes;
   if (changed.empty()) return clashes;
-  RecordReader reader = read_records(text, delimiter);
+  RecordReader reader = read_animals(text, delimiter, columns);
   ExportRecord record;
   std::string written;
   LetterCounts ignored;
-  if (columns.has_header) next_filled_record(reader, record);
-  while (clashes.size() < most_clashes && next_record(reader, record)) {
+  while (clashes.size() < most_clashes && next_animal(reader, record, columns)) {
     for (const FieldCode code : {id_column, sire_column, dam_column}) {
       const std::string_view id = trimmed(field_of(record, columns, code));
       written.clear();

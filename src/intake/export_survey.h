@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "core/progress_line.h"
+#include "intake/animal_lines.h"
 #include "intake/column_choice.h"
 #include "intake/date_layout_recognition.h"
 #include "intake/export_lines.h"
@@ -44,6 +45,7 @@ struct ExportSurvey {
   std::vector<LineShift> shifts;
   NotedTexts other_field_counts;  ///< lines with more or fewer columns; the text is their number
   NotedTexts bad_quotes;
+  NotedTexts headers_again, remark_lines;  ///< lines that hold no animal
   std::array<std::int64_t, field_count> filled = {};
   std::array<bool, 256> occurs = {};  ///< bytes that occur in the columns in use
   std::int64_t leading_blanks = 0;
@@ -59,12 +61,6 @@ struct ExportSurvey {
 
 /// The widths of the texts in the data file, in bytes; 0 for fields that are no texts.
 std::size_t width_of(FieldCode code);
-
-/// The field of a record; empty where the record is too short or the field has no column.
-std::string_view field_of(const ExportRecord& record, const ColumnChoice& columns, FieldCode code);
-
-/// Whether a record is no animal: id, name, sex, date and parents are all empty.
-bool is_blank(const ExportRecord& record, const ColumnChoice& columns);
 
 /// A text as the data file holds it: Windows-1252, without blanks at its ends, cut to the width of its field. Yields
 /// whether nothing was lost.

@@ -170,17 +170,14 @@ std::string steer_text(const PreparePlan& plan) {
 bool make_data_file(std::string_view text, char delimiter, const PreparePlan& plan, const TextCounts& sexes,
                     const DataFileTarget& target) {
   ExportLines lines;
-  RecordReader reader = read_records(text, delimiter);
+  RecordReader reader = read_animals(text, delimiter, plan.columns);
   ExportRecord record;
   std::string bytes;
   bytes.reserve(piece_size + piece_size / 8);
   append_header(bytes, plan);
   std::int64_t data_line = 0;
-  if (plan.columns.has_header && next_filled_record(reader, record)) {
-    note_shift(lines.shifts, record.line, ++data_line);
-  }
-  while (next_record(reader, record)) {
-    if (is_blank(record, plan.columns)) continue;
+  if (plan.columns.has_header) note_shift(lines.shifts, plan.columns.table.line, ++data_line);
+  while (next_animal(reader, record, plan.columns)) {
     const LostTexts lost = append_animal(bytes, record, plan, sexes);
     note_record(record, plan, lost, ++data_line, lines);
     if (bytes.size() < piece_size) continue;

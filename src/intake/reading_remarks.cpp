@@ -67,6 +67,12 @@ void remark_columns(const ExportSurvey& survey, const PreparePlan& plan, std::ve
                         code, survey.filled[static_cast<std::size_t>(code)]}});
   }
   for (const FieldCode code : written_fields()) {
+    const std::size_t index = static_cast<std::size_t>(code);
+    if (!columns.place[index] || !columns.is_by_content[index]) continue;
+    const std::size_t place = *columns.place[index];
+    remarks.push_back({RemarkKind::column_by_content, {list_columns(std::span(&place, 1), columns), code}});
+  }
+  for (const FieldCode code : written_fields()) {
     const ColumnList list = list_columns(columns.further[static_cast<std::size_t>(code)], columns);
     if (!list.columns.empty()) remarks.push_back({RemarkKind::column_possible, {code, list}});
   }
@@ -96,6 +102,7 @@ void add_reading_remarks(const Preparation& read, const PrepareOptions& options,
   } else {
     remarks.push_back({RemarkKind::header_absent, {}});
   }
+  remark_noted(RemarkKind::lines_above, read.plan.columns.table.above, remarks);
   remarks.push_back({RemarkKind::animals_found, {survey.animal_count}});
   remark_columns(survey, read.plan, remarks);
   if (is_in_use(read.plan, sire_column)) {

@@ -139,8 +139,12 @@ enum class RemarkKind {
   cells_merged,                  ///< ranges, their places
   rows_hidden,                   ///< rows, their numbers
   columns_hidden,                ///< columns, their letters
+  column_by_content,             ///< column, field
+  lines_above,                   ///< lines, what they say
+  headers_again,                 ///< lines, their numbers
+  lines_no_animals,              ///< lines, what they say
 };
-inline constexpr std::size_t remark_kind_count = static_cast<std::size_t>(RemarkKind::columns_hidden) + 1;
+inline constexpr std::size_t remark_kind_count = static_cast<std::size_t>(RemarkKind::lines_no_animals) + 1;
 
 struct Remark {
   RemarkKind kind;

@@ -53,6 +53,8 @@ void add_repair_remarks(const Preparation& read, std::vector<Remark>& remarks) {
         {RemarkKind::column_counts_differ,
          {other_counts.count, static_cast<std::int64_t>(read.plan.columns.headings.size()), other_counts}});
   }
+  remark_noted(RemarkKind::lines_no_animals, survey.remark_lines, remarks);
+  remark_noted(RemarkKind::headers_again, survey.headers_again, remarks);
   remark_noted(RemarkKind::quotes_bad, survey.bad_quotes, remarks);
   if (is_in_use(read.plan, id_column)) remark_noted(RemarkKind::ids_missing, survey.without_id, remarks);
   if (!survey.unknown_ids.texts.empty()) {

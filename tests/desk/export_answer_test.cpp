@@ -146,7 +146,7 @@ TEST(ExportAnswer, SaysWhichDelimitersWereTried) {
       R"j({"messages":["a.csv: it is not clear which character divides the columns (; (semicolon): 2 of 2 lines )j"
       R"j(have 1 columns; , (comma): 2 of 2 lines have 1 columns; tab: 2 of 2 lines have 1 columns; | (bar): )j"
       R"j(2 of 2 lines have 1 columns). Choose it at \u0022Divided by\u0022, under \u0022How the file is )j"
-      R"j(read\u0022. Lines above the headings, such as a title, have to be removed first."]})j");
+      R"j(read\u0022."]})j");
 }
 
 }  // namespace

@@ -10,7 +10,7 @@
 namespace pedigreewatch::test {
 namespace {
 
-const std::vector<std::string> header = {"Reg. no", "Tag", "Sire", "Dam", "Sex", "Born", "Name", "Naam"};
+const std::vector<std::string> header = {"Reg. no", "Key", "Sire", "Dam", "Sex", "Born", "Name", "Naam"};
 
 ColumnChoice choose(std::vector<ColumnWish> wishes, const std::vector<std::string>& record = header) {
   PrepareOptions options;
@@ -48,7 +48,7 @@ TEST(ChooseColumns, TheUserChoosesByHeadingOrNumberOrNone) {
 }
 
 TEST(ChooseColumns, AColumnThatTheUserGivesAwayIsNotTakenTwice) {
-  const ColumnChoice choice = choose({{name_column, "none"}, {id_column, "Tag"}, {breeder_column, "Reg. no"}});
+  const ColumnChoice choice = choose({{name_column, "none"}, {id_column, "Key"}, {breeder_column, "Reg. no"}});
   EXPECT_EQ(choice.place[id_column], 1U);
   EXPECT_EQ(choice.place[breeder_column], 0U);
 }

@@ -30,7 +30,7 @@ std::vector<std::string> questions_on(const std::string& text, const PrepareOpti
 
 /// Five fathers, five mothers and ten young. Parents are named in the plain columns, their ids stand in others.
 std::string names_for_parents() {
-  std::string text = "ID;Name;Sire;Sire tag;Dam;Dam tag;Sex;Born\n";
+  std::string text = "ID;Name;Sire;SX;Dam;DX;Sex;Born\n";
   for (int i = 0; i < 5; ++i) {
     const std::string n = std::to_string(i);
     text += "s" + n + ";Sam " + n + ";;;;;m;2001\nd" + n + ";Dot " + n + ";;;;;f;2001\n";
@@ -54,8 +54,8 @@ TEST(AskForLinkedColumns, NamesInTheColumnsOfParents) {
   ASSERT_EQ(questions.size(), 3U);
   EXPECT_EQ(questions[0],
             "Of 5 parents in \"Sire\" (column 3), taken as the id of the father, only 0 have a line of their own, with "
-            "that id in \"ID\" (column 1). Columns whose texts do stand there: \"Sire tag\" (column 4: 5 of 5), \"Dam "
-            "tag\" (column 6: 5 of 5). Say which column holds the id of the father: --column sire=NUMBER, also if the "
+            "that id in \"ID\" (column 1). Columns whose texts do stand there: \"SX\" (column 4: 5 of 5), \"DX\" "
+            "(column 6: 5 of 5). Say which column holds the id of the father: --column sire=NUMBER, also if the "
             "one taken is right.");
   EXPECT_EQ(questions[2],
             "Most parents do not stand in \"ID\" (column 1), taken as the id of the animal. Columns in which most of "

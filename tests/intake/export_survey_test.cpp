@@ -35,7 +35,10 @@ TEST(SurveyExport, BlankLinesAndLineEndsInQuotesShiftLines) {
   const ExportSurvey survey =
       survey_of("rex;;;m;2001;;\n\n;;;;;;North\nbram;rex;;m;2003;\"a\nb\";\nsaar;;;f;2003;;\ntess;;;f;2003;;\n\n");
   EXPECT_EQ(survey.animal_count, 4);
-  EXPECT_EQ(survey.blank_lines, 3);
+  EXPECT_EQ(survey.blank_lines, 2);
+  ASSERT_EQ(survey.remark_lines.count, 1);
+  EXPECT_EQ(survey.remark_lines.first[0].line, 4);
+  EXPECT_EQ(survey.remark_lines.first[0].text, "North");
   ASSERT_EQ(survey.shifts.size(), 2U);
   EXPECT_EQ(survey.shifts[0].export_line, 5);
   EXPECT_EQ(survey.shifts[0].data_line, 3);

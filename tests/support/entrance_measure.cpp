@@ -250,13 +250,14 @@ std::vector<std::string> answer_to(std::string_view option, const ExportTruth& t
   if (option == "--male") return repeated(option, truth.male);
   if (option == "--female") return repeated(option, truth.female);
   if (option == "--unknown") return repeated(option, truth.unknown);
-  const std::array<std::pair<std::string_view, std::string>, 7> values = {{{"--delimiter", truth.delimiter},
-                                                                           {"--encoding", truth.encoding},
-                                                                           {"--dates", truth.dates},
-                                                                           {"--century", truth.century},
-                                                                           {"--header", "yes"},
-                                                                           {"--subpopulations", "all"},
-                                                                           {"--colours", "all"}}};
+  const std::array<std::pair<std::string_view, std::string>, 7> values = {
+      {{"--delimiter", truth.delimiter},
+       {"--encoding", truth.encoding},
+       {"--dates", truth.dates},
+       {"--century", truth.century},
+       {"--header", truth.has_header ? "yes" : "no"},
+       {"--subpopulations", "all"},
+       {"--colours", "all"}}};
   for (const auto& [name, value] : values) {
     if (name == option && !value.empty()) return {std::string(name), value};
   }

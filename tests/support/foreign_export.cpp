@@ -282,6 +282,7 @@ void note_answers(const Office& office, ExportTruth& truth) {
   truth.unknown.assign(office.unknowns.begin(), office.unknowns.end());
   truth.delimiter = form.delimiter == '\t' ? "tab" : std::string(1, form.delimiter);
   truth.encoding = form.encoding;
+  truth.has_header = form.has_header;
   truth.species = form.sexes.species;
   truth.dates = form.dates.option;
   truth.century = "1920";

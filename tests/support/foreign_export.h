@@ -32,9 +32,10 @@ struct ExportTruth {
   std::vector<std::string> male, female;            ///< the texts of the sexes that occur
   std::vector<std::string> unknown;                 ///< the texts for unknown parents that occur
   std::string delimiter, encoding, species;         ///< as the options name them
-  std::string dates;                                ///< the layout as the option names it; empty: in no single one
-  std::string century;                              ///< the first year of the hundred that years of two digits mean
-  std::vector<int> remark_lines, header_lines;      ///< lines below the header that hold no animal
+  bool has_header = true;
+  std::string dates;                            ///< the layout as the option names it; empty: in no single one
+  std::string century;                          ///< the first year of the hundred that years of two digits mean
+  std::vector<int> remark_lines, header_lines;  ///< lines below the header that hold no animal
 };
 
 struct ForeignExport {

@@ -1,0 +1,129 @@
+// Nearly every record has an id like those of the others and is an animal; only the rest is looked at closely.
+
+#include "intake/animal_lines.h"
+
+#include <algorithm>
+#include <array>
+
+#include "intake/date_shapes.h"
+#include "intake/value_words.h"
+#include "text/folded_words.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr auto pedigree_fields = std::to_array({id_column, sire_column, dam_column, sex_column, birthdate_column});
+
+bool is_blank(const ExportRecord& record) {
+  return std::all_of(record.fields.begin(), record.fields.end(),
+                     [](std::string_view field) { return trimmed(field).empty(); });
+}
+
+/// Whether all fields that make an animal are empty.
+bool tells_of_no_animal(const ExportRecord& record, const ColumnChoice& columns) {
+  constexpr auto fields =
+      std::to_array({id_column, name_column, sex_column, birthdate_column, sire_column, dam_column});
+  return std::all_of(fields.begin(), fields.end(),
+                     [&](FieldCode code) { return trimmed(field_of(record, columns, code)).empty(); });
+}
+
+bool is_same_heading(std::string_view field, std::string_view heading) {
+  if (field.size() != heading.size() || field.empty() || (field.front() | 0x20) != (heading.front() | 0x20)) {
+    return false;
+  }
+  return field == heading || folded(field) == folded(heading);
+}
+
+/// Whether two fields or more, and most of those that are filled, hold the heading of their own column.
+bool repeats_headings(const ExportRecord& record, const ColumnChoice& columns) {
+  int same = 0, filled = 0;
+  for (const FieldCode code : pedigree_fields) {
+    const auto& place = columns.place[static_cast<std::size_t>(code)];
+    if (!place || *place >= record.fields.size()) continue;
+    const std::string_view field = trimmed(record.fields[*place]);
+    filled += field.empty() ? 0 : 1;
+    same += is_same_heading(field, columns.headings[*place]) ? 1 : 0;
+  }
+  return same >= 2 && same * 2 > filled;
+}
+
+/// Whether a field tells nothing about an animal: no known sex, no date, no identification.
+bool says_nothing(std::string_view field, FieldCode code, const TextStyle& ids) {
+  if (field.empty()) return true;
+  if (code == sex_column) return !is_sex_letter(field) && sex_named(field) == SexMeaning::unknown;
+  if (code != birthdate_column) return is_unlike(ids, field);
+  const DateShape shape = cut_date(field).shape;
+  return shape == DateShape::empty || shape == DateShape::unreadable;
+}
+
+std::ptrdiff_t count_filled(const ExportRecord& record) {
+  return std::count_if(record.fields.begin(), record.fields.end(),
+                       [](std::string_view field) { return !trimmed(field).empty(); });
+}
+
+/// What a record is before anybody knows which column holds the ids: a remark fills one field or two of many.
+LineKind kind_without_columns(const ExportRecord& record, const ColumnChoice& columns) {
+  constexpr std::ptrdiff_t most_fields = 2;
+  constexpr std::size_t fewest_columns = 5;
+  const std::ptrdiff_t filled = count_filled(record);
+  if (filled == 0) return LineKind::blank;
+  return filled <= most_fields && columns.headings.size() >= fewest_columns ? LineKind::remark : LineKind::animal;
+}
+
+bool is_remark(const ExportRecord& record, const ColumnChoice& columns) {
+  constexpr std::ptrdiff_t most_fields_of_a_remark = 3;
+  const auto says_nothing_in = [&](FieldCode code) {
+    return says_nothing(trimmed(field_of(record, columns, code)), code, columns.id_style);
+  };
+  if (!std::all_of(pedigree_fields.begin(), pedigree_fields.end(), says_nothing_in)) return false;
+  return count_filled(record) <= most_fields_of_a_remark;
+}
+
+}  // namespace
+
+RecordReader read_animals(std::string_view text, char delimiter, const ColumnChoice& columns) {
+  RecordReader reader = read_records(text, delimiter);
+  reader.next = columns.table.begin;
+  reader.next_line = columns.table.line;
+  ExportRecord header;
+  if (columns.has_header) next_filled_record(reader, header);
+  return reader;
+}
+
+LineKind kind_of_line(const ExportRecord& record, const ColumnChoice& columns) {
+  if (record.is_unterminated) return LineKind::animal;  // it is refused, with its line
+  if (!columns.place[static_cast<std::size_t>(id_column)]) return kind_without_columns(record, columns);
+  if (tells_of_no_animal(record, columns)) return is_blank(record) ? LineKind::blank : LineKind::remark;
+  if (columns.has_header && repeats_headings(record, columns)) return LineKind::header_again;
+  return is_remark(record, columns) ? LineKind::remark : LineKind::animal;
+}
+
+bool next_animal(RecordReader& reader, ExportRecord& record, const ColumnChoice& columns) {
+  while (next_record(reader, record)) {
+    if (kind_of_line(record, columns) == LineKind::animal) return true;
+  }
+  return false;
+}
+
+TextStyle find_id_style(std::string_view text, char delimiter, const ColumnChoice& columns) {
+  constexpr int most_records = 2000;
+  StyleCounts counts;
+  RecordReader reader = read_animals(text, delimiter, columns);
+  ExportRecord record;
+  for (int i = 0; i < most_records && next_record(reader, record); ++i) {
+    const std::string_view id = trimmed(field_of(record, columns, id_column));
+    const bool has_sex = !trimmed(field_of(record, columns, sex_column)).empty();
+    const bool is_whole = record.fields.size() == columns.headings.size();
+    const std::string_view date = field_of(record, columns, birthdate_column);
+    const bool has_date = date.find_first_of("0123456789") != std::string_view::npos;
+    if (!id.empty() && is_whole && has_sex && has_date) count_signs(counts, id);
+  }
+  return style_of(counts);
+}
+
+std::string_view field_of(const ExportRecord& record, const ColumnChoice& columns, FieldCode code) {
+  const auto& place = columns.place[static_cast<std::size_t>(code)];
+  return place && *place < record.fields.size() ? record.fields[*place] : std::string_view();
+}
+
+}  // namespace pedigreewatch

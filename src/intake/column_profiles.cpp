@@ -1,0 +1,96 @@
+// One pass over all fields. The first records are judged text by text; of all records the hashes of texts are kept.
+
+#include "intake/column_profiles.h"
+
+#include <algorithm>
+
+#include "core/text_index.h"
+#include "intake/animal_lines.h"
+#include "intake/date_shapes.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr std::size_t most_profiled_columns = 100;
+constexpr std::int64_t judged_records = 2000;
+
+/// The hashes without these bits are kept: all of a small export, those of about 16,000 lines of a large one.
+std::uint32_t mask_for(std::string_view text) {
+  constexpr std::size_t bytes_compared = std::size_t{1} << 22;
+  std::uint32_t mask = 0;
+  for (std::size_t size = text.size(); size > bytes_compared; size /= 2) mask = mask * 2 + 1;
+  return mask;
+}
+
+bool is_full_date(std::string_view text) {
+  switch (cut_date(text).shape) {
+    case DateShape::year_first:
+    case DateShape::year_last:
+    case DateShape::named:
+    case DateShape::compact:
+    case DateShape::month_only:
+    case DateShape::short_year: return true;
+    default: return false;
+  }
+}
+
+void judge(ColumnProfile& profile, std::string_view text) {
+  if (text.empty() || means_unknown(text)) return;
+  ++profile.judged;
+  profile.dates += is_full_date(text) ? 1 : 0;
+  const SexMeaning sex = sex_named(text);
+  profile.males += sex == SexMeaning::male ? 1 : 0;
+  profile.females += sex == SexMeaning::female ? 1 : 0;
+}
+
+}  // namespace
+
+std::vector<ColumnProfile> profile_columns(std::string_view text, char delimiter, const ColumnChoice& columns) {
+  std::vector<ColumnProfile> profiles(std::min(columns.headings.size(), most_profiled_columns));
+  const std::uint32_t mask = mask_for(text);
+  RecordReader reader = read_animals(text, delimiter, columns);
+  ExportRecord record;
+  for (std::int64_t count = 0; next_animal(reader, record, columns); ++count) {
+    for (std::size_t k = 0; k < std::min(profiles.size(), record.fields.size()); ++k) {
+      const std::string_view field = trimmed(record.fields[k]);
+      if (count < judged_records) judge(profiles[k], field);
+      const std::uint32_t hash = hash_of_text(field);
+      if ((hash & mask) != 0 || means_unknown_parent(field)) continue;
+      ++profiles[k].texts_read;
+      profiles[k].texts.insert(hash);
+    }
+  }
+  return profiles;
+}
+
+std::int64_t count_common(const TextSet& texts, const TextSet& others) {
+  return std::count_if(texts.begin(), texts.end(), [&](std::uint32_t hash) { return others.contains(hash); });
+}
+
+std::unordered_map<std::uint32_t, SexMeaning> sexes_by_id(std::string_view text, char delimiter,
+                                                          const ColumnChoice& columns, std::size_t id,
+                                                          std::size_t sex) {
+  std::unordered_map<std::uint32_t, SexMeaning> sexes;
+  const std::uint32_t mask = mask_for(text);
+  RecordReader reader = read_animals(text, delimiter, columns);
+  ExportRecord record;
+  while (next_animal(reader, record, columns)) {
+    if (std::max(id, sex) >= record.fields.size()) continue;
+    const std::uint32_t hash = hash_of_text(trimmed(record.fields[id]));
+    if ((hash & mask) == 0) sexes[hash] = sex_named(trimmed(record.fields[sex]));
+  }
+  return sexes;
+}
+
+NamedSexes count_named_sexes(const TextSet& texts, const std::unordered_map<std::uint32_t, SexMeaning>& sexes) {
+  NamedSexes counts;
+  for (const std::uint32_t hash : texts) {
+    const auto found = sexes.find(hash);
+    if (found == sexes.end()) continue;
+    counts.males += found->second == SexMeaning::male ? 1 : 0;
+    counts.females += found->second == SexMeaning::female ? 1 : 0;
+  }
+  return counts;
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,45 @@
+// What stands in each column of an export, whatever its heading says: how many texts differ, how many are dates or
+// sexes, and which ones there are, so that columns can be compared with each other.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "intake/column_choice.h"
+#include "intake/value_words.h"
+
+namespace pedigreewatch {
+
+/// The hashes of different texts: all of a small export, a fair sample of a large one.
+using TextSet = std::unordered_set<std::uint32_t>;
+
+struct ColumnProfile {
+  TextSet texts;                        ///< but those that mean an unknown parent
+  std::int64_t texts_read = 0;          ///< those of the sample, each as often as it stands there
+  std::int64_t judged = 0;              ///< fields of the first records that are filled
+  std::int64_t dates = 0;               ///< of these, full dates
+  std::int64_t males = 0, females = 0;  ///< of these, words for a sex
+};
+
+/// Profiles of the first columns, a hundred at most.
+std::vector<ColumnProfile> profile_columns(std::string_view text, char delimiter, const ColumnChoice& columns);
+
+/// How many texts of one set stand in another one.
+std::int64_t count_common(const TextSet& texts, const TextSet& others);
+
+/// Of how many different animals that a column names the sex is known by a word.
+struct NamedSexes {
+  std::int64_t males = 0, females = 0;
+};
+
+/// The sex by the hash of the id, for the two columns of id and sex.
+std::unordered_map<std::uint32_t, SexMeaning> sexes_by_id(std::string_view text, char delimiter,
+                                                          const ColumnChoice& columns, std::size_t id, std::size_t sex);
+NamedSexes count_named_sexes(const TextSet& texts, const std::unordered_map<std::uint32_t, SexMeaning>& sexes);
+
+}  // namespace pedigreewatch

@@ -1,0 +1,206 @@
+// A heading is cut into words, and words that were written together into their parts ("vadernummer"). Each word tells
+// an owner, a thing, or nothing by itself ("of", "the").
+
+#include "intake/heading_words.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "text/folded_words.h"
+
+namespace pedigreewatch {
+namespace {
+
+enum class WordKind { filler, animal, sire, dam, relative, identification, name, sex, birth, date, event, other };
+
+struct KnownWords {
+  WordKind kind;
+  std::string_view words;  ///< folded, with blanks between them
+};
+
+constexpr auto known_words = std::to_array<KnownWords>({
+    {WordKind::filler,
+     "of the van de het der des vom von du la le les l el il lo den dem del della di da in am op on at a e full "
+     "volledig volledige complete official officiel officieel registered herd flock kudde stud book life leven levens "
+     "leb lebens oor ohr ear national nationaal nationale nacional nazionale pedigree stamboom uniek unique brand pass "
+     "auricolare auricular"},
+    {WordKind::animal,
+     "animal animals animale animales animaux dier dieren tier tiere dog cat cow sheep ewe horse pony hond kat koe rund "
+     "schaap paard hund katze rind schaf pferd chien chat bovin ovin cheval perro vaca oveja caballo cane bovino ovino "
+     "cavallo own eigen individual individu individuo ind indiv"},
+    {WordKind::sire, "sire sires father fathers dad vader vaders vater vaters pere peres padre padres"},
+    {WordKind::dam, "dam dams mother mothers mum mom moeder moeders mutter muttern mere meres madre madres"},
+    {WordKind::relative,
+     "grand grands grandsire granddam grandfather grandmother grandpere grandmere grootvader grootmoeder groot "
+     "grossvater grossmutter gross vatersvater vatersmutter muttersvater muttersmutter muttervater muttermutter "
+     "vatervater vatermutter abuelo abuela nonno nonna paternal maternal paterno paterna materno materna paternel "
+     "maternel paternelle maternelle foster pleeg amme nurse recipient draagmoeder receptora porteuse"},
+    {WordKind::identification,
+     "id ids identification identificatie identifikation identifiant identificacion identificativo identificazione "
+     "identity identnummer ident idnr idno no nr num numm number nummer numero n registration register reg "
+     "registratie registrier registrierung registro registre registrazione enregistrement tag eartag oormerk ohrmarke "
+     "ohrmarken marke stamboek stb sb zuchtbuch zb herdbook studbook lom ueln boucle matricule matricola matricula "
+     "crotal crotale cib marca marchio codice codigo code chip microchip transponder ring tattoo tatoeage tatouage "
+     "tatuaje tatuaggio tatowierung lof loi loe earmark passport paspoort merk arete diio rfid eid"},
+    {WordKind::name, "name names naam namen nom noms nombre nombres nome nomi rufname roepnaam call roep ruf"},
+    {WordKind::sex, "sex sexe sekse sexo sesso gender geslacht geschlecht geschl gesl"},
+    {WordKind::birth,
+     "birth born birthdate birthday dob geboorte geboren geb gebdat gebdatum geburt geburts naissance nacimiento nascita "
+     "nac nato nata nati nacido nacida ne nee foaled whelped lambed calved kidded farrowed hatched kindled dropped worp "
+     "werp geworpen gelamd afgelamd gekalfd afgekalfd geveulend uitgekomen wurf geworfen ablammung abkalbung abfohlung "
+     "abferkelung schlupf geschlupft lammung kalbung agnelage velage poulinage chevrotage eclosion misebas parto"},
+    {WordKind::date, "date datum dat data fecha fec dt day dag jour dia giorno year jaar jahr annee ano anno yr on le"},
+    {WordKind::event,
+     "death died dead overleden sterfte sterf gestorven dood gestorben abgang tod verendet mort morte morto morta deces "
+     "sortie muerte muerto muerta baja uscita slaughter slacht schlachtung abattage left afvoer aanvoer entry entered "
+     "inscription inscrit inschrijving ingeschreven eintrag eingetragen eintragung alta inscripcion iscrizione iscritto "
+     "iscritta ingreso entrata sold sale verkocht verkauft vendu venta vendita bought mating mated dek dekdatum gedekt "
+     "served service deckung gedeckt saillie monta insemination weighed gewogen gewicht changed modified updated "
+     "gewijzigd geandert modifie export exported exportiert import imported last first weaning weaned gespeend"},
+    {WordKind::other,
+     "weight peso poids height hoogte schofthoogte widerristhohe taille alzada altezza length lengte lange place plaats "
+     "ort lieu lugar luogo country land pays pais paese type typ tipo kind soort coat colour color kleur farbe couleur "
+     "colore capa robe mantello owner keeper eigenaar houder besitzer halter proprietaire detenteur propietario titular "
+     "proprietario detentore breeder fokker zuchter eleveur criador allevatore breed ras rasse race raza razza status "
+     "state stand zustand statut etat estado stato notes note remarks opmerkingen bemerkung remarques observaciones "
+     "inbreeding inteelt inzucht consanguinite coi score index generation generatie litter nest size toom twin rank "
+     "region regio village city stad farm bedrijf betrieb elevage allevamento address telephone email mail hair vacht"},
+});
+
+std::optional<WordKind> kind_of_word(std::string_view word) {
+  for (const KnownWords& entry : known_words) {
+    for (std::size_t at = entry.words.find(word); at != std::string_view::npos; at = entry.words.find(word, at + 1)) {
+      const std::size_t end = at + word.size();
+      if ((at == 0 || entry.words[at - 1] == ' ') && (end == entry.words.size() || entry.words[end] == ' ')) {
+        return entry.kind;
+      }
+    }
+  }
+  return std::nullopt;
+}
+
+/// The kinds of the parts of a word that is written together; nothing when a part is not known.
+std::optional<std::vector<WordKind>> kinds_of_parts(std::string_view word) {
+  if (const std::optional<WordKind> whole = kind_of_word(word)) return std::vector{*whole};
+  constexpr std::size_t shortest_part = 2;
+  for (std::size_t length = word.size() - std::min(word.size(), shortest_part); length >= shortest_part; --length) {
+    const std::optional<WordKind> first = kind_of_word(word.substr(0, length));
+    if (!first) continue;
+    std::optional<std::vector<WordKind>> rest = kinds_of_parts(word.substr(length));
+    if (!rest) continue;
+    rest->insert(rest->begin(), *first);
+    return rest;
+  }
+  return std::nullopt;
+}
+
+bool is_part_of_word(char byte) {
+  const auto value = static_cast<unsigned char>(byte);
+  return value >= 0x80 || (value >= '0' && value <= '9') || (value >= 'A' && value <= 'Z') ||
+         (value >= 'a' && value <= 'z');
+}
+
+constexpr std::string_view curly_quote = "\xE2\x80\x99";
+
+/// The words of a heading, folded. An apostrophe ends a word and leaves out the lone letter at its side: "sire's" is
+/// "sire", "d'inscription" is "inscription". A capital behind a small letter begins a word: "SireID".
+std::vector<std::string> words_of_heading(std::string_view heading) {
+  std::string plain(heading);
+  for (std::size_t at = plain.find(curly_quote); at != std::string::npos; at = plain.find(curly_quote)) {
+    plain.replace(at, curly_quote.size(), "'");
+  }
+  heading = plain;
+  std::vector<std::string> words(1);
+  const auto is_small = [](char byte) { return byte >= 'a' && byte <= 'z'; };
+  for (std::size_t i = 0; i < heading.size(); ++i) {
+    const bool is_quote = heading[i] == '\'';
+    if (is_quote && words.back().size() == 1) words.back().clear();
+    if (is_quote && i + 2 <= heading.size() && (i + 2 == heading.size() || !is_part_of_word(heading[i + 2]))) ++i;
+    const bool begins = i > 0 && is_small(heading[i - 1]) && heading[i] >= 'A' && heading[i] <= 'Z';
+    if ((begins || !is_part_of_word(heading[i])) && !words.back().empty()) words.emplace_back();
+    if (is_part_of_word(heading[i]) && !is_quote) words.back().push_back(heading[i]);
+  }
+  for (std::string& word : words) word = folded(word);
+  std::erase_if(words, [](const std::string& word) { return word.empty(); });
+  return words;
+}
+
+/// A lone letter beside a word that means an identification or a name: "V-LOM", "D. herd book no.".
+std::optional<WordKind> owner_of_letter(std::string_view word) {
+  if (word == "v" || word == "s" || word == "p") return WordKind::sire;
+  if (word == "m" || word == "d") return WordKind::dam;
+  return std::nullopt;
+}
+
+/// How often words of a kind stand in a heading.
+using KindCounts = std::array<int, static_cast<std::size_t>(WordKind::other) + 1>;
+
+HeadingOwner owner_told_by(const KindCounts& counts) {
+  const auto count = [&](WordKind kind) { return counts[static_cast<std::size_t>(kind)]; };
+  const int parents = count(WordKind::sire) + count(WordKind::dam);
+  if (count(WordKind::relative) > 0 || parents > 1) return HeadingOwner::other_relative;
+  if (parents == 0) return HeadingOwner::animal;
+  return count(WordKind::sire) > 0 ? HeadingOwner::sire : HeadingOwner::dam;
+}
+
+HeadingThing thing_told_by(const KindCounts& counts) {
+  const auto has = [&](WordKind kind) { return counts[static_cast<std::size_t>(kind)] > 0; };
+  if (has(WordKind::other)) return HeadingThing::other;
+  if (has(WordKind::event)) return HeadingThing::other_date;
+  if (has(WordKind::birth)) return HeadingThing::birth;
+  const bool has_id = has(WordKind::identification);
+  if (has(WordKind::date)) return has_id ? HeadingThing::other_date : HeadingThing::date;
+  if (has(WordKind::name)) return HeadingThing::name;
+  if (has(WordKind::sex)) return HeadingThing::sex;
+  return has_id ? HeadingThing::identification : HeadingThing::none;
+}
+
+}  // namespace
+
+HeadingMeaning read_heading(std::string_view heading) {
+  constexpr std::size_t longest = 60;
+  HeadingMeaning meaning;
+  if (heading.size() > longest) return meaning;
+  const std::vector<std::string> words = words_of_heading(heading);
+  KindCounts counts = {};
+  meaning.is_understood = !words.empty();
+  for (const std::string& word : words) {
+    std::optional<std::vector<WordKind>> kinds;
+    if (const std::optional<WordKind> owner = owner_of_letter(word); owner && words.size() > 1) kinds = {{*owner}};
+    if (!kinds) kinds = kinds_of_parts(word);
+    meaning.is_understood = meaning.is_understood && kinds.has_value();
+    if (!kinds) continue;
+    for (const WordKind kind : *kinds) {
+      ++counts[static_cast<std::size_t>(kind)];
+      meaning.has_known_word = meaning.has_known_word || (kind != WordKind::filler && kind != WordKind::animal);
+    }
+  }
+  meaning.owner = owner_told_by(counts);
+  meaning.thing = thing_told_by(counts);
+  return meaning;
+}
+
+FieldCode field_of_heading(const HeadingMeaning& meaning) {
+  if (!meaning.is_understood || meaning.owner == HeadingOwner::other_relative) return unused_column;
+  if (meaning.owner == HeadingOwner::animal) {
+    switch (meaning.thing) {
+      case HeadingThing::identification: return id_column;
+      case HeadingThing::name: return name_column;
+      case HeadingThing::sex: return sex_column;
+      case HeadingThing::birth: return birthdate_column;
+      default: return unused_column;
+    }
+  }
+  const bool is_sire = meaning.owner == HeadingOwner::sire;
+  switch (meaning.thing) {
+    case HeadingThing::none:
+    case HeadingThing::identification: return is_sire ? sire_column : dam_column;
+    case HeadingThing::name: return is_sire ? sire_name_column : dam_name_column;
+    default: return unused_column;
+  }
+}
+
+}  // namespace pedigreewatch

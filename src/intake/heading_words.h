@@ -1,0 +1,40 @@
+// What the words of a column's heading say: whose column it is (the animal's, its father's, its mother's, another
+// relative's) and what it holds. A heading is read word by word, so that one which nobody has listed, such as "Sire's
+// ear tag" or "Stamboeknr. vader", is understood all the same.
+#pragma once
+
+#include <string_view>
+
+#include "pedigree/header_words.h"
+
+namespace pedigreewatch {
+
+enum class HeadingOwner { animal, sire, dam, other_relative };
+
+enum class HeadingThing {
+  none,            ///< no word says it: "Vater" alone
+  identification,  ///< a number, a tag, a registration
+  name,
+  sex,
+  birth,       ///< the date of birth, or the year
+  date,        ///< nobody says of what
+  other_date,  ///< of death, of registration, of a sale
+  other,       ///< weight, colour, owner, place, ...
+};
+
+struct HeadingMeaning {
+  HeadingOwner owner = HeadingOwner::animal;
+  HeadingThing thing = HeadingThing::none;
+  bool is_understood = false;   ///< every word is known
+  bool has_known_word = false;  ///< one at least is
+};
+
+/// Reads a heading in English, Dutch, German, French, Spanish or Italian, without regard to capitals, accents and
+/// punctuation.
+HeadingMeaning read_heading(std::string_view heading);
+
+/// The field that a heading names: that of the animal's id, of its father, ...; unused for what no field holds, and for
+/// a heading of which a word is not known.
+FieldCode field_of_heading(const HeadingMeaning& meaning);
+
+}  // namespace pedigreewatch

@@ -1,0 +1,69 @@
+// Lines below the header that are no animals.
+
+#include "intake/animal_lines.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace pedigreewatch::test {
+namespace {
+
+/// Thirty animals with the ids NL100 to NL129.
+std::string thirty_animals() {
+  std::string text = "ID;Name;Sire;Dam;Sex;Born\n";
+  for (int i = 100; i < 130; ++i) {
+    text += "NL" + std::to_string(i) + ";Rex;;;" + (i % 2 == 0 ? "M" : "F") + ";14-03-1990\n";
+  }
+  return text;
+}
+
+std::vector<LineKind> kinds_behind(const std::string& lines) {
+  const std::string text = thirty_animals() + lines;
+  ColumnChoice columns = choose_columns(std::vector<std::string>{"ID", "Name", "Sire", "Dam", "Sex", "Born"}, {});
+  columns.id_style = find_id_style(text, ';', columns);
+  RecordReader reader = read_animals(text, ';', columns);
+  ExportRecord record;
+  std::vector<LineKind> kinds;
+  while (next_record(reader, record)) kinds.push_back(kind_of_line(record, columns));
+  return {kinds.begin() + 30, kinds.end()};
+}
+
+using Kinds = std::vector<LineKind>;
+
+TEST(KindOfLine, HeadersAgain) {
+  EXPECT_EQ(kinds_behind("ID;Name;Sire;Dam;Sex;Born\nid;NAME;sire;dam;sex;born\n"),
+            (Kinds{LineKind::header_again, LineKind::header_again}));
+  EXPECT_EQ(kinds_behind("NL7;Sire;Sire;NL100;M;1-1-1995\n"), Kinds{LineKind::animal});
+}
+
+TEST(KindOfLine, TotalsAndRemarks) {
+  for (const char* const line : {"30 records", "Total: 30 animals;;;;;", "Printed on 3-4-2021", "Aantal dieren: 30",
+                                 "Totaal;30;dieren;;;", ";Total 30;;;;", ";;;;;see above"}) {
+    EXPECT_EQ(kinds_behind(line), Kinds{LineKind::remark}) << line;
+  }
+}
+
+TEST(KindOfLine, AnimalsOfWhichLittleIsKnown) {
+  for (const char* const line :
+       {"NL1", "NL1;Rex", "NL1;;;;;", "Total;;NL100;;;", "Total;;;;M;", "Total;;;;;1-2-1990", ";Rex;;;M;1-2-1990"}) {
+    EXPECT_EQ(kinds_behind(line), Kinds{LineKind::animal}) << line;
+  }
+}
+
+TEST(KindOfLine, BlankLines) {
+  EXPECT_EQ(kinds_behind("\n;;;;;\n"), (Kinds{LineKind::blank, LineKind::blank}));
+}
+
+TEST(NextAnimal, PassesOverWhatIsNone) {
+  const ColumnChoice columns = choose_columns(std::vector<std::string>{"ID", "Sire", "Dam", "Sex", "Born"}, {});
+  RecordReader reader = read_animals("ID;Sire;Dam;Sex;Born\n\nID;Sire;Dam;Sex;Born\nrex;;;M;1990\n", ';', columns);
+  ExportRecord record;
+  ASSERT_TRUE(next_animal(reader, record, columns));
+  EXPECT_EQ(record.line, 4);
+  EXPECT_FALSE(next_animal(reader, record, columns));
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test

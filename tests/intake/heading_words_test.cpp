@@ -1,0 +1,71 @@
+// Headings that stand in no table are understood word by word.
+
+#include "intake/heading_words.h"
+
+#include <gtest/gtest.h>
+
+#include <string_view>
+
+#include "intake/column_recognition.h"
+
+namespace pedigreewatch::test {
+namespace {
+
+FieldCode field_read(std::string_view heading) {
+  return field_of_heading(read_heading(heading));
+}
+
+TEST(ReadHeading, OwnerAndIdentificationInSixLanguages) {
+  for (const char* const heading :
+       {"Sire ear tag", "Sire's tag", "Sire\u2019s tag", "S. herd book no.", "Stamboeknr. vader", "Vader stb.nr",
+        "Lebensnummer Vater", "Vater ZB-Nr.", "V-LOM", "N\u00B0 p\u00E8re", "Boucle du p\u00E8re", "P\u00E8re",
+        "Crotal padre", "Matr\u00EDcula del padre", "Codice padre", "SireID"}) {
+    EXPECT_EQ(field_read(heading), sire_column) << heading;
+  }
+  for (const char* const heading : {"Dam UELN", "D. herd book no.", "Levensnr. moeder", "M-LOM", "Mutter",
+                                    "M\u00E8re N\u00B0 national", "N\u00BA madre", "Marca della madre"}) {
+    EXPECT_EQ(field_read(heading), dam_column) << heading;
+  }
+  for (const char* const heading :
+       {"Ear tag", "Life number", "Oormerk", "Ohrmarkennummer", "ZB-Nr.", "Matricule", "N\u00B0 national", "Crotal",
+        "N\u00BA de crotal", "Marca auricolare", "Animal ID", "Nr", "Herd book no."}) {
+    EXPECT_EQ(field_read(heading), id_column) << heading;
+  }
+}
+
+TEST(ReadHeading, BirthNamesAndSexes) {
+  for (const char* const heading : {"Foaled", "Date born", "Geb. am", "Wurftag", "Geburtstag", "N\u00E9(e) le",
+                                    "Fec. nac.", "Nacido el", "Nato/a il", "Jaar van geboorte"}) {
+    EXPECT_EQ(field_read(heading), birthdate_column) << heading;
+  }
+  EXPECT_EQ(field_read("Registered Name"), name_column);
+  EXPECT_EQ(field_read("Nombre del animal"), name_column);
+  EXPECT_EQ(field_read("Vader naam"), sire_name_column);
+  EXPECT_EQ(field_read("Nom de la m\u00E8re"), dam_name_column);
+  EXPECT_EQ(field_read("Sexe animal"), sex_column);
+}
+
+TEST(ReadHeading, WhatBelongsToNobodyOfTheThree) {
+  for (const char* const heading :
+       {"Sire's sire", "Paternal grandsire", "Vaders vader", "Vatersvater", "Padre del padre", "Nonno paterno",
+        "Sire colour", "Birth weight", "Birth place", "Registration date", "Fecha de registro", "Date of death",
+        "Registered", "Sire breed", "Owner no.", "Herd", "Index 1", "Status", ""}) {
+    EXPECT_EQ(field_read(heading), unused_column) << heading;
+  }
+}
+
+TEST(ReadHeading, AWordThatNobodyKnowsLeavesItOpen) {
+  EXPECT_FALSE(read_heading("Sire xyz").is_understood);
+  EXPECT_EQ(read_heading("Sire xyz").owner, HeadingOwner::sire);
+  EXPECT_TRUE(read_heading("Died").is_understood);
+  EXPECT_EQ(read_heading("Died").thing, HeadingThing::other_date);
+}
+
+TEST(MeaningOf, WhoseIdGoesBeforeAPlainParent) {
+  EXPECT_EQ(meaning_of("Sire ear tag").fit, WordFit::exact);
+  EXPECT_EQ(meaning_of("Padre").fit, WordFit::office);
+  EXPECT_EQ(meaning_of("Ear tag").fit, WordFit::office);
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test

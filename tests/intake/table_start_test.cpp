@@ -1,0 +1,77 @@
+// Titles and "sep=" above the header, and headers that are told by what stands below them.
+
+#include "intake/table_start.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "intake/delimiter_recognition.h"
+
+namespace pedigreewatch::test {
+namespace {
+
+constexpr const char* animals =
+    "rex;;;M;14-03-1990\n"
+    "saar;;;F;15-03-1990\n"
+    "bram;rex;saar;M;16-03-1993\n"
+    "tess;rex;saar;F;17-03-1993\n"
+    "puck;bram;tess;M;18-03-1996\n"
+    "ties;bram;tess;F;19-03-1996\n"
+    "bas;bram;tess;M;20-03-1997\n"
+    "does;bram;tess;F;21-03-1997\n";
+
+TEST(FindTableStart, TheFirstLineWhereNothingStandsAbove) {
+  const TableStart start = find_table_start(std::string("ID;Sire;Dam;Sex;Born\n") + animals, ';');
+  EXPECT_EQ(start.begin, 0U);
+  EXPECT_EQ(start.line, 1);
+  EXPECT_EQ(start.above.count, 0);
+}
+
+TEST(FindTableStart, BehindTitlesAndBlankLines) {
+  const std::string above = "Herd book, all animals\n\nPrinted;1-2-2020\n";
+  const TableStart start = find_table_start(above + "ID;Sire;Dam;Sex;Born\n" + animals, ';');
+  EXPECT_EQ(start.begin, above.size());
+  EXPECT_EQ(start.line, 4);
+  ASSERT_EQ(start.above.count, 2);
+  EXPECT_EQ(start.above.first[0].text, "Herd book, all animals");
+  EXPECT_EQ(start.above.first[1].line, 3);
+}
+
+TEST(FindTableStart, BehindATitleOverHeadingsThatNobodyKnows) {
+  const TableStart start = find_table_start(std::string("Our animals;;;;\nAA;BB;CC;DD;EE\n") + animals, ';');
+  EXPECT_EQ(start.line, 2);
+}
+
+TEST(FindTableStart, AFounderWithFewFieldsIsNoTitle) {
+  EXPECT_EQ(find_table_start("rex;;\nsaar;;\nbram;rex;saar\n", ';').line, 1);
+}
+
+TEST(DelimiterTold, OnlyByALineOfItsOwn) {
+  EXPECT_EQ(delimiter_told("sep=;\nID;Sire\n"), ';');
+  EXPECT_EQ(delimiter_told("\xEF\xBB\xBFSEP=,\r\nID,Sire\r\n"), ',');
+  EXPECT_EQ(delimiter_told("\"sep=;\"\nID;Sire\n"), ';');
+  EXPECT_EQ(delimiter_told("sep=;x\n"), std::nullopt);
+  EXPECT_EQ(delimiter_told("sepa;rate\n"), std::nullopt);
+  EXPECT_EQ(delimiter_told("sep="), std::nullopt);
+}
+
+TEST(RecogniseDelimiter, AToldOneGoesBeforeOthersThatFit) {
+  EXPECT_EQ(recognise_delimiter("sep=,\n1;2,3;4\n1;2,3;4\n1;2,3;4\n1;2,3;4\n").delimiter, ',');
+}
+
+TEST(RecogniseDelimiter, DecimalCommasDoNotDivide) {
+  std::string text = "aa;bb;cc;dd;ee\n";
+  for (int i = 0; i < 50; ++i) text += "x" + std::to_string(i) + ";y;z;m;41,5\n";
+  EXPECT_EQ(recognise_delimiter(text).delimiter, ';');
+}
+
+TEST(LookAtFirstRecord, AHeaderIsWrittenUnlikeTheRest) {
+  const std::string with_header = std::string("AA;BB;CC;DD;EE\n") + animals;
+  EXPECT_EQ(look_at_first_record(with_header, ';', {}), FirstRecord::header);
+  EXPECT_EQ(look_at_first_record(animals, ';', {}), FirstRecord::animal);
+  EXPECT_EQ(look_at_first_record("AA;BB\nx;y\n", ';', {}), FirstRecord::unclear);
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test
