@@ -33,7 +33,7 @@ bool has_same_columns(const PrepareOptions& a, const PrepareOptions& b) {
   const auto same = [](const ColumnWish& one, const ColumnWish& other) {
     return one.code == other.code && one.column == other.column;
   };
-  return a.has_header == b.has_header && a.unknown == b.unknown &&
+  return a.has_header == b.has_header && a.unknown == b.unknown && a.ids == b.ids &&
          std::equal(a.columns.begin(), a.columns.end(), b.columns.begin(), b.columns.end(), same);
 }
 
@@ -75,6 +75,7 @@ std::string take_options(Desk& desk, PrepareOptions options, std::string_view se
   if (desk.settings != settings || !desk.has_export) forget_run(desk);
   desk.settings = settings;
   options.language = desk.language;
+  options.this_year = desk.today.year;
   const PrepareOptions before = std::exchange(desk.options, std::move(options));
   const bool is_same_text = desk.has_export && before.export_name == desk.options.export_name &&
                             before.encoding == desk.options.encoding && before.delimiter == desk.options.delimiter;

@@ -75,15 +75,27 @@ constexpr std::array<EvidenceWording, remark_kind_count> remark_wordings = {{
     {goes_on, {"Of eight digits, as {2}: {1}", "Van acht cijfers, als {2}: {1}"}},
     {goes_on,
      {"Kept as they are, because there is no such day: {1}: {2}", "Onveranderd, omdat die dag niet bestaat: {1}: {2}"}},
+    {look_at_this,
+     {"Dates that are kept as they are, because they are a day as {3} only: {1}: {2}",
+      "Datums die onveranderd blijven, omdat ze alleen als {3} een dag zijn: {1}: {2}"}},
+    {goes_on,
+     {"Beside those, and a day in either order, so that they may be exchanged too: {1}: {2}",
+      "Daarnaast, en in beide volgorden een dag, zodat ze ook verwisseld kunnen zijn: {1}: {2}"}},
     {goes_on, {"With the month as a word: {1}", "Met de maand als woord: {1}"}},
     {goes_on, {"Of a year only: {1}", "Met alleen een jaar: {1}"}},
     {goes_on,
      {"Of month and year only (written with day 00): {1}", "Met alleen maand en jaar (geschreven met dag 00): {1}"}},
     {goes_on, {"With a time of day, which is left out: {1}", "Met een tijd erbij, die wordt weggelaten: {1}"}},
+    {goes_on,
+     {"Not known exactly (~ 1972, circa 1998, 2018?), read as the year or date that stands there: {1}",
+      "Niet precies bekend (~ 1972, circa 1998, 2018?), gelezen als het jaar of de datum die er staat: {1}"}},
+    {goes_on,
+     {"Numbers of days of a spreadsheet, counted from {2}: {1}", "Dagnummers van een rekenblad, geteld vanaf {2}: {1}"}},
     {goes_on, {"Unknown: {1}", "Onbekend: {1}"}},
     {goes_on,
-     {"Kept as they are, with a year of two digits (05 is read as the year 5): {1}: {2}",
-      "Onveranderd, met een jaar van twee cijfers (05 wordt gelezen als het jaar 5): {1}: {2}"}},
+     {"With a year of two digits, read as {2} to {3}: {1}",
+      "Met een jaar van twee cijfers, gelezen als {2} tot en met {3}: {1}"}},
+    {goes_on, {"With a year of two digits: {1}: {2}", "Met een jaar van twee cijfers: {1}: {2}"}},
     {goes_on,
      {"Kept as they are, because they cannot be read: {1}: {2}", "Onveranderd, omdat ze niet te lezen zijn: {1}: {2}"}},
     {{"Sexes", "Geslacht"}, {"male: {1}; female: {2}", "mannelijk: {1}; vrouwelijk: {2}"}},
@@ -105,6 +117,11 @@ constexpr std::array<EvidenceWording, remark_kind_count> remark_wordings = {{
       "Regels met tekst achter een sluitend aanhalingsteken: {1}: {2}"}},
     {look_at_this, {"Animals without id: {1}: {2}", "Dieren zonder id: {1}: {2}"}},
     {look_at_this, {"Ids that mean unknown: {1}", "Id's die onbekend betekenen: {1}"}},
+    {{"Identifications", "Identificaties"},
+     {"Parents are compared with them {1}: {2} parents get a line by that: {3}",
+      "Ouders worden ermee vergeleken {1}: {2} ouders krijgen daardoor een regel: {3}"}},
+    {{"Left out", "Weggelaten"},
+     {"Signs between the thousands of id's: {1}", "Tekens tussen de duizendtallen van id's: {1}"}},
     {{"Shortened", "Ingekort"}, {"To {1} letters: {2} ({3}): {4}", "Tot {1} letters: {2} ({3}): {4}"}},
     {{"Other letters", "Andere letters"},
      {"Letters that the report does not have: {1}", "Letters die het rapport niet heeft: {1}"}},
@@ -114,6 +131,9 @@ constexpr std::array<EvidenceWording, remark_kind_count> remark_wordings = {{
     {{"Left out", "Weggelaten"}, {"Blanks before a text: {1}", "Spaties voor een tekst: {1}"}},
     {{"Left out", "Weggelaten"},
      {"Quotation marks around texts, in this many lines: {1}", "Aanhalingstekens om teksten, in zoveel regels: {1}"}},
+    {{"Left out", "Weggelaten"},
+     {"What a spreadsheet puts around texts (a formula, or an apostrophe in front), in this many lines: {1}",
+      "Wat een rekenblad om teksten zet (een formule, of een apostrof ervoor), in zoveel regels: {1}"}},
     {{"Left out", "Weggelaten"}, {"Lines without an animal: {1}", "Regels zonder dier: {1}"}},
     {{"Numbers of lines", "Regelnummers"},
      {"Blank lines, or line ends inside quotation marks, give lines of the data file other numbers.",
@@ -170,6 +190,22 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "\"Dates\".",
      "De datums zijn op twee manieren te lezen: {1} als {2}, {3} als {4} en {5} als beide. Kies wat klopt bij "
      "\"Datums\"."},
+    {"In {1}, taken as the date of birth, {2} of {3} texts are no date that can be read: {4}. Choose which column holds "
+     "the date of birth, also if the one taken is right; those texts then stay as they are.",
+     "In {1}, genomen als geboortedatum, zijn {2} van {3} teksten geen leesbare datum: {4}. Kies in welke kolom de "
+     "geboortedatum staat, ook als de genomen kolom klopt; die teksten blijven dan zoals ze zijn."},
+    {"{1}, taken as the date of birth, holds not one date that can be read. Choose which column holds the date of "
+     "birth, also if the one taken is right.",
+     "{1}, genomen als geboortedatum, bevat geen enkele leesbare datum. Kies in welke kolom de geboortedatum staat, ook "
+     "als de genomen kolom klopt."},
+    {"{1} dates have a year of two digits, and parents and young do not tell which hundred years are meant: {2}. Choose "
+     "the hundred years.",
+     "{1} datums hebben een jaar van twee cijfers, en ouders en jongen maken niet duidelijk welke honderd jaar bedoeld "
+     "zijn: {2}. Kies de honderd jaar."},
+    {"{1} dates are numbers of days, as a spreadsheet keeps them: {2} is {3} where days are counted from 1900 (usual), "
+     "and {4} where they are counted from 1904 (older Macs). Look one animal up, and choose its day.",
+     "{1} datums zijn dagnummers, zoals een rekenblad ze bewaart: {2} is {3} als de dagen vanaf 1900 geteld zijn "
+     "(gebruikelijk), en {4} als ze vanaf 1904 geteld zijn (oudere Macs). Zoek een dier op, en kies zijn dag."},
     {"It is not clear which animals are male: the sexes are written {1}. Choose it at \"Males are written\".",
      "Het is niet duidelijk welke dieren mannelijk zijn: de geslachten zijn geschreven als {1}. Kies het bij "
      "\"Mannelijk is geschreven als\"."},
@@ -189,6 +225,16 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "De diersoort is nodig, voor de woorden van het rapport. Kies haar bij \"Diersoort\"."},
     {"There is no species \"{1}\". Choose one at \"Species\".",
      "De diersoort \"{1}\" is er niet. Kies er een bij \"Diersoort\"."},
+    {"In {1} a spreadsheet has destroyed identifications: it took them for numbers and kept only their first digits: "
+     "{2}: {3}. Export the file anew and do not open it in a spreadsheet in between, or format the column as text before "
+     "the numbers are put in.",
+     "In {1} heeft een rekenblad nummers van dieren vernield: het nam ze als getallen en bewaarde alleen de eerste "
+     "cijfers: {2}: {3}. Exporteer het bestand opnieuw en open het tussendoor niet in een rekenblad, of maak de kolom "
+     "als tekst op voordat de nummers erin komen."},
+    {"Of {1} parents without a line of their own {2} would have one if id's were compared {3}: {5}. Are they the same "
+     "animals?",
+     "Van {1} ouders zonder eigen regel zouden er {2} een hebben als id's vergeleken worden {3}: {5}. Zijn het dezelfde "
+     "dieren?"},
     {"The column of subpopulations, {1}, holds {2} different texts; each would be listed. Tick those that count at "
      "\"Subpopulations\", or choose all or none.",
      "De kolom van de subpopulaties, {1}, bevat {2} verschillende teksten; elk zou op de lijst komen. Vink aan welke "
@@ -240,6 +286,8 @@ constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
 constexpr Wording column_answer = {"\"{1}\" (column {2})", "\"{1}\" (kolom {2})"};
 constexpr Wording leave_out = {"not used", "niet gebruikt"};
 constexpr Wording yes_headings = {"holds headings", "bevat koppen"}, no_headings = {"is an animal", "is een dier"};
+constexpr Wording keep_ids = {"take them as they stand", "neem ze zoals ze er staan"};
+constexpr Wording same_animals = {"they are the same animals", "het zijn dezelfde dieren"};
 constexpr Wording all_names = {"all", "alle"}, no_names = {"none", "geen"};
 
 /// The texts of the values. A field is called by what it holds, a file without the folder that it was put into.
@@ -283,6 +331,9 @@ std::string setting_name(const Question& question) {
     case Setting::column: return "column." + std::string(option_name_of(question.field));
     case Setting::header: return "header";
     case Setting::dates: return "dates";
+    case Setting::serials: return "serials";
+    case Setting::century: return "century";
+    case Setting::ids: return "ids";
     case Setting::male: return "male";
     case Setting::species: return "species";
     case Setting::subpopulations: return "subpopulations";
@@ -306,7 +357,10 @@ std::string answer_text(const Question& question, const Answer& answer, ToolLang
     }
     case Setting::subpopulations:
     case Setting::colours: return either("all", all_names, no_names);
+    case Setting::ids: return either("keep", keep_ids, same_animals);
     case Setting::none:
+    case Setting::serials:
+    case Setting::century:
     case Setting::male:
     case Setting::species: break;
   }

@@ -42,6 +42,9 @@ void obey_about_file(std::string_view name, std::string_view value, PrepareOptio
   if (name == "delimiter") options.delimiter = delimiter_named(value);
   if (name == "header") options.has_header = value == "yes";
   if (name == "dates") options.dates = date_order_named(value);
+  if (name == "serials") options.serials = date_system_named(value);
+  if (name == "ids") options.ids = id_rules_named(value);
+  if (name == "century") options.century = century_named(value);
   if (name == "language") options.language = value == "nl" ? ToolLanguage::dutch : ToolLanguage::english;
   constexpr std::string_view column = "column.";
   if (!name.starts_with(column)) return;

@@ -57,15 +57,24 @@ constexpr std::array<Wording, remark_kind_count> remark_wordings = {{
     {"              of eight digits, as {2}: {1}", "              van acht cijfers, als {2}: {1}"},
     {"              kept as they are, because there is no such day: {1}: {2}",
      "              onveranderd, omdat die dag niet bestaat: {1}: {2}"},
+    {"              kept as they are, because they are a day as {3} only: {1}: {2}",
+     "              onveranderd, omdat ze alleen als {3} een dag zijn: {1}: {2}"},
+    {"              beside those, and a day in either order, so that they may be exchanged too: {1}: {2}. Look them up.",
+     "              daarnaast, en in beide volgorden een dag, zodat ze ook verwisseld kunnen zijn: {1}: {2}. Zoek ze op."},
     {"              with the month as a word: {1}", "              met de maand als woord: {1}"},
     {"              of a year only: {1}", "              met alleen een jaar: {1}"},
     {"              of month and year only (written with day 00): {1}",
      "              met alleen maand en jaar (geschreven met dag 00): {1}"},
     {"              with a time of day, which is left out: {1}",
      "              met een tijd erbij, die wordt weggelaten: {1}"},
+    {"              not known exactly (~ 1972, circa 1998, 2018?), read as the year or date that stands there: {1}",
+     "              niet precies bekend (~ 1972, circa 1998, 2018?), gelezen als het jaar of de datum die er staat: {1}"},
+    {"              numbers of days of a spreadsheet, counted from {2}: {1}",
+     "              dagnummers van een rekenblad, geteld vanaf {2}: {1}"},
     {"              unknown: {1}", "              onbekend: {1}"},
-    {"              kept as they are, with a year of two digits (to the program 05 is the year 5): {1}: {2}",
-     "              onveranderd, met een jaar van twee cijfers (voor het programma is 05 het jaar 5): {1}: {2}"},
+    {"              with a year of two digits, read as {2} to {3}: {1} (another hundred years: --century)",
+     "              met een jaar van twee cijfers, gelezen als {2} tot en met {3}: {1} (een andere eeuw: --century)"},
+    {"              with a year of two digits: {1}: {2}", "              met een jaar van twee cijfers: {1}: {2}"},
     {"              kept as they are, because they cannot be read: {1}: {2}",
      "              onveranderd, omdat ze niet te lezen zijn: {1}: {2}"},
     {"Sexes         male: {1}; female: {2}", "Geslacht      mannelijk: {1}; vrouwelijk: {2}"},
@@ -85,6 +94,10 @@ constexpr std::array<Wording, remark_kind_count> remark_wordings = {{
      "Let op: regels met tekst achter een sluitend aanhalingsteken: {1}: {2}"},
     {"Look at this: animals without id: {1}: {2}", "Let op: dieren zonder id: {1}: {2}"},
     {"Look at this: ids that mean unknown: {1}", "Let op: ids die onbekend betekenen: {1}"},
+    {"Parents compared with the ids {1}: {2} of them get a line by that: {3}",
+     "Ouders vergeleken met de ids {1}: {2} krijgen daardoor een regel: {3}"},
+    {"Signs between the thousands of ids, which were left out: {1}",
+     "Tekens tussen de duizendtallen van ids, die zijn weggelaten: {1}"},
     {"Cut to {1} letters: {2} ({3}): {4}", "Afgekapt op {1} letters: {2} ({3}): {4}"},
     {"Letters that the report does not have: {1}", "Letters die het rapport niet heeft: {1}"},
     {"Invisible signs (no-break spaces, tabs, line ends inside a text) became blanks or were left out: {1}",
@@ -92,6 +105,9 @@ constexpr std::array<Wording, remark_kind_count> remark_wordings = {{
     {"Blanks before a text, which were left out: {1}", "Spaties voor een tekst, die zijn weggelaten: {1}"},
     {"Lines with quotation marks around texts, which were left out: {1}",
      "Regels met aanhalingstekens om teksten, die zijn weggelaten: {1}"},
+    {"Lines with texts that a spreadsheet has marked as such (=\"001\", '001), of which only the text was kept: {1}",
+     "Regels met teksten die een rekenblad als tekst gemerkt heeft (=\"001\", '001), waarvan alleen de tekst gebleven "
+     "is: {1}"},
     {"Lines without an animal were left out: {1}", "Regels zonder dier zijn weggelaten: {1}"},
     {"Because of blank lines, or line ends inside quotation marks, lines have other numbers:",
      "Door lege regels, of regeleinden binnen aanhalingstekens, hebben regels een ander nummer:"},
@@ -146,6 +162,25 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "--dates {4}.",
      "De datums zijn op twee manieren te lezen: {1} als {2}, {3} als {4} en {5} als beide. Zeg wat klopt: --dates {2} "
      "of --dates {4}."},
+    {"In {1}, taken as the date of birth, {2} of {3} texts are no date that can be read: {4}. Say which column holds the "
+     "date of birth: --column birthdate=NUMBER, also if the one taken is right; those texts then stay as they are.",
+     "In {1}, genomen als geboortedatum, zijn {2} van {3} teksten geen leesbare datum: {4}. Zeg in welke kolom de "
+     "geboortedatum staat: --column birthdate=NUMMER, ook als de genomen kolom klopt; die teksten blijven dan zoals ze "
+     "zijn."},
+    {"{1}, taken as the date of birth, holds not one date that can be read. Say which column holds the date of birth: "
+     "--column birthdate=NUMBER, also if the one taken is right.",
+     "{1}, genomen als geboortedatum, bevat geen enkele leesbare datum. Zeg in welke kolom de geboortedatum staat: "
+     "--column birthdate=NUMMER, ook als de genomen kolom klopt."},
+    {"{1} dates have a year of two digits, and parents and young do not tell which hundred years are meant: {2}. Say the "
+     "first year of the hundred: --century {3} if all are from {3} to {4}.",
+     "{1} datums hebben een jaar van twee cijfers, en ouders en jongen maken niet duidelijk welke honderd jaar bedoeld "
+     "zijn: {2}. Zeg het eerste jaar van de honderd: --century {3} als alle van {3} tot en met {4} zijn."},
+    {"{1} dates are numbers of days, as a spreadsheet keeps them: {2} is {3} where days are counted from 1900 (usual), "
+     "and {4} where they are counted from 1904 (older Macs). Look one animal up, and say --dates serial-1900 or --dates "
+     "serial-1904.",
+     "{1} datums zijn dagnummers, zoals een rekenblad ze bewaart: {2} is {3} als de dagen vanaf 1900 geteld zijn "
+     "(gebruikelijk), en {4} als ze vanaf 1904 geteld zijn (oudere Macs). Zoek een dier op, en zeg --dates serial-1900 "
+     "of --dates serial-1904."},
     {"It is not clear which animals are male: the sexes are written {1}. Say how males are written: --male TEXT.",
      "Het is niet duidelijk welke dieren mannelijk zijn: de geslachten zijn geschreven als {1}. Zeg hoe mannetjes "
      "geschreven zijn: --male TEKST."},
@@ -164,6 +199,17 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
     {"The species is needed, for the words of the report: --species {1}.",
      "De diersoort is nodig, voor de woorden van het rapport: --species {1}."},
     {"--species {1}: no such species. Choose one of {2}.", "--species {1}: deze soort is er niet. Kies uit {2}."},
+    {"In {1} a spreadsheet has destroyed identifications: it took them for numbers and kept only their first digits: "
+     "{2}: {3}. Export the file anew and do not open it in a spreadsheet in between, or format the column as text before "
+     "the numbers are put in. To take them as they stand, so that different animals have one id: --ids keep.",
+     "In {1} heeft een rekenblad nummers van dieren vernield: het nam ze als getallen en bewaarde alleen de eerste "
+     "cijfers: {2}: {3}. Exporteer het bestand opnieuw en open het tussendoor niet in een rekenblad, of maak de kolom "
+     "als tekst op voordat de nummers erin komen. Om ze te nemen zoals ze er staan, zodat verschillende dieren een id "
+     "delen: --ids keep."},
+    {"Of {1} parents without a line of their own {2} would have one if ids were compared {3}: {5}. Say --ids {4} if they "
+     "are the same animals, or --ids keep if not.",
+     "Van {1} ouders zonder eigen regel zouden er {2} een hebben als ids vergeleken worden {3}: {5}. Zeg --ids {4} als "
+     "het dezelfde dieren zijn, of --ids keep als dat niet zo is."},
     {"The column \"{1}\" holds {2} different texts; each would be listed. Name those that count (--subpopulations "
      "\"A,B\"), or say --subpopulations all, or --subpopulations none to leave the column out.",
      "De kolom \"{1}\" bevat {2} verschillende teksten; elk zou op de lijst komen. Noem welke meetellen "

@@ -18,23 +18,49 @@ void remark_order(const OrderCounts& counts, DateOrder order, DateOrder other, s
   remark_noted(RemarkKind::dates_impossible, counts.neither, remarks);
 }
 
+void remark_exchanged(const ExchangedDates& dates, DateOrder other, std::vector<Remark>& remarks) {
+  if (dates.impossible.count == 0) return;
+  remarks.push_back({RemarkKind::dates_exchanged, {dates.impossible.count, dates.impossible, other}});
+  remark_noted(RemarkKind::dates_doubtful, dates.doubtful, remarks);
+}
+
+void remark_short_dates(const DateSurvey& dates, const DatePlan& plan, std::vector<Remark>& remarks) {
+  const NotedTexts& noted = dates.short_dates.noted;
+  if (noted.count > 0 && plan.short_years) {
+    remarks.push_back({RemarkKind::dates_short,
+                       {noted.count, std::int64_t{plan.short_years->first}, std::int64_t{plan.short_years->last}}});
+  } else {
+    remark_noted(RemarkKind::dates_short_open, noted, remarks);
+  }
+}
+
+void remark_serials(const DateSurvey& dates, const DatePlan& plan, std::vector<Remark>& remarks) {
+  if (dates.serials.noted.count == 0 || plan.are_serials_open) return;
+  const std::int64_t start = plan.serials == DateSystem::since_1900 ? 1900 : 1904;
+  remarks.push_back({RemarkKind::dates_serial, {dates.serials.noted.count, start}});
+}
+
 void remark_dates(const ExportSurvey& survey, const DatePlan& plan, std::vector<Remark>& remarks) {
   const DateSurvey& dates = survey.dates;
   const bool is_iso = plan.year_first == DateOrder::year_month_day;
   const bool is_day_first = plan.year_last == DateOrder::day_month_year;
   remarks.push_back({RemarkKind::dates_written, {plan.written}});
-  remark_order(dates.year_first, plan.year_first, is_iso ? DateOrder::year_day_month : DateOrder::year_month_day,
-               remarks);
-  remark_order(dates.year_last, plan.year_last, is_day_first ? DateOrder::month_day_year : DateOrder::day_month_year,
-               remarks);
+  const DateOrder other_first = is_iso ? DateOrder::year_day_month : DateOrder::year_month_day;
+  const DateOrder other_last = is_day_first ? DateOrder::month_day_year : DateOrder::day_month_year;
+  remark_order(dates.year_first, plan.year_first, other_first, remarks);
+  if (!plan.is_ambiguous) remark_exchanged(exchanged_year_first(dates, plan), other_first, remarks);
+  remark_order(dates.year_last, plan.year_last, other_last, remarks);
+  if (!plan.is_ambiguous) remark_exchanged(exchanged_year_last(dates, plan), other_last, remarks);
   if (plan.compact) remarks.push_back({RemarkKind::dates_compact, {dates.compact.total, *plan.compact}});
   remark_noted(RemarkKind::dates_impossible, dates.compact.neither, remarks);
   remark_count(RemarkKind::dates_named, dates.named, remarks);
   remark_count(RemarkKind::dates_year_only, dates.year_only, remarks);
   remark_count(RemarkKind::dates_month_only, dates.month_only, remarks);
   remark_count(RemarkKind::dates_timed, dates.with_time, remarks);
+  remark_count(RemarkKind::dates_rough, dates.rough, remarks);
+  remark_serials(dates, plan, remarks);
   if (dates.empty > 0) remarks.push_back({RemarkKind::dates_empty, {list_counted(survey.date_words, is_any)}});
-  remark_noted(RemarkKind::dates_short, dates.short_years, remarks);
+  remark_short_dates(dates, plan, remarks);
   remark_noted(RemarkKind::dates_unreadable, dates.unreadable, remarks);
 }
 

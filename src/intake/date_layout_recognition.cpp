@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "intake/value_words.h"
+
 namespace pedigreewatch {
 namespace {
 
@@ -29,27 +31,56 @@ bool has_day_before_month(DateOrder order) {
          order == DateOrder::compact_day_month_year || order == DateOrder::compact_year_day_month;
 }
 
-bool can_be_day_and_month(std::int32_t day, std::int32_t month) {
-  constexpr std::int32_t last_day = 31, last_month = 12;
-  return day <= last_day && month <= last_month;
+std::int32_t number_of(std::string_view digits) {
+  std::int32_t value = 0;
+  for (const char digit : digits.substr(0, 9)) value = value * 10 + (digit - '0');
+  return value;
+}
+
+/// Whether there is such a day, or could be where day or month is not told (0). A year of less than three digits may
+/// be any one.
+bool can_be_day_and_month(std::int32_t day, std::int32_t month, std::int32_t year) {
+  constexpr std::array<std::int32_t, 13> days = {31, 31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  constexpr std::int32_t last_month = 12, february = 2, last_short_year = 99;
+  if (month > last_month) return false;
+  const bool is_leap_year = year <= last_short_year || (year % 4 == 0 && (year % 100 != 0 || year % 400 == 0));
+  return day <= days[static_cast<std::size_t>(month)] - (month == february && !is_leap_year ? 1 : 0);
 }
 
 /// `ahead` is the order in which the first number is the day.
 void vote(OrderCounts& counts, const DatePiecesFound& date, std::int64_t line, std::string_view text,
           std::pair<DateOrder, DateOrder> day_first_and_month_first) {
-  const bool is_day_first = can_be_day_and_month(date.first, date.second);
-  const bool is_month_first = can_be_day_and_month(date.second, date.first);
+  const std::int32_t year = number_of(date.year);
+  const bool is_day_first = can_be_day_and_month(date.first, date.second, year);
+  const bool is_month_first = can_be_day_and_month(date.second, date.first, year);
   const auto [day_first, month_first] = day_first_and_month_first;
   ++counts.total;
   if (is_day_first && is_month_first) {
-    counts.either += date.first != date.second ? 1 : 0;
-  } else if (is_day_first) {
-    ++counts.only[place_of(day_first)];
-  } else if (is_month_first) {
-    ++counts.only[place_of(month_first)];
+    if (date.first == date.second) return;
+    ++counts.either;
+    note_fit(counts.if_day_first, DateFit::either, line, text);
+    note_fit(counts.if_month_first, DateFit::either, line, text);
+  } else if (is_day_first || is_month_first) {
+    ++counts.only[place_of(is_day_first ? day_first : month_first)];
+    note_fit(counts.if_day_first, is_day_first ? DateFit::certain : DateFit::impossible, line, text);
+    note_fit(counts.if_month_first, is_month_first ? DateFit::certain : DateFit::impossible, line, text);
   } else {
     note_text(counts.neither, line, text);
   }
+}
+
+void survey_short(ShortDates& dates, const DatePiecesFound& date, std::int64_t line, std::string_view text) {
+  note_text(dates.noted, line, text);
+  if (date.shape != DateShape::short_year) {
+    ++dates.with_month_word;
+    return;
+  }
+  constexpr std::int32_t any_year = 0;
+  const std::int32_t third = number_of(date.year);
+  ++dates.total;
+  dates.day_month_year += can_be_day_and_month(date.first, date.second, any_year) ? 1 : 0;
+  dates.month_day_year += can_be_day_and_month(date.second, date.first, any_year) ? 1 : 0;
+  dates.year_month_day += can_be_day_and_month(third, date.second, any_year) ? 1 : 0;
 }
 
 struct CompactPieces {
@@ -62,19 +93,13 @@ CompactPieces cut_compact(std::string_view digits, DateOrder order) {
   return {digits.substr(year_first ? 0 : 4, 4), day_first ? second : first, day_first ? first : second};
 }
 
-std::int32_t number_of(std::string_view digits) {
-  std::int32_t value = 0;
-  for (const char digit : digits) value = value * 10 + (digit - '0');
-  return value;
-}
-
 /// Whether eight digits make a likely date in this order.
 bool fits_compact(std::string_view digits, DateOrder order) {
   constexpr std::int32_t first_year = 1700, last_year = 2199;
   const CompactPieces pieces = cut_compact(digits, order);
   const std::int32_t year = number_of(pieces.year);
   return year >= first_year && year <= last_year &&
-         can_be_day_and_month(number_of(pieces.day), number_of(pieces.month));
+         can_be_day_and_month(number_of(pieces.day), number_of(pieces.month), year);
 }
 
 constexpr std::array<DateOrder, 4> compact_orders = {
@@ -128,9 +153,73 @@ std::optional<DateOrder> decide_compact(DatePlan& plan, const OrderCounts& count
   return orders[0];
 }
 
+/// The orders of three short numbers that are possible.
+struct ShortOrders {
+  bool day_first = false, month_first = false, year_first = false;
+};
+
+/// Those in which nearly all are a day. Where the year stands is told by parents and young, hardly any of which are in
+/// order with a day in its place, or by the dates of the column that have all digits; and so is the order of day and
+/// month by these.
+ShortOrders possible_short_orders(const DatePlan& plan, const DateSurvey& survey) {
+  const ShortDates& dates = survey.short_dates;
+  const auto fits = [&](std::int64_t count) { return (dates.total - count) * clear_majority <= dates.total; };
+  ShortOrders orders = {fits(dates.day_month_year), fits(dates.month_day_year), fits(dates.year_month_day)};
+  const bool fits_last = is_in_order(survey.short_years.year_last);
+  const bool fits_first = is_in_order(survey.short_years.year_first);
+  const std::int64_t last = survey.year_last.total, first = survey.year_first.total;
+  if (fits_last == fits_first ? last > first * clear_majority : fits_last) orders.year_first = false;
+  if (orders.year_first && (fits_last == fits_first ? first > last * clear_majority : fits_first)) {
+    orders.day_first = orders.month_first = false;
+  }
+  if (orders.day_first && orders.month_first && last > 0 && !plan.is_ambiguous) {
+    orders.day_first = plan.year_last == DateOrder::day_month_year;
+    orders.month_first = !orders.day_first;
+  }
+  return orders;
+}
+
+DateOrder decide_short(DatePlan& plan, const DateSurvey& survey) {
+  const ShortOrders orders = possible_short_orders(plan, survey);
+  if (orders.day_first && !orders.month_first && !orders.year_first) return DateOrder::day_month_year;
+  if (orders.month_first && !orders.day_first && !orders.year_first) return DateOrder::month_day_year;
+  if (orders.year_first && !orders.day_first && !orders.month_first) return DateOrder::year_month_day;
+  const bool has_month_first = orders.month_first || !orders.year_first;
+  plan.is_ambiguous = true;
+  plan.first_order = orders.day_first || !orders.month_first ? DateOrder::day_month_year : DateOrder::month_day_year;
+  plan.second_order = has_month_first && plan.first_order == DateOrder::day_month_year ? DateOrder::month_day_year
+                                                                                       : DateOrder::year_month_day;
+  plan.first_count = plan.second_count = 0;
+  plan.either_count = survey.short_dates.total;
+  return plan.first_order;
+}
+
+/// The hundred years of the short ones.
+void decide_century(DatePlan& plan, const DateSurvey& survey, const DateWish& wanted) {
+  if (survey.short_dates.noted.count == 0) return;
+  const bool is_year_first = plan.short_order == DateOrder::year_month_day;
+  if (wanted.century) {
+    plan.short_years = {*wanted.century, *wanted.century + static_cast<std::int32_t>(years_of_circle) - 1};
+  } else if (wanted.this_year > 0) {
+    plan.short_years =
+        tell_years(is_year_first ? survey.short_years.year_first : survey.short_years.year_last, wanted.this_year);
+  }
+  plan.is_century_open = !plan.short_years;
+}
+
+/// From which day the numbers of days are counted: from 1900 where some would be in the future otherwise.
+void decide_serials(DatePlan& plan, const DateSurvey& survey, const DateWish& wanted) {
+  if (survey.serials.noted.count == 0) return;
+  plan.serials = wanted.serials.value_or(DateSystem::since_1900);
+  if (wanted.serials) return;
+  const std::string latest = day_of_serial(std::to_string(survey.serials.highest), DateSystem::since_1904);
+  const bool is_known = wanted.this_year > 0;
+  plan.are_serials_open = !is_known || number_of(latest.substr(0, 4)) <= wanted.this_year;
+}
+
 /// How most dates are written.
 DateOrder most_common(const DatePlan& plan, const DateSurvey& survey) {
-  const std::int64_t last = survey.year_last.total + survey.named;
+  const std::int64_t last = survey.year_last.total + survey.named + survey.short_dates.noted.count;
   if (plan.compact && survey.compact.total > std::max(last, survey.year_first.total)) return *plan.compact;
   return survey.year_first.total > last ? plan.year_first : plan.year_last;
 }
@@ -155,6 +244,38 @@ void append_in_order(std::string& bytes, DateOrder order, const CompactPieces& d
 constexpr std::array<std::string_view, 13> month_digits = {"00", "01", "02", "03", "04", "05", "06",
                                                            "07", "08", "09", "10", "11", "12"};
 
+/// A date whose year has two digits.
+void append_short(std::string& bytes, const DatePiecesFound& date, const DatePlan& plan) {
+  const bool is_year_first = date.shape == DateShape::short_year && has_year_first(plan.short_order);
+  const bool is_day_first = has_day_before_month(plan.short_order) && !is_year_first;
+  const std::string year =
+      std::to_string(whole_year(number_of(is_year_first ? date.first_text : date.year), plan.short_years->first));
+  if (date.shape != DateShape::short_year) {
+    return append_in_order(bytes, plan.written,
+                           {year, month_digits[static_cast<std::size_t>(date.second)], date.first_text});
+  }
+  const std::string_view day = is_year_first ? date.year : is_day_first ? date.first_text : date.second_text;
+  const std::string_view month = is_year_first || is_day_first ? date.second_text : date.first_text;
+  append_in_order(bytes, plan.written, {year, month, day});
+}
+
+void append_serial(std::string& bytes, std::string_view digits, const DatePlan& plan) {
+  const std::string day = day_of_serial(digits, plan.serials);
+  const std::string_view text = day;
+  append_in_order(bytes, plan.written, {text.substr(0, 4), text.substr(5, 2), text.substr(8, 2)});
+}
+
+/// A word in the place of a date that is not known to mean that there is none.
+bool is_odd_word(std::string_view text) {
+  constexpr std::string_view too_narrow = "##";  // what a spreadsheet shows of a date in a narrow column
+  if (text.find(too_narrow) != std::string_view::npos) return true;
+  const bool has_letter = std::any_of(text.begin(), text.end(), [](char byte) {
+    const bool is_plain = (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z');
+    return is_plain || static_cast<unsigned char>(byte) >= 0x80;
+  });
+  return has_letter && !means_unknown_parent(text);
+}
+
 }  // namespace
 
 std::string layout_text(DateOrder order, bool is_dutch) {
@@ -178,16 +299,27 @@ std::optional<DateOrder> date_order_named(std::string_view text) {
   return static_cast<DateOrder>(place);
 }
 
-void note_text(NotedTexts& noted, std::int64_t line, std::string_view text, std::size_t most) {
-  ++noted.count;
-  if (noted.first.size() < most) noted.first.push_back({line, std::string(text)});
+std::optional<DateSystem> date_system_named(std::string_view text) {
+  if (text == "serial-1900") return DateSystem::since_1900;
+  if (text == "serial-1904") return DateSystem::since_1904;
+  return std::nullopt;
+}
+
+std::optional<std::int32_t> century_named(std::string_view text) {
+  constexpr std::size_t digit_count = 4;
+  if (text.size() != digit_count || text.find_first_not_of("0123456789") != std::string_view::npos) return std::nullopt;
+  return number_of(text);
 }
 
 void survey_date(DateSurvey& survey, std::string_view text, std::int64_t line) {
   const DatePiecesFound date = cut_date(text);
   survey.with_time += date.has_time ? 1 : 0;
+  survey.rough += date.is_rough && date.shape != DateShape::unreadable ? 1 : 0;
   switch (date.shape) {
-    case DateShape::empty: ++survey.empty; return;
+    case DateShape::empty:
+      ++survey.empty;
+      survey.odd_words += is_odd_word(text) ? 1 : 0;
+      return;
     case DateShape::year_first:
       return vote(survey.year_first, date, line, text, {DateOrder::year_day_month, DateOrder::year_month_day});
     case DateShape::year_last:
@@ -196,30 +328,69 @@ void survey_date(DateSurvey& survey, std::string_view text, std::int64_t line) {
     case DateShape::named: ++survey.named; return;
     case DateShape::year_only: ++survey.year_only; return;
     case DateShape::month_only: ++survey.month_only; return;
-    case DateShape::short_year: return note_text(survey.short_years, line, text);
+    case DateShape::short_year:
+    case DateShape::short_named:
+    case DateShape::short_month: return survey_short(survey.short_dates, date, line, text);
+    case DateShape::serial:
+      survey.serials.highest = std::max(survey.serials.highest, number_of(date.year));
+      return note_text(survey.serials.noted, line, text);
     case DateShape::unreadable: return note_text(survey.unreadable, line, text);
   }
 }
 
-DatePlan plan_dates(const DateSurvey& survey, std::optional<DateOrder> wanted) {
+DatePlan plan_dates(const DateSurvey& survey, const DateWish& wanted) {
   DatePlan plan;
   plan.year_first = decide(plan, survey.year_first, DateOrder::year_month_day, DateOrder::year_day_month, true);
   plan.year_last = decide(plan, survey.year_last, DateOrder::day_month_year, DateOrder::month_day_year, false);
   plan.compact = decide_compact(plan, survey.compact);
+  if (survey.short_dates.total > 0) plan.short_order = decide_short(plan, survey);
   plan.written = most_common(plan, survey);
-  if (!wanted) return plan;
-  plan.is_ambiguous = false;
-  plan.written = *wanted;
-  if (is_compact(*wanted)) {
-    plan.compact = wanted;
-  } else {
-    (has_year_first(*wanted) ? plan.year_first : plan.year_last) = *wanted;
+  if (wanted.order) {
+    plan.is_ambiguous = false;
+    plan.written = *wanted.order;
+    if (is_compact(*wanted.order)) {
+      plan.compact = wanted.order;
+    } else {
+      (has_year_first(*wanted.order) ? plan.year_first : plan.year_last) = *wanted.order;
+      plan.short_order = *wanted.order;
+    }
   }
+  decide_century(plan, survey, wanted);
+  decide_serials(plan, survey, wanted);
   return plan;
+}
+
+const ExchangedDates& exchanged_year_first(const DateSurvey& survey, const DatePlan& plan) {
+  const OrderCounts& counts = survey.year_first;
+  return has_day_before_month(plan.year_first) ? counts.if_day_first : counts.if_month_first;
+}
+
+const ExchangedDates& exchanged_year_last(const DateSurvey& survey, const DatePlan& plan) {
+  const OrderCounts& counts = survey.year_last;
+  return has_day_before_month(plan.year_last) ? counts.if_day_first : counts.if_month_first;
+}
+
+DateCounts count_dates(const DateSurvey& survey, const DatePlan& plan) {
+  DateCounts counts;
+  counts.not_understood = survey.unreadable.count + survey.odd_words + survey.year_first.neither.count +
+                          survey.year_last.neither.count + exchanged_year_first(survey, plan).impossible.count +
+                          exchanged_year_last(survey, plan).impossible.count;
+  counts.not_understood += plan.compact ? survey.compact.neither.count : survey.compact.total;
+  counts.all = survey.year_first.total + survey.year_last.total + survey.compact.total +
+               survey.short_dates.noted.count + survey.serials.noted.count + survey.named + survey.year_only +
+               survey.month_only + survey.unreadable.count + survey.odd_words;
+  return counts;
+}
+
+std::string day_of_serial(std::string_view digits, DateSystem system) {
+  std::string text;
+  append_date_of_serial(text, number_of(digits), CellKind::date, system);
+  return text;
 }
 
 void append_date(std::string& bytes, std::string_view text, const DatePlan& plan) {
   const DatePiecesFound date = cut_date(text);
+  const std::string_view month = month_digits[static_cast<std::size_t>(std::clamp(date.second, 0, 12))];
   const auto append_full = [&](DateOrder read) {
     const bool day_first = has_day_before_month(read);
     append_in_order(
@@ -233,14 +404,18 @@ void append_date(std::string& bytes, std::string_view text, const DatePlan& plan
     case DateShape::compact:
       if (!plan.compact || *plan.compact == plan.written) break;
       return append_in_order(bytes, plan.written, cut_compact(date.year, *plan.compact));
-    case DateShape::named:
-      return append_in_order(bytes, plan.written,
-                             {date.year, month_digits[static_cast<std::size_t>(date.second)], date.first_text});
-    case DateShape::month_only: return append_in_order(bytes, plan.written, {date.year, date.second_text, ""});
+    case DateShape::named: return append_in_order(bytes, plan.written, {date.year, month, date.first_text});
+    case DateShape::month_only: return append_in_order(bytes, plan.written, {date.year, month, ""});
     case DateShape::year_only:
-      if (!is_compact(plan.written)) break;
-      return append_in_order(bytes, plan.written, {date.year, "", ""});
+      if (is_compact(plan.written)) return append_in_order(bytes, plan.written, {date.year, "", ""});
+      bytes.append(date.year);
+      return;
     case DateShape::short_year:
+    case DateShape::short_named:
+    case DateShape::short_month:
+      if (!plan.short_years) break;
+      return append_short(bytes, date, plan);
+    case DateShape::serial: return append_serial(bytes, date.year, plan);
     case DateShape::unreadable: break;
   }
   bytes.append(text);

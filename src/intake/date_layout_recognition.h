@@ -7,9 +7,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
+#include "intake/birth_circle.h"
 #include "intake/date_shapes.h"
+#include "intake/exchanged_dates.h"
+#include "intake/noted_texts.h"
+#include "sheets/cell_values.h"
 
 namespace pedigreewatch {
 
@@ -32,22 +35,11 @@ std::string layout_text(DateOrder order, bool is_dutch);
 /// The layout that a user names with the letters d, m and y or j; nothing when one of the three is missing.
 std::optional<DateOrder> date_order_named(std::string_view text);
 
-/// A text of the export that a message names.
-struct NotedText {
-  std::int64_t line = 0;
-  std::string text;
-};
+/// The way of counting days that a user names: "serial-1900" or "serial-1904".
+std::optional<DateSystem> date_system_named(std::string_view text);
 
-/// Texts that are listed: the first ones, and how many there are.
-struct NotedTexts {
-  std::vector<NotedText> first;
-  std::int64_t count = 0;
-};
-
-inline constexpr std::size_t most_noted_texts = 20;
-/// Lines that hold no animal are all told, up to this many.
-inline constexpr std::size_t most_told_lines = 500;
-void note_text(NotedTexts& noted, std::int64_t line, std::string_view text, std::size_t most = most_noted_texts);
+/// The first of the hundred years that a user names, such as 1925; nothing for what is no year of four digits.
+std::optional<std::int32_t> century_named(std::string_view text);
 
 /// What the dates of one shape allow.
 struct OrderCounts {
@@ -55,12 +47,31 @@ struct OrderCounts {
   std::array<std::int64_t, date_order_count> only = {};  ///< dates that fit this layout and not its counterpart
   std::int64_t either = 0;                               ///< fit both, and would be different days
   NotedTexts neither;                                    ///< no layout makes a day of them
+  ExchangedDates if_day_first, if_month_first;           ///< what is odd if that is the order
+};
+
+/// Dates with a year of two digits, and how many of them are a day in each order.
+struct ShortDates {
+  std::int64_t total = 0;
+  std::int64_t day_month_year = 0, month_day_year = 0, year_month_day = 0;
+  std::int64_t with_month_word = 0;  ///< besides: the year is plain
+  NotedTexts noted;                  ///< all of them
+};
+
+/// Dates that are numbers of days.
+struct SerialDates {
+  std::int32_t highest = 0;
+  NotedTexts noted;  ///< all of them
 };
 
 struct DateSurvey {
   OrderCounts year_first, year_last, compact;
-  std::int64_t empty = 0, named = 0, year_only = 0, month_only = 0, with_time = 0;
-  NotedTexts short_years, unreadable;
+  ShortDates short_dates;
+  SerialDates serials;
+  std::int64_t odd_words = 0;  ///< of the empty ones: with words that nobody knows
+  std::int64_t empty = 0, named = 0, year_only = 0, month_only = 0, with_time = 0, rough = 0;
+  NotedTexts unreadable;
+  ShortYears short_years;  ///< filled only where there are short dates
 };
 
 /// Looks at one more date.
@@ -70,16 +81,41 @@ void survey_date(DateSurvey& survey, std::string_view text, std::int64_t line);
 struct DatePlan {
   DateOrder year_first = DateOrder::year_month_day;  ///< how dates with the year at the start are read
   DateOrder year_last = DateOrder::day_month_year;
-  std::optional<DateOrder> compact;               ///< nothing: eight digits are no date
-  DateOrder written = DateOrder::day_month_year;  ///< the layout of the data file
+  std::optional<DateOrder> compact;                   ///< nothing: eight digits are no date
+  DateOrder short_order = DateOrder::day_month_year;  ///< how three numbers of two digits are read
+  std::optional<YearSpan> short_years;                ///< what years of two digits mean; nothing: they stay
+  DateSystem serials = DateSystem::since_1900;        ///< how numbers of days are read
+  DateOrder written = DateOrder::day_month_year;      ///< the layout of the data file
   bool is_ambiguous = false;  ///< the dates that decide the layout fit two orders: the user has to say which
   /// Dates of the shape in question that fit the one and the other order only, and both.
   std::int64_t first_count = 0, second_count = 0, either_count = 0;
   DateOrder first_order = DateOrder::day_month_year, second_order = DateOrder::month_day_year;
+  bool is_century_open = false, are_serials_open = false;  ///< the user has to say that too
+};
+
+/// What the user says about the dates, and the year in which he does.
+struct DateWish {
+  std::optional<DateOrder> order;
+  std::optional<DateSystem> serials;
+  std::optional<std::int32_t> century;  ///< the first year of the hundred that years of two digits mean
+  std::int32_t this_year = 0;           ///< 0: not known
 };
 
 /// Decides by what most dates allow; `wanted` overrules it.
-DatePlan plan_dates(const DateSurvey& survey, std::optional<DateOrder> wanted);
+DatePlan plan_dates(const DateSurvey& survey, const DateWish& wanted);
+
+/// What is odd about the dates with the year at that end, as the plan reads them.
+const ExchangedDates& exchanged_year_first(const DateSurvey& survey, const DatePlan& plan);
+const ExchangedDates& exchanged_year_last(const DateSurvey& survey, const DatePlan& plan);
+
+/// All dates, and those of them that the plan makes no day, month or year of.
+struct DateCounts {
+  std::int64_t all = 0, not_understood = 0;
+};
+DateCounts count_dates(const DateSurvey& survey, const DatePlan& plan);
+
+/// The day of that number as "2019-03-12".
+std::string day_of_serial(std::string_view digits, DateSystem system);
 
 /// The date in the layout of the plan; a text that is no full date stays as it is, one without a digit becomes empty.
 void append_date(std::string& bytes, std::string_view text, const DatePlan& plan);

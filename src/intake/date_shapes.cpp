@@ -5,9 +5,8 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <string>
 
-#include "text/folded_words.h"
+#include "intake/date_words.h"
 
 namespace pedigreewatch {
 namespace {
@@ -18,27 +17,7 @@ bool is_digit(char byte) {
 
 /// Signs that may stand between the pieces of a date.
 bool divides(char byte) {
-  return byte == '-' || byte == '/' || byte == '.' || byte == ' ' || byte == ',';
-}
-
-struct MonthName {
-  std::string_view start;  ///< folded; the first three letters tell the months apart in each language
-  std::int32_t month;
-};
-
-constexpr auto month_names = std::to_array<MonthName>({
-    {"jan", 1}, {"feb", 2}, {"fev", 2},  {"mar", 3},  {"maa", 3},  {"mrt", 3},  {"mrz", 3},  {"mae", 3}, {"apr", 4},
-    {"avr", 4}, {"may", 5}, {"mei", 5},  {"mai", 5},  {"juin", 6}, {"jun", 6},  {"juil", 7}, {"jul", 7}, {"aug", 8},
-    {"aou", 8}, {"sep", 9}, {"oct", 10}, {"okt", 10}, {"nov", 11}, {"dec", 12}, {"dez", 12},
-});
-
-/// The month that a word names; 0 for none.
-std::int32_t month_named(std::string_view word) {
-  const std::string plain = folded(word);
-  for (const MonthName& entry : month_names) {
-    if (plain.starts_with(entry.start)) return entry.month;
-  }
-  return 0;
+  return byte == '-' || byte == '/' || byte == '.' || byte == ' ' || byte == ',' || byte == '\'';
 }
 
 /// Whether `text` is a time of day such as 12:30, 00:00:00.000Z or 3:15 PM.
@@ -68,19 +47,28 @@ struct Pieces {
   std::size_t word = 0;  ///< the place of the piece that is a word
 };
 
+/// Adds a number or a word; false for one too many.
+bool add_piece(Pieces& pieces, std::string_view piece) {
+  const bool is_word = !is_digit(piece.front());
+  if (is_word && is_filler_of_date(piece)) return true;
+  if (pieces.count == most_pieces) return false;
+  if (is_word) {
+    pieces.word = pieces.count;
+    ++pieces.word_count;
+  }
+  pieces.texts[pieces.count++] = piece;
+  return true;
+}
+
 /// Cuts `text` into numbers and words; false when it holds anything else, or too many of them.
 bool cut_pieces(std::string_view text, Pieces& pieces) {
   while (!text.empty()) {
-    if (pieces.count == most_pieces || divides(text.front())) return false;
+    if (divides(text.front())) return false;
     const bool is_number = is_digit(text.front());
     const auto* const end =
         std::find_if(text.begin(), text.end(), [&](char byte) { return divides(byte) || is_digit(byte) != is_number; });
     const std::size_t length = static_cast<std::size_t>(end - text.begin());
-    if (!is_number) {
-      pieces.word = pieces.count;
-      ++pieces.word_count;
-    }
-    pieces.texts[pieces.count++] = text.substr(0, length);
+    if (!add_piece(pieces, text.substr(0, length))) return false;
     text.remove_prefix(length);
     const std::size_t rest = text.size();
     while (!text.empty() && divides(text.front())) text.remove_prefix(1);
@@ -102,19 +90,41 @@ bool is_year(std::string_view digits) {
 }
 
 DatePiecesFound make(DateShape shape, std::string_view year, std::string_view first, std::string_view second) {
-  return {shape, year, first, second, small_number(first), small_number(second), false};
+  DatePiecesFound found;
+  found.shape = shape;
+  found.year = year;
+  found.first_text = first;
+  found.second_text = second;
+  found.first = small_number(first);
+  found.second = small_number(second);
+  return found;
+}
+
+/// A month in words and one number: the year, unless it may as well be a day.
+DatePiecesFound cut_named_month(const Pieces& pieces, std::int32_t month) {
+  const std::string_view number = pieces.texts[pieces.word == 0 ? 1 : 0];
+  const bool is_whole_year = is_year(number);
+  if (!is_whole_year && pieces.word != 0) return {};  // "12-Jul" is a day without a year
+  DatePiecesFound found = make(is_whole_year ? DateShape::month_only : DateShape::short_month, number, {}, {});
+  found.second = month;
+  return found;
 }
 
 DatePiecesFound cut_named(const Pieces& pieces) {
+  constexpr std::int32_t last_day = 31;
   const std::int32_t month = month_named(pieces.texts[pieces.word]);
+  if (month == 0 || pieces.count < 2) return {};
+  if (pieces.count == 2) return cut_named_month(pieces, month);
   std::array<std::string_view, 2> numbers = {};
   std::size_t count = 0;
   for (std::size_t i = 0; i < pieces.count; ++i) {
     if (i != pieces.word) numbers[count++] = pieces.texts[i];
   }
-  if (month == 0 || count != 2 || is_year(numbers[0]) == is_year(numbers[1])) return {};
-  const bool is_year_first = is_year(numbers[0]);
-  DatePiecesFound found = make(DateShape::named, numbers[is_year_first ? 0 : 1], numbers[is_year_first ? 1 : 0], {});
+  if (is_year(numbers[0]) && is_year(numbers[1])) return {};
+  const bool is_short = !is_year(numbers[0]) && !is_year(numbers[1]);
+  const bool is_year_first = is_year(numbers[0]) || (is_short && small_number(numbers[0]) > last_day);
+  DatePiecesFound found = make(is_short ? DateShape::short_named : DateShape::named, numbers[is_year_first ? 0 : 1],
+                               numbers[is_year_first ? 1 : 0], {});
   found.second = month;
   return found;
 }
@@ -122,7 +132,7 @@ DatePiecesFound cut_named(const Pieces& pieces) {
 DatePiecesFound cut_numbers(const Pieces& pieces) {
   const auto [a, b, c] = pieces.texts;
   if (pieces.count == 1) {
-    if (a.size() == 8) return {.shape = DateShape::compact, .year = a, .first_text = {}, .second_text = {}};
+    if (a.size() == 8) return make(DateShape::compact, a, {}, {});
     if (a.size() == 4) return make(DateShape::year_only, a, {}, {});
     return {};
   }
@@ -133,11 +143,19 @@ DatePiecesFound cut_numbers(const Pieces& pieces) {
   }
   if (is_year(a) && !is_year(b) && !is_year(c)) return make(DateShape::year_first, a, b, c);
   if (is_year(c) && !is_year(a) && !is_year(b)) return make(DateShape::year_last, c, a, b);
-  const bool has_short_year = !is_year(a) && !is_year(b) && !is_year(c);
-  return {.shape = has_short_year ? DateShape::short_year : DateShape::unreadable,
-          .year = {},
-          .first_text = {},
-          .second_text = {}};
+  const bool is_short = !is_year(a) && !is_year(b) && !is_year(c);
+  return is_short ? make(DateShape::short_year, c, a, b) : DatePiecesFound{};
+}
+
+/// The number of a day in a spreadsheet, five digits for all days since 1927; the part of a day behind it is left out.
+bool is_serial(std::string_view text) {
+  constexpr std::size_t digit_count = 5;
+  if (text.size() < digit_count || text.front() == '0') return false;
+  if (!std::all_of(text.begin(), text.begin() + digit_count, is_digit)) return false;
+  const std::string_view rest = text.substr(digit_count);
+  if (rest.empty()) return true;
+  return rest.size() > 1 && (rest.front() == '.' || rest.front() == ',') &&
+         std::all_of(rest.begin() + 1, rest.end(), is_digit);
 }
 
 /// Whether `text` has a digit wherever `form` has a 9, and where it has a hyphen a sign that divides.
@@ -159,14 +177,20 @@ DatePiecesFound cut_date(std::string_view text) {
   if (has_form(text, "99-99-9999")) {
     return make(DateShape::year_last, text.substr(6, 4), text.substr(0, 2), text.substr(3, 2));
   }
-  if (std::none_of(text.begin(), text.end(), is_digit))
-    return {.shape = DateShape::empty, .year = {}, .first_text = {}, .second_text = {}};
+  if (std::none_of(text.begin(), text.end(), is_digit)) return make(DateShape::empty, {}, {}, {});
+  if (is_serial(text)) return make(DateShape::serial, text.substr(0, 5), {}, {});
+  const bool is_rough = take_rough_signs(text);
   const bool has_time = take_time(text);
   Pieces pieces;
-  if (!cut_pieces(text, pieces)) return {};
+  if (!cut_pieces(text, pieces) || pieces.count == 0) return {};
   DatePiecesFound found = pieces.word_count == 1 ? cut_named(pieces) : cut_numbers(pieces);
   found.has_time = has_time;
+  found.is_rough = is_rough;
   return found;
+}
+
+bool has_short_year(DateShape shape) {
+  return shape == DateShape::short_year || shape == DateShape::short_named || shape == DateShape::short_month;
 }
 
 }  // namespace pedigreewatch

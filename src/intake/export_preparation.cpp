@@ -15,6 +15,8 @@
 #include "intake/animal_lines.h"
 #include "intake/column_matches.h"
 #include "intake/export_records.h"
+#include "intake/id_matches.h"
+#include "intake/short_years.h"
 #include "sheets/inflate.h"
 #include "sheets/workbook.h"
 #include "text/letter_evidence.h"
@@ -209,21 +211,9 @@ void survey_all(const PrepareOptions& options, ProgressLine& progress, Preparati
   erase_progress(progress);
 }
 
-}  // namespace
-
-std::optional<Refusal> read_and_recognise(const PrepareOptions& options, Preparation& result) {
-  result = {};
-  std::string bytes;
-  std::optional<Refusal> refusal = read_export(options.export_name, bytes);
-  if (refusal) return refusal;
-  if (is_read_as_workbook(bytes)) return read_export_sheet(options, bytes, result);
-  refusal = decode_export(options, std::move(bytes), result);
-  if (!refusal) refusal = refuse_zeros(result.text, options);
-  if (!refusal) refusal = choose_export_delimiter(options, result);
-  return refusal;
-}
-
-std::optional<Refusal> survey_columns(const PrepareOptions& options, ProgressLine& progress, Preparation& result) {
+/// Surveys the columns by their headings; where these leave one open, or the parents have no lines, by their content.
+std::optional<Refusal> survey_linked_columns(const PrepareOptions& options, ProgressLine& progress,
+                                             Preparation& result) {
   result.columns = {};
   std::optional<Refusal> refusal = choose_export_columns(options, nullptr, result);
   if (refusal) return refusal;
@@ -239,6 +229,46 @@ std::optional<Refusal> survey_columns(const PrepareOptions& options, ProgressLin
   if (result.columns.place != chosen) survey_all(options, progress, result);
   if (lacks_lines(result.survey)) {
     result.survey.matches = match_columns(result.text, result.reading.delimiter, result.columns);
+  }
+  return std::nullopt;
+}
+
+/// Parents that lack a line because they are written otherwise than the animals: by the rules that are wished, or by
+/// one that could be.
+void compare_ids(const PrepareOptions& options, Preparation& result) {
+  const ExportTable table = {result.text, result.reading.delimiter, result.columns, options.unknown};
+  ExportSurvey& survey = result.survey;
+  if (options.ids) {
+    survey.id_substitutes = find_substitutes(table, *options.ids);
+    for (const auto& [parent, id] : survey.id_substitutes.ids) note_role(survey.links, parent, animal_role);
+    return;
+  }
+  const LinkCount sires = count_links(survey.links, sire_role), dams = count_links(survey.links, dam_role);
+  const std::int64_t without_line = sires.parents - sires.with_line + dams.parents - dams.with_line;
+  if (without_line >= fewest_explained_parents) survey.id_proposal = propose_id_rules(table);
+}
+
+}  // namespace
+
+std::optional<Refusal> read_and_recognise(const PrepareOptions& options, Preparation& result) {
+  result = {};
+  std::string bytes;
+  std::optional<Refusal> refusal = read_export(options.export_name, bytes);
+  if (refusal) return refusal;
+  if (is_read_as_workbook(bytes)) return read_export_sheet(options, bytes, result);
+  refusal = decode_export(options, std::move(bytes), result);
+  if (!refusal) refusal = refuse_zeros(result.text, options);
+  if (!refusal) refusal = choose_export_delimiter(options, result);
+  return refusal;
+}
+
+std::optional<Refusal> survey_columns(const PrepareOptions& options, ProgressLine& progress, Preparation& result) {
+  std::optional<Refusal> refusal = survey_linked_columns(options, progress, result);
+  if (refusal) return refusal;
+  compare_ids(options, result);
+  DateSurvey& dates = result.survey.dates;
+  if (dates.short_dates.noted.count > 0) {
+    dates.short_years = compare_short_years(result.text, result.reading.delimiter, result.columns);
   }
   return std::nullopt;
 }

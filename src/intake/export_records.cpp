@@ -133,6 +133,32 @@ bool is_blank_byte(char byte) {
   return (byte >= 0 && byte <= ' ') || byte == 0x7F;
 }
 
+bool is_digit(char byte) {
+  return byte >= '0' && byte <= '9';
+}
+
+bool is_capital(char byte) {
+  return byte >= 'A' && byte <= 'Z';
+}
+
+/// Whether an apostrophe before this text is no part of it, as in 's-Hertogenbosch, 't Hof or 'Rex': a digit follows,
+/// or a capital and another one or a digit.
+bool is_marked_text(std::string_view text) {
+  if (text.empty() || text.back() == '\'') return false;
+  if (is_digit(text.front())) return true;
+  return text.size() > 1 && is_capital(text[0]) && (is_capital(text[1]) || is_digit(text[1]));
+}
+
+/// Leaves of ="001" and '001 the text, which a spreadsheet was kept from taking for a number by that.
+void take_sheet_mark(std::string_view& field, ExportRecord& record) {
+  constexpr std::string_view formula = "=\"";
+  const bool is_formula = field.size() > formula.size() && field.starts_with(formula) && field.ends_with('"');
+  const bool is_marked = field.front() == '\'' && is_marked_text(field.substr(1));
+  if (is_formula) field = field.substr(formula.size(), field.size() - formula.size() - 1);
+  if (is_marked) field.remove_prefix(1);
+  record.has_sheet_marks = record.has_sheet_marks || is_formula || is_marked;
+}
+
 constexpr std::string_view no_break_space = "\xC2\xA0";
 constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 
@@ -147,7 +173,7 @@ bool next_record(RecordReader& reader, ExportRecord& record) {
   record.fields.clear();
   record.line = reader.next_line;
   record.line_count = 1;
-  record.has_quotes = record.has_bad_quotes = record.is_unterminated = false;
+  record.has_quotes = record.has_bad_quotes = record.has_sheet_marks = record.is_unterminated = false;
   const std::size_t line_end = find_before(reader.text, reader.line_end, reader.next, reader.text.size());
   if (find_before(reader.text, quote, reader.next, line_end) == line_end) {
     const bool has_return = line_end > reader.next && reader.text[line_end - 1] == '\r';
@@ -157,6 +183,9 @@ bool next_record(RecordReader& reader, ExportRecord& record) {
     reader.next = cut_quoted_record(reader, record);
   }
   reader.next_line += record.line_count;
+  for (std::string_view& field : record.fields) {
+    if (!field.empty() && (field.front() == '=' || field.front() == '\'')) take_sheet_mark(field, record);
+  }
   return true;
 }
 

@@ -19,6 +19,7 @@ struct ExportRecord {
   std::int64_t line_count = 1;           ///< more than 1 where line ends stand inside quotation marks
   bool has_quotes = false;               ///< some field stands in quotation marks
   bool has_bad_quotes = false;           ///< text stands behind a closing quotation mark
+  bool has_sheet_marks = false;          ///< a spreadsheet has marked a field as text: ="001" or '001
   bool is_unterminated = false;          ///< a quotation mark is never closed; the record reaches to the end
 };
 

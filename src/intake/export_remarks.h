@@ -15,7 +15,7 @@ std::vector<Remark> remarks_on(const Preparation& read, const PrepareOptions& op
 /// The three parts; each adds its remarks to the list.
 void add_reading_remarks(const Preparation& read, const PrepareOptions& options, std::vector<Remark>& remarks);
 void add_content_remarks(const Preparation& read, std::vector<Remark>& remarks);
-void add_repair_remarks(const Preparation& read, std::vector<Remark>& remarks);
+void add_repair_remarks(const Preparation& read, const PrepareOptions& options, std::vector<Remark>& remarks);
 
 /// Adds a remark on texts with their lines, or with a count, if there are any.
 void remark_noted(RemarkKind kind, const NotedTexts& noted, std::vector<Remark>& remarks);

@@ -59,6 +59,7 @@ void survey_parent(ExportSurvey& survey, std::string_view text, LinkRole role, c
     count_text(survey.unknown_parents, text, place.line);
   } else {
     note_role(survey.links, text, role);
+    note_number(survey.numbers[index_of(role == sire_role ? sire_column : dam_column)], text, place.line);
   }
 }
 
@@ -66,6 +67,7 @@ void survey_id(ExportSurvey& survey, std::string_view text, std::int64_t line) {
   if (text.empty()) return note_text(survey.without_id, line, text);
   if (means_unknown_parent(text)) count_text(survey.unknown_ids, text, line);
   note_role(survey.links, text, animal_role);
+  note_number(survey.numbers[index_of(id_column)], text, line);
 }
 
 void survey_meaning(ExportSurvey& survey, FieldCode code, std::string_view text, const SurveyPlace& place) {
@@ -98,6 +100,7 @@ void survey_field(ExportSurvey& survey, FieldCode code, std::string_view field, 
 
 void survey_form(ExportSurvey& survey, const ExportRecord& record, std::size_t column_count) {
   survey.quoted_records += record.has_quotes ? 1 : 0;
+  survey.sheet_marks += record.has_sheet_marks ? 1 : 0;
   if (record.has_bad_quotes) note_text(survey.bad_quotes, record.line, "");
   if (record.is_unterminated && survey.unterminated_line == 0) survey.unterminated_line = record.line;
   const std::size_t count = record.fields.size();

@@ -13,9 +13,11 @@
 #include "core/progress_line.h"
 #include "intake/animal_lines.h"
 #include "intake/column_choice.h"
+#include "intake/damaged_numbers.h"
 #include "intake/date_layout_recognition.h"
 #include "intake/export_lines.h"
 #include "intake/export_records.h"
+#include "intake/id_rules.h"
 #include "intake/parent_links.h"
 #include "intake/text_counts.h"
 #include "text/windows_1252.h"
@@ -57,6 +59,10 @@ struct ExportSurvey {
   ParentLinks links;
   ColumnMatches matches;  ///< only where most of the parents have no line of their own
   ChangedIds changed_ids;
+  std::array<NumberForms, field_count> numbers;  ///< of the identifications of animals and parents
+  std::int64_t sheet_marks = 0;                  ///< records with texts that a spreadsheet has marked as such
+  IdProposal id_proposal;                        ///< filled only where parents have no line, and no rule is wished
+  IdSubstitutes id_substitutes;                  ///< filled only where a rule is wished
 };
 
 /// The widths of the texts in the data file, in bytes; 0 for fields that are no texts.

@@ -1,11 +1,13 @@
 // What the user says about an export. Whatever is said overrules what would be recognised.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "intake/date_layout_recognition.h"
+#include "intake/id_rules.h"
 #include "pedigree/header_words.h"
 #include "text/encoding.h"
 #include "text/phrases.h"
@@ -31,6 +33,10 @@ struct PrepareOptions {
   std::optional<char> delimiter;
   std::optional<Encoding> encoding;
   std::optional<DateOrder> dates;
+  std::optional<DateSystem> serials;    ///< how numbers of days are counted
+  std::optional<std::int32_t> century;  ///< the first year of the hundred that years of two digits mean
+  std::optional<IdRules> ids;           ///< what does not count when parents are compared with identifications
+  std::int32_t this_year = 0;           ///< in which nobody is born later; 0: not known
   std::optional<bool> has_header;
   std::vector<std::string> male, female;  ///< texts of the sexes
   std::vector<std::string> unknown;

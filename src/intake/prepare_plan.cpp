@@ -8,6 +8,9 @@
 #include <utility>
 
 #include "intake/column_matches.h"
+#include "intake/damaged_numbers.h"
+#include "intake/date_questions.h"
+#include "intake/id_questions.h"
 #include "intake/sex_choice.h"
 #include "intake/species_choice.h"
 #include "text/folded_words.h"
@@ -30,15 +33,11 @@ void choose_delimiter(const ExportSurvey& survey, PreparePlan& plan) {
 }
 
 void choose_dates(const ExportSurvey& survey, const PrepareOptions& options, PreparePlan& plan) {
-  plan.dates = plan_dates(survey.dates, options.dates);
-  if (!plan.dates.is_ambiguous) return;
-  const DatePlan& dates = plan.dates;
-  plan.questions.push_back(
-      {QuestionKind::dates_unclear,
-       {dates.first_count, dates.first_order, dates.second_count, dates.second_order, dates.either_count},
-       Setting::dates,
-       unused_column,
-       {{layout_text(dates.first_order, false), {}}, {layout_text(dates.second_order, false), {}}}});
+  plan.dates = plan_dates(survey.dates, {options.dates, options.serials, options.century, options.this_year});
+  if (!plan.columns.place[static_cast<std::size_t>(birthdate_column)]) return;
+  for (Question& question : ask_for_dates(survey, plan.dates, plan.columns, options)) {
+    plan.questions.push_back(std::move(question));
+  }
 }
 
 /// The program itself takes these for unknown, even if an animal has such an id.
@@ -124,6 +123,16 @@ bool is_device_name(std::string_view stem) {
 
 }  // namespace
 
+std::string_view planned_id(const PreparePlan& plan, std::string_view text, std::string& rewritten) {
+  if (!plan.parent_ids.empty()) {
+    const auto found = plan.parent_ids.find(std::string(text));
+    if (found != plan.parent_ids.end()) text = found->second;
+  }
+  if (!plan.leaves_out_thousands_signs) return text;
+  rewritten = without_thousands_signs(text);
+  return rewritten;
+}
+
 bool is_unknown_parent(const PreparePlan& plan, std::string_view text) {
   if (text.empty()) return true;
   return plan.unknown_parents.find(std::string(text)) != plan.unknown_parents.end();
@@ -164,9 +173,16 @@ PreparePlan plan_preparation(const ExportSurvey& survey, const ColumnChoice& col
   plan.language = options.language;
   plan.columns = columns;
   plan.questions = columns.questions;
-  for (Question& question : ask_for_linked_columns(survey, columns, options)) {
-    plan.questions.push_back(std::move(question));
+  for (Question& question : ask_for_ids(survey, columns, options)) plan.questions.push_back(std::move(question));
+  const bool are_ids_open = plan.questions.size() > columns.questions.size();
+  // Parents that lack a line only because they are written otherwise tell nothing about the columns.
+  if (!are_ids_open) {
+    for (Question& question : ask_for_linked_columns(survey, columns, options)) {
+      plan.questions.push_back(std::move(question));
+    }
   }
+  plan.parent_ids = survey.id_substitutes.ids;
+  plan.leaves_out_thousands_signs = leaves_out_thousands_signs(survey, options);
   choose_delimiter(survey, plan);
   choose_dates(survey, options, plan);
   plan.sexes = choose_sexes(survey, options, plan.questions);

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -19,18 +20,23 @@ struct PreparePlan {
   ToolLanguage language = ToolLanguage::english;
   char delimiter = ';';  ///< of the data file
   DatePlan dates;
-  std::vector<SexMeaning> sexes;                     ///< of the texts of the survey, in their order
-  std::unordered_set<std::string> unknown_parents;   ///< the texts of parents that are unknown
-  std::string species;                               ///< the word of the steer file
-  std::string population_name;                       ///< Windows-1252, 40 bytes at most
-  std::string stem;                                  ///< of the data file's name
-  std::vector<std::string> subpopulations, colours;  ///< Windows-1252, as the steer file lists them
-  ColumnChoice columns;                              ///< without those that are left out
-  std::vector<Question> questions;                   ///< none: everything is decided
+  std::vector<SexMeaning> sexes;                            ///< of the texts of the survey, in their order
+  std::unordered_set<std::string> unknown_parents;          ///< the texts of parents that are unknown
+  std::unordered_map<std::string, std::string> parent_ids;  ///< the animals of parents that are written in another way
+  bool leaves_out_thousands_signs = false;                  ///< of identifications
+  std::string species;                                      ///< the word of the steer file
+  std::string population_name;                              ///< Windows-1252, 40 bytes at most
+  std::string stem;                                         ///< of the data file's name
+  std::vector<std::string> subpopulations, colours;         ///< Windows-1252, as the steer file lists them
+  ColumnChoice columns;                                     ///< without those that are left out
+  std::vector<Question> questions;                          ///< none: everything is decided
 };
 
 /// Decides. `columns` are those that were surveyed.
 PreparePlan plan_preparation(const ExportSurvey& survey, const ColumnChoice& columns, const PrepareOptions& options);
+
+/// The identification that is written for that of an animal or parent, as the plan has it; `rewritten` may hold it.
+std::string_view planned_id(const PreparePlan& plan, std::string_view text, std::string& rewritten);
 
 /// Whether a text in a parent's column stands for no known parent.
 bool is_unknown_parent(const PreparePlan& plan, std::string_view text);

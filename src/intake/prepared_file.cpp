@@ -42,6 +42,7 @@ void append_field(std::string& bytes, FieldCode code, std::string_view text, con
                   const TextCounts& sexes) {
   constexpr std::size_t import_width = 20, date_width = 40;
   LetterCounts ignored;
+  std::string rewritten;
   const std::size_t start = bytes.size();
   switch (code) {
     case sex_column: return append_sex(bytes, text, plan, sexes);
@@ -60,6 +61,10 @@ void append_field(std::string& bytes, FieldCode code, std::string_view text, con
     case sire_column:
     case dam_column:
       if (is_unknown_parent(plan, text)) return;
+      text = planned_id(plan, text, rewritten);
+      break;
+    case id_column:
+      if (plan.leaves_out_thousands_signs) text = planned_id(plan, text, rewritten);
       break;
     default: break;
   }

@@ -11,6 +11,7 @@
 
 #include "intake/date_layout_recognition.h"
 #include "intake/delimiter_recognition.h"
+#include "intake/id_rules.h"
 #include "intake/text_counts.h"
 #include "pedigree/header_words.h"
 #include "sheets/sheet_table.h"
@@ -66,10 +67,15 @@ struct EncodingReadings {
   std::vector<EncodingReading> readings;
 };
 
+/// Parents, and the animals that they may be.
+struct IdPairList {
+  std::vector<IdPair> pairs;
+};
+
 /// A number, a text of the export or of the user, the place of a column, lines with what stands in them, ...
 using Value = std::variant<std::int64_t, std::string, FieldCode, FieldName, DateOrder, Encoding, Delimiter, ColumnList,
                            CountedList, NotedTexts, MatchList, LetterList, TriedDelimiters, WordList, NotedCells,
-                           WorkbookProblem, EncodingReadings>;
+                           WorkbookProblem, EncodingReadings, IdRules, IdPairList>;
 using Values = std::vector<Value>;
 
 // --- Remarks: what was recognised, and what is changed on the way. Behind each kind stand its values ---
@@ -104,12 +110,17 @@ enum class RemarkKind {
   dates_in_order,                ///< dates, layout, dates that fit no other, dates that fit the other, the other
   dates_compact,                 ///< dates, layout
   dates_impossible,              ///< dates, their lines
+  dates_exchanged,               ///< dates, their lines, layout that they fit
+  dates_doubtful,                ///< dates, their lines
   dates_named,                   ///< dates
   dates_year_only,               ///< dates
   dates_month_only,              ///< dates
   dates_timed,                   ///< dates
+  dates_rough,                   ///< dates
+  dates_serial,                  ///< dates, year from which their days are counted
   dates_empty,                   ///< texts
-  dates_short,                   ///< dates, their lines
+  dates_short,                   ///< dates, first and last year that they mean
+  dates_short_open,              ///< dates, their lines
   dates_unreadable,              ///< dates, their lines
   sexes_found,                   ///< texts of males, of females
   sexes_unknown,                 ///< texts
@@ -123,11 +134,14 @@ enum class RemarkKind {
   quotes_bad,                    ///< lines, the lines
   ids_missing,                   ///< animals, their lines
   ids_unknown,                   ///< texts
+  ids_with_rules,                ///< rules, parents that get a line by them, some with the animals
+  ids_of_thousands,              ///< identifications
   texts_cut,                     ///< width, field, texts, their lines
   letters_replaced,              ///< letters
   letters_invisible,             ///< letters
   blanks_removed,                ///< texts
   quotes_removed,                ///< lines
+  sheet_marks_removed,           ///< lines
   blank_lines_removed,           ///< lines
   lines_shifted,                 ///< none
   line_shifted,                  ///< line of the export, line of the data file, name of that file
@@ -163,12 +177,18 @@ enum class QuestionKind {
   parents_lack_lines,       ///< field, its name, column, column of the ids, better ones, parents, those with a line
   id_lacks_parents,         ///< field, its name, column, the same column, better ones
   dates_unclear,            ///< dates of the first layout, the layout, dates of the second, the layout, dates of both
+  dates_not_understood,     ///< column, dates that are not understood, all dates, some with their lines
+  dates_absent,             ///< column
+  century_unclear,          ///< dates, some with their lines, hundreds of years
+  serials_unclear,          ///< dates, one of them, its day counted from 1900, and from 1904
   sexes_unclear,            ///< texts
   sexes_open,               ///< texts that nobody knows
   sexes_contradict,         ///< text, fathers, mothers
   male_never,               ///< what the user says, texts
   species_unclear,          ///< words of the species
   species_wrong,            ///< what the user says, words of the species
+  ids_destroyed,            ///< columns, identifications, some with their lines
+  ids_alike,                ///< parents without a line, those that get one, rules, their names, some with the animals
   too_many_subpopulations,  ///< heading, texts
   too_many_colours,         ///< heading, texts
   no_delimiter_left,        ///< none
@@ -176,7 +196,7 @@ enum class QuestionKind {
 inline constexpr std::size_t question_kind_count = static_cast<std::size_t>(QuestionKind::no_delimiter_left) + 1;
 
 /// What a question is answered with: a setting of the preparation.
-enum class Setting { none, column, header, dates, male, species, subpopulations, colours };
+enum class Setting { none, column, header, dates, serials, century, ids, male, species, subpopulations, colours };
 
 /// A possible answer: the value of the setting, and the text of the export that it stands for, if there is one.
 struct Answer {

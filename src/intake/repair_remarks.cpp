@@ -45,7 +45,7 @@ void remark_cut_texts(const ExportSurvey& survey, const PreparePlan& plan, std::
 
 }  // namespace
 
-void add_repair_remarks(const Preparation& read, std::vector<Remark>& remarks) {
+void add_repair_remarks(const Preparation& read, const PrepareOptions& options, std::vector<Remark>& remarks) {
   const ExportSurvey& survey = read.survey;
   const NotedTexts& other_counts = survey.other_field_counts;
   if (other_counts.count > 0) {
@@ -61,10 +61,22 @@ void add_repair_remarks(const Preparation& read, std::vector<Remark>& remarks) {
     remarks.push_back(
         {RemarkKind::ids_unknown, {list_counted(survey.unknown_ids, [](const CountedText&) { return true; })}});
   }
+  const IdSubstitutes& substitutes = survey.id_substitutes;
+  if (!substitutes.ids.empty()) {
+    remarks.push_back(
+        {RemarkKind::ids_with_rules,
+         {*options.ids, static_cast<std::int64_t>(substitutes.ids.size()), IdPairList{substitutes.examples}}});
+  }
+  if (read.plan.leaves_out_thousands_signs) {
+    std::int64_t count = 0;
+    for (const NumberForms& forms : survey.numbers) count += forms.of_thousands;
+    remark_count(RemarkKind::ids_of_thousands, count, remarks);
+  }
   remark_cut_texts(survey, read.plan, remarks);
   remark_letters(survey, remarks);
   remark_count(RemarkKind::blanks_removed, survey.leading_blanks, remarks);
   remark_count(RemarkKind::quotes_removed, survey.quoted_records, remarks);
+  remark_count(RemarkKind::sheet_marks_removed, survey.sheet_marks, remarks);
   remark_count(RemarkKind::blank_lines_removed, survey.blank_lines, remarks);
   remark_shifts(survey, read.plan.stem, remarks);
 }
@@ -73,7 +85,7 @@ std::vector<Remark> remarks_on(const Preparation& read, const PrepareOptions& op
   std::vector<Remark> remarks;
   add_reading_remarks(read, options, remarks);
   add_content_remarks(read, remarks);
-  add_repair_remarks(read, remarks);
+  add_repair_remarks(read, options, remarks);
   return remarks;
 }
 

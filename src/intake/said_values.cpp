@@ -16,6 +16,7 @@ constexpr Wording nothing = {"none", "geen"};
 constexpr Wording empty_text = {"empty", "leeg"};
 constexpr Wording line_and_text = {"line {1} {2}", "regel {1} {2}"};
 constexpr Wording line_only = {"line {1}", "regel {1}"};
+constexpr Wording parent_and_id = {"line {1} {2} -> {3}", "regel {1} {2} -> {3}"};
 constexpr Wording and_more = {" and {1} more", " en nog {1}"};
 constexpr Wording column_words = {"\"{1}\" (column {2})", "\"{1}\" (kolom {2})"};
 constexpr Wording column_match = {"\"{1}\" (column {2}: {3} of {4})", "\"{1}\" (kolom {2}: {3} van {4})"};
@@ -113,6 +114,14 @@ struct TextMaker {
   std::string operator()(const NotedCells& noted) const {
     const std::int64_t more = noted.count - static_cast<std::int64_t>(noted.first.size());
     return joined(noted.first, ", ", [](const std::string& place) { return shown(place); }) + more_text(more, language);
+  }
+
+  std::string operator()(IdRules rules) const { return description_of_rules(rules, language); }
+
+  std::string operator()(const IdPairList& list) const {
+    return joined(list.pairs, ", ", [&](const IdPair& pair) {
+      return phrase(parent_and_id, language, {std::to_string(pair.line), in_quotes(pair.parent), in_quotes(pair.id)});
+    });
   }
 
   std::string operator()(const WorkbookProblem& problem) const { return message_of(problem, language); }

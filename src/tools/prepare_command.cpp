@@ -13,6 +13,7 @@
 #include "text/encoding.h"
 #include "text/phrases.h"
 #include "tools/command_line.h"
+#include "tools/current_date.h"
 #include "tools/folder_command.h"
 
 namespace pedigreewatch {
@@ -32,7 +33,12 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools prepare [OPTION.
                         birthdate, name, colour, breeder, subpopulation, import. As often as needed:
                         --column id="Reg. no" --column sire=7
   --header yes|no       whether the first line holds the headings
-  --dates LAYOUT        order of the dates: dd-mm-yyyy, mm-dd-yyyy, yyyy-mm-dd, yyyy-dd-mm, ddmmyyyy, ...
+  --dates LAYOUT        order of the dates: dd-mm-yyyy, mm-dd-yyyy, yyyy-mm-dd, yyyy-dd-mm, ddmmyyyy, ...; or
+                        serial-1900, serial-1904: how the days of a spreadsheet are counted. As often as needed
+  --century YEAR        the first of the hundred years that years of two digits mean: 1925 for 1925 to 2024
+  --ids RULE            what does not count when parents are compared with ids: separators, capitals, zeros,
+                        look-alikes (O for 0, l for 1), prefix, check-digit, or several with "+" between; "keep" for
+                        none
   --male TEXT           how males are written: a letter with which the text begins, or the whole text. As often as
                         needed
   --female TEXT         how females are written, likewise
@@ -51,7 +57,9 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools prepare [OPTION.
 constexpr auto rules = std::to_array<OptionRule>({{"--delimiter"},
                                                   {"--encoding"},
                                                   {"--sheet"},
-                                                  {"--dates"},
+                                                  {"--dates", true, true},
+                                                  {"--century"},
+                                                  {"--ids"},
                                                   {"--male", true, true},
                                                   {"--female", true, true},
                                                   {"--unknown", true, true},
@@ -88,8 +96,27 @@ std::string read_encoding(const GivenOption& option, PrepareOptions& options) {
 }
 
 std::string read_dates(const GivenOption& option, PrepareOptions& options) {
+  if (const std::optional<DateSystem> system = date_system_named(option.value)) {
+    options.serials = system;
+    return {};
+  }
   options.dates = date_order_named(option.value);
-  return options.dates ? "" : expected(option, "a layout of the letters d, m and y such as dd-mm-yyyy");
+  return options.dates
+             ? ""
+             : expected(option, "a layout of the letters d, m and y such as dd-mm-yyyy, or serial-1900, serial-1904,");
+}
+
+std::string read_century(const GivenOption& option, PrepareOptions& options) {
+  options.century = century_named(option.value);
+  return options.century ? "" : expected(option, "the first year of the hundred, such as 1925,");
+}
+
+std::string read_ids(const GivenOption& option, PrepareOptions& options) {
+  options.ids = id_rules_named(option.value);
+  return options.ids ? ""
+                     : expected(option,
+                                "separators, capitals, zeros, look-alikes, prefix, check-digit, several of them with + "
+                                "between, or keep");
 }
 
 std::string read_column(const GivenOption& option, PrepareOptions& options) {
@@ -154,6 +181,8 @@ std::string read_option(const GivenOption& option, PrepareOptions& options) {
   if (option.name == "--delimiter") return read_delimiter(option, options);
   if (option.name == "--encoding") return read_encoding(option, options);
   if (option.name == "--dates") return read_dates(option, options);
+  if (option.name == "--century") return read_century(option, options);
+  if (option.name == "--ids") return read_ids(option, options);
   if (option.name == "--column") return read_column(option, options);
   if (option.name == "--header") return read_header(option, options);
   if (option.name == "--language") return read_language(option, options);
@@ -178,6 +207,7 @@ std::string read_prepare_options(std::span<const std::string_view> arguments, Pr
   if (line.operands.empty()) return "the name of the export was expected";
   if (line.operands.size() > 1) return in_quotes(line.operands[1]) + ": one export was expected";
   options.export_name = line.operands.front();
+  options.this_year = current_date().year;
   return {};
 }
 

@@ -16,7 +16,7 @@ DateSurvey survey_of(const std::vector<std::string>& dates) {
 }
 
 DatePlan plan_of(const std::vector<std::string>& dates, std::optional<DateOrder> wanted = {}) {
-  return plan_dates(survey_of(dates), wanted);
+  return plan_dates(survey_of(dates), {wanted, {}, {}, 2026});
 }
 
 std::string rewritten(const std::string& text, const DatePlan& plan) {
@@ -72,7 +72,8 @@ TEST(AppendDate, AllShapesInTheLayoutOfThePlan) {
   EXPECT_EQ(rewritten("2005-12-31T00:00:00", plan), "31-12-2005");
   EXPECT_EQ(rewritten("3 mrt 2005", plan), "03-03-2005");
   EXPECT_EQ(rewritten("2005", plan), "2005");
-  EXPECT_EQ(rewritten("mei 2005", plan), "mei 2005") << "no full date";
+  EXPECT_EQ(rewritten("mei 2005", plan), "00-05-2005");
+  EXPECT_EQ(rewritten("~ 1972", plan), "1972");
   EXPECT_EQ(rewritten("05-2005", plan), "00-05-2005");
   EXPECT_EQ(rewritten("NA", plan), "");
   EXPECT_EQ(rewritten("31-o2-1998", plan), "31-o2-1998");
@@ -92,7 +93,7 @@ TEST(SurveyDate, ListsWhatItCannotRead) {
   ASSERT_EQ(survey.unreadable.count, 1);
   EXPECT_EQ(survey.unreadable.first[0].line, 2);
   EXPECT_EQ(survey.unreadable.first[0].text, "31-o2-1998");
-  EXPECT_EQ(survey.short_years.count, 1);
+  EXPECT_EQ(survey.short_dates.noted.count, 1);
   EXPECT_EQ(survey.year_last.neither.count, 1);
   EXPECT_EQ(survey.year_only, 1);
   EXPECT_EQ(survey.month_only, 1);
@@ -144,6 +145,111 @@ TEST(SurveyDate, DaysGoTo31AndMonthsTo12) {
   EXPECT_EQ(survey_of({"31-12-2005"}).year_last.neither.count, 0);
   EXPECT_EQ(survey_of({"32-12-2005"}).year_last.neither.count, 1);
   EXPECT_EQ(survey_of({"31-13-2005"}).year_last.neither.count, 1);
+}
+
+TEST(SurveyDate, OnlyDaysOfTheCalendarDecide) {
+  for (const char* const text : {"29-02-2001", "29-02-1900", "30-02-2004", "31-04-2005", "04-31-2005"}) {
+    EXPECT_EQ(survey_of({text}).year_last.neither.count, 1) << text;
+  }
+  for (const char* const text : {"29-02-2004", "29-02-2000", "30-04-2005", "00-02-2001"}) {
+    EXPECT_EQ(survey_of({text}).year_last.neither.count, 0) << text;
+  }
+  EXPECT_EQ(survey_of({"20010229"}).compact.neither.count, 1);
+  EXPECT_EQ(survey_of({"20040229"}).compact.neither.count, 0);
+}
+
+TEST(PlanDates, DatesOfTheOtherOrderAreToldWithTheDoubtfulOnesAroundThem) {
+  std::vector<std::string> dates(50, "31-12-2005");
+  dates.insert(dates.end(), {"01-02-2006", "12-31-2005", "02-03-2006", "05-05-2006", "10-25-2005", "03-04-2006"});
+  dates.insert(dates.end(), 50, "31-12-2005");
+  dates.emplace_back("04-05-2006");
+  const DateSurvey survey = survey_of(dates);
+  const DatePlan plan = plan_dates(survey, {});
+  EXPECT_FALSE(plan.is_ambiguous);
+  const ExchangedDates& odd = exchanged_year_last(survey, plan);
+  EXPECT_EQ(odd.impossible.count, 2);
+  ASSERT_EQ(odd.impossible.first.size(), 2U);
+  EXPECT_EQ(odd.impossible.first[0].text, "12-31-2005");
+  EXPECT_EQ(odd.impossible.first[1].text, "10-25-2005");
+  ASSERT_EQ(odd.doubtful.first.size(), 3U);
+  EXPECT_EQ(odd.doubtful.first[0].text, "01-02-2006");
+  EXPECT_EQ(odd.doubtful.first[0].line, 52);
+  EXPECT_EQ(odd.doubtful.first[1].text, "02-03-2006");
+  EXPECT_EQ(odd.doubtful.first[2].text, "03-04-2006");
+}
+
+TEST(NoteFit, AtMostFiftyDatesWaitForAnImpossibleOne) {
+  for (const std::int64_t count : {50, 51}) {
+    ExchangedDates dates;
+    for (std::int64_t line = 1; line <= count; ++line) note_fit(dates, DateFit::either, line, "01-02-2003");
+    note_fit(dates, DateFit::impossible, 99, "12-31-2003");
+    EXPECT_EQ(dates.doubtful.count, 50);
+    EXPECT_EQ(dates.doubtful.first.front().line, count - 49);
+  }
+}
+
+TEST(PlanDates, NumbersOfDaysAreAskedForUnlessSomeWouldBeInTheFuture) {
+  // By the calendar: 43536 days behind the 30th of December 1899, or behind the 1st of January 1904.
+  EXPECT_EQ(day_of_serial("43536", DateSystem::since_1900), "2019-03-12");
+  EXPECT_EQ(day_of_serial("43536", DateSystem::since_1904), "2023-03-13");
+  const DateSurvey survey = survey_of({"43536", "40000"});
+  EXPECT_TRUE(plan_dates(survey, {{}, {}, {}, 2023}).are_serials_open);
+  EXPECT_FALSE(plan_dates(survey, {{}, {}, {}, 2022}).are_serials_open);
+  EXPECT_EQ(rewritten("43536", plan_dates(survey, {{}, {}, {}, 2022})), "12-03-2019");
+  const DatePlan since_1904 = plan_dates(survey, {{}, DateSystem::since_1904, {}, 2023});
+  EXPECT_FALSE(since_1904.are_serials_open);
+  EXPECT_EQ(rewritten("43536", since_1904), "13-03-2023");
+  EXPECT_TRUE(plan_dates(survey, {}).are_serials_open) << "the year is not known";
+}
+
+TEST(PlanDates, YearsOfTwoDigitsNeedTheirHundred) {
+  const DateSurvey survey = survey_of({"31-12-98", "25-03-04", "3-mar-98", "jul-04"});
+  EXPECT_TRUE(plan_dates(survey, {{}, {}, {}, 2026}).is_century_open);
+  const DatePlan plan = plan_dates(survey, {{}, {}, 1925, 2026});
+  EXPECT_FALSE(plan.is_century_open);
+  EXPECT_EQ(rewritten("31-12-98", plan), "31-12-1998");
+  EXPECT_EQ(rewritten("25-03-04", plan), "25-03-2004");
+  EXPECT_EQ(rewritten("3-mar-98", plan), "03-03-1998");
+  EXPECT_EQ(rewritten("jul-04", plan), "00-07-2004");
+  EXPECT_EQ(rewritten("31-12-98", plan_dates(survey, {{}, {}, 1825, 2026})), "31-12-1898");
+}
+
+TEST(PlanDates, OrderOfThreeShortNumbers) {
+  EXPECT_EQ(plan_of({"31-12-98", "25-03-98"}).short_order, DateOrder::day_month_year);
+  EXPECT_FALSE(plan_of({"31-12-98", "25-03-98"}).is_ambiguous);
+  EXPECT_EQ(plan_of({"12/31/98", "03/25/98"}).short_order, DateOrder::month_day_year);
+  EXPECT_EQ(plan_of({"98-12-31", "98-03-25"}).short_order, DateOrder::year_month_day);
+  EXPECT_TRUE(plan_of({"04-05-06"}).is_ambiguous);
+  EXPECT_TRUE(plan_of({"25-05-06"}).is_ambiguous) << "the 25th, or the year 25";
+  EXPECT_FALSE(plan_of({"25-05-06"}, DateOrder::year_month_day).is_ambiguous);
+  DateWish wish = {DateOrder::year_month_day, {}, 1925, 2026};
+  EXPECT_EQ(rewritten("98-12-31", plan_dates(survey_of({"98-12-31"}), wish)), "1998-12-31");
+  wish.order = DateOrder::month_day_year;
+  EXPECT_EQ(rewritten("04-05-06", plan_dates(survey_of({"04-05-06"}), wish)), "04-05-2006");
+}
+
+TEST(PlanDates, DatesWithAllDigitsTellTheOrderOfTheShortOnes) {
+  EXPECT_EQ(plan_of({"25-05-06", "31-12-2005"}).short_order, DateOrder::day_month_year);
+  EXPECT_EQ(plan_of({"04-05-06", "12-31-2005"}).short_order, DateOrder::month_day_year);
+  EXPECT_EQ(plan_of({"25-05-06", "2005-12-31"}).short_order, DateOrder::year_month_day);
+  for (const auto& dates : {std::vector<std::string>{"25-05-06", "31-12-2005", "2005-12-31"}}) {
+    EXPECT_TRUE(plan_of(dates).is_ambiguous);
+  }
+}
+
+TEST(CountDates, WordsThatNobodyKnowsAreNotUnderstood) {
+  const DateSurvey survey = survey_of({"31-12-2005", "NA", "?", "spring", "########", "unknown", "32-13-2005", "x1"});
+  const DateCounts counts = count_dates(survey, plan_dates(survey, {}));
+  EXPECT_EQ(counts.all, 5);
+  EXPECT_EQ(counts.not_understood, 4);
+}
+
+TEST(DateSystemNamed, AsTheOptionHasThem) {
+  EXPECT_EQ(date_system_named("serial-1900"), DateSystem::since_1900);
+  EXPECT_EQ(date_system_named("serial-1904"), DateSystem::since_1904);
+  EXPECT_FALSE(date_system_named("serial").has_value());
+  EXPECT_EQ(century_named("1925"), 1925);
+  for (const char* const text : {"", "25", "19255", "192x"}) EXPECT_FALSE(century_named(text).has_value()) << text;
 }
 
 TEST(SurveyDate, EightDigitsHaveAYearFrom1700To2199) {

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 namespace pedigreewatch::test {
 namespace {
 
@@ -46,6 +49,98 @@ TEST(CutDate, MonthsInWords) {
   EXPECT_EQ(cut_date("3 foo 2005").shape, DateShape::unreadable);
 }
 
+TEST(CutDate, AllMonthsOfSixLanguagesShortAndInFull) {
+  const std::vector<std::vector<const char*>> months = {
+      {"Jan", "january", "jan.", "januari", "Januar", "J\xC3\xA4nner", "janv.", "janvier", "ene", "enero", "gen",
+       "gennaio"},
+      {"Feb", "february", "februari", "Februar", "f\xC3\xA9vr.", "f\xC3\xA9vrier", "febrero", "febbraio"},
+      {"Mar", "march", "mrt", "maart", "M\xC3\xA4r", "Mrz", "M\xC3\xA4rz", "Maerz", "mars", "marzo"},
+      {"Apr", "april", "avr", "avril", "abr", "abril", "aprile"},
+      {"May", "mei", "Mai", "mayo", "mag", "maggio"},
+      {"Jun", "june", "juni", "juin", "junio", "giu", "giugno"},
+      {"Jul", "july", "juli", "juil.", "juillet", "julio", "lug", "luglio"},
+      {"Aug", "august", "augustus", "ao\xC3\xBBt", "aout", "ago", "agosto"},
+      {"Sep", "sept", "september", "septembre", "septiembre", "set", "settembre"},
+      {"Oct", "october", "okt", "oktober", "octobre", "octubre", "ott", "ottobre"},
+      {"Nov", "november", "novembre", "noviembre"},
+      {"Dec", "december", "Dez", "Dezember",
+       "d\xC3\xA9"
+       "c",
+       "d\xC3\xA9"
+       "cembre",
+       "dic", "diciembre", "dicembre"},
+  };
+  for (std::size_t month = 0; month < months.size(); ++month) {
+    for (const char* const name : months[month]) {
+      const DatePiecesFound found = cut_date("7 " + std::string(name) + " 1998");
+      EXPECT_EQ(found.shape, DateShape::named) << name;
+      EXPECT_EQ(found.second, static_cast<int>(month) + 1) << name;
+    }
+  }
+}
+
+TEST(CutDate, WordsBetweenThePartsSayNothing) {
+  for (const char* const text : {"3 de marzo de 2005", "3rd of March 2005", "March 3rd, 2005", "3 maart, 2005"}) {
+    const DatePiecesFound found = cut_date(text);
+    EXPECT_EQ(found.shape, DateShape::named) << text;
+    EXPECT_EQ(found.first, 3) << text;
+    EXPECT_EQ(found.second, 3) << text;
+  }
+  EXPECT_EQ(cut_date("1er janvier 2005").first, 1);
+}
+
+TEST(CutDate, MonthInWordsWithAYearOfTwoDigits) {
+  for (const char* const text : {"3-Mar-19", "3 mrt '19", "Mar 3, 19"}) {
+    const DatePiecesFound found = cut_date(text);
+    EXPECT_EQ(found.shape, DateShape::short_named) << text;
+    EXPECT_EQ(found.first, 3) << text;
+    EXPECT_EQ(found.second, 3) << text;
+    EXPECT_EQ(found.year, "19") << text;
+  }
+  const DatePiecesFound year_first = cut_date("98-mar-3");
+  EXPECT_EQ(year_first.year, "98");
+  EXPECT_EQ(year_first.first, 3);
+  EXPECT_EQ(cut_date("31-mar-32").year, "32");
+  EXPECT_EQ(cut_date("32-mar-31").year, "32") << "no day 32";
+}
+
+TEST(CutDate, MonthAndYear) {
+  for (const char* const text : {"Jul 2012", "juillet 2012", "2012 jul", "07-2012"}) {
+    const DatePiecesFound found = cut_date(text);
+    EXPECT_EQ(found.shape, DateShape::month_only) << text;
+    EXPECT_EQ(found.second, 7) << text;
+    EXPECT_EQ(found.year, "2012") << text;
+  }
+  EXPECT_EQ(cut_date("Jul-12").shape, DateShape::short_month);
+  EXPECT_EQ(cut_date("Jul-12").year, "12");
+  EXPECT_EQ(cut_date("12-Jul").shape, DateShape::unreadable) << "a day without a year";
+}
+
+TEST(CutDate, WhatIsNotKnownExactly) {
+  for (const char* const text :
+       {"~ 1972", "~1972", "circa 1972", "ca. 1972", "c1972", "1972?", "1972 (?)", "(1972)", "\xC2\xB1 1972", "um 1972",
+        "vers 1972", "hacia 1972", "ABT 1972", "1972 ca.", "?\?-?\?-1972", "1972-xx-xx"}) {
+    const DatePiecesFound found = cut_date(text);
+    EXPECT_EQ(found.shape, DateShape::year_only) << text;
+    EXPECT_EQ(found.year, "1972") << text;
+    EXPECT_TRUE(found.is_rough) << text;
+  }
+  EXPECT_EQ(cut_date("?\?-03-1972").shape, DateShape::month_only);
+  EXPECT_EQ(cut_date("12-03-1972?").shape, DateShape::year_last);
+  EXPECT_FALSE(cut_date("1972").is_rough);
+  EXPECT_EQ(cut_date("before 1972").shape, DateShape::unreadable);
+}
+
+TEST(CutDate, NumbersOfDays) {
+  for (const char* const text : {"43536", "43536.75", "43536,5"}) {
+    EXPECT_EQ(cut_date(text).shape, DateShape::serial) << text;
+    EXPECT_EQ(cut_date(text).year, "43536") << text;
+  }
+  for (const char* const text : {"4353", "435361", "03536", "43536.", "43536.x"}) {
+    EXPECT_NE(cut_date(text).shape, DateShape::serial) << text;
+  }
+}
+
 TEST(CutDate, PartsOfDates) {
   EXPECT_EQ(cut_date("2005").shape, DateShape::year_only);
   EXPECT_EQ(cut_date("05-2005").shape, DateShape::month_only);
@@ -60,7 +155,7 @@ TEST(CutDate, TextsWithoutDigitsAreUnknown) {
 }
 
 TEST(CutDate, WhatIsNoDate) {
-  for (const char* const text : {"31-o2-1998", "38352", "1-2-3-2005", "-1-2-2005", "2005-12-31-", "12:30",
+  for (const char* const text : {"31-o2-1998", "383521", "1-2-3-2005", "-1-2-2005", "2005-12-31-", "12:30",
                                  "2005-12-31 noon", "1/2", "99999999999999999999"}) {
     EXPECT_EQ(cut_date(text).shape, DateShape::unreadable) << text;
   }

@@ -98,6 +98,20 @@ TEST(NextRecord, LinesMayHaveAnyLength) {
   EXPECT_EQ(read_all("1," + longest + "\n2,y\n").records, (Records{{"1", longest}, {"2", "y"}}));
 }
 
+TEST(NextRecord, TextsThatASpreadsheetHasMarkedAsSuch) {
+  const std::string text =
+      "=\"001\";'002;\"=\"\"003\"\"\";=\"\";'NL12;'NL-12;'t Hof;'s-Gravenhage;'Rex';'KING';=A1;'T Hof;'\nplain;2\n";
+  RecordReader reader = read_records(text, ';');
+  ExportRecord record;
+  ASSERT_TRUE(next_record(reader, record));
+  EXPECT_TRUE(record.has_sheet_marks);
+  const std::vector<std::string_view> expected = {
+      "001", "002", "003", "", "NL12", "NL-12", "'t Hof", "'s-Gravenhage", "'Rex'", "'KING'", "=A1", "'T Hof", "'"};
+  EXPECT_EQ(record.fields, expected);
+  ASSERT_TRUE(next_record(reader, record));
+  EXPECT_FALSE(record.has_sheet_marks);
+}
+
 TEST(NextFilledRecord, PassesLinesWithoutText) {
   RecordReader reader = read_records("\n , ,\n;;\n", ',');
   ExportRecord record;

@@ -182,5 +182,24 @@ TEST(MakeDataFile, ImportsOf20AndDatesOf40LettersAreWhole) {
   EXPECT_EQ(line_of(forty + "y", "DE"), "a;m;" + forty + ";;;DE\n");
 }
 
+TEST(MakeDataFile, ThousandsSignsOfIdentificationsAreLeftOut) {
+  const std::string text = "id;sire;dam;sex;born\n1.200;;;m;2001\n999;;;f;2001\n12.345.678;1.200;999;m;2003\n";
+  const Prepared result = prepared(text);
+  EXPECT_EQ(result.data, "id;sex;birthdate;sire;dam\n1200;m;2001;;\n999;f;2001;;\n12345678;m;2003;1200;999\n");
+  PrepareOptions options;
+  options.ids = IdRules{};
+  EXPECT_NE(prepared(text, options).data.find("\n12.345.678;m;2003;1.200;999\n"), std::string::npos);
+  const std::string mixed = "id;sire;dam;sex;born\n1.200;;;m;2001\nNL1;;;f;2001\n";
+  EXPECT_NE(prepared(mixed).data.find("\n1.200;"), std::string::npos);
+}
+
+TEST(PlannedId, IsThatOfTheAnimalThatARuleHasFound) {
+  PreparePlan plan;
+  plan.parent_ids.emplace("NL 12", "NL-12");
+  std::string rewritten;
+  EXPECT_EQ(planned_id(plan, "NL 12", rewritten), "NL-12");
+  EXPECT_EQ(planned_id(plan, "NL 13", rewritten), "NL 13");
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

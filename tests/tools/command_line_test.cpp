@@ -85,8 +85,9 @@ TEST(PrepareOptionsOnTheCommandLine, ThatMakeNoSenseAreRefused) {
   EXPECT_EQ(read({"a", "--out"}).problem, "--out needs a value");
   EXPECT_EQ(read({"--force=yes", "a"}).problem, "--force takes no value");
   EXPECT_EQ(read({"--name", "x", "--name", "y", "a"}).problem, "--name is given twice");
-  EXPECT_EQ(read({"--dates", "ymm", "a"}).problem,
-            "--dates \"ymm\": a layout of the letters d, m and y such as dd-mm-yyyy was expected");
+  EXPECT_EQ(
+      read({"--dates", "ymm", "a"}).problem,
+      "--dates \"ymm\": a layout of the letters d, m and y such as dd-mm-yyyy, or serial-1900, serial-1904, was expected");
   EXPECT_EQ(read({"--column", "id", "a"}).problem,
             "--column \"id\": FIELD=COLUMN, such as id=\"Reg. no\" or sire=7, was expected");
   EXPECT_EQ(read({"--column", "weight=3", "a"}).problem.substr(0, 20), "--column \"weight=3\":");

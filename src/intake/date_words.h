@@ -1,0 +1,20 @@
+// The words of dates: months, what is said of a date that is not known exactly, and what stands between its parts, in
+// English, Dutch, German, French, Spanish and Italian.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace pedigreewatch {
+
+/// The month that a word names, short or in full ("Mar", "maart", "M\u00E4rz", "gennaio"), in UTF-8; 0 for none.
+std::int32_t month_named(std::string_view word);
+
+/// Whether a word in a date says nothing: "3 de marzo de 2005", "3rd of March", "1er janvier".
+bool is_filler_of_date(std::string_view word);
+
+/// Takes off what says that a date is not known exactly: "~ 1972", "circa 1998", "2018?", "??-03-1998". Yields whether
+/// there was any.
+bool take_rough_signs(std::string_view& text);
+
+}  // namespace pedigreewatch

@@ -1,0 +1,229 @@
+// One reading collects the identifications of the animals, as hashes; one the parents that are not among them; one
+// compares these few with all identifications under each rule. What two animals share under a rule points to neither.
+
+#include "intake/id_matches.h"
+#include "intake/animal_lines.h"
+
+#include <algorithm>
+#include <array>
+#include <deque>
+#include <unordered_set>
+#include <utility>
+
+#include "core/text_index.h"
+#include "intake/export_records.h"
+#include "intake/export_survey.h"
+#include "intake/value_words.h"
+#include "text/folded_words.h"
+
+namespace pedigreewatch {
+namespace {
+
+/// Rules that are tried, those first that assume least.
+constexpr auto tried_rules =
+    std::to_array<unsigned>({capitals_rule, separators_rule, zeros_rule, look_alikes_rule,
+                             separators_rule | capitals_rule, separators_rule | zeros_rule, prefix_rule,
+                             separators_rule | prefix_rule, check_digit_rule, separators_rule | check_digit_rule});
+constexpr std::size_t most_compared_parents = 1000;
+
+/// Hands over each record behind the header.
+template <typename Take>
+void for_each_record(const ExportTable& table, Take&& take) {
+  RecordReader reader = read_animals(table.text, table.delimiter, table.columns);
+  ExportRecord record;
+  while (next_animal(reader, record, table.columns)) take(record);
+}
+
+std::string_view id_in(const ExportRecord& record, const ColumnChoice& columns, FieldCode code) {
+  return trimmed(field_of(record, columns, code));
+}
+
+/// A set of hashes without their values: it may say yes to one that is not in it, never no to one that is.
+struct HashFilter {
+  static constexpr std::uint32_t bit_count = std::uint32_t{1} << 26;
+  std::vector<std::uint64_t> words = std::vector<std::uint64_t>(bit_count / 64);
+
+  void insert(std::uint32_t hash) { words[hash % bit_count / 64] |= std::uint64_t{1} << (hash % 64); }
+  bool may_contain(std::uint32_t hash) const { return (words[hash % bit_count / 64] >> (hash % 64) & 1U) != 0; }
+};
+
+struct Parent {
+  std::string text;
+  std::int64_t line = 0;
+};
+
+/// The different parents that are no animal of the export, in the order of their lines, at most so many. `is_animal`
+/// tells whether a text is the identification of one.
+template <typename IsAnimal>
+std::vector<Parent> parents_without_line(const ExportTable& table, IsAnimal&& is_animal, std::size_t most) {
+  std::vector<Parent> parents;
+  std::unordered_set<std::string_view> seen;
+  const std::vector<std::string_view> wished(table.unknown.begin(), table.unknown.end());
+  std::deque<std::string> kept;
+  for_each_record(table, [&](const ExportRecord& record) {
+    for (const FieldCode code : {sire_column, dam_column}) {
+      const std::string_view parent = id_in(record, table.columns, code);
+      if (parents.size() == most || is_animal(parent) || seen.contains(parent)) continue;
+      if (means_unknown_parent(parent) || is_among(parent, wished)) continue;
+      seen.insert(kept.emplace_back(parent));
+      parents.push_back({std::string(parent), record.line});
+    }
+  });
+  return parents;
+}
+
+/// What a rule finds for the parents.
+struct RuleTrial {
+  IdRules rules;
+  std::unordered_map<std::string, std::vector<std::size_t>> parents_of_key;
+  std::vector<std::string> id_of_parent;            ///< the animal, for each parent; empty: none
+  std::vector<int> found;                           ///< how many animals were found for it
+  std::array<std::int64_t, 64> ids_of_length = {};  ///< how many animals have a key of that length
+};
+
+/// A key that stays the same under every rule but that of the check digit.
+std::string loosest_key(std::string_view id) {
+  std::string key;
+  append_id_key(key, id, {separators_rule | capitals_rule | zeros_rule | look_alikes_rule | prefix_rule});
+  return key;
+}
+
+std::string key_of(std::string_view id, IdRules rules) {
+  std::string key;
+  append_id_key(key, id, rules);
+  return key;
+}
+
+RuleTrial begin_trial(unsigned bits, std::span<const Parent> parents) {
+  RuleTrial trial;
+  trial.rules = {bits};
+  trial.id_of_parent.resize(parents.size());
+  trial.found.resize(parents.size());
+  for (std::size_t i = 0; i < parents.size(); ++i) {
+    trial.parents_of_key[key_of(parents[i].text, trial.rules)].push_back(i);
+    if ((bits & check_digit_rule) == 0) continue;
+    const std::string_view shorter = without_check_digit(parents[i].text);
+    if (!shorter.empty()) trial.parents_of_key[key_of(shorter, trial.rules)].push_back(i);
+  }
+  return trial;
+}
+
+void note_match(RuleTrial& trial, const std::string& key, std::string_view id) {
+  const auto found = trial.parents_of_key.find(key);
+  if (found == trial.parents_of_key.end()) return;
+  for (const std::size_t parent : found->second) {
+    if (trial.id_of_parent[parent] == id) continue;  // a second line of the same animal
+    trial.id_of_parent[parent] = id;
+    ++trial.found[parent];
+  }
+}
+
+void compare_id(RuleTrial& trial, std::string_view id) {
+  const std::string key = key_of(id, trial.rules);
+  note_match(trial, key, id);
+  if ((trial.rules.bits & check_digit_rule) == 0) return;
+  const std::string_view shorter = without_check_digit(id);
+  if (!shorter.empty()) note_match(trial, key_of(shorter, trial.rules), id);
+}
+
+/// Compares all animals with the parents of the trials.
+void compare_all(const ExportTable& table, std::span<const Parent> parents, std::span<RuleTrial> trials) {
+  HashFilter candidates;
+  for (const Parent& parent : parents) {
+    candidates.insert(hash_of_text(loosest_key(parent.text)));
+    candidates.insert(hash_of_text(loosest_key(without_check_digit(parent.text))));
+  }
+  for_each_record(table, [&](const ExportRecord& record) {
+    const std::string_view id = id_in(record, table.columns, id_column);
+    if (id.empty()) return;
+    for (RuleTrial& trial : trials) ++trial.ids_of_length[std::min<std::size_t>(id.size(), 63)];
+    if (!candidates.may_contain(hash_of_text(loosest_key(id))) &&
+        !candidates.may_contain(hash_of_text(loosest_key(without_check_digit(id))))) {
+      return;
+    }
+    for (RuleTrial& trial : trials) compare_id(trial, id);
+  });
+}
+
+/// Without its last digit a number is nearly always another one, so that a check digit is believed only where nearly
+/// all ids have one length, the parent another one, and no other parent has the same animal.
+void doubt_check_digits(RuleTrial& trial, std::span<const Parent> parents) {
+  constexpr std::int64_t nearly_all = 10;  // but one in so many
+  const auto* const usual = std::max_element(trial.ids_of_length.begin(), trial.ids_of_length.end());
+  std::int64_t others = -*usual;
+  for (const std::int64_t count : trial.ids_of_length) others += count;
+  const auto usual_length = static_cast<std::size_t>(usual - trial.ids_of_length.begin());
+  std::unordered_map<std::string_view, int> parents_of_id;
+  for (const std::string& id : trial.id_of_parent) ++parents_of_id[id];
+  for (std::size_t i = 0; i < parents.size(); ++i) {
+    const bool is_believed = others * nearly_all <= *usual && parents[i].text.size() != usual_length &&
+                             trial.id_of_parent[i].size() == usual_length && parents_of_id[trial.id_of_parent[i]] == 1;
+    if (!is_believed) trial.found[i] = 0;
+  }
+}
+
+/// The parents that the trial gives exactly one animal.
+std::vector<IdPair> explained_by(RuleTrial& trial, std::span<const Parent> parents) {
+  if ((trial.rules.bits & check_digit_rule) != 0) doubt_check_digits(trial, parents);
+  std::vector<IdPair> pairs;
+  for (std::size_t i = 0; i < parents.size(); ++i) {
+    if (trial.found[i] == 1) pairs.push_back({parents[i].text, trial.id_of_parent[i], parents[i].line});
+  }
+  return pairs;
+}
+
+std::vector<IdPair> first_of(const std::vector<IdPair>& pairs) {
+  const std::size_t count = std::min(pairs.size(), most_id_examples);
+  return {pairs.begin(), pairs.begin() + static_cast<std::ptrdiff_t>(count)};
+}
+
+bool has_columns(const ColumnChoice& columns) {
+  const auto has = [&](FieldCode code) { return columns.place[static_cast<std::size_t>(code)].has_value(); };
+  return has(id_column) && (has(sire_column) || has(dam_column));
+}
+
+}  // namespace
+
+bool is_worth_asking(const IdProposal& proposal) {
+  const std::int64_t unexplained = proposal.without_line - proposal.explained;
+  return proposal.explained >= fewest_explained_parents && unexplained * tolerated_unexplained <= proposal.without_line;
+}
+
+IdProposal propose_id_rules(const ExportTable& table) {
+  IdProposal best;
+  if (!has_columns(table.columns)) return best;
+  HashFilter ids;
+  for_each_record(
+      table, [&](const ExportRecord& record) { ids.insert(hash_of_text(id_in(record, table.columns, id_column))); });
+  // A parent that the filter takes for an animal by mistake is one of many that are not looked at.
+  const auto is_animal = [&](std::string_view parent) { return ids.may_contain(hash_of_text(parent)); };
+  const std::vector<Parent> parents = parents_without_line(table, is_animal, most_compared_parents);
+  best.without_line = static_cast<std::int64_t>(parents.size());
+  if (best.without_line < fewest_explained_parents) return best;
+  std::vector<RuleTrial> trials;
+  for (const unsigned bits : tried_rules) trials.push_back(begin_trial(bits, parents));
+  compare_all(table, parents, trials);
+  for (RuleTrial& trial : trials) {
+    const std::vector<IdPair> pairs = explained_by(trial, parents);
+    const auto count = static_cast<std::int64_t>(pairs.size());
+    if (count > best.explained) best = {trial.rules, best.without_line, count, first_of(pairs)};
+  }
+  return best;
+}
+
+IdSubstitutes find_substitutes(const ExportTable& table, IdRules rules) {
+  IdSubstitutes result;
+  if (!has_columns(table.columns) || rules.bits == no_id_rule) return result;
+  std::unordered_set<std::string> ids;
+  for_each_record(table, [&](const ExportRecord& record) { ids.emplace(id_in(record, table.columns, id_column)); });
+  const auto is_animal = [&](std::string_view parent) { return ids.contains(std::string(parent)); };
+  const std::vector<Parent> parents = parents_without_line(table, is_animal, SIZE_MAX);
+  std::vector<RuleTrial> trials = {begin_trial(rules.bits, parents)};
+  compare_all(table, parents, trials);
+  const std::vector<IdPair> pairs = explained_by(trials.front(), parents);
+  for (const IdPair& pair : pairs) result.ids.emplace(pair.parent, pair.id);
+  result.examples = first_of(pairs);
+  return result;
+}
+
+}  // namespace pedigreewatch

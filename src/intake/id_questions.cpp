@@ -1,0 +1,67 @@
+#include "intake/id_questions.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <utility>
+
+#include "intake/damaged_numbers.h"
+#include "intake/id_matches.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr auto id_fields = std::to_array({id_column, sire_column, dam_column});
+
+const NumberForms& numbers_of(const ExportSurvey& survey, FieldCode code) {
+  return survey.numbers[static_cast<std::size_t>(code)];
+}
+
+/// One question for all columns.
+void ask_for_destroyed(const ExportSurvey& survey, const ColumnChoice& columns, std::vector<Question>& questions) {
+  std::vector<std::size_t> places;
+  NotedTexts all;
+  for (const FieldCode code : id_fields) {
+    const auto& place = columns.place[static_cast<std::size_t>(code)];
+    const NotedTexts noted = destroyed_numbers(numbers_of(survey, code));
+    if (!place || noted.count == 0) continue;
+    places.push_back(*place);
+    all.count += noted.count;
+    all.first.insert(all.first.end(), noted.first.begin(), noted.first.end());
+  }
+  if (places.empty()) return;
+  constexpr std::size_t most_shown = 5;
+  all.first.resize(std::min(all.first.size(), most_shown));
+  questions.push_back({QuestionKind::ids_destroyed,
+                       {list_columns(places, columns), all.count, all},
+                       Setting::ids,
+                       unused_column,
+                       {{"keep", {}}}});
+}
+
+}  // namespace
+
+std::vector<Question> ask_for_ids(const ExportSurvey& survey, const ColumnChoice& columns,
+                                  const PrepareOptions& options) {
+  std::vector<Question> questions;
+  if (options.ids) return questions;
+  ask_for_destroyed(survey, columns, questions);
+  const IdProposal& proposal = survey.id_proposal;
+  if (!questions.empty() || !is_worth_asking(proposal)) return questions;
+  const std::string name = name_of_rules(proposal.rules);
+  questions.push_back({QuestionKind::ids_alike,
+                       {proposal.without_line, proposal.explained, proposal.rules, name, IdPairList{proposal.examples}},
+                       Setting::ids,
+                       unused_column,
+                       {{name, {}}, {"keep", {}}}});
+  return questions;
+}
+
+bool leaves_out_thousands_signs(const ExportSurvey& survey, const PrepareOptions& options) {
+  const bool is_kept = options.ids && options.ids->bits == no_id_rule;
+  return !is_kept && has_thousands_signs(numbers_of(survey, id_column)) &&
+         may_have_thousands_signs(numbers_of(survey, sire_column)) &&
+         may_have_thousands_signs(numbers_of(survey, dam_column));
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,102 @@
+#include "intake/id_rules.h"
+
+#include <algorithm>
+
+namespace pedigreewatch {
+namespace {
+
+struct RuleWords {
+  IdRule rule;
+  std::string_view name;
+  Wording leaves_out;
+};
+
+constexpr auto rule_words = std::to_array<RuleWords>({
+    {separators_rule,
+     "separators",
+     {"without blanks, hyphens, dots and slashes", "zonder spaties, streepjes, punten en schuine strepen"}},
+    {capitals_rule, "capitals", {"without regard to capitals", "zonder op hoofdletters te letten"}},
+    {zeros_rule, "zeros", {"without zeros in front", "zonder nullen ervoor"}},
+    {look_alikes_rule, "look-alikes", {"with O taken for 0 and l for 1", "met O als 0 en l als 1"}},
+    {prefix_rule, "prefix", {"without the letters in front", "zonder de letters ervoor"}},
+    {check_digit_rule, "check-digit", {"without the last digit", "zonder het laatste cijfer"}},
+});
+
+constexpr std::string_view separators = " -./_";
+constexpr std::string_view no_rule_name = "keep";
+
+bool is_digit(char byte) {
+  return byte >= '0' && byte <= '9';
+}
+
+char without_capital(char byte) {
+  return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
+}
+
+char digit_meant(char byte) {
+  if (byte == 'O' || byte == 'o') return '0';
+  return byte == 'l' || byte == 'I' || byte == 'i' || byte == 'L' ? '1' : byte;
+}
+
+}  // namespace
+
+std::optional<IdRules> id_rules_named(std::string_view text) {
+  IdRules rules;
+  if (text == no_rule_name) return rules;
+  for (std::size_t begin = 0; begin <= text.size();) {
+    const std::size_t end = std::min(text.find('+', begin), text.size());
+    const std::string_view name = text.substr(begin, end - begin);
+    const auto* const found =
+        std::find_if(rule_words.begin(), rule_words.end(), [&](const RuleWords& words) { return words.name == name; });
+    if (found == rule_words.end()) return std::nullopt;
+    rules.bits |= found->rule;
+    begin = end + 1;
+  }
+  return rules;
+}
+
+std::string name_of_rules(IdRules rules) {
+  std::string name;
+  for (const RuleWords& words : rule_words) {
+    if ((rules.bits & words.rule) == 0) continue;
+    if (!name.empty()) name += '+';
+    name += words.name;
+  }
+  return name.empty() ? std::string(no_rule_name) : name;
+}
+
+std::string description_of_rules(IdRules rules, ToolLanguage language) {
+  constexpr Wording exactly = {"as they are written", "zoals ze geschreven zijn"}, between = {" and ", " en "};
+  std::string text;
+  for (const RuleWords& words : rule_words) {
+    if ((rules.bits & words.rule) == 0) continue;
+    if (!text.empty()) text += words_of(between, language);
+    text += words_of(words.leaves_out, language);
+  }
+  return text.empty() ? std::string(words_of(exactly, language)) : text;
+}
+
+void append_id_key(std::string& key, std::string_view id, IdRules rules) {
+  const std::size_t first_digit = id.find_first_of("0123456789");
+  if ((rules.bits & prefix_rule) != 0 && first_digit != std::string_view::npos) id.remove_prefix(first_digit);
+  bool is_behind_digit = false;
+  for (std::size_t i = 0; i < id.size(); ++i) {
+    char byte = id[i];
+    if ((rules.bits & separators_rule) != 0 && separators.find(byte) != std::string_view::npos) continue;
+    if ((rules.bits & look_alikes_rule) != 0) byte = digit_meant(byte);
+    if ((rules.bits & capitals_rule) != 0) byte = without_capital(byte);
+    const bool has_digit_behind = i + 1 < id.size() && is_digit(id[i + 1]);
+    if ((rules.bits & zeros_rule) != 0 && byte == '0' && !is_behind_digit && has_digit_behind) continue;
+    is_behind_digit = is_digit(byte);
+    key.push_back(byte);
+  }
+}
+
+std::string_view without_check_digit(std::string_view id) {
+  if (id.size() < 2 || !is_digit(id.back())) return {};
+  id.remove_suffix(1);
+  if (separators.find(id.back()) != std::string_view::npos) id.remove_suffix(1);
+  return id;
+}
+
+}  // namespace pedigreewatch

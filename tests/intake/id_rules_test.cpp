@@ -1,0 +1,68 @@
+#include "intake/id_rules.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+#include <utility>
+
+namespace pedigreewatch::test {
+namespace {
+
+std::string key(std::string_view id, unsigned bits) {
+  std::string text;
+  append_id_key(text, id, {bits});
+  return text;
+}
+
+TEST(AppendIdKey, LeavesOutWhatTheRuleSays) {
+  EXPECT_EQ(key("NL-00 1.2/3_4", separators_rule), "NL001234");
+  EXPECT_EQ(key("Nl-01", capitals_rule), "nl-01");
+  EXPECT_EQ(key("00120", zeros_rule), "120");
+  EXPECT_EQ(key("NL0012-0030", zeros_rule), "NL12-30");
+  EXPECT_EQ(key("000", zeros_rule), "0") << "a number keeps a digit";
+  EXPECT_EQ(key("NLO1I", look_alikes_rule), "N1011");
+  EXPECT_EQ(key("NL 0012", prefix_rule), "0012");
+  EXPECT_EQ(key("Rex", prefix_rule), "Rex") << "letters alone are no prefix";
+  EXPECT_EQ(key("NL-0012", separators_rule | capitals_rule), "nl0012");
+  EXPECT_EQ(key("NL-0012", no_id_rule), "NL-0012");
+  EXPECT_EQ(key("1234", check_digit_rule), "1234");
+}
+
+TEST(WithoutCheckDigit, OfANumberAndWithASignInFront) {
+  EXPECT_EQ(without_check_digit("12345"), "1234");
+  EXPECT_EQ(without_check_digit("1234-5"), "1234");
+  EXPECT_EQ(without_check_digit("NL1234X"), "");
+  EXPECT_EQ(without_check_digit("5"), "");
+}
+
+TEST(IdRulesNamed, AsTheOptionHasThem) {
+  constexpr std::array<std::pair<const char*, unsigned>, 8> names = {
+      {{"separators", separators_rule},
+       {"capitals", capitals_rule},
+       {"zeros", zeros_rule},
+       {"look-alikes", look_alikes_rule},
+       {"prefix", prefix_rule},
+       {"check-digit", check_digit_rule},
+       {"keep", no_id_rule},
+       {"separators+zeros", separators_rule | zeros_rule}}};
+  for (const auto& [name, bits] : names) {
+    const auto rules = id_rules_named(name);
+    ASSERT_TRUE(rules.has_value()) << name;
+    EXPECT_EQ(rules->bits, bits) << name;
+    EXPECT_EQ(name_of_rules(*rules), name);
+  }
+  for (const char* const name : {"", "hyphens", "separators+", "keep+zeros", "Separators"}) {
+    EXPECT_FALSE(id_rules_named(name).has_value()) << name;
+  }
+}
+
+TEST(DescriptionOfRules, InBothLanguages) {
+  EXPECT_EQ(description_of_rules({separators_rule | capitals_rule}, ToolLanguage::english),
+            "without blanks, hyphens, dots and slashes and without regard to capitals");
+  EXPECT_EQ(description_of_rules({zeros_rule}, ToolLanguage::dutch), "zonder nullen ervoor");
+  EXPECT_EQ(description_of_rules({}, ToolLanguage::english), "as they are written");
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test
