@@ -413,6 +413,7 @@ bool write_data_file(const PopulationPlan& plan, std::FILE* file) {
   std::int32_t year = 0;
   std::int32_t born_before = 0;
   for (const std::int32_t born : plan_births(plan)) {
+    if (year == plan.second_seed_year) herd.random = {plan.second_seed};
     add_birth_year(herd, year, born - born_before);
     born_before = born;
     ++year;

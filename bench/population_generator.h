@@ -28,6 +28,10 @@ struct ExportingCountry {
 /// All that decides about a generated population. A share in permille is out of 1000.
 struct PopulationPlan {
   std::uint64_t seed = 1;
+  /// From this year on, counted from 0, another seed: plans that differ in it alone are the same herd up to there, and
+  /// go on differently. Below 0: never.
+  std::int32_t second_seed_year = -1;
+  std::uint64_t second_seed = 0;
   std::int32_t animal_count = 1000;  ///< lines in the data file, its header not counted
   std::int32_t first_birth_year = 1980;
   std::int32_t birth_year_count = 40;

@@ -9,6 +9,7 @@
 
 #include "tools/animal_command.h"
 #include "tools/check_command.h"
+#include "tools/forecast_command.h"
 #include "tools/matings_command.h"
 #include "tools/page_command.h"
 #include "tools/plan_command.h"
@@ -35,6 +36,8 @@ constexpr auto subcommands = std::to_array<Subcommand>({
      run_matings},
     {"animal", "writes everything that is known of an animal as a page, with its pedigree", animal_help, run_animal},
     {"plan", "works out which animals should breed, how often, and who with whom", plan_help, run_plan},
+    {"forecast", "foretells inbreeding and kinship, as animals are bred now and under rules", forecast_help,
+     run_forecast},
 });
 
 const Subcommand* find_subcommand(std::string_view name) {

@@ -1,0 +1,258 @@
+// Counted from the families of the base years; careers also from the years before them.
+
+#include "forecast/base_period.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace pedigreewatch {
+namespace {
+
+/// Years from whose births the length of a generation is taken.
+constexpr std::int32_t years_of_interval = 10;
+/// Of the parents that were used for the first time, so many in 100 were younger than what counts as oldest.
+constexpr std::int64_t entered_in_100 = 99;
+
+struct AgeSum {
+  double years = 0.0, young = 0.0;
+
+  void add(const PopulationStore& store, const Family& family, std::int32_t parent) {
+    if (parent == 0 || store.birth_year[parent] == 0 || store.birth_year[parent] > family.year) return;
+    years += static_cast<double>(family.young) * static_cast<double>(family.year - store.birth_year[parent]);
+    young += static_cast<double>(family.young);
+  }
+};
+
+std::int32_t count_different(std::vector<std::int32_t>& parents) {
+  std::sort(parents.begin(), parents.end());
+  return static_cast<std::int32_t>(std::unique(parents.begin(), parents.end()) - parents.begin());
+}
+
+void count_parents(const FamilyRecords& records, std::int32_t year, Sex sex, std::vector<GroupYear>& groups) {
+  std::vector<std::vector<std::int32_t>> parents(groups.size());
+  for (const Family& family : records.of_year(year)) {
+    const std::int32_t parent = sex == male ? family.sire : family.dam;
+    if (parent != 0) parents[static_cast<std::size_t>(group_of(records.store, parent))].push_back(parent);
+  }
+  for (std::size_t g = 0; g < groups.size(); ++g) {
+    (sex == male ? groups[g].sires : groups[g].dams) = count_different(parents[g]);
+  }
+}
+
+struct PeriodRates {
+  double litters = 0.0, sires = 0.0, founders = 0.0, young = 0.0;  ///< sums
+  bool is_whole = true;                                            ///< every year has families
+};
+
+PeriodRates rates_of(const FamilyRecords& records, std::int32_t first_year, std::int32_t last_year) {
+  PeriodRates rates;
+  for (std::int32_t year = first_year; year <= last_year; ++year) {
+    std::vector<std::int32_t> sires;
+    double litters = 0.0;
+    for (const Family& family : records.of_year(year)) {
+      if (family.sire != 0) sires.push_back(family.sire);
+      if (family.dam != 0) litters += 1.0;
+      if (family.descent() == Descent::founder) rates.founders += static_cast<double>(family.young);
+      rates.young += static_cast<double>(family.young);
+    }
+    rates.litters += litters;
+    rates.sires += count_different(sires);
+    if (litters == 0.0 || sires.empty()) rates.is_whole = false;
+  }
+  return rates;
+}
+
+/// Counts of two periods; `scale` makes the second one comparable.
+bool are_alike(double first, double second, double scale = 1.0) {
+  const double scaled = scale * second;
+  if (first <= same_practice * scaled && scaled <= same_practice * first) return true;
+  return std::abs(first - scaled) <= errors_of_counts * std::sqrt(first + scale * scaled);
+}
+
+/// The first year from which on the practice was that of the base period.
+std::int32_t find_first_alike(const FamilyRecords& records, const BasePeriod& base) {
+  const PeriodRates now = rates_of(records, base.first_year, base.last_year);
+  std::int32_t first = base.first_year;
+  for (std::int32_t period = 1; period < most_periods; ++period) {
+    const std::int32_t earlier = first - base.length();
+    if (earlier < records.first_year) break;
+    const PeriodRates then = rates_of(records, earlier, first - 1);
+    if (!then.is_whole || !are_alike(now.litters, then.litters)) break;
+    if (!are_alike(now.sires, then.sires, now.litters / then.litters)) break;
+    if (!are_alike(now.founders, then.founders, now.young / then.young)) break;
+    first = earlier;
+  }
+  return first;
+}
+
+std::vector<GroupYear> count_year(const FamilyRecords& records, std::int32_t year) {
+  std::vector<GroupYear> groups(static_cast<std::size_t>(records.groups));
+  for (const Family& family : records.of_year(year)) {
+    GroupYear& group = groups[static_cast<std::size_t>(family.group)];
+    if (family.descent() == Descent::founder) group.founders += family.young;
+    if (family.descent() == Descent::known) ++group.with_both;
+    if (family.descent() == Descent::half_known) ++(family.dam == 0 ? group.without_dam : group.without_sire);
+  }
+  for (const Sex sex : {male, female}) count_parents(records, year, sex, groups);
+  return groups;
+}
+
+void count_young(const FamilyRecords& records, BasePeriod& base) {
+  double young = 0.0, males = 0.0;
+  for (std::int32_t year = base.first_alike; year <= base.last_year; ++year) {
+    for (const Family& family : records.of_year(year)) {
+      if (family.dam != 0) base.sizes.push_back(family.young);
+      young += family.young;
+      males += family.males;
+    }
+  }
+  if (records.are_sexes_known && young > 0.0) base.male_share = males / young;
+}
+
+/// A row for each group of young. Where there were none, sires are of the same group.
+void count_exchange(const FamilyRecords& records, BasePeriod& base) {
+  const auto groups = static_cast<std::size_t>(records.groups);
+  base.sire_groups.assign(groups, std::vector<double>(groups, 0.0));
+  for (std::int32_t year = base.first_alike; year <= base.last_year; ++year) {
+    for (const Family& family : records.of_year(year)) {
+      if (family.sire == 0) continue;
+      const auto sires = static_cast<std::size_t>(group_of(records.store, family.sire));
+      base.sire_groups[static_cast<std::size_t>(family.group)][sires] += 1.0;
+    }
+  }
+  for (std::size_t g = 0; g < groups; ++g) {
+    double sum = 0.0;
+    for (const double share : base.sire_groups[g]) sum += share;
+    if (sum == 0.0) base.sire_groups[g][g] = sum = 1.0;
+    for (double& share : base.sire_groups[g]) share /= sum;
+  }
+}
+
+/// The careers that began in these years; where there were none, all.
+std::vector<std::int32_t> entries_of(const CareerRecords& records, std::int32_t first_year) {
+  std::vector<std::int32_t> entries, all;
+  for (std::int32_t k = 0; k < std::ssize(records.careers); ++k) {
+    all.push_back(k);
+    if (records.at(k).first_year >= first_year) entries.push_back(k);
+  }
+  return entries.empty() ? all : entries;
+}
+
+/// Which part of the young of each descent came into use, and which part of those in use came from outside.
+void count_chosen(const FamilyRecords& records, Sex sex, BasePeriod& base) {
+  std::array<double, descents> entered = {}, born = {};
+  double all = 0.0, from_outside = 0.0;
+  for (const std::int32_t k : base.entries.of(sex)) {
+    const Career& career = base.careers.of(sex).at(k);
+    all += 1.0;
+    if (career.descent == Descent::outside) from_outside += 1.0;
+    // Those born before were born of others: in a young herdbook mostly of unknown parents.
+    const std::int32_t born_in = records.store.birth_year[career.parent];
+    if (born_in >= base.first_alike) entered[static_cast<std::size_t>(career.descent)] += 1.0;
+  }
+  for (std::int32_t year = base.first_alike; year <= base.last_year; ++year) {
+    for (const Family& family : records.of_year(year)) {
+      born[static_cast<std::size_t>(family.descent())] += static_cast<double>(family.young);
+    }
+  }
+  for (std::size_t k = 0; k < descents; ++k) {
+    base.chosen.of(sex)[k] = born[k] > 0.0 ? entered[k] / born[k] : 0.0;
+  }
+  base.outside.of(sex) = from_outside / all;
+}
+
+void count_new_sires(BasePeriod& base) {
+  for (const Career& career : base.careers.of_males.careers) {
+    if (career.first_year < base.first_alike) continue;
+    std::vector<GroupYear>& year = base.years[static_cast<std::size_t>(career.first_year - base.first_alike)];
+    ++year[static_cast<std::size_t>(career.group)].new_sires;
+  }
+}
+
+/// When more sires than usual go on, fewer new ones come into use, or as many as ever: by how many fewer for each one,
+/// from the years and groups, drawn towards a half where they tell little (regression through their means).
+double measure_vacancies(const BasePeriod& base) {
+  constexpr double prior = 0.5, prior_years = 3.0;
+  double products = 0.0, squares = 0.0;
+  for (std::size_t group = 0; group < base.years.front().size(); ++group) {
+    double went_on = 0.0, entered = 0.0;
+    const auto count = static_cast<double>(base.years.size());
+    for (const std::vector<GroupYear>& year : base.years) {
+      went_on += (year[group].sires - year[group].new_sires) / count;
+      entered += year[group].new_sires / count;
+    }
+    products += prior * prior_years * went_on;  // by chance alone numbers vary as much as they are large
+    squares += prior_years * went_on;
+    for (const std::vector<GroupYear>& year : base.years) {
+      const double more = year[group].sires - year[group].new_sires - went_on;
+      products -= more * (year[group].new_sires - entered);
+      squares += more * more;
+    }
+  }
+  return squares > 0.0 ? std::clamp(products / squares, 0.0, 1.0) : prior;
+}
+
+std::int32_t oldest_entry_of(const CareerRecords& records, const std::vector<std::int32_t>& entries) {
+  std::vector<std::int32_t> ages;
+  for (const std::int32_t k : entries) ages.push_back(records.at(k).first_age);
+  if (ages.empty()) return 1;
+  std::sort(ages.begin(), ages.end());
+  const auto count = static_cast<std::int64_t>(ages.size());
+  return ages[static_cast<std::size_t>((count * entered_in_100 + 99) / 100 - 1)];
+}
+
+void measure_careers(const FamilyRecords& records, BasePeriod& base) {
+  const std::int32_t first_of_careers =
+      std::min(base.first_alike, base.last_year - periods_of_careers * base.length() + 1);
+  for (const Sex sex : {male, female}) {
+    base.careers.of(sex) = list_careers(records, sex, first_of_careers);
+    base.entries.of(sex) = entries_of(base.careers.of(sex), base.first_alike);
+    base.oldest_entry.of(sex) = oldest_entry_of(base.careers.of(sex), base.entries.of(sex));
+    if (!base.entries.of(sex).empty()) count_chosen(records, sex, base);
+  }
+  count_new_sires(base);
+  base.vacancies_filled = measure_vacancies(base);
+}
+
+}  // namespace
+
+std::optional<double> mean_parent_age(const PopulationStore& store, std::span<const Family> families) {
+  AgeSum sires, dams;
+  for (const Family& family : families) {
+    sires.add(store, family, family.sire);
+    dams.add(store, family, family.dam);
+  }
+  if (sires.young == 0.0 && dams.young == 0.0) return std::nullopt;
+  if (sires.young == 0.0) return dams.years / dams.young;
+  if (dams.young == 0.0) return sires.years / sires.young;
+  return 0.5 * (sires.years / sires.young + dams.years / dams.young);
+}
+
+std::optional<BasePeriod> measure_base_period(const FamilyRecords& records) {
+  const std::int32_t first_of_interval = std::max(records.first_year, records.last_year - years_of_interval + 1);
+  std::vector<Family> recent;
+  std::int32_t years_with_births = 0;
+  for (std::int32_t year = first_of_interval; year <= records.last_year; ++year) {
+    const std::span<const Family> families = records.of_year(year);
+    if (!families.empty()) ++years_with_births;
+    recent.insert(recent.end(), families.begin(), families.end());
+  }
+  const std::optional<double> interval = mean_parent_age(records.store, recent);
+  if (years_with_births < least_base_years || !interval) return std::nullopt;
+  const auto length = std::clamp(static_cast<std::int32_t>(std::ceil(*interval)), least_base_years, most_base_years);
+  BasePeriod base;
+  base.first_year = std::max(records.first_year, records.last_year - length + 1);
+  base.last_year = records.last_year;
+  base.generation_interval = *interval;
+  base.first_alike = find_first_alike(records, base);
+  for (std::int32_t year = base.first_alike; year <= base.last_year; ++year) {
+    base.years.push_back(count_year(records, year));
+  }
+  count_young(records, base);
+  count_exchange(records, base);
+  measure_careers(records, base);
+  if (base.entries.of_males.empty() || base.entries.of_females.empty() || base.sizes.empty()) return std::nullopt;
+  return base;
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,66 @@
+// The present practice: what is measured in the last generation interval, and what a forecast goes on with.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "forecast/careers.h"
+#include "forecast/families.h"
+
+namespace pedigreewatch {
+
+/// A forecast needs at least so many birth years to go by.
+inline constexpr std::int32_t least_base_years = 3;
+/// However long generations are, older years say little about the present practice.
+inline constexpr std::int32_t most_base_years = 15;
+/// Earlier years tell the practice too, period by period, as long as litters a year, sires a litter and animals born of
+/// unknown parents were those of the base period but for this factor, or for so many standard errors of the difference
+/// of two counts; up to so many periods in all.
+inline constexpr double same_practice = 1.25, errors_of_counts = 2.0;
+inline constexpr std::int32_t most_periods = 6;
+/// Careers are taken from so many base periods at least, so that they are enough, and long enough.
+inline constexpr std::int32_t periods_of_careers = 3;
+
+/// What one base year has in one subpopulation.
+struct GroupYear {
+  std::int32_t with_both = 0, without_sire = 0, without_dam = 0;  ///< families of the young born in it
+  std::int32_t founders = 0;                                      ///< animals born of unknown parents
+  std::int32_t sires = 0, dams = 0;                               ///< of it, in use anywhere
+  std::int32_t new_sires = 0;                                     ///< of these, for the first time
+};
+
+/// Years whose practice is gone on with.
+struct BasePeriod {
+  std::int32_t first_year = 0, last_year = 0;
+  double generation_interval = 0.0;           ///< years, mean of sires and dams in the base years; what sets the length
+  std::int32_t first_alike = 0;               ///< from this year on the practice was the same
+  std::vector<std::vector<GroupYear>> years;  ///< by year from then on, by group
+  double vacancies_filled =
+      0.5;  ///< of the sires that are missing to the usual number, the part that is replaced at once
+  std::vector<std::int32_t> sizes;               ///< of families with a known dam
+  double male_share = 0.5;                       ///< of the young
+  std::vector<std::vector<double>> sire_groups;  ///< by group of the young: shares of the sires' groups, adding up to 1
+  BySex<std::vector<std::int32_t>> entries;      ///< careers that began since then, by number
+  BySex<double> outside = {};                    ///< of those that came into use, the part that has no line of its own
+  BySex<std::array<double, descents>> chosen;    ///< by descent: how many of those born came into use
+  BySex<CareerRecords> careers;
+  BySex<std::int32_t> oldest_entry;  ///< age at which parents are first used at most
+
+  std::int32_t length() const { return last_year - first_year + 1; }
+  /// The base years themselves.
+  std::span<const std::vector<GroupYear>> base_years() const {
+    return std::span(years).subspan(static_cast<std::size_t>(first_year - first_alike));
+  }
+};
+
+/// Measures the practice of the years up to `last_year`; `records` reach up to it. None with fewer than three birth
+/// years, or without any family of which both parents are known.
+std::optional<BasePeriod> measure_base_period(const FamilyRecords& records);
+
+/// The mean age of the parents, sires and dams alike, at the births of these families. None where no age is known.
+std::optional<double> mean_parent_age(const PopulationStore& store, std::span<const Family> families);
+
+}  // namespace pedigreewatch

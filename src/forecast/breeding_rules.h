@@ -1,0 +1,41 @@
+// The rules of a scenario: what differs from the present practice.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "pedigree/sex.h"
+
+namespace pedigreewatch {
+
+/// A number that is given outright, or as a change of the present one.
+struct Amount {
+  double factor = 1.0, plus = 0.0;
+
+  double of(double present) const { return present * factor + plus; }
+};
+
+/// Where sires come from, in a population with subpopulations.
+enum class Exchange : std::uint8_t {
+  present,
+  open,      ///< from any subpopulation, as many as are born in it
+  closed,    ///< from their own
+  rotation,  ///< from the one before it in the steer file; the first one's come from the last
+};
+
+struct BreedingRules {
+  std::string name;
+  std::optional<std::int32_t> litters_a_year, litters_in_life;  ///< of a sire at most
+  Amount sires, litters;                                        ///< in a year
+  double trend = 0.0;                             ///< litters: change a year, as a fraction of the first year's
+  std::optional<std::int32_t> offspring_matings;  ///< matings between an animal's offspring at most, in a year
+  std::optional<double> most_f;                   ///< of the young of a mating
+  std::optional<double> above_percent;  ///< parents come into use whose mean kinship is below that of so many per cent
+  BySex<std::int32_t> least_age;        ///< at the first use, in years
+  BySex<std::int32_t> imports;          ///< that come into use each year, beside those of the present practice
+  bool has_one_litter = false;          ///< a dam has one litter in life
+  Exchange exchange = Exchange::present;
+};
+
+}  // namespace pedigreewatch

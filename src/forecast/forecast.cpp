@@ -1,0 +1,150 @@
+// Replicates are dealt out to the threads one by one, each with its own random numbers, and put in their places: which
+// thread has made one shows nowhere.
+
+#include "forecast/forecast.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <exception>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+namespace pedigreewatch {
+namespace {
+
+/// What all threads share.
+struct ReplicateWork {
+  const ModelBasis& basis;
+  const ForecastSettings& settings;
+  Forecast& forecast;
+  std::atomic<std::int64_t> next_task = 0, done_years = 0;
+  std::atomic<bool> is_stopped = false;
+  std::atomic<std::int32_t> running = 0;
+  std::mutex guard = {};
+  std::exception_ptr problem = nullptr;
+
+  std::int64_t tasks() const { return static_cast<std::int64_t>(forecast.scenarios.size()) * settings.replicates; }
+  std::int64_t all_years() const { return tasks() * settings.years; }
+};
+
+/// Tells how far the work is, and hears whether it is to go on.
+void tell(ReplicateWork& work, const ForecastProgress& progress) {
+  if (progress && !progress(work.done_years, work.all_years())) work.is_stopped = true;
+}
+
+void run_replicate(ReplicateWork& work, std::int64_t task, AncestorWalk* walk, const ForecastProgress& progress) {
+  const auto scenarios = static_cast<std::int64_t>(work.forecast.scenarios.size());
+  ScenarioForecast& scenario = work.forecast.scenarios[static_cast<std::size_t>(task % scenarios)];
+  const auto replicate = static_cast<std::int32_t>(task / scenarios);
+  ReplicateYears& years = scenario.replicates[static_cast<std::size_t>(replicate)];
+  ModelHerd herd = begin_herd(work.basis, scenario.rules, work.settings.seed, replicate, walk);
+  for (std::int32_t year = 0; year < work.settings.years && !work.is_stopped; ++year) {
+    if (!live_year(herd, work.forecast.first_year + year)) break;
+    years.push_back(herd.year);
+    ++work.done_years;
+    tell(work, progress);
+  }
+  work.done_years += work.settings.years - static_cast<std::int64_t>(years.size());
+  if (walk != nullptr) shorten_walk(*walk, work.basis.pedigree.count());
+}
+
+/// Takes replicates until there are no more. A thread of its own tells nothing.
+void run_replicates(ReplicateWork& work, const ForecastProgress& progress) {
+  std::unique_ptr<AncestorWalk> walk;
+  if (!work.basis.has_table()) walk = std::make_unique<AncestorWalk>(make_basis_walk(work.basis));
+  for (std::int64_t task = work.next_task++; task < work.tasks() && !work.is_stopped; task = work.next_task++) {
+    run_replicate(work, task, walk.get(), progress);
+  }
+}
+
+void run_thread(ReplicateWork& work) {
+  try {
+    run_replicates(work, {});
+  } catch (...) {
+    const std::lock_guard lock(work.guard);
+    work.problem = std::current_exception();
+    work.is_stopped = true;
+  }
+  --work.running;
+}
+
+void run_threads(ReplicateWork& work, const ForecastProgress& progress) {
+  constexpr auto pause = std::chrono::milliseconds(20);
+  std::vector<std::thread> threads;
+  for (std::int32_t k = 0; k < work.settings.threads; ++k) {
+    ++work.running;
+    threads.emplace_back(run_thread, std::ref(work));
+  }
+  while (work.running > 0) {
+    std::this_thread::sleep_for(pause);
+    tell(work, progress);
+  }
+  for (std::thread& thread : threads) thread.join();
+  if (work.problem) std::rethrow_exception(work.problem);
+}
+
+double quantile(const std::vector<double>& sorted, double share) {
+  const double place = share * static_cast<double>(sorted.size() - 1);
+  const auto below = static_cast<std::size_t>(std::floor(place));
+  const std::size_t above = std::min(below + 1, sorted.size() - 1);
+  return sorted[below] + (place - static_cast<double>(below)) * (sorted[above] - sorted[below]);
+}
+
+}  // namespace
+
+std::optional<double> figure_of(const ModelYear& year, ForecastFigure figure) {
+  switch (figure) {
+    case ForecastFigure::mean_f: return year.kinship.mean_f;
+    case ForecastFigure::kinship_with_self: return year.kinship.with_self;
+    case ForecastFigure::kinship_without_self:
+      return year.kinship.animals > 1 ? std::optional(year.kinship.without_self) : std::nullopt;
+    case ForecastFigure::gene_diversity: return 1.0 - year.kinship.with_self;
+    case ForecastFigure::sires_in_use: return static_cast<double>(year.sires);
+    case ForecastFigure::generation_interval: return year.parent_age;
+  }
+  return std::nullopt;
+}
+
+std::optional<Band> band_of(std::vector<double> values) {
+  if (values.empty()) return std::nullopt;
+  std::sort(values.begin(), values.end());
+  constexpr double low = 0.05, middle = 0.5, high = 0.95;
+  return Band{quantile(values, low), quantile(values, middle), quantile(values, high),
+              static_cast<std::int32_t>(values.size())};
+}
+
+std::optional<Band> ScenarioForecast::band(std::int32_t year, ForecastFigure figure) const {
+  std::vector<double> values;
+  for (const ReplicateYears& years : replicates) {
+    if (year >= std::ssize(years)) continue;
+    if (const auto value = figure_of(years[static_cast<std::size_t>(year)], figure)) values.push_back(*value);
+  }
+  return band_of(std::move(values));
+}
+
+std::int32_t ScenarioForecast::died_out(std::int32_t year) const {
+  return static_cast<std::int32_t>(std::count_if(
+      replicates.begin(), replicates.end(), [&](const ReplicateYears& years) { return year >= std::ssize(years); }));
+}
+
+Forecast make_forecast(const ModelBasis& basis, std::span<const BreedingRules> scenarios,
+                       const ForecastSettings& settings, const ForecastProgress& progress) {
+  Forecast forecast;
+  forecast.first_year = basis.base.last_year + 1;
+  forecast.years = settings.years;
+  for (const BreedingRules& rules : scenarios) {
+    forecast.scenarios.push_back({rules, std::vector<ReplicateYears>(static_cast<std::size_t>(settings.replicates))});
+  }
+  ReplicateWork work{basis, settings, forecast};
+  if (settings.threads > 1) {
+    run_threads(work, progress);
+  } else {
+    run_replicates(work, progress);
+  }
+  forecast.is_stopped = work.is_stopped;
+  return forecast;
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,69 @@
+// A forecast: the real population goes on under the present practice and under rules, in many replicates.
+#pragma once
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "forecast/breeding_rules.h"
+#include "forecast/model_herd.h"
+
+namespace pedigreewatch {
+
+struct ForecastSettings {
+  std::int32_t years = 25, replicates = 100;
+  std::uint64_t seed = 1;
+  double import_kinship = 0.0;
+  std::int32_t threads = 1;  ///< the results are the same with any number
+};
+
+/// What is told of each year.
+enum class ForecastFigure : std::uint8_t {
+  mean_f,
+  kinship_with_self,
+  kinship_without_self,
+  gene_diversity,
+  sires_in_use,
+  generation_interval,
+};
+inline constexpr std::size_t forecast_figures = 6;
+
+/// None where a year has no such figure.
+std::optional<double> figure_of(const ModelYear& year, ForecastFigure figure);
+
+/// Of the replicates that have the figure, as the mean of the neighbours where a share falls between two of them
+/// (definition 7 of Hyndman and Fan, 1996).
+struct Band {
+  double low = 0.0, median = 0.0, high = 0.0;  ///< 5, 50 and 95 in 100
+  std::int32_t replicates = 0;
+};
+std::optional<Band> band_of(std::vector<double> values);
+
+/// One replicate of one scenario: its years, up to the one in which it died out.
+using ReplicateYears = std::vector<ModelYear>;
+
+struct ScenarioForecast {
+  BreedingRules rules;
+  std::vector<ReplicateYears> replicates;
+
+  std::optional<Band> band(std::int32_t year, ForecastFigure figure) const;  ///< `year` counts from 0
+  std::int32_t died_out(std::int32_t year) const;                            ///< replicates that have no such year
+};
+
+struct Forecast {
+  std::int32_t first_year = 0, years = 0;
+  std::vector<ScenarioForecast> scenarios;  ///< in the order in which they were asked for
+  bool is_stopped = false;                  ///< then replicates are missing
+};
+
+/// Told from time to time, and asked whether the work is to go on. Not called from two threads at once.
+using ForecastProgress = std::function<bool(std::int64_t done_years, std::int64_t all_years)>;
+
+Forecast make_forecast(const ModelBasis& basis, std::span<const BreedingRules> scenarios,
+                       const ForecastSettings& settings, const ForecastProgress& progress = {});
+
+}  // namespace pedigreewatch

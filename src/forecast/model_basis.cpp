@@ -1,0 +1,194 @@
+// The animals that matter are found first: parents that may still be used, and the parents of those that may become
+// parents. Everything else of the herdbook counts only as far as they descend from it.
+
+#include "forecast/model_basis.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "planning/candidate_kinship.h"
+
+namespace pedigreewatch {
+namespace {
+
+/// Whether the year of birth of an animal is one that its sex may come into use in the first year of the forecast, or
+/// later.
+bool is_of_entry_age(const ModelBasis& basis, std::int32_t position) {
+  const PopulationStore& store = basis.records.store;
+  const std::int32_t born = store.birth_year[position];
+  return born != 0 && born >= basis.first_candidate_year && born <= basis.records.last_year;
+}
+
+/// By position: whether it has had young so far.
+ByNumber<Flag> mark_parents(const FamilyRecords& records) {
+  ByNumber<Flag> is_parent(records.store.size());
+  for (const Family& family : records.families) is_parent[family.sire] = is_parent[family.dam] = 1;
+  is_parent[0] = 0;
+  return is_parent;
+}
+
+/// Positions of the parents whose kinships are needed, each once, in store order.
+std::vector<std::int32_t> find_wanted_parents(const ModelBasis& basis) {
+  const FamilyRecords& records = basis.records;
+  std::vector<std::int32_t> wanted;
+  for (std::int32_t year = std::min(basis.first_candidate_year, basis.base.first_alike); year <= records.last_year;
+       ++year) {
+    for (const Family& family : records.of_year(year)) {
+      wanted.push_back(family.sire);
+      wanted.push_back(family.dam);
+    }
+  }
+  for (const Sex sex : {male, female}) {
+    for (const Career& career : basis.base.careers.of(sex).careers) {
+      if (records.last_year - career.last_year() <= longest_pause) wanted.push_back(career.parent);
+    }
+  }
+  std::sort(wanted.begin(), wanted.end());
+  wanted.erase(std::unique(wanted.begin(), wanted.end()), wanted.end());
+  if (!wanted.empty() && wanted.front() == 0) wanted.erase(wanted.begin());
+  return wanted;
+}
+
+/// Imports that are related to each other descend from one animal that nobody else descends from: with it as both
+/// parents, two of them have its kinship with itself, and F of 0.
+void add_origin(ModelBasis& basis, double kinship) {
+  ModelPedigree& pedigree = basis.pedigree;
+  basis.origin = add_parent(pedigree, 0, 0, static_cast<float>(4.0 * kinship - 1.0));
+  pedigree.variance[basis.origin] = 2.0 * kinship;
+}
+
+void make_pedigree(ModelBasis& basis, std::span<const std::int32_t> wanted) {
+  const PopulationStore& store = basis.records.store;
+  basis.ancestors = pedigree_of(store, wanted);
+  basis.pedigree.sire.values = {0};
+  basis.pedigree.dam.values = {0};
+  basis.pedigree.f.values = {-1.0F};
+  basis.pedigree.variance.values = {0.0};
+  for (std::int32_t j = 1; j <= basis.ancestors.count(); ++j) {
+    add_parent(basis.pedigree, basis.ancestors.sire[j], basis.ancestors.dam[j],
+               store.inbreeding[basis.ancestors.position[j]]);
+  }
+}
+
+void make_table(ModelBasis& basis, std::span<const std::int32_t> wanted, double import_kinship) {
+  if (wanted.size() > most_table_rows) return;
+  const CandidateKinship kinship = make_candidate_kinship(basis.records.store, wanted);
+  const std::size_t size = wanted.size() + 1;  // with the origin of imports
+  std::vector<float> cells(size * size, 0.0F);
+  std::vector<std::int32_t> places(1), animals;
+  for (std::size_t k = 0; k < wanted.size(); ++k) animals.push_back(basis.ancestors.number_of_animal[wanted[k]]);
+  for (std::size_t first = 0; first < wanted.size(); first += kinship_lanes) {
+    places.resize(std::min(kinship_lanes, wanted.size() - first));
+    for (std::size_t k = 0; k < places.size(); ++k) places[k] = static_cast<std::int32_t>(first + k);
+    const std::vector<double> columns = kinship_columns(kinship, places);
+    for (std::size_t k = 0; k < places.size(); ++k) {
+      for (std::size_t row = 0; row < wanted.size(); ++row) {
+        cells[(first + k) * size + row] = static_cast<float>(columns[k * wanted.size() + row]);
+      }
+    }
+  }
+  animals.push_back(basis.origin);
+  cells.back() = static_cast<float>(import_kinship);
+  basis.table = make_kinship_table(animals, cells, basis.pedigree.count());
+}
+
+float kinship_of_pair(const ModelBasis& basis, std::int32_t sire, std::int32_t dam) {
+  return basis.has_table() ? basis.table.between(sire, dam) : near_kinship(basis.pedigree, sire, dam);
+}
+
+/// Adds one mating to the counts: where the sire stands among some others of his group that were used that year. Those
+/// as near as he is share what he counts for.
+void rank_mating(const ModelBasis& basis, const Family& family, std::span<const std::int32_t> sires,
+                 RandomStream& random, MateRanks& counts) {
+  const auto number = [&](std::int32_t position) { return basis.ancestors.number_of_animal[position]; };
+  const float own = kinship_of_pair(basis, number(family.sire), number(family.dam));
+  std::size_t below = 0, alike = 1;
+  for (std::size_t k = 1; k < looked_at; ++k) {
+    const std::int32_t other = sires[static_cast<std::size_t>(random.below(static_cast<std::int32_t>(sires.size())))];
+    const float kinship = kinship_of_pair(basis, number(other), number(family.dam));
+    if (kinship < own) ++below;
+    if (kinship == own) ++alike;
+  }
+  for (std::size_t k = 0; k < alike; ++k) counts[below + k] += 1.0 / static_cast<double>(alike);
+}
+
+/// Ranks of the mates in the base period, drawn towards those of mating at random where there are few matings.
+void measure_mate_ranks(ModelBasis& basis, std::uint64_t seed) {
+  const FamilyRecords& records = basis.records;
+  constexpr double matings_at_random = 8.0;
+  MateRanks counts;
+  counts.fill(matings_at_random / static_cast<double>(looked_at));
+  double matings = matings_at_random;
+  for (std::int32_t year = basis.base.first_alike; year <= basis.base.last_year; ++year) {
+    RandomStream random = make_stream(seed, 0, year, DrawPurpose::base_period);
+    std::vector<std::vector<std::int32_t>> sires(static_cast<std::size_t>(records.groups));
+    const auto group = [&](const Family& f) { return static_cast<std::size_t>(group_of(records.store, f.sire)); };
+    for (const Family& family : records.of_year(year)) {
+      if (family.descent() == Descent::known) sires[group(family)].push_back(family.sire);
+    }
+    for (const Family& family : records.of_year(year)) {
+      if (family.descent() != Descent::known) continue;
+      rank_mating(basis, family, sires[group(family)], random, counts);
+      matings += 1.0;
+    }
+  }
+  for (std::size_t rank = 0; rank < looked_at; ++rank) basis.mate_ranks[rank] = counts[rank] / matings;
+}
+
+void gather_active(ModelBasis& basis) {
+  for (const Sex sex : {male, female}) {
+    const CareerRecords& careers = basis.base.careers.of(sex);
+    for (std::int32_t k = 0; k < std::ssize(careers.careers); ++k) {
+      const Career& career = careers.at(k);
+      if (basis.records.last_year - career.last_year() > longest_pause) continue;
+      basis.active.of(sex).push_back({basis.ancestors.number_of_animal[career.parent], k, career.last_year()});
+    }
+  }
+}
+
+void gather_candidates_of_years(ModelBasis& basis) {
+  const FamilyRecords& records = basis.records;
+  const PopulationStore& store = records.store;
+  const ByNumber<Flag> is_parent = mark_parents(records);
+  const auto lists = static_cast<std::size_t>(records.groups) * 2 * descents;
+  const std::int32_t years = records.last_year - basis.first_candidate_year + 1;
+  basis.candidates.assign(static_cast<std::size_t>(years), {std::vector<Candidates>(lists)});
+  RandomStream random = make_stream(0);
+  for (std::int32_t position = 1; position <= store.animal_count; ++position) {
+    if (is_parent[position] != 0 || !is_of_entry_age(basis, position)) continue;
+    const Sex drawn = random.chance(basis.base.male_share) ? male : female;
+    const Sex sex = records.are_sexes_known ? store.sex[position] : drawn;
+    CandidateYear& year =
+        basis.candidates[static_cast<std::size_t>(store.birth_year[position] - basis.first_candidate_year)];
+    year.lists[list_of(group_of(store, position), sex, descent_of(store, position))].push_back(-position);
+  }
+}
+
+void note_last_litters(ModelBasis& basis) {
+  basis.last_litter.assign(static_cast<std::size_t>(basis.pedigree.count()) + 1, 0);
+  for (const Family& family : basis.records.families) {  // from the first year on, so that the last one stays
+    for (const std::int32_t parent : {family.sire, family.dam}) {
+      basis.last_litter[static_cast<std::size_t>(basis.ancestors.number_of_animal[parent])] = family.year;
+    }
+  }
+  basis.last_litter[0] = 0;
+}
+
+}  // namespace
+
+ModelBasis make_model_basis(const FamilyRecords& records, BasePeriod base, const BasisSettings& settings) {
+  ModelBasis basis{records, std::move(base), {}, {}, 0, {}, {}, {}, {}, 0, {}};
+  const std::int32_t oldest = std::max(basis.base.oldest_entry.of_males, basis.base.oldest_entry.of_females);
+  basis.first_candidate_year = records.last_year + 1 - oldest;
+  const std::vector<std::int32_t> wanted = find_wanted_parents(basis);
+  make_pedigree(basis, wanted);
+  add_origin(basis, settings.import_kinship);
+  make_table(basis, wanted, settings.import_kinship);
+  measure_mate_ranks(basis, settings.seed);
+  gather_active(basis);
+  gather_candidates_of_years(basis);
+  note_last_litters(basis);
+  return basis;
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,69 @@
+// What every replicate begins with, made once: the pedigree of the real animals that may still have young, the parents
+// that are in use, the animals that may become parents, and how near mates were related.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "forecast/base_period.h"
+#include "forecast/kinship_table.h"
+#include "forecast/model_pedigree.h"
+#include "genetics/ancestor_pedigree.h"
+
+namespace pedigreewatch {
+
+/// So many males are looked at for a mating. Which of them, by how near they are to the female, is the practice.
+inline constexpr std::size_t looked_at = 8;
+using MateRanks = std::array<double, looked_at>;  ///< shares by rank from the least related, adding up to 1
+
+/// With more parents than this, kinships of pairs are walked for and not kept in a table.
+inline constexpr std::size_t most_table_rows = 4096;
+
+/// Animals that may become parents, by number: a family of the model herd, or minus the position of a real animal.
+using Candidates = std::vector<std::int32_t>;
+
+/// Candidates of one birth year by sex, group and descent.
+struct CandidateYear {
+  std::vector<Candidates> lists;
+};
+
+/// The list of a candidate year: `groups` as in the FamilyRecords.
+inline std::size_t list_of(std::int32_t group, Sex sex, Descent descent) {
+  return (static_cast<std::size_t>(group) * 2 + (sex == male ? 0 : 1)) * descents + static_cast<std::size_t>(descent);
+}
+
+/// A parent that was in use.
+struct ActiveParent {
+  std::int32_t animal = 0;       ///< in the pedigree
+  std::int32_t career = 0;       ///< its own
+  std::int32_t last_litter = 0;  ///< year
+};
+
+/// The model herd's first state. It refers to the records of the families, which stay.
+struct ModelBasis {
+  const FamilyRecords& records;
+  BasePeriod base;
+  AncestorPedigree ancestors;  ///< real parents, and everybody they descend from
+  ModelPedigree pedigree;      ///< the same by ancestor number
+  std::int32_t origin = 0;     ///< of imports that are related to each other, in the pedigree
+  KinshipTable table;          ///< empty: kinships are walked for
+  MateRanks mate_ranks = {};
+  BySex<std::vector<ActiveParent>> active;
+  std::vector<std::int32_t> last_litter;  ///< by animal of the pedigree: the year of its last family
+  std::int32_t first_candidate_year = 0;
+  std::vector<CandidateYear> candidates;  ///< by birth year, up to the last one
+
+  bool has_table() const { return table.capacity > 0; }
+};
+
+struct BasisSettings {
+  double import_kinship = 0.0;  ///< of imports with each other
+  std::uint64_t seed = 1;
+};
+
+/// F of all animals must be final.
+ModelBasis make_model_basis(const FamilyRecords& records, BasePeriod base, const BasisSettings& settings);
+
+}  // namespace pedigreewatch

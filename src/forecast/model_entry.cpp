@@ -1,0 +1,232 @@
+#include "forecast/model_entry.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace pedigreewatch {
+namespace {
+
+/// An animal that is taken from the candidates.
+struct Entrant {
+  std::int32_t sire = 0, dam = 0, birth_year = 0;
+  float f = 0.0F;
+};
+
+Entrant entrant_of(const ModelHerd& herd, std::int32_t candidate, std::int32_t birth_year) {
+  if (candidate >= 0) {
+    const ModelFamily& family = herd.families[static_cast<std::size_t>(candidate)];
+    return {family.sire, family.dam, birth_year, family.f};
+  }
+  const PopulationStore& store = herd.basis.records.store;
+  const KnownParents parents = known_parents(store, -candidate);
+  const ByNumber<std::int32_t>& number = herd.basis.ancestors.number_of_animal;
+  return {number[parents.sire], number[parents.dam], birth_year, store.inbreeding[-candidate]};
+}
+
+double mean_kinship_of(const ModelHerd& herd, std::int32_t candidate) {
+  const Entrant entrant = entrant_of(herd, candidate, 0);
+  return 0.5 * (herd.mean_kinship[static_cast<std::size_t>(entrant.sire)] +
+                herd.mean_kinship[static_cast<std::size_t>(entrant.dam)]);
+}
+
+/// The mean kinship that an animal of this birth year and sex may have at most: below that of so many per cent.
+double most_mean_kinship(const ModelHerd& herd, const CandidateYear& year, Sex sex) {
+  std::vector<double> kinships;
+  for (std::int32_t group = 0; group < herd.basis.records.groups; ++group) {
+    for (const Descent descent : {Descent::outside, Descent::founder, Descent::half_known, Descent::known}) {
+      for (const std::int32_t candidate : year.lists[list_of(group, sex, descent)]) {
+        kinships.push_back(mean_kinship_of(herd, candidate));
+      }
+    }
+  }
+  if (kinships.empty()) return 0.0;
+  constexpr double percent = 100.0;
+  const double below = *herd.rules.above_percent / percent * static_cast<double>(kinships.size());
+  const auto permitted = std::max<std::ptrdiff_t>(
+      1, static_cast<std::ptrdiff_t>(kinships.size()) - static_cast<std::ptrdiff_t>(std::ceil(below)));
+  std::nth_element(kinships.begin(), kinships.begin() + permitted - 1, kinships.end());
+  return kinships[static_cast<std::size_t>(permitted) - 1];
+}
+
+/// The place of any animal of the list; with a rule on mean kinship of any that it permits. None when there is none.
+std::optional<std::size_t> choose_place(ModelHerd& herd, std::size_t row, const Candidates& list, Sex sex,
+                                        RandomStream& random) {
+  const auto any = [&](std::size_t count) {
+    return static_cast<std::size_t>(random.below(static_cast<std::int32_t>(count)));
+  };
+  if (list.empty()) return std::nullopt;
+  const std::size_t drawn = any(list.size());
+  if (!herd.rules.above_percent) return drawn;
+  double& most = herd.most_kinship[2 * row + (sex == male ? 0 : 1)];
+  if (most < 0.0) most = most_mean_kinship(herd, herd.candidates[row], sex);
+  if (mean_kinship_of(herd, list[drawn]) <= most) return drawn;
+  ++herd.year.refused.entrants;
+  std::vector<std::size_t> permitted;
+  for (std::size_t k = 0; k < list.size(); ++k) {
+    if (mean_kinship_of(herd, list[k]) <= most) permitted.push_back(k);
+  }
+  if (permitted.empty()) return std::nullopt;
+  return permitted[any(permitted.size())];
+}
+
+struct Wanted {
+  Sex sex = male;
+  std::int32_t group = 0, birth_year = 0;
+};
+
+constexpr std::array<Descent, 3> descents_of_born = {Descent::known, Descent::half_known, Descent::founder};
+
+/// The descent of an animal that comes into use, by how many of each there are and how many of them usually do. Known
+/// where there is nobody.
+Descent draw_descent(const ModelHerd& herd, const CandidateYear& year, const Wanted& wanted, RandomStream& random) {
+  const std::array<double, descents>& chosen = herd.basis.base.chosen.of(wanted.sex);
+  std::array<double, descents_of_born.size()> weights = {};
+  double sum = 0.0;
+  for (std::size_t k = 0; k < weights.size(); ++k) {
+    const Candidates& list = year.lists[list_of(wanted.group, wanted.sex, descents_of_born[k])];
+    weights[k] = static_cast<double>(list.size()) * chosen[static_cast<std::size_t>(descents_of_born[k])];
+    sum += weights[k];
+  }
+  double rest = random.unit() * sum;
+  for (std::size_t k = 0; k < weights.size(); ++k) {
+    rest -= weights[k];
+    if (weights[k] > 0.0 && rest < 0.0) return descents_of_born[k];
+  }
+  return Descent::known;
+}
+
+/// Takes a candidate of the birth year; none when it has none that may be taken.
+std::optional<Entrant> take_from(ModelHerd& herd, const Wanted& wanted, bool is_any, RandomStream& random) {
+  const std::int32_t row = wanted.birth_year - herd.basis.first_candidate_year;
+  if (row < 0 || row >= std::ssize(herd.candidates)) return std::nullopt;
+  const auto place_of_year = static_cast<std::size_t>(row);
+  CandidateYear& year = herd.candidates[place_of_year];
+  const Descent drawn = draw_descent(herd, year, wanted, random);
+  for (const Descent descent : {drawn, Descent::known, Descent::half_known, Descent::founder}) {
+    Candidates& list = year.lists[list_of(wanted.group, wanted.sex, descent)];
+    if (const auto place = choose_place(herd, place_of_year, list, wanted.sex, random)) {
+      const Entrant entrant = entrant_of(herd, list[*place], wanted.birth_year);
+      list[*place] = list.back();
+      list.pop_back();
+      return entrant;
+    }
+    if (!is_any) return std::nullopt;
+  }
+  return std::nullopt;
+}
+
+/// The nearest to what is wanted: of another age first, then of another group, at last of whatever descent.
+std::optional<Entrant> take_nearest(ModelHerd& herd, Wanted wanted, std::int32_t last_birth_year,
+                                    RandomStream& random) {
+  const std::int32_t born = wanted.birth_year, home = wanted.group;
+  const auto years = static_cast<std::int32_t>(std::ssize(herd.candidates));
+  for (const bool is_any : {false, true}) {
+    for (std::int32_t step = 0; step < herd.basis.records.groups; ++step) {
+      wanted.group = (home + step) % herd.basis.records.groups;
+      for (std::int32_t distance = 0; distance < 2 * years; ++distance) {
+        wanted.birth_year = distance % 2 == 0 ? born - distance / 2 : born + (distance + 1) / 2;
+        if (wanted.birth_year > last_birth_year) continue;
+        std::optional<Entrant> entrant = take_from(herd, wanted, is_any, random);
+        if (entrant) return entrant;
+      }
+    }
+  }
+  return std::nullopt;
+}
+
+ModelParent& add_model_parent(ModelHerd& herd, Sex sex, const Entrant& entrant) {
+  const std::int32_t animal = add_parent(herd.pedigree, entrant.sire, entrant.dam, entrant.f);
+  herd.new_parents.push_back({animal, entrant.sire, entrant.dam, entrant.f});
+  herd.last_litter.push_back(0);
+  herd.birth_year.push_back(entrant.birth_year);
+  herd.weights.push_back(0.0);
+  ModelParent& parent = herd.parents.of(sex).emplace_back();
+  parent.animal = animal;
+  return parent;
+}
+
+void begin_career(ModelParent& parent, const CareerRecords& careers, std::int32_t number, std::int32_t group) {
+  const Career& career = careers.at(number);
+  parent.point = {number, career.first_year};
+  parent.use = parent.sum_use = double{career.use.front()};
+  parent.years = 1;
+  parent.group = group;
+}
+
+/// Moves on by a year. False when the career is at its end.
+bool go_on(ModelParent& parent, const CareerRecords& careers, std::int32_t age, RandomStream& random) {
+  if (parent.point.year >= careers.last_year) {
+    const CareerState state = {age, parent.pause, parent.sum_use / static_cast<double>(std::max(parent.years, 1))};
+    const std::optional<CareerPoint> donor = find_donor(careers, state, random);
+    if (!donor) return false;
+    parent.point = *donor;
+  }
+  ++parent.point.year;
+  parent.use = double{careers.at(parent.point.career).use_in(parent.point.year)};
+  parent.sum_use += parent.use;
+  ++parent.years;
+  parent.pause = parent.use > 0.0 ? 0 : parent.pause + 1;
+  return parent.pause <= longest_pause;
+}
+
+}  // namespace
+
+std::int32_t draw_entry(const BasePeriod& base, Sex sex, std::int32_t group, RandomStream& random) {
+  const std::vector<std::int32_t>& entries = base.entries.of(sex);
+  constexpr int tries = 16;
+  std::int32_t drawn = pick(random, entries);
+  for (int k = 0; k < tries && base.careers.of(sex).at(drawn).group != group; ++k) drawn = pick(random, entries);
+  return drawn;
+}
+
+std::vector<std::int32_t> entries_of_year(const BasePeriod& base, std::int32_t group, std::int32_t year,
+                                          RandomStream& random) {
+  std::vector<std::int32_t> entries;
+  for (const std::int32_t number : base.entries.of_males) {
+    const Career& career = base.careers.of_males.at(number);
+    if (career.first_year == year && career.group == group) entries.push_back(number);
+  }
+  shuffle(random, std::span(entries));
+  return entries;
+}
+
+void continue_parents(ModelHerd& herd, Sex sex, std::int32_t year) {
+  RandomStream random = herd.stream(year, sex == male ? DrawPurpose::sire_careers : DrawPurpose::dam_careers);
+  const CareerRecords& careers = herd.basis.base.careers.of(sex);
+  std::vector<ModelParent>& parents = herd.parents.of(sex);
+  const bool ends_with_litter = sex == female && herd.rules.has_one_litter;
+  std::erase_if(parents, [&](ModelParent& parent) {
+    parent.litters_in_life += parent.litters;
+    parent.litters = 0;
+    if (ends_with_litter && parent.litters_in_life > 0) return true;
+    return !go_on(parent, careers, year - 1 - herd.birth_year[static_cast<std::size_t>(parent.animal)], random);
+  });
+}
+
+bool enter_parent(ModelHerd& herd, Sex sex, std::int32_t group, std::int32_t year, std::int32_t number,
+                  RandomStream& random) {
+  const BasePeriod& base = herd.basis.base;
+  const Career& career = base.careers.of(sex).at(number);
+  const std::int32_t oldest = std::max(base.oldest_entry.of(sex), herd.rules.least_age.of(sex));
+  const std::int32_t age = std::clamp(career.first_age, std::max(1, herd.rules.least_age.of(sex)), oldest);
+  if (random.chance(base.outside.of(sex))) {
+    begin_career(add_model_parent(herd, sex, {0, 0, year - age, 0.0F}), base.careers.of(sex), number, group);
+    return true;
+  }
+  const std::int32_t youngest = year - std::max(1, herd.rules.least_age.of(sex));
+  const std::optional<Entrant> entrant = take_nearest(herd, {sex, group, year - age}, youngest, random);
+  if (!entrant) return false;
+  begin_career(add_model_parent(herd, sex, *entrant), base.careers.of(sex), number, group);
+  return true;
+}
+
+void enter_import(ModelHerd& herd, Sex sex, std::int32_t group, std::int32_t year, RandomStream& random) {
+  const BasePeriod& base = herd.basis.base;
+  const std::int32_t number = draw_entry(base, sex, group, random);
+  const std::int32_t origin = herd.basis.origin;
+  const std::int32_t born = year - base.careers.of(sex).at(number).first_age;
+  begin_career(add_model_parent(herd, sex, {origin, origin, born, 0.0F}), base.careers.of(sex), number, group);
+}
+
+}  // namespace pedigreewatch

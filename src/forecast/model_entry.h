@@ -1,0 +1,27 @@
+// Animals that come into use: which age, from where, and who.
+#pragma once
+
+#include "forecast/model_herd.h"
+
+namespace pedigreewatch {
+
+/// Goes on with the parents of a sex, each like somebody who had been used as it was; those who are used no more leave.
+void continue_parents(ModelHerd& herd, Sex sex, std::int32_t year);
+
+/// Brings an animal of the group into use, which begins like a career of the base period (its number). False when there
+/// is nobody left.
+bool enter_parent(ModelHerd& herd, Sex sex, std::int32_t group, std::int32_t year, std::int32_t career,
+                  RandomStream& random);
+
+/// A career that began in the years of the practice, of the group if there was any.
+std::int32_t draw_entry(const BasePeriod& base, Sex sex, std::int32_t group, RandomStream& random);
+
+/// The careers of a group's sires that began in one year, in any order: those who came into use together did not all
+/// become popular.
+std::vector<std::int32_t> entries_of_year(const BasePeriod& base, std::int32_t group, std::int32_t year,
+                                          RandomStream& random);
+
+/// Brings an import into use.
+void enter_import(ModelHerd& herd, Sex sex, std::int32_t group, std::int32_t year, RandomStream& random);
+
+}  // namespace pedigreewatch

@@ -1,0 +1,409 @@
+// A year of the model herd: parents go on or stop, dams come into use until there are as many litters as in a base
+// year, sires until there are as many as there were, litters are shared among the sires, mated, born, and described.
+
+#include "forecast/model_herd.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "forecast/model_entry.h"
+#include "forecast/model_matings.h"
+#include "forecast/sire_use.h"
+
+namespace pedigreewatch {
+namespace {
+
+std::size_t place(std::int32_t number) {
+  return static_cast<std::size_t>(number);
+}
+
+/// What a year is to have in one group.
+struct GroupTarget {
+  GroupYear numbers;
+  BySex<std::int32_t> imports;
+  std::int32_t like_year = 0;  ///< the year observed that it is taken from
+};
+
+/// A whole number of which the real one is the mean.
+std::int32_t round_at_random(double value, RandomStream& random) {
+  return static_cast<std::int32_t>(std::floor(std::max(value, 0.0) + random.unit()));
+}
+
+double litters_of(const std::vector<GroupYear>& year) {
+  double litters = 0.0;
+  for (const GroupYear& group : year) litters += group.with_both + group.without_sire;
+  return litters;
+}
+
+/// How the numbers of a year are changed by a rule.
+double factor_of(const Amount& amount, double present) {
+  return present > 0.0 ? std::max(0.0, amount.of(present)) / present : 1.0;
+}
+
+/// A year of the present practice, with as many litters as one of the base years, changed by the rules; by group.
+std::vector<GroupTarget> draw_targets(const ModelHerd& herd, std::int32_t year) {
+  const BasePeriod& base = herd.basis.base;
+  RandomStream random = herd.stream(year, DrawPurpose::targets);
+  const auto years = static_cast<std::int32_t>(std::ssize(base.years));
+  const std::int32_t like = random.below(years);
+  const std::vector<GroupYear>& drawn = base.years[place(like)];
+  const auto base_years = base.base_years();
+  const double litters = litters_of(base_years[static_cast<std::size_t>(random.below(base.length()))]);
+  double sires = 0.0;
+  for (const GroupYear& group : drawn) sires += group.sires;
+  const double as_now = litters_of(drawn) > 0.0 ? litters / litters_of(drawn) : 1.0;
+  const double trend = std::max(0.0, 1.0 + herd.rules.trend * static_cast<double>(year - base.last_year));
+  const double litter_factor = trend * as_now * factor_of(herd.rules.litters, litters);
+  const double sire_factor = as_now * factor_of(herd.rules.sires, sires);
+  std::vector<GroupTarget> targets;
+  for (GroupYear group : drawn) {
+    for (std::int32_t* const count : {&group.with_both, &group.without_sire, &group.without_dam, &group.founders}) {
+      *count = round_at_random(litter_factor * *count, random);
+    }
+    group.sires = round_at_random(sire_factor * group.sires, random);
+    group.new_sires = round_at_random(sire_factor * group.new_sires, random);
+    targets.push_back({group, {}, base.first_alike + like});
+  }
+  for (const Sex sex : {male, female}) {
+    for (std::int32_t k = 0; k < herd.rules.imports.of(sex); ++k) {
+      // To the groups in turn, but for that of the animals without a subpopulation.
+      const std::size_t groups = targets.size() == 1 ? 1 : targets.size() - 1;
+      ++targets[targets.size() - 1 - static_cast<std::size_t>(year + k) % groups].imports.of(sex);
+    }
+  }
+  return targets;
+}
+
+/// The dams of a group with their litters of this year: those who go on, and as many new ones as are missing.
+void fill_dams(ModelHerd& herd, std::int32_t group, const GroupTarget& target, std::int32_t year,
+               RandomStream& random) {
+  std::vector<ModelParent>& dams = herd.parents.of_females;
+  for (std::int32_t k = 0; k < target.imports.of_females; ++k) enter_import(herd, female, group, year, random);
+  const std::int32_t litters = target.numbers.with_both + target.numbers.without_sire;
+  std::vector<std::size_t> ready;
+  std::int32_t found = 0;
+  for (std::size_t k = 0; k < dams.size(); ++k) {
+    if (dams[k].group != group || dams[k].use <= 0.0) continue;
+    ready.push_back(k);
+    dams[k].litters = herd.rules.has_one_litter ? 1 : static_cast<std::int32_t>(dams[k].use);
+    found += dams[k].litters;
+  }
+  shuffle(random, std::span(ready));
+  for (std::size_t k = 0; found > litters && k < ready.size(); ++k) {
+    const std::int32_t less = std::min(found - litters, dams[ready[k]].litters);
+    dams[ready[k]].litters -= less;
+    found -= less;
+  }
+  while (found < litters &&
+         enter_parent(herd, female, group, year, draw_entry(herd.basis.base, female, group, random), random)) {
+    ModelParent& dam = dams.back();
+    const std::int32_t wanted = herd.rules.has_one_litter ? 1 : std::max(1, static_cast<std::int32_t>(dam.use));
+    dam.litters = std::min(wanted, litters - found);
+    found += dam.litters;
+  }
+}
+
+/// Where the sire of a litter comes from.
+std::int32_t draw_sire_group(const ModelHerd& herd, const std::vector<double>& open, std::int32_t group,
+                             RandomStream& random) {
+  const double drawn = random.unit();
+  const auto groups = static_cast<std::int32_t>(open.size());
+  if (groups == 1 || herd.rules.exchange == Exchange::closed) return group;
+  if (herd.rules.exchange == Exchange::rotation && group > 0) return group == 1 ? groups - 1 : group - 1;
+  const std::vector<double>& shares =
+      herd.rules.exchange == Exchange::open ? open : herd.basis.base.sire_groups[place(group)];
+  double sum = 0.0;
+  for (std::int32_t other = 0; other < groups; ++other) {
+    sum += shares[place(other)];
+    if (drawn < sum) return other;
+  }
+  return group;
+}
+
+/// All litters that are to be born, in any order.
+std::vector<WantedLitter> list_litters(ModelHerd& herd, const std::vector<GroupTarget>& targets, std::int32_t year) {
+  RandomStream random = herd.stream(year, DrawPurpose::groups);
+  std::vector<double> open;
+  double young = 0.0;
+  for (const GroupTarget& target : targets) {
+    open.push_back(static_cast<double>(target.numbers.with_both));
+    young += open.back();
+  }
+  for (double& share : open) share = young > 0.0 ? share / young : 1.0 / static_cast<double>(open.size());
+  std::vector<WantedLitter> litters;
+  for (std::size_t k = 0; k < herd.parents.of_females.size(); ++k) {
+    const ModelParent& dam = herd.parents.of_females[k];
+    litters.insert(litters.end(), place(dam.litters), {static_cast<std::int32_t>(k), dam.group, dam.group, true});
+  }
+  shuffle(random, std::span(litters));
+  std::vector<std::int32_t> without_sire;
+  for (const GroupTarget& target : targets) without_sire.push_back(target.numbers.without_sire);
+  for (std::int32_t group = 0; group < std::ssize(targets); ++group) {
+    litters.insert(litters.end(), place(targets[place(group)].numbers.without_dam), {-1, group, group, true});
+  }
+  for (WantedLitter& litter : litters) {
+    std::int32_t& rest = without_sire[place(litter.group)];
+    if (litter.dam >= 0 && rest > 0) {
+      litter.has_sire = false;
+      --rest;
+    } else {
+      litter.sire_group = draw_sire_group(herd, open, litter.group, random);
+    }
+  }
+  return litters;
+}
+
+/// What a sire may have this year.
+std::int32_t most_litters(const ModelHerd& herd, const ModelParent& sire) {
+  std::int32_t most = std::numeric_limits<std::int32_t>::max() / 2;
+  if (herd.rules.litters_a_year) most = *herd.rules.litters_a_year;
+  if (herd.rules.litters_in_life) most = std::min(most, *herd.rules.litters_in_life - sire.litters_in_life);
+  return most;
+}
+
+/// The sires of a group that have use this year; counts those that a rule ends.
+std::vector<std::size_t> ready_sires(ModelHerd& herd, std::int32_t group) {
+  std::vector<std::size_t> ready;
+  for (std::size_t k = 0; k < herd.parents.of_males.size(); ++k) {
+    const ModelParent& sire = herd.parents.of_males[k];
+    if (sire.group != group || sire.use <= 0.0) continue;
+    if (most_litters(herd, sire) > 0) {
+      ready.push_back(k);
+    } else {
+      ++herd.year.refused.sires;
+    }
+  }
+  return ready;
+}
+
+void count_refused(ModelHerd& herd, std::span<const SireShare> shares, std::int64_t litters, RandomStream random) {
+  if (!herd.rules.litters_a_year && !herd.rules.litters_in_life) return;
+  std::vector<SireShare> free(shares.begin(), shares.end());
+  for (SireShare& share : free) share.most = static_cast<std::int32_t>(litters);
+  const std::vector<std::int32_t> wished = share_litters(free, litters, random);
+  for (std::size_t k = 0; k < shares.size(); ++k) {
+    if (wished[k] <= shares[k].most) continue;
+    ++herd.year.refused.sires;
+    herd.year.refused.litters += wished[k] - shares[k].most;
+  }
+}
+
+/// How many sires there should be: with a rule on them as many as it says. Otherwise those who go on, and as many new
+/// ones as in a year of the base period, more or fewer where fewer or more than usual go on.
+std::int32_t wanted_sires(const ModelHerd& herd, std::int32_t group, const GroupYear& target, std::int32_t ready) {
+  const bool is_ruled = herd.rules.sires.factor != 1.0 || herd.rules.sires.plus != 0.0;
+  if (is_ruled) return target.sires;
+  double usual = 0.0;
+  const BasePeriod& base = herd.basis.base;
+  for (const std::vector<GroupYear>& year : base.years) {
+    usual += (year[place(group)].sires - year[place(group)].new_sires) / static_cast<double>(base.years.size());
+  }
+  const double missing = base.vacancies_filled * (usual - static_cast<double>(ready));
+  return ready + std::max(0, target.new_sires + static_cast<std::int32_t>(std::lround(missing)));
+}
+
+/// The sires of a group with their litters of this year: those who go on, and new ones until there are as many as in
+/// the base year, or enough for the litters.
+void fill_sires(ModelHerd& herd, std::int32_t group, const GroupTarget& target, std::int64_t litters,
+                std::int32_t year) {
+  RandomStream entry = herd.stream(year * 64 + group, DrawPurpose::sire_entry);
+  RandomStream use = herd.stream(year * 64 + group, DrawPurpose::sire_use);
+  for (std::int32_t k = 0; k < target.imports.of_males; ++k) enter_import(herd, male, group, year, entry);
+  if (litters == 0) return;
+  std::vector<std::size_t> ready = ready_sires(herd, group);
+  std::int64_t most = 0;
+  for (const std::size_t k : ready) most += most_litters(herd, herd.parents.of_males[k]);
+  const std::int64_t wanted = std::clamp<std::int64_t>(
+      wanted_sires(herd, group, target.numbers, static_cast<std::int32_t>(ready.size())), 1, litters);
+  std::vector<std::int32_t> entries = entries_of_year(herd.basis.base, group, target.like_year, entry);
+  while (std::ssize(ready) < wanted || most < litters) {
+    if (entries.empty()) entries.push_back(draw_entry(herd.basis.base, male, group, entry));
+    if (!enter_parent(herd, male, group, year, entries.back(), entry)) break;
+    entries.pop_back();
+    ready.push_back(herd.parents.of_males.size() - 1);
+    most += most_litters(herd, herd.parents.of_males.back());
+  }
+  std::vector<SireShare> shares;
+  for (const std::size_t k : ready) {
+    const ModelParent& sire = herd.parents.of_males[k];
+    shares.push_back({sire.use, static_cast<std::int32_t>(std::min<std::int64_t>(litters, most_litters(herd, sire)))});
+  }
+  count_refused(herd, shares, litters, use);
+  const std::vector<std::int32_t> numbers = share_litters(shares, litters, use);
+  for (std::size_t k = 0; k < ready.size(); ++k) herd.parents.of_males[ready[k]].litters = numbers[k];
+}
+
+void note_new_parents(ModelHerd& herd) {
+  if (herd.basis.has_table()) {
+    add_rows(herd.table, herd.new_parents);
+  } else {
+    for (const NewRow& parent : herd.new_parents) add_to_walk(*herd.walk, parent.sire, parent.dam, parent.f);
+  }
+  herd.new_parents.clear();
+}
+
+Descent descent_of_family(const ModelFamily& family) {
+  if (family.sire != 0 && family.dam != 0) return Descent::known;
+  return family.sire != 0 || family.dam != 0 ? Descent::half_known : Descent::founder;
+}
+
+/// Gives the families their young, who become candidates.
+void bear_young(ModelHerd& herd, std::int32_t year) {
+  RandomStream random = herd.stream(year, DrawPurpose::births);
+  const BasePeriod& base = herd.basis.base;
+  const std::size_t lists = place(herd.basis.records.groups) * 2 * descents;
+  CandidateYear& candidates = herd.candidates.emplace_back(CandidateYear{std::vector<Candidates>(lists)});
+  herd.youngest.clear();
+  for (std::size_t k = herd.first_of_year; k < herd.families.size(); ++k) {
+    ModelFamily& family = herd.families[k];
+    const std::int32_t size = pick(random, base.sizes);
+    family.young = family.dam != 0 ? size : 1;
+    herd.youngest.push_back({family.sire, family.dam, family.young, family.f});
+    herd.last_litter[place(family.sire)] = herd.last_litter[place(family.dam)] = year;
+    const Descent descent = descent_of_family(family);
+    for (std::int32_t young = 0; young < family.young; ++young) {
+      const Sex sex = random.chance(base.male_share) ? male : female;
+      candidates.lists[list_of(family.group, sex, descent)].push_back(static_cast<std::int32_t>(k));
+    }
+  }
+  herd.last_litter[0] = 0;
+}
+
+/// Rows of parents who are out of use and whose young are too old to come into use are used again.
+void forget_old(ModelHerd& herd, std::int32_t year) {
+  const BasePeriod& base = herd.basis.base;
+  const std::int32_t oldest = std::max({base.oldest_entry.of_males, base.oldest_entry.of_females,
+                                        herd.rules.least_age.of_males, herd.rules.least_age.of_females});
+  const std::int32_t first_wanted = year + 1 - oldest;
+  const std::int32_t last_left = std::min<std::int32_t>(first_wanted - herd.basis.first_candidate_year,
+                                                        static_cast<std::int32_t>(std::ssize(herd.candidates)));
+  for (std::int32_t row = 0; row < last_left; ++row) {
+    for (Candidates& list : herd.candidates[place(row)].lists) list.clear();
+  }
+  if (!herd.basis.has_table()) return;
+  std::vector<Flag> is_active(place(herd.pedigree.count()) + 1, 0);
+  is_active[place(herd.basis.origin)] = 1;
+  for (const Sex sex : {male, female}) {
+    for (const ModelParent& parent : herd.parents.of(sex)) is_active[place(parent.animal)] = 1;
+  }
+  for (const std::int32_t animal : herd.table.animal_of) {
+    if (animal == 0 || is_active[place(animal)] != 0) continue;
+    if (herd.last_litter[place(animal)] < first_wanted) free_row(herd.table, animal);
+  }
+}
+
+struct MeanAge {
+  double years = 0.0, young = 0.0;
+};
+
+std::optional<double> find_parent_age(const ModelHerd& herd, std::int32_t year) {
+  MeanAge sires, dams;
+  const auto add = [&](MeanAge& mean, const YoungOf& family, std::int32_t parent) {
+    if (parent == 0 || herd.birth_year[place(parent)] == 0) return;
+    mean.years += static_cast<double>(family.young) * static_cast<double>(year - herd.birth_year[place(parent)]);
+    mean.young += static_cast<double>(family.young);
+  };
+  for (const YoungOf& family : herd.youngest) {
+    add(sires, family, family.sire);
+    add(dams, family, family.dam);
+  }
+  if (sires.young == 0.0 || dams.young == 0.0) return std::nullopt;
+  return 0.5 * (sires.years / sires.young + dams.years / dams.young);
+}
+
+void describe(ModelHerd& herd, std::int32_t year) {
+  std::vector<std::int32_t> sires;
+  for (const YoungOf& family : herd.youngest) {
+    if (family.sire != 0) sires.push_back(family.sire);
+    if (family.dam != 0) ++herd.year.litters;
+  }
+  std::sort(sires.begin(), sires.end());
+  herd.year.sires = static_cast<std::int32_t>(std::unique(sires.begin(), sires.end()) - sires.begin());
+  herd.year.parent_age = find_parent_age(herd, year);
+  herd.year.kinship = describe_year(herd.pedigree, herd.youngest, herd.weights);
+}
+
+/// The young of the last real year.
+std::vector<YoungOf> real_youngest(const ModelBasis& basis) {
+  const ByNumber<std::int32_t>& number = basis.ancestors.number_of_animal;
+  std::vector<YoungOf> youngest;
+  for (const Family& family : basis.records.of_year(basis.records.last_year)) {
+    youngest.push_back(
+        {number[family.sire], number[family.dam], family.young, basis.records.store.inbreeding[family.first]});
+  }
+  return youngest;
+}
+
+ModelParent begin_parent(const ModelBasis& basis, Sex sex, const ActiveParent& active) {
+  const CareerRecords& careers = basis.base.careers.of(sex);
+  const Career& career = careers.at(active.career);
+  ModelParent parent;
+  parent.animal = active.animal;
+  parent.group = career.group;
+  parent.point = {active.career, careers.last_year};
+  parent.pause = careers.last_year - career.last_year();
+  parent.years = careers.last_year - career.first_year + 1;
+  for (const float use : career.use) parent.sum_use += double{use};
+  parent.litters_in_life = career.families;
+  return parent;
+}
+
+void prepare_mean_kinship(ModelHerd& herd) {
+  if (!herd.rules.above_percent) return;
+  herd.mean_kinship = mean_kinship_with_young(herd.pedigree, herd.youngest);
+  herd.most_kinship.assign(2 * herd.candidates.size(), -1.0);
+}
+
+}  // namespace
+
+ModelHerd begin_herd(const ModelBasis& basis, const BreedingRules& rules, std::uint64_t seed, std::int32_t replicate,
+                     AncestorWalk* walk) {
+  ModelHerd herd{
+      basis, rules, seed, replicate,        basis.pedigree,       basis.table, walk, {}, {}, basis.last_litter,
+      {},    {},    0,    basis.candidates, real_youngest(basis), {},          {},   {}, {}};
+  const std::size_t animals = place(basis.pedigree.count()) + 1;
+  herd.weights.assign(animals, 0.0);
+  herd.birth_year.assign(animals, 0);
+  for (std::int32_t j = 1; j <= basis.ancestors.count(); ++j) {
+    herd.birth_year[place(j)] = basis.records.store.birth_year[basis.ancestors.position[j]];
+  }
+  for (const Sex sex : {male, female}) {
+    for (const ActiveParent& active : basis.active.of(sex)) {
+      const Career& career = basis.base.careers.of(sex).at(active.career);
+      herd.birth_year[place(active.animal)] = career.first_year - career.first_age;
+      herd.parents.of(sex).push_back(begin_parent(basis, sex, active));
+    }
+  }
+  return herd;
+}
+
+bool live_year(ModelHerd& herd, std::int32_t year) {
+  herd.year = {};
+  herd.first_of_year = herd.families.size();
+  prepare_mean_kinship(herd);
+  const std::vector<GroupTarget> targets = draw_targets(herd, year);
+  for (const Sex sex : {male, female}) continue_parents(herd, sex, year);
+  RandomStream entry = herd.stream(year, DrawPurpose::dam_entry);
+  const std::int32_t groups = herd.basis.records.groups;
+  for (std::int32_t group = 0; group < groups; ++group) fill_dams(herd, group, targets[place(group)], year, entry);
+  const std::vector<WantedLitter> litters = list_litters(herd, targets, year);
+  std::vector<std::int64_t> wanted(place(groups), 0);
+  for (const WantedLitter& litter : litters) wanted[place(litter.sire_group)] += litter.has_sire ? 1 : 0;
+  for (std::int32_t group = 0; group < groups; ++group) {
+    fill_sires(herd, group, targets[place(group)], wanted[place(group)], year);
+  }
+  note_new_parents(herd);
+  make_matings(herd, litters, year);
+  if (herd.families.size() == herd.first_of_year) return false;
+  for (std::int32_t group = 0; group < groups; ++group) {
+    const ModelFamily founder = {0, 0, 0.0F, group, 1};
+    herd.families.insert(herd.families.end(), place(targets[place(group)].numbers.founders), founder);
+  }
+  bear_young(herd, year);
+  describe(herd, year);
+  forget_old(herd, year);
+  return true;
+}
+
+}  // namespace pedigreewatch

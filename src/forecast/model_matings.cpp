@@ -1,0 +1,195 @@
+// Sires wait as slots, one for each of their litters. A dam looks at some slots of the wanted group, ranks them by how
+// near they are to her, and takes one of a rank drawn from the practice. Where a rule forbids all of them, she looks at
+// every slot, then an earlier pair may change sires with her.
+
+#include "forecast/model_matings.h"
+
+#include <algorithm>
+#include <array>
+#include <unordered_map>
+
+namespace pedigreewatch {
+namespace {
+
+/// Earlier pairs that are asked to change at most.
+constexpr std::size_t most_exchanges = 200;
+
+struct Pairing {
+  ModelHerd& herd;
+  RandomStream random;
+  std::vector<std::vector<std::int32_t>> slots;                              ///< animals, by group
+  std::vector<ModelFamily> pairs;                                            ///< made so far
+  std::vector<std::int32_t> group_of_pair;                                   ///< of the sire
+  std::unordered_map<std::int32_t, std::int32_t> matings_of_offspring = {};  ///< by common parent
+
+  float kinship(std::int32_t sire, std::int32_t dam) const {
+    return herd.basis.has_table() ? herd.table.between(sire, dam) : near_kinship(herd.pedigree, sire, dam);
+  }
+};
+
+/// The parents that two animals have in common; 0 for none.
+std::array<std::int32_t, 2> common_parents(const ModelPedigree& pedigree, std::int32_t first, std::int32_t second) {
+  std::array<std::int32_t, 2> common = {0, 0};
+  const auto has = [&](std::int32_t parent) {
+    return parent != 0 && (pedigree.sire[second] == parent || pedigree.dam[second] == parent);
+  };
+  if (has(pedigree.sire[first])) common[0] = pedigree.sire[first];
+  if (has(pedigree.dam[first]) && pedigree.dam[first] != pedigree.sire[first]) common[1] = pedigree.dam[first];
+  return common;
+}
+
+bool is_permitted(const Pairing& pairing, std::int32_t sire, std::int32_t dam) {
+  const BreedingRules& rules = pairing.herd.rules;
+  if (dam == 0 || sire == 0) return true;
+  if (rules.most_f && double{pairing.kinship(sire, dam)} > *rules.most_f) return false;
+  if (!rules.offspring_matings) return true;
+  for (const std::int32_t parent : common_parents(pairing.herd.pedigree, sire, dam)) {
+    if (parent == 0 || parent == pairing.herd.basis.origin) continue;
+    const auto made = pairing.matings_of_offspring.find(parent);
+    const std::int32_t matings = made == pairing.matings_of_offspring.end() ? 0 : made->second;
+    if (matings >= *rules.offspring_matings) return false;
+  }
+  return true;
+}
+
+void count_offspring_mating(Pairing& pairing, std::int32_t sire, std::int32_t dam, std::int32_t change) {
+  if (!pairing.herd.rules.offspring_matings) return;
+  for (const std::int32_t parent : common_parents(pairing.herd.pedigree, sire, dam)) {
+    if (parent != 0) pairing.matings_of_offspring[parent] += change;
+  }
+}
+
+std::size_t draw_rank(const MateRanks& ranks, double drawn, std::size_t count) {
+  double sum = 0.0;
+  for (std::size_t rank = 0; rank < looked_at; ++rank) {
+    sum += ranks[rank];
+    // Among fewer males the ranks lie closer together.
+    if (drawn < sum) return rank * count / looked_at;
+  }
+  return count - 1;
+}
+
+struct LookedAt {
+  float kinship = 0.0F;
+  std::size_t slot = 0;
+};
+
+/// A slot by the practice; the list has one.
+std::size_t choose_slot(Pairing& pairing, const std::vector<std::int32_t>& list, std::int32_t dam) {
+  std::array<LookedAt, looked_at> males;
+  const std::size_t count = std::min(looked_at, list.size());
+  const std::size_t first = static_cast<std::size_t>(pairing.random.below(static_cast<std::int32_t>(list.size())));
+  const double drawn = pairing.random.unit();
+  // The slots were shuffled: neighbours are any.
+  for (std::size_t k = 0; k < count; ++k) {
+    const std::size_t slot = (first + k) % list.size();
+    males[k] = {pairing.kinship(list[slot], dam), slot};
+  }
+  const std::size_t rank = draw_rank(pairing.herd.basis.mate_ranks, drawn, count);
+  std::stable_sort(males.begin(), males.begin() + static_cast<std::ptrdiff_t>(count),
+                   [](const LookedAt& a, const LookedAt& b) { return a.kinship < b.kinship; });
+  return males[rank].slot;
+}
+
+void take_slot(Pairing& pairing, std::vector<std::int32_t>& list, std::size_t slot, const WantedLitter& litter,
+               std::int32_t dam) {
+  const std::int32_t sire = list[slot];
+  list[slot] = list.back();
+  list.pop_back();
+  count_offspring_mating(pairing, sire, dam, 1);
+  pairing.pairs.push_back({sire, dam, 0.0F, litter.group, 0});
+  pairing.group_of_pair.push_back(litter.sire_group);
+}
+
+/// Gives a sire that is left to an earlier pair, and its sire to this dam. False when no pair can change.
+bool exchange_sires(Pairing& pairing, std::vector<std::int32_t>& list, const WantedLitter& litter, std::int32_t dam) {
+  for (std::size_t slot = 0; slot < std::min<std::size_t>(list.size(), looked_at); ++slot) {
+    for (std::size_t k = 0; k < std::min(pairing.pairs.size(), most_exchanges); ++k) {
+      ModelFamily& pair = pairing.pairs[pairing.pairs.size() - 1 - k];
+      if (pairing.group_of_pair[pairing.pairs.size() - 1 - k] != litter.sire_group || pair.sire == 0) continue;
+      const std::int32_t left = list[slot], given = pair.sire;
+      count_offspring_mating(pairing, given, pair.dam, -1);
+      if (is_permitted(pairing, left, pair.dam) && is_permitted(pairing, given, dam)) {
+        count_offspring_mating(pairing, left, pair.dam, 1);
+        // Both matings may be between offspring of one animal: each was permitted without the other.
+        if (is_permitted(pairing, given, dam)) {
+          pair.sire = left;
+          list[slot] = given;
+          take_slot(pairing, list, slot, litter, dam);
+          return true;
+        }
+        count_offspring_mating(pairing, left, pair.dam, -1);
+      }
+      count_offspring_mating(pairing, given, pair.dam, 1);
+    }
+  }
+  return false;
+}
+
+/// Finds a sire for the litter. False when there is no permitted one.
+bool pair_litter(Pairing& pairing, const WantedLitter& litter, std::int32_t dam) {
+  std::vector<std::int32_t>& list = pairing.slots[static_cast<std::size_t>(litter.sire_group)];
+  if (list.empty()) return false;
+  const std::size_t slot = choose_slot(pairing, list, dam);
+  if (is_permitted(pairing, list[slot], dam)) {
+    take_slot(pairing, list, slot, litter, dam);
+    return true;
+  }
+  ++pairing.herd.year.refused.pairs;
+  for (std::size_t k = 1; k < list.size(); ++k) {
+    const std::size_t other = (slot + k) % list.size();
+    if (!is_permitted(pairing, list[other], dam)) continue;
+    take_slot(pairing, list, other, litter, dam);
+    return true;
+  }
+  return exchange_sires(pairing, list, litter, dam);
+}
+
+Pairing begin_pairing(ModelHerd& herd, std::int32_t year) {
+  Pairing pairing{herd, herd.stream(year, DrawPurpose::pairing), {}, {}, {}};
+  pairing.slots.resize(static_cast<std::size_t>(herd.basis.records.groups));
+  for (const ModelParent& sire : herd.parents.of_males) {
+    std::vector<std::int32_t>& list = pairing.slots[static_cast<std::size_t>(sire.group)];
+    list.insert(list.end(), static_cast<std::size_t>(sire.litters), sire.animal);
+  }
+  for (std::vector<std::int32_t>& list : pairing.slots) shuffle(pairing.random, std::span(list));
+  return pairing;
+}
+
+/// F of the pairs' young, by the table or the walk.
+void find_inbreeding(ModelHerd& herd, std::span<ModelFamily> pairs) {
+  if (herd.basis.has_table()) {
+    for (ModelFamily& pair : pairs) pair.f = herd.table.between(pair.sire, pair.dam);
+    return;
+  }
+  std::array<Mating, lane_count> matings;
+  std::array<float, lane_count> results = {};
+  for (std::size_t first = 0; first < pairs.size(); first += lane_count) {
+    const std::span<ModelFamily> batch = pairs.subspan(first, std::min(lane_count, pairs.size() - first));
+    for (std::size_t k = 0; k < batch.size(); ++k) matings[k] = {batch[k].sire, batch[k].dam};
+    walk_ancestors(*herd.walk, std::span(matings).first(batch.size()), results);
+    for (std::size_t k = 0; k < batch.size(); ++k) {
+      const bool has_both = batch[k].sire != 0 && batch[k].dam != 0;
+      batch[k].f = has_both ? results[k] : 0.0F;
+    }
+  }
+}
+
+}  // namespace
+
+void make_matings(ModelHerd& herd, const std::vector<WantedLitter>& litters, std::int32_t year) {
+  Pairing pairing = begin_pairing(herd, year);
+  for (const WantedLitter& litter : litters) {
+    const std::int32_t dam = litter.dam < 0 ? 0 : herd.parents.of_females[static_cast<std::size_t>(litter.dam)].animal;
+    if (!litter.has_sire) {
+      pairing.pairs.push_back({0, dam, 0.0F, litter.group, 0});
+      pairing.group_of_pair.push_back(litter.sire_group);
+    } else if (!pair_litter(pairing, litter, dam)) {
+      ++herd.year.refused.lost;
+    }
+  }
+  find_inbreeding(herd, pairing.pairs);
+  herd.families.insert(herd.families.end(), pairing.pairs.begin(), pairing.pairs.end());
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,135 @@
+#include "forecast/practice_figures.h"
+
+#include <algorithm>
+
+#include "core/integers.h"
+#include "diversity/close_matings.h"
+#include "genetics/ancestor_pedigree.h"
+
+namespace pedigreewatch {
+namespace {
+
+std::vector<float> shares_of(const std::vector<std::int64_t>& counts) {
+  std::int64_t total = 0;
+  for (const std::int64_t count : counts) total += count;
+  std::vector<float> shares;
+  if (total == 0) return shares;
+  for (const std::int64_t count : counts) shares.push_back(quotient(count, total));
+  return shares;
+}
+
+std::vector<float> shares_of_ages(const YearTable<std::int32_t>& classes, Row first, Row last) {
+  std::vector<std::int64_t> counts;
+  for (std::int64_t age = 1; age <= classes.column_count; ++age) {
+    std::int64_t& count = counts.emplace_back(0);
+    for (Row row = first; row <= last; ++row) count += classes.value(row, age);
+  }
+  return shares_of(counts);
+}
+
+/// What is added up over the families of the years.
+struct FamilySums {
+  double families = 0.0, with_sire = 0.0, with_both = 0.0, close = 0.0, foreign = 0.0;
+  double young = 0.0, half_known = 0.0, founders = 0.0;
+};
+
+void add_family(const FamilyRecords& records, const Family& family, FamilySums& sums) {
+  const PopulationStore& store = records.store;
+  const double young = static_cast<double>(family.young);
+  sums.young += young;
+  if (family.descent() == Descent::half_known) sums.half_known += young;
+  if (family.descent() == Descent::founder) sums.founders += young;
+  if (family.descent() != Descent::founder) sums.families += 1.0;
+  if (family.sire != 0) {
+    sums.with_sire += 1.0;
+    if (group_of(store, family.sire) != family.group) sums.foreign += 1.0;
+  }
+  if (family.descent() != Descent::known) return;
+  sums.with_both += 1.0;
+  const MatingKin kin = kin_of_mating(store, {family.sire, family.dam}, 0.0F);
+  if (kin != MatingKin::distant && kin != MatingKin::cousins) sums.close += 1.0;
+}
+
+double share_of_top_sire(std::span<const Family> families) {
+  std::vector<std::int32_t> sires;
+  for (const Family& family : families) {
+    if (family.sire != 0) sires.push_back(family.sire);
+  }
+  std::sort(sires.begin(), sires.end());
+  std::ptrdiff_t most = 0;
+  for (auto next = sires.begin(); next != sires.end();) {
+    const auto end = std::upper_bound(next, sires.end(), *next);
+    most = std::max(most, end - next);
+    next = end;
+  }
+  return sires.empty() ? 0.0 : static_cast<double>(most) / static_cast<double>(sires.size());
+}
+
+/// Careers that are over: nobody comes back after such a pause.
+void measure_lives(const CareerRecords& careers, FamilyPractice& practice) {
+  double over = 0.0;
+  for (const Career& career : careers.careers) {
+    if (careers.last_year - career.last_year() <= longest_pause) continue;
+    over += 1.0;
+    practice.years_in_use += static_cast<double>(career.use.size());
+    practice.families_in_life += static_cast<double>(career.families);
+  }
+  if (over == 0.0) return;
+  practice.years_in_use /= over;
+  practice.families_in_life /= over;
+}
+
+double ratio(double part, double whole) {
+  return whole > 0.0 ? part / whole : 0.0;
+}
+
+}  // namespace
+
+CountedPractice count_practice(const MonitorTables& tables, const BirthYears& years, std::int32_t first_year,
+                               std::int32_t last_year) {
+  const Row first = years.row_of(first_year), last = years.row_of(last_year);
+  CountedPractice practice;
+  std::int64_t litters = 0;
+  std::vector<std::int64_t> sizes(largest_litter, 0);
+  for (Row row = first; row <= last; ++row) {
+    const LitterCounts counts = tables.litters.of(row);
+    litters += counts.litters;
+    for (std::int32_t size = 1; size <= largest_litter; ++size) {
+      sizes[static_cast<std::size_t>(size) - 1] += counts.of_size(size);
+    }
+  }
+  while (!sizes.empty() && sizes.back() == 0) sizes.pop_back();
+  practice.litters_a_year = quotient(litters, last - first + 1);
+  practice.litter_sizes = shares_of(sizes);
+  for (const Sex sex : {male, female}) {
+    practice.ages.of(sex) = shares_of_ages(tables.age_classes.of(sex), first, last);
+  }
+  return practice;
+}
+
+FamilyPractice measure_practice(const FamilyRecords& records, const BasePeriod& base) {
+  FamilyPractice practice;
+  FamilySums sums;
+  const double years = static_cast<double>(base.length());
+  for (std::int32_t year = base.first_year; year <= base.last_year; ++year) {
+    for (const Family& family : records.of_year(year)) add_family(records, family, sums);
+    practice.top_sire += share_of_top_sire(records.of_year(year)) / years;
+  }
+  for (const std::vector<GroupYear>& year : base.base_years()) {
+    for (const GroupYear& group : year) {
+      practice.sires_a_year += static_cast<double>(group.sires) / years;
+      practice.dams_a_year += static_cast<double>(group.dams) / years;
+    }
+  }
+  practice.litters_per_sire = ratio(sums.with_sire, years * practice.sires_a_year);
+  practice.half_known = ratio(sums.half_known, sums.young);
+  practice.founders = ratio(sums.founders, sums.young);
+  practice.close_matings = ratio(sums.close, sums.with_both);
+  practice.between_groups = ratio(sums.foreign, sums.with_sire);
+  practice.outside_sires = base.outside.of_males;
+  practice.outside_dams = base.outside.of_females;
+  measure_lives(base.careers.of_males, practice);
+  return practice;
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,40 @@
+// The figures of the present practice that are shown before they are gone on with.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "core/birth_years.h"
+#include "forecast/base_period.h"
+#include "statistics/monitor_tables.h"
+
+namespace pedigreewatch {
+
+/// Figures that the summary of the report has too, for years of one's own: counted by the report's rules from its
+/// tables.
+struct CountedPractice {
+  float litters_a_year = 0.0F;
+  std::vector<float> litter_sizes;  ///< by size, from 1: shares of the litters
+  BySex<std::vector<float>> ages;   ///< of sires and dams by age class in years, from 1: shares of the births
+};
+
+CountedPractice count_practice(const MonitorTables& tables, const BirthYears& years, std::int32_t first_year,
+                               std::int32_t last_year);
+
+/// Figures that only a forecast needs; of families, which are the young of two parents in a year.
+struct FamilyPractice {
+  double sires_a_year = 0.0, dams_a_year = 0.0;
+  double litters_per_sire = 0.0;  ///< a year
+  double top_sire = 0.0;          ///< share of the year's families that its most used sire has, mean of the years
+  double years_in_use = 0.0;      ///< of sires whose use began in these years or before and is over
+  double families_in_life = 0.0;  ///< of the same sires
+  double half_known = 0.0;        ///< of the young: one parent known
+  double founders = 0.0;          ///< of the young: none known
+  double outside_sires = 0.0, outside_dams = 0.0;  ///< of those that came into use: no line of their own, no parents
+  double close_matings = 0.0;   ///< of families with known parents: sibs, half sibs, parent and offspring
+  double between_groups = 0.0;  ///< of families with a known sire: he is of another subpopulation
+};
+
+FamilyPractice measure_practice(const FamilyRecords& records, const BasePeriod& base);
+
+}  // namespace pedigreewatch

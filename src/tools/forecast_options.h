@@ -1,0 +1,24 @@
+// What stands on the command line of `pedigreewatch-tools forecast`.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "forecast/forecast.h"
+
+namespace pedigreewatch {
+
+struct ForecastOptions {
+  ForecastSettings settings;
+  std::optional<std::int32_t> years;  ///< to forecast
+  std::optional<std::int32_t> from;   ///< the last year that is known
+  std::string rules_file;
+};
+
+/// Yields what is wrong with the arguments; empty: nothing.
+std::string read_forecast_options(std::span<const std::string_view> arguments, ForecastOptions& options);
+
+}  // namespace pedigreewatch

@@ -1,0 +1,128 @@
+// Whole runs of `pedigreewatch-tools forecast`: what is written, and what is refused with nothing written.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/pedigrees.h"
+#include "support/program_run.h"
+#include "support/read_table.h"
+#include "support/steer_lines.h"
+
+namespace pedigreewatch::test {
+namespace {
+
+/// Twelve litters of two a year, of parents two years old.
+std::string herd(int years, int births_of_last_year = 24) {
+  std::string data = "id;sex;birthdate;sire;dam\n";
+  const auto id = [](int year, int k) { return std::to_string(year) + "_" + std::to_string(k); };
+  for (int year = 2001; year < 2001 + years; ++year) {
+    const int births = year == 2000 + years ? births_of_last_year : 24;
+    for (int k = 0; k < births; ++k) {
+      const int litter = k / 2;
+      data += id(year, k) + ";" + (k % 2 == 0 ? "m" : "f") + ";01-05-" + std::to_string(year) + ";";
+      if (year > 2002) data += id(year - 2, 2 * (litter % 4)) + ";" + id(year - 2, 2 * ((litter + 5) % 12) + 1);
+      if (year <= 2002) data += ";";
+      data += "\n";
+    }
+  }
+  return data;
+}
+
+bool has(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
+WholeRun forecast(const std::string& data, std::vector<std::string> options, const Files& more = {},
+                  const std::string& language = "en") {
+  SteerLines steer;
+  steer.language = language;
+  Files files = files_of(data, steer);
+  files.insert(more.begin(), more.end());
+  options.insert(options.begin(), "forecast");
+  return run_program_on(files, tools_with(options));
+}
+
+TEST(ForecastRun, WritesAYearALine) {
+  const WholeRun run = forecast(herd(10), {"--years", "5", "--replicates", "20"});
+  ASSERT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_EQ(run.messages, "");
+  const ReadTable table = read_table(run.file("dogs_forecast.tsv"));
+  ASSERT_EQ(table.rows.size(), 5U);
+  const std::vector<std::string> names(table.names.begin(), table.names.begin() + 6);
+  EXPECT_EQ(names,
+            (std::vector<std::string>{"scenario", "year", "F_mean", "F_mean_5", "F_mean_95", "kinship_with_self"}));
+  for (std::size_t row = 0; row < 5; ++row) {
+    EXPECT_EQ(table.cell(row, "scenario"), "present");
+    EXPECT_EQ(table.cell(row, "year"), std::to_string(2011 + row));
+    EXPECT_EQ(table.cell(row, "sires_in_use"), "4");  // every year had four
+    // All parents were two years old; a year has too few young females now and then.
+    EXPECT_NEAR(std::stod(table.cell(row, "generation_interval")), 2.0, 0.1);
+    EXPECT_EQ(table.cell(row, "replicates"), "20");
+    const double f = std::stod(table.cell(row, "F_mean"));
+    EXPECT_LE(std::stod(table.cell(row, "F_mean_5")), f);
+    EXPECT_GE(std::stod(table.cell(row, "F_mean_95")), f);
+    EXPECT_NEAR(std::stod(table.cell(row, "gene_diversity")), 1.0 - std::stod(table.cell(row, "kinship_with_self")),
+                1e-6);
+  }
+  // A closed herd of four sires.
+  EXPECT_GT(std::stod(table.cell(4, "F_mean")), std::stod(table.cell(0, "F_mean")));
+}
+
+TEST(ForecastRun, TellsThePracticeFirst) {
+  const WholeRun run = forecast(herd(10), {"--years", "1", "--replicates", "2"});
+  EXPECT_TRUE(has(run.console, "base period: 2008 to 2010, a generation interval of 2.0 years\n")) << run.console;
+  EXPECT_TRUE(has(run.console, "litters a year: 12.0, young a litter: 2.0\n")) << run.console;
+  EXPECT_TRUE(has(run.console,
+                  "sires a year: 4.0, dams a year: 12.0, litters a sire: 3.0, of the most used one: 25.0 % of all\n"))
+      << run.console;
+  EXPECT_TRUE(has(run.console, "sires stay in use for 1.0 years and have 3.0 litters in life\n")) << run.console;
+  EXPECT_TRUE(has(run.console, "written: dogs_forecast.tsv\n")) << run.console;
+  const WholeRun dutch = forecast(herd(10), {"--years", "1", "--replicates", "2"}, {}, "nl");
+  EXPECT_TRUE(has(dutch.console, "basisperiode: 2008 tot en met 2010, een generatie-interval van 2.0 jaar\n"));
+}
+
+TEST(ForecastRun, LeavesOutAYearThatIsIncomplete) {
+  const WholeRun run = forecast(herd(10, 11), {"--years", "1", "--replicates", "2"});
+  EXPECT_TRUE(has(run.console, "2010 is left out: too few births so far for a whole year\n")) << run.console;
+  EXPECT_EQ(read_table(run.file("dogs_forecast.tsv")).cell(0, "year"), "2010");
+  const WholeRun half = forecast(herd(10, 12), {"--years", "1", "--replicates", "2"});
+  EXPECT_FALSE(has(half.console, "is left out")) << half.console;
+}
+
+TEST(ForecastRun, IsTheSameForTheSameSeed) {
+  const std::vector<std::string> options = {"--years", "4", "--replicates", "9", "--threads", "1"};
+  const std::string first = forecast(herd(8), options).file("dogs_forecast.tsv");
+  EXPECT_EQ(first,
+            forecast(herd(8), {"--years", "4", "--replicates", "9", "--threads", "4"}).file("dogs_forecast.tsv"));
+  EXPECT_NE(first, forecast(herd(8), {"--years", "4", "--replicates", "9", "--seed", "2"}).file("dogs_forecast.tsv"));
+}
+
+// What is known later changes nothing.
+TEST(ForecastRun, ForgetsWhatIsBehindTheYear) {
+  const WholeRun of_all = forecast(herd(12), {"--from", "2008", "--replicates", "5"});
+  const WholeRun of_some = forecast(herd(8), {"--years", "4", "--replicates", "5"});
+  EXPECT_EQ(of_all.file("dogs_forecast.tsv"), of_some.file("dogs_forecast.tsv"));
+}
+
+void expect_refusal(const WholeRun& run, int exit_status, const std::string& message) {
+  EXPECT_EQ(run.exit_status, exit_status);
+  EXPECT_TRUE(has(run.messages, message)) << run.messages;
+  EXPECT_EQ(run.files.count("dogs_forecast.tsv"), 0U);
+}
+
+TEST(ForecastRun, RefusesWhatCannotBe) {
+  expect_refusal(forecast(herd(2), {}), 1, "a forecast needs three birth years with known parents of known ages");
+  expect_refusal(forecast("id;sex;birthdate;sire;dam\na;m;;;\n", {}), 1, "no animal has a birth year");
+  expect_refusal(forecast(herd(10), {"--from", "2010"}), 1, "--from 2010: a birth year from 2001 to 2009 was expected");
+  expect_refusal(forecast(herd(10), {"--from", "2000"}), 1, "--from 2000: a birth year from 2001 to 2009 was expected");
+  expect_refusal(forecast(herd(10), {"--from", "soon"}), 2, "a year such as 2010 was expected");
+  expect_refusal(forecast(herd(10), {"--years", "201"}), 2, "a number of years from 1 to 200 was expected");
+  expect_refusal(forecast(herd(10), {"--replicates", "0"}), 2, "a number from 1 to 10000 was expected");
+  expect_refusal(forecast(herd(10), {"--seed", "-1"}), 2, "a whole number from 0 on was expected");
+  expect_refusal(forecast(herd(10), {"--threads", "257"}), 2, "a number from 1 to 256 was expected");
+  expect_refusal(forecast(herd(10), {"dogs.txt"}), 2, "no file was expected");
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test
