@@ -165,7 +165,8 @@ CareerRecords list_careers(const FamilyRecords& records, Sex sex, std::int32_t f
   const std::vector<Use> uses = list_uses(records, sex);
   for (auto next = uses.begin(); next != uses.end();) {
     const auto end = std::find_if(next, uses.end(), [&](const Use& use) { return use.parent != next->parent; });
-    if (std::prev(end)->year >= first_year) result.careers.push_back(career_of(records, std::span(next, end)));
+    const std::span<const Use> of_parent(&*next, static_cast<std::size_t>(end - next));
+    if (of_parent.back().year >= first_year) result.careers.push_back(career_of(records, of_parent));
     next = end;
   }
   guess_ages(result.careers);

@@ -42,7 +42,8 @@ MeanAndError describe(const std::vector<double>& values) {
   return result;
 }
 
-/// Which part of 1 - F is lost a year, between two years ahead; F is the mean of all replicates, as theory speaks of it.
+/// Which part of 1 - F is lost a year, between two years ahead; F is the mean of all replicates, as theory speaks of
+/// it.
 double rate_of(const std::vector<std::vector<double>>& f_of_years, std::size_t from, std::size_t to) {
   double first = 0.0, last = 0.0;
   for (const std::vector<double>& f : f_of_years) {
