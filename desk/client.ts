@@ -1,5 +1,7 @@
 // The page's side of the worker: questions and their answers, and a new worker where one was stopped.
 
+import { Unreadable } from "./chosen_files";
+import type { ChosenFile } from "./chosen_files";
 import type { Operation, PhaseMessage, Reply } from "./protocol";
 
 export class Cancelled extends Error {}
@@ -26,10 +28,11 @@ function listen(client: Client): void {
   const { worker } = client;
   worker.onmessage = (event: MessageEvent<Reply | PhaseMessage>) => {
     if ("phase" in event.data) return client.whenPhaseBegins(event.data.phase);
-    const { id, answer, failure } = event.data;
+    const { id, answer, failure, trouble } = event.data;
     const waiting = client.waiting.get(id);
     client.waiting.delete(id);
-    if (failure === undefined) waiting?.resolve(answer);
+    if (trouble !== undefined) waiting?.reject(new Unreadable(trouble.kind, trouble.name));
+    else if (failure === undefined) waiting?.resolve(answer);
     else waiting?.reject(new Failed(failure));
   };
   worker.onerror = (event) => failAll(client, new Failed(event.message || "the worker could not be started"));
@@ -48,12 +51,18 @@ export function createClient(whenPhaseBegins: (phase: string) => void): Client {
 }
 
 export function ask<Answer>(client: Client, operation: Operation, values: (string | number)[] = [],
-                            files?: File[]): Promise<Answer> {
+                            files?: ChosenFile[]): Promise<Answer> {
   return new Promise((resolve, reject) => {
     const id = client.nextId++;
     client.waiting.set(id, { resolve: resolve as (answer: unknown) => void, reject });
     client.worker.postMessage({ id, operation, values, files });
   });
+}
+
+/** Ends a client that is needed no more. */
+export function closeClient(client: Client): void {
+  client.worker.terminate();
+  failAll(client, new Cancelled());
 }
 
 /** Stops whatever is being done, and everything that the worker knows with it. */

@@ -1,7 +1,9 @@
 // What the page remembers: the files and what their user said of them, the answers of the worker so far, and where in
 // the five steps the user is. The steps draw themselves from it.
 
-import { ask, Cancelled, createClient, Failed, stopWork } from "./client";
+import { readFiles, Unreadable } from "./chosen_files";
+import type { ChosenFile } from "./chosen_files";
+import { ask, Cancelled, closeClient, createClient, Failed, stopWork } from "./client";
 import type { Client } from "./client";
 import { byId, make } from "./dom";
 import { phaseIn, textIn } from "./texts";
@@ -13,11 +15,13 @@ export const stepNames: readonly StepName[] = ["data", "settings", "check", "res
 
 export interface Desk {
   client: Client;
+  /** The one in which another file is being opened, while this one keeps what is there. */
+  beside?: Client;
   language: Language;
   /** Of the report, unless the settings name one: that of the desk when the results were made. */
   reportLanguage: Language;
   step: StepName;
-  files: File[];
+  files: ChosenFile[];
   /** What the user says, by the names of src/desk/settings_text.h. */
   settings: Map<string, string>;
   export?: ExportAnswer;
@@ -27,6 +31,8 @@ export interface Desk {
   written?: FilesAnswer;
   check?: CheckAnswer;
   run?: RunAnswer;
+  /** Something of these results has been saved. */
+  isSaved: boolean;
   /** What the board says, as it was typed: the year of its rule, its limits in per cent. */
   board: { ruleYear: string; sireShare: string; mostF: string };
   body?: string;
@@ -61,7 +67,7 @@ export interface DeskPlan {
 export function createDesk(language: Language, draw: (desk: Desk) => void): Desk {
   const desk: Desk = {
     client: createClient((phase) => showPhase(desk, phase)), language, reportLanguage: language, step: "data", files: [], settings: new Map(), board: { ruleYear: "", sireShare: "", mostF: "" },
-    refusals: [], wasCancelled: false, isOpen: false, busy: 0, working: Promise.resolve(), cancellations: 0, kind: "", filter: "", firstFinding: 0, view: "charts",
+    refusals: [], wasCancelled: false, isOpen: false, isSaved: false, busy: 0, working: Promise.resolve(), cancellations: 0, kind: "", filter: "", firstFinding: 0, view: "charts",
     draw: () => draw(desk),
   };
   return desk;
@@ -91,6 +97,7 @@ export function forgetRun(desk: Desk): void {
   desk.female = desk.male = desk.years = desk.plan = undefined;
   desk.kind = desk.filter = "";
   desk.firstFinding = 0;
+  desk.isSaved = false;
 }
 
 /** Begins an action when those before it have ended, unless they were cancelled. */
@@ -104,12 +111,18 @@ function afterOthers(desk: Desk, action: () => Promise<void>): Promise<void> {
   return done;
 }
 
+export function wordsOfTrouble(desk: Desk, problem: Unreadable): string {
+  const names = { folder: "isFolder", tooLarge: "isTooLarge", changed: "hasChanged" } as const;
+  return text(desk, names[problem.trouble], problem.fileName);
+}
+
 /** Says what went wrong. A worker that failed may have lost its memory: a new one opens the files again. */
 function takeFailure(desk: Desk, problem: unknown): void {
   if (problem instanceof Cancelled) {
     desk.wasCancelled = true;
     return;
   }
+  if (problem instanceof Unreadable) return showProblem(wordsOfTrouble(desk, problem));
   showProblem(text(desk, "failed", problem instanceof Error ? problem.message : String(problem)));
   if (problem instanceof Failed) startAgain(desk);
 }
@@ -145,13 +158,19 @@ function startAgain(desk: Desk): void {
 
 export function cancel(desk: Desk): void {
   ++desk.cancellations;
-  startAgain(desk);
+  if (desk.beside !== undefined) closeClient(desk.beside);
+  else startAgain(desk);
 }
 
-/** Opens the files in the worker, also again in a new one. */
-async function openFiles(desk: Desk): Promise<void> {
-  await ask(desk.client, "language", [desk.language]);
-  const answer = await ask<ExportAnswer | FilesAnswer>(desk.client, "open", [settingsText(desk)], desk.files);
+type OpenAnswer = ExportAnswer | FilesAnswer;
+
+async function askToOpen(desk: Desk, client: Client, files: ChosenFile[], settings: string): Promise<OpenAnswer> {
+  await ask(client, "language", [desk.language]);
+  return ask<OpenAnswer>(client, "open", [settings], files);
+}
+
+/** Takes what came of opening the files. */
+async function takeOpened(desk: Desk, answer: OpenAnswer): Promise<void> {
   desk.export = desk.given = undefined;
   desk.refusals = answer.messages;
   if ("evidence" in answer) desk.export = answer;
@@ -163,7 +182,17 @@ async function openFiles(desk: Desk): Promise<void> {
   desk.isOpen = true;
 }
 
-export function openNew(desk: Desk, files: File[], settings: [string, string][] = []): Promise<boolean> {
+/** Opens the files in the worker, also again in a new one. */
+async function openFiles(desk: Desk): Promise<void> {
+  await takeOpened(desk, await askToOpen(desk, desk.client, desk.files, settingsText(desk)));
+}
+
+function isOpened(answer: OpenAnswer): boolean {
+  return "evidence" in answer || "steerPath" in answer;
+}
+
+/** Everything of the files before goes; these take their place. */
+function replaceFiles(desk: Desk, files: ChosenFile[], settings: [string, string][]): void {
   desk.files = files;
   desk.settings = new Map(settings);
   desk.reportLanguage = desk.language;
@@ -171,8 +200,41 @@ export function openNew(desk: Desk, files: File[], settings: [string, string][] 
   desk.refusals = [];
   desk.isOpen = false;
   forgetRun(desk);
-  return work(desk, () => {
-    forgetRun(desk);
+}
+
+/** Opens other files beside those that are open, in a worker of their own: what is there goes only when they are. */
+async function openBeside(desk: Desk, files: ChosenFile[], settings: [string, string][]): Promise<void> {
+  const client = createClient((phase) => showPhase(desk, phase));
+  desk.beside = client;
+  try {
+    const lines = [...settings.map(([name, value]) => `${name}=${value}`), `language=${desk.language}`].join("\n");
+    const answer = await askToOpen(desk, client, files, lines);
+    const name = files.map((file) => file.name).join(", ");
+    if (!isOpened(answer)) return showProblem(text(desk, "notOpened", name, answer.messages.join(" ")));
+    const former = desk.client;
+    replaceFiles(desk, files, settings);
+    desk.client = client;
+    desk.beside = undefined;
+    desk.step = "data";
+    closeClient(former);
+    await takeOpened(desk, answer);
+  } finally {
+    if (desk.client !== client) closeClient(client);
+    desk.beside = undefined;
+  }
+}
+
+/** Whether a file is open, so that something could be lost. */
+export function hasFiles(desk: Desk): boolean {
+  return desk.export !== undefined || desk.given !== undefined;
+}
+
+export function openNew(desk: Desk, files: File[], settings: [string, string][] = []): Promise<boolean> {
+  return work(desk, async () => {
+    const chosen = await readFiles(files);
+    if (hasFiles(desk)) return openBeside(desk, chosen, settings);
+    replaceFiles(desk, chosen, settings);
+    desk.step = "data";
     return openFiles(desk);
   });
 }

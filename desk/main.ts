@@ -1,8 +1,9 @@
 // The page itself: its language, the five steps, and what happens when one of them is entered.
 
 import { drawCheck } from "./check_step";
+import { filesOfDrop } from "./chosen_files";
 import { drawData, takeFiles } from "./data_step";
-import { cancel, changeLanguage, createDesk, ensureCheck, ensureRun, isReady, stepNames, text, work } from "./desk";
+import { cancel, changeLanguage, createDesk, ensureCheck, ensureRun, isReady, showProblem, stepNames, text, work } from "./desk";
 import type { Desk, StepName } from "./desk";
 import { button, byId, make } from "./dom";
 import { drawMatings } from "./matings_step";
@@ -84,6 +85,15 @@ function draw(desk: Desk): void {
   });
 }
 
+/** No drop is passed over without a word. */
+function takeDrop(desk: Desk, event: DragEvent): void {
+  const { files, folders } = filesOfDrop(event.dataTransfer);
+  if (desk.busy > 0) return showProblem(text(desk, "busyDrop"));
+  if (folders.length > 0) return showProblem(text(desk, "isFolder", folders[0] ?? ""));
+  if (files.length === 0) return showProblem(text(desk, "noFileDropped"));
+  takeFiles(desk, files);
+}
+
 function start(): void {
   const desk = createDesk(navigator.language.toLowerCase().startsWith("nl") ? "nl" : "en", draw);
   byId("cancel").addEventListener("click", () => cancel(desk));
@@ -92,10 +102,10 @@ function start(): void {
   addEventListener("dragover", (event) => event.preventDefault());
   addEventListener("drop", (event) => {
     event.preventDefault();
-    const files = [...((event as DragEvent).dataTransfer?.files ?? [])];
-    if (desk.busy > 0 || files.length === 0) return;
-    desk.step = "data";
-    takeFiles(desk, files);
+    takeDrop(desk, event as DragEvent);
+  });
+  addEventListener("beforeunload", (event) => {
+    if (desk.run !== undefined && desk.run.messages.length === 0 && !desk.isSaved) event.preventDefault();
   });
   draw(desk);
 }

@@ -1,12 +1,14 @@
 // What the page asks the worker, and what the worker says. The answers are those of src/desk.
 
+import type { ChosenFile, FileTrouble } from "./chosen_files";
 import type { operations } from "./operations";
 
 /** "files" hands over a file that the worker has; everything else is done by the core. */
 export type Operation = keyof typeof operations | "files";
 
-export interface Question { id: number; operation: Operation; values: (string | number)[]; files?: File[]; }
-export interface Reply { id: number; answer?: unknown; failure?: string; }
+export interface Question { id: number; operation: Operation; values: (string | number)[]; files?: ChosenFile[]; }
+/** `trouble`: the file that could not be read, and why. */
+export interface Reply { id: number; answer?: unknown; failure?: string; trouble?: { kind: FileTrouble; name: string }; }
 export interface PhaseMessage { phase: string; }
 
 export interface Messages { messages: string[]; }

@@ -32,6 +32,7 @@ function drawSaving(desk: Desk): HTMLElement {
   const stem = (desk.run?.reportName ?? "report.out").replace(/\.[^.]*$/, "");
   const kept = (label: TextName, what: string, name: string, type: string) => button(text(desk, label), () => void work(desk, async () => {
     save(name, await bytesOf(desk, what), type);
+    desk.isSaved = true;
   }));
   const table = "text/tab-separated-values";
   const hasSubpopulations = (desk.export?.subpopulations.filter(({ isListed }) => isListed).length ?? 2) > 1;

@@ -1,6 +1,8 @@
 // The worker: keeps the core with its handle and answers one question after the other. Files lie in the memory of the
 // core's own file system.
 
+import { bytesOfFile, Unreadable } from "./chosen_files";
+import type { ChosenFile } from "./chosen_files";
 import { operations, upkeep } from "./operations";
 import type { Question } from "./protocol";
 
@@ -104,14 +106,14 @@ function safeName(name: string): string {
 }
 
 /** Takes the files and opens them: one is an export, two are a steer file and its data file. */
-async function open(desk: Desk, files: File[], settings: string): Promise<unknown> {
+async function open(desk: Desk, files: ChosenFile[], settings: string): Promise<unknown> {
   const { core } = desk;
   emptyFolder(core, exportFolder);
   emptyFolder(core, runFolder);
   postMessage({ phase: "reading" });
   for (const file of files) {
-    const bytes = new Uint8Array(await file.arrayBuffer());
-    core.FS.writeFile(safeName(file.name), bytes, { canOwn: true });
+    const bytes = file.bytes ?? (await bytesOfFile(file.file));
+    core.FS.writeFile(safeName(file.name), new Uint8Array(bytes), { canOwn: true });
   }
   const names = files.map((file) => safeName(file.name));
   const steer = names.find((name) => /\.ini$/i.test(name));
@@ -142,7 +144,8 @@ async function reply(question: Question): Promise<void> {
     const value = await answer(await desk, question);
     postMessage({ id: question.id, answer: value }, value instanceof Uint8Array ? [value.buffer as ArrayBuffer] : []);
   } catch (problem) {
-    postMessage({ id: question.id, failure: String(problem) });
+    const trouble = problem instanceof Unreadable ? { kind: problem.trouble, name: problem.fileName } : undefined;
+    postMessage({ id: question.id, failure: String(problem), trouble });
   }
 }
 

@@ -6,7 +6,7 @@ import { mkdirSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from "nod
 import { tmpdir } from "node:os";
 import { join } from "node:path";
 import { after, before, describe, test } from "node:test";
-import { choose, enter, idle, openDesk, pressButton, root, saved, startBrowser, textOf, violations, writeInput } from "./browser.mjs";
+import { choose, enter, idle, isFirefox, openDesk, pressButton, root, saved, startBrowser, textOf, violations, writeInput } from "./browser.mjs";
 
 const program = process.env.PEDIGREEWATCH ?? join(root, "build/release/pedigreewatch");
 const makePopulation = process.env.MAKE_POPULATION ?? join(root, "build/release/bench/make_population");
@@ -181,6 +181,72 @@ test("ARunThatIsCancelledKeepsDataAndSettings", () => withDesk(async (page, desk
   } finally {
     rmSync(folder, { recursive: true, force: true });
   }
+}));
+
+/** Drops files of these names and contents anywhere on the page, as a file manager does. */
+async function drop(page, ...files) {
+  await page.evaluate((all) => {
+    const transfer = new DataTransfer();
+    for (const [name, content] of all) transfer.items.add(new File([content], name));
+    document.body.dispatchEvent(new DragEvent("drop", { dataTransfer: transfer, bubbles: true, cancelable: true }));
+  }, files);
+  await idle(page, 300_000);
+}
+
+const currentStep = (page) => page.$eval("#steps [aria-current]", (button) => button.id);
+
+test("WhatIsOpenStaysUntilAnotherFileIsOpen", () => withDesk(async (page, desk) => {
+  await choose(page, writeInput(desk, "sheep.csv", officeExport()));
+  for (const step of ["settings", "check", "results"]) await enter(page, step);
+  const figures = await textOf(page, "#results-body");
+  const stays = async (said) => {
+    assert.match(await textOf(page, "#problems"), said);
+    assert.equal(await currentStep(page), "step-results");
+    assert.equal(await textOf(page, "#results-body"), figures);
+  };
+  await drop(page, ["picture.png", "\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0\0"]);
+  await stays(/picture\.png was not opened, and the data that you had are still here\. ./);
+  await drop(page, ...Array.from({ length: 10 }, (_none, k) => [`${k}.csv`, "id\n"]));
+  await stays(/cannot be used together/);
+  await drop(page);
+  await stays(/is no file/);
+  if (!isFirefox) {
+    const session = await page.createCDPSession(), data = { items: [], files: [desk.folder], dragOperationsMask: 1 };
+    for (const type of ["dragEnter", "dragOver", "drop"]) await session.send("Input.dispatchDragEvent", { type, x: 300, y: 300, data });
+    await page.waitForFunction(() => document.getElementById("problems").textContent.includes("folder"));
+    await stays(/is a folder\. Choose the file in it\./);
+  }
+  await drop(page, ["goats.csv", officeExport()]);
+  assert.equal(await currentStep(page), "step-data");
+  assert.match(await textOf(page, "#step"), /goats\.csv/);
+  assert.equal(await textOf(page, "#problems"), "");
+}));
+
+test("AFileThatIsGoneIsStillHereAfterACancelledRun", () => withDesk(async (page, desk) => {
+  const file = writeInput(desk, "sheep.csv", officeExport());
+  await choose(page, file);
+  rmSync(file);
+  await enter(page, "settings");
+  await page.evaluate(() => {
+    document.getElementById("step-check").click();
+    document.getElementById("cancel").click();
+  });
+  await idle(page);
+  await enter(page, "settings");
+  await enter(page, "check");
+  assert.match(await textOf(page, "#step"), /400 animals were checked/);
+}));
+
+test("ClosingAsksWhenResultsWereNotSaved", () => withDesk(async (page, desk) => {
+  const asks = () => page.evaluate(() => !dispatchEvent(new Event("beforeunload", { cancelable: true })));
+  await choose(page, writeInput(desk, "sheep.csv", officeExport()));
+  assert.equal(await asks(), false);
+  await enter(page, "settings");
+  const name = (await saved(desk, "Save the steer file", "pedigreewatch.ini")).toString("latin1").split(/\r?\n/)[1];
+  for (const step of ["check", "results"]) await enter(page, step);
+  assert.equal(await asks(), true);
+  await saved(desk, "Save the table by year", name.replace(".txt", "_years.tsv"));
+  assert.equal(await asks(), false);
 }));
 
 test("AColumnThatIsNotShownStaysAsItIs", () => withDesk(async (page, desk) => {
