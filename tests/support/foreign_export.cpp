@@ -111,7 +111,7 @@ std::string sex_text(Office& office, const ForeignAnimal& animal) {
 }
 
 std::string parent_text(Office& office, const std::string& id, bool is_sire) {
-  if (!id.empty()) return written_id(id, office.form.ids);
+  if (!id.empty()) return written_parent(written_id(id, office.form.ids), office.form.parents);
   const std::string& word = office.form.unknown[is_sire || office.form.unknown.size() == 1 ? 0 : 1];
   if (!word.empty()) office.unknowns.insert(word);
   if (word.empty() && office.form.ids == IdStyle::formula) return "=\"\"";
@@ -286,6 +286,7 @@ void note_answers(const Office& office, ExportTruth& truth) {
   truth.species = form.sexes.species;
   truth.dates = form.dates.option;
   truth.century = "1920";
+  if (form.ids != IdStyle::destroyed_tags) truth.ids = rule_of(form.parents);
 }
 
 /// The bytes of the export. A letter that the encoding lacks makes it UTF-8, as an office would find out too.
@@ -308,6 +309,10 @@ ForeignExport make_foreign_export(std::uint32_t seed) {
   Office office;
   office.dice.random.seed(seed);
   office.form = draw_form(office.dice);
+  constexpr std::uint32_t other_draws = 0x9E3779B9U;
+  Dice rare;
+  rare.random.seed(seed ^ other_draws);
+  draw_rare_forms(rare, office.form);
   const int animal_count = 120 + office.dice.below(80);
   office.animals = make_foreign_population(office.dice, animal_count, office.form.ids, names_of(office.form));
   const bool lacks_sexes = office.dice.one_in(8);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
 
 namespace pedigreewatch::test {
@@ -32,6 +33,19 @@ constexpr auto odd_dates = std::to_array<DateForm>({
     {"serial 1900", "%s", "serial-1900"},
     {"serial 1904", "%S", "serial-1904"},
     {"yyyy", "%Y", "yyyy"},
+});
+
+constexpr auto rare_dates = std::to_array<DateForm>({
+    {"mm/dd/yy", "%M/%D/%y", "mm-dd-yyyy"},
+    {"yy-mm-dd", "%y-%M-%D", "yyyy-mm-dd"},
+    {"d.m.yy", "%d.%m.%y", "dd-mm-yyyy"},
+    {"month d, yyyy", "%B %d, %Y", "dd-mm-yyyy"},
+    {"d de month de yyyy", "%d de %B de %Y", "dd-mm-yyyy"},
+    {"dmonyyyy", "%D%b%Y", "dd-mm-yyyy"},
+    {"mon-yy", "%b-%y", "dd-mm-yyyy"},
+    {"mm/yyyy", "%M/%Y", "dd-mm-yyyy"},
+    {"serial 1900 with a time", "%s.75", "serial-1900"},
+    {"yyyy-mm-dd hh:mm", "%Y-%M-%D 12:30", "yyyy-mm-dd"},
 });
 
 struct FileForm {
@@ -216,6 +230,53 @@ ForeignForm draw_form(Dice& dice) {
   draw_pedigree_columns(dice, form);
   draw_further_columns(dice, form);
   return form;
+}
+
+void draw_rare_forms(Dice& dice, ForeignForm& form) {
+  if (dice.one_in(12) && form.damage == Damage::none) {
+    form.dates = draw(dice, rare_dates);
+    std::erase_if(form.shapes,
+                  [](const std::string& shape) { return shape.starts_with("dates: ") && shape[7] != 's'; });
+    note(form, "dates", form.dates.name);
+  }
+  if (!dice.one_in(15)) return;
+  const bool has_signs = form.ids == IdStyle::hyphens || form.ids == IdStyle::blanks || form.ids == IdStyle::slashes;
+  if (form.ids == IdStyle::leading_zeros) form.parents = ParentWriting::without_zeros;
+  if (form.ids == IdStyle::prefix)
+    form.parents = dice.one_in(2) ? ParentWriting::without_prefix : ParentWriting::in_small_letters;
+  if (has_signs) form.parents = ParentWriting::without_signs;
+  if (form.parents == ParentWriting::as_ids) return;
+  form.leaves_founders_out = false;  // nobody could tell how those that have no line are written
+  std::erase(form.shapes, "parents: some without a line");
+  note(form, "parents", "written otherwise: " + std::string(rule_of(form.parents)));
+}
+
+std::string_view rule_of(ParentWriting parents) {
+  switch (parents) {
+    case ParentWriting::as_ids: return "keep";
+    case ParentWriting::without_signs: return "separators";
+    case ParentWriting::in_small_letters: return "capitals";
+    case ParentWriting::without_zeros: return "zeros";
+    case ParentWriting::without_prefix: return "prefix";
+  }
+  return "keep";
+}
+
+std::string written_parent(const std::string& id, ParentWriting parents) {
+  std::string text;
+  switch (parents) {
+    case ParentWriting::as_ids: return id;
+    case ParentWriting::without_signs:
+      std::copy_if(id.begin(), id.end(), std::back_inserter(text),
+                   [](char byte) { return byte != '-' && byte != ' ' && byte != '/'; });
+      return text;
+    case ParentWriting::in_small_letters:
+      for (const char byte : id) text += byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
+      return text;
+    case ParentWriting::without_zeros: return id.substr(id.find_first_not_of('0'));
+    case ParentWriting::without_prefix: return id.substr(id.find_first_of("0123456789"));
+  }
+  return id;
 }
 
 std::span<const std::string_view> names_of(const ForeignForm& form) {

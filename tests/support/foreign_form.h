@@ -46,6 +46,9 @@ struct DateForm {
   std::string_view option;  ///< what the option calls it
 };
 
+/// How parents are written where that is not as their own line has it.
+enum class ParentWriting { as_ids, without_signs, in_small_letters, without_zeros, without_prefix };
+
 enum class Damage { none, shifted_lines, cut_lines, joined_lines, exchanged_dates, count };
 
 struct ForeignForm {
@@ -55,6 +58,7 @@ struct ForeignForm {
   std::vector<std::string> unknown;  ///< the texts for unknown parents
   DateForm dates;
   bool has_rough_dates = false;  ///< some as "~ 1972"
+  ParentWriting parents = ParentWriting::as_ids;
   char delimiter = ';';
   std::string encoding;    ///< as the option names it
   std::string iconv_name;  ///< as the system names it
@@ -71,6 +75,16 @@ struct ForeignForm {
 
 /// Draws everything.
 ForeignForm draw_form(Dice& dice);
+
+/// Changes some forms into rarer ones: of dates, and of parents. `dice` are others than those of the rest, so that all
+/// other exports stay the same.
+void draw_rare_forms(Dice& dice, ForeignForm& form);
+
+/// The rule that the option calls these parents' writing; "keep" for none.
+std::string_view rule_of(ParentWriting parents);
+
+/// The id of a parent, written so.
+std::string written_parent(const std::string& id, ParentWriting parents);
 
 /// The names of animals in that form's language and letters.
 std::span<const std::string_view> names_of(const ForeignForm& form);
