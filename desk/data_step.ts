@@ -45,6 +45,13 @@ function drawReading(desk: Desk): HTMLElement {
     return [make("label", { for: id }, text(desk, name)),
       chooser(all, desk.settings.get(key) ?? "", (value) => void changeSetting(desk, key, value), { id })];
   };
+  const { sheets = [], sheet = "" } = desk.export ?? {};
+  if (sheets.length > 0) {
+    if (sheets.length === 1) return make("p", {});
+    const choices = sheets.map((name) => ({ value: name, text: name }));
+    return make("div", { class: "form" }, make("label", { for: "read-sheet" }, text(desk, "sheet")),
+      chooser(choices, sheet, (value) => void changeSetting(desk, "sheet", value), { id: "read-sheet" }));
+  }
   return make("details", { open: desk.refusals.length > 0 }, make("summary", {}, text(desk, "howRead")),
     make("div", { class: "form" },
       ...field("letters", "encoding", [

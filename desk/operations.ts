@@ -2,6 +2,7 @@
 // procedures that the core exports (wasm.cmake) and what the page can ask for (protocol.ts) are taken from here.
 
 export const operations = {
+  parts: "desk_list_parts",
   open: "desk_open",
   openPair: "desk_open_pair",
   change: "desk_change",

@@ -21,12 +21,12 @@ export interface OpenQuestion { text: string; setting: string; answers: { value:
 export interface ExportAnswer extends Messages {
   questions: OpenQuestion[];
   evidence: { label: string; text: string }[];
-  encoding: string; delimiter: string; hasHeader: boolean; animals: number;
+  sheets: string[]; sheet: string; encoding: string; delimiter: string; hasHeader: boolean; animals: number;
   headings: string[]; columns: string[]; fields: Field[]; lines: string[][];
   sexes: { text: string; count: number; meaning: "male" | "female" | "unknown" }[];
   unknownParents: { text: string; count: number; isUnknown: boolean }[];
   subpopulations: CountedName[]; colours: CountedName[];
-  dates: { isAmbiguous: boolean; written: string; orders: { layout: string; count: number }[] };
+  dates: { isAmbiguous: boolean; hasShortYears: boolean; hasSerials: boolean; written: string; orders: { layout: string; count: number }[] };
   species: string; allSpecies: string[]; name: string; steer: string; dataName: string;
 }
 

@@ -14,6 +14,22 @@ function drawDates(desk: Desk): HTMLElement {
   return chooser(choices, desk.settings.get("dates") ?? "", (value) => void changeSetting(desk, "dates", value), { id: "dates" });
 }
 
+/** What the user has said of years of two digits and of numbers of days can be said again. */
+function drawOddDates(desk: Desk, answer: ExportAnswer): HTMLElement[] {
+  const parts: HTMLElement[] = [];
+  const add = (name: "century" | "serials", choices: [string, string][]) => {
+    const all = [{ value: "", text: text(desk, "asRecognised") }, ...choices.map(([value, words]) => ({ value, text: words }))];
+    const said = desk.settings.get(name) ?? "";
+    if (said !== "" && !choices.some(([value]) => value === said)) all.push({ value: said, text: said });
+    parts.push(make("label", { for: name }, text(desk, name)), chooser(all, said, (value) => void changeSetting(desk, name, value), { id: name }));
+  };
+  const last = new Date().getFullYear();
+  const hundred = (end: number): [string, string] => [String(end - 99), `${end - 99}-${end}`];
+  if (answer.dates.hasShortYears) add("century", [hundred(last), hundred(last - 100)]);
+  if (answer.dates.hasSerials) add("serials", [["serial-1900", text(desk, "since1900")], ["serial-1904", text(desk, "since1904")]]);
+  return parts;
+}
+
 function drawMales(desk: Desk, answer: ExportAnswer): HTMLElement {
   const males = answer.sexes.filter(({ meaning }) => meaning === "male").map((sex) => sex.text).join(", ");
   const choices = [{ value: "", text: `${text(desk, "asRecognised")}${males === "" ? "" : `: ${males}`}` },
@@ -81,6 +97,7 @@ function drawForm(desk: Desk, answer: ExportAnswer): HTMLElement {
   return make("div", { class: "form" },
     label("name", "population"), drawName(desk, answer), label("species", "species"), drawSpecies(desk, answer),
     label("reportLanguage", "report-language"), drawLanguage(desk), label("dates", "dates"), drawDates(desk),
+    ...drawOddDates(desk, answer),
     label("malesWritten", "male"), drawMales(desk, answer), label("unknownParents", "unknown"), drawUnknown(desk, answer));
 }
 

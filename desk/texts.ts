@@ -16,8 +16,8 @@ const texts = {
   checkTitle: ["What does not look right?", "Wat lijkt niet te kloppen?"],
   resultsTitle: ["Results", "Resultaten"],
   matingsTitle: ["Which mating to make?", "Welke paring wordt het?"],
-  dropHere: ["Drop the export of your herdbook program here, as CSV or text,",
-    "Laat hier de export van uw stamboekprogramma vallen, als CSV of tekst,"],
+  dropHere: ["Drop the export of your herdbook program here, as CSV, text or workbook (.xlsx, .ods),",
+    "Laat hier de export van uw stamboekprogramma vallen, als CSV, tekst of werkmap (.xlsx, .ods),"],
   orPair: ["or a data file together with its pedigreewatch.ini.", "of een databestand samen met zijn pedigreewatch.ini."],
   chooseFiles: ["Choose files", "Kies bestanden"],
   noFileYet: ["No file yet? ", "Nog geen bestand? "],
@@ -54,6 +54,9 @@ const texts = {
   next: ["Next: {1}", "Verder: {1}"],
   dates: ["Dates", "Datums"], dayFirst: ["day first: 31-12-2020", "dag eerst: 31-12-2020"],
   monthFirst: ["month first: 12-31-2020", "maand eerst: 12-31-2020"],
+  century: ["Years of two digits", "Jaren van twee cijfers"], serials: ["Numbers of days", "Dagnummers"],
+  since1900: ["counted from 1900", "geteld vanaf 1900"], since1904: ["counted from 1904", "geteld vanaf 1904"],
+  sheet: ["Sheet", "Blad"],
   malesWritten: ["Males are written", "Mannelijk is geschreven als"],
   unknownParents: ["Unknown parents", "Onbekende ouders"],
   unknownHint: ["Further texts that mean: unknown. With commas between them.",
@@ -149,6 +152,7 @@ export function textIn(language: Language, name: TextName, ...values: (string | 
 }
 
 const phases: Record<string, readonly [string, string]> = {
+  unpacking: ["Unpacking the workbook", "De werkmap wordt uitgepakt"],
   reading: ["Reading the file", "Het bestand wordt gelezen"],
   surveying: ["Looking at every line", "Elke regel wordt bekeken"],
   writing: ["Making the data file", "Het databestand wordt gemaakt"],

@@ -4,7 +4,9 @@
 import { bytesOfFile, Unreadable } from "./chosen_files";
 import type { ChosenFile } from "./chosen_files";
 import { operations, upkeep } from "./operations";
-import type { Question } from "./protocol";
+import type { Messages, Question } from "./protocol";
+import { unpackArchive } from "./unpack";
+import type { PackedPart } from "./unpack";
 
 interface FileSystem {
   mkdir(path: string): void;
@@ -105,6 +107,17 @@ function safeName(name: string): string {
   return safe.length <= 80 ? safe : safe.slice(0, 70) + safe.slice(-10);
 }
 
+/** Unpacks a workbook, so that the core can read it. Yields what stands in the way. */
+async function unpackWorkbook(desk: Desk, name: string): Promise<Messages | undefined> {
+  const answer = askForObject(desk, operations.parts, [name]) as Messages & { parts: PackedPart[] };
+  if (answer.messages.length > 0) return answer;
+  if (!answer.parts.some(({ isPacked }) => isPacked)) return undefined;
+  postMessage({ phase: "unpacking" });
+  const unpacked = await unpackArchive(desk.core.FS.readFile(name), answer.parts);
+  desk.core.FS.writeFile(name, unpacked, { canOwn: true });
+  return undefined;
+}
+
 /** Takes the files and opens them: one is an export, two are a steer file and its data file. */
 async function open(desk: Desk, files: ChosenFile[], settings: string): Promise<unknown> {
   const { core } = desk;
@@ -117,7 +130,9 @@ async function open(desk: Desk, files: ChosenFile[], settings: string): Promise<
   }
   const names = files.map((file) => safeName(file.name));
   const steer = names.find((name) => /\.ini$/i.test(name));
-  if (files.length === 1 || steer === undefined) return askForObject(desk, operations.open, [names[0], settings]);
+  if (files.length === 1 || steer === undefined) {
+    return (await unpackWorkbook(desk, names[0])) ?? askForObject(desk, operations.open, [names[0], settings]);
+  }
   const data = names.find((name) => name !== steer) ?? steer;
   return askForObject(desk, operations.openPair, [steer, data]);
 }

@@ -93,6 +93,24 @@ test("ADataFileWithItsSteerFileIsTakenAsItIs", () => withDesk(async (page, desk)
   assert.ok(report.equals(readFileSync(join(folder, "heide.out"))));
 }));
 
+describe("WorkbooksAreUnpackedByTheBrowser", () => {
+  const folder = join(root, "tests/sheets/files");
+  for (const name of ["written_by_office.xlsx", "written_by_office.ods", "written_by_library.xlsx"]) {
+    test(name, () => withDesk(async (page) => {
+      await choose(page, join(folder, name));
+      assert.match(await textOf(page, "#step"), /Sheet\s*"Dogs" of 2/);
+      assert.equal(await page.$$eval(".lines tbody tr", (rows) => rows.length) > 2, true);
+      assert.deepEqual(await page.$$eval("#read-sheet option", (options) => options.length), 2);
+    }));
+  }
+  test("a damaged one", () => withDesk(async (page, desk) => {
+    const bytes = readFileSync(join(folder, "written_by_office.xlsx"));
+    bytes.fill(0x55, bytes.length >> 2, (bytes.length >> 2) + 200);
+    await choose(page, writeInput(desk, "damaged.xlsx", bytes));
+    assert.match(await textOf(page, "#step .problem"), /damaged|not complete/);
+  }));
+});
+
 test("AnAnimalThatIsItsOwnAncestorIsFoundAndStopsTheResults", () => withDesk(async (page, desk) => {
   const lines = ["id;sex;birthdate;sire;dam", "A;m;01-01-2000;C;", "B;f;01-01-2000;;", "C;m;01-01-2001;A;B", "D;f;01-01-2002;C;B"];
   await choose(page, writeInput(desk, "loop.csv", lines.join("\n")));

@@ -16,6 +16,7 @@
 #include "desk/plan_desk.h"
 #include "desk/run_desk.h"
 #include "desk/tables_desk.h"
+#include "desk/workbook_desk.h"
 #include "page/page.h"
 
 struct DeskHandle {
@@ -126,6 +127,10 @@ const char* desk_answer(const DeskHandle* handle) {
 
 std::size_t desk_answer_size(const DeskHandle* handle) {
   return handle->answer.size();
+}
+
+void desk_list_parts(DeskHandle* handle, const char* export_file) {
+  answer(handle, [&](const Desk& desk) { return pedigreewatch::packed_parts_of(desk, export_file); });
 }
 
 void desk_open(DeskHandle* handle, const char* export_file, const char* settings) {

@@ -20,6 +20,8 @@ void desk_set_language(DeskHandle* handle, const char* language);
 const char* desk_answer(const DeskHandle* handle);
 std::size_t desk_answer_size(const DeskHandle* handle);
 
+/// What has to be unpacked of a file before it is opened: see workbook_desk.h.
+void desk_list_parts(DeskHandle* handle, const char* export_file);
 void desk_open(DeskHandle* handle, const char* export_file, const char* settings);
 void desk_open_pair(DeskHandle* handle, const char* steer_file, const char* data_file);
 void desk_change(DeskHandle* handle, const char* settings);

@@ -147,6 +147,14 @@ void add_unknown_parents(JsonText& json, const Preparation& read) {
   end_list(json);
 }
 
+/// The sheets of a workbook, and the one that was read; none of a text.
+void add_sheets(JsonText& json, const ReadingEvidence& reading) {
+  begin_list(json, "sheets");
+  for (const std::string& name : reading.sheet_names) add_text(json, name);
+  end_list(json);
+  add_text(json, "sheet", reading.sheet ? reading.sheet->sheet : std::string());
+}
+
 void add_date_order(JsonText& json, DateOrder order, std::int64_t count, ToolLanguage language) {
   begin_object(json);
   add_text(json, "layout", layout_text(order, language == ToolLanguage::dutch));
@@ -154,9 +162,11 @@ void add_date_order(JsonText& json, DateOrder order, std::int64_t count, ToolLan
   end_object(json);
 }
 
-void add_dates(JsonText& json, const DatePlan& dates, ToolLanguage language) {
+void add_dates(JsonText& json, const DateSurvey& survey, const DatePlan& dates, ToolLanguage language) {
   begin_object(json, "dates");
   add_logical(json, "isAmbiguous", dates.is_ambiguous);
+  add_logical(json, "hasShortYears", survey.short_dates.noted.count > 0);
+  add_logical(json, "hasSerials", survey.serials.noted.count > 0);
   add_text(json, "written", layout_text(dates.written, language == ToolLanguage::dutch));
   begin_list(json, "orders");
   if (dates.is_ambiguous) {
@@ -180,7 +190,7 @@ void add_choices(JsonText& json, const Desk& desk) {
   add_unknown_parents(json, read);
   add_names(json, "subpopulations", read.survey.subpopulations, subpopulation_column, read.plan.subpopulations);
   add_names(json, "colours", read.survey.colours, colour_column, read.plan.colours);
-  add_dates(json, read.plan.dates, desk.options.language);
+  add_dates(json, read.survey.dates, read.plan.dates, desk.options.language);
   add_species(json, desk);
   add_text(json, "name", decode(read.plan.population_name, Encoding::windows_1252).text);
 }
@@ -200,6 +210,7 @@ std::string export_answer(const Desk& desk, const std::optional<Refusal>& refusa
   add_texts(json, "messages", refusal ? refusal_texts(*refusal, desk.language) : std::vector<std::string>());
   add_questions(json, read.plan.questions, desk.language);
   add_evidence(json, desk);
+  add_sheets(json, read.reading);
   add_text(json, "encoding", name_of(read.reading.used_encoding));
   add_text(json, "delimiter", std::string_view(&read.reading.delimiter, 1));
   add_logical(json, "hasHeader", read.columns.has_header);

@@ -78,7 +78,8 @@ std::string take_options(Desk& desk, PrepareOptions options, std::string_view se
   options.this_year = desk.today.year;
   const PrepareOptions before = std::exchange(desk.options, std::move(options));
   const bool is_same_text = desk.has_export && before.export_name == desk.options.export_name &&
-                            before.encoding == desk.options.encoding && before.delimiter == desk.options.delimiter;
+                            before.encoding == desk.options.encoding && before.delimiter == desk.options.delimiter &&
+                            before.sheet == desk.options.sheet;
   if (!is_same_text) {
     tell(desk.watch, "reading");
     const std::optional<Refusal> refusal = read_and_recognise(desk.options, desk.preparation);

@@ -39,6 +39,7 @@ NameWish names_from(std::string_view value, const TextCounts& counts) {
 
 void obey_about_file(std::string_view name, std::string_view value, PrepareOptions& options) {
   if (name == "encoding") options.encoding = encoding_named(value);
+  if (name == "sheet") options.sheet = value;
   if (name == "delimiter") options.delimiter = delimiter_named(value);
   if (name == "header") options.has_header = value == "yes";
   if (name == "dates") options.dates = date_order_named(value);

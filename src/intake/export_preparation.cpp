@@ -17,7 +17,6 @@
 #include "intake/export_records.h"
 #include "intake/id_matches.h"
 #include "intake/short_years.h"
-#include "sheets/inflate.h"
 #include "sheets/workbook.h"
 #include "text/letter_evidence.h"
 #include "text/utf_8.h"
@@ -28,26 +27,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr Wording reading_lines = {"reading lines", "gelezen regels"};
-
-/// All bytes of a file; 0, or the number of the error.
-int read_bytes(const std::string& name, std::string& bytes) {
-  errno = 0;
-  const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(name.c_str(), "rb"));
-  if (file == nullptr) return errno != 0 ? errno : EIO;
-  std::error_code ignored;
-  const std::uintmax_t size = fs::file_size(name, ignored);
-  constexpr std::size_t piece = std::size_t{1} << 20;
-  bytes.resize(ignored || size > SIZE_MAX / 2 ? piece : static_cast<std::size_t>(size) + 1);
-  std::size_t filled = 0;
-  for (;;) {
-    filled += std::fread(bytes.data() + filled, 1, bytes.size() - filled, file.get());
-    if (filled < bytes.size()) break;
-    bytes.resize(bytes.size() + std::max(bytes.size() / 2, piece));
-  }
-  const bool has_failed = std::ferror(file.get()) != 0;
-  bytes.resize(filled);
-  return has_failed ? (errno != 0 ? errno : EIO) : 0;
-}
 
 std::int64_t line_number_at(std::string_view bytes, std::size_t place) {
   const auto count = [&](char byte) {
@@ -72,14 +51,14 @@ std::string word_around(std::string_view text, std::size_t place) {
 /// Whether a file with these bytes is read as a workbook.
 bool is_read_as_workbook(std::string_view bytes) {
   WorkbookProblem ignored;
-  return can_inflate() && kind_of_workbook(bytes, ignored) == WorkbookKind::archive;
+  return kind_of_workbook(bytes, ignored) == WorkbookKind::archive;
 }
 
 /// Reads the bytes of the file.
 std::optional<Refusal> read_export(const std::string& name, std::string& bytes) {
   std::error_code ignored;
   if (fs::is_directory(name, ignored)) return Refusal{RefusalKind::is_folder, {name}};
-  const int error = read_bytes(name, bytes);
+  const int error = read_file_bytes(name, bytes);
   if (error != 0) return Refusal{RefusalKind::cannot_read, {name, std::generic_category().message(error)}};
   if (bytes.empty()) return Refusal{RefusalKind::is_empty, {name}};
   if (is_read_as_workbook(bytes)) return std::nullopt;
@@ -249,6 +228,25 @@ void compare_ids(const PrepareOptions& options, Preparation& result) {
 }
 
 }  // namespace
+
+int read_file_bytes(const std::string& name, std::string& bytes) {
+  errno = 0;
+  const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(name.c_str(), "rb"));
+  if (file == nullptr) return errno != 0 ? errno : EIO;
+  std::error_code ignored;
+  const std::uintmax_t size = fs::file_size(name, ignored);
+  constexpr std::size_t piece = std::size_t{1} << 20;
+  bytes.resize(ignored || size > SIZE_MAX / 2 ? piece : static_cast<std::size_t>(size) + 1);
+  std::size_t filled = 0;
+  for (;;) {
+    filled += std::fread(bytes.data() + filled, 1, bytes.size() - filled, file.get());
+    if (filled < bytes.size()) break;
+    bytes.resize(bytes.size() + std::max(bytes.size() / 2, piece));
+  }
+  const bool has_failed = std::ferror(file.get()) != 0;
+  bytes.resize(filled);
+  return has_failed ? (errno != 0 ? errno : EIO) : 0;
+}
 
 std::optional<Refusal> read_and_recognise(const PrepareOptions& options, Preparation& result) {
   result = {};

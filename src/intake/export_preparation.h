@@ -39,6 +39,9 @@ struct Preparation {
   PreparePlan plan;
 };
 
+/// All bytes of a file. Yields 0, or the number of the system's error.
+int read_file_bytes(const std::string& name, std::string& bytes);
+
 /// Reads the export and finds out its encoding and its delimiter. Yields why that is impossible.
 std::optional<Refusal> read_and_recognise(const PrepareOptions& options, Preparation& result);
 

@@ -32,10 +32,6 @@ void feed(Inflater& inflater) {
 
 }  // namespace
 
-bool can_inflate() {
-  return true;
-}
-
 void EndInflater::operator()(Inflater* inflater) const {
   if (inflater == nullptr) return;
   inflateEnd(&inflater->stream);

@@ -10,9 +10,6 @@
 
 namespace pedigreewatch {
 
-/// Whether this build can unpack anything.
-bool can_inflate();
-
 struct Inflater;
 
 struct EndInflater {

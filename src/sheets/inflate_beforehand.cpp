@@ -26,10 +26,6 @@ constexpr std::array<std::uint32_t, 256> checksums = make_checksums();
 
 }  // namespace
 
-bool can_inflate() {
-  return false;
-}
-
 void EndInflater::operator()(Inflater* inflater) const {
   std::default_delete<Inflater>()(inflater);
 }

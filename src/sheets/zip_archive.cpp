@@ -14,7 +14,6 @@ constexpr std::string_view end_mark = "PK\x05\x06", entry_mark = "PK\x01\x02", h
 constexpr std::string_view long_end_mark = "PK\x06\x06", locator_mark = "PK\x06\x07";
 constexpr std::uint64_t unsaid_32 = 0xFFFFFFFF, unsaid_16 = 0xFFFF;  // stands where the real number is 64 bits wide
 constexpr std::uint64_t most_parts = 20'000;
-constexpr std::uint16_t method_stored = 0, method_deflated = 8;
 
 /// The number of `count` bytes at `place`; 0 beyond the end.
 std::uint64_t number_at(std::string_view bytes, std::size_t place, std::size_t count) {

@@ -13,6 +13,9 @@
 
 namespace pedigreewatch {
 
+/// How a part is packed: not at all, or by deflate. No other way is known.
+inline constexpr std::uint16_t method_stored = 0, method_deflated = 8;
+
 struct ZipPart {
   std::string name;        ///< with "/" between folders
   std::string_view bytes;  ///< as they stand in the archive

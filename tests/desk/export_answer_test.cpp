@@ -82,14 +82,14 @@ TEST(ExportAnswer, LeavesNamesAndSexesThatLookLikeOptionsAsTheyAre) {
           R"j({"label":"","text":"Unknown, count as female in the report: \u0022--male q\u0022 (1), )j"
           R"j(\u0022x: --species, y\u0022 (1)"},)j"
           R"j({"label":"Population","text":"herd--male"}],)j"
-          R"j("encoding":"ASCII","delimiter":";","hasHeader":true,"animals":2,)j"
+          R"j("sheets":[],"sheet":"","encoding":"ASCII","delimiter":";","hasHeader":true,"animals":2,)j"
           R"j("headings":["id","sex","birthdate","sire","dam"],"columns":["id","sex","birthdate","sire","dam"],)j",
           english_fields,
           R"j("lines":[["A","--male q","13-01-2000","",""],["B","x: --species, y","14-01-2001","A",""]],)j"
           R"j("sexes":[{"text":"--male q","count":1,"meaning":"unknown"},)j"
           R"j({"text":"x: --species, y","count":1,"meaning":"unknown"}],)j"
           R"j("unknownParents":[{"text":"","count":3,"isUnknown":true}],"subpopulations":[],"colours":[],)j"
-          R"j("dates":{"isAmbiguous":false,"written":"dd-mm-yyyy","orders":[]},"species":"",)j"
+          R"j("dates":{"isAmbiguous":false,"hasShortYears":false,"hasSerials":false,"written":"dd-mm-yyyy","orders":[]},"species":"",)j"
           R"j("allSpecies":["dog","cat","cattle","sheep","horse","poultry","pig","other"],"name":"herd--male",)j"
           R"j("steer":"","dataName":"herd--male.txt"})j"));
 }
@@ -122,14 +122,14 @@ TEST(ExportAnswer, TellsOfBlankLinesAndOfAStrayDelimiterInDutch) {
           R"j({"label":"Regelnummers","text":"Door lege regels, of regeleinden binnen aanhalingstekens, hebben regels )j"
           R"j(van het databestand een ander nummer."},)j"
           R"j({"label":"","text":"Vanaf regel 4 van de export: regel 3 van kudde.txt"}],)j"
-          R"j("encoding":"ASCII","delimiter":";","hasHeader":true,"animals":2,)j"
+          R"j("sheets":[],"sheet":"","encoding":"ASCII","delimiter":";","hasHeader":true,"animals":2,)j"
           R"j("headings":["id","sekse","geboortedatum","vader","moeder"],)j"
           R"j("columns":["id","sex","birthdate","sire","dam"],)j",
           dutch_fields,
           R"j("lines":[["A","ram","13-01-2000","",""],["B","ooi","14-01-2001","A","",""]],)j"
           R"j("sexes":[{"text":"ram","count":1,"meaning":"male"},{"text":"ooi","count":1,"meaning":"female"}],)j"
           R"j("unknownParents":[{"text":"","count":3,"isUnknown":true}],"subpopulations":[],"colours":[],)j"
-          R"j("dates":{"isAmbiguous":false,"written":"dd-mm-jjjj","orders":[]},"species":"schaap",)j"
+          R"j("dates":{"isAmbiguous":false,"hasShortYears":false,"hasSerials":false,"written":"dd-mm-jjjj","orders":[]},"species":"schaap",)j"
           R"j("allSpecies":["hond","kat","rund","schaap","paard","pluimvee","varken","overig"],"name":"kudde",)j"
           R"j("steer":"kudde\u000akudde.txt\u000a;\u000an\u000add-mm-jjjj\u000aschaap\u000am\u000anl\u000ay\u000a)j"
           R"j(0\u000a0\u000a","dataName":"kudde.txt"})j"));
