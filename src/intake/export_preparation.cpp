@@ -224,7 +224,7 @@ void compare_ids(const PrepareOptions& options, Preparation& result) {
   }
   const LinkCount sires = count_links(survey.links, sire_role), dams = count_links(survey.links, dam_role);
   const std::int64_t without_line = sires.parents - sires.with_line + dams.parents - dams.with_line;
-  if (without_line >= fewest_explained_parents) survey.id_proposal = propose_id_rules(table);
+  if (without_line >= fewest_explained_parents) survey.id_proposal = propose_id_rules(table, survey.links);
 }
 
 }  // namespace

@@ -1,11 +1,12 @@
-// One reading collects the identifications of the animals, as hashes; one the parents that are not among them; one
-// compares these few with all identifications under each rule. What two animals share under a rule points to neither.
+// One reading finds the texts of parents that are no animal, some of them where they are many; another one compares
+// these with all identifications under each rule. What two animals share under a rule points to neither.
 
 #include "intake/id_matches.h"
 #include "intake/animal_lines.h"
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <deque>
 #include <unordered_set>
 #include <utility>
@@ -26,12 +27,14 @@ constexpr auto tried_rules =
                              separators_rule | prefix_rule, check_digit_rule, separators_rule | check_digit_rule});
 constexpr std::size_t most_compared_parents = 1000;
 
-/// Hands over each record behind the header.
+/// Hands over the records behind the header until no more is wanted.
 template <typename Take>
 void for_each_record(const ExportTable& table, Take&& take) {
   RecordReader reader = read_animals(table.text, table.delimiter, table.columns);
   ExportRecord record;
-  while (next_animal(reader, record, table.columns)) take(record);
+  while (next_animal(reader, record, table.columns)) {
+    if (!take(record)) return;
+  }
 }
 
 std::string_view id_in(const ExportRecord& record, const ColumnChoice& columns, FieldCode code) {
@@ -40,11 +43,17 @@ std::string_view id_in(const ExportRecord& record, const ColumnChoice& columns, 
 
 /// A set of hashes without their values: it may say yes to one that is not in it, never no to one that is.
 struct HashFilter {
-  static constexpr std::uint32_t bit_count = std::uint32_t{1} << 26;
-  std::vector<std::uint64_t> words = std::vector<std::uint64_t>(bit_count / 64);
+  std::vector<std::uint64_t> words;
+  std::uint32_t mask = 0;
 
-  void insert(std::uint32_t hash) { words[hash % bit_count / 64] |= std::uint64_t{1} << (hash % 64); }
-  bool may_contain(std::uint32_t hash) const { return (words[hash % bit_count / 64] >> (hash % 64) & 1U) != 0; }
+  explicit HashFilter(std::size_t hash_count) {
+    constexpr std::size_t bits_for_each = 128, fewest_bits = 1024, most_bits = std::size_t{1} << 30;
+    const std::size_t bits = std::bit_ceil(std::clamp(hash_count * bits_for_each, fewest_bits, most_bits));
+    words.resize(bits / 64);
+    mask = static_cast<std::uint32_t>(bits - 1);
+  }
+  void insert(std::uint32_t hash) { words[(hash & mask) / 64] |= std::uint64_t{1} << (hash % 64); }
+  bool may_contain(std::uint32_t hash) const { return (words[(hash & mask) / 64] >> (hash % 64) & 1U) != 0; }
 };
 
 struct Parent {
@@ -63,29 +72,42 @@ std::vector<Parent> parents_without_line(const ExportTable& table, IsAnimal&& is
   for_each_record(table, [&](const ExportRecord& record) {
     for (const FieldCode code : {sire_column, dam_column}) {
       const std::string_view parent = id_in(record, table.columns, code);
-      if (parents.size() == most || is_animal(parent) || seen.contains(parent)) continue;
+      if (is_animal(parent) || seen.contains(parent)) continue;
       if (means_unknown_parent(parent) || is_among(parent, wished)) continue;
       seen.insert(kept.emplace_back(parent));
       parents.push_back({std::string(parent), record.line});
     }
+    return parents.size() < most;
   });
   return parents;
 }
+
+/// How many animals have an identification of each length; the last entry is of that length and more.
+using IdLengths = std::array<std::int64_t, 64>;
 
 /// What a rule finds for the parents.
 struct RuleTrial {
   IdRules rules;
   std::unordered_map<std::string, std::vector<std::size_t>> parents_of_key;
-  std::vector<std::string> id_of_parent;            ///< the animal, for each parent; empty: none
-  std::vector<int> found;                           ///< how many animals were found for it
-  std::array<std::int64_t, 64> ids_of_length = {};  ///< how many animals have a key of that length
+  std::vector<std::string> id_of_parent;  ///< the animal, for each parent; empty: none
+  std::vector<int> found;                 ///< how many animals were found for it
+  IdLengths ids_of_length = {};
 };
 
-/// A key that stays the same under every rule but that of the check digit.
-std::string loosest_key(std::string_view id) {
-  std::string key;
-  append_id_key(key, id, {separators_rule | capitals_rule | zeros_rule | look_alikes_rule | prefix_rule});
-  return key;
+/// Hashes that are equal wherever a rule makes identifications equal: of their digits from 2 to 9, which no rule leaves
+/// out or takes for anything else, with and without a check digit.
+struct LooseHashes {
+  std::uint32_t whole = 0, without_check_digit = 0;
+};
+
+LooseHashes loose_hashes(std::string_view id) {
+  constexpr std::uint32_t start = 2166136261U, factor = 16777619U;  // Fowler, Noll and Vo
+  LooseHashes hashes = {start, start};
+  for (const char byte : id) {
+    hashes.without_check_digit = hashes.whole;
+    if (byte >= '2' && byte <= '9') hashes.whole = (hashes.whole ^ static_cast<unsigned char>(byte)) * factor;
+  }
+  return hashes;
 }
 
 std::string key_of(std::string_view id, IdRules rules) {
@@ -128,21 +150,23 @@ void compare_id(RuleTrial& trial, std::string_view id) {
 
 /// Compares all animals with the parents of the trials.
 void compare_all(const ExportTable& table, std::span<const Parent> parents, std::span<RuleTrial> trials) {
-  HashFilter candidates;
+  HashFilter candidates(2 * parents.size());
   for (const Parent& parent : parents) {
-    candidates.insert(hash_of_text(loosest_key(parent.text)));
-    candidates.insert(hash_of_text(loosest_key(without_check_digit(parent.text))));
+    const LooseHashes hashes = loose_hashes(parent.text);
+    candidates.insert(hashes.whole);
+    candidates.insert(hashes.without_check_digit);
   }
+  IdLengths ids_of_length = {};
   for_each_record(table, [&](const ExportRecord& record) {
     const std::string_view id = id_in(record, table.columns, id_column);
-    if (id.empty()) return;
-    for (RuleTrial& trial : trials) ++trial.ids_of_length[std::min<std::size_t>(id.size(), 63)];
-    if (!candidates.may_contain(hash_of_text(loosest_key(id))) &&
-        !candidates.may_contain(hash_of_text(loosest_key(without_check_digit(id))))) {
-      return;
-    }
+    if (id.empty()) return true;
+    ++ids_of_length[std::min(id.size(), ids_of_length.size() - 1)];
+    const LooseHashes hashes = loose_hashes(id);
+    if (!candidates.may_contain(hashes.whole) && !candidates.may_contain(hashes.without_check_digit)) return true;
     for (RuleTrial& trial : trials) compare_id(trial, id);
+    return true;
   });
+  for (RuleTrial& trial : trials) trial.ids_of_length = ids_of_length;
 }
 
 /// Without its last digit a number is nearly always another one, so that a check digit is believed only where nearly
@@ -177,6 +201,17 @@ std::vector<IdPair> first_of(const std::vector<IdPair>& pairs) {
   return {pairs.begin(), pairs.begin() + static_cast<std::ptrdiff_t>(count)};
 }
 
+/// The parents of the sample that are no animal, by their hashes, at most so many as are compared.
+std::unordered_set<std::uint32_t> hashes_without_line(const ParentLinks& links) {
+  std::vector<std::uint32_t> hashes;
+  for (const auto& [hash, id] : links.ids) {
+    if ((id.roles & animal_role) == 0) hashes.push_back(hash);
+  }
+  std::sort(hashes.begin(), hashes.end());
+  if (hashes.size() > most_compared_parents) hashes.resize(most_compared_parents);
+  return {hashes.begin(), hashes.end()};
+}
+
 bool has_columns(const ColumnChoice& columns) {
   const auto has = [&](FieldCode code) { return columns.place[static_cast<std::size_t>(code)].has_value(); };
   return has(id_column) && (has(sire_column) || has(dam_column));
@@ -189,15 +224,12 @@ bool is_worth_asking(const IdProposal& proposal) {
   return proposal.explained >= fewest_explained_parents && unexplained * tolerated_unexplained <= proposal.without_line;
 }
 
-IdProposal propose_id_rules(const ExportTable& table) {
+IdProposal propose_id_rules(const ExportTable& table, const ParentLinks& links) {
   IdProposal best;
   if (!has_columns(table.columns)) return best;
-  HashFilter ids;
-  for_each_record(
-      table, [&](const ExportRecord& record) { ids.insert(hash_of_text(id_in(record, table.columns, id_column))); });
-  // A parent that the filter takes for an animal by mistake is one of many that are not looked at.
-  const auto is_animal = [&](std::string_view parent) { return ids.may_contain(hash_of_text(parent)); };
-  const std::vector<Parent> parents = parents_without_line(table, is_animal, most_compared_parents);
+  const std::unordered_set<std::uint32_t> missing = hashes_without_line(links);
+  const auto is_animal = [&](std::string_view parent) { return !missing.contains(hash_of_text(parent)); };
+  const std::vector<Parent> parents = parents_without_line(table, is_animal, missing.size());
   best.without_line = static_cast<std::int64_t>(parents.size());
   if (best.without_line < fewest_explained_parents) return best;
   std::vector<RuleTrial> trials;
@@ -215,7 +247,10 @@ IdSubstitutes find_substitutes(const ExportTable& table, IdRules rules) {
   IdSubstitutes result;
   if (!has_columns(table.columns) || rules.bits == no_id_rule) return result;
   std::unordered_set<std::string> ids;
-  for_each_record(table, [&](const ExportRecord& record) { ids.emplace(id_in(record, table.columns, id_column)); });
+  for_each_record(table, [&](const ExportRecord& record) {
+    ids.emplace(id_in(record, table.columns, id_column));
+    return true;
+  });
   const auto is_animal = [&](std::string_view parent) { return ids.contains(std::string(parent)); };
   const std::vector<Parent> parents = parents_without_line(table, is_animal, SIZE_MAX);
   std::vector<RuleTrial> trials = {begin_trial(rules.bits, parents)};

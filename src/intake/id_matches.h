@@ -8,6 +8,7 @@
 
 #include "intake/column_choice.h"
 #include "intake/id_rules.h"
+#include "intake/parent_links.h"
 
 namespace pedigreewatch {
 
@@ -29,7 +30,8 @@ struct ExportTable {
 
 /// Reads the export again for the parents without a line, or some of them where they are many, and tries each rule. A
 /// rule counts for a parent only where it points to one animal.
-IdProposal propose_id_rules(const ExportTable& table);
+/// `links` is what the survey found of them.
+IdProposal propose_id_rules(const ExportTable& table, const ParentLinks& links);
 
 /// The animals that parents without a line are by the rules, each with exactly one.
 IdSubstitutes find_substitutes(const ExportTable& table, IdRules rules);

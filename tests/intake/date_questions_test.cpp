@@ -29,7 +29,7 @@ Surveyed surveyed(const std::string& text, const PrepareOptions& options) {
   ProgressLine unwatched;
   result.survey = survey_export(text, ';', result.columns, {}, unwatched);
   result.survey.dates.short_years = compare_short_years(text, ';', result.columns);
-  result.survey.id_proposal = propose_id_rules({text, ';', result.columns, {}});
+  result.survey.id_proposal = propose_id_rules({text, ';', result.columns, {}}, result.survey.links);
   return result;
 }
 
