@@ -13,8 +13,18 @@ const rowsShown = 50;
 const fields: readonly { name: string; label: TextName; step: string }[] = [
   { name: "years", label: "planYears", step: "1" }, { name: "matings", label: "planMatings", step: "1" },
   { name: "mostPerMale", label: "planPerMale", step: "1" }, { name: "mostPerFemale", label: "planPerFemale", step: "1" },
-  { name: "mostF", label: "planMostF", step: "any" },
+  { name: "leastPerMale", label: "planLeastPerMale", step: "1" }, { name: "mostF", label: "planMostF", step: "any" },
+  { name: "rate", label: "planRate", step: "any" },
 ];
+
+/** Lists that can be typed or pasted, an animal or pair a line. */
+const lists: readonly { name: string; label: TextName; hint: string }[] = [
+  { name: "males", label: "planMales", hint: "" }, { name: "females", label: "planFemales", hint: "" },
+  { name: "exclude", label: "planExclude", hint: "" }, { name: "numbers", label: "planNumbers", hint: "NL-1 2-3" },
+  { name: "values", label: "planValues", hint: "NL-1 104" }, { name: "forbidden", label: "planForbidden", hint: "NL-1 NL-2" },
+  { name: "wished", label: "planWished", hint: "NL-1 NL-2" },
+];
+const lineDivider = "\u001e";
 
 async function listRows(desk: Desk, plan: DeskPlan, first: number): Promise<void> {
   const { rows } = await ask<{ rows: PlanRow[] }>(desk.client, "listPlan", [first, rowsShown]);
@@ -35,7 +45,7 @@ function makePlan(desk: Desk, plan: DeskPlan): void {
   void work(desk, async () => {
     plan.answer = undefined;
     plan.first = 0;
-    const settings = [...plan.fields].map(([name, value]) => `${name}=${value}`).join("\n");
+    const settings = [...plan.fields].map(([name, value]) => `${name}=${value.replace(/\r?\n/g, lineDivider)}`).join("\n");
     await take(desk, plan, await ask<PlanAnswer>(desk.client, "plan", [settings]));
   });
 }
@@ -44,13 +54,26 @@ function change(desk: Desk, plan: DeskPlan, what: "fix" | "forbid" | "swap", pla
   void work(desk, async () => take(desk, plan, await ask<PlanAnswer>(desk.client, "changePlan", [what, place, other])));
 }
 
+/** Closed as long as nothing stands in any of them: most plans need none. */
+function drawLists(desk: Desk, plan: DeskPlan): HTMLElement {
+  const areas = lists.map(({ name, label, hint }) => {
+    const area = make("textarea", { id: `plan-${name}`, rows: 3, cols: 22, placeholder: hint, spellcheck: "false" });
+    area.value = plan.fields.get(name) ?? "";
+    area.addEventListener("change", () => plan.fields.set(name, area.value));
+    return make("span", {}, make("label", { for: `plan-${name}` }, text(desk, label)), make("br"), area);
+  });
+  const isUsed = lists.some(({ name }) => (plan.fields.get(name) ?? "").trim() !== "");
+  return make("details", { open: isUsed, id: "plan-lists" }, make("summary", {}, text(desk, "planLists")),
+    make("p", { class: "hint" }, text(desk, "planListsHint")), make("p", { class: "row" }, ...areas));
+}
+
 function drawFields(desk: Desk, plan: DeskPlan): HTMLElement[] {
   const drawn = fields.map(({ name, label, step }) => {
     const input = make("input", { type: "number", id: `plan-${name}`, min: 0, step, value: plan.fields.get(name) ?? "", size: 6 });
     input.addEventListener("change", () => plan.fields.set(name, input.value.trim()));
     return make("span", {}, make("label", { for: `plan-${name}` }, text(desk, label)), " ", input);
   });
-  return [make("p", { class: "row" }, ...drawn.slice(0, 2)), make("p", { class: "row" }, ...drawn.slice(2),
+  return [make("p", { class: "row" }, ...drawn.slice(0, 2)), drawLists(desk, plan), make("p", { class: "row" }, ...drawn.slice(2),
     button(text(desk, "makePlan"), () => makePlan(desk, plan), { class: "main", id: "make-plan" })), make("p", { class: "hint" }, text(desk, "planHint"))];
 }
 

@@ -150,7 +150,10 @@ TEST(PlanRun, KeepsToNumbersForbiddenAndWishedPairs) {
   run = plan(with_lists({"--wished", "p.txt", "--most-f", "10%"}), and_file("p.txt",
                                                                             "\xEF\xBB\xBF"
                                                                             "fie\tad\r\n"));
-  EXPECT_TRUE(has(run.messages, "the pairs cannot be made: 1 females need 1 matings")) << run.messages;
+  EXPECT_TRUE(
+      has(run.messages,
+          "the pairs cannot be made: 1 female should have 1 mating, and all the males that may go with them, 0;"))
+      << run.messages;
   run = plan(with_lists({"--wished", "p.txt", "--most-f", "25%"}), and_file("p.txt", "fie, ad\n"));
   EXPECT_TRUE(has(run.file("dogs_plan.tsv"), "\nfie\tad\t1\t0.125\t0.125\t\t\tyes\tza\t\t0.125\n"));
   run = plan(with_lists({"--numbers", "n.txt"}), and_file("n.txt", "id number\nbo 2\n"));
@@ -163,7 +166,7 @@ TEST(PlanRun, LooksForTheHighestValues) {
   const WholeRun run = plan(with_lists({"--values", "v.txt", "--rate", "20"}),
                             and_file("v.txt", "id;value\nad;100,5\nbo;90\neva;80\nza;3\n"));
   EXPECT_EQ(run.exit_status, 0) << run.messages;
-  EXPECT_EQ(run.messages, "v.txt: 1 animals are no candidates; their values are not used\n");
+  EXPECT_EQ(run.messages, "v.txt: values of animals that are no candidates are not used: 1\n");
   EXPECT_TRUE(has(run.console, "highest mean breeding value within the limits")) << run.console;
   EXPECT_TRUE(has(run.console, "inbreeding a generation, % | mean kinship, % | mean breeding value\n"));
 }
@@ -221,12 +224,12 @@ TEST(PlanRun, RefusesNumbersThatCannotBe) {
   const WholeRun run = plan(options, lists);
   expect_nothing_written(run);
   EXPECT_TRUE(has(run.messages,
-                  "3 matings do not fit: the 2 females may have 2 together; give fewer --matings, or raise "
-                  "--most-per-female"))
+                  "there is no room for 3 matings: with 2 females there is room for 2 in all; give fewer --matings, or "
+                  "raise --most-per-female"))
       << run.messages;
   const WholeRun fixed = plan(with_lists({"--numbers", "n.txt"}), and_file("n.txt", "bo 3\n"));
   expect_nothing_written(fixed);
-  EXPECT_TRUE(has(fixed.messages, "2 matings do not fit: those males that must be used need 3 already"))
+  EXPECT_TRUE(has(fixed.messages, "there is no room in 2 matings: what must be used of 2 males takes 3 already;"))
       << fixed.messages;
 }
 
@@ -234,11 +237,10 @@ TEST(PlanRun, NamesFemalesWithoutAMale) {
   const Files files = {{"m.txt", "bo\ncor\n"}, {"f.txt", "eva\nfie\n"}};
   const WholeRun run = plan(with_lists({"--most-f", "0.2"}), files);
   expect_nothing_written(run);
-  EXPECT_TRUE(
-      has(run.messages,
-          "the pairs cannot be made: 1 females need 1 matings, and all the males they may go with have 0; raise "
-          "--most-f, forbid fewer pairs, or give more candidates. The females:\n  eva\nthere is no male at all for "
-          "them\n"))
+  EXPECT_TRUE(has(
+      run.messages,
+      "the pairs cannot be made: 1 female should have 1 mating, and all the males that may go with them, 0; raise "
+      "--most-f, forbid fewer pairs, or give more candidates. The females:\n  eva\nno male at all may go with: eva\n"))
       << run.messages;
 }
 
@@ -301,6 +303,128 @@ TEST(PlanRun, YieldsTheExampleOfTheManual) {
   EXPECT_TRUE(has(run.console, "pairs at random           14.844        85.156          6.25")) << run.console;
   const std::string pairs = run.file("dogs_plan.tsv");
   EXPECT_TRUE(has(pairs, "\neva\tad\t2\t0\t")) << pairs;
+}
+
+// Ko has no line of its own sex and no young, Lo none but is a sire, Mo counts as female by a word.
+const std::string herd_without_sexes = herd +
+                                       "ko;;01-01-2013;za;zo\n"
+                                       "lo;?;01-01-2013;pa;zo\n"
+                                       "mo;ewe;01-01-2013;pa;zo\n"
+                                       "nel;f;01-01-2014;lo;zo\n";
+
+WholeRun plan_without_sexes(std::vector<std::string> options, const Files& more = {}) {
+  Files files = files_of(herd_without_sexes);
+  files.insert(more.begin(), more.end());
+  options.insert(options.begin(), "plan");
+  return run_program_on(files, tools_with(options));
+}
+
+TEST(PlanRun, AnimalsOfUnknownSexAreToldAndLeftOut) {
+  const WholeRun run = plan_without_sexes({"--years", "2", "--matings", "2"});
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_TRUE(has(run.console, "left out: 1 animal of these ages or years whose sex")) << run.console;
+  const std::string contributions = run.file("dogs_contributions.tsv");
+  EXPECT_TRUE(has(contributions, "\nko\t\t\t2013\t\t\t\t0\tsex unknown\n")) << contributions;
+  EXPECT_TRUE(has(contributions, "\nlo\t\tmale\t2013\t")) << contributions;
+  EXPECT_TRUE(has(contributions, "\nmo\t\tfemale\t2013\t")) << contributions;
+}
+
+TEST(PlanRun, AListTellsTheSexOfAnAnimalThatHasNone) {
+  const Files named = {{"m.txt", "ad\nko\n"}, {"f.txt", "eva\nfie\n"}, {"p.txt", "ko eva\n"}};
+  const std::vector<std::string> options = {"--males",   "m.txt", "--females", "f.txt",
+                                            "--matings", "2",     "--wished",  "p.txt"};
+  const WholeRun run = plan_without_sexes(options, named);
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_TRUE(has(run.file("dogs_plan.tsv"), "\neva\tko\t1\t")) << run.file("dogs_plan.tsv");
+  Files both = named;
+  both["f.txt"] = "eva\nfie\nko\n";
+  const WholeRun refused = plan_without_sexes(options, both);
+  expect_nothing_written(refused);
+  EXPECT_TRUE(has(refused.messages, "f.txt, line 3: \"ko\": stands in the lists of both sexes")) << refused.messages;
+  Files unnamed = named;
+  unnamed["m.txt"] = "ad\nbo\n";
+  const WholeRun unknown = plan_without_sexes(options, unnamed);
+  expect_nothing_written(unknown);
+  EXPECT_TRUE(has(unknown.messages, "p.txt, line 1: \"ko\": the data file does not tell the sex")) << unknown.messages;
+}
+
+TEST(PlanRun, RefusesTwoValuesOfOneAnimal) {
+  for (const std::string option : {"--values", "--numbers"}) {
+    const WholeRun run = plan(with_lists({option, "x.txt"}), and_file("x.txt", "ad 1\nbo 1\nad 2\n"));
+    expect_nothing_written(run);
+    EXPECT_TRUE(has(run.messages, "x.txt, line 3: \"ad\": another value stands on line 1; take one of them out"))
+        << run.messages;
+    const WholeRun same = plan(with_lists({option, "x.txt"}), and_file("x.txt", "ad 1\nbo 1\nad 1\n"));
+    EXPECT_EQ(same.exit_status, 0);
+    EXPECT_TRUE(has(same.messages, "x.txt, line 3: \"ad\": stands in the list already; taken once")) << same.messages;
+  }
+}
+
+TEST(PlanRun, AFirstLineIsAHeadingOnlyWithoutDigitsAndIsTold) {
+  const WholeRun run = plan(with_lists({"--numbers", "x.txt"}), and_file("x.txt", "animal;number\nbo;2\n"));
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_TRUE(has(run.console, "x.txt, line 1: taken for the names of the columns: \"animal number\"\n"))
+      << run.console;
+  for (const std::string first : {"NL-1;high", "adje;1x", "adje"}) {
+    const WholeRun refused = plan(with_lists({"--values", "x.txt"}), and_file("x.txt", first + "\nbo;2\n"));
+    expect_nothing_written(refused);
+    EXPECT_TRUE(has(refused.messages, "x.txt, line 1: ")) << refused.messages;
+  }
+}
+
+TEST(PlanRun, APairWishedForTwiceIsTakenOnce) {
+  const WholeRun run = plan(with_lists({"--wished", "x.txt"}), and_file("x.txt", "eva bo\nbo eva\n"));
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_EQ(run.messages, "x.txt, line 2: \"eva\": this pair stands in the list already; taken once\n");
+  EXPECT_TRUE(has(run.file("dogs_plan.tsv"), "\neva\tbo\t1\t0.25\t")) << run.file("dogs_plan.tsv");
+}
+
+TEST(PlanRun, NoFileOfAnEarlierPlanStaysBeside) {
+  Files files = lists;
+  files["dogs_plan.tsv"] = "of last year\n";
+  files["dogs_plan.xlsx"] = "of last year\n";
+  const WholeRun run = plan(with_lists({"--contributions-only"}), files);
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_EQ(run.files.count("dogs_plan.tsv") + run.files.count("dogs_plan.xlsx"), 0U);
+  EXPECT_TRUE(has(run.console, "removed: dogs_plan.tsv, of an earlier plan\n")) << run.console;
+  files["dogs_contributions.tsv"] = "of last year\n";
+  const WholeRun workbook = plan(with_lists({"--workbook"}), files);
+  EXPECT_EQ(workbook.files.count("dogs_plan.tsv") + workbook.files.count("dogs_contributions.tsv"), 0U);
+  EXPECT_NE(workbook.file("dogs_plan.xlsx"), "of last year\n");
+  // Where no plan is made everything stays.
+  const WholeRun refused = plan(with_lists({"--contributions-only", "--values", "none.txt"}), files);
+  EXPECT_EQ(refused.exit_status, 1);
+  EXPECT_EQ(refused.file("dogs_plan.tsv"), "of last year\n");
+}
+
+TEST(PlanRun, TellsThatALeastForMalesIsTheReason) {
+  const WholeRun run = plan(with_lists({"--least-per-male", "5"}), lists);
+  expect_nothing_written(run);
+  EXPECT_TRUE(has(run.messages,
+                  "2 matings cannot be divided over 2 males such that each that is used gets as many as "
+                  "--least-per-male says, and no more than --most-per-male; lower --least-per-male"))
+      << run.messages;
+}
+
+TEST(PlanRun, SaysThatANumberWasGivenAsNothing) {
+  const WholeRun run = plan(with_lists({"--numbers", "x.txt"}), and_file("x.txt", "ad 0\n"));
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  const std::string contributions = run.file("dogs_contributions.tsv");
+  EXPECT_TRUE(has(contributions, "\t0\tits number is given as 0\n")) << contributions;
+}
+
+TEST(PlanRun, SpeaksDutchOfOneAnimal) {
+  const Files files = {{"m.txt", "bo\n"}, {"f.txt", "eva\n"}};
+  const std::vector<std::string> options = {"--males", "m.txt", "--females", "f.txt", "--matings", "1"};
+  std::vector<std::string> limited = options;
+  limited.insert(limited.end(), {"--most-f", "0.2"});
+  const WholeRun run = plan(limited, files, in_dutch());
+  EXPECT_TRUE(has(run.messages, "de behoefte van 1 moeder is 1 paring, die van alle vaders die met hen mogen 0;"))
+      << run.messages;
+  const WholeRun made = plan(options, files, in_dutch());
+  EXPECT_TRUE(has(made.console, "E\xC3\xA9n vader heeft 100,0 % van de paringen: het plan steunt op hem."))
+      << made.console;
+  EXPECT_TRUE(has(made.console, "gemiddelde F 0,25000000;")) << made.console;
 }
 
 TEST(PlanRun, DoesNotReplaceAFileThatItReads) {

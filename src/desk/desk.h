@@ -46,9 +46,10 @@ struct DeskResults {
 struct DeskPlan {
   PlanRequest request;
   CandidatePool pool;
-  Plan plan;                 ///< its pairs are single matings; wished for are those that are fixed
-  CandidateKinship kinship;  ///< of its candidates
-  bool is_changed = false;   ///< by hand: its pairs are no longer the best ones
+  Plan plan;                            ///< its pairs are single matings; wished for are those that are fixed
+  CandidateKinship kinship;             ///< of its candidates
+  bool is_changed = false;              ///< by hand: its pairs are no longer the best ones
+  std::vector<std::string> notes = {};  ///< on its lists: animals that stand twice, and the like
 };
 
 struct Desk {

@@ -3,6 +3,7 @@
 #include "desk/plan_desk.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstdlib>
 #include <span>
@@ -11,6 +12,7 @@
 #include "desk/matings_desk.h"
 #include "page/plan_page.h"
 #include "planning/plan_words.h"
+#include "planning/said_request.h"
 #include "tables/plan_tables.h"
 
 namespace pedigreewatch {
@@ -94,11 +96,14 @@ std::string plan_answer(const Desk& desk) {
   add_sentences(json, "messages", {});
   add_sentences(json, "candidates",
                 {candidates_sentence(made.pool.candidates.of_males, male, desk.language),
-                 candidates_sentence(made.pool.candidates.of_females, female, desk.language)});
+                 candidates_sentence(made.pool.candidates.of_females, female, desk.language),
+                 unknown_sexes_sentence(made.pool, desk.language)});
   std::vector<std::string> lines = result_sentences(made.plan, desk.language, made.is_changed);
   lines.push_back(gain_sentence(made.plan, warnings, desk.language));
   add_sentences(json, "lines", lines);
-  add_sentences(json, "warnings", warning_sentences(warnings, made.request, desk.language, PlanSpeaker::desk));
+  std::vector<std::string> all_warnings = warning_sentences(warnings, made.request, desk.language, PlanSpeaker::desk);
+  all_warnings.insert(all_warnings.end(), made.notes.begin(), made.notes.end());
+  add_sentences(json, "warnings", all_warnings);
   add_comparison(json, comparison_of(made.plan, desk.language));
   add_integer(json, "count", static_cast<std::int64_t>(made.plan.pairs.size()));
   add_name(json, "meanF");
@@ -176,8 +181,50 @@ PlanRequest request_of(const Desk& desk, const CandidatePool& pool, std::string_
   request.matings = wanted ? *wanted : year ? litters_of_year(store_of(desk), *year) : 0;
   request.most_per_male = count_named(settings, "mostPerMale");
   request.most_per_female = count_named(settings, "mostPerFemale").value_or(1);
+  request.least_per_male = count_named(settings, "leastPerMale").value_or(1);
   request.most_f = percentage_named(settings, "mostF");
+  request.rate = percentage_named(settings, "rate").value_or(request.rate);
   return request;
+}
+
+/// Lists that were typed: the lines of one are divided by a control character in its setting.
+SaidLists take_lists(std::string_view settings, PlanInput& input) {
+  constexpr char line_end = '\x1E';
+  SaidLists lists;
+  struct DeskList {
+    std::string_view setting;
+    std::string SaidLists::*list;
+    Wording name;
+  };
+  constexpr auto all = std::to_array<DeskList>({{"males", &SaidLists::males, {"males", "vaders"}},
+                                                {"females", &SaidLists::females, {"females", "moeders"}},
+                                                {"exclude", &SaidLists::exclude, {"left out", "weggelaten"}},
+                                                {"numbers", &SaidLists::numbers, {"numbers", "aantallen"}},
+                                                {"values", &SaidLists::values, {"breeding values", "fokwaarden"}},
+                                                {"forbidden", &SaidLists::forbidden, {"forbidden", "verboden"}},
+                                                {"wished", &SaidLists::wished, {"wished for", "gewenst"}}});
+  for (const DeskList& list : all) {
+    std::string text(value_named(settings, list.setting));
+    if (text.find_first_not_of(" \t\r\x1E") == std::string::npos) continue;
+    std::replace(text.begin(), text.end(), line_end, '\n');
+    const std::string name(words_of(list.name, input.language));
+    lists.*list.list = name;
+    input.texts.emplace(name, std::move(text));
+  }
+  return lists;
+}
+
+/// What was said of the lists, a line each.
+std::vector<std::string> said_lines(const ToolStreams& streams) {
+  std::vector<std::string> lines;
+  for (const std::string* const text : {&streams.console.pending, &streams.messages.pending}) {
+    for (std::string_view rest = *text; !rest.empty();) {
+      const std::size_t end = std::min(rest.find('\n'), rest.size());
+      lines.emplace_back(rest.substr(0, end));
+      rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+  }
+  return lines;
 }
 
 }  // namespace
@@ -189,13 +236,27 @@ std::string make_desk_plan(Desk& desk, std::string_view settings) {
   };
   if (!desk.results) return refuse(no_run);
   tell(desk.watch, "plan");
+  ToolStreams said;
+  LineReader data;
+  std::vector<std::int32_t> sexless;
+  if (desk.files && open_for_reading(data, desk.files->data_file)) {
+    sexless = find_records_without_sex(data, desk.results->population.settings.layout);
+  }
+  PlanInput input = {store_of(desk), said, desk.language, find_sex_evidence(store_of(desk), std::move(sexless))};
+  const SaidLists lists = take_lists(settings, input);
   CandidateRules rules;
   rules.years = count_named(settings, "years");
+  rules.records_without_sex = input.sexes.records_without_sex;
+  read_said_candidates(input, lists, rules);
+  if (input.has_faults) return problem_answer(said_lines(said));
   DeskPlan made;
   made.pool = gather_candidates(store_of(desk), rules);
   made.request = request_of(desk, made.pool, settings);
   if (made.request.males.empty() || made.request.females.empty()) return refuse(nobody);
   if (made.request.matings == 0) return refuse(no_matings);
+  read_said_request(input, lists, made.request);
+  made.notes = said_lines(said);
+  if (input.has_faults) return problem_answer(made.notes);
   made.plan = make_plan(store_of(desk), made.request);
   if (made.plan.obstacle != PlanObstacle::none) {
     return problem_answer(

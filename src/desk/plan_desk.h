@@ -10,9 +10,10 @@
 namespace pedigreewatch {
 
 /// Makes a plan and keeps it. `settings` are lines of name and value: years (born in so many last years; blank: by the
-/// ages of parents), matings (blank: as many as litters), mostPerMale, mostPerFemale, mostF (per cent). Yields an
-/// object: messages (what stands in the way), candidates, lines, warnings (sentences), headings and ways (the
-/// comparison, a list of cells each), count (of matings), meanF.
+/// ages of parents), matings (blank: as many as litters), mostPerMale, mostPerFemale, leastPerMale, mostF and rate (per
+/// cent); and lists, whose lines are divided by the control character 1E: males, females, exclude, numbers, values,
+/// forbidden, wished. Yields an object: messages (what stands in the way), candidates, lines, warnings (sentences),
+/// headings and ways (the comparison, a list of cells each), count (of matings), meanF.
 std::string make_desk_plan(Desk& desk, std::string_view settings);
 
 /// `count` matings from the one at `first` on, females in their order. Yields an object: rows (female, male as animals,

@@ -4,9 +4,9 @@
 #include <numeric>
 #include <vector>
 
+#include "page/bar_list.h"
 #include "page/chart_drawing.h"
 #include "page/chart_figure.h"
-#include "page/chart_making.h"
 #include "page/page.h"
 #include "page/page_style.h"
 #include "page/page_text.h"
@@ -37,16 +37,14 @@ constexpr Wording reading_f = {
     "F volgt uit de bekende voorouders: 25 % is zoals bij volle broer en zus, 12,5 % zoals bij halfbroer en halfzus, "
     "6,25 "
     "% zoals bij neef en nicht."};
-constexpr Wording contributions_title = {"Contributions of the males", "Bijdragen van de vaders"};
+constexpr Wording males_contributions = {"Contributions of the males", "Bijdragen van de vaders"};
+constexpr Wording females_contributions = {"Contributions of the females", "Bijdragen van de moeders"};
 constexpr Wording contributions_reading = {
-    "The males with the largest best shares, and what the plan gives them: where the lines part, whole matings and "
-    "limits "
-    "stand between.",
-    "De vaders met de grootste beste aandelen, en wat het plan hun geeft: waar de lijnen uiteenlopen staan hele "
-    "paringen "
-    "en grenzen ertussen."};
-constexpr Wording contributions_unit = {"% of the matings", "% van de paringen"};
-constexpr Wording best_series = {"best share", "beste aandeel"}, plan_series = {"the plan", "het plan"};
+    "At most forty animals with the largest best shares of the matings, in per cent, and what the plan gives them: where the "
+    "two differ, whole matings and limits stand between.",
+    "Hoogstens veertig dieren met de grootste beste aandelen in de paringen, in procenten, en wat het plan hun geeft: waar "
+    "die verschillen staan hele paringen en grenzen ertussen."};
+constexpr Wording best_series = {"best share, %", "beste aandeel, %"}, plan_series = {"the plan, %", "het plan, %"};
 constexpr Wording kinship_title = {"Kinship before and after", "Verwantschap ervoor en erna"};
 constexpr Wording kinship_reading = {
     "Mean kinship of the offspring under each way to use parents: the lower, the more diversity is kept.",
@@ -85,87 +83,129 @@ FigureTable figures_of(const ComparisonTable& comparison) {
 std::string shared_by(const PlanPageInput& input, std::size_t pair) {
   const CommonAncestor& ancestor = input.matings.parts[pair].largest.front();
   if (ancestor.position == 0) return std::string(no_figure);
-  return phrase(shared_part, input.language, {id_of(input, ancestor.position), percent_of(ancestor.contribution)});
+  return phrase(shared_part, input.language,
+                {id_of(input, ancestor.position), shown_percent(ancestor.contribution, input.language)});
 }
 
-/// All pairs with the animals of one sex first.
+/// Identifications as people look them up: numbers in them count as numbers, so that "9" stands before "10".
+bool stands_before(std::string_view a, std::string_view b) {
+  constexpr std::string_view all_digits = "0123456789";
+  while (!a.empty() && !b.empty()) {
+    const std::size_t digits = std::min(a.find_first_not_of(all_digits), a.size());
+    const std::size_t others = std::min(b.find_first_not_of(all_digits), b.size());
+    if (digits == 0 || others == 0) {
+      if (a.front() != b.front()) return a.front() < b.front();
+      a.remove_prefix(1);
+      b.remove_prefix(1);
+      continue;
+    }
+    std::string_view number = a.substr(0, digits), other = b.substr(0, others);
+    number.remove_prefix(std::min(number.find_first_not_of('0'), number.size()));
+    other.remove_prefix(std::min(other.find_first_not_of('0'), other.size()));
+    if (number != other) return number.size() != other.size() ? number.size() < other.size() : number < other;
+    a.remove_prefix(digits);
+    b.remove_prefix(others);
+  }
+  return a.size() < b.size();
+}
+
+/// Places of all pairs, by the identifications of one sex, then of the other.
+std::vector<std::size_t> order_of_pairs(const PlanPageInput& input, Sex first) {
+  const std::vector<MatingPair>& pairs = input.matings.pairs;
+  std::vector<std::size_t> order(pairs.size());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  const auto id = [&](std::size_t k, bool is_first) {
+    return input.store.id((first == female) == is_first ? pairs[k].female : pairs[k].male);
+  };
+  std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
+    if (id(a, true) != id(b, true)) return stands_before(id(a, true), id(b, true));
+    return stands_before(id(a, false), id(b, false));
+  });
+  return order;
+}
+
+bool has_names(const PlanPageInput& input) {
+  return std::any_of(input.matings.pairs.begin(), input.matings.pairs.end(), [&](const MatingPair& pair) {
+    return !name_of(input, pair.female).empty() || !name_of(input, pair.male).empty();
+  });
+}
+
+/// All pairs with the animals of one sex first; columns of names only where there are names.
 FigureTable pairs_by(const PlanPageInput& input, Sex first) {
   FigureTable table;
   table.is_of_words = true;
-  const Wording& own = first == female ? female_word : male_word;
-  const Wording& other = first == female ? male_word : female_word;
-  for (const Wording* const heading : {&own, &name_word, &other, &name_word, &matings_word, &f_word, &shares_word}) {
-    table.headings.push_back(say(input, *heading));
+  const bool with_names = has_names(input);
+  const auto add_heading = [&](const Wording& heading) { table.headings.push_back(say(input, heading)); };
+  for (const Sex sex : {first, first == female ? male : female}) {
+    add_heading(sex == female ? female_word : male_word);
+    if (with_names) add_heading(name_word);
   }
-  const std::vector<PlannedPair>& pairs = input.plan.pairs;
-  std::vector<std::size_t> order(pairs.size());
-  std::iota(order.begin(), order.end(), std::size_t{0});
-  if (first == male) {
-    std::stable_sort(order.begin(), order.end(),
-                     [&](std::size_t a, std::size_t b) { return pairs[a].male < pairs[b].male; });
-  }
-  for (const std::size_t k : order) {
+  for (const Wording* const heading : {&matings_word, &f_word, &shares_word}) add_heading(*heading);
+  for (const std::size_t k : order_of_pairs(input, first)) {
     const MatingPair& pair = input.matings.pairs[k];
-    const std::int32_t one = first == female ? pair.female : pair.male,
-                       mate = first == female ? pair.male : pair.female;
-    const std::string wish = pairs[k].is_wished ? " (" + say(input, wished_mark) + ")" : std::string();
-    table.rows.push_back(
-        {id_of(input, one),
-         {name_of(input, one), id_of(input, mate), name_of(input, mate), std::to_string(pairs[k].matings),
-          percent_of(pairs[k].kinship) + wish, shared_by(input, k)}});
+    const PlannedPair& planned = input.plan.pairs[k];
+    const std::int32_t one = first == female ? pair.female : pair.male;
+    const std::int32_t mate = first == female ? pair.male : pair.female;
+    const std::string wish = planned.is_wished ? " (" + say(input, wished_mark) + ")" : std::string();
+    std::vector<std::string> cells;
+    if (with_names) cells.push_back(name_of(input, one));
+    cells.push_back(id_of(input, mate));
+    if (with_names) cells.push_back(name_of(input, mate));
+    cells.insert(cells.end(), {std::to_string(planned.matings), shown_percent(planned.kinship, input.language) + wish,
+                               shared_by(input, k)});
+    table.rows.push_back({id_of(input, one), std::move(cells)});
   }
   return table;
 }
 
-Chart begin_chart(const PlanPageInput& input, ChartKind kind, std::string_view id,
-                  std::array<const Wording*, 4> texts) {
-  Chart chart;
-  chart.kind = kind;
-  chart.id = "pw-" + std::string(id);
-  chart.title = say(input, *texts[0]);
-  chart.reading = say(input, *texts[1]);
-  chart.unit = say(input, *texts[2]);
-  chart.figures.headings.push_back(say(input, *texts[3]));
-  chart.shows_figures = true;
-  return chart;
-}
-
-Chart contributions_chart(const PlanPageInput& input) {
-  constexpr std::size_t most_males = 40;
-  Chart chart = begin_chart(input, ChartKind::lines, "contributions",
-                            {&contributions_title, &contributions_reading, &contributions_unit, &male_word});
+/// The animals of a sex with the largest best shares.
+std::vector<std::size_t> largest_shares(const PlanPageInput& input, Sex sex) {
+  constexpr std::size_t most_animals = 40;
+  constexpr double least_share = 1e-6;
   const std::vector<double>& shares = input.plan.optimum().shares;
+  const std::vector<std::int32_t>& numbers = input.plan.numbers.numbers;
   std::vector<std::size_t> order;
   for (std::size_t k = 0; k < shares.size(); ++k) {
-    const bool is_used = !input.plan.numbers.numbers.empty() && input.plan.numbers.numbers[k] > 0;
-    if (input.plan.sex[k] == male && (is_used || shares[k] > 1e-6)) order.push_back(k);
+    const bool is_used = !numbers.empty() && numbers[k] > 0;
+    if (input.plan.sex[k] == sex && (is_used || shares[k] > least_share)) order.push_back(k);
   }
   std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) { return shares[a] > shares[b]; });
-  order.resize(std::min(order.size(), most_males));
-  std::vector<Value> best, planned;
-  for (const std::size_t k : order) {
-    add_place(chart, id_of(input, input.plan.candidates[k]));
-    best.emplace_back(100.0 * shares[k] / share_of_sex);
-    if (input.plan.numbers.numbers.empty()) continue;
-    planned.emplace_back(100.0 * input.plan.numbers.numbers[k] / static_cast<double>(input.request.matings));
-  }
-  add_series(chart, say(input, best_series), best, 2);
-  if (!planned.empty()) add_series(chart, say(input, plan_series), planned, 2);
-  return chart;
+  order.resize(std::min(order.size(), most_animals));
+  return order;
 }
 
-Chart kinship_chart(const PlanPageInput& input) {
-  Chart chart = begin_chart(input, ChartKind::stacked_bars, "kinship",
-                            {&kinship_title, &kinship_reading, &kinship_unit, &male_word});
-  const ComparisonTable comparison = comparison_of(input.plan, input.language);
-  chart.figures.headings.front() = comparison.headings.front();
-  std::vector<Value> values;
-  for (const ComparisonTable::Row& row : comparison.rows) add_place(chart, row.way);
-  for (const auto& way : input.plan.comparisons) {
-    if (way) values.emplace_back(100.0 * way->mean_kinship);
+void write_contributions(std::string& page, const PlanPageInput& input, Sex sex) {
+  const bool is_male = sex == male;
+  BarList list;
+  list.id = is_male ? "pw-contributions" : "pw-contributions-of-females";
+  list.title = say(input, is_male ? males_contributions : females_contributions);
+  list.reading = say(input, contributions_reading);
+  list.heading = say(input, is_male ? male_word : female_word);
+  list.figures.push_back(say(input, best_series));
+  const std::vector<std::int32_t>& numbers = input.plan.numbers.numbers;
+  if (!numbers.empty()) list.figures.push_back(say(input, plan_series));
+  for (const std::size_t k : largest_shares(input, sex)) {
+    BarList::Row row = {id_of(input, input.plan.candidates[k]), {}};
+    row.values.emplace_back(100.0 * input.plan.optimum().shares[k] / share_of_sex);
+    if (!numbers.empty()) row.values.emplace_back(100.0 * numbers[k] / static_cast<double>(input.request.matings));
+    list.rows.push_back(std::move(row));
   }
-  add_series(chart, chart.unit, values, 3);
-  return chart;
+  write_bar_list(page, list, input.language);
+}
+
+void write_kinships(std::string& page, const PlanPageInput& input) {
+  const ComparisonTable comparison = comparison_of(input.plan, input.language);
+  BarList list = {"pw-kinship",
+                  say(input, kinship_title),
+                  say(input, kinship_reading),
+                  comparison.headings.front(),
+                  {say(input, kinship_unit)},
+                  {},
+                  3};
+  for (const auto& way : input.plan.comparisons) {
+    if (way) list.rows.push_back({comparison.rows[list.rows.size()].way, {100.0 * way->mean_kinship}});
+  }
+  write_bar_list(page, list, input.language);
 }
 
 void write_section(std::string& page, const PlanPageInput& input, std::string_view id, const Wording& title,
@@ -181,6 +221,12 @@ std::string summary_of(const PlanPageInput& input) {
   for (const Sex sex : {male, female}) {
     add_paragraph(text, candidates_sentence(input.pool.candidates.of(sex), sex, input.language));
   }
+  add_paragraph(text, unknown_sexes_sentence(input.pool, input.language));
+  std::string limits;
+  for (const std::string& limit : limit_sentences(input.request, input.language)) {
+    limits += (limits.empty() ? "" : "; ") + limit;
+  }
+  add_paragraph(text, limits);
   for (const std::string& line : result_sentences(input.plan, input.language, input.is_changed)) {
     add_paragraph(text, line);
   }
@@ -210,8 +256,8 @@ std::string body_of(const PlanPageInput& input) {
     write_section(page, input, "males", males_title, pairs_section(input, male, males_caption));
   }
   std::string charts;
-  write_chart(charts, contributions_chart(input), input.language);
-  write_chart(charts, kinship_chart(input), input.language);
+  for (const Sex sex : {male, female}) write_contributions(charts, input, sex);
+  write_kinships(charts, input);
   write_section(page, input, "charts", charts_title, charts);
   return page;
 }

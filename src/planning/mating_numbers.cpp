@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <map>
 #include <numeric>
 
 namespace pedigreewatch {
@@ -241,32 +242,37 @@ bool sweep(NumberSearch& search) {
   return has_changed;
 }
 
-/// Limits of one sex in which every animal has a plain range from its least to its most: of the optional animals the
-/// ones with the largest shares are used.
-void settle_optionals(const NumberLimits& limits, std::span<const double> shares, Sex sex,
-                      std::span<std::int32_t> least, std::span<std::int32_t> most) {
+/// Optional animals of a sex with a share that is nearer to what they must have than to nothing.
+std::int64_t wanted_optionals(const NumberLimits& limits, std::span<const double> shares, Sex sex) {
+  const double half = 0.5 * share_of_mating(limits.matings) * limits.least_if_used;
+  const std::vector<std::size_t> places = places_of(limits, sex);
+  return std::count_if(places.begin(), places.end(),
+                       [&](std::size_t k) { return is_optional(limits, k) && shares[k] >= half; });
+}
+
+/// Gives every animal of one sex a plain range from its least to its most: of the optional animals so many are used as
+/// fit and are nearest to `wanted`, those with the largest shares.
+void settle_optionals(const NumberLimits& limits, std::span<const double> shares, Sex sex, std::int64_t wanted,
+                      NumberLimits& settled) {
   std::vector<std::size_t> optionals;
   for (const std::size_t k : places_of(limits, sex)) {
     if (is_optional(limits, k)) optionals.push_back(k);
   }
   std::stable_sort(optionals.begin(), optionals.end(),
                    [&](std::size_t a, std::size_t b) { return shares[a] > shares[b]; });
-  const double half = 0.5 * share_of_mating(limits.matings) * limits.least_if_used;
-  const auto wanted =
-      std::count_if(optionals.begin(), optionals.end(), [&](std::size_t k) { return shares[k] >= half; });
   std::int64_t used = fitting_optionals(limits, sex, wanted);
   for (const std::size_t k : optionals) {
     const bool is_used = limits.most[k] >= limits.least_if_used && used-- > 0;
-    least[k] = is_used ? limits.least_if_used : 0;
-    most[k] = is_used ? limits.most[k] : 0;
+    settled.least[k] = is_used ? limits.least_if_used : 0;
+    settled.most[k] = is_used ? limits.most[k] : 0;
   }
 }
 
-/// Rounds the shares of one sex: whole matings first, then one more for those with the largest remainders.
+/// Rounds the shares of one sex: whole matings first, then one more for those with the largest remainders. The limits
+/// are settled.
 void round_shares(const NumberLimits& limits, std::span<const double> shares, Sex sex,
                   std::vector<std::int32_t>& numbers) {
-  std::vector<std::int32_t> least = limits.least, most = limits.most;
-  settle_optionals(limits, shares, sex, least, most);
+  const std::vector<std::int32_t>&least = limits.least, &most = limits.most;
   const std::vector<std::size_t> places = places_of(limits, sex);
   const double scale = 1.0 / share_of_mating(limits.matings);
   std::int64_t left = limits.matings;
@@ -315,6 +321,87 @@ NumberSearch make_number_search(const CandidateKinship& kinship, const NumberLim
   return search;
 }
 
+/// What numbers are looked for.
+struct NumberTask {
+  const CandidateKinship& kinship;
+  const NumberLimits& limits;
+  const NumberGoal& goal;
+  std::span<const double> shares;
+  const PlanWatch& watch;
+};
+
+/// Limits with so many of the optional males, or as near to that as fits.
+NumberLimits settle(const NumberTask& task, std::int64_t wanted) {
+  NumberLimits settled = task.limits;
+  for (const Sex sex : {male, female}) settle_optionals(task.limits, task.shares, sex, wanted, settled);
+  settled.least_if_used = 1;
+  return settled;
+}
+
+/// Exchanges from these shares on, rounded with so many of the optional males.
+MatingNumbers numbers_from(const NumberTask& task, std::span<const double> shares, std::int64_t wanted) {
+  NumberSearch search = make_number_search(task.kinship, task.limits, task.goal, task.watch);
+  const NumberLimits settled = settle(task, wanted);
+  for (const Sex sex : {male, female}) round_shares(settled, shares, sex, search.result.numbers);
+  refresh(search);
+  while (!task.watch.is_stopped() && sweep(search)) {
+  }
+  search.result.is_stopped = task.watch.is_stopped();
+  return std::move(search.result);
+}
+
+/// What is to be low.
+double goal_of(const NumberTask& task, const MatingNumbers& found) {
+  double value = 0.0;
+  for (std::size_t k = 0; k < task.goal.goal.value.size(); ++k) {
+    value += share_of_mating(task.limits.matings) * found.numbers[k] * task.goal.goal.value[k];
+  }
+  return found.mean_kinship - task.goal.goal.weight * value;
+}
+
+/// How many optional males to use no exchange of two animals finds out: starts with different numbers of them do, each
+/// from the best shares with as many.
+struct StartSearch {
+  const NumberTask& task;
+  std::map<std::int64_t, double> tried;  ///< goals by the number of males
+  std::int64_t best_used = 0;
+  MatingNumbers best;
+};
+
+void try_start(StartSearch& search, std::int64_t used) {
+  if (search.task.watch.is_stopped() || search.tried.contains(used)) return;
+  const NumberLimits settled = settle(search.task, used);
+  const Contributions shares =
+      best_contributions(search.task.kinship, share_limits_of(settled), search.task.goal.goal, {}, search.task.watch);
+  if (search.task.watch.is_stopped()) return;
+  MatingNumbers found = numbers_from(search.task, shares.shares, used);
+  const double goal = goal_of(search.task, found);
+  search.tried.emplace(used, goal);
+  if (!search.best.numbers.empty() && goal >= search.tried.at(search.best_used)) return;
+  search.best_used = used;
+  search.best = std::move(found);
+}
+
+/// All numbers of males when they are few; otherwise some, then those around the best of them.
+MatingNumbers best_of_starts(const NumberTask& task, std::int64_t wanted) {
+  constexpr std::int64_t first_starts = 16;
+  const std::int64_t fewest = fitting_optionals(task.limits, male, 0);
+  const std::int64_t most = fitting_optionals(task.limits, male, count_optionals(task.limits, male));
+  std::int64_t step = std::max<std::int64_t>(1, (most - fewest + first_starts) / first_starts);
+  StartSearch search{task, {}, 0, {}};
+  try_start(search, std::clamp(wanted, fewest, most));
+  for (std::int64_t used = fewest; used <= most; used += step) try_start(search, used);
+  while (step > 1) {
+    step /= 2;
+    const std::int64_t middle = search.best_used;
+    try_start(search, std::max(fewest, middle - step));
+    try_start(search, std::min(most, middle + step));
+  }
+  search.best.is_stopped = task.watch.is_stopped();
+  if (search.best.is_stopped) search.best.numbers.assign(task.kinship.candidates(), 0);
+  return std::move(search.best);
+}
+
 }  // namespace
 
 bool is_permitted(const NumberLimits& limits, std::size_t place, std::int32_t number) {
@@ -324,6 +411,14 @@ bool is_permitted(const NumberLimits& limits, std::size_t place, std::int32_t nu
 }
 
 NumberObstacle find_number_obstacle(const NumberLimits& limits, Sex sex) {
+  if (limits.least_if_used > 1) {
+    // What would do without the least of a male fails by it alone.
+    NumberLimits without = limits;
+    without.least_if_used = 1;
+    const NumberObstacle obstacle = find_number_obstacle(without, sex);
+    if (obstacle != NumberObstacle::none) return obstacle;
+    return fitting_optionals(limits, sex, 0) < 0 ? NumberObstacle::no_sum : NumberObstacle::none;
+  }
   const SumRange all = sums_with(limits, sex, count_optionals(limits, sex));
   if (all.most < limits.matings) return NumberObstacle::too_few;
   if (sums_with(limits, sex, 0).least > limits.matings) return NumberObstacle::too_many;
@@ -342,13 +437,11 @@ ShareLimits share_limits_of(const NumberLimits& limits) {
 
 MatingNumbers best_numbers(const CandidateKinship& kinship, const NumberLimits& limits, const NumberGoal& goal,
                            std::span<const double> shares, const PlanWatch& watch) {
-  NumberSearch search = make_number_search(kinship, limits, goal, watch);
-  for (const Sex sex : {male, female}) round_shares(limits, shares, sex, search.result.numbers);
-  refresh(search);
-  while (!watch.is_stopped() && sweep(search)) {
-  }
-  search.result.is_stopped = watch.is_stopped();
-  return std::move(search.result);
+  const NumberTask task = {kinship, limits, goal, shares, watch};
+  const std::int64_t wanted = wanted_optionals(limits, shares, male);
+  // Within a bound only what has been found already is improved.
+  if (limits.least_if_used <= 1 || goal.most_kinship) return numbers_from(task, shares, wanted);
+  return best_of_starts(task, wanted);
 }
 
 MatingNumbers examine_numbers(const CandidateKinship& kinship, std::span<const std::int32_t> numbers) {

@@ -236,9 +236,10 @@ Assigning make_assigning(const PairProblem& problem) {
   return work;
 }
 
-/// Who stands in whose way: everybody whom one of the females that lack matings can reach.
-void tell_stuck(Assigning& work, std::size_t female, PairAssignment& result) {
-  find_ways(work, {&female, 1});
+/// Who stands in whose way: everybody whom the females that lack matings can reach. All of them are named, also those
+/// that have nothing to do with each other.
+void tell_stuck(Assigning& work, std::span<const std::size_t> lacking, PairAssignment& result) {
+  find_ways(work, lacking);
   for (std::size_t f = 0; f < work.problem.females; ++f) {
     if (work.is_female_seen[f] != 0) result.stuck_females.push_back(f);
   }
@@ -279,7 +280,7 @@ PairAssignment assign_pairs(const PairProblem& problem, const PlanWatch& watch) 
     const std::vector<std::size_t> lacking = lacking_females(work);
     if (lacking.empty()) break;
     if (!find_ways(work, lacking)) {
-      tell_stuck(work, lacking.front(), result);
+      tell_stuck(work, lacking, result);
       return result;
     }
     follow_ways(work);

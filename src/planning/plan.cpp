@@ -180,8 +180,11 @@ void find_pairs(Planning& work, Plan& plan) {
   }
   PairingResult pairing = pair_up(work.kinship, work.request, plan.numbers.numbers, work.watch);
   for (const std::size_t k : pairing.stuck_females) plan.stuck_females.push_back(plan.candidates[k]);
+  for (const std::size_t k : pairing.females_without_male) plan.females_without_male.push_back(plan.candidates[k]);
   for (const std::size_t k : pairing.their_males) plan.their_males.push_back(plan.candidates[k]);
   if (!plan.stuck_females.empty()) plan.obstacle = PlanObstacle::pairs;
+  plan.stuck_matings = pairing.stuck_matings;
+  plan.their_matings = pairing.their_matings;
   plan.pairs = std::move(pairing.pairs);
 }
 
@@ -305,8 +308,15 @@ PairingResult pair_up(const CandidateKinship& kinship, const PlanRequest& reques
   result.is_stopped = assignment.is_stopped;
   for (const std::size_t f : assignment.stuck_females) {
     result.stuck_females.push_back(static_cast<std::size_t>(females[f]));
+    const auto row = std::span(problem.costs).subspan(f * problem.males, problem.males);
+    const bool has_male = std::any_of(row.begin(), row.end(), [](PairCost cost) { return cost != forbidden_pair; });
+    result.stuck_matings += problem.of_female[f];
+    if (!has_male) result.females_without_male.push_back(static_cast<std::size_t>(females[f]));
   }
-  for (const std::size_t m : assignment.their_males) result.their_males.push_back(static_cast<std::size_t>(males[m]));
+  for (const std::size_t m : assignment.their_males) {
+    result.their_males.push_back(static_cast<std::size_t>(males[m]));
+    result.their_matings += problem.of_male[m];
+  }
   for (const AssignedPair& pair : assignment.pairs) {
     result.pairs.push_back({static_cast<std::size_t>(females[pair.female]), static_cast<std::size_t>(males[pair.male]),
                             pair.matings, table[pair.female * problem.males + pair.male], false});
@@ -322,6 +332,7 @@ Plan make_plan(const PopulationStore& store, const PlanRequest& request, const P
   plan.candidates = candidates_of(request);
   Planning work{store, request, watch, make_candidate_kinship(store, plan.candidates), number_limits_of(request), {}};
   plan.sex = work.numbers.sex;
+  for (const std::int32_t most : work.numbers.most) plan.is_fixed_at_none.push_back(most == 0 ? 1 : 0);
   for (const Sex sex : both_sexes) {
     plan.number_obstacle.of(sex) = find_number_obstacle(work.numbers, sex);
     if (plan.number_obstacle.of(sex) != NumberObstacle::none) plan.obstacle = PlanObstacle::numbers;
@@ -356,6 +367,7 @@ PlanWarnings find_warnings(const PopulationStore& store, const PlanRequest& requ
   of_males.resize(std::min<std::size_t>(of_males.size(), 3));
   const double three = std::accumulate(of_males.begin(), of_males.end(), 0.0);
   if (three >= share_of_three_males) warnings.three_males = three;
+  warnings.males_named = std::count_if(of_males.begin(), of_males.end(), [](double share) { return share > 0.0; });
   warnings.valued_candidates =
       std::count_if(request.values.begin(), request.values.end(), [](const auto& value) { return value.has_value(); });
   warnings.has_few_values =

@@ -93,9 +93,12 @@ struct Plan {
   std::vector<CurvePoint> curve;
   std::vector<double> values;  ///< by place; those that were missing are the mean of their sex
   MatingNumbers numbers;
+  std::vector<Flag> is_fixed_at_none;                    ///< by place: its number was said to be 0
   std::vector<PlannedPair> pairs;                        ///< by female, then by male
   PairAssignment stuck;                                  ///< with the obstacle `pairs`
   std::vector<std::int32_t> stuck_females, their_males;  ///< positions, likewise
+  std::vector<std::int32_t> females_without_male;        ///< of them those with whom no male at all may go
+  std::int64_t stuck_matings = 0, their_matings = 0;  ///< beside wishes: what they are to have, what their males have
   std::array<std::optional<PlanComparison>, plan_ways> comparisons;
   std::int32_t last_year = 0;           ///< whose parents the plan is compared with
   std::optional<double> loss_per_year;  ///< see yearly_loss
@@ -112,6 +115,8 @@ Plan make_plan(const PopulationStore& store, const PlanRequest& request, const P
 struct PairingResult {
   std::vector<PlannedPair> pairs;
   std::vector<std::size_t> stuck_females, their_males;  ///< places; where it is impossible
+  std::vector<std::size_t> females_without_male;        ///< of them those with whom no male at all may go
+  std::int64_t stuck_matings = 0, their_matings = 0;    ///< of both, beside wishes
   bool is_stopped = false;
 };
 PairingResult pair_up(const CandidateKinship& kinship, const PlanRequest& request,
@@ -126,6 +131,7 @@ struct PlanWarnings {
   std::int64_t little_known = 0;       ///< candidates with fewer equivalent generations than `few_generations`
   double share_of_little_known = 0.0;  ///< in the offspring of the plan
   std::optional<double> three_males;   ///< share of the three most used males, where it is large
+  std::int64_t males_named = 0;        ///< how many of these three are used
   bool has_few_values = false;         ///< breeding values of less than half of the candidates
   std::int64_t valued_candidates = 0;
 };

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "checks/readable_text.h"
-#include "matings/candidates.h"
+#include "planning/known_sexes.h"
 
 namespace pedigreewatch {
 namespace {
@@ -11,10 +11,12 @@ namespace {
 /// Marks of the animals that a rule looks at, by position.
 struct Marks {
   ByNumber<Flag> is_excluded, was_recent_parent;
+  SexEvidence sexes;
 };
 
 Marks make_marks(const PopulationStore& store, const CandidateRules& rules) {
-  Marks marks{ByNumber<Flag>(store.size()), ByNumber<Flag>(store.size())};
+  Marks marks{ByNumber<Flag>(store.size()), ByNumber<Flag>(store.size()),
+              find_sex_evidence(store, rules.records_without_sex)};
   for (const std::int32_t position : rules.excluded) marks.is_excluded[position] = 1;
   const std::int64_t first = std::int64_t{store.birth_years.last} - years_of_ages + 1;
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
@@ -54,8 +56,8 @@ void take_by_ages(const PopulationStore& store, const CandidateRules& rules, con
   candidates.ages = breeding_ages(store, sex);
   if (!candidates.ages) return;
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
-    const std::optional<std::int32_t> age = store.sex[i] == sex ? age_at_planned_births(store, i) : std::nullopt;
-    if (!age) continue;
+    const std::optional<std::int32_t> age = age_at_planned_births(store, i);
+    if (!age || known_sex(store, marks.sexes, i) != sex) continue;
     if (*age < candidates.ages->youngest) {
       pool.left_out.push_back({i, sex, WhyNone::too_young});
     } else if (*age > candidates.ages->oldest) {
@@ -74,8 +76,37 @@ void take_by_years(const PopulationStore& store, const CandidateRules& rules, co
   const std::int64_t first = std::int64_t{store.birth_years.last} - *rules.years + 1;
   candidates.last_year = store.birth_years.last;
   candidates.first_year = static_cast<std::int32_t>(std::max<std::int64_t>(first, store.birth_years.first));
-  for (const std::int32_t i : candidates_born(store, candidates.first_year, candidates.last_year, sex)) {
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    const std::int32_t year = store.birth_year[i];
+    if (year == 0 || year < candidates.first_year || known_sex(store, marks.sexes, i) != sex) continue;
     take(store, rules, marks, i, sex, pool);
+  }
+}
+
+/// Whether an animal would be a candidate if it were of this sex.
+bool is_of_age(const PopulationStore& store, const SexCandidates& candidates, std::int32_t position) {
+  const std::int32_t year = store.birth_year[position];
+  if (year == 0 || candidates.source == CandidateSource::list) return false;
+  if (candidates.source == CandidateSource::years) return year >= candidates.first_year;
+  const std::optional<std::int32_t> age = age_at_planned_births(store, position);
+  return age && candidates.ages && *age >= candidates.ages->youngest && *age <= candidates.ages->oldest;
+}
+
+/// Animals of which nobody knows for which sex they would be candidates.
+void leave_out_unknown_sexes(const PopulationStore& store, const CandidateRules& rules, const Marks& marks,
+                             CandidatePool& pool) {
+  if (rules.records_without_sex.empty()) return;
+  ByNumber<Flag> is_listed(store.size());
+  for (const Sex sex : {male, female}) {
+    for (const std::int32_t position : pool.candidates.of(sex).positions) is_listed[position] = 1;
+  }
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    if (is_listed[i] != 0 || known_sex(store, marks.sexes, i)) continue;
+    const bool is_meant =
+        is_of_age(store, pool.candidates.of_males, i) || is_of_age(store, pool.candidates.of_females, i);
+    if (!is_meant || find_reason(store, rules, marks, i) != WhyNone::used) continue;
+    pool.left_out.push_back({i, std::nullopt, WhyNone::unknown_sex});
+    ++pool.unknown_sexes;
   }
 }
 
@@ -93,6 +124,7 @@ CandidatePool gather_candidates(const PopulationStore& store, const CandidateRul
       take_by_ages(store, rules, marks, sex, pool);
     }
   }
+  leave_out_unknown_sexes(store, rules, marks, pool);
   return pool;
 }
 

@@ -19,6 +19,7 @@ struct CandidateRules {
   std::optional<std::string> subpopulation;                ///< its name in UTF-8
   double least_generations = 0.0;                          ///< equivalent generations of known ancestors
   bool needs_known_parents = false;                        ///< both
+  std::vector<std::int32_t> records_without_sex;           ///< of find_records_without_sex
 };
 
 /// Why an animal gets no matings.
@@ -30,12 +31,14 @@ enum class WhyNone : std::uint8_t {
   too_old,   ///< of the ages of parents
   excluded,  ///< by a list
   other_subpopulation,
-  little_known,  ///< fewer generations of ancestors, or not both parents
+  little_known,   ///< fewer generations of ancestors, or not both parents
+  fixed_at_none,  ///< a candidate whose number of matings was said to be 0
+  unknown_sex,    ///< neither its line nor young of it tell the sex
 };
 
 struct LeftOut {
   std::int32_t position = 0;
-  Sex sex = female;
+  std::optional<Sex> sex;  ///< none: unknown
   WhyNone why = WhyNone::excluded;
 };
 
@@ -51,10 +54,13 @@ struct SexCandidates {
 
 struct CandidatePool {
   BySex<SexCandidates> candidates;
-  std::vector<LeftOut> left_out;  ///< in the order in which they were met
+  std::vector<LeftOut> left_out;   ///< in the order in which they were met
+  std::int64_t unknown_sexes = 0;  ///< of those left out
 };
 
-/// Too old, or too young, are those only who were parents in the last ten years, or were born in them.
+/// Animals of a list are of the sex that it is for. Others of unknown sex are left out where their age or birth year
+/// would make them a candidate. Too old, or too young, are those only who were parents in the last ten years, or were
+/// born in them.
 CandidatePool gather_candidates(const PopulationStore& store, const CandidateRules& rules);
 
 }  // namespace pedigreewatch

@@ -42,8 +42,8 @@ constexpr Wording value_line = {
     "hoogste gemiddelde fokwaarde binnen de grenzen bij een verwantschap van hoogstens {1}: {2} (geen is hoger dan "
     "{3})"};
 constexpr Wording bound_line = {
-    "the bound: the mean kinship {1} of the parents of the last {2} birth years, and {3} % of what is left",
-    "de grens: de gemiddelde verwantschap {1} van de ouders van de laatste {2} geboortejaren, en {3} % van wat rest"};
+    "the bound: the mean kinship {1} of the parents of {2}, and {3} % of what is left",
+    "de grens: de gemiddelde verwantschap {1} van de ouders van {2}, en {3} % van wat rest"};
 constexpr Wording numbers_line = {
     "whole numbers: mean kinship {1}, {2} % above the best shares; moving single matings improves it no further",
     "hele aantallen: gemiddelde verwantschap {1}, {2} % boven de beste aandelen; een paring verplaatsen verbetert "
@@ -86,92 +86,131 @@ constexpr Wording gain_is_uncertain = {
     "kleiner zijn."};
 
 constexpr Wording little_known_warning = {
-    "{1} candidates have fewer than {2} equivalent generations of known ancestors: they look unrelated because nobody "
-    "knows. Their share in the plan is {3} %.{4}",
-    "{1} kandidaten hebben minder dan {2} equivalente generaties bekende voorouders: zij lijken onverwant omdat niemand "
-    "het weet. Hun aandeel in het plan is {3} %.{4}"};
-constexpr Wording three_males_warning = {
-    "No more than three males have {1} % of the matings: the plan rests on them. Give a lower {2}.",
-    "Niet meer dan drie vaders hebben {1} % van de paringen: het plan steunt op hen. Geef een lagere {2}."};
+    "Candidates with fewer than {2} equivalent generations of known ancestors: {1}, with {3} % of the plan. Such animals "
+    "look unrelated because nobody knows their ancestors.{4}",
+    "Kandidaten met minder dan {2} equivalente generaties bekende voorouders: {1}, met {3} % van het plan. Zulke dieren "
+    "lijken onverwant omdat niemand hun voorouders kent.{4}"};
+/// By how many males it is.
+constexpr auto few_males_warnings = std::to_array<Wording>(
+    {{"One male has {1} % of the matings: the plan rests on him. Give a lower {2}.",
+      "E\u00e9n vader heeft {1} % van de paringen: het plan steunt op hem. Geef een lagere {2}."},
+     {"Two males have {1} % of the matings: the plan rests on them. Give a lower {2}.",
+      "Twee vaders hebben {1} % van de paringen: het plan steunt op hen. Geef een lagere {2}."},
+     {"Three males have {1} % of the matings: the plan rests on them. Give a lower {2}.",
+      "Drie vaders hebben {1} % van de paringen: het plan steunt op hen. Geef een lagere {2}."}});
 
 /// What limits are called, and what is said of a way to leave animals out.
 struct PlanTerms {
-  Wording matings, most_per_male, most_per_female, most_f, fewer_pairs, leave_out;
+  Wording matings, most_per_male, most_per_female, least_per_male, most_f, numbers, fewer_pairs, leave_out;
 };
 constexpr PlanTerms console_terms = {{"--matings", "--matings"},
                                      {"--most-per-male", "--most-per-male"},
                                      {"--most-per-female", "--most-per-female"},
+                                     {"--least-per-male", "--least-per-male"},
                                      {"--most-f", "--most-f"},
+                                     {"--numbers and --wished", "--numbers en --wished"},
                                      {", or --contributions-only", ", of --contributions-only"},
                                      {" --least-generations leaves them out.", " --least-generations laat ze weg."}};
-constexpr PlanTerms desk_terms = {{"matings", "paringen"},
-                                  {"\"matings of a male at most\"", "\"paringen van een vader hoogstens\""},
-                                  {"\"matings of a female at most\"", "\"paringen van een moeder hoogstens\""},
-                                  {"\"F at most\"", "\"F hoogstens\""},
-                                  {"", ""},
-                                  {"", ""}};
+constexpr PlanTerms desk_terms = {
+    {"matings", "paringen"},
+    {"\"matings of a male at most\"", "\"paringen van een vader hoogstens\""},
+    {"\"matings of a female at most\"", "\"paringen van een moeder hoogstens\""},
+    {"\"matings of a male that is used at least\"", "\"paringen van een gebruikte vader minstens\""},
+    {"\"F at most\"", "\"F hoogstens\""},
+    {"the numbers that are given", "de aantallen die gegeven zijn"},
+    {"", ""},
+    {"", ""}};
 
 constexpr const PlanTerms& terms_of(PlanSpeaker speaker) {
   return speaker == PlanSpeaker::console ? console_terms : desk_terms;
 }
 
 constexpr Wording few_values_warning = {
-    "Only {1} of {2} candidates have a breeding value; the others count as the mean of their sex.",
-    "Maar {1} van {2} kandidaten hebben een fokwaarde; de andere tellen als het gemiddelde van hun geslacht."};
+    "Breeding values are known of {1} of {2} candidates only; the others count as the mean of their sex.",
+    "Van maar {1} van de {2} kandidaten is een fokwaarde bekend; de andere tellen als het gemiddelde van hun geslacht."};
+
+/// A thing by its number.
+struct Counted {
+  Wording one, many;
+};
+constexpr Counted matings_counted = {{"1 mating", "1 paring"}, {"{1} matings", "{1} paringen"}};
+constexpr Counted males_counted = {{"1 male", "1 mannelijk dier"}, {"{1} males", "{1} mannelijke dieren"}};
+constexpr Counted females_counted = {{"1 female", "1 vrouwelijk dier"}, {"{1} females", "{1} vrouwelijke dieren"}};
+constexpr Counted dams_counted = {{"1 female", "1 moeder"}, {"{1} females", "{1} moeders"}};
+constexpr Counted births_counted = {{"1 birth", "1 geboorte"}, {"{1} births", "{1} geboorten"}};
+constexpr Counted last_years = {{"the last birth year", "het laatste geboortejaar"},
+                                {"the last {1} birth years", "de laatste {1} geboortejaren"}};
+constexpr Wording age_range = {"{1} to {2}", "{1} tot en met {2}"};
 
 constexpr Wording males_word = {"males", "mannelijke dieren"}, females_word = {"females", "vrouwelijke dieren"};
 constexpr Wording by_list = {"{1}: {2}, of the list", "{1}: {2}, uit de lijst"};
 constexpr Wording by_years = {"{1}: {2}, born {3} to {4}", "{1}: {2}, geboren {3} tot en met {4}"};
 constexpr Wording by_ages = {
-    "{1}: {2}, of {3} to {4} years (5 to 95 in 100 of the parents' ages at {5} births of the last ten years); whether "
-    "they are alive and available the data do not say",
-    "{1}: {2}, van {3} tot en met {4} jaar (5 tot 95 op de 100 van de leeftijden van ouders bij {5} geboorten in de "
-    "laatste "
-    "tien jaar); of zij leven en beschikbaar zijn zeggen de gegevens niet"};
+    "{1}: {2}, of {3} years (5 to 95 in 100 of the parents' ages at {4} of the last ten years); whether they are alive "
+    "and available the data do not say",
+    "{1}: {2}, van {3} jaar (5 tot 95 op de 100 van de leeftijden van ouders bij {4} in de laatste tien jaar); of zij "
+    "leven en beschikbaar zijn zeggen de gegevens niet"};
+constexpr Counted unknown_sexes = {
+    {"left out: 1 animal of these ages or years whose sex neither its line nor young of it tell; name it in a list of males "
+     "or females to plan with it",
+     "weggelaten: 1 dier van deze leeftijden of jaren waarvan noch de eigen regel, noch een jong het geslacht zegt; noem "
+     "het in een lijst van vaders of moeders om er toch mee te plannen"},
+    {"left out: {1} animals of these ages or years whose sex neither their lines nor young of them tell; name them in a "
+     "list of males or females to plan with them",
+     "weggelaten: {1} dieren van deze leeftijden of jaren waarvan noch de eigen regel, noch een jong het geslacht zegt; "
+     "noem ze in een lijst van vaders of moeders om er toch mee te plannen"}};
 
 constexpr Wording too_few_matings = {
-    "{1} matings do not fit: the {2} {3} may have {4} together; give fewer {6}, or raise {5}",
-    "{1} paringen passen niet: de {2} {3} mogen er samen {4} hebben; geef minder {6}, of verhoog {5}"};
+    "there is no room for {1}: with {2} there is room for {3} in all; give fewer {5}, or raise {4}",
+    "voor {1} is geen plaats: bij {2} is in totaal plaats voor {3}; geef minder {5}, of verhoog {4}"};
 constexpr Wording too_many_matings = {
-    "{1} matings do not fit: those {3} that must be used need {4} already; give more --matings, or mend --numbers and "
-    "--wished",
-    "{1} paringen passen niet: de {3} die gebruikt moeten worden hebben er al {4} nodig; geef meer --matings, of "
-    "verbeter --numbers en --wished"};
+    "there is no room in {1}: what must be used of {2} takes {3} already; give more {5}, or mend {6}",
+    "in {1} is geen plaats: wat van {2} gebruikt moet worden vraagt al {3}; geef meer {5}, of verbeter {6}"};
 constexpr Wording no_sum = {
-    "{1} matings do not fit: no number of {3}, each with at least --least-per-male and at most --most-per-male, adds "
-    "up "
-    "to them; lower --least-per-male",
-    "{1} paringen passen niet: geen aantal {3}, elk met minstens --least-per-male en hoogstens --most-per-male, telt "
-    "daartoe "
-    "op; verlaag --least-per-male"};
+    "{1} cannot be divided over {2} such that each that is used gets as many as {7} says, and no more than {4}; lower {7}",
+    "{1}: dat is niet zo te verdelen over {2} dat elk dier dat gebruikt wordt er zoveel krijgt als {7} zegt, en niet meer "
+    "dan {4}; verlaag {7}"};
 constexpr Wording kinship_bound = {
     "no shares keep the mean kinship at {1} or below: the lowest is {2}; give a higher --rate (from {3}), or more "
     "candidates",
     "geen aandelen houden de gemiddelde verwantschap op {1} of lager: de laagste is {2}; geef een hogere --rate (vanaf "
     "{3}), of meer kandidaten"};
 constexpr Wording stuck_heading = {
-    "the pairs cannot be made: {1} females need {2} matings, and all the males they may go with have {3}; raise {4}, "
-    "forbid fewer pairs, or give more candidates. The females:",
-    "de paren zijn niet te maken: {1} moeders hebben {2} paringen nodig, en alle vaders waarmee zij mogen hebben er {3}; "
-    "verhoog {4}, verbied minder paren, of geef meer kandidaten. De moeders:"};
-constexpr Wording stuck_males = {"the males they may go with: {1}", "de vaders waarmee zij mogen: {1}"};
-constexpr Wording no_males_at_all = {"there is no male at all for them", "voor hen is er geen enkele vader"};
+    "the pairs cannot be made: {1} should have {2}, and all the males that may go with them, {3}; raise {4}, forbid fewer "
+    "pairs, or give more candidates. The females:",
+    "de paren zijn niet te maken: de behoefte van {1} is {2}, die van alle vaders die met hen mogen {3}; verhoog {4}, "
+    "verbied minder paren, of geef meer kandidaten. De moeders:"};
+constexpr Wording stuck_males = {"the males that may go with them: {1}", "de vaders die met hen mogen: {1}"};
+constexpr Wording no_males_at_all = {"no male at all may go with: {1}", "geen enkele vader mag met: {1}"};
 constexpr Wording and_more = {"and {1} more", "en nog {1}"};
 constexpr Wording too_many_pairs = {
     "the males and females that are used make more than {1} possible pairs; give fewer {2} or candidates{3}",
     "de vaders en moeders die gebruikt worden geven meer dan {1} mogelijke paren; geef minder {2} of kandidaten{3}"};
 
+constexpr Wording limit_matings = {"matings: {1}", "paringen: {1}"};
+constexpr Wording limit_most_per_male = {"of a male at most: {1}", "van een vader hoogstens: {1}"};
+constexpr Wording limit_least_per_male = {"of a male that is used at least: {1}",
+                                          "van een vader die gebruikt wordt minstens: {1}"};
+constexpr Wording limit_most_per_female = {"of a female at most: {1}", "van een moeder hoogstens: {1}"};
+constexpr Wording limit_fixed = {"animals with a number of their own: {1}", "dieren met een eigen aantal: {1}"};
+constexpr Wording limit_most_f = {"F of a pair at most: {1} %", "F van een paar hoogstens: {1} %"};
+constexpr Wording limit_forbidden = {"pairs that may not be: {1}", "paren die niet mogen: {1}"};
+constexpr Wording limit_wished = {"pairs wished for: {1}", "gewenste paren: {1}"};
+constexpr Wording limit_rate = {"inbreeding a generation at most: {1} %", "inteelt per generatie hoogstens: {1} %"};
+
 constexpr Wording rate_heading = {"inbreeding a generation, %", "inteelt per generatie, %"};
 constexpr Wording curve_kinship = {"mean kinship, %", "gemiddelde verwantschap, %"};
 
-constexpr std::array<Wording, 8> reasons = {{{"", ""},
-                                             {"related to all", "verwant aan allen"},
-                                             {"best share below a mating", "beste aandeel kleiner dan een paring"},
-                                             {"too young", "te jong"},
-                                             {"too old", "te oud"},
-                                             {"excluded", "uitgesloten"},
-                                             {"other subpopulation", "andere subpopulatie"},
-                                             {"few known ancestors", "weinig bekende voorouders"}}};
+constexpr std::array<Wording, 10> reasons = {{{"", ""},
+                                              {"related to all", "verwant aan allen"},
+                                              {"best share below a mating", "beste aandeel kleiner dan een paring"},
+                                              {"too young", "te jong"},
+                                              {"too old", "te oud"},
+                                              {"excluded", "uitgesloten"},
+                                              {"other subpopulation", "andere subpopulatie"},
+                                              {"few known ancestors", "weinig bekende voorouders"},
+                                              {"its number is given as 0", "zijn aantal is opgegeven als 0"},
+                                              {"sex unknown", "geslacht onbekend"}}};
 
 constexpr int kinship_digits = 8;
 
@@ -186,8 +225,12 @@ std::string name_of(PlanWay way, const Plan& plan, ToolLanguage language) {
   return {};
 }
 
-std::string digits(double value) {
-  return fixed_decimals(value, kinship_digits);
+std::string digits(double value, ToolLanguage language) {
+  return shown_decimals(value, kinship_digits, language);
+}
+
+std::string counted(const Counted& thing, std::int64_t count, ToolLanguage language) {
+  return phrase(count == 1 ? thing.one : thing.many, language, {std::to_string(count)});
 }
 
 std::string power_of_ten(double value) {
@@ -215,16 +258,18 @@ std::string number_sentence(const PlanRequest& request, const Plan& plan, Sex se
   const Wording& wording = obstacle == NumberObstacle::too_few    ? too_few_matings
                            : obstacle == NumberObstacle::too_many ? too_many_matings
                                                                   : no_sum;
-  return phrase(wording, language,
-                {std::to_string(request.matings), std::to_string(animals), animals_of(sex, language),
-                 std::to_string(obstacle == NumberObstacle::too_few ? most : least),
-                 words_of(sex == male ? terms.most_per_male : terms.most_per_female, language),
-                 words_of(terms.matings, language)});
+  return phrase(
+      wording, language,
+      {counted(matings_counted, request.matings, language),
+       counted(sex == male ? males_counted : females_counted, animals, language),
+       std::to_string(obstacle == NumberObstacle::too_few ? most : least),
+       words_of(sex == male ? terms.most_per_male : terms.most_per_female, language), words_of(terms.matings, language),
+       words_of(terms.numbers, language), words_of(terms.least_per_male, language)});
 }
 
 /// The first identifications of a list, and how many more there are.
 std::string id_list(const PopulationStore& store, const std::vector<std::int32_t>& positions, ToolLanguage language) {
-  constexpr std::size_t most = 50;
+  constexpr std::size_t most = 1000;
   std::string text;
   for (std::size_t k = 0; k < std::min(most, positions.size()); ++k) {
     text += (k == 0 ? "" : ", ") + shown(readable(store.id(positions[k])));
@@ -235,21 +280,19 @@ std::string id_list(const PopulationStore& store, const std::vector<std::int32_t
 
 std::vector<std::string> pair_sentences(const PopulationStore& store, const Plan& plan, ToolLanguage language,
                                         const PlanTerms& terms) {
-  std::int64_t wanted = 0, room = 0;
-  for (std::size_t k = 0; k < plan.candidates.size(); ++k) {
-    const auto is_among = [&](const std::vector<std::int32_t>& list) {
-      return std::find(list.begin(), list.end(), plan.candidates[k]) != list.end();
-    };
-    if (plan.numbers.numbers[k] == 0) continue;
-    if (is_among(plan.stuck_females)) wanted += plan.numbers.numbers[k];
-    if (is_among(plan.their_males)) room += plan.numbers.numbers[k];
+  const auto count = [](const std::vector<std::int32_t>& list) { return static_cast<std::int64_t>(list.size()); };
+  std::vector<std::string> lines = {phrase(stuck_heading, language,
+                                           {counted(dams_counted, count(plan.stuck_females), language),
+                                            counted(matings_counted, plan.stuck_matings, language),
+                                            std::to_string(plan.their_matings), words_of(terms.most_f, language)}),
+                                    "  " + id_list(store, plan.stuck_females, language)};
+  if (!plan.females_without_male.empty()) {
+    lines.push_back(phrase(no_males_at_all, language, {id_list(store, plan.females_without_male, language)}));
   }
-  return {phrase(stuck_heading, language,
-                 {std::to_string(plan.stuck_females.size()), std::to_string(wanted), std::to_string(room),
-                  words_of(terms.most_f, language)}),
-          "  " + id_list(store, plan.stuck_females, language),
-          plan.their_males.empty() ? std::string(words_of(no_males_at_all, language))
-                                   : phrase(stuck_males, language, {id_list(store, plan.their_males, language)})};
+  if (!plan.their_males.empty()) {
+    lines.push_back(phrase(stuck_males, language, {id_list(store, plan.their_males, language)}));
+  }
+  return lines;
 }
 
 std::string bound_sentence(const Plan& plan, ToolLanguage language) {
@@ -257,7 +300,8 @@ std::string bound_sentence(const Plan& plan, ToolLanguage language) {
   const double base = plan.parents_kinship.value_or(plan.most_kinship);
   const double rate = (plan.least.mean_kinship - base) / (1.0 - base) + step;
   return phrase(kinship_bound, language,
-                {fixed_decimals(plan.most_kinship, 6), fixed_decimals(plan.least.mean_kinship, 6), percent_of(rate)});
+                {shown_decimals(plan.most_kinship, 6, language), shown_decimals(plan.least.mean_kinship, 6, language),
+                 shown_percent(rate, language)});
 }
 
 }  // namespace
@@ -292,6 +336,16 @@ std::string percent_of(double fraction, int decimals) {
   return fixed_decimals(100.0 * fraction, decimals);
 }
 
+std::string shown_decimals(double value, int decimals, ToolLanguage language) {
+  std::string text = fixed_decimals(value, decimals);
+  if (language == ToolLanguage::dutch) std::replace(text.begin(), text.end(), '.', ',');
+  return text;
+}
+
+std::string shown_percent(double fraction, ToolLanguage language, int decimals) {
+  return shown_decimals(100.0 * fraction, decimals, language);
+}
+
 ComparisonTable comparison_of(const Plan& plan, ToolLanguage language) {
   ComparisonTable table;
   const auto say = [&](const Wording& wording) { return std::string(words_of(wording, language)); };
@@ -303,11 +357,12 @@ ComparisonTable comparison_of(const Plan& plan, ToolLanguage language) {
   for (std::size_t k = 0; k < plan_ways; ++k) {
     if (!plan.comparisons[k]) continue;
     const PlanComparison& way = *plan.comparisons[k];
-    ComparisonTable::Row row = {name_of(static_cast<PlanWay>(k), plan, language),
-                                {percent_of(way.mean_kinship, 3), percent_of(1.0 - way.mean_kinship, 3),
-                                 way.mean_f ? percent_of(*way.mean_f) : std::string(), std::to_string(way.males),
-                                 std::to_string(way.females), percent_of(way.top_male, 1)}};
-    if (has_values) row.cells.push_back(way.value ? fixed_decimals(*way.value, 3) : std::string());
+    ComparisonTable::Row row = {
+        name_of(static_cast<PlanWay>(k), plan, language),
+        {shown_percent(way.mean_kinship, language, 3), shown_percent(1.0 - way.mean_kinship, language, 3),
+         way.mean_f ? shown_percent(*way.mean_f, language) : std::string(), std::to_string(way.males),
+         std::to_string(way.females), shown_percent(way.top_male, language, 1)}};
+    if (has_values) row.cells.push_back(way.value ? shown_decimals(*way.value, 3, language) : std::string());
     table.rows.push_back(std::move(row));
   }
   return table;
@@ -315,35 +370,39 @@ ComparisonTable comparison_of(const Plan& plan, ToolLanguage language) {
 
 std::vector<std::string> result_sentences(const Plan& plan, ToolLanguage language, bool is_changed) {
   std::vector<std::string> lines;
-  lines.push_back(phrase(free_line, language,
-                         {digits(plan.without_limits.mean_kinship), power_of_ten(plan.without_limits.certificate)}));
   lines.push_back(
-      phrase(least_line, language, {digits(plan.least.mean_kinship), power_of_ten(plan.least.certificate)}));
+      phrase(free_line, language,
+             {digits(plan.without_limits.mean_kinship, language), power_of_ten(plan.without_limits.certificate)}));
+  lines.push_back(
+      phrase(least_line, language, {digits(plan.least.mean_kinship, language), power_of_ten(plan.least.certificate)}));
   if (plan.valued) {
     if (plan.parents_kinship) {
       const double rate = (plan.most_kinship - *plan.parents_kinship) / (1.0 - *plan.parents_kinship);
       lines.push_back(phrase(bound_line, language,
-                             {digits(*plan.parents_kinship), std::to_string(plan.interval_years), percent_of(rate)}));
+                             {digits(*plan.parents_kinship, language),
+                              counted(last_years, plan.interval_years, language), shown_percent(rate, language)}));
     }
     lines.push_back(phrase(value_line, language,
-                           {digits(plan.most_kinship), fixed_decimals(plan.valued->value, 4),
-                            fixed_decimals(plan.valued->most_value, 4)}));
+                           {digits(plan.most_kinship, language), shown_decimals(plan.valued->value, 4, language),
+                            shown_decimals(plan.valued->most_value, 4, language)}));
   }
   if (plan.numbers.numbers.empty()) return lines;
   const double planned = plan.numbers.mean_kinship, best = plan.least.mean_kinship;
   if (plan.valued) {
     const auto& value = plan.of(PlanWay::random_pairs);
-    lines.push_back(phrase(value_numbers_line, language,
-                           {digits(planned), fixed_decimals(value ? value->value.value_or(0.0) : 0.0, 4)}));
+    lines.push_back(
+        phrase(value_numbers_line, language,
+               {digits(planned, language), shown_decimals(value ? value->value.value_or(0.0) : 0.0, 4, language)}));
     if (planned > plan.most_kinship) {
-      lines.push_back(phrase(bound_missed_line, language, {digits(planned), digits(plan.most_kinship)}));
+      lines.push_back(
+          phrase(bound_missed_line, language, {digits(planned, language), digits(plan.most_kinship, language)}));
     }
   } else {
-    lines.push_back(
-        phrase(numbers_line, language, {digits(planned), fixed_decimals(100.0 * (planned / best - 1.0), 3)}));
+    lines.push_back(phrase(numbers_line, language,
+                           {digits(planned, language), shown_decimals(100.0 * (planned / best - 1.0), 3, language)}));
   }
   const auto& way = plan.of(PlanWay::plan);
-  if (way && !is_changed) lines.push_back(phrase(pairs_line, language, {digits(*way->mean_f)}));
+  if (way && !is_changed) lines.push_back(phrase(pairs_line, language, {digits(*way->mean_f, language)}));
   return lines;
 }
 
@@ -351,11 +410,12 @@ std::string gain_sentence(const Plan& plan, const PlanWarnings& warnings, ToolLa
   if (!plan.of(PlanWay::last_year) || !plan.loss_per_year) return {};
   if (!plan.years_gained) return std::string(words_of(no_loss_line, language));
   const Wording& wording = *plan.years_gained >= 0.0 ? gain_line : lost_line;
-  std::string sentence = phrase(wording, language,
-                                {std::to_string(plan.last_year), fixed_decimals(std::abs(*plan.years_gained), 1),
-                                 percent_of(*plan.loss_per_year, 3)});
+  std::string sentence =
+      phrase(wording, language,
+             {std::to_string(plan.last_year), shown_decimals(std::abs(*plan.years_gained), 1, language),
+              shown_percent(*plan.loss_per_year, language, 3)});
   if (warnings.share_of_little_known > 0.0 && *plan.years_gained >= 0.0) {
-    sentence += phrase(gain_is_uncertain, language, {percent_of(warnings.share_of_little_known, 1)});
+    sentence += phrase(gain_is_uncertain, language, {shown_percent(warnings.share_of_little_known, language, 1)});
   }
   return sentence;
 }
@@ -365,13 +425,17 @@ std::vector<std::string> warning_sentences(const PlanWarnings& warnings, const P
   const PlanTerms& terms = terms_of(speaker);
   std::vector<std::string> lines;
   if (warnings.little_known > 0) {
-    lines.push_back(phrase(little_known_warning, language,
-                           {std::to_string(warnings.little_known), fixed_decimals(double{few_generations}, 0),
-                            percent_of(warnings.share_of_little_known, 1), words_of(terms.leave_out, language)}));
+    lines.push_back(
+        phrase(little_known_warning, language,
+               {std::to_string(warnings.little_known), fixed_decimals(double{few_generations}, 0),
+                shown_percent(warnings.share_of_little_known, language, 1), words_of(terms.leave_out, language)}));
   }
-  if (warnings.three_males)
-    lines.push_back(phrase(three_males_warning, language,
-                           {percent_of(*warnings.three_males, 1), words_of(terms.most_per_male, language)}));
+  if (warnings.three_males) {
+    const auto males = static_cast<std::size_t>(std::clamp<std::int64_t>(warnings.males_named, 1, 3));
+    lines.push_back(
+        phrase(few_males_warnings[males - 1], language,
+               {shown_percent(*warnings.three_males, language, 1), words_of(terms.most_per_male, language)}));
+  }
   if (warnings.has_few_values) {
     lines.push_back(phrase(few_values_warning, language,
                            {std::to_string(warnings.valued_candidates), std::to_string(request.values.size())}));
@@ -388,9 +452,33 @@ std::string candidates_sentence(const SexCandidates& candidates, Sex sex, ToolLa
                   {animals, count, std::to_string(candidates.first_year), std::to_string(candidates.last_year)});
   }
   const BreedingAges ages = candidates.ages.value_or(BreedingAges{});
-  return phrase(
-      by_ages, language,
-      {animals, count, std::to_string(ages.youngest), std::to_string(ages.oldest), std::to_string(ages.births)});
+  const std::string youngest = std::to_string(ages.youngest), oldest = std::to_string(ages.oldest);
+  const std::string range = ages.youngest == ages.oldest ? oldest : phrase(age_range, language, {youngest, oldest});
+  return phrase(by_ages, language, {animals, count, range, counted(births_counted, ages.births, language)});
+}
+
+std::string unknown_sexes_sentence(const CandidatePool& pool, ToolLanguage language) {
+  return pool.unknown_sexes == 0 ? std::string() : counted(unknown_sexes, pool.unknown_sexes, language);
+}
+
+std::vector<std::string> limit_sentences(const PlanRequest& request, ToolLanguage language) {
+  std::vector<std::string> lines;
+  const auto add = [&](const Wording& wording, const std::string& value) {
+    lines.push_back(phrase(wording, language, {value}));
+  };
+  const auto add_count = [&](const Wording& wording, std::size_t count) {
+    if (count > 0) add(wording, std::to_string(count));
+  };
+  add(limit_matings, std::to_string(request.matings));
+  if (request.most_per_male) add(limit_most_per_male, std::to_string(*request.most_per_male));
+  if (request.least_per_male > 1) add(limit_least_per_male, std::to_string(request.least_per_male));
+  add(limit_most_per_female, std::to_string(request.most_per_female));
+  add_count(limit_fixed, request.fixed.size());
+  if (request.most_f) add(limit_most_f, shown_percent(*request.most_f, language));
+  add_count(limit_forbidden, request.forbidden.size());
+  add_count(limit_wished, request.wished.size());
+  if (!request.values.empty()) add(limit_rate, shown_percent(request.rate, language));
+  return lines;
 }
 
 ComparisonTable curve_of(const Plan& plan, ToolLanguage language) {
@@ -398,8 +486,9 @@ ComparisonTable curve_of(const Plan& plan, ToolLanguage language) {
   const auto say = [&](const Wording& wording) { return std::string(words_of(wording, language)); };
   table.headings = {say(rate_heading), say(curve_kinship), say(value_heading)};
   for (const CurvePoint& point : plan.curve) {
-    table.rows.push_back({percent_of(point.rate),
-                          {percent_of(point.most_kinship, 3), point.value ? fixed_decimals(*point.value, 4) : ""}});
+    table.rows.push_back({shown_percent(point.rate, language),
+                          {shown_percent(point.most_kinship, language, 3),
+                           point.value ? shown_decimals(*point.value, 4, language) : ""}});
   }
   return table;
 }
@@ -413,6 +502,7 @@ WhyNone reason_of(const Plan& plan, std::size_t place, std::int64_t matings) {
   const bool has_numbers = !plan.numbers.numbers.empty();
   const double share = plan.optimum().shares[place];
   if (has_numbers ? plan.numbers.numbers[place] > 0 : share > least_share) return WhyNone::used;
+  if (plan.is_fixed_at_none[place] != 0) return WhyNone::fixed_at_none;
   const double mating = share_of_sex / static_cast<double>(matings);
   return share > least_share && share < mating ? WhyNone::small_share : WhyNone::related;
 }

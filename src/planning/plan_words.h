@@ -54,8 +54,17 @@ std::string_view words_of_reason(WhyNone why, ToolLanguage language);
 /// Of a candidate.
 WhyNone reason_of(const Plan& plan, std::size_t place, std::int64_t matings);
 
-/// A fraction in per cent, a number with so many decimals.
-std::string percent_of(double fraction, int decimals = 2);
+/// Animals that are left out because nobody knows their sex; empty where there are none.
+std::string unknown_sexes_sentence(const CandidatePool& pool, ToolLanguage language);
+
+/// Matings and limits that were asked for, one by one.
+std::vector<std::string> limit_sentences(const PlanRequest& request, ToolLanguage language);
+
+/// A number with so many decimals, a fraction in per cent: with a point.
 std::string fixed_decimals(double value, int decimals);
+std::string percent_of(double fraction, int decimals = 2);
+/// The same with the decimal sign of the language.
+std::string shown_decimals(double value, int decimals, ToolLanguage language);
+std::string shown_percent(double fraction, ToolLanguage language, int decimals = 2);
 
 }  // namespace pedigreewatch

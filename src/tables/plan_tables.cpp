@@ -46,10 +46,10 @@ void add_main_ancestor(const PopulationStore& store, const KinshipParts& parts, 
 }
 
 /// The cells that every animal has.
-void begin_animal(const PopulationStore& store, std::int32_t position, Sex sex, TableWriter& writer) {
+void begin_animal(const PopulationStore& store, std::int32_t position, std::optional<Sex> sex, TableWriter& writer) {
   add_text(writer, store.id(position));
   add_name(store, position, writer);
-  add_plain(writer, sex == male ? "male" : "female");
+  add_plain(writer, !sex ? "" : *sex == male ? "male" : "female");
   const std::int32_t year = store.birth_year[position];
   if (year == 0) {
     add_nothing(writer);

@@ -5,9 +5,10 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <optional>
 #include <string>
-#include <unordered_map>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -18,10 +19,10 @@
 #include "planning/plan_candidates.h"
 #include "planning/plan_words.h"
 #include "planning/planned_matings.h"
+#include "planning/said_request.h"
 #include "tables/plan_tables.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
-#include "tools/plan_inputs.h"
 #include "tools/plan_options.h"
 
 namespace pedigreewatch {
@@ -43,23 +44,9 @@ constexpr Wording is_in_use = {"a file of this name would replace one that this 
                                "een bestand met deze naam zou er een vervangen dat hier gelezen wordt"};
 constexpr Wording written = {"written: {1}", "geschreven: {1}"};
 constexpr Wording planning_label = {"planning, thousands of ancestors", "plannen, duizenden voorouders"};
-constexpr Wording no_candidate = {"this animal is none of the candidates; take the line out, or make it one",
-                                  "dit dier is geen kandidaat; haal de regel weg, of maak het er een"};
-constexpr Wording no_number = {"a number of matings such as 3 or 2-5 was expected behind it",
-                               "een aantal paringen zoals 3 of 2-5 werd erachter verwacht"};
-constexpr Wording no_value = {"a breeding value, which is a number, was expected behind it",
-                              "een fokwaarde, die een getal is, werd erachter verwacht"};
-constexpr Wording is_forbidden_too = {"this pair is forbidden too; take it out of one of the two files",
-                                      "dit paar is ook verboden; haal het uit een van de twee bestanden"};
-constexpr Wording too_many_wishes = {
-    "wished for more often than its number of matings allows; take wishes out, or raise the number",
-    "vaker gewenst dan zijn aantal paringen toelaat; haal wensen weg, of verhoog het aantal"};
-constexpr Wording no_values_at_all = {
-    "{1}: none of its animals is a candidate: there is no breeding value to plan with",
-    "{1}: geen van de dieren is kandidaat: er is geen fokwaarde om mee te plannen"};
-constexpr Wording not_candidates_with_values = {
-    "{1}: {2} animals are no candidates; their values are not used",
-    "{1}: {2} dieren zijn geen kandidaat; hun waarden worden niet gebruikt"};
+constexpr Wording removed = {"removed: {1}, of an earlier plan", "verwijderd: {1}, van een eerder plan"};
+constexpr Wording not_removed = {"{1} is of an earlier plan and could not be removed: {2}",
+                                 "{1} is van een eerder plan en kon niet verwijderd worden: {2}"};
 constexpr Wording nothing_written = {"nothing was written", "er is niets geschreven"};
 
 /// Says what stands in the way, of which there may be more.
@@ -102,17 +89,10 @@ std::optional<CandidatePool> find_candidates(PlanRun& run, PlanInput& input) {
   rules.years = options.years;
   rules.least_generations = options.least_generations;
   rules.needs_known_parents = options.needs_known_parents;
+  rules.records_without_sex = input.sexes.records_without_sex;
   rules.subpopulation = options.subpopulation;
   if (options.subpopulation && !has_subpopulation(run)) return std::nullopt;
-  if (!options.males_file.empty()) rules.listed.of_males = read_candidates(input, options.males_file, "--males", male);
-  if (!options.females_file.empty()) {
-    rules.listed.of_females = read_candidates(input, options.females_file, "--females", female);
-  }
-  if (!options.exclude_file.empty()) {
-    for (const ListedAnimal& animal : read_animals(input, options.exclude_file, "--exclude", LineForm::id)) {
-      rules.excluded.push_back(animal.position);
-    }
-  }
+  read_said_candidates(input, options.lists, rules);
   if (input.has_faults) return std::nullopt;
   CandidatePool pool = gather_candidates(run.store(), rules);
   for (const Sex sex : {male, female}) {
@@ -123,96 +103,6 @@ std::optional<CandidatePool> find_candidates(PlanRun& run, PlanInput& input) {
     return std::nullopt;
   }
   return pool;
-}
-
-/// Places of the candidates.
-std::unordered_map<std::int32_t, std::size_t> places_in(const PlanRequest& request) {
-  std::unordered_map<std::int32_t, std::size_t> places;
-  for (const std::int32_t position : candidates_of(request)) places.emplace(position, places.size());
-  return places;
-}
-
-void read_numbers(PlanInput& input, const std::string& file, PlanRequest& request) {
-  const auto places = places_in(request);
-  for (const ListedAnimal& animal : read_animals(input, file, "--numbers", LineForm::id_value)) {
-    const std::optional<NumberRange> range = read_range(animal.text);
-    const bool is_candidate = places.contains(animal.position);
-    if (!range || !is_candidate) {
-      input.has_faults = true;
-      tell_fault(input, file, animal.line, animal.id, range ? no_candidate : no_number);
-      continue;
-    }
-    request.fixed.push_back({animal.position, range->least, range->most});
-  }
-}
-
-void read_values(PlanInput& input, const std::string& file, PlanRequest& request) {
-  const auto places = places_in(request);
-  request.values.assign(places.size(), std::nullopt);
-  std::int64_t others = 0;
-  for (const ListedAnimal& animal : read_animals(input, file, "--values", LineForm::id_value)) {
-    const std::optional<double> value = read_value(animal.text);
-    const auto place = places.find(animal.position);
-    if (!value) {
-      input.has_faults = true;
-      tell_fault(input, file, animal.line, animal.id, no_value);
-    } else if (place == places.end()) {
-      ++others;
-    } else {
-      request.values[place->second] = value;
-    }
-  }
-  const bool has_values =
-      std::any_of(request.values.begin(), request.values.end(), [](const auto& value) { return value.has_value(); });
-  if (!has_values && !input.has_faults) {
-    input.has_faults = true;
-    say(input.streams.messages, phrase(no_values_at_all, input.language, {shown(file)}));
-  }
-  if (others == 0 || input.has_faults) return;
-  say(input.streams.messages,
-      phrase(not_candidates_with_values, input.language, {shown(file), std::to_string(others)}));
-}
-
-/// Numbers of matings that wishes need, against what animals may have.
-void check_wishes(PlanInput& input, const std::string& file, const std::vector<ReadPair>& pairs,
-                  const PlanRequest& request) {
-  const NumberLimits limits = number_limits_of(request);
-  const auto places = places_in(request);
-  std::unordered_map<std::int32_t, std::int32_t> wishes;
-  for (const ReadPair& pair : pairs) {
-    for (const std::int32_t position : {pair.female, pair.male}) {
-      if (++wishes[position] <= limits.most[places.at(position)]) continue;
-      input.has_faults = true;
-      tell_fault(input, file, pair.line, input.store.id(position), too_many_wishes);
-    }
-  }
-}
-
-void read_said_pairs(PlanInput& input, const PlanOptions& options, PlanRequest& request) {
-  const auto places = places_in(request);
-  if (!options.forbidden_file.empty()) {
-    for (const ReadPair& pair : read_pairs(input, options.forbidden_file, "--forbidden")) {
-      request.forbidden.push_back({pair.female, pair.male});
-    }
-  }
-  if (options.wished_file.empty()) return;
-  std::vector<ReadPair> wished;
-  for (const ReadPair& pair : read_pairs(input, options.wished_file, "--wished")) {
-    const bool is_forbidden =
-        std::any_of(request.forbidden.begin(), request.forbidden.end(),
-                    [&](const SaidPair& other) { return other.female == pair.female && other.male == pair.male; });
-    const bool is_known = places.contains(pair.female) && places.contains(pair.male);
-    if (is_forbidden || !is_known) {
-      input.has_faults = true;
-      const std::int32_t named = places.contains(pair.female) ? pair.male : pair.female;
-      tell_fault(input, options.wished_file, pair.line, input.store.id(named),
-                 is_forbidden ? is_forbidden_too : no_candidate);
-      continue;
-    }
-    wished.push_back(pair);
-    request.wished.push_back({pair.female, pair.male});
-  }
-  if (!input.has_faults) check_wishes(input, options.wished_file, wished, request);
 }
 
 /// What is asked for; nothing after a message.
@@ -234,9 +124,7 @@ std::optional<PlanRequest> make_request(PlanRun& run, PlanInput& input, const Ca
   request.wants_pairs = options.wants_pairs;
   constexpr double usual_rate = 0.005;
   request.rate = options.rate.value_or(usual_rate);
-  if (!options.numbers_file.empty()) read_numbers(input, options.numbers_file, request);
-  if (!options.values_file.empty()) read_values(input, options.values_file, request);
-  if (!input.has_faults) read_said_pairs(input, options, request);
+  read_said_request(input, options.lists, request);
   if (input.has_faults) return std::nullopt;
   const std::string count = std::to_string(request.matings);
   say(run.streams.console, options.matings ? phrase(matings_given, run.language, {count})
@@ -252,22 +140,27 @@ Refusal refuse_plan(const PlanRun& run, const PlanRequest& request, const Plan& 
   return ToolRefusal{run.folder.words(nothing_written)};
 }
 
-/// A cell at the right of its column; letters of UTF-8 count as one.
-std::string padded(std::string_view text, std::size_t width) {
-  const auto letters = static_cast<std::size_t>(std::count_if(
+/// Letters of UTF-8.
+std::size_t width_of(std::string_view text) {
+  return static_cast<std::size_t>(std::count_if(
       text.begin(), text.end(), [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }));
-  return std::string(width > letters ? width - letters : 1, ' ') + std::string(text);
+}
+
+/// A cell at the right of its column.
+std::string padded(std::string_view text, std::size_t width) {
+  return std::string(width > width_of(text) ? width - width_of(text) : 1, ' ') + std::string(text);
 }
 
 /// The comparison side by side, a line for each way.
 void say_comparison(const PlanRun& run, const ComparisonTable& table) {
-  constexpr std::size_t name_width = 40, cell_width = 14;
-  std::string heading(name_width, ' ');
+  constexpr std::size_t cell_width = 14;
+  std::size_t name_width = 38;
+  for (const ComparisonTable::Row& row : table.rows) name_width = std::max(name_width, width_of(row.way));
+  std::string heading(name_width + 2, ' ');
   for (std::size_t k = 1; k < table.short_headings.size(); ++k) heading += padded(table.short_headings[k], cell_width);
   say(run.streams.console, heading);
   for (const ComparisonTable::Row& row : table.rows) {
-    std::string line = "  " + row.way;
-    line += std::string(line.size() < name_width ? name_width - line.size() : 1, ' ');
+    std::string line = "  " + row.way + std::string(name_width - width_of(row.way), ' ');
     for (const std::string& cell : row.cells) line += padded(cell.empty() ? "-" : cell, cell_width);
     say(run.streams.console, line);
   }
@@ -333,16 +226,35 @@ std::vector<PlanFile> make_files(const PlanRun& run, const PlanRequest& request,
 }
 
 /// Refuses files whose names are those of something else.
-FileProblem find_name_problem(const PlanRun& run, const std::vector<PlanFile>& files) {
+FileProblem find_name_problem(const PlanRun& run, std::span<const PlanFile> files) {
   const PlanOptions& options = run.options;
-  const std::array<std::string, 7> lists = {options.females_file, options.males_file,     options.exclude_file,
-                                            options.numbers_file, options.forbidden_file, options.wished_file,
-                                            options.values_file};
+  const std::array<std::string, 7> lists = {options.lists.females, options.lists.males,     options.lists.exclude,
+                                            options.lists.numbers, options.lists.forbidden, options.lists.wished,
+                                            options.lists.values};
   for (const PlanFile& file : files) {
     FileProblem problem = find_obstacle(run.folder, file.name, lists, is_in_use);
     if (!problem.name.empty()) return problem;
   }
   return {};
+}
+
+/// Takes away what an earlier plan has left beside the files of this one: pairs must not stand beside contributions
+/// that are not theirs.
+void remove_older_files(const PlanRun& run, const std::vector<PlanFile>& files) {
+  for (const std::string_view ending : {"_plan.tsv", "_contributions.tsv", "_plan.xlsx"}) {
+    const PlanFile older = {name_beside_report(run.population().settings, ending), {}};
+    const bool is_new =
+        std::any_of(files.begin(), files.end(), [&](const PlanFile& file) { return file.name == older.name; });
+    std::error_code error;
+    if (is_new || !std::filesystem::is_regular_file(std::filesystem::symlink_status(older.name, error))) continue;
+    if (!find_name_problem(run, {&older, 1}).name.empty()) continue;  // something else of this run
+    std::filesystem::remove(older.name, error);
+    if (error) {
+      say(run.streams.messages, phrase(not_removed, run.language, {shown(older.name), error.message()}));
+    } else {
+      say(run.streams.console, phrase(removed, run.language, {shown(older.name)}));
+    }
+  }
 }
 
 Refusal write_files(const PlanRun& run, std::vector<PlanFile>& files) {
@@ -357,6 +269,7 @@ Refusal write_files(const PlanRun& run, std::vector<PlanFile>& files) {
   }
   if (is_fine && !is_stop_requested(run.streams) && finish_all(begun, true, problem)) {
     for (const PlanFile& file : files) say(run.streams.console, phrase(written, run.language, {shown(file.name)}));
+    remove_older_files(run, files);
     return std::nullopt;
   }
   for (NewFile* const file : begun) abandon(*file);
@@ -366,12 +279,16 @@ Refusal write_files(const PlanRun& run, std::vector<PlanFile>& files) {
 
 Refusal plan_and_write(FolderRun& folder, const PlanOptions& options) {
   PlanRun run = {folder, options, folder.streams, folder.language};
-  PlanInput input = {run.store(), run.streams, run.language};
+  LineReader data;
+  if (Refusal refusal = open_data_file(run.population().settings, data)) return refusal;
+  PlanInput input = {run.store(), run.streams, run.language,
+                     find_sex_evidence(run.store(), find_records_without_sex(data, run.population().settings.layout))};
   const std::optional<CandidatePool> pool = find_candidates(run, input);
   if (!pool) return ToolRefusal{folder.words(nothing_written)};
   for (const Sex sex : {male, female}) {
     say(run.streams.console, candidates_sentence(pool->candidates.of(sex), sex, run.language));
   }
+  if (pool->unknown_sexes > 0) say(run.streams.console, unknown_sexes_sentence(*pool, run.language));
   const std::optional<PlanRequest> request = make_request(run, input, *pool);
   if (!request) return ToolRefusal{folder.words(nothing_written)};
   const PlanWatch watch = {&run.streams.progress, run.streams.stop_request};

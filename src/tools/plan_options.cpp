@@ -71,15 +71,15 @@ constexpr auto rules = std::to_array<OptionRule>({{"--females"},
 
 struct FileOption {
   std::string_view name;
-  std::string PlanOptions::*file;
+  std::string SaidLists::*file;
 };
-constexpr auto file_options = std::to_array<FileOption>({{"--females", &PlanOptions::females_file},
-                                                         {"--males", &PlanOptions::males_file},
-                                                         {"--exclude", &PlanOptions::exclude_file},
-                                                         {"--numbers", &PlanOptions::numbers_file},
-                                                         {"--forbidden", &PlanOptions::forbidden_file},
-                                                         {"--wished", &PlanOptions::wished_file},
-                                                         {"--values", &PlanOptions::values_file}});
+constexpr auto file_options = std::to_array<FileOption>({{"--females", &SaidLists::females},
+                                                         {"--males", &SaidLists::males},
+                                                         {"--exclude", &SaidLists::exclude},
+                                                         {"--numbers", &SaidLists::numbers},
+                                                         {"--forbidden", &SaidLists::forbidden},
+                                                         {"--wished", &SaidLists::wished},
+                                                         {"--values", &SaidLists::values}});
 
 struct CountOption {
   std::string_view name;
@@ -151,7 +151,7 @@ std::string take_option(const GivenOption& given, PlanOptions& options) {
   for (const FileOption& option : file_options) {
     if (given.name != option.name) continue;
     if (given.value.empty()) return refusal(given, "the name of a file");
-    options.*option.file = given.value;
+    options.lists.*option.file = given.value;
     return {};
   }
   for (const CountOption& option : count_options) {
@@ -168,14 +168,14 @@ std::string take_option(const GivenOption& given, PlanOptions& options) {
 
 /// Options that have no meaning together.
 std::string find_conflict(const PlanOptions& options) {
-  if (options.years && !options.females_file.empty() && !options.males_file.empty()) {
+  if (options.years && !options.lists.females.empty() && !options.lists.males.empty()) {
     return "--years has no meaning when all animals are named with --females and --males";
   }
-  if (options.rate && options.values_file.empty()) return "--rate has no meaning without --values FILE";
+  if (options.rate && options.lists.values.empty()) return "--rate has no meaning without --values FILE";
   if (options.most_per_male && options.least_per_male && *options.least_per_male > *options.most_per_male) {
     return "--least-per-male is above --most-per-male";
   }
-  const bool speaks_of_pairs = options.most_f || !options.forbidden_file.empty() || !options.wished_file.empty();
+  const bool speaks_of_pairs = options.most_f || !options.lists.forbidden.empty() || !options.lists.wished.empty();
   if (!options.wants_pairs && speaks_of_pairs)
     return "--contributions-only makes no pairs: leave out the options for them";
   return {};

@@ -7,10 +7,12 @@
 #include <string>
 #include <string_view>
 
+#include "planning/said_request.h"
+
 namespace pedigreewatch {
 
 struct PlanOptions {
-  std::string females_file, males_file, exclude_file, numbers_file, forbidden_file, wished_file, values_file;
+  SaidLists lists;
   std::optional<std::int32_t> years, matings, most_per_male, most_per_female, least_per_male;
   std::optional<std::string> subpopulation;
   double least_generations = 0.0;

@@ -241,7 +241,7 @@ TEST(DeskPlanning, MakesAPlanAndChangesItByHand) {
 TEST(DeskPlanning, SaysWhatStandsInTheWayInItsOwnWords) {
   DeskWithRun opened;
   const std::string few = make_desk_plan(opened.desk, "years=1\nmatings=5");
-  EXPECT_TRUE(holds(few, "5 matings do not fit")) << few;
+  EXPECT_TRUE(holds(few, "there is no room for 5 matings")) << few;
   EXPECT_FALSE(holds(few, "--")) << few;
   EXPECT_EQ(list_plan(opened.desk, 0, 5), R"({"rows":[]})");
   const std::string close = make_desk_plan(opened.desk, "years=1\nmatings=2\nmostF=0\nmostPerMale=1");
@@ -250,6 +250,31 @@ TEST(DeskPlanning, SaysWhatStandsInTheWayInItsOwnWords) {
   EXPECT_TRUE(holds(make_desk_plan(empty, ""), "no results"));
   EXPECT_EQ(plan_table(empty) + plan_page(empty) + contributions_table(empty) + plan_workbook(empty), "");
   EXPECT_TRUE(holds(change_plan(empty, "swap", 0, 0), "messages"));
+}
+
+TEST(Desk, PlansWithListsThatWereTyped) {
+  OpenedDesk opened(family);
+  Desk& desk = opened.desk;
+  write_files_of_export(desk);
+  run_analysis(desk);
+  const std::string named = make_desk_plan(desk,
+                                           "males=A\x1E"
+                                           "C\nfemales=B\x1E"
+                                           "D\nmatings=2\nnumbers=id number\x1E"
+                                           "A 2");
+  EXPECT_TRUE(holds(named, R"("messages":[])")) << named;
+  EXPECT_TRUE(holds(named, "males: 2, of the list")) << named;
+  EXPECT_TRUE(holds(named, "numbers, line 1: taken for the names of the columns")) << named;
+  EXPECT_TRUE(holds(plan_table(desk), "B\tA\t1\t0\t")) << plan_table(desk);
+  EXPECT_TRUE(holds(plan_table(desk), "D\tA\t1\t0.25\t")) << plan_table(desk);
+  const std::string refused = make_desk_plan(desk, "males=A\x1Enobody\nmatings=1");
+  EXPECT_TRUE(holds(refused, R"(males, line 2: \u0022nobody\u0022: no animal has this identification)")) << refused;
+  const std::string valued = make_desk_plan(desk,
+                                            "males=A\x1E"
+                                            "C\nfemales=B\nmatings=1\nvalues=C 10\x1E"
+                                            "A 1\nrate=50");
+  EXPECT_TRUE(holds(valued, "mean breeding value")) << valued;
+  EXPECT_TRUE(holds(make_desk_plan(desk, "years=3\nmatings=1\nexclude= \x1E "), R"("messages":[])"));
 }
 
 TEST(Desk, HasNothingOfMatingsBeforeARun) {

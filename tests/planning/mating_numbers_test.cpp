@@ -5,6 +5,7 @@
 
 #include <numeric>
 
+#include "support/diversity_pedigrees.h"
 #include "support/pedigrees.h"
 #include "support/planning_problems.h"
 
@@ -115,6 +116,41 @@ TEST(BestNumbers, WithABoundRaiseTheValueWithinIt) {
   }
 }
 
+// How many males to use is what exchanges of two animals cannot find out.
+TEST(BestNumbers, WithALeastForMalesAreNearlyTheBestOfAll) {
+  int best = 0, problems = 0;
+  for (std::uint64_t seed = 1; seed <= 150; ++seed) {
+    const DenseProblem problem = random_problem(seed, 40, static_cast<std::int32_t>(3 + seed % 3), 3);
+    NumberLimits limits = limits_of(problem.sex, 6, 6, 4);
+    limits.least_if_used = static_cast<std::int32_t>(2 + seed % 2);
+    SCOPED_TRACE(seed);
+    const MatingNumbers found = solve(problem, limits);
+    expect_permitted(limits, found.numbers);
+    const double least = least_of_all_numbers(problem, limits);
+    EXPECT_LE(found.mean_kinship, 1.03 * least);
+    ++problems;
+    if (found.mean_kinship <= least + 1e-6) ++best;
+  }
+  EXPECT_GE(best, problems * 9 / 10);
+}
+
+// With more possible numbers of males than starts: unrelated animals, of which as many as possible are best.
+TEST(BestNumbers, OfManyMalesUseAsManyAsTheirLeastAllows) {
+  std::string animals;
+  for (int k = 0; k < 60; ++k) animals += "m" + std::to_string(k) + " 0 0 m 2000\n";
+  for (int k = 0; k < 90; ++k) animals += "f" + std::to_string(k) + " 0 0 f 2000\n";
+  const PopulationStore store = with_inbreeding(pedigree_from_text(animals));
+  std::vector<std::int32_t> males, females;
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) (store.sex[i] == male ? males : females).push_back(i);
+  const DenseProblem problem = dense_problem(store, males, females);
+  NumberLimits limits = limits_of(problem.sex, 90, 90, 1);
+  limits.least_if_used = 2;
+  const MatingNumbers found = solve(problem, limits);
+  expect_permitted(limits, found.numbers);
+  // 45 males with 2 matings each, and 90 females: (45 x 4 + 90) / 2 / 180^2.
+  EXPECT_NEAR(found.mean_kinship, 135.0 / 32400.0, 1e-9);
+}
+
 TEST(IsPermitted, ExceptsNoneFromTheLeastOfAUsedMale) {
   NumberLimits limits = limits_of({male, female}, 6, 5, 5);
   limits.least_if_used = 3;
@@ -139,6 +175,10 @@ TEST(FindNumberObstacle, TellsBoundsThatCannotBeMet) {
   EXPECT_EQ(find_number_obstacle(limits, male), NumberObstacle::no_sum);
   limits.matings = 6;
   EXPECT_EQ(find_number_obstacle(limits, male), NumberObstacle::none);
+  limits.least_if_used = 5;  // above the most: without it 8 would fit
+  EXPECT_EQ(find_number_obstacle(limits, male), NumberObstacle::no_sum);
+  limits.matings = 9;
+  EXPECT_EQ(find_number_obstacle(limits, male), NumberObstacle::too_few);
 }
 
 TEST(ShareLimitsOf, AreThoseOfTheNumbers) {

@@ -75,6 +75,16 @@ TEST(AssignPairs, NamesThoseWhoStandInEachOthersWay) {
   EXPECT_EQ(found.their_males, (std::vector<std::size_t>{0}));
 }
 
+TEST(AssignPairs, NamesAllGroupsThatHaveNothingToDoWithEachOther) {
+  constexpr PairCost no = forbidden_pair;
+  // Females 0 and 1 share male 0, females 2 and 3 male 1, female 4 has no male, and female 5 has male 2.
+  const PairProblem problem{
+      6, 3, {1, no, no, 1, no, no, no, 1, no, no, 1, no, no, no, no, no, no, 1}, {1, 1, 1, 1, 1, 1}, {1, 1, 4}};
+  const PairAssignment found = assign_pairs(problem);
+  EXPECT_EQ(found.stuck_females, (std::vector<std::size_t>{0, 1, 2, 3, 4}));
+  EXPECT_EQ(found.their_males, (std::vector<std::size_t>{0, 1}));
+}
+
 TEST(AssignPairs, NamesAFemaleWithoutAnyMale) {
   constexpr PairCost no = forbidden_pair;
   const PairProblem problem{2, 1, {no, 4}, {1, 1}, {2}};

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 #include "planning/plan.h"
@@ -76,6 +77,28 @@ TEST(GatherCandidates, ByYearsStopsAtTheFirstYear) {
   EXPECT_EQ(ids_of(store, gather_candidates(store, rules).candidates.of_males.positions), "ad bo ");
   rules.least_generations = 0.5;  // Cor knows one parent
   EXPECT_EQ(ids_of(store, gather_candidates(store, rules).candidates.of_males.positions), "ad bo cor ");
+}
+
+TEST(GatherCandidates, ThoseOfUnknownSexAreLeftOutUnlessTheirYoungTellIt) {
+  const PopulationStore store = with_inbreeding(pedigree_from_text(herd));
+  const auto record = [&](std::string_view id) { return store.record_no(animal_named(store, id).number); };
+  // Fie has no young; Eva is a dam; Bo nothing.
+  CandidateRules rules;
+  rules.records_without_sex = {record("bo"), record("eva"), record("fie")};
+  std::sort(rules.records_without_sex.begin(), rules.records_without_sex.end());
+  rules.years = 5;  // from 2003 on
+  const CandidatePool pool = gather_candidates(store, rules);
+  EXPECT_EQ(ids_of(store, pool.candidates.of_males.positions), "cor dirk gijs ");
+  EXPECT_EQ(ids_of(store, pool.candidates.of_females.positions), "eva ");
+  EXPECT_EQ(pool.unknown_sexes, 2);
+  EXPECT_EQ(reason_of(pool, store, "bo"), code(WhyNone::unknown_sex));
+  EXPECT_EQ(reason_of(pool, store, "fie"), code(WhyNone::unknown_sex));
+  // By ages only Bo is as old as sires have been.
+  rules.years.reset();
+  EXPECT_EQ(gather_candidates(store, rules).unknown_sexes, 1);
+  rules.years = 5;
+  rules.excluded = {animal_named(store, "bo").number};
+  EXPECT_EQ(gather_candidates(store, rules).unknown_sexes, 1);
 }
 
 TEST(GatherCandidates, KeepToASubpopulation) {

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tools/plan_inputs.h"
+#include "planning/said_lists.h"
 #include "tools/subcommands.h"
 
 namespace pedigreewatch::test {

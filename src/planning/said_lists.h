@@ -1,23 +1,28 @@
-// The files that a plan is told more with: lists of animals, numbers of matings, pairs, breeding values. Everything
-// that is wrong with them is said, with file and line; a plan is not made then.
+// The lists that a plan is told more with, files or texts that were typed: animals, numbers of matings, pairs, breeding
+// values. Everything that is wrong with them is said, with list and line; a plan is not made then.
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "core/tool_streams.h"
-#include "pedigree/population_store.h"
+#include "planning/known_sexes.h"
 #include "text/phrases.h"
 
 namespace pedigreewatch {
 
-/// Where faults are told.
+/// Where faults are told. Streams without a file keep what is said.
 struct PlanInput {
   const PopulationStore& store;
   ToolStreams& streams;
   ToolLanguage language;
+  SexEvidence sexes;                                 ///< with those that lists have told of animals without a sex
+  std::unordered_set<std::int32_t> told_sexes = {};  ///< these animals
+  std::map<std::string, std::string> texts = {};     ///< by name: a list that was typed, and is no file
   bool has_faults = false;
 };
 
@@ -36,11 +41,12 @@ enum class LineForm : std::uint8_t {
 };
 
 /// The animals of a list whose identifications are known. Fields are divided by a tab, a semicolon, a comma or, where
-/// there is none of these, by blanks. An animal that stands twice is told and taken once.
+/// there is none of these, by blanks. An animal that stands twice is told and taken once; with two values it is a
+/// fault. A first line of two words without digits is taken for a heading, and told.
 std::vector<ListedAnimal> read_animals(PlanInput& input, const std::string& name, std::string_view option,
                                        LineForm form);
 
-/// The animals of a list, all of which are of the wanted sex.
+/// The animals of a list, all of which are of the wanted sex: the list tells it of those that have none.
 std::vector<std::int32_t> read_candidates(PlanInput& input, const std::string& name, std::string_view option, Sex sex);
 
 /// Two animals of different sex. Positions.

@@ -1,5 +1,6 @@
-#include "tools/plan_inputs.h"
+#include "planning/said_lists.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
@@ -36,6 +37,17 @@ constexpr Wording same_sex = {"a female and a male were expected, both are of on
 constexpr Wording lacks_field = {"a second field was expected, behind a tab, semicolon, comma or blank",
                                  "een tweede veld werd verwacht, na een tab, puntkomma, komma of spatie"};
 constexpr Wording repeated = {"stands in the list already; taken once", "staat al in de lijst; eenmaal meegenomen"};
+constexpr Wording other_value = {"{1}, line {2}: {3}: another value stands on line {4}; take one of them out",
+                                 "{1}, regel {2}: {3}: op regel {4} staat een andere waarde; haal een van de twee weg"};
+constexpr Wording taken_for_heading = {"{1}, line 1: taken for the names of the columns: {2}",
+                                       "{1}, regel 1: gelezen als namen van de kolommen: {2}"};
+constexpr Wording in_both_lists = {
+    "stands in the lists of both sexes, and the data file does not tell its sex; take it out of one of them",
+    "staat in de lijsten van beide geslachten, en het databestand noemt geen geslacht; haal het uit een van de twee"};
+constexpr Wording no_sex = {
+    "the data file does not tell the sex of this animal; name it in the list of males or of females, or mend the data file",
+    "het databestand noemt geen geslacht van dit dier; noem het in de lijst van vaders of van moeders, of verbeter het "
+    "databestand"};
 constexpr Wording further_faults = {"{1}: and more faults of this list", "{1}: en nog meer fouten in deze lijst"};
 
 constexpr std::string_view blanks = " \t\r";
@@ -71,9 +83,35 @@ void refuse_file(PlanInput& input, const Wording& wording, std::initializer_list
   tell(input.streams, phrase(wording, input.language, values));
 }
 
-std::vector<ListLine> read_lines(PlanInput& input, const std::string& name, std::string_view option) {
+/// Takes a line of a list; false when it is none.
+bool take_line(PlanInput& input, const std::string& name, std::int64_t number, std::string_view line,
+               std::vector<ListLine>& lines) {
   constexpr std::size_t most_lines = 1'000'000;
   constexpr std::string_view utf_8_mark = "\xEF\xBB\xBF";
+  if (line.find('\0') != std::string_view::npos || (number == 1 && line.starts_with("\xFF\xFE"))) {
+    refuse_file(input, no_text, {shown(name)});
+    return false;
+  }
+  if (number == 1 && line.starts_with(utf_8_mark)) line.remove_prefix(utf_8_mark.size());
+  const std::string_view text = without_blanks(line);
+  if (!text.empty()) lines.push_back({number, std::string(text)});
+  if (lines.size() <= most_lines) return true;
+  refuse_file(input, too_many_lines, {shown(name), std::to_string(most_lines)});
+  return false;
+}
+
+/// The lines of a text that was typed.
+std::vector<ListLine> lines_of_text(PlanInput& input, const std::string& name, std::string_view text) {
+  std::vector<ListLine> lines;
+  for (std::int64_t number = 1; !text.empty(); ++number) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    if (!take_line(input, name, number, text.substr(0, end), lines)) return {};
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return lines;
+}
+
+std::vector<ListLine> lines_of_file(PlanInput& input, const std::string& name, std::string_view option) {
   std::vector<ListLine> lines;
   LineReader reader;
   if (!open_for_reading(reader, name)) {
@@ -82,25 +120,32 @@ std::vector<ListLine> read_lines(PlanInput& input, const std::string& name, std:
   }
   std::string_view line;
   while (read_line(reader, line)) {
-    if (line.find('\0') != std::string_view::npos || (reader.line_number == 1 && line.starts_with("\xFF\xFE"))) {
-      refuse_file(input, no_text, {shown(name)});
-      return {};
-    }
-    if (reader.line_number == 1 && line.starts_with(utf_8_mark)) line.remove_prefix(utf_8_mark.size());
-    const std::string_view text = without_blanks(line);
-    if (!text.empty()) lines.push_back({reader.line_number, std::string(text)});
-    if (lines.size() <= most_lines) continue;
-    refuse_file(input, too_many_lines, {shown(name), std::to_string(most_lines)});
-    return {};
+    if (!take_line(input, name, reader.line_number, line, lines)) return {};
   }
   if (reader.error != 0) refuse_file(input, {"{1}: {2}", "{1}: {2}"}, {shown(name), error_text(reader.error)});
+  return lines;
+}
+
+std::vector<ListLine> read_lines(PlanInput& input, const std::string& name, std::string_view option) {
+  const auto text = input.texts.find(name);
+  std::vector<ListLine> lines =
+      text == input.texts.end() ? lines_of_file(input, name, option) : lines_of_text(input, name, text->second);
   if (lines.empty() && !input.has_faults) refuse_file(input, empty_list, {shown(name)});
   return lines;
 }
 
-/// Whether a first line names columns instead of an animal.
+/// Whether a first line names columns instead of an animal: two words without any digit.
 bool is_heading(const ListedAnimal& animal, LineForm form) {
-  return form == LineForm::id_value && animal.position == 0 && !read_value(animal.text) && !read_range(animal.text);
+  constexpr std::string_view all_digits = "0123456789";
+  const auto has_digit = [&](const std::string& text) { return text.find_first_of(all_digits) != std::string::npos; };
+  return form == LineForm::id_value && animal.position == 0 && !animal.text.empty() && !has_digit(animal.id) &&
+         !has_digit(animal.text);
+}
+
+/// Whether two texts say the same number.
+bool is_same_value(const std::string& one, const std::string& other) {
+  const std::optional<double> value = read_value(one);
+  return one == other || (value && value == read_value(other));
 }
 
 /// Faults of one list: beyond so many, one line says that there are more.
@@ -140,22 +185,45 @@ void tell_fault(PlanInput& input, const std::string& name, std::int64_t line, st
               {shown(name), std::to_string(line), in_quotes(readable(text)), words_of(fault, input.language)}));
 }
 
+namespace {
+
+/// An animal that stands twice: the same again is told, something else is a fault.
+void tell_repeated(PlanInput& input, const std::string& name, const ListedAnimal& again, const ListedAnimal& first) {
+  if (is_same_value(again.text, first.text)) return tell_fault(input, name, again.line, again.id, repeated);
+  input.has_faults = true;
+  tell(input.streams,
+       phrase(other_value, input.language,
+              {shown(name), std::to_string(again.line), in_quotes(readable(again.id)), std::to_string(first.line)}));
+}
+
+}  // namespace
+
 std::vector<ListedAnimal> read_animals(PlanInput& input, const std::string& name, std::string_view option,
                                        LineForm form) {
   std::vector<ListedAnimal> animals = look_up(input, read_lines(input, name, option), form);
-  if (!animals.empty() && is_heading(animals.front(), form)) animals.erase(animals.begin());
+  if (!animals.empty() && is_heading(animals.front(), form)) {
+    const ListedAnimal& heading = animals.front();
+    say(input.streams.console,
+        phrase(taken_for_heading, input.language, {shown(name), in_quotes(heading.id + " " + heading.text)}));
+    animals.erase(animals.begin());
+  }
   std::vector<ListedAnimal> known;
-  std::unordered_map<std::int32_t, std::int64_t> first_line;
+  std::unordered_map<std::int32_t, std::size_t> first_place;
   FaultCount faults;
   for (ListedAnimal& animal : animals) {
     if (animal.position == 0) {
       count_fault(input, faults, name, animal, unknown_id);
-    } else if (form != LineForm::id && animal.text.empty()) {
+      continue;
+    }
+    if (form != LineForm::id && animal.text.empty()) {
       count_fault(input, faults, name, animal, lacks_field);
-    } else if (form != LineForm::two_ids && !first_line.emplace(animal.position, animal.line).second) {
-      tell_fault(input, name, animal.line, animal.id, repeated);
-    } else {
+      continue;
+    }
+    const auto [place, is_first] = first_place.emplace(animal.position, known.size());
+    if (is_first || form == LineForm::two_ids) {
       known.push_back(std::move(animal));
+    } else {
+      tell_repeated(input, name, animal, known[place->second]);
     }
   }
   return known;
@@ -165,31 +233,42 @@ std::vector<std::int32_t> read_candidates(PlanInput& input, const std::string& n
   std::vector<std::int32_t> positions;
   FaultCount faults;
   for (const ListedAnimal& animal : read_animals(input, name, option, LineForm::id)) {
-    if (input.store.sex[animal.position] == sex) {
-      positions.push_back(animal.position);
-    } else {
-      count_fault(input, faults, name, animal, sex == female ? is_male : is_female);
+    const std::optional<Sex> known = known_sex(input.store, input.sexes, animal.position);
+    if (known.value_or(sex) != sex) {
+      const bool is_told = input.told_sexes.contains(animal.position);
+      count_fault(input, faults, name, animal, is_told ? in_both_lists : sex == female ? is_male : is_female);
+      continue;
     }
+    positions.push_back(animal.position);
+    if (known) continue;
+    // The list tells it from now on.
+    (sex == male ? input.sexes.was_sire : input.sexes.was_dam)[animal.position] = 1;
+    input.told_sexes.insert(animal.position);
   }
   return positions;
 }
 
 std::vector<ReadPair> read_pairs(PlanInput& input, const std::string& name, std::string_view option) {
-  const std::vector<ListedAnimal> first = read_animals(input, name, option, LineForm::two_ids);
-  std::vector<ListedId> mates;
-  mates.reserve(first.size());
-  for (const ListedAnimal& animal : first) mates.push_back({animal.line, animal.text});
-  const std::vector<std::int32_t> positions = positions_listed(input.store, mates);
   std::vector<ReadPair> pairs;
   FaultCount faults;
+  const std::vector<ListedAnimal> first = read_animals(input, name, option, LineForm::two_ids);
+  std::vector<ListedId> ids;
+  for (const ListedAnimal& animal : first) ids.push_back({animal.line, animal.text});
+  const std::vector<std::int32_t> positions = positions_listed(input.store, ids);
   for (std::size_t k = 0; k < first.size(); ++k) {
-    const Sex sex = input.store.sex[first[k].position];
+    const ListedAnimal second = {first[k].line, positions[k], first[k].text, {}};
     if (positions[k] == 0) {
-      count_fault(input, faults, name, {first[k].line, 0, first[k].text, {}}, unknown_id);
-    } else if (input.store.sex[positions[k]] == sex) {
+      count_fault(input, faults, name, second, unknown_id);
+      continue;
+    }
+    const std::optional<Sex> sex = known_sex(input.store, input.sexes, first[k].position);
+    const std::optional<Sex> other = known_sex(input.store, input.sexes, positions[k]);
+    if (!sex || !other) {
+      count_fault(input, faults, name, sex ? second : first[k], no_sex);
+    } else if (*sex == *other) {
       count_fault(input, faults, name, first[k], same_sex);
     } else {
-      const bool is_female_first = sex == female;
+      const bool is_female_first = *sex == female;
       pairs.push_back({first[k].line, is_female_first ? first[k].position : positions[k],
                        is_female_first ? positions[k] : first[k].position});
     }
