@@ -150,8 +150,10 @@ struct Refusal {
 
 TEST(MatingsRun, RefusesListsThatNobodyCanBeTakenFrom) {
   for (const Refusal& refusal : std::vector<Refusal>{
-           {{"--females", "none.txt"}, "", "\"none.txt\": the file of --females could not be opened\n"},
-           {{"--males", "folder"}, "", "\"folder\": the file of --males could not be opened\n"},
+           {{"--females", "none.txt"},
+            "",
+            "\"none.txt\": the file of --females could not be opened: No such file or directory\n"},
+           {{"--males", "folder"}, "", "\"folder\": the file of --males could not be opened: Is a directory\n"},
            {{"--females", "l.txt"}, "", "l.txt: no identification stands in this file\n"},
            {{"--females", "l.txt"}, "\r\n \r\n", "l.txt: no identification stands in this file\n"},
            {{"--females", "l.txt"}, "rex\n", "left out\nl.txt: none of its animals can be used\n"},

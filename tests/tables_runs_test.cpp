@@ -197,16 +197,23 @@ TEST(TablesRun, WritesCommasWhenAsked) {
 }
 
 TEST(TablesRun, KeepsHostileNamesInTheirCells) {
-  const WholeRun run =
-      tables_on(files_of(header + "=cmd|'x'!A1;m;01-02-2003;;\na\tb;f;01-02-2003;;\nZo\xEB;f;01-02-2004;=cmd|'x'!A1;"
-                                  "a\tb\n"));
-  ASSERT_EQ(run.exit_status, 0) << run.messages;
-  const ReadTable animals = read_table(run.file("dogs_animals.tsv"));
-  ASSERT_EQ(animals.rows.size(), 3U);
-  EXPECT_EQ(animals.cell(0, "id"), "=cmd|'x'!A1");
-  EXPECT_EQ(animals.cell(1, "id"), "a<U+0009>b");
-  EXPECT_EQ(animals.cell(2, "id"), "Zo\xC3\xAB");
-  EXPECT_EQ(animals.cell(2, "dam"), "a<U+0009>b");
+  const Files files = files_of(header +
+                               "=cmd|'x'!A1;m;01-02-2003;;\na\tb;f;01-02-2003;;\nZo\xEB;f;01-02-2004;=cmd|'x'!A1;a\tb\n"
+                               "-5;f;01-02-2004;;\n");
+  for (const bool is_plain : {false, true}) {
+    const WholeRun run = tables_on(files, is_plain ? std::vector<std::string>{"--plain"} : std::vector<std::string>{});
+    ASSERT_EQ(run.exit_status, 0) << run.messages;
+    const ReadTable animals = read_table(run.file("dogs_animals.tsv"));
+    ASSERT_EQ(animals.rows.size(), 4U);
+    EXPECT_EQ(animals.cell(0, "id"), is_plain ? "=cmd|'x'!A1" : "'=cmd|'x'!A1");
+    EXPECT_EQ(animals.cell(1, "id"), "a<U+0009>b");
+    EXPECT_EQ(animals.cell(2, "id"), "Zo\xC3\xAB");
+    EXPECT_EQ(animals.cell(2, "sire"), is_plain ? "=cmd|'x'!A1" : "'=cmd|'x'!A1");
+    EXPECT_EQ(animals.cell(2, "dam"), "a<U+0009>b");
+    EXPECT_EQ(animals.cell(3, "id"), "-5");
+  }
+  const WholeRun commas = tables_on(files_of(header + "=a,b;m;01-02-2003;;\n"), {"--csv"});
+  EXPECT_TRUE(lines_of(commas.file("dogs_animals.csv"))[1].starts_with("\"'=a,b\",")) << "within the quotation marks";
 }
 
 TEST(TablesRun, GivesEveryColourAColumnOfItsOwn) {

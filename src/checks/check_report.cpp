@@ -9,6 +9,7 @@
 #include "checks/finding_kinds.h"
 #include "checks/readable_text.h"
 #include "intake/said_values.h"
+#include "text/spreadsheet_cell.h"
 
 namespace pedigreewatch {
 namespace {
@@ -176,9 +177,11 @@ std::vector<FindingCell> table_cells(const Finding& finding, const CheckResult& 
           {list_lines(lines_of(result.findings, finding), all_places, language)}};
 }
 
-std::string table_row(const Finding& finding, const CheckResult& result, ToolLanguage language) {
+std::string table_row(const Finding& finding, const CheckResult& result, ToolLanguage language, bool is_plain) {
   std::string row;
-  for (const FindingCell& cell : table_cells(finding, result, language)) row += cell.text + "\t";
+  for (const FindingCell& cell : table_cells(finding, result, language)) {
+    row += (is_plain ? cell.text : as_text_cell(cell.text)) + "\t";
+  }
   row.pop_back();
   return row;
 }
@@ -212,7 +215,7 @@ bool write_table(CheckResult& result, const CheckReport& report, FileProblem& pr
   if (!begin_file(file, report.table_file, problem)) return false;
   write_bytes(file, table_heading_of(report.language));
   for (const Finding& finding : result.findings.list) {
-    write_bytes(file, table_row(finding, result, report.language) + "\n");
+    write_bytes(file, table_row(finding, result, report.language, report.is_plain) + "\n");
   }
   return finish_file(file, problem);
 }

@@ -21,6 +21,7 @@ struct CheckReport {
   ToolLanguage language = ToolLanguage::english;
   std::optional<FindingCode> wanted;  ///< only this kind, in full
   std::string export_name = {};       ///< the file whose lines are named; empty: the data file
+  bool is_plain = false;              ///< cells that begin like a formula are written as they are
 };
 
 /// The message of a finding without its place, in UTF-8. Of findings with several lines it names the first few places.
@@ -30,8 +31,9 @@ std::string message_of(const Finding& finding, const CheckResult& result, ToolLa
 /// The line with the names of the table's columns, with its end.
 std::string_view table_heading_of(ToolLanguage language);
 
-/// A line of the table, without its end.
-std::string table_row(const Finding& finding, const CheckResult& result, ToolLanguage language);
+/// A line of the table, without its end. Cells that begin like a formula stand behind an apostrophe, unless it is
+/// plain.
+std::string table_row(const Finding& finding, const CheckResult& result, ToolLanguage language, bool is_plain = false);
 
 /// A cell of the table.
 struct FindingCell {

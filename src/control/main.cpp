@@ -105,9 +105,10 @@ int main(int argument_count, char** arguments) {
   if (argument_count > 1) return answer(arguments[1]);
   pedigreewatch::RunStreams streams;
   streams.console.file = stdout;
-  streams.console.shows_each_line = is_terminal(stdout);
+  streams.console.is_terminal = streams.console.shows_each_line = is_terminal(stdout);
   streams.messages.file = stderr;
   streams.messages.shows_each_line = true;
+  streams.messages.is_terminal = is_terminal(stderr);
   streams.keyboard = stdin;
   streams.console.stop_request = &stop_request;
   streams.when_report_is_open = watch_for_stop;

@@ -4,6 +4,7 @@
 
 #include <string_view>
 
+#include "core/line_reader.h"
 #include "core/line_writer.h"
 #include "core/run_streams.h"
 
@@ -16,7 +17,9 @@ struct MissingFileMessages {
   std::string_view dutch_error, dutch_error_end, dutch_reason;
 };
 
-/// Prints the messages, waits and stops the run. `name` is printed in its full width behind both error texts.
-[[noreturn]] void stop_on_missing_file(RunStreams& streams, const MissingFileMessages& messages, std::string_view name);
+/// Prints the messages, and on standard error the system's reason why `file` could not be opened, waits and stops the
+/// run. `name` is printed in its full width behind both error texts.
+[[noreturn]] void stop_on_missing_file(RunStreams& streams, const MissingFileMessages& messages, std::string_view name,
+                                       const LineReader& file);
 
 }  // namespace pedigreewatch

@@ -22,6 +22,7 @@ PopulationStore read_store(LineReader& data, const SteerSettings& settings, RunS
   const std::int32_t line_count = count_lines(data, streams);
   begin_phase(streams.phase_times, "reading records");
   PopulationStore store = read_population(data, line_count, settings.layout, streams);
+  stop_if_changed(data, streams);
   check_year_span(store, data.name, streams);
   return store;
 }
@@ -44,6 +45,15 @@ Analysis begin_analysis(const PopulationStore& store, const SteerSettings& setti
   return analysis;
 }
 
+/// Stops the run before it makes a report that nobody can read. `oldest`: 0 as long as the ages are not known.
+void check_size(const AnalysedPopulation& population, const OldestParents& oldest, std::string_view data_file,
+                RunStreams& streams) {
+  const DataFileLayout& layout = population.settings.layout;
+  if (!streams.makes_report) return;
+  if (!is_too_large(most_report_bytes(population.store, layout, population.breeders, oldest))) return;
+  check_report_bytes(count_report_bytes(population.store, layout, population.breeders, oldest), data_file, streams);
+}
+
 /// Fills the parents' ages and the completeness of every animal, and everything that is counted; yields the yearly
 /// tables, which become part of the block. Dates that would make an endless report stop the run with a message that
 /// names `data_file`.
@@ -52,6 +62,7 @@ MonitorTables compute_statistics(AnalysedPopulation& population, std::string_vie
   Analysis& analysis = population.analysis;
   const OldestParents oldest = determine_parent_ages(store, streams.console);
   check_parent_ages(store, oldest, data_file, streams);
+  check_size(population, oldest, data_file, streams);
   determine_completeness(store);
   MonitorTables tables = monitor_population(store, analysis.years, population.settings.layout.colours,
                                             population.breeders, oldest, streams.console);
@@ -93,11 +104,13 @@ ReportFrame report_frame_of(const AnalysedPopulation& population, TextOutput& re
 AnalysedPopulation analyse_population(SteerSettings settings, LineReader& data, RunStreams& streams) {
   AnalysedPopulation population;
   population.settings = std::move(settings);
+  population.data_state = data.state;
   PopulationStore& store = population.store;
   store = read_store(data, population.settings, streams);  // the birth years never change from here on
   begin_phase(streams.phase_times, "breeders");
   population.breeders = store.has_breeder ? list_breeders(store, streams.console) : no_breeders();
   complete_pedigree(store, streams);
+  check_size(population, {}, data.name, streams);
   begin_phase(streams.phase_times, "subpopulation scan");
   population.analysis = begin_analysis(store, population.settings, streams.console);
   begin_phase(streams.phase_times, "yearly statistics");

@@ -70,54 +70,19 @@ void stop_if_protected(const std::string& name, RunStreams& streams) {
   std::fclose(file);
 }
 
-/// Puts the report of an earlier run aside, in the place of one that is not complete.
-void put_aside(const std::string& name, const std::string& kept_name, RunStreams& streams) {
-  stop_if_protected(name, streams);
-  std::error_code error;
-  std::filesystem::rename(name, kept_name, error);
-  if (!error) return;
-  stop_on_file(streams, name, "the last complete report could not be kept as " + kept_name + ": " + error.message());
-}
-
-/// The name by which the last complete report is kept must be free, or that of a report.
+/// The name by which a report is kept that a run with bad data replaces must be free, or that of a report.
 void check_kept_name(const std::string& kept_name, std::span<const std::string> inputs, RunStreams& streams) {
   if (is_plain_file(kept_name)) return stop_if_input(kept_name, inputs, streams);
   if (is_free(kept_name)) return;
   stop_on_file(streams, kept_name, "this is no plain file, and the last complete report is kept under that name");
 }
 
-/// Sees to it that the last complete report survives this run. Yields the name of the file that keeps it; empty when
-/// there is none.
-std::string keep_last_complete_report(const std::string& name, const std::string& kept_name,
-                                      std::span<const std::string> inputs, RunStreams& streams) {
-  const bool is_there = is_plain_file(name);
-  if (!is_there && !is_free(name)) return {};  // a link, a device or a folder
-  check_kept_name(kept_name, inputs, streams);
-  if (is_plain_file(kept_name) && !is_known_incomplete(kept_name)) return kept_name;
-  if (!is_there || is_known_incomplete(name)) return {};
-  put_aside(name, kept_name, streams);
-  return kept_name;
+/// Whether a report of this name is a complete one, for all that can be told.
+bool is_complete_report(const std::string& name) {
+  return is_plain_file(name) && !is_known_incomplete(name);
 }
 
-/// Opens the report for writing, with the rights of the last complete one. When that fails the last complete report
-/// goes back to its name if it can.
-std::FILE* create_report(const std::string& name, const std::string& kept_name, RunStreams& streams) {
-  namespace fs = std::filesystem;
-  std::FILE* const file = std::fopen(name.c_str(), "wb");
-  const int reason = errno;
-  std::error_code error;
-  if (file == nullptr) {
-    if (!kept_name.empty() && is_free(name)) fs::rename(kept_name, name, error);
-    stop_on_file(streams, name, error_text(reason));
-  }
-  if (!kept_name.empty()) {
-    const fs::perms rights = fs::status(kept_name, error).permissions();
-    if (!error) fs::permissions(name, rights, error);
-  }
-  return file;
-}
-
-/// Another run in the same folder may have removed the report that this one has kept.
+/// Another run in the same folder may have removed the report that was kept.
 bool has_last_complete(const RunStreams& streams) {
   return !streams.last_complete_report.empty() && is_plain_file(streams.last_complete_report);
 }
@@ -127,16 +92,80 @@ void append_last_complete(RunStreams& streams) {
   append(streams.messages, "; the last complete report is " + streams.last_complete_report);
 }
 
+/// What a link leads to, if that is a file: it is replaced, and the link stays.
+std::string target_of(const std::string& name) {
+  std::error_code error;
+  if (!std::filesystem::is_symlink(name, error)) return name;
+  const std::filesystem::path target = std::filesystem::canonical(name, error);
+  return !error && std::filesystem::is_regular_file(target, error) ? target.string() : name;
+}
+
+/// Begins the report beside the one of an earlier run.
+std::FILE* begin_report(const std::string& name, std::span<const std::string> inputs, RunStreams& streams) {
+  const std::string kept_name = name + ".last-complete";
+  check_kept_name(kept_name, inputs, streams);
+  if (is_plain_file(name)) stop_if_protected(name, streams);
+  FileProblem problem;
+  if (!begin_file(streams.report_file, name, problem)) stop_on_file(streams, name, problem.reason);
+  if (is_complete_report(kept_name)) streams.last_complete_report = kept_name;
+  return streams.report_file.file;
+}
+
+/// Opens a device, or what else is no plain file, for writing.
+std::FILE* open_in_place(const std::string& name, RunStreams& streams) {
+  std::FILE* const file = std::fopen(name.c_str(), "wb");
+  if (file == nullptr) stop_on_file(streams, name, error_text(errno));
+  return file;
+}
+
+/// Puts the report of an earlier run aside, unless one is kept already; false, with the reason, when that fails.
+bool put_aside(RunStreams& streams, std::string& reason) {
+  const std::string& name = streams.report_file.name;
+  if (has_last_complete(streams) || !is_complete_report(name)) return true;
+  const std::string kept_name = name + ".last-complete";
+  std::error_code error;
+  std::filesystem::rename(name, kept_name, error);
+  if (error) {
+    reason = "the last complete report could not be kept as " + kept_name + ": " + error.message();
+    return false;
+  }
+  streams.last_complete_report = kept_name;
+  return true;
+}
+
 }  // namespace
 
 void open_report(const std::string& name, std::span<const std::string> inputs, RunStreams& streams) {
   stop_if_input(name, inputs, streams);
-  streams.last_complete_report = keep_last_complete_report(name, name + ".last-complete", inputs, streams);
-  streams.report.file = create_report(name, streams.last_complete_report, streams);
+  const std::string target = target_of(name);
+  const bool is_replaced = is_plain_file(target) || is_free(target);
+  streams.report.file = is_replaced ? begin_report(target, inputs, streams) : open_in_place(name, streams);
   std::setvbuf(streams.report.file, nullptr, _IONBF, 0);  // the stream has a buffer of its own
   streams.report.is_essential = true;
   streams.report.name = name;
   if (streams.when_report_is_open != nullptr) streams.when_report_is_open();
+}
+
+bool close_report(RunStreams& streams, std::string& reason) {
+  TextOutput& report = streams.report;
+  report.is_essential = false;  // whether everything arrived is looked at here
+  if (streams.report_file.temporary.empty()) {
+    close(report);
+  } else {
+    flush(report);
+    report.file = nullptr;  // it is closed when it has its name
+  }
+  if (report.error != 0) reason = error_text(report.error);
+  return report.error == 0;
+}
+
+bool name_report(bool is_complete, RunStreams& streams, std::string& reason) {
+  if (streams.report_file.temporary.empty()) return true;
+  FileProblem problem;
+  if (!is_complete && !put_aside(streams, reason)) return false;
+  if (finish_file(streams.report_file, problem)) return true;
+  reason = problem.reason;
+  return false;
 }
 
 void remove_last_complete_report(RunStreams& streams) {
@@ -150,9 +179,15 @@ void remove_last_complete_report(RunStreams& streams) {
 
 void remove_incomplete_report(const std::string& reason, RunStreams& streams) {
   const std::string& name = streams.report.name;
+  const bool was_beside = !streams.report_file.name.empty();
   append(streams.messages, name + ": the report could not be written: " + reason);
-  if (!remove_regular_file(name)) append(streams.messages, "; what there is of it is not complete");
-  append_last_complete(streams);
+  abandon(streams.report_file);
+  if (!was_beside && !remove_regular_file(name)) append(streams.messages, "; what there is of it is not complete");
+  if (has_last_complete(streams)) {
+    append_last_complete(streams);
+  } else if (was_beside && is_complete_report(streams.report_file.name)) {
+    append(streams.messages, "; the last complete report still stands there");
+  }
   end_line(streams.messages);
 }
 

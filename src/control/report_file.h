@@ -1,6 +1,6 @@
-// The file of the report: opened under its name, but never over a file that the run reads. The report of an earlier run
-// is put aside under the same name and ".last-complete" until the new one is complete, so that a run that stops, or is
-// killed, does not take it along.
+// The file of the report. It is written under another name, and gets its own one in a single step when it is complete:
+// whatever ends the run before leaves the report of an earlier run where it was. Only a run that bad data stop puts
+// that one aside, as the report's name and ".last-complete", for its own report tells what is wrong with the data.
 #pragma once
 
 #include <span>
@@ -10,18 +10,24 @@
 
 namespace pedigreewatch {
 
-/// Creates the report. A file that stands there already is kept as `NAME.last-complete`, unless it is empty or tells of
-/// a loop in the pedigree; when there is such a report under that name already, that is the one of the last complete
-/// run and stays, and what stands at the report's own name is overwritten. Links and devices are written to as they
-/// are. Stops the run, with every file as it was, when the report is one of `inputs`, by whatever name, when it cannot
-/// be created, and when the older one cannot be kept, for which that name must be free or a plain file's.
+/// Begins the report, beside the one of an earlier run. Of a link to a file that file is replaced; a device is written
+/// to as it is. Stops the run, with every file as it was, when the report is one of `inputs`, by whatever name, when it
+/// cannot be created, when the older one may not be written, and when the name under which that would be put aside is
+/// one of `inputs` or no plain file's.
 void open_report(const std::string& name, std::span<const std::string> inputs, RunStreams& streams);
 
-/// The new report is complete and has been closed: removes the older one that was kept. One that stays is told.
+/// Hands everything to the file; false, with the reason, when it did not all arrive.
+bool close_report(RunStreams& streams, std::string& reason);
+
+/// Gives the report its name; false, with the reason, when that fails, and then nothing is changed. One that is not
+/// complete, which tells what is wrong with the data, puts the last complete one aside.
+bool name_report(bool is_complete, RunStreams& streams, std::string& reason);
+
+/// The new report is complete and has its name: removes the older one that was kept. One that stays is told.
 void remove_last_complete_report(RunStreams& streams);
 
-/// A report that is not complete must not look complete: it is taken away, and a message says so and why. Of a link
-/// what it leads to is removed; a device stays. The report has been closed.
+/// Takes a report away that is not complete; a message says so and why, and where the last complete one is. On a device
+/// it stays.
 void remove_incomplete_report(const std::string& reason, RunStreams& streams);
 
 /// Says where the last complete report is, when one was kept and is still there; the one at hand says itself what is

@@ -54,6 +54,12 @@ std::string describe_years(const PopulationStore& store) {
          quoted(last.id.trimmed()) + " on " + birth_of(last) + ")";
 }
 
+/// Rounded up.
+std::string megabytes(std::int64_t bytes) {
+  constexpr std::int64_t mega = 1'000'000;
+  return std::to_string((bytes + mega - 1) / mega) + " MB";
+}
+
 }  // namespace
 
 void check_year_span(const PopulationStore& store, std::string_view data_file, RunStreams& streams) {
@@ -73,6 +79,28 @@ void check_parent_ages(const PopulationStore& store, const OldestParents& oldest
   stop_on_file(streams, data_file,
                describe_ages(store, oldest) + describe_years(store) +
                    ": the tables of parents' ages would have more than 20000000 figures");
+}
+
+bool is_too_large(const ReportBytes& bytes) {
+  return bytes.all > report_byte_limit || bytes.longest_line > line_byte_limit;
+}
+
+void check_report_bytes(const ReportBytes& bytes, std::string_view data_file, RunStreams& streams) {
+  const std::string names = std::to_string(bytes.names) + " subpopulations";
+  if (bytes.longest_line > line_byte_limit) {
+    stop_on_file(streams, data_file,
+                 "the report would have lines of " + megabytes(bytes.longest_line) +
+                     ", at most 1 MB were expected: " + names + " in pedigreewatch.ini make " +
+                     std::to_string(std::int64_t{bytes.names} * (bytes.names - 1) / 2) +
+                     " pairs; name fewer of them there, those with many animals");
+  }
+  if (bytes.all <= report_byte_limit) return;
+  stop_on_file(streams, data_file,
+               "the report would have " + megabytes(bytes.all) + ", at most 1000 MB were expected: " + names +
+                   " in pedigreewatch.ini, " + std::to_string(bytes.blocks) + " of them with animals, and " +
+                   std::to_string(bytes.birth_years) +
+                   " birth years; name fewer subpopulations there, those with many animals, and look at the first and "
+                   "the last birth year");
 }
 
 }  // namespace pedigreewatch

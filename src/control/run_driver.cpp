@@ -39,7 +39,7 @@ void print_banner(TextOutput& console) {
 LineReader open_data_file(const SteerSettings& settings, RunStreams& streams) {
   LineReader data;
   if (!open_for_reading(data, std::string(settings.data_file_name.trimmed()))) {
-    stop_on_missing_file(streams, missing_data_file, settings.data_file_name.full());
+    stop_on_missing_file(streams, missing_data_file, settings.data_file_name.full(), data);
   }
   return data;
 }

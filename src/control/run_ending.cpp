@@ -10,26 +10,24 @@
 namespace pedigreewatch {
 namespace {
 
-/// Why the report is not complete.
-std::string reason_of(RunEnding ending, const TextOutput& report) {
-  if (ending == RunEnding::stopped_from_outside) return "the run was stopped from outside";
-  return error_text(ending == RunEnding::out_of_memory ? ENOMEM : report.error);
-}
-
-/// Closes the report. What was printed last may fail here too, and that is then how the run ended.
-RunEnding close_report(RunEnding ending, TextOutput& report) {
-  close(report);
-  const bool has_kept_going = ending == RunEnding::complete || ending == RunEnding::stopped_on_input;
-  return has_kept_going && report.error != 0 ? RunEnding::report_not_written : ending;
-}
-
-/// A run that bad data stopped leaves its report, which is empty or says what is wrong with the data.
-void settle_report(RunEnding ending, RunStreams& streams) {
+/// Gives a report that tells something its name, and takes any other one away. `reason`: why it could not be written.
+/// Yields how the run ended: what was printed last may fail here too.
+RunEnding settle_report(RunEnding ending, RunStreams& streams) {
   const bool was_opened = !streams.report.name.empty();
-  if (!was_opened) return;
-  if (ending == RunEnding::complete) return remove_last_complete_report(streams);
-  if (ending == RunEnding::stopped_on_input) return leave_incomplete_report(streams);
-  remove_incomplete_report(reason_of(ending, streams.report), streams);
+  if (!was_opened) return ending;
+  std::string reason;
+  const bool has_kept_going = ending == RunEnding::complete || ending == RunEnding::stopped_on_input;
+  const bool is_written = close_report(streams, reason);
+  if (has_kept_going && is_written && name_report(ending == RunEnding::complete, streams, reason)) {
+    if (ending == RunEnding::complete) remove_last_complete_report(streams);
+    if (ending == RunEnding::stopped_on_input) leave_incomplete_report(streams);
+    return ending;
+  }
+  if (ending == RunEnding::stopped_from_outside) reason = "the run was stopped from outside";
+  if (ending == RunEnding::input_changed) reason = "an input file has changed while it was read";
+  if (ending == RunEnding::out_of_memory) reason = error_text(ENOMEM);
+  remove_incomplete_report(reason, streams);
+  return has_kept_going ? RunEnding::report_not_written : ending;
 }
 
 }  // namespace
@@ -40,6 +38,7 @@ RunEnding run_to_its_end(void (*phases)(RunStreams&), RunStreams& streams) {
     return RunEnding::complete;
   } catch (const RunStopped&) {
     if (is_stop_requested(streams.console.stop_request)) return RunEnding::stopped_from_outside;
+    if (streams.has_changed_input) return RunEnding::input_changed;
     return streams.report.error != 0 ? RunEnding::report_not_written : RunEnding::stopped_on_input;
   } catch (const std::bad_alloc&) {
     return RunEnding::out_of_memory;
@@ -64,8 +63,7 @@ int finish_run(RunEnding ending, RunStreams& streams) {
     append(streams.messages, "not enough memory for a population of this size\n");
   }
   flush(streams.console);
-  ending = close_report(ending, streams.report);
-  settle_report(ending, streams);
+  ending = settle_report(ending, streams);
   if (streams.console.error != 0) {
     append(streams.messages, "the console could not be written: " + error_text(streams.console.error));
     end_line(streams.messages);

@@ -15,6 +15,7 @@ enum class RunEnding : std::uint8_t {
   report_not_written,    ///< the report's error tells why
   stopped_from_outside,  ///< by the user or the system
   out_of_memory,
+  input_changed,  ///< somebody wrote an input file meanwhile; a message has said so
 };
 
 /// Goes through the phases and yields how they ended.

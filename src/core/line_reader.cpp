@@ -74,11 +74,17 @@ void skip_rest_of_line(LineReader& reader) {
 bool open_for_reading(LineReader& reader, const std::string& name) {
   reader = LineReader{};
   reader.name = name;
-  if (name.find('\0') != std::string::npos) return false;  // the system would take what stands before it for the name
+  const auto fail = [&](int reason) {
+    reader.error = reason;
+    return false;
+  };
+  if (name.find('\0') != std::string::npos) return fail(ENOENT);  // what stands before it would be taken for the name
   std::error_code ignored;
-  if (std::filesystem::is_directory(name, ignored)) return false;
+  if (std::filesystem::is_directory(name, ignored)) return fail(EISDIR);
+  errno = 0;
   reader.file.reset(std::fopen(name.c_str(), "rb"));
-  if (reader.file == nullptr) return false;
+  if (reader.file == nullptr) return fail(errno != 0 ? errno : EIO);
+  reader.state = state_of_file(name);
   std::setvbuf(reader.file.get(), nullptr, _IONBF, 0);  // the reader has a buffer of its own
   return true;
 }
@@ -136,6 +142,16 @@ void rewind(LineReader& reader) {
   reader.next = reader.filled = reader.text_taken = 0;
   reader.at_start = true;
   reader.line_number = 0;
+}
+
+bool has_changed(const LineReader& reader) {
+  return reader.file != nullptr && !(state_of_file(reader.name) == reader.state);
+}
+
+void stop_if_changed(const LineReader& reader, RunStreams& streams) {
+  if (!has_changed(reader)) return;
+  streams.has_changed_input = true;
+  stop_on_file(streams, reader.name, "the file has changed while it was read; run again when nobody writes it");
 }
 
 void stop_if_unreadable(const LineReader& reader, RunStreams& streams) {

@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/file_state.h"
 #include "core/run_streams.h"
 
 namespace pedigreewatch {
@@ -31,13 +32,15 @@ struct LineReader {
   bool at_start = true;
   std::int64_t line_number = 0;  ///< of the line last read, counted from 1
   std::int64_t line_length = 0;  ///< its bytes without the line's end, also those that are not kept
-  int error = 0;                 ///< errno of a read that failed; the file then ends there
+  FileState state = {};          ///< of the file when it was opened
+  int error = 0;                 ///< errno of an opening or a read that failed; the file then ends there
 };
 
 /// The longest part of a line that is kept: what stands behind it is read over.
 inline constexpr std::size_t kept_line_length = 600;
 
-/// Opens `name` for reading. Folders do not count as files. Yields false when it cannot be opened.
+/// Opens `name` for reading. Folders do not count as files. Yields false, with the reason in `error`, when it
+/// cannot be opened.
 bool open_for_reading(LineReader& reader, const std::string& name);
 
 /// Yields the next line in `line`, at most its first 600 bytes, valid until the next call; false at the end.
@@ -52,6 +55,12 @@ std::string_view upcoming_bytes(LineReader& reader);
 
 /// Goes back to the start of the file. A failure is kept in `error`.
 void rewind(LineReader& reader);
+
+/// Whether the file has been written to, replaced or removed since it was opened.
+bool has_changed(const LineReader& reader);
+
+/// Stops the run when the file has changed since it was opened; the report of an earlier run stays then.
+void stop_if_changed(const LineReader& reader, RunStreams& streams);
 
 /// Stops the run when a read has failed.
 void stop_if_unreadable(const LineReader& reader, RunStreams& streams);

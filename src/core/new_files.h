@@ -1,5 +1,6 @@
-// Files that belong together are written completely, all or none: under other names first, which are changed at the
-// end.
+// Files that belong together are written completely, all or none: under other names first, flushed to the disk, and
+// each given its name in one step at the end. Whatever stops a run before leaves the older files as they were. What a
+// killed run left behind is taken away by the next one that writes the same file while nobody else does.
 #pragma once
 
 #include <cstdio>
@@ -14,15 +15,27 @@ struct FileProblem {
   std::string reason;  ///< in the words of the system; empty: the file exists and may not be overwritten
 };
 
-/// A file that is being written under another name.
+/// A file that is being written under another name. What has not got its name when the record goes is taken away, also
+/// when memory runs out.
 struct NewFile {
   std::string name;       ///< what it will be called
-  std::string temporary;  ///< what it is called until then
+  std::string temporary;  ///< what it is called until then; empty: nothing is being written
   std::FILE* file = nullptr;
   int error = 0;
+
+  NewFile() = default;
+  NewFile(NewFile&& other) noexcept;
+  NewFile& operator=(NewFile&& other) noexcept;
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+  ~NewFile();
 };
 
-/// Begins to write; false, with `problem`, when the file cannot be made.
+/// What a file is called while it is written, and what its predecessor is called while it is replaced, behind its name.
+inline constexpr std::string_view unfinished_ending = ".pedigreewatch-new", replaced_ending = ".pedigreewatch-old";
+
+/// Begins to write; false, with `problem`, when the file cannot be made. It has the rights of the file that it will
+/// replace.
 bool begin_file(NewFile& file, const std::string& name, FileProblem& problem);
 
 /// Adds bytes; false when they could not be written, and from then on.

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/new_files.h"
 #include "core/phase_times.h"
 #include "core/text_output.h"
 
@@ -18,7 +19,10 @@ struct RunStreams {
   std::FILE* keyboard = nullptr;  ///< standard input, for the one wait after a missing file; null: no wait
   /// Called when the report has been opened: from then on a run that is stopped has something to take away.
   void (*when_report_is_open)() = nullptr;
-  std::string last_complete_report;  ///< name of the file that keeps it while a new one is written; empty: none is kept
+  NewFile report_file;                ///< the report until it has its name; not begun: it is written where it goes
+  std::string last_complete_report;   ///< name of the file that keeps the one of an earlier run; empty: none is kept
+  bool makes_report = true;           ///< otherwise nothing depends on how large the report would be
+  bool has_changed_input = false;     ///< an input file changed while it was read: nothing comes of the run
   PhaseTimes* phase_times = nullptr;  ///< for benchmarks; null: nobody measures
 };
 

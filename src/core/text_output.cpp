@@ -3,6 +3,8 @@
 #include <cerrno>
 #include <cstddef>
 
+#include "core/terminal_text.h"
+
 namespace pedigreewatch {
 namespace {
 
@@ -26,6 +28,7 @@ void end_line(TextOutput& output) {
 
 void flush(TextOutput& output) {
   if (output.file == nullptr) return;
+  if (output.is_terminal) hide_controls(output.pending);
   if (!output.pending.empty() && output.error == 0) {
     errno = 0;
     const std::size_t written = std::fwrite(output.pending.data(), 1, output.pending.size(), output.file);

@@ -20,6 +20,7 @@ struct TextOutput {
   std::string pending;                 ///< bytes not yet handed to the file
   bool is_english = true;              ///< which text of a Wording is written
   bool shows_each_line = false;        ///< a terminal: the lines are the progress sign, so each one is shown at once
+  bool is_terminal = false;            ///< control characters of the data are shown as "?", which it would act on
   int error = 0;                       ///< errno of the first write that failed, 0 while all is well
   bool is_essential = false;           ///< the report: a run whose report cannot be written stops at once
   StopRequest stop_request = nullptr;  ///< the console's: whether somebody wants the run to end

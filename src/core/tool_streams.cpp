@@ -1,10 +1,23 @@
 #include "core/tool_streams.h"
 
+#include <system_error>
+
 namespace pedigreewatch {
 
 void say(TextOutput& output, std::string_view line) {
   append(output, line);
   end_line(output);
+}
+
+int end_tool(int status, ToolStreams& streams) {
+  flush(streams.console);
+  if (streams.console.error != 0) {
+    say(streams.messages,
+        "the console could not be written: " + std::generic_category().message(streams.console.error) +
+            (status == 0 ? "; the files are complete" : ""));
+  }
+  flush(streams.messages);
+  return status != 0 || streams.console.error == 0 ? status : stands_in_the_way;
 }
 
 int refuse(ToolStreams& streams, const ToolRefusal& refusal) {

@@ -33,6 +33,10 @@ struct ToolRefusal {
 /// Prints a line.
 void say(TextOutput& output, std::string_view line);
 
+/// Everything said reaches its stream; what did not is told. Yields the exit status: 1 in place of 0 when the console
+/// could not be written.
+int end_tool(int status, ToolStreams& streams);
+
 /// Says the refusal, behind everything that the tool has shown. Yields the exit status.
 int refuse(ToolStreams& streams, const ToolRefusal& refusal);
 

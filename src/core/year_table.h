@@ -1,6 +1,7 @@
 // Tables with one row for each year of birth. Rows and columns are counted from 1, as on paper; only this file
 // subtracts the 1. A row takes memory from the moment something is put into it, so that one mistyped year far from all
-// others costs nothing but the lines it adds to the report.
+// others costs nothing but the lines it adds to the report; and it reaches no further than to the last column that was
+// put to use, so that columns which nobody uses cost nothing either.
 #pragma once
 
 #include <cstddef>
@@ -63,7 +64,7 @@ template <typename Cell>
 struct YearTable {
   StoredRows rows;
   std::int64_t column_count = 0;
-  std::vector<Cell> cells;  ///< the stored rows, one after another
+  std::vector<std::vector<Cell>> stored;  ///< the stored rows, each up to the last column in use
 
   YearTable() = default;
   YearTable(Row row_count, std::int64_t columns) : rows(row_count), column_count(columns) {}
@@ -74,19 +75,19 @@ struct YearTable {
   /// The value of a cell; a row or column that the table does not have counts as 0.
   Cell value(Row row, std::int64_t column) const {
     const std::uint32_t place = rows.place_of(row);
-    return place == 0 || column < 1 || column > column_count ? Cell{} : cells[offset(place, column)];
+    if (place == 0 || column < 1) return Cell{};
+    const std::vector<Cell>& cells = stored[place - std::size_t{1}];
+    const std::size_t index = static_cast<std::size_t>(column) - 1;
+    return index < cells.size() ? cells[index] : Cell{};
   }
   /// The cell itself, to be changed. The row and column must exist.
   Cell& at(Row row, std::int64_t column) {
     const std::size_t place = rows.add(row);
-    const std::size_t size = static_cast<std::size_t>(column_count);
-    if (cells.size() < place * size) cells.resize(place * size, Cell{});
-    return cells[offset(place, column)];
-  }
-
- private:
-  std::size_t offset(std::size_t place, std::int64_t column) const {
-    return (place - 1) * static_cast<std::size_t>(column_count) + static_cast<std::size_t>(column) - 1;
+    if (stored.size() < place) stored.resize(place);
+    std::vector<Cell>& cells = stored[place - 1];
+    const std::size_t index = static_cast<std::size_t>(column) - 1;
+    if (index >= cells.size()) cells.resize(index + 1, Cell{});
+    return cells[index];
   }
 };
 

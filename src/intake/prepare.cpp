@@ -30,6 +30,9 @@ constexpr Wording already_there = {"{1} exists already. To write over it say --f
                                    "{1} bestaat al. Met --force wordt het overschreven; of kies een map met --out."};
 constexpr Wording cannot_write = {"{1}: it cannot be written: {2}. Nothing was changed.",
                                   "{1}: niet te schrijven: {2}. Er is niets veranderd."};
+constexpr Wording is_no_plain_file = {
+    "{1}: this is a link, a pipe or a device, which is not replaced; remove it first. Nothing was changed.",
+    "{1}: dit is een koppeling, een pijp of een apparaat, en wordt niet vervangen; haal het eerst weg. Er is niets veranderd."};
 constexpr Wording was_stopped = {"stopped from outside; nothing was written",
                                  "van buiten gestopt; er is niets geschreven"};
 constexpr Wording writing_lines = {"writing lines", "geschreven regels"};
@@ -94,6 +97,8 @@ int refuse_targets(const Targets& targets, const PrepareOptions& options, ToolSt
       const std::string reason = std::generic_category().message(EISDIR);
       return refuse(streams, options, cannot_write, {shown(target), reason});
     }
+    const bool is_odd = is_taken(target) && !fs::is_regular_file(fs::symlink_status(target, ignored));
+    if (is_odd) return refuse(streams, options, is_no_plain_file, {shown(target)});
   }
   return 0;
 }

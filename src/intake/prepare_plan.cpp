@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_set>
 #include <utility>
 
 #include "intake/column_matches.h"
@@ -89,10 +90,11 @@ void choose_names(const NameColumn& column, const TextCounts& counts, const Name
                               {{"all", {}}, {"none", {}}}});
     return;
   }
+  std::unordered_set<std::string> listed;
   const auto add = [&](std::string_view text) {
     std::string name = in_windows_1252(text, width_of(column.code));
     if (column.code == colour_column && is_among(name, colours_of_report)) return;
-    if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(std::move(name));
+    if (listed.insert(name).second) names.push_back(std::move(name));
   };
   for (const std::string& name : wish.names) add(name);
   if (!wish.names.empty()) return;

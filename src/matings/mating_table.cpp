@@ -9,6 +9,7 @@
 
 #include "checks/readable_text.h"
 #include "core/real_text.h"
+#include "text/spreadsheet_cell.h"
 
 namespace pedigreewatch {
 namespace {
@@ -69,8 +70,9 @@ struct TableLine {
 };
 
 /// An identification, written as in the table of animals, so that both can be joined.
-std::string id_text(const MatingWork& work, std::int32_t position) {
-  return with_controls_named(work.store.id(position));
+std::string id_text(const MatingTable& table, std::int32_t position) {
+  const std::string id = with_controls_named(table.work.store.id(position));
+  return table.is_plain ? id : as_text_cell(id);
 }
 
 std::string mean_kinship_text(const MatingWork& work, std::int32_t position) {
@@ -78,13 +80,13 @@ std::string mean_kinship_text(const MatingWork& work, std::int32_t position) {
   return mean ? real_text(*mean) : std::string();
 }
 
-void add_ancestors(TableLine& line, const MatingWork& work, const KinshipParts& parts) {
+void add_ancestors(TableLine& line, const MatingTable& table, const KinshipParts& parts) {
   for (const CommonAncestor& ancestor : parts.largest) {
     if (ancestor.position == 0) {
       line.add_empty(ancestor_columns.size());
       continue;
     }
-    line.add(id_text(work, ancestor.position));
+    line.add(id_text(table, ancestor.position));
     line.add(real_text(ancestor.contribution));
     line.add(percent_text(ancestor.contribution / parts.kinship));
   }
@@ -105,13 +107,13 @@ std::string mating_row(const MatingTable& table, std::size_t pair) {
   const MatingPair& mating = table.pairs[pair];
   const KinshipParts& parts = table.parts[pair];
   TableLine line{table.form};
-  line.add(id_text(table.work, mating.female));
-  line.add(id_text(table.work, mating.male));
+  line.add(id_text(table, mating.female));
+  line.add(id_text(table, mating.male));
   line.add(shortest(mating.f));
   line.add(real_text(parts.kinship));
   line.add(mean_kinship_text(table.work, mating.female));
   line.add(mean_kinship_text(table.work, mating.male));
-  add_ancestors(line, table.work, parts);
+  add_ancestors(line, table, parts);
   return line.text;
 }
 

@@ -19,6 +19,7 @@ struct MatingTable {
   std::span<const MatingPair> pairs;
   std::span<const KinshipParts> parts;
   MatingTableForm form = MatingTableForm::tabs;
+  bool is_plain = false;  ///< identifications that begin like a formula are written as they are
 };
 
 /// The names of the columns, and one line, both without their end.

@@ -10,6 +10,7 @@
 #include "core/by_number.h"
 #include "core/line_writer.h"
 #include "core/wording.h"
+#include "pedigree/shortest_loop.h"
 
 namespace pedigreewatch {
 namespace {
@@ -29,6 +30,22 @@ constexpr Wording and_mother = {"        and mother ", "        en moeder "};
 constexpr Wording will_stop = {"program will stop", "programma wordt gestopt"};
 constexpr Wording has_stopped = {"program stopped", "programma is gestopt"};
 
+constexpr Wording shortest_chain = {"the shortest chain has this many animals: ",
+                                    "de kortste keten heeft dit aantal dieren: "};
+constexpr Wording a_chain = {"one of the chains has this many animals: ",
+                             "een van de ketens heeft dit aantal dieren: "};
+constexpr Wording all_in_report = {"so many animals are in the report, all of them: ",
+                                   "zoveel dieren staan in het rapport, allemaal: "};
+
+/// A terminal is not shown more animals than this.
+constexpr std::size_t most_on_terminal = 1000;
+
+/// Where the animals are printed.
+struct LoopOutputs {
+  TextOutput& console;
+  TextOutput& report;
+};
+
 void print_number_line(const AnimalRecord& animal, const Wording& label, TextOutput& output) {
   if (animal.birth_year == 0) {
     write_free_line(output, {label, animal.number, herdbook_number, animal.id, born_unknown});
@@ -40,23 +57,23 @@ void print_number_line(const AnimalRecord& animal, const Wording& label, TextOut
 
 /// An unknown parent shows as blanks and 0 in an English run, and as a line of its own on the Dutch console.
 void print_parent(const PopulationStore& store, std::int32_t parent, const Wording& label,
-                  std::string_view unknown_on_console, RunStreams& streams) {
-  if (!streams.console.is_english && parent == 0) return write_free_line(streams.console, {unknown_on_console});
+                  std::string_view unknown_on_console, LoopOutputs outputs) {
+  if (!outputs.console.is_english && parent == 0) return write_free_line(outputs.console, {unknown_on_console});
   const AnimalRecord record = parent == 0 ? AnimalRecord{} : store.at(parent);
-  for (TextOutput* output : {&streams.console, &streams.report}) {
+  for (TextOutput* output : {&outputs.console, &outputs.report}) {
     write_free_line(*output, {label, record.name});
     print_number_line(record, parent_no, *output);
   }
 }
 
-void print_animal(const PopulationStore& store, const AnimalRecord& animal, RunStreams& streams) {
-  for (TextOutput* output : {&streams.console, &streams.report}) {
+void print_animal(const PopulationStore& store, const AnimalRecord& animal, LoopOutputs outputs) {
+  for (TextOutput* output : {&outputs.console, &outputs.report}) {
     write_free_line(*output, {name_is, animal.name});
     print_number_line(animal, animal_no, *output);
   }
-  print_parent(store, animal.sire_no, with_father, "father unknown", streams);
-  print_parent(store, animal.dam_no, and_mother, "mother unknown", streams);
-  for (TextOutput* output : {&streams.console, &streams.report}) write_free_line(*output, {"    "});
+  print_parent(store, animal.sire_no, with_father, "father unknown", outputs);
+  print_parent(store, animal.dam_no, and_mother, "mother unknown", outputs);
+  for (TextOutput* output : {&outputs.console, &outputs.report}) write_free_line(*output, {"    "});
 }
 
 /// The children of each animal, the children of one parent together.
@@ -105,19 +122,52 @@ ByNumber<char> find_settled(const PopulationStore& store, std::span<const std::i
   return settled;
 }
 
+/// Where nothing is shown.
+TextOutput hidden_output(const TextOutput& like) {
+  TextOutput hidden;
+  hidden.is_english = like.is_english;
+  return hidden;
+}
+
+/// A terminal is shown the shortest chain, and how many animals there are; the report has them all.
+void print_in_short(const PopulationStore& store, std::span<const std::int32_t> unsettled, RunStreams& streams) {
+  TextOutput hidden = hidden_output(streams.console);
+  for (const std::int32_t i : unsettled) {
+    print_animal(store, store.at(i), {hidden, streams.report});
+    hidden.pending.clear();
+  }
+  const LoopChain chain = find_shortest_loop(store, unsettled);
+  const std::span<const std::int32_t> animals = chain.animals;
+  for (const std::int32_t i : animals.first(std::min(animals.size(), most_on_terminal))) {
+    print_animal(store, store.at(i), {streams.console, hidden});
+    hidden.pending.clear();
+  }
+  const Wording& found = chain.is_shortest ? shortest_chain : a_chain;
+  write_free_line(streams.console, {found, static_cast<std::int64_t>(animals.size())});
+  write_free_line(streams.console, {all_in_report, static_cast<std::int64_t>(unsettled.size())});
+}
+
 }  // namespace
 
 void report_pedigree_loop(const PopulationStore& store, std::span<const std::int32_t> unplaced, RunStreams& streams) {
   write_free_line(streams.console, {probably_a_loop});
   write_free_line(streams.report, {probably_a_loop});
-  std::vector<LineItem> numbers = {"unsnrs"};
-  for (const std::int32_t i : unplaced) numbers.emplace_back(i);
-  write_free_line(streams.console, numbers);
   const ByNumber<char> settled = find_settled(store, unplaced);
+  std::vector<std::int32_t> unsettled;
+  std::copy_if(unplaced.begin(), unplaced.end(), std::back_inserter(unsettled),
+               [&](std::int32_t i) { return settled[i] == 0; });
+  const bool is_short = streams.console.is_terminal && unsettled.size() > most_on_terminal;
+  if (!is_short) {
+    std::vector<LineItem> numbers = {"unsnrs"};
+    for (const std::int32_t i : unplaced) numbers.emplace_back(i);
+    write_free_line(streams.console, numbers);
+  }
   write_free_line(streams.console, {cannot_be_sorted});
   write_free_line(streams.report, {cannot_be_sorted});
-  for (const std::int32_t i : unplaced) {
-    if (settled[i] == 0) print_animal(store, store.at(i), streams);
+  if (is_short) {
+    print_in_short(store, unsettled, streams);
+  } else {
+    for (const std::int32_t i : unsettled) print_animal(store, store.at(i), {streams.console, streams.report});
   }
   write_free_line(streams.console, {will_stop});
   write_free_line(streams.report, {has_stopped});

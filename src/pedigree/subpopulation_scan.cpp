@@ -3,6 +3,8 @@
 
 #include "pedigree/subpopulation_scan.h"
 
+#include <utility>
+
 #include "core/line_writer.h"
 #include "core/wording.h"
 
@@ -38,11 +40,16 @@ void count_descent(const PopulationStore& store, std::int32_t position, Subpopul
 
 /// Counting is done at the first number of a name. A name that stands in the steer file again gets the same counts.
 void copy_to_equal_names(const Subpopulations& subpopulations, SubpopulationScan& scan) {
+  bool has_equal_names = false;
+  for (std::int32_t k = 1; k <= subpopulations.count(); ++k) {
+    has_equal_names = has_equal_names || subpopulations.first_numbers.at(k) != k;
+  }
+  if (!has_equal_names) return;
   for (std::int32_t k = 1; k <= subpopulations.count(); ++k) {
     const std::int32_t first_k = subpopulations.first_numbers.at(k);
     for (std::int32_t j = 1; j <= subpopulations.count(); ++j) {
       const std::int32_t first_j = subpopulations.first_numbers.at(j);
-      if (first_k != k || first_j != j) scan.overlap.at(k, j) = scan.overlap.at(first_k, first_j);
+      if (first_k != k || first_j != j) scan.overlap.at(k, j) = std::as_const(scan.overlap).at(first_k, first_j);
     }
     if (first_k == k) continue;
     for (Row row = 1; row <= scan.births.row_count(); ++row) {

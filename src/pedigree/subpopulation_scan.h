@@ -15,18 +15,13 @@ namespace pedigreewatch {
 /// The parents of the animals of subpopulation k (row) that come from subpopulation j (column), both from 1.
 struct SubpopulationOverlap {
   std::int32_t size = 0;
-  std::vector<std::int32_t> counts;
+  YearTable<std::int32_t> counts;  ///< a row for each subpopulation; those without animals take no memory
 
   SubpopulationOverlap() = default;
   explicit SubpopulationOverlap(std::int32_t subpopulation_count)
-      : size(subpopulation_count), counts(static_cast<std::size_t>(size) * static_cast<std::size_t>(size), 0) {}
-  std::int32_t& at(std::int32_t k, std::int32_t j) { return counts[offset(k, j)]; }
-  std::int32_t at(std::int32_t k, std::int32_t j) const { return counts[offset(k, j)]; }
-
- private:
-  std::size_t offset(std::int32_t k, std::int32_t j) const {
-    return static_cast<std::size_t>(std::int64_t{k - 1} * size + j - 1);
-  }
+      : size(subpopulation_count), counts(subpopulation_count, subpopulation_count) {}
+  std::int32_t& at(std::int32_t k, std::int32_t j) { return counts.at(k, j); }
+  std::int32_t at(std::int32_t k, std::int32_t j) const { return counts.value(k, j); }
 };
 
 struct SubpopulationScan {

@@ -34,7 +34,9 @@ void write_headings(const ReportFrame& frame, std::span<const Wording> headings)
 
 std::vector<std::int64_t> column_sums(const YearTable<std::int32_t>& table) {
   std::vector<std::int64_t> sums(static_cast<std::size_t>(table.column_count), 0);
-  for (std::size_t i = 0; i < table.cells.size(); ++i) sums[i % sums.size()] += table.cells[i];
+  for (const std::vector<std::int32_t>& row : table.stored) {
+    for (std::size_t i = 0; i < row.size(); ++i) sums[i] += row[i];
+  }
   return sums;
 }
 

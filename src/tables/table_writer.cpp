@@ -9,6 +9,7 @@
 
 #include "checks/readable_text.h"
 #include "core/real_text.h"
+#include "text/spreadsheet_cell.h"
 
 namespace pedigreewatch {
 namespace {
@@ -59,11 +60,13 @@ void add_text(TableWriter& writer, std::string_view bytes) {
   begin_cell(writer);
   const char separator = separator_of(writer.form);
   const auto is_plain = [&](char byte) { return plain_bytes[static_cast<unsigned char>(byte)] && byte != separator; };
-  if (std::all_of(bytes.begin(), bytes.end(), is_plain)) {
+  const bool is_guarded = !writer.is_plain && begins_a_formula(bytes);
+  if (!is_guarded && std::all_of(bytes.begin(), bytes.end(), is_plain)) {
     writer.text += bytes;
     return;
   }
-  const std::string cell = with_controls_named(bytes);
+  const std::string readable = with_controls_named(bytes);
+  const std::string cell = is_guarded ? as_text_cell(readable) : readable;
   if (cell.find_first_of(std::string{'"', separator}) == std::string::npos) {
     writer.text += cell;
   } else {

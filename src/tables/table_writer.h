@@ -1,7 +1,7 @@
 // A table as a text file: cells between tabs or commas, a row a line. UTF-8, a decimal point, nothing in a cell whose
 // value is unknown. A cell with a separator or a quotation mark in it stands in quotation marks, and quotation marks
-// within it are doubled (RFC 4180); control characters are written by name, "<U+0009>", so that no cell breaks a row.
-// Or the same table as the sheet at hand of a workbook.
+// within it are doubled (RFC 4180); control characters are written by name, "<U+0009>", so that no cell breaks a row. A
+// text that begins like a formula stands behind an apostrophe. Or the same table as the sheet at hand of a workbook.
 #pragma once
 
 #include <cstdint>
@@ -30,6 +30,7 @@ struct TableWriter {
   WorkbookWriter* workbook = nullptr;  ///< where it is not null, all cells go there
   std::string text;                    ///< what has not gone to the file yet
   bool is_in_row = false;              ///< the row at hand has a cell already
+  bool is_plain = false;               ///< what begins like a formula is written as it is
 };
 
 /// Adds a cell to the row at hand. Texts are bytes of the data file. Reals that are not finite make an empty cell.

@@ -33,31 +33,35 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools check [OPTION...
                         births_apart_days, births_apart_look_days, largest_litter
   --today YYYY-MM-DD    the day beyond which a birth is in the future (else: today)
   --workbook            a workbook, NAME_check.xlsx, instead of NAME_check.tsv
+  --plain               writes cells that begin with = + - @ as they are (else: behind an apostrophe)
   --help                shows this text
 
   Exit status: 0 nothing above "worth a look", 1 something stops the run or falsifies figures, 2 the files could
   not be checked.
 )";
 
-constexpr auto rules = std::to_array<OptionRule>({{"--code"}, {"--limits"}, {"--today"}, {"--workbook", false}});
+constexpr auto rules =
+    std::to_array<OptionRule>({{"--code"}, {"--limits"}, {"--today"}, {"--workbook", false}, {"--plain", false}});
 
 constexpr Wording too_many_lines = {
     "{1}: the file has 100000000 lines or more, of which pedigreewatch reads none",
     "{1}: het bestand heeft 100000000 regels of meer; daarvan leest pedigreewatch er geen"};
 constexpr Wording unreadable = {"{1}: {2}", "{1}: {2}"};
+constexpr Wording is_in_use = {"a table of this name would replace a file that this run reads",
+                               "een tabel met deze naam zou een bestand vervangen dat hier gelezen wordt"};
 constexpr Wording table_not_written = {"{1}: {2}; the table was not written", "{1}: {2}; de tabel is niet geschreven"};
 
 constexpr Wording changed_since = {
     "{1} is not as prepare wrote it; lines are its own, not those of the export",
     "{1} is niet zoals prepare het schreef; regels zijn die van dit bestand, niet van de export"};
 
-constexpr int has_serious = 1, could_not_check = 2;
+constexpr int has_serious = 1;
 
 struct CheckOptions {
   std::optional<FindingCode> code;
   std::string limits_file;
   std::optional<CalendarDate> today;
-  bool wants_workbook = false;
+  bool wants_workbook = false, is_plain = false;
 };
 
 /// Yields false for a text that is no date.
@@ -77,6 +81,7 @@ bool read_today(std::string_view text, std::optional<CalendarDate>& today) {
 
 /// Takes one option; yields what is wrong with it, empty: nothing.
 std::string take_option(const GivenOption& option, CheckOptions& options) {
+  if (option.name == "--plain") options.is_plain = true;
   if (option.name == "--limits") options.limits_file = option.value;
   if (option.name == "--workbook") options.wants_workbook = true;
   if (option.name == "--code") {
@@ -93,7 +98,8 @@ std::string take_option(const GivenOption& option, CheckOptions& options) {
 std::string change_limits(const std::string& name, CheckLimits& limits) {
   if (name.empty()) return {};
   LineReader reader;
-  if (!open_for_reading(reader, name)) return shown(name) + ": the file of --limits could not be opened";
+  if (!open_for_reading(reader, name))
+    return shown(name) + ": the file of --limits could not be opened: " + error_text(reader.error);
   std::string text;
   std::string_view line;
   constexpr std::size_t most_bytes = 1'000'000;
@@ -128,13 +134,15 @@ std::optional<ToolRefusal> check_file(const SteerSettings& steer, const CheckSet
   };
   LineReader data;
   if (std::optional<ToolRefusal> not_opened = open_data_file(steer, data)) return not_opened;
+  const std::string table = table_name(name, options.wants_workbook ? ".xlsx" : ".tsv");
+  FileProblem problem = find_obstacle({steer, {&options.limits_file, 1}, settings.language}, table, is_in_use);
+  if (!problem.name.empty()) return refusal(table_not_written, {shown(problem.name), problem.reason});
   CheckResult result = check_data(data, settings, streams.progress);
   if (data.error != 0) return refusal(unreadable, {shown(name), error_text(data.error)});
+  if (has_changed(data)) return refusal(has_changed_meanwhile, {in_quotes(name)});
   if (result.has_too_many_lines) return refusal(too_many_lines, {shown(name)});
-  const std::string_view ending = options.wants_workbook ? ".xlsx" : ".tsv";
   const std::string export_name = settings.export_lines ? settings.export_lines->export_name : std::string();
-  const CheckReport report = {name, table_name(name, ending), settings.language, options.code, export_name};
-  FileProblem problem;
+  const CheckReport report = {name, table, settings.language, options.code, export_name, options.is_plain};
   if (is_stop_requested(streams)) return refusal(was_stopped, {});
   const bool is_written =
       options.wants_workbook ? write_workbook(result, report, problem) : write_table(result, report, problem);

@@ -18,15 +18,16 @@ constexpr std::string_view no_steer_file =
     "pedigreewatch.ini: the steer file is not in this folder, or may not be read; go to the folder where pedigreewatch is run\n"
     "pedigreewatch.ini: de sturingsfile staat niet in deze map, of mag niet gelezen worden; ga naar de map waarin pedigreewatch gestart wordt";
 constexpr Wording no_data_file = {
-    "{1}: the data file that line 2 of pedigreewatch.ini names could not be opened",
-    "{1}: het databestand dat regel 2 van pedigreewatch.ini noemt kon niet geopend worden"};
+    "{1}: the data file that line 2 of pedigreewatch.ini names could not be opened: {2}",
+    "{1}: het databestand dat regel 2 van pedigreewatch.ini noemt kon niet geopend worden: {2}"};
 constexpr Wording data_stop_the_run = {
     "no figures can be made of these data; `pedigreewatch-tools check` names everything that stands in the way",
     "uit deze gegevens zijn geen cijfers te maken; `pedigreewatch-tools check` noemt alles wat in de weg staat"};
 constexpr Wording too_large = {"not enough memory for a population of this size",
                                "niet genoeg geheugen voor een populatie van deze omvang"};
 
-ToolRefusal refusal_of_run(const RunStreams& run, ToolLanguage language) {
+ToolRefusal refusal_of_run(const RunStreams& run, const LineReader& data, ToolLanguage language) {
+  if (run.has_changed_input) return {phrase(has_changed_meanwhile, language, {in_quotes(data.name)})};
   if (is_stop_requested(run.console.stop_request)) return {phrase(was_stopped, language)};
   return {with_controls_named(last_words(run), "\n") + phrase(data_stop_the_run, language)};
 }
@@ -50,7 +51,7 @@ std::optional<ToolRefusal> read_settings_of_folder(SteerSettings& settings) {
 std::optional<ToolRefusal> open_data_file(const SteerSettings& settings, LineReader& data) {
   const std::string name(settings.data_file_name.trimmed());
   if (open_for_reading(data, name)) return std::nullopt;
-  return ToolRefusal{phrase(no_data_file, language_of(settings), {in_quotes(name)})};
+  return ToolRefusal{phrase(no_data_file, language_of(settings), {in_quotes(name), error_text(data.error)})};
 }
 
 std::optional<ToolRefusal> analyse_folder(StopRequest stop_request, AnalysedPopulation& population) {
@@ -61,11 +62,12 @@ std::optional<ToolRefusal> analyse_folder(StopRequest stop_request, AnalysedPopu
   const ToolLanguage language = language_of(settings);
   RunStreams run;
   run.console.stop_request = stop_request;
+  run.makes_report = false;
   try {
     population = analyse_population(std::move(settings), data, run);
     return std::nullopt;
   } catch (const RunStopped&) {
-    return refusal_of_run(run, language);
+    return refusal_of_run(run, data, language);
   } catch (const std::bad_alloc&) {
     return ToolRefusal{phrase(too_large, language)};
   } catch (const std::length_error&) {  // more elements than any memory holds

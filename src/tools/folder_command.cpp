@@ -15,6 +15,9 @@ namespace {
 constexpr Wording is_no_file = {"there is something of this name that is no file",
                                 "er is al iets met deze naam dat geen bestand is"};
 
+constexpr Wording is_link = {"this is a link to something else, which is not replaced; remove it first",
+                             "dit is een koppeling naar iets anders, die niet vervangen wordt; haal haar eerst weg"};
+
 bool is_read(const std::string& name, const SteerSettings& settings, std::span<const std::string> lists) {
   std::error_code ignored;
   const auto is_same = [&](const std::string& file) {
@@ -53,13 +56,25 @@ int run_in_folder(std::string_view subcommand, std::string_view problem, ToolStr
   return refusal ? refuse(streams, *refusal) : run.exit_status;
 }
 
+std::optional<ToolRefusal> refuse_changed_data(const FolderRun& run) {
+  const std::string name(run.population.settings.data_file_name.trimmed());
+  if (state_of_file(name) == run.population.data_state) return std::nullopt;
+  return ToolRefusal{run.words(has_changed_meanwhile, {in_quotes(name)})};
+}
+
+FileProblem find_obstacle(const ReadFiles& read, const std::string& name, const Wording& is_in_use) {
+  std::error_code ignored;
+  const auto problem = [&](const Wording& wording) { return FileProblem{name, phrase(wording, read.language)}; };
+  if (!is_taken(name)) return {};
+  if (is_read(name, read.settings, read.lists)) return problem(is_in_use);
+  if (std::filesystem::is_symlink(name, ignored)) return problem(is_link);
+  if (!std::filesystem::is_regular_file(name, ignored)) return problem(is_no_file);
+  return {};
+}
+
 FileProblem find_obstacle(const FolderRun& run, const std::string& name, std::span<const std::string> lists,
                           const Wording& is_in_use) {
-  std::error_code ignored;
-  if (!is_taken(name)) return {};
-  if (!std::filesystem::is_regular_file(name, ignored)) return {name, run.words(is_no_file)};
-  if (is_read(name, run.population.settings, lists)) return {name, run.words(is_in_use)};
-  return {};
+  return find_obstacle({run.population.settings, lists, run.language}, name, is_in_use);
 }
 
 }  // namespace pedigreewatch

@@ -18,6 +18,10 @@ namespace pedigreewatch {
 
 inline constexpr Wording was_stopped = {"stopped; nothing was written", "afgebroken; er is niets geschreven"};
 
+inline constexpr Wording has_changed_meanwhile = {
+    "{1}: the file has changed while it was read; nothing was written; run again when nobody writes it",
+    "{1}: het bestand is veranderd terwijl het gelezen werd; er is niets geschreven; begin opnieuw als niemand het schrijft"};
+
 /// What is said of a file where only options are expected.
 inline constexpr std::string_view data_file_is_known =
     "no file was expected; the data file is the one of pedigreewatch.ini";
@@ -50,6 +54,20 @@ using FolderStep = std::function<std::optional<ToolRefusal>(FolderRun& run)>;
 /// Computes the population of this folder and takes the step, unless something was wrong with the arguments
 /// (`problem`; empty: nothing). Says what stands in the way, and yields the exit status.
 int run_in_folder(std::string_view subcommand, std::string_view problem, ToolStreams& streams, const FolderStep& step);
+
+/// What a run reads: the steer file, the data file that it names, and lists, of which empty names are none.
+struct ReadFiles {
+  const SteerSettings& settings;
+  std::span<const std::string> lists;
+  ToolLanguage language;
+};
+
+/// Why nothing can be written under `name`, which is a folder, a link, a device or a file that the run reads; an older
+/// file of its kind does not stand in the way. No name: it can. `is_in_use` is said of a file that the run reads.
+FileProblem find_obstacle(const ReadFiles& read, const std::string& name, const Wording& is_in_use);
+
+/// Refuses to go on when the data file is no longer the one that the population was computed from.
+std::optional<ToolRefusal> refuse_changed_data(const FolderRun& run);
 
 /// Why nothing can be written under `name`; an older file of its kind does not stand in the way. No name: it can.
 /// Beside the steer file and the data file the run reads `lists`, of which empty names are none; `is_in_use` is said

@@ -22,7 +22,10 @@ IdList read_id_list(const std::string& name, std::size_t most_ids) {
     return list;
   };
   LineReader reader;
-  if (!open_for_reading(reader, name)) return with_fault(IdListFault::not_opened);
+  if (!open_for_reading(reader, name)) {
+    list.error = reader.error;
+    return with_fault(IdListFault::not_opened);
+  }
   std::string_view line;
   while (read_line(reader, line)) {
     if (!is_text(line, reader.line_number == 1)) return with_fault(IdListFault::no_text);

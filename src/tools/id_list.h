@@ -20,7 +20,7 @@ enum class IdListFault : std::uint8_t {
 struct IdList {
   std::vector<ListedId> ids;  ///< as they stand; blank lines are left out
   IdListFault fault = IdListFault::none;
-  int error = 0;  ///< errno, where reading failed
+  int error = 0;  ///< errno, where opening or reading failed
 };
 
 /// Reads the list up to the first thing that is wrong with it.

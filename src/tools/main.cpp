@@ -13,12 +13,19 @@
 #endif
 #include <windows.h>
 #else
+#include <fcntl.h>
 #include <unistd.h>
 #endif
 
 #include "tools/subcommands.h"
 
 namespace {
+
+#ifdef _WIN32
+constexpr int closed_window = SIGBREAK;
+#else
+constexpr int closed_window = SIGHUP;
+#endif
 
 /// Set by a signal, which reaches nothing that is not global: what is being written is taken away then.
 volatile std::sig_atomic_t stop_request = 0;
@@ -37,6 +44,17 @@ bool is_terminal(std::FILE* file) {
 #endif
 }
 
+#ifndef _WIN32
+/// Takes the place of a standard stream that was closed before the start, so that the next file to be opened does not:
+/// what is said would end up in it.
+void occupy_closed_streams() {
+  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (fcntl(stream, F_GETFD) >= 0) continue;
+    [[maybe_unused]] const int substitute = open("/dev/null", O_RDONLY);  // the lowest free number is this one
+  }
+}
+#endif
+
 void prepare_streams() {
 #ifdef _WIN32
   _setmode(_fileno(stdout), _O_BINARY);
@@ -44,10 +62,12 @@ void prepare_streams() {
   SetConsoleOutputCP(CP_UTF8);
 #else
   // A reader that has gone away, or a file that may not grow, is an error of writing and not the end.
+  occupy_closed_streams();
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
 #endif
-  for (const int signal : {SIGINT, SIGTERM}) {
+  // A closed window ends the work as Ctrl-C does; what the user has the program ignore, as `nohup` does, stays ignored.
+  for (const int signal : {SIGINT, SIGTERM, closed_window}) {
     if (std::signal(signal, request_stop) == SIG_IGN) std::signal(signal, SIG_IGN);
   }
 }
@@ -63,7 +83,5 @@ int main(int argument_count, char** arguments) {
   if (is_terminal(stderr)) streams.progress.terminal = &streams.messages;
   streams.stop_request = &stop_request;
   const int status = pedigreewatch::run_tools(given, PEDIGREEWATCH_VERSION, streams);
-  pedigreewatch::flush(streams.console);
-  pedigreewatch::flush(streams.messages);
-  return status != 0 || streams.console.error == 0 ? status : 1;
+  return pedigreewatch::end_tool(status, streams);
 }

@@ -35,13 +35,14 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools matings [OPTION.
   --best K              for each female only the K males with the lowest F
   --limit F             only pairs with F at most that: 0.0625 or 6.25%
   --csv                 write NAME_matings.csv, with commas, instead
+  --plain               write identifications that begin with = + - @ as they are (else: behind an apostrophe)
   --help                shows this text
 
   Exit status: 0 done, 1 something stands in the way, or animals of a file were left out, 2 wrong arguments.
 )";
 
-constexpr auto rules =
-    std::to_array<OptionRule>({{"--females"}, {"--males"}, {"--years"}, {"--best"}, {"--limit"}, {"--csv", false}});
+constexpr auto rules = std::to_array<OptionRule>(
+    {{"--females"}, {"--males"}, {"--years"}, {"--best"}, {"--limit"}, {"--csv", false}, {"--plain", false}});
 
 constexpr Wording females_word = {"females", "vrouwelijke dieren"}, males_word = {"males", "mannelijke dieren"};
 constexpr Wording born_between = {"{2} born {3} to {4}: {1}", "{2} geboren {3} tot en met {4}: {1}"};
@@ -51,8 +52,8 @@ constexpr Wording no_birth_years = {"no animal has a year of birth; name the {1}
 constexpr Wording none_born = {
     "no {1} were born from {2} to {3}; give more --years, or name the {1} with {4} FILE",
     "er zijn geen {1} geboren van {2} tot en met {3}; geef meer --years, of noem de {1} met {4} BESTAND"};
-constexpr Wording not_opened = {"{1}: the file of {2} could not be opened",
-                                "{1}: het bestand van {2} kon niet geopend worden"};
+constexpr Wording not_opened = {"{1}: the file of {2} could not be opened: {3}",
+                                "{1}: het bestand van {2} kon niet geopend worden: {3}"};
 constexpr Wording no_text = {
     "{1}: one identification a line was expected, in UTF-8 or Windows-1252; this file is neither (UTF-16?)",
     "{1}: per regel werd een identificatie verwacht, in UTF-8 of Windows-1252; dit bestand is dat niet (UTF-16?)"};
@@ -95,6 +96,7 @@ struct MatingOptions {
   std::optional<std::int64_t> best;
   std::optional<double> limit;
   MatingTableForm form = MatingTableForm::tabs;
+  bool is_plain = false;
 };
 
 /// A number from 1 to 2147483647; none for any other text.
@@ -122,6 +124,7 @@ std::string take_option(const GivenOption& given, MatingOptions& options) {
   const auto refusal = [&](std::string_view expected) {
     return std::string(given.name) + " " + in_quotes(given.value) + ": " + std::string(expected) + " was expected";
   };
+  if (given.name == "--plain") options.is_plain = true;
   if (given.name == "--csv") options.form = MatingTableForm::commas;
   if (given.name == "--females" || given.name == "--males") {
     if (given.value.empty()) return refusal("the name of a file");
@@ -184,7 +187,8 @@ std::optional<ToolRefusal> read_list(const FolderRun& folder, const std::string&
     return ToolRefusal{folder.words(wording, {shown(name), second})};
   };
   switch (list.fault) {
-    case IdListFault::not_opened: return ToolRefusal{folder.words(not_opened, {in_quotes(name), option})};
+    case IdListFault::not_opened:
+      return ToolRefusal{folder.words(not_opened, {in_quotes(name), option, error_text(list.error)})};
     case IdListFault::no_text: return refusal(no_text);
     case IdListFault::too_long: return refusal(too_many_ids, std::to_string(most_lines));
     case IdListFault::not_read: return refusal(unreadable, error_text(list.error));
@@ -329,8 +333,9 @@ std::optional<ToolRefusal> write_plan(const MatingRun& run, const MatingPlan& pl
   const std::vector<KinshipParts> parts = describe_matings(work, choice.pairs, watch);
   const std::string name = table_name(run);
   FileProblem problem;
-  const bool is_written = parts.size() == choice.pairs.size() &&
-                          write_matings({work, choice.pairs, parts, run.options.form}, name, watch, problem);
+  const bool is_written =
+      parts.size() == choice.pairs.size() &&
+      write_matings({work, choice.pairs, parts, run.options.form, run.options.is_plain}, name, watch, problem);
   if (!is_written && problem.name.empty()) return ToolRefusal{folder.words(was_stopped)};
   if (!is_written) return refusal_to_write(folder, problem);
   erase_progress(streams.progress);

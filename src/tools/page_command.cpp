@@ -86,6 +86,7 @@ std::optional<ToolRefusal> make_page_file(const FolderRun& run, const PageOption
   const std::vector<Block> blocks = analyse_subpopulations(run.population, silent);
   const Diversity diversity = compute_diversity(run.population.store, std::move(reference));
   const std::optional<CheckResult> check = check_population(run);
+  if (std::optional<ToolRefusal> refusal = refuse_changed_data(run)) return refusal;
   if (is_stop_requested(run.streams)) return ToolRefusal{run.words(was_stopped)};
   const CheckResult* const found = check ? &*check : nullptr;
   const Standing standing = stand_of(run.population, options.standing, found);

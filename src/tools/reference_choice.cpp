@@ -14,8 +14,8 @@
 namespace pedigreewatch {
 namespace {
 
-constexpr Wording not_opened = {"{1}: the file of --ids could not be opened",
-                                "{1}: het bestand van --ids kon niet geopend worden"};
+constexpr Wording not_opened = {"{1}: the file of --ids could not be opened: {2}",
+                                "{1}: het bestand van --ids kon niet geopend worden: {2}"};
 constexpr Wording not_read = {"{1}: the file of --ids could not be read to its end",
                               "{1}: het bestand van --ids kon niet tot het einde gelezen worden"};
 constexpr Wording unknown_id = {"{1}, line {2}: {3}: no animal of {4} has this identification",
@@ -62,7 +62,8 @@ std::optional<ToolRefusal> read_reference(const FolderRun& run, const std::strin
                                           ReferencePopulation& reference) {
   constexpr std::size_t any_number = std::numeric_limits<std::size_t>::max();
   const IdList list = read_id_list(name, any_number);
-  if (list.fault == IdListFault::not_opened) return ToolRefusal{run.words(not_opened, {shown(name)})};
+  if (list.fault == IdListFault::not_opened)
+    return ToolRefusal{run.words(not_opened, {shown(name), error_text(list.error)})};
   if (list.fault == IdListFault::no_text) return ToolRefusal{run.words(no_text, {shown(name)})};
   if (list.fault == IdListFault::not_read) return ToolRefusal{run.words(not_read, {shown(name)})};
   std::vector<ListedId> unknown;

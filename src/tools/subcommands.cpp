@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <new>
+#include <stdexcept>
 #include <string>
 
 #include "tools/animal_command.h"
@@ -25,11 +26,13 @@ struct Subcommand {
   std::string_view name, summary;
   std::string_view (*help)();
   int (*run)(Arguments arguments, ToolStreams& streams);
+  int out_of_memory = stands_in_the_way;  ///< exit status
 };
 
 constexpr auto subcommands = std::to_array<Subcommand>({
     {"prepare", "turns an office's export into a data file and a steer file", prepare_help, run_prepare},
-    {"check", "finds everything in the data file that stops a run or falsifies its figures", check_help, run_check},
+    {"check", "finds everything in the data file that stops a run or falsifies its figures", check_help, run_check,
+     could_not_check},
     {"page", "writes charts and tables of the population as a page for a browser", page_help, run_page},
     {"tables", "writes the figures of the report and of every animal as tables", tables_help, run_tables},
     {"matings", "works out F of the offspring of possible matings, and the common ancestors", matings_help,
@@ -87,9 +90,11 @@ int run_subcommand(const Subcommand& subcommand, Arguments arguments, ToolStream
   try {
     return subcommand.run(arguments, streams);
   } catch (const std::bad_alloc&) {
-    erase_progress(streams.progress);
-    append(streams.messages, "not enough memory for a file of this size\n");
-    return 1;
+    return refuse(streams,
+                  {"not enough memory for a file of this size; nothing was written", subcommand.out_of_memory});
+  } catch (const std::length_error&) {  // more elements than any memory holds
+    return refuse(streams,
+                  {"not enough memory for a file of this size; nothing was written", subcommand.out_of_memory});
   }
 }
 

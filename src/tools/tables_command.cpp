@@ -59,6 +59,7 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools tables [OPTION..
   --ancestors           effective number of ancestors of every cohort also where that takes long
   --csv                 commas instead of tabs, and names that end in .csv
   --workbook            one workbook, NAME_tables.xlsx, with a sheet for each table, instead of these files
+  --plain               writes texts that begin with = + - @ as they are (else: behind an apostrophe)
   --help                shows this text
 
   Exit status: 0 the tables were written, 1 data or files stand in the way (nothing was written), 2 wrong
@@ -69,6 +70,7 @@ constexpr auto rules = std::to_array<OptionRule>({{"--years"},
                                                   {"--ids"},
                                                   {"--csv", false},
                                                   {"--workbook", false},
+                                                  {"--plain", false},
                                                   {"--rule-year"},
                                                   {"--sire-share"},
                                                   {"--most-f"},
@@ -98,6 +100,7 @@ struct TablesOptions {
   StandingSettings standing;
   TableForm form = TableForm::tabs;
   bool wants_workbook = false, wants_founders = false, wants_ancestors = false;
+  bool is_plain = false;
 };
 
 /// A file on its way: what it will be called, and what is said of it when it is there; of a workbook that is a line for
@@ -112,6 +115,7 @@ struct TableFile {
 std::string take_option(const GivenOption& option, TablesOptions& options) {
   if (option.name == "--csv") options.form = TableForm::commas;
   if (option.name == "--workbook") options.wants_workbook = true;
+  if (option.name == "--plain") options.is_plain = true;
   if (option.name == "--founders") options.wants_founders = true;
   if (option.name == "--ancestors") options.wants_ancestors = true;
   const std::string problem = take_reference_option(option.name, option.value, options.reference);
@@ -126,6 +130,7 @@ struct Tables {
   const PopulationFigures& figures;
   TableForm form = TableForm::tabs;
   bool wants_founders = false;
+  bool is_plain = false;
   WorkbookWriter* workbook = nullptr;  ///< where the tables go; null: to a file each
 
   bool has_subpopulations() const { return run.population.settings.layout.subpopulations.count() > 1; }
@@ -155,6 +160,7 @@ bool write_file(const Tables& tables, std::string_view name, const std::string& 
   }
   if (!begin_table_file(tables, std::string(name) + std::string(ending_of(tables.form)), files, problem)) return false;
   writer.file = &files.back().file;
+  writer.is_plain = tables.is_plain;
   write(writer);
   flush(writer);
   files.back().said.push_back(shown(files.back().name) + ": " + content);
@@ -279,9 +285,10 @@ std::optional<ToolRefusal> make_tables(const FolderRun& run, const TablesOptions
   if (is_stop_requested(run.streams)) return ToolRefusal{run.words(was_stopped)};
   const Diversity diversity = compute_diversity(run.population.store, std::move(reference));
   const std::optional<CheckResult> check = check_population(run);
+  if (std::optional<ToolRefusal> refusal = refuse_changed_data(run)) return refusal;
   const Standing standing = stand_of(run.population, options.standing, check ? &*check : nullptr);
   const PopulationFigures figures = compute_figures(run.population.store, diversity, options.wants_ancestors);
-  Tables tables{run, diversity, standing, figures, options.form, options.wants_founders};
+  Tables tables{run, diversity, standing, figures, options.form, options.wants_founders, options.is_plain};
   return write_tables(tables, options);
 }
 

@@ -382,7 +382,7 @@ Lines missing_data_file_lines(const std::string& name) {
 TEST(MissingSteerFile, PrintsNineLinesAndStops) {
   const WholeRun run = run_program_on({{"dogs.txt", header_line}}, {.keyboard = "\n"});
   EXPECT_EQ(lines_of(run.console), missing_steer_file_lines);
-  EXPECT_EQ(run.messages, "");
+  EXPECT_EQ(run.messages, "\"pedigreewatch.ini\": No such file or directory\n");
   EXPECT_EQ(run.exit_status, 1);
   EXPECT_EQ(run.files.size(), 1U);
 }
@@ -404,7 +404,7 @@ TEST(MissingDataFile, PrintsNineLinesBehindTheBannerAndStops) {
     const SteerLines steer = {.data_file_name = "cows.txt", .language = std::string(language), .subpopulations = noord};
     const WholeRun run = run_program_on({{"pedigreewatch.ini", steer.text()}}, {.keyboard = "\n"});
     EXPECT_EQ(lines_after(run.console, banner[3]), missing_data_file_lines("cows.txt")) << language;
-    EXPECT_EQ(run.messages, "");
+    EXPECT_EQ(run.messages, "\"cows.txt\": No such file or directory\n");
     EXPECT_EQ(run.exit_status, 1);
     EXPECT_EQ(run.files.size(), 1U);  // no report
   }
@@ -421,6 +421,7 @@ TEST(MissingDataFile, FolderOfThatNameIsNone) {
   const WholeRun run =
       run_program_on({{"pedigreewatch.ini", one_subpopulation.text()}, {"dogs.txt/", ""}}, {.keyboard = "\n"});
   EXPECT_EQ(lines_after(run.console, banner[3]), missing_data_file_lines("dogs.txt"));
+  EXPECT_EQ(run.messages, "\"dogs.txt\": Is a directory\n");
   EXPECT_EQ(run.exit_status, 1);
 }
 
@@ -520,7 +521,8 @@ TEST(RunProgram, ReportsAFailingConsole) {
   streams.console.file = std::fopen("/dev/full", "wb");
   if (streams.console.file == nullptr) GTEST_SKIP() << "no device here that is always full";
   EXPECT_EQ(run_program(streams), 1);  // no steer file in the folder of the tests either
-  EXPECT_EQ(streams.messages.pending, "the console could not be written: " + error_text(ENOSPC) + "\n");
+  EXPECT_EQ(streams.messages.pending, "\"pedigreewatch.ini\": " + error_text(ENOENT) +
+                                          "\nthe console could not be written: " + error_text(ENOSPC) + "\n");
   close(streams.console);
 }
 

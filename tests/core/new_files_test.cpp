@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <new>
 #include <string>
 
 namespace pedigreewatch::test {
@@ -91,10 +92,81 @@ TEST_F(FilePair, AMissingFolderIsTold) {
   folder_.resize(folder_.size() - 8);
 }
 
-TEST_F(FilePair, OlderTemporaryFilesAreLeftAlone) {
+TEST_F(FilePair, FilesOfOthersAreLeftAlone) {
   put("a.txt.new", "somebody's");
+  put("c.txt.pedigreewatch-new", "of another file");
   EXPECT_TRUE(write_pair(false));
   EXPECT_EQ(bytes_of("a.txt.new"), "somebody's");
+  EXPECT_EQ(bytes_of("c.txt.pedigreewatch-new"), "of another file");
+}
+
+TEST_F(FilePair, WhatKilledRunsLeftIsTakenAway) {
+  for (const std::string left : {"a.txt.pedigreewatch-new", "a.txt.pedigreewatch-new2", "a.txt.pedigreewatch-new16",
+                                 "b.ini.pedigreewatch-old"}) {
+    put(left, "a part");
+  }
+  put("b.ini", "old b");
+  put("a.txt.pedigreewatch-new17", "too many");
+  EXPECT_TRUE(write_pair(true));
+  EXPECT_EQ(bytes_of("b.ini"), "new b");
+  EXPECT_EQ(file_count(), 3) << "the two files, and one leftover too many";
+}
+
+TEST_F(FilePair, AnOlderFileThatAKilledRunTookItsNameComesBack) {
+  put("a.txt.pedigreewatch-old", "old a");
+  NewFile file;
+  ASSERT_TRUE(begin_file(file, path("a.txt"), problem));
+  EXPECT_EQ(bytes_of("a.txt"), "old a");
+  abandon(file);
+  EXPECT_EQ(file_count(), 1);
+}
+
+TEST_F(FilePair, AFileThatAnotherRunIsWritingStays) {
+  NewFile other, file;
+  ASSERT_TRUE(begin_file(other, path("a.txt"), problem));
+  ASSERT_TRUE(begin_file(file, path("a.txt"), problem));
+  EXPECT_NE(file.temporary, other.temporary);
+  write_bytes(other, "the other's");
+  EXPECT_TRUE(finish_file(other, problem));
+  EXPECT_EQ(bytes_of("a.txt"), "the other's");
+  write_bytes(file, "this one's");
+  EXPECT_TRUE(finish_file(file, problem));
+  EXPECT_EQ(bytes_of("a.txt"), "this one's");
+  EXPECT_EQ(file_count(), 1);
+}
+
+TEST_F(FilePair, NothingIsLeftWhenMemoryRunsOut) {
+  put("a.txt", "old a");
+  try {
+    NewFile file;
+    ASSERT_TRUE(begin_file(file, path("a.txt"), problem));
+    write_bytes(file, "new");
+    throw std::bad_alloc();
+  } catch (const std::bad_alloc&) {
+  }
+  EXPECT_EQ(bytes_of("a.txt"), "old a");
+  EXPECT_EQ(file_count(), 1);
+}
+
+TEST_F(FilePair, AFolderOfTheNameStandsInTheWay) {
+  fs::create_directory(path("a.txt"));
+  put("b.ini", "old b");
+  EXPECT_FALSE(write_pair(true));
+  EXPECT_EQ(problem.reason, "Is a directory");
+  EXPECT_TRUE(fs::is_directory(path("a.txt")));
+  EXPECT_EQ(bytes_of("b.ini"), "old b");
+  EXPECT_EQ(file_count(), 2);
+}
+
+TEST_F(FilePair, RightsOfTheOlderFileArePassedOn) {
+  put("a.txt", "old a");
+  constexpr auto owner_alone = fs::perms::owner_read | fs::perms::owner_write;
+  fs::permissions(path("a.txt"), owner_alone);
+  NewFile file;
+  ASSERT_TRUE(begin_file(file, path("a.txt"), problem));
+  EXPECT_EQ(fs::status(file.temporary).permissions(), owner_alone) << "nobody else reads it meanwhile";
+  EXPECT_TRUE(finish_file(file, problem));
+  EXPECT_EQ(fs::status(path("a.txt")).permissions(), owner_alone);
 }
 
 TEST_F(FilePair, ALinkThatLeadsNowhereIsTaken) {

@@ -111,10 +111,19 @@ TEST(YearTable, OneMistypedYearTakesNoMemoryForTheYearsBetween) {
   YearTable<std::int32_t> table(1000000, 200);
   table.at(1, 1) = 1;
   table.at(1000000, 200) = 2;
-  EXPECT_EQ(table.cells.size(), 400U);
+  EXPECT_EQ(table.stored.size(), 2U);
   EXPECT_EQ(table.value(1, 1), 1);
   EXPECT_EQ(table.value(1000000, 200), 2);
   EXPECT_EQ(table.value(500000, 100), 0);
+}
+
+TEST(YearTable, ColumnsBehindTheLastOneInUseTakeNoMemory) {
+  YearTable<float> table(3, 12'500'000);
+  table.at(2, 5) = 1.5F;
+  EXPECT_EQ(table.stored.front().size(), 5U);
+  EXPECT_EQ(table.value(2, 5), 1.5F);
+  EXPECT_EQ(table.value(2, 6), 0.0F);
+  EXPECT_EQ(table.value(2, 12'500'000), 0.0F);
 }
 
 struct Born {

@@ -340,5 +340,33 @@ TEST(PedigreeLoop, ShowsExactlyTheAnimalsOnOrBetweenLoopsOfRandomParents) {
   EXPECT_GT(loop_count, 20U);
 }
 
+/// A ring of `size` animals, two of which are each other's parents besides.
+std::string ring_of(int size) {
+  std::string lines;
+  for (int k = 1; k <= size; ++k) {
+    lines += "a" + std::to_string(k) + " a" + std::to_string(k % size + 1) + (k == 2 ? " a1" : " 0") + " m 2000\n";
+  }
+  return lines;
+}
+
+TEST(PedigreeLoop, OnATerminalALargeOneIsShownByItsShortestChain) {
+  for (const int size : {1000, 1001}) {
+    RunStreams streams = streams_in(true), terminal = streams_in(true);
+    terminal.console.is_terminal = true;
+    for (RunStreams* one : {&streams, &terminal}) {
+      PopulationStore store = animals_from_text(ring_of(size));
+      EXPECT_TRUE(stops([&] { link_and_sort(store, *one); }));
+    }
+    EXPECT_EQ(terminal.report.pending, streams.report.pending);
+    EXPECT_EQ(terminal.console.pending == streams.console.pending, size == 1000);
+    if (size == 1000) continue;
+    const std::vector<std::string> lines = lines_of(terminal.console);
+    EXPECT_LT(lines.size(), 60U);
+    EXPECT_EQ(lines[lines.size() - 3], " the shortest chain has this many animals: " + number(2));
+    EXPECT_EQ(lines[lines.size() - 2], " so many animals are in the report, all of them: " + number(1001));
+    EXPECT_EQ(lines.back(), " program will stop");
+  }
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

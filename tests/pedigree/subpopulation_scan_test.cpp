@@ -15,6 +15,15 @@ namespace {
 
 using Numbers = std::vector<std::int32_t>;
 
+/// Row by row.
+Numbers counts_of(const SubpopulationOverlap& overlap) {
+  Numbers counts;
+  for (std::int32_t k = 1; k <= overlap.size; ++k) {
+    for (std::int32_t j = 1; j <= overlap.size; ++j) counts.push_back(overlap.at(k, j));
+  }
+  return counts;
+}
+
 struct Scan {
   SubpopulationScan tables;
   std::string console;
@@ -91,7 +100,7 @@ TEST(ScanSubpopulations, AnimalWithoutYearCountsInTheOverlapOnly) {
       "kid pa ma m 0    smooth\n",
       {"rough", "smooth"});
   EXPECT_EQ(result.row(1), (Numbers{1, 1}));
-  EXPECT_EQ(result.tables.overlap.counts, (Numbers{0, 0, 1, 1}));
+  EXPECT_EQ(counts_of(result.tables.overlap), (Numbers{0, 0, 1, 1}));
 }
 
 TEST(ScanSubpopulations, OverlapCountsBothParentsOfAMating) {
@@ -123,7 +132,7 @@ TEST(ScanSubpopulations, ParentOutsideTheListMakesTheMatingCountForNothing) {
       "x4 r1 new m 2002 rough\n"  // an appended mother has no subpopulation
       "x5 r1 r2 m 2002 -\n",
       {"rough", "smooth"});
-  EXPECT_EQ(result.tables.overlap.counts, (Numbers{0, 0, 0, 0}));
+  EXPECT_EQ(counts_of(result.tables.overlap), (Numbers{0, 0, 0, 0}));
 }
 
 TEST(ScanSubpopulations, NameThatStandsTwiceCountsTwice) {
@@ -133,9 +142,9 @@ TEST(ScanSubpopulations, NameThatStandsTwiceCountsTwice) {
       "kid pa ma m 2000 rough\n",
       {"rough", "smooth", "rough"});
   EXPECT_EQ(result.row(1), (Numbers{2, 1, 2}));
-  EXPECT_EQ(result.tables.overlap.counts, (Numbers{1, 1, 1,  //
-                                                   0, 0, 0,  //
-                                                   1, 1, 1}));
+  EXPECT_EQ(counts_of(result.tables.overlap), (Numbers{1, 1, 1,  //
+                                                       0, 0, 0,  //
+                                                       1, 1, 1}));
 }
 
 TEST(ScanSubpopulations, WithoutSubpopulationsTablesStayZeroAndNothingIsPrinted) {
@@ -146,7 +155,7 @@ TEST(ScanSubpopulations, WithoutSubpopulationsTablesStayZeroAndNothingIsPrinted)
       {"rough", "smooth"});
   EXPECT_EQ(result.row(1), (Numbers{0, 0}));
   EXPECT_EQ(result.row(2), (Numbers{0, 0}));
-  EXPECT_EQ(result.tables.overlap.counts, (Numbers{0, 0, 0, 0}));
+  EXPECT_EQ(counts_of(result.tables.overlap), (Numbers{0, 0, 0, 0}));
   EXPECT_EQ(result.console, "");
 }
 

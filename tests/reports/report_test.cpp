@@ -101,7 +101,11 @@ struct Population {
     block.tables = filled_tables(cells);
     block.inbreeding = YearRows<InbreedingRow>(3);
     extras.subpopulations = {{3, 2}, SubpopulationOverlap(2)};
-    extras.subpopulations.overlap.counts = {11, 22, 33, 44};
+    SubpopulationOverlap& overlap = extras.subpopulations.overlap;
+    overlap.at(1, 1) = 11;
+    overlap.at(1, 2) = 22;
+    overlap.at(2, 1) = 33;
+    overlap.at(2, 2) = 44;
     extras.top_sires = YearRows<TopSireRow>(3);
     extras.kinship = {3, 5};
     const auto real = [&] { return cells.real(); };

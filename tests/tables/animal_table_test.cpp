@@ -93,7 +93,7 @@ TEST(AnimalTable, HasARowForEachAnimal) {
                 "D\t\t\tfemale\t\t0\t0\t0\t0\t2\t1\t0.25\t\t0\t\t0\t0\t0\t2\n"
                 "a\tS\tD\tmale\t2001-07-01\t0\t1\t1\t1\t1\t1\t0.4375\t\t0.2\t\t0\t0\t0\t0\n"
                 "\"b,\"\"\"\tS\tD\tfemale\t\t0\t1\t1\t1\t1\t1\t0.3125\t\t0.2\t\t0\t0\t0\t0\n"
-                "=x\ta\t\"b,\"\"\"\tfemale\t\t0.25\t2\t2\t2\t0\t0\t0.5\t\t0.4\t0.25\t0.25\t0.25\t0\t0\n");
+                "'=x\ta\t\"b,\"\"\"\tfemale\t\t0.25\t2\t2\t2\t0\t0\t0.5\t\t0.4\t0.25\t0.25\t0.25\t0\t0\n");
   EXPECT_EQ(table_of(store).find("0.4375"), std::string::npos);  // no mean kinship without a reference population
 }
 

@@ -61,9 +61,16 @@ TEST(TableWriter, WritesUtf8) {
   EXPECT_EQ(cell_of("\x80"), "\xE2\x82\xAC");      // the euro sign
 }
 
-TEST(TableWriter, LeavesTextsAloneThatASpreadsheetMightTakeForFormulas) {
-  EXPECT_EQ(cell_of("=1+1"), "=1+1");
-  EXPECT_EQ(cell_of("@x"), "@x");
+TEST(TableWriter, PutsWhatASpreadsheetMightTakeForAFormulaBehindAnApostrophe) {
+  EXPECT_EQ(cell_of("=1+1"), "'=1+1");
+  EXPECT_EQ(cell_of("@x"), "'@x");
+  EXPECT_EQ(cell_of("=a,b", TableForm::commas), "\"'=a,b\"");
+  EXPECT_EQ(cell_of("=Zo\xEB"), "'=Zo\xC3\xAB");
+  EXPECT_EQ(cell_of("-5"), "-5");
+  TableWriter plain;
+  plain.is_plain = true;
+  add_text(plain, "=1+1");
+  EXPECT_EQ(plain.text, "=1+1");
 }
 
 TEST(TableWriter, CellsOfAWorkbookAreTextsNumbersAndDays) {

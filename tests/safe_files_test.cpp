@@ -1,0 +1,260 @@
+// What the files of all programs go through: windows that are closed, disks that are full, memory that runs out, names
+// that lead elsewhere, inputs that somebody writes meanwhile. Older files stand then, and nothing else is left.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "support/files.h"
+#include "support/lines.h"
+#include "support/program_run.h"
+#include "support/run_folder.h"
+#include "support/steer_lines.h"
+
+#if defined(__has_feature)
+#define PEDIGREEWATCH_HAS_FEATURE(feature) __has_feature(feature)
+#else
+#define PEDIGREEWATCH_HAS_FEATURE(feature) 0
+#endif
+#if defined(__SANITIZE_ADDRESS__) || PEDIGREEWATCH_HAS_FEATURE(address_sanitizer)
+constexpr bool has_address_sanitizer = true;
+#else
+constexpr bool has_address_sanitizer = false;
+#endif
+
+namespace pedigreewatch::test {
+namespace {
+
+constexpr std::string_view header = "id;sire;dam;sex;birthdate\n";
+const std::string family =
+    std::string(header) + "S;;;m;21-01-2000\nD;;;f;22-01-2000\na;S;D;m;23-03-2002\nb;S;D;f;24-03-2002\n";
+
+std::vector<std::string> names_of(const WholeRun& run) {
+  std::vector<std::string> names;
+  for (const auto& [name, bytes] : run.files) names.push_back(name);
+  return names;
+}
+
+/// A shell script in which "$TOOLS" is the program.
+ProgramStart tools_script(const std::string& script) {
+  return shell_script("TOOLS='" + tools_path() + "'; " + script);
+}
+
+// ---- windows that are closed ------------------------------------------------------------------------------------
+
+/// Prepares an export that comes through a pipe, so that the signal arrives before its last byte.
+std::string prepare_stopped_by(const std::string& signal) {
+  return "mkfifo dogs.csv; \"$TOOLS\" prepare dogs.csv --species dog --force & tool=$!; exec 3>dogs.csv; kill -" +
+         signal + " $tool; cat source >&3; exec 3>&-; wait $tool; status=$?; rm dogs.csv; exit $status";
+}
+
+TEST(ClosedWindow, LeavesTheOlderFilesOfPrepare) {
+  for (const std::string signal : {"HUP", "TERM"}) {
+    const WholeRun run =
+        run_program_on({{"source", family}, {"dogs.txt", "old data"}, {"pedigreewatch.ini", "old steer file"}},
+                       tools_script(prepare_stopped_by(signal)));
+    EXPECT_EQ(run.exit_status, 1) << signal << run.console << run.messages;
+    EXPECT_TRUE(has(run.messages, "stopped from outside; nothing was written")) << run.messages;
+    EXPECT_EQ(run.file("dogs.txt"), "old data") << signal;
+    EXPECT_EQ(run.file("pedigreewatch.ini"), "old steer file") << signal;
+    EXPECT_EQ(run.files.size(), 3U) << signal;
+  }
+}
+
+TEST(ClosedWindow, IsNotHeededUnderNohup) {
+  const WholeRun run = run_program_on({{"source", family}}, tools_script("trap '' HUP; " + prepare_stopped_by("HUP")));
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_EQ(names_of(run), (std::vector<std::string>{"dogs.txt", "pedigreewatch.ini", "source"}));
+}
+
+// ---- disks and memory -------------------------------------------------------------------------------------------
+
+TEST(FullDisk, LeavesTheOlderTablesAllOfThem) {
+  Files files = files_of(family);
+  const RunFolder folder(files);
+  const WholeRun first = run_program_in(folder, tools_with({"tables"}));
+  ASSERT_EQ(first.exit_status, 0) << first.messages;
+  ProgramStart start = tools_with({"tables", "--csv"});
+  for (const std::uint64_t room : {0U, 100U, 700U}) {
+    for (const std::string option : {"", "--csv"}) {
+      start = option.empty() ? tools_with({"tables"}) : tools_with({"tables", option});
+      start.limits.file_bytes = room;
+      start.keeps_console = false;
+      const WholeRun run = run_program_in(folder, start);
+      EXPECT_EQ(run.exit_status, 1) << room << option;
+      EXPECT_EQ(run.files, first.files) << room << option;
+    }
+  }
+}
+
+TEST(FullDisk, LeavesTheOlderTableOfCheck) {
+  Files files = files_of(family);
+  files["dogs_check.tsv"] = "old findings";
+  const RunFolder folder(files);
+  ProgramStart start = tools_with({"check"});
+  start.limits.file_bytes = 10;
+  start.keeps_console = false;
+  const WholeRun run = run_program_in(folder, start);
+  EXPECT_EQ(run.exit_status, 2);
+  EXPECT_EQ(run.files, files);
+}
+
+/// Animals enough that a run does not fit into a small address space.
+Files files_of_many() {
+  std::string lines;
+  for (int i = 1; i <= 60000; ++i) {
+    lines += "N" + std::to_string(i) + (i <= 10 ? ";;" : ";N" + std::to_string(i / 2) + ";N" + std::to_string(i / 3)) +
+             (i % 2 == 0 ? ";m" : ";f") + ";01-01-" + std::to_string(2000 + i / 4000) + "\n";
+  }
+  return files_of(std::string(header) + lines);
+}
+
+TEST(LittleMemory, LeavesNoPartOfAnyFile) {
+  if (has_address_sanitizer) GTEST_SKIP() << "the address sanitizer needs more room than such a limit leaves";
+  Files files = files_of_many();
+  files["dogs_check.tsv"] = files["dogs_years.tsv"] = files["dogs.html"] = "of an earlier run";
+  const RunFolder folder(files);
+  for (const std::string subcommand : {"check", "tables", "page"}) {
+    int refused = 0;
+    for (std::uint64_t kilobytes = 6000; kilobytes <= 30000; kilobytes += 1500) {
+      ProgramStart start = tools_with({subcommand});
+      start.limits.memory_bytes = kilobytes * 1024;
+      const WholeRun run = run_program_in(folder, start);
+      if (run.exit_status > 2) continue;  // not enough to start the program
+      if (!has(run.messages, "not enough memory")) break;
+      ++refused;
+      EXPECT_EQ(run.exit_status, subcommand == "check" ? 2 : 1) << subcommand << kilobytes;
+      EXPECT_EQ(run.files, files) << subcommand << kilobytes;
+    }
+    EXPECT_GT(refused, 0) << subcommand;
+  }
+}
+
+TEST(LostConsole, IsToldByTheToolsWithTheirFilesComplete) {
+  for (const std::string lost : {">&-", ">/dev/full"}) {
+    const WholeRun run = run_program_on(files_of(family), tools_script("\"$TOOLS\" tables " + lost));
+    EXPECT_EQ(run.exit_status, 1) << lost;
+    EXPECT_TRUE(run.messages.starts_with("the console could not be written: ")) << run.messages;
+    EXPECT_TRUE(run.messages.ends_with("; the files are complete\n")) << run.messages;
+    EXPECT_EQ(run.files.count("dogs_years.tsv"), 1U) << lost;
+  }
+}
+
+TEST(LostConsole, IsNoPlaceForAFile) {
+  const std::string expected = run_program_on(files_of(family), tools_with({"check"})).file("dogs_check.tsv");
+  const WholeRun run = run_program_on(files_of(family), tools_script("\"$TOOLS\" check <&- >&- 2>&-"));
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(run.file("dogs_check.tsv"), expected);
+}
+
+// ---- names that lead elsewhere ----------------------------------------------------------------------------------
+
+TEST(CheckTable, NeverReplacesWhatTheRunReads) {
+  Files files = files_of(family);
+  files["dogs_check.tsv"] = "largest_litter = 3\n";
+  const WholeRun run = run_program_on(files, tools_with({"check", "--limits", "dogs_check.tsv"}));
+  EXPECT_EQ(run.exit_status, 2);
+  EXPECT_EQ(
+      run.messages,
+      "dogs_check.tsv: a table of this name would replace a file that this run reads; the table was not written\n");
+  EXPECT_EQ(run.files, files);
+}
+
+TEST(CheckTable, NeverReplacesALinkAPipeOrAFolder) {
+  const std::vector<std::pair<std::string, std::string>> names = {
+      {"ln -s archive dogs_check.tsv", "this is a link to something else, which is not replaced; remove it first"},
+      {"ln -s nowhere dogs_check.tsv", "this is a link to something else, which is not replaced; remove it first"},
+      {"ln -s dogs.txt dogs_check.tsv", "a table of this name would replace a file that this run reads"},
+      {"mkfifo dogs_check.tsv", "there is something of this name that is no file"},
+      {"mkdir dogs_check.tsv", "there is something of this name that is no file"}};
+  for (const auto& [make, reason] : names) {
+    Files files = files_of(family);
+    files["archive"] = "kept";
+    const WholeRun run =
+        run_program_on(files, tools_script(make + "; \"$TOOLS\" check; status=$?; rm -r dogs_check.tsv; exit $status"));
+    EXPECT_EQ(run.exit_status, 2) << make;
+    EXPECT_EQ(run.messages, "dogs_check.tsv: " + reason + "; the table was not written\n") << make;
+    EXPECT_EQ(run.files, files) << make;
+  }
+}
+
+TEST(PreparedFiles, NeverReplaceALinkOrAPipe) {
+  for (const std::string make : {"ln -s archive dogs.txt", "ln -s nowhere pedigreewatch.ini", "mkfifo dogs.txt"}) {
+    const std::string name = make.substr(make.rfind(' ') + 1);
+    const Files files = {{"dogs.csv", family}, {"archive", "kept"}};
+    const WholeRun run = run_program_on(
+        files, tools_script(make + "; \"$TOOLS\" prepare dogs.csv --species dog --force; status=$?; rm " + name +
+                            "; exit $status"));
+    EXPECT_EQ(run.exit_status, 1) << make;
+    EXPECT_EQ(
+        run.messages,
+        name + ": this is a link, a pipe or a device, which is not replaced; remove it first. Nothing was changed.\n");
+    EXPECT_EQ(run.files, files) << make;
+  }
+}
+
+TEST(UnreadableFile, IsToldWithTheReason) {
+  Files files = files_of(family);
+  files.erase("dogs.txt");
+  const WholeRun english = run_program_on(files, tools_with({"check"}));
+  EXPECT_EQ(english.exit_status, 2);
+  EXPECT_EQ(english.messages,
+            "\"dogs.txt\": the data file that line 2 of pedigreewatch.ini names could not be opened: No such file or "
+            "directory\n");
+  const WholeRun limits = run_program_on(files_of(family), tools_with({"check", "--limits", "none.txt"}));
+  EXPECT_EQ(limits.messages, "none.txt: the file of --limits could not be opened: No such file or directory\n");
+}
+
+// ---- cells that a spreadsheet would work out ----------------------------------------------------------------------
+
+TEST(FormulaCells, StandBehindAnApostropheInEveryTable) {
+  Files files = files_of(std::string(header) + "=S;;;m;01-01-2000\n@D;;;f;02-01-2000\n+a;=S;@D;m;03-03-2052\n");
+  for (const bool is_plain : {false, true}) {
+    const std::string mark = is_plain ? "" : "'";
+    const auto with_option = [&](std::vector<std::string> arguments) {
+      if (is_plain) arguments.push_back("--plain");
+      return tools_with(arguments);
+    };
+    const std::string findings = run_program_on(files, with_option({"check"})).file("dogs_check.tsv");
+    EXPECT_TRUE(has(findings, "\t" + mark + "+a\t")) << findings;
+    files["f"] = "@D\n";
+    files["m"] = "=S\n";
+    const WholeRun matings = run_program_on(files, with_option({"matings", "--females", "f", "--males", "m"}));
+    EXPECT_TRUE(has(matings.file("dogs_matings.tsv"), "\n" + mark + "@D\t" + mark + "=S\t")) << matings.messages;
+  }
+}
+
+// ---- inputs that somebody writes meanwhile ----------------------------------------------------------------------
+
+/// Identifications of 36 letters, of which a run tells each that it cuts it: more than a pipe holds.
+Files files_with_long_ids() {
+  std::string lines;
+  for (int i = 0; i < 5000; ++i) lines += std::to_string(100000 + i) + std::string(30, 'x') + ";;;m;01-01-2000\n";
+  Files files = files_of(std::string(header) + lines);
+  files["dogs.out"] = "last year's report\n";
+  return files;
+}
+
+TEST(ChangedInput, IsToldAndTheOlderReportStands) {
+  const std::string start =
+      "mkfifo console; \"$PROGRAM\" >console & program=$!; exec 3<console; head -c 9000 <&3 >/dev/null; ";
+  const std::string end = "; cat <&3 >/dev/null; rm console; wait $program";
+  for (const std::string change : {"echo 'a;;;m;01-01-2001' >>dogs.txt", "rm dogs.txt; echo id >dogs.txt"}) {
+    const WholeRun run = run_program_on(files_with_long_ids(), shell_script(start + change + end));
+    EXPECT_EQ(run.exit_status, 1) << change;
+    EXPECT_EQ(
+        run.messages,
+        "dogs.txt: the file has changed while it was read; run again when nobody writes it\n"
+        "dogs.out: the report could not be written: an input file has changed while it was read; the last complete "
+        "report still stands there\n")
+        << change;
+    EXPECT_EQ(run.file("dogs.out"), "last year's report\n") << change;
+    EXPECT_EQ(run.files.size(), 3U) << change;
+  }
+  const WholeRun unchanged = run_program_on(files_with_long_ids(), shell_script(start + "true" + end));
+  EXPECT_EQ(unchanged.exit_status, 0) << unchanged.messages;
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test
