@@ -178,7 +178,7 @@ constexpr const char* kennel =
     "bram;;boy;01-02-2002;rex;saar\n"
     "puck;;f;last spring;rex;saar\n"
     "tess;;f;01-02-2003;rex\n"
-    "luna;;f;01-02-1999;rex;saar\n";
+    "luna;;f;01-02-1999;rex;\n";
 
 TEST(CheckRun, NamesTheLinesOfTheExportAndWhatStoodThere) {
   const RunFolder folder(Files{{"kennel.csv", kennel}});

@@ -119,7 +119,7 @@ void report_far_year(const PedigreeColumns& animals, const YearGap& gap, bool is
   add(findings, finding);
 }
 
-void report_lone_years(const PedigreeColumns& animals, const YearGap& gap, bool is_first, const ReadingPlan& plan,
+void report_lone_years(PedigreeColumns& animals, const YearGap& gap, bool is_first, const ReadingPlan& plan,
                        ToolLanguage language, Findings& findings) {
   constexpr Wording before = {"before {1}", "voor {1}"}, after = {"after {1}", "na {1}"};
   const std::string year = std::to_string(is_first ? gap.after : gap.before);
@@ -128,6 +128,9 @@ void report_lone_years(const PedigreeColumns& animals, const YearGap& gap, bool 
     const std::int32_t born = animals.birth.at(animal).year;
     if (born == 0 || animals.has_mark(animal, mark_strange_year)) continue;
     if (is_first ? born < gap.after : born > gap.before) lone.push_back(animal);
+  }
+  if (lone.size() == 1) {
+    animals.marks.at(lone.front()) = static_cast<std::uint8_t>(animals.marks.at(lone.front()) | mark_lone);
   }
   add_for_animals({.code = FindingCode::year_lone,
                    .column = plan.column_of[birthdate_column],
@@ -171,7 +174,7 @@ void report_inner_gaps(std::span<const YearGap> gaps, const ReadingPlan& plan, F
                  .number = count});
 }
 
-void check_gaps(const PedigreeColumns& animals, const ReadingPlan& plan, ToolLanguage language, Findings& findings) {
+void check_gaps(PedigreeColumns& animals, const ReadingPlan& plan, ToolLanguage language, Findings& findings) {
   constexpr std::int64_t far = 100;
   const YearCounts counts = count_years(animals);
   YearGap gap;
@@ -211,34 +214,35 @@ Finding finding_of_age(FindingCode code, const PedigreeColumns& animals, const P
           .number = number};
 }
 
-/// Reports an age in days; without full dates it is the highest that the years allow.
-void report_young_parent(FindingCode code, const PedigreeColumns& animals, const ParentOf& link, ToolLanguage language,
-                         Findings& findings) {
+/// An age in days; without full dates it is the highest that the years allow.
+Finding finding_of_young_parent(FindingCode code, const PedigreeColumns& animals, const ParentOf& link,
+                                ToolLanguage language, Findings& findings) {
   constexpr Wording at_most = {"at most ", "hooguit "};
   const DayRange young = days_of_birth(animals, link.animal), parent = days_of_birth(animals, link.parent);
   Finding finding = finding_of_age(code, animals, link, std::int64_t{young.last} - parent.first, findings);
   const bool is_exact = young.first == young.last && parent.first == parent.last;
   finding.other_text = keep(findings, is_exact ? std::string_view() : words_of(at_most, language));
-  add(findings, finding);
+  return finding;
 }
 
-void check_age(const PedigreeColumns& animals, const ParentOf& link, const CheckLimits& limits, ToolLanguage language,
-               Findings& findings) {
+/// What is said of the age of a parent, if anything.
+std::optional<Finding> find_age(const PedigreeColumns& animals, const ParentOf& link, const CheckLimits& limits,
+                                ToolLanguage language, Findings& findings) {
   const DayRange young = days_of_birth(animals, link.animal), parent = days_of_birth(animals, link.parent);
   const bool is_strange = ((animals.marks.at(link.animal) | animals.marks.at(link.parent)) & mark_strange_year) != 0;
-  if (!young.is_known() || !parent.is_known() || is_strange || link.animal == link.parent) return;
+  if (!young.is_known() || !parent.is_known() || is_strange || link.animal == link.parent) return std::nullopt;
   const std::int64_t most = std::int64_t{young.last} - parent.first, least = std::int64_t{young.first} - parent.last;
   const std::int32_t oldest = link.role == ParentRole::sire ? limits.oldest_sire_years : limits.oldest_dam_years;
-  if (most < 0) {
-    add(findings, finding_of_age(FindingCode::born_before_parent, animals, link, most, findings));
-  } else if (most < std::max(limits.youngest_parent_days, youngest_possible_days)) {
-    report_young_parent(FindingCode::parent_too_young, animals, link, language, findings);
-  } else if (most < limits.young_parent_days) {
-    report_young_parent(FindingCode::parent_young, animals, link, language, findings);
-  } else if (static_cast<double>(least) >= (oldest + 1) * days_of_a_year) {
-    const auto years = static_cast<std::int64_t>(static_cast<double>(least) / days_of_a_year);
-    add(findings, finding_of_age(FindingCode::parent_old, animals, link, years, findings));
+  if (most < 0) return finding_of_age(FindingCode::born_before_parent, animals, link, most, findings);
+  if (most < std::max(limits.youngest_parent_days, youngest_possible_days)) {
+    return finding_of_young_parent(FindingCode::parent_too_young, animals, link, language, findings);
   }
+  if (most < limits.young_parent_days) {
+    return finding_of_young_parent(FindingCode::parent_young, animals, link, language, findings);
+  }
+  if (static_cast<double>(least) < (oldest + 1) * days_of_a_year) return std::nullopt;
+  const auto years = static_cast<std::int64_t>(static_cast<double>(least) / days_of_a_year);
+  return finding_of_age(FindingCode::parent_old, animals, link, years, findings);
 }
 
 /// An age in the program's calendar of 365-day years, as far as 32 bits go.
@@ -274,6 +278,28 @@ void settle_year_only_dates(PedigreeColumns& animals, const FileSurvey& survey, 
        .other_number = survey.dates});
 }
 
+void check_exchanged_dates(const PedigreeColumns& animals, const FileSurvey& survey, const ReadingPlan& plan,
+                           Findings& findings) {
+  constexpr std::int32_t together = 30, beside = 3, last_month = 12;
+  const std::vector<std::int32_t>& exchanged = survey.exchanged_dates;
+  for (std::size_t begin = 0; begin < exchanged.size();) {
+    std::size_t end = begin + 1;
+    while (end < exchanged.size() && exchanged[end] - exchanged[end - 1] <= together) ++end;
+    std::vector<std::int32_t> doubtful;
+    const std::int32_t first = std::max(exchanged[begin] - beside, 1);
+    const std::int32_t last = std::min(exchanged[end - 1] + beside, animals.count());
+    for (std::int32_t animal = first; animal <= last; ++animal) {
+      const BirthDay& birth = animals.birth.at(animal);
+      const bool is_full = birth.year != 0 && !animals.has_mark(animal, mark_year_only) &&
+                           !std::binary_search(exchanged.begin(), exchanged.end(), animal);
+      if (is_full && birth.day <= last_month && birth.day != birth.month) doubtful.push_back(animal);
+    }
+    add_for_animals({.code = FindingCode::date_order, .column = plan.column_of[birthdate_column]}, doubtful, animals,
+                    findings);
+    begin = end;
+  }
+}
+
 void check_years(PedigreeColumns& animals, const ReadingPlan& plan, const CalendarDate& today, ToolLanguage language,
                  Findings& findings) {
   check_span(animals, plan, findings);
@@ -281,11 +307,22 @@ void check_years(PedigreeColumns& animals, const ReadingPlan& plan, const Calend
   check_gaps(animals, plan, language, findings);
 }
 
-void check_ages(const PedigreeColumns& animals, const CheckLimits& limits, ToolLanguage language, Findings& findings) {
+void check_ages(const PedigreeColumns& animals, const CheckLimits& limits, ToolLanguage language, Findings& findings,
+                std::vector<DateConflict>& conflicts) {
+  const auto check = [&](const ParentOf& link) {
+    const std::optional<Finding> found = find_age(animals, link, limits, language, findings);
+    // What a lone year makes impossible follows from it and is not told again.
+    const bool is_lone = ((animals.marks.at(link.animal) | animals.marks.at(link.parent)) & mark_lone) != 0;
+    if (found && found->code == FindingCode::parent_young) {
+      add(findings, *found);
+    } else if (found && (!is_lone || found->code == FindingCode::parent_old)) {
+      conflicts.push_back({{link.animal, link.parent}, *found});
+    }
+  };
   for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
     const std::int32_t sire = animals.linked(animals.sire.at(animal)), dam = animals.linked(animals.dam.at(animal));
-    if (sire != 0) check_age(animals, {ParentRole::sire, animal, sire}, limits, language, findings);
-    if (dam != 0) check_age(animals, {ParentRole::dam, animal, dam}, limits, language, findings);
+    if (sire != 0) check({ParentRole::sire, animal, sire});
+    if (dam != 0) check({ParentRole::dam, animal, dam});
   }
 }
 

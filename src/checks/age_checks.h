@@ -1,7 +1,10 @@
 // Birth years as a whole, and the ages of parents at the births of their young.
 #pragma once
 
+#include <vector>
+
 #include "checks/check_limits.h"
+#include "checks/date_conflicts.h"
 #include "checks/file_reading.h"
 #include "checks/findings.h"
 #include "checks/pedigree_columns.h"
@@ -14,13 +17,18 @@ namespace pedigreewatch {
 void settle_year_only_dates(PedigreeColumns& animals, const FileSurvey& survey, const ReadingPlan& plan,
                             Findings& findings);
 
+/// Finds dates beside impossible ones of which day and month may be exchanged too.
+void check_exchanged_dates(const PedigreeColumns& animals, const FileSurvey& survey, const ReadingPlan& plan,
+                           Findings& findings);
+
 /// Finds years in the future, years far from all others, empty years and a span that stops the run.
 void check_years(PedigreeColumns& animals, const ReadingPlan& plan, const CalendarDate& today, ToolLanguage language,
                  Findings& findings);
 
 /// Finds young born before their parents, and parents too young or too old. Of dates without a day or month only what
-/// no day could allow.
-void check_ages(const PedigreeColumns& animals, const CheckLimits& limits, ToolLanguage language, Findings& findings);
+/// no day could allow. What two dates make impossible, or a parent too old, is a conflict.
+void check_ages(const PedigreeColumns& animals, const CheckLimits& limits, ToolLanguage language, Findings& findings,
+                std::vector<DateConflict>& conflicts);
 
 /// Finds a parent so old that the tables of ages stop the run.
 void check_age_figures(const PedigreeColumns& animals, Findings& findings);

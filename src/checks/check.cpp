@@ -1,13 +1,19 @@
 #include "checks/check.h"
 
+#include <span>
+#include <vector>
+
 #include "checks/age_checks.h"
 #include "checks/date_layout_check.h"
 #include "checks/file_reading.h"
 #include "checks/grouped_findings.h"
 #include "checks/litter_checks.h"
+#include "checks/litter_dams.h"
 #include "checks/loop_checks.h"
 #include "checks/parent_checks.h"
 #include "checks/reading_plan.h"
+#include "checks/same_animals.h"
+#include "checks/stray_lines.h"
 #include "checks/value_checks.h"
 #include "core/wording.h"
 
@@ -47,26 +53,40 @@ void check_values(const FileSurvey& survey, ReadingPlan& plan, const CheckSettin
   check_breeders(survey, plan, result.findings);
 }
 
+/// Those that are animals, not a total or a remark.
+std::vector<std::int32_t> animals_of_lines(std::span<const std::int32_t> lines, const PedigreeColumns& animals) {
+  std::vector<std::int32_t> found;
+  for (const std::int32_t each : lines) {
+    if (!animals.has_mark(each, mark_no_animal)) found.push_back(each);
+  }
+  return found;
+}
+
 void check_pedigree(const FileSurvey& survey, const ReadingPlan& plan, const CheckSettings& settings,
                     CheckResult& result) {
   PedigreeColumns& animals = result.animals;
   Findings& findings = result.findings;
   settle_year_only_dates(animals, survey, plan, findings);
-  add_for_animals({.code = FindingCode::date_unknown, .column = plan.column_of[birthdate_column]}, survey.undated,
-                  animals, findings);
+  add_for_animals({.code = FindingCode::date_unknown, .column = plan.column_of[birthdate_column]},
+                  animals_of_lines(survey.undated, animals), animals, findings);
+  check_exchanged_dates(animals, survey, plan, findings);
   group_alike(findings);
   check_years(animals, plan, settings.today, settings.language, findings);
   check_duplicates(animals, findings);
+  check_same_animals(animals, findings);
   {
     const ParentUses uses = count_parent_uses(animals);
-    check_missing_parents(animals, uses, plan, findings);
+    check_missing_parents(animals, uses, plan, settings.limits, findings);
     check_roles(animals, uses, plan, findings);
     check_founders(animals, uses, findings);
   }
   check_loops(animals, settings.language, findings);
-  check_ages(animals, settings.limits, settings.language, findings);
+  std::vector<DateConflict> conflicts;
+  check_ages(animals, settings.limits, settings.language, findings, conflicts);
+  check_litters(animals, settings.limits, findings, conflicts);
+  report_conflicts(animals, conflicts, settings.limits, settings.language, findings);
   check_age_figures(animals, findings);
-  check_litters(animals, settings.limits, findings);
+  check_litter_dams(animals, findings);
 }
 
 }  // namespace
@@ -81,6 +101,7 @@ CheckResult check_data(LineReader& data, const CheckSettings& settings, Progress
   if (result.has_read_animals && data.error == 0) {
     begin_progress(progress, words_of(checking_animals, settings.language));
     count_progress(progress, result.animals.count());
+    check_stray_lines(result.animals, result.findings);
     check_values(survey, plan, settings, result);
     check_pedigree(survey, plan, settings, result);
   }

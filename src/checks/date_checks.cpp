@@ -48,6 +48,13 @@ DateReading look_at_date(std::string_view field, const DateLayout& layout) {
   return reading;
 }
 
+bool is_exchanged(std::string_view field, const DateLayout& layout) {
+  constexpr std::int32_t last_month = 12, last_day = 31;
+  BirthDate raw;
+  return cut_birth_date(field, layout, raw) && raw.month > last_month && raw.month <= last_day && raw.day >= 1 &&
+         raw.day <= last_month;
+}
+
 bool is_placeholder_date(const BirthDate& date) {
   constexpr auto placeholders = std::to_array<std::array<std::int32_t, 3>>({{1900, 1, 1},
                                                                             {1900, 1, 0},

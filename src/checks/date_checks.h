@@ -25,6 +25,9 @@ struct DateReading {
 /// Reads a date as the program does, and says what it is.
 DateReading look_at_date(std::string_view field, const DateLayout& layout);
 
+/// Whether the month is none and can be a day, and the day can be a month.
+bool is_exchanged(std::string_view field, const DateLayout& layout);
+
 /// Dates that programs write for an unknown one, such as 01-01-1900.
 bool is_placeholder_date(const BirthDate& date);
 

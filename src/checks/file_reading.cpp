@@ -186,7 +186,12 @@ BirthDay take_date(Reading& reading, const DataLine& line, const LineFields& fie
                            .other_text = keep(reading.findings, reading.plan.layout.date_layout.trimmed())});
     return {};
   }
-  if (date.kind == DateKind::repaired) report_repair(reading, line, date, text);
+  if (date.kind == DateKind::repaired) {
+    report_repair(reading, line, date, text);
+    if (is_exchanged(fields.text[birthdate_column], reading.plan.layout.dates)) {
+      reading.survey.exchanged_dates.push_back(reading.animals.count());
+    }
+  }
   if (date.kind == DateKind::year_only) {
     reading.survey.dated_by_year.push_back(reading.animals.count());
     marks = static_cast<std::uint8_t>(marks | mark_year_only);
@@ -220,6 +225,14 @@ void count_texts(Reading& reading, const DataLine& line, const LineFields& field
   if (name.size() > name_width) find(reading, line, FindingCode::name_cut, name_column, name);
 }
 
+/// Whether a line has nothing but an identification.
+bool has_nothing_else(const LineFields& fields) {
+  for (std::size_t code = id_column + 1; code < field_count; ++code) {
+    if (!field_of(fields, static_cast<FieldCode>(code)).empty()) return false;
+  }
+  return true;
+}
+
 void store_animal(Reading& reading, DataLine& line, const LineFields& fields, std::uint8_t marks) {
   PedigreeColumns& animals = reading.animals;
   const bool is_animal = (marks & mark_no_animal) == 0;
@@ -232,13 +245,17 @@ void store_animal(Reading& reading, DataLine& line, const LineFields& fields, st
     count_texts(reading, line, fields);
   }
   if (line.kinds != byte_plain) check_letters(reading, line, fields);
+  if (is_animal && has_nothing_else(fields)) marks = static_cast<std::uint8_t>(marks | mark_bare);
   if (!field_of(fields, import_column).empty()) marks = static_cast<std::uint8_t>(marks | mark_import);
   animals.birth.add(take_date(reading, line, fields, marks));
   animals.marks.add(marks);
   const std::string_view sex = fields.text[sex_column];
   animals.sex.add(sex.empty() ? ' ' : sex.front());
   const std::string_view name = field_of(fields, name_column);
-  animals.name_hash.add(name.empty() || name == "-" ? 0 : hash_of_text(name));
+  if (name != "-" && animals.name_bytes.size() + name.size() <= UINT32_MAX) {
+    animals.name_bytes.insert(animals.name_bytes.end(), name.begin(), name.end());
+  }
+  animals.name_end.add(static_cast<std::uint32_t>(animals.name_bytes.size()));
 }
 
 void take_line(Reading& reading, DataLine line) {

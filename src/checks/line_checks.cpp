@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "checks/readable_text.h"
 #include "core/fixed_text.h"
 #include "text/folded_words.h"
 
@@ -22,6 +23,30 @@ void count_further_fields(std::string_view line, std::size_t begin, const Readin
     if (fields.column_count++ >= plan.header_columns && !is_empty) fields.has_text_beyond_header = true;
     begin = end + 1;
   }
+}
+
+/// Whether a text is a heading of this field.
+bool is_heading_of(std::string_view text, FieldCode code) {
+  const std::string_view word = without_trailing_blanks(text);
+  return !word.empty() && meaning_of(readable(word)).code == code;
+}
+
+/// Whether headings stand in the line, not always the very ones of the first line: no parent has a digit, and two
+/// fields or more are called as headings of theirs are, one of the parents among them.
+bool are_headings(const LineFields& fields) {
+  constexpr std::string_view digits = "0123456789";
+  constexpr std::size_t fewest = 2;
+  const std::string_view sire = fields.text[sire_column], dam = fields.text[dam_column];
+  if (sire.empty() || dam.empty() || sire.find_first_of(digits) != std::string_view::npos) return false;
+  if (dam.find_first_of(digits) != std::string_view::npos) return false;
+  std::size_t parents = 0, all = 0;
+  for (std::size_t code = id_column; code < field_count; ++code) {
+    const bool is_heading = is_heading_of(fields.text[code], static_cast<FieldCode>(code));
+    all += is_heading ? 1 : 0;
+    parents += is_heading && (code == sire_column || code == dam_column) ? 1 : 0;
+    if (code == dam_column && parents == 0) return false;
+  }
+  return all >= fewest;
 }
 
 bool is_total_word(std::string_view id) {
@@ -83,7 +108,7 @@ bool is_quoted(std::string_view field) {
 }
 
 LineKind kind_of_line(std::string_view line, const LineFields& fields, const ReadingPlan& plan) {
-  if (!plan.header_line.empty() && line == plan.header_line) return LineKind::header_again;
+  if (!plan.header_line.empty() && (line == plan.header_line || are_headings(fields))) return LineKind::header_again;
   if (is_blank_line(line, plan.layout.delimiter) || line.front() == '\x1A') return LineKind::no_animal;
   const auto is_empty = [&](FieldCode code) {
     return without_trailing_blanks(fields.text[static_cast<std::size_t>(code)]).empty();

@@ -67,38 +67,41 @@ void check_litter(const PedigreeColumns& animals, std::span<const Birth> litter,
 
 /// Two births of a dam that follow each other.
 void check_interval(const PedigreeColumns& animals, const Birth& earlier, const Birth& later, const CheckLimits& limits,
-                    Findings& findings) {
+                    Findings& findings, std::vector<DateConflict>& conflicts) {
   constexpr std::int32_t longest_birth = 7;
   const std::int32_t days = later.day - earlier.day;
   const std::int32_t least = std::max(limits.births_apart_days, limits.births_apart_look_days);
   if (days >= least) return;
   FindingCode code = days < limits.births_apart_days ? FindingCode::births_too_close : FindingCode::births_close;
   if (days <= longest_birth) code = FindingCode::litter_dates;
-  add(findings, finding_of(code, animals, later, earlier, findings));
-  findings.list.back().number = days;
+  Finding finding = finding_of(code, animals, later, earlier, findings);
+  finding.number = days;
+  if (code != FindingCode::births_too_close) return add(findings, finding);
+  conflicts.push_back({{later.animal, earlier.animal}, finding});
 }
 
 void check_births_of_dam(const PedigreeColumns& animals, std::span<Birth> births, const CheckLimits& limits,
-                         Findings& findings) {
+                         Findings& findings, std::vector<DateConflict>& conflicts) {
   std::sort(births.begin(), births.end(),
             [](const Birth& a, const Birth& b) { return a.day != b.day ? a.day < b.day : a.animal < b.animal; });
   for (std::size_t begin = 0; begin < births.size();) {
     std::size_t end = begin + 1;
     while (end < births.size() && births[end].day == births[begin].day) ++end;
     check_litter(animals, births.subspan(begin, end - begin), limits, findings);
-    if (end < births.size()) check_interval(animals, births[begin], births[end], limits, findings);
+    if (end < births.size()) check_interval(animals, births[begin], births[end], limits, findings, conflicts);
     begin = end;
   }
 }
 
 }  // namespace
 
-void check_litters(const PedigreeColumns& animals, const CheckLimits& limits, Findings& findings) {
+void check_litters(const PedigreeColumns& animals, const CheckLimits& limits, Findings& findings,
+                   std::vector<DateConflict>& conflicts) {
   std::vector<Birth> births = births_by_dam(animals);
   for (std::size_t begin = 0; begin < births.size();) {
     std::size_t end = begin + 1;
     while (end < births.size() && births[end].dam == births[begin].dam) ++end;
-    check_births_of_dam(animals, std::span<Birth>(births).subspan(begin, end - begin), limits, findings);
+    check_births_of_dam(animals, std::span<Birth>(births).subspan(begin, end - begin), limits, findings, conflicts);
     begin = end;
   }
 }

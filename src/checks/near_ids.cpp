@@ -1,14 +1,17 @@
 // Two texts one letter apart share a text with a letter left out: all of these are hashed, those of the identifications
 // that are sought into a table, and those of the animals are looked up in it. The work grows with the letters of the
-// file, not with the pairs of its animals.
+// file, not with the pairs of its animals. Identifications two slips apart are compared one by one, as far as the pairs
+// are few.
 
 #include "checks/near_ids.h"
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <utility>
 
 #include "checks/readable_text.h"
-#include "core/text_index.h"
+#include "text/utf_8.h"
 
 namespace pedigreewatch {
 namespace {
@@ -18,11 +21,54 @@ using Hash = std::uint64_t;
 constexpr Hash letter_factor = 0x9E3779B97F4A7C15ULL;
 constexpr std::size_t longest_id = 64;
 
-/// The hash of the text and of the text with each of its letters left out; a text of n letters has n + 1 of them.
-struct DeletionHashes {
-  std::array<Hash, longest_id + 1> hashes = {};
-  std::size_t count = 0;
-};
+bool is_digit(char letter) {
+  return letter >= '0' && letter <= '9';
+}
+
+bool is_capital(char letter) {
+  return letter >= 'A' && letter <= 'Z';
+}
+
+bool has_only_digits(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), is_digit);
+}
+
+char capital_of(char letter) {
+  return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+}
+
+/// The text without invisible letters; ASCII is left as it is.
+std::string visible_text(std::string_view id) {
+  const std::string decoded = readable(id);
+  std::string text;
+  for (std::string_view rest = decoded; !rest.empty();) {
+    const char32_t letter = take_letter(rest);
+    if (!is_invisible(letter)) append_letter(text, letter);
+  }
+  return text;
+}
+
+/// Appends the loose form of a text without invisible letters.
+void append_loose(std::string& loose, std::string_view id) {
+  const bool has_digit = std::any_of(id.begin(), id.end(), is_digit);
+  const auto letter_at = [&](std::size_t place) {
+    const char letter = capital_of(id[place]);
+    if (has_digit && letter == 'O') return '0';
+    return has_digit && (letter == 'I' || letter == 'L') ? '1' : letter;
+  };
+  for (std::size_t i = 0; i < id.size(); ++i) {
+    const char letter = letter_at(i);
+    const bool is_sign = !is_digit(letter) && !is_capital(letter) && static_cast<unsigned char>(letter) < 0x80;
+    if (is_sign) continue;
+    const bool is_first = i == 0 || !is_digit(letter_at(i - 1));
+    const bool is_leading_zero = letter == '0' && is_first && i + 1 < id.size() && is_digit(letter_at(i + 1));
+    if (!is_leading_zero) {
+      loose.push_back(letter);
+      continue;
+    }
+    while (i + 2 < id.size() && letter_at(i + 1) == '0' && is_digit(letter_at(i + 2))) ++i;  // the last digit stays
+  }
+}
 
 Hash mixed(Hash hash) {
   hash ^= hash >> 31;
@@ -30,119 +76,298 @@ Hash mixed(Hash hash) {
   return hash ^ (hash >> 29);
 }
 
-DeletionHashes hash_deletions(std::string_view text) {
-  DeletionHashes result;
+/// The hashes of a text, of the text with each of its letters left out, and of its ends.
+struct TextHashes {
+  std::array<Hash, longest_id + 1> hashes = {};  ///< the text itself first
+  std::size_t count = 0;
+  std::array<Hash, longest_id + 1> ends = {};  ///< of what stands from a letter on, not mixed
+  std::size_t length = 0;
+};
+
+void hash_text(std::string_view text, TextHashes& result) {
+  static constexpr auto powers = [] {
+    std::array<Hash, longest_id + 1> values = {1};
+    for (std::size_t i = 1; i < values.size(); ++i) values[i] = values[i - 1] * letter_factor;
+    return values;
+  }();
   text = text.substr(0, longest_id);
-  std::array<Hash, longest_id + 1> behind = {};  // of what stands from a letter on
-  Hash power = 1;
-  for (std::size_t i = text.size(); i > 0; --i) {
-    behind[i - 1] = behind[i] + (static_cast<unsigned char>(text[i - 1]) + Hash{1}) * power;
-    power *= letter_factor;
+  const std::size_t n = text.size();
+  result.length = n;
+  result.ends[n] = 0;
+  for (std::size_t i = n; i > 0; --i) {
+    result.ends[i - 1] = result.ends[i] + (static_cast<unsigned char>(text[i - 1]) + Hash{1}) * powers[n - i];
   }
-  result.hashes[result.count++] = mixed(behind[0]);
+  result.count = 0;
+  result.hashes[result.count++] = mixed(result.ends[0]);
   Hash before = 0;  // of the letters before the one left out, as if the rest had one letter less
-  std::array<Hash, longest_id + 1> powers = {1};
-  for (std::size_t i = 1; i <= text.size(); ++i) powers[i] = powers[i - 1] * letter_factor;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    result.hashes[result.count++] = mixed(before + behind[i + 1]);
-    if (i + 1 < text.size()) {
-      before += (static_cast<unsigned char>(text[i]) + Hash{1}) * powers[text.size() - 2 - i];
-    }
+  for (std::size_t i = 0; i < n; ++i) {
+    result.hashes[result.count++] = mixed(before + result.ends[i + 1]);
+    if (i + 1 < n) before += (static_cast<unsigned char>(text[i]) + Hash{1}) * powers[n - 2 - i];
   }
-  return result;
 }
 
 struct WantedHash {
   Hash hash = 0;
-  std::int32_t id = 0;
+  std::uint32_t place = 0;  ///< among the wanted ones
 };
 
-/// A small map of which hashes are wanted at all, so that nearly all others cost one look.
-struct HashFilter {
-  static constexpr std::size_t bits = std::size_t{1} << 22;
-  std::vector<std::uint64_t> words = std::vector<std::uint64_t>(bits / 64);
+/// What is sought: the loose forms, all their hashes in order, and which lengths of ends are worth a look.
+struct Sought {
+  std::vector<std::string> texts;
+  std::vector<WantedHash> hashes;
+  std::vector<std::uint64_t> filter;  ///< a small map of hashes, so that nearly all others cost one look
+  std::vector<std::size_t> end_lengths;
 
-  void set(Hash hash) { words[hash % bits / 64] |= std::uint64_t{1} << (hash % 64); }
-  bool may_have(Hash hash) const { return (words[hash % bits / 64] >> (hash % 64) & 1U) != 0; }
+  static constexpr std::size_t filter_bits = std::size_t{1} << 20;
+  bool may_have(Hash hash) const { return (filter[hash % filter_bits / 64] >> (hash % 64) & 1U) != 0; }
 };
 
-void note_near(NearAnimals& near, std::int32_t animal) {
-  constexpr std::size_t most = 8;
-  if (std::find(near.animals.begin(), near.animals.end(), animal) != near.animals.end()) return;
-  if (near.animals.size() < most) {
-    near.animals.push_back(animal);
-  } else {
-    near.are_all = false;
+/// Where the number begins behind the letters of a prefix; 0: there is no such prefix.
+std::size_t prefix_length(std::string_view loose) {
+  constexpr std::size_t fewest_digits = 3;
+  const auto first_digit = static_cast<std::size_t>(std::find_if(loose.begin(), loose.end(), is_digit) - loose.begin());
+  const bool is_number = has_only_digits(loose.substr(first_digit)) && loose.size() >= first_digit + fewest_digits;
+  return is_number ? first_digit : 0;
+}
+
+std::string_view without_zeros(std::string_view digits) {
+  return digits.substr(std::min(digits.find_first_not_of('0'), digits.size()));
+}
+
+constexpr std::size_t shortest_end = 4, most_lacking = 8;
+
+Sought prepare_search(const PedigreeColumns& animals, std::span<const std::int32_t> wanted) {
+  Sought sought;
+  sought.filter.resize(Sought::filter_bits / 64);
+  TextHashes hashes;
+  const auto add_hash = [&](Hash hash, std::size_t place) {
+    sought.hashes.push_back({hash, static_cast<std::uint32_t>(place)});
+    sought.filter[hash % Sought::filter_bits / 64] |= std::uint64_t{1} << (hash % 64);
+  };
+  for (std::size_t place = 0; place < wanted.size(); ++place) {
+    sought.texts.push_back(loose_id(animals.ids.at(wanted[place])));
+    const std::string_view text = sought.texts.back();
+    hash_text(text, hashes);
+    for (std::size_t k = 0; k < hashes.count; ++k) add_hash(hashes.hashes[k], place);
+    const std::size_t prefix = prefix_length(text);
+    if (prefix > 0) {
+      hash_text(without_zeros(text.substr(prefix)), hashes);
+      add_hash(hashes.hashes[0], place);
+    }
+    const auto known = std::find(sought.end_lengths.begin(), sought.end_lengths.end(), text.size());
+    constexpr std::size_t most_lengths = 8;
+    const bool is_new = known == sought.end_lengths.end() && sought.end_lengths.size() < most_lengths;
+    if (is_new && text.size() >= shortest_end && text.size() <= longest_id) sought.end_lengths.push_back(text.size());
   }
+  std::sort(sought.hashes.begin(), sought.hashes.end(), [](const WantedHash& a, const WantedHash& b) {
+    return a.hash != b.hash ? a.hash < b.hash : a.place < b.place;
+  });
+  const auto is_same = [](const WantedHash& a, const WantedHash& b) { return a.hash == b.hash && a.place == b.place; };
+  sought.hashes.erase(std::unique(sought.hashes.begin(), sought.hashes.end(), is_same), sought.hashes.end());
+  return sought;
+}
+
+/// The results, each animal once for each of the wanted ones.
+struct Found {
+  std::vector<std::vector<NearAnimal>> near;
+
+  void add(std::size_t place, std::int32_t animal, Slip slip) {
+    constexpr std::size_t most = 4000;
+    std::vector<NearAnimal>& list = near[place];
+    const bool is_known = !list.empty() && list.back().animal == animal;
+    if (!is_known && list.size() < most) list.push_back({animal, slip});
+  }
+};
+
+void look_up(const Sought& sought, Hash hash, std::string_view text, std::int32_t animal, Found& found) {
+  if (!sought.may_have(hash)) return;
+  auto each = std::lower_bound(sought.hashes.begin(), sought.hashes.end(), hash,
+                               [](const WantedHash& a, Hash wanted) { return a.hash < wanted; });
+  constexpr int most_looked_at = 300;  // ids that all have one letter in common place are no slips
+  for (int k = 0; k < most_looked_at && each != sought.hashes.end() && each->hash == hash; ++k, ++each) {
+    const Slip slip = slip_between(sought.texts[each->place], text);
+    if (slip != Slip::none && slip != Slip::two) found.add(each->place, animal, slip);
+  }
+}
+
+/// Looks up an animal's identification in its loose form.
+void look_up_all(const Sought& sought, std::string_view text, std::int32_t animal, TextHashes& hashes, Found& found) {
+  hash_text(text, hashes);
+  for (std::size_t k = 0; k < hashes.count; ++k) look_up(sought, hashes.hashes[k], text, animal, found);
+  for (const std::size_t length : sought.end_lengths) {
+    if (length + 1 >= hashes.length || length + most_lacking < hashes.length) continue;
+    look_up(sought, mixed(hashes.ends[hashes.length - length]), text, animal, found);
+  }
+  const std::size_t prefix = prefix_length(text);
+  if (prefix == 0) return;
+  TextHashes number;
+  hash_text(without_zeros(text.substr(prefix)), number);
+  look_up(sought, number.hashes[0], text, animal, found);
+}
+
+/// Which of 64 letters occur: two slips change four of them at most.
+std::uint64_t letters_in(std::string_view text) {
+  std::uint64_t letters = 0;
+  for (const char letter : text) letters |= std::uint64_t{1} << (static_cast<unsigned char>(letter) % 64U);
+  return letters;
+}
+
+void compare_pairs(const PedigreeColumns& animals, std::span<const std::string> wanted,
+                   std::span<const std::string> loose_ids, Found& found) {
+  constexpr int most_changed = 4;
+  constexpr std::size_t shortest_number = 8, shortest = 6;
+  std::vector<std::uint64_t> letters;
+  for (const std::string& text : wanted) letters.push_back(letters_in(text));
+  for (std::int32_t id = 1; id <= animals.ids.count(); ++id) {
+    const std::int32_t animal = animals.animal_of[id];
+    if (animal == 0) continue;
+    const std::string& text = loose_ids[static_cast<std::size_t>(id)];
+    const std::uint64_t own = letters_in(text);
+    for (std::size_t place = 0; place < wanted.size(); ++place) {
+      const std::string& written = wanted[place];
+      if (written.size() < shortest || std::popcount(letters[place] ^ own) > most_changed) continue;
+      if (written.size() < shortest_number && has_only_digits(written)) continue;
+      if (slip_between(written, text) == Slip::two) found.near[place].push_back({animal, Slip::two});
+    }
+  }
+}
+
+bool look_alike(char a, char b) {
+  constexpr std::array<std::string_view, 6> groups = {"5S", "8B", "2Z", "6G", "0DQ", "UV"};
+  return std::any_of(groups.begin(), groups.end(), [&](std::string_view group) {
+    return group.find(a) != std::string_view::npos && group.find(b) != std::string_view::npos;
+  });
+}
+
+/// The number of slips between two texts, changes of neighbours among them (Damerau, 1964), if it is two at most;
+/// more than two otherwise.
+std::size_t distance_up_to_two(std::string_view a, std::string_view b) {
+  constexpr std::size_t far = 3, band = 2;
+  if (a.size() > b.size()) std::swap(a, b);
+  if (b.size() - a.size() > band || b.size() > longest_id) return far;
+  std::array<std::array<std::size_t, longest_id + 2>, 3> rows = {};
+  for (std::size_t j = 0; j <= b.size(); ++j) rows[0][j] = j;
+  for (std::size_t i = 1; i <= a.size(); ++i) {
+    auto &row = rows[i % 3], &last = rows[(i + 2) % 3], &before_last = rows[(i + 1) % 3];
+    const std::size_t first = i > band ? i - band : 0, end = std::min(b.size(), i + band);
+    std::size_t least = far;
+    for (std::size_t j = first; j <= end; ++j) {
+      std::size_t value = far;
+      if (j == 0) value = i;
+      if (j > 0) value = std::min(value, last[j - 1] + (a[i - 1] == b[j - 1] ? 0 : 1));
+      if (j < i + band || j == 0) value = std::min(value, last[j] + 1);
+      if (j > first) value = std::min(value, row[j - 1] + 1);
+      const bool is_exchange = i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1];
+      if (is_exchange && j - 2 + band >= i - 2) value = std::min(value, before_last[j - 2] + 1);
+      row[j] = value;
+      least = std::min(least, value);
+    }
+    if (least >= far) return far;
+  }
+  return std::min(rows[a.size() % 3][b.size()], far);
+}
+
+/// The slip of texts that differ from `first` on, up to a common end.
+Slip single_slip(std::string_view written, std::string_view meant, std::size_t first) {
+  const std::string_view rest = written.substr(first), other = meant.substr(first);
+  if (rest.size() + 1 == other.size() && rest == other.substr(1)) {
+    if (rest.empty()) return Slip::last_lacking;
+    return (first > 0 && meant[first - 1] == other[0]) || rest[0] == other[0] ? Slip::doubled : Slip::lacking;
+  }
+  if (rest.size() == other.size() + 1 && rest.substr(1) == other) {
+    return first > 0 && written[first - 1] == rest[0] ? Slip::doubled : Slip::too_many;
+  }
+  if (rest.size() != other.size() || rest.empty()) return Slip::none;
+  if (rest.substr(1) == other.substr(1)) {
+    if (look_alike(rest[0], other[0])) return Slip::look_alike;
+    return is_digit(rest[0]) && is_digit(other[0]) ? Slip::digit : Slip::letter;
+  }
+  const bool is_exchange = rest.size() >= 2 && rest[0] == other[1] && rest[1] == other[0];
+  return is_exchange && rest.substr(2) == other.substr(2) ? Slip::exchange : Slip::none;
+}
+
+/// Whether one of the texts is the number of the other without its prefix.
+bool is_prefix_slip(std::string_view shorter, std::string_view longer) {
+  const std::size_t prefix = prefix_length(longer);
+  return prefix > 0 && has_only_digits(shorter) && without_zeros(longer.substr(prefix)) == shorter;
 }
 
 }  // namespace
 
-bool is_one_letter_off(std::string_view a, std::string_view b) {
-  if (a.size() > b.size()) std::swap(a, b);
-  const std::size_t longer_by = b.size() - a.size();
-  if (longer_by > 1 || a == b) return false;
-  std::size_t first = 0;
-  while (first < a.size() && a[first] == b[first]) ++first;
-  const std::string_view rest_a = a.substr(first), rest_b = b.substr(first);
-  if (longer_by == 1) return rest_a == rest_b.substr(1);
-  if (rest_a.substr(1) == rest_b.substr(1)) return true;
-  return rest_a.size() >= 2 && rest_a[0] == rest_b[1] && rest_a[1] == rest_b[0] && rest_a.substr(2) == rest_b.substr(2);
+std::string loose_id(std::string_view id) {
+  std::string loose;
+  loose.reserve(id.size());
+  if (is_ascii(id)) {
+    append_loose(loose, id);
+  } else {
+    append_loose(loose, visible_text(id));
+  }
+  return loose;
 }
 
-std::unordered_map<std::int32_t, std::int32_t> find_same_but_spelling(const PedigreeColumns& animals,
-                                                                      std::span<const std::int32_t> wanted) {
-  std::unordered_map<std::int32_t, std::int32_t> found;
-  if (wanted.empty()) return found;
-  TextStore folded_texts;
-  std::vector<std::vector<std::int32_t>> ids_of = {{}};  // for each folded text the ids that are sought
-  for (const std::int32_t id : wanted) {
-    const std::int32_t number = number_of_text(folded_texts, folded_id(animals.ids.at(id)));
-    if (static_cast<std::size_t>(number) == ids_of.size()) ids_of.emplace_back();
-    ids_of[static_cast<std::size_t>(number)].push_back(id);
+bool is_one_letter_off(std::string_view a, std::string_view b) {
+  const auto same = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
+  return a != b && single_slip(a, b, static_cast<std::size_t>(same.first - a.begin())) != Slip::none;
+}
+
+Slip slip_between(std::string_view written, std::string_view meant) {
+  if (written == meant) return Slip::format;
+  if (is_prefix_slip(written, meant) || is_prefix_slip(meant, written)) return Slip::prefix;
+  const std::size_t shorter = std::min(written.size(), meant.size());
+  std::size_t first = 0;
+  while (first < shorter && written[first] == meant[first]) ++first;
+  constexpr std::size_t shortest = 3;
+  if (std::min(written.size(), meant.size()) + 1 < shortest) return Slip::none;
+  const Slip single = single_slip(written, meant, first);
+  if (single != Slip::none) return single;
+  const bool is_end = written.size() >= shortest_end && meant.size() > written.size() + 1 && meant.ends_with(written);
+  if (is_end && meant.size() <= written.size() + most_lacking) return Slip::beginning;
+  return distance_up_to_two(written, meant) <= 2 ? Slip::two : Slip::none;
+}
+
+double chance_of(Slip slip, std::size_t length) {
+  const auto n = static_cast<double>(std::max<std::size_t>(length, 2));
+  constexpr double other_digits = 9, other_letters = 35;
+  switch (slip) {
+    case Slip::none: return 0;
+    case Slip::format: return 0.3;
+    case Slip::prefix: return 0.1;
+    case Slip::beginning: return 0.02;
+    case Slip::exchange: return 0.2 / (n - 1);
+    case Slip::doubled: return 0.1 / n;
+    case Slip::last_lacking: return 0.05 + 0.15 / n;
+    case Slip::lacking: return 0.15 / n;
+    case Slip::too_many: return 0.1 / n / other_digits;
+    case Slip::look_alike: return 0.1 / n;
+    case Slip::digit: return 0.2 / n / other_digits;
+    case Slip::letter: return 0.1 / n / other_letters;
+    case Slip::two: return 0.05 / (n * other_digits) / (n * other_digits) * 2;
   }
-  const auto text_at = [&](std::int32_t number) { return folded_texts.at(number); };
+  return 0;
+}
+
+std::vector<std::vector<NearAnimal>> find_near_animals(const PedigreeColumns& animals,
+                                                       std::span<const std::int32_t> wanted,
+                                                       std::size_t compared_count) {
+  Found found;
+  found.near.resize(wanted.size());
+  if (wanted.empty()) return std::move(found.near);
+  const Sought sought = prepare_search(animals, wanted);
+  constexpr std::size_t most_pairs = 3'000'000;
+  compared_count = std::min(compared_count, wanted.size());
+  const bool compares_pairs = compared_count * static_cast<std::size_t>(animals.count()) <= most_pairs;
+  std::vector<std::string> loose_ids(compares_pairs ? static_cast<std::size_t>(animals.ids.count()) + 1 : 0);
+  TextHashes hashes;
   for (std::int32_t id = 1; id <= animals.ids.count(); ++id) {
     const std::int32_t animal = animals.animal_of[id];
     if (animal == 0) continue;
-    const std::string folded = folded_id(animals.ids.at(id));
-    const std::int32_t number = folded.empty() ? 0 : find_text(folded_texts.index, folded, text_at);
-    if (number == 0) continue;
-    for (const std::int32_t each : ids_of[static_cast<std::size_t>(number)]) found.try_emplace(each, animal);
-    ids_of[static_cast<std::size_t>(number)].clear();
+    std::string text = loose_id(animals.ids.at(id));
+    if (text.empty()) continue;
+    look_up_all(sought, text, animal, hashes, found);
+    if (compares_pairs) loose_ids[static_cast<std::size_t>(id)] = std::move(text);
   }
-  return found;
-}
-
-std::unordered_map<std::int32_t, NearAnimals> find_one_letter_off(const PedigreeColumns& animals,
-                                                                  std::span<const std::int32_t> wanted) {
-  std::unordered_map<std::int32_t, NearAnimals> found;
-  std::vector<WantedHash> hashes;
-  HashFilter filter;
-  for (const std::int32_t id : wanted) {
-    const DeletionHashes deletions = hash_deletions(animals.ids.at(id));
-    for (std::size_t k = 0; k < deletions.count; ++k) {
-      hashes.push_back({deletions.hashes[k], id});
-      filter.set(deletions.hashes[k]);
-    }
-  }
-  const auto is_before = [](const WantedHash& a, const WantedHash& b) { return a.hash < b.hash; };
-  std::sort(hashes.begin(), hashes.end(), is_before);
-  for (std::int32_t id = 1; id <= animals.ids.count() && !hashes.empty(); ++id) {
-    const std::int32_t animal = animals.animal_of[id];
-    if (animal == 0) continue;
-    const DeletionHashes deletions = hash_deletions(animals.ids.at(id));
-    for (std::size_t k = 0; k < deletions.count; ++k) {
-      if (!filter.may_have(deletions.hashes[k])) continue;
-      const auto [first, last] =
-          std::equal_range(hashes.begin(), hashes.end(), WantedHash{deletions.hashes[k], 0}, is_before);
-      constexpr std::ptrdiff_t most_looked_at = 300;  // ids that all have one letter in common place are no slips
-      for (auto each = first; each != last && each - first < most_looked_at; ++each) {
-        if (is_one_letter_off(animals.ids.at(each->id), animals.ids.at(id))) note_near(found[each->id], animal);
-      }
-    }
-  }
-  return found;
+  if (compares_pairs) compare_pairs(animals, std::span(sought.texts).first(compared_count), loose_ids, found);
+  return std::move(found.near);
 }
 
 }  // namespace pedigreewatch

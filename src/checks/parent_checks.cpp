@@ -3,10 +3,11 @@
 #include "checks/parent_checks.h"
 
 #include <algorithm>
+#include <array>
 #include <vector>
 
 #include "checks/grouped_findings.h"
-#include "checks/near_ids.h"
+#include "checks/meant_parents.h"
 #include "checks/readable_text.h"
 #include "intake/value_words.h"
 
@@ -42,28 +43,6 @@ Finding finding_of(FindingCode code, const PedigreeColumns& animals, const Paren
           .number = mention.count};
 }
 
-/// Whether `animal` can be a parent in this role of the young: of the right sex and not younger.
-bool is_likely_parent(const PedigreeColumns& animals, std::int32_t animal, const ParentMention& mention,
-                      const ReadingPlan& plan) {
-  const bool is_male = is_male_letter(animals.sex.at(animal), plan);
-  const DayRange parent = days_of_birth(animals, animal), young = days_of_birth(animals, mention.young);
-  const bool is_older = !parent.is_known() || !young.is_known() || parent.first < young.last;
-  return is_older && is_male == (mention.role == ParentRole::sire);
-}
-
-/// The one animal that can be meant; 0 when there is none, or when there are so many that the identifications are
-/// numbers in a row.
-std::int32_t meant_animal(const PedigreeColumns& animals, const NearAnimals& near, const ParentMention& mention,
-                          const ReadingPlan& plan) {
-  std::vector<std::int32_t> likely;
-  for (const std::int32_t animal : near.animals) {
-    if (is_likely_parent(animals, animal, mention, plan)) likely.push_back(animal);
-  }
-  constexpr std::size_t most = 2;
-  if (!near.are_all || likely.empty() || likely.size() > most) return 0;
-  return likely.front();
-}
-
 /// Adds the finding with the parent's identification and, unless it is 0, the animal that has to do with it.
 void add_with_animal(Finding finding, const PedigreeColumns& animals, std::int32_t parent_id, std::int32_t animal,
                      Findings& findings) {
@@ -82,6 +61,28 @@ std::vector<std::int32_t> parents_without_line(const PedigreeColumns& animals, c
     if (is_parent && animals.animal_of[id] == 0) missing.push_back(id);
   }
   return missing;
+}
+
+bool has_digit(std::string_view text) {
+  return text.find_first_of("0123456789") != std::string_view::npos;
+}
+
+/// Whether nearly all animals have a digit in their identification.
+bool have_ids_digits(const PedigreeColumns& animals) {
+  constexpr std::int64_t one_in = 20;  // may have none
+  std::int64_t without = 0;
+  for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
+    if (!has_digit(animals.ids.at(animals.id.at(animal)))) ++without;
+  }
+  return without * one_in <= animals.count();
+}
+
+/// Whether a parent without a line, where ids have digits, can stand for no known one: a text that has none and is used
+/// as father and as mother, or often.
+bool can_mean_unknown(std::string_view text, const ParentUse& use) {
+  constexpr std::int32_t often = 5;
+  return !has_digit(text) && use.sire_count + use.dam_count > 1 &&
+         ((use.sire_count > 0 && use.dam_count > 0) || use.sire_count + use.dam_count >= often);
 }
 
 void check_parent_sex(const PedigreeColumns& animals, std::int32_t id, const ParentUse& use, const ReadingPlan& plan,
@@ -109,47 +110,12 @@ void report_both_roles(const PedigreeColumns& animals, std::int32_t id, const Pa
   add(findings, finding);
 }
 
-std::uint64_t mix(std::uint64_t hash, std::uint64_t value) {
-  hash = (hash ^ value) * 0x9E3779B97F4A7C15ULL;
-  return hash ^ (hash >> 29);
-}
-
 /// Whether everything but the identification agrees.
 bool have_same_data(const PedigreeColumns& animals, std::int32_t a, std::int32_t b) {
   const BirthDay &x = animals.birth.at(a), &y = animals.birth.at(b);
   return animals.sire.at(a) == animals.sire.at(b) && animals.dam.at(a) == animals.dam.at(b) &&
-         animals.sex.at(a) == animals.sex.at(b) && animals.name_hash.at(a) == animals.name_hash.at(b) &&
-         x.year == y.year && x.month == y.month && x.day == y.day;
-}
-
-/// The first animal with the same data as each one that has a name and a date.
-void check_same_animals(const PedigreeColumns& animals, Findings& findings) {
-  struct HashedAnimal {
-    std::uint64_t hash;
-    std::int32_t animal;
-  };
-  std::vector<HashedAnimal> hashed;
-  for (std::int32_t a = 1; a <= animals.count(); ++a) {
-    const BirthDay& birth = animals.birth.at(a);
-    if (animals.name_hash.at(a) == 0 || birth.year == 0 || animals.id.at(a) == 0) continue;
-    std::uint64_t hash = mix(animals.name_hash.at(a), static_cast<std::uint32_t>(birth.year));
-    hash = mix(hash, static_cast<std::uint64_t>(birth.month * 64 + birth.day + 1000));
-    hash = mix(hash, static_cast<std::uint32_t>(animals.sire.at(a)));
-    hashed.push_back({mix(hash, static_cast<std::uint32_t>(animals.dam.at(a))), a});
-  }
-  std::sort(hashed.begin(), hashed.end(), [](const HashedAnimal& a, const HashedAnimal& b) {
-    return a.hash != b.hash ? a.hash < b.hash : a.animal < b.animal;
-  });
-  for (std::size_t k = 1; k < hashed.size(); ++k) {
-    const std::int32_t earlier = hashed[k - 1].animal, animal = hashed[k].animal;
-    if (hashed[k - 1].hash != hashed[k].hash || !have_same_data(animals, earlier, animal)) continue;
-    if (animals.id.at(earlier) == animals.id.at(animal)) continue;
-    add(findings, {.code = FindingCode::same_animal,
-                   .line = animals.line_of(animal),
-                   .id = animals.id.at(animal),
-                   .text = keep(findings, animals.ids.at(animals.id.at(earlier))),
-                   .other_line = animals.line_of(earlier)});
-  }
+         animals.sex.at(a) == animals.sex.at(b) && animals.name(a) == animals.name(b) && x.year == y.year &&
+         x.month == y.month && x.day == y.day;
 }
 
 /// The year in which half of the animals with a date were born.
@@ -178,31 +144,25 @@ ParentUses count_parent_uses(const PedigreeColumns& animals) {
 }
 
 void check_missing_parents(const PedigreeColumns& animals, const ParentUses& uses, const ReadingPlan& plan,
-                           Findings& findings) {
-  const std::vector<std::int32_t> missing = parents_without_line(animals, uses);
-  std::vector<std::int32_t> wanted;
-  const auto spelling = find_same_but_spelling(animals, missing);
-  for (const std::int32_t id : missing) {
-    const ParentMention mention = mention_of(uses[id]);
-    const auto same = spelling.find(id);
-    if (same != spelling.end()) {
-      add_with_animal(finding_of(FindingCode::parent_spelling, animals, mention, plan), animals, id, same->second,
-                      findings);
-    } else if (means_unknown(readable(animals.ids.at(id)))) {
-      add_with_animal(finding_of(FindingCode::unknown_word, animals, mention, plan), animals, id, 0, findings);
-    } else {
-      wanted.push_back(id);
+                           const CheckLimits& limits, Findings& findings) {
+  std::vector<MissingParent> missing;
+  for (const std::int32_t id : parents_without_line(animals, uses)) missing.push_back({id, mention_of(uses[id]).role});
+  const std::array<char, 2> male_letters = plan.layout.male_letters;
+  const std::vector<MeantParent> meant =
+      find_meant_parents(animals, missing, limits, std::string_view(male_letters.data(), male_letters.size()));
+  const bool have_digits = !missing.empty() && have_ids_digits(animals);
+  for (std::size_t k = 0; k < missing.size(); ++k) {
+    const std::int32_t id = missing[k].id;
+    const std::string text = readable(animals.ids.at(id));
+    FindingCode code = FindingCode::parent_missing;
+    if (meant[k].animal != 0) {
+      code = meant[k].slip == Slip::format ? FindingCode::parent_spelling : FindingCode::parent_one_letter;
+    } else if (means_unknown_parent(text)) {
+      code = FindingCode::unknown_word;
+    } else if (have_digits && can_mean_unknown(text, uses[id])) {
+      code = FindingCode::unknown_perhaps;
     }
-  }
-  constexpr std::size_t most_wanted = 100'000;  // a file without so many of its parents has other worries than slips
-  const std::span<const std::int32_t> looked_at(wanted.data(), std::min(wanted.size(), most_wanted));
-  const auto near = find_one_letter_off(animals, looked_at);
-  for (const std::int32_t id : wanted) {
-    const ParentMention mention = mention_of(uses[id]);
-    const auto found = near.find(id);
-    const std::int32_t animal = found == near.end() ? 0 : meant_animal(animals, found->second, mention, plan);
-    const FindingCode code = animal != 0 ? FindingCode::parent_one_letter : FindingCode::parent_missing;
-    add_with_animal(finding_of(code, animals, mention, plan), animals, id, animal, findings);
+    add_with_animal(finding_of(code, animals, mention_of(uses[id]), plan), animals, id, meant[k].animal, findings);
   }
 }
 
@@ -211,14 +171,15 @@ void check_roles(const PedigreeColumns& animals, const ParentUses& uses, const R
     const ParentUse& use = uses[id];
     const bool has_both = use.sire_count > 0 && use.dam_count > 0;
     const bool is_one_animal = use.sire_count == 1 && use.dam_count == 1 && use.first_as_sire == use.first_as_dam;
-    const bool is_word = animals.animal_of[id] == 0 && has_both && means_unknown(readable(animals.ids.at(id)));
+    const bool is_word = animals.animal_of[id] == 0 && has_both && means_unknown_parent(readable(animals.ids.at(id)));
     if (has_both && !is_word && !is_one_animal) report_both_roles(animals, id, use, plan, findings);
     if (!has_both) check_parent_sex(animals, id, use, plan, findings);
   }
   for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
     const std::int32_t sire = animals.sire.at(animal);
     if (sire == 0 || sire != animals.dam.at(animal)) continue;
-    if (animals.animal_of[sire] == 0 && means_unknown(readable(animals.ids.at(sire)))) continue;  // told as a word
+    if (animals.animal_of[sire] == 0 && means_unknown_parent(readable(animals.ids.at(sire))))
+      continue;  // told as a word
     add(findings, {.code = FindingCode::same_parents,
                    .column = plan.column_of[dam_column],
                    .line = animals.line_of(animal),
@@ -254,7 +215,6 @@ void check_duplicates(const PedigreeColumns& animals, Findings& findings) {
                    .id = id,
                    .other_line = animals.line_of(first)});
   }
-  check_same_animals(animals, findings);
 }
 
 }  // namespace pedigreewatch

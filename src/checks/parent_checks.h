@@ -21,7 +21,7 @@ ParentUses count_parent_uses(const PedigreeColumns& animals);
 /// Finds parents without a line of their own, with the animal that is meant where one is near; and words for unknown
 /// parents that count as animals.
 void check_missing_parents(const PedigreeColumns& animals, const ParentUses& uses, const ReadingPlan& plan,
-                           Findings& findings);
+                           const CheckLimits& limits, Findings& findings);
 
 /// Finds parents in both roles or of the wrong sex, and animals of which both parents are one.
 void check_roles(const PedigreeColumns& animals, const ParentUses& uses, const ReadingPlan& plan, Findings& findings);
@@ -29,7 +29,7 @@ void check_roles(const PedigreeColumns& animals, const ParentUses& uses, const R
 /// Finds animals with neither parents nor young, and founders born after half of all animals.
 void check_founders(const PedigreeColumns& animals, const ParentUses& uses, Findings& findings);
 
-/// Finds animals whose identification or whose data stand in an earlier line too.
+/// Finds animals whose identification stands in an earlier line too.
 void check_duplicates(const PedigreeColumns& animals, Findings& findings);
 
 }  // namespace pedigreewatch

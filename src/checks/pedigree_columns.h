@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
 #include "checks/calendar.h"
@@ -18,6 +19,8 @@ enum AnimalMark : std::uint8_t {
   mark_year_only = 2,     ///< the day or the month of birth is unknown
   mark_no_animal = 4,     ///< a blank line, a total, the header again: it counts as an animal but is none
   mark_strange_year = 8,  ///< its year has been reported: two digits, a placeholder, in the future
+  mark_bare = 16,         ///< its line has nothing but an identification
+  mark_lone = 32,         ///< the only one beyond a gap in the years: its date is in doubt
 };
 
 struct BirthDay {
@@ -34,9 +37,10 @@ struct PedigreeColumns {
   NumberedList<std::int32_t> id, sire, dam;  ///< numbers of `ids`; 0 for unknown
   NumberedList<BirthDay> birth;
   NumberedList<std::uint8_t> marks;
-  NumberedList<char> sex;                 ///< first character of its text
-  NumberedList<std::uint32_t> name_hash;  ///< 0 for an animal without a name
-  ByNumber<std::int32_t> animal_of;       ///< for each of `ids` the first animal that has it; 0 for none
+  NumberedList<char> sex;                ///< first character of its text
+  std::vector<char> name_bytes;          ///< of all animals in a row
+  NumberedList<std::uint32_t> name_end;  ///< where the name of an animal ends
+  ByNumber<std::int32_t> animal_of;      ///< for each of `ids` the first animal that has it; 0 for none
 
   std::int32_t count() const { return id.count(); }
   /// The line of an animal as findings name it: that of the export, where it is known.
@@ -44,6 +48,12 @@ struct PedigreeColumns {
     return static_cast<std::int32_t>(export_line_of(shifts, first_line + animal - 1));
   }
   bool has_mark(std::int32_t animal, AnimalMark mark) const { return (marks.at(animal) & mark) != 0; }
+  /// The name as the data file has it; empty for none, also where "-" stands.
+  std::string_view name(std::int32_t animal) const {
+    const std::uint32_t begin = animal > 1 ? name_end.at(animal - 1) : 0;
+    return {name_bytes.data() + begin, name_end.at(animal) - begin};
+  }
+  bool has_name(std::int32_t animal) const { return !name(animal).empty(); }
   /// The animal that a parent's identification is linked to; 0 for none.
   std::int32_t linked(std::int32_t parent_id) const { return parent_id == 0 ? 0 : animal_of[parent_id]; }
 };

@@ -2,7 +2,6 @@
 
 #include "checks/readable_text.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -79,18 +78,6 @@ std::string with_controls_named(std::string_view bytes, std::string_view kept) {
     text += is_named ? name_of_letter(letter) : std::string(own);
   }
   return text;
-}
-
-std::string folded_id(std::string_view id) {
-  std::string folded;
-  const std::string decoded = is_ascii(id) ? std::string() : readable(id);
-  for (std::string_view rest = decoded.empty() ? id : std::string_view(decoded); !rest.empty();) {
-    const char32_t letter = take_letter(rest);
-    if (letter == ' ' || is_invisible(letter)) continue;
-    const bool is_small = letter >= 'a' && letter <= 'z';
-    append_letter(folded, is_small ? letter - 'a' + 'A' : letter);
-  }
-  return folded.substr(std::min(folded.find_first_not_of('0'), folded.size()));
 }
 
 }  // namespace pedigreewatch

@@ -22,7 +22,4 @@ std::string with_invisible_named(std::string_view bytes);
 /// terminal shows it.
 std::string with_controls_named(std::string_view bytes, std::string_view kept = {});
 
-/// The identification as people mean it: capitals, without blanks and invisible letters and without zeros in front.
-std::string folded_id(std::string_view id);
-
 }  // namespace pedigreewatch

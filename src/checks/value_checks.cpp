@@ -11,6 +11,7 @@
 
 #include "checks/grouped_findings.h"
 #include "checks/readable_text.h"
+#include "checks/spelling_checks.h"
 #include "core/fixed_text.h"
 #include "intake/value_words.h"
 #include "text/folded_words.h"
@@ -234,7 +235,7 @@ void check_sexes(const PedigreeColumns& animals, const FileSurvey& survey, const
     const std::int32_t number = survey.sex_of.at(animal);
     AnimalsOfText& found =
         number >= 0 ? strange[static_cast<std::size_t>(number)] : lost[static_cast<std::size_t>(-number)];
-    if (found.text != nullptr) found.animals.push_back(animal);
+    if (found.text != nullptr && !animals.has_mark(animal, mark_no_animal)) found.animals.push_back(animal);
   }
   for (const auto* const each : {&strange, &lost}) {
     for (const AnimalsOfText& found : *each) {
@@ -261,6 +262,11 @@ void check_names(const FileSurvey& survey, const ReadingPlan& plan, const CheckS
   check_list({FindingCode::colour, FindingCode::colour_list, colour_column, survey.colours, colours,
               ColourName{}.bytes.size(), colour_line, unknown_colour},
              plan, findings);
+  check_spellings(survey.subpopulations, subpopulations, plan.column_of[subpopulation_column],
+                  {FindingCode::subpopulation_spelling, FindingCode::subpopulation_near}, findings);
+  check_spellings(survey.colours, colours, plan.column_of[colour_column],
+                  {FindingCode::colour_spelling, FindingCode::colour_near}, findings);
+  check_reserved_colours(survey.colours, colours, plan.column_of[colour_column], findings);
 }
 
 void check_imports(const FileSurvey& survey, const ReadingPlan& plan, Findings& findings) {

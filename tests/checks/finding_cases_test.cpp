@@ -36,6 +36,22 @@ const std::string utf_16_text("\xFF\xFEi\0d\0;\0s\0e\0x\0\n\0", 16);
 const std::string long_line_text = "id;sex;birthdate;sire;dam;notes\na;m;01-01-2000;;;" + std::string(600, 'x') +
                                    "\nb;f;01-02-2000;;;\nc;m;01-03-2001;a;b;\n";
 
+/// Five animals with a text in a column, and one with another.
+std::string named_often(const std::string& heading, const std::string& usual, const std::string& rare) {
+  std::string data = "id;sex;birthdate;sire;dam;" + heading + "\n";
+  for (int k = 0; k < 6; ++k) {
+    data += "a" + std::to_string(k) + ";f;05-06-200" + std::to_string(k) + ";;;" + (k < 5 ? usual : rare) + "\n";
+  }
+  return data;
+}
+
+/// Twelve litters of three from one dam, and a fourth young of the last one with another dam.
+std::string litters_with_an_odd_dam() {
+  std::string data = "id;sex;birthdate;sire;dam\na;m;01-01-2000;;\nb;f;01-02-2000;;\ne;f;01-03-2000;;\n";
+  for (int k = 0; k < 36; ++k) data += "c" + std::to_string(k) + ";m;01-03-" + std::to_string(2001 + k / 3) + ";a;b\n";
+  return data + "y;m;01-03-2012;a;e\n";
+}
+
 std::vector<FindingCase> finding_cases() {
   return {
       // clang-format off
@@ -319,6 +335,15 @@ std::vector<FindingCase> finding_cases() {
      "4|4|c|parent-spelling|W|Father \"A\" (1 young) has no line; is \"a\" (line 2) meant?",
      "4|4|c|parent-spelling|W|Vader \"A\" (1 jong(en)) heeft geen regel; is \"a\" (regel 2) bedoeld?",
      {}, {}, nullptr},
+    {"parent-one-letter",
+     "id;sex;birthdate;sire;dam\n"
+         "HS100;m;01-01-2000;;\n"
+         "b;f;01-02-2000;;\n"
+         "c;m;01-03-2001;HS100;b\n"
+         "d;m;01-03-2001;HS010;b\n",
+     "5|4|d|parent-one-letter|W|Father \"HS010\" (1 young) has no line; is \"HS100\" (line 2) meant?",
+     "5|4|d|parent-one-letter|W|Vader \"HS010\" (1 jong(en)) heeft geen regel; is \"HS100\" (regel 2) bedoeld?",
+     {}, {}, nullptr},
     {"unknown-word",
      "id;sex;birthdate;sire;dam\n"
          "a;m;01-01-2000;;\n"
@@ -326,6 +351,18 @@ std::vector<FindingCase> finding_cases() {
          "c;m;01-03-2001;NA;b\n",
      "4|4|c|unknown-word|W|\"NA\" is taken for an animal (1 young); leave it empty",
      "4|4|c|unknown-word|W|\"NA\" telt als dier (1 jong(en)); laat het leeg",
+     {}, {}, nullptr},
+    {"unknown-perhaps",
+     "id;sex;birthdate;sire;dam\n"
+         "a1;m;01-01-2000;;\n"
+         "b1;f;01-02-2000;;\n"
+         "c1;m;01-03-2001;Hok;b1\n"
+         "d1;m;01-03-2002;Hok;b1\n"
+         "e1;m;01-03-2003;Hok;b1\n"
+         "f1;m;01-03-2004;Hok;b1\n"
+         "g1;m;01-03-2005;Hok;b1\n",
+     "4|4|c1|unknown-perhaps|W|\"Hok\" has no line, 5 young and no digit, unlike all ids; if it means unknown, leave it empty",
+     "4|4|c1|unknown-perhaps|W|\"Hok\" heeft geen regel, 5 jongen en geen cijfer, anders dan alle id's; als het onbekend betekent, laat het leeg",
      {}, {}, nullptr},
     {"same-parents",
      "id;sex;birthdate;sire;dam\n"
@@ -351,6 +388,14 @@ std::vector<FindingCase> finding_cases() {
          "c;m;01-03-2001;a;b\n",
      "4|4|c|parent-sex|W|Father \"a\" (1 young) is recorded as female (line 2)",
      "4|4|c|parent-sex|W|Vader \"a\" (1 jong(en)) staat als vrouwelijk te boek (regel 2)",
+     {}, {}, nullptr},
+    {"date-contradicted",
+     "id;sex;birthdate;sire;dam\n"
+         "a;m;01-01-2000;;\n"
+         "b;f;01-02-2000;;\n"
+         "c;m;01-12-1999;a;b\n",
+     "4||c|date-contradicted|W|Born 01-12-1999: that contradicts the dates of 2 relatives, so it is probably wrong; 2000 or later would fit: lines 2-3|2-3",
+     "4||c|date-contradicted|W|Geboren 01-12-1999: dat spreekt de datums van 2 verwanten tegen en is dus waarschijnlijk fout; 2000 of later zou passen: regels 2-3|2-3",
      {}, {}, nullptr},
     {"born-before-parent",
      "id;sex;birthdate;sire;dam\n"
@@ -460,6 +505,14 @@ std::vector<FindingCase> finding_cases() {
      "2|6||subpopulation|W|Subpopulation \"North moor\" (1 animal) is not listed; \"North Moor\"?",
      "2|6||subpopulation|W|Subpopulatie \"North moor\" (1 dier) staat niet op de lijst; \"North Moor\"?",
      {}, {}, [](SteerLines& steer) { steer.subpopulations = "1\nNorth Moor"; }},
+    {"subpopulation-spelling",
+     "id;sex;birthdate;sire;dam;herd\n"
+         "a;m;01-01-2000;;;North moor\n"
+         "b;f;01-02-2000;;;North Moor\n"
+         "c;m;01-03-2001;a;b;North Moor\n",
+     "2|6||subpopulation-spelling|W|Subpopulation \"North moor\" (1 animal) and \"North Moor\" (2) differ in spelling only and count as two",
+     "2|6||subpopulation-spelling|W|Subpopulatie \"North moor\" (1 dier) en \"North Moor\" (2) verschillen alleen in spelling en tellen als twee",
+     {}, {}, [](SteerLines& steer) { steer.subpopulations = "2\nNorth Moor\nNorth moor"; }},
     {"colour-list",
      "id;sex;birthdate;sire;dam;colour\n"
          "a;m;01-01-2000;;;red\n"
@@ -476,6 +529,22 @@ std::vector<FindingCase> finding_cases() {
      "2|6||colour|W|Colour \"red\" (1 animal) counts as not recognised",
      "2|6||colour|W|Kleur \"red\" (1 dier) telt als niet erkend",
      {}, {}, [](SteerLines& steer) { steer.colours = "1\nblack"; }},
+    {"colour-spelling",
+     "id;sex;birthdate;sire;dam;colour\n"
+         "a;m;01-01-2000;;;red\n"
+         "b;f;01-02-2000;;;Red\n"
+         "c;m;01-03-2001;a;b;red\n",
+     "3|6||colour-spelling|W|Colour \"Red\" (1 animal) and \"red\" (2) differ in spelling only and count as two",
+     "3|6||colour-spelling|W|Kleur \"Red\" (1 dier) en \"red\" (2) verschillen alleen in spelling en tellen als twee",
+     {}, {}, [](SteerLines& steer) { steer.colours = "2\nred\nRed"; }},
+    {"colour-reserved",
+     "id;sex;birthdate;sire;dam;colour\n"
+         "a;m;01-01-2000;;;red\n"
+         "b;f;01-02-2000;;;onbekend\n"
+         "c;m;01-03-2001;a;b;red\n",
+     "3|6||colour-reserved|W|Colour \"onbekend\" (1 animal) is called as a column that the report adds for animals without a colour; leave it empty",
+     "3|6||colour-reserved|W|Kleur \"onbekend\" (1 dier) heet als een kolom die de uitvoer toevoegt voor dieren zonder kleur; laat het leeg",
+     {}, {}, [](SteerLines& steer) { steer.colours = "2\nred\nonbekend"; }},
     {"import-text",
      "id;sex;birthdate;sire;dam;Import\n"
          "a;m;01-01-2000;;;n\n"
@@ -483,14 +552,6 @@ std::vector<FindingCase> finding_cases() {
          "c;m;01-03-2001;a;b;\n",
      "2|6||import-text|W|Any text means import, also \"n\" (1 animal); leave it empty",
      "2|6||import-text|W|Elke tekst betekent import, ook \"n\" (1 dier); laat het leeg",
-     {}, {}, nullptr},
-    {"parent-one-letter",
-     "id;sex;birthdate;sire;dam\n"
-         "HS100;m;01-01-2000;;\n"
-         "b;f;01-02-2000;;\n"
-         "c;m;01-03-2001;HS10O;b\n",
-     "4|4|c|parent-one-letter|L|Father \"HS10O\" (1 young) has no line; line 2 has \"HS100\"",
-     "4|4|c|parent-one-letter|L|Vader \"HS10O\" (1 jong(en)) heeft geen regel; regel 2 heeft \"HS100\"",
      {}, {}, nullptr},
     {"parent-missing",
      "id;sex;birthdate;sire;dam\n"
@@ -556,6 +617,11 @@ std::vector<FindingCase> finding_cases() {
      "5||d|litter-sires|L|Litter mates of mother \"b\" have two fathers, see line 4",
      "5||d|litter-sires|L|Nestgenoten van moeder \"b\" hebben twee vaders, zie regel 4",
      {}, {}, nullptr},
+    {"litter-dams",
+     litters_with_an_odd_dam(),
+     "41||y|litter-dams|L|Mother \"e\", but the litter mates of line 38, of the same father and day, have \"b\"",
+     "41||y|litter-dams|L|Moeder \"e\", maar de nestgenoten van regel 38, van dezelfde vader en dag, hebben \"b\"",
+     {}, {}, nullptr},
     {"same-animal",
      "id;sex;birthdate;sire;dam;name\n"
          "a;m;01-01-2000;;;Ap\n"
@@ -565,6 +631,15 @@ std::vector<FindingCase> finding_cases() {
      "5||d|same-animal|L|Same animal as line 4 (\"c\")? Name, date, sex and parents agree",
      "5||d|same-animal|L|Hetzelfde dier als regel 4 (\"c\")? Naam, datum, geslacht en ouders zijn gelijk",
      {}, {}, nullptr},
+    {"date-order",
+     "id;sex;birthdate;sire;dam\n"
+         "a;m;25-01-2000;;\n"
+         "b;f;20-02-2000;;\n"
+         "c;m;03-14-2001;a;b\n"
+         "d;m;03-04-2001;a;\n",
+     "5|3|d|date-order|L|Day and month of 1 animal may be exchanged, as in the impossible dates beside them",
+     "5|3|d|date-order|L|Dag en maand van 1 dier kunnen verwisseld zijn, zoals bij de onmogelijke datums ernaast",
+     {"4|3|c|date-impossible|W|03-14-2001 is read as 03-01-2001"}, {"4|3|c|date-impossible|W|03-14-2001 wordt gelezen als 03-01-2001"}, nullptr},
     {"date-unknown",
      "id;sex;birthdate;sire;dam\n"
          "a;m;01-01-2000;;\n"
@@ -600,6 +675,16 @@ std::vector<FindingCase> finding_cases() {
      "5||d|isolated|L|No parents and no young (1 animal)",
      "5||d|isolated|L|Geen ouders en geen jongen (1 dier)",
      {}, {}, nullptr},
+    {"subpopulation-near",
+     named_often("herd", "Noord", "Noort"),
+     "7|6||subpopulation-near|L|Subpopulation \"Noort\" (1 animal): is \"Noord\" (5) meant?",
+     "7|6||subpopulation-near|L|Subpopulatie \"Noort\" (1 dier): is \"Noord\" (5) bedoeld?",
+     {}, {}, [](SteerLines& steer) { steer.subpopulations = "2\nNoord\nNoort"; }},
+    {"colour-near",
+     named_often("colour", "Grey", "Gray"),
+     "7|6||colour-near|L|Colour \"Gray\" (1 animal): is \"Grey\" (5) meant?",
+     "7|6||colour-near|L|Kleur \"Gray\" (1 dier): is \"Grey\" (5) bedoeld?",
+     {}, {}, [](SteerLines& steer) { steer.colours = "2\nGrey\nGray"; }},
     {"breeder-spelling",
      "id;sex;birthdate;sire;dam;breeder\n"
          "a;m;01-01-2000;;;Van Dijk\n"

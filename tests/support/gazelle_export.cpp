@@ -83,8 +83,13 @@ std::vector<PlantedFault> plant_faults(std::vector<Gazelle>& herd) {
   faults.push_back({"a sire that is also a dam", "both-roles", first_young, "a mother in line 1230"});
   for (const int line : {1235, 1240, 1245}) {
     std::string& parent = line == 1240 ? in_line(herd, line).dam : in_line(herd, line).sire;
-    faults.push_back({"a mistyped parent", "parent-one-letter", line, "has \"" + parent + "\""});
+    const std::string meant = parent;
     parent = mistyped(parent);
+    if (line == 1245) {
+      faults.push_back({"a mistyped parent", "parent-one-letter", line, "is \"" + meant + "\""});
+    } else {  // of numbers in a row several are near, and nothing tells which of them is meant
+      faults.push_back({"a mistyped parent", "parent-missing", line, "\"" + parent + "\""});
+    }
   }
   in_line(herd, 1250).dam = in_line(herd, 1271).id;
   faults.push_back({"a child older than its mother", "born-before-parent", 1250, "(line 1271)"});

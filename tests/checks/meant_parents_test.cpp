@@ -1,0 +1,79 @@
+// Which animal is meant by a mistyped parent: small herds in which it is known.
+#include "checks/meant_parents.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "support/check_runs.h"
+#include "support/planted_faults.h"
+
+namespace pedigreewatch::test {
+namespace {
+
+/// Ten sires and thirty dams of 2000, numbered in a row, and two young of each dam in 2003; the first litter has the
+/// sires `first` and `second`.
+std::string herd_of_numbers(const std::string& first, const std::string& second) {
+  std::string data = "id;sex;birthdate;sire;dam\n";
+  for (int k = 100; k < 140; ++k) data += std::to_string(k) + (k < 110 ? ";m;" : ";f;") + "01-02-2000;;\n";
+  for (int k = 0; k < 60; ++k) {
+    const std::string sire = k == 0 ? first : k == 1 ? second : std::to_string(100 + k / 6);
+    data += std::to_string(200 + k) + ";m;05-06-2001;" + sire + ";" + std::to_string(110 + k / 2) + "\n";
+  }
+  return data;
+}
+
+TEST(FindMeantParents, ALitterMateTellsANumberInARow) {
+  const CheckResult result = checked_sheep(herd_of_numbers("105", "1055"));
+  EXPECT_EQ(serious_rows_of(result, ToolLanguage::english),
+            std::vector<std::string>{
+                "43|4|201|parent-one-letter|W|Father \"1055\" (1 young) has no line; is \"105\" (line 7) meant?"});
+}
+
+TEST(FindMeantParents, WithoutLitterMatesSeveralNumbersAreEquallyGood) {
+  const CheckResult result = checked_sheep(herd_of_numbers("", "10"));
+  EXPECT_EQ(count_of(result, FindingCode::parent_one_letter), 0);
+  EXPECT_EQ(count_of(result, FindingCode::parent_missing), 1);
+}
+
+TEST(FindMeantParents, AnAnimalOfTheOtherSexOrTooYoungIsNotMeant) {
+  const std::string herd =
+      "id;sex;birthdate;sire;dam\nHS-1200;f;01-02-2000;;\nHS-1300;m;01-02-2003;;\nHS-4711;f;01-02-2000;;\n";
+  EXPECT_EQ(count_of(checked_sheep(herd + "HS-5000;m;05-06-2003;hs1200;HS-4711\n"), FindingCode::parent_spelling), 0);
+  EXPECT_EQ(count_of(checked_sheep(herd + "HS-5000;m;05-06-2003;hs1300;HS-4711\n"), FindingCode::parent_spelling), 0);
+  EXPECT_EQ(count_of(checked_sheep(herd + "HS-5000;m;05-06-2005;hs1300;HS-4711\n"), FindingCode::parent_spelling), 1);
+}
+
+// What scripts/measure-findings prints of many herds, on a few.
+TEST(FindMeantParents, MendsMostTyposAndHardlyAnyWrongly) {
+  TypoScore all;
+  for (int kind = 0; kind < static_cast<int>(HerdKind::count); ++kind) {
+    for (const HerdIds ids : {HerdIds::numbers, HerdIds::prefix, HerdIds::hyphens, HerdIds::tags, HerdIds::mixed}) {
+      Dice dice;
+      dice.random.seed(static_cast<std::uint32_t>(kind * 10) + static_cast<std::uint32_t>(ids));
+      Herd herd = make_herd(dice, static_cast<HerdKind>(kind), ids, 600);
+      const std::vector<PlantedTypo> typos = plant_typos(dice, herd, 22);
+      all.add(score_typos(herd, typos, species_of(static_cast<HerdKind>(kind))));
+    }
+  }
+  const int planted = all.of(all.planted);
+  EXPECT_GE(planted, 200);
+  EXPECT_GE(all.of(all.right) * 100, planted * 65) << all.of(all.right) << " of " << planted;
+  EXPECT_LE(all.of(all.wrong) * 100, planted) << all.of(all.wrong);
+}
+
+TEST(CheckData, AlarmsAtMostTwiceInASoundHerd) {
+  for (int kind = 0; kind < static_cast<int>(HerdKind::count); ++kind) {
+    Dice dice;
+    dice.random.seed(static_cast<std::uint32_t>(kind) + 1);
+    const Herd herd = make_herd(dice, static_cast<HerdKind>(kind), HerdIds::hyphens, 1000);
+    EXPECT_LE(alarms_of(herd, species_of(static_cast<HerdKind>(kind))).size(), 2U) << kind;
+  }
+}
+
+TEST(CheckData, NamesThePlantedFaults) {
+  for (const NamedFault& fault : plant_and_name_faults(3)) EXPECT_TRUE(fault.is_named) << fault.fault;
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test
