@@ -2,15 +2,26 @@
 
 import { applySettings, changeSetting, openNew, showProblem, text } from "./desk";
 import type { Desk } from "./desk";
+import { settingsOfAnswers } from "./answers";
 import { button, byId, chooser, make, nameOf, shownNumber } from "./dom";
 import type { ExportAnswer, OpenQuestion } from "./protocol";
 import type { TextName } from "./texts";
 
 const mostAnswers = 12;
 
+/** Answers of an earlier export, dropped with the next one or behind it. */
+async function takeAnswers(desk: Desk, answers: File[], others: File[]): Promise<void> {
+  const [file] = answers;
+  const files = others.length > 0 ? others : desk.given === undefined ? desk.files : [];
+  if (file === undefined || answers.length > 1 || files.length !== 1) return showProblem(text(desk, "answersAlone"));
+  void openNew(desk, files, settingsOfAnswers(await file.text()));
+}
+
 export function takeFiles(desk: Desk, files: File[]): void {
   const steerFiles = files.filter((file) => /\.ini$/i.test(file.name));
+  const answers = files.filter((file) => /\.answers$/i.test(file.name));
   if (files.length === 0) return;
+  if (answers.length > 0) return void takeAnswers(desk, answers, files.filter((file) => !answers.includes(file)));
   if (files.length === 1 && steerFiles.length === 1) return showProblem(text(desk, "steerAlone"));
   if (files.length > 2 || (files.length === 2 && steerFiles.length !== 1)) return showProblem(text(desk, "dropOnly"));
   void openNew(desk, files);
@@ -96,12 +107,20 @@ function drawEvidence(answer: ExportAnswer): HTMLElement {
     ...answer.evidence.flatMap(({ label, text: said }) => [make("dt", {}, label), make("dd", {}, said)]));
 }
 
+/** Says the answer to a question; texts that stand for unknown are added to those that do already. */
+function answer(desk: Desk, setting: string, value: string): void {
+  if (setting !== "unknown") return void changeSetting(desk, setting, value);
+  const before = desk.settings.get("unknown") ?? "";
+  const texts = (before.includes("\t") ? before.split("\t") : before.split(",")).map((text) => text.trim()).filter((text) => text !== "");
+  void changeSetting(desk, "unknown", `${[...texts, value].join("\t")}\t`);
+}
+
 /** A question with a button for each of its answers, if they are few. */
 function drawQuestion(desk: Desk, question: OpenQuestion): HTMLElement {
   const answers = question.answers.length > mostAnswers ? [] : question.answers;
   return make("div", { class: "question" }, make("p", {}, question.text),
     answers.length === 0 ? null : make("p", { class: "row" },
-      ...answers.map(({ value, text: words }) => button(words, () => void changeSetting(desk, question.setting, value)))));
+      ...answers.map(({ value, text: words, setting }) => button(words, () => answer(desk, setting ?? question.setting, value)))));
 }
 
 export function drawQuestions(desk: Desk): HTMLElement[] {

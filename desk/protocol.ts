@@ -16,7 +16,7 @@ export interface Field { name: string; description: string; isRequired: boolean;
 export interface CountedName { place: number; text: string; count: number; isListed: boolean; }
 
 /** What only the user can decide; each answer is a value of the setting. */
-export interface OpenQuestion { text: string; setting: string; answers: { value: string; text: string }[]; }
+export interface OpenQuestion { text: string; setting: string; answers: { value: string; text: string; setting?: string }[]; }
 
 export interface ExportAnswer extends Messages {
   questions: OpenQuestion[];
@@ -27,7 +27,7 @@ export interface ExportAnswer extends Messages {
   unknownParents: { text: string; count: number; isUnknown: boolean }[];
   subpopulations: CountedName[]; colours: CountedName[];
   dates: { isAmbiguous: boolean; hasShortYears: boolean; hasSerials: boolean; written: string; orders: { layout: string; count: number }[] };
-  species: string; allSpecies: string[]; name: string; steer: string; dataName: string;
+  species: string; allSpecies: string[]; name: string; steer: string; dataName: string; answers?: string;
 }
 
 export interface FilesAnswer extends Messages {

@@ -1,6 +1,6 @@
 // The second step: what the user says about dates, sexes, parents, species and names; the steer file that comes of it.
 
-import { bytesOf, changeSetting, ensureFiles, isReady, text, work } from "./desk";
+import { applySettings, bytesOf, changeSetting, ensureFiles, isReady, text, work } from "./desk";
 import type { Desk } from "./desk";
 import { button, chooser, make, nameOf, save, shownNumber } from "./dom";
 import type { CountedName, ExportAnswer } from "./protocol";
@@ -30,17 +30,29 @@ function drawOddDates(desk: Desk, answer: ExportAnswer): HTMLElement[] {
   return parts;
 }
 
-function drawMales(desk: Desk, answer: ExportAnswer): HTMLElement {
-  const males = answer.sexes.filter(({ meaning }) => meaning === "male").map((sex) => sex.text).join(", ");
-  const choices = [{ value: "", text: `${text(desk, "asRecognised")}${males === "" ? "" : `: ${males}`}` },
-    ...answer.sexes.filter((sex) => sex.text !== "").map((sex) => ({
-      value: sex.text, text: text(desk, "counted", sex.text, shownNumber(sex.count, desk.language)) }))];
-  return chooser(choices, desk.settings.get("male") ?? "", (value) => void changeSetting(desk, "male", value), { id: "male" });
+/** Each text of a sex with what it means. Who changes one has said them all. */
+function drawSexes(desk: Desk, answer: ExportAnswer): HTMLElement {
+  const choices = [{ value: "male", text: text(desk, "sexMale") }, { value: "female", text: text(desk, "sexFemale") }, { value: "unknown", text: text(desk, "sexUnknown") }];
+  const choose = (changed: string, meaning: string) => {
+    const textsOf = (wanted: string) => answer.sexes.filter((sex) => sex.text !== "" && (sex.text === changed ? meaning : sex.meaning) === wanted)
+      .map((sex) => sex.text).join("\t");
+    for (const wanted of ["male", "female"]) {
+      if (textsOf(wanted) === "") desk.settings.delete(wanted);
+      else desk.settings.set(wanted, textsOf(wanted));
+    }
+    void applySettings(desk);
+  };
+  const rows = answer.sexes.filter((sex) => sex.text !== "").map((sex, k) => {
+    const id = `sex-${k}`;
+    return make("span", { class: "pair" }, make("label", { for: id }, text(desk, "counted", sex.text, shownNumber(sex.count, desk.language))), " ",
+      chooser(choices, sex.meaning, (meaning) => choose(sex.text, meaning), { id }), " ");
+  });
+  return make("div", { id: "sexes", role: "group", "aria-label": text(desk, "sexes") }, ...rows);
 }
 
 function drawUnknown(desk: Desk, answer: ExportAnswer): HTMLElement {
   const input = make("input", { type: "text", id: "unknown", size: 40, "aria-describedby": "unknown-hint" });
-  input.value = desk.settings.get("unknown") ?? "";
+  input.value = (desk.settings.get("unknown") ?? "").split("\t").filter((piece) => piece !== "").join(", ");
   input.addEventListener("change", () => void changeSetting(desk, "unknown", input.value.trim()));
   const found = answer.unknownParents.filter(({ isUnknown }) => isUnknown).slice(0, 20)
     .map((parent) => text(desk, "counted", parent.text === "" ? text(desk, "emptyField") : parent.text, shownNumber(parent.count, desk.language)));
@@ -98,7 +110,7 @@ function drawForm(desk: Desk, answer: ExportAnswer): HTMLElement {
     label("name", "population"), drawName(desk, answer), label("species", "species"), drawSpecies(desk, answer),
     label("reportLanguage", "report-language"), drawLanguage(desk), label("dates", "dates"), drawDates(desk),
     ...drawOddDates(desk, answer),
-    label("malesWritten", "male"), drawMales(desk, answer), label("unknownParents", "unknown"), drawUnknown(desk, answer));
+    make("span", {}, text(desk, "sexes")), drawSexes(desk, answer), label("unknownParents", "unknown"), drawUnknown(desk, answer));
 }
 
 function drawSteer(desk: Desk, steer: string, dataName: string): HTMLElement[] {
@@ -112,6 +124,13 @@ function drawSteer(desk: Desk, steer: string, dataName: string): HTMLElement[] {
       button(text(desk, "saveData"), () => saveFile(dataName, ({ dataPath }) => dataPath)))];
 }
 
+/** What was said about the export, to be kept for the next one. */
+function drawAnswers(desk: Desk, answers: string, dataName: string): HTMLElement[] {
+  const name = dataName.replace(/\.txt$/, ".answers");
+  return [make("p", { class: "hint" }, text(desk, "answersHint", name)),
+    make("p", { class: "row" }, button(text(desk, "saveAnswers"), () => save(name, new TextEncoder().encode(answers), "text/plain")))];
+}
+
 export function drawSettings(desk: Desk, goOn: () => void): HTMLElement[] {
   const parts: (HTMLElement | null)[] = [...drawQuestions(desk)];
   if (desk.given !== undefined) {
@@ -120,6 +139,7 @@ export function drawSettings(desk: Desk, goOn: () => void): HTMLElement[] {
     const answer = desk.export;
     parts.push(drawForm(desk, answer), drawTicks(desk, "subpopulations", answer.subpopulations), drawTicks(desk, "colours", answer.colours));
     if (answer.steer !== "") parts.push(...drawSteer(desk, answer.steer, answer.dataName));
+    if (answer.answers !== undefined && answer.steer !== "") parts.push(...drawAnswers(desk, answer.answers, answer.dataName));
   }
   parts.push(make("p", { class: "row" },
     button(text(desk, "next", text(desk, "check")), goOn, { class: "main", disabled: !isReady(desk) })));

@@ -103,7 +103,7 @@ TEST(HostilePrepareRefuses, ToWriteOverAFileUnlessForced) {
   const WholeRun forced = run_program_in(folder, prepare_dogs({"--force"}, "export.csv"));
   EXPECT_EQ(forced.exit_status, 0);
   EXPECT_NE(forced.file("pedigreewatch.ini"), "mine");
-  EXPECT_EQ(forced.files.size(), 4U) << "no temporary files";
+  EXPECT_EQ(forced.files.size(), 5U) << "no temporary files";
 }
 
 TEST(HostilePrepareRefuses, ToWriteOverTheExportEvenWhenForced) {
@@ -133,7 +133,7 @@ TEST(HostilePrepareRefuses, ASpeciesThatThereIsNot) {
     const WholeRun run =
         run_program_on({{"export.csv", sound}}, tools_with({"prepare", "--species", word, "export.csv"}));
     EXPECT_EQ(run.exit_status, exit_status) << word;
-    EXPECT_EQ(run.files.size(), exit_status == 0 ? 4U : 1U) << word;
+    EXPECT_EQ(run.files.size(), exit_status == 0 ? 5U : 1U) << word;
     if (exit_status == 0) continue;
     EXPECT_TRUE(has(run.messages, "dog, cat, cattle, sheep, horse, poultry, pig, other was expected")) << run.messages;
   }
@@ -188,7 +188,8 @@ TEST(HostilePrepareAccepts, FoldersAndStrangeNames) {
   const WholeRun run = run_program_in(folder, prepare_dogs({"--out", "out"}, name));
   EXPECT_EQ(run.exit_status, 0) << run.messages;
   const Files written = files_in(folder.path("out"));
-  ASSERT_EQ(written.size(), 3U);
+  ASSERT_EQ(written.size(), 4U);
+  EXPECT_EQ(written.count("Myxport2024final.answers"), 1U);
   EXPECT_EQ(written.count("Myxport2024final.txt"), 1U);
   EXPECT_EQ(written.count("Myxport2024final.lines"), 1U);
   ASSERT_EQ(written.count("pedigreewatch.ini"), 1U);

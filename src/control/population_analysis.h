@@ -25,7 +25,7 @@ struct Analysis {
 struct AnalysedPopulation {
   SteerSettings settings;
   FileState data_state = {};  ///< of the data file when it was opened
-  PopulationStore store;  ///< parents before their offspring, with F, ages and completeness of every animal
+  PopulationStore store;      ///< parents before their offspring, with F, ages and completeness of every animal
   BreederList breeders;
   Analysis analysis;
 };

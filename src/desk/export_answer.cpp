@@ -23,12 +23,13 @@ constexpr std::size_t most_texts = 2000;  ///< of a list that somebody looks thr
 void add_question(JsonText& json, const Question& question, ToolLanguage language) {
   begin_object(json);
   add_text(json, "text", question_text(question, language));
-  add_text(json, "setting", setting_name(question));
+  add_text(json, "setting", setting_name(question.setting, question.field));
   begin_list(json, "answers");
   for (const Answer& answer : question.answers) {
     begin_object(json);
     add_text(json, "value", answer.value);
     add_text(json, "text", answer_text(question, answer, language));
+    if (answer.setting != Setting::none) add_text(json, "setting", setting_name(answer.setting, question.field));
     end_object(json);
   }
   end_list(json);
@@ -221,6 +222,8 @@ std::string export_answer(const Desk& desk, const std::optional<Refusal>& refusa
   const PreparePlan written = plan_of_report(desk);
   add_text(json, "steer", written.questions.empty() ? readable(steer_text(written)) : std::string());
   add_text(json, "dataName", written.stem + ".txt");
+  const std::string answers = answers_text(desk.options, read.plan.columns);
+  if (!answers.empty()) add_text(json, "answers", answers);
   end_object(json);
   return std::move(json.text);
 }

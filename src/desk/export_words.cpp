@@ -156,6 +156,11 @@ constexpr std::array<EvidenceWording, remark_kind_count> remark_wordings = {{
       "Samengevoegde cellen, waarvan alleen de eerste de tekst heeft: {1}: {2}"}},
     {goes_on, {"Hidden rows, which are read too: {1}: {2}", "Verborgen rijen, die ook gelezen zijn: {1}: {2}"}},
     {goes_on, {"Hidden columns, which are read too: {1}: {2}", "Verborgen kolommen, die ook gelezen zijn: {1}: {2}"}},
+    {{"Answers", "Antwoorden"},
+     {"Those of an earlier export are used again: {1}", "Die van een eerdere export zijn weer gebruikt: {1}"}},
+    {goes_on,
+     {"Line {1} fits this export no more and was passed over: {2}",
+      "Regel {1} past niet meer bij deze export en is overgeslagen: {2}"}},
     {goes_on, {"{1} was chosen by what stands in it: {2}", "{1} is gekozen om wat erin staat: {2}"}},
     {goes_on, {"Lines above them, which were left out: {1}: {2}", "Regels erboven, die zijn weggelaten: {1}: {2}"}},
     {{"Left out", "Weggelaten"}, {"Headers that come again: {1}: {2}", "Herhaalde kopregels: {1}: {2}"}},
@@ -206,21 +211,27 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "and {4} where they are counted from 1904 (older Macs). Look one animal up, and choose its day.",
      "{1} datums zijn dagnummers, zoals een rekenblad ze bewaart: {2} is {3} als de dagen vanaf 1900 geteld zijn "
      "(gebruikelijk), en {4} als ze vanaf 1904 geteld zijn (oudere Macs). Zoek een dier op, en kies zijn dag."},
-    {"It is not clear which animals are male: the sexes are written {1}. Choose it at \"Males are written\".",
+    {"Of {4} parents in {3}, taken as the {1}, whose sex is known, {5} are of the other sex. If father and mother are "
+     "exchanged, or another column holds the {1}, choose it above the columns, also if the one taken is right.",
+     "Van {4} ouders in {3}, genomen als {1}, waarvan het geslacht bekend is, zijn {5} van het andere geslacht. Als vader "
+     "en moeder verwisseld zijn, of een andere kolom is {1}, kies die dan boven de kolommen, ook als de genomen kolom "
+     "klopt."},
+    {"These parents have no line of their own and may be words for an unknown parent, with their young: {1}. Choose those "
+     "that are; if the others are animals, choose that then.",
+     "Deze ouders hebben geen eigen regel en zijn misschien woorden voor een onbekende ouder, met hun nakomelingen: {1}. "
+     "Kies welke dat zijn; als de andere dieren zijn, kies dat daarna."},
+    {"It is not clear which animals are male: the sexes are written {1}. Choose it at \"Sexes\".",
      "Het is niet duidelijk welke dieren mannelijk zijn: de geslachten zijn geschreven als {1}. Kies het bij "
-     "\"Mannelijk is geschreven als\"."},
-    {"It is not clear what these sexes mean: {1}. Choose which one is male at \"Males are written\"; the others are "
-     "then female.",
-     "Het is niet duidelijk wat deze geslachten betekenen: {1}. Kies welk mannelijk is bij \"Mannelijk is geschreven "
-     "als\"; de andere zijn dan vrouwelijk."},
+     "\"Geslachten\"."},
+    {"It is not clear what these sexes mean: {1}. Choose it for each at \"Sexes\".",
+     "Het is niet duidelijk wat deze geslachten betekenen: {1}. Kies het voor elk bij \"Geslachten\"."},
     {"The sex \"{1}\" contradicts the parents: {2} animals with it are fathers, {3} are mothers. If father and mother "
-     "are exchanged, exchange them above their columns; and choose which sex is male at \"Males are written\".",
+     "are exchanged, exchange them above their columns; or choose what the sexes mean at \"Sexes\".",
      "Het geslacht \"{1}\" klopt niet met de ouders: {2} dieren ermee zijn vader, {3} zijn moeder. Als vader en moeder "
-     "verwisseld zijn, wissel ze dan boven hun kolommen om; en kies welk geslacht mannelijk is bij \"Mannelijk is "
-     "geschreven als\"."},
-    {"No animal has the sex \"{1}\": the sexes are written {2}. Choose another one at \"Males are written\".",
-     "Geen dier heeft het geslacht \"{1}\": de geslachten zijn geschreven als {2}. Kies een ander bij \"Mannelijk is "
-     "geschreven als\"."},
+     "verwisseld zijn, wissel ze dan boven hun kolommen om; of kies wat de geslachten betekenen bij \"Geslachten\"."},
+    {"No animal has the sex \"{1}\": the sexes are written {2}. Choose what they mean at \"Sexes\".",
+     "Geen dier heeft het geslacht \"{1}\": de geslachten zijn geschreven als {2}. Kies wat ze betekenen bij "
+     "\"Geslachten\"."},
     {"The species is needed, for the words of the report. Choose it at \"Species\".",
      "De diersoort is nodig, voor de woorden van het rapport. Kies haar bij \"Diersoort\"."},
     {"There is no species \"{1}\". Choose one at \"Species\".",
@@ -280,6 +291,7 @@ constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
      "read\".",
      "{1}: de letters met accenten passen bij verschillende coderingen: {2}. Kies de juiste bij \"Letters\", onder \"Hoe "
      "het bestand gelezen wordt\"."},
+    {"There is nothing in {1} but blanks, line ends and delimiters.", "Er staat niets in {1} dan spaties, regeleinden en scheidingstekens."},
 }};
 // clang-format on
 
@@ -288,6 +300,8 @@ constexpr Wording leave_out = {"not used", "niet gebruikt"};
 constexpr Wording yes_headings = {"holds headings", "bevat koppen"}, no_headings = {"is an animal", "is een dier"};
 constexpr Wording keep_ids = {"take them as they stand", "neem ze zoals ze er staan"};
 constexpr Wording same_animals = {"they are the same animals", "het zijn dezelfde dieren"};
+constexpr Wording stands_for_unknown = {"{1} stands for unknown", "{1} betekent onbekend"};
+constexpr Wording all_are_animals = {"they are animals", "het zijn dieren"};
 constexpr Wording all_names = {"all", "alle"}, no_names = {"none", "geen"};
 
 /// The texts of the values. A field is called by what it holds, a file without the folder that it was put into.
@@ -325,16 +339,18 @@ std::string question_text(const Question& question, ToolLanguage language) {
                    texts_in_desk(question.values, false, language));
 }
 
-std::string setting_name(const Question& question) {
-  switch (question.setting) {
+std::string setting_name(Setting setting, FieldCode field) {
+  switch (setting) {
     case Setting::none: return {};
-    case Setting::column: return "column." + std::string(option_name_of(question.field));
+    case Setting::column: return "column." + std::string(option_name_of(field));
     case Setting::header: return "header";
     case Setting::dates: return "dates";
     case Setting::serials: return "serials";
     case Setting::century: return "century";
     case Setting::ids: return "ids";
     case Setting::male: return "male";
+    case Setting::unknown: return "unknown";
+    case Setting::known: return "known";
     case Setting::species: return "species";
     case Setting::subpopulations: return "subpopulations";
     case Setting::colours: return "colours";
@@ -346,7 +362,7 @@ std::string answer_text(const Question& question, const Answer& answer, ToolLang
   const auto either = [&](std::string_view value, const Wording& one, const Wording& other) {
     return std::string(words_of(answer.value == value ? one : other, language));
   };
-  switch (question.setting) {
+  switch (answer.setting == Setting::none ? question.setting : answer.setting) {
     case Setting::column:
       return answer.value == "none" ? std::string(words_of(leave_out, language))
                                     : phrase(column_answer, language, {shown(answer.text), answer.value});
@@ -358,6 +374,8 @@ std::string answer_text(const Question& question, const Answer& answer, ToolLang
     case Setting::subpopulations:
     case Setting::colours: return either("all", all_names, no_names);
     case Setting::ids: return either("keep", keep_ids, same_animals);
+    case Setting::known: return std::string(words_of(all_are_animals, language));
+    case Setting::unknown: return phrase(stands_for_unknown, language, {in_quotes(answer.text)});
     case Setting::none:
     case Setting::serials:
     case Setting::century:

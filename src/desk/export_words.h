@@ -23,7 +23,7 @@ std::vector<EvidenceLine> evidence_lines(std::span<const Remark> remarks, ToolLa
 std::string question_text(const Question& question, ToolLanguage language);
 
 /// The name of the setting that answers a question, as `change_settings` takes it; empty: none does.
-std::string setting_name(const Question& question);
+std::string setting_name(Setting setting, FieldCode field);
 
 /// An answer as a user chooses it.
 std::string answer_text(const Question& question, const Answer& answer, ToolLanguage language);

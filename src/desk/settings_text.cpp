@@ -11,10 +11,10 @@
 namespace pedigreewatch {
 namespace {
 
-/// The pieces of a list with commas between them, without blanks around them.
-void for_each_piece(std::string_view list, const std::function<void(std::string_view)>& take) {
+/// The pieces of a list with a divider between them, without blanks around them.
+void for_each_piece(std::string_view list, char divider, const std::function<void(std::string_view)>& take) {
   while (!list.empty()) {
-    const std::size_t end = list.find(',');
+    const std::size_t end = list.find(divider);
     const std::string_view piece = trimmed(list.substr(0, end));
     if (!piece.empty()) take(piece);
     if (end == std::string_view::npos) return;
@@ -27,7 +27,12 @@ NameWish names_from(std::string_view value, const TextCounts& counts) {
   wish.is_given = true;
   if (value == "all") return wish;
   wish.leaves_out = value == "none";
-  for_each_piece(value, [&](std::string_view piece) {
+  // A file of answers has names with semicolons between them instead of places.
+  if (value.find(';') != std::string_view::npos) {
+    for_each_piece(value, ';', [&](std::string_view piece) { wish.names.emplace_back(piece); });
+    return wish;
+  }
+  for_each_piece(value, ',', [&](std::string_view piece) {
     std::size_t place = 0;
     const auto [end, error] = std::from_chars(piece.data(), piece.data() + piece.size(), place);
     const bool is_place = error == std::errc() && end == piece.data() + piece.size() && place < counts.texts.size();
@@ -55,13 +60,17 @@ void obey_about_file(std::string_view name, std::string_view value, PrepareOptio
 
 void obey_about_animals(std::string_view name, std::string_view value, const ExportSurvey& survey,
                         PrepareOptions& options) {
-  if (name == "male") options.male.emplace_back(value);
-  if (name == "female") options.female.emplace_back(value);
+  // A text of a sex may hold a comma, but no tab.
+  if (name == "male") for_each_piece(value, '\t', [&](std::string_view piece) { options.male.emplace_back(piece); });
+  if (name == "female")
+    for_each_piece(value, '\t', [&](std::string_view piece) { options.female.emplace_back(piece); });
   if (name == "species") options.species = value;
   if (name == "name") options.population_name = value;
   if (name == "unknown") {
-    for_each_piece(value, [&](std::string_view piece) { options.unknown.emplace_back(piece); });
+    const char divider = value.find('\t') == std::string_view::npos ? ',' : '\t';
+    for_each_piece(value, divider, [&](std::string_view piece) { options.unknown.emplace_back(piece); });
   }
+  if (name == "known") for_each_piece(value, ',', [&](std::string_view piece) { options.known.emplace_back(piece); });
   if (name == "subpopulations") options.subpopulations = names_from(value, survey.subpopulations);
   if (name == "colours") options.colours = names_from(value, survey.colours);
 }

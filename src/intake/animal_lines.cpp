@@ -62,12 +62,12 @@ std::ptrdiff_t count_filled(const ExportRecord& record) {
 }
 
 /// What a record is before anybody knows which column holds the ids: a remark fills one field or two of many.
-LineKind kind_without_columns(const ExportRecord& record, const ColumnChoice& columns) {
+RecordKind kind_without_columns(const ExportRecord& record, const ColumnChoice& columns) {
   constexpr std::ptrdiff_t most_fields = 2;
   constexpr std::size_t fewest_columns = 5;
   const std::ptrdiff_t filled = count_filled(record);
-  if (filled == 0) return LineKind::blank;
-  return filled <= most_fields && columns.headings.size() >= fewest_columns ? LineKind::remark : LineKind::animal;
+  if (filled == 0) return RecordKind::blank;
+  return filled <= most_fields && columns.headings.size() >= fewest_columns ? RecordKind::remark : RecordKind::animal;
 }
 
 bool is_remark(const ExportRecord& record, const ColumnChoice& columns) {
@@ -90,17 +90,17 @@ RecordReader read_animals(std::string_view text, char delimiter, const ColumnCho
   return reader;
 }
 
-LineKind kind_of_line(const ExportRecord& record, const ColumnChoice& columns) {
-  if (record.is_unterminated) return LineKind::animal;  // it is refused, with its line
+RecordKind kind_of_record(const ExportRecord& record, const ColumnChoice& columns) {
+  if (record.is_unterminated) return RecordKind::animal;  // it is refused, with its line
   if (!columns.place[static_cast<std::size_t>(id_column)]) return kind_without_columns(record, columns);
-  if (tells_of_no_animal(record, columns)) return is_blank(record) ? LineKind::blank : LineKind::remark;
-  if (columns.has_header && repeats_headings(record, columns)) return LineKind::header_again;
-  return is_remark(record, columns) ? LineKind::remark : LineKind::animal;
+  if (tells_of_no_animal(record, columns)) return is_blank(record) ? RecordKind::blank : RecordKind::remark;
+  if (columns.has_header && repeats_headings(record, columns)) return RecordKind::header_again;
+  return is_remark(record, columns) ? RecordKind::remark : RecordKind::animal;
 }
 
 bool next_animal(RecordReader& reader, ExportRecord& record, const ColumnChoice& columns) {
   while (next_record(reader, record)) {
-    if (kind_of_line(record, columns) == LineKind::animal) return true;
+    if (kind_of_record(record, columns) == RecordKind::animal) return true;
   }
   return false;
 }

@@ -9,14 +9,14 @@
 
 namespace pedigreewatch {
 
-enum class LineKind { animal, blank, header_again, remark };
+enum class RecordKind { animal, blank, header_again, remark };
 
 /// A reader that stands behind the header, or before the first animal where there is none.
 RecordReader read_animals(std::string_view text, char delimiter, const ColumnChoice& columns);
 
 /// What a record is. A remark has no sex, no date, no parents, and where an id should stand nothing, or a text that is
 /// written like no id.
-LineKind kind_of_line(const ExportRecord& record, const ColumnChoice& columns);
+RecordKind kind_of_record(const ExportRecord& record, const ColumnChoice& columns);
 
 /// The next record that is an animal; false at the end.
 bool next_animal(RecordReader& reader, ExportRecord& record, const ColumnChoice& columns);

@@ -4,9 +4,11 @@
 #include "intake/column_matches.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "intake/column_profiles.h"
+#include "intake/sex_choice.h"
 
 namespace pedigreewatch {
 namespace {
@@ -109,6 +111,27 @@ std::vector<Question> ask_for_linked_columns(const ExportSurvey& survey, const C
   }
   if (is_doubtful) ask(id_column, QuestionKind::id_lacks_parents, {}, survey.matches.for_id);
   return questions;
+}
+
+void ask_for_parents_of_wrong_sex(const ExportSurvey& survey, const ColumnChoice& columns,
+                                  const PrepareOptions& options, std::vector<Question>& questions) {
+  const std::array<std::pair<FieldCode, LinkRole>, 2> roles = {{{sire_column, sire_role}, {dam_column, dam_role}}};
+  std::vector<Answer> answers;
+  for (const auto& [code, role] : roles) {
+    const auto place = place_of(columns, code);
+    if (place) answers.push_back({std::to_string(*place + 1), columns.headings[*place]});
+  }
+  for (const auto& [code, role] : roles) {
+    const ParentSexes parents = count_parent_sexes(survey, role);
+    const auto place = place_of(columns, code);
+    if (!place || is_named(code, options) || !are_of_wrong_sex(parents)) continue;
+    questions.push_back(
+        {QuestionKind::parents_of_wrong_sex,
+         {code, FieldName{code}, list_columns(std::span(&*place, 1), columns), parents.known, parents.wrong},
+         Setting::column,
+         code,
+         answers});
+  }
 }
 
 }  // namespace pedigreewatch

@@ -28,4 +28,9 @@ ColumnMatches match_columns(std::string_view text, char delimiter, const ColumnC
 std::vector<Question> ask_for_linked_columns(const ExportSurvey& survey, const ColumnChoice& columns,
                                              const PrepareOptions& options);
 
+/// Asks for the columns of father and mother where more than one in ten is of the wrong sex, but for those that the
+/// user has named.
+void ask_for_parents_of_wrong_sex(const ExportSurvey& survey, const ColumnChoice& columns,
+                                  const PrepareOptions& options, std::vector<Question>& questions);
+
 }  // namespace pedigreewatch

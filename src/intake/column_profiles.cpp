@@ -70,16 +70,22 @@ std::int64_t count_common(const TextSet& texts, const TextSet& others) {
 std::unordered_map<std::uint32_t, SexMeaning> sexes_by_id(std::string_view text, char delimiter,
                                                           const ColumnChoice& columns, std::size_t id,
                                                           std::size_t sex) {
-  std::unordered_map<std::uint32_t, SexMeaning> sexes;
+  std::unordered_map<std::uint32_t, SexMeaning> by_word, by_letter;
+  bool has_other_letter = false;
   const std::uint32_t mask = mask_for(text);
   RecordReader reader = read_animals(text, delimiter, columns);
   ExportRecord record;
   while (next_animal(reader, record, columns)) {
     if (std::max(id, sex) >= record.fields.size()) continue;
+    const std::string_view word = trimmed(record.fields[sex]);
+    const bool is_letter = is_sex_letter(word);
+    has_other_letter = has_other_letter || (is_letter && std::string_view("mMfF").find(word) == std::string_view::npos);
     const std::uint32_t hash = hash_of_text(trimmed(record.fields[id]));
-    if ((hash & mask) == 0) sexes[hash] = sex_named(trimmed(record.fields[sex]));
+    if ((hash & mask) == 0) (is_letter ? by_letter : by_word)[hash] = sex_named(word);
   }
-  return sexes;
+  // M beside V may be a mother.
+  if (!has_other_letter) by_word.merge(by_letter);
+  return by_word;
 }
 
 NamedSexes count_named_sexes(const TextSet& texts, const std::unordered_map<std::uint32_t, SexMeaning>& sexes) {

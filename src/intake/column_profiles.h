@@ -37,7 +37,7 @@ struct NamedSexes {
   std::int64_t males = 0, females = 0;
 };
 
-/// The sex by the hash of the id, for the two columns of id and sex.
+/// The sex by the hash of the id, for the two columns of id and sex. Letters tell it where they are m and f alone.
 std::unordered_map<std::uint32_t, SexMeaning> sexes_by_id(std::string_view text, char delimiter,
                                                           const ColumnChoice& columns, std::size_t id, std::size_t sex);
 NamedSexes count_named_sexes(const TextSet& texts, const std::unordered_map<std::uint32_t, SexMeaning>& sexes);

@@ -127,6 +127,9 @@ constexpr std::array<Wording, remark_kind_count> remark_wordings = {{
     {"              hidden rows, which are read too: {1}: {2}", "              verborgen rijen, die ook gelezen zijn: {1}: {2}"},
     {"              hidden columns, which are read too: {1}: {2}",
      "              verborgen kolommen, die ook gelezen zijn: {1}: {2}"},
+    {"Answers       of an earlier export are used again: {1}", "Antwoorden    van een eerdere export zijn weer gebruikt: {1}"},
+    {"              line {1} fits this export no more and was passed over: {2}",
+     "              regel {1} past niet meer bij deze export en is overgeslagen: {2}"},
     {"  {1} was chosen by what stands in it: {2}", "  {1} is gekozen om wat erin staat: {2}"},
     {"              lines above it, which were left out: {1}: {2}",
      "              regels erboven, die zijn weggelaten: {1}: {2}"},
@@ -181,6 +184,15 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "{1} datums zijn dagnummers, zoals een rekenblad ze bewaart: {2} is {3} als de dagen vanaf 1900 geteld zijn "
      "(gebruikelijk), en {4} als ze vanaf 1904 geteld zijn (oudere Macs). Zoek een dier op, en zeg --dates serial-1900 "
      "of --dates serial-1904."},
+    {"Of {4} parents in {3}, taken as the {1}, whose sex is known, {5} are of the other sex. If father and mother are "
+     "exchanged, or another column holds the {1}, name it: --column {2}=NUMBER, also if the one taken is right.",
+     "Van {4} ouders in {3}, genomen als {1}, waarvan het geslacht bekend is, zijn {5} van het andere geslacht. Als vader "
+     "en moeder verwisseld zijn, of een andere kolom is {1}, noem die dan: --column {2}=NUMMER, ook als de genomen kolom "
+     "klopt."},
+    {"These parents have no line of their own and may stand for \"unknown\", with their young: {1}. Say which do: "
+     "--unknown TEXT, as often as needed; and which are animals: --known TEXT (--known all: all others).",
+     "Deze ouders hebben geen eigen regel en betekenen misschien \"onbekend\", met hun nakomelingen: {1}. Zeg welke dat "
+     "betekenen: --unknown TEKST, zo vaak als nodig; en welke dieren zijn: --known TEKST (--known all: alle andere)."},
     {"It is not clear which animals are male: the sexes are written {1}. Say how males are written: --male TEXT.",
      "Het is niet duidelijk welke dieren mannelijk zijn: de geslachten zijn geschreven als {1}. Zeg hoe mannetjes "
      "geschreven zijn: --male TEKST."},
@@ -253,6 +265,7 @@ constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
     {"{1}: {2}", "{1}: {2}"},
     {"{1}: the letters with accents fit several encodings: {2}. Say which is right: --encoding NAME.",
      "{1}: de letters met accenten passen bij verschillende coderingen: {2}. Zeg welke klopt: --encoding NAAM."},
+    {"{1}: there is nothing in it but blanks, line ends and delimiters", "{1}: er staat niets in dan spaties, regeleinden en scheidingstekens"},
 }};
 // clang-format on
 

@@ -130,6 +130,17 @@ std::optional<Refusal> decode_export(const PrepareOptions& options, std::string 
   return std::nullopt;
 }
 
+/// Whether a text is nothing but blanks, line ends, marks and what may divide columns.
+bool holds_no_text(std::string_view text) {
+  return text.find_first_not_of(" \t\r\n;,|\"\xEF\xBB\xBF\xC2\xA0") == std::string_view::npos;
+}
+
+/// What no delimiter is looked for in.
+std::optional<Refusal> refuse_without_text(const PrepareOptions& options, std::string_view text) {
+  if (text.empty()) return Refusal{RefusalKind::is_empty, {options.export_name}};
+  return holds_no_text(text) ? std::optional(Refusal{RefusalKind::holds_no_text, {options.export_name}}) : std::nullopt;
+}
+
 std::optional<Refusal> choose_export_delimiter(const PrepareOptions& options, Preparation& read) {
   if (options.delimiter) {
     read.reading.delimiter = *options.delimiter;
@@ -227,6 +238,15 @@ void compare_ids(const PrepareOptions& options, Preparation& result) {
   if (without_line >= fewest_explained_parents) survey.id_proposal = propose_id_rules(table, survey.links);
 }
 
+/// Parents that may be none. Those that are animals under another spelling are no such.
+void doubt_parents(Preparation& read) {
+  ExportSurvey& survey = read.survey;
+  survey.doubtful_parents =
+      find_doubtful_parents(read.text, read.reading.delimiter, read.columns, survey.parent_texts, survey.animal_count);
+  std::erase_if(survey.doubtful_parents,
+                [&](const DoubtfulParent& parent) { return survey.id_substitutes.ids.contains(parent.text); });
+}
+
 }  // namespace
 
 int read_file_bytes(const std::string& name, std::string& bytes) {
@@ -256,6 +276,7 @@ std::optional<Refusal> read_and_recognise(const PrepareOptions& options, Prepara
   if (is_read_as_workbook(bytes)) return read_export_sheet(options, bytes, result);
   refusal = decode_export(options, std::move(bytes), result);
   if (!refusal) refusal = refuse_zeros(result.text, options);
+  if (!refusal) refusal = refuse_without_text(options, result.text);
   if (!refusal) refusal = choose_export_delimiter(options, result);
   return refusal;
 }
@@ -268,6 +289,7 @@ std::optional<Refusal> survey_columns(const PrepareOptions& options, ProgressLin
   if (dates.short_dates.noted.count > 0) {
     dates.short_years = compare_short_years(result.text, result.reading.delimiter, result.columns);
   }
+  doubt_parents(result);
   return std::nullopt;
 }
 

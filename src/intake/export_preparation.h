@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/tool_streams.h"
+#include "intake/answers_file.h"
 #include "intake/column_choice.h"
 #include "intake/delimiter_recognition.h"
 #include "intake/export_survey.h"
@@ -37,6 +38,7 @@ struct Preparation {
   ColumnChoice columns;  ///< those that were surveyed
   ExportSurvey survey;
   PreparePlan plan;
+  SavedAnswers answers;  ///< those of an earlier export that were used
 };
 
 /// All bytes of a file. Yields 0, or the number of the system's error.

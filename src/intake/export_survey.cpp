@@ -51,6 +51,7 @@ void survey_writing(ExportSurvey& survey, FieldCode code, std::string_view text,
 struct SurveyPlace {
   std::int64_t line = 0;
   std::span<const std::string> unknown = {};  ///< what the user says of unknown parents
+  const TextStyle* id_style = nullptr;
 };
 
 void survey_parent(ExportSurvey& survey, std::string_view text, LinkRole role, const SurveyPlace& place) {
@@ -60,6 +61,7 @@ void survey_parent(ExportSurvey& survey, std::string_view text, LinkRole role, c
   } else {
     note_role(survey.links, text, role);
     note_number(survey.numbers[index_of(role == sire_role ? sire_column : dam_column)], text, place.line);
+    count_parent(survey.parent_texts, text, role, survey.animal_count, *place.id_style);
   }
 }
 
@@ -128,10 +130,10 @@ std::string text_of_line(const ExportRecord& record) {
   return text;
 }
 
-void note_line_without_animal(ExportSurvey& survey, LineKind kind, const ExportRecord& record) {
-  if (kind == LineKind::blank) ++survey.blank_lines;
-  if (kind == LineKind::header_again) note_text(survey.headers_again, record.line, {}, most_told_lines);
-  if (kind == LineKind::remark) note_text(survey.remark_lines, record.line, text_of_line(record), most_told_lines);
+void note_line_without_animal(ExportSurvey& survey, RecordKind kind, const ExportRecord& record) {
+  if (kind == RecordKind::blank) ++survey.blank_lines;
+  if (kind == RecordKind::header_again) note_text(survey.headers_again, record.line, {}, most_told_lines);
+  if (kind == RecordKind::remark) note_text(survey.remark_lines, record.line, text_of_line(record), most_told_lines);
 }
 
 bool is_known(const std::vector<IdClash>& clashes, std::string_view id) {
@@ -174,7 +176,7 @@ ExportSurvey survey_export(std::string_view text, char delimiter, const ColumnCh
   std::int64_t data_line = columns.has_header ? 1 : 0;
   while (next_record(reader, record)) {
     count_progress(progress, record.line);
-    if (const LineKind kind = kind_of_line(record, columns); kind != LineKind::animal) {
+    if (const RecordKind kind = kind_of_record(record, columns); kind != RecordKind::animal) {
       note_line_without_animal(survey, kind, record);
       continue;
     }
@@ -183,7 +185,7 @@ ExportSurvey survey_export(std::string_view text, char delimiter, const ColumnCh
     ++survey.animal_count;
     for (const FieldCode code : written_fields()) {
       if (!columns.place[index_of(code)]) continue;
-      survey_field(survey, code, field_of(record, columns, code), {record.line, unknown});
+      survey_field(survey, code, field_of(record, columns, code), {record.line, unknown, &columns.id_style});
     }
     survey_sex_of_animal(survey, record, columns);
   }

@@ -15,6 +15,7 @@
 #include "intake/column_choice.h"
 #include "intake/damaged_numbers.h"
 #include "intake/date_layout_recognition.h"
+#include "intake/doubtful_parents.h"
 #include "intake/export_lines.h"
 #include "intake/export_records.h"
 #include "intake/id_rules.h"
@@ -57,6 +58,8 @@ struct ExportSurvey {
   TextCounts unknown_parents, unknown_ids, sexes, imports, subpopulations, colours, date_words;
   DateSurvey dates;
   ParentLinks links;
+  ParentTexts parent_texts;
+  std::vector<DoubtfulParent> doubtful_parents;
   ColumnMatches matches;  ///< only where most of the parents have no line of their own
   ChangedIds changed_ids;
   std::array<NumberForms, field_count> numbers;  ///< of the identifications of animals and parents

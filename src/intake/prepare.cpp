@@ -13,6 +13,7 @@
 #include "intake/console_words.h"
 #include "intake/export_preparation.h"
 #include "intake/export_remarks.h"
+#include "intake/kept_answers.h"
 #include "intake/prepared_file.h"
 #include "intake/said_values.h"
 
@@ -40,6 +41,11 @@ constexpr Wording questions_title = {"Before anything is written, please answer:
                                      "Beantwoord eerst, voordat er iets geschreven wordt:"};
 constexpr Wording done = {"Written: {1} and {2}. Go to that folder and start pedigreewatch.",
                           "Geschreven: {1} en {2}. Ga naar die map en start pedigreewatch."};
+constexpr Wording answers_kept = {
+    "Kept: {1}, your answers; they are used again for the next export with the same headings.",
+    "Bewaard: {1}, uw antwoorden; ze worden weer gebruikt bij de volgende export met dezelfde koppen."};
+constexpr Wording cannot_keep = {"{1}: your answers could not be kept: {2}.",
+                                 "{1}: uw antwoorden konden niet bewaard worden: {2}."};
 constexpr Wording dry_run_done = {"Nothing was written (--dry-run). It would have been {1} and {2}.",
                                   "Er is niets geschreven (--dry-run). Het zouden {1} en {2} zijn geworden."};
 
@@ -70,26 +76,37 @@ int refuse(ToolStreams& streams, const PrepareOptions& options, const Refusal& r
 
 /// The files that are written, and the report to come; none of them may replace the export.
 struct Targets {
-  std::string data, steer, lines, report;
+  std::string data, steer, lines, report, answers;
 };
 
 Targets targets_of(const PreparePlan& plan, const PrepareOptions& options) {
   const fs::path folder(options.folder);
   const std::string data = (folder / (plan.stem + ".txt")).string();
   return {data, (folder / "pedigreewatch.ini").string(), name_of_export_lines(data),
-          (folder / (plan.stem + ".out")).string()};
+          (folder / (plan.stem + ".out")).string(), (folder / (plan.stem + ".answers")).string()};
+}
+
+/// Whether a file of answers of that name is there which was not used.
+bool would_lose_answers(const Targets& targets, const Preparation& read, const PrepareOptions& options) {
+  std::error_code ignored;
+  const bool were_used = !read.answers.file.empty() && fs::equivalent(targets.answers, read.answers.file, ignored);
+  return is_taken(targets.answers) && !were_used && !answers_text(options, read.plan.columns).empty();
 }
 
 /// Yields 0, or 1 after a message.
-int refuse_targets(const Targets& targets, const PrepareOptions& options, ToolStreams& streams) {
+int refuse_targets(const Targets& targets, const Preparation& read, const PrepareOptions& options,
+                   ToolStreams& streams) {
   std::error_code ignored;
   if (!options.folder.empty() && !fs::is_directory(options.folder, ignored)) {
     return refuse(streams, options, folder_missing, {shown(options.folder)});
   }
-  for (const std::string& target : {targets.data, targets.steer, targets.lines, targets.report}) {
+  for (const std::string& target : {targets.data, targets.steer, targets.lines, targets.report, targets.answers}) {
     if (fs::equivalent(target, options.export_name, ignored)) {
       return refuse(streams, options, would_replace_export, {shown(target)});
     }
+  }
+  if (!options.may_overwrite && would_lose_answers(targets, read, options)) {
+    return refuse(streams, options, already_there, {shown(targets.answers)});
   }
   for (const std::string& target : {targets.data, targets.steer, targets.lines}) {
     if (!options.may_overwrite && is_taken(target)) return refuse(streams, options, already_there, {shown(target)});
@@ -122,6 +139,19 @@ int refuse_problem(const FileProblem& problem, const PrepareOptions& options, To
   return refuse(streams, options, cannot_write, {shown(problem.name), problem.reason});
 }
 
+/// Keeps what was asked and chosen beside the written files. Yields 0, or 1 after a message.
+int keep_answers(const Targets& targets, const Preparation& read, const PrepareOptions& options, ToolStreams& streams) {
+  const std::string text = answers_text(options, read.plan.columns);
+  if (text.empty()) return 0;
+  NewFile file;
+  FileProblem problem;
+  const bool is_kept =
+      begin_file(file, targets.answers, problem) && write_bytes(file, text) && finish_file(file, problem);
+  if (!is_kept) return refuse(streams, options, cannot_keep, {shown(targets.answers), problem.reason});
+  say(streams.console, answers_kept, options.language, {shown(targets.answers)});
+  return 0;
+}
+
 int write_files(const Targets& targets, const Preparation& read, const PrepareOptions& options, ToolStreams& streams) {
   DataReceiver data = {.file = {}, .streams = &streams, .line_count = 0};
   NewFile steer, lines_file;
@@ -147,16 +177,18 @@ int write_files(const Targets& targets, const Preparation& read, const PrepareOp
   }
   if (!finish_all(files, options.may_overwrite, problem)) return refuse_problem(problem, options, streams);
   say(streams.console, done, options.language, {shown(targets.data), shown(targets.steer)});
-  return 0;
+  return keep_answers(targets, read, options, streams);
 }
 
 }  // namespace
 
-int prepare(const PrepareOptions& options, ToolStreams& streams) {
+int prepare(const PrepareOptions& given, ToolStreams& streams, ObeyOption obey) {
+  PrepareOptions options = given;
   Preparation read;
-  std::optional<Refusal> refusal = read_and_recognise(options, read);
+  std::optional<Refusal> refusal = read_with_answers(options, obey, read);
   if (!refusal) refusal = survey_columns(options, streams.progress, read);
   if (refusal) return refuse(streams, options, *refusal);
+  leave_out_unfit_answers(read.answers, read.survey, options);
   decide(options, read);
   show_remarks(remarks_on(read, options), options.language, streams.console);
   refusal = refusal_of_survey(read, options);
@@ -167,7 +199,7 @@ int prepare(const PrepareOptions& options, ToolStreams& streams) {
     say(streams.console, dry_run_done, options.language, {shown(targets.data), shown(targets.steer)});
     return 0;
   }
-  if (refuse_targets(targets, options, streams) != 0) return 1;
+  if (refuse_targets(targets, read, options, streams) != 0) return 1;
   return write_files(targets, read, options, streams);
 }
 

@@ -29,7 +29,8 @@ struct NameWish {
 
 struct PrepareOptions {
   std::string export_name;
-  std::string sheet;  ///< of a workbook, by its name or number; empty: the first one with a table
+  std::string answers_name;  ///< a file of answers; empty: one about the same headings, if there is one
+  std::string sheet;         ///< of a workbook, by its name or number; empty: the first one with a table
   std::optional<char> delimiter;
   std::optional<Encoding> encoding;
   std::optional<DateOrder> dates;
@@ -39,7 +40,8 @@ struct PrepareOptions {
   std::int32_t this_year = 0;           ///< in which nobody is born later; 0: not known
   std::optional<bool> has_header;
   std::vector<std::string> male, female;  ///< texts of the sexes
-  std::vector<std::string> unknown;
+  std::vector<std::string> unknown;       ///< texts that stand for unknown parents
+  std::vector<std::string> known;         ///< texts of parents that are animals; "all": all that nobody knows
   std::vector<ColumnWish> columns;
   std::string species;
   ToolLanguage language = ToolLanguage::english;

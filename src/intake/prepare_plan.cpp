@@ -56,6 +56,39 @@ void choose_unknown_parents(const ExportSurvey& survey, const PrepareOptions& op
   plan.unknown_parents.insert(options.unknown.begin(), options.unknown.end());
 }
 
+/// Asks for parents that may be none, but for those that the user has called unknown or known.
+void ask_for_doubtful_parents(const ExportSurvey& survey, const PrepareOptions& options, PreparePlan& plan) {
+  if (is_among("all", options.known)) return;
+  CountedList list;
+  Question question = {QuestionKind::parents_doubtful, {}, Setting::unknown, unused_column, {}};
+  for (const DoubtfulParent& parent : survey.doubtful_parents) {
+    if (is_among(parent.text, options.unknown) || is_among(parent.text, options.known)) continue;
+    if (list.texts.size() == most_listed_texts) {
+      ++list.more;
+      continue;
+    }
+    list.texts.push_back({parent.text, parent.sired + parent.borne, 0});
+    question.answers.push_back({parent.text, parent.text});
+  }
+  if (list.texts.empty()) return;
+  question.answers.push_back({"all", {}, Setting::known});
+  question.values = {std::move(list)};
+  plan.questions.push_back(std::move(question));
+}
+
+/// The sexes, and whether the parents are of the right one. Where they are not their columns are the cause; what the
+/// sexes mean shows once these are right.
+void choose_sexes_of_plan(const ExportSurvey& survey, const ColumnChoice& columns, const PrepareOptions& options,
+                          PreparePlan& plan) {
+  const std::size_t asked_before = plan.questions.size();
+  ask_for_parents_of_wrong_sex(survey, columns, options, plan.questions);
+  const bool are_exchanged = plan.questions.size() > asked_before;
+  plan.sexes = choose_sexes(survey, options, plan.questions);
+  if (!are_exchanged) return;
+  std::erase_if(plan.questions,
+                [](const Question& question) { return question.kind == QuestionKind::sexes_contradict; });
+}
+
 std::string in_windows_1252(std::string_view text, std::size_t width) {
   LetterCounts ignored;
   std::string bytes;
@@ -185,9 +218,11 @@ PreparePlan plan_preparation(const ExportSurvey& survey, const ColumnChoice& col
   }
   plan.parent_ids = survey.id_substitutes.ids;
   plan.leaves_out_thousands_signs = leaves_out_thousands_signs(survey, options);
+  // As long as most parents lack a line, nobody knows which of them may be none.
+  if (plan.questions.size() == columns.questions.size()) ask_for_doubtful_parents(survey, options, plan);
   choose_delimiter(survey, plan);
   choose_dates(survey, options, plan);
-  plan.sexes = choose_sexes(survey, options, plan.questions);
+  choose_sexes_of_plan(survey, columns, options, plan);
   choose_unknown_parents(survey, options, plan);
   choose_names(subpopulation, survey.subpopulations, options.subpopulations, plan, plan.subpopulations);
   choose_names(colour, survey.colours, options.colours, plan, plan.colours);

@@ -86,11 +86,20 @@ void remark_links(const ParentLinks& links, LinkRole role, RemarkKind all, Remar
   if (count.parents > 0 && count.with_line == 0) remarks.push_back({RemarkKind::parents_without_line, {}});
 }
 
+void remark_answers(const SavedAnswers& answers, std::vector<Remark>& remarks) {
+  if (answers.file.empty()) return;
+  remarks.push_back({RemarkKind::answers_used, {answers.file}});
+  for (const AnswerLine& line : answers.unfit) {
+    remarks.push_back({RemarkKind::answer_unfit, {line.line, line.option + " " + line.value}});
+  }
+}
+
 }  // namespace
 
 void add_reading_remarks(const Preparation& read, const PrepareOptions& options, std::vector<Remark>& remarks) {
   const ExportSurvey& survey = read.survey;
   remarks.push_back({RemarkKind::export_read, {options.export_name, survey.last_line}});
+  remark_answers(read.answers, remarks);
   if (read.reading.sheet) {
     remark_sheet(read.reading, remarks);
   } else {

@@ -153,6 +153,8 @@ enum class RemarkKind {
   cells_merged,                  ///< ranges, their places
   rows_hidden,                   ///< rows, their numbers
   columns_hidden,                ///< columns, their letters
+  answers_used,                  ///< file
+  answer_unfit,                  ///< line of that file, what it says
   column_by_content,             ///< column, field
   lines_above,                   ///< lines, what they say
   headers_again,                 ///< lines, their numbers
@@ -181,6 +183,8 @@ enum class QuestionKind {
   dates_absent,             ///< column
   century_unclear,          ///< dates, some with their lines, hundreds of years
   serials_unclear,          ///< dates, one of them, its day counted from 1900, and from 1904
+  parents_of_wrong_sex,     ///< field, its name, column, parents whose sex is known, those of the other sex
+  parents_doubtful,         ///< texts with their young
   sexes_unclear,            ///< texts
   sexes_open,               ///< texts that nobody knows
   sexes_contradict,         ///< text, fathers, mothers
@@ -196,11 +200,26 @@ enum class QuestionKind {
 inline constexpr std::size_t question_kind_count = static_cast<std::size_t>(QuestionKind::no_delimiter_left) + 1;
 
 /// What a question is answered with: a setting of the preparation.
-enum class Setting { none, column, header, dates, serials, century, ids, male, species, subpopulations, colours };
+enum class Setting {
+  none,
+  column,
+  header,
+  dates,
+  serials,
+  century,
+  ids,
+  male,
+  unknown,
+  known,
+  species,
+  subpopulations,
+  colours
+};
 
 /// A possible answer: the value of the setting, and the text of the export that it stands for, if there is one.
 struct Answer {
   std::string value, text;
+  Setting setting = Setting::none;  ///< none: that of the question
 };
 
 struct Question {
@@ -227,8 +246,9 @@ enum class RefusalKind {
   ids_clash,          ///< file, line, id, other id, what both would become
   workbook_unread,    ///< file, why
   encodings_alike,    ///< file, the encodings that the letters fit
+  holds_no_text,      ///< file
 };
-inline constexpr std::size_t refusal_kind_count = static_cast<std::size_t>(RefusalKind::encodings_alike) + 1;
+inline constexpr std::size_t refusal_kind_count = static_cast<std::size_t>(RefusalKind::holds_no_text) + 1;
 
 struct Refusal {
   RefusalKind kind;

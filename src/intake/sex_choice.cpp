@@ -171,6 +171,24 @@ SexMeaning sex_of_parents(const SexVotes& votes) {
   return SexMeaning::unknown;
 }
 
+ParentSexes count_parent_sexes(const ExportSurvey& survey, LinkRole role) {
+  const std::vector<SexText> texts = collect(survey);
+  const bool has_usual_letters = are_usual_letters(texts);
+  const SexMeaning right = role == sire_role ? SexMeaning::male : SexMeaning::female;
+  ParentSexes parents;
+  for (const SexText& sex : texts) {
+    if (sex.by_word == SexMeaning::unknown || (sex.is_letter && !has_usual_letters)) continue;
+    const std::int64_t count = role == sire_role ? sex.votes.sires : sex.votes.dams;
+    parents.known += count;
+    parents.wrong += sex.by_word == right ? 0 : count;
+  }
+  return parents;
+}
+
+bool are_of_wrong_sex(const ParentSexes& parents) {
+  return parents.wrong >= fewest_deciding_parents && parents.wrong * deciding_majority > parents.known;
+}
+
 std::vector<SexMeaning> choose_sexes(const ExportSurvey& survey, const PrepareOptions& options,
                                      std::vector<Question>& questions) {
   const std::vector<SexText> texts = collect(survey);

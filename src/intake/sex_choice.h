@@ -23,6 +23,15 @@ inline constexpr std::int64_t tolerated_unknown_sexes = 50;
 /// The sex that the parents tell; unknown where they are too few or contradict each other.
 SexMeaning sex_of_parents(const SexVotes& votes);
 
+/// Of how many parents of one role the sex is known by a word, and how many are of the wrong one.
+struct ParentSexes {
+  std::int64_t known = 0, wrong = 0;
+};
+ParentSexes count_parent_sexes(const ExportSurvey& survey, LinkRole role);
+
+/// Whether so many are of the wrong sex that another column may hold these parents.
+bool are_of_wrong_sex(const ParentSexes& parents);
+
 /// What each text of the survey means, in their order. Adds a question where that is not clear.
 std::vector<SexMeaning> choose_sexes(const ExportSurvey& survey, const PrepareOptions& options,
                                      std::vector<Question>& questions);

@@ -37,4 +37,8 @@ bool is_among(std::string_view word, std::span<const std::string_view> words) {
   return std::find(words.begin(), words.end(), word) != words.end();
 }
 
+bool is_among(std::string_view word, std::span<const std::string> words) {
+  return std::find(words.begin(), words.end(), word) != words.end();
+}
+
 }  // namespace pedigreewatch

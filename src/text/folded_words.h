@@ -13,5 +13,6 @@ std::string folded(std::string_view text);
 
 /// Whether `word` stands in `words`.
 bool is_among(std::string_view word, std::span<const std::string_view> words);
+bool is_among(std::string_view word, std::span<const std::string> words);
 
 }  // namespace pedigreewatch

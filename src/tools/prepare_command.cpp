@@ -25,6 +25,8 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools prepare [OPTION.
 
   --dry-run             show everything, write nothing
   --out DIR             write into this folder (else: the folder you are in)
+  --answers FILE        the answers of an earlier export (else: NAME.answers about the same headings, in the folder of
+                        the new files or of the export)
   --force               write over files that are there already
   --species WORD        dog, cat, cattle, sheep, horse, poultry, pig or other
   --language en|nl      language of the report and of these messages (else: English)
@@ -43,6 +45,8 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools prepare [OPTION.
                         needed
   --female TEXT         how females are written, likewise
   --unknown TEXT        a text that stands for an unknown parent, besides the usual ones. As often as needed
+  --known TEXT          a parent without a line of its own that is an animal all the same; "all": all of them. As often
+                        as needed
   --subpopulations LIST names that the report distinguishes, with commas between them (or semicolons); "all";
                         or "none" to leave the column out
   --colours LIST        likewise
@@ -54,7 +58,8 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools prepare [OPTION.
   Exit status: 0 done, 1 something has to be answered or mended first (nothing was written), 2 wrong arguments.
 )";
 
-constexpr auto rules = std::to_array<OptionRule>({{"--delimiter"},
+constexpr auto rules = std::to_array<OptionRule>({{"--answers"},
+                                                  {"--delimiter"},
                                                   {"--encoding"},
                                                   {"--sheet"},
                                                   {"--dates", true, true},
@@ -63,6 +68,7 @@ constexpr auto rules = std::to_array<OptionRule>({{"--delimiter"},
                                                   {"--male", true, true},
                                                   {"--female", true, true},
                                                   {"--unknown", true, true},
+                                                  {"--known", true, true},
                                                   {"--column", true, true},
                                                   {"--header"},
                                                   {"--species"},
@@ -165,10 +171,12 @@ NameWish read_names(std::string_view value) {
 /// The options whose value is kept as it is.
 void read_text_option(const GivenOption& option, PrepareOptions& options) {
   const std::string value = text_of(option.value);
+  if (option.name == "--answers") options.answers_name = option.value;
   if (option.name == "--male") options.male.emplace_back(trimmed(value));
   if (option.name == "--female") options.female.emplace_back(trimmed(value));
   if (option.name == "--sheet") options.sheet = value;
   if (option.name == "--unknown") options.unknown.emplace_back(trimmed(value));
+  if (option.name == "--known") options.known.emplace_back(trimmed(value));
   if (option.name == "--name") options.population_name = value;
   if (option.name == "--out") options.folder = option.value;
   if (option.name == "--subpopulations") options.subpopulations = read_names(value);
@@ -189,6 +197,10 @@ std::string read_option(const GivenOption& option, PrepareOptions& options) {
   if (option.name == "--species") return read_species(option, options);
   read_text_option(option, options);
   return {};
+}
+
+std::string obey_option(std::string_view name, std::string_view value, PrepareOptions& options) {
+  return read_option({name, value}, options);
 }
 
 }  // namespace
@@ -214,7 +226,7 @@ std::string read_prepare_options(std::span<const std::string_view> arguments, Pr
 int run_prepare(std::span<const std::string_view> arguments, ToolStreams& streams) {
   PrepareOptions options;
   const std::string problem = read_prepare_options(arguments, options);
-  if (problem.empty()) return prepare(options, streams);
+  if (problem.empty()) return prepare(options, streams, obey_option);
   return refuse(streams, refusal_of_arguments("prepare", problem));
 }
 

@@ -62,7 +62,7 @@ TEST(ExportAnswer, LeavesNamesAndSexesThatLookLikeOptionsAsTheyAre) {
       answer,
       with(
           R"j({"messages":[],"questions":[{"text":"It is not clear which animals are male: the sexes are written )j"
-          R"j(\u0022--male q\u0022 (1), \u0022x: --species, y\u0022 (1). Choose it at \u0022Males are written\u0022.",)j"
+          R"j(\u0022--male q\u0022 (1), \u0022x: --species, y\u0022 (1). Choose it at \u0022Sexes\u0022.",)j"
           R"j("setting":"male","answers":[{"value":"--male q","text":"--male q"},)j"
           R"j({"value":"x: --species, y","text":"x: --species, y"}]},)j"
           R"j({"text":"The species is needed, for the words of the report. Choose it at \u0022Species\u0022.",)j"

@@ -85,7 +85,7 @@ TEST(ExportWords, NameControlsAsThePageDoes) {
 
 TEST(ExportWords, CallAnAnswerByWhatItStandsFor) {
   const Question column = {QuestionKind::optional_columns_alike, {}, Setting::column, name_column, {}};
-  EXPECT_EQ(setting_name(column), "column.name");
+  EXPECT_EQ(setting_name(column.setting, column.field), "column.name");
   EXPECT_EQ(answer_text(column, {"8", "Naam"}, ToolLanguage::english), "\"Naam\" (column 8)");
   EXPECT_EQ(answer_text(column, {"none", ""}, ToolLanguage::dutch), "niet gebruikt");
   const Question header = {QuestionKind::header_unclear, {}, Setting::header, unused_column, {}};

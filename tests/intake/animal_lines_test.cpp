@@ -19,41 +19,41 @@ std::string thirty_animals() {
   return text;
 }
 
-std::vector<LineKind> kinds_behind(const std::string& lines) {
+std::vector<RecordKind> kinds_behind(const std::string& lines) {
   const std::string text = thirty_animals() + lines;
   ColumnChoice columns = choose_columns(std::vector<std::string>{"ID", "Name", "Sire", "Dam", "Sex", "Born"}, {});
   columns.id_style = find_id_style(text, ';', columns);
   RecordReader reader = read_animals(text, ';', columns);
   ExportRecord record;
-  std::vector<LineKind> kinds;
-  while (next_record(reader, record)) kinds.push_back(kind_of_line(record, columns));
+  std::vector<RecordKind> kinds;
+  while (next_record(reader, record)) kinds.push_back(kind_of_record(record, columns));
   return {kinds.begin() + 30, kinds.end()};
 }
 
-using Kinds = std::vector<LineKind>;
+using Kinds = std::vector<RecordKind>;
 
-TEST(KindOfLine, HeadersAgain) {
+TEST(KindOfRecord, HeadersAgain) {
   EXPECT_EQ(kinds_behind("ID;Name;Sire;Dam;Sex;Born\nid;NAME;sire;dam;sex;born\n"),
-            (Kinds{LineKind::header_again, LineKind::header_again}));
-  EXPECT_EQ(kinds_behind("NL7;Sire;Sire;NL100;M;1-1-1995\n"), Kinds{LineKind::animal});
+            (Kinds{RecordKind::header_again, RecordKind::header_again}));
+  EXPECT_EQ(kinds_behind("NL7;Sire;Sire;NL100;M;1-1-1995\n"), Kinds{RecordKind::animal});
 }
 
-TEST(KindOfLine, TotalsAndRemarks) {
+TEST(KindOfRecord, TotalsAndRemarks) {
   for (const char* const line : {"30 records", "Total: 30 animals;;;;;", "Printed on 3-4-2021", "Aantal dieren: 30",
                                  "Totaal;30;dieren;;;", ";Total 30;;;;", ";;;;;see above"}) {
-    EXPECT_EQ(kinds_behind(line), Kinds{LineKind::remark}) << line;
+    EXPECT_EQ(kinds_behind(line), Kinds{RecordKind::remark}) << line;
   }
 }
 
-TEST(KindOfLine, AnimalsOfWhichLittleIsKnown) {
+TEST(KindOfRecord, AnimalsOfWhichLittleIsKnown) {
   for (const char* const line :
        {"NL1", "NL1;Rex", "NL1;;;;;", "Total;;NL100;;;", "Total;;;;M;", "Total;;;;;1-2-1990", ";Rex;;;M;1-2-1990"}) {
-    EXPECT_EQ(kinds_behind(line), Kinds{LineKind::animal}) << line;
+    EXPECT_EQ(kinds_behind(line), Kinds{RecordKind::animal}) << line;
   }
 }
 
-TEST(KindOfLine, BlankLines) {
-  EXPECT_EQ(kinds_behind("\n;;;;;\n"), (Kinds{LineKind::blank, LineKind::blank}));
+TEST(KindOfRecord, BlankLines) {
+  EXPECT_EQ(kinds_behind("\n;;;;;\n"), (Kinds{RecordKind::blank, RecordKind::blank}));
 }
 
 TEST(NextAnimal, PassesOverWhatIsNone) {

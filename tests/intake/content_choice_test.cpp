@@ -78,6 +78,14 @@ TEST(NarrowByContent, ParentsOfBothSexesAreNoColumnOfFathers) {
   EXPECT_FALSE(choice.place[sire_column].has_value());
 }
 
+TEST(NarrowByContent, LettersThatDifferFromHerdbookToHerdbookTellNoParents) {
+  Herd herd = herd_with({"Q1", "Name", "Q2", "Q3", "Sex", "Born", "Q6"});
+  for (auto& row : herd.rows) row[4] = row[4] == "Ram" ? "M" : "F";
+  EXPECT_EQ(choose_in(herd).place[sire_column], Place(2));
+  for (auto& row : herd.rows) row[4] = row[4] == "M" ? "V" : "M";  // vader, moeder
+  EXPECT_FALSE(choose_in(herd).place[sire_column].has_value());
+}
+
 TEST(NarrowByContent, TwoColumnsThatFitAreAskedFor) {
   Herd herd = herd_with({"Q1", "Name", "Q2", "Q3", "Sex", "Q5", "Q6"});
   for (auto& row : herd.rows) row[6] = row[5];

@@ -139,5 +139,20 @@ TEST(ChooseSexes, ATextThatNoAnimalHasIsTold) {
             "--male Bok: no animal has this sex. The sexes are written \"1\" (3), \"2\" (3).");
 }
 
+TEST(CountParentSexes, FathersThatAreFemaleByTheirWord) {
+  const ExportSurvey survey = survey_of({{"male", 30, 27, 0}, {"female", 30, 3, 20}});
+  EXPECT_EQ(count_parent_sexes(survey, sire_role).known, 30);
+  EXPECT_EQ(count_parent_sexes(survey, sire_role).wrong, 3);
+  EXPECT_EQ(count_parent_sexes(survey, dam_role).wrong, 0);
+  // Letters other than m and f say nothing.
+  EXPECT_EQ(count_parent_sexes(survey_of({{"H", 30, 5, 0}, {"M", 30, 0, 5}}), dam_role).known, 0);
+}
+
+TEST(AreOfWrongSex, MoreThanOneInTenAndThreeAtLeast) {
+  EXPECT_TRUE(are_of_wrong_sex({29, 3}));
+  EXPECT_FALSE(are_of_wrong_sex({30, 3}));
+  EXPECT_FALSE(are_of_wrong_sex({4, 2}));
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -250,8 +250,9 @@ std::vector<std::string> answer_to(std::string_view option, const ExportTruth& t
   if (option == "--male") return repeated(option, truth.male);
   if (option == "--female") return repeated(option, truth.female);
   if (option == "--unknown") return repeated(option, truth.unknown);
-  const std::array<std::pair<std::string_view, std::string>, 8> values = {
-      {{"--delimiter", truth.delimiter},
+  const std::array<std::pair<std::string_view, std::string>, 9> values = {
+      {{"--known", "all"},
+       {"--delimiter", truth.delimiter},
        {"--encoding", truth.encoding},
        {"--dates", truth.dates},
        {"--century", truth.century},
@@ -285,6 +286,7 @@ std::string first_difference(const std::string& data, const std::string& steer, 
 
 EntranceResult measure_entrance(const ForeignExport& office_export, const std::string& folder) {
   const std::string name = folder + "/" + std::string(export_name);
+  fs::remove(folder + "/herd.answers");  // those of another export
   std::ofstream(name, std::ios::binary) << office_export.bytes;
   std::vector<std::string> options = {"--species", office_export.truth.species};
   EntranceResult result;

@@ -1,0 +1,198 @@
+// One option a line, its value behind a blank, in the words of the command line.
+
+#include "intake/answers_file.h"
+
+#include <algorithm>
+#include <array>
+
+#include "intake/export_records.h"
+#include "text/folded_words.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr std::string_view headings_word = "headings:";
+
+/// Options about an export; others, such as --out, are about one run.
+constexpr auto answer_options = std::to_array<std::string_view>(
+    {"--sheet", "--encoding", "--delimiter", "--header", "--column", "--dates", "--century", "--ids", "--young",
+     "--male", "--female", "--unknown", "--known", "--subpopulations", "--colours", "--species", "--name"});
+
+constexpr Wording explanation = {
+    "# Answers about exports with these headings. `prepare` and the desk use them again when the same headings come.\n"
+    "# One option a line, as on the command line. Lines may be changed, added and taken away.\n",
+    "# Antwoorden over exports met deze koppen. `prepare` en de desk gebruiken ze weer als dezelfde koppen komen.\n"
+    "# Een optie per regel, zoals op de opdrachtregel. Regels mogen veranderd, toegevoegd en weggehaald worden.\n"};
+
+/// A line end would begin another option.
+std::string on_one_line(std::string_view text) {
+  std::string line(text);
+  std::replace_if(
+      line.begin(), line.end(), [](char byte) { return byte == '\n' || byte == '\r'; }, ' ');
+  return line;
+}
+
+void add_line(std::string& text, std::string_view option, std::string_view value) {
+  text += std::string(option) + " " + on_one_line(value) + "\n";
+}
+
+void add_lines(std::string& text, std::string_view option, std::span<const std::string> values) {
+  for (const std::string& value : values) add_line(text, option, value);
+}
+
+/// The delimiter as the option takes it: a tab would be lost at the end of a line.
+std::string word_of_delimiter(char delimiter) {
+  if (delimiter == '\t') return "tab";
+  return delimiter == ' ' ? "blank" : std::string(1, delimiter);
+}
+
+void add_names(std::string& text, std::string_view option, const NameWish& wish) {
+  if (!wish.is_given) return;
+  std::string list;
+  for (const std::string& name : wish.names) list += (list.empty() ? "" : ";") + name;
+  // A single name with a comma in it would be taken apart.
+  if (wish.names.size() == 1) list += ';';
+  add_line(text, option, wish.leaves_out ? "none" : (list.empty() ? "all" : list));
+}
+
+/// The heading of a column where no other one has it; its number otherwise.
+std::string name_of_column(const ColumnWish& wish, const ColumnChoice& columns) {
+  const auto& place = columns.place[static_cast<std::size_t>(wish.code)];
+  if (wish.column == "none" || !place || !columns.has_header) return wish.column;
+  const std::string& heading = columns.headings[*place];
+  const bool is_number = heading.find_first_not_of("0123456789") == std::string::npos;
+  const bool is_alone = std::count(columns.headings.begin(), columns.headings.end(), heading) == 1;
+  return is_alone && !is_number && heading != "none" ? heading : std::to_string(*place + 1);
+}
+
+bool has_column(const ColumnWish& wish, std::span<const std::string> headings) {
+  if (wish.column == "none") return true;
+  const bool is_number = wish.column.find_first_not_of("0123456789") == std::string::npos;
+  if (is_number && wish.column.size() < 5) return std::stoul("0" + wish.column) <= headings.size();
+  const std::string word = folded(wish.column);
+  return std::any_of(headings.begin(), headings.end(), [&](const std::string& heading) {
+    return heading == wish.column || (!word.empty() && folded(heading) == word);
+  });
+}
+
+/// Takes the texts that `is_there` does not know out of a list, and notes the lines that say them.
+template <typename IsThere>
+void leave_out(std::string_view option, std::vector<std::string>& texts, SavedAnswers& answers, IsThere&& is_there) {
+  for (const AnswerLine& line : answers.lines) {
+    if (line.option != option || is_there(line.value)) continue;
+    answers.unfit.push_back(line);
+    std::erase(texts, line.value);
+  }
+}
+
+}  // namespace
+
+std::string headings_text(std::span<const std::string> headings) {
+  std::string text;
+  for (const std::string& heading : headings) text += (text.empty() ? "" : " | ") + on_one_line(heading);
+  return text;
+}
+
+SavedAnswers read_answers(std::string_view text, ObeyOption obey) {
+  SavedAnswers answers;
+  for (std::int64_t number = 1; !text.empty(); ++number) {
+    const std::size_t end = text.find('\n');
+    const std::string_view line = trimmed(text.substr(0, end));
+    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    if (line.empty() || line.front() == '#') continue;
+    if (line.starts_with(headings_word)) {
+      answers.headings = trimmed(line.substr(headings_word.size()));
+      continue;
+    }
+    const std::size_t blank = std::min(line.find(' '), line.size());
+    const AnswerLine answer = {number, std::string(line.substr(0, blank)), std::string(trimmed(line.substr(blank)))};
+    PrepareOptions ignored;
+    const bool is_read = is_among(answer.option, answer_options) && obey(answer.option, answer.value, ignored).empty();
+    (is_read ? answers.lines : answers.unfit).push_back(answer);
+  }
+  return answers;
+}
+
+std::string answers_text(const PrepareOptions& options, const ColumnChoice& columns) {
+  std::string text;
+  if (!options.sheet.empty()) add_line(text, "--sheet", options.sheet);
+  if (options.encoding) add_line(text, "--encoding", name_of(*options.encoding));
+  if (options.delimiter) add_line(text, "--delimiter", word_of_delimiter(*options.delimiter));
+  if (options.has_header) add_line(text, "--header", *options.has_header ? "yes" : "no");
+  for (const ColumnWish& wish : options.columns) {
+    add_line(text, "--column", std::string(option_name_of(wish.code)) + "=" + name_of_column(wish, columns));
+  }
+  if (options.dates) add_line(text, "--dates", layout_text(*options.dates, false));
+  if (options.serials) {
+    add_line(text, "--dates", *options.serials == DateSystem::since_1900 ? "serial-1900" : "serial-1904");
+  }
+  if (options.century) add_line(text, "--century", std::to_string(*options.century));
+  if (options.ids) add_line(text, "--ids", name_of_rules(*options.ids));
+  add_lines(text, "--male", options.male);
+  add_lines(text, "--female", options.female);
+  add_lines(text, "--unknown", options.unknown);
+  add_lines(text, "--known", options.known);
+  add_names(text, "--subpopulations", options.subpopulations);
+  add_names(text, "--colours", options.colours);
+  if (!options.species.empty()) add_line(text, "--species", options.species);
+  if (!options.population_name.empty()) add_line(text, "--name", options.population_name);
+  if (text.empty()) return text;
+  return std::string(words_of(explanation, options.language)) + std::string(headings_word) +
+         (columns.has_header ? " " + headings_text(columns.headings) : std::string()) + "\n" + text;
+}
+
+void add_answers(SavedAnswers& answers, std::span<const std::string> headings, ObeyOption obey,
+                 PrepareOptions& options) {
+  PrepareOptions said;
+  for (const AnswerLine& line : answers.lines) {
+    const std::size_t column_count = said.columns.size();
+    obey(line.option, line.value, said);
+    if (said.columns.size() == column_count || has_column(said.columns.back(), headings)) continue;
+    said.columns.pop_back();
+    answers.unfit.push_back(line);
+  }
+  const auto is_wished = [&](FieldCode code) {
+    return std::any_of(options.columns.begin(), options.columns.end(),
+                       [&](const ColumnWish& wish) { return wish.code == code; });
+  };
+  for (const ColumnWish& wish : said.columns) {
+    if (!is_wished(wish.code)) options.columns.push_back(wish);
+  }
+  if (options.male.empty() && options.female.empty()) {
+    options.male = said.male;
+    options.female = said.female;
+  }
+  options.unknown.insert(options.unknown.end(), said.unknown.begin(), said.unknown.end());
+  options.known.insert(options.known.end(), said.known.begin(), said.known.end());
+  if (options.sheet.empty()) options.sheet = said.sheet;
+  if (!options.encoding) options.encoding = said.encoding;
+  if (!options.delimiter) options.delimiter = said.delimiter;
+  if (!options.has_header) options.has_header = said.has_header;
+  if (!options.dates && !options.serials) {
+    options.dates = said.dates;
+    options.serials = said.serials;
+  }
+  if (!options.century) options.century = said.century;
+  if (!options.ids) options.ids = said.ids;
+  if (!options.subpopulations.is_given) options.subpopulations = said.subpopulations;
+  if (!options.colours.is_given) options.colours = said.colours;
+  if (options.species.empty()) options.species = said.species;
+  if (options.population_name.empty()) options.population_name = said.population_name;
+}
+
+void leave_out_unfit_answers(SavedAnswers& answers, const ExportSurvey& survey, PrepareOptions& options) {
+  const auto is_sex = [&](const std::string& text) {
+    const std::string wish = folded(text);
+    return std::any_of(survey.sexes.texts.begin(), survey.sexes.texts.end(), [&](const CountedText& entry) {
+      const std::string word = folded(entry.text);
+      return entry.text == text || (wish.size() == 1 ? word.starts_with(wish) : !wish.empty() && word == wish);
+    });
+  };
+  leave_out("--male", options.male, answers, is_sex);
+  leave_out("--female", options.female, answers, is_sex);
+  leave_out("--unknown", options.unknown, answers, [&](const std::string& text) {
+    return find_counted(survey.unknown_parents, text) != std::string_view::npos;
+  });
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,51 @@
+// What was asked about an export, or chosen, kept for the next one with the same headings: NAME.answers beside the
+// written files. It holds the options of `prepare`, one a line, and may be edited.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "intake/column_choice.h"
+#include "intake/date_layout_recognition.h"
+#include "intake/export_survey.h"
+#include "intake/prepare_options.h"
+
+namespace pedigreewatch {
+
+struct AnswerLine {
+  std::int64_t line = 0;
+  std::string option, value;  ///< "--male", "Ram"
+};
+
+struct SavedAnswers {
+  std::string file;      ///< empty: there are none
+  std::string headings;  ///< of the exports that they are about, as `headings_text` writes them
+  std::vector<AnswerLine> lines;
+  std::vector<AnswerLine> unfit;  ///< lines that cannot be read, or do not fit the export at hand
+};
+
+/// The headings of an export as they stand in a file of answers.
+std::string headings_text(std::span<const std::string> headings);
+
+/// Obeys one option of `prepare`, by its name and value; yields what was expected instead, empty when it is obeyed.
+using ObeyOption = std::string (*)(std::string_view option, std::string_view value, PrepareOptions& options);
+
+/// Reads the text of such a file. Lines that are no option about an export are unfit.
+SavedAnswers read_answers(std::string_view text, ObeyOption obey);
+
+/// The text of such a file: everything that the options say about the export, with columns by their headings where
+/// these differ from each other.
+std::string answers_text(const PrepareOptions& options, const ColumnChoice& columns);
+
+/// Adds what the answers say to the options that say nothing about it. A column whose heading the export lacks is
+/// unfit.
+void add_answers(SavedAnswers& answers, std::span<const std::string> headings, ObeyOption obey,
+                 PrepareOptions& options);
+
+/// Takes out of the options what the answers say of texts that the export does not hold; such lines are unfit.
+void leave_out_unfit_answers(SavedAnswers& answers, const ExportSurvey& survey, PrepareOptions& options);
+
+}  // namespace pedigreewatch

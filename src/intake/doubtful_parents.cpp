@@ -1,0 +1,104 @@
+// What was counted on the way names the candidates; a second reading leaves out those that are animals, and counts the
+// young of the others exactly.
+
+#include "intake/doubtful_parents.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+#include "intake/animal_lines.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr std::int64_t counted_completely = 100000, counted_share = 16;
+
+bool consists_of(std::string_view text, char digit) {
+  constexpr std::size_t fewest_digits = 3;
+  return text.size() >= fewest_digits && text.find_first_not_of(digit) == std::string_view::npos;
+}
+
+/// The length of the longest word, and whether there is a digit.
+struct Looks {
+  std::size_t longest_word = 0;
+  bool has_digit = false;
+};
+
+Looks looks_of(std::string_view text) {
+  Looks looks;
+  std::size_t word = 0;
+  for (const char byte : text) {
+    const bool is_digit = byte >= '0' && byte <= '9';
+    const bool is_letter = static_cast<unsigned char>(byte) >= 0x80 || ((byte | 0x20) >= 'a' && (byte | 0x20) <= 'z');
+    looks.has_digit = looks.has_digit || is_digit;
+    word = is_letter ? word + 1 : 0;
+    looks.longest_word = std::max(looks.longest_word, word);
+  }
+  return looks;
+}
+
+using Candidates = std::unordered_map<std::string_view, DoubtfulParent>;
+
+/// All that may be in doubt, whether they have a line or not.
+Candidates candidates_of(const ParentTexts& parents, const TextStyle& ids, std::int64_t animals) {
+  const std::int64_t sampled =
+      animals <= counted_completely ? animals : counted_completely + (animals - counted_completely) / counted_share;
+  const std::int64_t many = std::max(many_young, sampled / many_young_share);
+  Candidates candidates;
+  const auto look_at = [&](const TextCounts& counts, const TextCounts& others) {
+    for (const CountedText& entry : counts.texts) {
+      const bool looks_unknown = looks_like_unknown(entry.text, ids);
+      const bool is_both = find_counted(others, entry.text) != std::string_view::npos;
+      if (looks_unknown || is_both || entry.count >= many) {
+        candidates.emplace(entry.text, DoubtfulParent{entry.text, 0, 0, looks_unknown});
+      }
+    }
+  };
+  look_at(parents.sires, parents.dams);
+  look_at(parents.dams, parents.sires);
+  return candidates;
+}
+
+}  // namespace
+
+bool looks_like_unknown(std::string_view text, const TextStyle& ids) {
+  constexpr std::size_t shortest_telling_word = 4;  // shorter ones are codes of countries and herds
+  if (consists_of(text, '0') || consists_of(text, '9')) return true;
+  if (!ids.is_known) return false;
+  const Looks looks = looks_of(text);
+  if (ids.needs_digit && !looks.has_digit) return true;
+  return looks.longest_word >= shortest_telling_word && looks.longest_word > ids.longest_word;
+}
+
+void count_parent(ParentTexts& parents, std::string_view text, LinkRole role, std::int64_t animal,
+                  const TextStyle& ids) {
+  const bool is_counted = animal <= counted_completely || animal % counted_share == 0 || looks_like_unknown(text, ids);
+  if (is_counted) count_text(role == sire_role ? parents.sires : parents.dams, text, 0);
+}
+
+std::vector<DoubtfulParent> find_doubtful_parents(std::string_view text, char delimiter, const ColumnChoice& columns,
+                                                  const ParentTexts& parents, std::int64_t animals) {
+  Candidates candidates = candidates_of(parents, columns.id_style, animals);
+  if (candidates.empty()) return {};
+  RecordReader reader = read_animals(text, delimiter, columns);
+  ExportRecord record;
+  const auto find = [&](FieldCode code) { return candidates.find(trimmed(field_of(record, columns, code))); };
+  while (next_animal(reader, record, columns)) {
+    if (const auto sire = find(sire_column); sire != candidates.end()) ++sire->second.sired;
+    if (const auto dam = find(dam_column); dam != candidates.end()) ++dam->second.borne;
+    if (const auto animal = find(id_column); animal != candidates.end()) candidates.erase(animal);
+  }
+  std::vector<DoubtfulParent> doubtful;
+  for (auto& [id, parent] : candidates) {
+    const bool is_both = parent.sired > 0 && parent.borne > 0;
+    const std::int64_t many = std::max(many_young, animals / many_young_share);
+    if (parent.looks_unknown || is_both || std::max(parent.sired, parent.borne) >= many) doubtful.push_back(parent);
+  }
+  std::sort(doubtful.begin(), doubtful.end(), [](const DoubtfulParent& a, const DoubtfulParent& b) {
+    const std::int64_t young_of_a = a.sired + a.borne, young_of_b = b.sired + b.borne;
+    return young_of_a != young_of_b ? young_of_a > young_of_b : a.text < b.text;
+  });
+  return doubtful;
+}
+
+}  // namespace pedigreewatch

@@ -1,0 +1,115 @@
+// What was asked is kept, read back, and left out where it fits no more.
+
+#include "intake/answers_file.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace pedigreewatch::test {
+namespace {
+
+const std::vector<std::string> headings = {"Ear tag", "Sire", "Dam", "Sex", "Born"};
+
+/// A few options, as the command line obeys them.
+std::string obey(std::string_view option, std::string_view value, PrepareOptions& options) {
+  if (option == "--male") options.male.emplace_back(value);
+  if (option == "--unknown") options.unknown.emplace_back(value);
+  if (option == "--species") options.species = value;
+  if (option == "--column" && value.starts_with("id="))
+    options.columns.push_back({id_column, std::string(value.substr(3))});
+  if (option == "--dates" && value != "dd-mm-yyyy") return "a layout";
+  if (option == "--dates") options.dates = DateOrder::day_month_year;
+  return {};
+}
+
+ColumnChoice columns_with(const PrepareOptions& options) {
+  return choose_columns(headings, options, FirstRecord::header);
+}
+
+TEST(AnswersText, HoldsTheOptionsWithColumnsByTheirHeadings) {
+  PrepareOptions options;
+  options.columns = {{id_column, "1"}, {name_column, "none"}};
+  options.dates = DateOrder::day_month_year;
+  options.male = {"Ram", "Wether"};
+  options.known = {"all"};
+  options.delimiter = '\t';
+  options.subpopulations = {.is_given = true, .leaves_out = false, .names = {"North", "South"}};
+  options.colours = {.is_given = true, .leaves_out = false, .names = {}};
+  options.species = "sheep";
+  const std::string text = answers_text(options, columns_with(options));
+  EXPECT_EQ(text.substr(text.find("headings: ")),
+            "headings: Ear tag | Sire | Dam | Sex | Born\n"
+            "--delimiter tab\n"
+            "--column id=Ear tag\n"
+            "--column name=none\n"
+            "--dates dd-mm-yyyy\n"
+            "--male Ram\n"
+            "--male Wether\n"
+            "--known all\n"
+            "--subpopulations North;South\n"
+            "--colours all\n"
+            "--species sheep\n");
+}
+
+TEST(AnswersText, NothingSaidIsNothingKept) {
+  EXPECT_EQ(answers_text({}, columns_with({})), "");
+}
+
+TEST(ReadAnswers, EachLineWithItsNumber) {
+  const SavedAnswers answers =
+      read_answers("# a remark\nheadings: Ear tag | Sire\r\n\n--male Ram\n--dates yy\n--out x\nsheep\n", obey);
+  EXPECT_EQ(answers.headings, "Ear tag | Sire");
+  ASSERT_EQ(answers.lines.size(), 1U);
+  EXPECT_EQ(answers.lines[0].line, 4);
+  EXPECT_EQ(answers.lines[0].value, "Ram");
+  ASSERT_EQ(answers.unfit.size(), 3U);
+  EXPECT_EQ(answers.unfit[0].line, 5);
+  EXPECT_EQ(answers.unfit[1].option, "--out");
+  EXPECT_EQ(answers.unfit[2].option, "sheep");
+}
+
+TEST(AddAnswers, TheUserGoesBeforeThem) {
+  SavedAnswers answers = read_answers("--column id=Sire\n--male Ram\n--species sheep\n--unknown Wild\n", obey);
+  PrepareOptions options;
+  options.columns = {{id_column, "Ear tag"}};
+  options.male = {"Tup"};
+  options.unknown = {"Zoo"};
+  add_answers(answers, headings, obey, options);
+  ASSERT_EQ(options.columns.size(), 1U);
+  EXPECT_EQ(options.columns[0].column, "Ear tag");
+  EXPECT_EQ(options.male, std::vector<std::string>{"Tup"});
+  EXPECT_EQ(options.unknown, (std::vector<std::string>{"Zoo", "Wild"}));
+  EXPECT_EQ(options.species, "sheep");
+  EXPECT_TRUE(answers.unfit.empty());
+}
+
+TEST(AddAnswers, AColumnThatIsGoneFitsNoMore) {
+  SavedAnswers answers = read_answers("--column id=Tattoo\n--column id=6\n--column id=5\n--column id=ear TAG\n", obey);
+  PrepareOptions options;
+  add_answers(answers, headings, obey, options);
+  ASSERT_EQ(answers.unfit.size(), 2U);
+  EXPECT_EQ(answers.unfit[0].value, "id=Tattoo");
+  EXPECT_EQ(answers.unfit[1].line, 2);
+  ASSERT_EQ(options.columns.size(), 1U);
+  EXPECT_EQ(options.columns[0].column, "5");
+}
+
+TEST(LeaveOutUnfitAnswers, TextsThatDoNotOccur) {
+  SavedAnswers answers = read_answers("--male Ram\n--male Stallion\n--male h\n--unknown Wild\n--unknown Zoo\n", obey);
+  PrepareOptions options;
+  add_answers(answers, headings, obey, options);
+  ExportSurvey survey;
+  count_text(survey.sexes, "ram", 2);
+  count_text(survey.sexes, "Hengst", 3);
+  count_text(survey.unknown_parents, "Zoo", 4);
+  leave_out_unfit_answers(answers, survey, options);
+  EXPECT_EQ(options.male, (std::vector<std::string>{"Ram", "h"}));
+  EXPECT_EQ(options.unknown, std::vector<std::string>{"Zoo"});
+  ASSERT_EQ(answers.unfit.size(), 2U);
+  EXPECT_EQ(answers.unfit[0].value, "Stallion");
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test

@@ -1,0 +1,85 @@
+// Parents that may stand for "unknown" although no word says so.
+
+#include "intake/doubtful_parents.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "intake/animal_lines.h"
+#include "intake/export_survey.h"
+
+namespace pedigreewatch::test {
+namespace {
+
+/// Forty animals NL100 to NL139, of which the first ten are the fathers and mothers of others; then these lines.
+std::vector<DoubtfulParent> doubtful_in(const std::string& lines) {
+  std::string text = "id;sire;dam;sex;born\n";
+  for (int i = 100; i < 140; ++i) {
+    const std::string sire = i < 110 ? "" : "NL" + std::to_string(100 + i % 5);
+    text += "NL" + std::to_string(i) + ";" + sire + ";;" + (i < 105 ? "m" : "f") + ";2001\n";
+  }
+  text += lines;
+  ColumnChoice columns = choose_columns(std::vector<std::string>{"id", "sire", "dam", "sex", "born"}, {});
+  columns.id_style = find_id_style(text, ';', columns);
+  ProgressLine unwatched;
+  const ExportSurvey survey = survey_export(text, ';', columns, {}, unwatched);
+  return find_doubtful_parents(text, ';', columns, survey.parent_texts, survey.animal_count);
+}
+
+/// Young of one father, or of one mother.
+std::string young_of(const std::string& sire, const std::string& dam, int count, int first = 500) {
+  std::string text;
+  for (int i = first; i < first + count; ++i) text += "NL" + std::to_string(i) + ";" + sire + ";" + dam + ";m;2004\n";
+  return text;
+}
+
+TEST(FindDoubtfulParents, NoneAmongAnimals) {
+  EXPECT_TRUE(doubtful_in(young_of("NL100", "NL106", 30)).empty());
+}
+
+TEST(FindDoubtfulParents, AWordAmongIds) {
+  const std::vector<DoubtfulParent> doubtful = doubtful_in(young_of("Fremdzucht", "", 2));
+  ASSERT_EQ(doubtful.size(), 1U);
+  EXPECT_EQ(doubtful[0].text, "Fremdzucht");
+  EXPECT_EQ(doubtful[0].sired, 2);
+  EXPECT_EQ(doubtful[0].borne, 0);
+}
+
+TEST(FindDoubtfulParents, FatherAndMotherBoth) {
+  const std::vector<DoubtfulParent> doubtful = doubtful_in(young_of("NL9", "NL9", 1));
+  ASSERT_EQ(doubtful.size(), 1U);
+  EXPECT_EQ(doubtful[0].borne, 1);
+}
+
+TEST(FindDoubtfulParents, ManyYoung) {
+  EXPECT_TRUE(doubtful_in(young_of("NL9", "", many_young - 1)).empty());
+  EXPECT_EQ(doubtful_in(young_of("NL9", "", many_young)).size(), 1U);
+  EXPECT_EQ(doubtful_in(young_of("", "NL9", many_young)).size(), 1U);
+}
+
+TEST(FindDoubtfulParents, ThoseWithALineAreAnimals) {
+  EXPECT_TRUE(doubtful_in("Fremdzucht;;;m;2001\n" + young_of("Fremdzucht", "", 20)).empty());
+}
+
+TEST(FindDoubtfulParents, MostYoungFirst) {
+  const std::vector<DoubtfulParent> doubtful =
+      doubtful_in(young_of("Fremdzucht", "", 2) + young_of("Zukauf", "", 3, 600));
+  ASSERT_EQ(doubtful.size(), 2U);
+  EXPECT_EQ(doubtful[0].text, "Zukauf");
+}
+
+TEST(LooksLikeUnknown, WordsZerosAndNines) {
+  StyleCounts counts;
+  for (int i = 100; i < 140; ++i) count_signs(counts, "NL" + std::to_string(i));
+  const TextStyle ids = style_of(counts);
+  for (const char* const text : {"Zukauf", "Import 1", "000", "999"})
+    EXPECT_TRUE(looks_like_unknown(text, ids)) << text;
+  // The code of another country is no word.
+  for (const char* const text : {"NL7", "GBR7", "990", "99"}) EXPECT_FALSE(looks_like_unknown(text, ids)) << text;
+  EXPECT_FALSE(looks_like_unknown("Zukauf", {}));
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test
