@@ -1,9 +1,11 @@
 // How often the verdict on simulated breeds is right: breeds of each size, each way of breeding and each share of
 // unknown parents, with the effect of a rule half way where there was one and where there was none.
-//   measure_standing [BREEDS]     so many of each kind, 200 without a number
+//   measure_standing [BREEDS]            so many of each kind, 200 without a number
+//   measure_standing --faults [BREEDS]   closed breeds with wrong sires or wrong years of birth, by their share
 
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 #include "standing/standing.h"
 #include "support/simulated_breed.h"
@@ -47,31 +49,59 @@ Tally judge_breeds(BreedScheme scheme, int breeds) {
   return tally;
 }
 
-}  // namespace
+void print_heading(const char* share) {
+  std::printf("%-14s %6s %8s %7s %7s %7s %7s %7s %7s\n", "kind", "Ne", share, "right", "wrong", "two off", "none",
+              "surest", "change");
+}
 
-int main(int count, char** arguments) {
-  const int breeds = count > 1 ? std::atoi(arguments[1]) : 200;
-  if (breeds < 1) {
-    std::fputs("usage: measure_standing [BREEDS]\n", stderr);
-    return 2;
-  }
+void print_tally(const Kind& kind, const BreedScheme& scheme, double share, const Tally& tally) {
+  std::printf("%-14s %6.1f %6.1f %% %7d %7d %7d %7d %7d %7d\n", kind.name, effective_size_of(scheme), 100.0 * share,
+              tally.right, tally.wrong, tally.two_off, tally.none, tally.sure, tally.real_changes);
+  std::fflush(stdout);
+}
+
+void measure_unknown_parents(int breeds) {
   Kind kinds[] = {{"closed", {}}, {"imports", {}}, {"popular sires", {}}, {"rule", {}}};
   kinds[1].scheme.imported = 0.02;
   kinds[2].scheme.has_popular_sires = true;
   kinds[3].scheme.has_rule = true;
-  std::printf("%-14s %6s %8s %7s %7s %7s %7s %7s %7s\n", "kind", "Ne", "unknown", "right", "wrong", "two off", "none",
-              "surest", "change");
+  print_heading("unknown");
   for (const Kind& kind : kinds) {
     for (BreedScheme scheme : breeds_of_known_size(kind.scheme)) {
       for (const double unknown : {0.0, 0.02, 0.05, 0.1, 0.3}) {
         scheme.unknown_parents = unknown;
-        const Tally tally = judge_breeds(scheme, breeds);
-        std::printf("%-14s %6.1f %6.0f %% %7d %7d %7d %7d %7d %7d\n", kind.name, effective_size_of(scheme),
-                    100.0 * unknown, tally.right, tally.wrong, tally.two_off, tally.none, tally.sure,
-                    tally.real_changes);
-        std::fflush(stdout);
+        print_tally(kind, scheme, unknown, judge_breeds(scheme, breeds));
       }
     }
+  }
+}
+
+void measure_faults(int breeds) {
+  print_heading("faulty");
+  for (const bool is_of_years : {false, true}) {
+    for (BreedScheme scheme : breeds_of_known_size({})) {
+      for (const double faulty : {0.0, 0.01, 0.02, 0.05, 0.1}) {
+        (is_of_years ? scheme.wrong_years : scheme.wrong_parents) = faulty;
+        print_tally({is_of_years ? "wrong years" : "wrong sires", {}}, scheme, faulty, judge_breeds(scheme, breeds));
+      }
+    }
+  }
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  const bool wants_faults = count > 1 && std::strcmp(arguments[1], "--faults") == 0;
+  const int place = wants_faults ? 2 : 1;
+  const int breeds = count > place ? std::atoi(arguments[place]) : 200;
+  if (breeds < 1) {
+    std::fputs("usage: measure_standing [--faults] [BREEDS]\n", stderr);
+    return 2;
+  }
+  if (wants_faults) {
+    measure_faults(breeds);
+  } else {
+    measure_unknown_parents(breeds);
   }
   return 0;
 }

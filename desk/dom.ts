@@ -63,6 +63,11 @@ export function shownNumber(value: number, language: string): string {
   return value.toLocaleString(language === "nl" ? "nl-NL" : "en-GB");
 }
 
+export function decimal(value: number, language: string, digits = 1): string {
+  const places = { minimumFractionDigits: digits, maximumFractionDigits: digits };
+  return value.toLocaleString(language === "nl" ? "nl-NL" : "en-GB", places);
+}
+
 export function percentage(value: number | null | undefined, language: string, digits = 2): string {
   if (value === null || value === undefined) return "–";
   const places = { minimumFractionDigits: digits, maximumFractionDigits: digits };

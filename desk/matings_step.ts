@@ -3,7 +3,7 @@
 import { ask } from "./client";
 import { bytesOf, text, work } from "./desk";
 import type { Desk } from "./desk";
-import { afterPause, button, chooser, make, nameOf, percentage, save, shownNumber } from "./dom";
+import { afterPause, button, chooser, decimal, make, nameOf, percentage, save, shownNumber } from "./dom";
 import { drawPlan } from "./plan_part";
 import type { Animal, MaleRow, PairAnswer } from "./protocol";
 
@@ -47,6 +47,7 @@ function drawPair(desk: Desk, pair: PairAnswer): HTMLElement {
   const heading = (name: Parameters<typeof text>[1], isNumber = false) => make("th", { scope: "col", class: isNumber ? "number" : "" }, text(desk, name));
   const kinship = (parent: PairAnswer["sire"]) => make("p", { class: "note" }, nameOf(parent.id), `: ${text(desk, "meanKinship")}: ${percentage(parent.meanKinship, desk.language)}`);
   return make("div", { id: "pair" }, make("p", {}, `${text(desk, "offspringF")}: `, make("span", { class: "figure", id: "offspring-f" }, percentage(pair.offspringF, desk.language))),
+    pair.isBeyond === true ? make("p", { class: "problem", id: "beyond" }, text(desk, "pairBeyond", percentage(pair.limit, desk.language, 2))) : null,
     kinship(pair.dam), kinship(pair.sire),
     rows.length === 0 ? make("p", {}, text(desk, "noCommon")) : make("table", { class: "plain" }, make("caption", {}, text(desk, "common")),
       make("thead", {}, make("tr", {}, heading("id"), heading("nameOfAnimal"), heading("born", true), heading("contribution", true))),
@@ -74,9 +75,14 @@ function drawMales(desk: Desk, males: NonNullable<Desk["males"]>): HTMLElement {
   const shown = (value: number) => shownNumber(value, desk.language);
   const move = (first: number, byKinship = males.byKinship) => void work(desk, () => listMales(desk, Math.max(0, first), byKinship));
   const heading = (name: Parameters<typeof text>[1], isNumber = false) => make("th", { scope: "col", class: isNumber ? "number" : "" }, text(desk, name));
-  const rows = males.rows.map((row) => make("tr", {}, make("td", {}, nameOf(row.id)), make("td", {}, nameOf(row.name === "-" ? "" : row.name)),
-    make("td", { class: "number" }, row.year === 0 ? "–" : String(row.year)), make("td", { class: "number" }, percentage(row.offspringF, desk.language)),
-    make("td", { class: "number" }, percentage(row.meanKinship, desk.language))));
+  const columns = 8;
+  const apart = make("tr", {}, make("th", { scope: "colgroup", colspan: columns }, text(desk, "shallowMales")));
+  const firstShallow = males.rows.find((row) => row.isShallow);
+  const rows = males.rows.flatMap((row) => [...(row === firstShallow ? [apart] : []), make("tr", {}, make("td", {}, nameOf(row.id)), make("td", {}, nameOf(row.name === "-" ? "" : row.name)),
+    make("td", { class: "number" }, row.year === 0 ? "–" : String(row.year)),
+    make("td", { class: row.isBeyond ? "number beyond" : "number" }, row.isBeyond ? "▲ " : "", percentage(row.offspringF, desk.language)),
+    make("td", { class: "number" }, percentage(row.meanKinship, desk.language)), make("td", { class: "number" }, decimal(row.equivalents, desk.language)),
+    make("td", { class: "number" }, shown(row.offspring)), make("td", { class: "number" }, row.age === null ? "–" : String(row.age)))]);
   return make("div", { id: "males" },
     make("p", { class: "row" }, make("label", { for: "order" }, text(desk, "orderBy")),
       chooser([{ value: "f", text: text(desk, "offspringF") }, { value: "k", text: text(desk, "meanKinship") }], males.byKinship ? "k" : "f",
@@ -87,7 +93,8 @@ function drawMales(desk: Desk, males: NonNullable<Desk["males"]>): HTMLElement {
       make("span", { role: "status" }, text(desk, "showing", shown(males.first + 1), shown(Math.min(males.first + rowsShown, males.count)), shown(males.count)))),
     make("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": text(desk, "allMales") },
       make("table", { class: "plain" }, make("thead", {}, make("tr", {}, heading("id"), heading("nameOfAnimal"), heading("born", true),
-        heading("offspringF", true), heading("meanKinship", true))), make("tbody", {}, ...rows))),
+        heading("offspringF", true), heading("meanKinship", true), heading("generationsKnown", true), heading("youngOf", true), heading("ageOf", true))), make("tbody", {}, ...rows))),
+    males.rows.some((row) => row.isBeyond) ? make("p", { class: "note" }, text(desk, "beyondLimit")) : null,
     make("p", { class: "hint" }, text(desk, "littleKnown")));
 }
 

@@ -51,9 +51,11 @@ export interface RunAnswer extends Messages { animals: number; firstYear: number
 export interface Animal { position: number; id: string; name: string; isMale: boolean; year: number; f: number | null; }
 export interface Parent extends Animal { meanKinship: number | null; }
 export interface PairAnswer {
-  offspringF: number | null; sire: Parent; dam: Parent; ancestors: (Animal & { contribution: number | null })[];
+  offspringF: number | null; limit?: number; isBeyond?: boolean; sire: Parent; dam: Parent; ancestors: (Animal & { contribution: number | null })[];
 }
-export interface MaleRow extends Parent { offspringF: number | null; }
+export interface MaleRow extends Parent {
+  offspringF: number | null; equivalents: number; offspring: number; age: number | null; isShallow: boolean; isBeyond: boolean;
+}
 
 export interface PlanAnswer extends Messages {
   candidates: string[]; lines: string[]; warnings: string[]; headings: string[]; ways: string[][]; count: number; meanF: number;

@@ -10,7 +10,7 @@
 namespace pedigreewatch {
 
 /// Findings that falsify inbreeding or the effective size.
-std::int64_t falsifying_faults(const CheckResult& check);
+VerdictFaults faults_of_verdict(const CheckResult& check);
 
 /// `check` is that of the same data file; none: its faults are not known, and count as none.
 Standing stand_of(const AnalysedPopulation& population, const StandingSettings& settings, const CheckResult* check);

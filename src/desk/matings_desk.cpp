@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdio>
 #include <span>
+#include <tuple>
 #include <utility>
 
 #include "checks/readable_text.h"
@@ -13,8 +14,10 @@
 namespace pedigreewatch {
 namespace {
 
-constexpr Wording table_heading = {"female\tmale\tname\tborn\tF_of_offspring\tmean_kinship\n",
-                                   "moeder\tvader\tnaam\tgeboren\tF_van_jong\tgemiddelde_verwantschap\n"};
+constexpr Wording table_heading = {
+    "female\tmale\tname\tborn\tF_of_offspring\tmean_kinship\tgenerations_known\toffspring\tage\tbeyond_limit\n",
+    "moeder\tvader\tnaam\tgeboren\tF_van_jong\tgemiddelde_verwantschap\tgeneraties_bekend\tjongen\tleeftijd\t"
+    "boven_grens\n"};
 
 const PopulationStore& store_of(const Desk& desk) {
   return desk.results->population.store;
@@ -115,6 +118,8 @@ std::string describe_pair(const Desk& desk, std::int32_t sire, std::int32_t dam)
     const PopulationStore& store = store_of(desk);
     const auto mating = mating_of(store, sire, dam);
     add_optional(json, "offspringF", static_cast<double>(mating->pair.f));
+    add_optional(json, "limit", desk.board.most_inbreeding);
+    add_logical(json, "isBeyond", is_beyond(mating->pair.f, desk.board.most_inbreeding));
     add_parent(json, "sire", store, sire, mating->male_mean_kinship);
     add_parent(json, "dam", store, dam, mating->female_mean_kinship);
     add_ancestors(json, store, mating->parts);
@@ -137,7 +142,8 @@ std::string order_males(Desk& desk, bool by_mean_kinship) {
   constexpr double none = 2.0;  // behind all others
   const auto key = [&](const RankedMale& entry) {
     const double f = static_cast<double>(entry.f), kinship = entry.mean_kinship.value_or(none);
-    return by_mean_kinship ? std::pair(kinship, f) : std::pair(f, kinship);
+    const bool is_last = is_shallow(store_of(desk), entry.male);
+    return by_mean_kinship ? std::tuple(is_last, kinship, f) : std::tuple(is_last, f, kinship);
   };
   std::stable_sort(desk.males.begin(), desk.males.end(),
                    [&](const RankedMale& a, const RankedMale& b) { return key(a) < key(b); });
@@ -154,6 +160,12 @@ std::string list_males(const Desk& desk, std::size_t first, std::size_t count) {
     add_animal(json, store_of(desk), entry.male);
     add_optional(json, "offspringF", static_cast<double>(entry.f));
     add_optional(json, "meanKinship", entry.mean_kinship);
+    add_optional(json, "equivalents", double{known_generations(store_of(desk), entry.male)});
+    add_integer(json, "offspring", store_of(desk).native_offspring_count[entry.male]);
+    const std::optional<std::int32_t> age = age_of(store_of(desk), entry.male);
+    add_optional(json, "age", age ? std::optional<double>(*age) : std::nullopt);
+    add_logical(json, "isShallow", is_shallow(store_of(desk), entry.male));
+    add_logical(json, "isBeyond", is_beyond(entry.f, desk.board.most_inbreeding));
     end_object(json);
   }
   end_list(json);
@@ -171,7 +183,12 @@ std::string males_table(const Desk& desk) {
     table += (store.has_name ? cell(store.name(entry.male)) : std::string()) + "\t";
     const std::int32_t year = store.birth_year[entry.male];
     table += (year != 0 ? std::to_string(year) : std::string()) + "\t";
-    table += real_cell(static_cast<double>(entry.f)) + "\t" + real_cell(entry.mean_kinship) + "\n";
+    table += real_cell(std::max(0.0, static_cast<double>(entry.f))) + "\t" + real_cell(entry.mean_kinship) + "\t";
+    table += real_cell(double{known_generations(store, entry.male)}) + "\t";
+    table += std::to_string(store.native_offspring_count[entry.male]) + "\t";
+    const std::optional<std::int32_t> age = age_of(store, entry.male);
+    table += (age ? std::to_string(*age) : std::string()) + "\t";
+    table += std::string(is_beyond(entry.f, desk.board.most_inbreeding) ? "1" : "0") + "\n";
   }
   return table;
 }

@@ -2,6 +2,7 @@
 
 #include "matings/mating_table.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <initializer_list>
@@ -16,6 +17,8 @@ namespace {
 
 constexpr std::array<std::string_view, 6> first_columns = {
     "female", "male", "F", "kinship", "female_mean_kinship", "male_mean_kinship"};
+constexpr std::array<std::string_view, 4> last_columns = {"male_equivalent_generations", "male_offspring", "male_age",
+                                                          "beyond_6_25_percent"};
 constexpr std::array<std::string_view, 3> ancestor_columns = {"ancestor_", "contribution_", "percent_"};
 
 /// A number with so many significant digits.
@@ -92,6 +95,15 @@ void add_ancestors(TableLine& line, const MatingTable& table, const KinshipParts
   }
 }
 
+/// What F has to be judged by: how much is known of the male, how often he was used, how old he is.
+void add_male(TableLine& line, const PopulationStore& store, const MatingPair& mating) {
+  line.add(shortest(known_generations(store, mating.male)));
+  line.add(std::to_string(store.native_offspring_count[mating.male]));
+  const std::optional<std::int32_t> age = age_of(store, mating.male);
+  line.add(age ? std::to_string(*age) : std::string());
+  line.add(is_beyond(mating.f, double{usual_bound}) ? "1" : "0");
+}
+
 }  // namespace
 
 std::string mating_heading(MatingTableForm form) {
@@ -100,6 +112,7 @@ std::string mating_heading(MatingTableForm form) {
   for (std::size_t k = 1; k <= named_ancestors; ++k) {
     for (const std::string_view column : ancestor_columns) line.add(std::string(column) + std::to_string(k));
   }
+  for (const std::string_view column : last_columns) line.add(column);
   return line.text;
 }
 
@@ -109,11 +122,12 @@ std::string mating_row(const MatingTable& table, std::size_t pair) {
   TableLine line{table.form};
   line.add(id_text(table, mating.female));
   line.add(id_text(table, mating.male));
-  line.add(shortest(mating.f));
+  line.add(shortest(std::max(mating.f, 0.0F)));
   line.add(real_text(parts.kinship));
   line.add(mean_kinship_text(table.work, mating.female));
   line.add(mean_kinship_text(table.work, mating.male));
   add_ancestors(line, table, parts);
+  add_male(line, table.work.store, mating);
   return line.text;
 }
 

@@ -80,6 +80,8 @@ std::vector<MatingPair> pairs_of_female(const FemaleWalk& walk, std::int32_t dam
 /// Pairs that are equal keep their order.
 void order_pairs(const MatingWork& work, std::vector<MatingPair>& pairs) {
   std::stable_sort(pairs.begin(), pairs.end(), [&](const MatingPair& a, const MatingPair& b) {
+    const bool is_a_shallow = is_shallow(work.store, a.male), is_b_shallow = is_shallow(work.store, b.male);
+    if (is_a_shallow != is_b_shallow) return is_b_shallow;
     const std::int64_t f_of_a = millionths(a.f), f_of_b = millionths(b.f);
     if (f_of_a != f_of_b) return f_of_a < f_of_b;
     return mean_kinship_of(work, a.male).value_or(0.0) < mean_kinship_of(work, b.male).value_or(0.0);
@@ -125,6 +127,19 @@ bool has_animal(const PopulationStore& store, std::int32_t position) {
 }
 
 }  // namespace
+
+float known_generations(const PopulationStore& store, std::int32_t position) {
+  return store.generation_equivalents.values.empty() ? 0.0F : store.generation_equivalents[position];
+}
+
+bool is_shallow(const PopulationStore& store, std::int32_t position) {
+  return known_generations(store, position) < enough_equivalents;
+}
+
+std::optional<std::int32_t> age_of(const PopulationStore& store, std::int32_t position) {
+  const std::int32_t year = store.birth_year[position];
+  return year == 0 ? std::nullopt : std::optional(store.birth_years.last - year);
+}
 
 bool is_beyond(float f, double bound) {
   constexpr double rounding = 1e-6;

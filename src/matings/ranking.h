@@ -24,6 +24,18 @@ inline constexpr std::int64_t most_rows = 1'000'000;
 /// F of the offspring of first cousins, 6.25 %: what many herdbooks set as their bound.
 inline constexpr float usual_bound = 0.0625F;
 
+/// With fewer generation equivalents known a male's F says little: he stands behind those with more.
+inline constexpr float enough_equivalents = 3.0F;
+
+/// Generation equivalents of an animal; 0 where completeness has not been worked out.
+float known_generations(const PopulationStore& store, std::int32_t position);
+
+/// Whether so little is known of the ancestors of an animal.
+bool is_shallow(const PopulationStore& store, std::int32_t position);
+
+/// Its age at the end of the last birth year, in years; none without a birth year.
+std::optional<std::int32_t> age_of(const PopulationStore& store, std::int32_t position);
+
 /// Whether F is above a bound. Rounding, which stays below a millionth, does not make it so.
 bool is_beyond(float f, double bound);
 
@@ -54,8 +66,9 @@ struct MatingWatch {
 
 /// The pairs that were chosen, and what all of them were like.
 struct MatingChoice {
-  /// By F in millionths; of equal ones the male of lower mean kinship with the youngest animals first, then in the
-  /// order of the plan. With a number of best males each female's together, in the order of the plan.
+  /// Males of whom much is known first, then by F in millionths; of equal ones the male of lower mean kinship with the
+  /// youngest animals first, then in the order of the plan. With a number of best males each female's together, in the
+  /// order of the plan.
   std::vector<MatingPair> pairs;
   std::int64_t examined = 0;   ///< all pairs of the plan
   std::int64_t beyond = 0;     ///< those with F beyond the usual bound
@@ -89,7 +102,8 @@ struct RankedMale {
   std::optional<double> mean_kinship;
 };
 
-/// All males born from `first_year` to `last_year` for one female, by F and then by mean kinship. Empty for a position
+/// All males born from `first_year` to `last_year` for one female: those of whom much is known first, then by F and by
+/// mean kinship. Empty for a position
 /// that no animal has and for years without males. `mating_of` names the common ancestors of any of them.
 std::vector<RankedMale> males_for(const PopulationStore& store, std::int32_t dam, std::int32_t first_year,
                                   std::int32_t last_year);

@@ -28,7 +28,7 @@ html{color-scheme:light dark}
 .pw .plot:focus-visible,.pw .scroll:focus-visible,.pw summary:focus-visible{outline:3px solid var(--1);outline-offset:2px}
 .pw output{display:block;min-height:1.5em;font-variant-numeric:tabular-nums}
 .pw .marks strong{color:var(--m)}
-.pw summary{cursor:pointer;padding:.1rem 0;width:max-content}
+.pw summary{cursor:pointer;padding:.1rem 0;width:max-content;max-width:100%}
 .pw table{border-collapse:collapse;margin:.5rem 0;font-variant-numeric:tabular-nums}
 .pw caption{text-align:left;font-weight:600;padding:.2rem 0}
 .pw th,.pw td{padding:.12rem .6rem;border-bottom:1px solid var(--g);text-align:right;vertical-align:top}
@@ -93,7 +93,7 @@ if(i!==undefined){e.preventDefault();show(i)}})}
 )js";
 
 // Of the bytes above, as `openssl dgst -sha256 -binary | base64` gives them; a test compares.
-constexpr std::string_view style_hash = "/r1WnKP2Apto1OOIQJxmJtnOEel4u3zjVQWBAwV6MHs=";
+constexpr std::string_view style_hash = "6XzBWq3MDOrbb3ga9ATA0dPhom57RjIy6uLafgn1NTw=";
 constexpr std::string_view script_hash = "KcbYCxTcr4NdpUOY+gVWj+W/3o1zAqd96Kj/Gvt6Ht4=";
 
 }  // namespace

@@ -87,6 +87,9 @@ constexpr Wording shallow_young = {
     "{1} jongen van de laatste vijf jaren hebben minder dan twee bekende generaties: ze lijken alleen maar onverwant."};
 constexpr Wording no_faults = {"The checks found nothing that falsifies these figures.",
                                "De controles vonden niets dat deze cijfers vervalst."};
+constexpr Wording few_faults = {
+    "The checks found faults that touch the verdict ({1}): too few to change it, but mend them.",
+    "De controles vonden fouten die het oordeel raken ({1}): te weinig om het te veranderen, maar herstel ze."};
 constexpr Wording of_hundred = {"{1} of 100", "{1} van de 100"};
 constexpr Wording of_few = {"{1} of {2}", "{1} van de {2}"};
 
@@ -135,7 +138,7 @@ void add_obstacles(std::vector<std::string>& sentences, const Standing& standing
     if ((standing.obstacles & obstacle) != 0) sentences.push_back(std::move(sentence));
   };
   const std::int32_t years = standing.years.last - standing.years.cohort_first + 1;
-  add(obstacle_faults, phrase(faulty, language, {std::to_string(data.falsifying_faults)}));
+  add(obstacle_faults, phrase(faulty, language, {std::to_string(data.faults.count())}));
   add(obstacle_few_animals, phrase(few_animals, language,
                                    {std::to_string(years), std::to_string(data.cohort), std::to_string(least_cohort)}));
   add(obstacle_shallow, phrase(too_shallow, language, {report_figure(data.equivalents, 1, language)}));
@@ -291,9 +294,10 @@ std::vector<std::string> data_sentences(const PageFrame& frame, const Standing& 
                                {share_text(standing.young.shallow, standing.young.births, frame.language)}));
   }
   if (frame.input.check != nullptr) {
-    sentences.push_back(data.falsifying_faults == 0
+    const std::string count = std::to_string(data.faults.count());
+    sentences.push_back(data.faults.count() == 0
                             ? frame.text(no_faults)
-                            : phrase(faulty, frame.language, {std::to_string(data.falsifying_faults)}));
+                            : phrase(data.is_faulty ? faulty : few_faults, frame.language, {count}));
   }
   return sentences;
 }

@@ -53,10 +53,11 @@ StandingYears years_of(const Breed& breed) {
   return years;
 }
 
-StandingData describe_data(const Breed& breed, const StandingYears& years, std::int64_t falsifying_faults) {
+StandingData describe_data(const Breed& breed, const StandingYears& years, const VerdictFaults& faults) {
   const PopulationStore& store = breed.store;
   StandingData data;
-  data.falsifying_faults = falsifying_faults;
+  data.faults = faults;
+  data.is_faulty = are_too_many(faults, store.animal_count);
   data.cohort = std::ssize(breed.born(years.cohort_first, years.last));
   const std::vector<std::int32_t> recent = breed.born(years.recent_first, years.last);
   for (const std::int32_t i : recent) data.equivalents += double{store.generation_equivalents[i]};
@@ -151,7 +152,7 @@ std::optional<RuleEffect> estimate_rule(const Breed& breed, const Standing& stan
 
 void judge(Standing& standing) {
   const StandingData& data = standing.data;
-  const Evidence evidence = {data.cohort, data.equivalents, data.both_known, data.falsifying_faults};
+  const Evidence evidence = {data.cohort, data.equivalents, data.both_known, data.is_faulty};
   standing.obstacles = obstacles_of(standing.rate(), evidence);
   if (standing.obstacles != no_obstacle) return;
   standing.pace = pace_of_size(effective_size_of(*standing.rate().rate));
@@ -161,14 +162,15 @@ void judge(Standing& standing) {
 }  // namespace
 
 Standing compute_standing(const PopulationStore& store, double generation_interval, const StandingSettings& settings,
-                          std::int64_t falsifying_faults) {
+                          const VerdictFaults& faults) {
   Standing standing;
   standing.settings = settings;
   constexpr double longest_interval = 1000.0;
   const std::int32_t last = store.birth_years.last;
   const bool has_years = last >= store.birth_years.first;
   if (!has_years || !(generation_interval > 0.0) || generation_interval > longest_interval) {
-    standing.data.falsifying_faults = falsifying_faults;
+    standing.data.faults = faults;
+    standing.data.is_faulty = are_too_many(faults, store.animal_count);
     if (has_years) {
       standing.years = {.last = last, .recent_first = last - recent_years + 1, .cohort_first = last, .now_first = last};
     }
@@ -176,7 +178,7 @@ Standing compute_standing(const PopulationStore& store, double generation_interv
   }
   const Breed breed{store, generation_interval, years_of_birth(store, generation_interval)};
   standing.years = years_of(breed);
-  standing.data = describe_data(breed, standing.years, falsifying_faults);
+  standing.data = describe_data(breed, standing.years, faults);
   describe_young(breed, standing);
   estimate_now(breed, standing);
   standing.rule = estimate_rule(breed, standing);

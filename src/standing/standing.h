@@ -60,11 +60,12 @@ struct YoungOfFiveYears {
 };
 
 struct StandingData {
-  double equivalents = 0.0;            ///< mean generation equivalents of the young of the last five years
-  double both_known = 0.0;             ///< share of the young of the last ten years with both parents known
-  double unknown_parents = 0.0;        ///< share of the parents of all animals with a known parent
-  std::int64_t falsifying_faults = 0;  ///< that falsify inbreeding or the effective size
-  std::int64_t cohort = 0;             ///< animals of the last generation interval
+  double equivalents = 0.0;      ///< mean generation equivalents of the young of the last five years
+  double both_known = 0.0;       ///< share of the young of the last ten years with both parents known
+  double unknown_parents = 0.0;  ///< share of the parents of all animals with a known parent
+  VerdictFaults faults;          ///< as the check names them
+  bool is_faulty = false;        ///< so many that nothing is said
+  std::int64_t cohort = 0;       ///< animals of the last generation interval
 };
 
 struct Standing {
@@ -90,8 +91,8 @@ struct Standing {
 };
 
 /// Computes everything. F and completeness of all animals must be final. `generation_interval` is that of the report,
-/// not a number when no age is known: then nothing is judged. `falsifying_faults` are those that the check found.
+/// not a number when no age is known: then nothing is judged. `faults` are those that the check found.
 Standing compute_standing(const PopulationStore& store, double generation_interval, const StandingSettings& settings,
-                          std::int64_t falsifying_faults = 0);
+                          const VerdictFaults& faults = {});
 
 }  // namespace pedigreewatch

@@ -184,7 +184,10 @@ void add_data(RowList& list) {
   list.add("unknown_parents", data.unknown_parents, list.words(of_all));
   list.add("young_below_two_equivalents", share_of(list.standing.young.shallow, list.standing.young.births),
            list.young());
-  list.add("falsifying_faults", static_cast<double>(data.falsifying_faults), list.words(of_check), "0");
+  const double most = std::floor(most_faulty_share * list.store.animal_count);
+  list.add("falsifying_faults", static_cast<double>(data.faults.of_animals), list.words(of_check) + bound,
+           number(most));
+  list.add("faults_of_file", static_cast<double>(data.faults.of_file), list.words(of_check) + bound, "0");
   list.add("generation_interval", years.generation_interval, {});
 }
 

@@ -27,6 +27,10 @@ inline constexpr double least_generations = 1.0;
 /// A margin reaches so many standard errors to either side: 95 of 100.
 inline constexpr double margin_errors = 1.96;
 
+/// Animals with a fault that falsifies inbreeding or the effective size: beyond this share nothing is said. Up to it
+/// simulated breeds with wrong parents or wrong years of birth were judged as rightly as without.
+inline constexpr double most_faulty_share = 0.02;
+
 enum class Pace : std::uint8_t { too_fast, on_the_edge, within_limit, cannot_be_judged };
 
 /// Why nothing is said: bits.
@@ -35,8 +39,8 @@ enum Obstacle : std::uint32_t {
   obstacle_few_animals = 1U << 0U,      ///< too few young
   obstacle_shallow = 1U << 1U,          ///< too few generations known
   obstacle_unknown_parents = 1U << 2U,  ///< too few young with both parents known
-  obstacle_faults = 1U << 3U,           ///< the check names faults that falsify inbreeding or the effective size
-  obstacle_wide_margin = 1U << 4U,      ///< from too fast to within the limit
+  obstacle_faults = 1U << 3U,       ///< the check names too many faults that falsify inbreeding or the effective size
+  obstacle_wide_margin = 1U << 4U,  ///< from too fast to within the limit
 };
 
 /// The pace that belongs to an effective size.
@@ -49,12 +53,23 @@ struct Margin {
 /// Of the rate.
 Margin margin_of(const RateEstimate& estimate);
 
+/// Faults of the data that falsify inbreeding or the effective size.
+struct VerdictFaults {
+  std::int64_t of_file = 0;     ///< that concern the whole file: each of them is one too many
+  std::int64_t of_animals = 0;  ///< that concern single animals, counted by those
+
+  std::int64_t count() const { return of_file + of_animals; }
+};
+
+/// Whether so many faults among so many animals may change a verdict.
+bool are_too_many(const VerdictFaults& faults, std::int64_t animals);
+
 /// What an estimate rests on.
 struct Evidence {
   std::int64_t cohort = 0;   ///< animals whose lines are followed back
   double equivalents = 0.0;  ///< mean generation equivalents of the young of the last five years
   double both_known = 0.0;   ///< share of the young of the last ten years with both parents known
-  std::int64_t falsifying_faults = 0;
+  bool is_faulty = false;    ///< too many faults of the data, as `are_too_many` says
 };
 
 /// The bits of all that stands in the way of a verdict from this estimate.

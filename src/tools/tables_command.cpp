@@ -279,14 +279,19 @@ std::optional<ToolRefusal> write_tables(Tables& tables, const TablesOptions& opt
   return ToolRefusal{run.words(not_written, {shown(problem.name), problem.reason})};
 }
 
+/// What the check has found is let go when the verdict is known: it is as large as the population.
+Standing judge_population(const FolderRun& run, const StandingSettings& settings) {
+  const std::optional<CheckResult> check = check_population(run);
+  return stand_of(run.population, settings, check ? &*check : nullptr);
+}
+
 std::optional<ToolRefusal> make_tables(const FolderRun& run, const TablesOptions& options) {
   ReferencePopulation reference;
   if (std::optional<ToolRefusal> refusal = choose_reference(run, options.reference, reference)) return refusal;
   if (is_stop_requested(run.streams)) return ToolRefusal{run.words(was_stopped)};
-  const Diversity diversity = compute_diversity(run.population.store, std::move(reference));
-  const std::optional<CheckResult> check = check_population(run);
+  const Standing standing = judge_population(run, options.standing);
   if (std::optional<ToolRefusal> refusal = refuse_changed_data(run)) return refusal;
-  const Standing standing = stand_of(run.population, options.standing, check ? &*check : nullptr);
+  const Diversity diversity = compute_diversity(run.population.store, std::move(reference));
   const PopulationFigures figures = compute_figures(run.population.store, diversity, options.wants_ancestors);
   Tables tables{run, diversity, standing, figures, options.form, options.wants_founders, options.is_plain};
   return write_tables(tables, options);

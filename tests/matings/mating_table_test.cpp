@@ -41,18 +41,20 @@ constexpr std::string_view half_sibs =
 TEST(MatingRow, HasFKinshipAndTheShareOfEachAncestor) {
   // The youngest are Bram and Puck: of each (0.5 + 0.125) / 2.
   EXPECT_EQ(row_of_mating(half_sibs, "puck", "bram"),
-            "puck|bram|0.125|0.125|0.3125|0.3125|rex|0.125|100.00||||||||||||");
-  EXPECT_EQ(row_of_mating(half_sibs, "mies", "bram"), "mies|bram|0|0|0.125|0.3125|||||||||||||||");
-  EXPECT_EQ(row_of_mating(half_sibs, "saar", "bram"), "saar|bram|0.25|0.25|0.125|0.3125|saar|0.25|100.00||||||||||||");
+            "puck|bram|0.125|0.125|0.3125|0.3125|rex|0.125|100.00|||||||||||||0|0|0|1");
+  EXPECT_EQ(row_of_mating(half_sibs, "mies", "bram"), "mies|bram|0|0|0.125|0.3125||||||||||||||||0|0|0|0");
+  EXPECT_EQ(row_of_mating(half_sibs, "saar", "bram"),
+            "saar|bram|0.25|0.25|0.125|0.3125|saar|0.25|100.00|||||||||||||0|0|0|1");
 }
 
 TEST(MatingRow, LeavesMeanKinshipEmptyWhereThereAreNoYoungestAnimals) {
-  EXPECT_EQ(row_of_mating("a 0 0 m 0\nb 0 0 f 0\n", "b", "a"), "b|a|0|0|||||||||||||||||");
+  EXPECT_EQ(row_of_mating("a 0 0 m 0\nb 0 0 f 0\n", "b", "a"), "b|a|0|0||||||||||||||||||0|0||0");
 }
 
 TEST(MatingRow, QuotesCellsWithQuotationMarksAndThoseThatCommasWouldCut) {
   constexpr std::string_view odd = "a,1 0 0 m 0\nb\"x 0 0 f 0\n";
-  EXPECT_EQ(row_of_mating(odd, "b\"x", "a,1", MatingTableForm::commas), "\"b\"\"x\",\"a,1\",0,0,,,,,,,,,,,,,,,,,");
+  EXPECT_EQ(row_of_mating(odd, "b\"x", "a,1", MatingTableForm::commas),
+            "\"b\"\"x\",\"a,1\",0,0,,,,,,,,,,,,,,,,,,0,0,,0");
   EXPECT_EQ(row_of_mating(odd, "b\"x", "a,1").substr(0, 13), "\"b\"\"x\"|a,1|0|");
 }
 
@@ -82,7 +84,8 @@ TEST(MatingHeading, NamesEveryColumn) {
   EXPECT_EQ(heading,
             "female,male,F,kinship,female_mean_kinship,male_mean_kinship,ancestor_1,contribution_1,percent_1,"
             "ancestor_2,contribution_2,percent_2,ancestor_3,contribution_3,percent_3,ancestor_4,contribution_4,"
-            "percent_4,ancestor_5,contribution_5,percent_5");
+            "percent_4,ancestor_5,contribution_5,percent_5,male_equivalent_generations,male_offspring,male_age,"
+            "beyond_6_25_percent");
   const std::string row = row_of_mating(half_sibs, "puck", "bram", MatingTableForm::commas);
   EXPECT_EQ(std::count(row.begin(), row.end(), ','), std::count(heading.begin(), heading.end(), ','));
 }

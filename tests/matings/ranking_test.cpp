@@ -347,5 +347,21 @@ TEST(ChooseMatings, OnlyPairsAboveTheUsualBoundAreBeyondIt) {
   EXPECT_EQ(beyond("g", "h"), 1);
 }
 
+// The males are unrelated to the female; of one three generations are known, of the other a hair less.
+TEST(OrderOfPairs, MalesOfWhomLittleIsKnownStandBehindTheOthers) {
+  PopulationStore store = pedigree_from_text("eve 0 0 f 2000\nold 0 0 m 2001\nnew 0 0 m 2001\n");
+  TextOutput console;
+  compute_inbreeding(store, make_ancestor_pedigree(store), console);
+  const auto first_male = [&](float of_old, float of_new) {
+    store.generation_equivalents = ByNumber<float>(store.size());
+    store.generation_equivalents[2] = of_old;
+    store.generation_equivalents[3] = of_new;
+    return males_for(store, 1, 2000, 2001).front().male;
+  };
+  EXPECT_EQ(first_male(2.999F, 3.0F), 3);
+  EXPECT_EQ(first_male(3.0F, 3.0F), 2);
+  EXPECT_EQ(first_male(0.0F, 2.999F), 2) << "little is known of either";
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -96,6 +96,17 @@ TEST(SimulatedBreeds, ImportsAndPopularSiresDoNotMislead) {
   }
 }
 
+TEST(SimulatedBreeds, FaultsOfAFewAnimalsDoNotMislead) {
+  BreedScheme of_sires, of_years;
+  of_sires.wrong_parents = most_faulty_share;
+  of_years.wrong_years = most_faulty_share;
+  for (const BreedScheme& kind : {of_sires, of_years}) {
+    const Tally tally = judge_all_sizes(kind, {0.0});
+    EXPECT_EQ(tally.judged, tally.breeds);
+    expect_true(tally);
+  }
+}
+
 TEST(SimulatedBreeds, ARuleThatHalvesTheRateIsSeen) {
   BreedScheme ruled;
   ruled.has_rule = true;
@@ -125,8 +136,11 @@ TEST(Standing, WithoutAnIntervalOrYearsNothingIsJudged) {
 
 TEST(Standing, FaultsOfTheDataForbidAVerdict) {
   const PopulationStore store = simulate_breed({}, 1);
-  EXPECT_EQ(compute_standing(store, 3.0, {}, 0).pace, Pace::too_fast);
-  const Standing faulty = compute_standing(store, 3.0, {}, 1);
+  EXPECT_EQ(compute_standing(store, 3.0, {}).pace, Pace::too_fast);
+  const std::int64_t few = store.animal_count / 50;  // 2 %
+  EXPECT_EQ(compute_standing(store, 3.0, {}, {0, few}).pace, Pace::too_fast);
+  EXPECT_EQ(compute_standing(store, 3.0, {}, {0, few + 1}).pace, Pace::cannot_be_judged);
+  const Standing faulty = compute_standing(store, 3.0, {}, {1, 0});
   EXPECT_EQ(faulty.pace, Pace::cannot_be_judged);
   EXPECT_EQ(faulty.obstacles, obstacle_faults);
   EXPECT_EQ(faulty.sureness, 0);

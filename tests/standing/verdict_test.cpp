@@ -28,14 +28,21 @@ TEST(Verdict, TheUsualLimitsAreFiftyAndAHundred) {
 
 TEST(Verdict, NothingIsSaidBelowAnyOfTheBounds) {
   EXPECT_EQ(obstacles_with(enough), no_obstacle);
-  EXPECT_EQ(obstacles_with({19, 5.0, 0.9, 0}), obstacle_few_animals);
-  EXPECT_EQ(obstacles_with({20, 3.0, 0.9, 0}), no_obstacle);
-  EXPECT_EQ(obstacles_with({20, 2.99, 0.9, 0}), obstacle_shallow);
-  EXPECT_EQ(obstacles_with({20, 5.0, 0.80, 0}), no_obstacle);
-  EXPECT_EQ(obstacles_with({20, 5.0, 0.799, 0}), obstacle_unknown_parents);
-  EXPECT_EQ(obstacles_with({20, 5.0, 0.9, 1}), obstacle_faults);
-  EXPECT_EQ(obstacles_with({0, 0.0, 0.0, 1}),
+  EXPECT_EQ(obstacles_with({19, 5.0, 0.9, false}), obstacle_few_animals);
+  EXPECT_EQ(obstacles_with({20, 3.0, 0.9, false}), no_obstacle);
+  EXPECT_EQ(obstacles_with({20, 2.99, 0.9, false}), obstacle_shallow);
+  EXPECT_EQ(obstacles_with({20, 5.0, 0.80, false}), no_obstacle);
+  EXPECT_EQ(obstacles_with({20, 5.0, 0.799, false}), obstacle_unknown_parents);
+  EXPECT_EQ(obstacles_with({20, 5.0, 0.9, true}), obstacle_faults);
+  EXPECT_EQ(obstacles_with({0, 0.0, 0.0, true}),
             obstacle_few_animals | obstacle_shallow | obstacle_unknown_parents | obstacle_faults);
+}
+
+TEST(Verdict, TwoFaultyAnimalsOfAHundredAreNotTooMany) {
+  EXPECT_FALSE(are_too_many({0, 2}, 100));
+  EXPECT_TRUE(are_too_many({0, 3}, 100));
+  EXPECT_TRUE(are_too_many({1, 0}, 100)) << "what concerns the whole file";
+  EXPECT_FALSE(are_too_many({}, 0));
 }
 
 TEST(Verdict, NothingIsSaidWhereLinesCannotBeFollowed) {

@@ -115,6 +115,22 @@ void breed_year(BreedMaking& making, std::int32_t year) {
   making.dams.push_back(choose_entrants(making, std::move(young), female, more * scheme.dams_a_year));
 }
 
+void plant_faults(BreedMaking& making) {
+  PopulationStore& store = making.store;
+  const auto happens = [&](double share) { return share > 0.0 && making.chance() < share; };
+  for (std::int32_t i = 2; i <= store.animal_count; ++i) {
+    if (store.sire_no[i] != 0 && happens(making.scheme.wrong_parents)) {
+      std::int32_t other = 0;
+      do other = 1 + making.random.below(i - 1);
+      while (store.sex[other] != male && other != 1);
+      store.sire_no[i] = other;
+    }
+    if (!happens(making.scheme.wrong_years)) continue;
+    const std::int32_t last = first_year_of_breeds + making.scheme.years - 1;
+    store.birth_year[i] = std::clamp(store.birth_year[i] - 10 + making.random.below(21), first_year_of_breeds, last);
+  }
+}
+
 /// Sires and dams that enter in a year of breeds in which all are used alike.
 struct YearlyParents {
   std::int32_t sires = 0, dams = 0;
@@ -152,6 +168,7 @@ PopulationStore simulate_breed(const BreedScheme& scheme, std::uint64_t seed) {
   for (auto* const numbers : {&store.sire_no, &store.dam_no, &store.native_offspring_count})
     numbers->values.push_back(0);
   for (std::int32_t year = 0; year < scheme.years; ++year) breed_year(making, year);
+  plant_faults(making);
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
     for (const std::int32_t parent : {store.sire_no[i], store.dam_no[i]}) {
       if (parent == 0) continue;

@@ -19,6 +19,8 @@ struct BreedScheme {
   bool has_rule = false;
   std::int32_t rule_year = 0;  ///< with a rule, from this year on (counted from 0) young have twice as many parents
   std::int32_t litter = 1;     ///< young of each mating
+  double wrong_parents = 0.0;  ///< share of the animals recorded with another sire, any older male
+  double wrong_years = 0.0;    ///< share of the animals recorded with another year of birth, up to ten years off
 };
 
 /// The year that is 0 in a scheme.
