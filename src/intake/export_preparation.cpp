@@ -293,6 +293,14 @@ std::optional<Refusal> survey_columns(const PrepareOptions& options, ProgressLin
   return std::nullopt;
 }
 
+std::optional<Refusal> correct_export(const PrepareOptions& options, ProgressLine& progress, Preparation& result) {
+  result.corrections = apply_corrections(result.text, result.reading.delimiter, result.columns, options.corrections);
+  const bool is_changed =
+      std::any_of(result.corrections.begin(), result.corrections.end(),
+                  [](const CorrectionOutcome& outcome) { return outcome.fate == CorrectionFate::applied; });
+  return is_changed ? survey_columns(options, progress, result) : std::nullopt;
+}
+
 void decide(const PrepareOptions& options, Preparation& result) {
   result.plan = plan_preparation(result.survey, result.columns, options);
 }

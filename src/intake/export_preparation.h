@@ -10,6 +10,7 @@
 #include "core/tool_streams.h"
 #include "intake/answers_file.h"
 #include "intake/column_choice.h"
+#include "intake/corrected_text.h"
 #include "intake/delimiter_recognition.h"
 #include "intake/export_survey.h"
 #include "intake/prepare_plan.h"
@@ -33,11 +34,12 @@ struct ReadingEvidence {
 };
 
 struct Preparation {
-  std::string text;  ///< the export in UTF-8
+  std::string text;  ///< the export in UTF-8, corrected
   ReadingEvidence reading;
   ColumnChoice columns;  ///< those that were surveyed
   ExportSurvey survey;
   PreparePlan plan;
+  std::vector<CorrectionOutcome> corrections;  ///< what became of those of the options
   SavedAnswers answers;  ///< those of an earlier export that were used
 };
 
@@ -49,6 +51,10 @@ std::optional<Refusal> read_and_recognise(const PrepareOptions& options, Prepara
 
 /// Chooses the columns and surveys what stands in them. Yields why that is impossible.
 std::optional<Refusal> survey_columns(const PrepareOptions& options, ProgressLine& progress, Preparation& result);
+
+/// Applies the corrections to the text that was surveyed, and surveys it again where that changes anything. Yields why
+/// that is impossible.
+std::optional<Refusal> correct_export(const PrepareOptions& options, ProgressLine& progress, Preparation& result);
 
 /// Decides everything; what stays open are the questions of the plan.
 void decide(const PrepareOptions& options, Preparation& result);

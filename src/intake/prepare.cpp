@@ -11,6 +11,7 @@
 
 #include "core/new_files.h"
 #include "intake/console_words.h"
+#include "intake/correction_words.h"
 #include "intake/export_preparation.h"
 #include "intake/export_remarks.h"
 #include "intake/kept_answers.h"
@@ -180,6 +181,19 @@ int write_files(const Targets& targets, const Preparation& read, const PrepareOp
   return keep_answers(targets, read, options, streams);
 }
 
+/// Says what became of the corrections: those that were not applied one by one.
+void show_corrections(const Preparation& read, const PrepareOptions& options, ToolStreams& streams) {
+  const auto show = [&](const std::string& line) {
+    append(streams.console, line);
+    end_line(streams.console);
+  };
+  if (!read.corrections.empty()) show(corrections_sentence(read.corrections, options.language));
+  for (std::size_t k = 0; k < read.corrections.size(); ++k) {
+    const std::string sentence = outcome_sentence(options.corrections[k], read.corrections[k], options.language);
+    if (!sentence.empty()) show("  " + sentence);
+  }
+}
+
 }  // namespace
 
 int prepare(const PrepareOptions& given, ToolStreams& streams, ObeyOption obey) {
@@ -187,10 +201,12 @@ int prepare(const PrepareOptions& given, ToolStreams& streams, ObeyOption obey) 
   Preparation read;
   std::optional<Refusal> refusal = read_with_answers(options, obey, read);
   if (!refusal) refusal = survey_columns(options, streams.progress, read);
+  if (!refusal) refusal = correct_export(options, streams.progress, read);
   if (refusal) return refuse(streams, options, *refusal);
   leave_out_unfit_answers(read.answers, read.survey, options);
   decide(options, read);
   show_remarks(remarks_on(read, options), options.language, streams.console);
+  show_corrections(read, options, streams);
   refusal = refusal_of_survey(read, options);
   if (refusal) return refuse(streams, options, *refusal);
   if (!read.plan.questions.empty()) return ask(read.plan, streams);

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "corrections/correction_list.h"
 #include "intake/date_layout_recognition.h"
 #include "intake/id_rules.h"
 #include "pedigree/header_words.h"
@@ -48,6 +49,8 @@ struct PrepareOptions {
   std::string population_name;
   NameWish subpopulations, colours;
   std::string folder;
+  std::string corrections_file;  ///< its name; empty: none
+  std::vector<Correction> corrections;
   bool may_overwrite = false;
   bool is_dry_run = false;
 };

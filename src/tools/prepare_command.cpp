@@ -5,8 +5,11 @@
 #include <algorithm>
 #include <array>
 
+#include "core/line_reader.h"
 #include "intake/column_recognition.h"
+#include "intake/correction_words.h"
 #include "intake/delimiter_recognition.h"
+#include "intake/export_preparation.h"
 #include "intake/export_records.h"
 #include "intake/said_values.h"
 #include "intake/species_choice.h"
@@ -50,6 +53,8 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools prepare [OPTION.
   --subpopulations LIST names that the report distinguishes, with commas between them (or semicolons); "all";
                         or "none" to leave the column out
   --colours LIST        likewise
+  --corrections FILE    a list of corrections to apply: columns id, field, was, becomes, why, when, with tabs
+                        between them. Each applies only where the export still says what it was
   --delimiter CHARACTER what divides the columns of the export: ";" "," tab bar
   --encoding NAME       utf-8, utf-16, windows-1252, windows-1250, iso-8859-15, macroman, cp850 or cp437
   --sheet SHEET         the sheet of a workbook, by its name or number (else: the first that holds a table)
@@ -76,6 +81,7 @@ constexpr auto rules = std::to_array<OptionRule>({{"--answers"},
                                                   {"--name"},
                                                   {"--subpopulations"},
                                                   {"--colours"},
+                                                  {"--corrections"},
                                                   {"--out"},
                                                   {"--force", false},
                                                   {"--dry-run", false}});
@@ -178,6 +184,7 @@ void read_text_option(const GivenOption& option, PrepareOptions& options) {
   if (option.name == "--unknown") options.unknown.emplace_back(trimmed(value));
   if (option.name == "--known") options.known.emplace_back(trimmed(value));
   if (option.name == "--name") options.population_name = value;
+  if (option.name == "--corrections") options.corrections_file = option.value;
   if (option.name == "--out") options.folder = option.value;
   if (option.name == "--subpopulations") options.subpopulations = read_names(value);
   if (option.name == "--colours") options.colours = read_names(value);
@@ -203,6 +210,29 @@ std::string obey_option(std::string_view name, std::string_view value, PrepareOp
   return read_option({name, value}, options);
 }
 
+constexpr Wording list_not_read = {"{1}: the list of corrections could not be read: {2}",
+                                   "{1}: de lijst met correcties kon niet gelezen worden: {2}"};
+
+/// Reads the list of corrections, where one is named.
+std::optional<ToolRefusal> read_list(PrepareOptions& options) {
+  if (options.corrections_file.empty()) return std::nullopt;
+  std::string bytes;
+  const int error = read_file_bytes(options.corrections_file, bytes);
+  if (error != 0) {
+    return ToolRefusal{phrase(list_not_read, options.language, {shown(options.corrections_file), error_text(error)})};
+  }
+  const EncodingEvidence evidence = recognise_encoding(bytes);
+  const std::string text = decode(std::move(bytes), evidence.encoding.value_or(Encoding::windows_1252)).text;
+  CorrectionList list = read_corrections(text);
+  std::string problems;
+  for (const std::string& line : fault_sentences(list.faults, options.corrections_file, options.language)) {
+    problems += (problems.empty() ? "" : "\n") + line;
+  }
+  if (!problems.empty()) return ToolRefusal{problems};
+  options.corrections = std::move(list.corrections);
+  return std::nullopt;
+}
+
 }  // namespace
 
 std::string_view prepare_help() {
@@ -226,8 +256,9 @@ std::string read_prepare_options(std::span<const std::string_view> arguments, Pr
 int run_prepare(std::span<const std::string_view> arguments, ToolStreams& streams) {
   PrepareOptions options;
   const std::string problem = read_prepare_options(arguments, options);
-  if (problem.empty()) return prepare(options, streams, obey_option);
-  return refuse(streams, refusal_of_arguments("prepare", problem));
+  if (!problem.empty()) return refuse(streams, refusal_of_arguments("prepare", problem));
+  const std::optional<ToolRefusal> refusal = read_list(options);
+  return refusal ? refuse(streams, *refusal) : prepare(options, streams, obey_option);
 }
 
 }  // namespace pedigreewatch

@@ -5,7 +5,7 @@
 #   tests/layering/check_includes.sh --self-test  on a small tree with mistakes in it
 set -euo pipefail
 
-rooms=(core text sheets pedigree intake checks genetics statistics diversity matings animals planning standing forecast reports control tables page desk tools)  # the lowest first
+rooms=(core text sheets pedigree corrections intake checks genetics statistics diversity matings animals planning standing forecast reports control tables page desk tools)  # the lowest first
 
 level_of() {  # level_of ROOM: its place among the rooms, nothing when it is none
   local i

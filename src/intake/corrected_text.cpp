@@ -1,0 +1,203 @@
+// One pass over the records. Only lines that change are written anew; what stands between them is copied as it is.
+
+#include "intake/corrected_text.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <unordered_map>
+#include <utility>
+
+#include "intake/export_survey.h"
+
+namespace pedigreewatch {
+namespace {
+
+/// The corrections of an animal, and who has taken the place of another, by identification.
+using PlacesOfId = std::unordered_map<std::string, std::vector<std::size_t>>;
+
+struct Corrector {
+  std::span<const Correction> corrections;
+  const ColumnChoice& columns;
+  PlacesOfId of_id;
+  std::unordered_map<std::string, std::size_t> same_as;  ///< by the identification that is given up
+  std::vector<CorrectionOutcome> outcomes;
+};
+
+/// A record on its way: its fields, and whether they are still those of the export.
+struct ChangingRecord {
+  std::vector<std::string> fields;
+  std::int64_t line = 0;
+  bool is_changed = false, is_left_out = false;
+};
+
+Corrector make_corrector(std::span<const Correction> corrections, const ColumnChoice& columns) {
+  Corrector corrector = {corrections, columns, {}, {}, std::vector<CorrectionOutcome>(corrections.size())};
+  for (std::size_t k = 0; k < corrections.size(); ++k) {
+    corrector.of_id[corrections[k].id].push_back(k);
+    if (corrections[k].kind == CorrectionKind::same_as) corrector.same_as.emplace(corrections[k].id, k);
+  }
+  return corrector;
+}
+
+std::optional<std::size_t> place_of(const Corrector& corrector, FieldCode field) {
+  return corrector.columns.place[static_cast<std::size_t>(field)];
+}
+
+std::string text_at(const ChangingRecord& record, std::size_t place) {
+  return place < record.fields.size() ? std::string(trimmed(record.fields[place])) : std::string();
+}
+
+std::string id_of(const Corrector& corrector, const ChangingRecord& record) {
+  const std::optional<std::size_t> place = place_of(corrector, id_column);
+  return place ? text_at(record, *place) : std::string();
+}
+
+void set_field(ChangingRecord& record, std::size_t place, const std::string& text) {
+  if (record.fields.size() <= place) record.fields.resize(place + 1);
+  record.fields[place] = text;
+  record.is_changed = true;
+}
+
+/// Keeps what became of a correction. Of several lines one that it applies to counts before all others.
+void note(CorrectionOutcome& outcome, CorrectionFate fate, std::int64_t line, std::string now) {
+  if (outcome.fate == CorrectionFate::applied) return;
+  if (outcome.fate == CorrectionFate::already_so && fate != CorrectionFate::applied) return;
+  outcome = {fate, line, std::move(now)};
+}
+
+void apply_value(Corrector& corrector, std::size_t k, ChangingRecord& record) {
+  const Correction& correction = corrector.corrections[k];
+  CorrectionOutcome& outcome = corrector.outcomes[k];
+  const std::optional<std::size_t> place = place_of(corrector, correction.field);
+  if (!place) return note(outcome, CorrectionFate::no_column, record.line, {});
+  std::string now = text_at(record, *place);
+  if (now == correction.was) {
+    set_field(record, *place, correction.becomes);
+    return note(outcome, CorrectionFate::applied, record.line, {});
+  }
+  const bool is_so = now == correction.becomes;
+  note(outcome, is_so ? CorrectionFate::already_so : CorrectionFate::differs, record.line, std::move(now));
+}
+
+std::string joined(const std::vector<std::string>& fields) {
+  constexpr std::string_view between = " | ";
+  std::string text;
+  for (std::size_t k = 0; k < fields.size(); ++k) {
+    text += (k == 0 ? "" : std::string(between)) + correction_cell(trimmed(fields[k]));
+  }
+  return correction_cell(text);
+}
+
+void leave_out(Corrector& corrector, std::size_t k, ChangingRecord& record) {
+  const Correction& correction = corrector.corrections[k];
+  std::string now = joined(record.fields);
+  if (!correction.was.empty() && now != correction.was) {
+    return note(corrector.outcomes[k], CorrectionFate::differs, record.line, std::move(now));
+  }
+  record.is_left_out = record.is_changed = true;
+  note(corrector.outcomes[k], CorrectionFate::applied, record.line, {});
+}
+
+/// The corrections of the animal itself, in their order; one of its identification leads on to those of the new one.
+void correct_animal(Corrector& corrector, ChangingRecord& record) {
+  std::size_t next = 0;
+  for (bool has_new_id = true; has_new_id && !record.is_left_out;) {
+    has_new_id = false;
+    const std::string id = id_of(corrector, record);
+    const auto found = id.empty() ? corrector.of_id.end() : corrector.of_id.find(id);
+    if (found == corrector.of_id.end()) return;
+    for (const std::size_t k : found->second) {
+      if (k < next || record.is_left_out || has_new_id) continue;
+      next = k + 1;
+      if (corrector.corrections[k].kind == CorrectionKind::value) {
+        apply_value(corrector, k, record);
+      } else {
+        leave_out(corrector, k, record);
+      }
+      has_new_id = id_of(corrector, record) != id;
+    }
+  }
+}
+
+/// Parents that have become another animal.
+void correct_parents(Corrector& corrector, ChangingRecord& record) {
+  if (corrector.same_as.empty() || record.is_left_out) return;
+  for (const FieldCode parent : {sire_column, dam_column}) {
+    const std::optional<std::size_t> place = place_of(corrector, parent);
+    if (!place) continue;
+    const auto found = corrector.same_as.find(text_at(record, *place));
+    if (found == corrector.same_as.end()) continue;
+    set_field(record, *place, corrector.corrections[found->second].becomes);
+    note(corrector.outcomes[found->second], CorrectionFate::applied, record.line, {});
+  }
+}
+
+std::string_view line_end_of(std::string_view raw) {
+  for (const std::string_view end : {"\r\n", "\n", "\r"}) {
+    if (raw.ends_with(end)) return end;
+  }
+  return {};
+}
+
+/// The record with quotation marks where they are needed.
+void append_record(std::string& text, const ChangingRecord& record, char delimiter) {
+  const std::string special = std::string("\"\r\n") + delimiter;
+  bool is_first = true;
+  for (const std::string& field : record.fields) {
+    if (!std::exchange(is_first, false)) text += delimiter;
+    if (field.find_first_of(special) == std::string::npos) {
+      text += field;
+      continue;
+    }
+    text += '"';
+    for (const char letter : field) text += letter == '"' ? std::string("\"\"") : std::string(1, letter);
+    text += '"';
+  }
+}
+
+/// Writes a record that has changed in place of its bytes. What is left out leaves its line ends.
+void write_record(std::string& text, std::string_view raw, const ChangingRecord& record, const RecordReader& reader) {
+  if (!record.is_left_out) {
+    append_record(text, record, reader.delimiter);
+    text += line_end_of(raw);
+    return;
+  }
+  const auto line_ends = std::count(raw.begin(), raw.end(), reader.line_end);
+  text.append(static_cast<std::size_t>(line_ends), reader.line_end);
+}
+
+}  // namespace
+
+std::string line_text(const ExportRecord& record) {
+  std::vector<std::string> fields;
+  for (const std::string_view field : record.fields) fields.emplace_back(field);
+  return joined(fields);
+}
+
+std::vector<CorrectionOutcome> apply_corrections(std::string& text, char delimiter, const ColumnChoice& columns,
+                                                 std::span<const Correction> corrections) {
+  if (corrections.empty()) return {};
+  Corrector corrector = make_corrector(corrections, columns);
+  RecordReader reader = read_records(text, delimiter);
+  ExportRecord record;
+  std::string corrected;
+  std::size_t copied = 0;
+  for (std::size_t begin = 0; next_record(reader, record); begin = reader.next) {
+    if (record.fields.size() > most_fields) continue;
+    ChangingRecord changing = {{record.fields.begin(), record.fields.end()}, record.line};
+    correct_animal(corrector, changing);
+    correct_parents(corrector, changing);
+    if (!changing.is_changed) continue;
+    corrected.append(text, copied, begin - copied);
+    write_record(corrected, std::string_view(text).substr(begin, reader.next - begin), changing, reader);
+    copied = reader.next;
+  }
+  if (copied > 0) {
+    corrected.append(text, copied, text.size() - copied);
+    text = std::move(corrected);
+  }
+  return std::move(corrector.outcomes);
+}
+
+}  // namespace pedigreewatch

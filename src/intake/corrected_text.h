@@ -1,0 +1,39 @@
+// Puts corrections into the text of an export, before anything is counted in it. Lines keep their numbers.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "corrections/correction_list.h"
+#include "intake/column_choice.h"
+#include "intake/export_records.h"
+
+namespace pedigreewatch {
+
+enum class CorrectionFate : std::uint8_t {
+  applied,
+  already_so,  ///< the export says already what the correction would make of it
+  differs,     ///< something else stands there now
+  no_animal,   ///< no line has the identification
+  no_column,   ///< the export has no column for the field
+};
+
+/// What became of a correction.
+struct CorrectionOutcome {
+  CorrectionFate fate = CorrectionFate::no_animal;
+  std::int64_t line = 0;  ///< of the export, counted from 1: the line that was corrected, or was found instead
+  std::string now;        ///< what stands there where it differs
+};
+
+/// Applies the corrections in their order, each where the text still is what it was, and yields what became of each. A
+/// line that is left out becomes blank. `text` is left as it is where nothing applies.
+std::vector<CorrectionOutcome> apply_corrections(std::string& text, char delimiter, const ColumnChoice& columns,
+                                                 std::span<const Correction> corrections);
+
+/// The fields of a record as a correction keeps a whole line: trimmed, with " | " between them.
+std::string line_text(const ExportRecord& record);
+
+}  // namespace pedigreewatch

@@ -1,0 +1,108 @@
+// What corrections make of the text of an export, and what is told of each.
+#include "intake/corrected_text.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace pedigreewatch::test {
+namespace {
+
+ColumnChoice columns_of(std::initializer_list<FieldCode> codes) {
+  ColumnChoice columns;
+  columns.has_header = true;
+  std::size_t place = 0;
+  for (const FieldCode code : codes) columns.place[static_cast<std::size_t>(code)] = place++;
+  return columns;
+}
+
+const ColumnChoice usual = columns_of({id_column, sire_column, dam_column, birthdate_column});
+const std::string herd = "id;sire;dam;born\r\nA;;;2000\r\nB; ;;2001\r\n\r\nC;A;B;1890\r\nD;A;B;2003\r\n";
+
+struct Corrected {
+  std::string text;
+  std::vector<CorrectionOutcome> outcomes;
+};
+
+Corrected corrected(const std::vector<Correction>& corrections, std::string text = herd,
+                    const ColumnChoice& columns = usual) {
+  Corrected result{std::move(text), {}};
+  result.outcomes = apply_corrections(result.text, ';', columns, corrections);
+  return result;
+}
+
+Correction value(std::string id, FieldCode field, std::string was, std::string becomes) {
+  return {std::move(id), CorrectionKind::value, field, std::move(was), std::move(becomes), "", ""};
+}
+
+TEST(CorrectedText, ChangesTheFieldAndNothingElse) {
+  const Corrected result = corrected({value("C", birthdate_column, "1890", "1980")});
+  EXPECT_EQ(result.text, "id;sire;dam;born\r\nA;;;2000\r\nB; ;;2001\r\n\r\nC;A;B;1980\r\nD;A;B;2003\r\n");
+  ASSERT_EQ(result.outcomes.size(), 1U);
+  EXPECT_EQ(result.outcomes[0].fate, CorrectionFate::applied);
+  EXPECT_EQ(result.outcomes[0].line, 5);
+}
+
+TEST(CorrectedText, TellsWhatWasMendedMeanwhileAndWhatDiffersNow) {
+  const Corrected result = corrected({value("C", birthdate_column, "1790", "1890"), value("D", sire_column, "X", "Y"),
+                                      value("E", sire_column, "X", "Y"), value("D", sex_column, "m", "f")});
+  EXPECT_EQ(result.text, herd);
+  EXPECT_EQ(result.outcomes[0].fate, CorrectionFate::already_so);
+  EXPECT_EQ(result.outcomes[1].fate, CorrectionFate::differs);
+  EXPECT_EQ(result.outcomes[1].now, "A");
+  EXPECT_EQ(result.outcomes[1].line, 6);
+  EXPECT_EQ(result.outcomes[2].fate, CorrectionFate::no_animal);
+  EXPECT_EQ(result.outcomes[3].fate, CorrectionFate::no_column);
+}
+
+TEST(CorrectedText, FillsAnEmptyFieldAndALineThatIsTooShort) {
+  EXPECT_EQ(corrected({value("B", sire_column, "", "Z")}, "id;sire;dam\nB; ;\n").text, "id;sire;dam\nB;Z;\n");
+  EXPECT_EQ(corrected({value("B", birthdate_column, "", "2001")}, "B;x\nC").text, "B;x;;2001\nC");
+}
+
+TEST(CorrectedText, PutsQuotationMarksWhereTheyAreNeeded) {
+  const Corrected result = corrected({value("C", sire_column, "A", "x;\"y\"")}, "C;A;\"B\nb\";1\nD;;;\n");
+  EXPECT_EQ(result.text, "C;\"x;\"\"y\"\"\";\"B\nb\";1\nD;;;\n");
+}
+
+TEST(CorrectedText, ALineThatIsLeftOutLeavesItsNumber) {
+  const Correction whole = {"C", CorrectionKind::leave_out, unused_column, "C | A | B | 1890", "", "", ""};
+  const Corrected result = corrected({whole});
+  EXPECT_EQ(result.text, "id;sire;dam;born\r\nA;;;2000\r\nB; ;;2001\r\n\r\n\nD;A;B;2003\r\n");
+  const Correction other = {"D", CorrectionKind::leave_out, unused_column, "D | A", "", "", ""};
+  EXPECT_EQ(corrected({other}).outcomes[0].fate, CorrectionFate::differs);
+  const Correction any = {"D", CorrectionKind::leave_out, unused_column, "", "", "", ""};
+  EXPECT_EQ(corrected({any}).outcomes[0].fate, CorrectionFate::applied);
+  EXPECT_EQ(corrected({any}, "D;\"a\nb\";c;d\nE;;;\n").text, "\n\nE;;;\n") << "a record of two lines";
+}
+
+TEST(CorrectedText, OfTwoLinesWithOneIdentificationTheOneThatFitsIsChanged) {
+  const std::string twice = "A;x;;1\nA;y;;2\n";
+  const Corrected result = corrected({value("A", sire_column, "y", "z")}, twice);
+  EXPECT_EQ(result.text, "A;x;;1\nA;z;;2\n");
+  EXPECT_EQ(result.outcomes[0].fate, CorrectionFate::applied);
+  EXPECT_EQ(corrected({value("A", sire_column, "x", "z")}, twice).outcomes[0].line, 1);
+}
+
+TEST(CorrectedText, AnAnimalThatIsAnotherOneHandsItsOffspringOver) {
+  const Corrected result = corrected({{"A", CorrectionKind::same_as, unused_column, "", "Z", "", ""}});
+  EXPECT_EQ(result.text, "id;sire;dam;born\r\n\nB; ;;2001\r\n\r\nC;Z;B;1890\r\nD;Z;B;2003\r\n");
+  EXPECT_EQ(result.outcomes[0].fate, CorrectionFate::applied);
+}
+
+TEST(CorrectedText, FollowsANewIdentification) {
+  const Corrected result =
+      corrected({value("C", id_column, "C", "C1"), value("C1", sire_column, "A", ""), value("C", dam_column, "B", "")});
+  EXPECT_EQ(result.text, "id;sire;dam;born\r\nA;;;2000\r\nB; ;;2001\r\n\r\nC1;;B;1890\r\nD;A;B;2003\r\n");
+  EXPECT_EQ(result.outcomes[2].fate, CorrectionFate::no_animal);
+}
+
+TEST(CorrectedText, ApplyInTheirOrder) {
+  const Corrected result = corrected({value("C", sire_column, "A", "X"), value("C", sire_column, "X", "Y")});
+  EXPECT_NE(result.text.find("C;Y;B"), std::string::npos);
+  EXPECT_EQ(result.outcomes[1].fate, CorrectionFate::applied);
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test

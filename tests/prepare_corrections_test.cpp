@@ -1,0 +1,74 @@
+// Whole runs of `pedigreewatch-tools prepare --corrections`.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "support/program_run.h"
+
+namespace pedigreewatch::test {
+namespace {
+
+const std::string herd =
+    "Ear;Sire;Dam;Sex;Born\nA;;;m;25-05-2000\nB;;;f;25-05-2000\nC;A;B;m;25-05-1890\nD;A;B;f;25-05-2003\n";
+
+WholeRun prepare_with(const std::string& list, const std::string& language = "en") {
+  return run_program_on({{"herd.csv", herd}, {"list.tsv", list}},
+                        tools_with({"prepare", "--column", "id=Ear", "--species", "sheep", "--language", language,
+                                    "--corrections", "list.tsv", "herd.csv"}));
+}
+
+bool has(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
+TEST(PrepareCorrections, AreAppliedAndTold) {
+  const WholeRun run = prepare_with(
+      "id\tfield\twas\tbecomes\twhy\twhen\nC\tbirthdate\t25-05-1890\t25-05-2002\ttyping error\t2026-11-22\n"
+      "D\tsire\tX\tA\t\t\nD\tdam\tQ\tC\t\t\nE\tdam\tQ\tC\t\t\nD\tcolour\tred\tgrey\t\t\n");
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_EQ(run.file("herd.txt"),
+            "id;sex;birthdate;sire;dam\nA;m;25-05-2000;;\nB;f;25-05-2000;;\nC;m;25-05-2002;A;B\nD;f;25-05-2003;A;B\n");
+  EXPECT_TRUE(has(run.console,
+                  "Corrections applied: 1; already mended in the export: 1; not applied because something else stands "
+                  "there now, or the animal or column is not there: 3.\n"
+                  "  \"D\", sire: \"A\" is already mended in your office program (line 5)\n"
+                  "  \"D\", dam: was \"Q\", differs now: \"B\" (line 5); not corrected\n"
+                  "  \"E\", dam: the export has no line of this animal; not corrected\n"
+                  "  \"D\", colour: the export has no column for this; not corrected\n"))
+      << run.console;
+  EXPECT_EQ(run.file("herd.csv"), herd) << "the export stays as it is";
+}
+
+TEST(PrepareCorrections, SpeakDutch) {
+  const WholeRun run = prepare_with("C\tbirthdate\t25-05-1890\t25-05-2002\nD\tdam\tQ\tC\n", "nl");
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_TRUE(has(run.console, "Toegepaste correcties: 1; al hersteld in de export: 0; niet toegepast")) << run.console;
+  EXPECT_TRUE(has(run.console, "  \"D\", dam: was \"Q\", is nu anders: \"B\" (regel 5); niet gecorrigeerd\n"));
+}
+
+TEST(PrepareCorrections, AListInAnotherEncodingIsRead) {
+  const std::string wide = "C\tname\tx\ty\n";
+  std::string utf_16 = "\xFF\xFE";
+  for (const char letter : wide) utf_16 += {letter, '\0'};
+  const WholeRun run = prepare_with(utf_16);
+  EXPECT_EQ(run.exit_status, 0);
+  EXPECT_TRUE(has(run.console, "\"C\", name: the export has no column for this")) << run.console << run.messages;
+}
+
+TEST(PrepareCorrections, WhatCannotBeReadStopsEverything) {
+  const WholeRun run = prepare_with("C\tweight\t1\t2\nC birthdate\n");
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(
+      run.messages,
+      "list.tsv, line 1: \"weight\" is no field; expected was id, name, sire, dam, sex, birthdate, colour, breeder, "
+      "subpopulation, import, \"leave out\" or \"same as\"\n"
+      "list.tsv, line 2: \"C birthdate\": expected were id, field, was and becomes with tabs between them\n");
+  EXPECT_EQ(run.files.count("herd.txt"), 0U);
+  const WholeRun missing = run_program_on(
+      {{"herd.csv", herd}}, tools_with({"prepare", "--language", "nl", "--corrections", "none.tsv", "herd.csv"}));
+  EXPECT_EQ(missing.exit_status, 1);
+  EXPECT_TRUE(has(missing.messages, "none.tsv: de lijst met correcties kon niet gelezen worden: ")) << missing.messages;
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test
