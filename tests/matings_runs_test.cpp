@@ -59,9 +59,11 @@ TEST(MatingsRun, WritesThePairsOfTheLastYearsTheLowestFFirst) {
   const std::string table = run.file("dogs_matings.tsv");
   const std::string rows = table.substr(table.find('\n') + 1);
   // With Bram, Tess and Puck: Puck (0.125 + 0.125 + 0.5) / 3, Bram (0.5 + 0.25 + 0.125) / 3, Tess likewise.
-  EXPECT_EQ(rows, "puck\tbram\t0.125\t0.125\t0.25\t0.291666667\trex\t0.125\t100.00" + std::string(nothing_more) +
-                      "\t1\t0\t1\t1\ntess\tbram\t0.25\t0.25\t0.291666667\t0.291666667\tsaar\t0.125\t50.00\trex\t0.125\t50.00" +
-                      std::string(nothing_more).substr(3) + "\t1\t0\t1\t1\n");
+  EXPECT_EQ(
+      rows,
+      "puck\tbram\t0.125\t0.125\t0.25\t0.291666667\trex\t0.125\t100.00" + std::string(nothing_more) +
+          "\t1\t0\t1\t1\ntess\tbram\t0.25\t0.25\t0.291666667\t0.291666667\tsaar\t0.125\t50.00\trex\t0.125\t50.00" +
+          std::string(nothing_more).substr(3) + "\t1\t0\t1\t1\n");
 }
 
 TEST(MatingsRun, FIsWhatARunShowsOfTheOffspring) {

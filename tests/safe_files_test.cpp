@@ -65,7 +65,8 @@ TEST(ClosedWindow, LeavesTheOlderFilesOfPrepare) {
 TEST(ClosedWindow, IsNotHeededUnderNohup) {
   const WholeRun run = run_program_on({{"source", family}}, tools_script("trap '' HUP; " + prepare_stopped_by("HUP")));
   EXPECT_EQ(run.exit_status, 0) << run.messages;
-  EXPECT_EQ(names_of(run), (std::vector<std::string>{"dogs.txt", "pedigreewatch.ini", "source"}));
+  EXPECT_EQ(names_of(run),
+            (std::vector<std::string>{"dogs.answers", "dogs.lines", "dogs.txt", "pedigreewatch.ini", "source"}));
 }
 
 // ---- disks and memory -------------------------------------------------------------------------------------------
@@ -114,8 +115,8 @@ TEST(LittleMemory, LeavesNoPartOfAnyFile) {
   if (has_address_sanitizer) GTEST_SKIP() << "the address sanitizer needs more room than such a limit leaves";
   Files files = files_of_many();
   files["dogs_check.tsv"] = files["dogs_years.tsv"] = files["dogs.html"] = "of an earlier run";
-  const RunFolder folder(files);
   for (const std::string subcommand : {"check", "tables", "page"}) {
+    const RunFolder folder(files);
     int refused = 0;
     for (std::uint64_t kilobytes = 6000; kilobytes <= 30000; kilobytes += 1500) {
       ProgramStart start = tools_with({subcommand});
@@ -125,7 +126,7 @@ TEST(LittleMemory, LeavesNoPartOfAnyFile) {
       if (!has(run.messages, "not enough memory")) break;
       ++refused;
       EXPECT_EQ(run.exit_status, subcommand == "check" ? 2 : 1) << subcommand << kilobytes;
-      EXPECT_EQ(run.files, files) << subcommand << kilobytes;
+      EXPECT_TRUE(run.files == files) << subcommand << kilobytes;  // a list of the differences would be very long
     }
     EXPECT_GT(refused, 0) << subcommand;
   }

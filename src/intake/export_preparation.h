@@ -40,7 +40,7 @@ struct Preparation {
   ExportSurvey survey;
   PreparePlan plan;
   std::vector<CorrectionOutcome> corrections;  ///< what became of those of the options
-  SavedAnswers answers;  ///< those of an earlier export that were used
+  SavedAnswers answers;                        ///< those of an earlier export that were used
 };
 
 /// All bytes of a file. Yields 0, or the number of the system's error.
