@@ -35,7 +35,8 @@ struct Links {
     const auto first = std::lower_bound(list.begin(), list.end(), Link{parent, role, 0}, stands_before);
     auto last = first;
     while (last != list.end() && last->parent == parent && last->role == role) ++last;
-    return {first, last};
+    return std::span(list).subspan(static_cast<std::size_t>(first - list.begin()),
+                                   static_cast<std::size_t>(last - first));
   }
 };
 

@@ -39,7 +39,8 @@ std::vector<std::int32_t> find_records_without_sex(LineReader& data, const DataF
   std::string_view line;
   for (std::int32_t record = 1; read_line(data, line); ++record) {
     const std::string_view text = field_at(line, place, layout.delimiter);
-    const bool is_male = !text.empty() && std::ranges::count(layout.male_letters, text.front()) > 0;
+    const bool is_male =
+        !text.empty() && std::count(layout.male_letters.begin(), layout.male_letters.end(), text.front()) > 0;
     if (!is_male && is_unknown(text)) records.push_back(record);
   }
   return records;
