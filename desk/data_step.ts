@@ -1,6 +1,6 @@
 // The first step: files are dropped or chosen, and what was recognised is shown.
 
-import { applySettings, changeSetting, openNew, showProblem, text } from "./desk";
+import { applySettings, changeSetting, openAgain, openNew, showProblem, text } from "./desk";
 import type { Desk } from "./desk";
 import { settingsOfAnswers } from "./answers";
 import { button, byId, chooser, make, nameOf, shownNumber } from "./dom";
@@ -12,9 +12,10 @@ const mostAnswers = 12;
 /** Answers of an earlier export, dropped with the next one or behind it. */
 async function takeAnswers(desk: Desk, answers: File[], others: File[]): Promise<void> {
   const [file] = answers;
-  const files = others.length > 0 ? others : desk.given === undefined ? desk.files : [];
-  if (file === undefined || answers.length > 1 || files.length !== 1) return showProblem(text(desk, "answersAlone"));
-  void openNew(desk, files, settingsOfAnswers(await file.text()));
+  const count = others.length > 0 ? others.length : desk.given === undefined ? desk.files.length : 0;
+  if (file === undefined || answers.length > 1 || count !== 1) return showProblem(text(desk, "answersAlone"));
+  const settings = settingsOfAnswers(await file.text());
+  void (others.length > 0 ? openNew(desk, others, settings) : openAgain(desk, settings));
 }
 
 export function takeFiles(desk: Desk, files: File[]): void {

@@ -229,14 +229,20 @@ export function hasFiles(desk: Desk): boolean {
   return desk.export !== undefined || desk.given !== undefined;
 }
 
+async function openChosen(desk: Desk, chosen: ChosenFile[], settings: [string, string][]): Promise<void> {
+  if (hasFiles(desk)) return openBeside(desk, chosen, settings);
+  replaceFiles(desk, chosen, settings);
+  desk.step = "data";
+  return openFiles(desk);
+}
+
 export function openNew(desk: Desk, files: File[], settings: [string, string][] = []): Promise<boolean> {
-  return work(desk, async () => {
-    const chosen = await readFiles(files);
-    if (hasFiles(desk)) return openBeside(desk, chosen, settings);
-    replaceFiles(desk, chosen, settings);
-    desk.step = "data";
-    return openFiles(desk);
-  });
+  return work(desk, async () => openChosen(desk, await readFiles(files), settings));
+}
+
+/** Opens the files that are there once more, with other settings. */
+export function openAgain(desk: Desk, settings: [string, string][]): Promise<boolean> {
+  return work(desk, () => openChosen(desk, desk.files, settings));
 }
 
 /** Says something else about the export. */
