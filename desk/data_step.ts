@@ -31,7 +31,7 @@ export function takeFiles(desk: Desk, files: File[]): void {
 function openExample(desk: Desk): void {
   const content = byId(`example-${desk.language}`).textContent ?? "";
   const [file, name, species] = desk.language === "nl" ? ["heide.txt", "Heideschaap", "schaap"] : ["moorland.txt", "Moorland Sheep", "sheep"];
-  void openNew(desk, [new File([content.trimStart()], file, { type: "text/plain" })], [["name", name], ["species", species]]);
+  void openNew(desk, [new File([content.trimStart()], file, { type: "text/plain" })], [["name", name], ["species", species], ["known", "all"]]);
 }
 
 function drawDrop(desk: Desk): HTMLElement {
