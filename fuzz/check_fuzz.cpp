@@ -43,7 +43,7 @@ bool read_settings(std::string_view text, CheckSettings& settings) {
 }
 
 void check_row(std::string_view row) {
-  require(std::count(row.begin(), row.end(), '\t') == 5);
+  require(std::count(row.begin(), row.end(), '\t') == 6);
   const auto is_control = [](char byte) { return static_cast<unsigned char>(byte) < 0x20 && byte != '\t'; };
   require(std::none_of(row.begin(), row.end(), is_control));
 }
