@@ -111,6 +111,6 @@ int main(int argument_count, char** arguments) {
   streams.messages.is_terminal = is_terminal(stderr);
   streams.keyboard = stdin;
   streams.console.stop_request = &stop_request;
-  streams.when_report_is_open = watch_for_stop;
+  streams.before_report_is_begun = watch_for_stop;
   return pedigreewatch::run_program(streams);
 }

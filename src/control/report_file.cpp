@@ -137,13 +137,13 @@ bool put_aside(RunStreams& streams, std::string& reason) {
 
 void open_report(const std::string& name, std::span<const std::string> inputs, RunStreams& streams) {
   stop_if_input(name, inputs, streams);
+  if (streams.before_report_is_begun != nullptr) streams.before_report_is_begun();
   const std::string target = target_of(name);
   const bool is_replaced = is_plain_file(target) || is_free(target);
   streams.report.file = is_replaced ? begin_report(target, inputs, streams) : open_in_place(name, streams);
   std::setvbuf(streams.report.file, nullptr, _IONBF, 0);  // the stream has a buffer of its own
   streams.report.is_essential = true;
   streams.report.name = name;
-  if (streams.when_report_is_open != nullptr) streams.when_report_is_open();
 }
 
 bool close_report(RunStreams& streams, std::string& reason) {

@@ -17,8 +17,8 @@ struct RunStreams {
   TextOutput report;              ///< the ReportFile
   TextOutput messages;            ///< standard error: what the input and output layer has to say
   std::FILE* keyboard = nullptr;  ///< standard input, for the one wait after a missing file; null: no wait
-  /// Called when the report has been opened: from then on a run that is stopped has something to take away.
-  void (*when_report_is_open)() = nullptr;
+  /// Called before the report is begun: from then on a run that is stopped has something to take away.
+  void (*before_report_is_begun)() = nullptr;
   NewFile report_file;                ///< the report until it has its name; not begun: it is written where it goes
   std::string last_complete_report;   ///< name of the file that keeps the one of an earlier run; empty: none is kept
   bool makes_report = true;           ///< otherwise nothing depends on how large the report would be

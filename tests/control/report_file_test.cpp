@@ -83,6 +83,19 @@ TEST(OpenReport, DataFileNamedLikeALastCompleteReportIsOnlyRead) {
   EXPECT_EQ(run.file("dogs.out.last-complout"), complete_report());
 }
 
+bool report_was_there = true;
+
+TEST(OpenReport, BeginsTheReportWhenSignalsAreWatchedFor) {
+  const RunFolder folder(Files{{"dogs.txt", ""}});
+  static std::string begun;
+  begun = folder.path("dogs.out.pedigreewatch-new");
+  RunStreams streams;
+  streams.before_report_is_begun = [] { report_was_there = std::filesystem::exists(begun); };
+  open_report(folder.path("dogs.out"), {}, streams);
+  EXPECT_FALSE(report_was_there) << "a signal would end the program then, and leave it";
+  EXPECT_TRUE(std::filesystem::exists(begun));
+}
+
 TEST(OpenReport, StopsTheRunWhenTheReportCannotBeCreated) {
   Files files = files_of_lines(good_lines);
   files["dogs.out/"] = "";
