@@ -181,7 +181,8 @@ TEST(CheckTable, NeverReplacesALinkAPipeOrAFolder) {
 }
 
 TEST(PreparedFiles, NeverReplaceALinkOrAPipe) {
-  for (const std::string make : {"ln -s archive dogs.txt", "ln -s nowhere pedigreewatch.ini", "mkfifo dogs.txt"}) {
+  for (const std::string make : {"ln -s archive dogs.txt", "ln -s nowhere pedigreewatch.ini", "mkfifo dogs.txt", "mkfifo dogs.answers",
+                                 "ln -s nowhere dogs.lines"}) {
     const std::string name = make.substr(make.rfind(' ') + 1);
     const Files files = {{"dogs.csv", family}, {"archive", "kept"}};
     const WholeRun run = run_program_on(

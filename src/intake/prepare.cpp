@@ -94,6 +94,16 @@ bool would_lose_answers(const Targets& targets, const Preparation& read, const P
   return is_taken(targets.answers) && !were_used && !answers_text(options, read.plan.columns).empty();
 }
 
+/// Yields 0, or 1 after a message, when something stands there that is no plain file.
+int refuse_odd(const std::string& target, const PrepareOptions& options, ToolStreams& streams) {
+  std::error_code ignored;
+  if (fs::is_directory(target, ignored)) {
+    return refuse(streams, options, cannot_write, {shown(target), std::generic_category().message(EISDIR)});
+  }
+  const bool is_odd = is_taken(target) && !fs::is_regular_file(fs::symlink_status(target, ignored));
+  return is_odd ? refuse(streams, options, is_no_plain_file, {shown(target)}) : 0;
+}
+
 /// Yields 0, or 1 after a message.
 int refuse_targets(const Targets& targets, const Preparation& read, const PrepareOptions& options,
                    ToolStreams& streams) {
@@ -111,14 +121,9 @@ int refuse_targets(const Targets& targets, const Preparation& read, const Prepar
   }
   for (const std::string& target : {targets.data, targets.steer, targets.lines}) {
     if (!options.may_overwrite && is_taken(target)) return refuse(streams, options, already_there, {shown(target)});
-    if (fs::is_directory(target, ignored)) {
-      const std::string reason = std::generic_category().message(EISDIR);
-      return refuse(streams, options, cannot_write, {shown(target), reason});
-    }
-    const bool is_odd = is_taken(target) && !fs::is_regular_file(fs::symlink_status(target, ignored));
-    if (is_odd) return refuse(streams, options, is_no_plain_file, {shown(target)});
+    if (refuse_odd(target, options, streams) != 0) return 1;
   }
-  return 0;
+  return answers_text(options, read.plan.columns).empty() ? 0 : refuse_odd(targets.answers, options, streams);
 }
 
 /// What the pieces of the data file go to.
