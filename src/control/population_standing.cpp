@@ -35,10 +35,13 @@ VerdictFaults faults_of_verdict(const CheckResult& check) {
   return faults;
 }
 
-Standing stand_of(const AnalysedPopulation& population, const StandingSettings& settings, const CheckResult* check) {
+Standing stand_of(const AnalysedPopulation& population, const StandingSettings& settings, const VerdictFaults& faults) {
   const double interval = static_cast<double>(population.analysis.whole.interval.generation_interval);
-  return compute_standing(population.store, interval, settings,
-                          check == nullptr ? VerdictFaults() : faults_of_verdict(*check));
+  return compute_standing(population.store, interval, settings, faults);
+}
+
+Standing stand_of(const AnalysedPopulation& population, const StandingSettings& settings, const CheckResult* check) {
+  return stand_of(population, settings, check == nullptr ? VerdictFaults() : faults_of_verdict(*check));
 }
 
 }  // namespace pedigreewatch

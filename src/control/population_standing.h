@@ -12,6 +12,8 @@ namespace pedigreewatch {
 /// Findings that falsify inbreeding or the effective size.
 VerdictFaults faults_of_verdict(const CheckResult& check);
 
+/// `faults` are those of the same data file.
+Standing stand_of(const AnalysedPopulation& population, const StandingSettings& settings, const VerdictFaults& faults);
 /// `check` is that of the same data file; none: its faults are not known, and count as none.
 Standing stand_of(const AnalysedPopulation& population, const StandingSettings& settings, const CheckResult* check);
 

@@ -6,15 +6,16 @@
 namespace pedigreewatch {
 namespace {
 
-/// The mean of the known shares of a parent's line over as many generations as the index has.
+/// The mean of the known shares of a parent's line over as many generations as the index has. The shares are parts of
+/// 1, 2, 4, 8 and 16 animals: their sum is one of sixteenths.
 double line_completeness(const KnownLine& parent) {
-  constexpr std::size_t index_generations = 5;
-  double sum = 0.0, places = 1.0;
-  for (std::size_t g = 0; g < index_generations; ++g) {
-    sum += parent.known[g] / places;
-    places *= 2.0;
+  constexpr int index_generations = 5;
+  constexpr double sixteen = 16.0;
+  int sixteenths = 0;
+  for (int g = 0; g < index_generations; ++g) {
+    sixteenths += parent.known[static_cast<std::size_t>(g)] << (index_generations - 1 - g);
   }
-  return sum / static_cast<double>(index_generations);
+  return sixteenths / sixteen / index_generations;
 }
 
 }  // namespace

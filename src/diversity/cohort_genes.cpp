@@ -57,7 +57,7 @@ std::int32_t place_genes(const GeneWork& work, std::span<const GroupedAnimal> co
       continue;
     }
     const ParentNumbers parents = parent_numbers(work.store, work.ancestors, animal.position);
-    put(sums.relationships, animal.groups, within_family_variance(work.store, work.ancestors, parents));
+    put(sums.relationships, animal.groups, within_family_variance(work.inbreeding, parents));
     put(sums.founder_squares, animal.groups, founder_part(parents));
     put(lanes[parents.sire], animal.groups, 0.5);
     put(lanes[parents.dam], animal.groups, 0.5);
@@ -101,7 +101,8 @@ void sum_eightfold(GeneWork& work, std::span<const GroupedAnimal> cohort, PassSu
 }  // namespace
 
 GeneWork make_gene_work(const PopulationStore& store, const AncestorPedigree& ancestors) {
-  GeneWork work{store, ancestors, within_family_variances(store, ancestors), {}, {}};
+  GeneWork work{store, ancestors, inbreeding_of_ancestors(store, ancestors), within_family_variances(store, ancestors),
+                {},    {}};
   work.single = ByNumber<GeneLanes<double>>(static_cast<std::size_t>(ancestors.count()));
   return work;
 }

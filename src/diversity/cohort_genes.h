@@ -34,7 +34,8 @@ typedef double GeneVector __attribute__((vector_size(64)));
 struct GeneWork {
   const PopulationStore& store;
   const AncestorPedigree& ancestors;
-  ByNumber<double> own_variance;              ///< by ancestor number
+  ByNumber<float> inbreeding;                 ///< by ancestor number
+  ByNumber<double> own_variance;              ///< likewise
   ByNumber<GeneLanes<double>> single;         ///< for one group
   ByNumber<GeneLanes<GeneVector>> eightfold;  ///< for up to eight; empty until they are wanted
 };

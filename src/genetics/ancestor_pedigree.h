@@ -40,8 +40,12 @@ struct ParentNumbers {
 };
 ParentNumbers parent_numbers(const PopulationStore& store, const AncestorPedigree& ancestors, std::int32_t position);
 
+/// F by ancestor number, 0 for the unknown parent: for passes that ask for it again and again.
+ByNumber<float> inbreeding_of_ancestors(const PopulationStore& store, const AncestorPedigree& ancestors);
+
 /// The part of an animal's variance that comes from neither parent: 1/2 - (Fs + Fd) / 4, and 1/4 more for each unknown
-/// parent. F of the parents must be final.
+/// parent. F of the parents must be final. `inbreeding` is that of `inbreeding_of_ancestors`.
+double within_family_variance(const ByNumber<float>& inbreeding, ParentNumbers parents);
 double within_family_variance(const PopulationStore& store, const AncestorPedigree& ancestors, ParentNumbers parents);
 
 /// The same by ancestor number, of all ancestors.

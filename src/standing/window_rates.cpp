@@ -160,19 +160,33 @@ namespace {
 constexpr std::size_t most_generations = 32;
 using KnownShares = std::array<float, most_generations>;
 
-/// By number: the known share of each generation of ancestors, the parents first.
-std::vector<KnownShares> known_generations(const PopulationStore& store) {
-  std::vector<KnownShares> shares(store.size() + 1);
+/// The known share of each generation of ancestors, the parents first, of all animals with offspring: few of a large
+/// breed have any.
+struct KnownGenerations {
+  ByNumber<std::int32_t> place_of;  ///< by number; 0 without offspring
+  std::vector<KnownShares> shares;  ///< by place
+
+  const KnownShares& of(std::int32_t number) const { return shares[static_cast<std::size_t>(place_of[number])]; }
+};
+
+KnownGenerations known_generations(const PopulationStore& store) {
+  KnownGenerations known{ByNumber<std::int32_t>(store.size()), {}};
+  std::int32_t parents = 0;
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
-    KnownShares& own = shares[static_cast<std::size_t>(i)];
+    if (store.is_parent[i] != 0) known.place_of[i] = ++parents;
+  }
+  known.shares.resize(static_cast<std::size_t>(parents) + 1);
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    if (store.is_parent[i] == 0) continue;
+    KnownShares& own = known.shares[static_cast<std::size_t>(known.place_of[i])];
     for (const std::int32_t parent : {store.sire_no[i], store.dam_no[i]}) {
       if (parent == 0) continue;
-      const KnownShares& of_parent = shares[static_cast<std::size_t>(parent)];
+      const KnownShares& of_parent = known.of(parent);
       own[0] += 0.5F;
       for (std::size_t g = 1; g < most_generations; ++g) own[g] += 0.5F * of_parent[g - 1];
     }
   }
-  return shares;
+  return known;
 }
 
 /// Sums over the young of one sire, or of all.
@@ -197,15 +211,14 @@ struct SumsOfSires {
 /// F of each member of a window, and the generations over which it is seen; zeros without two parents.
 std::vector<InbreedingSums> sums_of_members(const WindowPedigree& window) {
   const PopulationStore& store = window.store;
-  const std::vector<KnownShares> shares = known_generations(store);
+  const KnownGenerations known = known_generations(store);
   std::vector<InbreedingSums> sums;
   for (const std::int32_t member : window.members) {
     InbreedingSums& own = sums.emplace_back();
     const std::int32_t sire = store.sire_no[member], dam = store.dam_no[member];
     if (sire == 0 || dam == 0) continue;
     own.inbreeding = std::max(0.0, double{store.inbreeding[member]});
-    own.generations =
-        generations_of_pair(shares[static_cast<std::size_t>(sire)], shares[static_cast<std::size_t>(dam)]);
+    own.generations = generations_of_pair(known.of(sire), known.of(dam));
   }
   return sums;
 }

@@ -1,6 +1,5 @@
 // A column is a name and what it writes of an animal. Everything that a row shows is known but for the offspring and
-// the longest line, which one pass each yields. Real figures repeat from animal to animal (full sibs have the same F):
-// texts found lately are kept.
+// the longest line, which one pass each yields.
 
 #include "tables/animal_table.h"
 
@@ -9,8 +8,6 @@
 #include <optional>
 
 #include "checks/calendar.h"
-#include "core/bit_pattern.h"
-#include "core/real_text.h"
 
 namespace pedigreewatch {
 namespace {
@@ -19,33 +16,6 @@ void append_digits(std::string& text, std::int32_t number, int width) {
   for (std::int32_t unit = width == 4 ? 1000 : 10; unit > 0; unit /= 10) {
     text += static_cast<char>('0' + number / unit % 10);
   }
-}
-
-/// Texts of reals by a few bits of the real: the last one with these bits.
-struct RealTexts {
-  struct Entry {
-    std::uint32_t bits = 0;
-    std::uint8_t length = 0;  ///< 0: nothing is kept here
-    std::array<char, 19> text = {};
-  };
-  static constexpr std::size_t size = 1U << 14;
-  std::vector<Entry> entries = std::vector<Entry>(size);
-  std::string found;  ///< working space
-};
-
-std::string_view text_of(RealTexts& texts, float value) {
-  const std::uint32_t bits = bits_as<std::uint32_t>(value);
-  constexpr std::uint32_t spread = 2654435761U;
-  constexpr int unused_bits = 32 - 14;
-  RealTexts::Entry& entry = texts.entries[(bits * spread) >> unused_bits];
-  if (entry.length == 0 || entry.bits != bits) {
-    texts.found.clear();
-    append_shortest(texts.found, value);
-    entry.bits = bits;
-    entry.length = static_cast<std::uint8_t>(std::min(texts.found.size(), entry.text.size()));
-    std::copy_n(texts.found.begin(), entry.length, entry.text.begin());
-  }
-  return {entry.text.data(), entry.length};
 }
 
 /// Figures that are the same for all animals of two known parents.
@@ -60,7 +30,6 @@ struct AnimalRows {
   const PopulationStore& store;
   const AnimalFigures& figures;
   ByNumber<std::int32_t> offspring, longest;
-  RealTexts texts;
   ParentFigures last;  ///< of the animal at hand, or of one before it
 };
 
@@ -72,14 +41,10 @@ void write_parent(const AnimalRows& rows, std::int32_t parent, TableWriter& writ
   }
 }
 
-void write_single(AnimalRows& rows, float value, TableWriter& writer) {
-  add_number(writer, text_of(rows.texts, value));
-}
-
 void write_kinship(AnimalRows& rows, std::int32_t position, TableWriter& writer) {
   const ByNumber<float>& means = rows.figures.mean_kinship;
   if (means.values.empty()) return add_nothing(writer);
-  write_single(rows, std::max(means[position], 0.0F), writer);
+  add_real(writer, std::max(means[position], 0.0F));
 }
 
 /// Works the figures out anew for an animal that is no full sib of the one before it.
@@ -97,7 +62,7 @@ const ParentFigures& parent_figures(AnimalRows& rows, std::int32_t position) {
 void write_increase(AnimalRows& rows, std::int32_t position, TableWriter& writer) {
   const std::optional<float> increase = parent_figures(rows, position).increase;
   if (!increase) return add_nothing(writer);
-  write_single(rows, *increase, writer);
+  add_real(writer, *increase);
 }
 
 /// An animal further on and its parents; none beyond the last one.
@@ -146,11 +111,9 @@ constexpr auto columns = std::to_array<AnimalColumn>({
     {"dam", [](Rows& rows, Position i, Out& out) { write_parent(rows, rows.store.dam_no[i], out); }},
     {"sex", [](Rows& rows, Position i, Out& out) { add_plain(out, rows.store.sex[i] == male ? "male" : "female"); }},
     {"birthdate", write_date},
-    {"F", [](Rows& rows, Position i, Out& out) { write_single(rows, std::max(rows.store.inbreeding[i], 0.0F), out); }},
+    {"F", [](Rows& rows, Position i, Out& out) { add_real(out, std::max(rows.store.inbreeding[i], 0.0F)); }},
     {"equivalent_generations",
-     [](Rows& rows, Position i, Out& out) {
-       add_number(out, text_of(rows.texts, rows.store.generation_equivalents[i]));
-     }},
+     [](Rows& rows, Position i, Out& out) { add_real(out, rows.store.generation_equivalents[i]); }},
     {"complete_generations",
      [](Rows& rows, Position i, Out& out) { add_integer(out, rows.store.complete_generations[i]); }},
     {"max_generations", [](Rows& rows, Position i, Out& out) { add_integer(out, rows.longest[i]); }},
@@ -160,12 +123,11 @@ constexpr auto columns = std::to_array<AnimalColumn>({
     {"mean_kinship", write_kinship},
     {"subpopulation", [](Rows& rows, Position i, Out& out) { add_text(out, rows.store.subpopulation(i).trimmed()); }},
     {"completeness_index",
-     [](Rows& rows, Position i, Out& out) { write_single(rows, parent_figures(rows, i).completeness_index, out); }},
+     [](Rows& rows, Position i, Out& out) { add_real(out, parent_figures(rows, i).completeness_index); }},
     {"increase_of_inbreeding", write_increase},
-    {"F_3_generations", [](Rows& rows, Position i, Out& out) { write_single(rows, rows.figures.recent_3[i], out); }},
-    {"F_5_generations", [](Rows& rows, Position i, Out& out) { write_single(rows, rows.figures.recent_5[i], out); }},
-    {"ancestral_inbreeding",
-     [](Rows& rows, Position i, Out& out) { write_single(rows, rows.figures.ancestral[i], out); }},
+    {"F_3_generations", [](Rows& rows, Position i, Out& out) { add_real(out, rows.figures.recent_3[i]); }},
+    {"F_5_generations", [](Rows& rows, Position i, Out& out) { add_real(out, rows.figures.recent_5[i]); }},
+    {"ancestral_inbreeding", [](Rows& rows, Position i, Out& out) { add_real(out, rows.figures.ancestral[i]); }},
     {"breeding_offspring",
      [](Rows& rows, Position i, Out& out) { add_integer(out, rows.figures.breeding_offspring[i]); }},
 });
@@ -209,7 +171,7 @@ ByNumber<std::int32_t> longest_lines(const PopulationStore& store) {
 }
 
 void write_animals(const PopulationStore& store, const AnimalFigures& figures, TableWriter& writer) {
-  AnimalRows rows{store, figures, count_offspring(store), longest_lines(store), {}, {}};
+  AnimalRows rows{store, figures, count_offspring(store), longest_lines(store), {}};
   for (const AnimalColumn& column : columns) add_text(writer, column.name);
   end_row(writer);
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {

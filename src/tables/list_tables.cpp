@@ -3,6 +3,7 @@
 #include <array>
 #include <string_view>
 
+#include "core/memory_hints.h"
 #include "tables/animal_table.h"
 
 namespace pedigreewatch {
@@ -78,11 +79,36 @@ void write_header(std::span<const AnimalListColumn> columns, TableWriter& writer
   end_row(writer);
 }
 
+/// Has fetched what rows further on will show, each step from what the step before has brought: the animals of a list
+/// stand all over the store.
+void fetch_rows_early(const ListedPopulation& population, std::span<const std::int32_t> positions, std::size_t row) {
+  const PopulationStore& store = population.store;
+  const auto later = [&](std::size_t steps) {
+    const std::size_t place = row + steps * look_ahead;
+    return place < positions.size() ? positions[place] : 0;
+  };
+  const std::int32_t far = later(3), middle = later(2), near = later(1);
+  if (!store.kept.record_of_position.values.empty()) fetch_early(&store.kept.record_of_position[far]);
+  for (const ByNumber<std::int32_t>* const column : {&store.sire_no, &store.dam_no, &store.birth_year}) {
+    fetch_early(&(*column)[far]);
+  }
+  for (const std::int32_t parent : {store.sire_no[middle], store.dam_no[middle]}) {
+    fetch_early(&population.figures.animals.lines[parent]);
+  }
+  if (middle != 0) fetch_early(&store.kept.ids.ends[static_cast<std::size_t>(store.record_no(middle)) - 1]);
+  for (const ByNumber<float>* const column : {&store.inbreeding, &store.generation_equivalents}) {
+    fetch_early(&(*column)[middle]);
+  }
+  fetch_early(&population.offspring[middle]);
+  if (near != 0) store.kept.ids.fetch_text_early(store.record_no(near));
+}
+
 void write_animals(const ListedPopulation& population, std::span<const std::int32_t> positions,
                    std::span<const AnimalListColumn> columns, TableWriter& writer) {
   ListedAnimal animal{population, 0, 0};
-  for (const std::int32_t position : positions) {
-    animal.position = position;
+  for (std::size_t row = 0; row < positions.size(); ++row) {
+    fetch_rows_early(population, positions, row);
+    animal.position = positions[row];
     ++animal.rank;
     for (const AnimalListColumn& column : columns) column.write(animal, writer);
     end_row(writer);

@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "checks/readable_text.h"
+#include "core/bit_pattern.h"
 #include "core/real_text.h"
 #include "text/spreadsheet_cell.h"
 
@@ -37,15 +38,22 @@ void append_quoted(std::string& text, std::string_view cell) {
   text += '"';
 }
 
-template <typename Real>
-void add_finite(TableWriter& writer, Real value) {
-  if (writer.workbook != nullptr) {
-    std::string digits;
-    if (std::isfinite(value)) append_shortest(digits, value);
-    return add_number_cell(*writer.workbook, digits);
+constexpr int kept_bits = 14;
+
+/// As `append_shortest` writes it; valid until the next one.
+std::string_view text_of(RealTexts& texts, float value) {
+  if (texts.entries.empty()) texts.entries.resize(std::size_t{1} << kept_bits);
+  const std::uint32_t bits = bits_as<std::uint32_t>(value);
+  constexpr std::uint32_t spread = 2654435761U;
+  RealTexts::Entry& entry = texts.entries[(bits * spread) >> (32 - kept_bits)];
+  if (entry.length == 0 || entry.bits != bits) {
+    texts.found.clear();
+    append_shortest(texts.found, value);
+    entry.bits = bits;
+    entry.length = static_cast<std::uint8_t>(std::min(texts.found.size(), entry.text.size()));
+    std::copy_n(texts.found.begin(), entry.length, entry.text.begin());
   }
-  begin_cell(writer);
-  if (std::isfinite(value)) append_shortest(writer.text, value);
+  return {entry.text.data(), entry.length};
 }
 
 }  // namespace
@@ -97,11 +105,13 @@ void add_integer(TableWriter& writer, std::int64_t value) {
 }
 
 void add_real(TableWriter& writer, float value) {
-  add_finite(writer, value);
+  add_number(writer, std::isfinite(value) ? text_of(writer.real_texts, value) : std::string_view());
 }
 
 void add_real(TableWriter& writer, double value) {
-  add_finite(writer, value);
+  std::string digits;
+  if (std::isfinite(value)) append_shortest(digits, value);
+  add_number(writer, digits);
 }
 
 void add_cell(TableWriter& writer, const Cell& cell) {

@@ -4,10 +4,12 @@
 // text that begins like a formula stands behind an apostrophe. Or the same table as the sheet at hand of a workbook.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "core/new_files.h"
 #include "sheets/workbook_writer.h"
@@ -24,6 +26,18 @@ constexpr std::string_view ending_of(TableForm form) {
   return form == TableForm::tabs ? ".tsv" : ".csv";
 }
 
+/// Texts of single precision by a few bits of the number: the last one with these bits. The same figures come again
+/// from animal to animal: full sibs have the same F.
+struct RealTexts {
+  struct Entry {
+    std::uint32_t bits = 0;
+    std::uint8_t length = 0;  ///< 0: nothing is kept here
+    std::array<char, 19> text = {};
+  };
+  std::vector<Entry> entries;  ///< empty until the first one is wanted
+  std::string found;           ///< working space
+};
+
 struct TableWriter {
   TableForm form = TableForm::tabs;
   NewFile* file = nullptr;             ///< null: the bytes stay in `text` (tests read them there)
@@ -31,6 +45,7 @@ struct TableWriter {
   std::string text;                    ///< what has not gone to the file yet
   bool is_in_row = false;              ///< the row at hand has a cell already
   bool is_plain = false;               ///< what begins like a formula is written as it is
+  RealTexts real_texts = {};
 };
 
 /// Adds a cell to the row at hand. Texts are bytes of the data file. Reals that are not finite make an empty cell.

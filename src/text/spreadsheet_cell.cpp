@@ -35,8 +35,16 @@ bool is_number(std::string_view text) {
 }  // namespace
 
 bool begins_a_formula(std::string_view text) {
-  constexpr std::string_view beginnings = "=+-@\t\r";
-  return !text.empty() && beginnings.find(text.front()) != std::string_view::npos && !is_number(text);
+  if (text.empty()) return false;
+  switch (text.front()) {
+    case '=':
+    case '+':
+    case '-':
+    case '@':
+    case '\t':
+    case '\r': return !is_number(text);
+    default: return false;  // nearly all texts
+  }
 }
 
 std::string as_text_cell(std::string_view text) {

@@ -46,8 +46,13 @@ ToolRefusal refusal_of_arguments(std::string_view subcommand, std::string_view p
   return {program + ": " + std::string(problem) + "\nTry: " + program + " --help", wrong_arguments};
 }
 
-int run_in_folder(std::string_view subcommand, std::string_view problem, ToolStreams& streams, const FolderStep& step) {
+int run_in_folder(std::string_view subcommand, std::string_view problem, ToolStreams& streams, const FolderStep& step,
+                  const EarlyStep& early_step) {
   if (!problem.empty()) return refuse(streams, refusal_of_arguments(subcommand, problem));
+  if (early_step) {
+    SteerSettings settings;
+    if (!read_settings_of_folder(settings)) early_step(settings);  // else the analysis says what is wrong with them
+  }
   AnalysedPopulation population;
   std::optional<ToolRefusal> refusal = analyse_folder(streams.stop_request, population);
   if (refusal) return refuse(streams, *refusal);
@@ -56,10 +61,14 @@ int run_in_folder(std::string_view subcommand, std::string_view problem, ToolStr
   return refusal ? refuse(streams, *refusal) : run.exit_status;
 }
 
-std::optional<ToolRefusal> refuse_changed_data(const FolderRun& run) {
+std::optional<ToolRefusal> refuse_other_data(const FolderRun& run, const FileState& state) {
+  if (state == run.population.data_state) return std::nullopt;
   const std::string name(run.population.settings.data_file_name.trimmed());
-  if (state_of_file(name) == run.population.data_state) return std::nullopt;
   return ToolRefusal{run.words(has_changed_meanwhile, {in_quotes(name)})};
+}
+
+std::optional<ToolRefusal> refuse_changed_data(const FolderRun& run) {
+  return refuse_other_data(run, state_of_file(std::string(run.population.settings.data_file_name.trimmed())));
 }
 
 FileProblem find_obstacle(const ReadFiles& read, const std::string& name, const Wording& is_in_use) {

@@ -51,9 +51,14 @@ struct FolderRun {
 
 using FolderStep = std::function<std::optional<ToolRefusal>(FolderRun& run)>;
 
+/// What is done with the settings of a folder while no population is in memory yet.
+using EarlyStep = std::function<void(const SteerSettings& settings)>;
+
 /// Computes the population of this folder and takes the step, unless something was wrong with the arguments
-/// (`problem`; empty: nothing). Says what stands in the way, and yields the exit status.
-int run_in_folder(std::string_view subcommand, std::string_view problem, ToolStreams& streams, const FolderStep& step);
+/// (`problem`; empty: nothing). Says what stands in the way, and yields the exit status. The early step is taken
+/// before, where there is one and the settings can be read.
+int run_in_folder(std::string_view subcommand, std::string_view problem, ToolStreams& streams, const FolderStep& step,
+                  const EarlyStep& early_step = {});
 
 /// What a run reads: the steer file, the data file that it names, and lists, of which empty names are none.
 struct ReadFiles {
@@ -68,6 +73,8 @@ FileProblem find_obstacle(const ReadFiles& read, const std::string& name, const 
 
 /// Refuses to go on when the data file is no longer the one that the population was computed from.
 std::optional<ToolRefusal> refuse_changed_data(const FolderRun& run);
+/// Refuses when the population was not computed from the data file as it was in this state.
+std::optional<ToolRefusal> refuse_other_data(const FolderRun& run, const FileState& state);
 
 /// Why nothing can be written under `name`; an older file of its kind does not stand in the way. No name: it can.
 /// Beside the steer file and the data file the run reads `lists`, of which empty names are none; `is_in_use` is said

@@ -85,7 +85,7 @@ std::optional<ToolRefusal> make_page_file(const FolderRun& run, const PageOption
   TextOutput silent;
   const std::vector<Block> blocks = analyse_subpopulations(run.population, silent);
   const Diversity diversity = compute_diversity(run.population.store, std::move(reference));
-  const std::optional<CheckResult> check = check_population(run);
+  const std::optional<CheckResult> check = check_population(run.population.settings, run.streams);
   if (std::optional<ToolRefusal> refusal = refuse_changed_data(run)) return refusal;
   if (is_stop_requested(run.streams)) return ToolRefusal{run.words(was_stopped)};
   const CheckResult* const found = check ? &*check : nullptr;

@@ -8,7 +8,7 @@
 
 namespace pedigreewatch {
 
-/// What the checks find in the data file; nothing when it can no longer be read.
-std::optional<CheckResult> check_population(const FolderRun& run);
+/// What the checks find in the data file that the settings name; nothing when it cannot be read.
+std::optional<CheckResult> check_population(const SteerSettings& steer, ToolStreams& streams);
 
 }  // namespace pedigreewatch

@@ -279,18 +279,28 @@ std::optional<ToolRefusal> write_tables(Tables& tables, const TablesOptions& opt
   return ToolRefusal{run.words(not_written, {shown(problem.name), problem.reason})};
 }
 
-/// What the check has found is let go when the verdict is known: it is as large as the population.
-Standing judge_population(const FolderRun& run, const StandingSettings& settings) {
-  const std::optional<CheckResult> check = check_population(run);
-  return stand_of(run.population, settings, check ? &*check : nullptr);
+/// What the verdict needs of the check of the data file, and in which state the file was when it began.
+struct EarlyCheck {
+  FileState state;
+  VerdictFaults faults;
+};
+
+/// The check and the population each take as much memory: what is found is let go before the population is there.
+EarlyCheck check_early(const SteerSettings& settings, ToolStreams& streams) {
+  EarlyCheck early;
+  early.state = state_of_file(std::string(settings.data_file_name.trimmed()));
+  if (const std::optional<CheckResult> check = check_population(settings, streams)) {
+    early.faults = faults_of_verdict(*check);
+  }
+  return early;
 }
 
-std::optional<ToolRefusal> make_tables(const FolderRun& run, const TablesOptions& options) {
+std::optional<ToolRefusal> make_tables(const FolderRun& run, const TablesOptions& options, const EarlyCheck& check) {
   ReferencePopulation reference;
   if (std::optional<ToolRefusal> refusal = choose_reference(run, options.reference, reference)) return refusal;
   if (is_stop_requested(run.streams)) return ToolRefusal{run.words(was_stopped)};
-  const Standing standing = judge_population(run, options.standing);
-  if (std::optional<ToolRefusal> refusal = refuse_changed_data(run)) return refusal;
+  if (std::optional<ToolRefusal> refusal = refuse_other_data(run, check.state)) return refusal;
+  const Standing standing = stand_of(run.population, options.standing, check.faults);
   const Diversity diversity = compute_diversity(run.population.store, std::move(reference));
   const PopulationFigures figures = compute_figures(run.population.store, diversity, options.wants_ancestors);
   Tables tables{run, diversity, standing, figures, options.form, options.wants_founders, options.is_plain};
@@ -310,7 +320,10 @@ int run_tables(std::span<const std::string_view> arguments, ToolStreams& streams
   if (problem.empty() && options.wants_workbook && options.form == TableForm::commas) {
     problem = "--csv and --workbook: only one of them can be given";
   }
-  return run_in_folder("tables", problem, streams, [&](FolderRun& run) { return make_tables(run, options); });
+  EarlyCheck check;
+  return run_in_folder(
+      "tables", problem, streams, [&](FolderRun& run) { return make_tables(run, options, check); },
+      [&](const SteerSettings& settings) { check = check_early(settings, streams); });
 }
 
 }  // namespace pedigreewatch
