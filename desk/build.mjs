@@ -53,13 +53,13 @@ const parts = await partsOfPage();
 writeFileSync(join(work, "page_script.js"), `export function readFigures() {\n${parts.script}\n}\n`);
 const style = readFileSync("desk/style.css", "utf8");
 const script = inScript(bundle("main"));
-// Compressed by a good half, in letters of which a script can hold any. Browsers that know vectors in WebAssembly know
-// how to decompress too.
-const core = gzipSync(coreBytes, { level: 9 }).toString("base64");
+/** Compressed, in letters of which a script can hold any. Browsers that know vectors in WebAssembly know how to decompress
+ * too (gunzip.ts). */
+const packed = (bytes) => gzipSync(bytes, { level: 9 }).toString("base64");
 const worker = inScript(`${coreScript}
-const deskCoreBytes = "${core}";
+const deskCoreBytes = "${packed(coreBytes)}";
 ${bundle("worker")}`);
-const example = (folder, name) => inScript(readFileSync(join("examples", folder, name), "latin1"));
+const example = (folder, name) => packed(readFileSync(join("examples", folder, name)));
 const policy = ["default-src 'none'", `script-src ${hashOf(script)} 'wasm-unsafe-eval'`, "worker-src blob:",
   `style-src ${hashOf(style)} ${hashOf(parts.style)}`, "connect-src 'none'", "base-uri 'none'", "form-action 'none'"].join("; ");
 const version = readFileSync("CMakeLists.txt", "utf8").match(/^project\(pedigreewatch VERSION (\S+)/m)[1];

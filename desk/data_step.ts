@@ -4,6 +4,7 @@ import { applySettings, changeSetting, openAgain, openNew, showProblem, text } f
 import type { Desk } from "./desk";
 import { settingsOfAnswers } from "./answers";
 import { button, byId, chooser, make, nameOf, shownNumber } from "./dom";
+import { gunzip } from "./gunzip";
 import type { ExportAnswer, OpenQuestion } from "./protocol";
 import type { TextName } from "./texts";
 
@@ -28,10 +29,10 @@ export function takeFiles(desk: Desk, files: File[]): void {
   void openNew(desk, files);
 }
 
-function openExample(desk: Desk): void {
-  const content = byId(`example-${desk.language}`).textContent ?? "";
+async function openExample(desk: Desk): Promise<void> {
   const [file, name, species] = desk.language === "nl" ? ["heide.txt", "Heideschaap", "schaap"] : ["moorland.txt", "Moorland Sheep", "sheep"];
-  void openNew(desk, [new File([content.trimStart()], file, { type: "text/plain" })], [["name", name], ["species", species], ["known", "all"]]);
+  const content = await gunzip(byId(`example-${desk.language}`).textContent ?? "");
+  void openNew(desk, [new File([content], file, { type: "text/plain" })], [["name", name], ["species", species], ["known", "all"]]);
 }
 
 function drawDrop(desk: Desk): HTMLElement {
@@ -41,7 +42,7 @@ function drawDrop(desk: Desk): HTMLElement {
   const area = make("div", { class: "drop" },
     make("p", { id: "drop-hint" }, `${text(desk, "dropHere")} ${text(desk, "orPair")}`),
     make("p", {}, button(text(desk, "chooseFiles"), () => input.click(), { id: "choose-files", "aria-describedby": "drop-hint" }), input),
-    make("p", {}, text(desk, "noFileYet"), button(text(desk, "tryExample"), () => openExample(desk))));
+    make("p", {}, text(desk, "noFileYet"), button(text(desk, "tryExample"), () => void openExample(desk))));
   area.addEventListener("dragover", (event) => {
     event.preventDefault();
     area.classList.add("over");

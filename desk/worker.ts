@@ -3,6 +3,7 @@
 
 import { bytesOfFile, Unreadable } from "./chosen_files";
 import type { ChosenFile } from "./chosen_files";
+import { gunzip } from "./gunzip";
 import { operations, upkeep } from "./operations";
 import type { Messages, Question } from "./protocol";
 import { unpackArchive } from "./unpack";
@@ -28,8 +29,6 @@ interface Core {
 declare function createDeskCore(options: { wasmBinary: ArrayBuffer }): Promise<Core>;
 /** The compiled core, compressed, in base64. */
 declare const deskCoreBytes: string;
-interface Decompressor { readonly readable: ReadableStream<Uint8Array>; readonly writable: WritableStream<Uint8Array>; }
-declare const DecompressionStream: new (format: "gzip") => Decompressor;
 declare function postMessage(message: unknown, transfer?: Transferable[]): void;
 
 const exportFolder = "/export", runFolder = "/run";
@@ -74,14 +73,8 @@ function askForObject(desk: Desk, procedure: Procedure, values: (string | number
   return JSON.parse(answerText(desk));
 }
 
-/** Bytes in base64 that gzip has compressed, as they were before. */
-function unpack(text: string): Promise<ArrayBuffer> {
-  const bytes = Uint8Array.from(atob(text), (letter) => letter.charCodeAt(0));
-  return new Response(new Blob([bytes]).stream().pipeThrough(new DecompressionStream("gzip"))).arrayBuffer();
-}
-
 async function createDesk(): Promise<Desk> {
-  const core = await createDeskCore({ wasmBinary: await unpack(deskCoreBytes) });
+  const core = await createDeskCore({ wasmBinary: await gunzip(deskCoreBytes) });
   core.FS.mkdir(exportFolder);
   core.FS.mkdir(runFolder);
   core.FS.chdir(exportFolder);
