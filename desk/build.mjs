@@ -33,7 +33,7 @@ async function partsOfPage() {
     if (text === "") throw new Error(`the page of results has no ${name}`);
     return text;
   };
-  return { style: part("style"), script: part("script") };
+  return { style: part("style"), cardStyle: part("animalStyle"), script: part("script") };
 }
 
 function bundle(entry) {
@@ -61,9 +61,9 @@ const deskCoreBytes = "${packed(coreBytes)}";
 ${bundle("worker")}`);
 const example = (folder, name) => packed(readFileSync(join("examples", folder, name)));
 const policy = ["default-src 'none'", `script-src ${hashOf(script)} 'wasm-unsafe-eval'`, "worker-src blob:",
-  `style-src ${hashOf(style)} ${hashOf(parts.style)}`, "connect-src 'none'", "base-uri 'none'", "form-action 'none'"].join("; ");
+  `style-src ${hashOf(style)} ${hashOf(parts.style)} ${hashOf(parts.cardStyle)}`, "connect-src 'none'", "base-uri 'none'", "form-action 'none'"].join("; ");
 const version = readFileSync("CMakeLists.txt", "utf8").match(/^project\(pedigreewatch VERSION (\S+)/m)[1];
-const values = { version, policy, style, "page-style": parts.style, worker, script,
+const values = { version, policy, style, "page-style": parts.style, "card-style": parts.cardStyle, worker, script,
   "example-en": example("moorland-en", "moorland.txt"), "example-nl": example("heide-nl", "heide.txt") };
 const page = readFileSync("desk/index.html", "utf8").replace(/@([a-z-]+)@/g, (_place, name) => values[name]);
 writeFileSync(output, page);

@@ -1,5 +1,6 @@
 // The third step: the findings by kind, and a window of their list with the lines as they stand in the file.
 
+import { animalButton } from "./card";
 import { ask } from "./client";
 import { bytesOf, text, work } from "./desk";
 import type { Desk } from "./desk";
@@ -9,8 +10,8 @@ import type { CheckAnswer, FindingRow } from "./protocol";
 const rowsShown = 50;
 
 function drawKinds(desk: Desk, answer: CheckAnswer, choose: (kind: string) => void): HTMLElement {
-  const rows = answer.kinds.map(({ name, title, severity, severityText, parts, count }) => make("tr", {},
-    make("th", { scope: "row" }, title, " ", make("small", {}, name)), make("td", { class: "number" }, shownNumber(count, desk.language)),
+  const rows = answer.kinds.map(({ name, title, severity, severityText, parts, advice, count }) => make("tr", {},
+    make("th", { scope: "row" }, title, advice === "" ? null : make("small", {}, advice)), make("td", { class: "number" }, shownNumber(count, desk.language)),
     make("td", { class: `severity-${severity}` }, severityText), make("td", {}, parts),
     make("td", {}, button(text(desk, "show"), () => choose(name), { "aria-label": `${text(desk, "show")}: ${title}`, "aria-pressed": String(desk.kind === name) }))));
   const heading = (name: Parameters<typeof text>[1]) => make("th", { scope: "col", class: name === "count" ? "number" : "" }, text(desk, name));
@@ -19,9 +20,10 @@ function drawKinds(desk: Desk, answer: CheckAnswer, choose: (kind: string) => vo
       heading("wrongFigures"), heading("show"))), make("tbody", {}, ...rows)));
 }
 
-function drawRow(row: FindingRow): HTMLElement {
+function drawRow(desk: Desk, row: FindingRow): HTMLElement {
+  const canPress = row.id !== "" && desk.check?.canRun === true;
   return make("tr", {}, make("td", { class: "number" }, row.line > 0 ? String(row.line) : "–"),
-    make("td", {}, nameOf(row.id)), make("td", { class: `severity-${row.severity}` }, row.kind),
+    make("td", {}, canPress ? animalButton({ id: row.id }) : nameOf(row.id)), make("td", { class: `severity-${row.severity}` }, row.kind),
     make("td", {}, make("div", {}, nameOf(row.text)), make("div", { class: "original" }, row.original)));
 }
 
@@ -41,7 +43,7 @@ function createList(desk: Desk): { element: HTMLElement; show: () => void } {
     if (desk.firstFinding >= count) desk.firstFinding = Math.max(0, Math.ceil(count / rowsShown) - 1) * rowsShown;
     const { rows } = await ask<{ rows: FindingRow[] }>(desk.client, "listFindings", [desk.firstFinding, rowsShown]);
     if (mine !== newest) return;
-    body.replaceChildren(...rows.map(drawRow));
+    body.replaceChildren(...rows.map((row) => drawRow(desk, row)));
     const shown = (value: number) => shownNumber(value, desk.language);
     place.textContent = text(desk, "showing", shown(Math.min(desk.firstFinding + 1, count)),
       shown(Math.min(desk.firstFinding + rowsShown, count)), shown(count));

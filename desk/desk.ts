@@ -36,6 +36,10 @@ export interface Desk {
   /** What the board says, as it was typed: the year of its rule, its limits in per cent. */
   board: { ruleYear: string; sireShare: string; mostF: string };
   body?: string;
+  /** Counts the results: a card of earlier ones is not shown. */
+  resultsNumber: number;
+  /** Selects what the first card was opened from. */
+  cardOpener?: string;
   report?: string;
   wasCancelled: boolean;
   /** The worker has the files and settings. */
@@ -67,7 +71,7 @@ export interface DeskPlan {
 export function createDesk(language: Language, draw: (desk: Desk) => void): Desk {
   const desk: Desk = {
     client: createClient((phase) => showPhase(desk, phase)), language, reportLanguage: language, step: "data", files: [], settings: new Map(), board: { ruleYear: "", sireShare: "", mostF: "" },
-    refusals: [], wasCancelled: false, isOpen: false, isSaved: false, busy: 0, working: Promise.resolve(), cancellations: 0, kind: "", filter: "", firstFinding: 0, view: "charts",
+    refusals: [], resultsNumber: 0, wasCancelled: false, isOpen: false, isSaved: false, busy: 0, working: Promise.resolve(), cancellations: 0, kind: "", filter: "", firstFinding: 0, view: "charts",
     draw: () => draw(desk),
   };
   return desk;
@@ -93,6 +97,7 @@ export function settingsText(desk: Desk): string {
 
 /** Forgets what came of the settings, not the settings. */
 export function forgetRun(desk: Desk): void {
+  ++desk.resultsNumber;
   desk.written = desk.check = desk.run = desk.body = desk.report = desk.pair = desk.males = undefined;
   desk.female = desk.male = desk.years = desk.plan = undefined;
   desk.kind = desk.filter = "";

@@ -1,5 +1,6 @@
 // The page itself: its language, the five steps, and what happens when one of them is entered.
 
+import { listenForCards } from "./card";
 import { drawCheck } from "./check_step";
 import { filesOfDrop } from "./chosen_files";
 import { drawData, takeFiles } from "./data_step";
@@ -107,6 +108,7 @@ function start(): void {
   addEventListener("beforeunload", (event) => {
     if (desk.run !== undefined && desk.run.messages.length === 0 && !desk.isSaved) event.preventDefault();
   });
+  listenForCards(desk);
   draw(desk);
 }
 

@@ -3,36 +3,20 @@
 import { ask } from "./client";
 import { bytesOf, text, work } from "./desk";
 import type { Desk } from "./desk";
-import { afterPause, button, chooser, decimal, make, nameOf, percentage, save, shownNumber } from "./dom";
+import { button, chooser, decimal, make, nameOf, percentage, save, shownNumber } from "./dom";
+import { animalButton } from "./card";
 import { drawPlan } from "./plan_part";
+import { describe, drawSearch } from "./search";
 import type { Animal, MaleRow, PairAnswer } from "./protocol";
 
 const rowsShown = 50;
 
-function describe(desk: Desk, animal: Animal): HTMLElement {
-  const year = animal.year === 0 ? "" : `, ${animal.year}`;
-  return make("span", {}, nameOf(animal.id), animal.name === "" || animal.name === "-" ? "" : " ", nameOf(animal.name === "-" ? "" : animal.name),
-    `${year}, F ${percentage(animal.f, desk.language, 1)}`);
-}
-
-/** A field in which the beginning of an id or a name is typed, and the animals that begin so. */
-function drawSearch(desk: Desk, role: "female" | "male", chosen: (animal: Animal) => void): HTMLElement {
-  const input = make("input", { type: "search", id: `search-${role}`, size: 28, autocomplete: "off" });
-  const found = make("ul", { class: "found", hidden: true, "aria-label": text(desk, role) }), status = make("p", { class: "hint", role: "status" });
-  let newest = 0;
-  const look = async () => {
-    const mine = ++newest;
-    const { animals } = await ask<{ animals: Animal[] }>(desk.client, "find", [input.value, role === "male" ? 1 : 2]);
-    if (mine !== newest) return;
-    found.replaceChildren(...animals.map((animal) => make("li", {}, make("button", { type: "button", click: () => chosen(animal) }, describe(desk, animal)))));
-    found.hidden = animals.length === 0;
-    status.textContent = animals.length === 0 && input.value.trim() !== "" ? text(desk, "noneFound") : "";
-  };
-  input.addEventListener("input", afterPause(120, () => void look().catch(() => undefined)));
+/** A search for one of the pair, and who has been chosen. */
+function drawChoice(desk: Desk, role: "female" | "male", chosen: (animal: Animal) => void): HTMLElement {
   const animal = desk[role];
-  return make("div", {}, make("label", { for: `search-${role}` }, make("strong", {}, text(desk, role)), ` – ${text(desk, "typeId")}`),
-    make("div", {}, input), status, found,
-    animal === undefined ? null : make("p", { id: `chosen-${role}` }, text(desk, "chosen"), describe(desk, animal)));
+  return make("div", {}, drawSearch(desk, { id: `search-${role}`, sex: role === "male" ? 1 : 2, take: chosen,
+    label: [make("strong", {}, text(desk, role)), document.createTextNode(` – ${text(desk, "typeId")}`)] }),
+    animal === undefined ? null : make("p", { id: `chosen-${role}` }, text(desk, "chosen"), describe(desk, animal), " ", animalButton(animal)));
 }
 
 async function describePair(desk: Desk): Promise<void> {
@@ -41,11 +25,11 @@ async function describePair(desk: Desk): Promise<void> {
 }
 
 function drawPair(desk: Desk, pair: PairAnswer): HTMLElement {
-  const rows = pair.ancestors.map((ancestor) => make("tr", {}, make("td", {}, nameOf(ancestor.id)), make("td", {}, nameOf(ancestor.name)),
+  const rows = pair.ancestors.map((ancestor) => make("tr", {}, make("td", {}, animalButton(ancestor)), make("td", {}, nameOf(ancestor.name)),
     make("td", { class: "number" }, ancestor.year === 0 ? "–" : String(ancestor.year)),
     make("td", { class: "number" }, percentage(ancestor.contribution, desk.language))));
   const heading = (name: Parameters<typeof text>[1], isNumber = false) => make("th", { scope: "col", class: isNumber ? "number" : "" }, text(desk, name));
-  const kinship = (parent: PairAnswer["sire"]) => make("p", { class: "note" }, nameOf(parent.id), `: ${text(desk, "meanKinship")}: ${percentage(parent.meanKinship, desk.language)}`);
+  const kinship = (parent: PairAnswer["sire"]) => make("p", { class: "note" }, animalButton(parent), `: ${text(desk, "meanKinship")}: ${percentage(parent.meanKinship, desk.language)}`);
   return make("div", { id: "pair" }, make("p", {}, `${text(desk, "offspringF")}: `, make("span", { class: "figure", id: "offspring-f" }, percentage(pair.offspringF, desk.language))),
     pair.isBeyond === true ? make("p", { class: "problem", id: "beyond" }, text(desk, "pairBeyond", percentage(pair.limit, desk.language, 2))) : null,
     kinship(pair.dam), kinship(pair.sire),
@@ -78,7 +62,7 @@ function drawMales(desk: Desk, males: NonNullable<Desk["males"]>): HTMLElement {
   const columns = 8;
   const apart = make("tr", {}, make("th", { scope: "colgroup", colspan: columns }, text(desk, "shallowMales")));
   const firstShallow = males.rows.find((row) => row.isShallow);
-  const rows = males.rows.flatMap((row) => [...(row === firstShallow ? [apart] : []), make("tr", {}, make("td", {}, nameOf(row.id)), make("td", {}, nameOf(row.name === "-" ? "" : row.name)),
+  const rows = males.rows.flatMap((row) => [...(row === firstShallow ? [apart] : []), make("tr", {}, make("td", {}, animalButton(row)), make("td", {}, nameOf(row.name === "-" ? "" : row.name)),
     make("td", { class: "number" }, row.year === 0 ? "–" : String(row.year)),
     make("td", { class: row.isBeyond ? "number beyond" : "number" }, row.isBeyond ? "▲ " : "", percentage(row.offspringF, desk.language)),
     make("td", { class: "number" }, percentage(row.meanKinship, desk.language)), make("td", { class: "number" }, decimal(row.equivalents, desk.language)),
@@ -123,7 +107,7 @@ export function drawMatings(desk: Desk, compute: () => void): HTMLElement[] {
     }).then(() => document.getElementById(`search-${role}`)?.focus());
   };
   return [make("h2", {}, text(desk, "pairTitle")),
-    make("div", { class: "pair" }, drawSearch(desk, "female", take("female")), drawSearch(desk, "male", take("male"))),
+    make("div", { class: "pair" }, drawChoice(desk, "female", take("female")), drawChoice(desk, "male", take("male"))),
     ...(desk.pair === undefined ? [] : [drawPair(desk, desk.pair)]), make("h2", {}, text(desk, "allMales")), drawYears(desk),
     ...(desk.males === undefined ? [] : [drawMales(desk, desk.males)]), ...drawPlan(desk)];
 }

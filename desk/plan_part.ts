@@ -1,5 +1,6 @@
 // The plan of the fifth step: three fields and limits, the comparison, and the matings, which can be changed by hand.
 
+import { animalButton } from "./card";
 import { ask } from "./client";
 import { bytesOf, text, work } from "./desk";
 import type { Desk, DeskPlan } from "./desk";
@@ -97,7 +98,7 @@ function drawRow(desk: Desk, plan: DeskPlan, row: PlanRow, place: number): HTMLE
       desk.draw();
     }, named(plan.swapping === place ? "planSwapNot" : "planSwap"));
   const fix: TextName = row.isFixed ? "planLoosen" : "planFix";
-  const cells = (animal: Animal) => [make("td", {}, nameOf(animal.id)), make("td", {}, nameOf(animal.name === "-" ? "" : animal.name))];
+  const cells = (animal: Animal) => [make("td", {}, animalButton(animal)), make("td", {}, nameOf(animal.name === "-" ? "" : animal.name))];
   return make("tr", {}, ...cells(row.female), ...cells(row.male), make("td", { class: "number" }, percentage(row.f, desk.language)),
     make("td", {}, button(text(desk, fix), () => change(desk, plan, "fix", place), named(fix)), " ",
       button(text(desk, "planForbid"), () => change(desk, plan, "forbid", place), named("planForbid")), " ", swap));

@@ -36,7 +36,8 @@ export interface FilesAnswer extends Messages {
 }
 
 export interface FindingKind {
-  name: string; title: string; severity: "S" | "W" | "L"; severityText: string; parts: string; count: number;
+  name: string; title: string; severity: "S" | "W" | "L"; severityText: string; parts: string; count: number; advice: string;
+  canDropDates: boolean; canDropParents: boolean;
 }
 export interface CheckAnswer extends Messages {
   animals: number; canRun: boolean; isFromExport: boolean; count: number; kinds: FindingKind[];
@@ -49,6 +50,9 @@ export interface FindingRow {
 export interface RunAnswer extends Messages { animals: number; firstYear: number; lastYear: number; reportName: string; }
 
 export interface Animal { position: number; id: string; name: string; isMale: boolean; year: number; f: number | null; }
+/** The first animals that a search has found, and how many there are. */
+export interface FoundAnimals { animals: Animal[]; count: number; }
+export interface CardAnswer { position: number; id: string; name: string; html?: string; }
 export interface Parent extends Animal { meanKinship: number | null; }
 export interface PairAnswer {
   offspringF: number | null; limit?: number; isBeyond?: boolean; sire: Parent; dam: Parent; ancestors: (Animal & { contribution: number | null })[];

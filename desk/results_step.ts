@@ -1,11 +1,13 @@
 // The fourth step: the page of the results, the report, and everything to keep. The page is HTML that the core has
 // written, with every name in it escaped.
 
+import { openCard } from "./card";
 import { ask } from "./client";
 import { bytesOf, showProblem, text, work } from "./desk";
 import type { Desk } from "./desk";
 import { button, make, save } from "./dom";
 import { workbookOf, workbookType } from "./workbook";
+import { drawSearch } from "./search";
 import type { TextName } from "./texts";
 // The script of the page, which makes its charts readable with mouse and arrow keys.
 import { readFigures } from "page-script";
@@ -89,5 +91,7 @@ export function drawResults(desk: Desk, compute: () => void): HTMLElement[] {
   const views = make("div", { class: "row", role: "group", "aria-label": text(desk, "view") },
     button(text(desk, "charts"), () => choose("charts"), { "aria-pressed": String(desk.view === "charts") }),
     button(text(desk, "reportText"), () => choose("text"), { "aria-pressed": String(desk.view === "text") }));
-  return [drawSaving(desk), drawBoard(desk), views, desk.view === "charts" ? drawBody(desk) : drawReport(desk)];
+  const lookUp = drawSearch(desk, { id: "search-animal", sex: 0, take: ({ position }) => openCard(desk, position),
+    label: [make("strong", {}, text(desk, "lookUp")), document.createTextNode(` – ${text(desk, "typeId")}`)] });
+  return [lookUp, drawSaving(desk), drawBoard(desk), views, desk.view === "charts" ? drawBody(desk) : drawReport(desk)];
 }

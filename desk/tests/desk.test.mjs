@@ -118,7 +118,7 @@ test("AnAnimalThatIsItsOwnAncestorIsFoundAndStopsTheResults", () => withDesk(asy
   await page.select("#species", "dog");
   await idle(page);
   await enter(page, "check");
-  assert.match(await textOf(page, "#step"), /An animal is its own ancestor loop/);
+  assert.match(await textOf(page, "#step"), /An animal is its own ancestor/);
   assert.ok(await page.$eval("#step-results", (button) => button.disabled));
   await pressButton(page, "Show");
   await page.waitForFunction(() => document.querySelectorAll("#findings tbody tr").length > 0);
@@ -174,7 +174,7 @@ test("HostileNamesAreTextOnEveryStep", () => withDesk(async (page, desk) => {
     assert.ok(await isClean(), step);
   }
   await page.type("#search-female", "<script>");
-  await page.waitForSelector(".found button");
+  await page.waitForSelector(".found li");
   assert.match(await textOf(page, ".found"), /<script>alert\(1\)/);
   assert.ok(await isClean());
 }));
@@ -386,8 +386,10 @@ test("TheKeyboardAloneIsEnough", () => withDesk(async (page) => {
   await idle(page);
   await tabTo("#search-female");
   await page.keyboard.type("HS");
-  await page.waitForSelector(".found button");
-  await press(".found button");
+  await page.waitForSelector("#search-female-list li");
+  await page.keyboard.press("ArrowDown");
+  await page.keyboard.press("Enter");
+  await idle(page);
   await press("#rank");
   assert.ok(await page.$("#males table"));
 }));
@@ -476,11 +478,8 @@ test("EveryStepIsAccessibleAndIsPictured", () => withDesk(async (page) => {
     if (step === "matings") {
       for (const [role, number] of [["female", "HS033"], ["male", "HS031"]]) {
         await page.type(`#search-${role}`, number);
-        await page.waitForSelector(`#search-${role}`);
-        await page.waitForFunction((name) => [...document.querySelectorAll("ul.found")].some((list) => !list.hidden && list.ariaLabel === name),
-          {}, role === "female" ? "Female" : "Male");
-        await page.evaluate((name) => [...document.querySelectorAll("ul.found")].find((list) => list.ariaLabel === name).querySelector("button").click(),
-          role === "female" ? "Female" : "Male");
+        await page.waitForSelector(`#search-${role}-list li`);
+        await page.click(`#search-${role}-list li`);
         await idle(page);
         await page.waitForSelector(`#chosen-${role}`);
       }

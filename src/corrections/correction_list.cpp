@@ -108,11 +108,10 @@ CorrectionList read_corrections(std::string_view text) {
   constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
   if (text.starts_with(byte_order_mark)) text.remove_prefix(byte_order_mark.size());
   CorrectionList list;
-  bool is_first = true;
   for (std::int64_t number = 1; !text.empty(); ++number) {
     const std::string_view line = take_up_to(text, '\n');
     if (correction_cell(line).empty()) continue;
-    if (!std::exchange(is_first, false) || !is_heading(line)) read_line(list, line, number);
+    if (!is_heading(line)) read_line(list, line, number);
   }
   return list;
 }

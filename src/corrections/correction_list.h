@@ -43,9 +43,9 @@ struct CorrectionList {
   std::vector<CorrectionFault> faults;
 };
 
-/// Reads a list: a heading, and a line for each correction with tabs between id, field, was, becomes, why and when; the
-/// last two may be missing. A byte order mark, blank lines, and quotation marks that a spreadsheet has put around a
-/// cell are read over.
+/// Reads a list: a heading (another one further down, where lists were joined, is read over), and a line for each
+/// correction with tabs between id, field, was, becomes, why and when; the last two may be missing. A byte order mark,
+/// blank lines, and quotation marks that a spreadsheet has put around a cell are read over.
 CorrectionList read_corrections(std::string_view text);
 
 /// The list as text: what `read_corrections` reads.

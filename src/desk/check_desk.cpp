@@ -9,11 +9,13 @@
 
 #include "checks/check_report.h"
 #include "checks/finding_kinds.h"
+#include "checks/mending_advice.h"
 #include "checks/readable_text.h"
 #include "control/check_setup.h"
 #include "core/line_reader.h"
 #include "desk/board_desk.h"
 #include "desk/json_text.h"
+#include "desk/mending_desk.h"
 #include "intake/column_recognition.h"
 #include "text/folded_words.h"
 
@@ -63,7 +65,11 @@ void add_kinds(JsonText& json, const Desk& desk) {
     add_text(json, "severity", letter_of(kind.severity));
     add_text(json, "severityText", heading_of(kind.severity, desk.language));
     add_text(json, "parts", kind.severity == Severity::falsifies ? list_parts(kind.parts, desk.language) : "");
+    add_text(json, "advice", words_of(mending_advice(kind.code), desk.language));
     add_integer(json, "count", counts[k]);
+    const WaysOn ways = has_export_lines(desk) ? ways_on(kind.code) : WaysOn();
+    add_logical(json, "canDropDates", ways.dates);
+    add_logical(json, "canDropParents", ways.parents);
     end_object(json);
   }
   end_list(json);

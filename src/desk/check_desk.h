@@ -11,7 +11,8 @@
 namespace pedigreewatch {
 
 /// Checks the data file. Yields an object: messages, animals, canRun, isFromExport (whether lines are
-/// those of an export), count, kinds (name, title, severity, severityText, parts, count).
+/// those of an export), count, kinds (name, title, severity,
+/// severityText, parts, advice, count, canDropDates, canDropParents).
 std::string check_files(Desk& desk);
 
 /// Chooses the findings of one kind ("" for all), with `filter` in their identification or their text, capitals alike.

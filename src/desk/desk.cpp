@@ -8,6 +8,7 @@ void forget_run(Desk& desk) {
   desk.results.reset();
   desk.males.clear();
   desk.males_for_dam = 0;
+  desk.card_of = 0;
   desk.plan.reset();
   std::vector<std::uint32_t>().swap(desk.chosen_findings);
 }
@@ -17,6 +18,7 @@ void forget_all(Desk& desk) {
   desk.has_export = false;
   desk.preparation = {};
   desk.options = {};
+  desk.corrections.clear();
   desk.settings.clear();
 }
 

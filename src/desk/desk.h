@@ -39,7 +39,8 @@ struct DeskResults {
   Diversity diversity;
   Standing standing;
   PopulationFigures figures;
-  std::string report;  ///< the bytes of the report, in Windows-1252
+  ByNumber<Flag> may_live;  ///< by position: not older than parents of the last years were
+  std::string report;       ///< the bytes of the report, in Windows-1252
 };
 
 /// A breeding plan, as it was made and changed by hand.
@@ -62,6 +63,7 @@ struct Desk {
   PrepareOptions options;   ///< the same, in the language of the desk
   bool has_export = false;  ///< `preparation` has the text of the export
   Preparation preparation;
+  std::vector<Correction> corrections;  ///< of the export, as they are applied
 
   std::optional<RunFiles> files;
   std::optional<SteerSettings> steer;
@@ -71,6 +73,7 @@ struct Desk {
   std::optional<DeskResults> results;
   std::vector<RankedMale> males;  ///< of the last question for all males
   std::int32_t males_for_dam = 0;
+  std::int32_t card_of = 0;  ///< position of the animal of the last card
   std::optional<DeskPlan> plan;
 };
 

@@ -7,16 +7,19 @@
 #include <string>
 #include <utility>
 
+#include "desk/animal_desk.h"
 #include "desk/board_desk.h"
 #include "desk/check_desk.h"
 #include "desk/desk.h"
 #include "desk/export_desk.h"
 #include "desk/json_text.h"
 #include "desk/matings_desk.h"
+#include "desk/mending_desk.h"
 #include "desk/plan_desk.h"
 #include "desk/run_desk.h"
 #include "desk/tables_desk.h"
 #include "desk/workbook_desk.h"
+#include "page/animal_style.h"
 #include "page/page.h"
 
 struct DeskHandle {
@@ -73,6 +76,7 @@ std::string text_named(const Desk& desk, std::string_view name) {
       {"report", pedigreewatch::report_bytes},
       {"reportText", pedigreewatch::report_text},
       {"findings", pedigreewatch::findings_table},
+      {"animalPage", pedigreewatch::animal_page},
       {"males", pedigreewatch::males_table},
       {"plan", pedigreewatch::plan_table},
       {"contributions", pedigreewatch::contributions_table},
@@ -91,6 +95,7 @@ std::string text_named(const Desk& desk, std::string_view name) {
       {"founders", pedigreewatch::founders_table},
       {"workbook", pedigreewatch::tables_workbook},
       {"style", [](const Desk&) { return std::string(pedigreewatch::page_style()); }},
+      {"animalStyle", [](const Desk&) { return std::string(pedigreewatch::animal_style()); }},
       {"script", [](const Desk&) { return std::string(pedigreewatch::page_script()); }},
   });
   for (const TextOfDesk& text : texts) {
@@ -161,6 +166,25 @@ void desk_list_findings(DeskHandle* handle, std::int32_t first, std::int32_t cou
   answer(handle, [&](Desk& desk) { return pedigreewatch::list_findings(desk, size_from(first), size_from(count)); });
 }
 
+void desk_set_corrections(DeskHandle* handle, const char* list) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::set_corrections(desk, list); });
+}
+
+void desk_correct(DeskHandle* handle, std::int32_t line, const char* field, const char* becomes, const char* why,
+                  std::int32_t is_everywhere) {
+  answer(handle, [&](Desk& desk) {
+    return pedigreewatch::propose_correction(desk, {line, field, becomes, why, is_everywhere != 0});
+  });
+}
+
+void desk_go_on(DeskHandle* handle, const char* kind, const char* what) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::propose_going_on(desk, kind, what); });
+}
+
+void desk_finding_lines(DeskHandle* handle, std::int32_t place) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::finding_lines(desk, size_from(place)); });
+}
+
 void desk_run(DeskHandle* handle) {
   answer(handle, [](Desk& desk) { return pedigreewatch::run_analysis(desk); });
 }
@@ -170,6 +194,14 @@ void desk_find(DeskHandle* handle, const char* text, std::int32_t sex) {
   if (sex == 1) wanted = pedigreewatch::male;
   if (sex == 2) wanted = pedigreewatch::female;
   answer(handle, [&](Desk& desk) { return pedigreewatch::find_in_results(desk, text, wanted); });
+}
+
+void desk_animal(DeskHandle* handle, std::int32_t position) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::animal_card(desk, position); });
+}
+
+void desk_position(DeskHandle* handle, const char* id) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::position_of_id(desk, id); });
 }
 
 void desk_pair(DeskHandle* handle, std::int32_t sire, std::int32_t dam) {

@@ -29,9 +29,18 @@ void desk_write(DeskHandle* handle);
 void desk_check(DeskHandle* handle);
 void desk_choose_findings(DeskHandle* handle, const char* kind, const char* filter);
 void desk_list_findings(DeskHandle* handle, std::int32_t first, std::int32_t count);
+/// Corrections: see mending_desk.h. `list` is the whole list as a text.
+void desk_set_corrections(DeskHandle* handle, const char* list);
+void desk_correct(DeskHandle* handle, std::int32_t line, const char* field, const char* becomes, const char* why,
+                  std::int32_t is_everywhere);
+void desk_go_on(DeskHandle* handle, const char* kind, const char* what);
+void desk_finding_lines(DeskHandle* handle, std::int32_t place);
 void desk_run(DeskHandle* handle);
 /// `sex` is 1 for males, 2 for females, 0 for both.
 void desk_find(DeskHandle* handle, const char* text, std::int32_t sex);
+/// The card of an animal, and the animal that bears an identification: see animal_desk.h.
+void desk_animal(DeskHandle* handle, std::int32_t position);
+void desk_position(DeskHandle* handle, const char* id);
 void desk_pair(DeskHandle* handle, std::int32_t sire, std::int32_t dam);
 void desk_rank_males(DeskHandle* handle, std::int32_t dam, std::int32_t first_year, std::int32_t last_year);
 void desk_order_males(DeskHandle* handle, std::int32_t by_mean_kinship);
@@ -46,6 +55,7 @@ void desk_list_plan(DeskHandle* handle, std::int32_t first, std::int32_t count);
 void desk_change_plan(DeskHandle* handle, const char* change, std::int32_t place, std::int32_t other);
 
 /// A text of the results: "body", "page", "report", "reportText", "findings", "males", "plan", "contributions",
-/// "planPage", "style", "script", "years", "subpopulations", "animals", "diversity", "standing". Others leave nothing.
+/// "planPage", "animalPage", "style", "animalStyle", "script", "years", "subpopulations", "animals", "diversity",
+/// "standing". Others leave nothing.
 void desk_text(DeskHandle* handle, const char* name);
 }

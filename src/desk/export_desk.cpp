@@ -63,37 +63,43 @@ std::string refusal_to_open(const Desk& desk, const std::string& name) {
   return refusal_answer(phrase(cannot_open, desk.language, {in_quotes(name)}));
 }
 
-/// Decides, and says everything.
-std::string decide_and_answer(Desk& desk) {
-  decide(desk.options, desk.preparation);
-  return export_answer(desk, refusal_of_survey(desk.preparation, desk.options));
+/// Reads as much again as a change from the options at hand to `options` asks for, and corrects it. Yields why that is
+/// impossible.
+std::optional<Refusal> read_as_wished(Desk& desk, PrepareOptions options) {
+  options.language = desk.language;
+  options.this_year = desk.today.year;
+  options.corrections = desk.corrections;
+  const PrepareOptions before = std::exchange(desk.options, std::move(options));
+  const bool has_columns = has_same_columns(before, desk.options);
+  // Corrections are put into the text itself: others, or others' columns, want it as it was.
+  const bool is_same_text = desk.has_export && before.export_name == desk.options.export_name &&
+                            before.encoding == desk.options.encoding && before.delimiter == desk.options.delimiter &&
+                            before.sheet == desk.options.sheet && before.corrections == desk.options.corrections &&
+                            (desk.corrections.empty() || has_columns);
+  std::optional<Refusal> refusal;
+  if (!is_same_text) {
+    tell(desk.watch, "reading");
+    refusal = read_and_recognise(desk.options, desk.preparation);
+  }
+  if (!refusal && (!is_same_text || !has_columns)) {
+    tell(desk.watch, "surveying");
+    ProgressLine unseen;
+    refusal = survey_columns(desk.options, unseen, desk.preparation);
+    if (!refusal) refusal = correct_export(desk.options, unseen, desk.preparation);
+  }
+  desk.has_export = !refusal;
+  if (!refusal) decide(desk.options, desk.preparation);
+  return refusal;
 }
 
-/// Reads as much again as a change from the options at hand to `options` asks for. What came of the old ones is
-/// forgotten, unless nothing but the language of the desk has changed.
+/// What came of the old options is forgotten, unless nothing but the language of the desk has changed.
 std::string take_options(Desk& desk, PrepareOptions options, std::string_view settings) {
   if (desk.settings != settings || !desk.has_export) forget_run(desk);
   desk.settings = settings;
-  options.language = desk.language;
-  options.this_year = desk.today.year;
-  const PrepareOptions before = std::exchange(desk.options, std::move(options));
-  const bool is_same_text = desk.has_export && before.export_name == desk.options.export_name &&
-                            before.encoding == desk.options.encoding && before.delimiter == desk.options.delimiter &&
-                            before.sheet == desk.options.sheet;
-  if (!is_same_text) {
-    tell(desk.watch, "reading");
-    const std::optional<Refusal> refusal = read_and_recognise(desk.options, desk.preparation);
-    desk.has_export = !refusal;
-    if (refusal) return refusal_answer(*refusal, desk.language);
+  if (const std::optional<Refusal> refusal = read_as_wished(desk, std::move(options))) {
+    return refusal_answer(*refusal, desk.language);
   }
-  if (!is_same_text || !has_same_columns(before, desk.options)) {
-    tell(desk.watch, "surveying");
-    ProgressLine unseen;
-    const std::optional<Refusal> refusal = survey_columns(desk.options, unseen, desk.preparation);
-    desk.has_export = !refusal;
-    if (refusal) return refusal_answer(*refusal, desk.language);
-  }
-  return decide_and_answer(desk);
+  return export_answer(desk, refusal_of_survey(desk.preparation, desk.options));
 }
 
 struct DataTarget {
@@ -172,6 +178,16 @@ std::string change_settings(Desk& desk, std::string_view settings) {
   PrepareOptions options = options_from(settings, desk.preparation.survey);
   options.export_name = desk.options.export_name;
   return take_options(desk, std::move(options), settings);
+}
+
+std::vector<std::string> apply_desk_corrections(Desk& desk) {
+  forget_run(desk);
+  if (!desk.has_export) return {};
+  const std::string settings = desk.settings;
+  PrepareOptions options = options_from(settings, desk.preparation.survey);
+  options.export_name = desk.options.export_name;
+  const std::optional<Refusal> refusal = read_as_wished(desk, std::move(options));
+  return refusal ? refusal_texts(*refusal, desk.language) : std::vector<std::string>();
 }
 
 std::string write_files_of_export(Desk& desk) {

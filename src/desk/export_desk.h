@@ -18,6 +18,9 @@ std::string open_export(Desk& desk, const std::string& name, std::string_view se
 /// The same for the export at hand when its user says something else; only what depends on that is done again.
 std::string change_settings(Desk& desk, std::string_view settings);
 
+/// Applies the corrections of the desk to the export as it was. Yields what stands in the way.
+std::vector<std::string> apply_desk_corrections(Desk& desk);
+
 /// Writes the data file and the steer file. Yields an object: messages, steer, dataFile, steerFile.
 std::string write_files_of_export(Desk& desk);
 

@@ -92,21 +92,19 @@ void add_animal(JsonText& json, const PopulationStore& store, std::int32_t posit
 }
 
 std::string find_in_results(const Desk& desk, std::string_view text, std::optional<Sex> sex) {
-  constexpr std::size_t most_animals = 30, most_looked_at = 1000;
+  constexpr std::size_t most_animals = 30;
+  FoundAnimals found;
+  if (desk.results) found = find_animals(store_of(desk), {text, most_animals, sex, &desk.results->may_live});
   JsonText json;
   begin_object(json);
   begin_list(json, "animals");
-  const std::vector<std::int32_t> found =
-      desk.results ? find_animals(store_of(desk), text, most_looked_at) : std::vector<std::int32_t>();
-  std::size_t count = 0;
-  for (const std::int32_t position : found) {
-    if (sex && store_of(desk).sex[position] != *sex) continue;
-    if (count++ == most_animals) break;
+  for (const std::int32_t position : found.positions) {
     begin_object(json);
     add_animal(json, store_of(desk), position);
     end_object(json);
   }
   end_list(json);
+  add_integer(json, "count", found.count);
   end_object(json);
   return std::move(json.text);
 }

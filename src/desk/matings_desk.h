@@ -13,8 +13,8 @@ namespace pedigreewatch {
 /// Adds the fields of an animal to an object: position, id, name, isMale, year, f.
 void add_animal(JsonText& json, const PopulationStore& store, std::int32_t position);
 
-/// Animals of one sex, or of both, whose identification or name begins with the text. Yields an object: animals
-/// (position, id, name, isMale, year, f), at most 30.
+/// Animals of one sex, or of both, in whose identification or name the words of the text stand, in the order of
+/// `find_animals`. Yields an object: animals (position, id, name, isMale, year, f), at most 30, and count, of all.
 std::string find_in_results(const Desk& desk, std::string_view text, std::optional<Sex> sex = {});
 
 /// The offspring of two animals. Yields an object: f, kinship, dam and sire (as above, with meanKinship), ancestors

@@ -11,6 +11,7 @@
 #include "desk/board_desk.h"
 #include "desk/json_text.h"
 #include "page/page.h"
+#include "planning/parent_use.h"
 #include "reports/report.h"
 #include "text/utf_8.h"
 #include "text/windows_1252.h"
@@ -46,6 +47,7 @@ DeskResults make_results(const Desk& desk, LineReader& data, RunStreams& streams
   tell(desk.watch, "diversity");
   results.diversity = compute_diversity(results.population.store, youngest_animals(results.population.store));
   results.figures = compute_figures(results.population.store, results.diversity);
+  results.may_live = of_breeding_age_or_younger(results.population.store);
   return results;
 }
 

@@ -1,104 +1,140 @@
-// Texts are compared in the order of the data file, in which they lie in memory; the animals that they belong to are
-// looked up at the end.
+// Texts are compared in the order of the data file, in which they lie in memory; a byte for each record says how well
+// it fits. One pass through the animals gathers those that do.
 
 #include "matings/animal_search.h"
 
 #include <algorithm>
-#include <span>
 #include <string>
-#include <utility>
+#include <tuple>
 
 #include "checks/readable_text.h"
 #include "core/fixed_text.h"
+#include "text/transliteration.h"
 #include "text/utf_8.h"
 
 namespace pedigreewatch {
 namespace {
 
-bool is_within(char32_t letter, char32_t first, char32_t last) {
-  return letter >= first && letter <= last;
+/// How a record fits; smaller is better.
+enum Fit : std::uint8_t { is_exact = 1, begins_so = 2, is_part = 3, fits_not = 4 };
+
+char small_letter(char letter) {
+  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
 }
 
-/// The small letter of a capital of the Latin, Greek and Cyrillic alphabets.
-char32_t small_letter(char32_t letter) {
-  constexpr char32_t distance = 0x20, cyrillic_distance = 0x50, times_sign = 0xD7;
-  if (is_within(letter, 'A', 'Z')) return letter + distance;
-  if (letter < 0xC0) return letter;
-  if (is_within(letter, 0xC0, 0xDE) && letter != times_sign) return letter + distance;
-  if (letter == 0x178) return 0xFF;
-  // Extended Latin: capital and small letter by turns.
-  const bool begins_even = is_within(letter, 0x100, 0x137) || is_within(letter, 0x14A, 0x177);
-  const bool begins_odd = is_within(letter, 0x139, 0x148) || is_within(letter, 0x179, 0x17E);
-  if ((begins_even && letter % 2 == 0) || (begins_odd && letter % 2 == 1)) return letter + 1;
-  if (is_within(letter, 0x391, 0x3A9) || is_within(letter, 0x410, 0x42F)) return letter + distance;
-  return is_within(letter, 0x400, 0x40F) ? letter + cyrillic_distance : letter;
+/// The text in small letters without accents. Letters that cannot be written in ASCII stay.
+void fold_into(std::string& folded, std::string_view text) {
+  constexpr char32_t first_accent = 0x300, last_accent = 0x36F;  // they stand behind their letter
+  folded.clear();
+  if (is_ascii(text)) {
+    for (const char letter : text) folded += small_letter(letter);
+    return;
+  }
+  const std::string decoded = readable(text);
+  for (std::string_view rest = decoded; !rest.empty();) {
+    const char32_t letter = take_letter(rest);
+    if (letter >= first_accent && letter <= last_accent) continue;
+    const std::string_view plain = letter < 0x80 ? std::string_view() : transliterated(letter);
+    if (letter >= 0x80 && plain.empty()) {
+      append_letter(folded, letter);
+    } else if (letter < 0x80) {
+      folded += small_letter(static_cast<char>(letter));
+    }
+    for (const char one : plain) folded += small_letter(one);
+  }
 }
 
-/// What is looked for, in small letters, and what was found, as places of texts.
-struct Search {
-  std::u32string letters;
-  std::size_t most = 0;
-  std::vector<std::int32_t> exact, by_id, by_name;
+std::vector<std::string> words_of_search(std::string_view text) {
+  std::string folded;
+  fold_into(folded, text);
+  std::vector<std::string> words(1);
+  for (const char letter : folded) {
+    if (letter != ' ' && letter != '\t') {
+      words.back() += letter;
+    } else if (!words.back().empty()) {
+      words.emplace_back();
+    }
+  }
+  if (words.back().empty()) words.pop_back();
+  return words;
+}
+
+bool is_of_word(char letter) {
+  return (letter >= 'a' && letter <= 'z') || (letter >= '0' && letter <= '9') ||
+         static_cast<unsigned char>(letter) >= 0x80;
+}
+
+/// How one word stands in a text: at the beginning of one of its words, elsewhere, or not at all.
+Fit fit_in(std::string_view text, std::string_view word) {
+  Fit fit = fits_not;
+  for (std::size_t at = text.find(word); at != std::string_view::npos; at = text.find(word, at + 1)) {
+    if (at == 0 || !is_of_word(text[at - 1])) return begins_so;
+    fit = is_part;
+  }
+  return fit;
+}
+
+/// Texts of a record, folded.
+struct RecordTexts {
+  std::string id, name;
 };
 
-std::u32string small_letters(std::string_view text) {
-  std::u32string letters;
-  while (!text.empty()) letters.push_back(small_letter(take_letter(text)));
-  return letters;
+Fit fit_of(const RecordTexts& texts, const std::vector<std::string>& words) {
+  if (words.size() == 1 && texts.id == words.front()) return is_exact;
+  Fit worst = begins_so;
+  for (const std::string& word : words) {
+    const Fit in_name = texts.name.empty() ? fits_not : fit_in(texts.name, word);
+    worst = std::max(worst, std::min(fit_in(texts.id, word), in_name));
+    if (worst == fits_not) return fits_not;
+  }
+  return worst;
 }
 
-/// Whether a text, in whatever encoding, begins with the letters.
-bool begins_with(std::string_view text, std::u32string_view letters) {
-  if (text.empty()) return false;
-  const auto first = static_cast<unsigned char>(text.front());
-  if (first < 0x80 && small_letter(first) != letters.front()) return false;  // nearly all texts end here
-  const std::string decoded = is_ascii(text) ? std::string() : readable(text);
-  std::string_view rest = decoded.empty() ? text : std::string_view(decoded);
-  for (const char32_t letter : letters) {
-    if (rest.empty() || small_letter(take_letter(rest)) != letter) return false;
+/// By record.
+ByNumber<Fit> fits_of_records(const PopulationStore& store, const std::vector<std::string>& words) {
+  ByNumber<Fit> fits(store.size(), fits_not);
+  RecordTexts texts;
+  for (std::int32_t record = 1; record <= store.animal_count; ++record) {
+    fold_into(texts.id, without_trailing_blanks(store.kept.ids.at(record)));
+    texts.name.clear();
+    if (store.has_name && record <= store.kept.file_records) fold_into(texts.name, store.kept.names.at(record));
+    fits[record] = fit_of(texts, words);
   }
-  return true;
+  return fits;
 }
 
-void look_at(const PopulationStore& store, std::int32_t record, Search& search) {
-  const std::string_view id = store.kept.ids.at(record);
-  if (begins_with(id, search.letters)) {
-    const bool is_exact = small_letters(readable(id)).size() == search.letters.size();
-    std::vector<std::int32_t>& found = is_exact ? search.exact : search.by_id;
-    if (found.size() < search.most) found.push_back(record);
-  } else if (store.has_name && record <= store.kept.file_records && search.by_name.size() < search.most &&
-             begins_with(store.kept.names.at(record), search.letters)) {
-    search.by_name.push_back(record);
-  }
-}
+struct Match {
+  std::int32_t position = 0, record = 0, year = 0;
+  Fit fit = fits_not;
+  bool may_live = false;
+};
 
-/// The positions of the records, which differ.
-std::vector<std::int32_t> positions_of(const PopulationStore& store, std::span<const std::int32_t> records) {
-  std::vector<std::pair<std::int32_t, std::size_t>> wanted;
-  for (std::size_t k = 0; k < records.size(); ++k) wanted.emplace_back(records[k], k);
-  std::sort(wanted.begin(), wanted.end());
-  std::vector<std::int32_t> positions(records.size(), 0);
-  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
-    const std::pair<std::int32_t, std::size_t> least = {store.record_no(i), 0};
-    const auto found = std::lower_bound(wanted.begin(), wanted.end(), least);
-    if (found != wanted.end() && found->first == least.first) positions[found->second] = i;
-  }
-  return positions;
+bool is_before(const Match& a, const Match& b) {
+  const auto key = [](const Match& match) {
+    return std::tuple(match.fit != is_exact, !match.may_live, match.fit, -std::int64_t{match.year}, match.record);
+  };
+  return key(a) < key(b);
 }
 
 }  // namespace
 
-std::vector<std::int32_t> find_animals(const PopulationStore& store, std::string_view beginning, std::size_t most) {
-  const std::string_view trimmed = without_leading_blanks(without_trailing_blanks(beginning));
-  if (trimmed.empty() || most == 0) return {};
-  Search search{small_letters(readable(trimmed)), most, {}, {}, {}};
-  for (std::int32_t record = 1; record <= store.animal_count; ++record) look_at(store, record, search);
-  std::vector<std::int32_t> records = std::move(search.exact);
-  for (const std::vector<std::int32_t>* const found : {&search.by_id, &search.by_name}) {
-    const std::size_t room = std::min(most - records.size(), found->size());
-    records.insert(records.end(), found->begin(), found->begin() + static_cast<std::ptrdiff_t>(room));
+FoundAnimals find_animals(const PopulationStore& store, const AnimalSearch& search) {
+  const std::vector<std::string> words = words_of_search(search.text);
+  FoundAnimals found;
+  if (words.empty()) return found;
+  const ByNumber<Fit> fits = fits_of_records(store, words);
+  std::vector<Match> matches;
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    const std::int32_t record = store.record_no(i);
+    if (fits[record] == fits_not || (search.sex && store.sex[i] != *search.sex)) continue;
+    const bool may_live = search.may_live == nullptr || (*search.may_live)[i] != 0;
+    matches.push_back({i, record, store.birth_year[i], fits[record], may_live});
   }
-  return positions_of(store, records);
+  found.count = std::ssize(matches);
+  const std::size_t named = std::min(matches.size(), search.most);
+  std::partial_sort(matches.begin(), matches.begin() + static_cast<std::ptrdiff_t>(named), matches.end(), is_before);
+  for (std::size_t k = 0; k < named; ++k) found.positions.push_back(matches[k].position);
+  return found;
 }
 
 }  // namespace pedigreewatch

@@ -143,10 +143,10 @@ void draw_box(TreeDrawing& drawing, const Box& box, bool is_male, std::string_vi
 void begin_animal(TreeDrawing& drawing, std::size_t place, const Box& box) {
   const std::int32_t position = drawing.tree.positions[place];
   const std::string text = escaped(whole_text(drawing, place));
-  drawing.page += drawing.telling.is_pressable && place > 1
-                      ? "<g class=\"fa-animal\" role=\"button\" tabindex=\"0\" data-animal=\"" +
-                            std::to_string(position) + "\" aria-label=\"" + text + "\">"
-                      : std::string("<g class=\"fa-animal\">");
+  drawing.page +=
+      drawing.telling.is_pressable && place > 1
+          ? "<g class=\"fa-animal\" role=\"button\" tabindex=\"0\" data-animal=\"" + std::to_string(position) + "\">"
+          : std::string("<g class=\"fa-animal\">");
   drawing.page += "<title>" + text + "</title>";
   const bool is_repeated = drawing.tree.times[place] > 1;
   draw_box(drawing, box, drawing.telling.store.sex[position] == male,

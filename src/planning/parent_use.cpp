@@ -100,6 +100,17 @@ std::optional<BreedingAges> breeding_ages(const PopulationStore& store, Sex pare
                       static_cast<std::int64_t>(ages.size())};
 }
 
+ByNumber<Flag> of_breeding_age_or_younger(const PopulationStore& store) {
+  const std::optional<BreedingAges> of_sires = breeding_ages(store, male), of_dams = breeding_ages(store, female);
+  ByNumber<Flag> is_so(store.size());
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    const std::optional<BreedingAges>& ages = store.sex[i] == male ? of_sires : of_dams;
+    const std::optional<std::int32_t> age = age_at_planned_births(store, i);
+    is_so[i] = !ages || (age && *age <= ages->oldest) ? 1 : 0;
+  }
+  return is_so;
+}
+
 std::optional<std::int32_t> age_at_planned_births(const PopulationStore& store, std::int32_t position) {
   const std::int32_t year = store.birth_year[position];
   if (year == 0) return std::nullopt;

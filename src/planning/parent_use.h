@@ -31,6 +31,11 @@ inline constexpr std::int32_t years_of_ages = 10;
 /// Of the sires, or of the dams, of animals born in the last ten birth years; none without any age above 0.
 std::optional<BreedingAges> breeding_ages(const PopulationStore& store, Sex parent);
 
+/// By position: whether the animal is no older than breeding animals of its sex are (`oldest`). Of one without a birth
+/// year that cannot be told: it counts as older. Where no ages of parents of a sex are known all of
+/// it are taken as no older.
+ByNumber<Flag> of_breeding_age_or_younger(const PopulationStore& store);
+
 /// The age of an animal in the year behind the last birth year, in which planned young are born; none without a birth
 /// year.
 std::optional<std::int32_t> age_at_planned_births(const PopulationStore& store, std::int32_t position);

@@ -39,6 +39,13 @@ TEST(CorrectionList, ReadsWhatASpreadsheetMakesOfIt) {
   EXPECT_EQ(list.corrections[1], value("HS2", sex_column, "x", ""));
 }
 
+TEST(CorrectionList, ListsThatWereJoinedAreOne) {
+  const std::string one = corrections_text(std::vector{value("A", sire_column, "x", "y")});
+  const CorrectionList list = read_corrections(one + one);
+  EXPECT_TRUE(list.faults.empty());
+  EXPECT_EQ(list.corrections.size(), 2U);
+}
+
 TEST(CorrectionList, NamesTheLinesThatCannotBeRead) {
   const CorrectionList list = read_corrections("HS1\tweight\t1\t2\nHS2\tsex\tx\n\tsex\tx\ty\nHS4\tsex\tx\ty\n");
   ASSERT_EQ(list.faults.size(), 3U);

@@ -279,7 +279,7 @@ TEST(Desk, PlansWithListsThatWereTyped) {
 
 TEST(Desk, HasNothingOfMatingsBeforeARun) {
   Desk desk;
-  EXPECT_EQ(find_in_results(desk, "A"), R"({"animals":[]})");
+  EXPECT_EQ(find_in_results(desk, "A"), R"({"animals":[],"count":0})");
   EXPECT_EQ(describe_pair(desk, 1, 2), "{}");
   EXPECT_EQ(rank_males(desk, 1, 2000, 2001), R"({"count":0})");
   EXPECT_EQ(years_table(desk) + animals_table(desk) + diversity_table(desk) + subpopulations_table(desk), "");
@@ -334,7 +334,7 @@ TEST(DeskInterface, AnswersThroughAHandle) {
   desk_text(handle, "no such text");
   EXPECT_EQ(answer(), "");
   desk_find(handle, "Ad", 2);
-  EXPECT_EQ(answer(), R"({"animals":[]})");
+  EXPECT_EQ(answer(), R"({"animals":[],"count":0})");
   desk_find(handle, "Ad", 1);
   EXPECT_TRUE(holds(answer(), R"("name":"Adam")"));
   desk_destroy(handle);

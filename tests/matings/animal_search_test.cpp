@@ -1,4 +1,4 @@
-// Animals found by the beginning of an identification or a name.
+// Animals found by parts of an identification or a name.
 #include "matings/animal_search.h"
 
 #include <gtest/gtest.h>
@@ -16,6 +16,7 @@ namespace {
 
 struct Animal {
   std::string_view id, name, sire;
+  int year = 0;
 };
 
 PopulationStore store_with(const std::vector<Animal>& animals) {
@@ -26,6 +27,7 @@ PopulationStore store_with(const std::vector<Animal>& animals) {
     record.name.assign(animal.name);
     record.sire_id.assign(animal.sire);
     record.dam_id.assign("0");
+    record.birth_year = animal.year;
     records.push_back(record);
   }
   PopulationStore store = store_of(records);
@@ -34,10 +36,14 @@ PopulationStore store_with(const std::vector<Animal>& animals) {
   return store;
 }
 
-std::vector<std::string> found(const PopulationStore& store, std::string_view beginning, std::size_t most = 10) {
+std::vector<std::string> found(const PopulationStore& store, const AnimalSearch& search) {
   std::vector<std::string> ids;
-  for (const std::int32_t position : find_animals(store, beginning, most)) ids.emplace_back(store.id(position));
+  for (const std::int32_t position : find_animals(store, search).positions) ids.emplace_back(store.id(position));
   return ids;
+}
+
+std::vector<std::string> found(const PopulationStore& store, std::string_view text, std::size_t most = 10) {
+  return found(store, AnimalSearch{text, most, {}, nullptr});
 }
 
 using Ids = std::vector<std::string>;
@@ -55,6 +61,52 @@ TEST(FindAnimals, ExactFirstThenByIdentificationThenByName) {
   EXPECT_EQ(found(herd(), "HS2"), (Ids{"HS2", "HS20", "X9"}));
   EXPECT_EQ(found(herd(), "HS20"), (Ids{"HS20"}));
   EXPECT_EQ(found(herd(), "hs"), (Ids{"HS2", "HS20", "hs3", "X9"})) << "an animal is found once";
+}
+
+TEST(FindAnimals, PartsOfIdentificationsAndNamesAreFoundBehindTheirBeginnings) {
+  const PopulationStore store = store_with(
+      {{"NL-123", "", "0"}, {"BE-1234", "", "0"}, {"1239", "", "0"}, {"X", "van 123", "0"}, {"91234", "", "0"}});
+  EXPECT_EQ(found(store, "123"), (Ids{"NL-123", "BE-1234", "1239", "X", "91234"}));
+  EXPECT_EQ(found(store, "l-12"), (Ids{"NL-123"}));
+  EXPECT_EQ(found(store, "van"), (Ids{"X"}));
+  EXPECT_EQ(found(store, "an"), (Ids{"X"}));
+}
+
+TEST(FindAnimals, EveryWordMustBeThere) {
+  const PopulationStore store =
+      store_with({{"1", "Bram van de Berg", "0"}, {"2", "Bram van Dijk", "0"}, {"3", "Anna van de Berg", "0"}});
+  EXPECT_EQ(found(store, "berg bram"), (Ids{"1"}));
+  EXPECT_EQ(found(store, "bram  2"), (Ids{"2"})) << "one in the name, one in the identification";
+  EXPECT_EQ(found(store, "bram van de berg x"), Ids{});
+}
+
+TEST(FindAnimals, AccentsMakeNoDifference) {
+  const PopulationStore store = store_with({{"1", "Zo\xEB", "0"}, {"2", "Zoe", "0"}, {"3", "zo", "0"}});
+  EXPECT_EQ(found(store, "zoe"), (Ids{"1", "2"}));
+  EXPECT_EQ(found(store, "Zo\xC3\x8B"), (Ids{"1", "2"}));
+  EXPECT_EQ(found(store, "zoe\xCC\x88"), (Ids{"1", "2"})) << "an accent behind its letter";
+}
+
+TEST(FindAnimals, ThoseThatMayLiveComeFirstThenTheYoungest) {
+  const PopulationStore store = store_with({{"Ann", "", "0", 2001},
+                                            {"x Ann", "", "0", 2009},
+                                            {"Ann 2", "", "0", 2008},
+                                            {"Ann 3", "", "0", 2009},
+                                            {"Ann 4", "", "0", 0}});
+  ByNumber<Flag> may_live(store.size());
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) may_live[i] = store.birth_year[i] > 2005 ? 1 : 0;
+  EXPECT_EQ(found(store, {"ann ", 10, {}, &may_live}), (Ids{"Ann", "x Ann", "Ann 3", "Ann 2", "Ann 4"}))
+      << "exactly this one, the youngest, those of one year in their order";
+  EXPECT_EQ(found(store, {"nn", 10, {}, &may_live}), (Ids{"x Ann", "Ann 3", "Ann 2", "Ann", "Ann 4"}));
+}
+
+TEST(FindAnimals, OfOneSexAndWithTheNumberOfAll) {
+  const PopulationStore store = pedigree_from_text("a1 0 0 m 2001\na2 0 0 f 2001\na3 a1 a2 m 2002\n");
+  const FoundAnimals males = find_animals(store, {"a", 1, male, nullptr});
+  EXPECT_EQ(males.count, 2);
+  ASSERT_EQ(males.positions.size(), 1U);
+  EXPECT_EQ(store.id(males.positions.front()), "a3");
+  EXPECT_EQ(find_animals(store, {"a", 10, {}, nullptr}).count, 3);
 }
 
 TEST(FindAnimals, CapitalsAndBlanksAroundMakeNoDifference) {

@@ -71,6 +71,20 @@ TEST(BreedingAges, AreThoseOfTheLastTenYears) {
   EXPECT_EQ(ages->oldest, 12);
 }
 
+TEST(OfBreedingAgeOrYounger, LeavesOutThoseThatAreOlderThanParentsOfTheirSex) {
+  // Sires were one and two years old at births; planned young are born in 2007.
+  const PopulationStore store = pedigree_from_text(
+      "pa 0 0 m 2004\nx pa 0 f 2005\ny pa 0 m 2006\nold 0 0 m 2004\nfit 0 0 m 2005\nnew 0 0 m 2006\n"
+      "any 0 0 m 0\nma 0 0 f 1990\n");
+  const ByNumber<Flag> is_so = of_breeding_age_or_younger(store);
+  const auto of = [&](std::string_view id) { return is_so[animal_named(store, id).number] != 0; };
+  EXPECT_FALSE(of("old")) << "three years in 2007";
+  EXPECT_TRUE(of("fit")) << "two years";
+  EXPECT_TRUE(of("new"));
+  EXPECT_FALSE(of("any"));
+  EXPECT_TRUE(of("ma")) << "no age of a dam is known";
+}
+
 TEST(AgeAtPlannedBirths, IsThatInTheYearBehindTheLast) {
   const PopulationStore store = pedigree_from_text("a 0 0 m 2000\nb 0 0 f 2010\nc 0 0 f 0\n");
   EXPECT_EQ(age_at_planned_births(store, animal_named(store, "a").number), 11);

@@ -1,0 +1,110 @@
+// Looking up animals in the desk and their cards, by pointer and by keyboard.
+
+import assert from "node:assert/strict";
+import { after, before, test } from "node:test";
+import { choose, enter, idle, openDesk, saved, startBrowser, textOf, violations, writeInput } from "./browser.mjs";
+
+let browser;
+before(async () => { browser = await startBrowser(); });
+after(async () => { await browser.close(); });
+
+async function withDesk(action, options = {}) {
+  const desk = await openDesk(browser, options);
+  try {
+    await action(desk.page, desk);
+    assert.deepEqual(desk.requests, [], "the desk has asked for something");
+    assert.deepEqual(desk.problems, [], "the browser has met problems");
+  } finally {
+    await desk.close();
+  }
+}
+
+/** A herd of three generations; `lines` are added. */
+function herd(...lines) {
+  return ["id;name;sex;birthdate;sire;dam", "A;Adam;m;25-01-2000;;", "B;Bea;f;25-01-2000;;", "C;Zo\u00eb;f;25-01-2002;A;B", "D;Dirk;m;25-01-2002;A;B",
+    "E;Eef;f;25-01-2004;D;C", ...lines].join("\n");
+}
+
+async function openHerd(page, desk, ...lines) {
+  await choose(page, writeInput(desk, "herd.csv", herd(...lines)));
+  await enter(page, "settings");
+  await page.select("#species", "sheep");
+  await idle(page);
+}
+
+/** What the names of files begin with, as the steer file has it. */
+async function stemOf(page) {
+  await enter(page, "settings");
+  return (await textOf(page, "#steer")).split(/\r?\n/)[1].replace(/\.txt$/, "");
+}
+
+const cardHeading = (page) => page.waitForSelector("#card[open] h2").then((heading) => heading.evaluate((element) => element.textContent));
+const whenCardIs = (page, name) => page.waitForFunction((wanted) => document.querySelector("#card[open] h2")?.textContent === wanted, {}, name);
+
+test("AnAnimalIsFoundByAPartAndItsCardOpens", () => withDesk(async (page, desk) => {
+  await openHerd(page, desk);
+  await enter(page, "results");
+  const address = page.url();
+  await page.type("#search-animal", "oe");
+  await page.waitForSelector("#search-animal-list li");
+  assert.equal(await page.$eval("#search-animal", (input) => input.getAttribute("aria-expanded")), "true");
+  assert.match(await textOf(page, "#search-animal-status"), /Animals found: 1/);
+  await page.keyboard.press("ArrowDown");
+  assert.equal(await page.$eval("#search-animal", (input) => input.getAttribute("aria-activedescendant")), "search-animal-list-0");
+  await page.keyboard.press("Enter");
+  assert.equal(await cardHeading(page), "C Zo\u00eb");
+  assert.deepEqual(await violations(page), []);
+  await page.click('#card .fa-wide [data-animal]');  // the first one is the sire
+  await whenCardIs(page, "A Adam");
+  await page.click("#card button[data-animal]");
+  await page.waitForFunction(() => document.querySelector("#card[open] h2")?.textContent !== "A Adam");
+  await page.goBack();
+  await whenCardIs(page, "A Adam");
+  await page.click("#card-back");
+  await whenCardIs(page, "C Zo\u00eb");
+  await page.keyboard.press("Escape");
+  await page.waitForFunction(() => !document.getElementById("card").open);
+  assert.equal(page.url(), address, "the address stays as it is");
+  assert.equal(await page.$eval("#step-results", (button) => button.getAttribute("aria-current")), "step");
+}));
+
+test("TheCardIsOpenedAndLeftByKeyboardAndKept", () => withDesk(async (page, desk) => {
+  await openHerd(page, desk);
+  const stem = await stemOf(page);
+  await enter(page, "results");
+  await page.type("#search-animal", "E");
+  await page.waitForSelector("#search-animal-list li");
+  await page.keyboard.press("Escape");
+  assert.ok(await page.$eval("#search-animal-list", (list) => list.hidden));
+  await page.keyboard.press("ArrowDown");
+  await page.keyboard.press("Enter");
+  await whenCardIs(page, "E Eef");
+  await page.$eval("#card .fa-wide [data-animal]", (animal) => animal.focus());
+  await page.keyboard.press("Enter");
+  await whenCardIs(page, "A Adam");
+  await page.click("#card-close");
+  await page.waitForFunction(() => !document.getElementById("card").open);
+  assert.equal(await page.evaluate(() => document.activeElement.id), "search-animal", "the focus is where it was");
+  await page.keyboard.press("Escape");
+  await page.type("#search-animal", "Eef");
+  await page.waitForFunction(() => document.querySelectorAll("#search-animal-list li").length === 1);
+  await page.keyboard.press("Enter");
+  await whenCardIs(page, "E Eef");
+  await page.$eval("#card-save", (button) => { button.textContent = "Save this card"; });  // another button has its name
+  const kept = (await saved(desk, "Save this card", `${stem}_E.html`)).toString();
+  assert.match(kept, /^<!DOCTYPE html>/);
+  assert.ok(!kept.includes("data-animal="));
+}));
+
+test("CardsFitANarrowScreen", () => withDesk(async (page, desk) => {
+  await openHerd(page, desk);
+  await enter(page, "results");
+  await page.setViewport({ width: 390, height: 800 });
+  await page.type("#search-animal", "E");
+  await page.waitForSelector("#search-animal-list li");
+  await page.click("#search-animal-list li");
+  await whenCardIs(page, "E Eef");
+  const sizes = await page.$eval("#card", (card) => ({ inner: card.scrollWidth, outer: card.clientWidth, wide: getComputedStyle(card.querySelector(".fa-wide")).display }));
+  assert.ok(sizes.inner <= sizes.outer + 1, `the card is ${sizes.inner} wide in ${sizes.outer}`);
+  assert.equal(sizes.wide, "none");
+}));

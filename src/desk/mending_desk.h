@@ -1,0 +1,45 @@
+// Mending in the desk: the list of corrections, what became of them, and new ones. The list is a text that the page
+// keeps, so that it can undo and save; nothing changes in the export.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "checks/findings.h"
+#include "desk/desk.h"
+
+namespace pedigreewatch {
+
+/// What can be given up of the animals of a finding so that the others can be computed.
+struct WaysOn {
+  bool dates = false, parents = false;
+};
+WaysOn ways_on(FindingCode code);
+
+/// Takes the whole list of corrections and applies it to the export. Yields an object: messages (lines of the list that
+/// cannot be read, or what stands in the way), sentence (what became of them), rows (id, field, was, becomes, why,
+/// when, fate, said).
+std::string set_corrections(Desk& desk, std::string_view list);
+
+/// A correction of the animal in a line of the export. `field` is a field's name in a list of corrections, "leave out"
+/// or "same as".
+struct NewCorrection {
+  std::int64_t line = 0;  ///< of the export, counted from 1
+  std::string_view field, becomes, why;
+  bool is_everywhere = false;  ///< for every animal with the same text in that field
+};
+/// The list at hand with corrections added; nothing is applied. Yields an object: list (the text), count.
+std::string propose_correction(const Desk& desk, const NewCorrection& wanted);
+
+/// The dates of birth, or the parents, of all animals that findings of a kind are about become unknown. `what` is
+/// "dates" or "parents"; an empty `kind` means all that stop the run.
+std::string propose_going_on(const Desk& desk, std::string_view kind, std::string_view what);
+
+/// The lines of the export that a chosen finding is about. Yields an object: headings, fields (of each column its name
+/// in a list of corrections, or empty), column (the one that is meant, counted from 0, or -1), proposal (a text for it,
+/// or empty), number (animals that have the same text there), mayBeOne (the two lines may be of one
+/// animal), rows (line, cells; that of the finding itself first).
+std::string finding_lines(const Desk& desk, std::size_t place);
+
+}  // namespace pedigreewatch
