@@ -225,6 +225,18 @@ Finding finding_of_young_parent(FindingCode code, const PedigreeColumns& animals
   return finding;
 }
 
+/// Whether the years alone show that nothing is to be said of the age of a parent: most parents.
+bool is_usual_age(const PedigreeColumns& animals, const ParentOf& link, const CheckLimits& limits) {
+  constexpr std::int32_t shortest_year = 365, longest_year = 366;
+  const std::int32_t born = animals.birth.at(link.parent).year, year = animals.birth.at(link.animal).year;
+  if (born == 0 || year == 0) return true;
+  const std::int64_t years = std::int64_t{year} - born;  // the age is less than a year off that
+  const std::int32_t oldest = link.role == ParentRole::sire ? limits.oldest_sire_years : limits.oldest_dam_years;
+  const std::int32_t youngest =
+      std::max({limits.youngest_parent_days, limits.young_parent_days, youngest_possible_days});
+  return (years - 1) * shortest_year >= youngest && (years + 1) * longest_year < oldest * std::int64_t{shortest_year};
+}
+
 /// What is said of the age of a parent, if anything.
 std::optional<Finding> find_age(const PedigreeColumns& animals, const ParentOf& link, const CheckLimits& limits,
                                 ToolLanguage language, Findings& findings) {
@@ -310,6 +322,7 @@ void check_years(PedigreeColumns& animals, const ReadingPlan& plan, const Calend
 void check_ages(const PedigreeColumns& animals, const CheckLimits& limits, ToolLanguage language, Findings& findings,
                 std::vector<DateConflict>& conflicts) {
   const auto check = [&](const ParentOf& link) {
+    if (is_usual_age(animals, link, limits)) return;
     const std::optional<Finding> found = find_age(animals, link, limits, language, findings);
     // What a lone year makes impossible follows from it and is not told again.
     const bool is_lone = ((animals.marks.at(link.animal) | animals.marks.at(link.parent)) & mark_lone) != 0;
@@ -320,6 +333,7 @@ void check_ages(const PedigreeColumns& animals, const CheckLimits& limits, ToolL
     }
   };
   for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
+    fetch_parents_early(animals, animal);
     const std::int32_t sire = animals.linked(animals.sire.at(animal)), dam = animals.linked(animals.dam.at(animal));
     if (sire != 0) check({ParentRole::sire, animal, sire});
     if (dam != 0) check({ParentRole::dam, animal, dam});
@@ -337,6 +351,7 @@ void check_age_figures(const PedigreeColumns& animals, Findings& findings) {
     if (days > oldest.days) oldest = {days, {oldest.link.role, animal, parent}};
   };
   for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
+    fetch_parents_early(animals, animal);
     look_at(sire, animal, animals.linked(animals.sire.at(animal)));
     look_at(dam, animal, animals.linked(animals.dam.at(animal)));
   }

@@ -1,8 +1,11 @@
-// One pass. Where the file has no headings the program leaves out the last line, so each line waits for the next one.
+// One pass. Lines wait a while between two steps: in the first one an identification is hashed, and where it stands
+// among those of the lines before is fetched from memory, which the second one then need not wait for. Where the file
+// has no headings the program leaves out the last line, so at least one line waits for the next one.
 
 #include "checks/file_reading.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <span>
 #include <string>
@@ -38,6 +41,15 @@ struct DataLine {
   std::int32_t id = 0;
 };
 
+/// A line that waits for its turn.
+struct WaitingLine {
+  std::string bytes;
+  DataLine line;
+  LineFields fields;
+  std::array<HashedText, 3> ids;  ///< of the animal, its father and its mother, as the program cuts them
+};
+constexpr std::array<FieldCode, 3> id_fields = {id_column, sire_column, dam_column};
+
 std::string_view field_of(const LineFields& fields, FieldCode code) {
   return without_trailing_blanks(fields.text[static_cast<std::size_t>(code)]);
 }
@@ -50,12 +62,18 @@ void find(Reading& reading, const DataLine& line, FindingCode code, FieldCode fi
                          .text = keep(reading.findings, text)});
 }
 
-/// The number of an identification, which is cut as the program cuts it; 0 for one that means unknown.
-std::int32_t take_id(Reading& reading, const DataLine& line, const LineFields& fields, FieldCode code) {
-  const std::string_view text = field_of(fields, code);
-  if (text.empty() || text == unknown_parent_id || text == "unknown" || text == "Unknown") return 0;
-  if (text.size() > id_width) find(reading, line, FindingCode::id_cut, code, text);
-  return number_of_text(reading.animals.ids, without_trailing_blanks(text.substr(0, id_width)));
+/// An identification as the program cuts it; empty for one that means unknown.
+std::string_view cut_id(std::string_view text) {
+  if (text == unknown_parent_id || text == "unknown" || text == "Unknown") return {};
+  return text.size() > id_width ? without_trailing_blanks(text.substr(0, id_width)) : text;
+}
+
+/// The number of one of the three identifications of a line; 0 for an unknown one.
+std::int32_t take_id(Reading& reading, const DataLine& line, const WaitingLine& waiting, std::size_t place) {
+  const std::string_view text = field_of(waiting.fields, id_fields[place]);
+  if (text.size() > id_width) find(reading, line, FindingCode::id_cut, id_fields[place], text);
+  const HashedText& id = waiting.ids[place];
+  return id.text.empty() ? 0 : number_of_text(reading.animals.ids, id);
 }
 
 /// A text of the export that is not in the data file; nothing when there was none.
@@ -233,12 +251,14 @@ bool has_nothing_else(const LineFields& fields) {
   return true;
 }
 
-void store_animal(Reading& reading, DataLine& line, const LineFields& fields, std::uint8_t marks) {
+void store_animal(Reading& reading, const WaitingLine& waiting, std::uint8_t marks) {
   PedigreeColumns& animals = reading.animals;
+  const DataLine& line = waiting.line;
+  const LineFields& fields = waiting.fields;
   const bool is_animal = (marks & mark_no_animal) == 0;
   reading.survey.sex_of.add(0);
-  animals.sire.add(is_animal ? take_id(reading, line, fields, sire_column) : 0);
-  animals.dam.add(is_animal ? take_id(reading, line, fields, dam_column) : 0);
+  animals.sire.add(is_animal ? take_id(reading, line, waiting, 1) : 0);
+  animals.dam.add(is_animal ? take_id(reading, line, waiting, 2) : 0);
   if (is_animal) {
     check_columns(reading, line, fields);
     if (line.id == 0) find(reading, line, FindingCode::id_missing, id_column, {});
@@ -258,9 +278,9 @@ void store_animal(Reading& reading, DataLine& line, const LineFields& fields, st
   animals.name_end.add(static_cast<std::uint32_t>(animals.name_bytes.size()));
 }
 
-void take_line(Reading& reading, DataLine line) {
-  const LineFields fields = cut_line(line.text, reading.plan);
-  const LineKind kind = kind_of_line(line.text, fields, reading.plan);
+void take_line(Reading& reading, WaitingLine& waiting) {
+  DataLine& line = waiting.line;
+  const LineKind kind = kind_of_line(line.text, waiting.fields, reading.plan);
   line.kinds = kinds_in(line.text, reading.kinds);
   std::uint8_t marks = 0;
   if (kind != LineKind::animal) {
@@ -269,9 +289,9 @@ void take_line(Reading& reading, DataLine line) {
         {.code = is_header ? FindingCode::header_again : FindingCode::no_animal, .line = line.number});
     marks = mark_no_animal;
   }
-  line.id = kind == LineKind::animal ? take_id(reading, line, fields, id_column) : 0;
+  line.id = kind == LineKind::animal ? take_id(reading, line, waiting, 0) : 0;
   reading.animals.id.add(line.id);
-  store_animal(reading, line, fields, marks);
+  store_animal(reading, waiting, marks);
 }
 
 /// Says of a line of the data file where it stands in the export, and what of it got lost. Lines come in their order.
@@ -301,6 +321,33 @@ void index_animals(PedigreeColumns& animals) {
   animals.animal_of[0] = 0;
 }
 
+/// The lines that wait, in a ring.
+struct WaitingLines {
+  std::array<WaitingLine, 2 * look_ahead> lines;
+  std::size_t first = 0, behind = 0;  ///< numbers of lines: of the one that waits longest, and of the next one to come
+
+  WaitingLine& at(std::size_t number) { return lines[number % lines.size()]; }
+  std::size_t count() const { return behind - first; }
+};
+
+/// Cuts a line, and has memory fetched for its turn and for those of lines before it, one step after the other.
+void add_line(Reading& reading, WaitingLines& waiting, const DataLine& line) {
+  const TextStore& ids = reading.animals.ids;
+  WaitingLine& last = waiting.at(waiting.behind++);
+  last.bytes.assign(line.text);
+  last.line = line;
+  last.line.text = last.bytes;
+  last.fields = cut_line(last.line.text, reading.plan);
+  for (std::size_t k = 0; k < id_fields.size(); ++k) {
+    last.ids[k] = HashedText(cut_id(field_of(last.fields, id_fields[k])));
+    fetch_slot_early(ids.index, last.ids[k].hash);
+  }
+  constexpr std::size_t step = look_ahead / 2;
+  if (waiting.count() <= 3 * step) return;
+  for (const HashedText& id : waiting.at(waiting.behind - 1 - 2 * step).ids) fetch_end_early(ids, id.hash);
+  for (const HashedText& id : waiting.at(waiting.behind - 1 - 3 * step).ids) fetch_text_early(ids, id.hash);
+}
+
 }  // namespace
 
 bool read_animals(LineReader& data, const ReadingPlan& plan, PedigreeColumns& animals, FileSurvey& survey,
@@ -310,25 +357,20 @@ bool read_animals(LineReader& data, const ReadingPlan& plan, PedigreeColumns& an
   if (plan.export_lines != nullptr) animals.shifts = plan.export_lines->shifts;
   animals.first_line = plan.first_line_is_header ? 2 : 1;
   constexpr std::int64_t most_lines = 99'999'999;
-  std::string waiting;
-  DataLine line, waiting_line;
+  WaitingLines waiting;
+  DataLine line;
   while (read_line(data, line.text)) {
     if (data.line_number > most_lines) return false;
     count_progress(progress, data.line_number);
     if (data.line_number == 1 && plan.first_line_is_header) continue;
     place_in_export(reading, line, data.line_number);
     line.full_length = data.line_length;
-    if (leaves_out_last) {
-      if (waiting_line.number != 0) take_line(reading, waiting_line);
-      waiting.assign(line.text);
-      waiting_line = line;
-      waiting_line.text = waiting;
-    } else {
-      take_line(reading, line);
-    }
+    if (waiting.count() == waiting.lines.size()) take_line(reading, waiting.at(waiting.first++));
+    add_line(reading, waiting, line);
   }
-  if (leaves_out_last && !without_trailing_blanks(waiting).empty()) {
-    add(findings, {.code = FindingCode::last_line, .line = waiting_line.number});
+  while (waiting.count() > (leaves_out_last ? 1U : 0U)) take_line(reading, waiting.at(waiting.first++));
+  if (waiting.count() > 0 && !without_trailing_blanks(waiting.at(waiting.first).line.text).empty()) {
+    add(findings, {.code = FindingCode::last_line, .line = waiting.at(waiting.first).line.number});
   }
   index_animals(animals);
   return true;

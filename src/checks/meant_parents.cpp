@@ -6,37 +6,41 @@
 
 #include <algorithm>
 #include <map>
+#include <numeric>
 #include <string>
-#include <tuple>
 #include <unordered_map>
 
 namespace pedigreewatch {
 namespace {
 
-/// The link of a young to a parent in one role.
-struct Link {
-  std::int32_t parent = 0;  ///< number of an identification
-  ParentRole role = ParentRole::none;
-  std::int32_t young = 0;
+struct Young {
+  std::int32_t animal = 0;
+  std::int32_t year = 0;  ///< of its birth
 };
 
-bool stands_before(const Link& a, const Link& b) {
-  return std::tie(a.parent, a.role, a.young) < std::tie(b.parent, b.role, b.young);
-}
+/// The young of some parents in one role, of each in the order of their lines.
+struct YoungOf {
+  ByNumber<std::int32_t> begin;  ///< by identification; where those of the next one begin is the end
+  std::vector<Young> young;
 
-/// The links that the weights need, in the order of parents, and how many there are of all.
+  std::span<const Young> at(std::int32_t parent) const {
+    const auto first = static_cast<std::size_t>(begin[parent]), end = static_cast<std::size_t>(begin[parent + 1]);
+    return std::span(young).subspan(first, end - first);
+  }
+};
+
+/// The links of young to their parents that the weights need, and how many there are of all.
 struct Links {
-  std::vector<Link> list;
+  YoungOf of_sires, of_dams;
   std::map<std::int32_t, std::int64_t> by_year;  ///< animals born in a year with that year's links in both roles
   std::int64_t all = 0;
   double same_dam_share = 0;  ///< of neighbours in the file with the same sire and date that have the same dam
 
-  std::span<const Link> of(std::int32_t parent, ParentRole role) const {
-    const auto first = std::lower_bound(list.begin(), list.end(), Link{parent, role, 0}, stands_before);
-    auto last = first;
-    while (last != list.end() && last->parent == parent && last->role == role) ++last;
-    return std::span(list).subspan(static_cast<std::size_t>(first - list.begin()),
-                                   static_cast<std::size_t>(last - first));
+  std::span<const Young> of(std::int32_t parent, ParentRole role) const {
+    return (role == ParentRole::sire ? of_sires : of_dams).at(parent);
+  }
+  void fetch_early_of(std::int32_t parent, ParentRole role) const {
+    fetch_early(&(role == ParentRole::sire ? of_sires : of_dams).begin[parent]);
   }
 };
 
@@ -48,40 +52,81 @@ std::int32_t parent_of(const PedigreeColumns& animals, std::int32_t animal, Pare
   return role == ParentRole::sire ? animals.sire.at(animal) : animals.dam.at(animal);
 }
 
+void fetch_parent_early(const PedigreeColumns& animals, std::int32_t animal, ParentRole role) {
+  fetch_early(role == ParentRole::sire ? &animals.sire.at(animal) : &animals.dam.at(animal));
+}
+
 bool have_same_day(const PedigreeColumns& animals, std::int32_t a, std::int32_t b) {
   const DayRange x = days_of_birth(animals, a), y = days_of_birth(animals, b);
   return x.is_known() && x.first == x.last && x.first == y.first && y.first == y.last;
 }
 
-/// Gathers the links to all identifications that are marked.
-Links gather_links(const PedigreeColumns& animals, const std::vector<std::uint8_t>& is_marked) {
-  Links links;
-  std::int64_t neighbours = 0, of_same_dam = 0;
+/// The young of all parents that are marked.
+YoungOf gather_young(const PedigreeColumns& animals, ParentRole role, const std::vector<std::uint8_t>& is_marked) {
+  YoungOf result;
+  const std::span<const std::int32_t> parents = role == ParentRole::sire ? animals.sire.entries : animals.dam.entries;
+  result.begin = ByNumber<std::int32_t>(static_cast<std::size_t>(animals.ids.count()) + 2);
+  for (const std::int32_t parent : parents) {
+    if (is_marked[static_cast<std::size_t>(parent)] != 0) ++result.begin[parent + 2];
+  }
+  std::vector<std::int32_t>& begin = result.begin.values;
+  std::partial_sum(begin.begin(), begin.end(), begin.begin());
+  result.young.resize(static_cast<std::size_t>(begin.back()));
+  for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
+    const std::int32_t parent = parents[static_cast<std::size_t>(animal) - 1];
+    if (is_marked[static_cast<std::size_t>(parent)] == 0) continue;
+    result.young[static_cast<std::size_t>(result.begin[parent + 1]++)] = {animal, animals.birth.at(animal).year};
+  }
+  return result;
+}
+
+/// Counts all links.
+void count_links(const PedigreeColumns& animals, Links& links) {
+  std::int64_t neighbours = 0, of_same_dam = 0, of_unknown_year = 0;
+  std::int32_t last_year = 0;
+  std::int64_t* last_count = &of_unknown_year;
   for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
     const std::int32_t sire = animals.sire.at(animal), dam = animals.dam.at(animal);
     if (sire == 0 && dam == 0) continue;
     const int count = (sire != 0 ? 1 : 0) + (dam != 0 ? 1 : 0);
     links.all += count;
-    if (animals.birth.at(animal).year != 0) links.by_year[animals.birth.at(animal).year] += count;
-    if (is_marked[static_cast<std::size_t>(sire)] != 0) links.list.push_back({sire, ParentRole::sire, animal});
-    if (is_marked[static_cast<std::size_t>(dam)] != 0) links.list.push_back({dam, ParentRole::dam, animal});
+    const std::int32_t year = animals.birth.at(animal).year;
+    if (year != last_year) last_count = year == 0 ? &of_unknown_year : &links.by_year[year];
+    last_year = year;
+    *last_count += count;
     const bool has_neighbour = animal > 1 && sire != 0 && dam != 0 && animals.sire.at(animal - 1) == sire &&
                                animals.dam.at(animal - 1) != 0 && have_same_day(animals, animal - 1, animal);
     if (!has_neighbour) continue;
     ++neighbours;
     if (animals.dam.at(animal - 1) == dam) ++of_same_dam;
   }
-  std::sort(links.list.begin(), links.list.end(), stands_before);
   links.same_dam_share = (static_cast<double>(of_same_dam) + 1) / (static_cast<double>(neighbours) + 2);
-  return links;
 }
+
+/// A mate of the other parent of a young, with the young of both.
+struct MateCount {
+  std::int32_t id = 0;
+  double in_litter = 0;  ///< mates of that young among them
+  double in_all = 0;
+};
+
+/// What the other young of that time, and of the other parent, tell of the parent of a young.
+struct YoungEvidence {
+  std::int32_t young = 0;
+  double links_near_year = 0;    ///< of all young of the year and the years beside it
+  std::vector<MateCount> mates;  ///< of the other parent, by identification
+  double in_litter = 0, in_all = 0;
+  double repeats = 0;  ///< how often that parent keeps to a mate from one young to the next
+};
 
 /// A parent without a line with everything that speaks for and against the animals near it.
 struct Case {
   MissingParent missing;
   std::span<const NearAnimal> near;
-  std::vector<double> weights;  ///< of each of them, for one slip among all links
-  double genuine_weight = 0;    ///< of a parent that has no line, for one such parent among all links
+  std::vector<std::int32_t> firsts;  ///< of its young, the first of each litter
+  std::vector<double> weights;       ///< of each of the animals near, for one slip among all links; 0 for one that
+                                     ///< cannot be the parent, 1 as long as nothing else is known
+  double genuine_weight = 0;         ///< of a parent that has no line, for one such parent among all links
 };
 
 struct Weighing {
@@ -92,19 +137,18 @@ struct Weighing {
 };
 
 /// 0 for an animal that cannot be this parent.
-double fit_of(const Weighing& weighing, const Case& one, std::int32_t candidate, std::int32_t young) {
+double fit_of(const Weighing& weighing, ParentRole role, std::int32_t candidate, std::int32_t young) {
   const PedigreeColumns& animals = weighing.animals;
   constexpr double of_unknown_sex = 0.5;
   const char sex = animals.sex.at(candidate);
   const bool is_unknown = sex == ' ' || sex == '?' || sex == '-';
   const bool is_male = weighing.male_letters.find(sex) != std::string_view::npos;
-  if (candidate == young || (!is_unknown && is_male != (one.missing.role == ParentRole::sire))) return 0;
+  if (candidate == young || (!is_unknown && is_male != (role == ParentRole::sire))) return 0;
   const DayRange parent_days = days_of_birth(animals, candidate), young_days = days_of_birth(animals, young);
   if (parent_days.is_known() && young_days.is_known()) {
     constexpr std::int64_t days_of_a_year = 366;
     const CheckLimits& limits = weighing.limits;
-    const std::int64_t oldest =
-        one.missing.role == ParentRole::sire ? limits.oldest_sire_years : limits.oldest_dam_years;
+    const std::int64_t oldest = role == ParentRole::sire ? limits.oldest_sire_years : limits.oldest_dam_years;
     const std::int64_t most = std::int64_t{young_days.last} - parent_days.first;
     const std::int64_t least = std::int64_t{young_days.first} - parent_days.last;
     if (most < std::max(limits.youngest_parent_days, 1) || least > (oldest + 1) * days_of_a_year) return 0;
@@ -112,87 +156,103 @@ double fit_of(const Weighing& weighing, const Case& one, std::int32_t candidate,
   return is_unknown ? of_unknown_sex : 1;
 }
 
-/// How many of these links are to young of a year and the years beside it; of all years for an unknown one.
-std::int64_t count_near_year(const PedigreeColumns& animals, std::span<const Link> links, std::int32_t year) {
-  return std::count_if(links.begin(), links.end(), [&](const Link& link) {
-    const std::int32_t born = animals.birth.at(link.young).year;
-    return year == 0 || (born != 0 && born >= year - 1 && born <= year + 1);
+/// How many of these young are of a year and the years beside it; of all years for an unknown one.
+std::int64_t count_near_year(std::span<const Young> young, std::int32_t year) {
+  if (year == 0) return static_cast<std::int64_t>(young.size());
+  return std::count_if(young.begin(), young.end(), [&](const Young& each) {
+    return each.year != 0 && each.year >= year - 1 && each.year <= year + 1;
   });
 }
 
-/// The chance that the parent of a young of this year is just this animal, by its other young of that time.
-double chance_by_year(const Weighing& weighing, ParentRole role, std::int32_t candidate, std::int32_t young) {
-  constexpr double of_first_young = 0.3;  // an animal without young counts for so many
-  const PedigreeColumns& animals = weighing.animals;
-  const std::int32_t year = animals.birth.at(young).year;
-  double all = static_cast<double>(weighing.links.all) / 2;
-  if (year != 0) {
-    all = 0;
-    for (std::int32_t near = year - 1; near <= year + 1; ++near) {
-      const auto found = weighing.links.by_year.find(near);
-      if (found != weighing.links.by_year.end()) all += static_cast<double>(found->second) / 2;
-    }
+double count_links_near_year(const Links& links, std::int32_t year) {
+  if (year == 0) return static_cast<double>(links.all) / 2;
+  double all = 0;
+  for (std::int32_t near = year - 1; near <= year + 1; ++near) {
+    const auto found = links.by_year.find(near);
+    if (found != links.by_year.end()) all += static_cast<double>(found->second) / 2;
   }
-  const auto own = count_near_year(animals, weighing.links.of(animals.id.at(candidate), role), year);
-  const double eligible = static_cast<double>(animals.count()) / 2;
-  return (static_cast<double>(own) + of_first_young) / (all + of_first_young * eligible + 1);
+  return all;
 }
 
-/// The mates that the young's other parent has had: which share of them is the candidate.
-struct MateShares {
-  double of_litter = -1;  ///< among litter mates; negative: there are none
-  double of_all = -1;     ///< among all young of the other parent; likewise
-  double repeats = 0;     ///< how often that parent keeps to a mate from one young to the next
-};
-
-MateShares share_of_mates(const Weighing& weighing, ParentRole role, std::int32_t candidate, std::int32_t young) {
+/// The chance that the parent of a young is just this animal, by its other young of that time.
+double chance_by_year(const Weighing& weighing, ParentRole role, std::int32_t candidate, const YoungEvidence& known) {
+  constexpr double of_first_young = 0.3;  // an animal without young counts for so many
   const PedigreeColumns& animals = weighing.animals;
-  MateShares shares;
+  const auto own =
+      count_near_year(weighing.links.of(animals.id.at(candidate), role), animals.birth.at(known.young).year);
+  const double eligible = static_cast<double>(animals.count()) / 2;
+  return (static_cast<double>(own) + of_first_young) / (known.links_near_year + of_first_young * eligible + 1);
+}
+
+/// Puts the entries of a mate together, in the order of identifications.
+void merge_mates(std::vector<MateCount>& mates) {
+  std::sort(mates.begin(), mates.end(), [](const MateCount& a, const MateCount& b) { return a.id < b.id; });
+  std::size_t kept = 0;
+  for (const MateCount& each : mates) {
+    if (kept == 0 || mates[kept - 1].id != each.id) {
+      mates[kept++] = each;
+    } else {
+      mates[kept - 1].in_litter += each.in_litter;
+      mates[kept - 1].in_all += each.in_all;
+    }
+  }
+  mates.resize(kept);
+}
+
+/// What is known of a parent of this young, whichever animal it is.
+YoungEvidence evidence_of(const Weighing& weighing, ParentRole role, std::int32_t young) {
+  const PedigreeColumns& animals = weighing.animals;
+  YoungEvidence known;
+  known.young = young;
+  known.links_near_year = count_links_near_year(weighing.links, animals.birth.at(young).year);
   const std::int32_t other = parent_of(animals, young, other_role(role));
-  const std::int32_t id = animals.id.at(candidate), written = parent_of(animals, young, role);
-  if (other == 0) return shares;
-  double litter = 0, of_litter = 0, all = 0, of_all = 0, kept = 0, pairs = 0;
+  const std::int32_t written = parent_of(animals, young, role);
+  if (other == 0) return known;
+  double kept = 0, pairs = 0;
   std::int32_t last_mate = 0;
-  for (const Link& link : weighing.links.of(other, other_role(role))) {
-    const std::int32_t mate = parent_of(animals, link.young, role);
-    if (link.young == young || mate == 0 || mate == written) continue;
-    ++all;
-    if (mate == id) ++of_all;
+  const std::span<const Young> of_other = weighing.links.of(other, other_role(role));
+  for (std::size_t k = 0; k < of_other.size(); ++k) {
+    if (k + look_ahead < of_other.size()) fetch_parent_early(animals, of_other[k + look_ahead].animal, role);
+    const std::int32_t each = of_other[k].animal, mate = parent_of(animals, each, role);
+    if (each == young || mate == 0 || mate == written) continue;
     if (last_mate != 0) ++pairs;
     if (mate == last_mate) ++kept;
     last_mate = mate;
-    const bool is_beside = role == ParentRole::sire || std::abs(link.young - young) <= 2;
-    if (!is_beside || !have_same_day(animals, link.young, young)) continue;
-    ++litter;
-    if (mate == id) ++of_litter;
+    const bool is_beside = role == ParentRole::sire || std::abs(each - young) <= 2;
+    const bool is_litter_mate = is_beside && have_same_day(animals, each, young);
+    known.mates.push_back({mate, is_litter_mate ? 1.0 : 0.0, 1.0});
+    known.in_litter += known.mates.back().in_litter;
+    ++known.in_all;
   }
-  if (litter > 0) shares.of_litter = of_litter / litter;
-  if (all > 0) shares.of_all = of_all / all;
-  shares.repeats = (kept + 1) / (pairs + 2);
-  return shares;
+  merge_mates(known.mates);
+  known.repeats = (kept + 1) / (pairs + 2);
+  return known;
 }
 
 /// The chance that the parent of the young is just this animal.
-double chance_of_parent(const Weighing& weighing, ParentRole role, std::int32_t candidate, std::int32_t young) {
+double chance_of_parent(const Weighing& weighing, ParentRole role, std::int32_t candidate, const YoungEvidence& known) {
   constexpr double one_sire = 0.97;  // litters with one sire
-  const double by_year = chance_by_year(weighing, role, candidate, young);
-  const MateShares shares = share_of_mates(weighing, role, candidate, young);
+  const double by_year = chance_by_year(weighing, role, candidate, known);
+  const std::int32_t id = weighing.animals.id.at(candidate);
+  const auto found = std::lower_bound(known.mates.begin(), known.mates.end(), id,
+                                      [](const MateCount& mate, std::int32_t wanted) { return mate.id < wanted; });
+  const MateCount own = found != known.mates.end() && found->id == id ? *found : MateCount{};
   double chance = by_year;
-  if (shares.of_all >= 0) chance = shares.repeats * shares.of_all + (1 - shares.repeats) * by_year;
-  if (shares.of_litter < 0) return chance;
+  if (known.in_all > 0) chance = known.repeats * (own.in_all / known.in_all) + (1 - known.repeats) * by_year;
+  if (known.in_litter == 0) return chance;
   const double of_litter = role == ParentRole::sire ? one_sire : weighing.links.same_dam_share;
-  return of_litter * shares.of_litter + (1 - of_litter) * chance;
+  return of_litter * (own.in_litter / known.in_litter) + (1 - of_litter) * chance;
 }
 
 /// The young of one parent without a line by litters: the first of each.
-std::vector<std::int32_t> first_of_litters(const PedigreeColumns& animals, std::span<const Link> young) {
+std::vector<std::int32_t> first_of_litters(const PedigreeColumns& animals, std::span<const Young> young) {
   std::vector<std::int32_t> firsts;
-  for (const Link& link : young) {
-    const auto is_mate = [&](std::int32_t first) {
-      return animals.sire.at(first) == animals.sire.at(link.young) &&
-             animals.dam.at(first) == animals.dam.at(link.young) && have_same_day(animals, first, link.young);
+  for (const auto& [each, year] : young) {
+    const auto is_mate = [&, animal = each](std::int32_t first) {
+      return animals.sire.at(first) == animals.sire.at(animal) && animals.dam.at(first) == animals.dam.at(animal) &&
+             have_same_day(animals, first, animal);
     };
-    if (std::none_of(firsts.begin(), firsts.end(), is_mate)) firsts.push_back(link.young);
+    if (std::none_of(firsts.begin(), firsts.end(), is_mate)) firsts.push_back(each);
     constexpr std::size_t enough = 6;
     if (firsts.size() == enough) break;
   }
@@ -233,25 +293,49 @@ double chance_as_written(Slip slip, std::string_view written, std::string_view m
   return is_slip ? std::min(chance, chance_of(as_written, written.size())) : chance;
 }
 
-double weight_of(const Weighing& weighing, const Case& one, const NearAnimal& near) {
+/// Finds the young of the case, and which of the animals near it can be their parent.
+void begin_case(const Weighing& weighing, Case& one) {
+  const ParentRole role = one.missing.role;
+  one.firsts = first_of_litters(weighing.animals, weighing.links.of(one.missing.id, role));
+  for (const NearAnimal& near : one.near) {
+    double fit = 1;
+    for (const std::int32_t young : one.firsts) fit = std::min(fit, fit_of(weighing, role, near.animal, young));
+    one.weights.push_back(fit);
+  }
+}
+
+double weight_of(const Weighing& weighing, const Case& one, const NearAnimal& near, double fit,
+                 std::span<const YoungEvidence> evidence) {
   constexpr double slipped_again = 0.1, least = 0.001;
   const PedigreeColumns& animals = weighing.animals;
   const ParentRole role = one.missing.role;
-  double best = 0, fit = 1;
-  const auto firsts = first_of_litters(animals, weighing.links.of(one.missing.id, role));
-  for (const std::int32_t young : firsts) {
-    fit = std::min(fit, fit_of(weighing, one, near.animal, young));
-    if (fit == 0) return 0;
-    best = std::max(best, chance_of_parent(weighing, role, near.animal, young));
+  double best = 0;
+  for (const YoungEvidence& known : evidence) {
+    best = std::max(best, chance_of_parent(weighing, role, near.animal, known));
   }
   // One rule for all, or a slip in the animal's own line: then all of its young have another parent than it.
   const bool is_rule = near.slip == Slip::format || near.slip == Slip::prefix || near.slip == Slip::beginning;
   const bool has_young = !weighing.links.of(animals.id.at(near.animal), role).empty();
   double again = 1;
-  for (std::size_t k = 1; k < firsts.size() && !is_rule && has_young; ++k)
+  for (std::size_t k = 1; k < one.firsts.size() && !is_rule && has_young; ++k)
     again = std::max(again * slipped_again, least);
   const std::string_view written = animals.ids.at(one.missing.id), meant = animals.ids.at(animals.id.at(near.animal));
   return chance_as_written(near.slip, written, meant) * best * fit * again;
+}
+
+/// Weighs the animals that can be the parent.
+void weigh_case(const Weighing& weighing, Case& one) {
+  std::vector<YoungEvidence> evidence;
+  for (const NearAnimal& each : one.near) {
+    weighing.links.fetch_early_of(weighing.animals.id.at(each.animal), one.missing.role);
+  }
+  for (std::size_t k = 0; k < one.near.size(); ++k) {
+    if (one.weights[k] == 0) continue;
+    if (evidence.empty()) {
+      for (const std::int32_t young : one.firsts) evidence.push_back(evidence_of(weighing, one.missing.role, young));
+    }
+    one.weights[k] = weight_of(weighing, one, one.near[k], one.weights[k], evidence);
+  }
 }
 
 /// Letters and digits of an identification without which ones they are: "AA-9999".
@@ -365,26 +449,31 @@ MeantParent decide(const Case& one, const Rates& rates) {
   return {};
 }
 
-/// Marks the identifications whose links are needed: parents without a line that have animals near them, these animals,
-/// and the other parents of the young in question.
-std::vector<std::uint8_t> mark_needed(const PedigreeColumns& animals, std::span<const MissingParent> missing,
-                                      std::span<const std::vector<NearAnimal>> near) {
-  std::vector<std::uint8_t> is_marked(static_cast<std::size_t>(animals.ids.count()) + 1);
-  std::vector<std::uint8_t> is_wanted(is_marked.size());
+using Marks = std::vector<std::uint8_t>;  // by identification
+
+/// Marks the identifications whose young are needed: the animals that can be meant, and the other parents of the young
+/// in question.
+Marks mark_needed(const PedigreeColumns& animals, std::span<const Case> cases) {
+  Marks is_marked(static_cast<std::size_t>(animals.ids.count()) + 1);
   const auto mark = [&](std::int32_t id) { is_marked[static_cast<std::size_t>(id)] = 1; };
-  for (std::size_t k = 0; k < missing.size(); ++k) {
-    if (near[k].empty()) continue;
-    mark(missing[k].id);
-    is_wanted[static_cast<std::size_t>(missing[k].id)] = 1;
-    for (const NearAnimal& each : near[k]) mark(animals.id.at(each.animal));
-  }
-  for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
-    const std::int32_t sire = animals.sire.at(animal), dam = animals.dam.at(animal);
-    if (is_wanted[static_cast<std::size_t>(sire)] != 0) mark(dam);
-    if (is_wanted[static_cast<std::size_t>(dam)] != 0) mark(sire);
+  for (const Case& one : cases) {
+    bool has_any = false;
+    for (std::size_t k = 0; k < one.near.size(); ++k) {
+      if (one.weights[k] == 0) continue;
+      mark(animals.id.at(one.near[k].animal));
+      has_any = true;
+    }
+    for (std::size_t k = 0; has_any && k < one.firsts.size(); ++k) {
+      mark(parent_of(animals, one.firsts[k], other_role(one.missing.role)));
+    }
   }
   is_marked[0] = 0;
   return is_marked;
+}
+
+void gather_young(const PedigreeColumns& animals, const Marks& is_marked, Links& links) {
+  links.of_sires = gather_young(animals, ParentRole::sire, is_marked);
+  links.of_dams = gather_young(animals, ParentRole::dam, is_marked);
 }
 
 }  // namespace
@@ -399,15 +488,20 @@ std::vector<MeantParent> find_meant_parents(const PedigreeColumns& animals, std:
   wanted.insert(wanted.end(), sample.begin(), sample.end());
   const std::vector<std::vector<NearAnimal>> near = find_near_animals(animals, wanted, missing.size());
   const double usual_share = occupied_share(animals, sample, std::span(near).subspan(missing.size()));
-  const Links links = gather_links(animals, mark_needed(animals, missing, near));
   const std::vector<double> genuine = genuine_weights(animals, missing, near, usual_share);
+  Links links;
+  count_links(animals, links);
   const Weighing weighing = {animals, links, limits, male_letters};
+  Marks is_missing(static_cast<std::size_t>(animals.ids.count()) + 1);
+  for (const MissingParent& each : missing) is_missing[static_cast<std::size_t>(each.id)] = 1;
+  gather_young(animals, is_missing, links);
   std::vector<Case> cases;
   for (std::size_t k = 0; k < missing.size(); ++k) {
-    Case one = {missing[k], near[k], {}, genuine[k]};
-    for (const NearAnimal& each : near[k]) one.weights.push_back(weight_of(weighing, one, each));
-    cases.push_back(std::move(one));
+    cases.push_back({missing[k], near[k], {}, {}, genuine[k]});
+    if (!near[k].empty()) begin_case(weighing, cases.back());
   }
+  gather_young(animals, mark_needed(animals, cases), links);
+  for (Case& one : cases) weigh_case(weighing, one);
   const Rates rates = estimate_rates(cases, static_cast<double>(std::max<std::int64_t>(links.all, 1)));
   for (std::size_t k = 0; k < cases.size(); ++k) meant[k] = decide(cases[k], rates);
   return meant;

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <numeric>
 #include <utility>
 
 #include "checks/readable_text.h"
@@ -115,12 +116,28 @@ struct WantedHash {
 struct Sought {
   std::vector<std::string> texts;
   std::vector<WantedHash> hashes;
-  std::vector<std::uint64_t> filter;  ///< a small map of hashes, so that nearly all others cost one look
+  std::vector<std::uint64_t> filter;   ///< a small map of hashes, so that nearly all others cost one look
+  std::vector<std::uint32_t> buckets;  ///< where the hashes with the same first bits begin
+  int bucket_bits = 0;
   std::vector<std::size_t> end_lengths;
 
-  static constexpr std::size_t filter_bits = std::size_t{1} << 20;
-  bool may_have(Hash hash) const { return (filter[hash % filter_bits / 64] >> (hash % 64) & 1U) != 0; }
+  bool may_have(Hash hash) const { return (filter[hash / 64 % filter.size()] >> (hash % 64) & 1U) != 0; }
+  std::size_t bucket_of(Hash hash) const { return hash >> (64 - bucket_bits); }
 };
+
+/// Makes the map and the buckets of the hashes, which are in order.
+void index_hashes(Sought& sought) {
+  constexpr std::size_t bits_per_hash = 32;
+  const std::size_t count = std::bit_ceil(sought.hashes.size() + 1);
+  sought.filter.assign(count * bits_per_hash / 64, 0);
+  sought.bucket_bits = std::max(std::countr_zero(count), 1);
+  sought.buckets.assign((std::size_t{1} << sought.bucket_bits) + 1, 0);
+  for (const WantedHash& each : sought.hashes) {
+    sought.filter[each.hash / 64 % sought.filter.size()] |= std::uint64_t{1} << (each.hash % 64);
+    ++sought.buckets[sought.bucket_of(each.hash) + 1];
+  }
+  std::partial_sum(sought.buckets.begin(), sought.buckets.end(), sought.buckets.begin());
+}
 
 /// Where the number begins behind the letters of a prefix; 0: there is no such prefix.
 std::size_t prefix_length(std::string_view loose) {
@@ -134,15 +151,19 @@ std::string_view without_zeros(std::string_view digits) {
   return digits.substr(std::min(digits.find_first_not_of('0'), digits.size()));
 }
 
+/// The hash of the number behind a prefix of this length; `hashes` are those of the whole text.
+Hash hash_of_number(const TextHashes& hashes, std::string_view text, std::size_t prefix) {
+  text = text.substr(0, longest_id);
+  return mixed(hashes.ends[text.size() - without_zeros(text.substr(std::min(prefix, text.size()))).size()]);
+}
+
 constexpr std::size_t shortest_end = 4, most_lacking = 8;
 
 Sought prepare_search(const PedigreeColumns& animals, std::span<const std::int32_t> wanted) {
   Sought sought;
-  sought.filter.resize(Sought::filter_bits / 64);
   TextHashes hashes;
   const auto add_hash = [&](Hash hash, std::size_t place) {
     sought.hashes.push_back({hash, static_cast<std::uint32_t>(place)});
-    sought.filter[hash % Sought::filter_bits / 64] |= std::uint64_t{1} << (hash % 64);
   };
   for (std::size_t place = 0; place < wanted.size(); ++place) {
     sought.texts.push_back(loose_id(animals.ids.at(wanted[place])));
@@ -150,10 +171,7 @@ Sought prepare_search(const PedigreeColumns& animals, std::span<const std::int32
     hash_text(text, hashes);
     for (std::size_t k = 0; k < hashes.count; ++k) add_hash(hashes.hashes[k], place);
     const std::size_t prefix = prefix_length(text);
-    if (prefix > 0) {
-      hash_text(without_zeros(text.substr(prefix)), hashes);
-      add_hash(hashes.hashes[0], place);
-    }
+    if (prefix > 0) add_hash(hash_of_number(hashes, text, prefix), place);
     const auto known = std::find(sought.end_lengths.begin(), sought.end_lengths.end(), text.size());
     constexpr std::size_t most_lengths = 8;
     const bool is_new = known == sought.end_lengths.end() && sought.end_lengths.size() < most_lengths;
@@ -164,6 +182,7 @@ Sought prepare_search(const PedigreeColumns& animals, std::span<const std::int32
   });
   const auto is_same = [](const WantedHash& a, const WantedHash& b) { return a.hash == b.hash && a.place == b.place; };
   sought.hashes.erase(std::unique(sought.hashes.begin(), sought.hashes.end(), is_same), sought.hashes.end());
+  index_hashes(sought);
   return sought;
 }
 
@@ -181,10 +200,12 @@ struct Found {
 
 void look_up(const Sought& sought, Hash hash, std::string_view text, std::int32_t animal, Found& found) {
   if (!sought.may_have(hash)) return;
-  auto each = std::lower_bound(sought.hashes.begin(), sought.hashes.end(), hash,
-                               [](const WantedHash& a, Hash wanted) { return a.hash < wanted; });
+  const std::size_t bucket = sought.bucket_of(hash);
+  auto each = sought.hashes.begin() + sought.buckets[bucket];
+  const auto end = sought.hashes.begin() + sought.buckets[bucket + 1];
+  while (each != end && each->hash < hash) ++each;
   constexpr int most_looked_at = 300;  // ids that all have one letter in common place are no slips
-  for (int k = 0; k < most_looked_at && each != sought.hashes.end() && each->hash == hash; ++k, ++each) {
+  for (int k = 0; k < most_looked_at && each != end && each->hash == hash; ++k, ++each) {
     const Slip slip = slip_between(sought.texts[each->place], text);
     if (slip != Slip::none && slip != Slip::two) found.add(each->place, animal, slip);
   }
@@ -199,10 +220,7 @@ void look_up_all(const Sought& sought, std::string_view text, std::int32_t anima
     look_up(sought, mixed(hashes.ends[hashes.length - length]), text, animal, found);
   }
   const std::size_t prefix = prefix_length(text);
-  if (prefix == 0) return;
-  TextHashes number;
-  hash_text(without_zeros(text.substr(prefix)), number);
-  look_up(sought, number.hashes[0], text, animal, found);
+  if (prefix > 0) look_up(sought, hash_of_number(hashes, text, prefix), text, animal, found);
 }
 
 /// Which of 64 letters occur: two slips change four of them at most.

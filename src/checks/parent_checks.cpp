@@ -134,7 +134,12 @@ std::int32_t median_year(const PedigreeColumns& animals) {
 
 ParentUses count_parent_uses(const PedigreeColumns& animals) {
   ParentUses uses(static_cast<std::size_t>(animals.ids.count()));
+  constexpr auto ahead = static_cast<std::int32_t>(look_ahead);
   for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
+    if (animal <= animals.count() - ahead) {
+      fetch_early(&uses[animals.sire.at(animal + ahead)]);
+      fetch_early(&uses[animals.dam.at(animal + ahead)]);
+    }
     ParentUse &sire = uses[animals.sire.at(animal)], &dam = uses[animals.dam.at(animal)];
     if (sire.sire_count++ == 0) sire.first_as_sire = animal;
     if (dam.dam_count++ == 0) dam.first_as_dam = animal;

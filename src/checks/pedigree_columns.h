@@ -9,6 +9,7 @@
 #include "checks/calendar.h"
 #include "checks/text_store.h"
 #include "core/by_number.h"
+#include "core/memory_hints.h"
 #include "intake/export_lines.h"
 
 namespace pedigreewatch {
@@ -57,6 +58,19 @@ struct PedigreeColumns {
   /// The animal that a parent's identification is linked to; 0 for none.
   std::int32_t linked(std::int32_t parent_id) const { return parent_id == 0 ? 0 : animal_of[parent_id]; }
 };
+
+/// Has the births of the parents fetched that the animal `look_ahead` places on has, in two steps: those further on are
+/// first looked up.
+inline void fetch_parents_early(const PedigreeColumns& animals, std::int32_t animal) {
+  constexpr auto ahead = static_cast<std::int32_t>(look_ahead);
+  if (animal > animals.count() - 2 * ahead) return;
+  fetch_early(&animals.animal_of[animals.sire.at(animal + 2 * ahead)]);
+  fetch_early(&animals.animal_of[animals.dam.at(animal + 2 * ahead)]);
+  const std::int32_t sire = animals.linked(animals.sire.at(animal + ahead));
+  const std::int32_t dam = animals.linked(animals.dam.at(animal + ahead));
+  if (sire != 0) fetch_early(&animals.birth.at(sire));
+  if (dam != 0) fetch_early(&animals.birth.at(dam));
+}
 
 /// The days on which an animal can have been born; the first is behind the last when nothing is known.
 struct DayRange {

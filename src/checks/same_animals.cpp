@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <span>
 #include <string>
 #include <tuple>
@@ -12,6 +13,7 @@
 #include <vector>
 
 #include "checks/readable_text.h"
+#include "core/memory_hints.h"
 #include "text/folded_words.h"
 
 namespace pedigreewatch {
@@ -25,19 +27,57 @@ std::uint64_t mix(std::uint64_t hash, std::uint64_t value) {
 struct HashedAnimal {
   std::uint64_t hash = 0;
   std::int32_t animal = 0;
+  char first_letter = 0, last_letter = 0;  ///< of the name, folded; 0 where they are not seen at once
 };
 
-/// All animals with a name, a year and an identification, by what is known of them besides.
+/// The first of these bytes that `folded` does not leave out, folded; 0 where that is not seen at once.
+template <typename Bytes>
+char first_folded(Bytes begin, Bytes end) {
+  for (; begin != end; ++begin) {
+    const char byte = *begin;
+    if (static_cast<unsigned char>(byte) >= 0x80) return 0;
+    if (byte >= 'A' && byte <= 'Z') return static_cast<char>(byte - 'A' + 'a');
+    if ((byte >= 'a' && byte <= 'z') || (byte >= '0' && byte <= '9')) return byte;
+  }
+  return 0;
+}
+
+/// Whether neither the beginnings nor the ends of two names agree, so that they cannot be the same.
+bool are_plainly_others(const HashedAnimal& a, const HashedAnimal& b) {
+  const auto differ = [](char x, char y) { return x != 0 && y != 0 && x != y; };
+  return differ(a.first_letter, b.first_letter) && differ(a.last_letter, b.last_letter);
+}
+
+/// Leaves those out whose hash no other one can have: a map of bits tells which were met twice.
+void keep_repeated(std::vector<HashedAnimal>& hashed) {
+  constexpr std::size_t bits_per_animal = 4;
+  const std::size_t words = std::bit_ceil(hashed.size() * bits_per_animal / 64 + 1);
+  std::vector<std::uint64_t> once(words), twice(words);
+  const auto bit_of = [](const HashedAnimal& each) { return std::uint64_t{1} << (each.hash % 64); };
+  const auto word_of = [&](const HashedAnimal& each) { return each.hash / 64 % words; };
+  for (const HashedAnimal& each : hashed) {
+    twice[word_of(each)] |= once[word_of(each)] & bit_of(each);
+    once[word_of(each)] |= bit_of(each);
+  }
+  std::erase_if(hashed, [&](const HashedAnimal& each) { return (twice[word_of(each)] & bit_of(each)) == 0; });
+}
+
+/// The animals with a name, a year and an identification, by what is known of them besides; those of which that is
+/// known of another one too.
 std::vector<HashedAnimal> hash_animals(const PedigreeColumns& animals) {
   std::vector<HashedAnimal> hashed;
+  reserve_large(hashed, static_cast<std::size_t>(animals.count()));
   for (std::int32_t a = 1; a <= animals.count(); ++a) {
     const BirthDay& birth = animals.birth.at(a);
     if (!animals.has_name(a) || birth.year == 0 || animals.id.at(a) == 0) continue;
     std::uint64_t hash = mix(static_cast<std::uint32_t>(birth.year), static_cast<unsigned char>(animals.sex.at(a)));
     hash = mix(hash, static_cast<std::uint64_t>(birth.month * 64 + birth.day + 1000));
     hash = mix(hash, static_cast<std::uint32_t>(animals.sire.at(a)));
-    hashed.push_back({mix(hash, static_cast<std::uint32_t>(animals.dam.at(a))), a});
+    const std::string_view name = animals.name(a);
+    hashed.push_back({mix(hash, static_cast<std::uint32_t>(animals.dam.at(a))), a,
+                      first_folded(name.begin(), name.end()), first_folded(name.rbegin(), name.rend())});
   }
+  keep_repeated(hashed);
   std::sort(hashed.begin(), hashed.end(), [](const HashedAnimal& a, const HashedAnimal& b) {
     return a.hash != b.hash ? a.hash < b.hash : a.animal < b.animal;
   });
@@ -96,8 +136,9 @@ void compare_all_names(const PedigreeColumns& animals, std::span<const HashedAni
     const std::int32_t animal = group[k].animal;
     for (std::size_t before = 0; before < k; ++before) {
       const std::int32_t earlier = group[before].animal;
-      const bool is_same = have_same_data(animals, earlier, animal) &&
-                           are_same_name(readable(animals.name(earlier)), readable(animals.name(animal)));
+      const bool is_same = !are_plainly_others(group[before], group[k]) &&
+                           are_same_name(readable(animals.name(earlier)), readable(animals.name(animal))) &&
+                           have_same_data(animals, earlier, animal);
       if (!is_same) continue;
       report_same(animals, earlier, animal, findings);
       break;

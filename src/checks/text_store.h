@@ -25,16 +25,31 @@ struct TextStore {
 
 /// The number of `text`, which gets one if it has none yet. Texts together may have 4 GB; what does not fit becomes
 /// empty.
-inline std::int32_t number_of_text(TextStore& store, std::string_view text) {
-  if (store.bytes.size() + text.size() > UINT32_MAX) text = {};
+inline std::int32_t number_of_text(TextStore& store, HashedText wanted) {
+  if (store.bytes.size() + wanted.text.size() > UINT32_MAX) wanted = HashedText(std::string_view());
   const std::int32_t next = store.count() + 1;
   const auto text_at = [&](std::int32_t number) { return store.at(number); };
-  const std::int32_t number = find_or_add_text(store.index, text, next, text_at);
+  const std::int32_t number = find_or_add_place(store.index, wanted, next, text_at);
   if (number == next) {
-    store.bytes.insert(store.bytes.end(), text.begin(), text.end());
+    store.bytes.insert(store.bytes.end(), wanted.text.begin(), wanted.text.end());
     store.ends.push_back(static_cast<std::uint32_t>(store.bytes.size()));
   }
   return number;
+}
+
+inline std::int32_t number_of_text(TextStore& store, std::string_view text) {
+  return number_of_text(store, HashedText(text));
+}
+
+/// Has fetched where the text ends that one of this hash is likely to be compared with: first this, then the text.
+inline void fetch_end_early(const TextStore& store, std::uint32_t hash) {
+  fetch_early(&store.ends[static_cast<std::size_t>(likely_place(store.index, hash))]);
+}
+
+/// Has the text itself fetched.
+inline void fetch_text_early(const TextStore& store, std::uint32_t hash) {
+  const std::int32_t number = likely_place(store.index, hash);
+  if (number != 0) fetch_early(store.bytes.data() + store.ends[static_cast<std::size_t>(number) - 1]);
 }
 
 }  // namespace pedigreewatch
