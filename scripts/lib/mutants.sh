@@ -86,6 +86,7 @@ judge() {
     outcome="does not apply"
   elif ! cmake --build "$place/build" --target pedigreewatch_tests -- -j 1 >"$place/log" 2>&1; then
     outcome="does not build"
+    if grep -q "static assertion failed" "$place/log"; then outcome="noticed by a static assertion"; fi
   else
     suites="$(suites_of_room "$place/tree" "$room")"
     if { [[ -z "$suites" ]] || run_tests "$1" "$suites"; } && run_tests "$1" "-$suites"; then

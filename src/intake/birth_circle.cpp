@@ -67,14 +67,14 @@ bool is_in_order(const BirthCircle& births) {
   return false;
 }
 
-std::optional<YearSpan> tell_years(const BirthCircle& births, std::int32_t this_year) {
+std::optional<BirthSpan> tell_years(const BirthCircle& births, std::int32_t this_year) {
   if (births.pairs < fewest_year_pairs) return std::nullopt;
   std::int32_t second_length = 0;
   const Gap gap = longest_gap(births, second_length);
   if (gap.length <= 2 * second_length || gap.length == 0) return std::nullopt;
   const std::int32_t last = last_birth_before(births, gap.first_year + circle);
   const std::int32_t before_now = (this_year - last) / circle * circle;
-  return YearSpan{gap.first_year + before_now, last + before_now};
+  return BirthSpan{gap.first_year + before_now, last + before_now};
 }
 
 std::int32_t whole_year(std::int32_t short_year, std::int32_t first_year) {

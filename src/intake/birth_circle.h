@@ -37,13 +37,13 @@ inline constexpr std::int64_t tolerated_torn_pairs = 50;
 bool is_in_order(const BirthCircle& circle);
 
 /// Years from the first to the last birth.
-struct YearSpan {
+struct BirthSpan {
   std::int32_t first = 0, last = 0;
 };
 
 /// The years that the births mean: the latest ones up to `this_year` that begin where the circle can be cut, if that is
 /// one place: the longest time without births, more than twice as long as any other at which it could be cut too.
-std::optional<YearSpan> tell_years(const BirthCircle& circle, std::int32_t this_year);
+std::optional<BirthSpan> tell_years(const BirthCircle& circle, std::int32_t this_year);
 
 /// The year of two digits in the hundred years that begin with `first_year`.
 std::int32_t whole_year(std::int32_t short_year, std::int32_t first_year);

@@ -35,7 +35,7 @@ std::int32_t age_at_rank(std::span<const std::int32_t> ages, std::int64_t in_100
 }
 
 /// Adds the parents of one sex, each with its share.
-void add_parents(const PopulationStore& store, std::span<const std::int32_t> offspring, Sex parent, ParentUse& use) {
+void add_parents(const PopulationStore& store, std::span<const std::int32_t> offspring, Sex parent, ParentsUsed& use) {
   std::vector<std::int32_t> parents;
   for (const std::int32_t animal : offspring) parents.push_back(parent_before(store, animal, parent));
   std::sort(parents.begin(), parents.end());
@@ -117,8 +117,8 @@ std::optional<std::int32_t> age_at_planned_births(const PopulationStore& store, 
   return static_cast<std::int32_t>(std::int64_t{store.birth_years.last} + 1 - year);
 }
 
-ParentUse parents_used(const PopulationStore& store, std::int32_t first_year, std::int32_t last_year) {
-  ParentUse use{first_year, last_year, 0, {}, {}, {}, 0.0};
+ParentsUsed parents_used(const PopulationStore& store, std::int32_t first_year, std::int32_t last_year) {
+  ParentsUsed use{first_year, last_year, 0, {}, {}, {}, 0.0};
   std::vector<std::int32_t> offspring;
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
     if (!is_born_within(store, i, first_year, last_year)) continue;

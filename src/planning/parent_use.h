@@ -41,7 +41,7 @@ ByNumber<Flag> of_breeding_age_or_younger(const PopulationStore& store);
 std::optional<std::int32_t> age_at_planned_births(const PopulationStore& store, std::int32_t position);
 
 /// Parents of the animals born in some years of which both parents are known.
-struct ParentUse {
+struct ParentsUsed {
   std::int32_t first_year = 0, last_year = 0;
   std::int64_t offspring = 0;
   std::vector<std::int32_t> positions;  ///< sires, then dams; an animal that was both stands twice
@@ -50,7 +50,7 @@ struct ParentUse {
   double mean_f = 0.0;                  ///< of the offspring
 };
 
-ParentUse parents_used(const PopulationStore& store, std::int32_t first_year, std::int32_t last_year);
+ParentsUsed parents_used(const PopulationStore& store, std::int32_t first_year, std::int32_t last_year);
 
 /// By how much the mean kinship of those born in a year rises, as a part of the diversity that is left: the slope of
 /// -ln(1 - kinship) over the last ten full years. None with fewer than three such years.

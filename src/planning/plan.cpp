@@ -107,7 +107,7 @@ std::int32_t generation_years(const PopulationStore& store) {
   return static_cast<std::int32_t>(std::ceil(std::clamp(years, 1.0, longest)));
 }
 
-std::optional<PlanComparison> compare_parents(const PopulationStore& store, const ParentUse& use) {
+std::optional<PlanComparison> compare_parents(const PopulationStore& store, const ParentsUsed& use) {
   if (use.offspring == 0) return std::nullopt;
   PlanComparison result = compare_shares(make_candidate_kinship(store, use.positions), use.sex, use.shares);
   result.mean_f = use.mean_f;

@@ -61,6 +61,7 @@ TEST(FindAnimals, ExactFirstThenByIdentificationThenByName) {
   EXPECT_EQ(found(herd(), "HS2"), (Ids{"HS2", "HS20", "X9"}));
   EXPECT_EQ(found(herd(), "HS20"), (Ids{"HS20"}));
   EXPECT_EQ(found(herd(), "hs"), (Ids{"HS2", "HS20", "hs3", "X9"})) << "an animal is found once";
+  EXPECT_EQ(found(herd(), "hs", 1), (Ids{"HS2"}));
 }
 
 TEST(FindAnimals, PartsOfIdentificationsAndNamesAreFoundBehindTheirBeginnings) {

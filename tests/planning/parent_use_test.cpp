@@ -96,7 +96,7 @@ TEST(ParentsUsed, HaveTheirSharesInTheOffspring) {
   const PopulationStore store = with_inbreeding(
       pedigree_from_text("a 0 0 m 2000\nb 0 0 f 2000\nc 0 0 f 2000\nd a b m 2003\n"
                          "e a b f 2005\nf d b f 2005\ng d c f 2005\nh d b f 2005\ni d 0 f 2005\nj a b f 2006\n"));
-  const ParentUse use = parents_used(store, 2005, 2005);
+  const ParentsUsed use = parents_used(store, 2005, 2005);
   EXPECT_EQ(use.offspring, 4);  // not the one without a mother
   std::vector<std::pair<std::string, double>> parents;
   for (std::size_t k = 0; k < use.positions.size(); ++k) {
