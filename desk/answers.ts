@@ -12,7 +12,7 @@ export function settingsOfAnswers(text: string): [string, string][] {
     if (option === "column" && column !== null) settings.set(`column.${column[1] ?? ""}`, column[2] ?? "");
     else if (option === "dates" && value.startsWith("serial-")) settings.set("serials", value);
     else if (["male", "female", "unknown"].includes(option)) add(option, value);
-    else if (["encoding", "delimiter", "header", "dates", "century", "ids", "known", "subpopulations", "colours", "species", "name"].includes(option)) {
+    else if (["encoding", "delimiter", "header", "dates", "century", "ids", "young", "known", "subpopulations", "colours", "species", "name"].includes(option)) {
       settings.set(option, value);
     }
   }

@@ -201,6 +201,7 @@ TEST(ForeignExport, EveryShapeIsDrawn) {
                                   "lines: headers in the middle",
                                   "lines: remarks below",
                                   "lines: blank ones between",
+                                  "lines: litters of several young",
                                   "damage: shifted lines",
                                   "damage: cut lines",
                                   "damage: joined lines",

@@ -166,6 +166,9 @@ constexpr std::array<EvidenceWording, remark_kind_count> remark_wordings = {{
     {{"Left out", "Weggelaten"}, {"Headers that come again: {1}: {2}", "Herhaalde kopregels: {1}: {2}"}},
     {look_at_this,
      {"Lines that are no animals were left out: {1}: {2}", "Regels die geen dier zijn, zijn weggelaten: {1}: {2}"}},
+    {{"Young", "Jongen"},
+     {"Several a line, in {1}: {2} lines hold {3} animals, and each gets a line of its own",
+      "Meer per regel, in {1}: {2} regels bevatten {3} dieren, en elk krijgt een eigen regel"}},
 }};
 
 constexpr std::array<Wording, question_kind_count> question_wordings = {{
@@ -256,6 +259,11 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "meetellen bij \"Kleuren\", of kies alle of geen."},
     {"No character is left that could divide the columns of the data file: all of them occur in the texts.",
      "Er is geen teken over om de kolommen van het databestand te scheiden: alle tekens komen in de teksten voor."},
+    {"It looks as if a line holds several animals, such as the young of a litter, in {1}. Choose whether each gets a line "
+     "of its own.",
+     "Het lijkt of een regel meer dieren bevat, zoals de jongen van een worp, in {1}. Kies of elk een eigen regel krijgt."},
+    {"Young in \"{1}\": there is no column of that heading or number (there are {2} columns).",
+     "Jongen in \"{1}\": er is geen kolom met die kop of dat nummer (er zijn {2} kolommen)."},
 }};
 
 constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
@@ -299,6 +307,8 @@ constexpr Wording column_answer = {"\"{1}\" (column {2})", "\"{1}\" (kolom {2})"
 constexpr Wording leave_out = {"not used", "niet gebruikt"};
 constexpr Wording yes_headings = {"holds headings", "bevat koppen"}, no_headings = {"is an animal", "is een dier"};
 constexpr Wording keep_ids = {"take them as they stand", "neem ze zoals ze er staan"};
+constexpr Wording one_animal_a_line = {"a line is one animal", "een regel is een dier"},
+                  several_animals_a_line = {"a line for each", "een regel voor elk"};
 constexpr Wording same_animals = {"they are the same animals", "het zijn dezelfde dieren"};
 constexpr Wording stands_for_unknown = {"{1} stands for unknown", "{1} betekent onbekend"};
 constexpr Wording all_are_animals = {"they are animals", "het zijn dieren"};
@@ -354,6 +364,7 @@ std::string setting_name(Setting setting, FieldCode field) {
     case Setting::species: return "species";
     case Setting::subpopulations: return "subpopulations";
     case Setting::colours: return "colours";
+    case Setting::young: return "young";
   }
   return {};
 }
@@ -374,6 +385,7 @@ std::string answer_text(const Question& question, const Answer& answer, ToolLang
     case Setting::subpopulations:
     case Setting::colours: return either("all", all_names, no_names);
     case Setting::ids: return either("keep", keep_ids, same_animals);
+    case Setting::young: return either("none", one_animal_a_line, several_animals_a_line);
     case Setting::known: return std::string(words_of(all_are_animals, language));
     case Setting::unknown: return phrase(stands_for_unknown, language, {in_quotes(answer.text)});
     case Setting::none:

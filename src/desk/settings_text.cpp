@@ -42,6 +42,15 @@ NameWish names_from(std::string_view value, const TextCounts& counts) {
   return wish;
 }
 
+/// Columns by heading or number, with semicolons between them, or commas where there is no semicolon.
+NameWish columns_from(std::string_view value) {
+  NameWish wish = {.is_given = true, .leaves_out = value == "none", .names = {}};
+  if (wish.leaves_out) return wish;
+  const char divider = value.find(';') == std::string_view::npos ? ',' : ';';
+  for_each_piece(value, divider, [&](std::string_view piece) { wish.names.emplace_back(piece); });
+  return wish;
+}
+
 void obey_about_file(std::string_view name, std::string_view value, PrepareOptions& options) {
   if (name == "encoding") options.encoding = encoding_named(value);
   if (name == "sheet") options.sheet = value;
@@ -51,6 +60,7 @@ void obey_about_file(std::string_view name, std::string_view value, PrepareOptio
   if (name == "serials") options.serials = date_system_named(value);
   if (name == "ids") options.ids = id_rules_named(value);
   if (name == "century") options.century = century_named(value);
+  if (name == "young") options.young = columns_from(value);
   if (name == "language") options.language = value == "nl" ? ToolLanguage::dutch : ToolLanguage::english;
   constexpr std::string_view column = "column.";
   if (!name.starts_with(column)) return;

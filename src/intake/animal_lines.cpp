@@ -87,6 +87,7 @@ RecordReader read_animals(std::string_view text, char delimiter, const ColumnCho
   reader.next_line = columns.table.line;
   ExportRecord header;
   if (columns.has_header) next_filled_record(reader, header);
+  reader.animals = columns.animals_of_line;
   return reader;
 }
 
@@ -95,7 +96,8 @@ RecordKind kind_of_record(const ExportRecord& record, const ColumnChoice& column
   if (!columns.place[static_cast<std::size_t>(id_column)]) return kind_without_columns(record, columns);
   if (tells_of_no_animal(record, columns)) return is_blank(record) ? RecordKind::blank : RecordKind::remark;
   if (columns.has_header && repeats_headings(record, columns)) return RecordKind::header_again;
-  return is_remark(record, columns) ? RecordKind::remark : RecordKind::animal;
+  const bool has_no_young = !columns.animals_of_line.empty() && trimmed(field_of(record, columns, id_column)).empty();
+  return has_no_young || is_remark(record, columns) ? RecordKind::remark : RecordKind::animal;
 }
 
 bool next_animal(RecordReader& reader, ExportRecord& record, const ColumnChoice& columns) {

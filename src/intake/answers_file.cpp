@@ -55,24 +55,50 @@ void add_names(std::string& text, std::string_view option, const NameWish& wish)
   add_line(text, option, wish.leaves_out ? "none" : (list.empty() ? "all" : list));
 }
 
-/// The heading of a column where no other one has it; its number otherwise.
+/// The heading of a column where no other one has it; its number otherwise, and where the heading would be read as
+/// more.
+std::string name_of_place(std::size_t place, const ColumnChoice& columns) {
+  const std::string& heading = columns.headings[place];
+  const bool is_number = heading.find_first_not_of("0123456789") == std::string::npos;
+  const bool is_alone = std::count(columns.headings.begin(), columns.headings.end(), heading) == 1;
+  const bool is_plain = heading.find(';') == std::string::npos && heading != "none";
+  return is_alone && !is_number && is_plain ? heading : std::to_string(place + 1);
+}
+
 std::string name_of_column(const ColumnWish& wish, const ColumnChoice& columns) {
   const auto& place = columns.place[static_cast<std::size_t>(wish.code)];
   if (wish.column == "none" || !place || !columns.has_header) return wish.column;
-  const std::string& heading = columns.headings[*place];
-  const bool is_number = heading.find_first_not_of("0123456789") == std::string::npos;
-  const bool is_alone = std::count(columns.headings.begin(), columns.headings.end(), heading) == 1;
-  return is_alone && !is_number && heading != "none" ? heading : std::to_string(*place + 1);
+  return name_of_place(*place, columns);
 }
 
-bool has_column(const ColumnWish& wish, std::span<const std::string> headings) {
-  if (wish.column == "none") return true;
-  const bool is_number = wish.column.find_first_not_of("0123456789") == std::string::npos;
-  if (is_number && wish.column.size() < 5) return std::stoul("0" + wish.column) <= headings.size();
-  const std::string word = folded(wish.column);
+/// The columns of the young, by their headings where these differ.
+std::string text_of_young(const NameWish& young, const ColumnChoice& columns) {
+  if (young.leaves_out) return "none";
+  std::string list;
+  for (const LineAnimal& animal : columns.animals_of_line) {
+    const std::size_t place = animal.front().from;
+    const std::string name = columns.has_header ? name_of_place(place, columns) : std::to_string(place + 1);
+    list += (list.empty() ? "" : ";") + name;
+  }
+  return list;
+}
+
+bool has_column(const std::string& column, std::span<const std::string> headings) {
+  if (column == "none") return true;
+  const bool is_number = column.find_first_not_of("0123456789") == std::string::npos;
+  if (is_number && column.size() < 5) return std::stoul("0" + column) <= headings.size();
+  const std::string word = folded(column);
   return std::any_of(headings.begin(), headings.end(), [&](const std::string& heading) {
-    return heading == wish.column || (!word.empty() && folded(heading) == word);
+    return heading == column || (!word.empty() && folded(heading) == word);
   });
+}
+
+/// Whether the export has all columns that a line names.
+bool fits_headings(const AnswerLine& line, const PrepareOptions& said, std::span<const std::string> headings) {
+  const auto is_there = [&](const std::string& column) { return has_column(column, headings); };
+  if (line.option == "--column") return said.columns.empty() || is_there(said.columns.back().column);
+  const auto& young = said.young.names;
+  return line.option != "--young" || std::all_of(young.begin(), young.end(), is_there);
 }
 
 /// Takes the texts that `is_there` does not know out of a list, and notes the lines that say them.
@@ -122,6 +148,7 @@ std::string answers_text(const PrepareOptions& options, const ColumnChoice& colu
   for (const ColumnWish& wish : options.columns) {
     add_line(text, "--column", std::string(option_name_of(wish.code)) + "=" + name_of_column(wish, columns));
   }
+  if (options.young.is_given) add_line(text, "--young", text_of_young(options.young, columns));
   if (options.dates) add_line(text, "--dates", layout_text(*options.dates, false));
   if (options.serials) {
     add_line(text, "--dates", *options.serials == DateSystem::since_1900 ? "serial-1900" : "serial-1904");
@@ -145,10 +172,10 @@ void add_answers(SavedAnswers& answers, std::span<const std::string> headings, O
                  PrepareOptions& options) {
   PrepareOptions said;
   for (const AnswerLine& line : answers.lines) {
-    const std::size_t column_count = said.columns.size();
     obey(line.option, line.value, said);
-    if (said.columns.size() == column_count || has_column(said.columns.back(), headings)) continue;
-    said.columns.pop_back();
+    if (fits_headings(line, said, headings)) continue;
+    if (line.option == "--column") said.columns.pop_back();
+    if (line.option == "--young") said.young = {};
     answers.unfit.push_back(line);
   }
   const auto is_wished = [&](FieldCode code) {
@@ -173,6 +200,7 @@ void add_answers(SavedAnswers& answers, std::span<const std::string> headings, O
     options.serials = said.serials;
   }
   if (!options.century) options.century = said.century;
+  if (!options.young.is_given) options.young = said.young;
   if (!options.ids) options.ids = said.ids;
   if (!options.subpopulations.is_given) options.subpopulations = said.subpopulations;
   if (!options.colours.is_given) options.colours = said.colours;

@@ -53,26 +53,6 @@ ColumnList all_columns(const ColumnChoice& choice) {
   return list_columns(places, choice);
 }
 
-/// The columns with this heading: exactly, else in folded form; a number names a column where no heading is like it.
-std::vector<std::size_t> find_columns(const std::string& wish, const ColumnChoice& choice) {
-  std::vector<std::size_t> found;
-  const auto collect = [&](auto&& is_meant) {
-    for (std::size_t i = 0; i < choice.headings.size() && choice.has_header; ++i) {
-      if (is_meant(choice.headings[i])) found.push_back(i);
-    }
-  };
-  collect([&](const std::string& heading) { return heading == wish; });
-  const std::string word = folded(wish);
-  std::size_t number = 0;
-  const auto [end, error] = std::from_chars(wish.data(), wish.data() + wish.size(), number);
-  const bool is_number = error == std::errc() && end == wish.data() + wish.size();
-  if (found.empty() && is_number && number >= 1 && number <= choice.headings.size()) found.push_back(number - 1);
-  if (found.empty() && !is_number && !word.empty()) {
-    collect([&](const std::string& heading) { return folded(heading) == word; });
-  }
-  return found;
-}
-
 void obey(const ColumnWish& wish, ColumnChoice& choice) {
   const std::vector<std::size_t> found = find_columns(wish.column, choice);
   const FieldName name = {wish.code};
@@ -139,6 +119,25 @@ bool names_headings(std::span<const std::string> first_record, const PrepareOpti
 }
 
 }  // namespace
+
+std::vector<std::size_t> find_columns(const std::string& wish, const ColumnChoice& choice) {
+  std::vector<std::size_t> found;
+  const auto collect = [&](auto&& is_meant) {
+    for (std::size_t i = 0; i < choice.headings.size() && choice.has_header; ++i) {
+      if (is_meant(choice.headings[i])) found.push_back(i);
+    }
+  };
+  collect([&](const std::string& heading) { return heading == wish; });
+  const std::string word = folded(wish);
+  std::size_t number = 0;
+  const auto [end, error] = std::from_chars(wish.data(), wish.data() + wish.size(), number);
+  const bool is_number = error == std::errc() && end == wish.data() + wish.size();
+  if (found.empty() && is_number && number >= 1 && number <= choice.headings.size()) found.push_back(number - 1);
+  if (found.empty() && !is_number && !word.empty()) {
+    collect([&](const std::string& heading) { return folded(heading) == word; });
+  }
+  return found;
+}
 
 ColumnList list_columns(std::span<const std::size_t> places, const ColumnChoice& choice) {
   ColumnList list;

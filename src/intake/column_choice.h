@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "intake/column_recognition.h"
+#include "intake/export_records.h"
 #include "intake/prepare_options.h"
 #include "intake/remark.h"
 #include "intake/table_start.h"
@@ -26,12 +27,16 @@ struct ColumnChoice {
   ColumnPlaces further;                                            ///< columns that would fit too, and are not taken
   std::vector<Question> questions;                                 ///< what the user has to say
   TextStyle id_style;                                              ///< how ids are written
+  std::vector<LineAnimal> animals_of_line;                         ///< of a line that holds several; else none
 };
 
 /// Chooses among the columns of `first_record`, which is the header or, where there is none, the first animal; what it
 /// looks like decides where no heading is known, and what stands in the columns where the headings leave them open.
 ColumnChoice choose_columns(std::span<const std::string> first_record, const PrepareOptions& options,
                             FirstRecord looks = FirstRecord::unclear, const ColumnContents* contents = nullptr);
+
+/// The columns with this heading: exactly, else in folded form; a number names a column where no heading is like it.
+std::vector<std::size_t> find_columns(const std::string& wish, const ColumnChoice& choice);
 
 /// Whether a column that the program cannot run without is not decided on.
 bool has_open_column(const ColumnChoice& choice);

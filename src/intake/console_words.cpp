@@ -136,6 +136,8 @@ constexpr std::array<Wording, remark_kind_count> remark_wordings = {{
     {"Headers that come again were left out: {1}: {2}", "Herhaalde kopregels zijn weggelaten: {1}: {2}"},
     {"Look at this: lines that are no animals were left out: {1}: {2}",
      "Let op: regels die geen dier zijn, zijn weggelaten: {1}: {2}"},
+    {"Young         several a line, in {1}: {2} lines hold {3} animals, and each gets a line of its own",
+     "Jongen        meer per regel, in {1}: {2} regels bevatten {3} dieren, en elk krijgt een eigen regel"},
 }};
 
 constexpr std::array<Wording, question_kind_count> question_wordings = {{
@@ -232,6 +234,12 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "\"A,B\"), of zeg --colours all, of --colours none om de kolom weg te laten."},
     {"No character is left that could divide the columns of the data file: all of them occur in the texts.",
      "Er is geen teken over om de kolommen van het databestand te scheiden: alle tekens komen in de teksten voor."},
+    {"It looks as if a line holds several animals, such as the young of a litter, in {1}. If so, each gets a line of its "
+     "own: --young {2}. If a line is one animal: --young none.",
+     "Het lijkt of een regel meer dieren bevat, zoals de jongen van een worp, in {1}. Als dat zo is, krijgt elk een eigen "
+     "regel: --young {2}. Als een regel een dier is: --young none."},
+    {"--young \"{1}\": there is no column of that heading or number (there are {2} columns).",
+     "--young \"{1}\": er is geen kolom met die kop of dat nummer (er zijn {2} kolommen)."},
 }};
 
 constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{

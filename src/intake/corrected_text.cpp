@@ -22,6 +22,7 @@ struct Corrector {
   PlacesOfId of_id;
   std::unordered_map<std::string, std::size_t> same_as;  ///< by the identification that is given up
   std::vector<CorrectionOutcome> outcomes;
+  const LineAnimal* animal = nullptr;  ///< of a line with several, the one at hand
 };
 
 /// A record on its way: its fields, and whether they are still those of the export.
@@ -32,7 +33,7 @@ struct ChangingRecord {
 };
 
 Corrector make_corrector(std::span<const Correction> corrections, const ColumnChoice& columns) {
-  Corrector corrector = {corrections, columns, {}, {}, std::vector<CorrectionOutcome>(corrections.size())};
+  Corrector corrector = {corrections, columns, {}, {}, std::vector<CorrectionOutcome>(corrections.size()), nullptr};
   for (std::size_t k = 0; k < corrections.size(); ++k) {
     corrector.of_id[corrections[k].id].push_back(k);
     if (corrections[k].kind == CorrectionKind::same_as) corrector.same_as.emplace(corrections[k].id, k);
@@ -40,8 +41,13 @@ Corrector make_corrector(std::span<const Correction> corrections, const ColumnCh
   return corrector;
 }
 
+/// The column of a field, for the animal at hand.
 std::optional<std::size_t> place_of(const Corrector& corrector, FieldCode field) {
-  return corrector.columns.place[static_cast<std::size_t>(field)];
+  const std::optional<std::size_t> place = corrector.columns.place[static_cast<std::size_t>(field)];
+  if (!place || corrector.animal == nullptr) return place;
+  const auto own = std::find_if(corrector.animal->begin(), corrector.animal->end(),
+                                [&](const FieldMove& move) { return move.to == *place; });
+  return own == corrector.animal->end() ? place : own->from;
 }
 
 std::string text_at(const ChangingRecord& record, std::size_t place) {
@@ -95,7 +101,11 @@ void leave_out(Corrector& corrector, std::size_t k, ChangingRecord& record) {
   if (!correction.was.empty() && now != correction.was) {
     return note(corrector.outcomes[k], CorrectionFate::differs, record.line, std::move(now));
   }
-  record.is_left_out = record.is_changed = true;
+  if (corrector.animal == nullptr) {
+    record.is_left_out = record.is_changed = true;
+  } else {
+    for (const FieldMove& own : *corrector.animal) set_field(record, own.from, {});
+  }
   note(corrector.outcomes[k], CorrectionFate::applied, record.line, {});
 }
 
@@ -118,6 +128,16 @@ void correct_animal(Corrector& corrector, ChangingRecord& record) {
       has_new_id = id_of(corrector, record) != id;
     }
   }
+}
+
+/// All animals of the line.
+void correct_animals(Corrector& corrector, ChangingRecord& record) {
+  if (corrector.columns.animals_of_line.empty()) return correct_animal(corrector, record);
+  for (const LineAnimal& animal : corrector.columns.animals_of_line) {
+    corrector.animal = &animal;
+    correct_animal(corrector, record);
+  }
+  corrector.animal = nullptr;
 }
 
 /// Parents that have become another animal.
@@ -186,7 +206,7 @@ std::vector<CorrectionOutcome> apply_corrections(std::string& text, char delimit
   for (std::size_t begin = 0; next_record(reader, record); begin = reader.next) {
     if (record.fields.size() > most_fields) continue;
     ChangingRecord changing = {{record.fields.begin(), record.fields.end()}, record.line};
-    correct_animal(corrector, changing);
+    correct_animals(corrector, changing);
     correct_parents(corrector, changing);
     if (!changing.is_changed) continue;
     corrected.append(text, copied, begin - copied);

@@ -17,6 +17,7 @@
 #include "intake/export_records.h"
 #include "intake/id_matches.h"
 #include "intake/short_years.h"
+#include "intake/young_columns.h"
 #include "sheets/workbook.h"
 #include "text/letter_evidence.h"
 #include "text/utf_8.h"
@@ -180,6 +181,14 @@ std::optional<Refusal> choose_export_columns(const PrepareOptions& options, cons
   const FirstRecord looks = look_at_first_record(read.text, read.reading.delimiter, start);
   read.columns = choose_columns(words, options, looks, contents);
   read.columns.table = start;
+  PrepareOptions wishes = options;
+  YoungColumns young = choose_young(read.text, read.reading.delimiter, read.columns, wishes);
+  if (!young.ids.empty()) {
+    read.columns = choose_columns(words, wishes, looks, contents);
+    read.columns.table = start;
+    read.columns.animals_of_line = std::move(young.animals);
+    read.columns.questions.insert(read.columns.questions.begin(), young.questions.begin(), young.questions.end());
+  }
   read.columns.id_style = find_id_style(read.text, read.reading.delimiter, read.columns);
   return std::nullopt;
 }

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "intake/value_words.h"
+
 namespace pedigreewatch {
 namespace {
 
@@ -162,6 +164,29 @@ void take_sheet_mark(std::string_view& field, ExportRecord& record) {
 constexpr std::string_view no_break_space = "\xC2\xA0";
 constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 
+/// Puts the texts of the next animal of the line into their places.
+void take_waiting_animal(RecordReader& reader, ExportRecord& record) {
+  record.fields = reader.line_fields;
+  for (const FieldMove& move : reader.animals[reader.waiting.back()]) {
+    const bool is_there = move.from < record.fields.size();
+    if (move.to < record.fields.size()) record.fields[move.to] = is_there ? reader.line_fields[move.from] : "";
+  }
+  reader.waiting.pop_back();
+}
+
+/// Lists the animals of the line that was read; `record` becomes the first one.
+void take_apart(RecordReader& reader, ExportRecord& record) {
+  reader.line_fields = record.fields;
+  for (std::size_t k = reader.animals.size(); k-- > 0;) {
+    const std::size_t id = reader.animals[k].front().from;
+    const bool is_there = id < record.fields.size() && !means_unknown(trimmed(record.fields[id]));
+    if (is_there) reader.waiting.push_back(k);
+  }
+  if (!reader.waiting.empty()) return take_waiting_animal(reader, record);
+  const std::size_t id = reader.animals.front().front().to;
+  if (id < record.fields.size()) record.fields[id] = {};
+}
+
 }  // namespace
 
 RecordReader read_records(std::string_view text, char delimiter) {
@@ -169,11 +194,17 @@ RecordReader read_records(std::string_view text, char delimiter) {
 }
 
 bool next_record(RecordReader& reader, ExportRecord& record) {
+  if (!reader.waiting.empty()) {
+    take_waiting_animal(reader, record);
+    record.is_further = true;
+    return true;
+  }
   if (reader.next >= reader.text.size()) return false;
   record.fields.clear();
   record.line = reader.next_line;
   record.line_count = 1;
-  record.has_quotes = record.has_bad_quotes = record.has_sheet_marks = record.is_unterminated = false;
+  record.has_quotes = record.has_bad_quotes = record.has_sheet_marks = record.is_unterminated = record.is_further =
+      false;
   const std::size_t line_end = find_before(reader.text, reader.line_end, reader.next, reader.text.size());
   if (find_before(reader.text, quote, reader.next, line_end) == line_end) {
     const bool has_return = line_end > reader.next && reader.text[line_end - 1] == '\r';
@@ -186,6 +217,7 @@ bool next_record(RecordReader& reader, ExportRecord& record) {
   for (std::string_view& field : record.fields) {
     if (!field.empty() && (field.front() == '=' || field.front() == '\'')) take_sheet_mark(field, record);
   }
+  if (!reader.animals.empty()) take_apart(reader, record);
   return true;
 }
 

@@ -177,10 +177,11 @@ ExportSurvey survey_export(std::string_view text, char delimiter, const ColumnCh
   while (next_record(reader, record)) {
     count_progress(progress, record.line);
     if (const RecordKind kind = kind_of_record(record, columns); kind != RecordKind::animal) {
-      note_line_without_animal(survey, kind, record);
+      if (!record.is_further) note_line_without_animal(survey, kind, record);
       continue;
     }
-    survey_form(survey, record, columns.headings.size());
+    if (!record.is_further) survey_form(survey, record, columns.headings.size());
+    survey.lines_with_animals += record.is_further ? 0 : 1;
     note_shift(survey.shifts, record.line, ++data_line);
     ++survey.animal_count;
     for (const FieldCode code : written_fields()) {

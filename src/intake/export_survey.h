@@ -40,6 +40,7 @@ struct ColumnMatches {
 
 struct ExportSurvey {
   std::int64_t animal_count = 0;
+  std::int64_t lines_with_animals = 0;  ///< fewer than the animals where a line holds several
   std::int64_t header_line = 0;  ///< 0: there is none
   std::int64_t blank_lines = 0;
   std::int64_t last_line = 0;          ///< of the export

@@ -14,7 +14,21 @@
 namespace pedigreewatch {
 namespace {
 
-enum class WordKind { filler, animal, sire, dam, relative, identification, name, sex, birth, date, event, other };
+enum class WordKind {
+  filler,
+  animal,
+  young,
+  sire,
+  dam,
+  relative,
+  identification,
+  name,
+  sex,
+  birth,
+  date,
+  event,
+  other
+};
 
 struct KnownWords {
   WordKind kind;
@@ -31,6 +45,14 @@ constexpr auto known_words = std::to_array<KnownWords>({
      "animal animals animale animales animaux dier dieren tier tiere dog cat cow sheep ewe horse pony hond kat koe rund "
      "schaap paard hund katze rind schaf pferd chien chat bovin ovin cheval perro vaca oveja caballo cane bovino ovino "
      "cavallo own eigen individual individu individuo ind indiv"},
+    {WordKind::young,
+     "young youngs offspring progeny lamb lambs pup pups puppy puppies kitten kittens piglet piglets calf calves foal foals "
+     "kid kids kit kits chick chicks cria jong jongen nakomeling nakomelingen lam lammeren lammetje kalf kalveren veulen "
+     "veulens big biggen kuiken kuikens puppys welp welpe welpen lamm lammer kalb kalber fohlen ferkel kitz kitze kuken jungtier "
+     "jungtiere jungtieres junges nachkomme nachkommen wurfling chiot chiots chaton chatons agneau agneaux veau veaux "
+     "poulain poulains porcelet chevreau petit petits jeune jeunes produit cachorro cachorros cordero corderos ternero potro "
+     "lechon cabrito gatito cria crias hijo hijos cucciolo cuccioli agnello agnelli vitello puledro suinetto capretto gattino "
+     "figlio figli"},
     {WordKind::sire, "sire sires father fathers dad vader vaders vater vaters pere peres padre padres"},
     {WordKind::dam, "dam dams mother mothers mum mom moeder moeders mutter muttern mere meres madre madres"},
     {WordKind::relative,
@@ -175,12 +197,23 @@ HeadingMeaning read_heading(std::string_view heading) {
     if (!kinds) continue;
     for (const WordKind kind : *kinds) {
       ++counts[static_cast<std::size_t>(kind)];
-      meaning.has_known_word = meaning.has_known_word || (kind != WordKind::filler && kind != WordKind::animal);
+      meaning.names_young = meaning.names_young || kind == WordKind::young;
+      meaning.has_known_word =
+          meaning.has_known_word || (kind != WordKind::filler && kind != WordKind::animal && kind != WordKind::young);
     }
   }
+  meaning.is_understood = meaning.is_understood && !meaning.names_young;
   meaning.owner = owner_told_by(counts);
   meaning.thing = thing_told_by(counts);
   return meaning;
+}
+
+std::string words_beside_young(std::string_view heading) {
+  std::string rest;
+  for (const std::string& word : words_of_heading(heading)) {
+    if (kind_of_word(word) != WordKind::young) rest += (rest.empty() ? "" : " ") + word;
+  }
+  return rest;
 }
 
 FieldCode field_of_heading(const HeadingMeaning& meaning) {

@@ -3,6 +3,7 @@
 // ear tag" or "Stamboeknr. vader", is understood all the same.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "pedigree/header_words.h"
@@ -27,11 +28,15 @@ struct HeadingMeaning {
   HeadingThing thing = HeadingThing::none;
   bool is_understood = false;   ///< every word is known
   bool has_known_word = false;  ///< one at least is
+  bool names_young = false;     ///< one says young, lamb, pup, ...; it is none of the words that are understood
 };
 
 /// Reads a heading in English, Dutch, German, French, Spanish or Italian, without regard to capitals, accents and
 /// punctuation.
 HeadingMeaning read_heading(std::string_view heading);
+
+/// The words of a heading but those for young: "sex" of "Lamb's sex".
+std::string words_beside_young(std::string_view heading);
 
 /// The field that a heading names: that of the animal's id, of its father, ...; unused for what no field holds, and for
 /// a heading of which a word is not known.

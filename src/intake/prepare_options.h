@@ -48,6 +48,7 @@ struct PrepareOptions {
   ToolLanguage language = ToolLanguage::english;
   std::string population_name;
   NameWish subpopulations, colours;
+  NameWish young;  ///< the columns of several animals a line; "none": a line is one animal
   std::string folder;
   std::string corrections_file;  ///< its name; empty: none
   std::vector<Correction> corrections;

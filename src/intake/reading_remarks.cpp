@@ -74,8 +74,17 @@ void remark_columns(const ExportSurvey& survey, const PreparePlan& plan, std::ve
   }
   for (const FieldCode code : written_fields()) {
     const ColumnList list = list_columns(columns.further[static_cast<std::size_t>(code)], columns);
-    if (!list.columns.empty()) remarks.push_back({RemarkKind::column_possible, {code, list}});
+    const bool is_young = code == id_column && !columns.animals_of_line.empty();
+    if (!list.columns.empty() && !is_young) remarks.push_back({RemarkKind::column_possible, {code, list}});
   }
+}
+
+void remark_young(const ExportSurvey& survey, const ColumnChoice& columns, std::vector<Remark>& remarks) {
+  if (columns.animals_of_line.empty()) return;
+  std::vector<std::size_t> ids;
+  for (const LineAnimal& animal : columns.animals_of_line) ids.push_back(animal.front().from);
+  remarks.push_back(
+      {RemarkKind::young_found, {list_columns(ids, columns), survey.lines_with_animals, survey.animal_count}});
 }
 
 /// Remarks on the parents of one sex, the second kind where only a sample of them was looked at.
@@ -114,6 +123,7 @@ void add_reading_remarks(const Preparation& read, const PrepareOptions& options,
   remark_noted(RemarkKind::lines_above, read.plan.columns.table.above, remarks);
   remarks.push_back({RemarkKind::animals_found, {survey.animal_count}});
   remark_columns(survey, read.plan, remarks);
+  remark_young(survey, read.plan.columns, remarks);
   if (is_in_use(read.plan, sire_column)) {
     remark_links(survey.links, sire_role, RemarkKind::fathers_linked, RemarkKind::fathers_linked_in_sample, remarks);
   }

@@ -159,8 +159,9 @@ enum class RemarkKind {
   lines_above,                   ///< lines, what they say
   headers_again,                 ///< lines, their numbers
   lines_no_animals,              ///< lines, what they say
+  young_found,                   ///< columns, lines, animals
 };
-inline constexpr std::size_t remark_kind_count = static_cast<std::size_t>(RemarkKind::lines_no_animals) + 1;
+inline constexpr std::size_t remark_kind_count = static_cast<std::size_t>(RemarkKind::young_found) + 1;
 
 struct Remark {
   RemarkKind kind;
@@ -196,8 +197,10 @@ enum class QuestionKind {
   too_many_subpopulations,  ///< heading, texts
   too_many_colours,         ///< heading, texts
   no_delimiter_left,        ///< none
+  young_unclear,            ///< columns, their numbers with commas between
+  no_such_young,            ///< what the user says, columns of the export
 };
-inline constexpr std::size_t question_kind_count = static_cast<std::size_t>(QuestionKind::no_delimiter_left) + 1;
+inline constexpr std::size_t question_kind_count = static_cast<std::size_t>(QuestionKind::no_such_young) + 1;
 
 /// What a question is answered with: a setting of the preparation.
 enum class Setting {
@@ -213,7 +216,8 @@ enum class Setting {
   known,
   species,
   subpopulations,
-  colours
+  colours,
+  young
 };
 
 /// A possible answer: the value of the setting, and the text of the export that it stands for, if there is one.

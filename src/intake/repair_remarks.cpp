@@ -78,7 +78,8 @@ void add_repair_remarks(const Preparation& read, const PrepareOptions& options, 
   remark_count(RemarkKind::quotes_removed, survey.quoted_records, remarks);
   remark_count(RemarkKind::sheet_marks_removed, survey.sheet_marks, remarks);
   remark_count(RemarkKind::blank_lines_removed, survey.blank_lines, remarks);
-  remark_shifts(survey, read.plan.stem, remarks);
+  // Of several animals a line each moves those below it: NAME.lines has them all.
+  if (read.plan.columns.animals_of_line.empty()) remark_shifts(survey, read.plan.stem, remarks);
 }
 
 std::vector<Remark> remarks_on(const Preparation& read, const PrepareOptions& options) {

@@ -37,6 +37,9 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools prepare [OPTION.
   --column FIELD=COLUMN the column of a field, by its heading or number, or "none". Fields: id, sire, dam, sex,
                         birthdate, name, colour, breeder, subpopulation, import. As often as needed:
                         --column id="Reg. no" --column sire=7
+  --young COLUMNS       the columns of the ids where a line holds several animals, such as the young of a litter: by heading
+                        or number, with commas between them (or semicolons). Each gets a line of its own. "none": a line
+                        is one animal
   --header yes|no       whether the first line holds the headings
   --dates LAYOUT        order of the dates: dd-mm-yyyy, mm-dd-yyyy, yyyy-mm-dd, yyyy-dd-mm, ddmmyyyy, ...; or
                         serial-1900, serial-1904: how the days of a spreadsheet are counted. As often as needed
@@ -76,6 +79,7 @@ constexpr auto rules = std::to_array<OptionRule>({{"--answers"},
                                                   {"--known", true, true},
                                                   {"--column", true, true},
                                                   {"--header"},
+                                                  {"--young"},
                                                   {"--species"},
                                                   {"--language"},
                                                   {"--name"},
@@ -174,6 +178,12 @@ NameWish read_names(std::string_view value) {
   return wish;
 }
 
+std::string read_young(const GivenOption& option, PrepareOptions& options) {
+  options.young = read_names(text_of(option.value));
+  const bool is_said = options.young.leaves_out || !options.young.names.empty();
+  return is_said ? "" : expected(option, "columns by heading or number, such as 6,7,8, or none");
+}
+
 /// The options whose value is kept as it is.
 void read_text_option(const GivenOption& option, PrepareOptions& options) {
   const std::string value = text_of(option.value);
@@ -200,6 +210,7 @@ std::string read_option(const GivenOption& option, PrepareOptions& options) {
   if (option.name == "--ids") return read_ids(option, options);
   if (option.name == "--column") return read_column(option, options);
   if (option.name == "--header") return read_header(option, options);
+  if (option.name == "--young") return read_young(option, options);
   if (option.name == "--language") return read_language(option, options);
   if (option.name == "--species") return read_species(option, options);
   read_text_option(option, options);

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "support/foreign_form.h"
+#include "support/foreign_litters.h"
 #include "support/foreign_population.h"
 
 namespace pedigreewatch::test {
@@ -265,6 +266,42 @@ void write_animals(Office& office, ExportTruth& truth) {
   }
 }
 
+/// A line of a book of litters: what all young share once, and each with its own columns.
+void write_litter(Office& office, std::span<ForeignAnimal> litter, ExportTruth& truth) {
+  std::vector<std::string> cells;
+  for (const ForeignColumn& column : office.form.columns) {
+    const auto young = static_cast<std::size_t>(std::max(column.young - 1, 0));
+    cells.push_back(young < litter.size() ? cell_text(office, litter[young], column.content) : "");
+  }
+  write_line(office, cells);
+  for (ForeignAnimal& animal : litter) {
+    animal.month = litter.front().month;
+    animal.day = litter.front().day;
+    animal.line = office.line;
+    truth.animals.push_back(animal);
+  }
+}
+
+void write_litters(Office& office, std::span<const std::size_t> firsts, ExportTruth& truth) {
+  for (std::size_t i = 0; i < firsts.size(); ++i) {
+    const std::size_t end = i + 1 < firsts.size() ? firsts[i + 1] : office.animals.size();
+    if (office.form.has_blank_lines && office.dice.one_in(30)) write_plain_line(office, "");
+    // Later animals look their parents' sexes up in `office.animals`: what is written is a copy.
+    std::vector<ForeignAnimal> litter(office.animals.begin() + static_cast<std::ptrdiff_t>(firsts[i]),
+                                      office.animals.begin() + static_cast<std::ptrdiff_t>(end));
+    write_litter(office, litter, truth);
+  }
+}
+
+std::string columns_of_young(const ForeignForm& form) {
+  std::string numbers;
+  for (std::size_t i = 0; i < form.columns.size(); ++i) {
+    if (form.columns[i].content != ColumnContent::id || form.columns[i].young == 0) continue;
+    numbers += (numbers.empty() ? "" : ",") + std::to_string(i + 1);
+  }
+  return numbers.empty() ? "none" : numbers;
+}
+
 int column_of(const ForeignForm& form, ColumnContent content) {
   const auto found = std::find_if(form.columns.begin(), form.columns.end(),
                                   [&](const ForeignColumn& column) { return column.content == content; });
@@ -286,6 +323,7 @@ void note_answers(const Office& office, ExportTruth& truth) {
   truth.species = form.sexes.species;
   truth.dates = form.dates.option;
   truth.century = "1920";
+  truth.young = columns_of_young(form);
   if (form.ids != IdStyle::destroyed_tags) truth.ids = rule_of(form.parents);
 }
 
@@ -313,8 +351,14 @@ ForeignExport make_foreign_export(std::uint32_t seed) {
   Dice rare;
   rare.random.seed(seed ^ other_draws);
   draw_rare_forms(rare, office.form);
+  constexpr std::uint32_t draws_of_litters = 0x51ED270BU;
+  Dice litters;
+  litters.random.seed(seed ^ draws_of_litters);
+  draw_litters(litters, office.form);
   const int animal_count = 120 + office.dice.below(80);
   office.animals = make_foreign_population(office.dice, animal_count, office.form.ids, names_of(office.form));
+  std::vector<std::size_t> firsts;
+  if (office.form.young_a_line > 0) firsts = join_litters(litters, office.form.young_a_line, office.animals);
   const bool lacks_sexes = office.dice.one_in(8);
   for (ForeignAnimal& animal : office.animals) {
     animal.has_sex = !lacks_sexes || !office.dice.one_in(60);
@@ -323,7 +367,11 @@ ForeignExport make_foreign_export(std::uint32_t seed) {
   }
   ForeignExport result;
   write_above(office);
-  write_animals(office, result.truth);
+  if (firsts.empty()) {
+    write_animals(office, result.truth);
+  } else {
+    write_litters(office, firsts, result.truth);
+  }
   write_below(office, result.truth);
   encode_export(office, result);
   note_answers(office, result.truth);

@@ -36,6 +36,7 @@ struct ExportTruth {
   std::string dates;                            ///< the layout as the option names it; empty: in no single one
   std::string ids;                              ///< the rule by which parents are their animals; empty: none helps
   std::string century;                          ///< the first year of the hundred that years of two digits mean
+  std::string young;                            ///< the columns of the ids where a line holds several animals
   std::vector<int> remark_lines, header_lines;  ///< lines below the header that hold no animal
 };
 

@@ -37,6 +37,7 @@ enum class ColumnContent {
 struct ForeignColumn {
   ColumnContent content = ColumnContent::filler;
   std::string heading;
+  int young = 0;  ///< of which young of a litter, counted from 1; 0: of the whole line
 };
 
 /// A layout of dates: %d %m day and month, %D %M with two digits, %Y %y year, %b %B month in short or in full, %s the
@@ -70,6 +71,7 @@ struct ForeignForm {
   int header_again_after = 0;  ///< lines from one header to the next; 0: one header only
   std::string line_end;
   Damage damage = Damage::none;
+  int young_a_line = 0;             ///< a line is a litter of so many at most; 0: it is an animal
   std::vector<std::string> shapes;  ///< what was drawn, each as "kind: which"
 };
 
