@@ -11,12 +11,21 @@
 #include <unordered_set>
 #include <utility>
 
+#include "text/known_words.h"
 #include "text/utf_8.h"
 
 namespace pedigreewatch {
 namespace {
 
 constexpr std::size_t most_words = 3000, most_word_bytes = 40;
+
+/// How much likelier a reading is for each word that is known.
+constexpr double known_word_factor = 100;
+
+/// Of the words of languages that are written in Windows-1250 at least this share has letters beyond ASCII; where fewer
+/// words have, it is as much less likely, down to this factor. So many bytes are looked at for it.
+constexpr double share_of_eastern_words = .1, least_eastern_factor = .2;
+constexpr std::size_t bytes_of_plain_words = std::size_t{1} << 18;
 
 /// How strongly the words of a text belong together: the smaller, the less likely is a language that few of them have.
 constexpr double language_smoothing = .25;
@@ -302,6 +311,21 @@ LanguageScores scores_of(std::string_view word, const LetterTable& table) {
   return scores;
 }
 
+/// A word in small letters.
+std::string small_word(std::string_view word, const LetterTable& table) {
+  std::string text;
+  for (const char byte : word) append_letter(text, small(letter_of_byte(table, byte)));
+  return text;
+}
+
+/// What the known words among the words say for an encoding.
+double score_of_known_words(const std::vector<std::string>& words, const LetterTable& table) {
+  const auto count = std::count_if(words.begin(), words.end(), [&](const std::string& word) {
+    return is_known_accented_word(small_word(word, table));
+  });
+  return static_cast<double>(count) * std::log(known_word_factor);
+}
+
 /// The likelihood of all words: each in its best language, the more so the more words are in that language.
 double score_of(const std::vector<std::string>& words, ByteEncoding encoding) {
   const LetterTable& table = letter_table(encoding);
@@ -322,7 +346,7 @@ double score_of(const std::vector<std::string>& words, ByteEncoding encoding) {
     }
     total += best;
   }
-  return total;
+  return total + score_of_known_words(words, table);
 }
 
 bool is_word_byte(char byte) {
@@ -345,6 +369,27 @@ std::vector<std::string> words_of(std::string_view bytes) {
     place = last;
   }
   return words;
+}
+
+/// How many different words at the start of a text have letters of ASCII only; short ones are codes.
+std::size_t count_plain_words(std::string_view bytes) {
+  constexpr std::size_t shortest = 3;
+  std::unordered_set<std::string_view> seen;
+  bytes = bytes.substr(0, bytes_of_plain_words);
+  for (std::size_t first = 0; first < bytes.size();) {
+    std::size_t last = first;
+    while (last < bytes.size() && is_word_byte(bytes[last])) ++last;
+    const std::string_view word = bytes.substr(first, last - first);
+    if (word.size() >= shortest && is_ascii(word)) seen.insert(word);
+    first = last + 1;
+  }
+  return seen.size();
+}
+
+/// How much less likely Windows-1250 is because few words have letters beyond ASCII.
+double score_of_plain_words(std::string_view bytes, std::size_t words) {
+  const double share = static_cast<double>(words) / static_cast<double>(words + count_plain_words(bytes));
+  return std::log(std::clamp(share / share_of_eastern_words, least_eastern_factor, 1.0));
 }
 
 bool reads_alike(const std::vector<std::string>& words, ByteEncoding a, ByteEncoding b) {
@@ -385,7 +430,11 @@ LetterEvidence recognise_letters(std::string_view bytes) {
     const bool is_like_another = std::any_of(readings.begin(), readings.end(), [&](const EncodingReading& other) {
       return reads_alike(words, encoding, other.encoding);
     });
-    if (!is_like_another) readings.push_back({encoding, score_of(words, encoding), {}});
+    if (is_like_another) continue;
+    readings.push_back({encoding, score_of(words, encoding), {}});
+    if (encoding == ByteEncoding::windows_1250 && !words.empty()) {
+      readings.back().score += score_of_plain_words(bytes, words.size());
+    }
   }
   std::stable_sort(readings.begin(), readings.end(), [](const auto& a, const auto& b) { return a.score > b.score; });
   const double least = readings.front().score - least_encoding_margin;

@@ -37,9 +37,9 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools prepare [OPTION.
   --column FIELD=COLUMN the column of a field, by its heading or number, or "none". Fields: id, sire, dam, sex,
                         birthdate, name, colour, breeder, subpopulation, import. As often as needed:
                         --column id="Reg. no" --column sire=7
-  --young COLUMNS       the columns of the ids where a line holds several animals, such as the young of a litter: by heading
-                        or number, with commas between them (or semicolons). Each gets a line of its own. "none": a line
-                        is one animal
+  --young COLUMNS       the columns of the ids where a line holds several animals, such as the young of a litter: by
+                        heading or number, with commas between them (or semicolons). Each gets a line of its own.
+                        "none": a line is one animal
   --header yes|no       whether the first line holds the headings
   --dates LAYOUT        order of the dates: dd-mm-yyyy, mm-dd-yyyy, yyyy-mm-dd, yyyy-dd-mm, ddmmyyyy, ...; or
                         serial-1900, serial-1904: how the days of a spreadsheet are counted. As often as needed
