@@ -1,28 +1,53 @@
 // The third step: the findings by kind, and a window of their list with the lines as they stand in the file.
 
+import { drawCorrections, drawMending, goOnWithout } from "./mend_part";
 import { animalButton } from "./card";
 import { ask } from "./client";
 import { bytesOf, text, work } from "./desk";
 import type { Desk } from "./desk";
 import { afterPause, button, make, nameOf, save, shownNumber } from "./dom";
-import type { CheckAnswer, FindingRow } from "./protocol";
+import type { CheckAnswer, FindingKind, FindingRow } from "./protocol";
 
 const rowsShown = 50;
 
-function drawKinds(desk: Desk, answer: CheckAnswer, choose: (kind: string) => void): HTMLElement {
-  const rows = answer.kinds.map(({ name, title, severity, severityText, parts, advice, count }) => make("tr", {},
-    make("th", { scope: "row" }, title, advice === "" ? null : make("small", {}, advice)), make("td", { class: "number" }, shownNumber(count, desk.language)),
-    make("td", { class: `severity-${severity}` }, severityText), make("td", {}, parts),
-    make("td", {}, button(text(desk, "show"), () => choose(name), { "aria-label": `${text(desk, "show")}: ${title}`, "aria-pressed": String(desk.kind === name) }))));
-  const heading = (name: Parameters<typeof text>[1]) => make("th", { scope: "col", class: name === "count" ? "number" : "" }, text(desk, name));
-  return make("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": text(desk, "check") },
-    make("table", { class: "plain" }, make("thead", {}, make("tr", {}, heading("kind"), heading("count"), heading("weight"),
-      heading("wrongFigures"), heading("show"))), make("tbody", {}, ...rows)));
+/** What can be done with a kind of findings: its list, and going on without what is wrong. */
+function drawPresses(desk: Desk, answer: CheckAnswer, { name, title, canDropDates, canDropParents }: FindingKind, choose: (kind: string) => void): HTMLElement {
+  const without = (what: "dates" | "parents") => {
+    const words = text(desk, what === "dates" ? "onWithoutDates" : "onWithoutParents");
+    return button(words, () => goOnWithout(desk, name, what), { "aria-label": `${words}: ${title}` });
+  };
+  return make("span", { class: "ways" },
+    button(text(desk, "show"), () => choose(name), { "aria-label": `${text(desk, "show")}: ${title}`, "aria-pressed": String(desk.kind === name) }),
+    answer.isFromExport && canDropDates ? without("dates") : null, answer.isFromExport && canDropParents ? without("parents") : null);
 }
 
-function drawRow(desk: Desk, row: FindingRow): HTMLElement {
+function drawKinds(desk: Desk, answer: CheckAnswer, choose: (kind: string) => void): HTMLElement {
+  const rows = answer.kinds.map((kind) => make("tr", {},
+    make("th", { scope: "row" }, kind.title, kind.advice === "" ? null : make("small", {}, kind.advice), drawPresses(desk, answer, kind, choose)),
+    make("td", { class: "number" }, shownNumber(kind.count, desk.language)),
+    make("td", { class: `severity-${kind.severity}` }, kind.severityText), make("td", {}, kind.parts)));
+  const heading = (name: Parameters<typeof text>[1]) => make("th", { scope: "col", class: name === "count" ? "number" : "" }, text(desk, name));
+  return make("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": text(desk, "check") },
+    make("table", { class: "plain", id: "kinds" }, make("thead", {}, make("tr", {}, heading("kind"), heading("count"), heading("weight"),
+      heading("wrongFigures"))), make("tbody", {}, ...rows)));
+}
+
+/** A finding, and below it its lines where they are being mended. */
+function drawRow(desk: Desk, row: FindingRow, place: number, show: () => void): HTMLElement[] {
+  const isOpen = desk.mending === place, columns = 5;
+  const mend = button(text(desk, "mend"), () => {
+    desk.mending = isOpen ? undefined : place;
+    show();
+  }, { id: `mend-${place}`, "aria-expanded": String(isOpen), "aria-label": `${text(desk, "mend")}: ${row.id} ${row.kind}` });
+  const details = make("td", { colspan: columns });
+  if (isOpen) void drawMending(desk, place).then((lines) => details.replaceChildren(lines)).catch(() => undefined);
+  const canMend = desk.check?.isFromExport === true && row.line > 0;
+  return [drawCells(desk, row, canMend ? mend : null), ...(isOpen ? [make("tr", { class: "mending" }, details)] : [])];
+}
+
+function drawCells(desk: Desk, row: FindingRow, mend: HTMLElement | null): HTMLElement {
   const canPress = row.id !== "" && desk.check?.canRun === true;
-  return make("tr", {}, make("td", { class: "number" }, row.line > 0 ? String(row.line) : "–"),
+  return make("tr", {}, make("td", { class: "number" }, row.line > 0 ? String(row.line) : "–"), make("td", {}, mend),
     make("td", {}, canPress ? animalButton({ id: row.id }) : nameOf(row.id)), make("td", { class: `severity-${row.severity}` }, row.kind),
     make("td", {}, make("div", {}, nameOf(row.text)), make("div", { class: "original" }, row.original)));
 }
@@ -33,8 +58,10 @@ function createList(desk: Desk): { element: HTMLElement; show: () => void } {
   const heading = (name: Parameters<typeof text>[1]) => make("th", { scope: "col" }, text(desk, name));
   const move = (by: number) => {
     desk.firstFinding = Math.max(0, desk.firstFinding + by);
+    desk.mending = undefined;
     show();
   };
+  const showAgain = () => show();
   const before = button(text(desk, "before"), () => move(-rowsShown)), after = button(text(desk, "after"), () => move(rowsShown));
   let newest = 0;
   const list = async () => {
@@ -43,7 +70,9 @@ function createList(desk: Desk): { element: HTMLElement; show: () => void } {
     if (desk.firstFinding >= count) desk.firstFinding = Math.max(0, Math.ceil(count / rowsShown) - 1) * rowsShown;
     const { rows } = await ask<{ rows: FindingRow[] }>(desk.client, "listFindings", [desk.firstFinding, rowsShown]);
     if (mine !== newest) return;
-    body.replaceChildren(...rows.map((row) => drawRow(desk, row)));
+    const focused = document.activeElement?.id ?? "";
+    body.replaceChildren(...rows.flatMap((row, k) => drawRow(desk, row, desk.firstFinding + k, showAgain)));
+    if (focused.startsWith("mend-")) document.getElementById(focused)?.focus();
     const shown = (value: number) => shownNumber(value, desk.language);
     place.textContent = text(desk, "showing", shown(Math.min(desk.firstFinding + 1, count)),
       shown(Math.min(desk.firstFinding + rowsShown, count)), shown(count));
@@ -53,8 +82,8 @@ function createList(desk: Desk): { element: HTMLElement; show: () => void } {
   const show = () => void list().catch(() => undefined);
   const element = make("div", {}, make("p", { class: "row" }, before, after, place),
     make("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": text(desk, "finding") },
-      make("table", { class: "plain", id: "findings" }, make("thead", {}, make("tr", {}, heading("line"), heading("animal"), heading("kind"),
-        heading("finding"))), body)));
+      make("table", { class: "plain", id: "findings" }, make("thead", {}, make("tr", {}, heading("line"), heading("mend"), heading("animal"),
+        heading("kind"), heading("finding"))), body)));
   return { element, show };
 }
 
@@ -65,9 +94,19 @@ function drawFilter(desk: Desk, show: () => void): HTMLElement {
   input.addEventListener("input", () => {
     desk.filter = input.value;
     desk.firstFinding = 0;
+    desk.mending = undefined;
     showSoon();
   });
   return make("p", { class: "row" }, make("label", { for: "filter" }, text(desk, "filter")), input);
+}
+
+/** What stops the run can be given up in one press. */
+function drawGoingOn(desk: Desk, answer: CheckAnswer): HTMLElement[] {
+  const stopping = answer.kinds.filter(({ severity }) => severity === "S");
+  const presses = [
+    stopping.some(({ canDropDates }) => canDropDates) ? button(text(desk, "withoutDates"), () => goOnWithout(desk, "", "dates"), { id: "without-dates" }) : null,
+    stopping.some(({ canDropParents }) => canDropParents) ? button(text(desk, "withoutParents"), () => goOnWithout(desk, "", "parents"), { id: "without-parents" }) : null];
+  return presses.every((press) => press === null) ? [] : [make("p", {}, text(desk, "goOnHint")), make("p", { class: "row" }, ...presses)];
 }
 
 export function drawCheck(desk: Desk, goOn: () => void): HTMLElement[] {
@@ -78,15 +117,18 @@ export function drawCheck(desk: Desk, goOn: () => void): HTMLElement[] {
   const isHarmless = answer.kinds.every(({ severity }) => severity === "L");  // nothing above "worth a look"
   const parts: HTMLElement[] = [make("p", { class: !answer.canRun ? "problem" : isHarmless ? "done" : "question" },
     text(desk, "checkedAnimals", shown(answer.animals), shown(answer.count)), answer.canRun ? "" : ` ${text(desk, "cannotRun")}`)];
+  parts.push(...drawCorrections(desk));
+  if (!answer.canRun && answer.isFromExport) parts.push(...drawGoingOn(desk, answer));
   if (answer.count === 0) parts.push(make("p", {}, text(desk, "nothingFound")));
   else {
     const list = createList(desk);
     const choose = (kind: string) => {
       desk.kind = kind;
       desk.firstFinding = 0;
+      desk.mending = undefined;
       desk.draw();
     };
-    const saveTable = () => void work(desk, async () => save("findings.tsv", await bytesOf(desk, "findings"), "text/tab-separated-values"));
+    const saveTable = () => void work(desk, async () => save(`${(desk.written?.dataName ?? "findings.txt").replace(/\.[^.]*$/, "")}_check.tsv`, await bytesOf(desk, "findings"), "text/tab-separated-values"));
     parts.push(drawKinds(desk, answer, choose),
       make("p", { class: "row" }, button(text(desk, "showAll"), () => choose(""), { "aria-pressed": String(desk.kind === "") }),
         button(text(desk, "saveFindings"), saveTable)),

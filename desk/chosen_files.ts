@@ -45,3 +45,15 @@ export async function bytesOfFile(file: File): Promise<ArrayBuffer> {
     throw new Unreadable(isFolder ? "folder" : "changed", file.name);
   }
 }
+
+/** A small file as text: with a byte order mark as that says, otherwise UTF-8 where it can be, or else Windows-1252. */
+export async function textOfFile(file: Blob): Promise<string> {
+  const bytes = new Uint8Array(await file.arrayBuffer());
+  const isWide = bytes[0] === 0xFF && bytes[1] === 0xFE;
+  if (isWide) return new TextDecoder("utf-16le").decode(bytes);
+  try {
+    return new TextDecoder("utf-8", { fatal: true }).decode(bytes);
+  } catch (problem) {
+    return new TextDecoder("windows-1252").decode(bytes);
+  }
+}

@@ -1,32 +1,60 @@
 // The first step: files are dropped or chosen, and what was recognised is shown.
 
-import { applySettings, changeSetting, openAgain, openNew, showProblem, text } from "./desk";
+import { applySettings, changeSetting, openAgain, openNew, showProblem, text, work } from "./desk";
 import type { Desk } from "./desk";
 import { settingsOfAnswers } from "./answers";
+import { textOfFile } from "./chosen_files";
 import { button, byId, chooser, make, nameOf, shownNumber } from "./dom";
 import { gunzip } from "./gunzip";
+import { addList, drawCorrections, drawFormer } from "./mend_part";
 import type { ExportAnswer, OpenQuestion } from "./protocol";
 import type { TextName } from "./texts";
 
 const mostAnswers = 12;
 
-/** Answers of an earlier export, dropped with the next one or behind it. */
-async function takeAnswers(desk: Desk, answers: File[], others: File[]): Promise<void> {
-  const [file] = answers;
-  const count = others.length > 0 ? others.length : desk.given === undefined ? desk.files.length : 0;
-  if (file === undefined || answers.length > 1 || count !== 1) return showProblem(text(desk, "answersAlone"));
-  const settings = settingsOfAnswers(await file.text());
-  void (others.length > 0 ? openNew(desk, others, settings) : openAgain(desk, settings));
+/** Files that were brought together: exports, and the texts of answers and corrections of an earlier one. */
+interface Brought { exports: File[]; answers: string[]; corrections: string; }
+
+/** A list of corrections is known by its name, which the desk gives it, or by its first line. */
+async function isListOfCorrections(file: File): Promise<boolean> {
+  if (/_correct(ions|ies)\.(tsv|txt)$/i.test(file.name)) return true;
+  const beginning = await textOfFile(file.slice(0, 200)).catch(() => "");
+  return beginning.replace(/"/g, "").startsWith("id\tfield\twas\tbecomes");
 }
 
-export function takeFiles(desk: Desk, files: File[]): void {
-  const steerFiles = files.filter((file) => /\.ini$/i.test(file.name));
-  const answers = files.filter((file) => /\.answers$/i.test(file.name));
-  if (files.length === 0) return;
-  if (answers.length > 0) return void takeAnswers(desk, answers, files.filter((file) => !answers.includes(file)));
+async function sortFiles(files: File[]): Promise<Brought> {
+  const brought: Brought = { exports: [], answers: [], corrections: "" };
+  for (const file of files) {
+    if (/\.answers$/i.test(file.name)) brought.answers.push(await file.text());
+    else if (await isListOfCorrections(file)) brought.corrections += `${await textOfFile(file)}\n`;
+    else brought.exports.push(file);
+  }
+  return brought;
+}
+
+/** Answers and corrections of an earlier export, dropped with the next one or behind it. */
+function takeKept(desk: Desk, { exports, answers, corrections }: Brought): void {
+  const count = exports.length > 0 ? exports.length : desk.given === undefined ? desk.files.length : 0;
+  const isPair = exports.some((file) => /\.ini$/i.test(file.name));
+  if (answers.length > 1 || count !== 1 || isPair) return showProblem(text(desk, answers.length > 0 ? "answersAlone" : "correctionsAlone"));
+  const settings = answers[0] === undefined ? undefined : settingsOfAnswers(answers[0]);
+  if (exports.length > 0) return void openNew(desk, exports, settings, corrections);
+  if (settings !== undefined) void openAgain(desk, settings);
+  if (corrections !== "") addList(desk, corrections);
+}
+
+function takeBrought(desk: Desk, brought: Brought): void {
+  if (brought.answers.length > 0 || brought.corrections !== "") return takeKept(desk, brought);
+  const files = brought.exports, steerFiles = files.filter((file) => /\.ini$/i.test(file.name));
   if (files.length === 1 && steerFiles.length === 1) return showProblem(text(desk, "steerAlone"));
   if (files.length > 2 || (files.length === 2 && steerFiles.length !== 1)) return showProblem(text(desk, "dropOnly"));
   void openNew(desk, files);
+}
+
+export function takeFiles(desk: Desk, files: File[]): void {
+  let brought: Brought | undefined;
+  const sort = async () => { brought = await sortFiles(files); };
+  if (files.length > 0) void work(desk, sort).then(() => (brought === undefined ? undefined : takeBrought(desk, brought)));
 }
 
 async function openExample(desk: Desk): Promise<void> {
@@ -136,7 +164,7 @@ export function drawQuestions(desk: Desk): HTMLElement[] {
 }
 
 export function drawData(desk: Desk, goOn: () => void): HTMLElement[] {
-  const parts: HTMLElement[] = [drawDrop(desk), ...drawQuestions(desk)];
+  const parts: HTMLElement[] = [drawDrop(desk), ...drawFormer(desk), ...drawQuestions(desk)];
   if (desk.given !== undefined) {
     if (desk.given.note !== "") parts.push(make("p", { class: "question" }, desk.given.note));
     parts.push(make("p", { class: "done" }, nameOf(desk.given.population), ": ", nameOf(desk.given.dataName)));
@@ -144,6 +172,7 @@ export function drawData(desk: Desk, goOn: () => void): HTMLElement[] {
   const answer = desk.export;
   if (answer !== undefined) {
     parts.push(make("p", { class: "done" }, nameOf(desk.files[0]?.name ?? ""), ": ", text(desk, "animalsRead", shownNumber(answer.animals, desk.language))),
+      ...drawCorrections(desk),
       make("h2", {}, text(desk, "firstLines")), make("p", { class: "hint" }, text(desk, "firstLinesHint")),
       drawFirstLines(desk, answer), make("h2", {}, text(desk, "recognised")), drawEvidence(answer));
   }

@@ -8,7 +8,7 @@ import type { Client } from "./client";
 import { byId, make } from "./dom";
 import { phaseIn, textIn } from "./texts";
 import type { Language, TextName } from "./texts";
-import type { Animal, CheckAnswer, ExportAnswer, FilesAnswer, MaleRow, Operation, PairAnswer, PlanAnswer, PlanRow, RunAnswer } from "./protocol";
+import type { Animal, CheckAnswer, CorrectionsAnswer, ExportAnswer, FilesAnswer, MaleRow, Operation, PairAnswer, PlanAnswer, PlanRow, RunAnswer } from "./protocol";
 
 export type StepName = "data" | "settings" | "check" | "results" | "matings";
 export const stepNames: readonly StepName[] = ["data", "settings", "check", "results", "matings"];
@@ -41,6 +41,9 @@ export interface Desk {
   /** Selects what the first card was opened from. */
   cardOpener?: string;
   report?: string;
+  corrections: DeskCorrections;
+  /** The place in the list of findings whose lines are shown to be mended. */
+  mending?: number;
   wasCancelled: boolean;
   /** The worker has the files and settings. */
   isOpen: boolean;
@@ -61,6 +64,17 @@ export interface Desk {
   draw: () => void;
 }
 
+/** The list of corrections as a text, what became of it, and the lists before and behind it. */
+export interface DeskCorrections {
+  list: string; answer?: CorrectionsAnswer; undo: string[]; redo: string[]; isSaved: boolean; isShown?: boolean;
+  /** The list of a file that was open before and has not been saved, and the name of that file. */
+  former?: { list: string; name: string };
+}
+
+export function newCorrections(list: string): DeskCorrections {
+  return { list, undo: [], redo: [], isSaved: true };
+}
+
 /** What is asked of a plan, and what came of it; `swapping` is the mating whose male goes to another female. */
 export interface DeskPlan {
   fields: Map<string, string>;
@@ -71,7 +85,7 @@ export interface DeskPlan {
 export function createDesk(language: Language, draw: (desk: Desk) => void): Desk {
   const desk: Desk = {
     client: createClient((phase) => showPhase(desk, phase)), language, reportLanguage: language, step: "data", files: [], settings: new Map(), board: { ruleYear: "", sireShare: "", mostF: "" },
-    refusals: [], resultsNumber: 0, wasCancelled: false, isOpen: false, isSaved: false, busy: 0, working: Promise.resolve(), cancellations: 0, kind: "", filter: "", firstFinding: 0, view: "charts",
+    refusals: [], resultsNumber: 0, corrections: newCorrections(""), wasCancelled: false, isOpen: false, isSaved: false, busy: 0, working: Promise.resolve(), cancellations: 0, kind: "", filter: "", firstFinding: 0, view: "charts",
     draw: () => draw(desk),
   };
   return desk;
@@ -102,6 +116,7 @@ export function forgetRun(desk: Desk): void {
   desk.female = desk.male = desk.years = desk.plan = undefined;
   desk.kind = desk.filter = "";
   desk.firstFinding = 0;
+  desk.mending = undefined;
   desk.isSaved = false;
 }
 
@@ -180,11 +195,23 @@ async function takeOpened(desk: Desk, answer: OpenAnswer): Promise<void> {
   desk.refusals = answer.messages;
   if ("evidence" in answer) desk.export = answer;
   else if ("steerPath" in answer) desk.given = answer;
+  if (desk.export && desk.corrections.list !== "") await applyList(desk);
   // Names are ticked by their places in the survey, which is there only now.
   if (desk.export && (desk.settings.has("subpopulations") || desk.settings.has("colours"))) {
     desk.export = await ask<ExportAnswer>(desk.client, "change", [settingsText(desk)]);
   }
   desk.isOpen = true;
+}
+
+/** Has the list of corrections applied to the export. */
+export async function applyList(desk: Desk): Promise<void> {
+  const told = desk.corrections.answer?.messages ?? [];  // of lines that the list has no more
+  const read = await ask<CorrectionsAnswer>(desk.client, "corrections", [desk.corrections.list]);
+  desk.corrections.answer = { ...read, messages: [...told, ...read.messages.filter((message) => !told.includes(message))] };
+  desk.corrections.list = read.list;
+  const answer = await ask<ExportAnswer>(desk.client, "change", [settingsText(desk)]);
+  desk.refusals = answer.messages;
+  desk.export = "evidence" in answer ? answer : undefined;
 }
 
 /** Opens the files in the worker, also again in a new one. */
@@ -196,8 +223,19 @@ function isOpened(answer: OpenAnswer): boolean {
   return "evidence" in answer || "steerPath" in answer;
 }
 
+/** Files that are to be opened, with what is said of them. */
+interface Opening { files: ChosenFile[]; settings: [string, string][]; corrections: DeskCorrections; }
+
+/** Corrections of the file that was open are kept until they are saved, applied again or dropped. */
+function keepFormer(desk: Desk, corrections: DeskCorrections): DeskCorrections {
+  const { list, isSaved, former } = desk.corrections;
+  if (corrections === desk.corrections || list === "" || isSaved) return { ...corrections, former: corrections.former ?? former };
+  return { ...corrections, former: { list, name: desk.files[0]?.name ?? "" } };
+}
+
 /** Everything of the files before goes; these take their place. */
-function replaceFiles(desk: Desk, files: ChosenFile[], settings: [string, string][]): void {
+function replaceFiles(desk: Desk, { files, settings, corrections }: Opening): void {
+  desk.corrections = keepFormer(desk, corrections);
   desk.files = files;
   desk.settings = new Map(settings);
   desk.reportLanguage = desk.language;
@@ -208,7 +246,8 @@ function replaceFiles(desk: Desk, files: ChosenFile[], settings: [string, string
 }
 
 /** Opens other files beside those that are open, in a worker of their own: what is there goes only when they are. */
-async function openBeside(desk: Desk, files: ChosenFile[], settings: [string, string][]): Promise<void> {
+async function openBeside(desk: Desk, opening: Opening): Promise<void> {
+  const { files, settings } = opening;
   const client = createClient((phase) => showPhase(desk, phase));
   desk.beside = client;
   try {
@@ -217,7 +256,7 @@ async function openBeside(desk: Desk, files: ChosenFile[], settings: [string, st
     const name = files.map((file) => file.name).join(", ");
     if (!isOpened(answer)) return showProblem(text(desk, "notOpened", name, answer.messages.join(" ")));
     const former = desk.client;
-    replaceFiles(desk, files, settings);
+    replaceFiles(desk, opening);
     desk.client = client;
     desk.beside = undefined;
     desk.step = "data";
@@ -234,20 +273,20 @@ export function hasFiles(desk: Desk): boolean {
   return desk.export !== undefined || desk.given !== undefined;
 }
 
-async function openChosen(desk: Desk, chosen: ChosenFile[], settings: [string, string][]): Promise<void> {
-  if (hasFiles(desk)) return openBeside(desk, chosen, settings);
-  replaceFiles(desk, chosen, settings);
+async function openChosen(desk: Desk, opening: Opening): Promise<void> {
+  if (hasFiles(desk)) return openBeside(desk, opening);
+  replaceFiles(desk, opening);
   desk.step = "data";
   return openFiles(desk);
 }
 
-export function openNew(desk: Desk, files: File[], settings: [string, string][] = []): Promise<boolean> {
-  return work(desk, async () => openChosen(desk, await readFiles(files), settings));
+export function openNew(desk: Desk, files: File[], settings: [string, string][] = [], list = ""): Promise<boolean> {
+  return work(desk, async () => openChosen(desk, { files: await readFiles(files), settings, corrections: newCorrections(list) }));
 }
 
 /** Opens the files that are there once more, with other settings. */
 export function openAgain(desk: Desk, settings: [string, string][]): Promise<boolean> {
-  return work(desk, () => openChosen(desk, desk.files, settings));
+  return work(desk, () => openChosen(desk, { files: desk.files, settings, corrections: desk.corrections }));
 }
 
 /** Says something else about the export. */
@@ -265,6 +304,7 @@ export function applySettings(desk: Desk): Promise<boolean> {
     const answer = await ask<ExportAnswer>(desk.client, "change", [settingsText(desk)]);
     desk.refusals = answer.messages;
     desk.export = "evidence" in answer ? answer : undefined;
+    if (desk.corrections.list !== "" && desk.export !== undefined) await applyList(desk);  // other columns, other fates
   });
 }
 
@@ -312,9 +352,7 @@ async function sayAgain(desk: Desk): Promise<void> {
   if (!desk.isOpen || (desk.export === undefined && desk.given === undefined)) return openFiles(desk);
   await ask(desk.client, "language", [desk.language]);
   if (desk.export !== undefined) {
-    const answer = await ask<ExportAnswer>(desk.client, "change", [settingsText(desk)]);
-    desk.refusals = answer.messages;
-    desk.export = "evidence" in answer ? answer : undefined;
+    await applyList(desk);
     if (!keepsReport) desk.written = undefined;
   }
   if (desk.check === undefined) return;

@@ -8,6 +8,7 @@ import { cancel, changeLanguage, createDesk, ensureCheck, ensureRun, isReady, sh
 import type { Desk, StepName } from "./desk";
 import { button, byId, make } from "./dom";
 import { drawMatings } from "./matings_step";
+import { listenForUndo } from "./mend_part";
 import { drawResults } from "./results_step";
 import { drawSettings } from "./settings_step";
 import { textIn } from "./texts";
@@ -106,9 +107,11 @@ function start(): void {
     takeDrop(desk, event as DragEvent);
   });
   addEventListener("beforeunload", (event) => {
-    if (desk.run !== undefined && desk.run.messages.length === 0 && !desk.isSaved) event.preventDefault();
+    const hasResults = desk.run !== undefined && desk.run.messages.length === 0 && !desk.isSaved;
+    if (hasResults || !desk.corrections.isSaved || desk.corrections.former !== undefined) event.preventDefault();
   });
   listenForCards(desk);
+  listenForUndo(desk);
   draw(desk);
 }
 

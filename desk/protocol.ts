@@ -39,6 +39,17 @@ export interface FindingKind {
   name: string; title: string; severity: "S" | "W" | "L"; severityText: string; parts: string; count: number; advice: string;
   canDropDates: boolean; canDropParents: boolean;
 }
+export interface CorrectionRow {
+  id: string; field: string; was: string; becomes: string; why: string; when: string;
+  fate: "applied" | "alreadySo" | "differs" | "noAnimal" | "noColumn"; said: string;
+}
+/** `list` has what could be read of the list that was given. */
+export interface CorrectionsAnswer extends Messages { list: string; sentence: string; rows: CorrectionRow[]; }
+/** A list of corrections with new ones, and how many those are. */
+export interface ProposedList { list: string; count: number; }
+export interface FindingLines {
+  headings?: string[]; fields: string[]; column: number; cell: string; proposal: string; number: number; mayBeOne: boolean; rows: { line: number; cells: string[] }[];
+}
 export interface CheckAnswer extends Messages {
   animals: number; canRun: boolean; isFromExport: boolean; count: number; kinds: FindingKind[];
 }

@@ -7,6 +7,7 @@ import { bytesOf, showProblem, text, work } from "./desk";
 import type { Desk } from "./desk";
 import { button, make, save } from "./dom";
 import { workbookOf, workbookType } from "./workbook";
+import { drawCorrectionsNote } from "./mend_part";
 import { drawSearch } from "./search";
 import type { TextName } from "./texts";
 // The script of the page, which makes its charts readable with mouse and arrow keys.
@@ -93,5 +94,5 @@ export function drawResults(desk: Desk, compute: () => void): HTMLElement[] {
     button(text(desk, "reportText"), () => choose("text"), { "aria-pressed": String(desk.view === "text") }));
   const lookUp = drawSearch(desk, { id: "search-animal", sex: 0, take: ({ position }) => openCard(desk, position),
     label: [make("strong", {}, text(desk, "lookUp")), document.createTextNode(` – ${text(desk, "typeId")}`)] });
-  return [lookUp, drawSaving(desk), drawBoard(desk), views, desk.view === "charts" ? drawBody(desk) : drawReport(desk)];
+  return [...drawCorrectionsNote(desk), lookUp, drawSaving(desk), drawBoard(desk), views, desk.view === "charts" ? drawBody(desk) : drawReport(desk)];
 }

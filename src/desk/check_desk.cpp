@@ -178,6 +178,9 @@ std::string choose_findings(Desk& desk, std::string_view kind, std::string_view 
     if (!kind.empty() && wanted != finding.code) continue;
     if (fits(finding, filter, desk)) desk.chosen_findings.push_back(static_cast<std::uint32_t>(k));
   }
+  const auto severity_at = [&](std::uint32_t k) { return kind_of(desk.check->findings.list[k].code).severity; };
+  std::stable_sort(desk.chosen_findings.begin(), desk.chosen_findings.end(),
+                   [&](std::uint32_t a, std::uint32_t b) { return severity_at(a) < severity_at(b); });
   JsonText json;
   begin_object(json);
   add_integer(json, "count", static_cast<std::int64_t>(desk.chosen_findings.size()));

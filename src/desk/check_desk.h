@@ -15,8 +15,8 @@ namespace pedigreewatch {
 /// severityText, parts, advice, count, canDropDates, canDropParents).
 std::string check_files(Desk& desk);
 
-/// Chooses the findings of one kind ("" for all), with `filter` in their identification or their text, capitals alike.
-/// Yields an object: count.
+/// Chooses the findings of one kind ("" for all), with `filter` in their identification or their text, capitals alike;
+/// those that stop the run first, then those that falsify, in the order of lines. Yields an object: count.
 std::string choose_findings(Desk& desk, std::string_view kind, std::string_view filter);
 
 /// `count` of the chosen findings from the one at `first` on. Yields an object: rows (line, column, id, kind: its

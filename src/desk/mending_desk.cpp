@@ -115,6 +115,8 @@ void add_row(JsonText& json, const Desk& desk, const Correction& correction, con
 FieldCode field_of_finding(const Desk& desk, const Finding& finding) {
   if (finding.role == ParentRole::sire) return sire_column;
   if (finding.role == ParentRole::dam) return dam_column;
+  // Some are about the dates of several animals and name no column.
+  if (finding.column == 0 && ways_on(finding.code).dates) return birthdate_column;
   std::int32_t column = 0;
   for (const FieldCode field : written_fields()) {
     if (!desk.preparation.plan.columns.place[static_cast<std::size_t>(field)]) continue;
@@ -200,6 +202,12 @@ std::set<std::int64_t> all_lines(const Desk& desk, const Finding& finding) {
   return lines;
 }
 
+/// Those whose dates or parents are given up. Relatives that contradict a date keep theirs.
+std::set<std::int64_t> faulty_lines(const Desk& desk, const Finding& finding) {
+  if (finding.code == Code::date_contradicted) return {finding.line};
+  return all_lines(desk, finding);
+}
+
 /// Those that are shown to be mended: the first ones, and the line of the other animal.
 std::set<std::int64_t> shown_lines(const Desk& desk, const Finding& finding) {
   constexpr std::size_t most_lines = 20;
@@ -238,12 +246,16 @@ std::string set_corrections(Desk& desk, std::string_view list) {
   CorrectionList read = read_corrections(list);
   std::vector<std::string> messages =
       fault_sentences(read.faults, std::string(words_of(name_of_list, desk.language)), desk.language);
+  const bool is_applied = desk.has_export && read.corrections == desk.corrections;
   desk.corrections = std::move(read.corrections);
-  for (std::string& refusal : apply_desk_corrections(desk)) messages.push_back(std::move(refusal));
+  if (!is_applied) {
+    for (std::string& refusal : apply_desk_corrections(desk)) messages.push_back(std::move(refusal));
+  }
   const std::vector<CorrectionOutcome>& outcomes = desk.preparation.corrections;
   JsonText json;
   begin_object(json);
   add_texts(json, "messages", messages);
+  add_text(json, "list", desk.corrections.empty() ? std::string() : corrections_text(desk.corrections));
   add_text(json, "sentence", corrections_sentence(outcomes, desk.language));
   begin_list(json, "rows");
   for (std::size_t k = 0; k < std::min(desk.corrections.size(), outcomes.size()); ++k) {
@@ -287,7 +299,7 @@ std::string propose_going_on(const Desk& desk, std::string_view kind, std::strin
     const WaysOn ways = ways_on(finding.code);
     const bool is_wanted = kind.empty() ? own.severity == Severity::stops : own.name == kind;
     if (!is_wanted || finding.line == 0 || !(what == "dates" ? ways.dates : ways.parents)) continue;
-    for (const std::int64_t line : all_lines(desk, finding)) {
+    for (const std::int64_t line : faulty_lines(desk, finding)) {
       lines.emplace(line, words_of(own.title, desk.language));
     }
   }
@@ -312,11 +324,12 @@ std::string finding_lines(const Desk& desk, std::size_t place) {
     const Finding& finding = desk.check->findings.list[desk.chosen_findings[place]];
     const RecordsByLine records = records_at(desk, shown_lines(desk, finding));
     const std::optional<std::size_t> column = place_of(desk, field_of_finding(desk, finding));
-    add_headings(json, desk);
-    add_integer(json, "column", column ? static_cast<std::int64_t>(*column) : -1);
-    add_text(json, "proposal", column ? proposal_of(desk, finding, records) : std::string());
     const auto own = records.find(finding.line);
     const bool has_cell = column && own != records.end() && *column < own->second.size();
+    add_headings(json, desk);
+    add_integer(json, "column", column ? static_cast<std::int64_t>(*column) : -1);
+    add_text(json, "cell", has_cell ? own->second[*column] : std::string());
+    add_text(json, "proposal", column ? proposal_of(desk, finding, records) : std::string());
     add_integer(json, "number", has_cell ? count_same(desk, *column, own->second[*column]) : 0);
     add_logical(json, "mayBeOne", finding.code == Code::same_animal);
     add_lines_of(json, records, finding.line);

@@ -17,8 +17,9 @@ struct WaysOn {
 };
 WaysOn ways_on(FindingCode code);
 
-/// Takes the whole list of corrections and applies it to the export. Yields an object: messages (lines of the list that
-/// cannot be read, or what stands in the way), sentence (what became of them), rows (id, field, was, becomes, why,
+/// Takes the whole list of corrections and applies it to the export; what came of one that is applied already is kept.
+/// Yields an object: messages (lines of the list that cannot be read, or what stands in the way), list (the lines that
+/// can be read; empty without any), sentence (what became of them), rows (id, field, was, becomes, why,
 /// when, fate, said).
 std::string set_corrections(Desk& desk, std::string_view list);
 
@@ -37,9 +38,9 @@ std::string propose_correction(const Desk& desk, const NewCorrection& wanted);
 std::string propose_going_on(const Desk& desk, std::string_view kind, std::string_view what);
 
 /// The lines of the export that a chosen finding is about. Yields an object: headings, fields (of each column its name
-/// in a list of corrections, or empty), column (the one that is meant, counted from 0, or -1), proposal (a text for it,
-/// or empty), number (animals that have the same text there), mayBeOne (the two lines may be of one
-/// animal), rows (line, cells; that of the finding itself first).
+/// in a list of corrections, or empty), column (the one that is meant, counted from 0, or -1), cell (its text),
+/// proposal (another text for it, or empty), number (animals that have the same text there), mayBeOne (the two lines
+/// may be of one animal), rows (line, cells; that of the finding itself first).
 std::string finding_lines(const Desk& desk, std::size_t place);
 
 }  // namespace pedigreewatch

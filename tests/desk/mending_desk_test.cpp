@@ -57,8 +57,10 @@ TEST(MendingDesk, AppliesTheListAndTellsWhatBecameOfIt) {
   MendedDesk mended;
   const std::string answer = mended.take(
       "D\tbirthdate\t15-02-2x03\t20-12-2003\ttyping error\t2026-01-31\nE\tsire\tZ\tA\t\t\nG\tsex\t\tram\t\t\n");
-  EXPECT_TRUE(holds(answer, R"("messages":[],"sentence":"Corrections applied: 1; already mended in the export: 1;)"))
+  EXPECT_TRUE(holds(
+      answer, R"("messages":[],"list":"id\u0009field\u0009was\u0009becomes\u0009why\u0009when\u000aD\u0009birthdate)"))
       << answer;
+  EXPECT_TRUE(holds(answer, R"("sentence":"Corrections applied: 1; already mended in the export: 1;)")) << answer;
   EXPECT_TRUE(
       holds(answer, R"("becomes":"20-12-2003","why":"typing error","when":"2026-01-31","fate":"applied","said":"")"));
   EXPECT_TRUE(holds(answer, R"("fate":"alreadySo","said":"\u0022E\u0022, sire: \u0022A\u0022 is already mended)"))
@@ -74,7 +76,7 @@ TEST(MendingDesk, AnotherListBeginsWithTheExportAgain) {
   mended.take("A\tid\tA\tQ\t\t\n");
   const std::string second = mended.take("A\tsex\tram\tewe\t\t\n");
   EXPECT_TRUE(holds(second, R"("fate":"applied")")) << second;
-  EXPECT_TRUE(holds(mended.take(""), R"("sentence":"","rows":[])"));
+  EXPECT_TRUE(holds(mended.take(""), R"("messages":[],"list":"","sentence":"","rows":[])"));
   mended.check();
   EXPECT_TRUE(holds(test::bytes_of(mended.folder.path("export.txt")), "\nA;m;13-01-2000"));
 }
@@ -135,13 +137,58 @@ TEST(MendingDesk, ShowsTheLinesOfAFinding) {
       << lines;
   EXPECT_TRUE(holds(
       lines,
-      R"("proposal":"","number":1,"mayBeOne":false,"rows":[{"line":6,"cells":["D","ram","15-02-2x03","C","Bella-1"]}])"))
+      R"("cell":"15-02-2x03","proposal":"","number":1,"mayBeOne":false,"rows":[{"line":6,"cells":["D","ram","15-02-2x03","C","Bella-1"]}])"))
       << lines;
   choose_findings(mended.desk, "parent-spelling", "");
   const std::string spelling = finding_lines(mended.desk, 0);
-  EXPECT_TRUE(holds(spelling, R"("column":4,"proposal":"Bella-1","number":2)")) << spelling;
+  EXPECT_TRUE(holds(spelling, R"("column":4,"cell":"bella1","proposal":"Bella-1","number":2)")) << spelling;
   EXPECT_TRUE(holds(spelling, R"("line":7,)"));
   EXPECT_EQ(finding_lines(mended.desk, 99), "{}");
+}
+
+/// F is older than both its parents, whose dates agree with all others.
+constexpr const char* contradicted =
+    "ID,Sex,Born,Father,Mother\n"
+    "A,ram,13-01-2000,,\n"
+    "B,ewe,14-01-2000,,\n"
+    "C,ram,15-02-2002,A,B\n"
+    "D,ewe,16-02-2002,A,B\n"
+    "F,ewe,17-01-1890,C,D\n"
+    "G,ewe,17-01-2004,C,\n";
+
+TEST(MendingDesk, LeavesTheDatesOfRelativesThatContradictOne) {
+  MendedDesk mended(contradicted);
+  mended.check();
+  EXPECT_TRUE(holds(choose_findings(mended.desk, "date-contradicted", ""), R"("count":1)"));
+  const std::string lines = finding_lines(mended.desk, 0);
+  EXPECT_TRUE(holds(lines, R"("column":2,"cell":"17-01-1890")")) << lines;
+  EXPECT_TRUE(holds(lines, R"("rows":[{"line":6,)")) << lines;
+  EXPECT_TRUE(holds(lines, R"({"line":4,)")) << "the relatives are shown";
+  const std::string going_on = propose_going_on(mended.desk, "date-contradicted", "dates");
+  EXPECT_TRUE(holds(going_on, R"(F\u0009birthdate\u000917-01-1890\u0009\u0009)")) << going_on;
+  EXPECT_TRUE(holds(going_on, R"("count":1)"));
+}
+
+TEST(MendingDesk, AListThatIsAppliedKeepsTheResults) {
+  MendedDesk mended("ID,Sex,Born,Father,Mother\nA,ram,13-01-2000,,\nB,ewe,14-01-2000,,\nC,ram,15-02-2002,A,B\n");
+  mended.take("C\tsex\tram\tewe\t\t\n");
+  mended.check();
+  run_analysis(mended.desk);
+  EXPECT_TRUE(holds(mended.take("C\tsex\tram\tewe\t\t\n"), R"("fate":"applied")"));
+  EXPECT_TRUE(mended.desk.results.has_value());
+  mended.take("");
+  EXPECT_FALSE(mended.desk.results.has_value());
+}
+
+TEST(ChooseFindings, PutsWhatStopsTheRunFirst) {
+  MendedDesk mended;
+  mended.check();
+  choose_findings(mended.desk, "", "");
+  const std::string rows = list_findings(mended.desk, 0, 50);
+  const std::size_t falsifies = rows.find(R"("severity":"W")");
+  ASSERT_NE(falsifies, std::string::npos) << rows;
+  EXPECT_LT(rows.find(R"("severity":"S")"), falsifies) << rows;
+  EXPECT_EQ(rows.find(R"("severity":"S")", falsifies), std::string::npos) << "the loop and the date stand before";
 }
 
 TEST(WaysOn, AreDatesForDatesAndParentsForParents) {

@@ -1,0 +1,232 @@
+// Mending in the check: the lines of a finding as a table with cells that can be changed, and the list of corrections
+// with undo and redo. The export stays as it is; the core applies the list whenever it changes.
+
+import { ask } from "./client";
+import { applyList, ensureCheck, isReady, text, work } from "./desk";
+import type { Desk } from "./desk";
+import { button, make, nameOf, save } from "./dom";
+import type { CheckAnswer, CorrectionRow, FindingLines, ProposedList } from "./protocol";
+
+/** Forgets what came of the export as it was corrected before. The place in the list of findings stays. */
+function forgetResults(desk: Desk): void {
+  ++desk.resultsNumber;
+  desk.written = desk.check = desk.run = desk.body = desk.report = desk.pair = desk.males = undefined;
+  desk.female = desk.male = desk.years = desk.plan = desk.mending = undefined;
+  desk.isSaved = false;
+}
+
+/** Takes another list of corrections: applies it, checks again, and shows the same kind of findings as before. */
+async function takeList(desk: Desk, list: string): Promise<void> {
+  forgetResults(desk);
+  desk.corrections.list = list;
+  desk.corrections.isSaved = list === "";
+  desk.corrections.answer = undefined;
+  await applyList(desk);
+  if (!isReady(desk)) desk.step = "data";  // what a new text means is asked there
+  if (desk.step !== "check") return;
+  await ensureCheck(desk);
+  const found = desk.check as CheckAnswer | undefined;
+  if (found?.kinds.some(({ name }) => name === desk.kind) === true) return;
+  desk.kind = desk.filter = "";
+  desk.firstFinding = 0;
+}
+
+/** Replaces the list, so that it can be undone. The focus stays near: the cell that had it is gone. */
+function change(desk: Desk, propose: () => Promise<{ list: string }>): void {
+  void work(desk, async () => {
+    const before = desk.corrections.list, { list } = await propose();
+    if (list === before || desk.export === undefined) return;
+    desk.corrections.undo.push(before);
+    desk.corrections.redo = [];
+    await takeList(desk, list);
+  }).then(() => document.getElementById("undo")?.focus({ preventScroll: true }));
+}
+
+/** Goes from one list to the one before or behind it. */
+function goBack(desk: Desk, from: "undo" | "redo"): void {
+  const { corrections } = desk;
+  if (desk.busy > 0 || corrections[from].length === 0) return;
+  void work(desk, async () => {
+    const list = corrections[from].pop() ?? "";
+    corrections[from === "undo" ? "redo" : "undo"].push(corrections.list);
+    await takeList(desk, list);
+  }).then(() => (document.querySelector<HTMLElement>(`#${from}:not([disabled])`) ?? document.querySelector<HTMLElement>("#undo, #redo"))?.focus({ preventScroll: true }));
+}
+
+/** Adds a list of earlier corrections behind those that are there. */
+export function addList(desk: Desk, list: string): void {
+  change(desk, async () => ({ list: desk.corrections.list + list }));
+}
+
+function correct(desk: Desk, line: number, field: string, becomes: string, everywhere = false): void {
+  change(desk, () => ask<ProposedList>(desk.client, "correct", [line, field, becomes, "", everywhere ? 1 : 0]));
+}
+
+/** Makes dates or parents of all animals of a kind of finding unknown; of all kinds that stop the run without one. */
+export function goOnWithout(desk: Desk, kind: string, what: "dates" | "parents"): void {
+  change(desk, () => ask<ProposedList>(desk.client, "goOn", [kind, what]));
+}
+
+function drawCell(desk: Desk, line: number, cell: string, field: string, heading: string, isMeant: boolean): HTMLElement {
+  if (field === "") return make("td", {}, nameOf(cell));
+  const input = make("input", { type: "text", value: cell, size: Math.max(6, Math.min(24, cell.length + 1)), "aria-label": text(desk, "cellOf", heading, line),
+    class: isMeant ? "meant" : "" });
+  input.addEventListener("change", () => {
+    if (input.value.trim() !== cell) correct(desk, line, field, input.value);
+  });
+  return make("td", {}, input);
+}
+
+function drawLine(desk: Desk, lines: FindingLines, row: FindingLines["rows"][number], isFirst: boolean): HTMLElement {
+  const headings = lines.headings ?? [];
+  const cells = headings.map((heading, k) => drawCell(desk, row.line, row.cells[k] ?? "", lines.fields[k] ?? "", heading, isFirst && k === lines.column));
+  const leaveOut = button(text(desk, "leaveOut"), () => correct(desk, row.line, "leave out", ""), { "aria-label": `${text(desk, "leaveOut")}: ${text(desk, "line")} ${row.line}` });
+  return make("tr", {}, make("th", { scope: "row", class: "number" }, String(row.line)), make("td", {}, leaveOut), ...cells);
+}
+
+/** What can be done with one press: take the proposal, make it unknown, make two animals one. */
+function drawPresses(desk: Desk, lines: FindingLines): HTMLElement {
+  const [own, other] = lines.rows, field = lines.fields[lines.column] ?? "", idColumn = lines.fields.indexOf("id");
+  const presses: HTMLElement[] = [];
+  if (own !== undefined && field !== "" && field !== "id") {
+    const isMany = lines.number > 1;
+    const label = (words: string) => (isMany ? `${words} ${text(desk, "inLines", lines.number)}` : words);
+    if (lines.proposal !== "") presses.push(button(label(text(desk, "takeProposal", lines.proposal)), () => correct(desk, own.line, field, lines.proposal, isMany), { class: "main" }));
+    if (lines.cell !== "") presses.push(button(label(text(desk, "makeUnknown")), () => correct(desk, own.line, field, "", isMany)));
+  }
+  const first = own?.cells[idColumn] ?? "", second = other?.cells[idColumn] ?? "";
+  if (lines.mayBeOne && own !== undefined && other !== undefined && first !== "" && second !== "" && first !== second) {
+    presses.push(button(text(desk, "sameAnimal", second, first), () => correct(desk, other.line, "same as", first)));
+  }
+  return make("p", { class: "row" }, ...presses);
+}
+
+/** The lines of a finding, once the worker has told them. */
+export async function drawMending(desk: Desk, place: number): Promise<HTMLElement> {
+  const lines = await ask<FindingLines>(desk.client, "findingLines", [place]);
+  if (lines.headings === undefined || lines.rows.length === 0) return make("p", { class: "hint" }, text(desk, "noLines"));
+  const headings = lines.headings.map((heading) => make("th", { scope: "col" }, nameOf(heading)));
+  return make("div", { class: "mend" }, drawPresses(desk, lines),
+    make("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": text(desk, "linesOfFinding") },
+      make("table", { class: "plain" }, make("thead", {}, make("tr", {}, make("th", { scope: "col", class: "number" }, text(desk, "line")),
+        make("th", { scope: "col" }, text(desk, "wholeLine")), ...headings)), make("tbody", {}, ...lines.rows.map((row, k) => drawLine(desk, lines, row, k === 0))))),
+    make("p", { class: "hint" }, text(desk, "mendHint")));
+}
+
+/** A cell of the list's text. Quotation marks around one would be taken for those of a spreadsheet. */
+function listCell(cell: string): string {
+  const plain = cell.replace(/[\t\r\n]/g, " ");
+  return plain.startsWith('"') ? `"${plain.replace(/"/g, '""')}"` : plain;
+}
+
+function listOf(rows: CorrectionRow[]): string {
+  if (rows.length === 0) return "";
+  const lines = rows.map(({ id, field, was, becomes, why, when }) => [id, field, was, becomes, why, when].map(listCell).join("\t"));
+  return ["id\tfield\twas\tbecomes\twhy\twhen", ...lines, ""].join("\n");
+}
+
+function changeRows(desk: Desk, rows: CorrectionRow[]): void {
+  change(desk, async () => ({ list: listOf(rows) }));
+}
+
+function fieldWords(desk: Desk, field: string): string {
+  if (field === "leave out") return text(desk, "leaveOut");
+  if (field === "same as") return text(desk, "sameAs");
+  return desk.export?.fields.find(({ name }) => name === field)?.description ?? field;
+}
+
+function drawCorrection(desk: Desk, rows: CorrectionRow[], place: number): HTMLElement {
+  const row = rows[place];
+  if (row === undefined) return make("tr");
+  const field = fieldWords(desk, row.field), isApplied = row.fate === "applied";
+  const input = (name: "becomes" | "why") => {
+    const cell = make("input", { type: "text", value: row[name], size: 14, "aria-label": `${text(desk, name)}: ${row.id}, ${field}` });
+    cell.addEventListener("change", () => changeRows(desk, rows.map((one, k) => (k === place ? { ...one, [name]: cell.value } : one))));
+    return make("td", {}, cell);
+  };
+  return make("tr", {}, make("th", { scope: "row" }, nameOf(row.id)), make("td", {}, field), make("td", {}, nameOf(row.was)),
+    row.field === "leave out" ? make("td") : input("becomes"), input("why"), make("td", {}, row.when),
+    make("td", { class: isApplied ? "" : "severity-W" }, isApplied ? text(desk, "applied") : row.said),
+    make("td", {}, button(text(desk, "drop"), () => changeRows(desk, rows.filter((_row, k) => k !== place)), { "aria-label": `${text(desk, "drop")}: ${row.id}, ${field}` })));
+}
+
+function drawTable(desk: Desk, rows: CorrectionRow[]): HTMLElement {
+  const headings = (["id", "field", "was", "becomes", "why", "when", "state", "drop"] as const).map((name) => make("th", { scope: "col" }, text(desk, name)));
+  const table = make("details", { id: "corrections", open: desk.corrections.isShown }, make("summary", {}, text(desk, "listOfCorrections")),
+    make("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": text(desk, "listOfCorrections") },
+      make("table", { class: "plain" }, make("thead", {}, make("tr", {}, ...headings)), make("tbody", {}, ...rows.map((_row, k) => drawCorrection(desk, rows, k))))));
+  table.addEventListener("toggle", () => { desk.corrections.isShown = table.open; });
+  return table;
+}
+
+/** What is to be changed in the office program, by animal, on paper alone. */
+function drawOfficeList(desk: Desk, rows: CorrectionRow[]): HTMLElement {
+  const due = rows.filter(({ fate }) => fate === "applied").sort((a, b) => a.id.localeCompare(b.id, desk.language, { numeric: true }));
+  const headings = (["id", "field", "was", "becomes", "why"] as const).map((name) => make("th", { scope: "col" }, text(desk, name)));
+  const today = new Date().toLocaleDateString(desk.language === "nl" ? "nl-NL" : "en-GB", { dateStyle: "long" });
+  return make("div", { id: "office-list" }, make("h2", {}, text(desk, "officeList")), make("p", {}, `${desk.files[0]?.name ?? ""}, ${today}`),
+    make("table", { class: "plain" }, make("thead", {}, make("tr", {}, ...headings)), make("tbody", {}, ...due.map((row) => make("tr", {},
+      make("th", { scope: "row" }, nameOf(row.id)), make("td", {}, fieldWords(desk, row.field)), make("td", {}, nameOf(row.was)),
+      make("td", {}, nameOf(row.becomes)), make("td", {}, nameOf(row.why)))))));
+}
+
+function printOfficeList(): void {
+  document.body.classList.add("prints-office-list");
+  addEventListener("afterprint", () => document.body.classList.remove("prints-office-list"), { once: true });
+  print();
+}
+
+function saveList(list: string, fileName: string): void {
+  save(`${fileName.replace(/\.[^.]*$/, "")}_corrections.tsv`, list, "text/tab-separated-values");
+}
+
+/** The list of corrections, with what can be done with all of it. */
+export function drawCorrections(desk: Desk): HTMLElement[] {
+  const { list, answer, undo, redo } = desk.corrections, rows = answer?.rows ?? [];
+  const messages = (answer?.messages ?? []).map((message) => make("p", { class: "problem" }, message));
+  if (rows.length === 0 && undo.length + redo.length === 0) return messages;
+  const keep = () => {
+    saveList(list, desk.files[0]?.name ?? "export");
+    desk.corrections.isSaved = true;
+  };
+  const isEmpty = rows.length === 0;
+  const row = make("p", { class: "row" }, button(text(desk, "undo"), () => goBack(desk, "undo"), { id: "undo", disabled: undo.length === 0, "aria-keyshortcuts": "Control+Z" }),
+    button(text(desk, "redo"), () => goBack(desk, "redo"), { id: "redo", disabled: redo.length === 0, "aria-keyshortcuts": "Control+Y" }),
+    button(text(desk, "saveCorrections"), keep, { id: "save-corrections", disabled: isEmpty }),
+    button(text(desk, "printOfficeList"), printOfficeList, { disabled: isEmpty }));
+  return [...messages, make("p", { class: "note", id: "corrections-sentence", role: "status" }, isEmpty ? text(desk, "noCorrections") : answer?.sentence), row,
+    ...(isEmpty ? [] : [drawTable(desk, rows), drawOfficeList(desk, rows)])];
+}
+
+/** Corrections of a file that was open before, as long as they have not been saved. */
+export function drawFormer(desk: Desk): HTMLElement[] {
+  const { former } = desk.corrections;
+  if (former === undefined) return [];
+  const done = (action: () => void) => () => {
+    desk.corrections.former = undefined;
+    action();
+    desk.draw();
+  };
+  return [make("div", { class: "question", id: "former-corrections" }, make("p", {}, text(desk, "formerCorrections", former.name)), make("p", { class: "row" },
+    button(text(desk, "saveCorrections"), done(() => saveList(former.list, former.name))),
+    desk.export === undefined ? null : button(text(desk, "useHere"), done(() => addList(desk, former.list))),
+    button(text(desk, "drop"), done(() => undefined))))];
+}
+
+/** A note at the head of results that are not those of the export as it stands. */
+export function drawCorrectionsNote(desk: Desk): HTMLElement[] {
+  const count = desk.corrections.answer?.rows.filter(({ fate }) => fate === "applied").length ?? 0;
+  return count === 0 ? [] : [make("p", { class: "question", id: "contains-corrections" }, text(desk, "containsCorrections", count))];
+}
+
+/** Ctrl+Z and Ctrl+Y, where no field is being typed in. */
+export function listenForUndo(desk: Desk): void {
+  document.addEventListener("keydown", (event) => {
+    const isTyping = event.target instanceof HTMLInputElement || event.target instanceof HTMLTextAreaElement;
+    if ((desk.step !== "check" && desk.step !== "data") || !(event.ctrlKey || event.metaKey) || isTyping) return;
+    const key = event.key.toLowerCase(), isRedo = key === "y" || (key === "z" && event.shiftKey);
+    if (key !== "z" && !isRedo) return;
+    event.preventDefault();
+    goBack(desk, isRedo ? "redo" : "undo");
+  });
+}

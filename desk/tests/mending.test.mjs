@@ -1,0 +1,198 @@
+// Mending in the desk, by pointer and by keyboard, and what becomes of the corrections.
+
+import assert from "node:assert/strict";
+import { after, before, test } from "node:test";
+import { choose, enter, idle, openDesk, pressButton, saved, startBrowser, textOf, violations, writeInput } from "./browser.mjs";
+
+let browser;
+before(async () => { browser = await startBrowser(); });
+after(async () => { await browser.close(); });
+
+async function withDesk(action, options = {}) {
+  const desk = await openDesk(browser, options);
+  try {
+    await action(desk.page, desk);
+    assert.deepEqual(desk.requests, [], "the desk has asked for something");
+    assert.deepEqual(desk.problems, [], "the browser has met problems");
+  } finally {
+    await desk.close();
+  }
+}
+
+/** A herd of three generations; `lines` are added. */
+function herd(...lines) {
+  return ["id;name;sex;birthdate;sire;dam", "A;Adam;m;25-01-2000;;", "B;Bea;f;25-01-2000;;", "C;Zo\u00eb;f;25-01-2002;A;B", "D;Dirk;m;25-01-2002;A;B",
+    "E;Eef;f;25-01-2004;D;C", ...lines].join("\n");
+}
+
+async function openHerd(page, desk, ...lines) {
+  await choose(page, writeInput(desk, "herd.csv", herd(...lines)));
+  await enter(page, "settings");
+  await page.select("#species", "sheep");
+  await idle(page);
+}
+
+/** What the names of files begin with, as the steer file has it. */
+async function stemOf(page) {
+  await enter(page, "settings");
+  return (await textOf(page, "#steer")).split(/\r?\n/)[1].replace(/\.txt$/, "");
+}
+
+const loop = ["X;Xan;m;25-01-2001;Y;B", "Y;Yde;m;25-01-2003;X;B"];
+
+test("WhatStopsTheRunIsGivenUpInOnePressAndUndone", () => withDesk(async (page, desk) => {
+  await openHerd(page, desk, ...loop, "Z;Zus;f;25-01-2x05;A;B");
+  await page.click("#step-data");
+  await page.evaluate(() => [...document.querySelectorAll(".question button")].find(({ textContent }) => /birthdate/.test(textContent)).click());
+  await idle(page);
+  await enter(page, "check");
+  assert.ok(await page.$eval("#step-results", (button) => button.disabled));
+  await page.click("#without-parents");
+  await idle(page);
+  assert.ok(await page.$("#without-parents") === null, "the loop is gone");
+  await page.click("#without-dates");
+  await idle(page);
+  assert.match(await textOf(page, "#corrections-sentence"), /Corrections applied: 3;/);
+  assert.ok(!await page.$eval("#step-results", (button) => button.disabled));
+  await page.click("#undo");
+  await idle(page);
+  assert.ok(await page.$("#without-dates") !== null);
+  await page.keyboard.down("Control");
+  await page.keyboard.press("y");
+  await page.keyboard.up("Control");
+  await idle(page);
+  assert.ok(await page.$("#without-dates") === null);
+  assert.deepEqual(await violations(page), []);
+  await enter(page, "results");
+  assert.match(await textOf(page, "#contains-corrections"), /: 3\./);
+}));
+
+test("ACellIsMendedTheListIsKeptAndDroppedTheYearAfter", () => withDesk(async (page, desk) => {
+  await openHerd(page, desk, "F;Fay;f;25-01-1890;D;C", "G;Gus;m;25-01-2006;D;C");
+  const stem = await stemOf(page);
+  await enter(page, "check");
+  await page.waitForSelector("#findings tbody tr");
+  await page.click('button[aria-label="Show: Date of birth that several relatives contradict"]');
+  await page.waitForSelector("#mend-0");
+  await page.click("#mend-0");
+  await page.waitForSelector(".mend input.meant");
+  const cell = await page.waitForSelector('.mend input[aria-label="birthdate, line 7"]');
+  await cell.click({ clickCount: 3 });
+  await cell.type("25-01-2005");
+  await page.keyboard.press("Enter");
+  await page.waitForSelector("#corrections-sentence");
+  await idle(page);
+  assert.match(await textOf(page, "#corrections-sentence"), /applied: 1;/);
+  assert.ok(!/relatives contradict/.test(await textOf(page, "#step")), "the finding is gone");
+  const list = (await saved(desk, "Save the corrections", `${stem}_corrections.tsv`)).toString();
+  assert.match(list, /F\tbirthdate\t25-01-1890\t25-01-2005\t\t\d{4}-\d\d-\d\d\n/);
+  // The year after: F was mended in the office program, G differs.
+  await page.click("#step-data");
+  const next = herd("F;Fay;f;25-01-2005;D;C", "G;Gus;m;25-01-2007;D;C", "H;Han;m;25-01-2007;D;C");
+  await choose(page, writeInput(desk, "next.csv", next), writeInput(desk, "herd_corrections.tsv", `${list}G\tbirthdate\t25-01-2006\t25-01-2005\t\t\n`));
+  await enter(page, "settings");
+  await page.select("#species", "sheep");
+  await idle(page);
+  await enter(page, "check");
+  assert.match(await textOf(page, "#corrections-sentence"), /applied: 0; already mended in the export: 1;.*: 1\.$/);
+  await page.click("#corrections summary");
+  assert.match(await textOf(page, "#corrections"), /already mended in your office program.*differs now: "25-01-2007"/s);
+}));
+
+test("AProposalIsTakenInAllLinesAndAnAnimalLeftOut", () => withDesk(async (page, desk) => {
+  await openHerd(page, desk, "NL-12345;Gea;f;25-01-2003;A;B", "H;Han;m;25-01-2006;D;nl12345", "I;Ida;f;25-01-2007;D;nl12345");
+  await enter(page, "check");
+  await page.click('button[aria-label^="Show: Id of a parent spelt otherwise"]');
+  await page.waitForSelector("#mend-0");
+  await page.click("#mend-0");
+  await page.waitForSelector(".mend button.main");
+  assert.equal(await textOf(page, ".mend button.main"), "Take NL-12345 in all 2 lines");
+  await page.click(".mend button.main");
+  await page.waitForSelector("#corrections-sentence");
+  await idle(page);
+  assert.match(await textOf(page, "#corrections-sentence"), /applied: 2;/);
+  assert.ok(!/spelt otherwise/.test(await textOf(page, "#step")));
+  await pressButton(page, "Undo");
+  await idle(page);
+  assert.match(await textOf(page, "#step"), /spelt otherwise/);
+}));
+
+const pressed = async (page, key) => {
+  await page.keyboard.down("Control");
+  await page.keyboard.press(key);
+  await page.keyboard.up("Control");
+  await idle(page);
+};
+
+test("MendingByKeyboardAlone", () => withDesk(async (page, desk) => {
+  await openHerd(page, desk, "F;Fay;f;25-01-1890;D;C", "G;Gus;m;25-01-2006;D;C");
+  await enter(page, "check");
+  await page.waitForSelector("[id^=mend-]");
+  await page.focus("[id^=mend-]");
+  await page.keyboard.press("Enter");
+  await page.waitForSelector(".mend input.meant");
+  assert.equal(await page.evaluate(() => document.activeElement.id.slice(0, 5)), "mend-", "the focus stays where it was");
+  await page.keyboard.press("Tab");  // the animal
+  await page.keyboard.press("Tab");
+  await page.keyboard.press("Enter");  // the first press: make it unknown
+  await page.waitForSelector("#corrections-sentence");
+  await idle(page);
+  assert.match(await textOf(page, "#corrections-sentence"), /applied: 1;/);
+  assert.equal(await page.evaluate(() => document.activeElement.id), "undo");
+  await pressed(page, "z");
+  assert.equal(await textOf(page, "#corrections-sentence"), "No corrections.");
+  await pressed(page, "y");
+  assert.match(await textOf(page, "#corrections-sentence"), /applied: 1;/);
+}));
+
+test("ReasonsAreWrittenIntoTheListAndAnimalsAreLeftOut", () => withDesk(async (page, desk) => {
+  await openHerd(page, desk, "F;Fay;f;25-01-1890;;", "G;Gus;m;25-01-2006;D;C");
+  const stem = await stemOf(page);
+  await enter(page, "check");
+  await page.waitForSelector("[id^=mend-]");
+  await page.click("[id^=mend-]");
+  await page.waitForSelector(".mend tbody button");
+  await page.click('.mend button[aria-label="Leave out: Line 7"]');
+  await page.waitForSelector("#corrections-sentence");
+  await idle(page);
+  await page.click("#corrections summary");
+  await page.type('#corrections input[aria-label^="Why: F"]', 'a "ghost"');
+  await page.keyboard.press("Enter");
+  await idle(page);
+  assert.ok(await page.$eval("#corrections", (list) => list.open), "the list stays open");
+  const list = (await saved(desk, "Save the corrections", `${stem}_corrections.tsv`)).toString();
+  assert.match(list, /F\tleave out\tF \| Fay \| f \| 25-01-1890 \|  \|\t\ta "ghost"\t\d{4}-/);
+  assert.deepEqual(await violations(page), []);
+}));
+
+test("CorrectionsThatWereNotSavedStayWhenAnotherExportIsOpened", () => withDesk(async (page, desk) => {
+  await openHerd(page, desk, "F;Fay;f;25-01-1890;D;C", "G;Gus;m;25-01-2006;D;C");
+  await enter(page, "check");
+  await page.waitForSelector("[id^=mend-]");
+  await page.click("[id^=mend-]");
+  await page.waitForSelector(".mend button");
+  await pressButton(page, "Make it unknown");
+  await page.waitForSelector("#corrections-sentence");
+  await idle(page);
+  await page.click("#step-data");
+  await choose(page, writeInput(desk, "next.csv", herd("F;Fay;f;25-01-1890;D;C")));
+  assert.match(await textOf(page, "#former-corrections"), /herd\.csv have not been saved/);
+  await pressButton(page, "Use them with this export");
+  await idle(page);
+  assert.match(await textOf(page, "#corrections-sentence"), /applied: 1;/);
+  assert.ok(await page.$("#former-corrections") === null);
+}));
+
+test("ExportAnswersAndCorrectionsAreDroppedTogether", () => withDesk(async (page, desk) => {
+  await choose(page, writeInput(desk, "herd.csv", herd("F;Fay;f;25-01-1890;D;C")), writeInput(desk, "herd.answers", "--species sheep\n"),
+    writeInput(desk, "mended.tsv", "id\tfield\twas\tbecomes\twhy\twhen\nF\tbirthdate\t25-01-1890\t25-01-2005\t\t\nF\tweight\t1\t2\t\t\n"));
+  assert.match(await textOf(page, "#corrections-sentence"), /applied: 1;/);
+  assert.match(await textOf(page, "#step"), /"weight" is no field/);
+  await enter(page, "results");
+  assert.match(await textOf(page, "#contains-corrections"), /: 1\./);
+  await page.click("#dutch");
+  await idle(page);
+  assert.match(await textOf(page, "#contains-corrections"), /^Correcties die in deze resultaten zitten/);
+  await page.click("#step-data");
+  assert.match(await textOf(page, "#corrections-sentence"), /^Toegepaste correcties: 1;/);
+}));
