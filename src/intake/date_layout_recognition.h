@@ -83,7 +83,7 @@ struct DatePlan {
   DateOrder year_last = DateOrder::day_month_year;
   std::optional<DateOrder> compact;                   ///< nothing: eight digits are no date
   DateOrder short_order = DateOrder::day_month_year;  ///< how three numbers of two digits are read
-  std::optional<BirthSpan> short_years;                ///< what years of two digits mean; nothing: they stay
+  std::optional<BirthSpan> short_years;               ///< what years of two digits mean; nothing: they stay
   DateSystem serials = DateSystem::since_1900;        ///< how numbers of days are read
   DateOrder written = DateOrder::day_month_year;      ///< the layout of the data file
   bool is_ambiguous = false;  ///< the dates that decide the layout fit two orders: the user has to say which
