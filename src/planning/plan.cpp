@@ -229,6 +229,76 @@ void tell_gain(const Planning& work, Plan& plan) {
   plan.years_gained = (std::log1p(-planned->mean_kinship) - before) / *plan.loss_per_year;
 }
 
+/// The candidates that are used, as rows (females) and columns (males) of the pairing.
+struct PairTable {
+  std::vector<std::int32_t> males, females;  ///< candidates
+  std::vector<std::size_t> row_of;           ///< of each candidate among those of its sex
+  std::vector<double> kinships;              ///< a row a female
+  PairProblem problem;
+
+  [[nodiscard]] double kinship_at(std::size_t female, std::size_t male) const {
+    return kinships[female * problem.males + male];
+  }
+};
+
+PairTable table_of_used(const PlanRequest& request, std::span<const std::int32_t> numbers) {
+  PairTable table;
+  table.row_of.assign(numbers.size(), 0);
+  for (std::size_t k = 0; k < numbers.size(); ++k) {
+    if (numbers[k] == 0) continue;
+    const bool is_male = k < request.males.size();
+    std::vector<std::int32_t>& used = is_male ? table.males : table.females;
+    table.row_of[k] = used.size();
+    used.push_back(static_cast<std::int32_t>(k));
+    (is_male ? table.problem.of_male : table.problem.of_female).push_back(numbers[k]);
+  }
+  table.problem.males = table.males.size();
+  table.problem.females = table.females.size();
+  return table;
+}
+
+/// A pair costs its kinship, unless a limit or a list forbids it.
+void price_pairs(const CandidateKinship& kinship, const PlanRequest& request, std::span<const std::int32_t> numbers,
+                 PairTable& table) {
+  table.kinships = kinship_table(kinship, table.females, table.males);
+  for (const double f : table.kinships) {
+    const bool is_refused = request.most_f && is_beyond(static_cast<float>(f), *request.most_f);
+    table.problem.costs.push_back(is_refused ? forbidden_pair : cost_of_kinship(f));
+  }
+  const auto place_of = places_of_positions(request);
+  for (const SaidPair& pair : request.forbidden) {
+    const auto f = place_of.find(pair.female), m = place_of.find(pair.male);
+    if (f == place_of.end() || m == place_of.end() || numbers[f->second] == 0 || numbers[m->second] == 0) continue;
+    table.problem.costs[table.row_of[f->second] * table.problem.males + table.row_of[m->second]] = forbidden_pair;
+  }
+}
+
+/// Wished pairs stand before the others are sought.
+void take_wished_pairs(const PlanRequest& request, PairTable& table, PairingResult& result) {
+  const auto place_of = places_of_positions(request);
+  for (const SaidPair& pair : request.wished) {
+    const std::size_t f = place_of.at(pair.female), m = place_of.at(pair.male);
+    --table.problem.of_female[table.row_of[f]];
+    --table.problem.of_male[table.row_of[m]];
+    result.pairs.push_back({f, m, 1, table.kinship_at(table.row_of[f], table.row_of[m]), true});
+  }
+}
+
+/// Females for which too few matings are left, and the males that they could have.
+void tell_stuck(const PairAssignment& assignment, const PairTable& table, PairingResult& result) {
+  for (const std::size_t f : assignment.stuck_females) {
+    result.stuck_females.push_back(static_cast<std::size_t>(table.females[f]));
+    const auto row = std::span(table.problem.costs).subspan(f * table.problem.males, table.problem.males);
+    const bool has_male = std::any_of(row.begin(), row.end(), [](PairCost cost) { return cost != forbidden_pair; });
+    result.stuck_matings += table.problem.of_female[f];
+    if (!has_male) result.females_without_male.push_back(static_cast<std::size_t>(table.females[f]));
+  }
+  for (const std::size_t m : assignment.their_males) {
+    result.their_males.push_back(static_cast<std::size_t>(table.males[m]));
+    result.their_matings += table.problem.of_male[m];
+  }
+}
+
 }  // namespace
 
 std::vector<std::int32_t> candidates_of(const PlanRequest& request) {
@@ -274,52 +344,17 @@ NumberLimits number_limits_of(const PlanRequest& request) {
 
 PairingResult pair_up(const CandidateKinship& kinship, const PlanRequest& request,
                       std::span<const std::int32_t> numbers, const PlanWatch& watch) {
-  std::vector<std::int32_t> males, females;
-  PairProblem problem;
-  std::vector<std::size_t> row_of(numbers.size(), 0);
-  for (std::size_t k = 0; k < numbers.size(); ++k) {
-    if (numbers[k] == 0) continue;
-    const bool is_male = k < request.males.size();
-    row_of[k] = is_male ? males.size() : females.size();
-    (is_male ? males : females).push_back(static_cast<std::int32_t>(k));
-    (is_male ? problem.of_male : problem.of_female).push_back(numbers[k]);
-  }
-  problem.males = males.size();
-  problem.females = females.size();
-  const std::vector<double> table = kinship_table(kinship, females, males);
-  for (const double f : table) {
-    const bool is_refused = request.most_f && is_beyond(static_cast<float>(f), *request.most_f);
-    problem.costs.push_back(is_refused ? forbidden_pair : cost_of_kinship(f));
-  }
-  const auto place_of = places_of_positions(request);
-  for (const SaidPair& pair : request.forbidden) {
-    const auto f = place_of.find(pair.female), m = place_of.find(pair.male);
-    if (f == place_of.end() || m == place_of.end() || numbers[f->second] == 0 || numbers[m->second] == 0) continue;
-    problem.costs[row_of[f->second] * problem.males + row_of[m->second]] = forbidden_pair;
-  }
+  PairTable table = table_of_used(request, numbers);
+  price_pairs(kinship, request, numbers, table);
   PairingResult result;
-  for (const SaidPair& pair : request.wished) {
-    const std::size_t f = place_of.at(pair.female), m = place_of.at(pair.male);
-    --problem.of_female[row_of[f]];
-    --problem.of_male[row_of[m]];
-    result.pairs.push_back({f, m, 1, table[row_of[f] * problem.males + row_of[m]], true});
-  }
-  const PairAssignment assignment = assign_pairs(problem, watch);
+  take_wished_pairs(request, table, result);
+  const PairAssignment assignment = assign_pairs(table.problem, watch);
   result.is_stopped = assignment.is_stopped;
-  for (const std::size_t f : assignment.stuck_females) {
-    result.stuck_females.push_back(static_cast<std::size_t>(females[f]));
-    const auto row = std::span(problem.costs).subspan(f * problem.males, problem.males);
-    const bool has_male = std::any_of(row.begin(), row.end(), [](PairCost cost) { return cost != forbidden_pair; });
-    result.stuck_matings += problem.of_female[f];
-    if (!has_male) result.females_without_male.push_back(static_cast<std::size_t>(females[f]));
-  }
-  for (const std::size_t m : assignment.their_males) {
-    result.their_males.push_back(static_cast<std::size_t>(males[m]));
-    result.their_matings += problem.of_male[m];
-  }
+  tell_stuck(assignment, table, result);
   for (const AssignedPair& pair : assignment.pairs) {
-    result.pairs.push_back({static_cast<std::size_t>(females[pair.female]), static_cast<std::size_t>(males[pair.male]),
-                            pair.matings, table[pair.female * problem.males + pair.male], false});
+    result.pairs.push_back({static_cast<std::size_t>(table.females[pair.female]),
+                            static_cast<std::size_t>(table.males[pair.male]), pair.matings,
+                            table.kinship_at(pair.female, pair.male), false});
   }
   std::stable_sort(result.pairs.begin(), result.pairs.end(), [](const PlannedPair& a, const PlannedPair& b) {
     return a.female != b.female ? a.female < b.female : a.male < b.male;

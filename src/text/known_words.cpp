@@ -14,7 +14,7 @@ namespace {
 constexpr auto word_lists = std::to_array<std::string_view>({
     // Dutch and Frisian
     "zo\u00EB chlo\u00EB no\u00EB co\u00EBn dani\u00EBl dani\u00EBlle micha\u00EBl micha\u00EBla "
-   "rapha\u00EBl gabri\u00EBl gabri\u00EBlle jo\u00EBl jo\u00EBlle isra\u00EBl "
+    "rapha\u00EBl gabri\u00EBl gabri\u00EBlle jo\u00EBl jo\u00EBlle isra\u00EBl "
     "ru\u00EFne ru\u00EFnes re\u00FCnie re\u00FCnies co\u00F6rdinatie zee\u00EBn idee\u00EBn ok\u00E9 "
     "fa\u00E7ade cr\u00E8me be\u00EFnvloed ge\u00EFmporteerd ge\u00EBxporteerd belgi\u00EB itali\u00EB "
     "indi\u00EB azi\u00EB australi\u00EB scandinavi\u00EB tsjechi\u00EB sloveni\u00EB "
