@@ -29,7 +29,7 @@ function drawPair(desk: Desk, pair: PairAnswer): HTMLElement {
     make("td", { class: "number" }, ancestor.year === 0 ? "–" : String(ancestor.year)),
     make("td", { class: "number" }, percentage(ancestor.contribution, desk.language))));
   const heading = (name: Parameters<typeof text>[1], isNumber = false) => make("th", { scope: "col", class: isNumber ? "number" : "" }, text(desk, name));
-  const kinship = (parent: PairAnswer["sire"]) => make("p", { class: "note" }, animalButton(parent), `: ${text(desk, "meanKinship")}: ${percentage(parent.meanKinship, desk.language)}`);
+  const kinship = (parent: PairAnswer["sire"]) => make("p", { class: "note" }, animalButton(parent), `: ${text(desk, "meanKinship")}: ${percentage(parent.meanKinship, desk.language)}; ${text(desk, "generationsKnown")}: ${decimal(parent.equivalents, desk.language)}`);
   return make("div", { id: "pair" }, make("p", {}, `${text(desk, "offspringF")}: `, make("span", { class: "figure", id: "offspring-f" }, percentage(pair.offspringF, desk.language))),
     pair.isBeyond === true ? make("p", { class: "problem", id: "beyond" }, text(desk, "pairBeyond", percentage(pair.limit, desk.language, 2))) : null,
     kinship(pair.dam), kinship(pair.sire),

@@ -65,8 +65,9 @@ export interface Animal { position: number; id: string; name: string; isMale: bo
 export interface FoundAnimals { animals: Animal[]; count: number; }
 export interface CardAnswer { position: number; id: string; name: string; html?: string; }
 export interface Parent extends Animal { meanKinship: number | null; }
+export interface Mate extends Parent { equivalents: number; }
 export interface PairAnswer {
-  offspringF: number | null; limit?: number; isBeyond?: boolean; sire: Parent; dam: Parent; ancestors: (Animal & { contribution: number | null })[];
+  offspringF: number | null; limit?: number; isBeyond?: boolean; sire: Mate; dam: Mate; ancestors: (Animal & { contribution: number | null })[];
 }
 export interface MaleRow extends Parent {
   offspringF: number | null; equivalents: number; offspring: number; age: number | null; isShallow: boolean; isBeyond: boolean;

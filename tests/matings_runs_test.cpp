@@ -49,21 +49,25 @@ TEST(MatingsRun, WritesThePairsOfTheLastYearsTheLowestFFirst) {
   const WholeRun run = matings();
   EXPECT_EQ(run.exit_status, 0) << run.messages;
   EXPECT_EQ(run.messages, "");
-  EXPECT_EQ(run.console,
-            "females born 2005 to 2014: 2\n"
-            "males born 2005 to 2014: 1\n"
-            "lowest F of the offspring: 12.50 %, puck x bram\n"
-            "highest F of the offspring: 25.00 %, tess x bram\n"
-            "F beyond 6.25 % (as of first cousins): 2 of 2 pairs\n"
-            "pairs written to dogs_matings.tsv: 2\n");
+  EXPECT_EQ(
+      run.console,
+      "females born 2005 to 2014: 2\n"
+      "males born 2005 to 2014: 1\n"
+      "lowest F of the offspring: 12.50 %, puck x bram\n"
+      "highest F of the offspring: 25.00 %, tess x bram\n"
+      "F beyond 6.25 % (as of first cousins): 2 of 2 pairs\n"
+      "females whose every mating is beyond that: 2 of 2; look for other males for them\n"
+      "pairs with a male of whom fewer than three generations are known: 2; they stand last, and a low F says little "
+      "there\n"
+      "pairs written to dogs_matings.tsv: 2\n");
   const std::string table = run.file("dogs_matings.tsv");
   const std::string rows = table.substr(table.find('\n') + 1);
   // With Bram, Tess and Puck: Puck (0.125 + 0.125 + 0.5) / 3, Bram (0.5 + 0.25 + 0.125) / 3, Tess likewise.
   EXPECT_EQ(
       rows,
       "puck\tbram\t0.125\t0.125\t0.25\t0.291666667\trex\t0.125\t100.00" + std::string(nothing_more) +
-          "\t1\t0\t1\t1\ntess\tbram\t0.25\t0.25\t0.291666667\t0.291666667\tsaar\t0.125\t50.00\trex\t0.125\t50.00" +
-          std::string(nothing_more).substr(3) + "\t1\t0\t1\t1\n");
+          "\t1\t0\t1\t1\t1\t1\ntess\tbram\t0.25\t0.25\t0.291666667\t0.291666667\tsaar\t0.125\t50.00\trex\t0.125\t50.00" +
+          std::string(nothing_more).substr(3) + "\t1\t0\t1\t1\t1\t1\n");
 }
 
 TEST(MatingsRun, FIsWhatARunShowsOfTheOffspring) {
@@ -74,13 +78,17 @@ TEST(MatingsRun, FIsWhatARunShowsOfTheOffspring) {
 TEST(MatingsRun, SpeaksTheLanguageOfTheSteerFile) {
   const WholeRun run = matings({"--years", "2"}, {}, in_dutch());
   EXPECT_EQ(run.exit_status, 0);
-  EXPECT_EQ(run.console,
-            "vrouwelijke dieren geboren 2013 tot en met 2014: 2\n"
-            "mannelijke dieren geboren 2013 tot en met 2014: 1\n"
-            "laagste F van de nakomelingen: 12.50 %, puck x bram\n"
-            "hoogste F van de nakomelingen: 25.00 %, tess x bram\n"
-            "F boven 6.25 % (zoals van neef en nicht): 2 van 2 paren\n"
-            "paren geschreven in dogs_matings.tsv: 2\n");
+  EXPECT_EQ(
+      run.console,
+      "vrouwelijke dieren geboren 2013 tot en met 2014: 2\n"
+      "mannelijke dieren geboren 2013 tot en met 2014: 1\n"
+      "laagste F van de nakomelingen: 12.50 %, puck x bram\n"
+      "hoogste F van de nakomelingen: 25.00 %, tess x bram\n"
+      "F boven 6.25 % (zoals van neef en nicht): 2 van 2 paren\n"
+      "vrouwelijke dieren bij wie elke paring daarboven ligt: 2 van 2; zoek voor hen andere mannetjes\n"
+      "paren met een mannetje van wie minder dan drie generaties bekend zijn: 2; ze staan achteraan, en een lage F zegt "
+      "daar weinig\n"
+      "paren geschreven in dogs_matings.tsv: 2\n");
 }
 
 TEST(MatingsRun, TakesTheAnimalsOfListsWithAnyLineEndsAndAByteOrderMark) {
@@ -101,12 +109,30 @@ TEST(MatingsRun, KeepsPairsUpToTheLimit) {
   for (const std::string limit : {"0.125", "12.5%", "0.2"}) {
     const WholeRun run = matings({"--limit", limit});
     EXPECT_EQ(run.exit_status, 0);
-    EXPECT_TRUE(has(run.console, "of 2 pairs\npairs written to dogs_matings.tsv: 1\n")) << run.console;
+    EXPECT_TRUE(has(run.console, "2 of 2 pairs\n")) << run.console;
+    EXPECT_TRUE(run.console.ends_with("there\npairs written to dogs_matings.tsv: 1\n")) << run.console;
   }
   const WholeRun none = matings({"--limit", "0"});
   EXPECT_EQ(none.exit_status, 0);
   EXPECT_TRUE(has(none.console, "pairs written to dogs_matings.tsv: 0\n"));
-  EXPECT_TRUE(none.file("dogs_matings.tsv").ends_with("beyond_6_25_percent\n"));
+  EXPECT_TRUE(none.file("dogs_matings.tsv").ends_with("\tbeyond_limit\n"));
+}
+
+TEST(MatingsRun, WarnsOfPairsBeyondTheLimitOfTheBoardAndKeepsThem) {
+  for (const std::string limit : {"0.2", "20%"}) {
+    const WholeRun run = matings({"--most-f", limit});
+    EXPECT_EQ(run.exit_status, 0);
+    EXPECT_TRUE(has(run.console,
+                    "F beyond 20.00 % (the limit of --most-f): 1 of 2 pairs\n"
+                    "females whose every mating is beyond that: 1 of 2; look for other males for them\n"))
+        << run.console;
+    EXPECT_TRUE(has(run.console, "pairs written to dogs_matings.tsv: 2\n"));
+  }
+  EXPECT_FALSE(has(matings({"--most-f", "25%"}).console, "females whose every"));
+  const WholeRun refused = matings({"--most-f", "6.25"});
+  EXPECT_EQ(refused.exit_status, 2);
+  EXPECT_TRUE(has(refused.messages, "--most-f \"6.25\": an F such as 0.0625 or 6.25% was expected"))
+      << refused.messages;
 }
 
 TEST(MatingsRun, WritesCommasWhenAsked) {

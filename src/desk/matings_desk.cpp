@@ -41,6 +41,7 @@ void add_parent(JsonText& json, std::string_view name, const PopulationStore& st
   begin_object(json, name);
   add_animal(json, store, position);
   add_optional(json, "meanKinship", mean_kinship);
+  add_optional(json, "equivalents", double{known_generations(store, position)});
   end_object(json);
 }
 

@@ -63,7 +63,8 @@ std::vector<std::int32_t> positions_listed(const PopulationStore& store, std::sp
   }
   find_positions(store, position_of);
   std::vector<std::int32_t> positions;
-  for (const ListedId& listed : ids) positions.push_back(position_of_any(position_of, std::string(without_blanks(listed.id))));
+  for (const ListedId& listed : ids)
+    positions.push_back(position_of_any(position_of, std::string(without_blanks(listed.id))));
   return positions;
 }
 

@@ -17,8 +17,9 @@ namespace {
 
 constexpr std::array<std::string_view, 6> first_columns = {
     "female", "male", "F", "kinship", "female_mean_kinship", "male_mean_kinship"};
-constexpr std::array<std::string_view, 4> last_columns = {"male_equivalent_generations", "male_offspring", "male_age",
-                                                          "beyond_6_25_percent"};
+constexpr std::array<std::string_view, 6> last_columns = {
+    "male_equivalent_generations",   "male_offspring", "male_age", "beyond_6_25_percent",
+    "female_equivalent_generations", "beyond_limit"};
 constexpr std::array<std::string_view, 3> ancestor_columns = {"ancestor_", "contribution_", "percent_"};
 
 /// A number with so many significant digits.
@@ -95,13 +96,16 @@ void add_ancestors(TableLine& line, const MatingTable& table, const KinshipParts
   }
 }
 
-/// What F has to be judged by: how much is known of the male, how often he was used, how old he is.
-void add_male(TableLine& line, const PopulationStore& store, const MatingPair& mating) {
+/// What F has to be judged by: how much is known of both, how often the male was used, how old he is, and the limits.
+void add_judgement(TableLine& line, const MatingTable& table, const MatingPair& mating) {
+  const PopulationStore& store = table.work.store;
   line.add(shortest(known_generations(store, mating.male)));
   line.add(std::to_string(store.native_offspring_count[mating.male]));
   const std::optional<std::int32_t> age = age_of(store, mating.male);
   line.add(age ? std::to_string(*age) : std::string());
   line.add(is_beyond(mating.f, double{usual_bound}) ? "1" : "0");
+  line.add(shortest(known_generations(store, mating.female)));
+  line.add(is_beyond(mating.f, table.most_inbreeding) ? "1" : "0");
 }
 
 }  // namespace
@@ -127,7 +131,7 @@ std::string mating_row(const MatingTable& table, std::size_t pair) {
   line.add(mean_kinship_text(table.work, mating.female));
   line.add(mean_kinship_text(table.work, mating.male));
   add_ancestors(line, table, parts);
-  add_male(line, table.work.store, mating);
+  add_judgement(line, table, mating);
   return line.text;
 }
 

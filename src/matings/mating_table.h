@@ -19,7 +19,8 @@ struct MatingTable {
   std::span<const MatingPair> pairs;
   std::span<const KinshipParts> parts;
   MatingTableForm form = MatingTableForm::tabs;
-  bool is_plain = false;  ///< identifications that begin like a formula are written as they are
+  bool is_plain = false;                         ///< identifications that begin like a formula are written as they are
+  double most_inbreeding = double{usual_bound};  ///< the limit of the board
 };
 
 /// The names of the columns, and one line, both without their end.

@@ -64,16 +64,19 @@ std::int64_t millionths(float f) {
 }
 
 /// The pairs of one female in the order of the males; all of them are counted.
-std::vector<MatingPair> pairs_of_female(const FemaleWalk& walk, std::int32_t dam, MatingChoice& choice) {
+std::vector<MatingPair> pairs_of_female(const FemaleWalk& walk, std::int32_t dam, double most_inbreeding,
+                                        MatingChoice& choice) {
   std::vector<MatingPair> pairs;
+  const std::int64_t beyond_before = choice.beyond;
   for (std::size_t place = 0; place < walk.males.size(); ++place) {
     const MatingPair pair = {dam, walk.males[place], walk.f[place]};
     if (choice.examined == 0 || millionths(pair.f) < millionths(choice.lowest.f)) choice.lowest = pair;
     if (choice.examined == 0 || millionths(pair.f) > millionths(choice.highest.f)) choice.highest = pair;
     ++choice.examined;
-    if (is_beyond(pair.f, double{usual_bound})) ++choice.beyond;
+    if (is_beyond(pair.f, most_inbreeding)) ++choice.beyond;
     pairs.push_back(pair);
   }
+  if (!pairs.empty() && choice.beyond - beyond_before == std::ssize(pairs)) ++choice.females_beyond;
   return pairs;
 }
 
@@ -164,7 +167,7 @@ MatingChoice choose_matings(const MatingWork& work, const MatingPlan& plan, cons
     choice.is_stopped = is_stop_requested(watch.stop_request);
     if (choice.is_stopped) return choice;
     walk_female(walk, dam);
-    std::vector<MatingPair> pairs = pairs_of_female(walk, dam, choice);
+    std::vector<MatingPair> pairs = pairs_of_female(walk, dam, plan.most_inbreeding, choice);
     keep_wanted(work, plan, pairs);
     choice.pairs.insert(choice.pairs.end(), pairs.begin(), pairs.end());
     count_pairs(watch, choice.examined);

@@ -24,7 +24,7 @@ inline constexpr std::int64_t most_rows = 1'000'000;
 /// F of the offspring of first cousins, 6.25 %: what many herdbooks set as their bound.
 inline constexpr float usual_bound = 0.0625F;
 
-/// With fewer generation equivalents known a male's F says little: he stands behind those with more.
+/// With fewer generation equivalents known of a male F of his offspring says little: he stands behind those with more.
 inline constexpr float enough_equivalents = 3.0F;
 
 /// Generation equivalents of an animal; 0 where completeness has not been worked out.
@@ -42,8 +42,9 @@ bool is_beyond(float f, double bound);
 /// What is asked for. Positions in the store, each once.
 struct MatingPlan {
   std::vector<std::int32_t> females, males;
-  std::optional<std::int64_t> best;  ///< so many males for each female; none: all
-  std::optional<double> limit;       ///< only pairs with F at most that
+  std::optional<std::int64_t> best;              ///< so many males for each female; none: all
+  std::optional<double> limit;                   ///< only pairs with F at most that
+  double most_inbreeding = double{usual_bound};  ///< the limit of the board
 };
 
 /// Pairs of a plan; at most 10^18 of them.
@@ -70,10 +71,11 @@ struct MatingChoice {
   /// youngest animals first, then in the order of the plan. With a number of best males each female's together, in the
   /// order of the plan.
   std::vector<MatingPair> pairs;
-  std::int64_t examined = 0;   ///< all pairs of the plan
-  std::int64_t beyond = 0;     ///< those with F beyond the usual bound
-  MatingPair lowest, highest;  ///< of all; the first of several
-  bool is_stopped = false;     ///< then the rest has no meaning
+  std::int64_t examined = 0;        ///< all pairs of the plan
+  std::int64_t beyond = 0;          ///< those with F beyond the limit of the board
+  std::int64_t females_beyond = 0;  ///< females of whom every pair is beyond it
+  MatingPair lowest, highest;       ///< of all; the first of several
+  bool is_stopped = false;          ///< then the rest has no meaning
 };
 
 /// Works out F of all pairs, a walk for each 16 males. `work` is that of all candidates; the caller keeps their number

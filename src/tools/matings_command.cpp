@@ -34,6 +34,8 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools matings [OPTION.
   --years N             where no file is given: the animals born in the last N years (10)
   --best K              for each female only the K males with the lowest F
   --limit F             only pairs with F at most that: 0.0625 or 6.25%
+  --most-f F            the highest F that the offspring of a mating should have: pairs beyond it are counted and
+                        marked, and stay in the table (6.25%)
   --csv                 write NAME_matings.csv, with commas, instead
   --plain               write identifications that begin with = + - @ as they are (else: behind an apostrophe)
   --help                shows this text
@@ -41,8 +43,14 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools matings [OPTION.
   Exit status: 0 done, 1 something stands in the way, or animals of a file were left out, 2 wrong arguments.
 )";
 
-constexpr auto rules = std::to_array<OptionRule>(
-    {{"--females"}, {"--males"}, {"--years"}, {"--best"}, {"--limit"}, {"--csv", false}, {"--plain", false}});
+constexpr auto rules = std::to_array<OptionRule>({{"--females"},
+                                                  {"--males"},
+                                                  {"--years"},
+                                                  {"--best"},
+                                                  {"--limit"},
+                                                  {"--most-f"},
+                                                  {"--csv", false},
+                                                  {"--plain", false}});
 
 constexpr Wording females_word = {"females", "vrouwelijke dieren"}, males_word = {"males", "mannelijke dieren"};
 constexpr Wording born_between = {"{2} born {3} to {4}: {1}", "{2} geboren {3} tot en met {4}: {1}"};
@@ -88,13 +96,21 @@ constexpr Wording highest_line = {"highest F of the offspring: {1} %, {2} x {3}"
                                   "hoogste F van de nakomelingen: {1} %, {2} x {3}"};
 constexpr Wording beyond_line = {"F beyond 6.25 % (as of first cousins): {1} of {2} pairs",
                                  "F boven 6.25 % (zoals van neef en nicht): {1} van {2} paren"};
+constexpr Wording beyond_limit_line = {"F beyond {3} % (the limit of --most-f): {1} of {2} pairs",
+                                       "F boven {3} % (de grens van --most-f): {1} van {2} paren"};
+constexpr Wording females_line = {
+    "females whose every mating is beyond that: {1} of {2}; look for other males for them",
+    "vrouwelijke dieren bij wie elke paring daarboven ligt: {1} van {2}; zoek voor hen andere mannetjes"};
+constexpr Wording shallow_line = {
+    "pairs with a male of whom fewer than three generations are known: {1}; they stand last, and a low F says little there",
+    "paren met een mannetje van wie minder dan drie generaties bekend zijn: {1}; ze staan achteraan, en een lage F zegt daar weinig"};
 constexpr Wording table_line = {"pairs written to {1}: {2}", "paren geschreven in {1}: {2}"};
 
 struct MatingOptions {
   std::string females_file, males_file;
   std::int32_t years = 10;
   std::optional<std::int64_t> best;
-  std::optional<double> limit;
+  std::optional<double> limit, most_inbreeding;
   MatingTableForm form = MatingTableForm::tabs;
   bool is_plain = false;
 };
@@ -139,9 +155,10 @@ std::string take_option(const GivenOption& given, MatingOptions& options) {
       options.best = *count;
     }
   }
-  if (given.name == "--limit") {
-    options.limit = read_limit(given.value);
-    if (!options.limit) return refusal("an F such as 0.0625 or 6.25%");
+  if (given.name == "--limit" || given.name == "--most-f") {
+    std::optional<double>& limit = given.name == "--limit" ? options.limit : options.most_inbreeding;
+    limit = read_limit(given.value);
+    if (!limit) return refusal("an F such as 0.0625 or 6.25%");
   }
   return {};
 }
@@ -271,7 +288,24 @@ std::string percent_text(float f) {
   return {text.data(), static_cast<std::size_t>(length)};
 }
 
-void say_summary(const MatingRun& run, const MatingChoice& choice, const std::string& table_name) {
+/// What the board is warned of: pairs beyond its limit, females without another, males of whom little is known.
+void say_warnings(const MatingRun& run, const MatingPlan& plan, const MatingChoice& choice) {
+  const FolderRun& folder = run.folder;
+  TextOutput& console = folder.streams.console;
+  const Wording& beyond = run.options.most_inbreeding ? beyond_limit_line : beyond_line;
+  say(console, folder.words(beyond, {std::to_string(choice.beyond), std::to_string(choice.examined),
+                                     percent_text(static_cast<float>(plan.most_inbreeding))}));
+  if (choice.females_beyond > 0) {
+    say(console,
+        folder.words(females_line, {std::to_string(choice.females_beyond), std::to_string(plan.females.size())}));
+  }
+  const auto shallow = std::count_if(choice.pairs.begin(), choice.pairs.end(),
+                                     [&](const MatingPair& pair) { return is_shallow(run.store(), pair.male); });
+  if (shallow > 0) say(console, folder.words(shallow_line, {std::to_string(shallow)}));
+}
+
+void say_summary(const MatingRun& run, const MatingPlan& plan, const MatingChoice& choice,
+                 const std::string& table_name) {
   const FolderRun& folder = run.folder;
   TextOutput& console = folder.streams.console;
   const auto id_of = [&](std::int32_t position) { return shown(readable(run.store().id(position))); };
@@ -280,7 +314,7 @@ void say_summary(const MatingRun& run, const MatingChoice& choice, const std::st
   };
   say_pair(lowest_line, choice.lowest);
   say_pair(highest_line, choice.highest);
-  say(console, folder.words(beyond_line, {std::to_string(choice.beyond), std::to_string(choice.examined)}));
+  say_warnings(run, plan, choice);
   say(console, folder.words(table_line, {shown(table_name), std::to_string(choice.pairs.size())}));
 }
 
@@ -335,17 +369,19 @@ std::optional<ToolRefusal> write_plan(const MatingRun& run, const MatingPlan& pl
   FileProblem problem;
   const bool is_written =
       parts.size() == choice.pairs.size() &&
-      write_matings({work, choice.pairs, parts, run.options.form, run.options.is_plain}, name, watch, problem);
+      write_matings({work, choice.pairs, parts, run.options.form, run.options.is_plain, plan.most_inbreeding}, name,
+                    watch, problem);
   if (!is_written && problem.name.empty()) return ToolRefusal{folder.words(was_stopped)};
   if (!is_written) return refusal_to_write(folder, problem);
   erase_progress(streams.progress);
-  say_summary(run, choice, name);
+  say_summary(run, plan, choice, name);
   return std::nullopt;
 }
 
 std::optional<ToolRefusal> make_matings(FolderRun& folder, const MatingOptions& options) {
   MatingRun run = {folder, options};
   MatingPlan plan = {{}, {}, options.best, options.limit};
+  if (options.most_inbreeding) plan.most_inbreeding = *options.most_inbreeding;
   std::optional<ToolRefusal> refusal = take_candidates(run, females_list, options.females_file, plan.females);
   if (!refusal) refusal = take_candidates(run, males_list, options.males_file, plan.males);
   if (!refusal) refusal = refuse_size(folder, plan);

@@ -186,6 +186,7 @@ TEST(Desk, WorksOutMatings) {
   const std::string siblings = describe_pair(opened.desk, c, d);
   EXPECT_TRUE(holds(siblings, R"("offspringF":0.25)")) << siblings;
   EXPECT_TRUE(holds(siblings, R"("contribution":0.125)")) << siblings;
+  EXPECT_TRUE(holds(siblings, R"("equivalents":1})")) << siblings;  // both parents of each are known, and no more
   EXPECT_TRUE(holds(describe_pair(opened.desk, c, f), R"("offspringF":0,)"));
   EXPECT_EQ(describe_pair(opened.desk, 0, 99), "{}");
   EXPECT_EQ(rank_males(opened.desk, d, 2000, 2004), R"({"count":3})");

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "genetics/inbreeding.h"
+#include "support/diversity_pedigrees.h"
 #include "support/pedigrees.h"
 #include "support/run_folder.h"
 
@@ -41,20 +42,36 @@ constexpr std::string_view half_sibs =
 TEST(MatingRow, HasFKinshipAndTheShareOfEachAncestor) {
   // The youngest are Bram and Puck: of each (0.5 + 0.125) / 2.
   EXPECT_EQ(row_of_mating(half_sibs, "puck", "bram"),
-            "puck|bram|0.125|0.125|0.3125|0.3125|rex|0.125|100.00|||||||||||||0|0|0|1");
-  EXPECT_EQ(row_of_mating(half_sibs, "mies", "bram"), "mies|bram|0|0|0.125|0.3125||||||||||||||||0|0|0|0");
+            "puck|bram|0.125|0.125|0.3125|0.3125|rex|0.125|100.00|||||||||||||0|0|0|1|0|1");
+  EXPECT_EQ(row_of_mating(half_sibs, "mies", "bram"), "mies|bram|0|0|0.125|0.3125||||||||||||||||0|0|0|0|0|0");
   EXPECT_EQ(row_of_mating(half_sibs, "saar", "bram"),
-            "saar|bram|0.25|0.25|0.125|0.3125|saar|0.25|100.00|||||||||||||0|0|0|1");
+            "saar|bram|0.25|0.25|0.125|0.3125|saar|0.25|100.00|||||||||||||0|0|0|1|0|1");
+}
+
+TEST(MatingRow, TellsHowMuchIsKnownOfBothAndWhetherFIsBeyondTheBoardsLimit) {
+  PopulationStore store = with_inbreeding(pedigree_from_text(half_sibs));
+  store.generation_equivalents = ByNumber<float>(store.size());
+  store.generation_equivalents[4] = 1.5F;
+  store.generation_equivalents[5] = 2.25F;
+  const MatingPlan plan = {{5}, {4}, {}, {}};
+  const MatingWork work = make_mating_work(store, candidates_of(plan));
+  const MatingChoice choice = choose_matings(work, plan);
+  const std::vector<KinshipParts> parts = describe_matings(work, choice.pairs);
+  const auto row = [&](double most_inbreeding) {
+    return mating_row({work, choice.pairs, parts, MatingTableForm::tabs, false, most_inbreeding}, 0);
+  };
+  EXPECT_TRUE(row(0.125).ends_with("\t1.5\t0\t0\t1\t2.25\t0")) << row(0.125);  // F is the limit itself
+  EXPECT_TRUE(row(0.1249).ends_with("\t1.5\t0\t0\t1\t2.25\t1")) << row(0.1249);
 }
 
 TEST(MatingRow, LeavesMeanKinshipEmptyWhereThereAreNoYoungestAnimals) {
-  EXPECT_EQ(row_of_mating("a 0 0 m 0\nb 0 0 f 0\n", "b", "a"), "b|a|0|0||||||||||||||||||0|0||0");
+  EXPECT_EQ(row_of_mating("a 0 0 m 0\nb 0 0 f 0\n", "b", "a"), "b|a|0|0||||||||||||||||||0|0||0|0|0");
 }
 
 TEST(MatingRow, QuotesCellsWithQuotationMarksAndThoseThatCommasWouldCut) {
   constexpr std::string_view odd = "a,1 0 0 m 0\nb\"x 0 0 f 0\n";
   EXPECT_EQ(row_of_mating(odd, "b\"x", "a,1", MatingTableForm::commas),
-            "\"b\"\"x\",\"a,1\",0,0,,,,,,,,,,,,,,,,,,0,0,,0");
+            "\"b\"\"x\",\"a,1\",0,0,,,,,,,,,,,,,,,,,,0,0,,0,0,0");
   EXPECT_EQ(row_of_mating(odd, "b\"x", "a,1").substr(0, 13), "\"b\"\"x\"|a,1|0|");
 }
 
@@ -85,7 +102,7 @@ TEST(MatingHeading, NamesEveryColumn) {
             "female,male,F,kinship,female_mean_kinship,male_mean_kinship,ancestor_1,contribution_1,percent_1,"
             "ancestor_2,contribution_2,percent_2,ancestor_3,contribution_3,percent_3,ancestor_4,contribution_4,"
             "percent_4,ancestor_5,contribution_5,percent_5,male_equivalent_generations,male_offspring,male_age,"
-            "beyond_6_25_percent");
+            "beyond_6_25_percent,female_equivalent_generations,beyond_limit");
   const std::string row = row_of_mating(half_sibs, "puck", "bram", MatingTableForm::commas);
   EXPECT_EQ(std::count(row.begin(), row.end(), ','), std::count(heading.begin(), heading.end(), ','));
 }

@@ -347,6 +347,24 @@ TEST(ChooseMatings, OnlyPairsAboveTheUsualBoundAreBeyondIt) {
   EXPECT_EQ(beyond("g", "h"), 1);
 }
 
+TEST(ChooseMatings, CountsPairsAndFemalesBeyondTheLimitOfTheBoard) {
+  // G has 25 % with his mother b and 12.5 % with his half sib h; s is related to neither.
+  const PopulationStore herd =
+      with_inbreeding(pedigree_from_text("a 0 0 m 2000\nb 0 0 f 2000\ns 0 0 m 2000\ng a b m 2001\nh a 0 f 2001\n"));
+  const auto position = [&](std::string_view id) { return position_of(herd, id); };
+  const auto choose = [&](std::vector<std::int32_t> males, double most_inbreeding) {
+    MatingPlan plan = {{position("b"), position("h")}, std::move(males), {}, {}};
+    plan.most_inbreeding = most_inbreeding;
+    return choose_matings(make_mating_work(herd, candidates_of(plan)), plan);
+  };
+  EXPECT_EQ(choose({position("g")}, 0.25).beyond, 0);
+  EXPECT_EQ(choose({position("g")}, 0.125).beyond, 1);
+  EXPECT_EQ(choose({position("g")}, 0.125).females_beyond, 1);
+  EXPECT_EQ(choose({position("g")}, 0.1).females_beyond, 2);
+  EXPECT_EQ(choose({position("g"), position("s")}, 0.1).beyond, 2);
+  EXPECT_EQ(choose({position("g"), position("s")}, 0.1).females_beyond, 0);
+}
+
 // The males are unrelated to the female; of one three generations are known, of the other a hair less.
 TEST(OrderOfPairs, MalesOfWhomLittleIsKnownStandBehindTheOthers) {
   PopulationStore store = pedigree_from_text("eve 0 0 f 2000\nold 0 0 m 2001\nnew 0 0 m 2001\n");
