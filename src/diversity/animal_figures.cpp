@@ -1,5 +1,7 @@
 #include "diversity/animal_figures.h"
 
+#include <algorithm>
+
 #include "diversity/effective_sizes.h"
 #include "genetics/ancestor_pedigree.h"
 
@@ -51,7 +53,7 @@ ByNumber<float> ancestral_inbreeding(const PopulationStore& store) {
   ByNumber<float> ancestral(store.size());
   const auto handed_on_by = [&](std::int32_t parent) {
     const double own = double{ancestral[parent]};
-    return parent == 0 ? 0.0 : own + (1.0 - own) * double{store.inbreeding[parent]};
+    return parent == 0 ? 0.0 : own + (1.0 - own) * std::max(0.0, double{store.inbreeding[parent]});
   };
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
     fetch_later_parents(store, i, ancestral);

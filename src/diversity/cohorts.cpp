@@ -177,7 +177,8 @@ void put_genes(const GroupGenes& genes, Cohort& cohort) {
   cohort.effective_founders = animals * animals / genes.founder_squares;
   if (cohort.sums.animals < 2) return;
   const double with_themselves = animals + cohort.sums.inbreeding;
-  cohort.kinship_without_self = 0.5 * (genes.relationships - with_themselves) / (animals * (animals - 1.0));
+  const double of_pairs = 0.5 * (genes.relationships - with_themselves) / (animals * (animals - 1.0));
+  cohort.kinship_without_self = std::max(0.0, of_pairs);
 }
 
 /// Fills kinship and founders of cohorts of the same years, as many at a time as there are lanes.

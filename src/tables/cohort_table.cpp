@@ -1,5 +1,6 @@
 #include "tables/cohort_table.h"
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -17,9 +18,9 @@ Cell cell_of(const std::optional<double>& value) {
   return value ? Cell(*value) : Cell();
 }
 
-/// A mean over `count`; empty over none.
+/// A mean over `count`, without what rounding leaves below 0; empty over none.
 Cell mean_of(double sum, std::int64_t count) {
-  return count > 0 ? Cell(sum / static_cast<double>(count)) : Cell();
+  return count > 0 ? Cell(std::max(0.0, sum / static_cast<double>(count))) : Cell();
 }
 
 using Columns = std::vector<CohortColumn>;

@@ -1,5 +1,6 @@
 #include "tables/list_tables.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -41,7 +42,7 @@ void add_birthdate(const PopulationStore& store, std::int32_t position, TableWri
 void add_mean_kinship(const ListedAnimal& animal, TableWriter& writer) {
   const ByNumber<float>& means = animal.figures().mean_kinship;
   if (means.values.empty()) return add_nothing(writer);
-  add_real(writer, means[animal.position]);
+  add_real(writer, std::max(means[animal.position], 0.0F));
 }
 
 constexpr AnimalListColumn sex_column = {"sex", [](const ListedAnimal& a, TableWriter& writer) {
@@ -61,8 +62,9 @@ constexpr AnimalListColumn sire_column = {"sire", [](const ListedAnimal& a, Tabl
 constexpr AnimalListColumn dam_column = {
     "dam", [](const ListedAnimal& a, TableWriter& writer) { add_id(a.store(), a.store().dam_no[a.position], writer); }};
 constexpr AnimalListColumn kinship_column = {"mean_kinship", add_mean_kinship};
-constexpr AnimalListColumn inbreeding_column = {
-    "F", [](const ListedAnimal& a, TableWriter& writer) { add_real(writer, a.store().inbreeding[a.position]); }};
+constexpr AnimalListColumn inbreeding_column = {"F", [](const ListedAnimal& a, TableWriter& writer) {
+                                                  add_real(writer, std::max(a.store().inbreeding[a.position], 0.0F));
+                                                }};
 constexpr AnimalListColumn equivalents_column = {
     "equivalent_generations",
     [](const ListedAnimal& a, TableWriter& writer) { add_real(writer, a.store().generation_equivalents[a.position]); }};
@@ -160,7 +162,7 @@ void write_used_sires(const ListedPopulation& population, TableWriter& writer) {
     add_integer(writer, population.offspring[sire.position]);
     add_integer(writer, sire.offspring);
     add_real(writer, sire.share);
-    add_real(writer, population.figures.animals.mean_kinship[sire.position]);
+    add_real(writer, std::max(population.figures.animals.mean_kinship[sire.position], 0.0F));
     add_integer(writer, sire.descendants);
     add_integer(writer, sire.rest);
     add_mean(writer, sire.rest, sire.kinship_of_rest);

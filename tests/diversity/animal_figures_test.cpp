@@ -60,6 +60,12 @@ TEST(AncestralInbreeding, OfTwoGenerationsOfFullSibsByHand) {
   EXPECT_FLOAT_EQ(ancestral[8], 17.0F / 64.0F);
 }
 
+TEST(AncestralInbreeding, RoundingLeavesNothingBelowZero) {
+  PopulationStore store = with_inbreeding(numbered_store("m\n.\ns=1 d=2\n"));
+  store.inbreeding[1] = -3e-7F;
+  EXPECT_EQ(ancestral_inbreeding(store)[3], 0.0F);
+}
+
 double plain_ancestral(const PopulationStore& store, std::int32_t animal) {
   if (animal == 0) return 0.0;
   double sum = 0.0;
