@@ -126,6 +126,25 @@ constexpr Wording ancestor_headings[] = {{"Ancestor", "Voorouder"},    {"Animal"
 constexpr Wording male_word = {"male", "mannelijk"}, female_word = {"female", "vrouwelijk"};
 constexpr Wording unknown_parent_of = {"unknown parent of {1}", "onbekende ouder van {1}"};
 
+constexpr Wording imports_name = {"Share of imports in the genes (%)", "Aandeel van importdieren in de genen (%)"};
+constexpr Wording imports_note = {"what the animals have from imported ancestors",
+                                  "wat de dieren van ge\xC3\xAFmporteerde voorouders hebben"};
+constexpr Wording fis_note = {"above 0 kin are mated within subpopulations, below 0 avoided",
+                              "boven 0 worden verwanten gepaard binnen subpopulaties, onder 0 vermeden"};
+constexpr Wording fst_note = {"how far the subpopulations have grown apart, 0 to 1",
+                              "hoe ver de subpopulaties uit elkaar gegroeid zijn, 0 tot 1"};
+constexpr Wording fit_note = {
+    "both together: above 0 the animals are more inbred than if the whole was mated at random",
+    "beide samen: boven 0 zijn de dieren meer ingeteeld dan bij willekeurige paring van het geheel"};
+constexpr Wording division_caption = {"Kinship and distance of the subpopulations",
+                                      "Verwantschap en afstand van de subpopulaties"};
+constexpr Wording division_headings[] = {{"Subpopulations", "Subpopulaties"},
+                                         {"Mean kinship", "Gemiddelde verwantschap"},
+                                         {"Nei's minimum distance", "Minimale afstand van Nei"},
+                                         {"Nei's standard distance", "Standaardafstand van Nei"}};
+constexpr Wording within_one = {"within {1}", "binnen {1}"};
+constexpr Wording between_two = {"{1} and {2}", "{1} en {2}"};
+
 constexpr Wording paths_caption = {"Generation intervals on the four paths, all years",
                                    "Generatie-intervallen over de vier paden, alle jaren"};
 constexpr Wording path_headings[] = {
@@ -193,6 +212,47 @@ FigureTable::FigureRow families_row(const PageFrame& frame, const FamilySizeEsti
            families.last_year == 0 ? frame.text(no_complete_years) : from}};
 }
 
+/// What is told of imports and of subpopulations, where there are any.
+void add_division_rows(const PageFrame& frame, const Diversity& diversity, FigureTable& table) {
+  constexpr double percent = 100.0;
+  if (diversity.import_contribution) {
+    table.rows.push_back(
+        {frame.text(imports_name),
+         {report_figure(percent * *diversity.import_contribution, 1, frame.language), frame.text(imports_note)}});
+  }
+  const SubpopulationDiversity& division = diversity.division;
+  const auto add = [&](const char* name, const std::optional<double>& value, const Wording& note) {
+    if (value) table.rows.push_back({name, {report_figure(*value, 4, frame.language), frame.text(note)}});
+  };
+  add("Fis", division.f_is, fis_note);
+  add("Fst", division.f_st, fst_note);
+  add("Fit", division.f_it, fit_note);
+}
+
+/// Each two subpopulations of the reference population, and each with itself.
+FigureTable division_table(const PageFrame& frame, const SubpopulationDiversity& division) {
+  FigureTable table;
+  for (const Wording& heading : division_headings) table.headings.push_back(frame.text(heading));
+  const auto name_of_group = [&](std::size_t g) {
+    return data_text(frame.store().subpopulation_name(division.groups[g].number));
+  };
+  for (std::size_t g = 0; g < division.groups.size(); ++g) {
+    for (std::size_t h = g; h < division.groups.size(); ++h) {
+      const bool is_one = g == h;
+      const std::string name = is_one ? phrase(within_one, frame.language, {name_of_group(g)})
+                                      : phrase(between_two, frame.language, {name_of_group(g), name_of_group(h)});
+      const std::string kinship = report_figure(division.kinship(g, h), 4, frame.language);
+      const auto distance = [&](const std::optional<double>& value) {
+        return is_one ? std::string(no_figure) : figure_or_none(frame, value, 4);
+      };
+      table.rows.push_back({name,
+                            {kinship, distance(is_one ? 0.0 : division.minimum_distance(g, h)),
+                             distance(is_one ? std::optional(0.0) : division.standard_distance(g, h))}});
+    }
+  }
+  return table;
+}
+
 FigureTable figures_table(const PageFrame& frame, const Diversity& diversity) {
   FigureTable table;
   table.is_of_words = true;
@@ -215,6 +275,7 @@ FigureTable figures_table(const PageFrame& frame, const Diversity& diversity) {
   table.rows.push_back(estimate_row(frame, by_inbreeding, from_animals, diversity.by_inbreeding));
   table.rows.push_back(estimate_row(frame, by_coancestry, coancestry.is_sample ? from_sample : from_pairs, coancestry));
   table.rows.push_back(families_row(frame, diversity.families));
+  add_division_rows(frame, diversity, table);
   return table;
 }
 
@@ -272,6 +333,9 @@ void write_diversity(std::string& page, const PageFrame& frame) {
   } else {
     page += "<p>" + escaped(about(frame, diversity.reference)) + "</p>\n";
     write_figure_table(page, figures_table(frame, diversity), frame.text(figures_caption));
+    if (diversity.division.groups.size() > 1) {
+      write_figure_table(page, division_table(frame, diversity.division), frame.text(division_caption));
+    }
   }
   write_figure_table(page, paths_table(frame, diversity), frame.text(paths_caption));  // of the whole population
   if (frame.input.figures == nullptr || frame.years.count() == 0) return;

@@ -7,6 +7,7 @@
 #include "page/chart_figure.h"
 #include "page/page_sections.h"
 #include "page/page_text.h"
+#include "standing/rare_lines.h"
 
 namespace pedigreewatch {
 namespace {
@@ -14,16 +15,8 @@ namespace {
 constexpr std::size_t shown_by_kinship = 20;
 
 constexpr Wording about_kinship = {
-    "Mean kinship is that with the reference population: animals with a low one carry rare genes, and are the ones to "
-    "breed from. One with few known ancestors always has a low one: look at its generations too. The first {1} of the "
-    "{2} females and {3} males born in the last ten birth years are shown; the tables of pedigreewatch-tools have all.",
-    "De gemiddelde verwantschap is die met de referentiepopulatie: dieren met een lage dragen zeldzame genen, en "
-    "daarmee is "
-    "het goed fokken. Een dier met weinig bekende voorouders heeft altijd een lage: kijk ook naar de generaties. "
-    "Getoond "
-    "zijn de eerste {1} van de {2} vrouwelijke en {3} mannelijke dieren van de laatste tien geboortejaren; de tabellen "
-    "van "
-    "pedigreewatch-tools hebben ze alle."};
+    "Mean kinship is that with the reference population: animals with a low one carry rare genes, and are the ones to breed from. One with few known ancestors always has a low one: those with fewer than three generation equivalents (EqG) stand behind the others. The first {1} of the {2} females and {3} males born in the last ten birth years are shown; the tables of pedigreewatch-tools have all.",
+    "De gemiddelde verwantschap is die met de referentiepopulatie: dieren met een lage dragen zeldzame genen, en daarmee is het goed fokken. Een dier met weinig bekende voorouders heeft altijd een lage: dieren met minder dan drie equivalente generaties (EqG) staan achter de andere. Getoond zijn de eerste {1} van de {2} vrouwelijke en {3} mannelijke dieren van de laatste tien geboortejaren; de tabellen van pedigreewatch-tools hebben ze alle."};
 constexpr Wording females_caption = {"Females with the lowest mean kinship",
                                      "Vrouwelijke dieren met de laagste gemiddelde verwantschap"};
 constexpr Wording males_caption = {"Males with the lowest mean kinship",
@@ -92,8 +85,21 @@ std::vector<std::int32_t> offspring_of(const PageFrame& frame, std::span<const s
   return offspring;
 }
 
+/// The first animals of the list: those of whom enough is known before the others.
+std::vector<std::int32_t> first_by_kinship(const PageFrame& frame, std::span<const std::int32_t> animals) {
+  std::vector<std::int32_t> deep, shallow;
+  for (const std::int32_t position : animals) {
+    const bool is_deep = frame.store().generation_equivalents[position] >= least_equivalents_of_rare;
+    std::vector<std::int32_t>& part = is_deep ? deep : shallow;
+    if (part.size() < shown_by_kinship) part.push_back(position);
+  }
+  const std::size_t left = std::min(shallow.size(), shown_by_kinship - deep.size());
+  deep.insert(deep.end(), shallow.begin(), shallow.begin() + static_cast<std::ptrdiff_t>(left));
+  return deep;
+}
+
 FigureTable kinship_list(const PageFrame& frame, std::span<const std::int32_t> animals) {
-  const std::span<const std::int32_t> shown_animals = animals.first(std::min(animals.size(), shown_by_kinship));
+  const std::vector<std::int32_t> shown_animals = first_by_kinship(frame, animals);
   const std::vector<std::int32_t> offspring = offspring_of(frame, shown_animals);
   AnimalList list(frame);
   for (const Wording& heading : {kinship_heading, equivalents_heading, index_heading, offspring_heading}) {
@@ -102,7 +108,8 @@ FigureTable kinship_list(const PageFrame& frame, std::span<const std::int32_t> a
   std::size_t place = 0;
   for (const std::int32_t position : shown_animals) {
     FigureTable::FigureRow& row = add_animal(list, position);
-    row.cells.push_back(report_figure(double{frame.input.figures->animals.mean_kinship[position]}, 4, frame.language));
+    const double kinship = double{frame.input.figures->animals.mean_kinship[position]};
+    row.cells.push_back(report_figure(std::max(0.0, kinship), 4, frame.language));
     add_completeness(frame, position, row);
     row.cells.push_back(std::to_string(offspring[place++]));
   }

@@ -234,7 +234,7 @@ void draw_sign(std::string& page, Pace pace) {
 void draw_gauge(std::string& page, const PageFrame& frame, const Standing& standing) {
   const double now = effective_size_of(standing.rate().rate.value_or(0.0));
   const std::string size = size_text(now, frame.language);
-  page += "<svg class=\"gauge\" viewBox=\"0 0 340 104\" role=\"img\" aria-label=\"" +
+  page += "<svg class=\"gauge\" viewBox=\"-4 0 348 104\" role=\"img\" aria-label=\"" +
           phrase(gauge_label, frame.language, {size}) + "\">";
   draw_zones(page, frame);
   draw_range(page, standing);

@@ -1,7 +1,9 @@
 // The first screen in eight parts: verdict, how sure, how large the breed counts, why, what to do, trend, limits, data.
 
 #include <algorithm>
+#include <cmath>
 #include <initializer_list>
+#include <optional>
 
 #include "page/page_sections.h"
 #include "page/page_text.h"
@@ -15,6 +17,8 @@ constexpr Wording size_title = {"How large the breed counts", "Voor hoeveel dier
 constexpr Wording size_reading = {
     "It breeds as {1} unrelated animals would (effective size). Dot: from animals born {2}\xE2\x80\x93{3} and their ancestors from {4} on, each pair as far back as both sides are known. Bar: all estimates, and the margin of the first. Open: the three generations before.",
     "Het fokt zoals {1} onverwante dieren zouden doen (effectieve grootte). Stip: uit dieren geboren {2}\xE2\x80\x93{3} en hun voorouders vanaf {4}, elk paar zo ver als beide kanten bekend zijn. Balk: alle schattingen, en de marge van de eerste. Open: de drie generaties daarvoor."};
+constexpr Wording no_verdict = {"No verdict: this is what the known parents show.",
+                                "Geen oordeel: dit is wat de bekende ouders laten zien."};
 constexpr Wording no_size = {"Too little is known to say.", "Er is te weinig bekend om dat te zeggen."};
 
 constexpr Wording why_title = {"Why", "Waardoor"};
@@ -28,19 +32,26 @@ constexpr Wording worth = {"{1}, as good as {2}", "{1}, zo goed als {2}"};
 constexpr Wording four_text = {
     "used alike. The four most used have {1} of the young of {2}\xE2\x80\x93{3}.",
     "gelijk gebruikte. De vier meest gebruikte hebben {1} van de jongen van {2}\xE2\x80\x93{3}."};
+constexpr Wording part_text = {"They make {1} of the rise (rule of thumb).",
+                               "Zij maken {1} van de stijging uit (vuistregel)."};
 constexpr Wording births_tile = {"Births", "Geboorten"};
 constexpr Wording births_a_year = {"{1} a year", "{1} per jaar"};
 constexpr Wording births_text = {"{1} a year in the five years before.", "{1} per jaar in de vijf jaren daarvoor."};
 constexpr Wording imports_text = {"Imports are {1} of the parents.", "Importdieren zijn {1} van de ouders."};
 
 constexpr Wording do_title = {"What to do", "Wat te doen"};
+constexpr Wording find_parents = {"Find the unknown parents first", "Zoek eerst de onbekende ouders"};
+constexpr Wording find_parents_text = {
+    "{1} young of {2}\xE2\x80\x93{3} have both parents known. What stands below is what the known ones show.",
+    "Van {1} jongen van {2}\xE2\x80\x93{3} zijn beide ouders bekend. Wat hieronder staat is wat de bekende laten zien."};
 constexpr Wording rest_sires = {"Use these sires less", "Gebruik deze vaders minder"};
+constexpr Wording more_sires = {"Use more sires, and these less", "Gebruik meer vaders, en deze minder"};
 constexpr Wording rest_text = {"Each has more than {1} of the young of {2}\xE2\x80\x93{3}, {4}.",
                                "Elk heeft meer dan {1} van de jongen van {2}\xE2\x80\x93{3}, {4}."};
 constexpr Wording own_limit = {"your limit", "uw grens"};
 constexpr Wording taken_limit = {"the limit taken when you give none", "de grens als u er geen geeft"};
-constexpr Wording too_few_sires = {"With {1} sires the limit cannot be kept: more of them are needed.",
-                                   "Met {1} vaders is de grens niet te halen: er zijn er meer nodig."};
+constexpr Wording too_few_sires = {"With {1} sires the limit cannot be kept: {2} at least are needed.",
+                                   "Met {1} vaders is de grens niet te halen: er zijn er minstens {2} nodig."};
 constexpr Wording and_more = {"and {1} more, in the table NAME_standing", "en nog {1}, in de tabel NAME_standing"};
 constexpr Wording held_gives = {
     "Held to the limit, the rise would be about {1} instead of {2} per generation (rule of thumb: 1/(8 sires) + 1/(8 dams)).",
@@ -53,6 +64,23 @@ constexpr Wording keep_lines = {"Breed on from lines that are nearly lost", "Fok
 constexpr Wording lines_text = {"Founders with less than 0.5 % of the genes of the young, and who still carries them:",
                                 "Stamdieren met minder dan 0,5 % van de genen van de jongen, en wie ze nog draagt:"};
 constexpr Wording others_left = {"{1} and {2} more", "{1} en nog {2}"};
+constexpr Wording lines_title = {"Whose lines are left?", "Welke lijnen zijn er nog?"};
+constexpr Wording import_title = {"If you import?", "Als u importeert?"};
+constexpr Wording founders_of_young = {
+    "The young of the last two generations descend from {1} ancestors without known parents (founders); {2} of these have less than 0.5 % of their genes each.",
+    "De jongen van de laatste twee generaties stammen af van {1} voorouders zonder bekende ouders (stamdieren); {2} daarvan hebben elk minder dan 0,5 % van hun genen."};
+constexpr Wording founders_none_rare = {
+    "The young of the last two generations descend from {1} ancestors without known parents (founders), each with 0.5 % of their genes or more.",
+    "De jongen van de laatste twee generaties stammen af van {1} voorouders zonder bekende ouders (stamdieren), elk met 0,5 % van hun genen of meer."};
+constexpr Wording no_line_found = {
+    "Among the animals least related to the others no line was found that is nearly lost.",
+    "Onder de dieren die het minst verwant zijn is geen lijn gevonden die bijna weg is."};
+constexpr Wording if_import = {
+    "An unrelated sire with {1} of the young would bring the F of chance pairs from {2} to {3}.",
+    "Een onverwante vader met {1} van de jongen zou de F van toevallige paren van {2} op {3} brengen."};
+constexpr Wording import_gains = {
+    "F rises by as much in {1} generations, and goes on rising as before unless more parents stay in use.",
+    "Zoveel stijgt F in {1} generaties, en F blijft stijgen als voorheen tenzij er meer ouders in gebruik blijven."};
 constexpr Wording use_more = {"Use more sires and dams, more evenly",
                               "Gebruik meer vaders en moeders, en gelijkmatiger"};
 constexpr Wording use_more_text = {
@@ -74,7 +102,8 @@ constexpr Wording sire_row = {"Most used sire, share of five years", "Meest gebr
 constexpr Wording most_f_row = {"Young with F above {1}", "Jongen met F boven {1}"};
 constexpr Wording none_word = {"none", "geen"};
 constexpr Wording marks[] = {{"\xE2\x96\xB2 beyond", "\xE2\x96\xB2 erover"},
-                             {"\xE2\x97\x8F kept", "\xE2\x97\x8F erbinnen"}};
+                             {"\xE2\x97\x8F kept", "\xE2\x97\x8F erbinnen"},
+                             {"\xE2\x97\x8B not judged", "\xE2\x97\x8B geen oordeel"}};
 constexpr Wording data_title = {"Can you trust the data?", "Zijn de gegevens te vertrouwen?"};
 constexpr Wording all_faults = {"All findings", "Alle bevindingen"};
 
@@ -133,13 +162,18 @@ void write_tile(std::string& page, const PageFrame& frame, const Tile& tile) {
           in_element(tile.figure) + "</p><p class=\"s\">" + in_element(tile.text) + "</p></div>\n";
 }
 
-Tile tile_of_parents(const PageFrame& frame, const Standing& standing, const ParentsInUse& use, const Wording& title) {
-  const StandingYears& years = standing.years;
+/// `part` is what they have of the rise.
+Tile tile_of_parents(const PageFrame& frame, const ParentsInUse& use, std::optional<double> part,
+                     const Wording& title) {
+  const StandingYears& years = frame.input.standing->years;
   const ToolLanguage language = frame.language;
+  std::string text =
+      phrase(four_text, language,
+             {percent_text(use.share_of_four, language), years_of(years.recent_first), years_of(years.last)});
+  if (part) text += " " + phrase(part_text, language, {percent_text(*part, language)});
   return {title, false,
           phrase(worth, language, {std::to_string(use.parents.size()), report_figure(use.effective, 0, language)}),
-          phrase(four_text, language,
-                 {percent_text(use.share_of_four, language), years_of(years.recent_first), years_of(years.last)})};
+          text};
 }
 
 void write_why(std::string& page, const PageFrame& frame, const Standing& standing) {
@@ -152,10 +186,11 @@ void write_why(std::string& page, const PageFrame& frame, const Standing& standi
               phrase(close_text, language,
                      {years_of(years.recent_first), years_of(years.last), percent_text(young.inbreeding, language),
                       percent_text(young.chance_inbreeding, language)})});
-  Tile sires = tile_of_parents(frame, standing, standing.sires, sires_tile);
+  const std::optional<double> part = standing.sires_part_of_rise();
+  Tile sires = tile_of_parents(frame, standing.sires, part, sires_tile);
   sires.is_bad = standing.overused_sires > 0;
   write_tile(page, frame, sires);
-  write_tile(page, frame, tile_of_parents(frame, standing, standing.dams, dams_tile));
+  write_tile(page, frame, tile_of_parents(frame, standing.dams, part ? std::optional(1.0 - *part) : part, dams_tile));
   constexpr double five = 5.0;
   const auto a_year = [&](std::int64_t births) {
     return report_figure(static_cast<double>(births) / five, 0, language);
@@ -174,7 +209,7 @@ void write_size(std::string& page, const PageFrame& frame, const Standing& stand
   if (standing.rate().rate) {
     draw_gauge(page, frame, standing);
     const StandingYears& years = standing.years;
-    page += "<p class=\"s\">" +
+    page += "<p class=\"s\">" + (standing.is_judged() ? "" : in_element(frame.text(no_verdict)) + " ") +
             in_element(phrase(size_reading, frame.language,
                               {size_text(effective_size_of(*standing.rate().rate), frame.language),
                                years_of(years.cohort_first), years_of(years.last), years_of(years.now_first)})) +
@@ -194,7 +229,9 @@ void write_sires_to_rest(std::string& page, const PageFrame& frame, const Standi
   constexpr std::size_t most_named = 5;
   const ToolLanguage language = frame.language;
   const StandingSettings& settings = standing.settings;
-  open_action(page, frame.text(rest_sires),
+  const std::size_t sires_needed = static_cast<std::size_t>(std::ceil(1.0 / settings.most_sire_share));
+  const bool can_be_kept = standing.sires.parents.size() >= sires_needed;
+  open_action(page, frame.text(can_be_kept ? rest_sires : more_sires),
               phrase(rest_text, language,
                      {limit_text(settings.most_sire_share, language), years_of(standing.years.recent_first),
                       years_of(standing.years.last),
@@ -211,9 +248,11 @@ void write_sires_to_rest(std::string& page, const PageFrame& frame, const Standi
   if (count > most_named) {
     page += "<p class=\"s\">" + in_element(phrase(and_more, language, {std::to_string(count - most_named)})) + "</p>";
   }
-  if (settings.most_sire_share * static_cast<double>(standing.sires.parents.size()) < 1.0) {
+  if (!can_be_kept) {
     page += "<p class=\"s\">" +
-            in_element(phrase(too_few_sires, language, {std::to_string(standing.sires.parents.size())})) + "</p>";
+            in_element(phrase(too_few_sires, language,
+                              {std::to_string(standing.sires.parents.size()), std::to_string(sires_needed)})) +
+            "</p>";
   } else if (standing.rate_with_sires_held) {
     page += "<p class=\"s\">" +
             in_element(phrase(held_gives, language,
@@ -237,7 +276,7 @@ void write_close_matings(std::string& page, const PageFrame& frame, const Standi
 void write_lines_to_keep(std::string& page, const PageFrame& frame, const Standing& standing) {
   open_action(page, frame.text(keep_lines), frame.text(lines_text));
   page += "<table><tbody>";
-  for (const RareLine& line : standing.rare_lines) {
+  for (const RareLine& line : standing.rare_lines.lines) {
     constexpr std::size_t most_named = 2;
     std::string names;
     for (std::size_t i = 0; i < std::min(most_named, line.carriers.size()); ++i) {
@@ -254,28 +293,68 @@ void write_lines_to_keep(std::string& page, const PageFrame& frame, const Standi
   page += "</tbody></table></li>\n";
 }
 
+void write_parents_to_find(std::string& page, const PageFrame& frame, const Standing& standing) {
+  const std::int32_t last = standing.years.last;
+  open_action(page, frame.text(find_parents),
+              phrase(find_parents_text, frame.language,
+                     {known_text(standing, frame.language), years_of(last - 9), years_of(last)}));
+  page += "</li>\n";
+}
+
+/// Told of all breeds: how many lines there are, and what an import would do.
+void write_lines_and_imports(std::string& page, const PageFrame& frame, const Standing& standing) {
+  const ToolLanguage language = frame.language;
+  const RareLines& found = standing.rare_lines;
+  if (found.founders > 0) {
+    std::vector<std::string> sentences = {
+        phrase(found.rare_founders > 0 ? founders_of_young : founders_none_rare, language,
+               {std::to_string(found.founders), std::to_string(found.rare_founders)})};
+    if (found.lines.empty()) sentences.push_back(frame.text(no_line_found));
+    page += "<h3>" + in_element(frame.text(lines_title)) + "</h3>";
+    write_sentences(page, sentences, "s");
+  }
+  if (standing.young.chance_inbreeding <= 0.0) return;
+  page += "<h3>" + in_element(frame.text(import_title)) + "</h3>";
+  std::vector<std::string> sentences = {phrase(if_import, language,
+                                               {limit_text(standing.settings.most_sire_share, language),
+                                                percent_text(standing.young.chance_inbreeding, language),
+                                                percent_text(standing.inbreeding_with_import(), language)})};
+  if (const std::optional<double> generations = standing.generations_gained_by_import()) {
+    sentences.push_back(phrase(import_gains, language, {report_figure(*generations, 1, language)}));
+  }
+  write_sentences(page, sentences, "s");
+}
+
 void write_actions(std::string& page, const PageFrame& frame, const Standing& standing) {
   open_card(page, frame.text(do_title), "card do");
-  const bool has_cause = standing.overused_sires > 0 || standing.has_close_matings() || !standing.rare_lines.empty();
+  // At most three: what the verdict waits for goes before what changes F once only.
+  const bool lacks_parents = (standing.obstacles & (obstacle_unknown_parents | obstacle_shallow)) != 0;
+  const bool has_lines = !standing.rare_lines.lines.empty(), has_overuse = standing.overused_sires > 0;
+  const bool has_close = standing.has_close_matings() && !(lacks_parents && has_overuse && has_lines);
+  const bool has_cause = lacks_parents || has_overuse || has_close || has_lines;
   const bool is_good = standing.pace == Pace::within_limit;
   if (!has_cause && is_good) {
-    page += "<p>" + in_element(frame.text(nothing_to_do)) + "</p></div>\n";
-    return;
+    page += "<p>" + in_element(frame.text(nothing_to_do)) + "</p>\n";
+  } else {
+    page += "<ol>";
+    if (lacks_parents) write_parents_to_find(page, frame, standing);
+    if (has_overuse) write_sires_to_rest(page, frame, standing);
+    if (has_close) write_close_matings(page, frame, standing);
+    if (has_lines) write_lines_to_keep(page, frame, standing);
+    if (!has_cause) {
+      open_action(page, frame.text(use_more), frame.text(use_more_text));
+      page += "</li>\n";
+    }
+    page += "</ol>\n";
   }
-  page += "<ol>";
-  if (standing.overused_sires > 0) write_sires_to_rest(page, frame, standing);
-  if (standing.has_close_matings()) write_close_matings(page, frame, standing);
-  if (!standing.rare_lines.empty()) write_lines_to_keep(page, frame, standing);
-  if (!has_cause) {
-    open_action(page, frame.text(use_more), frame.text(use_more_text));
-    page += "</li>\n";
-  }
-  page += "</ol></div>\n";
+  page += "</div>\n";
 }
+
+enum class LimitMark : std::uint8_t { beyond, kept, not_judged };
 
 struct LimitRow {
   std::string figure, value, limit;
-  bool is_beyond = false;
+  LimitMark mark = LimitMark::kept;
 };
 
 void write_limit_rows(std::string& page, const PageFrame& frame, const Wording& heading,
@@ -283,9 +362,25 @@ void write_limit_rows(std::string& page, const PageFrame& frame, const Wording& 
   page += "<tr><th scope=\"colgroup\" colspan=\"4\">" + in_element(frame.text(heading)) + "</th></tr>\n";
   for (const LimitRow& row : rows) {
     page += "<tr><th scope=\"row\">" + in_element(row.figure) + "</th><td>" + in_element(row.value) + "</td><td>" +
-            in_element(row.limit) + "</td><td class=\"" + (row.is_beyond ? "over" : "kept") + "\">" +
-            in_element(frame.text(marks[row.is_beyond ? 0 : 1])) + "</td></tr>\n";
+            in_element(row.limit) + "</td><td class=\"" + (row.mark == LimitMark::beyond ? "over" : "kept") + "\">" +
+            in_element(frame.text(marks[static_cast<std::size_t>(row.mark)])) + "</td></tr>\n";
   }
+}
+
+void write_published_limits(std::string& page, const PageFrame& frame, const Standing& standing) {
+  const ToolLanguage language = frame.language;
+  const double rate = *standing.rate().rate, size = effective_size_of(rate);
+  const double most_rate = 1.0 / (2.0 * least_size);
+  const std::string size_words = size_text(size, language);
+  const auto mark_below = [&](double limit) {
+    if (!standing.is_judged()) return LimitMark::not_judged;
+    return size < limit ? LimitMark::beyond : LimitMark::kept;
+  };
+  write_limit_rows(
+      page, frame, published,
+      {{frame.text(rate_row), percent_text(rate, language), limit_text(most_rate, language), mark_below(least_size)},
+       {frame.text(size_row), size_words, report_figure(least_size, 0, language), mark_below(least_size)},
+       {frame.text(safe_row), size_words, report_figure(safe_size, 0, language), mark_below(safe_size)}});
 }
 
 void write_limits(std::string& page, const PageFrame& frame, const Standing& standing) {
@@ -295,23 +390,15 @@ void write_limits(std::string& page, const PageFrame& frame, const Standing& sta
   for (const Wording& heading : limit_headings)
     page += "<th scope=\"col\">" + in_element(frame.text(heading)) + "</th>";
   page += "</tr></thead><tbody>\n";
-  if (standing.rate().rate) {
-    const double rate = *standing.rate().rate, size = effective_size_of(rate);
-    const double most_rate = 1.0 / (2.0 * least_size);
-    const std::string size_words = size_text(size, language);
-    write_limit_rows(
-        page, frame, published,
-        {{frame.text(rate_row), percent_text(rate, language), limit_text(most_rate, language), size < least_size},
-         {frame.text(size_row), size_words, report_figure(least_size, 0, language), size < least_size},
-         {frame.text(safe_row), size_words, report_figure(safe_size, 0, language), size < safe_size}});
-  }
+  const auto mark = [](bool is_beyond) { return is_beyond ? LimitMark::beyond : LimitMark::kept; };
+  if (standing.rate().rate) write_published_limits(page, frame, standing);
   const double share = standing.sires.parents.empty() ? 0.0 : standing.sires.parents.front().share;
   write_limit_rows(page, frame, of_board,
                    {{frame.text(sire_row), percent_text(share, language),
-                     limit_text(settings.most_sire_share, language), share > settings.most_sire_share},
+                     limit_text(settings.most_sire_share, language), mark(share > settings.most_sire_share)},
                     {phrase(most_f_row, language, {limit_text(settings.most_inbreeding, language)}),
                      share_text(standing.young.above_most, standing.young.judged, language), frame.text(none_word),
-                     standing.young.above_most > 0}});
+                     mark(standing.young.above_most > 0)}});
   page += "</tbody></table>\n";
 }
 
@@ -319,6 +406,7 @@ void write_trend(std::string& page, const PageFrame& frame, const Standing& stan
   open_card(page, frame.text(trend_title));
   draw_trend(page, frame, standing);
   write_sentences(page, trend_sentences(frame, standing), "s");
+  write_lines_and_imports(page, frame, standing);
   page += "</div>\n";
 }
 

@@ -77,8 +77,8 @@ constexpr Wording trusted[] = {{"Yes for the verdict.", "Ja, voor het oordeel."}
                                {"Partly: enough for a verdict, with little to spare.",
                                 "Gedeeltelijk: genoeg voor een oordeel, met weinig speling."},
                                {"No, not for a verdict.", "Nee, niet voor een oordeel."}};
-constexpr Wording both_known = {"{1} young of the last ten years have both parents known.",
-                                "Van {1} jongen van de laatste tien jaren zijn beide ouders bekend."};
+constexpr Wording both_known = {"{1} young of the last ten years have both parents known (80 are needed).",
+                                "Van {1} jongen van de laatste tien jaren zijn beide ouders bekend (80 zijn nodig)."};
 constexpr Wording parents_unknown = {
     "Of the parents of all animals that are no founders {1} are unknown; each counts as unrelated in most figures below, but not in the verdict.",
     "Van de ouders van alle dieren die geen stamdier zijn is {1} onbekend; elk telt als onverwant in de meeste cijfers hieronder, maar niet in het oordeel."};
@@ -111,13 +111,13 @@ std::string whole(double value) {
 }
 
 std::string cause_sentence(const Standing& standing, ToolLanguage language) {
-  if (standing.sires.effective <= 0.0 || standing.dams.effective <= 0.0) return {};
-  const double sires = 1.0 / standing.sires.effective, dams = 1.0 / standing.dams.effective;
+  const std::optional<double> part = standing.sires_part_of_rise();
+  if (!part) return {};
   const std::string of_sires = whole(standing.sires.effective), of_dams = whole(standing.dams.effective);
-  if (sires >= main_part * (sires + dams)) {
+  if (*part >= main_part) {
     return phrase(mainly_sires, language, {std::to_string(standing.sires.parents.size()), of_sires});
   }
-  if (dams >= main_part * (sires + dams)) {
+  if (1.0 - *part >= main_part) {
     return phrase(mainly_dams, language, {std::to_string(standing.dams.parents.size()), of_dams});
   }
   return phrase(sires_and_dams, language, {of_sires, of_dams});
@@ -142,9 +142,7 @@ void add_obstacles(std::vector<std::string>& sentences, const Standing& standing
   add(obstacle_few_animals, phrase(few_animals, language,
                                    {std::to_string(years), std::to_string(data.cohort), std::to_string(least_cohort)}));
   add(obstacle_shallow, phrase(too_shallow, language, {report_figure(data.equivalents, 1, language)}));
-  constexpr double hundred = 100.0;
-  const std::string known = phrase(of_hundred, language, {whole(std::floor(hundred * data.both_known))});
-  add(obstacle_unknown_parents, phrase(too_unknown, language, {known}));
+  add(obstacle_unknown_parents, phrase(too_unknown, language, {known_text(standing, language)}));
   add(obstacle_wide_margin, phrase(too_wide, language, {margin_text(standing.rate(), language)}));
 }
 
@@ -175,6 +173,11 @@ std::string share_text(std::int64_t part, std::int64_t all, ToolLanguage languag
   if (part > 0) count = std::max(count, 1.0);
   if (part < all) count = std::min(count, 99.0);
   return phrase(of_hundred, language, {whole(count)});
+}
+
+std::string known_text(const Standing& standing, ToolLanguage language) {
+  constexpr double hundred = 100.0;
+  return phrase(of_hundred, language, {whole(std::floor(hundred * standing.data.both_known))});
 }
 
 std::string size_text(double effective_size, ToolLanguage language) {
@@ -216,7 +219,7 @@ std::vector<std::string> verdict_sentences(const PageFrame& frame, const Standin
                          {std::to_string(standing.years.now_first), percent_text(*standing.before.rate, language)});
   }
   sentences.push_back(text);
-  const bool is_good = standing.pace == Pace::within_limit;
+  const bool is_good = pace_of_size(effective_size_of(*standing.rate().rate)) == Pace::within_limit;
   const std::string cause = is_good ? std::string() : cause_sentence(standing, language);
   if (!cause.empty()) sentences.push_back(cause);
   return sentences;
@@ -285,9 +288,7 @@ std::string data_heading(const Standing& standing, ToolLanguage language) {
 std::vector<std::string> data_sentences(const PageFrame& frame, const Standing& standing) {
   std::vector<std::string> sentences;
   const StandingData& data = standing.data;
-  constexpr double hundred = 100.0;
-  const std::string known = phrase(of_hundred, frame.language, {whole(std::floor(hundred * data.both_known))});
-  sentences.push_back(phrase(both_known, frame.language, {known}));
+  sentences.push_back(phrase(both_known, frame.language, {known_text(standing, frame.language)}));
   sentences.push_back(phrase(parents_unknown, frame.language, {percent_text(data.unknown_parents, frame.language)}));
   if (standing.young.shallow > 0) {
     sentences.push_back(phrase(shallow_young, frame.language,

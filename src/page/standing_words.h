@@ -44,6 +44,9 @@ std::vector<std::string> sureness_sentences(const PageFrame& frame, const Standi
 std::vector<std::string> trend_sentences(const PageFrame& frame, const Standing& standing);
 
 /// "Yes", "partly" or "no" for the verdict, and why.
+/// "96 of 100": young of the last ten years with both parents known, never more than there are.
+std::string known_text(const Standing& standing, ToolLanguage language);
+
 std::string data_heading(const Standing& standing, ToolLanguage language);
 std::vector<std::string> data_sentences(const PageFrame& frame, const Standing& standing);
 

@@ -54,6 +54,15 @@ std::int32_t rare_founder_of(const ReferencePedigree& pedigree, std::int32_t ani
   return founder;
 }
 
+void count_founders(const ReferencePedigree& pedigree, const ByNumber<double>& genes, RareLines& found) {
+  const double all = static_cast<double>(pedigree.members.size());
+  for (std::int32_t j = 1; j <= pedigree.count(); ++j) {
+    if (!pedigree.is_founder(j) || pedigree.is_unknown_parent(j)) continue;
+    ++found.founders;
+    if (genes[j] / all < rare_founder) ++found.rare_founders;
+  }
+}
+
 RareLine make_line(const ReferencePedigree& pedigree, std::int32_t founder, std::span<const double> kinships) {
   ByNumber<double> share(static_cast<std::size_t>(pedigree.count()));
   share[founder] = 1.0;
@@ -76,13 +85,15 @@ RareLine make_line(const ReferencePedigree& pedigree, std::int32_t founder, std:
 
 }  // namespace
 
-std::vector<RareLine> find_rare_lines(const PopulationStore& store, std::span<const std::int32_t> positions,
-                                      std::size_t most_lines) {
-  std::vector<RareLine> lines;
-  if (positions.empty()) return lines;
+RareLines find_rare_lines(const PopulationStore& store, std::span<const std::int32_t> positions,
+                          std::size_t most_lines) {
+  RareLines found;
+  std::vector<RareLine>& lines = found.lines;
+  if (positions.empty()) return found;
   std::vector<std::int32_t> seen;  // founders
   const ReferencePedigree pedigree = make_reference_pedigree(store, positions);
   const ByNumber<double> genes = gene_contributions(pedigree);
+  count_founders(pedigree, genes, found);
   const MeanKinship kinship = compute_mean_kinship(store, pedigree, genes);
   for (const Candidate& candidate : lowest_kinships(store, pedigree, kinship.of_members)) {
     if (lines.size() == most_lines) break;
@@ -94,7 +105,7 @@ std::vector<RareLine> find_rare_lines(const PopulationStore& store, std::span<co
     RareLine line = make_line(pedigree, founder, kinship.of_members);
     if (line.carriers.size() <= most_carriers) lines.push_back(std::move(line));
   }
-  return lines;
+  return found;
 }
 
 }  // namespace pedigreewatch

@@ -31,9 +31,15 @@ struct RareLine {
   std::vector<LineCarrier> carriers;  ///< the lowest mean kinship first
 };
 
+struct RareLines {
+  std::vector<RareLine> lines;
+  std::int64_t founders = 0;       ///< that the animals descend from
+  std::int64_t rare_founders = 0;  ///< those of them with less than `rare_founder` of their genes
+};
+
 /// At most `most_lines` lines of the animals at `positions` (ascending), found through those of them that have the
 /// lowest mean kinship with all and enough known ancestors. F and completeness must be final.
-std::vector<RareLine> find_rare_lines(const PopulationStore& store, std::span<const std::int32_t> positions,
-                                      std::size_t most_lines);
+RareLines find_rare_lines(const PopulationStore& store, std::span<const std::int32_t> positions,
+                          std::size_t most_lines);
 
 }  // namespace pedigreewatch

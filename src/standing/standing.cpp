@@ -161,6 +161,18 @@ void judge(Standing& standing) {
 
 }  // namespace
 
+std::optional<double> Standing::sires_part_of_rise() const {
+  if (sires.effective <= 0.0 || dams.effective <= 0.0) return std::nullopt;
+  const double of_sires = 1.0 / sires.effective, of_dams = 1.0 / dams.effective;
+  return of_sires / (of_sires + of_dams);
+}
+
+std::optional<double> Standing::generations_gained_by_import() const {
+  const double today = young.chance_inbreeding;
+  if (!rate().rate || *rate().rate <= 0.0 || today >= 1.0) return std::nullopt;
+  return (today - inbreeding_with_import()) / (*rate().rate * (1.0 - today));
+}
+
 Standing compute_standing(const PopulationStore& store, double generation_interval, const StandingSettings& settings,
                           const VerdictFaults& faults) {
   Standing standing;

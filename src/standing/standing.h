@@ -81,11 +81,19 @@ struct Standing {
   ParentsInUse sires, dams;                    ///< of the young of the last five years
   std::int64_t overused_sires = 0;             ///< the first so many of `sires` are above the board's limit
   std::optional<double> rate_with_sires_held;  ///< what holding them to it would give, as a rule of thumb
-  std::vector<RareLine> rare_lines;            ///< at most four, of the young of two generation intervals
+  RareLines rare_lines;                        ///< at most four, of the young of two generation intervals
   StandingData data;
 
   const RateEstimate& rate() const { return now[by_kinship]; }
   bool is_judged() const { return pace != Pace::cannot_be_judged; }
+  /// The part of 1/(8 sires) + 1/(8 dams) that the sires make, as a rule of thumb for the rise of today; nothing
+  /// without sires or dams.
+  std::optional<double> sires_part_of_rise() const;
+  /// F by chance with an unrelated import as a sire that had as much of the young as the board allows one; the others
+  /// would have less, in proportion.
+  double inbreeding_with_import() const { return (1.0 - settings.most_sire_share) * young.chance_inbreeding; }
+  /// In how many generations F rises by as much as such an import would lower it; nothing without a rise.
+  std::optional<double> generations_gained_by_import() const;
   /// Whether mates are more closely related than their sexes are.
   bool has_close_matings() const { return young.close > 0 && young.inbreeding > young.chance_inbreeding; }
 };

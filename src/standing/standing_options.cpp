@@ -13,10 +13,14 @@ std::string_view without_blanks_behind(std::string_view text) {
   return text;
 }
 
+/// A smaller one without its sign may be meant as a part of 1: 0.0625 as 6.25 %.
+constexpr double least_without_sign = 0.01;
+
 std::string take_percentage(std::string_view name, std::string_view value, std::string_view example, double& share,
                             bool& is_given) {
   const std::optional<double> read = read_percentage(value);
-  if (!read) {
+  const bool is_doubtful = read && *read < least_without_sign && value.find('%') == std::string_view::npos;
+  if (!read || is_doubtful) {
     return std::string(name) + " " + in_quotes(value) + ": a percentage above 0 and up to 100 was expected, such as " +
            std::string(example);
   }

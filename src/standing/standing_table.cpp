@@ -41,6 +41,10 @@ constexpr Wording rule_of_thumb = {"rule of thumb: 1/(8 sires) + 1/(8 dams)",
                                    "vuistregel: 1/(8 vaders) + 1/(8 moeders)"};
 constexpr Wording line_left = {"founder of whose genes less than 0.5 % is left; animals that carry them: {1}",
                                "stamdier van welks genen minder dan 0.5 % over is; dieren die ze dragen: {1}"};
+constexpr Wording of_two_intervals = {"animals of the last two generation intervals",
+                                      "dieren van de laatste twee generatie-intervallen"};
+constexpr Wording with_import = {"rule of thumb: an unrelated sire with this share of the young",
+                                 "vuistregel: een onverwante vader met dit deel van de jongen"};
 constexpr double rate_limit = 0.01;
 
 std::string number(double value) {
@@ -157,14 +161,25 @@ void add_parents(RowList& list) {
     list.add_animal(name, sire.parent, source);
     list.add(name + "_share", sire.share, source, limit);
   }
+  if (const std::optional<double> part = standing.sires_part_of_rise()) {
+    list.add("sires_part_of_rise", *part, list.words(rule_of_thumb));
+  }
+  list.add("inbreeding_with_import", standing.inbreeding_with_import(), list.words(with_import), limit);
+  if (const std::optional<double> generations = standing.generations_gained_by_import()) {
+    list.add("generations_gained_by_import", *generations, list.words(with_import), limit);
+  }
   if (standing.rate_with_sires_held) {
     list.add("rate_with_sires_held", *standing.rate_with_sires_held, list.words(rule_of_thumb), number(rate_limit));
   }
 }
 
 void add_lines(RowList& list) {
+  const RareLines& found = list.standing.rare_lines;
+  list.add("founders_of_young", static_cast<double>(found.founders), list.words(of_two_intervals));
+  list.add("rare_founders", static_cast<double>(found.rare_founders), list.words(of_two_intervals),
+           number(rare_founder));
   std::size_t number_of_line = 0;
-  for (const RareLine& line : list.standing.rare_lines) {
+  for (const RareLine& line : list.standing.rare_lines.lines) {
     std::string carriers;
     for (const LineCarrier& carrier : line.carriers)
       carriers += (carriers.empty() ? "" : ", ") + list.id(carrier.animal);

@@ -30,7 +30,10 @@ std::string herd_with_a_rare_line() {
 
 TEST(RareLines, AFounderWithFewDescendantsIsNamedWithThem) {
   const PopulationStore store = with_inbreeding(numbered_store(herd_with_a_rare_line()));
-  const std::vector<RareLine> lines = find_rare_lines(store, from_to(17, 136), 4);
+  const RareLines found = find_rare_lines(store, from_to(17, 136), 4);
+  const std::vector<RareLine>& lines = found.lines;
+  EXPECT_EQ(found.founders, 7);
+  EXPECT_EQ(found.rare_founders, 1);
   ASSERT_EQ(lines.size(), 1U);
   EXPECT_EQ(lines[0].founder, 7);
   EXPECT_DOUBLE_EQ(lines[0].share_of_young, 0.125 / 120.0);
@@ -46,7 +49,7 @@ TEST(RareLines, ALineWithSixCarriersIsNotNearlyLost) {
     std::string whole = herd;
     for (int n = 0; n < 200; ++n) whole += born(2009, 13, n % 2 == 0 ? 15 : 16);
     const PopulationStore store = with_inbreeding(numbered_store(whole));
-    const std::vector<RareLine> lines = find_rare_lines(store, from_to(17, store.animal_count), 4);
+    const std::vector<RareLine> lines = find_rare_lines(store, from_to(17, store.animal_count), 4).lines;
     EXPECT_EQ(lines.size(), carriers <= 5 ? 1U : 0U) << carriers;
   }
 }
@@ -54,18 +57,18 @@ TEST(RareLines, ALineWithSixCarriersIsNotNearlyLost) {
 TEST(RareLines, AFounderWithHalfAPerCentIsNotRare) {
   const PopulationStore store = with_inbreeding(numbered_store(herd_with_a_rare_line()));
   // 1/8 of 25 animals is 0.005, of 26 less.
-  EXPECT_TRUE(find_rare_lines(store, from_to(17, 41), 4).empty());
-  EXPECT_EQ(find_rare_lines(store, from_to(17, 42), 4).size(), 1U);
+  EXPECT_TRUE(find_rare_lines(store, from_to(17, 41), 4).lines.empty());
+  EXPECT_EQ(find_rare_lines(store, from_to(17, 42), 4).lines.size(), 1U);
 }
 
 TEST(RareLines, AnAnimalWithFewKnownAncestorsIsNotLookedAt) {
   PopulationStore store = with_inbreeding(numbered_store(herd_with_a_rare_line()));
   store.generation_equivalents[17] = 2.99F;
-  EXPECT_TRUE(find_rare_lines(store, from_to(17, 136), 4).empty());
+  EXPECT_TRUE(find_rare_lines(store, from_to(17, 136), 4).lines.empty());
   store.generation_equivalents[17] = 3.0F;
-  EXPECT_EQ(find_rare_lines(store, from_to(17, 136), 4).size(), 1U);
-  EXPECT_TRUE(find_rare_lines(store, from_to(17, 136), 0).empty());
-  EXPECT_TRUE(find_rare_lines(store, {}, 4).empty());
+  EXPECT_EQ(find_rare_lines(store, from_to(17, 136), 4).lines.size(), 1U);
+  EXPECT_TRUE(find_rare_lines(store, from_to(17, 136), 0).lines.empty());
+  EXPECT_TRUE(find_rare_lines(store, {}, 4).lines.empty());
 }
 
 }  // namespace

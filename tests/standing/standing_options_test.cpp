@@ -39,6 +39,14 @@ TEST(StandingOptions, EachOptionIsTakenOrRefused) {
             "--rule-year \"soon\": a year was expected, such as 2015");
   EXPECT_EQ(take_standing_option("--sire-share", "0", settings),
             "--sire-share \"0\": a percentage above 0 and up to 100 was expected, such as 5%");
+  // A part of 1 that was meant is not taken for a percentage.
+  EXPECT_EQ(take_standing_option("--most-f", "0.0625", settings),
+            "--most-f \"0.0625\": a percentage above 0 and up to 100 was expected, such as 6.25%");
+  EXPECT_EQ(take_standing_option("--most-f", "0.99", settings),
+            "--most-f \"0.99\": a percentage above 0 and up to 100 was expected, such as 6.25%");
+  EXPECT_EQ(take_standing_option("--most-f", "0.5%", settings), "");
+  EXPECT_EQ(take_standing_option("--most-f", "1", settings), "");
+  EXPECT_DOUBLE_EQ(settings.most_inbreeding, 0.01);
   EXPECT_EQ(take_standing_option("--most-f", "lots", settings),
             "--most-f \"lots\": a percentage above 0 and up to 100 was expected, such as 6.25%");
 }

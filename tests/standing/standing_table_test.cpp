@@ -25,7 +25,7 @@ Standing some_standing() {
   standing.sires.parents = {{2, 30, 0.3}, {1, 5, 0.05}};
   standing.overused_sires = 1;
   standing.rate_with_sires_held = 0.01;
-  standing.rare_lines = {{1, 0.001, {{3, 0.01}, {4, 0.02}}}};
+  standing.rare_lines = {{{1, 0.001, {{3, 0.01}, {4, 0.02}}}}, 12, 3};
   standing.young.judged = 8;
   standing.young.close = 2;
   return standing;
@@ -75,10 +75,25 @@ TEST(StandingTable, SiresAndLinesAreNamedByIdentification) {
   EXPECT_EQ(row_named(rows, "rare_line_1")->value, "a1");
   EXPECT_EQ(row_named(rows, "rare_line_1")->source,
             "stamdier van welks genen minder dan 0.5 % over is; dieren die ze dragen: a3, a4");
+  EXPECT_EQ(row_named(rows, "founders_of_young")->value, "12");
+  EXPECT_EQ(row_named(rows, "rare_founders")->value, "3");
+  EXPECT_EQ(row_named(rows, "rare_founders")->limit, "0.005");
   EXPECT_NE(row_named(rows, "most_used_sire_share")->source.find("geen geeft"), std::string::npos);
   standing.settings.is_sire_share_given = true;
   rows = standing_rows(four_animals(), standing, ToolLanguage::dutch);
   EXPECT_NE(row_named(rows, "most_used_sire_share")->source.find("grens van het bestuur"), std::string::npos);
+}
+
+TEST(StandingTable, TellsTheSiresPartAndWhatAnImportWouldDo) {
+  Standing standing = some_standing();
+  standing.sires.effective = 10.0;
+  standing.dams.effective = 30.0;
+  standing.young.chance_inbreeding = 0.2;
+  const std::vector<StandingRow> rows = standing_rows(four_animals(), standing, ToolLanguage::english);
+  EXPECT_EQ(row_named(rows, "sires_part_of_rise")->value, "0.75");
+  EXPECT_EQ(row_named(rows, "inbreeding_with_import")->value, "0.19");
+  EXPECT_EQ(row_named(rows, "inbreeding_with_import")->limit, "0.05");
+  EXPECT_EQ(row_named(rows, "generations_gained_by_import")->value, "1");  // 0.01 at 0.0125 x 0.8 each
 }
 
 TEST(StandingTable, ARuleHasItsRows) {

@@ -197,6 +197,27 @@ TEST(Standing, SiresAboveTheBoardsLimitAreOverused) {
   EXPECT_EQ(compute_standing(small_store(), 3.0, settings).overused_sires, 0);
 }
 
+TEST(Standing, TheSiresPartOfTheRiseIsThatOfTheRuleOfThumb) {
+  Standing standing;
+  EXPECT_FALSE(standing.sires_part_of_rise().has_value());
+  standing.sires.effective = 10.0;
+  EXPECT_FALSE(standing.sires_part_of_rise().has_value());
+  standing.dams.effective = 30.0;
+  EXPECT_DOUBLE_EQ(*standing.sires_part_of_rise(), 0.75);  // 1/80 of 1/80 + 1/240
+}
+
+TEST(Standing, AnUnrelatedSireTakesHisPartOfTheChanceInbreeding) {
+  Standing standing;
+  standing.settings.most_sire_share = 0.1;
+  standing.young.chance_inbreeding = 0.2;
+  EXPECT_DOUBLE_EQ(standing.inbreeding_with_import(), 0.18);
+  EXPECT_FALSE(standing.generations_gained_by_import().has_value());
+  standing.now[by_kinship].rate = 0.0;
+  EXPECT_FALSE(standing.generations_gained_by_import().has_value());
+  standing.now[by_kinship].rate = 0.01;  // of what is left: 0.2 rises by 0.008
+  EXPECT_NEAR(*standing.generations_gained_by_import(), 2.5, 1e-12);
+}
+
 TEST(Standing, ARuleOfTheFutureHasNoEffect) {
   StandingSettings settings;
   settings.rule_year = 2030;
