@@ -103,6 +103,7 @@ constexpr Wording most_f_row = {"Young with F above {1}", "Jongen met F boven {1
 constexpr Wording none_word = {"none", "geen"};
 constexpr Wording marks[] = {{"\xE2\x96\xB2 beyond", "\xE2\x96\xB2 erover"},
                              {"\xE2\x97\x8F kept", "\xE2\x97\x8F erbinnen"},
+                             {"\xE2\x96\xB2 below", "\xE2\x96\xB2 eronder"},
                              {"\xE2\x97\x8B not judged", "\xE2\x97\x8B geen oordeel"}};
 constexpr Wording data_title = {"Can you trust the data?", "Zijn de gegevens te vertrouwen?"};
 constexpr Wording all_faults = {"All findings", "Alle bevindingen"};
@@ -350,7 +351,7 @@ void write_actions(std::string& page, const PageFrame& frame, const Standing& st
   page += "</div>\n";
 }
 
-enum class LimitMark : std::uint8_t { beyond, kept, not_judged };
+enum class LimitMark : std::uint8_t { beyond, kept, below, not_judged };
 
 struct LimitRow {
   std::string figure, value, limit;
@@ -361,8 +362,9 @@ void write_limit_rows(std::string& page, const PageFrame& frame, const Wording& 
                       std::initializer_list<LimitRow> rows) {
   page += "<tr><th scope=\"colgroup\" colspan=\"4\">" + in_element(frame.text(heading)) + "</th></tr>\n";
   for (const LimitRow& row : rows) {
+    const bool is_bad = row.mark == LimitMark::beyond || row.mark == LimitMark::below;
     page += "<tr><th scope=\"row\">" + in_element(row.figure) + "</th><td>" + in_element(row.value) + "</td><td>" +
-            in_element(row.limit) + "</td><td class=\"" + (row.mark == LimitMark::beyond ? "over" : "kept") + "\">" +
+            in_element(row.limit) + "</td><td class=\"" + (is_bad ? "over" : "kept") + "\">" +
             in_element(frame.text(marks[static_cast<std::size_t>(row.mark)])) + "</td></tr>\n";
   }
 }
@@ -372,15 +374,16 @@ void write_published_limits(std::string& page, const PageFrame& frame, const Sta
   const double rate = *standing.rate().rate, size = effective_size_of(rate);
   const double most_rate = 1.0 / (2.0 * least_size);
   const std::string size_words = size_text(size, language);
-  const auto mark_below = [&](double limit) {
+  const auto mark = [&](double least, LimitMark missed) {
     if (!standing.is_judged()) return LimitMark::not_judged;
-    return size < limit ? LimitMark::beyond : LimitMark::kept;
+    return size < least ? missed : LimitMark::kept;
   };
   write_limit_rows(
       page, frame, published,
-      {{frame.text(rate_row), percent_text(rate, language), limit_text(most_rate, language), mark_below(least_size)},
-       {frame.text(size_row), size_words, report_figure(least_size, 0, language), mark_below(least_size)},
-       {frame.text(safe_row), size_words, report_figure(safe_size, 0, language), mark_below(safe_size)}});
+      {{frame.text(rate_row), percent_text(rate, language), limit_text(most_rate, language),
+        mark(least_size, LimitMark::beyond)},
+       {frame.text(size_row), size_words, report_figure(least_size, 0, language), mark(least_size, LimitMark::below)},
+       {frame.text(safe_row), size_words, report_figure(safe_size, 0, language), mark(safe_size, LimitMark::below)}});
 }
 
 void write_limits(std::string& page, const PageFrame& frame, const Standing& standing) {

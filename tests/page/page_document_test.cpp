@@ -80,5 +80,17 @@ TEST(PageOfExample, HasChartsOfEveryFunctionThatMakesOne) {
   EXPECT_EQ(texts_between(page_of_example(), "<figure id=\"", "\"").size(), makers + named_bars);
 }
 
+/// The effective size of the example is 46, its rate 1.1 %, and its most used sire has 11 % of the young.
+TEST(PageLimits, AreMissedFromEitherSide) {
+  const std::string page = page_of_example();
+  const auto row = [&](const std::string& begin) {
+    const std::size_t place = page.find("<th scope=\"row\">" + begin);
+    return page.substr(place, page.find("</tr>", place) - place);
+  };
+  EXPECT_NE(row("Rise of inbreeding").find("class=\"over\">\xE2\x96\xB2 beyond<"), std::string::npos);
+  EXPECT_NE(row("Effective size (FAO").find("class=\"over\">\xE2\x96\xB2 below<"), std::string::npos);
+  EXPECT_NE(row("Most used sire").find("class=\"over\">\xE2\x96\xB2 beyond<"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test
