@@ -5,6 +5,7 @@
 #include "checks/meant_parents.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <numeric>
 #include <string>
@@ -29,12 +30,28 @@ struct YoungOf {
   }
 };
 
+/// How old parents are when young are born, in years, as far as the years of both are known.
+struct ParentAges {
+  static constexpr std::size_t most_years = 60;  // older ones are as rare as can be
+  std::array<double, most_years> links = {};
+  double all = 0;
+
+  double share(std::int64_t age) const {
+    constexpr double of_any_age = 0.5;  // links beside those that were counted, so that no age is impossible
+    const bool is_counted = age >= 0 && age < static_cast<std::int64_t>(most_years);
+    return ((is_counted ? links[static_cast<std::size_t>(age)] : 0) + of_any_age) /
+           (all + of_any_age * static_cast<double>(most_years));
+  }
+};
+
 /// The links of young to their parents that the weights need, and how many there are of all.
 struct Links {
   YoungOf of_sires, of_dams;
   std::map<std::int32_t, std::int64_t> by_year;  ///< animals born in a year with that year's links in both roles
   std::int64_t all = 0;
-  double same_dam_share = 0;  ///< of neighbours in the file with the same sire and date that have the same dam
+  double same_dam_share = 0;       ///< of neighbours in the file with the same sire and date that have the same dam
+  ParentAges sire_ages, dam_ages;  ///< of a sample
+  std::map<std::int32_t, std::int64_t> born;  ///< animals by year
 
   std::span<const Young> of(std::int32_t parent, ParentRole role) const {
     return (role == ParentRole::sire ? of_sires : of_dams).at(parent);
@@ -80,19 +97,39 @@ YoungOf gather_young(const PedigreeColumns& animals, ParentRole role, const std:
   return result;
 }
 
+/// Counts the ages of the parents of at most some ten thousand animals, and the animals born in each year.
+void count_ages(const PedigreeColumns& animals, Links& links) {
+  constexpr std::int32_t sampled = 20'000;
+  const auto count = [&](ParentAges& ages, std::int32_t parent, std::int32_t year) {
+    const std::int32_t born = parent == 0 ? 0 : animals.birth.at(parent).year;
+    if (born == 0 || year < born || year - born >= static_cast<std::int32_t>(ParentAges::most_years)) return;
+    ++ages.links[static_cast<std::size_t>(year - born)];
+    ++ages.all;
+  };
+  const std::int32_t step = animals.count() / sampled + 1;
+  for (std::int32_t animal = 1; animal <= animals.count(); animal += step) {
+    const std::int32_t year = animals.birth.at(animal).year;
+    if (year == 0) continue;
+    count(links.sire_ages, animals.linked(animals.sire.at(animal)), year);
+    count(links.dam_ages, animals.linked(animals.dam.at(animal)), year);
+  }
+}
+
 /// Counts all links.
 void count_links(const PedigreeColumns& animals, Links& links) {
   std::int64_t neighbours = 0, of_same_dam = 0, of_unknown_year = 0;
   std::int32_t last_year = 0;
-  std::int64_t* last_count = &of_unknown_year;
+  std::int64_t *last_count = &of_unknown_year, *last_born = &of_unknown_year;
   for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
+    const std::int32_t year = animals.birth.at(animal).year;
+    if (year != last_year) last_count = year == 0 ? &of_unknown_year : &links.by_year[year];
+    if (year != last_year) last_born = year == 0 ? &of_unknown_year : &links.born[year];
+    last_year = year;
+    ++*last_born;
     const std::int32_t sire = animals.sire.at(animal), dam = animals.dam.at(animal);
     if (sire == 0 && dam == 0) continue;
     const int count = (sire != 0 ? 1 : 0) + (dam != 0 ? 1 : 0);
     links.all += count;
-    const std::int32_t year = animals.birth.at(animal).year;
-    if (year != last_year) last_count = year == 0 ? &of_unknown_year : &links.by_year[year];
-    last_year = year;
     *last_count += count;
     const bool has_neighbour = animal > 1 && sire != 0 && dam != 0 && animals.sire.at(animal - 1) == sire &&
                                animals.dam.at(animal - 1) != 0 && have_same_day(animals, animal - 1, animal);
@@ -174,14 +211,27 @@ double count_links_near_year(const Links& links, std::int32_t year) {
   return all;
 }
 
-/// The chance that the parent of a young is just this animal, by its other young of that time.
+/// The chance that the parent of a young is just this animal when nothing but its age is known: so many parents are of
+/// that age, among so many animals of its year and sex.
+double chance_by_age(const Weighing& weighing, ParentRole role, std::int32_t candidate, std::int32_t young) {
+  constexpr double of_each_sex = 0.5;
+  const PedigreeColumns& animals = weighing.animals;
+  const std::int32_t born = animals.birth.at(candidate).year, year = animals.birth.at(young).year;
+  if (born == 0 || year == 0) return 1 / (of_each_sex * static_cast<double>(animals.count()));
+  const ParentAges& ages = role == ParentRole::sire ? weighing.links.sire_ages : weighing.links.dam_ages;
+  const double eligible = of_each_sex * static_cast<double>(weighing.links.born.at(born));
+  return ages.share(std::int64_t{year} - born) / std::max(eligible, 1.0);
+}
+
+/// The chance that the parent of a young is just this animal, by its other young of that time and its age.
 double chance_by_year(const Weighing& weighing, ParentRole role, std::int32_t candidate, const YoungEvidence& known) {
-  constexpr double of_first_young = 0.3;  // an animal without young counts for so many
+  constexpr double of_first_young = 0.3;  // all animals together count for so many young each beside those they have
   const PedigreeColumns& animals = weighing.animals;
   const auto own =
       count_near_year(weighing.links.of(animals.id.at(candidate), role), animals.birth.at(known.young).year);
-  const double eligible = static_cast<double>(animals.count()) / 2;
-  return (static_cast<double>(own) + of_first_young) / (known.links_near_year + of_first_young * eligible + 1);
+  const double first_young = of_first_young * static_cast<double>(animals.count()) / 2;
+  const double by_age = chance_by_age(weighing, role, candidate, known.young);
+  return (static_cast<double>(own) + first_young * by_age) / (known.links_near_year + first_young + 1);
 }
 
 /// Puts the entries of a mate together, in the order of identifications.
@@ -229,9 +279,14 @@ YoungEvidence evidence_of(const Weighing& weighing, ParentRole role, std::int32_
   return known;
 }
 
+/// How likely the litter mates of a young have the same parent.
+double chance_of_same_litter(const Weighing& weighing, ParentRole role) {
+  constexpr double one_sire = 0.97;  // litters with one sire
+  return role == ParentRole::sire ? one_sire : weighing.links.same_dam_share;
+}
+
 /// The chance that the parent of the young is just this animal.
 double chance_of_parent(const Weighing& weighing, ParentRole role, std::int32_t candidate, const YoungEvidence& known) {
-  constexpr double one_sire = 0.97;  // litters with one sire
   const double by_year = chance_by_year(weighing, role, candidate, known);
   const std::int32_t id = weighing.animals.id.at(candidate);
   const auto found = std::lower_bound(known.mates.begin(), known.mates.end(), id,
@@ -240,8 +295,13 @@ double chance_of_parent(const Weighing& weighing, ParentRole role, std::int32_t 
   double chance = by_year;
   if (known.in_all > 0) chance = known.repeats * (own.in_all / known.in_all) + (1 - known.repeats) * by_year;
   if (known.in_litter == 0) return chance;
-  const double of_litter = role == ParentRole::sire ? one_sire : weighing.links.same_dam_share;
+  const double of_litter = chance_of_same_litter(weighing, role);
   return of_litter * (own.in_litter / known.in_litter) + (1 - of_litter) * chance;
+}
+
+/// The chance that the parent of the young is another one than its litter mates have.
+double chance_of_another(const Weighing& weighing, ParentRole role, const YoungEvidence& known) {
+  return known.in_litter > 0 ? 1 - chance_of_same_litter(weighing, role) : 1;
 }
 
 /// The young of one parent without a line by litters: the first of each.
@@ -336,6 +396,11 @@ void weigh_case(const Weighing& weighing, Case& one) {
     }
     one.weights[k] = weight_of(weighing, one, one.near[k], one.weights[k], evidence);
   }
+  double of_another = 0;
+  for (const YoungEvidence& known : evidence) {
+    of_another = std::max(of_another, chance_of_another(weighing, one.missing.role, known));
+  }
+  if (!evidence.empty()) one.genuine_weight *= of_another;
 }
 
 /// Letters and digits of an identification without which ones they are: "AA-9999".
@@ -441,7 +506,7 @@ Rates estimate_rates(std::span<const Case> cases, double links) {
 }
 
 MeantParent decide(const Case& one, const Rates& rates) {
-  constexpr double sure = 0.9;
+  constexpr double sure = 0.8;
   const double all = rates.slips * sum_of(one) + rates.genuine * one.genuine_weight;
   for (std::size_t k = 0; k < one.weights.size(); ++k) {
     if (rates.slips * one.weights[k] > sure * all) return {one.near[k].animal, one.near[k].slip};
@@ -491,6 +556,7 @@ std::vector<MeantParent> find_meant_parents(const PedigreeColumns& animals, std:
   const std::vector<double> genuine = genuine_weights(animals, missing, near, usual_share);
   Links links;
   count_links(animals, links);
+  count_ages(animals, links);
   const Weighing weighing = {animals, links, limits, male_letters};
   Marks is_missing(static_cast<std::size_t>(animals.ids.count()) + 1);
   for (const MissingParent& each : missing) is_missing[static_cast<std::size_t>(each.id)] = 1;

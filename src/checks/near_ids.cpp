@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "checks/readable_text.h"
+#include "core/memory_hints.h"
 #include "text/utf_8.h"
 
 namespace pedigreewatch {
@@ -49,26 +50,38 @@ std::string visible_text(std::string_view id) {
   return text;
 }
 
-/// Appends the loose form of a text without invisible letters.
-void append_loose(std::string& loose, std::string_view id) {
+/// An identification in both forms.
+struct IdForms {
+  std::string compact;
+  std::string loose;  ///< without zeros in front of numbers
+};
+
+/// The forms of a text without invisible letters.
+IdForms forms_of_visible(std::string_view id) {
+  IdForms forms;
+  forms.compact.reserve(id.size());
+  forms.loose.reserve(id.size());
   const bool has_digit = std::any_of(id.begin(), id.end(), is_digit);
   const auto letter_at = [&](std::size_t place) {
     const char letter = capital_of(id[place]);
     if (has_digit && letter == 'O') return '0';
     return has_digit && (letter == 'I' || letter == 'L') ? '1' : letter;
   };
+  bool is_behind_digit = false;  // of the same number, zeros in front of it left out
   for (std::size_t i = 0; i < id.size(); ++i) {
     const char letter = letter_at(i);
     const bool is_sign = !is_digit(letter) && !is_capital(letter) && static_cast<unsigned char>(letter) < 0x80;
-    if (is_sign) continue;
-    const bool is_first = i == 0 || !is_digit(letter_at(i - 1));
-    const bool is_leading_zero = letter == '0' && is_first && i + 1 < id.size() && is_digit(letter_at(i + 1));
-    if (!is_leading_zero) {
-      loose.push_back(letter);
-      continue;
-    }
-    while (i + 2 < id.size() && letter_at(i + 1) == '0' && is_digit(letter_at(i + 2))) ++i;  // the last digit stays
+    const bool goes_on = i + 1 < id.size() && is_digit(letter_at(i + 1));
+    const bool is_leading_zero = letter == '0' && !is_behind_digit && goes_on;
+    if (!is_sign) forms.compact.push_back(letter);
+    if (!is_sign && !is_leading_zero) forms.loose.push_back(letter);
+    is_behind_digit = is_digit(letter) && !is_leading_zero;
   }
+  return forms;
+}
+
+IdForms forms_of(std::string_view id) {
+  return forms_of_visible(is_ascii(id) ? id : std::string_view(visible_text(id)));
 }
 
 Hash mixed(Hash hash) {
@@ -112,28 +125,30 @@ struct WantedHash {
   std::uint32_t place = 0;  ///< among the wanted ones
 };
 
-/// What is sought: the loose forms, all their hashes in order, and which lengths of ends are worth a look.
+/// What is sought: the forms, all their hashes in order, and which lengths of ends are worth a look.
 struct Sought {
-  std::vector<std::string> texts;
+  std::vector<IdForms> ids;
   std::vector<WantedHash> hashes;
   std::vector<std::uint64_t> filter;   ///< a small map of hashes, so that nearly all others cost one look
   std::vector<std::uint32_t> buckets;  ///< where the hashes with the same first bits begin
   int bucket_bits = 0;
   std::vector<std::size_t> end_lengths;
 
-  bool may_have(Hash hash) const { return (filter[hash / 64 % filter.size()] >> (hash % 64) & 1U) != 0; }
+  std::size_t word_of(Hash hash) const { return hash / 64 & (filter.size() - 1); }  // their number is a power of two
+  bool may_have(Hash hash) const { return (filter[word_of(hash)] >> (hash % 64) & 1U) != 0; }
+  void fetch_early_of(Hash hash) const { fetch_early(&filter[word_of(hash)]); }
   std::size_t bucket_of(Hash hash) const { return hash >> (64 - bucket_bits); }
 };
 
 /// Makes the map and the buckets of the hashes, which are in order.
 void index_hashes(Sought& sought) {
   constexpr std::size_t bits_per_hash = 32;
-  const std::size_t count = std::bit_ceil(sought.hashes.size() + 1);
+  const std::size_t count = std::bit_ceil(sought.hashes.size() + 2);
   sought.filter.assign(count * bits_per_hash / 64, 0);
   sought.bucket_bits = std::max(std::countr_zero(count), 1);
   sought.buckets.assign((std::size_t{1} << sought.bucket_bits) + 1, 0);
   for (const WantedHash& each : sought.hashes) {
-    sought.filter[each.hash / 64 % sought.filter.size()] |= std::uint64_t{1} << (each.hash % 64);
+    sought.filter[sought.word_of(each.hash)] |= std::uint64_t{1} << (each.hash % 64);
     ++sought.buckets[sought.bucket_of(each.hash) + 1];
   }
   std::partial_sum(sought.buckets.begin(), sought.buckets.end(), sought.buckets.begin());
@@ -151,6 +166,14 @@ std::string_view without_zeros(std::string_view digits) {
   return digits.substr(std::min(digits.find_first_not_of('0'), digits.size()));
 }
 
+Hash hash_of_whole(std::string_view text) {
+  Hash hash = 0;
+  for (const char letter : text.substr(0, longest_id)) {
+    hash = hash * letter_factor + static_cast<unsigned char>(letter) + Hash{1};
+  }
+  return mixed(hash);
+}
+
 /// The hash of the number behind a prefix of this length; `hashes` are those of the whole text.
 Hash hash_of_number(const TextHashes& hashes, std::string_view text, std::size_t prefix) {
   text = text.substr(0, longest_id);
@@ -166,10 +189,11 @@ Sought prepare_search(const PedigreeColumns& animals, std::span<const std::int32
     sought.hashes.push_back({hash, static_cast<std::uint32_t>(place)});
   };
   for (std::size_t place = 0; place < wanted.size(); ++place) {
-    sought.texts.push_back(loose_id(animals.ids.at(wanted[place])));
-    const std::string_view text = sought.texts.back();
+    sought.ids.push_back(forms_of(animals.ids.at(wanted[place])));
+    const std::string_view text = sought.ids.back().compact;
     hash_text(text, hashes);
     for (std::size_t k = 0; k < hashes.count; ++k) add_hash(hashes.hashes[k], place);
+    add_hash(hash_of_whole(sought.ids.back().loose), place);
     const std::size_t prefix = prefix_length(text);
     if (prefix > 0) add_hash(hash_of_number(hashes, text, prefix), place);
     const auto known = std::find(sought.end_lengths.begin(), sought.end_lengths.end(), text.size());
@@ -190,6 +214,10 @@ Sought prepare_search(const PedigreeColumns& animals, std::span<const std::int32
 struct Found {
   std::vector<std::vector<NearAnimal>> near;
 
+  bool has(std::size_t place, std::int32_t animal) const {
+    return std::any_of(near[place].begin(), near[place].end(),
+                       [&](const NearAnimal& each) { return each.animal == animal; });
+  }
   void add(std::size_t place, std::int32_t animal, Slip slip) {
     constexpr std::size_t most = 4000;
     std::vector<NearAnimal>& list = near[place];
@@ -198,7 +226,11 @@ struct Found {
   }
 };
 
-void look_up(const Sought& sought, Hash hash, std::string_view text, std::int32_t animal, Found& found) {
+Slip slip_of_forms(const IdForms& written, const IdForms& meant) {
+  return written.loose == meant.loose ? Slip::format : slip_between(written.compact, meant.compact);
+}
+
+void look_up(const Sought& sought, Hash hash, const IdForms& id, std::int32_t animal, Found& found) {
   if (!sought.may_have(hash)) return;
   const std::size_t bucket = sought.bucket_of(hash);
   auto each = sought.hashes.begin() + sought.buckets[bucket];
@@ -206,21 +238,61 @@ void look_up(const Sought& sought, Hash hash, std::string_view text, std::int32_
   while (each != end && each->hash < hash) ++each;
   constexpr int most_looked_at = 300;  // ids that all have one letter in common place are no slips
   for (int k = 0; k < most_looked_at && each != end && each->hash == hash; ++k, ++each) {
-    const Slip slip = slip_between(sought.texts[each->place], text);
+    const Slip slip = slip_of_forms(sought.ids[each->place], id);
     if (slip != Slip::none && slip != Slip::two) found.add(each->place, animal, slip);
   }
 }
 
-/// Looks up an animal's identification in its loose form.
-void look_up_all(const Sought& sought, std::string_view text, std::int32_t animal, TextHashes& hashes, Found& found) {
-  hash_text(text, hashes);
-  for (std::size_t k = 0; k < hashes.count; ++k) look_up(sought, hashes.hashes[k], text, animal, found);
+/// An animal whose identification waits until what its hashes lead to has come from memory.
+struct WaitingAnimal {
+  IdForms id;
+  std::int32_t animal = 0;
+  TextHashes hashes;
+};
+using WaitingAnimals = std::array<WaitingAnimal, 4>;
+
+void begin_search(const Sought& sought, IdForms id, std::int32_t animal, WaitingAnimal& waiting) {
+  waiting.id = std::move(id);
+  waiting.animal = animal;
+  hash_text(waiting.id.compact, waiting.hashes);
+  for (std::size_t k = 0; k < waiting.hashes.count; ++k) sought.fetch_early_of(waiting.hashes.hashes[k]);
+}
+
+/// Looks up an animal's identification.
+void look_up_all(const Sought& sought, const WaitingAnimal& waiting, Found& found) {
+  const TextHashes& hashes = waiting.hashes;
+  const IdForms& id = waiting.id;
+  if (id.loose.size() != id.compact.size()) look_up(sought, hash_of_whole(id.loose), id, waiting.animal, found);
+  for (std::size_t k = 0; k < hashes.count; ++k) look_up(sought, hashes.hashes[k], id, waiting.animal, found);
   for (const std::size_t length : sought.end_lengths) {
     if (length + 1 >= hashes.length || length + most_lacking < hashes.length) continue;
-    look_up(sought, mixed(hashes.ends[hashes.length - length]), text, animal, found);
+    look_up(sought, mixed(hashes.ends[hashes.length - length]), id, waiting.animal, found);
   }
-  const std::size_t prefix = prefix_length(text);
-  if (prefix > 0) look_up(sought, hash_of_number(hashes, text, prefix), text, animal, found);
+  const std::size_t prefix = prefix_length(id.compact);
+  if (prefix > 0) look_up(sought, hash_of_number(hashes, id.compact, prefix), id, waiting.animal, found);
+}
+
+/// Looks up all animals, each some turns after the search for it has begun. `compact_ids` get the forms that are
+/// compared in pairs, unless there is no room for them.
+void look_up_animals(const PedigreeColumns& animals, const Sought& sought, std::span<std::string> compact_ids,
+                     Found& found) {
+  WaitingAnimals waiting;
+  std::size_t count = 0;
+  const auto finish = [&](std::size_t number) {
+    WaitingAnimal& done = waiting[number % waiting.size()];
+    look_up_all(sought, done, found);
+    const auto place = static_cast<std::size_t>(animals.id.at(done.animal));
+    if (!compact_ids.empty()) compact_ids[place] = std::move(done.id.compact);
+  };
+  for (std::int32_t id = 1; id <= animals.ids.count(); ++id) {
+    const std::int32_t animal = animals.animal_of[id];
+    if (animal == 0) continue;
+    IdForms forms = forms_of(animals.ids.at(id));
+    if (forms.compact.empty()) continue;
+    if (count >= waiting.size()) finish(count);
+    begin_search(sought, std::move(forms), animal, waiting[count++ % waiting.size()]);
+  }
+  for (std::size_t k = count - std::min(count, waiting.size()); k < count; ++k) finish(k);
 }
 
 /// Which of 64 letters occur: two slips change four of them at most.
@@ -230,22 +302,23 @@ std::uint64_t letters_in(std::string_view text) {
   return letters;
 }
 
-void compare_pairs(const PedigreeColumns& animals, std::span<const std::string> wanted,
-                   std::span<const std::string> loose_ids, Found& found) {
+void compare_pairs(const PedigreeColumns& animals, std::span<const IdForms> wanted,
+                   std::span<const std::string> compact_ids, Found& found) {
   constexpr int most_changed = 4;
-  constexpr std::size_t shortest_number = 8, shortest = 6;
+  constexpr std::size_t shortest = 5;
   std::vector<std::uint64_t> letters;
-  for (const std::string& text : wanted) letters.push_back(letters_in(text));
+  for (const IdForms& id : wanted) letters.push_back(letters_in(id.compact));
   for (std::int32_t id = 1; id <= animals.ids.count(); ++id) {
     const std::int32_t animal = animals.animal_of[id];
     if (animal == 0) continue;
-    const std::string& text = loose_ids[static_cast<std::size_t>(id)];
+    const std::string& text = compact_ids[static_cast<std::size_t>(id)];
     const std::uint64_t own = letters_in(text);
     for (std::size_t place = 0; place < wanted.size(); ++place) {
-      const std::string& written = wanted[place];
+      const std::string& written = wanted[place].compact;
       if (written.size() < shortest || std::popcount(letters[place] ^ own) > most_changed) continue;
-      if (written.size() < shortest_number && has_only_digits(written)) continue;
-      if (slip_between(written, text) == Slip::two) found.near[place].push_back({animal, Slip::two});
+      if (slip_between(written, text) == Slip::two && !found.has(place, animal)) {
+        found.near[place].push_back({animal, Slip::two});
+      }
     }
   }
 }
@@ -307,20 +380,21 @@ Slip single_slip(std::string_view written, std::string_view meant, std::size_t f
 /// Whether one of the texts is the number of the other without its prefix.
 bool is_prefix_slip(std::string_view shorter, std::string_view longer) {
   const std::size_t prefix = prefix_length(longer);
-  return prefix > 0 && has_only_digits(shorter) && without_zeros(longer.substr(prefix)) == shorter;
+  return prefix > 0 && has_only_digits(shorter) && without_zeros(longer.substr(prefix)) == without_zeros(shorter);
 }
 
 }  // namespace
 
 std::string loose_id(std::string_view id) {
-  std::string loose;
-  loose.reserve(id.size());
-  if (is_ascii(id)) {
-    append_loose(loose, id);
-  } else {
-    append_loose(loose, visible_text(id));
-  }
-  return loose;
+  return forms_of(id).loose;
+}
+
+std::string compact_id(std::string_view id) {
+  return forms_of(id).compact;
+}
+
+Slip slip_of_ids(std::string_view written, std::string_view meant) {
+  return slip_of_forms(forms_of(written), forms_of(meant));
 }
 
 bool is_one_letter_off(std::string_view a, std::string_view b) {
@@ -374,17 +448,9 @@ std::vector<std::vector<NearAnimal>> find_near_animals(const PedigreeColumns& an
   constexpr std::size_t most_pairs = 3'000'000;
   compared_count = std::min(compared_count, wanted.size());
   const bool compares_pairs = compared_count * static_cast<std::size_t>(animals.count()) <= most_pairs;
-  std::vector<std::string> loose_ids(compares_pairs ? static_cast<std::size_t>(animals.ids.count()) + 1 : 0);
-  TextHashes hashes;
-  for (std::int32_t id = 1; id <= animals.ids.count(); ++id) {
-    const std::int32_t animal = animals.animal_of[id];
-    if (animal == 0) continue;
-    std::string text = loose_id(animals.ids.at(id));
-    if (text.empty()) continue;
-    look_up_all(sought, text, animal, hashes, found);
-    if (compares_pairs) loose_ids[static_cast<std::size_t>(id)] = std::move(text);
-  }
-  if (compares_pairs) compare_pairs(animals, std::span(sought.texts).first(compared_count), loose_ids, found);
+  std::vector<std::string> compact_ids(compares_pairs ? static_cast<std::size_t>(animals.ids.count()) + 1 : 0);
+  look_up_animals(animals, sought, compact_ids, found);
+  if (compares_pairs) compare_pairs(animals, std::span(sought.ids).first(compared_count), compact_ids, found);
   return std::move(found.near);
 }
 

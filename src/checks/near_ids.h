@@ -15,6 +15,9 @@ namespace pedigreewatch {
 /// invisible letters, without zeros in front of a number, and, where there is a digit at all, O as 0 and I and L as 1.
 std::string loose_id(std::string_view id);
 
+/// The same with the zeros.
+std::string compact_id(std::string_view id);
+
 /// How an identification became another one.
 enum class Slip : std::uint8_t {
   none,
@@ -32,8 +35,12 @@ enum class Slip : std::uint8_t {
   two,           ///< two of these
 };
 
-/// By which slip somebody writes `written` who means `meant`, both as `loose_id` yields them.
+/// By which slip somebody writes `written` who means `meant`, both as `compact_id` yields them.
 Slip slip_between(std::string_view written, std::string_view meant);
+
+/// The same of identifications as they stand in the file: the zeros of a number that is written without them may be
+/// lacking, or others, but they count where another letter or digit is wrong.
+Slip slip_of_ids(std::string_view written, std::string_view meant);
 
 /// How likely somebody who means an identification of this length, and slips, writes just this other one.
 double chance_of(Slip slip, std::size_t length);

@@ -54,7 +54,7 @@ void keep_repeated(std::vector<HashedAnimal>& hashed) {
   const std::size_t words = std::bit_ceil(hashed.size() * bits_per_animal / 64 + 1);
   std::vector<std::uint64_t> once(words), twice(words);
   const auto bit_of = [](const HashedAnimal& each) { return std::uint64_t{1} << (each.hash % 64); };
-  const auto word_of = [&](const HashedAnimal& each) { return each.hash / 64 % words; };
+  const auto word_of = [&](const HashedAnimal& each) { return each.hash / 64 & (words - 1); };
   for (const HashedAnimal& each : hashed) {
     twice[word_of(each)] |= once[word_of(each)] & bit_of(each);
     once[word_of(each)] |= bit_of(each);

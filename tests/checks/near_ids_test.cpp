@@ -111,6 +111,17 @@ TEST(SlipBetween, TellsTheSlipsApart) {
   }
 }
 
+// Zeros in front may be written or not; where another digit is wrong they are digits like all others.
+TEST(SlipOfIds, ZerosInFrontCountBesideAnotherSlip) {
+  EXPECT_EQ(slip_of_ids("HS-117", "HS-00117"), Slip::format);
+  EXPECT_EQ(slip_of_ids("DE0910400074", "DE 09 104 00074"), Slip::format);
+  EXPECT_EQ(slip_of_ids("00087", "HS-00087"), Slip::prefix);
+  EXPECT_EQ(slip_of_ids("87", "HS-00087"), Slip::prefix);
+  EXPECT_EQ(slip_of_ids("HS-70117", "HS-00117"), Slip::digit);
+  EXPECT_EQ(slip_of_ids("200602", "00602"), Slip::too_many);
+  EXPECT_EQ(slip_of_ids("14040", "00040"), Slip::two);
+}
+
 TEST(ChanceOf, AnExchangeIsLikelierThanAnotherDigit) {
   EXPECT_GT(chance_of(Slip::format, 8), chance_of(Slip::exchange, 8));
   EXPECT_GT(chance_of(Slip::exchange, 8), chance_of(Slip::digit, 8));
@@ -143,15 +154,15 @@ TEST(FindNearAnimals, FindsWhatTheComparisonOfAllPairsFinds) {
     const std::vector<std::int32_t> wanted = ids_without_animal(animals);
     const auto found = find_near_animals(animals, wanted);
     for (std::size_t k = 0; k < wanted.size(); ++k) {
-      const std::string text = loose_id(animals.ids.at(wanted[k]));
+      const std::string text = compact_id(animals.ids.at(wanted[k]));
       std::set<std::int32_t> near;
       for (const NearAnimal& each : found[k]) near.insert(each.animal);
       for (std::int32_t other = 1; other <= animals.ids.count(); ++other) {
         const std::int32_t animal = animals.animal_of[other];
-        const Slip slip = animal == 0 ? Slip::none : slip_between(text, loose_id(animals.ids.at(other)));
+        const Slip slip = animal == 0 ? Slip::none : slip_of_ids(animals.ids.at(wanted[k]), animals.ids.at(other));
         // Two slips are sought in longer texts only.
-        const bool is_near = slip != Slip::none && (slip != Slip::two || text.size() >= 6);
-        if (animal != 0 && (slip != Slip::two || text.size() >= 6)) {
+        const bool is_near = slip != Slip::none && (slip != Slip::two || text.size() >= 5);
+        if (animal != 0 && (slip != Slip::two || text.size() >= 5)) {
           EXPECT_EQ(near.count(animal) == 1, is_near) << text << " " << animals.ids.at(other);
         }
       }
