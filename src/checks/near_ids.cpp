@@ -115,9 +115,103 @@ void hash_text(std::string_view text, TextHashes& result) {
   result.hashes[result.count++] = mixed(result.ends[0]);
   Hash before = 0;  // of the letters before the one left out, as if the rest had one letter less
   for (std::size_t i = 0; i < n; ++i) {
-    result.hashes[result.count++] = mixed(before + result.ends[i + 1]);
+    const bool is_like_last = i > 0 && text[i] == text[i - 1];  // without it the same is left
+    if (!is_like_last) result.hashes[result.count++] = mixed(before + result.ends[i + 1]);
     if (i + 1 < n) before += (static_cast<unsigned char>(text[i]) + Hash{1}) * powers[n - 2 - i];
   }
+}
+
+constexpr std::size_t shortest_end = 4, most_lacking = 8;
+
+/// Where the number begins behind the letters of a prefix; 0: there is no such prefix.
+std::size_t prefix_length(std::string_view loose) {
+  constexpr std::size_t fewest_digits = 3;
+  const auto first_digit = static_cast<std::size_t>(std::find_if(loose.begin(), loose.end(), is_digit) - loose.begin());
+  const bool is_number = has_only_digits(loose.substr(first_digit)) && loose.size() >= first_digit + fewest_digits;
+  return is_number ? first_digit : 0;
+}
+
+std::string_view without_zeros(std::string_view digits) {
+  return digits.substr(std::min(digits.find_first_not_of('0'), digits.size()));
+}
+
+bool look_alike(char a, char b) {
+  constexpr std::array<std::string_view, 6> groups = {"5S", "8B", "2Z", "6G", "0DQ", "UV"};
+  return std::any_of(groups.begin(), groups.end(), [&](std::string_view group) {
+    return group.find(a) != std::string_view::npos && group.find(b) != std::string_view::npos;
+  });
+}
+
+/// The number of slips between two texts, changes of neighbours among them (Damerau, 1964), if it is two at most;
+/// more than two otherwise.
+std::size_t distance_up_to_two(std::string_view a, std::string_view b) {
+  constexpr std::size_t far = 3, band = 2;
+  if (a.size() > b.size()) std::swap(a, b);
+  if (b.size() - a.size() > band || b.size() > longest_id) return far;
+  std::array<std::array<std::size_t, longest_id + 2>, 3> rows = {};
+  for (std::size_t j = 0; j <= b.size(); ++j) rows[0][j] = j;
+  for (std::size_t i = 1; i <= a.size(); ++i) {
+    auto &row = rows[i % 3], &last = rows[(i + 2) % 3], &before_last = rows[(i + 1) % 3];
+    const std::size_t first = i > band ? i - band : 0, end = std::min(b.size(), i + band);
+    std::size_t least = far;
+    for (std::size_t j = first; j <= end; ++j) {
+      std::size_t value = far;
+      if (j == 0) value = i;
+      if (j > 0) value = std::min(value, last[j - 1] + (a[i - 1] == b[j - 1] ? 0 : 1));
+      if (j < i + band || j == 0) value = std::min(value, last[j] + 1);
+      if (j > first) value = std::min(value, row[j - 1] + 1);
+      const bool is_exchange = i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1];
+      if (is_exchange && j - 2 + band >= i - 2) value = std::min(value, before_last[j - 2] + 1);
+      row[j] = value;
+      least = std::min(least, value);
+    }
+    if (least >= far) return far;
+  }
+  return std::min(rows[a.size() % 3][b.size()], far);
+}
+
+/// The slip of texts that differ from `first` on, up to a common end.
+Slip single_slip(std::string_view written, std::string_view meant, std::size_t first) {
+  const std::string_view rest = written.substr(first), other = meant.substr(first);
+  if (rest.size() + 1 == other.size() && rest == other.substr(1)) {
+    if (rest.empty()) return Slip::last_lacking;
+    return (first > 0 && meant[first - 1] == other[0]) || rest[0] == other[0] ? Slip::doubled : Slip::lacking;
+  }
+  if (rest.size() == other.size() + 1 && rest.substr(1) == other) {
+    return first > 0 && written[first - 1] == rest[0] ? Slip::doubled : Slip::too_many;
+  }
+  if (rest.size() != other.size() || rest.empty()) return Slip::none;
+  if (rest.substr(1) == other.substr(1)) {
+    if (look_alike(rest[0], other[0])) return Slip::look_alike;
+    return is_digit(rest[0]) && is_digit(other[0]) ? Slip::digit : Slip::letter;
+  }
+  const bool is_exchange = rest.size() >= 2 && rest[0] == other[1] && rest[1] == other[0];
+  return is_exchange && rest.substr(2) == other.substr(2) ? Slip::exchange : Slip::none;
+}
+
+/// Whether one of the texts is the number of the other without its prefix.
+bool is_prefix_slip(std::string_view shorter, std::string_view longer) {
+  const std::size_t prefix = prefix_length(longer);
+  return prefix > 0 && has_only_digits(shorter) && without_zeros(longer.substr(prefix)) == without_zeros(shorter);
+}
+
+bool are_too_short(std::string_view a, std::string_view b) {
+  constexpr std::size_t shortest = 3;
+  return std::min(a.size(), b.size()) + 1 < shortest;
+}
+
+/// One slip or none; whether there are two is not looked at.
+Slip slip_up_to_one(std::string_view written, std::string_view meant) {
+  if (written == meant) return Slip::format;
+  if (is_prefix_slip(written, meant) || is_prefix_slip(meant, written)) return Slip::prefix;
+  const std::size_t shorter = std::min(written.size(), meant.size());
+  std::size_t first = 0;
+  while (first < shorter && written[first] == meant[first]) ++first;
+  if (are_too_short(written, meant)) return Slip::none;
+  const Slip single = single_slip(written, meant, first);
+  if (single != Slip::none) return single;
+  const bool is_end = written.size() >= shortest_end && meant.size() > written.size() + 1 && meant.ends_with(written);
+  return is_end && meant.size() <= written.size() + most_lacking ? Slip::beginning : Slip::none;
 }
 
 struct WantedHash {
@@ -154,18 +248,6 @@ void index_hashes(Sought& sought) {
   std::partial_sum(sought.buckets.begin(), sought.buckets.end(), sought.buckets.begin());
 }
 
-/// Where the number begins behind the letters of a prefix; 0: there is no such prefix.
-std::size_t prefix_length(std::string_view loose) {
-  constexpr std::size_t fewest_digits = 3;
-  const auto first_digit = static_cast<std::size_t>(std::find_if(loose.begin(), loose.end(), is_digit) - loose.begin());
-  const bool is_number = has_only_digits(loose.substr(first_digit)) && loose.size() >= first_digit + fewest_digits;
-  return is_number ? first_digit : 0;
-}
-
-std::string_view without_zeros(std::string_view digits) {
-  return digits.substr(std::min(digits.find_first_not_of('0'), digits.size()));
-}
-
 Hash hash_of_whole(std::string_view text) {
   Hash hash = 0;
   for (const char letter : text.substr(0, longest_id)) {
@@ -179,8 +261,6 @@ Hash hash_of_number(const TextHashes& hashes, std::string_view text, std::size_t
   text = text.substr(0, longest_id);
   return mixed(hashes.ends[text.size() - without_zeros(text.substr(std::min(prefix, text.size()))).size()]);
 }
-
-constexpr std::size_t shortest_end = 4, most_lacking = 8;
 
 Sought prepare_search(const PedigreeColumns& animals, std::span<const std::int32_t> wanted) {
   Sought sought;
@@ -226,10 +306,6 @@ struct Found {
   }
 };
 
-Slip slip_of_forms(const IdForms& written, const IdForms& meant) {
-  return written.loose == meant.loose ? Slip::format : slip_between(written.compact, meant.compact);
-}
-
 void look_up(const Sought& sought, Hash hash, const IdForms& id, std::int32_t animal, Found& found) {
   if (!sought.may_have(hash)) return;
   const std::size_t bucket = sought.bucket_of(hash);
@@ -238,8 +314,9 @@ void look_up(const Sought& sought, Hash hash, const IdForms& id, std::int32_t an
   while (each != end && each->hash < hash) ++each;
   constexpr int most_looked_at = 300;  // ids that all have one letter in common place are no slips
   for (int k = 0; k < most_looked_at && each != end && each->hash == hash; ++k, ++each) {
-    const Slip slip = slip_of_forms(sought.ids[each->place], id);
-    if (slip != Slip::none && slip != Slip::two) found.add(each->place, animal, slip);
+    const IdForms& written = sought.ids[each->place];
+    const Slip slip = written.loose == id.loose ? Slip::format : slip_up_to_one(written.compact, id.compact);
+    if (slip != Slip::none) found.add(each->place, animal, slip);
   }
 }
 
@@ -323,66 +400,6 @@ void compare_pairs(const PedigreeColumns& animals, std::span<const IdForms> want
   }
 }
 
-bool look_alike(char a, char b) {
-  constexpr std::array<std::string_view, 6> groups = {"5S", "8B", "2Z", "6G", "0DQ", "UV"};
-  return std::any_of(groups.begin(), groups.end(), [&](std::string_view group) {
-    return group.find(a) != std::string_view::npos && group.find(b) != std::string_view::npos;
-  });
-}
-
-/// The number of slips between two texts, changes of neighbours among them (Damerau, 1964), if it is two at most;
-/// more than two otherwise.
-std::size_t distance_up_to_two(std::string_view a, std::string_view b) {
-  constexpr std::size_t far = 3, band = 2;
-  if (a.size() > b.size()) std::swap(a, b);
-  if (b.size() - a.size() > band || b.size() > longest_id) return far;
-  std::array<std::array<std::size_t, longest_id + 2>, 3> rows = {};
-  for (std::size_t j = 0; j <= b.size(); ++j) rows[0][j] = j;
-  for (std::size_t i = 1; i <= a.size(); ++i) {
-    auto &row = rows[i % 3], &last = rows[(i + 2) % 3], &before_last = rows[(i + 1) % 3];
-    const std::size_t first = i > band ? i - band : 0, end = std::min(b.size(), i + band);
-    std::size_t least = far;
-    for (std::size_t j = first; j <= end; ++j) {
-      std::size_t value = far;
-      if (j == 0) value = i;
-      if (j > 0) value = std::min(value, last[j - 1] + (a[i - 1] == b[j - 1] ? 0 : 1));
-      if (j < i + band || j == 0) value = std::min(value, last[j] + 1);
-      if (j > first) value = std::min(value, row[j - 1] + 1);
-      const bool is_exchange = i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1];
-      if (is_exchange && j - 2 + band >= i - 2) value = std::min(value, before_last[j - 2] + 1);
-      row[j] = value;
-      least = std::min(least, value);
-    }
-    if (least >= far) return far;
-  }
-  return std::min(rows[a.size() % 3][b.size()], far);
-}
-
-/// The slip of texts that differ from `first` on, up to a common end.
-Slip single_slip(std::string_view written, std::string_view meant, std::size_t first) {
-  const std::string_view rest = written.substr(first), other = meant.substr(first);
-  if (rest.size() + 1 == other.size() && rest == other.substr(1)) {
-    if (rest.empty()) return Slip::last_lacking;
-    return (first > 0 && meant[first - 1] == other[0]) || rest[0] == other[0] ? Slip::doubled : Slip::lacking;
-  }
-  if (rest.size() == other.size() + 1 && rest.substr(1) == other) {
-    return first > 0 && written[first - 1] == rest[0] ? Slip::doubled : Slip::too_many;
-  }
-  if (rest.size() != other.size() || rest.empty()) return Slip::none;
-  if (rest.substr(1) == other.substr(1)) {
-    if (look_alike(rest[0], other[0])) return Slip::look_alike;
-    return is_digit(rest[0]) && is_digit(other[0]) ? Slip::digit : Slip::letter;
-  }
-  const bool is_exchange = rest.size() >= 2 && rest[0] == other[1] && rest[1] == other[0];
-  return is_exchange && rest.substr(2) == other.substr(2) ? Slip::exchange : Slip::none;
-}
-
-/// Whether one of the texts is the number of the other without its prefix.
-bool is_prefix_slip(std::string_view shorter, std::string_view longer) {
-  const std::size_t prefix = prefix_length(longer);
-  return prefix > 0 && has_only_digits(shorter) && without_zeros(longer.substr(prefix)) == without_zeros(shorter);
-}
-
 }  // namespace
 
 std::string loose_id(std::string_view id) {
@@ -394,7 +411,8 @@ std::string compact_id(std::string_view id) {
 }
 
 Slip slip_of_ids(std::string_view written, std::string_view meant) {
-  return slip_of_forms(forms_of(written), forms_of(meant));
+  const IdForms a = forms_of(written), b = forms_of(meant);
+  return a.loose == b.loose ? Slip::format : slip_between(a.compact, b.compact);
 }
 
 bool is_one_letter_off(std::string_view a, std::string_view b) {
@@ -403,17 +421,8 @@ bool is_one_letter_off(std::string_view a, std::string_view b) {
 }
 
 Slip slip_between(std::string_view written, std::string_view meant) {
-  if (written == meant) return Slip::format;
-  if (is_prefix_slip(written, meant) || is_prefix_slip(meant, written)) return Slip::prefix;
-  const std::size_t shorter = std::min(written.size(), meant.size());
-  std::size_t first = 0;
-  while (first < shorter && written[first] == meant[first]) ++first;
-  constexpr std::size_t shortest = 3;
-  if (std::min(written.size(), meant.size()) + 1 < shortest) return Slip::none;
-  const Slip single = single_slip(written, meant, first);
-  if (single != Slip::none) return single;
-  const bool is_end = written.size() >= shortest_end && meant.size() > written.size() + 1 && meant.ends_with(written);
-  if (is_end && meant.size() <= written.size() + most_lacking) return Slip::beginning;
+  const Slip slip = slip_up_to_one(written, meant);
+  if (slip != Slip::none || are_too_short(written, meant)) return slip;
   return distance_up_to_two(written, meant) <= 2 ? Slip::two : Slip::none;
 }
 

@@ -44,26 +44,26 @@ TEST(FindMeantParents, AnAnimalOfTheOtherSexOrTooYoungIsNotMeant) {
   EXPECT_EQ(count_of(checked_sheep(herd + "HS-5000;m;05-06-2005;hs1300;HS-4711\n"), FindingCode::parent_spelling), 1);
 }
 
-// The ewes of 2000 have lambs in 2002, those of 2010 in 2012: 1007 and 2007 are both one digit away, but one of them
+// The ewes of 2000 have lambs in 2002, those of 2010 in 2012: 52007 and 72007 are both one sign away, but one of them
 // would be twelve years old.
 TEST(FindMeantParents, TheUsualAgeOfParentsTellsTwoNumbersApart) {
   std::string data = "id;sex;birthdate;sire;dam\nR-1;m;01-02-2000;;\nR-2;m;01-02-2010;;\n";
-  for (const int first : {1000, 2000}) {
-    const std::string born = first == 1000 ? "2000" : "2010", lambed = first == 1000 ? "2002" : "2012";
-    for (int k = first; k < first + 40; ++k) {
+  const auto add_ewes = [&](int first, const std::string& born, const std::string& lambed, const std::string& parents) {
+    for (int k = first; k < first + 40 * 113; k += 113) {
       const std::string ewe = "HS-" + std::to_string(k), lamb = "L" + std::to_string(k);
-      const std::string dam = k == 2007 ? "HS-3007" : k == 1007 ? "" : ewe;
-      data += ewe + ";f;05-02-" + born + ";;\n";
-      data += lamb + ";m;0" + std::to_string(k % 9 + 1) + "-03-" + lambed + ";R-" + (first == 1000 ? "1;" : "2;") +
-              dam + "\n";
+      data.append(ewe).append(";f;05-02-").append(born).append(";;\n");
+      data.append(lamb).append(";m;08-03-").append(lambed).append(";").append(parents);
+      data.append(k == 72007 ? "HS-X2007" : k == 52007 ? "" : ewe).append("\n");
     }
-  }
+  };
+  add_ewes(52007, "2000", "2002", "R-1;");
+  add_ewes(72007, "2010", "2012", "R-2;");
   const CheckResult result = checked_sheep(data);
   ASSERT_EQ(count_of(result, FindingCode::parent_one_letter), 1);
   for (const Finding& finding : result.findings.list) {
     if (finding.code != FindingCode::parent_one_letter) continue;
-    EXPECT_EQ(result.findings.texts.at(finding.text), "HS-3007");
-    EXPECT_EQ(result.findings.texts.at(finding.other_text), "HS-2007");
+    EXPECT_EQ(result.findings.texts.at(finding.text), "HS-X2007");
+    EXPECT_EQ(result.findings.texts.at(finding.other_text), "HS-72007");
   }
 }
 

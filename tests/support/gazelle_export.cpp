@@ -85,7 +85,7 @@ std::vector<PlantedFault> plant_faults(std::vector<Gazelle>& herd) {
     std::string& parent = line == 1240 ? in_line(herd, line).dam : in_line(herd, line).sire;
     const std::string meant = parent;
     parent = mistyped(parent);
-    if (line == 1245) {
+    if (line != 1235) {
       faults.push_back({"a mistyped parent", "parent-one-letter", line, "is \"" + meant + "\""});
     } else {  // of numbers in a row several are near, and nothing tells which of them is meant
       faults.push_back({"a mistyped parent", "parent-missing", line, "\"" + parent + "\""});
