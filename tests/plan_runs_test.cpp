@@ -348,6 +348,29 @@ TEST(PlanRun, AListTellsTheSexOfAnAnimalThatHasNone) {
   EXPECT_TRUE(has(unknown.messages, "p.txt, line 1: \"ko\": the data file does not tell the sex")) << unknown.messages;
 }
 
+// Ad 1.5 and Bo 2.5 have one mating each: their mean, and that of the females, which is 3.
+TEST(PlanRun, ReadsADecimalCommaBehindABlank) {
+  const WholeRun run = plan(with_lists({"--values", "v.txt", "--rate", "100"}),
+                            and_file("v.txt", "ad 1,5\nbo\t2,5\neva,3.0\nfie;3,0\n"));
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_TRUE(has(run.console, "mean breeding value within the limits at a kinship of at most 1.00000000: 2.7500"))
+      << run.console;
+}
+
+TEST(PlanRun, ReadsIdentificationsWithBlanks) {
+  const std::string spaced =
+      "id;sex;birthdate;sire;dam\nNL 1;m;01-01-2010;;\nNL 2;m;01-01-2010;;\nNL 3;f;01-01-2010;;\n"
+      "NL 4;m;01-01-2013;NL 1;NL 3\n";
+  Files files = files_of(spaced, {});
+  files["m.txt"] = "NL 1\nNL 2\n";
+  files["f.txt"] = "NL 3\n";
+  files["n.txt"] = "NL 1 0\nNL 2 1-2\n";
+  const WholeRun run = run_program_on(
+      files, tools_with({"plan", "--males", "m.txt", "--females", "f.txt", "--matings", "1", "--numbers", "n.txt"}));
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_TRUE(has(run.file("dogs_plan.tsv"), "\nNL 3\tNL 2\t1\t")) << run.file("dogs_plan.tsv");
+}
+
 TEST(PlanRun, RefusesTwoValuesOfOneAnimal) {
   for (const std::string option : {"--values", "--numbers"}) {
     const WholeRun run = plan(with_lists({option, "x.txt"}), and_file("x.txt", "ad 1\nbo 1\nad 2\n"));

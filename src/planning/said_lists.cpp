@@ -59,13 +59,20 @@ std::string_view without_blanks(std::string_view text) {
 }
 
 /// Two fields of a line; the second is empty where nothing divides them.
-std::pair<std::string_view, std::string_view> fields_of(std::string_view line) {
-  for (const char separator : {'\t', ';', ',', ' '}) {
-    const std::size_t place = line.find(separator);
-    if (place == std::string_view::npos) continue;
-    return {without_blanks(line.substr(0, place)), without_blanks(line.substr(place + 1))};
-  }
-  return {line, {}};
+using LineFields = std::pair<std::string_view, std::string_view>;
+
+/// The ways to read a line as two fields, the likeliest first: a comma may be that of a decimal behind a blank, and a
+/// blank may stand within an identification.
+std::vector<LineFields> readings_of(std::string_view line) {
+  std::vector<LineFields> readings;
+  const auto cut_at = [&](std::size_t place) {
+    if (place == std::string_view::npos) return;
+    readings.emplace_back(without_blanks(line.substr(0, place)), without_blanks(line.substr(place + 1)));
+  };
+  for (const char separator : {'\t', ';', ',', ' '}) cut_at(line.find(separator));
+  if (line.find(' ') != line.rfind(' ')) cut_at(line.rfind(' '));
+  if (readings.empty()) readings.emplace_back(line, std::string_view());
+  return readings;
 }
 
 void tell(ToolStreams& streams, std::string_view text) {
@@ -161,18 +168,29 @@ void count_fault(PlanInput& input, FaultCount& faults, const std::string& name, 
   if (faults.count == FaultCount::most + 1) tell(input.streams, phrase(further_faults, input.language, {shown(name)}));
 }
 
-/// The lines of a list cut into fields, with the animals that they name.
+/// The lines of a list cut into fields, with the animals that they name: of the ways to read a line the first one that
+/// begins with an animal.
 std::vector<ListedAnimal> look_up(const PlanInput& input, const std::vector<ListLine>& lines, LineForm form) {
-  std::vector<ListedAnimal> animals;
+  std::vector<ListedAnimal> readings;
   std::vector<ListedId> ids;
   for (const ListLine& line : lines) {
-    const auto fields =
-        form == LineForm::id ? std::pair(std::string_view(line.text), std::string_view()) : fields_of(line.text);
-    animals.push_back({line.number, 0, std::string(fields.first), std::string(fields.second)});
-    ids.push_back({line.number, std::string(fields.first)});
+    const std::vector<LineFields> ways =
+        form == LineForm::id ? std::vector<LineFields>{{line.text, {}}} : readings_of(line.text);
+    for (const LineFields& fields : ways) {
+      readings.push_back({line.number, 0, std::string(fields.first), std::string(fields.second)});
+      ids.push_back({line.number, std::string(fields.first)});
+    }
   }
   const std::vector<std::int32_t> positions = positions_listed(input.store, ids);
-  for (std::size_t k = 0; k < animals.size(); ++k) animals[k].position = positions[k];
+  std::vector<ListedAnimal> animals;
+  for (std::size_t k = 0; k < readings.size(); ++k) {
+    readings[k].position = positions[k];
+    if (animals.empty() || animals.back().line != readings[k].line) {
+      animals.push_back(std::move(readings[k]));
+    } else if (animals.back().position == 0 && positions[k] != 0) {
+      animals.back() = std::move(readings[k]);
+    }
+  }
   return animals;
 }
 

@@ -40,9 +40,10 @@ enum class LineForm : std::uint8_t {
   two_ids,   ///< two identifications; `text` is the second
 };
 
-/// The animals of a list whose identifications are known. Fields are divided by a tab, a semicolon, a comma or, where
-/// there is none of these, by blanks. An animal that stands twice is told and taken once; with two values it is a
-/// fault. A first line of two words without digits is taken for a heading, and told.
+/// The animals of a list whose identifications are known. Fields are divided by a tab, a semicolon, a comma or a blank:
+/// the first of these that leaves the identification of an animal in front. An animal that stands twice is told and
+/// taken once; with two values it is a fault. A first line of two words without digits is taken for a heading, and
+/// told.
 std::vector<ListedAnimal> read_animals(PlanInput& input, const std::string& name, std::string_view option,
                                        LineForm form);
 
