@@ -70,7 +70,7 @@ function drawLists(desk: Desk, plan: DeskPlan): HTMLElement {
 
 function drawFields(desk: Desk, plan: DeskPlan): HTMLElement[] {
   const drawn = fields.map(({ name, label, step }) => {
-    const input = make("input", { type: "number", id: `plan-${name}`, min: 0, step, value: plan.fields.get(name) ?? "", size: 6 });
+    const input = make("input", { type: "number", id: `plan-${name}`, min: step === "1" ? 1 : 0, step, value: plan.fields.get(name) ?? "", size: 6 });
     input.addEventListener("change", () => plan.fields.set(name, input.value.trim()));
     return make("span", {}, make("label", { for: `plan-${name}` }, text(desk, label)), " ", input);
   });

@@ -156,6 +156,12 @@ TEST(PlanRun, KeepsToNumbersForbiddenAndWishedPairs) {
       << run.messages;
   run = plan(with_lists({"--wished", "p.txt", "--most-f", "25%"}), and_file("p.txt", "fie, ad\n"));
   EXPECT_TRUE(has(run.file("dogs_plan.tsv"), "\nfie\tad\t1\t0.125\t0.125\t\t\tyes\tza\t\t0.125\n"));
+  // Without the wish it would be 0: Eva and Bo are left for each other.
+  EXPECT_TRUE(
+      has(run.console,
+          "pairs: mean F 0.18750000; with these numbers and the pairs wished for, and without the pairs that may "
+          "not be, no other pairs have a lower one"))
+      << run.console;
   run = plan(with_lists({"--numbers", "n.txt"}), and_file("n.txt", "id number\nbo 2\n"));
   EXPECT_EQ(run.exit_status, 0) << run.messages;
   EXPECT_TRUE(has(run.file("dogs_plan.tsv"), "\neva\tbo\t1\t"));
@@ -369,6 +375,22 @@ TEST(PlanRun, ReadsIdentificationsWithBlanks) {
       files, tools_with({"plan", "--males", "m.txt", "--females", "f.txt", "--matings", "1", "--numbers", "n.txt"}));
   EXPECT_EQ(run.exit_status, 0) << run.messages;
   EXPECT_TRUE(has(run.file("dogs_plan.tsv"), "\nNL 3\tNL 2\t1\t")) << run.file("dogs_plan.tsv");
+}
+
+// Three unrelated males have best shares of 4/3 matings each; with two at least only two of them are used.
+TEST(PlanRun, SaysThatWholeNumbersLeaveAMaleOut) {
+  std::string three = "id;sex;birthdate;sire;dam\n";
+  for (const std::string id : {"a", "b", "c"}) three += id + ";m;01-01-2010;;\n";
+  for (const std::string id : {"d", "e", "f", "g"}) three += id + ";f;01-01-2010;;\n";
+  three += "h;f;01-01-2013;a;d\n";
+  Files files = files_of(three, {});
+  files["m.txt"] = "a\nb\nc\n";
+  files["f.txt"] = "d\ne\nf\ng\n";
+  const WholeRun run = run_program_on(
+      files, tools_with({"plan", "--males", "m.txt", "--females", "f.txt", "--matings", "4", "--least-per-male", "2"}));
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_TRUE(has(run.file("dogs_contributions.tsv"), "\t0\tleft out by whole numbers\n"))
+      << run.file("dogs_contributions.tsv");
 }
 
 TEST(PlanRun, RefusesTwoValuesOfOneAnimal) {

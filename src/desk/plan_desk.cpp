@@ -9,6 +9,7 @@
 #include <span>
 #include <utility>
 
+#include "checks/readable_text.h"
 #include "desk/matings_desk.h"
 #include "page/plan_page.h"
 #include "planning/plan_words.h"
@@ -23,6 +24,20 @@ constexpr Wording nobody = {"There is no male, or no female, to plan with: choos
                             "Er is geen vader, of geen moeder, om mee te plannen: kies meer jaren."};
 constexpr Wording no_matings = {"The last full birth year has no litters: say how many matings are wanted.",
                                 "Het laatste volle geboortejaar heeft geen nesten: zeg hoeveel paringen er komen."};
+constexpr Wording no_such_number = {"\"{1}\": {2} is no number from 1 to 1000000; mend it or leave the field blank.",
+                                    "\"{1}\": {2} is geen getal van 1 tot en met 1000000; verbeter het of laat het "
+                                    "veld leeg."};
+constexpr Wording no_percentage = {"\"{1}\": {2} is no per cent from 0 to 100; mend it or leave the field blank.",
+                                   "\"{1}\": {2} is geen percentage van 0 tot en met 100; verbeter het of laat het "
+                                   "veld leeg."};
+constexpr Wording least_above_most = {
+    "\"matings of a male that is used at least\" is above \"matings of a male at most\".",
+    "\"paringen van een gebruikte vader minstens\" is hoger dan \"paringen van een vader hoogstens\"."};
+constexpr Wording rate_without_values = {
+    "\"inbreeding a generation at most\" has no meaning without breeding values: give these, or leave the field blank.",
+    "\"inteelt per generatie hoogstens\" betekent niets zonder fokwaarden: geef die, of laat het veld leeg."};
+constexpr Wording is_forbidden_pair = {"This swap makes a pair that may not be, {1} with {2}; nothing was changed.",
+                                       "Zo ontstaat een paar dat niet mag, {1} met {2}; er is niets veranderd."};
 constexpr Wording cannot_forbid = {"Without this pair the others cannot be made; nothing was changed.",
                                    "Zonder dit paar zijn de andere niet te maken; er is niets veranderd."};
 
@@ -46,11 +61,54 @@ std::optional<std::int32_t> count_named(std::string_view settings, std::string_v
   return is_count ? std::optional(number) : std::nullopt;
 }
 
+/// Per cent from 0 to 100, as a fraction; none for any other text.
 std::optional<double> percentage_named(std::string_view settings, std::string_view name) {
+  constexpr double most = 100.0;
   std::string text(value_named(settings, name));
   std::replace(text.begin(), text.end(), ',', '.');
-  if (text.empty() || text.find_first_not_of("0123456789.") != std::string::npos) return std::nullopt;
-  return std::clamp(std::strtod(text.c_str(), nullptr) / 100.0, 0.0, 1.0);
+  const bool has_digit = text.find_first_of("0123456789") != std::string::npos;
+  const bool has_others = text.find_first_not_of("0123456789.") != std::string::npos;
+  if (!has_digit || has_others || std::count(text.begin(), text.end(), '.') > 1) return std::nullopt;
+  const double value = std::strtod(text.c_str(), nullptr);
+  return value <= most ? std::optional(value / most) : std::nullopt;
+}
+
+/// A field with a number, by what the page calls it.
+struct NumberField {
+  std::string_view name;
+  Wording label;
+  bool is_percentage = false;
+};
+constexpr auto number_fields = std::to_array<NumberField>(
+    {{"years", {"born in the last years", "geboren in de laatste jaren"}},
+     {"matings", {"matings", "paringen"}},
+     {"mostPerMale", {"matings of a male at most", "paringen van een vader hoogstens"}},
+     {"mostPerFemale", {"matings of a female at most", "paringen van een moeder hoogstens"}},
+     {"leastPerMale", {"matings of a male that is used at least", "paringen van een gebruikte vader minstens"}},
+     {"mostF", {"F at most", "F hoogstens"}, true},
+     {"rate", {"inbreeding a generation at most", "inteelt per generatie hoogstens"}, true}});
+
+bool is_blank(std::string_view text) {
+  return text.find_first_not_of(" \t\r\x1E") == std::string_view::npos;
+}
+
+/// What is wrong with the fields that are filled in, a sentence each: a limit that cannot be read must not be taken for
+/// none.
+std::vector<std::string> field_faults(std::string_view settings, ToolLanguage language) {
+  std::vector<std::string> faults;
+  for (const NumberField& field : number_fields) {
+    const std::string_view text = value_named(settings, field.name);
+    const bool is_fine = field.is_percentage ? percentage_named(settings, field.name).has_value()
+                                             : count_named(settings, field.name).has_value();
+    if (text.empty() || is_fine) continue;
+    faults.push_back(phrase(field.is_percentage ? no_percentage : no_such_number, language,
+                            {words_of(field.label, language), shown(readable(text))}));
+  }
+  const auto least = count_named(settings, "leastPerMale"), most = count_named(settings, "mostPerMale");
+  if (least && most && *least > *most) faults.emplace_back(words_of(least_above_most, language));
+  const bool has_values = !is_blank(value_named(settings, "values"));
+  if (percentage_named(settings, "rate") && !has_values) faults.emplace_back(words_of(rate_without_values, language));
+  return faults;
 }
 
 void add_sentences(JsonText& json, std::string_view name, const std::vector<std::string>& sentences) {
@@ -98,7 +156,7 @@ std::string plan_answer(const Desk& desk) {
                 {candidates_sentence(made.pool.candidates.of_males, male, desk.language),
                  candidates_sentence(made.pool.candidates.of_females, female, desk.language),
                  unknown_sexes_sentence(made.pool, desk.language)});
-  std::vector<std::string> lines = result_sentences(made.plan, desk.language, made.is_changed);
+  std::vector<std::string> lines = result_sentences(made.plan, desk.language, made.is_changed, PlanSpeaker::desk);
   lines.push_back(gain_sentence(made.plan, warnings, desk.language));
   add_sentences(json, "lines", lines);
   std::vector<std::string> all_warnings = warning_sentences(warnings, made.request, desk.language, PlanSpeaker::desk);
@@ -134,22 +192,50 @@ SaidPair said(const DeskPlan& made, const PlannedPair& pair) {
   return {made.plan.candidates[pair.female], made.plan.candidates[pair.male]};
 }
 
+bool is_same(const SaidPair& one, const SaidPair& other) {
+  return one.female == other.female && one.male == other.male;
+}
+
+/// The matings that are fixed, by lists or by hand.
+std::vector<SaidPair> fixed_pairs(const DeskPlan& made) {
+  std::vector<SaidPair> fixed;
+  for (const PlannedPair& pair : made.plan.pairs) {
+    if (pair.is_wished) fixed.push_back(said(made, pair));
+  }
+  return fixed;
+}
+
 /// Takes a pair out of the permitted ones and finds others; false where there are none, and nothing changes.
 bool forbid(DeskPlan& made, std::size_t place) {
   PlanRequest request = made.request;
-  request.forbidden.push_back(said(made, made.plan.pairs[place]));
-  request.wished.clear();
-  for (std::size_t k = 0; k < made.plan.pairs.size(); ++k) {
-    const bool is_same = made.plan.pairs[k].female == made.plan.pairs[place].female &&
-                         made.plan.pairs[k].male == made.plan.pairs[place].male;
-    if (made.plan.pairs[k].is_wished && !is_same) request.wished.push_back(said(made, made.plan.pairs[k]));
-  }
+  const SaidPair refused = said(made, made.plan.pairs[place]);
+  request.forbidden.push_back(refused);
+  request.wished = fixed_pairs(made);
+  std::erase_if(request.wished, [&](const SaidPair& pair) { return is_same(pair, refused); });
   PairingResult pairing = pair_up(made.kinship, request, made.plan.numbers.numbers);
   if (!pairing.stuck_females.empty()) return false;
   made.request = std::move(request);
   made.plan.pairs = std::move(pairing.pairs);
   split_pairs(made.plan.pairs);
   return true;
+}
+
+/// What a swap would make that may not be; nothing where it may.
+std::string find_swap_fault(const Desk& desk, std::size_t place, std::size_t other) {
+  const DeskPlan& made = *desk.plan;
+  const PlannedPair &one = made.plan.pairs[place], &two = made.plan.pairs[other];
+  if (one.male == two.male || one.female == two.female) return {};
+  for (const auto& [female, male] : {std::pair(one.female, two.male), std::pair(two.female, one.male)}) {
+    const std::int32_t dam = made.plan.candidates[female], sire = made.plan.candidates[male];
+    const bool is_forbidden =
+        std::any_of(made.request.forbidden.begin(), made.request.forbidden.end(), [&](const SaidPair& pair) {
+          return is_same(pair, {dam, sire});
+        });
+    if (!is_forbidden) continue;
+    return phrase(is_forbidden_pair, desk.language,
+                  {shown(readable(store_of(desk).id(dam))), shown(readable(store_of(desk).id(sire)))});
+  }
+  return {};
 }
 
 void swap_males(DeskPlan& made, std::size_t place, std::size_t other) {
@@ -205,7 +291,7 @@ SaidLists take_lists(std::string_view settings, PlanInput& input) {
                                                 {"wished", &SaidLists::wished, {"wished for", "gewenst"}}});
   for (const DeskList& list : all) {
     std::string text(value_named(settings, list.setting));
-    if (text.find_first_not_of(" \t\r\x1E") == std::string::npos) continue;
+    if (is_blank(text)) continue;
     std::replace(text.begin(), text.end(), line_end, '\n');
     const std::string name(words_of(list.name, input.language));
     lists.*list.list = name;
@@ -235,6 +321,7 @@ std::string make_desk_plan(Desk& desk, std::string_view settings) {
     return problem_answer({std::string(words_of(wording, desk.language))});
   };
   if (!desk.results) return refuse(no_run);
+  if (const auto faults = field_faults(settings, desk.language); !faults.empty()) return problem_answer(faults);
   tell(desk.watch, "plan");
   ToolStreams said;
   LineReader data;
@@ -303,7 +390,11 @@ std::string change_plan(Desk& desk, std::string_view change, std::size_t place, 
   if (change == "forbid" && !forbid(made, place)) {
     return problem_answer({std::string(words_of(cannot_forbid, desk.language))});
   }
-  if (change == "swap") swap_males(made, place, other);
+  if (change == "swap") {
+    const std::string fault = find_swap_fault(desk, place, other);
+    if (!fault.empty()) return problem_answer({fault});
+    swap_males(made, place, other);
+  }
   made.is_changed = true;
   refresh_totals(made);
   return plan_answer(desk);
@@ -331,8 +422,11 @@ std::string plan_page(const Desk& desk) {
   if (!desk.results || !desk.plan) return {};
   const DeskPlan& made = *desk.plan;
   const PlannedMatings matings = describe_plan(store_of(desk), made.plan.candidates, made.plan.pairs);
-  return make_plan_page({store_of(desk), made.request, made.plan, matings, made.pool,
-                         desk.results->population.settings.population_name.trimmed(), desk.language, made.is_changed});
+  PlanRequest request = made.request;
+  request.wished = fixed_pairs(made);
+  return make_plan_page({store_of(desk), request, made.plan, matings, made.pool,
+                         desk.results->population.settings.population_name.trimmed(), desk.language, made.is_changed,
+                         PlanSpeaker::desk});
 }
 
 }  // namespace pedigreewatch

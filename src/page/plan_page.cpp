@@ -10,7 +10,6 @@
 #include "page/page.h"
 #include "page/page_style.h"
 #include "page/page_text.h"
-#include "planning/plan_words.h"
 
 namespace pedigreewatch {
 namespace {
@@ -227,10 +226,10 @@ std::string summary_of(const PlanPageInput& input) {
     limits += (limits.empty() ? "" : "; ") + limit;
   }
   add_paragraph(text, limits);
-  for (const std::string& line : result_sentences(input.plan, input.language, input.is_changed)) {
+  for (const std::string& line : result_sentences(input.plan, input.language, input.is_changed, input.speaker)) {
     add_paragraph(text, line);
   }
-  for (const std::string& line : warning_sentences(warnings, input.request, input.language)) {
+  for (const std::string& line : warning_sentences(warnings, input.request, input.language, input.speaker)) {
     text += "<p><strong>" + escaped(line) + "</strong></p>\n";
   }
   write_figure_table(text, figures_of(comparison_of(input.plan, input.language)), say(input, comparison_caption));

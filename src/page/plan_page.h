@@ -5,6 +5,7 @@
 
 #include "planning/plan.h"
 #include "planning/plan_candidates.h"
+#include "planning/plan_words.h"
 #include "planning/planned_matings.h"
 #include "text/phrases.h"
 
@@ -19,7 +20,8 @@ struct PlanPageInput {
   const CandidatePool& pool;
   std::string_view population_name;  ///< bytes of the steer file
   ToolLanguage language = ToolLanguage::english;
-  bool is_changed = false;  ///< by hand: its pairs are not said to be the best
+  bool is_changed = false;                     ///< by hand: its pairs are not said to be the best
+  PlanSpeaker speaker = PlanSpeaker::console;  ///< whose words limits are called by
 };
 
 /// The whole page in UTF-8. It asks for nothing from anywhere.

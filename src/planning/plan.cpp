@@ -257,10 +257,25 @@ PairTable table_of_used(const PlanRequest& request, std::span<const std::int32_t
   return table;
 }
 
+/// The kinships of all pairs, row by row, some males at a time so that somebody who waits can end it; less than that
+/// when somebody did.
+std::vector<double> pair_kinships(const CandidateKinship& kinship, std::span<const std::int32_t> females,
+                                  std::span<const std::int32_t> males, const PlanWatch& watch) {
+  constexpr std::size_t most_males = 4 * kinship_lanes;
+  std::vector<double> table(females.size() * males.size());
+  for (std::size_t first = 0; first < males.size() && !watch.is_stopped(); first += most_males) {
+    const auto some = males.subspan(first, std::min(most_males, males.size() - first));
+    const std::vector<double> part = kinship_table(kinship, females, some);
+    for (std::size_t f = 0; f < females.size(); ++f) {
+      std::copy_n(part.begin() + static_cast<std::ptrdiff_t>(f * some.size()), some.size(),
+                  table.begin() + static_cast<std::ptrdiff_t>(f * males.size() + first));
+    }
+  }
+  return table;
+}
+
 /// A pair costs its kinship, unless a limit or a list forbids it.
-void price_pairs(const CandidateKinship& kinship, const PlanRequest& request, std::span<const std::int32_t> numbers,
-                 PairTable& table) {
-  table.kinships = kinship_table(kinship, table.females, table.males);
+void price_pairs(const PlanRequest& request, std::span<const std::int32_t> numbers, PairTable& table) {
   for (const double f : table.kinships) {
     const bool is_refused = request.most_f && is_beyond(static_cast<float>(f), *request.most_f);
     table.problem.costs.push_back(is_refused ? forbidden_pair : cost_of_kinship(f));
@@ -345,7 +360,8 @@ NumberLimits number_limits_of(const PlanRequest& request) {
 PairingResult pair_up(const CandidateKinship& kinship, const PlanRequest& request,
                       std::span<const std::int32_t> numbers, const PlanWatch& watch) {
   PairTable table = table_of_used(request, numbers);
-  price_pairs(kinship, request, numbers, table);
+  table.kinships = pair_kinships(kinship, table.females, table.males, watch);
+  price_pairs(request, numbers, table);
   PairingResult result;
   take_wished_pairs(request, table, result);
   const PairAssignment assignment = assign_pairs(table.problem, watch);
@@ -403,6 +419,7 @@ PlanWarnings find_warnings(const PopulationStore& store, const PlanRequest& requ
   const double three = std::accumulate(of_males.begin(), of_males.end(), 0.0);
   if (three >= share_of_three_males) warnings.three_males = three;
   warnings.males_named = std::count_if(of_males.begin(), of_males.end(), [](double share) { return share > 0.0; });
+  warnings.has_other_males = std::count(plan.sex.begin(), plan.sex.end(), male) > warnings.males_named;
   warnings.valued_candidates =
       std::count_if(request.values.begin(), request.values.end(), [](const auto& value) { return value.has_value(); });
   warnings.has_few_values =

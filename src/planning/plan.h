@@ -132,6 +132,7 @@ struct PlanWarnings {
   double share_of_little_known = 0.0;  ///< in the offspring of the plan
   std::optional<double> three_males;   ///< share of the three most used males, where it is large
   std::int64_t males_named = 0;        ///< how many of these three are used
+  bool has_other_males = false;        ///< candidates beside these
   bool has_few_values = false;         ///< breeding values of less than half of the candidates
   std::int64_t valued_candidates = 0;
 };

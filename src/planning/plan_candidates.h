@@ -34,6 +34,8 @@ enum class WhyNone : std::uint8_t {
   little_known,   ///< fewer generations of ancestors, or not both parents
   fixed_at_none,  ///< a candidate whose number of matings was said to be 0
   unknown_sex,    ///< neither its line nor young of it tell the sex
+  low_value,      ///< a candidate that kinship alone would use, but not its breeding value
+  left_by_whole,  ///< its best share is a mating or more, but other whole numbers are better
 };
 
 struct LeftOut {

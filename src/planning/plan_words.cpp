@@ -51,14 +51,18 @@ constexpr Wording numbers_line = {
 constexpr Wording value_numbers_line = {"whole numbers: mean kinship {1}, mean breeding value {2}",
                                         "hele aantallen: gemiddelde verwantschap {1}, gemiddelde fokwaarde {2}"};
 constexpr Wording bound_missed_line = {
-    "these whole numbers do not keep the bound: {1} is above {2}; give more --matings, a lower --most-per-male, or a "
-    "higher --rate",
-    "deze hele aantallen blijven niet onder de grens: {1} is hoger dan {2}; geef meer --matings, een lagere "
-    "--most-per-male of een hogere --rate"};
+    "these whole numbers do not keep the bound: {1} is above {2}; give more {3}, a lower {4}, or a higher {5}",
+    "deze hele aantallen blijven niet onder de grens: {1} is hoger dan {2}; geef meer {3}, een lagere {4} of een hogere "
+    "{5}"};
 constexpr Wording pairs_line = {
     "pairs: mean F {1}; with these numbers, and without the pairs that may not be, no other pairs have a lower one",
     "paren: gemiddelde F {1}; met deze aantallen, en zonder de paren die niet mogen, hebben geen andere paren een "
     "lagere"};
+constexpr Wording pairs_with_wishes_line = {
+    "pairs: mean F {1}; with these numbers and the pairs wished for, and without the pairs that may not be, no other pairs "
+    "have a lower one",
+    "paren: gemiddelde F {1}; met deze aantallen en de gewenste paren, en zonder de paren die niet mogen, hebben geen "
+    "andere paren een lagere"};
 constexpr Wording gain_line = {
     "Compared with the parents of {1}, the plan keeps as much diversity as the breed loses in {2} years (it has lost "
     "{3} % "
@@ -91,23 +95,27 @@ constexpr Wording little_known_warning = {
     "Kandidaten met minder dan {2} equivalente generaties bekende voorouders: {1}, met {3} % van het plan. Zulke dieren "
     "lijken onverwant omdat niemand hun voorouders kent.{4}"};
 /// By how many males it is.
-constexpr auto few_males_warnings = std::to_array<Wording>(
-    {{"One male has {1} % of the matings: the plan rests on him. Give a lower {2}.",
-      "E\u00e9n vader heeft {1} % van de paringen: het plan steunt op hem. Geef een lagere {2}."},
-     {"Two males have {1} % of the matings: the plan rests on them. Give a lower {2}.",
-      "Twee vaders hebben {1} % van de paringen: het plan steunt op hen. Geef een lagere {2}."},
-     {"Three males have {1} % of the matings: the plan rests on them. Give a lower {2}.",
-      "Drie vaders hebben {1} % van de paringen: het plan steunt op hen. Geef een lagere {2}."}});
+constexpr auto few_males_warnings =
+    std::to_array<Wording>({{"One male has {1} % of the matings: the plan rests on him.{2}",
+                             "E\u00e9n vader heeft {1} % van de paringen: het plan steunt op hem.{2}"},
+                            {"Two males have {1} % of the matings: the plan rests on them.{2}",
+                             "Twee vaders hebben {1} % van de paringen: het plan steunt op hen.{2}"},
+                            {"Three males have {1} % of the matings: the plan rests on them.{2}",
+                             "Drie vaders hebben {1} % van de paringen: het plan steunt op hen.{2}"}});
+constexpr Wording lower_most = {" Give a lower {1}.", " Geef een lagere {1}."};
+constexpr Wording no_other_males = {" There are no other males to plan with: look for more.",
+                                    " Er zijn geen andere vaders om mee te plannen: zoek er meer."};
 
 /// What limits are called, and what is said of a way to leave animals out.
 struct PlanTerms {
-  Wording matings, most_per_male, most_per_female, least_per_male, most_f, numbers, fewer_pairs, leave_out;
+  Wording matings, most_per_male, most_per_female, least_per_male, most_f, rate, numbers, fewer_pairs, leave_out;
 };
 constexpr PlanTerms console_terms = {{"--matings", "--matings"},
                                      {"--most-per-male", "--most-per-male"},
                                      {"--most-per-female", "--most-per-female"},
                                      {"--least-per-male", "--least-per-male"},
                                      {"--most-f", "--most-f"},
+                                     {"--rate", "--rate"},
                                      {"--numbers and --wished", "--numbers en --wished"},
                                      {", or --contributions-only", ", of --contributions-only"},
                                      {" --least-generations leaves them out.", " --least-generations laat ze weg."}};
@@ -117,6 +125,7 @@ constexpr PlanTerms desk_terms = {
     {"\"matings of a female at most\"", "\"paringen van een moeder hoogstens\""},
     {"\"matings of a male that is used at least\"", "\"paringen van een gebruikte vader minstens\""},
     {"\"F at most\"", "\"F hoogstens\""},
+    {"\"inbreeding a generation at most\"", "\"inteelt per generatie hoogstens\""},
     {"the numbers that are given", "de aantallen die gegeven zijn"},
     {"", ""},
     {"", ""}};
@@ -171,9 +180,9 @@ constexpr Wording no_sum = {
     "{1}: dat is niet zo te verdelen over {2} dat elk dier dat gebruikt wordt er zoveel krijgt als {7} zegt, en niet meer "
     "dan {4}; verlaag {7}"};
 constexpr Wording kinship_bound = {
-    "no shares keep the mean kinship at {1} or below: the lowest is {2}; give a higher --rate (from {3}), or more "
+    "no shares keep the mean kinship at {1} or below: the lowest is {2}; give a higher {4} (from {3}), or more "
     "candidates",
-    "geen aandelen houden de gemiddelde verwantschap op {1} of lager: de laagste is {2}; geef een hogere --rate (vanaf "
+    "geen aandelen houden de gemiddelde verwantschap op {1} of lager: de laagste is {2}; geef een hogere {4} (vanaf "
     "{3}), of meer kandidaten"};
 constexpr Wording stuck_heading = {
     "the pairs cannot be made: {1} should have {2}, and all the males that may go with them, {3}; raise {4}, forbid fewer "
@@ -201,7 +210,7 @@ constexpr Wording limit_rate = {"inbreeding a generation at most: {1} %", "intee
 constexpr Wording rate_heading = {"inbreeding a generation, %", "inteelt per generatie, %"};
 constexpr Wording curve_kinship = {"mean kinship, %", "gemiddelde verwantschap, %"};
 
-constexpr std::array<Wording, 10> reasons = {{{"", ""},
+constexpr std::array<Wording, 12> reasons = {{{"", ""},
                                               {"related to all", "verwant aan allen"},
                                               {"best share below a mating", "beste aandeel kleiner dan een paring"},
                                               {"too young", "te jong"},
@@ -210,7 +219,9 @@ constexpr std::array<Wording, 10> reasons = {{{"", ""},
                                               {"other subpopulation", "andere subpopulatie"},
                                               {"few known ancestors", "weinig bekende voorouders"},
                                               {"its number is given as 0", "zijn aantal is opgegeven als 0"},
-                                              {"sex unknown", "geslacht onbekend"}}};
+                                              {"sex unknown", "geslacht onbekend"},
+                                              {"low breeding value", "lage fokwaarde"},
+                                              {"left out by whole numbers", "valt weg bij hele aantallen"}}};
 
 constexpr int kinship_digits = 8;
 
@@ -295,13 +306,13 @@ std::vector<std::string> pair_sentences(const PopulationStore& store, const Plan
   return lines;
 }
 
-std::string bound_sentence(const Plan& plan, ToolLanguage language) {
+std::string bound_sentence(const Plan& plan, ToolLanguage language, const PlanTerms& terms) {
   constexpr double step = 1e-4;  // the next hundredth of a per cent
   const double base = plan.parents_kinship.value_or(plan.most_kinship);
   const double rate = (plan.least.mean_kinship - base) / (1.0 - base) + step;
   return phrase(kinship_bound, language,
                 {shown_decimals(plan.most_kinship, 6, language), shown_decimals(plan.least.mean_kinship, 6, language),
-                 shown_percent(rate, language)});
+                 shown_percent(rate, language), words_of(terms.rate, language)});
 }
 
 }  // namespace
@@ -311,7 +322,7 @@ std::vector<std::string> obstacle_sentences(const PopulationStore& store, const 
   const PlanTerms& terms = terms_of(speaker);
   std::vector<std::string> lines;
   if (plan.obstacle == PlanObstacle::pairs) return pair_sentences(store, plan, language, terms);
-  if (plan.obstacle == PlanObstacle::kinship_bound) return {bound_sentence(plan, language)};
+  if (plan.obstacle == PlanObstacle::kinship_bound) return {bound_sentence(plan, language, terms)};
   if (plan.obstacle == PlanObstacle::too_many_pairs) {
     return {phrase(too_many_pairs, language,
                    {std::to_string(most_planned_pairs), words_of(terms.matings, language),
@@ -368,41 +379,59 @@ ComparisonTable comparison_of(const Plan& plan, ToolLanguage language) {
   return table;
 }
 
-std::vector<std::string> result_sentences(const Plan& plan, ToolLanguage language, bool is_changed) {
+namespace {
+
+/// Breeding values within the bound: where it comes from, and what it allows.
+void add_value_sentences(const Plan& plan, ToolLanguage language, std::vector<std::string>& lines) {
+  if (plan.parents_kinship) {
+    const double rate = (plan.most_kinship - *plan.parents_kinship) / (1.0 - *plan.parents_kinship);
+    lines.push_back(phrase(bound_line, language,
+                           {digits(*plan.parents_kinship, language), counted(last_years, plan.interval_years, language),
+                            shown_percent(rate, language)}));
+  }
+  lines.push_back(phrase(value_line, language,
+                         {digits(plan.most_kinship, language), shown_decimals(plan.valued->value, 4, language),
+                          shown_decimals(plan.valued->most_value, 4, language)}));
+}
+
+/// Whole numbers, which may miss the bound of breeding values.
+void add_number_sentences(const Plan& plan, ToolLanguage language, const PlanTerms& terms,
+                          std::vector<std::string>& lines) {
+  const double planned = plan.numbers.mean_kinship;
+  if (!plan.valued) {
+    const double excess = 100.0 * (planned / plan.least.mean_kinship - 1.0);
+    lines.push_back(phrase(numbers_line, language, {digits(planned, language), shown_decimals(excess, 3, language)}));
+    return;
+  }
+  const auto& value = plan.of(PlanWay::random_pairs);
+  lines.push_back(
+      phrase(value_numbers_line, language,
+             {digits(planned, language), shown_decimals(value ? value->value.value_or(0.0) : 0.0, 4, language)}));
+  if (planned <= plan.most_kinship) return;
+  lines.push_back(
+      phrase(bound_missed_line, language,
+             {digits(planned, language), digits(plan.most_kinship, language), words_of(terms.matings, language),
+              words_of(terms.most_per_male, language), words_of(terms.rate, language)}));
+}
+
+}  // namespace
+
+std::vector<std::string> result_sentences(const Plan& plan, ToolLanguage language, bool is_changed,
+                                          PlanSpeaker speaker) {
   std::vector<std::string> lines;
   lines.push_back(
       phrase(free_line, language,
              {digits(plan.without_limits.mean_kinship, language), power_of_ten(plan.without_limits.certificate)}));
   lines.push_back(
       phrase(least_line, language, {digits(plan.least.mean_kinship, language), power_of_ten(plan.least.certificate)}));
-  if (plan.valued) {
-    if (plan.parents_kinship) {
-      const double rate = (plan.most_kinship - *plan.parents_kinship) / (1.0 - *plan.parents_kinship);
-      lines.push_back(phrase(bound_line, language,
-                             {digits(*plan.parents_kinship, language),
-                              counted(last_years, plan.interval_years, language), shown_percent(rate, language)}));
-    }
-    lines.push_back(phrase(value_line, language,
-                           {digits(plan.most_kinship, language), shown_decimals(plan.valued->value, 4, language),
-                            shown_decimals(plan.valued->most_value, 4, language)}));
-  }
+  if (plan.valued) add_value_sentences(plan, language, lines);
   if (plan.numbers.numbers.empty()) return lines;
-  const double planned = plan.numbers.mean_kinship, best = plan.least.mean_kinship;
-  if (plan.valued) {
-    const auto& value = plan.of(PlanWay::random_pairs);
-    lines.push_back(
-        phrase(value_numbers_line, language,
-               {digits(planned, language), shown_decimals(value ? value->value.value_or(0.0) : 0.0, 4, language)}));
-    if (planned > plan.most_kinship) {
-      lines.push_back(
-          phrase(bound_missed_line, language, {digits(planned, language), digits(plan.most_kinship, language)}));
-    }
-  } else {
-    lines.push_back(phrase(numbers_line, language,
-                           {digits(planned, language), shown_decimals(100.0 * (planned / best - 1.0), 3, language)}));
-  }
+  add_number_sentences(plan, language, terms_of(speaker), lines);
   const auto& way = plan.of(PlanWay::plan);
-  if (way && !is_changed) lines.push_back(phrase(pairs_line, language, {digits(*way->mean_f, language)}));
+  if (!way || is_changed) return lines;
+  const bool has_wishes =
+      std::any_of(plan.pairs.begin(), plan.pairs.end(), [](const PlannedPair& pair) { return pair.is_wished; });
+  lines.push_back(phrase(has_wishes ? pairs_with_wishes_line : pairs_line, language, {digits(*way->mean_f, language)}));
   return lines;
 }
 
@@ -432,9 +461,11 @@ std::vector<std::string> warning_sentences(const PlanWarnings& warnings, const P
   }
   if (warnings.three_males) {
     const auto males = static_cast<std::size_t>(std::clamp<std::int64_t>(warnings.males_named, 1, 3));
+    const std::string advice = warnings.has_other_males
+                                   ? phrase(lower_most, language, {words_of(terms.most_per_male, language)})
+                                   : std::string(words_of(no_other_males, language));
     lines.push_back(
-        phrase(few_males_warnings[males - 1], language,
-               {shown_percent(*warnings.three_males, language, 1), words_of(terms.most_per_male, language)}));
+        phrase(few_males_warnings[males - 1], language, {shown_percent(*warnings.three_males, language, 1), advice}));
   }
   if (warnings.has_few_values) {
     lines.push_back(phrase(few_values_warning, language,
@@ -503,8 +534,12 @@ WhyNone reason_of(const Plan& plan, std::size_t place, std::int64_t matings) {
   const double share = plan.optimum().shares[place];
   if (has_numbers ? plan.numbers.numbers[place] > 0 : share > least_share) return WhyNone::used;
   if (plan.is_fixed_at_none[place] != 0) return WhyNone::fixed_at_none;
+  if (share <= least_share) {
+    const bool is_used_without_values = plan.valued && plan.least.shares[place] > least_share;
+    return is_used_without_values ? WhyNone::low_value : WhyNone::related;
+  }
   const double mating = share_of_sex / static_cast<double>(matings);
-  return share > least_share && share < mating ? WhyNone::small_share : WhyNone::related;
+  return share < mating ? WhyNone::small_share : WhyNone::left_by_whole;
 }
 
 }  // namespace pedigreewatch

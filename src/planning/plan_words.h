@@ -30,7 +30,8 @@ ComparisonTable comparison_of(const Plan& plan, ToolLanguage language);
 
 /// Optimum, certificate, whole numbers and pairs; nothing of pairs that were changed by hand, which are no longer
 /// proved to be the best.
-std::vector<std::string> result_sentences(const Plan& plan, ToolLanguage language, bool is_changed = false);
+std::vector<std::string> result_sentences(const Plan& plan, ToolLanguage language, bool is_changed = false,
+                                          PlanSpeaker speaker = PlanSpeaker::console);
 
 /// What the plan gains, in years of today's loss.
 std::string gain_sentence(const Plan& plan, const PlanWarnings& warnings, ToolLanguage language);

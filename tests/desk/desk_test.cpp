@@ -239,6 +239,50 @@ TEST(DeskPlanning, MakesAPlanAndChangesItByHand) {
   EXPECT_TRUE(holds(contributions_table(desk), "mean_kinship")) << contributions_table(desk);
 }
 
+TEST(DeskPlanning, TakesNoFieldThatItCannotReadForBlank) {
+  DeskWithRun opened;
+  const auto expect = [&](const std::string& settings, const std::string& part) {
+    const std::string answer = make_desk_plan(opened.desk, settings);
+    EXPECT_TRUE(holds(answer, part)) << settings << ": " << answer;
+  };
+  expect("matings=0", R"(\u0022matings\u0022: 0 is no number from 1 to 1000000)");
+  expect("matings=1000001", "1000001 is no number");
+  expect("matings=2\nmostPerMale=1.5", R"(\u0022matings of a male at most\u0022: 1.5 is no number)");
+  expect("years=x\nmatings=2", R"(\u0022born in the last years\u0022: x is no number)");
+  expect("matings=2\nmostF=101", R"(\u0022F at most\u0022: 101 is no per cent from 0 to 100)");
+  expect("matings=2\nmostF=-1", "-1 is no per cent");
+  expect("matings=2\nmostF=1.2.3", "1.2.3 is no per cent");
+  expect("matings=2\nmostPerMale=1\nleastPerMale=2", "is above");
+  expect("matings=2\nrate=1", "has no meaning without breeding values");
+  EXPECT_EQ(list_plan(opened.desk, 0, 5), R"({"rows":[]})");
+  expect("years=1\nmatings=2\nmostF=100\nmostPerMale=2\nleastPerMale=2", R"("messages":[])");
+  expect("years=1\nmatings=2\nmostF=12,5", R"("messages":[])");
+  opened.desk.language = ToolLanguage::dutch;
+  expect("matings=0", R"(\u0022paringen\u0022: 0 is geen getal van 1 tot en met 1000000)");
+}
+
+// F with G and H with E, or brothers with sisters: there is nothing else.
+TEST(DeskPlanning, SwapsToNoPairThatMayNotBe) {
+  DeskWithRun opened;
+  Desk& desk = opened.desk;
+  const std::string made = make_desk_plan(desk, "years=1\nmatings=2\nmostPerMale=1\nforbidden=E F");
+  EXPECT_TRUE(holds(made, R"("messages":[])")) << made;
+  const std::string refused = change_plan(desk, "swap", 0, 1);
+  EXPECT_TRUE(holds(refused, "This swap makes a pair that may not be, F with E; nothing was changed.")) << refused;
+  EXPECT_TRUE(holds(list_plan(desk, 0, 1), R"("f":0,"isFixed":false)"));
+  change_plan(desk, "fix", 0, 0);
+  EXPECT_TRUE(holds(plan_page(desk), "pairs that may not be: 1; pairs wished for: 1"));
+}
+
+TEST(DeskPlanning, NamesItsOwnFieldWhereABoundCannotBeMet) {
+  DeskWithRun opened;
+  const std::string answer = make_desk_plan(opened.desk,
+                                            "males=E\nfemales=F\nmatings=1\nrate=0\nvalues=E 1\x1E"
+                                            "F 2");
+  EXPECT_TRUE(holds(answer, R"(give a higher \u0022inbreeding a generation at most\u0022 (from )")) << answer;
+  EXPECT_FALSE(holds(answer, "--")) << answer;
+}
+
 TEST(DeskPlanning, SaysWhatStandsInTheWayInItsOwnWords) {
   DeskWithRun opened;
   const std::string few = make_desk_plan(opened.desk, "years=1\nmatings=5");

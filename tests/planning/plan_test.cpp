@@ -179,6 +179,7 @@ TEST(FindWarnings, NameWhatAPlanRestsOn) {
   EXPECT_EQ(warnings.little_known, 4);  // one generation is known of each
   EXPECT_DOUBLE_EQ(warnings.share_of_little_known, 1.0);
   EXPECT_DOUBLE_EQ(warnings.three_males.value_or(0.0), 1.0);
+  EXPECT_FALSE(warnings.has_other_males);  // Ad and Bo are all
   EXPECT_TRUE(warnings.has_few_values);
   request.values[1] = 2.0;  // two of four are not less than half
   EXPECT_FALSE(find_warnings(store, request, plan).has_few_values);
@@ -195,7 +196,9 @@ TEST(FindWarnings, CallThreeMalesManyFromHalfOnOnly) {
   request.males.pop_back();
   request.females.pop_back();
   request.matings = 6;  // three have 1/2
-  EXPECT_DOUBLE_EQ(find_warnings(store, request, make_plan(store, request)).three_males.value_or(0.0), 0.5);
+  const PlanWarnings warnings = find_warnings(store, request, make_plan(store, request));
+  EXPECT_DOUBLE_EQ(warnings.three_males.value_or(0.0), 0.5);
+  EXPECT_TRUE(warnings.has_other_males);
 }
 
 }  // namespace
