@@ -31,8 +31,8 @@ constexpr Wording no_percentage = {"\"{1}\": {2} is no per cent from 0 to 100; m
                                    "\"{1}\": {2} is geen percentage van 0 tot en met 100; verbeter het of laat het "
                                    "veld leeg."};
 constexpr Wording least_above_most = {
-    "\"matings of a male that is used at least\" is above \"matings of a male at most\".",
-    "\"paringen van een gebruikte vader minstens\" is hoger dan \"paringen van een vader hoogstens\"."};
+    R"("matings of a male that is used at least" is above "matings of a male at most".)",
+    R"("paringen van een gebruikte vader minstens" is hoger dan "paringen van een vader hoogstens".)"};
 constexpr Wording rate_without_values = {
     "\"inbreeding a generation at most\" has no meaning without breeding values: give these, or leave the field blank.",
     "\"inteelt per generatie hoogstens\" betekent niets zonder fokwaarden: geef die, of laat het veld leeg."};

@@ -271,6 +271,7 @@ std::vector<ReadPair> read_pairs(PlanInput& input, const std::string& name, std:
   FaultCount faults;
   const std::vector<ListedAnimal> first = read_animals(input, name, option, LineForm::two_ids);
   std::vector<ListedId> ids;
+  ids.reserve(first.size());
   for (const ListedAnimal& animal : first) ids.push_back({animal.line, animal.text});
   const std::vector<std::int32_t> positions = positions_listed(input.store, ids);
   for (std::size_t k = 0; k < first.size(); ++k) {
