@@ -1,5 +1,9 @@
 // Ancestors wait as set bits in two levels of words, the upper one telling which of the lower are not 0: the youngest
 // is found in a few steps, and putting one on the list twice costs nothing.
+//
+// In a line of selfing or full sibs that goes on for thousands of generations, F stays at the number next to 1 that it
+// has reached, and with it the part that each ancestor adds to a sum: so little that the sum stays what it is. Such a
+// line is passed over in one step, to the last bit as if each of its ancestors had been visited.
 
 #include "genetics/ancestor_walk.h"
 
@@ -82,6 +86,104 @@ void fetch_parents_of_next(const AncestorWalk& walk, std::size_t group, std::siz
   fetch_early(&walk.shares[next.dam]);
 }
 
+// --- Lines that are passed over ---
+
+using Ancestors = ByNumber<AncestorWalk::Ancestor>;
+
+bool have_same_parents(const AncestorWalk::Ancestor& a, const AncestorWalk::Ancestor& b) {
+  return a.sire == b.sire && a.dam == b.dam;
+}
+
+/// The parents of an ancestor whose share goes on to them undivided: one that was selfed, or two full sibs of which
+/// each has one half of each share in their young. 0 for all others.
+LineEnd parents_in_line(const Ancestors& ancestors, std::int32_t number) {
+  const AncestorWalk::Ancestor& own = ancestors[number];
+  const LineEnd parents = {std::min(own.sire, own.dam), std::max(own.sire, own.dam)};
+  if (parents.older == 0) return {};
+  if (parents.older == parents.younger) return parents;
+  const AncestorWalk::Ancestor &a = ancestors[parents.older], &b = ancestors[parents.younger];
+  return have_same_parents(a, b) && a.sire != 0 && a.dam != 0 ? parents : LineEnd{};
+}
+
+/// Whether selfing or full sibs go on for so long anywhere that it pays to look for them in each walk.
+bool has_long_line(const Ancestors& ancestors) {
+  constexpr std::int32_t fewest_generations = 100;
+  ByNumber<std::int32_t> generations(ancestors.values.size() - 1);
+  for (std::int32_t j = 1; j <= ancestors.last(); ++j) {
+    const LineEnd parents = parents_in_line(ancestors, j);
+    if (parents.older != 0) generations[j] = generations[parents.younger] + 1;
+    if (generations[j] >= fewest_generations) return true;
+  }
+  return false;
+}
+
+/// How far the line of an ancestor goes, of which F is known, and F of all before it.
+LineEnd find_line_end(const AncestorWalk& walk, std::int32_t number) {
+  const LineEnd parents = parents_in_line(walk.ancestors, number);
+  const float variance = walk.ancestors[number].within_family_variance;
+  if (parents.older == 0 || walk.ancestors[parents.younger].within_family_variance != variance) return {};
+  const LineEnd further = walk.line_ends[parents.younger];
+  // What is handed on to one that was selfed, and to two sibs, are different shares.
+  const bool goes_on = further.older != 0 && (further.older == further.younger) == (parents.older == parents.younger);
+  return goes_on ? further : parents;
+}
+
+/// The youngest ancestor that waits; 0 when nobody else does. `group` is that of the youngest that may wait.
+std::int32_t youngest_waiting(const AncestorWalk& walk, std::size_t group) {
+  for (;; --group) {
+    std::uint64_t words = walk.waiting_words[group];
+    while (words != 0) {
+      const std::size_t word_bit = highest_bit(words);
+      const std::size_t word = group * word_bits + word_bit;
+      if (walk.waiting[word] != 0) return number_of_bit(word, highest_bit(walk.waiting[word]));
+      words ^= std::uint64_t{1} << word_bit;
+    }
+    if (group == 0) return 0;
+  }
+}
+
+void take_off_list(AncestorWalk& walk, std::int32_t number) {
+  const std::size_t bit = static_cast<std::size_t>(number);
+  const std::size_t word = bit / word_bits;
+  walk.waiting[word] &= ~(std::uint64_t{1} << (bit % word_bits));
+  if (walk.waiting[word] == 0) walk.waiting_words[word / word_bits] &= ~(std::uint64_t{1} << (word % word_bits));
+}
+
+bool are_equal(const LaneVector& a, const LaneVector& b) {
+  for (std::size_t lane = 0; lane < lane_count; ++lane) {
+    if (a[lane] != b[lane]) return false;
+  }
+  return true;
+}
+
+/// Passes over the line of an ancestor that is off the list, if nobody else waits before its end and none of its parts
+/// changes a sum. What reaches the end is the share of the first, for halves of it come together again at each
+/// generation. Yields whether it did.
+bool pass_over_line(AncestorWalk& walk, std::int32_t number, const Lanes& sums) {
+  const LineEnd end = walk.line_ends[number];
+  if (end.older == 0) return false;
+  const AncestorWalk::Ancestor& own = walk.ancestors[number];
+  const LaneVector share = walk.shares[number].each;
+  if (!are_equal(sums.each + share * share * own.within_family_variance, sums.each)) return false;
+  const std::size_t group = static_cast<std::size_t>(number) / (word_bits * word_bits);
+  std::int32_t sib = 0;
+  if (own.sire != own.dam) {
+    sib = youngest_waiting(walk, group);
+    if (!have_same_parents(own, walk.ancestors[sib]) || !are_equal(share, walk.shares[sib].each)) return false;
+    take_off_list(walk, sib);
+  }
+  if (youngest_waiting(walk, group) >= end.older) {
+    if (sib != 0) put_on_list(walk, sib);
+    return false;
+  }
+  walk.shares[number] = Lanes{};
+  if (sib != 0) walk.shares[sib] = Lanes{};
+  walk.shares[end.older].each = walk.shares[end.younger].each = share;
+  put_on_list(walk, end.older);
+  put_on_list(walk, end.younger);
+  return true;
+}
+
 }  // namespace
 
 AncestorWalk make_ancestor_walk(const AncestorPedigree& pedigree) {
@@ -95,6 +197,7 @@ AncestorWalk make_ancestor_walk(const AncestorPedigree& pedigree) {
   walk.f[0] = -1.0F;
   reserve_large(walk.shares.values, size);
   walk.shares.values.assign(size, Lanes{});
+  if (has_long_line(walk.ancestors)) walk.line_ends.values.assign(size, LineEnd{});
   walk.waiting.assign(size / word_bits + 1, 0);
   walk.waiting_words.assign(walk.waiting.size() / word_bits + 1, 0);
   return walk;
@@ -104,6 +207,7 @@ void set_inbreeding(AncestorWalk& walk, std::int32_t ancestor, float f) {
   AncestorWalk::Ancestor& entry = walk.ancestors[ancestor];
   walk.f[ancestor] = f;
   entry.within_family_variance = within_family_variance(walk.f[entry.sire], walk.f[entry.dam]);
+  if (!walk.line_ends.values.empty()) walk.line_ends[ancestor] = find_line_end(walk, ancestor);
 }
 
 PEDIGREEWATCH_PROCESSOR_CLONES
@@ -112,6 +216,7 @@ void walk_ancestors(AncestorWalk& walk, std::span<const Mating> matings, std::sp
   begin_lanes(walk, matings, sums);
   std::int32_t highest = 0;
   for (const Mating& mating : matings) highest = std::max({highest, mating.sire, mating.dam});
+  const bool has_lines = !walk.line_ends.values.empty();
   for (std::size_t group = static_cast<std::size_t>(highest) / (word_bits * word_bits) + 1; group-- > 0;) {
     while (walk.waiting_words[group] != 0) {
       const std::size_t word_bit = highest_bit(walk.waiting_words[group]);
@@ -120,10 +225,11 @@ void walk_ancestors(AncestorWalk& walk, std::span<const Mating> matings, std::sp
         const std::size_t bit = highest_bit(walk.waiting[word]);
         walk.waiting[word] ^= std::uint64_t{1} << bit;
         if (word + bit == 0) break;  // the unknown parent comes last
+        if (has_lines && pass_over_line(walk, number_of_bit(word, bit), sums)) continue;
         fetch_parents_of_next(walk, group, word_bit);
         visit(walk, number_of_bit(word, bit), sums);
       }
-      walk.waiting_words[group] ^= std::uint64_t{1} << word_bit;
+      walk.waiting_words[group] &= ~(std::uint64_t{1} << word_bit);
     }
   }
   walk.shares[0] = Lanes{};

@@ -28,6 +28,12 @@ struct alignas(64) Lanes {
   LaneVector each;
 };
 
+/// Where a line of selfing or full sibs ends that is inbred to the last bit: the oldest ancestor of the line, and its
+/// sib that it was mated to, itself in a line of selfing. Below it the within-family variance differs.
+struct LineEnd {
+  std::int32_t older = 0, younger = 0;  ///< 0: the ancestor's parents do not continue its line
+};
+
 /// What the walks work on. Between two walks all shares are 0 and no ancestor is waiting.
 struct AncestorWalk {
   struct Ancestor {
@@ -37,6 +43,7 @@ struct AncestorWalk {
 
   ByNumber<Ancestor> ancestors;  ///< by ancestor number
   ByNumber<float> f;             ///< F by ancestor number; -1 for the unknown parent
+  ByNumber<LineEnd> line_ends;   ///< by ancestor number; empty where no line is long enough to be worth it
   ByNumber<Lanes> shares;        ///< share of the ancestor in each lane's animal, summed over all paths
 
   // Ancestors still to be visited: a bit for each of them, and above those a bit for each word that has one set. The

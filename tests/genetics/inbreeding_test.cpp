@@ -428,6 +428,51 @@ TEST(ComputeInbreedingBits, ChainsOfSelfing) {
   expect_bits_of_reference(herd);
 }
 
+/// Lines of selfing (one animal a generation) or of full sibs (two), bred for `generations`; behind each further
+/// animals of any generation, out of two of one line or of two lines, that go on for a while.
+std::vector<ParentPair> long_lines(std::uint64_t seed, std::int32_t width, std::int32_t generations) {
+  RandomNumbers random{seed};
+  constexpr std::int32_t lines = 3;
+  std::vector<ParentPair> herd(static_cast<std::size_t>(lines * width));
+  for (std::int32_t generation = 1; generation <= generations; ++generation) {
+    for (std::int32_t line = 0; line < lines; ++line) {
+      const std::int32_t first = lines * width * (generation - 1) + line * width + 1;
+      for (std::int32_t k = 0; k < width; ++k) herd.push_back({first, first + width - 1});
+    }
+  }
+  const std::int32_t pure = static_cast<std::int32_t>(herd.size());
+  for (std::int32_t i = 0; i < 150; ++i) {
+    const std::int32_t last = static_cast<std::int32_t>(herd.size());
+    const std::int32_t reach = i % 3 == 0 ? last : pure;
+    herd.push_back({1 + random.below(reach), i % 5 == 0 ? last : 1 + random.below(reach)});
+  }
+  return herd;
+}
+
+TEST(ComputeInbreedingBits, LongLinesThatArePassedOver) {
+  for (std::uint64_t seed = 82; seed <= 84; ++seed) {
+    SCOPED_TRACE(seed);
+    expect_bits_of_reference(long_lines(seed, 1, 300));
+    expect_bits_of_reference(long_lines(seed, 2, 250));
+  }
+}
+
+TEST(ComputeInbreedingBits, ALineOfSibsWithOffspringOfEachGeneration) {
+  // Beside the two that go on, a third sib of each generation is mated to the first of the next.
+  std::vector<ParentPair> herd(2);
+  std::int32_t a = 1, b = 2, third = 1;
+  for (std::int32_t generation = 1; generation <= 400; ++generation) {
+    const std::int32_t first = static_cast<std::int32_t>(herd.size()) + 1;
+    for (std::int32_t k = 0; k < 3; ++k) herd.push_back({a, b});
+    herd.push_back({third, first});
+    a = first;
+    b = first + 1;
+    third = first + 2;
+  }
+  herd.push_back({static_cast<std::int32_t>(herd.size()), third});
+  expect_bits_of_reference(herd);
+}
+
 TEST(ComputeInbreedingBits, BackcrossesToOneAncestor) {
   std::vector<ParentPair> herd(2);
   herd.push_back({1, 2});
