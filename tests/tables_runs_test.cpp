@@ -46,6 +46,23 @@ TEST(TablesRun, WritesItsTablesAndNothingElse) {
   EXPECT_EQ(run.file("dogs.txt"), family);
 }
 
+TEST(TablesRun, IsRefusedWhereTheReportIs) {
+  SteerLines steer;
+  const auto with_names = [&](int count) {
+    steer.subpopulations = std::to_string(count);
+    for (int k = 1; k <= count; ++k) steer.subpopulations += "\nherd" + std::to_string(k);
+    return files_of(family, steer);
+  };
+  const WholeRun run = tables_on(with_names(448));
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_TRUE(has(run.messages, "448 subpopulations in pedigreewatch.ini make 100128 pairs")) << run.messages;
+  EXPECT_EQ(run.files.size(), 2U) << "nothing is written";
+  EXPECT_EQ(tables_on(with_names(447)).exit_status, 0);
+  EXPECT_EQ(run_program_on(with_names(448), tools_with({"page"})).exit_status, 1);
+  EXPECT_EQ(run_program_on(with_names(448), tools_with({"matings"})).exit_status, 0)
+      << "who shows no subpopulations needs none of their pairs";
+}
+
 TEST(TablesRun, AWorkbookHasTheSameTables) {
   const WholeRun run = tables_on(files_of(family), {"--workbook"});
   EXPECT_EQ(run.exit_status, 0) << run.messages;

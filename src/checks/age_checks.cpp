@@ -19,20 +19,6 @@ constexpr double days_of_a_year = 365.25;
 constexpr std::int32_t days_per_table_year = 365;
 constexpr std::int32_t youngest_possible_days = 1;
 
-/// The first and last year as the program's tables take them.
-struct YearSpan {
-  std::int32_t first = BirthYears{}.first, last = BirthYears{}.last;
-};
-
-YearSpan span_of_years(const PedigreeColumns& animals) {
-  YearSpan span;
-  for (const BirthDay& birth : animals.birth.entries) {
-    if (birth.year != 0) span.first = std::min(span.first, birth.year);
-    span.last = std::max(span.last, birth.year);
-  }
-  return span;
-}
-
 std::int32_t animal_born_in(const PedigreeColumns& animals, std::int32_t year) {
   std::int32_t animal = 1;
   while (animal <= animals.count() && animals.birth.at(animal).year != year) ++animal;
@@ -48,7 +34,7 @@ Finding finding_of_birth(FindingCode code, const PedigreeColumns& animals, std::
 }
 
 void check_span(const PedigreeColumns& animals, const ReadingPlan& plan, Findings& findings) {
-  const YearSpan span = span_of_years(animals);
+  const YearsOfTables span = years_of_tables(animals);
   if (span.last < span.first || std::int64_t{span.last} - span.first < year_limit) return;
   const std::int32_t strange = span.first < 0 ? span.first : span.last;
   Finding finding = finding_of_birth(FindingCode::year_span, animals, animal_born_in(animals, strange), plan);
@@ -257,16 +243,6 @@ std::optional<Finding> find_age(const PedigreeColumns& animals, const ParentOf& 
   return finding_of_age(FindingCode::parent_old, animals, link, years, findings);
 }
 
-/// An age in the program's calendar of 365-day years, as far as 32 bits go.
-std::int32_t age_in_tables(const PedigreeColumns& animals, std::int32_t animal, std::int32_t parent) {
-  const BirthDay &young = animals.birth.at(animal), &old = animals.birth.at(parent);
-  if (young.year <= 0 || old.year == 0) return -1;
-  const auto day_of_year = [](const BirthDay& birth) {
-    return std::int64_t{day_number({1, birth.month, 0})} + birth.day;
-  };
-  return wrapped(days_per_table_year * (std::int64_t{young.year} - old.year) + day_of_year(young) - day_of_year(old));
-}
-
 }  // namespace
 
 void settle_year_only_dates(PedigreeColumns& animals, const FileSurvey& survey, const ReadingPlan& plan,
@@ -340,6 +316,24 @@ void check_ages(const PedigreeColumns& animals, const CheckLimits& limits, ToolL
   }
 }
 
+YearsOfTables years_of_tables(const PedigreeColumns& animals) {
+  YearsOfTables span = {BirthYears{}.first, BirthYears{}.last};
+  for (const BirthDay& birth : animals.birth.entries) {
+    if (birth.year != 0) span.first = std::min(span.first, birth.year);
+    span.last = std::max(span.last, birth.year);
+  }
+  return span;
+}
+
+std::int32_t age_in_tables(const PedigreeColumns& animals, std::int32_t animal, std::int32_t parent) {
+  const BirthDay &young = animals.birth.at(animal), &old = animals.birth.at(parent);
+  if (young.year <= 0 || old.year == 0) return -1;
+  const auto day_of_year = [](const BirthDay& birth) {
+    return std::int64_t{day_number({1, birth.month, 0})} + birth.day;
+  };
+  return wrapped(days_per_table_year * (std::int64_t{young.year} - old.year) + day_of_year(young) - day_of_year(old));
+}
+
 void check_age_figures(const PedigreeColumns& animals, Findings& findings) {
   struct Oldest {
     std::int32_t days = -1;
@@ -355,7 +349,7 @@ void check_age_figures(const PedigreeColumns& animals, Findings& findings) {
     look_at(sire, animal, animals.linked(animals.sire.at(animal)));
     look_at(dam, animal, animals.linked(animals.dam.at(animal)));
   }
-  const YearSpan span = span_of_years(animals);
+  const YearsOfTables span = years_of_tables(animals);
   if (span.last < span.first || std::int64_t{span.last} - span.first >= year_limit) return;
   const std::int64_t rows = std::int64_t{span.last} - span.first + 1;
   const std::int64_t columns =

@@ -30,6 +30,15 @@ void check_years(PedigreeColumns& animals, const ReadingPlan& plan, const Calend
 void check_ages(const PedigreeColumns& animals, const CheckLimits& limits, ToolLanguage language, Findings& findings,
                 std::vector<DateConflict>& conflicts);
 
+/// The first and last year as the program's tables take them; the last is before the first when no year is known.
+struct YearsOfTables {
+  std::int32_t first = 0, last = 0;
+};
+YearsOfTables years_of_tables(const PedigreeColumns& animals);
+
+/// The age of a parent in the program's calendar of 365-day years, as far as 32 bits go; -1 when it is not known.
+std::int32_t age_in_tables(const PedigreeColumns& animals, std::int32_t animal, std::int32_t parent);
+
 /// Finds a parent so old that the tables of ages stop the run.
 void check_age_figures(const PedigreeColumns& animals, Findings& findings);
 

@@ -13,6 +13,7 @@
 #include "checks/parent_checks.h"
 #include "checks/reading_plan.h"
 #include "checks/same_animals.h"
+#include "checks/size_checks.h"
 #include "checks/stray_lines.h"
 #include "checks/value_checks.h"
 #include "core/wording.h"
@@ -86,6 +87,7 @@ void check_pedigree(const FileSurvey& survey, const ReadingPlan& plan, const Che
   check_litters(animals, settings.limits, findings, conflicts);
   report_conflicts(animals, conflicts, settings.limits, settings.language, findings);
   check_age_figures(animals, findings);
+  check_report_size(animals, survey, plan, settings, findings);
   check_litter_dams(animals, findings);
 }
 

@@ -227,6 +227,20 @@ void count_sex(Reading& reading, const DataLine& line, std::string_view text) {
   survey.sex_of.entries.back() = lost.empty() ? number : -number;
 }
 
+/// Only those of a list of several are told apart.
+bool has_subpopulations(const ReadingPlan& plan) {
+  return plan.layout.subpopulations.count() > 1;
+}
+
+void count_subpopulation(Reading& reading, const DataLine& line, std::string_view text) {
+  FileSurvey& survey = reading.survey;
+  if (text.empty() || reading.plan.column_of[subpopulation_column] == 0) return;
+  const std::int64_t left_out = survey.subpopulations.left_out;
+  count_text(survey.subpopulations, text, line.number);
+  if (survey.subpopulations.left_out > left_out || !has_subpopulations(reading.plan)) return;
+  survey.subpopulation_of.entries.back() = static_cast<std::int32_t>(survey.subpopulations.last) + 1;
+}
+
 void count_texts(Reading& reading, const DataLine& line, const LineFields& fields) {
   FileSurvey& survey = reading.survey;
   count_sex(reading, line, field_of(fields, sex_column));
@@ -235,7 +249,7 @@ void count_texts(Reading& reading, const DataLine& line, const LineFields& field
     const std::string_view text = field_of(fields, code);
     if (!text.empty()) count_text(counts, text, line.number);
   };
-  count_field(survey.subpopulations, subpopulation_column);
+  count_subpopulation(reading, line, field_of(fields, subpopulation_column));
   count_field(survey.colours, colour_column);
   count_field(survey.imports, import_column);
   count_field(survey.breeders, breeder_column);
@@ -257,6 +271,7 @@ void store_animal(Reading& reading, const WaitingLine& waiting, std::uint8_t mar
   const LineFields& fields = waiting.fields;
   const bool is_animal = (marks & mark_no_animal) == 0;
   reading.survey.sex_of.add(0);
+  if (has_subpopulations(reading.plan)) reading.survey.subpopulation_of.add(0);
   animals.sire.add(is_animal ? take_id(reading, line, waiting, 1) : 0);
   animals.dam.add(is_animal ? take_id(reading, line, waiting, 2) : 0);
   if (is_animal) {

@@ -34,6 +34,8 @@ struct FileSurvey {
   TextCounts sexes, subpopulations, colours, imports, breeders;
   TextCounts lost_sexes;              ///< as the export writes them, of animals without a sex in the data file
   NumberedList<std::int32_t> sex_of;  ///< of each animal its place in `sexes` from 1 on; in `lost_sexes` if negative
+  NumberedList<std::int32_t>
+      subpopulation_of;  ///< of each animal its place in `subpopulations` from 1 on; 0: none; empty without a list
   std::vector<std::int32_t> exchanged_dates;         ///< animals with a month above 12 that can be a day
   std::vector<std::int32_t> undated, dated_by_year;  ///< animals without a date, and with nothing but a year
 };

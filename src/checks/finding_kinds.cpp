@@ -68,6 +68,10 @@ constexpr std::array<FindingKind, finding_code_count> kinds = {{
      {"Parent far too old", "Ouder veel te oud"},
      {"{Parent} \"{text}\" was {number} years old: the tables of the parents' ages would be too wide ({other_number} figures)",
       "{Parent} \"{text}\" was {number} jaar oud: de tabellen van de leeftijden van de ouders zouden te breed worden ({other_number} getallen)"}},
+    {Code::report_size, "report-size", S, every_part,
+     {"Too many subpopulations for a report", "Te veel subpopulaties voor een rapport"},
+     {"{number} subpopulations in pedigreewatch.ini: the report would have {text}; name fewer of them from line {other_number} on, those with many animals",
+      "{number} subpopulaties in pedigreewatch.ini: het rapport krijgt {text}; noem er minder vanaf regel {other_number}, die met veel dieren"}},
 
     {Code::line_ends, "line-ends", W, every_part,
      {"The file is one single line", "Het bestand is een enkele regel"},

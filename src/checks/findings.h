@@ -30,6 +30,7 @@ enum class FindingCode : std::uint8_t {
   date_unreadable,
   year_span,
   age_figures,
+  report_size,
   // Figures of the report become wrong.
   line_ends,
   two_encodings,

@@ -171,16 +171,6 @@ void check_list(const ListedNames& list, const ReadingPlan& plan, Findings& find
   check_unfound(list, column, findings);
 }
 
-/// The steer file's line with the number of subpopulations: without headings in the data file four lines about the
-/// columns stand before it.
-std::size_t subpopulation_count_line(const CheckSettings& settings) {
-  constexpr std::size_t header_line = 9;
-  const bool has_line = settings.steer_lines.size() >= header_line;
-  const std::string_view answer = has_line ? std::string_view(settings.steer_lines[header_line - 1]) : "y";
-  const bool has_header = answer.starts_with('y') || answer.starts_with('Y');
-  return has_header ? header_line + 1 : header_line + 5;
-}
-
 template <std::size_t Width>
 std::vector<std::string> names_of(const NameList<Width>& list) {
   std::vector<std::string> names;
@@ -189,6 +179,14 @@ std::vector<std::string> names_of(const NameList<Width>& list) {
 }
 
 }  // namespace
+
+std::size_t subpopulation_count_line(const CheckSettings& settings) {
+  constexpr std::size_t header_line = 9;  // without headings four lines about the columns stand behind it
+  const bool has_line = settings.steer_lines.size() >= header_line;
+  const std::string_view answer = has_line ? std::string_view(settings.steer_lines[header_line - 1]) : "y";
+  const bool has_header = answer.starts_with('y') || answer.starts_with('Y');
+  return has_header ? header_line + 1 : header_line + 5;
+}
 
 void check_male_letter(const PedigreeColumns& animals, ReadingPlan& plan, Findings& findings) {
   const SexLetters letters = count_letters(animals);

@@ -17,6 +17,9 @@ void check_male_letter(const PedigreeColumns& animals, ReadingPlan& plan, Findin
 void check_sexes(const PedigreeColumns& animals, const FileSurvey& survey, const ReadingPlan& plan,
                  ToolLanguage language, Findings& findings);
 
+/// The steer file's line with the number of subpopulations, counted from 1.
+std::size_t subpopulation_count_line(const CheckSettings& settings);
+
 /// Finds subpopulations and colours that are not listed, and names of the lists that no animal has.
 void check_names(const FileSurvey& survey, const ReadingPlan& plan, const CheckSettings& settings, Findings& findings);
 

@@ -3,6 +3,7 @@
 #include <string_view>
 #include <utility>
 
+#include "control/report_bytes.h"
 #include "control/report_size.h"
 #include "genetics/ancestor_pedigree.h"
 #include "genetics/inbreeding.h"
@@ -35,11 +36,11 @@ void complete_pedigree(PopulationStore& store, RunStreams& streams) {
 }
 
 /// Groups the animals by year and, with more than one subpopulation, scans those.
-Analysis begin_analysis(const PopulationStore& store, const SteerSettings& settings, TextOutput& console) {
+Analysis begin_analysis(const PopulationStore& store, const SteerSettings& settings, RunStreams& streams) {
   const Subpopulations& subpopulations = settings.layout.subpopulations;
   Analysis analysis;
-  if (subpopulations.count() > 1) {
-    analysis.extras.subpopulations = scan_subpopulations(store, subpopulations, console);
+  if (streams.shows_subpopulations && subpopulations.count() > 1) {
+    analysis.extras.subpopulations = scan_subpopulations(store, subpopulations, streams.console);
   }
   analysis.years = group_by_year(store);
   return analysis;
@@ -49,9 +50,11 @@ Analysis begin_analysis(const PopulationStore& store, const SteerSettings& setti
 void check_size(const AnalysedPopulation& population, const OldestParents& oldest, std::string_view data_file,
                 RunStreams& streams) {
   const DataFileLayout& layout = population.settings.layout;
-  if (!streams.makes_report) return;
-  if (!is_too_large(most_report_bytes(population.store, layout, population.breeders, oldest))) return;
-  check_report_bytes(count_report_bytes(population.store, layout, population.breeders, oldest), data_file, streams);
+  if (!streams.shows_subpopulations) return;
+  const ReportShape shape = shape_of_report(population.store, layout, population.breeders);
+  if (!is_too_large(most_report_bytes(shape, oldest))) return;
+  check_report_bytes(count_report_bytes(population.store, layout, population.breeders, oldest), shape, data_file,
+                     streams);
 }
 
 /// Fills the parents' ages and the completeness of every animal, and everything that is counted; yields the yearly
@@ -80,8 +83,9 @@ void compute_genetics(AnalysedPopulation& population, MonitorTables tables, RunS
   const AncestorPedigree ancestors = make_ancestor_pedigree(store);
   compute_inbreeding(store, ancestors, streams.console);
   begin_phase(streams.phase_times, "kinship per year");
-  YearlyInbreeding inbreeding = compute_kinship_by_year(store, ancestors, analysis.years,
-                                                        population.settings.layout.subpopulations, streams.console);
+  const Subpopulations none;
+  const Subpopulations& compared = streams.shows_subpopulations ? population.settings.layout.subpopulations : none;
+  YearlyInbreeding inbreeding = compute_kinship_by_year(store, ancestors, analysis.years, compared, streams.console);
   echo_inbreeding(inbreeding.whole, streams.console);
   const RateSummary rates = compute_rates(inbreeding.whole, store.birth_years.count);
   analysis.whole = make_block(store, {population.settings.population_name.full(), all_positions(store),
@@ -112,7 +116,7 @@ AnalysedPopulation analyse_population(SteerSettings settings, LineReader& data, 
   complete_pedigree(store, streams);
   check_size(population, {}, data.name, streams);
   begin_phase(streams.phase_times, "subpopulation scan");
-  population.analysis = begin_analysis(store, population.settings, streams.console);
+  population.analysis = begin_analysis(store, population.settings, streams);
   begin_phase(streams.phase_times, "yearly statistics");
   MonitorTables tables = compute_statistics(population, data.name, streams);
   compute_genetics(population, std::move(tables), streams);  // the block is complete

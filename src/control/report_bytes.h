@@ -1,9 +1,7 @@
-// How many bytes a report will have, known from counts before anything is written. A table has a row for each birth
-// year and a column for each subpopulation, pair of them, colour, breeder or year of a parent's age.
+// What makes the report of a population large, and how many bytes it will have.
 #pragma once
 
-#include <cstdint>
-
+#include "core/report_shape.h"
 #include "pedigree/data_file_layout.h"
 #include "pedigree/population_store.h"
 #include "statistics/breeder_list.h"
@@ -11,20 +9,14 @@
 
 namespace pedigreewatch {
 
-struct ReportBytes {
-  std::int64_t all = 0;           ///< within one percent where subpopulations make it large
-  std::int64_t longest_line = 0;  ///< the line end included; exact where subpopulations make it
-  std::int32_t birth_years = 0;
-  std::int32_t names = 0;   ///< of subpopulations in the steer file
-  std::int32_t blocks = 0;  ///< of subpopulations that have animals
-};
+/// The counts that the size of the report depends on.
+ReportShape shape_of_report(const PopulationStore& store, const DataFileLayout& layout, const BreederList& breeders);
 
 /// Counts what the tables of the report will hold, without those of the parents' ages where `oldest` is 0.
 ReportBytes count_report_bytes(const PopulationStore& store, const DataFileLayout& layout, const BreederList& breeders,
                                const OldestParents& oldest);
 
 /// The same without a look at the animals: as if all subpopulations had some, and parents as old as any.
-ReportBytes most_report_bytes(const PopulationStore& store, const DataFileLayout& layout, const BreederList& breeders,
-                              const OldestParents& oldest);
+ReportBytes most_report_bytes(const ReportShape& shape, const OldestParents& oldest);
 
 }  // namespace pedigreewatch

@@ -54,12 +54,6 @@ std::string describe_years(const PopulationStore& store) {
          quoted(last.id.trimmed()) + " on " + birth_of(last) + ")";
 }
 
-/// Rounded up.
-std::string megabytes(std::int64_t bytes) {
-  constexpr std::int64_t mega = 1'000'000;
-  return std::to_string((bytes + mega - 1) / mega) + " MB";
-}
-
 }  // namespace
 
 void check_year_span(const PopulationStore& store, std::string_view data_file, RunStreams& streams) {
@@ -81,26 +75,24 @@ void check_parent_ages(const PopulationStore& store, const OldestParents& oldest
                    ": the tables of parents' ages would have more than 20000000 figures");
 }
 
-bool is_too_large(const ReportBytes& bytes) {
-  return bytes.all > report_byte_limit || bytes.longest_line > line_byte_limit;
-}
-
-void check_report_bytes(const ReportBytes& bytes, std::string_view data_file, RunStreams& streams) {
-  const std::string names = std::to_string(bytes.names) + " subpopulations";
+void check_report_bytes(const ReportBytes& bytes, const ReportShape& shape, std::string_view data_file,
+                        RunStreams& streams) {
   if (bytes.longest_line > line_byte_limit) {
     stop_on_file(streams, data_file,
-                 "the report would have lines of " + megabytes(bytes.longest_line) +
-                     ", at most 1 MB were expected: " + names + " in pedigreewatch.ini make " +
-                     std::to_string(std::int64_t{bytes.names} * (bytes.names - 1) / 2) +
+                 "the report would have lines of " + in_megabytes(bytes.longest_line) +
+                     ", at most 1 MB were expected: " + std::to_string(shape.names) +
+                     " subpopulations in pedigreewatch.ini make " + std::to_string(pairs_of(shape.names)) +
                      " pairs; name fewer of them there, those with many animals");
   }
   if (bytes.all <= report_byte_limit) return;
+  const bool has_more_colours = shape.colours > shape.names;
   stop_on_file(streams, data_file,
-               "the report would have " + megabytes(bytes.all) + ", at most 1000 MB were expected: " + names +
-                   " in pedigreewatch.ini, " + std::to_string(bytes.blocks) + " of them with animals, and " +
-                   std::to_string(bytes.birth_years) +
-                   " birth years; name fewer subpopulations there, those with many animals, and look at the first and "
-                   "the last birth year");
+               "the report would have " + in_megabytes(bytes.all) + ", at most 1000 MB were expected: " +
+                   (has_more_colours ? std::to_string(shape.colours) + " colours and " : std::string()) +
+                   std::to_string(shape.names) + " subpopulations in pedigreewatch.ini, " +
+                   std::to_string(bytes.blocks) + " of them with animals, and " + std::to_string(shape.years) +
+                   " birth years; name fewer " + (has_more_colours ? "colours and " : "") +
+                   "subpopulations there, those with many animals, and look at the first and the last birth year");
 }
 
 }  // namespace pedigreewatch

@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "control/report_bytes.h"
+#include "core/report_shape.h"
 #include "core/run_streams.h"
 #include "pedigree/population_store.h"
 #include "statistics/parent_ages.h"
@@ -20,11 +20,9 @@ void check_year_span(const PopulationStore& store, std::string_view data_file, R
 void check_parent_ages(const PopulationStore& store, const OldestParents& oldest, std::string_view data_file,
                        RunStreams& streams);
 
-/// Whether the report would have more than 1 GB, or a line of more than 1 MB.
-bool is_too_large(const ReportBytes& bytes);
-
 /// Stops the run when the report would have more than 1 GB, or a line of more than 1 MB. The message gives the size,
 /// the counts that make it, and what to do.
-void check_report_bytes(const ReportBytes& bytes, std::string_view data_file, RunStreams& streams);
+void check_report_bytes(const ReportBytes& bytes, const ReportShape& shape, std::string_view data_file,
+                        RunStreams& streams);
 
 }  // namespace pedigreewatch

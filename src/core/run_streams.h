@@ -21,7 +21,7 @@ struct RunStreams {
   void (*before_report_is_begun)() = nullptr;
   NewFile report_file;                ///< the report until it has its name; not begun: it is written where it goes
   std::string last_complete_report;   ///< name of the file that keeps the one of an earlier run; empty: none is kept
-  bool makes_report = true;           ///< otherwise nothing depends on how large the report would be
+  bool shows_subpopulations = true;   ///< otherwise they may be as many as they are, and nothing is computed of them
   bool has_changed_input = false;     ///< an input file changed while it was read: nothing comes of the run
   PhaseTimes* phase_times = nullptr;  ///< for benchmarks; null: nobody measures
 };

@@ -104,6 +104,7 @@ constexpr std::array<EvidenceWording, remark_kind_count> remark_wordings = {{
     {{"Subpopulations", "Subpopulaties"}, {"{1}: {2}", "{1}: {2}"}},
     {{"Colours", "Kleuren"}, {"{1}: {2}", "{1}: {2}"}},
     {goes_on, {"Not ticked: {1}", "Niet aangevinkt: {1}"}},
+    {goes_on, {"Together as \"{3}\": {1} names, animals: {2}", "Samen als \"{3}\": {1} namen, dieren: {2}"}},
     {{"Imports", "Import"}, {"{1}; text that means none: {2}", "{1}; tekst die geen import betekent: {2}"}},
     {{"Species", "Diersoort"}, {"{1}", "{1}"}},
     {{"Population", "Populatie"}, {"{1}", "{1}"}},
@@ -249,10 +250,10 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "animals?",
      "Van {1} ouders zonder eigen regel zouden er {2} een hebben als id's vergeleken worden {3}: {5}. Zijn het dezelfde "
      "dieren?"},
-    {"The column of subpopulations, {1}, holds {2} different texts; each would be listed. Tick those that count at "
-     "\"Subpopulations\", or choose all or none.",
-     "De kolom van de subpopulaties, {1}, bevat {2} verschillende teksten; elk zou op de lijst komen. Vink aan welke "
-     "meetellen bij \"Subpopulaties\", of kies alle of geen."},
+    {"The column of subpopulations, {1}, holds {2} different texts; each would be listed, and each two of them "
+     "compared. Tick those that count at \"Subpopulations\", or choose one of these.",
+     "De kolom van de subpopulaties, {1}, bevat {2} verschillende teksten; elk zou op de lijst komen, en elke twee "
+     "zouden vergeleken worden. Vink aan welke meetellen bij \"Subpopulaties\", of kies een van deze."},
     {"The column of colours, {1}, holds {2} different texts; each would be listed. Tick those that count at "
      "\"Colours\", or choose all or none.",
      "De kolom van de kleuren, {1}, bevat {2} verschillende teksten; elk zou op de lijst komen. Vink aan welke "
@@ -313,6 +314,17 @@ constexpr Wording same_animals = {"they are the same animals", "het zijn dezelfd
 constexpr Wording stands_for_unknown = {"{1} stands for unknown", "{1} betekent onbekend"};
 constexpr Wording all_are_animals = {"they are animals", "het zijn dieren"};
 constexpr Wording all_names = {"all", "alle"}, no_names = {"none", "geen"};
+
+/// With the size of the report that it makes.
+std::string text_of_names(const Question& question, const Answer& answer, ToolLanguage language) {
+  for (const Value& value : question.values) {
+    const auto* const list = std::get_if<NameChoiceList>(&value);
+    for (std::size_t k = 0; list != nullptr && k < list->choices.size(); ++k) {
+      if (list->choices[k].value == answer.value) return description_of(list->choices[k], language);
+    }
+  }
+  return shown(answer.text);
+}
 
 /// The texts of the values. A field is called by what it holds, a file without the folder that it was put into.
 std::vector<std::string> texts_in_desk(const Values& values, bool begins_with_file, ToolLanguage language) {
@@ -382,7 +394,7 @@ std::string answer_text(const Question& question, const Answer& answer, ToolLang
       const std::optional<DateOrder> order = date_order_named(answer.value);
       return order ? text_of(*order, language) : answer.value;
     }
-    case Setting::subpopulations:
+    case Setting::subpopulations: return text_of_names(question, answer, language);
     case Setting::colours: return either("all", all_names, no_names);
     case Setting::ids: return either("keep", keep_ids, same_animals);
     case Setting::young: return either("none", one_animal_a_line, several_animals_a_line);

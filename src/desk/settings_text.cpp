@@ -7,6 +7,7 @@
 
 #include "intake/column_recognition.h"
 #include "intake/delimiter_recognition.h"
+#include "intake/name_choice.h"
 
 namespace pedigreewatch {
 namespace {
@@ -27,6 +28,10 @@ NameWish names_from(std::string_view value, const TextCounts& counts) {
   wish.is_given = true;
   if (value == "all") return wish;
   wish.leaves_out = value == "none";
+  if (const std::optional<std::int64_t> least = least_animals_named(value)) {
+    wish.least_animals = *least;
+    return wish;
+  }
   // A file of answers has names with semicolons between them instead of places.
   if (value.find(';') != std::string_view::npos) {
     for_each_piece(value, ';', [&](std::string_view piece) { wish.names.emplace_back(piece); });

@@ -6,6 +6,7 @@
 #include <array>
 
 #include "intake/export_records.h"
+#include "intake/name_choice.h"
 #include "text/folded_words.h"
 
 namespace pedigreewatch {
@@ -52,6 +53,7 @@ void add_names(std::string& text, std::string_view option, const NameWish& wish)
   for (const std::string& name : wish.names) list += (list.empty() ? "" : ";") + name;
   // A single name with a comma in it would be taken apart.
   if (wish.names.size() == 1) list += ';';
+  if (wish.least_animals > 0) list = answer_for_least(wish.least_animals);
   add_line(text, option, wish.leaves_out ? "none" : (list.empty() ? "all" : list));
 }
 

@@ -83,6 +83,7 @@ constexpr std::array<Wording, remark_kind_count> remark_wordings = {{
     {"Subpopulations {1}: {2}", "Subpopulaties {1}: {2}"},
     {"Colours       {1}: {2}", "Kleuren       {1}: {2}"},
     {"              not listed: {1}", "              niet op de lijst: {1}"},
+    {"              together as \"{3}\": {1} names, animals: {2}", "              samen als \"{3}\": {1} namen, dieren: {2}"},
     {"Imports       {1}; text that means none: {2}", "Import        {1}; tekst die geen import betekent: {2}"},
     {"Species       {1}", "Diersoort     {1}"},
     {"Population    {1} (another name: --name)", "Populatie     {1} (andere naam: --name)"},
@@ -224,10 +225,10 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "are the same animals, or --ids keep if not.",
      "Van {1} ouders zonder eigen regel zouden er {2} een hebben als ids vergeleken worden {3}: {5}. Zeg --ids {4} als "
      "het dezelfde dieren zijn, of --ids keep als dat niet zo is."},
-    {"The column \"{1}\" holds {2} different texts; each would be listed. Name those that count (--subpopulations "
-     "\"A,B\"), or say --subpopulations all, or --subpopulations none to leave the column out.",
-     "De kolom \"{1}\" bevat {2} verschillende teksten; elk zou op de lijst komen. Noem welke meetellen "
-     "(--subpopulations \"A,B\"), of zeg --subpopulations all, of --subpopulations none om de kolom weg te laten."},
+    {"The column \"{1}\" holds {2} different texts; each would be listed, and each two of them compared. Name those that "
+     "count (--subpopulations \"A,B\"), or say one of these:{3}",
+     "De kolom \"{1}\" bevat {2} verschillende teksten; elk zou op de lijst komen, en elke twee zouden vergeleken "
+     "worden. Noem welke meetellen (--subpopulations \"A,B\"), of zeg een van deze:{3}"},
     {"The column \"{1}\" holds {2} different texts; each would be listed. Name those that count (--colours \"A,B\"), "
      "or say --colours all, or --colours none to leave the column out.",
      "De kolom \"{1}\" bevat {2} verschillende teksten; elk zou op de lijst komen. Noem welke meetellen (--colours "
@@ -332,7 +333,17 @@ std::string lines_of(const TriedDelimiters& list, ToolLanguage language) {
   return text;
 }
 
+/// As it would be typed, each on a line of its own.
+std::string choices_to_type(const NameChoiceList& list, ToolLanguage language) {
+  std::string text;
+  for (const NameChoice& choice : list.choices) {
+    text += "\n  --subpopulations " + choice.value + "   " + description_of(choice, language);
+  }
+  return text;
+}
+
 std::string text_in_question(const Value& value, ToolLanguage language) {
+  if (const auto* const choices = std::get_if<NameChoiceList>(&value)) return choices_to_type(*choices, language);
   const auto* const counted = std::get_if<CountedList>(&value);
   return counted == nullptr ? text_of(value, language) : texts_to_type(*counted);
 }

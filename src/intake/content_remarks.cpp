@@ -1,6 +1,7 @@
 // What stands in the columns, and how it is understood.
 
 #include <algorithm>
+#include <unordered_set>
 
 #include "intake/export_remarks.h"
 
@@ -84,17 +85,42 @@ void remark_unknown_parents(const ExportSurvey& survey, const PreparePlan& plan,
 }
 
 /// Remarks on the names that the steer file lists.
-void remark_names(RemarkKind kind, FieldCode code, const TextCounts& counts, const std::vector<std::string>& names,
-                  std::vector<Remark>& remarks) {
-  const auto is_listed = [&](const CountedText& entry) {
+/// Which texts of a column are in the steer file's list, as the data file has them.
+struct ListedTexts {
+  std::unordered_set<std::string> names;
+  FieldCode code;
+
+  bool has(const CountedText& entry) const {
     std::string written;
     LetterCounts ignored;
     append_field_text(written, entry.text, code, ignored);
-    return std::find(names.begin(), names.end(), written) != names.end();
-  };
+    return names.count(written) > 0;
+  }
+};
+
+void remark_names(RemarkKind kind, FieldCode code, const TextCounts& counts, const std::vector<std::string>& names,
+                  std::vector<Remark>& remarks) {
+  const ListedTexts texts = {{names.begin(), names.end()}, code};
+  const auto is_listed = [&](const CountedText& entry) { return texts.has(entry); };
   remarks.push_back({kind, {static_cast<std::int64_t>(names.size()), list_counted(counts, is_listed)}});
-  const CountedList left_out = list_counted(counts, [&](const CountedText& entry) { return !is_listed(entry); });
+  const CountedList left_out = list_counted(counts, [&](const CountedText& entry) { return !texts.has(entry); });
   if (!left_out.texts.empty()) remarks.push_back({RemarkKind::names_left_out, {left_out}});
+}
+
+/// Where those that few animals have are one together.
+void remark_joined_names(const TextCounts& counts, const PreparePlan& plan, std::vector<Remark>& remarks) {
+  const ListedTexts texts = {plan.own_subpopulations, subpopulation_column};
+  const auto is_listed = [&](const CountedText& entry) { return texts.has(entry); };
+  std::int64_t names = counts.left_out, animals = counts.left_out;
+  for (const CountedText& entry : counts.texts) {
+    if (texts.has(entry)) continue;
+    ++names;
+    animals += entry.count;
+  }
+  remarks.push_back({RemarkKind::subpopulations_found,
+                     {static_cast<std::int64_t>(plan.subpopulations.size()), list_counted(counts, is_listed)}});
+  remarks.push_back(
+      {RemarkKind::names_joined, {names, animals, decode(plan.joined_subpopulation, Encoding::windows_1252).text}});
 }
 
 void remark_imports(const ExportSurvey& survey, std::vector<Remark>& remarks) {
@@ -112,7 +138,9 @@ void add_content_remarks(const Preparation& read, std::vector<Remark>& remarks) 
   if (is_in_use(plan, sire_column) || is_in_use(plan, dam_column)) remark_unknown_parents(survey, plan, remarks);
   if (is_in_use(plan, birthdate_column)) remark_dates(survey, plan.dates, remarks);
   if (is_in_use(plan, sex_column)) remark_sexes(survey, plan, remarks);
-  if (is_in_use(plan, subpopulation_column)) {
+  if (is_in_use(plan, subpopulation_column) && !plan.joined_subpopulation.empty()) {
+    remark_joined_names(survey.subpopulations, plan, remarks);
+  } else if (is_in_use(plan, subpopulation_column)) {
     remark_names(RemarkKind::subpopulations_found, subpopulation_column, survey.subpopulations, plan.subpopulations,
                  remarks);
   }

@@ -47,6 +47,10 @@ bool can_be_day_and_month(std::int32_t day, std::int32_t month, std::int32_t yea
   return day <= days[static_cast<std::size_t>(month)] - (month == february && !is_leap_year ? 1 : 0);
 }
 
+void note_year(BirthSpan& span, std::int32_t year) {
+  span = {std::min(span.first, year), std::max(span.last, year)};
+}
+
 /// `ahead` is the order in which the first number is the day.
 void vote(OrderCounts& counts, const DatePiecesFound& date, std::int64_t line, std::string_view text,
           std::pair<DateOrder, DateOrder> day_first_and_month_first) {
@@ -107,12 +111,13 @@ constexpr std::array<DateOrder, 4> compact_orders = {
     DateOrder::compact_year_day_month};
 
 /// Counts in `only` every order that fits: the order with most of them is the likely one.
-void vote_compact(OrderCounts& counts, std::string_view digits, std::int64_t line) {
+void vote_compact(OrderCounts& counts, SurveyedYears& years, std::string_view digits, std::int64_t line) {
   ++counts.total;
   bool fits_any = false;
   for (const DateOrder order : compact_orders) {
     if (!fits_compact(digits, order)) continue;
     ++counts.only[place_of(order)];
+    note_year(years.compact[place_of(order)], number_of(cut_compact(digits, order).year));
     fits_any = true;
   }
   if (!fits_any) note_text(counts.neither, line, digits);
@@ -265,6 +270,11 @@ void append_serial(std::string& bytes, std::string_view digits, const DatePlan& 
   append_in_order(bytes, plan.written, {text.substr(0, 4), text.substr(5, 2), text.substr(8, 2)});
 }
 
+bool tells_its_year(DateShape shape) {
+  return shape == DateShape::year_first || shape == DateShape::year_last || shape == DateShape::named ||
+         shape == DateShape::year_only || shape == DateShape::month_only;
+}
+
 /// A word in the place of a date that is not known to mean that there is none.
 bool is_odd_word(std::string_view text) {
   constexpr std::string_view too_narrow = "##";  // what a spreadsheet shows of a date in a narrow column
@@ -315,6 +325,7 @@ void survey_date(DateSurvey& survey, std::string_view text, std::int64_t line) {
   const DatePiecesFound date = cut_date(text);
   survey.with_time += date.has_time ? 1 : 0;
   survey.rough += date.is_rough && date.shape != DateShape::unreadable ? 1 : 0;
+  if (tells_its_year(date.shape)) note_year(survey.years.plain, number_of(date.year));
   switch (date.shape) {
     case DateShape::empty:
       ++survey.empty;
@@ -324,7 +335,7 @@ void survey_date(DateSurvey& survey, std::string_view text, std::int64_t line) {
       return vote(survey.year_first, date, line, text, {DateOrder::year_day_month, DateOrder::year_month_day});
     case DateShape::year_last:
       return vote(survey.year_last, date, line, text, {DateOrder::day_month_year, DateOrder::month_day_year});
-    case DateShape::compact: return vote_compact(survey.compact, date.year, line);
+    case DateShape::compact: return vote_compact(survey.compact, survey.years, date.year, line);
     case DateShape::named: ++survey.named; return;
     case DateShape::year_only: ++survey.year_only; return;
     case DateShape::month_only: ++survey.month_only; return;
@@ -332,6 +343,7 @@ void survey_date(DateSurvey& survey, std::string_view text, std::int64_t line) {
     case DateShape::short_named:
     case DateShape::short_month: return survey_short(survey.short_dates, date, line, text);
     case DateShape::serial:
+      survey.serials.lowest = std::min(survey.serials.lowest, number_of(date.year));
       survey.serials.highest = std::max(survey.serials.highest, number_of(date.year));
       return note_text(survey.serials.noted, line, text);
     case DateShape::unreadable: return note_text(survey.unreadable, line, text);

@@ -60,8 +60,16 @@ struct ShortDates {
 
 /// Dates that are numbers of days.
 struct SerialDates {
-  std::int32_t highest = 0;
+  std::int32_t lowest = INT32_MAX, highest = 0;
   NotedTexts noted;  ///< all of them
+};
+
+/// The years of dates that tell them plainly, and of eight digits in each order that fits them. Where there is none the
+/// last is before the first.
+struct SurveyedYears {
+  static constexpr BirthSpan none = {INT32_MAX, 0};
+  BirthSpan plain = none;
+  std::array<BirthSpan, date_order_count> compact = {none, none, none, none, none, none, none, none};
 };
 
 struct DateSurvey {
@@ -71,6 +79,7 @@ struct DateSurvey {
   std::int64_t odd_words = 0;  ///< of the empty ones: with words that nobody knows
   std::int64_t empty = 0, named = 0, year_only = 0, month_only = 0, with_time = 0, rough = 0;
   NotedTexts unreadable;
+  SurveyedYears years;
   ShortYears short_years;  ///< filled only where there are short dates
 };
 

@@ -26,6 +26,7 @@ struct NameWish {
   bool is_given = false;
   bool leaves_out = false;         ///< "none": the column is left out
   std::vector<std::string> names;  ///< empty: all
+  std::int64_t least_animals = 0;  ///< names that fewer animals have are one together; 0: none are
 };
 
 struct PrepareOptions {

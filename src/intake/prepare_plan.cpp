@@ -12,15 +12,13 @@
 #include "intake/damaged_numbers.h"
 #include "intake/date_questions.h"
 #include "intake/id_questions.h"
+#include "intake/name_choice.h"
 #include "intake/sex_choice.h"
 #include "intake/species_choice.h"
 #include "text/folded_words.h"
 
 namespace pedigreewatch {
 namespace {
-
-/// The report adds these colours itself; in the steer file they would stand twice.
-constexpr auto colours_of_report = std::to_array<std::string_view>({"Onbekend", "niet erkend"});
 
 /// The first character that occurs nowhere in the texts.
 void choose_delimiter(const ExportSurvey& survey, PreparePlan& plan) {
@@ -89,51 +87,6 @@ void choose_sexes_of_plan(const ExportSurvey& survey, const ColumnChoice& column
                 [](const Question& question) { return question.kind == QuestionKind::sexes_contradict; });
 }
 
-std::string in_windows_1252(std::string_view text, std::size_t width) {
-  LetterCounts ignored;
-  std::string bytes;
-  append_windows_1252(bytes, text, ignored);
-  bytes.resize(std::min(bytes.size(), width));
-  while (!bytes.empty() && bytes.back() == ' ') bytes.pop_back();
-  return bytes;
-}
-
-struct NameColumn {
-  FieldCode code;
-  Setting setting;
-  QuestionKind question;
-  std::size_t most_names;  ///< more are listed only when the user says so
-  std::size_t name_limit;  ///< more than these are never listed: the program refuses so many
-};
-
-/// The names for the steer file; with those of the user, or the most frequent first.
-void choose_names(const NameColumn& column, const TextCounts& counts, const NameWish& wish, PreparePlan& plan,
-                  std::vector<std::string>& names) {
-  auto& place = plan.columns.place[static_cast<std::size_t>(column.code)];
-  if (wish.leaves_out || !place) {
-    place.reset();
-    return;
-  }
-  const std::size_t allowed = wish.is_given ? column.name_limit : column.most_names;
-  if (wish.names.empty() && counts.texts.size() > allowed) {
-    plan.questions.push_back({column.question,
-                              {plan.columns.headings[*place], static_cast<std::int64_t>(counts.texts.size())},
-                              column.setting,
-                              unused_column,
-                              {{"all", {}}, {"none", {}}}});
-    return;
-  }
-  std::unordered_set<std::string> listed;
-  const auto add = [&](std::string_view text) {
-    std::string name = in_windows_1252(text, width_of(column.code));
-    if (column.code == colour_column && is_among(name, colours_of_report)) return;
-    if (listed.insert(name).second) names.push_back(std::move(name));
-  };
-  for (const std::string& name : wish.names) add(name);
-  if (!wish.names.empty()) return;
-  for (const CountedText* entry : by_frequency(counts)) add(entry->text);
-}
-
 void choose_species(const ExportSurvey& survey, const PrepareOptions& options, PreparePlan& plan) {
   const bool is_wished = !options.species.empty();
   plan.species =
@@ -200,9 +153,6 @@ char female_letter(ToolLanguage language) {
 }
 
 PreparePlan plan_preparation(const ExportSurvey& survey, const ColumnChoice& columns, const PrepareOptions& options) {
-  constexpr NameColumn subpopulation = {subpopulation_column, Setting::subpopulations,
-                                        QuestionKind::too_many_subpopulations, 30, 5000};
-  constexpr NameColumn colour = {colour_column, Setting::colours, QuestionKind::too_many_colours, 100, 50000};
   constexpr std::size_t population_name_width = 40;
   PreparePlan plan;
   plan.language = options.language;
@@ -224,8 +174,8 @@ PreparePlan plan_preparation(const ExportSurvey& survey, const ColumnChoice& col
   choose_dates(survey, options, plan);
   choose_sexes_of_plan(survey, columns, options, plan);
   choose_unknown_parents(survey, options, plan);
-  choose_names(subpopulation, survey.subpopulations, options.subpopulations, plan, plan.subpopulations);
-  choose_names(colour, survey.colours, options.colours, plan, plan.colours);
+  choose_subpopulations(survey, options.subpopulations, plan);
+  choose_colours(survey, options.colours, plan);
   choose_species(survey, options, plan);
   const std::string export_name = decode(options.export_name, Encoding::utf_8).text;
   plan.stem = stem_of(export_name);

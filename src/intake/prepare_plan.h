@@ -28,6 +28,8 @@ struct PreparePlan {
   std::string population_name;                              ///< Windows-1252, 40 bytes at most
   std::string stem;                                         ///< of the data file's name
   std::vector<std::string> subpopulations, colours;         ///< Windows-1252, as the steer file lists them
+  std::string joined_subpopulation;                         ///< the name of all that are too small; empty: none is
+  std::unordered_set<std::string> own_subpopulations;       ///< where some are joined: the others
   ColumnChoice columns;                                     ///< without those that are left out
   std::vector<Question> questions;                          ///< none: everything is decided
 };

@@ -38,6 +38,17 @@ void append_sex(std::string& bytes, std::string_view text, const PreparePlan& pl
   if (meaning == SexMeaning::female) bytes.push_back(female_letter(plan.language));
 }
 
+/// One that is not listed by itself gets the name of all others.
+void append_subpopulation(std::string& bytes, std::string_view text, const PreparePlan& plan) {
+  LetterCounts ignored;
+  const std::size_t start = bytes.size();
+  append_field_text(bytes, text, subpopulation_column, ignored);
+  if (plan.joined_subpopulation.empty() || bytes.size() == start) return;
+  if (plan.own_subpopulations.count(bytes.substr(start)) > 0) return;
+  bytes.resize(start);
+  bytes += plan.joined_subpopulation;
+}
+
 void append_field(std::string& bytes, FieldCode code, std::string_view text, const PreparePlan& plan,
                   const TextCounts& sexes) {
   constexpr std::size_t import_width = 20, date_width = 40;
@@ -63,6 +74,7 @@ void append_field(std::string& bytes, FieldCode code, std::string_view text, con
       if (is_unknown_parent(plan, text)) return;
       text = planned_id(plan, text, rewritten);
       break;
+    case subpopulation_column: return append_subpopulation(bytes, text, plan);
     case id_column:
       if (plan.leaves_out_thousands_signs) text = planned_id(plan, text, rewritten);
       break;

@@ -72,10 +72,21 @@ struct IdPairList {
   std::vector<IdPair> pairs;
 };
 
+/// Names of subpopulations that a user can ask for, with the report that they make.
+struct NameChoice {
+  std::string value;               ///< as it is asked for: "all", "at-least-50", "none"
+  std::int64_t names = 0;          ///< that are named by themselves
+  std::int64_t least_animals = 0;  ///< that each of these has, all others being one together; 0: it does not matter
+  std::int64_t bytes = 0, longest_line = 0;  ///< of the report
+};
+struct NameChoiceList {
+  std::vector<NameChoice> choices;
+};
+
 /// A number, a text of the export or of the user, the place of a column, lines with what stands in them, ...
 using Value = std::variant<std::int64_t, std::string, FieldCode, FieldName, DateOrder, Encoding, Delimiter, ColumnList,
                            CountedList, NotedTexts, MatchList, LetterList, TriedDelimiters, WordList, NotedCells,
-                           WorkbookProblem, EncodingReadings, IdRules, IdPairList>;
+                           WorkbookProblem, EncodingReadings, IdRules, IdPairList, NameChoiceList>;
 using Values = std::vector<Value>;
 
 // --- Remarks: what was recognised, and what is changed on the way. Behind each kind stand its values ---
@@ -127,6 +138,7 @@ enum class RemarkKind {
   subpopulations_found,          ///< names, texts
   colours_found,                 ///< names, texts
   names_left_out,                ///< texts
+  names_joined,                  ///< names, their animals, the name that they get
   imports_found,                 ///< imports, texts that mean none
   species_found,                 ///< the word of the steer file
   population_named,              ///< name
@@ -194,7 +206,7 @@ enum class QuestionKind {
   species_wrong,            ///< what the user says, words of the species
   ids_destroyed,            ///< columns, identifications, some with their lines
   ids_alike,                ///< parents without a line, those that get one, rules, their names, some with the animals
-  too_many_subpopulations,  ///< heading, texts
+  too_many_subpopulations,  ///< heading, texts, what can be asked for
   too_many_colours,         ///< heading, texts
   no_delimiter_left,        ///< none
   young_unclear,            ///< columns, their numbers with commas between

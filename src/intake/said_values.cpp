@@ -6,6 +6,8 @@
 #include <array>
 #include <utility>
 
+#include "core/report_limits.h"
+#include "core/report_shape.h"
 #include "intake/column_choice.h"
 #include "text/utf_8.h"
 
@@ -22,6 +24,17 @@ constexpr Wording column_words = {"\"{1}\" (column {2})", "\"{1}\" (kolom {2})"}
 constexpr Wording column_match = {"\"{1}\" (column {2}: {3} of {4})", "\"{1}\" (kolom {2}: {3} van {4})"};
 constexpr Wording delimiter_tried = {"{1}: {2} of {3} lines have {4} columns",
                                      "{1}: {2} van {3} regels hebben {4} kolommen"};
+
+constexpr Wording all_names = {"all {1} of them: {2}", "alle {1}: {2}"};
+constexpr Wording names_from_size = {"the {1} with at least {3} animals, all others together as one: {2}",
+                                     "de {1} met minstens {3} dieren, alle andere samen als één: {2}"};
+constexpr Wording no_names = {"none, the column is left out: {2}", "geen, de kolom wordt weggelaten: {2}"};
+constexpr Wording report_of_bytes = {"a report of about {1}", "een rapport van ongeveer {1}"};
+constexpr Wording small_report = {"a report of less than 1 MB", "een rapport van minder dan 1 MB"};
+constexpr Wording large_report = {"a report of about {1}; more than 1000 MB are not made",
+                                  "een rapport van ongeveer {1}; meer dan 1000 MB wordt niet gemaakt"};
+constexpr Wording long_lines = {"a report with lines of {1}; more than 1 MB are not made",
+                                "een rapport met regels van {1}; meer dan 1 MB wordt niet gemaakt"};
 
 constexpr std::array<std::pair<char, Wording>, 5> delimiter_names = {{{';', {"; (semicolon)", "; (puntkomma)"}},
                                                                       {',', {", (comma)", ", (komma)"}},
@@ -126,6 +139,10 @@ struct TextMaker {
 
   std::string operator()(const WorkbookProblem& problem) const { return message_of(problem, language); }
 
+  std::string operator()(const NameChoiceList& list) const {
+    return joined(list.choices, "; ", [&](const NameChoice& choice) { return description_of(choice, language); });
+  }
+
   std::string operator()(const EncodingReadings& list) const {
     return joined(list.readings, "; ", [](const EncodingReading& reading) {
       return std::string(name_of(encoding_of(reading.encoding))) + ": " +
@@ -134,7 +151,23 @@ struct TextMaker {
   }
 };
 
+std::string size_of_report(const NameChoice& choice, ToolLanguage language) {
+  constexpr std::int64_t mega = 1'000'000;
+  const auto words = [&](const Wording& wording, std::int64_t bytes) {
+    return phrase(wording, language, {in_megabytes(bytes)});
+  };
+  if (choice.longest_line > line_byte_limit) return words(long_lines, choice.longest_line);
+  if (choice.bytes > report_byte_limit) return words(large_report, choice.bytes);
+  return words(choice.bytes < mega ? small_report : report_of_bytes, choice.bytes);
+}
+
 }  // namespace
+
+std::string description_of(const NameChoice& choice, ToolLanguage language) {
+  const Wording& wording = choice.least_animals > 0 ? names_from_size : choice.names > 0 ? all_names : no_names;
+  return phrase(wording, language,
+                {std::to_string(choice.names), size_of_report(choice, language), std::to_string(choice.least_animals)});
+}
 
 void say(TextOutput& console, const Wording& wording, ToolLanguage language,
          std::initializer_list<std::string_view> values) {

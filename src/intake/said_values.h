@@ -25,6 +25,9 @@ std::string text_of(const Value& value, ToolLanguage language);
 /// The texts of all values.
 std::vector<std::string> texts_of(const Values& values, ToolLanguage language);
 
+/// What a choice of names makes of the report: "all 2000 of them: a report with lines of 20 MB; more than ...".
+std::string description_of(const NameChoice& choice, ToolLanguage language);
+
 /// The wording with these texts in its places.
 std::string phrase_of(const Wording& wording, ToolLanguage language, std::span<const std::string> texts);
 

@@ -54,7 +54,7 @@ std::optional<ToolRefusal> open_data_file(const SteerSettings& settings, LineRea
   return ToolRefusal{phrase(no_data_file, language_of(settings), {in_quotes(name), error_text(data.error)})};
 }
 
-std::optional<ToolRefusal> analyse_folder(StopRequest stop_request, AnalysedPopulation& population) {
+std::optional<ToolRefusal> analyse_folder(FolderUse use, StopRequest stop_request, AnalysedPopulation& population) {
   SteerSettings settings;
   LineReader data;
   if (std::optional<ToolRefusal> refusal = read_settings_of_folder(settings)) return refusal;
@@ -62,7 +62,7 @@ std::optional<ToolRefusal> analyse_folder(StopRequest stop_request, AnalysedPopu
   const ToolLanguage language = language_of(settings);
   RunStreams run;
   run.console.stop_request = stop_request;
-  run.makes_report = false;
+  run.shows_subpopulations = use == FolderUse::subpopulations_too;
   try {
     population = analyse_population(std::move(settings), data, run);
     return std::nullopt;

@@ -18,9 +18,13 @@ std::optional<ToolRefusal> read_settings_of_folder(SteerSettings& settings);
 /// Opens the data file that the settings name; refuses when that cannot be done.
 std::optional<ToolRefusal> open_data_file(const SteerSettings& settings, LineReader& data);
 
+/// What of a population is used. Its subpopulations and all pairs of them are computed only for who shows them, and
+/// refused where they are too many for a report.
+enum class FolderUse { animals, subpopulations_too };
+
 /// Computes the population of this folder. Refuses when a file is missing, its data stop a run, or somebody wants it to
 /// end.
-std::optional<ToolRefusal> analyse_folder(StopRequest stop_request, AnalysedPopulation& population);
+std::optional<ToolRefusal> analyse_folder(FolderUse use, StopRequest stop_request, AnalysedPopulation& population);
 
 /// A file beside the report: its name with `ending` in place of what stands behind the last full stop ("_years.tsv").
 std::string name_beside_report(const SteerSettings& settings, std::string_view ending);

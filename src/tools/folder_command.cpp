@@ -47,14 +47,14 @@ ToolRefusal refusal_of_arguments(std::string_view subcommand, std::string_view p
 }
 
 int run_in_folder(std::string_view subcommand, std::string_view problem, ToolStreams& streams, const FolderStep& step,
-                  const EarlyStep& early_step) {
+                  FolderUse use, const EarlyStep& early_step) {
   if (!problem.empty()) return refuse(streams, refusal_of_arguments(subcommand, problem));
   if (early_step) {
     SteerSettings settings;
     if (!read_settings_of_folder(settings)) early_step(settings);  // else the analysis says what is wrong with them
   }
   AnalysedPopulation population;
-  std::optional<ToolRefusal> refusal = analyse_folder(streams.stop_request, population);
+  std::optional<ToolRefusal> refusal = analyse_folder(use, streams.stop_request, population);
   if (refusal) return refuse(streams, *refusal);
   FolderRun run{population, streams, language_of(population.settings)};
   refusal = step(run);

@@ -13,6 +13,7 @@
 #include "core/tool_streams.h"
 #include "text/phrases.h"
 #include "tools/command_line.h"
+#include "tools/folder_analysis.h"
 
 namespace pedigreewatch {
 
@@ -58,7 +59,7 @@ using EarlyStep = std::function<void(const SteerSettings& settings)>;
 /// (`problem`; empty: nothing). Says what stands in the way, and yields the exit status. The early step is taken
 /// before, where there is one and the settings can be read.
 int run_in_folder(std::string_view subcommand, std::string_view problem, ToolStreams& streams, const FolderStep& step,
-                  const EarlyStep& early_step = {});
+                  FolderUse use = FolderUse::animals, const EarlyStep& early_step = {});
 
 /// What a run reads: the steer file, the data file that it names, and lists, of which empty names are none.
 struct ReadFiles {

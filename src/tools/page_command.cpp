@@ -105,7 +105,9 @@ int run_page(std::span<const std::string_view> arguments, ToolStreams& streams) 
   PageOptions options;
   const std::string problem =
       read_options(arguments, rules, [&](const GivenOption& option) { return take_option(option, options); });
-  return run_in_folder("page", problem, streams, [&](FolderRun& run) { return make_page_file(run, options); });
+  return run_in_folder(
+      "page", problem, streams, [&](FolderRun& run) { return make_page_file(run, options); },
+      FolderUse::subpopulations_too);
 }
 
 }  // namespace pedigreewatch

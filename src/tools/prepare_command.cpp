@@ -11,6 +11,7 @@
 #include "intake/delimiter_recognition.h"
 #include "intake/export_preparation.h"
 #include "intake/export_records.h"
+#include "intake/name_choice.h"
 #include "intake/said_values.h"
 #include "intake/species_choice.h"
 #include "text/encoding.h"
@@ -54,8 +55,9 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools prepare [OPTION.
   --known TEXT          a parent without a line of its own that is an animal all the same; "all": all of them. As often
                         as needed
   --subpopulations LIST names that the report distinguishes, with commas between them (or semicolons); "all";
-                        or "none" to leave the column out
-  --colours LIST        likewise
+                        "at-least-50" for those with at least 50 animals and one for all others; or "none" to leave
+                        the column out
+  --colours LIST        names with commas between them, "all" or "none"
   --corrections FILE    a list of corrections to apply: columns id, field, was, becomes, why, when, with tabs
                         between them. Each applies only where the export still says what it was
   --delimiter CHARACTER what divides the columns of the export: ";" "," tab bar
@@ -165,7 +167,7 @@ std::string read_species(const GivenOption& option, PrepareOptions& options) {
 
 /// Names with semicolons between them, or commas where there is no semicolon.
 NameWish read_names(std::string_view value) {
-  NameWish wish = {.is_given = true, .leaves_out = value == "none", .names = {}};
+  NameWish wish = {.is_given = true, .leaves_out = value == "none", .names = {}, .least_animals = 0};
   if (wish.leaves_out || value == "all") return wish;
   const char divider = value.find(';') == std::string_view::npos ? ',' : ';';
   for (std::size_t begin = 0; begin <= value.size();) {
@@ -184,6 +186,13 @@ std::string read_young(const GivenOption& option, PrepareOptions& options) {
   return is_said ? "" : expected(option, "columns by heading or number, such as 6,7,8, or none");
 }
 
+/// The same, or the fewest animals of those that are not put together.
+NameWish read_subpopulations(std::string_view value) {
+  const std::optional<std::int64_t> least = least_animals_named(value);
+  return least ? NameWish{.is_given = true, .leaves_out = false, .names = {}, .least_animals = *least}
+               : read_names(value);
+}
+
 /// The options whose value is kept as it is.
 void read_text_option(const GivenOption& option, PrepareOptions& options) {
   const std::string value = text_of(option.value);
@@ -196,7 +205,7 @@ void read_text_option(const GivenOption& option, PrepareOptions& options) {
   if (option.name == "--name") options.population_name = value;
   if (option.name == "--corrections") options.corrections_file = option.value;
   if (option.name == "--out") options.folder = option.value;
-  if (option.name == "--subpopulations") options.subpopulations = read_names(value);
+  if (option.name == "--subpopulations") options.subpopulations = read_subpopulations(value);
   if (option.name == "--colours") options.colours = read_names(value);
   if (option.name == "--force") options.may_overwrite = true;
   if (option.name == "--dry-run") options.is_dry_run = true;

@@ -323,7 +323,7 @@ int run_tables(std::span<const std::string_view> arguments, ToolStreams& streams
   EarlyCheck check;
   return run_in_folder(
       "tables", problem, streams, [&](FolderRun& run) { return make_tables(run, options, check); },
-      [&](const SteerSettings& settings) { check = check_early(settings, streams); });
+      FolderUse::subpopulations_too, [&](const SteerSettings& settings) { check = check_early(settings, streams); });
 }
 
 }  // namespace pedigreewatch

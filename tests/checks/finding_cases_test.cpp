@@ -52,6 +52,13 @@ std::string litters_with_an_odd_dam() {
   return data + "y;m;01-03-2012;a;e\n";
 }
 
+/// The lines of a steer file with so many subpopulations.
+std::string herds_up_to(int count) {
+  std::string lines = std::to_string(count);
+  for (int k = 1; k <= count; ++k) lines += "\nherd" + std::to_string(k);
+  return lines;
+}
+
 std::vector<FindingCase> finding_cases() {
   return {
       // clang-format off
@@ -146,6 +153,14 @@ std::vector<FindingCase> finding_cases() {
      "4||c|age-figures|S|Father \"a\" was 50000 years old: the tables of the parents' ages would be too wide (5000100000 figures)",
      "4||c|age-figures|S|Vader \"a\" was 50000 jaar oud: de tabellen van de leeftijden van de ouders zouden te breed worden (5000100000 getallen)",
      {"4|3|c|year-future|W|Born in the future (01-03-52000): years without animals count as F = 0, Ne is wrong"}, {"4|3|c|year-future|W|Geboren in de toekomst (01-03-52000): jaren zonder dieren tellen als F = 0, Ne is fout"}, nullptr},
+    {"report-size",
+     "id;sex;birthdate;sire;dam\n"
+         "a;m;01-01-2000;;\n"
+         "b;f;01-02-2000;;\n"
+         "c;m;01-03-2001;a;b\n",
+     "|||report-size|S|448 subpopulations in pedigreewatch.ini: the report would have lines of 2 MB (the most is 1 MB); name fewer of them from line 11 on, those with many animals",
+     "|||report-size|S|448 subpopulaties in pedigreewatch.ini: het rapport krijgt regels van 2 MB (meer dan 1 MB kan niet); noem er minder vanaf regel 11, die met veel dieren",
+     {}, {}, [](SteerLines& steer) { steer.subpopulations = herds_up_to(448); }},
     {"line-ends",
      "id;sex\ra;m\rb;f\r",
      "|||line-ends|W|The file is one single line (lone carriage returns); save it with Windows or Unix line ends",

@@ -239,9 +239,9 @@ TEST(ChooseYoung, TheUserNamesThem) {
 
 TEST(NextRecord, HandsOutEachAnimalOfALine) {
   const std::string text = "1;\"s \"\"x\"\"\";a;m;b;f\n2;t;-;;c;m\n3;u;;;0;\n4;v\n";
-  const std::vector<LineAnimal> animals = {{{2, 2}, {3, 3}}, {{4, 2}, {5, 3}}};
+  const std::vector<LineAnimal> of_line = {{{2, 2}, {3, 3}}, {{4, 2}, {5, 3}}};
   RecordReader reader = read_records(text, ';');
-  reader.animals = animals;
+  reader.animals = of_line;
   ExportRecord record;
   std::string seen;
   while (next_record(reader, record)) {
