@@ -63,6 +63,9 @@ TEST(HostilePrepareRefuses, AQuotationMarkThatIsNeverClosed) {
       prepare_bytes("id;sire;dam;sex;born\nrex;;;m;2001\n\"bram;rex;;m;2003\nsaar;;;f;2003\n"),
       "export.csv, line 3: a quotation mark opens a text and is never closed. Mend this line in the export.\n");
   expect_refused(prepare_bytes("\"id;sire;dam;sex;born\nrex;;;m;2001\n"), "export.csv, line 1: ");
+  expect_refused(
+      prepare_bytes("id;sire;dam;sex;born;name\nrex;;;m;2001;\"Rex\nbram;;;m;2003;\"Bram\"\ntess;;;f;2004;\"Tess\n"),
+      "export.csv, line 2: a quotation mark opens a text and is never closed.");
 }
 
 TEST(HostilePrepareRefuses, LettersInTwoEncodings) {

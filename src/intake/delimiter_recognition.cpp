@@ -25,11 +25,13 @@ DelimiterEvidence try_delimiter(std::string_view text, char delimiter) {
   RecordReader reader = read_records(text.substr(0, sample_bytes), delimiter);
   ExportRecord record;
   std::map<std::size_t, std::int64_t> counts;
+  std::int64_t runaway_line = 0;
   while (evidence.record_count < sample_size && next_record(reader, record)) {
     if (record.is_unterminated) {
-      if (text.size() <= sample_bytes) evidence.unterminated_line = record.line;
+      if (text.size() <= sample_bytes) evidence.unterminated_line = runaway_line > 0 ? runaway_line : record.line;
       break;
     }
+    if (runs_away(record) && runaway_line == 0) runaway_line = record.line;
     if (record.fields.size() == 1 && trimmed(record.fields.front()).empty()) continue;  // a blank line
     // The header is the first record, or stands below titles.
     if (evidence.record_count < most_records_of_header) {

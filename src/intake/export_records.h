@@ -33,6 +33,11 @@ struct ExportRecord {
   bool is_further = false;               ///< an animal behind the first one of its line
 };
 
+/// Whether a quotation mark runs on into other lines, and ends at one that opens a text there.
+inline bool runs_away(const ExportRecord& record) {
+  return record.has_bad_quotes && record.line_count > 1;
+}
+
 struct RecordReader {
   std::string_view text = {};
   char delimiter = ';';

@@ -104,7 +104,10 @@ void survey_form(ExportSurvey& survey, const ExportRecord& record, std::size_t c
   survey.quoted_records += record.has_quotes ? 1 : 0;
   survey.sheet_marks += record.has_sheet_marks ? 1 : 0;
   if (record.has_bad_quotes) note_text(survey.bad_quotes, record.line, "");
-  if (record.is_unterminated && survey.unterminated_line == 0) survey.unterminated_line = record.line;
+  if (runs_away(record) && survey.runaway_line == 0) survey.runaway_line = record.line;
+  if (record.is_unterminated && survey.unterminated_line == 0) {
+    survey.unterminated_line = survey.runaway_line > 0 ? survey.runaway_line : record.line;
+  }
   const std::size_t count = record.fields.size();
   if (count == column_count) return;
   note_text(survey.other_field_counts, record.line,

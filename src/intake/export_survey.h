@@ -41,10 +41,11 @@ struct ColumnMatches {
 struct ExportSurvey {
   std::int64_t animal_count = 0;
   std::int64_t lines_with_animals = 0;  ///< fewer than the animals where a line holds several
-  std::int64_t header_line = 0;  ///< 0: there is none
+  std::int64_t header_line = 0;         ///< 0: there is none
   std::int64_t blank_lines = 0;
   std::int64_t last_line = 0;          ///< of the export
   std::int64_t unterminated_line = 0;  ///< where the quotation mark stands that is never closed; 0: there is none
+  std::int64_t runaway_line = 0;       ///< the first whose quotation mark runs on into other lines; 0: there is none
   std::int64_t quoted_records = 0;
   std::vector<LineShift> shifts;
   NotedTexts other_field_counts;  ///< lines with more or fewer columns; the text is their number
