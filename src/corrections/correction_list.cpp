@@ -86,6 +86,15 @@ void read_line(CorrectionList& list, std::string_view line, std::int64_t number)
   list.corrections.push_back(std::move(correction));
 }
 
+/// Quotation marks around a cell would be taken for those of a spreadsheet: such a cell gets further ones.
+std::string written_cell(std::string_view text) {
+  const std::string cell = correction_cell(text);
+  if (!cell.starts_with('"')) return cell;
+  std::string written = "\"";
+  for (const char letter : cell) written += letter == '"' ? std::string("\"\"") : std::string(1, letter);
+  return written + "\"";
+}
+
 bool is_heading(std::string_view line) {
   const std::vector<std::string> cells = cells_of(line);
   return cells.size() >= least_cells && cells[0] == "id" && cells[1] == "field";
@@ -127,15 +136,11 @@ std::string_view field_name(const Correction& correction) {
 std::string corrections_text(std::span<const Correction> corrections) {
   std::string text = std::string(heading) + "\n";
   for (const Correction& correction : corrections) {
-    text += correction_cell(correction.id) + "\t" + std::string(field_name(correction));
+    const std::string id = correction_cell(correction.id);
+    // One that only begins with a quotation mark is read as it is.
+    text += (id.ends_with('"') ? written_cell(id) : id) + "\t" + std::string(field_name(correction));
     for (const std::string* const cell : {&correction.was, &correction.becomes, &correction.why, &correction.when}) {
-      // Quotation marks around a cell would be taken for those of a spreadsheet.
-      const std::string written = correction_cell(*cell);
-      const bool has_quotes = written.starts_with('"');
-      text += "\t" + (has_quotes ? "\"" : std::string());
-      for (const char letter : written)
-        text += has_quotes && letter == '"' ? std::string("\"\"") : std::string(1, letter);
-      if (has_quotes) text += "\"";
+      text += "\t" + written_cell(*cell);
     }
     text += "\n";
   }

@@ -59,9 +59,12 @@ std::string id_of(const Corrector& corrector, const ChangingRecord& record) {
   return place ? text_at(record, *place) : std::string();
 }
 
+/// Line ends inside the old text stay behind the new one: lines behind it keep their numbers.
 void set_field(ChangingRecord& record, std::size_t place, const std::string& text) {
   if (record.fields.size() <= place) record.fields.resize(place + 1);
-  record.fields[place] = text;
+  std::string& field = record.fields[place];
+  std::erase_if(field, [](char letter) { return letter != '\r' && letter != '\n'; });
+  field.insert(0, text);
   record.is_changed = true;
 }
 

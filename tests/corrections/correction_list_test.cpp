@@ -17,14 +17,16 @@ TEST(CorrectionList, IsReadAsItWasWritten) {
       {"HS1", CorrectionKind::value, birthdate_column, "1-1-1890", "1-1-1980", "typing error", "2026-11-22"},
       {"HS2", CorrectionKind::value, sire_column, "HS9", "", "", ""},
       {"HS3", CorrectionKind::leave_out, unused_column, "HS3 | m", "", "twice", ""},
-      {"\"Zo\xC3\xAB\" x", CorrectionKind::same_as, unused_column, "", "\"A\"", "", ""}};
+      {"\"Zo\xC3\xAB\" x", CorrectionKind::same_as, unused_column, "", "\"A\"", "", ""},
+      {"\"B\"", CorrectionKind::value, sex_column, "", "m", "", ""}};
   const std::string text = corrections_text(corrections);
   EXPECT_EQ(text,
             "id\tfield\twas\tbecomes\twhy\twhen\n"
             "HS1\tbirthdate\t1-1-1890\t1-1-1980\ttyping error\t2026-11-22\n"
             "HS2\tsire\tHS9\t\t\t\n"
             "HS3\tleave out\tHS3 | m\t\ttwice\t\n"
-            "\"Zo\xC3\xAB\" x\tsame as\t\t\"\"\"A\"\"\"\t\t\n");
+            "\"Zo\xC3\xAB\" x\tsame as\t\t\"\"\"A\"\"\"\t\t\n"
+            "\"\"\"B\"\"\"\tsex\t\tm\t\t\n");
   const CorrectionList list = read_corrections(text);
   EXPECT_TRUE(list.faults.empty());
   EXPECT_EQ(list.corrections, corrections);

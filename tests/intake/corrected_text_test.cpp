@@ -44,6 +44,12 @@ TEST(CorrectedText, ChangesTheFieldAndNothingElse) {
   EXPECT_EQ(result.outcomes[0].line, 5);
 }
 
+TEST(CorrectedText, LineEndsInAFieldStay) {
+  const Corrected result =
+      corrected({value("A", sire_column, "x", "Z")}, "id;sire;dam;born\nA;\"x\n\";;2000\nC;A;B;1890\n");
+  EXPECT_EQ(result.text, "id;sire;dam;born\nA;\"Z\n\";;2000\nC;A;B;1890\n");
+}
+
 TEST(CorrectedText, TellsWhatWasMendedMeanwhileAndWhatDiffersNow) {
   const Corrected result = corrected({value("C", birthdate_column, "1790", "1890"), value("D", sire_column, "X", "Y"),
                                       value("E", sire_column, "X", "Y"), value("D", sex_column, "m", "f")});
