@@ -2,12 +2,10 @@
 // blanks, and the export. It must end with both files or with none, and the data file must have a line for each animal,
 // as many columns as the header, and nothing that the program would read differently.
 
-#include <unistd.h>
+#include "work_folder.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,42 +14,7 @@
 
 namespace {
 
-constexpr const char* folder_names[] = {"/dev/shm/pedigreewatch-fuzz-XXXXXX", "/tmp/pedigreewatch-fuzz-XXXXXX"};
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
-
-void write_file(const char* name, std::string_view bytes) {
-  std::FILE* const file = std::fopen(name, "wb");
-  require(file != nullptr);
-  std::fwrite(bytes.data(), 1, bytes.size(), file);
-  std::fclose(file);
-}
-
-std::string read_file(const char* name) {
-  std::string bytes;
-  std::FILE* const file = std::fopen(name, "rb");
-  require(file != nullptr);
-  for (int byte = std::fgetc(file); byte != EOF; byte = std::fgetc(file)) bytes.push_back(static_cast<char>(byte));
-  std::fclose(file);
-  return bytes;
-}
-
-/// A folder in memory where there is one; made once for the process and taken away at its end.
-void enter_folder() {
-  static std::string folder;
-  for (std::size_t i = 0; folder.empty() && i < std::size(folder_names); ++i) {
-    std::string name = folder_names[i];
-    if (mkdtemp(name.data()) != nullptr) folder = name;
-  }
-  static const bool is_watched = std::atexit([] {
-                                   for (const char* const name : {"herd.csv", "herd.txt", "pedigreewatch.ini"})
-                                     std::remove(name);
-                                   if (chdir("/") == 0) rmdir(folder.c_str());
-                                 }) == 0;
-  require(is_watched && chdir(folder.c_str()) == 0);
-}
+using namespace pedigreewatch::fuzz;
 
 /// Options that would write elsewhere are left out.
 std::vector<std::string_view> options_of(std::string_view line) {
@@ -90,9 +53,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   std::vector<std::string_view> arguments = options_of(input.substr(0, end));
   arguments.push_back("herd.csv");
   enter_folder();
+  clear_folder();
   write_file("herd.csv", input.substr(std::min(end + 1, input.size())));
-  std::remove("herd.txt");
-  std::remove("pedigreewatch.ini");
   ToolStreams streams;
   const int status = run_prepare(arguments, streams);
   const bool has_data = access("herd.txt", F_OK) == 0, has_steer = access("pedigreewatch.ini", F_OK) == 0;
