@@ -30,6 +30,14 @@ function drawCard(desk: Desk, answer: CardAnswer): void {
     button(`← ${text(desk, "back")}`, () => history.back(), { id: "card-back" }),
     button(text(desk, "closeCard"), () => close(), { id: "card-close" }),
     button(text(desk, "print"), () => print(), { id: "card-print" }), button(text(desk, "savePage"), keep, { id: "card-save" })), body);
+  copyForPrint(body);
+}
+
+/** A dialog has no pages of its own: what is printed is a copy that stands in the page. */
+function copyForPrint(body: HTMLElement): void {
+  const copy = body.cloneNode(true) as HTMLElement;
+  for (const element of [copy, ...copy.querySelectorAll("[id]")]) element.removeAttribute("id");
+  byId("printed-card").replaceChildren(copy);
 }
 
 /** The focus goes back to where the first card was opened from, also when the page was drawn anew meanwhile. */
@@ -44,6 +52,7 @@ async function show(desk: Desk): Promise<void> {
   if (state === null || state.results !== desk.resultsNumber || desk.run === undefined) {
     if (dialog().open) dialog().close();
     document.body.classList.remove("has-card");
+    byId("printed-card").replaceChildren();
     return focusAgain(desk);
   }
   const answer = await ask<CardAnswer>(desk.client, "animal", [state.card]);

@@ -3,6 +3,7 @@
 
 import { readFiles, Unreadable } from "./chosen_files";
 import type { ChosenFile } from "./chosen_files";
+import type { AnimalList } from "./animal_list";
 import { ask, Cancelled, closeClient, createClient, Failed, stopWork } from "./client";
 import type { Client } from "./client";
 import { byId, make } from "./dom";
@@ -54,7 +55,8 @@ export interface Desk {
   kind: string;
   filter: string;
   firstFinding: number;
-  view: "charts" | "text";
+  view: "charts" | "text" | "animals";
+  animalList?: AnimalList;
   female?: Animal;
   male?: Animal;
   pair?: PairAnswer;
@@ -113,7 +115,7 @@ export function settingsText(desk: Desk): string {
 export function forgetRun(desk: Desk): void {
   ++desk.resultsNumber;
   desk.written = desk.check = desk.run = desk.body = desk.report = desk.pair = desk.males = undefined;
-  desk.female = desk.male = desk.years = desk.plan = undefined;
+  desk.female = desk.male = desk.years = desk.plan = desk.animalList = undefined;
   desk.kind = desk.filter = "";
   desk.firstFinding = 0;
   desk.mending = undefined;

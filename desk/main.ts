@@ -68,6 +68,12 @@ function drawSteps(desk: Desk): void {
       id: `step-${step}`, disabled: !canEnter(desk, step), "aria-current": desk.step === step ? "step" : undefined }))));
 }
 
+/** What stands above every printed view: the population, or the file as long as it has no name, and the date. */
+function printHead(desk: Desk): string {
+  const population = desk.written?.population ?? desk.given?.population ?? desk.files[0]?.name ?? "";
+  return `${population}, ${new Date().toLocaleDateString(desk.language === "nl" ? "nl-NL" : "en-GB", { dateStyle: "long" })}`;
+}
+
 /** Puts the focus back on the element that had it, as far as it is there again. */
 function keepFocus(draw: () => void): void {
   const id = document.activeElement?.id ?? "";
@@ -80,6 +86,7 @@ function draw(desk: Desk): void {
     drawFixedTexts(desk.language);
     drawSteps(desk);
     byId("title").textContent = text(desk, `${desk.step}Title` as TextName);
+    byId("print-head").textContent = printHead(desk);
     document.title = `Pedigree Watch – ${text(desk, desk.step)}`;
     const isWaiting = desk.busy > 0 && (desk.step === "check" ? desk.check === undefined : desk.step !== "data" && desk.step !== "settings" && desk.run === undefined);
     const note = desk.wasCancelled ? [make("p", { class: "question", id: "cancelled" }, text(desk, "cancelled"))] : [];

@@ -82,9 +82,21 @@ function drawMales(desk: Desk, males: NonNullable<Desk["males"]>): HTMLElement {
     make("p", { class: "hint" }, text(desk, "littleKnown")));
 }
 
+/** Birth years of the males that are as old as sires have been, when the next young are born. */
+function yearsOfSires(desk: Desk): { first: number; last: number } {
+  const { lastYear = 0, sireAges: [youngest, oldest] = [] } = desk.run ?? {};
+  return youngest === undefined || oldest === undefined ? { first: lastYear - 9, last: lastYear } : { first: lastYear + 1 - oldest, last: lastYear + 1 - youngest };
+}
+
+/** Where the years come from, and what nobody has said. */
+function drawAges(desk: Desk): HTMLElement {
+  const { lastYear = 0, sireAges: [youngest, oldest] = [] } = desk.run ?? {}, { first, last } = yearsOfSires(desk);
+  return make("p", { class: "hint", id: "sire-ages" }, youngest === undefined || oldest === undefined ? "" : text(desk, "sireAges", youngest, oldest, first, last, lastYear + 1),
+    " ", text(desk, "nobodySaidAlive"));
+}
+
 function drawYears(desk: Desk): HTMLElement {
-  const { lastYear = 0 } = desk.run ?? {};
-  const years = desk.years ??= { first: lastYear - 9, last: lastYear };
+  const years = desk.years ??= yearsOfSires(desk);
   const field = (id: string, value: number, set: (year: number) => void) => {
     const input = make("input", { type: "number", id, value, min: -9999, max: 9999 });
     input.addEventListener("change", () => set(Math.max(-9999, Math.min(9999, Math.trunc(Number(input.value)) || 0))));
@@ -108,6 +120,6 @@ export function drawMatings(desk: Desk, compute: () => void): HTMLElement[] {
   };
   return [make("h2", {}, text(desk, "pairTitle")),
     make("div", { class: "pair" }, drawChoice(desk, "female", take("female")), drawChoice(desk, "male", take("male"))),
-    ...(desk.pair === undefined ? [] : [drawPair(desk, desk.pair)]), make("h2", {}, text(desk, "allMales")), drawYears(desk),
+    ...(desk.pair === undefined ? [] : [drawPair(desk, desk.pair)]), make("h2", {}, text(desk, "allMales")), drawAges(desk), drawYears(desk),
     ...(desk.males === undefined ? [] : [drawMales(desk, desk.males)]), ...drawPlan(desk)];
 }

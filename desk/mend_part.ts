@@ -11,7 +11,7 @@ import type { CheckAnswer, CorrectionRow, FindingLines, ProposedList } from "./p
 function forgetResults(desk: Desk): void {
   ++desk.resultsNumber;
   desk.written = desk.check = desk.run = desk.body = desk.report = desk.pair = desk.males = undefined;
-  desk.female = desk.male = desk.years = desk.plan = desk.mending = undefined;
+  desk.female = desk.male = desk.years = desk.plan = desk.mending = desk.animalList = undefined;
   desk.isSaved = false;
 }
 

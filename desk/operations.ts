@@ -18,6 +18,8 @@ export const operations = {
   find: "desk_find",
   animal: "desk_animal",
   position: "desk_position",
+  chooseAnimals: "desk_choose_animals",
+  listAnimals: "desk_list_animals",
   pair: "desk_pair",
   rankMales: "desk_rank_males",
   orderMales: "desk_order_males",

@@ -58,11 +58,13 @@ export interface FindingRow {
   original: string;
 }
 
-export interface RunAnswer extends Messages { animals: number; firstYear: number; lastYear: number; reportName: string; }
+export interface RunAnswer extends Messages { animals: number; firstYear: number; lastYear: number; reportName: string; subpopulations: string[]; sireAges: number[]; }
 
 export interface Animal { position: number; id: string; name: string; isMale: boolean; year: number; f: number | null; }
 /** The first animals that a search has found, and how many there are. */
 export interface FoundAnimals { animals: Animal[]; count: number; }
+/** A row of the table of all animals. */
+export interface AnimalListRow extends Animal { meanKinship: number | null; generations: number; offspring: number; subpopulation: string; }
 export interface CardAnswer { position: number; id: string; name: string; html?: string; }
 export interface Parent extends Animal { meanKinship: number | null; }
 export interface Mate extends Parent { equivalents: number; }

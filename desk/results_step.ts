@@ -1,6 +1,7 @@
 // The fourth step: the page of the results, the report, and everything to keep. The page is HTML that the core has
 // written, with every name in it escaped.
 
+import { drawAnimalList } from "./animal_list";
 import { openCard } from "./card";
 import { ask } from "./client";
 import { bytesOf, showProblem, text, work } from "./desk";
@@ -20,9 +21,15 @@ function drawBody(desk: Desk): HTMLElement {
   return element;
 }
 
+/** Columns of the report that fit on a page that is not turned. */
+const widestUpright = 110;
+
 async function showReport(desk: Desk, element: HTMLElement): Promise<void> {
   desk.report ??= await ask<string>(desk.client, "text", ["reportText"]);
-  element.textContent = desk.report;
+  // Tables are parted by a line of blanks; on paper none is cut that fits on a page.
+  const parts = desk.report.split(/(?<=\n)(?= {4,}\r?\n)/);
+  const isWide = (part: string) => part.split("\n").some((line) => line.trimEnd().length > widestUpright);
+  element.replaceChildren(...parts.map((part) => make("span", { class: isWide(part) ? "report-part wide" : "report-part" }, part)));
 }
 
 function drawReport(desk: Desk): HTMLElement {
@@ -85,14 +92,16 @@ function drawBoard(desk: Desk): HTMLElement {
 export function drawResults(desk: Desk, compute: () => void): HTMLElement[] {
   if (desk.run === undefined) return [make("p", { class: "row" }, button(text(desk, "compute"), compute, { class: "main" }))];
   if (desk.run.messages.length > 0) return [make("p", { class: "problem" }, desk.run.messages.join("\n"))];
-  const choose = (view: "charts" | "text") => {
+  const choose = (view: Desk["view"]) => {
     desk.view = view;
     desk.draw();
   };
   const views = make("div", { class: "row", role: "group", "aria-label": text(desk, "view") },
     button(text(desk, "charts"), () => choose("charts"), { "aria-pressed": String(desk.view === "charts") }),
+    button(text(desk, "allAnimals"), () => choose("animals"), { id: "view-animals", "aria-pressed": String(desk.view === "animals") }),
     button(text(desk, "reportText"), () => choose("text"), { "aria-pressed": String(desk.view === "text") }));
+  const shown = { charts: drawBody, text: drawReport, animals: drawAnimalList }[desk.view];
   const lookUp = drawSearch(desk, { id: "search-animal", sex: 0, take: ({ position }) => openCard(desk, position),
     label: [make("strong", {}, text(desk, "lookUp")), document.createTextNode(` – ${text(desk, "typeId")}`)] });
-  return [...drawCorrectionsNote(desk), lookUp, drawSaving(desk), drawBoard(desk), views, desk.view === "charts" ? drawBody(desk) : drawReport(desk)];
+  return [...drawCorrectionsNote(desk), lookUp, drawSaving(desk), drawBoard(desk), views, shown(desk)];
 }

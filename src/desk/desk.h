@@ -73,7 +73,8 @@ struct Desk {
   std::optional<DeskResults> results;
   std::vector<RankedMale> males;  ///< of the last question for all males
   std::int32_t males_for_dam = 0;
-  std::int32_t card_of = 0;  ///< position of the animal of the last card
+  std::vector<std::int32_t> chosen_animals;  ///< positions, in the order that was asked for
+  std::int32_t card_of = 0;                  ///< position of the animal of the last card
   std::optional<DeskPlan> plan;
 };
 

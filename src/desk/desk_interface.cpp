@@ -7,6 +7,7 @@
 #include <string>
 #include <utility>
 
+#include "desk/all_animals_desk.h"
 #include "desk/animal_desk.h"
 #include "desk/board_desk.h"
 #include "desk/check_desk.h"
@@ -202,6 +203,14 @@ void desk_animal(DeskHandle* handle, std::int32_t position) {
 
 void desk_position(DeskHandle* handle, const char* id) {
   answer(handle, [&](Desk& desk) { return pedigreewatch::position_of_id(desk, id); });
+}
+
+void desk_choose_animals(DeskHandle* handle, const char* wishes) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::choose_animals(desk, wishes); });
+}
+
+void desk_list_animals(DeskHandle* handle, std::int32_t first, std::int32_t count) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::list_animals(desk, size_from(first), size_from(count)); });
 }
 
 void desk_pair(DeskHandle* handle, std::int32_t sire, std::int32_t dam) {

@@ -41,6 +41,9 @@ void desk_find(DeskHandle* handle, const char* text, std::int32_t sex);
 /// The card of an animal, and the animal that bears an identification: see animal_desk.h.
 void desk_animal(DeskHandle* handle, std::int32_t position);
 void desk_position(DeskHandle* handle, const char* id);
+/// All animals as a table: see all_animals_desk.h.
+void desk_choose_animals(DeskHandle* handle, const char* wishes);
+void desk_list_animals(DeskHandle* handle, std::int32_t first, std::int32_t count);
 void desk_pair(DeskHandle* handle, std::int32_t sire, std::int32_t dam);
 void desk_rank_males(DeskHandle* handle, std::int32_t dam, std::int32_t first_year, std::int32_t last_year);
 void desk_order_males(DeskHandle* handle, std::int32_t by_mean_kinship);

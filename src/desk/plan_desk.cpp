@@ -4,13 +4,12 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <cstdlib>
 #include <span>
 #include <utility>
 
 #include "checks/readable_text.h"
 #include "desk/matings_desk.h"
+#include "desk/named_values.h"
 #include "page/plan_page.h"
 #include "planning/plan_words.h"
 #include "planning/said_request.h"
@@ -41,36 +40,11 @@ constexpr Wording is_forbidden_pair = {"This swap makes a pair that may not be, 
 constexpr Wording cannot_forbid = {"Without this pair the others cannot be made; nothing was changed.",
                                    "Zonder dit paar zijn de andere niet te maken; er is niets veranderd."};
 
-std::string_view value_named(std::string_view settings, std::string_view name) {
-  while (!settings.empty()) {
-    const std::size_t end = std::min(settings.find('\n'), settings.size());
-    const std::string_view line = settings.substr(0, end);
-    if (line.starts_with(name) && line.substr(name.size()).starts_with('=')) return line.substr(name.size() + 1);
-    settings.remove_prefix(std::min(end + 1, settings.size()));
-  }
-  return {};
-}
-
 /// A number from 1 to a million; none for any other text.
 std::optional<std::int32_t> count_named(std::string_view settings, std::string_view name) {
   constexpr std::int32_t most = 1'000'000;
-  const std::string_view text = value_named(settings, name);
-  std::int32_t number = 0;
-  const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  const bool is_count = error == std::errc() && stop == text.data() + text.size() && number > 0 && number <= most;
-  return is_count ? std::optional(number) : std::nullopt;
-}
-
-/// Per cent from 0 to 100, as a fraction; none for any other text.
-std::optional<double> percentage_named(std::string_view settings, std::string_view name) {
-  constexpr double most = 100.0;
-  std::string text(value_named(settings, name));
-  std::replace(text.begin(), text.end(), ',', '.');
-  const bool has_digit = text.find_first_of("0123456789") != std::string::npos;
-  const bool has_others = text.find_first_not_of("0123456789.") != std::string::npos;
-  if (!has_digit || has_others || std::count(text.begin(), text.end(), '.') > 1) return std::nullopt;
-  const double value = std::strtod(text.c_str(), nullptr);
-  return value <= most ? std::optional(value / most) : std::nullopt;
+  const std::optional<std::int32_t> number = number_named(settings, name);
+  return number && *number > 0 && *number <= most ? number : std::nullopt;
 }
 
 /// A field with a number, by what the page calls it.

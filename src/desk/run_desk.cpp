@@ -1,12 +1,14 @@
 #include "desk/run_desk.h"
 
 #include <new>
+#include <optional>
 #include <stdexcept>
 #include <utility>
 
 #include "checks/readable_text.h"
 #include "control/run_ending.h"
 #include "control/steer_file.h"
+#include "core/fixed_text.h"
 #include "core/line_reader.h"
 #include "desk/board_desk.h"
 #include "desk/json_text.h"
@@ -74,6 +76,27 @@ std::string run(Desk& desk) {
   }
 }
 
+/// The names of several subpopulations, by number.
+void add_subpopulations(JsonText& json, const PopulationStore& store) {
+  begin_list(json, "subpopulations");
+  if (store.has_subpopulation && store.subpopulation_count() > 1) {
+    for (std::int32_t k = 1; k <= store.subpopulation_count(); ++k) {
+      add_text(json, without_trailing_blanks(store.subpopulation_name(k)));
+    }
+  }
+  end_list(json);
+}
+
+/// The ages within which sires are used: the youngest and the oldest; empty where none is known.
+void add_sire_ages(JsonText& json, const PopulationStore& store) {
+  begin_list(json, "sireAges");
+  if (const std::optional<BreedingAges> ages = breeding_ages(store, male)) {
+    add_integer(json, ages->youngest);
+    add_integer(json, ages->oldest);
+  }
+  end_list(json);
+}
+
 PageInput page_input(const Desk& desk) {
   return {desk.results->population, desk.results->subpopulations,
           &desk.results->diversity, desk.check ? &*desk.check : nullptr,
@@ -93,6 +116,8 @@ std::string run_analysis(Desk& desk) {
     const bool has_years = store.birth_years.first <= store.birth_years.last;
     add_integer(json, "firstYear", has_years ? store.birth_years.first : 0);
     add_integer(json, "lastYear", has_years ? store.birth_years.last : 0);
+    add_subpopulations(json, store);
+    add_sire_ages(json, store);
     add_text(json, "reportName", desk.steer->report_file_name.trimmed());
   }
   end_object(json);
