@@ -2,7 +2,8 @@
 
 import { applySettings, changeSetting, openAgain, openNew, showProblem, text, work } from "./desk";
 import type { Desk } from "./desk";
-import { settingsOfAnswers } from "./answers";
+import { readAnswers } from "./answers";
+import type { Answers } from "./answers";
 import { textOfFile } from "./chosen_files";
 import { button, byId, chooser, make, nameOf, shownNumber } from "./dom";
 import { gunzip } from "./gunzip";
@@ -32,14 +33,23 @@ async function sortFiles(files: File[]): Promise<Brought> {
   return brought;
 }
 
+/** Says which lines of the answers were passed over, beside what else is said. */
+function showUnread(desk: Desk, unread: Answers["unread"]): void {
+  if (unread.length === 0) return;
+  const lines = unread.slice(0, mostAnswers).map((one) => text(desk, "answerLine", String(one.line), one.text));
+  if (unread.length > mostAnswers) lines.push("...");
+  showProblem(`${byId("problems").textContent ?? ""} ${text(desk, "answersUnread")} ${lines.join("; ")}`.trim());
+}
+
 /** Answers and corrections of an earlier export, dropped with the next one or behind it. */
 function takeKept(desk: Desk, { exports, answers, corrections }: Brought): void {
   const count = exports.length > 0 ? exports.length : desk.given === undefined ? desk.files.length : 0;
   const isPair = exports.some((file) => /\.ini$/i.test(file.name));
   if (answers.length > 1 || count !== 1 || isPair) return showProblem(text(desk, answers.length > 0 ? "answersAlone" : "correctionsAlone"));
-  const settings = answers[0] === undefined ? undefined : settingsOfAnswers(answers[0]);
-  if (exports.length > 0) return void openNew(desk, exports, settings, corrections);
-  if (settings !== undefined) void openAgain(desk, settings);
+  const { settings, unread } = answers[0] === undefined ? { settings: undefined, unread: [] } : readAnswers(answers[0]);
+  const showThen = () => showUnread(desk, unread);
+  if (exports.length > 0) return void openNew(desk, exports, settings, corrections).then(showThen);
+  if (settings !== undefined) void openAgain(desk, settings).then(showThen);
   if (corrections !== "") addList(desk, corrections);
 }
 

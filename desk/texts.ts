@@ -78,6 +78,8 @@ const texts = {
   saveAnswers: ["Save the answers", "Bewaar de antwoorden"],
   answersAlone: ["These are answers about an export: choose one export together with them.",
     "Dit zijn antwoorden over een export: kies er één export bij."],
+  answersUnread: ["Lines of the answers that cannot be read, and were passed over:", "Regels van de antwoorden die niet te lezen zijn, en zijn overgeslagen:"],
+  answerLine: ["line {1} \"{2}\"", "regel {1} \"{2}\""],
   saveSteer: ["Save the steer file", "Bewaar de sturingsfile"], saveData: ["Save the data file", "Bewaar het databestand"],
   givenSettings: ["The settings come from the steer file that you brought along.",
     "De instellingen komen uit de sturingsfile die u meebracht."],

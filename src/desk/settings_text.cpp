@@ -81,11 +81,12 @@ void obey_about_animals(std::string_view name, std::string_view value, const Exp
     for_each_piece(value, '\t', [&](std::string_view piece) { options.female.emplace_back(piece); });
   if (name == "species") options.species = value;
   if (name == "name") options.population_name = value;
-  if (name == "unknown") {
+  const auto add_parents = [&](std::vector<std::string>& parents) {
     const char divider = value.find('\t') == std::string_view::npos ? ',' : '\t';
-    for_each_piece(value, divider, [&](std::string_view piece) { options.unknown.emplace_back(piece); });
-  }
-  if (name == "known") for_each_piece(value, ',', [&](std::string_view piece) { options.known.emplace_back(piece); });
+    for_each_piece(value, divider, [&](std::string_view piece) { parents.emplace_back(piece); });
+  };
+  if (name == "unknown") add_parents(options.unknown);
+  if (name == "known") add_parents(options.known);
   if (name == "subpopulations") options.subpopulations = names_from(value, survey.subpopulations);
   if (name == "colours") options.colours = names_from(value, survey.colours);
 }

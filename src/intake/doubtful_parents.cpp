@@ -13,9 +13,12 @@ namespace {
 
 constexpr std::int64_t counted_completely = 100000, counted_share = 16;
 
-bool consists_of(std::string_view text, char digit) {
-  constexpr std::size_t fewest_digits = 3;
-  return text.size() >= fewest_digits && text.find_first_not_of(digit) == std::string_view::npos;
+/// Whether a text has three digits at least, which are all this one.
+bool has_no_digit_but(std::string_view text, char digit) {
+  constexpr std::ptrdiff_t fewest_digits = 3;
+  const auto is_digit = [](char byte) { return byte >= '0' && byte <= '9'; };
+  return std::count(text.begin(), text.end(), digit) >= fewest_digits &&
+         std::none_of(text.begin(), text.end(), [&](char byte) { return is_digit(byte) && byte != digit; });
 }
 
 /// The length of the longest word, and whether there is a digit.
@@ -37,7 +40,11 @@ Looks looks_of(std::string_view text) {
   return looks;
 }
 
-using Candidates = std::unordered_map<std::string_view, DoubtfulParent>;
+struct Candidate {
+  DoubtfulParent parent;
+  bool has_line = false;
+};
+using Candidates = std::unordered_map<std::string_view, Candidate>;
 
 /// All that may be in doubt, whether they have a line or not.
 Candidates candidates_of(const ParentTexts& parents, const TextStyle& ids, std::int64_t animals) {
@@ -50,7 +57,7 @@ Candidates candidates_of(const ParentTexts& parents, const TextStyle& ids, std::
       const bool looks_unknown = looks_like_unknown(entry.text, ids);
       const bool is_both = find_counted(others, entry.text) != std::string_view::npos;
       if (looks_unknown || is_both || entry.count >= many) {
-        candidates.emplace(entry.text, DoubtfulParent{entry.text, 0, 0, looks_unknown});
+        candidates.emplace(entry.text, Candidate{{entry.text, 0, 0, looks_unknown}});
       }
     }
   };
@@ -59,11 +66,35 @@ Candidates candidates_of(const ParentTexts& parents, const TextStyle& ids, std::
   return candidates;
 }
 
+/// From how many young on a parent without a line is doubtful.
+struct YoungLimits {
+  std::int64_t sired = 0, borne = 0;
+};
+
+YoungLimits limits_of(const Candidates& candidates, const HerdNumbers& herd) {
+  const std::int64_t many = std::max(many_young, herd.animals / many_young_share);
+  if (herd.parents_without_line < usual_without_line) return {many, many};
+  YoungLimits most = {many, many};
+  for (const auto& [text, candidate] : candidates) {
+    if (!candidate.has_line) continue;
+    most.sired = std::max(most.sired, candidate.parent.sired);
+    most.borne = std::max(most.borne, candidate.parent.borne);
+  }
+  return {times_usual_young * most.sired, times_usual_young * most.borne};
+}
+
+bool is_doubtful(const Candidate& candidate, const YoungLimits& limits) {
+  const DoubtfulParent& parent = candidate.parent;
+  const bool is_both = parent.sired > 0 && parent.borne > 0;
+  const bool has_many = parent.sired >= limits.sired || parent.borne >= limits.borne;
+  return !candidate.has_line && (parent.looks_unknown || is_both || has_many);
+}
+
 }  // namespace
 
 bool looks_like_unknown(std::string_view text, const TextStyle& ids) {
   constexpr std::size_t shortest_telling_word = 4;  // shorter ones are codes of countries and herds
-  if (consists_of(text, '0') || consists_of(text, '9')) return true;
+  if (has_no_digit_but(text, '0') || has_no_digit_but(text, '9')) return true;
   if (!ids.is_known) return false;
   const Looks looks = looks_of(text);
   if (ids.needs_digit && !looks.has_digit) return true;
@@ -77,22 +108,21 @@ void count_parent(ParentTexts& parents, std::string_view text, LinkRole role, st
 }
 
 std::vector<DoubtfulParent> find_doubtful_parents(std::string_view text, char delimiter, const ColumnChoice& columns,
-                                                  const ParentTexts& parents, std::int64_t animals) {
-  Candidates candidates = candidates_of(parents, columns.id_style, animals);
+                                                  const ParentTexts& parents, const HerdNumbers& herd) {
+  Candidates candidates = candidates_of(parents, columns.id_style, herd.animals);
   if (candidates.empty()) return {};
   RecordReader reader = read_animals(text, delimiter, columns);
   ExportRecord record;
   const auto find = [&](FieldCode code) { return candidates.find(trimmed(field_of(record, columns, code))); };
   while (next_animal(reader, record, columns)) {
-    if (const auto sire = find(sire_column); sire != candidates.end()) ++sire->second.sired;
-    if (const auto dam = find(dam_column); dam != candidates.end()) ++dam->second.borne;
-    if (const auto animal = find(id_column); animal != candidates.end()) candidates.erase(animal);
+    if (const auto sire = find(sire_column); sire != candidates.end()) ++sire->second.parent.sired;
+    if (const auto dam = find(dam_column); dam != candidates.end()) ++dam->second.parent.borne;
+    if (const auto animal = find(id_column); animal != candidates.end()) animal->second.has_line = true;
   }
+  const YoungLimits limits = limits_of(candidates, herd);
   std::vector<DoubtfulParent> doubtful;
-  for (auto& [id, parent] : candidates) {
-    const bool is_both = parent.sired > 0 && parent.borne > 0;
-    const std::int64_t many = std::max(many_young, animals / many_young_share);
-    if (parent.looks_unknown || is_both || std::max(parent.sired, parent.borne) >= many) doubtful.push_back(parent);
+  for (const auto& [id, candidate] : candidates) {
+    if (is_doubtful(candidate, limits)) doubtful.push_back(candidate.parent);
   }
   std::sort(doubtful.begin(), doubtful.end(), [](const DoubtfulParent& a, const DoubtfulParent& b) {
     const std::int64_t young_of_a = a.sired + a.borne, young_of_b = b.sired + b.borne;

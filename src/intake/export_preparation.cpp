@@ -232,6 +232,11 @@ std::optional<Refusal> survey_linked_columns(const PrepareOptions& options, Prog
   return std::nullopt;
 }
 
+std::int64_t count_parents_without_line(const ParentLinks& links) {
+  const LinkCount sires = count_links(links, sire_role), dams = count_links(links, dam_role);
+  return sires.parents - sires.with_line + dams.parents - dams.with_line;
+}
+
 /// Parents that lack a line because they are written otherwise than the animals: by the rules that are wished, or by
 /// one that could be.
 void compare_ids(const PrepareOptions& options, Preparation& result) {
@@ -242,16 +247,15 @@ void compare_ids(const PrepareOptions& options, Preparation& result) {
     for (const auto& [parent, id] : survey.id_substitutes.ids) note_role(survey.links, parent, animal_role);
     return;
   }
-  const LinkCount sires = count_links(survey.links, sire_role), dams = count_links(survey.links, dam_role);
-  const std::int64_t without_line = sires.parents - sires.with_line + dams.parents - dams.with_line;
-  if (without_line >= fewest_explained_parents) survey.id_proposal = propose_id_rules(table, survey.links);
+  if (count_parents_without_line(survey.links) >= fewest_explained_parents)
+    survey.id_proposal = propose_id_rules(table, survey.links);
 }
 
 /// Parents that may be none. Those that are animals under another spelling are no such.
 void doubt_parents(Preparation& read) {
   ExportSurvey& survey = read.survey;
-  survey.doubtful_parents =
-      find_doubtful_parents(read.text, read.reading.delimiter, read.columns, survey.parent_texts, survey.animal_count);
+  survey.doubtful_parents = find_doubtful_parents(read.text, read.reading.delimiter, read.columns, survey.parent_texts,
+                                                  {survey.animal_count, count_parents_without_line(survey.links)});
   std::erase_if(survey.doubtful_parents,
                 [&](const DoubtfulParent& parent) { return survey.id_substitutes.ids.contains(parent.text); });
 }

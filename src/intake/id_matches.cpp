@@ -21,10 +21,11 @@ namespace pedigreewatch {
 namespace {
 
 /// Rules that are tried, those first that assume least.
-constexpr auto tried_rules =
-    std::to_array<unsigned>({capitals_rule, separators_rule, zeros_rule, look_alikes_rule,
-                             separators_rule | capitals_rule, separators_rule | zeros_rule, prefix_rule,
-                             separators_rule | prefix_rule, check_digit_rule, separators_rule | check_digit_rule});
+constexpr auto tried_rules = std::to_array<unsigned>(
+    {capitals_rule, separators_rule, zeros_rule, look_alikes_rule, separators_rule | capitals_rule,
+     separators_rule | zeros_rule, prefix_rule, separators_rule | prefix_rule, country_rule,
+     separators_rule | country_rule, prefix_rule | country_rule,
+     separators_rule | zeros_rule | prefix_rule | country_rule, check_digit_rule, separators_rule | check_digit_rule});
 constexpr std::size_t most_compared_parents = 1000;
 
 /// Hands over the records behind the header until no more is wanted.
@@ -95,19 +96,31 @@ struct RuleTrial {
 };
 
 /// Hashes that are equal wherever a rule makes identifications equal: of their digits from 2 to 9, which no rule leaves
-/// out or takes for anything else, with and without a check digit.
+/// out or takes for anything else, with and without a check digit, and without the number of a country.
 struct LooseHashes {
-  std::uint32_t whole = 0, without_check_digit = 0;
+  std::uint32_t whole = 0, without_check_digit = 0, without_country = 0;
 };
 
 LooseHashes loose_hashes(std::string_view id) {
   constexpr std::uint32_t start = 2166136261U, factor = 16777619U;  // Fowler, Noll and Vo
-  LooseHashes hashes = {start, start};
+  const auto add = [](std::uint32_t& hash, char byte) {
+    if (byte >= '2' && byte <= '9') hash = (hash ^ static_cast<unsigned char>(byte)) * factor;
+  };
+  LooseHashes hashes = {start, start, start};
   for (const char byte : id) {
     hashes.without_check_digit = hashes.whole;
-    if (byte >= '2' && byte <= '9') hashes.whole = (hashes.whole ^ static_cast<unsigned char>(byte)) * factor;
+    add(hashes.whole, byte);
   }
+  const std::string_view number = without_country(id);
+  for (const char byte : number) add(hashes.without_country, byte);
+  if (number.empty()) hashes.without_country = hashes.whole;
   return hashes;
+}
+
+/// All of them.
+std::array<std::uint32_t, 3> list_hashes(std::string_view id) {
+  const LooseHashes hashes = loose_hashes(id);
+  return {hashes.whole, hashes.without_check_digit, hashes.without_country};
 }
 
 std::string key_of(std::string_view id, IdRules rules) {
@@ -150,19 +163,20 @@ void compare_id(RuleTrial& trial, std::string_view id) {
 
 /// Compares all animals with the parents of the trials.
 void compare_all(const ExportTable& table, std::span<const Parent> parents, std::span<RuleTrial> trials) {
-  HashFilter candidates(2 * parents.size());
+  HashFilter candidates(3 * parents.size());
   for (const Parent& parent : parents) {
-    const LooseHashes hashes = loose_hashes(parent.text);
-    candidates.insert(hashes.whole);
-    candidates.insert(hashes.without_check_digit);
+    for (const std::uint32_t hash : list_hashes(parent.text)) candidates.insert(hash);
   }
+  const auto may_be_parent = [&](std::string_view id) {
+    const auto hashes = list_hashes(id);
+    return std::any_of(hashes.begin(), hashes.end(), [&](std::uint32_t hash) { return candidates.may_contain(hash); });
+  };
   IdLengths ids_of_length = {};
   for_each_record(table, [&](const ExportRecord& record) {
     const std::string_view id = id_in(record, table.columns, id_column);
     if (id.empty()) return true;
     ++ids_of_length[std::min(id.size(), ids_of_length.size() - 1)];
-    const LooseHashes hashes = loose_hashes(id);
-    if (!candidates.may_contain(hashes.whole) && !candidates.may_contain(hashes.without_check_digit)) return true;
+    if (!may_be_parent(id)) return true;
     for (RuleTrial& trial : trials) compare_id(trial, id);
     return true;
   });

@@ -19,6 +19,7 @@ constexpr auto rule_words = std::to_array<RuleWords>({
     {zeros_rule, "zeros", {"without zeros in front", "zonder nullen ervoor"}},
     {look_alikes_rule, "look-alikes", {"with O taken for 0 and l for 1", "met O als 0 en l als 1"}},
     {prefix_rule, "prefix", {"without the letters in front", "zonder de letters ervoor"}},
+    {country_rule, "country", {"without the number of the country in front", "zonder het landnummer ervoor"}},
     {check_digit_rule, "check-digit", {"without the last digit", "zonder het laatste cijfer"}},
 });
 
@@ -79,6 +80,9 @@ std::string description_of_rules(IdRules rules, ToolLanguage language) {
 void append_id_key(std::string& key, std::string_view id, IdRules rules) {
   const std::size_t first_digit = id.find_first_of("0123456789");
   if ((rules.bits & prefix_rule) != 0 && first_digit != std::string_view::npos) id.remove_prefix(first_digit);
+  if ((rules.bits & country_rule) != 0) {
+    if (const std::string_view number = without_country(id); !number.empty()) id = number;
+  }
   bool is_behind_digit = false;
   for (std::size_t i = 0; i < id.size(); ++i) {
     char byte = id[i];
@@ -90,6 +94,20 @@ void append_id_key(std::string& key, std::string_view id, IdRules rules) {
     is_behind_digit = is_digit(byte);
     key.push_back(byte);
   }
+}
+
+std::string_view without_country(std::string_view id) {
+  constexpr std::size_t country_digits = 3, digits_in_all = 15;
+  std::size_t count = 0, end_of_country = 0;
+  for (std::size_t i = 0; i < id.size(); ++i) {
+    if (separators.find(id[i]) != std::string_view::npos) continue;
+    if (!is_digit(id[i])) return {};
+    if (++count == country_digits) end_of_country = i + 1;
+  }
+  if (count != digits_in_all) return {};
+  id.remove_prefix(end_of_country);
+  id.remove_prefix(id.find_first_not_of(separators));
+  return id;
 }
 
 std::string_view without_check_digit(std::string_view id) {

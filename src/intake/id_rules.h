@@ -1,6 +1,6 @@
 // Identifications of one animal that are written in two ways: with other signs between, in capitals, with zeros in
-// front, with letters for digits, with or without the letters in front or the check digit at the end. A rule says what
-// does not count when they are compared.
+// front, with letters for digits, with or without the letters or the country's number in front or the check digit at
+// the end. A rule says what does not count when they are compared.
 #pragma once
 
 #include <array>
@@ -18,12 +18,13 @@ namespace pedigreewatch {
 
 enum IdRule : unsigned {
   no_id_rule = 0,
-  separators_rule = 1,   ///< blanks, hyphens, dots, slashes, underscores
-  capitals_rule = 2,     ///< capitals of the letters from A to Z
-  zeros_rule = 4,        ///< zeros in front of a number
-  look_alikes_rule = 8,  ///< O for 0; l and I for 1
-  prefix_rule = 16,      ///< letters in front of the first digit, with what stands between
-  check_digit_rule = 32  ///< the last digit, of one of the two
+  separators_rule = 1,    ///< blanks, hyphens, dots, slashes, underscores
+  capitals_rule = 2,      ///< capitals of the letters from A to Z
+  zeros_rule = 4,         ///< zeros in front of a number
+  look_alikes_rule = 8,   ///< O for 0; l and I for 1
+  prefix_rule = 16,       ///< letters in front of the first digit, with what stands between
+  check_digit_rule = 32,  ///< the last digit, of one of the two
+  country_rule = 64       ///< the three digits of the country in front of the twelve of an animal
 };
 
 /// Some rules at once, as a sum of their bits.
@@ -34,7 +35,7 @@ struct IdRules {
 };
 
 /// The rules that a user names, with "+" between them: "separators", "capitals", "zeros", "look-alikes", "prefix",
-/// "check-digit"; "keep" for none. Nothing for other words.
+/// "country", "check-digit"; "keep" for none. Nothing for other words.
 std::optional<IdRules> id_rules_named(std::string_view text);
 
 /// The names, as the option takes them.
@@ -45,6 +46,10 @@ std::string description_of_rules(IdRules rules, ToolLanguage language);
 
 /// Adds what counts of an identification. The check digit is no matter of one identification alone and stays.
 void append_id_key(std::string& key, std::string_view id, IdRules rules);
+
+/// The number of an animal without that of its country, of an identification of fifteen digits; empty for others. Signs
+/// may stand between the digits.
+std::string_view without_country(std::string_view id);
 
 /// The identification without its last digit, and without a sign in front of that; empty when it ends in none.
 std::string_view without_check_digit(std::string_view id);

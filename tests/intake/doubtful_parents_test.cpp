@@ -25,7 +25,9 @@ std::vector<DoubtfulParent> doubtful_in(const std::string& lines) {
   columns.id_style = find_id_style(text, ';', columns);
   ProgressLine unwatched;
   const ExportSurvey survey = survey_export(text, ';', columns, {}, unwatched);
-  return find_doubtful_parents(text, ';', columns, survey.parent_texts, survey.animal_count);
+  const LinkCount sires = count_links(survey.links, sire_role), dams = count_links(survey.links, dam_role);
+  const std::int64_t without_line = sires.parents - sires.with_line + dams.parents - dams.with_line;
+  return find_doubtful_parents(text, ';', columns, survey.parent_texts, {survey.animal_count, without_line});
 }
 
 /// Young of one father, or of one mother.
@@ -59,6 +61,29 @@ TEST(FindDoubtfulParents, ManyYoung) {
   EXPECT_EQ(doubtful_in(young_of("", "NL9", many_young)).size(), 1U);
 }
 
+/// Young of so many other parents without a line, one each.
+std::string young_of_strangers(int count) {
+  std::string text;
+  for (int i = 0; i < count; ++i) text += young_of("NL8" + std::to_string(i), "", 1, 900 + i);
+  return text;
+}
+
+TEST(FindDoubtfulParents, WhereManyHaveNoLineOneMoreStandsOutByItsYoungOnly) {
+  const auto ask = [](int strangers, int young) {
+    return doubtful_in(young_of_strangers(strangers) + young_of("NL9", "", young)).size();
+  };
+  EXPECT_EQ(ask(3, many_young), 1U) << "four parents without a line";
+  EXPECT_EQ(ask(4, many_young), 0U) << "five of them";
+  EXPECT_EQ(ask(4, 2 * many_young - 1), 0U);
+  EXPECT_EQ(ask(4, 2 * many_young), 1U);
+}
+
+TEST(FindDoubtfulParents, NoMoreThanTwiceThoseOfAParentWithALine) {
+  const std::string used = young_of_strangers(4) + young_of("NL100", "", 14, 700);  // and six more
+  EXPECT_EQ(doubtful_in(used + young_of("NL9", "", 39)).size(), 0U);
+  EXPECT_EQ(doubtful_in(used + young_of("NL9", "", 40)).size(), 1U);
+}
+
 TEST(FindDoubtfulParents, ThoseWithALineAreAnimals) {
   EXPECT_TRUE(doubtful_in("Fremdzucht;;;m;2001\n" + young_of("Fremdzucht", "", 20)).empty());
 }
@@ -74,10 +99,11 @@ TEST(LooksLikeUnknown, WordsZerosAndNines) {
   StyleCounts counts;
   for (int i = 100; i < 140; ++i) count_signs(counts, "NL" + std::to_string(i));
   const TextStyle ids = style_of(counts);
-  for (const char* const text : {"Zukauf", "Import 1", "000", "999"})
+  for (const char* const text : {"Zukauf", "Import 1", "000", "999", "NL-00000"})
     EXPECT_TRUE(looks_like_unknown(text, ids)) << text;
   // The code of another country is no word.
-  for (const char* const text : {"NL7", "GBR7", "990", "99"}) EXPECT_FALSE(looks_like_unknown(text, ids)) << text;
+  for (const char* const text : {"NL7", "GBR7", "990", "99", "NL00"})
+    EXPECT_FALSE(looks_like_unknown(text, ids)) << text;
   EXPECT_FALSE(looks_like_unknown("Zukauf", {}));
 }
 

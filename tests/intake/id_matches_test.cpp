@@ -47,6 +47,10 @@ TEST(ProposeIdRules, OneRuleForAllParents) {
   expect_rule(look_alikes_rule, {"1003", "1025", "2041"}, {"lOO3", "lO25", "2O4l"});
   expect_rule(separators_rule | capitals_rule, {"NL-12", "NL-13", "NL-14"}, {"nl12", "nl 13", "nl14"});
   expect_rule(prefix_rule, {"NL11900", "DE11901", "NL11902"}, {"11900", "11901", "11902"});
+  expect_rule(country_rule, {"528123456789012", "528123456789029", "056123456789036"},
+              {"123456789012", "123456789029", "123456789036"});
+  expect_rule(prefix_rule | country_rule, {"NL123456789012", "NL123456789029", "BE123456789036"},
+              {"528123456789012", "528123456789029", "056123456789036"});
   expect_rule(check_digit_rule, {"119004", "119012", "119023"}, {"11900", "11901", "11902"});
   expect_rule(check_digit_rule, {"11900", "11901", "11902"}, {"119004", "119012", "11902-3"});
 }

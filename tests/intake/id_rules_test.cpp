@@ -27,6 +27,12 @@ TEST(AppendIdKey, LeavesOutWhatTheRuleSays) {
   EXPECT_EQ(key("NL-0012", separators_rule | capitals_rule), "nl0012");
   EXPECT_EQ(key("NL-0012", no_id_rule), "NL-0012");
   EXPECT_EQ(key("1234", check_digit_rule), "1234");
+  EXPECT_EQ(key("528123456789012", country_rule), "123456789012");
+  EXPECT_EQ(key("528 1234-56789012", country_rule), "1234-56789012");
+  EXPECT_EQ(key("52812345678901", country_rule), "52812345678901") << "fourteen digits have no country";
+  EXPECT_EQ(key("5281234567890123", country_rule), "5281234567890123");
+  EXPECT_EQ(key("NL 123456789", separators_rule | zeros_rule | prefix_rule | country_rule), "123456789");
+  EXPECT_EQ(key("528000123456789", separators_rule | zeros_rule | prefix_rule | country_rule), "123456789");
 }
 
 TEST(WithoutCheckDigit, OfANumberAndWithASignInFront) {
@@ -37,12 +43,13 @@ TEST(WithoutCheckDigit, OfANumberAndWithASignInFront) {
 }
 
 TEST(IdRulesNamed, AsTheOptionHasThem) {
-  constexpr std::array<std::pair<const char*, unsigned>, 8> names = {
+  constexpr std::array<std::pair<const char*, unsigned>, 9> names = {
       {{"separators", separators_rule},
        {"capitals", capitals_rule},
        {"zeros", zeros_rule},
        {"look-alikes", look_alikes_rule},
        {"prefix", prefix_rule},
+       {"country", country_rule},
        {"check-digit", check_digit_rule},
        {"keep", no_id_rule},
        {"separators+zeros", separators_rule | zeros_rule}}};
