@@ -9,6 +9,8 @@ namespace pedigreewatch {
 namespace {
 
 constexpr std::size_t kept_digits = 15;
+/// Of so many numbers one may be of another form, as on lines that were joined; beyond so many others none is counted.
+constexpr std::int64_t tolerated_other_forms = 50, most_other_forms = 1000;
 constexpr auto thousands_signs = std::to_array<std::string_view>({".", ",", "'", " ", "\xC2\xA0", "\xE2\x80\xAF"});
 
 bool is_digit(char byte) {
@@ -80,18 +82,19 @@ std::string without_thousands_signs(std::string_view text) {
 }
 
 void note_number(NumberForms& forms, std::string_view text, std::int64_t line) {
-  if (forms.other == 0) note_thousands(forms, text);
+  if (forms.other <= most_other_forms) note_thousands(forms, text);
   if (!is_digit(text.front())) return;
   if (has_exponent(text)) note_text(forms.with_exponent, line, text);
   if (text.size() >= kept_digits && count_digits(text) == text.size()) note_long_number(forms, text, line);
 }
 
 bool has_thousands_signs(const NumberForms& forms) {
-  return forms.of_thousands > 0 && forms.other == 0;
+  return forms.of_thousands > 0 && may_have_thousands_signs(forms);
 }
 
 bool may_have_thousands_signs(const NumberForms& forms) {
-  return forms.other == 0;
+  return forms.other <= most_other_forms &&
+         forms.other * tolerated_other_forms <= forms.of_thousands + forms.below_thousand;
 }
 
 NotedTexts destroyed_numbers(const NumberForms& forms) {

@@ -14,7 +14,7 @@ namespace pedigreewatch {
 struct NumberForms {
   std::int64_t of_thousands = 0;  ///< 1.200.012
   std::int64_t below_thousand = 0;
-  std::int64_t other = 0;           ///< anything else: no further one is looked at for thousands
+  std::int64_t other = 0;           ///< anything else: of too many no further one is looked at for thousands
   NotedTexts with_exponent;         ///< 5.28E+14
   NotedTexts ending_in_zeros;       ///< of 15 digits and more
   NotedTexts cut_to_fifteen;        ///< longer than 15 digits, all behind them zeros
@@ -31,7 +31,7 @@ bool is_of_thousands(std::string_view text);
 /// The digits of such a text.
 std::string without_thousands_signs(std::string_view text);
 
-/// Whether all texts of the column are numbers, those of a thousand and more with signs between.
+/// Whether all texts of the column but one in fifty are numbers, those of a thousand and more with signs between.
 bool has_thousands_signs(const NumberForms& forms);
 bool may_have_thousands_signs(const NumberForms& forms);
 

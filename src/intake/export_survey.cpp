@@ -59,7 +59,7 @@ void survey_parent(ExportSurvey& survey, std::string_view text, LinkRole role, c
   if (is_wished || means_unknown_parent(text)) {
     count_text(survey.unknown_parents, text, place.line);
   } else {
-    note_role(survey.links, text, role);
+    note_parent(survey.links, text, role, place.line);
     note_number(survey.numbers[index_of(role == sire_role ? sire_column : dam_column)], text, place.line);
     count_parent(survey.parent_texts, text, role, survey.animal_count, *place.id_style);
   }

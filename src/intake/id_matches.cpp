@@ -1,5 +1,5 @@
-// One reading finds the texts of parents that are no animal, some of them where they are many; another one compares
-// these with all identifications under each rule. What two animals share under a rule points to neither.
+// The survey has found the parents that are no animal, some of them where they are many; another reading compares these
+// with all identifications under each rule. What two animals share under a rule points to neither.
 
 #include "intake/id_matches.h"
 #include "intake/animal_lines.h"
@@ -11,7 +11,6 @@
 #include <unordered_set>
 #include <utility>
 
-#include "core/text_index.h"
 #include "intake/export_records.h"
 #include "intake/export_survey.h"
 #include "intake/value_words.h"
@@ -62,10 +61,8 @@ struct Parent {
   std::int64_t line = 0;
 };
 
-/// The different parents that are no animal of the export, in the order of their lines, at most so many. `is_animal`
-/// tells whether a text is the identification of one.
-template <typename IsAnimal>
-std::vector<Parent> parents_without_line(const ExportTable& table, IsAnimal&& is_animal, std::size_t most) {
+/// The different parents that are no animal of the export, in the order of their lines.
+std::vector<Parent> parents_without_line(const ExportTable& table, const std::unordered_set<std::string>& ids) {
   std::vector<Parent> parents;
   std::unordered_set<std::string_view> seen;
   const std::vector<std::string_view> wished(table.unknown.begin(), table.unknown.end());
@@ -73,12 +70,12 @@ std::vector<Parent> parents_without_line(const ExportTable& table, IsAnimal&& is
   for_each_record(table, [&](const ExportRecord& record) {
     for (const FieldCode code : {sire_column, dam_column}) {
       const std::string_view parent = id_in(record, table.columns, code);
-      if (is_animal(parent) || seen.contains(parent)) continue;
+      if (seen.contains(parent) || ids.contains(std::string(parent))) continue;
       if (means_unknown_parent(parent) || is_among(parent, wished)) continue;
       seen.insert(kept.emplace_back(parent));
       parents.push_back({std::string(parent), record.line});
     }
-    return parents.size() < most;
+    return true;
   });
   return parents;
 }
@@ -215,15 +212,20 @@ std::vector<IdPair> first_of(const std::vector<IdPair>& pairs) {
   return {pairs.begin(), pairs.begin() + static_cast<std::ptrdiff_t>(count)};
 }
 
-/// The parents of the sample that are no animal, by their hashes, at most so many as are compared.
-std::unordered_set<std::uint32_t> hashes_without_line(const ParentLinks& links) {
-  std::vector<std::uint32_t> hashes;
+/// The parents of the sample that are no animal, in the order of their lines, at most so many as are compared.
+std::vector<Parent> sampled_parents(const ParentLinks& links) {
+  std::vector<std::pair<std::uint32_t, const LinkedId*>> missing;
   for (const auto& [hash, id] : links.ids) {
-    if ((id.roles & animal_role) == 0) hashes.push_back(hash);
+    if ((id.roles & animal_role) == 0 && !id.text.empty()) missing.emplace_back(hash, &id);
   }
-  std::sort(hashes.begin(), hashes.end());
-  if (hashes.size() > most_compared_parents) hashes.resize(most_compared_parents);
-  return {hashes.begin(), hashes.end()};
+  std::sort(missing.begin(), missing.end());
+  if (missing.size() > most_compared_parents) missing.resize(most_compared_parents);
+  std::vector<Parent> parents;
+  for (const auto& [hash, id] : missing) parents.push_back({id->text, id->line});
+  std::sort(parents.begin(), parents.end(), [](const Parent& a, const Parent& b) {
+    return std::pair(a.line, std::string_view(a.text)) < std::pair(b.line, std::string_view(b.text));
+  });
+  return parents;
 }
 
 bool has_columns(const ColumnChoice& columns) {
@@ -241,9 +243,7 @@ bool is_worth_asking(const IdProposal& proposal) {
 IdProposal propose_id_rules(const ExportTable& table, const ParentLinks& links) {
   IdProposal best;
   if (!has_columns(table.columns)) return best;
-  const std::unordered_set<std::uint32_t> missing = hashes_without_line(links);
-  const auto is_animal = [&](std::string_view parent) { return !missing.contains(hash_of_text(parent)); };
-  const std::vector<Parent> parents = parents_without_line(table, is_animal, missing.size());
+  const std::vector<Parent> parents = sampled_parents(links);
   best.without_line = static_cast<std::int64_t>(parents.size());
   if (best.without_line < fewest_explained_parents) return best;
   std::vector<RuleTrial> trials;
@@ -265,8 +265,7 @@ IdSubstitutes find_substitutes(const ExportTable& table, IdRules rules) {
     ids.emplace(id_in(record, table.columns, id_column));
     return true;
   });
-  const auto is_animal = [&](std::string_view parent) { return ids.contains(std::string(parent)); };
-  const std::vector<Parent> parents = parents_without_line(table, is_animal, SIZE_MAX);
+  const std::vector<Parent> parents = parents_without_line(table, ids);
   std::vector<RuleTrial> trials = {begin_trial(rules.bits, parents)};
   compare_all(table, parents, trials);
   const std::vector<IdPair> pairs = explained_by(trials.front(), parents);

@@ -28,9 +28,8 @@ struct ExportTable {
   std::span<const std::string> unknown;  ///< texts for unknown parents besides the usual ones
 };
 
-/// Reads the export again for the parents without a line, or some of them where they are many, and tries each rule. A
-/// rule counts for a parent only where it points to one animal.
-/// `links` is what the survey found of them.
+/// Tries each rule on the parents without a line that the survey has found, or some of them where they are many, and
+/// reads the export again for it. A rule counts for a parent only where it points to one animal.
 IdProposal propose_id_rules(const ExportTable& table, const ParentLinks& links);
 
 /// The animals that parents without a line are by the rules, each with exactly one.

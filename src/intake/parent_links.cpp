@@ -32,6 +32,17 @@ void note_role(ParentLinks& links, std::string_view id, LinkRole role) {
   shrink_sample(links);
 }
 
+void note_parent(ParentLinks& links, std::string_view id, LinkRole role, std::int64_t line) {
+  LinkedId* const entry = entry_of(links, id);
+  if (entry == nullptr) return;
+  if (entry->roles == 0) {
+    entry->text = id;
+    entry->line = line;
+  }
+  entry->roles |= role;
+  shrink_sample(links);
+}
+
 void note_sex(ParentLinks& links, std::string_view id, std::size_t sex) {
   LinkedId* const entry = entry_of(links, id);
   if (entry != nullptr) entry->sex = static_cast<std::int32_t>(sex);

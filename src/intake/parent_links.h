@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -12,6 +13,8 @@ namespace pedigreewatch {
 struct LinkedId {
   unsigned roles = 0;
   std::int32_t sex = -1;  ///< place of its text among those of the column; -1: not known
+  std::string text;       ///< of a parent that was named before any line of its own
+  std::int64_t line = 0;  ///< where it was named first
 };
 
 struct ParentLinks {
@@ -23,6 +26,9 @@ enum LinkRole : unsigned { animal_role = 1, sire_role = 2, dam_role = 4 };
 
 /// Notes that `id` occurs in a role.
 void note_role(ParentLinks& links, std::string_view id, LinkRole role);
+
+/// Notes that `id` is named as a parent on a line.
+void note_parent(ParentLinks& links, std::string_view id, LinkRole role, std::int64_t line);
 
 /// Notes how the sex of the animal `id` is written.
 void note_sex(ParentLinks& links, std::string_view id, std::size_t sex);

@@ -116,7 +116,7 @@ std::string_view planned_id(const PreparePlan& plan, std::string_view text, std:
     const auto found = plan.parent_ids.find(std::string(text));
     if (found != plan.parent_ids.end()) text = found->second;
   }
-  if (!plan.leaves_out_thousands_signs) return text;
+  if (!plan.leaves_out_thousands_signs || !is_of_thousands(text)) return text;
   rewritten = without_thousands_signs(text);
   return rewritten;
 }

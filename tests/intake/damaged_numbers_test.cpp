@@ -38,6 +38,11 @@ TEST(HasThousandsSigns, WhenAllTextsAreNumbersThatHaveThemWhereTheyShould) {
   EXPECT_TRUE(has_thousands_signs(forms_of({"1.200", "999", "12.000.001"})));
   EXPECT_FALSE(has_thousands_signs(forms_of({"999", "998"}))) << "none has any";
   EXPECT_TRUE(may_have_thousands_signs(forms_of({"999", "998"})));
+  std::vector<std::string> joined(50, "1.200");
+  joined.emplace_back("Rex");
+  EXPECT_TRUE(has_thousands_signs(forms_of(joined)));
+  joined.erase(joined.begin());
+  EXPECT_FALSE(has_thousands_signs(forms_of(joined)));
   EXPECT_FALSE(has_thousands_signs(forms_of({"1.200", "1201"})));
   EXPECT_FALSE(has_thousands_signs(forms_of({"1.200", "012"})));
   EXPECT_FALSE(has_thousands_signs(forms_of({"1.200", "NL12"})));

@@ -9,6 +9,7 @@
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <set>
 #include <sstream>
 #include <utility>
 
@@ -127,8 +128,11 @@ bool is_same_parent(const std::string& written, const std::string& id) {
 }
 
 std::string animal_difference(const PreparedData& data, const std::vector<std::string>& row,
-                              const ForeignAnimal& animal) {
+                              const ForeignAnimal& animal, const std::set<std::string>& spoilt) {
   const std::string sire = field_of(data, row, "sire"), dam = field_of(data, row, "dam");
+  // Whose line is spoilt cannot be found under another writing of its id.
+  const bool has_spoilt_parent = spoilt.contains(animal.sire) || spoilt.contains(animal.dam);
+  if (has_spoilt_parent) return {};
   if (!is_same_parent(sire, animal.sire)) return difference("sire", animal, sire, animal.sire);
   if (!is_same_parent(dam, animal.dam)) return difference("dam", animal, dam, animal.dam);
   const std::string sex = field_of(data, row, "sex"), true_sex = animal.is_male ? "m" : "f";
@@ -269,14 +273,21 @@ std::vector<std::string> answer_to(std::string_view option, const ExportTruth& t
 
 std::string first_difference(const std::string& data, const std::string& steer, const ForeignExport& office_export) {
   const PreparedData prepared = read_prepared(data, steer);
-  std::map<std::string, const std::vector<std::string>*> rows;
-  for (const auto& row : prepared.rows) rows[field_of(prepared, row, "id")] = &row;
+  // A spoilt line may have the id of another animal: one that is right stands beside it.
+  std::multimap<std::string, const std::vector<std::string>*> rows;
+  for (const auto& row : prepared.rows) rows.emplace(field_of(prepared, row, "id"), &row);
+  std::set<std::string> spoilt;
+  for (const ForeignAnimal& animal : office_export.truth.animals) {
+    if (animal.is_spoilt) spoilt.insert(animal.id);
+  }
   for (const ForeignAnimal& animal : office_export.truth.animals) {
     if (animal.is_spoilt) continue;
-    const auto found = rows.find(animal.id);
-    if (found == rows.end()) return "animal " + animal.id + " is not there";
-    std::string found_difference = animal_difference(prepared, *found->second, animal);
-    if (!found_difference.empty()) return found_difference;
+    const auto [first, last] = rows.equal_range(animal.id);
+    if (first == last) return "animal " + animal.id + " is not there";
+    std::string found_difference = animal_difference(prepared, *first->second, animal, spoilt);
+    const bool has_right_row = std::any_of(
+        first, last, [&](const auto& row) { return animal_difference(prepared, *row.second, animal, spoilt).empty(); });
+    if (!has_right_row) return found_difference;
   }
   const std::size_t animal_count = office_export.truth.animals.size();
   if (!office_export.is_spoilt && prepared.rows.size() != animal_count) {
