@@ -130,11 +130,12 @@ bool is_same_parent(const std::string& written, const std::string& id) {
 std::string animal_difference(const PreparedData& data, const std::vector<std::string>& row,
                               const ForeignAnimal& animal, const std::set<std::string>& spoilt) {
   const std::string sire = field_of(data, row, "sire"), dam = field_of(data, row, "dam");
-  // Whose line is spoilt cannot be found under another writing of its id.
-  const bool has_spoilt_parent = spoilt.contains(animal.sire) || spoilt.contains(animal.dam);
-  if (has_spoilt_parent) return {};
-  if (!is_same_parent(sire, animal.sire)) return difference("sire", animal, sire, animal.sire);
-  if (!is_same_parent(dam, animal.dam)) return difference("dam", animal, dam, animal.dam);
+  // A parent whose line is spoilt cannot be found under another writing of its id.
+  if (!spoilt.contains(animal.sire) && !is_same_parent(sire, animal.sire)) {
+    return difference("sire", animal, sire, animal.sire);
+  }
+  if (!spoilt.contains(animal.dam) && !is_same_parent(dam, animal.dam))
+    return difference("dam", animal, dam, animal.dam);
   const std::string sex = field_of(data, row, "sex"), true_sex = animal.is_male ? "m" : "f";
   // A sex that the export leaves open may have been concluded from the young.
   if (sex != true_sex && (animal.has_sex || !sex.empty())) return difference("sex", animal, sex, true_sex);
