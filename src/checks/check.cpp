@@ -24,6 +24,16 @@ namespace {
 constexpr Wording reading_lines = {"reading lines", "gelezen regels"};
 constexpr Wording checking_animals = {"checking animals", "te controleren dieren"};
 
+/// The lines of the export that the data file does not have, as they are no animals.
+void tell_left_out_lines(const CheckSettings& settings, Findings& findings) {
+  if (!settings.export_lines) return;
+  for (const LeftOutLine& line : settings.export_lines->left_out) {
+    add(findings, {.code = FindingCode::left_out,
+                   .line = static_cast<std::int32_t>(line.export_line),
+                   .text = keep(findings, line.text)});
+  }
+}
+
 /// Reads the animals, a second time where the dates turn out to be written in another layout.
 FileSurvey read_file(LineReader& data, ReadingPlan& plan, const CheckSettings& settings, CheckResult& result,
                      ProgressLine& progress) {
@@ -49,8 +59,9 @@ void check_values(const FileSurvey& survey, ReadingPlan& plan, const CheckSettin
   check_letters_of_file(survey, result.findings);
   check_male_letter(result.animals, plan, result.findings);
   check_sexes(result.animals, survey, plan, settings.language, result.findings);
-  check_names(survey, plan, settings, result.findings);
   check_imports(survey, plan, result.findings);
+  if (!plan.counts_names) return;
+  check_names(survey, plan, settings, result.findings);
   check_breeders(survey, plan, result.findings);
 }
 
@@ -74,12 +85,13 @@ void check_pedigree(const FileSurvey& survey, const ReadingPlan& plan, const Che
   group_alike(findings);
   check_years(animals, plan, settings.today, settings.language, findings);
   check_duplicates(animals, findings);
-  check_same_animals(animals, findings);
+  const bool is_everything = settings.scope == CheckScope::everything;
+  if (is_everything) check_same_animals(animals, findings);
   {
     const ParentUses uses = count_parent_uses(animals);
     check_missing_parents(animals, uses, plan, settings.limits, findings);
     check_roles(animals, uses, plan, findings);
-    check_founders(animals, uses, findings);
+    if (is_everything) check_founders(animals, uses, findings);
   }
   check_loops(animals, settings.language, findings);
   std::vector<DateConflict> conflicts;
@@ -88,7 +100,7 @@ void check_pedigree(const FileSurvey& survey, const ReadingPlan& plan, const Che
   report_conflicts(animals, conflicts, settings.limits, settings.language, findings);
   check_age_figures(animals, findings);
   check_report_size(animals, survey, plan, settings, findings);
-  check_litter_dams(animals, findings);
+  if (is_everything) check_litter_dams(animals, findings);
 }
 
 }  // namespace
@@ -99,6 +111,8 @@ CheckResult check_data(LineReader& data, const CheckSettings& settings, Progress
   if (settings.report_overwrites_data) add(result.findings, {.code = FindingCode::report_name});
   ReadingPlan plan = plan_reading(data, settings, result.findings);
   if (!plan.can_be_read || data.error != 0) return result;
+  plan.counts_names = settings.scope == CheckScope::everything;
+  tell_left_out_lines(settings, result.findings);
   const FileSurvey survey = read_file(data, plan, settings, result, progress);
   if (result.has_read_animals && data.error == 0) {
     begin_progress(progress, words_of(checking_animals, settings.language));

@@ -14,6 +14,12 @@
 
 namespace pedigreewatch {
 
+/// How much is looked at.
+enum class CheckScope : std::uint8_t {
+  everything,
+  rates,  ///< all that stops the run or falsifies inbreeding or the effective size; of the rest what costs nothing
+};
+
 struct CheckSettings {
   DataFileLayout layout;                 ///< as the steer file gives it
   std::vector<std::string> steer_lines;  ///< the steer file itself, for what is said about its lines
@@ -21,6 +27,7 @@ struct CheckSettings {
   bool knows_species = true;             ///< the steer file's word for the species is one of the table
   ToolLanguage language = ToolLanguage::english;
   CheckLimits limits;
+  CheckScope scope = CheckScope::everything;
   CalendarDate today;
   std::optional<ExportLines> export_lines;  ///< of the export that the data file was made of, where that is known
 };

@@ -206,6 +206,7 @@ BirthDay take_date(Reading& reading, const DataLine& line, const LineFields& fie
   }
   if (date.kind == DateKind::repaired) {
     report_repair(reading, line, date, text);
+    marks = static_cast<std::uint8_t>(marks | mark_year_only);  // what follows from the wrong day is not told again
     if (is_exchanged(fields.text[birthdate_column], reading.plan.layout.dates)) {
       reading.survey.exchanged_dates.push_back(reading.animals.count());
     }
@@ -213,6 +214,11 @@ BirthDay take_date(Reading& reading, const DataLine& line, const LineFields& fie
   if (date.kind == DateKind::year_only) {
     reading.survey.dated_by_year.push_back(reading.animals.count());
     marks = static_cast<std::uint8_t>(marks | mark_year_only);
+  }
+  constexpr std::int32_t february = 2, leap_day = 29;
+  const bool is_leap_day = date.date.month == february && date.date.day == leap_day;
+  if (is_leap_day && date.date.year > 0 && !has_leap_day(date.date.year)) {
+    find(reading, line, FindingCode::leap_day, birthdate_column, text);
   }
   check_year(reading, line, date, text, marks);
   return {date.date.year, date.date.day, static_cast<std::int8_t>(date.date.month)};
@@ -249,10 +255,12 @@ void count_texts(Reading& reading, const DataLine& line, const LineFields& field
     const std::string_view text = field_of(fields, code);
     if (!text.empty()) count_text(counts, text, line.number);
   };
-  count_subpopulation(reading, line, field_of(fields, subpopulation_column));
-  count_field(survey.colours, colour_column);
   count_field(survey.imports, import_column);
-  count_field(survey.breeders, breeder_column);
+  count_subpopulation(reading, line, field_of(fields, subpopulation_column));
+  if (reading.plan.counts_names) {
+    count_field(survey.colours, colour_column);
+    count_field(survey.breeders, breeder_column);
+  }
   const std::string_view name = field_of(fields, name_column);
   if (name.size() > name_width) find(reading, line, FindingCode::name_cut, name_column, name);
 }

@@ -82,6 +82,7 @@ enum class FindingCode : std::uint8_t {
   colour_reserved,
   import_text,
   // Worth a look.
+  left_out,
   parent_missing,
   parent_young,
   parent_old,
@@ -91,6 +92,7 @@ enum class FindingCode : std::uint8_t {
   litter_sires,
   litter_dams,
   same_animal,
+  leap_day,
   date_order,
   date_unknown,
   dates_of_years,

@@ -22,6 +22,7 @@ struct ReadingPlan {
   std::string header_line;                                ///< empty: the file has none
   bool strips_quotes = false;         ///< the headings stand in quotation marks, so texts are taken without them
   bool first_line_is_header = false;  ///< the first line is no animal
+  bool counts_names = true;           ///< subpopulations, colours and breeders are counted
   bool can_be_read = false;           ///< the columns that are required are there
   const ExportLines* export_lines = nullptr;  ///< what is known of the export behind the data file; null: nothing
 };

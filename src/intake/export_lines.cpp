@@ -11,8 +11,10 @@ namespace pedigreewatch {
 namespace {
 
 constexpr std::string_view first_words = "# lines of the export 1";
-constexpr std::string_view export_word = "export", data_word = "data", shift_word = "line";
+constexpr std::string_view export_word = "export", data_word = "data", shift_word = "line", left_out_word = "out";
 constexpr std::array<std::string_view, 3> note_words = {"sex", "date", "fields"};
+
+constexpr std::size_t longest_note = 200;  // bytes; what stands behind them helps nobody to find the cell
 
 /// The values of a line; yields false for a number that is none.
 struct LineValues {
@@ -55,6 +57,14 @@ bool take_note(const LineValues& values, ExportLines& lines) {
   return true;
 }
 
+bool take_left_out(const LineValues& values, ExportLines& lines) {
+  std::int64_t line = 0;
+  if (values.count != 3 || !values.number_at(1, line)) return false;
+  if (!lines.left_out.empty() && line < lines.left_out.back().export_line) return false;
+  lines.left_out.push_back({line, std::string(values.texts[2])});
+  return lines.left_out.size() <= most_left_out_lines;
+}
+
 bool take_line(std::string_view line, ExportLines& lines) {
   const LineValues values = cut_values(line);
   if (values.texts[0] == export_word && values.count == 2) {
@@ -64,6 +74,7 @@ bool take_line(std::string_view line, ExportLines& lines) {
   if (values.texts[0] == data_word) {
     return values.number_at(1, lines.data_bytes) && values.number_at(2, lines.field_count);
   }
+  if (values.texts[0] == left_out_word) return take_left_out(values, lines);
   return values.texts[0] == shift_word ? take_shift(values, lines) : take_note(values, lines);
 }
 
@@ -98,8 +109,12 @@ void note_shift(std::vector<LineShift>& shifts, std::int64_t export_line, std::i
 }
 
 void note_export_text(ExportLines& lines, ExportNoteKind kind, std::int64_t data_line, std::string_view text) {
-  constexpr std::size_t longest = 200;  // bytes; what stands behind them helps nobody to find the cell
-  lines.notes.push_back({kind, data_line, cell_of(text.substr(0, longest))});
+  lines.notes.push_back({kind, data_line, cell_of(text.substr(0, longest_note))});
+}
+
+void note_left_out(ExportLines& lines, std::int64_t export_line, std::string_view text) {
+  if (lines.left_out.size() == most_left_out_lines) return;
+  lines.left_out.push_back({export_line, cell_of(text.substr(0, longest_note))});
 }
 
 std::string text_of_export_lines(const ExportLines& lines) {
@@ -111,6 +126,9 @@ std::string text_of_export_lines(const ExportLines& lines) {
   }
   for (const ExportNote& note : lines.notes) {
     append_row(bytes, note_words[static_cast<std::size_t>(note.kind)], std::to_string(note.data_line), note.text);
+  }
+  for (const LeftOutLine& line : lines.left_out) {
+    append_row(bytes, left_out_word, std::to_string(line.export_line), line.text);
   }
   return bytes;
 }

@@ -30,12 +30,22 @@ struct ExportNote {
   std::string text;  ///< UTF-8, without tabs and line ends
 };
 
+/// A line of the export that is no animal, and so not in the data file: headings again, a total, a remark.
+struct LeftOutLine {
+  std::int64_t export_line = 0;
+  std::string text;  ///< as it stands there, UTF-8, without tabs and line ends
+};
+
+/// So many of them are kept; who joined files has fewer of them, and what is no table at all is refused.
+inline constexpr std::size_t most_left_out_lines = 1000;
+
 struct ExportLines {
   std::string export_name;       ///< without its folder
   std::int64_t data_bytes = 0;   ///< length of the data file: another one was changed since
   std::int64_t field_count = 0;  ///< of the headings
   std::vector<LineShift> shifts;
-  std::vector<ExportNote> notes;  ///< in the order of the lines
+  std::vector<ExportNote> notes;           ///< in the order of the lines
+  std::vector<LeftOutLine> left_out = {};  ///< likewise; at most `most_left_out_lines`
 };
 
 /// The line of the export on which a line of the data file stands.
@@ -46,6 +56,9 @@ void note_shift(std::vector<LineShift>& shifts, std::int64_t export_line, std::i
 
 /// Notes what stands there.
 void note_export_text(ExportLines& lines, ExportNoteKind kind, std::int64_t data_line, std::string_view text);
+
+/// Notes a line that is left out, unless there are too many of them already.
+void note_left_out(ExportLines& lines, std::int64_t export_line, std::string_view text);
 
 /// The file NAME.lines.
 std::string text_of_export_lines(const ExportLines& lines);

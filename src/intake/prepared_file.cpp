@@ -109,6 +109,25 @@ void note_record(const ExportRecord& record, const PreparePlan& plan, const Lost
   }
 }
 
+/// The fields of a record with the character that divides them, without the empty ones at the end.
+std::string text_of_record(const ExportRecord& record, char delimiter) {
+  std::string text;
+  for (const std::string_view field : record.fields) text.append(trimmed(field)).push_back(delimiter);
+  while (text.ends_with(delimiter)) text.pop_back();
+  return text;
+}
+
+/// The next record that is an animal; what is left out before it is noted. False at the end.
+bool next_noted_animal(RecordReader& reader, ExportRecord& record, const ColumnChoice& columns, ExportLines& lines) {
+  while (next_record(reader, record)) {
+    const RecordKind kind = kind_of_record(record, columns);
+    if (kind == RecordKind::animal) return true;
+    const std::string text = kind == RecordKind::blank ? std::string() : text_of_record(record, reader.delimiter);
+    if (!text.empty()) note_left_out(lines, record.line, text);
+  }
+  return false;
+}
+
 void append_line(std::string& bytes, std::string_view text) {
   bytes.append(text).push_back('\n');
 }
@@ -194,7 +213,7 @@ bool make_data_file(std::string_view text, char delimiter, const PreparePlan& pl
   append_header(bytes, plan);
   std::int64_t data_line = 0;
   if (plan.columns.has_header) note_shift(lines.shifts, plan.columns.table.line, ++data_line);
-  while (next_animal(reader, record, plan.columns)) {
+  while (next_noted_animal(reader, record, plan.columns, lines)) {
     const LostTexts lost = append_animal(bytes, record, plan, sexes);
     note_record(record, plan, lost, ++data_line, lines);
     if (bytes.size() < piece_size) continue;

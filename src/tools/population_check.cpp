@@ -8,10 +8,11 @@
 
 namespace pedigreewatch {
 
-std::optional<CheckResult> check_population(const SteerSettings& steer, ToolStreams& streams) {
+std::optional<CheckResult> check_population(const SteerSettings& steer, ToolStreams& streams, CheckScope scope) {
   LineReader data;
   if (open_data_file(steer, data)) return std::nullopt;
   CheckSettings settings = make_check_settings(steer, lines_of_steer_file(steer_file_name), current_date());
+  settings.scope = scope;
   bool is_outdated = false;
   settings.export_lines = export_lines_beside(std::string(steer.data_file_name.trimmed()), is_outdated);
   CheckResult result = check_data(data, settings, streams.progress);

@@ -9,6 +9,7 @@
 namespace pedigreewatch {
 
 /// What the checks find in the data file that the settings name; nothing when it cannot be read.
-std::optional<CheckResult> check_population(const SteerSettings& steer, ToolStreams& streams);
+std::optional<CheckResult> check_population(const SteerSettings& steer, ToolStreams& streams,
+                                            CheckScope scope = CheckScope::everything);
 
 }  // namespace pedigreewatch

@@ -289,7 +289,7 @@ struct EarlyCheck {
 EarlyCheck check_early(const SteerSettings& settings, ToolStreams& streams) {
   EarlyCheck early;
   early.state = state_of_file(std::string(settings.data_file_name.trimmed()));
-  if (const std::optional<CheckResult> check = check_population(settings, streams)) {
+  if (const std::optional<CheckResult> check = check_population(settings, streams, CheckScope::rates)) {
     early.faults = faults_of_verdict(*check);
   }
   return early;

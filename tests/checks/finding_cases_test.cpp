@@ -445,6 +445,14 @@ std::vector<FindingCase> finding_cases() {
      "4|3|c|date-impossible|W|31-02-2001 is read as 01-02-2001",
      "4|3|c|date-impossible|W|31-02-2001 wordt gelezen als 01-02-2001",
      {}, {}, nullptr},
+    {"leap-day",
+     "id;sex;birthdate;sire;dam\n"
+         "a;m;29-02-2000;;\n"
+         "b;f;01-02-2000;;\n"
+         "c;m;29-02-2001;a;b\n",
+     "4|3|c|leap-day|L|29-02-2001: that year has no 29 February",
+     "4|3|c|leap-day|L|29-02-2001: dat jaar heeft geen 29 februari",
+     {}, {}, nullptr},
     {"date-year-only",
      "id;sex;birthdate;sire;dam\n"
          "a;m;01-01-2000;;\n"
@@ -748,6 +756,14 @@ std::vector<FindingCase> finding_cases() {
      "2|||utf-8-letters|L|Accents are UTF-8 (lines: 1); in the report they show wrong, save the file as ANSI text",
      "2|||utf-8-letters|L|Accenten zijn UTF-8 (regels: 1); in de uitvoer staan ze verkeerd, sla het bestand op als ANSI-tekst",
      {}, {}, nullptr},
+    {"left-out",
+     "id;sex;birthdate;sire;dam\n"
+         "a;m;01-01-2000;;\n"
+         "b;f;01-02-2000;;\n"
+         "c;m;01-03-2001;a;b\n",
+     "7|||left-out|L|Left out, as this line is no animal: Total;3",
+     "7|||left-out|L|Overgeslagen, want deze regel is geen dier: Total;3",
+     {}, {}, nullptr, {}, ExportLines{"herd.csv", 0, 5, {}, {}, {{7, "Total;3"}}}},
     {"steer-word",
      "id;sex;birthdate;sire;dam\n"
          "a;m;01-01-2000;;\n"
@@ -790,6 +806,23 @@ void expect_rows(const FindingCase& each, const std::string& expected, std::vect
   EXPECT_EQ(found, serious);
 }
 
+/// The rows of what stops the run, or falsifies inbreeding or the effective size.
+std::vector<std::string> rows_of_rates(const FindingCase& each, CheckScope scope) {
+  SteerLines steer = sheep_steer(true);
+  if (each.change_steer != nullptr) each.change_steer(steer);
+  CheckSettings settings = check_settings(steer);
+  EXPECT_EQ(read_limits(each.limits, "limits.txt", settings.limits), "");
+  settings.export_lines = each.origin;
+  settings.scope = scope;
+  CheckResult result = checked(each.data, settings);
+  std::erase_if(result.findings.list, [](const Finding& finding) {
+    const FindingKind& kind = kind_of(finding.code);
+    const bool touches = (kind.parts & (part_inbreeding | part_effective_size)) != 0;
+    return kind.severity == Severity::look || (kind.severity == Severity::falsifies && !touches);
+  });
+  return rows_of(result, ToolLanguage::english);
+}
+
 class FindingCases : public testing::TestWithParam<FindingCase> {};
 
 TEST_P(FindingCases, AreFoundAndSaidInBothLanguages) {
@@ -797,11 +830,25 @@ TEST_P(FindingCases, AreFoundAndSaidInBothLanguages) {
   expect_rows(GetParam(), GetParam().dutch, GetParam().dutch_more, false);
 }
 
+TEST_P(FindingCases, OfRatesAreFoundAlsoWhereOnlyTheyAreWanted) {
+  EXPECT_EQ(rows_of_rates(GetParam(), CheckScope::rates), rows_of_rates(GetParam(), CheckScope::everything));
+}
+
 INSTANTIATE_TEST_SUITE_P(All, FindingCases, testing::ValuesIn(finding_cases()), [](const auto& each) {
   std::string name = each.param.code;
   std::ranges::replace(name, '-', '_');
   return name;
 });
+
+TEST(CheckData, LeavesOutWhatCostsTimeWhereOnlyRatesAreWanted) {
+  const std::string twins =
+      "id;sex;birthdate;sire;dam;name\na;m;01-01-2000;;;\nb;f;01-02-2000;;;\n"
+      "c;m;01-03-2001;a;b;Rex\nd;m;01-03-2001;a;b;REX\n";
+  CheckSettings settings = check_settings(sheep_steer());
+  EXPECT_EQ(count_of(checked(twins, settings), FindingCode::same_animal), 1);
+  settings.scope = CheckScope::rates;
+  EXPECT_EQ(count_of(checked(twins, settings), FindingCode::same_animal), 0);
+}
 
 TEST(FindingKinds, AllHaveACase) {
   std::set<std::string> names;
@@ -857,6 +904,16 @@ TEST(CheckData, ABirthLaterThisYearLeavesNoYearEmpty) {
   EXPECT_EQ(rows_of_birth("2026", "01-12-2027"),
             std::vector<std::string>{"4|3|c|year-future|W|Born in the future (01-12-2027): years without animals "
                                      "count as F = 0, Ne is wrong"});
+}
+
+// Read as 13-01-2004 it would be 56 days before the other young of the same ewe.
+TEST(CheckData, NothingIsToldThatFollowsFromAnImpossibleDate) {
+  const CheckResult result = checked(
+      "id;sex;birthdate;sire;dam\na;m;01-01-2002;;\nb;f;01-02-2002;;\nc;m;13-25-2004;a;b\nd;m;09-03-2004;a;b\n"
+      "e;m;09-03-2003;a;b\n",
+      check_settings(sheep_steer()));
+  EXPECT_EQ(serious_rows_of(result, ToolLanguage::english),
+            std::vector<std::string>{"4|3|c|date-impossible|W|13-25-2004 is read as 13-01-2004"});
 }
 
 TEST(CheckData, SoundDataHasNoFindings) {

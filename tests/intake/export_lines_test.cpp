@@ -39,6 +39,7 @@ ExportLines some_lines() {
   note_export_text(lines, ExportNoteKind::sex, 3, "geld\ting\n");
   note_export_text(lines, ExportNoteKind::date, 3, "spring 1998");
   note_export_text(lines, ExportNoteKind::fields, 7, "8");
+  note_left_out(lines, 9, "Total:\t6");
   return lines;
 }
 
@@ -46,11 +47,23 @@ TEST(ExportLines, ComeBackAsTheyWereKept) {
   const std::string text = text_of_export_lines(some_lines());
   EXPECT_EQ(text,
             "# lines of the export 1\nexport\therd book.csv\ndata\t812\t9\nline\t3\t4\nline\t4\t4\n"
-            "sex\t3\tgeld ing \ndate\t3\tspring 1998\nfields\t7\t8\n");
+            "sex\t3\tgeld ing \ndate\t3\tspring 1998\nfields\t7\t8\nout\t9\tTotal: 6\n");
   const std::optional<ExportLines> read = read_export_lines(text);
   ASSERT_TRUE(read);
   EXPECT_EQ(text_of_export_lines(*read), text);
   EXPECT_EQ(read->notes[1].text, "spring 1998");
+}
+
+TEST(ExportLines, ThatAreLeftOutAreKeptUpToAThousand) {
+  ExportLines lines = some_lines();
+  for (int line = 10; line < 2000; ++line) note_left_out(lines, line, "x");
+  ASSERT_EQ(lines.left_out.size(), 1000U);
+  EXPECT_EQ(lines.left_out.back().export_line, 1008);
+  const std::string text = text_of_export_lines(lines);
+  const std::optional<ExportLines> read = read_export_lines(text);
+  ASSERT_TRUE(read);
+  EXPECT_EQ(read->left_out.size(), 1000U);
+  EXPECT_FALSE(read_export_lines(text + "out\t1009\tx\n"));
 }
 
 TEST(ExportLines, OfAnotherKindOrDamagedAreNone) {
@@ -60,7 +73,8 @@ TEST(ExportLines, OfAnotherKindOrDamagedAreNone) {
        {std::string(), std::string("id;sex\n"), head, head + "export\ta.csv\nline\t3\n",
         head + "export\ta.csv\nline\tx\t4\n", head + "export\ta.csv\nline\t-3\t4\n",
         head + "export\ta.csv\nline\t3\t9\nline\t2\t9\n", head + "export\ta.csv\nsex\t4\tx\nsex\t3\tx\n",
-        head + "export\ta.csv\ncolour\t4\tx\n", head + "export\ta.csv\nsex\t4\n"}) {
+        head + "export\ta.csv\ncolour\t4\tx\n", head + "export\ta.csv\nsex\t4\n", head + "export\ta.csv\nout\t4\n",
+        head + "export\ta.csv\nout\t4\tx\nout\t3\tx\n"}) {
     EXPECT_FALSE(read_export_lines(text)) << text;
   }
 }

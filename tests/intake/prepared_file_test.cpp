@@ -11,6 +11,14 @@
 namespace pedigreewatch::test {
 namespace {
 
+TEST(MakeDataFile, NotesTheLinesThatAreNoAnimals) {
+  const Prepared files =
+      prepared("id;sire;dam;sex;born\nHS1;;;m;2001\nHS2;;;f;2001\n\nid;sire;dam;sex;born\nHS3;HS1;HS2;m;2003\n");
+  ASSERT_EQ(files.lines.left_out.size(), 1U);
+  EXPECT_EQ(files.lines.left_out[0].export_line, 5);
+  EXPECT_EQ(files.lines.left_out[0].text, "id;sire;dam;sex;born");
+}
+
 TEST(MakeDataFile, OneLineForEachAnimalWithTheColumnsInUse) {
   const Prepared files = prepared(
       "Weight;Dam;Sire;ID;Sex;Born\n"
