@@ -11,6 +11,7 @@
 #include "control/population_analysis.h"
 #include "control/steer_file.h"
 #include "forecast/forecast.h"
+#include "forecast/model_fit.h"
 #include "population_plans.h"
 
 namespace {
@@ -69,7 +70,8 @@ Forecast forecast_of(const PopulationPlan& plan) {
   const AnalysedPopulation population = analyse(plan);
   const std::int32_t last = plan.first_birth_year + known_years - 1;
   const FamilyRecords records = list_families(population.store, population.analysis.years, last);
-  const ModelBasis basis = make_model_basis(records, *measure_base_period(records), {});
+  ModelBasis basis = make_model_basis(records, *measure_base_period(records), {});
+  fit_use(basis, 1);
   BreedingRules present;
   ForecastSettings settings;
   settings.years = years_ahead;

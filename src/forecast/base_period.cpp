@@ -32,10 +32,10 @@ void count_parents(const FamilyRecords& records, std::int32_t year, Sex sex, std
   std::vector<std::vector<std::int32_t>> parents(groups.size());
   for (const Family& family : records.of_year(year)) {
     const std::int32_t parent = sex == male ? family.sire : family.dam;
-    if (parent != 0) parents[static_cast<std::size_t>(group_of(records.store, parent))].push_back(parent);
+    if (parent != 0) parents[static_cast<std::size_t>(records.group[parent])].push_back(parent);
   }
   for (std::size_t g = 0; g < groups.size(); ++g) {
-    (sex == male ? groups[g].sires : groups[g].dams) = count_different(parents[g]);
+    groups[g].in_use.of(sex) = count_different(parents[g]);
   }
 }
 
@@ -109,6 +109,40 @@ void count_young(const FamilyRecords& records, BasePeriod& base) {
   if (records.are_sexes_known && young > 0.0) base.male_share = males / young;
 }
 
+void count_unknown_sires(const FamilyRecords& records, BasePeriod& base) {
+  std::array<double, descents> litters = {};
+  for (std::int32_t year = base.first_alike; year <= base.last_year; ++year) {
+    for (const Family& family : records.of_year(year)) {
+      if (family.dam == 0) continue;
+      const auto descent = static_cast<std::size_t>(descent_of(records.store, family.dam));
+      litters[descent] += 1.0;
+      if (family.sire == 0) base.without_sire[descent] += 1.0;
+    }
+  }
+  for (std::size_t k = 0; k < descents; ++k) {
+    if (litters[k] > 0.0) base.without_sire[k] /= litters[k];
+  }
+}
+
+void measure_levels(const FamilyRecords& records, BasePeriod& base) {
+  std::vector<YearCount> litters, founders, half_known;
+  for (std::int32_t year = base.first_alike; year <= base.last_year; ++year) {
+    YearCount with_dam, of_none, of_one;
+    double young = 0.0;
+    for (const Family& family : records.of_year(year)) {
+      if (family.dam != 0) with_dam.count += 1.0;
+      if (family.descent() == Descent::founder) of_none.count += family.young;
+      if (family.descent() == Descent::half_known) of_one.count += family.young;
+      young += family.young;
+    }
+    of_none.among = of_one.among = young;
+    if (year >= base.first_year) litters.push_back(with_dam);
+    founders.push_back(of_none);
+    half_known.push_back(of_one);
+  }
+  base.levels = {level_of(litters), level_of(founders), level_of(half_known)};
+}
+
 /// A row for each group of young. Where there were none, sires are of the same group.
 void count_exchange(const FamilyRecords& records, BasePeriod& base) {
   const auto groups = static_cast<std::size_t>(records.groups);
@@ -116,7 +150,7 @@ void count_exchange(const FamilyRecords& records, BasePeriod& base) {
   for (std::int32_t year = base.first_alike; year <= base.last_year; ++year) {
     for (const Family& family : records.of_year(year)) {
       if (family.sire == 0) continue;
-      const auto sires = static_cast<std::size_t>(group_of(records.store, family.sire));
+      const auto sires = static_cast<std::size_t>(records.group[family.sire]);
       base.sire_groups[static_cast<std::size_t>(family.group)][sires] += 1.0;
     }
   }
@@ -161,31 +195,31 @@ void count_chosen(const FamilyRecords& records, Sex sex, BasePeriod& base) {
   base.outside.of(sex) = from_outside / all;
 }
 
-void count_new_sires(BasePeriod& base) {
-  for (const Career& career : base.careers.of_males.careers) {
+void count_entered(BasePeriod& base, Sex sex) {
+  for (const Career& career : base.careers.of(sex).careers) {
     if (career.first_year < base.first_alike) continue;
     std::vector<GroupYear>& year = base.years[static_cast<std::size_t>(career.first_year - base.first_alike)];
-    ++year[static_cast<std::size_t>(career.group)].new_sires;
+    ++year[static_cast<std::size_t>(career.group)].entered.of(sex);
   }
 }
 
-/// When more sires than usual go on, fewer new ones come into use, or as many as ever: by how many fewer for each one,
-/// from the years and groups, drawn towards a half where they tell little (regression through their means).
-double measure_vacancies(const BasePeriod& base) {
+/// When more parents than usual go on, fewer new ones come into use, or as many as ever: by how many fewer for each
+/// one, from the years and groups, drawn towards a half where they tell little (regression through their means).
+double measure_vacancies(const BasePeriod& base, Sex sex) {
   constexpr double prior = 0.5, prior_years = 3.0;
   double products = 0.0, squares = 0.0;
   for (std::size_t group = 0; group < base.years.front().size(); ++group) {
     double went_on = 0.0, entered = 0.0;
     const auto count = static_cast<double>(base.years.size());
     for (const std::vector<GroupYear>& year : base.years) {
-      went_on += (year[group].sires - year[group].new_sires) / count;
-      entered += year[group].new_sires / count;
+      went_on += (year[group].in_use.of(sex) - year[group].entered.of(sex)) / count;
+      entered += year[group].entered.of(sex) / count;
     }
     products += prior * prior_years * went_on;  // by chance alone numbers vary as much as they are large
     squares += prior_years * went_on;
     for (const std::vector<GroupYear>& year : base.years) {
-      const double more = year[group].sires - year[group].new_sires - went_on;
-      products -= more * (year[group].new_sires - entered);
+      const double more = year[group].in_use.of(sex) - year[group].entered.of(sex) - went_on;
+      products -= more * (year[group].entered.of(sex) - entered);
       squares += more * more;
     }
   }
@@ -209,9 +243,9 @@ void measure_careers(const FamilyRecords& records, BasePeriod& base) {
     base.entries.of(sex) = entries_of(base.careers.of(sex), base.first_alike);
     base.oldest_entry.of(sex) = oldest_entry_of(base.careers.of(sex), base.entries.of(sex));
     if (!base.entries.of(sex).empty()) count_chosen(records, sex, base);
+    count_entered(base, sex);
+    base.vacancies_filled.of(sex) = measure_vacancies(base, sex);
   }
-  count_new_sires(base);
-  base.vacancies_filled = measure_vacancies(base);
 }
 
 }  // namespace
@@ -249,6 +283,8 @@ std::optional<BasePeriod> measure_base_period(const FamilyRecords& records) {
     base.years.push_back(count_year(records, year));
   }
   count_young(records, base);
+  measure_levels(records, base);
+  count_unknown_sires(records, base);
   count_exchange(records, base);
   measure_careers(records, base);
   if (base.entries.of_males.empty() || base.entries.of_females.empty() || base.sizes.empty()) return std::nullopt;

@@ -9,6 +9,7 @@
 
 #include "forecast/careers.h"
 #include "forecast/families.h"
+#include "forecast/level.h"
 
 namespace pedigreewatch {
 
@@ -28,8 +29,14 @@ inline constexpr std::int32_t periods_of_careers = 3;
 struct GroupYear {
   std::int32_t with_both = 0, without_sire = 0, without_dam = 0;  ///< families of the young born in it
   std::int32_t founders = 0;                                      ///< animals born of unknown parents
-  std::int32_t sires = 0, dams = 0;                               ///< of it, in use anywhere
-  std::int32_t new_sires = 0;                                     ///< of these, for the first time
+  BySex<std::int32_t> in_use = {};                                ///< sires and dams of it that had families, anywhere
+  BySex<std::int32_t> entered = {};                               ///< of these, for the first time
+};
+
+/// What may have gone up or down.
+struct PracticeLevels {
+  Level litters;               ///< a year, of the base years
+  Level founders, half_known;  ///< young of no known parent, and of one, among all; of the years alike
 };
 
 /// Years whose practice is gone on with.
@@ -38,8 +45,10 @@ struct BasePeriod {
   double generation_interval = 0.0;           ///< years, mean of sires and dams in the base years; what sets the length
   std::int32_t first_alike = 0;               ///< from this year on the practice was the same
   std::vector<std::vector<GroupYear>> years;  ///< by year from then on, by group
-  double vacancies_filled =
-      0.5;  ///< of the sires that are missing to the usual number, the part that is replaced at once
+  BySex<double> vacancies_filled;  ///< of the parents that are missing to the usual number, the part replaced at once
+  PracticeLevels levels;
+  /// By descent of the dam: how often the sire of a litter is unknown, in the years alike.
+  std::array<double, descents> without_sire = {};
   std::vector<std::int32_t> sizes;               ///< of families with a known dam
   double male_share = 0.5;                       ///< of the young
   std::vector<std::vector<double>> sire_groups;  ///< by group of the young: shares of the sires' groups, adding up to 1

@@ -28,15 +28,16 @@ std::int32_t parent_of(const Family& family, Sex sex) {
   return sex == male ? family.sire : family.dam;
 }
 
-/// Makes use a multiple of the mean of those used in the same subpopulation and year. `uses` are of one year.
-void relate_to_mean(const FamilyRecords& records, std::span<Use> uses) {
-  std::vector<double> families(static_cast<std::size_t>(records.groups)), parents(families.size());
-  const auto group = [&](const Use& use) { return static_cast<std::size_t>(group_of(records.store, use.parent)); };
+/// Makes use a multiple of the usual one, the geometric mean of those used in the same subpopulation and year: one
+/// popular sire more or less does not change what the others are worth. `uses` are of one year.
+void relate_to_usual(const FamilyRecords& records, std::span<Use> uses) {
+  std::vector<double> logs(static_cast<std::size_t>(records.groups)), parents(logs.size());
+  const auto group = [&](const Use& use) { return static_cast<std::size_t>(records.group[use.parent]); };
   for (const Use& use : uses) {
-    families[group(use)] += double{use.families};
+    logs[group(use)] += std::log(double{use.families});
     parents[group(use)] += 1.0;
   }
-  for (Use& use : uses) use.families *= static_cast<float>(parents[group(use)] / families[group(use)]);
+  for (Use& use : uses) use.families *= static_cast<float>(std::exp(-logs[group(use)] / parents[group(use)]));
 }
 
 std::vector<Use> uses_of_year(const FamilyRecords& records, Sex sex, std::int32_t year) {
@@ -59,7 +60,7 @@ std::vector<Use> list_uses(const FamilyRecords& records, Sex sex) {
   std::vector<Use> all;
   for (std::int32_t year = records.first_year; year <= records.last_year; ++year) {
     std::vector<Use> uses = uses_of_year(records, sex, year);
-    if (sex == male) relate_to_mean(records, uses);
+    if (sex == male) relate_to_usual(records, uses);
     all.insert(all.end(), uses.begin(), uses.end());
   }
   std::sort(all.begin(), all.end(),
@@ -81,7 +82,7 @@ Career career_of(const FamilyRecords& records, std::span<const Use> uses) {
   const std::int32_t born = store.birth_year[career.parent];
   constexpr std::int32_t unknown = -1;
   career.first_age = born == 0 ? unknown : std::clamp(career.first_year - born, 1, oldest_age);
-  career.group = group_of(store, career.parent);
+  career.group = records.group[career.parent];
   career.descent = descent_of(store, career.parent);
   return career;
 }

@@ -13,8 +13,8 @@
 
 namespace pedigreewatch {
 
-/// One parent's use. Use is the number of families of a year; of sires as a multiple of the mean of the sires of their
-/// subpopulation that were used in that year.
+/// One parent's use. Use is the number of families of a year; of sires as a multiple of the geometric mean of the sires
+/// of their subpopulation that were used in that year.
 struct Career {
   std::int32_t parent = 0;      ///< position
   std::int32_t first_year = 0;  ///< of use

@@ -33,13 +33,22 @@ void add_families(FamilyRecords& records, std::int32_t year, YearAnimals animals
   for (const Birth& birth : births) {
     const bool is_sib = before != nullptr && birth.dam != 0 && before->dam == birth.dam && before->sire == birth.sire;
     if (!is_sib) {
-      records.families.push_back(
-          {year, birth.sire, birth.dam, 0, 0, group_of(records.store, birth.position), birth.position});
+      records.families.push_back({year, birth.sire, birth.dam, 0, 0, records.group[birth.position], birth.position});
     }
     Family& family = records.families.back();
     ++family.young;
     if (records.store.sex[birth.position] == male) ++family.males;
     before = &birth;
+  }
+}
+
+/// A parent without a line of its own belongs where its first young were born.
+void place_outside_parents(FamilyRecords& records) {
+  if (records.groups == 1) return;
+  for (auto family = records.families.rbegin(); family != records.families.rend(); ++family) {
+    for (const std::int32_t parent : {family->sire, family->dam}) {
+      if (parent != 0 && descent_of(records.store, parent) == Descent::outside) records.group[parent] = family->group;
+    }
   }
 }
 
@@ -65,12 +74,17 @@ std::span<const Family> FamilyRecords::of_year(std::int32_t year) const {
 }
 
 FamilyRecords list_families(const PopulationStore& store, const YearGroups& years, std::int32_t last_year) {
-  FamilyRecords records{store, store.birth_years.first, last_year, 1, true, {}, {}};
-  if (store.subpopulation_count() > 1) records.groups = store.subpopulation_count() + 1;
+  FamilyRecords records{
+      store, store.birth_years.first, last_year, 1, true, {}, {}, ByNumber<std::int32_t>(store.size())};
+  if (store.subpopulation_count() > 1) {
+    records.groups = store.subpopulation_count() + 1;
+    for (std::int32_t k = 1; k <= records.group.last(); ++k) records.group[k] = store.subpopulation_no(k);
+  }
   for (std::int32_t year = records.first_year; year <= last_year; ++year) {
     if (year != 0) add_families(records, year, years.of_row(store.birth_years.row_of(year)));
     records.end.push_back(records.families.size());
   }
+  place_outside_parents(records);
   records.are_sexes_known = find_sexes(records);
   return records;
 }

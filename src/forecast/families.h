@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "core/by_number.h"
 #include "pedigree/population_store.h"
 #include "pedigree/year_groups.h"
 
@@ -42,17 +43,13 @@ struct FamilyRecords {
   bool are_sexes_known = true;   ///< otherwise half of the young count as males
   std::vector<Family> families;  ///< by year, within a year by dam and sire
   std::vector<std::size_t> end;  ///< by year from the first: where its families end
+  ByNumber<std::int32_t> group;  ///< by position: the subpopulation; of a parent known by name only, that of its young
 
   std::span<const Family> of_year(std::int32_t year) const;
 };
 
 /// The families born up to and including `last_year`. `years` are the animals of each year.
 FamilyRecords list_families(const PopulationStore& store, const YearGroups& years, std::int32_t last_year);
-
-/// The subpopulation as a group of a forecast.
-inline std::int32_t group_of(const PopulationStore& store, std::int32_t position) {
-  return store.subpopulation_count() > 1 ? store.subpopulation_no(position) : 0;
-}
 
 Descent descent_of(const PopulationStore& store, std::int32_t position);
 

@@ -25,6 +25,18 @@ constexpr Wording descent_line = {
     "{4} % of the dams",
     "jongen met een bekende ouder: {1} %, zonder: {2} %; ouders die van buiten in gebruik kwamen: {3} % van de vaders, "
     "{4} % van de moeders"};
+constexpr Wording levels_line = {
+    "these went up or down, and the forecast goes on with where they are now: {1} litters a year, young with one known "
+    "parent {2} %, with none {3} %",
+    "deze liepen op of terug, en de vooruitblik gaat verder met waar ze nu zijn: {1} nesten per jaar, jongen met een "
+    "bekende ouder {2} %, zonder {3} %"};
+constexpr Wording evenness_line = {
+    "of two litters of a year {1} % have the same sire, of two that are one to three years apart {2} %",
+    "van twee nesten van een jaar heeft {1} % dezelfde vader, van twee die een tot drie jaar uiteen liggen {2} %"};
+constexpr Wording within_groups = {" (within a subpopulation)", " (binnen een subpopulatie)"};
+constexpr Wording unknown_sires_line = {
+    "sire unknown: {1} % of the litters of dams with known parents, {2} % of those of other dams",
+    "vader onbekend: {1} % van de nesten van moeders met bekende ouders, {2} % van die van andere moeders"};
 constexpr Wording matings_line = {"matings of sibs, half sibs, or parent and offspring: {1} %",
                                   "paringen van broer en zus, halfbroer en halfzus, of ouder en kind: {1} %"};
 constexpr Wording groups_line = {"sires from another subpopulation: {1} % of the litters",
@@ -61,6 +73,18 @@ std::vector<std::string> practice_sentences(const BasePeriod& base, const Counte
   }
   add(descent_line, {percent_of(families.half_known, 1), percent_of(families.founders, 1),
                      percent_of(families.outside_sires, 1), percent_of(families.outside_dams, 1)});
+  const PracticeLevels& levels = base.levels;
+  if (levels.litters.is_trend || levels.founders.is_trend || levels.half_known.is_trend) {
+    add(levels_line,
+        {one_decimal(levels.litters.last), percent_of(levels.half_known.last, 1), percent_of(levels.founders.last, 1)});
+  }
+  if (families.no_sire_of_known > 0.0 || families.no_sire_of_others > 0.0) {
+    add(unknown_sires_line, {percent_of(families.no_sire_of_known, 1), percent_of(families.no_sire_of_others, 1)});
+  }
+  if (families.evenness) {
+    add(evenness_line, {percent_of(families.evenness->in_year, 1), percent_of(families.evenness->in_life, 1)});
+    if (base.years.front().size() > 1) lines.back() += phrase(within_groups, language, {});
+  }
   add(matings_line, {percent_of(families.close_matings, 1)});
   if (base.years.front().size() > 1) add(groups_line, {percent_of(families.between_groups, 1)});
   return lines;

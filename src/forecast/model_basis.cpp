@@ -122,7 +122,7 @@ void measure_mate_ranks(ModelBasis& basis, std::uint64_t seed) {
   for (std::int32_t year = basis.base.first_alike; year <= basis.base.last_year; ++year) {
     RandomStream random = make_stream(seed, 0, year, DrawPurpose::base_period);
     std::vector<std::vector<std::int32_t>> sires(static_cast<std::size_t>(records.groups));
-    const auto group = [&](const Family& f) { return static_cast<std::size_t>(group_of(records.store, f.sire)); };
+    const auto group = [&](const Family& f) { return static_cast<std::size_t>(records.group[f.sire]); };
     for (const Family& family : records.of_year(year)) {
       if (family.descent() == Descent::known) sires[group(family)].push_back(family.sire);
     }
@@ -160,7 +160,7 @@ void gather_candidates_of_years(ModelBasis& basis) {
     const Sex sex = records.are_sexes_known ? store.sex[position] : drawn;
     CandidateYear& year =
         basis.candidates[static_cast<std::size_t>(store.birth_year[position] - basis.first_candidate_year)];
-    year.lists[list_of(group_of(store, position), sex, descent_of(store, position))].push_back(-position);
+    year.lists[list_of(records.group[position], sex, descent_of(store, position))].push_back(-position);
   }
 }
 
@@ -177,7 +177,7 @@ void note_last_litters(ModelBasis& basis) {
 }  // namespace
 
 ModelBasis make_model_basis(const FamilyRecords& records, BasePeriod base, const BasisSettings& settings) {
-  ModelBasis basis{records, std::move(base), {}, {}, 0, {}, {}, {}, {}, 0, {}};
+  ModelBasis basis{records, std::move(base), {}, {}, 0, {}, {}, 1.0, 0.0, {}, {}, 0, {}};
   const std::int32_t oldest = std::max(basis.base.oldest_entry.of_males, basis.base.oldest_entry.of_females);
   basis.first_candidate_year = records.last_year + 1 - oldest;
   const std::vector<std::int32_t> wanted = find_wanted_parents(basis);

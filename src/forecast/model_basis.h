@@ -50,6 +50,8 @@ struct ModelBasis {
   std::int32_t origin = 0;     ///< of imports that are related to each other, in the pedigree
   KinshipTable table;          ///< empty: kinships are walked for
   MateRanks mate_ranks = {};
+  /// To which the use of a sire in a year, and its mean in life, are raised before litters are shared.
+  double use_power = 1.0, life_power = 0.0;
   BySex<std::vector<ActiveParent>> active;
   std::vector<std::int32_t> last_litter;  ///< by animal of the pedigree: the year of its last family
   std::int32_t first_candidate_year = 0;

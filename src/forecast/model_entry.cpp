@@ -11,6 +11,7 @@ namespace {
 struct Entrant {
   std::int32_t sire = 0, dam = 0, birth_year = 0;
   float f = 0.0F;
+  Descent descent = Descent::outside;
 };
 
 Entrant entrant_of(const ModelHerd& herd, std::int32_t candidate, std::int32_t birth_year) {
@@ -106,7 +107,8 @@ std::optional<Entrant> take_from(ModelHerd& herd, const Wanted& wanted, bool is_
   for (const Descent descent : {drawn, Descent::known, Descent::half_known, Descent::founder}) {
     Candidates& list = year.lists[list_of(wanted.group, wanted.sex, descent)];
     if (const auto place = choose_place(herd, place_of_year, list, wanted.sex, random)) {
-      const Entrant entrant = entrant_of(herd, list[*place], wanted.birth_year);
+      Entrant entrant = entrant_of(herd, list[*place], wanted.birth_year);
+      entrant.descent = descent;
       list[*place] = list.back();
       list.pop_back();
       return entrant;
@@ -143,6 +145,7 @@ ModelParent& add_model_parent(ModelHerd& herd, Sex sex, const Entrant& entrant) 
   herd.weights.push_back(0.0);
   ModelParent& parent = herd.parents.of(sex).emplace_back();
   parent.animal = animal;
+  parent.descent = entrant.descent;
   return parent;
 }
 
@@ -210,7 +213,7 @@ bool enter_parent(ModelHerd& herd, Sex sex, std::int32_t group, std::int32_t yea
   const Career& career = base.careers.of(sex).at(number);
   const std::int32_t oldest = std::max(base.oldest_entry.of(sex), herd.rules.least_age.of(sex));
   const std::int32_t age = std::clamp(career.first_age, std::max(1, herd.rules.least_age.of(sex)), oldest);
-  if (random.chance(base.outside.of(sex))) {
+  if (career.descent == Descent::outside) {
     begin_career(add_model_parent(herd, sex, {0, 0, year - age, 0.0F}), base.careers.of(sex), number, group);
     return true;
   }

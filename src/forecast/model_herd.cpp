@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
+#include <utility>
 
 #include "forecast/model_entry.h"
 #include "forecast/model_matings.h"
@@ -49,20 +51,28 @@ std::vector<GroupTarget> draw_targets(const ModelHerd& herd, std::int32_t year) 
   const std::int32_t like = random.below(years);
   const std::vector<GroupYear>& drawn = base.years[place(like)];
   const auto base_years = base.base_years();
-  const double litters = litters_of(base_years[static_cast<std::size_t>(random.below(base.length()))]);
+  const std::size_t base_year = place(random.below(base.length()));
+  const double litters = base.levels.litters.factors[base_year] * litters_of(base_years[base_year]);
   double sires = 0.0;
-  for (const GroupYear& group : drawn) sires += group.sires;
+  for (const GroupYear& group : drawn) sires += group.in_use.of_males;
   const double as_now = litters_of(drawn) > 0.0 ? litters / litters_of(drawn) : 1.0;
   const double trend = std::max(0.0, 1.0 + herd.rules.trend * static_cast<double>(year - base.last_year));
   const double litter_factor = trend * as_now * factor_of(herd.rules.litters, litters);
   const double sire_factor = as_now * factor_of(herd.rules.sires, sires);
   std::vector<GroupTarget> targets;
   for (GroupYear group : drawn) {
-    for (std::int32_t* const count : {&group.with_both, &group.without_sire, &group.without_dam, &group.founders}) {
-      *count = round_at_random(litter_factor * *count, random);
-    }
-    group.sires = round_at_random(sire_factor * group.sires, random);
-    group.new_sires = round_at_random(sire_factor * group.new_sires, random);
+    const double half_known = base.levels.half_known.factors[place(like)],
+                 founders = base.levels.founders.factors[place(like)];
+    const double with_dam = group.with_both + group.without_sire;
+    const double without_sire = std::min(with_dam, half_known * group.without_sire);
+    const double with_both = with_dam - without_sire;
+    group.with_both = round_at_random(litter_factor * with_both, random);
+    group.without_sire = round_at_random(litter_factor * without_sire, random);
+    group.without_dam = round_at_random(litter_factor * half_known * group.without_dam, random);
+    group.founders = round_at_random(litter_factor * founders * group.founders, random);
+    group.in_use.of_males = round_at_random(sire_factor * group.in_use.of_males, random);
+    group.entered.of_males = round_at_random(sire_factor * group.entered.of_males, random);
+    group.entered.of_females = round_at_random(litter_factor * group.entered.of_females, random);
     targets.push_back({group, {}, base.first_alike + like});
   }
   for (const Sex sex : {male, female}) {
@@ -73,6 +83,47 @@ std::vector<GroupTarget> draw_targets(const ModelHerd& herd, std::int32_t year) 
     }
   }
   return targets;
+}
+
+/// How many new parents come into use: as many as in a year of the base period, more or fewer where fewer or more than
+/// usual go on.
+std::int32_t wanted_new(ModelHerd& herd, Sex sex, std::int32_t group, const GroupYear& target, std::int32_t ready) {
+  double usual = 0.0;
+  const BasePeriod& base = herd.basis.base;
+  for (const std::vector<GroupYear>& year : base.years) {
+    usual += (year[place(group)].in_use.of(sex) - year[place(group)].entered.of(sex)) /
+             static_cast<double>(base.years.size());
+  }
+  // What is less than a parent, or less than none, is left for the next year, so that the mean is right in small
+  // groups.
+  double& owed = herd.owed.of(sex)[place(group)];
+  owed += target.entered.of(sex) + base.vacancies_filled.of(sex) * (usual - static_cast<double>(ready));
+  const std::int32_t entering = std::max(0, static_cast<std::int32_t>(std::lround(owed)));
+  owed = std::max(owed - entering, -std::max(1.0, usual));
+  return entering;
+}
+
+/// Somebody who would have had no litter this year has one.
+void wake(ModelParent& parent) {
+  parent.use = 1.0;
+  parent.sum_use += 1.0;
+  parent.pause = 0;
+}
+
+/// Dams that would have had none this year get a litter.
+void wake_dams(std::vector<ModelParent>& dams, std::int32_t group, std::int32_t litters, std::int32_t& found,
+               RandomStream& random) {
+  std::vector<std::size_t> resting;
+  for (std::size_t k = 0; k < dams.size(); ++k) {
+    if (dams[k].group == group && dams[k].use <= 0.0) resting.push_back(k);
+  }
+  shuffle(random, std::span(resting));
+  for (std::size_t k = 0; found < litters && k < resting.size(); ++k) {
+    ModelParent& dam = dams[resting[k]];
+    wake(dam);
+    dam.litters = 1;
+    ++found;
+  }
 }
 
 /// The dams of a group with their litters of this year: those who go on, and as many new ones as are missing.
@@ -89,18 +140,27 @@ void fill_dams(ModelHerd& herd, std::int32_t group, const GroupTarget& target, s
     dams[k].litters = herd.rules.has_one_litter ? 1 : static_cast<std::int32_t>(dams[k].use);
     found += dams[k].litters;
   }
+  const auto enter = [&](std::int32_t most) {
+    if (!enter_parent(herd, female, group, year, draw_entry(herd.basis.base, female, group, random), random)) {
+      return false;
+    }
+    ModelParent& dam = dams.back();
+    const std::int32_t wanted = herd.rules.has_one_litter ? 1 : std::max(1, static_cast<std::int32_t>(dam.use));
+    dam.litters = std::min(wanted, most);
+    found += dam.litters;
+    return true;
+  };
+  const std::int32_t missing = wanted_new(herd, female, group, target.numbers, static_cast<std::int32_t>(ready.size()));
+  for (std::int32_t k = 0; k < missing && enter(std::max(1, litters)); ++k) {
+  }
   shuffle(random, std::span(ready));
   for (std::size_t k = 0; found > litters && k < ready.size(); ++k) {
     const std::int32_t less = std::min(found - litters, dams[ready[k]].litters);
     dams[ready[k]].litters -= less;
     found -= less;
   }
-  while (found < litters &&
-         enter_parent(herd, female, group, year, draw_entry(herd.basis.base, female, group, random), random)) {
-    ModelParent& dam = dams.back();
-    const std::int32_t wanted = herd.rules.has_one_litter ? 1 : std::max(1, static_cast<std::int32_t>(dam.use));
-    dam.litters = std::min(wanted, litters - found);
-    found += dam.litters;
+  if (found < litters) wake_dams(dams, group, litters, found, random);
+  while (found < litters && enter(litters - found)) {
   }
 }
 
@@ -121,6 +181,26 @@ std::int32_t draw_sire_group(const ModelHerd& herd, const std::vector<double>& o
   return group;
 }
 
+/// Which litters have an unknown sire: those of dams of unknown descent more often, as was observed. Of all that could
+/// be, those of the highest key are, which draws them by their weights without replacement (Efraimidis and Spirakis,
+/// 2006).
+void choose_without_sire(const ModelHerd& herd, const std::vector<GroupTarget>& targets,
+                         std::vector<WantedLitter>& litters, RandomStream& random) {
+  std::vector<std::vector<std::pair<double, std::size_t>>> keys(targets.size());
+  for (std::size_t k = 0; k < litters.size(); ++k) {
+    const ModelParent& dam = herd.parents.of_females[place(litters[k].dam)];
+    const double weight = herd.basis.base.without_sire[static_cast<std::size_t>(dam.descent)];
+    const double drawn = random.unit();
+    constexpr double hardly = 1e-3;  // where too few others are left
+    keys[place(litters[k].group)].emplace_back(std::log(1.0 - drawn) / std::max(weight, hardly), k);
+  }
+  for (std::size_t group = 0; group < targets.size(); ++group) {
+    std::sort(keys[group].begin(), keys[group].end(), std::greater<>());
+    const auto wanted = std::min(place(targets[group].numbers.without_sire), keys[group].size());
+    for (std::size_t k = 0; k < wanted; ++k) litters[keys[group][k].second].has_sire = false;
+  }
+}
+
 /// All litters that are to be born, in any order.
 std::vector<WantedLitter> list_litters(ModelHerd& herd, const std::vector<GroupTarget>& targets, std::int32_t year) {
   RandomStream random = herd.stream(year, DrawPurpose::groups);
@@ -137,19 +217,12 @@ std::vector<WantedLitter> list_litters(ModelHerd& herd, const std::vector<GroupT
     litters.insert(litters.end(), place(dam.litters), {static_cast<std::int32_t>(k), dam.group, dam.group, true});
   }
   shuffle(random, std::span(litters));
-  std::vector<std::int32_t> without_sire;
-  for (const GroupTarget& target : targets) without_sire.push_back(target.numbers.without_sire);
+  choose_without_sire(herd, targets, litters, random);
   for (std::int32_t group = 0; group < std::ssize(targets); ++group) {
     litters.insert(litters.end(), place(targets[place(group)].numbers.without_dam), {-1, group, group, true});
   }
   for (WantedLitter& litter : litters) {
-    std::int32_t& rest = without_sire[place(litter.group)];
-    if (litter.dam >= 0 && rest > 0) {
-      litter.has_sire = false;
-      --rest;
-    } else {
-      litter.sire_group = draw_sire_group(herd, open, litter.group, random);
-    }
+    if (litter.has_sire) litter.sire_group = draw_sire_group(herd, open, litter.group, random);
   }
   return litters;
 }
@@ -160,6 +233,12 @@ std::int32_t most_litters(const ModelHerd& herd, const ModelParent& sire) {
   if (herd.rules.litters_a_year) most = *herd.rules.litters_a_year;
   if (herd.rules.litters_in_life) most = std::min(most, *herd.rules.litters_in_life - sire.litters_in_life);
   return most;
+}
+
+/// What a sire's share of the litters goes by.
+double weight_of(const ModelBasis& basis, const ModelParent& sire) {
+  const double mean_use = sire.sum_use / static_cast<double>(std::max(sire.years, 1));
+  return std::pow(sire.use, basis.use_power) * std::pow(std::max(mean_use, 0.01), basis.life_power);
 }
 
 /// The sires of a group that have use this year; counts those that a rule ends.
@@ -189,18 +268,22 @@ void count_refused(ModelHerd& herd, std::span<const SireShare> shares, std::int6
   }
 }
 
-/// How many sires there should be: with a rule on them as many as it says. Otherwise those who go on, and as many new
-/// ones as in a year of the base period, more or fewer where fewer or more than usual go on.
-std::int32_t wanted_sires(const ModelHerd& herd, std::int32_t group, const GroupYear& target, std::int32_t ready) {
+/// How many sires there should be: with a rule on them as many as it says, otherwise those who go on and the new ones.
+std::int32_t wanted_sires(ModelHerd& herd, std::int32_t group, const GroupYear& target, std::int32_t ready) {
   const bool is_ruled = herd.rules.sires.factor != 1.0 || herd.rules.sires.plus != 0.0;
-  if (is_ruled) return target.sires;
-  double usual = 0.0;
-  const BasePeriod& base = herd.basis.base;
-  for (const std::vector<GroupYear>& year : base.years) {
-    usual += (year[place(group)].sires - year[place(group)].new_sires) / static_cast<double>(base.years.size());
+  return is_ruled ? target.in_use.of_males : ready + wanted_new(herd, male, group, target, ready);
+}
+
+/// A sire that would have had none this year is used, where there would be no other.
+void wake_sire(ModelHerd& herd, std::int32_t group, std::vector<std::size_t>& ready, RandomStream& random) {
+  std::vector<ModelParent>& sires = herd.parents.of_males;
+  std::vector<std::size_t> resting;
+  for (std::size_t k = 0; k < sires.size(); ++k) {
+    if (sires[k].group == group && sires[k].use <= 0.0 && most_litters(herd, sires[k]) > 0) resting.push_back(k);
   }
-  const double missing = base.vacancies_filled * (usual - static_cast<double>(ready));
-  return ready + std::max(0, target.new_sires + static_cast<std::int32_t>(std::lround(missing)));
+  if (resting.empty()) return;
+  ready.push_back(pick(random, resting));
+  wake(sires[ready.back()]);
 }
 
 /// The sires of a group with their litters of this year: those who go on, and new ones until there are as many as in
@@ -213,9 +296,10 @@ void fill_sires(ModelHerd& herd, std::int32_t group, const GroupTarget& target, 
   if (litters == 0) return;
   std::vector<std::size_t> ready = ready_sires(herd, group);
   std::int64_t most = 0;
+  const std::int32_t usual = wanted_sires(herd, group, target.numbers, static_cast<std::int32_t>(ready.size()));
+  if (usual <= 0) wake_sire(herd, group, ready, use);
   for (const std::size_t k : ready) most += most_litters(herd, herd.parents.of_males[k]);
-  const std::int64_t wanted = std::clamp<std::int64_t>(
-      wanted_sires(herd, group, target.numbers, static_cast<std::int32_t>(ready.size())), 1, litters);
+  const std::int64_t wanted = std::clamp<std::int64_t>(usual, 1, litters);
   std::vector<std::int32_t> entries = entries_of_year(herd.basis.base, group, target.like_year, entry);
   while (std::ssize(ready) < wanted || most < litters) {
     if (entries.empty()) entries.push_back(draw_entry(herd.basis.base, male, group, entry));
@@ -227,7 +311,8 @@ void fill_sires(ModelHerd& herd, std::int32_t group, const GroupTarget& target, 
   std::vector<SireShare> shares;
   for (const std::size_t k : ready) {
     const ModelParent& sire = herd.parents.of_males[k];
-    shares.push_back({sire.use, static_cast<std::int32_t>(std::min<std::int64_t>(litters, most_litters(herd, sire)))});
+    shares.push_back({weight_of(herd.basis, sire),
+                      static_cast<std::int32_t>(std::min<std::int64_t>(litters, most_litters(herd, sire)))});
   }
   count_refused(herd, shares, litters, use);
   const std::vector<std::int32_t> numbers = share_litters(shares, litters, use);
@@ -341,6 +426,7 @@ ModelParent begin_parent(const ModelBasis& basis, Sex sex, const ActiveParent& a
   ModelParent parent;
   parent.animal = active.animal;
   parent.group = career.group;
+  parent.descent = career.descent;
   parent.point = {active.career, careers.last_year};
   parent.pause = careers.last_year - career.last_year();
   parent.years = careers.last_year - career.first_year + 1;
@@ -361,9 +447,10 @@ ModelHerd begin_herd(const ModelBasis& basis, const BreedingRules& rules, std::u
                      AncestorWalk* walk) {
   ModelHerd herd{
       basis, rules, seed, replicate,        basis.pedigree,       basis.table, walk, {}, {}, basis.last_litter,
-      {},    {},    0,    basis.candidates, real_youngest(basis), {},          {},   {}, {}};
+      {},    {},    0,    basis.candidates, real_youngest(basis), {},          {},   {}, {}, {}};
   const std::size_t animals = place(basis.pedigree.count()) + 1;
   herd.weights.assign(animals, 0.0);
+  for (const Sex sex : {male, female}) herd.owed.of(sex).assign(place(basis.records.groups), 0.0);
   herd.birth_year.assign(animals, 0);
   for (std::int32_t j = 1; j <= basis.ancestors.count(); ++j) {
     herd.birth_year[place(j)] = basis.records.store.birth_year[basis.ancestors.position[j]];

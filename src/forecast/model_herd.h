@@ -16,6 +16,7 @@ namespace pedigreewatch {
 struct ModelParent {
   std::int32_t animal = 0;  ///< in the pedigree
   std::int32_t group = 0;
+  Descent descent = Descent::known;
   CareerPoint point;       ///< whose career it follows, and the year of it that ended last
   std::int32_t pause = 0;  ///< years without use up to now
   std::int32_t years = 0;  ///< since the first use
@@ -68,6 +69,7 @@ struct ModelHerd {
   std::vector<double> mean_kinship;       ///< with the youngest, by animal; with a rule on it
   std::vector<double> most_kinship;       ///< by birth year and sex, what that rule permits; below 0: not known yet
   std::vector<double> weights;            ///< all 0
+  BySex<std::vector<double>> owed;        ///< by group: parts of parents that are still to come into use
   ModelYear year;                         ///< the year at hand
 
   RandomStream stream(std::int32_t of_year, DrawPurpose purpose) const {

@@ -30,6 +30,8 @@ std::vector<float> shares_of_ages(const YearTable<std::int32_t>& classes, Row fi
 /// What is added up over the families of the years.
 struct FamilySums {
   double families = 0.0, with_sire = 0.0, with_both = 0.0, close = 0.0, foreign = 0.0;
+  double of_known = 0.0, of_others = 0.0;  ///< with a known dam, by whether her parents are
+  double no_sire_of_known = 0.0, no_sire_of_others = 0.0;
   double young = 0.0, half_known = 0.0, founders = 0.0;
 };
 
@@ -40,9 +42,14 @@ void add_family(const FamilyRecords& records, const Family& family, FamilySums& 
   if (family.descent() == Descent::half_known) sums.half_known += young;
   if (family.descent() == Descent::founder) sums.founders += young;
   if (family.descent() != Descent::founder) sums.families += 1.0;
+  if (family.dam != 0) {
+    const bool is_known = descent_of(store, family.dam) == Descent::known;
+    (is_known ? sums.of_known : sums.of_others) += 1.0;
+    if (family.sire == 0) (is_known ? sums.no_sire_of_known : sums.no_sire_of_others) += 1.0;
+  }
   if (family.sire != 0) {
     sums.with_sire += 1.0;
-    if (group_of(store, family.sire) != family.group) sums.foreign += 1.0;
+    if (records.group[family.sire] != family.group) sums.foreign += 1.0;
   }
   if (family.descent() != Descent::known) return;
   sums.with_both += 1.0;
@@ -117,8 +124,8 @@ FamilyPractice measure_practice(const FamilyRecords& records, const BasePeriod& 
   }
   for (const std::vector<GroupYear>& year : base.base_years()) {
     for (const GroupYear& group : year) {
-      practice.sires_a_year += static_cast<double>(group.sires) / years;
-      practice.dams_a_year += static_cast<double>(group.dams) / years;
+      practice.sires_a_year += static_cast<double>(group.in_use.of_males) / years;
+      practice.dams_a_year += static_cast<double>(group.in_use.of_females) / years;
     }
   }
   practice.litters_per_sire = ratio(sums.with_sire, years * practice.sires_a_year);
@@ -126,6 +133,9 @@ FamilyPractice measure_practice(const FamilyRecords& records, const BasePeriod& 
   practice.founders = ratio(sums.founders, sums.young);
   practice.close_matings = ratio(sums.close, sums.with_both);
   practice.between_groups = ratio(sums.foreign, sums.with_sire);
+  practice.no_sire_of_known = ratio(sums.no_sire_of_known, sums.of_known);
+  practice.no_sire_of_others = ratio(sums.no_sire_of_others, sums.of_others);
+  practice.evenness = measure_evenness(records, base.first_alike, base.last_year);
   practice.outside_sires = base.outside.of_males;
   practice.outside_dams = base.outside.of_females;
   measure_lives(base.careers.of_males, practice);

@@ -13,6 +13,7 @@
 #include "core/new_files.h"
 #include "forecast/forecast.h"
 #include "forecast/forecast_words.h"
+#include "forecast/model_fit.h"
 #include "forecast/practice_figures.h"
 #include "planning/parent_use.h"
 #include "tables/forecast_tables.h"
@@ -94,7 +95,8 @@ Refusal forecast_and_write(FolderRun& run, const ForecastOptions& options) {
     say(run.streams.console, line);
   }
   const ForecastSettings settings = settings_of(options, store, *last);
-  const ModelBasis basis = make_model_basis(records, std::move(*base), {settings.import_kinship, settings.seed});
+  ModelBasis basis = make_model_basis(records, std::move(*base), {settings.import_kinship, settings.seed});
+  fit_use(basis, settings.seed);
   BreedingRules present;
   present.name = "present";
   const ForecastProgress progress = [&](std::int64_t, std::int64_t) { return !is_stop_requested(run.streams); };

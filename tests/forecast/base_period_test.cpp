@@ -79,9 +79,9 @@ TEST(MeasureBasePeriod, CountsFamilies) {
   EXPECT_EQ(last.with_both, 24);
   EXPECT_EQ(last.without_sire + last.without_dam, 0);
   EXPECT_EQ(last.founders, 2);
-  EXPECT_EQ(last.sires, 6);
-  EXPECT_EQ(last.dams, 24);
-  EXPECT_EQ(last.new_sires, 6);
+  EXPECT_EQ(last.in_use.of_males, 6);
+  EXPECT_EQ(last.in_use.of_females, 24);
+  EXPECT_EQ(last.entered.of_males, 6);
 }
 
 /// How many years before the base period, which is three years, had the same practice.
@@ -154,6 +154,25 @@ TEST(CountPractice, HasTheFiguresOfTheSummary) {
   for (std::int32_t size = 1; size <= summary.litter_percentages.count(); ++size) {
     EXPECT_FLOAT_EQ(all.litter_sizes[static_cast<std::size_t>(size) - 1] * 100.0F, summary.litter_percentages.at(size));
   }
+}
+
+TEST(MeasureBasePeriod, CountsUnknownSiresByDescentOfTheDam) {
+  std::string text = "a 0 0 m 1998\nk 0 0 f 1998\nn a k f 1999\n";
+  for (int year = 2001; year <= 2004; ++year) {
+    const std::string y = std::to_string(year);
+    text += "p" + y + " a k f " + y + "\nq" + y + " a n f " + y + "\nr" + y + " 0 out f " + y + "\n";
+  }
+  text += "s 0 n m 2004\n";
+  const Measured herd(text);
+  ASSERT_TRUE(herd.base.has_value());
+  const auto share = [&](Descent descent) { return herd.base->without_sire[static_cast<std::size_t>(descent)]; };
+  EXPECT_DOUBLE_EQ(share(Descent::outside), 1.0);
+  EXPECT_DOUBLE_EQ(share(Descent::founder), 0.0);
+  EXPECT_DOUBLE_EQ(share(Descent::known), 0.2);  // one of five
+  const FamilyPractice practice = measure_practice(herd.records, *herd.base);
+  const double years = herd.base->length();
+  EXPECT_DOUBLE_EQ(practice.no_sire_of_known, 1.0 / (years + 1.0));
+  EXPECT_DOUBLE_EQ(practice.no_sire_of_others, 0.5);
 }
 
 TEST(MeasurePractice, CountsByHand) {

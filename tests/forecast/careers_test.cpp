@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <set>
 
 #include "support/pedigrees.h"
@@ -56,9 +57,9 @@ TEST(ListCareers, CountsUseByYear) {
   EXPECT_EQ(ad.first_year, 2002);
   EXPECT_EQ(ad.first_age, 2);
   EXPECT_EQ(ad.families, 4);
-  // Of three litters by two sires he has two; then he is alone.
+  // Of three litters by two sires he has two, and their geometric mean is the root of 2; then he is alone.
   ASSERT_EQ(ad.use.size(), 4U);
-  EXPECT_FLOAT_EQ(ad.use[0], 4.0F / 3.0F);
+  EXPECT_FLOAT_EQ(ad.use[0], std::sqrt(2.0F));
   EXPECT_FLOAT_EQ(ad.use[1], 1.0F);
   EXPECT_EQ(ad.use[2], 0.0F);
   EXPECT_EQ(ad.use_in(2005), 1.0F);

@@ -4,11 +4,16 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <vector>
 
+#include "forecast/model_fit.h"
+#include "forecast/use_evenness.h"
+#include "support/diversity_pedigrees.h"
 #include "support/ideal_herd.h"
+#include "support/pedigrees.h"
 #include "support/simulated_breed.h"
 
 namespace pedigreewatch::test {
@@ -64,15 +69,16 @@ double rate_of(const ScenarioForecast& scenario, std::size_t from, std::size_t t
 
 // The few years of one herd tell its practice with an error of its own: several are gone on with.
 void expect_rates_of(const IdealHerd& herd) {
-  constexpr std::uint64_t herds = 10, each = 20;
+  constexpr std::uint64_t herds = 40, each = 10;
   std::vector<double> model_rates, plain_rates;
   for (std::uint64_t seed = 1; seed <= herds; ++seed) {
     const Begun begun(make_ideal_herd(herd, seed));
-    const ModelBasis basis = begun.basis();
+    ModelBasis basis = begun.basis();
+    fit_use(basis, seed);
     ForecastSettings settings;
     settings.years = 18;
     settings.replicates = each;
-    settings.seed = seed;  // otherwise all herds would have the same luck
+    settings.seed = 977 * seed;  // otherwise all herds would have the same luck
     const BreedingRules present;
     const Forecast forecast = make_forecast(basis, {&present, 1}, settings);
     std::vector<std::vector<double>> plain;
@@ -177,6 +183,56 @@ TEST(ModelHerd, HasExactInbreedingByTableAndByWalk) {
       ASSERT_NEAR(herd.pedigree.f[j], f[static_cast<std::size_t>(j)], 2e-6) << j;
     }
   }
+}
+
+// Which litters have no known sire goes with the dam: here those of dams without parents never have one, all others do.
+TEST(ModelHerd, LeavesSiresUnknownWhereTheyWere) {
+  std::string text = "a 0 0 m 1998\n";
+  for (int k = 0; k < 6; ++k) text += "k" + std::to_string(k) + " a d f 1999\n";
+  for (int year = 2001; year <= 2008; ++year) {
+    for (int k = 0; k < 6; ++k) {
+      const std::string end = std::to_string(k) + "y" + std::to_string(year);
+      text += "p" + end + " a k" + std::to_string(k) + " f " + std::to_string(year) + "\n";
+      text += "q" + end + " 0 out" + std::to_string(k) + " f " + std::to_string(year) + "\n";
+    }
+  }
+  const Begun begun(with_inbreeding(pedigree_from_text(text)));
+  const ModelBasis basis = begun.basis();
+  const BreedingRules present;
+  ModelHerd herd = begin_herd(basis, present, 1, 0, nullptr);
+  ASSERT_TRUE(live_year(herd, 2009));
+  std::int32_t without = 0;
+  for (const ModelFamily& family : herd.families) {
+    if (family.dam == 0) continue;
+    const auto dam = std::find_if(herd.parents.of_females.begin(), herd.parents.of_females.end(),
+                                  [&](const ModelParent& parent) { return parent.animal == family.dam; });
+    EXPECT_EQ(family.sire == 0, dam->descent == Descent::outside);
+    if (family.sire == 0) ++without;
+  }
+  EXPECT_EQ(without, 6);
+}
+
+// Trial herds use their sires as unevenly as the breed did once the powers are found.
+TEST(FitUse, FindsPowersThatUseSiresAsObserved) {
+  const Begun begun(make_ideal_herd({5, 24, 4, true, 10}, 3));
+  ModelBasis basis = begun.basis();
+  basis.use_power = 1.4;  // much too uneven
+  fit_use(basis, 7);
+  const double observed = measure_evenness(begun.records, basis.base.first_alike, basis.base.last_year)->in_year;
+  UseYears years;
+  const BreedingRules present;
+  for (std::int32_t replicate = 0; replicate < 30; ++replicate) {
+    ModelHerd herd = begin_herd(basis, present, 99, replicate, nullptr);
+    for (std::int32_t year = 1; year <= 10; ++year) {
+      ASSERT_TRUE(live_year(herd, begun.records.last_year + year));
+      SireLitters litters;
+      for (const ModelParent& sire : herd.parents.of_males) litters[sire.animal] = sire.litters;
+      years.push_back({litters});
+    }
+  }
+  EvennessSums sums;
+  sums.add(years);
+  EXPECT_NEAR(sums.mean()->in_year, observed, 0.02 * observed);
 }
 
 TEST(Forecast, IsTheSameWithAnyNumberOfThreads) {
