@@ -10,18 +10,8 @@
 #include "support/lines.h"
 #include "support/program_run.h"
 #include "support/run_folder.h"
+#include "support/sanitizers.h"
 #include "support/steer_lines.h"
-
-#if defined(__has_feature)
-#define PEDIGREEWATCH_HAS_FEATURE(feature) __has_feature(feature)
-#else
-#define PEDIGREEWATCH_HAS_FEATURE(feature) 0
-#endif
-#if defined(__SANITIZE_ADDRESS__) || PEDIGREEWATCH_HAS_FEATURE(address_sanitizer)
-constexpr bool has_address_sanitizer = true;
-#else
-constexpr bool has_address_sanitizer = false;
-#endif
 
 namespace pedigreewatch::test {
 namespace {

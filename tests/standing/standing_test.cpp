@@ -8,22 +8,13 @@
 #include <limits>
 
 #include "support/numbered_store.h"
+#include "support/sanitizers.h"
 #include "support/simulated_breed.h"
 
 namespace pedigreewatch::test {
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr int breeds_of_each_kind = 2;
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-constexpr int breeds_of_each_kind = 2;
-#else
-constexpr int breeds_of_each_kind = 8;
-#endif
-#else
-constexpr int breeds_of_each_kind = 8;
-#endif
+constexpr int breeds_of_each_kind = cases(8, 2);
 
 /// What was said of breeds of one kind.
 struct Tally {
