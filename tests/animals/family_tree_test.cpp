@@ -55,6 +55,7 @@ TEST(FamilyTree, NumbersTheAncestorsInWhichLinesMeet) {
   EXPECT_EQ(tree.meeting[9], 2) << "saar";
   EXPECT_EQ(tree.meeting[11], 2);
   EXPECT_EQ(tree.meeting[7], 0) << "mies stands there once";
+  EXPECT_EQ(tree.meeting[12], 0) << "those that nobody knows are no meeting";
 }
 
 // Who stands there twice only because their one offspring does is no new meeting of lines.

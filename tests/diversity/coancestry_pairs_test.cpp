@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <string>
 
 #include "diversity/completeness.h"
 #include "support/diversity_pedigrees.h"
@@ -92,6 +93,21 @@ TEST(CoancestryOfMany, IsThatOfAllPairsWhenEveryAnimalIsDrawn) {
     EXPECT_NEAR(estimate.mean_increase.value() / plain.mean_increase.value(), 1.0, 1e-5);
     EXPECT_NEAR(estimate.effective_size.value() / plain.effective_size.value(), 1.0, 1e-5);
   }
+}
+
+// Twenty daughters of one pair have a young each of an unrelated sire: cousins, with kinship 1/16 and 1.5 generations.
+TEST(CoancestryOfMany, OfCousinsIsWorkedOutByHand) {
+  constexpr std::int32_t families = 20, first_sire = 3, first_daughter = 23, first_cousin = 43;
+  std::string lines = "2000 m\n2000\n";
+  for (std::int32_t k = 0; k < families; ++k) lines += "2000 m\n";
+  for (std::int32_t k = 0; k < families; ++k) lines += "2002 s=1 d=2\n";
+  for (std::int32_t k = 0; k < families; ++k) {
+    lines += "2004 s=" + std::to_string(first_sire + k) + " d=" + std::to_string(first_daughter + k) + "\n";
+  }
+  const PopulationStore store = with_inbreeding(numbered_store(lines));
+  const EffectiveSizeEstimate estimate = estimate_of(store, from_to(first_cousin, first_cousin + families - 1), 10);
+  EXPECT_EQ(estimate.count, families * (families - 1) / 2);
+  EXPECT_NEAR(estimate.mean_increase.value() / (1.0 - std::pow(15.0 / 16.0, 1.0 / 1.5)), 1.0, 5e-5);
 }
 
 TEST(CoancestryOfMany, IsWithinAFifthOfAPerCentOfAllPairs) {
