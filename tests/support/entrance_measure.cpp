@@ -48,7 +48,9 @@ PrepareRun run_prepare_in(const std::string& folder, const std::vector<std::stri
 
 std::string file_bytes(const fs::path& name) {
   std::ifstream file(name, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  std::ostringstream bytes;
+  bytes << file.rdbuf();
+  return std::move(bytes).str();
 }
 
 std::vector<std::string> cut(const std::string& line, char delimiter) {

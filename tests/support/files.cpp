@@ -3,7 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <iterator>
+#include <sstream>
+#include <utility>
 
 namespace pedigreewatch::test {
 
@@ -12,7 +13,9 @@ namespace fs = std::filesystem;
 std::string bytes_of(const fs::path& file) {
   std::ifstream stream(file, std::ios::binary);
   EXPECT_TRUE(stream) << file;
-  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+  std::ostringstream bytes;
+  bytes << stream.rdbuf();
+  return std::move(bytes).str();
 }
 
 std::optional<std::string> bytes_if_present(const fs::path& file) {
