@@ -67,10 +67,13 @@ export function takeFiles(desk: Desk, files: File[]): void {
   if (files.length > 0) void work(desk, sort).then(() => (brought === undefined ? undefined : takeBrought(desk, brought)));
 }
 
-async function openExample(desk: Desk): Promise<void> {
-  const [file, name, species] = desk.language === "nl" ? ["heide.txt", "Heideschaap", "schaap"] : ["moorland.txt", "Moorland Sheep", "sheep"];
-  const content = await gunzip(byId(`example-${desk.language}`).textContent ?? "");
-  void openNew(desk, [new File([content], file, { type: "text/plain" })], [["name", name], ["species", species], ["known", "all"]]);
+function openExample(desk: Desk): void {
+  const { language } = desk;
+  const [file, name, species] = language === "nl" ? ["heide.txt", "Heideschaap", "schaap"] : ["moorland.txt", "Moorland Sheep", "sheep"];
+  let example: File | undefined;
+  const unpack = async () => { example = new File([await gunzip(byId(`example-${language}`).textContent ?? "")], file, { type: "text/plain" }); };
+  // What is pressed while it is unpacked waits for it, as for any other file.
+  void work(desk, unpack).then(() => (example === undefined ? undefined : openNew(desk, [example], [["name", name], ["species", species], ["known", "all"]])));
 }
 
 function drawDrop(desk: Desk): HTMLElement {
@@ -80,7 +83,7 @@ function drawDrop(desk: Desk): HTMLElement {
   const area = make("div", { class: "drop" },
     make("p", { id: "drop-hint" }, `${text(desk, "dropHere")} ${text(desk, "orPair")}`),
     make("p", {}, button(text(desk, "chooseFiles"), () => input.click(), { id: "choose-files", "aria-describedby": "drop-hint" }), input),
-    make("p", {}, text(desk, "noFileYet"), button(text(desk, "tryExample"), () => void openExample(desk))));
+    make("p", {}, text(desk, "noFileYet"), button(text(desk, "tryExample"), () => openExample(desk))));
   area.addEventListener("dragover", (event) => {
     event.preventDefault();
     area.classList.add("over");
