@@ -37,13 +37,13 @@ struct ConflictGraph {
 
 /// The years in which the animal could be born as far as its parents and its young tell; 0 for an end that is open.
 struct YearRange {
-  std::int32_t first = 0, last = 0;
+  std::int64_t first = 0, last = 0;
 };
 
 YearRange fitting_years(const PedigreeColumns& animals, const ConflictGraph& graph, std::int32_t animal,
                         std::span<const std::size_t> conflicts, const CheckLimits& limits) {
   constexpr std::int32_t days_of_a_year = 365;
-  const std::int32_t youngest_years = limits.youngest_parent_days / days_of_a_year;
+  const std::int64_t youngest_years = limits.youngest_parent_days / days_of_a_year;
   YearRange range;
   for (const std::int32_t id : {animals.sire.at(animal), animals.dam.at(animal)}) {
     const std::int32_t parent = animals.linked(id), year = parent == 0 ? 0 : animals.birth.at(parent).year;

@@ -31,7 +31,7 @@ struct YoungOf {
 };
 
 /// How old parents are when young are born, in years, as far as the years of both are known.
-struct ParentAges {
+struct AgesAtBirths {
   static constexpr std::size_t most_years = 60;  // older ones are as rare as can be
   std::array<double, most_years> links = {};
   double all = 0;
@@ -47,10 +47,10 @@ struct ParentAges {
 /// The links of young to their parents that the weights need, and how many there are of all.
 struct Links {
   YoungOf of_sires, of_dams;
-  std::map<std::int32_t, std::int64_t> by_year;  ///< animals born in a year with that year's links in both roles
+  std::map<std::int64_t, std::int64_t> by_year;  ///< animals born in a year with that year's links in both roles
   std::int64_t all = 0;
-  double same_dam_share = 0;       ///< of neighbours in the file with the same sire and date that have the same dam
-  ParentAges sire_ages, dam_ages;  ///< of a sample
+  double same_dam_share = 0;         ///< of neighbours in the file with the same sire and date that have the same dam
+  AgesAtBirths sire_ages, dam_ages;  ///< of a sample
   std::map<std::int32_t, std::int64_t> born;  ///< animals by year
 
   std::span<const Young> of(std::int32_t parent, ParentRole role) const {
@@ -100,10 +100,11 @@ YoungOf gather_young(const PedigreeColumns& animals, ParentRole role, const std:
 /// Counts the ages of the parents of at most some ten thousand animals, and the animals born in each year.
 void count_ages(const PedigreeColumns& animals, Links& links) {
   constexpr std::int32_t sampled = 20'000;
-  const auto count = [&](ParentAges& ages, std::int32_t parent, std::int32_t year) {
+  const auto count = [&](AgesAtBirths& ages, std::int32_t parent, std::int32_t year) {
     const std::int32_t born = parent == 0 ? 0 : animals.birth.at(parent).year;
-    if (born == 0 || year < born || year - born >= static_cast<std::int32_t>(ParentAges::most_years)) return;
-    ++ages.links[static_cast<std::size_t>(year - born)];
+    const std::int64_t years = std::int64_t{year} - born;
+    if (born == 0 || years < 0 || years >= static_cast<std::int64_t>(AgesAtBirths::most_years)) return;
+    ++ages.links[static_cast<std::size_t>(years)];
     ++ages.all;
   };
   const std::int32_t step = animals.count() / sampled + 1;
@@ -197,14 +198,15 @@ double fit_of(const Weighing& weighing, ParentRole role, std::int32_t candidate,
 std::int64_t count_near_year(std::span<const Young> young, std::int32_t year) {
   if (year == 0) return static_cast<std::int64_t>(young.size());
   return std::count_if(young.begin(), young.end(), [&](const Young& each) {
-    return each.year != 0 && each.year >= year - 1 && each.year <= year + 1;
+    const std::int64_t years = std::int64_t{each.year} - year;
+    return each.year != 0 && years >= -1 && years <= 1;
   });
 }
 
 double count_links_near_year(const Links& links, std::int32_t year) {
   if (year == 0) return static_cast<double>(links.all) / 2;
   double all = 0;
-  for (std::int32_t near = year - 1; near <= year + 1; ++near) {
+  for (std::int64_t near = std::int64_t{year} - 1; near <= std::int64_t{year} + 1; ++near) {
     const auto found = links.by_year.find(near);
     if (found != links.by_year.end()) all += static_cast<double>(found->second) / 2;
   }
@@ -218,7 +220,7 @@ double chance_by_age(const Weighing& weighing, ParentRole role, std::int32_t can
   const PedigreeColumns& animals = weighing.animals;
   const std::int32_t born = animals.birth.at(candidate).year, year = animals.birth.at(young).year;
   if (born == 0 || year == 0) return 1 / (of_each_sex * static_cast<double>(animals.count()));
-  const ParentAges& ages = role == ParentRole::sire ? weighing.links.sire_ages : weighing.links.dam_ages;
+  const AgesAtBirths& ages = role == ParentRole::sire ? weighing.links.sire_ages : weighing.links.dam_ages;
   const double eligible = of_each_sex * static_cast<double>(weighing.links.born.at(born));
   return ages.share(std::int64_t{year} - born) / std::max(eligible, 1.0);
 }

@@ -44,6 +44,13 @@ TEST(FindMeantParents, AnAnimalOfTheOtherSexOrTooYoungIsNotMeant) {
   EXPECT_EQ(count_of(checked_sheep(herd + "HS-5000;m;05-06-2005;hs1300;HS-4711\n"), FindingCode::parent_spelling), 1);
 }
 
+TEST(FindMeantParents, OfAnAnimalOfTheLastYearThatCanBeWritten) {
+  const std::string herd = "id;sex;birthdate;sire;dam\nHS-1200;m;01-02-2000;;\nHS-4711;f;01-02-2000;;\n";
+  const CheckResult result = checked_sheep(herd + "HS-5000;m;05-06-2147483647;hs1200;HS-4711\n");
+  EXPECT_EQ(count_of(result, FindingCode::parent_spelling), 0);  // too old by two thousand million years
+  EXPECT_EQ(count_of(result, FindingCode::parent_missing), 1);
+}
+
 // The ewes of 2000 have lambs in 2002, those of 2010 in 2012: 52007 and 72007 are both one sign away, but one of them
 // would be twelve years old.
 TEST(FindMeantParents, TheUsualAgeOfParentsTellsTwoNumbersApart) {
