@@ -3,42 +3,11 @@
 import assert from "node:assert/strict";
 import { execFileSync } from "node:child_process";
 import { join } from "node:path";
-import { after, before, test } from "node:test";
-import { choose, enter, idle, isFirefox, openDesk, saved, startBrowser, textOf, violations, writeInput } from "./browser.mjs";
+import { test } from "node:test";
+import { enter, idle, isFirefox, saved, testDesks, textOf, violations } from "./browser.mjs";
+import { openHerd, stemOf } from "./small_herd.mjs";
 
-let browser;
-before(async () => { browser = await startBrowser(); });
-after(async () => { await browser.close(); });
-
-async function withDesk(action, options = {}) {
-  const desk = await openDesk(browser, options);
-  try {
-    await action(desk.page, desk);
-    assert.deepEqual(desk.requests, [], "the desk has asked for something");
-    assert.deepEqual(desk.problems, [], "the browser has met problems");
-  } finally {
-    await desk.close();
-  }
-}
-
-/** A herd of three generations; `lines` are added. */
-function herd(...lines) {
-  return ["id;name;sex;birthdate;sire;dam", "A;Adam;m;25-01-2000;;", "B;Bea;f;25-01-2000;;", "C;Zo\u00eb;f;25-01-2002;A;B", "D;Dirk;m;25-01-2002;A;B",
-    "E;Eef;f;25-01-2004;D;C", ...lines].join("\n");
-}
-
-async function openHerd(page, desk, ...lines) {
-  await choose(page, writeInput(desk, "herd.csv", herd(...lines)));
-  await enter(page, "settings");
-  await page.select("#species", "sheep");
-  await idle(page);
-}
-
-/** What the names of files begin with, as the steer file has it. */
-async function stemOf(page) {
-  await enter(page, "settings");
-  return (await textOf(page, "#steer")).split(/\r?\n/)[1].replace(/\.txt$/, "");
-}
+const { withDesk } = testDesks();
 
 const cardHeading = (page) => page.waitForSelector("#card[open] h2").then((heading) => heading.evaluate((element) => element.textContent));
 const whenCardIs = (page, name) => page.waitForFunction((wanted) => document.querySelector("#card[open] h2")?.textContent === wanted, {}, name);

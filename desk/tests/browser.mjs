@@ -1,8 +1,10 @@
 // Pages in a real browser, from their files on disk, with everything that the browser asks for recorded; and the desk.
 
+import assert from "node:assert/strict";
 import { existsSync, mkdtempSync, readFileSync, rmSync, statSync, writeFileSync } from "node:fs";
 import { tmpdir } from "node:os";
 import { join, resolve } from "node:path";
+import { after, before } from "node:test";
 import { pathToFileURL } from "node:url";
 import puppeteer from "puppeteer-core";
 
@@ -58,6 +60,28 @@ export async function openDesk(browser, { language = "en" } = {}) {
   await desk.page.click(language === "nl" ? "#dutch" : "#english");
   await idle(desk.page);
   return desk;
+}
+
+/**
+ * One browser for all tests of a file. `withDesk` runs an action with a desk of its own, which must have asked for nothing
+ * and met no problem; `openTestDesk` opens one of which nothing is demanded, and which is closed by whoever opens it.
+ */
+export function testDesks() {
+  let browser;
+  before(async () => { browser = await startBrowser(); });
+  after(async () => { await browser.close(); });
+  const openTestDesk = (options = {}) => openDesk(browser, options);
+  const withDesk = async (action, options = {}) => {
+    const desk = await openTestDesk(options);
+    try {
+      await action(desk.page, desk);
+      assert.deepEqual(desk.requests, [], "the desk has asked for something");
+      assert.deepEqual(desk.problems, [], "the browser has met problems");
+    } finally {
+      await desk.close();
+    }
+  };
+  return { openTestDesk, withDesk };
 }
 
 /** What axe-core finds that keeps people from using the page, as one text a rule. */

@@ -5,28 +5,14 @@ import { execFileSync } from "node:child_process";
 import { mkdirSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from "node:fs";
 import { tmpdir } from "node:os";
 import { join } from "node:path";
-import { after, before, describe, test } from "node:test";
-import { choose, enter, idle, isFirefox, openDesk, pressButton, root, saved, startBrowser, textOf, violations, writeInput } from "./browser.mjs";
+import { describe, test } from "node:test";
+import { choose, enter, idle, isFirefox, pressButton, root, saved, testDesks, textOf, violations, writeInput } from "./browser.mjs";
 
 const program = process.env.PEDIGREEWATCH ?? join(root, "build/release/pedigreewatch");
 const makePopulation = process.env.MAKE_POPULATION ?? join(root, "build/release/bench/make_population");
 const steps = ["data", "settings", "check", "results", "matings"];
 
-let browser;
-before(async () => { browser = await startBrowser(); });
-after(async () => { await browser.close(); });
-
-/** Runs `action` with a desk of its own, which must have asked for nothing and met no problem. */
-async function withDesk(action, options = {}) {
-  const desk = await openDesk(browser, options);
-  try {
-    await action(desk.page, desk);
-    assert.deepEqual(desk.requests, [], "the desk has asked for something");
-    assert.deepEqual(desk.problems, [], "the browser has met problems");
-  } finally {
-    await desk.close();
-  }
-}
+const { openTestDesk, withDesk } = testDesks();
 
 /** An export of an office: commas, every field in quotation marks, accents, two quotation marks for one. */
 function officeExport() {
@@ -495,7 +481,7 @@ test("EveryStepIsAccessibleAndIsPictured", () => withDesk(async (page) => {
 }));
 
 test("ThePolicyRefusesEveryRequest", async () => {
-  const desk = await openDesk(browser);
+  const desk = await openTestDesk();
   try {
     const refused = await desk.page.evaluate(async () => {
       const violation = new Promise((done) => addEventListener("securitypolicyviolation", (event) => done(event.effectiveDirective)));

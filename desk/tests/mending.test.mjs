@@ -1,42 +1,11 @@
 // Mending in the desk, by pointer and by keyboard, and what becomes of the corrections.
 
 import assert from "node:assert/strict";
-import { after, before, test } from "node:test";
-import { choose, enter, idle, openDesk, pressButton, saved, startBrowser, textOf, violations, writeInput } from "./browser.mjs";
+import { test } from "node:test";
+import { choose, enter, idle, pressButton, saved, testDesks, textOf, violations, writeInput } from "./browser.mjs";
+import { herd, openHerd, stemOf } from "./small_herd.mjs";
 
-let browser;
-before(async () => { browser = await startBrowser(); });
-after(async () => { await browser.close(); });
-
-async function withDesk(action, options = {}) {
-  const desk = await openDesk(browser, options);
-  try {
-    await action(desk.page, desk);
-    assert.deepEqual(desk.requests, [], "the desk has asked for something");
-    assert.deepEqual(desk.problems, [], "the browser has met problems");
-  } finally {
-    await desk.close();
-  }
-}
-
-/** A herd of three generations; `lines` are added. */
-function herd(...lines) {
-  return ["id;name;sex;birthdate;sire;dam", "A;Adam;m;25-01-2000;;", "B;Bea;f;25-01-2000;;", "C;Zo\u00eb;f;25-01-2002;A;B", "D;Dirk;m;25-01-2002;A;B",
-    "E;Eef;f;25-01-2004;D;C", ...lines].join("\n");
-}
-
-async function openHerd(page, desk, ...lines) {
-  await choose(page, writeInput(desk, "herd.csv", herd(...lines)));
-  await enter(page, "settings");
-  await page.select("#species", "sheep");
-  await idle(page);
-}
-
-/** What the names of files begin with, as the steer file has it. */
-async function stemOf(page) {
-  await enter(page, "settings");
-  return (await textOf(page, "#steer")).split(/\r?\n/)[1].replace(/\.txt$/, "");
-}
+const { withDesk } = testDesks();
 
 const loop = ["X;Xan;m;25-01-2001;Y;B", "Y;Yde;m;25-01-2003;X;B"];
 
