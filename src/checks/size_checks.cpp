@@ -4,6 +4,7 @@
 #include "checks/size_checks.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -23,7 +24,6 @@ constexpr Wording and_colours = {" and {1} colours", " en {1} kleuren"};
 
 ReportShape shape_of_report(const PedigreeColumns& animals, const FileSurvey& survey, const ReadingPlan& plan,
                             const DataFileLayout& layout) {
-  constexpr std::size_t most_breeders = 30;
   const YearsOfTables years = years_of_tables(animals);
   const auto has_column = [&](FieldCode code) { return plan.column_of[static_cast<std::size_t>(code)] != 0; };
   ReportShape shape;
@@ -31,7 +31,7 @@ ReportShape shape_of_report(const PedigreeColumns& animals, const FileSurvey& su
   shape.names = layout.subpopulations.count();
   if (has_column(colour_column)) shape.colours = layout.colours.count();
   if (has_column(breeder_column)) {
-    shape.breeders = static_cast<std::int64_t>(std::min(survey.breeders.texts.size(), most_breeders)) + 1;
+    shape.breeders = std::min(std::ssize(survey.breeders.texts), std::ptrdiff_t{most_top_breeders}) + 1;
   }
   shape.has_imports = has_column(import_column);
   return shape;

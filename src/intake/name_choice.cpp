@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/report_limits.h"
 #include "core/report_shape.h"
 #include "intake/year_span.h"
 #include "text/folded_words.h"
@@ -67,7 +68,7 @@ std::int64_t least_animals_to_offer(const std::vector<WrittenName>& names) {
 /// What is known of the report before its data file is there. The ages of the parents are not: they are taken to be as
 /// high as `oldest`.
 ReportBytes bytes_with(std::int64_t names, std::int64_t oldest, const ExportSurvey& survey, const PreparePlan& plan) {
-  constexpr std::int64_t listed_breeders = 31, added_colours = 1;
+  constexpr std::int64_t listed_breeders = std::int64_t{most_top_breeders} + 1, added_colours = 1;
   const auto is_used = [&](FieldCode code) { return plan.columns.place[static_cast<std::size_t>(code)].has_value(); };
   const BirthSpan years = years_of_dates(survey.dates, plan.dates);
   ReportShape shape;

@@ -27,7 +27,7 @@ constexpr Wording delimiter_tried = {"{1}: {2} of {3} lines have {4} columns",
 
 constexpr Wording all_names = {"all {1} of them: {2}", "alle {1}: {2}"};
 constexpr Wording names_from_size = {"the {1} with at least {3} animals, all others together as one: {2}",
-                                     "de {1} met minstens {3} dieren, alle andere samen als één: {2}"};
+                                     "de {1} met minstens {3} dieren, alle andere samen als \xC3\xA9\xC3\xA9n: {2}"};
 constexpr Wording no_names = {"none, the column is left out: {2}", "geen, de kolom wordt weggelaten: {2}"};
 constexpr Wording report_of_bytes = {"a report of about {1}", "een rapport van ongeveer {1}"};
 constexpr Wording small_report = {"a report of less than 1 MB", "een rapport van minder dan 1 MB"};

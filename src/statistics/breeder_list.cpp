@@ -12,6 +12,7 @@
 #include "core/integers.h"
 #include "core/line_writer.h"
 #include "core/progress.h"
+#include "core/report_limits.h"
 #include "core/text_index.h"
 #include "core/wording.h"
 
@@ -26,7 +27,7 @@ constexpr Wording number_of_top_breeders = {"Number of top breeders ", "aantal t
 
 constexpr std::int32_t recent_years = 10;
 constexpr std::int32_t many_recent_animals = 250;
-constexpr std::int32_t fewest_top_breeders = 10, most_top_breeders = 30;
+constexpr std::int32_t fewest_top_breeders = 10;
 
 /// The breeders with their animals of recent years.
 struct BreederCounts {
