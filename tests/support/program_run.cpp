@@ -1,13 +1,15 @@
-// The program is started by fork and exec: everything that needs memory is made ready before, since between the two
-// only a few calls of the system are allowed. Each run leads a process group, so that what a script has started in the
-// background ends with it when it takes too long.
+// The program is started by vfork and exec: the tests are large under sanitizers, and fork would copy the tables of
+// their memory for each run. The child works in that memory until it is the program: everything is made ready before,
+// and between the two there are only calls of the system, those of the user's rights without the library, which would
+// change the tests' own threads. Each run leads a process group, so that what a script has started in the background
+// ends with it when it takes too long.
 #include "support/program_run.h"
 
 #include <fcntl.h>
-#include <grp.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -63,7 +65,8 @@ bool set_limit(decltype(RLIMIT_FSIZE) resource, const std::optional<std::uint64_
 }
 
 bool drop_rights() {
-  return setgroups(0, nullptr) == 0 && setgid(nobody) == 0 && setuid(nobody) == 0;
+  return syscall(SYS_setgroups, 0, nullptr) == 0 && syscall(SYS_setgid, nobody) == 0 &&
+         syscall(SYS_setuid, nobody) == 0;
 }
 
 /// The child's side.
@@ -101,7 +104,7 @@ StartedRun start_program_in(const RunFolder& folder, const ProgramStart& start) 
   int ends[2] = {-1, -1};
   EXPECT_EQ(socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends), 0);
   StartedRun run = {.folder = folder, .latest_end = std::chrono::steady_clock::now() + start.timeout};
-  run.process = fork();
+  run.process = vfork();
   if (run.process == 0) become_program(plan, ends[0]);
   EXPECT_GT(run.process, 0);
   ::close(ends[0]);
