@@ -13,6 +13,7 @@
 #include "support/places.h"
 #include "support/program_run.h"
 #include "support/read_table.h"
+#include "support/sanitizers.h"
 #include "support/steer_lines.h"
 #include "support/written_workbook.h"
 
@@ -118,7 +119,7 @@ std::string spoilt(std::string text, std::mt19937& random) {
 TEST(CheckRun, AnnouncesEveryStopOfTheProgram) {
   std::mt19937 random(7);
   const std::string flock = sound_flock().substr(0, 700);
-  for (int k = 0; k < 150; ++k) {
+  for (int k = 0; k < cases(150, 45); ++k) {  // of each of the three kinds below at least once
     SteerLines steer = sheep();
     if (k % 5 == 1) steer.consecutive = "y";
     if (k % 7 == 1) steer.date_layout = "ddmmyyyy";

@@ -26,7 +26,8 @@ prepare_worker() {
     cp "$file" "$place/tree/$file"
   done < <(LC_ALL=C comm -23 "$place/sums" "$place/old")
   cmake -S "$place/tree" -B "$place/build" -G Ninja -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS=-O1 \
-    -DBUILD_SHARED_LIBS=ON -DCMAKE_LINK_DEPENDS_NO_SHARED=ON -DPEDIGREEWATCH_BENCH=OFF >/dev/null
+    -DBUILD_SHARED_LIBS=ON -DCMAKE_LINK_DEPENDS_NO_SHARED=ON -DPEDIGREEWATCH_BENCH=OFF \
+    -DPEDIGREEWATCH_JOINED_CORE=OFF >/dev/null
   if ! cmake --build "$place/build" --target pedigreewatch_tests >"$place/log" 2>&1; then
     tail -n 40 "$place/log"
     echo "mutate: the sources do not build, before anything is broken" >&2
