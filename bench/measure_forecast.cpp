@@ -70,7 +70,7 @@ Forecast forecast_of(const PopulationPlan& plan) {
   const AnalysedPopulation population = analyse(plan);
   const std::int32_t last = plan.first_birth_year + known_years - 1;
   const FamilyRecords records = list_families(population.store, population.analysis.years, last);
-  ModelBasis basis = make_model_basis(records, *measure_base_period(records), {});
+  ModelBasis basis = make_model_basis(records, *measure_base_period(records), 1);
   fit_use(basis, 1);
   BreedingRules present;
   ForecastSettings settings;

@@ -124,5 +124,34 @@ TEST(ForecastRun, RefusesWhatCannotBe) {
   expect_refusal(forecast(herd(10), {"dogs.txt"}), 2, "no file was expected");
 }
 
+const std::string rules = "# for the council\n[two litters]\nmost-litters-in-life = 2\n[imports]\nimport-sires = 1\n";
+
+TEST(ForecastRun, ComparesScenarios) {
+  const WholeRun run =
+      forecast(herd(10), {"--years", "10", "--replicates", "20", "--rules", "forecast.ini", "--most-f", "10%"},
+               {{"forecast.ini", rules}});
+  ASSERT_EQ(run.exit_status, 0) << run.messages;
+  const ReadTable table = read_table(run.file("dogs_forecast.tsv"));
+  ASSERT_EQ(table.rows.size(), 40U);
+  EXPECT_EQ(table.cell(0, "scenario"), "present");
+  EXPECT_EQ(table.cell(10, "scenario"), "two litters");
+  EXPECT_EQ(table.cell(20, "scenario"), "imports");
+  EXPECT_EQ(table.cell(30, "scenario"), "options");
+  EXPECT_EQ(table.cell(19, "sires_in_use"), "6");  // twelve litters
+  EXPECT_LT(std::stod(table.cell(29, "kinship_with_self")), std::stod(table.cell(9, "kinship_with_self")));
+}
+
+TEST(ForecastRun, NamesTheLineOfARuleThatIsWrong) {
+  const auto with = [](const std::string& text) {
+    return forecast(herd(10), {"--rules", "forecast.ini"}, {{"forecast.ini", text}});
+  };
+  expect_refusal(with("[a]\nmost-liters-a-year = 5\n"), 1,
+                 "forecast.ini, line 2: \"most-liters-a-year\": there is no such rule\nnothing was written\n");
+  expect_refusal(with("[a]\nsires = 2\nmost-litters-a-year = 5\n"), 1,
+                 "forecast.ini, line 2: \"sires = 2\": with so many sires and so few litters for each, there are not");
+  expect_refusal(forecast(herd(10), {"--rules", "none.ini"}), 1, "none.ini cannot be read");
+  expect_refusal(forecast(herd(10), {"--most-f", "2"}), 2, "an F such as 0.0625 or 6.25% was expected");
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -26,6 +26,9 @@ void begin_progress(ProgressLine& line, std::string_view label);
 /// Shows the count, rounded down to a whole step.
 void show_progress(ProgressLine& line, std::int64_t count);
 
+/// Shows a text of one's own in place of a count.
+void show_text(ProgressLine& line, std::string_view text);
+
 /// Shows the count when it has reached the next step. Counts rise from one call to the next, by any number.
 inline void count_progress(ProgressLine& line, std::int64_t count) {
   if (count >= line.next_count) show_progress(line, count);

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "pedigree/sex.h"
 
@@ -12,6 +14,8 @@ namespace pedigreewatch {
 /// A number that is given outright, or as a change of the present one.
 struct Amount {
   double factor = 1.0, plus = 0.0;
+
+  bool is_changed() const { return factor != 1.0 || plus != 0.0; }
 
   double of(double present) const { return present * factor + plus; }
 };
@@ -22,6 +26,14 @@ enum class Exchange : std::uint8_t {
   open,      ///< from any subpopulation, as many as are born in it
   closed,    ///< from their own
   rotation,  ///< from the one before it in the steer file; the first one's come from the last
+};
+
+/// A rule as it was written.
+struct WrittenRule {
+  std::string name, value;
+  std::int64_t line = 0;  ///< of its file, counted from 1; 0: an option
+
+  std::string text() const { return name + " = " + value; }
 };
 
 struct BreedingRules {
@@ -36,6 +48,11 @@ struct BreedingRules {
   BySex<std::int32_t> imports;          ///< that come into use each year, beside those of the present practice
   bool has_one_litter = false;          ///< a dam has one litter in life
   Exchange exchange = Exchange::present;
+  double import_kinship = 0.0;  ///< of imports with each other
+  std::vector<WrittenRule> written;
 };
+
+/// The name of the scenario without rules.
+inline constexpr std::string_view present_practice = "present";
 
 }  // namespace pedigreewatch

@@ -137,6 +137,9 @@ Forecast make_forecast(const ModelBasis& basis, std::span<const BreedingRules> s
   for (const BreedingRules& rules : scenarios) {
     forecast.scenarios.push_back({rules, std::vector<ReplicateYears>(static_cast<std::size_t>(settings.replicates))});
   }
+  const BreedingRules none;
+  ModelHerd real = begin_herd(basis, none, settings.seed, 0, nullptr);
+  forecast.start = describe_year(real.pedigree, real.youngest, real.weights);
   ReplicateWork work{basis, settings, forecast};
   if (settings.threads > 1) {
     run_threads(work, progress);

@@ -4,12 +4,12 @@
 #include <array>
 #include <atomic>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <span>
 #include <vector>
 
 #include "forecast/breeding_rules.h"
+#include "forecast/forecast_progress.h"
 #include "forecast/model_herd.h"
 
 namespace pedigreewatch {
@@ -17,7 +17,6 @@ namespace pedigreewatch {
 struct ForecastSettings {
   std::int32_t years = 25, replicates = 100;
   std::uint64_t seed = 1;
-  double import_kinship = 0.0;
   std::int32_t threads = 1;  ///< the results are the same with any number
 };
 
@@ -57,11 +56,9 @@ struct ScenarioForecast {
 struct Forecast {
   std::int32_t first_year = 0, years = 0;
   std::vector<ScenarioForecast> scenarios;  ///< in the order in which they were asked for
+  YearKinship start;                        ///< of the last real year
   bool is_stopped = false;                  ///< then replicates are missing
 };
-
-/// Told from time to time, and asked whether the work is to go on. Not called from two threads at once.
-using ForecastProgress = std::function<bool(std::int64_t done_years, std::int64_t all_years)>;
 
 Forecast make_forecast(const ModelBasis& basis, std::span<const BreedingRules> scenarios,
                        const ForecastSettings& settings, const ForecastProgress& progress = {});

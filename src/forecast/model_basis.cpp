@@ -49,14 +49,6 @@ std::vector<std::int32_t> find_wanted_parents(const ModelBasis& basis) {
   return wanted;
 }
 
-/// Imports that are related to each other descend from one animal that nobody else descends from: with it as both
-/// parents, two of them have its kinship with itself, and F of 0.
-void add_origin(ModelBasis& basis, double kinship) {
-  ModelPedigree& pedigree = basis.pedigree;
-  basis.origin = add_parent(pedigree, 0, 0, static_cast<float>(4.0 * kinship - 1.0));
-  pedigree.variance[basis.origin] = 2.0 * kinship;
-}
-
 void make_pedigree(ModelBasis& basis, std::span<const std::int32_t> wanted) {
   const PopulationStore& store = basis.records.store;
   basis.ancestors = pedigree_of(store, wanted);
@@ -70,7 +62,7 @@ void make_pedigree(ModelBasis& basis, std::span<const std::int32_t> wanted) {
   }
 }
 
-void make_table(ModelBasis& basis, std::span<const std::int32_t> wanted, double import_kinship) {
+void make_table(ModelBasis& basis, std::span<const std::int32_t> wanted) {
   if (wanted.size() > most_table_rows) return;
   const CandidateKinship kinship = make_candidate_kinship(basis.records.store, wanted);
   const std::size_t size = wanted.size() + 1;  // with the origin of imports
@@ -88,7 +80,6 @@ void make_table(ModelBasis& basis, std::span<const std::int32_t> wanted, double 
     }
   }
   animals.push_back(basis.origin);
-  cells.back() = static_cast<float>(import_kinship);
   basis.table = make_kinship_table(animals, cells, basis.pedigree.count());
 }
 
@@ -176,15 +167,16 @@ void note_last_litters(ModelBasis& basis) {
 
 }  // namespace
 
-ModelBasis make_model_basis(const FamilyRecords& records, BasePeriod base, const BasisSettings& settings) {
+ModelBasis make_model_basis(const FamilyRecords& records, BasePeriod base, std::uint64_t seed) {
   ModelBasis basis{records, std::move(base), {}, {}, 0, {}, {}, 1.0, 0.0, {}, {}, 0, {}};
   const std::int32_t oldest = std::max(basis.base.oldest_entry.of_males, basis.base.oldest_entry.of_females);
   basis.first_candidate_year = records.last_year + 1 - oldest;
   const std::vector<std::int32_t> wanted = find_wanted_parents(basis);
   make_pedigree(basis, wanted);
-  add_origin(basis, settings.import_kinship);
-  make_table(basis, wanted, settings.import_kinship);
-  measure_mate_ranks(basis, settings.seed);
+  basis.origin = add_parent(basis.pedigree, 0, 0, f_of_origin(0.0));
+  basis.pedigree.variance[basis.origin] = 0.0;
+  make_table(basis, wanted);
+  measure_mate_ranks(basis, seed);
   gather_active(basis);
   gather_candidates_of_years(basis);
   note_last_litters(basis);

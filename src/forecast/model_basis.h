@@ -60,12 +60,13 @@ struct ModelBasis {
   bool has_table() const { return table.capacity > 0; }
 };
 
-struct BasisSettings {
-  double import_kinship = 0.0;  ///< of imports with each other
-  std::uint64_t seed = 1;
-};
-
 /// F of all animals must be final.
-ModelBasis make_model_basis(const FamilyRecords& records, BasePeriod base, const BasisSettings& settings);
+ModelBasis make_model_basis(const FamilyRecords& records, BasePeriod base, std::uint64_t seed = 1);
+
+/// Imports that are related to each other descend from one animal that nobody else descends from: with it as both
+/// parents, two of them have its kinship with itself, and F of 0. Yields the F that stands for it.
+inline float f_of_origin(double import_kinship) {
+  return static_cast<float>(4.0 * import_kinship - 1.0);
+}
 
 }  // namespace pedigreewatch

@@ -123,8 +123,11 @@ std::optional<Entrant> take_nearest(ModelHerd& herd, Wanted wanted, std::int32_t
                                     RandomStream& random) {
   const std::int32_t born = wanted.birth_year, home = wanted.group;
   const auto years = static_cast<std::int32_t>(std::ssize(herd.candidates));
+  // A rule on where sires come from is kept: an animal of another subpopulation does not become one of theirs.
+  const bool is_ruled = wanted.sex == male && herd.rules.exchange != Exchange::present;
+  const std::int32_t groups = is_ruled ? 1 : herd.basis.records.groups;
   for (const bool is_any : {false, true}) {
-    for (std::int32_t step = 0; step < herd.basis.records.groups; ++step) {
+    for (std::int32_t step = 0; step < groups; ++step) {
       wanted.group = (home + step) % herd.basis.records.groups;
       for (std::int32_t distance = 0; distance < 2 * years; ++distance) {
         wanted.birth_year = distance % 2 == 0 ? born - distance / 2 : born + (distance + 1) / 2;
@@ -228,7 +231,7 @@ void enter_import(ModelHerd& herd, Sex sex, std::int32_t group, std::int32_t yea
   const BasePeriod& base = herd.basis.base;
   const std::int32_t number = draw_entry(base, sex, group, random);
   const std::int32_t origin = herd.basis.origin;
-  const std::int32_t born = year - base.careers.of(sex).at(number).first_age;
+  const std::int32_t born = year - std::max(base.careers.of(sex).at(number).first_age, herd.rules.least_age.of(sex));
   begin_career(add_model_parent(herd, sex, {origin, origin, born, 0.0F}), base.careers.of(sex), number, group);
 }
 

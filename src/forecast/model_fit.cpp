@@ -33,15 +33,29 @@ std::int32_t trials_of(const BasePeriod& base) {
   return static_cast<std::int32_t>(std::clamp(trial_sires / (sires * trial_years), 1.0, most_trials));
 }
 
+/// Counts the trial years.
+struct FitWatch {
+  const ForecastProgress& progress;
+  std::int64_t all_years = 0;
+  std::int64_t done_years = 0;
+  bool is_stopped = false;
+
+  bool goes_on() {
+    ++done_years;
+    if (progress && !progress(done_years, all_years)) is_stopped = true;
+    return !is_stopped;
+  }
+};
+
 /// The evenness of trial herds with the powers that the basis has.
-std::optional<UseEvenness> try_herds(const ModelBasis& basis, std::uint64_t seed, AncestorWalk* walk) {
+std::optional<UseEvenness> try_herds(const ModelBasis& basis, std::uint64_t seed, AncestorWalk* walk, FitWatch& watch) {
   const BreedingRules present;
   EvennessSums sums;
-  for (std::int32_t trial = 0; trial < trials_of(basis.base); ++trial) {
+  for (std::int32_t trial = 0; trial < trials_of(basis.base) && !watch.is_stopped; ++trial) {
     ModelHerd herd = begin_herd(basis, present, seed, -1 - trial, walk);
     UseYears years;
     for (std::int32_t year = 1; year <= trial_years; ++year) {
-      if (!live_year(herd, basis.base.last_year + year)) break;
+      if (!watch.goes_on() || !live_year(herd, basis.base.last_year + year)) break;
       years.push_back(litters_of_herd(herd));
     }
     sums.add(years);
@@ -63,16 +77,19 @@ void move_powers(ModelBasis& basis, const UseEvenness& observed, const UseEvenne
 
 }  // namespace
 
-void fit_use(ModelBasis& basis, std::uint64_t seed) {
+bool fit_use(ModelBasis& basis, std::uint64_t seed, const ForecastProgress& progress) {
   const auto observed = measure_evenness(basis.records, basis.base.first_alike, basis.base.last_year);
-  if (!observed) return;
+  if (!observed) return true;
   std::unique_ptr<AncestorWalk> walk;
   if (!basis.has_table()) walk = std::make_unique<AncestorWalk>(make_basis_walk(basis));
+  FitWatch watch = {progress, std::int64_t{steps} * trials_of(basis.base) * trial_years};
   for (int step = 0; step < steps; ++step) {
-    const auto tried = try_herds(basis, seed, walk.get());
-    if (!tried) return;
+    const auto tried = try_herds(basis, seed, walk.get(), watch);
+    if (watch.is_stopped) return false;
+    if (!tried) return true;
     move_powers(basis, *observed, *tried);
   }
+  return true;
 }
 
 }  // namespace pedigreewatch

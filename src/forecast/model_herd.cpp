@@ -58,7 +58,8 @@ std::vector<GroupTarget> draw_targets(const ModelHerd& herd, std::int32_t year) 
   const double as_now = litters_of(drawn) > 0.0 ? litters / litters_of(drawn) : 1.0;
   const double trend = std::max(0.0, 1.0 + herd.rules.trend * static_cast<double>(year - base.last_year));
   const double litter_factor = trend * as_now * factor_of(herd.rules.litters, litters);
-  const double sire_factor = as_now * factor_of(herd.rules.sires, sires);
+  const Amount& wanted = herd.rules.sires;
+  const double sire_factor = wanted.is_changed() ? factor_of(wanted, as_now * sires) * as_now : as_now;
   std::vector<GroupTarget> targets;
   for (GroupYear group : drawn) {
     const double half_known = base.levels.half_known.factors[place(like)],
@@ -270,8 +271,16 @@ void count_refused(ModelHerd& herd, std::span<const SireShare> shares, std::int6
 
 /// How many sires there should be: with a rule on them as many as it says, otherwise those who go on and the new ones.
 std::int32_t wanted_sires(ModelHerd& herd, std::int32_t group, const GroupYear& target, std::int32_t ready) {
-  const bool is_ruled = herd.rules.sires.factor != 1.0 || herd.rules.sires.plus != 0.0;
-  return is_ruled ? target.in_use.of_males : ready + wanted_new(herd, male, group, target, ready);
+  return herd.rules.sires.is_changed() ? target.in_use.of_males : ready + wanted_new(herd, male, group, target, ready);
+}
+
+/// Where there are to be fewer sires than go on, any of them rest this year; this year's imports last.
+void rest_sires(std::vector<std::size_t>& ready, std::int64_t wanted, std::int32_t imports, RandomStream& random) {
+  if (std::ssize(ready) <= wanted) return;
+  const std::size_t new_ones = std::min(place(imports), ready.size());
+  shuffle(random, std::span(ready).first(ready.size() - new_ones));
+  std::rotate(ready.begin(), ready.end() - static_cast<std::ptrdiff_t>(new_ones), ready.end());
+  ready.resize(static_cast<std::size_t>(wanted));
 }
 
 /// A sire that would have had none this year is used, where there would be no other.
@@ -298,8 +307,9 @@ void fill_sires(ModelHerd& herd, std::int32_t group, const GroupTarget& target, 
   std::int64_t most = 0;
   const std::int32_t usual = wanted_sires(herd, group, target.numbers, static_cast<std::int32_t>(ready.size()));
   if (usual <= 0) wake_sire(herd, group, ready, use);
-  for (const std::size_t k : ready) most += most_litters(herd, herd.parents.of_males[k]);
   const std::int64_t wanted = std::clamp<std::int64_t>(usual, 1, litters);
+  if (herd.rules.sires.is_changed()) rest_sires(ready, wanted, target.imports.of_males, use);
+  for (const std::size_t k : ready) most += most_litters(herd, herd.parents.of_males[k]);
   std::vector<std::int32_t> entries = entries_of_year(herd.basis.base, group, target.like_year, entry);
   while (std::ssize(ready) < wanted || most < litters) {
     if (entries.empty()) entries.push_back(draw_entry(herd.basis.base, male, group, entry));
@@ -314,7 +324,9 @@ void fill_sires(ModelHerd& herd, std::int32_t group, const GroupTarget& target, 
     shares.push_back({weight_of(herd.basis, sire),
                       static_cast<std::int32_t>(std::min<std::int64_t>(litters, most_litters(herd, sire)))});
   }
-  count_refused(herd, shares, litters, use);
+  // Those who came into use because of the limit alone would have had none.
+  const auto without_limit = std::min(shares.size(), static_cast<std::size_t>(wanted));
+  count_refused(herd, std::span(shares).first(without_limit), litters, use);
   const std::vector<std::int32_t> numbers = share_litters(shares, litters, use);
   for (std::size_t k = 0; k < ready.size(); ++k) herd.parents.of_males[ready[k]].litters = numbers[k];
 }
@@ -435,6 +447,17 @@ ModelParent begin_parent(const ModelBasis& basis, Sex sex, const ActiveParent& a
   return parent;
 }
 
+void set_origin_of_imports(ModelHerd& herd) {
+  const std::int32_t origin = herd.basis.origin;
+  const double kinship = herd.rules.import_kinship;
+  herd.pedigree.f[origin] = f_of_origin(kinship);
+  herd.pedigree.variance[origin] = 2.0 * kinship;
+  if (herd.walk != nullptr) set_origin(*herd.walk, origin, kinship);
+  if (!herd.basis.has_table()) return;
+  const auto row = place(herd.table.row_of[origin]);
+  herd.table.cells[row * place(herd.table.capacity) + row] = static_cast<float>(kinship);
+}
+
 void prepare_mean_kinship(ModelHerd& herd) {
   if (!herd.rules.above_percent) return;
   herd.mean_kinship = mean_kinship_with_young(herd.pedigree, herd.youngest);
@@ -448,6 +471,7 @@ ModelHerd begin_herd(const ModelBasis& basis, const BreedingRules& rules, std::u
   ModelHerd herd{
       basis, rules, seed, replicate,        basis.pedigree,       basis.table, walk, {}, {}, basis.last_litter,
       {},    {},    0,    basis.candidates, real_youngest(basis), {},          {},   {}, {}, {}};
+  set_origin_of_imports(herd);
   const std::size_t animals = place(basis.pedigree.count()) + 1;
   herd.weights.assign(animals, 0.0);
   for (const Sex sex : {male, female}) herd.owed.of(sex).assign(place(basis.records.groups), 0.0);

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <unordered_map>
 
 namespace pedigreewatch {
@@ -13,6 +14,8 @@ namespace {
 
 /// Earlier pairs that are asked to change at most.
 constexpr std::size_t most_exchanges = 200;
+/// Kinships by the pass differ from those of the walk, which is in single precision, by less than this.
+constexpr double rounding_of_walk = 1e-5;
 
 struct Pairing {
   ModelHerd& herd;
@@ -24,6 +27,14 @@ struct Pairing {
 
   float kinship(std::int32_t sire, std::int32_t dam) const {
     return herd.basis.has_table() ? herd.table.between(sire, dam) : near_kinship(herd.pedigree, sire, dam);
+  }
+
+  /// Without a table: as F of their young will be counted.
+  float walked_kinship(std::int32_t sire, std::int32_t dam) const {
+    const Mating mating = {sire, dam};
+    float kinship = 0.0F;
+    walk_ancestors(*herd.walk, {&mating, 1}, {&kinship, 1});
+    return kinship;
   }
 };
 
@@ -38,10 +49,17 @@ std::array<std::int32_t, 2> common_parents(const ModelPedigree& pedigree, std::i
   return common;
 }
 
+bool is_too_near(const Pairing& pairing, std::int32_t sire, std::int32_t dam) {
+  const double limit = *pairing.herd.rules.most_f;
+  if (double{pairing.kinship(sire, dam)} > limit) return true;
+  // The near kinship is the exact one at most, and found sooner.
+  return !pairing.herd.basis.has_table() && double{pairing.walked_kinship(sire, dam)} > limit;
+}
+
 bool is_permitted(const Pairing& pairing, std::int32_t sire, std::int32_t dam) {
   const BreedingRules& rules = pairing.herd.rules;
   if (dam == 0 || sire == 0) return true;
-  if (rules.most_f && double{pairing.kinship(sire, dam)} > *rules.most_f) return false;
+  if (rules.most_f && is_too_near(pairing, sire, dam)) return false;
   if (!rules.offspring_matings) return true;
   for (const std::int32_t parent : common_parents(pairing.herd.pedigree, sire, dam)) {
     if (parent == 0 || parent == pairing.herd.basis.origin) continue;
@@ -126,6 +144,25 @@ bool exchange_sires(Pairing& pairing, std::vector<std::int32_t>& list, const Wan
   return false;
 }
 
+/// A permitted slot behind this one, which is not; none when there is no other.
+std::optional<std::size_t> find_permitted(Pairing& pairing, const std::vector<std::int32_t>& list, std::size_t slot,
+                                          std::int32_t dam) {
+  const BreedingRules& rules = pairing.herd.rules;
+  std::vector<double> kinships;
+  if (rules.most_f && !pairing.herd.basis.has_table()) {
+    // Her kinship with everybody, by one pass: that of young which have all genes of her.
+    const YoungOf herself = {dam, dam, 1, 0.0F};
+    kinships = mean_kinship_with_young(pairing.herd.pedigree, {&herself, 1});
+  }
+  for (std::size_t k = 1; k < list.size(); ++k) {
+    const std::size_t other = (slot + k) % list.size();
+    const bool is_too_near =
+        !kinships.empty() && kinships[static_cast<std::size_t>(list[other])] > *rules.most_f + rounding_of_walk;
+    if (!is_too_near && is_permitted(pairing, list[other], dam)) return other;
+  }
+  return std::nullopt;
+}
+
 /// Finds a sire for the litter. False when there is no permitted one.
 bool pair_litter(Pairing& pairing, const WantedLitter& litter, std::int32_t dam) {
   std::vector<std::int32_t>& list = pairing.slots[static_cast<std::size_t>(litter.sire_group)];
@@ -136,10 +173,8 @@ bool pair_litter(Pairing& pairing, const WantedLitter& litter, std::int32_t dam)
     return true;
   }
   ++pairing.herd.year.refused.pairs;
-  for (std::size_t k = 1; k < list.size(); ++k) {
-    const std::size_t other = (slot + k) % list.size();
-    if (!is_permitted(pairing, list[other], dam)) continue;
-    take_slot(pairing, list, other, litter, dam);
+  if (const auto other = find_permitted(pairing, list, slot, dam)) {
+    take_slot(pairing, list, *other, litter, dam);
     return true;
   }
   return exchange_sires(pairing, list, litter, dam);

@@ -10,9 +10,14 @@ constexpr std::size_t word_bits = 64;
 AncestorWalk make_basis_walk(const ModelBasis& basis) {
   AncestorWalk walk = make_ancestor_walk(basis.ancestors);
   for (std::int32_t j = 1; j <= basis.ancestors.count(); ++j) set_inbreeding(walk, j, basis.pedigree.f[j]);
-  add_to_walk(walk, 0, 0, basis.pedigree.f[basis.origin]);
-  walk.ancestors[basis.origin].within_family_variance = static_cast<float>(basis.pedigree.variance[basis.origin]);
+  add_to_walk(walk, 0, 0, 0.0F);
+  set_origin(walk, basis.origin, 0.0);
   return walk;
+}
+
+void set_origin(AncestorWalk& walk, std::int32_t origin, double import_kinship) {
+  walk.f[origin] = f_of_origin(import_kinship);
+  walk.ancestors[origin].within_family_variance = static_cast<float>(2.0 * import_kinship);
 }
 
 void add_to_walk(AncestorWalk& walk, std::int32_t sire, std::int32_t dam, float f) {

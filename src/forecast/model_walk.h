@@ -9,6 +9,9 @@ namespace pedigreewatch {
 /// A walk that knows the pedigree of the basis.
 AncestorWalk make_basis_walk(const ModelBasis& basis);
 
+/// Gives the origin of imports the kinship that they have with each other.
+void set_origin(AncestorWalk& walk, std::int32_t origin, double import_kinship);
+
 /// Adds the next animal of a pedigree, behind its parents.
 void add_to_walk(AncestorWalk& walk, std::int32_t sire, std::int32_t dam, float f);
 

@@ -4,6 +4,8 @@
 #include "tools/forecast_command.h"
 
 #include <algorithm>
+#include <chrono>
+#include <functional>
 #include <optional>
 #include <string>
 #include <thread>
@@ -15,7 +17,9 @@
 #include "forecast/forecast_words.h"
 #include "forecast/model_fit.h"
 #include "forecast/practice_figures.h"
+#include "forecast/rule_reading.h"
 #include "planning/parent_use.h"
+#include "planning/plan_words.h"
 #include "tables/forecast_tables.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
@@ -32,24 +36,98 @@ constexpr Wording no_birth_years = {"no animal has a birth year: there is nothin
                                     "geen enkel dier heeft een geboortejaar: er is niets om vanuit vooruit te kijken"};
 constexpr Wording no_such_year = {"--from {1}: a birth year from {2} to {3} was expected",
                                   "--from {1}: een geboortejaar van {2} tot en met {3} werd verwacht"};
+constexpr Wording nothing_written = {"nothing was written", "er is niets geschreven"};
+constexpr Wording line_place = {", line {1}", ", regel {1}"};
+constexpr Wording not_read = {"{1} cannot be read", "{1} kan niet worden gelezen"};
+constexpr Wording fitting_label = {"measuring the use of sires: {1} %, {2} s left",
+                                   "gebruik van vaders meten: {1} %, nog {2} s"};
+constexpr Wording forecasting_label = {"forecasting: {1} %, {2} s left", "vooruitblikken: {1} %, nog {2} s"};
 constexpr Wording not_written = {"{1}: {2}; nothing was written", "{1}: {2}; er is niets geschreven"};
 constexpr Wording is_in_use = {"a file of this name would replace one that this run reads",
                                "een bestand met deze naam zou er een vervangen dat hier gelezen wordt"};
 
 using Refusal = std::optional<ToolRefusal>;
 
-Refusal write_file(FolderRun& run, const std::string& ending, const std::string& content) {
-  const std::string name = name_beside_report(run.population.settings, ending);
-  FileProblem problem = find_obstacle(run, name, {}, is_in_use);
-  NewFile file;
-  if (problem.name.empty() && begin_file(file, name, problem)) {
-    write_bytes(file, content);
-    if (finish_file(file, problem)) {
-      say(run.streams.console, run.words(written, {shown(name)}));
+/// What a file will be called, and what stands in it.
+struct ForecastFile {
+  std::string name, content;
+  NewFile file = {};
+};
+
+FileProblem find_name_problem(const FolderRun& run, const ForecastOptions& options,
+                              const std::vector<ForecastFile>& files) {
+  for (const ForecastFile& file : files) {
+    FileProblem problem = find_obstacle(run, file.name, {&options.rules_file, 1}, is_in_use);
+    if (!problem.name.empty()) return problem;
+  }
+  return {};
+}
+
+Refusal write_files(const FolderRun& run, const ForecastOptions& options, std::vector<ForecastFile>& files) {
+  FileProblem problem = find_name_problem(run, options, files);
+  bool is_fine = problem.name.empty();
+  std::vector<NewFile*> begun;
+  for (ForecastFile& file : files) {
+    is_fine = is_fine && begin_file(file.file, file.name, problem);
+    if (!is_fine) break;
+    begun.push_back(&file.file);
+    write_bytes(file.file, file.content);
+  }
+  if (is_fine && !is_stop_requested(run.streams) && finish_all(begun, true, problem)) {
+    for (const ForecastFile& file : files) say(run.streams.console, run.words(written, {shown(file.name)}));
+    return std::nullopt;
+  }
+  for (NewFile* const file : begun) abandon(*file);
+  if (is_stop_requested(run.streams)) return ToolRefusal{run.words(was_stopped)};
+  return ToolRefusal{run.words(not_written, {shown(problem.name), problem.reason})};
+}
+
+/// The whole text of the file with the rules; nothing where it cannot be read.
+std::optional<std::string> text_of_file(const std::string& name) {
+  LineReader reader;
+  if (!open_for_reading(reader, name)) return std::nullopt;
+  std::string text;
+  std::string_view line;
+  while (read_line(reader, line)) text.append(line).push_back('\n');
+  if (reader.error != 0) return std::nullopt;
+  return text;
+}
+
+/// Says a problem of a rule, with its place.
+void tell_problem(const FolderRun& run, const std::string& file, const RuleProblem& problem) {
+  erase_progress(run.streams.progress);
+  std::string place = file;
+  if (problem.line > 0) place += run.words(line_place, {std::to_string(problem.line)});
+  if (!problem.text.empty()) place += (place.empty() ? "" : ": ") + in_quotes(problem.text);
+  say(run.streams.messages, place + ": " + run.words(problem.reason));
+}
+
+/// The scenarios, the present practice first. Nothing behind a message.
+std::optional<std::vector<BreedingRules>> gather_scenarios(const FolderRun& run, const ForecastOptions& options,
+                                                           const BasePeriod& base) {
+  std::vector<BreedingRules> scenarios(1);
+  scenarios.front().name = present_practice;
+  bool is_fine = true;
+  const std::string file = options.rules_file.empty() ? std::string() : shown(options.rules_file);
+  if (!options.rules_file.empty()) {
+    const std::optional<std::string> text = text_of_file(options.rules_file);
+    if (!text) {
+      say(run.streams.messages, run.words(not_read, {file}));
       return std::nullopt;
     }
+    ReadScenarios read = read_scenarios(*text);
+    for (const RuleProblem& problem : read.problems) tell_problem(run, file, problem);
+    is_fine = read.problems.empty();
+    for (BreedingRules& rules : read.scenarios) scenarios.push_back(std::move(rules));
   }
-  return ToolRefusal{run.words(not_written, {shown(problem.name), problem.reason})};
+  if (!options.rules.written.empty()) scenarios.push_back(options.rules);
+  for (const BreedingRules& rules : scenarios) {
+    for (const RuleProblem& problem : find_contradictions(rules, base)) {
+      tell_problem(run, rules.name == options_scenario ? std::string() : file, problem);
+      is_fine = false;
+    }
+  }
+  return is_fine ? std::optional(std::move(scenarios)) : std::nullopt;
 }
 
 /// The last year that is known to the forecast; nothing after a refusal.
@@ -81,6 +159,46 @@ ForecastSettings settings_of(const ForecastOptions& options, const PopulationSto
   return settings;
 }
 
+/// Shows how far the work is, in per cent, with the seconds that are left.
+struct ForecastWatch {
+  FolderRun& run;
+  const Wording& wording;
+  std::chrono::steady_clock::time_point begun = std::chrono::steady_clock::now();
+  std::int64_t shown_percent = 0;
+  std::string label = {};
+
+  bool operator()(std::int64_t done, std::int64_t all) {
+    const std::int64_t percent = all > 0 ? 100 * done / all : 100;
+    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begun).count();
+    constexpr double quiet_seconds = 2.0;
+    if (percent > shown_percent && done > 0 && seconds > quiet_seconds) {
+      shown_percent = percent;
+      const double left = seconds * static_cast<double>(all - done) / static_cast<double>(done);
+      label = run.words(wording, {std::to_string(percent), fixed_decimals(left, 0)});
+      show_text(run.streams.progress, label);
+    }
+    return !is_stop_requested(run.streams);
+  }
+};
+
+/// What the replicates begin with; none when the run was stopped.
+std::optional<ModelBasis> prepare_basis(FolderRun& run, const FamilyRecords& records, BasePeriod base,
+                                        std::uint64_t seed) {
+  std::optional<ModelBasis> basis = make_model_basis(records, std::move(base), seed);
+  ForecastWatch watch = {run, fitting_label};
+  if (!fit_use(*basis, seed, std::ref(watch))) basis.reset();
+  erase_progress(run.streams.progress);
+  return basis;
+}
+
+Forecast watch_forecast(FolderRun& run, const ModelBasis& basis, std::span<const BreedingRules> scenarios,
+                        const ForecastSettings& settings) {
+  ForecastWatch watch = {run, forecasting_label};
+  Forecast forecast = make_forecast(basis, scenarios, settings, std::ref(watch));
+  erase_progress(run.streams.progress);
+  return forecast;
+}
+
 Refusal forecast_and_write(FolderRun& run, const ForecastOptions& options) {
   const PopulationStore& store = run.population.store;
   Refusal refusal;
@@ -91,20 +209,21 @@ Refusal forecast_and_write(FolderRun& run, const ForecastOptions& options) {
   if (!base) return ToolRefusal{run.words(too_few_years, {std::to_string(*last)})};
   const CountedPractice counted =
       count_practice(run.population.analysis.whole.tables, store.birth_years, base->first_year, base->last_year);
-  for (const std::string& line : practice_sentences(*base, counted, measure_practice(records, *base), run.language)) {
-    say(run.streams.console, line);
-  }
+  const std::vector<std::string> practice =
+      practice_sentences(*base, counted, measure_practice(records, *base), run.language);
+  for (const std::string& line : practice) say(run.streams.console, line);
+  const auto scenarios = gather_scenarios(run, options, *base);
+  if (!scenarios) return ToolRefusal{run.words(nothing_written)};
   const ForecastSettings settings = settings_of(options, store, *last);
-  ModelBasis basis = make_model_basis(records, std::move(*base), {settings.import_kinship, settings.seed});
-  fit_use(basis, settings.seed);
-  BreedingRules present;
-  present.name = "present";
-  const ForecastProgress progress = [&](std::int64_t, std::int64_t) { return !is_stop_requested(run.streams); };
-  const Forecast forecast = make_forecast(basis, {&present, 1}, settings, progress);
+  const std::optional<ModelBasis> basis = prepare_basis(run, records, std::move(*base), settings.seed);
+  if (!basis) return ToolRefusal{run.words(was_stopped)};
+  const Forecast forecast = watch_forecast(run, *basis, *scenarios, settings);
   if (forecast.is_stopped) return ToolRefusal{run.words(was_stopped)};
   TableWriter table;
   write_forecast_table(forecast, table);
-  return write_file(run, "_forecast.tsv", table.text);
+  std::vector<ForecastFile> files;
+  files.push_back({name_beside_report(run.population.settings, "_forecast.tsv"), std::move(table.text)});
+  return write_files(run, options, files);
 }
 
 }  // namespace

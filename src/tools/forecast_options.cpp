@@ -3,7 +3,9 @@
 #include <array>
 #include <charconv>
 #include <limits>
+#include <vector>
 
+#include "forecast/rule_reading.h"
 #include "text/phrases.h"
 #include "tools/folder_command.h"
 #include "tools/forecast_command.h"
@@ -14,20 +16,36 @@ namespace {
 constexpr std::string_view help =
     "usage: pedigreewatch-tools forecast [OPTION...]\n"
     "  Run it in the folder with pedigreewatch.ini. It continues the population, animal by animal, as it was bred in the\n"
-    "  last generation interval, and writes NAME_forecast.tsv: inbreeding and kinship of the years to come, with what 5\n"
-    "  and 95 in 100 of the replicates lie below.\n"
+    "  last generation interval and under rules, and writes NAME_forecast.tsv: inbreeding and kinship of the years to\n"
+    "  come, with what 5 and 95 in 100 of the replicates lie below.\n"
     "\n"
     "  --years N       years to forecast (25)\n"
     "  --replicates N  how often each of them is gone through (100)\n"
     "  --seed N        begins the random numbers: the same number, the same results (1)\n"
     "  --from YEAR     forgets everything after that year, and forecasts up to the last full one\n"
     "  --threads N     processors to work with (all); the results are the same\n"
+    "  --rules FILE    scenarios to compare with the present practice, such as forecast.ini: a name in square brackets,\n"
+    "                  and rules below it, \"most-litters-a-year = 5\"\n"
+    "\n"
+    "  Rules, which may stand on the command line too and then are one scenario more:\n"
+    "  --most-litters-a-year N, --most-litters-in-life N   of a sire at most\n"
+    "  --sires N|+N|-N|P%, --litters N|+N|-N|P%            in a year\n"
+    "  --litters-trend P%                                  more or fewer litters each year\n"
+    "  --most-f F                                          no mating whose young have a higher F\n"
+    "  --most-offspring-matings N                          between two offspring of the same animal, a year\n"
+    "  --kinship-below P%     parents come into use whose mean kinship is below that of P % of their age mates\n"
+    "  --least-age-sires N, --least-age-dams N             at the first litter, in years\n"
+    "  --import-sires N, --import-dams N                   more imports come into use each year\n"
+    "  --import-kinship K                                  of these with each other (0)\n"
+    "  --one-litter-a-dam yes                              in her life\n"
+    "  --exchange open|closed|rotation                     of sires between subpopulations\n"
+    "\n"
     "  --help          shows this text\n"
     "\n"
     "  Exit status: 0 done, 1 something stands in the way (nothing was written), 2 wrong arguments.\n";
 
-constexpr auto rules =
-    std::to_array<OptionRule>({{"--years"}, {"--replicates"}, {"--seed"}, {"--from"}, {"--threads"}});
+constexpr auto plain_options =
+    std::to_array<OptionRule>({{"--years"}, {"--replicates"}, {"--seed"}, {"--from"}, {"--threads"}, {"--rules"}});
 
 std::optional<std::int64_t> read_whole(std::string_view text, std::int64_t least, std::int64_t most) {
   std::int64_t number = 0;
@@ -40,6 +58,13 @@ constexpr std::int64_t most_years = 200, most_replicates = 10'000, most_threads 
 
 std::string refusal(const GivenOption& given, std::string_view expected) {
   return std::string(given.name) + " " + in_quotes(given.value) + ": " + std::string(expected) + " was expected";
+}
+
+std::string take_rule_option(const GivenOption& given, ForecastOptions& options) {
+  constexpr std::size_t hyphens = 2;
+  const RuleProblem problem = take_rule(given.name.substr(hyphens), given.value, options.rules);
+  if (problem.reason.english.empty()) return {};
+  return std::string(given.name) + " " + in_quotes(given.value) + ": " + std::string(problem.reason.english);
 }
 
 std::string take_option(const GivenOption& given, ForecastOptions& options) {
@@ -64,6 +89,11 @@ std::string take_option(const GivenOption& given, ForecastOptions& options) {
     const auto number = read_whole(given.value, 1, most_threads);
     if (!number) return refusal(given, "a number from 1 to 256");
     options.settings.threads = static_cast<std::int32_t>(*number);
+  } else if (given.name == "--rules") {
+    if (given.value.empty()) return refusal(given, "the name of a file");
+    options.rules_file = given.value;
+  } else {
+    return take_rule_option(given, options);
   }
   return {};
 }
@@ -76,7 +106,12 @@ std::string_view forecast_help() {
 
 std::string read_forecast_options(std::span<const std::string_view> arguments, ForecastOptions& options) {
   options.settings.threads = 0;
-  return read_options(arguments, rules, [&](const GivenOption& given) { return take_option(given, options); });
+  std::vector<std::string> names;
+  for (const RuleForm& form : rule_forms()) names.push_back("--" + std::string(form.name));
+  std::vector<OptionRule> known(plain_options.begin(), plain_options.end());
+  for (const std::string& name : names) known.push_back({name});
+  options.rules.name = options_scenario;
+  return read_options(arguments, known, [&](const GivenOption& given) { return take_option(given, options); });
 }
 
 }  // namespace pedigreewatch

@@ -31,7 +31,7 @@ struct Begun {
         years(group_by_year(store)),
         records(list_families(store, years, store.birth_years.last)) {}
 
-  ModelBasis basis() const { return make_model_basis(records, *measure_base_period(records), {}); }
+  ModelBasis basis() const { return make_model_basis(records, *measure_base_period(records)); }
 };
 
 struct MeanAndError {

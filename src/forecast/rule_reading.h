@@ -1,0 +1,52 @@
+// Rules as they are written: "most-litters-a-year = 5" in a file with a name for each scenario, or as an option.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/wording.h"
+#include "forecast/base_period.h"
+#include "forecast/breeding_rules.h"
+
+namespace pedigreewatch {
+
+/// A rule that can be written, with what its value must be.
+struct RuleForm {
+  std::string_view name;
+  Wording expected;
+};
+
+/// All rules, in the order of the documents.
+std::vector<RuleForm> rule_forms();
+
+/// What is wrong with a rule or a line.
+struct RuleProblem {
+  std::int64_t line = 0;  ///< counted from 1; 0: none
+  std::string text;       ///< that is wrong
+  Wording reason;
+};
+
+/// Takes a rule of this line by its name and value. Yields what is wrong; without a reason: nothing.
+RuleProblem take_rule(std::string_view name, std::string_view value, BreedingRules& rules, std::int64_t line = 0);
+
+struct ReadScenarios {
+  std::vector<BreedingRules> scenarios;
+  std::vector<RuleProblem> problems;  ///< by line
+};
+
+/// More scenarios than these are no comparison any more.
+inline constexpr std::size_t most_scenarios = 12;
+
+/// The scenarios of a file: a name in square brackets, and the rules below it. Lines that begin with # or ; are for
+/// people. UTF-8.
+ReadScenarios read_scenarios(std::string_view text);
+
+/// The scenario of the rules on the command line.
+inline constexpr std::string_view options_scenario = "options";
+
+/// Rules that cannot all be kept, or that this population has no use for; with the line of one of them.
+std::vector<RuleProblem> find_contradictions(const BreedingRules& rules, const BasePeriod& base);
+
+}  // namespace pedigreewatch

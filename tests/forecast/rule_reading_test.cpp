@@ -1,0 +1,162 @@
+#include "forecast/rule_reading.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace pedigreewatch::test {
+namespace {
+
+/// What is wrong with a rule; empty: nothing.
+std::string fault_of(std::string_view name, std::string_view value) {
+  BreedingRules rules;
+  return std::string(take_rule(name, value, rules).reason.english);
+}
+
+BreedingRules with(std::string_view name, std::string_view value) {
+  BreedingRules rules;
+  EXPECT_EQ(std::string(take_rule(name, value, rules).reason.english), "") << name << " = " << value;
+  return rules;
+}
+
+TEST(TakeRule, TakesEveryRule) {
+  EXPECT_EQ(with("most-litters-a-year", "5").litters_a_year, 5);
+  EXPECT_EQ(with("most-litters-in-life", "1000000").litters_in_life, 1'000'000);
+  EXPECT_EQ(with("most-offspring-matings", "0").offspring_matings, 0);
+  EXPECT_DOUBLE_EQ(*with("most-f", "6.25%").most_f, 0.0625);
+  EXPECT_DOUBLE_EQ(*with("most-f", "0.125").most_f, 0.125);
+  EXPECT_DOUBLE_EQ(*with("kinship-below", "60%").above_percent, 60.0);
+  EXPECT_EQ(with("least-age-sires", "2").least_age.of_males, 2);
+  EXPECT_EQ(with("least-age-dams", "60").least_age.of_females, 60);
+  EXPECT_EQ(with("import-sires", "2").imports.of_males, 2);
+  EXPECT_EQ(with("import-dams", "0").imports.of_females, 0);
+  EXPECT_DOUBLE_EQ(with("import-kinship", "0.5").import_kinship, 0.5);
+  EXPECT_TRUE(with("one-litter-a-dam", "yes").has_one_litter);
+  EXPECT_FALSE(with("one-litter-a-dam", "no").has_one_litter);
+  EXPECT_EQ(with("exchange", "rotation").exchange, Exchange::rotation);
+  EXPECT_DOUBLE_EQ(with("litters-trend", "-2.5%").trend, -0.025);
+}
+
+TEST(TakeRule, TakesAmountsOutrightAndAsChanges) {
+  EXPECT_DOUBLE_EQ(with("sires", "40").sires.of(30.0), 40.0);
+  EXPECT_DOUBLE_EQ(with("sires", "+20").sires.of(30.0), 50.0);
+  EXPECT_DOUBLE_EQ(with("sires", "-5").sires.of(30.0), 25.0);
+  EXPECT_DOUBLE_EQ(with("litters", "150%").litters.of(30.0), 45.0);
+  EXPECT_DOUBLE_EQ(with("litters", "+10%").litters.of(30.0), 33.0);
+  EXPECT_DOUBLE_EQ(with("litters", "-10%").litters.of(30.0), 27.0);
+  for (const std::string_view bad : {"0", "", "many", "1e3", "-100%", "0%", "%", "+", "1.5", "1000001"}) {
+    EXPECT_NE(fault_of("sires", bad), "") << bad;
+  }
+}
+
+TEST(TakeRule, RefusesValuesOutsideTheirBounds) {
+  for (const std::string_view name : {"most-litters-a-year", "most-litters-in-life"}) {
+    for (const std::string_view bad : {"0", "-1", "five", "1000001", "5 ", ""})
+      EXPECT_NE(fault_of(name, bad), "") << bad;
+  }
+  for (const std::string_view bad : {"101%", "1.01", "-0.1", "x", ""}) EXPECT_NE(fault_of("most-f", bad), "") << bad;
+  for (const std::string_view bad : {"100%", "60", "-1%"}) EXPECT_NE(fault_of("kinship-below", bad), "") << bad;
+  for (const std::string_view bad : {"0", "61"}) EXPECT_NE(fault_of("least-age-dams", bad), "") << bad;
+  for (const std::string_view bad : {"0.51", "51%"}) EXPECT_NE(fault_of("import-kinship", bad), "") << bad;
+  for (const std::string_view bad : {"51%", "-51%", "2"}) EXPECT_NE(fault_of("litters-trend", bad), "") << bad;
+  EXPECT_NE(fault_of("one-litter-a-dam", "ja"), "");
+  EXPECT_NE(fault_of("exchange", "free"), "");
+  EXPECT_EQ(fault_of("most-liters-a-year", "5"), "there is no such rule");
+}
+
+TEST(ReadScenarios, TakesNamesAndRules) {
+  const ReadScenarios read = read_scenarios(
+      "\xEF\xBB\xBF# for the council\r\n\r\n[five litters]\r\nmost-litters-a-year = 5\r\n; and\n[ two rules ]\n"
+      "most-f=6.25%\nsires = +20");
+  ASSERT_TRUE(read.problems.empty());
+  ASSERT_EQ(read.scenarios.size(), 2U);
+  EXPECT_EQ(read.scenarios[0].name, "five litters");
+  EXPECT_EQ(read.scenarios[0].litters_a_year, 5);
+  EXPECT_EQ(read.scenarios[1].name, "two rules");
+  ASSERT_EQ(read.scenarios[1].written.size(), 2U);
+  EXPECT_EQ(read.scenarios[1].written[0].text(), "most-f = 6.25%");
+  EXPECT_EQ(read.scenarios[1].written[0].line, 7);
+  EXPECT_EQ(read.scenarios[1].written[1].text(), "sires = +20");
+  EXPECT_EQ(read.scenarios[1].written[1].line, 8);
+}
+
+struct Fault {
+  std::int64_t line;
+  std::string text;
+};
+
+void expect_fault(std::string_view text, const Fault& fault) {
+  const ReadScenarios read = read_scenarios(text);
+  ASSERT_EQ(read.problems.size(), 1U) << text;
+  EXPECT_EQ(read.problems[0].line, fault.line) << text;
+  EXPECT_EQ(read.problems[0].text, fault.text) << text;
+}
+
+TEST(ReadScenarios, NamesLineAndTextOfAFault) {
+  expect_fault("[a]\nmost-litters-a-year = five\n", {2, "five"});
+  expect_fault("[a]\nsires = 5\nsires = 6\n", {3, "sires"});
+  expect_fault("[a]\nsires 5\n", {2, "sires 5"});
+  expect_fault("sires = 5\n", {1, "sires = 5"});
+  expect_fault("[a]\nsires = 5\n[a]\n", {3, "a"});
+  expect_fault("[present]\n", {1, "present"});
+  expect_fault("[options]\n", {1, "options"});
+  expect_fault("[a\n", {1, "[a"});
+  expect_fault("[a]\n", {0, "a"});
+  expect_fault("", {0, ""});
+}
+
+TEST(ReadScenarios, TakesTwelveOfThem) {
+  std::string text;
+  for (int k = 0; k < 12; ++k) text += "[" + std::to_string(k) + "]\nsires = 5\n";
+  EXPECT_TRUE(read_scenarios(text).problems.empty());
+  EXPECT_EQ(read_scenarios(text + "[more]\n").problems.size(), 1U);
+}
+
+BasePeriod small_practice() {
+  BasePeriod base;
+  base.first_alike = base.first_year = 2001;
+  base.last_year = 2002;
+  GroupYear year;
+  year.with_both = 100;
+  year.in_use.of_males = 20;
+  base.years = {{year}, {year}};
+  base.careers.of_males.oldest = 8;
+  base.careers.of_females.oldest = 10;
+  return base;
+}
+
+std::size_t contradictions(std::string_view rules) {
+  const ReadScenarios read = read_scenarios("[a]\n" + std::string(rules));
+  EXPECT_TRUE(read.problems.empty()) << rules;
+  return find_contradictions(read.scenarios.front(), small_practice()).size();
+}
+
+TEST(FindContradictions, KnowsBothSides) {
+  EXPECT_EQ(contradictions("most-litters-a-year = 5\nmost-litters-in-life = 5"), 0U);
+  EXPECT_EQ(contradictions("most-litters-a-year = 6\nmost-litters-in-life = 5"), 1U);
+  EXPECT_EQ(contradictions("most-litters-a-year = 5\nsires = 20"), 0U);  // just enough for 100 litters
+  EXPECT_EQ(contradictions("most-litters-a-year = 5\nsires = 19"), 1U);
+  EXPECT_EQ(contradictions("sires = -19"), 0U);
+  EXPECT_EQ(contradictions("sires = -20"), 1U);
+  EXPECT_EQ(contradictions("litters = -99"), 0U);
+  EXPECT_EQ(contradictions("litters = -100"), 1U);
+  EXPECT_EQ(contradictions("least-age-sires = 8"), 0U);
+  EXPECT_EQ(contradictions("least-age-sires = 9"), 1U);
+  EXPECT_EQ(contradictions("least-age-dams = 10"), 0U);
+  EXPECT_EQ(contradictions("least-age-dams = 11"), 1U);
+  EXPECT_EQ(contradictions("exchange = closed"), 1U);
+  EXPECT_EQ(contradictions("import-kinship = 0.1"), 1U);
+  EXPECT_EQ(contradictions("import-kinship = 0.1\nimport-dams = 1"), 0U);
+}
+
+TEST(FindContradictions, NamesTheLineOfARule) {
+  const ReadScenarios read = read_scenarios("[a]\nmost-f = 0.1\n[b]\n\nsires = 3\nmost-litters-a-year = 5\n");
+  EXPECT_TRUE(find_contradictions(read.scenarios[0], small_practice()).empty());
+  const std::vector<RuleProblem> problems = find_contradictions(read.scenarios[1], small_practice());
+  ASSERT_EQ(problems.size(), 1U);
+  EXPECT_EQ(problems[0].line, 5);
+  EXPECT_EQ(problems[0].text, "sires = 3");
+}
+
+}  // namespace
+}  // namespace pedigreewatch::test
