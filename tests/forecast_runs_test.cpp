@@ -102,7 +102,7 @@ TEST(ForecastRun, IsTheSameForTheSameSeed) {
 TEST(ForecastRun, ForgetsWhatIsBehindTheYear) {
   const WholeRun of_all = forecast(herd(12), {"--from", "2008", "--replicates", "5"});
   const WholeRun of_some = forecast(herd(8), {"--years", "4", "--replicates", "5"});
-  EXPECT_EQ(of_all.file("dogs_forecast.tsv"), of_some.file("dogs_forecast.tsv"));
+  EXPECT_EQ(of_all.file("dogs_forecast_summary.tsv"), of_some.file("dogs_forecast_summary.tsv"));
 }
 
 void expect_refusal(const WholeRun& run, int exit_status, const std::string& message) {
@@ -139,6 +139,40 @@ TEST(ForecastRun, ComparesScenarios) {
   EXPECT_EQ(table.cell(30, "scenario"), "options");
   EXPECT_EQ(table.cell(19, "sires_in_use"), "6");  // twelve litters
   EXPECT_LT(std::stod(table.cell(29, "kinship_with_self")), std::stod(table.cell(9, "kinship_with_self")));
+  const ReadTable summary = read_table(run.file("dogs_forecast_summary.tsv"));
+  EXPECT_EQ(summary.rows.size(), 60U);
+  EXPECT_EQ(summary.cell(0, "figure"), "kinship_rate_per_year");
+  EXPECT_EQ(summary.cell(0, "difference"), "");
+  EXPECT_TRUE(has(run.console, "present practice: mean kinship goes from ")) << run.console;
+  EXPECT_TRUE(has(run.console, "two litters: each year ")) << run.console;
+  const std::string page = run.file("dogs_forecast.html");
+  EXPECT_TRUE(has(page, "<h1>Forecast: Village dogs</h1>"));
+  EXPECT_TRUE(has(page, "fill-opacity"));
+  EXPECT_TRUE(has(page, "most-litters-in-life = 2"));
+  EXPECT_TRUE(has(page, "There are not enough birth years to look back"));
+}
+
+TEST(ForecastRun, SpeaksDutch) {
+  const WholeRun run = forecast(herd(10), {"--years", "3", "--replicates", "3", "--sires", "+2"}, {}, "nl");
+  ASSERT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_TRUE(has(run.console, "huidige praktijk: de gemiddelde verwantschap gaat van ")) << run.console;
+  EXPECT_TRUE(has(run.file("dogs_forecast.html"), "<html lang=\"nl\">"));
+}
+
+TEST(ForecastRun, PutsTheTruthBesideIt) {
+  const WholeRun run = forecast(herd(12), {"--from", "2008", "--replicates", "20"});
+  const ReadTable table = read_table(run.file("dogs_forecast.tsv"));
+  ASSERT_EQ(table.rows.size(), 4U);
+  EXPECT_EQ(table.cell(3, "sires_in_use_real"), "4");
+  EXPECT_GT(std::stod(table.cell(3, "F_mean_real")), 0.0);
+  EXPECT_TRUE(has(run.console, "forecast from 2008: the real mean F lay within the band in ")) << run.console;
+}
+
+TEST(ForecastRun, LooksBackTenYearsByItself) {
+  const WholeRun run = forecast(herd(30), {"--years", "1", "--replicates", "5"});
+  EXPECT_TRUE(has(run.console, "forecast from 2020: the real mean kinship lay within the band in ")) << run.console;
+  const WholeRun short_one = forecast(herd(29), {"--years", "1", "--replicates", "5"});
+  EXPECT_FALSE(has(short_one.console, "forecast from")) << short_one.console;
 }
 
 TEST(ForecastRun, NamesTheLineOfARuleThatIsWrong) {

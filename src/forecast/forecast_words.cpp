@@ -44,6 +44,58 @@ constexpr Wording groups_line = {"sires from another subpopulation: {1} % of the
 constexpr Wording incomplete_line = {"{1} is left out: too few births so far for a whole year",
                                      "{1} is weggelaten: tot nu toe te weinig geboorten voor een heel jaar"};
 
+constexpr Wording present_title = {"present practice", "huidige praktijk"};
+constexpr Wording result_line = {
+    "mean kinship goes from {1} % in {2} to {3} % in {4} ({5} to {6} % in 90 of 100 replicates)",
+    "de gemiddelde verwantschap gaat van {1} % in {2} naar {3} % in {4} ({5} tot {6} % in 90 van de 100 herhalingen)"};
+constexpr Wording f_line = {"mean F comes to {1} % ({2} to {3} %)", "de gemiddelde F komt op {1} % ({2} tot {3} %)"};
+constexpr Wording rate_line = {
+    "kinship rises by {1} % a generation ({2} to {3} %), as with an effective size of {4}",
+    "de verwantschap stijgt met {1} % per generatie ({2} tot {3} %), zoals bij een effectieve grootte van {4}"};
+constexpr Wording falling_line = {"kinship changes by {1} % a generation ({2} to {3} %)",
+                                  "de verwantschap verandert met {1} % per generatie ({2} tot {3} %)"};
+constexpr Wording lower_line = {
+    "in {1} mean kinship is {2} percentage points lower than under the present practice ({3} to {4})",
+    "in {1} is de gemiddelde verwantschap {2} procentpunt lager dan bij de huidige praktijk ({3} tot {4})"};
+constexpr Wording higher_line = {
+    "in {1} mean kinship is {2} percentage points higher than under the present practice ({3} to {4})",
+    "in {1} is de gemiddelde verwantschap {2} procentpunt hoger dan bij de huidige praktijk ({3} tot {4})"};
+constexpr Wording same_line = {
+    "in {1} mean kinship is the same as under the present practice in 90 of 100 replicates: the rules forbid hardly "
+    "anything that is done now",
+    "in {1} is de gemiddelde verwantschap in 90 van de 100 herhalingen dezelfde als bij de huidige praktijk: de regels "
+    "verbieden bijna niets van wat nu gebeurt"};
+constexpr Wording unclear_line = {
+    "in {1} mean kinship may be lower or higher than under the present practice: the difference lies between {2} and "
+    "{3} percentage points",
+    "in {1} kan de gemiddelde verwantschap lager of hoger zijn dan bij de huidige praktijk: het verschil ligt tussen "
+    "{2} en {3} procentpunt"};
+constexpr Wording sires_cost_line = {"each year {1} litters of {2} sires go to other sires",
+                                     "elk jaar gaan {1} nesten van {2} vaders naar andere vaders"};
+constexpr Wording pairs_cost_line = {"each year {1} pairs are not made, and others in their place",
+                                     "elk jaar worden {1} paren niet gemaakt, en andere in hun plaats"};
+constexpr Wording entrants_cost_line = {"each year {1} animals do not come into use, and others in their place",
+                                        "elk jaar komen {1} dieren niet in gebruik, en andere in hun plaats"};
+constexpr Wording lost_line = {"each year {1} litters are not born, as no permitted parent is left",
+                               "elk jaar worden {1} nesten niet geboren, omdat er geen toegestane ouder over is"};
+constexpr Wording all_died_line = {
+    "the population dies out in every replicate, in half of them by {1}: there are no dams or no permitted sires "
+    "left",
+    "de populatie sterft in elke herhaling uit, in de helft uiterlijk in {1}: er zijn geen moeders of geen toegestane vaders "
+    "meer"};
+constexpr Wording unknown_parents_line = {
+    "{1} % of the young have an unknown parent, who counts as related to nobody: inbreeding and kinship are higher than "
+    "stated, and their fall may be one on paper only",
+    "{1} % van de jongen heeft een onbekende ouder, die als met niemand verwant telt: inteelt en verwantschap zijn hoger "
+    "dan hier staat, en een daling kan er een op papier zijn"};
+constexpr Wording died_line = {"the population dies out in {1} of {2} replicates; its figures are those of the others",
+                               "de populatie sterft uit in {1} van de {2} herhalingen; de cijfers zijn die van de "
+                               "andere"};
+constexpr Wording truth_line = {
+    "forecast from {1}: the real {2} lay within the band in {3} of {4} years, above it in {5}, below it in {6}",
+    "vooruitblik vanuit {1}: de werkelijke {2} lag in {3} van de {4} jaren binnen de band, in {5} erboven, in {6} eronder"};
+constexpr Wording f_name = {"mean F", "gemiddelde F"}, kinship_name = {"mean kinship", "gemiddelde verwantschap"};
+
 std::string one_decimal(double value) {
   return fixed_decimals(value, 1);
 }
@@ -92,6 +144,129 @@ std::vector<std::string> practice_sentences(const BasePeriod& base, const Counte
 
 std::string incomplete_sentence(std::int32_t year, ToolLanguage language) {
   return phrase(incomplete_line, language, {std::to_string(year)});
+}
+
+namespace {
+
+/// Lines of one scenario.
+struct ScenarioLines {
+  ToolLanguage language;
+  std::vector<std::string> lines = {};
+
+  void add(const Wording& wording, std::initializer_list<std::string> values) {
+    const std::vector<std::string_view> all(values.begin(), values.end());
+    lines.push_back(phrase(wording, language, all));
+  }
+};
+
+void add_result(const Forecast& forecast, const ScenarioSummary& summary, ScenarioLines& lines) {
+  const auto& kinship = summary.of(SummaryFigure::last_kinship).value;
+  const auto& f = summary.of(SummaryFigure::last_mean_f).value;
+  if (!kinship || !f) return;
+  lines.add(result_line, {percent_of(forecast.start.with_self), std::to_string(forecast.first_year - 1),
+                          percent_of(kinship->median), std::to_string(forecast.first_year + forecast.years - 1),
+                          percent_of(kinship->low), percent_of(kinship->high)});
+  lines.add(f_line, {percent_of(f->median), percent_of(f->low), percent_of(f->high)});
+  const auto& rate = summary.of(SummaryFigure::kinship_rate_per_generation).value;
+  if (!rate) return;
+  const std::string median = percent_of(rate->median), low = percent_of(rate->low), high = percent_of(rate->high);
+  if (rate->median > 0.0) {
+    lines.add(rate_line, {median, low, high, fixed_decimals(0.5 / rate->median, 0)});
+  } else {
+    lines.add(falling_line, {median, low, high});
+  }
+}
+
+void add_difference(const Forecast& forecast, const ScenarioSummary& summary, ScenarioLines& lines) {
+  const auto& difference = summary.of(SummaryFigure::last_kinship).difference;
+  if (!difference) return;
+  const std::string year = std::to_string(forecast.first_year + forecast.years - 1);
+  if (difference->low == 0.0 && difference->high == 0.0) {
+    lines.add(same_line, {year});
+  } else if (difference->high < 0.0) {
+    lines.add(lower_line,
+              {year, percent_of(-difference->median), percent_of(-difference->high), percent_of(-difference->low)});
+  } else if (difference->low > 0.0) {
+    lines.add(higher_line,
+              {year, percent_of(difference->median), percent_of(difference->low), percent_of(difference->high)});
+  } else {
+    lines.add(unclear_line, {year, percent_of(difference->low), percent_of(difference->high)});
+  }
+}
+
+/// After so many years half of the replicates, or more, have died out; of a scenario in which all have.
+std::int32_t median_years(const ScenarioForecast& scenario) {
+  std::vector<std::int32_t> years;
+  for (const ReplicateYears& replicate : scenario.replicates) {
+    years.push_back(static_cast<std::int32_t>(std::ssize(replicate)));
+  }
+  const auto middle = years.begin() + std::ssize(years) / 2;
+  std::nth_element(years.begin(), middle, years.end());
+  return *middle;
+}
+
+/// What is refused; less than one in twenty years is not worth a sentence.
+void add_costs(const ScenarioSummary& summary, ScenarioLines& lines) {
+  constexpr double least = 0.05;
+  const auto median = [&](SummaryFigure figure) {
+    const auto& value = summary.of(figure).value;
+    return value ? value->median : 0.0;
+  };
+  const double litters = median(SummaryFigure::refused_litters), sires = median(SummaryFigure::refused_sires);
+  if (litters >= least || sires >= least) lines.add(sires_cost_line, {one_decimal(litters), one_decimal(sires)});
+  const struct {
+    SummaryFigure figure;
+    const Wording& line;
+  } costs[] = {{SummaryFigure::refused_pairs, pairs_cost_line},
+               {SummaryFigure::refused_entrants, entrants_cost_line},
+               {SummaryFigure::lost_litters, lost_line}};
+  for (const auto& cost : costs) {
+    if (median(cost.figure) >= least) lines.add(cost.line, {one_decimal(median(cost.figure))});
+  }
+}
+
+}  // namespace
+
+std::optional<std::string> unknown_parents_sentence(const FamilyPractice& families, ToolLanguage language) {
+  const double share = families.half_known + families.founders;
+  if (share < least_unknown_share) return std::nullopt;
+  return phrase(unknown_parents_line, language, {percent_of(share, 1)});
+}
+
+std::string title_of(const BreedingRules& rules, ToolLanguage language) {
+  return rules.name == present_practice ? std::string(words_of(present_title, language)) : rules.name;
+}
+
+std::vector<std::string> scenario_sentences(const Forecast& forecast, const ScenarioSummary& summary,
+                                            std::size_t scenario, ToolLanguage language) {
+  const ScenarioForecast& of = forecast.scenarios[scenario];
+  ScenarioLines lines = {language};
+  add_result(forecast, summary, lines);
+  add_difference(forecast, summary, lines);
+  add_costs(summary, lines);
+  if (summary.died_out == std::ssize(of.replicates)) {
+    lines.add(all_died_line, {std::to_string(forecast.first_year + median_years(of))});
+  } else if (summary.died_out > 0) {
+    lines.add(died_line, {std::to_string(summary.died_out), std::to_string(of.replicates.size())});
+  }
+  return std::move(lines.lines);
+}
+
+std::vector<std::string> truth_sentences(const Forecast& forecast, const std::vector<RealYear>& truth,
+                                         std::int32_t from, ToolLanguage language) {
+  std::vector<std::string> lines;
+  const struct {
+    ForecastFigure figure;
+    const Wording& name;
+  } figures[] = {{ForecastFigure::mean_f, f_name}, {ForecastFigure::kinship_with_self, kinship_name}};
+  for (const auto& figure : figures) {
+    const Foretold told = compare_with_truth(forecast.scenarios.front(), forecast.first_year, truth, figure.figure);
+    if (told.years == 0) continue;
+    lines.push_back(phrase(truth_line, language,
+                           {std::to_string(from), words_of(figure.name, language), std::to_string(told.within),
+                            std::to_string(told.years), std::to_string(told.above), std::to_string(told.below)}));
+  }
+  return lines;
 }
 
 }  // namespace pedigreewatch

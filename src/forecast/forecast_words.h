@@ -1,11 +1,14 @@
 // What is said of a forecast, in either language. Console, page and desk say the same.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "forecast/forecast.h"
+#include "forecast/forecast_summary.h"
 #include "forecast/practice_figures.h"
+#include "forecast/real_years.h"
 #include "text/phrases.h"
 
 namespace pedigreewatch {
@@ -16,5 +19,20 @@ std::vector<std::string> practice_sentences(const BasePeriod& base, const Counte
 
 /// A last birth year that is left out because it is incomplete.
 std::string incomplete_sentence(std::int32_t year, ToolLanguage language);
+
+/// Where a scenario leads, what it changes against the present practice, and what it costs; behind its title.
+std::vector<std::string> scenario_sentences(const Forecast& forecast, const ScenarioSummary& summary,
+                                            std::size_t scenario, ToolLanguage language);
+
+/// From this share of young with an unknown parent on, figures are said to be too low.
+inline constexpr double least_unknown_share = 0.05;
+std::optional<std::string> unknown_parents_sentence(const FamilyPractice& families, ToolLanguage language);
+
+/// Whether the truth lay within the band, in words. `from` is the last year that the forecast knew.
+std::vector<std::string> truth_sentences(const Forecast& forecast, const std::vector<RealYear>& truth,
+                                         std::int32_t from, ToolLanguage language);
+
+/// The name of a scenario for people.
+std::string title_of(const BreedingRules& rules, ToolLanguage language);
 
 }  // namespace pedigreewatch

@@ -29,6 +29,7 @@ struct Series {
   std::string name;
   std::vector<Value> values;
   Paint paint = {};
+  std::vector<Value> low = {}, high = {};  ///< by place: a band around a line; empty: none
 };
 
 /// Something that happened at a place: a vertical line across the chart.

@@ -87,6 +87,7 @@ ValueAxis value_axis_of(const Chart& chart) {
     if (chart.kind == ChartKind::stacked_bars) range.add(sum_at(chart, place));
     for (const Series& series : chart.series) {
       if (series.values[place] && chart.kind == ChartKind::lines) range.add(*series.values[place]);
+      if (place < series.high.size() && series.high[place]) range.add(*series.high[place]);
     }
   }
   for (const ReferenceLine& reference : chart.references) range.add(reference.value);

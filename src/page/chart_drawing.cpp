@@ -166,7 +166,24 @@ std::string points_of(const Series& series, const Plane& plane, const Chart& cha
   return path;
 }
 
+/// The bands lie below all lines, and let each other through.
+void draw_bands(std::string& page, const Chart& chart, const Plane& plane) {
+  for (std::size_t s = 0; s < chart.series.size(); ++s) {
+    const Series& series = chart.series[s];
+    std::string there, back;
+    for (std::size_t place = 0; place < series.low.size(); ++place) {
+      if (!series.low[place] || !series.high[place]) continue;
+      there += (there.empty() ? "M" : "L") + point(plane.x(place), plane.y(*series.high[place]));
+      back = "L" + point(plane.x(place), plane.y(*series.low[place])) + back;
+    }
+    if (there.empty()) continue;
+    page +=
+        "<path class=\"" + style_of("c", number_of(chart, s)) + "\" fill-opacity=\".16\" d=\"" + there + back + "z\"/>";
+  }
+}
+
 void draw_lines(std::string& page, const Chart& chart, const Plane& plane) {
+  draw_bands(page, chart, plane);
   for (std::size_t s = 0; s < chart.series.size(); ++s) {
     const std::size_t number = number_of(chart, s);
     draw_path(page, style_of("l l", number), line_through(chart.series[s], plane));

@@ -14,10 +14,13 @@
 
 #include "core/new_files.h"
 #include "forecast/forecast.h"
+#include "forecast/forecast_summary.h"
 #include "forecast/forecast_words.h"
 #include "forecast/model_fit.h"
 #include "forecast/practice_figures.h"
+#include "forecast/real_years.h"
 #include "forecast/rule_reading.h"
+#include "page/forecast_page.h"
 #include "planning/parent_use.h"
 #include "planning/plan_words.h"
 #include "tables/forecast_tables.h"
@@ -199,6 +202,80 @@ Forecast watch_forecast(FolderRun& run, const ModelBasis& basis, std::span<const
   return forecast;
 }
 
+std::vector<RealYear> real_years_until(const FolderRun& run, std::int32_t last) {
+  const AnalysedPopulation& population = run.population;
+  const FamilyRecords records = list_families(population.store, population.analysis.years, last);
+  return list_real_years(records, population.analysis.whole.inbreeding, population.analysis.whole.tables);
+}
+
+/// The page looks back by itself for so many years, where there are so many birth years.
+constexpr std::int32_t years_to_look_back = 10, least_years_to_look_back = 30;
+
+/// A forecast of the present practice from ten years ago; none with too few years.
+std::optional<Hindcast> look_back(FolderRun& run, const ForecastSettings& settings, const std::vector<RealYear>& real) {
+  if (std::ssize(real) < least_years_to_look_back) return std::nullopt;
+  const std::int32_t from = real.back().year - years_to_look_back;
+  const PopulationStore& store = run.population.store;
+  const FamilyRecords records = list_families(store, run.population.analysis.years, from);
+  std::optional<BasePeriod> base = measure_base_period(records);
+  if (!base) return std::nullopt;
+  const std::optional<ModelBasis> basis = prepare_basis(run, records, std::move(*base), settings.seed);
+  if (!basis) return std::nullopt;
+  ForecastSettings ten_years = settings;
+  ten_years.years = years_to_look_back;
+  BreedingRules present;
+  present.name = present_practice;
+  return Hindcast{watch_forecast(run, *basis, {&present, 1}, ten_years), from};
+}
+
+/// Everything that is shown and written of a forecast.
+struct ForecastResults {
+  const Forecast& forecast;
+  const std::vector<ScenarioSummary> summaries;
+  const std::vector<RealYear> real;  ///< up to the last full year
+  const std::optional<Hindcast> hindcast;
+  const std::vector<std::string> practice, warnings;
+};
+
+std::vector<ForecastFile> make_files(const FolderRun& run, const ForecastOptions& options,
+                                     const ForecastResults& results) {
+  const auto name = [&](std::string_view ending) { return name_beside_report(run.population.settings, ending); };
+  std::vector<ForecastFile> files;
+  TableWriter table, summary;
+  write_forecast_table(results.forecast, options.from ? std::span(results.real) : std::span<const RealYear>(), table);
+  files.push_back({name("_forecast.tsv"), std::move(table.text)});
+  write_forecast_summary(results.forecast, results.summaries, summary);
+  files.push_back({name("_forecast_summary.tsv"), std::move(summary.text)});
+  files.push_back(
+      {name("_forecast.html"),
+       make_forecast_page({results.forecast, results.summaries, results.real,
+                           results.hindcast ? &*results.hindcast : nullptr, results.practice, results.warnings,
+                           run.population.settings.population_name.trimmed(), run.language})});
+  return files;
+}
+
+std::vector<std::string> warnings_of(const FamilyPractice& families, ToolLanguage language) {
+  const std::optional<std::string> unknown_parents = unknown_parents_sentence(families, language);
+  return unknown_parents ? std::vector<std::string>{*unknown_parents} : std::vector<std::string>();
+}
+
+void say_results(const FolderRun& run, const ForecastOptions& options, const ForecastResults& results) {
+  for (std::size_t k = 0; k < results.summaries.size(); ++k) {
+    const std::string title = title_of(results.forecast.scenarios[k].rules, run.language);
+    for (const std::string& line : scenario_sentences(results.forecast, results.summaries[k], k, run.language)) {
+      say(run.streams.console, title + ": " + line);
+    }
+  }
+  for (const std::string& line : results.warnings) say(run.streams.console, line);
+  const bool is_from = options.from.has_value();
+  if (!is_from && !results.hindcast) return;
+  const Forecast& told = is_from ? results.forecast : results.hindcast->forecast;
+  const std::int32_t from = is_from ? *options.from : results.hindcast->from;
+  for (const std::string& line : truth_sentences(told, results.real, from, run.language)) {
+    say(run.streams.console, line);
+  }
+}
+
 Refusal forecast_and_write(FolderRun& run, const ForecastOptions& options) {
   const PopulationStore& store = run.population.store;
   Refusal refusal;
@@ -209,8 +286,8 @@ Refusal forecast_and_write(FolderRun& run, const ForecastOptions& options) {
   if (!base) return ToolRefusal{run.words(too_few_years, {std::to_string(*last)})};
   const CountedPractice counted =
       count_practice(run.population.analysis.whole.tables, store.birth_years, base->first_year, base->last_year);
-  const std::vector<std::string> practice =
-      practice_sentences(*base, counted, measure_practice(records, *base), run.language);
+  const FamilyPractice families = measure_practice(records, *base);
+  const std::vector<std::string> practice = practice_sentences(*base, counted, families, run.language);
   for (const std::string& line : practice) say(run.streams.console, line);
   const auto scenarios = gather_scenarios(run, options, *base);
   if (!scenarios) return ToolRefusal{run.words(nothing_written)};
@@ -218,11 +295,19 @@ Refusal forecast_and_write(FolderRun& run, const ForecastOptions& options) {
   const std::optional<ModelBasis> basis = prepare_basis(run, records, std::move(*base), settings.seed);
   if (!basis) return ToolRefusal{run.words(was_stopped)};
   const Forecast forecast = watch_forecast(run, *basis, *scenarios, settings);
-  if (forecast.is_stopped) return ToolRefusal{run.words(was_stopped)};
-  TableWriter table;
-  write_forecast_table(forecast, table);
-  std::vector<ForecastFile> files;
-  files.push_back({name_beside_report(run.population.settings, "_forecast.tsv"), std::move(table.text)});
+  std::vector<RealYear> real = real_years_until(run, last_full_year(store).value_or(*last));
+  std::optional<Hindcast> hindcast;
+  if (options.from) {
+    hindcast = Hindcast{forecast, *last};
+  } else if (!forecast.is_stopped) {
+    hindcast = look_back(run, settings, real);
+  }
+  if (is_stop_requested(run.streams)) return ToolRefusal{run.words(was_stopped)};
+  const ForecastResults results = {forecast,        summarise(forecast),
+                                   std::move(real), std::move(hindcast),
+                                   practice,        warnings_of(families, run.language)};
+  say_results(run, options, results);
+  std::vector<ForecastFile> files = make_files(run, options, results);
   return write_files(run, options, files);
 }
 

@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "forecast/forecast.h"
+#include "forecast/forecast_summary.h"
+#include "forecast/real_years.h"
 #include "support/simulated_breed.h"
 
 namespace pedigreewatch::test {
@@ -361,6 +363,67 @@ TEST(ModelRules, UseFewerSiresThanGoOn) {
     for (const auto& [year, of_year] : sires) EXPECT_EQ(of_year.size(), 3U) << year;
     EXPECT_EQ(imports.size(), 12U);  // each is used in its first year
   });
+}
+
+Forecast forecast_of(const RuledBreed& begun, const std::vector<BreedingRules>& scenarios) {
+  ForecastSettings settings;
+  settings.years = 15;
+  settings.replicates = 20;
+  return make_forecast(begun.basis, scenarios, settings);
+}
+
+TEST(Summarise, ComparesReplicateByReplicate) {
+  const RuledBreed begun;
+  std::vector<BreedingRules> scenarios(3);
+  scenarios[2].imports = {4, 4};
+  const Forecast forecast = forecast_of(begun, scenarios);
+  const std::vector<ScenarioSummary> summaries = summarise(forecast);
+  EXPECT_FALSE(summaries[0].of(SummaryFigure::last_kinship).difference.has_value());
+  // The same rules have the same random numbers.
+  EXPECT_EQ(summaries[1].of(SummaryFigure::last_kinship).difference->low, 0.0);
+  EXPECT_EQ(summaries[1].of(SummaryFigure::last_kinship).difference->high, 0.0);
+  EXPECT_LT(summaries[2].of(SummaryFigure::last_kinship).difference->high, 0.0);
+  EXPECT_LT(summaries[2].of(SummaryFigure::kinship_rate_per_year).value->median,
+            summaries[0].of(SummaryFigure::kinship_rate_per_year).value->median);
+  EXPECT_FALSE(summaries[0].of(SummaryFigure::diversity_kept_25).value.has_value());  // not so many years
+  const auto kept = figure_of(forecast, forecast.scenarios[0].replicates[0], SummaryFigure::diversity_kept_10);
+  EXPECT_DOUBLE_EQ(*kept,
+                   (1.0 - forecast.scenarios[0].replicates[0][9].kinship.with_self) / (1.0 - forecast.start.with_self));
+}
+
+TEST(Summarise, FindsARateByHand) {
+  Forecast forecast;
+  ReplicateYears years(3);
+  double left = 0.9;
+  for (ModelYear& year : years) {
+    year.kinship.mean_f = 1.0 - left;
+    year.kinship.without_self = 1.0 - left * left;
+    year.parent_age = 2.0;
+    left *= 0.99;
+  }
+  EXPECT_NEAR(*figure_of(forecast, years, SummaryFigure::inbreeding_rate_per_year), 0.01, 1e-12);
+  EXPECT_NEAR(*figure_of(forecast, years, SummaryFigure::inbreeding_rate_per_generation), 1.0 - 0.99 * 0.99, 1e-12);
+  EXPECT_NEAR(*figure_of(forecast, years, SummaryFigure::kinship_rate_per_year), 1.0 - 0.99 * 0.99, 1e-12);
+  const double rate = 1.0 - 0.99 * 0.99 * 0.99 * 0.99;
+  EXPECT_NEAR(*figure_of(forecast, years, SummaryFigure::effective_size), 0.5 / rate, 1e-9);
+}
+
+TEST(CompareWithTruth, CountsYearsWithinAboveAndBelow) {
+  ScenarioForecast scenario;
+  scenario.replicates.assign(2, ReplicateYears(4));
+  for (ModelYear& year : scenario.replicates[1]) year.kinship.mean_f = 0.1;  // from 0.005 to 0.095
+  std::vector<RealYear> truth(5);
+  const std::vector<double> f = {0.5, 0.004, 0.006, 0.094, 0.096};
+  for (std::size_t k = 0; k < truth.size(); ++k) {
+    truth[k].year = 1999 + static_cast<std::int32_t>(k);
+    truth[k].figures.kinship.mean_f = f[k];
+  }
+  const Foretold told = compare_with_truth(scenario, 2000, truth, ForecastFigure::mean_f);
+  EXPECT_EQ(told.years, 4);
+  EXPECT_EQ(told.within, 2);
+  EXPECT_EQ(told.above, 1);
+  EXPECT_EQ(told.below, 1);
+  EXPECT_FALSE(told.is_last_within);
 }
 
 }  // namespace
