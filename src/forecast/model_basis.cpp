@@ -165,6 +165,29 @@ void note_last_litters(ModelBasis& basis) {
   basis.last_litter[0] = 0;
 }
 
+/// Leaves in the table whom replicates ask for: those that may still have young, and parents of those that may become
+/// parents. The others were needed for the ranks of mates.
+void shorten_table(ModelBasis& basis) {
+  if (!basis.has_table()) return;
+  std::vector<Flag> is_wanted(basis.last_litter.size(), 0);
+  for (const Sex sex : {male, female}) {
+    for (const ActiveParent& active : basis.active.of(sex)) is_wanted[static_cast<std::size_t>(active.animal)] = 1;
+  }
+  std::vector<std::int32_t> animals;
+  for (const std::int32_t animal : basis.table.animal_of) {
+    if (animal == 0) continue;
+    const auto number = static_cast<std::size_t>(animal);
+    const bool has_young_candidates = basis.last_litter[number] >= basis.first_candidate_year;
+    if (has_young_candidates || is_wanted[number] != 0 || animal == basis.origin) animals.push_back(animal);
+  }
+  std::vector<float> cells;
+  cells.reserve(animals.size() * animals.size());
+  for (const std::int32_t first : animals) {
+    for (const std::int32_t second : animals) cells.push_back(basis.table.between(first, second));
+  }
+  basis.table = make_kinship_table(animals, cells, basis.pedigree.count());
+}
+
 }  // namespace
 
 ModelBasis make_model_basis(const FamilyRecords& records, BasePeriod base, std::uint64_t seed) {
@@ -180,6 +203,7 @@ ModelBasis make_model_basis(const FamilyRecords& records, BasePeriod base, std::
   gather_active(basis);
   gather_candidates_of_years(basis);
   note_last_litters(basis);
+  shorten_table(basis);
   return basis;
 }
 
