@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 namespace pedigreewatch {
 namespace {
@@ -146,19 +147,19 @@ void measure_levels(const FamilyRecords& records, BasePeriod& base) {
 /// A row for each group of young. Where there were none, sires are of the same group.
 void count_exchange(const FamilyRecords& records, BasePeriod& base) {
   const auto groups = static_cast<std::size_t>(records.groups);
-  base.sire_groups.assign(groups, std::vector<double>(groups, 0.0));
+  std::vector<std::map<std::int32_t, double>> counts(groups);
   for (std::int32_t year = base.first_alike; year <= base.last_year; ++year) {
     for (const Family& family : records.of_year(year)) {
       if (family.sire == 0) continue;
-      const auto sires = static_cast<std::size_t>(records.group[family.sire]);
-      base.sire_groups[static_cast<std::size_t>(family.group)][sires] += 1.0;
+      counts[static_cast<std::size_t>(family.group)][records.group[family.sire]] += 1.0;
     }
   }
+  base.sire_groups.resize(groups);
   for (std::size_t g = 0; g < groups; ++g) {
+    if (counts[g].empty()) counts[g][static_cast<std::int32_t>(g)] = 1.0;
     double sum = 0.0;
-    for (const double share : base.sire_groups[g]) sum += share;
-    if (sum == 0.0) base.sire_groups[g][g] = sum = 1.0;
-    for (double& share : base.sire_groups[g]) share /= sum;
+    for (const auto& [group, count] : counts[g]) sum += count;
+    for (const auto& [group, count] : counts[g]) base.sire_groups[g].push_back({group, count / sum});
   }
 }
 

@@ -33,6 +33,12 @@ struct GroupYear {
   BySex<std::int32_t> entered = {};                               ///< of these, for the first time
 };
 
+/// The part of the sires that is of a group; such parts add up to 1.
+struct GroupShare {
+  std::int32_t group = 0;
+  double share = 0.0;
+};
+
 /// What may have gone up or down.
 struct PracticeLevels {
   Level litters;               ///< a year, of the base years
@@ -49,12 +55,12 @@ struct BasePeriod {
   PracticeLevels levels;
   /// By descent of the dam: how often the sire of a litter is unknown, in the years alike.
   std::array<double, descents> without_sire = {};
-  std::vector<std::int32_t> sizes;               ///< of families with a known dam
-  double male_share = 0.5;                       ///< of the young
-  std::vector<std::vector<double>> sire_groups;  ///< by group of the young: shares of the sires' groups, adding up to 1
-  BySex<std::vector<std::int32_t>> entries;      ///< careers that began since then, by number
-  BySex<double> outside = {};                    ///< of those that came into use, the part that has no line of its own
-  BySex<std::array<double, descents>> chosen;    ///< by descent: how many of those born came into use
+  std::vector<std::int32_t> sizes;                   ///< of families with a known dam
+  double male_share = 0.5;                           ///< of the young
+  std::vector<std::vector<GroupShare>> sire_groups;  ///< by group of the young: where its sires are from
+  BySex<std::vector<std::int32_t>> entries;          ///< careers that began since then, by number
+  BySex<double> outside = {};                  ///< of those that came into use, the part that has no line of its own
+  BySex<std::array<double, descents>> chosen;  ///< by descent: how many of those born came into use
   BySex<CareerRecords> careers;
   BySex<std::int32_t> oldest_entry;  ///< age at which parents are first used at most
 

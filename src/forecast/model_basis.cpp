@@ -126,6 +126,34 @@ void measure_mate_ranks(ModelBasis& basis, std::uint64_t seed) {
   for (std::size_t rank = 0; rank < looked_at; ++rank) basis.mate_ranks[rank] = counts[rank] / matings;
 }
 
+void count_going_on(ModelBasis& basis) {
+  const std::vector<std::vector<GroupYear>>& years = basis.base.years;
+  for (const Sex sex : {male, female}) {
+    std::vector<double>& means = basis.going_on.of(sex);
+    means.assign(static_cast<std::size_t>(basis.records.groups), 0.0);
+    for (const std::vector<GroupYear>& year : years) {
+      for (std::size_t group = 0; group < means.size(); ++group) {
+        const std::int32_t before = year[group].in_use.of(sex) - year[group].entered.of(sex);
+        means[group] += before / static_cast<double>(years.size());
+      }
+    }
+  }
+}
+
+void sort_entries(ModelBasis& basis) {
+  basis.sire_entries.resize(basis.base.years.size());
+  for (const std::int32_t number : basis.base.entries.of_males) {
+    const Career& career = basis.base.careers.of_males.at(number);
+    const std::int32_t year = career.first_year - basis.base.first_alike;
+    if (year < 0 || year >= std::ssize(basis.sire_entries)) continue;
+    basis.sire_entries[static_cast<std::size_t>(year)].push_back({career.group, number});
+  }
+  for (std::vector<GroupEntry>& entries : basis.sire_entries) {
+    std::stable_sort(entries.begin(), entries.end(),
+                     [](const GroupEntry& a, const GroupEntry& b) { return a.group < b.group; });
+  }
+}
+
 void gather_active(ModelBasis& basis) {
   for (const Sex sex : {male, female}) {
     const CareerRecords& careers = basis.base.careers.of(sex);
@@ -191,7 +219,7 @@ void shorten_table(ModelBasis& basis) {
 }  // namespace
 
 ModelBasis make_model_basis(const FamilyRecords& records, BasePeriod base, std::uint64_t seed) {
-  ModelBasis basis{records, std::move(base), {}, {}, 0, {}, {}, 1.0, 0.0, {}, {}, 0, {}};
+  ModelBasis basis{records, std::move(base), {}, {}, 0, {}, {}, 1.0, 0.0, {}, {}, {}, {}, 0, {}};
   const std::int32_t oldest = std::max(basis.base.oldest_entry.of_males, basis.base.oldest_entry.of_females);
   basis.first_candidate_year = records.last_year + 1 - oldest;
   const std::vector<std::int32_t> wanted = find_wanted_parents(basis);
@@ -200,6 +228,8 @@ ModelBasis make_model_basis(const FamilyRecords& records, BasePeriod base, std::
   basis.pedigree.variance[basis.origin] = 0.0;
   make_table(basis, wanted);
   measure_mate_ranks(basis, seed);
+  count_going_on(basis);
+  sort_entries(basis);
   gather_active(basis);
   gather_candidates_of_years(basis);
   note_last_litters(basis);

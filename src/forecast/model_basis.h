@@ -41,6 +41,11 @@ struct ActiveParent {
   std::int32_t last_litter = 0;  ///< year
 };
 
+/// A career of the practice, by number, that began in a group.
+struct GroupEntry {
+  std::int32_t group = 0, career = 0;
+};
+
 /// The model herd's first state. It refers to the records of the families, which stay.
 struct ModelBasis {
   const FamilyRecords& records;
@@ -52,6 +57,8 @@ struct ModelBasis {
   MateRanks mate_ranks = {};
   /// To which the use of a sire in a year, and its mean in life, are raised before litters are shared.
   double use_power = 1.0, life_power = 0.0;
+  std::vector<std::vector<GroupEntry>> sire_entries;  ///< by year of the practice, within a year by group
+  BySex<std::vector<double>> going_on;  ///< by group: parents of a year of the practice that were in use before, mean
   BySex<std::vector<ActiveParent>> active;
   std::vector<std::int32_t> last_litter;  ///< by animal of the pedigree: the year of its last family
   std::int32_t first_candidate_year = 0;

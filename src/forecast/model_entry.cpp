@@ -186,13 +186,13 @@ std::int32_t draw_entry(const BasePeriod& base, Sex sex, std::int32_t group, Ran
   return drawn;
 }
 
-std::vector<std::int32_t> entries_of_year(const BasePeriod& base, std::int32_t group, std::int32_t year,
+std::vector<std::int32_t> entries_of_year(const ModelBasis& basis, std::int32_t group, std::int32_t year,
                                           RandomStream& random) {
+  const std::vector<GroupEntry>& of_year = basis.sire_entries[static_cast<std::size_t>(year - basis.base.first_alike)];
+  auto entry = std::lower_bound(of_year.begin(), of_year.end(), group,
+                                [](const GroupEntry& a, std::int32_t wanted) { return a.group < wanted; });
   std::vector<std::int32_t> entries;
-  for (const std::int32_t number : base.entries.of_males) {
-    const Career& career = base.careers.of_males.at(number);
-    if (career.first_year == year && career.group == group) entries.push_back(number);
-  }
+  for (; entry != of_year.end() && entry->group == group; ++entry) entries.push_back(entry->career);
   shuffle(random, std::span(entries));
   return entries;
 }
@@ -233,6 +233,7 @@ void enter_import(ModelHerd& herd, Sex sex, std::int32_t group, std::int32_t yea
   const std::int32_t origin = herd.basis.origin;
   const std::int32_t born = year - std::max(base.careers.of(sex).at(number).first_age, herd.rules.least_age.of(sex));
   begin_career(add_model_parent(herd, sex, {origin, origin, born, 0.0F}), base.careers.of(sex), number, group);
+  herd.members.of(sex)[static_cast<std::size_t>(group)].push_back(herd.parents.of(sex).size() - 1);
 }
 
 }  // namespace pedigreewatch

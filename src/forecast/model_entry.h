@@ -18,7 +18,7 @@ std::int32_t draw_entry(const BasePeriod& base, Sex sex, std::int32_t group, Ran
 
 /// The careers of a group's sires that began in one year, in any order: those who came into use together did not all
 /// become popular.
-std::vector<std::int32_t> entries_of_year(const BasePeriod& base, std::int32_t group, std::int32_t year,
+std::vector<std::int32_t> entries_of_year(const ModelBasis& basis, std::int32_t group, std::int32_t year,
                                           RandomStream& random);
 
 /// Brings an import into use.

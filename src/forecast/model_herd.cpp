@@ -89,12 +89,8 @@ std::vector<GroupTarget> draw_targets(const ModelHerd& herd, std::int32_t year) 
 /// How many new parents come into use: as many as in a year of the base period, more or fewer where fewer or more than
 /// usual go on.
 std::int32_t wanted_new(ModelHerd& herd, Sex sex, std::int32_t group, const GroupYear& target, std::int32_t ready) {
-  double usual = 0.0;
   const BasePeriod& base = herd.basis.base;
-  for (const std::vector<GroupYear>& year : base.years) {
-    usual += (year[place(group)].in_use.of(sex) - year[place(group)].entered.of(sex)) /
-             static_cast<double>(base.years.size());
-  }
+  const double usual = herd.basis.going_on.of(sex)[place(group)];
   // What is less than a parent, or less than none, is left for the next year, so that the mean is right in small
   // groups.
   double& owed = herd.owed.of(sex)[place(group)];
@@ -112,11 +108,11 @@ void wake(ModelParent& parent) {
 }
 
 /// Dams that would have had none this year get a litter.
-void wake_dams(std::vector<ModelParent>& dams, std::int32_t group, std::int32_t litters, std::int32_t& found,
-               RandomStream& random) {
+void wake_dams(std::vector<ModelParent>& dams, std::span<const std::size_t> members, std::int32_t litters,
+               std::int32_t& found, RandomStream& random) {
   std::vector<std::size_t> resting;
-  for (std::size_t k = 0; k < dams.size(); ++k) {
-    if (dams[k].group == group && dams[k].use <= 0.0) resting.push_back(k);
+  for (const std::size_t k : members) {
+    if (dams[k].use <= 0.0) resting.push_back(k);
   }
   shuffle(random, std::span(resting));
   for (std::size_t k = 0; found < litters && k < resting.size(); ++k) {
@@ -135,8 +131,8 @@ void fill_dams(ModelHerd& herd, std::int32_t group, const GroupTarget& target, s
   const std::int32_t litters = target.numbers.with_both + target.numbers.without_sire;
   std::vector<std::size_t> ready;
   std::int32_t found = 0;
-  for (std::size_t k = 0; k < dams.size(); ++k) {
-    if (dams[k].group != group || dams[k].use <= 0.0) continue;
+  for (const std::size_t k : herd.members.of_females[place(group)]) {
+    if (dams[k].use <= 0.0) continue;
     ready.push_back(k);
     dams[k].litters = herd.rules.has_one_litter ? 1 : static_cast<std::int32_t>(dams[k].use);
     found += dams[k].litters;
@@ -160,24 +156,24 @@ void fill_dams(ModelHerd& herd, std::int32_t group, const GroupTarget& target, s
     dams[ready[k]].litters -= less;
     found -= less;
   }
-  if (found < litters) wake_dams(dams, group, litters, found, random);
+  if (found < litters) wake_dams(dams, herd.members.of_females[place(group)], litters, found, random);
   while (found < litters && enter(litters - found)) {
   }
 }
 
 /// Where the sire of a litter comes from.
-std::int32_t draw_sire_group(const ModelHerd& herd, const std::vector<double>& open, std::int32_t group,
+std::int32_t draw_sire_group(const ModelHerd& herd, const std::vector<GroupShare>& open, std::int32_t group,
                              RandomStream& random) {
   const double drawn = random.unit();
   const auto groups = static_cast<std::int32_t>(open.size());
   if (groups == 1 || herd.rules.exchange == Exchange::closed) return group;
   if (herd.rules.exchange == Exchange::rotation && group > 0) return group == 1 ? groups - 1 : group - 1;
-  const std::vector<double>& shares =
+  const std::vector<GroupShare>& shares =
       herd.rules.exchange == Exchange::open ? open : herd.basis.base.sire_groups[place(group)];
   double sum = 0.0;
-  for (std::int32_t other = 0; other < groups; ++other) {
-    sum += shares[place(other)];
-    if (drawn < sum) return other;
+  for (const GroupShare& other : shares) {
+    sum += other.share;
+    if (drawn < sum) return other.group;
   }
   return group;
 }
@@ -202,16 +198,24 @@ void choose_without_sire(const ModelHerd& herd, const std::vector<GroupTarget>& 
   }
 }
 
+/// The part of each group in the litters with two known parents.
+std::vector<GroupShare> shares_of_litters(const std::vector<GroupTarget>& targets) {
+  std::vector<GroupShare> shares;
+  double litters = 0.0;
+  for (const GroupTarget& target : targets) {
+    shares.push_back({static_cast<std::int32_t>(std::ssize(shares)), static_cast<double>(target.numbers.with_both)});
+    litters += shares.back().share;
+  }
+  for (GroupShare& group : shares) {
+    group.share = litters > 0.0 ? group.share / litters : 1.0 / static_cast<double>(shares.size());
+  }
+  return shares;
+}
+
 /// All litters that are to be born, in any order.
 std::vector<WantedLitter> list_litters(ModelHerd& herd, const std::vector<GroupTarget>& targets, std::int32_t year) {
   RandomStream random = herd.stream(year, DrawPurpose::groups);
-  std::vector<double> open;
-  double young = 0.0;
-  for (const GroupTarget& target : targets) {
-    open.push_back(static_cast<double>(target.numbers.with_both));
-    young += open.back();
-  }
-  for (double& share : open) share = young > 0.0 ? share / young : 1.0 / static_cast<double>(open.size());
+  const std::vector<GroupShare> open = shares_of_litters(targets);
   std::vector<WantedLitter> litters;
   for (std::size_t k = 0; k < herd.parents.of_females.size(); ++k) {
     const ModelParent& dam = herd.parents.of_females[k];
@@ -245,9 +249,9 @@ double weight_of(const ModelBasis& basis, const ModelParent& sire) {
 /// The sires of a group that have use this year; counts those that a rule ends.
 std::vector<std::size_t> ready_sires(ModelHerd& herd, std::int32_t group) {
   std::vector<std::size_t> ready;
-  for (std::size_t k = 0; k < herd.parents.of_males.size(); ++k) {
+  for (const std::size_t k : herd.members.of_males[place(group)]) {
     const ModelParent& sire = herd.parents.of_males[k];
-    if (sire.group != group || sire.use <= 0.0) continue;
+    if (sire.use <= 0.0) continue;
     if (most_litters(herd, sire) > 0) {
       ready.push_back(k);
     } else {
@@ -287,8 +291,8 @@ void rest_sires(std::vector<std::size_t>& ready, std::int64_t wanted, std::int32
 void wake_sire(ModelHerd& herd, std::int32_t group, std::vector<std::size_t>& ready, RandomStream& random) {
   std::vector<ModelParent>& sires = herd.parents.of_males;
   std::vector<std::size_t> resting;
-  for (std::size_t k = 0; k < sires.size(); ++k) {
-    if (sires[k].group == group && sires[k].use <= 0.0 && most_litters(herd, sires[k]) > 0) resting.push_back(k);
+  for (const std::size_t k : herd.members.of_males[place(group)]) {
+    if (sires[k].use <= 0.0 && most_litters(herd, sires[k]) > 0) resting.push_back(k);
   }
   if (resting.empty()) return;
   ready.push_back(pick(random, resting));
@@ -310,7 +314,7 @@ void fill_sires(ModelHerd& herd, std::int32_t group, const GroupTarget& target, 
   const std::int64_t wanted = std::clamp<std::int64_t>(usual, 1, litters);
   if (herd.rules.sires.is_changed()) rest_sires(ready, wanted, target.imports.of_males, use);
   for (const std::size_t k : ready) most += most_litters(herd, herd.parents.of_males[k]);
-  std::vector<std::int32_t> entries = entries_of_year(herd.basis.base, group, target.like_year, entry);
+  std::vector<std::int32_t> entries = entries_of_year(herd.basis, group, target.like_year, entry);
   while (std::ssize(ready) < wanted || most < litters) {
     if (entries.empty()) entries.push_back(draw_entry(herd.basis.base, male, group, entry));
     if (!enter_parent(herd, male, group, year, entries.back(), entry)) break;
@@ -421,6 +425,14 @@ void describe(ModelHerd& herd, std::int32_t year) {
   herd.year.kinship = describe_year(herd.pedigree, herd.youngest, herd.weights);
 }
 
+void list_members(ModelHerd& herd, Sex sex) {
+  std::vector<std::vector<std::size_t>>& members = herd.members.of(sex);
+  members.resize(place(herd.basis.records.groups));
+  for (std::vector<std::size_t>& of_group : members) of_group.clear();
+  const std::vector<ModelParent>& parents = herd.parents.of(sex);
+  for (std::size_t k = 0; k < parents.size(); ++k) members[place(parents[k].group)].push_back(k);
+}
+
 /// The young of the last real year.
 std::vector<YoungOf> real_youngest(const ModelBasis& basis) {
   const ByNumber<std::int32_t>& number = basis.ancestors.number_of_animal;
@@ -469,7 +481,7 @@ void prepare_mean_kinship(ModelHerd& herd) {
 ModelHerd begin_herd(const ModelBasis& basis, const BreedingRules& rules, std::uint64_t seed, std::int32_t replicate,
                      AncestorWalk* walk) {
   ModelHerd herd{
-      basis, rules, seed, replicate,        basis.pedigree,       basis.table, walk, {}, {}, basis.last_litter,
+      basis, rules, seed, replicate,        basis.pedigree,       basis.table, walk, {}, {}, {}, basis.last_litter,
       {},    {},    0,    basis.candidates, real_youngest(basis), {},          {},   {}, {}, {}};
   set_origin_of_imports(herd);
   const std::size_t animals = place(basis.pedigree.count()) + 1;
@@ -494,7 +506,10 @@ bool live_year(ModelHerd& herd, std::int32_t year) {
   herd.first_of_year = herd.families.size();
   prepare_mean_kinship(herd);
   const std::vector<GroupTarget> targets = draw_targets(herd, year);
-  for (const Sex sex : {male, female}) continue_parents(herd, sex, year);
+  for (const Sex sex : {male, female}) {
+    continue_parents(herd, sex, year);
+    list_members(herd, sex);
+  }
   RandomStream entry = herd.stream(year, DrawPurpose::dam_entry);
   const std::int32_t groups = herd.basis.records.groups;
   for (std::int32_t group = 0; group < groups; ++group) fill_dams(herd, group, targets[place(group)], year, entry);

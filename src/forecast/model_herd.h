@@ -60,6 +60,8 @@ struct ModelHerd {
   AncestorWalk* walk = nullptr;     ///< without a table; knows the basis' ancestors, and is put back at the end
   std::vector<NewRow> new_parents;  ///< whose kinships are not in table or walk yet
   BySex<std::vector<ModelParent>> parents;
+  /// By group: places of the parents who go on, and of this year's imports.
+  BySex<std::vector<std::vector<std::size_t>>> members;
   std::vector<std::int32_t> last_litter;  ///< by animal of the pedigree: year
   std::vector<std::int32_t> birth_year;   ///< likewise; a guess where it is unknown, 0 where nobody needs it
   std::vector<ModelFamily> families;      ///< of all years
