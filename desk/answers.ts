@@ -20,10 +20,10 @@ const options: Record<string, RegExp> = {
   century: /^\d{4}$/,
   ids: new RegExp(`^(keep|(${rules})(\\+(${rules}))*)$`),
   column: /^(id|sire|dam|sex|birthdate|name|colour|breeder|subpopulation|import)=./,
-  sheet: anything, young: anything, male: anything, female: anything, unknown: anything, known: anything,
+  sheet: anything, young: anything, availability: anything, gone: anything, present: anything, male: anything, female: anything, unknown: anything, known: anything,
   subpopulations: anything, colours: anything, species: anything, name: anything,
 };
-const repeated = ["male", "female", "unknown", "known"];
+const repeated = ["male", "female", "unknown", "known", "gone", "present"];
 
 /** The settings that the lines say. */
 export function readAnswers(text: string): Answers {

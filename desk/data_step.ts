@@ -152,6 +152,7 @@ function drawEvidence(answer: ExportAnswer): HTMLElement {
 
 /** Says the answer to a question; texts that stand for unknown are added to those that do already. */
 function answer(desk: Desk, setting: string, value: string): void {
+  if (setting === "gone" || setting === "present") return void changeSetting(desk, setting, `${desk.settings.get(setting) ?? ""}${value}\t`);
   if (setting !== "unknown") return void changeSetting(desk, setting, value);
   const before = desk.settings.get("unknown") ?? "";
   const texts = (before.includes("\t") ? before.split("\t") : before.split(",")).map((text) => text.trim()).filter((text) => text !== "");

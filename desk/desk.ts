@@ -57,6 +57,8 @@ export interface Desk {
   firstFinding: number;
   view: "charts" | "text" | "animals";
   animalList?: AnimalList;
+  /** Rankings and plans take animals that have gone. */
+  takesGone?: boolean;
   female?: Animal;
   male?: Animal;
   pair?: PairAnswer;

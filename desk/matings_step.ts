@@ -49,7 +49,7 @@ function rank(desk: Desk): void {
   if (female === undefined || years === undefined) return;
   void work(desk, async () => {
     if (desk.female !== female) return;  // another one was chosen meanwhile
-    await ask(desk.client, "rankMales", [female.position, years.first, years.last]);
+    await ask(desk.client, "rankMales", [female.position, years.first, years.last, desk.takesGone === true ? 1 : 0]);
     await listMales(desk, 0, desk.males?.byKinship ?? false);
   });
 }
@@ -88,11 +88,20 @@ function yearsOfSires(desk: Desk): { first: number; last: number } {
   return youngest === undefined || oldest === undefined ? { first: lastYear - 9, last: lastYear } : { first: lastYear + 1 - oldest, last: lastYear + 1 - youngest };
 }
 
+/** Whether rankings and plans take animals that have gone. */
+function drawTakeGone(desk: Desk): HTMLElement | null {
+  if (desk.run?.isAvailabilityTold !== true) return null;
+  const box = make("input", { type: "checkbox", id: "take-gone" });
+  box.checked = desk.takesGone === true;
+  box.addEventListener("change", () => { desk.takesGone = box.checked; });
+  return make("label", { for: "take-gone" }, " ", box, " ", text(desk, "takeGone"));
+}
+
 /** Where the years come from, and what nobody has said. */
 function drawAges(desk: Desk): HTMLElement {
   const { lastYear = 0, sireAges: [youngest, oldest] = [] } = desk.run ?? {}, { first, last } = yearsOfSires(desk);
   return make("p", { class: "hint", id: "sire-ages" }, youngest === undefined || oldest === undefined ? "" : text(desk, "sireAges", youngest, oldest, first, last, lastYear + 1),
-    " ", text(desk, "nobodySaidAlive"));
+    " ", desk.run?.isAvailabilityTold === true ? text(desk, "onlyAvailable", shownNumber(desk.run.available, desk.language)) : text(desk, "nobodySaidAlive"), drawTakeGone(desk));
 }
 
 function drawYears(desk: Desk): HTMLElement {

@@ -46,7 +46,7 @@ function makePlan(desk: Desk, plan: DeskPlan): void {
   void work(desk, async () => {
     plan.answer = undefined;
     plan.first = 0;
-    const settings = [...plan.fields].map(([name, value]) => `${name}=${value.replace(/\r?\n/g, lineDivider)}`).join("\n");
+    const settings = [...plan.fields].map(([name, value]) => `${name}=${value.replace(/\r?\n/g, lineDivider)}`).concat(desk.takesGone === true ? ["allAnimals=1"] : []).join("\n");
     await take(desk, plan, await ask<PlanAnswer>(desk.client, "plan", [settings]));
   });
 }

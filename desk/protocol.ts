@@ -27,11 +27,11 @@ export interface ExportAnswer extends Messages {
   unknownParents: { text: string; count: number; isUnknown: boolean }[];
   subpopulations: CountedName[]; colours: CountedName[];
   dates: { isAmbiguous: boolean; hasShortYears: boolean; hasSerials: boolean; written: string; orders: { layout: string; count: number }[] };
-  species: string; allSpecies: string[]; name: string; steer: string; dataName: string; answers?: string;
+  species: string; allSpecies: string[]; name: string; steer: string; dataName: string; availableName: string; answers?: string;
 }
 
 export interface FilesAnswer extends Messages {
-  note: string; steer: string; steerPath: string; dataPath: string; dataName: string; reportName: string;
+  note: string; steer: string; steerPath: string; dataPath: string; availablePath: string; available: number; dataName: string; reportName: string;
   population: string;
 }
 
@@ -58,7 +58,7 @@ export interface FindingRow {
   original: string;
 }
 
-export interface RunAnswer extends Messages { animals: number; firstYear: number; lastYear: number; reportName: string; subpopulations: string[]; sireAges: number[]; }
+export interface RunAnswer extends Messages { animals: number; firstYear: number; lastYear: number; reportName: string; subpopulations: string[]; sireAges: number[]; isAvailabilityTold: boolean; available: number; }
 
 export interface Animal { position: number; id: string; name: string; isMale: boolean; year: number; f: number | null; }
 /** The first animals that a search has found, and how many there are. */

@@ -113,7 +113,7 @@ function drawForm(desk: Desk, answer: ExportAnswer): HTMLElement {
     make("span", {}, text(desk, "sexes")), drawSexes(desk, answer), label("unknownParents", "unknown"), drawUnknown(desk, answer));
 }
 
-function drawSteer(desk: Desk, steer: string, dataName: string): HTMLElement[] {
+function drawSteer(desk: Desk, steer: string, dataName: string, available = ""): HTMLElement[] {
   const saveFile = (name: string, path: (files: NonNullable<Desk["written"]>) => string) => void work(desk, async () => {
     await ensureFiles(desk);
     if (desk.written !== undefined) save(name, await bytesOf(desk, path(desk.written), "files"), "text/plain");
@@ -121,7 +121,8 @@ function drawSteer(desk: Desk, steer: string, dataName: string): HTMLElement[] {
   return [make("h2", {}, text(desk, "steerFile")), make("p", { class: "hint" }, text(desk, "steerHint", dataName)),
     make("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": text(desk, "steerFile") }, make("pre", { id: "steer" }, steer)),
     make("p", { class: "row" }, button(text(desk, "saveSteer"), () => saveFile("pedigreewatch.ini", ({ steerPath }) => steerPath)),
-      button(text(desk, "saveData"), () => saveFile(dataName, ({ dataPath }) => dataPath)))];
+      button(text(desk, "saveData"), () => saveFile(dataName, ({ dataPath }) => dataPath)),
+      available === "" ? null : button(text(desk, "saveAvailable"), () => saveFile(available, ({ availablePath }) => availablePath), { id: "save-available" }))];
 }
 
 /** What was said about the export, to be kept for the next one. */
@@ -138,7 +139,7 @@ export function drawSettings(desk: Desk, goOn: () => void): HTMLElement[] {
   } else if (desk.export !== undefined) {
     const answer = desk.export;
     parts.push(drawForm(desk, answer), drawTicks(desk, "subpopulations", answer.subpopulations), drawTicks(desk, "colours", answer.colours));
-    if (answer.steer !== "") parts.push(...drawSteer(desk, answer.steer, answer.dataName));
+    if (answer.steer !== "") parts.push(...drawSteer(desk, answer.steer, answer.dataName, answer.availableName));
     if (answer.answers !== undefined && answer.steer !== "") parts.push(...drawAnswers(desk, answer.answers, answer.dataName));
   }
   parts.push(make("p", { class: "row" },

@@ -11,7 +11,7 @@
 namespace pedigreewatch::test {
 namespace {
 
-// Bram and Tess are full sibs, Puck is their half sib; the last ten years begin in 2005.
+// Bram and Tess are full sibs, Puck is their half sib; the last ten years begin in 2005. Their parents were 12 and 13.
 const std::string village =
     "id;sex;birthdate;sire;dam\n"
     "rex;m;01-01-2001;;\n"
@@ -51,8 +51,8 @@ TEST(MatingsRun, WritesThePairsOfTheLastYearsTheLowestFFirst) {
   EXPECT_EQ(run.messages, "");
   EXPECT_EQ(
       run.console,
-      "females born 2005 to 2014: 2\n"
-      "males born 2005 to 2014: 1\n"
+      "females born 2005 to 2014: 2\n  who of them is dead or sold is not told; at the births of the last ten years at least nine in ten dams were 12 to 13 years old: --ages keeps to those ages\n"
+      "males born 2005 to 2014: 1\n  who of them is dead or sold is not told; at the births of the last ten years at least nine in ten sires were 12 to 13 years old: --ages keeps to those ages\n"
       "lowest F of the offspring: 12.50 %, puck x bram\n"
       "highest F of the offspring: 25.00 %, tess x bram\n"
       "F beyond 6.25 % (as of first cousins): 2 of 2 pairs\n"
@@ -80,8 +80,8 @@ TEST(MatingsRun, SpeaksTheLanguageOfTheSteerFile) {
   EXPECT_EQ(run.exit_status, 0);
   EXPECT_EQ(
       run.console,
-      "vrouwelijke dieren geboren 2013 tot en met 2014: 2\n"
-      "mannelijke dieren geboren 2013 tot en met 2014: 1\n"
+      "vrouwelijke dieren geboren 2013 tot en met 2014: 2\n  wie dood of verkocht is, is niet bekend; bij de geboorten van de laatste tien jaar waren minstens negen van de tien moeders 12 tot en met 13 jaar oud: --ages houdt zich daaraan\n"
+      "mannelijke dieren geboren 2013 tot en met 2014: 1\n  wie dood of verkocht is, is niet bekend; bij de geboorten van de laatste tien jaar waren minstens negen van de tien vaders 12 tot en met 13 jaar oud: --ages houdt zich daaraan\n"
       "laagste F van de nakomelingen: 12.50 %, puck x bram\n"
       "hoogste F van de nakomelingen: 25.00 %, tess x bram\n"
       "F boven 6.25 % (zoals van neef en nicht): 2 van 2 paren\n"

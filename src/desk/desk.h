@@ -18,6 +18,7 @@
 #include "diversity/figures.h"
 #include "intake/export_preparation.h"
 #include "matings/ranking.h"
+#include "pedigree/available_animals.h"
 #include "planning/plan.h"
 #include "planning/plan_candidates.h"
 #include "standing/standing.h"
@@ -27,9 +28,11 @@ namespace pedigreewatch {
 
 /// The files of a run: made from an export, or brought along.
 struct RunFiles {
-  std::string steer_file, data_file;  ///< paths
-  bool is_made = false;               ///< from an export
-  ExportLines export_lines = {};      ///< of an export: where its lines stand, and what was lost
+  std::string steer_file, data_file;        ///< paths
+  bool is_made = false;                     ///< from an export
+  ExportLines export_lines = {};            ///< of an export: where its lines stand, and what was lost
+  std::string available_file = {};          ///< path; empty: nothing tells which animals have gone
+  std::vector<std::string> available = {};  ///< the ids in it
 };
 
 /// Everything that a run yields.
@@ -39,8 +42,9 @@ struct DeskResults {
   Diversity diversity;
   Standing standing;
   PopulationFigures figures;
-  ByNumber<Flag> may_live;  ///< by position: not older than parents of the last years were
-  std::string report;       ///< the bytes of the report, in Windows-1252
+  AvailableAnimals available;  ///< as the export tells it
+  ByNumber<Flag> may_live;     ///< by position: not older than parents of the last years were, and not gone
+  std::string report;          ///< the bytes of the report, in Windows-1252
 };
 
 /// A breeding plan, as it was made and changed by hand.

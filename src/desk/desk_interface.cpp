@@ -217,8 +217,11 @@ void desk_pair(DeskHandle* handle, std::int32_t sire, std::int32_t dam) {
   answer(handle, [&](Desk& desk) { return pedigreewatch::describe_pair(desk, sire, dam); });
 }
 
-void desk_rank_males(DeskHandle* handle, std::int32_t dam, std::int32_t first_year, std::int32_t last_year) {
-  answer(handle, [&](Desk& desk) { return pedigreewatch::rank_males(desk, dam, first_year, last_year); });
+void desk_rank_males(DeskHandle* handle, std::int32_t dam, std::int32_t first_year, std::int32_t last_year,
+                     std::int32_t takes_all) {
+  answer(handle, [&](Desk& desk) {
+    return pedigreewatch::rank_males(desk, dam, {first_year, last_year, takes_all != 0});
+  });
 }
 
 void desk_order_males(DeskHandle* handle, std::int32_t by_mean_kinship) {

@@ -45,7 +45,9 @@ void desk_position(DeskHandle* handle, const char* id);
 void desk_choose_animals(DeskHandle* handle, const char* wishes);
 void desk_list_animals(DeskHandle* handle, std::int32_t first, std::int32_t count);
 void desk_pair(DeskHandle* handle, std::int32_t sire, std::int32_t dam);
-void desk_rank_males(DeskHandle* handle, std::int32_t dam, std::int32_t first_year, std::int32_t last_year);
+/// `takes_all`: also males that have gone.
+void desk_rank_males(DeskHandle* handle, std::int32_t dam, std::int32_t first_year, std::int32_t last_year,
+                     std::int32_t takes_all);
 void desk_order_males(DeskHandle* handle, std::int32_t by_mean_kinship);
 void desk_list_males(DeskHandle* handle, std::int32_t first, std::int32_t count);
 

@@ -33,7 +33,11 @@ bool has_same_columns(const PrepareOptions& a, const PrepareOptions& b) {
   const auto same = [](const ColumnWish& one, const ColumnWish& other) {
     return one.code == other.code && one.column == other.column;
   };
-  return a.has_header == b.has_header && a.unknown == b.unknown && a.ids == b.ids &&
+  const auto same_names = [](const NameWish& one, const NameWish& other) {
+    return one.is_given == other.is_given && one.leaves_out == other.leaves_out && one.names == other.names;
+  };
+  return same_names(a.young, b.young) && same_names(a.availability, b.availability) && a.has_header == b.has_header &&
+         a.unknown == b.unknown && a.ids == b.ids &&
          std::equal(a.columns.begin(), a.columns.end(), b.columns.begin(), b.columns.end(), same);
 }
 
@@ -111,19 +115,27 @@ bool take_piece(void* receiver, std::string_view bytes) {
 }
 
 /// Yields what went wrong; empty: nothing.
-std::string write_both(const Desk& desk, const PreparePlan& plan, RunFiles& files) {
+std::string write_all(const Desk& desk, const PreparePlan& plan, RunFiles& files) {
   DataTarget data;
-  NewFile steer;
+  NewFile steer, list;
+  std::vector<NewFile*> all = {&data.file, &steer};
+  const bool has_list = !files.available_file.empty();
+  if (has_list) all.push_back(&list);
   FileProblem problem;
   const auto failure = [&] { return phrase(cannot_write, desk.language, {in_quotes(problem.name), problem.reason}); };
-  if (!begin_file(data.file, files.data_file, problem) || !begin_file(steer, files.steer_file, problem)) {
-    abandon(data.file);
+  if (!begin_file(data.file, files.data_file, problem) || !begin_file(steer, files.steer_file, problem) ||
+      (has_list && !begin_file(list, files.available_file, problem))) {
+    for (NewFile* const file : all) abandon(*file);
     return failure();
   }
   const Preparation& read = desk.preparation;
-  make_data_file(read.text, read.reading.delimiter, plan, read.survey.sexes, {take_piece, &data, &files.export_lines});
+  AvailableIds available;
+  make_data_file(read.text, read.reading.delimiter, plan, read.survey.sexes,
+                 {take_piece, &data, &files.export_lines, has_list ? &available : nullptr});
   write_bytes(steer, steer_text(plan));
-  return finish_both(data.file, steer, true, problem) ? std::string() : failure();
+  if (has_list) write_bytes(list, text_of_available(available));
+  files.available = std::move(available.ids);
+  return finish_all(all, true, problem) ? std::string() : failure();
 }
 
 /// The settings of a steer file; nothing, with a message, when no report can be made of them.
@@ -158,6 +170,8 @@ std::string files_answer(const Desk& desk, std::string_view note) {
   add_text(json, "steer", whole_text(desk.files->steer_file));
   add_text(json, "steerPath", desk.files->steer_file);
   add_text(json, "dataPath", desk.files->data_file);
+  add_text(json, "availablePath", desk.files->available_file);
+  add_integer(json, "available", static_cast<std::int64_t>(desk.files->available.size()));
   add_text(json, "dataName", desk.steer->data_file_name.trimmed());
   add_text(json, "reportName", desk.steer->report_file_name.trimmed());
   add_text(json, "population", desk.steer->population_name.trimmed());
@@ -204,7 +218,10 @@ std::string write_files_of_export(Desk& desk) {
   const PreparePlan written = plan_of_report(desk);
   const std::filesystem::path folder(desk.folder);
   RunFiles files = {(folder / steer_file_name).string(), (folder / (plan.stem + ".txt")).string(), true};
-  std::string problem = write_both(desk, written, files);
+  if (tells_gone(written.availability)) {
+    files.available_file = (folder / (plan.stem + "_available.txt")).string();
+  }
+  std::string problem = write_all(desk, written, files);
   if (problem.empty()) desk.steer = read_settings(files.steer_file, problem);
   if (!desk.steer) return refusal_answer(problem);
   desk.files = std::move(files);

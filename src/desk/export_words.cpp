@@ -170,6 +170,11 @@ constexpr std::array<EvidenceWording, remark_kind_count> remark_wordings = {{
     {{"Young", "Jongen"},
      {"Several a line, in {1}: {2} lines hold {3} animals, and each gets a line of its own",
       "Meer per regel, in {1}: {2} regels bevatten {3} dieren, en elk krijgt een eigen regel"}},
+    {{"Gone", "Weg"}, {"By {1}: animals with a date: {2}", "Volgens {1}: dieren met een datum: {2}"}},
+    {{"Gone", "Weg"}, {"By {1}: {2}", "Volgens {1}: {2}"}},
+    {{"Gone", "Weg"},
+     {"In {1}, not understood and taken as still there: {2}", "In {1}, niet begrepen en genomen als nog aanwezig: {2}"}},
+    {{"Gone", "Weg"}, {"As parents, by their sex (castrated): {1}", "Als ouder, volgens het geslacht (gecastreerd): {1}"}},
 }};
 
 constexpr std::array<Wording, question_kind_count> question_wordings = {{
@@ -265,6 +270,16 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "Het lijkt of een regel meer dieren bevat, zoals de jongen van een worp, in {1}. Kies of elk een eigen regel krijgt."},
     {"Young in \"{1}\": there is no column of that heading or number (there are {2} columns).",
      "Jongen in \"{1}\": er is geen kolom met die kop of dat nummer (er zijn {2} kolommen)."},
+    {"In {1} may stand which animals are dead, sold, exported or castrated, but heading and texts do not agree: {2}. Matings "
+     "and plans leave such animals out. Choose whether it counts.",
+     "In {1} staat misschien welke dieren dood, verkocht, weg of gecastreerd zijn, maar kop en teksten kloppen niet met "
+     "elkaar: {2}. Paringen en plannen laten zulke dieren weg. Kies of het meetelt."},
+    {"Animals that have gone, in \"{1}\": there is no column of that heading or number (there are {2} columns).",
+     "Dieren die weg zijn, in \"{1}\": er is geen kolom met die kop of dat nummer (er zijn {2} kolommen)."},
+    {"It is not clear what these texts in {1} say of the animals: {2}. Choose those which mean that an animal has gone (is "
+     "dead, sold, castrated, ...), one by one, then that all others are still there.",
+     "Het is niet duidelijk wat deze teksten in {1} over de dieren zeggen: {2}. Kies een voor een de teksten die betekenen "
+     "dat een dier er niet meer is (dood, verkocht, gecastreerd, ...), en dan dat alle andere er nog zijn."},
 }};
 
 constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
@@ -310,6 +325,10 @@ constexpr Wording yes_headings = {"holds headings", "bevat koppen"}, no_headings
 constexpr Wording keep_ids = {"take them as they stand", "neem ze zoals ze er staan"};
 constexpr Wording one_animal_a_line = {"a line is one animal", "een regel is een dier"},
                   several_animals_a_line = {"a line for each", "een regel voor elk"};
+constexpr Wording tells_gone_animals = {"yes, it tells which animals have gone", "ja, er staat welke dieren weg zijn"},
+                  tells_none = {"no, it is about something else", "nee, het gaat over iets anders"};
+constexpr Wording has_gone_text = {"{1}: gone", "{1}: weg"},
+                  all_are_present = {"the others are still there", "de andere zijn er nog"};
 constexpr Wording same_animals = {"they are the same animals", "het zijn dezelfde dieren"};
 constexpr Wording stands_for_unknown = {"{1} stands for unknown", "{1} betekent onbekend"};
 constexpr Wording all_are_animals = {"they are animals", "het zijn dieren"};
@@ -377,6 +396,9 @@ std::string setting_name(Setting setting, FieldCode field) {
     case Setting::subpopulations: return "subpopulations";
     case Setting::colours: return "colours";
     case Setting::young: return "young";
+    case Setting::availability: return "availability";
+    case Setting::gone: return "gone";
+    case Setting::present: return "present";
   }
   return {};
 }
@@ -398,6 +420,9 @@ std::string answer_text(const Question& question, const Answer& answer, ToolLang
     case Setting::colours: return either("all", all_names, no_names);
     case Setting::ids: return either("keep", keep_ids, same_animals);
     case Setting::young: return either("none", one_animal_a_line, several_animals_a_line);
+    case Setting::availability: return either(question.answers.front().value, tells_gone_animals, tells_none);
+    case Setting::gone: return phrase(has_gone_text, language, {in_quotes(answer.text)});
+    case Setting::present: return std::string(words_of(all_are_present, language));
     case Setting::known: return std::string(words_of(all_are_animals, language));
     case Setting::unknown: return phrase(stands_for_unknown, language, {in_quotes(answer.text)});
     case Setting::none:

@@ -127,11 +127,13 @@ std::string describe_pair(const Desk& desk, std::int32_t sire, std::int32_t dam)
   return std::move(json.text);
 }
 
-std::string rank_males(Desk& desk, std::int32_t dam, std::int32_t first_year, std::int32_t last_year) {
+std::string rank_males(Desk& desk, std::int32_t dam, const MalesWished& wished) {
   desk.males.clear();
   desk.males_for_dam = 0;
   if (is_animal(desk, dam)) {
-    desk.males = males_for(store_of(desk), dam, first_year, last_year);
+    desk.males = males_for(store_of(desk), dam, wished.first_year, wished.last_year);
+    const AvailableAnimals& available = desk.results->available;
+    if (!wished.takes_all) std::erase_if(desk.males, [&](const RankedMale& male) { return !available.has(male.male); });
     desk.males_for_dam = dam;
   }
   return count_answer(desk.males.size());

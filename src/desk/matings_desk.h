@@ -21,8 +21,14 @@ std::string find_in_results(const Desk& desk, std::string_view text, std::option
 /// (id, name, contribution).
 std::string describe_pair(const Desk& desk, std::int32_t sire, std::int32_t dam);
 
-/// All males born in these years for one female, kept for `list_males` and `males_table`. Yields an object: count.
-std::string rank_males(Desk& desk, std::int32_t dam, std::int32_t first_year, std::int32_t last_year);
+/// Birth years, and whether males that have gone count too.
+struct MalesWished {
+  std::int32_t first_year = 0, last_year = 0;
+  bool takes_all = false;
+};
+
+/// All such males for one female, kept for `list_males` and `males_table`. Yields an object: count.
+std::string rank_males(Desk& desk, std::int32_t dam, const MalesWished& wished);
 
 /// Orders the males at hand by F of the offspring, or by their mean kinship with the youngest animals.
 std::string order_males(Desk& desk, bool by_mean_kinship);

@@ -129,7 +129,7 @@ std::string plan_answer(const Desk& desk) {
   add_sentences(json, "candidates",
                 {candidates_sentence(made.pool.candidates.of_males, male, desk.language),
                  candidates_sentence(made.pool.candidates.of_females, female, desk.language),
-                 unknown_sexes_sentence(made.pool, desk.language)});
+                 gone_sentence(made.pool, desk.language), unknown_sexes_sentence(made.pool, desk.language)});
   std::vector<std::string> lines = result_sentences(made.plan, desk.language, made.is_changed, PlanSpeaker::desk);
   lines.push_back(gain_sentence(made.plan, warnings, desk.language));
   add_sentences(json, "lines", lines);
@@ -307,6 +307,7 @@ std::string make_desk_plan(Desk& desk, std::string_view settings) {
   const SaidLists lists = take_lists(settings, input);
   CandidateRules rules;
   rules.years = count_named(settings, "years");
+  if (value_named(settings, "allAnimals").empty()) rules.available = desk.results->available;
   rules.records_without_sex = input.sexes.records_without_sex;
   read_said_candidates(input, lists, rules);
   if (input.has_faults) return problem_answer(said_lines(said));

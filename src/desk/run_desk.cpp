@@ -2,8 +2,10 @@
 
 #include <new>
 #include <optional>
+#include <span>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 #include "checks/readable_text.h"
 #include "control/run_ending.h"
@@ -12,6 +14,7 @@
 #include "core/line_reader.h"
 #include "desk/board_desk.h"
 #include "desk/json_text.h"
+#include "matings/candidates.h"
 #include "page/page.h"
 #include "planning/parent_use.h"
 #include "reports/report.h"
@@ -38,6 +41,13 @@ std::string write_whole_report(DeskResults& results, const TextOutput& made, Tex
   return std::move(report.pending);
 }
 
+/// Marks the animals of the list that came of the export.
+void take_available(std::span<const std::string> ids, DeskResults& results) {
+  std::vector<ListedId> listed;
+  for (const std::string& id : ids) listed.push_back({std::ssize(listed) + 1, id});
+  results.available = available_listed(results.population.store, listed);
+}
+
 DeskResults make_results(const Desk& desk, LineReader& data, RunStreams& streams) {
   LineReader steer_file;
   if (!open_for_reading(steer_file, desk.files->steer_file)) stop_run();
@@ -48,8 +58,12 @@ DeskResults make_results(const Desk& desk, LineReader& data, RunStreams& streams
   results.report = write_whole_report(results, streams.report, streams.console);
   tell(desk.watch, "diversity");
   results.diversity = compute_diversity(results.population.store, youngest_animals(results.population.store));
-  results.figures = compute_figures(results.population.store, results.diversity);
+  if (!desk.files->available_file.empty()) take_available(desk.files->available, results);
+  results.figures = compute_figures(results.population.store, results.diversity, results.available);
   results.may_live = of_breeding_age_or_younger(results.population.store);
+  for (std::int32_t i = 1; i <= results.may_live.last(); ++i) {
+    if (!results.available.has(i)) results.may_live[i] = 0;
+  }
   return results;
 }
 
@@ -118,6 +132,8 @@ std::string run_analysis(Desk& desk) {
     add_integer(json, "lastYear", has_years ? store.birth_years.last : 0);
     add_subpopulations(json, store);
     add_sire_ages(json, store);
+    add_logical(json, "isAvailabilityTold", desk.results->available.is_told);
+    add_integer(json, "available", desk.results->available.count);
     add_text(json, "reportName", desk.steer->report_file_name.trimmed());
   }
   end_object(json);

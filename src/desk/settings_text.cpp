@@ -66,6 +66,7 @@ void obey_about_file(std::string_view name, std::string_view value, PrepareOptio
   if (name == "ids") options.ids = id_rules_named(value);
   if (name == "century") options.century = century_named(value);
   if (name == "young") options.young = columns_from(value);
+  if (name == "availability") options.availability = columns_from(value);
   if (name == "language") options.language = value == "nl" ? ToolLanguage::dutch : ToolLanguage::english;
   constexpr std::string_view column = "column.";
   if (!name.starts_with(column)) return;
@@ -79,6 +80,9 @@ void obey_about_animals(std::string_view name, std::string_view value, const Exp
   if (name == "male") for_each_piece(value, '\t', [&](std::string_view piece) { options.male.emplace_back(piece); });
   if (name == "female")
     for_each_piece(value, '\t', [&](std::string_view piece) { options.female.emplace_back(piece); });
+  if (name == "gone") for_each_piece(value, '\t', [&](std::string_view piece) { options.gone.emplace_back(piece); });
+  if (name == "present")
+    for_each_piece(value, '\t', [&](std::string_view piece) { options.present.emplace_back(piece); });
   if (name == "species") options.species = value;
   if (name == "name") options.population_name = value;
   const auto add_parents = [&](std::vector<std::string>& parents) {

@@ -13,12 +13,15 @@ namespace {
 
 constexpr float rounding_of_inbreeding = 1e-6F;
 
-void list_young(const PopulationStore& store, const ByNumber<float>& mean_kinship, ActionLists& lists) {
+void list_young(const PopulationStore& store, const ByNumber<float>& mean_kinship, const AvailableAnimals& available,
+                ActionLists& lists) {
+  lists.are_available = available.is_told;
   const BirthYears& years = store.birth_years;
   if (years.dated_row_count() == 0) return;
   const std::int64_t first = std::int64_t{years.last} - years_listed + 1;
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
     if (store.birth_year[i] == 0 || store.birth_year[i] < first || store.birth_year[i] > years.last) continue;
+    if (!available.has(i)) continue;
     (store.sex[i] == male ? lists.males : lists.females).push_back(i);
   }
   if (mean_kinship.values.empty()) return;
@@ -144,9 +147,9 @@ void describe_sires(const PopulationStore& store, std::span<const std::int32_t> 
 }  // namespace
 
 ActionLists make_action_lists(const PopulationStore& store, std::span<const std::int32_t> reference,
-                              const ByNumber<float>& mean_kinship) {
+                              const ByNumber<float>& mean_kinship, const AvailableAnimals& available) {
   ActionLists lists;
-  list_young(store, mean_kinship, lists);
+  list_young(store, mean_kinship, available, lists);
   list_inbred(store, lists);
   list_sires(store, reference, lists);
   describe_sires(store, reference, lists.sires);

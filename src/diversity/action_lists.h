@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/by_number.h"
+#include "pedigree/available_animals.h"
 #include "pedigree/population_store.h"
 
 namespace pedigreewatch {
@@ -30,13 +31,15 @@ struct UsedSire {
 /// Animals by position in the store, in the order of the lists.
 struct ActionLists {
   std::vector<std::int32_t> females, males;  ///< of the last ten birth years, the lowest mean kinship first
+  bool are_available = false;                ///< these are only those that can still be bred from
   std::vector<std::int32_t> most_inbred;  ///< the highest F first, of equal ones the youngest; none without inbreeding
   std::vector<UsedSire> sires;            ///< the most offspring in the reference population first
 };
 
 /// `reference` is ascending, each once; `mean_kinship` is that of all animals with it, empty for an empty one, when
-/// females and males are listed in the order of the store. F of all animals must be final.
+/// females and males are listed in the order of the store. They are those of `available`. F of all animals must be
+/// final.
 ActionLists make_action_lists(const PopulationStore& store, std::span<const std::int32_t> reference,
-                              const ByNumber<float>& mean_kinship);
+                              const ByNumber<float>& mean_kinship, const AvailableAnimals& available = {});
 
 }  // namespace pedigreewatch

@@ -24,7 +24,8 @@ double completeness_index(const PopulationStore& store, const AnimalFigures& fig
   return completeness_index(figures.lines[parents.sire], figures.lines[parents.dam]);
 }
 
-PopulationFigures compute_figures(const PopulationStore& store, const Diversity& diversity, bool wants_ancestors) {
+PopulationFigures compute_figures(const PopulationStore& store, const Diversity& diversity,
+                                  const AvailableAnimals& available, bool wants_ancestors) {
   const std::vector<std::int32_t>& reference = diversity.reference.positions;
   PopulationFigures figures;
   AnimalFigures& animals = figures.animals;
@@ -38,7 +39,7 @@ PopulationFigures compute_figures(const PopulationStore& store, const Diversity&
   const YearGroups years = group_by_year(store);
   figures.cohorts = describe_cohorts({store, years, animals.lines, animals.import_shares,
                                       whole_years(diversity.families.generation_interval), wants_ancestors});
-  figures.lists = make_action_lists(store, reference, animals.mean_kinship);
+  figures.lists = make_action_lists(store, reference, animals.mean_kinship, available);
   return figures;
 }
 

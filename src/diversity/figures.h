@@ -36,8 +36,9 @@ struct PopulationFigures {
   ActionLists lists;
 };
 
-/// `diversity` is that of the reference population; `wants_ancestors`: see `describe_cohorts`.
+/// `diversity` is that of the reference population; who is to be bred from is listed among those of `available`;
+/// `wants_ancestors`: see `describe_cohorts`.
 PopulationFigures compute_figures(const PopulationStore& store, const Diversity& diversity,
-                                  bool wants_ancestors = false);
+                                  const AvailableAnimals& available = {}, bool wants_ancestors = false);
 
 }  // namespace pedigreewatch

@@ -16,8 +16,9 @@ constexpr std::string_view headings_word = "headings:";
 
 /// Options about an export; others, such as --out, are about one run.
 constexpr auto answer_options = std::to_array<std::string_view>(
-    {"--sheet", "--encoding", "--delimiter", "--header", "--column", "--dates", "--century", "--ids", "--young",
-     "--male", "--female", "--unknown", "--known", "--subpopulations", "--colours", "--species", "--name"});
+    {"--sheet",   "--encoding", "--delimiter",      "--header",  "--column",  "--dates", "--century",
+     "--ids",     "--young",    "--availability",   "--gone",    "--present", "--male",  "--female",
+     "--unknown", "--known",    "--subpopulations", "--colours", "--species", "--name"});
 
 constexpr Wording explanation = {
     "# Answers about exports with these headings. `prepare` and the desk use them again when the same headings come.\n"
@@ -85,6 +86,18 @@ std::string text_of_young(const NameWish& young, const ColumnChoice& columns) {
   return list;
 }
 
+/// The columns that tell which animals have gone, likewise.
+std::string text_of_availability(const NameWish& wish, const ColumnChoice& columns) {
+  std::string list;
+  for (const std::string& name : wish.names) {
+    for (const std::size_t place : find_columns(name, columns)) {
+      const std::string shown = columns.has_header ? name_of_place(place, columns) : std::to_string(place + 1);
+      list += (list.empty() ? "" : ";") + shown;
+    }
+  }
+  return list.empty() ? "none" : list;
+}
+
 bool has_column(const std::string& column, std::span<const std::string> headings) {
   if (column == "none") return true;
   const bool is_number = column.find_first_not_of("0123456789") == std::string::npos;
@@ -99,8 +112,9 @@ bool has_column(const std::string& column, std::span<const std::string> headings
 bool fits_headings(const AnswerLine& line, const PrepareOptions& said, std::span<const std::string> headings) {
   const auto is_there = [&](const std::string& column) { return has_column(column, headings); };
   if (line.option == "--column") return said.columns.empty() || is_there(said.columns.back().column);
-  const auto& young = said.young.names;
-  return line.option != "--young" || std::all_of(young.begin(), young.end(), is_there);
+  if (line.option != "--young" && line.option != "--availability") return true;
+  const NameWish& wish = line.option == "--young" ? said.young : said.availability;
+  return std::all_of(wish.names.begin(), wish.names.end(), is_there);
 }
 
 /// Takes the texts that `is_there` does not know out of a list, and notes the lines that say them.
@@ -151,6 +165,11 @@ std::string answers_text(const PrepareOptions& options, const ColumnChoice& colu
     add_line(text, "--column", std::string(option_name_of(wish.code)) + "=" + name_of_column(wish, columns));
   }
   if (options.young.is_given) add_line(text, "--young", text_of_young(options.young, columns));
+  if (options.availability.is_given) {
+    add_line(text, "--availability", text_of_availability(options.availability, columns));
+  }
+  add_lines(text, "--gone", options.gone);
+  add_lines(text, "--present", options.present);
   if (options.dates) add_line(text, "--dates", layout_text(*options.dates, false));
   if (options.serials) {
     add_line(text, "--dates", *options.serials == DateSystem::since_1900 ? "serial-1900" : "serial-1904");
@@ -178,6 +197,7 @@ void add_answers(SavedAnswers& answers, std::span<const std::string> headings, O
     if (fits_headings(line, said, headings)) continue;
     if (line.option == "--column") said.columns.pop_back();
     if (line.option == "--young") said.young = {};
+    if (line.option == "--availability") said.availability = {};
     answers.unfit.push_back(line);
   }
   const auto is_wished = [&](FieldCode code) {
@@ -202,7 +222,10 @@ void add_answers(SavedAnswers& answers, std::span<const std::string> headings, O
     options.serials = said.serials;
   }
   if (!options.century) options.century = said.century;
+  options.gone.insert(options.gone.end(), said.gone.begin(), said.gone.end());
+  options.present.insert(options.present.end(), said.present.begin(), said.present.end());
   if (!options.young.is_given) options.young = said.young;
+  if (!options.availability.is_given) options.availability = said.availability;
   if (!options.ids) options.ids = said.ids;
   if (!options.subpopulations.is_given) options.subpopulations = said.subpopulations;
   if (!options.colours.is_given) options.colours = said.colours;

@@ -139,6 +139,11 @@ constexpr std::array<Wording, remark_kind_count> remark_wordings = {{
      "Let op: regels die geen dier zijn, zijn weggelaten: {1}: {2}"},
     {"Young         several a line, in {1}: {2} lines hold {3} animals, and each gets a line of its own",
      "Jongen        meer per regel, in {1}: {2} regels bevatten {3} dieren, en elk krijgt een eigen regel"},
+    {"Gone          by {1}: animals with a date: {2}", "Weg           volgens {1}: dieren met een datum: {2}"},
+    {"Gone          by {1}: {2}", "Weg           volgens {1}: {2}"},
+    {"              in {1}, not understood and taken as still there: {2}",
+     "              in {1}, niet begrepen en genomen als nog aanwezig: {2}"},
+    {"Gone          as parents, by their sex (castrated): {1}", "Weg           als ouder, volgens het geslacht (gecastreerd): {1}"},
 }};
 
 constexpr std::array<Wording, question_kind_count> question_wordings = {{
@@ -241,6 +246,17 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "regel: --young {2}. Als een regel een dier is: --young none."},
     {"--young \"{1}\": there is no column of that heading or number (there are {2} columns).",
      "--young \"{1}\": er is geen kolom met die kop of dat nummer (er zijn {2} kolommen)."},
+    {"In {1} may stand which animals are dead, sold, exported or castrated, but heading and texts do not agree: {2}. If it "
+     "does: --availability {3}. If not: --availability {4}.",
+     "In {1} staat misschien welke dieren dood, verkocht, weg of gecastreerd zijn, maar kop en teksten kloppen "
+     "niet met elkaar: {2}. Als het zo is: --availability {3}. Als het niet zo is: --availability {4}."},
+    {"--availability \"{1}\": there is no column of that heading or number (there are {2} columns).",
+     "--availability \"{1}\": er is geen kolom met die kop of dat nummer (er zijn {2} kolommen)."},
+    {"It is not clear what these texts in {1} say of the animals: {2}. Say which mean that an animal has gone (is dead, "
+     "sold, castrated, ...): --gone TEXT, as often as needed; and which do not: --present TEXT (--present all: all others).",
+     "Het is niet duidelijk wat deze teksten in {1} over de dieren zeggen: {2}. Zeg welke betekenen dat een dier er niet "
+     "meer is (dood, verkocht, gecastreerd, ...): --gone TEKST, zo vaak als nodig; en welke niet: --present TEKST "
+     "(--present all: alle andere)."},
 }};
 
 constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{

@@ -1,6 +1,7 @@
 // What stands in the columns, and how it is understood.
 
 #include <algorithm>
+#include <span>
 #include <unordered_set>
 
 #include "intake/export_remarks.h"
@@ -130,6 +131,34 @@ void remark_imports(const ExportSurvey& survey, std::vector<Remark>& remarks) {
   remarks.push_back({RemarkKind::imports_found, {imports, list_counted(survey.imports, is_none)}});
 }
 
+/// What the columns say of the animals that have gone.
+void remark_availability(const ExportSurvey& survey, const PreparePlan& plan, std::vector<Remark>& remarks) {
+  for (const AvailabilityReading& reading : plan.availability.columns) {
+    const auto& columns = survey.availability.columns;
+    const auto column = std::find_if(columns.begin(), columns.end(),
+                                     [&](const AvailabilityColumn& entry) { return entry.place == reading.place; });
+    const ColumnList named = list_columns(std::span(&reading.place, 1), plan.columns);
+    const auto is_date = [&](const CountedText& entry) {
+      return read_availability(entry.text, plan.availability.this_year) == AvailabilityText::date;
+    };
+    std::int64_t dates = 0;
+    for (const CountedText& entry : column->texts.texts) {
+      if (reading.gone.contains(entry.text) && is_date(entry)) dates += entry.count;
+    }
+    if (dates > 0) remarks.push_back({RemarkKind::gone_by_dates, {named, dates}});
+    const CountedList gone = list_counted(
+        column->texts, [&](const CountedText& entry) { return reading.gone.contains(entry.text) && !is_date(entry); });
+    if (!gone.texts.empty()) remarks.push_back({RemarkKind::gone_by_texts, {named, gone}});
+    const CountedList open = list_counted(column->texts, [&](const CountedText& entry) {
+      return is_not_counted(plan.availability, reading, entry.text);
+    });
+    if (!open.texts.empty()) remarks.push_back({RemarkKind::gone_not_counted, {named, open}});
+  }
+  const CountedList castrated = list_counted(
+      survey.sexes, [&](const CountedText& entry) { return plan.availability.castrated.contains(entry.text); });
+  if (!castrated.texts.empty()) remarks.push_back({RemarkKind::gone_castrated, {castrated}});
+}
+
 }  // namespace
 
 void add_content_remarks(const Preparation& read, std::vector<Remark>& remarks) {
@@ -148,6 +177,7 @@ void add_content_remarks(const Preparation& read, std::vector<Remark>& remarks) 
     remark_names(RemarkKind::colours_found, colour_column, survey.colours, plan.colours, remarks);
   }
   if (is_in_use(plan, import_column)) remark_imports(survey, remarks);
+  remark_availability(survey, plan, remarks);
   if (!plan.species.empty()) remarks.push_back({RemarkKind::species_found, {plan.species}});
   remarks.push_back({RemarkKind::population_named, {decode(plan.population_name, Encoding::windows_1252).text}});
 }

@@ -298,6 +298,7 @@ std::optional<Refusal> survey_columns(const PrepareOptions& options, ProgressLin
   std::optional<Refusal> refusal = survey_linked_columns(options, progress, result);
   if (refusal) return refusal;
   compare_ids(options, result);
+  result.survey.availability = survey_availability(result.text, result.reading.delimiter, result.columns, options);
   DateSurvey& dates = result.survey.dates;
   if (dates.short_dates.noted.count > 0) {
     dates.short_years = compare_short_years(result.text, result.reading.delimiter, result.columns);

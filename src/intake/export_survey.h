@@ -12,6 +12,7 @@
 
 #include "core/progress_line.h"
 #include "intake/animal_lines.h"
+#include "intake/availability.h"
 #include "intake/column_choice.h"
 #include "intake/damaged_numbers.h"
 #include "intake/date_layout_recognition.h"
@@ -63,6 +64,7 @@ struct ExportSurvey {
   ParentTexts parent_texts;
   std::vector<DoubtfulParent> doubtful_parents;
   ColumnMatches matches;  ///< only where most of the parents have no line of their own
+  AvailabilitySurvey availability;
   ChangedIds changed_ids;
   std::array<NumberForms, field_count> numbers;  ///< of the identifications of animals and parents
   std::int64_t sheet_marks = 0;                  ///< records with texts that a spreadsheet has marked as such

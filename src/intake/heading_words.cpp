@@ -127,29 +127,6 @@ bool is_part_of_word(char byte) {
 
 constexpr std::string_view curly_quote = "\xE2\x80\x99";
 
-/// The words of a heading, folded. An apostrophe ends a word and leaves out the lone letter at its side: "sire's" is
-/// "sire", "d'inscription" is "inscription". A capital behind a small letter begins a word: "SireID".
-std::vector<std::string> words_of_heading(std::string_view heading) {
-  std::string plain(heading);
-  for (std::size_t at = plain.find(curly_quote); at != std::string::npos; at = plain.find(curly_quote)) {
-    plain.replace(at, curly_quote.size(), "'");
-  }
-  heading = plain;
-  std::vector<std::string> words(1);
-  const auto is_small = [](char byte) { return byte >= 'a' && byte <= 'z'; };
-  for (std::size_t i = 0; i < heading.size(); ++i) {
-    const bool is_quote = heading[i] == '\'';
-    if (is_quote && words.back().size() == 1) words.back().clear();
-    if (is_quote && i + 2 <= heading.size() && (i + 2 == heading.size() || !is_part_of_word(heading[i + 2]))) ++i;
-    const bool begins = i > 0 && is_small(heading[i - 1]) && heading[i] >= 'A' && heading[i] <= 'Z';
-    if ((begins || !is_part_of_word(heading[i])) && !words.back().empty()) words.emplace_back();
-    if (is_part_of_word(heading[i]) && !is_quote) words.back().push_back(heading[i]);
-  }
-  for (std::string& word : words) word = folded(word);
-  std::erase_if(words, [](const std::string& word) { return word.empty(); });
-  return words;
-}
-
 /// A lone letter beside a word that means an identification or a name: "V-LOM", "D. herd book no.".
 std::optional<WordKind> owner_of_letter(std::string_view word) {
   if (word == "v" || word == "s" || word == "p") return WordKind::sire;
@@ -181,6 +158,32 @@ HeadingThing thing_told_by(const KindCounts& counts) {
 }
 
 }  // namespace
+
+std::vector<std::string> words_of_heading(std::string_view heading) {
+  std::string plain(heading);
+  for (std::size_t at = plain.find(curly_quote); at != std::string::npos; at = plain.find(curly_quote)) {
+    plain.replace(at, curly_quote.size(), "'");
+  }
+  heading = plain;
+  std::vector<std::string> words(1);
+  const auto is_small = [](char byte) { return byte >= 'a' && byte <= 'z'; };
+  for (std::size_t i = 0; i < heading.size(); ++i) {
+    const bool is_quote = heading[i] == '\'';
+    if (is_quote && words.back().size() == 1) words.back().clear();
+    if (is_quote && i + 2 <= heading.size() && (i + 2 == heading.size() || !is_part_of_word(heading[i + 2]))) ++i;
+    const bool begins = i > 0 && is_small(heading[i - 1]) && heading[i] >= 'A' && heading[i] <= 'Z';
+    if ((begins || !is_part_of_word(heading[i])) && !words.back().empty()) words.emplace_back();
+    if (is_part_of_word(heading[i]) && !is_quote) words.back().push_back(heading[i]);
+  }
+  for (std::string& word : words) word = folded(word);
+  std::erase_if(words, [](const std::string& word) { return word.empty(); });
+  return words;
+}
+
+bool is_plain_heading_word(std::string_view word) {
+  const std::optional<WordKind> kind = kind_of_word(word);
+  return kind == WordKind::filler || kind == WordKind::animal || kind == WordKind::date;
+}
 
 HeadingMeaning read_heading(std::string_view heading) {
   constexpr std::size_t longest = 60;

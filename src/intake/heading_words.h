@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "pedigree/header_words.h"
 
@@ -34,6 +35,13 @@ struct HeadingMeaning {
 /// Reads a heading in English, Dutch, German, French, Spanish or Italian, without regard to capitals, accents and
 /// punctuation.
 HeadingMeaning read_heading(std::string_view heading);
+
+/// The words of a heading, folded. An apostrophe ends a word and leaves out the lone letter at its side: "sire's" is
+/// "sire", "d'inscription" is "inscription". A capital behind a small letter begins a word: "SireID".
+std::vector<std::string> words_of_heading(std::string_view heading);
+
+/// Whether a word of a heading says neither whose nor what: "of", "the", "animal", "date".
+bool is_plain_heading_word(std::string_view word);
 
 /// The words of a heading but those for young: "sex" of "Lamb's sex".
 std::string words_beside_young(std::string_view heading);

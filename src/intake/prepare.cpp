@@ -3,11 +3,12 @@
 #include "intake/prepare.h"
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
 #include <initializer_list>
 #include <optional>
+#include <string>
 #include <system_error>
+#include <vector>
 
 #include "core/new_files.h"
 #include "intake/console_words.h"
@@ -42,6 +43,12 @@ constexpr Wording questions_title = {"Before anything is written, please answer:
                                      "Beantwoord eerst, voordat er iets geschreven wordt:"};
 constexpr Wording done = {"Written: {1} and {2}. Go to that folder and start pedigreewatch.",
                           "Geschreven: {1} en {2}. Ga naar die map en start pedigreewatch."};
+constexpr Wording available_written = {
+    "Written: {1}: {2} of {3} animals are still there. Matings, lists and plans take only those.",
+    "Geschreven: {1}: {2} van {3} dieren zijn er nog. Paringen, lijsten en plannen nemen alleen die."};
+constexpr Wording available_left = {
+    "Left: {1}. No column of this export tells which animals have gone; matings, lists and plans go by that file.",
+    "Gebleven: {1}. Geen kolom van deze export zegt welke dieren weg zijn; paringen, lijsten en plannen volgen dat bestand."};
 constexpr Wording answers_kept = {
     "Kept: {1}, your answers; they are used again for the next export with the same headings.",
     "Bewaard: {1}, uw antwoorden; ze worden weer gebruikt bij de volgende export met dezelfde koppen."};
@@ -77,14 +84,18 @@ int refuse(ToolStreams& streams, const PrepareOptions& options, const Refusal& r
 
 /// The files that are written, and the report to come; none of them may replace the export.
 struct Targets {
-  std::string data, steer, lines, report, answers;
+  std::string data, steer, lines, available, report, answers;
 };
 
 Targets targets_of(const PreparePlan& plan, const PrepareOptions& options) {
   const fs::path folder(options.folder);
   const std::string data = (folder / (plan.stem + ".txt")).string();
-  return {data, (folder / "pedigreewatch.ini").string(), name_of_export_lines(data),
-          (folder / (plan.stem + ".out")).string(), (folder / (plan.stem + ".answers")).string()};
+  return {data,
+          (folder / "pedigreewatch.ini").string(),
+          name_of_export_lines(data),
+          (folder / (plan.stem + "_available.txt")).string(),
+          (folder / (plan.stem + ".out")).string(),
+          (folder / (plan.stem + ".answers")).string()};
 }
 
 /// Whether a file of answers of that name is there which was not used.
@@ -111,7 +122,9 @@ int refuse_targets(const Targets& targets, const Preparation& read, const Prepar
   if (!options.folder.empty() && !fs::is_directory(options.folder, ignored)) {
     return refuse(streams, options, folder_missing, {shown(options.folder)});
   }
-  for (const std::string& target : {targets.data, targets.steer, targets.lines, targets.report, targets.answers}) {
+  const bool has_list = tells_gone(read.plan.availability);
+  for (const std::string& target :
+       {targets.data, targets.steer, targets.lines, targets.available, targets.report, targets.answers}) {
     if (fs::equivalent(target, options.export_name, ignored)) {
       return refuse(streams, options, would_replace_export, {shown(target)});
     }
@@ -119,7 +132,8 @@ int refuse_targets(const Targets& targets, const Preparation& read, const Prepar
   if (!options.may_overwrite && would_lose_answers(targets, read, options)) {
     return refuse(streams, options, already_there, {shown(targets.answers)});
   }
-  for (const std::string& target : {targets.data, targets.steer, targets.lines}) {
+  for (const std::string& target : {targets.data, targets.steer, targets.lines, targets.available}) {
+    if (target == targets.available && !has_list) continue;
     if (!options.may_overwrite && is_taken(target)) return refuse(streams, options, already_there, {shown(target)});
     if (refuse_odd(target, options, streams) != 0) return 1;
   }
@@ -158,31 +172,70 @@ int keep_answers(const Targets& targets, const Preparation& read, const PrepareO
   return 0;
 }
 
+/// All files that are given their names together.
+struct WrittenFiles {
+  DataReceiver data;
+  NewFile steer, lines, available;
+  bool has_available = false;
+
+  std::vector<NewFile*> all() {
+    std::vector<NewFile*> files = {&data.file, &steer, &lines};
+    if (has_available) files.push_back(&available);
+    return files;
+  }
+};
+
+bool begin_files(WrittenFiles& files, const Targets& targets, FileProblem& problem) {
+  return begin_file(files.data.file, targets.data, problem) && begin_file(files.steer, targets.steer, problem) &&
+         begin_file(files.lines, targets.lines, problem) &&
+         (!files.has_available || begin_file(files.available, targets.available, problem));
+}
+
+/// Writes everything but the names; false when it was stopped. `available` gets the ids of the animals that are there.
+bool fill_files(WrittenFiles& files, const Preparation& read, const PrepareOptions& options, AvailableIds& available) {
+  ToolStreams& streams = *files.data.streams;
+  ExportLines lines;
+  begin_progress(streams.progress, words_of(writing_lines, options.language));
+  const bool is_made = make_data_file(read.text, read.reading.delimiter, read.plan, read.survey.sexes,
+                                      {take_piece, &files.data, &lines, files.has_available ? &available : nullptr});
+  erase_progress(streams.progress);
+  write_bytes(files.steer, steer_text(read.plan));
+  lines.export_name = fs::path(options.export_name).filename().string();
+  write_bytes(files.lines, text_of_export_lines(lines));
+  if (files.has_available) write_bytes(files.available, text_of_available(available));
+  return is_made || !is_stop_requested(streams);
+}
+
+/// Says which animals matings and plans take.
+void say_available(const Targets& targets, const Preparation& read, const AvailableIds& available,
+                   const PrepareOptions& options, ToolStreams& streams) {
+  if (tells_gone(read.plan.availability)) {
+    say(streams.console, available_written, options.language,
+        {shown(targets.available), std::to_string(available.ids.size()), std::to_string(read.survey.animal_count)});
+  } else if (is_taken(targets.available)) {
+    say(streams.console, available_left, options.language, {shown(targets.available)});
+  }
+}
+
 int write_files(const Targets& targets, const Preparation& read, const PrepareOptions& options, ToolStreams& streams) {
-  DataReceiver data = {.file = {}, .streams = &streams, .line_count = 0};
-  NewFile steer, lines_file;
-  const std::array<NewFile*, 3> files = {&data.file, &steer, &lines_file};
-  const auto abandon_all = [&] { std::for_each(files.begin(), files.end(), [](NewFile* file) { abandon(*file); }); };
+  WrittenFiles files;
+  files.data.streams = &streams;
+  files.has_available = tells_gone(read.plan.availability);
+  const std::vector<NewFile*> all = files.all();
+  const auto abandon_all = [&] { std::for_each(all.begin(), all.end(), [](NewFile* file) { abandon(*file); }); };
   FileProblem problem;
-  if (!begin_file(data.file, targets.data, problem) || !begin_file(steer, targets.steer, problem) ||
-      !begin_file(lines_file, targets.lines, problem)) {
+  if (!begin_files(files, targets, problem)) {
     abandon_all();
     return refuse_problem(problem, options, streams);
   }
-  ExportLines lines;
-  begin_progress(streams.progress, words_of(writing_lines, options.language));
-  const bool is_made =
-      make_data_file(read.text, read.reading.delimiter, read.plan, read.survey.sexes, {take_piece, &data, &lines});
-  erase_progress(streams.progress);
-  write_bytes(steer, steer_text(read.plan));
-  lines.export_name = fs::path(options.export_name).filename().string();
-  write_bytes(lines_file, text_of_export_lines(lines));
-  if (!is_made && is_stop_requested(streams)) {
+  AvailableIds available;
+  if (!fill_files(files, read, options, available)) {
     abandon_all();
     return refuse(streams, options, was_stopped, {});
   }
-  if (!finish_all(files, options.may_overwrite, problem)) return refuse_problem(problem, options, streams);
+  if (!finish_all(all, options.may_overwrite, problem)) return refuse_problem(problem, options, streams);
   say(streams.console, done, options.language, {shown(targets.data), shown(targets.steer)});
+  say_available(targets, read, available, options, streams);
   return keep_answers(targets, read, options, streams);
 }
 

@@ -49,7 +49,9 @@ struct PrepareOptions {
   ToolLanguage language = ToolLanguage::english;
   std::string population_name;
   NameWish subpopulations, colours;
-  NameWish young;  ///< the columns of several animals a line; "none": a line is one animal
+  NameWish availability;                   ///< the columns that tell which animals have gone; "none": no column does
+  std::vector<std::string> gone, present;  ///< texts in them: of animals that have gone, of others; "all": all others
+  NameWish young;                          ///< the columns of several animals a line; "none": a line is one animal
   std::string folder;
   std::string corrections_file;  ///< its name; empty: none
   std::vector<Correction> corrections;

@@ -174,6 +174,10 @@ PreparePlan plan_preparation(const ExportSurvey& survey, const ColumnChoice& col
   choose_dates(survey, options, plan);
   choose_sexes_of_plan(survey, columns, options, plan);
   choose_unknown_parents(survey, options, plan);
+  // Which columns hold what has to be known first.
+  if (columns.questions.empty()) {
+    plan.availability = plan_availability(survey.availability, survey.sexes, columns, options, plan.questions);
+  }
   choose_subpopulations(survey, options.subpopulations, plan);
   choose_colours(survey, options.colours, plan);
   choose_species(survey, options, plan);

@@ -20,6 +20,7 @@ struct PreparePlan {
   ToolLanguage language = ToolLanguage::english;
   char delimiter = ';';  ///< of the data file
   DatePlan dates;
+  AvailabilityPlan availability;
   std::vector<SexMeaning> sexes;                            ///< of the texts of the survey, in their order
   std::unordered_set<std::string> unknown_parents;          ///< the texts of parents that are unknown
   std::unordered_map<std::string, std::string> parent_ids;  ///< the animals of parents that are written in another way

@@ -128,6 +128,11 @@ bool next_noted_animal(RecordReader& reader, ExportRecord& record, const ColumnC
   return false;
 }
 
+/// The first field of the last line, in which the id stands.
+std::string id_of_line(std::string_view line, char delimiter) {
+  return std::string(line.substr(0, line.find_first_of(std::string{delimiter, '\n'})));
+}
+
 void append_line(std::string& bytes, std::string_view text) {
   bytes.append(text).push_back('\n');
 }
@@ -214,7 +219,13 @@ bool make_data_file(std::string_view text, char delimiter, const PreparePlan& pl
   std::int64_t data_line = 0;
   if (plan.columns.has_header) note_shift(lines.shifts, plan.columns.table.line, ++data_line);
   while (next_noted_animal(reader, record, plan.columns, lines)) {
+    const std::size_t line_start = bytes.size();
     const LostTexts lost = append_animal(bytes, record, plan, sexes);
+    if (target.available != nullptr) {
+      std::string id = id_of_line(std::string_view(bytes).substr(line_start), plan.delimiter);
+      if (has_gone(plan.availability, record, plan.columns)) target.available->gone.insert(id);
+      target.available->ids.push_back(std::move(id));
+    }
     note_record(record, plan, lost, ++data_line, lines);
     if (bytes.size() < piece_size) continue;
     lines.data_bytes += static_cast<std::int64_t>(bytes.size());

@@ -33,7 +33,8 @@ using TakePiece = bool (*)(void* receiver, std::string_view bytes);
 struct DataFileTarget {
   TakePiece take = nullptr;
   void* receiver = nullptr;
-  ExportLines* lines = nullptr;  ///< gets what the data file does not tell of the export, unless it is null
+  ExportLines* lines = nullptr;       ///< gets what the data file does not tell of the export, unless it is null
+  AvailableIds* available = nullptr;  ///< gets the ids of the animals that are there, unless it is null
 };
 
 /// Makes the whole data file in pieces of about a megabyte, each handed to the target. Yields whether all were taken.

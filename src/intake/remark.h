@@ -172,8 +172,12 @@ enum class RemarkKind {
   headers_again,                 ///< lines, their numbers
   lines_no_animals,              ///< lines, what they say
   young_found,                   ///< columns, lines, animals
+  gone_by_dates,                 ///< column, animals with a date in it
+  gone_by_texts,                 ///< column, texts of animals that have gone
+  gone_not_counted,              ///< column, texts of which nobody knows it
+  gone_castrated,                ///< words for the sex
 };
-inline constexpr std::size_t remark_kind_count = static_cast<std::size_t>(RemarkKind::young_found) + 1;
+inline constexpr std::size_t remark_kind_count = static_cast<std::size_t>(RemarkKind::gone_castrated) + 1;
 
 struct Remark {
   RemarkKind kind;
@@ -211,8 +215,11 @@ enum class QuestionKind {
   no_delimiter_left,        ///< none
   young_unclear,            ///< columns, their numbers with commas between
   no_such_young,            ///< what the user says, columns of the export
+  availability_unclear,     ///< columns, texts of the first, numbers of the columns with these, and without
+  no_such_availability,     ///< what the user says, columns of the export
+  gone_unclear,             ///< column, texts that nobody knows
 };
-inline constexpr std::size_t question_kind_count = static_cast<std::size_t>(QuestionKind::no_such_young) + 1;
+inline constexpr std::size_t question_kind_count = static_cast<std::size_t>(QuestionKind::gone_unclear) + 1;
 
 /// What a question is answered with: a setting of the preparation.
 enum class Setting {
@@ -229,7 +236,10 @@ enum class Setting {
   species,
   subpopulations,
   colours,
-  young
+  young,
+  availability,
+  gone,
+  present
 };
 
 /// A possible answer: the value of the setting, and the text of the export that it stands for, if there is one.

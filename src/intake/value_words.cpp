@@ -260,6 +260,11 @@ constexpr auto sex_words = std::to_array<SexWord>({
     {"puledra", female_word, "horse"},
 });
 
+constexpr auto castrated_words = std::to_array<std::string_view>(
+    {"os",       "ochse",   "steer",   "bullock",   "buey",     "bue",      "boeuf", "hamel",  "hammel",
+     "wether",   "ruin",    "gelding", "wallach",   "hongre",   "castrone", "capon", "barrow", "borg",
+     "castraat", "kastrat", "capado",  "castrated", "castrado", "castrato", "castre"});
+
 const SexWord* find_sex_word(std::string_view text) {
   if (text.size() > longest_word) return nullptr;
   if (text == "\xE2\x99\x82") text = "m";  // the signs of Mars and Venus
@@ -314,6 +319,10 @@ bool means_no_import(std::string_view text) {
 SexMeaning sex_named(std::string_view text) {
   const SexWord* const found = find_sex_word(text);
   return found == nullptr ? SexMeaning::unknown : found->meaning;
+}
+
+bool names_castrated(std::string_view text) {
+  return text.size() <= longest_word && is_among(folded(text), castrated_words);
 }
 
 std::string_view species_of_sex_word(std::string_view text) {

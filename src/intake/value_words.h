@@ -22,6 +22,9 @@ enum class SexMeaning { male, female, unknown };
 /// herdbook are unknown.
 SexMeaning sex_named(std::string_view text);
 
+/// Whether a word for a sex is one for a castrated male: gelding, wether, ruin, Wallach, castraat, ...
+bool names_castrated(std::string_view text);
+
 /// Whether a text is a letter or a digit, which means another sex in another herdbook.
 bool is_sex_letter(std::string_view text);
 

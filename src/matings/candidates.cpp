@@ -89,6 +89,17 @@ CandidateList candidates_listed(const PopulationStore& store, std::span<const Li
   return list;
 }
 
+AvailableAnimals available_listed(const PopulationStore& store, std::span<const ListedId> ids) {
+  AvailableAnimals available = {true, ByNumber<Flag>(store.size()), 0, 0};
+  for (const std::int32_t position : positions_listed(store, ids)) {
+    available.unknown_ids += position == 0 ? 1 : 0;
+    available.count += position != 0 && available.marks[position] == 0 ? 1 : 0;
+    available.marks[position] = 1;
+  }
+  available.marks[0] = 0;
+  return available;
+}
+
 std::vector<std::int32_t> candidates_born(const PopulationStore& store, std::int32_t first_year, std::int32_t last_year,
                                           Sex sex) {
   std::vector<std::int32_t> positions;

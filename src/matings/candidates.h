@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "pedigree/available_animals.h"
 #include "pedigree/listed_id.h"
 #include "pedigree/population_store.h"
 
@@ -39,6 +40,9 @@ std::vector<std::int32_t> positions_listed(const PopulationStore& store, std::sp
 /// at the length at which identifications of the data file are cut. Of two animals with one identification the first of
 /// the data file is meant, as it is where parents are named.
 CandidateList candidates_listed(const PopulationStore& store, std::span<const ListedId> ids, Sex wanted);
+
+/// The animals of a list as those that can still be bred from. How they are looked for, see `candidates_listed`.
+AvailableAnimals available_listed(const PopulationStore& store, std::span<const ListedId> ids);
 
 /// The animals of this sex born from `first_year` to `last_year`, in store order.
 std::vector<std::int32_t> candidates_born(const PopulationStore& store, std::int32_t first_year, std::int32_t last_year,

@@ -17,6 +17,9 @@ constexpr std::size_t shown_by_kinship = 20;
 constexpr Wording about_kinship = {
     "Mean kinship is that with the reference population: animals with a low one carry rare genes, and are the ones to breed from. One with few known ancestors always has a low one: those with fewer than three generation equivalents (EqG) stand behind the others. The first {1} of the {2} females and {3} males born in the last ten birth years are shown; the tables of pedigreewatch-tools have all.",
     "De gemiddelde verwantschap is die met de referentiepopulatie: dieren met een lage dragen zeldzame genen, en daarmee is het goed fokken. Een dier met weinig bekende voorouders heeft altijd een lage: dieren met minder dan drie equivalente generaties (EqG) staan achter de andere. Getoond zijn de eerste {1} van de {2} vrouwelijke en {3} mannelijke dieren van de laatste tien geboortejaren; de tabellen van pedigreewatch-tools hebben ze alle."};
+constexpr Wording about_available = {
+    "Only animals that are still there are listed: the export said which are dead, sold, exported or castrated.",
+    "Alleen dieren die er nog zijn, staan in deze lijsten: de export zei welke dood, verkocht, weg of gecastreerd zijn."};
 constexpr Wording females_caption = {"Females with the lowest mean kinship",
                                      "Vrouwelijke dieren met de laagste gemiddelde verwantschap"};
 constexpr Wording males_caption = {"Males with the lowest mean kinship",
@@ -163,6 +166,7 @@ void write_lists(std::string& page, const PageFrame& frame) {
     write_paragraph(page, phrase(about_kinship, frame.language,
                                  {std::to_string(shown_by_kinship), std::to_string(lists.females.size()),
                                   std::to_string(lists.males.size())}));
+    if (lists.are_available) write_paragraph(page, frame.text(about_available));
     if (!lists.females.empty()) {
       write_figure_table(page, kinship_list(frame, lists.females), frame.text(females_caption));
     }

@@ -220,6 +220,7 @@ std::string summary_of(const PlanPageInput& input) {
   for (const Sex sex : {male, female}) {
     add_paragraph(text, candidates_sentence(input.pool.candidates.of(sex), sex, input.language));
   }
+  add_paragraph(text, gone_sentence(input.pool, input.language));
   add_paragraph(text, unknown_sexes_sentence(input.pool, input.language));
   std::string limits;
   for (const std::string& limit : limit_sentences(input.request, input.language)) {

@@ -49,6 +49,14 @@ void take(const PopulationStore& store, const CandidateRules& rules, const Marks
   }
 }
 
+/// The same of an animal that no list names: it may have gone.
+void take_available(const PopulationStore& store, const CandidateRules& rules, const Marks& marks,
+                    std::int32_t position, Sex sex, CandidatePool& pool) {
+  if (rules.available.has(position)) return take(store, rules, marks, position, sex, pool);
+  pool.left_out.push_back({position, sex, WhyNone::gone});
+  ++pool.gone;
+}
+
 void take_by_ages(const PopulationStore& store, const CandidateRules& rules, const Marks& marks, Sex sex,
                   CandidatePool& pool) {
   SexCandidates& candidates = pool.candidates.of(sex);
@@ -63,7 +71,7 @@ void take_by_ages(const PopulationStore& store, const CandidateRules& rules, con
     } else if (*age > candidates.ages->oldest) {
       if (marks.was_recent_parent[i] != 0) pool.left_out.push_back({i, sex, WhyNone::too_old});
     } else {
-      take(store, rules, marks, i, sex, pool);
+      take_available(store, rules, marks, i, sex, pool);
     }
   }
 }
@@ -79,7 +87,7 @@ void take_by_years(const PopulationStore& store, const CandidateRules& rules, co
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
     const std::int32_t year = store.birth_year[i];
     if (year == 0 || year < candidates.first_year || known_sex(store, marks.sexes, i) != sex) continue;
-    take(store, rules, marks, i, sex, pool);
+    take_available(store, rules, marks, i, sex, pool);
   }
 }
 
@@ -101,7 +109,7 @@ void leave_out_unknown_sexes(const PopulationStore& store, const CandidateRules&
     for (const std::int32_t position : pool.candidates.of(sex).positions) is_listed[position] = 1;
   }
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
-    if (is_listed[i] != 0 || known_sex(store, marks.sexes, i)) continue;
+    if (is_listed[i] != 0 || !rules.available.has(i) || known_sex(store, marks.sexes, i)) continue;
     const bool is_meant =
         is_of_age(store, pool.candidates.of_males, i) || is_of_age(store, pool.candidates.of_females, i);
     if (!is_meant || find_reason(store, rules, marks, i) != WhyNone::used) continue;

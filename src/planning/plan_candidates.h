@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "pedigree/available_animals.h"
 #include "planning/parent_use.h"
 
 namespace pedigreewatch {
@@ -15,6 +16,7 @@ namespace pedigreewatch {
 struct CandidateRules {
   BySex<std::optional<std::vector<std::int32_t>>> listed;  ///< positions; none: by years or ages
   std::optional<std::int32_t> years;                       ///< born in so many last birth years; none: by ages
+  AvailableAnimals available;                              ///< of whom those are who are in no list
   std::vector<std::int32_t> excluded;                      ///< positions
   std::optional<std::string> subpopulation;                ///< its name in UTF-8
   double least_generations = 0.0;                          ///< equivalent generations of known ancestors
@@ -36,6 +38,7 @@ enum class WhyNone : std::uint8_t {
   unknown_sex,    ///< neither its line nor young of it tell the sex
   low_value,      ///< a candidate that kinship alone would use, but not its breeding value
   left_by_whole,  ///< its best share is a mating or more, but other whole numbers are better
+  gone,           ///< dead, sold, exported, castrated
 };
 
 struct LeftOut {
@@ -58,6 +61,7 @@ struct CandidatePool {
   BySex<SexCandidates> candidates;
   std::vector<LeftOut> left_out;   ///< in the order in which they were met
   std::int64_t unknown_sexes = 0;  ///< of those left out
+  std::int64_t gone = 0;           ///< likewise
 };
 
 /// Animals of a list are of the sex that it is for. Others of unknown sex are left out where their age or birth year

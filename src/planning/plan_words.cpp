@@ -159,6 +159,11 @@ constexpr Wording by_ages = {
     "and available the data do not say",
     "{1}: {2}, van {3} jaar (5 tot 95 op de 100 van de leeftijden van ouders bij {4} in de laatste tien jaar); of zij "
     "leven en beschikbaar zijn zeggen de gegevens niet"};
+constexpr Counted gone_animals = {
+    {"1 animal of these ages or years is left out because it is no longer there (dead, sold, castrated, ...)",
+     "1 dier van deze leeftijden of jaren valt weg omdat het er niet meer is (dood, verkocht, gecastreerd, ...)"},
+    {"{1} animals of these ages or years are left out because they are no longer there (dead, sold, castrated, ...)",
+     "{1} dieren van deze leeftijden of jaren vallen weg omdat ze er niet meer zijn (dood, verkocht, gecastreerd, ...)"}};
 constexpr Counted unknown_sexes = {
     {"left out: 1 animal of these ages or years whose sex neither its line nor young of it tell; name it in a list of males "
      "or females to plan with it",
@@ -210,7 +215,7 @@ constexpr Wording limit_rate = {"inbreeding a generation at most: {1} %", "intee
 constexpr Wording rate_heading = {"inbreeding a generation, %", "inteelt per generatie, %"};
 constexpr Wording curve_kinship = {"mean kinship, %", "gemiddelde verwantschap, %"};
 
-constexpr std::array<Wording, 12> reasons = {{{"", ""},
+constexpr std::array<Wording, 13> reasons = {{{"", ""},
                                               {"related to all", "verwant aan allen"},
                                               {"best share below a mating", "beste aandeel kleiner dan een paring"},
                                               {"too young", "te jong"},
@@ -221,7 +226,8 @@ constexpr std::array<Wording, 12> reasons = {{{"", ""},
                                               {"its number is given as 0", "zijn aantal is opgegeven als 0"},
                                               {"sex unknown", "geslacht onbekend"},
                                               {"low breeding value", "lage fokwaarde"},
-                                              {"left out by whole numbers", "valt weg bij hele aantallen"}}};
+                                              {"left out by whole numbers", "valt weg bij hele aantallen"},
+                                              {"no longer there", "er niet meer"}}};
 
 constexpr int kinship_digits = 8;
 
@@ -486,6 +492,10 @@ std::string candidates_sentence(const SexCandidates& candidates, Sex sex, ToolLa
   const std::string youngest = std::to_string(ages.youngest), oldest = std::to_string(ages.oldest);
   const std::string range = ages.youngest == ages.oldest ? oldest : phrase(age_range, language, {youngest, oldest});
   return phrase(by_ages, language, {animals, count, range, counted(births_counted, ages.births, language)});
+}
+
+std::string gone_sentence(const CandidatePool& pool, ToolLanguage language) {
+  return pool.gone == 0 ? std::string() : counted(gone_animals, pool.gone, language);
 }
 
 std::string unknown_sexes_sentence(const CandidatePool& pool, ToolLanguage language) {

@@ -55,6 +55,9 @@ std::string_view words_of_reason(WhyNone why, ToolLanguage language);
 /// Of a candidate.
 WhyNone reason_of(const Plan& plan, std::size_t place, std::int64_t matings);
 
+/// Animals that are left out because they are no longer there; empty where there are none.
+std::string gone_sentence(const CandidatePool& pool, ToolLanguage language);
+
 /// Animals that are left out because nobody knows their sex; empty where there are none.
 std::string unknown_sexes_sentence(const CandidatePool& pool, ToolLanguage language);
 

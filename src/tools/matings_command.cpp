@@ -18,6 +18,10 @@
 #include "matings/candidates.h"
 #include "matings/mating_table.h"
 #include "matings/ranking.h"
+#include "planning/parent_use.h"
+#include "planning/plan_candidates.h"
+#include "planning/plan_words.h"
+#include "tools/available_list.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
 #include "tools/id_list.h"
@@ -32,6 +36,10 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools matings [OPTION.
   --females FILE        the females, one identification a line
   --males FILE          the males, likewise
   --years N             where no file is given: the animals born in the last N years (10)
+  --ages                where no file is given: the animals of the ages at which parents were used in the last ten years
+                        (5 to 95 in 100 of the births)
+  --all-animals         where no file is given: also the animals that NAME_available.txt does not name (it stands beside
+                        the data where the export told who is dead, sold or castrated)
   --best K              for each female only the K males with the lowest F
   --limit F             only pairs with F at most that: 0.0625 or 6.25%
   --most-f F            the highest F that the offspring of a mating should have: pairs beyond it are counted and
@@ -46,6 +54,8 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools matings [OPTION.
 constexpr auto rules = std::to_array<OptionRule>({{"--females"},
                                                   {"--males"},
                                                   {"--years"},
+                                                  {"--ages", false},
+                                                  {all_animals_option, false},
                                                   {"--best"},
                                                   {"--limit"},
                                                   {"--most-f"},
@@ -60,6 +70,13 @@ constexpr Wording no_birth_years = {"no animal has a year of birth; name the {1}
 constexpr Wording none_born = {
     "no {1} were born from {2} to {3}; give more --years, or name the {1} with {4} FILE",
     "er zijn geen {1} geboren van {2} tot en met {3}; geef meer --years, of noem de {1} met {4} BESTAND"};
+constexpr Wording none_aged = {
+    "no {1} are of the ages at which parents were used in the last ten years; give --years, or name them with {2} FILE",
+    "geen {1} zijn van de leeftijden waarop ouders de laatste tien jaar gebruikt zijn; geef --years, of noem ze met {2} BESTAND"};
+constexpr Wording ages_line = {
+    "  who of them is dead or sold is not told; at the births of the last ten years at least nine in ten {1} were {2} to {3} years old: --ages keeps to those ages",
+    "  wie dood of verkocht is, is niet bekend; bij de geboorten van de laatste tien jaar waren minstens negen van de tien {1} {2} tot en met {3} jaar oud: --ages houdt zich daaraan"};
+constexpr Wording dams_word = {"dams", "moeders"}, sires_word = {"sires", "vaders"};
 constexpr Wording not_opened = {"{1}: the file of {2} could not be opened: {3}",
                                 "{1}: het bestand van {2} kon niet geopend worden: {3}"};
 constexpr Wording no_text = {
@@ -112,7 +129,7 @@ struct MatingOptions {
   std::optional<std::int64_t> best;
   std::optional<double> limit, most_inbreeding;
   MatingTableForm form = MatingTableForm::tabs;
-  bool is_plain = false;
+  bool is_plain = false, takes_ages = false, takes_all_animals = false;
 };
 
 /// A number from 1 to 2147483647; none for any other text.
@@ -140,6 +157,8 @@ std::string take_option(const GivenOption& given, MatingOptions& options) {
   const auto refusal = [&](std::string_view expected) {
     return std::string(given.name) + " " + in_quotes(given.value) + ": " + std::string(expected) + " was expected";
   };
+  if (given.name == "--ages") options.takes_ages = true;
+  if (given.name == all_animals_option) options.takes_all_animals = true;
   if (given.name == "--plain") options.is_plain = true;
   if (given.name == "--csv") options.form = MatingTableForm::commas;
   if (given.name == "--females" || given.name == "--males") {
@@ -174,6 +193,7 @@ std::string read_mating_options(std::span<const std::string_view> arguments, Mat
   if (problem.empty() && has_years && !options.females_file.empty() && !options.males_file.empty()) {
     return "--years has no meaning when all animals are named with --females and --males";
   }
+  if (problem.empty() && has_years && options.takes_ages) return "--years and --ages: only one of them can be given";
   return problem;
 }
 
@@ -182,6 +202,7 @@ struct MatingRun {
   const FolderRun& folder;
   const MatingOptions& options;
   bool has_left_out = false;  ///< animals of a list
+  AvailableAnimals available = {};
 
   const PopulationStore& store() const { return folder.population.store; }
 };
@@ -189,11 +210,11 @@ struct MatingRun {
 /// The words that differ between the two lists.
 struct ListWording {
   Sex sex;
-  Wording animals;
+  Wording animals, parents;
   std::string_view option;
 };
-constexpr ListWording females_list = {female, females_word, "--females"};
-constexpr ListWording males_list = {male, males_word, "--males"};
+constexpr ListWording females_list = {female, females_word, dams_word, "--females"};
+constexpr ListWording males_list = {male, males_word, sires_word, "--males"};
 
 /// Reads a list that must name an animal.
 std::optional<ToolRefusal> read_list(const FolderRun& folder, const std::string& name, std::string_view option,
@@ -253,6 +274,7 @@ std::optional<ToolRefusal> take_listed(MatingRun& run, const ListWording& wordin
   say_notes(run, list, name, wording.sex);
   if (list.positions.empty()) return ToolRefusal{folder.words(none_usable, {shown(name)})};
   positions = std::move(list.positions);
+  say_unavailable(folder, run.available, positions, name);
   say(folder.streams.console,
       folder.words(listed_in, {std::to_string(positions.size()), folder.words(wording.animals), shown(name)}));
   return std::nullopt;
@@ -267,6 +289,7 @@ std::optional<ToolRefusal> take_born(const MatingRun& run, const ListWording& wo
   if (years.dated_row_count() == 0) return ToolRefusal{folder.words(no_birth_years, {animals, wording.option})};
   const std::int64_t first = std::max(std::int64_t{years.last} - run.options.years + 1, std::int64_t{years.first});
   positions = candidates_born(run.store(), static_cast<std::int32_t>(first), years.last, wording.sex);
+  std::erase_if(positions, [&](std::int32_t position) { return !run.available.has(position); });
   const std::string first_text = std::to_string(first), last_text = std::to_string(years.last);
   if (positions.empty()) {
     return ToolRefusal{folder.words(none_born, {animals, first_text, last_text, wording.option})};
@@ -276,9 +299,38 @@ std::optional<ToolRefusal> take_born(const MatingRun& run, const ListWording& wo
   return std::nullopt;
 }
 
+/// Where nobody has said who has gone: at which ages animals are used, for who wants no others.
+void propose_ages(const MatingRun& run, const ListWording& wording) {
+  if (run.available.is_told) return;
+  const std::optional<BreedingAges> ages = breeding_ages(run.store(), wording.sex);
+  if (!ages) return;
+  const FolderRun& folder = run.folder;
+  say(folder.streams.console, folder.words(ages_line, {folder.words(wording.parents), std::to_string(ages->youngest),
+                                                       std::to_string(ages->oldest)}));
+}
+
+/// Takes the animals of the ages at which parents were used, of which there must be one.
+std::optional<ToolRefusal> take_aged(const MatingRun& run, const ListWording& wording,
+                                     std::vector<std::int32_t>& positions) {
+  const FolderRun& folder = run.folder;
+  const std::string animals = folder.words(wording.animals);
+  CandidateRules wanted;
+  wanted.available = run.available;
+  const CandidatePool pool = gather_candidates(run.store(), wanted);
+  const SexCandidates& candidates = pool.candidates.of(wording.sex);
+  positions = candidates.positions;
+  if (positions.empty()) return ToolRefusal{folder.words(none_aged, {animals, wording.option})};
+  say(folder.streams.console, candidates_sentence(candidates, wording.sex, folder.language));
+  return std::nullopt;
+}
+
 std::optional<ToolRefusal> take_candidates(MatingRun& run, const ListWording& wording, const std::string& name,
                                            std::vector<std::int32_t>& positions) {
-  return name.empty() ? take_born(run, wording, positions) : take_listed(run, wording, name, positions);
+  if (!name.empty()) return take_listed(run, wording, name, positions);
+  if (run.options.takes_ages) return take_aged(run, wording, positions);
+  std::optional<ToolRefusal> refusal = take_born(run, wording, positions);
+  if (!refusal) propose_ages(run, wording);
+  return refusal;
 }
 
 std::string percent_text(float f) {
@@ -382,7 +434,9 @@ std::optional<ToolRefusal> make_matings(FolderRun& folder, const MatingOptions& 
   MatingRun run = {folder, options};
   MatingPlan plan = {{}, {}, options.best, options.limit};
   if (options.most_inbreeding) plan.most_inbreeding = *options.most_inbreeding;
-  std::optional<ToolRefusal> refusal = take_candidates(run, females_list, options.females_file, plan.females);
+  std::optional<ToolRefusal> refusal;
+  if (!options.takes_all_animals) refusal = read_available(folder, run.available);
+  if (!refusal) refusal = take_candidates(run, females_list, options.females_file, plan.females);
   if (!refusal) refusal = take_candidates(run, males_list, options.males_file, plan.males);
   if (!refusal) refusal = refuse_size(folder, plan);
   if (!refusal) refusal = refuse_name(run, table_name(run));

@@ -13,6 +13,7 @@
 #include "diversity/diversity.h"
 #include "page/page.h"
 #include "standing/standing_options.h"
+#include "tools/available_list.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
 #include "tools/population_check.h"
@@ -33,14 +34,16 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools page [OPTION...]
   --rule-year YEAR      the first birth year under a rule, an import or the like: rates before and since
   --sire-share PERCENT  the most young of five years that one sire should have (else 5%)
   --most-f PERCENT      the highest F that the offspring of a mating should have (else 6.25%)
+  --all-animals         lists also the animals that NAME_available.txt does not name (it stands beside the data where
+                        the export told who is dead, sold or castrated)
   --help                shows this text
 
   Exit status: 0 the page was written, 1 data or files stand in the way (nothing was written), 2 wrong
   arguments.
 )";
 
-constexpr auto rules =
-    std::to_array<OptionRule>({{"--years"}, {"--ids"}, {"--rule-year"}, {"--sire-share"}, {"--most-f"}});
+constexpr auto rules = std::to_array<OptionRule>(
+    {{"--years"}, {"--ids"}, {"--rule-year"}, {"--sire-share"}, {"--most-f"}, {all_animals_option, false}});
 
 constexpr Wording not_written = {"{1}: {2}; the page was not written", "{1}: {2}; de pagina is niet geschreven"};
 constexpr Wording is_in_use = {"a page of this name would replace a file that this run reads",
@@ -51,10 +54,12 @@ constexpr Wording written = {"{1}: the page ({2} kB); open it in a browser",
 struct PageOptions {
   ReferenceOptions reference;
   StandingSettings standing;
+  bool takes_all_animals = false;
 };
 
 /// Takes one option; yields what is wrong with it, empty: nothing.
 std::string take_option(const GivenOption& option, PageOptions& options) {
+  if (option.name == all_animals_option) options.takes_all_animals = true;
   const std::string problem = take_reference_option(option.name, option.value, options.reference);
   return problem.empty() ? take_standing_option(option.name, option.value, options.standing) : problem;
 }
@@ -82,6 +87,10 @@ std::optional<ToolRefusal> write_page(const FolderRun& run, std::string_view pag
 std::optional<ToolRefusal> make_page_file(const FolderRun& run, const PageOptions& options) {
   ReferencePopulation reference;
   if (std::optional<ToolRefusal> refusal = choose_reference(run, options.reference, reference)) return refusal;
+  AvailableAnimals available;
+  if (!options.takes_all_animals) {
+    if (std::optional<ToolRefusal> refusal = read_available(run, available)) return refusal;
+  }
   TextOutput silent;
   const std::vector<Block> blocks = analyse_subpopulations(run.population, silent);
   const Diversity diversity = compute_diversity(run.population.store, std::move(reference));
@@ -90,7 +99,7 @@ std::optional<ToolRefusal> make_page_file(const FolderRun& run, const PageOption
   if (is_stop_requested(run.streams)) return ToolRefusal{run.words(was_stopped)};
   const CheckResult* const found = check ? &*check : nullptr;
   const Standing standing = stand_of(run.population, options.standing, found);
-  const PopulationFigures figures = compute_figures(run.population.store, diversity);
+  const PopulationFigures figures = compute_figures(run.population.store, diversity, available);
   const PageInput input = {run.population, blocks, &diversity, found, &standing, &figures};
   return write_page(run, make_page(input), options.reference.ids_file);
 }

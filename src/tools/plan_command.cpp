@@ -21,6 +21,7 @@
 #include "planning/planned_matings.h"
 #include "planning/said_request.h"
 #include "tables/plan_tables.h"
+#include "tools/available_list.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
 #include "tools/plan_options.h"
@@ -94,6 +95,15 @@ std::optional<CandidatePool> find_candidates(PlanRun& run, PlanInput& input) {
   if (options.subpopulation && !has_subpopulation(run)) return std::nullopt;
   read_said_candidates(input, options.lists, rules);
   if (input.has_faults) return std::nullopt;
+  if (!options.takes_all_animals) {
+    if (const Refusal refusal = read_available(run.folder, rules.available)) {
+      tell_refusal(run.streams, refusal->text);
+      return std::nullopt;
+    }
+  }
+  for (const auto& [sex, list] : {std::pair(male, &options.lists.males), std::pair(female, &options.lists.females)}) {
+    if (const auto& listed = rules.listed.of(sex)) say_unavailable(run.folder, rules.available, *listed, *list);
+  }
   CandidatePool pool = gather_candidates(run.store(), rules);
   for (const Sex sex : {male, female}) {
     if (!pool.candidates.of(sex).positions.empty()) continue;
@@ -288,6 +298,7 @@ Refusal plan_and_write(FolderRun& folder, const PlanOptions& options) {
   for (const Sex sex : {male, female}) {
     say(run.streams.console, candidates_sentence(pool->candidates.of(sex), sex, run.language));
   }
+  if (pool->gone > 0) say(run.streams.console, gone_sentence(*pool, run.language));
   if (pool->unknown_sexes > 0) say(run.streams.console, unknown_sexes_sentence(*pool, run.language));
   const std::optional<PlanRequest> request = make_request(run, input, *pool);
   if (!request) return ToolRefusal{folder.words(nothing_written)};

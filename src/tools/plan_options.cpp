@@ -23,6 +23,8 @@ constexpr std::string_view help =
     "  --males FILE          the males, likewise\n"
     "  --years N             for a sex without a list: the animals born in the last N birth years\n"
     "  --exclude FILE        leaves out the animals of a list\n"
+    "  --all-animals         also animals that NAME_available.txt does not name (it stands beside the data where the export\n"
+    "                        told who is dead, sold or castrated)\n"
     "  --subpopulation NAME  only animals of that subpopulation\n"
     "  --known-parents       only animals of which both parents are known\n"
     "  --least-generations G only animals with at least G equivalent generations of known ancestors\n"
@@ -55,6 +57,7 @@ constexpr auto rules = std::to_array<OptionRule>({{"--females"},
                                                   {"--exclude"},
                                                   {"--subpopulation"},
                                                   {"--known-parents", false},
+                                                  {"--all-animals", false},
                                                   {"--least-generations"},
                                                   {"--matings"},
                                                   {"--most-per-male"},
@@ -159,6 +162,7 @@ std::string take_option(const GivenOption& given, PlanOptions& options) {
     options.*option.count = read_count(given.value);
     return options.*option.count ? std::string() : refusal(given, "a number from 1 to 1000000");
   }
+  if (given.name == "--all-animals") options.takes_all_animals = true;
   if (given.name == "--known-parents") options.needs_known_parents = true;
   if (given.name == "--contributions-only") options.wants_pairs = false;
   if (given.name == "--workbook") options.wants_workbook = true;

@@ -16,7 +16,7 @@ struct PlanOptions {
   std::optional<std::int32_t> years, matings, most_per_male, most_per_female, least_per_male;
   std::optional<std::string> subpopulation;
   double least_generations = 0.0;
-  bool needs_known_parents = false;
+  bool needs_known_parents = false, takes_all_animals = false;
   std::optional<double> most_f, rate;  ///< as fractions
   bool wants_pairs = true, wants_workbook = false;
 };

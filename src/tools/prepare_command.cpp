@@ -41,6 +41,11 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools prepare [OPTION.
   --young COLUMNS       the columns of the ids where a line holds several animals, such as the young of a litter: by
                         heading or number, with commas between them (or semicolons). Each gets a line of its own.
                         "none": a line is one animal
+  --availability COLUMNS the columns that tell which animals are dead, sold, exported or castrated: by heading or
+                        number, with commas between them (or semicolons); "none": no column does
+  --gone TEXT           a text in them that says that an animal has gone; "all": all that nobody knows. As often as
+                        needed
+  --present TEXT        a text in them that says that it is still there, likewise
   --header yes|no       whether the first line holds the headings
   --dates LAYOUT        order of the dates: dd-mm-yyyy, mm-dd-yyyy, yyyy-mm-dd, yyyy-dd-mm, ddmmyyyy, ...; or
                         serial-1900, serial-1904: how the days of a spreadsheet are counted. As often as needed
@@ -82,6 +87,9 @@ constexpr auto rules = std::to_array<OptionRule>({{"--answers"},
                                                   {"--column", true, true},
                                                   {"--header"},
                                                   {"--young"},
+                                                  {"--availability"},
+                                                  {"--gone", true, true},
+                                                  {"--present", true, true},
                                                   {"--species"},
                                                   {"--language"},
                                                   {"--name"},
@@ -188,6 +196,12 @@ std::string read_young(const GivenOption& option, PrepareOptions& options) {
   return is_said ? "" : expected(option, "columns by heading or number, such as 6,7,8, or none");
 }
 
+std::string read_availability_columns(const GivenOption& option, PrepareOptions& options) {
+  options.availability = read_names(text_of(option.value));
+  const bool is_said = options.availability.leaves_out || !options.availability.names.empty();
+  return is_said ? "" : expected(option, "columns by heading or number, such as 6,7, or none");
+}
+
 /// The same, or the fewest animals of those that are not put together.
 NameWish read_subpopulations(std::string_view value) {
   const std::optional<std::int64_t> least = least_animals_named(value);
@@ -201,6 +215,8 @@ void read_text_option(const GivenOption& option, PrepareOptions& options) {
   if (option.name == "--answers") options.answers_name = option.value;
   if (option.name == "--male") options.male.emplace_back(trimmed(value));
   if (option.name == "--female") options.female.emplace_back(trimmed(value));
+  if (option.name == "--gone") options.gone.emplace_back(trimmed(value));
+  if (option.name == "--present") options.present.emplace_back(trimmed(value));
   if (option.name == "--sheet") options.sheet = value;
   if (option.name == "--unknown") options.unknown.emplace_back(trimmed(value));
   if (option.name == "--known") options.known.emplace_back(trimmed(value));
@@ -222,6 +238,7 @@ std::string read_option(const GivenOption& option, PrepareOptions& options) {
   if (option.name == "--column") return read_column(option, options);
   if (option.name == "--header") return read_header(option, options);
   if (option.name == "--young") return read_young(option, options);
+  if (option.name == "--availability") return read_availability_columns(option, options);
   if (option.name == "--language") return read_language(option, options);
   if (option.name == "--species") return read_species(option, options);
   read_text_option(option, options);

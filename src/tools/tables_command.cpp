@@ -25,6 +25,7 @@
 #include "tables/figure_tables.h"
 #include "tables/list_tables.h"
 #include "tables/year_tables.h"
+#include "tools/available_list.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
 #include "tools/population_check.h"
@@ -55,6 +56,8 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools tables [OPTION..
   --rule-year YEAR      the first birth year under a rule, an import or the like: rates before and since
   --sire-share PERCENT  the most young of five years that one sire should have (else 5%)
   --most-f PERCENT      the highest F that the offspring of a mating should have (else 6.25%)
+  --all-animals         lists also the animals that NAME_available.txt does not name (it stands beside the data where
+                        the export told who is dead, sold or castrated)
   --founders            drops the founders' genes through the pedigree 10,000 times, and writes NAME_founders
   --ancestors           effective number of ancestors of every cohort also where that takes long
   --csv                 commas instead of tabs, and names that end in .csv
@@ -74,6 +77,7 @@ constexpr auto rules = std::to_array<OptionRule>({{"--years"},
                                                   {"--rule-year"},
                                                   {"--sire-share"},
                                                   {"--most-f"},
+                                                  {all_animals_option, false},
                                                   {"--founders", false},
                                                   {"--ancestors", false}});
 
@@ -99,6 +103,7 @@ struct TablesOptions {
   ReferenceOptions reference;
   StandingSettings standing;
   TableForm form = TableForm::tabs;
+  bool takes_all_animals = false;
   bool wants_workbook = false, wants_founders = false, wants_ancestors = false;
   bool is_plain = false;
 };
@@ -116,6 +121,7 @@ std::string take_option(const GivenOption& option, TablesOptions& options) {
   if (option.name == "--csv") options.form = TableForm::commas;
   if (option.name == "--workbook") options.wants_workbook = true;
   if (option.name == "--plain") options.is_plain = true;
+  if (option.name == all_animals_option) options.takes_all_animals = true;
   if (option.name == "--founders") options.wants_founders = true;
   if (option.name == "--ancestors") options.wants_ancestors = true;
   const std::string problem = take_reference_option(option.name, option.value, options.reference);
@@ -300,9 +306,14 @@ std::optional<ToolRefusal> make_tables(const FolderRun& run, const TablesOptions
   if (std::optional<ToolRefusal> refusal = choose_reference(run, options.reference, reference)) return refusal;
   if (is_stop_requested(run.streams)) return ToolRefusal{run.words(was_stopped)};
   if (std::optional<ToolRefusal> refusal = refuse_other_data(run, check.state)) return refusal;
+  AvailableAnimals available;
+  if (!options.takes_all_animals) {
+    if (std::optional<ToolRefusal> refusal = read_available(run, available)) return refusal;
+  }
   const Standing standing = stand_of(run.population, options.standing, check.faults);
   const Diversity diversity = compute_diversity(run.population.store, std::move(reference));
-  const PopulationFigures figures = compute_figures(run.population.store, diversity, options.wants_ancestors);
+  const PopulationFigures figures =
+      compute_figures(run.population.store, diversity, available, options.wants_ancestors);
   Tables tables{run, diversity, standing, figures, options.form, options.wants_founders, options.is_plain};
   return write_tables(tables, options);
 }

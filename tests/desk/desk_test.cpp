@@ -189,12 +189,31 @@ TEST(Desk, WorksOutMatings) {
   EXPECT_TRUE(holds(siblings, R"("equivalents":1})")) << siblings;  // both parents of each are known, and no more
   EXPECT_TRUE(holds(describe_pair(opened.desk, c, f), R"("offspringF":0,)"));
   EXPECT_EQ(describe_pair(opened.desk, 0, 99), "{}");
-  EXPECT_EQ(rank_males(opened.desk, d, 2000, 2004), R"({"count":3})");
+  EXPECT_EQ(rank_males(opened.desk, d, {2000, 2004}), R"({"count":3})");
   // With her son E: half of his genes are hers, a quarter more came through C.
   EXPECT_TRUE(holds(list_males(opened.desk, 0, 1), R"("id":"A")"));
   EXPECT_TRUE(holds(list_males(opened.desk, 2, 5), R"("offspringF":0.375)"));
   EXPECT_TRUE(holds(males_table(opened.desk), "D\tE\tEef\t2004\t0.375000\t"));
-  EXPECT_EQ(rank_males(opened.desk, d, 1990, 1991), R"({"count":0})");
+  EXPECT_EQ(rank_males(opened.desk, d, {1990, 1991}), R"({"count":0})");
+}
+
+TEST(Desk, TakesOnlyAnimalsThatAreStillThere) {
+  const std::string told =
+      "ID,Name,Sex,Born,Father,Mother,Died\n"
+      "A,x,ram,13-01-2000,,,\nB,x,ewe,14-01-2000,,,\nC,x,ram,15-02-2002,A,B,16-03-2003\nD,x,ewe,15-02-2002,A,B,\n"
+      "E,x,wether,15-02-2002,A,B,\nF,x,ram,15-02-2001,,,\n";
+  OpenedDesk opened(told.c_str());
+  EXPECT_TRUE(holds(write_files_of_export(opened.desk), R"("available":4)"));
+  EXPECT_TRUE(holds(run_analysis(opened.desk), R"("isAvailabilityTold":true,"available":4)"));
+  const std::int32_t d = position_of(opened.desk, "D");
+  EXPECT_EQ(rank_males(opened.desk, d, {2000, 2002}), R"({"count":2})");
+  EXPECT_EQ(rank_males(opened.desk, d, {2000, 2002, true}), R"({"count":4})");
+  // F is as old as A was as a sire. C and E are younger, and gone.
+  EXPECT_TRUE(find_in_results(opened.desk, "x", male).find(R"("id":"F")") <
+              find_in_results(opened.desk, "x", male).find(R"("id":"C")"));
+  EXPECT_TRUE(holds(make_desk_plan(opened.desk, "years=3\nmatings=1"), "males: 2, born 2000 to 2002"));
+  EXPECT_TRUE(holds(make_desk_plan(opened.desk, "years=3\nmatings=1"), "2 animals of these ages or years"));
+  EXPECT_TRUE(holds(make_desk_plan(opened.desk, "years=3\nmatings=1\nallAnimals=1"), "males: 4, born"));
 }
 
 /// Two litters of full sibs, unrelated to each other.
@@ -326,7 +345,7 @@ TEST(Desk, HasNothingOfMatingsBeforeARun) {
   Desk desk;
   EXPECT_EQ(find_in_results(desk, "A"), R"({"animals":[],"count":0})");
   EXPECT_EQ(describe_pair(desk, 1, 2), "{}");
-  EXPECT_EQ(rank_males(desk, 1, 2000, 2001), R"({"count":0})");
+  EXPECT_EQ(rank_males(desk, 1, {2000, 2001}), R"({"count":0})");
   EXPECT_EQ(years_table(desk) + animals_table(desk) + diversity_table(desk) + subpopulations_table(desk), "");
   EXPECT_EQ(tables_workbook(desk), "");
 }

@@ -91,7 +91,7 @@ TEST(ExportAnswer, LeavesNamesAndSexesThatLookLikeOptionsAsTheyAre) {
           R"j("unknownParents":[{"text":"","count":3,"isUnknown":true}],"subpopulations":[],"colours":[],)j"
           R"j("dates":{"isAmbiguous":false,"hasShortYears":false,"hasSerials":false,"written":"dd-mm-yyyy","orders":[]},"species":"",)j"
           R"j("allSpecies":["dog","cat","cattle","sheep","horse","poultry","pig","other"],"name":"herd--male",)j"
-          R"j("steer":"","dataName":"herd--male.txt"})j"));
+          R"j("steer":"","dataName":"herd--male.txt","availableName":""})j"));
 }
 
 TEST(ExportAnswer, TellsOfBlankLinesAndOfAStrayDelimiterInDutch) {
@@ -132,7 +132,7 @@ TEST(ExportAnswer, TellsOfBlankLinesAndOfAStrayDelimiterInDutch) {
           R"j("dates":{"isAmbiguous":false,"hasShortYears":false,"hasSerials":false,"written":"dd-mm-jjjj","orders":[]},"species":"schaap",)j"
           R"j("allSpecies":["hond","kat","rund","schaap","paard","pluimvee","varken","overig"],"name":"kudde",)j"
           R"j("steer":"kudde\u000akudde.txt\u000a;\u000an\u000add-mm-jjjj\u000aschaap\u000am\u000anl\u000ay\u000a)j"
-          R"j(0\u000a0\u000a","dataName":"kudde.txt"})j"));
+          R"j(0\u000a0\u000a","dataName":"kudde.txt","availableName":""})j"));
 }
 
 TEST(ExportAnswer, SaysThatAFileIsEmpty) {

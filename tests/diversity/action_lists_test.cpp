@@ -27,6 +27,17 @@ TEST(ActionLists, HaveTheLowestMeanKinshipFirst) {
   EXPECT_EQ(lists.males, (std::vector<std::int32_t>{6, 3}));
 }
 
+TEST(ActionLists, ListOnlyThoseThatAreStillThere) {
+  const PopulationStore store = with_inbreeding(numbered_store("2010 m\n2010\n2011 m\n2012\n"));
+  AvailableAnimals available = {true, ByNumber<Flag>(store.size()), 2, 0};
+  available.marks[1] = available.marks[4] = 1;
+  const ActionLists lists = make_action_lists(store, std::vector<std::int32_t>{}, {}, available);
+  EXPECT_EQ(lists.females, (std::vector<std::int32_t>{4}));
+  EXPECT_EQ(lists.males, (std::vector<std::int32_t>{1}));
+  EXPECT_TRUE(lists.are_available);
+  EXPECT_FALSE(lists_of(store, {}).are_available);
+}
+
 TEST(ActionLists, KeepTheOrderOfTheStoreWithoutAReference) {
   const PopulationStore store = with_inbreeding(numbered_store("2010\n2010\n2011 m\n0\n"));
   const ActionLists lists = lists_of(store, {});

@@ -42,6 +42,18 @@ TEST(CandidatesListed, StandInTheOrderOfTheList) {
   EXPECT_TRUE(list.notes.empty());
 }
 
+TEST(AvailableListed, MarksEachAnimalOnceAndCountsTheUnknownOnes) {
+  const PopulationStore store = pedigree_from_text(four);
+  const AvailableAnimals available = available_listed(store, list_of({"ann", "nobody", "ann", "cas"}));
+  EXPECT_TRUE(available.is_told);
+  EXPECT_EQ(available.count, 2);
+  EXPECT_EQ(available.unknown_ids, 1);
+  EXPECT_TRUE(available.has(animal_named(store, "ann").number));
+  EXPECT_FALSE(available.has(animal_named(store, "bea").number));
+  EXPECT_FALSE(available.has(0));
+  EXPECT_TRUE(AvailableAnimals().has(animal_named(store, "bea").number));
+}
+
 TEST(CandidatesListed, UnknownOnesOthersOfTheOtherSexAndRepeatedOnesAreLeftOut) {
   const PopulationStore store = pedigree_from_text(four);
   const CandidateList list = listed(store, {"ann", "nobody", "rex", "ann", "Ann"}, female);

@@ -101,6 +101,27 @@ TEST(GatherCandidates, ThoseOfUnknownSexAreLeftOutUnlessTheirYoungTellIt) {
   EXPECT_EQ(gather_candidates(store, rules).unknown_sexes, 1);
 }
 
+TEST(GatherCandidates, ThoseThatHaveGoneAreLeftOutUnlessAListNamesThem) {
+  const PopulationStore store = with_inbreeding(pedigree_from_text(herd));
+  const auto position = [&](std::string_view id) { return animal_named(store, id).number; };
+  CandidateRules rules;
+  rules.available = {true, ByNumber<Flag>(store.size(), 1), 0, 0};
+  for (const std::string_view id : {"bo", "pa", "fie"}) rules.available.marks[position(id)] = 0;
+  CandidatePool pool = gather_candidates(store, rules);
+  EXPECT_EQ(ids_of(store, pool.candidates.of_males.positions), "cor dirk ");
+  EXPECT_EQ(reason_of(pool, store, "bo"), code(WhyNone::gone));
+  EXPECT_EQ(reason_of(pool, store, "pa"), code(WhyNone::too_old));
+  EXPECT_EQ(pool.gone, 1);
+  rules.years = 5;
+  EXPECT_EQ(gather_candidates(store, rules).gone, 2);  // Fie too
+  // Nobody asks for the sex of one that has gone.
+  rules.records_without_sex = {store.record_no(position("fie"))};
+  EXPECT_EQ(gather_candidates(store, rules).unknown_sexes, 0);
+  rules.listed.of_males = std::vector<std::int32_t>{position("bo")};
+  pool = gather_candidates(store, rules);
+  EXPECT_EQ(ids_of(store, pool.candidates.of_males.positions), "bo ");
+}
+
 TEST(GatherCandidates, KeepToASubpopulation) {
   LookedUpNames names;
   names.subpopulations.add(SubpopulationName("North"));

@@ -1,0 +1,328 @@
+// The candidates are found by their headings and by their first texts, then read whole; each different text is judged
+// once.
+
+#include "intake/availability.h"
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+#include <span>
+#include <utility>
+
+#include "intake/animal_lines.h"
+#include "intake/heading_words.h"
+#include "intake/value_words.h"
+#include "text/folded_words.h"
+
+namespace pedigreewatch {
+namespace {
+
+constexpr std::string_view all_others = "all";
+
+bool holds_field(const ColumnChoice& columns, std::size_t place) {
+  return std::find(columns.place.begin(), columns.place.end(), place) != columns.place.end();
+}
+
+/// Whether nobody knows what a column without a place in the data file holds.
+bool is_open(const ColumnChoice& columns, std::size_t place) {
+  if (!columns.has_header) return true;
+  const HeadingMeaning meaning = read_heading(columns.headings[place]);
+  return !meaning.is_understood && !meaning.names_young;
+}
+
+void add_wished_columns(const PrepareOptions& options, const ColumnChoice& columns, AvailabilitySurvey& survey) {
+  for (const std::string& wish : options.availability.names) {
+    const std::vector<std::size_t> found = find_columns(wish, columns);
+    if (found.empty()) {
+      const auto count = static_cast<std::int64_t>(columns.headings.size());
+      survey.questions.push_back(
+          {QuestionKind::no_such_availability, {wish, count}, Setting::availability, unused_column, {{"none", {}}}});
+    }
+    for (const std::size_t place : found) {
+      AvailabilityColumn column = {place, read_availability_heading(columns.headings[place]), true, {}};
+      // Who names a column of an unknown heading means one that says who has gone.
+      if (column.heading == AvailabilityHeading::none) column.heading = AvailabilityHeading::gone;
+      survey.columns.push_back(std::move(column));
+    }
+  }
+}
+
+/// Whether some of the first texts of a column are words for animals that have gone.
+std::vector<bool> find_gone_words(std::string_view text, char delimiter, const ColumnChoice& columns,
+                                  const std::vector<bool>& are_open) {
+  constexpr std::int64_t judged_records = 2000;
+  std::vector<bool> has_words(are_open.size());
+  RecordReader reader = read_animals(text, delimiter, columns);
+  ExportRecord record;
+  for (std::int64_t count = 0; count < judged_records && next_animal(reader, record, columns); ++count) {
+    for (std::size_t k = 0; k < std::min(are_open.size(), record.fields.size()); ++k) {
+      if (!are_open[k] || has_words[k]) continue;
+      has_words[k] = read_availability(trimmed(record.fields[k]), 0) == AvailabilityText::gone;
+    }
+  }
+  return has_words;
+}
+
+void add_likely_columns(std::string_view text, char delimiter, const ColumnChoice& columns,
+                        AvailabilitySurvey& survey) {
+  std::vector<bool> are_open(columns.headings.size());
+  for (std::size_t place = 0; place < columns.headings.size(); ++place) {
+    if (holds_field(columns, place)) continue;
+    const AvailabilityHeading heading =
+        columns.has_header ? read_availability_heading(columns.headings[place]) : AvailabilityHeading::none;
+    if (heading != AvailabilityHeading::none) survey.columns.push_back({place, heading, false, {}});
+    are_open[place] = heading == AvailabilityHeading::none && is_open(columns, place);
+  }
+  const std::vector<bool> has_words = find_gone_words(text, delimiter, columns, are_open);
+  for (std::size_t place = 0; place < has_words.size(); ++place) {
+    if (has_words[place]) survey.columns.push_back({place, AvailabilityHeading::none, false, {}});
+  }
+}
+
+void count_texts(std::string_view text, char delimiter, const ColumnChoice& columns, AvailabilitySurvey& survey) {
+  RecordReader reader = read_animals(text, delimiter, columns);
+  ExportRecord record;
+  while (next_animal(reader, record, columns)) {
+    for (AvailabilityColumn& column : survey.columns) {
+      const bool is_there = column.place < record.fields.size();
+      count_text(column.texts, is_there ? trimmed(record.fields[column.place]) : std::string_view(), record.line);
+    }
+  }
+}
+
+/// How many animals have a text of each kind.
+struct TextTally {
+  std::array<std::int64_t, static_cast<std::size_t>(AvailabilityText::other) + 1> counts = {};
+
+  std::int64_t of(AvailabilityText text) const { return counts[static_cast<std::size_t>(text)]; }
+  std::int64_t all() const { return std::accumulate(counts.begin(), counts.end(), std::int64_t{0}); }
+};
+
+TextTally tally(const AvailabilityColumn& column, std::int32_t this_year) {
+  TextTally result;
+  for (const CountedText& entry : column.texts.texts) {
+    result.counts[static_cast<std::size_t>(read_availability(entry.text, this_year))] += entry.count;
+  }
+  return result;
+}
+
+/// What a text of this kind says in a column of this heading.
+Whereabouts meaning_in(AvailabilityHeading heading, AvailabilityText text) {
+  const bool is_about_gone = heading == AvailabilityHeading::gone, is_about_here = heading == AvailabilityHeading::here;
+  switch (text) {
+    case AvailabilityText::gone: return Whereabouts::gone;
+    case AvailabilityText::here: return Whereabouts::here;
+    case AvailabilityText::date: return is_about_gone ? Whereabouts::gone : Whereabouts::unknown;
+    case AvailabilityText::yes:
+      if (is_about_here) return Whereabouts::here;
+      return is_about_gone ? Whereabouts::gone : Whereabouts::unknown;
+    case AvailabilityText::no:
+      if (is_about_here) return Whereabouts::gone;
+      return is_about_gone ? Whereabouts::here : Whereabouts::unknown;
+    case AvailabilityText::nothing: return Whereabouts::here;
+    case AvailabilityText::mixed:
+    case AvailabilityText::other: break;
+  }
+  return Whereabouts::unknown;
+}
+
+/// Whether a column of ticks names those that are there, and leaves all others empty.
+bool is_of_ticks(AvailabilityHeading heading, const TextTally& texts) {
+  return heading == AvailabilityHeading::here && texts.of(AvailabilityText::no) == 0 &&
+         texts.of(AvailabilityText::gone) == 0 && texts.of(AvailabilityText::yes) > 0;
+}
+
+/// How many animals a column calls gone, and of how many it cannot be told.
+struct ToldAnimals {
+  std::int64_t gone = 0, unknown = 0, filled = 0;
+};
+
+ToldAnimals count_told(AvailabilityHeading heading, const TextTally& texts) {
+  ToldAnimals told;
+  for (std::size_t k = 0; k < texts.counts.size(); ++k) {
+    const Whereabouts meaning = meaning_in(heading, static_cast<AvailabilityText>(k));
+    told.gone += meaning == Whereabouts::gone ? texts.counts[k] : 0;
+    told.unknown += meaning == Whereabouts::unknown ? texts.counts[k] : 0;
+  }
+  told.filled = texts.all() - texts.of(AvailabilityText::nothing);
+  if (is_of_ticks(heading, texts)) told.gone += texts.of(AvailabilityText::nothing);
+  return told;
+}
+
+enum class Verdict : std::uint8_t { unused, used, unclear };
+
+Verdict judge(const AvailabilityColumn& column, std::int32_t this_year) {
+  const TextTally texts = tally(column, this_year);
+  const ToldAnimals told = count_told(column.heading, texts);
+  const bool is_understood = told.filled > 0 && told.unknown * tolerated_odd_availability <= told.filled;
+  const bool agrees = is_understood && told.gone < texts.all();
+  switch (column.heading) {
+    case AvailabilityHeading::gone:
+      if (told.filled == 0) return Verdict::unused;
+      return agrees ? Verdict::used : Verdict::unclear;
+    case AvailabilityHeading::here:
+      if (told.filled == told.unknown) return Verdict::unused;
+      return agrees ? Verdict::used : Verdict::unclear;
+    case AvailabilityHeading::status:
+      if (told.gone == 0) return Verdict::unused;
+      return agrees ? Verdict::used : Verdict::unclear;
+    case AvailabilityHeading::remarks: return told.gone > 0 ? Verdict::used : Verdict::unused;
+    case AvailabilityHeading::none: break;
+  }
+  const bool is_likely = is_understood && told.gone > 0 && told.filled >= fewest_availability_texts;
+  return is_likely ? Verdict::unclear : Verdict::unused;
+}
+
+/// Whether a text is one of those that the user has said.
+bool is_said(std::string_view text, std::span<const std::string> said) {
+  const std::string word = folded(text);
+  return std::any_of(said.begin(), said.end(), [&](const std::string& entry) {
+    return entry == text || (!word.empty() && folded(entry) == word);
+  });
+}
+
+bool says_all(std::span<const std::string> said) {
+  return std::find(said.begin(), said.end(), all_others) != said.end();
+}
+
+AvailabilityReading reading_of(const AvailabilityColumn& column, const AvailabilityPlan& plan) {
+  AvailabilityReading reading = {column.place, column.heading, false, {}, column.texts.left_out > 0};
+  reading.is_blank_gone = is_of_ticks(column.heading, tally(column, plan.this_year));
+  for (const CountedText& entry : column.texts.texts) {
+    if (whereabouts_of(plan, reading, entry.text) == Whereabouts::gone) reading.gone.insert(entry.text);
+  }
+  return reading;
+}
+
+std::string numbers_of(std::span<const std::size_t> places) {
+  std::string numbers;
+  for (const std::size_t place : places) numbers += (numbers.empty() ? "" : ",") + std::to_string(place + 1);
+  return numbers.empty() ? "none" : numbers;
+}
+
+/// Asks whether columns count whose heading and texts do not agree.
+void ask_for_columns(const AvailabilitySurvey& survey, std::span<const std::size_t> unclear,
+                     const ColumnChoice& columns, const AvailabilityPlan& plan, std::vector<Question>& questions) {
+  std::vector<std::size_t> sure;
+  for (const AvailabilityReading& reading : plan.columns) sure.push_back(reading.place);
+  std::vector<std::size_t> all = sure;
+  all.insert(all.end(), unclear.begin(), unclear.end());
+  std::sort(all.begin(), all.end());
+  CountedList list;
+  for (const AvailabilityColumn& column : survey.columns) {
+    if (column.place != unclear.front()) continue;
+    list = list_counted(column.texts, [](const CountedText& entry) { return !entry.text.empty(); });
+  }
+  const std::string with = numbers_of(all), without = numbers_of(sure);
+  questions.push_back({QuestionKind::availability_unclear,
+                       {list_columns(unclear, columns), std::move(list), with, without},
+                       Setting::availability,
+                       unused_column,
+                       {{with, "yes"}, {without, "no"}}});
+}
+
+/// Asks for the texts of a wished column that nobody knows, where they are more than a few.
+void ask_for_texts(const AvailabilityColumn& column, const AvailabilityReading& reading, const ColumnChoice& columns,
+                   const AvailabilityPlan& plan, std::vector<Question>& questions) {
+  std::int64_t filled = 0, open = 0;
+  const auto is_unknown = [&](const CountedText& entry) {
+    return whereabouts_of(plan, reading, entry.text) == Whereabouts::unknown;
+  };
+  for (const CountedText& entry : column.texts.texts) {
+    if (read_availability(entry.text, plan.this_year) == AvailabilityText::nothing) continue;
+    filled += entry.count;
+    open += is_unknown(entry) ? entry.count : 0;
+  }
+  if (open * tolerated_odd_availability <= filled) return;
+  const CountedList list = list_counted(column.texts, is_unknown);
+  Question question = {QuestionKind::gone_unclear,
+                       {list_columns(std::span(&column.place, 1), columns), list},
+                       Setting::gone,
+                       unused_column,
+                       {}};
+  for (const CountedText& entry : list.texts) question.answers.push_back({entry.text, entry.text});
+  question.answers.push_back({std::string(all_others), {}, Setting::present});
+  questions.push_back(std::move(question));
+}
+
+void find_castrated(const TextCounts& sexes, AvailabilityPlan& plan) {
+  for (const CountedText& entry : sexes.texts) {
+    if (names_castrated(entry.text) && !is_said(entry.text, plan.said_here)) plan.castrated.insert(entry.text);
+  }
+}
+
+}  // namespace
+
+AvailabilitySurvey survey_availability(std::string_view text, char delimiter, const ColumnChoice& columns,
+                                       const PrepareOptions& options) {
+  AvailabilitySurvey survey;
+  if (options.availability.is_given) {
+    add_wished_columns(options, columns, survey);
+  } else {
+    add_likely_columns(text, delimiter, columns, survey);
+  }
+  if (!survey.columns.empty()) count_texts(text, delimiter, columns, survey);
+  return survey;
+}
+
+Whereabouts whereabouts_of(const AvailabilityPlan& plan, const AvailabilityReading& reading, std::string_view text) {
+  if (is_said(text, plan.said_gone)) return Whereabouts::gone;
+  if (is_said(text, plan.said_here)) return Whereabouts::here;
+  const AvailabilityText said = read_availability(text, plan.this_year);
+  if (said == AvailabilityText::nothing && reading.is_blank_gone) return Whereabouts::gone;
+  const Whereabouts meaning = meaning_in(reading.heading, said);
+  if (meaning != Whereabouts::unknown || reading.heading == AvailabilityHeading::remarks) return meaning;
+  if (says_all(plan.said_gone)) return Whereabouts::gone;
+  return says_all(plan.said_here) ? Whereabouts::here : Whereabouts::unknown;
+}
+
+bool is_not_counted(const AvailabilityPlan& plan, const AvailabilityReading& reading, std::string_view text) {
+  if (whereabouts_of(plan, reading, text) != Whereabouts::unknown) return false;
+  // Remarks are about anything.
+  return reading.heading != AvailabilityHeading::remarks ||
+         read_availability(text, plan.this_year) == AvailabilityText::mixed;
+}
+
+bool has_gone(const AvailabilityPlan& plan, const ExportRecord& record, const ColumnChoice& columns) {
+  if (!plan.castrated.empty() && plan.castrated.contains(std::string(trimmed(field_of(record, columns, sex_column))))) {
+    return true;
+  }
+  return std::any_of(plan.columns.begin(), plan.columns.end(), [&](const AvailabilityReading& reading) {
+    const bool is_there = reading.place < record.fields.size();
+    const std::string_view text = is_there ? trimmed(record.fields[reading.place]) : std::string_view();
+    if (text.empty()) return reading.is_blank_gone;
+    if (reading.gone.contains(std::string(text))) return true;
+    return reading.has_further_texts && whereabouts_of(plan, reading, text) == Whereabouts::gone;
+  });
+}
+
+AvailabilityPlan plan_availability(const AvailabilitySurvey& survey, const TextCounts& sexes,
+                                   const ColumnChoice& columns, const PrepareOptions& options,
+                                   std::vector<Question>& questions) {
+  AvailabilityPlan plan;
+  plan.said_gone = options.gone;
+  plan.said_here = options.present;
+  plan.this_year = options.this_year;
+  questions.insert(questions.end(), survey.questions.begin(), survey.questions.end());
+  std::vector<std::size_t> unclear;
+  for (const AvailabilityColumn& column : survey.columns) {
+    const Verdict verdict = column.is_wished ? Verdict::used : judge(column, plan.this_year);
+    if (verdict == Verdict::unclear) unclear.push_back(column.place);
+    if (verdict != Verdict::used) continue;
+    plan.columns.push_back(reading_of(column, plan));
+    const bool is_free_text = column.heading == AvailabilityHeading::remarks;
+    if (column.is_wished && !is_free_text) ask_for_texts(column, plan.columns.back(), columns, plan, questions);
+  }
+  if (!unclear.empty()) ask_for_columns(survey, unclear, columns, plan, questions);
+  find_castrated(sexes, plan);
+  return plan;
+}
+
+std::string text_of_available(AvailableIds& ids) {
+  std::erase_if(ids.ids, [&](const std::string& id) { return id.empty() || ids.gone.contains(id); });
+  std::string text;
+  for (const std::string& id : ids.ids) text += id + "\n";
+  return text;
+}
+
+}  // namespace pedigreewatch

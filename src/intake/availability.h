@@ -1,0 +1,91 @@
+// Which animals can still be bred from, as an export says it: columns with a date of death, a status, remarks. Heading
+// and texts of such a column have to agree; else it is asked whether it counts.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "intake/availability_words.h"
+#include "intake/column_choice.h"
+#include "intake/export_records.h"
+#include "intake/prepare_options.h"
+#include "intake/text_counts.h"
+
+namespace pedigreewatch {
+
+/// Of so many texts of a column one may be none that is understood.
+inline constexpr std::int64_t tolerated_odd_availability = 50;
+/// Fewer texts tell nothing of a column whose heading nobody knows.
+inline constexpr std::int64_t fewest_availability_texts = 20;
+
+/// A column that may say which animals have gone.
+struct AvailabilityColumn {
+  std::size_t place = 0;  ///< counted from 0
+  AvailabilityHeading heading = AvailabilityHeading::none;
+  bool is_wished = false;
+  TextCounts texts;  ///< all that stand in it, empty ones too
+};
+
+/// What was found in the columns. Nothing is decided.
+struct AvailabilitySurvey {
+  std::vector<AvailabilityColumn> columns;
+  std::vector<Question> questions;  ///< on columns that the user names and that are not there
+};
+
+/// Looks at the columns whose headings are about this, at those whose first texts are, and at those that are wished,
+/// but not at columns that hold something else.
+AvailabilitySurvey survey_availability(std::string_view text, char delimiter, const ColumnChoice& columns,
+                                       const PrepareOptions& options);
+
+/// What a text means in its column.
+enum class Whereabouts : std::uint8_t { unknown, here, gone };
+
+/// How one column is read.
+struct AvailabilityReading {
+  std::size_t place = 0;
+  AvailabilityHeading heading = AvailabilityHeading::gone;
+  bool is_blank_gone = false;            ///< a column of ticks: an animal without one is not there
+  std::unordered_set<std::string> gone;  ///< the texts that say so
+  bool has_further_texts = false;        ///< more different ones than were counted
+};
+
+/// How availability is told.
+struct AvailabilityPlan {
+  std::vector<AvailabilityReading> columns;
+  std::unordered_set<std::string> castrated;  ///< the words for the sex of castrated males
+  std::vector<std::string> said_gone, said_here;
+  std::int32_t this_year = 0;
+};
+
+/// Whether anything tells of animals that have gone.
+inline bool tells_gone(const AvailabilityPlan& plan) {
+  return !plan.columns.empty() || !plan.castrated.empty();
+}
+
+/// What a text says in its column. What the user has said of it goes first.
+Whereabouts whereabouts_of(const AvailabilityPlan& plan, const AvailabilityReading& reading, std::string_view text);
+
+/// Whether a text is of no use for telling who has gone, although the column or a word in it is about that.
+bool is_not_counted(const AvailabilityPlan& plan, const AvailabilityReading& reading, std::string_view text);
+
+/// Whether the animal of a record has gone, by any of the columns or by the word for its sex.
+bool has_gone(const AvailabilityPlan& plan, const ExportRecord& record, const ColumnChoice& columns);
+
+/// Decides which columns count. What stays open becomes a question. `sexes` are the texts of the sexes.
+AvailabilityPlan plan_availability(const AvailabilitySurvey& survey, const TextCounts& sexes,
+                                   const ColumnChoice& columns, const PrepareOptions& options,
+                                   std::vector<Question>& questions);
+
+/// The ids of the animals that are there, as they are gathered line by line.
+struct AvailableIds {
+  std::vector<std::string> ids;          ///< in the order of the export
+  std::unordered_set<std::string> gone;  ///< ids of which a line says so
+};
+
+/// Takes out the ids of which another line says that the animal has gone, and yields the list, one id a line.
+std::string text_of_available(AvailableIds& ids);
+
+}  // namespace pedigreewatch
