@@ -11,3 +11,10 @@
 #else
 #define PEDIGREEWATCH_PROCESSOR_CLONES
 #endif
+
+// A step of such a function that has to be part of it: on its own it would be made for the oldest processor only.
+#if defined(__GNUC__)
+#define PEDIGREEWATCH_PART_OF_CLONES __attribute__((always_inline)) inline
+#else
+#define PEDIGREEWATCH_PART_OF_CLONES inline
+#endif

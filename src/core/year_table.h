@@ -82,10 +82,18 @@ struct YearTable {
   }
   /// The cell itself, to be changed. The row and column must exist.
   Cell& at(Row row, std::int64_t column) {
+    const std::size_t place = rows.places[static_cast<std::size_t>(row) - 1];
+    const std::size_t index = static_cast<std::size_t>(column) - 1;
+    if (place == 0 || index >= stored[place - 1].size()) return new_cell(row, index);
+    return stored[place - 1][index];
+  }
+
+ private:
+  /// Apart from `at`, which passes go through for each animal, so that it stays short.
+  [[gnu::noinline]] Cell& new_cell(Row row, std::size_t index) {
     const std::size_t place = rows.add(row);
     if (stored.size() < place) stored.resize(place);
     std::vector<Cell>& cells = stored[place - 1];
-    const std::size_t index = static_cast<std::size_t>(column) - 1;
     if (index >= cells.size()) cells.resize(index + 1, Cell{});
     return cells[index];
   }

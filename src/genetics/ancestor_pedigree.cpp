@@ -36,16 +36,6 @@ AncestorPedigree number_wanted(const PopulationStore& store, const ByNumber<Flag
 
 }  // namespace
 
-KnownParents known_parents(const PopulationStore& store, std::int32_t position) {
-  const auto before = [&](std::int32_t parent) { return parent < position ? parent : 0; };
-  return {before(store.sire_no[position]), before(store.dam_no[position])};
-}
-
-ParentNumbers parent_numbers(const PopulationStore& store, const AncestorPedigree& ancestors, std::int32_t position) {
-  const KnownParents parents = known_parents(store, position);
-  return {ancestors.number_of_animal[parents.sire], ancestors.number_of_animal[parents.dam]};
-}
-
 AncestorPedigree make_ancestor_pedigree(const PopulationStore& store) {
   return number_wanted(store, store.is_parent);
 }
@@ -54,30 +44,10 @@ AncestorPedigree pedigree_of(const PopulationStore& store, std::span<const std::
   return number_wanted(store, mark_with_ancestors(store, positions));
 }
 
-namespace {
-
-double variance_within(ParentNumbers parents, double f_of_sire, double f_of_dam) {
-  const int unknown_parents = (parents.sire == 0 ? 1 : 0) + (parents.dam == 0 ? 1 : 0);
-  return (2.0 + unknown_parents - f_of_sire - f_of_dam) * 0.25;
-}
-
-}  // namespace
-
 ByNumber<float> inbreeding_of_ancestors(const PopulationStore& store, const AncestorPedigree& ancestors) {
   ByNumber<float> inbreeding(static_cast<std::size_t>(ancestors.count()));
   for (std::int32_t j = 1; j <= ancestors.count(); ++j) inbreeding[j] = store.inbreeding[ancestors.position[j]];
   return inbreeding;
-}
-
-double within_family_variance(const ByNumber<float>& inbreeding, ParentNumbers parents) {
-  return variance_within(parents, double{inbreeding[parents.sire]}, double{inbreeding[parents.dam]});
-}
-
-double within_family_variance(const PopulationStore& store, const AncestorPedigree& ancestors, ParentNumbers parents) {
-  const auto f_of = [&](std::int32_t number) {
-    return number == 0 ? 0.0 : double{store.inbreeding[ancestors.position[number]]};
-  };
-  return variance_within(parents, f_of(parents.sire), f_of(parents.dam));
 }
 
 ByNumber<double> within_family_variances(const PopulationStore& store, const AncestorPedigree& ancestors) {

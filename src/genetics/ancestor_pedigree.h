@@ -32,21 +32,41 @@ AncestorPedigree pedigree_of(const PopulationStore& store, std::span<const std::
 struct KnownParents {
   std::int32_t sire = 0, dam = 0;
 };
-KnownParents known_parents(const PopulationStore& store, std::int32_t position);
+inline KnownParents known_parents(const PopulationStore& store, std::int32_t position) {
+  const auto before = [&](std::int32_t parent) { return parent < position ? parent : 0; };
+  return {before(store.sire_no[position]), before(store.dam_no[position])};
+}
 
 /// Parents of the animal at `position` as ancestor numbers, the way `make_ancestor_pedigree` takes them.
 struct ParentNumbers {
   std::int32_t sire = 0, dam = 0;
 };
-ParentNumbers parent_numbers(const PopulationStore& store, const AncestorPedigree& ancestors, std::int32_t position);
+inline ParentNumbers parent_numbers(const PopulationStore& store, const AncestorPedigree& ancestors,
+                                    std::int32_t position) {
+  const KnownParents parents = known_parents(store, position);
+  return {ancestors.number_of_animal[parents.sire], ancestors.number_of_animal[parents.dam]};
+}
 
 /// F by ancestor number, 0 for the unknown parent: for passes that ask for it again and again.
 ByNumber<float> inbreeding_of_ancestors(const PopulationStore& store, const AncestorPedigree& ancestors);
 
 /// The part of an animal's variance that comes from neither parent: 1/2 - (Fs + Fd) / 4, and 1/4 more for each unknown
-/// parent. F of the parents must be final. `inbreeding` is that of `inbreeding_of_ancestors`.
-double within_family_variance(const ByNumber<float>& inbreeding, ParentNumbers parents);
-double within_family_variance(const PopulationStore& store, const AncestorPedigree& ancestors, ParentNumbers parents);
+/// parent. F of the parents must be final.
+inline double within_family_variance(ParentNumbers parents, double f_of_sire, double f_of_dam) {
+  const int unknown_parents = (parents.sire == 0 ? 1 : 0) + (parents.dam == 0 ? 1 : 0);
+  return (2.0 + unknown_parents - f_of_sire - f_of_dam) * 0.25;
+}
+/// `inbreeding` is that of `inbreeding_of_ancestors`.
+inline double within_family_variance(const ByNumber<float>& inbreeding, ParentNumbers parents) {
+  return within_family_variance(parents, double{inbreeding[parents.sire]}, double{inbreeding[parents.dam]});
+}
+inline double within_family_variance(const PopulationStore& store, const AncestorPedigree& ancestors,
+                                     ParentNumbers parents) {
+  const auto f_of = [&](std::int32_t number) {
+    return number == 0 ? 0.0 : double{store.inbreeding[ancestors.position[number]]};
+  };
+  return within_family_variance(parents, f_of(parents.sire), f_of(parents.dam));
+}
 
 /// The same by ancestor number, of all ancestors.
 ByNumber<double> within_family_variances(const PopulationStore& store, const AncestorPedigree& ancestors);

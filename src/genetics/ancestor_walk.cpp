@@ -23,7 +23,7 @@ float within_family_variance(float f_sire, float f_dam) {
   return 0.5F - (f_sire + f_dam) * 0.25F;
 }
 
-void put_on_list(AncestorWalk& walk, std::int32_t number) {
+PEDIGREEWATCH_PART_OF_CLONES void put_on_list(AncestorWalk& walk, std::int32_t number) {
   const std::size_t bit = static_cast<std::size_t>(number);
   const std::size_t word = bit / word_bits;
   walk.waiting[word] |= std::uint64_t{1} << (bit % word_bits);
@@ -59,7 +59,7 @@ void begin_lanes(AncestorWalk& walk, std::span<const Mating> matings, Lanes& sum
 }
 
 /// Takes ancestor `number` off the list, hands half of its shares on to each parent and adds its part to the sums.
-void visit(AncestorWalk& walk, std::int32_t number, Lanes& sums) {
+PEDIGREEWATCH_PART_OF_CLONES void visit(AncestorWalk& walk, std::int32_t number, Lanes& sums) {
   const AncestorWalk::Ancestor ancestor = walk.ancestors[number];
   // An unknown parent, number 0, is put on the list and given shares like any other: no test is needed for it.
   put_on_list(walk, ancestor.sire);
@@ -70,20 +70,6 @@ void visit(AncestorWalk& walk, std::int32_t number, Lanes& sums) {
   walk.shares[ancestor.sire].each += half;
   walk.shares[ancestor.dam].each += half;
   sums.each += own.each * own.each * ancestor.within_family_variance;
-}
-
-/// Has the shares fetched that the next visit will add to: of the parents of the ancestor that is next on the
-/// list, as long as this visit does not put one between. `word_bit` is this visit's word in `group`.
-void fetch_parents_of_next(const AncestorWalk& walk, std::size_t group, std::size_t word_bit) {
-  const std::uint64_t lower_words = walk.waiting_words[group] & ((std::uint64_t{1} << word_bit) - 1);
-  std::size_t word = group * word_bits + word_bit;
-  if (walk.waiting[word] == 0) {
-    if (lower_words == 0) return;
-    word = group * word_bits + highest_bit(lower_words);
-  }
-  const AncestorWalk::Ancestor& next = walk.ancestors[number_of_bit(word, highest_bit(walk.waiting[word]))];
-  fetch_early(&walk.shares[next.sire]);
-  fetch_early(&walk.shares[next.dam]);
 }
 
 // --- Lines that are passed over ---
@@ -184,6 +170,30 @@ bool pass_over_line(AncestorWalk& walk, std::int32_t number, const Lanes& sums) 
   return true;
 }
 
+/// Visits everybody on the list, the youngest first; `highest` is the youngest. `passes_over_lines`: where there are
+/// long ones. The sums are its own while it works, so that they stay in registers where none of them is.
+template <bool passes_over_lines>
+PEDIGREEWATCH_PART_OF_CLONES void visit_all(AncestorWalk& walk, std::int32_t highest, Lanes& all_sums) {
+  Lanes sums = all_sums;
+  for (std::size_t group = static_cast<std::size_t>(highest) / (word_bits * word_bits) + 1; group-- > 0;) {
+    while (walk.waiting_words[group] != 0) {
+      const std::size_t word_bit = highest_bit(walk.waiting_words[group]);
+      const std::size_t word = group * word_bits + word_bit;
+      while (walk.waiting[word] != 0) {  // a visit may put further ancestors into this word
+        const std::size_t bit = highest_bit(walk.waiting[word]);
+        walk.waiting[word] ^= std::uint64_t{1} << bit;
+        if (word + bit == 0) break;  // the unknown parent comes last
+        if constexpr (passes_over_lines) {
+          if (pass_over_line(walk, number_of_bit(word, bit), sums)) continue;
+        }
+        visit(walk, number_of_bit(word, bit), sums);
+      }
+      walk.waiting_words[group] &= ~(std::uint64_t{1} << word_bit);
+    }
+  }
+  all_sums = sums;
+}
+
 }  // namespace
 
 AncestorWalk make_ancestor_walk(const AncestorPedigree& pedigree) {
@@ -216,21 +226,10 @@ void walk_ancestors(AncestorWalk& walk, std::span<const Mating> matings, std::sp
   begin_lanes(walk, matings, sums);
   std::int32_t highest = 0;
   for (const Mating& mating : matings) highest = std::max({highest, mating.sire, mating.dam});
-  const bool has_lines = !walk.line_ends.values.empty();
-  for (std::size_t group = static_cast<std::size_t>(highest) / (word_bits * word_bits) + 1; group-- > 0;) {
-    while (walk.waiting_words[group] != 0) {
-      const std::size_t word_bit = highest_bit(walk.waiting_words[group]);
-      const std::size_t word = group * word_bits + word_bit;
-      while (walk.waiting[word] != 0) {  // a visit may put further ancestors into this word
-        const std::size_t bit = highest_bit(walk.waiting[word]);
-        walk.waiting[word] ^= std::uint64_t{1} << bit;
-        if (word + bit == 0) break;  // the unknown parent comes last
-        if (has_lines && pass_over_line(walk, number_of_bit(word, bit), sums)) continue;
-        fetch_parents_of_next(walk, group, word_bit);
-        visit(walk, number_of_bit(word, bit), sums);
-      }
-      walk.waiting_words[group] &= ~(std::uint64_t{1} << word_bit);
-    }
+  if (walk.line_ends.values.empty()) {
+    visit_all<false>(walk, highest, sums);
+  } else {
+    visit_all<true>(walk, highest, sums);
   }
   walk.shares[0] = Lanes{};
   for (std::size_t lane = 0; lane < matings.size(); ++lane) results[lane] = sums.each[lane];
