@@ -11,8 +11,8 @@ import { phaseIn, textIn } from "./texts";
 import type { Language, TextName } from "./texts";
 import type { Animal, CheckAnswer, CorrectionsAnswer, ExportAnswer, FilesAnswer, MaleRow, Operation, PairAnswer, PlanAnswer, PlanRow, RunAnswer } from "./protocol";
 
-export type StepName = "data" | "settings" | "check" | "results" | "matings";
-export const stepNames: readonly StepName[] = ["data", "settings", "check", "results", "matings"];
+export type StepName = "data" | "settings" | "check" | "results" | "breeding";
+export const stepNames: readonly StepName[] = ["data", "settings", "check", "results", "breeding"];
 
 export interface Desk {
   client: Client;

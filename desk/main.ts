@@ -1,5 +1,6 @@
 // The page itself: its language, the five steps, and what happens when one of them is entered.
 
+import { drawBreeding } from "./breeding_step";
 import { listenForCards } from "./card";
 import { drawCheck } from "./check_step";
 import { filesOfDrop } from "./chosen_files";
@@ -7,7 +8,6 @@ import { drawData, takeFiles } from "./data_step";
 import { cancel, changeLanguage, createDesk, ensureCheck, ensureRun, isReady, showProblem, stepNames, text, work } from "./desk";
 import type { Desk, StepName } from "./desk";
 import { button, byId, make } from "./dom";
-import { drawMatings } from "./matings_step";
 import { listenForUndo } from "./mend_part";
 import { drawResults } from "./results_step";
 import { drawSettings } from "./settings_step";
@@ -24,7 +24,7 @@ function canEnter(desk: Desk, step: StepName): boolean {
 /** Does what the step shows, when that has not been done. */
 function prepareStep(desk: Desk): void {
   if (desk.step === "check" && desk.check === undefined) void work(desk, () => ensureCheck(desk));
-  if ((desk.step === "results" || desk.step === "matings") && desk.run === undefined) void work(desk, () => ensureRun(desk));
+  if ((desk.step === "results" || desk.step === "breeding") && desk.run === undefined) void work(desk, () => ensureRun(desk));
 }
 
 function enter(desk: Desk, step: StepName): void {
@@ -43,7 +43,7 @@ const drawers: Record<StepName, (desk: Desk) => HTMLElement[]> = {
   settings: (desk) => drawSettings(desk, () => enter(desk, "check")),
   check: (desk) => (desk.check === undefined ? drawAgain(desk) : drawCheck(desk, () => enter(desk, "results"))),
   results: (desk) => drawResults(desk, () => prepareStep(desk)),
-  matings: (desk) => drawMatings(desk, () => prepareStep(desk)),
+  breeding: (desk) => drawBreeding(desk, () => prepareStep(desk)),
 };
 
 function drawAgain(desk: Desk): HTMLElement[] {

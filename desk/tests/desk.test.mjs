@@ -10,7 +10,7 @@ import { choose, enter, idle, isFirefox, pressButton, root, saved, testDesks, te
 
 const program = process.env.PEDIGREEWATCH ?? join(root, "build/release/pedigreewatch");
 const makePopulation = process.env.MAKE_POPULATION ?? join(root, "build/release/bench/make_population");
-const steps = ["data", "settings", "check", "results", "matings"];
+const steps = ["data", "settings", "check", "results", "breeding"];
 
 const { openTestDesk, withDesk } = testDesks();
 
@@ -367,8 +367,8 @@ test("TheKeyboardAloneIsEnough", () => withDesk(async (page) => {
     await idle(page);
     if (step === "results") break;
   }
-  await press("#step-matings", true);
-  await page.waitForSelector('#step-matings[aria-current="step"]');
+  await press("#step-breeding", true);
+  await page.waitForSelector('#step-breeding[aria-current="step"]');
   await idle(page);
   await tabTo("#search-female");
   await page.keyboard.type("HS");
@@ -383,8 +383,8 @@ test("TheKeyboardAloneIsEnough", () => withDesk(async (page) => {
 test("APlanIsMadeAndChangedByHand", () => withDesk(async (page) => {
   await pressButton(page, "Try the example");
   await idle(page);
-  await page.click("#step-matings");
-  await page.waitForSelector('#step-matings[aria-current="step"]');
+  await page.click("#step-breeding");
+  await page.waitForSelector('#step-breeding[aria-current="step"]');
   await idle(page);
   if (await page.$("#make-plan") === null) await page.click("button.main");
   await idle(page);
@@ -461,7 +461,7 @@ test("EveryStepIsAccessibleAndIsPictured", () => withDesk(async (page) => {
   await idle(page);
   for (const step of steps) {
     await enter(page, step);
-    if (step === "matings") {
+    if (step === "breeding") {
       for (const [role, number] of [["female", "HS033"], ["male", "HS031"]]) {
         await page.type(`#search-${role}`, number);
         await page.waitForSelector(`#search-${role}-list li`);

@@ -117,7 +117,7 @@ function drawYears(desk: Desk): HTMLElement {
     desk.female === undefined ? make("span", { class: "hint" }, text(desk, "chooseFemale")) : null);
 }
 
-export function drawMatings(desk: Desk, compute: () => void): HTMLElement[] {
+export function drawBreeding(desk: Desk, compute: () => void): HTMLElement[] {
   if (desk.run === undefined) return [make("p", { class: "row" }, button(text(desk, "compute"), compute, { class: "main" }))];
   if (desk.run.messages.length > 0) return [make("p", { class: "problem" }, desk.run.messages.join("\n"))];
   const take = (role: "female" | "male") => (animal: Animal) => {
