@@ -6,6 +6,7 @@ import { ask } from "./client";
 import { bytesOf, text, work } from "./desk";
 import type { Desk } from "./desk";
 import { afterPause, button, make, nameOf, save, shownNumber } from "./dom";
+import { workbookOf, workbookType } from "./workbook";
 import type { CheckAnswer, FindingKind, FindingRow } from "./protocol";
 
 const rowsShown = 50;
@@ -128,10 +129,12 @@ export function drawCheck(desk: Desk, goOn: () => void): HTMLElement[] {
       desk.mending = undefined;
       desk.draw();
     };
-    const saveTable = () => void work(desk, async () => save(`${(desk.written?.dataName ?? "findings.txt").replace(/\.[^.]*$/, "")}_check.tsv`, await bytesOf(desk, "findings"), "text/tab-separated-values"));
+    const stem = `${(desk.written?.dataName ?? "findings.txt").replace(/\.[^.]*$/, "")}_check`;
+    const saveTable = () => void work(desk, async () => save(`${stem}.tsv`, await bytesOf(desk, "findings"), "text/tab-separated-values"));
+    const saveWorkbook = () => void work(desk, async () => save(`${stem}.xlsx`, await workbookOf(desk, "findingsWorkbook"), workbookType));
     parts.push(drawKinds(desk, answer, choose),
       make("p", { class: "row" }, button(text(desk, "showAll"), () => choose(""), { "aria-pressed": String(desk.kind === "") }),
-        button(text(desk, "saveFindings"), saveTable)),
+        button(text(desk, "saveFindings"), saveTable), button(text(desk, "saveFindingsWorkbook"), saveWorkbook)),
       drawFilter(desk, list.show), make("p", { class: "hint" }, answer.isFromExport ? text(desk, "ofExport") : ""), list.element);
     list.show();
   }

@@ -5,6 +5,7 @@ import { ask } from "./client";
 import { applyList, ensureCheck, isReady, text, work } from "./desk";
 import type { Desk } from "./desk";
 import { button, make, nameOf, save } from "./dom";
+import { workbookOf, workbookType } from "./workbook";
 import type { CheckAnswer, CorrectionRow, FindingLines, ProposedList } from "./protocol";
 
 /** Forgets what came of the export as it was corrected before. The place in the list of findings stays. */
@@ -176,8 +177,15 @@ function printOfficeList(): void {
   print();
 }
 
+const stemOf = (fileName: string) => fileName.replace(/\.[^.]*$/, "");
+
+function saveOfficeList(desk: Desk): void {
+  const name = `${stemOf(desk.files[0]?.name ?? "export")}_office.xlsx`;
+  void work(desk, async () => save(name, await workbookOf(desk, "officeWorkbook"), workbookType));
+}
+
 function saveList(list: string, fileName: string): void {
-  save(`${fileName.replace(/\.[^.]*$/, "")}_corrections.tsv`, list, "text/tab-separated-values");
+  save(`${stemOf(fileName)}_corrections.tsv`, list, "text/tab-separated-values");
 }
 
 /** The list of corrections, with what can be done with all of it. */
@@ -193,7 +201,8 @@ export function drawCorrections(desk: Desk): HTMLElement[] {
   const row = make("p", { class: "row" }, button(text(desk, "undo"), () => goBack(desk, "undo"), { id: "undo", disabled: undo.length === 0, "aria-keyshortcuts": "Control+Z" }),
     button(text(desk, "redo"), () => goBack(desk, "redo"), { id: "redo", disabled: redo.length === 0, "aria-keyshortcuts": "Control+Y" }),
     button(text(desk, "saveCorrections"), keep, { id: "save-corrections", disabled: isEmpty }),
-    button(text(desk, "printOfficeList"), printOfficeList, { disabled: isEmpty }));
+    button(text(desk, "printOfficeList"), printOfficeList, { disabled: isEmpty }),
+    button(text(desk, "saveOfficeList"), () => saveOfficeList(desk), { disabled: isEmpty }));
   return [...messages, make("p", { class: "note", id: "corrections-sentence", role: "status" }, isEmpty ? text(desk, "noCorrections") : answer?.sentence), row,
     ...(isEmpty ? [] : [drawTable(desk, rows), drawOfficeList(desk, rows)])];
 }

@@ -114,6 +114,29 @@ test("MendingByKeyboardAlone", () => withDesk(async (page, desk) => {
   assert.match(await textOf(page, "#corrections-sentence"), /applied: 1;/);
 }));
 
+test("FindingsAndTheListForTheOfficeAreSavedAsWorkbooks", () => withDesk(async (page, desk) => {
+  await openHerd(page, desk, "F;Fay;f;25-01-1890;;", "G;Gus;m;25-01-2006;D;C");
+  const stem = await stemOf(page);
+  await enter(page, "check");
+  const findings = await saved(desk, "Save the findings as a workbook (.xlsx)", `${stem}_check.xlsx`);
+  await page.waitForSelector("[id^=mend-]");
+  await page.click("[id^=mend-]");
+  await page.waitForSelector(".mend button");
+  await pressButton(page, "Make it unknown");
+  await page.waitForSelector("#corrections-sentence");
+  await idle(page);
+  const office = await saved(desk, "Save the list for the office as a workbook (.xlsx)", `${stem}_office.xlsx`);
+  // The desk itself reads them.
+  await page.click("#step-data");
+  const headings = async (name, bytes) => {
+    await choose(page, writeInput(desk, name, bytes));
+    return page.$$eval(".lines thead tr:last-child th", (cells) => cells.map((cell) => cell.textContent));
+  };
+  assert.deepEqual(await headings("office.xlsx", office), ["Id", "Field", "Was", "Becomes", "Why"]);
+  assert.deepEqual(await page.$$eval(".lines tbody td", (cells) => cells.map((cell) => cell.textContent)), ["F", "date of birth", "25-01-1890", "", ""]);
+  assert.deepEqual(await headings("check.xlsx", findings), ["line", "column", "id", "code", "severity", "text", "lines"]);
+}));
+
 test("ReasonsAreWrittenIntoTheListAndAnimalsAreLeftOut", () => withDesk(async (page, desk) => {
   await openHerd(page, desk, "F;Fay;f;25-01-1890;;", "G;Gus;m;25-01-2006;D;C");
   const stem = await stemOf(page);

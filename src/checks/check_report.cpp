@@ -83,12 +83,6 @@ std::string place_of(const Finding& finding, const CheckResult& result, const Ch
   return place + (id.empty() ? "" : ", " + id) + ": ";
 }
 
-void sort_by_line(Findings& findings) {
-  std::stable_sort(findings.list.begin(), findings.list.end(), [](const Finding& a, const Finding& b) {
-    return std::tie(a.line, a.code, a.column) < std::tie(b.line, b.code, b.column);
-  });
-}
-
 std::string right_justified(std::int64_t number) {
   const std::string digits = std::to_string(number);
   constexpr std::size_t width = 8;
@@ -186,8 +180,13 @@ std::string table_row(const Finding& finding, const CheckResult& result, ToolLan
   return row;
 }
 
-void write_findings_sheet(CheckResult& result, ToolLanguage language, WorkbookWriter& workbook) {
-  sort_by_line(result.findings);
+void sort_by_line(Findings& findings) {
+  std::stable_sort(findings.list.begin(), findings.list.end(), [](const Finding& a, const Finding& b) {
+    return std::tie(a.line, a.code, a.column) < std::tie(b.line, b.code, b.column);
+  });
+}
+
+void write_findings_sheet(const CheckResult& result, ToolLanguage language, WorkbookWriter& workbook) {
   begin_sheet(workbook, words_of(sheet_name, language));
   std::string_view heading = table_heading_of(language);
   while (!heading.empty()) {

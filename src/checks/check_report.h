@@ -49,8 +49,11 @@ std::vector<FindingCell> table_cells(const Finding& finding, const CheckResult& 
 /// Completely or not at all; yields false, with `problem`, when it cannot be written.
 bool write_table(CheckResult& result, const CheckReport& report, FileProblem& problem);
 
-/// The same as the one sheet of a workbook, which `workbook` has afterwards but for its end.
-void write_findings_sheet(CheckResult& result, ToolLanguage language, WorkbookWriter& workbook);
+/// Puts the findings in the order of lines, as the table has them.
+void sort_by_line(Findings& findings);
+
+/// The findings, in the order at hand, as the one sheet of a workbook, which `workbook` has afterwards but for its end.
+void write_findings_sheet(const CheckResult& result, ToolLanguage language, WorkbookWriter& workbook);
 
 /// Shows the findings grouped by kind, the most serious kinds first.
 void show_findings(CheckResult& result, const CheckReport& report, TextOutput& console);

@@ -48,8 +48,7 @@ std::string run_check(Desk& desk) {
   judge_results(desk);  // what was found may forbid a verdict
   if (data.error != 0) return phrase(unreadable, desk.language, {error_text(data.error)});
   if (desk.check->has_too_many_lines) return std::string(words_of(too_many_lines, desk.language));
-  std::vector<Finding>& list = desk.check->findings.list;
-  std::stable_sort(list.begin(), list.end(), [](const Finding& a, const Finding& b) { return a.line < b.line; });
+  sort_by_line(desk.check->findings);
   return {};
 }
 
@@ -215,6 +214,13 @@ std::string findings_table(const Desk& desk) {
     table += table_row(finding, *desk.check, desk.language) + "\n";
   }
   return table;
+}
+
+std::string findings_workbook(const Desk& desk) {
+  if (!desk.check) return {};
+  WorkbookWriter workbook;
+  write_findings_sheet(*desk.check, desk.language, workbook);
+  return finish_workbook(workbook) ? std::move(workbook.zip.bytes) : std::string();
 }
 
 }  // namespace pedigreewatch

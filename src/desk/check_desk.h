@@ -26,4 +26,7 @@ std::string list_findings(const Desk& desk, std::size_t first, std::size_t count
 /// All findings as a table: the one of `pedigreewatch-tools check`.
 std::string findings_table(const Desk& desk);
 
+/// The same as a workbook.
+std::string findings_workbook(const Desk& desk);
+
 }  // namespace pedigreewatch

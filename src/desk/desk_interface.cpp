@@ -16,6 +16,7 @@
 #include "desk/json_text.h"
 #include "desk/matings_desk.h"
 #include "desk/mending_desk.h"
+#include "desk/office_list.h"
 #include "desk/plan_desk.h"
 #include "desk/run_desk.h"
 #include "desk/tables_desk.h"
@@ -77,6 +78,8 @@ std::string text_named(const Desk& desk, std::string_view name) {
       {"report", pedigreewatch::report_bytes},
       {"reportText", pedigreewatch::report_text},
       {"findings", pedigreewatch::findings_table},
+      {"findingsWorkbook", pedigreewatch::findings_workbook},
+      {"officeWorkbook", pedigreewatch::office_workbook},
       {"animalPage", pedigreewatch::animal_page},
       {"males", pedigreewatch::males_table},
       {"plan", pedigreewatch::plan_table},

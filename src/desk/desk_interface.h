@@ -59,8 +59,8 @@ void desk_plan(DeskHandle* handle, const char* settings);
 void desk_list_plan(DeskHandle* handle, std::int32_t first, std::int32_t count);
 void desk_change_plan(DeskHandle* handle, const char* change, std::int32_t place, std::int32_t other);
 
-/// A text of the results: "body", "page", "report", "reportText", "findings", "males", "plan", "contributions",
-/// "planPage", "animalPage", "style", "animalStyle", "script", "years", "subpopulations", "animals", "diversity",
-/// "standing". Others leave nothing.
+/// A text of the results: "body", "page", "report", "reportText", "findings", "findingsWorkbook", "officeWorkbook",
+/// "males", "plan", "contributions", "planPage", "animalPage", "style", "animalStyle", "script", "years",
+/// "subpopulations", "animals", "diversity", "standing". Others leave nothing.
 void desk_text(DeskHandle* handle, const char* name);
 }

@@ -118,6 +118,7 @@ bool write_workbook(CheckResult& result, const CheckReport& report, FileProblem&
   if (!begin_file(file, report.table_file, problem)) return false;
   WorkbookWriter workbook;
   workbook.zip.file = &file;
+  sort_by_line(result.findings);
   write_findings_sheet(result, report.language, workbook);
   if (finish_workbook(workbook)) return finish_file(file, problem);
   abandon(file);
