@@ -7,6 +7,7 @@ import type { AnimalList } from "./animal_list";
 import { ask, Cancelled, closeClient, createClient, Failed, stopWork } from "./client";
 import type { Client } from "./client";
 import { byId, make } from "./dom";
+import { afterPress } from "./press";
 import { phaseIn, textIn } from "./texts";
 import type { Language, TextName } from "./texts";
 import type { Animal, CheckAnswer, CorrectionsAnswer, ExportAnswer, FilesAnswer, MaleRow, Operation, PairAnswer, PlanAnswer, PlanRow, RunAnswer } from "./protocol";
@@ -49,6 +50,8 @@ export interface Desk {
   /** The worker has the files and settings. */
   isOpen: boolean;
   busy: number;
+  /** What was pressed while something was being done, and is to follow it. */
+  next?: () => void;
   /** Ends with all that was asked for so far: the worker keeps one state, which two actions at once would mix up. */
   working: Promise<unknown>;
   cancellations: number;
@@ -66,6 +69,8 @@ export interface Desk {
   males?: { count: number; first: number; rows: MaleRow[]; byKinship: boolean };
   plan?: DeskPlan;
   draw: () => void;
+  /** Shows whether something is being done. */
+  showBusy: () => void;
 }
 
 /** The list of corrections as a text, what became of it, and the lists before and behind it. */
@@ -87,10 +92,15 @@ export interface DeskPlan {
 }
 
 export function createDesk(language: Language, draw: (desk: Desk) => void): Desk {
+  const drawNow = () => draw(desk);
+  const showBusyNow = () => {
+    byId("busy").hidden = desk.busy === 0;
+    byId("work").setAttribute("aria-busy", String(desk.busy > 0));
+  };
   const desk: Desk = {
     client: createClient((phase) => showPhase(desk, phase)), language, reportLanguage: language, step: "data", files: [], settings: new Map(), board: { ruleYear: "", sireShare: "", mostF: "" },
     refusals: [], resultsNumber: 0, corrections: newCorrections(""), wasCancelled: false, isOpen: false, isSaved: false, busy: 0, working: Promise.resolve(), cancellations: 0, kind: "", filter: "", firstFinding: 0, view: "charts",
-    draw: () => draw(desk),
+    draw: () => afterPress(drawNow), showBusy: () => afterPress(showBusyNow),
   };
   return desk;
 }
@@ -103,8 +113,12 @@ export function showPhase(desk: Desk, phase: string): void {
   byId("phase").textContent = phaseIn(desk.language, phase);
 }
 
+let problemAtHand = "";
+const showProblemNow = () => byId("problems").replaceChildren(problemAtHand === "" ? "" : make("p", { class: "problem" }, problemAtHand));
+
 export function showProblem(problem: string): void {
-  byId("problems").replaceChildren(problem === "" ? "" : make("p", { class: "problem" }, problem));
+  problemAtHand = problem;
+  afterPress(showProblemNow);
 }
 
 export function settingsText(desk: Desk): string {
@@ -151,14 +165,19 @@ function takeFailure(desk: Desk, problem: unknown): void {
   if (problem instanceof Failed) startAgain(desk);
 }
 
+/** What was pressed meanwhile comes now. */
+function takeNext(desk: Desk): void {
+  const { next } = desk;
+  desk.next = undefined;
+  next?.();
+}
+
 /** Does something that takes a while: shows that, and what goes wrong. Yields whether it came to its end. */
 export async function work(desk: Desk, action: () => Promise<void>): Promise<boolean> {
-  const indicator = byId("busy");
   showProblem("");
   desk.wasCancelled = false;
   if (desk.busy++ === 0) byId("phase").textContent = "";
-  indicator.hidden = false;
-  byId("work").setAttribute("aria-busy", "true");
+  desk.showBusy();
   try {
     await afterOthers(desk, action);
     return true;
@@ -166,11 +185,10 @@ export async function work(desk: Desk, action: () => Promise<void>): Promise<boo
     takeFailure(desk, problem);
     return false;
   } finally {
-    if (--desk.busy === 0) {
-      indicator.hidden = true;
-      byId("work").removeAttribute("aria-busy");
-    }
+    --desk.busy;
+    desk.showBusy();
     desk.draw();
+    if (desk.busy === 0) takeNext(desk);
   }
 }
 
@@ -182,6 +200,7 @@ function startAgain(desk: Desk): void {
 
 export function cancel(desk: Desk): void {
   ++desk.cancellations;
+  desk.next = undefined;
   if (desk.beside !== undefined) closeClient(desk.beside);
   else startAgain(desk);
 }

@@ -9,6 +9,7 @@ import { cancel, changeLanguage, createDesk, ensureCheck, ensureRun, isReady, sh
 import type { Desk, StepName } from "./desk";
 import { button, byId, make } from "./dom";
 import { listenForUndo } from "./mend_part";
+import { listenForPresses } from "./press";
 import { drawResults } from "./results_step";
 import { drawSettings } from "./settings_step";
 import { textIn } from "./texts";
@@ -27,8 +28,13 @@ function prepareStep(desk: Desk): void {
   if ((desk.step === "results" || desk.step === "breeding") && desk.run === undefined) void work(desk, () => ensureRun(desk));
 }
 
+/** A step that is pressed while something is being done, as behind a name that has just been typed, follows it. */
 function enter(desk: Desk, step: StepName): void {
-  if (!canEnter(desk, step) || desk.busy > 0) return;
+  if (desk.busy > 0) {
+    desk.next = () => enter(desk, step);
+    return;
+  }
+  if (!canEnter(desk, step)) return;
   desk.step = step;
   desk.wasCancelled = false;
   desk.draw();
@@ -117,6 +123,7 @@ function start(): void {
     const hasResults = desk.run !== undefined && desk.run.messages.length === 0 && !desk.isSaved;
     if (hasResults || !desk.corrections.isSaved || desk.corrections.former !== undefined) event.preventDefault();
   });
+  listenForPresses();
   listenForCards(desk);
   listenForUndo(desk);
   draw(desk);
