@@ -1,15 +1,18 @@
-// The fifth step: the offspring of a pair, all males of some years for one female, and a plan for all.
+// The fifth step: the offspring of a pair, all males of some years for one female, several females against several males,
+// the animals that are left out, and a plan for all.
 
 import { ask } from "./client";
 import { bytesOf, text, work } from "./desk";
 import type { Desk } from "./desk";
 import { button, chooser, decimal, make, nameOf, percentage, save, shownNumber } from "./dom";
 import { animalButton } from "./card";
+import { changeLeftOut, drawLeftOut, drawLeftOutNote, withAnimal } from "./left_out";
+import { drawMates } from "./mates_part";
 import { drawPlan } from "./plan_part";
 import { describe, drawSearch } from "./search";
 import type { Animal, MaleRow, PairAnswer } from "./protocol";
 
-const rowsShown = 50;
+const rowsShown = 50, maleColumns = 9;
 
 /** A search for one of the pair, and who has been chosen. */
 function drawChoice(desk: Desk, role: "female" | "male", chosen: (animal: Animal) => void): HTMLElement {
@@ -44,11 +47,40 @@ async function listMales(desk: Desk, first: number, byKinship: boolean): Promise
   desk.males = { count, first, rows, byKinship };
 }
 
+/** Compares the males again where they have been, and keeps to the place at hand. */
+async function rankAgain(desk: Desk): Promise<void> {
+  const { female, years, males } = desk;
+  if (female === undefined || years === undefined || males === undefined) return;
+  await ask(desk.client, "rankMales", [female.position, years.first, years.last]);
+  await listMales(desk, males.first, males.byKinship);
+  if (desk.males?.rows.length === 0 && males.first > 0) await listMales(desk, Math.max(0, males.first - rowsShown), males.byKinship);
+}
+
+/** Asks below the row of a male why he is left out. */
+function drawLeaving(desk: Desk, row: MaleRow, place: number): HTMLElement {
+  const input = make("input", { type: "text", id: "leave-out-why", size: 28, list: "reasons" });
+  const again = () => document.getElementById(`leave-out-${place}`) ?? document.getElementById("order");
+  const form = make("form", { class: "row leaving" }, make("label", { for: "leave-out-why" }, text(desk, "leaveOutWhy", row.id)), input,
+    make("button", { type: "submit", class: "main" }, text(desk, "leaveOut")),
+    button(text(desk, "cancel"), () => {
+      desk.leavingOut = undefined;
+      desk.draw();
+      again()?.focus();
+    }));
+  form.addEventListener("submit", (event) => {
+    event.preventDefault();
+    desk.leavingOut = undefined;
+    void changeLeftOut(desk, withAnimal(desk, row.id, input.value), () => rankAgain(desk)).then(() => again()?.focus());
+  });
+  return make("tr", { class: "mending" }, make("td", { colspan: maleColumns }, form));
+}
+
 function rank(desk: Desk): void {
   const { female, years } = desk;
   if (female === undefined || years === undefined) return;
   void work(desk, async () => {
     if (desk.female !== female) return;  // another one was chosen meanwhile
+    desk.leavingOut = undefined;
     await ask(desk.client, "rankMales", [female.position, years.first, years.last, desk.takesGone === true ? 1 : 0]);
     await listMales(desk, 0, desk.males?.byKinship ?? false);
   });
@@ -57,16 +89,24 @@ function rank(desk: Desk): void {
 function drawMales(desk: Desk, males: NonNullable<Desk["males"]>): HTMLElement {
   if (males.count === 0) return make("p", {}, text(desk, "noMales"));
   const shown = (value: number) => shownNumber(value, desk.language);
-  const move = (first: number, byKinship = males.byKinship) => void work(desk, () => listMales(desk, Math.max(0, first), byKinship));
+  const move = (first: number, byKinship = males.byKinship) => {
+    desk.leavingOut = undefined;
+    void work(desk, () => listMales(desk, Math.max(0, first), byKinship));
+  };
   const heading = (name: Parameters<typeof text>[1], isNumber = false) => make("th", { scope: "col", class: isNumber ? "number" : "" }, text(desk, name));
-  const columns = 8;
-  const apart = make("tr", {}, make("th", { scope: "colgroup", colspan: columns }, text(desk, "shallowMales")));
+  const leave = (row: MaleRow, place: number) => button(text(desk, "leaveOut"), () => {
+    desk.leavingOut = desk.leavingOut === place ? undefined : place;
+    desk.draw();
+    document.getElementById("leave-out-why")?.focus();
+  }, { id: `leave-out-${place}`, "aria-expanded": String(desk.leavingOut === place), "aria-label": `${text(desk, "leaveOut")}: ${row.id}` });
+  const apart = make("tr", {}, make("th", { scope: "colgroup", colspan: maleColumns }, text(desk, "shallowMales")));
   const firstShallow = males.rows.find((row) => row.isShallow);
-  const rows = males.rows.flatMap((row) => [...(row === firstShallow ? [apart] : []), make("tr", {}, make("td", {}, animalButton(row)), make("td", {}, nameOf(row.name === "-" ? "" : row.name)),
+  const rows = males.rows.flatMap((row, place) => [...(row === firstShallow ? [apart] : []), make("tr", {}, make("td", {}, animalButton(row)), make("td", {}, nameOf(row.name === "-" ? "" : row.name)),
     make("td", { class: "number" }, row.year === 0 ? "–" : String(row.year)),
     make("td", { class: row.isBeyond ? "number beyond" : "number" }, row.isBeyond ? "▲ " : "", percentage(row.offspringF, desk.language)),
     make("td", { class: "number" }, percentage(row.meanKinship, desk.language)), make("td", { class: "number" }, decimal(row.equivalents, desk.language)),
-    make("td", { class: "number" }, shown(row.offspring)), make("td", { class: "number" }, row.age === null ? "–" : String(row.age)))]);
+    make("td", { class: "number" }, shown(row.offspring)), make("td", { class: "number" }, row.age === null ? "–" : String(row.age)),
+    make("td", {}, leave(row, place))), ...(desk.leavingOut === place ? [drawLeaving(desk, row, place)] : [])]);
   return make("div", { id: "males" },
     make("p", { class: "row" }, make("label", { for: "order" }, text(desk, "orderBy")),
       chooser([{ value: "f", text: text(desk, "offspringF") }, { value: "k", text: text(desk, "meanKinship") }], males.byKinship ? "k" : "f",
@@ -77,7 +117,7 @@ function drawMales(desk: Desk, males: NonNullable<Desk["males"]>): HTMLElement {
       make("span", { role: "status" }, text(desk, "showing", shown(males.first + 1), shown(Math.min(males.first + rowsShown, males.count)), shown(males.count)))),
     make("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": text(desk, "allMales") },
       make("table", { class: "plain" }, make("thead", {}, make("tr", {}, heading("id"), heading("nameOfAnimal"), heading("born", true),
-        heading("offspringF", true), heading("meanKinship", true), heading("generationsKnown", true), heading("youngOf", true), heading("ageOf", true))), make("tbody", {}, ...rows))),
+        heading("offspringF", true), heading("meanKinship", true), heading("generationsKnown", true), heading("youngOf", true), heading("ageOf", true), heading("leaveOut"))), make("tbody", {}, ...rows))),
     males.rows.some((row) => row.isBeyond) ? make("p", { class: "note" }, text(desk, "beyondLimit")) : null,
     make("p", { class: "hint" }, text(desk, "littleKnown")));
 }
@@ -123,12 +163,13 @@ export function drawBreeding(desk: Desk, compute: () => void): HTMLElement[] {
   const take = (role: "female" | "male") => (animal: Animal) => {
     desk[role] = animal;
     void work(desk, () => {
-      if (role === "female") desk.males = undefined;
+      if (role === "female") desk.males = desk.leavingOut = undefined;
       return describePair(desk);
     }).then(() => document.getElementById(`search-${role}`)?.focus());
   };
   return [make("h2", {}, text(desk, "pairTitle")),
     make("div", { class: "pair" }, drawChoice(desk, "female", take("female")), drawChoice(desk, "male", take("male"))),
     ...(desk.pair === undefined ? [] : [drawPair(desk, desk.pair)]), make("h2", {}, text(desk, "allMales")), drawAges(desk), drawYears(desk),
-    ...(desk.males === undefined ? [] : [drawMales(desk, desk.males)]), ...drawPlan(desk)];
+    ...drawLeftOutNote(desk), ...(desk.males === undefined ? [] : [drawMales(desk, desk.males)]), ...drawMates(desk),
+    ...drawLeftOut(desk, () => rankAgain(desk)), ...drawPlan(desk)];
 }

@@ -1,33 +1,40 @@
 // The first step: files are dropped or chosen, and what was recognised is shown.
 
-import { applySettings, changeSetting, openAgain, openNew, showProblem, text, work } from "./desk";
+import { applySettings, changeSetting, hasFiles, openAgain, openNew, showProblem, text, work } from "./desk";
 import type { Desk } from "./desk";
 import { readAnswers } from "./answers";
 import type { Answers } from "./answers";
 import { textOfFile } from "./chosen_files";
 import { button, byId, chooser, make, nameOf, shownNumber } from "./dom";
 import { gunzip } from "./gunzip";
+import { changeLeftOut, drawFormerLeftOut, isListOfLeftOut, readLeftOut } from "./left_out";
 import { addList, drawCorrections, drawFormer } from "./mend_part";
 import type { ExportAnswer, OpenQuestion } from "./protocol";
 import type { TextName } from "./texts";
 
 const mostAnswers = 12;
 
-/** Files that were brought together: exports, and the texts of answers and corrections of an earlier one. */
-interface Brought { exports: File[]; answers: string[]; corrections: string; }
+/** Files that were brought together: exports, and the texts of answers, corrections and animals left out of an earlier one. */
+interface Brought { exports: File[]; answers: string[]; corrections: string; leftOut: string; }
+
+const beginningOf = (file: File) => textOfFile(file.slice(0, 200)).catch(() => "");
+
+async function isListOfAnimals(file: File): Promise<boolean> {
+  return /_left_out\.(tsv|txt)$/i.test(file.name) || isListOfLeftOut(await beginningOf(file));
+}
 
 /** A list of corrections is known by its name, which the desk gives it, or by its first line. */
 async function isListOfCorrections(file: File): Promise<boolean> {
   if (/_correct(ions|ies)\.(tsv|txt)$/i.test(file.name)) return true;
-  const beginning = await textOfFile(file.slice(0, 200)).catch(() => "");
-  return beginning.replace(/"/g, "").startsWith("id\tfield\twas\tbecomes");
+  return (await beginningOf(file)).replace(/"/g, "").startsWith("id\tfield\twas\tbecomes");
 }
 
 async function sortFiles(files: File[]): Promise<Brought> {
-  const brought: Brought = { exports: [], answers: [], corrections: "" };
+  const brought: Brought = { exports: [], answers: [], corrections: "", leftOut: "" };
   for (const file of files) {
     if (/\.answers$/i.test(file.name)) brought.answers.push(await file.text());
     else if (await isListOfCorrections(file)) brought.corrections += `${await textOfFile(file)}\n`;
+    else if (await isListOfAnimals(file)) brought.leftOut += `${await textOfFile(file)}\n`;
     else brought.exports.push(file);
   }
   return brought;
@@ -42,23 +49,34 @@ function showUnread(desk: Desk, unread: Answers["unread"]): void {
 }
 
 /** Answers and corrections of an earlier export, dropped with the next one or behind it. */
-function takeKept(desk: Desk, { exports, answers, corrections }: Brought): void {
+function takeKept(desk: Desk, { exports, answers, corrections, leftOut }: Brought): void {
   const count = exports.length > 0 ? exports.length : desk.given === undefined ? desk.files.length : 0;
   const isPair = exports.some((file) => /\.ini$/i.test(file.name));
   if (answers.length > 1 || count !== 1 || isPair) return showProblem(text(desk, answers.length > 0 ? "answersAlone" : "correctionsAlone"));
   const { settings, unread } = answers[0] === undefined ? { settings: undefined, unread: [] } : readAnswers(answers[0]);
   const showThen = () => showUnread(desk, unread);
-  if (exports.length > 0) return void openNew(desk, exports, settings, corrections).then(showThen);
+  if (exports.length > 0) return void openNew(desk, exports, settings, corrections, readLeftOut(leftOut)).then(showThen);
   if (settings !== undefined) void openAgain(desk, settings).then(showThen);
   if (corrections !== "") addList(desk, corrections);
 }
 
+/** Animals that are left out belong to whatever is open, or comes with them. */
+function takeLeftOut(desk: Desk, leftOut: string): void {
+  if (!hasFiles(desk)) return showProblem(text(desk, "leftOutAlone"));
+  const rows = readLeftOut(leftOut), others = desk.leftOut.rows.filter(({ id }) => rows.every((row) => row.id !== id));
+  void changeLeftOut(desk, [...others, ...rows], () => Promise.resolve());
+}
+
 function takeBrought(desk: Desk, brought: Brought): void {
+  if (brought.leftOut !== "" && brought.exports.length === 0) {
+    takeLeftOut(desk, brought.leftOut);
+    if (brought.answers.length === 0 && brought.corrections === "") return;
+  }
   if (brought.answers.length > 0 || brought.corrections !== "") return takeKept(desk, brought);
   const files = brought.exports, steerFiles = files.filter((file) => /\.ini$/i.test(file.name));
   if (files.length === 1 && steerFiles.length === 1) return showProblem(text(desk, "steerAlone"));
   if (files.length > 2 || (files.length === 2 && steerFiles.length !== 1)) return showProblem(text(desk, "dropOnly"));
-  void openNew(desk, files);
+  if (files.length > 0) void openNew(desk, files, [], "", readLeftOut(brought.leftOut));
 }
 
 export function takeFiles(desk: Desk, files: File[]): void {
@@ -178,7 +196,7 @@ export function drawQuestions(desk: Desk): HTMLElement[] {
 }
 
 export function drawData(desk: Desk, goOn: () => void): HTMLElement[] {
-  const parts: HTMLElement[] = [drawDrop(desk), ...drawFormer(desk), ...drawQuestions(desk)];
+  const parts: HTMLElement[] = [drawDrop(desk), ...drawFormer(desk), ...drawFormerLeftOut(desk), ...drawQuestions(desk)];
   if (desk.given !== undefined) {
     if (desk.given.note !== "") parts.push(make("p", { class: "question" }, desk.given.note));
     parts.push(make("p", { class: "done" }, nameOf(desk.given.population), ": ", nameOf(desk.given.dataName)));

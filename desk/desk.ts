@@ -10,7 +10,7 @@ import { byId, make } from "./dom";
 import { afterPress } from "./press";
 import { phaseIn, textIn } from "./texts";
 import type { Language, TextName } from "./texts";
-import type { Animal, CheckAnswer, CorrectionsAnswer, ExportAnswer, FilesAnswer, MaleRow, Operation, PairAnswer, PlanAnswer, PlanRow, RunAnswer } from "./protocol";
+import type { Animal, CheckAnswer, CorrectionsAnswer, ExportAnswer, FilesAnswer, ListedAnimals, MaleRow, MatesAnswer, Operation, PairAnswer, PlanAnswer, PlanRow, RunAnswer } from "./protocol";
 
 export type StepName = "data" | "settings" | "check" | "results" | "breeding";
 export const stepNames: readonly StepName[] = ["data", "settings", "check", "results", "breeding"];
@@ -67,6 +67,10 @@ export interface Desk {
   pair?: PairAnswer;
   years?: { first: number; last: number };
   males?: { count: number; first: number; rows: MaleRow[]; byKinship: boolean };
+  leftOut: DeskLeftOut;
+  /** The place in the ranking of the male that is being left out. */
+  leavingOut?: number;
+  mates?: DeskMates;
   plan?: DeskPlan;
   draw: () => void;
   /** Shows whether something is being done. */
@@ -84,11 +88,24 @@ export function newCorrections(list: string): DeskCorrections {
   return { list, undo: [], redo: [], isSaved: true };
 }
 
+/** An animal that nobody is to be mated with; `animal` is it in the results at hand, where it is there. */
+export interface LeftOutRow { id: string; why: string; when: string; animal?: Animal; }
+
+/** The list of them; `former` is that of a file that was open before and has not been saved. */
+export interface DeskLeftOut { rows: LeftOutRow[]; isSaved: boolean; former?: { rows: LeftOutRow[]; name: string }; }
+
+/** Several females against several males: who they are, lists that are being pasted, what came of it. */
+export interface DeskMates {
+  females: Animal[]; males: Animal[]; pasted: { females: string; males: string }; notes: string[]; answer?: MatesAnswer;
+}
+
 /** What is asked of a plan, and what came of it; `swapping` is the mating whose male goes to another female. */
 export interface DeskPlan {
   fields: Map<string, string>;
   answer?: PlanAnswer; problems: string[];
   first: number; rows: PlanRow[]; swapping?: number;
+  /** Other animals are left out since it was made. */
+  isOfBefore?: boolean;
 }
 
 export function createDesk(language: Language, draw: (desk: Desk) => void): Desk {
@@ -99,7 +116,7 @@ export function createDesk(language: Language, draw: (desk: Desk) => void): Desk
   };
   const desk: Desk = {
     client: createClient((phase) => showPhase(desk, phase)), language, reportLanguage: language, step: "data", files: [], settings: new Map(), board: { ruleYear: "", sireShare: "", mostF: "" },
-    refusals: [], resultsNumber: 0, corrections: newCorrections(""), wasCancelled: false, isOpen: false, isSaved: false, busy: 0, working: Promise.resolve(), cancellations: 0, kind: "", filter: "", firstFinding: 0, view: "charts",
+    refusals: [], resultsNumber: 0, corrections: newCorrections(""), leftOut: { rows: [], isSaved: true }, wasCancelled: false, isOpen: false, isSaved: false, busy: 0, working: Promise.resolve(), cancellations: 0, kind: "", filter: "", firstFinding: 0, view: "charts",
     draw: () => afterPress(drawNow), showBusy: () => afterPress(showBusyNow),
   };
   return desk;
@@ -121,6 +138,16 @@ export function showProblem(problem: string): void {
   afterPress(showProblemNow);
 }
 
+/** What the names of files that are saved begin with. */
+export const stemOf = (fileName: string) => fileName.replace(/\.[^.]*$/, "");
+
+/** Prints one part of the view at hand, which the style sheet knows by this name. */
+export function printAlone(name: string): void {
+  document.body.classList.add(`prints-${name}`);
+  addEventListener("afterprint", () => document.body.classList.remove(`prints-${name}`), { once: true });
+  print();
+}
+
 export function settingsText(desk: Desk): string {
   const lines = [...desk.settings].map(([name, value]) => `${name}=${value.replace(/[\r\n]+/g, " ")}`);
   if (!desk.settings.has("language")) lines.push(`language=${desk.reportLanguage}`);
@@ -131,7 +158,7 @@ export function settingsText(desk: Desk): string {
 export function forgetRun(desk: Desk): void {
   ++desk.resultsNumber;
   desk.written = desk.check = desk.run = desk.body = desk.report = desk.pair = desk.males = undefined;
-  desk.female = desk.male = desk.years = desk.plan = desk.animalList = undefined;
+  desk.female = desk.male = desk.years = desk.plan = desk.animalList = desk.mates = desk.leavingOut = undefined;
   desk.kind = desk.filter = "";
   desk.firstFinding = 0;
   desk.mending = undefined;
@@ -247,7 +274,7 @@ function isOpened(answer: OpenAnswer): boolean {
 }
 
 /** Files that are to be opened, with what is said of them. */
-interface Opening { files: ChosenFile[]; settings: [string, string][]; corrections: DeskCorrections; }
+interface Opening { files: ChosenFile[]; settings: [string, string][]; corrections: DeskCorrections; leftOut: DeskLeftOut; }
 
 /** Corrections of the file that was open are kept until they are saved, applied again or dropped. */
 function keepFormer(desk: Desk, corrections: DeskCorrections): DeskCorrections {
@@ -256,9 +283,16 @@ function keepFormer(desk: Desk, corrections: DeskCorrections): DeskCorrections {
   return { ...corrections, former: { list, name: desk.files[0]?.name ?? "" } };
 }
 
+function keepFormerLeftOut(desk: Desk, leftOut: DeskLeftOut): DeskLeftOut {
+  const { rows, isSaved, former } = desk.leftOut;
+  if (leftOut === desk.leftOut || rows.length === 0 || isSaved) return { ...leftOut, former: leftOut.former ?? former };
+  return { ...leftOut, former: { rows, name: desk.files[0]?.name ?? "" } };
+}
+
 /** Everything of the files before goes; these take their place. */
-function replaceFiles(desk: Desk, { files, settings, corrections }: Opening): void {
+function replaceFiles(desk: Desk, { files, settings, corrections, leftOut }: Opening): void {
   desk.corrections = keepFormer(desk, corrections);
+  desk.leftOut = keepFormerLeftOut(desk, leftOut);
   desk.files = files;
   desk.settings = new Map(settings);
   desk.reportLanguage = desk.language;
@@ -303,13 +337,13 @@ async function openChosen(desk: Desk, opening: Opening): Promise<void> {
   return openFiles(desk);
 }
 
-export function openNew(desk: Desk, files: File[], settings: [string, string][] = [], list = ""): Promise<boolean> {
-  return work(desk, async () => openChosen(desk, { files: await readFiles(files), settings, corrections: newCorrections(list) }));
+export function openNew(desk: Desk, files: File[], settings: [string, string][] = [], list = "", leftOut: LeftOutRow[] = []): Promise<boolean> {
+  return work(desk, async () => openChosen(desk, { files: await readFiles(files), settings, corrections: newCorrections(list), leftOut: { rows: leftOut, isSaved: true } }));
 }
 
 /** Opens the files that are there once more, with other settings. */
 export function openAgain(desk: Desk, settings: [string, string][]): Promise<boolean> {
-  return work(desk, () => openChosen(desk, { files: desk.files, settings, corrections: desk.corrections }));
+  return work(desk, () => openChosen(desk, { files: desk.files, settings, corrections: desk.corrections, leftOut: desk.leftOut }));
 }
 
 /** Says something else about the export. */
@@ -351,10 +385,23 @@ export async function ensureCheck(desk: Desk): Promise<void> {
   desk.check ??= await ask<CheckAnswer>(desk.client, "check");
 }
 
+/** Tells the core who is left out; of the animals that the data do not have nothing is known. */
+export async function tellLeftOut(desk: Desk): Promise<void> {
+  const { rows } = desk.leftOut;
+  const { animals } = await ask<ListedAnimals>(desk.client, "listed", [rows.map(({ id }) => id.replace(/[\r\n]/g, " ")).join("\n")]);
+  rows.forEach((row, k) => {
+    const animal = animals[k];
+    row.animal = animal !== undefined && animal.position > 0 ? animal as Animal : undefined;
+  });
+  await ask(desk.client, "leaveOut", [animals.map(({ position }) => position).filter((position) => position > 0).join(",")]);
+}
+
 /** Runs, unless that has been done; the charts come with it. */
 export async function ensureRun(desk: Desk): Promise<void> {
   await ensureCheck(desk);
+  const isNew = desk.run === undefined;
   desk.run ??= await ask<RunAnswer>(desk.client, "run");
+  if (isNew && desk.run.messages.length === 0 && desk.leftOut.rows.length > 0) await tellLeftOut(desk);
   if (desk.run.messages.length > 0 || desk.body !== undefined) return;
   showPhase(desk, "charts");
   const { ruleYear, sireShare, mostF } = desk.board;

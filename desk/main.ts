@@ -121,7 +121,8 @@ function start(): void {
   });
   addEventListener("beforeunload", (event) => {
     const hasResults = desk.run !== undefined && desk.run.messages.length === 0 && !desk.isSaved;
-    if (hasResults || !desk.corrections.isSaved || desk.corrections.former !== undefined) event.preventDefault();
+    const hasLists = !desk.corrections.isSaved || desk.corrections.former !== undefined || !desk.leftOut.isSaved || desk.leftOut.former !== undefined;
+    if (hasResults || hasLists) event.preventDefault();
   });
   listenForPresses();
   listenForCards(desk);

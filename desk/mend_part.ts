@@ -2,7 +2,7 @@
 // with undo and redo. The export stays as it is; the core applies the list whenever it changes.
 
 import { ask } from "./client";
-import { applyList, ensureCheck, isReady, text, work } from "./desk";
+import { applyList, ensureCheck, isReady, printAlone, stemOf, text, work } from "./desk";
 import type { Desk } from "./desk";
 import { button, make, nameOf, save } from "./dom";
 import { workbookOf, workbookType } from "./workbook";
@@ -12,7 +12,7 @@ import type { CheckAnswer, CorrectionRow, FindingLines, ProposedList } from "./p
 function forgetResults(desk: Desk): void {
   ++desk.resultsNumber;
   desk.written = desk.check = desk.run = desk.body = desk.report = desk.pair = desk.males = undefined;
-  desk.female = desk.male = desk.years = desk.plan = desk.mending = desk.animalList = undefined;
+  desk.female = desk.male = desk.years = desk.plan = desk.mending = desk.animalList = desk.mates = desk.leavingOut = undefined;
   desk.isSaved = false;
 }
 
@@ -171,14 +171,6 @@ function drawOfficeList(desk: Desk, rows: CorrectionRow[]): HTMLElement {
       make("td", {}, nameOf(row.becomes)), make("td", {}, nameOf(row.why)))))));
 }
 
-function printOfficeList(): void {
-  document.body.classList.add("prints-office-list");
-  addEventListener("afterprint", () => document.body.classList.remove("prints-office-list"), { once: true });
-  print();
-}
-
-const stemOf = (fileName: string) => fileName.replace(/\.[^.]*$/, "");
-
 function saveOfficeList(desk: Desk): void {
   const name = `${stemOf(desk.files[0]?.name ?? "export")}_office.xlsx`;
   void work(desk, async () => save(name, await workbookOf(desk, "officeWorkbook"), workbookType));
@@ -201,7 +193,7 @@ export function drawCorrections(desk: Desk): HTMLElement[] {
   const row = make("p", { class: "row" }, button(text(desk, "undo"), () => goBack(desk, "undo"), { id: "undo", disabled: undo.length === 0, "aria-keyshortcuts": "Control+Z" }),
     button(text(desk, "redo"), () => goBack(desk, "redo"), { id: "redo", disabled: redo.length === 0, "aria-keyshortcuts": "Control+Y" }),
     button(text(desk, "saveCorrections"), keep, { id: "save-corrections", disabled: isEmpty }),
-    button(text(desk, "printOfficeList"), printOfficeList, { disabled: isEmpty }),
+    button(text(desk, "printOfficeList"), () => printAlone("office-list"), { disabled: isEmpty }),
     button(text(desk, "saveOfficeList"), () => saveOfficeList(desk), { disabled: isEmpty }));
   return [...messages, make("p", { class: "note", id: "corrections-sentence", role: "status" }, isEmpty ? text(desk, "noCorrections") : answer?.sentence), row,
     ...(isEmpty ? [] : [drawTable(desk, rows), drawOfficeList(desk, rows)])];

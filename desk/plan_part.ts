@@ -4,6 +4,7 @@ import { animalButton } from "./card";
 import { ask } from "./client";
 import { bytesOf, text, work } from "./desk";
 import type { Desk, DeskPlan } from "./desk";
+import { drawLeftOutNote } from "./left_out";
 import { button, make, nameOf, percentage, save, shownNumber } from "./dom";
 import { workbookOf, workbookType } from "./workbook";
 import type { Animal, PlanAnswer, PlanRow } from "./protocol";
@@ -45,6 +46,7 @@ async function take(desk: Desk, plan: DeskPlan, answer: PlanAnswer): Promise<voi
 function makePlan(desk: Desk, plan: DeskPlan): void {
   void work(desk, async () => {
     plan.answer = undefined;
+    plan.isOfBefore = false;
     plan.first = 0;
     const settings = [...plan.fields].map(([name, value]) => `${name}=${value.replace(/\r?\n/g, lineDivider)}`).concat(desk.takesGone === true ? ["allAnimals=1"] : []).join("\n");
     await take(desk, plan, await ask<PlanAnswer>(desk.client, "plan", [settings]));
@@ -126,7 +128,8 @@ function drawMatings(desk: Desk, plan: DeskPlan, answer: PlanAnswer): HTMLElemen
 export function drawPlan(desk: Desk): HTMLElement[] {
   const plan = desk.plan ??= { fields: new Map([["mostPerFemale", "1"]]), problems: [], first: 0, rows: [] };
   const { answer } = plan;
-  return [make("h2", {}, text(desk, "planTitle")), ...drawFields(desk, plan),
+  return [make("h2", {}, text(desk, "planTitle")), ...drawFields(desk, plan), ...drawLeftOutNote(desk),
+    ...(plan.isOfBefore === true ? [make("p", { class: "question", id: "plan-of-before" }, text(desk, "planOfBefore"))] : []),
     ...plan.problems.map((problem) => make("p", { class: "problem", role: "alert" }, problem)),
     ...(answer === undefined ? [] : [...answer.warnings.map((warning) => make("p", { class: "problem" }, warning)),
       ...[...answer.candidates, ...answer.lines].map((line) => make("p", { class: "note" }, line)), drawComparison(desk, answer), ...drawMatings(desk, plan, answer)])];

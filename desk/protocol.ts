@@ -75,6 +75,14 @@ export interface MaleRow extends Parent {
   offspringF: number | null; equivalents: number; offspring: number; age: number | null; isShallow: boolean; isBeyond: boolean;
 }
 
+/** The animals of a list, a line each; where no animal has the identification, the position is 0 and the rest missing. */
+export interface ListedAnimals { animals: (Animal | { position: number; id: string })[]; }
+export interface TableMate extends Mate { isShallow: boolean; }
+/** `f` and `classes` row by row, a row for each female; `beyond` are places in them. */
+export interface MatesAnswer extends Messages {
+  females: TableMate[]; males: TableMate[]; f: number[]; classes: number[]; beyond: number[]; limit: number;
+}
+
 export interface PlanAnswer extends Messages {
   candidates: string[]; lines: string[]; warnings: string[]; headings: string[]; ways: string[][]; count: number; meanF: number;
 }

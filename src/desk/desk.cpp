@@ -8,6 +8,8 @@ void forget_run(Desk& desk) {
   desk.results.reset();
   desk.males.clear();
   desk.males_for_dam = 0;
+  desk.left_out.clear();
+  desk.mates = {};
   std::vector<std::int32_t>().swap(desk.chosen_animals);
   desk.card_of = 0;
   desk.plan.reset();

@@ -57,6 +57,12 @@ struct DeskPlan {
   std::vector<std::string> notes = {};  ///< on its lists: animals that stand twice, and the like
 };
 
+/// F of the offspring of several females with several males.
+struct DeskMates {
+  std::vector<std::int32_t> females = {}, males = {};  ///< positions
+  std::vector<float> f = {};                           ///< row by row, a row for each female
+};
+
 struct Desk {
   std::string folder;                             ///< where files are written; empty: the working directory
   ToolLanguage language = ToolLanguage::english;  ///< of what is said; that of the report is among the settings
@@ -77,6 +83,8 @@ struct Desk {
   std::optional<DeskResults> results;
   std::vector<RankedMale> males;  ///< of the last question for all males
   std::int32_t males_for_dam = 0;
+  std::vector<std::int32_t> left_out;        ///< positions: of no ranking and no plan
+  DeskMates mates;                           ///< of the last question for several of both sexes
   std::vector<std::int32_t> chosen_animals;  ///< positions, in the order that was asked for
   std::int32_t card_of = 0;                  ///< position of the animal of the last card
   std::optional<DeskPlan> plan;

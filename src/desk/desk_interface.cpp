@@ -14,6 +14,7 @@
 #include "desk/desk.h"
 #include "desk/export_desk.h"
 #include "desk/json_text.h"
+#include "desk/mates_desk.h"
 #include "desk/matings_desk.h"
 #include "desk/mending_desk.h"
 #include "desk/office_list.h"
@@ -82,6 +83,8 @@ std::string text_named(const Desk& desk, std::string_view name) {
       {"officeWorkbook", pedigreewatch::office_workbook},
       {"animalPage", pedigreewatch::animal_page},
       {"males", pedigreewatch::males_table},
+      {"mates", pedigreewatch::mates_table},
+      {"matesWorkbook", pedigreewatch::mates_workbook},
       {"plan", pedigreewatch::plan_table},
       {"contributions", pedigreewatch::contributions_table},
       {"planPage", pedigreewatch::plan_page},
@@ -233,6 +236,18 @@ void desk_order_males(DeskHandle* handle, std::int32_t by_mean_kinship) {
 
 void desk_list_males(DeskHandle* handle, std::int32_t first, std::int32_t count) {
   answer(handle, [&](Desk& desk) { return pedigreewatch::list_males(desk, size_from(first), size_from(count)); });
+}
+
+void desk_find_listed(DeskHandle* handle, const char* ids) {
+  answer(handle, [&](const Desk& desk) { return pedigreewatch::find_listed(desk, ids); });
+}
+
+void desk_leave_out(DeskHandle* handle, const char* positions) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::leave_out(desk, positions); });
+}
+
+void desk_compare_mates(DeskHandle* handle, const char* females, const char* males) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::compare_mates(desk, females, males); });
 }
 
 void desk_set_board(DeskHandle* handle, const char* rule_year, const char* sire_share, const char* most_f) {

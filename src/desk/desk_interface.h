@@ -50,6 +50,10 @@ void desk_rank_males(DeskHandle* handle, std::int32_t dam, std::int32_t first_ye
                      std::int32_t takes_all);
 void desk_order_males(DeskHandle* handle, std::int32_t by_mean_kinship);
 void desk_list_males(DeskHandle* handle, std::int32_t first, std::int32_t count);
+/// Animals by lists, animals that are left out, several of both sexes: see mates_desk.h.
+void desk_find_listed(DeskHandle* handle, const char* ids);
+void desk_leave_out(DeskHandle* handle, const char* positions);
+void desk_compare_mates(DeskHandle* handle, const char* females, const char* males);
 
 /// As they are typed; empty: not said.
 void desk_set_board(DeskHandle* handle, const char* rule_year, const char* sire_share, const char* most_f);
@@ -60,7 +64,7 @@ void desk_list_plan(DeskHandle* handle, std::int32_t first, std::int32_t count);
 void desk_change_plan(DeskHandle* handle, const char* change, std::int32_t place, std::int32_t other);
 
 /// A text of the results: "body", "page", "report", "reportText", "findings", "findingsWorkbook", "officeWorkbook",
-/// "males", "plan", "contributions", "planPage", "animalPage", "style", "animalStyle", "script", "years",
-/// "subpopulations", "animals", "diversity", "standing". Others leave nothing.
+/// "males", "mates", "matesWorkbook", "plan", "contributions", "planPage", "animalPage", "style", "animalStyle",
+/// "script", "years", "subpopulations", "animals", "diversity", "standing". Others leave nothing.
 void desk_text(DeskHandle* handle, const char* name);
 }

@@ -134,6 +134,9 @@ std::string rank_males(Desk& desk, std::int32_t dam, const MalesWished& wished) 
     desk.males = males_for(store_of(desk), dam, wished.first_year, wished.last_year);
     const AvailableAnimals& available = desk.results->available;
     if (!wished.takes_all) std::erase_if(desk.males, [&](const RankedMale& male) { return !available.has(male.male); });
+    std::erase_if(desk.males, [&](const RankedMale& entry) {
+      return std::find(desk.left_out.begin(), desk.left_out.end(), entry.male) != desk.left_out.end();
+    });
     desk.males_for_dam = dam;
   }
   return count_answer(desk.males.size());

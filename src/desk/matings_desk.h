@@ -27,7 +27,8 @@ struct MalesWished {
   bool takes_all = false;
 };
 
-/// All such males for one female, kept for `list_males` and `males_table`. Yields an object: count.
+/// All such males for one female but those that are left out, kept for `list_males` and `males_table`. Yields an
+/// object: count.
 std::string rank_males(Desk& desk, std::int32_t dam, const MalesWished& wished);
 
 /// Orders the males at hand by F of the offspring, or by their mean kinship with the youngest animals.

@@ -309,6 +309,7 @@ std::string make_desk_plan(Desk& desk, std::string_view settings) {
   rules.years = count_named(settings, "years");
   if (value_named(settings, "allAnimals").empty()) rules.available = desk.results->available;
   rules.records_without_sex = input.sexes.records_without_sex;
+  rules.excluded = desk.left_out;
   read_said_candidates(input, lists, rules);
   if (input.has_faults) return problem_answer(said_lines(said));
   DeskPlan made;

@@ -1,0 +1,33 @@
+// Several females against several males in the desk, and the animals that nobody is to be mated with.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "desk/desk.h"
+
+namespace pedigreewatch {
+
+/// Females, and males, of one table: more are not taken in at a glance.
+inline constexpr std::size_t most_mates = 100;
+
+/// The animals that a list names, an identification a line. Yields an object: animals, one for each line that is not
+/// blank (position, id, name, isMale, year, f; position 0 and the text of the line where no animal has it).
+std::string find_listed(const Desk& desk, std::string_view ids);
+
+/// Leaves animals out of the rankings and plans that are made from now on, by their positions, with commas between
+/// them; those that were left out before are not any longer. Yields an object: count.
+std::string leave_out(Desk& desk, std::string_view positions);
+
+/// F of the offspring of each female with each male, by their positions, with commas between them; kept for the tables.
+/// Yields an object: messages, females and males (as above, with meanKinship, equivalents, isShallow), f (row by row, a
+/// row for each female), classes (those of `inbreeding_class`), beyond (places in f of what is above the board's
+/// limit), limit.
+std::string compare_mates(Desk& desk, std::string_view females, std::string_view males);
+
+/// The same as a table: a row for each female, a column for each male.
+std::string mates_table(const Desk& desk);
+std::string mates_workbook(const Desk& desk);
+
+}  // namespace pedigreewatch
