@@ -23,6 +23,7 @@ export interface Desk {
   /** Of the report, unless the settings name one: that of the desk when the results were made. */
   reportLanguage: Language;
   step: StepName;
+  isHelpShown: boolean;
   files: ChosenFile[];
   /** What the user says, by the names of src/desk/settings_text.h. */
   settings: Map<string, string>;
@@ -115,7 +116,7 @@ export function createDesk(language: Language, draw: (desk: Desk) => void): Desk
     byId("work").setAttribute("aria-busy", String(desk.busy > 0));
   };
   const desk: Desk = {
-    client: createClient((phase) => showPhase(desk, phase)), language, reportLanguage: language, step: "data", files: [], settings: new Map(), board: { ruleYear: "", sireShare: "", mostF: "" },
+    client: createClient((phase) => showPhase(desk, phase)), language, reportLanguage: language, step: "data", isHelpShown: false, files: [], settings: new Map(), board: { ruleYear: "", sireShare: "", mostF: "" },
     refusals: [], resultsNumber: 0, corrections: newCorrections(""), leftOut: { rows: [], isSaved: true }, wasCancelled: false, isOpen: false, isSaved: false, busy: 0, working: Promise.resolve(), cancellations: 0, kind: "", filter: "", firstFinding: 0, view: "charts",
     draw: () => afterPress(drawNow), showBusy: () => afterPress(showBusyNow),
   };

@@ -8,6 +8,7 @@ import { drawData, takeFiles } from "./data_step";
 import { cancel, changeLanguage, createDesk, ensureCheck, ensureRun, isReady, showProblem, stepNames, text, work } from "./desk";
 import type { Desk, StepName } from "./desk";
 import { button, byId, make } from "./dom";
+import { helpOf } from "./help";
 import { listenForUndo } from "./mend_part";
 import { listenForPresses } from "./press";
 import { drawResults } from "./results_step";
@@ -74,6 +75,25 @@ function drawSteps(desk: Desk): void {
       id: `step-${step}`, disabled: !canEnter(desk, step), "aria-current": desk.step === step ? "step" : undefined }))));
 }
 
+/** The help of the step at hand, where it is wanted. */
+function drawHelp(desk: Desk): void {
+  const opener = byId("help-button"), about = text(desk, "helpOn", text(desk, desk.step));
+  opener.setAttribute("aria-expanded", String(desk.isHelpShown));
+  opener.setAttribute("aria-label", about);
+  opener.title = about;
+  byId("help").hidden = !desk.isHelpShown;
+  byId("help").setAttribute("aria-label", about);
+  const entries = desk.isHelpShown ? helpOf(desk.step, desk.language) : [];
+  byId("help").replaceChildren(make("dl", {}, ...entries.flatMap(([about, said]) => [make("dt", {}, about), make("dd", {}, said)])),
+    button(text(desk, "closeCard"), () => showHelp(desk, false), { id: "help-close" }));
+}
+
+function showHelp(desk: Desk, isShown: boolean): void {
+  desk.isHelpShown = isShown;
+  drawHelp(desk);
+  byId("help-button").focus();
+}
+
 /** What stands above every printed view: the population, or the file as long as it has no name, and the date. */
 function printHead(desk: Desk): string {
   const population = desk.written?.population ?? desk.given?.population ?? desk.files[0]?.name ?? "";
@@ -93,6 +113,7 @@ function draw(desk: Desk): void {
     drawSteps(desk);
     byId("title").textContent = text(desk, `${desk.step}Title` as TextName);
     byId("print-head").textContent = printHead(desk);
+    drawHelp(desk);
     document.title = `Pedigree Watch – ${text(desk, desk.step)}`;
     const isWaiting = desk.busy > 0 && (desk.step === "check" ? desk.check === undefined : desk.step !== "data" && desk.step !== "settings" && desk.run === undefined);
     const note = desk.wasCancelled ? [make("p", { class: "question", id: "cancelled" }, text(desk, "cancelled"))] : [];
@@ -123,6 +144,10 @@ function start(): void {
     const hasResults = desk.run !== undefined && desk.run.messages.length === 0 && !desk.isSaved;
     const hasLists = !desk.corrections.isSaved || desk.corrections.former !== undefined || !desk.leftOut.isSaved || desk.leftOut.former !== undefined;
     if (hasResults || hasLists) event.preventDefault();
+  });
+  byId("help-button").addEventListener("click", () => showHelp(desk, !desk.isHelpShown));
+  byId("help").addEventListener("keydown", (event) => {
+    if (event.key === "Escape") showHelp(desk, false);
   });
   listenForPresses();
   listenForCards(desk);

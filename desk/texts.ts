@@ -96,6 +96,7 @@ const texts = {
   saveFindingsWorkbook: ["Save the findings as a workbook (.xlsx)", "Bewaar de bevindingen als werkmap (.xlsx)"],
   cannotRun: ["Figures can be made only when what stops the run has been mended.",
     "Pas als hersteld is wat de run stopt, zijn er cijfers te maken."],
+  helpOn: ["Help: {1}", "Hulp: {1}"],
   compute: ["Compute the results", "Bereken de resultaten"],
   cancel: ["Cancel", "Annuleren"], busyLabel: ["working", "bezig"],
   cancelled: ["Cancelled. Your data and settings are still here.", "Geannuleerd. Uw gegevens en instellingen zijn er nog."],

@@ -454,10 +454,13 @@ test("TheCheckOfAPairOfFilesIsSaidInTheOtherLanguageToo", () => withDesk(async (
   assert.doesNotMatch(await textOf(page, "#step"), /Worth a look/);
 }));
 
+/** Of the pictures, and of the desk in them. */
+const pictured = process.env.DESK_LANGUAGE ?? "en";
+
 test("EveryStepIsAccessibleAndIsPictured", () => withDesk(async (page) => {
   const pictures = process.env.DESK_PICTURES;
   if (pictures) mkdirSync(pictures, { recursive: true });
-  await pressButton(page, "Try the example");
+  await pressButton(page, pictured === "nl" ? "Probeer het voorbeeld" : "Try the example");
   await idle(page);
   for (const step of steps) {
     await enter(page, step);
@@ -476,9 +479,9 @@ test("EveryStepIsAccessibleAndIsPictured", () => withDesk(async (page) => {
     if (step === "check") await page.waitForFunction(() => document.querySelectorAll("#findings tbody tr").length > 0 || !document.getElementById("findings"));
     assert.deepEqual(await violations(page), [], step);
     if (step === "results") await page.$eval("#results-body figure, #results-body svg", (chart) => chart.scrollIntoView());
-    if (pictures) await page.screenshot({ path: join(pictures, `desk-${steps.indexOf(step) + 1}-${step}.png`) });
+    if (pictures) await page.screenshot({ path: join(pictures, `desk-${pictured === "nl" ? "nl-" : ""}${steps.indexOf(step) + 1}-${step}.png`) });
   }
-}));
+}, { language: pictured }));
 
 test("ThePolicyRefusesEveryRequest", async () => {
   const desk = await openTestDesk();

@@ -58,7 +58,7 @@ check_manual_page() {
   [[ -z "$complaints" ]] || fail "$1: $complaints"
 }
 
-documents=(README CHANGELOG CONTRIBUTING docs/steer-file docs/data-file docs/report docs/prepare docs/check docs/desk docs/running)
+documents=(README CHANGELOG CONTRIBUTING docs/steer-file docs/data-file docs/report docs/prepare docs/check docs/desk docs/desk-nl docs/running)
 examples=()
 for example in moorland-en/moorland heide-nl/heide; do
   examples+=("examples/$example.txt" "examples/$example.out" "examples/${example%/*}/pedigreewatch.ini")
