@@ -1083,7 +1083,7 @@ TEST(HostileMemory, EveryLimitEndsInAMessageOrAReport) {
   }
   const RunFolder folder(files_of(with_header(lines)));
   int stopped = 0, finished = 0;
-  for (std::uint64_t limit = 10000; limit <= 36000; limit += 1000) {
+  for (std::uint64_t limit = 13000; limit <= 36000; limit += 1000) {
     const WholeRun run = run_in_memory_of(limit, folder);
     if (run.exit_status == 0) {
       ++finished;
