@@ -8,8 +8,8 @@
 #include "page/chart_figure.h"
 #include "page/chart_making.h"
 #include "page/page.h"
-#include "page/page_style.h"
 #include "page/page_text.h"
+#include "page/whole_page.h"
 #include "planning/plan_words.h"
 
 namespace pedigreewatch {
@@ -258,23 +258,13 @@ void write_section(std::string& page, const ForecastPageInput& input, std::strin
 
 std::string make_forecast_page(const ForecastPageInput& input) {
   const std::string title = phrase(page_title, input.language, {data_text(input.population_name)});
-  std::string page = "<!DOCTYPE html>\n<html lang=\"" +
-                     std::string(input.language == ToolLanguage::english ? "en" : "nl") +
-                     "\">\n<head>\n<meta charset=\"utf-8\">\n<meta http-equiv=\"Content-Security-Policy\" content=\"" +
-                     content_security_policy() +
-                     "\">\n<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>" +
-                     escaped(title) + "</title>\n<style>";
-  page += page_style();
-  page += "</style>\n</head>\n<body class=\"pw\">\n<header><h1>" + isolated(title) + "</h1></header>\n<main>\n";
-  define_fillings(page);
-  write_section(page, input, "result", result_title, results_of(input));
-  write_section(page, input, "charts", charts_title, charts_of(input));
-  write_section(page, input, "trust", trust_title, trust_of(input));
-  write_section(page, input, "practice", practice_title, practice_of(input));
-  page += "</main>\n<footer><p>" + escaped(say(input, made_by)) + "</p></footer>\n<script>";
-  page += page_script();
-  page += "</script>\n</body>\n</html>\n";
-  return page;
+  std::string body;
+  define_fillings(body);
+  write_section(body, input, "result", result_title, results_of(input));
+  write_section(body, input, "charts", charts_title, charts_of(input));
+  write_section(body, input, "trust", trust_title, trust_of(input));
+  write_section(body, input, "practice", practice_title, practice_of(input));
+  return whole_page(input.language, title, body, say(input, made_by));
 }
 
 }  // namespace pedigreewatch

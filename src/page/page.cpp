@@ -14,8 +14,8 @@
 #include "page/inbreeding_charts.h"
 #include "page/page_frame.h"
 #include "page/page_sections.h"
-#include "page/page_style.h"
 #include "page/page_text.h"
+#include "page/whole_page.h"
 
 namespace pedigreewatch {
 namespace {
@@ -176,18 +176,7 @@ std::string page_body(const PageInput& input) {
 std::string make_page(const PageInput& input) {
   const PageFrame frame = make_frame(input);
   const std::string name = population_name(input);
-  std::string page = "<!DOCTYPE html>\n<html lang=\"" + std::string(input.population.settings.english ? "en" : "nl") +
-                     "\">\n<head>\n<meta charset=\"utf-8\">\n<meta http-equiv=\"Content-Security-Policy\" content=\"" +
-                     content_security_policy() +
-                     "\">\n<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>" +
-                     escaped(name) + "</title>\n<style>";
-  page += page_style();
-  page += "</style>\n</head>\n<body class=\"pw\">\n<header><h1>" + isolated(name) + "</h1></header>\n<main>\n";
-  page += page_body(input);
-  page += "</main>\n<footer><p>" + escaped(frame.text(made_by)) + "</p></footer>\n<script>";
-  page += page_script();
-  page += "</script>\n</body>\n</html>\n";
-  return page;
+  return whole_page(frame.language, name, page_body(input), frame.text(made_by));
 }
 
 }  // namespace pedigreewatch

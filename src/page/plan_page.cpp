@@ -8,8 +8,8 @@
 #include "page/chart_drawing.h"
 #include "page/chart_figure.h"
 #include "page/page.h"
-#include "page/page_style.h"
 #include "page/page_text.h"
+#include "page/whole_page.h"
 
 namespace pedigreewatch {
 namespace {
@@ -266,19 +266,7 @@ std::string body_of(const PlanPageInput& input) {
 
 std::string make_plan_page(const PlanPageInput& input) {
   const std::string title = phrase(page_title, input.language, {data_text(input.population_name)});
-  std::string page = "<!DOCTYPE html>\n<html lang=\"" +
-                     std::string(input.language == ToolLanguage::english ? "en" : "nl") +
-                     "\">\n<head>\n<meta charset=\"utf-8\">\n<meta http-equiv=\"Content-Security-Policy\" content=\"" +
-                     content_security_policy() +
-                     "\">\n<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>" +
-                     escaped(title) + "</title>\n<style>";
-  page += page_style();
-  page += "</style>\n</head>\n<body class=\"pw\">\n<header><h1>" + isolated(title) + "</h1></header>\n<main>\n";
-  page += body_of(input);
-  page += "</main>\n<footer><p>" + escaped(say(input, made_by)) + "</p></footer>\n<script>";
-  page += page_script();
-  page += "</script>\n</body>\n</html>\n";
-  return page;
+  return whole_page(input.language, title, body_of(input), say(input, made_by));
 }
 
 }  // namespace pedigreewatch
