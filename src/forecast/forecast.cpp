@@ -34,12 +34,17 @@ void tell(ReplicateWork& work, const ForecastProgress& progress) {
   if (progress && !progress(work.done_years, work.all_years())) work.is_stopped = true;
 }
 
-void run_replicate(ReplicateWork& work, std::int64_t task, AncestorWalk* walk, const ForecastProgress& progress) {
+/// The walk is made when the first herd needs it.
+void run_replicate(ReplicateWork& work, std::int64_t task, std::unique_ptr<AncestorWalk>& walk,
+                   const ForecastProgress& progress) {
   const auto scenarios = static_cast<std::int64_t>(work.forecast.scenarios.size());
   ScenarioForecast& scenario = work.forecast.scenarios[static_cast<std::size_t>(task % scenarios)];
   const auto replicate = static_cast<std::int32_t>(task / scenarios);
   ReplicateYears& years = scenario.replicates[static_cast<std::size_t>(replicate)];
-  ModelHerd herd = begin_herd(work.basis, scenario.rules, work.settings.seed, replicate, walk);
+  const bool is_walking = !has_table(work.basis, scenario.rules, work.settings.years);
+  if (is_walking && !walk) walk = std::make_unique<AncestorWalk>(make_basis_walk(work.basis));
+  ModelHerd herd =
+      begin_herd(work.basis, scenario.rules, work.settings.seed, replicate, is_walking ? walk.get() : nullptr);
   for (std::int32_t year = 0; year < work.settings.years && !work.is_stopped; ++year) {
     if (!live_year(herd, work.forecast.first_year + year)) break;
     years.push_back(herd.year);
@@ -47,15 +52,14 @@ void run_replicate(ReplicateWork& work, std::int64_t task, AncestorWalk* walk, c
     tell(work, progress);
   }
   work.done_years += work.settings.years - static_cast<std::int64_t>(years.size());
-  if (walk != nullptr) shorten_walk(*walk, work.basis.pedigree.count());
+  if (is_walking) shorten_walk(*walk, work.basis.pedigree.count());
 }
 
 /// Takes replicates until there are no more. A thread of its own tells nothing.
 void run_replicates(ReplicateWork& work, const ForecastProgress& progress) {
   std::unique_ptr<AncestorWalk> walk;
-  if (!work.basis.has_table()) walk = std::make_unique<AncestorWalk>(make_basis_walk(work.basis));
   for (std::int64_t task = work.next_task++; task < work.tasks() && !work.is_stopped; task = work.next_task++) {
-    run_replicate(work, task, walk.get(), progress);
+    run_replicate(work, task, walk, progress);
   }
 }
 

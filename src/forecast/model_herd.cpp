@@ -336,7 +336,7 @@ void fill_sires(ModelHerd& herd, std::int32_t group, const GroupTarget& target, 
 }
 
 void note_new_parents(ModelHerd& herd) {
-  if (herd.basis.has_table()) {
+  if (herd.has_table()) {
     add_rows(herd.table, herd.new_parents);
   } else {
     for (const NewRow& parent : herd.new_parents) add_to_walk(*herd.walk, parent.sire, parent.dam, parent.f);
@@ -382,7 +382,7 @@ void forget_old(ModelHerd& herd, std::int32_t year) {
   for (std::int32_t row = 0; row < last_left; ++row) {
     for (Candidates& list : herd.candidates[place(row)].lists) list.clear();
   }
-  if (!herd.basis.has_table()) return;
+  if (!herd.has_table()) return;
   std::vector<Flag> is_active(place(herd.pedigree.count()) + 1, 0);
   is_active[place(herd.basis.origin)] = 1;
   for (const Sex sex : {male, female}) {
@@ -465,7 +465,7 @@ void set_origin_of_imports(ModelHerd& herd) {
   herd.pedigree.f[origin] = f_of_origin(kinship);
   herd.pedigree.variance[origin] = 2.0 * kinship;
   if (herd.walk != nullptr) set_origin(*herd.walk, origin, kinship);
-  if (!herd.basis.has_table()) return;
+  if (!herd.has_table() || !herd.basis.has_table()) return;
   const auto row = place(herd.table.row_of[origin]);
   herd.table.cells[row * place(herd.table.capacity) + row] = static_cast<float>(kinship);
 }
@@ -478,11 +478,44 @@ void prepare_mean_kinship(ModelHerd& herd) {
 
 }  // namespace
 
+bool has_table(const ModelBasis& basis, const BreedingRules& rules, std::int32_t years) {
+  if (!basis.has_table()) return false;
+  constexpr double years_of_imports = 20.0;  // as long as imports, or their young, may be wanted
+  double litters = 0.0, sires = 0.0;
+  for (const std::vector<GroupYear>& year : basis.base.base_years()) {
+    litters += litters_of(year) / basis.base.length();
+    for (const GroupYear& group : year) sires += static_cast<double>(group.in_use.of_males) / basis.base.length();
+  }
+  const double trend = std::max(1.0, 1.0 + rules.trend * years);
+  const double growth = std::max({1.0, trend * factor_of(rules.litters, litters), factor_of(rules.sires, sires)});
+  const double rows = static_cast<double>(basis.table.animal_of.size());
+  const double imports = static_cast<double>(rules.imports.of_males + rules.imports.of_females);
+  return growth * rows + years_of_imports * imports <= most_rows_of_herd;
+}
+
 ModelHerd begin_herd(const ModelBasis& basis, const BreedingRules& rules, std::uint64_t seed, std::int32_t replicate,
                      AncestorWalk* walk) {
-  ModelHerd herd{
-      basis, rules, seed, replicate,        basis.pedigree,       basis.table, walk, {}, {}, {}, basis.last_litter,
-      {},    {},    0,    basis.candidates, real_youngest(basis), {},          {},   {}, {}, {}};
+  ModelHerd herd{basis,
+                 rules,
+                 seed,
+                 replicate,
+                 basis.pedigree,
+                 walk == nullptr ? basis.table : KinshipTable(),
+                 walk,
+                 {},
+                 {},
+                 {},
+                 basis.last_litter,
+                 {},
+                 {},
+                 0,
+                 basis.candidates,
+                 real_youngest(basis),
+                 {},
+                 {},
+                 {},
+                 {},
+                 {}};
   set_origin_of_imports(herd);
   const std::size_t animals = place(basis.pedigree.count()) + 1;
   herd.weights.assign(animals, 0.0);

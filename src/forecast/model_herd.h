@@ -57,7 +57,7 @@ struct ModelHerd {
 
   ModelPedigree pedigree;
   KinshipTable table;
-  AncestorWalk* walk = nullptr;     ///< without a table; knows the basis' ancestors, and is put back at the end
+  AncestorWalk* walk = nullptr;     ///< null: the table has the kinships; knows the basis' ancestors, and is put back
   std::vector<NewRow> new_parents;  ///< whose kinships are not in table or walk yet
   BySex<std::vector<ModelParent>> parents;
   /// By group: places of the parents who go on, and of this year's imports.
@@ -74,10 +74,18 @@ struct ModelHerd {
   BySex<std::vector<double>> owed;        ///< by group: parts of parents that are still to come into use
   ModelYear year;                         ///< the year at hand
 
+  bool has_table() const { return walk == nullptr; }
   RandomStream stream(std::int32_t of_year, DrawPurpose purpose) const {
     return make_stream(seed, replicate, of_year, purpose);
   }
 };
+
+/// Whether the kinships of a herd under these rules stand in a table; otherwise it needs a walk. Rules that make it
+/// grow may make it too large for one, though the basis has a table.
+bool has_table(const ModelBasis& basis, const BreedingRules& rules, std::int32_t years);
+
+/// A herd with more parents than this has no table, which would need a gigabyte or more.
+inline constexpr double most_rows_of_herd = 8192.0;
 
 ModelHerd begin_herd(const ModelBasis& basis, const BreedingRules& rules, std::uint64_t seed, std::int32_t replicate,
                      AncestorWalk* walk);

@@ -26,7 +26,7 @@ struct Pairing {
   std::unordered_map<std::int32_t, std::int32_t> matings_of_offspring = {};  ///< by common parent
 
   float kinship(std::int32_t sire, std::int32_t dam) const {
-    return herd.basis.has_table() ? herd.table.between(sire, dam) : near_kinship(herd.pedigree, sire, dam);
+    return herd.has_table() ? herd.table.between(sire, dam) : near_kinship(herd.pedigree, sire, dam);
   }
 
   /// Without a table: as F of their young will be counted.
@@ -53,7 +53,7 @@ bool is_too_near(const Pairing& pairing, std::int32_t sire, std::int32_t dam) {
   const double limit = *pairing.herd.rules.most_f;
   if (double{pairing.kinship(sire, dam)} > limit) return true;
   // The near kinship is the exact one at most, and found sooner.
-  return !pairing.herd.basis.has_table() && double{pairing.walked_kinship(sire, dam)} > limit;
+  return !pairing.herd.has_table() && double{pairing.walked_kinship(sire, dam)} > limit;
 }
 
 bool is_permitted(const Pairing& pairing, std::int32_t sire, std::int32_t dam) {
@@ -149,7 +149,7 @@ std::optional<std::size_t> find_permitted(Pairing& pairing, const std::vector<st
                                           std::int32_t dam) {
   const BreedingRules& rules = pairing.herd.rules;
   std::vector<double> kinships;
-  if (rules.most_f && !pairing.herd.basis.has_table()) {
+  if (rules.most_f && !pairing.herd.has_table()) {
     // Her kinship with everybody, by one pass: that of young which have all genes of her.
     const YoungOf herself = {dam, dam, 1, 0.0F};
     kinships = mean_kinship_with_young(pairing.herd.pedigree, {&herself, 1});
@@ -193,7 +193,7 @@ Pairing begin_pairing(ModelHerd& herd, std::int32_t year) {
 
 /// F of the pairs' young, by the table or the walk.
 void find_inbreeding(ModelHerd& herd, std::span<ModelFamily> pairs) {
-  if (herd.basis.has_table()) {
+  if (herd.has_table()) {
     for (ModelFamily& pair : pairs) pair.f = herd.table.between(pair.sire, pair.dam);
     return;
   }

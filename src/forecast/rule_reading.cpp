@@ -48,6 +48,10 @@ constexpr Wording year_above_life = {"a sire may have more litters in a year tha
 constexpr Wording too_few_sires = {
     "with so many sires and so few litters for each, there are not enough for the litters of a year",
     "met zoveel vaders en zo weinig nesten voor elk zijn er niet genoeg voor de nesten van een jaar"};
+constexpr Wording too_many_of_them = {
+    "more than 100 times the present number, or than 100000: it cannot be forecast from that",
+    "meer dan 100 keer het huidige aantal, of dan 100000: dat is daar niet uit te "
+    "voorzien"};
 constexpr Wording nothing_left = {"of the present number fewer than one would be left",
                                   "van het huidige aantal bleef er minder dan een over"};
 constexpr Wording too_old = {"no parent was ever so old: nobody would be left to breed with",
@@ -290,6 +294,14 @@ std::vector<RuleProblem> find_contradictions(const BreedingRules& rules, const B
   const bool is_limited = rules.litters_a_year && rules.sires.is_changed();
   const double litters = rules.litters.of(present.litters);
   if (is_limited && rules.sires.of(present.sires) * *rules.litters_a_year < litters) add("sires", too_few_sires);
+  const auto is_beyond = [](double wanted, double now) {
+    constexpr double most_growth = 100.0, most_wanted = 100'000.0;
+    return wanted > most_growth * std::max(now, 1.0) || wanted > std::max(now, most_wanted);
+  };
+  if (is_beyond(rules.sires.of(present.sires), present.sires)) add("sires", too_many_of_them);
+  if (is_beyond(litters, present.litters)) add("litters", too_many_of_them);
+  if (is_beyond(rules.imports.of_males, present.sires)) add("import-sires", too_many_of_them);
+  if (is_beyond(rules.imports.of_females, present.litters)) add("import-dams", too_many_of_them);
   if (rules.sires.of(present.sires) < 1.0) add("sires", nothing_left);
   if (litters < 1.0) add("litters", nothing_left);
   if (rules.least_age.of_males > base.careers.of_males.oldest) add("least-age-sires", too_old);

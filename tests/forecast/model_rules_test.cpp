@@ -141,6 +141,34 @@ TEST(ModelRules, LimitMatingsBetweenOffspring) {
 }
 
 // With litters of one a herd of such dams cannot last: two years are enough to see it.
+// A herd that a rule makes large is walked through: a table of it would need all memory.
+TEST(ModelRules, HaveNoTableOfALargeHerd) {
+  const RuledBreed begun;
+  const auto rows = static_cast<std::int32_t>(std::ssize(begun.basis.table.animal_of));
+  const auto with_imports = [&](std::int32_t imports) {
+    BreedingRules rules;
+    rules.imports.of_females = imports;
+    return has_table(begun.basis, rules, 10);
+  };
+  const std::int32_t most = (8192 - rows) / 20;
+  EXPECT_TRUE(with_imports(most));
+  EXPECT_FALSE(with_imports(most + 1));
+  BreedingRules rules;
+  rules.trend = 0.5;
+  EXPECT_TRUE(has_table(begun.basis, rules, 1));
+  EXPECT_FALSE(has_table(begun.basis, rules, 20000 / rows));
+  std::vector<BreedingRules> scenarios(2);
+  scenarios[1].imports.of_females = most + 1;
+  ForecastSettings settings;
+  settings.years = 2;
+  settings.replicates = 2;
+  const Forecast forecast = make_forecast(begun.basis, scenarios, settings);
+  for (const ReplicateYears& years : forecast.scenarios[1].replicates) {
+    ASSERT_EQ(years.size(), 2U);
+    EXPECT_LT(years[1].kinship.mean_f, forecast.scenarios[0].replicates[0][1].kinship.mean_f);
+  }
+}
+
 TEST(ModelRules, CountMatingsBetweenOffspringOfAYear) {
   const RuledBreed begun;
   std::int32_t most_without = 0;

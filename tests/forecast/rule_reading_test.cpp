@@ -136,6 +136,15 @@ TEST(FindContradictions, KnowsBothSides) {
   EXPECT_EQ(contradictions("most-litters-a-year = 6\nmost-litters-in-life = 5"), 1U);
   EXPECT_EQ(contradictions("most-litters-a-year = 5\nsires = 20"), 0U);  // just enough for 100 litters
   EXPECT_EQ(contradictions("most-litters-a-year = 5\nsires = 19"), 1U);
+  // Twenty sires and a hundred litters a year.
+  EXPECT_EQ(contradictions("sires = 2000"), 0U);
+  EXPECT_EQ(contradictions("sires = 2001"), 1U);
+  EXPECT_EQ(contradictions("litters = 10000%"), 0U);
+  EXPECT_EQ(contradictions("litters = 10001"), 1U);
+  EXPECT_EQ(contradictions("import-sires = 2000"), 0U);
+  EXPECT_EQ(contradictions("import-sires = 2001"), 1U);
+  EXPECT_EQ(contradictions("import-dams = 10000"), 0U);
+  EXPECT_EQ(contradictions("import-dams = 10001"), 1U);
   EXPECT_EQ(contradictions("sires = -19"), 0U);
   EXPECT_EQ(contradictions("sires = -20"), 1U);
   EXPECT_EQ(contradictions("litters = -99"), 0U);
