@@ -80,6 +80,13 @@ TEST(AvailableRuns, AnswersAreKeptForTheNextExport) {
                                         prepare_with({"--force"}, "herd.csv"));
   EXPECT_EQ(again.file("herd_available.txt"), "rex\nsaar\ntess\nsven\n");
   EXPECT_EQ(again.file("herd.answers"), run.file("herd.answers"));
+  // Next year nobody was sold to Smith.
+  std::string later = told_herd;
+  later.replace(later.find("sold to Smith"), 13, "");
+  const WholeRun next = run_program_on({{"herd.csv", later}, {"herd.answers", run.file("herd.answers")}},
+                                       prepare_with({"--force"}, "herd.csv"));
+  EXPECT_TRUE(has(next.console, "--present sold to Smith")) << next.console;
+  EXPECT_FALSE(has(next.file("herd.answers"), "--present"));
   EXPECT_EQ(prepare_told({{"herd.csv", told_herd}}, {"--availability", "none"}).file("herd_available.txt"),
             "rex\nsaar\nbram\ntess\nsven\npuck\n");
 }
@@ -152,6 +159,22 @@ TEST(AvailableRuns, PlansTakeOnlyThose) {
   EXPECT_TRUE(has(table, "\tno longer there\n")) << table;
   const WholeRun all = run_tool_on(files, {"plan", "--years", "2", "--matings", "1", "--all-animals"});
   EXPECT_TRUE(has(all.console, "males: 3, born 2013 to 2014\n")) << all.console;
+}
+
+TEST(AvailableRuns, APlanByAgesSaysWhetherAnybodyToldWhoIsThere) {
+  // Rex and Saar were 2 years old when C and D were born, and planned young are born in 2013.
+  const std::string young =
+      "tag;sire;dam;sex;born;died\nrex;;;ram;13-01-2010;\nsaar;;;ewe;14-01-2010;\nx;;;ram;13-01-2010;1-1-2011\n"
+      "bo;;;ram;13-01-2011;\nea;;;ewe;13-01-2011;\nc;rex;saar;ram;15-01-2012;\nd;rex;saar;ewe;15-01-2012;\n";
+  Files files = prepare_told({{"herd.csv", young}}).files;
+  const std::vector<std::string> plan = {"plan", "--matings", "1"};
+  const std::string ages =
+      "males: 1, of 2 years (5 to 95 in 100 of the parents' ages at 2 births of the last ten years)";
+  const WholeRun told = run_tool_on(files, plan);
+  EXPECT_TRUE(has(told.console, ages + "\n")) << told.console << told.messages;
+  files.erase("herd_available.txt");
+  EXPECT_TRUE(has(run_tool_on(files, plan).console, ages + "; whether they are alive"))
+      << run_tool_on(files, plan).console;
 }
 
 TEST(AvailableRuns, AListOfAnotherExportIsTold) {

@@ -127,6 +127,26 @@ void leave_out(std::string_view option, std::vector<std::string>& texts, SavedAn
   }
 }
 
+/// Adds the columns of fields that the options do not name.
+void add_columns(const PrepareOptions& said, PrepareOptions& options) {
+  for (const ColumnWish& wish : said.columns) {
+    const bool is_wished = std::any_of(options.columns.begin(), options.columns.end(),
+                                       [&](const ColumnWish& entry) { return entry.code == wish.code; });
+    if (!is_wished) options.columns.push_back(wish);
+  }
+}
+
+void add_texts(const PrepareOptions& said, PrepareOptions& options) {
+  if (options.male.empty() && options.female.empty()) {
+    options.male = said.male;
+    options.female = said.female;
+  }
+  for (const auto list :
+       {&PrepareOptions::unknown, &PrepareOptions::known, &PrepareOptions::gone, &PrepareOptions::present}) {
+    (options.*list).insert((options.*list).end(), (said.*list).begin(), (said.*list).end());
+  }
+}
+
 }  // namespace
 
 std::string headings_text(std::span<const std::string> headings) {
@@ -200,19 +220,8 @@ void add_answers(SavedAnswers& answers, std::span<const std::string> headings, O
     if (line.option == "--availability") said.availability = {};
     answers.unfit.push_back(line);
   }
-  const auto is_wished = [&](FieldCode code) {
-    return std::any_of(options.columns.begin(), options.columns.end(),
-                       [&](const ColumnWish& wish) { return wish.code == code; });
-  };
-  for (const ColumnWish& wish : said.columns) {
-    if (!is_wished(wish.code)) options.columns.push_back(wish);
-  }
-  if (options.male.empty() && options.female.empty()) {
-    options.male = said.male;
-    options.female = said.female;
-  }
-  options.unknown.insert(options.unknown.end(), said.unknown.begin(), said.unknown.end());
-  options.known.insert(options.known.end(), said.known.begin(), said.known.end());
+  add_columns(said, options);
+  add_texts(said, options);
   if (options.sheet.empty()) options.sheet = said.sheet;
   if (!options.encoding) options.encoding = said.encoding;
   if (!options.delimiter) options.delimiter = said.delimiter;
@@ -222,8 +231,6 @@ void add_answers(SavedAnswers& answers, std::span<const std::string> headings, O
     options.serials = said.serials;
   }
   if (!options.century) options.century = said.century;
-  options.gone.insert(options.gone.end(), said.gone.begin(), said.gone.end());
-  options.present.insert(options.present.end(), said.present.begin(), said.present.end());
   if (!options.young.is_given) options.young = said.young;
   if (!options.availability.is_given) options.availability = said.availability;
   if (!options.ids) options.ids = said.ids;
@@ -243,6 +250,14 @@ void leave_out_unfit_answers(SavedAnswers& answers, const ExportSurvey& survey, 
   };
   leave_out("--male", options.male, answers, is_sex);
   leave_out("--female", options.female, answers, is_sex);
+  const auto stands_in_column = [&](const std::string& text) {
+    const auto& columns = survey.availability.columns;
+    return text == "all" || std::any_of(columns.begin(), columns.end(), [&](const AvailabilityColumn& column) {
+             return find_counted(column.texts, text) != std::string_view::npos;
+           });
+  };
+  leave_out("--gone", options.gone, answers, stands_in_column);
+  leave_out("--present", options.present, answers, stands_in_column);
   leave_out("--unknown", options.unknown, answers, [&](const std::string& text) {
     return find_counted(survey.unknown_parents, text) != std::string_view::npos;
   });

@@ -19,6 +19,9 @@ namespace {
 
 constexpr std::string_view all_others = "all";
 
+/// What a text means in its column.
+enum class Whereabouts : std::uint8_t { unknown, here, gone };
+
 bool holds_field(const ColumnChoice& columns, std::size_t place) {
   return std::find(columns.place.begin(), columns.place.end(), place) != columns.place.end();
 }
@@ -39,7 +42,7 @@ void add_wished_columns(const PrepareOptions& options, const ColumnChoice& colum
           {QuestionKind::no_such_availability, {wish, count}, Setting::availability, unused_column, {{"none", {}}}});
     }
     for (const std::size_t place : found) {
-      AvailabilityColumn column = {place, read_availability_heading(columns.headings[place]), true, {}};
+      AvailabilityColumn column = {place, read_availability_heading(columns.headings[place]), true, {}, {}};
       // Who names a column of an unknown heading means one that says who has gone.
       if (column.heading == AvailabilityHeading::none) column.heading = AvailabilityHeading::gone;
       survey.columns.push_back(std::move(column));
@@ -70,16 +73,17 @@ void add_likely_columns(std::string_view text, char delimiter, const ColumnChoic
     if (holds_field(columns, place)) continue;
     const AvailabilityHeading heading =
         columns.has_header ? read_availability_heading(columns.headings[place]) : AvailabilityHeading::none;
-    if (heading != AvailabilityHeading::none) survey.columns.push_back({place, heading, false, {}});
+    if (heading != AvailabilityHeading::none) survey.columns.push_back({place, heading, false, {}, {}});
     are_open[place] = heading == AvailabilityHeading::none && is_open(columns, place);
   }
   const std::vector<bool> has_words = find_gone_words(text, delimiter, columns, are_open);
   for (std::size_t place = 0; place < has_words.size(); ++place) {
-    if (has_words[place]) survey.columns.push_back({place, AvailabilityHeading::none, false, {}});
+    if (has_words[place]) survey.columns.push_back({place, AvailabilityHeading::none, false, {}, {}});
   }
 }
 
-void count_texts(std::string_view text, char delimiter, const ColumnChoice& columns, AvailabilitySurvey& survey) {
+void count_texts(std::string_view text, char delimiter, const ColumnChoice& columns, std::int32_t this_year,
+                 AvailabilitySurvey& survey) {
   RecordReader reader = read_animals(text, delimiter, columns);
   ExportRecord record;
   while (next_animal(reader, record, columns)) {
@@ -87,6 +91,9 @@ void count_texts(std::string_view text, char delimiter, const ColumnChoice& colu
       const bool is_there = column.place < record.fields.size();
       count_text(column.texts, is_there ? trimmed(record.fields[column.place]) : std::string_view(), record.line);
     }
+  }
+  for (AvailabilityColumn& column : survey.columns) {
+    for (const CountedText& entry : column.texts.texts) column.says.push_back(read_availability(entry.text, this_year));
   }
 }
 
@@ -98,10 +105,10 @@ struct TextTally {
   std::int64_t all() const { return std::accumulate(counts.begin(), counts.end(), std::int64_t{0}); }
 };
 
-TextTally tally(const AvailabilityColumn& column, std::int32_t this_year) {
+TextTally tally(const AvailabilityColumn& column) {
   TextTally result;
-  for (const CountedText& entry : column.texts.texts) {
-    result.counts[static_cast<std::size_t>(read_availability(entry.text, this_year))] += entry.count;
+  for (std::size_t k = 0; k < column.says.size(); ++k) {
+    result.counts[static_cast<std::size_t>(column.says[k])] += column.texts.texts[k].count;
   }
   return result;
 }
@@ -151,8 +158,8 @@ ToldAnimals count_told(AvailabilityHeading heading, const TextTally& texts) {
 
 enum class Verdict : std::uint8_t { unused, used, unclear };
 
-Verdict judge(const AvailabilityColumn& column, std::int32_t this_year) {
-  const TextTally texts = tally(column, this_year);
+Verdict judge(const AvailabilityColumn& column) {
+  const TextTally texts = tally(column);
   const ToldAnimals told = count_told(column.heading, texts);
   const bool is_understood = told.filled > 0 && told.unknown * tolerated_odd_availability <= told.filled;
   const bool agrees = is_understood && told.gone < texts.all();
@@ -185,11 +192,35 @@ bool says_all(std::span<const std::string> said) {
   return std::find(said.begin(), said.end(), all_others) != said.end();
 }
 
+/// What a text says in its column. What the user has said of it goes first.
+Whereabouts whereabouts_of(const AvailabilityPlan& plan, const AvailabilityReading& reading, std::string_view text,
+                           AvailabilityText says) {
+  if (is_said(text, plan.said_gone)) return Whereabouts::gone;
+  if (is_said(text, plan.said_here)) return Whereabouts::here;
+  if (says == AvailabilityText::nothing && reading.is_blank_gone) return Whereabouts::gone;
+  const Whereabouts meaning = meaning_in(reading.heading, says);
+  if (meaning != Whereabouts::unknown || reading.heading == AvailabilityHeading::remarks) return meaning;
+  if (says_all(plan.said_gone)) return Whereabouts::gone;
+  return says_all(plan.said_here) ? Whereabouts::here : Whereabouts::unknown;
+}
+
 AvailabilityReading reading_of(const AvailabilityColumn& column, const AvailabilityPlan& plan) {
-  AvailabilityReading reading = {column.place, column.heading, false, {}, column.texts.left_out > 0};
-  reading.is_blank_gone = is_of_ticks(column.heading, tally(column, plan.this_year));
-  for (const CountedText& entry : column.texts.texts) {
-    if (whereabouts_of(plan, reading, entry.text) == Whereabouts::gone) reading.gone.insert(entry.text);
+  AvailabilityReading reading;
+  reading.place = column.place;
+  reading.heading = column.heading;
+  reading.is_blank_gone = is_of_ticks(column.heading, tally(column));
+  reading.has_further_texts = column.texts.left_out > 0;
+  for (std::size_t k = 0; k < column.says.size(); ++k) {
+    const CountedText& entry = column.texts.texts[k];
+    const Whereabouts meaning = whereabouts_of(plan, reading, entry.text, column.says[k]);
+    const bool is_date = column.says[k] == AvailabilityText::date;
+    // Remarks are about anything.
+    const bool is_about = column.heading != AvailabilityHeading::remarks || column.says[k] == AvailabilityText::mixed;
+    if (meaning == Whereabouts::unknown && is_about) reading.not_counted.insert(entry.text);
+    if (meaning != Whereabouts::gone) continue;
+    reading.gone.insert(entry.text);
+    if (!is_date) reading.gone_by_words.insert(entry.text);
+    reading.dated += is_date ? entry.count : 0;
   }
   return reading;
 }
@@ -223,18 +254,16 @@ void ask_for_columns(const AvailabilitySurvey& survey, std::span<const std::size
 
 /// Asks for the texts of a wished column that nobody knows, where they are more than a few.
 void ask_for_texts(const AvailabilityColumn& column, const AvailabilityReading& reading, const ColumnChoice& columns,
-                   const AvailabilityPlan& plan, std::vector<Question>& questions) {
+                   std::vector<Question>& questions) {
   std::int64_t filled = 0, open = 0;
-  const auto is_unknown = [&](const CountedText& entry) {
-    return whereabouts_of(plan, reading, entry.text) == Whereabouts::unknown;
-  };
-  for (const CountedText& entry : column.texts.texts) {
-    if (read_availability(entry.text, plan.this_year) == AvailabilityText::nothing) continue;
-    filled += entry.count;
-    open += is_unknown(entry) ? entry.count : 0;
+  for (std::size_t k = 0; k < column.says.size(); ++k) {
+    const CountedText& entry = column.texts.texts[k];
+    filled += column.says[k] != AvailabilityText::nothing ? entry.count : 0;
+    open += reading.not_counted.contains(entry.text) ? entry.count : 0;
   }
   if (open * tolerated_odd_availability <= filled) return;
-  const CountedList list = list_counted(column.texts, is_unknown);
+  const CountedList list =
+      list_counted(column.texts, [&](const CountedText& entry) { return reading.not_counted.contains(entry.text); });
   Question question = {QuestionKind::gone_unclear,
                        {list_columns(std::span(&column.place, 1), columns), list},
                        Setting::gone,
@@ -261,26 +290,8 @@ AvailabilitySurvey survey_availability(std::string_view text, char delimiter, co
   } else {
     add_likely_columns(text, delimiter, columns, survey);
   }
-  if (!survey.columns.empty()) count_texts(text, delimiter, columns, survey);
+  if (!survey.columns.empty()) count_texts(text, delimiter, columns, options.this_year, survey);
   return survey;
-}
-
-Whereabouts whereabouts_of(const AvailabilityPlan& plan, const AvailabilityReading& reading, std::string_view text) {
-  if (is_said(text, plan.said_gone)) return Whereabouts::gone;
-  if (is_said(text, plan.said_here)) return Whereabouts::here;
-  const AvailabilityText said = read_availability(text, plan.this_year);
-  if (said == AvailabilityText::nothing && reading.is_blank_gone) return Whereabouts::gone;
-  const Whereabouts meaning = meaning_in(reading.heading, said);
-  if (meaning != Whereabouts::unknown || reading.heading == AvailabilityHeading::remarks) return meaning;
-  if (says_all(plan.said_gone)) return Whereabouts::gone;
-  return says_all(plan.said_here) ? Whereabouts::here : Whereabouts::unknown;
-}
-
-bool is_not_counted(const AvailabilityPlan& plan, const AvailabilityReading& reading, std::string_view text) {
-  if (whereabouts_of(plan, reading, text) != Whereabouts::unknown) return false;
-  // Remarks are about anything.
-  return reading.heading != AvailabilityHeading::remarks ||
-         read_availability(text, plan.this_year) == AvailabilityText::mixed;
 }
 
 bool has_gone(const AvailabilityPlan& plan, const ExportRecord& record, const ColumnChoice& columns) {
@@ -292,7 +303,8 @@ bool has_gone(const AvailabilityPlan& plan, const ExportRecord& record, const Co
     const std::string_view text = is_there ? trimmed(record.fields[reading.place]) : std::string_view();
     if (text.empty()) return reading.is_blank_gone;
     if (reading.gone.contains(std::string(text))) return true;
-    return reading.has_further_texts && whereabouts_of(plan, reading, text) == Whereabouts::gone;
+    if (!reading.has_further_texts) return false;
+    return whereabouts_of(plan, reading, text, read_availability(text, plan.this_year)) == Whereabouts::gone;
   });
 }
 
@@ -306,12 +318,12 @@ AvailabilityPlan plan_availability(const AvailabilitySurvey& survey, const TextC
   questions.insert(questions.end(), survey.questions.begin(), survey.questions.end());
   std::vector<std::size_t> unclear;
   for (const AvailabilityColumn& column : survey.columns) {
-    const Verdict verdict = column.is_wished ? Verdict::used : judge(column, plan.this_year);
+    const Verdict verdict = column.is_wished ? Verdict::used : judge(column);
     if (verdict == Verdict::unclear) unclear.push_back(column.place);
     if (verdict != Verdict::used) continue;
     plan.columns.push_back(reading_of(column, plan));
     const bool is_free_text = column.heading == AvailabilityHeading::remarks;
-    if (column.is_wished && !is_free_text) ask_for_texts(column, plan.columns.back(), columns, plan, questions);
+    if (column.is_wished && !is_free_text) ask_for_texts(column, plan.columns.back(), columns, questions);
   }
   if (!unclear.empty()) ask_for_columns(survey, unclear, columns, plan, questions);
   find_castrated(sexes, plan);
@@ -319,7 +331,8 @@ AvailabilityPlan plan_availability(const AvailabilitySurvey& survey, const TextC
 }
 
 std::string text_of_available(AvailableIds& ids) {
-  std::erase_if(ids.ids, [&](const std::string& id) { return id.empty() || ids.gone.contains(id); });
+  std::unordered_set<std::string_view> gone(ids.gone.begin(), ids.gone.end(), ids.gone.size());
+  std::erase_if(ids.ids, [&](const std::string& id) { return id.empty() || gone.contains(id); });
   std::string text;
   for (const std::string& id : ids.ids) text += id + "\n";
   return text;

@@ -26,7 +26,8 @@ struct AvailabilityColumn {
   std::size_t place = 0;  ///< counted from 0
   AvailabilityHeading heading = AvailabilityHeading::none;
   bool is_wished = false;
-  TextCounts texts;  ///< all that stand in it, empty ones too
+  TextCounts texts;                    ///< all that stand in it, empty ones too
+  std::vector<AvailabilityText> says;  ///< what each of them says, in their order
 };
 
 /// What was found in the columns. Nothing is decided.
@@ -40,16 +41,16 @@ struct AvailabilitySurvey {
 AvailabilitySurvey survey_availability(std::string_view text, char delimiter, const ColumnChoice& columns,
                                        const PrepareOptions& options);
 
-/// What a text means in its column.
-enum class Whereabouts : std::uint8_t { unknown, here, gone };
-
 /// How one column is read.
 struct AvailabilityReading {
   std::size_t place = 0;
   AvailabilityHeading heading = AvailabilityHeading::gone;
-  bool is_blank_gone = false;            ///< a column of ticks: an animal without one is not there
-  std::unordered_set<std::string> gone;  ///< the texts that say so
-  bool has_further_texts = false;        ///< more different ones than were counted
+  bool is_blank_gone = false;                     ///< a column of ticks: an animal without one is not there
+  std::unordered_set<std::string> gone;           ///< the texts that say so
+  std::unordered_set<std::string> gone_by_words;  ///< those of them that are no dates
+  std::unordered_set<std::string> not_counted;    ///< of no use, although the column or a word in them is about that
+  std::int64_t dated = 0;                         ///< animals with a date that says so
+  bool has_further_texts = false;                 ///< more different ones than were counted
 };
 
 /// How availability is told.
@@ -65,12 +66,6 @@ inline bool tells_gone(const AvailabilityPlan& plan) {
   return !plan.columns.empty() || !plan.castrated.empty();
 }
 
-/// What a text says in its column. What the user has said of it goes first.
-Whereabouts whereabouts_of(const AvailabilityPlan& plan, const AvailabilityReading& reading, std::string_view text);
-
-/// Whether a text is of no use for telling who has gone, although the column or a word in it is about that.
-bool is_not_counted(const AvailabilityPlan& plan, const AvailabilityReading& reading, std::string_view text);
-
 /// Whether the animal of a record has gone, by any of the columns or by the word for its sex.
 bool has_gone(const AvailabilityPlan& plan, const ExportRecord& record, const ColumnChoice& columns);
 
@@ -81,8 +76,8 @@ AvailabilityPlan plan_availability(const AvailabilitySurvey& survey, const TextC
 
 /// The ids of the animals that are there, as they are gathered line by line.
 struct AvailableIds {
-  std::vector<std::string> ids;          ///< in the order of the export
-  std::unordered_set<std::string> gone;  ///< ids of which a line says so
+  std::vector<std::string> ids;   ///< in the order of the export
+  std::vector<std::string> gone;  ///< of lines that say so
 };
 
 /// Takes out the ids of which another line says that the animal has gone, and yields the list, one id a line.

@@ -138,20 +138,12 @@ void remark_availability(const ExportSurvey& survey, const PreparePlan& plan, st
     const auto column = std::find_if(columns.begin(), columns.end(),
                                      [&](const AvailabilityColumn& entry) { return entry.place == reading.place; });
     const ColumnList named = list_columns(std::span(&reading.place, 1), plan.columns);
-    const auto is_date = [&](const CountedText& entry) {
-      return read_availability(entry.text, plan.availability.this_year) == AvailabilityText::date;
+    const auto list = [&](const std::unordered_set<std::string>& texts) {
+      return list_counted(column->texts, [&](const CountedText& entry) { return texts.contains(entry.text); });
     };
-    std::int64_t dates = 0;
-    for (const CountedText& entry : column->texts.texts) {
-      if (reading.gone.contains(entry.text) && is_date(entry)) dates += entry.count;
-    }
-    if (dates > 0) remarks.push_back({RemarkKind::gone_by_dates, {named, dates}});
-    const CountedList gone = list_counted(
-        column->texts, [&](const CountedText& entry) { return reading.gone.contains(entry.text) && !is_date(entry); });
+    if (reading.dated > 0) remarks.push_back({RemarkKind::gone_by_dates, {named, reading.dated}});
+    const CountedList gone = list(reading.gone_by_words), open = list(reading.not_counted);
     if (!gone.texts.empty()) remarks.push_back({RemarkKind::gone_by_texts, {named, gone}});
-    const CountedList open = list_counted(column->texts, [&](const CountedText& entry) {
-      return is_not_counted(plan.availability, reading, entry.text);
-    });
     if (!open.texts.empty()) remarks.push_back({RemarkKind::gone_not_counted, {named, open}});
   }
   const CountedList castrated = list_counted(

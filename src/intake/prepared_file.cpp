@@ -223,8 +223,8 @@ bool make_data_file(std::string_view text, char delimiter, const PreparePlan& pl
     const LostTexts lost = append_animal(bytes, record, plan, sexes);
     if (target.available != nullptr) {
       std::string id = id_of_line(std::string_view(bytes).substr(line_start), plan.delimiter);
-      if (has_gone(plan.availability, record, plan.columns)) target.available->gone.insert(id);
-      target.available->ids.push_back(std::move(id));
+      const bool is_gone = has_gone(plan.availability, record, plan.columns);
+      (is_gone ? target.available->gone : target.available->ids).push_back(std::move(id));
     }
     note_record(record, plan, lost, ++data_line, lines);
     if (bytes.size() < piece_size) continue;

@@ -124,6 +124,7 @@ CandidatePool gather_candidates(const PopulationStore& store, const CandidateRul
   CandidatePool pool;
   const Marks marks = make_marks(store, rules);
   for (const Sex sex : {male, female}) {
+    pool.candidates.of(sex).are_available = rules.available.is_told;
     if (const auto& listed = rules.listed.of(sex)) {
       for (const std::int32_t position : *listed) take(store, rules, marks, position, sex, pool);
     } else if (rules.years) {

@@ -53,6 +53,7 @@ enum class CandidateSource : std::uint8_t { list, years, ages };
 struct SexCandidates {
   std::vector<std::int32_t> positions;
   CandidateSource source = CandidateSource::list;
+  bool are_available = false;                  ///< somebody has told who is still there
   std::optional<BreedingAges> ages;            ///< by ages; none: no parent's age is known, and there is nobody
   std::int32_t first_year = 0, last_year = 0;  ///< by years
 };

@@ -155,10 +155,10 @@ constexpr Wording males_word = {"males", "mannelijke dieren"}, females_word = {"
 constexpr Wording by_list = {"{1}: {2}, of the list", "{1}: {2}, uit de lijst"};
 constexpr Wording by_years = {"{1}: {2}, born {3} to {4}", "{1}: {2}, geboren {3} tot en met {4}"};
 constexpr Wording by_ages = {
-    "{1}: {2}, of {3} years (5 to 95 in 100 of the parents' ages at {4} of the last ten years); whether they are alive "
-    "and available the data do not say",
-    "{1}: {2}, van {3} jaar (5 tot 95 op de 100 van de leeftijden van ouders bij {4} in de laatste tien jaar); of zij "
-    "leven en beschikbaar zijn zeggen de gegevens niet"};
+    "{1}: {2}, of {3} years (5 to 95 in 100 of the parents' ages at {4} of the last ten years)",
+    "{1}: {2}, van {3} jaar (5 tot 95 op de 100 van de leeftijden van ouders bij {4} in de laatste tien jaar)"};
+constexpr Wording not_told = {"{1}; whether they are alive and available the data do not say",
+                              "{1}; of zij leven en beschikbaar zijn zeggen de gegevens niet"};
 constexpr Counted gone_animals = {
     {"1 animal of these ages or years is left out because it is no longer there (dead, sold, castrated, ...)",
      "1 dier van deze leeftijden of jaren valt weg omdat het er niet meer is (dood, verkocht, gecastreerd, ...)"},
@@ -491,7 +491,9 @@ std::string candidates_sentence(const SexCandidates& candidates, Sex sex, ToolLa
   const BreedingAges ages = candidates.ages.value_or(BreedingAges{});
   const std::string youngest = std::to_string(ages.youngest), oldest = std::to_string(ages.oldest);
   const std::string range = ages.youngest == ages.oldest ? oldest : phrase(age_range, language, {youngest, oldest});
-  return phrase(by_ages, language, {animals, count, range, counted(births_counted, ages.births, language)});
+  const std::string said =
+      phrase(by_ages, language, {animals, count, range, counted(births_counted, ages.births, language)});
+  return candidates.are_available ? said : phrase(not_told, language, {said});
 }
 
 std::string gone_sentence(const CandidatePool& pool, ToolLanguage language) {

@@ -134,8 +134,8 @@ TEST(Availability, RemarksCountWhereTheySayNothingElse) {
   EXPECT_TRUE(decided.questions.empty());
   EXPECT_EQ(decided.gone, (GoneIds{"1", "4"}));
   const AvailabilityReading& reading = decided.plan.columns.front();
-  EXPECT_TRUE(is_not_counted(decided.plan, reading, "her dam died"));
-  EXPECT_FALSE(is_not_counted(decided.plan, reading, "nice"));
+  EXPECT_TRUE(reading.not_counted.contains("her dam died"));
+  EXPECT_FALSE(reading.not_counted.contains("nice"));
   EXPECT_FALSE(tells_gone(decide_availability(export_of_column("Remarks", {"nice", "her dam died"})).plan));
 }
 
