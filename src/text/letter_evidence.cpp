@@ -392,6 +392,12 @@ double score_of_plain_words(std::string_view bytes, std::size_t words) {
   return std::log(std::clamp(share / share_of_eastern_words, least_eastern_factor, 1.0));
 }
 
+/// How much likelier the best reading must be than the next one.
+double margin_for(const std::vector<std::string>& words, ByteEncoding best) {
+  const bool is_lone = words.size() == 1 && !is_known_accented_word(small_word(words.front(), letter_table(best)));
+  return is_lone ? least_margin_of_lone_word : least_encoding_margin;
+}
+
 bool reads_alike(const std::vector<std::string>& words, ByteEncoding a, ByteEncoding b) {
   return std::all_of(words.begin(), words.end(),
                      [&](const std::string& word) { return decoded_word(word, a) == decoded_word(word, b); });
@@ -437,7 +443,7 @@ LetterEvidence recognise_letters(std::string_view bytes) {
     }
   }
   std::stable_sort(readings.begin(), readings.end(), [](const auto& a, const auto& b) { return a.score > b.score; });
-  const double least = readings.front().score - least_encoding_margin;
+  const double least = readings.front().score - margin_for(words, readings.front().encoding);
   std::erase_if(readings, [&](const EncodingReading& reading) { return reading.score < least; });
   add_examples(words, readings);
   return evidence;

@@ -27,6 +27,8 @@ struct LetterEvidence {
 /// How much likelier (as a natural logarithm) the best reading must be than the next one to be taken without a
 /// question: fifty times.
 inline constexpr double least_encoding_margin = 4.0;
+/// The same where a single word is all that there is, and nobody knows it: two hundred and fifty times.
+inline constexpr double least_margin_of_lone_word = 5.5;
 
 /// The bytes must not be UTF-8 or UTF-16. Encodings that read every word alike count as one, which is the most usual of
 /// them; without any letter beyond ASCII that is Windows-1252. Of a long text the first words decide.

@@ -117,6 +117,17 @@ TEST(RecogniseLetters, TheMarginDecides) {
   EXPECT_EQ(recognise_letters("Ri\xF1o;Le\xF3n;Se\xF1ora").readings.size(), 1U);
 }
 
+TEST(RecogniseLetters, ALoneWordNeedsALargerMargin) {
+  const auto readings_of = [](const std::string& words, ByteEncoding encoding) {
+    return recognise_letters("id;name\n1;" + encoded(words, encoding)).readings.size();
+  };
+  EXPECT_GT(readings_of("M\u00E4dl", ByteEncoding::windows_1252), 1U);           // 5.27 ahead of the next reading
+  EXPECT_EQ(readings_of("H\u00D6TZL", ByteEncoding::macroman), 1U);              // 5.52
+  EXPECT_EQ(readings_of("M\u00E4dl;P\u00E4r", ByteEncoding::windows_1252), 1U);  // two words alike
+  // Guessed by how usual encodings are, and wrongly.
+  EXPECT_GT(readings_of("\u00DArsula", ByteEncoding::cp850), 1U);
+}
+
 TEST(RecogniseLetters, ALoneWordThatIsKnownDecides) {
   for (const char* const word : {"For\u00EAt", "Zo\u00EB", "Ren\u00E9", "J\u00E4ger", "Le\u00F3n", "Kr\u00E1l"}) {
     for (std::size_t i = 0; i < byte_encoding_count; ++i) {
