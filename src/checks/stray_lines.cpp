@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "checks/readable_text.h"
-#include "text/folded_words.h"
+#include "intake/value_words.h"
 
 namespace pedigreewatch {
 namespace {
@@ -30,22 +30,6 @@ bool are_ids_like_remarks(const PedigreeColumns& animals) {
 }
 
 }  // namespace
-
-bool has_remark_word(std::string_view text) {
-  constexpr auto words = std::to_array<std::string_view>(
-      {"total",     "totals",  "totaal",   "totale",  "subtotal",  "subtotaal", "gesamt",   "summe",   "sum",
-       "som",       "count",   "aantal",   "anzahl",  "nombre",    "numero",    "records",  "rows",    "rijen",
-       "regels",    "zeilen",  "animals",  "dieren",  "tiere",     "animaux",   "animales", "animali", "printed",
-       "afgedrukt", "gedrukt", "gedruckt", "imprime", "exported",  "export",    "pagina",   "page",    "seite",
-       "eof",       "einde",   "ende",     "fin",     "generated", "report",    "rapport",  "bericht", "lijst"});
-  std::string_view rest = text;
-  while (!rest.empty()) {
-    const std::size_t end = std::min(rest.find_first_of(" :=/.,()"), rest.size());
-    if (is_among(folded(rest.substr(0, end)), words)) return true;
-    rest.remove_prefix(std::min(end + 1, rest.size()));
-  }
-  return false;
-}
 
 void check_stray_lines(PedigreeColumns& animals, Findings& findings) {
   std::vector<std::int32_t> bare;

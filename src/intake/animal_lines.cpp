@@ -47,10 +47,17 @@ bool repeats_headings(const ExportRecord& record, const ColumnChoice& columns) {
   return same >= 2 && same * 2 > filled;
 }
 
+/// "Total: 8", "8 dieren": a word of totals beside something else. Told where there are too few ids to know how they
+/// are written.
+bool is_like_total(std::string_view text) {
+  return text.find_first_of(" :=") != std::string_view::npos && has_remark_word(text);
+}
+
 /// Whether a field tells nothing about an animal: no known sex, no date, no identification.
 bool says_nothing(std::string_view field, FieldCode code, const TextStyle& ids) {
   if (field.empty()) return true;
   if (code == sex_column) return !is_sex_letter(field) && sex_named(field) == SexMeaning::unknown;
+  if (code == id_column && !ids.is_known) return is_like_total(field);
   if (code != birthdate_column) return is_unlike(ids, field);
   const DateShape shape = cut_date(field).shape;
   return shape == DateShape::empty || shape == DateShape::unreadable;

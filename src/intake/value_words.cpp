@@ -308,6 +308,22 @@ bool means_unknown_parent(std::string_view text) {
   return is_among(folded(text), unknown_parent_words);
 }
 
+bool has_remark_word(std::string_view text) {
+  constexpr auto words = std::to_array<std::string_view>(
+      {"total",     "totals",  "totaal",   "totale",  "subtotal",  "subtotaal", "gesamt",   "summe",   "sum",
+       "som",       "count",   "aantal",   "anzahl",  "nombre",    "numero",    "records",  "rows",    "rijen",
+       "regels",    "zeilen",  "animals",  "dieren",  "tiere",     "animaux",   "animales", "animali", "printed",
+       "afgedrukt", "gedrukt", "gedruckt", "imprime", "exported",  "export",    "pagina",   "page",    "seite",
+       "eof",       "einde",   "ende",     "fin",     "generated", "report",    "rapport",  "bericht", "lijst"});
+  std::string_view rest = text;
+  while (!rest.empty()) {
+    const std::size_t end = std::min(rest.find_first_of(" :=/.,()"), rest.size());
+    if (is_among(folded(rest.substr(0, end)), words)) return true;
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
+  return false;
+}
+
 bool is_sex_letter(std::string_view text) {
   return text.size() == 1;
 }

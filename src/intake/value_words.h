@@ -16,6 +16,9 @@ bool means_unknown_parent(std::string_view text);
 /// Whether a text in the column of imports says that the animal is none: empty, 0, no, nee, false, ..., or unknown.
 bool means_no_import(std::string_view text);
 
+/// Whether a text has a word that totals, headers and footers have and identifications have not.
+bool has_remark_word(std::string_view text);
+
 enum class SexMeaning { male, female, unknown };
 
 /// The sex that a word names: m, f, v, male, vrouwelijk, ram, ooi, ... Numbers and letters that differ from herdbook to

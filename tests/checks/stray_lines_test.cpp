@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "intake/value_words.h"
 #include "support/check_runs.h"
 
 namespace pedigreewatch::test {

@@ -45,6 +45,24 @@ TEST(KindOfRecord, TotalsAndRemarks) {
   }
 }
 
+TEST(KindOfRecord, ATotalBelowAFewAnimals) {
+  const ColumnChoice columns =
+      choose_columns(std::vector<std::string>{"ID", "Name", "Sire", "Dam", "Sex", "Born"}, {});  // no style of ids
+  const auto kind_of = [&](const std::string& line) {
+    const std::string text = "ID;Name;Sire;Dam;Sex;Born\n" + line + "\n";
+    RecordReader reader = read_animals(text, ';', columns);
+    ExportRecord record;
+    next_record(reader, record);
+    return kind_of_record(record, columns);
+  };
+  for (const char* const line : {"Total: 8", "8 dieren;;;;;", "Anzahl = 8", "Totaal: 8;;;;;"}) {
+    EXPECT_EQ(kind_of(line), RecordKind::remark) << line;
+  }
+  for (const char* const line : {"Total", "NL 8", "Report;Rex", "Total: 8;;;;m;", "Total: 8;;rex;;;"}) {
+    EXPECT_EQ(kind_of(line), RecordKind::animal) << line;
+  }
+}
+
 TEST(KindOfRecord, AnimalsOfWhichLittleIsKnown) {
   for (const char* const line :
        {"NL1", "NL1;Rex", "NL1;;;;;", "Total;;NL100;;;", "Total;;;;M;", "Total;;;;;1-2-1990", ";Rex;;;M;1-2-1990"}) {
