@@ -52,6 +52,7 @@ struct SurveyPlace {
   std::int64_t line = 0;
   std::span<const std::string> unknown = {};  ///< what the user says of unknown parents
   const TextStyle* id_style = nullptr;
+  bool is_of_one_line = true;  ///< else two lines were joined, and a text may be of both
 };
 
 void survey_parent(ExportSurvey& survey, std::string_view text, LinkRole role, const SurveyPlace& place) {
@@ -60,22 +61,24 @@ void survey_parent(ExportSurvey& survey, std::string_view text, LinkRole role, c
     count_text(survey.unknown_parents, text, place.line);
   } else {
     note_parent(survey.links, text, role, place.line);
-    note_number(survey.numbers[index_of(role == sire_role ? sire_column : dam_column)], text, place.line);
+    NumberForms& numbers = survey.numbers[index_of(role == sire_role ? sire_column : dam_column)];
+    if (place.is_of_one_line) note_number(numbers, text, place.line);
     count_parent(survey.parent_texts, text, role, survey.animal_count, *place.id_style);
   }
 }
 
-void survey_id(ExportSurvey& survey, std::string_view text, std::int64_t line) {
+void survey_id(ExportSurvey& survey, std::string_view text, const SurveyPlace& place) {
+  const std::int64_t line = place.line;
   if (text.empty()) return note_text(survey.without_id, line, text);
   if (means_unknown_parent(text)) count_text(survey.unknown_ids, text, line);
   note_role(survey.links, text, animal_role);
-  note_number(survey.numbers[index_of(id_column)], text, line);
+  if (place.is_of_one_line) note_number(survey.numbers[index_of(id_column)], text, line);
 }
 
 void survey_meaning(ExportSurvey& survey, FieldCode code, std::string_view text, const SurveyPlace& place) {
   const std::int64_t line = place.line;
   switch (code) {
-    case id_column: return survey_id(survey, text, line);
+    case id_column: return survey_id(survey, text, place);
     case sire_column: return survey_parent(survey, text, sire_role, place);
     case dam_column: return survey_parent(survey, text, dam_role, place);
     case sex_column: return count_text(survey.sexes, text, line);
@@ -112,6 +115,11 @@ void survey_form(ExportSurvey& survey, const ExportRecord& record, std::size_t c
   if (count == column_count) return;
   note_text(survey.other_field_counts, record.line,
             count > most_fields ? "> " + std::to_string(most_fields) : std::to_string(count), most_told_lines);
+}
+
+/// Whether a record has the fields of two lines whose line end was lost; the one between them is of both.
+bool holds_two_lines(const ExportRecord& record, std::size_t column_count) {
+  return column_count > 1 && record.fields.size() >= 2 * column_count - 1;
 }
 
 /// Notes of an animal how its sex is written, for comparing it with the parents.
@@ -187,9 +195,10 @@ ExportSurvey survey_export(std::string_view text, char delimiter, const ColumnCh
     survey.lines_with_animals += record.is_further ? 0 : 1;
     note_shift(survey.shifts, record.line, ++data_line);
     ++survey.animal_count;
+    const SurveyPlace place = {record.line, unknown, &columns.id_style,
+                               !holds_two_lines(record, columns.headings.size())};
     for (const FieldCode code : written_fields()) {
-      if (!columns.place[index_of(code)]) continue;
-      survey_field(survey, code, field_of(record, columns, code), {record.line, unknown, &columns.id_style});
+      if (columns.place[index_of(code)]) survey_field(survey, code, field_of(record, columns, code), place);
     }
     survey_sex_of_animal(survey, record, columns);
   }

@@ -113,5 +113,16 @@ TEST(FindIdClashes, NamesTwentyOfThem) {
   EXPECT_EQ(clashes_among(21), 20U);
 }
 
+TEST(SurveyExport, JoinedLinesSayNothingOfHowNumbersAreWritten) {
+  const auto forms_of_dams = [](const std::string& last_line) {
+    const std::string text = "id;sex;birthdate;sire;dam\n1.200;f;1-1-2000;;\n1.201;f;1-1-2003;;1.200\n" + last_line;
+    const ColumnChoice columns = choose_columns(std::vector<std::string>{"id", "sex", "birthdate", "sire", "dam"}, {});
+    ProgressLine unwatched;
+    return survey_export(text, ';', columns, {}, unwatched).numbers[static_cast<std::size_t>(dam_column)];
+  };
+  EXPECT_FALSE(has_thousands_signs(forms_of_dams("1.202;f;1-1-2003;;1.2001.203;f;1-1-2003;\n"))) << "eight fields";
+  EXPECT_TRUE(has_thousands_signs(forms_of_dams("1.202;f;1-1-2003;;1.2001.203;f;1-1-2003;;1.200\n"))) << "nine";
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test
