@@ -320,5 +320,19 @@ TEST(HostileCheck, ATableThatCannotBeWrittenIsSaid) {
   EXPECT_EQ(run.files.count("dogs_check.tsv"), 0U);
 }
 
+TEST(CheckRun, NamesParentsWhoseNameIsThatOfAnotherAnimal) {
+  std::string herd =
+      "ID;Name;Sex;Born;Sire ID;Dam ID;Sire name;Dam name\nr1;Rex;ram;13-1-2000;;;;\nr2;Max;ram;14-1-2000;;;;\n";
+  for (int k = 0; k < 24; ++k) {
+    herd += "y" + std::to_string(k) + ";Young" + std::to_string(k) + ";ewe;" + std::to_string(k % 2 + 14) +
+            "-1-2003;r1;;" + (k == 20 ? "Max" : "Rex") + ";\n";
+  }
+  const RunFolder folder(Files{{"herd.csv", herd}});
+  EXPECT_EQ(run_tool_in(folder, {"prepare", "herd.csv"}).exit_status, 0);
+  const WholeRun run = check_in(folder);
+  EXPECT_TRUE(has(run.file("herd_check.tsv"), "\ty20\tparent-name\tW\tFather \"r1\" is named \"Max\" here"))
+      << run.file("herd_check.tsv");
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -114,6 +114,23 @@ void check_columns(Reading& reading, const DataLine& line, const LineFields& fie
                          .other_number = static_cast<std::int64_t>(expected)});
 }
 
+/// Names of parents in the export that are those of other animals.
+void find_parent_names(Reading& reading, const DataLine& line, const LineFields& fields) {
+  constexpr auto kinds = std::to_array<std::pair<ExportNoteKind, FieldCode>>(
+      {{ExportNoteKind::sire_name, sire_column}, {ExportNoteKind::dam_name, dam_column}});
+  for (const auto& [kind, code] : kinds) {
+    const std::string_view name = lost_text(line, kind);
+    if (name.empty()) continue;
+    add(reading.findings, {.code = FindingCode::parent_name,
+                           .role = code == sire_column ? ParentRole::sire : ParentRole::dam,
+                           .column = reading.plan.column_of[static_cast<std::size_t>(code)],
+                           .line = line.number,
+                           .id = line.id,
+                           .text = keep(reading.findings, field_of(fields, code)),
+                           .other_text = keep(reading.findings, name)});
+  }
+}
+
 /// Letters beyond ASCII, quotation marks and letters that nobody sees; most lines have none of them.
 void check_letters(Reading& reading, const DataLine& line, const LineFields& fields) {
   if ((line.kinds & byte_high) != 0) {
@@ -286,6 +303,7 @@ void store_animal(Reading& reading, const WaitingLine& waiting, std::uint8_t mar
     check_columns(reading, line, fields);
     if (line.id == 0) find(reading, line, FindingCode::id_missing, id_column, {});
     count_texts(reading, line, fields);
+    if (!line.notes.empty()) find_parent_names(reading, line, fields);
   }
   if (line.kinds != byte_plain) check_letters(reading, line, fields);
   if (is_animal && has_nothing_else(fields)) marks = static_cast<std::uint8_t>(marks | mark_bare);

@@ -61,6 +61,7 @@ enum class FindingCode : std::uint8_t {
   same_parents,
   both_roles,
   parent_sex,
+  parent_name,
   date_contradicted,
   born_before_parent,
   parent_too_young,

@@ -56,6 +56,8 @@ constexpr auto advices = std::to_array<Advice>({
      {"Correct the wrong one; its own line tells its sex, where it has one.",
       "Verbeter de verkeerde; de eigen regel zegt het geslacht, als die er is."}},
     {Code::parent_sex, {"Correct the sex or the parent.", "Verbeter het geslacht of de ouder."}},
+    {Code::parent_name,
+     {"Correct the identification of the parent, or its name.", "Verbeter het nummer van de ouder, of de naam."}},
     {Code::date_contradicted,
      {"Correct the date of birth; often the century or a digit of the year is wrong.",
       "Verbeter de geboortedatum; vaak is de eeuw of een cijfer van het jaar fout."}},

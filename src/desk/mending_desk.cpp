@@ -236,6 +236,7 @@ WaysOn ways_on(FindingCode code) {
     case Code::same_parents:
     case Code::both_roles:
     case Code::parent_sex:
+    case Code::parent_name:
     case Code::unknown_word:
     case Code::unknown_perhaps: return {false, true};
     default: return {};

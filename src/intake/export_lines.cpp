@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::string_view first_words = "# lines of the export 1";
 constexpr std::string_view export_word = "export", data_word = "data", shift_word = "line", left_out_word = "out";
-constexpr std::array<std::string_view, 3> note_words = {"sex", "date", "fields"};
+constexpr std::array<std::string_view, 5> note_words = {"sex", "date", "fields", "sire-name", "dam-name"};
 
 constexpr std::size_t longest_note = 200;  // bytes; what stands behind them helps nobody to find the cell
 

@@ -18,9 +18,11 @@ struct LineShift {
 };
 
 enum class ExportNoteKind : std::uint8_t {
-  sex,     ///< a sex that nobody knows; the text as it stands there
-  date,    ///< a date that could not be read; likewise
-  fields,  ///< another number of fields than the headings; the text is that number
+  sex,        ///< a sex that nobody knows; the text as it stands there
+  date,       ///< a date that could not be read; likewise
+  fields,     ///< another number of fields than the headings; the text is that number
+  sire_name,  ///< the name of the father is that of another animal; the text is the name
+  dam_name,   ///< likewise of the mother
 };
 
 /// What stands on a line of the export and not in the data file.

@@ -6,6 +6,8 @@
 #include <array>
 #include <utility>
 
+#include "intake/parent_names.h"
+
 namespace pedigreewatch {
 namespace {
 
@@ -107,6 +109,15 @@ void note_record(const ExportRecord& record, const PreparePlan& plan, const Lost
   if (!has_fitting_fields(record, plan.columns)) {
     note_export_text(lines, ExportNoteKind::fields, data_line, std::to_string(record.fields.size()));
   }
+}
+
+/// Notes names of parents that are those of other animals.
+void note_parent_names(const ExportRecord& record, const PreparePlan& plan, const ParentNames& names,
+                       std::int64_t data_line, ExportLines& lines) {
+  const std::string_view sire = contradicting_name(names, record, plan.columns, 0),
+                         dam = contradicting_name(names, record, plan.columns, 1);
+  if (!sire.empty()) note_export_text(lines, ExportNoteKind::sire_name, data_line, sire);
+  if (!dam.empty()) note_export_text(lines, ExportNoteKind::dam_name, data_line, dam);
 }
 
 /// The fields of a record with the character that divides them, without the empty ones at the end.
@@ -213,6 +224,7 @@ bool make_data_file(std::string_view text, char delimiter, const PreparePlan& pl
   ExportLines lines;
   RecordReader reader = read_animals(text, delimiter, plan.columns);
   ExportRecord record;
+  const ParentNames names = target.lines != nullptr ? find_parent_names(text, delimiter, plan.columns) : ParentNames();
   std::string bytes;
   bytes.reserve(piece_size + piece_size / 8);
   append_header(bytes, plan);
@@ -227,6 +239,7 @@ bool make_data_file(std::string_view text, char delimiter, const PreparePlan& pl
       (is_gone ? target.available->gone : target.available->ids).push_back(std::move(id));
     }
     note_record(record, plan, lost, ++data_line, lines);
+    note_parent_names(record, plan, names, data_line, lines);
     if (bytes.size() < piece_size) continue;
     lines.data_bytes += static_cast<std::int64_t>(bytes.size());
     if (!target.take(target.receiver, bytes)) return false;

@@ -404,6 +404,14 @@ std::vector<FindingCase> finding_cases() {
      "4|4|c|parent-sex|W|Father \"a\" (1 young) is recorded as female (line 2)",
      "4|4|c|parent-sex|W|Vader \"a\" (1 jong(en)) staat als vrouwelijk te boek (regel 2)",
      {}, {}, nullptr},
+    {"parent-name",
+     "id;name;sex;birthdate;sire;dam\n"
+         "a;Ad;m;01-01-2000;;\n"
+         "b;Bea;f;01-02-2000;;\n"
+         "c;Cor;m;01-03-2001;a;b\n",
+     "4|5|c|parent-name|W|Father \"a\" is named \"Cor\" here, which is the name of another animal",
+     "4|5|c|parent-name|W|Vader \"a\" heet hier \"Cor\", en zo heet een ander dier",
+     {}, {}, nullptr, {}, ExportLines{"herd.csv", 0, 8, {}, {{ExportNoteKind::sire_name, 4, "Cor"}}}},
     {"date-contradicted",
      "id;sex;birthdate;sire;dam\n"
          "a;m;01-01-2000;;\n"
