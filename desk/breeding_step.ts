@@ -51,7 +51,7 @@ async function listMales(desk: Desk, first: number, byKinship: boolean): Promise
 async function rankAgain(desk: Desk): Promise<void> {
   const { female, years, males } = desk;
   if (female === undefined || years === undefined || males === undefined) return;
-  await ask(desk.client, "rankMales", [female.position, years.first, years.last]);
+  await ask(desk.client, "rankMales", [female.position, years.first, years.last, desk.takesGone === true ? 1 : 0]);
   await listMales(desk, males.first, males.byKinship);
   if (desk.males?.rows.length === 0 && males.first > 0) await listMales(desk, Math.max(0, males.first - rowsShown), males.byKinship);
 }

@@ -185,3 +185,33 @@ test("AListAloneIsToldToNeedAnExport", () => withDesk(async (page, desk) => {
   await choose(page, writeInput(desk, "list.tsv", "id\twhy\twhen\nA\tdead\t\n"));
   assert.match(await textOf(page, "#problems"), /choose an export together with it/);
 }));
+
+test("LeavingAnAnimalOutKeepsThoseThatHaveGoneWhereTheyWereAskedFor", () => withDesk(async (page, desk) => {
+  const year = new Date().getFullYear(), died = new Set(["B", "F", "I"]);
+  const born = [["A", "m", 6], ["B", "m", 6], ["C", "f", 6], ["D", "f", 6], ["E", "m", 4], ["F", "m", 4], ["G", "f", 4], ["H", "f", 4], ["I", "m", 3], ["J", "m", 3], ["K", "f", 3], ["L", "f", 3]];
+  const lines = born.map(([id, sex, age], k) => [id, sex, `25-01-${year - age}`, k < 4 ? "" : age === 4 ? "A" : "E", k < 4 ? "" : age === 4 ? "C" : "G", died.has(id) ? `12-03-${year - 1}` : ""].join(";"));
+  await choose(page, writeInput(desk, "gone.csv", ["id;sex;birthdate;sire;dam;date of death", ...lines].join("\n")), writeInput(desk, "gone.answers", "--species sheep\n"));
+  await enter(page, "breeding");
+  await page.type("#search-female", "L");
+  await page.waitForSelector("#search-female-list li");
+  await page.click("#search-female-list li");
+  await idle(page);
+  for (const [id, value] of [["first-year", year - 9], ["last-year", year]]) {
+    await page.$eval(`#${id}`, (input, text) => {
+      input.value = text;
+      input.dispatchEvent(new Event("change"));
+    }, String(value));
+  }
+  await page.click("#rank");
+  await idle(page);
+  assert.deepEqual((await idsOfMales(page)).sort(), ["A", "E", "J"]);
+  await page.click("#take-gone");
+  await page.click("#rank");
+  await idle(page);
+  assert.deepEqual((await idsOfMales(page)).sort(), ["A", "B", "E", "F", "I", "J"]);
+  const [first] = await idsOfMales(page);
+  await page.click("#leave-out-0");
+  await page.keyboard.press("Enter");
+  await idle(page);
+  assert.deepEqual((await idsOfMales(page)).sort(), ["A", "B", "E", "F", "I", "J"].filter((id) => id !== first));
+}));

@@ -247,6 +247,15 @@ PlanRequest request_of(const Desk& desk, const CandidatePool& pool, std::string_
   return request;
 }
 
+/// Who may take part, but for what lists say.
+CandidateRules rules_of(const Desk& desk, std::string_view settings) {
+  CandidateRules rules;
+  rules.years = count_named(settings, "years");
+  if (value_named(settings, "allAnimals").empty()) rules.available = desk.results->available;
+  rules.excluded = desk.left_out;
+  return rules;
+}
+
 /// Lists that were typed: the lines of one are divided by a control character in its setting.
 SaidLists take_lists(std::string_view settings, PlanInput& input) {
   constexpr char line_end = '\x1E';
@@ -305,11 +314,8 @@ std::string make_desk_plan(Desk& desk, std::string_view settings) {
   }
   PlanInput input = {store_of(desk), said, desk.language, find_sex_evidence(store_of(desk), std::move(sexless))};
   const SaidLists lists = take_lists(settings, input);
-  CandidateRules rules;
-  rules.years = count_named(settings, "years");
-  if (value_named(settings, "allAnimals").empty()) rules.available = desk.results->available;
+  CandidateRules rules = rules_of(desk, settings);
   rules.records_without_sex = input.sexes.records_without_sex;
-  rules.excluded = desk.left_out;
   read_said_candidates(input, lists, rules);
   if (input.has_faults) return problem_answer(said_lines(said));
   DeskPlan made;
