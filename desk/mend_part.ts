@@ -59,8 +59,11 @@ export function addList(desk: Desk, list: string): void {
   change(desk, async () => ({ list: desk.corrections.list + list }));
 }
 
-function correct(desk: Desk, line: number, field: string, becomes: string, everywhere = false): void {
-  change(desk, () => ask<ProposedList>(desk.client, "correct", [line, field, becomes, "", everywhere ? 1 : 0]));
+/** An animal of the export: its line, and which of several on that line. */
+interface Place { line: number; animal: number; }
+
+function correct(desk: Desk, { line, animal }: Place, field: string, becomes: string, everywhere = false): void {
+  change(desk, () => ask<ProposedList>(desk.client, "correct", [line, animal, field, becomes, "", everywhere ? 1 : 0]));
 }
 
 /** Makes dates or parents of all animals of a kind of finding unknown; of all kinds that stop the run without one. */
@@ -68,20 +71,20 @@ export function goOnWithout(desk: Desk, kind: string, what: "dates" | "parents")
   change(desk, () => ask<ProposedList>(desk.client, "goOn", [kind, what]));
 }
 
-function drawCell(desk: Desk, line: number, cell: string, field: string, heading: string, isMeant: boolean): HTMLElement {
+function drawCell(desk: Desk, place: Place, cell: string, field: string, heading: string, isMeant: boolean): HTMLElement {
   if (field === "") return make("td", {}, nameOf(cell));
-  const input = make("input", { type: "text", value: cell, size: Math.max(6, Math.min(24, cell.length + 1)), "aria-label": text(desk, "cellOf", heading, line),
+  const input = make("input", { type: "text", value: cell, size: Math.max(6, Math.min(24, cell.length + 1)), "aria-label": text(desk, "cellOf", heading, place.line),
     class: isMeant ? "meant" : "" });
   input.addEventListener("change", () => {
-    if (input.value.trim() !== cell) correct(desk, line, field, input.value);
+    if (input.value.trim() !== cell) correct(desk, place, field, input.value);
   });
   return make("td", {}, input);
 }
 
 function drawLine(desk: Desk, lines: FindingLines, row: FindingLines["rows"][number], isFirst: boolean): HTMLElement {
   const headings = lines.headings ?? [];
-  const cells = headings.map((heading, k) => drawCell(desk, row.line, row.cells[k] ?? "", lines.fields[k] ?? "", heading, isFirst && k === lines.column));
-  const leaveOut = button(text(desk, "leaveOut"), () => correct(desk, row.line, "leave out", ""), { "aria-label": `${text(desk, "leaveOut")}: ${text(desk, "line")} ${row.line}` });
+  const cells = headings.map((heading, k) => drawCell(desk, row, row.cells[k] ?? "", lines.fields[k] ?? "", heading, isFirst && k === lines.column));
+  const leaveOut = button(text(desk, "leaveOut"), () => correct(desk, row, "leave out", ""), { "aria-label": `${text(desk, "leaveOut")}: ${text(desk, "line")} ${row.line}` });
   return make("tr", {}, make("th", { scope: "row", class: "number" }, String(row.line)), make("td", {}, leaveOut), ...cells);
 }
 
@@ -92,12 +95,13 @@ function drawPresses(desk: Desk, lines: FindingLines): HTMLElement {
   if (own !== undefined && field !== "" && field !== "id") {
     const isMany = lines.number > 1;
     const label = (words: string) => (isMany ? `${words} ${text(desk, "inLines", lines.number)}` : words);
-    if (lines.proposal !== "") presses.push(button(label(text(desk, "takeProposal", lines.proposal)), () => correct(desk, own.line, field, lines.proposal, isMany), { class: "main" }));
-    if (lines.cell !== "") presses.push(button(label(text(desk, "makeUnknown")), () => correct(desk, own.line, field, "", isMany)));
+    if (lines.proposal !== "") presses.push(button(label(text(desk, "takeProposal", lines.proposal)), () => correct(desk, own, field, lines.proposal, isMany), { class: "main" }));
+    if (lines.cell !== "") presses.push(button(label(text(desk, "makeUnknown")), () => correct(desk, own, field, "", isMany)));
   }
   const first = own?.cells[idColumn] ?? "", second = other?.cells[idColumn] ?? "";
   if (lines.mayBeOne && own !== undefined && other !== undefined && first !== "" && second !== "" && first !== second) {
-    presses.push(button(text(desk, "sameAnimal", second, first), () => correct(desk, other.line, "same as", first)));
+    presses.push(button(text(desk, "sameAnimal", first, second), () => correct(desk, own, "same as", second)),
+      button(text(desk, "sameAnimal", second, first), () => correct(desk, other, "same as", first)));
   }
   return make("p", { class: "row" }, ...presses);
 }

@@ -133,6 +133,14 @@ std::string_view field_name(const Correction& correction) {
   return found == fields.end() ? std::string_view() : found->name;
 }
 
+std::string joined_cells(std::span<const std::string> cells) {
+  constexpr std::string_view between = " | ";
+  std::string text;
+  for (std::size_t k = 0; k < cells.size(); ++k)
+    text += (k == 0 ? "" : std::string(between)) + correction_cell(cells[k]);
+  return correction_cell(text);
+}
+
 std::string corrections_text(std::span<const Correction> corrections) {
   std::string text = std::string(heading) + "\n";
   for (const Correction& correction : corrections) {

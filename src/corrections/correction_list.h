@@ -58,6 +58,9 @@ std::string_view field_name(const Correction& correction);
 /// instead; what comes back to where it was is dropped.
 void add_correction(std::vector<Correction>& corrections, Correction correction);
 
+/// Cells as one text, as a correction keeps a line that is left out: with " | " between them.
+std::string joined_cells(std::span<const std::string> cells);
+
 /// A text without what would begin another cell or line, and without blanks around it.
 std::string correction_cell(std::string_view text);
 

@@ -14,10 +14,10 @@
 #include "checks/readable_text.h"
 #include "corrections/correction_list.h"
 #include "desk/check_desk.h"
+#include "desk/export_animals.h"
 #include "desk/export_desk.h"
 #include "desk/json_text.h"
 #include "intake/correction_words.h"
-#include "intake/export_records.h"
 #include "tables/animal_table.h"
 
 namespace pedigreewatch {
@@ -27,30 +27,6 @@ constexpr Wording name_of_list = {"list of corrections", "lijst met correcties"}
 constexpr Wording given_up = {"unknown for now: {1}", "voorlopig onbekend: {1}"};
 
 using Code = FindingCode;
-
-/// Records of the export by the line on which they begin.
-using RecordsByLine = std::map<std::int64_t, std::vector<std::string>>;
-
-RecordsByLine records_at(const Desk& desk, const std::set<std::int64_t>& lines) {
-  RecordsByLine records;
-  RecordReader reader = read_records(desk.preparation.text, desk.preparation.reading.delimiter);
-  ExportRecord record;
-  while (records.size() < lines.size() && next_record(reader, record)) {
-    if (lines.count(record.line) == 0) continue;
-    std::vector<std::string>& cells = records[record.line];
-    for (const std::string_view field : record.fields) cells.emplace_back(correction_cell(trimmed(field)));
-  }
-  return records;
-}
-
-std::optional<std::size_t> place_of(const Desk& desk, FieldCode field) {
-  return desk.preparation.columns.place[static_cast<std::size_t>(field)];
-}
-
-std::string cell_of(const Desk& desk, const std::vector<std::string>& cells, FieldCode field) {
-  const std::optional<std::size_t> place = place_of(desk, field);
-  return place && *place < cells.size() ? cells[*place] : std::string();
-}
 
 std::string today_text(const Desk& desk) {
   return iso_date(desk.today.year, desk.today.month, desk.today.day);
@@ -63,25 +39,33 @@ std::optional<Correction> correction_of_field(std::string_view field) {
   return read.corrections.front();
 }
 
-std::string joined(const std::vector<std::string>& cells) {
-  std::string text;
-  for (std::size_t k = 0; k < cells.size(); ++k) text += (k == 0 ? "" : " | ") + cells[k];
-  return correction_cell(text);
-}
-
-/// Adds the correction of one animal, unless its line has no identification or says it already.
-void add_for(const Desk& desk, const std::vector<std::string>& cells, Correction correction,
+/// Adds the correction of one animal, unless it has no identification or says it already.
+void add_for(const Desk& desk, const ExportAnimal& animal, Correction correction,
              std::vector<Correction>& corrections) {
-  correction.id = cell_of(desk, cells, id_column);
+  correction.id = cell_of(desk, animal, id_column);
   if (correction.id.empty()) return;
   if (correction.kind == CorrectionKind::value) {
-    correction.was = cell_of(desk, cells, correction.field);
+    correction.was = cell_of(desk, animal, correction.field);
     if (correction.was == correction.becomes) return;
+    // Of several with one identification the others keep theirs.
+    const bool is_new_id = correction.field == id_column;
+    if (is_new_id && count_animals_with(desk, id_column, correction.id) > 1)
+      correction.was = view_of_animal(desk, animal);
   } else if (correction.kind == CorrectionKind::leave_out) {
-    correction.was = joined(cells);
+    const bool is_one_of_several = count_animals_with(desk, id_column, correction.id) > 1;
+    correction.was = is_one_of_several ? view_of_animal(desk, animal) : text_of_animal(desk, animal);
   }
   correction.when = today_text(desk);
   add_correction(corrections, std::move(correction));
+}
+
+/// Adds the correction of one of the animals of a line; of what they share it is that of all of them.
+void add_for_one(const Desk& desk, const std::vector<ExportAnimal>& animals, std::size_t number,
+                 const Correction& correction, std::vector<Correction>& corrections) {
+  const bool is_for_all = correction.kind == CorrectionKind::value && is_shared(desk, correction.field);
+  for (const ExportAnimal& animal : animals) {
+    if (is_for_all || animal.number == number) add_for(desk, animal, correction, corrections);
+  }
 }
 
 std::string list_answer(const std::vector<Correction>& corrections, std::size_t before) {
@@ -125,13 +109,36 @@ FieldCode field_of_finding(const Desk& desk, const Finding& finding) {
   return unused_column;
 }
 
+/// The animal that the finding is about.
+const ExportAnimal* own_animal(const Desk& desk, const Finding& finding, const AnimalsByLine& animals) {
+  const auto own = animals.find(finding.line);
+  if (own == animals.end()) return nullptr;
+  const std::string id = readable(desk.check->animals.ids.at(finding.id));
+  return find_animal(desk, own->second, {&id, 1});
+}
+
+/// The animal on the other line of a finding: one that its texts name, one with the same identification, or a parent.
+const ExportAnimal* other_animal(const Desk& desk, const Finding& finding, const AnimalsByLine& animals) {
+  const auto other = animals.find(finding.other_line);
+  if (other == animals.end()) return nullptr;
+  const ExportAnimal* const own = own_animal(desk, finding, animals);
+  std::vector<std::string> ids;
+  for (const std::int32_t text : {finding.other_text, finding.text}) {
+    ids.push_back(readable(desk.check->findings.texts.at(text)));
+  }
+  for (const FieldCode field : {id_column, sire_column, dam_column}) {
+    if (own != nullptr) ids.push_back(cell_of(desk, *own, field));
+  }
+  return find_animal(desk, other->second, ids);
+}
+
 /// What a finding proposes in place of the text at hand: an identification as the other line of the export writes it.
-std::string proposal_of(const Desk& desk, const Finding& finding, const RecordsByLine& records) {
+std::string proposal_of(const Desk& desk, const Finding& finding, const AnimalsByLine& animals) {
   switch (finding.code) {
     case Code::parent_spelling:
     case Code::parent_one_letter:
-      if (const auto other = records.find(finding.other_line); other != records.end()) {
-        return cell_of(desk, other->second, id_column);
+      if (const ExportAnimal* const other = other_animal(desk, finding, animals)) {
+        return cell_of(desk, *other, id_column);
       }
       [[fallthrough]];
     case Code::subpopulation_spelling:
@@ -143,51 +150,48 @@ std::string proposal_of(const Desk& desk, const Finding& finding, const RecordsB
   }
 }
 
-/// How many records say the same in this column as the record at hand.
-std::int64_t count_same(const Desk& desk, std::size_t place, const std::string& text) {
-  if (text.empty()) return 0;
-  std::int64_t count = 0;
-  RecordReader reader = read_records(desk.preparation.text, desk.preparation.reading.delimiter);
-  ExportRecord record;
-  while (next_record(reader, record)) {
-    if (place < record.fields.size() && trimmed(record.fields[place]) == text) ++count;
-  }
-  return count;
-}
-
-void add_headings(JsonText& json, const Desk& desk) {
+void add_headings(JsonText& json, const Desk& desk, std::span<const std::size_t> places) {
   const ColumnChoice& columns = desk.preparation.columns;
   begin_list(json, "headings");
-  for (const std::string& heading : columns.headings) add_text(json, heading);
+  for (const std::size_t place : places) add_text(json, columns.headings[place]);
   end_list(json);
   begin_list(json, "fields");
-  for (std::size_t place = 0; place < columns.headings.size(); ++place) {
+  for (const std::size_t place : places) {
     Correction named;
     for (const FieldCode field : written_fields()) {
-      if (place_of(desk, field) == place) named.field = field;
+      if (column_of(desk, field) == place) named.field = field;
     }
     add_text(json, named.field == unused_column ? std::string_view() : field_name(named));
   }
   end_list(json);
 }
 
-void add_line(JsonText& json, std::int64_t line, const std::vector<std::string>& cells) {
+void add_animal(JsonText& json, const ExportAnimal& animal, std::span<const std::size_t> places) {
   begin_object(json);
-  add_integer(json, "line", line);
+  add_integer(json, "line", animal.line);
+  add_integer(json, "animal", static_cast<std::int64_t>(animal.number));
   begin_list(json, "cells");
-  for (const std::string& cell : cells) add_text(json, cell);
+  for (const std::size_t place : places) {
+    add_text(json, place < animal.cells.size() ? std::string_view(animal.cells[place]) : std::string_view());
+  }
   end_list(json);
   end_object(json);
 }
 
-/// The line of the finding itself first.
-void add_lines_of(JsonText& json, const RecordsByLine& records, std::int64_t own_line) {
-  begin_list(json, "rows");
-  if (const auto own = records.find(own_line); own != records.end()) add_line(json, own_line, own->second);
-  for (const auto& [line, cells] : records) {
-    if (line != own_line) add_line(json, line, cells);
+/// That of the finding itself first, then the other one; of a finding about several all of their lines.
+std::vector<const ExportAnimal*> list_shown(const Desk& desk, const Finding& finding, const AnimalsByLine& animals) {
+  std::vector<const ExportAnimal*> list;
+  const ExportAnimal* const own = own_animal(desk, finding, animals);
+  if (own != nullptr) list.push_back(own);
+  const ExportAnimal* const other = other_animal(desk, finding, animals);
+  if (other != nullptr && other != own) list.push_back(other);
+  for (const auto& [line, of_line] : animals) {
+    if ((line == finding.line && finding.id != 0) || line == finding.other_line) continue;
+    for (const ExportAnimal& animal : of_line) {
+      if (&animal != own) list.push_back(&animal);
+    }
   }
-  end_list(json);
+  return list;
 }
 
 bool can_mend(const Desk& desk) {
@@ -273,46 +277,65 @@ std::string propose_correction(const Desk& desk, const NewCorrection& wanted) {
   if (!desk.has_export || !correction) return list_answer(corrections, corrections.size());
   correction->becomes = correction_cell(wanted.becomes);
   correction->why = correction_cell(wanted.why);
-  const RecordsByLine records = records_at(desk, {wanted.line});
-  if (records.empty()) return list_answer(corrections, corrections.size());
-  const std::vector<std::string>& own = records.begin()->second;
+  const AnimalsByLine animals = animals_at(desk, {wanted.line});
+  const auto of_line = animals.find(wanted.line);
+  if (of_line == animals.end() || wanted.animal >= of_line->second.size()) {
+    return list_answer(corrections, corrections.size());
+  }
   if (!wanted.is_everywhere || correction->kind != CorrectionKind::value) {
-    add_for(desk, own, *correction, corrections);
+    add_for_one(desk, of_line->second, wanted.animal, *correction, corrections);
     return list_answer(corrections, desk.corrections.size());
   }
-  const std::string was = cell_of(desk, own, correction->field);
-  RecordReader reader = read_records(desk.preparation.text, desk.preparation.reading.delimiter);
-  ExportRecord record;
-  while (next_record(reader, record)) {
-    std::vector<std::string> cells;
-    for (const std::string_view field : record.fields) cells.emplace_back(correction_cell(trimmed(field)));
-    if (cell_of(desk, cells, correction->field) == was) add_for(desk, cells, *correction, corrections);
+  const std::string was = cell_of(desk, of_line->second[wanted.animal], correction->field);
+  for (const ExportAnimal& animal : animals_with(desk, correction->field, was)) {
+    add_for(desk, animal, *correction, corrections);
   }
   return list_answer(corrections, desk.corrections.size());
+}
+
+/// Makes a field of the animals of a line unknown, of those that findings are about: of an animal where they name one.
+struct GivenUp {
+  std::string_view title;         ///< of the first kind of finding
+  std::vector<std::string> ids;   ///< of the animals that are named
+  bool is_of_whole_line = false;  ///< some finding names none
+};
+
+void give_up(const Desk& desk, const GivenUp& given, const std::vector<ExportAnimal>& animals, FieldCode field,
+             std::vector<Correction>& corrections) {
+  Correction correction;
+  correction.field = field;
+  correction.why = phrase(given_up, desk.language, {given.title});
+  std::set<std::size_t> numbers;
+  for (const std::string& id : given.ids) numbers.insert(find_animal(desk, animals, {&id, 1})->number);
+  for (const ExportAnimal& animal : animals) {
+    const bool is_meant = given.is_of_whole_line || is_shared(desk, field) || numbers.count(animal.number) != 0;
+    if (is_meant) add_for(desk, animal, correction, corrections);
+  }
 }
 
 std::string propose_going_on(const Desk& desk, std::string_view kind, std::string_view what) {
   std::vector<Correction> corrections = desk.corrections;
   if (!can_mend(desk) || !desk.check) return list_answer(corrections, corrections.size());
-  std::map<std::int64_t, std::string_view> lines;  // and the kind of the finding
+  std::map<std::int64_t, GivenUp> lines;
+  std::set<std::int64_t> wanted;
   for (const Finding& finding : desk.check->findings.list) {
     const FindingKind& own = kind_of(finding.code);
     const WaysOn ways = ways_on(finding.code);
     const bool is_wanted = kind.empty() ? own.severity == Severity::stops : own.name == kind;
     if (!is_wanted || finding.line == 0 || !(what == "dates" ? ways.dates : ways.parents)) continue;
     for (const std::int64_t line : faulty_lines(desk, finding)) {
-      lines.emplace(line, words_of(own.title, desk.language));
+      GivenUp& given = lines.try_emplace(line, GivenUp{words_of(own.title, desk.language), {}}).first->second;
+      if (line == finding.line && finding.id != 0) {
+        given.ids.push_back(readable(desk.check->animals.ids.at(finding.id)));
+      } else {
+        given.is_of_whole_line = true;
+      }
+      wanted.insert(line);
     }
   }
-  std::set<std::int64_t> wanted;
-  for (const auto& [line, title] : lines) wanted.insert(line);
-  for (const auto& [line, cells] : records_at(desk, wanted)) {
-    Correction correction;
-    correction.why = phrase(given_up, desk.language, {lines.at(line)});
+  for (const auto& [line, animals] : animals_at(desk, wanted)) {
     for (const FieldCode field : {birthdate_column, sire_column, dam_column}) {
-      if ((field == birthdate_column) != (what == "dates")) continue;
-      correction.field = field;
-      add_for(desk, cells, correction, corrections);
+      if ((field == birthdate_column) == (what == "dates")) give_up(desk, lines.at(line), animals, field, corrections);
     }
   }
   return list_answer(corrections, desk.corrections.size());
@@ -323,17 +346,22 @@ std::string finding_lines(const Desk& desk, std::size_t place) {
   begin_object(json);
   if (can_mend(desk) && desk.check && place < desk.chosen_findings.size()) {
     const Finding& finding = desk.check->findings.list[desk.chosen_findings[place]];
-    const RecordsByLine records = records_at(desk, shown_lines(desk, finding));
-    const std::optional<std::size_t> column = place_of(desk, field_of_finding(desk, finding));
-    const auto own = records.find(finding.line);
-    const bool has_cell = column && own != records.end() && *column < own->second.size();
-    add_headings(json, desk);
-    add_integer(json, "column", column ? static_cast<std::int64_t>(*column) : -1);
-    add_text(json, "cell", has_cell ? own->second[*column] : std::string());
-    add_text(json, "proposal", column ? proposal_of(desk, finding, records) : std::string());
-    add_integer(json, "number", has_cell ? count_same(desk, *column, own->second[*column]) : 0);
+    const AnimalsByLine animals = animals_at(desk, shown_lines(desk, finding));
+    const FieldCode field = field_of_finding(desk, finding);
+    const ExportAnimal* const own = own_animal(desk, finding, animals);
+    const std::vector<std::size_t> places = columns_of_first_animal(desk.preparation.columns);
+    const auto column = std::find(places.begin(), places.end(), column_of(desk, field));
+    const bool has_cell = column != places.end() && own != nullptr && *column < own->cells.size();
+    const std::string cell = has_cell ? own->cells[*column] : std::string();
+    add_headings(json, desk, places);
+    add_integer(json, "column", column != places.end() ? column - places.begin() : -1);
+    add_text(json, "cell", cell);
+    add_text(json, "proposal", column != places.end() ? proposal_of(desk, finding, animals) : std::string());
+    add_integer(json, "number", cell.empty() ? 0 : count_animals_with(desk, field, cell));
     add_logical(json, "mayBeOne", finding.code == Code::same_animal);
-    add_lines_of(json, records, finding.line);
+    begin_list(json, "rows");
+    for (const ExportAnimal* const animal : list_shown(desk, finding, animals)) add_animal(json, *animal, places);
+    end_list(json);
   }
   end_object(json);
   return std::move(json.text);

@@ -23,12 +23,13 @@ WaysOn ways_on(FindingCode code);
 /// when, fate, said).
 std::string set_corrections(Desk& desk, std::string_view list);
 
-/// A correction of the animal in a line of the export. `field` is a field's name in a list of corrections, "leave out"
-/// or "same as".
+/// A correction of an animal in a line of the export; of what several on the line share it becomes one for each of
+/// them. `field` is a field's name in a list of corrections, "leave out" or "same as".
 struct NewCorrection {
   std::int64_t line = 0;  ///< of the export, counted from 1
   std::string_view field, becomes, why;
   bool is_everywhere = false;  ///< for every animal with the same text in that field
+  std::size_t animal = 0;      ///< of several on the line, counted from 0
 };
 /// The list at hand with corrections added; nothing is applied. Yields an object: list (the text), count.
 std::string propose_correction(const Desk& desk, const NewCorrection& wanted);
@@ -40,7 +41,8 @@ std::string propose_going_on(const Desk& desk, std::string_view kind, std::strin
 /// The lines of the export that a chosen finding is about. Yields an object: headings, fields (of each column its name
 /// in a list of corrections, or empty), column (the one that is meant, counted from 0, or -1), cell (its text),
 /// proposal (another text for it, or empty), number (animals that have the same text there), mayBeOne (the two lines
-/// may be of one animal), rows (line, cells; that of the finding itself first).
+/// may be of one animal), rows (line, animal: its number on that line, cells; that of the finding itself first). Of a
+/// line with several animals each has a row, without the columns of the others.
 std::string finding_lines(const Desk& desk, std::size_t place);
 
 }  // namespace pedigreewatch

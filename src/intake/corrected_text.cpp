@@ -30,6 +30,7 @@ struct ChangingRecord {
   std::vector<std::string> fields;
   std::int64_t line = 0;
   bool is_changed = false, is_left_out = false;
+  std::vector<std::size_t> applied = {};  ///< corrections of values
 };
 
 Corrector make_corrector(std::span<const Correction> corrections, const ColumnChoice& columns) {
@@ -75,33 +76,69 @@ void note(CorrectionOutcome& outcome, CorrectionFate fate, std::int64_t line, st
   outcome = {fate, line, std::move(now)};
 }
 
+std::string joined(const std::vector<std::string>& fields) {
+  std::vector<std::string> cells;
+  for (const std::string& field : fields) cells.emplace_back(trimmed(field));
+  return joined_cells(cells);
+}
+
+/// What the animal at hand has for itself, or the line where it is the only one.
+std::string text_of_animal(const Corrector& corrector, const ChangingRecord& record) {
+  if (corrector.animal == nullptr) return joined(record.fields);
+  std::vector<std::string> own;
+  for (const FieldMove& move : *corrector.animal) own.push_back(text_at(record, move.from));
+  return joined_cells(own);
+}
+
+/// All that the line says of the animal at hand: what is its own, and what it shares.
+std::string view_of_animal(const Corrector& corrector, const ChangingRecord& record) {
+  if (corrector.animal == nullptr) return joined(record.fields);
+  std::vector<std::string> cells;
+  for (const std::size_t column : columns_of_first_animal(corrector.columns)) {
+    const auto own = std::find_if(corrector.animal->begin(), corrector.animal->end(),
+                                  [&](const FieldMove& move) { return move.to == column; });
+    cells.push_back(text_at(record, own == corrector.animal->end() ? column : own->from));
+  }
+  return joined_cells(cells);
+}
+
+/// Whether another animal of the line has had the same correction of a field that is that of both.
+bool has_been_done(const Corrector& corrector, std::size_t k, std::size_t place, const ChangingRecord& record) {
+  if (corrector.animal == nullptr || text_at(record, place) != corrector.corrections[k].becomes) return false;
+  return std::any_of(record.applied.begin(), record.applied.end(), [&](std::size_t earlier) {
+    const Correction &one = corrector.corrections[earlier], &other = corrector.corrections[k];
+    return one.field == other.field && one.was == other.was && one.becomes == other.becomes && one.id != other.id;
+  });
+}
+
+/// Whether the record is the one of several with an identification that a new one is meant for.
+bool is_told_apart(const Corrector& corrector, std::size_t k, const ChangingRecord& record) {
+  return corrector.corrections[k].field == id_column &&
+         view_of_animal(corrector, record) == corrector.corrections[k].was;
+}
+
 void apply_value(Corrector& corrector, std::size_t k, ChangingRecord& record) {
   const Correction& correction = corrector.corrections[k];
   CorrectionOutcome& outcome = corrector.outcomes[k];
   const std::optional<std::size_t> place = place_of(corrector, correction.field);
   if (!place) return note(outcome, CorrectionFate::no_column, record.line, {});
   std::string now = text_at(record, *place);
-  if (now == correction.was) {
-    set_field(record, *place, correction.becomes);
+  const bool is_done = has_been_done(corrector, k, *place, record);
+  if (now == correction.was || is_done || is_told_apart(corrector, k, record)) {
+    if (!is_done) set_field(record, *place, correction.becomes);
+    record.applied.push_back(k);
     return note(outcome, CorrectionFate::applied, record.line, {});
   }
   const bool is_so = now == correction.becomes;
   note(outcome, is_so ? CorrectionFate::already_so : CorrectionFate::differs, record.line, std::move(now));
 }
 
-std::string joined(const std::vector<std::string>& fields) {
-  constexpr std::string_view between = " | ";
-  std::string text;
-  for (std::size_t k = 0; k < fields.size(); ++k) {
-    text += (k == 0 ? "" : std::string(between)) + correction_cell(trimmed(fields[k]));
-  }
-  return correction_cell(text);
-}
-
 void leave_out(Corrector& corrector, std::size_t k, ChangingRecord& record) {
   const Correction& correction = corrector.corrections[k];
-  std::string now = joined(record.fields);
-  if (!correction.was.empty() && now != correction.was) {
+  std::string now = text_of_animal(corrector, record);
+  const bool is_meant = correction.was.empty() || correction.was == now || correction.was == joined(record.fields) ||
+                        correction.was == view_of_animal(corrector, record);
+  if (!is_meant) {
     return note(corrector.outcomes[k], CorrectionFate::differs, record.line, std::move(now));
   }
   if (corrector.animal == nullptr) {
@@ -191,6 +228,20 @@ void write_record(std::string& text, std::string_view raw, const ChangingRecord&
 }
 
 }  // namespace
+
+std::vector<std::size_t> columns_of_first_animal(const ColumnChoice& columns) {
+  std::vector<bool> is_of_others(columns.headings.size());
+  for (const LineAnimal& animal : columns.animals_of_line) {
+    for (const FieldMove& move : animal) {
+      if (move.from != move.to && move.from < is_of_others.size()) is_of_others[move.from] = true;
+    }
+  }
+  std::vector<std::size_t> places;
+  for (std::size_t place = 0; place < is_of_others.size(); ++place) {
+    if (!is_of_others[place]) places.push_back(place);
+  }
+  return places;
+}
 
 std::string line_text(const ExportRecord& record) {
   std::vector<std::string> fields;

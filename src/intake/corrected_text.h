@@ -33,6 +33,9 @@ struct CorrectionOutcome {
 std::vector<CorrectionOutcome> apply_corrections(std::string& text, char delimiter, const ColumnChoice& columns,
                                                  std::span<const Correction> corrections);
 
+/// The columns that say something of the first animal of a line, or of the only one: all but those of the others.
+std::vector<std::size_t> columns_of_first_animal(const ColumnChoice& columns);
+
 /// The fields of a record as a correction keeps a whole line: trimmed, with " | " between them.
 std::string line_text(const ExportRecord& record);
 

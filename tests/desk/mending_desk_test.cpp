@@ -137,7 +137,7 @@ TEST(MendingDesk, ShowsTheLinesOfAFinding) {
       << lines;
   EXPECT_TRUE(holds(
       lines,
-      R"("cell":"15-02-2x03","proposal":"","number":1,"mayBeOne":false,"rows":[{"line":6,"cells":["D","ram","15-02-2x03","C","Bella-1"]}])"))
+      R"("cell":"15-02-2x03","proposal":"","number":1,"mayBeOne":false,"rows":[{"line":6,"animal":0,"cells":["D","ram","15-02-2x03","C","Bella-1"]}])"))
       << lines;
   choose_findings(mended.desk, "parent-spelling", "");
   const std::string spelling = finding_lines(mended.desk, 0);
@@ -213,6 +213,134 @@ TEST(AnimalDesk, AnswersWithACardWhoseAnimalsCanBePressed) {
   EXPECT_TRUE(holds(animal_page(mended.desk), "<h2 id=\"pw-animal-3\">C</h2>"));
   EXPECT_FALSE(holds(animal_page(mended.desk), "data-animal="));
   EXPECT_EQ(animal_card(mended.desk, 4), "{}");
+}
+
+/// A book of litters: the sex of the third young of line 3 cannot be read, nor can the date of line 4.
+constexpr const char* litters =
+    "Father,Mother,Born,Pup 1,Pup 1 sex,Pup 2,Pup 2 sex,Pup 3,Pup 3 sex\n"
+    ",,13-01-2000,A1,dog,B1,bitch,C1,bitch\n"
+    "A1,B1,15-02-2002,D1,dog,E1,bitch,F1,dogg\n"
+    "A1,C1,15-02-2x03,G1,dog,H1,bitch,,\n"
+    "D1,E1,15-03-2004,I1,dog,J1,bitch,K1,dog\n";
+
+struct MendedLitters : MendedDesk {
+  MendedLitters() : MendedDesk(litters) {
+    open_export(desk, folder.path("export.csv"),
+                "language=en\nspecies=dog\nyoung=4,6,8\nmale=dog\nfemale=bitch\ncolumn.birthdate=3");
+  }
+  std::string data() const { return test::bytes_of(folder.path("export.txt")); }
+  /// The lines of the first finding of a kind.
+  std::string lines_of_first(std::string_view kind) {
+    check();
+    choose_findings(desk, kind, "");
+    return finding_lines(desk, 0);
+  }
+};
+
+TEST(MendingLitters, ACellIsThatOfItsAnimalAlone) {
+  MendedLitters mended;
+  const std::string list = propose_correction(mended.desk, {3, "sex", "dog", "", false, 2});
+  EXPECT_TRUE(holds(list, R"(F1\u0009sex\u0009dogg\u0009dog\u0009)")) << list;
+  EXPECT_TRUE(holds(list, R"("count":1)")) << list;
+  EXPECT_TRUE(holds(mended.take("F1\tsex\tdogg\tdog\t\t\n"), R"("fate":"applied")"));
+  mended.take("F1\tsex\tdogg\tdog\t\t\nG1\tbirthdate\t15-02-2x03\t15-02-2003\t\t\n");
+  mended.check();
+  EXPECT_TRUE(holds(mended.data(), "\nD1;m;15-02-2002;A1;B1")) << mended.data();
+  EXPECT_TRUE(holds(mended.data(), "\nF1;m;15-02-2002;A1;B1")) << mended.data();
+  EXPECT_EQ(propose_correction(mended.desk, {3, "sex", "dog", "", false, 3}).find("\"count\":0") != std::string::npos,
+            true)
+      << "there is no fourth one";
+}
+
+TEST(MendingLitters, WhatTheLitterSharesIsCorrectedForAllOfIt) {
+  MendedLitters mended;
+  const std::string list = propose_correction(mended.desk, {4, "birthdate", "15-02-2003", "", false, 1});
+  EXPECT_TRUE(holds(list, R"("count":2)")) << list;
+  const std::string answer =
+      mended.take("G1\tbirthdate\t15-02-2x03\t15-02-2003\t\t\nH1\tbirthdate\t15-02-2x03\t15-02-2003\t\t\n");
+  EXPECT_TRUE(holds(answer, R"("sentence":"Corrections applied: 2;)"))
+      << "none is already mended by the other: " << answer;
+  // Where the export says it already, both are told so.
+  EXPECT_TRUE(holds(mended.take("D1\tdam\tX\tB1\t\t\nE1\tdam\tX\tB1\t\t\n"), "already mended in the export: 2;"));
+}
+
+TEST(MendingLitters, GoingOnMakesTheDateOfTheWholeLitterUnknown) {
+  MendedLitters mended;
+  mended.check();
+  const std::string list = propose_going_on(mended.desk, "", "dates");
+  EXPECT_TRUE(holds(list, R"("count":2)")) << list;
+  EXPECT_TRUE(holds(list, R"(G1\u0009birthdate\u000915-02-2x03\u0009\u0009)")) << list;
+  EXPECT_TRUE(holds(list, R"(H1\u0009birthdate\u000915-02-2x03\u0009\u0009)")) << list;
+}
+
+TEST(MendingLitters, OneOfALitterIsLeftOut) {
+  MendedLitters mended;
+  const std::string list = propose_correction(mended.desk, {3, "leave out", "", "", false, 1});
+  EXPECT_TRUE(holds(list, R"(E1\u0009leave out\u0009E1 | bitch\u0009)")) << list;
+  // What becomes of a litter mate or of the whole litter does not stand in the way.
+  const std::string answer = mended.take(
+      "E1\tleave out\tE1 | bitch\t\t\t\nD1\tsex\tdog\tbitch\t\t\nD1\tdam\tB1\tC1\t\t\nE1\tdam\tB1\tC1\t\t\n"
+      "G1\tbirthdate\t15-02-2x03\t15-02-2003\t\t\n");
+  EXPECT_TRUE(holds(
+      answer, R"("id":"E1","field":"leave out","was":"E1 | bitch","becomes":"","why":"","when":"","fate":"applied")"))
+      << answer;
+  mended.check();
+  EXPECT_FALSE(holds(mended.data(), "\nE1;")) << mended.data();
+  EXPECT_TRUE(holds(mended.data(), "\nD1;f;15-02-2002;A1;C1")) << mended.data();
+  EXPECT_TRUE(holds(mended.data(), "\nF1;")) << mended.data();
+  EXPECT_TRUE(holds(mended.take("E1\tleave out\tE1 | dog\t\t\t\n"), R"("fate":"differs")"));
+  // Lists of before, which keep the whole line, hold too.
+  EXPECT_TRUE(holds(mended.take("F1\tleave out\tA1 | B1 | 15-02-2002 | D1 | dog | E1 | bitch | F1 | dogg\t\t\t\n"),
+                    R"("fate":"applied")"));
+}
+
+TEST(MendingLitters, OfTwoWithOneIdOneIsLeftOut) {
+  MendedLitters mended;
+  const std::string before =
+      "K1\tid\tK1\tE1\t\t\nE1\tsex\tdog\tbitch\t\t\n";  // E1 stands twice then, alike but for the line
+  mended.take(before);
+  const std::string list = propose_correction(mended.desk, {5, "leave out", "", "", false, 2});
+  EXPECT_TRUE(holds(list, R"(E1\u0009leave out\u0009D1 | E1 | 15-03-2004 | E1 | bitch\u0009)")) << list;
+  mended.take(before +
+              "G1\tbirthdate\t15-02-2x03\t15-02-2003\t\t\nE1\tleave out\tD1 | E1 | 15-03-2004 | E1 | bitch\t\t\t\n");
+  mended.check();
+  EXPECT_TRUE(holds(mended.data(), "\nE1;f;15-02-2002")) << mended.data();
+  EXPECT_FALSE(holds(mended.data(), "\nE1;f;15-03-2004")) << mended.data();
+}
+
+TEST(MendingLitters, ANewIdOfOneOfTwoLeavesTheOtherAlone) {
+  MendedLitters mended;
+  const std::string before = "G1\tbirthdate\t15-02-2x03\t15-02-2003\t\t\nK1\tid\tK1\tE1\t\t\n";  // E1 stands twice then
+  mended.take(before);
+  const std::string list = propose_correction(mended.desk, {5, "id", "K2", "", false, 2});
+  EXPECT_TRUE(holds(list, R"(E1\u0009id\u0009D1 | E1 | 15-03-2004 | E1 | dog\u0009K2\u0009)")) << list;
+  mended.take(before + "E1\tid\tD1 | E1 | 15-03-2004 | E1 | dog\tK2\t\t\n");
+  mended.check();
+  EXPECT_TRUE(holds(mended.data(), "\nE1;f;15-02-2002")) << mended.data();
+  EXPECT_TRUE(holds(mended.data(), "\nK2;m;15-03-2004")) << mended.data();
+}
+
+TEST(MendingDesk, ANewIdOfOneOfTwoLeavesTheOtherAlone) {
+  MendedDesk mended(
+      "ID,Sex,Born,Father,Mother\nA,ram,13-01-2000,,\nB,ewe,14-01-2000,,\nC,ram,15-02-2002,A,B\nC,ewe,16-02-2002,A,B\n");
+  const std::string list = propose_correction(mended.desk, {5, "id", "D", "", false});
+  EXPECT_TRUE(holds(list, R"(C\u0009id\u0009C | ewe | 16-02-2002 | A | B\u0009D\u0009)")) << list;
+  EXPECT_TRUE(holds(mended.take("C\tid\tC | ewe | 16-02-2002 | A | B\tD\t\t\n"), R"("fate":"applied")"));
+  mended.check();
+  const std::string data = test::bytes_of(mended.folder.path("export.txt"));
+  EXPECT_TRUE(holds(data, "\nC;m;15-02-2002")) << data;
+  EXPECT_TRUE(holds(data, "\nD;f;16-02-2002")) << data;
+}
+
+TEST(MendingLitters, AFindingShowsItsAnimalAndNotItsLitterMates) {
+  MendedLitters mended;
+  mended.take("G1\tbirthdate\t15-02-2x03\t15-02-2003\t\t\nK1\tid\tK1\tE1\t\t\n");  // E1 stands twice now
+  const std::string lines = mended.lines_of_first("duplicate-id");
+  EXPECT_TRUE(holds(lines, R"("headings":["Father","Mother","Born","Pup 1","Pup 1 sex"],)")) << lines;
+  EXPECT_TRUE(holds(lines, R"("fields":["sire","dam","birthdate","id","sex"])")) << lines;
+  EXPECT_TRUE(holds(lines, R"("rows":[{"line":5,"animal":2,"cells":["D1","E1","15-03-2004","E1","dog"]})")) << lines;
+  EXPECT_TRUE(holds(lines, R"({"line":3,"animal":1,"cells":["A1","B1","15-02-2002","E1","bitch"]})")) << lines;
+  EXPECT_FALSE(holds(lines, "\"I1\"")) << lines;
 }
 
 }  // namespace
