@@ -8,6 +8,7 @@
 
 #include "forecast/forecast.h"
 #include "forecast/forecast_summary.h"
+#include "forecast/model_entry.h"
 #include "forecast/real_years.h"
 #include "support/simulated_breed.h"
 
@@ -302,6 +303,25 @@ TEST(ModelRules, KeepToTheExchange) {
         EXPECT_EQ(birth_group(begun, model, one.family.sire), exchange == Exchange::closed ? one.family.group : before);
       }
     });
+  }
+}
+
+// Without young males of its own a closed subpopulation gets none from elsewhere; as bred now it does.
+TEST(ModelRules, TakeNoSireOfAnotherSubpopulation) {
+  const RuledBreed begun(3);
+  for (const Exchange exchange : {Exchange::present, Exchange::closed}) {
+    BreedingRules rules;
+    rules.exchange = exchange;
+    ModelHerd model = begin_herd(begun.basis, rules, 1, 0, nullptr);
+    for (CandidateYear& year : model.candidates) {
+      for (const Descent descent : {Descent::founder, Descent::half_known, Descent::known}) {
+        year.lists[list_of(1, male, descent)].clear();
+      }
+    }
+    RandomStream random = make_stream(1);
+    const std::int32_t career = draw_entry(begun.basis.base, male, 1, random);
+    EXPECT_EQ(enter_parent(model, male, 1, begun.records.last_year + 1, career, random), exchange == Exchange::present);
+    EXPECT_TRUE(enter_parent(model, male, 2, begun.records.last_year + 1, career, random));
   }
 }
 
