@@ -1,5 +1,6 @@
 #include "checks/check.h"
 
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -16,6 +17,7 @@
 #include "checks/size_checks.h"
 #include "checks/stray_lines.h"
 #include "checks/value_checks.h"
+#include "core/side_by_side.h"
 #include "core/wording.h"
 
 namespace pedigreewatch {
@@ -40,7 +42,8 @@ FileSurvey read_file(LineReader& data, ReadingPlan& plan, const CheckSettings& s
   FileSurvey survey;
   begin_progress(progress, words_of(reading_lines, settings.language));
   const std::size_t found_before = result.findings.list.size();
-  result.has_read_animals = read_animals(data, plan, result.animals, survey, result.findings, progress);
+  result.has_read_animals =
+      read_animals({data, progress, settings.threads}, plan, result.animals, survey, result.findings);
   result.has_too_many_lines = !result.has_read_animals;
   if (result.has_too_many_lines || data.error != 0) return survey;
   rewind(data);
@@ -51,7 +54,8 @@ FileSurvey read_file(LineReader& data, ReadingPlan& plan, const CheckSettings& s
   result.animals = {};
   survey = {};
   begin_progress(progress, words_of(reading_lines, settings.language));
-  result.has_read_animals = read_animals(data, plan, result.animals, survey, result.findings, progress);
+  result.has_read_animals =
+      read_animals({data, progress, settings.threads}, plan, result.animals, survey, result.findings);
   return survey;
 }
 
@@ -74,6 +78,48 @@ std::vector<std::int32_t> animals_of_lines(std::span<const std::int32_t> lines, 
   return found;
 }
 
+using FamilyOfChecks = std::function<void(Findings&)>;
+
+/// The checks that take most of the time, in the order in which their findings stand. They only look at the animals,
+/// and none of them at what another has found.
+std::vector<FamilyOfChecks> families_of_checks(const FileSurvey& survey, const ReadingPlan& plan,
+                                               const CheckSettings& settings, const PedigreeColumns& animals) {
+  const bool is_everything = settings.scope == CheckScope::everything;
+  const auto same_animals = [&](Findings& findings) { check_same_animals(animals, findings); };
+  const auto parents = [&, is_everything](Findings& findings) {
+    const ParentUses uses = count_parent_uses(animals);
+    check_missing_parents(animals, uses, plan, settings, findings);
+    check_roles(animals, uses, plan, findings);
+    if (is_everything) check_founders(animals, uses, findings);
+  };
+  const auto loops = [&](Findings& findings) { check_loops(animals, settings.language, findings); };
+  const auto dates = [&](Findings& findings) {
+    std::vector<DateConflict> conflicts;
+    check_ages(animals, settings.limits, settings.language, findings, conflicts);
+    check_litters(animals, settings.limits, findings, conflicts);
+    report_conflicts(animals, conflicts, settings.limits, settings.language, findings);
+  };
+  const auto size = [&](Findings& findings) {
+    check_age_figures(animals, findings);
+    check_report_size(animals, survey, plan, settings, findings);
+  };
+  if (!is_everything) return {parents, loops, dates, size};
+  return {same_animals, parents, loops, dates, size, [&](Findings& findings) { check_litter_dams(animals, findings); }};
+}
+
+/// Each family finds for itself; what all of them found is put together in their order.
+void check_side_by_side(const FileSurvey& survey, const ReadingPlan& plan, const CheckSettings& settings,
+                        CheckResult& result) {
+  const std::vector<FamilyOfChecks> families = families_of_checks(survey, plan, settings, result.animals);
+  std::vector<Findings> found(families.size());
+  std::vector<Task> tasks;
+  for (std::size_t k = 0; k < families.size(); ++k) {
+    tasks.emplace_back([&families, &found, k] { families[k](found[k]); });
+  }
+  do_side_by_side(tasks, settings.threads);
+  for (const Findings& each : found) add_all(result.findings, each);
+}
+
 void check_pedigree(const FileSurvey& survey, const ReadingPlan& plan, const CheckSettings& settings,
                     CheckResult& result) {
   PedigreeColumns& animals = result.animals;
@@ -85,24 +131,8 @@ void check_pedigree(const FileSurvey& survey, const ReadingPlan& plan, const Che
   group_alike(findings);
   check_years(animals, plan, settings.today, settings.language, findings);
   check_duplicates(animals, findings);
-  const bool is_everything = settings.scope == CheckScope::everything;
-  if (is_everything) check_same_animals(animals, findings);
-  {
-    const ParentUses uses = count_parent_uses(animals);
-    check_missing_parents(animals, uses, plan, settings.limits, findings);
-    check_roles(animals, uses, plan, findings);
-    if (is_everything) check_founders(animals, uses, findings);
-  }
-  check_loops(animals, settings.language, findings);
-  std::vector<DateConflict> conflicts;
-  check_ages(animals, settings.limits, settings.language, findings, conflicts);
-  check_litters(animals, settings.limits, findings, conflicts);
-  report_conflicts(animals, conflicts, settings.limits, settings.language, findings);
-  check_age_figures(animals, findings);
-  check_report_size(animals, survey, plan, settings, findings);
-  if (is_everything) check_litter_dams(animals, findings);
+  check_side_by_side(survey, plan, settings, result);
 }
-
 }  // namespace
 
 CheckResult check_data(LineReader& data, const CheckSettings& settings, ProgressLine& progress) {

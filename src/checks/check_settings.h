@@ -29,6 +29,7 @@ struct CheckSettings {
   CheckLimits limits;
   CheckScope scope = CheckScope::everything;
   CalendarDate today;
+  std::int32_t threads = 1;                 ///< what is found does not depend on it
   std::optional<ExportLines> export_lines;  ///< of the export that the data file was made of, where that is known
 };
 

@@ -1,6 +1,7 @@
-// One pass. Lines wait a while between two steps: in the first one an identification is hashed, and where it stands
-// among those of the lines before is fetched from memory, which the second one then need not wait for. Where the file
-// has no headings the program leaves out the last line, so at least one line waits for the next one.
+// One pass, in which some lines are cut while those before them are taken: where there are threads, both at once. What
+// is taken next waits for some lines more, so that where its identifications stand among those of the lines before is
+// there from memory. Where the file has no headings the program leaves out the last line: the last one of some lines
+// waits for the next ones.
 
 #include "checks/file_reading.h"
 
@@ -14,6 +15,7 @@
 #include "checks/line_checks.h"
 #include "checks/readable_text.h"
 #include "core/fixed_text.h"
+#include "core/side_by_side.h"
 #include "pedigree/population_store.h"
 
 namespace pedigreewatch {
@@ -29,6 +31,7 @@ struct Reading {
   Findings& findings;
   ByteKinds kinds;
   std::size_t next_shift = 0, next_note = 0;  ///< of the export, behind those of the lines before
+  bool has_too_many_lines = false;
 };
 
 /// The line at hand.
@@ -41,11 +44,12 @@ struct DataLine {
   std::int32_t id = 0;
 };
 
-/// A line that waits for its turn.
+/// A line that has been cut and waits for its turn.
 struct WaitingLine {
   std::string bytes;
   DataLine line;
   LineFields fields;
+  LineKind kind = LineKind::animal;
   std::array<HashedText, 3> ids;  ///< of the animal, its father and its mother, as the program cuts them
 };
 constexpr std::array<FieldCode, 3> id_fields = {id_column, sire_column, dam_column};
@@ -321,16 +325,14 @@ void store_animal(Reading& reading, const WaitingLine& waiting, std::uint8_t mar
 
 void take_line(Reading& reading, WaitingLine& waiting) {
   DataLine& line = waiting.line;
-  const LineKind kind = kind_of_line(line.text, waiting.fields, reading.plan);
-  line.kinds = kinds_in(line.text, reading.kinds);
   std::uint8_t marks = 0;
-  if (kind != LineKind::animal) {
-    const bool is_header = kind == LineKind::header_again;
+  if (waiting.kind != LineKind::animal) {
+    const bool is_header = waiting.kind == LineKind::header_again;
     add(reading.findings,
         {.code = is_header ? FindingCode::header_again : FindingCode::no_animal, .line = line.number});
     marks = mark_no_animal;
   }
-  line.id = kind == LineKind::animal ? take_id(reading, line, waiting, 0) : 0;
+  line.id = waiting.kind == LineKind::animal ? take_id(reading, line, waiting, 0) : 0;
   reading.animals.id.add(line.id);
   store_animal(reading, waiting, marks);
 }
@@ -362,56 +364,86 @@ void index_animals(PedigreeColumns& animals) {
   animals.animal_of[0] = 0;
 }
 
-/// The lines that wait, in a ring.
-struct WaitingLines {
-  std::array<WaitingLine, 2 * look_ahead> lines;
-  std::size_t first = 0, behind = 0;  ///< numbers of lines: of the one that waits longest, and of the next one to come
+/// Some lines in a row.
+struct SomeLines {
+  std::vector<WaitingLine> lines;
+  std::size_t count = 0;
 
-  WaitingLine& at(std::size_t number) { return lines[number % lines.size()]; }
-  std::size_t count() const { return behind - first; }
+  std::span<WaitingLine> all() { return std::span(lines).first(count); }
 };
 
-/// Cuts a line, and has memory fetched for its turn and for those of lines before it, one step after the other.
-void add_line(Reading& reading, WaitingLines& waiting, const DataLine& line) {
-  const TextStore& ids = reading.animals.ids;
-  WaitingLine& last = waiting.at(waiting.behind++);
-  last.bytes.assign(line.text);
-  last.line = line;
-  last.line.text = last.bytes;
-  last.fields = cut_line(last.line.text, reading.plan);
+void cut_waiting(const Reading& reading, std::string_view text, WaitingLine& waiting) {
+  waiting.bytes.assign(text);
+  DataLine& line = waiting.line;
+  line.text = waiting.bytes;
+  waiting.fields = cut_line(line.text, reading.plan);
   for (std::size_t k = 0; k < id_fields.size(); ++k) {
-    last.ids[k] = HashedText(cut_id(field_of(last.fields, id_fields[k])));
-    fetch_slot_early(ids.index, last.ids[k].hash);
+    waiting.ids[k] = HashedText(cut_id(field_of(waiting.fields, id_fields[k])));
   }
-  constexpr std::size_t step = look_ahead / 2;
-  if (waiting.count() <= 3 * step) return;
-  for (const HashedText& id : waiting.at(waiting.behind - 1 - 2 * step).ids) fetch_end_early(ids, id.hash);
-  for (const HashedText& id : waiting.at(waiting.behind - 1 - 3 * step).ids) fetch_text_early(ids, id.hash);
+  waiting.kind = kind_of_line(line.text, waiting.fields, reading.plan);
+  line.kinds = kinds_in(line.text, reading.kinds);
 }
+
+/// Reads and cuts the next lines; none at the end of the file.
+void cut_lines(LineReader& data, Reading& reading, ProgressLine& progress, SomeLines& some) {
+  constexpr std::int64_t most_lines = 99'999'999;
+  std::string_view text;
+  some.count = 0;
+  while (some.count < some.lines.size() && !reading.has_too_many_lines && read_line(data, text)) {
+    reading.has_too_many_lines = data.line_number > most_lines;
+    count_progress(progress, data.line_number);
+    if (data.line_number == 1 && reading.plan.first_line_is_header) continue;
+    WaitingLine& waiting = some.lines[some.count++];
+    place_in_export(reading, waiting.line, data.line_number);
+    waiting.line.full_length = data.line_length;
+    cut_waiting(reading, text, waiting);
+  }
+}
+
+/// Takes lines, and has memory fetched for those behind them, one step after the other.
+void take_lines(Reading& reading, std::span<WaitingLine> lines) {
+  constexpr std::size_t step = look_ahead / 2;
+  const TextStore& ids = reading.animals.ids;
+  const auto fetch = [&](std::size_t place, auto fetch_id) {
+    if (place >= lines.size()) return;
+    for (const HashedText& id : lines[place].ids) fetch_id(id.hash);
+  };
+  for (std::size_t k = 0; k < lines.size(); ++k) {
+    fetch(k + 3 * step, [&](std::uint32_t hash) { fetch_slot_early(ids.index, hash); });
+    fetch(k + 2 * step, [&](std::uint32_t hash) { fetch_end_early(ids, hash); });
+    fetch(k + step, [&](std::uint32_t hash) { fetch_text_early(ids, hash); });
+    take_line(reading, lines[k]);
+  }
+}
+
+/// So many lines are cut at once that beginning a thread is a small part of the work; on one thread so few that they
+/// stay in a near cache.
+constexpr std::size_t lines_of_threads = 4096, lines_of_one = 256;
 
 }  // namespace
 
-bool read_animals(LineReader& data, const ReadingPlan& plan, PedigreeColumns& animals, FileSurvey& survey,
-                  Findings& findings, ProgressLine& progress) {
-  Reading reading = {plan, animals, survey, findings, byte_kinds(plan.layout.delimiter), 0, 0};
+bool read_animals(FileToRead file, const ReadingPlan& plan, PedigreeColumns& animals, FileSurvey& survey,
+                  Findings& findings) {
+  Reading reading = {plan, animals, survey, findings, byte_kinds(plan.layout.delimiter), 0, 0, false};
   const bool leaves_out_last = plan.header_line.empty() && !plan.first_line_is_header;
   if (plan.export_lines != nullptr) animals.shifts = plan.export_lines->shifts;
   animals.first_line = plan.first_line_is_header ? 2 : 1;
-  constexpr std::int64_t most_lines = 99'999'999;
-  WaitingLines waiting;
-  DataLine line;
-  while (read_line(data, line.text)) {
-    if (data.line_number > most_lines) return false;
-    count_progress(progress, data.line_number);
-    if (data.line_number == 1 && plan.first_line_is_header) continue;
-    place_in_export(reading, line, data.line_number);
-    line.full_length = data.line_length;
-    if (waiting.count() == waiting.lines.size()) take_line(reading, waiting.at(waiting.first++));
-    add_line(reading, waiting, line);
-  }
-  while (waiting.count() > (leaves_out_last ? 1U : 0U)) take_line(reading, waiting.at(waiting.first++));
-  if (waiting.count() > 0 && !without_trailing_blanks(waiting.at(waiting.first).line.text).empty()) {
-    add(findings, {.code = FindingCode::last_line, .line = waiting.at(waiting.first).line.number});
+  SomeLines cut, next;
+  for (SomeLines* const each : {&cut, &next}) each->lines.resize(file.threads > 1 ? lines_of_threads : lines_of_one);
+  cut_lines(file.data, reading, file.progress, cut);
+  while (cut.count > 0) {
+    const std::span<WaitingLine> all = cut.all();
+    const std::array<Task, 2> tasks = {[&] { take_lines(reading, all.first(all.size() - 1)); },
+                                       [&] { cut_lines(file.data, reading, file.progress, next); }};
+    do_side_by_side(tasks, file.threads);
+    if (reading.has_too_many_lines) return false;
+    const bool is_last = next.count == 0;
+    if (!is_last || !leaves_out_last) {
+      take_lines(reading, all.last(1));
+    } else if (!without_trailing_blanks(all.back().line.text).empty()) {
+      add(findings, {.code = FindingCode::last_line, .line = all.back().line.number});
+    }
+    std::swap(cut, next);
   }
   index_animals(animals);
   return true;

@@ -40,9 +40,15 @@ struct FileSurvey {
   std::vector<std::int32_t> undated, dated_by_year;  ///< animals without a date, and with nothing but a year
 };
 
+/// The file that is read; `progress` counts its lines.
+struct FileToRead {
+  LineReader& data;
+  ProgressLine& progress;
+  std::int32_t threads = 1;
+};
+
 /// Reads all lines that the program reads. Yields false when there are too many of them.
-/// `progress` counts them.
-bool read_animals(LineReader& data, const ReadingPlan& plan, PedigreeColumns& animals, FileSurvey& survey,
-                  Findings& findings, ProgressLine& progress);
+bool read_animals(FileToRead file, const ReadingPlan& plan, PedigreeColumns& animals, FileSurvey& survey,
+                  Findings& findings);
 
 }  // namespace pedigreewatch

@@ -170,4 +170,16 @@ inline void add_for_lines(Findings& findings, Finding finding, std::span<const s
   findings.list.push_back(finding);
 }
 
+/// Puts what was found apart behind what has been found so far.
+inline void add_all(Findings& findings, const Findings& others) {
+  const auto first_line = static_cast<std::uint32_t>(findings.lines.size());
+  findings.lines.insert(findings.lines.end(), others.lines.begin(), others.lines.end());
+  for (Finding finding : others.list) {
+    if (finding.text != 0) finding.text = keep(findings, others.texts.at(finding.text));
+    if (finding.other_text != 0) finding.other_text = keep(findings, others.texts.at(finding.other_text));
+    if (finding.line_count != 0) finding.first_of_lines += first_line;
+    add(findings, finding);
+  }
+}
+
 }  // namespace pedigreewatch

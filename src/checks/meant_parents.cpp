@@ -11,6 +11,8 @@
 #include <string>
 #include <unordered_map>
 
+#include "core/side_by_side.h"
+
 namespace pedigreewatch {
 namespace {
 
@@ -405,6 +407,21 @@ void weigh_case(const Weighing& weighing, Case& one) {
   if (!evidence.empty()) one.genuine_weight *= of_another;
 }
 
+/// Weighs all cases; those of a part of them on one thread.
+void weigh_cases(const Weighing& weighing, std::span<Case> cases, std::int32_t threads) {
+  constexpr std::int64_t parts_of_thread = 8;  // some take much longer than others
+  const std::int64_t parts = std::int64_t{std::max(threads, 1)} * parts_of_thread;
+  std::vector<Task> tasks;
+  for (std::int64_t part = 0; part < parts; ++part) {
+    const auto [begin, end] = part_of_work(0, std::ssize(cases) - 1, part, parts);
+    const std::span<Case> own = cases.subspan(static_cast<std::size_t>(begin), static_cast<std::size_t>(end - begin));
+    tasks.emplace_back([&weighing, own] {
+      for (Case& one : own) weigh_case(weighing, one);
+    });
+  }
+  do_side_by_side(tasks, threads);
+}
+
 /// Letters and digits of an identification without which ones they are: "AA-9999".
 std::string shape_of(std::string_view id) {
   std::string shape(id);
@@ -546,14 +563,15 @@ void gather_young(const PedigreeColumns& animals, const Marks& is_marked, Links&
 }  // namespace
 
 std::vector<MeantParent> find_meant_parents(const PedigreeColumns& animals, std::span<const MissingParent> missing,
-                                            const CheckLimits& limits, std::string_view male_letters) {
+                                            const CheckLimits& limits, std::string_view male_letters,
+                                            std::int32_t threads) {
   std::vector<MeantParent> meant(missing.size());
   if (missing.empty()) return meant;
   std::vector<std::int32_t> wanted;
   for (const MissingParent& each : missing) wanted.push_back(each.id);
   const std::vector<std::int32_t> sample = sample_ids(animals);
   wanted.insert(wanted.end(), sample.begin(), sample.end());
-  const std::vector<std::vector<NearAnimal>> near = find_near_animals(animals, wanted, missing.size());
+  const std::vector<std::vector<NearAnimal>> near = find_near_animals(animals, wanted, missing.size(), threads);
   const double usual_share = occupied_share(animals, sample, std::span(near).subspan(missing.size()));
   const std::vector<double> genuine = genuine_weights(animals, missing, near, usual_share);
   Links links;
@@ -569,7 +587,7 @@ std::vector<MeantParent> find_meant_parents(const PedigreeColumns& animals, std:
     if (!near[k].empty()) begin_case(weighing, cases.back());
   }
   gather_young(animals, mark_needed(animals, cases), links);
-  for (Case& one : cases) weigh_case(weighing, one);
+  weigh_cases(weighing, cases, threads);
   const Rates rates = estimate_rates(cases, static_cast<double>(std::max<std::int64_t>(links.all, 1)));
   for (std::size_t k = 0; k < cases.size(); ++k) meant[k] = decide(cases[k], rates);
   return meant;

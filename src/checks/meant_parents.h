@@ -28,8 +28,9 @@ struct MeantParent {
 /// such a slip is, sex and age, other young at that time, young with the same mate, and the parents of litter mates;
 /// against the other animals that are near, and against a parent that is rightly named and has no line. How common each
 /// is, is estimated from all of them together (expectation and maximisation; Dempster and others, 1977). `male_letters`
-/// are those of the sexes of males.
+/// are those of the sexes of males. The search is shared out to so many threads.
 std::vector<MeantParent> find_meant_parents(const PedigreeColumns& animals, std::span<const MissingParent> missing,
-                                            const CheckLimits& limits, std::string_view male_letters);
+                                            const CheckLimits& limits, std::string_view male_letters,
+                                            std::int32_t threads);
 
 }  // namespace pedigreewatch

@@ -13,6 +13,7 @@
 
 #include "checks/readable_text.h"
 #include "core/memory_hints.h"
+#include "core/side_by_side.h"
 #include "text/utf_8.h"
 
 namespace pedigreewatch {
@@ -290,6 +291,8 @@ Sought prepare_search(const PedigreeColumns& animals, std::span<const std::int32
   return sought;
 }
 
+constexpr std::size_t most_near = 4000;  // animals that are kept for each of the wanted ones
+
 /// The results, each animal once for each of the wanted ones.
 struct Found {
   std::vector<std::vector<NearAnimal>> near;
@@ -299,10 +302,9 @@ struct Found {
                        [&](const NearAnimal& each) { return each.animal == animal; });
   }
   void add(std::size_t place, std::int32_t animal, Slip slip) {
-    constexpr std::size_t most = 4000;
     std::vector<NearAnimal>& list = near[place];
     const bool is_known = !list.empty() && list.back().animal == animal;
-    if (!is_known && list.size() < most) list.push_back({animal, slip});
+    if (!is_known && list.size() < most_near) list.push_back({animal, slip});
   }
 };
 
@@ -349,10 +351,10 @@ void look_up_all(const Sought& sought, const WaitingAnimal& waiting, Found& foun
   if (prefix > 0) look_up(sought, hash_of_number(hashes, id.compact, prefix), id, waiting.animal, found);
 }
 
-/// Looks up all animals, each some turns after the search for it has begun. `compact_ids` get the forms that are
-/// compared in pairs, unless there is no room for them.
-void look_up_animals(const PedigreeColumns& animals, const Sought& sought, std::span<std::string> compact_ids,
-                     Found& found) {
+/// Looks up the animals of some identifications, each some turns after the search for it has begun. `compact_ids` get
+/// the forms that are compared in pairs, unless there is no room for them.
+void look_up_animals(const PedigreeColumns& animals, const Sought& sought, WorkPart ids,
+                     std::span<std::string> compact_ids, Found& found) {
   WaitingAnimals waiting;
   std::size_t count = 0;
   const auto finish = [&](std::size_t number) {
@@ -361,7 +363,7 @@ void look_up_animals(const PedigreeColumns& animals, const Sought& sought, std::
     const auto place = static_cast<std::size_t>(animals.id.at(done.animal));
     if (!compact_ids.empty()) compact_ids[place] = std::move(done.id.compact);
   };
-  for (std::int32_t id = 1; id <= animals.ids.count(); ++id) {
+  for (auto id = static_cast<std::int32_t>(ids.begin); id < ids.end; ++id) {
     const std::int32_t animal = animals.animal_of[id];
     if (animal == 0) continue;
     IdForms forms = forms_of(animals.ids.at(id));
@@ -370,6 +372,31 @@ void look_up_animals(const PedigreeColumns& animals, const Sought& sought, std::
     begin_search(sought, std::move(forms), animal, waiting[count++ % waiting.size()]);
   }
   for (std::size_t k = count - std::min(count, waiting.size()); k < count; ++k) finish(k);
+}
+
+/// Puts what another part of the search has found behind what is known; no animal is in both.
+void add_found(const Found& other, Found& found) {
+  for (std::size_t place = 0; place < found.near.size(); ++place) {
+    std::vector<NearAnimal>& list = found.near[place];
+    const std::vector<NearAnimal>& more = other.near[place];
+    const std::size_t count = std::min(more.size(), most_near - std::min(most_near, list.size()));
+    list.insert(list.end(), more.begin(), more.begin() + static_cast<std::ptrdiff_t>(count));
+  }
+}
+
+/// Looks up all animals, as many parts of them at once as there are threads.
+void look_up_side_by_side(const PedigreeColumns& animals, const Sought& sought, std::span<std::string> compact_ids,
+                          std::int32_t threads, Found& found) {
+  const std::int32_t parts = std::max(threads, 1);
+  std::vector<Found> found_by(static_cast<std::size_t>(parts), found);
+  std::vector<Task> tasks;
+  for (std::int32_t part = 0; part < parts; ++part) {
+    const WorkPart ids = part_of_work(1, animals.ids.count(), part, parts);
+    Found& own = found_by[static_cast<std::size_t>(part)];
+    tasks.emplace_back([&, ids] { look_up_animals(animals, sought, ids, compact_ids, own); });
+  }
+  do_side_by_side(tasks, threads);
+  for (const Found& each : found_by) add_found(each, found);
 }
 
 /// Which of 64 letters occur: two slips change four of them at most.
@@ -448,8 +475,8 @@ double chance_of(Slip slip, std::size_t length) {
 }
 
 std::vector<std::vector<NearAnimal>> find_near_animals(const PedigreeColumns& animals,
-                                                       std::span<const std::int32_t> wanted,
-                                                       std::size_t compared_count) {
+                                                       std::span<const std::int32_t> wanted, std::size_t compared_count,
+                                                       std::int32_t threads) {
   Found found;
   found.near.resize(wanted.size());
   if (wanted.empty()) return std::move(found.near);
@@ -458,7 +485,7 @@ std::vector<std::vector<NearAnimal>> find_near_animals(const PedigreeColumns& an
   compared_count = std::min(compared_count, wanted.size());
   const bool compares_pairs = compared_count * static_cast<std::size_t>(animals.count()) <= most_pairs;
   std::vector<std::string> compact_ids(compares_pairs ? static_cast<std::size_t>(animals.ids.count()) + 1 : 0);
-  look_up_animals(animals, sought, compact_ids, found);
+  look_up_side_by_side(animals, sought, compact_ids, threads, found);
   if (compares_pairs) compare_pairs(animals, std::span(sought.ids).first(compared_count), compact_ids, found);
   return std::move(found.near);
 }

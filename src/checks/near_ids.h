@@ -54,9 +54,9 @@ struct NearAnimal {
 };
 
 /// For each of the identifications `wanted` the animals that can be meant by it. Two slips are looked for in files of a
-/// usual size only, and for the first `compared_count` of them.
+/// usual size only, and for the first `compared_count` of them. The animals are shared out to so many threads.
 std::vector<std::vector<NearAnimal>> find_near_animals(const PedigreeColumns& animals,
                                                        std::span<const std::int32_t> wanted,
-                                                       std::size_t compared_count = SIZE_MAX);
+                                                       std::size_t compared_count = SIZE_MAX, std::int32_t threads = 1);
 
 }  // namespace pedigreewatch

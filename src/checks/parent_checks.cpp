@@ -149,12 +149,12 @@ ParentUses count_parent_uses(const PedigreeColumns& animals) {
 }
 
 void check_missing_parents(const PedigreeColumns& animals, const ParentUses& uses, const ReadingPlan& plan,
-                           const CheckLimits& limits, Findings& findings) {
+                           const CheckSettings& settings, Findings& findings) {
   std::vector<MissingParent> missing;
   for (const std::int32_t id : parents_without_line(animals, uses)) missing.push_back({id, mention_of(uses[id]).role});
   const std::array<char, 2> male_letters = plan.layout.male_letters;
-  const std::vector<MeantParent> meant =
-      find_meant_parents(animals, missing, limits, std::string_view(male_letters.data(), male_letters.size()));
+  const std::vector<MeantParent> meant = find_meant_parents(
+      animals, missing, settings.limits, std::string_view(male_letters.data(), male_letters.size()), settings.threads);
   const bool have_digits = !missing.empty() && have_ids_digits(animals);
   for (std::size_t k = 0; k < missing.size(); ++k) {
     const std::int32_t id = missing[k].id;

@@ -1,7 +1,7 @@
 // Parents: those without a line, those that are father and mother, those of the wrong sex.
 #pragma once
 
-#include "checks/check_limits.h"
+#include "checks/check_settings.h"
 #include "checks/findings.h"
 #include "checks/pedigree_columns.h"
 #include "checks/reading_plan.h"
@@ -21,7 +21,7 @@ ParentUses count_parent_uses(const PedigreeColumns& animals);
 /// Finds parents without a line of their own, with the animal that is meant where one is near; and words for unknown
 /// parents that count as animals.
 void check_missing_parents(const PedigreeColumns& animals, const ParentUses& uses, const ReadingPlan& plan,
-                           const CheckLimits& limits, Findings& findings);
+                           const CheckSettings& settings, Findings& findings);
 
 /// Finds parents in both roles or of the wrong sex, and animals of which both parents are one.
 void check_roles(const PedigreeColumns& animals, const ParentUses& uses, const ReadingPlan& plan, Findings& findings);

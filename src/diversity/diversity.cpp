@@ -3,8 +3,10 @@
 
 #include "diversity/diversity.h"
 
+#include <array>
 #include <utility>
 
+#include "core/side_by_side.h"
 #include "diversity/coancestry_pairs.h"
 #include "diversity/completeness.h"
 #include "diversity/founders.h"
@@ -63,23 +65,31 @@ std::optional<double> import_contribution(const ReferencePedigree& pedigree, con
 
 }  // namespace
 
-Diversity compute_diversity(const PopulationStore& store, ReferencePopulation reference) {
-  Diversity diversity;
+Diversity compute_diversity(const PopulationStore& store, ReferencePopulation reference, std::int32_t threads) {
+  Diversity diversity;  // of which each step fills fields of its own
   const ReferencePedigree pedigree = make_reference_pedigree(store, reference.positions);
-  const ByNumber<double> genes = gene_contributions(pedigree);
   const PedigreeDepth depth = describe_depth(pedigree);
-  put_founders(describe_founders(pedigree, genes), diversity);
-  put_ancestors(choose_ancestors(pedigree), diversity);
-  put_kinship(compute_mean_kinship(store, pedigree, genes), reference, diversity);
   put_depth(depth, diversity);
-  diversity.by_inbreeding = estimate_by_inbreeding(store, pedigree, depth.equivalents_of);
-  diversity.by_coancestry = estimate_by_coancestry(store, pedigree, depth.equivalents_of);
-  const GenerationPaths paths = compute_generation_paths(store);
-  diversity.paths = paths.paths;
-  diversity.all_paths = paths.all;
-  diversity.families = estimate_by_family_sizes(store, paths);
-  diversity.division = describe_division(store, reference.positions);
-  if (store.has_import) diversity.import_contribution = import_contribution(pedigree, store);
+  const auto choose = [&] { put_ancestors(choose_ancestors(pedigree), diversity); };
+  const auto relate_pairs = [&] {
+    diversity.by_coancestry = estimate_by_coancestry(store, pedigree, depth.equivalents_of);
+  };
+  const auto follow_genes = [&] {
+    const ByNumber<double> genes = gene_contributions(pedigree);
+    put_founders(describe_founders(pedigree, genes), diversity);
+    put_kinship(compute_mean_kinship(store, pedigree, genes), reference, diversity);
+    diversity.by_inbreeding = estimate_by_inbreeding(store, pedigree, depth.equivalents_of);
+    if (store.has_import) diversity.import_contribution = import_contribution(pedigree, store);
+  };
+  const auto describe_families = [&] {
+    const GenerationPaths paths = compute_generation_paths(store);
+    diversity.paths = paths.paths;
+    diversity.all_paths = paths.all;
+    diversity.families = estimate_by_family_sizes(store, paths);
+    diversity.division = describe_division(store, reference.positions);
+  };
+  const std::array<Task, 4> steps = {relate_pairs, choose, follow_genes, describe_families};
+  do_side_by_side(steps, threads);
   diversity.reference = std::move(reference);
   return diversity;
 }

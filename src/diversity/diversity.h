@@ -45,7 +45,7 @@ struct Diversity {
   std::optional<double> import_contribution;  ///< the share of the genes that come from imports, where those are told
 };
 
-/// Computes everything. F and completeness of all animals must be final.
-Diversity compute_diversity(const PopulationStore& store, ReferencePopulation reference);
+/// Computes everything, on so many threads. F and completeness of all animals must be final.
+Diversity compute_diversity(const PopulationStore& store, ReferencePopulation reference, std::int32_t threads = 1);
 
 }  // namespace pedigreewatch

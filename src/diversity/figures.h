@@ -37,8 +37,9 @@ struct PopulationFigures {
 };
 
 /// `diversity` is that of the reference population; who is to be bred from is listed among those of `available`;
-/// `wants_ancestors`: see `describe_cohorts`.
+/// `wants_ancestors`: see `describe_cohorts`. Computes on so many threads.
 PopulationFigures compute_figures(const PopulationStore& store, const Diversity& diversity,
-                                  const AvailableAnimals& available = {}, bool wants_ancestors = false);
+                                  const AvailableAnimals& available = {}, bool wants_ancestors = false,
+                                  std::int32_t threads = 1);
 
 }  // namespace pedigreewatch

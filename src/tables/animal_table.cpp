@@ -25,11 +25,11 @@ struct ParentFigures {
   std::optional<float> increase;
 };
 
-/// What the rows are made from besides the store.
+/// What the rows are made from.
 struct AnimalRows {
   const PopulationStore& store;
   const AnimalFigures& figures;
-  ByNumber<std::int32_t> offspring, longest;
+  const ByNumber<std::int32_t>&offspring, &longest;
   ParentFigures last;  ///< of the animal at hand, or of one before it
 };
 
@@ -171,14 +171,17 @@ ByNumber<std::int32_t> longest_lines(const PopulationStore& store) {
 }
 
 void write_animals(const PopulationStore& store, const AnimalFigures& figures, TableWriter& writer) {
-  AnimalRows rows{store, figures, count_offspring(store), longest_lines(store), {}};
+  const ByNumber<std::int32_t> offspring = count_offspring(store), longest = longest_lines(store);
   for (const AnimalColumn& column : columns) add_text(writer, column.name);
   end_row(writer);
-  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
-    fetch_texts_early(store, i);
-    for (const AnimalColumn& column : columns) column.write(rows, i, writer);
-    end_row(writer);
-  }
+  write_many_rows(writer, {1, std::int64_t{store.animal_count} + 1}, [&](TableWriter& out, WorkPart part) {
+    AnimalRows rows{store, figures, offspring, longest, {}};
+    for (auto i = static_cast<std::int32_t>(part.begin); i < part.end; ++i) {
+      fetch_texts_early(store, i);
+      for (const AnimalColumn& column : columns) column.write(rows, i, out);
+      end_row(out);
+    }
+  });
 }
 
 }  // namespace pedigreewatch

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
 #include "core/memory_hints.h"
 #include "tables/animal_table.h"
@@ -107,14 +108,14 @@ void fetch_rows_early(const ListedPopulation& population, std::span<const std::i
 
 void write_animals(const ListedPopulation& population, std::span<const std::int32_t> positions,
                    std::span<const AnimalListColumn> columns, TableWriter& writer) {
-  ListedAnimal animal{population, 0, 0};
-  for (std::size_t row = 0; row < positions.size(); ++row) {
-    fetch_rows_early(population, positions, row);
-    animal.position = positions[row];
-    ++animal.rank;
-    for (const AnimalListColumn& column : columns) column.write(animal, writer);
-    end_row(writer);
-  }
+  write_many_rows(writer, {0, std::ssize(positions)}, [&](TableWriter& out, WorkPart rows) {
+    for (auto row = static_cast<std::size_t>(rows.begin); std::cmp_less(row, rows.end); ++row) {
+      fetch_rows_early(population, positions, row);
+      const ListedAnimal animal{population, positions[row], static_cast<std::int64_t>(row) + 1};
+      for (const AnimalListColumn& column : columns) column.write(animal, out);
+      end_row(out);
+    }
+  });
 }
 
 template <typename... Names>

@@ -16,6 +16,13 @@ namespace pedigreewatch {
 namespace {
 
 constexpr std::size_t piece_size = 1'000'000;
+constexpr std::int64_t rows_at_once = 4096;
+constexpr std::int32_t most_parts = 8;  // of rows that are in memory at once
+
+/// A writer of such a table whose bytes stay in its text.
+TableWriter part_of_table(const TableWriter& writer) {
+  return {.form = writer.form, .text = {}, .is_plain = writer.is_plain};
+}
 
 void begin_cell(TableWriter& writer) {
   if (writer.is_in_row) writer.text += separator_of(writer.form);
@@ -133,6 +140,32 @@ void flush(TableWriter& writer) {
   if (writer.file == nullptr) return;
   write_bytes(*writer.file, writer.text);
   writer.text.clear();
+}
+
+void write_many_rows(TableWriter& writer, WorkPart rows, const RowsWriter& write) {
+  const std::int64_t parts = std::clamp(writer.threads, 1, most_parts);
+  if (parts == 1 || writer.workbook != nullptr) return write(writer, rows);
+  std::vector<TableWriter> made, done;
+  for (std::vector<TableWriter>* const each : {&made, &done})
+    each->resize(static_cast<std::size_t>(parts), part_of_table(writer));
+  const auto hand_over = [&] {
+    for (TableWriter& part : done) {
+      writer.text += part.text;
+      part.text.clear();
+      if (writer.text.size() >= piece_size) flush(writer);
+    }
+  };
+  for (std::int64_t first = rows.begin; first < rows.end; first += parts * rows_at_once) {
+    std::vector<Task> tasks = {hand_over};
+    for (std::int64_t part = 0; part < parts; ++part) {
+      const std::int64_t begin = std::min(first + part * rows_at_once, rows.end);
+      const WorkPart own = {begin, std::min(begin + rows_at_once, rows.end)};
+      tasks.emplace_back([&write, own, &to = made[static_cast<std::size_t>(part)]] { write(to, own); });
+    }
+    do_side_by_side(tasks, writer.threads);
+    std::swap(made, done);
+  }
+  hand_over();
 }
 
 }  // namespace pedigreewatch

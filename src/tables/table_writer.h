@@ -6,12 +6,14 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
 
 #include "core/new_files.h"
+#include "core/side_by_side.h"
 #include "sheets/workbook_writer.h"
 
 namespace pedigreewatch {
@@ -45,6 +47,7 @@ struct TableWriter {
   std::string text;                    ///< what has not gone to the file yet
   bool is_in_row = false;              ///< the row at hand has a cell already
   bool is_plain = false;               ///< what begins like a formula is written as it is
+  std::int32_t threads = 1;            ///< that make rows at once where there are many; the bytes are the same
   RealTexts real_texts = {};
 };
 
@@ -67,5 +70,11 @@ void end_row(TableWriter& writer);
 
 /// Hands the rest to the file.
 void flush(TableWriter& writer);
+
+/// Writes rows `begin` to `end` of a table, which end with `end_row`.
+using RowsWriter = std::function<void(TableWriter& writer, WorkPart rows)>;
+
+/// Has rows written, many of them at once where there are threads, while those before them go to the file.
+void write_many_rows(TableWriter& writer, WorkPart rows, const RowsWriter& write);
 
 }  // namespace pedigreewatch

@@ -14,6 +14,8 @@
 #include "checks/finding_kinds.h"
 #include "control/check_setup.h"
 #include "control/steer_file.h"
+#include "core/memory_return.h"
+#include "core/side_by_side.h"
 #include "intake/said_values.h"
 #include "tools/current_date.h"
 #include "tools/folder_analysis.h"
@@ -158,6 +160,8 @@ std::optional<ToolRefusal> check_folder(const CheckOptions& options, ToolStreams
   if (std::optional<ToolRefusal> refusal = read_settings_of_folder(steer)) return refusal;
   const CalendarDate today = options.today ? *options.today : current_date();
   CheckSettings settings = make_check_settings(steer, lines_of_steer_file(steer_file_name), today);
+  take_memory_from_one_place();
+  settings.threads = threads_of_machine();
   bool is_outdated = false;
   settings.export_lines = export_lines_beside(std::string(steer.data_file_name.trimmed()), is_outdated);
   if (is_outdated) say(streams.console, changed_since, settings.language, {shown(steer.data_file_name.trimmed())});

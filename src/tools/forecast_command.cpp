@@ -8,11 +8,11 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <thread>
 #include <utility>
 #include <vector>
 
 #include "core/new_files.h"
+#include "core/side_by_side.h"
 #include "forecast/forecast.h"
 #include "forecast/forecast_summary.h"
 #include "forecast/forecast_words.h"
@@ -157,7 +157,7 @@ ForecastSettings settings_of(const ForecastOptions& options, const PopulationSto
   if (options.from) settings.years = std::max(1, last_full_year(store).value_or(last) - last);
   if (options.years) settings.years = *options.years;
   if (settings.threads == 0) {
-    settings.threads = static_cast<std::int32_t>(std::max(1U, std::thread::hardware_concurrency()));
+    settings.threads = threads_of_machine();
   }
   return settings;
 }

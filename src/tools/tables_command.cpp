@@ -15,6 +15,8 @@
 
 #include "control/population_standing.h"
 #include "control/steer_file.h"
+#include "core/memory_return.h"
+#include "core/side_by_side.h"
 #include "diversity/diversity.h"
 #include "diversity/figures.h"
 #include "diversity/founder_list.h"
@@ -167,6 +169,7 @@ bool write_file(const Tables& tables, std::string_view name, const std::string& 
   if (!begin_table_file(tables, std::string(name) + std::string(ending_of(tables.form)), files, problem)) return false;
   writer.file = &files.back().file;
   writer.is_plain = tables.is_plain;
+  writer.threads = threads_of_machine();
   write(writer);
   flush(writer);
   files.back().said.push_back(shown(files.back().name) + ": " + content);
@@ -298,6 +301,7 @@ EarlyCheck check_early(const SteerSettings& settings, ToolStreams& streams) {
   if (const std::optional<CheckResult> check = check_population(settings, streams, CheckScope::rates)) {
     early.faults = faults_of_verdict(*check);
   }
+  give_memory_back();
   return early;
 }
 
@@ -310,10 +314,17 @@ std::optional<ToolRefusal> make_tables(const FolderRun& run, const TablesOptions
   if (!options.takes_all_animals) {
     if (std::optional<ToolRefusal> refusal = read_available(run, available)) return refusal;
   }
-  const Standing standing = stand_of(run.population, options.standing, check.faults);
-  const Diversity diversity = compute_diversity(run.population.store, std::move(reference));
+  const std::int32_t threads = threads_of_machine();
+  give_memory_back();
+  Standing standing;
+  Diversity diversity;
+  const std::array<Task, 2> steps = {
+      [&] { standing = stand_of(run.population, options.standing, check.faults); },
+      [&] { diversity = compute_diversity(run.population.store, std::move(reference), threads); }};
+  do_side_by_side(steps, threads);
+  give_memory_back();
   const PopulationFigures figures =
-      compute_figures(run.population.store, diversity, available, options.wants_ancestors);
+      compute_figures(run.population.store, diversity, available, options.wants_ancestors, threads);
   Tables tables{run, diversity, standing, figures, options.form, options.wants_founders, options.is_plain};
   return write_tables(tables, options);
 }
@@ -332,6 +343,8 @@ int run_tables(std::span<const std::string_view> arguments, ToolStreams& streams
     problem = "--csv and --workbook: only one of them can be given";
   }
   EarlyCheck check;
+  take_memory_from_one_place();
+  give_large_blocks_back();
   return run_in_folder(
       "tables", problem, streams, [&](FolderRun& run) { return make_tables(run, options, check); },
       FolderUse::subpopulations_too, [&](const SteerSettings& settings) { check = check_early(settings, streams); });

@@ -23,7 +23,7 @@ bool is_read_up_to(std::int64_t last_line) {
   FileSurvey survey;
   Findings findings;
   ProgressLine unwatched;
-  return read_animals(data, plan, animals, survey, findings, unwatched);
+  return read_animals({data, unwatched}, plan, animals, survey, findings);
 }
 
 TEST(ReadAnimals, LinesHaveEightDigitsAtMost) {

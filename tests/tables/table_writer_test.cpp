@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -96,6 +98,40 @@ TEST(TableWriter, CellsOfAWorkbookAreTextsNumbersAndDays) {
                        "<c r=\"F2\"><v>0.5</v></c></row>"),
             std::string::npos)
       << sheet;
+}
+
+/// Rows of their number and what it is divided by 7, which threads write.
+std::string many_rows(std::int64_t count, std::int32_t threads) {
+  TableWriter writer;
+  writer.threads = threads;
+  add_text(writer, "number");
+  end_row(writer);
+  write_many_rows(writer, {0, count}, [](TableWriter& out, WorkPart rows) {
+    for (std::int64_t row = rows.begin; row < rows.end; ++row) {
+      add_integer(out, row);
+      add_real(out, static_cast<float>(row) / 7.0F);
+      end_row(out);
+    }
+  });
+  return writer.text;
+}
+
+TEST(WriteManyRows, WritesThemInOrderWithAnyNumberOfThreads) {
+  EXPECT_EQ(many_rows(2, 4), "number\n0\t0\n1\t0.14285715\n");
+  for (const std::int64_t count : {0, 1, 4095, 4096, 4097, 8192, 40'000}) {
+    const std::string alone = many_rows(count, 1);
+    EXPECT_EQ(std::count(alone.begin(), alone.end(), '\n'), count + 1);
+    for (const std::int32_t threads : {2, 4, 100}) EXPECT_EQ(many_rows(count, threads), alone) << count;
+  }
+}
+
+TEST(WriteManyRows, WhatAThreadThrowsReachesTheCaller) {
+  TableWriter writer;
+  writer.threads = 2;
+  const auto write = [](TableWriter&, WorkPart rows) {
+    if (rows.end > 8'000) throw std::bad_alloc();
+  };
+  EXPECT_THROW(write_many_rows(writer, {0, 20'000}, write), std::bad_alloc);
 }
 
 }  // namespace
