@@ -30,6 +30,24 @@ TEST(FindMeantParents, ALitterMateTellsANumberInARow) {
                 "43|4|201|parent-one-letter|W|Father \"1055\" (1 young) has no line; is \"105\" (line 7) meant?"});
 }
 
+// HS-1100 is one digit from HS-1200 and from HS-1300. The ewe had three litters by the one; her twin of this litter has
+// the other, and twins hardly ever have two fathers.
+TEST(FindMeantParents, ATwinTellsMoreThanEarlierLittersOfTheSameEwe) {
+  std::string data =
+      "id;sex;birthdate;sire;dam\nHS-1200;m;01-02-1999;;\nHS-1300;m;01-02-1999;;\nHS-4711;f;01-02-1999;;\n";
+  for (int k = 0; k < 6; ++k) {
+    const std::string number = std::to_string(k), year = std::to_string(2001 + k / 2);
+    data.append("HS-50").append(number).append(";m;05-06-").append(year).append(";HS-1300;HS-4711\n");
+  }
+  data += "HS-60;m;05-06-2004;HS-1200;HS-4711\nHS-61;m;05-06-2004;HS-1100;HS-4711\n";
+  const CheckResult result = checked_sheep(data);
+  ASSERT_EQ(count_of(result, FindingCode::parent_one_letter), 1);
+  for (const Finding& finding : result.findings.list) {
+    if (finding.code != FindingCode::parent_one_letter) continue;
+    EXPECT_EQ(result.findings.texts.at(finding.other_text), "HS-1200");
+  }
+}
+
 TEST(FindMeantParents, WithoutLitterMatesSeveralNumbersAreEquallyGood) {
   const CheckResult result = checked_sheep(herd_of_numbers("", "10"));
   EXPECT_EQ(count_of(result, FindingCode::parent_one_letter), 0);

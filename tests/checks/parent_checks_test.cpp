@@ -41,6 +41,20 @@ TEST(CheckMissingParents, AWordWithoutADigitIsPerhapsUnknown) {
   EXPECT_EQ(found(5, "Hok7"), 0);
 }
 
+TEST(CheckMissingParents, WhereOneAnimalInTwentyHasANameForAnIdAWordIsNoneAnyMore) {
+  const auto found = [](int names) {
+    std::string data = head;
+    for (int k = 0; k < 20; ++k) {
+      data.append(k < names ? "Rex" : "c0")
+          .append(k < names ? std::string(static_cast<std::size_t>(k) + 1, 'x') : std::to_string(k));
+      data.append(";m;01-06-2002;").append(k >= 15 ? "Hok" : "").append(";\n");
+    }
+    return count_of(checked_sheep(data), FindingCode::unknown_perhaps);
+  };
+  EXPECT_EQ(found(1), 1);
+  EXPECT_EQ(found(2), 0);
+}
+
 TEST(CheckFounders, LateIsBehindTheMiddleYear) {
   // Half of the five dated animals are born up to 2001.
   const auto of_year = [](const std::string& year) {
