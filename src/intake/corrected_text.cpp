@@ -6,6 +6,7 @@
 #include <array>
 #include <optional>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 #include "intake/export_survey.h"
@@ -16,6 +17,12 @@ namespace {
 /// The corrections of an animal, and who has taken the place of another, by identification.
 using PlacesOfId = std::unordered_map<std::string, std::vector<std::size_t>>;
 
+/// Where one animal that is given up for another leads.
+struct Lead {
+  bool is_known = false, is_on_path = false;
+  std::optional<std::string> to;  ///< the identification of the animal that stays; nothing when there is none
+};
+
 struct Corrector {
   std::span<const Correction> corrections;
   const ColumnChoice& columns;
@@ -23,6 +30,7 @@ struct Corrector {
   std::unordered_map<std::string, std::size_t> same_as;  ///< by the identification that is given up
   std::vector<CorrectionOutcome> outcomes;
   const LineAnimal* animal = nullptr;  ///< of a line with several, the one at hand
+  std::vector<Lead> leads = {};        ///< by correction; empty while only the other corrections are made
 };
 
 /// A record on its way: its fields, and whether they are still those of the export.
@@ -149,6 +157,13 @@ void leave_out(Corrector& corrector, std::size_t k, ChangingRecord& record) {
   note(corrector.outcomes[k], CorrectionFate::applied, record.line, {});
 }
 
+/// The line of an animal that is another one.
+void give_up(Corrector& corrector, std::size_t k, ChangingRecord& record) {
+  if (corrector.leads.empty()) return;
+  if (corrector.leads[corrector.same_as.at(corrector.corrections[k].id)].to) return leave_out(corrector, k, record);
+  note(corrector.outcomes[k], CorrectionFate::no_other, record.line, {});
+}
+
 /// The corrections of the animal itself, in their order; one of its identification leads on to those of the new one.
 void correct_animal(Corrector& corrector, ChangingRecord& record) {
   std::size_t next = 0;
@@ -162,8 +177,10 @@ void correct_animal(Corrector& corrector, ChangingRecord& record) {
       next = k + 1;
       if (corrector.corrections[k].kind == CorrectionKind::value) {
         apply_value(corrector, k, record);
-      } else {
+      } else if (corrector.corrections[k].kind == CorrectionKind::leave_out) {
         leave_out(corrector, k, record);
+      } else {
+        give_up(corrector, k, record);
       }
       has_new_id = id_of(corrector, record) != id;
     }
@@ -188,8 +205,82 @@ void correct_parents(Corrector& corrector, ChangingRecord& record) {
     if (!place) continue;
     const auto found = corrector.same_as.find(text_at(record, *place));
     if (found == corrector.same_as.end()) continue;
-    set_field(record, *place, corrector.corrections[found->second].becomes);
+    const std::optional<std::string>& to = corrector.leads[found->second].to;
+    if (!to) {
+      note(corrector.outcomes[found->second], CorrectionFate::no_other, record.line, {});
+      continue;
+    }
+    set_field(record, *place, *to);
     note(corrector.outcomes[found->second], CorrectionFate::applied, record.line, {});
+  }
+}
+
+/// The identifications as they are once the other corrections are made.
+struct IdsBehind {
+  std::unordered_set<std::string> standing;
+  std::unordered_map<std::string, std::string> renamed;
+
+  /// What this identification is then, where a line has it.
+  std::optional<std::string> standing_as(const std::string& id) const {
+    const auto found = renamed.find(id);
+    const std::string& now = found == renamed.end() || standing.contains(id) ? id : found->second;
+    return standing.contains(now) ? std::optional(now) : std::nullopt;
+  }
+};
+
+IdsBehind ids_behind(Corrector corrector, std::string_view text, char delimiter) {
+  IdsBehind ids;
+  RecordReader reader = read_records(text, delimiter);
+  ExportRecord record;
+  const auto look_at = [&](ChangingRecord& changing) {
+    const std::string before = id_of(corrector, changing);
+    correct_animal(corrector, changing);
+    const std::string now = id_of(corrector, changing);
+    if (now.empty() || changing.is_left_out) return;
+    ids.standing.insert(now);
+    if (now != before) ids.renamed.emplace(before, now);
+  };
+  while (next_record(reader, record)) {
+    if (record.fields.size() > most_fields) continue;
+    ChangingRecord changing = {{record.fields.begin(), record.fields.end()}, record.line};
+    if (corrector.columns.animals_of_line.empty()) look_at(changing);
+    for (const LineAnimal& animal : corrector.columns.animals_of_line) {
+      corrector.animal = &animal;
+      look_at(changing);
+    }
+  }
+  return ids;
+}
+
+/// Finds who stays of animals that are the same as each other, from one on: the last that has a line. Those that lead
+/// back to themselves stay what they are.
+void lead_on(Corrector& corrector, const IdsBehind& ids, std::size_t k) {
+  std::vector<std::size_t> path;
+  std::string end;
+  bool is_ring = false;
+  while (true) {
+    Lead& lead = corrector.leads[k];
+    is_ring = lead.is_on_path && !lead.is_known;
+    if (lead.is_known || is_ring) {
+      end = lead.to.value_or(corrector.corrections[k].id);
+      break;
+    }
+    lead.is_on_path = true;
+    path.push_back(k);
+    end = corrector.corrections[k].becomes;
+    const auto next = corrector.same_as.find(end);
+    if (next == corrector.same_as.end()) break;
+    k = next->second;
+  }
+  for (bool is_open = is_ring; is_open; path.pop_back()) {
+    corrector.leads[path.back()].is_known = true;
+    is_open = path.back() != k;
+  }
+  for (; !path.empty(); path.pop_back()) {
+    Lead& lead = corrector.leads[path.back()];
+    lead.is_known = true;
+    lead.to = ids.standing_as(end);
+    if (!lead.to) end = corrector.corrections[path.back()].id;
   }
 }
 
@@ -253,6 +344,11 @@ std::vector<CorrectionOutcome> apply_corrections(std::string& text, char delimit
                                                  std::span<const Correction> corrections) {
   if (corrections.empty()) return {};
   Corrector corrector = make_corrector(corrections, columns);
+  if (!corrector.same_as.empty()) {
+    const IdsBehind ids = ids_behind(corrector, text, delimiter);
+    corrector.leads.resize(corrections.size());
+    for (const auto& [id, k] : corrector.same_as) lead_on(corrector, ids, k);
+  }
   RecordReader reader = read_records(text, delimiter);
   ExportRecord record;
   std::string corrected;

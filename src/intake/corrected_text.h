@@ -19,6 +19,7 @@ enum class CorrectionFate : std::uint8_t {
   differs,     ///< something else stands there now
   no_animal,   ///< no line has the identification
   no_column,   ///< the export has no column for the field
+  no_other,    ///< the animal that it shall be has no line, or is in the end the animal itself
 };
 
 /// What became of a correction.

@@ -18,6 +18,9 @@ constexpr Wording no_animal_text = {"{1}, {2}: the export has no line of this an
                                     "{1}, {2}: de export heeft geen regel van dit dier; niet gecorrigeerd"};
 constexpr Wording no_column_text = {"{1}, {2}: the export has no column for this; not corrected",
                                     "{1}, {2}: de export heeft hier geen kolom voor; niet gecorrigeerd"};
+constexpr Wording no_other_text = {
+    "{1}: {2} is no other animal with a line of its own, or leads back to it; nothing was changed",
+    "{1}: {2} is geen ander dier met een eigen regel, of leidt terug naar dit dier; er is niets veranderd"};
 constexpr Wording unknown_field_text = {
     "{1}, line {2}: {3} is no field; expected was id, name, sire, dam, sex, birthdate, colour, breeder, subpopulation, "
     "import, \"leave out\" or \"same as\"",
@@ -60,6 +63,7 @@ std::string outcome_sentence(const Correction& correction, const CorrectionOutco
       return phrase(differs_text, language, {id, field, in_quotes(correction.was), in_quotes(outcome.now), line});
     case CorrectionFate::no_animal: return phrase(no_animal_text, language, {id, field});
     case CorrectionFate::no_column: return phrase(no_column_text, language, {id, field});
+    case CorrectionFate::no_other: return phrase(no_other_text, language, {id, in_quotes(correction.becomes)});
     default: return {};
   }
 }

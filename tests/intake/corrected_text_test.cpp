@@ -36,6 +36,10 @@ Correction value(std::string id, FieldCode field, std::string was, std::string b
   return {std::move(id), CorrectionKind::value, field, std::move(was), std::move(becomes), "", ""};
 }
 
+Correction same_as(std::string id, std::string other) {
+  return {std::move(id), CorrectionKind::same_as, unused_column, "", std::move(other), "", ""};
+}
+
 TEST(CorrectedText, ChangesTheFieldAndNothingElse) {
   const Corrected result = corrected({value("C", birthdate_column, "1890", "1980")});
   EXPECT_EQ(result.text, "id;sire;dam;born\r\nA;;;2000\r\nB; ;;2001\r\n\r\nC;A;B;1980\r\nD;A;B;2003\r\n");
@@ -92,9 +96,42 @@ TEST(CorrectedText, OfTwoLinesWithOneIdentificationTheOneThatFitsIsChanged) {
 }
 
 TEST(CorrectedText, AnAnimalThatIsAnotherOneHandsItsOffspringOver) {
-  const Corrected result = corrected({{"A", CorrectionKind::same_as, unused_column, "", "Z", "", ""}});
-  EXPECT_EQ(result.text, "id;sire;dam;born\r\n\nB; ;;2001\r\n\r\nC;Z;B;1890\r\nD;Z;B;2003\r\n");
+  const Corrected result = corrected({same_as("A", "Z")}, herd + "Z;;;1999\r\n");
+  EXPECT_EQ(result.text, "id;sire;dam;born\r\n\nB; ;;2001\r\n\r\nC;Z;B;1890\r\nD;Z;B;2003\r\nZ;;;1999\r\n");
   EXPECT_EQ(result.outcomes[0].fate, CorrectionFate::applied);
+}
+
+// One animal under three identifications, and the last of them with a new one.
+TEST(CorrectedText, OfSeveralThatAreTheSameTheLastStays) {
+  const std::string text = "id;sire\nA;\nB;\nC;\nX;A\nY;B\nZ;C\n";
+  const std::string one = "id;sire\n\n\nC;\nX;C\nY;C\nZ;C\n";
+  EXPECT_EQ(corrected({same_as("A", "B"), same_as("B", "C")}, text).text, one);
+  EXPECT_EQ(corrected({same_as("B", "C"), same_as("A", "B")}, text).text, one);
+  const std::string renamed = "id;sire\nA;\n\nC1;\nX;A\nY;C1\nZ;C\n";
+  EXPECT_EQ(corrected({same_as("B", "C"), value("C", id_column, "C", "C1")}, text).text, renamed);
+  EXPECT_EQ(corrected({value("C", id_column, "C", "C1"), same_as("B", "C")}, text).text, renamed);
+}
+
+TEST(CorrectedText, WhoIsTheSameAsNobodyStays) {
+  const std::string text = "id;sire\nA;\nB;\nC;\nX;A\nY;B\nZ;C\n";
+  const auto fates = [&](const std::vector<Correction>& corrections, const std::string& expected) {
+    const Corrected result = corrected(corrections, text);
+    EXPECT_EQ(result.text, expected);
+    std::string told;
+    for (const CorrectionOutcome& outcome : result.outcomes) {
+      told += outcome.fate == CorrectionFate::applied ? "+" : outcome.fate == CorrectionFate::no_other ? "-" : "?";
+    }
+    return told;
+  };
+  EXPECT_EQ(fates({same_as("A", "A")}, text), "-");
+  EXPECT_EQ(fates({same_as("A", "Q")}, text), "-");
+  EXPECT_EQ(fates({same_as("A", "")}, text), "-");
+  EXPECT_EQ(fates({same_as("A", "B"), same_as("B", "A")}, text), "--");
+  const std::string a_is_b = "id;sire\n\nB;\nC;\nX;B\nY;B\nZ;C\n";
+  EXPECT_EQ(fates({same_as("A", "B"), same_as("B", "Q")}, a_is_b), "+-");
+  EXPECT_EQ(fates({same_as("A", "B"), same_as("B", "C"), same_as("C", "B")}, a_is_b), "+--");
+  const Correction gone = {"B", CorrectionKind::leave_out, unused_column, "", "", "", ""};
+  EXPECT_EQ(fates({gone, same_as("A", "B")}, "id;sire\nA;\n\nC;\nX;A\nY;B\nZ;C\n"), "+-");
 }
 
 TEST(CorrectedText, FollowsANewIdentification) {
