@@ -7,6 +7,7 @@
 #include "support/pedigrees.h"
 #include "support/program_run.h"
 #include "support/read_table.h"
+#include "support/sanitizers.h"
 #include "support/steer_lines.h"
 
 namespace pedigreewatch::test {
@@ -41,6 +42,21 @@ WholeRun forecast(const std::string& data, std::vector<std::string> options, con
   files.insert(more.begin(), more.end());
   options.insert(options.begin(), "forecast");
   return run_program_on(files, tools_with(options));
+}
+
+TEST(ForecastRun, LittleMemoryEndsInAMessageOrAForecast) {
+  if (has_address_sanitizer) GTEST_SKIP() << "the address sanitizer needs more room than such a limit leaves";
+  const RunFolder folder(files_of(herd(10), SteerLines{.language = "en"}));
+  int finished = 0;
+  for (std::uint64_t megabytes = 14; megabytes <= 80; megabytes += 3) {
+    ProgramStart start = tools_with({"forecast", "--years", "3", "--replicates", "4"});
+    start.limits.memory_bytes = megabytes * 1024 * 1024;
+    const WholeRun run = run_program_in(folder, start);
+    EXPECT_TRUE(run.exit_status == 0 || run.exit_status == 1) << megabytes << ": " << run.messages;
+    EXPECT_FALSE(has(run.messages, "terminate")) << run.messages;
+    finished += run.exit_status == 0 ? 1 : 0;
+  }
+  EXPECT_GT(finished, 2);
 }
 
 TEST(ForecastRun, WritesAYearALine) {

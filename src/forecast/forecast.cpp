@@ -9,6 +9,8 @@
 #include <exception>
 #include <memory>
 #include <mutex>
+#include <new>
+#include <system_error>
 #include <thread>
 
 namespace pedigreewatch {
@@ -77,10 +79,18 @@ void run_thread(ReplicateWork& work) {
 void run_threads(ReplicateWork& work, const ForecastProgress& progress) {
   constexpr auto pause = std::chrono::milliseconds(20);
   std::vector<std::thread> threads;
-  for (std::int32_t k = 0; k < work.settings.threads; ++k) {
-    ++work.running;
-    threads.emplace_back(run_thread, std::ref(work));
+  threads.reserve(static_cast<std::size_t>(work.settings.threads));
+  try {
+    for (std::int32_t k = 0; k < work.settings.threads; ++k) {
+      ++work.running;
+      threads.emplace_back(run_thread, std::ref(work));
+    }
+  } catch (const std::system_error&) {  // the system has no more
+    --work.running;
+  } catch (const std::bad_alloc&) {  // nor memory for one
+    --work.running;
   }
+  if (threads.empty()) return run_replicates(work, progress);
   while (work.running > 0) {
     std::this_thread::sleep_for(pause);
     tell(work, progress);
