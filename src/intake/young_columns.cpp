@@ -119,6 +119,8 @@ bool are_ids(const GroupTexts& texts) {
 
 /// Of the parents in a group at least this share stands behind its first column.
 constexpr std::int64_t share_behind_first = 5;
+/// Where second young are rare, so many parents that stand behind the first column alone are asked about.
+constexpr std::int64_t fewest_behind_first = 2;
 /// The parents in a group are so many times those in the column of the id.
 constexpr std::int64_t times_those_of_id = 3;
 
@@ -129,10 +131,11 @@ YoungEvidence judge(const ColumnGroup& group, const GroupTexts& texts, std::int6
   if (texts.parents < times_those_of_id * parents_in_id) return YoungEvidence::none;
   const bool hold_parents = texts.parents >= fewest_judged_parents;
   if (group.names_young) return hold_parents ? YoungEvidence::certain : YoungEvidence::open;
-  const bool are_spread = (texts.parents - texts.in_first) * share_behind_first >= texts.parents;
-  if (!hold_parents || !are_spread) return YoungEvidence::none;
+  const std::int64_t behind_first = texts.parents - texts.in_first;
+  if (!hold_parents || behind_first < fewest_behind_first) return YoungEvidence::none;
+  const bool are_spread = behind_first * share_behind_first >= texts.parents;
   // Two numbers of one animal may both be used for parents.
-  return group.places.size() > 2 ? YoungEvidence::certain : YoungEvidence::open;
+  return are_spread && group.places.size() > 2 ? YoungEvidence::certain : YoungEvidence::open;
 }
 
 void leave_out_questions_of_id(ColumnChoice& columns) {

@@ -169,7 +169,17 @@ TEST(FindYoung, UnderOtherHeadingsAFifthOfTheParentsStandsBehindTheFirstColumn) 
                        "Code");
   };
   EXPECT_EQ(with(8, 2), "certain");
-  EXPECT_EQ(with(9, 2), "no");
+  EXPECT_EQ(with(9, 2), "open");
+}
+
+TEST(FindYoung, TwoParentsBehindTheFirstColumnAreAskedAbout) {
+  const auto with = [](std::uint32_t behind) {
+    return evidence_in({profile_of({1, 20}), profile_of({101, behind}), profile_of({900, 9}), profile_of({1, 60}),
+                        profile_of({101, 3})},
+                       "Code");
+  };
+  EXPECT_EQ(with(2), "open");
+  EXPECT_EQ(with(1), "no");
 }
 
 TEST(ChooseYoung, TakesTheColumnsThatHoldTheParents) {
@@ -200,6 +210,35 @@ TEST(ChooseYoung, TwoNumbersOfAnAnimalAreAskedAbout) {
   const Chosen chosen = choose(litters("Litter;Sire;Dam;Born;Code 1;Sex 1;Code 2;Sex 2", 40));
   ASSERT_EQ(chosen.young.questions.size(), 1U);
   EXPECT_EQ(chosen.young.questions.front().kind, QuestionKind::young_unclear);
+}
+
+/// Animals of which a few have a second number; the second number of animal 3 is a mother's, and of animal 5 another's.
+std::string rare_second_numbers(const std::string& second_of_5) {
+  std::string text = "Sire;Dam;Born;Code 1;Code 2;Sex\n";
+  for (int k = 0; k < 60; ++k) {
+    const std::string sire = k < 20 ? "" : "a" + std::to_string(k - 20);
+    const std::string dam = k == 40 ? "t3" : k == 41 ? "t5" : "";
+    const std::string second = k == 3 ? "t3" : k == 5 ? second_of_5 : k == 9 ? "t9" : "";
+    text += sire + ";" + dam + ";2001;a" + std::to_string(k) + ";" + second + ";f\n";
+  }
+  return text;
+}
+
+TEST(ChooseYoung, RareSecondYoungThatAreParentsAreAskedAbout) {
+  const Chosen chosen = choose(rare_second_numbers("t5"));
+  ASSERT_EQ(chosen.young.questions.size(), 1U);
+  EXPECT_EQ(chosen.young.questions.front().kind, QuestionKind::young_unclear);
+  EXPECT_EQ(chosen.young.questions.front().answers.front().value, "4,5");
+  EXPECT_TRUE(choose(rare_second_numbers("t6")).young.ids.empty());
+}
+
+TEST(ChooseYoung, NumbersThatAreNoParentsAreNotAskedAbout) {
+  std::string text = "Sire;Dam;Born;Code 1;Code 2;Sex\n";
+  for (int k = 0; k < 60; ++k) {
+    const std::string sire = k < 20 ? "" : "a" + std::to_string(k - 20);
+    text += sire + ";;2001;a" + std::to_string(k) + ";eartag" + std::to_string(k) + ";f\n";
+  }
+  EXPECT_TRUE(choose(text).young.ids.empty());
 }
 
 TEST(ChooseYoung, NotWhereAnotherColumnHoldsTheParents) {
