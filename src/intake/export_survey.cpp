@@ -117,6 +117,32 @@ void survey_form(ExportSurvey& survey, const ExportRecord& record, std::size_t c
             count > most_fields ? "> " + std::to_string(most_fields) : std::to_string(count), most_told_lines);
 }
 
+/// Whether a text in quotation marks holds as many delimiters as the lines that end in it, or a whole line: two stray
+/// quotation marks have made one text of what stands between them.
+bool holds_lines(std::string_view text, char delimiter, std::int64_t delimiters_of_line) {
+  const char line_end = text.find('\n') == std::string_view::npos ? '\r' : '\n';
+  std::int64_t line_ends = 0, delimiters = 0, before_line = 0;
+  for (const char byte : text) {
+    delimiters += byte == delimiter ? 1 : 0;
+    if (byte != line_end) continue;
+    if (line_ends > 0 && delimiters - before_line >= delimiters_of_line) return true;
+    ++line_ends;
+    before_line = delimiters;
+  }
+  return line_ends > 0 && delimiters >= line_ends * delimiters_of_line;
+}
+
+/// Notes where quotation marks have swallowed lines, as if they were never closed.
+void survey_swallowed_lines(ExportSurvey& survey, const ExportRecord& record, char delimiter,
+                            std::size_t column_count) {
+  if (record.line_count == 1 || record.is_further || record.is_unterminated || column_count < 2) return;
+  const auto delimiters = static_cast<std::int64_t>(column_count) - 1;
+  const bool are_swallowed = std::any_of(record.fields.begin(), record.fields.end(), [&](std::string_view field) {
+    return holds_lines(field, delimiter, delimiters);
+  });
+  if (are_swallowed && survey.unterminated_line == 0) survey.unterminated_line = record.line;
+}
+
 /// Whether a record has the fields of two lines whose line end was lost; the one between them is of both.
 bool holds_two_lines(const ExportRecord& record, std::size_t column_count) {
   return column_count > 1 && record.fields.size() >= 2 * column_count - 1;
@@ -187,6 +213,7 @@ ExportSurvey survey_export(std::string_view text, char delimiter, const ColumnCh
   std::int64_t data_line = columns.has_header ? 1 : 0;
   while (next_record(reader, record)) {
     count_progress(progress, record.line);
+    survey_swallowed_lines(survey, record, delimiter, columns.headings.size());
     if (const RecordKind kind = kind_of_record(record, columns); kind != RecordKind::animal) {
       if (!record.is_further) note_line_without_animal(survey, kind, record);
       continue;
