@@ -147,6 +147,29 @@ TEST(AvailableRuns, ListsTakeOnlyThose) {
   EXPECT_FALSE(has(run_tool_on(files, {"page", "--all-animals"}).file("herd.html"), only));
 }
 
+TEST(AvailableRuns, SiresThatHaveGoneAreNotToBeUsedLess) {
+  // Rex has all young of the five years.
+  Files files = prepared_herd().files;
+  const std::string use_less = "Use more sires, and these less", none = "is still there.";
+  const std::string there = run_tool_on(files, {"page"}).file("herd.html");
+  EXPECT_TRUE(has(there, use_less));
+  EXPECT_FALSE(has(there, none));
+  const std::string row = "\noverused_sire_1\trex\t", gone = "\noverused_sires_gone\t1\t";
+  const std::string table = run_tool_on(files, {"tables"}).file("herd_standing.tsv");
+  EXPECT_TRUE(has(table, row)) << table;
+  EXPECT_FALSE(has(table, gone)) << table;
+  files["herd_available.txt"] = "saar\nsven\npuck\n";
+  const std::string page = run_tool_on(files, {"page"}).file("herd.html");
+  EXPECT_FALSE(has(page, use_less));
+  EXPECT_TRUE(has(page, "None of the sires with more than 5"));
+  EXPECT_TRUE(has(page, none));
+  const std::string told = run_tool_on(files, {"tables"}).file("herd_standing.tsv");
+  EXPECT_FALSE(has(told, row)) << told;
+  EXPECT_TRUE(has(told, gone)) << told;
+  EXPECT_TRUE(has(run_tool_on(files, {"page", "--all-animals"}).file("herd.html"), use_less));
+  EXPECT_EQ(run_tool_on(files, {"tables", "--all-animals"}).file("herd_standing.tsv"), table);
+}
+
 TEST(AvailableRuns, PlansTakeOnlyThose) {
   const Files files = prepared_herd().files;
   const WholeRun run = run_tool_on(files, {"plan", "--years", "2", "--matings", "1"});

@@ -35,13 +35,15 @@ VerdictFaults faults_of_verdict(const CheckResult& check) {
   return faults;
 }
 
-Standing stand_of(const AnalysedPopulation& population, const StandingSettings& settings, const VerdictFaults& faults) {
+Standing stand_of(const AnalysedPopulation& population, const StandingSettings& settings, const VerdictFaults& faults,
+                  const AvailableAnimals& available) {
   const double interval = static_cast<double>(population.analysis.whole.interval.generation_interval);
-  return compute_standing(population.store, interval, settings, faults);
+  return compute_standing(population.store, interval, settings, faults, available);
 }
 
-Standing stand_of(const AnalysedPopulation& population, const StandingSettings& settings, const CheckResult* check) {
-  return stand_of(population, settings, check == nullptr ? VerdictFaults() : faults_of_verdict(*check));
+Standing stand_of(const AnalysedPopulation& population, const StandingSettings& settings, const CheckResult* check,
+                  const AvailableAnimals& available) {
+  return stand_of(population, settings, check == nullptr ? VerdictFaults() : faults_of_verdict(*check), available);
 }
 
 }  // namespace pedigreewatch

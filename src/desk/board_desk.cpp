@@ -54,7 +54,8 @@ std::string set_board(Desk& desk, const BoardTexts& texts) {
 
 void judge_results(Desk& desk) {
   if (!desk.results) return;
-  desk.results->standing = stand_of(desk.results->population, desk.board, desk.check ? &*desk.check : nullptr);
+  DeskResults& results = *desk.results;
+  results.standing = stand_of(results.population, desk.board, desk.check ? &*desk.check : nullptr, results.available);
 }
 
 std::string standing_table(const Desk& desk) {

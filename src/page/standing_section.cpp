@@ -48,6 +48,13 @@ constexpr Wording rest_sires = {"Use these sires less", "Gebruik deze vaders min
 constexpr Wording more_sires = {"Use more sires, and these less", "Gebruik meer vaders, en deze minder"};
 constexpr Wording rest_text = {"Each has more than {1} of the young of {2}\xE2\x80\x93{3}, {4}.",
                                "Elk heeft meer dan {1} van de jongen van {2}\xE2\x80\x93{3}, {4}."};
+constexpr Wording let_no_sire = {"Let no sire have so many young again", "Geef geen vader weer zo veel jongen"};
+constexpr Wording other_sires = {"Use more sires", "Gebruik meer vaders"};
+constexpr Wording none_there = {
+    "None of the sires with more than {1} of the young of {2}\xE2\x80\x93{3}, {4}, is still there.",
+    "Geen van de vaders met meer dan {1} van de jongen van {2}\xE2\x80\x93{3}, {4}, is er nog."};
+constexpr Wording gone_sires = {"Others above it that are no longer there: {1}.",
+                                "Andere erboven die er niet meer zijn: {1}."};
 constexpr Wording own_limit = {"your limit", "uw grens"};
 constexpr Wording taken_limit = {"the limit taken when you give none", "de grens als u er geen geeft"};
 constexpr Wording too_few_sires = {"With {1} sires the limit cannot be kept: {2} at least are needed.",
@@ -75,6 +82,9 @@ constexpr Wording founders_none_rare = {
 constexpr Wording no_line_found = {
     "Among the animals least related to the others no line was found that is nearly lost.",
     "Onder de dieren die het minst verwant zijn is geen lijn gevonden die bijna weg is."};
+constexpr Wording no_line_there = {
+    "Among the animals that are still there and least related to the others no line was found that is nearly lost.",
+    "Onder de dieren die er nog zijn en het minst verwant zijn is geen lijn gevonden die bijna weg is."};
 constexpr Wording if_import = {
     "An unrelated sire with {1} of the young would bring the F of chance pairs from {2} to {3}.",
     "Een onverwante vader met {1} van de jongen zou de F van toevallige paren van {2} op {3} brengen."};
@@ -226,21 +236,14 @@ void open_action(std::string& page, const std::string& title, const std::string&
   page += "<li><strong>" + in_element(title) + "</strong> " + in_element(text);
 }
 
-void write_sires_to_rest(std::string& page, const PageFrame& frame, const Standing& standing) {
+void write_named_sires(std::string& page, const PageFrame& frame, const Standing& standing) {
   constexpr std::size_t most_named = 5;
   const ToolLanguage language = frame.language;
-  const StandingSettings& settings = standing.settings;
-  const std::size_t sires_needed = static_cast<std::size_t>(std::ceil(1.0 / settings.most_sire_share));
-  const bool can_be_kept = standing.sires.parents.size() >= sires_needed;
-  open_action(page, frame.text(can_be_kept ? rest_sires : more_sires),
-              phrase(rest_text, language,
-                     {limit_text(settings.most_sire_share, language), years_of(standing.years.recent_first),
-                      years_of(standing.years.last),
-                      words_of(settings.is_sire_share_given ? own_limit : taken_limit, language)}));
+  const std::size_t count = standing.sires_to_rest.size();
+  if (count == 0) return;
   page += "<table><tbody>";
-  const std::size_t count = static_cast<std::size_t>(standing.overused_sires);
   for (std::size_t i = 0; i < std::min(most_named, count); ++i) {
-    const ParentShare& sire = standing.sires.parents[i];
+    const ParentShare& sire = standing.sires_to_rest[i];
     const AnimalWords words = words_of_animal(frame, sire.parent);
     page += "<tr><th scope=\"row\">" + isolated(words.name) + "</th><td>" + isolated(words.id) + "</td><td>" +
             percent_text(sire.share, language) + "</td></tr>";
@@ -249,6 +252,25 @@ void write_sires_to_rest(std::string& page, const PageFrame& frame, const Standi
   if (count > most_named) {
     page += "<p class=\"s\">" + in_element(phrase(and_more, language, {std::to_string(count - most_named)})) + "</p>";
   }
+  if (const std::int64_t gone = standing.overused_sires_gone(); gone > 0) {
+    page += "<p class=\"s\">" + in_element(phrase(gone_sires, language, {std::to_string(gone)})) + "</p>";
+  }
+}
+
+void write_sires_to_rest(std::string& page, const PageFrame& frame, const Standing& standing) {
+  const ToolLanguage language = frame.language;
+  const StandingSettings& settings = standing.settings;
+  const std::size_t sires_needed = static_cast<std::size_t>(std::ceil(1.0 / settings.most_sire_share));
+  const bool can_be_kept = standing.sires.parents.size() >= sires_needed;
+  const bool are_there = !standing.sires_to_rest.empty();
+  const Wording& title =
+      are_there ? (can_be_kept ? rest_sires : more_sires) : (can_be_kept ? let_no_sire : other_sires);
+  open_action(page, frame.text(title),
+              phrase(are_there ? rest_text : none_there, language,
+                     {limit_text(settings.most_sire_share, language), years_of(standing.years.recent_first),
+                      years_of(standing.years.last),
+                      words_of(settings.is_sire_share_given ? own_limit : taken_limit, language)}));
+  write_named_sires(page, frame, standing);
   if (!can_be_kept) {
     page += "<p class=\"s\">" +
             in_element(phrase(too_few_sires, language,
@@ -310,7 +332,9 @@ void write_lines_and_imports(std::string& page, const PageFrame& frame, const St
     std::vector<std::string> sentences = {
         phrase(found.rare_founders > 0 ? founders_of_young : founders_none_rare, language,
                {std::to_string(found.founders), std::to_string(found.rare_founders)})};
-    if (found.lines.empty()) sentences.push_back(frame.text(no_line_found));
+    if (found.lines.empty()) {
+      sentences.push_back(frame.text(standing.is_availability_told ? no_line_there : no_line_found));
+    }
     page += "<h3>" + in_element(frame.text(lines_title)) + "</h3>";
     write_sentences(page, sentences, "s");
   }

@@ -22,11 +22,11 @@ struct Candidate {
 };
 
 std::vector<Candidate> lowest_kinships(const PopulationStore& store, const ReferencePedigree& pedigree,
-                                       std::span<const double> kinships) {
+                                       std::span<const double> kinships, const AvailableAnimals& available) {
   std::vector<Candidate> candidates;
   for (std::size_t place = 0; place < kinships.size(); ++place) {
     const std::int32_t position = pedigree.position[pedigree.members[place]];
-    if (store.generation_equivalents[position] < least_equivalents_of_rare) continue;
+    if (store.generation_equivalents[position] < least_equivalents_of_rare || !available.has(position)) continue;
     candidates.push_back({place, kinships[place]});
   }
   std::stable_sort(candidates.begin(), candidates.end(),
@@ -63,7 +63,8 @@ void count_founders(const ReferencePedigree& pedigree, const ByNumber<double>& g
   }
 }
 
-RareLine make_line(const ReferencePedigree& pedigree, std::int32_t founder, std::span<const double> kinships) {
+RareLine make_line(const ReferencePedigree& pedigree, std::int32_t founder, std::span<const double> kinships,
+                   const AvailableAnimals& available) {
   ByNumber<double> share(static_cast<std::size_t>(pedigree.count()));
   share[founder] = 1.0;
   for (std::int32_t j = founder + 1; j <= pedigree.count(); ++j) {
@@ -75,7 +76,8 @@ RareLine make_line(const ReferencePedigree& pedigree, std::int32_t founder, std:
   for (std::size_t place = 0; place < pedigree.members.size(); ++place) {
     const std::int32_t member = pedigree.members[place];
     sum += share[member];
-    if (share[member] >= least_carried) line.carriers.push_back({pedigree.position[member], kinships[place]});
+    const std::int32_t position = pedigree.position[member];
+    if (share[member] >= least_carried && available.has(position)) line.carriers.push_back({position, kinships[place]});
   }
   line.share_of_young = sum / static_cast<double>(pedigree.members.size());
   std::stable_sort(line.carriers.begin(), line.carriers.end(),
@@ -85,8 +87,8 @@ RareLine make_line(const ReferencePedigree& pedigree, std::int32_t founder, std:
 
 }  // namespace
 
-RareLines find_rare_lines(const PopulationStore& store, std::span<const std::int32_t> positions,
-                          std::size_t most_lines) {
+RareLines find_rare_lines(const PopulationStore& store, std::span<const std::int32_t> positions, std::size_t most_lines,
+                          const AvailableAnimals& available) {
   RareLines found;
   std::vector<RareLine>& lines = found.lines;
   if (positions.empty()) return found;
@@ -95,14 +97,14 @@ RareLines find_rare_lines(const PopulationStore& store, std::span<const std::int
   const ByNumber<double> genes = gene_contributions(pedigree);
   count_founders(pedigree, genes, found);
   const MeanKinship kinship = compute_mean_kinship(store, pedigree, genes);
-  for (const Candidate& candidate : lowest_kinships(store, pedigree, kinship.of_members)) {
+  for (const Candidate& candidate : lowest_kinships(store, pedigree, kinship.of_members, available)) {
     if (lines.size() == most_lines) break;
     const std::int32_t founder = rare_founder_of(pedigree, pedigree.members[candidate.place], genes);
     if (founder == 0) continue;
     const std::int32_t position = pedigree.position[founder];
     if (std::find(seen.begin(), seen.end(), position) != seen.end()) continue;
     seen.push_back(position);
-    RareLine line = make_line(pedigree, founder, kinship.of_members);
+    RareLine line = make_line(pedigree, founder, kinship.of_members, available);
     if (line.carriers.size() <= most_carriers) lines.push_back(std::move(line));
   }
   return found;

@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "pedigree/available_animals.h"
 #include "pedigree/population_store.h"
 
 namespace pedigreewatch {
@@ -38,8 +39,9 @@ struct RareLines {
 };
 
 /// At most `most_lines` lines of the animals at `positions` (ascending), found through those of them that have the
-/// lowest mean kinship with all and enough known ancestors. F and completeness must be final.
-RareLines find_rare_lines(const PopulationStore& store, std::span<const std::int32_t> positions,
-                          std::size_t most_lines);
+/// lowest mean kinship with all and enough known ancestors. Carriers are those that are `available`: a line whose
+/// carriers have all gone is none. F and completeness must be final.
+RareLines find_rare_lines(const PopulationStore& store, std::span<const std::int32_t> positions, std::size_t most_lines,
+                          const AvailableAnimals& available = {});
 
 }  // namespace pedigreewatch

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include "standing/window_pedigree.h"
 
@@ -105,11 +106,13 @@ void describe_young(const Breed& breed, Standing& standing) {
 
 /// As inbreeding rises by 1/(8 sires) + 1/(8 dams) (Wright, 1931) the rate of today changes by the ratio of the two
 /// sums.
-void advise_on_sires(Standing& standing) {
+void advise_on_sires(Standing& standing, const AvailableAnimals& available) {
   const std::vector<ParentShare>& sires = standing.sires.parents;
   const double most = standing.settings.most_sire_share;
   const auto allowed = std::find_if(sires.begin(), sires.end(), [&](const ParentShare& s) { return s.share <= most; });
   standing.overused_sires = allowed - sires.begin();
+  std::copy_if(sires.begin(), allowed, std::back_inserter(standing.sires_to_rest),
+               [&](const ParentShare& sire) { return available.has(sire.parent); });
   if (standing.overused_sires == 0 || !standing.rate().rate || standing.dams.effective <= 0.0) return;
   const double dams = 1.0 / standing.dams.effective;
   const double held = 1.0 / effective_number_held(standing.sires, most) + dams;
@@ -174,9 +177,10 @@ std::optional<double> Standing::generations_gained_by_import() const {
 }
 
 Standing compute_standing(const PopulationStore& store, double generation_interval, const StandingSettings& settings,
-                          const VerdictFaults& faults) {
+                          const VerdictFaults& faults, const AvailableAnimals& available) {
   Standing standing;
   standing.settings = settings;
+  standing.is_availability_told = available.is_told;
   constexpr double longest_interval = 1000.0;
   const std::int32_t last = store.birth_years.last;
   const bool has_years = last >= store.birth_years.first;
@@ -194,11 +198,11 @@ Standing compute_standing(const PopulationStore& store, double generation_interv
   describe_young(breed, standing);
   estimate_now(breed, standing);
   standing.rule = estimate_rule(breed, standing);
-  advise_on_sires(standing);
+  advise_on_sires(standing, available);
   constexpr std::size_t most_lines = 4;
   const std::vector<std::int32_t> living =
       breed.born(standing.years.last - breed.years_of(2.0) + 1, standing.years.last);
-  standing.rare_lines = find_rare_lines(store, living, most_lines);
+  standing.rare_lines = find_rare_lines(store, living, most_lines, available);
   judge(standing);
   return standing;
 }

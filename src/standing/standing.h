@@ -4,10 +4,12 @@
 
 #include <array>
 #include <cstdint>
+#include <iterator>
 #include <optional>
 #include <span>
 #include <vector>
 
+#include "pedigree/available_animals.h"
 #include "pedigree/population_store.h"
 #include "standing/parents_in_use.h"
 #include "standing/rare_lines.h"
@@ -80,6 +82,8 @@ struct Standing {
   YoungOfFiveYears young;
   ParentsInUse sires, dams;                    ///< of the young of the last five years
   std::int64_t overused_sires = 0;             ///< the first so many of `sires` are above the board's limit
+  std::vector<ParentShare> sires_to_rest;      ///< those of them that are there, in the same order
+  bool is_availability_told = false;           ///< whether it is known which animals have gone
   std::optional<double> rate_with_sires_held;  ///< what holding them to it would give, as a rule of thumb
   RareLines rare_lines;                        ///< at most four, of the young of two generation intervals
   StandingData data;
@@ -94,13 +98,16 @@ struct Standing {
   double inbreeding_with_import() const { return (1.0 - settings.most_sire_share) * young.chance_inbreeding; }
   /// In how many generations F rises by as much as such an import would lower it; nothing without a rise.
   std::optional<double> generations_gained_by_import() const;
+  /// Sires above the board's limit that have gone.
+  std::int64_t overused_sires_gone() const { return overused_sires - std::ssize(sires_to_rest); }
   /// Whether mates are more closely related than their sexes are.
   bool has_close_matings() const { return young.close > 0 && young.inbreeding > young.chance_inbreeding; }
 };
 
 /// Computes everything. F and completeness of all animals must be final. `generation_interval` is that of the report,
 /// not a number when no age is known: then nothing is judged. `faults` are those that the check found.
+/// Sires to use less and carriers of rare lines are named where they are `available`; all else is about all animals.
 Standing compute_standing(const PopulationStore& store, double generation_interval, const StandingSettings& settings,
-                          const VerdictFaults& faults = {});
+                          const VerdictFaults& faults = {}, const AvailableAnimals& available = {});
 
 }  // namespace pedigreewatch

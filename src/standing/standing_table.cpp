@@ -155,11 +155,14 @@ void add_parents(RowList& list) {
   if (!standing.sires.parents.empty()) {
     list.add("most_used_sire_share", standing.sires.parents.front().share, source, limit);
   }
-  for (std::size_t i = 0; i < static_cast<std::size_t>(standing.overused_sires); ++i) {
-    const ParentShare& sire = standing.sires.parents[i];
-    const std::string name = "overused_sire_" + std::to_string(i + 1);
+  std::size_t number_of_sire = 0;
+  for (const ParentShare& sire : standing.sires_to_rest) {
+    const std::string name = "overused_sire_" + std::to_string(++number_of_sire);
     list.add_animal(name, sire.parent, source);
     list.add(name + "_share", sire.share, source, limit);
+  }
+  if (standing.overused_sires_gone() > 0) {
+    list.add("overused_sires_gone", static_cast<double>(standing.overused_sires_gone()), source, limit);
   }
   if (const std::optional<double> part = standing.sires_part_of_rise()) {
     list.add("sires_part_of_rise", *part, list.words(rule_of_thumb));

@@ -98,7 +98,7 @@ std::optional<ToolRefusal> make_page_file(const FolderRun& run, const PageOption
   if (std::optional<ToolRefusal> refusal = refuse_changed_data(run)) return refusal;
   if (is_stop_requested(run.streams)) return ToolRefusal{run.words(was_stopped)};
   const CheckResult* const found = check ? &*check : nullptr;
-  const Standing standing = stand_of(run.population, options.standing, found);
+  const Standing standing = stand_of(run.population, options.standing, found, available);
   const PopulationFigures figures = compute_figures(run.population.store, diversity, available);
   const PageInput input = {run.population, blocks, &diversity, found, &standing, &figures};
   return write_page(run, make_page(input), options.reference.ids_file);

@@ -319,7 +319,7 @@ std::optional<ToolRefusal> make_tables(const FolderRun& run, const TablesOptions
   Standing standing;
   Diversity diversity;
   const std::array<Task, 2> steps = {
-      [&] { standing = stand_of(run.population, options.standing, check.faults); },
+      [&] { standing = stand_of(run.population, options.standing, check.faults, available); },
       [&] { diversity = compute_diversity(run.population.store, std::move(reference), threads); }};
   do_side_by_side(steps, threads);
   give_memory_back();

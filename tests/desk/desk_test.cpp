@@ -216,6 +216,23 @@ TEST(Desk, TakesOnlyAnimalsThatAreStillThere) {
   EXPECT_TRUE(holds(make_desk_plan(opened.desk, "years=3\nmatings=1\nallAnimals=1"), "males: 4, born"));
 }
 
+TEST(Desk, NamesNoSireThatHasGoneAsOneToUseLess) {
+  const std::string told =
+      "ID,Name,Sex,Born,Father,Mother,Died\n"
+      "A,x,ram,13-01-2000,,,\nB,x,ewe,14-01-2000,,,\nC,x,ram,15-02-2002,A,B,16-03-2003\nD,x,ewe,15-02-2002,A,B,\n";
+  OpenedDesk there(told.c_str());
+  write_files_of_export(there.desk);
+  run_analysis(there.desk);
+  EXPECT_TRUE(holds(standing_table(there.desk), "\noverused_sire_1\tA\t")) << standing_table(there.desk);
+  std::string later = told;
+  later.insert(later.find("\nB,"), "17-04-2003");
+  OpenedDesk gone(later.c_str());
+  write_files_of_export(gone.desk);
+  run_analysis(gone.desk);
+  EXPECT_FALSE(holds(standing_table(gone.desk), "\noverused_sire_1\t"));
+  EXPECT_TRUE(holds(standing_table(gone.desk), "\noverused_sires_gone\t1\t")) << standing_table(gone.desk);
+}
+
 /// Two litters of full sibs, unrelated to each other.
 constexpr const char* two_litters =
     "ID,Name,Sex,Born,Father,Mother\n"

@@ -54,6 +54,39 @@ TEST(RareLines, ALineWithSixCarriersIsNotNearlyLost) {
   }
 }
 
+TEST(RareLines, OnlyCarriersThatAreThereAreNamed) {
+  std::string herd = herd_with_a_rare_line();
+  herd += born(2009, 13, 14);  // 137, a full sister of 17
+  for (int n = 0; n < 80; ++n) herd += born(2009, 13, n % 2 == 0 ? 15 : 16);
+  const PopulationStore store = with_inbreeding(numbered_store(herd));
+  AvailableAnimals available = {true, ByNumber<Flag>(store.size()), store.animal_count, 0};
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) available.marks[i] = 1;
+  const auto lines = [&] { return find_rare_lines(store, from_to(17, store.animal_count), 4, available).lines; };
+  ASSERT_EQ(lines().size(), 1U);
+  ASSERT_EQ(lines()[0].carriers.size(), 2U);
+  EXPECT_EQ(lines()[0].carriers[0].animal, 17);  // as rare as its sister; it stands first
+  available.marks[17] = 0;
+  ASSERT_EQ(lines().size(), 1U);
+  EXPECT_EQ(lines()[0].founder, 7);
+  ASSERT_EQ(lines()[0].carriers.size(), 1U);
+  EXPECT_EQ(lines()[0].carriers[0].animal, 137);
+  EXPECT_DOUBLE_EQ(lines()[0].share_of_young, 2 * 0.125 / 201.0);  // of all young, whoever has gone
+  available.marks[137] = 0;
+  EXPECT_TRUE(lines().empty());
+}
+
+TEST(RareLines, ALineOfSixIsNearlyLostOnceOneOfThemHasGone) {
+  std::string herd = herd_with_a_rare_line();
+  for (int carriers = 2; carriers <= 6; ++carriers) herd += born(2009, 13, 14);
+  for (int n = 0; n < 200; ++n) herd += born(2009, 13, n % 2 == 0 ? 15 : 16);
+  const PopulationStore store = with_inbreeding(numbered_store(herd));
+  AvailableAnimals available = {true, ByNumber<Flag>(store.size()), store.animal_count, 0};
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) available.marks[i] = 1;
+  EXPECT_TRUE(find_rare_lines(store, from_to(17, store.animal_count), 4, available).lines.empty());
+  available.marks[17] = 0;
+  EXPECT_EQ(find_rare_lines(store, from_to(17, store.animal_count), 4, available).lines.size(), 1U);
+}
+
 TEST(RareLines, AFounderWithHalfAPerCentIsNotRare) {
   const PopulationStore store = with_inbreeding(numbered_store(herd_with_a_rare_line()));
   // 1/8 of 25 animals is 0.005, of 26 less.

@@ -24,6 +24,7 @@ Standing some_standing() {
   standing.now[by_kinship] = {0.0125, std::log(2.0) / 1.96, 3.0};
   standing.sires.parents = {{2, 30, 0.3}, {1, 5, 0.05}};
   standing.overused_sires = 1;
+  standing.sires_to_rest = {{2, 30, 0.3}};
   standing.rate_with_sires_held = 0.01;
   standing.rare_lines = {{{1, 0.001, {{3, 0.01}, {4, 0.02}}}}, 12, 3};
   standing.young.judged = 8;
@@ -82,6 +83,17 @@ TEST(StandingTable, SiresAndLinesAreNamedByIdentification) {
   standing.settings.is_sire_share_given = true;
   rows = standing_rows(four_animals(), standing, ToolLanguage::dutch);
   EXPECT_NE(row_named(rows, "most_used_sire_share")->source.find("grens van het bestuur"), std::string::npos);
+}
+
+TEST(StandingTable, OnlySiresThatAreThereAreNamedAndTheOthersCounted) {
+  Standing standing = some_standing();
+  EXPECT_EQ(row_named(standing_rows(four_animals(), standing, ToolLanguage::english), "overused_sires_gone"), nullptr);
+  standing.overused_sires = 2;
+  standing.sires_to_rest = {{1, 5, 0.05}};
+  const std::vector<StandingRow> rows = standing_rows(four_animals(), standing, ToolLanguage::english);
+  EXPECT_EQ(row_named(rows, "overused_sire_1")->value, "a1");
+  EXPECT_EQ(row_named(rows, "overused_sire_2"), nullptr);
+  EXPECT_EQ(row_named(rows, "overused_sires_gone")->value, "1");
 }
 
 TEST(StandingTable, TellsTheSiresPartAndWhatAnImportWouldDo) {

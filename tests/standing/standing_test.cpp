@@ -188,6 +188,24 @@ TEST(Standing, SiresAboveTheBoardsLimitAreOverused) {
   EXPECT_EQ(compute_standing(small_store(), 3.0, settings).overused_sires, 0);
 }
 
+TEST(Standing, OnlySiresThatAreThereAreToBeUsedLess) {
+  const PopulationStore store = small_store();
+  StandingSettings settings;
+  settings.most_sire_share = 2.9 / 12.0;  // two sires are above it: 4 with 7 of 12, 1 with 3
+  const Standing all = compute_standing(store, 3.0, settings);
+  ASSERT_EQ(all.sires_to_rest.size(), 2U);
+  EXPECT_FALSE(all.is_availability_told);
+  EXPECT_EQ(all.overused_sires_gone(), 0);
+  AvailableAnimals available = {true, ByNumber<Flag>(store.size()), 1, 0};
+  available.marks[1] = 1;
+  const Standing told = compute_standing(store, 3.0, settings, {}, available);
+  EXPECT_TRUE(told.is_availability_told);
+  ASSERT_EQ(told.sires_to_rest.size(), 1U);
+  EXPECT_EQ(told.sires_to_rest[0].parent, 1);
+  EXPECT_EQ(told.overused_sires, 2);
+  EXPECT_EQ(told.overused_sires_gone(), 1);
+}
+
 TEST(Standing, TheSiresPartOfTheRiseIsThatOfTheRuleOfThumb) {
   Standing standing;
   EXPECT_FALSE(standing.sires_part_of_rise().has_value());
