@@ -309,12 +309,14 @@ void append_record(std::string& text, const ChangingRecord& record, char delimit
 
 /// Writes a record that has changed in place of its bytes. What is left out leaves its line ends.
 void write_record(std::string& text, std::string_view raw, const ChangingRecord& record, const RecordReader& reader) {
+  const auto line_ends = std::count(raw.begin(), raw.end(), reader.line_end);
   if (!record.is_left_out) {
     append_record(text, record, reader.delimiter);
-    text += line_end_of(raw);
+    std::ptrdiff_t inside = 0;  // the last one, too, where a quotation mark is never closed
+    for (const std::string& field : record.fields) inside += std::count(field.begin(), field.end(), reader.line_end);
+    if (inside < line_ends) text += line_end_of(raw);
     return;
   }
-  const auto line_ends = std::count(raw.begin(), raw.end(), reader.line_end);
   text.append(static_cast<std::size_t>(line_ends), reader.line_end);
 }
 

@@ -71,6 +71,10 @@ TEST(CorrectedText, FillsAnEmptyFieldAndALineThatIsTooShort) {
   EXPECT_EQ(corrected({value("B", birthdate_column, "", "2001")}, "B;x\nC").text, "B;x;;2001\nC");
 }
 
+TEST(CorrectedText, ALineEndBehindAQuotationMarkThatIsNeverClosedStaysOne) {
+  EXPECT_EQ(corrected({value("A", id_column, "A", "Z")}, "A;;;\"x\n").text, "Z;;;\"x\n\"");
+}
+
 TEST(CorrectedText, PutsQuotationMarksWhereTheyAreNeeded) {
   const Corrected result = corrected({value("C", sire_column, "A", "x;\"y\"")}, "C;A;\"B\nb\";1\nD;;;\n");
   EXPECT_EQ(result.text, "C;\"x;\"\"y\"\"\";\"B\nb\";1\nD;;;\n");
