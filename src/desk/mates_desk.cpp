@@ -17,7 +17,8 @@
 namespace pedigreewatch {
 namespace {
 
-constexpr Wording no_pairs = {"Choose at least one female and one male.", "Kies minstens één moeder en één vader."};
+constexpr Wording no_pairs = {"Choose at least one female and one male.",
+                              "Kies minstens \xC3\xA9\xC3\xA9n moeder en \xC3\xA9\xC3\xA9n vader."};
 constexpr Wording too_many = {"At most {1} females and {1} males are compared at a time.",
                               "Hoogstens {1} moeders en {1} vaders worden tegelijk vergeleken."};
 constexpr Wording first_column = {"female", "moeder"};
