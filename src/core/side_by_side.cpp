@@ -6,12 +6,10 @@
 #include <atomic>
 #include <cstddef>
 #include <exception>
-#include <functional>
+#include <iterator>
 #include <mutex>
 #include <new>
 #include <system_error>
-#include <thread>
-#include <vector>
 
 namespace pedigreewatch {
 namespace {
@@ -45,32 +43,31 @@ void do_tasks(SharedTasks& shared) {
   }
 }
 
-/// As many threads as can be had of so many; room for them was made before.
-void begin_threads(SharedTasks& shared, std::size_t count, std::vector<std::thread>& threads) {
-  try {
-    while (threads.size() < count) threads.emplace_back(do_tasks, std::ref(shared));
-  } catch (const std::system_error&) {  // the system has no more
-  } catch (const std::bad_alloc&) {     // nor memory for one
-  }
-}
-
 }  // namespace
 
 std::int32_t threads_of_machine() {
   return static_cast<std::int32_t>(std::max(1U, std::thread::hardware_concurrency()));
 }
 
+std::vector<std::thread> begin_threads(std::int32_t count, const Task& task) {
+  std::vector<std::thread> threads;
+  try {
+    threads.reserve(static_cast<std::size_t>(count));
+    while (std::ssize(threads) < count) threads.emplace_back(task);
+  } catch (const std::system_error&) {  // the system has no more
+  } catch (const std::bad_alloc&) {     // nor memory for one
+  }
+  return threads;
+}
+
 void do_side_by_side(std::span<const Task> tasks, std::int32_t threads) {
-  const std::size_t others =
-      std::min(tasks.size(), static_cast<std::size_t>(std::max(threads, 1))) - (tasks.empty() ? 0 : 1);
-  if (others == 0) {
+  const auto others = static_cast<std::int32_t>(std::min(std::ssize(tasks), std::ptrdiff_t{threads}) - 1);
+  if (others < 1) {
     for (const Task& task : tasks) task();
     return;
   }
   SharedTasks shared{tasks};
-  std::vector<std::thread> begun;
-  begun.reserve(others);
-  begin_threads(shared, others, begun);
+  std::vector<std::thread> begun = begin_threads(others, [&shared] { do_tasks(shared); });
   do_tasks(shared);
   for (std::thread& thread : begun) thread.join();
   if (shared.problem) std::rethrow_exception(shared.problem);

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <functional>
 #include <span>
+#include <thread>
+#include <vector>
 
 namespace pedigreewatch {
 
@@ -17,6 +19,10 @@ using Task = std::function<void()>;
 /// that of the caller, who always has a part in it. Comes back when none is being done any more. When tasks throw, no
 /// further one is begun, and what the first of them threw goes on to the caller.
 void do_side_by_side(std::span<const Task> tasks, std::int32_t threads);
+
+/// Begins at most so many threads that each do this; fewer where the system has no more, or no memory for one. The
+/// caller joins them.
+std::vector<std::thread> begin_threads(std::int32_t count, const Task& task);
 
 /// A part of some work, from `begin` up to `end`, which is not part of it.
 struct WorkPart {

@@ -9,9 +9,9 @@
 #include <exception>
 #include <memory>
 #include <mutex>
-#include <new>
-#include <system_error>
 #include <thread>
+
+#include "core/side_by_side.h"
 
 namespace pedigreewatch {
 namespace {
@@ -78,18 +78,9 @@ void run_thread(ReplicateWork& work) {
 
 void run_threads(ReplicateWork& work, const ForecastProgress& progress) {
   constexpr auto pause = std::chrono::milliseconds(20);
-  std::vector<std::thread> threads;
-  threads.reserve(static_cast<std::size_t>(work.settings.threads));
-  try {
-    for (std::int32_t k = 0; k < work.settings.threads; ++k) {
-      ++work.running;
-      threads.emplace_back(run_thread, std::ref(work));
-    }
-  } catch (const std::system_error&) {  // the system has no more
-    --work.running;
-  } catch (const std::bad_alloc&) {  // nor memory for one
-    --work.running;
-  }
+  work.running = work.settings.threads;
+  std::vector<std::thread> threads = begin_threads(work.settings.threads, [&work] { run_thread(work); });
+  work.running -= work.settings.threads - static_cast<std::int32_t>(threads.size());
   if (threads.empty()) return run_replicates(work, progress);
   while (work.running > 0) {
     std::this_thread::sleep_for(pause);
