@@ -38,6 +38,7 @@ void judge(ColumnProfile& profile, std::string_view text) {
   if (text.empty() || means_unknown(text)) return;
   ++profile.judged;
   profile.dates += is_full_date(text) ? 1 : 0;
+  profile.with_digit += text.find_first_of("0123456789") != std::string_view::npos ? 1 : 0;
   const SexMeaning sex = sex_named(text);
   profile.males += sex == SexMeaning::male ? 1 : 0;
   profile.females += sex == SexMeaning::female ? 1 : 0;

@@ -24,6 +24,7 @@ struct ColumnProfile {
   std::int64_t judged = 0;              ///< fields of the first records that are filled
   std::int64_t dates = 0;               ///< of these, full dates
   std::int64_t males = 0, females = 0;  ///< of these, words for a sex
+  std::int64_t with_digit = 0;          ///< of these, texts with a digit
 };
 
 /// Profiles of the first columns, a hundred at most.

@@ -11,6 +11,7 @@
 
 #include "intake/column_matches.h"
 #include "intake/heading_words.h"
+#include "intake/rare_young.h"
 #include "text/folded_words.h"
 
 namespace pedigreewatch {
@@ -142,6 +143,50 @@ void leave_out_questions_of_id(ColumnChoice& columns) {
   std::erase_if(columns.questions, [](const Question& question) { return question.field == id_column; });
 }
 
+/// The words of the heading of a column of ids left out of another one: "sex" of "Twin sex" beside "Twin".
+std::string words_beside(std::string_view heading, std::string_view heading_of_id) {
+  const std::vector<std::string> of_id = words_of_heading(heading_of_id);
+  std::string rest;
+  std::size_t shared = 0;
+  for (const std::string& word : words_of_heading(heading)) {
+    const bool is_of_id = std::find(of_id.begin(), of_id.end(), word) != of_id.end();
+    shared += is_of_id ? 1 : 0;
+    if (!is_of_id) rest += (rest.empty() ? "" : " ") + word;
+  }
+  return shared == of_id.size() ? rest : std::string();
+}
+
+/// The column of a further young that holds the field, as its heading tells beside that of its id.
+std::optional<std::size_t> own_column(FieldCode code, std::size_t id, const ColumnChoice& columns) {
+  if (!columns.has_header || columns.headings[id].empty()) return std::nullopt;
+  for (std::size_t place = 0; place < columns.headings.size(); ++place) {
+    if (place == id) continue;
+    const std::string rest = words_beside(columns.headings[place], columns.headings[id]);
+    if (!rest.empty() && meaning_of(rest).code == code) return place;
+  }
+  return std::nullopt;
+}
+
+/// What the young have for themselves under headings without numbers. A sex or name of which there is one column is
+/// that of the first young; the others have none.
+void add_own_columns(FieldCode code, const ColumnChoice& columns, YoungColumns& young) {
+  constexpr std::size_t nowhere = SIZE_MAX;
+  const auto& chosen = columns.place[static_cast<std::size_t>(code)];
+  const std::optional<std::size_t> first = chosen ? chosen : own_column(code, young.ids.front(), columns);
+  if (!first || std::find(young.ids.begin(), young.ids.end(), *first) != young.ids.end()) return;
+  std::vector<std::size_t> places = {*first};
+  bool has_own = code == sex_column || code == name_column;
+  for (std::size_t k = 1; k < young.ids.size(); ++k) {
+    const std::optional<std::size_t> own = own_column(code, young.ids[k], columns);
+    const bool is_of_other = own && *own != *first;
+    places.push_back(is_of_other ? *own : nowhere);
+    has_own = has_own || is_of_other;
+  }
+  if (!has_own) return;
+  young.fields.push_back(code);
+  for (std::size_t k = 0; k < young.ids.size(); ++k) young.animals[k].push_back({places[k], *first});
+}
+
 /// The columns that the user names; none, and a question, where one is not there.
 std::vector<std::size_t> wished_columns(const PrepareOptions& options, ColumnChoice& columns) {
   std::vector<std::size_t> places;
@@ -174,6 +219,20 @@ Question question_of(const YoungColumns& young, const ColumnChoice& columns) {
 void wish_for(FieldCode code, std::size_t place, PrepareOptions& wishes) {
   std::erase_if(wishes.columns, [&](const ColumnWish& wish) { return wish.code == code; });
   wishes.columns.push_back({code, std::to_string(place + 1)});
+}
+
+/// Second young that are rare, under any heading: the column of the id and those of texts like it.
+YoungColumns choose_rare_young(std::string_view text, char delimiter, std::span<const ColumnGroup> groups,
+                               const ColumnChoice& columns) {
+  const std::vector<std::size_t> candidates = columns_like_ids(text, delimiter, columns);
+  if (candidates.empty()) return {};
+  const RareYoung rare = find_rare_young(candidates, profile_columns(text, delimiter, columns), columns);
+  if (rare.places.empty()) return {};
+  std::vector<std::size_t> ids = {*columns.place[static_cast<std::size_t>(id_column)]};
+  ids.insert(ids.end(), rare.places.begin(), rare.places.end());
+  YoungColumns young = young_in(ids, groups, columns);
+  young.is_certain = rare.are_named && rare.parents >= fewest_judged_parents;
+  return young;
 }
 
 }  // namespace
@@ -223,7 +282,9 @@ YoungColumns young_in(std::span<const std::size_t> ids, std::span<const ColumnGr
       return is_meant && group.places.size() == ids.size() && !holds(group, ids.front());
     };
     const auto found = std::find_if(groups.begin(), groups.end(), fits);
-    if (found == groups.end() || std::count_if(groups.begin(), groups.end(), fits) > 1) continue;
+    const auto fitting = std::count_if(groups.begin(), groups.end(), fits);
+    if (fitting == 0) add_own_columns(code, columns, young);
+    if (fitting != 1) continue;
     young.fields.push_back(code);
     for (std::size_t k = 0; k < ids.size(); ++k) {
       young.animals[k].push_back({found->places[k], found->places.front()});
@@ -264,8 +325,11 @@ YoungColumns choose_young(std::string_view text, char delimiter, ColumnChoice& c
     young.is_certain = true;
   } else {
     const auto is_open = [](const ColumnGroup& group) { return group.is_open; };
-    if (std::none_of(groups.begin(), groups.end(), is_open)) return young;
-    young = find_young(groups, profile_columns(text, delimiter, columns), columns);
+    if (std::any_of(groups.begin(), groups.end(), is_open)) {
+      young = find_young(groups, profile_columns(text, delimiter, columns), columns);
+    }
+    if (young.ids.empty()) young = choose_rare_young(text, delimiter, groups, columns);
+    if (young.ids.empty()) return young;
   }
   if (!young.ids.empty() && !young.is_certain) young.questions.push_back(question_of(young, columns));
   for (std::size_t k = 0; k < young.fields.size(); ++k) {
