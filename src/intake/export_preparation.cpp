@@ -165,7 +165,7 @@ std::optional<Refusal> choose_export_delimiter(const PrepareOptions& options, Pr
 
 std::optional<Refusal> choose_export_columns(const PrepareOptions& options, const ColumnContents* contents,
                                              Preparation& read) {
-  const TableStart start = find_table_start(read.text, read.reading.delimiter);
+  const TableStart start = find_table_start(read.text, read.reading.delimiter, options.has_header);
   RecordReader reader = read_records(read.text, read.reading.delimiter);
   reader.next = start.begin;
   reader.next_line = start.line;

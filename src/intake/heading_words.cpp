@@ -112,7 +112,8 @@ std::optional<std::vector<WordKind>> kinds_of_parts(std::string_view word) {
     const std::optional<WordKind> first = kind_of_word(word.substr(0, length));
     if (!first) continue;
     std::optional<std::vector<WordKind>> rest = kinds_of_parts(word.substr(length));
-    if (!rest) continue;
+    // "Noel" is no "no" with "el" behind it.
+    if (!rest || word.size() <= 2 * shortest_part) continue;
     rest->insert(rest->begin(), *first);
     return rest;
   }
@@ -192,9 +193,12 @@ HeadingMeaning read_heading(std::string_view heading) {
   const std::vector<std::string> words = words_of_heading(heading);
   KindCounts counts = {};
   meaning.is_understood = !words.empty();
+  // "N.D." says nothing.
+  const bool are_letters =
+      std::all_of(words.begin(), words.end(), [](const std::string& word) { return word.size() == 1; });
   for (const std::string& word : words) {
     std::optional<std::vector<WordKind>> kinds;
-    if (const std::optional<WordKind> owner = owner_of_letter(word); owner && words.size() > 1) kinds = {{*owner}};
+    if (const std::optional<WordKind> owner = owner_of_letter(word); owner && !are_letters) kinds = {{*owner}};
     if (!kinds) kinds = kinds_of_parts(word);
     meaning.is_understood = meaning.is_understood && kinds.has_value();
     if (!kinds) continue;

@@ -50,12 +50,26 @@ std::vector<TopRecord> read_top(std::string_view text, char delimiter) {
   return top;
 }
 
+/// The place of the first animal where there is no header: behind the lines of fewer columns than follow.
+std::size_t place_without_header(const std::vector<TopRecord>& top) {
+  std::size_t most_columns = 0;
+  for (const TopRecord& record : top) most_columns = std::max(most_columns, record.field_count);
+  std::size_t place = 0;
+  while (place < top.size() && top[place].filled <= most_fields_of_a_title && top[place].field_count < most_columns) {
+    ++place;
+  }
+  return place < top.size() ? place : 0;
+}
+
 /// The place of the header: the first record in which two headings or more are known, if no record above it fills as
 /// many fields. The place behind the titles where no heading is known.
 std::size_t place_of_start(const std::vector<TopRecord>& top) {
+  constexpr std::size_t most_fields_above = 3, times_those_above = 2;
   std::size_t widest = 0;
   for (std::size_t i = 0; i < top.size(); ++i) {
-    if (top[i].known_words >= 2 && top[i].filled > widest) return i;
+    // A line that fills as many fields as an animal is none of the titles.
+    const bool is_above = widest <= most_fields_above || top[i].filled >= widest * times_those_above;
+    if (top[i].known_words >= 2 && top[i].filled > widest && is_above) return i;
     widest = std::max(widest, top[i].filled);
   }
   std::size_t place = 0;
@@ -121,7 +135,7 @@ std::optional<char> delimiter_told(std::string_view text) {
   return is_alone && told != '\r' && told != '\n' && told != '"' ? std::optional(told) : std::nullopt;
 }
 
-TableStart find_table_start(std::string_view text, char delimiter) {
+TableStart find_table_start(std::string_view text, char delimiter, std::optional<bool> has_header) {
   TableStart start;
   std::vector<TopRecord> top = read_top(text, delimiter);
   if (top.empty()) return start;
@@ -131,7 +145,7 @@ TableStart find_table_start(std::string_view text, char delimiter) {
     note_text(start.above, top.front().line, top.front().text);
     top.erase(top.begin());
   }
-  first = place_of_start(top);
+  first = has_header == false ? place_without_header(top) : place_of_start(top);
   for (std::size_t i = 0; i < first; ++i) note_text(start.above, top[i].line, top[i].text);
   if (top.empty()) return start;
   start.begin = top[first].begin;

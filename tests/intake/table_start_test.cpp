@@ -47,6 +47,24 @@ TEST(FindTableStart, AFounderWithFewFieldsIsNoTitle) {
   EXPECT_EQ(find_table_start("rex;;\nsaar;;\nbram;rex;saar\n", ';').line, 1);
 }
 
+TEST(FindTableStart, AnAnimalWithTextsLikeHeadingsLeavesNoneOut) {
+  // "Id" and "Nr" are headings, and names.
+  const std::string text = std::string("rex;;bram;M;14-03-1990\nId;Nr;Sire;F;15-03-1990\n") + animals;
+  EXPECT_EQ(find_table_start(text, ';').line, 1);
+  EXPECT_EQ(find_table_start("rex;;;M;1990\nID;Sire;Dam;Sex;Born\n", ';').line, 2);       // three fields above
+  EXPECT_EQ(find_table_start("a;b;c;d;\nID;Sire;Dam;Sex;Born;Coat;x;y\n", ';').line, 2);  // four, and eight
+  EXPECT_EQ(find_table_start("a;b;c;d;\nID;Sire;Dam;Sex;Born;Coat;x\n", ';').line, 1);
+}
+
+TEST(FindTableStart, WithoutAHeaderOnlyLinesOfFewerColumnsStandAbove) {
+  const std::string text = std::string("Herd book\nPrinted;1-2-2020\nsaar;;;;\nID;Sire;Dam;Sex;Born\n") + animals;
+  EXPECT_EQ(find_table_start(text, ';').line, 4);
+  const TableStart start = find_table_start(text, ';', false);
+  EXPECT_EQ(start.line, 3);
+  EXPECT_EQ(start.above.count, 2);
+  EXPECT_EQ(find_table_start("one;;\ntwo;;\n", ';', false).line, 1);
+}
+
 TEST(DelimiterTold, OnlyByALineOfItsOwn) {
   EXPECT_EQ(delimiter_told("sep=;\nID;Sire\n"), ';');
   EXPECT_EQ(delimiter_told("\xEF\xBB\xBFSEP=,\r\nID,Sire\r\n"), ',');
