@@ -31,6 +31,8 @@ export const operations = {
   plan: "desk_plan",
   listPlan: "desk_list_plan",
   changePlan: "desk_change_plan",
+  forecast: "desk_forecast",
+  growForecast: "desk_grow_forecast",
   text: "desk_text",
   bytes: "desk_text",
   language: "desk_set_language",

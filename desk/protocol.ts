@@ -86,4 +86,8 @@ export interface MatesAnswer extends Messages {
 export interface PlanAnswer extends Messages {
   candidates: string[]; lines: string[]; warnings: string[]; headings: string[]; ways: string[][]; count: number; meanF: number;
 }
+/** What was measured; replicates come in afterwards. */
+export interface ForecastAnswer extends Messages { replicates: number; }
+/** The replicates so far, in sentences and charts. */
+export interface GrownAnswer extends Messages { done: number; replicates: number; html: string; }
 export interface PlanRow { female: Animal; male: Animal; f: number; isFixed: boolean; }

@@ -5,6 +5,7 @@ void forget_run(Desk& desk) {
   desk.files.reset();
   desk.steer.reset();
   desk.check.reset();
+  desk.forecast.reset();
   desk.results.reset();
   desk.males.clear();
   desk.males_for_dam = 0;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -16,6 +17,8 @@
 #include "desk/json_text.h"
 #include "diversity/diversity.h"
 #include "diversity/figures.h"
+#include "forecast/forecast.h"
+#include "forecast/real_years.h"
 #include "intake/export_preparation.h"
 #include "matings/ranking.h"
 #include "pedigree/available_animals.h"
@@ -63,6 +66,15 @@ struct DeskMates {
   std::vector<float> f = {};                           ///< row by row, a row for each female
 };
 
+/// A forecast while its replicates come in. Each part refers to those before it.
+struct DeskForecast {
+  FamilyRecords records;
+  std::optional<ModelBasis> basis = {};
+  std::optional<GrowingForecast> growing = {};
+  std::vector<RealYear> past = {};
+  std::vector<std::string> practice = {}, warnings = {};  ///< sentences
+};
+
 struct Desk {
   std::string folder;                             ///< where files are written; empty: the working directory
   ToolLanguage language = ToolLanguage::english;  ///< of what is said; that of the report is among the settings
@@ -88,6 +100,7 @@ struct Desk {
   std::vector<std::int32_t> chosen_animals;  ///< positions, in the order that was asked for
   std::int32_t card_of = 0;                  ///< position of the animal of the last card
   std::optional<DeskPlan> plan;
+  std::unique_ptr<DeskForecast> forecast;  ///< of the results
 };
 
 /// Lets go of everything that came of the files, but not of the export.

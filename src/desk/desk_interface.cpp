@@ -13,6 +13,7 @@
 #include "desk/check_desk.h"
 #include "desk/desk.h"
 #include "desk/export_desk.h"
+#include "desk/forecast_desk.h"
 #include "desk/json_text.h"
 #include "desk/mates_desk.h"
 #include "desk/matings_desk.h"
@@ -89,6 +90,8 @@ std::string text_named(const Desk& desk, std::string_view name) {
       {"contributions", pedigreewatch::contributions_table},
       {"planPage", pedigreewatch::plan_page},
       {"planWorkbook", pedigreewatch::plan_workbook},
+      {"forecastPage", pedigreewatch::forecast_page},
+      {"forecast", pedigreewatch::forecast_table},
       {"years", pedigreewatch::years_table},
       {"subpopulations", pedigreewatch::subpopulations_table},
       {"animals", pedigreewatch::animals_table},
@@ -265,6 +268,14 @@ void desk_list_plan(DeskHandle* handle, std::int32_t first, std::int32_t count) 
 void desk_change_plan(DeskHandle* handle, const char* change, std::int32_t place, std::int32_t other) {
   answer(handle,
          [&](Desk& desk) { return pedigreewatch::change_plan(desk, change, size_from(place), size_from(other)); });
+}
+
+void desk_forecast(DeskHandle* handle, const char* settings) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::begin_desk_forecast(desk, settings); });
+}
+
+void desk_grow_forecast(DeskHandle* handle, std::int32_t milliseconds) {
+  answer(handle, [&](Desk& desk) { return pedigreewatch::grow_desk_forecast(desk, milliseconds); });
 }
 
 void desk_text(DeskHandle* handle, const char* name) {

@@ -63,8 +63,12 @@ void desk_plan(DeskHandle* handle, const char* settings);
 void desk_list_plan(DeskHandle* handle, std::int32_t first, std::int32_t count);
 void desk_change_plan(DeskHandle* handle, const char* change, std::int32_t place, std::int32_t other);
 
+/// See forecast_desk.h.
+void desk_forecast(DeskHandle* handle, const char* settings);
+void desk_grow_forecast(DeskHandle* handle, std::int32_t milliseconds);
+
 /// A text of the results: "body", "page", "report", "reportText", "findings", "findingsWorkbook", "officeWorkbook",
-/// "males", "mates", "matesWorkbook", "plan", "contributions", "planPage", "animalPage", "style", "animalStyle",
-/// "script", "years", "subpopulations", "animals", "diversity", "standing". Others leave nothing.
+/// "males", "mates", "matesWorkbook", "plan", "contributions", "planPage", "forecast", "forecastPage", "animalPage",
+/// "style", "animalStyle", "script", "years", "subpopulations", "animals", "diversity", "standing". Others leave nothing.
 void desk_text(DeskHandle* handle, const char* name);
 }

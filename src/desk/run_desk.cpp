@@ -78,6 +78,7 @@ std::string run(Desk& desk) {
     return std::string(words_of(not_opened, desk.language));
   }
   try {
+    desk.forecast.reset();
     desk.results = make_results(desk, data, streams);
     judge_results(desk);
     return {};

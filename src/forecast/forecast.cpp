@@ -16,6 +16,12 @@
 namespace pedigreewatch {
 namespace {
 
+#if defined(__EMSCRIPTEN__)
+constexpr bool has_threads = false;
+#else
+constexpr bool has_threads = true;
+#endif
+
 /// What all threads share.
 struct ReplicateWork {
   const ModelBasis& basis;
@@ -90,6 +96,19 @@ void run_threads(ReplicateWork& work, const ForecastProgress& progress) {
   if (work.problem) std::rethrow_exception(work.problem);
 }
 
+/// Scenarios without a replicate, and where they begin.
+Forecast begin_scenarios(const ModelBasis& basis, std::span<const BreedingRules> scenarios,
+                         const ForecastSettings& settings) {
+  Forecast forecast;
+  forecast.first_year = basis.base.last_year + 1;
+  forecast.years = settings.years;
+  for (const BreedingRules& rules : scenarios) forecast.scenarios.push_back({rules, {}});
+  const BreedingRules none;
+  ModelHerd real = begin_herd(basis, none, settings.seed, 0, nullptr);
+  forecast.start = describe_year(real.pedigree, real.youngest, real.weights);
+  return forecast;
+}
+
 double quantile(const std::vector<double>& sorted, double share) {
   const double place = share * static_cast<double>(sorted.size() - 1);
   const auto below = static_cast<std::size_t>(std::floor(place));
@@ -134,19 +153,36 @@ std::int32_t ScenarioForecast::died_out(std::int32_t year) const {
       replicates.begin(), replicates.end(), [&](const ReplicateYears& years) { return year >= std::ssize(years); }));
 }
 
+GrowingForecast begin_forecast(const ModelBasis& basis, std::span<const BreedingRules> scenarios,
+                               const ForecastSettings& settings) {
+  GrowingForecast growing{basis, settings, begin_scenarios(basis, scenarios, settings)};
+  if (!basis.has_table()) growing.walk = std::make_unique<AncestorWalk>(make_basis_walk(basis));
+  return growing;
+}
+
+bool grow_forecast(GrowingForecast& growing) {
+  Forecast& forecast = growing.forecast;
+  const auto replicate = static_cast<std::int32_t>(std::ssize(forecast.scenarios.front().replicates));
+  if (replicate >= growing.settings.replicates) return false;
+  for (ScenarioForecast& scenario : forecast.scenarios) {
+    ModelHerd herd = begin_herd(growing.basis, scenario.rules, growing.settings.seed, replicate, growing.walk.get());
+    ReplicateYears& years = scenario.replicates.emplace_back();
+    for (std::int32_t year = 0; year < forecast.years && live_year(herd, forecast.first_year + year); ++year) {
+      years.push_back(herd.year);
+    }
+    if (growing.walk) shorten_walk(*growing.walk, growing.basis.pedigree.count());
+  }
+  return replicate + 1 < growing.settings.replicates;
+}
+
 Forecast make_forecast(const ModelBasis& basis, std::span<const BreedingRules> scenarios,
                        const ForecastSettings& settings, const ForecastProgress& progress) {
-  Forecast forecast;
-  forecast.first_year = basis.base.last_year + 1;
-  forecast.years = settings.years;
-  for (const BreedingRules& rules : scenarios) {
-    forecast.scenarios.push_back({rules, std::vector<ReplicateYears>(static_cast<std::size_t>(settings.replicates))});
+  Forecast forecast = begin_scenarios(basis, scenarios, settings);
+  for (ScenarioForecast& scenario : forecast.scenarios) {
+    scenario.replicates.resize(static_cast<std::size_t>(settings.replicates));
   }
-  const BreedingRules none;
-  ModelHerd real = begin_herd(basis, none, settings.seed, 0, nullptr);
-  forecast.start = describe_year(real.pedigree, real.youngest, real.weights);
   ReplicateWork work{basis, settings, forecast};
-  if (settings.threads > 1) {
+  if (has_threads && settings.threads > 1) {
     run_threads(work, progress);
   } else {
     run_replicates(work, progress);

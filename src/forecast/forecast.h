@@ -4,6 +4,7 @@
 #include <array>
 #include <atomic>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <vector>
@@ -60,6 +61,22 @@ struct Forecast {
   bool is_stopped = false;                  ///< then replicates are missing
 };
 
+/// A forecast of which replicate after replicate is made, for somebody who looks at it meanwhile. It refers to the
+/// basis, which stays.
+struct GrowingForecast {
+  const ModelBasis& basis;
+  ForecastSettings settings;
+  Forecast forecast;  ///< with the replicates so far, as many of every scenario
+  std::unique_ptr<AncestorWalk> walk = {};
+};
+
+GrowingForecast begin_forecast(const ModelBasis& basis, std::span<const BreedingRules> scenarios,
+                               const ForecastSettings& settings);
+
+/// Makes the next replicate of every scenario. False when there are as many as are wanted.
+bool grow_forecast(GrowingForecast& growing);
+
+/// All replicates.
 Forecast make_forecast(const ModelBasis& basis, std::span<const BreedingRules> scenarios,
                        const ForecastSettings& settings, const ForecastProgress& progress = {});
 

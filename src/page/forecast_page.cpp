@@ -256,15 +256,19 @@ void write_section(std::string& page, const ForecastPageInput& input, std::strin
 
 }  // namespace
 
-std::string make_forecast_page(const ForecastPageInput& input) {
-  const std::string title = phrase(page_title, input.language, {data_text(input.population_name)});
+std::string forecast_body(const ForecastPageInput& input) {
   std::string body;
   define_fillings(body);
   write_section(body, input, "result", result_title, results_of(input));
   write_section(body, input, "charts", charts_title, charts_of(input));
   write_section(body, input, "trust", trust_title, trust_of(input));
   write_section(body, input, "practice", practice_title, practice_of(input));
-  return whole_page(input.language, title, body, say(input, made_by));
+  return body;
+}
+
+std::string make_forecast_page(const ForecastPageInput& input) {
+  const std::string title = phrase(page_title, input.language, {data_text(input.population_name)});
+  return whole_page(input.language, title, forecast_body(input), say(input, made_by));
 }
 
 }  // namespace pedigreewatch

@@ -30,6 +30,9 @@ struct ForecastPageInput {
   ToolLanguage language = ToolLanguage::english;
 };
 
+/// What stands below the main heading: to stand in an element of class "pw" of another page.
+std::string forecast_body(const ForecastPageInput& input);
+
 /// The whole page in UTF-8. It asks for nothing from anywhere.
 std::string make_forecast_page(const ForecastPageInput& input);
 

@@ -1,0 +1,105 @@
+// The forecast of the fifth step: rules in fields, and sentences and charts that are drawn anew while replicates come in.
+// Other actions go on beside it: the worker makes replicates for a moment at a time.
+
+import { Cancelled, ask } from "./client";
+import { bytesOf, showProblem, text, work } from "./desk";
+import type { Desk, DeskForecast } from "./desk";
+import { button, make, save, shownNumber } from "./dom";
+import type { ForecastAnswer, GrownAnswer } from "./protocol";
+import type { TextName } from "./texts";
+// The script of the page, which makes its charts readable with mouse and arrow keys.
+import { readFigures } from "page-script";
+
+/** How long the worker makes replicates before it shows them, in milliseconds. */
+const slice = 500;
+
+const fields: readonly { name: string; label: TextName; hint?: string }[] = [
+  { name: "years", label: "forecastYears", hint: "25" },
+  { name: "most-litters-a-year", label: "forecastLittersAYear" }, { name: "most-litters-in-life", label: "forecastLittersInLife" },
+  { name: "sires", label: "forecastSires", hint: "+5" }, { name: "litters", label: "forecastLitters", hint: "-10%" },
+  { name: "most-f", label: "forecastMostF" }, { name: "kinship-below", label: "forecastKinship" },
+  { name: "least-age-sires", label: "forecastAgeSires" }, { name: "least-age-dams", label: "forecastAgeDams" },
+  { name: "import-sires", label: "forecastImportSires" }, { name: "import-dams", label: "forecastImportDams" },
+];
+
+/** Puts what there is into the page, without drawing anything else anew: somebody may be typing. */
+function showGrown(desk: Desk, forecast: DeskForecast): void {
+  const body = document.getElementById("forecast-body"), progress = document.getElementById("forecast-progress");
+  if (body !== null) {
+    body.innerHTML = forecast.grown?.html ?? "";  // written by the core, with every text in it escaped
+    queueMicrotask(readFigures);
+  }
+  if (progress !== null) progress.textContent = progressOf(desk, forecast);
+}
+
+function progressOf(desk: Desk, { grown, isWanted }: DeskForecast): string {
+  if (grown === undefined) return "";
+  const shown = (value: number) => shownNumber(value, desk.language);
+  return text(desk, isWanted || grown.done === grown.replicates ? "forecastDone" : "forecastStopped", shown(grown.done), shown(grown.replicates));
+}
+
+/** Asks for replicates until there are enough, or nobody wants more. */
+async function grow(desk: Desk, forecast: DeskForecast): Promise<void> {
+  const isAtHand = () => forecast.isWanted && desk.forecast === forecast;
+  try {
+    while (isAtHand()) {
+      const grown = await ask<GrownAnswer>(desk.client, "growForecast", [slice]);
+      if (!isAtHand()) break;
+      forecast.problems = grown.messages;
+      if (grown.messages.length > 0) break;
+      forecast.grown = grown;
+      if (grown.done >= grown.replicates) break;
+      showGrown(desk, forecast);
+    }
+  } catch (problem) {
+    if (!(problem instanceof Cancelled)) showProblem(text(desk, "failed", problem instanceof Error ? problem.message : String(problem)));
+  }
+  forecast.isWanted = false;
+  desk.draw();
+}
+
+function begin(desk: Desk, forecast: DeskForecast): void {
+  forecast.isWanted = false;
+  void work(desk, async () => {
+    forecast.grown = undefined;
+    const settings = [...forecast.fields].map(([name, value]) => `${name}=${value}`).join("\n");
+    const answer = await ask<ForecastAnswer>(desk.client, "forecast", [settings]);
+    forecast.problems = answer.messages;
+    forecast.isWanted = answer.messages.length === 0;
+    if (forecast.isWanted) void grow(desk, forecast);
+  });
+}
+
+function stop(desk: Desk, forecast: DeskForecast): void {
+  forecast.isWanted = false;
+  desk.draw();
+}
+
+function drawFields(desk: Desk, forecast: DeskForecast): HTMLElement {
+  const drawn = fields.map(({ name, label, hint }) => {
+    const input = make("input", { type: "text", id: `forecast-${name}`, value: forecast.fields.get(name) ?? "", placeholder: hint, size: 5, spellcheck: "false" });
+    input.addEventListener("change", () => forecast.fields.set(name, input.value.trim()));
+    return make("span", {}, make("label", { for: `forecast-${name}` }, text(desk, label)), " ", input);
+  });
+  return make("p", { class: "row" }, ...drawn,
+    button(text(desk, "makeForecast"), () => begin(desk, forecast), { class: "main", id: "make-forecast" }),
+    forecast.isWanted ? button(text(desk, "stopForecast"), () => stop(desk, forecast), { id: "stop-forecast" }) : null);
+}
+
+function drawKept(desk: Desk): HTMLElement {
+  const keep = (label: TextName, name: string, file: string, type: string) =>
+    button(text(desk, label), () => void work(desk, async () => save(file, await bytesOf(desk, name), type)));
+  return make("p", { class: "row" }, keep("saveForecast", "forecast", "forecast.tsv", "text/tab-separated-values"),
+    keep("saveForecastPage", "forecastPage", "forecast.html", "text/html"));
+}
+
+export function drawForecast(desk: Desk): HTMLElement[] {
+  const forecast = desk.forecast ??= { fields: new Map(), problems: [], isWanted: false };
+  const body = make("div", { class: "pw", id: "forecast-body" });
+  body.innerHTML = forecast.grown?.html ?? "";  // written by the core, with every text in it escaped
+  if (forecast.grown !== undefined) queueMicrotask(readFigures);
+  return [make("h2", {}, text(desk, "forecastTitle")), make("p", { class: "hint" }, text(desk, "forecastHint")), drawFields(desk, forecast),
+    ...forecast.problems.map((problem) => make("p", { class: "problem", role: "alert" }, problem)),
+    make("p", { id: "forecast-progress", role: "status" }, progressOf(desk, forecast)),
+    ...(forecast.grown === undefined ? [] : [drawKept(desk)]), body];
+}
