@@ -7,6 +7,7 @@ import type { Desk } from "./desk";
 import { button, chooser, decimal, make, nameOf, percentage, save, shownNumber } from "./dom";
 import { animalButton } from "./card";
 import { changeLeftOut, drawLeftOut, drawLeftOutNote, withAnimal } from "./left_out";
+import { drawForecast } from "./forecast_part";
 import { drawMates } from "./mates_part";
 import { drawPlan } from "./plan_part";
 import { describe, drawSearch } from "./search";
@@ -171,5 +172,5 @@ export function drawBreeding(desk: Desk, compute: () => void): HTMLElement[] {
     make("div", { class: "pair" }, drawChoice(desk, "female", take("female")), drawChoice(desk, "male", take("male"))),
     ...(desk.pair === undefined ? [] : [drawPair(desk, desk.pair)]), make("h2", {}, text(desk, "allMales")), drawAges(desk), drawYears(desk),
     ...drawLeftOutNote(desk), ...(desk.males === undefined ? [] : [drawMales(desk, desk.males)]), ...drawMates(desk),
-    ...drawLeftOut(desk, () => rankAgain(desk)), ...drawPlan(desk)];
+    ...drawLeftOut(desk, () => rankAgain(desk)), ...drawPlan(desk), ...drawForecast(desk)];
 }

@@ -10,7 +10,7 @@ import { byId, make } from "./dom";
 import { afterPress } from "./press";
 import { phaseIn, textIn } from "./texts";
 import type { Language, TextName } from "./texts";
-import type { Animal, CheckAnswer, CorrectionsAnswer, ExportAnswer, FilesAnswer, ListedAnimals, MaleRow, MatesAnswer, Operation, PairAnswer, PlanAnswer, PlanRow, RunAnswer } from "./protocol";
+import type { Animal, CheckAnswer, CorrectionsAnswer, ExportAnswer, FilesAnswer, GrownAnswer, ListedAnimals, MaleRow, MatesAnswer, Operation, PairAnswer, PlanAnswer, PlanRow, RunAnswer } from "./protocol";
 
 export type StepName = "data" | "settings" | "check" | "results" | "breeding";
 export const stepNames: readonly StepName[] = ["data", "settings", "check", "results", "breeding"];
@@ -73,6 +73,7 @@ export interface Desk {
   leavingOut?: number;
   mates?: DeskMates;
   plan?: DeskPlan;
+  forecast?: DeskForecast;
   draw: () => void;
   /** Shows whether something is being done. */
   showBusy: () => void;
@@ -107,6 +108,12 @@ export interface DeskPlan {
   first: number; rows: PlanRow[]; swapping?: number;
   /** Other animals are left out since it was made. */
   isOfBefore?: boolean;
+}
+
+/** What is asked of a forecast, and the replicates so far; `isWanted`: more of them are to come. */
+export interface DeskForecast {
+  fields: Map<string, string>;
+  grown?: GrownAnswer; problems: string[]; isWanted: boolean;
 }
 
 export function createDesk(language: Language, draw: (desk: Desk) => void): Desk {
@@ -159,7 +166,7 @@ export function settingsText(desk: Desk): string {
 export function forgetRun(desk: Desk): void {
   ++desk.resultsNumber;
   desk.written = desk.check = desk.run = desk.body = desk.report = desk.pair = desk.males = undefined;
-  desk.female = desk.male = desk.years = desk.plan = desk.animalList = desk.mates = desk.leavingOut = undefined;
+  desk.female = desk.male = desk.years = desk.plan = desk.forecast = desk.animalList = desk.mates = desk.leavingOut = undefined;
   desk.kind = desk.filter = "";
   desk.firstFinding = 0;
   desk.mending = undefined;

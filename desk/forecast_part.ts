@@ -5,6 +5,7 @@ import { Cancelled, ask } from "./client";
 import { bytesOf, showProblem, text, work } from "./desk";
 import type { Desk, DeskForecast } from "./desk";
 import { button, make, save, shownNumber } from "./dom";
+import { afterPress } from "./press";
 import type { ForecastAnswer, GrownAnswer } from "./protocol";
 import type { TextName } from "./texts";
 // The script of the page, which makes its charts readable with mouse and arrow keys.
@@ -49,7 +50,7 @@ async function grow(desk: Desk, forecast: DeskForecast): Promise<void> {
       if (grown.messages.length > 0) break;
       forecast.grown = grown;
       if (grown.done >= grown.replicates) break;
-      showGrown(desk, forecast);
+      afterPress(() => showGrown(desk, forecast));
     }
   } catch (problem) {
     if (!(problem instanceof Cancelled)) showProblem(text(desk, "failed", problem instanceof Error ? problem.message : String(problem)));
@@ -94,7 +95,7 @@ function drawKept(desk: Desk): HTMLElement {
 }
 
 export function drawForecast(desk: Desk): HTMLElement[] {
-  const forecast = desk.forecast ??= { fields: new Map(), problems: [], isWanted: false };
+  const forecast: DeskForecast = desk.forecast ??= { fields: new Map(), problems: [], isWanted: false };
   const body = make("div", { class: "pw", id: "forecast-body" });
   body.innerHTML = forecast.grown?.html ?? "";  // written by the core, with every text in it escaped
   if (forecast.grown !== undefined) queueMicrotask(readFigures);
