@@ -42,25 +42,35 @@ void tell(ReplicateWork& work, const ForecastProgress& progress) {
   if (progress && !progress(work.done_years, work.all_years())) work.is_stopped = true;
 }
 
-/// The walk is made when the first herd needs it.
+/// Years of one replicate, up to the one in which it dies out or is stopped. The walk is made when the first herd needs
+/// it, and put back.
+template <typename AfterYear>
+ReplicateYears live_years(const ModelBasis& basis, const BreedingRules& rules, const ForecastSettings& settings,
+                          std::int32_t replicate, std::unique_ptr<AncestorWalk>& walk, const AfterYear& goes_on) {
+  ReplicateYears years;
+  const bool is_walking = !has_table(basis, rules, settings.years);
+  if (is_walking && !walk) walk = std::make_unique<AncestorWalk>(make_basis_walk(basis));
+  ModelHerd herd = begin_herd(basis, rules, settings.seed, replicate, is_walking ? walk.get() : nullptr);
+  for (std::int32_t year = 1; year <= settings.years && live_year(herd, basis.base.last_year + year); ++year) {
+    years.push_back(herd.year);
+    if (!goes_on()) break;
+  }
+  if (is_walking) shorten_walk(*walk, basis.pedigree.count());
+  return years;
+}
+
 void run_replicate(ReplicateWork& work, std::int64_t task, std::unique_ptr<AncestorWalk>& walk,
                    const ForecastProgress& progress) {
   const auto scenarios = static_cast<std::int64_t>(work.forecast.scenarios.size());
   ScenarioForecast& scenario = work.forecast.scenarios[static_cast<std::size_t>(task % scenarios)];
   const auto replicate = static_cast<std::int32_t>(task / scenarios);
   ReplicateYears& years = scenario.replicates[static_cast<std::size_t>(replicate)];
-  const bool is_walking = !has_table(work.basis, scenario.rules, work.settings.years);
-  if (is_walking && !walk) walk = std::make_unique<AncestorWalk>(make_basis_walk(work.basis));
-  ModelHerd herd =
-      begin_herd(work.basis, scenario.rules, work.settings.seed, replicate, is_walking ? walk.get() : nullptr);
-  for (std::int32_t year = 0; year < work.settings.years && !work.is_stopped; ++year) {
-    if (!live_year(herd, work.forecast.first_year + year)) break;
-    years.push_back(herd.year);
+  years = live_years(work.basis, scenario.rules, work.settings, replicate, walk, [&] {
     ++work.done_years;
     tell(work, progress);
-  }
+    return !work.is_stopped;
+  });
   work.done_years += work.settings.years - static_cast<std::int64_t>(years.size());
-  if (is_walking) shorten_walk(*walk, work.basis.pedigree.count());
 }
 
 /// Takes replicates until there are no more. A thread of its own tells nothing.
@@ -155,9 +165,7 @@ std::int32_t ScenarioForecast::died_out(std::int32_t year) const {
 
 GrowingForecast begin_forecast(const ModelBasis& basis, std::span<const BreedingRules> scenarios,
                                const ForecastSettings& settings) {
-  GrowingForecast growing{basis, settings, begin_scenarios(basis, scenarios, settings)};
-  if (!basis.has_table()) growing.walk = std::make_unique<AncestorWalk>(make_basis_walk(basis));
-  return growing;
+  return {basis, settings, begin_scenarios(basis, scenarios, settings)};
 }
 
 bool grow_forecast(GrowingForecast& growing) {
@@ -165,12 +173,8 @@ bool grow_forecast(GrowingForecast& growing) {
   const auto replicate = static_cast<std::int32_t>(std::ssize(forecast.scenarios.front().replicates));
   if (replicate >= growing.settings.replicates) return false;
   for (ScenarioForecast& scenario : forecast.scenarios) {
-    ModelHerd herd = begin_herd(growing.basis, scenario.rules, growing.settings.seed, replicate, growing.walk.get());
-    ReplicateYears& years = scenario.replicates.emplace_back();
-    for (std::int32_t year = 0; year < forecast.years && live_year(herd, forecast.first_year + year); ++year) {
-      years.push_back(herd.year);
-    }
-    if (growing.walk) shorten_walk(*growing.walk, growing.basis.pedigree.count());
+    scenario.replicates.push_back(
+        live_years(growing.basis, scenario.rules, growing.settings, replicate, growing.walk, [] { return true; }));
   }
   return replicate + 1 < growing.settings.replicates;
 }

@@ -66,8 +66,8 @@ struct Forecast {
 struct GrowingForecast {
   const ModelBasis& basis;
   ForecastSettings settings;
-  Forecast forecast;  ///< with the replicates so far, as many of every scenario
-  std::unique_ptr<AncestorWalk> walk = {};
+  Forecast forecast;                        ///< with the replicates so far, as many of every scenario
+  std::unique_ptr<AncestorWalk> walk = {};  ///< made when a herd needs it
 };
 
 GrowingForecast begin_forecast(const ModelBasis& basis, std::span<const BreedingRules> scenarios,

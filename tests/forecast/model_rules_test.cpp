@@ -168,6 +168,15 @@ TEST(ModelRules, HaveNoTableOfALargeHerd) {
     ASSERT_EQ(years.size(), 2U);
     EXPECT_LT(years[1].kinship.mean_f, forecast.scenarios[0].replicates[0][1].kinship.mean_f);
   }
+  GrowingForecast growing = begin_forecast(begun.basis, scenarios, settings);  // whose herds are of both kinds too
+  EXPECT_TRUE(grow_forecast(growing));
+  EXPECT_FALSE(grow_forecast(growing));
+  for (std::size_t scenario = 0; scenario < 2; ++scenario) {
+    for (std::size_t k = 0; k < 2; ++k) {
+      EXPECT_EQ(growing.forecast.scenarios[scenario].replicates[k][1].kinship.mean_f,
+                forecast.scenarios[scenario].replicates[k][1].kinship.mean_f);
+    }
+  }
 }
 
 TEST(ModelRules, CountMatingsBetweenOffspringOfAYear) {
