@@ -56,8 +56,10 @@ const script = inScript(bundle("main"));
 /** Compressed, in letters of which a script can hold any. Browsers that know vectors in WebAssembly know how to decompress
  * too (gunzip.ts). */
 const packed = (bytes) => gzipSync(bytes, { level: 9 }).toString("base64");
+/** The core is most of the file: a longer search for a shorter compression, of the same kind, is worth some seconds. */
+const packedCore = () => execFileSync("zopfli", ["--i1", "-c", join(wasmBuild, "desk_core.wasm")], { maxBuffer: 1 << 28 }).toString("base64");
 const worker = inScript(`${coreScript}
-const deskCoreBytes = "${packed(coreBytes)}";
+const deskCoreBytes = "${packedCore()}";
 ${bundle("worker")}`);
 const example = (folder, name) => packed(readFileSync(join("examples", folder, name)));
 const policy = ["default-src 'none'", `script-src ${hashOf(script)} 'wasm-unsafe-eval'`, "worker-src blob:",
