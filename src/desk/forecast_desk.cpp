@@ -32,25 +32,21 @@ constexpr Wording years_expected = {"\"years\": a number of years from 1 to 200 
 constexpr Wording field_fault = {"\"{1}\": {2}: {3}", "\"{1}\": {2}: {3}"};
 constexpr Wording typed_rules = {"these rules", "deze regels"};
 
-/// A rule that has a field in the page, by what the page calls it.
+/// Rules that have a field in the page, and whether a number in it is per cent.
 struct RuleField {
   std::string_view name;
-  Wording label;
   bool is_percentage = false;
 };
-constexpr auto rule_fields = std::to_array<RuleField>(
-    {{"most-litters-a-year", {"litters of a sire a year, at most", "nesten van een vader per jaar, hoogstens"}},
-     {"most-litters-in-life", {"litters of a sire in life, at most", "nesten van een vader in zijn leven, hoogstens"}},
-     {"sires", {"sires a year", "vaders per jaar"}},
-     {"litters", {"litters a year", "nesten per jaar"}},
-     {"most-f", {"F of a litter at most", "F van een nest hoogstens"}, true},
-     {"kinship-below",
-      {"parents of lower kinship than these of their age mates", "ouders met lagere verwantschap dan dit deel"},
-      true},
-     {"least-age-sires", {"age of sires at least", "leeftijd van vaders minstens"}},
-     {"least-age-dams", {"age of dams at least", "leeftijd van moeders minstens"}},
-     {"import-sires", {"imported sires a year", "ingevoerde vaders per jaar"}},
-     {"import-dams", {"imported dams a year", "ingevoerde moeders per jaar"}}});
+constexpr auto rule_fields = std::to_array<RuleField>({{"most-litters-a-year"},
+                                                       {"most-litters-in-life"},
+                                                       {"sires"},
+                                                       {"litters"},
+                                                       {"most-f", true},
+                                                       {"kinship-below", true},
+                                                       {"least-age-sires"},
+                                                       {"least-age-dams"},
+                                                       {"import-sires"},
+                                                       {"import-dams"}});
 
 void add_messages(JsonText& json, const std::vector<std::string>& messages) {
   begin_list(json, "messages");
@@ -67,8 +63,8 @@ std::string refusal_of(const std::vector<std::string>& messages) {
 }
 
 std::string_view label_of(std::string_view name, ToolLanguage language) {
-  for (const RuleField& field : rule_fields) {
-    if (field.name == name) return words_of(field.label, language);
+  for (const RuleForm& form : rule_forms()) {
+    if (form.name == name) return words_of(form.label, language);
   }
   return name;
 }
@@ -83,9 +79,8 @@ BreedingRules rules_typed(std::string_view settings, ToolLanguage language, std:
     if (field.is_percentage && !value.ends_with('%')) value.push_back('%');
     const RuleProblem problem = take_rule(field.name, value, rules);
     if (problem.reason.english.empty()) continue;
-    faults.push_back(
-        phrase(field_fault, language,
-               {words_of(field.label, language), shown(readable(value)), words_of(problem.reason, language)}));
+    faults.push_back(phrase(field_fault, language,
+                            {label_of(field.name, language), shown(readable(value)), reason_of(problem, language)}));
   }
   return rules;
 }
@@ -95,8 +90,7 @@ void add_contradictions(const BreedingRules& rules, const BasePeriod& base, Tool
   for (const RuleProblem& problem : find_contradictions(rules, base)) {
     const std::string name = problem.text.substr(0, problem.text.find(" = "));
     const std::string value = problem.text.substr(name.size() + std::string_view(" = ").size());
-    faults.push_back(
-        phrase(field_fault, language, {label_of(name, language), value, words_of(problem.reason, language)}));
+    faults.push_back(phrase(field_fault, language, {label_of(name, language), value, reason_of(problem, language)}));
   }
 }
 

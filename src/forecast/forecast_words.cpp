@@ -23,16 +23,16 @@ constexpr Wording lives_line = {"sires stay in use for {1} years and have {2} li
 constexpr Wording descent_line = {
     "young with one known parent: {1} %, with none: {2} %; parents that came into use from outside: {3} % of the sires, "
     "{4} % of the dams",
-    "jongen met een bekende ouder: {1} %, zonder: {2} %; ouders die van buiten in gebruik kwamen: {3} % van de vaders, "
+    "jongen met \xC3\xA9\xC3\xA9n bekende ouder: {1} %, zonder: {2} %; ouders die van buiten in gebruik kwamen: {3} % van de vaders, "
     "{4} % van de moeders"};
 constexpr Wording levels_line = {
     "these went up or down, and the forecast goes on with where they are now: {1} litters a year, young with one known "
     "parent {2} %, with none {3} %",
-    "deze liepen op of terug, en de vooruitblik gaat verder met waar ze nu zijn: {1} nesten per jaar, jongen met een "
+    "deze liepen op of terug, en de vooruitblik gaat verder met waar ze nu zijn: {1} nesten per jaar, jongen met \xC3\xA9\xC3\xA9n "
     "bekende ouder {2} %, zonder {3} %"};
 constexpr Wording evenness_line = {
     "of two litters of a year {1} % have the same sire, of two that are one to three years apart {2} %",
-    "van twee nesten van een jaar heeft {1} % dezelfde vader, van twee die een tot drie jaar uiteen liggen {2} %"};
+    "van twee nesten van \xC3\xA9\xC3\xA9n jaar heeft {1} % dezelfde vader, van twee die \xC3\xA9\xC3\xA9n tot drie jaar uiteen liggen {2} %"};
 constexpr Wording within_groups = {" (within a subpopulation)", " (binnen een subpopulatie)"};
 constexpr Wording unknown_sires_line = {
     "sire unknown: {1} % of the litters of dams with known parents, {2} % of those of other dams",
@@ -50,8 +50,13 @@ constexpr Wording result_line = {
     "de gemiddelde verwantschap gaat van {1} % in {2} naar {3} % in {4} ({5} tot {6} % in 90 van de 100 herhalingen)"};
 constexpr Wording f_line = {"mean F comes to {1} % ({2} to {3} %)", "de gemiddelde F komt op {1} % ({2} tot {3} %)"};
 constexpr Wording rate_line = {
-    "kinship rises by {1} % a generation ({2} to {3} %), as with an effective size of {4}",
-    "de verwantschap stijgt met {1} % per generatie ({2} tot {3} %), zoals bij een effectieve grootte van {4}"};
+    "kinship rises by {1} % a generation ({2} to {3} %), as with an effective size of {4} ({5} to {6})",
+    "de verwantschap stijgt met {1} % per generatie ({2} tot {3} %), zoals bij een effectieve populatiegrootte van {4} "
+    "({5} tot {6})"};
+constexpr Wording unlimited_rate_line = {
+    "kinship rises by {1} % a generation ({2} to {3} %), as with an effective size of {4} ({5} or more)",
+    "de verwantschap stijgt met {1} % per generatie ({2} tot {3} %), zoals bij een effectieve populatiegrootte van {4} "
+    "({5} of meer)"};
 constexpr Wording falling_line = {"kinship changes by {1} % a generation ({2} to {3} %)",
                                   "de verwantschap verandert met {1} % per generatie ({2} tot {3} %)"};
 constexpr Wording lower_line = {
@@ -96,10 +101,6 @@ constexpr Wording truth_line = {
     "vooruitblik vanuit {1}: de werkelijke {2} lag in {3} van de {4} jaren binnen de band, in {5} erboven, in {6} eronder"};
 constexpr Wording f_name = {"mean F", "gemiddelde F"}, kinship_name = {"mean kinship", "gemiddelde verwantschap"};
 
-std::string one_decimal(double value) {
-  return fixed_decimals(value, 1);
-}
-
 double mean_size(const CountedPractice& counted) {
   double mean = 0.0, size = 0.0;
   for (const float share : counted.litter_sizes) mean += (size += 1.0) * double{share};
@@ -114,31 +115,33 @@ std::vector<std::string> practice_sentences(const BasePeriod& base, const Counte
   const auto add = [&](const Wording& wording, std::initializer_list<std::string_view> values) {
     lines.push_back(phrase(wording, language, values));
   };
+  const auto one_decimal = [&](double value) { return shown_decimals(value, 1, language); };
+  const auto percent = [&](double fraction) { return shown_percent(fraction, language, 1); };
   const std::string last = std::to_string(base.last_year);
   add(base_line, {std::to_string(base.first_year), last, one_decimal(base.generation_interval)});
   if (base.first_alike < base.first_year) add(alike_line, {std::to_string(base.first_alike), last});
   add(litters_line, {one_decimal(double{counted.litters_a_year}), one_decimal(mean_size(counted))});
   add(parents_line, {one_decimal(families.sires_a_year), one_decimal(families.dams_a_year),
-                     one_decimal(families.litters_per_sire), percent_of(families.top_sire, 1)});
+                     one_decimal(families.litters_per_sire), percent(families.top_sire)});
   if (families.years_in_use > 0.0) {
     add(lives_line, {one_decimal(families.years_in_use), one_decimal(families.families_in_life)});
   }
-  add(descent_line, {percent_of(families.half_known, 1), percent_of(families.founders, 1),
-                     percent_of(families.outside_sires, 1), percent_of(families.outside_dams, 1)});
+  add(descent_line, {percent(families.half_known), percent(families.founders), percent(families.outside_sires),
+                     percent(families.outside_dams)});
   const PracticeLevels& levels = base.levels;
   if (levels.litters.is_trend || levels.founders.is_trend || levels.half_known.is_trend) {
     add(levels_line,
-        {one_decimal(levels.litters.last), percent_of(levels.half_known.last, 1), percent_of(levels.founders.last, 1)});
+        {one_decimal(levels.litters.last), percent(levels.half_known.last), percent(levels.founders.last)});
   }
   if (families.no_sire_of_known > 0.0 || families.no_sire_of_others > 0.0) {
-    add(unknown_sires_line, {percent_of(families.no_sire_of_known, 1), percent_of(families.no_sire_of_others, 1)});
+    add(unknown_sires_line, {percent(families.no_sire_of_known), percent(families.no_sire_of_others)});
   }
   if (families.evenness) {
-    add(evenness_line, {percent_of(families.evenness->in_year, 1), percent_of(families.evenness->in_life, 1)});
+    add(evenness_line, {percent(families.evenness->in_year), percent(families.evenness->in_life)});
     if (base.years.front().size() > 1) lines.back() += phrase(within_groups, language, {});
   }
-  add(matings_line, {percent_of(families.close_matings, 1)});
-  if (base.years.front().size() > 1) add(groups_line, {percent_of(families.between_groups, 1)});
+  add(matings_line, {percent(families.close_matings)});
+  if (base.years.front().size() > 1) add(groups_line, {percent(families.between_groups)});
   return lines;
 }
 
@@ -157,21 +160,27 @@ struct ScenarioLines {
     const std::vector<std::string_view> all(values.begin(), values.end());
     lines.push_back(phrase(wording, language, all));
   }
+  std::string percent(double fraction) const { return shown_percent(fraction, language); }
+  std::string one_decimal(double value) const { return shown_decimals(value, 1, language); }
 };
 
 void add_result(const Forecast& forecast, const ScenarioSummary& summary, ScenarioLines& lines) {
   const auto& kinship = summary.of(SummaryFigure::last_kinship).value;
   const auto& f = summary.of(SummaryFigure::last_mean_f).value;
   if (!kinship || !f) return;
-  lines.add(result_line, {percent_of(forecast.start.with_self), std::to_string(forecast.first_year - 1),
-                          percent_of(kinship->median), std::to_string(forecast.first_year + forecast.years - 1),
-                          percent_of(kinship->low), percent_of(kinship->high)});
-  lines.add(f_line, {percent_of(f->median), percent_of(f->low), percent_of(f->high)});
+  lines.add(result_line, {lines.percent(forecast.start.with_self), std::to_string(forecast.first_year - 1),
+                          lines.percent(kinship->median), std::to_string(forecast.first_year + forecast.years - 1),
+                          lines.percent(kinship->low), lines.percent(kinship->high)});
+  lines.add(f_line, {lines.percent(f->median), lines.percent(f->low), lines.percent(f->high)});
   const auto& rate = summary.of(SummaryFigure::kinship_rate_per_generation).value;
   if (!rate) return;
-  const std::string median = percent_of(rate->median), low = percent_of(rate->low), high = percent_of(rate->high);
+  const std::string median = lines.percent(rate->median), low = lines.percent(rate->low),
+                    high = lines.percent(rate->high);
   if (rate->median > 0.0) {
-    lines.add(rate_line, {median, low, high, fixed_decimals(0.5 / rate->median, 0)});
+    const auto size = [](double loss) { return fixed_decimals(0.5 / loss, 0); };
+    const bool has_most = rate->low > 0.0;  // otherwise kinship does not rise in some replicates
+    lines.add(has_most ? rate_line : unlimited_rate_line,
+              {median, low, high, size(rate->median), size(rate->high), has_most ? size(rate->low) : std::string()});
   } else {
     lines.add(falling_line, {median, low, high});
   }
@@ -184,13 +193,13 @@ void add_difference(const Forecast& forecast, const ScenarioSummary& summary, Sc
   if (difference->low == 0.0 && difference->high == 0.0) {
     lines.add(same_line, {year});
   } else if (difference->high < 0.0) {
-    lines.add(lower_line,
-              {year, percent_of(-difference->median), percent_of(-difference->high), percent_of(-difference->low)});
+    lines.add(lower_line, {year, lines.percent(-difference->median), lines.percent(-difference->high),
+                           lines.percent(-difference->low)});
   } else if (difference->low > 0.0) {
-    lines.add(higher_line,
-              {year, percent_of(difference->median), percent_of(difference->low), percent_of(difference->high)});
+    lines.add(higher_line, {year, lines.percent(difference->median), lines.percent(difference->low),
+                            lines.percent(difference->high)});
   } else {
-    lines.add(unclear_line, {year, percent_of(difference->low), percent_of(difference->high)});
+    lines.add(unclear_line, {year, lines.percent(difference->low), lines.percent(difference->high)});
   }
 }
 
@@ -213,7 +222,9 @@ void add_costs(const ScenarioSummary& summary, ScenarioLines& lines) {
     return value ? value->median : 0.0;
   };
   const double litters = median(SummaryFigure::refused_litters), sires = median(SummaryFigure::refused_sires);
-  if (litters >= least || sires >= least) lines.add(sires_cost_line, {one_decimal(litters), one_decimal(sires)});
+  if (litters >= least || sires >= least) {
+    lines.add(sires_cost_line, {lines.one_decimal(litters), lines.one_decimal(sires)});
+  }
   const struct {
     SummaryFigure figure;
     const Wording& line;
@@ -221,7 +232,7 @@ void add_costs(const ScenarioSummary& summary, ScenarioLines& lines) {
                {SummaryFigure::refused_entrants, entrants_cost_line},
                {SummaryFigure::lost_litters, lost_line}};
   for (const auto& cost : costs) {
-    if (median(cost.figure) >= least) lines.add(cost.line, {one_decimal(median(cost.figure))});
+    if (median(cost.figure) >= least) lines.add(cost.line, {lines.one_decimal(median(cost.figure))});
   }
 }
 
@@ -230,7 +241,7 @@ void add_costs(const ScenarioSummary& summary, ScenarioLines& lines) {
 std::optional<std::string> unknown_parents_sentence(const FamilyPractice& families, ToolLanguage language) {
   const double share = families.half_known + families.founders;
   if (share < least_unknown_share) return std::nullopt;
-  return phrase(unknown_parents_line, language, {percent_of(share, 1)});
+  return phrase(unknown_parents_line, language, {shown_percent(share, language, 1)});
 }
 
 std::string title_of(const BreedingRules& rules, ToolLanguage language) {

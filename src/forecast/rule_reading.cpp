@@ -5,26 +5,30 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdlib>
 #include <optional>
+#include <utility>
+
+#include "planning/plan_words.h"
 
 namespace pedigreewatch {
 namespace {
 
-constexpr Wording a_count = {"a whole number from 1 to 1000000 was expected",
-                             "een heel getal van 1 tot en met 1000000 werd verwacht"};
-constexpr Wording a_count_or_none = {"a whole number from 0 to 1000000 was expected",
-                                     "een heel getal van 0 tot en met 1000000 werd verwacht"};
-constexpr Wording an_age = {"a whole number of years from 1 to 60 was expected",
-                            "een heel aantal jaren van 1 tot en met 60 werd verwacht"};
+constexpr Wording a_count = {"a whole number from {1} to {2} was expected",
+                             "een heel getal van {1} tot en met {2} werd verwacht"};
+constexpr Wording an_age = {"a whole number of years from {1} to {2} was expected",
+                            "een heel aantal jaren van {1} tot en met {2} werd verwacht"};
 constexpr Wording an_amount = {
     "a number such as 40, a change such as +20 or -5, or a part such as 150% was expected",
     "een aantal zoals 40, een verandering zoals +20 of -5, of een deel zoals 150% werd verwacht"};
-constexpr Wording a_trend = {"a per cent a year from -50% to 50% was expected",
-                             "een percentage per jaar van -50% tot 50% werd verwacht"};
+constexpr Wording a_trend = {"a per cent a year from {1}% to {2}% was expected",
+                             "een percentage per jaar van {1}% tot {2}% werd verwacht"};
 constexpr Wording an_f = {"an F such as 0.0625 or 6.25% was expected", "een F zoals 0.0625 of 6.25% werd verwacht"};
-constexpr Wording a_percent = {"a per cent from 0% to 99% was expected", "een percentage van 0% tot 99% werd verwacht"};
-constexpr Wording a_kinship = {"a kinship from 0 to 0.5 was expected", "een verwantschap van 0 tot 0.5 werd verwacht"};
+constexpr Wording a_percent = {"a per cent from {1}% to {2}% was expected",
+                               "een percentage van {1}% tot {2}% werd verwacht"};
+constexpr Wording a_kinship = {"a kinship from {1} to {2} was expected",
+                               "een verwantschap van {1} tot {2} werd verwacht"};
 constexpr Wording a_yes = {"yes or no was expected", "yes of no werd verwacht"};
 constexpr Wording an_exchange = {"present, open, closed or rotation was expected",
                                  "present, open, closed of rotation werd verwacht"};
@@ -39,7 +43,7 @@ constexpr Wording taken_name = {
     "there is a scenario of this name already; present is the present practice, options are the rules of options",
     "er is al een scenario met deze naam; present is de huidige praktijk, options zijn de regels uit opties"};
 constexpr Wording twice = {"this rule stands twice", "deze regel staat er twee keer"};
-constexpr Wording too_many = {"more than 12 scenarios", "meer dan 12 scenario's"};
+constexpr Wording too_many = {"more than {1} scenarios", "meer dan {1} scenario's"};
 constexpr Wording no_scenario = {"no scenario: a name in square brackets, and rules below it, were expected",
                                  "geen scenario: een naam tussen vierkante haken, met regels eronder, werd verwacht"};
 constexpr Wording no_rules = {"this scenario has no rule", "dit scenario heeft geen regel"};
@@ -49,11 +53,10 @@ constexpr Wording too_few_sires = {
     "with so many sires and so few litters for each, there are not enough for the litters of a year",
     "met zoveel vaders en zo weinig nesten voor elk zijn er niet genoeg voor de nesten van een jaar"};
 constexpr Wording too_many_of_them = {
-    "more than 100 times the present number, or than 100000: it cannot be forecast from that",
-    "meer dan 100 keer het huidige aantal, of dan 100000: dat is daar niet uit te "
-    "voorzien"};
+    "more than {1} times the present number, or than {2}: it cannot be forecast from that",
+    "meer dan {1} keer het huidige aantal, of dan {2}: dat is daar niet uit te voorzien"};
 constexpr Wording nothing_left = {"of the present number fewer than one would be left",
-                                  "van het huidige aantal bleef er minder dan een over"};
+                                  "van het huidige aantal bleef er minder dan \xC3\xA9\xC3\xA9n over"};
 constexpr Wording too_old = {"no parent was ever so old: nobody would be left to breed with",
                              "geen enkele ouder was ooit zo oud: er bleef niemand over om mee te fokken"};
 constexpr Wording no_groups = {"the population has no subpopulations to exchange sires between",
@@ -85,22 +88,29 @@ std::optional<double> read_real(std::string_view text, bool may_have_sign = fals
   return (text.starts_with('-') ? -value : value) / scale;
 }
 
-std::optional<std::int32_t> read_whole(std::string_view text, std::int32_t least, std::int32_t most) {
+std::optional<std::int32_t> read_whole(std::string_view text, double least, double most) {
   std::int32_t number = 0;
   const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   const bool is_number = error == std::errc() && stop == text.data() + text.size();
   return is_number && number >= least && number <= most ? std::optional(number) : std::nullopt;
 }
 
-constexpr std::int32_t most_count = 1'000'000, most_age = 60;
+constexpr double most_count = 1'000'000.0;
 
 /// A fraction, or per cent with the sign.
-std::optional<double> read_fraction(std::string_view text, double least, double most) {
+std::optional<double> read_fraction(std::string_view text, const RuleForm& form) {
   const bool is_percent = text.ends_with('%');
   if (is_percent) text.remove_suffix(1);
-  std::optional<double> value = read_real(text, least < 0.0);
+  std::optional<double> value = read_real(text);
   if (value && is_percent) *value /= 100.0;
-  return value && *value >= least && *value <= most ? value : std::nullopt;
+  return value && *value >= form.least && *value <= form.most ? value : std::nullopt;
+}
+
+/// Per cent, with the sign behind it.
+std::optional<double> read_percent(std::string_view text, const RuleForm& form) {
+  if (!text.ends_with('%')) return std::nullopt;
+  const std::optional<double> value = read_real(text.substr(0, text.size() - 1), form.least < 0.0);
+  return value && *value >= form.least && *value <= form.most ? value : std::nullopt;
 }
 
 bool take_amount(std::string_view text, Amount& amount) {
@@ -119,20 +129,20 @@ bool take_amount(std::string_view text, Amount& amount) {
   return true;
 }
 
-bool take_count(std::string_view text, std::optional<std::int32_t>& count) {
-  count = read_whole(text, 1, most_count);
+bool take_count(std::string_view text, const RuleForm& form, std::optional<std::int32_t>& count) {
+  count = read_whole(text, form.least, form.most);
   return count.has_value();
 }
 
-bool take_whole(std::string_view text, std::int32_t least, std::int32_t most, std::int32_t& number) {
-  const auto read = read_whole(text, least, most);
+bool take_whole(std::string_view text, const RuleForm& form, std::int32_t& number) {
+  const auto read = read_whole(text, form.least, form.most);
   number = read.value_or(0);
   return read.has_value();
 }
 
 bool take_exchange(std::string_view text, Exchange& exchange) {
   constexpr std::array<std::string_view, 4> words = {"present", "open", "closed", "rotation"};
-  const auto found = std::find(words.begin(), words.end(), text);
+  const auto* const found = std::find(words.begin(), words.end(), text);
   if (found == words.end()) return false;
   exchange = static_cast<Exchange>(found - words.begin());
   return true;
@@ -140,58 +150,96 @@ bool take_exchange(std::string_view text, Exchange& exchange) {
 
 struct Rule {
   RuleForm form;
-  bool (*take)(std::string_view value, BreedingRules& rules);
+  bool (*take)(std::string_view value, const RuleForm& form, BreedingRules& rules);
 };
 
+constexpr double most_age = 60.0;
+
 constexpr auto all_rules = std::to_array<Rule>({
-    {{"most-litters-a-year", a_count}, [](auto value, auto& rules) { return take_count(value, rules.litters_a_year); }},
-    {{"most-litters-in-life", a_count},
-     [](auto value, auto& rules) { return take_count(value, rules.litters_in_life); }},
-    {{"sires", an_amount}, [](auto value, auto& rules) { return take_amount(value, rules.sires); }},
-    {{"litters", an_amount}, [](auto value, auto& rules) { return take_amount(value, rules.litters); }},
-    {{"litters-trend", a_trend},
-     [](auto value, auto& rules) {
-       const auto trend = value.ends_with('%') ? read_fraction(value, -0.5, 0.5) : std::nullopt;
-       rules.trend = trend.value_or(0.0);
+    {{"most-litters-a-year",
+      {"litters of a sire a year, at most", "nesten van een vader per jaar, hoogstens"},
+      a_count,
+      1.0,
+      most_count},
+     [](auto value, auto& form, auto& rules) { return take_count(value, form, rules.litters_a_year); }},
+    {{"most-litters-in-life",
+      {"litters of a sire in life, at most", "nesten van een vader in zijn leven, hoogstens"},
+      a_count,
+      1.0,
+      most_count},
+     [](auto value, auto& form, auto& rules) { return take_count(value, form, rules.litters_in_life); }},
+    {{"sires", {"sires a year", "vaders per jaar"}, an_amount},
+     [](auto value, auto&, auto& rules) { return take_amount(value, rules.sires); }},
+    {{"litters", {"litters a year", "nesten per jaar"}, an_amount},
+     [](auto value, auto&, auto& rules) { return take_amount(value, rules.litters); }},
+    {{"litters-trend", {"litters more each year", "elk jaar meer nesten"}, a_trend, -50.0, 50.0},
+     [](auto value, auto& form, auto& rules) {
+       const auto trend = read_percent(value, form);
+       rules.trend = trend.value_or(0.0) / 100.0;
        return trend.has_value();
      }},
-    {{"most-offspring-matings", a_count_or_none},
-     [](auto value, auto& rules) {
-       rules.offspring_matings = read_whole(value, 0, most_count);
-       return rules.offspring_matings.has_value();
-     }},
-    {{"most-f", an_f},
-     [](auto value, auto& rules) {
-       rules.most_f = read_fraction(value, 0.0, 1.0);
+    {{"most-offspring-matings",
+      {"matings between two offspring of the same animal in a year, at most",
+       "paringen tussen twee nakomelingen van hetzelfde dier in een jaar, hoogstens"},
+      a_count,
+      0.0,
+      most_count},
+     [](auto value, auto& form, auto& rules) { return take_count(value, form, rules.offspring_matings); }},
+    {{"most-f", {"F of a litter at most", "F van een nest hoogstens"}, an_f, 0.0, 1.0},
+     [](auto value, auto& form, auto& rules) {
+       rules.most_f = read_fraction(value, form);
        return rules.most_f.has_value();
      }},
-    {{"kinship-below", a_percent},
-     [](auto value, auto& rules) {
-       const auto part = value.ends_with('%') ? read_fraction(value, 0.0, 0.99) : std::nullopt;
-       rules.above_percent = part ? std::optional(100.0 * *part) : std::nullopt;
-       return part.has_value();
+    {{"kinship-below",
+      {"only parents of lower kinship than these of their age mates",
+       "alleen ouders met lagere verwantschap dan dit deel van hun leeftijdgenoten"},
+      a_percent,
+      0.0,
+      99.0},
+     [](auto value, auto& form, auto& rules) {
+       rules.above_percent = read_percent(value, form);
+       return rules.above_percent.has_value();
      }},
-    {{"least-age-sires", an_age},
-     [](auto value, auto& rules) { return take_whole(value, 1, most_age, rules.least_age.of_males); }},
-    {{"least-age-dams", an_age},
-     [](auto value, auto& rules) { return take_whole(value, 1, most_age, rules.least_age.of_females); }},
-    {{"import-sires", a_count_or_none},
-     [](auto value, auto& rules) { return take_whole(value, 0, most_count, rules.imports.of_males); }},
-    {{"import-dams", a_count_or_none},
-     [](auto value, auto& rules) { return take_whole(value, 0, most_count, rules.imports.of_females); }},
-    {{"import-kinship", a_kinship},
-     [](auto value, auto& rules) {
-       const auto kinship = read_fraction(value, 0.0, 0.5);
+    {{"least-age-sires", {"age of sires at least", "leeftijd van vaders minstens"}, an_age, 1.0, most_age},
+     [](auto value, auto& form, auto& rules) { return take_whole(value, form, rules.least_age.of_males); }},
+    {{"least-age-dams", {"age of dams at least", "leeftijd van moeders minstens"}, an_age, 1.0, most_age},
+     [](auto value, auto& form, auto& rules) { return take_whole(value, form, rules.least_age.of_females); }},
+    {{"import-sires", {"imported sires a year", "ingevoerde vaders per jaar"}, a_count, 0.0, most_count},
+     [](auto value, auto& form, auto& rules) { return take_whole(value, form, rules.imports.of_males); }},
+    {{"import-dams", {"imported dams a year", "ingevoerde moeders per jaar"}, a_count, 0.0, most_count},
+     [](auto value, auto& form, auto& rules) { return take_whole(value, form, rules.imports.of_females); }},
+    {{"import-kinship",
+      {"kinship of these imports with each other", "verwantschap van deze importdieren onderling"},
+      a_kinship,
+      0.0,
+      0.5},
+     [](auto value, auto& form, auto& rules) {
+       const auto kinship = read_fraction(value, form);
        rules.import_kinship = kinship.value_or(0.0);
        return kinship.has_value();
      }},
-    {{"one-litter-a-dam", a_yes},
-     [](auto value, auto& rules) {
+    {{"one-litter-a-dam", {"one litter a dam", "\xC3\xA9\xC3\xA9n nest per moeder"}, a_yes},
+     [](auto value, auto&, auto& rules) {
        rules.has_one_litter = value == "yes";
        return value == "yes" || value == "no";
      }},
-    {{"exchange", an_exchange}, [](auto value, auto& rules) { return take_exchange(value, rules.exchange); }},
+    {{"exchange",
+      {"exchange of sires between subpopulations", "uitwisseling van vaders tussen subpopulaties"},
+      an_exchange},
+     [](auto value, auto&, auto& rules) { return take_exchange(value, rules.exchange); }},
 });
+
+/// As it is written in a rule.
+std::string number_text(double value) {
+  const bool is_whole = value == std::floor(value);
+  return fixed_decimals(value, is_whole ? 0 : 1);
+}
+
+const Rule* find_rule(std::string_view name) {
+  const auto* const rule =
+      std::find_if(all_rules.begin(), all_rules.end(), [&](const Rule& r) { return r.form.name == name; });
+  return rule == all_rules.end() ? nullptr : rule;
+}
 
 std::string_view trimmed(std::string_view text) {
   const std::size_t first = text.find_first_not_of(" \t\r");
@@ -207,7 +255,7 @@ RuleProblem begin_scenario(std::string_view line, ReadScenarios& read) {
                                     [&](const BreedingRules& rules) { return rules.name == name; });
   const bool is_taken = is_given || name == present_practice || name == options_scenario;
   if (is_taken) return {0, name, taken_name};
-  if (read.scenarios.size() == most_scenarios) return {0, name, too_many};
+  if (read.scenarios.size() == most_scenarios) return {0, name, too_many, {std::to_string(most_scenarios)}};
   read.scenarios.emplace_back().name = name;
   return {};
 }
@@ -245,18 +293,38 @@ BaseNumbers count_base(const BasePeriod& base) {
 
 }  // namespace
 
+std::string reason_of(const RuleProblem& problem, ToolLanguage language) {
+  const std::vector<std::string_view> values(problem.values.begin(), problem.values.end());
+  return phrase(problem.reason, language, values);
+}
+
+std::string rule_in_words(const WrittenRule& rule, ToolLanguage language) {
+  const Rule* const known = find_rule(rule.name);
+  if (known == nullptr) return rule.text();
+  std::string value = rule.value;
+  if (language == ToolLanguage::dutch) {
+    if (value == "yes") value = "ja";
+    if (value == "no") value = "nee";
+    std::replace(value.begin(), value.end(), '.', ',');
+  }
+  return std::string(words_of(known->form.label, language)) + ": " + value;
+}
+
 std::vector<RuleForm> rule_forms() {
   std::vector<RuleForm> forms;
+  forms.reserve(all_rules.size());
   for (const Rule& rule : all_rules) forms.push_back(rule.form);
   return forms;
 }
 
 RuleProblem take_rule(std::string_view name, std::string_view value, BreedingRules& rules, std::int64_t line) {
-  const auto rule =
-      std::find_if(all_rules.begin(), all_rules.end(), [&](const Rule& r) { return r.form.name == name; });
-  if (rule == all_rules.end()) return {0, std::string(name), no_such_rule};
+  const Rule* const rule = find_rule(name);
+  if (rule == nullptr) return {0, std::string(name), no_such_rule};
   if (find_written(rules, name) != nullptr) return {0, std::string(name), twice};
-  if (!rule->take(value, rules)) return {0, std::string(value), rule->form.expected};
+  const RuleForm& form = rule->form;
+  if (!rule->take(value, form, rules)) {
+    return {0, std::string(value), form.expected, {number_text(form.least), number_text(form.most)}};
+  }
   rules.written.push_back({std::string(name), std::string(value), line});
   return {};
 }
@@ -282,10 +350,10 @@ ReadScenarios read_scenarios(std::string_view text) {
 
 std::vector<RuleProblem> find_contradictions(const BreedingRules& rules, const BasePeriod& base) {
   std::vector<RuleProblem> problems;
-  const auto add = [&](std::string_view name, const Wording& reason) {
+  const auto add = [&](std::string_view name, const Wording& reason, std::vector<std::string> values = {}) {
     const WrittenRule* const rule = find_written(rules, name);
-    problems.push_back(rule == nullptr ? RuleProblem{0, rules.name, reason}
-                                       : RuleProblem{rule->line, rule->text(), reason});
+    problems.push_back(rule == nullptr ? RuleProblem{0, rules.name, reason, std::move(values)}
+                                       : RuleProblem{rule->line, rule->text(), reason, std::move(values)});
   };
   if (rules.litters_a_year && rules.litters_in_life && *rules.litters_a_year > *rules.litters_in_life) {
     add("most-litters-a-year", year_above_life);
@@ -294,14 +362,15 @@ std::vector<RuleProblem> find_contradictions(const BreedingRules& rules, const B
   const bool is_limited = rules.litters_a_year && rules.sires.is_changed();
   const double litters = rules.litters.of(present.litters);
   if (is_limited && rules.sires.of(present.sires) * *rules.litters_a_year < litters) add("sires", too_few_sires);
-  const auto is_beyond = [](double wanted, double now) {
+  const auto refuse_beyond = [&](std::string_view name, double wanted, double now) {
     constexpr double most_growth = 100.0, most_wanted = 100'000.0;
-    return wanted > most_growth * std::max(now, 1.0) || wanted > std::max(now, most_wanted);
+    if (wanted <= most_growth * std::max(now, 1.0) && wanted <= std::max(now, most_wanted)) return;
+    add(name, too_many_of_them, {number_text(most_growth), number_text(most_wanted)});
   };
-  if (is_beyond(rules.sires.of(present.sires), present.sires)) add("sires", too_many_of_them);
-  if (is_beyond(litters, present.litters)) add("litters", too_many_of_them);
-  if (is_beyond(rules.imports.of_males, present.sires)) add("import-sires", too_many_of_them);
-  if (is_beyond(rules.imports.of_females, present.litters)) add("import-dams", too_many_of_them);
+  refuse_beyond("sires", rules.sires.of(present.sires), present.sires);
+  refuse_beyond("litters", litters, present.litters);
+  refuse_beyond("import-sires", rules.imports.of_males, present.sires);
+  refuse_beyond("import-dams", rules.imports.of_females, present.litters);
   if (rules.sires.of(present.sires) < 1.0) add("sires", nothing_left);
   if (litters < 1.0) add("litters", nothing_left);
   if (rules.least_age.of_males > base.careers.of_males.oldest) add("least-age-sires", too_old);

@@ -9,13 +9,16 @@
 #include "core/wording.h"
 #include "forecast/base_period.h"
 #include "forecast/breeding_rules.h"
+#include "text/phrases.h"
 
 namespace pedigreewatch {
 
-/// A rule that can be written, with what its value must be.
+/// A rule that can be written.
 struct RuleForm {
   std::string_view name;
-  Wording expected;
+  Wording label;                   ///< what people call it, before a colon and its value
+  Wording expected;                ///< of its value; {1} and {2} are the least and the most
+  double least = 0.0, most = 0.0;  ///< as they are written: 50 for 50%
 };
 
 /// All rules, in the order of the documents.
@@ -26,7 +29,13 @@ struct RuleProblem {
   std::int64_t line = 0;  ///< counted from 1; 0: none
   std::string text;       ///< that is wrong
   Wording reason;
+  std::vector<std::string> values = {};  ///< in it
 };
+
+std::string reason_of(const RuleProblem& problem, ToolLanguage language);
+
+/// A rule in words, with its value as it was written; in Dutch with a decimal comma.
+std::string rule_in_words(const WrittenRule& rule, ToolLanguage language);
 
 /// Takes a rule of this line by its name and value. Yields what is wrong; without a reason: nothing.
 RuleProblem take_rule(std::string_view name, std::string_view value, BreedingRules& rules, std::int64_t line = 0);

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "forecast/forecast_words.h"
+#include "forecast/rule_reading.h"
 #include "page/chart_drawing.h"
 #include "page/chart_figure.h"
 #include "page/chart_making.h"
@@ -20,11 +21,10 @@ constexpr Wording result_title = {"Where it leads", "Waar het heen gaat"};
 constexpr Wording charts_title = {"Past and future", "Verleden en toekomst"};
 constexpr Wording trust_title = {"How far to trust it", "Hoe ver het te vertrouwen is"};
 constexpr Wording practice_title = {"The present practice, as it was measured", "De huidige praktijk, zoals gemeten"};
-constexpr Wording rules_caption = {"What each rule gains, and what it costs a year",
-                                   "Wat elke regel oplevert, en wat die per jaar kost"};
+constexpr Wording rules_caption = {"What each scenario gains, and what it costs a year",
+                                   "Wat elk scenario oplevert, en wat het per jaar kost"};
 constexpr auto rules_headings =
     std::to_array<Wording>({{"Scenario", "Scenario"},
-                            {"Rules", "Regels"},
                             {"Kinship in the last year, %", "Verwantschap in het laatste jaar, %"},
                             {"Difference, percentage points", "Verschil, procentpunt"},
                             {"Kinship a generation, %", "Verwantschap per generatie, %"},
@@ -103,11 +103,18 @@ void add_paragraph(std::string& page, std::string_view text) {
   if (!text.empty()) page += "<p>" + escaped(text) + "</p>\n";
 }
 
+/// A line of the console as a sentence.
+std::string as_sentence(std::string line) {
+  const bool is_small = !line.empty() && line.front() >= 'a' && line.front() <= 'z';
+  if (is_small) line.front() = static_cast<char>(line.front() - 'a' + 'A');
+  return line + ".";
+}
+
 /// The years of a chart: real ones and foretold ones.
 struct ChartYears {
   std::int32_t first = 0, last = 0;
 
-  std::size_t count() const { return static_cast<std::size_t>(last - first + 1); }
+  std::size_t count() const { return static_cast<std::size_t>(std::int64_t{last} - first + 1); }
   std::size_t place(std::int32_t year) const { return static_cast<std::size_t>(year - first); }
 };
 
@@ -186,10 +193,7 @@ FigureTable rules_table(const ForecastPageInput& input) {
   for (const Wording& heading : rules_headings) table.headings.push_back(say(input, heading));
   for (std::size_t k = 0; k < input.summaries.size(); ++k) {
     const ScenarioSummary& summary = input.summaries[k];
-    const BreedingRules& rules = input.forecast.scenarios[k].rules;
-    std::string lines;
-    for (const WrittenRule& rule : rules.written) lines += (lines.empty() ? "" : "; ") + rule.text();
-    FigureTable::FigureRow row = {title_of(rules, input.language), {lines.empty() ? std::string(no_figure) : lines}};
+    FigureTable::FigureRow row = {title_of(input.forecast.scenarios[k].rules, input.language), {}};
     row.cells.push_back(with_range(input, summary.of(SummaryFigure::last_kinship).value, 100.0, 2));
     row.cells.push_back(with_range(input, summary.of(SummaryFigure::last_kinship).difference, 100.0, 2));
     row.cells.push_back(with_range(input, summary.of(SummaryFigure::kinship_rate_per_generation).value, 100.0, 2));
@@ -204,16 +208,26 @@ FigureTable rules_table(const ForecastPageInput& input) {
   return table;
 }
 
+/// The rules of a scenario in one line; empty where it has none.
+std::string all_in_words(const BreedingRules& rules, ToolLanguage language) {
+  std::string lines;
+  for (const WrittenRule& rule : rules.written) lines += (lines.empty() ? "" : "; ") + rule_in_words(rule, language);
+  return lines.empty() ? lines : as_sentence(lines);
+}
+
 std::string results_of(const ForecastPageInput& input) {
   std::string text;
   for (std::size_t k = 0; k < input.summaries.size(); ++k) {
-    text += "<h3>" + escaped(title_of(input.forecast.scenarios[k].rules, input.language)) + "</h3>\n<ul>\n";
+    const BreedingRules& rules = input.forecast.scenarios[k].rules;
+    text += "<h3>" + escaped(title_of(rules, input.language)) + "</h3>\n";
+    add_paragraph(text, all_in_words(rules, input.language));
+    text += "<ul>\n";
     for (const std::string& line : scenario_sentences(input.forecast, input.summaries[k], k, input.language)) {
-      text += "<li>" + escaped(line) + "</li>\n";
+      text += "<li>" + escaped(as_sentence(line)) + "</li>\n";
     }
     text += "</ul>\n";
   }
-  for (const std::string& line : input.warnings) add_paragraph(text, line);
+  for (const std::string& line : input.warnings) add_paragraph(text, as_sentence(line));
   write_figure_table(text, rules_table(input), say(input, rules_caption));
   return text;
 }
@@ -228,7 +242,7 @@ std::string trust_of(const ForecastPageInput& input) {
   }
   const Forecast& forecast = input.hindcast->forecast;
   for (const std::string& line : truth_sentences(forecast, input.past, input.hindcast->from, input.language)) {
-    add_paragraph(text, line);
+    add_paragraph(text, as_sentence(line));
   }
   const ChartYears years = {input.hindcast->from - 9, forecast.first_year + forecast.years - 1};
   for (const Panel& panel : panels) {
@@ -244,7 +258,7 @@ std::string trust_of(const ForecastPageInput& input) {
 
 std::string practice_of(const ForecastPageInput& input) {
   std::string text;
-  for (const std::string& line : input.practice) add_paragraph(text, line);
+  for (const std::string& line : input.practice) add_paragraph(text, as_sentence(line));
   return text;
 }
 

@@ -102,7 +102,7 @@ void tell_problem(const FolderRun& run, const std::string& file, const RuleProbl
   std::string place = file;
   if (problem.line > 0) place += run.words(line_place, {std::to_string(problem.line)});
   if (!problem.text.empty()) place += (place.empty() ? "" : ": ") + in_quotes(problem.text);
-  say(run.streams.messages, place + ": " + run.words(problem.reason));
+  say(run.streams.messages, place + ": " + reason_of(problem, run.language));
 }
 
 /// The scenarios, the present practice first. Nothing behind a message.
@@ -263,7 +263,7 @@ void say_results(const FolderRun& run, const ForecastOptions& options, const For
   for (std::size_t k = 0; k < results.summaries.size(); ++k) {
     const std::string title = title_of(results.forecast.scenarios[k].rules, run.language);
     for (const std::string& line : scenario_sentences(results.forecast, results.summaries[k], k, run.language)) {
-      say(run.streams.console, title + ": " + line);
+      say(run.streams.console, std::string(title).append(": ").append(line));
     }
   }
   for (const std::string& line : results.warnings) say(run.streams.console, line);

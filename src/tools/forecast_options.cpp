@@ -65,7 +65,7 @@ std::string take_rule_option(const GivenOption& given, ForecastOptions& options)
   constexpr std::size_t hyphens = 2;
   const RuleProblem problem = take_rule(given.name.substr(hyphens), given.value, options.rules);
   if (problem.reason.english.empty()) return {};
-  return std::string(given.name) + " " + in_quotes(given.value) + ": " + std::string(problem.reason.english);
+  return std::string(given.name) + " " + in_quotes(given.value) + ": " + reason_of(problem, ToolLanguage::english);
 }
 
 std::string take_option(const GivenOption& given, ForecastOptions& options) {

@@ -48,6 +48,13 @@ TEST(ScenarioSentences, CallADifferenceWhatItsRangeAllows) {
   EXPECT_FALSE(is_said(same, "may be"));
 }
 
+TEST(ScenarioSentences, HaveADecimalCommaInDutch) {
+  const auto said = said_of(forecast_with({0.1, 0.2}, {0.09, 0.19}), ToolLanguage::dutch);
+  EXPECT_TRUE(is_said(said, "1,00 procentpunt lager")) << said.back();
+  EXPECT_FALSE(std::any_of(said.begin(), said.end(),
+                           [](const std::string& line) { return line.find('.') != std::string::npos; }));
+}
+
 TEST(ScenarioSentences, NameWhatIsRefusedOnceInTwentyYears) {
   for (const std::int64_t pairs : {0, 1}) {
     Forecast forecast = forecast_with({0.1, 0.2}, {0.1, 0.2});

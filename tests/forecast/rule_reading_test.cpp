@@ -10,12 +10,12 @@ namespace {
 /// What is wrong with a rule; empty: nothing.
 std::string fault_of(std::string_view name, std::string_view value) {
   BreedingRules rules;
-  return std::string(take_rule(name, value, rules).reason.english);
+  return reason_of(take_rule(name, value, rules), ToolLanguage::english);
 }
 
 BreedingRules with(std::string_view name, std::string_view value) {
   BreedingRules rules;
-  EXPECT_EQ(std::string(take_rule(name, value, rules).reason.english), "") << name << " = " << value;
+  EXPECT_EQ(reason_of(take_rule(name, value, rules), ToolLanguage::english), "") << name << " = " << value;
   return rules;
 }
 
@@ -64,6 +64,21 @@ TEST(TakeRule, RefusesValuesOutsideTheirBounds) {
   EXPECT_EQ(fault_of("most-liters-a-year", "5"), "there is no such rule");
 }
 
+TEST(TakeRule, SaysWhatWasExpected) {
+  EXPECT_EQ(fault_of("most-litters-a-year", "0"), "a whole number from 1 to 1000000 was expected");
+  EXPECT_EQ(fault_of("import-dams", "-1"), "a whole number from 0 to 1000000 was expected");
+  EXPECT_EQ(fault_of("least-age-sires", "61"), "a whole number of years from 1 to 60 was expected");
+  EXPECT_EQ(fault_of("litters-trend", "51%"), "a per cent a year from -50% to 50% was expected");
+  EXPECT_EQ(fault_of("kinship-below", "100%"), "a per cent from 0% to 99% was expected");
+  EXPECT_EQ(fault_of("import-kinship", "0.51"), "a kinship from 0 to 0.5 was expected");
+}
+
+TEST(RuleInWords, IsSaidInBothLanguages) {
+  EXPECT_EQ(rule_in_words({"most-f", "6.25%"}, ToolLanguage::english), "F of a litter at most: 6.25%");
+  EXPECT_EQ(rule_in_words({"most-f", "6.25%"}, ToolLanguage::dutch), "F van een nest hoogstens: 6,25%");
+  EXPECT_EQ(rule_in_words({"one-litter-a-dam", "yes"}, ToolLanguage::dutch), "\xC3\xA9\xC3\xA9n nest per moeder: ja");
+}
+
 TEST(ReadScenarios, TakesNamesAndRules) {
   const ReadScenarios read = read_scenarios(
       "\xEF\xBB\xBF# for the council\r\n\r\n[five litters]\r\nmost-litters-a-year = 5\r\n; and\n[ two rules ]\n"
@@ -109,7 +124,9 @@ TEST(ReadScenarios, TakesTwelveOfThem) {
   std::string text;
   for (int k = 0; k < 12; ++k) text += "[" + std::to_string(k) + "]\nsires = 5\n";
   EXPECT_TRUE(read_scenarios(text).problems.empty());
-  EXPECT_EQ(read_scenarios(text + "[more]\n").problems.size(), 1U);
+  const ReadScenarios read = read_scenarios(text + "[more]\n");
+  ASSERT_EQ(read.problems.size(), 1U);
+  EXPECT_EQ(reason_of(read.problems[0], ToolLanguage::dutch), "meer dan 12 scenario's");
 }
 
 BasePeriod small_practice() {
