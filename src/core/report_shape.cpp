@@ -17,7 +17,7 @@ constexpr std::int64_t row_ends = 9;
 /// and litters, offspring, generation interval, completeness, F and f; of the periods of about nine years a part.
 constexpr std::int64_t block_row = 57 + 49 + 57 + 33 + 63 + 57 + 5;
 /// The columns of imports in the table of the population size, and their own table.
-constexpr std::int64_t import_row = 24 + 49;
+constexpr std::int64_t import_row = 24 + 51;
 /// The tables that only the whole population has: litter sizes, top sires.
 constexpr std::int64_t whole_row = 57 + 120;
 /// Titles, headings, rules, totals and rates.

@@ -48,6 +48,28 @@ TEST(FindMeantParents, ATwinTellsMoreThanEarlierLittersOfTheSameEwe) {
   }
 }
 
+// Both sires have a number that is one digit from HS-483920; hs483950 is also written in another form, and nobody slips
+// twice so easily as once.
+TEST(FindMeantParents, ASlipInAnotherFormIsTwo) {
+  const auto herd_of = [](const std::string& other_sire) {
+    std::string data = "id;sex;birthdate;sire;dam\nHS-483927;m;01-02-1999;;\n" + other_sire + ";m;01-02-1999;;\n";
+    const auto id_of = [](int number) { return "HS-" + std::to_string(100'000 + number * 39'119 % 890'000); };
+    for (int k = 0; k < 21; ++k) data += id_of(k) + ";f;01-02-1999;;\n";
+    for (int k = 0; k < 20; ++k) {
+      const std::string sire = k % 2 == 0 ? "HS-483927" : other_sire;
+      data += id_of(30 + k) + ";m;05-06-2001;" + sire + ";" + id_of(k) + "\n";
+    }
+    return data + id_of(60) + ";m;05-06-2002;HS-483920;" + id_of(20) + "\n";
+  };
+  EXPECT_EQ(count_of(checked_sheep(herd_of("HS-483950")), FindingCode::parent_one_letter), 0) << "equally good";
+  const CheckResult result = checked_sheep(herd_of("hs483950"));
+  ASSERT_EQ(count_of(result, FindingCode::parent_one_letter), 1);
+  for (const Finding& finding : result.findings.list) {
+    if (finding.code != FindingCode::parent_one_letter) continue;
+    EXPECT_EQ(result.findings.texts.at(finding.other_text), "HS-483927");
+  }
+}
+
 TEST(FindMeantParents, WithoutLitterMatesSeveralNumbersAreEquallyGood) {
   const CheckResult result = checked_sheep(herd_of_numbers("", "10"));
   EXPECT_EQ(count_of(result, FindingCode::parent_one_letter), 0);

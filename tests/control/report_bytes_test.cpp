@@ -26,13 +26,14 @@ std::string names_up_to(int count) {
 
 struct Flock {
   int names = 1, used = 1, years = 100;
-  bool has_all_columns = false;
+  bool has_all_columns = false, has_imports = false;
 };
 
 /// Ten animals a year, of which the parents are some of the two years before.
 std::string data_of(const Flock& flock) {
   std::string data = "id;sire;dam;sex;birthdate;subpopulation";
-  if (flock.has_all_columns) data += ";colour;breeder;import";
+  if (flock.has_all_columns) data += ";colour;breeder;Import";
+  if (flock.has_imports) data += ";Import";
   data += "\n";
   for (int n = 0; n < 10 * flock.years; ++n) {
     const int year = 1800 + n / 10;
@@ -42,6 +43,7 @@ std::string data_of(const Flock& flock) {
             (n % 2 == 0 ? ";m" : ";f") + ";01-01-" + std::to_string(year) + ";H" + std::to_string(n % flock.used + 1);
     if (flock.has_all_columns)
       data += (n % 3 == 0 ? ";red;" : ";grey;") + std::string("kennel") + std::to_string(n % 12) + ";NL";
+    if (flock.has_imports) data += n % 3 == 0 ? ";NL" : ";";
     data += "\n";
   }
   return data;
@@ -91,6 +93,21 @@ TEST(CountReportBytes, AreThoseOfTheReport) {
       EXPECT_EQ(bytes.longest_line, static_cast<std::int64_t>(longest));
     }
   }
+}
+
+/// By how many bytes a hundred birth years more make the report longer.
+std::int64_t bytes_of_a_hundred_years(Flock flock) {
+  flock.years = 300;
+  const std::size_t shorter = run_program_on(files_of_flock(flock)).file("dogs.out").size();
+  flock.years = 400;
+  return static_cast<std::int64_t>(run_program_on(files_of_flock(flock)).file("dogs.out").size() - shorter);
+}
+
+TEST(CountReportBytes, ImportsMakeTheRowsOfYearsLonger) {
+  const std::int64_t written =
+      bytes_of_a_hundred_years({.has_imports = true}) - bytes_of_a_hundred_years({.has_imports = false});
+  const std::int64_t all = counted({.has_imports = true}).all - counted({.has_imports = false}).all;
+  EXPECT_EQ(all, written);  // of a hundred years, too
 }
 
 TEST(CountReportBytes, AreAskedForBeforeAnythingIsComputed) {

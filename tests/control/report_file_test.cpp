@@ -146,6 +146,18 @@ TEST(LastCompleteReport, OutlivesAnyNumberOfStoppedRuns) {
   EXPECT_EQ(run.files.count(kept), 0U);
 }
 
+// What stands under the report's own name beside a kept one is of a later run that came to no end: of one that was
+// stopped behind its first lines, which nothing shows.
+TEST(LastCompleteReport, IsNotReplacedByOneThatOnlyLooksComplete) {
+  Files files = with_old_report(bad_lines);
+  files["dogs.out"] = "the first lines of a report\n";
+  files[kept] = old_report;
+  const WholeRun run = run_program_on(files);
+  EXPECT_TRUE(run.messages.ends_with(kept_message)) << run.messages;
+  EXPECT_EQ(run.file("dogs.out"), "");
+  EXPECT_EQ(run.file(kept), old_report);
+}
+
 TEST(LastCompleteReport, StaysWhereItStandsWithoutAReport) {
   Files files = files_of_lines(bad_lines);
   files[kept] = old_report;
