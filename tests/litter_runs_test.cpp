@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "support/lines.h"
+#include "support/prepared_run.h"
 #include "support/program_run.h"
 
 namespace pedigreewatch::test {
@@ -39,6 +40,41 @@ TEST(Litters, EachYoungGetsALineOfItsOwn) {
       << run.console;
   EXPECT_TRUE(has(run.console, "lines that are no animals were left out: 1: line 3 \"2 s1 d2 26-03-2001\""))
       << run.console;
+}
+
+TEST(Litters, YoungWithoutASexOfTheirOwnGetItFromTheirYoung) {
+  const std::string calves =
+      "Calf;Sire;Dam;Sex;Born;Twin\n"
+      "A;;;m;25-03-2001;B\n"
+      "C;;;m;25-03-2001;D\n"
+      "E;A;B;f;26-03-2004;F\n";
+  const WholeRun run = run_program_on(
+      {{"calves.csv", calves}}, tools_with({"prepare", "--species", "cattle", "--young", "Calf,Twin", "calves.csv"}));
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_EQ(run.file("calves.txt"),
+            "id;sex;birthdate;sire;dam\n"
+            "A;m;25-03-2001;;\nB;f;25-03-2001;;\nC;m;25-03-2001;;\nD;;25-03-2001;;\n"
+            "E;f;26-03-2004;A;B\nF;;26-03-2004;A;B\n");
+  EXPECT_TRUE(
+      has(run.console, "fathers, so male: 0; mothers, so female: 1; both, so unknown: 0; neither, so unknown: 2"))
+      << run.console;
+}
+
+TEST(Prepare, AnExportWithoutSexesRuns) {
+  const std::string herd = "ID;Sire;Dam;Born\nA;;;25-03-2001\nB;;;25-03-2001\nC;A;B;26-03-2004\n";
+  const WholeRun asked =
+      run_program_on({{"herd.csv", herd}}, tools_with({"prepare", "--species", "sheep", "herd.csv"}));
+  EXPECT_EQ(asked.exit_status, 1);
+  EXPECT_TRUE(has(asked.messages, "--column sex=none; fathers then become male")) << asked.messages;
+  const std::vector<std::string> options = {"--species", "sheep", "--column", "sex=none"};
+  const WholeRun run = run_prepared("herd.csv", herd, options);
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_EQ(run.file("herd.txt"), "id;sex;birthdate;sire;dam\nA;m;25-03-2001;;\nB;f;25-03-2001;;\nC;;26-03-2004;A;B\n");
+  const WholeRun without_id = run_program_on(
+      {{"herd.csv", herd}},
+      tools_with({"prepare", "--species", "sheep", "--column", "sex=none", "--column", "birthdate=none", "herd.csv"}));
+  EXPECT_EQ(without_id.exit_status, 1);
+  EXPECT_TRUE(has(without_id.messages, "No column was recognised for the date of birth")) << without_id.messages;
 }
 
 TEST(Litters, TheLinesOfTheExportAreKept) {

@@ -101,6 +101,11 @@ constexpr std::array<EvidenceWording, remark_kind_count> remark_wordings = {{
     {{"Sexes", "Geslacht"}, {"male: {1}; female: {2}", "mannelijk: {1}; vrouwelijk: {2}"}},
     {goes_on,
      {"Unknown, count as female in the report: {1}", "Onbekend, tellen als vrouwelijk in het rapport: {1}"}},
+    {goes_on,
+     {"That no column tells, by the parents: fathers, so male: {1}; mothers, so female: {2}; both, so unknown: {3}; neither, "
+      "so unknown: {4}. Unknown ones count as female in the report.",
+      "Dat in geen kolom staat, volgens de ouders: vader, dus mannelijk: {1}; moeder, dus vrouwelijk: {2}; beide, dus "
+      "onbekend: {3}; geen van beide, dus onbekend: {4}. Onbekende tellen als vrouwelijk in het rapport."}},
     {{"Subpopulations", "Subpopulaties"}, {"{1}: {2}", "{1}: {2}"}},
     {{"Colours", "Kleuren"}, {"{1}: {2}", "{1}: {2}"}},
     {goes_on, {"Not ticked: {1}", "Niet aangevinkt: {1}"}},
@@ -178,8 +183,12 @@ constexpr std::array<EvidenceWording, remark_kind_count> remark_wordings = {{
 }};
 
 constexpr std::array<Wording, question_kind_count> question_wordings = {{
-    {"No column was recognised for the {1}. Choose it above its column.",
-     "Er is geen kolom herkend voor: {1}. Kies het boven de kolom."},
+    {"No column was recognised for the {1}. Choose it above its column.{3}",
+     "Er is geen kolom herkend voor: {1}. Kies het boven de kolom.{3}"},
+    {"No column was recognised for the {1}. Choose it above its column; or, if the file tells no sexes, that it is not used: "
+     "fathers then become male and mothers female, and all others stay unknown.{3}",
+     "Er is geen kolom herkend voor: {1}. Kies het boven de kolom; of, als er geen geslachten in staan, dat het niet "
+     "gebruikt wordt: vaders worden dan mannelijk en moeders vrouwelijk, en alle andere blijven onbekend.{3}"},
     {"Several columns could hold the {1}: {2}. Choose it above the right one.",
      "Meer kolommen kunnen dit zijn: {1}: {2}. Kies het boven de juiste."},
     {"Several columns could hold the {1}: {2}. Choose it above the right one, or leave it out.",
@@ -212,6 +221,12 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "birth, also if the one taken is right.",
      "{1}, genomen als geboortedatum, bevat geen enkele leesbare datum. Kies in welke kolom de geboortedatum staat, ook "
      "als de genomen kolom klopt."},
+    {"In {1}, taken as the date of birth, not one of {2} texts is a date that can be read: {3}. Without dates nothing can "
+     "be calculated. Choose another column, or another order at \"Dates\" if one was chosen, or export the file anew with "
+     "dates such as 2019-03-31.",
+     "In {1}, genomen als geboortedatum, is niet een van {2} teksten een leesbare datum: {3}. Zonder datums valt er niets "
+     "te berekenen. Kies een andere kolom, of een andere volgorde bij \"Datums\" als er een gekozen is, of exporteer het "
+     "bestand opnieuw met datums zoals 2019-03-31."},
     {"{1} dates have a year of two digits, and parents and young do not tell which hundred years are meant: {2}. Choose "
      "the hundred years.",
      "{1} datums hebben een jaar van twee cijfers, en ouders en jongen maken niet duidelijk welke honderd jaar bedoeld "

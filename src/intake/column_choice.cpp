@@ -8,6 +8,7 @@
 #include <numeric>
 #include <utility>
 
+#include "intake/column_evidence.h"
 #include "intake/content_choice.h"
 #include "text/folded_words.h"
 
@@ -69,17 +70,45 @@ void obey(const ColumnWish& wish, ColumnChoice& choice) {
   }
 }
 
-void ask_which(FieldCode code, std::span<const std::size_t> places, ColumnChoice& choice) {
+void ask_which(FieldCode code, std::span<const std::size_t> places, const ColumnContents* contents,
+               ColumnChoice& choice) {
   const ColumnList columns = list_columns(places, choice);
   const QuestionKind kind = is_required(code) ? QuestionKind::columns_alike : QuestionKind::optional_columns_alike;
-  Question question = ask_for_column(kind, code, {code, columns, FieldName{code}}, columns);
+  Values values = {code, columns, FieldName{code}};
+  if (contents != nullptr) {
+    values.emplace_back(list_evidence(places, code, *contents, choice));
+  } else {
+    values.emplace_back(ColumnEvidenceList());
+  }
+  Question question = ask_for_column(kind, code, std::move(values), columns);
   if (!is_required(code)) question.answers.push_back({"none", {}});
   choice.questions.push_back(std::move(question));
+}
+
+/// Asks for a column that the program cannot run without. What may hold it is told once all others are chosen.
+void ask_for_missing(FieldCode code, ColumnChoice& choice) {
+  const QuestionKind kind = code == sex_column ? QuestionKind::sex_missing : QuestionKind::column_missing;
+  Question question = ask_for_column(kind, code, {code, FieldName{code}, ColumnEvidenceList()}, all_columns(choice));
+  if (code == sex_column) question.answers.push_back({"none", {}});
+  choice.questions.push_back(std::move(question));
+}
+
+/// Tells of the columns that are asked for which may be meant.
+void add_candidates(const ColumnContents& contents, ColumnChoice& choice) {
+  for (Question& question : choice.questions) {
+    const bool is_missing = question.kind == QuestionKind::column_missing || question.kind == QuestionKind::sex_missing;
+    if (is_missing) question.values.back() = list_candidates(question.field, contents, choice);
+  }
 }
 
 bool is_wished(FieldCode code, const PrepareOptions& options) {
   return std::any_of(options.columns.begin(), options.columns.end(),
                      [&](const ColumnWish& wish) { return wish.code == code; });
+}
+
+bool leaves_out(FieldCode code, const PrepareOptions& options) {
+  return std::any_of(options.columns.begin(), options.columns.end(),
+                     [&](const ColumnWish& wish) { return wish.code == code && wish.column == "none"; });
 }
 
 /// Fills the fields that the user says nothing about with the columns of the header.
@@ -92,19 +121,21 @@ void follow_header(const PrepareOptions& options, const ColumnContents* contents
     return std::find(choice.place.begin(), choice.place.end(), column) != choice.place.end();
   };
   for (const FieldCode code : written_order) {
-    if (is_wished(code, options)) continue;
+    if (is_wished(code, options)) {
+      const bool is_left_out = leaves_out(code, options);
+      if (is_left_out && is_required(code) && code != sex_column) ask_for_missing(code, choice);
+      continue;
+    }
     std::vector<std::size_t>& places = best[index_of(code)];
     std::erase_if(places, is_taken);
     if (places.size() == 1) {
       choice.place[index_of(code)] = places.front();
       choice.is_by_content[index_of(code)] = by_heading[index_of(code)] != places;
     }
-    if (places.size() > 1) ask_which(code, places, choice);
-    if (places.empty() && is_required(code)) {
-      choice.questions.push_back(
-          ask_for_column(QuestionKind::column_missing, code, {code, FieldName{code}}, all_columns(choice)));
-    }
+    if (places.size() > 1) ask_which(code, places, contents, choice);
+    if (places.empty() && is_required(code)) ask_for_missing(code, choice);
   }
+  if (contents != nullptr) add_candidates(*contents, choice);
 }
 
 /// A column that the user names by its heading makes the first record a header.
@@ -160,7 +191,8 @@ bool is_required(FieldCode code) {
 
 bool has_open_column(const ColumnChoice& choice) {
   return std::any_of(choice.questions.begin(), choice.questions.end(), [](const Question& question) {
-    return question.kind == QuestionKind::column_missing || question.kind == QuestionKind::columns_alike;
+    return question.kind == QuestionKind::column_missing || question.kind == QuestionKind::sex_missing ||
+           question.kind == QuestionKind::columns_alike;
   });
 }
 

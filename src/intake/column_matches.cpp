@@ -15,10 +15,6 @@ namespace {
 
 constexpr std::size_t most_listed_matches = 5;
 
-std::int64_t size_of(const TextSet& set) {
-  return static_cast<std::int64_t>(set.size());
-}
-
 /// The best ones first; those that hold less than half are none.
 void keep_best(std::vector<ColumnMatch>& matches) {
   std::erase_if(matches, [](const ColumnMatch& match) { return match.found * 2 < match.of; });

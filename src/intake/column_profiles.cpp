@@ -37,6 +37,9 @@ bool is_full_date(std::string_view text) {
 void judge(ColumnProfile& profile, std::string_view text) {
   if (text.empty() || means_unknown(text)) return;
   ++profile.judged;
+  constexpr std::size_t most_examples = 3;
+  const bool is_new = std::find(profile.examples.begin(), profile.examples.end(), text) == profile.examples.end();
+  if (is_new && profile.examples.size() < most_examples) profile.examples.emplace_back(text);
   profile.dates += is_full_date(text) ? 1 : 0;
   profile.with_digit += text.find_first_of("0123456789") != std::string_view::npos ? 1 : 0;
   const SexMeaning sex = sex_named(text);
@@ -66,6 +69,15 @@ std::vector<ColumnProfile> profile_columns(std::string_view text, char delimiter
 
 std::int64_t count_common(const TextSet& texts, const TextSet& others) {
   return std::count_if(texts.begin(), texts.end(), [&](std::uint32_t hash) { return others.contains(hash); });
+}
+
+std::int64_t count_parents(const TextSet& texts, std::span<const ColumnProfile> profiles, const ColumnChoice& columns) {
+  std::int64_t count = 0;
+  for (const FieldCode code : {sire_column, dam_column}) {
+    const auto& place = columns.place[static_cast<std::size_t>(code)];
+    if (place && *place < profiles.size()) count += count_common(profiles[*place].texts, texts);
+  }
+  return count;
 }
 
 std::unordered_map<std::uint32_t, SexMeaning> sexes_by_id(std::string_view text, char delimiter,

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
@@ -25,6 +26,7 @@ struct ColumnProfile {
   std::int64_t dates = 0;               ///< of these, full dates
   std::int64_t males = 0, females = 0;  ///< of these, words for a sex
   std::int64_t with_digit = 0;          ///< of these, texts with a digit
+  std::vector<std::string> examples;    ///< of these, the first three that differ
 };
 
 /// Profiles of the first columns, a hundred at most.
@@ -32,6 +34,13 @@ std::vector<ColumnProfile> profile_columns(std::string_view text, char delimiter
 
 /// How many texts of one set stand in another one.
 std::int64_t count_common(const TextSet& texts, const TextSet& others);
+
+/// How many of the fathers and mothers stand in a set.
+std::int64_t count_parents(const TextSet& texts, std::span<const ColumnProfile> profiles, const ColumnChoice& columns);
+
+inline std::int64_t size_of(const TextSet& texts) {
+  return static_cast<std::int64_t>(texts.size());
+}
 
 /// Of how many different animals that a column names the sex is known by a word.
 struct NamedSexes {

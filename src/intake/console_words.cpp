@@ -80,6 +80,10 @@ constexpr std::array<Wording, remark_kind_count> remark_wordings = {{
     {"Sexes         male: {1}; female: {2}", "Geslacht      mannelijk: {1}; vrouwelijk: {2}"},
     {"              unknown, count as female in the report: {1}",
      "              onbekend, tellen als vrouwelijk in het rapport: {1}"},
+    {"Sexes         that no column tells, by the parents: fathers, so male: {1}; mothers, so female: {2}; both, so unknown: "
+     "{3}; neither, so unknown: {4}. Unknown ones count as female in the report.",
+     "Geslacht      dat in geen kolom staat, volgens de ouders: vader, dus mannelijk: {1}; moeder, dus vrouwelijk: {2}; "
+     "beide, dus onbekend: {3}; geen van beide, dus onbekend: {4}. Onbekende tellen als vrouwelijk in het rapport."},
     {"Subpopulations {1}: {2}", "Subpopulaties {1}: {2}"},
     {"Colours       {1}: {2}", "Kleuren       {1}: {2}"},
     {"              not listed: {1}", "              niet op de lijst: {1}"},
@@ -147,12 +151,17 @@ constexpr std::array<Wording, remark_kind_count> remark_wordings = {{
 }};
 
 constexpr std::array<Wording, question_kind_count> question_wordings = {{
-    {"No column was recognised for the {1}. Name it: --column {2}=\"HEADING\" (or the number of the column).",
-     "Er is geen kolom herkend voor: {1}. Noem de kolom: --column {2}=\"KOP\" (of het nummer van de kolom)."},
-    {"Several columns could hold the {1}: {2}. Choose one: --column {3}=NUMBER.",
-     "Meer kolommen kunnen dit zijn: {1}: {2}. Kies er een: --column {3}=NUMMER."},
-    {"Several columns could hold the {1}: {2}. Choose one: --column {3}=NUMBER (or --column {3}=none).",
-     "Meer kolommen kunnen dit zijn: {1}: {2}. Kies er een: --column {3}=NUMMER (of --column {3}=none)."},
+    {"No column was recognised for the {1}. Name it: --column {2}=\"HEADING\" (or the number of the column).{3}",
+     "Er is geen kolom herkend voor: {1}. Noem de kolom: --column {2}=\"KOP\" (of het nummer van de kolom).{3}"},
+    {"No column was recognised for the {1}. Name it: --column {2}=\"HEADING\" (or the number of the column). If the export "
+     "tells no sexes: --column {2}=none; fathers then become male and mothers female, and all others stay unknown.{3}",
+     "Er is geen kolom herkend voor: {1}. Noem de kolom: --column {2}=\"KOP\" (of het nummer van de kolom). Als de export "
+     "geen geslachten bevat: --column {2}=none; vaders worden dan mannelijk en moeders vrouwelijk, en alle andere blijven "
+     "onbekend.{3}"},
+    {"Several columns could hold the {1}: {2}. Choose one: --column {3}=NUMBER.{4}",
+     "Meer kolommen kunnen dit zijn: {1}: {2}. Kies er een: --column {3}=NUMMER.{4}"},
+    {"Several columns could hold the {1}: {2}. Choose one: --column {3}=NUMBER (or --column {3}=none).{4}",
+     "Meer kolommen kunnen dit zijn: {1}: {2}. Kies er een: --column {3}=NUMMER (of --column {3}=none).{4}"},
     {"--column {1}=\"{2}\": there is no column of that heading or number (there are {3} columns).",
      "--column {1}=\"{2}\": er is geen kolom met die kop of dat nummer (er zijn {3} kolommen)."},
     {"--column {1}=\"{2}\": several columns have that heading: {3}. Give the number of the column.",
@@ -182,6 +191,12 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "--column birthdate=NUMBER, also if the one taken is right.",
      "{1}, genomen als geboortedatum, bevat geen enkele leesbare datum. Zeg in welke kolom de geboortedatum staat: "
      "--column birthdate=NUMMER, ook als de genomen kolom klopt."},
+    {"In {1}, taken as the date of birth, not one of {2} texts is a date that can be read: {3}. Without dates nothing can "
+     "be calculated. Choose another column (--column birthdate=NUMBER), or another order if one was said (--dates LAYOUT), "
+     "or export the file anew with dates such as 2019-03-31.",
+     "In {1}, genomen als geboortedatum, is niet een van {2} teksten een leesbare datum: {3}. Zonder datums valt er niets "
+     "te berekenen. Kies een andere kolom (--column birthdate=NUMMER), of een andere volgorde als er een gezegd is "
+     "(--dates VOLGORDE), of exporteer het bestand opnieuw met datums zoals 2019-03-31."},
     {"{1} dates have a year of two digits, and parents and young do not tell which hundred years are meant: {2}. Say the "
      "first year of the hundred: --century {3} if all are from {3} to {4}.",
      "{1} datums hebben een jaar van twee cijfers, en ouders en jongen maken niet duidelijk welke honderd jaar bedoeld "
@@ -358,7 +373,15 @@ std::string choices_to_type(const NameChoiceList& list, ToolLanguage language) {
   return text;
 }
 
+/// Each on a line of its own; a question without any ends before them.
+std::string lines_of(const ColumnEvidenceList& list, ToolLanguage language) {
+  std::string text;
+  for (const ColumnEvidence& column : list.columns) text += "\n  " + description_of(column, language);
+  return list.columns.empty() ? text : introduced(list, text, language);
+}
+
 std::string text_in_question(const Value& value, ToolLanguage language) {
+  if (const auto* const evidence = std::get_if<ColumnEvidenceList>(&value)) return lines_of(*evidence, language);
   if (const auto* const choices = std::get_if<NameChoiceList>(&value)) return choices_to_type(*choices, language);
   const auto* const counted = std::get_if<CountedList>(&value);
   return counted == nullptr ? text_of(value, language) : texts_to_type(*counted);

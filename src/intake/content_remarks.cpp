@@ -54,7 +54,8 @@ void remark_dates(const ExportSurvey& survey, const DatePlan& plan, std::vector<
   remark_order(dates.year_last, plan.year_last, other_last, remarks);
   if (!plan.is_ambiguous) remark_exchanged(exchanged_year_last(dates, plan), other_last, remarks);
   if (plan.compact) remarks.push_back({RemarkKind::dates_compact, {dates.compact.total, *plan.compact}});
-  remark_noted(RemarkKind::dates_impossible, dates.compact.neither, remarks);
+  remark_noted(RemarkKind::dates_impossible, unfit_compact(dates, plan), remarks);
+  remark_noted(RemarkKind::dates_impossible, unfit_short(dates, plan), remarks);
   remark_count(RemarkKind::dates_named, dates.named, remarks);
   remark_count(RemarkKind::dates_year_only, dates.year_only, remarks);
   remark_count(RemarkKind::dates_month_only, dates.month_only, remarks);
@@ -73,7 +74,13 @@ void remark_sexes(const ExportSurvey& survey, const PreparePlan& plan, std::vect
     });
   };
   remarks.push_back({RemarkKind::sexes_found, {list(SexMeaning::male), list(SexMeaning::female)}});
-  const CountedList unknown = list(SexMeaning::unknown);
+  CountedList unknown = list(SexMeaning::unknown);
+  // Those that the parents tell, and those that not even they tell, are said by themselves.
+  const ConcludedSexes& sexes = plan.concluded_sexes;
+  for (CountedText& entry : unknown.texts) {
+    if (entry.text.empty()) entry.count -= sexes.males + sexes.females + sexes.contradicted + sexes.unknown;
+  }
+  std::erase_if(unknown.texts, [](const CountedText& entry) { return entry.count <= 0; });
   if (!unknown.texts.empty()) remarks.push_back({RemarkKind::sexes_unknown, {unknown}});
 }
 
@@ -159,6 +166,9 @@ void add_content_remarks(const Preparation& read, std::vector<Remark>& remarks) 
   if (is_in_use(plan, sire_column) || is_in_use(plan, dam_column)) remark_unknown_parents(survey, plan, remarks);
   if (is_in_use(plan, birthdate_column)) remark_dates(survey, plan.dates, remarks);
   if (is_in_use(plan, sex_column)) remark_sexes(survey, plan, remarks);
+  if (const ConcludedSexes& sexes = plan.concluded_sexes; sexes.are_needed) {
+    remarks.push_back({RemarkKind::sexes_concluded, {sexes.males, sexes.females, sexes.contradicted, sexes.unknown}});
+  }
   if (is_in_use(plan, subpopulation_column) && !plan.joined_subpopulation.empty()) {
     remark_joined_names(survey.subpopulations, plan, remarks);
   } else if (is_in_use(plan, subpopulation_column)) {

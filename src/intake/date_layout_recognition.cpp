@@ -22,6 +22,11 @@ bool is_compact(DateOrder order) {
   return place_of(order) >= place_of(DateOrder::compact_day_month_year);
 }
 
+/// The place among the four orders of eight digits.
+std::size_t place_of_compact(DateOrder order) {
+  return place_of(order) - place_of(DateOrder::compact_day_month_year);
+}
+
 bool has_year_first(DateOrder order) {
   return place_of(order) % 4 >= 2;
 }
@@ -82,9 +87,14 @@ void survey_short(ShortDates& dates, const DatePiecesFound& date, std::int64_t l
   constexpr std::int32_t any_year = 0;
   const std::int32_t third = number_of(date.year);
   ++dates.total;
-  dates.day_month_year += can_be_day_and_month(date.first, date.second, any_year) ? 1 : 0;
-  dates.month_day_year += can_be_day_and_month(date.second, date.first, any_year) ? 1 : 0;
-  dates.year_month_day += can_be_day_and_month(third, date.second, any_year) ? 1 : 0;
+  const auto count = [&](std::int64_t& fitting, NotedTexts& unfit, std::int32_t day, std::int32_t month) {
+    const bool fits = can_be_day_and_month(day, month, any_year);
+    fitting += fits ? 1 : 0;
+    if (!fits) note_text(unfit, line, text);
+  };
+  count(dates.day_month_year, dates.no_day_month_year, date.first, date.second);
+  count(dates.month_day_year, dates.no_month_day_year, date.second, date.first);
+  count(dates.year_month_day, dates.no_year_month_day, third, date.second);
 }
 
 struct CompactPieces {
@@ -111,13 +121,17 @@ constexpr std::array<DateOrder, 4> compact_orders = {
     DateOrder::compact_year_day_month};
 
 /// Counts in `only` every order that fits: the order with most of them is the likely one.
-void vote_compact(OrderCounts& counts, SurveyedYears& years, std::string_view digits, std::int64_t line) {
+void vote_compact(DateSurvey& survey, std::string_view digits, std::int64_t line) {
+  OrderCounts& counts = survey.compact;
   ++counts.total;
   bool fits_any = false;
   for (const DateOrder order : compact_orders) {
-    if (!fits_compact(digits, order)) continue;
+    if (!fits_compact(digits, order)) {
+      note_text(survey.unfit_compact[place_of_compact(order)], line, digits);
+      continue;
+    }
     ++counts.only[place_of(order)];
-    note_year(years.compact[place_of(order)], number_of(cut_compact(digits, order).year));
+    note_year(survey.years.compact[place_of(order)], number_of(cut_compact(digits, order).year));
     fits_any = true;
   }
   if (!fits_any) note_text(counts.neither, line, digits);
@@ -329,13 +343,13 @@ void survey_date(DateSurvey& survey, std::string_view text, std::int64_t line) {
   switch (date.shape) {
     case DateShape::empty:
       ++survey.empty;
-      survey.odd_words += is_odd_word(text) ? 1 : 0;
+      if (is_odd_word(text)) note_text(survey.odd_words, line, text);
       return;
     case DateShape::year_first:
       return vote(survey.year_first, date, line, text, {DateOrder::year_day_month, DateOrder::year_month_day});
     case DateShape::year_last:
       return vote(survey.year_last, date, line, text, {DateOrder::day_month_year, DateOrder::month_day_year});
-    case DateShape::compact: return vote_compact(survey.compact, survey.years, date.year, line);
+    case DateShape::compact: return vote_compact(survey, date.year, line);
     case DateShape::named: ++survey.named; return;
     case DateShape::year_only: ++survey.year_only; return;
     case DateShape::month_only: ++survey.month_only; return;
@@ -382,15 +396,25 @@ const ExchangedDates& exchanged_year_last(const DateSurvey& survey, const DatePl
   return has_day_before_month(plan.year_last) ? counts.if_day_first : counts.if_month_first;
 }
 
+const NotedTexts& unfit_compact(const DateSurvey& survey, const DatePlan& plan) {
+  return plan.compact ? survey.unfit_compact[place_of_compact(*plan.compact)] : survey.compact.neither;
+}
+
+const NotedTexts& unfit_short(const DateSurvey& survey, const DatePlan& plan) {
+  const ShortDates& dates = survey.short_dates;
+  if (has_year_first(plan.short_order)) return dates.no_year_month_day;
+  return has_day_before_month(plan.short_order) ? dates.no_day_month_year : dates.no_month_day_year;
+}
+
 DateCounts count_dates(const DateSurvey& survey, const DatePlan& plan) {
   DateCounts counts;
-  counts.not_understood = survey.unreadable.count + survey.odd_words + survey.year_first.neither.count +
+  counts.not_understood = survey.unreadable.count + survey.odd_words.count + survey.year_first.neither.count +
                           survey.year_last.neither.count + exchanged_year_first(survey, plan).impossible.count +
-                          exchanged_year_last(survey, plan).impossible.count;
-  counts.not_understood += plan.compact ? survey.compact.neither.count : survey.compact.total;
+                          exchanged_year_last(survey, plan).impossible.count + unfit_compact(survey, plan).count +
+                          unfit_short(survey, plan).count;
   counts.all = survey.year_first.total + survey.year_last.total + survey.compact.total +
                survey.short_dates.noted.count + survey.serials.noted.count + survey.named + survey.year_only +
-               survey.month_only + survey.unreadable.count + survey.odd_words;
+               survey.month_only + survey.unreadable.count + survey.odd_words.count;
   return counts;
 }
 

@@ -54,8 +54,9 @@ struct OrderCounts {
 struct ShortDates {
   std::int64_t total = 0;
   std::int64_t day_month_year = 0, month_day_year = 0, year_month_day = 0;
-  std::int64_t with_month_word = 0;  ///< besides: the year is plain
-  NotedTexts noted;                  ///< all of them
+  NotedTexts no_day_month_year, no_month_day_year, no_year_month_day;  ///< those that are none in that order
+  std::int64_t with_month_word = 0;                                    ///< besides: the year is plain
+  NotedTexts noted;                                                    ///< all of them
 };
 
 /// Dates that are numbers of days.
@@ -76,7 +77,8 @@ struct DateSurvey {
   OrderCounts year_first, year_last, compact;
   ShortDates short_dates;
   SerialDates serials;
-  std::int64_t odd_words = 0;  ///< of the empty ones: with words that nobody knows
+  std::array<NotedTexts, 4> unfit_compact = {};  ///< of eight digits: for each such order those that are no day in it
+  NotedTexts odd_words;                          ///< of the empty ones: with words that nobody knows
   std::int64_t empty = 0, named = 0, year_only = 0, month_only = 0, with_time = 0, rough = 0;
   NotedTexts unreadable;
   SurveyedYears years;
@@ -116,6 +118,10 @@ DatePlan plan_dates(const DateSurvey& survey, const DateWish& wanted);
 /// What is odd about the dates with the year at that end, as the plan reads them.
 const ExchangedDates& exchanged_year_first(const DateSurvey& survey, const DatePlan& plan);
 const ExchangedDates& exchanged_year_last(const DateSurvey& survey, const DatePlan& plan);
+
+/// Dates of eight digits, and of three short numbers, that are no day as the plan reads them.
+const NotedTexts& unfit_compact(const DateSurvey& survey, const DatePlan& plan);
+const NotedTexts& unfit_short(const DateSurvey& survey, const DatePlan& plan);
 
 /// All dates, and those of them that the plan makes no day, month or year of.
 struct DateCounts {

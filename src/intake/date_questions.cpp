@@ -47,8 +47,9 @@ Question ask_for_serials(const DateSurvey& dates) {
 NotedTexts odd_dates(const DateSurvey& dates, const DatePlan& plan) {
   NotedTexts all;
   for (const NotedTexts* noted :
-       {&dates.unreadable, &dates.year_first.neither, &dates.year_last.neither, &dates.compact.neither,
-        &exchanged_year_first(dates, plan).impossible, &exchanged_year_last(dates, plan).impossible}) {
+       {&dates.unreadable, &dates.odd_words, &dates.year_first.neither, &dates.year_last.neither,
+        &unfit_compact(dates, plan), &unfit_short(dates, plan), &exchanged_year_first(dates, plan).impossible,
+        &exchanged_year_last(dates, plan).impossible}) {
     all.count += noted->count;
     all.first.insert(all.first.end(), noted->first.begin(), noted->first.end());
   }
@@ -58,26 +59,42 @@ NotedTexts odd_dates(const DateSurvey& dates, const DatePlan& plan) {
   return all;
 }
 
-/// The user has looked at the dates when he names their column or their layout.
-bool has_spoken(const PrepareOptions& options) {
-  return options.dates || std::any_of(options.columns.begin(), options.columns.end(),
-                                      [](const ColumnWish& wish) { return wish.code == birthdate_column; });
+/// The user has looked at the dates when he names their column.
+bool names_column(const PrepareOptions& options) {
+  return std::any_of(options.columns.begin(), options.columns.end(),
+                     [](const ColumnWish& wish) { return wish.code == birthdate_column; });
 }
 
+/// Every column that has no place yet: one of them may hold the dates.
+std::vector<Answer> other_columns(const ColumnChoice& columns) {
+  std::vector<Answer> answers;
+  for (std::size_t place = 0; place < columns.headings.size(); ++place) {
+    const bool is_taken = std::find(columns.place.begin(), columns.place.end(), place) != columns.place.end();
+    if (!is_taken) answers.push_back({std::to_string(place + 1), columns.headings[place]});
+  }
+  return answers;
+}
+
+/// Whether the column is the right one. Where none of its texts is a date, no answer makes it so.
 void ask_for_column(const DateSurvey& dates, const DatePlan& plan, const ColumnChoice& columns,
-                    std::vector<Question>& questions) {
+                    const PrepareOptions& options, std::vector<Question>& questions) {
   const std::size_t place = *columns.place[static_cast<std::size_t>(birthdate_column)];
   const DateCounts counts = count_dates(dates, plan);
   const ColumnList column = list_columns(std::span(&place, 1), columns);
-  const std::vector<Answer> answers = {{std::to_string(place + 1), columns.headings[place]}};
-  if (counts.all == counts.not_understood) {
-    questions.push_back({QuestionKind::dates_absent, {column}, Setting::column, birthdate_column, answers});
-  } else if (counts.not_understood * tolerated_odd_dates > counts.all) {
-    questions.push_back({QuestionKind::dates_not_understood,
-                         {column, counts.not_understood, counts.all, odd_dates(dates, plan)},
-                         Setting::column,
-                         birthdate_column,
-                         answers});
+  const std::vector<Answer> chosen = {{std::to_string(place + 1), columns.headings[place]}};
+  const auto ask = [&](QuestionKind kind, Values values, std::vector<Answer> answers) {
+    questions.push_back({kind, std::move(values), Setting::column, birthdate_column, std::move(answers)});
+  };
+  // Who says the order of the dates has seen some that are none, but not most of them.
+  const std::int64_t tolerated = options.dates ? tolerated_in_wished_order : tolerated_odd_dates;
+  const bool is_named = names_column(options);
+  if (counts.all > 0 && counts.all == counts.not_understood) {
+    ask(QuestionKind::dates_all_unread, {column, counts.all, odd_dates(dates, plan)}, other_columns(columns));
+  } else if (counts.all == 0 && !is_named && !options.dates) {
+    ask(QuestionKind::dates_absent, {column}, chosen);
+  } else if (counts.not_understood * tolerated > counts.all && !is_named) {
+    ask(QuestionKind::dates_not_understood, {column, counts.not_understood, counts.all, odd_dates(dates, plan)},
+        chosen);
   }
 }
 
@@ -90,8 +107,8 @@ std::vector<Question> ask_for_dates(const ExportSurvey& survey, const DatePlan& 
   if (plan.is_century_open) questions.push_back(ask_for_century(survey.dates, options));
   if (plan.are_serials_open) questions.push_back(ask_for_serials(survey.dates));
   const bool has_animals = survey.animal_count > 0;
-  if (has_animals && !plan.is_ambiguous && !has_spoken(options)) {
-    ask_for_column(survey.dates, plan, columns, questions);
+  if (has_animals && !plan.is_ambiguous) {
+    ask_for_column(survey.dates, plan, columns, options, questions);
   }
   return questions;
 }

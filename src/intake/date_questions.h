@@ -13,6 +13,8 @@ namespace pedigreewatch {
 
 /// Dates that are not understood are asked about when they are more than one in so many.
 inline constexpr std::int64_t tolerated_odd_dates = 50;
+/// Where the user says the order, they are asked about when they are more than half.
+inline constexpr std::int64_t tolerated_in_wished_order = 2;
 
 /// The order of day and month, the hundred years of two digits, how numbers of days are counted; and whether the column
 /// is the right one, where more than a few of its texts, or all, are no dates.

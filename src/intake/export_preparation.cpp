@@ -298,6 +298,10 @@ std::optional<Refusal> survey_columns(const PrepareOptions& options, ProgressLin
   std::optional<Refusal> refusal = survey_linked_columns(options, progress, result);
   if (refusal) return refusal;
   compare_ids(options, result);
+  if (lack_sexes(result.columns) && !has_open_column(result.columns)) {
+    result.survey.concluded_sexes =
+        conclude_sexes(result.text, result.reading.delimiter, result.columns, result.survey.id_substitutes.ids);
+  }
   result.survey.availability = survey_availability(result.text, result.reading.delimiter, result.columns, options);
   DateSurvey& dates = result.survey.dates;
   if (dates.short_dates.noted.count > 0) {

@@ -14,6 +14,7 @@
 #include "intake/animal_lines.h"
 #include "intake/availability.h"
 #include "intake/column_choice.h"
+#include "intake/concluded_sexes.h"
 #include "intake/damaged_numbers.h"
 #include "intake/date_layout_recognition.h"
 #include "intake/doubtful_parents.h"
@@ -65,6 +66,7 @@ struct ExportSurvey {
   std::vector<DoubtfulParent> doubtful_parents;
   ColumnMatches matches;  ///< only where most of the parents have no line of their own
   AvailabilitySurvey availability;
+  ConcludedSexes concluded_sexes;  ///< filled only where the sexes of some stand in no column
   ChangedIds changed_ids;
   std::array<NumberForms, field_count> numbers;  ///< of the identifications of animals and parents
   std::int64_t sheet_marks = 0;                  ///< records with texts that a spreadsheet has marked as such

@@ -173,6 +173,7 @@ PreparePlan plan_preparation(const ExportSurvey& survey, const ColumnChoice& col
   choose_delimiter(survey, plan);
   choose_dates(survey, options, plan);
   choose_sexes_of_plan(survey, columns, options, plan);
+  plan.concluded_sexes = survey.concluded_sexes;
   choose_unknown_parents(survey, options, plan);
   // Which columns hold what has to be known first.
   if (columns.questions.empty()) {

@@ -22,6 +22,7 @@ struct PreparePlan {
   DatePlan dates;
   AvailabilityPlan availability;
   std::vector<SexMeaning> sexes;                            ///< of the texts of the survey, in their order
+  ConcludedSexes concluded_sexes;                           ///< of animals whose sex stands in no column
   std::unordered_set<std::string> unknown_parents;          ///< the texts of parents that are unknown
   std::unordered_map<std::string, std::string> parent_ids;  ///< the animals of parents that are written in another way
   bool leaves_out_thousands_signs = false;                  ///< of identifications

@@ -29,15 +29,19 @@ constexpr std::array<Wording, field_count> headings = {{{"", ""},
                                                         {"Import", "Import"}}};
 
 bool is_written(const PreparePlan& plan, FieldCode code) {
+  if (code == sex_column && plan.concluded_sexes.are_needed) return true;
   return plan.columns.place[static_cast<std::size_t>(code)].has_value();
 }
 
 /// The letter of a sex; nothing for an unknown one.
-void append_sex(std::string& bytes, std::string_view text, const PreparePlan& plan, const TextCounts& sexes) {
-  const std::size_t place = find_counted(sexes, text);
-  const SexMeaning meaning = place < plan.sexes.size() ? plan.sexes[place] : SexMeaning::unknown;
+void append_sex_letter(std::string& bytes, SexMeaning meaning, const PreparePlan& plan) {
   if (meaning == SexMeaning::male) bytes.push_back('m');
   if (meaning == SexMeaning::female) bytes.push_back(female_letter(plan.language));
+}
+
+void append_sex(std::string& bytes, std::string_view text, const PreparePlan& plan, const TextCounts& sexes) {
+  const std::size_t place = find_counted(sexes, text);
+  append_sex_letter(bytes, place < plan.sexes.size() ? plan.sexes[place] : SexMeaning::unknown, plan);
 }
 
 /// One that is not listed by itself gets the name of all others.
@@ -192,6 +196,11 @@ LostTexts append_animal(std::string& bytes, const ExportRecord& record, const Pr
     is_first = false;
     const std::size_t start = bytes.size();
     const std::string_view text = trimmed(field_of(record, plan.columns, code));
+    if (code == sex_column && plan.concluded_sexes.are_needed && lacks_sex(plan.columns, record.is_further)) {
+      const std::string_view id = trimmed(field_of(record, plan.columns, id_column));
+      append_sex_letter(bytes, concluded_sex(plan.concluded_sexes, id), plan);
+      continue;
+    }
     append_field(bytes, code, text, plan, sexes);
     if (bytes.size() > start || text.empty()) continue;
     lost.sex = lost.sex || code == sex_column;

@@ -30,17 +30,13 @@ constexpr std::int64_t tenths_of_most_lines = 9;
 constexpr std::int64_t fewest_rare_young = 3, ids_for_each = 2;
 constexpr std::size_t most_forms = 20;
 
-bool is_digit(char byte) {
-  return byte >= '0' && byte <= '9';
-}
-
 /// The kinds of the bytes in their order, each run of one kind once: "a0" of "NL20001".
 std::string form_of(std::string_view text) {
   std::string form;
   for (const char byte : text) {
     const auto value = static_cast<unsigned char>(byte | 0x20);
     const bool is_letter = value >= 0x80 || (value >= 'a' && value <= 'z');
-    const char kind = is_letter ? 'a' : is_digit(byte) ? '0' : byte;
+    const char kind = is_letter ? 'a' : (byte >= '0' && byte <= '9') ? '0' : byte;
     if (form.empty() || form.back() != kind) form.push_back(kind);
   }
   return form;
@@ -113,19 +109,6 @@ std::vector<ColumnForms> read_forms(std::string_view text, char delimiter, const
     }
   }
   return forms;
-}
-
-std::int64_t size_of(const TextSet& texts) {
-  return static_cast<std::int64_t>(texts.size());
-}
-
-std::int64_t count_parents(const TextSet& texts, std::span<const ColumnProfile> profiles, const ColumnChoice& columns) {
-  std::int64_t count = 0;
-  for (const FieldCode code : {sire_column, dam_column}) {
-    const auto& place = columns.place[static_cast<std::size_t>(code)];
-    if (place && *place < profiles.size()) count += count_common(profiles[*place].texts, texts);
-  }
-  return count;
 }
 
 }  // namespace

@@ -50,6 +50,28 @@ struct MatchList {
   std::vector<Match> matches;
 };
 
+/// What stands in columns that may hold a field.
+struct ColumnEvidence {
+  /// So many of the different texts of one column stand in another one.
+  struct Link {
+    std::string heading;
+    std::size_t number = 0;
+    std::string other_heading;
+    std::size_t other_number = 0;
+    std::int64_t found = 0, of = 0;
+  };
+  std::string heading;
+  std::size_t number = 0;
+  std::int64_t texts = 0, different = 0;  ///< of all lines, or of a sample of a large export
+  std::int64_t judged = 0, dates = 0;     ///< of the first lines
+  std::vector<std::string> examples;
+  std::vector<Link> links;
+};
+struct ColumnEvidenceList {
+  std::vector<ColumnEvidence> columns;
+  std::size_t more = 0;
+};
+
 struct LetterList {
   std::vector<ReplacedLetter> letters;
   std::int64_t more = 0;
@@ -86,7 +108,7 @@ struct NameChoiceList {
 /// A number, a text of the export or of the user, the place of a column, lines with what stands in them, ...
 using Value = std::variant<std::int64_t, std::string, FieldCode, FieldName, DateOrder, Encoding, Delimiter, ColumnList,
                            CountedList, NotedTexts, MatchList, LetterList, TriedDelimiters, WordList, NotedCells,
-                           WorkbookProblem, EncodingReadings, IdRules, IdPairList, NameChoiceList>;
+                           WorkbookProblem, EncodingReadings, IdRules, IdPairList, NameChoiceList, ColumnEvidenceList>;
 using Values = std::vector<Value>;
 
 // --- Remarks: what was recognised, and what is changed on the way. Behind each kind stand its values ---
@@ -135,6 +157,7 @@ enum class RemarkKind {
   dates_unreadable,              ///< dates, their lines
   sexes_found,                   ///< texts of males, of females
   sexes_unknown,                 ///< texts
+  sexes_concluded,               ///< animals that are fathers, mothers, both, neither
   subpopulations_found,          ///< names, texts
   colours_found,                 ///< names, texts
   names_left_out,                ///< texts
@@ -187,8 +210,9 @@ struct Remark {
 // --- Questions: what only the user can decide ---
 
 enum class QuestionKind {
-  column_missing,           ///< field, its name
-  columns_alike,            ///< field, columns, its name
+  column_missing,           ///< field, its name, columns that may hold it
+  sex_missing,              ///< the same
+  columns_alike,            ///< field, columns, its name, what stands in them
   optional_columns_alike,   ///< the same for a field that may be left out
   no_such_column,           ///< name of the field, what the user says, columns of the export
   several_such_columns,     ///< name of the field, what the user says, columns
@@ -198,6 +222,7 @@ enum class QuestionKind {
   dates_unclear,            ///< dates of the first layout, the layout, dates of the second, the layout, dates of both
   dates_not_understood,     ///< column, dates that are not understood, all dates, some with their lines
   dates_absent,             ///< column
+  dates_all_unread,         ///< column, all dates, some with their lines
   century_unclear,          ///< dates, some with their lines, hundreds of years
   serials_unclear,          ///< dates, one of them, its day counted from 1900, and from 1904
   parents_of_wrong_sex,     ///< field, its name, column, parents whose sex is known, those of the other sex

@@ -25,6 +25,15 @@ constexpr Wording column_match = {"\"{1}\" (column {2}: {3} of {4})", "\"{1}\" (
 constexpr Wording delimiter_tried = {"{1}: {2} of {3} lines have {4} columns",
                                      "{1}: {2} van {3} regels hebben {4} kolommen"};
 
+constexpr Wording columns_that_fit = {" What stands in the columns that it may be:{1}",
+                                      " Wat er staat in de kolommen die het kunnen zijn:{1}"};
+constexpr Wording evidence_words = {
+    "\"{1}\" (column {2}): {3} texts, {4} different, of the first {5} are dates: {6}",
+    "\"{1}\" (kolom {2}): {3} teksten, {4} verschillende, van de eerste {5} zijn datum: {6}"};
+constexpr Wording evidence_examples = {"; such as {1}", "; zoals {1}"};
+constexpr Wording evidence_link = {"; of {1} texts of \"{2}\" (column {3}) stand in \"{4}\" (column {5}): {6}",
+                                   "; van {1} teksten van \"{2}\" (kolom {3}) staan in \"{4}\" (kolom {5}): {6}"};
+
 constexpr Wording all_names = {"all {1} of them: {2}", "alle {1}: {2}"};
 constexpr Wording names_from_size = {"the {1} with at least {3} animals, all others together as one: {2}",
                                      "de {1} met minstens {3} dieren, alle andere samen als \xC3\xA9\xC3\xA9n: {2}"};
@@ -143,6 +152,11 @@ struct TextMaker {
     return joined(list.choices, "; ", [&](const NameChoice& choice) { return description_of(choice, language); });
   }
 
+  std::string operator()(const ColumnEvidenceList& list) const {
+    const auto words = [&](const ColumnEvidence& column) { return description_of(column, language); };
+    return list.columns.empty() ? std::string() : introduced(list, " " + joined(list.columns, " | ", words), language);
+  }
+
   std::string operator()(const EncodingReadings& list) const {
     return joined(list.readings, "; ", [](const EncodingReading& reading) {
       return std::string(name_of(encoding_of(reading.encoding))) + ": " +
@@ -167,6 +181,25 @@ std::string description_of(const NameChoice& choice, ToolLanguage language) {
   const Wording& wording = choice.least_animals > 0 ? names_from_size : choice.names > 0 ? all_names : no_names;
   return phrase(wording, language,
                 {std::to_string(choice.names), size_of_report(choice, language), std::to_string(choice.least_animals)});
+}
+
+std::string introduced(const ColumnEvidenceList& list, const std::string& columns, ToolLanguage language) {
+  return phrase(columns_that_fit, language, {columns + more_text(static_cast<std::int64_t>(list.more), language)});
+}
+
+std::string description_of(const ColumnEvidence& column, ToolLanguage language) {
+  std::string text =
+      phrase(evidence_words, language,
+             {shown(column.heading), std::to_string(column.number), std::to_string(column.texts),
+              std::to_string(column.different), std::to_string(column.judged), std::to_string(column.dates)});
+  const auto quoted = [](const std::string& example) { return in_quotes(example); };
+  if (!column.examples.empty()) text += phrase(evidence_examples, language, {joined(column.examples, ", ", quoted)});
+  for (const ColumnEvidence::Link& link : column.links) {
+    text += phrase(evidence_link, language,
+                   {std::to_string(link.of), shown(link.heading), std::to_string(link.number),
+                    shown(link.other_heading), std::to_string(link.other_number), std::to_string(link.found)});
+  }
+  return text;
 }
 
 void say(TextOutput& console, const Wording& wording, ToolLanguage language,

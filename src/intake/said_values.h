@@ -28,6 +28,12 @@ std::vector<std::string> texts_of(const Values& values, ToolLanguage language);
 /// What a choice of names makes of the report: "all 2000 of them: a report with lines of 20 MB; more than ...".
 std::string description_of(const NameChoice& choice, ToolLanguage language);
 
+/// What stands in a column, as a question names it.
+std::string description_of(const ColumnEvidence& column, ToolLanguage language);
+
+/// What stands in columns, with what it tells in front and, behind it, how many more there are.
+std::string introduced(const ColumnEvidenceList& list, const std::string& columns, ToolLanguage language);
+
 /// The wording with these texts in its places.
 std::string phrase_of(const Wording& wording, ToolLanguage language, std::span<const std::string> texts);
 

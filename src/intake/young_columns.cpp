@@ -79,25 +79,12 @@ FieldCode code_of(const HeadingMeaning& meaning, std::string_view heading) {
   return code == unused_column && says_id ? id_column : code;
 }
 
-std::int64_t size_of(const TextSet& texts) {
-  return static_cast<std::int64_t>(texts.size());
-}
-
 /// The texts of a group, and how many of the parents stand in it.
 struct GroupTexts {
   TextSet texts;
   std::int64_t read = 0;
   std::int64_t parents = 0, in_first = 0;  ///< of the parents those that stand in it, in its first column
 };
-
-std::int64_t count_parents(const TextSet& texts, std::span<const ColumnProfile> profiles, const ColumnChoice& columns) {
-  std::int64_t count = 0;
-  for (const FieldCode code : {sire_column, dam_column}) {
-    const auto& place = columns.place[static_cast<std::size_t>(code)];
-    if (place && *place < profiles.size()) count += count_common(profiles[*place].texts, texts);
-  }
-  return count;
-}
 
 GroupTexts texts_of(const ColumnGroup& group, std::span<const ColumnProfile> profiles, const ColumnChoice& columns) {
   GroupTexts texts;

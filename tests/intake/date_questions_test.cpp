@@ -76,9 +76,48 @@ TEST(AskForDates, NotOneDate) {
       "\"born\" (column 5), taken as the date of birth, holds not one date that can be read. Say which column holds the "
       "date of birth: --column birthdate=NUMBER, also if the one taken is right.";
   EXPECT_EQ(questions_on(herd_with_dates({"", "", "?"})), std::vector{question});
-  EXPECT_EQ(questions_on(herd_with_dates({"Rex", "Saar"})), std::vector{question});
+  PrepareOptions named;
+  named.columns = {{birthdate_column, "5"}};
+  EXPECT_TRUE(questions_on(herd_with_dates({"", "", "?"}), named).empty());
   EXPECT_TRUE(questions_on(herd_with_dates({"Rex", "2005"})).size() == 1) << "half of them are none";
   EXPECT_TRUE(questions_on(herd_with_dates({"2005", ""})).empty());
+}
+
+TEST(AskForDates, NoAnswerMakesTextsDates) {
+  const std::string question =
+      "In \"born\" (column 5), taken as the date of birth, not one of 2 texts is a date that can be read: line 2 \"Rex\", "
+      "line 3 \"Saar\". Without dates nothing can be calculated. Choose another column (--column birthdate=NUMBER), or "
+      "another order if one was said (--dates LAYOUT), or export the file anew with dates such as 2019-03-31.";
+  EXPECT_EQ(questions_on(herd_with_dates({"Rex", "Saar"})), std::vector{question});
+  PrepareOptions options;
+  options.columns = {{birthdate_column, "5"}};
+  EXPECT_EQ(questions_on(herd_with_dates({"Rex", "Saar"}), options), std::vector{question});
+  options.dates = DateOrder::day_month_year;
+  EXPECT_EQ(questions_on(herd_with_dates({"Rex", "Saar"}), options), std::vector{question});
+}
+
+TEST(AskForDates, AnOrderInWhichMostAreNoDate) {
+  const auto in_order = [](DateOrder order, const std::vector<std::string>& dates) {
+    PrepareOptions options;
+    options.dates = order;
+    options.century = 1925;
+    return questions_on(herd_with_dates(dates), options).size();
+  };
+  EXPECT_EQ(in_order(DateOrder::month_day_year, {"31-12-2005", "01-02-2005"}), 0U) << "one of two";
+  EXPECT_EQ(in_order(DateOrder::month_day_year, {"31-12-2005", "01-02-2005", "30-12-2005"}), 1U) << "two of three";
+  EXPECT_EQ(in_order(DateOrder::day_month_year, {"31-12-2005", "01-02-2005", "30-12-2005"}), 0U);
+  // As ddmmyyyy the first would be in the year 1231.
+  EXPECT_EQ(in_order(DateOrder::compact_day_month_year, {"20051231", "20051130"}), 1U);
+  EXPECT_EQ(in_order(DateOrder::compact_year_month_day, {"20051231", "20051130"}), 0U);
+  EXPECT_EQ(in_order(DateOrder::month_day_year, {"31-12-05", "30-11-05"}), 1U);
+  EXPECT_EQ(in_order(DateOrder::day_month_year, {"31-12-05", "30-11-05"}), 0U);
+  EXPECT_EQ(in_order(DateOrder::year_month_day, {"25-12-33", "25-12-34"}), 1U);
+}
+
+TEST(AskForDates, WhatASpreadsheetShowsOfADateIsNamed) {
+  const auto questions = questions_on(herd_with_dates({"31-12-2005", "########"}));
+  ASSERT_EQ(questions.size(), 1U);
+  EXPECT_NE(questions[0].find("line 3 \"########\""), std::string::npos);
 }
 
 TEST(AskForDates, TheHundredOfYearsOfTwoDigits) {
