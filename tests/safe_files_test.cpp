@@ -200,21 +200,75 @@ TEST(UnreadableFile, IsToldWithTheReason) {
 
 // ---- cells that a spreadsheet would work out ----------------------------------------------------------------------
 
-TEST(FormulaCells, StandBehindAnApostropheInEveryTable) {
-  Files files = files_of(std::string(header) + "=S;;;m;01-01-2000\n@D;;;f;02-01-2000\n+a;=S;@D;m;03-03-2052\n");
-  for (const bool is_plain : {false, true}) {
-    const std::string mark = is_plain ? "" : "'";
-    const auto with_option = [&](std::vector<std::string> arguments) {
-      if (is_plain) arguments.push_back("--plain");
-      return tools_with(arguments);
-    };
-    const std::string findings = run_program_on(files, with_option({"check"})).file("dogs_check.tsv");
-    EXPECT_TRUE(has(findings, "\t" + mark + "+a\t")) << findings;
-    files["f"] = "@D\n";
-    files["m"] = "=S\n";
-    const WholeRun matings = run_program_on(files, with_option({"matings", "--females", "f", "--males", "m"}));
-    EXPECT_TRUE(has(matings.file("dogs_matings.tsv"), "\n" + mark + "@D\t" + mark + "=S\t")) << matings.messages;
+/// Parents whose identifications and subpopulations look like formulas, and their young.
+Files files_like_formulas() {
+  std::string lines = "id;sire;dam;sex;birthdate;subpopulation\n=S;;;m;01-01-2000;=X\n@D;;;f;02-01-2000;+Y\n";
+  for (int k = 0; k < 12; ++k) {
+    const std::string sign(1, "=+-@"[k % 4]);
+    lines += sign + "a" + std::to_string(k) + ";=S;@D;" + (k % 2 == 0 ? "m" : "f") + ";03-03-200" +
+             std::to_string(2 + k / 4) + (k % 3 == 0 ? ";=X\n" : ";+Y\n");
   }
+  lines += "=inbred;=a0;+a1;m;04-04-2005;=X\n";
+  Files files = files_of(lines, {.subpopulations = "2\n=X\n+Y"});
+  files["f"] = "@D\n";
+  files["m"] = "=S\n";
+  files["rules.ini"] = "[=no rule]\nmost-litters-a-year = 5\n";
+  return files;
+}
+
+/// The cells of a table that begin like a formula, and those behind an apostrophe.
+struct FormulaCount {
+  int bare = 0, guarded = 0;
+};
+
+FormulaCount count_formulas(std::string_view table) {
+  FormulaCount count;
+  for (const std::string& line : lines_of(table)) {
+    for (std::size_t begin = 0; begin <= line.size();) {
+      const std::size_t end = std::min(line.find_first_of("\t,", begin), line.size());
+      std::string_view cell = std::string_view(line).substr(begin, end - begin);
+      begin = end + 1;
+      const bool is_guarded = cell.starts_with('\'');
+      if (is_guarded) cell.remove_prefix(1);
+      constexpr std::string_view number = "0123456789.";
+      const bool is_formula = !cell.empty() && std::string_view("=+-@").find(cell.front()) != std::string_view::npos &&
+                              cell.find_first_of(number) != 1;
+      count.bare += is_formula && !is_guarded;
+      count.guarded += is_formula && is_guarded;
+    }
+  }
+  return count;
+}
+
+TEST(FormulaCells, StandBehindAnApostropheInEveryTableOfEveryCommand) {
+  const Files files = files_like_formulas();
+  const std::vector<std::vector<std::string>> commands = {
+      {"check", "--today", "2004-01-01"},
+      {"tables", "--founders"},
+      {"tables", "--founders", "--csv"},
+      {"matings", "--females", "f", "--males", "m"},
+      {"matings", "--females", "f", "--males", "m", "--csv"},
+      {"plan", "--females", "f", "--males", "m", "--matings", "1"},
+      {"forecast", "--rules", "rules.ini", "--replicates", "2", "--years", "2"}};
+  int tables_with_formulas = 0;
+  for (const std::vector<std::string>& command : commands) {
+    std::vector<std::string> plain = command;
+    plain.push_back("--plain");
+    const WholeRun safe = run_program_on(files, tools_with(command)), bare = run_program_on(files, tools_with(plain));
+    EXPECT_LE(safe.exit_status, 1) << command.front() << safe.messages;
+    EXPECT_EQ(safe.files.size(), bare.files.size()) << command.front() << bare.messages;
+    EXPECT_GT(safe.files.size(), files.size()) << command.front() << safe.messages;
+    for (const auto& [name, table] : safe.files) {
+      if (!name.ends_with(".tsv") && !name.ends_with(".csv")) continue;
+      const FormulaCount in_safe = count_formulas(table), in_bare = count_formulas(bare.file(name));
+      EXPECT_EQ(in_safe.bare, 0) << name << table;
+      EXPECT_EQ(in_bare.guarded, 0) << name;
+      EXPECT_EQ(in_bare.bare, in_safe.guarded) << name;
+      tables_with_formulas += in_bare.bare > 0;
+    }
+  }
+  // Findings; all eleven tables, with tabs and with commas; matings likewise; the two of a plan and of a forecast.
+  EXPECT_EQ(tables_with_formulas, 1 + 2 * 11 + 2 + 2 + 2);
 }
 
 // ---- inputs that somebody writes meanwhile ----------------------------------------------------------------------

@@ -242,6 +242,7 @@ std::vector<ForecastFile> make_files(const FolderRun& run, const ForecastOptions
   const auto name = [&](std::string_view ending) { return name_beside_report(run.population.settings, ending); };
   std::vector<ForecastFile> files;
   TableWriter table, summary;
+  table.is_plain = summary.is_plain = options.is_plain;
   write_forecast_table(results.forecast, options.from ? std::span(results.real) : std::span<const RealYear>(), table);
   files.push_back({name("_forecast.tsv"), std::move(table.text)});
   write_forecast_summary(results.forecast, results.summaries, summary);

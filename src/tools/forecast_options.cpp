@@ -41,12 +41,13 @@ constexpr std::string_view help =
     "  --one-litter-a-dam yes                              in her life\n"
     "  --exchange open|closed|rotation                     of sires between subpopulations\n"
     "\n"
+    "  --plain         write names of scenarios that begin with = + - @ as they are (else: behind an apostrophe)\n"
     "  --help          shows this text\n"
     "\n"
     "  Exit status: 0 done, 1 something stands in the way (nothing was written), 2 wrong arguments.\n";
 
-constexpr auto plain_options =
-    std::to_array<OptionRule>({{"--years"}, {"--replicates"}, {"--seed"}, {"--from"}, {"--threads"}, {"--rules"}});
+constexpr auto plain_options = std::to_array<OptionRule>(
+    {{"--years"}, {"--replicates"}, {"--seed"}, {"--from"}, {"--threads"}, {"--rules"}, {"--plain", false}});
 
 std::optional<std::int64_t> read_whole(std::string_view text, std::int64_t least, std::int64_t most) {
   std::int64_t number = 0;
@@ -93,6 +94,8 @@ std::string take_option(const GivenOption& given, ForecastOptions& options) {
   } else if (given.name == "--rules") {
     if (given.value.empty()) return refusal(given, "the name of a file");
     options.rules_file = given.value;
+  } else if (given.name == "--plain") {
+    options.is_plain = true;
   } else {
     return take_rule_option(given, options);
   }

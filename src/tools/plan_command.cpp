@@ -203,13 +203,15 @@ struct PlanFile {
 };
 
 /// The table of the pairs, unless there are none, and that of the contributions.
-void add_tables(const PlanTables& tables, const SteerSettings& settings, std::vector<PlanFile>& files) {
+void add_tables(const PlanTables& tables, const SteerSettings& settings, bool is_plain, std::vector<PlanFile>& files) {
   if (!tables.plan.pairs.empty()) {
     TableWriter pairs;
+    pairs.is_plain = is_plain;
     write_plan_table(tables, pairs);
     files.push_back({name_beside_report(settings, "_plan.tsv"), std::move(pairs.text)});
   }
   TableWriter contributions;
+  contributions.is_plain = is_plain;
   write_contributions_table(tables, contributions);
   files.push_back({name_beside_report(settings, "_contributions.tsv"), std::move(contributions.text)});
 }
@@ -227,7 +229,7 @@ std::vector<PlanFile> make_files(const PlanRun& run, const PlanRequest& request,
     finish_workbook(workbook);
     files.push_back({name_beside_report(settings, "_plan.xlsx"), std::move(workbook.zip.bytes)});
   } else {
-    add_tables(tables, settings, files);
+    add_tables(tables, settings, run.options.is_plain, files);
   }
   files.push_back(
       {name_beside_report(settings, "_plan.html"),

@@ -47,6 +47,7 @@ constexpr std::string_view help =
     "  --rate R              while inbreeding rises by at most R per cent a generation (0.5)\n"
     "\n"
     "  --workbook            one workbook, NAME_plan.xlsx, instead of the two tables\n"
+    "  --plain               write texts that begin with = + - @ as they are (else: behind an apostrophe)\n"
     "  --help                shows this text\n"
     "\n"
     "  Exit status: 0 done, 1 something stands in the way (nothing was written), 2 wrong arguments.\n";
@@ -70,7 +71,8 @@ constexpr auto rules = std::to_array<OptionRule>({{"--females"},
                                                   {"--wished"},
                                                   {"--values"},
                                                   {"--rate"},
-                                                  {"--workbook", false}});
+                                                  {"--workbook", false},
+                                                  {"--plain", false}});
 
 struct FileOption {
   std::string_view name;
@@ -166,6 +168,7 @@ std::string take_option(const GivenOption& given, PlanOptions& options) {
   if (given.name == "--known-parents") options.needs_known_parents = true;
   if (given.name == "--contributions-only") options.wants_pairs = false;
   if (given.name == "--workbook") options.wants_workbook = true;
+  if (given.name == "--plain") options.is_plain = true;
   if (given.name == "--subpopulation") options.subpopulation = std::string(given.value);
   return take_number(given, options);
 }

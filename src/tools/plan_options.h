@@ -19,6 +19,7 @@ struct PlanOptions {
   bool needs_known_parents = false, takes_all_animals = false;
   std::optional<double> most_f, rate;  ///< as fractions
   bool wants_pairs = true, wants_workbook = false;
+  bool is_plain = false;  ///< texts like formulas are written as they are
 };
 
 /// Yields what is wrong with the arguments; empty: nothing.
