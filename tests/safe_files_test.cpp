@@ -1,9 +1,15 @@
 // What the files of all programs go through: windows that are closed, disks that are full, memory that runs out, names
 // that lead elsewhere, inputs that somebody writes meanwhile. Older files stand then, and nothing else is left.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
+#include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "support/files.h"
@@ -57,6 +63,101 @@ TEST(ClosedWindow, IsNotHeededUnderNohup) {
   EXPECT_EQ(run.exit_status, 0) << run.messages;
   EXPECT_EQ(names_of(run),
             (std::vector<std::string>{"dogs.answers", "dogs.lines", "dogs.txt", "pedigreewatch.ini", "source"}));
+}
+
+/// Parents whose identifications and subpopulations look like formulas, and their young.
+Files files_like_formulas() {
+  std::string lines = "id;sire;dam;sex;birthdate;subpopulation\n=S;;;m;01-01-2000;=X\n@D;;;f;02-01-2000;+Y\n";
+  for (int k = 0; k < 12; ++k) {
+    const std::string sign(1, "=+-@"[k % 4]);
+    lines += sign + "a" + std::to_string(k) + ";=S;@D;" + (k % 2 == 0 ? "m" : "f") + ";03-03-200" +
+             std::to_string(2 + k / 4) + (k % 3 == 0 ? ";=X\n" : ";+Y\n");
+  }
+  lines += "=inbred;=a0;+a1;m;04-04-2005;=X\n";
+  Files files = files_of(lines, {.subpopulations = "2\n=X\n+Y"});
+  files["f"] = "@D\n";
+  files["m"] = "=S\n";
+  files["rules.ini"] = "[=no rule]\nmost-litters-a-year = 5\n";
+  return files;
+}
+
+/// Whether the process sleeps, at two looks one after the other: it waits for somebody.
+bool waits(int process) {
+  const auto is_asleep = [&] {
+    const std::string status = bytes_if_present("/proc/" + std::to_string(process) + "/stat").value_or("");
+    return status.find(") S ") != std::string::npos;
+  };
+  if (!is_asleep()) return false;
+  std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  return is_asleep();
+}
+
+struct PipeRun {
+  std::vector<std::string> arguments;  ///< of the tools; none: the program itself
+  std::string pipe;                    ///< stands in the place of this file
+  int exit_status = 1;
+};
+
+/// Has the run wait for `pipe`, which nobody opens for writing or which somebody has open and never writes, and sends a
+/// signal.
+WholeRun stopped_at_pipe(const PipeRun& wish, int signal, bool has_writer) {
+  Files files = files_like_formulas();
+  files["dogs.csv"] = family;
+  files.erase(wish.pipe);
+  const RunFolder folder(files);
+  const std::string pipe = folder.path(wish.pipe);
+  EXPECT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const int writer = has_writer ? open(pipe.c_str(), O_RDWR | O_CLOEXEC) : -1;
+  ProgramStart start = wish.arguments.empty() ? ProgramStart{} : tools_with(wish.arguments);
+  StartedRun run = start_program_in(folder, start);
+  const auto latest = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+  const auto look = [&](auto holds) {
+    while (is_running(run) && !holds() && std::chrono::steady_clock::now() < latest) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+  };
+  look([&] { return waits(run.process); });
+  EXPECT_TRUE(is_running(run)) << wish.pipe << " is not waited for";
+  kill(run.process, signal);
+  look([] { return false; });
+  EXPECT_FALSE(is_running(run)) << wish.pipe << ": signal " << signal << " does not end it";
+  if (is_running(run)) kill(run.process, SIGKILL);
+  if (writer >= 0) close(writer);
+  std::filesystem::remove(pipe);
+  WholeRun end = finish(run);
+  EXPECT_EQ(end.exit_status, wish.exit_status) << wish.pipe << signal << has_writer << end.messages;
+  EXPECT_EQ(end.files, files) << wish.pipe;
+  return end;
+}
+
+TEST(SilentPipe, IsNotWaitedForOnceTheToolsAreStopped) {
+  const std::vector<PipeRun> runs = {
+      {{"prepare", "dogs.csv", "--species", "dog", "--force"}, "dogs.csv"},
+      {{"prepare", "dogs.csv", "--corrections", "list", "--species", "dog", "--force"}, "list"},
+      {{"check"}, "dogs.txt", 2},
+      {{"check"}, "pedigreewatch.ini", 2},
+      {{"check", "--limits", "limits"}, "limits", 2},
+      {{"tables"}, "dogs.txt"},
+      {{"page"}, "pedigreewatch.ini"},
+      {{"matings", "--females", "list", "--best", "1"}, "list"},
+      {{"plan", "--matings", "2", "--females", "list"}, "list"},
+      {{"forecast", "--rules", "rules.ini"}, "rules.ini"},
+      {{"animal", "a"}, "dogs.txt"}};
+  for (const PipeRun& wish : runs) {
+    const WholeRun run = stopped_at_pipe(wish, SIGTERM, false);
+    EXPECT_TRUE(has(run.messages, "stopped")) << wish.arguments.front() << wish.pipe << run.messages;
+  }
+  for (const PipeRun& wish : {runs[0], runs[2]}) {
+    EXPECT_TRUE(has(stopped_at_pipe(wish, SIGTERM, true).messages, "stopped")) << wish.arguments.front();
+  }
+  for (const int signal : {SIGINT, SIGHUP}) stopped_at_pipe(runs.front(), signal, false);
+}
+
+TEST(SilentPipe, IsNotWaitedForOnceARunIsStopped) {
+  for (const bool has_writer : {false, true}) {
+    const WholeRun run = stopped_at_pipe({{}, "dogs.txt", has_writer ? 1 : 128 + SIGTERM}, SIGTERM, has_writer);
+    EXPECT_EQ(has(run.messages, "the run was stopped from outside"), has_writer) << run.messages;
+  }
 }
 
 // ---- disks and memory -------------------------------------------------------------------------------------------
@@ -132,6 +233,18 @@ TEST(LostConsole, IsToldByTheToolsWithTheirFilesComplete) {
   }
 }
 
+TEST(LostConsole, OfAHelpMakesNoPromiseOfFiles) {
+  const std::string reason = "the console could not be written: No space left on device\n";
+  for (const std::string command :
+       {"\"$TOOLS\" help", "\"$TOOLS\" plan --help", "\"$TOOLS\" --version",
+        "\"$TOOLS\" prepare dogs.txt --species dog --dry-run", "\"$PROGRAM\" --help", "\"$PROGRAM\" --version"}) {
+    const WholeRun run = run_program_on(files_of(family), tools_script(command + " >/dev/full"));
+    EXPECT_EQ(run.exit_status, 1) << command;
+    EXPECT_EQ(run.messages, reason) << command;
+    EXPECT_EQ(run.files, files_of(family)) << command;
+  }
+}
+
 TEST(LostConsole, IsNoPlaceForAFile) {
   const std::string expected = run_program_on(files_of(family), tools_with({"check"})).file("dogs_check.tsv");
   const WholeRun run = run_program_on(files_of(family), tools_script("\"$TOOLS\" check <&- >&- 2>&-"));
@@ -171,8 +284,8 @@ TEST(CheckTable, NeverReplacesALinkAPipeOrAFolder) {
 }
 
 TEST(PreparedFiles, NeverReplaceALinkOrAPipe) {
-  for (const std::string make : {"ln -s archive dogs.txt", "ln -s nowhere pedigreewatch.ini", "mkfifo dogs.txt", "mkfifo dogs.answers",
-                                 "ln -s nowhere dogs.lines"}) {
+  for (const std::string make : {"ln -s archive dogs.txt", "ln -s nowhere pedigreewatch.ini", "mkfifo dogs.txt",
+                                 "mkfifo dogs.answers", "ln -s nowhere dogs.lines"}) {
     const std::string name = make.substr(make.rfind(' ') + 1);
     const Files files = {{"dogs.csv", family}, {"archive", "kept"}};
     const WholeRun run = run_program_on(
@@ -199,22 +312,6 @@ TEST(UnreadableFile, IsToldWithTheReason) {
 }
 
 // ---- cells that a spreadsheet would work out ----------------------------------------------------------------------
-
-/// Parents whose identifications and subpopulations look like formulas, and their young.
-Files files_like_formulas() {
-  std::string lines = "id;sire;dam;sex;birthdate;subpopulation\n=S;;;m;01-01-2000;=X\n@D;;;f;02-01-2000;+Y\n";
-  for (int k = 0; k < 12; ++k) {
-    const std::string sign(1, "=+-@"[k % 4]);
-    lines += sign + "a" + std::to_string(k) + ";=S;@D;" + (k % 2 == 0 ? "m" : "f") + ";03-03-200" +
-             std::to_string(2 + k / 4) + (k % 3 == 0 ? ";=X\n" : ";+Y\n");
-  }
-  lines += "=inbred;=a0;+a1;m;04-04-2005;=X\n";
-  Files files = files_of(lines, {.subpopulations = "2\n=X\n+Y"});
-  files["f"] = "@D\n";
-  files["m"] = "=S\n";
-  files["rules.ini"] = "[=no rule]\nmost-litters-a-year = 5\n";
-  return files;
-}
 
 /// The cells of a table that begin like a formula, and those behind an apostrophe.
 struct FormulaCount {
@@ -299,6 +396,37 @@ TEST(ChangedInput, IsToldAndTheOlderReportStands) {
     EXPECT_EQ(run.files.size(), 3U) << change;
   }
   const WholeRun unchanged = run_program_on(files_with_long_ids(), shell_script(start + "true" + end));
+  EXPECT_EQ(unchanged.exit_status, 0) << unchanged.messages;
+}
+
+/// Corrections that fit nothing: `prepare` tells each of them, more than two pipes hold.
+std::string corrections_of_nobody() {
+  std::string list = "id\tfield\twas\tbecomes\twhy\twhen\n";
+  for (int i = 0; i < 4000; ++i) list += "nobody" + std::to_string(i) + "\tsex\tm\tf\ta slip\t2020-01-01\n";
+  return list;
+}
+
+TEST(ChangedExport, IsToldAndTheOlderFilesStand) {
+  const Files files = {{"dogs.csv", family},
+                       {"list.tsv", corrections_of_nobody()},
+                       {"dogs.txt", "old data"},
+                       {"pedigreewatch.ini", "old steer file"}};
+  const std::string start =
+      "mkfifo console; \"$TOOLS\" prepare dogs.csv --species dog --force --corrections list.tsv >console & tool=$!; "
+      "exec 3<console; head -c 9000 <&3 >/dev/null; ";
+  const std::string end = "; cat <&3 >/dev/null; rm console; wait $tool";
+  for (const std::string change : {"echo 'z;;;m;01-01-2001' >>dogs.csv", "touch -d 2001-01-01 dogs.csv"}) {
+    const WholeRun run = run_program_on(files, tools_script(start + change + end));
+    EXPECT_EQ(run.exit_status, 1) << change;
+    EXPECT_EQ(run.messages,
+              "dogs.csv: the export has changed while it was read; nothing was written; run again when nobody writes "
+              "it\n")
+        << change;
+    EXPECT_EQ(names_of(run), (std::vector<std::string>{"dogs.csv", "dogs.txt", "list.tsv", "pedigreewatch.ini"}))
+        << change;
+    EXPECT_EQ(run.file("dogs.txt"), "old data") << change;
+  }
+  const WholeRun unchanged = run_program_on(files, tools_script(start + "true" + end));
   EXPECT_EQ(unchanged.exit_status, 0) << unchanged.messages;
 }
 

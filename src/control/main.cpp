@@ -1,5 +1,6 @@
 // Connects a run to the program's own streams.
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <string>
@@ -14,18 +15,9 @@
 #endif
 
 #include "control/run_driver.h"
+#include "core/stop_signals.h"
 
 namespace {
-
-/// Set by a signal, which reaches nothing that is not global. The run ends at its next line on the console, and takes
-/// the report away, which is not complete.
-volatile std::sig_atomic_t stop_request = 0;
-
-/// A second signal ends the program at once.
-void request_stop(int signal) {
-  std::signal(signal, SIG_DFL);
-  stop_request = 1;
-}
 
 #ifdef _WIN32
 bool is_terminal(std::FILE* file) {
@@ -37,10 +29,6 @@ void prepare_streams() {
   _setmode(_fileno(stdin), _O_BINARY);
   _setmode(_fileno(stdout), _O_BINARY);
   _setmode(_fileno(stderr), _O_BINARY);
-}
-
-void watch_for_stop() {
-  for (const int signal : {SIGINT, SIGTERM, SIGBREAK}) std::signal(signal, request_stop);
 }
 #else
 bool is_terminal(std::FILE* file) {
@@ -62,13 +50,6 @@ void prepare_streams() {
   occupy_closed_streams();
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
-}
-
-/// What the user has the program ignore, as `nohup` does, stays ignored.
-void watch_for_stop() {
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-    if (std::signal(signal, request_stop) == SIG_IGN) std::signal(signal, SIG_IGN);
-  }
 }
 #endif
 
@@ -95,7 +76,10 @@ int answer(std::string_view argument) {
     print(usage, stderr);
     return 1;
   }
-  return std::fflush(stdout) == 0 ? 0 : 1;
+  errno = 0;
+  if (std::fflush(stdout) == 0) return 0;
+  print("the console could not be written: " + pedigreewatch::error_text(errno) + "\n", stderr);
+  return 1;
 }
 
 }  // namespace
@@ -110,7 +94,8 @@ int main(int argument_count, char** arguments) {
   streams.messages.shows_each_line = true;
   streams.messages.is_terminal = is_terminal(stderr);
   streams.keyboard = stdin;
-  streams.console.stop_request = &stop_request;
-  streams.before_report_is_begun = watch_for_stop;
+  // The run ends at its next line on the console, and takes the report away, which is not complete.
+  streams.console.stop_request = &pedigreewatch::stop_requested;
+  streams.before_report_is_begun = pedigreewatch::watch_for_stop;
   return pedigreewatch::run_program(streams);
 }

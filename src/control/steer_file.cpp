@@ -214,7 +214,9 @@ SteerSettings read_steer_lines(LineReader& reader, RunStreams& streams) {
 SteerSettings read_steer_file(RunStreams& streams) {
   LineReader reader;
   if (!open_for_reading(reader, steer_file_name)) stop_on_missing_file(streams, missing_steer_file, {}, reader);
-  return read_steer_lines(reader, streams);
+  SteerSettings settings = read_steer_lines(reader, streams);
+  stop_if_changed(reader, streams);
+  return settings;
 }
 
 }  // namespace pedigreewatch

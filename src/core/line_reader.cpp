@@ -13,6 +13,7 @@ constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 
 /// Moves the unread bytes to the front of the buffer and reads behind them; false when nothing was added.
 bool read_more(LineReader& reader) {
+  if (reader.error != 0) return false;  // a wait that was stopped is not begun again
   if (reader.buffer.empty()) reader.buffer.resize(buffer_size);
   const std::size_t unread = reader.filled - reader.next;
   if (reader.next > 0) std::memmove(reader.buffer.data(), reader.buffer.data() + reader.next, unread);
@@ -148,10 +149,14 @@ bool has_changed(const LineReader& reader) {
   return reader.file != nullptr && !(state_of_file(reader.name) == reader.state);
 }
 
+void note_change(LineReader& reader) {
+  if (reader.error == 0 && has_changed(reader)) reader.error = input_has_changed;
+}
+
 void stop_if_changed(const LineReader& reader, RunStreams& streams) {
   if (!has_changed(reader)) return;
   streams.has_changed_input = true;
-  stop_on_file(streams, reader.name, "the file has changed while it was read; run again when nobody writes it");
+  stop_on_file(streams, reader.name, error_text(input_has_changed));
 }
 
 void stop_if_unreadable(const LineReader& reader, RunStreams& streams) {

@@ -33,7 +33,7 @@ struct LineReader {
   std::int64_t line_number = 0;  ///< of the line last read, counted from 1
   std::int64_t line_length = 0;  ///< its bytes without the line's end, also those that are not kept
   FileState state = {};          ///< of the file when it was opened
-  int error = 0;                 ///< errno of an opening or a read that failed; the file then ends there
+  int error = 0;  ///< errno of an opening or a read that failed, where the file then ends; or of `note_change`
 };
 
 /// The longest part of a line that is kept: what stands behind it is read over.
@@ -58,6 +58,9 @@ void rewind(LineReader& reader);
 
 /// Whether the file has been written to, replaced or removed since it was opened.
 bool has_changed(const LineReader& reader);
+
+/// Keeps in `error` that the file has changed since it was opened. For files that are read once, when they are read.
+void note_change(LineReader& reader);
 
 /// Stops the run when the file has changed since it was opened; the report of an earlier run stays then.
 void stop_if_changed(const LineReader& reader, RunStreams& streams);

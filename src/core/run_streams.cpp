@@ -83,6 +83,10 @@ void stop_on_file(RunStreams& streams, std::string_view file, std::string_view p
 }
 
 std::string error_text(int error_number) {
+  if (error_number == input_has_changed) {
+    return "the file has changed while it was read; run again when nobody writes it";
+  }
+  if (error_number == EINTR) return "stopped from outside";
   return std::generic_category().message(error_number);
 }
 

@@ -57,7 +57,10 @@ struct InputProblem {
 /// terminal would act on.
 std::string quoted(std::string_view text);
 
-/// The system's own word for an error number.
+/// In place of an error number of the system: the file changed while it was read.
+inline constexpr int input_has_changed = -1;
+
+/// The system's own word for an error number, but for an input that has changed and a wait that was interrupted.
 std::string error_text(int error_number);
 
 }  // namespace pedigreewatch

@@ -10,7 +10,9 @@ namespace {
 
 constexpr std::size_t large_piece = std::size_t{1} << 16;
 
+/// Nothing but the wish that the run ends interrupts a write, and that is told in words of its own.
 void note_failure(TextOutput& output) {
+  if (errno == EINTR) return;
   if (output.error == 0) output.error = errno != 0 ? errno : EIO;
 }
 

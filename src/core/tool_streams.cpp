@@ -14,7 +14,7 @@ int end_tool(int status, ToolStreams& streams) {
   if (streams.console.error != 0) {
     say(streams.messages,
         "the console could not be written: " + std::generic_category().message(streams.console.error) +
-            (status == 0 ? "; the files are complete" : ""));
+            (status == 0 && streams.makes_files ? "; the files are complete" : ""));
   }
   flush(streams.messages);
   return status != 0 || streams.console.error == 0 ? status : stands_in_the_way;

@@ -15,6 +15,7 @@ struct ToolStreams {
   TextOutput messages;    ///< what stands in the way
   ProgressLine progress;  ///< is off the screen whenever something is printed
   StopRequest stop_request = nullptr;
+  bool makes_files = true;  ///< otherwise what stands on the console is all there is: a help, a version, a trial
 };
 
 inline bool is_stop_requested(const ToolStreams& streams) {
@@ -33,8 +34,8 @@ struct ToolRefusal {
 /// Prints a line.
 void say(TextOutput& output, std::string_view line);
 
-/// Everything said reaches its stream; what did not is told. Yields the exit status: 1 in place of 0 when the console
-/// could not be written.
+/// Everything said reaches its stream; what did not is told, and that the files are complete where any were made.
+/// Yields the exit status: 1 in place of 0 when the console could not be written.
 int end_tool(int status, ToolStreams& streams);
 
 /// Says the refusal, behind everything that the tool has shown. Yields the exit status.

@@ -60,7 +60,7 @@ std::optional<Refusal> read_export(const std::string& name, std::string& bytes) 
   std::error_code ignored;
   if (fs::is_directory(name, ignored)) return Refusal{RefusalKind::is_folder, {name}};
   const int error = read_file_bytes(name, bytes);
-  if (error != 0) return Refusal{RefusalKind::cannot_read, {name, std::generic_category().message(error)}};
+  if (error != 0) return Refusal{RefusalKind::cannot_read, {name, error_text(error)}};
   if (bytes.empty()) return Refusal{RefusalKind::is_empty, {name}};
   if (is_read_as_workbook(bytes)) return std::nullopt;
   WorkbookProblem problem;
@@ -264,6 +264,7 @@ void doubt_parents(Preparation& read) {
 
 int read_file_bytes(const std::string& name, std::string& bytes) {
   errno = 0;
+  const FileState state = state_of_file(name);
   const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(name.c_str(), "rb"));
   if (file == nullptr) return errno != 0 ? errno : EIO;
   std::error_code ignored;
@@ -278,11 +279,13 @@ int read_file_bytes(const std::string& name, std::string& bytes) {
   }
   const bool has_failed = std::ferror(file.get()) != 0;
   bytes.resize(filled);
-  return has_failed ? (errno != 0 ? errno : EIO) : 0;
+  if (has_failed) return errno != 0 ? errno : EIO;
+  return state == state_of_file(name) ? 0 : input_has_changed;
 }
 
 std::optional<Refusal> read_and_recognise(const PrepareOptions& options, Preparation& result) {
   result = {};
+  result.export_state = state_of_file(options.export_name);
   std::string bytes;
   std::optional<Refusal> refusal = read_export(options.export_name, bytes);
   if (refusal) return refusal;

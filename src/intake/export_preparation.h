@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "core/file_state.h"
 #include "core/tool_streams.h"
 #include "intake/answers_file.h"
 #include "intake/column_choice.h"
@@ -34,6 +35,7 @@ struct ReadingEvidence {
 };
 
 struct Preparation {
+  FileState export_state;  ///< when it was opened: somebody may write it while it is read
   std::string text;  ///< the export in UTF-8, corrected
   ReadingEvidence reading;
   ColumnChoice columns;  ///< those that were surveyed
@@ -43,7 +45,7 @@ struct Preparation {
   SavedAnswers answers;                        ///< those of an earlier export that were used
 };
 
-/// All bytes of a file. Yields 0, or the number of the system's error.
+/// All bytes of a file. Yields 0, or the number of the system's error, or `input_has_changed`.
 int read_file_bytes(const std::string& name, std::string& bytes);
 
 /// Reads the export and finds out its encoding and its delimiter. Yields why that is impossible.

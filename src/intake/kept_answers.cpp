@@ -5,8 +5,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <system_error>
 #include <utility>
 
@@ -49,11 +47,11 @@ std::vector<std::string> files_for(const PrepareOptions& options) {
   return files;
 }
 
-std::string text_of_file(const std::string& name) {
+/// Yields 0, or why it cannot be read. What is no file of answers by its size is read as empty.
+int read_text(const std::string& name, std::string& text) {
   std::error_code ignored;
-  if (fs::file_size(name, ignored) > most_bytes) return {};
-  std::ifstream file(name, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  if (fs::file_size(name, ignored) > most_bytes) return 0;
+  return read_file_bytes(name, text);
 }
 
 bool is_about_reading(const AnswerLine& line) {
@@ -109,7 +107,12 @@ std::optional<Refusal> read_with_answers(PrepareOptions& options, ObeyOption obe
                    {options.answers_name, std::generic_category().message(ignored ? ignored.value() : ENOENT)}};
   }
   for (const std::string& file : files) {
-    SavedAnswers answers = read_answers(text_of_file(file), obey);
+    std::string text;
+    const int error = read_text(file, text);
+    if (error != 0 && (are_wished || error == input_has_changed)) {
+      return Refusal{RefusalKind::cannot_read, {file, error_text(error)}};
+    }
+    SavedAnswers answers = read_answers(text, obey);
     answers.file = file;
     if (answers.headings.empty() && !are_wished) continue;
     if (take_answers(std::move(answers), are_wished, obey, options, read, refusal)) break;

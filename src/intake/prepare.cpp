@@ -10,6 +10,7 @@
 #include <system_error>
 #include <vector>
 
+#include "core/file_state.h"
 #include "core/new_files.h"
 #include "intake/console_words.h"
 #include "intake/correction_words.h"
@@ -38,6 +39,9 @@ constexpr Wording is_no_plain_file = {
     "{1}: dit is een koppeling, een pijp of een apparaat, en wordt niet vervangen; haal het eerst weg. Er is niets veranderd."};
 constexpr Wording was_stopped = {"stopped from outside; nothing was written",
                                  "van buiten gestopt; er is niets geschreven"};
+constexpr Wording export_has_changed = {
+    "{1}: the export has changed while it was read; nothing was written; run again when nobody writes it",
+    "{1}: de export is veranderd terwijl hij gelezen werd; er is niets geschreven; begin opnieuw als niemand hem schrijft"};
 constexpr Wording writing_lines = {"writing lines", "geschreven regels"};
 constexpr Wording questions_title = {"Before anything is written, please answer:",
                                      "Beantwoord eerst, voordat er iets geschreven wordt:"};
@@ -76,10 +80,16 @@ int refuse(ToolStreams& streams, const PrepareOptions& options, const Wording& w
 }
 
 int refuse(ToolStreams& streams, const PrepareOptions& options, const Refusal& refusal) {
+  if (is_stop_requested(streams)) return refuse(streams, options, was_stopped, {});
   flush(streams.console);
   append(streams.messages, words_of(refusal, options.language));
   end_line(streams.messages);
   return 1;
+}
+
+/// Whether somebody writes the export meanwhile.
+bool has_export_changed(const Preparation& read, const PrepareOptions& options) {
+  return read.export_state != state_of_file(options.export_name);
 }
 
 /// The files that are written, and the report to come; none of them may replace the export.
@@ -233,6 +243,10 @@ int write_files(const Targets& targets, const Preparation& read, const PrepareOp
     abandon_all();
     return refuse(streams, options, was_stopped, {});
   }
+  if (has_export_changed(read, options)) {
+    abandon_all();
+    return refuse(streams, options, export_has_changed, {shown(options.export_name)});
+  }
   if (!finish_all(all, options.may_overwrite, problem)) return refuse_problem(problem, options, streams);
   say(streams.console, done, options.language, {shown(targets.data), shown(targets.steer)});
   say_available(targets, read, available, options, streams);
@@ -260,6 +274,9 @@ int prepare(const PrepareOptions& given, ToolStreams& streams, ObeyOption obey) 
   std::optional<Refusal> refusal = read_with_answers(options, obey, read);
   if (!refusal) refusal = survey_columns(options, streams.progress, read);
   if (!refusal) refusal = correct_export(options, streams.progress, read);
+  if (has_export_changed(read, options)) {
+    return refuse(streams, options, export_has_changed, {shown(options.export_name)});
+  }
   if (refusal) return refuse(streams, options, *refusal);
   leave_out_unfit_answers(read.answers, read.survey, options);
   decide(options, read);
@@ -270,6 +287,7 @@ int prepare(const PrepareOptions& given, ToolStreams& streams, ObeyOption obey) 
   if (!read.plan.questions.empty()) return ask(read.plan, streams);
   const Targets targets = targets_of(read.plan, options);
   if (options.is_dry_run) {
+    streams.makes_files = false;
     say(streams.console, dry_run_done, options.language, {shown(targets.data), shown(targets.steer)});
     return 0;
   }

@@ -1,6 +1,7 @@
 #include "planning/said_lists.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
@@ -14,6 +15,7 @@
 namespace pedigreewatch {
 namespace {
 
+constexpr Wording said_of_file = {"{1}: {2}", "{1}: {2}"};
 constexpr Wording not_opened = {"{1}: the file of {2} could not be opened; look at its name and folder",
                                 "{1}: het bestand van {2} kon niet geopend worden; kijk naar naam en map"};
 constexpr Wording no_text = {
@@ -122,14 +124,19 @@ std::vector<ListLine> lines_of_file(PlanInput& input, const std::string& name, s
   std::vector<ListLine> lines;
   LineReader reader;
   if (!open_for_reading(reader, name)) {
-    refuse_file(input, not_opened, {in_quotes(name), option});
+    if (reader.error == EINTR) {
+      refuse_file(input, said_of_file, {in_quotes(name), error_text(reader.error)});
+    } else {
+      refuse_file(input, not_opened, {in_quotes(name), option});
+    }
     return lines;
   }
   std::string_view line;
   while (read_line(reader, line)) {
     if (!take_line(input, name, reader.line_number, line, lines)) return {};
   }
-  if (reader.error != 0) refuse_file(input, {"{1}: {2}", "{1}: {2}"}, {shown(name), error_text(reader.error)});
+  note_change(reader);
+  if (reader.error != 0) refuse_file(input, said_of_file, {shown(name), error_text(reader.error)});
   return lines;
 }
 

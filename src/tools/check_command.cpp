@@ -106,6 +106,8 @@ std::string change_limits(const std::string& name, CheckLimits& limits) {
   std::string_view line;
   constexpr std::size_t most_bytes = 1'000'000;
   while (text.size() < most_bytes && read_line(reader, line)) text += std::string(line) + "\n";
+  note_change(reader);
+  if (reader.error != 0) return shown(name) + ": " + error_text(reader.error);
   return read_limits(text, name, limits);
 }
 
@@ -141,6 +143,7 @@ std::optional<ToolRefusal> check_file(const SteerSettings& steer, const CheckSet
   FileProblem problem = find_obstacle({steer, {&options.limits_file, 1}, settings.language}, table, is_in_use);
   if (!problem.name.empty()) return refusal(table_not_written, {shown(problem.name), problem.reason});
   CheckResult result = check_data(data, settings, streams.progress);
+  if (is_stop_requested(streams)) return refusal(was_stopped, {});
   if (data.error != 0) return refusal(unreadable, {shown(name), error_text(data.error)});
   if (has_changed(data)) return refusal(has_changed_meanwhile, {in_quotes(name)});
   if (result.has_too_many_lines) return refusal(too_many_lines, {shown(name)});

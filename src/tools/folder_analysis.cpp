@@ -1,5 +1,6 @@
 #include "tools/folder_analysis.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <new>
 #include <stdexcept>
@@ -23,6 +24,8 @@ constexpr Wording no_data_file = {
 constexpr Wording data_stop_the_run = {
     "no figures can be made of these data; `pedigreewatch-tools check` names everything that stands in the way",
     "uit deze gegevens zijn geen cijfers te maken; `pedigreewatch-tools check` noemt alles wat in de weg staat"};
+constexpr std::string_view stopped_at_steer_file =  // its language is not known yet
+    "stopped; nothing was written\nafgebroken; er is niets geschreven";
 constexpr Wording too_large = {"not enough memory for a population of this size",
                                "niet genoeg geheugen voor een populatie van deze omvang"};
 
@@ -32,16 +35,27 @@ ToolRefusal refusal_of_run(const RunStreams& run, const LineReader& data, ToolLa
   return {with_controls_named(last_words(run), "\n") + phrase(data_stop_the_run, language)};
 }
 
+/// What stands in the way of the steer file itself, whatever its lines say.
+std::optional<ToolRefusal> refusal_of_steer_file(LineReader& reader, const SteerSettings& settings) {
+  note_change(reader);
+  if (reader.error == EINTR) return ToolRefusal{std::string(stopped_at_steer_file)};
+  if (reader.error != input_has_changed) return std::nullopt;
+  return ToolRefusal{phrase(has_changed_meanwhile, language_of(settings), {in_quotes(reader.name)})};
+}
+
 }  // namespace
 
 std::optional<ToolRefusal> read_settings_of_folder(SteerSettings& settings) {
   LineReader reader;
-  if (!open_for_reading(reader, steer_file_name)) return ToolRefusal{std::string(no_steer_file)};  // in both languages
+  if (!open_for_reading(reader, steer_file_name)) {
+    return ToolRefusal{std::string(reader.error == EINTR ? stopped_at_steer_file : no_steer_file)};
+  }
   RunStreams silent;
   try {
     settings = read_steer_lines(reader, silent);
-    return std::nullopt;
+    return refusal_of_steer_file(reader, settings);
   } catch (const RunStopped&) {
+    if (std::optional<ToolRefusal> refusal = refusal_of_steer_file(reader, settings)) return refusal;
     std::string& messages = silent.messages.pending;
     if (messages.ends_with('\n')) messages.pop_back();
     return ToolRefusal{with_controls_named(messages, "\n")};
@@ -51,6 +65,7 @@ std::optional<ToolRefusal> read_settings_of_folder(SteerSettings& settings) {
 std::optional<ToolRefusal> open_data_file(const SteerSettings& settings, LineReader& data) {
   const std::string name(settings.data_file_name.trimmed());
   if (open_for_reading(data, name)) return std::nullopt;
+  if (data.error == EINTR) return ToolRefusal{phrase(was_stopped, language_of(settings))};
   return ToolRefusal{phrase(no_data_file, language_of(settings), {in_quotes(name), error_text(data.error)})};
 }
 

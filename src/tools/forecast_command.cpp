@@ -41,7 +41,7 @@ constexpr Wording no_such_year = {"--from {1}: a birth year from {2} to {3} was 
                                   "--from {1}: een geboortejaar van {2} tot en met {3} werd verwacht"};
 constexpr Wording nothing_written = {"nothing was written", "er is niets geschreven"};
 constexpr Wording line_place = {", line {1}", ", regel {1}"};
-constexpr Wording not_read = {"{1} cannot be read", "{1} kan niet worden gelezen"};
+constexpr Wording not_read = {"{1} cannot be read: {2}", "{1} kan niet worden gelezen: {2}"};
 constexpr Wording fitting_label = {"measuring the use of sires: {1} %, {2} s left",
                                    "gebruik van vaders meten: {1} %, nog {2} s"};
 constexpr Wording forecasting_label = {"forecasting: {1} %, {2} s left", "vooruitblikken: {1} %, nog {2} s"};
@@ -85,15 +85,18 @@ Refusal write_files(const FolderRun& run, const ForecastOptions& options, std::v
   return ToolRefusal{run.words(not_written, {shown(problem.name), problem.reason})};
 }
 
-/// The whole text of the file with the rules; nothing where it cannot be read.
-std::optional<std::string> text_of_file(const std::string& name) {
+/// The whole text of the file with the rules; nothing where it cannot be read, with the reason.
+std::optional<std::string> text_of_file(const std::string& name, std::string& reason) {
   LineReader reader;
-  if (!open_for_reading(reader, name)) return std::nullopt;
   std::string text;
-  std::string_view line;
-  while (read_line(reader, line)) text.append(line).push_back('\n');
-  if (reader.error != 0) return std::nullopt;
-  return text;
+  if (open_for_reading(reader, name)) {
+    std::string_view line;
+    while (read_line(reader, line)) text.append(line).push_back('\n');
+    note_change(reader);
+  }
+  if (reader.error == 0) return text;
+  reason = error_text(reader.error);
+  return std::nullopt;
 }
 
 /// Says a problem of a rule, with its place.
@@ -113,9 +116,10 @@ std::optional<std::vector<BreedingRules>> gather_scenarios(const FolderRun& run,
   bool is_fine = true;
   const std::string file = options.rules_file.empty() ? std::string() : shown(options.rules_file);
   if (!options.rules_file.empty()) {
-    const std::optional<std::string> text = text_of_file(options.rules_file);
+    std::string reason;
+    const std::optional<std::string> text = text_of_file(options.rules_file, reason);
     if (!text) {
-      say(run.streams.messages, run.words(not_read, {file}));
+      say(run.streams.messages, run.words(not_read, {file, reason}));
       return std::nullopt;
     }
     ReadScenarios read = read_scenarios(*text);

@@ -32,6 +32,7 @@ IdList read_id_list(const std::string& name, std::size_t most_ids) {
     if (!without_blanks(line).empty()) list.ids.push_back({reader.line_number, std::string(line)});
     if (list.ids.size() > most_ids) return with_fault(IdListFault::too_long);
   }
+  note_change(reader);
   list.error = reader.error;
   return with_fault(reader.error != 0 ? IdListFault::not_read : IdListFault::none);
 }

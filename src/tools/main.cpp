@@ -17,24 +17,10 @@
 #include <unistd.h>
 #endif
 
+#include "core/stop_signals.h"
 #include "tools/subcommands.h"
 
 namespace {
-
-#ifdef _WIN32
-constexpr int closed_window = SIGBREAK;
-#else
-constexpr int closed_window = SIGHUP;
-#endif
-
-/// Set by a signal, which reaches nothing that is not global: what is being written is taken away then.
-volatile std::sig_atomic_t stop_request = 0;
-
-/// A second signal ends the program at once.
-void request_stop(int signal) {
-  std::signal(signal, SIG_DFL);
-  stop_request = 1;
-}
 
 bool is_terminal(std::FILE* file) {
 #ifdef _WIN32
@@ -66,10 +52,7 @@ void prepare_streams() {
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
 #endif
-  // A closed window ends the work as Ctrl-C does; what the user has the program ignore, as `nohup` does, stays ignored.
-  for (const int signal : {SIGINT, SIGTERM, closed_window}) {
-    if (std::signal(signal, request_stop) == SIG_IGN) std::signal(signal, SIG_IGN);
-  }
+  pedigreewatch::watch_for_stop();  // a closed window ends the work as Ctrl-C does
 }
 
 }  // namespace
@@ -81,7 +64,7 @@ int main(int argument_count, char** arguments) {
   streams.console.file = stdout;
   streams.messages.file = stderr;
   if (is_terminal(stderr)) streams.progress.terminal = &streams.messages;
-  streams.stop_request = &stop_request;
+  streams.stop_request = &pedigreewatch::stop_requested;
   const int status = pedigreewatch::run_tools(given, PEDIGREEWATCH_VERSION, streams);
   return pedigreewatch::end_tool(status, streams);
 }

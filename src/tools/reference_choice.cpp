@@ -16,8 +16,8 @@ namespace {
 
 constexpr Wording not_opened = {"{1}: the file of --ids could not be opened: {2}",
                                 "{1}: het bestand van --ids kon niet geopend worden: {2}"};
-constexpr Wording not_read = {"{1}: the file of --ids could not be read to its end",
-                              "{1}: het bestand van --ids kon niet tot het einde gelezen worden"};
+constexpr Wording not_read = {"{1}: the file of --ids could not be read to its end: {2}",
+                              "{1}: het bestand van --ids kon niet tot het einde gelezen worden: {2}"};
 constexpr Wording unknown_id = {"{1}, line {2}: {3}: no animal of {4} has this identification",
                                 "{1}, regel {2}: {3}: geen dier van {4} heeft deze identificatie"};
 constexpr Wording more_unknown = {
@@ -65,7 +65,8 @@ std::optional<ToolRefusal> read_reference(const FolderRun& run, const std::strin
   if (list.fault == IdListFault::not_opened)
     return ToolRefusal{run.words(not_opened, {shown(name), error_text(list.error)})};
   if (list.fault == IdListFault::no_text) return ToolRefusal{run.words(no_text, {shown(name)})};
-  if (list.fault == IdListFault::not_read) return ToolRefusal{run.words(not_read, {shown(name)})};
+  if (list.fault == IdListFault::not_read)
+    return ToolRefusal{run.words(not_read, {shown(name), error_text(list.error)})};
   std::vector<ListedId> unknown;
   reference = listed_animals(run.population.store, list.ids, unknown);
   if (!unknown.empty()) return ToolRefusal{list_unknown(unknown, name, run)};

@@ -60,10 +60,16 @@ std::string usage() {
          "  --version shows the version\n";
 }
 
+/// Something that is asked for and makes no files.
+int show(std::string_view text, ToolStreams& streams) {
+  streams.makes_files = false;
+  append(streams.console, text);
+  return 0;
+}
+
 int show_help(Arguments arguments, ToolStreams& streams) {
   const Subcommand* const subcommand = arguments.empty() ? nullptr : find_subcommand(arguments.front());
-  append(streams.console, subcommand == nullptr ? usage() : std::string(subcommand->help()));
-  return 0;
+  return show(subcommand == nullptr ? usage() : std::string(subcommand->help()), streams);
 }
 
 int refuse_usage(const std::string& problem, ToolStreams& streams) {
@@ -83,10 +89,7 @@ Arguments options_part(Arguments arguments) {
 
 int run_subcommand(const Subcommand& subcommand, Arguments arguments, ToolStreams& streams) {
   const Arguments options = options_part(arguments);
-  if (std::any_of(options.begin(), options.end(), asks_for_help)) {
-    append(streams.console, subcommand.help());
-    return 0;
-  }
+  if (std::any_of(options.begin(), options.end(), asks_for_help)) return show(subcommand.help(), streams);
   try {
     return subcommand.run(arguments, streams);
   } catch (const std::bad_alloc&) {
@@ -103,10 +106,7 @@ int run_subcommand(const Subcommand& subcommand, Arguments arguments, ToolStream
 int run_tools(std::span<const std::string_view> arguments, std::string_view version, ToolStreams& streams) {
   if (arguments.empty()) return refuse_usage("a subcommand was expected", streams);
   const std::string_view name = arguments.front();
-  if (name == "--version") {
-    append(streams.console, "pedigreewatch-tools " + std::string(version) + "\n");
-    return 0;
-  }
+  if (name == "--version") return show("pedigreewatch-tools " + std::string(version) + "\n", streams);
   if (name == "help" || asks_for_help(name)) return show_help(arguments.subspan(1), streams);
   const Subcommand* const subcommand = find_subcommand(name);
   if (subcommand == nullptr) return refuse_usage(in_quotes(name) + ": there is no such subcommand", streams);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
@@ -46,6 +47,20 @@ TEST(StopIfChanged, StopsOnAFileThatGrew) {
   EXPECT_TRUE(streams.has_changed_input);
   EXPECT_TRUE(streams.messages.pending.ends_with(
       "dogs.txt: the file has changed while it was read; run again when nobody writes it\n"));
+}
+
+TEST(NoteChange, KeepsThatTheFileGrewAndNoOtherError) {
+  const RunFolder folder(Files{{"list", "a1\n"}});
+  LineReader reader;
+  ASSERT_TRUE(open_for_reading(reader, folder.path("list")));
+  note_change(reader);
+  EXPECT_EQ(reader.error, 0);
+  std::ofstream(folder.path("list"), std::ios::app) << "a2\n";
+  note_change(reader);
+  EXPECT_EQ(error_text(reader.error), "the file has changed while it was read; run again when nobody writes it");
+  reader.error = EIO;
+  note_change(reader);
+  EXPECT_EQ(reader.error, EIO);
 }
 
 TEST(StopIfChanged, ATextWithoutAFileDoesNotChange) {
