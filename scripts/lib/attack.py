@@ -1,5 +1,7 @@
-"""What scripts/attack does: attack.py PROGRAMS FOLDER SECONDS SEED. See there."""
+"""What scripts/attack does: attack.py PROGRAMS FOLDER SECONDS SEED [ATTACK TO LEAVE OUT]... See there."""
 
+import functools
+import io
 import os
 import random
 import resource
@@ -8,13 +10,14 @@ import signal
 import subprocess
 import sys
 import time
+import zipfile
 
-PROGRAMS, FOLDER, SECONDS, SEED = sys.argv[1], sys.argv[2], min(int(sys.argv[3]), 270), int(sys.argv[4])
+PROGRAMS, FOLDER, SECONDS, SEED = sys.argv[1], sys.argv[2], min(int(sys.argv[3]), 600), int(sys.argv[4])
 PROGRAM, TOOLS = os.path.join(PROGRAMS, "pedigreewatch"), os.path.join(PROGRAMS, "pedigreewatch-tools")
 LONGEST_RUN = 60
 random.seed(SEED)
 
-EXPORT = "dogs.csv"
+EXPORT, BOOK, RULES = "dogs.csv", "dogs.xlsx", "forecast.ini"
 STEER = "\n".join(["Village dogs", "dogs.txt", ";", "n", "dd-mm-yyyy", "dog", "m", "en", "y", "2", "North", "South", "0"]) + "\n"
 
 
@@ -31,25 +34,71 @@ def population(generations):
     return ("\n".join(lines) + "\n").encode()
 
 
-OLD, NEW = population(18), population(25)
+@functools.cache  # a workbook tells when it was packed
+def workbook_of(table):
+    """The table as a workbook that an office program might have saved."""
+    main = 'xmlns="http://schemas.openxmlformats.org/spreadsheetml/2006/main"'
+    package = "http://schemas.openxmlformats.org/package/2006/"
+    office = "http://schemas.openxmlformats.org/officeDocument/2006/relationships"
+    rows = "".join(
+        "<row>" + "".join(f'<c t="inlineStr"><is><t>{cell}</t></is></c>' for cell in line.split(";")) + "</row>"
+        for line in table.decode().splitlines())
+    parts = {
+        "[Content_Types].xml": f'<Types xmlns="{package}content-types"><Default Extension="xml" ContentType='
+                               '"application/xml"/><Default Extension="rels" ContentType='
+                               '"application/vnd.openxmlformats-package.relationships+xml"/></Types>',
+        "_rels/.rels": f'<Relationships xmlns="{package}relationships"><Relationship Id="a" Type="{office}/officeDocument" '
+                       'Target="xl/workbook.xml"/></Relationships>',
+        "xl/workbook.xml": f'<workbook {main} xmlns:r="{office}"><sheets><sheet name="dogs" sheetId="1" r:id="b"/></sheets>'
+                           '</workbook>',
+        "xl/_rels/workbook.xml.rels": f'<Relationships xmlns="{package}relationships"><Relationship Id="b" '
+                                      f'Type="{office}/worksheet" Target="worksheets/sheet1.xml"/></Relationships>',
+        "xl/worksheets/sheet1.xml": f"<worksheet {main}><sheetData>{rows}</sheetData></worksheet>",
+    }
+    packed = io.BytesIO()
+    with zipfile.ZipFile(packed, "w", zipfile.ZIP_DEFLATED) as archive:
+        for name, text in parts.items():
+            archive.writestr(name, '<?xml version="1.0" encoding="UTF-8"?>' + text)
+    return packed.getvalue()
 
-# Each job: the command, what it reads besides the two files, and how its own files are known.
+
+OLD, NEW = population(18), population(25)
+PREPARED = ["--species", "dog", "--force", "--subpopulations", "all"]
+SCENARIO = b"[at most two litters]\nmost-litters-a-year = 2\n"
+
 JOBS = {
-    "report": ([PROGRAM], {}),
-    "prepare": ([TOOLS, "prepare", EXPORT, "--species", "dog", "--force", "--subpopulations", "all"], {EXPORT}),
-    "check": ([TOOLS, "check", "--today", "2026-01-01"], {}),
-    "page": ([TOOLS, "page"], {}),
-    "tables": ([TOOLS, "tables"], {}),
-    "matings": ([TOOLS, "matings", "--best", "3"], {}),
-    "plan": ([TOOLS, "plan", "--matings", "20"], {}),
+    "report": [PROGRAM],
+    "prepare": [TOOLS, "prepare", EXPORT] + PREPARED,
+    "prepare a workbook": [TOOLS, "prepare", BOOK] + PREPARED,
+    "check": [TOOLS, "check", "--today", "2026-01-01"],
+    "check, workbook": [TOOLS, "check", "--today", "2026-01-01", "--workbook"],
+    "page": [TOOLS, "page"],
+    "tables": [TOOLS, "tables"],
+    "tables, workbook": [TOOLS, "tables", "--workbook"],
+    "matings": [TOOLS, "matings", "--best", "3"],
+    "animal": [TOOLS, "animal", "a900"],
+    "plan": [TOOLS, "plan", "--matings", "20"],
+    "plan, workbook": [TOOLS, "plan", "--matings", "20", "--workbook"],
+    "forecast": [TOOLS, "forecast", "--rules", RULES, "--replicates", "4", "--years", "5"],
 }
-FINE = {job: {0, 1} if job == "check" else {0} for job in JOBS}  # check ends with 1 when it finds something
+# A check ends with 1 when it finds something.
+FINE = {job: {0, 1} if job.startswith("check") else {0} for job in JOBS}
 
 
 def inputs_of(job, data):
+    """What the job reads: first the file with the animals."""
     if job == "prepare":
         return {EXPORT: data}
-    return {"pedigreewatch.ini": STEER.encode(), "dogs.txt": data}
+    if job == "prepare a workbook":
+        return {BOOK: workbook_of(data)}
+    inputs = {"dogs.txt": data, "pedigreewatch.ini": STEER.encode()}
+    if job == "forecast":
+        inputs[RULES] = SCENARIO
+    return inputs
+
+
+def animals_of(job):
+    return next(iter(inputs_of(job, NEW)))
 
 
 def put(folder, files):
@@ -78,7 +127,7 @@ def start(job, folder, limits=(), stdout=subprocess.DEVNULL):
         for kind, value in limits:
             resource.setrlimit(kind, (value, value))
 
-    return subprocess.Popen(JOBS[job][0], cwd=folder, stdin=subprocess.DEVNULL, stdout=stdout, stderr=subprocess.PIPE,
+    return subprocess.Popen(JOBS[job], cwd=folder, stdin=subprocess.DEVNULL, stdout=stdout, stderr=subprocess.PIPE,
                             preexec_fn=set_limits)
 
 
@@ -132,7 +181,7 @@ def judge(kind, job, folder, status, said, before=None):
     if status is None:
         blame(kind, job, f"no end within {LONGEST_RUN} s")
     elif status < 0 and -status in (signal.SIGSEGV, signal.SIGABRT, signal.SIGBUS, signal.SIGFPE, signal.SIGILL):
-        blame(kind, job, f"crashed with signal {-status}")
+        blame(kind, job, f"crashed with signal {-status}: {said.decode(errors='replace')[:200]}")
     elif any(after.get(n) != b for n, b in inputs.items()):
         blame(kind, job, "an input file was changed")
     elif made == NEW_RESULTS[job]:
@@ -230,7 +279,6 @@ def attack_with_odd_output(kind, job):
     path = os.path.join(folder, name)
     os.remove(path)
     odd = random.choice(["folder", "pipe", "link to nothing", "link to the data"])
-    data = EXPORT if job == "prepare" else "dogs.txt"
     if odd == "folder":
         os.mkdir(path)
     elif odd == "pipe":
@@ -238,7 +286,7 @@ def attack_with_odd_output(kind, job):
     elif odd == "link to nothing":
         os.symlink("nothing", path)
     else:
-        os.symlink(data, path)
+        os.symlink(animals_of(job), path)
     if job == "report" and odd in ("pipe", "link to nothing"):
         return  # these it writes to, as it is told
     before = {n: b for n, b in read(folder).items() if n not in inputs_of(job, NEW)}
@@ -275,14 +323,14 @@ def attack_with_several(kind, job):
 def attack_with_changing_input(kind, job):
     longest = duration(job)  # a run of its own, before this one has its folder
     folder = fresh(job)
-    name = os.path.join(folder, EXPORT if job == "prepare" else "dogs.txt")
+    name = os.path.join(folder, animals_of(job))
     process = start(job, folder)
     time.sleep(random.uniform(0, longest))
     with open(name, "ab") as file:
         file.write(b"z;;;m;01-05-2014;North\n")
     status, said = finish(process)
     with open(name, "wb") as file:
-        file.write(NEW)
+        file.write(inputs_of(job, NEW)[animals_of(job)])
     made = {n: b for n, b in read(folder).items() if n not in inputs_of(job, NEW)}
     counts[kind].runs += 1
     # Changed before it was opened or after it was read the run is whole, of the one input or the other.
@@ -321,13 +369,18 @@ def can_mount():
 
 
 end = time.monotonic() + SECONDS
-skipped = []
+skipped, left_out = [], []
 if not can_mount():
     del ATTACKS["a full disk"]
     skipped.append("a full disk")
+for kind in sys.argv[5:]:
+    if kind not in ATTACKS:
+        sys.exit(f"attack: {kind}: there is no such attack, they are: {', '.join(ATTACKS)}")
+    del ATTACKS[kind]
+    left_out.append(kind)
 for kind in ATTACKS:
     counts[kind] = Counts()
-while time.monotonic() < end:
+while ATTACKS and time.monotonic() < end:
     for kind, attack in ATTACKS.items():
         if time.monotonic() < end:
             attack(kind, random.choice(sorted(JOBS)))
@@ -337,6 +390,8 @@ for kind, count in counts.items():
     print(f"{kind:<26}{count.runs:>7}{count.new:>13}{count.old:>13}{count.faults:>8}")
 for kind in skipped:
     print(f"{kind:<26}   not possible here: no mounts")
+for kind in left_out:
+    print(f"{kind:<26}   left out, as it was asked for")
 for fault in faults[:40]:
     print("attack: " + fault)
 runs = sum(count.runs for count in counts.values())

@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
-# Makes the workbooks of every subcommand that writes one, and opens them with a reader that is not this project's: they
-# must hold what the text tables hold.
+# Makes the workbooks of every subcommand that writes one, and opens them with two readers that are not this project's:
+# they must hold what the text tables hold, cell by cell.
 #   tests/workbooks/open_elsewhere.sh PEDIGREEWATCH_TOOLS SOURCE_FOLDER
 set -euo pipefail
 
 tools="$1" source="$2"
 python=/usr/bin/python3  # the one that Debian's packages are for
 "$python" -c 'import openpyxl' || { echo "scripts/setup installs python3-openpyxl, which is missing" >&2; exit 1; }
+perl -MSpreadsheet::ParseXLSX -e1 || { echo "scripts/setup installs libspreadsheet-parsexlsx-perl, which is missing" >&2; exit 1; }
 folder="$(mktemp -d)"
 trap 'rm -rf "$folder"' EXIT
 cp "$source"/examples/moorland-en/* "$folder"
@@ -14,6 +15,7 @@ cd "$folder"
 
 same() {  # same WORKBOOK SHEET=TABLE...
   "$python" "$source/tests/workbooks/same_as_tables.py" "$@"
+  perl "$source/tests/workbooks/same_as_tables.pl" "$@"
 }
 
 "$tools" tables >/dev/null
