@@ -18,6 +18,7 @@
 #include "desk/mending_desk.h"
 #include "intake/column_recognition.h"
 #include "text/folded_words.h"
+#include "text/search_text.h"
 
 namespace pedigreewatch {
 namespace {
@@ -74,21 +75,15 @@ void add_kinds(JsonText& json, const Desk& desk) {
   end_list(json);
 }
 
-bool is_in_capitals_alike(std::string_view text, std::string_view wanted) {
-  const auto is_same = [](char a, char b) {
-    const auto small = [](char letter) {
-      return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter;
-    };
-    return small(a) == small(b);
-  };
-  return std::search(text.begin(), text.end(), wanted.begin(), wanted.end(), is_same) != text.end();
-}
-
-bool fits(const Finding& finding, std::string_view filter, const Desk& desk) {
+/// `filter` is folded.
+bool fits(const Finding& finding, const std::string& filter, const Desk& desk) {
   if (filter.empty()) return true;
-  const std::string id = readable(desk.check->animals.ids.at(finding.id));
-  return is_in_capitals_alike(id, filter) ||
-         is_in_capitals_alike(message_of(finding, *desk.check, desk.language), filter);
+  const auto has = [&](std::string_view text) {
+    std::string folded;
+    fold_for_search(folded, text);
+    return folded.find(filter) != std::string::npos;
+  };
+  return has(readable(desk.check->animals.ids.at(finding.id))) || has(message_of(finding, *desk.check, desk.language));
 }
 
 // --- The lines themselves ---
@@ -170,12 +165,14 @@ std::string check_files(Desk& desk) {
 
 std::string choose_findings(Desk& desk, std::string_view kind, std::string_view filter) {
   desk.chosen_findings.clear();
+  std::string folded;
+  fold_for_search(folded, filter);
   const std::optional<FindingCode> wanted = finding_code_named(kind);
   const std::size_t count = desk.check ? desk.check->findings.list.size() : 0;
   for (std::size_t k = 0; k < count; ++k) {
     const Finding& finding = desk.check->findings.list[k];
     if (!kind.empty() && wanted != finding.code) continue;
-    if (fits(finding, filter, desk)) desk.chosen_findings.push_back(static_cast<std::uint32_t>(k));
+    if (fits(finding, folded, desk)) desk.chosen_findings.push_back(static_cast<std::uint32_t>(k));
   }
   const auto severity_at = [&](std::uint32_t k) { return kind_of(desk.check->findings.list[k].code).severity; };
   std::stable_sort(desk.chosen_findings.begin(), desk.chosen_findings.end(),

@@ -9,7 +9,7 @@
 
 #include "checks/readable_text.h"
 #include "core/fixed_text.h"
-#include "text/transliteration.h"
+#include "text/search_text.h"
 #include "text/utf_8.h"
 
 namespace pedigreewatch {
@@ -18,30 +18,10 @@ namespace {
 /// How a record fits; smaller is better.
 enum Fit : std::uint8_t { is_exact = 1, begins_so = 2, is_part = 3, fits_not = 4 };
 
-char small_letter(char letter) {
-  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-/// The text in small letters without accents. Letters that cannot be written in ASCII stay.
+/// As words are looked for in it.
 void fold_into(std::string& folded, std::string_view text) {
-  constexpr char32_t first_accent = 0x300, last_accent = 0x36F;  // they stand behind their letter
-  folded.clear();
-  if (is_ascii(text)) {
-    for (const char letter : text) folded += small_letter(letter);
-    return;
-  }
-  const std::string decoded = readable(text);
-  for (std::string_view rest = decoded; !rest.empty();) {
-    const char32_t letter = take_letter(rest);
-    if (letter >= first_accent && letter <= last_accent) continue;
-    const std::string_view plain = letter < 0x80 ? std::string_view() : transliterated(letter);
-    if (letter >= 0x80 && plain.empty()) {
-      append_letter(folded, letter);
-    } else if (letter < 0x80) {
-      folded += small_letter(static_cast<char>(letter));
-    }
-    for (const char one : plain) folded += small_letter(one);
-  }
+  if (is_ascii(text)) return fold_for_search(folded, text);
+  fold_for_search(folded, readable(text));
 }
 
 std::vector<std::string> words_of_search(std::string_view text) {

@@ -103,4 +103,41 @@ char32_t composed(char32_t letter, char32_t accent) {
   return 0;
 }
 
+std::string_view plain_sign(char32_t letter) {
+  switch (letter) {
+    case 0xB4:   // acute accent
+    case 0x2B9:  // modifier letters
+    case 0x2BB:
+    case 0x2BC:
+    case 0x2018:  // quotation marks
+    case 0x2019:
+    case 0x201A:
+    case 0x201B:
+    case 0x2032:  // prime
+    case 0x2039:
+    case 0x203A: return "'";
+    case 0xAB:
+    case 0xBB:
+    case 0x201C:
+    case 0x201D:
+    case 0x201E:
+    case 0x201F:
+    case 0x2033: return "\"";
+    case 0xAD:  // soft hyphen
+    case 0x2010:
+    case 0x2011:
+    case 0x2012:
+    case 0x2013:
+    case 0x2014:
+    case 0x2015:
+    case 0x2212:  // minus
+    case 0xFF0D: return "-";
+    case 0xA0:
+    case 0x2007:
+    case 0x2009:
+    case 0x202F: return " ";
+    default: return {};
+  }
+}
+
 }  // namespace pedigreewatch

@@ -13,4 +13,8 @@ std::string_view transliterated(char32_t letter);
 /// none.
 char32_t composed(char32_t letter, char32_t accent);
 
+/// The plain sign that typewriters have for one that office programs put in its place: an apostrophe, quotation mark,
+/// dash or blank of any form. Empty for all other letters.
+std::string_view plain_sign(char32_t letter);
+
 }  // namespace pedigreewatch

@@ -88,6 +88,16 @@ TEST(FindAnimals, AccentsMakeNoDifference) {
   EXPECT_EQ(found(store, "zoe\xCC\x88"), (Ids{"1", "2"})) << "an accent behind its letter";
 }
 
+TEST(FindAnimals, QuotationMarksAndDashesOfAnyFormAreTheSame) {
+  // Windows-1252: a curly apostrophe, an en dash.
+  const PopulationStore store = store_with({{"1", "O\x92Hara", "0"}, {"2", "O'Hara", "0"}, {"3", "Ann\x96Lou", "0"}});
+  EXPECT_EQ(found(store, "o'hara"), (Ids{"1", "2"}));
+  EXPECT_EQ(found(store, "O\xE2\x80\x99Hara"), (Ids{"1", "2"})) << "U+2019";
+  EXPECT_EQ(found(store, "O`Hara"), (Ids{"1", "2"}));
+  EXPECT_EQ(found(store, "ann-lou"), (Ids{"3"}));
+  EXPECT_EQ(found(store, "ann\xE2\x80\x94lou"), (Ids{"3"})) << "an em dash";
+}
+
 TEST(FindAnimals, ThoseThatMayLiveComeFirstThenTheYoungest) {
   const PopulationStore store = store_with({{"Ann", "", "0", 2001},
                                             {"x Ann", "", "0", 2009},
