@@ -104,6 +104,9 @@ TEST(AvailableRuns, MatingsTakeOnlyThose) {
   const WholeRun all = run_tool_on(files, {"matings", "--all-animals"});
   EXPECT_TRUE(all.console.starts_with("females born 2010 to 2014: 3\n")) << all.console;
   EXPECT_TRUE(has(all.console, "males born 2010 to 2014: 4\n"));
+  EXPECT_FALSE(has(all.console, "is not told")) << "the list beside the data tells it";
+  EXPECT_TRUE(
+      has(all.console, "  at the births of the last ten years at least nine in ten dams were 3 to 4 years old"));
 }
 
 TEST(AvailableRuns, AnimalsOfAListAreTakenAllTheSame) {

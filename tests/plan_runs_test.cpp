@@ -129,6 +129,19 @@ TEST(PlanRun, CountsTheLittersOfTheLastFullYear) {
   EXPECT_TRUE(has(run.console, "males: 4, born 2012 to 2014\n")) << run.console;
 }
 
+TEST(PlanRun, LeavesOutWhoStandsInTheListOfTheDesk) {
+  const std::string list = "id\twhy\twhen\nad\tsold\t2026-11-22\nnobody\tdead\t2026-11-22\n\"fie\"\t\t\n";
+  const WholeRun run =
+      plan({"--years", "3", "--matings", "1", "--exclude", "dogs_left_out.tsv"}, {{"dogs_left_out.tsv", list}});
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_TRUE(has(run.file("dogs_contributions.tsv"), "\nad\t\tmale\t2012\t\t\t\t0\texcluded\n"));
+  EXPECT_TRUE(has(run.file("dogs_contributions.tsv"), "\nfie\t\tfemale\t2013\t\t\t\t0\texcluded\n"));
+  EXPECT_TRUE(has(run.messages,
+                  "dogs_left_out.tsv: animals that this data file does not have, and that are left out "
+                  "anyway: 1\n"))
+      << run.messages;
+}
+
 TEST(PlanRun, LeavesOutWhoShallNotBeTaken) {
   const WholeRun run =
       plan({"--years", "3", "--matings", "1", "--exclude", "x.txt", "--known-parents"}, {{"x.txt", "ad\nfie\n"}});

@@ -50,6 +50,8 @@ constexpr Wording no_sex = {
     "the data file does not tell the sex of this animal; name it in the list of males or of females, or mend the data file",
     "het databestand noemt geen geslacht van dit dier; noem het in de lijst van vaders of van moeders, of verbeter het "
     "databestand"};
+constexpr Wording not_in_data = {"{1}: animals that this data file does not have, and that are left out anyway: {2}",
+                                 "{1}: dieren die dit databestand niet heeft, en die dus al niet meedoen: {2}"};
 constexpr Wording further_faults = {"{1}: and more faults of this list", "{1}: en nog meer fouten in deze lijst"};
 
 constexpr std::string_view blanks = " \t\r";
@@ -148,6 +150,25 @@ std::vector<ListLine> read_lines(PlanInput& input, const std::string& name, std:
   return lines;
 }
 
+/// The first line of a list of animals left out as the desk keeps it: with the reason and the day of each.
+bool begins_left_out_list(const std::vector<ListLine>& lines) {
+  std::string first = lines.empty() ? std::string() : lines.front().text;
+  std::erase(first, '"');
+  return first == "id\twhy\twhen";
+}
+
+/// The first cell, without the quotation marks that a spreadsheet puts around some.
+std::string first_cell(std::string_view line) {
+  const std::string_view cell = without_blanks(line.substr(0, line.find('\t')));
+  if (cell.size() < 2 || !cell.starts_with('"') || !cell.ends_with('"')) return std::string(cell);
+  std::string text;
+  for (std::size_t k = 1; k + 1 < cell.size(); ++k) {
+    text += cell[k];
+    if (cell[k] == '"' && cell[k + 1] == '"') ++k;
+  }
+  return text;
+}
+
 /// Whether a first line names columns instead of an animal: two words without any digit.
 bool is_heading(const ListedAnimal& animal, LineForm form) {
   constexpr std::string_view all_digits = "0123456789";
@@ -221,11 +242,9 @@ void tell_repeated(PlanInput& input, const std::string& name, const ListedAnimal
               {shown(name), std::to_string(again.line), in_quotes(readable(again.id)), std::to_string(first.line)}));
 }
 
-}  // namespace
-
-std::vector<ListedAnimal> read_animals(PlanInput& input, const std::string& name, std::string_view option,
+/// Those that are known, each once; tells the others.
+std::vector<ListedAnimal> take_animals(PlanInput& input, const std::string& name, std::vector<ListedAnimal> animals,
                                        LineForm form) {
-  std::vector<ListedAnimal> animals = look_up(input, read_lines(input, name, option), form);
   if (!animals.empty() && is_heading(animals.front(), form)) {
     const ListedAnimal& heading = animals.front();
     say(input.streams.console,
@@ -252,6 +271,32 @@ std::vector<ListedAnimal> read_animals(PlanInput& input, const std::string& name
     }
   }
   return known;
+}
+
+}  // namespace
+
+std::vector<ListedAnimal> read_animals(PlanInput& input, const std::string& name, std::string_view option,
+                                       LineForm form) {
+  return take_animals(input, name, look_up(input, read_lines(input, name, option), form), form);
+}
+std::vector<std::int32_t> read_excluded(PlanInput& input, const std::string& name, std::string_view option) {
+  std::vector<ListLine> lines = read_lines(input, name, option);
+  std::vector<std::int32_t> positions;
+  if (!begins_left_out_list(lines)) {
+    for (const ListedAnimal& animal : take_animals(input, name, look_up(input, lines, LineForm::id), LineForm::id)) {
+      positions.push_back(animal.position);
+    }
+    return positions;
+  }
+  std::vector<ListedId> ids;
+  for (std::size_t k = 1; k < lines.size(); ++k) ids.push_back({lines[k].number, first_cell(lines[k].text)});
+  std::int64_t unknown = 0;
+  for (const std::int32_t position : positions_listed(input.store, ids)) {
+    unknown += position == 0 ? 1 : 0;
+    if (position != 0) positions.push_back(position);
+  }
+  if (unknown > 0) tell(input.streams, phrase(not_in_data, input.language, {shown(name), std::to_string(unknown)}));
+  return positions;
 }
 
 std::vector<std::int32_t> read_candidates(PlanInput& input, const std::string& name, std::string_view option, Sex sex) {

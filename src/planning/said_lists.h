@@ -47,6 +47,10 @@ enum class LineForm : std::uint8_t {
 std::vector<ListedAnimal> read_animals(PlanInput& input, const std::string& name, std::string_view option,
                                        LineForm form);
 
+/// The animals of a list of which none takes part: one a line, or as the desk keeps them (NAME_left_out.tsv), where
+/// animals that the data do not have are told and are no fault. Positions.
+std::vector<std::int32_t> read_excluded(PlanInput& input, const std::string& name, std::string_view option);
+
 /// The animals of a list, all of which are of the wanted sex: the list tells it of those that have none.
 std::vector<std::int32_t> read_candidates(PlanInput& input, const std::string& name, std::string_view option, Sex sex);
 

@@ -137,8 +137,8 @@ void read_said_candidates(PlanInput& input, const SaidLists& lists, CandidateRul
   if (!lists.males.empty()) rules.listed.of_males = read_candidates(input, lists.males, "--males", male);
   if (!lists.females.empty()) rules.listed.of_females = read_candidates(input, lists.females, "--females", female);
   if (lists.exclude.empty()) return;
-  for (const ListedAnimal& animal : read_animals(input, lists.exclude, "--exclude", LineForm::id)) {
-    rules.excluded.push_back(animal.position);
+  for (const std::int32_t position : read_excluded(input, lists.exclude, "--exclude")) {
+    rules.excluded.push_back(position);
   }
 }
 

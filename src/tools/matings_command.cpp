@@ -76,6 +76,9 @@ constexpr Wording none_aged = {
 constexpr Wording ages_line = {
     "  who of them is dead or sold is not told; at the births of the last ten years at least nine in ten {1} were {2} to {3} years old: --ages keeps to those ages",
     "  wie dood of verkocht is, is niet bekend; bij de geboorten van de laatste tien jaar waren minstens negen van de tien {1} {2} tot en met {3} jaar oud: --ages houdt zich daaraan"};
+constexpr Wording ages_only_line = {
+    "  at the births of the last ten years at least nine in ten {1} were {2} to {3} years old: --ages keeps to those ages",
+    "  bij de geboorten van de laatste tien jaar waren minstens negen van de tien {1} {2} tot en met {3} jaar oud: --ages houdt zich daaraan"};
 constexpr Wording dams_word = {"dams", "moeders"}, sires_word = {"sires", "vaders"};
 constexpr Wording not_opened = {"{1}: the file of {2} could not be opened: {3}",
                                 "{1}: het bestand van {2} kon niet geopend worden: {3}"};
@@ -305,8 +308,10 @@ void propose_ages(const MatingRun& run, const ListWording& wording) {
   const std::optional<BreedingAges> ages = breeding_ages(run.store(), wording.sex);
   if (!ages) return;
   const FolderRun& folder = run.folder;
-  say(folder.streams.console, folder.words(ages_line, {folder.words(wording.parents), std::to_string(ages->youngest),
-                                                       std::to_string(ages->oldest)}));
+  // Who wants all animals may have a list of those that have gone all the same.
+  const Wording& line = run.options.takes_all_animals ? ages_only_line : ages_line;
+  say(folder.streams.console, folder.words(line, {folder.words(wording.parents), std::to_string(ages->youngest),
+                                                  std::to_string(ages->oldest)}));
 }
 
 /// Takes the animals of the ages at which parents were used, of which there must be one.
@@ -419,10 +424,10 @@ std::optional<ToolRefusal> write_plan(const MatingRun& run, const MatingPlan& pl
   const std::vector<KinshipParts> parts = describe_matings(work, choice.pairs, watch);
   const std::string name = table_name(run);
   FileProblem problem;
-  const bool is_written =
-      parts.size() == choice.pairs.size() &&
-      write_matings({work, choice.pairs, parts, run.options.form, run.options.is_plain, plan.most_inbreeding}, name,
-                    watch, problem);
+  const bool is_written = parts.size() == choice.pairs.size() &&
+                          write_matings({work, choice.pairs, parts, run.options.form, run.options.is_plain,
+                                         plan.most_inbreeding, folder.population.corrections},
+                                        name, watch, problem);
   if (!is_written && problem.name.empty()) return ToolRefusal{folder.words(was_stopped)};
   if (!is_written) return refusal_to_write(folder, problem);
   erase_progress(streams.progress);

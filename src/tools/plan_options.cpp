@@ -22,7 +22,7 @@ constexpr std::string_view help =
     "  --females FILE        the females, one identification a line\n"
     "  --males FILE          the males, likewise\n"
     "  --years N             for a sex without a list: the animals born in the last N birth years\n"
-    "  --exclude FILE        leaves out the animals of a list\n"
+    "  --exclude FILE        leaves out the animals of a list, also of the one that the desk keeps (NAME_left_out.tsv)\n"
     "  --all-animals         also animals that NAME_available.txt does not name (it stands beside the data where the export\n"
     "                        told who is dead, sold or castrated)\n"
     "  --subpopulation NAME  only animals of that subpopulation\n"
