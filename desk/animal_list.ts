@@ -5,11 +5,15 @@ import { animalButton } from "./card";
 import { ask } from "./client";
 import { text } from "./desk";
 import type { Desk } from "./desk";
-import { afterPause, button, chooser, decimal, make, nameOf, percentage, shownNumber } from "./dom";
+import { afterPause, button, chooser, decimal, make, nameOf, percentage, shownNumber, turnOver } from "./dom";
+import { keepFocus } from "./focus";
+import { createPaper, mostPrinted } from "./paper";
+import type { Paper, PrintedRows } from "./paper";
 import type { AnimalListRow } from "./protocol";
 import type { TextName } from "./texts";
 
 const rowsShown = 100;
+const numberFields = ["firstYear", "lastYear", "leastF", "mostF", "leastKinship", "mostKinship"];
 
 /** What is asked for, by the names of src/desk/all_animals_desk.h, and the place of the window. */
 export interface AnimalList { wishes: Map<string, string>; first: number; }
@@ -36,26 +40,49 @@ const columns: Column[] = [
 const namesOf = (desk: Desk) => desk.run?.subpopulations ?? [];
 
 /** The parts of the table that change with each answer; `chosen`: so many animals the worker has chosen already. */
-interface Parts { list: AnimalList; chosen?: number; body: HTMLElement; place: HTMLElement; before: HTMLButtonElement; after: HTMLButtonElement; }
+interface Parts {
+  list: AnimalList; chosen?: number; body: HTMLElement; place: HTMLElement; before: HTMLButtonElement; after: HTMLButtonElement; paper: Paper;
+}
+interface ChosenAnimals { count: number; unread: string[]; }
 
 let newest = 0;  // the last question: answers to earlier ones come too late
 
 async function show(desk: Desk, parts: Parts): Promise<void> {
   const mine = ++newest, { list } = parts;
   const wishes = [...list.wishes].map(([name, value]) => `${name}=${value}`).join("\n");
-  const count = parts.chosen ?? (await ask<{ count: number }>(desk.client, "chooseAnimals", [wishes])).count;
+  const answer = parts.chosen === undefined ? await ask<ChosenAnimals>(desk.client, "chooseAnimals", [wishes]) : undefined;
+  if (answer !== undefined && mine === newest) sayUnread(desk, list, answer.unread);
+  const count = parts.chosen ?? answer?.count ?? 0;
   if (list.first >= count) list.first = Math.max(0, Math.ceil(count / rowsShown) - 1) * rowsShown;
   const { rows } = await ask<{ rows: AnimalListRow[] }>(desk.client, "listAnimals", [list.first, rowsShown]);
   if (mine !== newest) return;
   parts.chosen = count;
   const shownColumns = columnsOf(desk);
-  parts.body.replaceChildren(...rows.map((row) => make("tr", {}, ...shownColumns.map((column) =>
-    make("td", { class: column.isNumber ? "number" : "" }, column.cell(desk, row))))));
+  keepFocus(parts.body, () => parts.body.replaceChildren(...rows.map((row) => make("tr", {}, ...shownColumns.map((column) =>
+    make("td", { class: column.isNumber ? "number" : "" }, column.cell(desk, row)))))));
   const shown = (value: number) => shownNumber(value, desk.language);
   parts.place.textContent = count === 0 ? text(desk, "noAnimals")
     : text(desk, "showing", shown(list.first + 1), shown(Math.min(list.first + rowsShown, count)), shown(count));
-  parts.before.disabled = list.first === 0;
-  parts.after.disabled = list.first + rowsShown >= count;
+  turnOver(parts.before, parts.after, list.first === 0, list.first + rowsShown >= count);
+  parts.paper.renew();
+}
+
+/** Says at each field what of it cannot be read. */
+function sayUnread(desk: Desk, list: AnimalList, unread: string[]): void {
+  for (const name of numberFields) {
+    const isUnread = unread.includes(name), problem = document.getElementById(`animals-${name}-problem`);
+    document.getElementById(`animals-${name}`)?.setAttribute("aria-invalid", String(isUnread));
+    if (problem !== null) problem.textContent = isUnread ? text(desk, "notRead", list.wishes.get(name) ?? "") : "";
+  }
+}
+
+/** What is printed: the same columns, from the first row on. */
+async function printedRows(desk: Desk, parts: Parts): Promise<PrintedRows> {
+  const { rows } = await ask<{ rows: AnimalListRow[] }>(desk.client, "listAnimals", [0, mostPrinted]);
+  const shownColumns = columnsOf(desk);
+  return { headings: shownColumns.map(({ heading }) => text(desk, heading)), count: parts.chosen ?? rows.length, button: text(desk, "saveAnimals"),
+    file: `${(desk.run?.reportName ?? "report.out").replace(/\.[^.]*$/, "")}_animals.tsv`,
+    rows: rows.map((row) => shownColumns.map((column) => (column.order === "id" ? nameOf(row.id) : column.cell(desk, row)))) };
 }
 
 function columnsOf(desk: Desk): Column[] {
@@ -80,7 +107,9 @@ function drawFilters(desk: Desk, list: AnimalList, showSoon: () => void): HTMLEl
   const field = (name: string, label: string, size: number, mode: "text" | "numeric" | "decimal") => {
     const input = make("input", { type: "text", id: `animals-${name}`, size, inputmode: mode, value: list.wishes.get(name) ?? "" });
     input.addEventListener("input", () => say(name, input.value));
-    return make("label", {}, `${label} `, input);
+    if (mode === "text") return make("label", {}, `${label} `, input);
+    input.setAttribute("aria-describedby", `animals-${name}-problem`);
+    return make("span", {}, make("label", {}, `${label} `, input), make("span", { class: "unread", id: `animals-${name}-problem`, role: "status" }));
   };
   const choice = (name: string, label: string, choices: { value: string; text: string }[]) => make("label", {}, `${label} `,
     chooser([{ value: "", text: text(desk, "any") }, ...choices], list.wishes.get(name) ?? "", (value) => say(name, value), { id: `animals-${name}` }));
@@ -102,7 +131,8 @@ export function drawAnimalList(desk: Desk): HTMLElement {
   };
   const before = button(text(desk, "before"), () => move(-rowsShown), { id: "animals-before" });
   const after = button(text(desk, "after"), () => move(rowsShown), { id: "animals-after" });
-  const parts: Parts = { list, body, place, before, after };
+  const paper: Paper = createPaper(desk, "animals-paper", () => printedRows(desk, parts));
+  const parts: Parts = { list, body, place, before, after, paper };
   const showNow = () => void show(desk, parts).catch(() => undefined);
   const chooseAgain = () => {
     parts.chosen = undefined;
@@ -117,7 +147,7 @@ export function drawAnimalList(desk: Desk): HTMLElement {
   };
   const headings = columnsOf(desk).map((column) => drawHeading(desk, list, column, sort));
   showNow();
-  return make("div", {}, drawFilters(desk, list, afterPause(200, chooseAgain)), make("p", { class: "row" }, before, after, place),
-    make("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": text(desk, "allAnimals") },
+  return make("div", {}, paper.element, drawFilters(desk, list, afterPause(200, chooseAgain)), make("p", { class: "row" }, before, after, place),
+    make("div", { class: "scroll window", tabindex: 0, role: "region", "aria-label": text(desk, "allAnimals") },
       make("table", { class: "plain", id: "all-animals" }, make("thead", {}, make("tr", {}, ...headings)), body)));
 }

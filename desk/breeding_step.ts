@@ -9,8 +9,11 @@ import { animalButton } from "./card";
 import { changeLeftOut, drawLeftOut, drawLeftOutNote, withAnimal } from "./left_out";
 import { drawForecast } from "./forecast_part";
 import { drawMates } from "./mates_part";
+import { drawCorrectionsNote } from "./mend_part";
 import { drawPlan } from "./plan_part";
-import { describe, drawSearch } from "./search";
+import { describe, drawSearch, goneMark, goneWords } from "./search";
+import { createPaper, mostPrinted } from "./paper";
+import type { PrintedRows } from "./paper";
 import type { Animal, MaleRow, PairAnswer } from "./protocol";
 
 const rowsShown = 50, maleColumns = 9;
@@ -36,6 +39,8 @@ function drawPair(desk: Desk, pair: PairAnswer): HTMLElement {
   const kinship = (parent: PairAnswer["sire"]) => make("p", { class: "note" }, animalButton(parent), `: ${text(desk, "meanKinship")}: ${percentage(parent.meanKinship, desk.language)}; ${text(desk, "generationsKnown")}: ${decimal(parent.equivalents, desk.language)}`);
   return make("div", { id: "pair" }, make("p", {}, `${text(desk, "offspringF")}: `, make("span", { class: "figure", id: "offspring-f" }, percentage(pair.offspringF, desk.language))),
     pair.isBeyond === true ? make("p", { class: "problem", id: "beyond" }, text(desk, "pairBeyond", percentage(pair.limit, desk.language, 2))) : null,
+    ...[pair.dam, pair.sire].filter(({ gone }) => gone !== undefined)
+      .map((parent) => make("p", { class: "question gone-parent" }, text(desk, "isGone", parent.id, goneWords(desk, parent)))),
     kinship(pair.dam), kinship(pair.sire),
     rows.length === 0 ? make("p", {}, text(desk, "noCommon")) : make("table", { class: "plain" }, make("caption", {}, text(desk, "common")),
       make("thead", {}, make("tr", {}, heading("id"), heading("nameOfAnimal"), heading("born", true), heading("contribution", true))),
@@ -87,6 +92,16 @@ function rank(desk: Desk): void {
   });
 }
 
+/** What is printed of the ranking: from its first male on. */
+async function printedMales(desk: Desk, count: number): Promise<PrintedRows> {
+  const { rows } = await ask<{ rows: MaleRow[] }>(desk.client, "listMales", [0, mostPrinted]);
+  const headings = (["id", "nameOfAnimal", "born", "offspringF", "meanKinship", "generationsKnown", "youngOf", "ageOf"] as const).map((name) => text(desk, name));
+  return { headings, count, file: "males.tsv", button: text(desk, "saveMales"),
+    rows: rows.map((row) => [nameOf(row.id), make("span", {}, nameOf(row.name === "-" ? "" : row.name), goneMark(desk, row)), row.year === 0 ? "–" : String(row.year),
+      `${row.isBeyond ? "▲ " : ""}${percentage(row.offspringF, desk.language)}`, percentage(row.meanKinship, desk.language),
+      `${decimal(row.equivalents, desk.language)}${row.isShallow ? " ?" : ""}`, shownNumber(row.offspring, desk.language), row.age === null ? "–" : String(row.age)]) };
+}
+
 function drawMales(desk: Desk, males: NonNullable<Desk["males"]>): HTMLElement {
   if (males.count === 0) return make("p", {}, text(desk, "noMales"));
   const shown = (value: number) => shownNumber(value, desk.language);
@@ -102,13 +117,15 @@ function drawMales(desk: Desk, males: NonNullable<Desk["males"]>): HTMLElement {
   }, { id: `leave-out-${place}`, "aria-expanded": String(desk.leavingOut === place), "aria-label": `${text(desk, "leaveOut")}: ${row.id}` });
   const apart = make("tr", {}, make("th", { scope: "colgroup", colspan: maleColumns }, text(desk, "shallowMales")));
   const firstShallow = males.rows.find((row) => row.isShallow);
-  const rows = males.rows.flatMap((row, place) => [...(row === firstShallow ? [apart] : []), make("tr", {}, make("td", {}, animalButton(row)), make("td", {}, nameOf(row.name === "-" ? "" : row.name)),
+  const rows = males.rows.flatMap((row, place) => [...(row === firstShallow ? [apart] : []), make("tr", {}, make("td", {}, animalButton(row)), make("td", {}, nameOf(row.name === "-" ? "" : row.name), goneMark(desk, row)),
     make("td", { class: "number" }, row.year === 0 ? "–" : String(row.year)),
     make("td", { class: row.isBeyond ? "number beyond" : "number" }, row.isBeyond ? "▲ " : "", percentage(row.offspringF, desk.language)),
     make("td", { class: "number" }, percentage(row.meanKinship, desk.language)), make("td", { class: "number" }, decimal(row.equivalents, desk.language)),
     make("td", { class: "number" }, shown(row.offspring)), make("td", { class: "number" }, row.age === null ? "–" : String(row.age)),
     make("td", {}, leave(row, place))), ...(desk.leavingOut === place ? [drawLeaving(desk, row, place)] : [])]);
-  return make("div", { id: "males" },
+  const paper = createPaper(desk, "males-paper", () => printedMales(desk, males.count));
+  paper.renew();
+  return make("div", { id: "males" }, paper.element,
     make("p", { class: "row" }, make("label", { for: "order" }, text(desk, "orderBy")),
       chooser([{ value: "f", text: text(desk, "offspringF") }, { value: "k", text: text(desk, "meanKinship") }], males.byKinship ? "k" : "f",
         (value) => move(0, value === "k"), { id: "order" }),
@@ -116,7 +133,7 @@ function drawMales(desk: Desk, males: NonNullable<Desk["males"]>): HTMLElement {
     make("p", { class: "row" }, button(text(desk, "before"), () => move(males.first - rowsShown), { disabled: males.first === 0 }),
       button(text(desk, "after"), () => move(males.first + rowsShown), { disabled: males.first + rowsShown >= males.count }),
       make("span", { role: "status" }, text(desk, "showing", shown(males.first + 1), shown(Math.min(males.first + rowsShown, males.count)), shown(males.count)))),
-    make("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": text(desk, "allMales") },
+    make("div", { class: "scroll window", tabindex: 0, role: "region", "aria-label": text(desk, "allMales") },
       make("table", { class: "plain" }, make("thead", {}, make("tr", {}, heading("id"), heading("nameOfAnimal"), heading("born", true),
         heading("offspringF", true), heading("meanKinship", true), heading("generationsKnown", true), heading("youngOf", true), heading("ageOf", true), heading("leaveOut"))), make("tbody", {}, ...rows))),
     males.rows.some((row) => row.isBeyond) ? make("p", { class: "note" }, text(desk, "beyondLimit")) : null,
@@ -142,15 +159,23 @@ function drawTakeGone(desk: Desk): HTMLElement | null {
 function drawAges(desk: Desk): HTMLElement {
   const { lastYear = 0, sireAges: [youngest, oldest] = [] } = desk.run ?? {}, { first, last } = yearsOfSires(desk);
   return make("p", { class: "hint", id: "sire-ages" }, youngest === undefined || oldest === undefined ? "" : text(desk, "sireAges", youngest, oldest, first, last, lastYear + 1),
-    " ", desk.run?.isAvailabilityTold === true ? text(desk, "onlyAvailable", shownNumber(desk.run.available, desk.language)) : text(desk, "nobodySaidAlive"), drawTakeGone(desk));
+    " ", desk.run?.isAvailabilityTold === true ? text(desk, "onlyAvailable", shownNumber(desk.run.available, desk.language)) : text(desk, "nobodySaidAlive"), drawTakeGone(desk),
+    desk.run === undefined || desk.run.availableNote === "" ? null : make("strong", { id: "available-note" }, ` ${desk.run.availableNote}`));
 }
 
 function drawYears(desk: Desk): HTMLElement {
   const years = desk.years ??= yearsOfSires(desk);
-  const field = (id: string, value: number, set: (year: number) => void) => {
-    const input = make("input", { type: "number", id, value, min: -9999, max: 9999 });
-    input.addEventListener("change", () => set(Math.max(-9999, Math.min(9999, Math.trunc(Number(input.value)) || 0))));
-    return input;
+  const field = (id: string, given: number, set: (year: number) => void) => {
+    let year = given;
+    const input = make("input", { type: "text", id, value: year, size: 5, inputmode: "numeric", "aria-describedby": `${id}-problem` });
+    const problem = make("span", { class: "unread", id: `${id}-problem`, role: "status" });
+    input.addEventListener("change", () => {
+      const typed = input.value.trim(), isYear = /^-?\d{1,4}$/.test(typed);
+      problem.textContent = isYear ? "" : text(desk, "noYear", typed, year);
+      if (isYear) set(year = Number(typed));
+      else input.value = String(year);
+    });
+    return make("span", {}, input, problem);
   };
   return make("p", { class: "row" }, make("label", { for: "first-year" }, text(desk, "bornFrom")), field("first-year", years.first, (year) => { years.first = year; }),
     make("label", { for: "last-year" }, text(desk, "bornTo")), field("last-year", years.last, (year) => { years.last = year; }),
@@ -168,7 +193,7 @@ export function drawBreeding(desk: Desk, compute: () => void): HTMLElement[] {
       return describePair(desk);
     }).then(() => document.getElementById(`search-${role}`)?.focus());
   };
-  return [make("h2", {}, text(desk, "pairTitle")),
+  return [...drawCorrectionsNote(desk), make("h2", {}, text(desk, "pairTitle")),
     make("div", { class: "pair" }, drawChoice(desk, "female", take("female")), drawChoice(desk, "male", take("male"))),
     ...(desk.pair === undefined ? [] : [drawPair(desk, desk.pair)]), make("h2", {}, text(desk, "allMales")), drawAges(desk), drawYears(desk),
     ...drawLeftOutNote(desk), ...(desk.males === undefined ? [] : [drawMales(desk, desk.males)]), ...drawMates(desk),

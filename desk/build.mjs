@@ -41,6 +41,9 @@ function bundle(entry) {
     "--charset=ascii", `--alias:page-script=${join(work, "page_script.js")}`], { encoding: "utf8", maxBuffer: 1 << 28 });
 }
 
+/** Names at the top stay: the worker calls them. */
+const minified = (file) => execFileSync("esbuild", [file, "--minify", "--charset=ascii"], { encoding: "utf8", maxBuffer: 1 << 28 });
+
 /** A text that stands in a script element. */
 function inScript(text) {
   if (/<\/script|<!--/i.test(text)) throw new Error("a script would end early");
@@ -51,14 +54,14 @@ const hashOf = (text) => `'sha256-${createHash("sha256").update(text).digest("ba
 
 const parts = await partsOfPage();
 writeFileSync(join(work, "page_script.js"), `export function readFigures() {\n${parts.script}\n}\n`);
-const style = readFileSync("desk/style.css", "utf8");
+const style = minified("desk/style.css").trim();
 const script = inScript(bundle("main"));
 /** Compressed, in letters of which a script can hold any. Browsers that know vectors in WebAssembly know how to decompress
  * too (gunzip.ts). */
 const packed = (bytes) => gzipSync(bytes, { level: 9 }).toString("base64");
 /** The core is most of the file: a longer search for a shorter compression, of the same kind, is worth some seconds. */
 const packedCore = () => execFileSync("zopfli", ["--i1", "-c", join(wasmBuild, "desk_core.wasm")], { maxBuffer: 1 << 28 }).toString("base64");
-const worker = inScript(`${coreScript}
+const worker = inScript(`${minified(join(wasmBuild, "desk_core.js"))}
 const deskCoreBytes = "${packedCore()}";
 ${bundle("worker")}`);
 const example = (folder, name) => packed(readFileSync(join("examples", folder, name)));

@@ -5,7 +5,10 @@ import { animalButton } from "./card";
 import { ask } from "./client";
 import { bytesOf, text, work } from "./desk";
 import type { Desk } from "./desk";
-import { afterPause, button, make, nameOf, save, shownNumber } from "./dom";
+import { afterPause, button, make, nameOf, save, shownNumber, turnOver } from "./dom";
+import { keepFocus } from "./focus";
+import { createPaper, mostPrinted } from "./paper";
+import type { PrintedRows } from "./paper";
 import { workbookOf, workbookType } from "./workbook";
 import type { CheckAnswer, FindingKind, FindingRow } from "./protocol";
 
@@ -53,6 +56,18 @@ function drawCells(desk: Desk, row: FindingRow, mend: HTMLElement | null): HTMLE
     make("td", {}, make("div", {}, nameOf(row.text)), make("div", { class: "original" }, row.original)));
 }
 
+/** What is printed of the list: from the first finding on. */
+async function printedRows(desk: Desk, count: number): Promise<PrintedRows> {
+  const { rows } = await ask<{ rows: FindingRow[] }>(desk.client, "listFindings", [0, mostPrinted]);
+  return { count, file: `${stemOfFindings(desk)}.tsv`, button: text(desk, "saveFindings"),
+    headings: (["line", "animal", "kind", "finding"] as const).map((name) => text(desk, name)),
+    rows: rows.map((row) => [row.line > 0 ? String(row.line) : "–", nameOf(row.id), row.kind,
+      make("div", {}, nameOf(row.text), make("div", { class: "original" }, row.original))]) };
+}
+
+/** What the names of the files of the findings begin with. */
+const stemOfFindings = (desk: Desk) => `${(desk.written?.dataName ?? "findings.txt").replace(/\.[^.]*$/, "")}_check`;
+
 /** The list below the kinds: one window of it, asked of the worker each time. */
 function createList(desk: Desk): { element: HTMLElement; show: () => void } {
   const body = make("tbody"), place = make("span", { role: "status", id: "findings-place" });
@@ -64,25 +79,25 @@ function createList(desk: Desk): { element: HTMLElement; show: () => void } {
   };
   const showAgain = () => show();
   const before = button(text(desk, "before"), () => move(-rowsShown)), after = button(text(desk, "after"), () => move(rowsShown));
-  let newest = 0;
+  let newest = 0, chosen = 0;
+  const paper = createPaper(desk, "findings-paper", () => printedRows(desk, chosen));
   const list = async () => {
     const mine = ++newest;
     const { count } = await ask<{ count: number }>(desk.client, "chooseFindings", [desk.kind, desk.filter]);
     if (desk.firstFinding >= count) desk.firstFinding = Math.max(0, Math.ceil(count / rowsShown) - 1) * rowsShown;
     const { rows } = await ask<{ rows: FindingRow[] }>(desk.client, "listFindings", [desk.firstFinding, rowsShown]);
     if (mine !== newest) return;
-    const focused = document.activeElement?.id ?? "";
-    body.replaceChildren(...rows.flatMap((row, k) => drawRow(desk, row, desk.firstFinding + k, showAgain)));
-    if (focused.startsWith("mend-")) document.getElementById(focused)?.focus();
+    keepFocus(body, () => body.replaceChildren(...rows.flatMap((row, k) => drawRow(desk, row, desk.firstFinding + k, showAgain))));
+    chosen = count;
+    paper.renew();
     const shown = (value: number) => shownNumber(value, desk.language);
     place.textContent = text(desk, "showing", shown(Math.min(desk.firstFinding + 1, count)),
       shown(Math.min(desk.firstFinding + rowsShown, count)), shown(count));
-    before.disabled = desk.firstFinding === 0;
-    after.disabled = desk.firstFinding + rowsShown >= count;
+    turnOver(before, after, desk.firstFinding === 0, desk.firstFinding + rowsShown >= count);
   };
   const show = () => void list().catch(() => undefined);
-  const element = make("div", {}, make("p", { class: "row" }, before, after, place),
-    make("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": text(desk, "finding") },
+  const element = make("div", {}, paper.element, make("p", { class: "row" }, before, after, place),
+    make("div", { class: "scroll window", tabindex: 0, role: "region", "aria-label": text(desk, "finding") },
       make("table", { class: "plain", id: "findings" }, make("thead", {}, make("tr", {}, heading("line"), heading("mend"), heading("animal"),
         heading("kind"), heading("finding"))), body)));
   return { element, show };
@@ -129,7 +144,7 @@ export function drawCheck(desk: Desk, goOn: () => void): HTMLElement[] {
       desk.mending = undefined;
       desk.draw();
     };
-    const stem = `${(desk.written?.dataName ?? "findings.txt").replace(/\.[^.]*$/, "")}_check`;
+    const stem = stemOfFindings(desk);
     const saveTable = () => void work(desk, async () => save(`${stem}.tsv`, await bytesOf(desk, "findings"), "text/tab-separated-values"));
     const saveWorkbook = () => void work(desk, async () => save(`${stem}.xlsx`, await workbookOf(desk, "findingsWorkbook"), workbookType));
     parts.push(drawKinds(desk, answer, choose),

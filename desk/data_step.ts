@@ -1,6 +1,6 @@
 // The first step: files are dropped or chosen, and what was recognised is shown.
 
-import { applySettings, changeSetting, hasFiles, openAgain, openNew, showProblem, text, work } from "./desk";
+import { applySettings, changeSetting, hasFiles, openAgain, openBesideGiven, openNew, showProblem, text, work } from "./desk";
 import type { Desk } from "./desk";
 import { readAnswers } from "./answers";
 import type { Answers } from "./answers";
@@ -15,7 +15,7 @@ import type { TextName } from "./texts";
 const mostAnswers = 12;
 
 /** Files that were brought together: exports, and the texts of answers, corrections and animals left out of an earlier one. */
-interface Brought { exports: File[]; answers: string[]; corrections: string; leftOut: string; }
+interface Brought { exports: File[]; answers: string[]; corrections: string; leftOut: string; available: File[]; }
 
 const beginningOf = (file: File) => textOfFile(file.slice(0, 200)).catch(() => "");
 
@@ -29,11 +29,17 @@ async function isListOfCorrections(file: File): Promise<boolean> {
   return (await beginningOf(file)).replace(/"/g, "").startsWith("id\tfield\twas\tbecomes");
 }
 
+/** The list of animals that are still there, which stands beside a data file: one id a line. */
+async function isListOfAvailable(file: File): Promise<boolean> {
+  return /_available\.txt$/i.test(file.name) && !/[;,\t|]/.test((await beginningOf(file)).split(/\r?\n|\r/)[0] ?? "");
+}
+
 async function sortFiles(files: File[]): Promise<Brought> {
-  const brought: Brought = { exports: [], answers: [], corrections: "", leftOut: "" };
+  const brought: Brought = { exports: [], answers: [], corrections: "", leftOut: "", available: [] };
   for (const file of files) {
     if (/\.answers$/i.test(file.name)) brought.answers.push(await file.text());
     else if (await isListOfCorrections(file)) brought.corrections += `${await textOfFile(file)}\n`;
+    else if (await isListOfAvailable(file)) brought.available.push(file);
     else if (await isListOfAnimals(file)) brought.leftOut += `${await textOfFile(file)}\n`;
     else brought.exports.push(file);
   }
@@ -67,12 +73,22 @@ function takeLeftOut(desk: Desk, leftOut: string): void {
   void changeLeftOut(desk, [...others, ...rows], () => Promise.resolve());
 }
 
+/** The list of animals that are still there comes with a data file and its steer file, or to those that are open. */
+function takeAvailable(desk: Desk, { exports, available, leftOut }: Brought, list: File): void {
+  const isPair = exports.length === 2 && exports.some((file) => /\.ini$/i.test(file.name));
+  if (available.length > 1 || !(isPair || (exports.length === 0 && desk.given !== undefined))) return showProblem(text(desk, "availableAlone", list.name));
+  if (isPair) void openNew(desk, [...exports, list], [], "", readLeftOut(leftOut));
+  else void openBesideGiven(desk, list);
+}
+
 function takeBrought(desk: Desk, brought: Brought): void {
   if (brought.leftOut !== "" && brought.exports.length === 0) {
     takeLeftOut(desk, brought.leftOut);
     if (brought.answers.length === 0 && brought.corrections === "") return;
   }
   if (brought.answers.length > 0 || brought.corrections !== "") return takeKept(desk, brought);
+  const [list] = brought.available;
+  if (list !== undefined) return takeAvailable(desk, brought, list);
   const files = brought.exports, steerFiles = files.filter((file) => /\.ini$/i.test(file.name));
   if (files.length === 1 && steerFiles.length === 1) return showProblem(text(desk, "steerAlone"));
   if (files.length > 2 || (files.length === 2 && steerFiles.length !== 1)) return showProblem(text(desk, "dropOnly"));
@@ -135,10 +151,16 @@ function drawReading(desk: Desk): HTMLElement {
       ...field("firstLine", "header", [["yes", text(desk, "headerYes")], ["no", text(desk, "headerNo")]])));
 }
 
+/** Several columns may tell who has gone. */
+const availability = "availability";
+
 /** Gives column `place` another meaning. A field has one column. */
 function chooseColumn(desk: Desk, answer: ExportAnswer, place: number, field: string): void {
-  const columns = answer.columns.map((name, k) => (k === place ? field : name === field ? "" : name));
+  const columns = answer.columns.map((name, k) => (k === place ? field : name === field && field !== availability ? "" : name));
+  const telling = columns.flatMap((name, k) => (name === availability ? [String(k + 1)] : []));
+  if (field === availability || answer.columns[place] === availability) desk.settings.set(availability, telling.length === 0 ? "none" : telling.join(";"));
   for (const { name, isRequired } of answer.fields) {
+    if (name === availability) continue;
     const column = columns.indexOf(name);
     if (column >= 0) desk.settings.set(`column.${name}`, String(column + 1));
     else if (isRequired) desk.settings.delete(`column.${name}`);

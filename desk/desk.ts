@@ -349,6 +349,11 @@ export function openNew(desk: Desk, files: File[], settings: [string, string][] 
   return work(desk, async () => openChosen(desk, { files: await readFiles(files), settings, corrections: newCorrections(list), leftOut: { rows: leftOut, isSaved: true } }));
 }
 
+/** Opens the data file and the steer file that are there once more, with the list of animals that are still there. */
+export function openBesideGiven(desk: Desk, list: File): Promise<boolean> {
+  return work(desk, async () => openChosen(desk, { files: [...desk.files.slice(0, 2), ...await readFiles([list])], settings: [], corrections: desk.corrections, leftOut: desk.leftOut }));
+}
+
 /** Opens the files that are there once more, with other settings. */
 export function openAgain(desk: Desk, settings: [string, string][]): Promise<boolean> {
   return work(desk, () => openChosen(desk, { files: desk.files, settings, corrections: desk.corrections, leftOut: desk.leftOut }));

@@ -30,6 +30,15 @@ export function nameOf(text: string): HTMLElement {
   return make("bdi", { class: "name" }, text);
 }
 
+/** Allows turning a page back and on, as far as there are some. The focus of one that is not allowed any more goes to the other. */
+export function turnOver(before: HTMLButtonElement, after: HTMLButtonElement, isFirst: boolean, isLast: boolean): void {
+  const active = document.activeElement;
+  before.disabled = isFirst;
+  after.disabled = isLast;
+  if (active === before && isFirst) after.focus();
+  if (active === after && isLast) before.focus();
+}
+
 export interface Choice { value: string; text: string; }
 
 export function chooser(choices: Choice[], chosen: string, whenChosen: (value: string) => void,

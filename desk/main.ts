@@ -7,7 +7,8 @@ import { filesOfDrop } from "./chosen_files";
 import { drawData, takeFiles } from "./data_step";
 import { cancel, changeLanguage, createDesk, ensureCheck, ensureRun, isReady, showProblem, stepNames, text, work } from "./desk";
 import type { Desk, StepName } from "./desk";
-import { button, byId, make } from "./dom";
+import { button, byId, make, shownNumber } from "./dom";
+import { keepFocus } from "./focus";
 import { helpOf } from "./help";
 import { listenForUndo } from "./mend_part";
 import { listenForPresses } from "./press";
@@ -97,20 +98,15 @@ function showHelp(desk: Desk, isShown: boolean): void {
 /** What stands above every printed view: the population, or the file as long as it has no name, and the date. */
 function printHead(desk: Desk): string {
   const population = desk.written?.population ?? desk.given?.population ?? desk.files[0]?.name ?? "";
-  return `${population}, ${new Date().toLocaleDateString(desk.language === "nl" ? "nl-NL" : "en-GB", { dateStyle: "long" })}`;
-}
-
-/** Puts the focus back on the element that had it, as far as it is there again. */
-function keepFocus(draw: () => void): void {
-  const id = document.activeElement?.id ?? "";
-  draw();
-  if (id !== "") document.getElementById(id)?.focus();
+  const isOfResults = desk.step === "results" || desk.step === "breeding", corrections = isOfResults ? desk.run?.corrections ?? 0 : 0;
+  const note = corrections === 0 ? "" : `. ${text(desk, "containsCorrections", shownNumber(corrections, desk.language))}`;
+  return `${population}, ${new Date().toLocaleDateString(desk.language === "nl" ? "nl-NL" : "en-GB", { dateStyle: "long" })}${note}`;
 }
 
 function draw(desk: Desk): void {
-  keepFocus(() => {
-    drawFixedTexts(desk.language);
-    drawSteps(desk);
+  drawFixedTexts(desk.language);
+  keepFocus(byId("steps"), () => drawSteps(desk));
+  keepFocus(byId("step"), () => {
     byId("title").textContent = text(desk, `${desk.step}Title` as TextName);
     byId("print-head").textContent = printHead(desk);
     drawHelp(desk);

@@ -6,7 +6,7 @@ import { ask } from "./client";
 import { bytesOf, printAlone, text, work } from "./desk";
 import type { Desk, DeskMates } from "./desk";
 import { button, decimal, make, nameOf, percentage, save } from "./dom";
-import { drawSearch } from "./search";
+import { drawSearch, goneMark } from "./search";
 import { workbookOf, workbookType } from "./workbook";
 import type { Animal, ListedAnimals, MatesAnswer, TableMate } from "./protocol";
 import type { TextName } from "./texts";
@@ -52,7 +52,7 @@ function drawSide(desk: Desk, mates: DeskMates, side: Side): HTMLElement {
     desk.draw();
     (document.getElementById(`remove-${side}-${Math.min(place, mates[side].length - 1)}`) ?? document.getElementById(`search-${side}`))?.focus();
   };
-  const chips = mates[side].map((animal, k) => make("li", {}, animalButton(animal),
+  const chips = mates[side].map((animal, k) => make("li", {}, animalButton(animal), goneMark(desk, animal),
     button("×", () => remove(k), { class: "remove", id: `remove-${side}-${k}`, "aria-label": text(desk, "removeFromList", animal.id) })));
   return make("div", {}, drawSearch(desk, { id: `search-${side}`, sex: side === "males" ? 1 : 2, label: [make("strong", {}, text(desk, side)), document.createTextNode(` – ${text(desk, "typeId")}`)],
     take: (animal) => {
@@ -72,8 +72,8 @@ function drawFigure(desk: Desk, answer: MatesAnswer, place: number, beyond: Set<
     decimal((answer.f[place] ?? 0) * 100, desk.language, 2));
 }
 
-function drawMate(animal: TableMate): (Node | null)[] {
-  return [animalButton(animal), animal.name === "" || animal.name === "-" ? null : make("small", {}, nameOf(animal.name))];
+function drawMate(desk: Desk, animal: TableMate): (Node | null)[] {
+  return [animalButton(animal), animal.name === "" || animal.name === "-" ? null : make("small", {}, nameOf(animal.name)), goneMark(desk, animal)];
 }
 
 /** The columns from `first` on, at most `count`. */
@@ -84,9 +84,9 @@ function drawTable(desk: Desk, answer: MatesAnswer, first: number, count: number
   const kinship = (mate: TableMate) => percentage(mate.meanKinship, desk.language);
   const known = (mate: TableMate) => `${decimal(mate.equivalents, desk.language)}${mate.isShallow ? " ?" : ""}`;
   return make("table", { class: "plain mates" }, make("caption", {}, text(desk, "matesCaption")),
-    make("thead", {}, make("tr", {}, make("td", { colspan: 2 }), ...males.map((male) => make("th", { scope: "col", class: "number" }, ...drawMate(male)))),
+    make("thead", {}, make("tr", {}, make("td", { colspan: 2 }), ...males.map((male) => make("th", { scope: "col", class: "number" }, ...drawMate(desk, male)))),
       line("meanKinship", kinship), line("generationsKnown", known)),
-    make("tbody", {}, ...answer.females.map((female, row) => make("tr", {}, make("th", { scope: "row" }, ...drawMate(female)),
+    make("tbody", {}, ...answer.females.map((female, row) => make("tr", {}, make("th", { scope: "row" }, ...drawMate(desk, female)),
       make("td", { class: "number aside" }, kinship(female), female.isShallow ? " ?" : ""),
       ...males.map((_male, column) => drawFigure(desk, answer, row * answer.males.length + first + column, beyond))))));
 }

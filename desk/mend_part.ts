@@ -4,7 +4,7 @@
 import { ask } from "./client";
 import { applyList, ensureCheck, isReady, printAlone, stemOf, text, work } from "./desk";
 import type { Desk } from "./desk";
-import { button, make, nameOf, save } from "./dom";
+import { button, make, nameOf, save, shownNumber } from "./dom";
 import { workbookOf, workbookType } from "./workbook";
 import type { CheckAnswer, CorrectionRow, FindingLines, ProposedList } from "./protocol";
 
@@ -12,7 +12,7 @@ import type { CheckAnswer, CorrectionRow, FindingLines, ProposedList } from "./p
 function forgetResults(desk: Desk): void {
   ++desk.resultsNumber;
   desk.written = desk.check = desk.run = desk.body = desk.report = desk.pair = desk.males = undefined;
-  desk.female = desk.male = desk.years = desk.plan = desk.mending = desk.animalList = desk.mates = desk.leavingOut = undefined;
+  desk.female = desk.male = desk.years = desk.plan = desk.forecast = desk.mending = desk.animalList = desk.mates = desk.leavingOut = undefined;
   desk.isSaved = false;
 }
 
@@ -220,8 +220,8 @@ export function drawFormer(desk: Desk): HTMLElement[] {
 
 /** A note at the head of results that are not those of the export as it stands. */
 export function drawCorrectionsNote(desk: Desk): HTMLElement[] {
-  const count = desk.corrections.answer?.rows.filter(({ fate }) => fate === "applied").length ?? 0;
-  return count === 0 ? [] : [make("p", { class: "question", id: "contains-corrections" }, text(desk, "containsCorrections", count))];
+  const count = desk.run?.corrections ?? 0;
+  return count === 0 ? [] : [make("p", { class: "question", id: "contains-corrections" }, text(desk, "containsCorrections", shownNumber(count, desk.language)))];
 }
 
 /** Ctrl+Z and Ctrl+Y, where no field is being typed in. */

@@ -6,6 +6,7 @@ import { bytesOf, text, work } from "./desk";
 import type { Desk, DeskPlan } from "./desk";
 import { drawLeftOutNote } from "./left_out";
 import { button, make, nameOf, percentage, save, shownNumber } from "./dom";
+import { goneMark } from "./search";
 import { workbookOf, workbookType } from "./workbook";
 import type { Animal, PlanAnswer, PlanRow } from "./protocol";
 import type { TextName } from "./texts";
@@ -72,7 +73,7 @@ function drawLists(desk: Desk, plan: DeskPlan): HTMLElement {
 
 function drawFields(desk: Desk, plan: DeskPlan): HTMLElement[] {
   const drawn = fields.map(({ name, label, step }) => {
-    const input = make("input", { type: "number", id: `plan-${name}`, min: step === "1" ? 1 : 0, step, value: plan.fields.get(name) ?? "", size: 6 });
+    const input = make("input", { type: "text", id: `plan-${name}`, inputmode: step === "1" ? "numeric" : "decimal", value: plan.fields.get(name) ?? "", size: 6 });
     input.addEventListener("change", () => plan.fields.set(name, input.value.trim()));
     return make("span", {}, make("label", { for: `plan-${name}` }, text(desk, label)), " ", input);
   });
@@ -100,7 +101,7 @@ function drawRow(desk: Desk, plan: DeskPlan, row: PlanRow, place: number): HTMLE
       desk.draw();
     }, named(plan.swapping === place ? "planSwapNot" : "planSwap"));
   const fix: TextName = row.isFixed ? "planLoosen" : "planFix";
-  const cells = (animal: Animal) => [make("td", {}, animalButton(animal)), make("td", {}, nameOf(animal.name === "-" ? "" : animal.name))];
+  const cells = (animal: Animal) => [make("td", {}, animalButton(animal)), make("td", {}, nameOf(animal.name === "-" ? "" : animal.name), goneMark(desk, animal))];
   return make("tr", {}, ...cells(row.female), ...cells(row.male), make("td", { class: "number" }, percentage(row.f, desk.language)),
     make("td", {}, button(text(desk, fix), () => change(desk, plan, "fix", place), named(fix)), " ",
       button(text(desk, "planForbid"), () => change(desk, plan, "forbid", place), named("planForbid")), " ", swap));

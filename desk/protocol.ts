@@ -58,9 +58,10 @@ export interface FindingRow {
   original: string;
 }
 
-export interface RunAnswer extends Messages { animals: number; firstYear: number; lastYear: number; reportName: string; subpopulations: string[]; sireAges: number[]; isAvailabilityTold: boolean; available: number; }
+export interface RunAnswer extends Messages { animals: number; firstYear: number; lastYear: number; reportName: string; subpopulations: string[]; sireAges: number[]; isAvailabilityTold: boolean; available: number; availableNote: string; corrections: number; }
 
-export interface Animal { position: number; id: string; name: string; isMale: boolean; year: number; f: number | null; }
+/** `gone`: what the export says of an animal that is no longer there; empty where it says no more than that. */
+export interface Animal { position: number; id: string; name: string; isMale: boolean; year: number; f: number | null; gone?: string; }
 /** The first animals that a search has found, and how many there are. */
 export interface FoundAnimals { animals: Animal[]; count: number; }
 /** A row of the table of all animals. */

@@ -13,7 +13,18 @@ export interface Search { id: string; label: Node[]; sex: 0 | 1 | 2; take: (anim
 export function describe(desk: Desk, animal: Animal): HTMLElement {
   const year = animal.year === 0 ? "" : `, ${animal.year}`, name = animal.name === "-" ? "" : animal.name;
   return make("span", {}, nameOf(animal.id), name === "" ? "" : " ", nameOf(name),
-    `${year}, F ${percentage(animal.f, desk.language, 1)}`);
+    `${year}, F ${percentage(animal.f, desk.language, 1)}`, goneMark(desk, animal));
+}
+
+/** That an animal is no longer there, and what the export says of it. */
+export function goneWords(desk: Desk, { gone }: Animal): string {
+  if (gone === undefined) return "";
+  return gone === "" ? text(desk, "gone") : text(desk, "goneBy", gone);
+}
+
+/** The same behind the animal; nothing of one that is there. */
+export function goneMark(desk: Desk, animal: Animal): HTMLElement | null {
+  return animal.gone === undefined ? null : make("small", { class: "gone" }, ` ${goneWords(desk, animal)}`);
 }
 
 /** The list below a field: what is in it, and which of it is chosen. */

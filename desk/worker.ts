@@ -126,8 +126,9 @@ async function open(desk: Desk, files: ChosenFile[], settings: string): Promise<
   if (files.length === 1 || steer === undefined) {
     return (await unpackWorkbook(desk, names[0])) ?? askForObject(desk, operations.open, [names[0], settings]);
   }
-  const data = names.find((name) => name !== steer) ?? steer;
-  return askForObject(desk, operations.openPair, [steer, data]);
+  const others = names.filter((name) => name !== steer);
+  const available = others.length > 1 ? others.find((name) => /_available\.txt$/i.test(name)) ?? "" : "";
+  return askForObject(desk, operations.openPair, [steer, others.find((name) => name !== available) ?? steer, available]);
 }
 
 async function answer(desk: Desk, question: Question): Promise<unknown> {

@@ -39,6 +39,29 @@ TEST(PrepareCorrections, AreAppliedAndTold) {
   EXPECT_EQ(run.file("herd.csv"), herd) << "the export stays as it is";
 }
 
+TEST(PrepareCorrections, AreToldByAllThatIsMadeOfTheData) {
+  const std::string list = "C\tbirthdate\t25-05-1890\t25-05-2002\nD\tsex\tf\tm\n";
+  Files files = prepare_with(list).files;
+  EXPECT_TRUE(files["pedigreewatch.ini"].ends_with(
+      "\n0\n0\ncorrections=2 bytes=" + std::to_string(files["herd.txt"].size()) + "\n"));
+  const std::string told = "Corrections that these results contain and the export does not: 2.";
+  const WholeRun page = run_program_on(files, tools_with({"page"}));
+  EXPECT_TRUE(page.console.starts_with(told + "\n")) << page.console;
+  EXPECT_TRUE(has(page.file("herd.html"), "<main>\n<p><strong>" + told + "</strong></p>\n"));
+  const WholeRun card = run_program_on(files, tools_with({"animal", "D"}));
+  EXPECT_TRUE(has(card.file("herd_D.html"), "<p><strong>" + told + "</strong></p>"));
+  const WholeRun tables = run_program_on(files, tools_with({"tables"}));
+  EXPECT_TRUE(has(tables.file("herd_years.tsv"), "\tcorrections_in_data\n"));
+  EXPECT_TRUE(has(tables.file("herd_standing.tsv"), "\t2\n"));
+  const WholeRun matings = run_program_on(files, tools_with({"matings"}));
+  EXPECT_TRUE(has(matings.file("herd_matings.tsv"), "\tbeyond_limit\tcorrections_in_data\n"));
+  EXPECT_TRUE(matings.file("herd_matings.tsv").ends_with("\t2\n"));
+  EXPECT_EQ(run_program_on(files).exit_status, 0) << "the report does not mind the line";
+  files["herd.txt"] += "E;m;25-05-2004;;\n";
+  EXPECT_FALSE(has(run_program_on(files, tools_with({"page"})).console, "Corrections"))
+      << "the data were changed since";
+}
+
 TEST(PrepareCorrections, SpeakDutch) {
   const WholeRun run = prepare_with("C\tbirthdate\t25-05-1890\t25-05-2002\nD\tdam\tQ\tC\n", "nl");
   EXPECT_EQ(run.exit_status, 0) << run.messages;

@@ -25,7 +25,9 @@ struct Analysis {
 struct AnalysedPopulation {
   SteerSettings settings;
   FileState data_state = {};  ///< of the data file when it was opened
-  PopulationStore store;      ///< parents before their offspring, with F, ages and completeness of every animal
+  /// Of the export, that the data contain, for who shows results; the analysis leaves 0. See `corrections_in_data`.
+  std::int64_t corrections = 0;
+  PopulationStore store;  ///< parents before their offspring, with F, ages and completeness of every animal
   BreederList breeders;
   Analysis analysis;
 };

@@ -124,6 +124,18 @@ void add_optional(JsonText& json, std::string_view name, const std::optional<dou
   }
 }
 
+/// The names of wishes for a number in which none can be read.
+void add_unread(JsonText& json, std::string_view wishes) {
+  begin_list(json, "unread");
+  for (const std::string_view name : {"firstYear", "lastYear"}) {
+    if (!value_named(wishes, name).empty() && !number_named(wishes, name)) add_text(json, name);
+  }
+  for (const std::string_view name : {"leastF", "mostF", "leastKinship", "mostKinship"}) {
+    if (!value_named(wishes, name).empty() && !percentage_named(wishes, name)) add_text(json, name);
+  }
+  end_list(json);
+}
+
 }  // namespace
 
 std::string choose_animals(Desk& desk, std::string_view wishes) {
@@ -143,6 +155,7 @@ std::string choose_animals(Desk& desk, std::string_view wishes) {
     }
   }
   add_integer(json, "count", std::ssize(desk.chosen_animals));
+  add_unread(json, wishes);
   end_object(json);
   return std::move(json.text);
 }
@@ -158,7 +171,7 @@ std::string list_animals(const Desk& desk, std::size_t first, std::size_t count)
     const PopulationStore& store = desk.results->population.store;
     const std::int32_t subpopulation = store.subpopulation_no(position);
     begin_object(json);
-    add_animal(json, store, position);
+    add_animal(json, *desk.results, position);
     add_optional(json, "meanKinship", kinship_of(*desk.results, position));
     add_optional(json, "generations", static_cast<double>(store.generation_equivalents[position]));
     add_integer(json, "offspring", store.native_offspring_count[position]);

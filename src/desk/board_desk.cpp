@@ -61,6 +61,7 @@ void judge_results(Desk& desk) {
 std::string standing_table(const Desk& desk) {
   if (!desk.results) return {};
   TableWriter writer;
+  writer.corrections = desk.results->population.corrections;
   const bool is_english = desk.results->population.settings.english;
   write_standing_table(desk.results->population.store, desk.results->standing,
                        is_english ? ToolLanguage::english : ToolLanguage::dutch, writer);

@@ -31,11 +31,11 @@ namespace pedigreewatch {
 
 /// The files of a run: made from an export, or brought along.
 struct RunFiles {
-  std::string steer_file, data_file;        ///< paths
-  bool is_made = false;                     ///< from an export
-  ExportLines export_lines = {};            ///< of an export: where its lines stand, and what was lost
-  std::string available_file = {};          ///< path; empty: nothing tells which animals have gone
-  std::vector<std::string> available = {};  ///< the ids in it
+  std::string steer_file, data_file;  ///< paths
+  bool is_made = false;               ///< from an export
+  ExportLines export_lines = {};      ///< of an export: where its lines stand, and what was lost
+  std::string available_file = {};    ///< path; empty: nothing tells which animals have gone
+  AvailableIds available = {};        ///< the ids in it, and why others are not
 };
 
 /// Everything that a run yields.
@@ -45,9 +45,12 @@ struct DeskResults {
   Diversity diversity;
   Standing standing;
   PopulationFigures figures;
-  AvailableAnimals available;  ///< as the export tells it
-  ByNumber<Flag> may_live;     ///< by position: not older than parents of the last years were, and not gone
-  std::string report;          ///< the bytes of the report, in Windows-1252
+  AvailableAnimals available;        ///< as the export tells it
+  ByNumber<std::int32_t> gone_by;    ///< by position: the reason of one that has gone, counted from 1; 0 of all others
+  std::vector<std::string> reasons;  ///< "Date of death: 12-03-2021"
+  std::string note_on_available;     ///< what is to be said of a list of those that are there; may be empty
+  ByNumber<Flag> may_live;           ///< by position: not older than parents of the last years were, and not gone
+  std::string report;                ///< the bytes of the report, in Windows-1252
 };
 
 /// A breeding plan, as it was made and changed by hand.

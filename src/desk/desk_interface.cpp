@@ -152,8 +152,9 @@ void desk_open(DeskHandle* handle, const char* export_file, const char* settings
   answer(handle, [&](Desk& desk) { return pedigreewatch::open_export(desk, export_file, settings); });
 }
 
-void desk_open_pair(DeskHandle* handle, const char* steer_file, const char* data_file) {
-  answer(handle, [&](Desk& desk) { return pedigreewatch::open_given_files(desk, steer_file, data_file); });
+void desk_open_pair(DeskHandle* handle, const char* steer_file, const char* data_file, const char* available_file) {
+  answer(handle,
+         [&](Desk& desk) { return pedigreewatch::open_given_files(desk, steer_file, data_file, available_file); });
 }
 
 void desk_change(DeskHandle* handle, const char* settings) {

@@ -23,7 +23,8 @@ std::size_t desk_answer_size(const DeskHandle* handle);
 /// What has to be unpacked of a file before it is opened: see workbook_desk.h.
 void desk_list_parts(DeskHandle* handle, const char* export_file);
 void desk_open(DeskHandle* handle, const char* export_file, const char* settings);
-void desk_open_pair(DeskHandle* handle, const char* steer_file, const char* data_file);
+/// `available_file`: the list of animals that are still there, beside the other two; empty: none.
+void desk_open_pair(DeskHandle* handle, const char* steer_file, const char* data_file, const char* available_file);
 void desk_change(DeskHandle* handle, const char* settings);
 void desk_write(DeskHandle* handle);
 void desk_check(DeskHandle* handle);

@@ -72,7 +72,31 @@ void add_first_lines(JsonText& json, const Preparation& read) {
   end_list(json);
 }
 
-void add_columns(JsonText& json, const ColumnChoice& columns, ToolLanguage language) {
+constexpr std::string_view availability_name = "availability";
+constexpr Wording availability_words = {"who has gone", "welke dieren weg zijn"};
+
+bool is_availability(const AvailabilityPlan& plan, std::size_t place) {
+  return std::any_of(plan.columns.begin(), plan.columns.end(),
+                     [&](const AvailabilityReading& reading) { return reading.place == place; });
+}
+
+void add_fields(JsonText& json, ToolLanguage language) {
+  const auto add = [&](std::string_view name, std::string_view description, bool is_needed) {
+    begin_object(json);
+    add_text(json, "name", name);
+    add_text(json, "description", description);
+    add_logical(json, "isRequired", is_needed);
+    end_object(json);
+  };
+  begin_list(json, "fields");
+  for (const FieldCode code : written_fields())
+    add(option_name_of(code), description_of(code, language), is_required(code));
+  add(availability_name, words_of(availability_words, language), false);
+  end_list(json);
+}
+
+void add_columns(JsonText& json, const Preparation& read, ToolLanguage language) {
+  const ColumnChoice& columns = read.columns;
   const std::size_t count = std::min(columns.headings.size(), most_columns);
   begin_list(json, "headings");
   for (std::size_t k = 0; k < count; ++k) add_text(json, shown(columns.headings[k]));
@@ -81,18 +105,13 @@ void add_columns(JsonText& json, const ColumnChoice& columns, ToolLanguage langu
   for (std::size_t k = 0; k < count; ++k) {
     const auto found = std::find(columns.place.begin(), columns.place.end(), k);
     const auto code = static_cast<FieldCode>(found - columns.place.begin());
-    add_text(json, found == columns.place.end() ? std::string_view() : option_name_of(code));
+    const bool tells_gone_too = found == columns.place.end() && is_availability(read.plan.availability, k);
+    add_text(json, tells_gone_too                 ? availability_name
+                   : found == columns.place.end() ? std::string_view()
+                                                  : option_name_of(code));
   }
   end_list(json);
-  begin_list(json, "fields");
-  for (const FieldCode code : written_fields()) {
-    begin_object(json);
-    add_text(json, "name", option_name_of(code));
-    add_text(json, "description", description_of(code, language));
-    add_logical(json, "isRequired", is_required(code));
-    end_object(json);
-  }
-  end_list(json);
+  add_fields(json, language);
 }
 
 // --- What can be chosen ---
@@ -216,7 +235,7 @@ std::string export_answer(const Desk& desk, const std::optional<Refusal>& refusa
   add_text(json, "delimiter", std::string_view(&read.reading.delimiter, 1));
   add_logical(json, "hasHeader", read.columns.has_header);
   add_integer(json, "animals", read.survey.animal_count);
-  add_columns(json, read.columns, desk.language);
+  add_columns(json, read, desk.language);
   add_first_lines(json, read);
   add_choices(json, desk);
   const PreparePlan written = plan_of_report(desk);

@@ -13,10 +13,12 @@
 #include "control/steer_file.h"
 #include "core/line_reader.h"
 #include "core/new_files.h"
+#include "corrections/contained_corrections.h"
 #include "desk/export_answer.h"
 #include "desk/export_words.h"
 #include "desk/json_text.h"
 #include "desk/settings_text.h"
+#include "intake/correction_words.h"
 #include "intake/prepared_file.h"
 
 namespace pedigreewatch {
@@ -129,12 +131,13 @@ std::string write_all(const Desk& desk, const PreparePlan& plan, RunFiles& files
     return failure();
   }
   const Preparation& read = desk.preparation;
-  AvailableIds available;
+  AvailableIds& available = files.available;
+  available.keeps_reasons = true;
   make_data_file(read.text, read.reading.delimiter, plan, read.survey.sexes,
                  {take_piece, &data, &files.export_lines, has_list ? &available : nullptr});
   write_bytes(steer, steer_text(plan));
+  write_bytes(steer, corrections_line(count_outcomes(read.corrections).applied, files.export_lines.data_bytes));
   if (has_list) write_bytes(list, text_of_available(available));
-  files.available = std::move(available.ids);
   return finish_all(all, true, problem) ? std::string() : failure();
 }
 
@@ -161,6 +164,18 @@ std::string whole_text(const std::string& name) {
   return text;
 }
 
+/// The list of animals that are still there, one id a line; false when it cannot be opened.
+bool read_list(const std::string& name, RunFiles& files) {
+  LineReader reader;
+  std::string_view line;
+  if (!open_for_reading(reader, name)) return false;
+  while (read_line(reader, line)) {
+    if (!without_blanks(line).empty()) files.available.ids.emplace_back(line);
+  }
+  files.available_file = name;
+  return true;
+}
+
 std::string files_answer(const Desk& desk, std::string_view note) {
   JsonText json;
   begin_object(json);
@@ -171,7 +186,7 @@ std::string files_answer(const Desk& desk, std::string_view note) {
   add_text(json, "steerPath", desk.files->steer_file);
   add_text(json, "dataPath", desk.files->data_file);
   add_text(json, "availablePath", desk.files->available_file);
-  add_integer(json, "available", static_cast<std::int64_t>(desk.files->available.size()));
+  add_integer(json, "available", std::ssize(desk.files->available.ids));
   add_text(json, "dataName", desk.steer->data_file_name.trimmed());
   add_text(json, "reportName", desk.steer->report_file_name.trimmed());
   add_text(json, "population", desk.steer->population_name.trimmed());
@@ -228,7 +243,8 @@ std::string write_files_of_export(Desk& desk) {
   return files_answer(desk, {});
 }
 
-std::string open_given_files(Desk& desk, const std::string& steer_file, const std::string& data_file) {
+std::string open_given_files(Desk& desk, const std::string& steer_file, const std::string& data_file,
+                             const std::string& available_file) {
   forget_all(desk);
   std::string message;
   LineReader data;
@@ -236,6 +252,7 @@ std::string open_given_files(Desk& desk, const std::string& steer_file, const st
   desk.steer = read_settings(steer_file, message);
   if (!desk.steer) return message.empty() ? refusal_to_open(desk, steer_file) : refusal_answer(message);
   desk.files = RunFiles{steer_file, data_file, false};
+  if (!available_file.empty() && !read_list(available_file, *desk.files)) return refusal_to_open(desk, available_file);
   const std::string named(desk.steer->data_file_name.trimmed());
   const std::string chosen = std::filesystem::path(data_file).filename().string();
   const bool is_named = named == chosen;

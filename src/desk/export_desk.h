@@ -25,6 +25,7 @@ std::vector<std::string> apply_desk_corrections(Desk& desk);
 std::string write_files_of_export(Desk& desk);
 
 /// Takes a steer file and a data file as they are. Yields an object: messages, and what the steer file says.
-std::string open_given_files(Desk& desk, const std::string& steer_file, const std::string& data_file);
+std::string open_given_files(Desk& desk, const std::string& steer_file, const std::string& data_file,
+                             const std::string& available_file = {});
 
 }  // namespace pedigreewatch

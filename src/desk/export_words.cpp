@@ -46,7 +46,8 @@ constexpr std::array<EvidenceWording, remark_kind_count> remark_wordings = {{
     {{"Headings", "Koppen"}, {"none: the first line is an animal", "geen: de eerste regel is een dier"}},
     {{"Animals", "Dieren"}, {"{1}", "{1}"}},
     {{"Columns", "Kolommen"}, {"{1}", "{1}"}},
-    {{"", ""}, {"", ""}},
+    {{"In use", "In gebruik"},
+     {"column {1}, {2}: {3}; filled in {4}", "kolom {1}, {2}: {3}; gevuld bij {4}"}},
     {goes_on, {"Could be the {1} too, not used: {2}", "Kan ook dit zijn: {1}, niet gebruikt: {2}"}},
     {{"Fathers", "Vaders"},
      {"{1} different ones, {2} of them have a line of their own", "{1} verschillende, {2} daarvan hebben een eigen regel"}},
@@ -382,10 +383,13 @@ std::vector<std::string> texts_in_desk(const Values& values, bool begins_with_fi
 std::vector<EvidenceLine> evidence_lines(std::span<const Remark> remarks, ToolLanguage language) {
   std::vector<EvidenceLine> lines;
   for (const Remark& remark : remarks) {
-    if (remark.kind == RemarkKind::column_used) continue;
     const EvidenceWording& wording = remark_wordings[static_cast<std::size_t>(remark.kind)];
+    // The columns in use stand below each other.
+    const bool goes_on_there = remark.kind == RemarkKind::column_used && &remark != remarks.data() &&
+                               (&remark)[-1].kind == RemarkKind::column_used;
     const auto texts = texts_in_desk(remark.values, remark.kind == RemarkKind::export_read, language);
-    lines.push_back({std::string(words_of(wording.label, language)), phrase_of(wording.text, language, texts)});
+    const std::string_view label = words_of(goes_on_there ? goes_on : wording.label, language);
+    lines.push_back({std::string(label), phrase_of(wording.text, language, texts)});
   }
   return lines;
 }

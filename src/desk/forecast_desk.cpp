@@ -120,7 +120,8 @@ ForecastPageInput page_input_of(const Desk& desk, const std::vector<ScenarioSumm
           made.practice,
           made.warnings,
           desk.results->population.settings.population_name.trimmed(),
-          desk.language};
+          desk.language,
+          desk.results->population.corrections};
 }
 
 bool has_replicates(const Desk& desk) {
@@ -189,6 +190,7 @@ std::string grow_desk_forecast(Desk& desk, std::int32_t milliseconds) {
 std::string forecast_table(const Desk& desk) {
   if (!has_replicates(desk)) return {};
   TableWriter writer;
+  writer.corrections = desk.results->population.corrections;
   write_forecast_table(desk.forecast->growing->forecast, {}, writer);
   return std::move(writer.text);
 }

@@ -66,11 +66,12 @@ DeskMates work_out(const MatingWork& work, const MatingPlan& plan) {
   return mates;
 }
 
-void add_mates(JsonText& json, std::string_view name, const MatingWork& work, std::span<const std::int32_t> positions) {
+void add_mates(JsonText& json, std::string_view name, const DeskResults& results, const MatingWork& work,
+               std::span<const std::int32_t> positions) {
   begin_list(json, name);
   for (const std::int32_t position : positions) {
     begin_object(json);
-    add_animal(json, work.store, position);
+    add_animal(json, results, position);
     add_name(json, "meanKinship");
     const std::optional<double> kinship = mean_kinship_of(work, position);
     if (kinship) {
@@ -133,7 +134,7 @@ std::string find_listed(const Desk& desk, std::string_view ids) {
   for (std::size_t k = 0; k < lines.size(); ++k) {
     begin_object(json);
     if (positions[k] > 0) {
-      add_animal(json, store_of(desk), positions[k]);
+      add_animal(json, *desk.results, positions[k]);
     } else {
       add_integer(json, "position", 0);
       add_text(json, "id", lines[k].id);
@@ -168,8 +169,8 @@ std::string compare_mates(Desk& desk, std::string_view females, std::string_view
   if (!is_empty && !is_large) {
     const MatingWork work = make_mating_work(store_of(desk), candidates_of(plan));
     desk.mates = work_out(work, plan);
-    add_mates(json, "females", work, plan.females);
-    add_mates(json, "males", work, plan.males);
+    add_mates(json, "females", *desk.results, work, plan.females);
+    add_mates(json, "males", *desk.results, work, plan.males);
     add_figures(json, desk.mates, desk.board.most_inbreeding);
   }
   end_object(json);
@@ -178,14 +179,16 @@ std::string compare_mates(Desk& desk, std::string_view females, std::string_view
 
 std::string mates_table(const Desk& desk) {
   TableWriter writer;
-  if (has_mates(desk)) write_mates(desk, writer);
+  if (!has_mates(desk)) return {};
+  writer.corrections = desk.results->population.corrections;
+  write_mates(desk, writer);
   return std::move(writer.text);
 }
 
 std::string mates_workbook(const Desk& desk) {
   if (!has_mates(desk)) return {};
   WorkbookWriter workbook;
-  TableWriter writer{.workbook = &workbook, .text = {}};
+  TableWriter writer{.workbook = &workbook, .text = {}, .corrections = desk.results->population.corrections};
   begin_sheet(workbook, words_of(sheet_name, desk.language));
   write_mates(desk, writer);
   end_sheet(workbook);

@@ -15,9 +15,10 @@ namespace pedigreewatch {
 namespace {
 
 constexpr Wording table_heading = {
-    "female\tmale\tname\tborn\tF_of_offspring\tmean_kinship\tgenerations_known\toffspring\tage\tbeyond_limit\n",
+    "female\tmale\tname\tborn\tF_of_offspring\tmean_kinship\tgenerations_known\toffspring\tage\tbeyond_limit",
     "moeder\tvader\tnaam\tgeboren\tF_van_jong\tgemiddelde_verwantschap\tgeneraties_bekend\tjongen\tleeftijd\t"
-    "boven_grens\n"};
+    "boven_grens"};
+constexpr Wording corrections_heading = {"corrections_in_data", "correcties_in_gegevens"};
 
 const PopulationStore& store_of(const Desk& desk) {
   return desk.results->population.store;
@@ -36,21 +37,21 @@ void add_optional(JsonText& json, std::string_view name, const std::optional<dou
   }
 }
 
-void add_parent(JsonText& json, std::string_view name, const PopulationStore& store, std::int32_t position,
+void add_parent(JsonText& json, std::string_view name, const DeskResults& results, std::int32_t position,
                 const std::optional<double>& mean_kinship) {
   begin_object(json, name);
-  add_animal(json, store, position);
+  add_animal(json, results, position);
   add_optional(json, "meanKinship", mean_kinship);
-  add_optional(json, "equivalents", double{known_generations(store, position)});
+  add_optional(json, "equivalents", double{known_generations(results.population.store, position)});
   end_object(json);
 }
 
-void add_ancestors(JsonText& json, const PopulationStore& store, const KinshipParts& parts) {
+void add_ancestors(JsonText& json, const DeskResults& results, const KinshipParts& parts) {
   begin_list(json, "ancestors");
   for (const CommonAncestor& ancestor : parts.largest) {
     if (ancestor.position == 0) continue;
     begin_object(json);
-    add_animal(json, store, ancestor.position);
+    add_animal(json, results, ancestor.position);
     add_optional(json, "contribution", ancestor.contribution);
     end_object(json);
   }
@@ -82,7 +83,8 @@ std::string real_cell(const std::optional<double>& value) {
 
 }  // namespace
 
-void add_animal(JsonText& json, const PopulationStore& store, std::int32_t position) {
+void add_animal(JsonText& json, const DeskResults& results, std::int32_t position) {
+  const PopulationStore& store = results.population.store;
   add_integer(json, "position", position);
   add_text(json, "id", without_trailing_blanks(store.id(position)));
   add_text(json, "name", store.has_name ? without_trailing_blanks(store.name(position)) : std::string_view());
@@ -90,6 +92,11 @@ void add_animal(JsonText& json, const PopulationStore& store, std::int32_t posit
   add_integer(json, "year", store.birth_year[position]);
   add_name(json, "f");
   add_real(json, static_cast<double>(store.inbreeding[position]));
+  if (results.available.has(position)) return;
+  const bool has_reasons = results.gone_by.last() >= position;
+  const std::int32_t reason = has_reasons ? results.gone_by[position] : 0;
+  add_text(json, "gone",
+           reason == 0 ? std::string_view() : std::string_view(results.reasons[static_cast<std::size_t>(reason) - 1]));
 }
 
 std::string find_in_results(const Desk& desk, std::string_view text, std::optional<Sex> sex) {
@@ -101,7 +108,7 @@ std::string find_in_results(const Desk& desk, std::string_view text, std::option
   begin_list(json, "animals");
   for (const std::int32_t position : found.positions) {
     begin_object(json);
-    add_animal(json, store_of(desk), position);
+    add_animal(json, *desk.results, position);
     end_object(json);
   }
   end_list(json);
@@ -119,9 +126,9 @@ std::string describe_pair(const Desk& desk, std::int32_t sire, std::int32_t dam)
     add_optional(json, "offspringF", static_cast<double>(mating->pair.f));
     add_optional(json, "limit", desk.board.most_inbreeding);
     add_logical(json, "isBeyond", is_beyond(mating->pair.f, desk.board.most_inbreeding));
-    add_parent(json, "sire", store, sire, mating->male_mean_kinship);
-    add_parent(json, "dam", store, dam, mating->female_mean_kinship);
-    add_ancestors(json, store, mating->parts);
+    add_parent(json, "sire", *desk.results, sire, mating->male_mean_kinship);
+    add_parent(json, "dam", *desk.results, dam, mating->female_mean_kinship);
+    add_ancestors(json, *desk.results, mating->parts);
   }
   end_object(json);
   return std::move(json.text);
@@ -161,7 +168,7 @@ std::string list_males(const Desk& desk, std::size_t first, std::size_t count) {
   begin_list(json, "rows");
   for (const RankedMale& entry : std::span(desk.males).subspan(begin, std::min(count, desk.males.size() - begin))) {
     begin_object(json);
-    add_animal(json, store_of(desk), entry.male);
+    add_animal(json, *desk.results, entry.male);
     add_optional(json, "offspringF", static_cast<double>(entry.f));
     add_optional(json, "meanKinship", entry.mean_kinship);
     add_optional(json, "equivalents", double{known_generations(store_of(desk), entry.male)});
@@ -179,8 +186,12 @@ std::string list_males(const Desk& desk, std::size_t first, std::size_t count) {
 
 std::string males_table(const Desk& desk) {
   std::string table(words_of(table_heading, desk.language));
-  if (!is_animal(desk, desk.males_for_dam)) return table;
+  if (!is_animal(desk, desk.males_for_dam)) return table + "\n";
   const PopulationStore& store = store_of(desk);
+  const std::int64_t corrections = desk.results->population.corrections;
+  if (corrections > 0) table += "\t" + std::string(words_of(corrections_heading, desk.language));
+  const std::string end = corrections > 0 ? "\t" + std::to_string(corrections) + "\n" : "\n";
+  table += "\n";
   const std::string dam = cell(store.id(desk.males_for_dam));
   for (const RankedMale& entry : desk.males) {
     table += dam + "\t" + cell(store.id(entry.male)) + "\t";
@@ -192,7 +203,7 @@ std::string males_table(const Desk& desk) {
     table += std::to_string(store.native_offspring_count[entry.male]) + "\t";
     const std::optional<std::int32_t> age = age_of(store, entry.male);
     table += (age ? std::to_string(*age) : std::string()) + "\t";
-    table += std::string(is_beyond(entry.f, desk.board.most_inbreeding) ? "1" : "0") + "\n";
+    table += std::string(is_beyond(entry.f, desk.board.most_inbreeding) ? "1" : "0") + end;
   }
   return table;
 }

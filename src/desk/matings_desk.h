@@ -10,8 +10,9 @@
 
 namespace pedigreewatch {
 
-/// Adds the fields of an animal to an object: position, id, name, isMale, year, f.
-void add_animal(JsonText& json, const PopulationStore& store, std::int32_t position);
+/// Adds the fields of an animal to an object: position, id, name, isMale, year, f; of one that has gone also gone: what
+/// the export says of it, "Date of death: 12-03-2021", or nothing where it is only left out of a list.
+void add_animal(JsonText& json, const DeskResults& results, std::int32_t position);
 
 /// Animals of one sex, or of both, in whose identification or name the words of the text stand, in the order of
 /// `find_animals`. Yields an object: animals (position, id, name, isMale, year, f), at most 30, and count, of all.

@@ -228,6 +228,7 @@ std::string table_of(const Desk& desk, void (*write)(const PlanTables& tables, T
   const DeskPlan& made = *desk.plan;
   const PlannedMatings matings = describe_plan(store_of(desk), made.plan.candidates, made.plan.pairs);
   TableWriter writer;
+  writer.corrections = desk.results->population.corrections;
   write({store_of(desk), made.plan, matings, made.pool, made.request.matings, desk.language}, writer);
   return std::move(writer.text);
 }
@@ -346,10 +347,10 @@ std::string list_plan(const Desk& desk, std::size_t first, std::size_t count) {
     const PlannedPair& pair = desk.plan->plan.pairs[k];
     begin_object(json);
     begin_object(json, "female");
-    add_animal(json, store_of(desk), desk.plan->plan.candidates[pair.female]);
+    add_animal(json, *desk.results, desk.plan->plan.candidates[pair.female]);
     end_object(json);
     begin_object(json, "male");
-    add_animal(json, store_of(desk), desk.plan->plan.candidates[pair.male]);
+    add_animal(json, *desk.results, desk.plan->plan.candidates[pair.male]);
     end_object(json);
     add_name(json, "f");
     add_real(json, pair.kinship);
@@ -395,7 +396,9 @@ std::string plan_workbook(const Desk& desk) {
   const DeskPlan& made = *desk.plan;
   const PlannedMatings matings = describe_plan(store_of(desk), made.plan.candidates, made.plan.pairs);
   WorkbookWriter workbook;
-  write_plan_sheets({store_of(desk), made.plan, matings, made.pool, made.request.matings, desk.language}, workbook);
+  write_plan_sheets({store_of(desk), made.plan, matings, made.pool, made.request.matings, desk.language,
+                     desk.results->population.corrections},
+                    workbook);
   finish_workbook(workbook);
   return std::move(workbook.zip.bytes);
 }
@@ -408,7 +411,7 @@ std::string plan_page(const Desk& desk) {
   request.wished = fixed_pairs(made);
   return make_plan_page({store_of(desk), request, made.plan, matings, made.pool,
                          desk.results->population.settings.population_name.trimmed(), desk.language, made.is_changed,
-                         PlanSpeaker::desk});
+                         PlanSpeaker::desk, desk.results->population.corrections});
 }
 
 }  // namespace pedigreewatch

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "checks/readable_text.h"
+#include "control/corrected_data.h"
 #include "control/run_ending.h"
 #include "control/steer_file.h"
 #include "core/fixed_text.h"
@@ -27,6 +28,12 @@ namespace {
 constexpr Wording not_opened = {"The files of the run cannot be opened.", "De bestanden zijn niet te openen."};
 constexpr Wording too_large = {"There is not enough memory in this browser for a population of this size.",
                                "Deze browser heeft niet genoeg geheugen voor een populatie van deze omvang."};
+constexpr Wording names_nobody = {
+    "No animal of these data stands in the list of animals that are still there: it is not used.",
+    "Geen dier van deze gegevens staat in de lijst van dieren die er nog zijn: die telt niet mee."};
+constexpr Wording unknown_ids = {
+    "Lines of the list of animals that are still there whose identification no animal of these data has: {1}.",
+    "Regels van de lijst van dieren die er nog zijn waarvan geen dier van deze gegevens het id heeft: {1}."};
 constexpr Wording look_at_check = {
     "No figures can be made of these data. The step \"Check\" names what stands in the way.",
     "Uit deze gegevens zijn geen cijfers te maken. De stap \"Controle\" noemt wat in de weg staat."};
@@ -41,11 +48,28 @@ std::string write_whole_report(DeskResults& results, const TextOutput& made, Tex
   return std::move(report.pending);
 }
 
-/// Marks the animals of the list that came of the export.
-void take_available(std::span<const std::string> ids, DeskResults& results) {
+std::vector<ListedId> listed_ids(std::span<const std::string> ids) {
   std::vector<ListedId> listed;
   for (const std::string& id : ids) listed.push_back({std::ssize(listed) + 1, id});
-  results.available = available_listed(results.population.store, listed);
+  return listed;
+}
+
+/// Marks the animals of the list that came of the export, or with the data, and why others are not in it.
+void take_available(const AvailableIds& ids, ToolLanguage language, DeskResults& results) {
+  const PopulationStore& store = results.population.store;
+  results.available = available_listed(store, listed_ids(ids.ids));
+  if (results.available.count == 0 && ids.gone.empty()) {
+    results.available = {};
+    results.note_on_available = words_of(names_nobody, language);
+    return;
+  }
+  if (results.available.unknown_ids > 0) {
+    results.note_on_available = phrase(unknown_ids, language, {std::to_string(results.available.unknown_ids)});
+  }
+  results.reasons = ids.reasons;
+  results.gone_by = ByNumber<std::int32_t>(store.size());
+  const std::vector<std::int32_t> gone = positions_listed(store, listed_ids(ids.gone));
+  for (std::size_t k = 0; k < ids.reason_of_gone.size(); ++k) results.gone_by[gone[k]] = ids.reason_of_gone[k] + 1;
 }
 
 DeskResults make_results(const Desk& desk, LineReader& data, RunStreams& streams) {
@@ -54,11 +78,12 @@ DeskResults make_results(const Desk& desk, LineReader& data, RunStreams& streams
   SteerSettings settings = read_steer_lines(steer_file, streams);
   DeskResults results;
   results.population = analyse_population(std::move(settings), data, streams);
+  results.population.corrections = corrections_in_data(desk.files->steer_file, results.population.data_state);
   tell(desk.watch, "report");
   results.report = write_whole_report(results, streams.report, streams.console);
   tell(desk.watch, "diversity");
   results.diversity = compute_diversity(results.population.store, youngest_animals(results.population.store));
-  if (!desk.files->available_file.empty()) take_available(desk.files->available, results);
+  if (!desk.files->available_file.empty()) take_available(desk.files->available, desk.language, results);
   results.figures = compute_figures(results.population.store, results.diversity, results.available);
   results.may_live = of_breeding_age_or_younger(results.population.store);
   for (std::int32_t i = 1; i <= results.may_live.last(); ++i) {
@@ -135,6 +160,8 @@ std::string run_analysis(Desk& desk) {
     add_sire_ages(json, store);
     add_logical(json, "isAvailabilityTold", desk.results->available.is_told);
     add_integer(json, "available", desk.results->available.count);
+    add_text(json, "availableNote", desk.results->note_on_available);
+    add_integer(json, "corrections", desk.results->population.corrections);
     add_text(json, "reportName", desk.steer->report_file_name.trimmed());
   }
   end_object(json);

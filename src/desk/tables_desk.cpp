@@ -18,7 +18,9 @@ namespace {
 template <typename Write>
 std::string table_of(const Desk& desk, Write&& write) {
   TableWriter writer;
-  if (desk.results) write(*desk.results, writer);
+  if (!desk.results) return {};
+  writer.corrections = desk.results->population.corrections;
+  write(*desk.results, writer);
   return std::move(writer.text);
 }
 
@@ -87,9 +89,10 @@ std::string founders_table(const Desk& desk) {
 }
 
 std::string diversity_table(const Desk& desk) {
-  if (!desk.results) return {};
-  const ToolLanguage language = desk.results->population.settings.english ? ToolLanguage::english : ToolLanguage::dutch;
-  return write_diversity(desk.results->population.store, desk.results->diversity, language);
+  return table_of(desk, [](const DeskResults& results, TableWriter& writer) {
+    const ToolLanguage language = results.population.settings.english ? ToolLanguage::english : ToolLanguage::dutch;
+    write_diversity_table(results.population.store, results.diversity, language, writer);
+  });
 }
 
 std::string tables_workbook(const Desk& desk) {
@@ -102,9 +105,9 @@ std::string tables_workbook(const Desk& desk) {
   const ByNumber<std::int32_t> offspring = count_offspring(store);
   const ListedPopulation listed{store, results.diversity, results.figures, offspring};
   WorkbookWriter workbook;
-  TableWriter writer{.workbook = &workbook, .text = {}};
+  TableWriter writer{.workbook = &workbook, .text = {}, .corrections = population.corrections};
   const auto write = [&](std::string_view sheet, auto write_table) {
-    begin_sheet(workbook, sheet);
+    begin_table_sheet(writer, sheet);
     write_table();
     end_sheet(workbook);
   };

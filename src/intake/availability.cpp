@@ -294,18 +294,34 @@ AvailabilitySurvey survey_availability(std::string_view text, char delimiter, co
   return survey;
 }
 
-bool has_gone(const AvailabilityPlan& plan, const ExportRecord& record, const ColumnChoice& columns) {
-  if (!plan.castrated.empty() && plan.castrated.contains(std::string(trimmed(field_of(record, columns, sex_column))))) {
-    return true;
+std::optional<GoneBy> gone_by(const AvailabilityPlan& plan, const ExportRecord& record, const ColumnChoice& columns) {
+  if (!plan.castrated.empty()) {
+    const std::string_view sex = trimmed(field_of(record, columns, sex_column));
+    if (plan.castrated.contains(std::string(sex))) return GoneBy{*columns.place[sex_column], sex};
   }
-  return std::any_of(plan.columns.begin(), plan.columns.end(), [&](const AvailabilityReading& reading) {
+  for (const AvailabilityReading& reading : plan.columns) {
     const bool is_there = reading.place < record.fields.size();
     const std::string_view text = is_there ? trimmed(record.fields[reading.place]) : std::string_view();
-    if (text.empty()) return reading.is_blank_gone;
-    if (reading.gone.contains(std::string(text))) return true;
-    if (!reading.has_further_texts) return false;
-    return whereabouts_of(plan, reading, text, read_availability(text, plan.this_year)) == Whereabouts::gone;
-  });
+    const bool is_gone =
+        text.empty()
+            ? reading.is_blank_gone
+            : reading.gone.contains(std::string(text)) ||
+                  (reading.has_further_texts &&
+                   whereabouts_of(plan, reading, text, read_availability(text, plan.this_year)) == Whereabouts::gone);
+    if (is_gone) return GoneBy{reading.place, text};
+  }
+  return std::nullopt;
+}
+
+void add_gone(AvailableIds& ids, std::string id, const GoneBy& by, const ColumnChoice& columns) {
+  ids.gone.push_back(std::move(id));
+  if (!ids.keeps_reasons) return;
+  std::string reason = columns.has_header ? columns.headings[by.place] : std::string();
+  if (!reason.empty() && !by.text.empty()) reason += ": ";
+  reason += by.text;
+  const auto [place, is_new] = ids.reason_places.try_emplace(reason, static_cast<std::int32_t>(ids.reasons.size()));
+  if (is_new) ids.reasons.push_back(std::move(reason));
+  ids.reason_of_gone.push_back(place->second);
 }
 
 AvailabilityPlan plan_availability(const AvailabilitySurvey& survey, const TextCounts& sexes,

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -66,8 +68,14 @@ inline bool tells_gone(const AvailabilityPlan& plan) {
   return !plan.columns.empty() || !plan.castrated.empty();
 }
 
-/// Whether the animal of a record has gone, by any of the columns or by the word for its sex.
-bool has_gone(const AvailabilityPlan& plan, const ExportRecord& record, const ColumnChoice& columns);
+/// What says of an animal that it has gone.
+struct GoneBy {
+  std::size_t place = 0;  ///< of the column, counted from 0
+  std::string_view text;  ///< of the record; empty where the column is one of ticks
+};
+
+/// By which of the columns, or by the word for its sex, the animal of a record has gone; nothing when it is there.
+std::optional<GoneBy> gone_by(const AvailabilityPlan& plan, const ExportRecord& record, const ColumnChoice& columns);
 
 /// Decides which columns count. What stays open becomes a question. `sexes` are the texts of the sexes.
 AvailabilityPlan plan_availability(const AvailabilitySurvey& survey, const TextCounts& sexes,
@@ -76,9 +84,16 @@ AvailabilityPlan plan_availability(const AvailabilitySurvey& survey, const TextC
 
 /// The ids of the animals that are there, as they are gathered line by line.
 struct AvailableIds {
-  std::vector<std::string> ids;   ///< in the order of the export
-  std::vector<std::string> gone;  ///< of lines that say so
+  std::vector<std::string> ids;                   ///< in the order of the export
+  std::vector<std::string> gone;                  ///< of lines that say so
+  bool keeps_reasons = false;                     ///< what those lines say is kept too
+  std::vector<std::string> reasons = {};          ///< each once: "Date of death: 12-03-2021"
+  std::vector<std::int32_t> reason_of_gone = {};  ///< for each of `gone` its place among the reasons
+  std::unordered_map<std::string, std::int32_t> reason_places = {};
 };
+
+/// Takes an animal that has gone.
+void add_gone(AvailableIds& ids, std::string id, const GoneBy& by, const ColumnChoice& columns);
 
 /// Takes out the ids of which another line says that the animal has gone, and yields the list, one id a line.
 std::string text_of_available(AvailableIds& ids);

@@ -12,6 +12,7 @@
 
 #include "core/file_state.h"
 #include "core/new_files.h"
+#include "corrections/contained_corrections.h"
 #include "intake/console_words.h"
 #include "intake/correction_words.h"
 #include "intake/export_preparation.h"
@@ -210,6 +211,7 @@ bool fill_files(WrittenFiles& files, const Preparation& read, const PrepareOptio
                                       {take_piece, &files.data, &lines, files.has_available ? &available : nullptr});
   erase_progress(streams.progress);
   write_bytes(files.steer, steer_text(read.plan));
+  write_bytes(files.steer, corrections_line(count_outcomes(read.corrections).applied, lines.data_bytes));
   lines.export_name = fs::path(options.export_name).filename().string();
   write_bytes(files.lines, text_of_export_lines(lines));
   if (files.has_available) write_bytes(files.available, text_of_available(available));

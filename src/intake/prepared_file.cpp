@@ -244,8 +244,11 @@ bool make_data_file(std::string_view text, char delimiter, const PreparePlan& pl
     const LostTexts lost = append_animal(bytes, record, plan, sexes);
     if (target.available != nullptr) {
       std::string id = id_of_line(std::string_view(bytes).substr(line_start), plan.delimiter);
-      const bool is_gone = has_gone(plan.availability, record, plan.columns);
-      (is_gone ? target.available->gone : target.available->ids).push_back(std::move(id));
+      if (const std::optional<GoneBy> by = gone_by(plan.availability, record, plan.columns)) {
+        add_gone(*target.available, std::move(id), *by, plan.columns);
+      } else {
+        target.available->ids.push_back(std::move(id));
+      }
     }
     note_record(record, plan, lost, ++data_line, lines);
     note_parent_names(record, plan, names, data_line, lines);

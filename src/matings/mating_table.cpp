@@ -10,6 +10,7 @@
 
 #include "checks/readable_text.h"
 #include "core/real_text.h"
+#include "corrections/contained_corrections.h"
 #include "text/spreadsheet_cell.h"
 
 namespace pedigreewatch {
@@ -110,13 +111,14 @@ void add_judgement(TableLine& line, const MatingTable& table, const MatingPair& 
 
 }  // namespace
 
-std::string mating_heading(MatingTableForm form) {
+std::string mating_heading(MatingTableForm form, std::int64_t corrections) {
   TableLine line{form};
   for (const std::string_view column : first_columns) line.add(column);
   for (std::size_t k = 1; k <= named_ancestors; ++k) {
     for (const std::string_view column : ancestor_columns) line.add(std::string(column) + std::to_string(k));
   }
   for (const std::string_view column : last_columns) line.add(column);
+  if (corrections > 0) line.add(corrections_column);
   return line.text;
 }
 
@@ -132,13 +134,14 @@ std::string mating_row(const MatingTable& table, std::size_t pair) {
   line.add(mean_kinship_text(table.work, mating.male));
   add_ancestors(line, table, parts);
   add_judgement(line, table, mating);
+  if (table.corrections > 0) line.add(std::to_string(table.corrections));
   return line.text;
 }
 
 bool write_matings(const MatingTable& table, const std::string& name, const MatingWatch& watch, FileProblem& problem) {
   NewFile file;
   if (!begin_file(file, name, problem)) return false;
-  write_bytes(file, mating_heading(table.form) + "\n");
+  write_bytes(file, mating_heading(table.form, table.corrections) + "\n");
   for (std::size_t pair = 0; pair < table.pairs.size(); ++pair) {
     if (is_stop_requested(watch.stop_request)) {
       abandon(file);

@@ -21,10 +21,11 @@ struct MatingTable {
   MatingTableForm form = MatingTableForm::tabs;
   bool is_plain = false;                         ///< identifications that begin like a formula are written as they are
   double most_inbreeding = double{usual_bound};  ///< the limit of the board
+  std::int64_t corrections = 0;  ///< of the export, that the data contain: above 0 a last column tells how many
 };
 
 /// The names of the columns, and one line, both without their end.
-std::string mating_heading(MatingTableForm form);
+std::string mating_heading(MatingTableForm form, std::int64_t corrections = 0);
 std::string mating_row(const MatingTable& table, std::size_t pair);
 
 /// Writes the table, completely or not at all. Yields false when it cannot be written, with `problem`, or when it was

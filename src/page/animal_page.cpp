@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "page/animal_style.h"
+#include "page/corrections_note.h"
 #include "page/page.h"
 #include "page/page_text.h"
 #include "page/pedigree_drawing.h"
@@ -377,7 +378,8 @@ std::string animal_card_html(const CardInput& input, const AnimalCard& card) {
   CardWriter writer = {page, input, card};
   const std::string id = "pw-animal-" + std::to_string(card.position);
   page += "<article class=\"fa-card\" aria-labelledby=\"" + id + "\"><h2 id=\"" + id + "\">" + heading_of(writer) +
-          "</h2>\n<p class=\"fa-of\">" + isolated(population_name(input)) + ", " + text_of(input.today) + "</p>\n";
+          "</h2>\n<p class=\"fa-of\">" + isolated(population_name(input)) + ", " + text_of(input.today) + "</p>\n" +
+          corrections_note(input.population.corrections, input.language);
   write_facts(writer);
   write_pedigree(writer);
   page += "<div class=\"fa-more\">\n";

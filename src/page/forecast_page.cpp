@@ -8,6 +8,7 @@
 #include "page/chart_drawing.h"
 #include "page/chart_figure.h"
 #include "page/chart_making.h"
+#include "page/corrections_note.h"
 #include "page/page.h"
 #include "page/page_text.h"
 #include "page/whole_page.h"
@@ -282,7 +283,8 @@ std::string forecast_body(const ForecastPageInput& input) {
 
 std::string make_forecast_page(const ForecastPageInput& input) {
   const std::string title = phrase(page_title, input.language, {data_text(input.population_name)});
-  return whole_page(input.language, title, forecast_body(input), say(input, made_by));
+  const std::string body = corrections_note(input.corrections, input.language) + forecast_body(input);
+  return whole_page(input.language, title, body, say(input, made_by));
 }
 
 }  // namespace pedigreewatch

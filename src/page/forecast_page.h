@@ -28,6 +28,7 @@ struct ForecastPageInput {
   const std::vector<std::string>& warnings;  ///< likewise, on what is stated
   std::string_view population_name;          ///< bytes of the steer file
   ToolLanguage language = ToolLanguage::english;
+  std::int64_t corrections = 0;  ///< of the export, that the data contain
 };
 
 /// What stands below the main heading: to stand in an element of class "pw" of another page.

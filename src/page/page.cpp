@@ -9,6 +9,7 @@
 #include "page/animal_charts.h"
 #include "page/chart_drawing.h"
 #include "page/chart_figure.h"
+#include "page/corrections_note.h"
 #include "page/diversity_charts.h"
 #include "page/group_charts.h"
 #include "page/inbreeding_charts.h"
@@ -176,7 +177,8 @@ std::string page_body(const PageInput& input) {
 std::string make_page(const PageInput& input) {
   const PageFrame frame = make_frame(input);
   const std::string name = population_name(input);
-  return whole_page(frame.language, name, page_body(input), frame.text(made_by));
+  const std::string note = corrections_note(input.population.corrections, frame.language);
+  return whole_page(frame.language, name, note + page_body(input), frame.text(made_by));
 }
 
 }  // namespace pedigreewatch

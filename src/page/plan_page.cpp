@@ -7,6 +7,7 @@
 #include "page/bar_list.h"
 #include "page/chart_drawing.h"
 #include "page/chart_figure.h"
+#include "page/corrections_note.h"
 #include "page/page.h"
 #include "page/page_text.h"
 #include "page/whole_page.h"
@@ -266,7 +267,8 @@ std::string body_of(const PlanPageInput& input) {
 
 std::string make_plan_page(const PlanPageInput& input) {
   const std::string title = phrase(page_title, input.language, {data_text(input.population_name)});
-  return whole_page(input.language, title, body_of(input), say(input, made_by));
+  const std::string body = corrections_note(input.corrections, input.language) + body_of(input);
+  return whole_page(input.language, title, body, say(input, made_by));
 }
 
 }  // namespace pedigreewatch

@@ -22,6 +22,7 @@ struct PlanPageInput {
   ToolLanguage language = ToolLanguage::english;
   bool is_changed = false;                     ///< by hand: its pairs are not said to be the best
   PlanSpeaker speaker = PlanSpeaker::console;  ///< whose words limits are called by
+  std::int64_t corrections = 0;                ///< of the export, that the data contain
 };
 
 /// The whole page in UTF-8. It asks for nothing from anywhere.

@@ -129,9 +129,9 @@ void write_comparison_table(const PlanTables& tables, TableWriter& writer) {
 }
 
 void write_plan_sheets(const PlanTables& tables, WorkbookWriter& workbook) {
-  TableWriter writer{.workbook = &workbook, .text = {}};
+  TableWriter writer{.workbook = &workbook, .text = {}, .corrections = tables.corrections};
   const auto write = [&](std::string_view sheet, void (*table)(const PlanTables& tables, TableWriter& writer)) {
-    begin_sheet(workbook, sheet);
+    begin_table_sheet(writer, sheet);
     table(tables, writer);
     end_sheet(workbook);
   };

@@ -17,6 +17,7 @@ struct PlanTables {
   const CandidatePool& pool;
   std::int64_t wanted = 0;  ///< matings asked for
   ToolLanguage language = ToolLanguage::english;
+  std::int64_t corrections = 0;  ///< of the export, that the data contain; sheets tell them
 };
 
 /// A row for each pair.

@@ -10,6 +10,7 @@
 #include "checks/readable_text.h"
 #include "core/bit_pattern.h"
 #include "core/real_text.h"
+#include "corrections/contained_corrections.h"
 #include "text/spreadsheet_cell.h"
 
 namespace pedigreewatch {
@@ -21,7 +22,11 @@ constexpr std::int32_t most_parts = 8;  // of rows that are in memory at once
 
 /// A writer of such a table whose bytes stay in its text.
 TableWriter part_of_table(const TableWriter& writer) {
-  return {.form = writer.form, .text = {}, .is_plain = writer.is_plain};
+  return {.form = writer.form,
+          .text = {},
+          .is_plain = writer.is_plain,
+          .corrections = writer.corrections,
+          .has_heading = writer.has_heading};
 }
 
 void begin_cell(TableWriter& writer) {
@@ -129,7 +134,20 @@ void add_cell(TableWriter& writer, const Cell& cell) {
   add_nothing(writer);
 }
 
+void begin_table_sheet(TableWriter& writer, std::string_view name) {
+  begin_sheet(*writer.workbook, name);
+  writer.has_heading = false;
+}
+
 void end_row(TableWriter& writer) {
+  if (writer.corrections > 0) {
+    if (writer.has_heading) {
+      add_integer(writer, writer.corrections);
+    } else {
+      add_plain(writer, corrections_column);
+    }
+  }
+  writer.has_heading = true;
   if (writer.workbook != nullptr) return end_sheet_row(*writer.workbook);
   writer.text += '\n';
   writer.is_in_row = false;

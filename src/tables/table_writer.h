@@ -48,6 +48,8 @@ struct TableWriter {
   bool is_in_row = false;              ///< the row at hand has a cell already
   bool is_plain = false;               ///< what begins like a formula is written as it is
   std::int32_t threads = 1;            ///< that make rows at once where there are many; the bytes are the same
+  std::int64_t corrections = 0;        ///< of the export, that the data contain: above 0 a last column tells how many
+  bool has_heading = false;            ///< the first row, that of the names, has been written
   RealTexts real_texts = {};
 };
 
@@ -64,6 +66,9 @@ void add_real(TableWriter& writer, double value);
 /// A cell as it is handed over where it is not yet known what it will be; the empty state is an empty cell.
 using Cell = std::variant<std::monostate, std::int64_t, float, double, std::string>;
 void add_cell(TableWriter& writer, const Cell& cell);
+
+/// Begins another table, as a sheet of the workbook.
+void begin_table_sheet(TableWriter& writer, std::string_view name);
 
 /// Ends the row. What has been collected goes to the file in large pieces.
 void end_row(TableWriter& writer);

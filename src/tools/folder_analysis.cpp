@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "checks/readable_text.h"
+#include "control/corrected_data.h"
 #include "control/run_ending.h"
 #include "control/steer_file.h"
 #include "text/phrases.h"
@@ -80,6 +81,7 @@ std::optional<ToolRefusal> analyse_folder(FolderUse use, StopRequest stop_reques
   run.shows_subpopulations = use == FolderUse::subpopulations_too;
   try {
     population = analyse_population(std::move(settings), data, run);
+    population.corrections = corrections_in_data(std::string(steer_file_name), population.data_state);
     return std::nullopt;
   } catch (const RunStopped&) {
     return refusal_of_run(run, data, language);

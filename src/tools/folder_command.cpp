@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "control/steer_file.h"
+#include "corrections/contained_corrections.h"
 #include "tools/folder_analysis.h"
 
 namespace pedigreewatch {
@@ -57,6 +58,7 @@ int run_in_folder(std::string_view subcommand, std::string_view problem, ToolStr
   std::optional<ToolRefusal> refusal = analyse_folder(use, streams.stop_request, population);
   if (refusal) return refuse(streams, *refusal);
   FolderRun run{population, streams, language_of(population.settings)};
+  if (population.corrections > 0) say(streams.console, contained_corrections(population.corrections, run.language));
   refusal = step(run);
   return refusal ? refuse(streams, *refusal) : run.exit_status;
 }

@@ -247,15 +247,16 @@ std::vector<ForecastFile> make_files(const FolderRun& run, const ForecastOptions
   std::vector<ForecastFile> files;
   TableWriter table, summary;
   table.is_plain = summary.is_plain = options.is_plain;
+  table.corrections = summary.corrections = run.population.corrections;
   write_forecast_table(results.forecast, options.from ? std::span(results.real) : std::span<const RealYear>(), table);
   files.push_back({name("_forecast.tsv"), std::move(table.text)});
   write_forecast_summary(results.forecast, results.summaries, summary);
   files.push_back({name("_forecast_summary.tsv"), std::move(summary.text)});
   files.push_back(
-      {name("_forecast.html"),
-       make_forecast_page({results.forecast, results.summaries, results.real,
-                           results.hindcast ? &*results.hindcast : nullptr, results.practice, results.warnings,
-                           run.population.settings.population_name.trimmed(), run.language})});
+      {name("_forecast.html"), make_forecast_page({results.forecast, results.summaries, results.real,
+                                                   results.hindcast ? &*results.hindcast : nullptr, results.practice,
+                                                   results.warnings, run.population.settings.population_name.trimmed(),
+                                                   run.language, run.population.corrections})});
   return files;
 }
 

@@ -207,11 +207,13 @@ void add_tables(const PlanTables& tables, const SteerSettings& settings, bool is
   if (!tables.plan.pairs.empty()) {
     TableWriter pairs;
     pairs.is_plain = is_plain;
+    pairs.corrections = tables.corrections;
     write_plan_table(tables, pairs);
     files.push_back({name_beside_report(settings, "_plan.tsv"), std::move(pairs.text)});
   }
   TableWriter contributions;
   contributions.is_plain = is_plain;
+  contributions.corrections = tables.corrections;
   write_contributions_table(tables, contributions);
   files.push_back({name_beside_report(settings, "_contributions.tsv"), std::move(contributions.text)});
 }
@@ -221,7 +223,8 @@ void add_tables(const PlanTables& tables, const SteerSettings& settings, bool is
 std::vector<PlanFile> make_files(const PlanRun& run, const PlanRequest& request, const Plan& plan,
                                  const CandidatePool& pool, const PlannedMatings& matings) {
   const SteerSettings& settings = run.population().settings;
-  const PlanTables tables = {run.store(), plan, matings, pool, request.matings, run.language};
+  const PlanTables tables = {
+      run.store(), plan, matings, pool, request.matings, run.language, run.population().corrections};
   std::vector<PlanFile> files;
   if (run.options.wants_workbook) {
     WorkbookWriter workbook;
@@ -231,9 +234,9 @@ std::vector<PlanFile> make_files(const PlanRun& run, const PlanRequest& request,
   } else {
     add_tables(tables, settings, run.options.is_plain, files);
   }
-  files.push_back(
-      {name_beside_report(settings, "_plan.html"),
-       make_plan_page({run.store(), request, plan, matings, pool, settings.population_name.trimmed(), run.language})});
+  files.push_back({name_beside_report(settings, "_plan.html"),
+                   make_plan_page({run.store(), request, plan, matings, pool, settings.population_name.trimmed(),
+                                   run.language, false, PlanSpeaker::console, run.population().corrections})});
   return files;
 }
 

@@ -157,10 +157,11 @@ bool begin_table_file(const Tables& tables, std::string_view ending, std::vector
 template <typename Write>
 bool write_file(const Tables& tables, std::string_view name, const std::string& content, std::vector<TableFile>& files,
                 FileProblem& problem, Write write) {
-  TableWriter writer{.form = tables.form, .workbook = tables.workbook, .text = {}};
+  TableWriter writer{
+      .form = tables.form, .workbook = tables.workbook, .text = {}, .corrections = tables.run.population.corrections};
   if (tables.workbook != nullptr) {
     const std::string_view sheet = name.substr(1);
-    begin_sheet(*tables.workbook, sheet);
+    begin_table_sheet(writer, sheet);
     write(writer);
     end_sheet(*tables.workbook);
     files.back().said.push_back(tables.run.words(sheet_content, {shown(files.back().name), sheet, content}));

@@ -83,9 +83,17 @@ TEST(AllAnimals, AreChosenByWhatIsAskedFor) {
   EXPECT_EQ(herd_desk.ids("order=id\nleastKinship=99"), "");
 }
 
+TEST(AllAnimals, WishesThatCannotBeReadAreNamedAndAskForNothing) {
+  DeskWithResults herd_desk;
+  const std::string wishes =
+      "order=id\nfirstYear=2o02\nlastYear=2003\nleastF=x\nmostF=101\nleastKinship=0,5\nmostKinship=1.2.3";
+  EXPECT_EQ(choose_animals(herd_desk.desk, wishes),
+            R"({"count":4,"unread":["firstYear","leastF","mostF","mostKinship"]})");
+}
+
 TEST(AllAnimals, AreListedInAWindow) {
   DeskWithResults herd_desk;
-  EXPECT_EQ(choose_animals(herd_desk.desk, "order=id"), R"({"count":6})");
+  EXPECT_EQ(choose_animals(herd_desk.desk, "order=id"), R"({"count":6,"unread":[]})");
   EXPECT_NE(run_analysis(herd_desk.desk).find(R"("subpopulations":["north","south"])"), std::string::npos);
   EXPECT_NE(run_analysis(herd_desk.desk).find(R"("sireAges":[2,2])"), std::string::npos) << "A and C at two years each";
   const std::string rows = list_animals(herd_desk.desk, 4, 1);
@@ -98,7 +106,7 @@ TEST(AllAnimals, AreListedInAWindow) {
 
 TEST(AllAnimals, ThereAreNoneWithoutResults) {
   Desk desk;
-  EXPECT_EQ(choose_animals(desk, "order=id"), R"({"count":0})");
+  EXPECT_EQ(choose_animals(desk, "order=id"), R"({"count":0,"unread":[]})");
   EXPECT_EQ(list_animals(desk, 0, 10), R"({"rows":[]})");
 }
 

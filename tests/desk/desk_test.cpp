@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "desk/board_desk.h"
 #include "desk/check_desk.h"
 #include "desk/desk_interface.h"
@@ -214,6 +216,40 @@ TEST(Desk, TakesOnlyAnimalsThatAreStillThere) {
   EXPECT_TRUE(holds(make_desk_plan(opened.desk, "years=3\nmatings=1"), "males: 2, born 2000 to 2002"));
   EXPECT_TRUE(holds(make_desk_plan(opened.desk, "years=3\nmatings=1"), "2 animals of these ages or years"));
   EXPECT_TRUE(holds(make_desk_plan(opened.desk, "years=3\nmatings=1\nallAnimals=1"), "males: 4, born"));
+}
+
+TEST(Desk, SaysOfAnAnimalThatItHasGoneAndByWhat) {
+  OpenedDesk opened(
+      "ID,Name,Sex,Born,Father,Mother,Died\nA,x,ram,13-01-2000,,,16-03-2003\nB,x,wether,14-01-2000,,,\n"
+      "C,x,ewe,14-01-2000,,,\n");
+  write_files_of_export(opened.desk);
+  run_analysis(opened.desk);
+  const std::string found = find_in_results(opened.desk, "x");
+  EXPECT_TRUE(holds(found, R"("id":"A","name":"x","isMale":true,"year":2000,"f":0,"gone":"Died: 16-03-2003"})"))
+      << found;
+  EXPECT_TRUE(holds(found, R"("gone":"Sex: wether"})")) << found;
+  EXPECT_TRUE(holds(found, R"("id":"C","name":"x","isMale":false,"year":2000,"f":0})")) << found;
+}
+
+TEST(Desk, TakesTheListOfAnimalsStillThereWithADataFile) {
+  OpenedDesk opened(family);
+  write_files_of_export(opened.desk);
+  const auto run_with = [&](const std::string& list) {
+    const std::string name = opened.folder.path("export_available.txt");
+    std::ofstream(name, std::ios::binary) << list;
+    Desk other;
+    other.today = opened.desk.today;
+    open_given_files(other, opened.folder.path("pedigreewatch.ini"), opened.folder.path("export.txt"), name);
+    const std::string answer = run_analysis(other);
+    return answer + find_in_results(other, "Bea");
+  };
+  const std::string told = run_with("A\n\nC\r\nnobody\n");
+  EXPECT_TRUE(holds(told, R"("isAvailabilityTold":true,"available":2,"availableNote":"Lines of the list)")) << told;
+  EXPECT_TRUE(holds(told, R"("id":"B","name":"Bea","isMale":false,"year":2000,"f":0,"gone":""})")) << told;
+  const std::string none = run_with("nobody\n");
+  EXPECT_TRUE(holds(none, R"("isAvailabilityTold":false,"available":0,"availableNote":"No animal of these data)"))
+      << none;
+  EXPECT_FALSE(holds(none, "\"gone\""));
 }
 
 TEST(Desk, NamesNoSireThatHasGoneAsOneToUseLess) {

@@ -35,7 +35,8 @@ constexpr std::string_view english_fields =
     R"j({"name":"colour","description":"colour","isRequired":false},)j"
     R"j({"name":"breeder","description":"breeder","isRequired":false},)j"
     R"j({"name":"subpopulation","description":"subpopulation","isRequired":false},)j"
-    R"j({"name":"import","description":"import","isRequired":false}],)j";
+    R"j({"name":"import","description":"import","isRequired":false},)j"
+    R"j({"name":"availability","description":"who has gone","isRequired":false}],)j";
 
 constexpr std::string_view dutch_fields =
     R"j("fields":[{"name":"id","description":"id van het dier","isRequired":true},)j"
@@ -47,7 +48,8 @@ constexpr std::string_view dutch_fields =
     R"j({"name":"colour","description":"kleur","isRequired":false},)j"
     R"j({"name":"breeder","description":"fokker","isRequired":false},)j"
     R"j({"name":"subpopulation","description":"subpopulatie","isRequired":false},)j"
-    R"j({"name":"import","description":"import","isRequired":false}],)j";
+    R"j({"name":"import","description":"import","isRequired":false},)j"
+    R"j({"name":"availability","description":"welke dieren weg zijn","isRequired":false}],)j";
 
 std::string with(std::string_view before, std::string_view fields, std::string_view after) {
   return std::string(before).append(fields).append(after);
@@ -73,6 +75,11 @@ TEST(ExportAnswer, LeavesNamesAndSexesThatLookLikeOptionsAsTheyAre) {
           R"j({"label":"Letters","text":"plain letters only (ASCII)"},)j"
           R"j({"label":"Divided by","text":"; (semicolon): 3 of the first 3 lines have 5 columns"},)j"
           R"j({"label":"Headings","text":"in line 1"},{"label":"Animals","text":"2"},{"label":"Columns","text":"5"},)j"
+          R"j({"label":"In use","text":"column 1, id: id of the animal; filled in 2"},)j"
+          R"j({"label":"","text":"column 2, sex: sex; filled in 2"},)j"
+          R"j({"label":"","text":"column 3, birthdate: date of birth; filled in 2"},)j"
+          R"j({"label":"","text":"column 4, sire: id of the father; filled in 1"},)j"
+          R"j({"label":"","text":"column 5, dam: id of the mother; filled in 0"},)j"
           R"j({"label":"Fathers","text":"1 different ones, 1 of them have a line of their own"},)j"
           R"j({"label":"Mothers","text":"0 different ones, 0 of them have a line of their own"},)j"
           R"j({"label":"Unknown parents","text":"written as empty (3)"},)j"
@@ -109,6 +116,11 @@ TEST(ExportAnswer, TellsOfBlankLinesAndOfAStrayDelimiterInDutch) {
           R"j({"label":"Letters","text":"alleen gewone letters (ASCII)"},)j"
           R"j({"label":"Gescheiden door","text":"; (puntkomma): 2 van de eerste 3 regels hebben 5 kolommen"},)j"
           R"j({"label":"Koppen","text":"in regel 1"},{"label":"Dieren","text":"2"},{"label":"Kolommen","text":"5"},)j"
+          R"j({"label":"In gebruik","text":"kolom 1, id: id van het dier; gevuld bij 2"},)j"
+          R"j({"label":"","text":"kolom 2, sekse: geslacht; gevuld bij 2"},)j"
+          R"j({"label":"","text":"kolom 3, geboortedatum: geboortedatum; gevuld bij 2"},)j"
+          R"j({"label":"","text":"kolom 4, vader: id van de vader; gevuld bij 1"},)j"
+          R"j({"label":"","text":"kolom 5, moeder: id van de moeder; gevuld bij 0"},)j"
           R"j({"label":"Vaders","text":"1 verschillende, 1 daarvan hebben een eigen regel"},)j"
           R"j({"label":"Moeders","text":"0 verschillende, 0 daarvan hebben een eigen regel"},)j"
           R"j({"label":"Onbekende ouders","text":"geschreven als leeg (3)"},)j"

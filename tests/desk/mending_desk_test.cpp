@@ -6,10 +6,13 @@
 #include <string>
 
 #include "checks/finding_kinds.h"
+#include "corrections/contained_corrections.h"
 #include "desk/animal_desk.h"
 #include "desk/check_desk.h"
 #include "desk/export_desk.h"
+#include "desk/matings_desk.h"
 #include "desk/run_desk.h"
+#include "desk/tables_desk.h"
 #include "support/files.h"
 #include "support/run_folder.h"
 
@@ -69,6 +72,19 @@ TEST(MendingDesk, AppliesTheListAndTellsWhatBecameOfIt) {
   mended.check();
   EXPECT_TRUE(holds(test::bytes_of(mended.folder.path("export.txt")), "D;m;20-12-2003"));
   EXPECT_EQ(test::bytes_of(mended.folder.path("export.csv")), broken) << "the export stays as it is";
+}
+
+TEST(MendingDesk, ResultsTellHowManyCorrectionsTheyContain) {
+  MendedDesk mended;
+  mended.take("D\tbirthdate\t15-02-2x03\t20-12-2003\t\t\nC\tsire\tD\t\t\t\nE\tsire\tZ\tA\t\t\n");
+  mended.check();
+  EXPECT_TRUE(holds(run_analysis(mended.desk), R"("corrections":2,)"));
+  EXPECT_TRUE(holds(results_page(mended.desk), contained_corrections(2, ToolLanguage::english)));
+  EXPECT_TRUE(holds(animals_table(mended.desk), "\tcorrections_in_data\n"));
+  EXPECT_TRUE(holds(males_table(mended.desk), "\tbeyond_limit\n")) << "of no female";
+  rank_males(mended.desk, 2, {1900, 2020});
+  EXPECT_TRUE(holds(males_table(mended.desk), "\tbeyond_limit\tcorrections_in_data\n"));
+  EXPECT_TRUE(males_table(mended.desk).ends_with("\t2\n"));
 }
 
 TEST(MendingDesk, AnotherListBeginsWithTheExportAgain) {

@@ -36,7 +36,7 @@ DecidedGone decide_availability(const std::string& text, PrepareOptions options 
   decided.plan = plan_availability(decided.survey, sexes, decided.columns, options, decided.questions);
   animals = read_animals(text, ';', decided.columns);
   while (next_animal(animals, record, decided.columns)) {
-    if (has_gone(decided.plan, record, decided.columns)) decided.gone.emplace_back(record.fields[0]);
+    if (gone_by(decided.plan, record, decided.columns)) decided.gone.emplace_back(record.fields[0]);
   }
   return decided;
 }
@@ -176,6 +176,18 @@ TEST(Availability, CastratedMalesHaveGoneWithoutAnyColumn) {
   PrepareOptions options;
   options.present = {"wether"};
   EXPECT_FALSE(tells_gone(decide_availability(text, options).plan));
+}
+
+TEST(Availability, WhatSaysThatAnAnimalHasGoneIsKeptOnce) {
+  ColumnChoice columns;
+  columns.has_header = true;
+  columns.headings = {"id", "Died"};
+  AvailableIds ids = {.ids = {}, .gone = {}, .keeps_reasons = true};
+  for (const char* const id : {"a", "b"}) add_gone(ids, id, {1, "12-03-2021"}, columns);
+  add_gone(ids, "c", {1, ""}, columns);
+  EXPECT_EQ(ids.gone, (std::vector<std::string>{"a", "b", "c"}));
+  EXPECT_EQ(ids.reasons, (std::vector<std::string>{"Died: 12-03-2021", "Died"}));
+  EXPECT_EQ(ids.reason_of_gone, (std::vector<std::int32_t>{0, 0, 1}));
 }
 
 TEST(Availability, AnAnimalThatHasGoneByOneLineIsNotInTheList) {

@@ -33,6 +33,20 @@ TEST(TableWriter, PutsSeparatorsBetweenCellsAndEndsRows) {
   EXPECT_EQ(writer.text, "a\t\t-12\t0.25\n\tb\n");
 }
 
+TEST(TableWriter, TellsInTheLastColumnHowManyCorrectionsTheDataContain) {
+  TableWriter writer{.text = {}, .threads = 2, .corrections = 3};
+  add_plain(writer, "id");
+  end_row(writer);
+  const RowsWriter write = [](TableWriter& part, WorkPart rows) {
+    for (std::int64_t row = rows.begin; row < rows.end; ++row) {
+      add_integer(part, row);
+      end_row(part);
+    }
+  };
+  write_many_rows(writer, {1, 3}, write);
+  EXPECT_EQ(writer.text, "id\tcorrections_in_data\n1\t3\n2\t3\n");
+}
+
 TEST(TableWriter, LeavesCellsEmptyThatHaveNoFiniteValue) {
   TableWriter writer{.form = TableForm::commas, .text = {}};
   add_real(writer, std::numeric_limits<float>::quiet_NaN());
