@@ -20,6 +20,15 @@ constexpr Wording youngest_text = {"born in the last ten years, both parents kno
 constexpr Wording years_text = {"born in these years", "geboren in deze jaren"};
 constexpr Wording listed_text = {"listed animals", "dieren van de lijst"};
 constexpr Wording not_estimable = {"not estimable", "niet te schatten"};
+constexpr Wording no_complete_years = {
+    "not said, because no birth year has had all its young, or no ages of parents are known",
+    "niet gezegd, omdat geen geboortejaar al zijn jongen gehad heeft, of geen leeftijd van ouders bekend is"};
+constexpr Wording few_family_parents = {
+    "not said, because fewer than {1} sires or {1} dams born from {2} to {3} have bred",
+    "niet gezegd, omdat met minder dan {1} vaders of {1} moeders, geboren van {2} tot en met {3}, gefokt is"};
+constexpr Wording unknown_family_parents = {
+    "not said, because of more than {1} % of the animals that bred the sire or the dam, or its birth year, is unknown",
+    "niet gezegd, omdat van meer dan {1} % van de dieren waarmee gefokt is de vader of de moeder, of het geboortejaar daarvan, onbekend is"};
 constexpr Wording pairs_of_sample = {"all pairs, in part from a random sample: error below 0.2 %",
                                      "alle paren, deels uit een aselecte steekproef: fout onder 0,2 %"};
 constexpr Wording every_ancestor = {"every ancestor chosen", "alle voorouders gekozen"};
@@ -350,6 +359,20 @@ void add_family_numbers(RowList& list, std::string_view parents, std::string_vie
   add_of("covariance_of_" + of, {"of both numbers", "van beide aantallen"}, sizes.covariance);
 }
 
+void add_known_family_parents(RowList& list, const FamilySizeEstimate& families) {
+  const auto add_of = [&](const FigureName& figure, const std::optional<double>& share) {
+    DiversityRow& row = list.add(figure);
+    row.value = number(share);
+    row.n = std::to_string(families.bred_offspring);
+  };
+  add_of(
+      {"known_sires_of_bred",
+       {"share of the animals that bred, of these years on, whose sire and its birth year are known",
+        "aandeel van de dieren waarmee gefokt is, vanaf deze jaren, waarvan de vader en zijn geboortejaar bekend zijn"}},
+      families.known_parents.of_males);
+  add_of({"known_dams_of_bred", {"likewise of the dam", "evenzo van de moeder"}}, families.known_parents.of_females);
+}
+
 void add_family_sizes(RowList& list, const FamilySizeEstimate& families) {
   const auto add_year = [&](const FigureName& figure, std::int32_t year) {
     list.add(figure).value = families.last_year == 0 ? std::string() : std::to_string(year);
@@ -364,12 +387,13 @@ void add_family_sizes(RowList& list, const FamilySizeEstimate& families) {
             families.generation_interval);
   add_family_numbers(list, "sires", "sires", families.of.of_males);
   add_family_numbers(list, "dams", "dams", families.of.of_females);
+  add_known_family_parents(list, families);
   DiversityRow& size = list.add({"effective_size_by_family_sizes",
                                  {"Ne from the numbers of sires and dams and how unevenly they are used",
                                   "Ne uit de aantallen vaders en moeders en hoe ongelijk ze gebruikt zijn"}});
   size.value = number(families.effective_size);
   size.n = std::to_string(families.of.of_males.parents + families.of.of_females.parents);
-  if (!families.effective_size) list.put_text(size, not_estimable);
+  if (!families.effective_size) size.text = words_of_obstacle(families, list.language);
 }
 
 /// A text with a quotation mark would open a quotation in R and in spreadsheets; in one, the mark is doubled.
@@ -393,6 +417,21 @@ void append_line(std::string& table, const DiversityRow& row) {
 }
 
 }  // namespace
+
+std::string words_of_obstacle(const FamilySizeEstimate& families, ToolLanguage language) {
+  constexpr double per_cent = 100.0;
+  switch (families.obstacle) {
+    case FamilySizeObstacle::none: return {};
+    case FamilySizeObstacle::no_years: return std::string(words_of(no_complete_years, language));
+    case FamilySizeObstacle::few_parents:
+      return phrase(few_family_parents, language,
+                    {std::to_string(fewest_family_parents), std::to_string(families.first_year),
+                     std::to_string(families.last_year)});
+    case FamilySizeObstacle::unknown_parents: break;
+  }
+  const auto most_unknown = std::lround(per_cent * (1.0 - least_known_parents));
+  return phrase(unknown_family_parents, language, {std::to_string(most_unknown)});
+}
 
 DiversityRow diversity_header() {
   return {"figure", "value", "standard_error", "n", "text", "meaning"};

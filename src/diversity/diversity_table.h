@@ -27,6 +27,9 @@ DiversityRow diversity_header();
 std::vector<DiversityRow> diversity_rows(const PopulationStore& store, const Diversity& diversity,
                                          ToolLanguage language);
 
+/// Why nothing is said of Ne by family sizes, in one sentence; empty where it is said.
+std::string words_of_obstacle(const FamilySizeEstimate& families, ToolLanguage language);
+
 /// Header and rows, separated by tabs, each line ended by a line feed. A field with a quotation mark stands in
 /// quotation marks, with its own ones doubled.
 std::string write_diversity(const PopulationStore& store, const Diversity& diversity, ToolLanguage language);

@@ -28,8 +28,25 @@ bool is_used_as_sire(const PopulationStore& store, const BySex<ByNumber<Flag>>& 
   return uses.of_females[position] == 0 || store.sex[position] == male;
 }
 
-/// The age in years that all but one in twenty parents have not passed when their young are born; none without ages.
-std::optional<std::int32_t> late_age(const PopulationStore& store) {
+/// The ages in years between which parents are when their young are born, but for one in twenty at either end.
+struct UsualAges {
+  std::int32_t early = 0, late = 0;
+};
+
+UsualAges usual_ages(const std::vector<std::int64_t>& counts, std::int64_t all) {
+  const double most_odd = late_share * static_cast<double>(all);
+  UsualAges ages;
+  std::int64_t later = all;
+  for (std::size_t age = 0; static_cast<double>(later) > most_odd; ++age) {
+    if (static_cast<double>(all - later) <= most_odd) ages.early = static_cast<std::int32_t>(age);
+    later -= counts[age];
+    ages.late = static_cast<std::int32_t>(age);
+  }
+  return ages;
+}
+
+/// None without ages.
+std::optional<UsualAges> find_usual_ages(const PopulationStore& store) {
   std::vector<std::int64_t> counts;
   std::int64_t all = 0;
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
@@ -42,13 +59,7 @@ std::optional<std::int32_t> late_age(const PopulationStore& store) {
       ++all;
     }
   }
-  if (all == 0) return std::nullopt;
-  const double most_later = late_share * static_cast<double>(all);
-  std::int64_t later = all;
-  for (std::size_t age = 0;; ++age) {
-    later -= counts[age];
-    if (static_cast<double>(later) <= most_later) return static_cast<std::int32_t>(age);
-  }
+  return all == 0 ? std::nullopt : std::optional(usual_ages(counts, all));
 }
 
 ByNumber<BredOffspring> count_bred(const PopulationStore& store, const BySex<ByNumber<Flag>>& uses) {
@@ -90,6 +101,40 @@ FamilySizes describe_families(const std::vector<BredOffspring>& families, std::i
   return sizes;
 }
 
+/// Which part of the animals that bred, among those that may be young of the complete years, have parents
+/// that are known, and in a birth year.
+void count_known_parents(const PopulationStore& store, const BySex<ByNumber<Flag>>& uses, const UsualAges& ages,
+                         FamilySizeEstimate& estimate) {
+  const std::int64_t first = std::int64_t{estimate.first_year} + ages.early;
+  const std::int64_t last = std::int64_t{estimate.last_year} + ages.late;
+  BySex<std::int64_t> known{0, 0};
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    const std::int32_t year = store.birth_year[i];
+    if (year == 0 || year < first || year > last || store.is_import[i] != 0) continue;
+    if (uses.of_males[i] == 0 && uses.of_females[i] == 0) continue;
+    ++estimate.bred_offspring;
+    const KnownParents parents = known_parents(store, i);
+    const auto is_known = [&](std::int32_t parent) { return parent != 0 && store.birth_year[parent] != 0; };
+    known.of_males += is_known(parents.sire) ? 1 : 0;
+    known.of_females += is_known(parents.dam) ? 1 : 0;
+  }
+  if (estimate.bred_offspring == 0) return;
+  for (const Sex sex : {male, female}) {
+    estimate.known_parents.of(sex) = static_cast<double>(known.of(sex)) / static_cast<double>(estimate.bred_offspring);
+  }
+}
+
+FamilySizeObstacle obstacle_of(const FamilySizeEstimate& estimate) {
+  if (!estimate.generation_interval || !(*estimate.generation_interval > 0.0)) return FamilySizeObstacle::no_years;
+  for (const Sex sex : {male, female}) {
+    if (estimate.of.of(sex).parents < fewest_family_parents) return FamilySizeObstacle::few_parents;
+  }
+  for (const Sex sex : {male, female}) {
+    if (estimate.known_parents.of(sex).value_or(0.0) < least_known_parents) return FamilySizeObstacle::unknown_parents;
+  }
+  return FamilySizeObstacle::none;
+}
+
 }  // namespace
 
 std::optional<double> effective_size_of_families(const BySex<FamilySizes>& of, double generation_interval) {
@@ -109,10 +154,10 @@ std::optional<double> effective_size_of_families(const BySex<FamilySizes>& of, d
 FamilySizeEstimate estimate_by_family_sizes(const PopulationStore& store, const GenerationPaths& paths) {
   FamilySizeEstimate estimate;
   estimate.generation_interval = mean_of_paths(paths);
-  const std::optional<std::int32_t> age = late_age(store);
+  const std::optional<UsualAges> ages = find_usual_ages(store);
   const BirthYears& years = store.birth_years;
-  if (!age || years.dated_row_count() == 0) return estimate;
-  const std::int64_t last = std::int64_t{years.last} - 2 * std::int64_t{*age};
+  if (!ages || years.dated_row_count() == 0) return estimate;
+  const std::int64_t last = std::int64_t{years.last} - 2 * std::int64_t{ages->late};
   if (last < years.first) return estimate;
   estimate.last_year = static_cast<std::int32_t>(last);
   estimate.first_year = static_cast<std::int32_t>(std::max<std::int64_t>(last - most_complete_years + 1, years.first));
@@ -127,7 +172,9 @@ FamilySizeEstimate estimate_by_family_sizes(const PopulationStore& store, const 
   }
   const std::int32_t count = estimate.last_year - estimate.first_year + 1;
   for (const Sex sex : {male, female}) estimate.of.of(sex) = describe_families(families.of(sex), count);
-  if (estimate.generation_interval) {
+  count_known_parents(store, uses, *ages, estimate);
+  estimate.obstacle = obstacle_of(estimate);
+  if (estimate.obstacle == FamilySizeObstacle::none) {
     estimate.effective_size = effective_size_of_families(estimate.of, *estimate.generation_interval);
   }
   return estimate;

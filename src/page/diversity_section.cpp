@@ -3,6 +3,7 @@
 #include <array>
 #include <iterator>
 
+#include "diversity/diversity_table.h"
 #include "page/chart_figure.h"
 #include "page/chart_making.h"
 #include "page/diversity_charts.h"
@@ -97,8 +98,6 @@ constexpr Wording from_families = {
     "from the {1} sires and {2} dams born from {3} to {4} and how unevenly they were used; needs no deep pedigree",
     "uit de {1} vaders en {2} moeders die van {3} tot en met {4} geboren zijn en hoe ongelijk ze gebruikt zijn; vraagt geen "
     "diepe stamboom"};
-constexpr Wording no_complete_years = {"no birth year of which all young are born",
-                                       "geen geboortejaar waarvan alle jongen geboren zijn"};
 constexpr Wording with_error = {"{1} (sampling error {2})", "{1} (steekproeffout {2})"};
 constexpr Wording what_error_is = {
     "; the sampling error is that of these animals only, not the uncertainty of Ne, which is several times larger",
@@ -209,7 +208,7 @@ FigureTable::FigureRow families_row(const PageFrame& frame, const FamilySizeEsti
               std::to_string(families.first_year), std::to_string(families.last_year)});
   return {frame.text(by_families),
           {size ? report_figure(*size, 2, frame.language) : not_estimable(frame),
-           families.last_year == 0 ? frame.text(no_complete_years) : from}};
+           size ? from : words_of_obstacle(families, frame.language)}};
 }
 
 /// What is told of imports and of subpopulations, where there are any.

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "diversity/diversity_table.h"
 #include "support/diversity_pedigrees.h"
 #include "support/numbered_store.h"
 
@@ -49,31 +50,39 @@ TEST(FamilySizes, NeedTwoParentsOfEachSexAndAnInterval) {
   EXPECT_FALSE(effective_size_of_families({two, two}, 0.0).has_value());
 }
 
+/// Who of the young from 2002 on lack a parent, the first ones.
+struct Unrecorded {
+  int sires_of_daughters = 0, sires_of_sons = 0, dams_of_daughters = 0, dams_of_sons = 0;
+};
+
 /// Two sires and two dams a year from 2000 to 2008. Those of a year are young of those two years before: of the pair
 /// (1, 2) a son and both daughters, of the pair (3, 4) a son.
-std::string steady_herd() {
+std::string steady_herd(Unrecorded unrecorded = {}) {
   std::string text;
   for (int year = 2000; year <= 2008; ++year) {
-    const auto parent = [&](int place) {
-      return year < 2002 ? std::string() : std::to_string((year - 2002) * 4 + place);
+    const auto parent = [&](const char* word, int place, int& lacking) {
+      return year < 2002 || lacking-- > 0 ? std::string() : word + std::to_string((year - 2002) * 4 + place);
     };
-    const auto young = [&](const char* sex, int sire, int dam) {
-      text += std::to_string(year) + " " + sex;
-      if (year >= 2002) text += " s=" + parent(sire) + " d=" + parent(dam);
-      text += "\n";
+    const auto young = [&](bool is_son, int sire, int& no_sire, int& no_dam) {
+      text += std::to_string(year) + (is_son ? " m" : "") + parent(" s=", sire, no_sire);
+      text += parent(" d=", sire + 1, no_dam) + "\n";
     };
-    young("m", 1, 2);
-    young(".", 1, 2);
-    young("m", 3, 4);
-    young(".", 1, 2);
+    int none = 0;
+    young(true, 1, none, none);
+    young(false, 1, unrecorded.sires_of_daughters, unrecorded.dams_of_daughters);
+    young(true, 3, unrecorded.sires_of_sons, unrecorded.dams_of_sons);
+    young(false, 1, unrecorded.sires_of_daughters, unrecorded.dams_of_daughters);
   }
   return text;
 }
 
+FamilySizeEstimate estimate_of(const std::string& herd) {
+  const PopulationStore store = with_inbreeding(numbered_store(herd));
+  return estimate_by_family_sizes(store, compute_generation_paths(store));
+}
+
 TEST(FamilySizes, CountOffspringThatBredOfCompleteYears) {
-  const PopulationStore store = with_inbreeding(numbered_store(steady_herd()));
-  const GenerationPaths paths = compute_generation_paths(store);
-  const FamilySizeEstimate estimate = estimate_by_family_sizes(store, paths);
+  const FamilySizeEstimate estimate = estimate_of(steady_herd());
   // Parents are two years old: a year is complete four years before the last one.
   EXPECT_EQ(estimate.first_year, 2000);
   EXPECT_EQ(estimate.last_year, 2004);
@@ -89,6 +98,72 @@ TEST(FamilySizes, CountOffspringThatBredOfCompleteYears) {
   EXPECT_EQ(estimate.of.of_females.parents, 10);
   const double inverse = 2.0 * (2.0 + 10.0 / 9.0) / (16.0 * 2.0 * 2.0);
   EXPECT_NEAR(estimate.effective_size.value(), 1.0 / inverse, 1e-12);
+}
+
+TEST(FamilySizes, MayLackOneParentInTenOfTheAnimalsThatBred) {
+  // 20 animals that bred are born from 2002 to 2006.
+  for (const bool is_sire : {true, false}) {
+    const auto lacking = [&](int count) {
+      return estimate_of(
+          steady_herd(is_sire ? Unrecorded{.sires_of_daughters = count} : Unrecorded{.dams_of_daughters = count}));
+    };
+    const FamilySizeEstimate two = lacking(2), three = lacking(3);
+    EXPECT_EQ(two.bred_offspring, 20);
+    EXPECT_DOUBLE_EQ(two.known_parents.of(is_sire ? male : female).value(), 0.9);
+    EXPECT_DOUBLE_EQ(two.known_parents.of(is_sire ? female : male).value(), 1.0);
+    EXPECT_TRUE(two.effective_size.has_value());
+    EXPECT_DOUBLE_EQ(three.known_parents.of(is_sire ? male : female).value(), 0.85);
+    EXPECT_EQ(three.obstacle, FamilySizeObstacle::unknown_parents);
+    EXPECT_FALSE(three.effective_size.has_value());
+  }
+}
+
+TEST(FamilySizes, NeedTenParentsOfEachSex) {
+  // The second pair of a year has one son: without his sire, or dam, one parent of the ten is lacking.
+  EXPECT_EQ(estimate_of(steady_herd()).obstacle, FamilySizeObstacle::none);
+  const FamilySizeEstimate nine_sires = estimate_of(steady_herd({.sires_of_sons = 1}));
+  EXPECT_EQ(nine_sires.of.of_males.parents, 9);
+  EXPECT_EQ(nine_sires.obstacle, FamilySizeObstacle::few_parents);
+  EXPECT_FALSE(nine_sires.effective_size.has_value());
+  const FamilySizeEstimate nine_dams = estimate_of(steady_herd({.dams_of_sons = 1}));
+  EXPECT_EQ(nine_dams.of.of_females.parents, 9);
+  EXPECT_EQ(nine_dams.obstacle, FamilySizeObstacle::few_parents);
+}
+
+TEST(FamilySizes, TakeAParentWithoutABirthYearForUnknown) {
+  // A sire without a birth year has three of the 20 animals that bred: 17 of 20.
+  std::string herd = steady_herd();
+  for (const std::string pair : {"2003 s=5 d=6", "2004 s=9 d=10", "2005 s=13 d=14"}) {
+    const std::size_t sire = herd.find(pair) + std::string("2003 ").size();
+    herd.replace(sire, herd.find(' ', sire) - sire, "s=37");
+  }
+  const FamilySizeEstimate estimate = estimate_of(herd + "m\n");
+  EXPECT_DOUBLE_EQ(estimate.known_parents.of_males.value(), 0.85);
+  EXPECT_EQ(estimate.obstacle, FamilySizeObstacle::unknown_parents);
+}
+
+TEST(FamilySizes, SayWhyNothingIsSaid) {
+  FamilySizeEstimate estimate;
+  estimate.first_year = 2001;
+  estimate.last_year = 2005;
+  EXPECT_EQ(words_of_obstacle(estimate, ToolLanguage::english),
+            "not said, because no birth year has had all its young, or no ages of parents are known");
+  estimate.obstacle = FamilySizeObstacle::few_parents;
+  EXPECT_EQ(words_of_obstacle(estimate, ToolLanguage::english),
+            "not said, because fewer than 10 sires or 10 dams born from 2001 to 2005 have bred");
+  estimate.obstacle = FamilySizeObstacle::unknown_parents;
+  EXPECT_EQ(words_of_obstacle(estimate, ToolLanguage::dutch),
+            "niet gezegd, omdat van meer dan 10 % van de dieren waarmee gefokt is de vader of de moeder, of het "
+            "geboortejaar daarvan, onbekend is");
+  estimate.obstacle = FamilySizeObstacle::none;
+  EXPECT_EQ(words_of_obstacle(estimate, ToolLanguage::dutch), "");
+}
+
+TEST(FamilySizes, AskForNoParentsOfImports) {
+  const FamilySizeEstimate estimate = estimate_of(steady_herd() + "2003 m import\n2006 s=37 d=14\n");
+  EXPECT_EQ(estimate.of.of_males.parents, 11);
+  EXPECT_EQ(estimate.bred_offspring, 20);
+  EXPECT_DOUBLE_EQ(estimate.known_parents.of_males.value(), 1.0);
 }
 
 TEST(FamilySizes, TakeTheLastTenCompleteYears) {
@@ -122,6 +197,7 @@ TEST(FamilySizes, OfNobodyThereAreNone) {
   const PopulationStore store = with_inbreeding(numbered_store("2000\n2001\n"));
   const FamilySizeEstimate estimate = estimate_by_family_sizes(store, compute_generation_paths(store));
   EXPECT_EQ(estimate.last_year, 0);
+  EXPECT_EQ(estimate.obstacle, FamilySizeObstacle::no_years);
   EXPECT_FALSE(estimate.effective_size.has_value());
 }
 
