@@ -20,7 +20,10 @@ bool is_animal(const Desk& desk, std::int32_t position) {
 /// What cards of the results are made from.
 CardSource source_of(const DeskResults& results) {
   const AnimalFigures& figures = results.figures.animals;
-  return {results.population.store, results.diversity.reference.positions, figures.mean_kinship, figures.lines};
+  return {results.population.store, results.diversity.reference.positions,
+          figures.mean_kinship,     figures.lines,
+          figures.recent_3,         figures.recent_5,
+          figures.ancestral};
 }
 
 }  // namespace

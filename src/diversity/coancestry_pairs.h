@@ -15,7 +15,7 @@ inline constexpr std::size_t most_paired_animals = 4000;
 /// From the increases of coancestry dc = 1 - (1 - f) ^ (2 / (EqG_i + EqG_j)) of all pairs of different members of the
 /// pedigree, those left out in which neither has a known parent (Cervantes and others, 2011, J. Anim. Breed. Genet.
 /// 128). `equivalents` is EqG by place among the members. Of more than `most_animals` the mean has an error
-/// below 0.2 %, five times its standard error: what is proportional to f is added up over all pairs, the rest over
+/// of 0.2 % at four times its standard error: what is proportional to f is added up over all pairs, the rest over
 /// those of random animals with all others. The same on every machine.
 ///
 /// A pair shares its animals with others, so that pairs are no independent observations: the standard error is that

@@ -27,6 +27,10 @@ constexpr Wording inbreeding_label = {"Inbreeding (F)", "Inteelt (F)"};
 constexpr Wording inbreeding_known = {"{1}, as far as its ancestors are known",
                                       "{1}, voor zover de voorouders bekend zijn"};
 constexpr Wording inbreeding_unknown = {"cannot be told: a parent is unknown", "niet te zeggen: een ouder is onbekend"};
+constexpr Wording age_label = {"Recent and old inbreeding", "Recente en oude inteelt"};
+constexpr Wording age_text = {
+    "F over the last 3 generations {1}, over the last 5 {2}; of its genes {3} % were in an inbred ancestor before (ancestral inbreeding)",
+    "F over de laatste 3 generaties {1}, over de laatste 5 {2}; van zijn genen zat {3} % eerder in een ingeteelde voorouder (voorouderlijke inteelt)"};
 constexpr Wording kinship_label = {"Mean kinship", "Gemiddelde verwantschap"};
 constexpr Wording kinship_text = {"{1} % with {2}", "{1} % met {2}"};
 constexpr Wording rank_text = {"; place {1} of the {2} animals born in {3} (1 is the lowest)",
@@ -180,6 +184,14 @@ std::string inbreeding_text(const CardWriter& writer) {
                       {shown_inbreeding({writer.store(), writer.input.language}, writer.card.position)});
 }
 
+/// Nothing of an animal with an unknown parent.
+std::string inbreeding_by_age(const CardWriter& writer) {
+  if (!has_both_parents(writer.card)) return {};
+  const auto share = [&](double value) { return writer.figure(percent * value, 2); };
+  return writer.words(
+      age_text, {share(writer.card.recent_3) + " %", share(writer.card.recent_5) + " %", share(writer.card.ancestral)});
+}
+
 std::string kinship_of(const CardWriter& writer) {
   const AnimalCard& card = writer.card;
   if (!card.mean_kinship) return {};
@@ -219,6 +231,7 @@ void write_facts(CardWriter& writer) {
     add_fact(writer, subpopulation_label, data_text(store.subpopulation(position).trimmed()));
   }
   add_fact(writer, inbreeding_label, inbreeding_text(writer));
+  add_fact(writer, age_label, inbreeding_by_age(writer));
   add_fact(writer, kinship_label, kinship_of(writer));
   add_fact(writer, genes_label, genes_of(writer));
   add_fact(writer, offspring_label, offspring_of(writer));

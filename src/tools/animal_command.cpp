@@ -15,6 +15,7 @@
 #include "checks/readable_text.h"
 #include "core/fixed_text.h"
 #include "core/new_files.h"
+#include "diversity/recent_inbreeding.h"
 #include "matings/candidates.h"
 #include "page/animal_page.h"
 #include "tools/current_date.h"
@@ -175,7 +176,11 @@ std::optional<ToolRefusal> write_cards(FolderRun& run, const AnimalOptions& opti
   if (positions.empty()) return ToolRefusal{run.words(nobody_known)};
   const ByNumber<KnownLine> lines = count_known_lines(store);
   const ByNumber<float> mean_kinship = mean_kinship_of_all(store, reference.positions);
-  const CardSource source = {store, reference.positions, mean_kinship, lines};
+  constexpr std::int32_t few_generations = 3, more_generations = 5;
+  const ByNumber<float> recent_3 = recent_inbreeding(store, few_generations);
+  const ByNumber<float> recent_5 = recent_inbreeding(store, more_generations);
+  const ByNumber<float> ancestral = ancestral_inbreeding(store);
+  const CardSource source = {store, reference.positions, mean_kinship, lines, recent_3, recent_5, ancestral};
   const CardInput input = {run.population, source, reference, current_date(), run.language};
   std::vector<CardFile> files = make_files(run, options, input, positions);
   return write_files(run, options, files, positions.size());

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "diversity/recent_inbreeding.h"
 #include "diversity/reference_population.h"
 #include "support/diversity_pedigrees.h"
 #include "support/pedigrees.h"
@@ -19,14 +20,19 @@ struct CardPopulation {
   std::vector<std::int32_t> today;
   ByNumber<float> mean_kinship;
   ByNumber<KnownLine> lines;
+  ByNumber<float> recent_3, recent_5, ancestral;
 
   CardPopulation(PopulationStore animals, std::vector<std::int32_t> positions)
       : store(std::move(animals)), today(std::move(positions)) {
     mean_kinship = mean_kinship_of_all(store, today);
     lines = count_known_lines(store);
+    recent_3 = recent_inbreeding(store, 3);
+    recent_5 = recent_inbreeding(store, 5);
+    ancestral = ancestral_inbreeding(store);
   }
-  AnimalCard card(std::string_view id) const {
-    return make_card({store, today, mean_kinship, lines}, animal_named(store, id).number);
+  AnimalCard card(std::string_view id) const { return card_at(animal_named(store, id).number); }
+  AnimalCard card_at(std::int32_t position) const {
+    return make_card({store, today, mean_kinship, lines, recent_3, recent_5, ancestral}, position);
   }
 };
 
@@ -56,6 +62,38 @@ TEST(AnimalCard, NamesTheAncestorsThatItsInbreedingComesFrom) {
   EXPECT_DOUBLE_EQ(kid.parts.kinship, 0.25);
   EXPECT_DOUBLE_EQ(kid.parts.largest[0].contribution, 0.125);
   EXPECT_EQ(population.card("rex").parts.kinship, 0.0);
+}
+
+// Sires mated with their daughters, again and again.
+constexpr std::string_view back_to_father =
+    "a0 0  0  m 2001\nb0 0  0  f 2001\nk1 a0 b0 f 2002\nm1 a0 k1 m 2003\nf1 m1 k1 f 2004\nm2 m1 f1 m 2005\n";
+
+TEST(AnimalCard, TellsRecentAndAncestralInbreeding) {
+  const CardPopulation population(with_inbreeding(pedigree_from_text(back_to_father)), {1});
+  // m1, of a0 and his daughter: F = 1/4, of which nothing is beyond three generations. Its parents are not inbred.
+  const AnimalCard m1 = population.card("m1");
+  EXPECT_DOUBLE_EQ(m1.recent_3, 0.25);
+  EXPECT_DOUBLE_EQ(m1.ancestral, 0.0);
+  // f1, of m1 (F 1/4) and k1: fa = (0 + 1/4) / 2.
+  EXPECT_DOUBLE_EQ(population.card("f1").ancestral, 0.125);
+  // m2, of m1 and f1: f(m1, f1) = [f(m1, m1) + f(m1, k1)] / 2 = [5/8 + 3/8] / 2, and fa = [1/4 + 1/8 + 7/8 F(f1)] / 2
+  // with F(f1) = 3/8.
+  const AnimalCard m2 = population.card("m2");
+  EXPECT_DOUBLE_EQ(m2.parts.kinship, 0.5);
+  EXPECT_DOUBLE_EQ(m2.ancestral, (0.25 + 0.125 + 0.875 * 0.375) / 2.0);
+  EXPECT_DOUBLE_EQ(m2.recent_3, 0.5);
+}
+
+TEST(AnimalCard, TellsWhatIsOlderThanThreeGenerations) {
+  // Both lines go back to a0, in the fourth generation: F = (1/2)^7, all of it beyond three generations.
+  constexpr std::string_view two_lines =
+      "a0 0  0  m 2001\nl1 a0 0  m 2002\nr1 a0 0  f 2002\nl2 l1 0  m 2003\nr2 0  r1 f 2003\nl3 l2 0  m 2004\n"
+      "r3 0  r2 f 2004\nz  l3 r3 m 2005\n";
+  const CardPopulation population(with_inbreeding(pedigree_from_text(two_lines)), {1});
+  const AnimalCard z = population.card("z");
+  EXPECT_DOUBLE_EQ(z.parts.kinship, 1.0 / 128.0);
+  EXPECT_DOUBLE_EQ(z.recent_3, 0.0);
+  EXPECT_DOUBLE_EQ(z.recent_5, 1.0 / 128.0);
 }
 
 TEST(AnimalCard, RanksAmongTheAnimalsOfItsYear) {
@@ -124,8 +162,7 @@ TEST(AnimalCard, PartsAddUpToFInRandomPedigrees) {
     const CardPopulation population(std::move(store), std::move(today));
     const std::vector<std::vector<double>> relationships = tabular_relationships(population.store);
     for (std::int32_t i = 1; i <= population.store.animal_count; ++i) {
-      const AnimalCard card =
-          make_card({population.store, population.today, population.mean_kinship, population.lines}, i);
+      const AnimalCard card = population.card_at(i);
       const auto place = static_cast<std::size_t>(i - 1);
       EXPECT_NEAR(card.parts.kinship, relationships[place][place] - 1.0, 1e-6);
       double kinship = 0.0;
