@@ -16,7 +16,8 @@ std::string with_dots(std::string_view text, std::size_t most_letters) {
     if (count == most_letters) return result + "...";
     const char32_t letter = take_letter(text);
     const bool is_control = letter < 0x20 || (letter >= 0x7F && letter < 0xA0);
-    const bool changes_direction = letter >= 0x200B && letter <= 0x202E;
+    // Between these stand quotation marks and dashes.
+    const bool changes_direction = (letter >= 0x200B && letter <= 0x200F) || (letter >= 0x2028 && letter <= 0x202E);
     append_letter(result, is_control || changes_direction ? U'.' : letter);
   }
   return result;
