@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include "intake/column_recognition.h"
 #include "intake/date_shapes.h"
 #include "intake/value_words.h"
 #include "text/folded_words.h"
@@ -17,6 +18,11 @@ constexpr auto pedigree_fields = std::to_array({id_column, sire_column, dam_colu
 bool is_blank(const ExportRecord& record) {
   return std::all_of(record.fields.begin(), record.fields.end(),
                      [](std::string_view field) { return trimmed(field).empty(); });
+}
+
+std::ptrdiff_t count_filled(const ExportRecord& record) {
+  return std::count_if(record.fields.begin(), record.fields.end(),
+                       [](std::string_view field) { return !trimmed(field).empty(); });
 }
 
 /// Whether all fields that make an animal are empty.
@@ -47,6 +53,44 @@ bool repeats_headings(const ExportRecord& record, const ColumnChoice& columns) {
   return same >= 2 && same * 2 > filled;
 }
 
+/// Whether three fields or more, and most of those that are filled, hold a heading of what their column holds, in
+/// whatever words. Nearly every date has a digit, and is looked at no further.
+bool holds_other_headings(const ExportRecord& record, const ColumnChoice& columns) {
+  constexpr int fewest_headings = 3;
+  const std::string_view date = trimmed(field_of(record, columns, birthdate_column));
+  if (date.empty() || date.find_first_of("0123456789") != std::string_view::npos || means_unknown(date)) return false;
+  if (meaning_of(date).code != birthdate_column) return false;
+  int headings = 0, filled = 0;
+  for (const FieldCode code : pedigree_fields) {
+    const std::string_view field = trimmed(field_of(record, columns, code));
+    filled += field.empty() ? 0 : 1;
+    headings += !field.empty() && meaning_of(field).code == code ? 1 : 0;
+  }
+  return headings >= fewest_headings && headings * 2 > filled;
+}
+
+/// A number alone on its line that is no identification: how many animals there are.
+bool is_lone_number(const ExportRecord& record, const ColumnChoice& columns) {
+  const std::string_view id = trimmed(field_of(record, columns, id_column));
+  return is_unlike_number(columns.id_style, id) && count_filled(record) == 1;
+}
+
+bool is_plain_number(std::string_view text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+/// "Total" in the place of an id, with a number somewhere behind it: one parent at most, and few fields.
+bool is_total(const ExportRecord& record, const ColumnChoice& columns) {
+  constexpr std::ptrdiff_t most_fields_of_a_total = 5;
+  const std::string_view id = trimmed(field_of(record, columns, id_column));
+  if (!is_unlike(columns.id_style, id) || !has_remark_word(id)) return false;
+  const bool has_both_parents = !trimmed(field_of(record, columns, sire_column)).empty() &&
+                                !trimmed(field_of(record, columns, dam_column)).empty();
+  const bool has_number = std::any_of(record.fields.begin(), record.fields.end(),
+                                      [](std::string_view field) { return is_plain_number(trimmed(field)); });
+  return has_number && !has_both_parents && count_filled(record) <= most_fields_of_a_total;
+}
+
 /// "Total: 8", "8 dieren": a word of totals beside something else. Told where there are too few ids to know how they
 /// are written.
 bool is_like_total(std::string_view text) {
@@ -61,11 +105,6 @@ bool says_nothing(std::string_view field, FieldCode code, const TextStyle& ids) 
   if (code != birthdate_column) return is_unlike(ids, field);
   const DateShape shape = cut_date(field).shape;
   return shape == DateShape::empty || shape == DateShape::unreadable;
-}
-
-std::ptrdiff_t count_filled(const ExportRecord& record) {
-  return std::count_if(record.fields.begin(), record.fields.end(),
-                       [](std::string_view field) { return !trimmed(field).empty(); });
 }
 
 /// What a record is before anybody knows which column holds the ids: a remark fills one field or two of many.
@@ -102,9 +141,12 @@ RecordKind kind_of_record(const ExportRecord& record, const ColumnChoice& column
   if (record.is_unterminated) return RecordKind::animal;  // it is refused, with its line
   if (!columns.place[static_cast<std::size_t>(id_column)]) return kind_without_columns(record, columns);
   if (tells_of_no_animal(record, columns)) return is_blank(record) ? RecordKind::blank : RecordKind::remark;
-  if (columns.has_header && repeats_headings(record, columns)) return RecordKind::header_again;
+  if (columns.has_header && (repeats_headings(record, columns) || holds_other_headings(record, columns))) {
+    return RecordKind::header_again;
+  }
   const bool has_no_young = !columns.animals_of_line.empty() && trimmed(field_of(record, columns, id_column)).empty();
-  return has_no_young || is_remark(record, columns) ? RecordKind::remark : RecordKind::animal;
+  const bool tells_counts = is_lone_number(record, columns) || is_total(record, columns);
+  return has_no_young || tells_counts || is_remark(record, columns) ? RecordKind::remark : RecordKind::animal;
 }
 
 bool next_animal(RecordReader& reader, ExportRecord& record, const ColumnChoice& columns) {
@@ -125,7 +167,7 @@ TextStyle find_id_style(std::string_view text, char delimiter, const ColumnChoic
     const bool is_whole = record.fields.size() == columns.headings.size();
     const std::string_view date = field_of(record, columns, birthdate_column);
     const bool has_date = date.find_first_of("0123456789") != std::string_view::npos;
-    if (!id.empty() && is_whole && has_sex && has_date) count_signs(counts, id);
+    if (!id.empty() && is_whole && has_sex && has_date && !has_remark_word(id)) count_signs(counts, id);
   }
   return style_of(counts);
 }

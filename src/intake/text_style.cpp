@@ -26,6 +26,7 @@ void count_signs(StyleCounts& counts, std::string_view text) {
     counts.longest_word = std::max(counts.longest_word, word);
   }
   ++counts.texts;
+  counts.shortest = std::min(counts.shortest, text.size());
   for (std::size_t i = 0; i < has.size(); ++i) counts.with[i] += has[i] ? 1 : 0;
 }
 
@@ -36,8 +37,15 @@ TextStyle style_of(const StyleCounts& counts) {
     style.is_usual[byte] = counts.with[sign_of(static_cast<unsigned char>(byte))] * rare_style > counts.texts;
   }
   style.needs_digit = (counts.texts - counts.with[digit]) * rare_style < counts.texts;
+  style.needs_letter = (counts.texts - counts.with[letter]) * rare_style < counts.texts;
   style.longest_word = counts.longest_word;
+  style.shortest = counts.shortest;
   return style;
+}
+
+bool is_unlike_number(const TextStyle& style, std::string_view text) {
+  const bool is_number = !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+  return style.is_known && is_number && (style.needs_letter || text.size() < style.shortest);
 }
 
 bool is_unlike(const TextStyle& style, std::string_view text) {

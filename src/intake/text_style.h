@@ -14,14 +14,15 @@ struct StyleCounts {
   std::int64_t texts = 0;
   std::array<std::int64_t, 128> with = {};
   std::size_t longest_word = 0;  ///< letters in a row
+  std::size_t shortest = SIZE_MAX;
 };
 
 /// How texts are written, as one look at each byte tells.
 struct TextStyle {
   bool is_known = false;                ///< false: there are too few texts to tell
   std::array<bool, 256> is_usual = {};  ///< bytes that belong to the style
-  bool needs_digit = false;
-  std::size_t longest_word = 0;
+  bool needs_digit = false, needs_letter = false;
+  std::size_t longest_word = 0, shortest = 0;
 };
 
 /// Fewer texts have no style.
@@ -33,6 +34,10 @@ inline constexpr std::int64_t rare_style = 100;
 void count_signs(StyleCounts& counts, std::string_view text);
 
 TextStyle style_of(const StyleCounts& counts);
+
+/// Whether a number has no letter where all texts have one, or fewer digits than any of them has signs. False for
+/// other texts, and where the style is not known.
+bool is_unlike_number(const TextStyle& style, std::string_view text);
 
 /// Whether a text is written unlike the others: with a sign that they lack, with a longer word, or without the digits
 /// that they have. False where the style is not known.

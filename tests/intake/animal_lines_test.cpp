@@ -45,6 +45,41 @@ TEST(KindOfRecord, TotalsAndRemarks) {
   }
 }
 
+TEST(KindOfRecord, HeadersAgainInOtherWords) {
+  EXPECT_EQ(kinds_behind("I D ;Name;Father;Mother;SEX;Date of birth\nAnimal;naam;Vader;Moeder;Geslacht;Geboren\n"),
+            (Kinds{RecordKind::header_again, RecordKind::header_again}));
+  EXPECT_EQ(kinds_behind("NL7;x;Sire;Dam;M;Born\n"), Kinds{RecordKind::header_again});         // three of five
+  EXPECT_EQ(kinds_behind("NL7;x;NL100;Dam;M;Born\n"), Kinds{RecordKind::animal});              // two
+  EXPECT_EQ(kinds_behind("ID;x;Sire;Dam;Sex;14-03-1990\n"), Kinds{RecordKind::header_again});  // in its own words
+  EXPECT_EQ(kinds_behind("Animal;x;Father;Mother;Geslacht;14-03-1990\n"), Kinds{RecordKind::animal});
+}
+
+TEST(KindOfRecord, CountsAndTotalsWithDates) {
+  for (const char* const line : {"30", "30;;;;;", "Total;;;;30;22-11-2026", "Totaal;30;;;M;22-11-2026",
+                                 "Sum;a;NL100;;30;1-1-2026", "Anzahl;30;;;m;"}) {
+    EXPECT_EQ(kinds_behind(line), Kinds{RecordKind::remark}) << line;
+  }
+  for (const char* const line :
+       {"30;Rex;;;;", "NL7;;;;;", "Total;;NL100;NL101;M;14-03-1990", "Sum;a;NL100;;M;1-1-2026;b"}) {
+    EXPECT_EQ(kinds_behind(line), Kinds{RecordKind::animal}) << line;
+  }
+}
+
+TEST(IsUnlikeNumber, WithoutALetterOrWithFewerDigits) {
+  const auto style = [](const std::string& before, int others) {
+    StyleCounts counts;
+    for (int k = 0; k < 200; ++k) count_signs(counts, (k < others ? "" : before) + std::to_string(1000 + k));
+    return style_of(counts);
+  };
+  EXPECT_TRUE(is_unlike_number(style("NL", 0), "4000"));
+  EXPECT_TRUE(is_unlike_number(style("NL", 1), "4000"));
+  EXPECT_FALSE(is_unlike_number(style("NL", 2), "4000"));  // one in a hundred
+  EXPECT_FALSE(is_unlike_number(style("", 0), "4000"));
+  EXPECT_TRUE(is_unlike_number(style("", 0), "400"));
+  EXPECT_FALSE(is_unlike_number(style("NL", 0), "NL1"));
+  EXPECT_FALSE(is_unlike_number(TextStyle(), "400"));
+}
+
 TEST(KindOfRecord, ATotalBelowAFewAnimals) {
   const ColumnChoice columns =
       choose_columns(std::vector<std::string>{"ID", "Name", "Sire", "Dam", "Sex", "Born"}, {});  // no style of ids
