@@ -17,6 +17,7 @@ namespace pedigreewatch {
 namespace {
 
 constexpr std::size_t most_texts = 2000;  ///< of a list that somebody looks through
+constexpr std::size_t most_states_shown = 50;
 
 // --- What is said: questions with their answers, and the evidence ---
 
@@ -197,6 +198,34 @@ void add_dates(JsonText& json, const DateSurvey& survey, const DatePlan& dates, 
   end_object(json);
 }
 
+/// The columns that tell, or may tell, which animals have gone: each text with its number, and whether it says so.
+void add_availability(JsonText& json, const Preparation& read) {
+  begin_list(json, "availability");
+  for (const AvailabilityColumn& column : read.survey.availability.columns) {
+    const auto& readings = read.plan.availability.columns;
+    const auto reading = std::find_if(readings.begin(), readings.end(),
+                                      [&](const AvailabilityReading& entry) { return entry.place == column.place; });
+    const bool is_used = reading != readings.end();
+    begin_object(json);
+    add_integer(json, "column", static_cast<std::int64_t>(column.place) + 1);
+    add_text(json, "heading", shown(read.columns.headings[column.place]));
+    add_logical(json, "isUsed", is_used);
+    begin_list(json, "texts");
+    std::size_t count = 0;
+    for (const CountedText* entry : by_frequency(column.texts)) {
+      if (count++ == most_states_shown) break;
+      begin_object(json);
+      add_text(json, "text", entry->text);
+      add_integer(json, "count", entry->count);
+      add_logical(json, "isGone", is_used && reading->gone.contains(entry->text));
+      end_object(json);
+    }
+    end_list(json);
+    end_object(json);
+  }
+  end_list(json);
+}
+
 void add_species(JsonText& json, const Desk& desk) {
   add_text(json, "species", desk.preparation.plan.species);
   begin_list(json, "allSpecies");
@@ -208,6 +237,7 @@ void add_choices(JsonText& json, const Desk& desk) {
   const Preparation& read = desk.preparation;
   add_sexes(json, read);
   add_unknown_parents(json, read);
+  add_availability(json, read);
   add_names(json, "subpopulations", read.survey.subpopulations, subpopulation_column, read.plan.subpopulations);
   add_names(json, "colours", read.survey.colours, colour_column, read.plan.colours);
   add_dates(json, read.survey.dates, read.plan.dates, desk.options.language);

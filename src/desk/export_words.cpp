@@ -290,6 +290,10 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "and plans leave such animals out. Choose whether it counts.",
      "In {1} staat misschien welke dieren dood, verkocht, weg of gecastreerd zijn, maar kop en teksten kloppen niet met "
      "elkaar: {2}. Paringen en plannen laten zulke dieren weg. Kies of het meetelt."},
+    {"By {1} all animals would be dead, sold, exported or castrated: {2}. Matings and plans would have none left. Choose "
+     "whether it counts.",
+     "Volgens {1} zouden alle dieren dood, verkocht, weg of gecastreerd zijn: {2}. Voor paringen en plannen bleef er geen "
+     "over. Kies of het meetelt."},
     {"Animals that have gone, in \"{1}\": there is no column of that heading or number (there are {2} columns).",
      "Dieren die weg zijn, in \"{1}\": er is geen kolom met die kop of dat nummer (er zijn {2} kolommen)."},
     {"It is not clear what these texts in {1} say of the animals: {2}. Choose those which mean that an animal has gone (is "

@@ -116,6 +116,10 @@ TextTally tally(const AvailabilityColumn& column) {
 /// What a text of this kind says in a column of this heading.
 Whereabouts meaning_in(AvailabilityHeading heading, AvailabilityText text) {
   const bool is_about_gone = heading == AvailabilityHeading::gone, is_about_here = heading == AvailabilityHeading::here;
+  if (heading == AvailabilityHeading::reason) {
+    const bool is_none = text == AvailabilityText::nothing || text == AvailabilityText::no;
+    return is_none || text == AvailabilityText::here ? Whereabouts::here : Whereabouts::gone;
+  }
   switch (text) {
     case AvailabilityText::gone: return Whereabouts::gone;
     case AvailabilityText::here: return Whereabouts::here;
@@ -156,23 +160,38 @@ ToldAnimals count_told(AvailabilityHeading heading, const TextTally& texts) {
   return told;
 }
 
-enum class Verdict : std::uint8_t { unused, used, unclear };
+/// Of a column that is open, some texts are: each is asked about. Where all are gone, or heading and texts do not
+/// agree, it is asked whether the column counts.
+enum class Verdict : std::uint8_t { unused, used, open, all_gone, unclear };
+
+/// Whether a column has so few texts as codes of states are.
+bool holds_states(const AvailabilityColumn& column, const ToldAnimals& told) {
+  const auto filled = std::count_if(column.texts.texts.begin(), column.texts.texts.end(),
+                                    [](const CountedText& entry) { return !entry.text.empty(); });
+  // A text that all animals have tells nothing.
+  return column.texts.left_out == 0 && column.texts.texts.size() > 1 &&
+         static_cast<std::size_t>(filled) <= most_states && told.filled >= fewest_availability_texts;
+}
 
 Verdict judge(const AvailabilityColumn& column) {
   const TextTally texts = tally(column);
   const ToldAnimals told = count_told(column.heading, texts);
   const bool is_understood = told.filled > 0 && told.unknown * tolerated_odd_availability <= told.filled;
-  const bool agrees = is_understood && told.gone < texts.all();
+  if (is_understood && told.gone == texts.all() && column.heading != AvailabilityHeading::remarks) {
+    return Verdict::all_gone;
+  }
+  const Verdict if_states = holds_states(column, told) ? Verdict::open : Verdict::unclear;
   switch (column.heading) {
     case AvailabilityHeading::gone:
       if (told.filled == 0) return Verdict::unused;
-      return agrees ? Verdict::used : Verdict::unclear;
+      return is_understood ? Verdict::used : if_states;
+    case AvailabilityHeading::reason: return told.filled == 0 ? Verdict::unused : Verdict::used;
     case AvailabilityHeading::here:
-      if (told.filled == told.unknown) return Verdict::unused;
-      return agrees ? Verdict::used : Verdict::unclear;
+      if (is_understood) return told.gone > 0 ? Verdict::used : Verdict::unused;
+      return told.filled == told.unknown ? Verdict::unused : if_states;
     case AvailabilityHeading::status:
-      if (told.gone == 0) return Verdict::unused;
-      return agrees ? Verdict::used : Verdict::unclear;
+      if (is_understood) return told.gone > 0 ? Verdict::used : Verdict::unused;
+      return told.gone == 0 && if_states == Verdict::unclear ? Verdict::unused : if_states;
     case AvailabilityHeading::remarks: return told.gone > 0 ? Verdict::used : Verdict::unused;
     case AvailabilityHeading::none: break;
   }
@@ -231,8 +250,8 @@ std::string numbers_of(std::span<const std::size_t> places) {
   return numbers.empty() ? "none" : numbers;
 }
 
-/// Asks whether columns count whose heading and texts do not agree.
-void ask_for_columns(const AvailabilitySurvey& survey, std::span<const std::size_t> unclear,
+/// Asks whether columns count of which that is not clear.
+void ask_for_columns(QuestionKind kind, const AvailabilitySurvey& survey, std::span<const std::size_t> unclear,
                      const ColumnChoice& columns, const AvailabilityPlan& plan, std::vector<Question>& questions) {
   std::vector<std::size_t> sure;
   for (const AvailabilityReading& reading : plan.columns) sure.push_back(reading.place);
@@ -245,14 +264,14 @@ void ask_for_columns(const AvailabilitySurvey& survey, std::span<const std::size
     list = list_counted(column.texts, [](const CountedText& entry) { return !entry.text.empty(); });
   }
   const std::string with = numbers_of(all), without = numbers_of(sure);
-  questions.push_back({QuestionKind::availability_unclear,
+  questions.push_back({kind,
                        {list_columns(unclear, columns), std::move(list), with, without},
                        Setting::availability,
                        unused_column,
                        {{with, "yes"}, {without, "no"}}});
 }
 
-/// Asks for the texts of a wished column that nobody knows, where they are more than a few.
+/// Asks for the texts of a column that nobody knows, where they are more than a few.
 void ask_for_texts(const AvailabilityColumn& column, const AvailabilityReading& reading, const ColumnChoice& columns,
                    std::vector<Question>& questions) {
   std::int64_t filled = 0, open = 0;
@@ -332,16 +351,25 @@ AvailabilityPlan plan_availability(const AvailabilitySurvey& survey, const TextC
   plan.said_here = options.present;
   plan.this_year = options.this_year;
   questions.insert(questions.end(), survey.questions.begin(), survey.questions.end());
-  std::vector<std::size_t> unclear;
+  std::vector<std::size_t> unclear, all_gone;
   for (const AvailabilityColumn& column : survey.columns) {
     const Verdict verdict = column.is_wished ? Verdict::used : judge(column);
     if (verdict == Verdict::unclear) unclear.push_back(column.place);
-    if (verdict != Verdict::used) continue;
-    plan.columns.push_back(reading_of(column, plan));
+    if (verdict == Verdict::all_gone) all_gone.push_back(column.place);
+    if (verdict != Verdict::used && verdict != Verdict::open) continue;
+    AvailabilityReading reading = reading_of(column, plan);
     const bool is_free_text = column.heading == AvailabilityHeading::remarks;
-    if (column.is_wished && !is_free_text) ask_for_texts(column, plan.columns.back(), columns, questions);
+    const bool is_asked_about = (column.is_wished && !is_free_text) || verdict == Verdict::open;
+    if (is_asked_about) ask_for_texts(column, reading, columns, questions);
+    // States of which the user says that none means gone.
+    const bool tells_nothing = verdict == Verdict::open && reading.gone.empty() && reading.not_counted.empty();
+    if (!tells_nothing) plan.columns.push_back(std::move(reading));
   }
-  if (!unclear.empty()) ask_for_columns(survey, unclear, columns, plan, questions);
+  if (!unclear.empty()) {
+    ask_for_columns(QuestionKind::availability_unclear, survey, unclear, columns, plan, questions);
+  } else if (!all_gone.empty()) {
+    ask_for_columns(QuestionKind::availability_all_gone, survey, all_gone, columns, plan, questions);
+  }
   find_castrated(sexes, plan);
   return plan;
 }

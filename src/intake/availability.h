@@ -23,6 +23,9 @@ inline constexpr std::int64_t tolerated_odd_availability = 50;
 /// Fewer texts tell nothing of a column whose heading nobody knows.
 inline constexpr std::int64_t fewest_availability_texts = 20;
 
+/// A status is asked about when it has at most so many different texts.
+inline constexpr std::size_t most_states = 12;
+
 /// A column that may say which animals have gone.
 struct AvailabilityColumn {
   std::size_t place = 0;  ///< counted from 0

@@ -32,6 +32,7 @@ constexpr auto gone_words = std::to_array<std::string_view>({
     "castrada", "esterilizado", "esterilizada", "robado", "robada", "inactivo", "inactiva", "baja",
     "morto", "morta", "deceduto", "deceduta", "macellato", "macellata", "venduto", "venduta", "esportato", "esportata", "castrato", "castrata",
     "sterilizzato", "sterilizzata", "rubato", "rubata", "inattivo", "inattiva", "uscito", "uscita",
+    "slaughterhouse", "slachthuis", "schlachthof", "abattoir", "matadero", "macello", "mattatoio",
 });
 
 constexpr auto here_words = std::to_array<std::string_view>({
@@ -83,6 +84,23 @@ constexpr auto gone_headings = std::to_array<std::string_view>({
 constexpr auto here_headings = std::to_array<std::string_view>({"breedinganimal", "fokwaardig", "fokgeschikt", "zuchttauglichkeit"});
 constexpr auto status_headings = std::to_array<std::string_view>({
     "status", "state", "toestand", "stand", "situatie", "situation", "zustand", "statut", "etat", "estado", "situacion", "stato", "situazione",
+});
+// Why something is, and, written as one word, why an animal has gone.
+constexpr auto reason_words = std::to_array<std::string_view>({
+    "reason", "reasons", "cause", "reden", "redenen", "oorzaak", "grund", "grunde", "ursache", "raison", "motif", "causa", "motivo", "razon", "razones",
+});
+constexpr auto reason_headings = std::to_array<std::string_view>({
+    "afvoerreden", "afvoeroorzaak", "doodsoorzaak", "sterfteoorzaak", "uitvalreden", "uitvalsreden", "verkoopreden", "slachtreden",
+    "abgangsgrund", "abgangsursache", "todesursache", "sterbegrund", "schlachtgrund", "verkaufsgrund",
+});
+// Where an animal is: gone where a word says so, else there.
+constexpr auto place_headings = std::to_array<std::string_view>({
+    "location", "locatie", "whereabouts", "verblijfplaats", "verblijf", "standort", "aufenthalt", "aufenthaltsort", "emplacement", "ubicacion", "localizacion",
+    "ubicazione", "localita", "posizione",
+});
+// Behind a heading these say how it is answered: "Died (y/n)".
+constexpr auto answer_words = std::to_array<std::string_view>({
+    "y", "n", "j", "o", "s", "yes", "no", "ja", "nee", "nein", "oui", "non", "si", "yn", "jn", "yesno", "janee", "janein", "ouinon", "sino", "x",
 });
 constexpr auto remark_headings = std::to_array<std::string_view>({
     "note", "notes", "remark", "remarks", "comment", "comments", "memo", "opmerking", "opmerkingen", "bijzonderheden", "commentaar", "notitie", "notities",
@@ -201,16 +219,35 @@ AvailabilityHeading heading_of_word(std::string_view word) {
   if (is_among(word, gone_headings) || is_among(word, gone_words)) return AvailabilityHeading::gone;
   if (is_among(word, here_headings) || is_among(word, here_words)) return AvailabilityHeading::here;
   if (is_among(word, status_headings)) return AvailabilityHeading::status;
-  return is_among(word, remark_headings) ? AvailabilityHeading::remarks : AvailabilityHeading::none;
+  if (is_among(word, reason_headings)) return AvailabilityHeading::reason;
+  const bool is_any = is_among(word, remark_headings) || is_among(word, place_headings);
+  return is_any ? AvailabilityHeading::remarks : AvailabilityHeading::none;
+}
+
+/// A heading without the answers behind it: "Died" of "Died (y/n)".
+std::string_view without_answers(std::string_view heading) {
+  const std::size_t open = heading.find_first_of("([");
+  if (open == std::string_view::npos || open == 0) return heading;
+  const std::vector<std::string> answers = words_of_text(heading.substr(open));
+  const bool are_answers = !answers.empty() && std::all_of(answers.begin(), answers.end(), [](const std::string& word) {
+    return is_among(word, answer_words);
+  });
+  return are_answers ? heading.substr(0, open) : heading;
 }
 
 }  // namespace
 
 AvailabilityHeading read_availability_heading(std::string_view heading) {
   constexpr std::size_t longest = 60;
+  heading = without_answers(heading);
   if (heading.size() > longest || read_heading(heading).owner != HeadingOwner::animal) return AvailabilityHeading::none;
   AvailabilityHeading kind = AvailabilityHeading::none;
+  bool is_reason = false;
   for (const std::string& word : words_of_heading(heading)) {
+    if (is_among(word, reason_words)) {
+      is_reason = true;
+      continue;
+    }
     const AvailabilityHeading said = heading_of_word(word);
     if (said == AvailabilityHeading::none && !is_plain_heading_word(word) && !is_among(word, small_words)) {
       return AvailabilityHeading::none;
@@ -219,7 +256,8 @@ AvailabilityHeading read_availability_heading(std::string_view heading) {
     if (said == AvailabilityHeading::status) return said;
     if (kind == AvailabilityHeading::none) kind = said;
   }
-  return kind;
+  if (!is_reason) return kind;
+  return kind == AvailabilityHeading::gone ? AvailabilityHeading::reason : AvailabilityHeading::none;
 }
 
 AvailabilityText read_availability(std::string_view text, std::int32_t this_year) {

@@ -13,6 +13,7 @@ enum class AvailabilityHeading : std::uint8_t {
   gone,     ///< what stands in it says that the animal has gone: "Date of death", "Verkocht"
   here,     ///< that it is there: "Alive", "Fokdier"
   status,   ///< one or the other
+  reason,   ///< why it has gone: any text says that it has
   remarks,  ///< anything
 };
 

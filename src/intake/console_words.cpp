@@ -265,13 +265,18 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "does: --availability {3}. If not: --availability {4}.",
      "In {1} staat misschien welke dieren dood, verkocht, weg of gecastreerd zijn, maar kop en teksten kloppen "
      "niet met elkaar: {2}. Als het zo is: --availability {3}. Als het niet zo is: --availability {4}."},
+    {"By {1} all animals would be dead, sold, exported or castrated: {2}. If that is so: --availability {3}. If the column "
+     "tells something else: --availability {4}.",
+     "Volgens {1} zouden alle dieren dood, verkocht, weg of gecastreerd zijn: {2}. Als dat zo is: --availability {3}. Als de "
+     "kolom iets anders zegt: --availability {4}."},
     {"--availability \"{1}\": there is no column of that heading or number (there are {2} columns).",
      "--availability \"{1}\": er is geen kolom met die kop of dat nummer (er zijn {2} kolommen)."},
     {"It is not clear what these texts in {1} say of the animals: {2}. Say which mean that an animal has gone (is dead, "
-     "sold, castrated, ...): --gone TEXT, as often as needed; and which do not: --present TEXT (--present all: all others).",
+     "sold, castrated, ...): --gone TEXT, as often as needed; and which do not: --present TEXT (--present all: all others). If the column is about something else: --availability "
+     "none, or the columns that do count.",
      "Het is niet duidelijk wat deze teksten in {1} over de dieren zeggen: {2}. Zeg welke betekenen dat een dier er niet "
      "meer is (dood, verkocht, gecastreerd, ...): --gone TEKST, zo vaak als nodig; en welke niet: --present TEKST "
-     "(--present all: alle andere)."},
+     "(--present all: alle andere). Als de kolom over iets anders gaat: --availability none, of de kolommen die wel tellen."},
 }};
 
 constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{

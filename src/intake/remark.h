@@ -241,6 +241,7 @@ enum class QuestionKind {
   young_unclear,            ///< columns, their numbers with commas between
   no_such_young,            ///< what the user says, columns of the export
   availability_unclear,     ///< columns, texts of the first, numbers of the columns with these, and without
+  availability_all_gone,    ///< the same, where all animals would have gone
   no_such_availability,     ///< what the user says, columns of the export
   gone_unclear,             ///< column, texts that nobody knows
 };

@@ -95,7 +95,7 @@ TEST(ExportAnswer, LeavesNamesAndSexesThatLookLikeOptionsAsTheyAre) {
           R"j("lines":[["A","--male q","13-01-2000","",""],["B","x: --species, y","14-01-2001","A",""]],)j"
           R"j("sexes":[{"text":"--male q","count":1,"meaning":"unknown"},)j"
           R"j({"text":"x: --species, y","count":1,"meaning":"unknown"}],)j"
-          R"j("unknownParents":[{"text":"","count":3,"isUnknown":true}],"subpopulations":[],"colours":[],)j"
+          R"j("unknownParents":[{"text":"","count":3,"isUnknown":true}],"availability":[],"subpopulations":[],"colours":[],)j"
           R"j("dates":{"isAmbiguous":false,"hasShortYears":false,"hasSerials":false,"written":"dd-mm-yyyy","orders":[]},"species":"",)j"
           R"j("allSpecies":["dog","cat","cattle","sheep","horse","poultry","pig","other"],"name":"herd--male",)j"
           R"j("steer":"","dataName":"herd--male.txt","availableName":""})j"));
@@ -140,7 +140,7 @@ TEST(ExportAnswer, TellsOfBlankLinesAndOfAStrayDelimiterInDutch) {
           dutch_fields,
           R"j("lines":[["A","ram","13-01-2000","",""],["B","ooi","14-01-2001","A","",""]],)j"
           R"j("sexes":[{"text":"ram","count":1,"meaning":"male"},{"text":"ooi","count":1,"meaning":"female"}],)j"
-          R"j("unknownParents":[{"text":"","count":3,"isUnknown":true}],"subpopulations":[],"colours":[],)j"
+          R"j("unknownParents":[{"text":"","count":3,"isUnknown":true}],"availability":[],"subpopulations":[],"colours":[],)j"
           R"j("dates":{"isAmbiguous":false,"hasShortYears":false,"hasSerials":false,"written":"dd-mm-jjjj","orders":[]},"species":"schaap",)j"
           R"j("allSpecies":["hond","kat","rund","schaap","paard","pluimvee","varken","overig"],"name":"kudde",)j"
           R"j("steer":"kudde\u000akudde.txt\u000a;\u000an\u000add-mm-jjjj\u000aschaap\u000am\u000anl\u000ay\u000a)j"

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -99,10 +100,8 @@ TEST(Availability, OneTextInFiftyMayBeOdd) {
   const DecidedGone asked = decide_availability(
       export_of_column("Status", joined_texts({"odd"}, joined_texts({"dead"}, repeated(47, "alive")))));
   ASSERT_EQ(asked.questions.size(), 1U);
-  EXPECT_EQ(asked.questions[0].kind, QuestionKind::availability_unclear);
-  EXPECT_EQ(asked.questions[0].answers[0].value, "3");
-  EXPECT_EQ(asked.questions[0].answers[1].value, "none");
-  EXPECT_TRUE(asked.gone.empty());
+  EXPECT_EQ(asked.questions[0].kind, QuestionKind::gone_unclear);
+  EXPECT_EQ(asked.questions[0].answers[0].value, "odd");
 }
 
 TEST(Availability, IsAskedWhereHeadingAndTextsDoNotAgree) {
@@ -110,13 +109,74 @@ TEST(Availability, IsAskedWhereHeadingAndTextsDoNotAgree) {
     const DecidedGone decided = decide_availability(export_of_column(heading, texts));
     return decided.questions.size() == 1 && decided.questions[0].kind == QuestionKind::availability_unclear;
   };
-  EXPECT_TRUE(is_asked("Sold", repeated(10, "Smith")));      // the buyers?
-  EXPECT_TRUE(is_asked("Died", repeated(60, "12-3-2019")));  // nobody would be left
+  EXPECT_TRUE(is_asked("Sold", repeated(10, "Smith")));  // the buyers?
   EXPECT_TRUE(is_asked("XY", joined_texts(repeated(2, "dead"), repeated(18, "alive"))));
   EXPECT_FALSE(is_asked("XY", joined_texts(repeated(2, "dead"), repeated(17, "alive"))));  // too few to tell
   EXPECT_FALSE(is_asked("XY", repeated(40, "alive")));
   EXPECT_FALSE(is_asked("Breeding", repeated(40, "of Smith")));  // the word means something else
   EXPECT_FALSE(is_asked("Weight", repeated(40, "dead")));        // the heading says something else
+}
+
+TEST(Availability, WhereNobodyWouldBeLeftThatIsAsked) {
+  const auto kinds = [](int count) {
+    std::vector<QuestionKind> asked;
+    for (const Question& question :
+         decide_availability(export_of_column("Died", repeated(count, "12-3-2019"))).questions) {
+      asked.push_back(question.kind);
+    }
+    return asked;
+  };
+  EXPECT_EQ(kinds(60), std::vector{QuestionKind::availability_all_gone});
+  EXPECT_TRUE(kinds(59).empty());
+}
+
+/// The kind of the only question on a column of these texts; none where there is no question.
+std::optional<QuestionKind> question_on(const std::string& heading, const std::vector<std::string>& texts,
+                                        PrepareOptions options = {}) {
+  const DecidedGone decided = decide_availability(export_of_column(heading, texts), std::move(options));
+  return decided.questions.size() == 1 ? std::optional(decided.questions[0].kind) : std::nullopt;
+}
+
+std::vector<std::string> numbered(int count) {
+  std::vector<std::string> texts;
+  for (int k = 0; k < 60; ++k) texts.push_back("C" + std::to_string(k % count));
+  return texts;
+}
+
+TEST(Availability, StatesOfFewTextsAreAskedAbout) {
+  const std::vector<std::string> codes =
+      joined_texts(repeated(30, "A"), joined_texts(repeated(20, "D"), repeated(10, "V")));
+  EXPECT_EQ(question_on("Status", codes), QuestionKind::gone_unclear);
+  EXPECT_EQ(question_on("Status", joined_texts(repeated(10, "D"), repeated(10, "V"))), QuestionKind::gone_unclear);
+  EXPECT_EQ(question_on("Status", joined_texts(repeated(10, "D"), repeated(9, "V"))), std::nullopt)
+      << "too few to tell";
+  EXPECT_EQ(question_on("Status", numbered(12)), QuestionKind::gone_unclear);
+  EXPECT_EQ(question_on("Status", numbered(13)), std::nullopt) << "too many to be states";
+  PrepareOptions said;
+  said.gone = {"D", "V"};
+  said.present = {"all"};
+  const DecidedGone decided = decide_availability(export_of_column("Status", codes), said);
+  EXPECT_TRUE(decided.questions.empty());
+  EXPECT_EQ(decided.gone.size(), 30U);
+  said.gone.clear();
+  const DecidedGone none = decide_availability(export_of_column("Status", codes), said);
+  EXPECT_TRUE(none.questions.empty());
+  EXPECT_FALSE(tells_gone(none.plan));
+}
+
+TEST(Availability, AnyReasonSaysThatAnAnimalHasGone) {
+  const DecidedGone decided =
+      decide_availability(export_of_column("Reden afvoer", {"mastitis", "", "-", "ouderdom", "nee"}));
+  EXPECT_TRUE(decided.questions.empty());
+  EXPECT_EQ(decided.gone, (GoneIds{"1", "4"}));
+  EXPECT_EQ(question_on("Cause of death", repeated(60, "age")), QuestionKind::availability_all_gone);
+}
+
+TEST(Availability, APlaceCountsWhereAWordSaysGone) {
+  const DecidedGone decided = decide_availability(export_of_column("Locatie", {"Stal 1", "Slachthuis", "Wei", "dood"}));
+  EXPECT_TRUE(decided.questions.empty());
+  EXPECT_EQ(decided.gone, (GoneIds{"2", "4"}));
+  EXPECT_FALSE(tells_gone(decide_availability(export_of_column("Location", repeated(60, "Barn"))).plan));
 }
 
 TEST(Availability, AHeadingThatNobodyKnowsIsTriedByTwoThousandLines) {

@@ -59,6 +59,17 @@ TEST(AvailabilityHeading, NamesStatusAndRemarks) {
                   AvailabilityHeading::remarks);
 }
 
+TEST(AvailabilityHeading, NamesReasonsPlacesAndAnswers) {
+  expect_headings({"Reden afvoer", "Reason of disposal", "Cause of death", "Todesursache", "Abgangsgrund",
+                   "Afvoerreden", "Motif de sortie", "Causa de muerte", "Causa del decesso"},
+                  AvailabilityHeading::reason);
+  expect_headings({"Location", "Locatie", "Standort", "Emplacement", "Ubicaci\u00F3n", "Ubicazione"},
+                  AvailabilityHeading::remarks);
+  expect_headings({"Died (y/n)", "Overleden (j/n)", "Sold [yes/no]", "Verkauft (ja/nein)"}, AvailabilityHeading::gone);
+  expect_headings({"Alive (y/n)"}, AvailabilityHeading::here);
+  expect_headings({"Reason", "Reden van inschrijving", "Died (kg)"}, AvailabilityHeading::none);
+}
+
 TEST(AvailabilityHeading, IsReadUpToSixtyLetters) {
   EXPECT_EQ(read_availability_heading("Died" + std::string(56, ' ')), AvailabilityHeading::gone);
   EXPECT_EQ(read_availability_heading("Died" + std::string(57, ' ')), AvailabilityHeading::none);
