@@ -336,6 +336,10 @@ constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
      "{1}: de letters met accenten passen bij verschillende coderingen: {2}. Kies de juiste bij \"Letters\", onder \"Hoe "
      "het bestand gelezen wordt\"."},
     {"There is nothing in {1} but blanks, line ends and delimiters.", "Er staat niets in {1} dan spaties, regeleinden en scheidingstekens."},
+    {"{1}, line {2}: between two quotation marks stand whole lines, as if stray quotation marks had swallowed animals. Take the "
+     "quotation marks away if they are stray, or the delimiters and line ends between them if it is one text.",
+     "{1}, regel {2}: tussen twee aanhalingstekens staan hele regels, alsof losse aanhalingstekens dieren hebben ingeslikt. "
+     "Haal de aanhalingstekens weg als ze er niet horen, of de scheidingstekens en regeleinden ertussen als het een tekst is."},
 }};
 // clang-format on
 

@@ -145,7 +145,8 @@ RecordKind kind_of_record(const ExportRecord& record, const ColumnChoice& column
     return RecordKind::header_again;
   }
   const bool has_no_young = !columns.animals_of_line.empty() && trimmed(field_of(record, columns, id_column)).empty();
-  const bool tells_counts = is_lone_number(record, columns) || is_total(record, columns);
+  const bool tells_counts = (columns.count_line > 0 && record.line == columns.count_line) ||
+                            is_lone_number(record, columns) || is_total(record, columns);
   return has_no_young || tells_counts || is_remark(record, columns) ? RecordKind::remark : RecordKind::animal;
 }
 
@@ -170,6 +171,27 @@ TextStyle find_id_style(std::string_view text, char delimiter, const ColumnChoic
     if (!id.empty() && is_whole && has_sex && has_date && !has_remark_word(id)) count_signs(counts, id);
   }
   return style_of(counts);
+}
+
+std::int64_t find_count_line(std::string_view text, char delimiter, const ColumnChoice& columns) {
+  constexpr std::string_view blanks = " \t\r\n;,|\"";
+  const std::size_t last = text.find_last_not_of(blanks);
+  if (last == std::string_view::npos || text[last] < '0' || text[last] > '9') return 0;
+  const std::size_t start = text.find_last_of("\r\n", last);
+  if (start == std::string_view::npos) return 0;
+  const std::string_view line_text = text.substr(start + 1, last - start);
+  const std::string_view number = line_text.substr(line_text.find_first_not_of(blanks));
+  if (!is_plain_number(number)) return 0;
+  RecordReader reader = read_animals(text, delimiter, columns);
+  ExportRecord record;
+  std::int64_t animals = 0, line = 0;
+  bool is_alone = false;
+  while (next_animal(reader, record, columns)) {
+    ++animals;
+    line = record.line;
+    is_alone = count_filled(record) == 1 && trimmed(field_of(record, columns, id_column)) == number;
+  }
+  return is_alone && number == std::to_string(animals - 1) ? line : 0;
 }
 
 std::string_view field_of(const ExportRecord& record, const ColumnChoice& columns, FieldCode code) {

@@ -25,6 +25,10 @@ bool next_animal(RecordReader& reader, ExportRecord& record, const ColumnChoice&
 /// How the ids of the first animals are written.
 TextStyle find_id_style(std::string_view text, char delimiter, const ColumnChoice& columns);
 
+/// The last line of the export, where it holds nothing but the number of the animals above it, in the place of an id;
+/// else 0.
+std::int64_t find_count_line(std::string_view text, char delimiter, const ColumnChoice& columns);
+
 /// The field of a record; empty where the record is too short or the field has no column.
 std::string_view field_of(const ExportRecord& record, const ColumnChoice& columns, FieldCode code);
 

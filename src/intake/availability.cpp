@@ -164,12 +164,26 @@ ToldAnimals count_told(AvailabilityHeading heading, const TextTally& texts) {
 /// agree, it is asked whether the column counts.
 enum class Verdict : std::uint8_t { unused, used, open, all_gone, unclear };
 
+/// Whether the texts are the first letters of the alphabet, as classes of a herdbook are called.
+bool are_classes(const AvailabilityColumn& column) {
+  std::string letters;
+  for (const CountedText& entry : column.texts.texts) {
+    if (entry.text.size() > 1) return false;
+    letters += entry.text;
+  }
+  std::sort(letters.begin(), letters.end());
+  for (std::size_t k = 0; k < letters.size(); ++k) {
+    if (letters[k] != static_cast<char>('A' + k)) return false;
+  }
+  return true;
+}
+
 /// Whether a column has so few texts as codes of states are.
 bool holds_states(const AvailabilityColumn& column, const ToldAnimals& told) {
   const auto filled = std::count_if(column.texts.texts.begin(), column.texts.texts.end(),
                                     [](const CountedText& entry) { return !entry.text.empty(); });
   // A text that all animals have tells nothing.
-  return column.texts.left_out == 0 && column.texts.texts.size() > 1 &&
+  return column.texts.left_out == 0 && column.texts.texts.size() > 1 && !are_classes(column) &&
          static_cast<std::size_t>(filled) <= most_states && told.filled >= fewest_availability_texts;
 }
 

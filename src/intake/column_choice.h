@@ -27,7 +27,8 @@ struct ColumnChoice {
   ColumnPlaces further;                                            ///< columns that would fit too, and are not taken
   std::vector<Question> questions;                                 ///< what the user has to say
   TextStyle id_style;                                              ///< how ids are written
-  std::vector<LineAnimal> animals_of_line;                         ///< of a line that holds several; else none
+  std::int64_t count_line = 0;  ///< the last one, where it holds the number of animals and no more; 0: it does not
+  std::vector<LineAnimal> animals_of_line;  ///< of a line that holds several; else none
 };
 
 /// Chooses among the columns of `first_record`, which is the header or, where there is none, the first animal; what it

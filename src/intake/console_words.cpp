@@ -311,6 +311,10 @@ constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
     {"{1}: the letters with accents fit several encodings: {2}. Say which is right: --encoding NAME.",
      "{1}: de letters met accenten passen bij verschillende coderingen: {2}. Zeg welke klopt: --encoding NAAM."},
     {"{1}: there is nothing in it but blanks, line ends and delimiters", "{1}: er staat niets in dan spaties, regeleinden en scheidingstekens"},
+    {"{1}, line {2}: between two quotation marks stand whole lines, as if stray quotation marks had swallowed animals. Take the "
+     "quotation marks away if they are stray, or the delimiters and line ends between them if it is one text.",
+     "{1}, regel {2}: tussen twee aanhalingstekens staan hele regels, alsof losse aanhalingstekens dieren hebben ingeslikt. "
+     "Haal de aanhalingstekens weg als ze er niet horen, of de scheidingstekens en regeleinden ertussen als het een tekst is."},
 }};
 // clang-format on
 

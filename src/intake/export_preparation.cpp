@@ -190,6 +190,7 @@ std::optional<Refusal> choose_export_columns(const PrepareOptions& options, cons
     read.columns.questions.insert(read.columns.questions.begin(), young.questions.begin(), young.questions.end());
   }
   read.columns.id_style = find_id_style(read.text, read.reading.delimiter, read.columns);
+  read.columns.count_line = find_count_line(read.text, read.reading.delimiter, read.columns);
   return std::nullopt;
 }
 
@@ -331,6 +332,7 @@ std::optional<Refusal> refusal_of_survey(const Preparation& read, const PrepareO
   const PreparePlan& plan = read.plan;
   const std::string& name = options.export_name;
   if (survey.unterminated_line > 0) return Refusal{RefusalKind::never_closed, {name, survey.unterminated_line}};
+  if (survey.swallowed_line > 0) return Refusal{RefusalKind::lines_in_quotes, {name, survey.swallowed_line}};
   if (survey.animal_count == 0 && plan.columns.questions.empty()) return Refusal{RefusalKind::no_animals, {name}};
   std::vector<Values> clashes;
   for (const IdClash& clash : find_id_clashes(read.text, read.reading.delimiter, plan.columns, survey.changed_ids)) {

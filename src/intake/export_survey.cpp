@@ -132,7 +132,7 @@ bool holds_lines(std::string_view text, char delimiter, std::int64_t delimiters_
   return line_ends > 0 && delimiters >= line_ends * delimiters_of_line;
 }
 
-/// Notes where quotation marks have swallowed lines, as if they were never closed.
+/// Notes where quotation marks have swallowed lines.
 void survey_swallowed_lines(ExportSurvey& survey, const ExportRecord& record, char delimiter,
                             std::size_t column_count) {
   if (record.line_count == 1 || record.is_further || record.is_unterminated || column_count < 2) return;
@@ -140,7 +140,7 @@ void survey_swallowed_lines(ExportSurvey& survey, const ExportRecord& record, ch
   const bool are_swallowed = std::any_of(record.fields.begin(), record.fields.end(), [&](std::string_view field) {
     return holds_lines(field, delimiter, delimiters);
   });
-  if (are_swallowed && survey.unterminated_line == 0) survey.unterminated_line = record.line;
+  if (are_swallowed && survey.swallowed_line == 0) survey.swallowed_line = record.line;
 }
 
 /// Whether a record has the fields of two lines whose line end was lost; the one between them is of both.

@@ -46,7 +46,8 @@ struct ExportSurvey {
   std::int64_t header_line = 0;         ///< 0: there is none
   std::int64_t blank_lines = 0;
   std::int64_t last_line = 0;          ///< of the export
-  std::int64_t unterminated_line = 0;  ///< where a quotation mark is never closed, or swallows lines; 0: nowhere
+  std::int64_t unterminated_line = 0;  ///< where a quotation mark is never closed; 0: nowhere
+  std::int64_t swallowed_line = 0;     ///< the first whose text in quotation marks holds lines like the others; 0: none
   std::int64_t runaway_line = 0;       ///< the first whose quotation mark runs on into other lines; 0: there is none
   std::int64_t quoted_records = 0;
   std::vector<LineShift> shifts;

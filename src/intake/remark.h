@@ -299,8 +299,9 @@ enum class RefusalKind {
   workbook_unread,    ///< file, why
   encodings_alike,    ///< file, the encodings that the letters fit
   holds_no_text,      ///< file
+  lines_in_quotes,    ///< file, line
 };
-inline constexpr std::size_t refusal_kind_count = static_cast<std::size_t>(RefusalKind::holds_no_text) + 1;
+inline constexpr std::size_t refusal_kind_count = static_cast<std::size_t>(RefusalKind::lines_in_quotes) + 1;
 
 struct Refusal {
   RefusalKind kind;

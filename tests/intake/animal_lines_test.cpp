@@ -65,6 +65,24 @@ TEST(KindOfRecord, CountsAndTotalsWithDates) {
   }
 }
 
+TEST(FindCountLine, TheNumberOfTheAnimalsAloneOnTheLastLine) {
+  const auto line_of = [](const std::string& below) {
+    std::string text = "ID;Name;Sire;Dam;Sex;Born\n";
+    for (int i = 1; i <= 30; ++i) text += std::to_string(i) + ";Rex;;;M;14-03-1990\n";
+    const ColumnChoice columns =
+        choose_columns(std::vector<std::string>{"ID", "Name", "Sire", "Dam", "Sex", "Born"}, {});
+    return find_count_line(text + below, ';', columns);
+  };
+  EXPECT_EQ(line_of("30\n"), 32);
+  EXPECT_EQ(line_of("\n30;;;;;\r\n\n"), 33);
+  EXPECT_EQ(line_of("\"30\";\"\";\"\"\n"), 32);
+  EXPECT_EQ(line_of(";30;;;;\n"), 0);
+  EXPECT_EQ(line_of("29\n"), 0);
+  EXPECT_EQ(line_of("31;;;;;\n"), 0);
+  EXPECT_EQ(line_of("30;Rex;;;;\n"), 0);
+  EXPECT_EQ(line_of(""), 0);
+}
+
 TEST(IsUnlikeNumber, WithoutALetterOrWithFewerDigits) {
   const auto style = [](const std::string& before, int others) {
     StyleCounts counts;

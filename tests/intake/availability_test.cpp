@@ -152,6 +152,10 @@ TEST(Availability, StatesOfFewTextsAreAskedAbout) {
       << "too few to tell";
   EXPECT_EQ(question_on("Status", numbered(12)), QuestionKind::gone_unclear);
   EXPECT_EQ(question_on("Status", numbered(13)), std::nullopt) << "too many to be states";
+  EXPECT_EQ(question_on("Status", joined_texts(repeated(20, "A"), joined_texts(repeated(20, "B"), repeated(20, "C")))),
+            std::nullopt)
+      << "classes";
+  EXPECT_EQ(question_on("Status", joined_texts(repeated(30, "B"), repeated(30, "C"))), QuestionKind::gone_unclear);
   PrepareOptions said;
   said.gone = {"D", "V"};
   said.present = {"all"};

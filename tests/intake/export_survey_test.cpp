@@ -48,26 +48,26 @@ TEST(SurveyExport, BlankLinesAndLineEndsInQuotesShiftLines) {
 
 TEST(SurveyExport, QuotationMarksThatSwallowLinesAreTold) {
   // A line has six delimiters.
-  EXPECT_EQ(survey_of("rex;;;m;2001;\"Rex;\nbram;;;m;2001;\"Bram;\n").unterminated_line, 2);
-  EXPECT_EQ(survey_of("rex;;;m;2001;Rex;\nbram;;;m;2001;\"a;\nx;;;m;2001;b;\ny;;;m;2001;c\";\n").unterminated_line, 3);
-  EXPECT_EQ(survey_of("rex;;;m;2001;\"Rex;\r\nbram;;;m;2001;\"Bram;\r\n").unterminated_line, 2);
+  EXPECT_EQ(survey_of("rex;;;m;2001;\"Rex;\nbram;;;m;2001;\"Bram;\n").swallowed_line, 2);
+  EXPECT_EQ(survey_of("rex;;;m;2001;Rex;\nbram;;;m;2001;\"a;\nx;;;m;2001;b;\ny;;;m;2001;c\";\n").swallowed_line, 3);
+  EXPECT_EQ(survey_of("rex;;;m;2001;\"Rex;\r\nbram;;;m;2001;\"Bram;\r\n").swallowed_line, 2);
   ProgressLine unwatched;
   const std::string returns =
       "id;sire;dam;sex;born;name;herd\rrex;;;m;2001;\"Rex;\rbram;;;m;2001;\"Bram;\rx;;;m;2001;;\r";
-  EXPECT_EQ(survey_export(returns, ';', columns_of_header(), {}, unwatched).unterminated_line, 2);
+  EXPECT_EQ(survey_export(returns, ';', columns_of_header(), {}, unwatched).swallowed_line, 2);
 }
 
 TEST(SurveyExport, AWholeLineInsideQuotationMarksIsTold) {
   // From the last column to the first one: one whole line, and none before and behind it.
-  EXPECT_EQ(survey_of("rex;;;m;2001;;\"North\nbram;;;m;2001;;North\n\"x;;;m;2001;;\n").unterminated_line, 2);
-  EXPECT_EQ(survey_of("rex;;;m;2001;;\"North\nbram;;;m;2001;North\n\"x;;;m;2001;;\n").unterminated_line, 0);
+  EXPECT_EQ(survey_of("rex;;;m;2001;;\"North\nbram;;;m;2001;;North\n\"x;;;m;2001;;\n").swallowed_line, 2);
+  EXPECT_EQ(survey_of("rex;;;m;2001;;\"North\nbram;;;m;2001;North\n\"x;;;m;2001;;\n").swallowed_line, 0);
 }
 
 TEST(SurveyExport, RemarksOfSeveralLinesWithFewDelimitersStay) {
-  EXPECT_EQ(survey_of("rex;;;m;2001;\"a;b;c\nd;e;f;\";\n").unterminated_line, 0) << "five in place of six";
-  EXPECT_EQ(survey_of("rex;;;m;2001;\"a;b;c\nd;e;f;;\";\n").unterminated_line, 2) << "six";
-  EXPECT_EQ(survey_of("rex;;;m;2001;\"a;b;c;d;e;f;g;h\";\n").unterminated_line, 0) << "no line ends in it";
-  EXPECT_EQ(survey_of("rex;;;m;2001;\"a;b\n\nc;d\n\ne\";\n").unterminated_line, 0);
+  EXPECT_EQ(survey_of("rex;;;m;2001;\"a;b;c\nd;e;f;\";\n").swallowed_line, 0) << "five in place of six";
+  EXPECT_EQ(survey_of("rex;;;m;2001;\"a;b;c\nd;e;f;;\";\n").swallowed_line, 2) << "six";
+  EXPECT_EQ(survey_of("rex;;;m;2001;\"a;b;c;d;e;f;g;h\";\n").swallowed_line, 0) << "no line ends in it";
+  EXPECT_EQ(survey_of("rex;;;m;2001;\"a;b\n\nc;d\n\ne\";\n").swallowed_line, 0);
 }
 
 TEST(SurveyExport, ListsLinesWithOtherNumbersOfColumns) {

@@ -257,7 +257,7 @@ std::vector<std::string> answer_to(std::string_view option, const ExportTruth& t
   if (option == "--male") return repeated(option, truth.male);
   if (option == "--female") return repeated(option, truth.female);
   if (option == "--unknown") return repeated(option, truth.unknown);
-  const std::array<std::pair<std::string_view, std::string>, 10> values = {
+  const std::array<std::pair<std::string_view, std::string>, 11> values = {
       {{"--known", "all"},
        {"--delimiter", truth.delimiter},
        {"--encoding", truth.encoding},
@@ -265,6 +265,7 @@ std::vector<std::string> answer_to(std::string_view option, const ExportTruth& t
        {"--century", truth.century},
        {"--young", truth.young},
        {"--ids", truth.ids},
+       {"--availability", "none"},
        {"--header", truth.has_header ? "yes" : "no"},
        {"--subpopulations", "all"},
        {"--colours", "all"}}};

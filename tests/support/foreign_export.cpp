@@ -140,7 +140,7 @@ std::string further_text(Office& office, const ForeignAnimal& animal, ColumnCont
     case ColumnContent::weight: return std::to_string(40 + office.dice.below(30)) + "," + one_of({"5", "0", "25"});
     case ColumnContent::death: return office.dice.one_in(3) ? drawn_date(office, animal, 8) : "";
     case ColumnContent::registered: return drawn_date(office, animal, 1);
-    case ColumnContent::status: return one_of({"A", "B", "C"});
+    case ColumnContent::status: return office.form.has_states ? one_of({"A", "D", "V"}) : one_of({"A", "B", "C"});
     case ColumnContent::notes: return one_of({"", "", "seen", "to be weighed; later", "\"champion\" 2010"});
     case ColumnContent::grandsire: {
       const auto found = office.sires.find(animal.sire);
@@ -205,7 +205,30 @@ void write_above(Office& office) {
   if (office.form.has_header) write_header(office);
 }
 
+/// A line with a count in the column of the sex and a date in that of the birth, or with a count alone.
+void write_changed_footer(Office& office, bool is_total, ExportTruth& truth) {
+  std::vector<std::string> cells;
+  const std::string count = std::to_string(truth.animals.size());
+  for (const ForeignColumn& column : office.form.columns) {
+    const bool is_id = column.content == ColumnContent::id && column.young < 2;
+    if (is_id) {
+      cells.push_back(is_total ? "Total" : count);
+    } else if (is_total && column.young < 2 && column.content == ColumnContent::sex) {
+      cells.push_back(count);
+    } else if (is_total && column.content == ColumnContent::birth) {
+      cells.emplace_back("22-11-2026");
+    } else {
+      cells.emplace_back();
+    }
+  }
+  write_line(office, cells);
+  truth.remark_lines.push_back(office.line);
+}
+
 void write_below(Office& office, ExportTruth& truth) {
+  if (office.form.has_changed_footers && office.form.young_a_line == 0) {
+    return write_changed_footer(office, office.animals.size() % 2 == 0, truth);
+  }
   const auto footers = footers_of(office.form.tongue);
   for (int i = 0; i < office.form.footer_count; ++i) {
     std::string text(footers[(static_cast<std::size_t>(i) + office.animals.size()) % footers.size()]);
@@ -278,6 +301,12 @@ void write_litter(Office& office, std::span<ForeignAnimal> litter, ExportTruth& 
     animal.month = litter.front().month;
     animal.day = litter.front().day;
     animal.line = office.line;
+    const bool is_twin = office.form.has_twins && &animal != &litter.front();
+    const bool has_sex = std::any_of(office.form.columns.begin(), office.form.columns.end(), [](const auto& column) {
+      return column.young == 2 && column.content == ColumnContent::sex;
+    });
+    if (is_twin) animal.name.clear();
+    if (is_twin && !has_sex) animal.has_sex = false;
     truth.animals.push_back(animal);
   }
 }
@@ -355,10 +384,21 @@ ForeignExport make_foreign_export(std::uint32_t seed) {
   Dice litters;
   litters.random.seed(seed ^ draws_of_litters);
   draw_litters(litters, office.form);
+  constexpr std::uint32_t draws_of_twins = 0x7F4A7C15U;
+  Dice twins;
+  twins.random.seed(seed ^ draws_of_twins);
+  draw_twins(twins, office.form);
+  office.form.has_changed_footers = office.form.footer_count > 0 && twins.one_in(2);
+  office.form.has_states = twins.one_in(4);
+  if (office.form.has_states && column_of(office.form, ColumnContent::status) > 0) {
+    office.form.shapes.push_back("columns: codes of a status");
+  }
+  if (office.form.has_changed_footers) office.form.shapes.push_back("lines: counts and totals of other forms below");
   const int animal_count = 120 + office.dice.below(80);
   office.animals = make_foreign_population(office.dice, animal_count, office.form.ids, names_of(office.form));
   std::vector<std::size_t> firsts;
   if (office.form.young_a_line > 0) firsts = join_litters(litters, office.form.young_a_line, office.animals);
+  if (office.form.has_twins) firsts = join_twins(twins, office.animals);
   const bool lacks_sexes = office.dice.one_in(8);
   for (ForeignAnimal& animal : office.animals) {
     animal.has_sex = !lacks_sexes || !office.dice.one_in(60);

@@ -68,6 +68,49 @@ void draw_litters(Dice& dice, ForeignForm& form) {
                    [](const ForeignColumn& a, const ForeignColumn& b) { return a.content < b.content; });
 }
 
+void draw_twins(Dice& dice, ForeignForm& form) {
+  const bool is_usual = form.has_header && form.damage == Damage::none && form.parents == ParentWriting::as_ids &&
+                        form.young_a_line == 0 && form.ids != IdStyle::destroyed_tags;
+  const auto of_id = [](const ForeignColumn& column) { return column.content == ColumnContent::id; };
+  const auto id = std::find_if(form.columns.begin(), form.columns.end(), of_id);
+  if (!dice.one_in(12) || !is_usual || id == form.columns.end()) return;
+  static constexpr std::array<std::array<std::string_view, 2>, tongue_count> words = {{{"Twin", "Second"},
+                                                                                       {"Tweeling", "Tweede"},
+                                                                                       {"Zwilling", "Zweites"},
+                                                                                       {"Jumeau", "Deuxi\u00E8me"},
+                                                                                       {"Gemelo", "Segundo"},
+                                                                                       {"Gemello", "Secondo"}}};
+  const std::string twin(words[static_cast<std::size_t>(form.tongue)][static_cast<std::size_t>(dice.below(2))]);
+  id->young = 1;
+  form.has_twins = true;
+  form.leaves_founders_out = form.has_rough_dates = false;
+  form.header_again_after = 0;
+  std::erase(form.shapes, "parents: some without a line");
+  form.shapes.push_back("lines: rare twins");
+  form.columns.push_back({ColumnContent::id, twin, 2});
+  if (dice.one_in(2)) return;
+  form.shapes.push_back("lines: rare twins with their sex");
+  form.columns.push_back(
+      {ColumnContent::sex, twin + " " + std::string(dice.one_of(headings_of(Heading::sex, form.tongue))), 2});
+}
+
+std::vector<std::size_t> join_twins(Dice& dice, std::vector<ForeignAnimal>& animals) {
+  std::vector<std::size_t> firsts;
+  for (std::size_t i = 0; i < animals.size(); ++i) {
+    firsts.push_back(i);
+    const bool is_founder = i < animals.size() / 4;
+    if (is_founder || i + 1 == animals.size() || !dice.one_in(12)) continue;
+    const ForeignAnimal& first = animals[i];
+    ForeignAnimal& twin = animals[++i];
+    twin.sire = first.sire;
+    twin.dam = first.dam;
+    twin.year = first.year;
+    twin.month = first.month;
+    twin.day = first.day;
+  }
+  return firsts;
+}
+
 std::vector<std::size_t> join_litters(Dice& dice, int most, std::vector<ForeignAnimal>& animals) {
   std::vector<std::size_t> firsts;
   for (std::size_t i = 0; i < animals.size();) {
