@@ -12,7 +12,7 @@ import sys
 import time
 import zipfile
 
-PROGRAMS, FOLDER, SECONDS, SEED = sys.argv[1], sys.argv[2], min(int(sys.argv[3]), 600), int(sys.argv[4])
+PROGRAMS, FOLDER, SECONDS, SEED = os.path.abspath(sys.argv[1]), sys.argv[2], min(int(sys.argv[3]), 600), int(sys.argv[4])
 PROGRAM, TOOLS = os.path.join(PROGRAMS, "pedigreewatch"), os.path.join(PROGRAMS, "pedigreewatch-tools")
 LONGEST_RUN = 60
 random.seed(SEED)
