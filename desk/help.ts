@@ -83,8 +83,8 @@ const help: Record<StepName, readonly HelpEntry[]> = {
       said: ["The table shows all pairs of some females and some males. The plan goes further: it says who should breed, how often and with whom, so that the breed loses as little diversity as possible.",
         "De tabel toont alle paren van enkele moeders en enkele vaders. Het plan gaat verder: het zegt wie moet fokken, hoe vaak en met wie, zodat het ras zo min mogelijk variatie verliest."] },
     { about: ["What would a rule do?", "Wat zou een regel doen?"],
-      said: ["Fill in the rules under \"Forecast\": the population goes on as it is bred now and under these rules, a hundred times, and the charts show how far chance alone leads them apart. The forecast does not know whether breeders keep to their habits.",
-        "Vul de regels in onder \"Vooruitblik\": de populatie gaat verder zoals er nu gefokt wordt en onder deze regels, honderd keer, en de grafieken tonen hoe ver het toeval alleen ze uiteen brengt. De vooruitblik weet niet of fokkers bij hun gewoonten blijven."] },
+      said: ["Fill in the rules under \"Forecast\": the population goes on as it is bred now and under these rules, a hundred times, and the charts show how far chance, and numbers of litters and sires that change as they did before, lead them apart. The forecast does not know whether breeders keep to their habits.",
+        "Vul de regels in onder \"Vooruitblik\": de populatie gaat verder zoals er nu gefokt wordt en onder deze regels, honderd keer, en de grafieken tonen hoe ver het toeval, en aantallen nesten en vaders die veranderen zoals ze eerder deden, ze uiteen brengen. De vooruitblik weet niet of fokkers bij hun gewoonten blijven."] },
   ],
 };
 

@@ -98,16 +98,27 @@ std::vector<GroupYear> count_year(const FamilyRecords& records, std::int32_t yea
   return groups;
 }
 
+/// Herdbooks of females have few males, and those of known parents. The share of a descent is drawn towards that of all
+/// where there are few young.
 void count_young(const FamilyRecords& records, BasePeriod& base) {
-  double young = 0.0, males = 0.0;
+  constexpr double prior_young = 10.0, usual_share = 0.5;
+  std::array<double, descents> young = {}, males = {};
+  double all = 0.0, all_males = 0.0;
   for (std::int32_t year = base.first_alike; year <= base.last_year; ++year) {
     for (const Family& family : records.of_year(year)) {
       if (family.dam != 0) base.sizes.push_back(family.young);
-      young += family.young;
-      males += family.males;
+      const auto descent = static_cast<std::size_t>(descent_of(records.store, family.first));
+      young[descent] += family.young;
+      males[descent] += family.males;
+      all += family.young;
+      all_males += family.males;
     }
   }
-  if (records.are_sexes_known && young > 0.0) base.male_share = males / young;
+  const double share = records.are_sexes_known && all > 0.0 ? all_males / all : usual_share;
+  for (std::size_t k = 0; k < descents; ++k) {
+    const bool is_counted = records.are_sexes_known;
+    base.male_share[k] = is_counted ? (males[k] + prior_young * share) / (young[k] + prior_young) : share;
+  }
 }
 
 void count_unknown_sires(const FamilyRecords& records, BasePeriod& base) {
@@ -187,7 +198,7 @@ void count_chosen(const FamilyRecords& records, Sex sex, BasePeriod& base) {
   }
   for (std::int32_t year = base.first_alike; year <= base.last_year; ++year) {
     for (const Family& family : records.of_year(year)) {
-      born[static_cast<std::size_t>(family.descent())] += static_cast<double>(family.young);
+      born[static_cast<std::size_t>(descent_of(records.store, family.first))] += static_cast<double>(family.young);
     }
   }
   for (std::size_t k = 0; k < descents; ++k) {
@@ -285,6 +296,7 @@ std::optional<BasePeriod> measure_base_period(const FamilyRecords& records) {
   }
   count_young(records, base);
   measure_levels(records, base);
+  base.paths = list_number_paths(records, base.length());
   count_unknown_sires(records, base);
   count_exchange(records, base);
   measure_careers(records, base);

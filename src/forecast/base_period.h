@@ -10,6 +10,7 @@
 #include "forecast/careers.h"
 #include "forecast/families.h"
 #include "forecast/level.h"
+#include "forecast/number_paths.h"
 
 namespace pedigreewatch {
 
@@ -53,10 +54,11 @@ struct BasePeriod {
   std::vector<std::vector<GroupYear>> years;  ///< by year from then on, by group
   BySex<double> vacancies_filled;  ///< of the parents that are missing to the usual number, the part replaced at once
   PracticeLevels levels;
+  std::vector<NumberPath> paths;  ///< how litters and sires may go on
   /// By descent of the dam: how often the sire of a litter is unknown, in the years alike.
   std::array<double, descents> without_sire = {};
   std::vector<std::int32_t> sizes;                   ///< of families with a known dam
-  double male_share = 0.5;                           ///< of the young
+  std::array<double, descents> male_share = {};      ///< of the young, by their descent
   std::vector<std::vector<GroupShare>> sire_groups;  ///< by group of the young: where its sires are from
   BySex<std::vector<std::int32_t>> entries;          ///< careers that began since then, by number
   BySex<double> outside = {};                  ///< of those that came into use, the part that has no line of its own

@@ -91,7 +91,11 @@ FamilyRecords list_families(const PopulationStore& store, const YearGroups& year
 
 Descent descent_of(const PopulationStore& store, std::int32_t position) {
   const KnownParents parents = known_parents(store, position);
-  if (parents.sire != 0 && parents.dam != 0) return Descent::known;
+  if (parents.sire != 0 && parents.dam != 0) {
+    const KnownParents of_sire = known_parents(store, parents.sire), of_dam = known_parents(store, parents.dam);
+    const bool is_deep = of_sire.sire != 0 && of_sire.dam != 0 && of_dam.sire != 0 && of_dam.dam != 0;
+    return is_deep ? Descent::deep : Descent::known;
+  }
   if (parents.sire != 0 || parents.dam != 0) return Descent::half_known;
   return store.birth_year[position] == 0 ? Descent::outside : Descent::founder;
 }

@@ -17,9 +17,10 @@ enum class Descent : std::uint8_t {
   outside,  ///< no birth year and no parents: a parent that is known by name only
   founder,  ///< born in a year, of unknown parents: imports and first animals
   half_known,
-  known,
+  known,  ///< both parents, but not all grandparents
+  deep,   ///< all grandparents: sires are taken from such young more often than from others
 };
-inline constexpr std::size_t descents = 4;
+inline constexpr std::size_t descents = 5;
 
 /// Animals born in one year to the same two parents. Where the dam is unknown every animal is a family of its own.
 /// Positions in the store; 0 for an unknown parent.
@@ -29,6 +30,7 @@ struct Family {
   std::int32_t group = 0;  ///< the subpopulation of the young; 0 in a population without any
   std::int32_t first = 0;  ///< one of the young
 
+  /// By the parents alone; never `deep`.
   Descent descent() const {
     if (sire != 0 && dam != 0) return Descent::known;
     return sire != 0 || dam != 0 ? Descent::half_known : Descent::founder;

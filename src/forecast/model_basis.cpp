@@ -171,15 +171,19 @@ void gather_candidates_of_years(ModelBasis& basis) {
   const ByNumber<Flag> is_parent = mark_parents(records);
   const auto lists = static_cast<std::size_t>(records.groups) * 2 * descents;
   const std::int32_t years = records.last_year - basis.first_candidate_year + 1;
-  basis.candidates.assign(static_cast<std::size_t>(years), {std::vector<Candidates>(lists)});
+  basis.candidates.assign(static_cast<std::size_t>(years),
+                          {std::vector<Candidates>(lists), std::vector<std::int32_t>(lists)});
   RandomStream random = make_stream(0);
   for (std::int32_t position = 1; position <= store.animal_count; ++position) {
-    if (is_parent[position] != 0 || !is_of_entry_age(basis, position)) continue;
-    const Sex drawn = random.chance(basis.base.male_share) ? male : female;
+    if (!is_of_entry_age(basis, position)) continue;
+    const Descent descent = descent_of(store, position);
+    const Sex drawn = random.chance(basis.base.male_share[static_cast<std::size_t>(descent)]) ? male : female;
     const Sex sex = records.are_sexes_known ? store.sex[position] : drawn;
     CandidateYear& year =
         basis.candidates[static_cast<std::size_t>(store.birth_year[position] - basis.first_candidate_year)];
-    year.lists[list_of(records.group[position], sex, descent_of(store, position))].push_back(-position);
+    const std::size_t list = list_of(records.group[position], sex, descent);
+    ++year.born[list];
+    if (is_parent[position] == 0) year.lists[list].push_back(-position);
   }
 }
 

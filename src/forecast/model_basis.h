@@ -26,7 +26,8 @@ using Candidates = std::vector<std::int32_t>;
 
 /// Candidates of one birth year by sex, group and descent.
 struct CandidateYear {
-  std::vector<Candidates> lists;
+  std::vector<Candidates> lists;   ///< that have not come into use
+  std::vector<std::int32_t> born;  ///< by list, with those that have
 };
 
 /// The list of a candidate year: `groups` as in the FamilyRecords.

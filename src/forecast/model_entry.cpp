@@ -35,7 +35,7 @@ double mean_kinship_of(const ModelHerd& herd, std::int32_t candidate) {
 double most_mean_kinship(const ModelHerd& herd, const CandidateYear& year, Sex sex) {
   std::vector<double> kinships;
   for (std::int32_t group = 0; group < herd.basis.records.groups; ++group) {
-    for (const Descent descent : {Descent::outside, Descent::founder, Descent::half_known, Descent::known}) {
+    for (const Descent descent : {Descent::founder, Descent::half_known, Descent::known, Descent::deep}) {
       for (const std::int32_t candidate : year.lists[list_of(group, sex, descent)]) {
         kinships.push_back(mean_kinship_of(herd, candidate));
       }
@@ -76,17 +76,18 @@ struct Wanted {
   std::int32_t group = 0, birth_year = 0;
 };
 
-constexpr std::array<Descent, 3> descents_of_born = {Descent::known, Descent::half_known, Descent::founder};
+constexpr std::array<Descent, 4> descents_of_born = {Descent::deep, Descent::known, Descent::half_known,
+                                                     Descent::founder};
 
-/// The descent of an animal that comes into use, by how many of each there are and how many of them usually do. Known
-/// where there is nobody.
+/// The descent of an animal that comes into use, by how many of each were born and how many of them usually do. Known
+/// where there was nobody.
 Descent draw_descent(const ModelHerd& herd, const CandidateYear& year, const Wanted& wanted, RandomStream& random) {
   const std::array<double, descents>& chosen = herd.basis.base.chosen.of(wanted.sex);
   std::array<double, descents_of_born.size()> weights = {};
   double sum = 0.0;
   for (std::size_t k = 0; k < weights.size(); ++k) {
-    const Candidates& list = year.lists[list_of(wanted.group, wanted.sex, descents_of_born[k])];
-    weights[k] = static_cast<double>(list.size()) * chosen[static_cast<std::size_t>(descents_of_born[k])];
+    const std::int32_t born = year.born[list_of(wanted.group, wanted.sex, descents_of_born[k])];
+    weights[k] = static_cast<double>(born) * chosen[static_cast<std::size_t>(descents_of_born[k])];
     sum += weights[k];
   }
   double rest = random.unit() * sum;
@@ -104,7 +105,7 @@ std::optional<Entrant> take_from(ModelHerd& herd, const Wanted& wanted, bool is_
   const auto place_of_year = static_cast<std::size_t>(row);
   CandidateYear& year = herd.candidates[place_of_year];
   const Descent drawn = draw_descent(herd, year, wanted, random);
-  for (const Descent descent : {drawn, Descent::known, Descent::half_known, Descent::founder}) {
+  for (const Descent descent : {drawn, Descent::deep, Descent::known, Descent::half_known, Descent::founder}) {
     Candidates& list = year.lists[list_of(wanted.group, wanted.sex, descent)];
     if (const auto place = choose_place(herd, place_of_year, list, wanted.sex, random)) {
       Entrant entrant = entrant_of(herd, list[*place], wanted.birth_year);

@@ -4,7 +4,10 @@
 #include "forecast/model_herd.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <functional>
 #include <limits>
 #include <utility>
@@ -25,6 +28,7 @@ struct GroupTarget {
   GroupYear numbers;
   BySex<std::int32_t> imports;
   std::int32_t like_year = 0;  ///< the year observed that it is taken from
+  BySex<double> level = {};    ///< multiples of the parents that are usually in use
 };
 
 /// A whole number of which the real one is the mean.
@@ -43,23 +47,57 @@ double factor_of(const Amount& amount, double present) {
   return present > 0.0 ? std::max(0.0, amount.of(present)) / present : 1.0;
 }
 
-/// A year of the present practice, with as many litters as one of the base years, changed by the rules; by group.
+/// Trial herds, which are before the first replicate, keep to the numbers of the years observed.
+NumberYear numbers_ahead(const ModelHerd& herd, std::int32_t year) {
+  if (herd.replicate < 0) return {};
+  return follow_paths(herd.basis.base.paths, year - herd.basis.base.last_year, herd.stream(0, DrawPurpose::numbers));
+}
+
+/// Litters of a year: those of one of the base years, or what they come to along a path, which has good and bad years
+/// of its own.
+double litters_ahead(const ModelHerd& herd, const NumberYear& ahead, RandomStream& random) {
+  const BasePeriod& base = herd.basis.base;
+  const auto base_years = base.base_years();
+  const auto litters = [&](std::size_t year) {
+    return base.levels.litters.factors[year] * litters_of(base_years[year]);
+  };
+  const std::size_t drawn = place(random.below(base.length()));
+  if (base.paths.empty() || herd.replicate < 0) return litters(drawn);
+  double mean = 0.0;
+  for (std::size_t year = 0; year < base_years.size(); ++year) {
+    mean += litters(year) / static_cast<double>(base_years.size());
+  }
+  return std::max(1.0, mean * ahead.litters);
+}
+
+/// Imports of the rules, to the groups in turn, but for that of the animals without a subpopulation.
+void add_imports(const BreedingRules& rules, std::int32_t year, std::vector<GroupTarget>& targets) {
+  const std::size_t groups = targets.size() == 1 ? 1 : targets.size() - 1;
+  for (const Sex sex : {male, female}) {
+    for (std::int32_t k = 0; k < rules.imports.of(sex); ++k) {
+      ++targets[targets.size() - 1 - static_cast<std::size_t>(year + k) % groups].imports.of(sex);
+    }
+  }
+}
+
+/// A year of the present practice, with numbers as they may come to be, changed by the rules; by group.
 std::vector<GroupTarget> draw_targets(const ModelHerd& herd, std::int32_t year) {
   const BasePeriod& base = herd.basis.base;
   RandomStream random = herd.stream(year, DrawPurpose::targets);
   const auto years = static_cast<std::int32_t>(std::ssize(base.years));
   const std::int32_t like = random.below(years);
   const std::vector<GroupYear>& drawn = base.years[place(like)];
-  const auto base_years = base.base_years();
-  const std::size_t base_year = place(random.below(base.length()));
-  const double litters = base.levels.litters.factors[base_year] * litters_of(base_years[base_year]);
+  const NumberYear ahead = numbers_ahead(herd, year);
+  const double litters = litters_ahead(herd, ahead, random);
   double sires = 0.0;
   for (const GroupYear& group : drawn) sires += group.in_use.of_males;
   const double as_now = litters_of(drawn) > 0.0 ? litters / litters_of(drawn) : 1.0;
   const double trend = std::max(0.0, 1.0 + herd.rules.trend * static_cast<double>(year - base.last_year));
   const double litter_factor = trend * as_now * factor_of(herd.rules.litters, litters);
   const Amount& wanted = herd.rules.sires;
-  const double sire_factor = wanted.is_changed() ? factor_of(wanted, as_now * sires) * as_now : as_now;
+  const double sire_factor =
+      as_now * (wanted.is_changed() ? factor_of(wanted, as_now * sires) : ahead.sires_per_litter);
+  const BySex<double> level = {ahead.litter_level * ahead.sires_per_litter, ahead.litter_level};
   std::vector<GroupTarget> targets;
   for (GroupYear group : drawn) {
     const double half_known = base.levels.half_known.factors[place(like)],
@@ -74,27 +112,21 @@ std::vector<GroupTarget> draw_targets(const ModelHerd& herd, std::int32_t year) 
     group.in_use.of_males = round_at_random(sire_factor * group.in_use.of_males, random);
     group.entered.of_males = round_at_random(sire_factor * group.entered.of_males, random);
     group.entered.of_females = round_at_random(litter_factor * group.entered.of_females, random);
-    targets.push_back({group, {}, base.first_alike + like});
+    targets.push_back({group, {}, base.first_alike + like, level});
   }
-  for (const Sex sex : {male, female}) {
-    for (std::int32_t k = 0; k < herd.rules.imports.of(sex); ++k) {
-      // To the groups in turn, but for that of the animals without a subpopulation.
-      const std::size_t groups = targets.size() == 1 ? 1 : targets.size() - 1;
-      ++targets[targets.size() - 1 - static_cast<std::size_t>(year + k) % groups].imports.of(sex);
-    }
-  }
+  add_imports(herd.rules, year, targets);
   return targets;
 }
 
 /// How many new parents come into use: as many as in a year of the base period, more or fewer where fewer or more than
 /// usual go on.
-std::int32_t wanted_new(ModelHerd& herd, Sex sex, std::int32_t group, const GroupYear& target, std::int32_t ready) {
+std::int32_t wanted_new(ModelHerd& herd, Sex sex, std::int32_t group, const GroupTarget& target, std::int32_t ready) {
   const BasePeriod& base = herd.basis.base;
-  const double usual = herd.basis.going_on.of(sex)[place(group)];
+  const double usual = target.level.of(sex) * herd.basis.going_on.of(sex)[place(group)];
   // What is less than a parent, or less than none, is left for the next year, so that the mean is right in small
   // groups.
   double& owed = herd.owed.of(sex)[place(group)];
-  owed += target.entered.of(sex) + base.vacancies_filled.of(sex) * (usual - static_cast<double>(ready));
+  owed += target.numbers.entered.of(sex) + base.vacancies_filled.of(sex) * (usual - static_cast<double>(ready));
   const std::int32_t entering = std::max(0, static_cast<std::int32_t>(std::lround(owed)));
   owed = std::max(owed - entering, -std::max(1.0, usual));
   return entering;
@@ -147,7 +179,7 @@ void fill_dams(ModelHerd& herd, std::int32_t group, const GroupTarget& target, s
     found += dam.litters;
     return true;
   };
-  const std::int32_t missing = wanted_new(herd, female, group, target.numbers, static_cast<std::int32_t>(ready.size()));
+  const std::int32_t missing = wanted_new(herd, female, group, target, static_cast<std::int32_t>(ready.size()));
   for (std::int32_t k = 0; k < missing && enter(std::max(1, litters)); ++k) {
   }
   shuffle(random, std::span(ready));
@@ -274,8 +306,9 @@ void count_refused(ModelHerd& herd, std::span<const SireShare> shares, std::int6
 }
 
 /// How many sires there should be: with a rule on them as many as it says, otherwise those who go on and the new ones.
-std::int32_t wanted_sires(ModelHerd& herd, std::int32_t group, const GroupYear& target, std::int32_t ready) {
-  return herd.rules.sires.is_changed() ? target.in_use.of_males : ready + wanted_new(herd, male, group, target, ready);
+std::int32_t wanted_sires(ModelHerd& herd, std::int32_t group, const GroupTarget& target, std::int32_t ready) {
+  return herd.rules.sires.is_changed() ? target.numbers.in_use.of_males
+                                       : ready + wanted_new(herd, male, group, target, ready);
 }
 
 /// Where there are to be fewer sires than go on, any of them rest this year; this year's imports last.
@@ -309,7 +342,7 @@ void fill_sires(ModelHerd& herd, std::int32_t group, const GroupTarget& target, 
   if (litters == 0) return;
   std::vector<std::size_t> ready = ready_sires(herd, group);
   std::int64_t most = 0;
-  const std::int32_t usual = wanted_sires(herd, group, target.numbers, static_cast<std::int32_t>(ready.size()));
+  const std::int32_t usual = wanted_sires(herd, group, target, static_cast<std::int32_t>(ready.size()));
   if (usual <= 0) wake_sire(herd, group, ready, use);
   const std::int64_t wanted = std::clamp<std::int64_t>(usual, 1, litters);
   if (herd.rules.sires.is_changed()) rest_sires(ready, wanted, target.imports.of_males, use);
@@ -344,8 +377,11 @@ void note_new_parents(ModelHerd& herd) {
   herd.new_parents.clear();
 }
 
-Descent descent_of_family(const ModelFamily& family) {
-  if (family.sire != 0 && family.dam != 0) return Descent::known;
+Descent descent_of_family(const ModelPedigree& pedigree, const ModelFamily& family) {
+  if (family.sire != 0 && family.dam != 0) {
+    const auto has_both = [&](std::int32_t animal) { return pedigree.sire[animal] != 0 && pedigree.dam[animal] != 0; };
+    return has_both(family.sire) && has_both(family.dam) ? Descent::deep : Descent::known;
+  }
   return family.sire != 0 || family.dam != 0 ? Descent::half_known : Descent::founder;
 }
 
@@ -354,7 +390,8 @@ void bear_young(ModelHerd& herd, std::int32_t year) {
   RandomStream random = herd.stream(year, DrawPurpose::births);
   const BasePeriod& base = herd.basis.base;
   const std::size_t lists = place(herd.basis.records.groups) * 2 * descents;
-  CandidateYear& candidates = herd.candidates.emplace_back(CandidateYear{std::vector<Candidates>(lists)});
+  CandidateYear& candidates =
+      herd.candidates.emplace_back(CandidateYear{std::vector<Candidates>(lists), std::vector<std::int32_t>(lists)});
   herd.youngest.clear();
   for (std::size_t k = herd.first_of_year; k < herd.families.size(); ++k) {
     ModelFamily& family = herd.families[k];
@@ -362,10 +399,12 @@ void bear_young(ModelHerd& herd, std::int32_t year) {
     family.young = family.dam != 0 ? size : 1;
     herd.youngest.push_back({family.sire, family.dam, family.young, family.f});
     herd.last_litter[place(family.sire)] = herd.last_litter[place(family.dam)] = year;
-    const Descent descent = descent_of_family(family);
+    const Descent descent = descent_of_family(herd.pedigree, family);
     for (std::int32_t young = 0; young < family.young; ++young) {
-      const Sex sex = random.chance(base.male_share) ? male : female;
-      candidates.lists[list_of(family.group, sex, descent)].push_back(static_cast<std::int32_t>(k));
+      const Sex sex = random.chance(base.male_share[static_cast<std::size_t>(descent)]) ? male : female;
+      const std::size_t list = list_of(family.group, sex, descent);
+      candidates.lists[list].push_back(static_cast<std::int32_t>(k));
+      ++candidates.born[list];
     }
   }
   herd.last_litter[0] = 0;

@@ -43,7 +43,7 @@ void add_family(const FamilyRecords& records, const Family& family, FamilySums& 
   if (family.descent() == Descent::founder) sums.founders += young;
   if (family.descent() != Descent::founder) sums.families += 1.0;
   if (family.dam != 0) {
-    const bool is_known = descent_of(store, family.dam) == Descent::known;
+    const bool is_known = descent_of(store, family.dam) >= Descent::known;
     (is_known ? sums.of_known : sums.of_others) += 1.0;
     if (family.sire == 0) (is_known ? sums.no_sire_of_known : sums.no_sire_of_others) += 1.0;
   }

@@ -23,6 +23,7 @@ enum class DrawPurpose : std::uint8_t {
   groups,
   pairing,
   births,
+  numbers,
 };
 
 struct RandomStream {

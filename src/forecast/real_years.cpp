@@ -1,6 +1,7 @@
 #include "forecast/real_years.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace pedigreewatch {
 namespace {
@@ -50,10 +51,13 @@ Foretold compare_with_truth(const ScenarioForecast& scenario, std::int32_t first
     const std::optional<double> value = figure_of(real.figures, figure);
     if (!band || !value) continue;
     ++foretold.years;
-    foretold.is_last_within = *value >= band->low && *value <= band->high;
+    // As they are shown: a band that begins at 0.00 % has 0 in it.
+    const auto shown = [](double figure_of_year) { return std::lround(figure_of_year * shown_parts); };
+    const bool is_above = shown(*value) > shown(band->high), is_below = shown(*value) < shown(band->low);
+    foretold.is_last_within = !is_above && !is_below;
     if (foretold.is_last_within) ++foretold.within;
-    if (*value > band->high) ++foretold.above;
-    if (*value < band->low) ++foretold.below;
+    if (is_above) ++foretold.above;
+    if (is_below) ++foretold.below;
   }
   return foretold;
 }

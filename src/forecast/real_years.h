@@ -24,6 +24,9 @@ struct RealYear {
 std::vector<RealYear> list_real_years(const FamilyRecords& records, const YearRows<InbreedingRow>& inbreeding,
                                       const MonitorTables& tables);
 
+/// Truth and band are compared as they are shown, in so many parts of 1.
+inline constexpr double shown_parts = 10'000.0;
+
 /// How a forecast has done in one figure.
 struct Foretold {
   std::int32_t years = 0, within = 0, above = 0, below = 0;  ///< where the truth lay: in the band, above it or below it

@@ -50,14 +50,16 @@ constexpr Wording no_look_back = {
     "There are not enough birth years to look back: the page does it with thirty of them.",
     "Er zijn niet genoeg geboortejaren om terug te kijken: de pagina doet dat bij dertig."};
 constexpr Wording how_it_did = {
-    "In nine herdbooks whose last ten years were forecast from what was known before, mean F lay within the band in 58 of "
-    "87 years and mean kinship in 57, where 78 should: most misses are upward. Do not decide on a rule by this page alone.",
+    "In nine herdbooks whose last ten years were forecast from what was known before, mean kinship lay within the band in "
+    "73 of 83 years and mean F in 59, where 75 should: most misses are upward. Do not decide on a rule by this page alone.",
     "In negen stamboeken waarvan de laatste tien jaar vooruit werden bekeken vanuit wat ervoor bekend was, lag de "
-    "gemiddelde F in 58 van de 87 jaren binnen de band en de gemiddelde verwantschap in 57, waar het er 78 horen te zijn: "
+    "gemiddelde verwantschap in 73 van de 83 jaren binnen de band en de gemiddelde F in 59, waar het er 75 horen te zijn: "
     "de meeste missers liggen erboven. Beslis niet over een regel op deze pagina alleen."};
 constexpr Wording what_it_is = {
-    "The band shows chance alone. It does not show that breeders may do something else than in the years measured.",
-    "De band toont alleen het toeval. Hij toont niet dat fokkers iets anders kunnen gaan doen dan in de gemeten jaren."};
+    "The band shows chance, and numbers of litters and sires that change as they did before. It does not show that breeders "
+    "may choose mates otherwise than in the years measured, or import less or more.",
+    "De band toont het toeval, en aantallen nesten en vaders die veranderen zoals ze eerder deden. Hij toont niet dat "
+    "fokkers hun paringen anders kunnen gaan kiezen dan in de gemeten jaren, of minder of meer kunnen invoeren."};
 constexpr Wording made_by = {"Made by pedigreewatch-tools forecast; docs/forecast.md explains every figure.",
                              "Gemaakt door pedigreewatch-tools forecast; docs/forecast.md legt elk cijfer uit."};
 

@@ -67,6 +67,32 @@ TEST(MeasureBasePeriod, IsAGenerationIntervalRoundedUp) {
   EXPECT_EQ(Measured("s 0 0 m 1999\nd 0 0 f 2001\na 0 0 f 2003\nx s d m 2004\ny s d m 2005\n").base->length(), 5);
 }
 
+// Here all young of unknown parents are males, as half of the others are.
+TEST(MeasureBasePeriod, CountsMalesByDescent) {
+  const Measured herd(herd_of(std::vector<YearOfBirths>(24, {20, 5, 10})));
+  ASSERT_GE(herd.base->first_alike, 2006);  // all litters are of parents with known parents
+  const auto share = [&](Descent descent) { return herd.base->male_share[static_cast<std::size_t>(descent)]; };
+  const double all = 50.0 / 90.0;  // towards which ten young draw
+  const double years = herd.base->last_year - herd.base->first_alike + 1;
+  EXPECT_NEAR(share(Descent::founder), (10.0 * years + 10.0 * all) / (10.0 * years + 10.0), 1e-12);
+  EXPECT_NEAR(share(Descent::deep), (40.0 * years + 10.0 * all) / (80.0 * years + 10.0), 1e-12);
+  EXPECT_NEAR(share(Descent::known), all, 1e-12);
+}
+
+TEST(DescentOf, IsDeepWithFourGrandparents) {
+  const Measured herd(
+      "a 0 0 m 2000\nb 0 0 f 2000\nc 0 0 m 2000\nd a b f 2002\ne a b m 2002\nf c b f 2002\nx e d m 2004\n"
+      "y c d m 2004\nz e b m 2004\nw e 0 m 2004\nv e f m 2005\n");
+  const auto descent = [&](const char* id) { return descent_of(herd.store, animal_named(herd.store, id).number); };
+  EXPECT_EQ(descent("x"), Descent::deep);
+  EXPECT_EQ(descent("v"), Descent::deep);
+  EXPECT_EQ(descent("y"), Descent::known);
+  EXPECT_EQ(descent("z"), Descent::known);
+  EXPECT_EQ(descent("d"), Descent::known);
+  EXPECT_EQ(descent("w"), Descent::half_known);
+  EXPECT_EQ(descent("a"), Descent::founder);
+}
+
 TEST(MeasureBasePeriod, NeedsThreeYears) {
   EXPECT_FALSE(Measured("s 0 0 m 2000\nd 0 0 f 2000\nx s d m 2002\n").base.has_value());
   EXPECT_TRUE(Measured("s 0 0 m 2000\nd 0 0 f 2001\nx s d m 2003\n").base.has_value());

@@ -235,7 +235,7 @@ double mean_kinship_by_table(const ModelHerd& model, std::int32_t sire, std::int
 /// Mean kinships of all candidates of a sex that were born in this row's year.
 std::vector<double> kinships_of_age_mates(const RuledBreed& begun, const ModelHerd& model, std::size_t row, Sex sex) {
   std::vector<double> kinships;
-  for (const Descent descent : {Descent::founder, Descent::half_known, Descent::known}) {
+  for (const Descent descent : {Descent::founder, Descent::half_known, Descent::known, Descent::deep}) {
     for (const std::int32_t candidate : model.candidates[row].lists[list_of(0, sex, descent)]) {
       std::int32_t sire = 0, dam = 0;
       if (candidate >= 0) {
@@ -323,7 +323,7 @@ TEST(ModelRules, TakeNoSireOfAnotherSubpopulation) {
     rules.exchange = exchange;
     ModelHerd model = begin_herd(begun.basis, rules, 1, 0, nullptr);
     for (CandidateYear& year : model.candidates) {
-      for (const Descent descent : {Descent::founder, Descent::half_known, Descent::known}) {
+      for (const Descent descent : {Descent::founder, Descent::half_known, Descent::known, Descent::deep}) {
         year.lists[list_of(1, male, descent)].clear();
       }
     }
@@ -387,7 +387,8 @@ TEST(ModelRules, BringImportsIntoUseAsRelatedAsTheyAre) {
 }
 
 TEST(ModelRules, ChangeNumbersOfSiresAndLitters) {
-  const RuledBreed begun;
+  RuledBreed begun;
+  begun.basis.base.paths.clear();  // so that they are those of the base years
   BreedingRules rules;
   rules.sires = {0.0, 25.0};
   rules.litters = {2.0, 0.0};
@@ -463,6 +464,22 @@ TEST(Summarise, FindsARateByHand) {
   EXPECT_NEAR(*figure_of(forecast, years, SummaryFigure::kinship_rate_per_year), 1.0 - 0.99 * 0.99, 1e-12);
   const double rate = 1.0 - 0.99 * 0.99 * 0.99 * 0.99;
   EXPECT_NEAR(*figure_of(forecast, years, SummaryFigure::effective_size), 0.5 / rate, 1e-9);
+}
+
+TEST(CompareWithTruth, ComparesWhatIsShown) {
+  ScenarioForecast scenario;
+  scenario.replicates.assign(2, ReplicateYears(2));
+  for (const double f : {0.01, 0.02}) {
+    for (ModelYear& year : scenario.replicates[f < 0.015 ? 0 : 1]) year.kinship.mean_f = f;  // 0.0105 to 0.0195
+  }
+  std::vector<RealYear> truth(2);
+  for (std::size_t k = 0; k < 2; ++k) truth[k].year = 2000 + static_cast<std::int32_t>(k);
+  truth[0].figures.kinship.mean_f = 0.01954;  // 1.95 %
+  truth[1].figures.kinship.mean_f = 0.01956;  // 1.96 %
+  const Foretold told = compare_with_truth(scenario, 2000, truth, ForecastFigure::mean_f);
+  EXPECT_EQ(told.within, 1);
+  EXPECT_EQ(told.above, 1);
+  EXPECT_FALSE(told.is_last_within);
 }
 
 TEST(CompareWithTruth, CountsYearsWithinAboveAndBelow) {
