@@ -54,6 +54,10 @@ void fill_block(KinshipTable& table, std::span<const RowSource> rows, std::size_
   const auto capacity = static_cast<std::size_t>(table.capacity);
   const std::size_t count = std::min(block_rows, capacity - first);
   for (std::size_t k = 0; k < count; ++k) {
+    if (table.animal_of[first + k] == 0) {  // the unknown animal, and rows that nobody has
+      for (std::size_t n = 0; n < rows.size(); ++n) block[n][k] = 0.0F;
+      continue;
+    }
     float* const cells = &table.cells[(first + k) * capacity];
     for (std::size_t n = 0; n < rows.size(); ++n) {
       const float kinship = 0.5F * (cells[rows[n].sire] + cells[rows[n].dam]);
@@ -106,9 +110,6 @@ void add_rows(KinshipTable& table, std::span<const NewRow> parents) {
   for (std::size_t first = 0; first < static_cast<std::size_t>(table.capacity); first += block_rows) {
     fill_block(table, rows, first, block);
   }
-  const auto capacity = static_cast<std::size_t>(table.capacity);
-  for (const RowSource& row : rows)
-    table.cells[row.row] = table.cells[row.row * capacity] = 0.0F;  // the unknown animal
   fill_among_new(table, parents, rows);
 }
 
