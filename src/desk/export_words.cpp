@@ -390,11 +390,12 @@ std::vector<std::string> texts_in_desk(const Values& values, bool begins_with_fi
 
 std::vector<EvidenceLine> evidence_lines(std::span<const Remark> remarks, ToolLanguage language) {
   std::vector<EvidenceLine> lines;
+  RemarkKind last = RemarkKind::export_read;
   for (const Remark& remark : remarks) {
     const EvidenceWording& wording = remark_wordings[static_cast<std::size_t>(remark.kind)];
     // The columns in use stand below each other.
-    const bool goes_on_there = remark.kind == RemarkKind::column_used && &remark != remarks.data() &&
-                               (&remark)[-1].kind == RemarkKind::column_used;
+    const bool goes_on_there = remark.kind == RemarkKind::column_used && last == RemarkKind::column_used;
+    last = remark.kind;
     const auto texts = texts_in_desk(remark.values, remark.kind == RemarkKind::export_read, language);
     const std::string_view label = words_of(goes_on_there ? goes_on : wording.label, language);
     lines.push_back({std::string(label), phrase_of(wording.text, language, texts)});
