@@ -160,11 +160,13 @@ RareYoung find_rare_young(std::span<const std::size_t> candidates, std::span<con
     const std::int64_t odd = column.texts_read - different + count_common(column.texts, profiles[*id].texts);
     if (odd * tolerated_odd_texts > column.texts_read) continue;
     const std::int64_t parents = count_parents(column.texts, profiles, columns);
-    const bool are_rare = different >= fewest_rare_young && different * ids_for_each <= size_of(profiles[*id].texts);
+    const bool is_named = columns.has_header && names_further_young(columns.headings[place]);
+    const bool are_enough = different >= fewest_rare_young || (is_named && different > 0);
+    const bool are_rare = are_enough && different * ids_for_each <= size_of(profiles[*id].texts);
     if (parents == 0 && !(are_rare && have_digits)) continue;
     found.places.push_back(place);
     found.parents += parents;
-    found.are_named = found.are_named && columns.has_header && names_further_young(columns.headings[place]);
+    found.are_named = found.are_named && is_named;
   }
   return found;
 }

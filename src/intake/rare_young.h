@@ -28,8 +28,8 @@ bool names_further_young(std::string_view heading);
 std::vector<std::size_t> columns_like_ids(std::string_view text, char delimiter, const ColumnChoice& columns);
 
 /// Those of them whose texts nearly all differ and are no ids of the column of the id: some of them are parents, or
-/// there are three texts or more, at most half as many as ids. Names in the place of numbers tell nothing unless one is
-/// a parent.
+/// there are three texts or more, or one under a heading that names further young, at most half as many as ids. Names
+/// in the place of numbers tell nothing unless one is a parent.
 RareYoung find_rare_young(std::span<const std::size_t> candidates, std::span<const ColumnProfile> profiles,
                           const ColumnChoice& columns);
 

@@ -89,8 +89,9 @@ ColumnProfile profile_of(std::uint32_t first, std::uint32_t count, std::int64_t 
 }
 
 /// Of 100 ids; a parent stands among the further young where `parent` is one of them.
-bool is_found(const ColumnProfile& further, std::uint32_t parent, std::int64_t ids_with_digit = 100) {
-  const ColumnChoice columns = columns_of({"ID", "Sire", "Dam", "Odd"});
+bool is_found(const ColumnProfile& further, std::uint32_t parent, std::int64_t ids_with_digit = 100,
+              const std::string& heading = "Odd") {
+  const ColumnChoice columns = columns_of({"ID", "Sire", "Dam", heading});
   std::vector<ColumnProfile> profiles = {profile_of(1000, 100), profile_of(1000, 20), profile_of(parent, 1), further};
   profiles[0].with_digit = ids_with_digit;
   const std::vector<std::size_t> candidates = {3};
@@ -101,6 +102,11 @@ TEST(FindRareYoung, ThreeTextsOrOneParent) {
   EXPECT_TRUE(is_found(profile_of(5000, 3), 1));
   EXPECT_FALSE(is_found(profile_of(5000, 2), 1));
   EXPECT_TRUE(is_found(profile_of(5000, 1), 5000));
+}
+
+TEST(FindRareYoung, OneUnderAHeadingThatNamesThem) {
+  EXPECT_TRUE(is_found(profile_of(5000, 1), 1, 100, "Twin"));
+  EXPECT_FALSE(is_found(profile_of(5000, 0), 1, 100, "Twin"));
 }
 
 TEST(FindRareYoung, WithoutAParentHalfAsManyAsIds) {
