@@ -20,9 +20,9 @@ namespace pedigreewatch {
 /// What all cards of a population are made from. F of all animals must be final.
 struct CardSource {
   const PopulationStore& store;
-  std::span<const std::int32_t> today;  ///< the reference population: positions, ascending
-  const ByNumber<float>& mean_kinship;  ///< with it, by position; empty when there is none
-  const ByNumber<KnownLine>& lines;     ///< by position, as `count_known_lines` yields them
+  std::span<const std::int32_t> today;        ///< the reference population: positions, ascending
+  const ByNumber<float>& mean_kinship;        ///< with it, by position; empty when there is none
+  const ByNumber<KnownLine>& lines;           ///< by position, as `count_known_lines` yields them
   const ByNumber<float>&recent_3, &recent_5;  ///< F over the last generations, as `recent_inbreeding` yields it
   const ByNumber<float>& ancestral;           ///< as `ancestral_inbreeding` yields it
 };
@@ -50,11 +50,11 @@ struct PartOfToday {
 struct AnimalCard {
   std::int32_t position = 0;
   FamilyTree tree;
-  KinshipParts parts;                  ///< of its parents' kinship, which is its F; 0 with an unknown parent
+  KinshipParts parts;                     ///< of its parents' kinship, which is its F; 0 with an unknown parent
   double recent_3 = 0.0, recent_5 = 0.0;  ///< F over its last generations; 0 with an unknown parent
   double ancestral = 0.0;                 ///< ancestral inbreeding
   std::optional<double> mean_kinship;     ///< with the animals of today
-  std::optional<AgeMateRank> rank;     ///< none without a mean kinship or a year of birth
+  std::optional<AgeMateRank> rank;        ///< none without a mean kinship or a year of birth
   ParentSide sire, dam;
   double completeness_index = 0.0;  ///< PCI
   OffspringList offspring;

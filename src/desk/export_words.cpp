@@ -69,6 +69,12 @@ constexpr std::array<EvidenceWording, remark_kind_count> remark_wordings = {{
      {"\"{1}\" is the id of an animal and stays a parent. If it means unknown, write it at \"Unknown parents\".",
       "\"{1}\" is het id van een dier en blijft een ouder. Als het onbekend betekent, schrijf het bij \"Onbekende "
       "ouders\"."}},
+    {goes_on,
+     {"Fathers that have a name and no id, and stay unknown: {1}: {2}",
+      "Vaders die een naam en geen id hebben, en onbekend blijven: {1}: {2}"}},
+    {goes_on,
+     {"Mothers that have a name and no id, and stay unknown: {1}: {2}",
+      "Moeders die een naam en geen id hebben, en onbekend blijven: {1}: {2}"}},
     {{"Dates", "Datums"}, {"written as {1}", "geschreven als {1}"}},
     {goes_on,
      {"As {2}: {1}; {3} of them fit no other order, {4} would fit {5} too",

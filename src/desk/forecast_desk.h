@@ -10,7 +10,8 @@
 namespace pedigreewatch {
 
 /// Measures the practice and begins a forecast. `settings` are lines of name and value: years, and rules by the names
-/// of the file of rules (blank: no such rule). Yields an object: messages (what stands in the way), replicates (wanted).
+/// of the file of rules (blank: no such rule). Yields an object: messages (what stands in the way), replicates
+/// (wanted).
 std::string begin_desk_forecast(Desk& desk, std::string_view settings);
 
 /// Makes replicates for so long, one at least. Yields an object: messages, done (replicates so far), replicates, html

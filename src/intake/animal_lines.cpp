@@ -79,11 +79,11 @@ bool is_plain_number(std::string_view text) {
   return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-/// "Total" in the place of an id, with a number somewhere behind it: one parent at most, and few fields.
+/// "Total" in the place of an id unlike all others, with a number somewhere behind it: one parent at most, and few
+/// fields.
 bool is_total(const ExportRecord& record, const ColumnChoice& columns) {
   constexpr std::ptrdiff_t most_fields_of_a_total = 5;
-  const std::string_view id = trimmed(field_of(record, columns, id_column));
-  if (!is_unlike(columns.id_style, id) || !has_remark_word(id)) return false;
+  if (!has_remark_word(trimmed(field_of(record, columns, id_column)))) return false;
   const bool has_both_parents = !trimmed(field_of(record, columns, sire_column)).empty() &&
                                 !trimmed(field_of(record, columns, dam_column)).empty();
   const bool has_number = std::any_of(record.fields.begin(), record.fields.end(),
@@ -144,10 +144,15 @@ RecordKind kind_of_record(const ExportRecord& record, const ColumnChoice& column
   if (columns.has_header && (repeats_headings(record, columns) || holds_other_headings(record, columns))) {
     return RecordKind::header_again;
   }
-  const bool has_no_young = !columns.animals_of_line.empty() && trimmed(field_of(record, columns, id_column)).empty();
-  const bool tells_counts = (columns.count_line > 0 && record.line == columns.count_line) ||
-                            is_lone_number(record, columns) || is_total(record, columns);
-  return has_no_young || tells_counts || is_remark(record, columns) ? RecordKind::remark : RecordKind::animal;
+  const std::string_view id = trimmed(field_of(record, columns, id_column));
+  const bool has_no_young = !columns.animals_of_line.empty() && id.empty();
+  const bool tells_count = columns.count_line > 0 && record.line == columns.count_line;
+  if (has_no_young || tells_count || is_lone_number(record, columns)) return RecordKind::remark;
+  if (columns.id_style.is_known && !id.empty()) {
+    if (!is_unlike(columns.id_style, id)) return RecordKind::animal;  // nearly all
+    if (is_total(record, columns)) return RecordKind::remark;
+  }
+  return is_remark(record, columns) ? RecordKind::remark : RecordKind::animal;
 }
 
 bool next_animal(RecordReader& reader, ExportRecord& record, const ColumnChoice& columns) {

@@ -90,6 +90,8 @@ void remark_unknown_parents(const ExportSurvey& survey, const PreparePlan& plan,
   for (const CountedText& entry : survey.unknown_parents.texts) {
     if (!is_unknown(entry)) remarks.push_back({RemarkKind::unknown_is_animal, {entry.text}});
   }
+  remark_noted(RemarkKind::fathers_named_only, survey.names_without_id[0], remarks);
+  remark_noted(RemarkKind::mothers_named_only, survey.names_without_id[1], remarks);
 }
 
 /// Remarks on the names that the steer file lists.

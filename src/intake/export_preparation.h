@@ -36,7 +36,7 @@ struct ReadingEvidence {
 
 struct Preparation {
   FileState export_state;  ///< when it was opened: somebody may write it while it is read
-  std::string text;  ///< the export in UTF-8, corrected
+  std::string text;        ///< the export in UTF-8, corrected
   ReadingEvidence reading;
   ColumnChoice columns;  ///< those that were surveyed
   ExportSurvey survey;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "intake/parent_names.h"
 #include "intake/value_words.h"
 #include "pedigree/population_store.h"
 
@@ -156,6 +157,16 @@ void survey_sex_of_animal(ExportSurvey& survey, const ExportRecord& record, cons
   if (!id.empty() && sex != std::string_view::npos) note_sex(survey.links, id, sex);
 }
 
+/// Notes the parents of an animal of which only the name is known.
+void survey_parent_names(ExportSurvey& survey, const ExportRecord& record, const ColumnChoice& columns,
+                         const std::array<std::optional<std::size_t>, 2>& places) {
+  for (std::size_t parent = 0; parent < places.size(); ++parent) {
+    if (!places[parent]) continue;
+    const std::string_view name = name_without_id(record, columns, places, parent);
+    if (!name.empty()) note_text(survey.names_without_id[parent], record.line, name);
+  }
+}
+
 /// What a line says that holds no animal.
 std::string text_of_line(const ExportRecord& record) {
   std::string text;
@@ -210,6 +221,7 @@ ExportSurvey survey_export(std::string_view text, char delimiter, const ColumnCh
   RecordReader reader = read_animals(text, delimiter, columns);
   ExportRecord record;
   survey.header_line = columns.has_header ? columns.table.line : 0;
+  const auto name_places = parent_name_places(columns);
   std::int64_t data_line = columns.has_header ? 1 : 0;
   while (next_record(reader, record)) {
     count_progress(progress, record.line);
@@ -228,6 +240,7 @@ ExportSurvey survey_export(std::string_view text, char delimiter, const ColumnCh
       if (columns.place[index_of(code)]) survey_field(survey, code, field_of(record, columns, code), place);
     }
     survey_sex_of_animal(survey, record, columns);
+    survey_parent_names(survey, record, columns, name_places);
   }
   survey.last_line = reader.next_line - 1;
   return survey;

@@ -61,18 +61,34 @@ void judge_names(std::string_view text, char delimiter, const ColumnChoice& colu
 
 }  // namespace
 
-ParentNames find_parent_names(std::string_view text, char delimiter, const ColumnChoice& columns) {
-  ParentNames names;
-  if (!columns.has_header || !columns.animals_of_line.empty()) return names;
-  if (!columns.place[static_cast<std::size_t>(name_column)]) return names;
+std::array<std::optional<std::size_t>, 2> parent_name_places(const ColumnChoice& columns) {
+  std::array<std::optional<std::size_t>, 2> name_places;
+  if (!columns.has_header || !columns.animals_of_line.empty()) return name_places;
   ColumnPlaces further;
   const ColumnPlaces found = recognise_columns(columns.headings, further);
-  for (std::size_t parent = 0; parent < names.places.size(); ++parent) {
+  for (std::size_t parent = 0; parent < name_places.size(); ++parent) {
     const std::vector<std::size_t>& places = found[static_cast<std::size_t>(parent_name_fields[parent])];
     const bool is_taken =
         !places.empty() && std::find(columns.place.begin(), columns.place.end(), places.front()) != columns.place.end();
-    if (places.size() == 1 && !is_taken) names.places[parent] = places.front();
+    if (places.size() == 1 && !is_taken) name_places[parent] = places.front();
   }
+  return name_places;
+}
+
+std::string_view name_without_id(const ExportRecord& record, const ColumnChoice& columns,
+                                 const std::array<std::optional<std::size_t>, 2>& places, std::size_t parent) {
+  const auto& place = places[parent];
+  if (!place || *place >= record.fields.size()) return {};
+  if (!columns.place[static_cast<std::size_t>(parent_ids[parent])]) return {};
+  if (!means_unknown_parent(trimmed(field_of(record, columns, parent_ids[parent])))) return {};
+  const std::string_view name = trimmed(record.fields[*place]);
+  return means_unknown_parent(name) ? std::string_view() : name;
+}
+
+ParentNames find_parent_names(std::string_view text, char delimiter, const ColumnChoice& columns) {
+  ParentNames names;
+  if (!columns.place[static_cast<std::size_t>(name_column)]) return names;
+  names.places = parent_name_places(columns);
   if (!names.places[0] && !names.places[1]) return names;
   collect_names(text, delimiter, columns, names);
   for (std::size_t parent = 0; parent < names.places.size(); ++parent) {

@@ -21,6 +21,14 @@ inline constexpr std::int64_t fewest_compared_names = 20;
 /// ... not one in so many is that of another animal: else they are names of another kind.
 inline constexpr std::int64_t tolerated_other_names = 10;
 
+/// The columns of the fathers' and of the mothers' names, counted from 0, where the headings name just one and it is in
+/// no other use; none without a header, and where a line holds several animals.
+std::array<std::optional<std::size_t>, 2> parent_name_places(const ColumnChoice& columns);
+
+/// The name that stands in such a column of a parent without an identification; empty when there is none.
+std::string_view name_without_id(const ExportRecord& record, const ColumnChoice& columns,
+                                 const std::array<std::optional<std::size_t>, 2>& places, std::size_t parent);
+
 /// The names of animals by their identifications. Views of the text of the export, which outlives them.
 struct ParentNames {
   std::array<std::optional<std::size_t>, 2> places;  ///< of the fathers' names, of the mothers'; none: not compared

@@ -139,6 +139,8 @@ enum class RemarkKind {
   parents_without_line,          ///< none
   unknown_parents,               ///< texts
   unknown_is_animal,             ///< text
+  fathers_named_only,            ///< animals, lines with the names of their fathers
+  mothers_named_only,            ///< the same
   dates_written,                 ///< layout
   dates_in_order,                ///< dates, layout, dates that fit no other, dates that fit the other, the other
   dates_compact,                 ///< dates, layout

@@ -6,6 +6,9 @@
 #include <vector>
 
 #include "intake/animal_lines.h"
+#include "support/lines.h"
+#include "support/prepared_run.h"
+#include "support/run_folder.h"
 
 namespace pedigreewatch::test {
 namespace {
@@ -57,6 +60,23 @@ TEST(ParentNames, AreComparedWhereTheColumnMostlyAgrees) {
   EXPECT_TRUE(contradictions_in(herd_with_names({{"Rex0", 18}, {"Rex7"}})).empty()) << "too few";
   EXPECT_EQ(contradictions_in(herd_with_names({{"Rex0", 19}, {"Rex7", 2}})), (Found{"Rex7", "Rex7"}));
   EXPECT_TRUE(contradictions_in(herd_with_names({{"Rex0", 18}, {"Rex7", 2}})).empty()) << "one in ten";
+}
+
+// The first three have a father that nobody can look up; "?" is no name, and where an id stands nothing is lost.
+TEST(ParentNames, WithoutAnIdAreTold) {
+  const std::string export_text =
+      "ID;Name;Sex;Born;Sire ID;Dam ID;Sire name;Dam name\n"
+      "r1;Rex;m;31-1-2000;;;;\nq1;Queen;f;31-1-2000;;;;\ny1;Young;f;31-1-2003;;q1;Max of Hill;Queen\n"
+      "y2;Younger;m;31-1-2003;unknown;;Max of Hill;Bea\ny3;Youngest;m;31-1-2003;r1;q1;Rex;Queen\n"
+      "y4;Last;f;31-1-2003;;q1;?;Queen\n";
+  const RunFolder folder(Files{{"dogs.csv", export_text}});
+  const WholeRun run = run_program_in(folder, prepare_with({"--species", "dog"}, "dogs.csv"));
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_TRUE(has(run.console,
+                  "              fathers that have a name and no id, and stay unknown: 2: line 4 \"Max of Hill\", line "
+                  "5 \"Max of Hill\"\n"
+                  "              mothers that have a name and no id, and stay unknown: 1: line 5 \"Bea\"\n"))
+      << run.console;
 }
 
 }  // namespace
