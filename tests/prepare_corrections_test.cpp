@@ -62,6 +62,20 @@ TEST(PrepareCorrections, AreToldByAllThatIsMadeOfTheData) {
       << "the data were changed since";
 }
 
+TEST(PrepareCorrections, TheirLineIsNoNameThatTheCheckMisses) {
+  Files files = prepare_with("C\tbirthdate\t25-05-1890\t25-05-2002\nD\tsex\tf\tm\n").files;
+  EXPECT_FALSE(has(run_program_on(files, tools_with({"check"})).file("herd_check.tsv"), "steer-rest"));
+  std::string& steer = files["pedigreewatch.ini"];
+  steer.insert(steer.find("corrections="), "black\n");
+  EXPECT_TRUE(
+      has(run_program_on(files, tools_with({"check"})).file("herd_check.tsv"), ", line 12: \"black\" is not read"))
+      << "a list that has really slipped";
+  steer.replace(steer.find("black"), std::string::npos, "corrections=2 bytes=7\nblack\n");
+  EXPECT_TRUE(
+      has(run_program_on(files, tools_with({"check"})).file("herd_check.tsv"), "\"corrections=2 bytes=7\" is not read"))
+      << "it is not the last one";
+}
+
 TEST(PrepareCorrections, SpeakDutch) {
   const WholeRun run = prepare_with("C\tbirthdate\t25-05-1890\t25-05-2002\nD\tdam\tQ\tC\n", "nl");
   EXPECT_EQ(run.exit_status, 0) << run.messages;

@@ -13,6 +13,7 @@
 #include "checks/readable_text.h"
 #include "checks/spelling_checks.h"
 #include "core/fixed_text.h"
+#include "corrections/contained_corrections.h"
 #include "intake/value_words.h"
 #include "text/folded_words.h"
 
@@ -331,8 +332,9 @@ void check_steer_lines(const CheckSettings& settings, Findings& findings) {
   }
   const std::size_t names = static_cast<std::size_t>(settings.layout.subpopulations.count()) +
                             static_cast<std::size_t>(std::max(settings.layout.colours.count() - 1, 0));
+  const std::size_t told_line = place_of_corrections_line(lines);  // stands behind all that is read, as it should
   for (std::size_t line = subpopulation_count_line(settings) + 1 + names; line < lines.size(); ++line) {
-    if (without_trailing_blanks(lines[line]).empty()) continue;
+    if (line == told_line || without_trailing_blanks(lines[line]).empty()) continue;
     add(findings, {.code = FindingCode::steer_rest,
                    .text = keep(findings, lines[line]),
                    .number = static_cast<std::int64_t>(line) + 1});

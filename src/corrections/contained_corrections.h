@@ -2,6 +2,7 @@
 // steer file that was made with it, behind all that a run reads, and goes where that goes.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -16,6 +17,10 @@ std::string corrections_line(std::int64_t corrections, std::int64_t data_bytes);
 
 /// What the lines of a steer file tell of a data file of this length: 0 when they tell nothing of it.
 std::int64_t corrections_told(std::span<const std::string> steer_lines, std::int64_t data_bytes);
+
+/// The place in them of the line that tells of corrections, of whichever data file; their number when the last one that
+/// is not blank is no such line.
+std::size_t place_of_corrections_line(std::span<const std::string> steer_lines);
 
 /// What results that contain corrections say at their head.
 std::string contained_corrections(std::int64_t corrections, ToolLanguage language);

@@ -36,6 +36,14 @@ TEST(ContainedCorrections, WhatIsNoSuchLineTellsNothing) {
   EXPECT_EQ(corrections_told(Lines{"corrections=3 bytes=7", "white"}, 7), 0) << "a name stands behind it";
 }
 
+TEST(ContainedCorrections, TheirLineIsTheLastOne) {
+  EXPECT_EQ(place_of_corrections_line(Lines{"Sheep", "0", "corrections=3 bytes=7"}), 2U);
+  EXPECT_EQ(place_of_corrections_line(Lines{"Sheep", "corrections=3 bytes=7\r", "\r", ""}), 1U);
+  EXPECT_EQ(place_of_corrections_line(Lines{"corrections=3 bytes=7", "white"}), 2U);
+  EXPECT_EQ(place_of_corrections_line(Lines{"0", "corrections=3"}), 2U);
+  EXPECT_EQ(place_of_corrections_line({}), 0U);
+}
+
 TEST(ContainedCorrections, AreSaidInBothLanguages) {
   EXPECT_EQ(contained_corrections(3, ToolLanguage::english),
             "Corrections that these results contain and the export does not: 3.");
