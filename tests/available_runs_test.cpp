@@ -198,9 +198,12 @@ TEST(AvailableRuns, APlanByAgesSaysWhetherAnybodyToldWhoIsThere) {
       "males: 1, of 2 years (5 to 95 in 100 of the parents' ages at 2 births of the last ten years)";
   const WholeRun told = run_tool_on(files, plan);
   EXPECT_TRUE(has(told.console, ages + "\n")) << told.console << told.messages;
+  const std::string not_looked_at = ages + "; whether they are alive and available is left out of account\n";
+  const WholeRun all = run_tool_on(files, {"plan", "--matings", "1", "--all-animals"});
+  EXPECT_TRUE(has(all.console, not_looked_at)) << all.console;
+  EXPECT_TRUE(has(run_tool_on(files, {"matings", "--ages", "--all-animals"}).console, not_looked_at));
   files.erase("herd_available.txt");
-  EXPECT_TRUE(has(run_tool_on(files, plan).console, ages + "; whether they are alive"))
-      << run_tool_on(files, plan).console;
+  EXPECT_TRUE(has(run_tool_on(files, plan).console, not_looked_at)) << run_tool_on(files, plan).console;
 }
 
 TEST(AvailableRuns, AListOfAnotherExportIsTold) {

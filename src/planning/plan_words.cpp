@@ -157,8 +157,8 @@ constexpr Wording by_years = {"{1}: {2}, born {3} to {4}", "{1}: {2}, geboren {3
 constexpr Wording by_ages = {
     "{1}: {2}, of {3} years (5 to 95 in 100 of the parents' ages at {4} of the last ten years)",
     "{1}: {2}, van {3} jaar (5 tot 95 op de 100 van de leeftijden van ouders bij {4} in de laatste tien jaar)"};
-constexpr Wording not_told = {"{1}; whether they are alive and available the data do not say",
-                              "{1}; of zij leven en beschikbaar zijn zeggen de gegevens niet"};
+constexpr Wording not_told = {"{1}; whether they are alive and available is left out of account",
+                              "{1}; of zij leven en beschikbaar zijn blijft buiten beschouwing"};
 constexpr Counted gone_animals = {
     {"1 animal of these ages or years is left out because it is no longer there (dead, sold, castrated, ...)",
      "1 dier van deze leeftijden of jaren valt weg omdat het er niet meer is (dood, verkocht, gecastreerd, ...)"},
