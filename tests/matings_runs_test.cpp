@@ -82,9 +82,9 @@ TEST(MatingsRun, SpeaksTheLanguageOfTheSteerFile) {
       run.console,
       "vrouwelijke dieren geboren 2013 tot en met 2014: 2\n  wie dood of verkocht is, is niet bekend; bij de geboorten van de laatste tien jaar waren minstens negen van de tien moeders 12 tot en met 13 jaar oud: --ages houdt zich daaraan\n"
       "mannelijke dieren geboren 2013 tot en met 2014: 1\n  wie dood of verkocht is, is niet bekend; bij de geboorten van de laatste tien jaar waren minstens negen van de tien vaders 12 tot en met 13 jaar oud: --ages houdt zich daaraan\n"
-      "laagste F van de nakomelingen: 12.50 %, puck x bram\n"
-      "hoogste F van de nakomelingen: 25.00 %, tess x bram\n"
-      "F boven 6.25 % (zoals van neef en nicht): 2 van 2 paren\n"
+      "laagste F van de nakomelingen: 12,50 %, puck x bram\n"
+      "hoogste F van de nakomelingen: 25,00 %, tess x bram\n"
+      "F boven 6,25 % (zoals van neef en nicht): 2 van 2 paren\n"
       "vrouwelijke dieren bij wie elke paring daarboven ligt: 2 van 2; zoek voor hen andere mannetjes\n"
       "paren met een mannetje van wie minder dan drie generaties bekend zijn: 2; ze staan achteraan, en een lage F zegt "
       "daar weinig\n"

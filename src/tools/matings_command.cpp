@@ -115,7 +115,7 @@ constexpr Wording lowest_line = {"lowest F of the offspring: {1} %, {2} x {3}",
 constexpr Wording highest_line = {"highest F of the offspring: {1} %, {2} x {3}",
                                   "hoogste F van de nakomelingen: {1} %, {2} x {3}"};
 constexpr Wording beyond_line = {"F beyond 6.25 % (as of first cousins): {1} of {2} pairs",
-                                 "F boven 6.25 % (zoals van neef en nicht): {1} van {2} paren"};
+                                 "F boven 6,25 % (zoals van neef en nicht): {1} van {2} paren"};
 constexpr Wording beyond_limit_line = {"F beyond {3} % (the limit of --most-f): {1} of {2} pairs",
                                        "F boven {3} % (de grens van --most-f): {1} van {2} paren"};
 constexpr Wording females_line = {
@@ -338,11 +338,10 @@ std::optional<ToolRefusal> take_candidates(MatingRun& run, const ListWording& wo
   return refusal;
 }
 
-std::string percent_text(float f) {
-  std::array<char, 32> text{};
+/// In per cent, with the decimal sign of the language.
+std::string f_text(float f, ToolLanguage language) {
   constexpr double least = 0.00005;  // what rounding leaves of 0 has no sign
-  const int length = std::snprintf(text.data(), text.size(), "%.2f", double{f} < least ? 0.0 : 100.0 * double{f});
-  return {text.data(), static_cast<std::size_t>(length)};
+  return shown_decimals(double{f} < least ? 0.0 : 100.0 * double{f}, 2, language);
 }
 
 /// What the board is warned of: pairs beyond its limit, females without another, males of whom little is known.
@@ -351,7 +350,7 @@ void say_warnings(const MatingRun& run, const MatingPlan& plan, const MatingChoi
   TextOutput& console = folder.streams.console;
   const Wording& beyond = run.options.most_inbreeding ? beyond_limit_line : beyond_line;
   say(console, folder.words(beyond, {std::to_string(choice.beyond), std::to_string(choice.examined),
-                                     percent_text(static_cast<float>(plan.most_inbreeding))}));
+                                     f_text(static_cast<float>(plan.most_inbreeding), folder.language)}));
   if (choice.females_beyond > 0) {
     say(console,
         folder.words(females_line, {std::to_string(choice.females_beyond), std::to_string(plan.females.size())}));
@@ -367,7 +366,7 @@ void say_summary(const MatingRun& run, const MatingPlan& plan, const MatingChoic
   TextOutput& console = folder.streams.console;
   const auto id_of = [&](std::int32_t position) { return shown(readable(run.store().id(position))); };
   const auto say_pair = [&](const Wording& wording, const MatingPair& pair) {
-    say(console, folder.words(wording, {percent_text(pair.f), id_of(pair.female), id_of(pair.male)}));
+    say(console, folder.words(wording, {f_text(pair.f, folder.language), id_of(pair.female), id_of(pair.male)}));
   };
   say_pair(lowest_line, choice.lowest);
   say_pair(highest_line, choice.highest);
