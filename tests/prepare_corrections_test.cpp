@@ -92,6 +92,16 @@ TEST(PrepareCorrections, AListInAnotherEncodingIsRead) {
   EXPECT_TRUE(has(run.console, "\"C\", name: the export has no column for this")) << run.console << run.messages;
 }
 
+TEST(PrepareCorrections, AListThatHoldsNoneIsTold) {
+  for (const char* const list : {"", "id\tfield\twas\tbecomes\twhy\twhen\n"}) {
+    const WholeRun run = prepare_with(list);
+    EXPECT_EQ(run.exit_status, 0);
+    EXPECT_EQ(run.messages, "list.tsv: this list holds no corrections\n");
+    EXPECT_EQ(prepare_with(list, "nl").messages, "list.tsv: in deze lijst staan geen correcties\n");
+  }
+  EXPECT_EQ(prepare_with("D\tsex\tf\tm\n").messages, "");
+}
+
 TEST(PrepareCorrections, WhatCannotBeReadStopsEverything) {
   const WholeRun run = prepare_with("C\tweight\t1\t2\nC birthdate\n");
   EXPECT_EQ(run.exit_status, 1);

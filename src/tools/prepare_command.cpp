@@ -252,8 +252,10 @@ std::string obey_option(std::string_view name, std::string_view value, PrepareOp
 constexpr Wording list_not_read = {"{1}: the list of corrections could not be read: {2}",
                                    "{1}: de lijst met correcties kon niet gelezen worden: {2}"};
 
-/// Reads the list of corrections, where one is named.
-std::optional<ToolRefusal> read_list(PrepareOptions& options) {
+constexpr Wording holds_none = {"{1}: this list holds no corrections", "{1}: in deze lijst staan geen correcties"};
+
+/// Reads the list of corrections, where one is named, and says so where it holds none.
+std::optional<ToolRefusal> read_list(PrepareOptions& options, ToolStreams& streams) {
   if (options.corrections_file.empty()) return std::nullopt;
   std::string bytes;
   const int error = read_file_bytes(options.corrections_file, bytes);
@@ -269,6 +271,9 @@ std::optional<ToolRefusal> read_list(PrepareOptions& options) {
   }
   if (!problems.empty()) return ToolRefusal{problems};
   options.corrections = std::move(list.corrections);
+  if (options.corrections.empty()) {
+    say(streams.messages, phrase(holds_none, options.language, {shown(options.corrections_file)}));
+  }
   return std::nullopt;
 }
 
@@ -296,7 +301,7 @@ int run_prepare(std::span<const std::string_view> arguments, ToolStreams& stream
   PrepareOptions options;
   const std::string problem = read_prepare_options(arguments, options);
   if (!problem.empty()) return refuse(streams, refusal_of_arguments("prepare", problem));
-  const std::optional<ToolRefusal> refusal = read_list(options);
+  const std::optional<ToolRefusal> refusal = read_list(options, streams);
   return refusal ? refuse(streams, *refusal) : prepare(options, streams, obey_option);
 }
 
