@@ -34,7 +34,7 @@ export interface Desk {
   written?: FilesAnswer;
   check?: CheckAnswer;
   run?: RunAnswer;
-  /** Something of these results has been saved. */
+  /** These results have been saved whole, as report, page or workbook. */
   isSaved: boolean;
   /** What the board says, as it was typed: the year of its rule, its limits in per cent. */
   board: { ruleYear: string; sireShare: string; mostF: string };
@@ -99,6 +99,8 @@ export interface DeskLeftOut { rows: LeftOutRow[]; isSaved: boolean; former?: { 
 /** Several females against several males: who they are, lists that are being pasted, what came of it. */
 export interface DeskMates {
   females: Animal[]; males: Animal[]; pasted: { females: string; males: string }; notes: string[]; answer?: MatesAnswer;
+  /** The answer has been saved. */
+  isSaved?: boolean;
 }
 
 /** What is asked of a plan, and what came of it; `swapping` is the mating whose male goes to another female. */
@@ -106,6 +108,8 @@ export interface DeskPlan {
   fields: Map<string, string>;
   answer?: PlanAnswer; problems: string[];
   first: number; rows: PlanRow[]; swapping?: number;
+  /** Its matings have been saved as they are now. */
+  isSaved?: boolean;
   /** Other animals are left out since it was made. */
   isOfBefore?: boolean;
 }
@@ -114,6 +118,17 @@ export interface DeskPlan {
 export interface DeskForecast {
   fields: Map<string, string>;
   grown?: GrownAnswer; problems: string[]; isWanted: boolean;
+  /** The replicates so far have been saved. */
+  isSaved?: boolean;
+}
+
+/** Something that was made or changed since it was last saved, and would be lost with the page. */
+export function hasUnsaved(desk: Desk): boolean {
+  const { run, corrections, leftOut, plan, forecast, mates } = desk;
+  const hasResults = run !== undefined && run.messages.length === 0 && !desk.isSaved;
+  const hasLists = !corrections.isSaved || corrections.former !== undefined || !leftOut.isSaved || leftOut.former !== undefined;
+  return hasResults || hasLists || (plan?.answer !== undefined && plan.isSaved !== true) ||
+    (forecast?.grown !== undefined && forecast.isSaved !== true) || (mates?.answer !== undefined && mates.isSaved !== true);
 }
 
 export function createDesk(language: Language, draw: (desk: Desk) => void): Desk {

@@ -49,6 +49,7 @@ async function grow(desk: Desk, forecast: DeskForecast): Promise<void> {
       forecast.problems = grown.messages;
       if (grown.messages.length > 0) break;
       forecast.grown = grown;
+      forecast.isSaved = false;
       if (grown.done >= grown.replicates) break;
       afterPress(() => showGrown(desk, forecast));
     }
@@ -87,9 +88,13 @@ function drawFields(desk: Desk, forecast: DeskForecast): HTMLElement {
     forecast.isWanted ? button(text(desk, "stopForecast"), () => stop(desk, forecast), { id: "stop-forecast" }) : null);
 }
 
-function drawKept(desk: Desk): HTMLElement {
+function drawKept(desk: Desk, forecast: DeskForecast): HTMLElement {
   const keep = (label: TextName, name: string, file: string, type: string) =>
-    button(text(desk, label), () => void work(desk, async () => save(file, await bytesOf(desk, name), type)));
+    button(text(desk, label), () => void work(desk, async () => {
+      const { grown } = forecast;
+      save(file, await bytesOf(desk, name), type);
+      if (grown === forecast.grown) forecast.isSaved = true;  // no more replicates came meanwhile
+    }));
   return make("p", { class: "row" }, keep("saveForecast", "forecast", "forecast.tsv", "text/tab-separated-values"),
     keep("saveForecastPage", "forecastPage", "forecast.html", "text/html"));
 }
@@ -102,5 +107,5 @@ export function drawForecast(desk: Desk): HTMLElement[] {
   return [make("h2", {}, text(desk, "forecastTitle")), make("p", { class: "hint" }, text(desk, "forecastHint")), drawFields(desk, forecast),
     ...forecast.problems.map((problem) => make("p", { class: "problem", role: "alert" }, problem)),
     make("p", { id: "forecast-progress", role: "status" }, progressOf(desk, forecast)),
-    ...(forecast.grown === undefined ? [] : [drawKept(desk)]), body];
+    ...(forecast.grown === undefined ? [] : [drawKept(desk, forecast)]), body];
 }

@@ -5,7 +5,7 @@ import { listenForCards } from "./card";
 import { drawCheck } from "./check_step";
 import { filesOfDrop } from "./chosen_files";
 import { drawData, takeFiles } from "./data_step";
-import { cancel, changeLanguage, createDesk, ensureCheck, ensureRun, isReady, showProblem, stepNames, text, work } from "./desk";
+import { cancel, changeLanguage, createDesk, ensureCheck, ensureRun, hasUnsaved, isReady, showProblem, stepNames, text, work } from "./desk";
 import type { Desk, StepName } from "./desk";
 import { button, byId, make, shownNumber } from "./dom";
 import { keepFocus } from "./focus";
@@ -137,9 +137,7 @@ function start(): void {
     takeDrop(desk, event as DragEvent);
   });
   addEventListener("beforeunload", (event) => {
-    const hasResults = desk.run !== undefined && desk.run.messages.length === 0 && !desk.isSaved;
-    const hasLists = !desk.corrections.isSaved || desk.corrections.former !== undefined || !desk.leftOut.isSaved || desk.leftOut.former !== undefined;
-    if (hasResults || hasLists) event.preventDefault();
+    if (hasUnsaved(desk)) event.preventDefault();
   });
   byId("help-button").addEventListener("click", () => showHelp(desk, !desk.isHelpShown));
   byId("help").addEventListener("keydown", (event) => {

@@ -40,6 +40,7 @@ async function compare(desk: Desk, mates: DeskMates): Promise<void> {
   const positions = (side: Side) => mates[side].map(({ position }) => position).join(",");
   const answer = await ask<MatesAnswer>(desk.client, "compareMates", [positions("females"), positions("males")]);
   mates.notes = answer.messages;
+  mates.isSaved = false;
   mates.answer = answer.messages.length === 0 ? answer : undefined;
 }
 
@@ -98,12 +99,15 @@ function drawLegend(desk: Desk): HTMLElement {
     text(desk, name, percentage(bound, desk.language)))));
 }
 
-function drawAnswer(desk: Desk, answer: MatesAnswer): HTMLElement {
+function drawAnswer(desk: Desk, mates: DeskMates, answer: MatesAnswer): HTMLElement {
   const all = [...answer.females, ...answer.males];
   const left = desk.leftOut.rows.filter(({ animal }) => animal !== undefined && all.some(({ position }) => position === animal.position))
     .map(({ id, why }) => (why === "" ? id : `${id} (${why})`));
   const pieces = Array.from({ length: Math.ceil(answer.males.length / columnsOnPaper) }, (_piece, k) => drawTable(desk, answer, k * columnsOnPaper, columnsOnPaper));
-  const keep = (label: TextName, action: () => Promise<void>) => button(text(desk, label), () => void work(desk, action));
+  const keep = (label: TextName, action: () => Promise<void>) => button(text(desk, label), () => void work(desk, async () => {
+    await action();
+    mates.isSaved = true;
+  }));
   return make("div", { id: "mates" },
     left.length === 0 ? null : make("p", { class: "question" }, text(desk, "matesLeftOut", left.join(", "))),
     make("p", { class: "row" }, keep("saveMates", async () => save("mates.tsv", await bytesOf(desk, "mates"), "text/tab-separated-values")),
@@ -123,5 +127,5 @@ export function drawMates(desk: Desk): HTMLElement[] {
     make("div", { class: "pair" }, drawSide(desk, mates, "females"), drawSide(desk, mates, "males")),
     ...mates.notes.map((note) => make("p", { class: "problem", role: "alert" }, note)),
     make("p", { class: "row" }, button(text(desk, "compareMates"), () => void work(desk, () => compare(desk, mates)), { class: "main", id: "compare-mates", disabled: isEmpty })),
-    ...(mates.answer === undefined ? [] : [drawAnswer(desk, mates.answer)])];
+    ...(mates.answer === undefined ? [] : [drawAnswer(desk, mates, mates.answer)])];
 }

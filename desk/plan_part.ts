@@ -41,6 +41,7 @@ async function take(desk: Desk, plan: DeskPlan, answer: PlanAnswer): Promise<voi
   plan.swapping = undefined;
   if (answer.messages.length > 0) return;
   plan.answer = answer;
+  plan.isSaved = false;
   await listRows(desk, plan, plan.first);
 }
 
@@ -111,12 +112,16 @@ function drawMatings(desk: Desk, plan: DeskPlan, answer: PlanAnswer): HTMLElemen
   const shown = (value: number) => shownNumber(value, desk.language);
   const heading = (name: TextName, isNumber = false) => make("th", { scope: "col", class: isNumber ? "number" : "" }, text(desk, name));
   const move = (first: number) => void work(desk, () => listRows(desk, plan, Math.max(0, first)));
-  const keep = (label: TextName, name: string, file: string, type: string) =>
-    button(text(desk, label), () => void work(desk, async () => save(file, await bytesOf(desk, name), type)));
+  const keep = (label: TextName, file: string, type: string, bytes: () => Promise<Uint8Array>, hasMatings = true) =>
+    button(text(desk, label), () => void work(desk, async () => {
+      save(file, await bytes(), type);
+      if (hasMatings) plan.isSaved = true;
+    }));
   return [make("p", {}, `${text(desk, "planMeanF")}: `, make("span", { class: "figure", id: "plan-mean-f" }, percentage(answer.meanF, desk.language))),
-    make("p", { class: "row" }, keep("savePlan", "plan", "plan.tsv", "text/tab-separated-values"),
-      keep("saveContributions", "contributions", "contributions.tsv", "text/tab-separated-values"), keep("savePlanPage", "planPage", "plan.html", "text/html"),
-      button(text(desk, "savePlanWorkbook"), () => void work(desk, async () => save("plan.xlsx", await workbookOf(desk, "planWorkbook"), workbookType)))),
+    make("p", { class: "row" }, keep("savePlan", "plan.tsv", "text/tab-separated-values", () => bytesOf(desk, "plan")),
+      keep("saveContributions", "contributions.tsv", "text/tab-separated-values", () => bytesOf(desk, "contributions"), false),
+      keep("savePlanPage", "plan.html", "text/html", () => bytesOf(desk, "planPage")),
+      keep("savePlanWorkbook", "plan.xlsx", workbookType, () => workbookOf(desk, "planWorkbook"))),
     make("p", { class: "row" }, button(text(desk, "before"), () => move(plan.first - rowsShown), { disabled: plan.first === 0 }),
       button(text(desk, "after"), () => move(plan.first + rowsShown), { disabled: plan.first + rowsShown >= answer.count }),
       make("span", { role: "status" }, text(desk, "showing", shown(plan.first + 1), shown(Math.min(plan.first + rowsShown, answer.count)), shown(answer.count)))),

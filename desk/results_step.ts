@@ -40,17 +40,19 @@ function drawReport(desk: Desk): HTMLElement {
 
 function drawSaving(desk: Desk): HTMLElement {
   const stem = (desk.run?.reportName ?? "report.out").replace(/\.[^.]*$/, "");
-  const kept = (label: TextName, what: string, name: string, type: string) => button(text(desk, label), () => void work(desk, async () => {
+  const kept = (label: TextName, what: string, name: string, type: string, isWhole = false) => button(text(desk, label), () => void work(desk, async () => {
     save(name, await bytesOf(desk, what), type);
-    desk.isSaved = true;
+    if (isWhole) desk.isSaved = true;
   }));
   const table = "text/tab-separated-values";
   const hasSubpopulations = (desk.export?.subpopulations.filter(({ isListed }) => isListed).length ?? 2) > 1;
-  const workbook = button(text(desk, "saveWorkbook"), () => void work(desk, async () =>
-    save(`${stem}_tables.xlsx`, await workbookOf(desk, "workbook"), workbookType)), { id: "save-workbook" });
+  const workbook = button(text(desk, "saveWorkbook"), () => void work(desk, async () => {
+    save(`${stem}_tables.xlsx`, await workbookOf(desk, "workbook"), workbookType);
+    desk.isSaved = true;
+  }), { id: "save-workbook" });
   return make("p", { class: "row" }, workbook,
-    kept("saveReport", "report", desk.run?.reportName ?? "report.out", "application/octet-stream"),
-    kept("savePage", "page", `${stem}.html`, "text/html"), kept("saveYears", "years", `${stem}_years.tsv`, table),
+    kept("saveReport", "report", desk.run?.reportName ?? "report.out", "application/octet-stream", true),
+    kept("savePage", "page", `${stem}.html`, "text/html", true), kept("saveYears", "years", `${stem}_years.tsv`, table),
     kept("saveAnimals", "animals", `${stem}_animals.tsv`, table), kept("saveDiversity", "diversity", `${stem}_diversity.tsv`, table),
     kept("saveStanding", "standing", `${stem}_standing.tsv`, table),
     kept("saveCohorts", "cohorts", `${stem}_cohorts.tsv`, table), kept("saveByKinship", "byKinship", `${stem}_by_kinship.tsv`, table),
@@ -69,6 +71,7 @@ async function judge(desk: Desk): Promise<void> {
     return;
   }
   desk.body = await ask<string>(desk.client, "text", ["body"]);
+  desk.isSaved = false;
   desk.draw();
 }
 

@@ -253,6 +253,26 @@ test("ClosingAsksWhenResultsWereNotSaved", () => withDesk(async (page, desk) => 
   for (const step of ["check", "results"]) await enter(page, step);
   assert.equal(await asks(), true);
   await saved(desk, "Save the table by year", name.replace(".txt", "_years.tsv"));
+  assert.equal(await asks(), true, "one table of several");
+  await saved(desk, "Save all tables as a workbook (.xlsx)", name.replace(".txt", "_tables.xlsx"));
+  assert.equal(await asks(), false);
+  await enter(page, "breeding");
+  assert.equal(await asks(), false);
+  await page.click("#make-plan");
+  await idle(page);
+  assert.equal(await asks(), true, "a plan");
+  await saved(desk, "Save the contributions", "contributions.tsv");
+  assert.equal(await asks(), true, "one table of several");
+  await saved(desk, "Save the pairs", "plan.tsv");
+  assert.equal(await asks(), false);
+  await page.click("#plan-pairs tbody tr button[aria-label^='Fix']");
+  await idle(page);
+  assert.equal(await asks(), true, "the plan was changed");
+  await saved(desk, "Save the pairs", "plan.tsv");
+  await page.click("#make-forecast");
+  await page.waitForFunction(() => document.querySelector("#forecast-body svg") !== null && document.querySelector("#stop-forecast") === null);
+  assert.equal(await asks(), true, "a forecast");
+  await saved(desk, "Save the forecast", "forecast.tsv");
   assert.equal(await asks(), false);
 }));
 
