@@ -56,11 +56,26 @@ const parts = await partsOfPage();
 writeFileSync(join(work, "page_script.js"), `export function readFigures() {\n${parts.script}\n}\n`);
 const style = minified("desk/style.css").trim();
 const script = inScript(bundle("main"));
-/** Compressed, in letters of which a script can hold any. Browsers that know vectors in WebAssembly know how to decompress
- * too (gunzip.ts). */
-const packed = (bytes) => gzipSync(bytes, { level: 9 }).toString("base64");
+/** Bytes in 85 letters, of which a script can hold any: five for each four of them (gunzip.ts reads them). */
+function inLetters(bytes) {
+  let letters = "";
+  for (let start = 0; start < bytes.length; start += 4) {
+    const count = Math.min(4, bytes.length - start);
+    let value = 0;
+    for (let k = start; k < start + 4; ++k) value = value * 256 + (k < bytes.length ? bytes[k] : 0);
+    let group = "";
+    for (let digit = 0; digit < 5; ++digit, value = Math.floor(value / 85)) {
+      const rest = value % 85, code = 0x23 + rest;
+      group = String.fromCharCode(code + (code >= 0x3c ? 1 : 0) + (code >= 0x5b ? 1 : 0)) + group;
+    }
+    letters += group.slice(0, count + 1);
+  }
+  return letters;
+}
+/** Compressed, in these letters. Browsers that know vectors in WebAssembly know how to decompress too. */
+const packed = (bytes) => inLetters(gzipSync(bytes, { level: 9 }));
 /** The core is most of the file: a longer search for a shorter compression, of the same kind, is worth some seconds. */
-const packedCore = () => execFileSync("zopfli", ["--i1", "-c", join(wasmBuild, "desk_core.wasm")], { maxBuffer: 1 << 28 }).toString("base64");
+const packedCore = () => inLetters(execFileSync("zopfli", ["--i1", "-c", join(wasmBuild, "desk_core.wasm")], { maxBuffer: 1 << 28 }));
 const worker = inScript(`${minified(join(wasmBuild, "desk_core.js"))}
 const deskCoreBytes = "${packedCore()}";
 ${bundle("worker")}`);

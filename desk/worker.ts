@@ -27,7 +27,7 @@ interface Core {
   [operation: `_${string}`]: (...values: number[]) => number;
 }
 declare function createDeskCore(options: { wasmBinary: ArrayBuffer }): Promise<Core>;
-/** The compiled core, compressed, in base64. */
+/** The compiled core, compressed, in 85 letters. */
 declare const deskCoreBytes: string;
 declare function postMessage(message: unknown, transfer?: Transferable[]): void;
 
