@@ -17,6 +17,7 @@ int parents_in_common(const KnownParents& a, const KnownParents& b) {
 }  // namespace
 
 MatingKin kin_of_mating(const PopulationStore& store, const KnownParents& parents, float inbreeding) {
+  if (parents.sire == parents.dam) return MatingKin::parent_offspring;
   const KnownParents of_sire = known_parents(store, parents.sire), of_dam = known_parents(store, parents.dam);
   if (of_sire.sire == parents.dam || of_sire.dam == parents.dam || of_dam.sire == parents.sire ||
       of_dam.dam == parents.sire) {

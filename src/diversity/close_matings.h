@@ -11,11 +11,11 @@ namespace pedigreewatch {
 
 /// The first that holds is the one.
 enum class MatingKin : std::uint8_t {
-  parent_offspring,
-  full_sibs,  ///< both parents in common
-  half_sibs,  ///< one parent in common
-  cousins,    ///< a kinship of 1/16 or more by other ways: first cousins, uncle and niece, grandparent and grandchild
-  distant,    ///< less than that
+  parent_offspring,  ///< also an animal with itself, which is nearer still
+  full_sibs,         ///< both parents in common
+  half_sibs,         ///< one parent in common
+  cousins,  ///< a kinship of 1/16 or more by other ways: first cousins, uncle and niece, grandparent and grandchild
+  distant,  ///< less than that
 };
 inline constexpr std::size_t close_matings = 4;  ///< all but the distant ones
 

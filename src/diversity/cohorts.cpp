@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/side_by_side.h"
 #include "diversity/cohort_genes.h"
 #include "diversity/effective_ancestors.h"
 #include "diversity/effective_sizes.h"
@@ -221,10 +222,15 @@ std::vector<std::int32_t> animals_of(const CohortRequest& request, const Cohort&
 void choose_ancestors_of(const CohortRequest& request, std::vector<Cohort>& cohorts) {
   const std::int64_t work = std::int64_t{request.store.animal_count} * std::ssize(cohorts);
   if (work > most_ancestor_work && !request.wants_ancestors) return;
+  std::vector<Task> tasks;
+  tasks.reserve(cohorts.size());
   for (Cohort& cohort : cohorts) {
-    const std::vector<std::int32_t> animals = animals_of(request, cohort);
-    cohort.effective_ancestors = choose_ancestors(make_reference_pedigree(request.store, animals)).effective_ancestors;
+    tasks.emplace_back([&request, &cohort] {
+      const ReferencePedigree pedigree = make_reference_pedigree(request.store, animals_of(request, cohort));
+      cohort.effective_ancestors = choose_ancestors(pedigree).effective_ancestors;
+    });
   }
+  do_side_by_side(tasks, request.threads);
 }
 
 /// What is gathered while the years are gone through.

@@ -70,6 +70,7 @@ struct CohortRequest {
   const ByNumber<float>& import_shares;  ///< of `import_shares`; empty where imports are not told
   std::int32_t interval_years = 0;       ///< the generation interval; 0: unknown, and no such cohorts
   bool wants_ancestors = false;          ///< also where that is much work
+  std::int32_t threads = 1;              ///< that choose ancestors, each those of one cohort at a time
 };
 
 /// A cohort for each birth year that has animals, then for each generation interval, the last of which ends with the

@@ -36,7 +36,7 @@ PopulationFigures compute_figures(const PopulationStore& store, const Diversity&
     if (store.has_import) animals.import_shares = import_shares(store);
     const YearGroups years = group_by_year(store);
     figures.cohorts = describe_cohorts({store, years, animals.lines, animals.import_shares,
-                                        whole_years(diversity.families.generation_interval), wants_ancestors});
+                                        whole_years(diversity.families.generation_interval), wants_ancestors, threads});
   };
   const auto list_animals = [&] {
     animals.mean_kinship = mean_kinship_of_all(store, reference);

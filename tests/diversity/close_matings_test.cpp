@@ -44,5 +44,12 @@ TEST(KinOfMating, PutsTheNearestFirst) {
   EXPECT_EQ(kin_in("m\n.\ns=1 d=2 m\ns=3 d=2\ns=3 d=4\n"), MatingKin::parent_offspring);
 }
 
+TEST(KinOfMating, CountsAnAnimalWithItselfAmongTheNearest) {
+  // Its own parents are none, one or two: so they would be no, one or two in common.
+  EXPECT_EQ(kin_in("m\ns=1 d=1\n"), MatingKin::parent_offspring);
+  EXPECT_EQ(kin_in("m\ns=1 m\ns=2 d=2\n"), MatingKin::parent_offspring);
+  EXPECT_EQ(kin_in("m\n.\ns=1 d=2 m\ns=3 d=3\n"), MatingKin::parent_offspring);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

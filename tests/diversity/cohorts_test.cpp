@@ -15,10 +15,10 @@
 namespace pedigreewatch::test {
 namespace {
 
-std::vector<Cohort> cohorts_of(const PopulationStore& store, std::int32_t interval = 0) {
+std::vector<Cohort> cohorts_of(const PopulationStore& store, std::int32_t interval = 0, std::int32_t threads = 1) {
   const YearGroups years = group_by_year(store);
   const ByNumber<float> shares = import_shares(store);
-  return describe_cohorts({store, years, count_known_lines(store), shares, interval, false});
+  return describe_cohorts({store, years, count_known_lines(store), shares, interval, false, threads});
 }
 
 void expect_near(const std::optional<double>& got, const std::optional<double>& want, double error) {
@@ -71,6 +71,16 @@ TEST(Cohorts, OfSubpopulationsStandBehindThoseOfAll) {
   EXPECT_EQ(cohorts[1].subpopulation, 1);
   EXPECT_EQ(cohorts[10].subpopulation, 10);
   for (const Cohort& cohort : cohorts) expect_as_reference(store, cohort);
+}
+
+TEST(Cohorts, HaveTheSameAncestorsOnAnyNumberOfThreads) {
+  const PopulationStore store = random_population(5, 300);
+  const std::vector<Cohort> one = cohorts_of(store, 4), three = cohorts_of(store, 4, 3);
+  ASSERT_EQ(one.size(), three.size());
+  for (std::size_t k = 0; k < one.size(); ++k) {
+    EXPECT_TRUE(three[k].effective_ancestors.has_value());
+    EXPECT_EQ(one[k].effective_ancestors, three[k].effective_ancestors);
+  }
 }
 
 TEST(Cohorts, CountMatingsOnceAYear) {
