@@ -86,8 +86,9 @@ ReportBytes count_bytes(const ReportShape& shape, const std::vector<Subpopulatio
 }
 
 std::string describe_size(const ReportBytes& bytes, const ReportShape& shape, ToolLanguage language) {
+  const char decimal_sign = language == ToolLanguage::dutch ? ',' : '.';
   if (bytes.longest_line > line_byte_limit) {
-    return phrase(too_long_lines, language, {in_megabytes(bytes.longest_line)});
+    return phrase(too_long_lines, language, {in_megabytes(bytes.longest_line, decimal_sign)});
   }
   const std::string colours =
       shape.colours > shape.names ? phrase(and_colours, language, {std::to_string(shape.colours)}) : std::string();

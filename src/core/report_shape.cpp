@@ -68,9 +68,16 @@ bool is_too_large(const ReportBytes& bytes) {
   return bytes.all > report_byte_limit || bytes.longest_line > line_byte_limit;
 }
 
-std::string in_megabytes(std::int64_t bytes) {
-  constexpr std::int64_t mega = 1'000'000;
-  return std::to_string((bytes + mega - 1) / mega) + " MB";
+std::string in_megabytes(std::int64_t bytes, char decimal_sign) {
+  constexpr std::int64_t mega = 1'000'000, part = mega / 100, with_decimals = 1000;
+  const std::int64_t hundredths = (bytes + part - 1) / part;
+  if (hundredths >= with_decimals) return std::to_string((bytes + mega - 1) / mega) + " MB";
+  std::string text = std::to_string(hundredths / 100);
+  if (hundredths % 100 != 0) {
+    text += decimal_sign + std::to_string(100 + hundredths % 100).substr(1);
+    if (text.back() == '0') text.pop_back();
+  }
+  return text + " MB";
 }
 
 }  // namespace pedigreewatch

@@ -40,7 +40,7 @@ void add_block(ReportBytes& bytes, const ReportShape& shape, const ParentAges& a
 /// Whether the report would have more than 1 GB, or a line of more than 1 MB.
 bool is_too_large(const ReportBytes& bytes);
 
-/// "12 MB", rounded up.
-std::string in_megabytes(std::int64_t bytes);
+/// "12 MB", rounded up; below 10 MB with two decimals, without zeros at their end: "1.01 MB", "2 MB".
+std::string in_megabytes(std::int64_t bytes, char decimal_sign = '.');
 
 }  // namespace pedigreewatch

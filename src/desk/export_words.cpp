@@ -117,6 +117,10 @@ constexpr std::array<EvidenceWording, remark_kind_count> remark_wordings = {{
     {{"Colours", "Kleuren"}, {"{1}: {2}", "{1}: {2}"}},
     {goes_on, {"Not ticked: {1}", "Niet aangevinkt: {1}"}},
     {goes_on, {"Together as \"{3}\": {1} names, animals: {2}", "Samen als \"{3}\": {1} namen, dieren: {2}"}},
+    {goes_on,
+     {"No text of the column has {1} animals: none is listed by itself",
+      "Geen tekst van de kolom heeft {1} dieren: geen enkele komt zelf op de lijst"}},
+    {look_at_this, {"Listed names that no animal has: {1}", "Namen op de lijst die geen dier heeft: {1}"}},
     {{"Imports", "Import"}, {"{1}; text that means none: {2}", "{1}; tekst die geen import betekent: {2}"}},
     {{"Species", "Diersoort"}, {"{1}", "{1}"}},
     {{"Population", "Populatie"}, {"{1}", "{1}"}},
@@ -281,6 +285,11 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "compared. Tick those that count at \"Subpopulations\", or choose one of these.",
      "De kolom van de subpopulaties, {1}, bevat {2} verschillende teksten; elk zou op de lijst komen, en elke twee "
      "zouden vergeleken worden. Vink aan welke meetellen bij \"Subpopulaties\", of kies een van deze."},
+    {"The {2} subpopulations that are ticked make a report of {4} with lines up to {5}, as each two of them are compared; "
+     "at most 1000 MB with lines up to 1 MB are made. Tick fewer at \"Subpopulations\", or choose one of these.",
+     "De {2} aangevinkte subpopulaties geven een rapport van {4} met regels tot {5}, omdat elke twee vergeleken worden; "
+     "meer dan 1000 MB, of regels van meer dan 1 MB, wordt niet gemaakt. Vink er minder aan bij \"Subpopulaties\", of "
+     "kies een van deze."},
     {"The column of colours, {1}, holds {2} different texts; each would be listed. Tick those that count at "
      "\"Colours\", or choose all or none.",
      "De kolom van de kleuren, {1}, bevat {2} verschillende teksten; elk zou op de lijst komen. Vink aan welke "

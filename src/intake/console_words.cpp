@@ -92,6 +92,9 @@ constexpr std::array<Wording, remark_kind_count> remark_wordings = {{
     {"Colours       {1}: {2}", "Kleuren       {1}: {2}"},
     {"              not listed: {1}", "              niet op de lijst: {1}"},
     {"              together as \"{3}\": {1} names, animals: {2}", "              samen als \"{3}\": {1} namen, dieren: {2}"},
+    {"              no text of the column has {1} animals: none is listed by itself",
+     "              geen tekst van de kolom heeft {1} dieren: geen enkele komt zelf op de lijst"},
+    {"Look at this: listed names that no animal has: {1}", "Let op: namen op de lijst die geen dier heeft: {1}"},
     {"Imports       {1}; text that means none: {2}", "Import        {1}; tekst die geen import betekent: {2}"},
     {"Species       {1}", "Diersoort     {1}"},
     {"Population    {1} (another name: --name)", "Populatie     {1} (andere naam: --name)"},
@@ -253,6 +256,12 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "count (--subpopulations \"A,B\"), or say one of these:{3}",
      "De kolom \"{1}\" bevat {2} verschillende teksten; elk zou op de lijst komen, en elke twee zouden vergeleken "
      "worden. Noem welke meetellen (--subpopulations \"A,B\"), of zeg een van deze:{3}"},
+    {"The {2} names that you list make a report of {4} with lines up to {5}, as each two of them are compared; at most "
+     "1000 MB with lines up to 1 MB are made. Name fewer texts of the column \"{1}\" (--subpopulations \"A,B\"), or say "
+     "one of these:{3}",
+     "De {2} namen die u noemt geven een rapport van {4} met regels tot {5}, omdat elke twee vergeleken worden; meer dan "
+     "1000 MB, of regels van meer dan 1 MB, wordt niet gemaakt. Noem minder teksten van de kolom \"{1}\" "
+     "(--subpopulations \"A,B\"), of zeg een van deze:{3}"},
     {"The column \"{1}\" holds {2} different texts; each would be listed. Name those that count (--colours \"A,B\"), "
      "or say --colours all, or --colours none to leave the column out.",
      "De kolom \"{1}\" bevat {2} verschillende teksten; elk zou op de lijst komen. Noem welke meetellen (--colours "

@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "intake/export_remarks.h"
+#include "intake/name_choice.h"
 
 namespace pedigreewatch {
 namespace {
@@ -94,7 +95,6 @@ void remark_unknown_parents(const ExportSurvey& survey, const PreparePlan& plan,
   remark_noted(RemarkKind::mothers_named_only, survey.names_without_id[1], remarks);
 }
 
-/// Remarks on the names that the steer file lists.
 /// Which texts of a column are in the steer file's list, as the data file has them.
 struct ListedTexts {
   std::unordered_set<std::string> names;
@@ -108,6 +108,26 @@ struct ListedTexts {
   }
 };
 
+/// Names that the user lists and no animal has: misspelt ones. Nothing is known of them where not all texts were
+/// counted.
+void remark_absent_names(const TextCounts& counts, FieldCode code, const std::vector<std::string>& names,
+                         std::vector<Remark>& remarks) {
+  if (counts.left_out > 0) return;
+  std::unordered_set<std::string> written;
+  for (const CountedText& entry : counts.texts) written.insert(in_windows_1252(entry.text, width_of(code)));
+  CountedList absent;
+  for (const std::string& name : names) {
+    if (written.count(name) > 0) continue;
+    if (absent.texts.size() < most_listed_texts) {
+      absent.texts.push_back({decode(name, Encoding::windows_1252).text, 0, 0});
+    } else {
+      ++absent.more;
+    }
+  }
+  if (!absent.texts.empty()) remarks.push_back({RemarkKind::names_absent, {absent}});
+}
+
+/// Remarks on the names that the steer file lists.
 void remark_names(RemarkKind kind, FieldCode code, const TextCounts& counts, const std::vector<std::string>& names,
                   std::vector<Remark>& remarks) {
   const ListedTexts texts = {{names.begin(), names.end()}, code};
@@ -115,6 +135,7 @@ void remark_names(RemarkKind kind, FieldCode code, const TextCounts& counts, con
   remarks.push_back({kind, {static_cast<std::int64_t>(names.size()), list_counted(counts, is_listed)}});
   const CountedList left_out = list_counted(counts, [&](const CountedText& entry) { return !texts.has(entry); });
   if (!left_out.texts.empty()) remarks.push_back({RemarkKind::names_left_out, {left_out}});
+  remark_absent_names(counts, code, names, remarks);
 }
 
 /// Where those that few animals have are one together.
@@ -131,6 +152,7 @@ void remark_joined_names(const TextCounts& counts, const PreparePlan& plan, std:
                      {static_cast<std::int64_t>(plan.subpopulations.size()), list_counted(counts, is_listed)}});
   remarks.push_back(
       {RemarkKind::names_joined, {names, animals, decode(plan.joined_subpopulation, Encoding::windows_1252).text}});
+  if (plan.own_subpopulations.empty()) remarks.push_back({RemarkKind::names_all_joined, {plan.least_animals}});
 }
 
 void remark_imports(const ExportSurvey& survey, std::vector<Remark>& remarks) {

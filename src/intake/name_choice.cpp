@@ -90,8 +90,12 @@ bool are_too_many(std::int64_t names, const ExportSurvey& survey, const PrepareP
   return names > static_cast<std::int64_t>(subpopulation_limit) || is_too_large(bytes_with(names, 0, survey, plan));
 }
 
-void ask_for_subpopulations(const std::vector<WrittenName>& names, const ExportSurvey& survey, PreparePlan& plan) {
-  constexpr std::int64_t usual_oldest = 15;
+/// In whole years, of the parents of which nothing is known yet.
+constexpr std::int64_t usual_oldest = 15;
+
+/// What can be asked for instead: all names, those with many animals, none.
+NameChoiceList choices_among(const std::vector<WrittenName>& names, const ExportSurvey& survey,
+                             const PreparePlan& plan) {
   NameChoiceList list;
   const auto offer = [&](std::string value, std::int64_t listed, std::int64_t least) {
     const ReportBytes bytes = bytes_with(listed + (least > 0 ? 1 : 0), usual_oldest, survey, plan);
@@ -101,10 +105,30 @@ void ask_for_subpopulations(const std::vector<WrittenName>& names, const ExportS
   const std::int64_t least = least_animals_to_offer(names);
   if (least > 0) offer(answer_for_least(least), names_with(names, least), least);
   offer("none", 0, 0);
-  Question question = {QuestionKind::too_many_subpopulations, {}, Setting::subpopulations, unused_column, {}};
+  return list;
+}
+
+Question question_with(QuestionKind kind, std::size_t names, NameChoiceList list, const PreparePlan& plan) {
+  Question question = {kind, {}, Setting::subpopulations, unused_column, {}};
   for (const NameChoice& choice : list.choices) question.answers.push_back({choice.value, {}});
-  question.values = {plan.columns.headings[*plan.columns.place[subpopulation_column]],
-                     static_cast<std::int64_t>(survey.subpopulations.texts.size()), std::move(list)};
+  question.values = {plan.columns.headings[*plan.columns.place[subpopulation_column]], static_cast<std::int64_t>(names),
+                     std::move(list)};
+  return question;
+}
+
+void ask_for_subpopulations(const std::vector<WrittenName>& names, const ExportSurvey& survey, PreparePlan& plan) {
+  plan.questions.push_back(question_with(QuestionKind::too_many_subpopulations, survey.subpopulations.texts.size(),
+                                         choices_among(names, survey, plan), plan));
+}
+
+/// Of names that the user lists: the report compares each two of them, also where no animal has them.
+void ask_for_fewer_names(std::size_t listed, const ExportSurvey& survey, PreparePlan& plan) {
+  const std::vector<WrittenName> names = written_names(survey.subpopulations, subpopulation_column);
+  Question question = question_with(QuestionKind::too_many_listed, listed, choices_among(names, survey, plan), plan);
+  const ReportBytes bytes = bytes_with(static_cast<std::int64_t>(listed), usual_oldest, survey, plan);
+  const char decimal_sign = plan.language == ToolLanguage::dutch ? ',' : '.';
+  question.values.emplace_back(in_megabytes(bytes.all, decimal_sign));
+  question.values.emplace_back(in_megabytes(bytes.longest_line, decimal_sign));
   plan.questions.push_back(std::move(question));
 }
 
@@ -161,6 +185,12 @@ std::optional<std::int64_t> least_animals_named(std::string_view text) {
   return least;
 }
 
+bool means_least_animals(std::string_view text) {
+  constexpr std::string_view words = "at least";
+  const bool begins_so = text.starts_with(words) || text.starts_with(at_least.substr(0, words.size()));
+  return begins_so && text.find_first_of(",;") == std::string_view::npos;
+}
+
 std::string answer_for_least(std::int64_t least_animals) {
   return std::string(at_least) + std::to_string(least_animals);
 }
@@ -169,6 +199,8 @@ void choose_subpopulations(const ExportSurvey& survey, const NameWish& wish, Pre
   if (!has_names(subpopulation_column, wish, plan)) return;
   if (!wish.names.empty()) {
     plan.subpopulations = listed_once(wish.names, subpopulation_column);
+    const std::size_t listed = plan.subpopulations.size();
+    if (are_too_many(static_cast<std::int64_t>(listed), survey, plan)) ask_for_fewer_names(listed, survey, plan);
     return;
   }
   std::vector<WrittenName> names = written_names(survey.subpopulations, subpopulation_column);
@@ -180,6 +212,7 @@ void choose_subpopulations(const ExportSurvey& survey, const NameWish& wish, Pre
   if (is_asked) return ask_for_subpopulations(names, survey, plan);
   plan.subpopulations = first_names(std::move(names), listed);
   if (!has_others) return;
+  plan.least_animals = wish.least_animals;
   plan.own_subpopulations.insert(plan.subpopulations.begin(), plan.subpopulations.end());
   plan.joined_subpopulation = name_of_others(plan.subpopulations, plan.language);
   plan.subpopulations.push_back(plan.joined_subpopulation);

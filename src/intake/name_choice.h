@@ -20,6 +20,10 @@ std::string in_windows_1252(std::string_view text, std::size_t width);
 /// The fewest animals of a name that is listed, of an answer such as "at-least-50"; nothing for any other text.
 std::optional<std::int64_t> least_animals_named(std::string_view text);
 
+/// Whether a text is meant as such an answer, with or without its number. A list, also of one name, is not: it has a
+/// comma or a semicolon.
+bool means_least_animals(std::string_view text);
+
 /// That answer.
 std::string answer_for_least(std::int64_t least_animals);
 

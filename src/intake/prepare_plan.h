@@ -32,6 +32,7 @@ struct PreparePlan {
   std::vector<std::string> subpopulations, colours;         ///< Windows-1252, as the steer file lists them
   std::string joined_subpopulation;                         ///< the name of all that are too small; empty: none is
   std::unordered_set<std::string> own_subpopulations;       ///< where some are joined: the others
+  std::int64_t least_animals = 0;                           ///< where some are joined: the fewest of each of the others
   ColumnChoice columns;                                     ///< without those that are left out
   std::vector<Question> questions;                          ///< none: everything is decided
 };

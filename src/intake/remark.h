@@ -164,6 +164,8 @@ enum class RemarkKind {
   colours_found,                 ///< names, texts
   names_left_out,                ///< texts
   names_joined,                  ///< names, their animals, the name that they get
+  names_all_joined,              ///< the fewest animals of a name that would be listed by itself
+  names_absent,                  ///< names that are listed and stand nowhere
   imports_found,                 ///< imports, texts that mean none
   species_found,                 ///< the word of the steer file
   population_named,              ///< name
@@ -238,6 +240,7 @@ enum class QuestionKind {
   ids_destroyed,            ///< columns, identifications, some with their lines
   ids_alike,                ///< parents without a line, those that get one, rules, their names, some with the animals
   too_many_subpopulations,  ///< heading, texts, what can be asked for
+  too_many_listed,          ///< heading, names that the user lists, what can be asked for, the report, its longest line
   too_many_colours,         ///< heading, texts
   no_delimiter_left,        ///< none
   young_unclear,            ///< columns, their numbers with commas between

@@ -168,7 +168,7 @@ struct TextMaker {
 std::string size_of_report(const NameChoice& choice, ToolLanguage language) {
   constexpr std::int64_t mega = 1'000'000;
   const auto words = [&](const Wording& wording, std::int64_t bytes) {
-    return phrase(wording, language, {in_megabytes(bytes)});
+    return phrase(wording, language, {in_megabytes(bytes, language == ToolLanguage::dutch ? ',' : '.')});
   };
   if (choice.longest_line > line_byte_limit) return words(long_lines, choice.longest_line);
   if (choice.bytes > report_byte_limit) return words(large_report, choice.bytes);

@@ -203,10 +203,15 @@ std::string read_availability_columns(const GivenOption& option, PrepareOptions&
 }
 
 /// The same, or the fewest animals of those that are not put together.
-NameWish read_subpopulations(std::string_view value) {
+std::string read_subpopulations(const GivenOption& option, PrepareOptions& options) {
+  const std::string value = text_of(option.value);
   const std::optional<std::int64_t> least = least_animals_named(value);
-  return least ? NameWish{.is_given = true, .leaves_out = false, .names = {}, .least_animals = *least}
-               : read_names(value);
+  if (!least && means_least_animals(value)) {
+    return expected(option, "at-least-N with a whole number N from 1 on, such as at-least-50,");
+  }
+  options.subpopulations =
+      least ? NameWish{.is_given = true, .leaves_out = false, .names = {}, .least_animals = *least} : read_names(value);
+  return {};
 }
 
 /// The options whose value is kept as it is.
@@ -223,7 +228,6 @@ void read_text_option(const GivenOption& option, PrepareOptions& options) {
   if (option.name == "--name") options.population_name = value;
   if (option.name == "--corrections") options.corrections_file = option.value;
   if (option.name == "--out") options.folder = option.value;
-  if (option.name == "--subpopulations") options.subpopulations = read_subpopulations(value);
   if (option.name == "--colours") options.colours = read_names(value);
   if (option.name == "--force") options.may_overwrite = true;
   if (option.name == "--dry-run") options.is_dry_run = true;
@@ -240,6 +244,7 @@ std::string read_option(const GivenOption& option, PrepareOptions& options) {
   if (option.name == "--young") return read_young(option, options);
   if (option.name == "--availability") return read_availability_columns(option, options);
   if (option.name == "--language") return read_language(option, options);
+  if (option.name == "--subpopulations") return read_subpopulations(option, options);
   if (option.name == "--species") return read_species(option, options);
   read_text_option(option, options);
   return {};

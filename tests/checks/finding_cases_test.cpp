@@ -158,8 +158,8 @@ std::vector<FindingCase> finding_cases() {
          "a;m;01-01-2000;;\n"
          "b;f;01-02-2000;;\n"
          "c;m;01-03-2001;a;b\n",
-     "|||report-size|S|448 subpopulations in pedigreewatch.ini: the report would have lines of 2 MB (the most is 1 MB); name fewer of them from line 11 on, those with many animals",
-     "|||report-size|S|448 subpopulaties in pedigreewatch.ini: het rapport krijgt regels van 2 MB (meer dan 1 MB kan niet); noem er minder vanaf regel 11, die met veel dieren",
+     "|||report-size|S|448 subpopulations in pedigreewatch.ini: the report would have lines of 1.01 MB (the most is 1 MB); name fewer of them from line 11 on, those with many animals",
+     "|||report-size|S|448 subpopulaties in pedigreewatch.ini: het rapport krijgt regels van 1,01 MB (meer dan 1 MB kan niet); noem er minder vanaf regel 11, die met veel dieren",
      {}, {}, [](SteerLines& steer) { steer.subpopulations = herds_up_to(448); }},
     {"line-ends",
      "id;sex\ra;m\rb;f\r",

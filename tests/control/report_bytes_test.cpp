@@ -110,12 +110,22 @@ TEST(CountReportBytes, ImportsMakeTheRowsOfYearsLonger) {
   EXPECT_EQ(all, written);  // of a hundred years, too
 }
 
+TEST(InMegabytes, HasDecimalsBelowTenMegabytes) {
+  EXPECT_EQ(in_megabytes(1'000'000), "1 MB");
+  EXPECT_EQ(in_megabytes(1'000'001), "1.01 MB");
+  EXPECT_EQ(in_megabytes(1'190'001), "1.2 MB");
+  EXPECT_EQ(in_megabytes(1'010'000, ','), "1,01 MB");
+  EXPECT_EQ(in_megabytes(9'990'000), "9.99 MB");
+  EXPECT_EQ(in_megabytes(9'990'001), "10 MB");
+  EXPECT_EQ(in_megabytes(10'000'001), "11 MB");
+}
+
 TEST(CountReportBytes, AreAskedForBeforeAnythingIsComputed) {
   // 447 subpopulations make 99,681 pairs of ten columns each, 448 of them 100,128.
   EXPECT_EQ(run_program_on(files_of_flock({447, 3, 2})).exit_status, 0);
   const WholeRun run = run_program_on(files_of_flock({448, 3, 2}));
   EXPECT_EQ(run.exit_status, 1);
-  EXPECT_TRUE(has(run.messages, "dogs.txt: the report would have lines of 2 MB")) << run.messages;
+  EXPECT_TRUE(has(run.messages, "dogs.txt: the report would have lines of 1.01 MB")) << run.messages;
   EXPECT_EQ(run.file("dogs.out"), "");
   EXPECT_FALSE(has(run.console, "oldest parents")) << "it stops before that";
 }

@@ -64,7 +64,7 @@ TEST(CheckReportBytes, ALineOfAMegabyteIsTheMost) {
   const ReportBytes bytes = {.all = 2'000'000, .longest_line = 1'000'001, .blocks = 2};
   const ReportShape shape = {.years = 1, .names = 448};
   EXPECT_EQ(message_on(bytes, shape),
-            "dogs.txt: the report would have lines of 2 MB, at most 1 MB were expected: 448 subpopulations in "
+            "dogs.txt: the report would have lines of 1.01 MB, at most 1 MB were expected: 448 subpopulations in "
             "pedigreewatch.ini make 100128 pairs; name fewer of them there, those with many animals\n");
 }
 

@@ -78,7 +78,7 @@ TEST(ChooseSubpopulations, AllAreAskedAgainWhereNoReportCanBeMade) {
   ASSERT_EQ(questions(448).size(), 1U);
   const std::string words = words_of(questions(448)[0], ToolLanguage::english);
   EXPECT_NE(
-      words.find("--subpopulations all   all 448 of them: a report with lines of 2 MB; more than 1 MB are not made"),
+      words.find("--subpopulations all   all 448 of them: a report with lines of 1.01 MB; more than 1 MB are not made"),
       std::string::npos)
       << words;
   EXPECT_NE(words.find("--subpopulations none   none, the column is left out: a report of less than 1 MB"),
@@ -95,6 +95,59 @@ TEST(ChooseSubpopulations, TheYearsMakeTheReportLargeToo) {
   EXPECT_NE(
       words_of(prepared(lines).plan.questions[0], ToolLanguage::dutch).find("alle 200: een rapport van ongeveer "),
       std::string::npos);
+}
+
+/// The remarks of one kind, in words.
+std::string remarks_in_words(const Prepared& read, RemarkKind kind, ToolLanguage language) {
+  std::vector<Remark> meant;
+  for (const Remark& remark : read.remarks) {
+    if (remark.kind == kind) meant.push_back(remark);
+  }
+  TextOutput console;
+  show_remarks(meant, language, console);
+  return console.pending;
+}
+
+TEST(ChooseSubpopulations, NamesThatNoAnimalHasAreTold) {
+  PrepareOptions options = asking_for(0);
+  const auto told = [&](std::vector<std::string> names) {
+    options.subpopulations.names = std::move(names);
+    return remarks_in_words(prepared(herds_of(3, [](int k) { return k; }), options), RemarkKind::names_absent,
+                            ToolLanguage::english);
+  };
+  EXPECT_EQ(told({"herd 1", "herd 3"}), "");
+  EXPECT_EQ(told({"herd 1", "Herd 3", "x"}),
+            "Look at this: listed names that no animal has: \"Herd 3\" (0), \"x\" (0)\n");
+}
+
+TEST(ChooseSubpopulations, ANumberThatNoneReachesIsTold) {
+  const auto told = [](std::int64_t least) {
+    return remarks_in_words(prepared(herds_of(3, [](int k) { return k; }), asking_for(least)),
+                            RemarkKind::names_all_joined, ToolLanguage::dutch);
+  };
+  EXPECT_EQ(told(3), "");
+  EXPECT_EQ(told(4), "              geen tekst van de kolom heeft 4 dieren: geen enkele komt zelf op de lijst\n");
+}
+
+TEST(ChooseSubpopulations, AListThatIsTooLongIsAskedAgain) {
+  // 447 names make 99,681 pairs of ten bytes, and so lines of 996,819 bytes; 448 names lines of 1,001,289.
+  PrepareOptions options = asking_for(0);
+  const auto questions = [&](int names) {
+    options.subpopulations.names.clear();
+    for (int k = 1; k <= names; ++k) options.subpopulations.names.push_back("herd " + std::to_string(k));
+    return prepared(herds_of(40, [](int) { return 1; }), options).plan.questions;
+  };
+  EXPECT_EQ(questions(447).size(), 0U);
+  const std::vector<Question> asked = questions(448);
+  ASSERT_EQ(asked.size(), 1U);
+  const std::string words = words_of(asked[0], ToolLanguage::english);
+  EXPECT_TRUE(words.starts_with("The 448 names that you list make a report of ")) << words;
+  EXPECT_NE(
+      words.find(" with lines up to 1.01 MB, as each two of them are compared; at most 1000 MB with lines up to 1 MB"),
+      std::string::npos)
+      << words;
+  EXPECT_NE(words.find("--subpopulations all   all 40 of them: a report of "), std::string::npos) << words;
+  EXPECT_EQ(asked[0].answers.front().value, "all");
 }
 
 TEST(LeastAnimalsNamed, TakesANumberFromOneOn) {

@@ -43,9 +43,9 @@ TEST(DescribeNameChoice, SaysWhatIsTooLargeOnBothSidesOfTheLimits) {
             "alle 2: een rapport van ongeveer 1001 MB; meer dan 1000 MB wordt niet gemaakt");
   EXPECT_EQ(in_english(choice_of(2, 0, 5'000'000, 1'000'000)), "all 2 of them: a report of about 5 MB");
   EXPECT_EQ(in_english(choice_of(2, 0, 5'000'000, 1'000'001)),
-            "all 2 of them: a report with lines of 2 MB; more than 1 MB are not made");
+            "all 2 of them: a report with lines of 1.01 MB; more than 1 MB are not made");
   EXPECT_EQ(in_dutch(choice_of(2, 0, 5'000'000, 1'000'001)),
-            "alle 2: een rapport met regels van 2 MB; meer dan 1 MB wordt niet gemaakt");
+            "alle 2: een rapport met regels van 1,01 MB; meer dan 1 MB wordt niet gemaakt");
 }
 
 }  // namespace

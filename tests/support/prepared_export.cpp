@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "intake/export_remarks.h"
+
 namespace pedigreewatch::test {
 namespace {
 
@@ -26,6 +28,10 @@ Prepared prepared(const std::string& text, PrepareOptions options, char delimite
   result.plan = plan_preparation(survey, columns, options);
   make_data_file(text, delimiter, result.plan, survey.sexes, {take, &result.data, &result.lines});
   result.steer = steer_text(result.plan);
+  Preparation read;
+  read.survey = survey;
+  read.plan = result.plan;
+  add_content_remarks(read, result.remarks);
   return result;
 }
 

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "intake/prepare_plan.h"
 #include "intake/prepared_file.h"
+#include "intake/remark.h"
 
 namespace pedigreewatch::test {
 
@@ -12,6 +14,7 @@ struct Prepared {
   PreparePlan plan;
   std::string data, steer;
   ExportLines lines;
+  std::vector<Remark> remarks;  ///< on the contents
 };
 
 /// The export of sheep, whatever is asked about it.

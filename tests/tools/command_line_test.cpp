@@ -95,6 +95,19 @@ TEST(PrepareOptionsOnTheCommandLine, ThatMakeNoSenseAreRefused) {
   EXPECT_EQ(read({"--header", "perhaps", "a"}).problem, "--header \"perhaps\": yes or no was expected");
 }
 
+TEST(PrepareOptionsOnTheCommandLine, AtLeastNeedsANumber) {
+  EXPECT_EQ(read({"--subpopulations", "at-least-1", "a"}).options.subpopulations.least_animals, 1);
+  for (const std::string_view value :
+       {"at-least-0", "at-least-2O", "at-least-", "at-least--5", "at least 50", "at-least50"}) {
+    EXPECT_EQ(read({"--subpopulations", value, "a"}).problem,
+              "--subpopulations \"" + std::string(value) +
+                  "\": at-least-N with a whole number N from 1 on, such as at-least-50, was expected");
+  }
+  // A divider makes it a list of names, as of a herd that is called so.
+  EXPECT_EQ(read({"--subpopulations", "at-least-x;", "a"}).options.subpopulations.names,
+            std::vector<std::string>{"at-least-x"});
+}
+
 TEST(PrepareOptionsOnTheCommandLine, ANameThatBeginsWithAHyphenStandsBehindTwo) {
   EXPECT_EQ(read({"--force", "--", "-x.csv"}).options.export_name, "-x.csv");
 }
