@@ -70,21 +70,6 @@ void obey(const ColumnWish& wish, ColumnChoice& choice) {
   }
 }
 
-void ask_which(FieldCode code, std::span<const std::size_t> places, const ColumnContents* contents,
-               ColumnChoice& choice) {
-  const ColumnList columns = list_columns(places, choice);
-  const QuestionKind kind = is_required(code) ? QuestionKind::columns_alike : QuestionKind::optional_columns_alike;
-  Values values = {code, columns, FieldName{code}};
-  if (contents != nullptr) {
-    values.emplace_back(list_evidence(places, code, *contents, choice));
-  } else {
-    values.emplace_back(ColumnEvidenceList());
-  }
-  Question question = ask_for_column(kind, code, std::move(values), columns);
-  if (!is_required(code)) question.answers.push_back({"none", {}});
-  choice.questions.push_back(std::move(question));
-}
-
 /// Asks for a column that the program cannot run without. What may hold it is told once all others are chosen.
 void ask_for_missing(FieldCode code, ColumnChoice& choice) {
   const QuestionKind kind = code == sex_column ? QuestionKind::sex_missing : QuestionKind::column_missing;
@@ -174,6 +159,21 @@ ColumnList list_columns(std::span<const std::size_t> places, const ColumnChoice&
   ColumnList list;
   for (const std::size_t place : places) list.columns.push_back({choice.headings[place], place + 1});
   return list;
+}
+
+void ask_which(FieldCode code, std::span<const std::size_t> places, const ColumnContents* contents,
+               ColumnChoice& choice) {
+  const ColumnList columns = list_columns(places, choice);
+  const QuestionKind kind = is_required(code) ? QuestionKind::columns_alike : QuestionKind::optional_columns_alike;
+  Values values = {code, columns, FieldName{code}};
+  if (contents != nullptr) {
+    values.emplace_back(list_evidence(places, code, *contents, choice));
+  } else {
+    values.emplace_back(ColumnEvidenceList());
+  }
+  Question question = ask_for_column(kind, code, std::move(values), columns);
+  if (!is_required(code)) question.answers.push_back({"none", {}});
+  choice.questions.push_back(std::move(question));
 }
 
 std::string_view description_of(FieldCode code, ToolLanguage language) {

@@ -39,6 +39,10 @@ ColumnChoice choose_columns(std::span<const std::string> first_record, const Pre
 /// The columns with this heading: exactly, else in folded form; a number names a column where no heading is like it.
 std::vector<std::size_t> find_columns(const std::string& wish, const ColumnChoice& choice);
 
+/// Asks which of these columns holds the field. `contents`, where they are known, tell what speaks for each.
+void ask_which(FieldCode code, std::span<const std::size_t> places, const ColumnContents* contents,
+               ColumnChoice& choice);
+
 /// Whether a column that the program cannot run without is not decided on.
 bool has_open_column(const ColumnChoice& choice);
 

@@ -59,7 +59,8 @@ constexpr auto known_words = std::to_array<KnownWords>({
      "grand grands grandsire granddam grandfather grandmother grandpere grandmere grootvader grootmoeder groot "
      "grossvater grossmutter gross vatersvater vatersmutter muttersvater muttersmutter muttervater muttermutter "
      "vatervater vatermutter abuelo abuela nonno nonna paternal maternal paterno paterna materno materna paternel "
-     "maternel paternelle maternelle foster pleeg amme nurse recipient draagmoeder receptora porteuse"},
+     "maternel paternelle maternelle foster pleeg amme nurse recipient draagmoeder receptora porteuse "
+     "surrogate surrogata adoptive adopted adoptief adoptie stief step leih zieh zoog ammen rearing nursing"},
     {WordKind::identification,
      "id ids identification identificatie identifikation identifiant identificacion identificativo identificazione "
      "identity identnummer ident idnr idno no nr num numm number nummer numero n registration register reg "
