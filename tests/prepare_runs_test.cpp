@@ -163,5 +163,33 @@ TEST(PreparedExport, InDutchHasDutchHeadingsAndLayout) {
   EXPECT_EQ(run.file("pedigreewatch.ini"), "schapen\nschapen.txt\n;\nn\njjjj-mm-dd\nschaap\nm\nnl\ny\n0\n0\n");
 }
 
+/// Three rams and sixteen ewes of which the young name the ear tags; the id is a running number.
+std::string herd_of_ear_tags() {
+  std::string text = "ID;Ear tag;Sire;Dam;Sex;Born\n";
+  for (int i = 1; i <= 39; ++i) {
+    const auto tag = [](int number) { return "NL0" + std::to_string(10 + number); };
+    const bool is_young = i > 19;
+    text += std::to_string(i) + ";" + tag(i + 5) + ";" + (is_young ? tag(i % 3 + 6) : "") + ";" +
+            (is_young ? tag(i % 16 + 9) : "") + ";" + (i <= 3 ? "M" : "F") + ";13-04-20" + (is_young ? "13" : "10") +
+            "\n";
+  }
+  return text;
+}
+
+TEST(Prepare, AColumnThatHoldsTheParentsGoesBeforeARule) {
+  const ProgramStart start = prepare_with({"--species", "sheep"}, "export.csv");
+  const WholeRun run = run_program_on({{"export.csv", herd_of_ear_tags()}}, start);
+  EXPECT_FALSE(has(run.messages, "--ids")) << run.messages;
+  EXPECT_TRUE(has(run.messages, "Columns in which most of them stand: \"Ear tag\" (column 2: 19 of 19)"))
+      << run.messages;
+}
+
+TEST(Prepare, TheColumnInUseIsNotAmongThoseNotUsed) {
+  const ProgramStart start = prepare_with({"--species", "sheep", "--column", "id=Ear tag"}, "export.csv");
+  const WholeRun run = run_program_on({{"export.csv", herd_of_ear_tags()}}, start);
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_FALSE(has(run.console, "not used: \"Ear tag\"")) << run.console;
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -39,6 +39,12 @@ void ask_for_destroyed(const ExportSurvey& survey, const ColumnChoice& columns, 
                        {{"keep", {}}}});
 }
 
+/// Whether the parents stand in a column exactly: they are the ids of that one, and no rule is needed.
+bool holds_all_parents(const ColumnMatches& matches) {
+  return std::any_of(matches.for_id.begin(), matches.for_id.end(),
+                     [](const ColumnMatch& match) { return match.found == match.of; });
+}
+
 }  // namespace
 
 std::vector<Question> ask_for_ids(const ExportSurvey& survey, const ColumnChoice& columns,
@@ -47,7 +53,7 @@ std::vector<Question> ask_for_ids(const ExportSurvey& survey, const ColumnChoice
   if (options.ids) return questions;
   ask_for_destroyed(survey, columns, questions);
   const IdProposal& proposal = survey.id_proposal;
-  if (!questions.empty() || !is_worth_asking(proposal)) return questions;
+  if (!questions.empty() || !is_worth_asking(proposal) || holds_all_parents(survey.matches)) return questions;
   const std::string name = name_of_rules(proposal.rules);
   questions.push_back({QuestionKind::ids_alike,
                        {proposal.without_line, proposal.explained, proposal.rules, name, IdPairList{proposal.examples}},

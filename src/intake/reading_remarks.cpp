@@ -73,7 +73,11 @@ void remark_columns(const ExportSurvey& survey, const PreparePlan& plan, std::ve
     remarks.push_back({RemarkKind::column_by_content, {list_columns(std::span(&place, 1), columns), code}});
   }
   for (const FieldCode code : written_fields()) {
-    const ColumnList list = list_columns(columns.further[static_cast<std::size_t>(code)], columns);
+    std::vector<std::size_t> further = columns.further[static_cast<std::size_t>(code)];
+    std::erase_if(further, [&](std::size_t place) {
+      return std::find(columns.place.begin(), columns.place.end(), place) != columns.place.end();
+    });
+    const ColumnList list = list_columns(further, columns);
     const bool is_young = code == id_column && !columns.animals_of_line.empty();
     if (!list.columns.empty() && !is_young) remarks.push_back({RemarkKind::column_possible, {code, list}});
   }

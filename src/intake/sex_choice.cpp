@@ -196,7 +196,7 @@ std::vector<SexMeaning> choose_sexes(const ExportSurvey& survey, const PrepareOp
   std::vector<SexMeaning> meanings = has_wish ? sexes_by_wish(texts, options) : sexes_by_evidence(texts);
   if (has_wish) {
     const bool has_male = std::find(meanings.begin(), meanings.end(), SexMeaning::male) != meanings.end();
-    if (has_male || options.male.empty()) return meanings;
+    if (has_male || options.male.empty() || texts.empty()) return meanings;  // without texts the column is open
     const CountedList list = list_counted(survey.sexes, [](const CountedText&) { return true; });
     questions.push_back({QuestionKind::male_never, {options.male.front(), list}, Setting::male, {}, answers_of(list)});
     return meanings;

@@ -52,6 +52,14 @@ std::string asked(const ChosenSexes& sexes) {
 
 using Meanings = std::vector<SexMeaning>;
 
+TEST(ChooseSexes, WithoutAColumnNobodyAsksWhatItsTextsMean) {
+  PrepareOptions options;
+  options.male = {"Rammler"};
+  std::vector<Question> questions;
+  EXPECT_TRUE(choose_sexes(ExportSurvey{}, options, questions).empty());
+  EXPECT_TRUE(questions.empty());
+}
+
 TEST(SexOfParents, ThreeOfOneSexAndHardlyAnyOfTheOther) {
   EXPECT_EQ(sex_of_parents({3, 0}), male);
   EXPECT_EQ(sex_of_parents({2, 0}), unknown);
