@@ -92,10 +92,21 @@ TEST(ForecastRun, TellsThePracticeFirst) {
   EXPECT_TRUE(has(run.console,
                   "sires a year: 4.0, dams a year: 12.0, litters a sire: 3.0, of the most used one: 25.0 % of all\n"))
       << run.console;
-  EXPECT_TRUE(has(run.console, "sires stay in use for 1.0 years and have 3.0 litters in life\n")) << run.console;
+  EXPECT_TRUE(has(run.console, "cannot be told yet: the herdbook has 8 birth years with known sires and ")) << run.console;
+  EXPECT_TRUE(has(run.console, "and 20 years and 20 sires are needed\n")) << run.console;
   EXPECT_TRUE(has(run.console, "written: dogs_forecast.tsv\n")) << run.console;
   const WholeRun dutch = forecast(herd(10), {"--years", "1", "--replicates", "2"}, {}, "nl");
   EXPECT_TRUE(has(dutch.console, "basisperiode: 2008 tot en met 2010, een generatie-interval van 2,0 jaar\n"));
+}
+
+// All sires have three litters in one year of their lives; those of the first two birth years are unknown.
+TEST(ForecastRun, TellsTheLivesOfSiresFromTwentyBirthYearsOn) {
+  const std::string told = "sires stay in use for 1.0 years and have 3.0 litters in life (mean of ";
+  const WholeRun run = forecast(herd(22), {"--years", "1", "--replicates", "1"});
+  EXPECT_TRUE(has(run.console, told)) << run.console;
+  const WholeRun young = forecast(herd(21), {"--years", "1", "--replicates", "1"});
+  EXPECT_FALSE(has(young.console, told)) << young.console;
+  EXPECT_TRUE(has(young.console, "cannot be told yet: the herdbook has 19 birth years with known sires")) << young.console;
 }
 
 TEST(ForecastRun, LeavesOutAYearThatIsIncomplete) {

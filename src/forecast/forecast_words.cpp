@@ -18,8 +18,16 @@ constexpr Wording litters_line = {"litters a year: {1}, young a litter: {2}",
 constexpr Wording parents_line = {
     "sires a year: {1}, dams a year: {2}, litters a sire: {3}, of the most used one: {4} % of all",
     "vaders per jaar: {1}, moeders per jaar: {2}, nesten per vader: {3}, van de meest gebruikte: {4} % van alle"};
-constexpr Wording lives_line = {"sires stay in use for {1} years and have {2} litters in life",
-                                "vaders blijven {1} jaar in gebruik en krijgen in hun leven {2} nesten"};
+constexpr Wording lives_line = {
+    "sires stay in use for {1} years and have {2} litters in life (mean of {3} whose use is over)",
+    "vaders blijven {1} jaar in gebruik en krijgen in hun leven {2} nesten (gemiddelde van {3} die niet meer in gebruik "
+    "zijn)"};
+constexpr Wording unknown_lives_line = {
+    "how long sires stay in use, and how many litters they have in life, cannot be told yet: the herdbook has {1} birth "
+    "years with known sires and {2} sires whose use is over, and {3} years and {4} sires are needed",
+    "hoe lang vaders in gebruik blijven, en hoeveel nesten ze in hun leven krijgen, is nog niet te zeggen: het stamboek "
+    "heeft {1} geboortejaren met bekende vaders en {2} vaders die niet meer in gebruik zijn, en er zijn {3} jaren en {4} "
+    "vaders nodig"};
 constexpr Wording descent_line = {
     "young with one known parent: {1} %, with none: {2} %; parents that came into use from outside: {3} % of the sires, "
     "{4} % of the dams",
@@ -123,8 +131,13 @@ std::vector<std::string> practice_sentences(const BasePeriod& base, const Counte
   add(litters_line, {one_decimal(double{counted.litters_a_year}), one_decimal(mean_size(counted))});
   add(parents_line, {one_decimal(families.sires_a_year), one_decimal(families.dams_a_year),
                      one_decimal(families.litters_per_sire), percent(families.top_sire)});
-  if (families.years_in_use > 0.0) {
-    add(lives_line, {one_decimal(families.years_in_use), one_decimal(families.families_in_life)});
+  if (are_lives_known(families, base.generation_interval)) {
+    add(lives_line, {one_decimal(families.years_in_use), one_decimal(families.families_in_life),
+                     std::to_string(families.ended_careers)});
+  } else {
+    add(unknown_lives_line, {std::to_string(families.birth_years), std::to_string(families.ended_careers),
+                             std::to_string(birth_years_for_lives(base.generation_interval)),
+                             std::to_string(least_ended_careers)});
   }
   add(descent_line, {percent(families.half_known), percent(families.founders), percent(families.outside_sires),
                      percent(families.outside_dams)});

@@ -1,6 +1,7 @@
 #include "forecast/practice_figures.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "core/integers.h"
 #include "diversity/close_matings.h"
@@ -74,16 +75,24 @@ double share_of_top_sire(std::span<const Family> families) {
 
 /// Careers that are over: nobody comes back after such a pause.
 void measure_lives(const CareerRecords& careers, FamilyPractice& practice) {
-  double over = 0.0;
   for (const Career& career : careers.careers) {
     if (careers.last_year - career.last_year() <= longest_pause) continue;
-    over += 1.0;
+    ++practice.ended_careers;
     practice.years_in_use += static_cast<double>(career.use.size());
     practice.families_in_life += static_cast<double>(career.families);
   }
-  if (over == 0.0) return;
-  practice.years_in_use /= over;
-  practice.families_in_life /= over;
+  if (practice.ended_careers == 0) return;
+  practice.years_in_use /= static_cast<double>(practice.ended_careers);
+  practice.families_in_life /= static_cast<double>(practice.ended_careers);
+}
+
+std::int32_t count_years_with_sires(const FamilyRecords& records) {
+  std::int32_t years = 0;
+  for (std::int32_t year = records.first_year; year <= records.last_year; ++year) {
+    const std::span<const Family> families = records.of_year(year);
+    if (std::any_of(families.begin(), families.end(), [](const Family& family) { return family.sire != 0; })) ++years;
+  }
+  return years;
 }
 
 double ratio(double part, double whole) {
@@ -139,7 +148,17 @@ FamilyPractice measure_practice(const FamilyRecords& records, const BasePeriod& 
   practice.outside_sires = base.outside.of_males;
   practice.outside_dams = base.outside.of_females;
   measure_lives(base.careers.of_males, practice);
+  practice.birth_years = count_years_with_sires(records);
   return practice;
+}
+
+std::int32_t birth_years_for_lives(double generation_interval) {
+  return std::max(least_birth_years, static_cast<std::int32_t>(std::ceil(generations_of_lives * generation_interval)));
+}
+
+bool are_lives_known(const FamilyPractice& families, double generation_interval) {
+  return families.birth_years >= birth_years_for_lives(generation_interval) &&
+         families.ended_careers >= least_ended_careers;
 }
 
 }  // namespace pedigreewatch

@@ -23,6 +23,13 @@ struct CountedPractice {
 CountedPractice count_practice(const MonitorTables& tables, const BirthYears& years, std::int32_t first_year,
                                std::int32_t last_year);
 
+/// With fewer birth years, only short careers can have begun and ended; and it is not known how numbers change.
+inline constexpr std::int32_t least_birth_years = 20;
+/// The mean life of fewer sires says little.
+inline constexpr std::int32_t least_ended_careers = 20;
+/// Where generations are long, careers are too: the birth years of so many generation intervals are needed.
+inline constexpr double generations_of_lives = 5.0;
+
 /// Figures that only a forecast needs; of families, which are the young of two parents in a year.
 struct FamilyPractice {
   double sires_a_year = 0.0, dams_a_year = 0.0;
@@ -30,6 +37,8 @@ struct FamilyPractice {
   double top_sire = 0.0;                ///< share of the year's families that its most used sire has, mean of the years
   double years_in_use = 0.0;            ///< of sires whose use began in these years or before and is over
   double families_in_life = 0.0;        ///< of the same sires
+  std::int32_t ended_careers = 0;       ///< the number of these sires
+  std::int32_t birth_years = 0;         ///< in which the sire of some young is known
   double half_known = 0.0;              ///< of the young: one parent known
   double founders = 0.0;                ///< of the young: none known
   double no_sire_of_known = 0.0;        ///< of the litters of dams with known parents: sire unknown
@@ -41,5 +50,11 @@ struct FamilyPractice {
 };
 
 FamilyPractice measure_practice(const FamilyRecords& records, const BasePeriod& base);
+
+/// Birth years that are needed to tell how long sires stay in use, with generations of so many years.
+std::int32_t birth_years_for_lives(double generation_interval);
+
+/// Whether the mean life of the sires whose use is over is that of sires, and not of the first that were given up.
+bool are_lives_known(const FamilyPractice& families, double generation_interval);
 
 }  // namespace pedigreewatch

@@ -220,6 +220,22 @@ TEST(MeasurePractice, CountsByHand) {
   EXPECT_DOUBLE_EQ(practice.half_known, 1.0 / 6.0);
   EXPECT_DOUBLE_EQ(practice.founders, 1.0 / 6.0);
   EXPECT_DOUBLE_EQ(practice.close_matings, 0.25);  // Ad goes with his daughter
+  EXPECT_EQ(practice.birth_years, 4);              // 2000 to 2003
+  EXPECT_EQ(practice.ended_careers, 0);
+}
+
+TEST(AreLivesKnown, FromTwentyYearsAndTwentySiresOn) {
+  FamilyPractice families;
+  families.birth_years = 20;
+  families.ended_careers = 20;
+  EXPECT_TRUE(are_lives_known(families, 4.0));   // five generations are twenty years
+  EXPECT_FALSE(are_lives_known(families, 4.1));  // 20.5 years
+  families.ended_careers = 19;
+  EXPECT_FALSE(are_lives_known(families, 4.0));
+  families.ended_careers = 20;
+  families.birth_years = 19;
+  EXPECT_FALSE(are_lives_known(families, 2.0));
+  EXPECT_EQ(birth_years_for_lives(10.0), 50);
 }
 
 }  // namespace
