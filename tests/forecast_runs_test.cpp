@@ -92,7 +92,8 @@ TEST(ForecastRun, TellsThePracticeFirst) {
   EXPECT_TRUE(has(run.console,
                   "sires a year: 4.0, dams a year: 12.0, litters a sire: 3.0, of the most used one: 25.0 % of all\n"))
       << run.console;
-  EXPECT_TRUE(has(run.console, "cannot be told yet: the herdbook has 8 birth years with known sires and ")) << run.console;
+  EXPECT_TRUE(has(run.console, "cannot be told yet: the herdbook has 8 birth years with known sires and "))
+      << run.console;
   EXPECT_TRUE(has(run.console, "and 20 years and 20 sires are needed\n")) << run.console;
   EXPECT_TRUE(has(run.console, "written: dogs_forecast.tsv\n")) << run.console;
   const WholeRun dutch = forecast(herd(10), {"--years", "1", "--replicates", "2"}, {}, "nl");
@@ -106,7 +107,19 @@ TEST(ForecastRun, TellsTheLivesOfSiresFromTwentyBirthYearsOn) {
   EXPECT_TRUE(has(run.console, told)) << run.console;
   const WholeRun young = forecast(herd(21), {"--years", "1", "--replicates", "1"});
   EXPECT_FALSE(has(young.console, told)) << young.console;
-  EXPECT_TRUE(has(young.console, "cannot be told yet: the herdbook has 19 birth years with known sires")) << young.console;
+  EXPECT_TRUE(has(young.console, "cannot be told yet: the herdbook has 19 birth years with known sires"))
+      << young.console;
+}
+
+TEST(ForecastRun, SaysHowManyReplicatesAndFromWhichSeed) {
+  const WholeRun one = forecast(herd(10), {"--years", "3", "--replicates", "1", "--seed", "12"}, {}, "nl");
+  EXPECT_TRUE(has(one.console, "herhalingen: 1, begingetal van hun toevalsgetallen: 12; ")) << one.console;
+  EXPECT_TRUE(has(one.file("dogs_forecast.html"), "erhalingen: 1, begingetal van hun toevalsgetallen: 12; "));
+  EXPECT_FALSE(has(one.console + one.file("dogs_forecast.html"), "in 90 van de 100 herhalingen"));
+  EXPECT_FALSE(has(one.file("dogs_forecast.html"), "huidige praktijk, 5 %"));
+  const WholeRun twenty = forecast(herd(10), {"--years", "3", "--replicates", "20"});
+  EXPECT_TRUE(has(twenty.console, "replicates: 20, seed of their random numbers: 1; ")) << twenty.console;
+  EXPECT_TRUE(has(twenty.file("dogs_forecast.html"), "in 90 of 100 replicates the year lies within the band"));
 }
 
 TEST(ForecastRun, LeavesOutAYearThatIsIncomplete) {

@@ -112,6 +112,7 @@ Forecast begin_scenarios(const ModelBasis& basis, std::span<const BreedingRules>
   Forecast forecast;
   forecast.first_year = basis.base.last_year + 1;
   forecast.years = settings.years;
+  forecast.seed = settings.seed;
   for (const BreedingRules& rules : scenarios) forecast.scenarios.push_back({rules, {}});
   const BreedingRules none;
   ModelHerd real = begin_herd(basis, none, settings.seed, 0, nullptr);
@@ -145,8 +146,13 @@ std::optional<Band> band_of(std::vector<double> values) {
   if (values.empty()) return std::nullopt;
   std::sort(values.begin(), values.end());
   constexpr double low = 0.05, middle = 0.5, high = 0.95;
-  return Band{quantile(values, low), quantile(values, middle), quantile(values, high),
-              static_cast<std::int32_t>(values.size())};
+  return Band{quantile(values, low),  quantile(values, middle),
+              quantile(values, high), static_cast<std::int32_t>(values.size()),
+              values.front(),         values.back()};
+}
+
+std::int32_t Forecast::replicates() const {
+  return scenarios.empty() ? 0 : static_cast<std::int32_t>(std::ssize(scenarios.front().replicates));
 }
 
 std::optional<Band> ScenarioForecast::band(std::int32_t year, ForecastFigure figure) const {

@@ -35,11 +35,19 @@ inline constexpr std::size_t forecast_figures = 6;
 /// None where a year has no such figure.
 std::optional<double> figure_of(const ModelYear& year, ForecastFigure figure);
 
+/// Fewer replicates do not tell between which values 90 in 100 lie: people are shown the least and the most of them.
+inline constexpr std::int32_t least_replicates_of_band = 20;
+
 /// Of the replicates that have the figure, as the mean of the neighbours where a share falls between two of them
 /// (definition 7 of Hyndman and Fan, 1996).
 struct Band {
   double low = 0.0, median = 0.0, high = 0.0;  ///< 5, 50 and 95 in 100
   std::int32_t replicates = 0;
+  double least = 0.0, most = 0.0;
+
+  bool is_of_few() const { return replicates < least_replicates_of_band; }
+  double shown_low() const { return is_of_few() ? least : low; }
+  double shown_high() const { return is_of_few() ? most : high; }
 };
 std::optional<Band> band_of(std::vector<double> values);
 
@@ -59,6 +67,9 @@ struct Forecast {
   std::vector<ScenarioForecast> scenarios;  ///< in the order in which they were asked for
   YearKinship start;                        ///< of the last real year
   bool is_stopped = false;                  ///< then replicates are missing
+  std::uint64_t seed = 0;                   ///< that its random numbers began with
+
+  std::int32_t replicates() const;  ///< so far, of each scenario
 };
 
 /// A forecast of which replicate after replicate is made, for somebody who looks at it meanwhile. It refers to the

@@ -56,6 +56,19 @@ constexpr Wording present_title = {"present practice", "huidige praktijk"};
 constexpr Wording result_line = {
     "mean kinship goes from {1} % in {2} to {3} % in {4} ({5} to {6} % in 90 of 100 replicates)",
     "de gemiddelde verwantschap gaat van {1} % in {2} naar {3} % in {4} ({5} tot {6} % in 90 van de 100 herhalingen)"};
+constexpr Wording result_of_few_line = {
+    "mean kinship goes from {1} % in {2} to {3} % in {4} (replicates: {7}; from the least, {5} %, to the most, {6} %)",
+    "de gemiddelde verwantschap gaat van {1} % in {2} naar {3} % in {4} (herhalingen: {7}; van de laagste, {5} %, tot de "
+    "hoogste, {6} %)"};
+constexpr Wording replicates_line = {
+    "replicates: {1}, seed of their random numbers: {2}; ranges are those of 90 in 100 replicates",
+    "herhalingen: {1}, begingetal van hun toevalsgetallen: {2}; tussen haakjes staat tussen welke waarden 90 van de "
+    "100 herhalingen liggen"};
+constexpr Wording few_replicates_line = {
+    "replicates: {1}, seed of their random numbers: {2}; ranges go from the least to the most of them: it takes {3} to tell "
+    "where 90 in 100 lie",
+    "herhalingen: {1}, begingetal van hun toevalsgetallen: {2}; tussen haakjes staan de laagste en de hoogste ervan: om te "
+    "zeggen waar er 90 van de 100 liggen, zijn er {3} nodig"};
 constexpr Wording f_line = {"mean F comes to {1} % ({2} to {3} %)", "de gemiddelde F komt op {1} % ({2} tot {3} %)"};
 constexpr Wording rate_line = {
     "kinship rises by {1} % a generation ({2} to {3} %), as with an effective size of {4} ({5} to {6})",
@@ -78,6 +91,11 @@ constexpr Wording same_line = {
     "anything that is done now",
     "in {1} is de gemiddelde verwantschap in 90 van de 100 herhalingen dezelfde als bij de huidige praktijk: de regels "
     "verbieden bijna niets van wat nu gebeurt"};
+constexpr Wording same_of_few_line = {
+    "in {1} mean kinship is the same as under the present practice in every replicate: the rules forbid hardly anything "
+    "that is done now",
+    "in {1} is de gemiddelde verwantschap in elke herhaling dezelfde als bij de huidige praktijk: de regels verbieden "
+    "bijna niets van wat nu gebeurt"};
 constexpr Wording unclear_line = {
     "in {1} mean kinship may be lower or higher than under the present practice: the difference lies between {2} and "
     "{3} percentage points",
@@ -135,9 +153,9 @@ std::vector<std::string> practice_sentences(const BasePeriod& base, const Counte
     add(lives_line, {one_decimal(families.years_in_use), one_decimal(families.families_in_life),
                      std::to_string(families.ended_careers)});
   } else {
-    add(unknown_lives_line, {std::to_string(families.birth_years), std::to_string(families.ended_careers),
-                             std::to_string(birth_years_for_lives(base.generation_interval)),
-                             std::to_string(least_ended_careers)});
+    add(unknown_lives_line,
+        {std::to_string(families.birth_years), std::to_string(families.ended_careers),
+         std::to_string(birth_years_for_lives(base.generation_interval)), std::to_string(least_ended_careers)});
   }
   add(descent_line, {percent(families.half_known), percent(families.founders), percent(families.outside_sires),
                      percent(families.outside_dams)});
@@ -156,6 +174,13 @@ std::vector<std::string> practice_sentences(const BasePeriod& base, const Counte
   add(matings_line, {percent(families.close_matings)});
   if (base.years.front().size() > 1) add(groups_line, {percent(families.between_groups)});
   return lines;
+}
+
+std::string replicates_sentence(const Forecast& forecast, ToolLanguage language) {
+  const bool are_few = forecast.replicates() < least_replicates_of_band;
+  return phrase(
+      are_few ? few_replicates_line : replicates_line, language,
+      {std::to_string(forecast.replicates()), std::to_string(forecast.seed), std::to_string(least_replicates_of_band)});
 }
 
 std::string incomplete_sentence(std::int32_t year, ToolLanguage language) {
@@ -181,19 +206,21 @@ void add_result(const Forecast& forecast, const ScenarioSummary& summary, Scenar
   const auto& kinship = summary.of(SummaryFigure::last_kinship).value;
   const auto& f = summary.of(SummaryFigure::last_mean_f).value;
   if (!kinship || !f) return;
-  lines.add(result_line, {lines.percent(forecast.start.with_self), std::to_string(forecast.first_year - 1),
-                          lines.percent(kinship->median), std::to_string(forecast.first_year + forecast.years - 1),
-                          lines.percent(kinship->low), lines.percent(kinship->high)});
-  lines.add(f_line, {lines.percent(f->median), lines.percent(f->low), lines.percent(f->high)});
+  lines.add(
+      kinship->is_of_few() ? result_of_few_line : result_line,
+      {lines.percent(forecast.start.with_self), std::to_string(forecast.first_year - 1), lines.percent(kinship->median),
+       std::to_string(forecast.first_year + forecast.years - 1), lines.percent(kinship->shown_low()),
+       lines.percent(kinship->shown_high()), std::to_string(kinship->replicates)});
+  lines.add(f_line, {lines.percent(f->median), lines.percent(f->shown_low()), lines.percent(f->shown_high())});
   const auto& rate = summary.of(SummaryFigure::kinship_rate_per_generation).value;
   if (!rate) return;
-  const std::string median = lines.percent(rate->median), low = lines.percent(rate->low),
-                    high = lines.percent(rate->high);
+  const double least = rate->shown_low(), most = rate->shown_high();
+  const std::string median = lines.percent(rate->median), low = lines.percent(least), high = lines.percent(most);
   if (rate->median > 0.0) {
     const auto size = [](double loss) { return fixed_decimals(0.5 / loss, 0); };
-    const bool has_most = rate->low > 0.0;  // otherwise kinship does not rise in some replicates
+    const bool has_most = least > 0.0;  // otherwise kinship does not rise in some replicates
     lines.add(has_most ? rate_line : unlimited_rate_line,
-              {median, low, high, size(rate->median), size(rate->high), has_most ? size(rate->low) : std::string()});
+              {median, low, high, size(rate->median), size(most), has_most ? size(least) : std::string()});
   } else {
     lines.add(falling_line, {median, low, high});
   }
@@ -203,16 +230,15 @@ void add_difference(const Forecast& forecast, const ScenarioSummary& summary, Sc
   const auto& difference = summary.of(SummaryFigure::last_kinship).difference;
   if (!difference) return;
   const std::string year = std::to_string(forecast.first_year + forecast.years - 1);
-  if (difference->low == 0.0 && difference->high == 0.0) {
-    lines.add(same_line, {year});
-  } else if (difference->high < 0.0) {
-    lines.add(lower_line, {year, lines.percent(-difference->median), lines.percent(-difference->high),
-                           lines.percent(-difference->low)});
-  } else if (difference->low > 0.0) {
-    lines.add(higher_line, {year, lines.percent(difference->median), lines.percent(difference->low),
-                            lines.percent(difference->high)});
+  const double low = difference->shown_low(), high = difference->shown_high();
+  if (low == 0.0 && high == 0.0) {
+    lines.add(difference->is_of_few() ? same_of_few_line : same_line, {year});
+  } else if (high < 0.0) {
+    lines.add(lower_line, {year, lines.percent(-difference->median), lines.percent(-high), lines.percent(-low)});
+  } else if (low > 0.0) {
+    lines.add(higher_line, {year, lines.percent(difference->median), lines.percent(low), lines.percent(high)});
   } else {
-    lines.add(unclear_line, {year, lines.percent(difference->low), lines.percent(difference->high)});
+    lines.add(unclear_line, {year, lines.percent(low), lines.percent(high)});
   }
 }
 

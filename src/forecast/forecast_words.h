@@ -20,6 +20,9 @@ std::vector<std::string> practice_sentences(const BasePeriod& base, const Counte
 /// A last birth year that is left out because it is incomplete.
 std::string incomplete_sentence(std::int32_t year, ToolLanguage language);
 
+/// How many replicates there are so far, what their random numbers began with, and what ranges of theirs are.
+std::string replicates_sentence(const Forecast& forecast, ToolLanguage language);
+
 /// Where a scenario leads, what it changes against the present practice, and what it costs; behind its title.
 std::vector<std::string> scenario_sentences(const Forecast& forecast, const ScenarioSummary& summary,
                                             std::size_t scenario, ToolLanguage language);

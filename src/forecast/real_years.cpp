@@ -53,7 +53,8 @@ Foretold compare_with_truth(const ScenarioForecast& scenario, std::int32_t first
     ++foretold.years;
     // As they are shown: a band that begins at 0.00 % has 0 in it.
     const auto shown = [](double figure_of_year) { return std::lround(figure_of_year * shown_parts); };
-    const bool is_above = shown(*value) > shown(band->high), is_below = shown(*value) < shown(band->low);
+    const bool is_above = shown(*value) > shown(band->shown_high()),
+               is_below = shown(*value) < shown(band->shown_low());
     foretold.is_last_within = !is_above && !is_below;
     if (foretold.is_last_within) ++foretold.within;
     if (is_above) ++foretold.above;

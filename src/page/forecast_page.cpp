@@ -39,6 +39,15 @@ constexpr Wording year_word = {"Year", "Jaar"};
 constexpr Wording past_series = {"what was", "wat er was"};
 constexpr Wording truth_series = {"what really happened", "wat er werkelijk gebeurde"};
 constexpr Wording low_word = {"{1}, 5 %", "{1}, 5 %"}, high_word = {"{1}, 95 %", "{1}, 95 %"};
+constexpr Wording least_word = {"{1}, least", "{1}, laagste"}, most_word = {"{1}, most", "{1}, hoogste"};
+constexpr Wording few_reading = {
+    "Lines are medians of the replicates; the band goes from the least to the most of them.",
+    "Lijnen zijn medianen van de herhalingen; de band gaat van de laagste tot de hoogste ervan."};
+constexpr Wording look_back_of_few = {
+    "The forecast knew nothing behind {1}. The band goes from the least to the most of few replicates: it is too narrow to "
+    "judge by.",
+    "De vooruitblik wist niets van na {1}. De band gaat van de laagste tot de hoogste van weinig herhalingen: hij is te "
+    "smal om op te oordelen."};
 constexpr Wording chart_reading = {
     "Lines are medians of the replicates; in 90 of 100 replicates the year lies within the band.",
     "Lijnen zijn medianen van de herhalingen; in 90 van de 100 herhalingen ligt het jaar binnen de band."};
@@ -145,6 +154,10 @@ void add_real_years(Chart& chart, std::span<const RealYear> real, const Panel& p
   add_series(chart, name, values, panel.decimals);
 }
 
+bool is_of_few(const Forecast& forecast) {
+  return forecast.replicates() < least_replicates_of_band;
+}
+
 void add_scenario(const ForecastPageInput& input, Chart& chart, const Forecast& forecast, std::size_t scenario,
                   const Panel& panel, const ChartYears& years) {
   const ScenarioForecast& of = forecast.scenarios[scenario];
@@ -154,13 +167,14 @@ void add_scenario(const ForecastPageInput& input, Chart& chart, const Forecast& 
     if (!band || forecast.first_year + year > years.last) continue;
     const std::size_t place = years.place(forecast.first_year + year);
     median[place] = panel.scale * band->median;
-    low[place] = panel.scale * band->low;
-    high[place] = panel.scale * band->high;
+    low[place] = panel.scale * band->shown_low();
+    high[place] = panel.scale * band->shown_high();
   }
   const std::string name = title_of(of.rules, input.language);
   add_series(chart, name, median, panel.decimals);
-  add_column(chart, phrase(low_word, input.language, {name}), low, panel.decimals);
-  add_column(chart, phrase(high_word, input.language, {name}), high, panel.decimals);
+  const bool are_few = is_of_few(forecast);
+  add_column(chart, phrase(are_few ? least_word : low_word, input.language, {name}), low, panel.decimals);
+  add_column(chart, phrase(are_few ? most_word : high_word, input.language, {name}), high, panel.decimals);
   chart.series.back().low = low;
   chart.series.back().high = high;
 }
@@ -174,7 +188,7 @@ std::string charts_of(const ForecastPageInput& input) {
   std::string text;
   for (const Panel& panel : panels) {
     Chart chart = begin_chart(input, panel, "f-", years);
-    chart.reading = say(input, chart_reading);
+    chart.reading = say(input, is_of_few(input.forecast) ? few_reading : chart_reading);
     add_real_years(chart, input.past, panel, years, say(input, past_series));
     for (std::size_t k = 0; k < input.forecast.scenarios.size(); ++k) {
       add_scenario(input, chart, input.forecast, k, panel, years);
@@ -187,7 +201,8 @@ std::string charts_of(const ForecastPageInput& input) {
 std::string with_range(const ForecastPageInput& input, const std::optional<Band>& band, double scale, int decimals) {
   if (!band) return std::string(no_figure);
   const auto figure = [&](double value) { return report_figure(scale * value, decimals, input.language); };
-  return phrase(range_words, input.language, {figure(band->median), figure(band->low), figure(band->high)});
+  return phrase(range_words, input.language,
+                {figure(band->median), figure(band->shown_low()), figure(band->shown_high())});
 }
 
 FigureTable rules_table(const ForecastPageInput& input) {
@@ -220,6 +235,7 @@ std::string all_in_words(const BreedingRules& rules, ToolLanguage language) {
 
 std::string results_of(const ForecastPageInput& input) {
   std::string text;
+  add_paragraph(text, as_sentence(replicates_sentence(input.forecast, input.language)));
   for (std::size_t k = 0; k < input.summaries.size(); ++k) {
     const BreedingRules& rules = input.forecast.scenarios[k].rules;
     text += "<h3>" + escaped(title_of(rules, input.language)) + "</h3>\n";
@@ -251,7 +267,8 @@ std::string trust_of(const ForecastPageInput& input) {
   for (const Panel& panel : panels) {
     if (panel.figure != ForecastFigure::mean_f && panel.figure != ForecastFigure::kinship_with_self) continue;
     Chart chart = begin_chart(input, panel, "b-", years);
-    chart.reading = phrase(look_back_reading, input.language, {std::to_string(input.hindcast->from)});
+    chart.reading = phrase(is_of_few(forecast) ? look_back_of_few : look_back_reading, input.language,
+                           {std::to_string(input.hindcast->from)});
     add_real_years(chart, input.past, panel, years, say(input, truth_series));
     add_scenario(input, chart, forecast, 0, panel, years);
     write_chart(text, chart, input.language);

@@ -266,6 +266,7 @@ std::vector<std::string> warnings_of(const FamilyPractice& families, ToolLanguag
 }
 
 void say_results(const FolderRun& run, const ForecastOptions& options, const ForecastResults& results) {
+  say(run.streams.console, replicates_sentence(results.forecast, run.language));
   for (std::size_t k = 0; k < results.summaries.size(); ++k) {
     const std::string title = title_of(results.forecast.scenarios[k].rules, run.language);
     for (const std::string& line : scenario_sentences(results.forecast, results.summaries[k], k, run.language)) {

@@ -270,6 +270,8 @@ TEST(BandOf, TakesTheMeanOfNeighbours) {
   EXPECT_DOUBLE_EQ(band.median, 2.5);
   EXPECT_DOUBLE_EQ(band.low, 1.15);
   EXPECT_DOUBLE_EQ(band.high, 3.85);
+  EXPECT_DOUBLE_EQ(band.shown_low(), 1.0);  // of so few the least and the most are shown
+  EXPECT_DOUBLE_EQ(band.shown_high(), 4.0);
 }
 
 }  // namespace

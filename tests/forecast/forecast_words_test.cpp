@@ -42,10 +42,38 @@ TEST(ScenarioSentences, CallADifferenceWhatItsRangeAllows) {
   EXPECT_TRUE(is_said(said_of(forecast_with({0.1, 0.2}, {0.11, 0.21})), "1.00 percentage points higher"));
   const auto unclear = said_of(forecast_with({0.1, 0.2}, {0.09, 0.21}));
   EXPECT_TRUE(is_said(unclear, "may be lower or higher"));
-  EXPECT_TRUE(is_said(unclear, "between -0.90 and 0.90 percentage points"));  // of two replicates
+  EXPECT_TRUE(is_said(unclear, "between -1.00 and 1.00 percentage points"));
   const auto same = said_of(forecast_with({0.1, 0.2}, {0.1, 0.2}));
   EXPECT_TRUE(is_said(same, "in 2023 mean kinship is the same as under the present practice"));
   EXPECT_FALSE(is_said(same, "may be"));
+}
+
+// Of twenty replicates from 0.5 to 10 % 5 in 100 are below 0.975 %; of nineteen nothing of the kind is said.
+TEST(ScenarioSentences, TellBandsFromTwentyReplicatesOn) {
+  std::vector<double> kinships;
+  for (int k = 1; k <= 20; ++k) kinships.push_back(0.005 * k);
+  const auto many = said_of(forecast_with(kinships, kinships));
+  EXPECT_TRUE(is_said(many, "(0.98 to 9.53 % in 90 of 100 replicates)")) << many.front();
+  EXPECT_TRUE(is_said(many, "the same as under the present practice in 90 of 100 replicates"));
+  kinships.pop_back();
+  const Forecast of_few = forecast_with(kinships, kinships);
+  const auto few = said_of(of_few);
+  EXPECT_FALSE(is_said(few, "90 of 100")) << few.front();
+  EXPECT_TRUE(is_said(few, "(replicates: 19; from the least, 0.50 %, to the most, 9.50 %)")) << few.front();
+  EXPECT_TRUE(is_said(few, "in every replicate"));
+  EXPECT_FALSE(is_said(said_of(of_few, ToolLanguage::dutch), "90 van de 100"));
+}
+
+TEST(ReplicatesSentence, NamesNumberAndSeed) {
+  Forecast forecast = forecast_with(std::vector<double>(20, 0.1), std::vector<double>(20, 0.1));
+  forecast.seed = 7;
+  EXPECT_EQ(replicates_sentence(forecast, ToolLanguage::english),
+            "replicates: 20, seed of their random numbers: 7; ranges are those of 90 in 100 replicates");
+  forecast.scenarios[0].replicates.resize(19);
+  EXPECT_TRUE(
+      replicates_sentence(forecast, ToolLanguage::english)
+          .starts_with("replicates: 19, seed of their random numbers: 7; ranges go from the least to the most"));
+  EXPECT_TRUE(replicates_sentence(forecast, ToolLanguage::dutch).starts_with("herhalingen: 19, begingetal"));
 }
 
 TEST(ScenarioSentences, HaveADecimalCommaInDutch) {

@@ -469,8 +469,8 @@ TEST(Summarise, FindsARateByHand) {
 TEST(CompareWithTruth, ComparesWhatIsShown) {
   ScenarioForecast scenario;
   scenario.replicates.assign(2, ReplicateYears(2));
-  for (const double f : {0.01, 0.02}) {
-    for (ModelYear& year : scenario.replicates[f < 0.015 ? 0 : 1]) year.kinship.mean_f = f;  // 0.0105 to 0.0195
+  for (const double f : {0.0105, 0.0195}) {
+    for (ModelYear& year : scenario.replicates[f < 0.015 ? 0 : 1]) year.kinship.mean_f = f;
   }
   std::vector<RealYear> truth(2);
   for (std::size_t k = 0; k < 2; ++k) truth[k].year = 2000 + static_cast<std::int32_t>(k);
@@ -485,7 +485,8 @@ TEST(CompareWithTruth, ComparesWhatIsShown) {
 TEST(CompareWithTruth, CountsYearsWithinAboveAndBelow) {
   ScenarioForecast scenario;
   scenario.replicates.assign(2, ReplicateYears(4));
-  for (ModelYear& year : scenario.replicates[1]) year.kinship.mean_f = 0.1;  // from 0.005 to 0.095
+  for (ModelYear& year : scenario.replicates[0]) year.kinship.mean_f = 0.005;
+  for (ModelYear& year : scenario.replicates[1]) year.kinship.mean_f = 0.095;
   std::vector<RealYear> truth(5);
   const std::vector<double> f = {0.5, 0.004, 0.006, 0.094, 0.096};
   for (std::size_t k = 0; k < truth.size(); ++k) {
