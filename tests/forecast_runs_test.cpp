@@ -122,6 +122,14 @@ TEST(ForecastRun, SaysHowManyReplicatesAndFromWhichSeed) {
   EXPECT_TRUE(has(twenty.file("dogs_forecast.html"), "in 90 of 100 replicates the year lies within the band"));
 }
 
+TEST(ForecastRun, SaysThatAHerdbookIsYoung) {
+  const std::string said = "irth years with known sires behind this forecast: 8, of 20 at least";
+  const WholeRun run = forecast(herd(10), {"--years", "1", "--replicates", "1"});
+  EXPECT_TRUE(has(run.console, said)) << run.console;
+  EXPECT_TRUE(has(run.file("dogs_forecast.html"), said));
+  EXPECT_FALSE(has(forecast(herd(22), {"--years", "1", "--replicates", "1"}).console, "behind this forecast"));
+}
+
 TEST(ForecastRun, LeavesOutAYearThatIsIncomplete) {
   const WholeRun run = forecast(herd(10, 11), {"--years", "1", "--replicates", "2"});
   EXPECT_TRUE(has(run.console, "2010 is left out: too few births so far for a whole year\n")) << run.console;

@@ -135,7 +135,7 @@ void describe_practice(const Desk& desk, const BasePeriod& base, DeskForecast& m
   const FamilyPractice families = measure_practice(made.records, base);
   made.practice = practice_sentences(
       base, count_practice(whole.tables, store.birth_years, base.first_year, base.last_year), families, desk.language);
-  if (const auto unknown = unknown_parents_sentence(families, desk.language)) made.warnings.push_back(*unknown);
+  made.warnings = warning_sentences(families, desk.language);
   made.past = list_real_years(made.records, whole.inbreeding, whole.tables);
 }
 

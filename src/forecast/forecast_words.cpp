@@ -119,6 +119,18 @@ constexpr Wording unknown_parents_line = {
     "stated, and their fall may be one on paper only",
     "{1} % van de jongen heeft een onbekende ouder, die als met niemand verwant telt: inteelt en verwantschap zijn hoger "
     "dan hier staat, en een daling kan er een op papier zijn"};
+constexpr Wording outside_parents_line = {
+    "{1} % of the sires and {2} % of the dams come from outside, and count as related to nobody: as long as they do, kinship "
+    "rises more slowly, and the effective size is larger, than within the breed alone",
+    "{1} % van de vaders en {2} % van de moeders komt van buiten, en telt als met niemand verwant: zolang dat zo blijft, "
+    "stijgt de verwantschap langzamer, en is de effectieve populatiegrootte groter, dan binnen het ras alleen"};
+constexpr Wording young_herdbook_line = {
+    "birth years with known sires behind this forecast: {1}, of {2} at least that it needs; how far to trust it was measured "
+    "with herdbooks of thirty years and more, and this one is too short to know how numbers and the use of sires change: "
+    "kinship and F may well rise above the band",
+    "geboortejaren met bekende vaders achter deze vooruitblik: {1}, van minstens {2} die ervoor nodig zijn; hoe ver hij te "
+    "vertrouwen is, werd gemeten met stamboeken van dertig jaar en meer, en dit is te kort om te weten hoe aantallen en het "
+    "gebruik van vaders veranderen: verwantschap en F kunnen heel goed boven de band uitkomen"};
 constexpr Wording died_line = {"the population dies out in {1} of {2} replicates; its figures are those of the others",
                                "de populatie sterft uit in {1} van de {2} herhalingen; de cijfers zijn die van de "
                                "andere"};
@@ -281,6 +293,28 @@ std::optional<std::string> unknown_parents_sentence(const FamilyPractice& famili
   const double share = families.half_known + families.founders;
   if (share < least_unknown_share) return std::nullopt;
   return phrase(unknown_parents_line, language, {shown_percent(share, language, 1)});
+}
+
+std::optional<std::string> outside_parents_sentence(const FamilyPractice& families, ToolLanguage language) {
+  if (std::max(families.outside_sires, families.outside_dams) < least_outside_share) return std::nullopt;
+  return phrase(
+      outside_parents_line, language,
+      {shown_percent(families.outside_sires, language, 1), shown_percent(families.outside_dams, language, 1)});
+}
+
+std::optional<std::string> young_herdbook_sentence(const FamilyPractice& families, ToolLanguage language) {
+  if (families.birth_years >= least_birth_years) return std::nullopt;
+  return phrase(young_herdbook_line, language,
+                {std::to_string(families.birth_years), std::to_string(least_birth_years)});
+}
+
+std::vector<std::string> warning_sentences(const FamilyPractice& families, ToolLanguage language) {
+  std::vector<std::string> lines;
+  for (const auto& line : {young_herdbook_sentence(families, language), outside_parents_sentence(families, language),
+                           unknown_parents_sentence(families, language)}) {
+    if (line) lines.push_back(*line);
+  }
+  return lines;
 }
 
 std::string title_of(const BreedingRules& rules, ToolLanguage language) {

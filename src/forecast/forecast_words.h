@@ -31,6 +31,16 @@ std::vector<std::string> scenario_sentences(const Forecast& forecast, const Scen
 inline constexpr double least_unknown_share = 0.05;
 std::optional<std::string> unknown_parents_sentence(const FamilyPractice& families, ToolLanguage language);
 
+/// From this share of parents from outside on, of either sex, it is said what they do.
+inline constexpr double least_outside_share = 0.05;
+std::optional<std::string> outside_parents_sentence(const FamilyPractice& families, ToolLanguage language);
+
+/// Of a herdbook that is too young to know how it changes.
+std::optional<std::string> young_herdbook_sentence(const FamilyPractice& families, ToolLanguage language);
+
+/// Whatever of these three is to be said.
+std::vector<std::string> warning_sentences(const FamilyPractice& families, ToolLanguage language);
+
 /// Whether the truth lay within the band, in words. `from` is the last year that the forecast knew.
 std::vector<std::string> truth_sentences(const Forecast& forecast, const std::vector<RealYear>& truth,
                                          std::int32_t from, ToolLanguage language);

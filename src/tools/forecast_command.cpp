@@ -260,11 +260,6 @@ std::vector<ForecastFile> make_files(const FolderRun& run, const ForecastOptions
   return files;
 }
 
-std::vector<std::string> warnings_of(const FamilyPractice& families, ToolLanguage language) {
-  const std::optional<std::string> unknown_parents = unknown_parents_sentence(families, language);
-  return unknown_parents ? std::vector<std::string>{*unknown_parents} : std::vector<std::string>();
-}
-
 void say_results(const FolderRun& run, const ForecastOptions& options, const ForecastResults& results) {
   say(run.streams.console, replicates_sentence(results.forecast, run.language));
   for (std::size_t k = 0; k < results.summaries.size(); ++k) {
@@ -312,7 +307,7 @@ Refusal forecast_and_write(FolderRun& run, const ForecastOptions& options) {
   if (is_stop_requested(run.streams)) return ToolRefusal{run.words(was_stopped)};
   const ForecastResults results = {forecast,        summarise(forecast),
                                    std::move(real), std::move(hindcast),
-                                   practice,        warnings_of(families, run.language)};
+                                   practice,        warning_sentences(families, run.language)};
   say_results(run, options, results);
   std::vector<ForecastFile> files = make_files(run, options, results);
   return write_files(run, options, files);

@@ -118,5 +118,34 @@ TEST(UnknownParentsSentence, SpeaksFromATwentiethOn) {
   EXPECT_TRUE(said->starts_with("5.1 % of the young have an unknown parent")) << *said;
 }
 
+TEST(OutsideParentsSentence, SpeaksFromATwentiethOnOfEitherSex) {
+  FamilyPractice families;
+  families.outside_sires = 0.0494;
+  families.outside_dams = 0.03;
+  EXPECT_FALSE(outside_parents_sentence(families, ToolLanguage::english).has_value());
+  families.outside_dams = 0.0506;
+  const auto said = outside_parents_sentence(families, ToolLanguage::english);
+  ASSERT_TRUE(said.has_value());
+  EXPECT_TRUE(said->starts_with("4.9 % of the sires and 5.1 % of the dams come from outside")) << *said;
+  families.outside_dams = 0.0;
+  families.outside_sires = 0.051;
+  EXPECT_TRUE(outside_parents_sentence(families, ToolLanguage::dutch)
+                  .value_or("")
+                  .starts_with("5,1 % van de vaders en 0,0 % van de moeders komt van buiten"));
+}
+
+TEST(YoungHerdbookSentence, EndsWithTwentyBirthYears) {
+  FamilyPractice families;
+  families.birth_years = 19;
+  const auto said = young_herdbook_sentence(families, ToolLanguage::english);
+  ASSERT_TRUE(said.has_value());
+  EXPECT_TRUE(is_said({*said}, "behind this forecast: 19, of 20 at least that it needs")) << *said;
+  EXPECT_TRUE(is_said({*said}, "too short to know how numbers and the use of sires change"));
+  EXPECT_EQ(warning_sentences(families, ToolLanguage::dutch).size(), 1U);
+  families.birth_years = 20;
+  EXPECT_FALSE(young_herdbook_sentence(families, ToolLanguage::english).has_value());
+  EXPECT_TRUE(warning_sentences(families, ToolLanguage::dutch).empty());
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test
