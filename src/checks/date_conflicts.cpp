@@ -60,10 +60,13 @@ YearRange fitting_years(const PedigreeColumns& animals, const ConflictGraph& gra
   return range;
 }
 
-std::string text_of_years(const YearRange& range, ToolLanguage language) {
+/// Years that would fit instead of that in which the animal is said to be born.
+std::string text_of_years(const YearRange& range, std::int64_t own_year, ToolLanguage language) {
   constexpr Wording between = {"; a year from {1} to {2} would fit", "; een jaar van {1} tot en met {2} zou passen"};
   constexpr Wording from = {"; {1} or later would fit", "; {1} of later zou passen"};
   constexpr Wording until = {"; {1} or earlier would fit", "; {1} of eerder zou passen"};
+  // Who is in order with parents and young may still stand against a sibling.
+  if (range.first <= own_year && (range.last == 0 || own_year <= range.last)) return {};
   const std::string first = std::to_string(range.first), last = std::to_string(range.last);
   if (range.first != 0 && range.last != 0) {
     return range.first <= range.last ? phrase(between, language, {first, last}) : std::string();
@@ -111,7 +114,7 @@ void tell_of_animal(const PedigreeColumns& animals, ConflictGraph& graph, std::i
   const YearRange years = fitting_years(animals, graph, animal, open, limits);
   tell_together({.code = FindingCode::date_contradicted,
                  .text = keep(findings, text_of_birth(animals, animal)),
-                 .other_text = keep(findings, text_of_years(years, language)),
+                 .other_text = keep(findings, text_of_years(years, animals.birth.at(animal).year, language)),
                  .number = static_cast<std::int64_t>(open.size())},
                 animals, graph, animal, open, findings);
 }

@@ -35,6 +35,19 @@ TEST(ReportConflicts, OneWrongDateIsOneFinding) {
       << testing::PrintToString(rows);
 }
 
+// Its litter is too near to those before and behind it, of other sires; its year is one that fits its parents.
+TEST(ReportConflicts, NoYearIsAdvisedThatIsItsOwn) {
+  const CheckResult result = checked_sheep(head +
+                                           "r;m;01-02-2008;;\ns;m;01-02-2008;;\nt;m;01-02-2008;;\nb;f;01-02-2008;;\n"
+                                           "c;m;24-02-2012;r;b\nd;f;22-05-2012;s;b\ne;m;27-08-2012;t;b\n");
+  const std::vector<std::string> rows = rows_of(result, ToolLanguage::english);
+  EXPECT_EQ(std::count(rows.begin(), rows.end(),
+                       "7||d|date-contradicted|W|Born 22-05-2012: that contradicts the dates of 2 relatives, so it is "
+                       "probably wrong: lines 6, 8|6, 8"),
+            1)
+      << testing::PrintToString(rows);
+}
+
 TEST(ReportConflicts, ASireThatIsMerelyOldIsWorthALook) {
   const CheckResult result =
       checked_sheep(head +
