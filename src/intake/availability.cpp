@@ -22,10 +22,6 @@ constexpr std::string_view all_others = "all";
 /// What a text means in its column.
 enum class Whereabouts : std::uint8_t { unknown, here, gone };
 
-bool holds_field(const ColumnChoice& columns, std::size_t place) {
-  return std::find(columns.place.begin(), columns.place.end(), place) != columns.place.end();
-}
-
 /// Whether nobody knows what a column without a place in the data file holds.
 bool is_open(const ColumnChoice& columns, std::size_t place) {
   if (!columns.has_header) return true;

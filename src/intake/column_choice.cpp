@@ -102,9 +102,6 @@ void follow_header(const PrepareOptions& options, const ColumnContents* contents
   if (choice.has_header) best = recognise_columns(choice.headings, choice.further);
   const ColumnPlaces by_heading = best;
   if (contents != nullptr) narrow_by_content(*contents, choice.further, choice, best);
-  const auto is_taken = [&](std::size_t column) {
-    return std::find(choice.place.begin(), choice.place.end(), column) != choice.place.end();
-  };
   for (const FieldCode code : written_order) {
     if (is_wished(code, options)) {
       const bool is_left_out = leaves_out(code, options);
@@ -112,7 +109,7 @@ void follow_header(const PrepareOptions& options, const ColumnContents* contents
       continue;
     }
     std::vector<std::size_t>& places = best[index_of(code)];
-    std::erase_if(places, is_taken);
+    std::erase_if(places, [&](std::size_t column) { return holds_field(choice, column); });
     if (places.size() == 1) {
       choice.place[index_of(code)] = places.front();
       choice.is_by_content[index_of(code)] = by_heading[index_of(code)] != places;
@@ -159,6 +156,10 @@ ColumnList list_columns(std::span<const std::size_t> places, const ColumnChoice&
   ColumnList list;
   for (const std::size_t place : places) list.columns.push_back({choice.headings[place], place + 1});
   return list;
+}
+
+bool holds_field(const ColumnChoice& columns, std::size_t place) {
+  return std::find(columns.place.begin(), columns.place.end(), place) != columns.place.end();
 }
 
 void ask_which(FieldCode code, std::span<const std::size_t> places, const ColumnContents* contents,

@@ -43,6 +43,9 @@ std::vector<std::size_t> find_columns(const std::string& wish, const ColumnChoic
 void ask_which(FieldCode code, std::span<const std::size_t> places, const ColumnContents* contents,
                ColumnChoice& choice);
 
+/// Whether the column at this place, counted from 0, holds one of the fields.
+bool holds_field(const ColumnChoice& columns, std::size_t place);
+
 /// Whether a column that the program cannot run without is not decided on.
 bool has_open_column(const ColumnChoice& choice);
 

@@ -12,10 +12,6 @@ constexpr std::int64_t tenths_of_different_ids = 9;
 constexpr std::int64_t fields_for_a_date = 10;
 constexpr std::int64_t most_words_of_sexes = 12;
 
-bool is_free(const ColumnChoice& columns, std::size_t place) {
-  return std::find(columns.place.begin(), columns.place.end(), place) == columns.place.end();
-}
-
 bool are_different(const ColumnProfile& profile) {
   return profile.texts_read > 0 && size_of(profile.texts) * 10 >= profile.texts_read * tenths_of_different_ids;
 }
@@ -116,7 +112,7 @@ ColumnEvidenceList list_evidence(std::span<const std::size_t> places, FieldCode 
 ColumnEvidenceList list_candidates(FieldCode code, const ColumnContents& contents, const ColumnChoice& columns) {
   std::vector<std::size_t> free;
   for (std::size_t k = 0; k < contents.profiles.size(); ++k) {
-    if (is_free(columns, k) && contents.profiles[k].texts_read > 0) free.push_back(k);
+    if (!holds_field(columns, k) && contents.profiles[k].texts_read > 0) free.push_back(k);
   }
   ColumnEvidenceList list = list_evidence(free, code, contents, columns);
   const auto has_weight = [&](const ColumnEvidence& evidence) { return weight_of(evidence, code) > 0; };

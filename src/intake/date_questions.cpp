@@ -69,8 +69,7 @@ bool names_column(const PrepareOptions& options) {
 std::vector<Answer> other_columns(const ColumnChoice& columns) {
   std::vector<Answer> answers;
   for (std::size_t place = 0; place < columns.headings.size(); ++place) {
-    const bool is_taken = std::find(columns.place.begin(), columns.place.end(), place) != columns.place.end();
-    if (!is_taken) answers.push_back({std::to_string(place + 1), columns.headings[place]});
+    if (!holds_field(columns, place)) answers.push_back({std::to_string(place + 1), columns.headings[place]});
   }
   return answers;
 }

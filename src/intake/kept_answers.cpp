@@ -8,6 +8,7 @@
 #include <system_error>
 #include <utility>
 
+#include "core/run_streams.h"
 #include "intake/table_start.h"
 
 namespace pedigreewatch {

@@ -68,9 +68,7 @@ std::array<std::optional<std::size_t>, 2> parent_name_places(const ColumnChoice&
   const ColumnPlaces found = recognise_columns(columns.headings, further);
   for (std::size_t parent = 0; parent < name_places.size(); ++parent) {
     const std::vector<std::size_t>& places = found[static_cast<std::size_t>(parent_name_fields[parent])];
-    const bool is_taken =
-        !places.empty() && std::find(columns.place.begin(), columns.place.end(), places.front()) != columns.place.end();
-    if (places.size() == 1 && !is_taken) name_places[parent] = places.front();
+    if (places.size() == 1 && !holds_field(columns, places.front())) name_places[parent] = places.front();
   }
   return name_places;
 }

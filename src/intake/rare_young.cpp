@@ -81,8 +81,7 @@ bool may_hold_ids(const ColumnChoice& columns, std::size_t place) {
 std::vector<std::size_t> open_places(const ColumnChoice& columns) {
   std::vector<std::size_t> open;
   for (std::size_t place = 0; place < columns.headings.size(); ++place) {
-    const bool is_taken = std::find(columns.place.begin(), columns.place.end(), place) != columns.place.end();
-    if (!is_taken && may_hold_ids(columns, place)) open.push_back(place);
+    if (!holds_field(columns, place) && may_hold_ids(columns, place)) open.push_back(place);
   }
   return open;
 }

@@ -74,9 +74,7 @@ void remark_columns(const ExportSurvey& survey, const PreparePlan& plan, std::ve
   }
   for (const FieldCode code : written_fields()) {
     std::vector<std::size_t> further = columns.further[static_cast<std::size_t>(code)];
-    std::erase_if(further, [&](std::size_t place) {
-      return std::find(columns.place.begin(), columns.place.end(), place) != columns.place.end();
-    });
+    std::erase_if(further, [&](std::size_t place) { return holds_field(columns, place); });
     const ColumnList list = list_columns(further, columns);
     const bool is_young = code == id_column && !columns.animals_of_line.empty();
     if (!list.columns.empty() && !is_young) remarks.push_back({RemarkKind::column_possible, {code, list}});

@@ -44,9 +44,9 @@ bool may_be_parent(const ColumnChoice& columns, std::size_t place, FieldCode par
 std::vector<Rival> rivals_by_heading(const ColumnChoice& columns, FieldCode parent) {
   std::vector<Rival> rivals;
   for (std::size_t place = 0; place < columns.headings.size(); ++place) {
-    const bool is_taken = std::find(columns.place.begin(), columns.place.end(), place) != columns.place.end();
     Rival rival = {place, false, 0, 0, false, {}};
-    if (!is_taken && may_be_parent(columns, place, parent, rival.names_parent)) rivals.push_back(std::move(rival));
+    if (!holds_field(columns, place) && may_be_parent(columns, place, parent, rival.names_parent))
+      rivals.push_back(std::move(rival));
   }
   return rivals;
 }
