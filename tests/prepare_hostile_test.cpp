@@ -216,6 +216,21 @@ TEST(HostilePrepareAccepts, BytesThatAreNoUtf8WhereAMarkOrTheUserSaysSo) {
   EXPECT_EQ(prepare_bytes(lines, {"--encoding", "utf-8"}).file("export.txt"), expected);
 }
 
+TEST(HostilePrepareAccepts, DatesAtWhichTheProgramWouldStopAndLeavesThemEmpty) {
+  std::string bytes = "id;sire;dam;sex;born\n";
+  for (int i = 0; i < 150; ++i) bytes += "dog" + std::to_string(i) + ";;;m;13-04-2001\n";
+  const WholeRun run = prepare_bytes(bytes + "rex;;;m;03-04-2014NL031\nbram;;;m;03-04-20145\nmax;;;m;0\n");
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_TRUE(has(run.console,
+                  "left empty, because they cannot be read: 2: line 152 \"03-04-2014NL031\", line 153 "
+                  "\"03-04-20145\"\n"))
+      << run.console;
+  EXPECT_TRUE(has(run.console, "unknown: \"0\" (1)\n")) << run.console;
+  EXPECT_TRUE(has(run.file("export.txt"), "\nrex;m;;;\nbram;m;;;\nmax;m;;;\n")) << run.file("export.txt");
+  EXPECT_TRUE(has(run.file("export.lines"), "\ndate\t152\t03-04-2014NL031\ndate\t153\t03-04-20145\n"))
+      << run.file("export.lines");
+}
+
 TEST(HostilePrepareAccepts, Utf16OfAnOddNumberOfBytesAndSaysSo) {
   std::string bytes = "\xFF\xFE"s;
   for (const char byte : sound) bytes += {byte, '\0'};

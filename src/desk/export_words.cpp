@@ -104,7 +104,7 @@ constexpr std::array<EvidenceWording, remark_kind_count> remark_wordings = {{
       "Met een jaar van twee cijfers, gelezen als {2} tot en met {3}: {1}"}},
     {goes_on, {"With a year of two digits: {1}: {2}", "Met een jaar van twee cijfers: {1}: {2}"}},
     {goes_on,
-     {"Kept as they are, because they cannot be read: {1}: {2}", "Onveranderd, omdat ze niet te lezen zijn: {1}: {2}"}},
+     {"Left empty, because they cannot be read: {1}: {2}", "Leeg gelaten, omdat ze niet te lezen zijn: {1}: {2}"}},
     {{"Sexes", "Geslacht"}, {"male: {1}; female: {2}", "mannelijk: {1}; vrouwelijk: {2}"}},
     {goes_on,
      {"Unknown, count as female in the report: {1}", "Onbekend, tellen als vrouwelijk in het rapport: {1}"}},

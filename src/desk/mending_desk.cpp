@@ -226,6 +226,7 @@ std::set<std::int64_t> shown_lines(const Desk& desk, const Finding& finding) {
 WaysOn ways_on(FindingCode code) {
   switch (code) {
     case Code::date_unreadable:
+    case Code::date_text:
     case Code::date_impossible:
     case Code::year_placeholder:
     case Code::year_future:

@@ -52,7 +52,9 @@ bool can_be_day_and_month(std::int32_t day, std::int32_t month, std::int32_t yea
   return day <= days[static_cast<std::size_t>(month)] - (month == february && !is_leap_year ? 1 : 0);
 }
 
+/// A year of 0 is not known.
 void note_year(BirthSpan& span, std::int32_t year) {
+  if (year == 0) return;
   span = {std::min(span.first, year), std::max(span.last, year)};
 }
 
@@ -109,10 +111,10 @@ CompactPieces cut_compact(std::string_view digits, DateOrder order) {
 
 /// Whether eight digits make a likely date in this order.
 bool fits_compact(std::string_view digits, DateOrder order) {
-  constexpr std::int32_t first_year = 1700, last_year = 2199;
+  constexpr std::int32_t first_year = 1700;  // the digits of a day and a month before that make years too
   const CompactPieces pieces = cut_compact(digits, order);
   const std::int32_t year = number_of(pieces.year);
-  return year >= first_year && year <= last_year &&
+  return year >= first_year && year <= last_year_of_birth &&
          can_be_day_and_month(number_of(pieces.day), number_of(pieces.month), year);
 }
 
@@ -284,9 +286,25 @@ void append_serial(std::string& bytes, std::string_view digits, const DatePlan& 
   append_in_order(bytes, plan.written, {text.substr(0, 4), text.substr(5, 2), text.substr(8, 2)});
 }
 
+/// Whether an animal may be born in a year with these digits, or they stand for no year (0000).
+bool is_year_of_birth(std::string_view digits) {
+  constexpr std::size_t digit_count = 4;
+  if (digits.size() != digit_count) return false;
+  const std::int32_t year = number_of(digits);
+  return year == 0 || (year >= first_year_of_birth && year <= last_year_of_birth);
+}
+
 bool tells_its_year(DateShape shape) {
   return shape == DateShape::year_first || shape == DateShape::year_last || shape == DateShape::named ||
          shape == DateShape::year_only || shape == DateShape::month_only;
+}
+
+/// Cuts a date of birth: 03-04-20145 and 11-08-3004 are slips of the pen, and a lone 0 says that there is none.
+DatePiecesFound cut_date_of_birth(std::string_view text) {
+  DatePiecesFound date = cut_date(text);
+  if (tells_its_year(date.shape) && !is_year_of_birth(date.year)) date = {};
+  if (date.shape == DateShape::unreadable && means_unknown(text)) date.shape = DateShape::empty;
+  return date;
 }
 
 /// A word in the place of a date that is not known to mean that there is none.
@@ -336,7 +354,7 @@ std::optional<std::int32_t> century_named(std::string_view text) {
 }
 
 void survey_date(DateSurvey& survey, std::string_view text, std::int64_t line) {
-  const DatePiecesFound date = cut_date(text);
+  const DatePiecesFound date = cut_date_of_birth(text);
   survey.with_time += date.has_time ? 1 : 0;
   survey.rough += date.is_rough && date.shape != DateShape::unreadable ? 1 : 0;
   if (tells_its_year(date.shape)) note_year(survey.years.plain, number_of(date.year));
@@ -424,8 +442,15 @@ std::string day_of_serial(std::string_view digits, DateSystem system) {
   return text;
 }
 
+/// Eight digits: in the order of the plan, unless they hold no year of birth in it.
+void append_compact(std::string& bytes, std::string_view digits, const DatePlan& plan) {
+  if (!plan.compact) return;
+  const CompactPieces pieces = cut_compact(digits, *plan.compact);
+  if (is_year_of_birth(pieces.year)) append_in_order(bytes, plan.written, pieces);
+}
+
 void append_date(std::string& bytes, std::string_view text, const DatePlan& plan) {
-  const DatePiecesFound date = cut_date(text);
+  const DatePiecesFound date = cut_date_of_birth(text);
   const std::string_view month = month_digits[static_cast<std::size_t>(std::clamp(date.second, 0, 12))];
   const auto append_full = [&](DateOrder read) {
     const bool day_first = has_day_before_month(read);
@@ -437,9 +462,7 @@ void append_date(std::string& bytes, std::string_view text, const DatePlan& plan
     case DateShape::empty: return;
     case DateShape::year_first: return append_full(plan.year_first);
     case DateShape::year_last: return append_full(plan.year_last);
-    case DateShape::compact:
-      if (!plan.compact || *plan.compact == plan.written) break;
-      return append_in_order(bytes, plan.written, cut_compact(date.year, *plan.compact));
+    case DateShape::compact: return append_compact(bytes, date.year, plan);
     case DateShape::named: return append_in_order(bytes, plan.written, {date.year, month, date.first_text});
     case DateShape::month_only: return append_in_order(bytes, plan.written, {date.year, month, ""});
     case DateShape::year_only:
@@ -449,12 +472,11 @@ void append_date(std::string& bytes, std::string_view text, const DatePlan& plan
     case DateShape::short_year:
     case DateShape::short_named:
     case DateShape::short_month:
-      if (!plan.short_years) break;
-      return append_short(bytes, date, plan);
+      if (plan.short_years) append_short(bytes, date, plan);
+      return;
     case DateShape::serial: return append_serial(bytes, date.year, plan);
-    case DateShape::unreadable: break;
+    case DateShape::unreadable: return;
   }
-  bytes.append(text);
 }
 
 }  // namespace pedigreewatch

@@ -132,7 +132,11 @@ DateCounts count_dates(const DateSurvey& survey, const DatePlan& plan);
 /// The day of that number as "2019-03-12".
 std::string day_of_serial(std::string_view digits, DateSystem system);
 
-/// The date in the layout of the plan; a text that is no full date stays as it is, one without a digit becomes empty.
+/// Years of birth; others are slips of the pen, and their dates cannot be read.
+inline constexpr std::int32_t first_year_of_birth = 1500, last_year_of_birth = 2199;
+
+/// The date in the layout of the plan; a year alone stays a year. What cannot be read, or not before the user has said
+/// how, becomes empty: the program stops at dates that are no numbers.
 void append_date(std::string& bytes, std::string_view text, const DatePlan& plan);
 
 }  // namespace pedigreewatch

@@ -83,10 +83,12 @@ void survey_meaning(ExportSurvey& survey, FieldCode code, std::string_view text,
     case sire_column: return survey_parent(survey, text, sire_role, place);
     case dam_column: return survey_parent(survey, text, dam_role, place);
     case sex_column: return count_text(survey.sexes, text, line);
-    case birthdate_column:
+    case birthdate_column: {
+      const std::int64_t unknown_before = survey.dates.empty;
       survey_date(survey.dates, text, line);
-      if (text.find_first_of("0123456789") == std::string_view::npos) count_text(survey.date_words, text, line);
+      if (survey.dates.empty > unknown_before) count_text(survey.date_words, text, line);
       return;
+    }
     case colour_column: return text.empty() ? void() : count_text(survey.colours, text, line);
     case subpopulation_column: return text.empty() ? void() : count_text(survey.subpopulations, text, line);
     case import_column: return count_text(survey.imports, text, line);

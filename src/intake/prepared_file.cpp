@@ -50,26 +50,20 @@ void append_subpopulation(std::string& bytes, std::string_view text, const Prepa
   const std::size_t start = bytes.size();
   append_field_text(bytes, text, subpopulation_column, ignored);
   if (plan.joined_subpopulation.empty() || bytes.size() == start) return;
-  if (plan.own_subpopulations.count(bytes.substr(start)) > 0) return;
+  if (plan.own_subpopulations.contains(bytes.substr(start))) return;
   bytes.resize(start);
   bytes += plan.joined_subpopulation;
 }
 
 void append_field(std::string& bytes, FieldCode code, std::string_view text, const PreparePlan& plan,
                   const TextCounts& sexes) {
-  constexpr std::size_t import_width = 20, date_width = 40;
+  constexpr std::size_t import_width = 20;
   LetterCounts ignored;
   std::string rewritten;
   const std::size_t start = bytes.size();
   switch (code) {
     case sex_column: return append_sex(bytes, text, plan, sexes);
-    case birthdate_column: {
-      std::string date;
-      append_date(date, text, plan.dates);
-      append_windows_1252(bytes, date, ignored);
-      bytes.resize(std::min(bytes.size(), start + date_width));
-      return;
-    }
+    case birthdate_column: return append_date(bytes, text, plan.dates);
     case import_column:
       if (means_no_import(text)) return;
       append_windows_1252(bytes, text, ignored);

@@ -22,7 +22,7 @@ namespace {
 using test::Files;
 using test::RunFolder;
 
-/// C is its own grandfather, the date of D cannot be read, and E has a misspelt dam; the blank line shifts the others.
+/// C is its own grandfather, the date of D is none, and E has a misspelt dam; the blank line shifts the others.
 constexpr const char* broken =
     "ID,Sex,Born,Father,Mother\n"
     "A,ram,13-01-2000,,\n"
@@ -131,9 +131,10 @@ TEST(MendingDesk, GoesOnWithoutDatesAndParents) {
   const std::string found = mended.check();
   EXPECT_TRUE(holds(found, R"("canRun":false)")) << found;
   EXPECT_TRUE(holds(found, R"("canDropDates":true,"canDropParents":false)")) << found;
-  const std::string dates = propose_going_on(mended.desk, "", "dates");
+  const std::string dates = propose_going_on(mended.desk, "date-text", "dates");
   EXPECT_TRUE(holds(
-      dates, R"(D\u0009birthdate\u000915-02-2x03\u0009\u0009unknown for now: Date cannot be read\u00092026-01-31)"))
+      dates,
+      R"(D\u0009birthdate\u000915-02-2x03\u0009\u0009unknown for now: Date that could not be taken over\u00092026-01-31)"))
       << dates;
   EXPECT_TRUE(holds(dates, R"("count":1)"));
   const std::string parents = propose_going_on(mended.desk, "loop", "parents");
@@ -145,7 +146,7 @@ TEST(MendingDesk, GoesOnWithoutDatesAndParents) {
 TEST(MendingDesk, ShowsTheLinesOfAFinding) {
   MendedDesk mended;
   mended.check();
-  choose_findings(mended.desk, "date-unreadable", "");
+  choose_findings(mended.desk, "date-text", "");
   const std::string lines = finding_lines(mended.desk, 0);
   EXPECT_TRUE(holds(
       lines,
@@ -283,7 +284,7 @@ TEST(MendingLitters, WhatTheLitterSharesIsCorrectedForAllOfIt) {
 TEST(MendingLitters, GoingOnMakesTheDateOfTheWholeLitterUnknown) {
   MendedLitters mended;
   mended.check();
-  const std::string list = propose_going_on(mended.desk, "", "dates");
+  const std::string list = propose_going_on(mended.desk, "date-text", "dates");
   EXPECT_TRUE(holds(list, R"("count":2)")) << list;
   EXPECT_TRUE(holds(list, R"(G1\u0009birthdate\u000915-02-2x03\u0009\u0009)")) << list;
   EXPECT_TRUE(holds(list, R"(H1\u0009birthdate\u000915-02-2x03\u0009\u0009)")) << list;

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "pedigree/birth_date.h"
+
 namespace pedigreewatch::test {
 namespace {
 
@@ -76,9 +78,73 @@ TEST(AppendDate, AllShapesInTheLayoutOfThePlan) {
   EXPECT_EQ(rewritten("~ 1972", plan), "1972");
   EXPECT_EQ(rewritten("05-2005", plan), "00-05-2005");
   EXPECT_EQ(rewritten("NA", plan), "");
-  EXPECT_EQ(rewritten("31-o2-1998", plan), "31-o2-1998");
-  EXPECT_EQ(rewritten("31-12-05", plan), "31-12-05");
   EXPECT_EQ(rewritten("31-13-2005", plan), "31-13-2005") << "the program repairs the month";
+}
+
+TEST(AppendDate, YearsInWhichNoAnimalIsBornAreNoDates) {
+  const DatePlan plan = plan_of({"31-12-2005"});
+  EXPECT_EQ(rewritten("03-04-1500", plan), "03-04-1500");
+  EXPECT_EQ(rewritten("03-04-1499", plan), "");
+  EXPECT_EQ(rewritten("2199-04-03", plan), "03-04-2199");
+  EXPECT_EQ(rewritten("2200-04-03", plan), "");
+  for (const char* const text :
+       {"03-04-20145", "03-04-205", "11-08-3004", "12 Jul 20145", "Jul 205", "0205", "03-0205", "9999"}) {
+    EXPECT_EQ(rewritten(text, plan), "") << text;
+    const DateSurvey survey = survey_of({"31-12-2005", text});
+    EXPECT_EQ(survey.unreadable.count, 1) << text;
+    EXPECT_EQ(survey.years.plain.first, 2005) << text;
+    EXPECT_EQ(survey.years.plain.last, 2005) << text;
+  }
+}
+
+TEST(AppendDate, AYearOfZerosIsNotKnown) {
+  const DateSurvey survey = survey_of({"31-12-2005", "00-00-0000", "0000", "0", "00"});
+  const DatePlan plan = plan_dates(survey, {});
+  EXPECT_EQ(rewritten("00-00-0000", plan), "00-00-0000");
+  EXPECT_EQ(rewritten("0000", plan), "0000");
+  EXPECT_EQ(rewritten("0", plan), "");
+  EXPECT_EQ(survey.empty, 2);
+  EXPECT_EQ(count_dates(survey, plan).not_understood, 0);
+  EXPECT_EQ(survey.years.plain.first, 2005);
+}
+
+TEST(AppendDate, EightDigitsHoldAYearOfBirth) {
+  const DatePlan plan = plan_of({"31122005", "30112005"});
+  EXPECT_EQ(rewritten("31123005", plan), "");
+  EXPECT_EQ(rewritten("00000000", plan), "00000000");
+  EXPECT_EQ(rewritten("31132005", plan), "31132005") << "the program repairs the month";
+  EXPECT_EQ(rewritten("99999999", plan_of({"31-12-2005", "99999999"})), "");
+}
+
+// The program stops at a date of which a piece is no number.
+TEST(AppendDate, TheProgramReadsWhateverIsWritten) {
+  const std::vector<std::string> signs = {"", "-", ".", "/", " ", "'", "o", " - ", "x", "T00:00", "?", "--"};
+  const std::vector<std::string> numbers = {"",    "3",    "31",    "Jul",      "98",
+                                            "205", "2005", "20145", "31122005", "99999999999"};
+  for (const DateOrder order : {DateOrder::day_month_year, DateOrder::year_month_day, DateOrder::compact_day_month_year,
+                                DateOrder::compact_year_month_day}) {
+    DateWish wish;
+    wish.order = order;
+    wish.century = 1925;
+    const DatePlan plan = plan_dates(survey_of({"31-12-2005", "31122005", "31-12-98"}), wish);
+    const DateLayout layout = date_layout_of(layout_text(order, false));
+    for (std::size_t i = 0; i < numbers.size() * signs.size() * numbers.size() * signs.size() * numbers.size(); ++i) {
+      std::size_t rest = i;
+      const auto next = [&](const std::vector<std::string>& texts) {
+        const std::string& text = texts[rest % texts.size()];
+        rest /= texts.size();
+        return text;
+      };
+      std::string text = next(numbers) + next(signs);
+      text += next(numbers) + next(signs);
+      text += next(numbers);
+      BirthDate date;
+      const std::string written = rewritten(text, plan);
+      ASSERT_TRUE(read_birth_date(written, layout, date)) << text << ": " << written;
+      ASSERT_TRUE(date.year == 0 || (date.year >= first_year_of_birth && date.year <= last_year_of_birth))
+          << text << ": " << written;
+    }
+  }
 }
 
 TEST(AppendDate, CompactLayoutsGetAllTheirZeros) {
