@@ -128,7 +128,7 @@ TEST(AvailableRuns, WithoutAListTheAgesOfParentsAreProposed) {
   // Rex and Saar were 3 and 4 years old at the births of 2013 and 2014.
   EXPECT_TRUE(has(
       run.console,
-      "females born 2010 to 2014: 3\n  who of them is dead or sold is not told; at the births of the last ten years at least nine in ten dams were 3 to 4 years old: --ages keeps to those ages\nmales born 2010 to 2014: 4\n  who of them is dead or sold is not told; at the births of the last ten years at least nine in ten sires were 3 to 4 years old: --ages keeps to those ages\n"))
+      "females born 2010 to 2014: 3\n  who of them is dead or sold is not told; none is 3 to 4 years old, as at least nine in ten dams were at the births of the last ten years: all of these years are taken\nmales born 2010 to 2014: 4\n  who of them is dead or sold is not told; none is 3 to 4 years old, as at least nine in ten sires were at the births of the last ten years: all of these years are taken\n"))
       << run.console;
   const WholeRun aged = run_tool_on(files, {"matings", "--ages"});
   EXPECT_EQ(aged.exit_status, 1);  // none is 3 or 4 in 2015

@@ -51,8 +51,8 @@ TEST(MatingsRun, WritesThePairsOfTheLastYearsTheLowestFFirst) {
   EXPECT_EQ(run.messages, "");
   EXPECT_EQ(
       run.console,
-      "females born 2005 to 2014: 2\n  who of them is dead or sold is not told; at the births of the last ten years at least nine in ten dams were 12 to 13 years old: --ages keeps to those ages\n"
-      "males born 2005 to 2014: 1\n  who of them is dead or sold is not told; at the births of the last ten years at least nine in ten sires were 12 to 13 years old: --ages keeps to those ages\n"
+      "females born 2005 to 2014: 2\n  who of them is dead or sold is not told; none is 12 to 13 years old, as at least nine in ten dams were at the births of the last ten years: all of these years are taken\n"
+      "males born 2005 to 2014: 1\n  who of them is dead or sold is not told; none is 12 to 13 years old, as at least nine in ten sires were at the births of the last ten years: all of these years are taken\n"
       "lowest F of the offspring: 12.50 %, puck x bram\n"
       "highest F of the offspring: 25.00 %, tess x bram\n"
       "F beyond 6.25 % (as of first cousins): 2 of 2 pairs\n"
@@ -68,6 +68,32 @@ TEST(MatingsRun, WritesThePairsOfTheLastYearsTheLowestFFirst) {
       "puck\tbram\t0.125\t0.125\t0.25\t0.291666667\trex\t0.125\t100.00" + std::string(nothing_more) +
           "\t1\t0\t1\t1\t1\t1\ntess\tbram\t0.25\t0.25\t0.291666667\t0.291666667\tsaar\t0.125\t50.00\trex\t0.125\t50.00" +
           std::string(nothing_more).substr(3) + "\t1\t0\t1\t1\t1\t1\n");
+}
+
+/// Rex and Saar were three years old; so are Wim and Mies when the next young are born.
+const std::string young_village =
+    "id;sex;birthdate;sire;dam\nrex;m;01-01-2010;;\nsaar;f;01-01-2010;;\nwim;m;01-01-2011;;\nmies;f;01-01-2011;;\n"
+    "bram;m;01-01-2013;rex;saar\ntess;f;01-01-2013;rex;saar\n";
+
+TEST(MatingsRun, WhereNobodySaysWhoIsThereTheAgesOfParentsAreProposed) {
+  const WholeRun run = run_matings_on(files_of(young_village));
+  EXPECT_TRUE(run.console.starts_with(
+      "females: 1, of 3 years (5 to 95 in 100 of the parents' ages at 2 births of the last ten years); whether they "
+      "are alive and available is left out of account\n  --years N takes those born in the last N years instead\n"
+      "males: 1, of 3 years (5 to 95 in 100 of the parents' ages at 2 births of the last ten years); whether they "
+      "are alive and available is left out of account\n  --years N takes those born in the last N years instead\n"))
+      << run.console << run.messages;
+  EXPECT_TRUE(has(run.file("dogs_matings.tsv"), "\nmies\twim\t"));
+  const WholeRun of_years = run_matings_on(files_of(young_village), {"--years", "4"});
+  EXPECT_TRUE(of_years.console.starts_with(
+      "females born 2010 to 2013: 3\n  who of them is dead or sold is not told; at the births of the last ten years at "
+      "least nine in ten dams were 3 to 3 years old: --ages keeps to those ages\n"))
+      << of_years.console;
+  EXPECT_TRUE(
+      run_matings_on(files_of(young_village), {"--all-animals"}).console.starts_with("females born 2010 to 2013: 3\n"));
+  const WholeRun dutch = run_matings_on(files_of(young_village, in_dutch()));
+  EXPECT_TRUE(has(dutch.console, "\n  --years N neemt in plaats daarvan de dieren geboren in de laatste N jaar\n"))
+      << dutch.console;
 }
 
 TEST(MatingsRun, FIsWhatARunShowsOfTheOffspring) {

@@ -35,7 +35,8 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools matings [OPTION.
 
   --females FILE        the females, one identification a line
   --males FILE          the males, likewise
-  --years N             where no file is given: the animals born in the last N years (10)
+  --years N             where no file is given: the animals born in the last N years (10, where NAME_available.txt
+                        tells who is still there; else as --ages)
   --ages                where no file is given: the animals of the ages at which parents were used in the last ten years
                         (5 to 95 in 100 of the births)
   --all-animals         where no file is given: also the animals that NAME_available.txt does not name (it stands beside
@@ -79,6 +80,11 @@ constexpr Wording ages_line = {
 constexpr Wording ages_only_line = {
     "  at the births of the last ten years at least nine in ten {1} were {2} to {3} years old: --ages keeps to those ages",
     "  bij de geboorten van de laatste tien jaar waren minstens negen van de tien {1} {2} tot en met {3} jaar oud: --ages houdt zich daaraan"};
+constexpr Wording proposed_line = {"  --years N takes those born in the last N years instead",
+                                   "  --years N neemt in plaats daarvan de dieren geboren in de laatste N jaar"};
+constexpr Wording none_proposed_line = {
+    "  who of them is dead or sold is not told; none is {2} to {3} years old, as at least nine in ten {1} were at the births of the last ten years: all of these years are taken",
+    "  wie dood of verkocht is, is niet bekend; geen dier is {2} tot en met {3} jaar oud, zoals minstens negen van de tien {1} bij de geboorten van de laatste tien jaar: alle dieren van deze jaren tellen mee"};
 constexpr Wording dams_word = {"dams", "moeders"}, sires_word = {"sires", "vaders"};
 constexpr Wording not_opened = {"{1}: the file of {2} could not be opened: {3}",
                                 "{1}: het bestand van {2} kon niet geopend worden: {3}"};
@@ -128,7 +134,7 @@ constexpr Wording table_line = {"pairs written to {1}: {2}", "paren geschreven i
 
 struct MatingOptions {
   std::string females_file, males_file;
-  std::int32_t years = 10;
+  std::optional<std::int32_t> years;
   std::optional<std::int64_t> best;
   std::optional<double> limit, most_inbreeding;
   MatingTableForm form = MatingTableForm::tabs;
@@ -286,11 +292,13 @@ std::optional<ToolRefusal> take_listed(MatingRun& run, const ListWording& wordin
 /// Takes the animals born in the last years, of which there must be one.
 std::optional<ToolRefusal> take_born(const MatingRun& run, const ListWording& wording,
                                      std::vector<std::int32_t>& positions) {
+  constexpr std::int32_t usual_years = 10;
   const FolderRun& folder = run.folder;
   const BirthYears& years = run.store().birth_years;
   const std::string animals = folder.words(wording.animals);
   if (years.dated_row_count() == 0) return ToolRefusal{folder.words(no_birth_years, {animals, wording.option})};
-  const std::int64_t first = std::max(std::int64_t{years.last} - run.options.years + 1, std::int64_t{years.first});
+  const std::int64_t first =
+      std::max(std::int64_t{years.last} - run.options.years.value_or(usual_years) + 1, std::int64_t{years.first});
   positions = candidates_born(run.store(), static_cast<std::int32_t>(first), years.last, wording.sex);
   std::erase_if(positions, [&](std::int32_t position) { return !run.available.has(position); });
   const std::string first_text = std::to_string(first), last_text = std::to_string(years.last);
@@ -302,39 +310,57 @@ std::optional<ToolRefusal> take_born(const MatingRun& run, const ListWording& wo
   return std::nullopt;
 }
 
-/// Where nobody has said who has gone: at which ages animals are used, for who wants no others.
-void propose_ages(const MatingRun& run, const ListWording& wording) {
-  if (run.available.is_told) return;
+/// Where nobody has said who has gone: at which ages animals are used.
+void say_ages(const MatingRun& run, const ListWording& wording, const Wording& line) {
   const std::optional<BreedingAges> ages = breeding_ages(run.store(), wording.sex);
-  if (!ages) return;
+  if (run.available.is_told || !ages) return;
   const FolderRun& folder = run.folder;
-  // Who wants all animals may have a list of those that have gone all the same.
-  const Wording& line = run.options.takes_all_animals ? ages_only_line : ages_line;
   say(folder.streams.console, folder.words(line, {folder.words(wording.parents), std::to_string(ages->youngest),
                                                   std::to_string(ages->oldest)}));
 }
 
-/// Takes the animals of the ages at which parents were used, of which there must be one.
+/// The animals of the ages at which parents were used.
+SexCandidates find_aged(const MatingRun& run, Sex sex) {
+  CandidateRules wanted;
+  wanted.available = run.available;
+  return gather_candidates(run.store(), wanted).candidates.of(sex);
+}
+
+/// Takes them, of which there must be one.
 std::optional<ToolRefusal> take_aged(const MatingRun& run, const ListWording& wording,
                                      std::vector<std::int32_t>& positions) {
   const FolderRun& folder = run.folder;
-  const std::string animals = folder.words(wording.animals);
-  CandidateRules wanted;
-  wanted.available = run.available;
-  const CandidatePool pool = gather_candidates(run.store(), wanted);
-  const SexCandidates& candidates = pool.candidates.of(wording.sex);
+  const SexCandidates candidates = find_aged(run, wording.sex);
   positions = candidates.positions;
-  if (positions.empty()) return ToolRefusal{folder.words(none_aged, {animals, wording.option})};
+  if (positions.empty()) return ToolRefusal{folder.words(none_aged, {folder.words(wording.animals), wording.option})};
   say(folder.streams.console, candidates_sentence(candidates, wording.sex, folder.language));
   return std::nullopt;
 }
 
+/// Where nobody says whom to take, nor who has gone: those of the usual ages, and where there are none those of the
+/// usual years.
+std::optional<ToolRefusal> take_proposed(const MatingRun& run, const ListWording& wording,
+                                         std::vector<std::int32_t>& positions) {
+  if (!find_aged(run, wording.sex).positions.empty()) {
+    std::optional<ToolRefusal> refusal = take_aged(run, wording, positions);
+    say(run.folder.streams.console, run.folder.words(proposed_line));
+    return refusal;
+  }
+  std::optional<ToolRefusal> refusal = take_born(run, wording, positions);
+  if (!refusal) say_ages(run, wording, none_proposed_line);
+  return refusal;
+}
+
 std::optional<ToolRefusal> take_candidates(MatingRun& run, const ListWording& wording, const std::string& name,
                                            std::vector<std::int32_t>& positions) {
+  const MatingOptions& options = run.options;
   if (!name.empty()) return take_listed(run, wording, name, positions);
-  if (run.options.takes_ages) return take_aged(run, wording, positions);
+  if (options.takes_ages) return take_aged(run, wording, positions);
+  const bool says_whom = options.years || run.available.is_told || options.takes_all_animals;
+  if (!says_whom) return take_proposed(run, wording, positions);
   std::optional<ToolRefusal> refusal = take_born(run, wording, positions);
-  if (!refusal) propose_ages(run, wording);
+  // Who wants all animals may have a list of those that have gone all the same.
+  if (!refusal) say_ages(run, wording, options.takes_all_animals ? ages_only_line : ages_line);
   return refusal;
 }
 
