@@ -274,6 +274,25 @@ test("ClosingAsksWhenResultsWereNotSaved", () => withDesk(async (page, desk) => 
   assert.equal(await asks(), true, "a forecast");
   await saved(desk, "Save the forecast", "forecast.tsv");
   assert.equal(await asks(), false);
+  for (const side of ["female", "male"]) {
+    await page.type(`#search-${side}s`, "1");
+    await page.waitForSelector(`#search-${side}s-list li`);
+    await page.click(`#search-${side}s-list li`);
+  }
+  assert.equal(await asks(), false, "chosen, and not compared yet");
+  const compare = async () => {
+    await page.click("#compare-mates");
+    await page.waitForSelector("#mates-screen td");
+    await idle(page);
+  };
+  await compare();
+  assert.equal(await asks(), true, "a table of mates");
+  await saved(desk, "Save this table", "mates.tsv");
+  assert.equal(await asks(), false);
+  await compare();
+  assert.equal(await asks(), true, "it was made once more");
+  await saved(desk, "Save this table as a workbook (.xlsx)", "mates.xlsx");
+  assert.equal(await asks(), false);
 }));
 
 test("AColumnThatIsNotShownStaysAsItIs", () => withDesk(async (page, desk) => {

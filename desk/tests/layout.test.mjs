@@ -29,12 +29,47 @@ function findCut() {
   return scrollWidth > wide ? [...out, `the page is ${scrollWidth} wide, the window ${wide}`] : out;
 }
 
-async function expectNothingCut(page, view) {
+/** Texts of charts that leave their chart, or stand on one another. */
+function findCutInCharts() {
+  const problems = [];
+  for (const chart of document.querySelectorAll("#forecast-body svg[role=img]")) {
+    const box = chart.getBoundingClientRect(), name = chart.querySelector("title")?.textContent;
+    const texts = [...chart.querySelectorAll("text")].filter((text) => text.textContent.trim() !== "" && text.checkVisibility())
+      .map((text) => ({ words: text.textContent, box: text.getBoundingClientRect() }));
+    for (const [place, one] of texts.entries()) {
+      const isOut = one.box.left < box.left - 1 || one.box.right > box.right + 1 || one.box.top < box.top - 1 || one.box.bottom > box.bottom + 1;
+      if (isOut) problems.push(`${name}: "${one.words}" is cut`);
+      const isOn = (other) => Math.min(one.box.right, other.box.right) - Math.max(one.box.left, other.box.left) > 1 &&
+        Math.min(one.box.bottom, other.box.bottom) - Math.max(one.box.top, other.box.top) > 3;
+      const other = texts.slice(place + 1).find(isOn);
+      if (other !== undefined) problems.push(`${name}: "${one.words}" stands on "${other.words}"`);
+    }
+  }
+  return problems;
+}
+
+async function expectNothingCut(page, view, find = findCut) {
   for (const screen of screens) {
     await page.setViewport(screen);
-    assert.deepEqual(await page.evaluate(findCut), [], `${view} at ${screen.width}`);
+    assert.deepEqual(await page.evaluate(find), [], `${view} at ${screen.width}`);
   }
   await page.setViewport({ width: 1100, height: 900 });
+}
+
+for (const language of ["en", "nl"]) {
+  test(`ChartsOfTheForecastAreWholeAtAnyWidth-${language}`, () => withDesk(async (page) => {
+    await openExample(page);
+    await enter(page, "breeding");
+    await page.type("#forecast-years", "8");
+    await page.type("#forecast-most-litters-a-year", "2");
+    await page.click("#make-forecast");
+    await page.waitForFunction(() => document.querySelector("#forecast-body svg") !== null && document.querySelector("#stop-forecast") === null);
+    assert.ok(await page.$$eval("#forecast-body svg[role=img]", (charts) => charts.length) >= 3);
+    await expectNothingCut(page, "forecast");
+    await expectNothingCut(page, "charts of the forecast", findCutInCharts);
+    await page.evaluate(() => document.querySelectorAll("#forecast-body details").forEach((details) => { details.open = true; }));
+    await expectNothingCut(page, "tables of the forecast");
+  }, { language }));
 }
 
 async function openExample(page) {

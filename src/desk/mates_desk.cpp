@@ -103,16 +103,33 @@ void add_figures(JsonText& json, const DeskMates& mates, double limit) {
   add_real(json, limit);
 }
 
+bool has_gone(const Desk& desk, std::span<const std::int32_t> positions) {
+  const AvailableAnimals& available = desk.results->available;
+  return std::any_of(positions.begin(), positions.end(),
+                     [&](std::int32_t position) { return !available.has(position); });
+}
+
+/// Females that have gone are marked in a column of their own, males in a last row.
 void write_mates(const Desk& desk, TableWriter& writer) {
   const DeskMates& mates = desk.mates;
+  const std::string_view gone = heading_of_gone(desk.language);
+  const bool has_gone_females = has_gone(desk, mates.females);
   add_plain(writer, words_of(first_column, desk.language));
+  if (has_gone_females) add_plain(writer, gone);
   for (const std::int32_t male : mates.males) add_text(writer, store_of(desk).id(male));
   end_row(writer);
   for (std::size_t row = 0; row < mates.females.size(); ++row) {
     add_text(writer, store_of(desk).id(mates.females[row]));
+    if (has_gone_females) add_plain(writer, gone_text(desk, mates.females[row]));
     for (std::size_t column = 0; column < mates.males.size(); ++column) {
       add_real(writer, mates.f[row * mates.males.size() + column]);
     }
+    end_row(writer);
+  }
+  if (has_gone(desk, mates.males)) {
+    add_plain(writer, gone);
+    if (has_gone_females) add_plain(writer, {});
+    for (const std::int32_t male : mates.males) add_plain(writer, gone_text(desk, male));
     end_row(writer);
   }
   flush(writer);

@@ -26,7 +26,8 @@ std::string leave_out(Desk& desk, std::string_view positions);
 /// limit), limit.
 std::string compare_mates(Desk& desk, std::string_view females, std::string_view males);
 
-/// The same as a table: a row for each female, a column for each male.
+/// The same as a table: a row for each female, a column for each male. Those that have gone are marked, females in a
+/// second column, males in a last row, where there are any.
 std::string mates_table(const Desk& desk);
 std::string mates_workbook(const Desk& desk);
 

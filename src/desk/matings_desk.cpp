@@ -18,6 +18,9 @@ constexpr Wording table_heading = {
     "female\tmale\tname\tborn\tF_of_offspring\tmean_kinship\tgenerations_known\toffspring\tage\tbeyond_limit",
     "moeder\tvader\tnaam\tgeboren\tF_van_jong\tgemiddelde_verwantschap\tgeneraties_bekend\tjongen\tleeftijd\t"
     "boven_grens"};
+constexpr Wording gone_words = {"no longer there", "er niet meer"};
+constexpr Wording gone_by_words = {"no longer there ({1})", "er niet meer ({1})"};
+constexpr Wording gone_heading = {"no_longer_there", "er_niet_meer"};
 constexpr Wording corrections_heading = {"corrections_in_data", "correcties_in_gegevens"};
 
 const PopulationStore& store_of(const Desk& desk) {
@@ -66,12 +69,24 @@ std::string count_answer(std::size_t count) {
   return std::move(json.text);
 }
 
-/// A text in a cell of the table, in which tabs and line ends would begin another one.
-std::string cell(std::string_view text) {
-  std::string written = readable(without_trailing_blanks(text));
+/// What the export says of an animal that is no longer there; empty where it says no more than that.
+std::string_view reason_of_gone(const DeskResults& results, std::int32_t position) {
+  const bool has_reasons = results.gone_by.last() >= position;
+  const std::int32_t reason = has_reasons ? results.gone_by[position] : 0;
+  if (reason == 0) return {};
+  return results.reasons[static_cast<std::size_t>(reason) - 1];
+}
+
+/// A text without what would begin another cell or row of a table.
+std::string on_one_line(std::string text) {
   std::replace_if(
-      written.begin(), written.end(), [](char byte) { return static_cast<unsigned char>(byte) < ' '; }, ' ');
-  return written;
+      text.begin(), text.end(), [](char byte) { return static_cast<unsigned char>(byte) < ' '; }, ' ');
+  return text;
+}
+
+/// A text of the data file in a cell of the table.
+std::string cell(std::string_view text) {
+  return on_one_line(readable(without_trailing_blanks(text)));
 }
 
 std::string real_cell(const std::optional<double>& value) {
@@ -79,6 +94,21 @@ std::string real_cell(const std::optional<double>& value) {
   std::array<char, 32> digits{};
   std::snprintf(digits.data(), digits.size(), "%.6f", *value);
   return digits.data();
+}
+
+/// A male of the ranking, as far as `beyond_limit`.
+std::string male_line(const Desk& desk, const RankedMale& entry) {
+  const PopulationStore& store = store_of(desk);
+  std::string line = cell(store.id(desk.males_for_dam)) + "\t" + cell(store.id(entry.male)) + "\t";
+  line += (store.has_name ? cell(store.name(entry.male)) : std::string()) + "\t";
+  const std::int32_t year = store.birth_year[entry.male];
+  line += (year != 0 ? std::to_string(year) : std::string()) + "\t";
+  line += real_cell(std::max(0.0, static_cast<double>(entry.f))) + "\t" + real_cell(entry.mean_kinship) + "\t";
+  line += real_cell(double{known_generations(store, entry.male)}) + "\t";
+  line += std::to_string(store.native_offspring_count[entry.male]) + "\t";
+  const std::optional<std::int32_t> age = age_of(store, entry.male);
+  line += (age ? std::to_string(*age) : std::string()) + "\t";
+  return line + (is_beyond(entry.f, desk.board.most_inbreeding) ? "1" : "0");
 }
 
 }  // namespace
@@ -92,11 +122,18 @@ void add_animal(JsonText& json, const DeskResults& results, std::int32_t positio
   add_integer(json, "year", store.birth_year[position]);
   add_name(json, "f");
   add_real(json, static_cast<double>(store.inbreeding[position]));
-  if (results.available.has(position)) return;
-  const bool has_reasons = results.gone_by.last() >= position;
-  const std::int32_t reason = has_reasons ? results.gone_by[position] : 0;
-  add_text(json, "gone",
-           reason == 0 ? std::string_view() : std::string_view(results.reasons[static_cast<std::size_t>(reason) - 1]));
+  if (!results.available.has(position)) add_text(json, "gone", reason_of_gone(results, position));
+}
+
+std::string gone_text(const Desk& desk, std::int32_t position) {
+  if (desk.results->available.has(position)) return {};
+  const std::string_view reason = reason_of_gone(*desk.results, position);
+  if (reason.empty()) return std::string(words_of(gone_words, desk.language));
+  return on_one_line(phrase(gone_by_words, desk.language, {reason}));
+}
+
+std::string_view heading_of_gone(ToolLanguage language) {
+  return words_of(gone_heading, language);
 }
 
 std::string find_in_results(const Desk& desk, std::string_view text, std::optional<Sex> sex) {
@@ -187,23 +224,18 @@ std::string list_males(const Desk& desk, std::size_t first, std::size_t count) {
 std::string males_table(const Desk& desk) {
   std::string table(words_of(table_heading, desk.language));
   if (!is_animal(desk, desk.males_for_dam)) return table + "\n";
-  const PopulationStore& store = store_of(desk);
+  const AvailableAnimals& available = desk.results->available;
+  const bool has_gone = std::any_of(desk.males.begin(), desk.males.end(),
+                                    [&](const RankedMale& entry) { return !available.has(entry.male); });
   const std::int64_t corrections = desk.results->population.corrections;
+  if (has_gone) table += "\t" + std::string(words_of(gone_heading, desk.language));
   if (corrections > 0) table += "\t" + std::string(words_of(corrections_heading, desk.language));
-  const std::string end = corrections > 0 ? "\t" + std::to_string(corrections) + "\n" : "\n";
   table += "\n";
-  const std::string dam = cell(store.id(desk.males_for_dam));
   for (const RankedMale& entry : desk.males) {
-    table += dam + "\t" + cell(store.id(entry.male)) + "\t";
-    table += (store.has_name ? cell(store.name(entry.male)) : std::string()) + "\t";
-    const std::int32_t year = store.birth_year[entry.male];
-    table += (year != 0 ? std::to_string(year) : std::string()) + "\t";
-    table += real_cell(std::max(0.0, static_cast<double>(entry.f))) + "\t" + real_cell(entry.mean_kinship) + "\t";
-    table += real_cell(double{known_generations(store, entry.male)}) + "\t";
-    table += std::to_string(store.native_offspring_count[entry.male]) + "\t";
-    const std::optional<std::int32_t> age = age_of(store, entry.male);
-    table += (age ? std::to_string(*age) : std::string()) + "\t";
-    table += std::string(is_beyond(entry.f, desk.board.most_inbreeding) ? "1" : "0") + end;
+    table += male_line(desk, entry);
+    if (has_gone) table += "\t" + gone_text(desk, entry.male);
+    if (corrections > 0) table += "\t" + std::to_string(corrections);
+    table += "\n";
   }
   return table;
 }

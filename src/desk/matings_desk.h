@@ -14,6 +14,11 @@ namespace pedigreewatch {
 /// the export says of it, "Date of death: 12-03-2021", or nothing where it is only left out of a list.
 void add_animal(JsonText& json, const DeskResults& results, std::int32_t position);
 
+/// What tables say of an animal that has gone, "no longer there (Date of death: 12-03-2021)", in UTF-8 on one line;
+/// empty of all others. And the heading above it.
+std::string gone_text(const Desk& desk, std::int32_t position);
+std::string_view heading_of_gone(ToolLanguage language);
+
 /// Animals of one sex, or of both, in whose identification or name the words of the text stand, in the order of
 /// `find_animals`. Yields an object: animals (position, id, name, isMale, year, f), at most 30, and count, of all.
 std::string find_in_results(const Desk& desk, std::string_view text, std::optional<Sex> sex = {});
@@ -38,7 +43,7 @@ std::string order_males(Desk& desk, bool by_mean_kinship);
 /// `count` of them from the one at `first` on. Yields an object: rows (as above, with offspringF and meanKinship).
 std::string list_males(const Desk& desk, std::size_t first, std::size_t count);
 
-/// All of them as a table, with tabs between the columns.
+/// All of them as a table, with tabs between the columns; where some have gone, with a column that says so.
 std::string males_table(const Desk& desk);
 
 }  // namespace pedigreewatch

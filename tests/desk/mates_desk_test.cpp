@@ -67,6 +67,30 @@ TEST(MatesDesk, ComparesEachFemaleWithEachMaleInTheOrderAsked) {
   EXPECT_TRUE(answer_says(compare_mates(mates.desk, mates.positions("HF"), mates.positions("GEA")), R"("beyond":[],)"));
 }
 
+TEST(MatesDesk, TablesMarkThoseThatHaveGone) {
+  DeskWithMates mates(
+      "ID,Name,Sex,Born,Father,Mother,Died\nA,,ram,13-01-2000,,,16-03-2003\nB,,ewe,14-01-2000,,,17-03-2003\n"
+      "C,,ram,13-01-2000,,,\nD,,ewe,14-01-2000,,,\n");
+  compare_mates(mates.desk, mates.positions("BD"), mates.positions("AC"));
+  const test::ReadTable table = test::read_table(mates_table(mates.desk));
+  EXPECT_EQ(table.names, (std::vector<std::string>{"female", "no_longer_there", "A", "C"}));
+  EXPECT_EQ(table.rows,
+            (std::vector<std::vector<std::string>>{{"B", "no longer there (Died: 17-03-2003)", "0", "0"},
+                                                   {"D", "", "0", "0"},
+                                                   {"no_longer_there", "", "no longer there (Died: 16-03-2003)", ""}}));
+  test::expect_same_cells(test::sheet_of(mates_workbook(mates.desk), "F of offspring"), table);
+  compare_mates(mates.desk, mates.positions("D"), mates.positions("A"));
+  EXPECT_EQ(mates_table(mates.desk), "female\tA\nD\t0\nno_longer_there\tno longer there (Died: 16-03-2003)\n");
+  compare_mates(mates.desk, mates.positions("D"), mates.positions("C"));
+  EXPECT_EQ(mates_table(mates.desk), "female\tC\nD\t0\n");
+  const auto female = static_cast<std::int32_t>(std::stoi(mates.positions("D")));
+  rank_males(mates.desk, female, {2000, 2000, true});
+  EXPECT_TRUE(answer_says(males_table(mates.desk), "\tbeyond_limit\tno_longer_there\n")) << males_table(mates.desk);
+  EXPECT_TRUE(answer_says(males_table(mates.desk), "\t0\tno longer there (Died: 16-03-2003)\n"));
+  rank_males(mates.desk, female, {2000, 2000, false});
+  EXPECT_TRUE(answer_says(males_table(mates.desk), "\tbeyond_limit\n"));
+}
+
 TEST(MatesDesk, IsInTheLanguageOfTheDesk) {
   DeskWithMates mates;
   mates.desk.language = ToolLanguage::dutch;
