@@ -41,10 +41,16 @@ function drawRow(desk: Desk, row: FindingRow, place: number, show: () => void): 
   const isOpen = desk.mending === place, columns = 5;
   const mend = button(text(desk, "mend"), () => {
     desk.mending = isOpen ? undefined : place;
+    desk.refusedCell = undefined;
     show();
   }, { id: `mend-${place}`, "aria-expanded": String(isOpen), "aria-label": `${text(desk, "mend")}: ${row.id} ${row.kind}` });
   const details = make("td", { colspan: columns });
-  if (isOpen) void drawMending(desk, place).then((lines) => details.replaceChildren(lines)).catch(() => undefined);
+  if (isOpen) void drawMending(desk, place).then((lines) => {
+    details.replaceChildren(lines);
+    if (desk.refusedCell?.isNew !== true) return;
+    desk.refusedCell.isNew = false;
+    lines.querySelector<HTMLElement>("[aria-invalid]")?.focus({ preventScroll: true });
+  }).catch(() => undefined);
   const canMend = desk.check?.isFromExport === true && row.line > 0;
   return [drawCells(desk, row, canMend ? mend : null), ...(isOpen ? [make("tr", { class: "mending" }, details)] : [])];
 }

@@ -7,6 +7,7 @@ import type { AnimalList } from "./animal_list";
 import { ask, Cancelled, closeClient, createClient, Failed, stopWork } from "./client";
 import type { Client } from "./client";
 import { byId, make } from "./dom";
+import type { RefusedCell } from "./mend_part";
 import { afterPress } from "./press";
 import { phaseIn, textIn } from "./texts";
 import type { Language, TextName } from "./texts";
@@ -47,6 +48,7 @@ export interface Desk {
   corrections: DeskCorrections;
   /** The place in the list of findings whose lines are shown to be mended. */
   mending?: number;
+  refusedCell?: RefusedCell;
   wasCancelled: boolean;
   /** The worker has the files and settings. */
   isOpen: boolean;
@@ -184,7 +186,7 @@ export function forgetRun(desk: Desk): void {
   desk.female = desk.male = desk.years = desk.plan = desk.forecast = desk.animalList = desk.mates = desk.leavingOut = undefined;
   desk.kind = desk.filter = "";
   desk.firstFinding = 0;
-  desk.mending = undefined;
+  desk.mending = desk.refusedCell = undefined;
   desk.isSaved = false;
 }
 
@@ -461,6 +463,7 @@ async function sayAgain(desk: Desk): Promise<void> {
 /** Another language, at once for the page, and for what the worker says when it has time. */
 export function changeLanguage(desk: Desk, language: Language): Promise<boolean> {
   desk.language = language;
+  desk.refusedCell = undefined;  // its words are those of the other language
   desk.draw();
   return work(desk, () => sayAgain(desk));
 }

@@ -12,6 +12,7 @@ import type { CheckAnswer, CorrectionRow, FindingLines, ProposedList } from "./p
 function forgetResults(desk: Desk): void {
   ++desk.resultsNumber;
   desk.written = desk.check = desk.run = desk.body = desk.report = desk.pair = desk.males = undefined;
+  desk.refusedCell = undefined;
   desk.female = desk.male = desk.years = desk.plan = desk.forecast = desk.mending = desk.animalList = desk.mates = desk.leavingOut = undefined;
   desk.isSaved = false;
 }
@@ -33,14 +34,17 @@ async function takeList(desk: Desk, list: string): Promise<void> {
 }
 
 /** Replaces the list, so that it can be undone. The focus stays near: the cell that had it is gone. */
-function change(desk: Desk, propose: () => Promise<{ list: string }>): void {
+function change(desk: Desk, propose: () => Promise<{ list: string } | undefined>): void {
   void work(desk, async () => {
-    const before = desk.corrections.list, { list } = await propose();
+    desk.refusedCell = undefined;
+    const before = desk.corrections.list, list = (await propose())?.list ?? before;
     if (list === before || desk.export === undefined) return;
     desk.corrections.undo.push(before);
     desk.corrections.redo = [];
     await takeList(desk, list);
-  }).then(() => document.getElementById("undo")?.focus({ preventScroll: true }));
+  }).then(() => {
+    if (desk.refusedCell === undefined) document.getElementById("undo")?.focus({ preventScroll: true });
+  });
 }
 
 /** Goes from one list to the one before or behind it. */
@@ -62,8 +66,16 @@ export function addList(desk: Desk, list: string): void {
 /** An animal of the export: its line, and which of several on that line. */
 interface Place { line: number; animal: number; }
 
+/** A cell with a text that it cannot get, and why. */
+export interface RefusedCell extends Place { field: string; typed: string; why: string; isNew: boolean; }
+
 function correct(desk: Desk, { line, animal }: Place, field: string, becomes: string, everywhere = false): void {
-  change(desk, () => ask<ProposedList>(desk.client, "correct", [line, animal, field, becomes, "", everywhere ? 1 : 0]));
+  change(desk, async () => {
+    const proposed = await ask<ProposedList>(desk.client, "correct", [line, animal, field, becomes, "", everywhere ? 1 : 0]);
+    if (proposed.refused === "") return proposed;
+    desk.refusedCell = { line, animal, field, typed: becomes.trim(), why: proposed.refused, isNew: true };
+    return undefined;
+  });
 }
 
 /** Makes dates or parents of all animals of a kind of finding unknown; of all kinds that stop the run without one. */
@@ -71,19 +83,38 @@ export function goOnWithout(desk: Desk, kind: string, what: "dates" | "parents")
   change(desk, () => ask<ProposedList>(desk.client, "goOn", [kind, what]));
 }
 
-function drawCell(desk: Desk, place: Place, cell: string, field: string, heading: string, isMeant: boolean): HTMLElement {
+function isRefused({ refusedCell }: Desk, { line, animal }: Place, field: string): boolean {
+  return refusedCell?.line === line && refusedCell.animal === animal && refusedCell.field === field;
+}
+
+/** Why a cell cannot get what was typed; of an identification that another animal has, that the two may be one. */
+function drawRefusal(desk: Desk, place: Place, id: string): HTMLElement | null {
+  const { refusedCell } = desk;
+  if (refusedCell === undefined || !isRefused(desk, place, refusedCell.field)) return null;
+  const isTaken = refusedCell.field === "id" && id !== "" && refusedCell.typed !== "";
+  return make("div", { class: "refusal" }, make("p", { id: "refused-why", role: "alert" }, refusedCell.why),
+    isTaken ? button(text(desk, "sameAnimal", id, refusedCell.typed), () => correct(desk, place, "same as", refusedCell.typed)) : null);
+}
+
+function drawCell(desk: Desk, place: Place, cell: string, field: string, heading: string, classes: string): HTMLElement {
   if (field === "") return make("td", {}, nameOf(cell));
-  const input = make("input", { type: "text", value: cell, size: Math.max(6, Math.min(24, cell.length + 1)), "aria-label": text(desk, "cellOf", heading, place.line),
-    class: isMeant ? "meant" : "" });
+  const isWrong = isRefused(desk, place, field), shown = isWrong ? desk.refusedCell?.typed ?? cell : cell;
+  const input = make("input", { type: "text", value: shown, size: Math.max(6, Math.min(24, shown.length + 1)), "aria-label": text(desk, "cellOf", heading, place.line),
+    class: classes, ...(isWrong ? { "aria-invalid": "true", "aria-describedby": "refused-why" } : {}) });
   input.addEventListener("change", () => {
-    if (input.value.trim() !== cell) correct(desk, place, field, input.value);
+    if (input.value.trim() !== cell || isWrong) correct(desk, place, field, input.value);
+  });
+  input.addEventListener("keydown", ({ key }) => {
+    if (key !== "Escape" || !isWrong) return;
+    desk.refusedCell = undefined;
+    desk.draw();
   });
   return make("td", {}, input);
 }
 
 function drawLine(desk: Desk, lines: FindingLines, row: FindingLines["rows"][number], isFirst: boolean): HTMLElement {
   const headings = lines.headings ?? [];
-  const cells = headings.map((heading, k) => drawCell(desk, row, row.cells[k] ?? "", lines.fields[k] ?? "", heading, isFirst && k === lines.column));
+  const cells = headings.map((heading, k) => drawCell(desk, row, row.cells[k] ?? "", lines.fields[k] ?? "", heading, isFirst && k === lines.column ? "meant" : ""));
   const leaveOut = button(text(desk, "leaveOut"), () => correct(desk, row, "leave out", ""), { "aria-label": `${text(desk, "leaveOut")}: ${text(desk, "line")} ${row.line}` });
   return make("tr", {}, make("th", { scope: "row", class: "number" }, String(row.line)), make("td", {}, leaveOut), ...cells);
 }
@@ -111,7 +142,9 @@ export async function drawMending(desk: Desk, place: number): Promise<HTMLElemen
   const lines = await ask<FindingLines>(desk.client, "findingLines", [place]);
   if (lines.headings === undefined || lines.rows.length === 0) return make("p", { class: "hint" }, text(desk, "noLines"));
   const headings = lines.headings.map((heading) => make("th", { scope: "col" }, nameOf(heading)));
-  return make("div", { class: "mend" }, drawPresses(desk, lines),
+  const idColumn = lines.fields.indexOf("id");
+  const refusals = lines.rows.map((row) => drawRefusal(desk, row, row.cells[idColumn] ?? ""));
+  return make("div", { class: "mend" }, drawPresses(desk, lines), ...refusals,
     make("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": text(desk, "linesOfFinding") },
       make("table", { class: "plain" }, make("thead", {}, make("tr", {}, make("th", { scope: "col", class: "number" }, text(desk, "line")),
         make("th", { scope: "col" }, text(desk, "wholeLine")), ...headings)), make("tbody", {}, ...lines.rows.map((row, k) => drawLine(desk, lines, row, k === 0))))),

@@ -41,12 +41,12 @@ export interface FindingKind {
 }
 export interface CorrectionRow {
   id: string; field: string; was: string; becomes: string; why: string; when: string;
-  fate: "applied" | "alreadySo" | "differs" | "noAnimal" | "noColumn"; said: string;
+  fate: "applied" | "alreadySo" | "differs" | "noAnimal" | "noColumn" | "idTaken" | "noOther"; said: string;
 }
 /** `list` has what could be read of the list that was given. */
 export interface CorrectionsAnswer extends Messages { list: string; sentence: string; rows: CorrectionRow[]; }
-/** A list of corrections with new ones, and how many those are. */
-export interface ProposedList { list: string; count: number; }
+/** A list of corrections with new ones, and how many those are; `refused`: why there is none. */
+export interface ProposedList { list: string; refused: string; count: number; }
 export interface FindingLines {
   headings?: string[]; fields: string[]; column: number; cell: string; proposal: string; number: number; mayBeOne: boolean; rows: { line: number; animal: number; cells: string[] }[];
 }

@@ -30,7 +30,7 @@ TEST(PrepareCorrections, AreAppliedAndTold) {
             "id;sex;birthdate;sire;dam\nA;m;25-05-2000;;\nB;f;25-05-2000;;\nC;m;25-05-2002;A;B\nD;f;25-05-2003;A;B\n");
   EXPECT_TRUE(has(run.console,
                   "Corrections applied: 1; already mended in the export: 1; not applied because something else stands "
-                  "there now, or the animal or column is not there: 3.\n"
+                  "there now, the animal or column is not there, or another animal has the id: 3.\n"
                   "  \"D\", sire: \"A\" is already mended in your office program (line 5)\n"
                   "  \"D\", dam: was \"Q\", differs now: \"B\" (line 5); not corrected\n"
                   "  \"E\", dam: the export has no line of this animal; not corrected\n"
@@ -74,6 +74,27 @@ TEST(PrepareCorrections, TheirLineIsNoNameThatTheCheckMisses) {
   EXPECT_TRUE(
       has(run_program_on(files, tools_with({"check"})).file("herd_check.tsv"), "\"corrections=2 bytes=7\" is not read"))
       << "it is not the last one";
+}
+
+TEST(PrepareCorrections, NoAnimalGetsTheIdOfAnother) {
+  const std::string list = "C\tid\tC\tB\nD\tid\tD\tE\n";
+  const WholeRun run = prepare_with(list);
+  EXPECT_EQ(run.file("herd.txt"),
+            "id;sex;birthdate;sire;dam\nA;m;25-05-2000;;\nB;f;25-05-2000;;\nC;m;25-05-1890;A;B\nE;f;25-05-2003;A;B\n");
+  EXPECT_TRUE(has(run.console, "Corrections applied: 1; already mended in the export: 0;")) << run.console;
+  EXPECT_TRUE(has(run.console,
+                  "has the id: 1.\n  \"C\": its id cannot become \"B\", which is that of another animal (line 3); not "
+                  "corrected\n"));
+  const WholeRun named = run_program_on(
+      {{"herd.csv",
+        "Id;Name;Sire;Dam;Sex;Born\nA;;;;m;25-05-2000\nB;Bel;;;f;25-05-2000\n"
+        "C;;A;B;m;25-05-2002\n"},
+       {"list.tsv", list}},
+      tools_with({"prepare", "--species", "sheep", "--language", "nl", "--corrections", "list.tsv", "herd.csv"}));
+  EXPECT_TRUE(has(named.console,
+                  "  \"C\": het id kan geen \"B\" worden, want dat is van een ander dier, \"Bel\" (regel 3); niet "
+                  "gecorrigeerd\n"))
+      << named.console << named.messages;
 }
 
 TEST(PrepareCorrections, SpeakDutch) {

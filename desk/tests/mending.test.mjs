@@ -93,6 +93,39 @@ const pressed = async (page, key) => {
   await idle(page);
 };
 
+test("AnIdOfAnotherAnimalIsRefusedInItsCell", () => withDesk(async (page, desk) => {
+  await openHerd(page, desk, "F;Fay;f;25-01-1890;D;C", "G;Gus;m;25-01-2006;D;C");
+  await enter(page, "check");
+  await page.waitForSelector("[id^=mend-]");
+  await page.click("[id^=mend-]");
+  const cell = '.mend input[aria-label="id, line 7"]';
+  await page.waitForSelector(cell);
+  await page.click(cell, { clickCount: 3 });
+  await page.type(cell, "G");
+  await page.keyboard.press("Enter");
+  await page.waitForSelector("#refused-why");
+  await idle(page);
+  assert.equal(await textOf(page, "#refused-why"), '"F": its id cannot become "G", which is that of another animal, "Gus" (line 8); not corrected');
+  assert.ok(await page.$("#corrections-sentence") === null, "nothing was corrected");
+  assert.deepEqual(await page.evaluate(() => [document.activeElement.getAttribute("aria-label"), document.activeElement.value, document.activeElement.getAttribute("aria-invalid")]),
+    ["id, line 7", "G", "true"], "the focus stays in the cell, and what was typed in it");
+  assert.deepEqual(await violations(page), []);
+  await page.keyboard.press("Escape");
+  await page.waitForFunction(() => document.querySelector("#refused-why") === null);
+  await page.waitForSelector(cell);
+  assert.equal(await page.$eval(cell, (input) => input.value), "F");
+  await page.click(cell, { clickCount: 3 });
+  await page.type(cell, "G");
+  await page.keyboard.press("Enter");
+  await page.waitForSelector("#refused-why");
+  await idle(page);
+  await pressButton(page, "F is the same animal as G");
+  await page.waitForSelector("#corrections-sentence");
+  await idle(page);
+  assert.match(await textOf(page, "#corrections-sentence"), /applied: 1;/);
+  assert.ok(await page.$("#refused-why") === null);
+}));
+
 test("MendingByKeyboardAlone", () => withDesk(async (page, desk) => {
   await openHerd(page, desk, "F;Fay;f;25-01-1890;D;C", "G;Gus;m;25-01-2006;D;C");
   await enter(page, "check");

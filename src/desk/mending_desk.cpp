@@ -24,6 +24,10 @@ namespace pedigreewatch {
 namespace {
 
 constexpr Wording name_of_list = {"list of corrections", "lijst met correcties"};
+constexpr Wording without_id = {
+    "This line has no id, and a correction is of an id: mend the line in your office program.",
+    "Deze regel heeft geen id, en een correctie hoort bij een id: herstel de regel in uw "
+    "stamboekprogramma."};
 constexpr Wording given_up = {"unknown for now: {1}", "voorlopig onbekend: {1}"};
 
 using Code = FindingCode;
@@ -68,17 +72,21 @@ void add_for_one(const Desk& desk, const std::vector<ExportAnimal>& animals, std
   }
 }
 
-std::string list_answer(const std::vector<Correction>& corrections, std::size_t before) {
+/// `refused`: why nothing is added.
+std::string list_answer(const std::vector<Correction>& corrections, std::size_t before,
+                        const std::string& refused = {}) {
   JsonText json;
   begin_object(json);
   add_text(json, "list", corrections_text(corrections));
+  add_text(json, "refused", refused);
   add_integer(json, "count", std::ssize(corrections) - static_cast<std::int64_t>(before));
   end_object(json);
   return std::move(json.text);
 }
 
 std::string_view fate_name(CorrectionFate fate) {
-  constexpr auto names = std::to_array<std::string_view>({"applied", "alreadySo", "differs", "noAnimal", "noColumn"});
+  constexpr auto names = std::to_array<std::string_view>(
+      {"applied", "alreadySo", "differs", "noAnimal", "noColumn", "idTaken", "noOther"});
   return names[static_cast<std::size_t>(fate)];
 }
 
@@ -272,6 +280,21 @@ std::string set_corrections(Desk& desk, std::string_view list) {
   return std::move(json.text);
 }
 
+/// Why an animal cannot be corrected so; empty where it can.
+std::string refusal_of(const Desk& desk, const ExportAnimal& animal, const Correction& correction) {
+  const std::string id = cell_of(desk, animal, id_column);
+  if (id.empty()) return std::string(words_of(without_id, desk.language));
+  if (correction.kind != CorrectionKind::value || correction.field != id_column) return {};
+  if (correction.becomes.empty() || correction.becomes == id) return {};
+  const std::vector<ExportAnimal> others = animals_with(desk, id_column, correction.becomes);
+  if (others.empty()) return {};
+  Correction told = correction;
+  told.id = id;
+  const ExportAnimal& other = others.front();
+  return outcome_sentence(told, {CorrectionFate::id_taken, other.line, cell_of(desk, other, name_column)},
+                          desk.language);
+}
+
 std::string propose_correction(const Desk& desk, const NewCorrection& wanted) {
   std::vector<Correction> corrections = desk.corrections;
   std::optional<Correction> correction = correction_of_field(wanted.field);
@@ -283,6 +306,8 @@ std::string propose_correction(const Desk& desk, const NewCorrection& wanted) {
   if (of_line == animals.end() || wanted.animal >= of_line->second.size()) {
     return list_answer(corrections, corrections.size());
   }
+  const std::string refused = refusal_of(desk, of_line->second[wanted.animal], *correction);
+  if (!refused.empty()) return list_answer(corrections, corrections.size(), refused);
   if (!wanted.is_everywhere || correction->kind != CorrectionKind::value) {
     add_for_one(desk, of_line->second, wanted.animal, *correction, corrections);
     return list_answer(corrections, desk.corrections.size());

@@ -31,7 +31,8 @@ struct NewCorrection {
   bool is_everywhere = false;  ///< for every animal with the same text in that field
   std::size_t animal = 0;      ///< of several on the line, counted from 0
 };
-/// The list at hand with corrections added; nothing is applied. Yields an object: list (the text), count.
+/// The list at hand with corrections added; nothing is applied. Yields an object: list (the text), refused (why nothing
+/// was added: another animal has the identification, or the line has none; else empty), count.
 std::string propose_correction(const Desk& desk, const NewCorrection& wanted);
 
 /// The dates of birth, or the parents, of all animals that findings of a kind are about become unknown. `what` is

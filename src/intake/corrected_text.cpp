@@ -3,159 +3,16 @@
 #include "intake/corrected_text.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
-#include "intake/export_survey.h"
+#include "intake/changing_record.h"
+#include "intake/held_ids.h"
 
 namespace pedigreewatch {
 namespace {
-
-/// The corrections of an animal, and who has taken the place of another, by identification.
-using PlacesOfId = std::unordered_map<std::string, std::vector<std::size_t>>;
-
-/// Where one animal that is given up for another leads.
-struct Lead {
-  bool is_known = false, is_on_path = false;
-  std::optional<std::string> to;  ///< the identification of the animal that stays; nothing when there is none
-};
-
-struct Corrector {
-  std::span<const Correction> corrections;
-  const ColumnChoice& columns;
-  PlacesOfId of_id;
-  std::unordered_map<std::string, std::size_t> same_as;  ///< by the identification that is given up
-  std::vector<CorrectionOutcome> outcomes;
-  const LineAnimal* animal = nullptr;  ///< of a line with several, the one at hand
-  std::vector<Lead> leads = {};        ///< by correction; empty while only the other corrections are made
-};
-
-/// A record on its way: its fields, and whether they are still those of the export.
-struct ChangingRecord {
-  std::vector<std::string> fields;
-  std::int64_t line = 0;
-  bool is_changed = false, is_left_out = false;
-  std::vector<std::size_t> applied = {};  ///< corrections of values
-};
-
-Corrector make_corrector(std::span<const Correction> corrections, const ColumnChoice& columns) {
-  Corrector corrector = {corrections, columns, {}, {}, std::vector<CorrectionOutcome>(corrections.size()), nullptr};
-  for (std::size_t k = 0; k < corrections.size(); ++k) {
-    corrector.of_id[corrections[k].id].push_back(k);
-    if (corrections[k].kind == CorrectionKind::same_as) corrector.same_as.emplace(corrections[k].id, k);
-  }
-  return corrector;
-}
-
-/// The column of a field, for the animal at hand.
-std::optional<std::size_t> place_of(const Corrector& corrector, FieldCode field) {
-  const std::optional<std::size_t> place = corrector.columns.place[static_cast<std::size_t>(field)];
-  if (!place || corrector.animal == nullptr) return place;
-  const auto own = std::find_if(corrector.animal->begin(), corrector.animal->end(),
-                                [&](const FieldMove& move) { return move.to == *place; });
-  return own == corrector.animal->end() ? place : own->from;
-}
-
-std::string text_at(const ChangingRecord& record, std::size_t place) {
-  return place < record.fields.size() ? std::string(trimmed(record.fields[place])) : std::string();
-}
-
-std::string id_of(const Corrector& corrector, const ChangingRecord& record) {
-  const std::optional<std::size_t> place = place_of(corrector, id_column);
-  return place ? text_at(record, *place) : std::string();
-}
-
-/// Line ends inside the old text stay behind the new one: lines behind it keep their numbers.
-void set_field(ChangingRecord& record, std::size_t place, const std::string& text) {
-  if (record.fields.size() <= place) record.fields.resize(place + 1);
-  std::string& field = record.fields[place];
-  std::erase_if(field, [](char letter) { return letter != '\r' && letter != '\n'; });
-  field.insert(0, text);
-  record.is_changed = true;
-}
-
-/// Keeps what became of a correction. Of several lines one that it applies to counts before all others.
-void note(CorrectionOutcome& outcome, CorrectionFate fate, std::int64_t line, std::string now) {
-  if (outcome.fate == CorrectionFate::applied) return;
-  if (outcome.fate == CorrectionFate::already_so && fate != CorrectionFate::applied) return;
-  outcome = {fate, line, std::move(now)};
-}
-
-std::string joined(const std::vector<std::string>& fields) {
-  std::vector<std::string> cells;
-  for (const std::string& field : fields) cells.emplace_back(trimmed(field));
-  return joined_cells(cells);
-}
-
-/// What the animal at hand has for itself, or the line where it is the only one.
-std::string text_of_animal(const Corrector& corrector, const ChangingRecord& record) {
-  if (corrector.animal == nullptr) return joined(record.fields);
-  std::vector<std::string> own;
-  for (const FieldMove& move : *corrector.animal) own.push_back(text_at(record, move.from));
-  return joined_cells(own);
-}
-
-/// All that the line says of the animal at hand: what is its own, and what it shares.
-std::string view_of_animal(const Corrector& corrector, const ChangingRecord& record) {
-  if (corrector.animal == nullptr) return joined(record.fields);
-  std::vector<std::string> cells;
-  for (const std::size_t column : columns_of_first_animal(corrector.columns)) {
-    const auto own = std::find_if(corrector.animal->begin(), corrector.animal->end(),
-                                  [&](const FieldMove& move) { return move.to == column; });
-    cells.push_back(text_at(record, own == corrector.animal->end() ? column : own->from));
-  }
-  return joined_cells(cells);
-}
-
-/// Whether another animal of the line has had the same correction of a field that is that of both.
-bool has_been_done(const Corrector& corrector, std::size_t k, std::size_t place, const ChangingRecord& record) {
-  if (corrector.animal == nullptr || text_at(record, place) != corrector.corrections[k].becomes) return false;
-  return std::any_of(record.applied.begin(), record.applied.end(), [&](std::size_t earlier) {
-    const Correction &one = corrector.corrections[earlier], &other = corrector.corrections[k];
-    return one.field == other.field && one.was == other.was && one.becomes == other.becomes && one.id != other.id;
-  });
-}
-
-/// Whether the record is the one of several with an identification that a new one is meant for.
-bool is_told_apart(const Corrector& corrector, std::size_t k, const ChangingRecord& record) {
-  return corrector.corrections[k].field == id_column &&
-         view_of_animal(corrector, record) == corrector.corrections[k].was;
-}
-
-void apply_value(Corrector& corrector, std::size_t k, ChangingRecord& record) {
-  const Correction& correction = corrector.corrections[k];
-  CorrectionOutcome& outcome = corrector.outcomes[k];
-  const std::optional<std::size_t> place = place_of(corrector, correction.field);
-  if (!place) return note(outcome, CorrectionFate::no_column, record.line, {});
-  std::string now = text_at(record, *place);
-  const bool is_done = has_been_done(corrector, k, *place, record);
-  if (now == correction.was || is_done || is_told_apart(corrector, k, record)) {
-    if (!is_done) set_field(record, *place, correction.becomes);
-    record.applied.push_back(k);
-    return note(outcome, CorrectionFate::applied, record.line, {});
-  }
-  const bool is_so = now == correction.becomes;
-  note(outcome, is_so ? CorrectionFate::already_so : CorrectionFate::differs, record.line, std::move(now));
-}
-
-void leave_out(Corrector& corrector, std::size_t k, ChangingRecord& record) {
-  const Correction& correction = corrector.corrections[k];
-  std::string now = text_of_animal(corrector, record);
-  const bool is_meant = correction.was.empty() || correction.was == now || correction.was == joined(record.fields) ||
-                        correction.was == view_of_animal(corrector, record);
-  if (!is_meant) {
-    return note(corrector.outcomes[k], CorrectionFate::differs, record.line, std::move(now));
-  }
-  if (corrector.animal == nullptr) {
-    record.is_left_out = record.is_changed = true;
-  } else {
-    for (const FieldMove& own : *corrector.animal) set_field(record, own.from, {});
-  }
-  note(corrector.outcomes[k], CorrectionFate::applied, record.line, {});
-}
 
 /// The line of an animal that is another one.
 void give_up(Corrector& corrector, std::size_t k, ChangingRecord& record) {
@@ -284,6 +141,14 @@ void lead_on(Corrector& corrector, const IdsBehind& ids, std::size_t k) {
   }
 }
 
+/// Where the animal is there under its new identification and no longer under the old one, the export has been mended.
+void note_ids_mended(Corrector& corrector) {
+  for (const auto& [k, holder] : corrector.holders) {
+    CorrectionOutcome& outcome = corrector.outcomes[k];
+    if (outcome.fate == CorrectionFate::no_animal) outcome = {CorrectionFate::already_so, holder.line, {}};
+  }
+}
+
 std::string_view line_end_of(std::string_view raw) {
   for (const std::string_view end : {"\r\n", "\n", "\r"}) {
     if (raw.ends_with(end)) return end;
@@ -339,13 +204,14 @@ std::vector<std::size_t> columns_of_first_animal(const ColumnChoice& columns) {
 std::string line_text(const ExportRecord& record) {
   std::vector<std::string> fields;
   for (const std::string_view field : record.fields) fields.emplace_back(field);
-  return joined(fields);
+  return joined_fields(fields);
 }
 
 std::vector<CorrectionOutcome> apply_corrections(std::string& text, char delimiter, const ColumnChoice& columns,
                                                  std::span<const Correction> corrections) {
   if (corrections.empty()) return {};
   Corrector corrector = make_corrector(corrections, columns);
+  corrector.holders = find_id_holders(corrector, text, delimiter);
   if (!corrector.same_as.empty()) {
     const IdsBehind ids = ids_behind(corrector, text, delimiter);
     corrector.leads.resize(corrections.size());
@@ -369,6 +235,7 @@ std::vector<CorrectionOutcome> apply_corrections(std::string& text, char delimit
     corrected.append(text, copied, text.size() - copied);
     text = std::move(corrected);
   }
+  note_ids_mended(corrector);
   return std::move(corrector.outcomes);
 }
 

@@ -19,18 +19,22 @@ enum class CorrectionFate : std::uint8_t {
   differs,     ///< something else stands there now
   no_animal,   ///< no line has the identification
   no_column,   ///< the export has no column for the field
+  id_taken,    ///< another animal has the new identification
   no_other,    ///< the animal that it shall be has no line, or is in the end the animal itself
 };
 
 /// What became of a correction.
 struct CorrectionOutcome {
   CorrectionFate fate = CorrectionFate::no_animal;
-  std::int64_t line = 0;  ///< of the export, counted from 1: the line that was corrected, or was found instead
-  std::string now;        ///< what stands there where it differs
+  /// Of the export, counted from 1: the line that was corrected, or was found instead; that of the animal that has the
+  /// new identification.
+  std::int64_t line = 0;
+  std::string now;  ///< what stands there where it differs; the name of the animal that has the new identification
 };
 
-/// Applies the corrections in their order, each where the text still is what it was, and yields what became of each. A
-/// line that is left out becomes blank. `text` is left as it is where nothing applies.
+/// Applies the corrections in their order, each where the text still is what it was, and yields what became of each. An
+/// identification that another animal has by then is not given. A line that is left out becomes blank. `text` is left
+/// as it is where nothing applies.
 std::vector<CorrectionOutcome> apply_corrections(std::string& text, char delimiter, const ColumnChoice& columns,
                                                  std::span<const Correction> corrections);
 

@@ -4,10 +4,10 @@ namespace pedigreewatch {
 namespace {
 
 constexpr Wording counts_text = {
-    "Corrections applied: {1}; already mended in the export: {2}; not applied because something else stands there now, or "
-    "the animal or column is not there: {3}.",
-    "Toegepaste correcties: {1}; al hersteld in de export: {2}; niet toegepast omdat er nu iets anders staat, of het dier "
-    "of de kolom er niet is: {3}."};
+    "Corrections applied: {1}; already mended in the export: {2}; not applied because something else stands there now, the "
+    "animal or column is not there, or another animal has the id: {3}.",
+    "Toegepaste correcties: {1}; al hersteld in de export: {2}; niet toegepast omdat er nu iets anders staat, het dier of "
+    "de kolom er niet is, of een ander dier dat id heeft: {3}."};
 constexpr Wording already_text = {"{1}, {2}: {3} is already mended in your office program (line {4})",
                                   "{1}, {2}: {3} is al hersteld in uw stamboekprogramma (regel {4})"};
 constexpr Wording differs_text = {"{1}, {2}: was {3}, differs now: {4} (line {5}); not corrected",
@@ -18,6 +18,9 @@ constexpr Wording no_animal_text = {"{1}, {2}: the export has no line of this an
                                     "{1}, {2}: de export heeft geen regel van dit dier; niet gecorrigeerd"};
 constexpr Wording no_column_text = {"{1}, {2}: the export has no column for this; not corrected",
                                     "{1}, {2}: de export heeft hier geen kolom voor; niet gecorrigeerd"};
+constexpr Wording id_taken_text = {
+    "{1}: its id cannot become {2}, which is that of another animal{3} (line {4}); not corrected",
+    "{1}: het id kan geen {2} worden, want dat is van een ander dier{3} (regel {4}); niet gecorrigeerd"};
 constexpr Wording no_other_text = {
     "{1}: {2} is no other animal with a line of its own, or leads back to it; nothing was changed",
     "{1}: {2} is geen ander dier met een eigen regel, of leidt terug naar dit dier; er is niets veranderd"};
@@ -63,6 +66,10 @@ std::string outcome_sentence(const Correction& correction, const CorrectionOutco
       return phrase(differs_text, language, {id, field, in_quotes(correction.was), in_quotes(outcome.now), line});
     case CorrectionFate::no_animal: return phrase(no_animal_text, language, {id, field});
     case CorrectionFate::no_column: return phrase(no_column_text, language, {id, field});
+    case CorrectionFate::id_taken: {
+      const std::string name = outcome.now.empty() ? std::string() : ", " + in_quotes(outcome.now);
+      return phrase(id_taken_text, language, {id, in_quotes(correction.becomes), name, line});
+    }
     case CorrectionFate::no_other: return phrase(no_other_text, language, {id, in_quotes(correction.becomes)});
     default: return {};
   }

@@ -115,7 +115,7 @@ TEST(MendingDesk, ProposesWhatAChangedCellMeans) {
   const MendedDesk mended;
   EXPECT_EQ(
       propose_correction(mended.desk, {6, "birthdate", " 20-12-2003 ", "", false}),
-      R"({"list":"id\u0009field\u0009was\u0009becomes\u0009why\u0009when\u000aD\u0009birthdate\u000915-02-2x03\u000920-12-2003\u0009\u00092026-01-31\u000a","count":1})");
+      R"({"list":"id\u0009field\u0009was\u0009becomes\u0009why\u0009when\u000aD\u0009birthdate\u000915-02-2x03\u000920-12-2003\u0009\u00092026-01-31\u000a","refused":"","count":1})");
   EXPECT_TRUE(holds(propose_correction(mended.desk, {6, "birthdate", "15-02-2x03", "", false}), R"("count":0)"));
   EXPECT_TRUE(holds(propose_correction(mended.desk, {6, "weight", "2", "", false}), R"("count":0)"));
   EXPECT_TRUE(holds(propose_correction(mended.desk, {99, "sex", "ewe", "", false}), R"("count":0)"));
@@ -124,6 +124,28 @@ TEST(MendingDesk, ProposesWhatAChangedCellMeans) {
                     R"(F\u0009leave out\u0009F | ewe | 15-03-2005 | A | bella1\u0009\u0009)"));
   EXPECT_TRUE(
       holds(propose_correction(mended.desk, {8, "same as", "E", "", true}), R"(F\u0009same as\u0009\u0009E\u0009)"));
+}
+
+TEST(MendingDesk, RefusesAnIdentificationThatAnotherAnimalHas) {
+  MendedDesk mended;
+  EXPECT_TRUE(holds(
+      propose_correction(mended.desk, {8, "id", "A", "", false}),
+      R"("refused":"\u0022F\u0022: its id cannot become \u0022A\u0022, which is that of another animal (line 2); not corrected","count":0})"));
+  EXPECT_TRUE(holds(propose_correction(mended.desk, {8, "id", "F1", "", false}), R"("refused":"","count":1)"));
+  EXPECT_TRUE(holds(propose_correction(mended.desk, {8, "id", "F", "", false}), R"("refused":"","count":0)"));
+  const std::string told = mended.take("F\tid\tF\tE\t\t\nF\tsame as\t\tQ\t\t\n");
+  EXPECT_TRUE(holds(told, R"("fate":"idTaken","said":"\u0022F\u0022: its id cannot become)")) << told;
+  EXPECT_TRUE(holds(told, R"("fate":"noOther")")) << told;
+  mended.take("E\tid\tE\tG\t\t\n");
+  EXPECT_TRUE(holds(propose_correction(mended.desk, {8, "id", "E", "", false}), R"("refused":"","count":1)"))
+      << "E is G by now";
+  EXPECT_TRUE(holds(propose_correction(mended.desk, {8, "id", "G", "", false}), R"(animal (line 7); not corrected)"));
+}
+
+TEST(MendingDesk, TellsThatALineWithoutIdCannotBeCorrected) {
+  MendedDesk mended("ID,Sex,Born,Father,Mother\nA,ram,13-01-2000,,\n,ewe,14-01-2000,A,\nC,ewe,14-01-2001,A,\n");
+  EXPECT_TRUE(
+      holds(propose_correction(mended.desk, {3, "sex", "ram", "", false}), R"("refused":"This line has no id,)"));
 }
 
 TEST(MendingDesk, GoesOnWithoutDatesAndParents) {
@@ -240,8 +262,14 @@ constexpr const char* litters =
     "A1,C1,15-02-2x03,G1,dog,H1,bitch,,\n"
     "D1,E1,15-03-2004,I1,dog,J1,bitch,K1,dog\n";
 
+/// The same, with the identification of a bitch of line 3 for the last of line 5 too.
+std::string litters_with_one_twice() {
+  std::string text = litters;
+  return text.replace(text.find("K1"), 2, "E1");
+}
+
 struct MendedLitters : MendedDesk {
-  MendedLitters() : MendedDesk(litters) {
+  explicit MendedLitters(const std::string& text = litters) : MendedDesk(text) {
     open_export(desk, folder.path("export.csv"),
                 "language=en\nspecies=dog\nyoung=4,6,8\nmale=dog\nfemale=bitch\ncolumn.birthdate=3");
   }
@@ -312,9 +340,8 @@ TEST(MendingLitters, OneOfALitterIsLeftOut) {
 }
 
 TEST(MendingLitters, OfTwoWithOneIdOneIsLeftOut) {
-  MendedLitters mended;
-  const std::string before =
-      "K1\tid\tK1\tE1\t\t\nE1\tsex\tdog\tbitch\t\t\n";  // E1 stands twice then, alike but for the line
+  MendedLitters mended(litters_with_one_twice());
+  const std::string before = "E1\tsex\tdog\tbitch\t\t\n";  // they are alike then but for the line
   mended.take(before);
   const std::string list = propose_correction(mended.desk, {5, "leave out", "", "", false, 2});
   EXPECT_TRUE(holds(list, R"(E1\u0009leave out\u0009D1 | E1 | 15-03-2004 | E1 | bitch\u0009)")) << list;
@@ -326,8 +353,8 @@ TEST(MendingLitters, OfTwoWithOneIdOneIsLeftOut) {
 }
 
 TEST(MendingLitters, ANewIdOfOneOfTwoLeavesTheOtherAlone) {
-  MendedLitters mended;
-  const std::string before = "G1\tbirthdate\t15-02-2x03\t15-02-2003\t\t\nK1\tid\tK1\tE1\t\t\n";  // E1 stands twice then
+  MendedLitters mended(litters_with_one_twice());
+  const std::string before = "G1\tbirthdate\t15-02-2x03\t15-02-2003\t\t\n";
   mended.take(before);
   const std::string list = propose_correction(mended.desk, {5, "id", "K2", "", false, 2});
   EXPECT_TRUE(holds(list, R"(E1\u0009id\u0009D1 | E1 | 15-03-2004 | E1 | dog\u0009K2\u0009)")) << list;
@@ -350,8 +377,8 @@ TEST(MendingDesk, ANewIdOfOneOfTwoLeavesTheOtherAlone) {
 }
 
 TEST(MendingLitters, AFindingShowsItsAnimalAndNotItsLitterMates) {
-  MendedLitters mended;
-  mended.take("G1\tbirthdate\t15-02-2x03\t15-02-2003\t\t\nK1\tid\tK1\tE1\t\t\n");  // E1 stands twice now
+  MendedLitters mended(litters_with_one_twice());
+  mended.take("G1\tbirthdate\t15-02-2x03\t15-02-2003\t\t\n");
   const std::string lines = mended.lines_of_first("duplicate-id");
   EXPECT_TRUE(holds(lines, R"("headings":["Father","Mother","Born","Pup 1","Pup 1 sex"],)")) << lines;
   EXPECT_TRUE(holds(lines, R"("fields":["sire","dam","birthdate","id","sex"])")) << lines;

@@ -145,6 +145,80 @@ TEST(CorrectedText, FollowsANewIdentification) {
   EXPECT_EQ(result.outcomes[2].fate, CorrectionFate::no_animal);
 }
 
+std::string letters_of_fates(const Corrected& result) {
+  std::string letters;
+  for (const CorrectionOutcome& outcome : result.outcomes) {
+    constexpr std::string_view letter_of_fate = "+=?-|TO";
+    letters += letter_of_fate[static_cast<std::size_t>(outcome.fate)];
+  }
+  return letters;
+}
+
+Correction new_id(std::string id, std::string becomes) {
+  std::string was = id;
+  return value(std::move(id), id_column, std::move(was), std::move(becomes));
+}
+
+TEST(CorrectedText, NoAnimalGetsTheIdentificationOfAnother) {
+  const Corrected result = corrected({new_id("C", "B"), value("C", birthdate_column, "1890", "1990")});
+  EXPECT_EQ(result.text, "id;sire;dam;born\r\nA;;;2000\r\nB; ;;2001\r\n\r\nC;A;B;1990\r\nD;A;B;2003\r\n");
+  EXPECT_EQ(letters_of_fates(result), "T+");
+  EXPECT_EQ(result.outcomes[0].line, 3);
+  EXPECT_EQ(result.outcomes[0].now, "") << "the export has no names";
+  const ColumnChoice named = columns_of({id_column, name_column});
+  const Corrected with_name = corrected({new_id("C", "B")}, "id;name\nB;Bel\nC;Cor\n", named);
+  EXPECT_EQ(with_name.outcomes[0].now, "Bel");
+}
+
+TEST(CorrectedText, AnIdentificationThatIsFreeByThenIsGiven) {
+  const std::string two = "A;;;1\nB;;;2\n";
+  const Corrected moved = corrected({new_id("B", "C"), new_id("A", "B")}, two);
+  EXPECT_EQ(moved.text, "B;;;1\nC;;;2\n");
+  EXPECT_EQ(letters_of_fates(moved), "++");
+  const Corrected too_early = corrected({new_id("A", "B"), new_id("B", "C")}, two);
+  EXPECT_EQ(too_early.text, "A;;;1\nC;;;2\n");
+  EXPECT_EQ(letters_of_fates(too_early), "T+");
+  const Corrected exchanged = corrected({new_id("A", "x"), new_id("B", "A"), new_id("x", "B")}, two);
+  EXPECT_EQ(exchanged.text, "B;;;1\nA;;;2\n");
+  EXPECT_EQ(letters_of_fates(exchanged), "+++");
+  const Correction gone = {"B", CorrectionKind::leave_out, unused_column, "", "", "", ""};
+  EXPECT_EQ(corrected({gone, new_id("A", "B")}, two).text, "B;;;1\n\n");
+  EXPECT_EQ(letters_of_fates(corrected({new_id("A", "B"), gone}, two)), "T+");
+  EXPECT_EQ(letters_of_fates(corrected({same_as("B", "A"), new_id("A", "B")}, two)), "+T") << "offspring name B";
+}
+
+TEST(CorrectedText, TwoAnimalsDoNotGetOneNewIdentification) {
+  const std::string two = "A;;;1\nB;;;2\n";
+  const Corrected result = corrected({new_id("A", "N"), new_id("B", "N")}, two);
+  EXPECT_EQ(result.text, "N;;;1\nB;;;2\n");
+  EXPECT_EQ(letters_of_fates(result), "+T");
+  EXPECT_EQ(result.outcomes[1].line, 1);
+  const std::string twice = "A;x;;1\nA;y;;2\nN;;;3\n";
+  const Corrected told_apart = corrected({value("A", id_column, "A | y |  | 2", "N")}, twice);
+  EXPECT_EQ(told_apart.text, twice);
+  EXPECT_EQ(letters_of_fates(told_apart), "T");
+  EXPECT_EQ(told_apart.outcomes[0].line, 3);
+  EXPECT_EQ(letters_of_fates(corrected({value("A", id_column, "A | x |  | 1", "N")}, twice)), "T")
+      << "that the second A differs does not count";
+  EXPECT_EQ(corrected({new_id("A", "N1")}, twice).text, "N1;x;;1\nN1;y;;2\nN;;;3\n") << "they were one before";
+}
+
+TEST(CorrectedText, ALineOfSeveralAnimalsGivesNoIdentificationTwice) {
+  ColumnChoice litters = columns_of({id_column, dam_column});
+  litters.animals_of_line = {{{0, 0}}, {{2, 0}}};
+  litters.headings = {"young", "dam", "young 2"};
+  const std::string text = "A;d;B\nC;d;\n";
+  EXPECT_EQ(corrected({new_id("A", "B")}, text, litters).text, text);
+  EXPECT_EQ(letters_of_fates(corrected({new_id("C", "B")}, text, litters)), "T");
+  EXPECT_EQ(corrected({new_id("B", "Q")}, text, litters).text, "A;d;Q\nC;d;\n");
+}
+
+TEST(CorrectedText, AnIdentificationThatTheExportHasByNowIsMended) {
+  const Corrected result = corrected({new_id("D0", "D"), new_id("E0", "E")});
+  EXPECT_EQ(letters_of_fates(result), "=-");
+  EXPECT_EQ(result.outcomes[0].line, 6);
+}
+
 TEST(CorrectedText, ApplyInTheirOrder) {
   const Corrected result = corrected({value("C", sire_column, "A", "X"), value("C", sire_column, "X", "Y")});
   EXPECT_NE(result.text.find("C;Y;B"), std::string::npos);
