@@ -73,6 +73,62 @@ TEST(AnimalRun, TellsTheFactsOfAnAnimal) {
   EXPECT_TRUE(has(page, "<th scope=\"row\">3</th><td>0 of 4</td><td>0 of 4</td>"));
 }
 
+std::string with_founder_heading(const std::string& page) {
+  const std::size_t heading = page.find("<h3>The founders that the inbreeding comes from</h3>");
+  return heading == std::string::npos ? std::string() : page.substr(heading, page.find("<h3>", heading + 1) - heading);
+}
+
+TEST(AnimalRun, DividesInbreedingAmongFounders) {
+  const std::string kid = with_founder_heading(animal({"kid"}).file("dogs_kid.html"));
+  EXPECT_TRUE(has(kid, "<p>Its inbreeding of 25.00 %, divided among the founders"));
+  EXPECT_TRUE(has(kid, "<th scope=\"row\">rex</th><td>Rex</td><td>2001</td><td>12.50</td><td>50.0</td>")) << kid;
+  EXPECT_TRUE(has(kid, "<th scope=\"row\">saar</th><td>Saar</td><td>2001</td><td>12.50</td><td>50.0</td>"));
+  EXPECT_FALSE(has(kid, "mies"));
+  EXPECT_FALSE(has(kid, "others"));
+  EXPECT_EQ(with_founder_heading(animal({"bram"}).file("dogs_bram.html")), "") << "not inbred";
+}
+
+TEST(AnimalRun, NamesUnknownParentsAmongTheFounders) {
+  // Half of what p and q have in common, their dam or sire, is from an unknown parent: f(p, q) = 1/8.
+  const std::string data =
+      "id;sex;birthdate;sire;dam\nrex;m;01-01-2001;;\nkim;f;01-01-2002;rex;\nx;m;01-01-2001;;\ny;m;01-01-2001;;\n"
+      "p;m;01-01-2003;x;kim\nq;f;01-01-2003;y;kim\nz;m;01-01-2004;p;q\n";
+  const std::string z = with_founder_heading(animal({"z"}, data).file("dogs_z.html"));
+  EXPECT_TRUE(has(z, "<th scope=\"row\">the unknown dam of kim</th><td></td><td>6.25</td><td>50.0</td>")) << z;
+  EXPECT_TRUE(has(z, "<th scope=\"row\">rex</th><td>2001</td><td>6.25</td><td>50.0</td>"));
+  const std::string by_sire =
+      "id;sex;birthdate;sire;dam\nsaar;f;01-01-2001;;\nkim;m;01-01-2002;;saar\nx;f;01-01-2001;;\ny;f;01-01-2001;;\n"
+      "p;m;01-01-2003;kim;x\nq;f;01-01-2003;kim;y\nz;m;01-01-2004;p;q\n";
+  EXPECT_TRUE(has(with_founder_heading(animal({"z"}, by_sire).file("dogs_z.html")), "the unknown sire of kim"));
+}
+
+/// A line to which each generation adds a founder, up to so many; z is of two half sibs at its end.
+std::string line_of_founders(int founders) {
+  std::string data = "id;sex;birthdate;sire;dam\n", last = "a1";
+  for (int k = 1; k <= founders; ++k) data += "a" + std::to_string(k) + ";m;01-01-1950;;\n";
+  for (int k = 2; k <= founders; ++k) {
+    const std::string next = "b" + std::to_string(k), year = std::to_string(1950 + k);
+    data += next + ";m;01-01-" + year + ";" + last + ";a" + std::to_string(k) + "\n";
+    last = next;
+  }
+  data += "s;m;01-01-1980;" + last + ";\nd;f;01-01-1980;" + last + ";\nz;m;01-01-1982;s;d\n";
+  return data;
+}
+
+TEST(AnimalRun, NamesTenFoundersAndSumsUpTheOthers) {
+  const auto founders_of_z = [](int founders) {
+    return with_founder_heading(animal({"z"}, line_of_founders(founders)).file("dogs_z.html"));
+  };
+  // F = 1/8, of which the last founder of a line has a half, the one before a quarter, and so on.
+  const std::string ten = founders_of_z(10), twelve = founders_of_z(12);
+  EXPECT_TRUE(has(ten, "<th scope=\"row\">a10</th><td>1950</td><td>6.25</td><td>50.0</td>")) << ten;
+  EXPECT_TRUE(has(ten, "<th scope=\"row\">a1</th>"));
+  EXPECT_FALSE(has(ten, "others"));
+  EXPECT_EQ(times_in(twelve, "<th scope=\"row\">a"), 11U) << "ten and the others";
+  // The last two are (1/8) (1/2)^11 each: 0.0061 points each, 0.0122 together.
+  EXPECT_TRUE(has(twelve, "<th scope=\"row\">all others (2)</th><td></td><td>0.01</td><td>0.1</td>")) << twelve;
+}
+
 TEST(AnimalRun, SpeaksDutchWithDutchNumbers) {
   const WholeRun run = animal({"bram"}, village, with_colours("nl"));
   EXPECT_EQ(run.console, "dogs_bram.html: de kaart van \"bram\"; open hem in een browser\n");
@@ -82,6 +138,10 @@ TEST(AnimalRun, SpeaksDutchWithDutchNumbers) {
   EXPECT_TRUE(has(page, fact("Inteelt (F)", "0,00 %, voor zover de voorouders bekend zijn")));
   EXPECT_TRUE(has(page, "De ouders hebben geen bekende gemeenschappelijke voorouder."));
   EXPECT_TRUE(has(page, fact("Nakomelingen", "2 (mannelijk: 1, vrouwelijk: 1); partners: 2; waarmee gefokt is: 0")));
+  const std::string kid = animal({"kid"}, village, with_colours("nl")).file("dogs_kid.html");
+  EXPECT_TRUE(has(
+      kid,
+      "<h3>De stamdieren waar de inteelt vandaan komt</h3>\n<p>Zijn inteelt van 25,00 %, verdeeld over de stamdieren "));
 }
 
 TEST(AnimalRun, OfAnUnknownParentNoInbreedingIsTold) {

@@ -72,6 +72,7 @@ AnimalCard make_card(const CardSource& source, std::int32_t position) {
   card.position = position;
   card.tree = family_tree_of(store, position);
   card.parts = parts_of_inbreeding(store, position);
+  card.founders = inbreeding_by_founder(store, position);
   card.recent_3 = double{source.recent_3[position]};
   card.recent_5 = double{source.recent_5[position]};
   card.ancestral = double{source.ancestral[position]};

@@ -3,9 +3,11 @@
 #include "page/animal_page.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 #include <vector>
 
+#include "genetics/ancestor_pedigree.h"
 #include "page/animal_style.h"
 #include "page/corrections_note.h"
 #include "page/page.h"
@@ -74,6 +76,21 @@ constexpr Wording name_heading = {"Name", "Naam"}, born_heading = {"Born", "Gebo
 constexpr Wording part_heading = {"Part of F (points of %)", "Deel van F (procentpunten)"};
 constexpr Wording share_heading = {"Share (%)", "Aandeel (%)"};
 constexpr Wording others_row = {"all others", "alle andere"};
+
+constexpr Wording founders_title = {"The founders that the inbreeding comes from",
+                                    "De stamdieren waar de inteelt vandaan komt"};
+constexpr Wording founders_reading = {
+    "Its inbreeding of {1} %, divided among the founders of which it has the same gene from both parents. A founder is an "
+    "ancestor without known parents, or a parent that is unknown.",
+    "Zijn inteelt van {1} %, verdeeld over de stamdieren waarvan het van beide ouders hetzelfde gen heeft. Een stamdier "
+    "is een voorouder zonder bekende ouders, of een ouder die onbekend is."};
+constexpr Wording founders_too_many = {
+    "Not divided among founders: with {1} known ancestors that would take too long.",
+    "Niet over stamdieren verdeeld: met {1} bekende voorouders zou dat te lang duren."};
+constexpr Wording founder_heading = {"Founder", "Stamdier"};
+constexpr Wording unknown_sire_of = {"the unknown sire of {1}", "de onbekende vader van {1}"};
+constexpr Wording unknown_dam_of = {"the unknown dam of {1}", "de onbekende moeder van {1}"};
+constexpr Wording counted_others = {"all others ({1})", "alle andere ({1})"};
 
 constexpr Wording sides_title = {"How far the ancestors are known", "Hoe ver de voorouders bekend zijn"};
 constexpr Wording generation_heading = {"Generation", "Generatie"};
@@ -292,32 +309,63 @@ void add_name(const CardWriter& writer, std::int32_t position, std::vector<std::
   cells.push_back(position == 0 ? std::string() : isolated(name_of_animal(writer.store(), position)));
 }
 
-/// What an ancestor brings; position 0: all that are not named.
-void add_part(CardWriter& writer, const CommonAncestor& ancestor) {
-  const bool is_named = ancestor.position != 0;
-  std::vector<std::string> cells = {is_named ? pressable(writer, ancestor.position)
-                                             : escaped(writer.words(others_row))};
-  add_name(writer, ancestor.position, cells);
-  cells.push_back(is_named ? year_text(writer, writer.store().birth_year[ancestor.position]) : std::string());
-  cells.push_back(writer.figure(percent * ancestor.contribution, 2));
-  cells.push_back(writer.figure(percent * ancestor.contribution / writer.card.parts.kinship, 1));
+/// Below this a part of F is nothing but rounding.
+constexpr double least_part = 5e-7;
+
+/// What an ancestor brings, shown as `label`; position 0: nobody whose name and year are known.
+void add_part(CardWriter& writer, const std::string& label, std::int32_t position, double part) {
+  std::vector<std::string> cells = {label};
+  add_name(writer, position, cells);
+  cells.push_back(position == 0 ? std::string() : year_text(writer, writer.store().birth_year[position]));
+  cells.push_back(writer.figure(percent * part, 2));
+  cells.push_back(writer.figure(percent * part / writer.card.parts.kinship, 1));
   add_row(writer, cells);
 }
 
 void write_parts(CardWriter& writer) {
-  constexpr double least = 5e-7;
   const KinshipParts& parts = writer.card.parts;
   if (!has_both_parents(writer.card)) return;
-  if (parts.kinship < least) return write_heading(writer, parts_title, &no_parts);
+  if (parts.kinship < least_part) return write_heading(writer, parts_title, &no_parts);
   write_heading(writer, parts_title, &parts_reading);
   begin_table(writer, parts_title, {&ancestor_heading, &name_heading, &born_heading, &part_heading, &share_heading});
   double rest = parts.kinship;
   for (const CommonAncestor& ancestor : parts.largest) {
     if (ancestor.position == 0) continue;
     rest -= ancestor.contribution;
-    add_part(writer, ancestor);
+    add_part(writer, pressable(writer, ancestor.position), ancestor.position, ancestor.contribution);
   }
-  if (rest > least) add_part(writer, {0, rest});
+  if (rest > least_part) add_part(writer, escaped(writer.words(others_row)), 0, rest);
+  end_table(writer);
+}
+
+/// The identification of a founder, or of the animal whose parent it is.
+std::string founder_label(const CardWriter& writer, const FounderPart& founder) {
+  const std::string id = pressable(writer, founder.position);
+  if (!founder.is_unknown_parent) return id;
+  const bool is_sire = known_parents(writer.store(), founder.position).sire == 0;
+  return writer.words(is_sire ? unknown_sire_of : unknown_dam_of, {id});
+}
+
+void write_founders(CardWriter& writer) {
+  constexpr std::size_t most_founders = 10;
+  const FounderInbreeding& founders = writer.card.founders;
+  const double inbreeding = writer.card.parts.kinship;
+  if (inbreeding < least_part) return;
+  write_heading(writer, founders_title);
+  if (founders.is_too_large) {
+    writer.page += "<p>" + writer.words(founders_too_many, {std::to_string(founders.ancestors)}) + "</p>\n";
+    return;
+  }
+  writer.page += "<p>" + writer.words(founders_reading, {writer.figure(percent * inbreeding, 2)}) + "</p>\n";
+  begin_table(writer, founders_title, {&founder_heading, &name_heading, &born_heading, &part_heading, &share_heading});
+  double rest = inbreeding;
+  const std::size_t count = std::min(founders.parts.size(), most_founders);
+  for (const FounderPart& founder : std::span(founders.parts).first(count)) {
+    rest -= founder.part;
+    add_part(writer, founder_label(writer, founder), founder.is_unknown_parent ? 0 : founder.position, founder.part);
+  }
+  const std::size_t others = founders.parts.size() - count;
+  if (others > 0) add_part(writer, writer.words(counted_others, {std::to_string(others)}), 0, rest);
   end_table(writer);
 }
 
@@ -397,6 +445,7 @@ std::string animal_card_html(const CardInput& input, const AnimalCard& card) {
   write_pedigree(writer);
   page += "<div class=\"fa-more\">\n";
   write_parts(writer);
+  write_founders(writer);
   write_sides(writer);
   write_young(writer);
   page += "</div></article>\n";
