@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <utility>
 
 #include "diversity/reference_pedigree.h"
 #include "genetics/mean_kinship.h"
@@ -58,11 +59,15 @@ double effective_number_held(const ParentsInUse& use, double most_share) {
   if (most_share * static_cast<double>(use.parents.size()) <= 1.0) return static_cast<double>(use.parents.size());
   double scale = 1.0;  // of those below the bound
   const auto held = [&](const ParentShare& parent) { return std::min(most_share, parent.share * scale); };
-  constexpr int rounds = 100;  // each sets more of them to the bound
-  for (int round = 0; round < rounds; ++round) {
+  // What those at the bound leave to the others may bring more of them to it, one at least in each round.
+  for (std::size_t held_before = 0, held_now = 0;; held_before = std::exchange(held_now, 0)) {
     double bound = 0.0, free = 0.0;
-    for (const ParentShare& parent : use.parents) (parent.share * scale >= most_share ? bound : free) += held(parent);
-    if (free <= 0.0) break;
+    for (const ParentShare& parent : use.parents) {
+      const bool is_held = parent.share * scale >= most_share;
+      held_now += is_held ? 1U : 0U;
+      (is_held ? bound : free) += held(parent);
+    }
+    if (held_now <= held_before || free <= 0.0) break;
     scale *= (1.0 - bound) / free;
   }
   double squares = 0.0;

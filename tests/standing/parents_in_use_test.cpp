@@ -53,6 +53,15 @@ TEST(ParentsInUse, HeldSiresLeaveTheirPartToTheOthers) {
   EXPECT_NEAR(effective_number_held(use, 0.7), 1.0 / (0.36 + 0.04 + 0.02), 1e-9);
 }
 
+// Held to 0.18: the first two leave 0.64 to the others (times 1.6), which brings the third over it; that leaves 0.46
+// (times 1.15) and brings the fourth over it; 0.28 is left to the last two, in proportion to 0.09 and 0.06.
+TEST(ParentsInUse, HeldOnesBringOthersToTheBound) {
+  ParentsInUse use;
+  for (const double share : {0.4, 0.2, 0.15, 0.1, 0.09, 0.06}) use.parents.push_back({1, 1, share});
+  const double fifth = 0.28 * 0.6, sixth = 0.28 * 0.4;
+  EXPECT_NEAR(effective_number_held(use, 0.18), 1.0 / (4 * 0.18 * 0.18 + fifth * fifth + sixth * sixth), 1e-9);
+}
+
 // Half sibs through the sire, and an unrelated dam used as often: a mean of 1/8 and 0.
 TEST(ParentsInUse, ChanceInbreedingIsTheKinshipOfSiresWithDams) {
   const PopulationStore store =
