@@ -116,9 +116,11 @@ export interface DeskPlan {
   isOfBefore?: boolean;
 }
 
-/** What is asked of a forecast, and the replicates so far; `isWanted`: more of them are to come. */
+/** What is asked of a forecast, and the replicates so far; `isWanted`: more of them are to come. `turn` counts how often it
+ * was begun, and `height` is that of the one before, in pixels. */
 export interface DeskForecast {
   fields: Map<string, string>;
+  turn: number; height: number;
   grown?: GrownAnswer; problems: string[]; isWanted: boolean;
   /** The replicates so far have been saved. */
   isSaved?: boolean;

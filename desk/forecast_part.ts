@@ -1,18 +1,22 @@
-// The forecast of the fifth step: rules in fields, and sentences and charts that are drawn anew while replicates come in.
+// The forecast of the fifth step: rules in fields, common ones with a slider, and sentences and charts that are drawn anew
+// while replicates come in. A slider that is moved begins a forecast that was made anew, with the rule as it is then.
 // Other actions go on beside it: the worker makes replicates for a moment at a time.
 
 import { Cancelled, ask } from "./client";
 import { bytesOf, showProblem, text, work } from "./desk";
 import type { Desk, DeskForecast } from "./desk";
-import { button, make, save, shownNumber } from "./dom";
+import { afterPause, button, make, save, shownNumber } from "./dom";
 import { afterPress } from "./press";
 import type { ForecastAnswer, GrownAnswer } from "./protocol";
+import { hasSlider, makeSlider, whenLetGo } from "./rule_slider";
 import type { TextName } from "./texts";
 // The script of the page, which makes its charts readable with mouse and arrow keys.
 import { readFigures } from "page-script";
 
 /** How long the worker makes replicates before it shows them, in milliseconds. */
 const slice = 500;
+/** How long a slider stands still before the forecast begins anew, in milliseconds. */
+const settling = 400;
 
 const fields: readonly { name: string; label: TextName; hint?: string }[] = [
   { name: "years", label: "forecastYears", hint: "25" },
@@ -28,6 +32,7 @@ function showGrown(desk: Desk, forecast: DeskForecast): void {
   const body = document.getElementById("forecast-body"), progress = document.getElementById("forecast-progress");
   if (body !== null) {
     body.innerHTML = forecast.grown?.html ?? "";  // written by the core, with every text in it escaped
+    body.style.minHeight = "";
     queueMicrotask(readFigures);
   }
   if (progress !== null) progress.textContent = progressOf(desk, forecast);
@@ -39,9 +44,10 @@ function progressOf(desk: Desk, { grown, isWanted }: DeskForecast): string {
   return text(desk, isWanted || grown.done === grown.replicates ? "forecastDone" : "forecastStopped", shown(grown.done), shown(grown.replicates));
 }
 
-/** Asks for replicates until there are enough, or nobody wants more. */
+/** Asks for replicates until there are enough, nobody wants more, or the forecast has been begun anew. */
 async function grow(desk: Desk, forecast: DeskForecast): Promise<void> {
-  const isAtHand = () => forecast.isWanted && desk.forecast === forecast;
+  const { turn } = forecast;
+  const isAtHand = () => forecast.isWanted && forecast.turn === turn && desk.forecast === forecast;
   try {
     while (isAtHand()) {
       const grown = await ask<GrownAnswer>(desk.client, "growForecast", [slice]);
@@ -56,16 +62,21 @@ async function grow(desk: Desk, forecast: DeskForecast): Promise<void> {
   } catch (problem) {
     if (!(problem instanceof Cancelled)) showProblem(text(desk, "failed", problem instanceof Error ? problem.message : String(problem)));
   }
+  if (forecast.turn !== turn) return;
   forecast.isWanted = false;
-  desk.draw();
+  whenLetGo(desk.draw);
 }
 
 function begin(desk: Desk, forecast: DeskForecast): void {
+  const turn = ++forecast.turn;
   forecast.isWanted = false;
+  forecast.height = document.getElementById("forecast-body")?.offsetHeight ?? 0;
   void work(desk, async () => {
+    if (turn !== forecast.turn) return;
     forecast.grown = undefined;
     const settings = [...forecast.fields].map(([name, value]) => `${name}=${value}`).join("\n");
     const answer = await ask<ForecastAnswer>(desk.client, "forecast", [settings]);
+    if (turn !== forecast.turn) return;
     forecast.problems = answer.messages;
     forecast.isWanted = answer.messages.length === 0;
     if (forecast.isWanted) void grow(desk, forecast);
@@ -77,11 +88,24 @@ function stop(desk: Desk, forecast: DeskForecast): void {
   desk.draw();
 }
 
+/** Begins a forecast that was made anew, once its slider stands still. */
+function afterSliding(desk: Desk, forecast: DeskForecast): () => void {
+  return afterPause(settling, () => whenLetGo(() => {
+    const isAtHand = desk.forecast === forecast && document.getElementById("make-forecast") !== null;
+    if (isAtHand && forecast.turn > 0) begin(desk, forecast);
+  }));
+}
+
 function drawFields(desk: Desk, forecast: DeskForecast): HTMLElement {
+  const beginSoon = afterSliding(desk, forecast);
   const drawn = fields.map(({ name, label, hint }) => {
     const input = make("input", { type: "text", id: `forecast-${name}`, value: forecast.fields.get(name) ?? "", placeholder: hint, size: 5, spellcheck: "false" });
     input.addEventListener("change", () => forecast.fields.set(name, input.value.trim()));
-    return make("span", {}, make("label", { for: `forecast-${name}` }, text(desk, label)), " ", input);
+    const slider = !hasSlider(name) ? null : makeSlider(name, text(desk, label), desk.language, input, (value) => {
+      forecast.fields.set(name, value);
+      beginSoon();
+    });
+    return make("span", {}, make("label", { for: `forecast-${name}` }, text(desk, label)), " ", slider, slider === null ? null : " ", input);
   });
   return make("p", { class: "row" }, ...drawn,
     button(text(desk, "makeForecast"), () => begin(desk, forecast), { class: "main", id: "make-forecast" }),
@@ -100,9 +124,11 @@ function drawKept(desk: Desk, forecast: DeskForecast): HTMLElement {
 }
 
 export function drawForecast(desk: Desk): HTMLElement[] {
-  const forecast: DeskForecast = desk.forecast ??= { fields: new Map(), problems: [], isWanted: false };
+  const forecast: DeskForecast = desk.forecast ??= { fields: new Map(), problems: [], isWanted: false, turn: 0, height: 0 };
   const body = make("div", { class: "pw", id: "forecast-body" });
   body.innerHTML = forecast.grown?.html ?? "";  // written by the core, with every text in it escaped
+  // Where a forecast begins anew the page does not jump.
+  if (forecast.grown === undefined && forecast.problems.length === 0) body.style.minHeight = `${forecast.height}px`;
   if (forecast.grown !== undefined) queueMicrotask(readFigures);
   return [make("h2", {}, text(desk, "forecastTitle")), make("p", { class: "hint" }, text(desk, "forecastHint")), drawFields(desk, forecast),
     ...forecast.problems.map((problem) => make("p", { class: "problem", role: "alert" }, problem)),

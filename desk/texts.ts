@@ -199,6 +199,7 @@ const texts = {
   forecastKinship: ["parents of lower kinship than these of their age mates, %", "ouders met lagere verwantschap dan dit deel van hun leeftijdgenoten, %"],
   forecastAgeSires: ["age of sires at least", "leeftijd van vaders minstens"], forecastAgeDams: ["age of dams at least", "leeftijd van moeders minstens"],
   forecastImportSires: ["imported sires a year", "ingevoerde vaders per jaar"], forecastImportDams: ["imported dams a year", "ingevoerde moeders per jaar"],
+  forecastSlider: ["{1} (slider)", "{1} (schuif)"], forecastNoRule: ["no such rule", "geen regel"],
   makeForecast: ["Make the forecast", "Maak de vooruitblik"], stopForecast: ["Stop", "Stop"],
   forecastDone: ["{1} of {2} replicates", "{1} van {2} herhalingen"], forecastStopped: ["stopped after {1} of {2} replicates", "gestopt na {1} van {2} herhalingen"],
   saveForecast: ["Save the forecast", "Bewaar de vooruitblik"], saveForecastPage: ["Save as a page", "Bewaar als pagina"],

@@ -58,3 +58,48 @@ test("AFieldThatCannotBeReadIsNamed", () => withDesk(async (page) => {
   assert.match(await textOf(page, "#step"), /F of a litter at most.*an F such as/s);
   assert.equal(await charts(page), 0);
 }));
+
+test("ASliderSetsItsRuleAndBeginsTheForecastAnew", () => withDesk(async (page) => {
+  await openForecast(page);
+  const slider = "#slider-most-litters-a-year";
+  const valueText = () => page.$eval(slider, (input) => input.getAttribute("aria-valuetext"));
+  const field = (name) => page.$eval(`#forecast-${name}`, ({ value }) => value);
+  assert.equal(await valueText(), "no such rule");
+  await setField(page, "years", "5");
+  await page.focus(slider);
+  await page.keyboard.press("Home");
+  assert.deepEqual([await field("most-litters-a-year"), await valueText()], ["1", "1"]);
+  await new Promise((resolve) => { setTimeout(resolve, 1000); });
+  assert.equal(await charts(page), 0, "nothing begins before a forecast is asked for");
+  await page.click("#make-forecast");
+  const done = () => page.waitForFunction(() => document.querySelector("#forecast-progress").textContent === "100 of 100 replicates");
+  await done();
+  await page.focus(slider);
+  await page.keyboard.press("ArrowRight");
+  await page.keyboard.press("ArrowRight");
+  assert.equal(await field("most-litters-a-year"), "3");
+  await page.waitForFunction(() => document.querySelector("#forecast-progress").textContent !== "100 of 100 replicates");
+  await done();
+  assert.match(await textOf(page, "#forecast-body"), /Litters of a sire a year, at most: 3/);
+  assert.equal(await page.evaluate(() => document.activeElement.id), slider.slice(1), "the keys go on moving it");
+  assert.deepEqual(await violations(page), []);
+}));
+
+test("ASliderFollowsItsFieldAndSaysWhatItCannotShow", () => withDesk(async (page) => {
+  await openForecast(page);
+  const type = (name, text) => page.$eval(`#forecast-${name}`, (input, value) => {
+    input.value = value;
+    input.dispatchEvent(new Event("input"));
+  }, text);
+  const shown = (name) => page.$eval(`#slider-${name}`, (input) => [Number(input.value), input.className, input.getAttribute("aria-valuetext")]);
+  await type("most-f", "6,25");
+  assert.deepEqual(await shown("most-f"), [6, "", "6,25"]);
+  await type("most-f", "7%");
+  assert.deepEqual(await shown("most-f"), [6, "apart", "7%"]);
+  await type("sires", "40");
+  assert.deepEqual(await shown("sires"), [5, "apart", "40"]);
+  await type("import-sires", "0");
+  assert.deepEqual(await shown("import-sires"), [0, "apart", "0"]);
+  await type("kinship-below", "");
+  assert.deepEqual(await shown("kinship-below"), [0, "", "no such rule"]);
+}));

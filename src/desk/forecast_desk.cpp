@@ -3,6 +3,7 @@
 
 #include "desk/forecast_desk.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <utility>
@@ -76,7 +77,10 @@ BreedingRules rules_typed(std::string_view settings, ToolLanguage language, std:
   for (const RuleField& field : rule_fields) {
     std::string value(value_named(settings, field.name));
     if (value.empty()) continue;
-    if (field.is_percentage && !value.ends_with('%')) value.push_back('%');
+    if (field.is_percentage) {
+      std::replace(value.begin(), value.end(), ',', '.');
+      if (!value.ends_with('%')) value.push_back('%');
+    }
     const RuleProblem problem = take_rule(field.name, value, rules);
     if (problem.reason.english.empty()) continue;
     faults.push_back(phrase(field_fault, language,
