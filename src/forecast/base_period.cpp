@@ -6,6 +6,8 @@
 #include <cmath>
 #include <map>
 
+#include "planning/parent_use.h"
+
 namespace pedigreewatch {
 namespace {
 
@@ -13,6 +15,24 @@ namespace {
 constexpr std::int32_t years_of_interval = 10;
 /// Of the parents that were used for the first time, so many in 100 were younger than what counts as oldest.
 constexpr std::int64_t entered_in_100 = 99;
+
+/// As plans take the ages of parents, by nearest rank.
+AgeSpan ages_at_births(const PopulationStore& store, std::span<const Family> families, Sex sex) {
+  std::vector<std::int32_t> ages;
+  for (const Family& family : families) {
+    const std::int32_t parent = sex == male ? family.sire : family.dam;
+    const bool is_known = parent != 0 && store.birth_year[parent] != 0 && store.birth_year[parent] < family.year;
+    if (is_known) {
+      ages.insert(ages.end(), static_cast<std::size_t>(family.young), family.year - store.birth_year[parent]);
+    }
+  }
+  if (ages.empty()) return {};
+  std::sort(ages.begin(), ages.end());
+  const auto at = [&](std::int64_t in_100) {
+    return ages[static_cast<std::size_t>((std::ssize(ages) * in_100 + 99) / 100 - 1)];
+  };
+  return {at(youngest_in_100), at(oldest_in_100)};
+}
 
 struct AgeSum {
   double years = 0.0, young = 0.0;
@@ -290,6 +310,7 @@ std::optional<BasePeriod> measure_base_period(const FamilyRecords& records) {
   base.first_year = std::max(records.first_year, records.last_year - length + 1);
   base.last_year = records.last_year;
   base.generation_interval = *interval;
+  for (const Sex sex : {male, female}) base.ages.of(sex) = ages_at_births(records.store, recent, sex);
   base.first_alike = find_first_alike(records, base);
   for (std::int32_t year = base.first_alike; year <= base.last_year; ++year) {
     base.years.push_back(count_year(records, year));

@@ -40,6 +40,11 @@ struct GroupShare {
   double share = 0.0;
 };
 
+/// Ages of parents at births, in years.
+struct AgeSpan {
+  std::int32_t youngest = 1, oldest = 1;
+};
+
 /// What may have gone up or down.
 struct PracticeLevels {
   Level litters;               ///< a year, of the base years
@@ -62,8 +67,10 @@ struct BasePeriod {
   std::vector<std::vector<GroupShare>> sire_groups;  ///< by group of the young: where its sires are from
   BySex<std::vector<std::int32_t>> entries;          ///< careers that began since then, by number
   BySex<double> outside = {};                  ///< of those that came into use, the part that has no line of its own
+  BySex<std::optional<double>> said_outside;   ///< likewise, as somebody says it is
   BySex<std::array<double, descents>> chosen;  ///< by descent: how many of those born came into use
   BySex<CareerRecords> careers;
+  BySex<AgeSpan> ages;               ///< that 5 and 95 in 100 of the births of the last ten years remain below
   BySex<std::int32_t> oldest_entry;  ///< age at which parents are first used at most
 
   std::int32_t length() const { return last_year - first_year + 1; }

@@ -28,6 +28,16 @@ enum class Exchange : std::uint8_t {
   rotation,  ///< from the one before it in the steer file; the first one's come from the last
 };
 
+/// Figures of the practice that are said in place of what was measured.
+struct SaidFigures {
+  std::optional<double> litter_size;            ///< mean of the young of a litter
+  std::optional<double> males;                  ///< share of the young
+  std::optional<double> litters_without_sire;   ///< share of the litters of known dams
+  std::optional<double> young_without_parents;  ///< share of the young: neither known
+  std::optional<double> sires_of_others;        ///< share of the litters: the sire is of another subpopulation
+  BySex<std::optional<double>> outside;         ///< share of those that come into use: known by name only
+};
+
 /// A rule as it was written.
 struct WrittenRule {
   std::string name, value;
@@ -47,8 +57,10 @@ struct BreedingRules {
   BySex<std::int32_t> least_age;        ///< at the first use, in years
   BySex<std::int32_t> imports;          ///< that come into use each year, beside those of the present practice
   bool has_one_litter = false;          ///< a dam has one litter in life
+  bool has_plan = false;                ///< a plan chooses the matings of each year
   Exchange exchange = Exchange::present;
   double import_kinship = 0.0;  ///< of imports with each other
+  SaidFigures said;             ///< of the present practice alone
   std::vector<WrittenRule> written;
 };
 

@@ -131,6 +131,11 @@ constexpr Wording young_herdbook_line = {
     "geboortejaren met bekende vaders achter deze vooruitblik: {1}, van minstens {2} die ervoor nodig zijn; hoe ver hij te "
     "vertrouwen is, werd gemeten met stamboeken van dertig jaar en meer, en dit is te kort om te weten hoe aantallen en het "
     "gebruik van vaders veranderen: verwantschap en F kunnen heel goed boven de band uitkomen"};
+constexpr Wording plan_line = {
+    "each year is planned with all animals of known parents that are of breeding age, alive or not, and none come from "
+    "outside but imports of the rules: this shows what is possible, not what breeders will do",
+    "elk jaar wordt gepland met alle dieren met bekende ouders die van fokleeftijd zijn, of ze nog leven of niet, en er "
+    "komen er geen van buiten behalve importdieren van de regels: dit laat zien wat er kan, niet wat fokkers zullen doen"};
 constexpr Wording died_line = {"the population dies out in {1} of {2} replicates; its figures are those of the others",
                                "de populatie sterft uit in {1} van de {2} herhalingen; de cijfers zijn die van de "
                                "andere"};
@@ -328,6 +333,7 @@ std::vector<std::string> scenario_sentences(const Forecast& forecast, const Scen
   add_result(forecast, summary, lines);
   add_difference(forecast, summary, lines);
   add_costs(summary, lines);
+  if (of.rules.has_plan) lines.add(plan_line, {});
   if (summary.died_out == std::ssize(of.replicates)) {
     lines.add(all_died_line, {std::to_string(forecast.first_year + median_years(of))});
   } else if (summary.died_out > 0) {

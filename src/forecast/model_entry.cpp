@@ -5,14 +5,6 @@
 #include <cmath>
 
 namespace pedigreewatch {
-namespace {
-
-/// An animal that is taken from the candidates.
-struct Entrant {
-  std::int32_t sire = 0, dam = 0, birth_year = 0;
-  float f = 0.0F;
-  Descent descent = Descent::outside;
-};
 
 Entrant entrant_of(const ModelHerd& herd, std::int32_t candidate, std::int32_t birth_year) {
   if (candidate >= 0) {
@@ -24,6 +16,20 @@ Entrant entrant_of(const ModelHerd& herd, std::int32_t candidate, std::int32_t b
   const ByNumber<std::int32_t>& number = herd.basis.ancestors.number_of_animal;
   return {number[parents.sire], number[parents.dam], birth_year, store.inbreeding[-candidate]};
 }
+
+ModelParent& add_model_parent(ModelHerd& herd, Sex sex, const Entrant& entrant) {
+  const std::int32_t animal = add_parent(herd.pedigree, entrant.sire, entrant.dam, entrant.f);
+  herd.new_parents.push_back({animal, entrant.sire, entrant.dam, entrant.f});
+  herd.last_litter.push_back(0);
+  herd.birth_year.push_back(entrant.birth_year);
+  herd.weights.push_back(0.0);
+  ModelParent& parent = herd.parents.of(sex).emplace_back();
+  parent.animal = animal;
+  parent.descent = entrant.descent;
+  return parent;
+}
+
+namespace {
 
 double mean_kinship_of(const ModelHerd& herd, std::int32_t candidate) {
   const Entrant entrant = entrant_of(herd, candidate, 0);
@@ -141,18 +147,6 @@ std::optional<Entrant> take_nearest(ModelHerd& herd, Wanted wanted, std::int32_t
   return std::nullopt;
 }
 
-ModelParent& add_model_parent(ModelHerd& herd, Sex sex, const Entrant& entrant) {
-  const std::int32_t animal = add_parent(herd.pedigree, entrant.sire, entrant.dam, entrant.f);
-  herd.new_parents.push_back({animal, entrant.sire, entrant.dam, entrant.f});
-  herd.last_litter.push_back(0);
-  herd.birth_year.push_back(entrant.birth_year);
-  herd.weights.push_back(0.0);
-  ModelParent& parent = herd.parents.of(sex).emplace_back();
-  parent.animal = animal;
-  parent.descent = entrant.descent;
-  return parent;
-}
-
 void begin_career(ModelParent& parent, const CareerRecords& careers, std::int32_t number, std::int32_t group) {
   const Career& career = careers.at(number);
   parent.point = {number, career.first_year};
@@ -175,6 +169,16 @@ bool go_on(ModelParent& parent, const CareerRecords& careers, std::int32_t age, 
   ++parent.years;
   parent.pause = parent.use > 0.0 ? 0 : parent.pause + 1;
   return parent.pause <= longest_pause;
+}
+
+/// Whether the one who begins such a career has no line of its own: as often as it was, or as it is said to be.
+bool comes_from_outside(const BasePeriod& base, Sex sex, const Career& career, RandomStream& random) {
+  const bool was_outside = career.descent == Descent::outside;
+  const std::optional<double>& said = base.said_outside.of(sex);
+  if (!said) return was_outside;
+  const double measured = base.outside.of(sex);
+  if (*said <= measured) return was_outside && random.chance(*said / measured);
+  return was_outside || random.chance((*said - measured) / (1.0 - measured));
 }
 
 }  // namespace
@@ -217,7 +221,7 @@ bool enter_parent(ModelHerd& herd, Sex sex, std::int32_t group, std::int32_t yea
   const Career& career = base.careers.of(sex).at(number);
   const std::int32_t oldest = std::max(base.oldest_entry.of(sex), herd.rules.least_age.of(sex));
   const std::int32_t age = std::clamp(career.first_age, std::max(1, herd.rules.least_age.of(sex)), oldest);
-  if (career.descent == Descent::outside) {
+  if (comes_from_outside(base, sex, career, random)) {
     begin_career(add_model_parent(herd, sex, {0, 0, year - age, 0.0F}), base.careers.of(sex), number, group);
     return true;
   }

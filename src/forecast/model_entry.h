@@ -5,6 +5,19 @@
 
 namespace pedigreewatch {
 
+/// An animal that is taken from the candidates.
+struct Entrant {
+  std::int32_t sire = 0, dam = 0, birth_year = 0;
+  float f = 0.0F;
+  Descent descent = Descent::outside;
+};
+
+/// What is known of a candidate but its descent.
+Entrant entrant_of(const ModelHerd& herd, std::int32_t candidate, std::int32_t birth_year);
+
+/// Makes it a parent of the herd, without a career.
+ModelParent& add_model_parent(ModelHerd& herd, Sex sex, const Entrant& entrant);
+
 /// Goes on with the parents of a sex, each like somebody who had been used as it was; those who are used no more leave.
 void continue_parents(ModelHerd& herd, Sex sex, std::int32_t year);
 

@@ -14,6 +14,7 @@
 
 #include "forecast/model_entry.h"
 #include "forecast/model_matings.h"
+#include "forecast/model_plan.h"
 #include "forecast/sire_use.h"
 
 namespace pedigreewatch {
@@ -515,6 +516,37 @@ void prepare_mean_kinship(ModelHerd& herd) {
   herd.most_kinship.assign(2 * herd.candidates.size(), -1.0);
 }
 
+/// Parents go on or stop, others come into use, and they are mated, all by the practice.
+void breed_by_practice(ModelHerd& herd, const std::vector<GroupTarget>& targets, std::int32_t year) {
+  for (const Sex sex : {male, female}) {
+    continue_parents(herd, sex, year);
+    list_members(herd, sex);
+  }
+  RandomStream entry = herd.stream(year, DrawPurpose::dam_entry);
+  const std::int32_t groups = herd.basis.records.groups;
+  for (std::int32_t group = 0; group < groups; ++group) fill_dams(herd, group, targets[place(group)], year, entry);
+  const std::vector<WantedLitter> litters = list_litters(herd, targets, year);
+  std::vector<std::int64_t> wanted(place(groups), 0);
+  for (const WantedLitter& litter : litters) wanted[place(litter.sire_group)] += litter.has_sire ? 1 : 0;
+  for (std::int32_t group = 0; group < groups; ++group) {
+    fill_sires(herd, group, targets[place(group)], wanted[place(group)], year);
+  }
+  note_new_parents(herd);
+  make_matings(herd, litters, year);
+}
+
+/// As many litters as by the practice, and as many animals of whom nothing is known.
+void breed_by_plan(ModelHerd& herd, const std::vector<GroupTarget>& targets, std::int32_t year) {
+  std::vector<PlannedGroup> groups;
+  for (const GroupTarget& target : targets) {
+    PlannedGroup& group = groups.emplace_back();
+    group.litters = target.numbers.with_both + target.numbers.without_sire;
+    group.imports = target.imports;
+  }
+  for (const Sex sex : {male, female}) list_members(herd, sex);
+  plan_matings(herd, groups, year);
+}
+
 }  // namespace
 
 bool has_table(const ModelBasis& basis, const BreedingRules& rules, std::int32_t years) {
@@ -578,21 +610,12 @@ bool live_year(ModelHerd& herd, std::int32_t year) {
   herd.first_of_year = herd.families.size();
   prepare_mean_kinship(herd);
   const std::vector<GroupTarget> targets = draw_targets(herd, year);
-  for (const Sex sex : {male, female}) {
-    continue_parents(herd, sex, year);
-    list_members(herd, sex);
-  }
-  RandomStream entry = herd.stream(year, DrawPurpose::dam_entry);
   const std::int32_t groups = herd.basis.records.groups;
-  for (std::int32_t group = 0; group < groups; ++group) fill_dams(herd, group, targets[place(group)], year, entry);
-  const std::vector<WantedLitter> litters = list_litters(herd, targets, year);
-  std::vector<std::int64_t> wanted(place(groups), 0);
-  for (const WantedLitter& litter : litters) wanted[place(litter.sire_group)] += litter.has_sire ? 1 : 0;
-  for (std::int32_t group = 0; group < groups; ++group) {
-    fill_sires(herd, group, targets[place(group)], wanted[place(group)], year);
+  if (herd.rules.has_plan) {
+    breed_by_plan(herd, targets, year);
+  } else {
+    breed_by_practice(herd, targets, year);
   }
-  note_new_parents(herd);
-  make_matings(herd, litters, year);
   if (herd.families.size() == herd.first_of_year) return false;
   for (std::int32_t group = 0; group < groups; ++group) {
     const ModelFamily founder = {0, 0, 0.0F, group, 1};

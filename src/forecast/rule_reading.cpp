@@ -10,11 +10,14 @@
 #include <optional>
 #include <utility>
 
+#include "forecast/model_plan.h"
 #include "planning/plan_words.h"
 
 namespace pedigreewatch {
 namespace {
 
+constexpr Wording a_size = {"a number of young from {1} to {2} was expected",
+                            "een aantal jongen van {1} tot {2} werd verwacht"};
 constexpr Wording a_count = {"a whole number from {1} to {2} was expected",
                              "een heel getal van {1} tot en met {2} werd verwacht"};
 constexpr Wording an_age = {"a whole number of years from {1} to {2} was expected",
@@ -42,6 +45,12 @@ constexpr Wording no_name = {"a name between the brackets was expected", "een na
 constexpr Wording taken_name = {
     "there is a scenario of this name already; present is the present practice, options are the rules of options",
     "er is al een scenario met deze naam; present is de huidige praktijk, options zijn de regels uit opties"};
+constexpr Wording no_figure_of_present = {
+    "below [present] stand figures of the practice, litters, sires and litters-trend: rules stand below other names",
+    "onder [present] staan cijfers van de praktijk, litters, sires en litters-trend: regels staan onder andere namen"};
+constexpr Wording no_rule_but_figure = {
+    "a figure of the practice goes for all scenarios: it stands below [present]",
+    "een cijfer van de praktijk geldt voor alle scenario's: het staat onder [present]"};
 constexpr Wording twice = {"this rule stands twice", "deze regel staat er twee keer"};
 constexpr Wording too_many = {"more than {1} scenarios", "meer dan {1} scenario's"};
 constexpr Wording no_scenario = {"no scenario: a name in square brackets, and rules below it, were expected",
@@ -65,6 +74,12 @@ constexpr Wording no_imports = {
     "there are no imports in these rules to be related: add import-sires or import-dams",
     "er zijn in deze regels geen importdieren die verwant kunnen zijn: voeg import-sires of "
     "import-dams toe"};
+
+constexpr Wording plan_chooses = {"a plan chooses that itself: leave out this rule, or the plan",
+                                  "dat kiest een plan zelf: laat deze regel weg, of het plan"};
+constexpr Wording plan_is_large = {
+    "a plan for each year can choose from {1} animals at most, and here there would be some {2}",
+    "een plan voor elk jaar kan uit hoogstens {1} dieren kiezen, en hier zouden het er ongeveer {2} zijn"};
 
 /// Digits with at most one decimal point, and a sign where it may have one.
 std::optional<double> read_real(std::string_view text, bool may_have_sign = false) {
@@ -153,6 +168,13 @@ struct Rule {
   bool (*take)(std::string_view value, const RuleForm& form, BreedingRules& rules);
 };
 
+bool take_figure(std::string_view text, const RuleForm& form, std::optional<double>& figure) {
+  constexpr double percent = 100.0;
+  figure = read_percent(text, form);
+  if (figure) *figure /= percent;
+  return figure.has_value();
+}
+
 constexpr double most_age = 60.0;
 
 constexpr auto all_rules = std::to_array<Rule>({
@@ -223,10 +245,61 @@ constexpr auto all_rules = std::to_array<Rule>({
        rules.has_one_litter = value == "yes";
        return value == "yes" || value == "no";
      }},
+    {{"plan",
+      {"matings of each year by a plan of least kinship",
+       "paringen van elk jaar volgens een plan met de laagste verwantschap"},
+      a_yes},
+     [](auto value, auto&, auto& rules) {
+       rules.has_plan = value == "yes";
+       return value == "yes" || value == "no";
+     }},
     {{"exchange",
       {"exchange of sires between subpopulations", "uitwisseling van vaders tussen subpopulaties"},
       an_exchange},
      [](auto value, auto&, auto& rules) { return take_exchange(value, rules.exchange); }},
+    {{"young-a-litter", {"young a litter", "jongen per nest"}, a_size, 1.0, 30.0, true},
+     [](auto value, auto& form, auto& rules) {
+       const auto size = read_real(value);
+       if (size && *size >= form.least && *size <= form.most) rules.said.litter_size = size;
+       return rules.said.litter_size.has_value();
+     }},
+    {{"males", {"males among the young", "mannen onder de jongen"}, a_percent, 1.0, 99.0, true},
+     [](auto value, auto& form, auto& rules) { return take_figure(value, form, rules.said.males); }},
+    {{"litters-without-sire",
+      {"litters of an unknown sire", "nesten met een onbekende vader"},
+      a_percent,
+      0.0,
+      90.0,
+      true},
+     [](auto value, auto& form, auto& rules) { return take_figure(value, form, rules.said.litters_without_sire); }},
+    {{"young-without-parents",
+      {"young with no known parent", "jongen zonder bekende ouder"},
+      a_percent,
+      0.0,
+      90.0,
+      true},
+     [](auto value, auto& form, auto& rules) { return take_figure(value, form, rules.said.young_without_parents); }},
+    {{"sires-from-outside",
+      {"sires from outside, of those that come into use", "vaders van buiten, van wie er in gebruik komen"},
+      a_percent,
+      0.0,
+      100.0,
+      true},
+     [](auto value, auto& form, auto& rules) { return take_figure(value, form, rules.said.outside.of_males); }},
+    {{"dams-from-outside",
+      {"dams from outside, of those that come into use", "moeders van buiten, van wie er in gebruik komen"},
+      a_percent,
+      0.0,
+      100.0,
+      true},
+     [](auto value, auto& form, auto& rules) { return take_figure(value, form, rules.said.outside.of_females); }},
+    {{"sires-of-others",
+      {"sires from another subpopulation, of the litters", "vaders uit een andere subpopulatie, van de nesten"},
+      a_percent,
+      0.0,
+      100.0,
+      true},
+     [](auto value, auto& form, auto& rules) { return take_figure(value, form, rules.said.sires_of_others); }},
 });
 
 /// As it is written in a rule.
@@ -260,13 +333,38 @@ RuleProblem begin_scenario(std::string_view line, ReadScenarios& read) {
   return {};
 }
 
-RuleProblem take_line(std::string_view line, std::int64_t number, ReadScenarios& read) {
+/// Where the lines at hand belong: to the scenario that was begun last, or to the present practice.
+struct RulesReading {
+  ReadScenarios read;
+  bool is_present = false;
+};
+
+RuleProblem begin_rules(std::string_view line, RulesReading& reading) {
+  const bool is_closed = line.ends_with(']');
+  const bool is_present = is_closed && trimmed(line.substr(1, line.size() - 2)) == present_practice;
+  reading.is_present = is_present && reading.read.present.name.empty();
+  if (!reading.is_present) return begin_scenario(line, reading.read);
+  reading.read.present.name = present_practice;
+  return {};
+}
+
+bool is_of_present(std::string_view name) {
+  return is_figure(name) || name == "litters" || name == "sires" || name == "litters-trend";
+}
+
+RuleProblem take_line(std::string_view line, std::int64_t number, RulesReading& reading) {
   if (line.empty() || line.front() == '#' || line.front() == ';') return {};
-  if (line.front() == '[') return begin_scenario(line, read);
+  if (line.front() == '[') return begin_rules(line, reading);
   const std::size_t sign = line.find('=');
   if (sign == std::string_view::npos) return {0, std::string(line), no_rule_line};
-  if (read.scenarios.empty()) return {0, std::string(line), no_scenario_yet};
-  return take_rule(trimmed(line.substr(0, sign)), trimmed(line.substr(sign + 1)), read.scenarios.back(), number);
+  if (reading.read.scenarios.empty() && !reading.is_present) return {0, std::string(line), no_scenario_yet};
+  const std::string_view name = trimmed(line.substr(0, sign));
+  if (find_rule(name) != nullptr && reading.is_present && !is_of_present(name)) {
+    return {0, std::string(name), no_figure_of_present};
+  }
+  if (!reading.is_present && is_figure(name)) return {0, std::string(name), no_rule_but_figure};
+  BreedingRules& rules = reading.is_present ? reading.read.present : reading.read.scenarios.back();
+  return take_rule(name, trimmed(line.substr(sign + 1)), rules, number);
 }
 
 const WrittenRule* find_written(const BreedingRules& rules, std::string_view name) {
@@ -329,23 +427,37 @@ RuleProblem take_rule(std::string_view name, std::string_view value, BreedingRul
   return {};
 }
 
+bool is_figure(std::string_view name) {
+  const Rule* const rule = find_rule(name);
+  return rule != nullptr && rule->form.is_figure;
+}
+
 ReadScenarios read_scenarios(std::string_view text) {
-  ReadScenarios read;
+  RulesReading reading;
+  ReadScenarios& read = reading.read;
   constexpr std::string_view mark = "\xEF\xBB\xBF";
   if (text.starts_with(mark)) text.remove_prefix(mark.size());
   for (std::int64_t number = 1; !text.empty(); ++number) {
     const std::size_t end = std::min(text.find('\n'), text.size());
-    RuleProblem problem = take_line(trimmed(text.substr(0, end)), number, read);
+    RuleProblem problem = take_line(trimmed(text.substr(0, end)), number, reading);
     text.remove_prefix(std::min(end + 1, text.size()));
     if (problem.reason.english.empty()) continue;
     problem.line = number;
     read.problems.push_back(std::move(problem));
   }
+  if (!read.problems.empty()) return read;
   for (const BreedingRules& rules : read.scenarios) {
-    if (rules.written.empty() && read.problems.empty()) read.problems.push_back({0, rules.name, no_rules});
+    if (rules.written.empty()) read.problems.push_back({0, rules.name, no_rules});
   }
-  if (read.scenarios.empty() && read.problems.empty()) read.problems.push_back({0, {}, no_scenario});
+  if (read.scenarios.empty() && read.present.written.empty()) read.problems.push_back({0, {}, no_scenario});
   return read;
+}
+
+std::vector<RuleProblem> find_wrong_figures(const BreedingRules& present, const BasePeriod& base) {
+  std::vector<RuleProblem> problems;
+  const WrittenRule* const rule = find_written(present, "sires-of-others");
+  if (rule != nullptr && base.years.front().size() < 2) problems.push_back({rule->line, rule->text(), no_groups});
+  return problems;
 }
 
 std::vector<RuleProblem> find_contradictions(const BreedingRules& rules, const BasePeriod& base) {
@@ -376,6 +488,15 @@ std::vector<RuleProblem> find_contradictions(const BreedingRules& rules, const B
   if (rules.least_age.of_males > base.careers.of_males.oldest) add("least-age-sires", too_old);
   if (rules.least_age.of_females > base.careers.of_females.oldest) add("least-age-dams", too_old);
   if (rules.exchange != Exchange::present && base.years.front().size() < 2) add("exchange", no_groups);
+  if (rules.has_plan) {
+    for (const std::string_view name :
+         {"sires", "litters-trend", "most-offspring-matings", "most-f", "kinship-below", "exchange"}) {
+      if (find_written(rules, name) != nullptr) add(name, plan_chooses);
+    }
+    const double animals = planned_candidates(base, present.litters > 0.0 ? litters / present.litters : 1.0);
+    const std::vector<std::string> numbers = {number_text(most_planned_candidates), number_text(std::round(animals))};
+    if (animals > most_planned_candidates) add("plan", plan_is_large, numbers);
+  }
   const bool has_imports = rules.imports.of_males > 0 || rules.imports.of_females > 0;
   if (rules.import_kinship > 0.0 && !has_imports) add("import-kinship", no_imports);
   return problems;

@@ -19,10 +19,14 @@ struct RuleForm {
   Wording label;                   ///< what people call it, before a colon and its value
   Wording expected;                ///< of its value; {1} and {2} are the least and the most
   double least = 0.0, most = 0.0;  ///< as they are written: 50 for 50%
+  bool is_figure = false;          ///< no rule, but of the practice, in place of what was measured
 };
 
 /// All rules, in the order of the documents.
 std::vector<RuleForm> rule_forms();
+
+/// Whether the name is that of a figure of the practice.
+bool is_figure(std::string_view name);
 
 /// What is wrong with a rule or a line.
 struct RuleProblem {
@@ -42,18 +46,22 @@ RuleProblem take_rule(std::string_view name, std::string_view value, BreedingRul
 
 struct ReadScenarios {
   std::vector<BreedingRules> scenarios;
+  BreedingRules present;              ///< figures that are said of the present practice, and its numbers
   std::vector<RuleProblem> problems;  ///< by line
 };
 
 /// More scenarios than these are no comparison any more.
 inline constexpr std::size_t most_scenarios = 12;
 
-/// The scenarios of a file: a name in square brackets, and the rules below it. Lines that begin with # or ; are for
-/// people. UTF-8.
+/// The scenarios of a file: a name in square brackets, and the rules below it; below [present] figures of the practice.
+/// Lines that begin with # or ; are for people. UTF-8.
 ReadScenarios read_scenarios(std::string_view text);
 
 /// The scenario of the rules on the command line.
 inline constexpr std::string_view options_scenario = "options";
+
+/// Figures that this population has no use for; with their lines.
+std::vector<RuleProblem> find_wrong_figures(const BreedingRules& present, const BasePeriod& base);
 
 /// Rules that cannot all be kept, or that this population has no use for; with the line of one of them.
 std::vector<RuleProblem> find_contradictions(const BreedingRules& rules, const BasePeriod& base);

@@ -256,7 +256,7 @@ bool is_good_enough(const Search& search, double certificate) {
   constexpr std::int64_t cheap_visits = 400'000'000;  // of ancestors, in all products
   constexpr std::int64_t most_products = 20'000;
   const double scale = std::abs(inner(search.shares, search.kinships));
-  const bool is_cheap = search.products * search.kinship.ancestors() < cheap_visits;
+  const bool is_cheap = !search.goal.is_brief && search.products * search.kinship.ancestors() < cheap_visits;
   if (certificate <= aim * scale || search.products > most_products) return true;
   return !is_cheap && certificate <= certified_part * scale;
 }

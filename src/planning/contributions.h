@@ -49,6 +49,7 @@ double highest_product(const ShareLimits& limits, std::span<const double> weight
 struct ContributionGoal {
   std::span<const double> value = {};  ///< by place; empty: none
   double weight = 0.0;
+  bool is_brief = false;  ///< ends as soon as the certificate is `certified_part`, however cheap more would be
 };
 
 struct Contributions {

@@ -20,6 +20,7 @@
 #include "forecast/practice_figures.h"
 #include "forecast/real_years.h"
 #include "forecast/rule_reading.h"
+#include "forecast/said_practice.h"
 #include "page/forecast_page.h"
 #include "planning/parent_use.h"
 #include "planning/plan_words.h"
@@ -108,14 +109,27 @@ void tell_problem(const FolderRun& run, const std::string& file, const RuleProbl
   say(run.streams.messages, place + ": " + reason_of(problem, run.language));
 }
 
-/// The scenarios, the present practice first. Nothing behind a message.
-std::optional<std::vector<BreedingRules>> gather_scenarios(const FolderRun& run, const ForecastOptions& options,
-                                                           const BasePeriod& base) {
+/// What the options say of the practice goes before what the file says.
+void add_figures(const BreedingRules& of_options, BreedingRules& present) {
+  BreedingRules both;
+  both.name = present_practice;
+  for (const BreedingRules* rules : {&of_options, &std::as_const(present)}) {
+    for (const WrittenRule& one : rules->written) {
+      const bool is_taken = std::any_of(both.written.begin(), both.written.end(),
+                                        [&](const WrittenRule& other) { return other.name == one.name; });
+      if (!is_taken) take_rule(one.name, one.value, both, one.line);
+    }
+  }
+  present = std::move(both);
+}
+
+/// What the file and the options say, the present practice first; nothing behind a message.
+std::optional<std::vector<BreedingRules>> read_rules(const FolderRun& run, const ForecastOptions& options,
+                                                     BreedingRules& present) {
   std::vector<BreedingRules> scenarios(1);
   scenarios.front().name = present_practice;
-  bool is_fine = true;
-  const std::string file = options.rules_file.empty() ? std::string() : shown(options.rules_file);
   if (!options.rules_file.empty()) {
+    const std::string file = shown(options.rules_file);
     std::string reason;
     const std::optional<std::string> text = text_of_file(options.rules_file, reason);
     if (!text) {
@@ -124,17 +138,38 @@ std::optional<std::vector<BreedingRules>> gather_scenarios(const FolderRun& run,
     }
     ReadScenarios read = read_scenarios(*text);
     for (const RuleProblem& problem : read.problems) tell_problem(run, file, problem);
-    is_fine = read.problems.empty();
+    if (!read.problems.empty()) return std::nullopt;
+    present = std::move(read.present);
     for (BreedingRules& rules : read.scenarios) scenarios.push_back(std::move(rules));
   }
+  add_figures(options.present, present);
   if (!options.rules.written.empty()) scenarios.push_back(options.rules);
-  for (const BreedingRules& rules : scenarios) {
-    for (const RuleProblem& problem : find_contradictions(rules, base)) {
-      tell_problem(run, rules.name == options_scenario ? std::string() : file, problem);
-      is_fine = false;
+  return scenarios;
+}
+
+/// The scenarios, with what is said of the practice, which `base` then has too. Nothing behind a message.
+std::optional<std::vector<BreedingRules>> gather_scenarios(const FolderRun& run, const ForecastOptions& options,
+                                                           const FamilyRecords& records, BreedingRules& present,
+                                                           BasePeriod& base) {
+  std::optional<std::vector<BreedingRules>> scenarios = read_rules(run, options, present);
+  if (!scenarios) return std::nullopt;
+  const std::string file = options.rules_file.empty() ? std::string() : shown(options.rules_file);
+  bool is_fine = true;
+  const auto tell_all = [&](const std::vector<RuleProblem>& problems, bool is_of_file) {
+    for (const RuleProblem& problem : problems) {
+      tell_problem(run, is_of_file && problem.line > 0 ? file : std::string(), problem);
     }
+    is_fine = is_fine && problems.empty();
+  };
+  tell_all(find_wrong_figures(present, base), true);
+  tell_all(find_contradictions(present, base), true);
+  if (!is_fine) return std::nullopt;
+  apply_said_figures(records, present.said, base);
+  for (BreedingRules& rules : *scenarios) {
+    add_present_rules(present, rules);
+    if (!rules.written.empty()) tell_all(find_contradictions(rules, base), rules.name != options_scenario);
   }
-  return is_fine ? std::optional(std::move(scenarios)) : std::nullopt;
+  return is_fine ? std::move(scenarios) : std::nullopt;
 }
 
 /// The last year that is known to the forecast; nothing after a refusal.
@@ -288,11 +323,17 @@ Refusal forecast_and_write(FolderRun& run, const ForecastOptions& options) {
   if (!base) return ToolRefusal{run.words(too_few_years, {std::to_string(*last)})};
   const CountedPractice counted =
       count_practice(run.population.analysis.whole.tables, store.birth_years, base->first_year, base->last_year);
-  const FamilyPractice families = measure_practice(records, *base);
-  const std::vector<std::string> practice = practice_sentences(*base, counted, families, run.language);
+  const FamilyPractice measured = measure_practice(records, *base);
+  std::vector<std::string> practice = practice_sentences(*base, counted, measured, run.language);
   for (const std::string& line : practice) say(run.streams.console, line);
-  const auto scenarios = gather_scenarios(run, options, *base);
+  BreedingRules present;
+  const auto scenarios = gather_scenarios(run, options, records, present, *base);
   if (!scenarios) return ToolRefusal{run.words(nothing_written)};
+  for (std::string& line : said_sentences(present, run.language)) {
+    say(run.streams.console, line);
+    practice.push_back(std::move(line));
+  }
+  const FamilyPractice families = practice_as_said(measured, present.said, *base);
   const ForecastSettings settings = settings_of(options, store, *last);
   const std::optional<ModelBasis> basis = prepare_basis(run, records, std::move(*base), settings.seed);
   if (!basis) return ToolRefusal{run.words(was_stopped)};

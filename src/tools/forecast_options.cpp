@@ -39,7 +39,14 @@ constexpr std::string_view help =
     "  --import-sires N, --import-dams N                   more imports come into use each year\n"
     "  --import-kinship K                                  of these with each other (0)\n"
     "  --one-litter-a-dam yes                              in her life\n"
+    "  --plan yes                                          the matings of each year are those of a plan\n"
     "  --exchange open|closed|rotation                     of sires between subpopulations\n"
+    "\n"
+    "  Figures of the practice, in place of what was measured; they go for all scenarios:\n"
+    "  --young-a-litter N, --males P%                      mean number, and share of males\n"
+    "  --litters-without-sire P%, --young-without-parents P%   unknown sires, and young of no known parent\n"
+    "  --sires-from-outside P%, --dams-from-outside P%     of those that come into use\n"
+    "  --sires-of-others P%                                of the litters: the sire is of another subpopulation\n"
     "\n"
     "  --plain         write names of scenarios that begin with = + - @ as they are (else: behind an apostrophe)\n"
     "  --help          shows this text\n"
@@ -64,7 +71,8 @@ std::string refusal(const GivenOption& given, std::string_view expected) {
 
 std::string take_rule_option(const GivenOption& given, ForecastOptions& options) {
   constexpr std::size_t hyphens = 2;
-  const RuleProblem problem = take_rule(given.name.substr(hyphens), given.value, options.rules);
+  const std::string_view name = given.name.substr(hyphens);
+  const RuleProblem problem = take_rule(name, given.value, is_figure(name) ? options.present : options.rules);
   if (problem.reason.english.empty()) return {};
   return std::string(given.name) + " " + in_quotes(given.value) + ": " + reason_of(problem, ToolLanguage::english);
 }

@@ -17,6 +17,7 @@ struct ForecastOptions {
   std::optional<std::int32_t> from;   ///< the last year that is known
   std::string rules_file;
   bool is_plain = false;  ///< names like formulas are written as they are
+  BreedingRules present;  ///< figures of the practice, in place of what was measured
   BreedingRules rules;    ///< of options; a scenario of their own where there is any
 };
 

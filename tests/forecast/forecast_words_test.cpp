@@ -48,6 +48,14 @@ TEST(ScenarioSentences, CallADifferenceWhatItsRangeAllows) {
   EXPECT_FALSE(is_said(same, "may be"));
 }
 
+TEST(ScenarioSentences, SayWhatAPlanIs) {
+  Forecast forecast = forecast_with({0.1, 0.2}, {0.09, 0.19});
+  EXPECT_FALSE(is_said(said_of(forecast), "planned"));
+  forecast.scenarios[1].rules.has_plan = true;
+  EXPECT_TRUE(is_said(said_of(forecast), "this shows what is possible, not what breeders will do"));
+  EXPECT_TRUE(is_said(said_of(forecast, ToolLanguage::dutch), "dit laat zien wat er kan"));
+}
+
 // Of twenty replicates from 0.5 to 10 % 5 in 100 are below 0.975 %; of nineteen nothing of the kind is said.
 TEST(ScenarioSentences, TellBandsFromTwentyReplicatesOn) {
   std::vector<double> kinships;

@@ -33,6 +33,8 @@ TEST(TakeRule, TakesEveryRule) {
   EXPECT_DOUBLE_EQ(with("import-kinship", "0.5").import_kinship, 0.5);
   EXPECT_TRUE(with("one-litter-a-dam", "yes").has_one_litter);
   EXPECT_FALSE(with("one-litter-a-dam", "no").has_one_litter);
+  EXPECT_TRUE(with("plan", "yes").has_plan);
+  EXPECT_FALSE(with("plan", "no").has_plan);
   EXPECT_EQ(with("exchange", "rotation").exchange, Exchange::rotation);
   EXPECT_DOUBLE_EQ(with("litters-trend", "-2.5%").trend, -0.025);
 }
@@ -60,6 +62,7 @@ TEST(TakeRule, RefusesValuesOutsideTheirBounds) {
   for (const std::string_view bad : {"0.51", "51%"}) EXPECT_NE(fault_of("import-kinship", bad), "") << bad;
   for (const std::string_view bad : {"51%", "-51%", "2"}) EXPECT_NE(fault_of("litters-trend", bad), "") << bad;
   EXPECT_NE(fault_of("one-litter-a-dam", "ja"), "");
+  EXPECT_NE(fault_of("plan", "1"), "");
   EXPECT_NE(fault_of("exchange", "free"), "");
   EXPECT_EQ(fault_of("most-liters-a-year", "5"), "there is no such rule");
 }
@@ -95,6 +98,35 @@ TEST(ReadScenarios, TakesNamesAndRules) {
   EXPECT_EQ(read.scenarios[1].written[1].line, 8);
 }
 
+TEST(ReadScenarios, TakesFiguresOfThePractice) {
+  const ReadScenarios read =
+      read_scenarios("[present]\nyoung-a-litter = 6.5\nlitters = 120\nsires-from-outside = 0%\n[a]\nsires = 5\n");
+  ASSERT_TRUE(read.problems.empty());
+  ASSERT_EQ(read.scenarios.size(), 1U);
+  EXPECT_EQ(read.present.said.litter_size, 6.5);
+  EXPECT_EQ(read.present.said.outside.of_males, 0.0);
+  EXPECT_FALSE(read.present.said.outside.of_females.has_value());
+  EXPECT_DOUBLE_EQ(read.present.litters.of(100.0), 120.0);
+  ASSERT_EQ(read.present.written.size(), 3U);
+  EXPECT_EQ(read.present.written[2].line, 4);
+  EXPECT_TRUE(read_scenarios("[present]\nmales = 60%\n").problems.empty());  // the practice alone
+}
+
+TEST(TakeRule, TakesFiguresWithinTheirBounds) {
+  EXPECT_EQ(with("young-a-litter", "1").said.litter_size, 1.0);
+  EXPECT_EQ(with("males", "99%").said.males, 0.99);
+  EXPECT_EQ(with("litters-without-sire", "90%").said.litters_without_sire, 0.9);
+  EXPECT_EQ(with("young-without-parents", "0%").said.young_without_parents, 0.0);
+  EXPECT_EQ(with("dams-from-outside", "100%").said.outside.of_females, 1.0);
+  EXPECT_EQ(with("sires-of-others", "12.5%").said.sires_of_others, 0.125);
+  EXPECT_EQ(fault_of("young-a-litter", "0.9"), "a number of young from 1 to 30 was expected");
+  EXPECT_NE(fault_of("young-a-litter", "31"), "");
+  for (const std::string_view bad : {"0%", "100%", "50"}) EXPECT_NE(fault_of("males", bad), "") << bad;
+  EXPECT_NE(fault_of("litters-without-sire", "91%"), "");
+  EXPECT_NE(fault_of("young-without-parents", "91%"), "");
+  EXPECT_NE(fault_of("sires-from-outside", "101%"), "");
+}
+
 struct Fault {
   std::int64_t line;
   std::string text;
@@ -113,7 +145,11 @@ TEST(ReadScenarios, NamesLineAndTextOfAFault) {
   expect_fault("[a]\nsires 5\n", {2, "sires 5"});
   expect_fault("sires = 5\n", {1, "sires = 5"});
   expect_fault("[a]\nsires = 5\n[a]\n", {3, "a"});
-  expect_fault("[present]\n", {1, "present"});
+  expect_fault("[present]\n", {0, ""});
+  expect_fault("[present]\nmales = 60%\n[present]\n", {3, "present"});
+  expect_fault("[present]\nmales = 60\n", {2, "60"});
+  expect_fault("[present]\nmost-f = 0.1\n", {2, "most-f"});
+  expect_fault("[a]\nsires = 5\nmales = 60%\n", {3, "males"});
   expect_fault("[options]\n", {1, "options"});
   expect_fault("[a\n", {1, "[a"});
   expect_fault("[a]\n", {0, "a"});
@@ -137,6 +173,8 @@ BasePeriod small_practice() {
   year.with_both = 100;
   year.in_use.of_males = 20;
   base.years = {{year}, {year}};
+  base.sizes = {10};
+  base.ages = {{1, 10}, {2, 11}};
   base.careers.of_males.oldest = 8;
   base.careers.of_females.oldest = 10;
   return base;
@@ -173,6 +211,38 @@ TEST(FindContradictions, KnowsBothSides) {
   EXPECT_EQ(contradictions("exchange = closed"), 1U);
   EXPECT_EQ(contradictions("import-kinship = 0.1"), 1U);
   EXPECT_EQ(contradictions("import-kinship = 0.1\nimport-dams = 1"), 0U);
+}
+
+TEST(FindWrongFigures, WantsSubpopulationsForSiresOfOthers) {
+  const BreedingRules present = with("sires-of-others", "10%");
+  BasePeriod base = small_practice();
+  ASSERT_EQ(find_wrong_figures(present, base).size(), 1U);
+  EXPECT_EQ(find_wrong_figures(present, base).front().text, "sires-of-others = 10%");
+  for (std::vector<GroupYear>& year : base.years) year.emplace_back();
+  EXPECT_TRUE(find_wrong_figures(present, base).empty());
+}
+
+// Ten young in each of a hundred litters, of either sex for ten years: 10,000 to choose from.
+TEST(FindContradictions, RefusesAPlanThatIsTooLarge) {
+  EXPECT_EQ(contradictions("plan = yes"), 0U);
+  EXPECT_EQ(contradictions("plan = yes\nlitters = 101"), 1U);
+  EXPECT_EQ(contradictions("plan = no\nlitters = 101"), 0U);
+  BreedingRules rules = with("plan", "yes");
+  rules.litters = {1.5, 0.0};
+  const std::vector<RuleProblem> problems = find_contradictions(rules, small_practice());
+  ASSERT_EQ(problems.size(), 1U);
+  EXPECT_EQ(reason_of(problems.front(), ToolLanguage::english),
+            "a plan for each year can choose from 10000 animals at most, and here there would be some 15000");
+}
+
+TEST(FindContradictions, LeavesToAPlanWhatItChooses) {
+  for (const std::string_view rule :
+       {"sires = 25", "litters-trend = 1%", "most-offspring-matings = 1", "most-f = 0.1", "kinship-below = 20%"}) {
+    EXPECT_EQ(contradictions("plan = yes\n" + std::string(rule)), 1U) << rule;
+    EXPECT_EQ(contradictions("plan = no\n" + std::string(rule)), 0U) << rule;
+  }
+  EXPECT_EQ(contradictions("plan = yes\nexchange = open"), 2U);  // nor are there any subpopulations
+  EXPECT_EQ(contradictions("plan = yes\nmost-litters-a-year = 2\none-litter-a-dam = yes\nleast-age-dams = 2"), 0U);
 }
 
 TEST(FindContradictions, NamesTheLineOfARule) {
