@@ -107,39 +107,54 @@ double first_order_sum(const PairedAnimals& animals, std::span<const double> inb
   return sum;
 }
 
-/// What the increase of a pair has beyond p f. Kinships are small mostly: then a few terms of its series will do.
-double rest_of_increase(double kinship, double p) {
-  constexpr double small = 1.0 / 16.0;
-  if (kinship > small) return 1.0 - std::pow(1.0 - std::min(kinship, 1.0), p) - p * kinship;
-  const double third = (2.0 - p) / 3.0, fourth = (3.0 - p) / 4.0, fifth = (4.0 - p) / 5.0, sixth = (5.0 - p) / 6.0;
-  const double series =
+/// Kinships up to this are small.
+constexpr double small_kinship = 1.0 / 16.0;
+
+/// What the increase of a pair has beyond p f, by a few terms of its series: they will do for small kinships. Of one
+/// pair or of many side by side.
+template <typename Numbers>
+PEDIGREEWATCH_PART_OF_CLONES void set_rest_of_small(const Numbers& kinship, const Numbers& p, Numbers& rest) {
+  const Numbers third = (2.0 - p) / 3.0, fourth = (3.0 - p) / 4.0, fifth = (4.0 - p) / 5.0, sixth = (5.0 - p) / 6.0;
+  const Numbers series =
       1.0 + third * kinship * (1.0 + fourth * kinship * (1.0 + fifth * kinship * (1.0 + sixth * kinship)));
-  return 0.5 * p * (1.0 - p) * kinship * kinship * series;
+  rest = 0.5 * p * (1.0 - p) * kinship * kinship * series;
 }
 
-/// The pairs of one animal with all others.
-struct RowSums {
-  double increase = 0.0, rest = 0.0;
-  std::int64_t count = 0;
+/// The same of a kinship that is not small.
+double rest_of_large(double kinship, double p) {
+  return 1.0 - std::pow(1.0 - std::min(kinship, 1.0), p) - p * kinship;
+}
+
+/// The pairs of the animals of a block with all others, lane by lane.
+struct BlockRows {
+  BlockLanes increase = {}, rest = {};
+  std::array<std::int64_t, coancestry_block> count = {};
 };
 
-/// Adds the pairs of the animals of a block, which stand at `places`, with all others.
+/// Adds the pairs of the animals of a block, which stand at `places`, with all others. Lanes that have no animal get
+/// numbers that mean nothing.
 PEDIGREEWATCH_PROCESSOR_CLONES
 void add_rows(const PairedAnimals& animals, const ByNumber<BlockLanes>& lanes, std::span<const std::size_t> places,
-              std::span<RowSums> rows) {
+              BlockRows& rows) {
+  BlockVector own_generations{};
+  for (std::size_t lane = 0; lane < places.size(); ++lane) own_generations[lane] = animals.equivalents[places[lane]];
   std::size_t other = 0;
   for (const std::int32_t member : animals.pedigree.members) {
-    const BlockVector relationships = lanes[member].each;
+    const BlockVector generations = own_generations + animals.equivalents[other];
+    const BlockVector p = 2.0 / generations;
+    BlockVector kinship = lanes[member].each * 0.5, rest, first = p;
+    set_rest_of_small<BlockVector>(kinship, p, rest);
     for (std::size_t lane = 0; lane < places.size(); ++lane) {
-      const double generations = animals.equivalents[places[lane]] + animals.equivalents[other];
-      if (generations <= 0.0 || other == places[lane]) continue;
-      const double p = 2.0 / generations, kinship = 0.5 * relationships[lane];
-      ++rows[lane].count;
-      if (kinship <= 0.0) continue;
-      const double rest = rest_of_increase(kinship, p);
-      rows[lane].rest += rest;
-      rows[lane].increase += p * kinship + rest;
+      const bool is_pair = generations[lane] > 0.0 && other != places[lane];
+      rows.count[lane] += is_pair ? 1 : 0;
+      if (!is_pair || kinship[lane] <= 0.0) {
+        kinship[lane] = rest[lane] = first[lane] = 0.0;
+      } else if (kinship[lane] > small_kinship) {
+        rest[lane] = rest_of_large(kinship[lane], p[lane]);
+      }
     }
+    rows.rest.each += rest;
+    rows.increase.each += first * kinship + rest;
     ++other;
   }
 }
@@ -229,11 +244,11 @@ void add_block(const PairedAnimals& animals, std::span<const std::size_t> places
   std::vector<std::int32_t> block;
   for (const std::size_t place : places) block.push_back(animals.pedigree.members[place]);
   relate_block(animals.pedigree, block, animals.pedigree.count(), lanes);
-  std::array<RowSums, coancestry_block> sums = {};
-  add_rows(animals, lanes, places, std::span(sums).first(places.size()));
-  for (const RowSums& row : std::span(sums).first(places.size())) {
-    rows.rests.push_back(row.rest);
-    if (row.count > 0) rows.means.push_back(row.increase / static_cast<double>(row.count));
+  BlockRows sums;
+  add_rows(animals, lanes, places, sums);
+  for (std::size_t lane = 0; lane < places.size(); ++lane) {
+    rows.rests.push_back(sums.rest.each[lane]);
+    if (sums.count[lane] > 0) rows.means.push_back(sums.increase.each[lane] / static_cast<double>(sums.count[lane]));
   }
 }
 

@@ -340,7 +340,7 @@ void write_parts(CardWriter& writer) {
 
 /// The identification of a founder, or of the animal whose parent it is.
 std::string founder_label(const CardWriter& writer, const FounderPart& founder) {
-  const std::string id = pressable(writer, founder.position);
+  std::string id = pressable(writer, founder.position);
   if (!founder.is_unknown_parent) return id;
   const bool is_sire = known_parents(writer.store(), founder.position).sire == 0;
   return writer.words(is_sire ? unknown_sire_of : unknown_dam_of, {id});
