@@ -1,5 +1,7 @@
 #include "control/population_analysis.h"
 
+#include <array>
+#include <functional>
 #include <string_view>
 #include <utility>
 
@@ -57,36 +59,68 @@ void check_size(const AnalysedPopulation& population, const OldestParents& oldes
                      streams);
 }
 
-/// Fills the parents' ages and the completeness of every animal, and everything that is counted; yields the yearly
-/// tables, which become part of the block. Dates that would make an endless report stop the run with a message that
-/// names `data_file`.
-MonitorTables compute_statistics(AnalysedPopulation& population, std::string_view data_file, RunStreams& streams) {
+/// Fills the parents' ages. Dates that would make an endless report stop the run with a message that names `data_file`.
+OldestParents determine_ages(AnalysedPopulation& population, std::string_view data_file, RunStreams& streams) {
+  const OldestParents oldest = determine_parent_ages(population.store, streams.console);
+  check_parent_ages(population.store, oldest, data_file, streams);
+  check_size(population, oldest, data_file, streams);
+  return oldest;
+}
+
+/// Fills the completeness of every animal and everything that is counted; yields the yearly tables, which become part
+/// of the block.
+MonitorTables compute_statistics(AnalysedPopulation& population, const OldestParents& oldest, TextOutput& console) {
   PopulationStore& store = population.store;
   Analysis& analysis = population.analysis;
-  const OldestParents oldest = determine_parent_ages(store, streams.console);
-  check_parent_ages(store, oldest, data_file, streams);
-  check_size(population, oldest, data_file, streams);
   determine_completeness(store);
   MonitorTables tables = monitor_population(store, analysis.years, population.settings.layout.colours,
-                                            population.breeders, oldest, streams.console);
+                                            population.breeders, oldest, console);
   WholeExtras& extras = analysis.extras;
-  extras.top_sires = compute_top_sires(store, analysis.years, streams.console);
+  extras.top_sires = compute_top_sires(store, analysis.years, console);
   extras.summary = summarise_population(store.birth_years, tables, extras.top_sires);
   return tables;
 }
 
-/// Fills F of every animal and kinship per year, and makes the block from the tables and the rates.
-void compute_genetics(AnalysedPopulation& population, MonitorTables tables, RunStreams& streams) {
+/// Fills F of every animal; yields kinship per year.
+YearlyInbreeding compute_genetics(AnalysedPopulation& population, bool shows_subpopulations, TextOutput& console,
+                                  PhaseTimes* phase_times) {
   PopulationStore& store = population.store;
-  Analysis& analysis = population.analysis;
-  begin_phase(streams.phase_times, "inbreeding");
+  begin_phase(phase_times, "inbreeding");
   const AncestorPedigree ancestors = make_ancestor_pedigree(store);
-  compute_inbreeding(store, ancestors, streams.console);
-  begin_phase(streams.phase_times, "kinship per year");
+  compute_inbreeding(store, ancestors, console);
+  begin_phase(phase_times, "kinship per year");
   const Subpopulations none;
-  const Subpopulations& compared = streams.shows_subpopulations ? population.settings.layout.subpopulations : none;
-  YearlyInbreeding inbreeding = compute_kinship_by_year(store, ancestors, analysis.years, compared, streams.console);
-  echo_inbreeding(inbreeding.whole, streams.console);
+  const Subpopulations& compared = shows_subpopulations ? population.settings.layout.subpopulations : none;
+  YearlyInbreeding inbreeding = compute_kinship_by_year(store, ancestors, population.analysis.years, compared, console);
+  echo_inbreeding(inbreeding.whole, console);
+  return inbreeding;
+}
+
+/// Fills the statistics, F and the block. Statistics and genetics need nothing of each other: they are computed at once
+/// where the run has tasks done side by side, and what the genetics say is shown behind what the statistics say.
+void complete_analysis(AnalysedPopulation& population, std::string_view data_file, RunStreams& streams) {
+  const OldestParents oldest = determine_ages(population, data_file, streams);
+  const bool is_side_by_side = streams.do_tasks != nullptr;
+  TextOutput beside;
+  beside.is_english = streams.console.is_english;
+  beside.stop_request = streams.console.stop_request;
+  MonitorTables tables;
+  YearlyInbreeding inbreeding;
+  const std::array<std::function<void()>, 2> steps = {
+      [&] { tables = compute_statistics(population, oldest, streams.console); },
+      [&] {
+        inbreeding =
+            compute_genetics(population, streams.shows_subpopulations, is_side_by_side ? beside : streams.console,
+                             is_side_by_side ? nullptr : streams.phase_times);
+      }};
+  if (is_side_by_side) {
+    streams.do_tasks(steps);
+  } else {
+    for (const std::function<void()>& step : steps) step();
+  }
+  append(streams.console, beside.pending);
+  const PopulationStore& store = population.store;
+  Analysis& analysis = population.analysis;
   const RateSummary rates = compute_rates(inbreeding.whole, store.birth_years.count);
   analysis.whole = make_block(store, {population.settings.population_name.full(), all_positions(store),
                                       std::move(tables), std::move(inbreeding.whole), rates});
@@ -118,8 +152,7 @@ AnalysedPopulation analyse_population(SteerSettings settings, LineReader& data, 
   begin_phase(streams.phase_times, "subpopulation scan");
   population.analysis = begin_analysis(store, population.settings, streams);
   begin_phase(streams.phase_times, "yearly statistics");
-  MonitorTables tables = compute_statistics(population, data.name, streams);
-  compute_genetics(population, std::move(tables), streams);  // the block is complete
+  complete_analysis(population, data.name, streams);
   return population;
 }
 

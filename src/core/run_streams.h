@@ -3,6 +3,8 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -24,6 +26,8 @@ struct RunStreams {
   bool shows_subpopulations = true;   ///< otherwise they may be as many as they are, and nothing is computed of them
   bool has_changed_input = false;     ///< an input file changed while it was read: nothing comes of the run
   PhaseTimes* phase_times = nullptr;  ///< for benchmarks; null: nobody measures
+  /// Does these at once; null: one is done after the other. Phases are not measured then.
+  void (*do_tasks)(std::span<const std::function<void()>> tasks) = nullptr;
 };
 
 /// Ends the run with exit status 1. Everything printed so far reaches its stream.

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <filesystem>
 #include <new>
+#include <span>
 #include <stdexcept>
 #include <utility>
 
@@ -10,6 +11,7 @@
 #include "control/corrected_data.h"
 #include "control/run_ending.h"
 #include "control/steer_file.h"
+#include "core/side_by_side.h"
 #include "text/phrases.h"
 #include "tools/folder_command.h"
 
@@ -79,6 +81,7 @@ std::optional<ToolRefusal> analyse_folder(FolderUse use, StopRequest stop_reques
   RunStreams run;
   run.console.stop_request = stop_request;
   run.shows_subpopulations = use == FolderUse::subpopulations_too;
+  run.do_tasks = [](std::span<const Task> tasks) { do_side_by_side(tasks, threads_of_machine()); };
   try {
     population = analyse_population(std::move(settings), data, run);
     population.corrections = corrections_in_data(std::string(steer_file_name), population.data_state);
