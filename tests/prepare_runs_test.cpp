@@ -191,5 +191,63 @@ TEST(Prepare, TheColumnInUseIsNotAmongThoseNotUsed) {
   EXPECT_FALSE(has(run.console, "not used: \"Ear tag\"")) << run.console;
 }
 
+// A ram and three ewes: too few parents to tell that hardly any of them has a line.
+TEST(Prepare, AColumnThatHoldsFewParentsGoesBeforeARuleToo) {
+  std::string text = "ID;Ear tag;Sire;Dam;Sex;Born\n";
+  const auto tag = [](int id) { return "NL0" + std::to_string(15 + id); };
+  for (int i = 1; i <= 30; ++i) {
+    const bool is_young = i > 4;
+    text += std::to_string(i) + ";" + tag(i) + ";" + (is_young ? tag(1) + ";" + tag(i % 3 + 2) : ";") + ";" +
+            (i == 1 ? "M" : "F") + ";13-04-20" + (is_young ? "13" : "10") + "\n";
+  }
+  const WholeRun run = run_program_on({{"export.csv", text}}, prepare_with({"--species", "sheep"}, "export.csv"));
+  EXPECT_FALSE(has(run.messages, "--ids")) << run.messages;
+  EXPECT_TRUE(has(run.messages,
+                  "Several columns could hold the id of the animal: \"ID\" (column 1), \"Ear tag\" "
+                  "(column 2). Choose one: --column id=NUMBER."))
+      << run.messages;
+}
+
+/// Three rams, sixteen ewes, twenty young. Ids are running numbers, and so are the ear tags that the young name: those
+/// of the parents are the ids of young, all of them ewes.
+std::string herd_of_numeric_ear_tags() {
+  constexpr int animals = 39, parents = 19;
+  std::string text = "ID;Ear tag;Sire;Dam;Sex;Born\n";
+  const auto tag = [](int id) { return std::to_string((id + parents) % animals + 1); };
+  for (int i = 1; i <= animals; ++i) {
+    const bool is_young = i > parents;
+    text += std::to_string(i) + ";" + tag(i) + ";" + (is_young ? tag(i % 3 + 1) + ";" + tag(i % 16 + 4) : ";") + ";" +
+            (i <= 3 ? "M" : "F") + ";13-04-20" + (is_young ? "13" : "10") + "\n";
+  }
+  return text;
+}
+
+TEST(Prepare, ParentsThatAreNumbersOfTwoColumnsAreAskedAboutWithTheirSexes) {
+  const std::string text = herd_of_numeric_ear_tags();
+  const WholeRun run = run_program_on({{"export.csv", text}}, prepare_with({"--species", "sheep"}, "export.csv"));
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_TRUE(has(run.messages,
+                  "Several columns could hold the id of the animal: \"ID\" (column 1), \"Ear tag\" "
+                  "(column 2). Choose one: --column id=NUMBER."))
+      << run.messages;
+  EXPECT_TRUE(has(run.messages,
+                  "\"ID\" (column 1): 39 texts, 39 different, of the first 39 are dates: 0; such as \"1\", \"2\", "
+                  "\"3\"; of 16 texts of \"Dam\" (column 4) stand in \"ID\" (column 1): 16; if it is the id of the "
+                  "animals, 3 of 19 parents whose sex is known are of the wrong sex\n"))
+      << run.messages;
+  EXPECT_TRUE(has(run.messages,
+                  "\"Ear tag\" (column 2): 16; if it is the id of the animals, 0 of 19 parents whose sex "
+                  "is known are of the wrong sex"))
+      << run.messages;
+  EXPECT_FALSE(has(run.messages, "--column sire=")) << "the ids are the cause";
+}
+
+TEST(Prepare, AChosenIdIsAskedForNoMore) {
+  const ProgramStart start = prepare_with({"--species", "sheep", "--column", "id=Ear tag"}, "export.csv");
+  const WholeRun run = run_program_on({{"export.csv", herd_of_numeric_ear_tags()}}, start);
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_TRUE(has(run.file("export.txt"), "\n21;m;13-04-2010;;\n")) << run.file("export.txt");
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -75,10 +75,6 @@ bool is_lone_number(const ExportRecord& record, const ColumnChoice& columns) {
   return is_unlike_number(columns.id_style, id) && count_filled(record) == 1;
 }
 
-bool is_plain_number(std::string_view text) {
-  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
-}
-
 /// "Total" in the place of an id unlike all others, with a number somewhere behind it: one parent at most, and few
 /// fields.
 bool is_total(const ExportRecord& record, const ColumnChoice& columns) {

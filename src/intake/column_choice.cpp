@@ -82,7 +82,10 @@ void ask_for_missing(FieldCode code, ColumnChoice& choice) {
 void add_candidates(const ColumnContents& contents, ColumnChoice& choice) {
   for (Question& question : choice.questions) {
     const bool is_missing = question.kind == QuestionKind::column_missing || question.kind == QuestionKind::sex_missing;
-    if (is_missing) question.values.back() = list_candidates(question.field, contents, choice);
+    for (Value& value : question.values) {
+      auto* const evidence = std::get_if<ColumnEvidenceList>(&value);
+      if (is_missing && evidence != nullptr) *evidence = list_candidates(question.field, contents, choice);
+    }
   }
 }
 
@@ -188,6 +191,12 @@ std::span<const FieldCode> written_fields() {
 bool is_required(FieldCode code) {
   return code == id_column || code == sire_column || code == dam_column || code == sex_column ||
          code == birthdate_column;
+}
+
+bool has_open_id(const ColumnChoice& choice) {
+  return std::any_of(choice.questions.begin(), choice.questions.end(), [](const Question& question) {
+    return question.kind == QuestionKind::columns_alike && question.field == id_column;
+  });
 }
 
 bool has_open_column(const ColumnChoice& choice) {

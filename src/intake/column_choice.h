@@ -46,6 +46,9 @@ void ask_which(FieldCode code, std::span<const std::size_t> places, const Column
 /// Whether the column at this place, counted from 0, holds one of the fields.
 bool holds_field(const ColumnChoice& columns, std::size_t place);
 
+/// Whether several columns may be the identification of the animals, and the user has to say which.
+bool has_open_id(const ColumnChoice& choice);
+
 /// Whether a column that the program cannot run without is not decided on.
 bool has_open_column(const ColumnChoice& choice);
 

@@ -13,7 +13,7 @@ constexpr std::int64_t fields_for_a_date = 10;
 constexpr std::int64_t most_words_of_sexes = 12;
 
 bool are_different(const ColumnProfile& profile) {
-  return profile.texts_read > 0 && size_of(profile.texts) * 10 >= profile.texts_read * tenths_of_different_ids;
+  return are_nearly_different(size_of(profile.texts), profile.texts_read);
 }
 
 /// The columns whose texts stand in another one, or in which those of another one stand.
@@ -65,6 +65,21 @@ bool is_parent(FieldCode code) {
   return code == sire_column || code == dam_column;
 }
 
+/// Counts the parents that would be of the wrong sex if this column were the id; none as long as nobody knows which
+/// columns hold parents and sex.
+void compare_sexes(ColumnEvidence& evidence, std::size_t id, const ColumnContents& contents,
+                   const ColumnChoice& columns) {
+  const auto place_of = [&](FieldCode code) { return columns.place[static_cast<std::size_t>(code)]; };
+  const auto sex = place_of(sex_column), sire = place_of(sire_column), dam = place_of(dam_column);
+  const std::size_t count = contents.profiles.size();
+  if (!sex || !sire || !dam || *sex >= count || *sire >= count || *dam >= count) return;
+  const auto sexes = sexes_by_id(contents.text, contents.delimiter, columns, id, *sex);
+  const NamedSexes sires = count_named_sexes(contents.profiles[*sire].texts, sexes);
+  const NamedSexes dams = count_named_sexes(contents.profiles[*dam].texts, sexes);
+  evidence.parents_of_known_sex = sires.males + sires.females + dams.males + dams.females;
+  evidence.parents_of_wrong_sex = sires.females + dams.males;
+}
+
 ColumnEvidence evidence_of(std::size_t place, FieldCode code, const ColumnContents& contents,
                            const ColumnChoice& columns) {
   const ColumnProfile& profile = contents.profiles[place];
@@ -76,7 +91,10 @@ ColumnEvidence evidence_of(std::size_t place, FieldCode code, const ColumnConten
   evidence.judged = profile.judged;
   evidence.dates = profile.dates;
   evidence.examples = profile.examples;
-  if (code == id_column) evidence.links = links_into(place, contents, columns);
+  if (code == id_column) {
+    evidence.links = links_into(place, contents, columns);
+    compare_sexes(evidence, place, contents, columns);
+  }
   if (is_parent(code)) evidence.links = links_from(place, contents, columns);
   return evidence;
 }
@@ -85,10 +103,7 @@ ColumnEvidence evidence_of(std::size_t place, FieldCode code, const ColumnConten
 std::int64_t weight_of(const ColumnEvidence& evidence, FieldCode code) {
   std::int64_t linked = 0;
   for (const ColumnEvidence::Link& link : evidence.links) linked += link.found;
-  if (code == id_column) {
-    const bool is_different = evidence.texts > 0 && evidence.different * 10 >= evidence.texts * tenths_of_different_ids;
-    return is_different ? 1 + linked : 0;
-  }
+  if (code == id_column) return are_nearly_different(evidence.different, evidence.texts) ? 1 + linked : 0;
   if (is_parent(code)) return linked;
   if (code == birthdate_column) return evidence.dates * fields_for_a_date >= evidence.judged ? evidence.dates : 0;
   if (code != sex_column) return evidence.texts;
@@ -99,6 +114,10 @@ std::int64_t weight_of(const ColumnEvidence& evidence, FieldCode code) {
 }
 
 }  // namespace
+
+bool are_nearly_different(std::int64_t different, std::int64_t texts) {
+  return texts > 0 && different * 10 >= texts * tenths_of_different_ids;
+}
 
 ColumnEvidenceList list_evidence(std::span<const std::size_t> places, FieldCode code, const ColumnContents& contents,
                                  const ColumnChoice& columns) {

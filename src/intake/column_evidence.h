@@ -2,6 +2,7 @@
 // column.
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string>
 #include <vector>
@@ -13,6 +14,9 @@ namespace pedigreewatch {
 
 /// At most so many columns are named as those that may hold a field.
 inline constexpr std::size_t most_candidates = 5;
+
+/// Whether so many of the texts differ as those of identifications do.
+bool are_nearly_different(std::int64_t different, std::int64_t texts);
 
 /// The columns without a field that may hold this one, those for which most speaks first: ids by texts that nearly all
 /// differ, with the columns that stand in them; parents by texts that stand among such ids; sexes by few different

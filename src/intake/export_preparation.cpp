@@ -16,6 +16,7 @@
 #include "intake/column_matches.h"
 #include "intake/export_records.h"
 #include "intake/id_matches.h"
+#include "intake/rival_ids.h"
 #include "intake/rival_parents.h"
 #include "intake/short_years.h"
 #include "intake/young_columns.h"
@@ -253,21 +254,29 @@ void compare_ids(const PrepareOptions& options, Preparation& result) {
     survey.id_proposal = propose_id_rules(table, survey.links);
 }
 
+/// Asks which of several columns holds a field, `places` and the one in use. They are read once more for what they
+/// hold.
+void ask_for_rivals(FieldCode code, std::vector<std::size_t> places, Preparation& read) {
+  const ColumnContents contents = {read.text, read.reading.delimiter,
+                                   profile_columns(read.text, read.reading.delimiter, read.columns)};
+  places.push_back(*read.columns.place[static_cast<std::size_t>(code)]);
+  std::sort(places.begin(), places.end());
+  ask_which(code, places, &contents, read.columns);
+}
+
+/// Asks for the id where a second column holds the parents as well as the one in use.
+void ask_for_rival_ids(const PrepareOptions& options, Preparation& read) {
+  const ExportTable table = {read.text, read.reading.delimiter, read.columns, options.unknown};
+  std::vector<std::size_t> places = find_rival_ids(table, read.survey.links, options);
+  if (!places.empty()) ask_for_rivals(id_column, std::move(places), read);
+}
+
 /// Asks for the father and the mother where a second column names others than the one in use.
 void ask_for_rival_parents(const PrepareOptions& options, Preparation& read) {
   const ExportTable table = {read.text, read.reading.delimiter, read.columns, options.unknown};
-  std::vector<std::pair<FieldCode, std::vector<std::size_t>>> found;
   for (const FieldCode parent : {sire_column, dam_column}) {
     std::vector<std::size_t> places = find_rival_parents(table, read.survey, parent, options);
-    if (!places.empty()) found.emplace_back(parent, std::move(places));
-  }
-  if (found.empty()) return;
-  const ColumnContents contents = {read.text, read.reading.delimiter,
-                                   profile_columns(read.text, read.reading.delimiter, read.columns)};
-  for (auto& [parent, places] : found) {
-    places.push_back(*read.columns.place[static_cast<std::size_t>(parent)]);
-    std::sort(places.begin(), places.end());
-    ask_which(parent, places, &contents, read.columns);
+    if (!places.empty()) ask_for_rivals(parent, std::move(places), read);
   }
 }
 
@@ -321,7 +330,10 @@ std::optional<Refusal> survey_columns(const PrepareOptions& options, ProgressLin
   std::optional<Refusal> refusal = survey_linked_columns(options, progress, result);
   if (refusal) return refusal;
   compare_ids(options, result);
-  if (!has_open_column(result.columns) && !lacks_lines(result.survey)) ask_for_rival_parents(options, result);
+  if (!has_open_column(result.columns) && !lacks_lines(result.survey)) {
+    ask_for_rival_ids(options, result);
+    ask_for_rival_parents(options, result);
+  }
   if (lack_sexes(result.columns) && !has_open_column(result.columns)) {
     result.survey.concluded_sexes =
         conclude_sexes(result.text, result.reading.delimiter, result.columns, result.survey.id_substitutes.ids);

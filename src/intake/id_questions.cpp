@@ -53,7 +53,8 @@ std::vector<Question> ask_for_ids(const ExportSurvey& survey, const ColumnChoice
   if (options.ids) return questions;
   ask_for_destroyed(survey, columns, questions);
   const IdProposal& proposal = survey.id_proposal;
-  if (!questions.empty() || !is_worth_asking(proposal) || holds_all_parents(survey.matches)) return questions;
+  if (!questions.empty() || !is_worth_asking(proposal)) return questions;
+  if (has_open_id(columns) || holds_all_parents(survey.matches)) return questions;
   const std::string name = name_of_rules(proposal.rules);
   questions.push_back({QuestionKind::ids_alike,
                        {proposal.without_line, proposal.explained, proposal.rules, name, IdPairList{proposal.examples}},

@@ -74,15 +74,16 @@ void ask_for_doubtful_parents(const ExportSurvey& survey, const PrepareOptions& 
   plan.questions.push_back(std::move(question));
 }
 
-/// The sexes, and whether the parents are of the right one. Where they are not their columns are the cause; what the
-/// sexes mean shows once these are right.
+/// The sexes, and whether the parents are of the right one. Where they are not their columns are the cause, or that of
+/// the ids; what the sexes mean shows once these are right.
 void choose_sexes_of_plan(const ExportSurvey& survey, const ColumnChoice& columns, const PrepareOptions& options,
                           PreparePlan& plan) {
   const std::size_t asked_before = plan.questions.size();
-  ask_for_parents_of_wrong_sex(survey, columns, options, plan.questions);
+  const bool is_open = has_open_id(columns);
+  if (!is_open) ask_for_parents_of_wrong_sex(survey, columns, options, plan.questions);
   const bool are_exchanged = plan.questions.size() > asked_before;
   plan.sexes = choose_sexes(survey, options, plan.questions);
-  if (!are_exchanged) return;
+  if (!is_open && !are_exchanged) return;
   std::erase_if(plan.questions,
                 [](const Question& question) { return question.kind == QuestionKind::sexes_contradict; });
 }

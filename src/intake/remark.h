@@ -66,6 +66,7 @@ struct ColumnEvidence {
   std::int64_t judged = 0, dates = 0;     ///< of the first lines
   std::vector<std::string> examples;
   std::vector<Link> links;
+  std::int64_t parents_of_known_sex = 0, parents_of_wrong_sex = 0;  ///< if this were the id of the animals
 };
 struct ColumnEvidenceList {
   std::vector<ColumnEvidence> columns;

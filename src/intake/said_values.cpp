@@ -34,6 +34,10 @@ constexpr Wording evidence_examples = {"; such as {1}", "; zoals {1}"};
 constexpr Wording evidence_link = {"; of {1} texts of \"{2}\" (column {3}) stand in \"{4}\" (column {5}): {6}",
                                    "; van {1} teksten van \"{2}\" (kolom {3}) staan in \"{4}\" (kolom {5}): {6}"};
 
+constexpr Wording evidence_sexes = {
+    "; if it is the id of the animals, {1} of {2} parents whose sex is known are of the wrong sex",
+    "; als het de id van de dieren is, zijn {1} van de {2} ouders met een bekend geslacht van het verkeerde geslacht"};
+
 constexpr Wording all_names = {"all {1} of them: {2}", "alle {1}: {2}"};
 constexpr Wording names_from_size = {"the {1} with at least {3} animals, all others together as one: {2}",
                                      "de {1} met minstens {3} dieren, alle andere samen als \xC3\xA9\xC3\xA9n: {2}"};
@@ -198,6 +202,10 @@ std::string description_of(const ColumnEvidence& column, ToolLanguage language) 
     text += phrase(evidence_link, language,
                    {std::to_string(link.of), shown(link.heading), std::to_string(link.number),
                     shown(link.other_heading), std::to_string(link.other_number), std::to_string(link.found)});
+  }
+  if (column.parents_of_known_sex > 0) {
+    text += phrase(evidence_sexes, language,
+                   {std::to_string(column.parents_of_wrong_sex), std::to_string(column.parents_of_known_sex)});
   }
   return text;
 }

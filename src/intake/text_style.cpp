@@ -43,9 +43,12 @@ TextStyle style_of(const StyleCounts& counts) {
   return style;
 }
 
+bool is_plain_number(std::string_view text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 bool is_unlike_number(const TextStyle& style, std::string_view text) {
-  const bool is_number = !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
-  return style.is_known && is_number && (style.needs_letter || text.size() < style.shortest);
+  return style.is_known && is_plain_number(text) && (style.needs_letter || text.size() < style.shortest);
 }
 
 bool is_unlike(const TextStyle& style, std::string_view text) {

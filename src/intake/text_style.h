@@ -35,6 +35,9 @@ void count_signs(StyleCounts& counts, std::string_view text);
 
 TextStyle style_of(const StyleCounts& counts);
 
+/// Whether a text is digits alone.
+bool is_plain_number(std::string_view text);
+
 /// Whether a number has no letter where all texts have one, or fewer digits than any of them has signs. False for
 /// other texts, and where the style is not known.
 bool is_unlike_number(const TextStyle& style, std::string_view text);
