@@ -5,6 +5,7 @@ import { ask } from "./client";
 import { bytesOf, text, work } from "./desk";
 import type { Desk } from "./desk";
 import { button, chooser, decimal, make, nameOf, percentage, save, shownNumber } from "./dom";
+import { drawYearFields, proposedYears, wordsOfAges } from "./birth_years";
 import { animalButton } from "./card";
 import { changeLeftOut, drawLeftOut, drawLeftOutNote, withAnimal } from "./left_out";
 import { drawForecast } from "./forecast_part";
@@ -140,12 +141,6 @@ function drawMales(desk: Desk, males: NonNullable<Desk["males"]>): HTMLElement {
     make("p", { class: "hint" }, text(desk, "littleKnown")));
 }
 
-/** Birth years of the males that are as old as sires have been, when the next young are born. */
-function yearsOfSires(desk: Desk): { first: number; last: number } {
-  const { lastYear = 0, sireAges: [youngest, oldest] = [] } = desk.run ?? {};
-  return youngest === undefined || oldest === undefined ? { first: lastYear - 9, last: lastYear } : { first: lastYear + 1 - oldest, last: lastYear + 1 - youngest };
-}
-
 /** Whether rankings and plans take animals that have gone. */
 function drawTakeGone(desk: Desk): HTMLElement | null {
   if (desk.run?.isAvailabilityTold !== true) return null;
@@ -157,28 +152,14 @@ function drawTakeGone(desk: Desk): HTMLElement | null {
 
 /** Where the years come from, and what nobody has said. */
 function drawAges(desk: Desk): HTMLElement {
-  const { lastYear = 0, sireAges: [youngest, oldest] = [] } = desk.run ?? {}, { first, last } = yearsOfSires(desk);
-  return make("p", { class: "hint", id: "sire-ages" }, youngest === undefined || oldest === undefined ? "" : text(desk, "sireAges", youngest, oldest, first, last, lastYear + 1),
+  return make("p", { class: "hint", id: "sire-ages" }, wordsOfAges(desk, true),
     " ", desk.run?.isAvailabilityTold === true ? text(desk, "onlyAvailable", shownNumber(desk.run.available, desk.language)) : text(desk, "nobodySaidAlive"), drawTakeGone(desk),
     desk.run === undefined || desk.run.availableNote === "" ? null : make("strong", { id: "available-note" }, ` ${desk.run.availableNote}`));
 }
 
 function drawYears(desk: Desk): HTMLElement {
-  const years = desk.years ??= yearsOfSires(desk);
-  const field = (id: string, given: number, set: (year: number) => void) => {
-    let year = given;
-    const input = make("input", { type: "text", id, value: year, size: 5, inputmode: "numeric", "aria-describedby": `${id}-problem` });
-    const problem = make("span", { class: "unread", id: `${id}-problem`, role: "status" });
-    input.addEventListener("change", () => {
-      const typed = input.value.trim(), isYear = /^-?\d{1,4}$/.test(typed);
-      problem.textContent = isYear ? "" : text(desk, "noYear", typed, year);
-      if (isYear) set(year = Number(typed));
-      else input.value = String(year);
-    });
-    return make("span", {}, input, problem);
-  };
-  return make("p", { class: "row" }, make("label", { for: "first-year" }, text(desk, "bornFrom")), field("first-year", years.first, (year) => { years.first = year; }),
-    make("label", { for: "last-year" }, text(desk, "bornTo")), field("last-year", years.last, (year) => { years.last = year; }),
+  const years = desk.years ??= proposedYears(desk, true);
+  return make("p", { class: "row" }, ...drawYearFields(desk, years, "first-year", "last-year"),
     button(text(desk, "rank"), () => rank(desk), { class: "main", disabled: desk.female === undefined, id: "rank" }),
     desk.female === undefined ? make("span", { class: "hint" }, text(desk, "chooseFemale")) : null);
 }

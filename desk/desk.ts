@@ -4,6 +4,7 @@
 import { readFiles, Unreadable } from "./chosen_files";
 import type { ChosenFile } from "./chosen_files";
 import type { AnimalList } from "./animal_list";
+import type { Years } from "./birth_years";
 import { ask, Cancelled, closeClient, createClient, Failed, stopWork } from "./client";
 import type { Client } from "./client";
 import { byId, make } from "./dom";
@@ -68,7 +69,7 @@ export interface Desk {
   female?: Animal;
   male?: Animal;
   pair?: PairAnswer;
-  years?: { first: number; last: number };
+  years?: Years;
   males?: { count: number; first: number; rows: MaleRow[]; byKinship: boolean };
   leftOut: DeskLeftOut;
   /** The place in the ranking of the male that is being left out. */
@@ -100,7 +101,7 @@ export interface DeskLeftOut { rows: LeftOutRow[]; isSaved: boolean; former?: { 
 
 /** Several females against several males: who they are, lists that are being pasted, what came of it. */
 export interface DeskMates {
-  females: Animal[]; males: Animal[]; pasted: { females: string; males: string }; notes: string[]; answer?: MatesAnswer;
+  females: Animal[]; males: Animal[]; pasted: { females: string; males: string }; years: { females?: Years; males?: Years }; notes: string[]; answer?: MatesAnswer;
   /** The answer has been saved. */
   isSaved?: boolean;
 }

@@ -1,14 +1,16 @@
 // Several females against several males: two lists, filled by the search or with pasted identifications, and the table of
 // their offspring's F in colours. On paper the table is cut into pieces of few columns.
 
+import { drawYearFields, proposedYears, wordsOfAges } from "./birth_years";
+import type { Years } from "./birth_years";
 import { animalButton } from "./card";
 import { ask } from "./client";
 import { bytesOf, printAlone, text, work } from "./desk";
 import type { Desk, DeskMates } from "./desk";
-import { button, decimal, make, nameOf, percentage, save } from "./dom";
+import { button, decimal, make, nameOf, percentage, save, shownNumber } from "./dom";
 import { drawSearch, goneMark } from "./search";
 import { workbookOf, workbookType } from "./workbook";
-import type { Animal, ListedAnimals, MatesAnswer, TableMate } from "./protocol";
+import type { Animal, BornAnimals, ListedAnimals, MatesAnswer, TableMate } from "./protocol";
 import type { TextName } from "./texts";
 
 type Side = "females" | "males";
@@ -36,6 +38,20 @@ function addListed(desk: Desk, mates: DeskMates, side: Side): void {
   });
 }
 
+/** Adds all that were born in the years at hand, if they are not too many for a table. */
+function addBorn(desk: Desk, mates: DeskMates, side: Side): void {
+  void work(desk, async () => {
+    const isMale = side === "males", { first, last } = yearsOf(desk, mates, side);
+    const { animals, count, most } = await ask<BornAnimals>(desk.client, "born", [isMale ? 1 : 2, first, last, desk.takesGone === true ? 1 : 0]);
+    mates.notes = count === 0 ? [text(desk, "noneBorn", first, last)] : count > most ? [text(desk, "tooManyBorn", shownNumber(count, desk.language), first, last, most)] : [];
+    if (count <= most) addMates(mates, side, animals);
+  });
+}
+
+function yearsOf(desk: Desk, mates: DeskMates, side: Side): Years {
+  return mates.years[side] ??= proposedYears(desk, side === "males");
+}
+
 async function compare(desk: Desk, mates: DeskMates): Promise<void> {
   const positions = (side: Side) => mates[side].map(({ position }) => position).join(",");
   const answer = await ask<MatesAnswer>(desk.client, "compareMates", [positions("females"), positions("males")]);
@@ -61,6 +77,9 @@ function drawSide(desk: Desk, mates: DeskMates, side: Side): HTMLElement {
       desk.draw();
       document.getElementById(`search-${side}`)?.focus();
     } }),
+  make("p", { class: "row" }, ...drawYearFields(desk, yearsOf(desk, mates, side), `first-${side}`, `last-${side}`),
+    button(text(desk, "addBorn"), () => addBorn(desk, mates, side), { id: `born-${side}` })),
+  make("p", { class: "hint" }, wordsOfAges(desk, side === "males")),
   make("ul", { class: "chips", id: `chosen-${side}` }, ...chips),
   make("details", { open: mates.pasted[side] !== "" }, make("summary", {}, text(desk, "pasteList")),
     make("label", { for: `paste-${side}` }, text(desk, "pasteHint")), make("p", { class: "row" }, area,
@@ -121,7 +140,7 @@ function drawAnswer(desk: Desk, mates: DeskMates, answer: MatesAnswer): HTMLElem
 }
 
 export function drawMates(desk: Desk): HTMLElement[] {
-  const mates = desk.mates ??= { females: [], males: [], pasted: { females: "", males: "" }, notes: [] };
+  const mates = desk.mates ??= { females: [], males: [], pasted: { females: "", males: "" }, years: {}, notes: [] };
   const isEmpty = mates.females.length === 0 || mates.males.length === 0;
   return [make("h2", {}, text(desk, "matesTitle")), make("p", { class: "hint" }, text(desk, "matesHint")),
     make("div", { class: "pair" }, drawSide(desk, mates, "females"), drawSide(desk, mates, "males")),

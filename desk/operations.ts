@@ -25,6 +25,7 @@ export const operations = {
   orderMales: "desk_order_males",
   listMales: "desk_list_males",
   listed: "desk_find_listed",
+  born: "desk_find_born",
   leaveOut: "desk_leave_out",
   compareMates: "desk_compare_mates",
   board: "desk_set_board",

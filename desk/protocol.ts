@@ -58,7 +58,7 @@ export interface FindingRow {
   original: string;
 }
 
-export interface RunAnswer extends Messages { animals: number; firstYear: number; lastYear: number; reportName: string; subpopulations: string[]; sireAges: number[]; isAvailabilityTold: boolean; available: number; availableNote: string; corrections: number; }
+export interface RunAnswer extends Messages { animals: number; firstYear: number; lastYear: number; reportName: string; subpopulations: string[]; sireAges: number[]; damAges: number[]; isAvailabilityTold: boolean; available: number; availableNote: string; corrections: number; }
 
 /** `gone`: what the export says of an animal that is no longer there; empty where it says no more than that. */
 export interface Animal { position: number; id: string; name: string; isMale: boolean; year: number; f: number | null; gone?: string; }
@@ -77,6 +77,8 @@ export interface MaleRow extends Parent {
 }
 
 /** The animals of a list, a line each; where no animal has the identification, the position is 0 and the rest missing. */
+/** All that were born in some years: how many, and they themselves where they are no more than `most`. */
+export interface BornAnimals { count: number; most: number; animals: Animal[]; }
 export interface ListedAnimals { animals: (Animal | { position: number; id: string })[]; }
 export interface TableMate extends Mate { isShallow: boolean; }
 /** `f` and `classes` row by row, a row for each female; `beyond` are places in them. */

@@ -49,6 +49,36 @@ test("SeveralFemalesAndSeveralMalesAreATableInColours", () => withDesk(async (pa
   assert.match(await textOf(page, "#mates-legend"), /volle neef en nicht/);
 }));
 
+test("AllOfTheUsualAgesAreAddedAtOnceAndOtherYearsCanBeTyped", () => withDesk(async (page, desk) => {
+  await openBreeding(page, desk);
+  const chosen = (side) => page.$$eval(`#chosen-${side} li .press`, (chips) => chips.map((chip) => chip.textContent));
+  // Dams and sires were two years old; two years old in 2005 are those born in 2003.
+  assert.match(await textOf(page, "#step"), /nine dams in ten were 2 to 2 years old, as far as known\. Females born 2003 to 2003 are that old in 2005\./);
+  for (const side of ["females", "males"]) {
+    await page.focus(`#born-${side}`);
+    await page.keyboard.press("Enter");
+    await idle(page);
+    assert.equal(await page.evaluate(() => document.activeElement.id), `born-${side}`);
+  }
+  assert.deepEqual([await chosen("females"), await chosen("males")], [["G"], ["F"]]);
+  const type = async (field, year) => {
+    await page.click(field, { clickCount: 3 });
+    await page.type(field, year);
+    await page.keyboard.press("Tab");
+  };
+  await type("#first-females", "2002");
+  await type("#last-females", "2004");
+  await page.click("#born-females");
+  await idle(page);
+  assert.deepEqual(await chosen("females"), ["G", "C", "E"], "each once");
+  assert.deepEqual(await violations(page), []);
+  await type("#first-females", "1990");
+  await type("#last-females", "1991");
+  await page.click("#born-females");
+  await idle(page);
+  assert.match(await textOf(page, "#step"), /No animal that can be chosen was born 1990 to 1991\./);
+}));
+
 test("AListOfIdsIsPastedAndWhatCannotBeTakenIsNamed", () => withDesk(async (page, desk) => {
   await openBreeding(page, desk);
   await page.click("#chosen-females + details summary");

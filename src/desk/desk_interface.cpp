@@ -246,6 +246,14 @@ void desk_find_listed(DeskHandle* handle, const char* ids) {
   answer(handle, [&](const Desk& desk) { return pedigreewatch::find_listed(desk, ids); });
 }
 
+void desk_find_born(DeskHandle* handle, std::int32_t sex, std::int32_t first_year, std::int32_t last_year,
+                    std::int32_t takes_all) {
+  const pedigreewatch::Sex wanted = sex == 1 ? pedigreewatch::male : pedigreewatch::female;
+  answer(handle, [&](Desk& desk) {
+    return pedigreewatch::find_born(desk, {wanted, first_year, last_year, takes_all != 0});
+  });
+}
+
 void desk_leave_out(DeskHandle* handle, const char* positions) {
   answer(handle, [&](Desk& desk) { return pedigreewatch::leave_out(desk, positions); });
 }

@@ -53,6 +53,8 @@ void desk_order_males(DeskHandle* handle, std::int32_t by_mean_kinship);
 void desk_list_males(DeskHandle* handle, std::int32_t first, std::int32_t count);
 /// Animals by lists, animals that are left out, several of both sexes: see mates_desk.h.
 void desk_find_listed(DeskHandle* handle, const char* ids);
+void desk_find_born(DeskHandle* handle, std::int32_t sex, std::int32_t first_year, std::int32_t last_year,
+                    std::int32_t takes_all);
 void desk_leave_out(DeskHandle* handle, const char* positions);
 void desk_compare_mates(DeskHandle* handle, const char* females, const char* males);
 

@@ -163,6 +163,29 @@ std::string find_listed(const Desk& desk, std::string_view ids) {
   return std::move(json.text);
 }
 
+std::string find_born(const Desk& desk, const BornWished& wished) {
+  std::vector<std::int32_t> born;
+  if (desk.results) born = candidates_born(store_of(desk), wished.first_year, wished.last_year, wished.sex);
+  std::erase_if(born, [&](std::int32_t position) {
+    const bool is_gone = !wished.takes_all && !desk.results->available.has(position);
+    return is_gone || std::find(desk.left_out.begin(), desk.left_out.end(), position) != desk.left_out.end();
+  });
+  JsonText json;
+  begin_object(json);
+  add_integer(json, "count", std::ssize(born));
+  add_integer(json, "most", static_cast<std::int64_t>(most_mates));
+  begin_list(json, "animals");
+  if (born.size() > most_mates) born.clear();
+  for (const std::int32_t position : born) {
+    begin_object(json);
+    add_animal(json, *desk.results, position);
+    end_object(json);
+  }
+  end_list(json);
+  end_object(json);
+  return std::move(json.text);
+}
+
 std::string leave_out(Desk& desk, std::string_view positions) {
   desk.left_out = positions_named(desk, positions);
   JsonText json;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,17 @@ inline constexpr std::size_t most_mates = 100;
 /// The animals that a list names, an identification a line. Yields an object: animals, one for each line that is not
 /// blank (position, id, name, isMale, year, f; position 0 and the text of the line where no animal has it).
 std::string find_listed(const Desk& desk, std::string_view ids);
+
+/// Animals of a sex by their birth years, and whether those that have gone count too.
+struct BornWished {
+  Sex sex = female;
+  std::int32_t first_year = 0, last_year = 0;
+  bool takes_all = false;
+};
+
+/// All such animals but those that are left out. Yields an object: count, most (that a table takes), animals (as above;
+/// none where they are more than that).
+std::string find_born(const Desk& desk, const BornWished& wished);
 
 /// Leaves animals out of the rankings and plans that are made from now on, by their positions, with commas between
 /// them; those that were left out before are not any longer. Yields an object: count.

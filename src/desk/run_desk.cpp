@@ -127,10 +127,10 @@ void add_subpopulations(JsonText& json, const PopulationStore& store) {
   end_list(json);
 }
 
-/// The ages within which sires are used: the youngest and the oldest; empty where none is known.
-void add_sire_ages(JsonText& json, const PopulationStore& store) {
-  begin_list(json, "sireAges");
-  if (const std::optional<BreedingAges> ages = breeding_ages(store, male)) {
+/// The ages within which sires, or dams, are used: the youngest and the oldest; empty where none is known.
+void add_ages(JsonText& json, std::string_view name, const PopulationStore& store, Sex parent) {
+  begin_list(json, name);
+  if (const std::optional<BreedingAges> ages = breeding_ages(store, parent)) {
     add_integer(json, ages->youngest);
     add_integer(json, ages->oldest);
   }
@@ -157,7 +157,8 @@ std::string run_analysis(Desk& desk) {
     add_integer(json, "firstYear", has_years ? store.birth_years.first : 0);
     add_integer(json, "lastYear", has_years ? store.birth_years.last : 0);
     add_subpopulations(json, store);
-    add_sire_ages(json, store);
+    add_ages(json, "sireAges", store, male);
+    add_ages(json, "damAges", store, female);
     add_logical(json, "isAvailabilityTold", desk.results->available.is_told);
     add_integer(json, "available", desk.results->available.count);
     add_text(json, "availableNote", desk.results->note_on_available);

@@ -95,7 +95,8 @@ TEST(AllAnimals, AreListedInAWindow) {
   DeskWithResults herd_desk;
   EXPECT_EQ(choose_animals(herd_desk.desk, "order=id"), R"({"count":6,"unread":[]})");
   EXPECT_NE(run_analysis(herd_desk.desk).find(R"("subpopulations":["north","south"])"), std::string::npos);
-  EXPECT_NE(run_analysis(herd_desk.desk).find(R"("sireAges":[2,2])"), std::string::npos) << "A and C at two years each";
+  EXPECT_NE(run_analysis(herd_desk.desk).find(R"("sireAges":[2,2],"damAges":[2,2])"), std::string::npos)
+      << "A and C, and B and D, at two years each";
   const std::string rows = list_animals(herd_desk.desk, 4, 1);
   EXPECT_EQ(rows.find(R"({"rows":[{"position":)"), 0U) << rows;
   EXPECT_NE(rows.find(R"("id":"E","name":"Eva","isMale":false,"year":2004,"f":0.25,"meanKinship":)"), std::string::npos)

@@ -67,6 +67,20 @@ TEST(MatesDesk, ComparesEachFemaleWithEachMaleInTheOrderAsked) {
   EXPECT_TRUE(answer_says(compare_mates(mates.desk, mates.positions("HF"), mates.positions("GEA")), R"("beyond":[],)"));
 }
 
+TEST(MatesDesk, FindsAllOfASexThatWereBornInSomeYears) {
+  DeskWithMates mates(
+      "ID,Name,Sex,Born,Father,Mother,Died\nA,,ram,13-01-2000,,,16-03-2003\nB,,ewe,14-01-2000,,,17-03-2003\n"
+      "C,,ram,13-01-2001,,,\nD,,ewe,14-01-2001,,,\nE,,ewe,14-01-2002,,,\n");
+  EXPECT_TRUE(answer_says(find_born(mates.desk, {female, 2000, 2001, false}),
+                          R"({"count":1,"most":100,"animals":[{"position":4,"id":"D",)"));
+  EXPECT_TRUE(answer_says(find_born(mates.desk, {female, 2000, 2001, true}), R"({"count":2,)"));
+  EXPECT_TRUE(answer_says(find_born(mates.desk, {male, 2001, 2002, false}),
+                          R"({"count":1,"most":100,"animals":[{"position":3,"id":"C",)"));
+  leave_out(mates.desk, mates.positions("D"));
+  EXPECT_EQ(find_born(mates.desk, {female, 2000, 2001, false}), R"({"count":0,"most":100,"animals":[]})");
+  EXPECT_EQ(find_born(Desk{}, {female, 2000, 2001, false}), R"({"count":0,"most":100,"animals":[]})");
+}
+
 TEST(MatesDesk, TablesMarkThoseThatHaveGone) {
   DeskWithMates mates(
       "ID,Name,Sex,Born,Father,Mother,Died\nA,,ram,13-01-2000,,,16-03-2003\nB,,ewe,14-01-2000,,,17-03-2003\n"
@@ -113,6 +127,11 @@ TEST(MatesDesk, TakesAHundredOfEachAtMost) {
     }
     return positions;
   };
+  const std::string all = find_born(mates.desk, {female, 2003, 2003, false});
+  EXPECT_TRUE(answer_says(all, R"({"count":101,"most":100,"animals":[]})")) << "too many for a table";
+  leave_out(mates.desk, females(1));
+  EXPECT_TRUE(
+      answer_says(find_born(mates.desk, {female, 2003, 2003, false}), R"({"count":100,"most":100,"animals":[{)"));
   EXPECT_TRUE(answer_says(compare_mates(mates.desk, females(100), mates.positions("A")), R"("messages":[],)"));
   EXPECT_FALSE(mates_table(mates.desk).empty());
   EXPECT_TRUE(
