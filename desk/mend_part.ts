@@ -83,6 +83,11 @@ export function goOnWithout(desk: Desk, kind: string, what: "dates" | "parents")
   change(desk, () => ask<ProposedList>(desk.client, "goOn", [kind, what]));
 }
 
+/** The day of a number of days, below the number. */
+function dayOf(day?: string): HTMLElement | null {
+  return day === undefined ? null : make("small", { class: "day" }, `= ${day}`);
+}
+
 function isRefused({ refusedCell }: Desk, { line, animal }: Place, field: string): boolean {
   return refusedCell?.line === line && refusedCell.animal === animal && refusedCell.field === field;
 }
@@ -96,7 +101,7 @@ function drawRefusal(desk: Desk, place: Place, id: string): HTMLElement | null {
     isTaken ? button(text(desk, "sameAnimal", id, refusedCell.typed), () => correct(desk, place, "same as", refusedCell.typed)) : null);
 }
 
-function drawCell(desk: Desk, place: Place, cell: string, field: string, heading: string, classes: string): HTMLElement {
+function drawCell(desk: Desk, place: Place, cell: string, field: string, heading: string, classes: string, day?: string): HTMLElement {
   if (field === "") return make("td", {}, nameOf(cell));
   const isWrong = isRefused(desk, place, field), shown = isWrong ? desk.refusedCell?.typed ?? cell : cell;
   const input = make("input", { type: "text", value: shown, size: Math.max(6, Math.min(24, shown.length + 1)), "aria-label": text(desk, "cellOf", heading, place.line),
@@ -109,12 +114,13 @@ function drawCell(desk: Desk, place: Place, cell: string, field: string, heading
     desk.refusedCell = undefined;
     desk.draw();
   });
-  return make("td", {}, input);
+  return make("td", {}, input, dayOf(day));
 }
 
 function drawLine(desk: Desk, lines: FindingLines, row: FindingLines["rows"][number], isFirst: boolean): HTMLElement {
   const headings = lines.headings ?? [];
-  const cells = headings.map((heading, k) => drawCell(desk, row, row.cells[k] ?? "", lines.fields[k] ?? "", heading, isFirst && k === lines.column ? "meant" : ""));
+  const cells = headings.map((heading, k) => drawCell(desk, row, row.cells[k] ?? "", lines.fields[k] ?? "", heading, isFirst && k === lines.column ? "meant" : "",
+    lines.fields[k] === "birthdate" ? row.day : undefined));
   const leaveOut = button(text(desk, "leaveOut"), () => correct(desk, row, "leave out", ""), { "aria-label": `${text(desk, "leaveOut")}: ${text(desk, "line")} ${row.line}` });
   return make("tr", {}, make("th", { scope: "row", class: "number" }, String(row.line)), make("td", {}, leaveOut), ...cells);
 }
@@ -180,9 +186,9 @@ function drawCorrection(desk: Desk, rows: CorrectionRow[], place: number): HTMLE
   const input = (name: "becomes" | "why") => {
     const cell = make("input", { type: "text", value: row[name], size: 14, "aria-label": `${text(desk, name)}: ${row.id}, ${field}` });
     cell.addEventListener("change", () => changeRows(desk, rows.map((one, k) => (k === place ? { ...one, [name]: cell.value } : one))));
-    return make("td", {}, cell);
+    return make("td", {}, cell, name === "becomes" ? dayOf(row.becomesDay) : null);
   };
-  return make("tr", {}, make("th", { scope: "row" }, nameOf(row.id)), make("td", {}, field), make("td", {}, nameOf(row.was)),
+  return make("tr", {}, make("th", { scope: "row" }, nameOf(row.id)), make("td", {}, field), make("td", {}, nameOf(row.was), dayOf(row.wasDay)),
     row.field === "leave out" ? make("td") : input("becomes"), input("why"), make("td", {}, row.when),
     make("td", { class: isApplied ? "" : "severity-W" }, isApplied ? text(desk, "applied") : row.said),
     make("td", {}, button(text(desk, "drop"), () => changeRows(desk, rows.filter((_row, k) => k !== place)), { "aria-label": `${text(desk, "drop")}: ${row.id}, ${field}` })));
@@ -204,8 +210,8 @@ function drawOfficeList(desk: Desk, rows: CorrectionRow[]): HTMLElement {
   const today = new Date().toLocaleDateString(desk.language === "nl" ? "nl-NL" : "en-GB", { dateStyle: "long" });
   return make("div", { id: "office-list" }, make("h2", {}, text(desk, "officeList")), make("p", {}, `${desk.files[0]?.name ?? ""}, ${today}`),
     make("table", { class: "plain" }, make("thead", {}, make("tr", {}, ...headings)), make("tbody", {}, ...due.map((row) => make("tr", {},
-      make("th", { scope: "row" }, nameOf(row.id)), make("td", {}, fieldWords(desk, row.field)), make("td", {}, nameOf(row.was)),
-      make("td", {}, nameOf(row.becomes)), make("td", {}, nameOf(row.why)))))));
+      make("th", { scope: "row" }, nameOf(row.id)), make("td", {}, fieldWords(desk, row.field)), make("td", {}, nameOf(row.wasDay ?? row.was)),
+      make("td", {}, nameOf(row.becomesDay ?? row.becomes)), make("td", {}, nameOf(row.why)))))));
 }
 
 function saveOfficeList(desk: Desk): void {

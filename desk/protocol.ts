@@ -41,6 +41,8 @@ export interface FindingKind {
 }
 export interface CorrectionRow {
   id: string; field: string; was: string; becomes: string; why: string; when: string;
+  /** What people would write for the number of a day. */
+  wasDay?: string; becomesDay?: string;
   fate: "applied" | "alreadySo" | "differs" | "noAnimal" | "noColumn" | "idTaken" | "noOther"; said: string;
 }
 /** `list` has what could be read of the list that was given. */
@@ -48,7 +50,7 @@ export interface CorrectionsAnswer extends Messages { list: string; sentence: st
 /** A list of corrections with new ones, and how many those are; `refused`: why there is none. */
 export interface ProposedList { list: string; refused: string; count: number; }
 export interface FindingLines {
-  headings?: string[]; fields: string[]; column: number; cell: string; proposal: string; number: number; mayBeOne: boolean; rows: { line: number; animal: number; cells: string[] }[];
+  headings?: string[]; fields: string[]; column: number; cell: string; proposal: string; number: number; mayBeOne: boolean; rows: { line: number; day?: string; animal: number; cells: string[] }[];
 }
 export interface CheckAnswer extends Messages {
   animals: number; canRun: boolean; isFromExport: boolean; count: number; kinds: FindingKind[];

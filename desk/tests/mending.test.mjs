@@ -126,6 +126,33 @@ test("AnIdOfAnotherAnimalIsRefusedInItsCell", () => withDesk(async (page, desk) 
   assert.ok(await page.$("#refused-why") === null);
 }));
 
+test("ADateIsKeptAsTheColumnWritesItAndTheOfficeGetsWhatPeopleType", () => withDesk(async (page, desk) => {
+  const lines = ["id;name;sex;birthdate;sire;dam", "A;Adam;m;36526;;", "B;Bea;f;36527;;", "C;Cor;m;37500;A;B", "D;Dot;f;37501;A;B", "E;Eef;f;38400;C;D", "F;Fay;f;13000;C;D"];
+  await choose(page, writeInput(desk, "numbers.csv", lines.join("\n")), writeInput(desk, "numbers.answers", "--species sheep\n--dates serial-1900\n"));
+  await enter(page, "check");
+  await page.waitForSelector('button[aria-label^="Mend: F"]');
+  await page.click('button[aria-label^="Mend: F"]');
+  const cell = '.mend input[aria-label="birthdate, line 7"]';
+  await page.waitForSelector(cell);
+  assert.equal(await page.$eval(cell, (input) => input.parentElement.querySelector("small").textContent), "= 04-08-1935");
+  const type = async (words) => {
+    await page.click(cell, { clickCount: 3 });
+    await page.type(cell, words);
+    await page.keyboard.press("Enter");
+    await idle(page);
+  };
+  await type("03-04-2006");
+  await page.waitForSelector("#refused-why");
+  assert.equal(await textOf(page, "#refused-why"), '"03-04-2006" may be two days: type 2006-04-03 or 2006-03-04.');
+  await page.waitForSelector(cell);
+  await type("2006-04-03");
+  await page.waitForSelector("#corrections-sentence");
+  await page.click("#corrections summary");
+  assert.match(await textOf(page, "#corrections tbody tr"), /13000= 04-08-1935/);
+  assert.equal(await page.$eval('#corrections input[aria-label^="Becomes: F"]', (input) => `${input.value} ${input.parentElement.querySelector("small").textContent}`), "38810 = 03-04-2006");
+  assert.match(await page.$eval("#office-list tbody tr", (row) => row.textContent), /^Fdate of birth04-08-193503-04-2006$/);
+}));
+
 test("MendingByKeyboardAlone", () => withDesk(async (page, desk) => {
   await openHerd(page, desk, "F;Fay;f;25-01-1890;D;C", "G;Gus;m;25-01-2006;D;C");
   await enter(page, "check");

@@ -18,6 +18,7 @@
 #include "desk/export_desk.h"
 #include "desk/json_text.h"
 #include "intake/correction_words.h"
+#include "intake/typed_date.h"
 #include "tables/animal_table.h"
 
 namespace pedigreewatch {
@@ -28,6 +29,7 @@ constexpr Wording without_id = {
     "This line has no id, and a correction is of an id: mend the line in your office program.",
     "Deze regel heeft geen id, en een correctie hoort bij een id: herstel de regel in uw "
     "stamboekprogramma."};
+constexpr Wording two_days = {"{1} may be two days: type {2} or {3}.", "{1} kan twee dagen zijn: typ {2} of {3}."};
 constexpr Wording given_up = {"unknown for now: {1}", "voorlopig onbekend: {1}"};
 
 using Code = FindingCode;
@@ -90,6 +92,12 @@ std::string_view fate_name(CorrectionFate fate) {
   return names[static_cast<std::size_t>(fate)];
 }
 
+/// What people would write for the number of a day.
+void add_day(JsonText& json, std::string_view name, const Desk& desk, std::string_view cell) {
+  const std::string day = day_shown(cell, desk.preparation.plan.dates);
+  if (!day.empty()) add_text(json, name, day);
+}
+
 void add_row(JsonText& json, const Desk& desk, const Correction& correction, const CorrectionOutcome& outcome) {
   begin_object(json);
   add_text(json, "id", correction.id);
@@ -100,6 +108,10 @@ void add_row(JsonText& json, const Desk& desk, const Correction& correction, con
   add_text(json, "when", correction.when);
   add_text(json, "fate", fate_name(outcome.fate));
   add_text(json, "said", outcome_sentence(correction, outcome, desk.language));
+  if (correction.kind == CorrectionKind::value && correction.field == birthdate_column) {
+    add_day(json, "wasDay", desk, correction.was);
+    add_day(json, "becomesDay", desk, correction.becomes);
+  }
   end_object(json);
 }
 
@@ -174,8 +186,9 @@ void add_headings(JsonText& json, const Desk& desk, std::span<const std::size_t>
   end_list(json);
 }
 
-void add_animal(JsonText& json, const ExportAnimal& animal, std::span<const std::size_t> places) {
+void add_animal(JsonText& json, const Desk& desk, const ExportAnimal& animal, std::span<const std::size_t> places) {
   begin_object(json);
+  add_day(json, "day", desk, cell_of(desk, animal, birthdate_column));
   add_integer(json, "line", animal.line);
   add_integer(json, "animal", static_cast<std::int64_t>(animal.number));
   begin_list(json, "cells");
@@ -295,6 +308,22 @@ std::string refusal_of(const Desk& desk, const ExportAnimal& animal, const Corre
                           desk.language);
 }
 
+/// Takes a date as the column writes its days. Yields why that cannot be; empty where it can.
+std::string take_typed_date(const Desk& desk, Correction& correction) {
+  const bool is_date = correction.kind == CorrectionKind::value && correction.field == birthdate_column;
+  if (!is_date || correction.becomes.empty()) return {};
+  const Preparation& read = desk.preparation;
+  const DateSurvey& dates = read.survey.dates;
+  const DayForm form = day_form(read.text, read.reading.delimiter, read.columns, dates);
+  const TypedDate typed =
+      typed_date(correction.becomes, {form, dates, read.plan.dates, desk.language == ToolLanguage::dutch});
+  if (typed.either) {
+    return phrase(two_days, desk.language, {in_quotes(typed.text), typed.either->first, typed.either->second});
+  }
+  correction.becomes = typed.text;
+  return {};
+}
+
 std::string propose_correction(const Desk& desk, const NewCorrection& wanted) {
   std::vector<Correction> corrections = desk.corrections;
   std::optional<Correction> correction = correction_of_field(wanted.field);
@@ -306,7 +335,8 @@ std::string propose_correction(const Desk& desk, const NewCorrection& wanted) {
   if (of_line == animals.end() || wanted.animal >= of_line->second.size()) {
     return list_answer(corrections, corrections.size());
   }
-  const std::string refused = refusal_of(desk, of_line->second[wanted.animal], *correction);
+  std::string refused = refusal_of(desk, of_line->second[wanted.animal], *correction);
+  if (refused.empty()) refused = take_typed_date(desk, *correction);
   if (!refused.empty()) return list_answer(corrections, corrections.size(), refused);
   if (!wanted.is_everywhere || correction->kind != CorrectionKind::value) {
     add_for_one(desk, of_line->second, wanted.animal, *correction, corrections);
@@ -386,7 +416,7 @@ std::string finding_lines(const Desk& desk, std::size_t place) {
     add_integer(json, "number", cell.empty() ? 0 : count_animals_with(desk, field, cell));
     add_logical(json, "mayBeOne", finding.code == Code::same_animal);
     begin_list(json, "rows");
-    for (const ExportAnimal* const animal : list_shown(desk, finding, animals)) add_animal(json, *animal, places);
+    for (const ExportAnimal* const animal : list_shown(desk, finding, animals)) add_animal(json, desk, *animal, places);
     end_list(json);
   }
   end_object(json);

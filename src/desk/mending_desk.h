@@ -20,7 +20,7 @@ WaysOn ways_on(FindingCode code);
 /// Takes the whole list of corrections and applies it to the export; what came of one that is applied already is kept.
 /// Yields an object: messages (lines of the list that cannot be read, or what stands in the way), list (the lines that
 /// can be read; empty without any), sentence (what became of them), rows (id, field, was, becomes, why,
-/// when, fate, said).
+/// when, fate, said; where they are numbers of days also wasDay and becomesDay, what people would write).
 std::string set_corrections(Desk& desk, std::string_view list);
 
 /// A correction of an animal in a line of the export; of what several on the line share it becomes one for each of
@@ -32,7 +32,8 @@ struct NewCorrection {
   std::size_t animal = 0;      ///< of several on the line, counted from 0
 };
 /// The list at hand with corrections added; nothing is applied. Yields an object: list (the text), refused (why nothing
-/// was added: another animal has the identification, or the line has none; else empty), count.
+/// was added: another animal has the identification, the line has none, or the date may be two days; else empty),
+/// count. A date becomes what the column would have: 43538 for 14-03-2019 among numbers of days.
 std::string propose_correction(const Desk& desk, const NewCorrection& wanted);
 
 /// The dates of birth, or the parents, of all animals that findings of a kind are about become unknown. `what` is
@@ -42,8 +43,9 @@ std::string propose_going_on(const Desk& desk, std::string_view kind, std::strin
 /// The lines of the export that a chosen finding is about. Yields an object: headings, fields (of each column its name
 /// in a list of corrections, or empty), column (the one that is meant, counted from 0, or -1), cell (its text),
 /// proposal (another text for it, or empty), number (animals that have the same text there), mayBeOne (the two lines
-/// may be of one animal), rows (line, animal: its number on that line, cells; that of the finding itself first). Of a
-/// line with several animals each has a row, without the columns of the others.
+/// may be of one animal), rows (line, day: what people would write where its date of birth is the number of a day,
+/// animal: its number on that line, cells; that of the finding itself first). Of a line with several animals each has a
+/// row, without the columns of the others.
 std::string finding_lines(const Desk& desk, std::size_t place);
 
 }  // namespace pedigreewatch

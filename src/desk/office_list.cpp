@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "intake/typed_date.h"
 #include "sheets/workbook_writer.h"
 
 namespace pedigreewatch {
@@ -33,6 +34,13 @@ std::string_view words_of_field(const Correction& correction, ToolLanguage langu
   if (correction.kind == CorrectionKind::leave_out) return words_of(leave_out_words, language);
   if (correction.kind == CorrectionKind::same_as) return words_of(same_as_words, language);
   return description_of(correction.field, language);
+}
+
+/// The text of a field as people type it: a day, not its number.
+std::string for_people(const Desk& desk, const Correction& correction, const std::string& text) {
+  const bool is_date = correction.kind == CorrectionKind::value && correction.field == birthdate_column;
+  const std::string day = is_date ? day_shown(text, desk.preparation.plan.dates) : std::string();
+  return day.empty() ? text : day;
 }
 
 /// Those that are applied, by animal.
@@ -73,9 +81,9 @@ std::string office_workbook(const Desk& desk) {
   for (const Wording& heading : headings) add_text_cell(workbook, words_of(heading, desk.language));
   end_sheet_row(workbook);
   for (const Correction* const correction : list_due(desk)) {
-    const std::string_view field = words_of_field(*correction, desk.language);
-    for (const std::string_view cell : {std::string_view(correction->id), field, std::string_view(correction->was),
-                                        std::string_view(correction->becomes), std::string_view(correction->why)}) {
+    const std::string field(words_of_field(*correction, desk.language));
+    for (const std::string& cell : {correction->id, field, for_people(desk, *correction, correction->was),
+                                    for_people(desk, *correction, correction->becomes), correction->why}) {
       add_text_cell(workbook, cell);
     }
     end_sheet_row(workbook);

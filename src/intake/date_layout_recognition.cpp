@@ -27,29 +27,10 @@ std::size_t place_of_compact(DateOrder order) {
   return place_of(order) - place_of(DateOrder::compact_day_month_year);
 }
 
-bool has_year_first(DateOrder order) {
-  return place_of(order) % 4 >= 2;
-}
-
-bool has_day_before_month(DateOrder order) {
-  return order == DateOrder::day_month_year || order == DateOrder::year_day_month ||
-         order == DateOrder::compact_day_month_year || order == DateOrder::compact_year_day_month;
-}
-
 std::int32_t number_of(std::string_view digits) {
   std::int32_t value = 0;
   for (const char digit : digits.substr(0, 9)) value = value * 10 + (digit - '0');
   return value;
-}
-
-/// Whether there is such a day, or could be where day or month is not told (0). A year of less than three digits may
-/// be any one.
-bool can_be_day_and_month(std::int32_t day, std::int32_t month, std::int32_t year) {
-  constexpr std::array<std::int32_t, 13> days = {31, 31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  constexpr std::int32_t last_month = 12, february = 2, last_short_year = 99;
-  if (month > last_month) return false;
-  const bool is_leap_year = year <= last_short_year || (year % 4 == 0 && (year % 100 != 0 || year % 400 == 0));
-  return day <= days[static_cast<std::size_t>(month)] - (month == february && !is_leap_year ? 1 : 0);
 }
 
 /// A year of 0 is not known.
@@ -319,6 +300,23 @@ bool is_odd_word(std::string_view text) {
 }
 
 }  // namespace
+
+bool has_year_first(DateOrder order) {
+  return place_of(order) % 4 >= 2;
+}
+
+bool has_day_before_month(DateOrder order) {
+  return order == DateOrder::day_month_year || order == DateOrder::year_day_month ||
+         order == DateOrder::compact_day_month_year || order == DateOrder::compact_year_day_month;
+}
+
+bool can_be_day_and_month(std::int32_t day, std::int32_t month, std::int32_t year) {
+  constexpr std::array<std::int32_t, 13> days = {31, 31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  constexpr std::int32_t last_month = 12, february = 2, last_short_year = 99;
+  if (month > last_month) return false;
+  const bool is_leap_year = year <= last_short_year || (year % 4 == 0 && (year % 100 != 0 || year % 400 == 0));
+  return day <= days[static_cast<std::size_t>(month)] - (month == february && !is_leap_year ? 1 : 0);
+}
 
 std::string layout_text(DateOrder order, bool is_dutch) {
   std::string text(layouts[place_of(order)]);

@@ -29,6 +29,13 @@ enum class DateOrder {
 };
 inline constexpr std::size_t date_order_count = 8;
 
+bool has_year_first(DateOrder order);
+bool has_day_before_month(DateOrder order);
+
+/// Whether there is such a day, or could be where day or month is not told (0). A year of less than three digits may
+/// be any one.
+bool can_be_day_and_month(std::int32_t day, std::int32_t month, std::int32_t year);
+
 /// The layout as the steer file writes it: "dd-mm-yyyy", "ddmmyyyy", with "jjjj" in Dutch.
 std::string layout_text(DateOrder order, bool is_dutch);
 

@@ -67,7 +67,8 @@ TEST(Desk, SaysWhatAnExportIs) {
 
 TEST(Desk, TellsWhereAColumnIsChosen) {
   const OpenedDesk opened("key;sex;birthdate;sire;dam\nA;ram;01-02-2000;;\n");
-  EXPECT_TRUE(holds(opened.answer, R"(the id of the animal. Choose it above its column. What stands in the columns)")) << opened.answer;
+  EXPECT_TRUE(holds(opened.answer, R"(the id of the animal. Choose it above its column. What stands in the columns)"))
+      << opened.answer;
 }
 
 TEST(Desk, RefusesWhatIsNoText) {

@@ -11,10 +11,12 @@
 #include "desk/check_desk.h"
 #include "desk/export_desk.h"
 #include "desk/matings_desk.h"
+#include "desk/office_list.h"
 #include "desk/run_desk.h"
 #include "desk/tables_desk.h"
 #include "support/files.h"
 #include "support/run_folder.h"
+#include "support/written_workbook.h"
 
 namespace pedigreewatch {
 namespace {
@@ -140,6 +142,46 @@ TEST(MendingDesk, RefusesAnIdentificationThatAnotherAnimalHas) {
   EXPECT_TRUE(holds(propose_correction(mended.desk, {8, "id", "E", "", false}), R"("refused":"","count":1)"))
       << "E is G by now";
   EXPECT_TRUE(holds(propose_correction(mended.desk, {8, "id", "G", "", false}), R"(animal (line 7); not corrected)"));
+}
+
+/// Days as numbers; those of D and E are the same.
+constexpr const char* with_numbers_of_days =
+    "ID,Sex,Born,Father,Mother\nA,ram,42000,,\nBella-1,ewe,42001,,\nC,ram,43000,A,Bella-1\nD,ram,43538,A,Bella-1\n"
+    "E,ewe,43538,C,Bella-1\n";
+
+struct DeskWithNumbersOfDays : MendedDesk {
+  DeskWithNumbersOfDays() : MendedDesk(with_numbers_of_days) {
+    open_export(desk, folder.path("export.csv"), "language=en\nspecies=sheep\ncolumn.birthdate=3\nserials=serial-1900");
+  }
+};
+
+TEST(MendingDesk, ADateIsKeptAsTheColumnWritesItAndShownAsPeopleDo) {
+  DeskWithNumbersOfDays mended;
+  EXPECT_TRUE(
+      holds(propose_correction(mended.desk, {5, "birthdate", "14-03-2019", "", false}), R"("refused":"","count":0)"))
+      << "that is its day";
+  EXPECT_TRUE(holds(propose_correction(mended.desk, {5, "birthdate", "15-03-2019", "", false}),
+                    R"(D\u0009birthdate\u000943538\u000943539\u0009)"));
+  EXPECT_TRUE(holds(propose_correction(mended.desk, {5, "birthdate", "03-04-2019", "", false}),
+                    R"("refused":"\u002203-04-2019\u0022 may be two days: type 2019-04-03 or 2019-03-04.","count":0)"));
+  const std::string told = mended.take("D\tbirthdate\t43538\t43539\t\t\nE\tsex\tram\t43540\t\t\n");
+  EXPECT_TRUE(holds(told, R"("fate":"applied","said":"","wasDay":"14-03-2019","becomesDay":"15-03-2019"})")) << told;
+  EXPECT_TRUE(holds(told, R"("becomes":"43540","why":"","when":"","fate":"differs",)")) << told;
+  EXPECT_EQ(test::sheet_of(office_workbook(mended.desk), "corrections").rows.front(),
+            (std::vector<std::string>{"D", "date of birth", "14-03-2019", "15-03-2019", ""}));
+  EXPECT_TRUE(holds(propose_correction(mended.desk, {5, "birthdate", "14-3-2019", "", false}), R"("count":-1)"))
+      << "and back";
+  // The year after, mended in the office program.
+  EXPECT_TRUE(holds(mended.take("D\tbirthdate\t43537\t43538\t\t\n"), R"("fate":"alreadySo")"));
+}
+
+TEST(MendingDesk, LinesShowTheDayOfANumber) {
+  DeskWithNumbersOfDays mended;
+  mended.take("E\tsire\tC\tE\t\t\n");
+  mended.check();
+  choose_findings(mended.desk, "loop", "");
+  EXPECT_TRUE(holds(finding_lines(mended.desk, 0), R"({"day":"14-03-2019","line":6,"animal":0,"cells":["E")"))
+      << finding_lines(mended.desk, 0);
 }
 
 TEST(MendingDesk, TellsThatALineWithoutIdCannotBeCorrected) {
