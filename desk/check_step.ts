@@ -36,6 +36,14 @@ function drawKinds(desk: Desk, answer: CheckAnswer, choose: (kind: string) => vo
       heading("wrongFigures"))), make("tbody", {}, ...rows)));
 }
 
+/** Turns a table of lines that is wider than the window to the cell that is meant. */
+function showMeant(lines: HTMLElement): void {
+  const meant = lines.querySelector(".meant"), box = meant?.closest(".scroll");
+  if (meant === null || box === null || box === undefined) return;
+  const beyond = meant.getBoundingClientRect().right - box.getBoundingClientRect().right;
+  if (beyond > 0) box.scrollLeft += beyond + 16;
+}
+
 /** A finding, and below it its lines where they are being mended. */
 function drawRow(desk: Desk, row: FindingRow, place: number, show: () => void): HTMLElement[] {
   const isOpen = desk.mending === place, columns = 5;
@@ -47,6 +55,7 @@ function drawRow(desk: Desk, row: FindingRow, place: number, show: () => void): 
   const details = make("td", { colspan: columns });
   if (isOpen) void drawMending(desk, place).then((lines) => {
     details.replaceChildren(lines);
+    showMeant(lines);
     if (desk.refusedCell?.isNew !== true) return;
     desk.refusedCell.isNew = false;
     lines.querySelector<HTMLElement>("[aria-invalid]")?.focus({ preventScroll: true });
