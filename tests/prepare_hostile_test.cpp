@@ -11,6 +11,7 @@
 #include "support/lines.h"
 #include "support/prepared_run.h"
 #include "support/program_run.h"
+#include "text/encoding.h"
 
 namespace pedigreewatch::test {
 namespace {
@@ -229,6 +230,41 @@ TEST(HostilePrepareAccepts, DatesAtWhichTheProgramWouldStopAndLeavesThemEmpty) {
   EXPECT_TRUE(has(run.file("export.txt"), "\nrex;m;;;\nbram;m;;;\nmax;m;;;\n")) << run.file("export.txt");
   EXPECT_TRUE(has(run.file("export.lines"), "\ndate\t152\t03-04-2014NL031\ndate\t153\t03-04-20145\n"))
       << run.file("export.lines");
+}
+
+// "Zoë" and "Björn" of UTF-8 read as Windows-1252, and saved as UTF-8 again.
+const std::string doubled_names =
+    "id;name;sire;dam;sex;born\n1;Zo\xC3\x83\xC2\xAB;;;f;2001\n2;Bj\xC3\x83\xC2\xB6rn;;1;m;2003\n";
+
+TEST(HostilePrepareAccepts, LettersThatWereTurnedIntoUtf8TwiceAndSaysSo) {
+  const WholeRun run = prepare_bytes(doubled_names);
+  EXPECT_EQ(run.exit_status, 0) << run.messages;
+  EXPECT_TRUE(has(run.console,
+                  "letters that were turned into UTF-8 twice, written as they are meant: 2: line 2 "
+                  "\"Zo\xC3\x83\xC2\xAB\" -> \"Zo\xC3\xAB\", line 3 \"Bj\xC3\x83\xC2\xB6rn\" -> \"Bj\xC3\xB6rn\" (as "
+                  "they stand: --encoding utf-8)\n"))
+      << run.console;
+  EXPECT_TRUE(has(run.file("export.txt"), "Bj\xF6rn")) << "Windows-1252";
+  // Where that was done once more, too.
+  const WholeRun again = prepare_bytes(decode(doubled_names, Encoding::windows_1252).text);
+  EXPECT_TRUE(has(again.file("export.txt"), "Bj\xF6rn")) << again.messages;
+  const WholeRun kept = prepare_bytes(doubled_names, {"--encoding", "utf-8"});
+  EXPECT_TRUE(has(kept.file("export.txt"), "Bj\xC3\xB6rn")) << "two letters of Windows-1252";
+  EXPECT_TRUE(has(kept.console, "Look at this: letters that may have been turned into UTF-8 twice, and are left"));
+}
+
+TEST(HostilePrepareRefuses, LettersOfWhichOnlySomeWereTurnedIntoUtf8Twice) {
+  const std::string mixed = doubled_names + "3;Andr\xC3\xA9;;;m;2003\n";
+  expect_refused(
+      prepare_bytes(mixed),
+      "export.csv: 2 letters look as if they had been turned into UTF-8 twice: line 2 \"Zo\xC3\x83\xC2\xAB\" "
+      "-> \"Zo\xC3\xAB\", line 3 \"Bj\xC3\x83\xC2\xB6rn\" -> \"Bj\xC3\xB6rn\". Other letters with accents or "
+      "signs: 1. Say whether the former are written as they are probably meant (--encoding utf-8-twice) or "
+      "stay as they stand (--encoding utf-8).\n");
+  const WholeRun mended = prepare_bytes(mixed, {"--encoding", "utf-8-twice"});
+  EXPECT_EQ(mended.exit_status, 0) << mended.messages;
+  EXPECT_TRUE(has(mended.file("export.txt"), "Bj\xF6rn")) << mended.file("export.txt");
+  EXPECT_TRUE(has(mended.file("export.txt"), "Andr\xE9"));
 }
 
 TEST(HostilePrepareAccepts, Utf16OfAnOddNumberOfBytesAndSaysSo) {

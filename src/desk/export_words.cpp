@@ -34,6 +34,14 @@ constexpr std::array<EvidenceWording, remark_kind_count> remark_wordings = {{
     {goes_on,
      {"Bytes that are not UTF-8 and were read as Windows-1252: {1}. Look whether the letters with accents are right.",
       "Bytes die geen UTF-8 zijn en als Windows-1252 gelezen zijn: {1}. Kijk of de letters met accenten kloppen."}},
+    {goes_on,
+     {"Letters that were turned into UTF-8 twice, written as they are meant: {1}: {2}. To leave them as they stand choose "
+      "UTF-8 at \"Letters\".",
+      "Letters die tweemaal in UTF-8 zijn omgezet, geschreven zoals ze bedoeld zijn: {1}: {2}. Om ze te laten staan kiest "
+      "u UTF-8 bij \"Letters\"."}},
+    {goes_on,
+     {"Letters that may have been turned into UTF-8 twice, and are left as they stand: {1}: {2}",
+      "Letters die misschien tweemaal in UTF-8 zijn omgezet, en blijven zoals ze er staan: {1}: {2}"}},
     {goes_on, {"Broken letters, which become ?: {1}", "Kapotte letters, die ? worden: {1}"}},
     {goes_on,
      {"The file ends in half a letter: it may have been cut off. Look at its end.",
@@ -355,6 +363,12 @@ constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
      "quotation marks away if they are stray, or the delimiters and line ends between them if it is one text.",
      "{1}, regel {2}: tussen twee aanhalingstekens staan hele regels, alsof losse aanhalingstekens dieren hebben ingeslikt. "
      "Haal de aanhalingstekens weg als ze er niet horen, of de scheidingstekens en regeleinden ertussen als het een tekst is."},
+    {"{1}: {2} letters look as if they had been turned into UTF-8 twice: {3}. Other letters with accents or signs: {4}. At "
+     "\"Letters\", under \"How the file is read\", choose UTF-8 twice to write the former as they are probably meant, or "
+     "UTF-8 to leave them as they stand.",
+     "{1}: {2} letters zien eruit alsof ze tweemaal in UTF-8 zijn omgezet: {3}. Andere letters met accenten of tekens: {4}. "
+     "Kies bij \"Letters\", onder \"Hoe het bestand gelezen wordt\", UTF-8 twice om de eerste te schrijven zoals ze "
+     "waarschijnlijk bedoeld zijn, of UTF-8 om ze zo te laten."},
 }};
 // clang-format on
 

@@ -24,6 +24,12 @@ constexpr std::array<Wording, remark_kind_count> remark_wordings = {{
      "Codering      {1}, volgens de eerste bytes; letters met accenten: {2}, zoals in \"{3}\""},
     {"              bytes that are not UTF-8 and were read as Windows-1252: {1}. Check the letters with accents.",
      "              bytes die geen UTF-8 zijn en als Windows-1252 gelezen zijn: {1}. Kijk de letters met accenten na."},
+    {"              letters that were turned into UTF-8 twice, written as they are meant: {1}: {2} (as they stand: "
+     "--encoding utf-8)",
+     "              letters die tweemaal in UTF-8 zijn omgezet, geschreven zoals ze bedoeld zijn: {1}: {2} (zoals ze er "
+     "staan: --encoding utf-8)"},
+    {"Look at this: letters that may have been turned into UTF-8 twice, and are left as they stand: {1}: {2}",
+     "Let op: letters die misschien tweemaal in UTF-8 zijn omgezet, en blijven zoals ze er staan: {1}: {2}"},
     {"              broken letters, which become ?: {1}", "              kapotte letters, die ? worden: {1}"},
     {"              The file ends in half a letter: it may have been cut off. Look at its end.",
      "              Het bestand eindigt met een halve letter: misschien is het afgekapt. Kijk naar het eind."},
@@ -328,6 +334,11 @@ constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
      "quotation marks away if they are stray, or the delimiters and line ends between them if it is one text.",
      "{1}, regel {2}: tussen twee aanhalingstekens staan hele regels, alsof losse aanhalingstekens dieren hebben ingeslikt. "
      "Haal de aanhalingstekens weg als ze er niet horen, of de scheidingstekens en regeleinden ertussen als het een tekst is."},
+    {"{1}: {2} letters look as if they had been turned into UTF-8 twice: {3}. Other letters with accents or signs: {4}. Say "
+     "whether the former are written as they are probably meant (--encoding utf-8-twice) or stay as they stand (--encoding utf-8).",
+     "{1}: {2} letters zien eruit alsof ze tweemaal in UTF-8 zijn omgezet: {3}. Andere letters met accenten of tekens: {4}. Zeg "
+     "of de eerste geschreven worden zoals ze waarschijnlijk bedoeld zijn (--encoding utf-8-twice) of zo blijven (--encoding "
+     "utf-8)."},
 }};
 // clang-format on
 

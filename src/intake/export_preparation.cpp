@@ -21,6 +21,7 @@
 #include "intake/short_years.h"
 #include "intake/young_columns.h"
 #include "sheets/workbook.h"
+#include "text/double_encoding.h"
 #include "text/letter_evidence.h"
 #include "text/utf_8.h"
 
@@ -57,6 +58,36 @@ bool is_read_as_workbook(std::string_view bytes) {
   return kind_of_workbook(bytes, ignored) == WorkbookKind::archive;
 }
 
+/// Notes letters that were turned into UTF-8 twice, the first time only.
+void note_doubled_letters(const DoubledLetters& found, std::string_view text, ReadingEvidence& reading) {
+  if (reading.doubled_letters > 0) return;
+  reading.doubled_letters = found.doubled;
+  for (const DoubledWord& word : found.words) {
+    reading.doubled_words.push_back({word.found, word.meant, line_number_at(text, word.place)});
+  }
+}
+
+/// Mends letters that were turned into UTF-8 twice, or more often, where all letters beyond ASCII are such. Where it is
+/// not clear it is refused; the letters of a workbook stay then.
+std::optional<Refusal> mend_doubled_letters(const PrepareOptions& options, Preparation& read) {
+  constexpr int most_times = 3;
+  ReadingEvidence& reading = read.reading;
+  for (int times = 0; times < most_times; ++times) {
+    const DoubledLetters found = find_doubled_letters(read.text);
+    if (found.doubled == 0) break;
+    note_doubled_letters(found, read.text, reading);
+    if (options.encoding) break;
+    if (!found.are_certain || found.others > 0) {
+      if (reading.sheet || reading.are_doubled_mended) break;
+      return Refusal{RefusalKind::letters_doubled,
+                     {options.export_name, found.doubled, IdPairList{reading.doubled_words}, found.others}};
+    }
+    read.text = without_doubled_letters(read.text);
+    reading.are_doubled_mended = true;
+  }
+  return std::nullopt;
+}
+
 /// Reads the bytes of the file.
 std::optional<Refusal> read_export(const std::string& name, std::string& bytes) {
   std::error_code ignored;
@@ -87,7 +118,7 @@ std::optional<Refusal> read_export_sheet(const PrepareOptions& options, std::str
   result.reading.delimiter = '\t';
   result.reading.sheet_names = std::move(sheets.names);
   result.reading.sheet = std::move(table);
-  return std::nullopt;
+  return mend_doubled_letters(options, result);
 }
 
 /// Which encoding of one byte a letter it is, by the words; refused where several of them make sense.
@@ -129,6 +160,12 @@ std::optional<Refusal> decode_export(const PrepareOptions& options, std::string 
   reading.broken_letters = decoded.broken_letters;
   reading.ends_in_half_letter = decoded.ends_in_half_letter;
   result.text = std::move(decoded.text);
+  const bool is_unicode = reading.used_encoding == Encoding::utf_8 || reading.used_encoding == Encoding::utf_16_le ||
+                          reading.used_encoding == Encoding::utf_16_be;
+  if (is_unicode) {
+    std::optional<Refusal> refusal = mend_doubled_letters(options, result);
+    if (refusal) return refusal;
+  }
   reading.letter_example = word_around(result.text, ascii_length(result.text));
   return std::nullopt;
 }

@@ -27,8 +27,11 @@ struct ReadingEvidence {
   Encoding used_encoding = Encoding::plain;
   std::int64_t mended_bytes = 0, broken_letters = 0;
   bool ends_in_half_letter = false;
-  std::string letter_example;  ///< a text with an accent
-  char delimiter = ';';        ///< of the export
+  std::int64_t doubled_letters = 0;   ///< that were turned into UTF-8 twice
+  bool are_doubled_mended = false;    ///< or else were left as they stand
+  std::vector<IdPair> doubled_words;  ///< the first two: as they stand, and as they are meant
+  std::string letter_example;         ///< a text with an accent
+  char delimiter = ';';               ///< of the export
   DelimiterEvidence delimiter_evidence;
   std::optional<SheetTable> sheet;       ///< of a workbook: what was noted of it; its text is that of the preparation
   std::vector<std::string> sheet_names;  ///< all sheets of the workbook

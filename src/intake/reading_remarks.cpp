@@ -28,6 +28,10 @@ void remark_encoding(const ReadingEvidence& reading, const PrepareOptions& optio
     remarks.push_back({kind_of_encoding(reading.encoding.has_mark, letters > 0), std::move(values)});
   }
   remark_count(RemarkKind::bytes_mended, reading.mended_bytes, remarks);
+  if (reading.doubled_letters > 0) {
+    const RemarkKind kind = reading.are_doubled_mended ? RemarkKind::letters_undoubled : RemarkKind::letters_doubled;
+    remarks.push_back({kind, {reading.doubled_letters, IdPairList{reading.doubled_words}}});
+  }
   remark_count(RemarkKind::letters_broken, reading.broken_letters, remarks);
   if (reading.ends_in_half_letter) remarks.push_back({RemarkKind::half_letter, {}});
 }

@@ -123,6 +123,8 @@ enum class RemarkKind {
   encoding_by_letters,           ///< encoding, letters with accents, a word with one
   encoding_by_mark_and_letters,  ///< the same
   bytes_mended,                  ///< bytes
+  letters_undoubled,             ///< letters, words as they stood there and as they are meant
+  letters_doubled,               ///< the same, of those that were left
   letters_broken,                ///< letters
   half_letter,                   ///< none
   delimiter_wished,              ///< delimiter
@@ -306,8 +308,9 @@ enum class RefusalKind {
   encodings_alike,    ///< file, the encodings that the letters fit
   holds_no_text,      ///< file
   lines_in_quotes,    ///< file, line
+  letters_doubled,    ///< file, letters that may be doubled, words as they stand there and as they may be meant, others
 };
-inline constexpr std::size_t refusal_kind_count = static_cast<std::size_t>(RefusalKind::lines_in_quotes) + 1;
+inline constexpr std::size_t refusal_kind_count = static_cast<std::size_t>(RefusalKind::letters_doubled) + 1;
 
 struct Refusal {
   RefusalKind kind;

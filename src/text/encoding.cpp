@@ -7,6 +7,7 @@
 #include <array>
 #include <utility>
 
+#include "text/double_encoding.h"
 #include "text/utf_8.h"
 #include "text/windows_1252.h"
 
@@ -112,14 +113,14 @@ DecodedText decode_utf_8(std::string bytes) {
 }  // namespace
 
 std::string_view name_of(Encoding encoding) {
-  constexpr std::array<std::string_view, 10> names = {"ASCII",        "UTF-8",        "UTF-16 LE",   "UTF-16 BE",
+  constexpr std::array<std::string_view, 11> names = {"ASCII",        "UTF-8",        "UTF-16 LE",   "UTF-16 BE",
                                                       "Windows-1252", "Windows-1250", "ISO-8859-15", "MacRoman",
-                                                      "cp850",        "cp437"};
+                                                      "cp850",        "cp437",        "UTF-8 twice"};
   return names[static_cast<std::size_t>(encoding)];
 }
 
 std::optional<Encoding> encoding_named(std::string_view name) {
-  constexpr std::array<std::pair<std::string_view, Encoding>, 22> names = {{
+  constexpr std::array<std::pair<std::string_view, Encoding>, 23> names = {{
       {"utf8", Encoding::utf_8},
       {"utf16", Encoding::utf_16_le},
       {"utf16le", Encoding::utf_16_le},
@@ -142,6 +143,7 @@ std::optional<Encoding> encoding_named(std::string_view name) {
       {"850", Encoding::cp850},
       {"cp437", Encoding::cp437},
       {"437", Encoding::cp437},
+      {"utf8twice", Encoding::utf_8_twice},
   }};
   std::string folded;
   for (const char byte : name) {
@@ -193,10 +195,13 @@ DecodedText decode(std::string bytes, Encoding encoding) {
     case Encoding::cp850: return decode_bytes(view, ByteEncoding::cp850);
     case Encoding::cp437: return decode_bytes(view, ByteEncoding::cp437);
     case Encoding::plain:
-    case Encoding::utf_8: break;
+    case Encoding::utf_8:
+    case Encoding::utf_8_twice: break;
   }
   if (view.starts_with(utf_8_mark)) bytes.erase(0, utf_8_mark.size());
-  return decode_utf_8(std::move(bytes));
+  DecodedText decoded = decode_utf_8(std::move(bytes));
+  if (encoding == Encoding::utf_8_twice) decoded.text = without_doubled_letters(decoded.text);
+  return decoded;
 }
 
 std::string_view known_binary_kind(std::string_view bytes) {

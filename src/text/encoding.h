@@ -21,7 +21,8 @@ enum class Encoding {
   iso_8859_15,
   macroman,
   cp850,
-  cp437
+  cp437,
+  utf_8_twice  ///< UTF-8 that was read as Windows-1252 and turned into UTF-8 once more
 };
 
 /// The encoding whose letters are those of the table.

@@ -66,7 +66,8 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools prepare [OPTION.
   --corrections FILE    a list of corrections to apply: columns id, field, was, becomes, why, when, with tabs
                         between them. Each applies only where the export still says what it was
   --delimiter CHARACTER what divides the columns of the export: ";" "," tab bar
-  --encoding NAME       utf-8, utf-16, windows-1252, windows-1250, iso-8859-15, macroman, cp850 or cp437
+  --encoding NAME       utf-8, utf-16, windows-1252, windows-1250, iso-8859-15, macroman, cp850, cp437 or
+                        utf-8-twice
   --sheet SHEET         the sheet of a workbook, by its name or number (else: the first that holds a table)
   --help                shows this text
 
@@ -118,7 +119,9 @@ std::string read_encoding(const GivenOption& option, PrepareOptions& options) {
   options.encoding = encoding_named(option.value);
   return options.encoding
              ? ""
-             : expected(option, "utf-8, utf-16, windows-1252, windows-1250, iso-8859-15, macroman, cp850 or cp437");
+             : expected(
+                   option,
+                   "utf-8, utf-16, windows-1252, windows-1250, iso-8859-15, macroman, cp850, cp437 or utf-8-twice");
 }
 
 std::string read_dates(const GivenOption& option, PrepareOptions& options) {

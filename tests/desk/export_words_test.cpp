@@ -80,7 +80,7 @@ TEST(ExportWords, NameControlsAsThePageDoes) {
       }
     }
   }
-  EXPECT_EQ(count, 42U) << "21 names in each language";
+  EXPECT_EQ(count, 48U) << "24 names in each language";
 }
 
 TEST(ExportWords, CallAnAnswerByWhatItStandsFor) {
