@@ -145,7 +145,7 @@ function drawReading(desk: Desk): HTMLElement {
       ...field("letters", "encoding", [
         ["utf-8", "UTF-8"], ["windows-1252", "Windows-1252"], ["utf-16", "UTF-16"], ["windows-1250", "Windows-1250"],
         ["iso-8859-15", "ISO-8859-15"], ["macroman", "MacRoman"], ["cp850", "cp850"], ["cp437", "cp437"],
-        ["utf-8-twice", "UTF-8 twice"],
+        ["utf-8-twice", text(desk, "utf8Twice")],
       ]),
       ...field("dividedBy", "delimiter", [["semicolon", text(desk, "semicolon")], ["comma", text(desk, "comma")],
         ["tab", text(desk, "tab")], ["bar", text(desk, "bar")]]),

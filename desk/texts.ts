@@ -45,6 +45,7 @@ const texts = {
   notUsed: ["not used", "niet gebruikt"],
   howRead: ["How the file is read", "Hoe het bestand gelezen wordt"],
   letters: ["Letters", "Letters"], dividedBy: ["Divided by", "Gescheiden door"], firstLine: ["First line", "Eerste regel"],
+  utf8Twice: ["UTF-8 twice", "UTF-8 tweemaal"],
   asRecognised: ["as recognised", "zoals herkend"],
   headerYes: ["holds headings", "bevat koppen"], headerNo: ["is an animal", "is een dier"],
   semicolon: ["semicolon ;", "puntkomma ;"], comma: ["comma ,", "komma ,"], tab: ["tab", "tab"], bar: ["bar |", "streep |"],

@@ -364,10 +364,10 @@ constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
      "{1}, regel {2}: tussen twee aanhalingstekens staan hele regels, alsof losse aanhalingstekens dieren hebben ingeslikt. "
      "Haal de aanhalingstekens weg als ze er niet horen, of de scheidingstekens en regeleinden ertussen als het een tekst is."},
     {"{1}: {2} letters look as if they had been turned into UTF-8 twice: {3}. Other letters with accents or signs: {4}. At "
-     "\"Letters\", under \"How the file is read\", choose UTF-8 twice to write the former as they are probably meant, or "
+     "\"Letters\", under \"How the file is read\", choose \"UTF-8 twice\" to write the former as they are probably meant, or "
      "UTF-8 to leave them as they stand.",
      "{1}: {2} letters zien eruit alsof ze tweemaal in UTF-8 zijn omgezet: {3}. Andere letters met accenten of tekens: {4}. "
-     "Kies bij \"Letters\", onder \"Hoe het bestand gelezen wordt\", UTF-8 twice om de eerste te schrijven zoals ze "
+     "Kies bij \"Letters\", onder \"Hoe het bestand gelezen wordt\", \"UTF-8 tweemaal\" om de eerste te schrijven zoals ze "
      "waarschijnlijk bedoeld zijn, of UTF-8 om ze zo te laten."},
 }};
 // clang-format on
