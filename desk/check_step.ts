@@ -131,13 +131,11 @@ function drawFilter(desk: Desk, show: () => void): HTMLElement {
   return make("p", { class: "row" }, make("label", { for: "filter" }, text(desk, "filter")), input);
 }
 
-/** What stops the run can be given up in one press. */
+/** What stops the run can be given up in one press: loops. Dates that cannot be read are left out, and do not stop it. */
 function drawGoingOn(desk: Desk, answer: CheckAnswer): HTMLElement[] {
-  const stopping = answer.kinds.filter(({ severity }) => severity === "S");
-  const presses = [
-    stopping.some(({ canDropDates }) => canDropDates) ? button(text(desk, "withoutDates"), () => goOnWithout(desk, "", "dates"), { id: "without-dates" }) : null,
-    stopping.some(({ canDropParents }) => canDropParents) ? button(text(desk, "withoutParents"), () => goOnWithout(desk, "", "parents"), { id: "without-parents" }) : null];
-  return presses.every((press) => press === null) ? [] : [make("p", {}, text(desk, "goOnHint")), make("p", { class: "row" }, ...presses)];
+  if (!answer.kinds.some(({ severity, canDropParents }) => severity === "S" && canDropParents)) return [];
+  return [make("p", {}, text(desk, "goOnHint")), make("p", { class: "row" },
+    button(text(desk, "withoutParents"), () => goOnWithout(desk, "", "parents"), { id: "without-parents" }))];
 }
 
 export function drawCheck(desk: Desk, goOn: () => void): HTMLElement[] {

@@ -144,7 +144,6 @@ const texts = {
     "Correcties die in deze resultaten zitten en niet in uw export: {1}."],
   onWithoutDates: ["Go on without these dates", "Ga verder zonder deze datums"], onWithoutParents: ["Go on without these parents", "Ga verder zonder deze ouders"],
   goOnHint: ["What stops the run can be mended line by line, or given up for now:", "Wat de run stopt is regel voor regel te herstellen, of voorlopig op te geven:"],
-  withoutDates: ["Go on without these animals' dates", "Ga verder zonder de datums van deze dieren"],
   withoutParents: ["Go on without these animals' parents", "Ga verder zonder de ouders van deze dieren"],
   correctionsAlone: ["A list of corrections belongs to one export: choose that together with it.", "Een lijst met correcties hoort bij één export: kies die er meteen bij."],
   sameAs: ["same animal as", "hetzelfde dier als"], officeList: ["To be changed in the office program", "Te wijzigen in het stamboekprogramma"],

@@ -93,6 +93,9 @@ for (const language of ["en", "nl"]) {
     await expectNothingCut(page, "mending");
     await enter(page, "results");
     await expectNothingCut(page, "charts");
+    await page.setViewport({ width: 768, height: 1000 });
+    const columns = await page.$eval("#results-body .cards", (cards) => getComputedStyle(cards).gridTemplateColumns);
+    assert.match(columns, /^[0-9.]+px$/, "a table of limits with long words has the whole width");
     await page.click("#view-animals");
     await page.waitForSelector("#all-animals tbody tr");
     await page.type("#animals-leastF", "x");

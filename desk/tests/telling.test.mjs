@@ -2,8 +2,10 @@
 // what is printed of long tables.
 
 import assert from "node:assert/strict";
+import { execFileSync } from "node:child_process";
+import { join } from "node:path";
 import { test } from "node:test";
-import { choose, enter, idle, pressButton, saved, testDesks, textOf, violations, writeInput } from "./browser.mjs";
+import { choose, enter, idle, isFirefox, pressButton, saved, testDesks, textOf, violations, writeInput } from "./browser.mjs";
 import { openHerd, stemOf } from "./small_herd.mjs";
 
 const { withDesk, openTestDesk } = testDesks();
@@ -34,7 +36,7 @@ test("WhatIsKeptAndPrintedSaysHowManyCorrectionsItContains", () => withDesk(asyn
   await idle(page);
   const stem = await stemOf(page);
   await enter(page, "check");
-  await page.click("#without-dates");
+  await page.click('button[aria-label^="Go on without these dates"]');
   await idle(page);
   await enter(page, "results");
   const sentence = /Corrections that these results contain and your export does not: 1\./;
@@ -180,10 +182,35 @@ test("QuotationMarksOfAnyFormAreFoundByAnyOther", () => withDesk(async (page, de
   }
 }));
 
-test("OfLongTablesAllRowsArePrintedUpToALimit", () => withDesk(async (page, desk) => {
+async function openExample(page) {
   await pressButton(page, "Try the example");
   await page.waitForFunction(() => !document.getElementById("step-check").disabled, { timeout: 60_000 });
   await idle(page);
+}
+
+test("TheCheckIsPrintedWithoutItsPresses", () => withDesk(async (page) => {
+  await openExample(page);
+  await enter(page, "check");
+  await page.waitForSelector("#findings tbody tr");
+  const presses = "#step button:not(.press), #findings tbody tr > :nth-child(2)";
+  assert.ok(await page.$$eval(presses, (all) => all.some((one) => one.checkVisibility())));
+  await page.emulateMediaType("print");
+  assert.deepEqual(await page.$$eval(presses, (all) => all.filter((one) => one.checkVisibility()).map(({ textContent }) => textContent)), []);
+  assert.ok(await page.$$eval(".paper table, #findings", (tables) => tables.some((table) => table.checkVisibility())), "the list is");
+}));
+
+test("WhereTheBreedStandsIsOnePrintedPage", { skip: isFirefox }, () => withDesk(async (page, desk) => {
+  await openExample(page);
+  await enter(page, "results");
+  await page.waitForSelector("#results-body .stand .limits");
+  const file = join(desk.folder, "printed.pdf");
+  await page.pdf({ path: file, preferCSSPageSize: true });
+  const first = execFileSync("pdftotext", ["-l", "1", file, "-"], { encoding: "utf8" });
+  for (const title of ["Why", "What to do", "Against the limits", "Can you trust the data?"]) assert.ok(first.includes(title), title);
+}));
+
+test("OfLongTablesAllRowsArePrintedUpToALimit", () => withDesk(async (page, desk) => {
+  await openExample(page);
   await enter(page, "results");
   await page.click("#view-animals");
   await page.waitForSelector("#animals-paper.filled tbody tr");
