@@ -63,6 +63,19 @@ TEST(TablesRun, IsRefusedWhereTheReportIs) {
       << "who shows no subpopulations needs none of their pairs";
 }
 
+// Two animals that are each other's parents: what the report says of them, and that it stops, stands before the
+// refusal.
+TEST(TablesRun, SaysInOneLanguageWhatStopsTheReport) {
+  SteerLines steer;
+  steer.language = "nl";
+  const std::string loop = header + "a;m;01-01-2000;;b\nb;f;01-01-2000;a;\n";
+  const WholeRun dutch = tables_on(files_of(loop, steer)), english = tables_on(files_of(loop));
+  EXPECT_EQ(dutch.exit_status, 1);
+  EXPECT_TRUE(has(dutch.messages, "programma wordt gestopt")) << dutch.messages;
+  EXPECT_FALSE(has(dutch.messages, "program will stop"));
+  EXPECT_TRUE(has(english.messages, "program will stop")) << english.messages;
+}
+
 TEST(TablesRun, AWorkbookHasTheSameTables) {
   const WholeRun run = tables_on(files_of(family), {"--workbook"});
   EXPECT_EQ(run.exit_status, 0) << run.messages;

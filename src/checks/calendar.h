@@ -7,15 +7,13 @@
 #include <cstdint>
 #include <string>
 
+#include "core/leap_year.h"
+
 namespace pedigreewatch {
 
 struct CalendarDate {
   std::int32_t year = 0, month = 1, day = 1;
 };
-
-constexpr bool has_leap_day(std::int32_t year) {
-  return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-}
 
 /// The number of a day, with leap days as they are. Beyond a million years, or a thousand days in a month, the number
 /// stays where it is.

@@ -15,6 +15,7 @@
 #include "checks/line_checks.h"
 #include "checks/readable_text.h"
 #include "core/fixed_text.h"
+#include "core/leap_year.h"
 #include "core/side_by_side.h"
 #include "pedigree/population_store.h"
 

@@ -69,46 +69,48 @@ std::size_t size_from(std::int32_t number) {
   return number > 0 ? static_cast<std::size_t>(number) : 0;
 }
 
+struct TextOfDesk {
+  std::string_view name;
+  std::string (*make)(const Desk& desk);
+};
+
+constexpr auto texts_of_desk = std::to_array<TextOfDesk>({
+    {"body", pedigreewatch::results_body},
+    {"page", pedigreewatch::results_page},
+    {"report", pedigreewatch::report_bytes},
+    {"reportText", pedigreewatch::report_text},
+    {"findings", pedigreewatch::findings_table},
+    {"findingsWorkbook", pedigreewatch::findings_workbook},
+    {"officeWorkbook", pedigreewatch::office_workbook},
+    {"animalPage", pedigreewatch::animal_page},
+    {"males", pedigreewatch::males_table},
+    {"mates", pedigreewatch::mates_table},
+    {"matesWorkbook", pedigreewatch::mates_workbook},
+    {"plan", pedigreewatch::plan_table},
+    {"contributions", pedigreewatch::contributions_table},
+    {"planPage", pedigreewatch::plan_page},
+    {"planWorkbook", pedigreewatch::plan_workbook},
+    {"forecastPage", pedigreewatch::forecast_page},
+    {"forecast", pedigreewatch::forecast_table},
+    {"years", pedigreewatch::years_table},
+    {"subpopulations", pedigreewatch::subpopulations_table},
+    {"animals", pedigreewatch::animals_table},
+    {"diversity", pedigreewatch::diversity_table},
+    {"standing", pedigreewatch::standing_table},
+    {"cohorts", pedigreewatch::cohorts_table},
+    {"byKinship", pedigreewatch::kinship_table},
+    {"mostInbred", pedigreewatch::most_inbred_table},
+    {"usedSires", pedigreewatch::used_sires_table},
+    {"division", pedigreewatch::division_table},
+    {"founders", pedigreewatch::founders_table},
+    {"workbook", pedigreewatch::tables_workbook},
+    {"style", [](const Desk&) { return std::string(pedigreewatch::page_style()); }},
+    {"animalStyle", [](const Desk&) { return std::string(pedigreewatch::animal_style()); }},
+    {"script", [](const Desk&) { return std::string(pedigreewatch::page_script()); }},
+});
+
 std::string text_named(const Desk& desk, std::string_view name) {
-  struct TextOfDesk {
-    std::string_view name;
-    std::string (*make)(const Desk& desk);
-  };
-  const auto texts = std::to_array<TextOfDesk>({
-      {"body", pedigreewatch::results_body},
-      {"page", pedigreewatch::results_page},
-      {"report", pedigreewatch::report_bytes},
-      {"reportText", pedigreewatch::report_text},
-      {"findings", pedigreewatch::findings_table},
-      {"findingsWorkbook", pedigreewatch::findings_workbook},
-      {"officeWorkbook", pedigreewatch::office_workbook},
-      {"animalPage", pedigreewatch::animal_page},
-      {"males", pedigreewatch::males_table},
-      {"mates", pedigreewatch::mates_table},
-      {"matesWorkbook", pedigreewatch::mates_workbook},
-      {"plan", pedigreewatch::plan_table},
-      {"contributions", pedigreewatch::contributions_table},
-      {"planPage", pedigreewatch::plan_page},
-      {"planWorkbook", pedigreewatch::plan_workbook},
-      {"forecastPage", pedigreewatch::forecast_page},
-      {"forecast", pedigreewatch::forecast_table},
-      {"years", pedigreewatch::years_table},
-      {"subpopulations", pedigreewatch::subpopulations_table},
-      {"animals", pedigreewatch::animals_table},
-      {"diversity", pedigreewatch::diversity_table},
-      {"standing", pedigreewatch::standing_table},
-      {"cohorts", pedigreewatch::cohorts_table},
-      {"byKinship", pedigreewatch::kinship_table},
-      {"mostInbred", pedigreewatch::most_inbred_table},
-      {"usedSires", pedigreewatch::used_sires_table},
-      {"division", pedigreewatch::division_table},
-      {"founders", pedigreewatch::founders_table},
-      {"workbook", pedigreewatch::tables_workbook},
-      {"style", [](const Desk&) { return std::string(pedigreewatch::page_style()); }},
-      {"animalStyle", [](const Desk&) { return std::string(pedigreewatch::animal_style()); }},
-      {"script", [](const Desk&) { return std::string(pedigreewatch::page_script()); }},
-  });
-  for (const TextOfDesk& text : texts) {
+  for (const TextOfDesk& text : texts_of_desk) {
     if (text.name == name) return text.make(desk);
   }
   return {};

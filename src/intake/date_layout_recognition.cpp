@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/leap_year.h"
 #include "intake/value_words.h"
 
 namespace pedigreewatch {
@@ -314,7 +315,7 @@ bool can_be_day_and_month(std::int32_t day, std::int32_t month, std::int32_t yea
   constexpr std::array<std::int32_t, 13> days = {31, 31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   constexpr std::int32_t last_month = 12, february = 2, last_short_year = 99;
   if (month > last_month) return false;
-  const bool is_leap_year = year <= last_short_year || (year % 4 == 0 && (year % 100 != 0 || year % 400 == 0));
+  const bool is_leap_year = year <= last_short_year || has_leap_day(year);
   return day <= days[static_cast<std::size_t>(month)] - (month == february && !is_leap_year ? 1 : 0);
 }
 

@@ -132,11 +132,14 @@ void ask_for_fewer_names(std::size_t listed, const ExportSurvey& survey, Prepare
   plan.questions.push_back(std::move(question));
 }
 
-/// A name for all that are not listed.
+/// A name for all that are not listed; "Others" beside "others" would be taken for the same.
 std::string name_of_others(const std::vector<std::string>& listed, ToolLanguage language) {
   const std::string word(words_of(Wording{"others", "overige"}, language));
   std::string name = word;
-  for (int number = 2; is_among(name, listed); ++number) name = word + " " + std::to_string(number);
+  const auto is_like = [&](const std::string& other) { return folded(other) == folded(name); };
+  for (int number = 2; std::any_of(listed.begin(), listed.end(), is_like); ++number) {
+    name = word + " " + std::to_string(number);
+  }
   return name;
 }
 

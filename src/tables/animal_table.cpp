@@ -7,7 +7,7 @@
 #include <array>
 #include <optional>
 
-#include "checks/calendar.h"
+#include "core/leap_year.h"
 
 namespace pedigreewatch {
 namespace {

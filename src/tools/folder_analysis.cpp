@@ -79,6 +79,7 @@ std::optional<ToolRefusal> analyse_folder(FolderUse use, StopRequest stop_reques
   if (std::optional<ToolRefusal> refusal = open_data_file(settings, data)) return refusal;
   const ToolLanguage language = language_of(settings);
   RunStreams run;
+  run.console.is_english = run.report.is_english = settings.english;
   run.console.stop_request = stop_request;
   run.shows_subpopulations = use == FolderUse::subpopulations_too;
   run.do_tasks = [](std::span<const Task> tasks) { do_side_by_side(tasks, threads_of_machine()); };

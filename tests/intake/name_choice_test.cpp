@@ -63,6 +63,10 @@ TEST(ChooseSubpopulations, PutsSmallOnesTogetherUnderAFreeName) {
   EXPECT_EQ(two.data,
             "id;sex;birthdate;sire;dam;subpopulation\na;m;2001;;;North\nb;m;2001;;;others\nc;m;2001;;;others\n"
             "d;m;2001;;;North\ne;m;2001;;;others 2\nf;m;2001;;;\ng;m;2001;;;others 2\n");
+  std::string with_capital = lines;
+  for (const std::size_t place : {lines.find("others"), lines.rfind("others")}) with_capital[place] = 'O';
+  EXPECT_EQ(prepared(with_capital, asking_for(2)).plan.subpopulations,
+            (std::vector<std::string>{"North", "Others", "others 2"}));
   const Prepared one = prepared(lines, asking_for(1));
   EXPECT_EQ(one.plan.joined_subpopulation, "");
   EXPECT_EQ(one.plan.subpopulations.size(), 4U);
