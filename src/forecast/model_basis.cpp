@@ -223,7 +223,7 @@ void shorten_table(ModelBasis& basis) {
 }  // namespace
 
 ModelBasis make_model_basis(const FamilyRecords& records, BasePeriod base, std::uint64_t seed) {
-  ModelBasis basis{records, std::move(base), {}, {}, 0, {}, {}, 1.0, 0.0, {}, {}, {}, {}, 0, {}};
+  ModelBasis basis{records, std::move(base), {}, {}, 0, {}, {}, {}, {}, 1.0, 0.0, {}, {}, {}, {}, 0, {}};
   const std::int32_t oldest = std::max(basis.base.oldest_entry.of_males, basis.base.oldest_entry.of_females);
   basis.first_candidate_year = records.last_year + 1 - oldest;
   const std::vector<std::int32_t> wanted = find_wanted_parents(basis);
@@ -232,6 +232,7 @@ ModelBasis make_model_basis(const FamilyRecords& records, BasePeriod base, std::
   basis.pedigree.variance[basis.origin] = 0.0;
   make_table(basis, wanted);
   measure_mate_ranks(basis, seed);
+  basis.nearness_seen = list_nearness_paths(records, basis.base.length());
   count_going_on(basis);
   sort_entries(basis);
   gather_active(basis);

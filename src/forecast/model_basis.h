@@ -9,6 +9,7 @@
 
 #include "forecast/base_period.h"
 #include "forecast/kinship_table.h"
+#include "forecast/mate_nearness.h"
 #include "forecast/model_pedigree.h"
 #include "genetics/ancestor_pedigree.h"
 
@@ -56,6 +57,8 @@ struct ModelBasis {
   std::int32_t origin = 0;     ///< of imports that are related to each other, in the pedigree
   KinshipTable table;          ///< empty: kinships are walked for
   MateRanks mate_ranks = {};
+  SeenNearness nearness_seen = {};          ///< how much nearer, or less near, mates came to be in the past
+  std::vector<NearnessPath> nearness = {};  ///< and may come to be; none before the fit (model_fit.h)
   /// To which the use of a sire in a year, and its mean in life, are raised before litters are shared.
   double use_power = 1.0, life_power = 0.0;
   std::vector<std::vector<GroupEntry>> sire_entries;  ///< by year of the practice, within a year by group

@@ -75,6 +75,41 @@ void move_powers(ModelBasis& basis, const UseEvenness& observed, const UseEvenne
   basis.use_power = std::clamp(basis.use_power + year_gap - use_for_life * more_life, least_use_power, most_use_power);
 }
 
+/// Of the year that the herd has lived last.
+std::optional<double> nearness_of_year(const ModelHerd& herd) {
+  std::vector<ModelPair> pairs;
+  for (std::size_t k = herd.first_of_year; k < herd.families.size(); ++k) {
+    const ModelFamily& family = herd.families[k];
+    if (family.sire != 0 && family.dam != 0) pairs.push_back({family.sire, family.dam, double{family.f}});
+  }
+  return measure_nearness(herd.pedigree, pairs);
+}
+
+/// How much years differ in herds whose breeders choose mates as they do now: what is seen beyond that may come again.
+void fit_nearness(ModelBasis& basis, std::uint64_t seed, AncestorWalk* walk, FitWatch& watch) {
+  if (basis.nearness_seen.paths.empty()) return;
+  const BreedingRules present;
+  const auto base = static_cast<std::size_t>(basis.base.length());
+  double squares = 0.0, count = 0.0;
+  for (std::int32_t trial = 0; trial < trials_of(basis.base) && !watch.is_stopped; ++trial) {
+    ModelHerd herd = begin_herd(basis, present, seed, -1 - trial, walk);
+    std::vector<std::optional<double>> years;
+    for (std::int32_t year = 1; year <= basis.base.length() + trial_years; ++year) {
+      if (!watch.goes_on() || !live_year(herd, basis.base.last_year + year)) break;
+      years.push_back(nearness_of_year(herd));
+    }
+    const std::span<const std::optional<double>> all = years;
+    if (all.size() > base) {
+      for (const double difference : nearness_behind(all.first(base), all.subspan(base))) {
+        squares += difference * difference;
+        count += 1.0;
+      }
+    }
+    if (walk != nullptr) shorten_walk(*walk, basis.pedigree.count());
+  }
+  if (count > 0.0) basis.nearness = beyond_chance(basis.nearness_seen, squares / count);
+}
+
 }  // namespace
 
 bool fit_use(ModelBasis& basis, std::uint64_t seed, const ForecastProgress& progress) {
@@ -83,13 +118,16 @@ bool fit_use(ModelBasis& basis, std::uint64_t seed, const ForecastProgress& prog
   std::unique_ptr<AncestorWalk> walk;
   if (!basis.has_table()) walk = std::make_unique<AncestorWalk>(make_basis_walk(basis));
   FitWatch watch = {progress, std::int64_t{steps} * trials_of(basis.base) * trial_years};
+  const std::int64_t years_of_nearness = basis.nearness_seen.paths.empty() ? 0 : basis.base.length() + trial_years;
+  watch.all_years += trials_of(basis.base) * years_of_nearness;
   for (int step = 0; step < steps; ++step) {
     const auto tried = try_herds(basis, seed, walk.get(), watch);
     if (watch.is_stopped) return false;
     if (!tried) return true;
     move_powers(basis, *observed, *tried);
   }
-  return true;
+  fit_nearness(basis, seed, walk.get(), watch);
+  return !watch.is_stopped;
 }
 
 }  // namespace pedigreewatch

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <optional>
 #include <unordered_map>
 
@@ -24,6 +25,8 @@ struct Pairing {
   std::vector<ModelFamily> pairs;                                            ///< made so far
   std::vector<std::int32_t> group_of_pair;                                   ///< of the sire
   std::unordered_map<std::int32_t, std::int32_t> matings_of_offspring = {};  ///< by common parent
+  double nearer = 0.0;   ///< by how much mates are to be nearer than by rank, as a part of 1 - kinship
+  double missing = 0.0;  ///< of that, in kinship, what earlier pairs have not come to
 
   float kinship(std::int32_t sire, std::int32_t dam) const {
     return herd.has_table() ? herd.table.between(sire, dam) : near_kinship(herd.pedigree, sire, dam);
@@ -92,10 +95,30 @@ struct LookedAt {
   std::size_t slot = 0;
 };
 
+struct LookedAtMales {
+  std::array<LookedAt, looked_at> males;
+  std::size_t count = 0;
+};
+
+/// Of the males, in the order of their kinships, the nearest to what the one of this rank has and the year has more.
+std::size_t shifted_rank(Pairing& pairing, const LookedAtMales& seen, std::size_t rank) {
+  if (pairing.nearer == 0.0) return rank;
+  const double own = double{seen.males[rank].kinship};
+  const double wanted = own + pairing.nearer * (1.0 - own) + pairing.missing;
+  std::size_t nearest = 0;
+  const auto distance = [&](std::size_t k) { return std::abs(double{seen.males[k].kinship} - wanted); };
+  for (std::size_t k = 1; k < seen.count; ++k) {
+    if (distance(k) < distance(nearest)) nearest = k;
+  }
+  pairing.missing = wanted - double{seen.males[nearest].kinship};
+  return nearest;
+}
+
 /// A slot by the practice; the list has one.
 std::size_t choose_slot(Pairing& pairing, const std::vector<std::int32_t>& list, std::int32_t dam) {
-  std::array<LookedAt, looked_at> males;
-  const std::size_t count = std::min(looked_at, list.size());
+  LookedAtMales seen;
+  std::array<LookedAt, looked_at>& males = seen.males;
+  const std::size_t count = seen.count = std::min(looked_at, list.size());
   const std::size_t first = static_cast<std::size_t>(pairing.random.below(static_cast<std::int32_t>(list.size())));
   const double drawn = pairing.random.unit();
   // The slots were shuffled: neighbours are any.
@@ -106,7 +129,7 @@ std::size_t choose_slot(Pairing& pairing, const std::vector<std::int32_t>& list,
   const std::size_t rank = draw_rank(pairing.herd.basis.mate_ranks, drawn, count);
   std::stable_sort(males.begin(), males.begin() + static_cast<std::ptrdiff_t>(count),
                    [](const LookedAt& a, const LookedAt& b) { return a.kinship < b.kinship; });
-  return males[rank].slot;
+  return males[dam == 0 ? rank : shifted_rank(pairing, seen, rank)].slot;
 }
 
 void take_slot(Pairing& pairing, std::vector<std::int32_t>& list, std::size_t slot, const WantedLitter& litter,
@@ -186,6 +209,10 @@ Pairing begin_pairing(ModelHerd& herd, std::int32_t year) {
   for (const ModelParent& sire : herd.parents.of_males) {
     std::vector<std::int32_t>& list = pairing.slots[static_cast<std::size_t>(sire.group)];
     list.insert(list.end(), static_cast<std::size_t>(sire.litters), sire.animal);
+  }
+  if (herd.replicate >= 0) {  // trial herds keep to the practice
+    const std::int32_t ahead = year - herd.basis.base.last_year;
+    pairing.nearer = follow_nearness(herd.basis.nearness, ahead, herd.stream(0, DrawPurpose::nearness));
   }
   for (std::vector<std::int32_t>& list : pairing.slots) shuffle(pairing.random, std::span(list));
   return pairing;

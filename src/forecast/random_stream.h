@@ -24,6 +24,7 @@ enum class DrawPurpose : std::uint8_t {
   pairing,
   births,
   numbers,
+  nearness,
 };
 
 struct RandomStream {
