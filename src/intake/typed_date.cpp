@@ -86,7 +86,8 @@ PossibleDays days_typed(const DatePiecesFound& date, const DateColumn& column) {
     if (is_day(likely)) return {likely, {}};
     return is_day(other) ? PossibleDays{other, {}} : PossibleDays{};
   };
-  if (date.has_time || date.is_rough) return {};
+  constexpr std::size_t digits_of_year = 4;
+  if (date.has_time || date.is_rough || date.year.size() != digits_of_year) return {};
   if (date.shape == DateShape::named) {
     const Day named = {year, date.second, value_of(date.first_text)};
     return is_day(named) ? PossibleDays{named, {}} : PossibleDays{};

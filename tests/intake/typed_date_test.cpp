@@ -87,7 +87,7 @@ TEST(TypedDate, HasTheSignsAndZerosOfTheColumn) {
 TEST(TypedDate, ThatIsNoDayStaysAsItWasTyped) {
   const Column column({"2018-02-03", "2019-12-31"});
   for (const char* const typed : {"2019", "03-2019", "31-02-2019", "00-03-2019", "circa 14-03-2019", "14-03-2019 12:00",
-                                  "unknown", "14032019", "14-3-19", ""}) {
+                                  "unknown", "14032019", "14-3-19", "14-3-201", "14-3-20190", ""}) {
     EXPECT_EQ(column.kept(typed), typed);
   }
   EXPECT_EQ(Column({"14 March 2004", "15 March 2004"}).kept("16-03-2019"), "16-03-2019") << "months in words";
