@@ -233,6 +233,22 @@ TEST(LostConsole, IsToldByTheToolsWithTheirFilesComplete) {
   }
 }
 
+// What a check found is shown; a script must not take a check that nobody saw for one that has found something.
+TEST(LostConsole, IsOfACheckThatCouldNotBeMade) {
+  const std::string clean = std::string(header) +
+                            "rex;;;m;01-01-2001\nsaar;;;f;01-01-2001\nmies;;;f;01-01-2002\n"
+                            "puk;rex;saar;f;01-01-2003\n";
+  for (const std::string& data : {clean, family}) {  // a year without animals falsifies figures
+    const WholeRun shown = run_program_on(files_of(data), tools_with({"check"}));
+    ASSERT_EQ(shown.exit_status, data == clean ? 0 : 1) << shown.console;
+    const WholeRun lost = run_program_on(files_of(data), tools_script("\"$TOOLS\" check >/dev/full"));
+    EXPECT_EQ(lost.exit_status, 2);
+    EXPECT_EQ(lost.messages, "the console could not be written: No space left on device" +
+                                 std::string(data == clean ? "; the files are complete\n" : "\n"));
+    EXPECT_EQ(lost.file("dogs_check.tsv"), shown.file("dogs_check.tsv"));
+  }
+}
+
 TEST(LostConsole, OfAHelpMakesNoPromiseOfFiles) {
   const std::string reason = "the console could not be written: No space left on device\n";
   for (const std::string command :
@@ -248,7 +264,7 @@ TEST(LostConsole, OfAHelpMakesNoPromiseOfFiles) {
 TEST(LostConsole, IsNoPlaceForAFile) {
   const std::string expected = run_program_on(files_of(family), tools_with({"check"})).file("dogs_check.tsv");
   const WholeRun run = run_program_on(files_of(family), tools_script("\"$TOOLS\" check <&- >&- 2>&-"));
-  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(run.exit_status, 2);
   EXPECT_EQ(run.file("dogs_check.tsv"), expected);
 }
 
@@ -309,6 +325,11 @@ TEST(UnreadableFile, IsToldWithTheReason) {
             "directory\n");
   const WholeRun limits = run_program_on(files_of(family), tools_with({"check", "--limits", "none.txt"}));
   EXPECT_EQ(limits.messages, "none.txt: the file of --limits could not be opened: No such file or directory\n");
+  SteerLines dutch;
+  dutch.language = "nl";
+  const WholeRun in_dutch = run_program_on(files_of(family, dutch), tools_with({"check", "--limits", "none.txt"}));
+  EXPECT_EQ(in_dutch.messages,
+            "none.txt: het bestand van --limits kon niet geopend worden: dit bestand of deze map bestaat niet\n");
 }
 
 // ---- cells that a spreadsheet would work out ----------------------------------------------------------------------

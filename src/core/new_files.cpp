@@ -32,8 +32,15 @@ constexpr const char* new_file_mode = "wb";
 constexpr const char* new_file_mode = "wbx";
 #endif
 
-std::string words_for(int error) {
-  return std::generic_category().message(error != 0 ? error : EIO);
+FileProblem problem_of(const std::string& name, int error) {
+  const int known = error != 0 ? error : EIO;
+  return {name, std::generic_category().message(known), known};
+}
+
+/// In the words of the system at hand, which has numbers of its own.
+FileProblem problem_of(const std::string& name, const std::error_code& error) {
+  const std::error_condition known = error.default_error_condition();
+  return {name, error.message(), known.category() == std::generic_category() ? known.value() : 0};
 }
 
 bool flush_to_disk(std::FILE* file) {
@@ -133,7 +140,7 @@ bool move_into_place(Move& move, bool is_last, FileProblem& problem) {
   if (error == std::errc::no_such_file_or_directory) error.clear();  // there is no older file
   if (!error) fs::rename(move.file->temporary, move.file->name, error);
   move.is_done = !error;
-  if (error) problem = {move.file->name, error.message()};
+  if (error) problem = problem_of(move.file->name, error);
   return move.is_done;
 }
 
@@ -175,7 +182,7 @@ std::vector<FolderLock> lock_folders_of(std::span<NewFile* const> files) {
 
 bool has_room(const NewFile& file, bool may_overwrite, FileProblem& problem) {
   if (may_overwrite || !is_taken(file.name)) return true;
-  problem = {file.name, {}};
+  problem = {file.name, {}, 0};
   return false;
 }
 
@@ -214,7 +221,7 @@ bool begin_file(NewFile& file, const std::string& name, FileProblem& problem) {
   file.error = 0;
   file.file = std::fopen(temporary.c_str(), new_file_mode);
   if (file.file == nullptr) {
-    problem = {name, words_for(errno)};
+    problem = problem_of(name, errno);
     return false;
   }
   file.name = name;
@@ -246,7 +253,7 @@ bool finish_all(std::span<NewFile* const> files, bool may_overwrite, FileProblem
   bool is_good = true;
   for (NewFile* const file : files) {
     const bool is_complete = settle_file(*file);
-    if (is_good && !is_complete) problem = {file->name, words_for(file->error)};
+    if (is_good && !is_complete) problem = problem_of(file->name, file->error);
     is_good = is_good && is_complete;
   }
   if (is_good) {

@@ -13,6 +13,7 @@ namespace pedigreewatch {
 struct FileProblem {
   std::string name;    ///< of the file
   std::string reason;  ///< in the words of the system; empty: the file exists and may not be overwritten
+  int error = 0;       ///< the number of the system that goes with these words; 0: there is none
 };
 
 /// A file that is being written under another name. What has not got its name when the record goes is taken away, also

@@ -1,5 +1,6 @@
 #include "core/tool_streams.h"
 
+#include <algorithm>
 #include <system_error>
 
 namespace pedigreewatch {
@@ -17,7 +18,7 @@ int end_tool(int status, ToolStreams& streams) {
             (status == 0 && streams.makes_files ? "; the files are complete" : ""));
   }
   flush(streams.messages);
-  return status != 0 || streams.console.error == 0 ? status : stands_in_the_way;
+  return streams.console.error == 0 ? status : std::max(status, streams.lost_console);
 }
 
 int refuse(ToolStreams& streams, const ToolRefusal& refusal) {

@@ -15,6 +15,7 @@ struct ToolStreams {
   TextOutput messages;    ///< what stands in the way
   ProgressLine progress;  ///< is off the screen whenever something is printed
   StopRequest stop_request = nullptr;
+  int lost_console = 1;     ///< the exit status, at least, when the console could not be written
   bool makes_files = true;  ///< otherwise what stands on the console is all there is: a help, a version, a trial
 };
 
@@ -35,7 +36,7 @@ struct ToolRefusal {
 void say(TextOutput& output, std::string_view line);
 
 /// Everything said reaches its stream; what did not is told, and that the files are complete where any were made.
-/// Yields the exit status: 1 in place of 0 when the console could not be written.
+/// Yields the exit status: not below `lost_console` when the console could not be written.
 int end_tool(int status, ToolStreams& streams);
 
 /// Says the refusal, behind everything that the tool has shown. Yields the exit status.

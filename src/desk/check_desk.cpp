@@ -19,6 +19,7 @@
 #include "intake/column_recognition.h"
 #include "text/folded_words.h"
 #include "text/search_text.h"
+#include "text/system_reasons.h"
 
 namespace pedigreewatch {
 namespace {
@@ -47,7 +48,7 @@ std::string run_check(Desk& desk) {
   tell(desk.watch, "checking");
   desk.check = check_data(data, settings, unseen);
   judge_results(desk);  // what was found may forbid a verdict
-  if (data.error != 0) return phrase(unreadable, desk.language, {error_text(data.error)});
+  if (data.error != 0) return phrase(unreadable, desk.language, {reason_text(data.error, desk.language)});
   if (desk.check->has_too_many_lines) return std::string(words_of(too_many_lines, desk.language));
   sort_by_line(desk.check->findings);
   return {};

@@ -20,6 +20,7 @@
 #include "desk/settings_text.h"
 #include "intake/correction_words.h"
 #include "intake/prepared_file.h"
+#include "text/system_reasons.h"
 
 namespace pedigreewatch {
 namespace {
@@ -124,7 +125,9 @@ std::string write_all(const Desk& desk, const PreparePlan& plan, RunFiles& files
   const bool has_list = !files.available_file.empty();
   if (has_list) all.push_back(&list);
   FileProblem problem;
-  const auto failure = [&] { return phrase(cannot_write, desk.language, {in_quotes(problem.name), problem.reason}); };
+  const auto failure = [&] {
+    return phrase(cannot_write, desk.language, {in_quotes(problem.name), reason_of(problem, desk.language)});
+  };
   if (!begin_file(data.file, files.data_file, problem) || !begin_file(steer, files.steer_file, problem) ||
       (has_list && !begin_file(list, files.available_file, problem))) {
     for (NewFile* const file : all) abandon(*file);

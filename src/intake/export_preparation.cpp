@@ -93,7 +93,7 @@ std::optional<Refusal> read_export(const std::string& name, std::string& bytes) 
   std::error_code ignored;
   if (fs::is_directory(name, ignored)) return Refusal{RefusalKind::is_folder, {name}};
   const int error = read_file_bytes(name, bytes);
-  if (error != 0) return Refusal{RefusalKind::cannot_read, {name, error_text(error)}};
+  if (error != 0) return Refusal{RefusalKind::cannot_read, {name, SystemReason{error}}};
   if (bytes.empty()) return Refusal{RefusalKind::is_empty, {name}};
   if (is_read_as_workbook(bytes)) return std::nullopt;
   WorkbookProblem problem;

@@ -104,14 +104,13 @@ std::optional<Refusal> read_with_answers(PrepareOptions& options, ObeyOption obe
   const std::vector<std::string> files = are_wished ? std::vector{options.answers_name} : files_for(options);
   std::error_code ignored;
   if (are_wished && !fs::is_regular_file(options.answers_name, ignored)) {
-    return Refusal{RefusalKind::cannot_read,
-                   {options.answers_name, std::generic_category().message(ignored ? ignored.value() : ENOENT)}};
+    return Refusal{RefusalKind::cannot_read, {options.answers_name, SystemReason{ignored ? ignored.value() : ENOENT}}};
   }
   for (const std::string& file : files) {
     std::string text;
     const int error = read_text(file, text);
     if (error != 0 && (are_wished || error == input_has_changed)) {
-      return Refusal{RefusalKind::cannot_read, {file, error_text(error)}};
+      return Refusal{RefusalKind::cannot_read, {file, SystemReason{error}}};
     }
     SavedAnswers answers = read_answers(text, obey);
     answers.file = file;

@@ -20,6 +20,7 @@
 #include "intake/kept_answers.h"
 #include "intake/prepared_file.h"
 #include "intake/said_values.h"
+#include "text/system_reasons.h"
 
 namespace pedigreewatch {
 namespace {
@@ -120,7 +121,7 @@ bool would_lose_answers(const Targets& targets, const Preparation& read, const P
 int refuse_odd(const std::string& target, const PrepareOptions& options, ToolStreams& streams) {
   std::error_code ignored;
   if (fs::is_directory(target, ignored)) {
-    return refuse(streams, options, cannot_write, {shown(target), std::generic_category().message(EISDIR)});
+    return refuse(streams, options, cannot_write, {shown(target), reason_text(EISDIR, options.language)});
   }
   const bool is_odd = is_taken(target) && !fs::is_regular_file(fs::symlink_status(target, ignored));
   return is_odd ? refuse(streams, options, is_no_plain_file, {shown(target)}) : 0;
@@ -167,7 +168,7 @@ bool take_piece(void* receiver, std::string_view bytes) {
 
 int refuse_problem(const FileProblem& problem, const PrepareOptions& options, ToolStreams& streams) {
   if (problem.reason.empty()) return refuse(streams, options, already_there, {shown(problem.name)});
-  return refuse(streams, options, cannot_write, {shown(problem.name), problem.reason});
+  return refuse(streams, options, cannot_write, {shown(problem.name), reason_of(problem, options.language)});
 }
 
 /// Keeps what was asked and chosen beside the written files. Yields 0, or 1 after a message.
@@ -178,7 +179,8 @@ int keep_answers(const Targets& targets, const Preparation& read, const PrepareO
   FileProblem problem;
   const bool is_kept =
       begin_file(file, targets.answers, problem) && write_bytes(file, text) && finish_file(file, problem);
-  if (!is_kept) return refuse(streams, options, cannot_keep, {shown(targets.answers), problem.reason});
+  if (!is_kept)
+    return refuse(streams, options, cannot_keep, {shown(targets.answers), reason_of(problem, options.language)});
   say(streams.console, answers_kept, options.language, {shown(targets.answers)});
   return 0;
 }

@@ -106,10 +106,16 @@ struct NameChoiceList {
   std::vector<NameChoice> choices;
 };
 
+/// Why the system does not hand out a file, as `reason_text` takes it.
+struct SystemReason {
+  int error = 0;
+};
+
 /// A number, a text of the export or of the user, the place of a column, lines with what stands in them, ...
-using Value = std::variant<std::int64_t, std::string, FieldCode, FieldName, DateOrder, Encoding, Delimiter, ColumnList,
-                           CountedList, NotedTexts, MatchList, LetterList, TriedDelimiters, WordList, NotedCells,
-                           WorkbookProblem, EncodingReadings, IdRules, IdPairList, NameChoiceList, ColumnEvidenceList>;
+using Value =
+    std::variant<std::int64_t, std::string, FieldCode, FieldName, DateOrder, Encoding, Delimiter, ColumnList,
+                 CountedList, NotedTexts, MatchList, LetterList, TriedDelimiters, WordList, NotedCells, WorkbookProblem,
+                 EncodingReadings, IdRules, IdPairList, NameChoiceList, ColumnEvidenceList, SystemReason>;
 using Values = std::vector<Value>;
 
 // --- Remarks: what was recognised, and what is changed on the way. Behind each kind stand its values ---
@@ -293,7 +299,7 @@ struct Question {
 // --- Refusals: why nothing can be made of the export as it is ---
 
 enum class RefusalKind {
-  cannot_read,        ///< file, reason in the words of the system
+  cannot_read,        ///< file, reason of the system
   is_folder,          ///< file
   is_empty,           ///< file
   is_binary,          ///< file, what kind of file it is

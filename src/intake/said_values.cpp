@@ -9,6 +9,7 @@
 #include "core/report_limits.h"
 #include "core/report_shape.h"
 #include "intake/column_choice.h"
+#include "text/system_reasons.h"
 #include "text/utf_8.h"
 
 namespace pedigreewatch {
@@ -149,6 +150,8 @@ struct TextMaker {
       return phrase(parent_and_id, language, {std::to_string(pair.line), in_quotes(pair.parent), in_quotes(pair.id)});
     });
   }
+
+  std::string operator()(SystemReason reason) const { return reason_text(reason.error, language); }
 
   std::string operator()(const WorkbookProblem& problem) const { return message_of(problem, language); }
 

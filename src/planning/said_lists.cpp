@@ -11,6 +11,7 @@
 #include "checks/readable_text.h"
 #include "core/line_reader.h"
 #include "matings/candidates.h"
+#include "text/system_reasons.h"
 
 namespace pedigreewatch {
 namespace {
@@ -127,7 +128,7 @@ std::vector<ListLine> lines_of_file(PlanInput& input, const std::string& name, s
   LineReader reader;
   if (!open_for_reading(reader, name)) {
     if (reader.error == EINTR) {
-      refuse_file(input, said_of_file, {in_quotes(name), error_text(reader.error)});
+      refuse_file(input, said_of_file, {in_quotes(name), reason_text(reader.error, input.language)});
     } else {
       refuse_file(input, not_opened, {in_quotes(name), option});
     }
@@ -138,7 +139,7 @@ std::vector<ListLine> lines_of_file(PlanInput& input, const std::string& name, s
     if (!take_line(input, name, reader.line_number, line, lines)) return {};
   }
   note_change(reader);
-  if (reader.error != 0) refuse_file(input, said_of_file, {shown(name), error_text(reader.error)});
+  if (reader.error != 0) refuse_file(input, said_of_file, {shown(name), reason_text(reader.error, input.language)});
   return lines;
 }
 

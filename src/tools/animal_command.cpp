@@ -18,6 +18,7 @@
 #include "diversity/recent_inbreeding.h"
 #include "matings/candidates.h"
 #include "page/animal_page.h"
+#include "text/system_reasons.h"
 #include "tools/current_date.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
@@ -158,7 +159,7 @@ std::optional<ToolRefusal> write_files(const FolderRun& run, const AnimalOptions
   if (is_stopped || !problem.name.empty() || !finish_all(begun, true, problem)) {
     for (NewFile* const file : begun) abandon(*file);
     if (is_stopped) return ToolRefusal{run.words(was_stopped)};
-    return ToolRefusal{run.words(not_written, {shown(problem.name), problem.reason})};
+    return ToolRefusal{run.words(not_written, {shown(problem.name), reason_of(problem, run.language)})};
   }
   for (const CardFile& file : files) {
     say(run.streams.console, options.is_together

@@ -7,6 +7,7 @@
 #include "checks/readable_text.h"
 #include "core/new_files.h"
 #include "matings/candidates.h"
+#include "text/system_reasons.h"
 #include "tools/folder_analysis.h"
 #include "tools/id_list.h"
 
@@ -40,7 +41,7 @@ std::optional<ToolRefusal> read_available(const FolderRun& run, AvailableAnimals
   if (!is_taken(name)) return std::nullopt;
   const IdList list = read_id_list(name, std::numeric_limits<std::int32_t>::max());
   if (list.fault != IdListFault::none) {
-    const std::string reason = list.error != 0 ? error_text(list.error) : run.words(no_text);
+    const std::string reason = list.error != 0 ? reason_text(list.error, run.language) : run.words(no_text);
     return ToolRefusal{run.words(not_read, {shown(name), reason})};
   }
   available = available_listed(run.population.store, list.ids);

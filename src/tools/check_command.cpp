@@ -17,6 +17,7 @@
 #include "core/memory_return.h"
 #include "core/side_by_side.h"
 #include "intake/said_values.h"
+#include "text/system_reasons.h"
 #include "tools/current_date.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
@@ -49,6 +50,8 @@ constexpr Wording too_many_lines = {
     "{1}: the file has 100000000 lines or more, of which pedigreewatch reads none",
     "{1}: het bestand heeft 100000000 regels of meer; daarvan leest pedigreewatch er geen"};
 constexpr Wording unreadable = {"{1}: {2}", "{1}: {2}"};
+constexpr Wording limits_not_opened = {"{1}: the file of --limits could not be opened: {2}",
+                                       "{1}: het bestand van --limits kon niet geopend worden: {2}"};
 constexpr Wording is_in_use = {"a table of this name would replace a file that this run reads",
                                "een tabel met deze naam zou een bestand vervangen dat hier gelezen wordt"};
 constexpr Wording table_not_written = {"{1}: {2}; the table was not written", "{1}: {2}; de tabel is niet geschreven"};
@@ -97,17 +100,17 @@ std::string take_option(const GivenOption& option, CheckOptions& options) {
 }
 
 /// Changes the limits; yields what is wrong with the file, empty: nothing.
-std::string change_limits(const std::string& name, CheckLimits& limits) {
+std::string change_limits(const std::string& name, ToolLanguage language, CheckLimits& limits) {
   if (name.empty()) return {};
   LineReader reader;
   if (!open_for_reading(reader, name))
-    return shown(name) + ": the file of --limits could not be opened: " + error_text(reader.error);
+    return phrase(limits_not_opened, language, {shown(name), reason_text(reader.error, language)});
   std::string text;
   std::string_view line;
   constexpr std::size_t most_bytes = 1'000'000;
   while (text.size() < most_bytes && read_line(reader, line)) text += std::string(line) + "\n";
   note_change(reader);
-  if (reader.error != 0) return shown(name) + ": " + error_text(reader.error);
+  if (reader.error != 0) return phrase(unreadable, language, {shown(name), reason_text(reader.error, language)});
   return read_limits(text, name, limits);
 }
 
@@ -126,7 +129,7 @@ bool write_workbook(CheckResult& result, const CheckReport& report, FileProblem&
   write_findings_sheet(result, report.language, workbook);
   if (finish_workbook(workbook)) return finish_file(file, problem);
   abandon(file);
-  problem = {report.table_file, message_of(workbook, report.language)};
+  problem = {report.table_file, message_of(workbook, report.language), 0};
   return false;
 }
 
@@ -141,10 +144,11 @@ std::optional<ToolRefusal> check_file(const SteerSettings& steer, const CheckSet
   if (std::optional<ToolRefusal> not_opened = open_data_file(steer, data)) return not_opened;
   const std::string table = table_name(name, options.wants_workbook ? ".xlsx" : ".tsv");
   FileProblem problem = find_obstacle({steer, {&options.limits_file, 1}, settings.language}, table, is_in_use);
-  if (!problem.name.empty()) return refusal(table_not_written, {shown(problem.name), problem.reason});
+  if (!problem.name.empty())
+    return refusal(table_not_written, {shown(problem.name), reason_of(problem, settings.language)});
   CheckResult result = check_data(data, settings, streams.progress);
   if (is_stop_requested(streams)) return refusal(was_stopped, {});
-  if (data.error != 0) return refusal(unreadable, {shown(name), error_text(data.error)});
+  if (data.error != 0) return refusal(unreadable, {shown(name), reason_text(data.error, settings.language)});
   if (has_changed(data)) return refusal(has_changed_meanwhile, {in_quotes(name)});
   if (result.has_too_many_lines) return refusal(too_many_lines, {shown(name)});
   const std::string export_name = settings.export_lines ? settings.export_lines->export_name : std::string();
@@ -153,7 +157,7 @@ std::optional<ToolRefusal> check_file(const SteerSettings& steer, const CheckSet
   const bool is_written =
       options.wants_workbook ? write_workbook(result, report, problem) : write_table(result, report, problem);
   show_findings(result, report, streams.console);
-  if (!is_written) return refusal(table_not_written, {shown(problem.name), problem.reason});
+  if (!is_written) return refusal(table_not_written, {shown(problem.name), reason_of(problem, settings.language)});
   status = has_serious_findings(result.findings) ? has_serious : 0;
   return std::nullopt;
 }
@@ -168,7 +172,7 @@ std::optional<ToolRefusal> check_folder(const CheckOptions& options, ToolStreams
   bool is_outdated = false;
   settings.export_lines = export_lines_beside(std::string(steer.data_file_name.trimmed()), is_outdated);
   if (is_outdated) say(streams.console, changed_since, settings.language, {shown(steer.data_file_name.trimmed())});
-  std::string limits_problem = change_limits(options.limits_file, settings.limits);
+  std::string limits_problem = change_limits(options.limits_file, settings.language, settings.limits);
   if (!limits_problem.empty()) return ToolRefusal{std::move(limits_problem)};
   return check_file(steer, settings, options, streams, status);
 }

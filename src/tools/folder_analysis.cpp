@@ -13,6 +13,7 @@
 #include "control/steer_file.h"
 #include "core/side_by_side.h"
 #include "text/phrases.h"
+#include "text/system_reasons.h"
 #include "tools/folder_command.h"
 
 namespace pedigreewatch {
@@ -69,7 +70,8 @@ std::optional<ToolRefusal> open_data_file(const SteerSettings& settings, LineRea
   const std::string name(settings.data_file_name.trimmed());
   if (open_for_reading(data, name)) return std::nullopt;
   if (data.error == EINTR) return ToolRefusal{phrase(was_stopped, language_of(settings))};
-  return ToolRefusal{phrase(no_data_file, language_of(settings), {in_quotes(name), error_text(data.error)})};
+  return ToolRefusal{
+      phrase(no_data_file, language_of(settings), {in_quotes(name), reason_text(data.error, language_of(settings))})};
 }
 
 std::optional<ToolRefusal> analyse_folder(FolderUse use, StopRequest stop_request, AnalysedPopulation& population) {

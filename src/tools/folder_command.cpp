@@ -75,7 +75,7 @@ std::optional<ToolRefusal> refuse_changed_data(const FolderRun& run) {
 
 FileProblem find_obstacle(const ReadFiles& read, const std::string& name, const Wording& is_in_use) {
   std::error_code ignored;
-  const auto problem = [&](const Wording& wording) { return FileProblem{name, phrase(wording, read.language)}; };
+  const auto problem = [&](const Wording& wording) { return FileProblem{name, phrase(wording, read.language), 0}; };
   if (!is_taken(name)) return {};
   if (is_read(name, read.settings, read.lists)) return problem(is_in_use);
   if (std::filesystem::is_symlink(name, ignored)) return problem(is_link);

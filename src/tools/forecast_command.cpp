@@ -25,6 +25,7 @@
 #include "planning/parent_use.h"
 #include "planning/plan_words.h"
 #include "tables/forecast_tables.h"
+#include "text/system_reasons.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
 #include "tools/forecast_options.h"
@@ -83,11 +84,11 @@ Refusal write_files(const FolderRun& run, const ForecastOptions& options, std::v
   }
   for (NewFile* const file : begun) abandon(*file);
   if (is_stop_requested(run.streams)) return ToolRefusal{run.words(was_stopped)};
-  return ToolRefusal{run.words(not_written, {shown(problem.name), problem.reason})};
+  return ToolRefusal{run.words(not_written, {shown(problem.name), reason_of(problem, run.language)})};
 }
 
-/// The whole text of the file with the rules; nothing where it cannot be read, with the reason.
-std::optional<std::string> text_of_file(const std::string& name, std::string& reason) {
+/// The whole text of the file with the rules; nothing where it cannot be read, with the number of the system.
+std::optional<std::string> text_of_file(const std::string& name, int& error) {
   LineReader reader;
   std::string text;
   if (open_for_reading(reader, name)) {
@@ -96,7 +97,7 @@ std::optional<std::string> text_of_file(const std::string& name, std::string& re
     note_change(reader);
   }
   if (reader.error == 0) return text;
-  reason = error_text(reader.error);
+  error = reader.error;
   return std::nullopt;
 }
 
@@ -130,10 +131,10 @@ std::optional<std::vector<BreedingRules>> read_rules(const FolderRun& run, const
   scenarios.front().name = present_practice;
   if (!options.rules_file.empty()) {
     const std::string file = shown(options.rules_file);
-    std::string reason;
-    const std::optional<std::string> text = text_of_file(options.rules_file, reason);
+    int error = 0;
+    const std::optional<std::string> text = text_of_file(options.rules_file, error);
     if (!text) {
-      say(run.streams.messages, run.words(not_read, {file, reason}));
+      say(run.streams.messages, run.words(not_read, {file, reason_text(error, run.language)}));
       return std::nullopt;
     }
     ReadScenarios read = read_scenarios(*text);

@@ -21,6 +21,7 @@
 #include "planning/parent_use.h"
 #include "planning/plan_candidates.h"
 #include "planning/plan_words.h"
+#include "text/system_reasons.h"
 #include "tools/available_list.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
@@ -235,10 +236,10 @@ std::optional<ToolRefusal> read_list(const FolderRun& folder, const std::string&
   };
   switch (list.fault) {
     case IdListFault::not_opened:
-      return ToolRefusal{folder.words(not_opened, {in_quotes(name), option, error_text(list.error)})};
+      return ToolRefusal{folder.words(not_opened, {in_quotes(name), option, reason_text(list.error, folder.language)})};
     case IdListFault::no_text: return refusal(no_text);
     case IdListFault::too_long: return refusal(too_many_ids, std::to_string(most_lines));
-    case IdListFault::not_read: return refusal(unreadable, error_text(list.error));
+    case IdListFault::not_read: return refusal(unreadable, reason_text(list.error, folder.language));
     case IdListFault::none: break;
   }
   if (list.ids.empty()) return refusal(empty_list);
@@ -424,7 +425,7 @@ std::string table_name(const MatingRun& run) {
 }
 
 ToolRefusal refusal_to_write(const FolderRun& folder, const FileProblem& problem) {
-  return {folder.words(not_written, {shown(problem.name), problem.reason})};
+  return {folder.words(not_written, {shown(problem.name), reason_of(problem, folder.language)})};
 }
 
 /// Refuses a table whose name is that of something else.

@@ -13,6 +13,7 @@
 #include "diversity/diversity.h"
 #include "page/page.h"
 #include "standing/standing_options.h"
+#include "text/system_reasons.h"
 #include "tools/available_list.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
@@ -77,7 +78,7 @@ std::optional<ToolRefusal> write_page(const FolderRun& run, std::string_view pag
   const std::string name = name_beside_report(run.population.settings, ".html");
   FileProblem problem = find_obstacle(run, name, {&ids_file, 1}, is_in_use);
   if (!problem.name.empty() || !write_file(name, page, problem)) {
-    return ToolRefusal{run.words(not_written, {shown(problem.name), problem.reason})};
+    return ToolRefusal{run.words(not_written, {shown(problem.name), reason_of(problem, run.language)})};
   }
   constexpr std::size_t kilo = 1000;
   say(run.streams.console, run.words(written, {shown(name), std::to_string((page.size() + kilo - 1) / kilo)}));

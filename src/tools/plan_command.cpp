@@ -21,6 +21,7 @@
 #include "planning/planned_matings.h"
 #include "planning/said_request.h"
 #include "tables/plan_tables.h"
+#include "text/system_reasons.h"
 #include "tools/available_list.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
@@ -289,7 +290,7 @@ Refusal write_files(const PlanRun& run, std::vector<PlanFile>& files) {
   }
   for (NewFile* const file : begun) abandon(*file);
   if (is_stop_requested(run.streams)) return ToolRefusal{run.folder.words(was_stopped)};
-  return ToolRefusal{run.folder.words(not_written, {shown(problem.name), problem.reason})};
+  return ToolRefusal{run.folder.words(not_written, {shown(problem.name), reason_of(problem, run.folder.language)})};
 }
 
 Refusal plan_and_write(FolderRun& folder, const PlanOptions& options) {

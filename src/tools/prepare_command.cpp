@@ -16,6 +16,7 @@
 #include "intake/species_choice.h"
 #include "text/encoding.h"
 #include "text/phrases.h"
+#include "text/system_reasons.h"
 #include "tools/command_line.h"
 #include "tools/current_date.h"
 #include "tools/folder_command.h"
@@ -268,7 +269,8 @@ std::optional<ToolRefusal> read_list(PrepareOptions& options, ToolStreams& strea
   std::string bytes;
   const int error = read_file_bytes(options.corrections_file, bytes);
   if (error != 0) {
-    return ToolRefusal{phrase(list_not_read, options.language, {shown(options.corrections_file), error_text(error)})};
+    return ToolRefusal{phrase(list_not_read, options.language,
+                              {shown(options.corrections_file), reason_text(error, options.language)})};
   }
   const EncodingEvidence evidence = recognise_encoding(bytes);
   const std::string text = decode(std::move(bytes), evidence.encoding.value_or(Encoding::windows_1252)).text;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "checks/readable_text.h"
+#include "text/system_reasons.h"
 #include "tools/id_list.h"
 
 namespace pedigreewatch {
@@ -63,10 +64,10 @@ std::optional<ToolRefusal> read_reference(const FolderRun& run, const std::strin
   constexpr std::size_t any_number = std::numeric_limits<std::size_t>::max();
   const IdList list = read_id_list(name, any_number);
   if (list.fault == IdListFault::not_opened)
-    return ToolRefusal{run.words(not_opened, {shown(name), error_text(list.error)})};
+    return ToolRefusal{run.words(not_opened, {shown(name), reason_text(list.error, run.language)})};
   if (list.fault == IdListFault::no_text) return ToolRefusal{run.words(no_text, {shown(name)})};
   if (list.fault == IdListFault::not_read)
-    return ToolRefusal{run.words(not_read, {shown(name), error_text(list.error)})};
+    return ToolRefusal{run.words(not_read, {shown(name), reason_text(list.error, run.language)})};
   std::vector<ListedId> unknown;
   reference = listed_animals(run.population.store, list.ids, unknown);
   if (!unknown.empty()) return ToolRefusal{list_unknown(unknown, name, run)};

@@ -26,7 +26,7 @@ struct Subcommand {
   std::string_view name, summary;
   std::string_view (*help)();
   int (*run)(Arguments arguments, ToolStreams& streams);
-  int out_of_memory = stands_in_the_way;  ///< exit status
+  int could_not = stands_in_the_way;  ///< exit status where memory or the console do not suffice
 };
 
 constexpr auto subcommands = std::to_array<Subcommand>({
@@ -90,14 +90,13 @@ Arguments options_part(Arguments arguments) {
 int run_subcommand(const Subcommand& subcommand, Arguments arguments, ToolStreams& streams) {
   const Arguments options = options_part(arguments);
   if (std::any_of(options.begin(), options.end(), asks_for_help)) return show(subcommand.help(), streams);
+  streams.lost_console = subcommand.could_not;
   try {
     return subcommand.run(arguments, streams);
   } catch (const std::bad_alloc&) {
-    return refuse(streams,
-                  {"not enough memory for a file of this size; nothing was written", subcommand.out_of_memory});
+    return refuse(streams, {"not enough memory for a file of this size; nothing was written", subcommand.could_not});
   } catch (const std::length_error&) {  // more elements than any memory holds
-    return refuse(streams,
-                  {"not enough memory for a file of this size; nothing was written", subcommand.out_of_memory});
+    return refuse(streams, {"not enough memory for a file of this size; nothing was written", subcommand.could_not});
   }
 }
 

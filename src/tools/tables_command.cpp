@@ -27,6 +27,7 @@
 #include "tables/figure_tables.h"
 #include "tables/list_tables.h"
 #include "tables/year_tables.h"
+#include "text/system_reasons.h"
 #include "tools/available_list.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
@@ -274,7 +275,7 @@ std::optional<ToolRefusal> write_tables(Tables& tables, const TablesOptions& opt
   }
   is_begun = is_begun && write_files(tables, files, problem);
   if (is_begun && options.wants_workbook && !finish_workbook(workbook)) {
-    problem = {files.back().name, message_of(workbook, run.language)};
+    problem = {files.back().name, message_of(workbook, run.language), 0};
     is_begun = false;
   }
   const bool is_wanted = !is_stop_requested(run.streams);
@@ -286,7 +287,7 @@ std::optional<ToolRefusal> write_tables(Tables& tables, const TablesOptions& opt
   }
   for (TableFile& table : files) abandon(table.file);
   if (!is_wanted) return ToolRefusal{run.words(was_stopped)};
-  return ToolRefusal{run.words(not_written, {shown(problem.name), problem.reason})};
+  return ToolRefusal{run.words(not_written, {shown(problem.name), reason_of(problem, run.language)})};
 }
 
 /// What the verdict needs of the check of the data file, and in which state the file was when it began.
