@@ -437,7 +437,7 @@ DateCounts count_dates(const DateSurvey& survey, const DatePlan& plan) {
 
 std::string day_of_serial(std::string_view digits, DateSystem system) {
   std::string text;
-  append_date_of_serial(text, number_of(digits), CellKind::date, system);
+  append_date_of_serial(text, number_of(digits.substr(0, digits.find_first_of(".,"))), CellKind::date, system);
   return text;
 }
 

@@ -136,7 +136,7 @@ struct DateCounts {
 };
 DateCounts count_dates(const DateSurvey& survey, const DatePlan& plan);
 
-/// The day of that number as "2019-03-12".
+/// The day of that number as "2019-03-12"; the part of a day behind it (43536.0) is left out.
 std::string day_of_serial(std::string_view digits, DateSystem system);
 
 /// Years of birth; others are slips of the pen, and their dates cannot be read.

@@ -265,6 +265,8 @@ TEST(PlanDates, NumbersOfDaysAreAskedForUnlessSomeWouldBeInTheFuture) {
   const DatePlan since_1904 = plan_dates(survey, {{}, DateSystem::since_1904, {}, 2023});
   EXPECT_FALSE(since_1904.are_serials_open);
   EXPECT_EQ(rewritten("43536", since_1904), "13-03-2023");
+  EXPECT_EQ(day_of_serial("43536.0", DateSystem::since_1900), "2019-03-12");
+  EXPECT_EQ(day_of_serial("43536,25", DateSystem::since_1904), "2023-03-13");
   EXPECT_TRUE(plan_dates(survey, {}).are_serials_open) << "the year is not known";
 }
 
