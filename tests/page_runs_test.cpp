@@ -107,6 +107,39 @@ TEST(PageLists, NameTheAnimalsThatPeopleActOn) {
   EXPECT_EQ(list("Males with the lowest mean kinship").rows.size(), 3U);
 }
 
+/// The card of what to do.
+std::string to_do(const std::string& page, std::string_view heading) {
+  const std::size_t begin = page.find(heading), end = page.find("</div>", begin);
+  EXPECT_NE(begin, std::string::npos) << heading;
+  return page.substr(std::min(begin, page.size()), end - begin);
+}
+
+TEST(PageStanding, ALoneBirthBehindTheOthersIsMendedFirst) {
+  // Twenty years of forty, the last 1719; line 802 is the first behind them.
+  const std::string herd = many_years(20, 40), parents = "19_0;19_1;m;";
+  const std::string whole = page_of_data(herd + "late;" + parents + "01-06-1720\n");
+  EXPECT_FALSE(has(whole, "Mend these dates of birth first"));
+  const std::string page = page_of_data(herd + "late;" + parents + "01-06-1721\n");
+  EXPECT_TRUE(has(page, "<p class=\"verdict\">Cannot be judged</p>"));
+  EXPECT_FALSE(has(page, "too few to change it"));
+  EXPECT_FALSE(has(page, "Find the unknown parents first"));
+  const std::string card = to_do(page, "<h3>What to do</h3>");
+  EXPECT_TRUE(has(card,
+                  "<ol><li><strong>Mend these dates of birth first</strong> They lie after today, or alone after "
+                  "years without births. The last year of birth is therefore 1721"));
+  const std::string without_parents = page_of_data(herd + "late;;;m;01-06-1740\n");
+  EXPECT_TRUE(has(without_parents, "Mend these dates of birth first"));
+  EXPECT_FALSE(has(without_parents, "Find the unknown parents first"));
+  EXPECT_TRUE(has(card, "<td>line 802</td><td>1721</td>"));
+}
+
+// Nobody's parents are unknown but those of the founders.
+TEST(PageStanding, UnknownParentsAreNoReasonWhereAllAreKnown) {
+  const std::string shallow = page_of_data(many_years(3, 40)), deep = page_of_data(many_years(20, 40));
+  EXPECT_FALSE(has(shallow, "100 of 100 young of"));
+  EXPECT_FALSE(has(deep, "Find the unknown parents first"));
+}
+
 TEST(PagePolicy, NamesTheHashesOfStyleAndScriptAndNothingElse) {
   const std::string page = page_of_data(std::string(head) + "a;;;m;01-01-2001\n");
   const std::string policy = "content=\"default-src 'none'; style-src 'sha256-" + sha256_in_base64(page_style()) +

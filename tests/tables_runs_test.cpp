@@ -92,6 +92,35 @@ TEST(TablesRun, AWorkbookHasTheSameTables) {
   EXPECT_TRUE(has_line(run.console, "dogs_tables.xlsx, sheet animals: 5 animals"));
 }
 
+/// Three years of four animals, and one born years after them, in line 14.
+std::string herd_with_late_birth() {
+  std::string data = header;
+  for (int k = 0; k < 12; ++k) {
+    const std::string first = std::to_string(k - 4 - k % 2), second = std::to_string(k - 3 - k % 2);
+    data += std::to_string(k) + (k % 2 == 0 ? ";m" : ";f") + ";01-03-" + std::to_string(2000 + 2 * (k / 4)) + ";" +
+            (k < 4 ? ";" : first + ";" + second) + "\n";
+  }
+  return data + "late;m;02-04-2200;8;9\n";
+}
+
+TEST(LateBirthRuns, AreNamedOnceByAllThatGoByTheLastYear) {
+  SteerLines dutch;
+  dutch.language = "nl";
+  const std::string data = herd_with_late_birth(), english = "late (line 14, 02-04-2200): born after today",
+                    of_year = "the last year of birth is therefore 2200, and the reference population",
+                    in_dutch = "late (regel 14, 02-04-2200): geboren na vandaag";
+  for (const std::string subcommand : {"tables", "plan", "forecast", "matings"}) {
+    SCOPED_TRACE(subcommand);
+    const WholeRun run = run_program_on(files_of(data), tools_with({subcommand}));
+    EXPECT_TRUE(has(run.console, english));
+    EXPECT_TRUE(has(run.console, of_year));
+    EXPECT_EQ(run.console.find(english), run.console.rfind(english));
+    EXPECT_TRUE(has(run_program_on(files_of(data, dutch), tools_with({subcommand})).console, in_dutch));
+    const WholeRun without = run_program_on(files_of(data.substr(0, data.find("late"))), tools_with({subcommand}));
+    EXPECT_EQ(without.console.find("born after today"), std::string::npos);
+  }
+}
+
 TEST(TablesRun, IsEitherCommasOrAWorkbook) {
   const WholeRun run = tables_on(files_of(family), {"--workbook", "--csv"});
   EXPECT_EQ(run.exit_status, 2);

@@ -130,6 +130,7 @@ void check_pedigree(const FileSurvey& survey, const ReadingPlan& plan, const Che
   check_exchanged_dates(animals, survey, plan, findings);
   group_alike(findings);
   check_years(animals, plan, settings.today, settings.language, findings);
+  if (settings.scope == CheckScope::years) return;
   check_duplicates(animals, findings);
   check_side_by_side(survey, plan, settings, result);
 }
@@ -148,7 +149,7 @@ CheckResult check_data(LineReader& data, const CheckSettings& settings, Progress
     begin_progress(progress, words_of(checking_animals, settings.language));
     count_progress(progress, result.animals.count());
     check_stray_lines(result.animals, result.findings);
-    check_values(survey, plan, settings, result);
+    if (settings.scope != CheckScope::years) check_values(survey, plan, settings, result);
     check_pedigree(survey, plan, settings, result);
   }
   erase_progress(progress);

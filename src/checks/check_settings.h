@@ -18,6 +18,7 @@ namespace pedigreewatch {
 enum class CheckScope : std::uint8_t {
   everything,
   rates,  ///< all that stops the run or falsifies inbreeding or the effective size; of the rest what costs nothing
+  years,  ///< whether the birth years are believed; of the rest what costs nothing
 };
 
 struct CheckSettings {

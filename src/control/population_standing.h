@@ -9,7 +9,12 @@
 
 namespace pedigreewatch {
 
-/// Findings that falsify inbreeding or the effective size.
+/// Animals born after the day that the check took for today, and those that the check finds alone behind the years of
+/// the others: beyond a gap, or with a date that stands for "unknown".
+LateBirths find_late_births(const CheckResult& check);
+
+/// Findings that falsify inbreeding or the effective size. A fault of animals counts once for each animal whose own
+/// year or parents are in doubt, not for those that speak against them.
 VerdictFaults faults_of_verdict(const CheckResult& check);
 
 /// `faults` are those of the same data file. Only `available` animals are named as ones to use less or more.

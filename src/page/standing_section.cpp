@@ -44,6 +44,16 @@ constexpr Wording find_parents = {"Find the unknown parents first", "Zoek eerst 
 constexpr Wording find_parents_text = {
     "{1} young of {2}\xE2\x80\x93{3} have both parents known. What stands below is what the known ones show.",
     "Van {1} jongen van {2}\xE2\x80\x93{3} zijn beide ouders bekend. Wat hieronder staat is wat de bekende laten zien."};
+constexpr Wording find_ancestors_text = {
+    "Of the young of {1}\xE2\x80\x93{2} {3} generations of ancestors are known; a verdict needs 3. What stands below is what the known ones show.",
+    "Van de jongen van {1}\xE2\x80\x93{2} zijn {3} generaties voorouders bekend; voor een oordeel zijn er 3 nodig. Wat hieronder staat is wat de bekende laten zien."};
+constexpr Wording mend_dates = {"Mend these dates of birth first", "Herstel eerst deze geboortedatums"};
+constexpr Wording mend_dates_text = {
+    "They lie after today, or alone after years without births. The last year of birth is therefore {1}, and all that this page says of the last years goes by it.",
+    "Ze liggen na vandaag, of alleen na jaren zonder geboorten. Het laatste geboortejaar is daardoor {1}, en alles wat deze pagina over de laatste jaren zegt gaat daarvan uit."};
+constexpr Wording line_word = {"line {1}", "regel {1}"};
+constexpr Wording more_dates = {"and {1} more, below under what the checks found",
+                                "en nog {1}, hieronder bij wat de controles vonden"};
 constexpr Wording rest_sires = {"Use these sires less", "Gebruik deze vaders minder"};
 constexpr Wording more_sires = {"Use more sires, and these less", "Gebruik meer vaders, en deze minder"};
 constexpr Wording rest_text = {"Each has more than {1} of the young of {2}\xE2\x80\x93{3}, {4}.",
@@ -316,12 +326,40 @@ void write_lines_to_keep(std::string& page, const PageFrame& frame, const Standi
   page += "</tbody></table></li>\n";
 }
 
-void write_parents_to_find(std::string& page, const PageFrame& frame, const Standing& standing) {
-  const std::int32_t last = standing.years.last;
-  open_action(page, frame.text(find_parents),
-              phrase(find_parents_text, frame.language,
-                     {known_text(standing, frame.language), years_of(last - 9), years_of(last)}));
+void write_dates_to_mend(std::string& page, const PageFrame& frame, const Standing& standing) {
+  const LateBirths& births = standing.data.faults.late_births;
+  open_action(page, frame.text(mend_dates), phrase(mend_dates_text, frame.language, {years_of(standing.years.last)}));
+  page += "<table><tbody>";
+  for (const LateBirth& birth : births.first) {
+    page += "<tr><th scope=\"row\">" + isolated(data_text(birth.id)) + "</th><td>" +
+            in_element(phrase(line_word, frame.language, {std::to_string(birth.line)})) + "</td><td>" +
+            in_element(birth.date) + "</td></tr>";
+  }
+  page += "</tbody></table>";
+  if (const std::int64_t more = births.count - std::ssize(births.first); more > 0) {
+    page += "<p class=\"s\">" + in_element(phrase(more_dates, frame.language, {std::to_string(more)})) + "</p>";
+  }
   page += "</li>\n";
+}
+
+void write_parents_to_find(std::string& page, const PageFrame& frame, const Standing& standing) {
+  const ToolLanguage language = frame.language;
+  const StandingYears& years = standing.years;
+  const bool has_unknown = standing.data.both_known < 1.0;
+  open_action(page, frame.text(find_parents),
+              has_unknown
+                  ? phrase(find_parents_text, language,
+                           {known_text(standing, language), years_of(years.last - 9), years_of(years.last)})
+                  : phrase(find_ancestors_text, language,
+                           {years_of(years.recent_first), years_of(years.last), equivalents_text(standing, language)}));
+  page += "</li>\n";
+}
+
+/// Where parents are unknown and stand in the way of a verdict. Years that nobody believes say nothing of them.
+bool has_parents_to_find(const Standing& standing) {
+  if (standing.data.faults.late_births.count > 0) return false;
+  if ((standing.obstacles & (obstacle_unknown_parents | obstacle_shallow)) == 0) return false;
+  return standing.data.both_known < 1.0 || standing.data.equivalents < least_equivalents;
 }
 
 /// Told of all breeds: how many lines there are, and what an import would do.
@@ -353,15 +391,16 @@ void write_lines_and_imports(std::string& page, const PageFrame& frame, const St
 void write_actions(std::string& page, const PageFrame& frame, const Standing& standing) {
   open_card(page, frame.text(do_title), "card do");
   // At most three: what the verdict waits for goes before what changes F once only.
-  const bool lacks_parents = (standing.obstacles & (obstacle_unknown_parents | obstacle_shallow)) != 0;
+  const bool has_dates = standing.data.faults.late_births.count > 0, lacks_parents = has_parents_to_find(standing);
   const bool has_lines = !standing.rare_lines.lines.empty(), has_overuse = standing.overused_sires > 0;
-  const bool has_close = standing.has_close_matings() && !(lacks_parents && has_overuse && has_lines);
-  const bool has_cause = lacks_parents || has_overuse || has_close || has_lines;
+  const bool has_close = standing.has_close_matings() && !((has_dates || lacks_parents) && has_overuse && has_lines);
+  const bool has_cause = has_dates || lacks_parents || has_overuse || has_close || has_lines;
   const bool is_good = standing.pace == Pace::within_limit;
   if (!has_cause && is_good) {
     page += "<p>" + in_element(frame.text(nothing_to_do)) + "</p>\n";
   } else {
     page += "<ol>";
+    if (has_dates) write_dates_to_mend(page, frame, standing);
     if (lacks_parents) write_parents_to_find(page, frame, standing);
     if (has_overuse) write_sires_to_rest(page, frame, standing);
     if (has_close) write_close_matings(page, frame, standing);

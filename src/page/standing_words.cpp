@@ -38,6 +38,9 @@ constexpr Wording few_animals = {"Too few animals were born in the last {1} year
 constexpr Wording too_shallow = {
     "Of the young of the last five years {1} generations of ancestors are known; a verdict needs 3.",
     "Van de jongen van de laatste vijf jaren zijn {1} generaties voorouders bekend; voor een oordeel zijn er 3 nodig."};
+constexpr Wording too_short = {
+    "Too few lines of the animals born {1}\xE2\x80\x93{2} meet, or can be followed for a generation, to tell a rise.",
+    "Te weinig lijnen van de dieren geboren {1}\xE2\x80\x93{2} komen samen, of zijn een generatie te volgen, om een stijging te noemen."};
 constexpr Wording too_unknown = {
     "Of the young of the last ten years {1} have both parents known; a verdict needs 80 of 100.",
     "Van de jongen van de laatste tien jaren zijn van {1} beide ouders bekend; voor een oordeel 80 van de 100."};
@@ -141,7 +144,12 @@ void add_obstacles(std::vector<std::string>& sentences, const Standing& standing
   add(obstacle_faults, phrase(faulty, language, {std::to_string(data.faults.count())}));
   add(obstacle_few_animals, phrase(few_animals, language,
                                    {std::to_string(years), std::to_string(data.cohort), std::to_string(least_cohort)}));
-  add(obstacle_shallow, phrase(too_shallow, language, {report_figure(data.equivalents, 1, language)}));
+  if (data.equivalents < least_equivalents) {
+    add(obstacle_shallow, phrase(too_shallow, language, {equivalents_text(standing, language)}));
+  } else {
+    add(obstacle_shallow, phrase(too_short, language,
+                                 {std::to_string(standing.years.cohort_first), std::to_string(standing.years.last)}));
+  }
   add(obstacle_unknown_parents, phrase(too_unknown, language, {known_text(standing, language)}));
   add(obstacle_wide_margin, phrase(too_wide, language, {margin_text(standing.rate(), language)}));
 }
@@ -178,6 +186,11 @@ std::string share_text(std::int64_t part, std::int64_t all, ToolLanguage languag
 std::string known_text(const Standing& standing, ToolLanguage language) {
   constexpr double hundred = 100.0;
   return phrase(of_hundred, language, {whole(std::floor(hundred * standing.data.both_known))});
+}
+
+std::string equivalents_text(const Standing& standing, ToolLanguage language) {
+  constexpr double tenths = 10.0;
+  return report_figure(std::floor(tenths * standing.data.equivalents) / tenths, 1, language);
 }
 
 std::string size_text(double effective_size, ToolLanguage language) {

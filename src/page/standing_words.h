@@ -18,6 +18,9 @@ std::string limit_text(double share, ToolLanguage language);
 /// Of two counts: "27 of 100"; with fewer than 100 "3 of 12".
 std::string share_text(std::int64_t part, std::int64_t all, ToolLanguage language);
 
+/// Generation equivalents of the young of the last five years, never more than there are.
+std::string equivalents_text(const Standing& standing, ToolLanguage language);
+
 /// An effective size as a whole number; "more than 10,000" style words for what is beyond all meaning.
 std::string size_text(double effective_size, ToolLanguage language);
 

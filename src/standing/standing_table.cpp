@@ -206,6 +206,7 @@ void add_data(RowList& list) {
   list.add("falsifying_faults", static_cast<double>(data.faults.of_animals), list.words(of_check) + bound,
            number(most));
   list.add("faults_of_file", static_cast<double>(data.faults.of_file), list.words(of_check) + bound, "0");
+  list.add("late_births", static_cast<double>(data.faults.late_births.count), list.words(of_check) + bound, "0");
   list.add("generation_interval", years.generation_interval, {});
 }
 

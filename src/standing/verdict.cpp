@@ -18,7 +18,7 @@ Margin margin_of(const RateEstimate& estimate) {
 }
 
 bool are_too_many(const VerdictFaults& faults, std::int64_t animals) {
-  return faults.of_file > 0 ||
+  return faults.of_file > 0 || faults.late_births.count > 0 ||
          static_cast<double>(faults.of_animals) > most_faulty_share * static_cast<double>(animals);
 }
 

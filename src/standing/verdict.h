@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
+#include <vector>
 
 #include "standing/window_rates.h"
 
@@ -53,12 +55,30 @@ struct Margin {
 /// Of the rate.
 Margin margin_of(const RateEstimate& estimate);
 
+/// An animal whose date of birth lies after today, or alone after years without births.
+struct LateBirth {
+  std::string id;         ///< bytes of the data file
+  std::int32_t line = 0;  ///< as findings name it
+  std::string date;       ///< or the year alone
+
+  bool operator==(const LateBirth&) const = default;
+};
+
+/// Such animals. The last birth year goes by them, and with it the years that everything of today is about, so that one
+/// of them changes a verdict.
+struct LateBirths {
+  std::int64_t count = 0;
+  std::vector<LateBirth> first;  ///< at most `most_named_births`, in the order of their lines
+};
+inline constexpr std::size_t most_named_births = 5;
+
 /// Faults of the data that falsify inbreeding or the effective size.
 struct VerdictFaults {
   std::int64_t of_file = 0;     ///< that concern the whole file: each of them is one too many
   std::int64_t of_animals = 0;  ///< that concern single animals, counted by those
+  LateBirths late_births = {};  ///< of single animals, each of them one too many
 
-  std::int64_t count() const { return of_file + of_animals; }
+  std::int64_t count() const { return of_file + of_animals + late_births.count; }
 };
 
 /// Whether so many faults among so many animals may change a verdict.

@@ -29,6 +29,7 @@
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
 #include "tools/forecast_options.h"
+#include "tools/late_births.h"
 
 namespace pedigreewatch {
 namespace {
@@ -360,7 +361,8 @@ Refusal forecast_and_write(FolderRun& run, const ForecastOptions& options) {
 int run_forecast(std::span<const std::string_view> arguments, ToolStreams& streams) {
   ForecastOptions options;
   const std::string problem = read_forecast_options(arguments, options);
-  return run_in_folder("forecast", problem, streams, [&](FolderRun& run) { return forecast_and_write(run, options); });
+  return run_with_late_births("forecast", problem, streams,
+                              [&](FolderRun& run) { return forecast_and_write(run, options); });
 }
 
 }  // namespace pedigreewatch

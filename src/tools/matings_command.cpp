@@ -26,6 +26,7 @@
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
 #include "tools/id_list.h"
+#include "tools/late_births.h"
 
 namespace pedigreewatch {
 namespace {
@@ -485,7 +486,7 @@ std::string_view matings_help() {
 int run_matings(std::span<const std::string_view> arguments, ToolStreams& streams) {
   MatingOptions options;
   const std::string problem = read_mating_options(arguments, options);
-  return run_in_folder("matings", problem, streams, [&](FolderRun& run) { return make_matings(run, options); });
+  return run_with_late_births("matings", problem, streams, [&](FolderRun& run) { return make_matings(run, options); });
 }
 
 }  // namespace pedigreewatch

@@ -25,6 +25,7 @@
 #include "tools/available_list.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
+#include "tools/late_births.h"
 #include "tools/plan_options.h"
 
 namespace pedigreewatch {
@@ -325,7 +326,7 @@ Refusal plan_and_write(FolderRun& folder, const PlanOptions& options) {
 int run_plan(std::span<const std::string_view> arguments, ToolStreams& streams) {
   PlanOptions options;
   const std::string problem = read_plan_options(arguments, options);
-  return run_in_folder("plan", problem, streams, [&](FolderRun& run) { return plan_and_write(run, options); });
+  return run_with_late_births("plan", problem, streams, [&](FolderRun& run) { return plan_and_write(run, options); });
 }
 
 }  // namespace pedigreewatch

@@ -31,6 +31,7 @@
 #include "tools/available_list.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
+#include "tools/late_births.h"
 #include "tools/population_check.h"
 #include "tools/reference_choice.h"
 
@@ -312,6 +313,7 @@ std::optional<ToolRefusal> make_tables(const FolderRun& run, const TablesOptions
   if (std::optional<ToolRefusal> refusal = choose_reference(run, options.reference, reference)) return refusal;
   if (is_stop_requested(run.streams)) return ToolRefusal{run.words(was_stopped)};
   if (std::optional<ToolRefusal> refusal = refuse_other_data(run, check.state)) return refusal;
+  say_late_births(run, check.faults.late_births);
   AvailableAnimals available;
   if (!options.takes_all_animals) {
     if (std::optional<ToolRefusal> refusal = read_available(run, available)) return refusal;

@@ -51,6 +51,14 @@ TEST(StandingWords, DepthIsJudgedAtThreeAndFive) {
   EXPECT_EQ(words_of_depth(5.0).english.substr(0, 19), "That is deep enough");
 }
 
+TEST(StandingWords, GenerationsAreNeverMoreThanThereAre) {
+  Standing standing;
+  standing.data.equivalents = 2.99;
+  EXPECT_EQ(equivalents_text(standing, english), "2.9");
+  standing.data.equivalents = 3.0;
+  EXPECT_EQ(equivalents_text(standing, dutch), "3,0");
+}
+
 TEST(StandingWords, EachPaceHasItsWords) {
   EXPECT_EQ(pace_words(Pace::too_fast, english), "Too fast");
   EXPECT_EQ(pace_words(Pace::on_the_edge, dutch), "Op de grens");

@@ -131,6 +131,7 @@ TEST(Standing, FaultsOfTheDataForbidAVerdict) {
   const std::int64_t few = store.animal_count / 50;  // 2 %
   EXPECT_EQ(compute_standing(store, 3.0, {}, {0, few}).pace, Pace::too_fast);
   EXPECT_EQ(compute_standing(store, 3.0, {}, {0, few + 1}).pace, Pace::cannot_be_judged);
+  EXPECT_EQ(compute_standing(store, 3.0, {}, {0, 0, {1, {{"a", 2, "2050"}}}}).pace, Pace::cannot_be_judged);
   const Standing faulty = compute_standing(store, 3.0, {}, {1, 0});
   EXPECT_EQ(faulty.pace, Pace::cannot_be_judged);
   EXPECT_EQ(faulty.obstacles, obstacle_faults);
