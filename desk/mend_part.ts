@@ -125,10 +125,11 @@ function drawLine(desk: Desk, lines: FindingLines, row: FindingLines["rows"][num
   return make("tr", {}, make("th", { scope: "row", class: "number" }, String(row.line)), make("td", {}, leaveOut), ...cells);
 }
 
-/** What can be done with one press: take the proposal, make it unknown, make two animals one. */
+/** What can be done with one press: exchange the parents, take the proposal, make it unknown, make two animals one. */
 function drawPresses(desk: Desk, lines: FindingLines): HTMLElement {
   const [own, other] = lines.rows, field = lines.fields[lines.column] ?? "", idColumn = lines.fields.indexOf("id");
   const presses: HTMLElement[] = [];
+  if (lines.exchange && own !== undefined) presses.push(button(text(desk, "exchangeParents"), () => correct(desk, own, "exchange parents", ""), { class: "main" }));
   if (own !== undefined && field !== "" && field !== "id") {
     const isMany = lines.number > 1;
     const label = (words: string) => (isMany ? `${words} ${text(desk, "inLines", lines.number)}` : words);

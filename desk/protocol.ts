@@ -50,7 +50,7 @@ export interface CorrectionsAnswer extends Messages { list: string; sentence: st
 /** A list of corrections with new ones, and how many those are; `refused`: why there is none. */
 export interface ProposedList { list: string; refused: string; count: number; }
 export interface FindingLines {
-  headings?: string[]; fields: string[]; column: number; cell: string; proposal: string; number: number; mayBeOne: boolean; rows: { line: number; day?: string; animal: number; cells: string[] }[];
+  headings?: string[]; fields: string[]; column: number; cell: string; proposal: string; number: number; mayBeOne: boolean; exchange: boolean; rows: { line: number; day?: string; animal: number; cells: string[] }[];
 }
 export interface CheckAnswer extends Messages {
   animals: number; canRun: boolean; isFromExport: boolean; count: number; kinds: FindingKind[];

@@ -131,6 +131,7 @@ const texts = {
   allFound: ["Animals found: {1}", "Gevonden dieren: {1}"],
   mend: ["Mend", "Herstel"], linesOfFinding: ["Lines of this finding", "Regels van deze bevinding"],
   cellOf: ["{1}, line {2}", "{1}, regel {2}"], wholeLine: ["Whole line", "Hele regel"], leaveOut: ["Leave out", "Weglaten"],
+  exchangeParents: ["Exchange father and mother in this line", "Verwissel vader en moeder in deze regel"],
   takeProposal: ["Take {1}", "Neem {1}"], makeUnknown: ["Make it unknown", "Maak het onbekend"], inLines: ["in all {1} lines", "in alle {1} regels"],
   sameAnimal: ["{1} is the same animal as {2}", "{1} is hetzelfde dier als {2}"],
   mendHint: ["Change a cell and press Enter. Your export stays as it is: a list of corrections is kept.",

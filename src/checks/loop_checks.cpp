@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -158,6 +159,20 @@ std::string chain_text(const ParentGraph& graph, const std::vector<std::int32_t>
   return text;
 }
 
+/// The link of a loop, by the place of its young, that its dates show to be wrong: the parent is not older. None where
+/// they show no single one.
+std::optional<std::size_t> find_wrong_link(const PedigreeColumns& animals, const std::vector<std::int32_t>& loop) {
+  std::optional<std::size_t> wrong;
+  for (std::size_t k = 0; k < loop.size(); ++k) {
+    const DayRange young = days_of_birth(animals, loop[k]);
+    const DayRange parent = days_of_birth(animals, loop[(k + 1) % loop.size()]);
+    if (!young.is_known() || !parent.is_known() || parent.first < young.last) continue;
+    if (wrong) return std::nullopt;
+    wrong = k;
+  }
+  return wrong;
+}
+
 }  // namespace
 
 void check_loops(const PedigreeColumns& animals, ToolLanguage language, Findings& findings) {
@@ -173,11 +188,18 @@ void check_loops(const PedigreeColumns& animals, ToolLanguage language, Findings
   }
   for (const std::vector<std::int32_t>& component : search.loops) {
     const std::vector<std::int32_t> loop = find_loop(graph, component);
+    const std::optional<std::size_t> wrong = find_wrong_link(animals, loop);
+    const std::int32_t young = loop[wrong.value_or(0)], parent = loop[(wrong.value_or(0) + 1) % loop.size()];
+    const bool is_sire = graph.parents_of(young)[0] == parent;
     add(findings, {.code = FindingCode::loop,
+                   .role = is_sire ? ParentRole::sire : ParentRole::dam,
                    .line = animals.line_of(loop.front()),
                    .id = animals.id.at(loop.front()),
                    .text = keep(findings, chain_text(graph, loop, language)),
-                   .number = static_cast<std::int64_t>(loop.size())});
+                   .other_text = keep(findings, animals.ids.at(animals.id.at(young))),
+                   .other_line = animals.line_of(young),
+                   .number = static_cast<std::int64_t>(loop.size()),
+                   .other_number = wrong ? 1 : 0});
   }
 }
 

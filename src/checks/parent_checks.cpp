@@ -85,13 +85,17 @@ bool can_mean_unknown(std::string_view text, const ParentUse& use) {
          ((use.sire_count > 0 && use.dam_count > 0) || use.sire_count + use.dam_count >= often);
 }
 
+bool has_known_sex(const PedigreeColumns& animals, std::int32_t animal) {
+  const char letter = animals.sex.at(animal);
+  return letter != ' ' && letter != '?' && letter != '-';
+}
+
 void check_parent_sex(const PedigreeColumns& animals, std::int32_t id, const ParentUse& use, const ReadingPlan& plan,
                       Findings& findings) {
   const std::int32_t animal = animals.animal_of[id];
   if (animal == 0) return;
+  if (!has_known_sex(animals, animal)) return;  // an unknown sex is told by itself
   const bool is_male = is_male_letter(animals.sex.at(animal), plan);
-  const char letter = animals.sex.at(animal);
-  if (letter == ' ' || letter == '?' || letter == '-') return;  // an unknown sex is told by itself
   const auto report = [&](ParentRole role, FieldCode field, std::int32_t young, std::int32_t count) {
     add_with_animal(finding_of(FindingCode::parent_sex, animals, {role, field, young, count}, plan), animals, id,
                     animal, findings);
@@ -108,6 +112,16 @@ void report_both_roles(const PedigreeColumns& animals, std::int32_t id, const Pa
   finding.other_line = animals.line_of(use.first_as_dam);
   finding.other_number = use.dam_count;
   add(findings, finding);
+}
+
+/// Of an animal that is both parents of a young one the role that does not fit it: the rarer one, else that of the
+/// other sex; none where neither tells.
+ParentRole unfit_role(const PedigreeColumns& animals, std::int32_t parent_id, const ParentUse& use,
+                      const ReadingPlan& plan) {
+  if (use.sire_count != use.dam_count) return use.sire_count < use.dam_count ? ParentRole::sire : ParentRole::dam;
+  const std::int32_t parent = animals.animal_of[parent_id];
+  if (parent == 0 || !has_known_sex(animals, parent)) return ParentRole::none;
+  return is_male_letter(animals.sex.at(parent), plan) ? ParentRole::dam : ParentRole::sire;
 }
 
 /// Whether everything but the identification agrees.
@@ -186,6 +200,7 @@ void check_roles(const PedigreeColumns& animals, const ParentUses& uses, const R
     if (animals.animal_of[sire] == 0 && means_unknown_parent(readable(animals.ids.at(sire))))
       continue;  // told as a word
     add(findings, {.code = FindingCode::same_parents,
+                   .role = unfit_role(animals, sire, uses[sire], plan),
                    .column = plan.column_of[dam_column],
                    .line = animals.line_of(animal),
                    .id = animals.id.at(animal),

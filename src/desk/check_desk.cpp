@@ -13,9 +13,9 @@
 #include "checks/readable_text.h"
 #include "control/check_setup.h"
 #include "core/line_reader.h"
+#include "desk/accused_cells.h"
 #include "desk/board_desk.h"
 #include "desk/json_text.h"
-#include "desk/mending_desk.h"
 #include "intake/column_recognition.h"
 #include "text/folded_words.h"
 #include "text/search_text.h"
@@ -54,8 +54,21 @@ std::string run_check(Desk& desk) {
   return {};
 }
 
+/// What can be given up of each kind: of some finding of it at least.
+std::array<WaysOn, finding_code_count> ways_of_kinds(const Desk& desk) {
+  std::array<WaysOn, finding_code_count> ways = {};
+  if (!has_export_lines(desk)) return ways;
+  for (const Finding& finding : desk.check->findings.list) {
+    WaysOn& of_kind = ways[static_cast<std::size_t>(finding.code)];
+    const WaysOn own = ways_on(finding);
+    of_kind = {of_kind.dates || own.dates, of_kind.parents || own.parents};
+  }
+  return ways;
+}
+
 void add_kinds(JsonText& json, const Desk& desk) {
   const auto counts = count_kinds(desk.check->findings);
+  const auto ways_of = ways_of_kinds(desk);
   begin_list(json, "kinds");
   for (std::size_t k = 0; k < counts.size(); ++k) {
     if (counts[k] == 0) continue;
@@ -68,7 +81,7 @@ void add_kinds(JsonText& json, const Desk& desk) {
     add_text(json, "parts", kind.severity == Severity::falsifies ? list_parts(kind.parts, desk.language) : "");
     add_text(json, "advice", words_of(mending_advice(kind.code), desk.language));
     add_integer(json, "count", counts[k]);
-    const WaysOn ways = has_export_lines(desk) ? ways_on(kind.code) : WaysOn();
+    const WaysOn& ways = ways_of[k];
     add_logical(json, "canDropDates", ways.dates);
     add_logical(json, "canDropParents", ways.parents);
     end_object(json);

@@ -13,6 +13,7 @@
 #include "checks/finding_kinds.h"
 #include "checks/readable_text.h"
 #include "corrections/correction_list.h"
+#include "desk/accused_cells.h"
 #include "desk/check_desk.h"
 #include "desk/export_animals.h"
 #include "desk/export_desk.h"
@@ -31,6 +32,9 @@ constexpr Wording without_id = {
     "stamboekprogramma."};
 constexpr Wording two_days = {"{1} may be two days: type {2} or {3}.", "{1} kan twee dagen zijn: typ {2} of {3}."};
 constexpr Wording given_up = {"unknown for now: {1}", "voorlopig onbekend: {1}"};
+
+/// In place of a field: father and mother change places.
+constexpr std::string_view exchange_parents = "exchange parents";
 
 using Code = FindingCode;
 
@@ -115,10 +119,12 @@ void add_row(JsonText& json, const Desk& desk, const Correction& correction, con
   end_object(json);
 }
 
-/// The column of the data file that a finding means, as a field.
+/// The column of the data file that a finding means, as a field; `unused_column` where it cannot tell.
 FieldCode field_of_finding(const Desk& desk, const Finding& finding) {
-  if (finding.role == ParentRole::sire) return sire_column;
-  if (finding.role == ParentRole::dam) return dam_column;
+  if (finding.code == Code::parent_sex) return sex_column;
+  if (finding.code == Code::loop && finding.other_number == 0) return unused_column;
+  if (finding.role != ParentRole::none) return field_of_parent(accused_parent(finding));
+  if (finding.code == Code::same_parents) return unused_column;
   // Some are about the dates of several animals and name no column.
   if (finding.column == 0 && ways_on(finding.code).dates) return birthdate_column;
   std::int32_t column = 0;
@@ -199,18 +205,54 @@ void add_animal(JsonText& json, const Desk& desk, const ExportAnimal& animal, st
   end_object(json);
 }
 
-/// That of the finding itself first, then the other one; of a finding about several all of their lines.
-std::vector<const ExportAnimal*> list_shown(const Desk& desk, const Finding& finding, const AnimalsByLine& animals) {
-  std::vector<const ExportAnimal*> list;
+/// The animal whose cell a finding means: mostly its own, but the parent whose sex does not fit, the young with the
+/// wrong parent in a loop, or the first young of a parent in its rarer role.
+const ExportAnimal* meant_animal(const Desk& desk, const Finding& finding, const AnimalsByLine& animals) {
+  const ExportAnimal* meant = nullptr;
+  if (finding.code == Code::parent_sex || finding.code == Code::loop) meant = other_animal(desk, finding, animals);
+  const auto other = animals.find(finding.other_line);
+  if (finding.code == Code::both_roles && accused_parent(finding) == ParentRole::dam && other != animals.end()) {
+    const std::string parent = readable(desk.check->findings.texts.at(finding.text));
+    for (const ExportAnimal& animal : other->second) {
+      if (meant == nullptr && cell_of(desk, animal, dam_column) == parent) meant = &animal;
+    }
+  }
+  return meant != nullptr ? meant : own_animal(desk, finding, animals);
+}
+
+/// What is offered for a finding.
+struct Offer {
+  const ExportAnimal* animal = nullptr;  ///< whose cell is meant; none without lines
+  FieldCode field = unused_column;       ///< that of the cell; none where the finding cannot tell
+  bool is_exchange = false;              ///< father and mother seem exchanged
+};
+
+Offer offer_for(const Desk& desk, const Finding& finding, const AnimalsByLine& animals) {
+  Offer offer = {meant_animal(desk, finding, animals), field_of_finding(desk, finding), false};
+  if (finding.code != Code::parent_sex && finding.code != Code::both_roles) return offer;
   const ExportAnimal* const own = own_animal(desk, finding, animals);
-  if (own != nullptr) list.push_back(own);
-  const ExportAnimal* const other = other_animal(desk, finding, animals);
-  if (other != nullptr && other != own) list.push_back(other);
+  const ExportAnimal* const young = finding.code == Code::parent_sex ? own : offer.animal;
+  if (young == nullptr) return offer;
+  offer.is_exchange = are_parents_exchanged(desk.check->findings, static_cast<std::int32_t>(young->line));
+  if (!offer.is_exchange) return offer;
+  return {young, field_of_parent(accused_parent(finding)), true};
+}
+
+/// That of the cell that is meant first, then that of the finding itself and the other one; of a finding about several
+/// all of their lines.
+std::vector<const ExportAnimal*> list_shown(const Desk& desk, const Finding& finding, const ExportAnimal* meant,
+                                            const AnimalsByLine& animals) {
+  std::vector<const ExportAnimal*> list;
+  const auto show = [&](const ExportAnimal* animal) {
+    if (animal != nullptr && std::find(list.begin(), list.end(), animal) == list.end()) list.push_back(animal);
+  };
+  const ExportAnimal* const own = own_animal(desk, finding, animals);
+  show(meant);
+  show(own);
+  if (meant == own) show(other_animal(desk, finding, animals));
   for (const auto& [line, of_line] : animals) {
     if ((line == finding.line && finding.id != 0) || line == finding.other_line) continue;
-    for (const ExportAnimal& animal : of_line) {
-      if (&animal != own) list.push_back(&animal);
-    }
+    for (const ExportAnimal& animal : of_line) show(&animal);
   }
   return list;
 }
@@ -227,12 +269,6 @@ std::set<std::int64_t> all_lines(const Desk& desk, const Finding& finding) {
   return lines;
 }
 
-/// Those whose dates or parents are given up. Relatives that contradict a date keep theirs.
-std::set<std::int64_t> faulty_lines(const Desk& desk, const Finding& finding) {
-  if (finding.code == Code::date_contradicted) return {finding.line};
-  return all_lines(desk, finding);
-}
-
 /// Those that are shown to be mended: the first ones, and the line of the other animal.
 std::set<std::int64_t> shown_lines(const Desk& desk, const Finding& finding) {
   constexpr std::size_t most_lines = 20;
@@ -243,31 +279,6 @@ std::set<std::int64_t> shown_lines(const Desk& desk, const Finding& finding) {
 }
 
 }  // namespace
-
-WaysOn ways_on(FindingCode code) {
-  switch (code) {
-    case Code::date_unreadable:
-    case Code::date_text:
-    case Code::date_impossible:
-    case Code::year_placeholder:
-    case Code::year_future:
-    case Code::year_far_out:
-    case Code::year_lone:
-    case Code::year_two_digits:
-    case Code::date_contradicted: return {true, false};
-    case Code::born_before_parent:
-    case Code::parent_too_young:
-    case Code::age_figures: return {true, true};
-    case Code::loop:
-    case Code::same_parents:
-    case Code::both_roles:
-    case Code::parent_sex:
-    case Code::parent_name:
-    case Code::unknown_word:
-    case Code::unknown_perhaps: return {false, true};
-    default: return {};
-  }
-}
 
 std::string set_corrections(Desk& desk, std::string_view list) {
   CorrectionList read = read_corrections(list);
@@ -324,7 +335,29 @@ std::string take_typed_date(const Desk& desk, Correction& correction) {
   return {};
 }
 
+/// Father and mother of an animal, or of all on its line that share them, change places.
+std::string propose_exchange(const Desk& desk, const NewCorrection& wanted) {
+  std::vector<Correction> corrections = desk.corrections;
+  const AnimalsByLine animals = animals_at(desk, {wanted.line});
+  const auto of_line = animals.find(wanted.line);
+  if (of_line == animals.end() || wanted.animal >= of_line->second.size()) {
+    return list_answer(corrections, corrections.size());
+  }
+  const ExportAnimal& animal = of_line->second[wanted.animal];
+  Correction correction;
+  correction.why = correction_cell(wanted.why);
+  const std::string refused = refusal_of(desk, animal, correction);
+  if (!refused.empty()) return list_answer(corrections, corrections.size(), refused);
+  for (const auto& [field, other] : {std::pair(sire_column, dam_column), std::pair(dam_column, sire_column)}) {
+    correction.field = field;
+    correction.becomes = cell_of(desk, animal, other);
+    add_for_one(desk, of_line->second, wanted.animal, correction, corrections);
+  }
+  return list_answer(corrections, desk.corrections.size());
+}
+
 std::string propose_correction(const Desk& desk, const NewCorrection& wanted) {
+  if (desk.has_export && wanted.field == exchange_parents) return propose_exchange(desk, wanted);
   std::vector<Correction> corrections = desk.corrections;
   std::optional<Correction> correction = correction_of_field(wanted.field);
   if (!desk.has_export || !correction) return list_answer(corrections, corrections.size());
@@ -349,18 +382,19 @@ std::string propose_correction(const Desk& desk, const NewCorrection& wanted) {
   return list_answer(corrections, desk.corrections.size());
 }
 
-/// Makes a field of the animals of a line unknown, of those that findings are about: of an animal where they name one.
+/// What is given up of a line in one field.
 struct GivenUp {
-  std::string_view title;         ///< of the first kind of finding
+  Code code = Code::utf_16;       ///< of the first finding
   std::vector<std::string> ids;   ///< of the animals that are named
   bool is_of_whole_line = false;  ///< some finding names none
 };
 
+/// Makes the field unknown of the animals that are meant; of what they share it is that of all of them.
 void give_up(const Desk& desk, const GivenUp& given, const std::vector<ExportAnimal>& animals, FieldCode field,
              std::vector<Correction>& corrections) {
   Correction correction;
   correction.field = field;
-  correction.why = phrase(given_up, desk.language, {given.title});
+  correction.why = phrase(given_up, desk.language, {words_of(kind_of(given.code).title, desk.language)});
   std::set<std::size_t> numbers;
   for (const std::string& id : given.ids) numbers.insert(find_animal(desk, animals, {&id, 1})->number);
   for (const ExportAnimal& animal : animals) {
@@ -372,27 +406,22 @@ void give_up(const Desk& desk, const GivenUp& given, const std::vector<ExportAni
 std::string propose_going_on(const Desk& desk, std::string_view kind, std::string_view what) {
   std::vector<Correction> corrections = desk.corrections;
   if (!can_mend(desk) || !desk.check) return list_answer(corrections, corrections.size());
-  std::map<std::int64_t, GivenUp> lines;
-  std::set<std::int64_t> wanted;
+  std::vector<const Finding*> findings;
   for (const Finding& finding : desk.check->findings.list) {
     const FindingKind& own = kind_of(finding.code);
-    const WaysOn ways = ways_on(finding.code);
     const bool is_wanted = kind.empty() ? own.severity == Severity::stops : own.name == kind;
-    if (!is_wanted || finding.line == 0 || !(what == "dates" ? ways.dates : ways.parents)) continue;
-    for (const std::int64_t line : faulty_lines(desk, finding)) {
-      GivenUp& given = lines.try_emplace(line, GivenUp{words_of(own.title, desk.language), {}}).first->second;
-      if (line == finding.line && finding.id != 0) {
-        given.ids.push_back(readable(desk.check->animals.ids.at(finding.id)));
-      } else {
-        given.is_of_whole_line = true;
-      }
-      wanted.insert(line);
-    }
+    if (is_wanted) findings.push_back(&finding);
+  }
+  std::map<std::int64_t, std::map<FieldCode, GivenUp>> lines;
+  std::set<std::int64_t> wanted;
+  for (AccusedCell& cell : accused_cells(*desk.check, findings, what == "dates")) {
+    GivenUp& given = lines[cell.line].try_emplace(cell.field, GivenUp{cell.code, {}, false}).first->second;
+    if (cell.id.empty()) given.is_of_whole_line = true;
+    if (!cell.id.empty()) given.ids.push_back(std::move(cell.id));
+    wanted.insert(cell.line);
   }
   for (const auto& [line, animals] : animals_at(desk, wanted)) {
-    for (const FieldCode field : {birthdate_column, sire_column, dam_column}) {
-      if ((field == birthdate_column) == (what == "dates")) give_up(desk, lines.at(line), animals, field, corrections);
-    }
+    for (const auto& [field, given] : lines.at(line)) give_up(desk, given, animals, field, corrections);
   }
   return list_answer(corrections, desk.corrections.size());
 }
@@ -403,20 +432,24 @@ std::string finding_lines(const Desk& desk, std::size_t place) {
   if (can_mend(desk) && desk.check && place < desk.chosen_findings.size()) {
     const Finding& finding = desk.check->findings.list[desk.chosen_findings[place]];
     const AnimalsByLine animals = animals_at(desk, shown_lines(desk, finding));
-    const FieldCode field = field_of_finding(desk, finding);
-    const ExportAnimal* const own = own_animal(desk, finding, animals);
+    const Offer offer = offer_for(desk, finding, animals);
+    const ExportAnimal* const meant = offer.animal;
     const std::vector<std::size_t> places = columns_of_first_animal(desk.preparation.columns);
-    const auto column = std::find(places.begin(), places.end(), column_of(desk, field));
-    const bool has_cell = column != places.end() && own != nullptr && *column < own->cells.size();
-    const std::string cell = has_cell ? own->cells[*column] : std::string();
+    const auto column = std::find(places.begin(), places.end(), column_of(desk, offer.field));
+    const bool has_cell = column != places.end() && meant != nullptr && *column < meant->cells.size();
+    const std::string cell = has_cell ? meant->cells[*column] : std::string();
     add_headings(json, desk, places);
     add_integer(json, "column", column != places.end() ? column - places.begin() : -1);
     add_text(json, "cell", cell);
     add_text(json, "proposal", column != places.end() ? proposal_of(desk, finding, animals) : std::string());
-    add_integer(json, "number", cell.empty() ? 0 : count_animals_with(desk, field, cell));
+    const bool is_text = is_about_text(finding.code);
+    add_integer(json, "number", cell.empty() ? 0 : is_text ? count_animals_with(desk, offer.field, cell) : 1);
     add_logical(json, "mayBeOne", finding.code == Code::same_animal);
+    add_logical(json, "exchange", offer.is_exchange);
     begin_list(json, "rows");
-    for (const ExportAnimal* const animal : list_shown(desk, finding, animals)) add_animal(json, desk, *animal, places);
+    for (const ExportAnimal* const animal : list_shown(desk, finding, meant, animals)) {
+      add_animal(json, desk, *animal, places);
+    }
     end_list(json);
   }
   end_object(json);

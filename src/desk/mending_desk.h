@@ -6,16 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "checks/findings.h"
 #include "desk/desk.h"
 
 namespace pedigreewatch {
-
-/// What can be given up of the animals of a finding so that the others can be computed.
-struct WaysOn {
-  bool dates = false, parents = false;
-};
-WaysOn ways_on(FindingCode code);
 
 /// Takes the whole list of corrections and applies it to the export; what came of one that is applied already is kept.
 /// Yields an object: messages (lines of the list that cannot be read, or what stands in the way), list (the lines that
@@ -24,7 +17,8 @@ WaysOn ways_on(FindingCode code);
 std::string set_corrections(Desk& desk, std::string_view list);
 
 /// A correction of an animal in a line of the export; of what several on the line share it becomes one for each of
-/// them. `field` is a field's name in a list of corrections, "leave out" or "same as".
+/// them. `field` is a field's name in a list of corrections, "leave out" or "same as"; or "exchange parents", by which
+/// father and mother change places.
 struct NewCorrection {
   std::int64_t line = 0;  ///< of the export, counted from 1
   std::string_view field, becomes, why;
@@ -36,16 +30,17 @@ struct NewCorrection {
 /// count. A date becomes what the column would have: 43538 for 14-03-2019 among numbers of days.
 std::string propose_correction(const Desk& desk, const NewCorrection& wanted);
 
-/// The dates of birth, or the parents, of all animals that findings of a kind are about become unknown. `what` is
-/// "dates" or "parents"; an empty `kind` means all that stop the run.
+/// The dates of birth, or the parents, that findings of a kind accuse become unknown: of the parents only the one that
+/// is accused. `what` is "dates" or "parents"; an empty `kind` means all that stop the run.
 std::string propose_going_on(const Desk& desk, std::string_view kind, std::string_view what);
 
 /// The lines of the export that a chosen finding is about. Yields an object: headings, fields (of each column its name
 /// in a list of corrections, or empty), column (the one that is meant, counted from 0, or -1), cell (its text),
-/// proposal (another text for it, or empty), number (animals that have the same text there), mayBeOne (the two lines
-/// may be of one animal), rows (line, day: what people would write where its date of birth is the number of a day,
-/// animal: its number on that line, cells; that of the finding itself first). Of a line with several animals each has a
-/// row, without the columns of the others.
+/// proposal (another text for it, or empty), number (animals whose text there is accused with it), mayBeOne (the two
+/// lines may be of one animal), exchange (father and mother of the first row seem exchanged), rows (line, day: what
+/// people would write where its date of birth is the number of a day, animal: its number on that line, cells; that of
+/// the cell that is meant first). Where the finding cannot tell which cell is wrong, none is meant. Of a line with
+/// several animals each has a row, without the columns of the others.
 std::string finding_lines(const Desk& desk, std::size_t place);
 
 }  // namespace pedigreewatch
