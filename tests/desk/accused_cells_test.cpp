@@ -34,7 +34,7 @@ void PrintTo(const AccusedCase& each, std::ostream* stream) {
   *stream << each.kind << ' ' << each.name;
 }
 
-const std::string parents = "a;m;01-01-2000;;\nb;f;01-02-2000;;\n";
+const std::string parent_lines = "a;m;01-01-2000;;\nb;f;01-02-2000;;\n";
 
 ExportLines export_with(ExportNoteKind kind, std::int32_t line, std::string text) {
   return ExportLines{"herd.csv", 0, line, {}, {{kind, line, std::move(text)}}};
@@ -42,29 +42,34 @@ ExportLines export_with(ExportNoteKind kind, std::int32_t line, std::string text
 
 std::vector<AccusedCase> date_cases() {
   return {
-      {"date-unreadable", true, "", parents + "c;m;31-o2-2001;a;b\n", {"4 c birthdate"}},
-      {"date-impossible", true, "", parents + "c;m;31-02-2001;a;b\n", {"4 c birthdate"}},
-      {"date-text", true, "", parents + "c;m;;a;b\n", {"4 c birthdate"}, export_with(ExportNoteKind::date, 4, "soon")},
+      {"date-unreadable", true, "", parent_lines + "c;m;31-o2-2001;a;b\n", {"4 c birthdate"}},
+      {"date-impossible", true, "", parent_lines + "c;m;31-02-2001;a;b\n", {"4 c birthdate"}},
+      {"date-text",
+       true,
+       "",
+       parent_lines + "c;m;;a;b\n",
+       {"4 c birthdate"},
+       export_with(ExportNoteKind::date, 4, "soon")},
       {"year-placeholder",
        true,
        "_of_two",
-       parents + "c;m;01-01-1900;a;b\nd;f;01-01-1900;;\n",
+       parent_lines + "c;m;01-01-1900;a;b\nd;f;01-01-1900;;\n",
        {"4 * birthdate", "5 * birthdate"}},
-      {"year-future", true, "", parents + "c;m;01-03-2091;a;b\n", {"4 c birthdate"}},
+      {"year-future", true, "", parent_lines + "c;m;01-03-2091;a;b\n", {"4 c birthdate"}},
       {"year-far-out",
        true,
        "_of_two",
-       parents + "c;m;01-03-2001;a;b\nd;f;01-01-1801;;\ne;f;01-02-1801;;\n",
+       parent_lines + "c;m;01-03-2001;a;b\nd;f;01-01-1801;;\ne;f;01-02-1801;;\n",
        {"5 d birthdate", "6 e birthdate"}},
-      {"year-lone", true, "", parents + "c;m;01-03-2001;a;b\nd;f;01-01-1960;;\n", {"5 d birthdate"}},
-      {"year-two-digits", true, "", parents + "c;m;01-03-01;a;b\n", {"4 c birthdate"}},
-      {"date-contradicted", true, "", parents + "c;m;01-12-1999;a;b\n", {"4 c birthdate"}},
-      {"born-before-parent", true, "", parents + "c;m;01-12-1999;a;\n", {"4 c birthdate"}},
-      {"parent-too-young", true, "", parents + "c;m;01-06-2000;;b\n", {"4 c birthdate"}},
+      {"year-lone", true, "", parent_lines + "c;m;01-03-2001;a;b\nd;f;01-01-1960;;\n", {"5 d birthdate"}},
+      {"year-two-digits", true, "", parent_lines + "c;m;01-03-01;a;b\n", {"4 c birthdate"}},
+      {"date-contradicted", true, "", parent_lines + "c;m;01-12-1999;a;b\n", {"4 c birthdate"}},
+      {"born-before-parent", true, "", parent_lines + "c;m;01-12-1999;a;\n", {"4 c birthdate"}},
+      {"parent-too-young", true, "", parent_lines + "c;m;01-06-2000;;b\n", {"4 c birthdate"}},
       {"age-figures",
        true,
        "_of_two",
-       parents + "c;m;01-03-52000;a;b\nd;m;02-03-52000;a;b\n",
+       parent_lines + "c;m;01-03-52000;a;b\nd;m;02-03-52000;a;b\n",
        {"4 c birthdate", "5 d birthdate"}},
   };
 }
@@ -82,10 +87,10 @@ std::vector<AccusedCase> parent_cases() {
       {"loop", false, "_dam", "d;f;01-02-2003;r;c\nc;f;01-02-2001;r;d\nr;m;01-02-1999;;\n", {"3 c dam"}},
       {"loop", false, "_without_dates", "a;m;;r;b\nb;f;;a;\nr;m;01-02-1999;;\n", {"2 a dam"}},
       {"loop", false, "_of_one", "a;f;01-02-1999;r;a\nr;m;01-02-1998;;\n", {"2 a dam"}},
-      {"same-parents", false, "_rare_sire", parents + "c;m;01-03-2001;b;b\nd;m;01-03-2002;a;b\n", {"4 c sire"}},
-      {"same-parents", false, "_rare_dam", parents + "c;m;01-03-2001;a;a\nd;m;01-03-2002;a;b\n", {"4 c dam"}},
-      {"same-parents", false, "_ewe", parents + "c;m;01-03-2001;b;b\n", {"4 c sire"}},
-      {"same-parents", false, "_ram", parents + "c;m;01-03-2001;a;a\n", {"4 c dam"}},
+      {"same-parents", false, "_rare_sire", parent_lines + "c;m;01-03-2001;b;b\nd;m;01-03-2002;a;b\n", {"4 c sire"}},
+      {"same-parents", false, "_rare_dam", parent_lines + "c;m;01-03-2001;a;a\nd;m;01-03-2002;a;b\n", {"4 c dam"}},
+      {"same-parents", false, "_ewe", parent_lines + "c;m;01-03-2001;b;b\n", {"4 c sire"}},
+      {"same-parents", false, "_ram", parent_lines + "c;m;01-03-2001;a;a\n", {"4 c dam"}},
       {"both-roles",
        false,
        "_dam_once",
@@ -96,7 +101,7 @@ std::vector<AccusedCase> parent_cases() {
        "_sire_twice",
        fathers + "c;m;01-03-2001;r;b\nd;m;01-03-2002;b;\ne;m;01-03-2003;b;\nf;m;01-03-2004;r;b\ng;m;01-03-2005;r;b\n",
        {"6 d sire", "7 e sire"}},
-      {"unknown-word", false, "", parents + "c;m;01-03-2001;NA;b\nd;m;01-03-2002;a;NA\n", {"4 c sire", "5 d dam"}},
+      {"unknown-word", false, "", parent_lines + "c;m;01-03-2001;NA;b\nd;m;01-03-2002;a;NA\n", {"4 c sire", "5 d dam"}},
       {"unknown-perhaps",
        false,
        "",
@@ -174,7 +179,7 @@ std::vector<AccusedCase> all_cases() {
   cases.push_back({"parent-name",
                    false,
                    "",
-                   parents + "c;m;01-03-2001;a;b\n",
+                   parent_lines + "c;m;01-03-2001;a;b\n",
                    {"4 c sire"},
                    export_with(ExportNoteKind::sire_name, 4, "Cor")});
   return cases;
@@ -210,7 +215,7 @@ TEST(WaysOn, OfAFindingThatCannotTellTheWrongParentThereIsNone) {
     }
     return texts;
   };
-  const std::string once = parents + "c;m;01-03-2001;a;b\n";
+  const std::string once = parent_lines + "c;m;01-03-2001;a;b\n";
   EXPECT_EQ(ways_of(once + "d;f;01-04-2001;;a\n", FindingCode::both_roles), Texts{"none"});
   EXPECT_EQ(ways_of(once + "d;f;01-04-2001;;a\ne;f;01-04-2002;a;\n", FindingCode::both_roles), Texts{"parents"});
   EXPECT_EQ(ways_of("c;m;01-03-2001;x1;x1\n", FindingCode::same_parents), Texts{"none"});
@@ -222,14 +227,14 @@ TEST(ParentsExchanged, AreOfOneLineThatFitsNeitherAndOfNoOther) {
   const auto is_exchanged = [](const std::string& animals, std::int32_t line) {
     return are_parents_exchanged(test::checked_sheep(std::string(head) + animals).findings, line);
   };
-  const std::string often = parents + "c;m;01-03-2001;a;b\nd;m;01-03-2002;a;b\n";
+  const std::string often = parent_lines + "c;m;01-03-2001;a;b\nd;m;01-03-2002;a;b\n";
   EXPECT_TRUE(is_exchanged(often + "e;f;01-03-2003;b;a\n", 6)) << "each is known twice in the other role";
   EXPECT_FALSE(is_exchanged(often + "e;f;01-03-2003;b;a\n", 4));
   EXPECT_FALSE(is_exchanged(often + "e;f;01-03-2003;b;a\nf;f;01-03-2004;b;a\n", 6)) << "as often as not";
   EXPECT_FALSE(is_exchanged(often + "e;f;01-03-2003;b;\n", 6)) << "there is but one parent";
   // Another family shows which sex fathers have.
   const std::string others = "p;m;01-01-2000;;\nq;f;01-01-2000;;\nr;m;01-03-2001;p;q\ns;m;01-03-2002;p;q\n";
-  const std::string once = others + parents + "c;m;01-03-2001;b;a\n";
+  const std::string once = others + parent_lines + "c;m;01-03-2001;b;a\n";
   EXPECT_TRUE(is_exchanged(once, 8)) << "both are of the other sex";
   EXPECT_FALSE(is_exchanged(once + "d;m;01-03-2002;b;a\n", 8)) << "twice: perhaps the sexes are wrong";
   EXPECT_FALSE(is_exchanged(others + "a;f;01-01-2000;;\nb;f;01-02-2000;;\nc;m;01-03-2001;a;b\n", 8)) << "one fits";
