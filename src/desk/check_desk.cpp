@@ -66,13 +66,36 @@ std::array<WaysOn, finding_code_count> ways_of_kinds(const Desk& desk) {
   return ways;
 }
 
+/// What is mended first: what stops the run, then what falsifies all figures, inbreeding, the effective size, others,
+/// and at last what is only worth a look.
+int place_in_mending(FindingCode code) {
+  const FindingKind& kind = kind_of(code);
+  if (kind.severity == Severity::stops) return 0;
+  if (kind.severity == Severity::look) return 6;
+  if (kind.parts == every_part) return 1;
+  if ((kind.parts & part_inbreeding) != 0) return 2;
+  if ((kind.parts & part_effective_size) != 0) return 3;
+  return kind.parts != no_part ? 4 : 5;
+}
+
+/// The kinds that were found, in the order in which they are mended.
+std::vector<FindingCode> kinds_in_order(std::span<const std::int64_t> counts) {
+  std::vector<FindingCode> codes;
+  for (std::size_t k = 0; k < counts.size(); ++k) {
+    if (counts[k] > 0) codes.push_back(static_cast<FindingCode>(k));
+  }
+  std::stable_sort(codes.begin(), codes.end(),
+                   [](FindingCode a, FindingCode b) { return place_in_mending(a) < place_in_mending(b); });
+  return codes;
+}
+
 void add_kinds(JsonText& json, const Desk& desk) {
   const auto counts = count_kinds(desk.check->findings);
   const auto ways_of = ways_of_kinds(desk);
   begin_list(json, "kinds");
-  for (std::size_t k = 0; k < counts.size(); ++k) {
-    if (counts[k] == 0) continue;
-    const FindingKind& kind = kind_of(static_cast<FindingCode>(k));
+  for (const FindingCode code : kinds_in_order(counts)) {
+    const std::size_t k = static_cast<std::size_t>(code);
+    const FindingKind& kind = kind_of(code);
     begin_object(json);
     add_text(json, "name", kind.name);
     add_text(json, "title", words_of(kind.title, desk.language));
@@ -188,9 +211,9 @@ std::string choose_findings(Desk& desk, std::string_view kind, std::string_view 
     if (!kind.empty() && wanted != finding.code) continue;
     if (fits(finding, folded, desk)) desk.chosen_findings.push_back(static_cast<std::uint32_t>(k));
   }
-  const auto severity_at = [&](std::uint32_t k) { return kind_of(desk.check->findings.list[k].code).severity; };
+  const auto place_at = [&](std::uint32_t k) { return place_in_mending(desk.check->findings.list[k].code); };
   std::stable_sort(desk.chosen_findings.begin(), desk.chosen_findings.end(),
-                   [&](std::uint32_t a, std::uint32_t b) { return severity_at(a) < severity_at(b); });
+                   [&](std::uint32_t a, std::uint32_t b) { return place_at(a) < place_at(b); });
   JsonText json;
   begin_object(json);
   add_integer(json, "count", static_cast<std::int64_t>(desk.chosen_findings.size()));

@@ -92,8 +92,7 @@ BreedingRules rules_typed(std::string_view settings, ToolLanguage language, std:
 void add_contradictions(const BreedingRules& rules, const BasePeriod& base, ToolLanguage language,
                         std::vector<std::string>& faults) {
   for (const RuleProblem& problem : find_contradictions(rules, base)) {
-    const std::string name = problem.text.substr(0, problem.text.find(" = "));
-    const std::string value = problem.text.substr(name.size() + std::string_view(" = ").size());
+    const auto& [name, value, line] = problem.written;
     faults.push_back(phrase(field_fault, language, {label_of(name, language), value, reason_of(problem, language)}));
   }
 }

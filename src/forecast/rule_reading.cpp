@@ -464,8 +464,8 @@ std::vector<RuleProblem> find_contradictions(const BreedingRules& rules, const B
   std::vector<RuleProblem> problems;
   const auto add = [&](std::string_view name, const Wording& reason, std::vector<std::string> values = {}) {
     const WrittenRule* const rule = find_written(rules, name);
-    problems.push_back(rule == nullptr ? RuleProblem{0, rules.name, reason, std::move(values)}
-                                       : RuleProblem{rule->line, rule->text(), reason, std::move(values)});
+    problems.push_back(rule == nullptr ? RuleProblem{0, rules.name, reason, std::move(values), {rules.name, {}}}
+                                       : RuleProblem{rule->line, rule->text(), reason, std::move(values), *rule});
   };
   if (rules.litters_a_year && rules.litters_in_life && *rules.litters_a_year > *rules.litters_in_life) {
     add("most-litters-a-year", year_above_life);

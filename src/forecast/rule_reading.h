@@ -34,6 +34,7 @@ struct RuleProblem {
   std::string text;       ///< that is wrong
   Wording reason;
   std::vector<std::string> values = {};  ///< in it
+  WrittenRule written = {};              ///< the rule that cannot be kept, or the scenario without a value
 };
 
 std::string reason_of(const RuleProblem& problem, ToolLanguage language);

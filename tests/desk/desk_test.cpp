@@ -130,6 +130,22 @@ TEST(Desk, ShowsFindingsWithTheLinesOfTheExport) {
   EXPECT_TRUE(holds(choose_findings(opened.desk, "", "nobody has this"), R"("count":0)"));
 }
 
+// Of two lines the second falsifies more: a year by itself all figures, a young that is too old the effective size.
+TEST(Desk, PutsFirstWhatFalsifiesMost) {
+  std::string bytes(family);
+  bytes += "G,Gus,ram,15-03-2001,E,,North\n";  // older than its father
+  bytes += "H,Hus,ram,15-03-1921,,,North\n";
+  OpenedDesk opened(bytes);
+  write_files_of_export(opened.desk);
+  const std::string summary = check_files(opened.desk);
+  const std::size_t all = summary.find(R"("name":"year-lone")"), size = summary.find(R"("name":"born-before-parent")");
+  ASSERT_NE(all, std::string::npos) << summary;
+  EXPECT_LT(all, size);
+  choose_findings(opened.desk, "", "");
+  const std::string rows = list_findings(opened.desk, 0, 10);
+  EXPECT_LT(rows.find(R"("line":10,)"), rows.find(R"("line":9,)")) << rows;
+}
+
 TEST(Desk, NamesTheKindsOfFindingsInTheLanguageOfTheDesk) {
   std::string bytes(family);
   bytes += "G,Gus,ram,15-03-2001,E,,North\n";  // older than its father
