@@ -1,5 +1,5 @@
 // Texts that were turned into UTF-8 twice: read from UTF-8 as if it were Windows-1252, and saved as UTF-8 again, so
-// that "Müller" became "MÃ¼ller".
+// that the u with two dots of a name became an A with a tilde and the sign of a quarter.
 #pragma once
 
 #include <cstddef>
@@ -23,8 +23,8 @@ struct DoubledLetters {
   std::vector<DoubledWord> words;  ///< the first two different ones
 };
 
-/// Letters of Eastern Europe stand there as Ä or Å with a sign, which may be a letter before a quotation mark: only so
-/// many different ones are certain.
+/// Letters of Eastern Europe stand there as an A with two dots or a ring, and a sign, which may be a letter before a
+/// quotation mark: only so many different ones are certain.
 inline constexpr std::size_t fewest_doubled_letters = 3;
 
 /// Looks for such letters in a text in UTF-8. Only letters and signs of European languages count as meant.
