@@ -61,8 +61,23 @@ bool is_total_word(std::string_view id) {
   return is_among(word, words);
 }
 
-bool is_blank_line(std::string_view line, char delimiter) {
-  return std::all_of(line.begin(), line.end(), [&](char byte) { return byte == ' ' || byte == delimiter; });
+/// Whether no letter and no digit stands in a line: it is blank, or divides pages.
+bool is_without_text(std::string_view line) {
+  return std::none_of(line.begin(), line.end(), [](char byte) {
+    const auto value = static_cast<unsigned char>(byte);
+    return value >= 0x80 || (value >= '0' && value <= '9') || ((value | 0x20U) >= 'a' && (value | 0x20U) <= 'z');
+  });
+}
+
+/// "(no.)" in place of the animal and of both its parents, and a date without a digit: units below the headings, or the
+/// kinds of the fields.
+bool tells_units(const LineFields& fields) {
+  const auto text = [&](FieldCode code) {
+    return without_trailing_blanks(fields.text[static_cast<std::size_t>(code)]);
+  };
+  const std::string_view id = text(id_column), date = text(birthdate_column);
+  if (id.empty() || text(sire_column) != id || text(dam_column) != id) return false;
+  return !date.empty() && date.find_first_of("0123456789") == std::string_view::npos;
 }
 
 }  // namespace
@@ -109,7 +124,8 @@ bool is_quoted(std::string_view field) {
 
 LineKind kind_of_line(std::string_view line, const LineFields& fields, const ReadingPlan& plan) {
   if (!plan.header_line.empty() && (line == plan.header_line || are_headings(fields))) return LineKind::header_again;
-  if (is_blank_line(line, plan.layout.delimiter) || line.front() == '\x1A') return LineKind::no_animal;
+  if (line.empty() || line.front() == '\x1A' || is_without_text(line)) return LineKind::no_animal;
+  if (tells_units(fields)) return LineKind::no_animal;
   const auto is_empty = [&](FieldCode code) {
     return without_trailing_blanks(fields.text[static_cast<std::size_t>(code)]).empty();
   };

@@ -33,7 +33,8 @@ std::uint8_t kinds_in(std::string_view text, const ByteKinds& kinds);
 /// Whether a text begins or ends with a quotation mark that belongs to an export and not to a name.
 bool is_quoted(std::string_view field);
 
-/// A line that is no animal: blank, the end mark of old files, a total, the header again.
+/// A line that is no animal: blank, hyphens, units below the headings, the end mark of old files, a total, the header
+/// again.
 enum class LineKind : std::uint8_t { animal, no_animal, header_again };
 LineKind kind_of_line(std::string_view line, const LineFields& fields, const ReadingPlan& plan);
 

@@ -7,13 +7,12 @@
 
 #include "intake/column_recognition.h"
 #include "intake/date_shapes.h"
+#include "intake/heading_lines.h"
 #include "intake/value_words.h"
 #include "text/folded_words.h"
 
 namespace pedigreewatch {
 namespace {
-
-constexpr auto pedigree_fields = std::to_array({id_column, sire_column, dam_column, sex_column, birthdate_column});
 
 bool is_blank(const ExportRecord& record) {
   return std::all_of(record.fields.begin(), record.fields.end(),
@@ -25,12 +24,12 @@ std::ptrdiff_t count_filled(const ExportRecord& record) {
                        [](std::string_view field) { return !trimmed(field).empty(); });
 }
 
-/// Whether all fields that make an animal are empty.
+/// Whether all fields that make an animal are empty, or hold signs only, as a line of hyphens does.
 bool tells_of_no_animal(const ExportRecord& record, const ColumnChoice& columns) {
   constexpr auto fields =
       std::to_array({id_column, name_column, sex_column, birthdate_column, sire_column, dam_column});
   return std::all_of(fields.begin(), fields.end(),
-                     [&](FieldCode code) { return trimmed(field_of(record, columns, code)).empty(); });
+                     [&](FieldCode code) { return !says_something(field_of(record, columns, code)); });
 }
 
 bool is_same_heading(std::string_view field, std::string_view heading) {
@@ -140,6 +139,7 @@ RecordKind kind_of_record(const ExportRecord& record, const ColumnChoice& column
   if (columns.has_header && (repeats_headings(record, columns) || holds_other_headings(record, columns))) {
     return RecordKind::header_again;
   }
+  if (is_heading_line(record, columns)) return RecordKind::remark;
   const std::string_view id = trimmed(field_of(record, columns, id_column));
   const bool has_no_young = !columns.animals_of_line.empty() && id.empty();
   const bool tells_count = columns.count_line > 0 && record.line == columns.count_line;

@@ -14,9 +14,9 @@ enum class RecordKind { animal, blank, header_again, remark };
 /// A reader that stands behind the header, or before the first animal where there is none.
 RecordReader read_animals(std::string_view text, char delimiter, const ColumnChoice& columns);
 
-/// What a record is. A header comes again in its own words or in others. A remark has no sex, no date, no parents, and
-/// where an id should stand nothing, or a text that is written like no id; or it is a lone number that is no id, or a
-/// total with a count.
+/// What a record is. A header comes again in its own words or in others. A remark is a further line of headings, or it
+/// has no sex, no date, no parents, and where an id should stand nothing, or a text that is written like no id; or it
+/// is a lone number that is no id, or a total with a count.
 RecordKind kind_of_record(const ExportRecord& record, const ColumnChoice& columns);
 
 /// The next record that is an animal; false at the end.

@@ -9,6 +9,7 @@
 
 #include "intake/column_recognition.h"
 #include "intake/export_records.h"
+#include "intake/heading_lines.h"
 #include "intake/prepare_options.h"
 #include "intake/remark.h"
 #include "intake/table_start.h"
@@ -28,6 +29,7 @@ struct ColumnChoice {
   std::vector<Question> questions;                                 ///< what the user has to say
   TextStyle id_style;                                              ///< how ids are written
   std::int64_t count_line = 0;  ///< the last one, where it holds the number of animals and no more; 0: it does not
+  std::vector<HeadingTexts> heading_lines;  ///< further lines of headings below the header
   std::vector<LineAnimal> animals_of_line;  ///< of a line that holds several; else none
 };
 

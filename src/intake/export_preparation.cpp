@@ -229,6 +229,7 @@ std::optional<Refusal> choose_export_columns(const PrepareOptions& options, cons
     read.columns.questions.insert(read.columns.questions.begin(), young.questions.begin(), young.questions.end());
   }
   read.columns.id_style = find_id_style(read.text, read.reading.delimiter, read.columns);
+  read.columns.heading_lines = find_heading_lines(read.text, read.reading.delimiter, read.columns);
   read.columns.count_line = find_count_line(read.text, read.reading.delimiter, read.columns);
   return std::nullopt;
 }

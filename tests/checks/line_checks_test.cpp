@@ -25,6 +25,16 @@ TEST(KindOfLine, ATotalHasAtMost24Letters) {
   EXPECT_EQ(lines_without_animal("total" + std::string(20, '1') + ";;;;"), 0);
 }
 
+TEST(KindOfLine, HyphensAndUnitsAreNoAnimals) {
+  EXPECT_EQ(lines_without_animal("---;-;---;---;---"), 1);
+  EXPECT_EQ(lines_without_animal("---;-;2001;---;---"), 0) << "it has a year";
+  EXPECT_EQ(lines_without_animal("(no.);(m/f);(dd.mm.yyyy);(no.);(no.)"), 1);
+  EXPECT_EQ(lines_without_animal("(no.);(m/f);(dd.mm.2001);(no.);(no.)"), 0) << "the date has a digit";
+  EXPECT_EQ(lines_without_animal("(no.);(m/f);;(no.);(no.)"), 0) << "it has no date";
+  EXPECT_EQ(lines_without_animal("(no.);(m/f);(dd.mm.yyyy);(no.);"), 0) << "it has no mother";
+  EXPECT_EQ(lines_without_animal("(no.);(m/f);(dd.mm.yyyy);;(no.)"), 0) << "it has no father";
+}
+
 TEST(ByteKinds, ControlsQuotesAndHighBytes) {
   const ByteKinds kinds = byte_kinds(';');
   EXPECT_EQ(kinds[0x1F], byte_control);
