@@ -92,6 +92,7 @@ TEST(ForecastRun, TellsThePracticeFirst) {
   EXPECT_TRUE(has(run.console,
                   "sires a year: 4.0, dams a year: 12.0, litters a sire: 3.0, of the most used one: 25.0 % of all\n"))
       << run.console;
+  EXPECT_TRUE(has(run.console, "at their first litter sires are 2.0 years old, dams 2.0\n")) << run.console;
   EXPECT_TRUE(has(run.console, "cannot be told yet: the herdbook has 8 birth years with known sires and "))
       << run.console;
   EXPECT_TRUE(has(run.console, "and 20 years and 20 sires are needed\n")) << run.console;
@@ -105,6 +106,7 @@ TEST(ForecastRun, TellsTheLivesOfSiresFromTwentyBirthYearsOn) {
   const std::string told = "sires stay in use for 1.0 years and have 3.0 litters in life (mean of ";
   const WholeRun run = forecast(herd(22), {"--years", "1", "--replicates", "1"});
   EXPECT_TRUE(has(run.console, told)) << run.console;
+  EXPECT_TRUE(has(run.console, "\ndams stay in use for 1.0 years (mean of ")) << run.console;
   const WholeRun young = forecast(herd(21), {"--years", "1", "--replicates", "1"});
   EXPECT_FALSE(has(young.console, told)) << young.console;
   EXPECT_TRUE(has(young.console, "cannot be told yet: the herdbook has 19 birth years with known sires"))
@@ -231,6 +233,14 @@ TEST(ForecastRun, NamesTheLineOfARuleThatIsWrong) {
                  "forecast.ini, line 2: \"most-liters-a-year\": there is no such rule\nnothing was written\n");
   expect_refusal(with("[a]\nsires = 2\nmost-litters-a-year = 5\n"), 1,
                  "forecast.ini, line 2: \"sires = 2\": with so many sires and so few litters for each, there are not");
+  // Four sires have three litters each: of the eleven others of a year two have the same sire.
+  expect_refusal(
+      with("[present]\nsame-sire-in-year = 2%\n"), 1,
+      "forecast.ini, line 2: \"same-sire-in-year = 2%\": this cannot be reached: with these sires and litters it "
+      "comes to 18.18%\nnothing was written\n");
+  expect_refusal(
+      with("[present]\nyears-in-use-dams = 30\n"), 1,
+      "forecast.ini, line 2: \"years-in-use-dams = 30\": no parent was ever so old as at the end of such a use");
   expect_refusal(forecast(herd(10), {"--rules", "none.ini"}), 1, "none.ini cannot be read");
   expect_refusal(forecast(herd(10), {"--most-f", "2"}), 2, "an F such as 0.0625 or 6.25% was expected");
 }

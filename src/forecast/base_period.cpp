@@ -294,6 +294,12 @@ std::optional<double> mean_parent_age(const PopulationStore& store, std::span<co
   return 0.5 * (sires.years / sires.young + dams.years / dams.young);
 }
 
+double mean_first_age(const BasePeriod& base, Sex sex) {
+  double sum = 0.0;
+  for (const std::int32_t number : base.entries.of(sex)) sum += base.careers.of(sex).at(number).first_age;
+  return base.entries.of(sex).empty() ? 1.0 : sum / static_cast<double>(base.entries.of(sex).size());
+}
+
 std::optional<BasePeriod> measure_base_period(const FamilyRecords& records) {
   const std::int32_t first_of_interval = std::max(records.first_year, records.last_year - years_of_interval + 1);
   std::vector<Family> recent;

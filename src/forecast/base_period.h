@@ -68,6 +68,7 @@ struct BasePeriod {
   BySex<std::vector<std::int32_t>> entries;          ///< careers that began since then, by number
   BySex<double> outside = {};                  ///< of those that came into use, the part that has no line of its own
   BySex<std::optional<double>> said_outside;   ///< likewise, as somebody says it is
+  BySex<std::vector<std::int32_t>> said_ages;  ///< by career: age at first use, as somebody says it is; empty: not said
   BySex<std::array<double, descents>> chosen;  ///< by descent: how many of those born came into use
   BySex<CareerRecords> careers;
   BySex<AgeSpan> ages;               ///< that 5 and 95 in 100 of the births of the last ten years remain below
@@ -78,11 +79,19 @@ struct BasePeriod {
   std::span<const std::vector<GroupYear>> base_years() const {
     return std::span(years).subspan(static_cast<std::size_t>(first_year - first_alike));
   }
+  /// Age of one who comes into use like this career.
+  std::int32_t first_age(Sex sex, std::int32_t career) const {
+    const std::vector<std::int32_t>& said = said_ages.of(sex);
+    return said.empty() ? careers.of(sex).at(career).first_age : said[static_cast<std::size_t>(career)];
+  }
 };
 
 /// Measures the practice of the years up to `last_year`; `records` reach up to it. None with fewer than three birth
 /// years, or without any family of which both parents are known.
 std::optional<BasePeriod> measure_base_period(const FamilyRecords& records);
+
+/// The mean age of those who came into use in the years alike, at their first litter.
+double mean_first_age(const BasePeriod& base, Sex sex);
 
 /// The mean age of the parents, sires and dams alike, at the births of these families. None where no age is known.
 std::optional<double> mean_parent_age(const PopulationStore& store, std::span<const Family> families);

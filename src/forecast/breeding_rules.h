@@ -36,6 +36,9 @@ struct SaidFigures {
   std::optional<double> young_without_parents;  ///< share of the young: neither known
   std::optional<double> sires_of_others;        ///< share of the litters: the sire is of another subpopulation
   BySex<std::optional<double>> outside;         ///< share of those that come into use: known by name only
+  BySex<std::optional<double>> first_age;       ///< mean at the first litter, years
+  BySex<std::optional<double>> years_in_use;    ///< mean of those that come into use, from the first litter to the last
+  std::optional<double> same_sire_in_year, same_sire_in_life;  ///< chances, as in UseEvenness
 };
 
 /// A rule as it was written.

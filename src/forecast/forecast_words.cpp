@@ -22,6 +22,11 @@ constexpr Wording lives_line = {
     "sires stay in use for {1} years and have {2} litters in life (mean of {3} whose use is over)",
     "vaders blijven {1} jaar in gebruik en krijgen in hun leven {2} nesten (gemiddelde van {3} die niet meer in gebruik "
     "zijn)"};
+constexpr Wording dams_lives_line = {
+    "dams stay in use for {1} years (mean of {2} whose use is over)",
+    "moeders blijven {1} jaar in gebruik (gemiddelde van {2} die niet meer in gebruik zijn)"};
+constexpr Wording ages_line = {"at their first litter sires are {1} years old, dams {2}",
+                               "bij hun eerste nest zijn vaders {1} jaar oud, moeders {2}"};
 constexpr Wording unknown_lives_line = {
     "how long sires stay in use, and how many litters they have in life, cannot be told yet: the herdbook has {1} birth "
     "years with known sires and {2} sires whose use is over, and {3} years and {4} sires are needed",
@@ -169,11 +174,13 @@ std::vector<std::string> practice_sentences(const BasePeriod& base, const Counte
   if (are_lives_known(families, base.generation_interval)) {
     add(lives_line, {one_decimal(families.years_in_use), one_decimal(families.families_in_life),
                      std::to_string(families.ended_careers)});
+    add(dams_lives_line, {one_decimal(families.dam_years_in_use), std::to_string(families.ended_dams)});
   } else {
     add(unknown_lives_line,
         {std::to_string(families.birth_years), std::to_string(families.ended_careers),
          std::to_string(birth_years_for_lives(base.generation_interval)), std::to_string(least_ended_careers)});
   }
+  add(ages_line, {one_decimal(mean_first_age(base, male)), one_decimal(mean_first_age(base, female))});
   add(descent_line, {percent(families.half_known), percent(families.founders), percent(families.outside_sires),
                      percent(families.outside_dams)});
   const PracticeLevels& levels = base.levels;

@@ -126,20 +126,6 @@ void measure_mate_ranks(ModelBasis& basis, std::uint64_t seed) {
   for (std::size_t rank = 0; rank < looked_at; ++rank) basis.mate_ranks[rank] = counts[rank] / matings;
 }
 
-void count_going_on(ModelBasis& basis) {
-  const std::vector<std::vector<GroupYear>>& years = basis.base.years;
-  for (const Sex sex : {male, female}) {
-    std::vector<double>& means = basis.going_on.of(sex);
-    means.assign(static_cast<std::size_t>(basis.records.groups), 0.0);
-    for (const std::vector<GroupYear>& year : years) {
-      for (std::size_t group = 0; group < means.size(); ++group) {
-        const std::int32_t before = year[group].in_use.of(sex) - year[group].entered.of(sex);
-        means[group] += before / static_cast<double>(years.size());
-      }
-    }
-  }
-}
-
 void sort_entries(ModelBasis& basis) {
   basis.sire_entries.resize(basis.base.years.size());
   for (const std::int32_t number : basis.base.entries.of_males) {
@@ -222,8 +208,22 @@ void shorten_table(ModelBasis& basis) {
 
 }  // namespace
 
+void count_going_on(ModelBasis& basis) {
+  const std::vector<std::vector<GroupYear>>& years = basis.base.years;
+  for (const Sex sex : {male, female}) {
+    std::vector<double>& means = basis.going_on.of(sex);
+    means.assign(static_cast<std::size_t>(basis.records.groups), 0.0);
+    for (const std::vector<GroupYear>& year : years) {
+      for (std::size_t group = 0; group < means.size(); ++group) {
+        const std::int32_t before = year[group].in_use.of(sex) - year[group].entered.of(sex);
+        means[group] += before / static_cast<double>(years.size());
+      }
+    }
+  }
+}
+
 ModelBasis make_model_basis(const FamilyRecords& records, BasePeriod base, std::uint64_t seed) {
-  ModelBasis basis{records, std::move(base), {}, {}, 0, {}, {}, {}, {}, 1.0, 0.0, {}, {}, {}, {}, 0, {}};
+  ModelBasis basis{records, std::move(base), {}, {}, 0, {}, {}, {}, {}, 1.0, 0.0, {}, {}, {1.0, 1.0}, {}, {}, 0, {}};
   const std::int32_t oldest = std::max(basis.base.oldest_entry.of_males, basis.base.oldest_entry.of_females);
   basis.first_candidate_year = records.last_year + 1 - oldest;
   const std::vector<std::int32_t> wanted = find_wanted_parents(basis);

@@ -63,6 +63,7 @@ struct ModelBasis {
   double use_power = 1.0, life_power = 0.0;
   std::vector<std::vector<GroupEntry>> sire_entries;  ///< by year of the practice, within a year by group
   BySex<std::vector<double>> going_on;  ///< by group: parents of a year of the practice that were in use before, mean
+  BySex<double> pace = {1.0, 1.0};      ///< years of a career that pass in a year; others than 1 are said, not measured
   BySex<std::vector<ActiveParent>> active;
   std::vector<std::int32_t> last_litter;  ///< by animal of the pedigree: the year of its last family
   std::int32_t first_candidate_year = 0;
@@ -73,6 +74,9 @@ struct ModelBasis {
 
 /// F of all animals must be final.
 ModelBasis make_model_basis(const FamilyRecords& records, BasePeriod base, std::uint64_t seed = 1);
+
+/// Counts `going_on` from the years of the practice.
+void count_going_on(ModelBasis& basis);
 
 /// Imports that are related to each other descend from one animal that nobody else descends from: with it as both
 /// parents, two of them have its kinship with itself, and F of 0. Yields the F that stands for it.

@@ -147,16 +147,31 @@ std::optional<Entrant> take_nearest(ModelHerd& herd, Wanted wanted, std::int32_t
   return std::nullopt;
 }
 
-void begin_career(ModelParent& parent, const CareerRecords& careers, std::int32_t number, std::int32_t group) {
+struct NewCareer {
+  Sex sex = male;
+  std::int32_t number = 0, group = 0;
+};
+
+void begin_career(ModelParent& parent, const CareerRecords& careers, std::int32_t number) {
   const Career& career = careers.at(number);
   parent.point = {number, career.first_year};
   parent.use = parent.sum_use = double{career.use.front()};
   parent.years = 1;
-  parent.group = group;
 }
 
-/// Moves on by a year. False when the career is at its end.
-bool go_on(ModelParent& parent, const CareerRecords& careers, std::int32_t age, RandomStream& random) {
+/// Begins a career in a herd. With another pace the first year counts as one, and so many more follow that life is that
+/// many times longer or shorter in the mean.
+void begin_career(ModelParent& parent, const ModelBasis& basis, const NewCareer& begun, RandomStream& random) {
+  const auto& [sex, number, group] = begun;
+  begin_career(parent, basis.base.careers.of(sex), number);
+  parent.group = group;
+  const double pace = basis.pace.of(sex);
+  if (pace != 1.0) parent.clock = pace * random.unit();
+  parent.ahead = basis.base.first_age(sex, number) - basis.base.careers.of(sex).at(number).first_age;
+}
+
+/// Moves on by a year of the career. False when it is at its end.
+bool take_step(ModelParent& parent, const CareerRecords& careers, std::int32_t age, RandomStream& random) {
   if (parent.point.year >= careers.last_year) {
     const CareerState state = {age, parent.pause, parent.sum_use / static_cast<double>(std::max(parent.years, 1))};
     const std::optional<CareerPoint> donor = find_donor(careers, state, random);
@@ -169,6 +184,21 @@ bool go_on(ModelParent& parent, const CareerRecords& careers, std::int32_t age, 
   ++parent.years;
   parent.pause = parent.use > 0.0 ? 0 : parent.pause + 1;
   return parent.pause <= longest_pause;
+}
+
+/// Moves on by a year, in which a year of the career passes, or as many as its pace says; until then it goes on as it
+/// was. `age` is in years. False when the career is at its end.
+bool go_on(ModelParent& parent, const CareerRecords& careers, double pace, std::int32_t age, RandomStream& random) {
+  parent.clock += pace;
+  const auto steps = static_cast<std::int32_t>(parent.clock);
+  parent.clock -= steps;
+  // A litter beyond the career, for want of other parents, is not had once more.
+  if (steps == 0) parent.use = double{careers.at(parent.point.career).use_in(parent.point.year)};
+  for (std::int32_t step = 0; step < steps; ++step) {
+    if (!take_step(parent, careers, age - parent.ahead + step, random)) return false;
+  }
+  parent.ahead += 1 - steps;
+  return true;
 }
 
 /// Whether the one who begins such a career has no line of its own: as often as it was, or as it is said to be.
@@ -211,7 +241,8 @@ void continue_parents(ModelHerd& herd, Sex sex, std::int32_t year) {
     parent.litters_in_life += parent.litters;
     parent.litters = 0;
     if (ends_with_litter && parent.litters_in_life > 0) return true;
-    return !go_on(parent, careers, year - 1 - herd.birth_year[static_cast<std::size_t>(parent.animal)], random);
+    const std::int32_t age = year - 1 - herd.birth_year[static_cast<std::size_t>(parent.animal)];
+    return !go_on(parent, careers, herd.basis.pace.of(sex), age, random);
   });
 }
 
@@ -220,24 +251,38 @@ bool enter_parent(ModelHerd& herd, Sex sex, std::int32_t group, std::int32_t yea
   const BasePeriod& base = herd.basis.base;
   const Career& career = base.careers.of(sex).at(number);
   const std::int32_t oldest = std::max(base.oldest_entry.of(sex), herd.rules.least_age.of(sex));
-  const std::int32_t age = std::clamp(career.first_age, std::max(1, herd.rules.least_age.of(sex)), oldest);
+  const std::int32_t age = std::clamp(base.first_age(sex, number), std::max(1, herd.rules.least_age.of(sex)), oldest);
+  const NewCareer begun = {sex, number, group};
   if (comes_from_outside(base, sex, career, random)) {
-    begin_career(add_model_parent(herd, sex, {0, 0, year - age, 0.0F}), base.careers.of(sex), number, group);
+    begin_career(add_model_parent(herd, sex, {0, 0, year - age, 0.0F}), herd.basis, begun, random);
     return true;
   }
   const std::int32_t youngest = year - std::max(1, herd.rules.least_age.of(sex));
   const std::optional<Entrant> entrant = take_nearest(herd, {sex, group, year - age}, youngest, random);
   if (!entrant) return false;
-  begin_career(add_model_parent(herd, sex, *entrant), base.careers.of(sex), number, group);
+  begin_career(add_model_parent(herd, sex, *entrant), herd.basis, begun, random);
   return true;
+}
+
+LifeOfUse live_career(const CareerRecords& careers, std::int32_t number, RandomStream& random) {
+  ModelParent parent;
+  begin_career(parent, careers, number);
+  LifeOfUse life;
+  for (std::int32_t age = careers.at(number).first_age; take_step(parent, careers, age, random); ++age) {
+    if (parent.use <= 0.0) continue;
+    life.years = parent.years;
+    ++life.used;
+  }
+  return life;
 }
 
 void enter_import(ModelHerd& herd, Sex sex, std::int32_t group, std::int32_t year, RandomStream& random) {
   const BasePeriod& base = herd.basis.base;
   const std::int32_t number = draw_entry(base, sex, group, random);
   const std::int32_t origin = herd.basis.origin;
-  const std::int32_t born = year - std::max(base.careers.of(sex).at(number).first_age, herd.rules.least_age.of(sex));
-  begin_career(add_model_parent(herd, sex, {origin, origin, born, 0.0F}), base.careers.of(sex), number, group);
+  const std::int32_t born = year - std::max(base.first_age(sex, number), herd.rules.least_age.of(sex));
+  ModelParent& parent = add_model_parent(herd, sex, {origin, origin, born, 0.0F});
+  begin_career(parent, herd.basis, {sex, number, group}, random);
   herd.members.of(sex)[static_cast<std::size_t>(group)].push_back(herd.parents.of(sex).size() - 1);
 }
 

@@ -34,6 +34,15 @@ std::int32_t draw_entry(const BasePeriod& base, Sex sex, std::int32_t group, Ran
 std::vector<std::int32_t> entries_of_year(const ModelBasis& basis, std::int32_t group, std::int32_t year,
                                           RandomStream& random);
 
+/// How long somebody was used.
+struct LifeOfUse {
+  std::int32_t years = 1;  ///< from the first litter to the last
+  std::int32_t used = 1;   ///< of these, with any litter
+};
+
+/// The whole life of one who begins like this career.
+LifeOfUse live_career(const CareerRecords& careers, std::int32_t number, RandomStream& random);
+
 /// Brings an import into use.
 void enter_import(ModelHerd& herd, Sex sex, std::int32_t group, std::int32_t year, RandomStream& random);
 

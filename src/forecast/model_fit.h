@@ -3,6 +3,7 @@
 
 #include "forecast/forecast_progress.h"
 #include "forecast/model_herd.h"
+#include "forecast/rule_reading.h"
 
 namespace pedigreewatch {
 
@@ -10,5 +11,17 @@ namespace pedigreewatch {
 /// of the practice, within a year and over the years.
 /// False when it was told to stop, and the basis is not fitted.
 bool fit_use(ModelBasis& basis, std::uint64_t seed, const ForecastProgress& progress = {});
+
+/// A figure of evenness that is said is reached when trial herds come as near to it as this.
+inline constexpr double said_evenness_reached = 0.05;
+
+struct SaidFit {
+  bool is_stopped = false;
+  std::vector<RuleProblem> problems;  ///< figures that cannot be reached
+};
+
+/// After `fit_use`: lengths of use, and how unevenly sires are used, as they are said of the present practice.
+SaidFit fit_as_said(ModelBasis& basis, const BreedingRules& present, std::uint64_t seed,
+                    const ForecastProgress& progress = {});
 
 }  // namespace pedigreewatch

@@ -596,10 +596,12 @@ ModelHerd begin_herd(const ModelBasis& basis, const BreedingRules& rules, std::u
     herd.birth_year[place(j)] = basis.records.store.birth_year[basis.ancestors.position[j]];
   }
   for (const Sex sex : {male, female}) {
+    RandomStream clocks = herd.stream(0, sex == male ? DrawPurpose::sire_careers : DrawPurpose::dam_careers);
     for (const ActiveParent& active : basis.active.of(sex)) {
       const Career& career = basis.base.careers.of(sex).at(active.career);
       herd.birth_year[place(active.animal)] = career.first_year - career.first_age;
       herd.parents.of(sex).push_back(begin_parent(basis, sex, active));
+      if (basis.pace.of(sex) != 1.0) herd.parents.of(sex).back().clock = clocks.unit();
     }
   }
   return herd;

@@ -20,6 +20,8 @@ struct ModelParent {
   CareerPoint point;       ///< whose career it follows, and the year of it that ended last
   std::int32_t pause = 0;  ///< years without use up to now
   std::int32_t years = 0;  ///< since the first use
+  double clock = 0.0;      ///< part of a year of the career that has passed already
+  std::int32_t ahead = 0;  ///< years that it is older than those were who stood where it stands
   double sum_use = 0.0;
   double use = 0.0;                               ///< this year's, before it is fitted to the litters that there are
   std::int32_t litters = 0, litters_in_life = 0;  ///< families; this year's, and those up to it

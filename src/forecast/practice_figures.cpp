@@ -73,17 +73,24 @@ double share_of_top_sire(std::span<const Family> families) {
   return sires.empty() ? 0.0 : static_cast<double>(most) / static_cast<double>(sires.size());
 }
 
-/// Careers that are over: nobody comes back after such a pause.
-void measure_lives(const CareerRecords& careers, FamilyPractice& practice) {
+/// Careers that are over, with means of their years of use and families: nobody comes back after such a pause.
+struct EndedCareers {
+  std::int32_t count = 0;
+  double years = 0.0, families = 0.0;
+};
+
+EndedCareers measure_lives(const CareerRecords& careers) {
+  EndedCareers ended;
   for (const Career& career : careers.careers) {
     if (careers.last_year - career.last_year() <= longest_pause) continue;
-    ++practice.ended_careers;
-    practice.years_in_use += static_cast<double>(career.use.size());
-    practice.families_in_life += static_cast<double>(career.families);
+    ++ended.count;
+    ended.years += static_cast<double>(career.use.size());
+    ended.families += static_cast<double>(career.families);
   }
-  if (practice.ended_careers == 0) return;
-  practice.years_in_use /= static_cast<double>(practice.ended_careers);
-  practice.families_in_life /= static_cast<double>(practice.ended_careers);
+  if (ended.count == 0) return ended;
+  ended.years /= static_cast<double>(ended.count);
+  ended.families /= static_cast<double>(ended.count);
+  return ended;
 }
 
 std::int32_t count_years_with_sires(const FamilyRecords& records) {
@@ -147,7 +154,12 @@ FamilyPractice measure_practice(const FamilyRecords& records, const BasePeriod& 
   practice.evenness = measure_evenness(records, base.first_alike, base.last_year);
   practice.outside_sires = base.outside.of_males;
   practice.outside_dams = base.outside.of_females;
-  measure_lives(base.careers.of_males, practice);
+  const EndedCareers sires = measure_lives(base.careers.of_males), dams = measure_lives(base.careers.of_females);
+  practice.ended_careers = sires.count;
+  practice.years_in_use = sires.years;
+  practice.families_in_life = sires.families;
+  practice.ended_dams = dams.count;
+  practice.dam_years_in_use = dams.years;
   practice.birth_years = count_years_with_sires(records);
   return practice;
 }

@@ -38,6 +38,8 @@ struct FamilyPractice {
   double years_in_use = 0.0;            ///< of sires whose use began in these years or before and is over
   double families_in_life = 0.0;        ///< of the same sires
   std::int32_t ended_careers = 0;       ///< the number of these sires
+  double dam_years_in_use = 0.0;        ///< likewise of dams
+  std::int32_t ended_dams = 0;
   std::int32_t birth_years = 0;         ///< in which the sire of some young is known
   double half_known = 0.0;              ///< of the young: one parent known
   double founders = 0.0;                ///< of the young: none known

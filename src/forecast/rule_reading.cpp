@@ -25,6 +25,8 @@ constexpr Wording an_age = {"a whole number of years from {1} to {2} was expecte
 constexpr Wording an_amount = {
     "a number such as 40, a change such as +20 or -5, or a part such as 150% was expected",
     "een aantal zoals 40, een verandering zoals +20 of -5, of een deel zoals 150% werd verwacht"};
+constexpr Wording some_years = {"a number of years from {1} to {2}, such as 2.5, was expected",
+                                "een aantal jaren van {1} tot {2}, zoals 2.5, werd verwacht"};
 constexpr Wording a_trend = {"a per cent a year from {1}% to {2}% was expected",
                              "een percentage per jaar van {1}% tot {2}% werd verwacht"};
 constexpr Wording an_f = {"an F such as 0.0625 or 6.25% was expected", "een F zoals 0.0625 of 6.25% werd verwacht"};
@@ -75,6 +77,11 @@ constexpr Wording no_imports = {
     "er zijn in deze regels geen importdieren die verwant kunnen zijn: voeg import-sires of "
     "import-dams toe"};
 
+constexpr Wording is_out_of_reach = {"this cannot be reached: with these sires and litters it comes to {1}%",
+                                     "dit is niet te bereiken: met deze vaders en nesten wordt het {1}%"};
+constexpr Wording used_too_long = {
+    "no parent was ever so old as at the end of such a use: at most {1} years",
+    "geen enkele ouder was ooit zo oud als aan het eind van zo'n gebruik: hoogstens {1} jaar"};
 constexpr Wording plan_chooses = {"a plan chooses that itself: leave out this rule, or the plan",
                                   "dat kiest een plan zelf: laat deze regel weg, of het plan"};
 constexpr Wording plan_is_large = {
@@ -175,7 +182,13 @@ bool take_figure(std::string_view text, const RuleForm& form, std::optional<doub
   return figure.has_value();
 }
 
-constexpr double most_age = 60.0;
+constexpr double most_age = 60.0, most_years_in_use = 30.0;
+
+bool take_number(std::string_view text, const RuleForm& form, std::optional<double>& figure) {
+  const std::optional<double> number = read_real(text);
+  if (number && *number >= form.least && *number <= form.most) figure = number;
+  return figure.has_value();
+}
 
 constexpr auto all_rules = std::to_array<Rule>({
     {{"most-litters-a-year",
@@ -258,11 +271,7 @@ constexpr auto all_rules = std::to_array<Rule>({
       an_exchange},
      [](auto value, auto&, auto& rules) { return take_exchange(value, rules.exchange); }},
     {{"young-a-litter", {"young a litter", "jongen per nest"}, a_size, 1.0, 30.0, true},
-     [](auto value, auto& form, auto& rules) {
-       const auto size = read_real(value);
-       if (size && *size >= form.least && *size <= form.most) rules.said.litter_size = size;
-       return rules.said.litter_size.has_value();
-     }},
+     [](auto value, auto& form, auto& rules) { return take_number(value, form, rules.said.litter_size); }},
     {{"males", {"males among the young", "mannen onder de jongen"}, a_percent, 1.0, 99.0, true},
      [](auto value, auto& form, auto& rules) { return take_figure(value, form, rules.said.males); }},
     {{"litters-without-sire",
@@ -300,6 +309,50 @@ constexpr auto all_rules = std::to_array<Rule>({
       100.0,
       true},
      [](auto value, auto& form, auto& rules) { return take_figure(value, form, rules.said.sires_of_others); }},
+    {{"first-age-sires",
+      {"age of sires at the first litter, in years", "leeftijd van vaders bij het eerste nest, in jaren"},
+      some_years,
+      1.0,
+      most_age,
+      true},
+     [](auto value, auto& form, auto& rules) { return take_number(value, form, rules.said.first_age.of_males); }},
+    {{"first-age-dams",
+      {"age of dams at the first litter, in years", "leeftijd van moeders bij het eerste nest, in jaren"},
+      some_years,
+      1.0,
+      most_age,
+      true},
+     [](auto value, auto& form, auto& rules) { return take_number(value, form, rules.said.first_age.of_females); }},
+    {{"years-in-use-sires",
+      {"years that sires stay in use", "jaren dat vaders in gebruik blijven"},
+      some_years,
+      1.0,
+      most_years_in_use,
+      true},
+     [](auto value, auto& form, auto& rules) { return take_number(value, form, rules.said.years_in_use.of_males); }},
+    {{"years-in-use-dams",
+      {"years that dams stay in use", "jaren dat moeders in gebruik blijven"},
+      some_years,
+      1.0,
+      most_years_in_use,
+      true},
+     [](auto value, auto& form, auto& rules) { return take_number(value, form, rules.said.years_in_use.of_females); }},
+    {{"same-sire-in-year",
+      {"of two litters of a year, with the same sire",
+       "van twee nesten van \xC3\xA9\xC3\xA9n jaar, met dezelfde vader"},
+      a_percent,
+      0.1,
+      90.0,
+      true},
+     [](auto value, auto& form, auto& rules) { return take_figure(value, form, rules.said.same_sire_in_year); }},
+    {{"same-sire-in-life",
+      {"of two litters one to three years apart, with the same sire",
+       "van twee nesten die \xC3\xA9\xC3\xA9n tot drie jaar uiteen liggen, met dezelfde vader"},
+      a_percent,
+      0.1,
+      90.0,
+      true},
+     [](auto value, auto& form, auto& rules) { return take_figure(value, form, rules.said.same_sire_in_life); }},
 });
 
 /// As it is written in a rule.
@@ -389,6 +442,19 @@ BaseNumbers count_base(const BasePeriod& base) {
   return numbers;
 }
 
+/// Ages that no parent has come to, at the first litter or after such a length of use.
+void add_ages_never_seen(const BreedingRules& present, const BasePeriod& base, Sex sex,
+                         std::vector<RuleProblem>& problems) {
+  const double oldest = base.careers.of(sex).oldest;
+  const std::optional<double> first = present.said.first_age.of(sex), years = present.said.years_in_use.of(sex);
+  const WrittenRule* const age = find_written(present, sex == male ? "first-age-sires" : "first-age-dams");
+  if (age != nullptr && first > oldest) problems.push_back({age->line, age->text(), too_old, {}, *age});
+  const WrittenRule* const use = find_written(present, sex == male ? "years-in-use-sires" : "years-in-use-dams");
+  const double longest = std::max(1.0, oldest - first.value_or(mean_first_age(base, sex)) + 1.0);
+  if (use == nullptr || years <= longest) return;
+  problems.push_back({use->line, use->text(), used_too_long, {fixed_decimals(longest, 1)}, *use});
+}
+
 }  // namespace
 
 std::string reason_of(const RuleProblem& problem, ToolLanguage language) {
@@ -457,7 +523,15 @@ std::vector<RuleProblem> find_wrong_figures(const BreedingRules& present, const 
   std::vector<RuleProblem> problems;
   const WrittenRule* const rule = find_written(present, "sires-of-others");
   if (rule != nullptr && base.years.front().size() < 2) problems.push_back({rule->line, rule->text(), no_groups});
+  for (const Sex sex : {male, female}) add_ages_never_seen(present, base, sex, problems);
   return problems;
+}
+
+RuleProblem out_of_reach(const BreedingRules& present, std::string_view name, double reached) {
+  const WrittenRule* const rule = find_written(present, name);
+  constexpr double percent = 100.0;
+  const WrittenRule written = rule != nullptr ? *rule : WrittenRule{std::string(name), {}};
+  return {written.line, written.text(), is_out_of_reach, {fixed_decimals(percent * reached, 2)}, written};
 }
 
 std::vector<RuleProblem> find_contradictions(const BreedingRules& rules, const BasePeriod& base) {

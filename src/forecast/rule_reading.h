@@ -64,6 +64,9 @@ inline constexpr std::string_view options_scenario = "options";
 /// Figures that this population has no use for; with their lines.
 std::vector<RuleProblem> find_wrong_figures(const BreedingRules& present, const BasePeriod& base);
 
+/// A figure that was said of the practice and that trial herds do not come to, with what they come to.
+RuleProblem out_of_reach(const BreedingRules& present, std::string_view name, double reached);
+
 /// Rules that cannot all be kept, or that this population has no use for; with the line of one of them.
 std::vector<RuleProblem> find_contradictions(const BreedingRules& rules, const BasePeriod& base);
 

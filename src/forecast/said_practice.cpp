@@ -6,24 +6,14 @@
 #include <cmath>
 
 #include "forecast/rule_reading.h"
+#include "forecast/said_lives.h"
+#include "forecast/whole_numbers.h"
 
 namespace pedigreewatch {
 namespace {
 
 constexpr Wording said_line = {"in place of what was measured, the forecast goes on with what is said: {1}",
                                "in plaats van met wat gemeten is, gaat de vooruitblik verder met wat gezegd is: {1}"};
-
-/// Hands out whole numbers that add up to the sum of the real ones but for less than 1.
-struct WholeNumbers {
-  double sum = 0.0;
-
-  std::int32_t next(double value) {
-    constexpr double rounding = 1e-9;
-    const double before = std::floor(sum + rounding);
-    sum += value;
-    return static_cast<std::int32_t>(std::floor(sum + rounding) - before);
-  }
-};
 
 double mean_of(const std::vector<std::int32_t>& sizes) {
   double sum = 0.0;
@@ -150,6 +140,9 @@ void apply_said_figures(const FamilyRecords& records, const SaidFigures& said, B
   if (said.young_without_parents) set_young_without_parents(*said.young_without_parents, base);
   if (said.sires_of_others) set_sires_of_others(*said.sires_of_others, base);
   base.said_outside = said.outside;
+  for (const Sex sex : {male, female}) {
+    if (said.first_age.of(sex)) set_first_ages(sex, *said.first_age.of(sex), base);
+  }
 }
 
 FamilyPractice practice_as_said(const FamilyPractice& measured, const SaidFigures& said, const BasePeriod& base) {

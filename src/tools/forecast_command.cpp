@@ -225,13 +225,23 @@ struct ForecastWatch {
   }
 };
 
-/// What the replicates begin with; none when the run was stopped.
+/// What is said of the present practice, and in which file.
+struct SaidPractice {
+  const BreedingRules present = {};
+  const std::string file = {};
+};
+
+/// What the replicates begin with; none when the run was stopped, or behind a message on what is said.
 std::optional<ModelBasis> prepare_basis(FolderRun& run, const FamilyRecords& records, BasePeriod base,
-                                        std::uint64_t seed) {
+                                        std::uint64_t seed, const SaidPractice& said = {}) {
   std::optional<ModelBasis> basis = make_model_basis(records, std::move(base), seed);
   ForecastWatch watch = {run, fitting_label};
-  if (!fit_use(*basis, seed, std::ref(watch))) basis.reset();
+  const bool is_fitted = fit_use(*basis, seed, std::ref(watch));
+  ForecastWatch watch_said = {run, fitting_label};
+  const SaidFit fit = is_fitted ? fit_as_said(*basis, said.present, seed, std::ref(watch_said)) : SaidFit{true, {}};
   erase_progress(run.streams.progress);
+  for (const RuleProblem& problem : fit.problems) tell_problem(run, problem.line > 0 ? said.file : "", problem);
+  if (fit.is_stopped || !fit.problems.empty()) basis.reset();
   return basis;
 }
 
@@ -337,8 +347,10 @@ Refusal forecast_and_write(FolderRun& run, const ForecastOptions& options) {
   }
   const FamilyPractice families = practice_as_said(measured, present.said, *base);
   const ForecastSettings settings = settings_of(options, store, *last);
-  const std::optional<ModelBasis> basis = prepare_basis(run, records, std::move(*base), settings.seed);
-  if (!basis) return ToolRefusal{run.words(was_stopped)};
+  const std::string rules_file = options.rules_file.empty() ? std::string() : shown(options.rules_file);
+  const std::optional<ModelBasis> basis =
+      prepare_basis(run, records, std::move(*base), settings.seed, {present, rules_file});
+  if (!basis) return ToolRefusal{run.words(is_stop_requested(run.streams) ? was_stopped : nothing_written)};
   const Forecast forecast = watch_forecast(run, *basis, *scenarios, settings);
   std::vector<RealYear> real = real_years_until(run, last_full_year(store).value_or(*last));
   std::optional<Hindcast> hindcast;

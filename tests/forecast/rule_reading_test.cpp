@@ -119,6 +119,17 @@ TEST(TakeRule, TakesFiguresWithinTheirBounds) {
   EXPECT_EQ(with("young-without-parents", "0%").said.young_without_parents, 0.0);
   EXPECT_EQ(with("dams-from-outside", "100%").said.outside.of_females, 1.0);
   EXPECT_EQ(with("sires-of-others", "12.5%").said.sires_of_others, 0.125);
+  EXPECT_EQ(with("first-age-sires", "2.5").said.first_age.of_males, 2.5);
+  EXPECT_EQ(with("first-age-dams", "1").said.first_age.of_females, 1.0);
+  EXPECT_EQ(with("years-in-use-sires", "30").said.years_in_use.of_males, 30.0);
+  EXPECT_EQ(with("years-in-use-dams", "1.0").said.years_in_use.of_females, 1.0);
+  EXPECT_EQ(with("same-sire-in-year", "0.1%").said.same_sire_in_year, 0.001);
+  EXPECT_EQ(with("same-sire-in-life", "90%").said.same_sire_in_life, 0.9);
+  for (const std::string_view bad : {"0.9", "61", "-2", "2,5", "", "2y"})
+    EXPECT_NE(fault_of("first-age-sires", bad), "");
+  for (const std::string_view bad : {"0.9", "30.1", "5%"}) EXPECT_NE(fault_of("years-in-use-dams", bad), "") << bad;
+  for (const std::string_view bad : {"0%", "0.09%", "91%", "5"}) EXPECT_NE(fault_of("same-sire-in-year", bad), "");
+  EXPECT_EQ(fault_of("first-age-dams", "0"), "a number of years from 1 to 60, such as 2.5, was expected");
   EXPECT_EQ(fault_of("young-a-litter", "0.9"), "a number of young from 1 to 30 was expected");
   EXPECT_NE(fault_of("young-a-litter", "31"), "");
   for (const std::string_view bad : {"0%", "100%", "50"}) EXPECT_NE(fault_of("males", bad), "") << bad;
@@ -223,6 +234,32 @@ TEST(FindWrongFigures, WantsSubpopulationsForSiresOfOthers) {
 }
 
 // Ten young in each of a hundred litters, of either sex for ten years: 10,000 to choose from.
+// Sires have come to the age of eight, dams to ten; their first litter was at three.
+TEST(FindWrongFigures, KnowsAgesThatNobodyCameTo) {
+  BasePeriod base = small_practice();
+  for (const Sex sex : {male, female}) {
+    Career career;
+    career.first_age = 3;
+    base.careers.of(sex).careers = {career};
+    base.entries.of(sex) = {0};
+  }
+  const auto wrong = [&](std::string_view figures) {
+    const ReadScenarios read = read_scenarios("[present]\n" + std::string(figures));
+    EXPECT_TRUE(read.problems.empty()) << figures;
+    return find_wrong_figures(read.present, base);
+  };
+  EXPECT_TRUE(wrong("first-age-sires = 8\nfirst-age-dams = 10").empty());
+  EXPECT_EQ(wrong("first-age-sires = 8.1\nfirst-age-dams = 10.1").size(), 2U);
+  EXPECT_TRUE(wrong("years-in-use-sires = 6\nyears-in-use-dams = 8").empty());
+  EXPECT_EQ(wrong("years-in-use-sires = 6.1\nyears-in-use-dams = 8.1").size(), 2U);
+  EXPECT_TRUE(wrong("first-age-sires = 1\nyears-in-use-sires = 8").empty());
+  const std::vector<RuleProblem> problems = wrong("males = 50%\nyears-in-use-sires = 9");
+  ASSERT_EQ(problems.size(), 1U);
+  EXPECT_EQ(problems[0].line, 3);
+  EXPECT_EQ(reason_of(problems[0], ToolLanguage::dutch),
+            "geen enkele ouder was ooit zo oud als aan het eind van zo'n gebruik: hoogstens 6.0 jaar");
+}
+
 TEST(FindContradictions, RefusesAPlanThatIsTooLarge) {
   EXPECT_EQ(contradictions("plan = yes"), 0U);
   EXPECT_EQ(contradictions("plan = yes\nlitters = 101"), 1U);
