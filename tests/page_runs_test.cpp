@@ -126,7 +126,7 @@ TEST(PageStanding, ALoneBirthBehindTheOthersIsMendedFirst) {
   const std::string card = to_do(page, "<h3>What to do</h3>");
   EXPECT_TRUE(has(card,
                   "<ol><li><strong>Mend these dates of birth first</strong> They lie after today, or alone after "
-                  "years without births. The last year of birth is therefore 1721"));
+                  "years without births. The last year of birth, 1721, and all that this page"));
   const std::string without_parents = page_of_data(herd + "late;;;m;01-06-1740\n");
   EXPECT_TRUE(has(without_parents, "Mend these dates of birth first"));
   EXPECT_FALSE(has(without_parents, "Find the unknown parents first"));

@@ -107,7 +107,7 @@ TEST(LateBirthRuns, AreNamedOnceByAllThatGoByTheLastYear) {
   SteerLines dutch;
   dutch.language = "nl";
   const std::string data = herd_with_late_birth(), english = "late (line 14, 02-04-2200): born after today",
-                    of_year = "the last year of birth is therefore 2200, and the reference population",
+                    of_year = "the last year of birth, 2200, the reference population",
                     in_dutch = "late (regel 14, 02-04-2200): geboren na vandaag";
   for (const std::string subcommand : {"tables", "plan", "forecast", "matings"}) {
     SCOPED_TRACE(subcommand);

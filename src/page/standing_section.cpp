@@ -49,8 +49,8 @@ constexpr Wording find_ancestors_text = {
     "Van de jongen van {1}\xE2\x80\x93{2} zijn {3} generaties voorouders bekend; voor een oordeel zijn er 3 nodig. Wat hieronder staat is wat de bekende laten zien."};
 constexpr Wording mend_dates = {"Mend these dates of birth first", "Herstel eerst deze geboortedatums"};
 constexpr Wording mend_dates_text = {
-    "They lie after today, or alone after years without births. The last year of birth is therefore {1}, and all that this page says of the last years goes by it.",
-    "Ze liggen na vandaag, of alleen na jaren zonder geboorten. Het laatste geboortejaar is daardoor {1}, en alles wat deze pagina over de laatste jaren zegt gaat daarvan uit."};
+    "They lie after today, or alone after years without births. The last year of birth, {1}, and all that this page says of the last years are worked out with them.",
+    "Ze liggen na vandaag, of alleen na jaren zonder geboorten. Het laatste geboortejaar, {1}, en alles wat deze pagina over de laatste jaren zegt zijn mede daarmee berekend."};
 constexpr Wording line_word = {"line {1}", "regel {1}"};
 constexpr Wording more_dates = {"and {1} more, below under what the checks found",
                                 "en nog {1}, hieronder bij wat de controles vonden"};

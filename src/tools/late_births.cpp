@@ -11,8 +11,8 @@ namespace pedigreewatch {
 namespace {
 
 constexpr Wording late_births_found = {
-    "{1}: born after today, or alone after years without births; the last year of birth is therefore {2}, and the reference population and all that is said of the last years go by it; mend these dates first",
-    "{1}: geboren na vandaag, of alleen na jaren zonder geboorten; het laatste geboortejaar is daardoor {2}, en de referentiepopulatie en alles over de laatste jaren gaan daarvan uit; herstel eerst deze datums"};
+    "{1}: born after today, or alone after years without births; the last year of birth, {2}, the reference population and all that is said of the last years are worked out with them; mend these dates first",
+    "{1}: geboren na vandaag, of alleen na jaren zonder geboorten; het laatste geboortejaar, {2}, de referentiepopulatie en alles over de laatste jaren zijn mede met hen berekend; herstel eerst deze datums"};
 constexpr Wording one_birth = {"{1} (line {2}, {3})", "{1} (regel {2}, {3})"};
 constexpr Wording more_births = {" and {1} more", " en nog {1}"};
 
