@@ -63,10 +63,31 @@ check_unbroken() {
   cp build/mutants/1/sums build/mutants/passed
 }
 
-# suites_of_room TREE ROOM: the suites of its tests as GoogleTest's filter has them, nothing when there are none.
+# suites_in FILE...: the suites of these files of tests as GoogleTest's filter has them, nothing when there are none.
+suites_in() {
+  { grep -hoE '^TEST(_F|_P)?\(\w+' "$@" 2>/dev/null || true; } |
+    sed -E 's/^TEST_P\((.*)/*\/\1.*/; s/^TEST(_F)?\((.*)/\2.*/' | LC_ALL=C sort -u | paste -sd:
+}
+
+# suites_of_source TREE FILE: those of the file of tests that mirrors this source.
+suites_of_source() { suites_in "$1/$(sed -E 's/^src/tests/; s/\.(h|cpp)$/_test.cpp/' <<<"$2")"; }
+
+# suites_of_room TREE ROOM: those of all its tests.
 suites_of_room() {
-  { grep -rhoE '^TEST(_F|_P)?\(\w+' --include='*_test.cpp' "$1/tests/$2" "$1/tests/$2"_*_test.cpp 2>/dev/null ||
-    true; } | sed -E 's/^TEST_P\((.*)/*\/\1.*/; s/^TEST(_F)?\((.*)/\2.*/' | LC_ALL=C sort -u | paste -sd:
+  local files
+  mapfile -t files < <(find "$1/tests" -path "$1/tests/$2/*_test.cpp" -o -path "$1/tests/$2_*_test.cpp")
+  [[ ${#files[@]} -eq 0 ]] || suites_in "${files[@]}"
+}
+
+# passes_all WORKER FILE: whether all tests pass, up to the first that does not: those of the source first, then those
+# of its room, then the others.
+passes_all() {
+  local tree="build/mutants/$1/tree" own room
+  own="$(suites_of_source "$tree" "$2")"
+  room="$(suites_of_room "$tree" "$(cut -d/ -f2 <<<"$2")")"
+  [[ -z "$own" ]] || run_tests "$1" "$own" || return
+  [[ -z "$room" ]] || run_tests "$1" "$room-$own" || return
+  run_tests "$1" "-$room"
 }
 
 # failed_test LOG: the first that failed, or the one at which the tests came to an end.
@@ -79,22 +100,18 @@ failed_test() {
 
 # judge WORKER RULE: breaks the rule in the worker's tree, sets `outcome`, and mends it again.
 judge() {
-  local place="build/mutants/$1" file command room suites
+  local place="build/mutants/$1" file command
   file="$(file_of "$2")" command="$(command_of "$2")"
-  room="$(cut -d/ -f2 <<<"$file")"
   if ! cp -p "$place/tree/$file" "$place/whole" 2>/dev/null; then outcome="does not apply"; return; fi
   if ! sed -i "$command" "$place/tree/$file" 2>/dev/null || cmp -s "$place/tree/$file" "$place/whole"; then
     outcome="does not apply"
   elif ! cmake --build "$place/build" --target pedigreewatch_tests -- -j 1 >"$place/log" 2>&1; then
     outcome="does not build"
     if grep -q "static assertion failed" "$place/log"; then outcome="noticed by a static assertion"; fi
+  elif passes_all "$1" "$file"; then
+    outcome="survives"
   else
-    suites="$(suites_of_room "$place/tree" "$room")"
-    if { [[ -z "$suites" ]] || run_tests "$1" "$suites"; } && run_tests "$1" "-$suites"; then
-      outcome="survives"
-    else
-      outcome="noticed by $(failed_test "$place/log")"
-    fi
+    outcome="noticed by $(failed_test "$place/log")"
   fi
   cp "$place/whole" "$place/tree/$file"
 }
