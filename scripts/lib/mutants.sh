@@ -1,6 +1,7 @@
 # shellcheck shell=bash
 # What scripts/mutate does with broken rules. Each worker has a tree and a build of its own below build/mutants. The core
-# is a shared library there, so that a broken rule costs a source to compile and a library to link, and nothing else.
+# is a shared library there, so that a broken rule costs a source to compile and a library to link, and nothing else; a
+# constant of a header costs those that name it.
 # The limits that a broken rule comes to are those of scripts/mutate.
 # shellcheck disable=SC2154
 
@@ -98,14 +99,38 @@ failed_test() {
   echo "$failed"
 }
 
-# judge WORKER RULE: breaks the rule in the worker's tree, sets `outcome`, and mends it again.
+# users_of_constants TREE FILE WHOLE: the sources and tests that name a constant whose value is another one in this header
+# than in the whole one. Fails when more than constants differ, or another line of a header names one of them: then
+# whatever includes the header may differ.
+users_of_constants() {
+  local changed names
+  changed="$(diff "$3" "$1/$2" | sed -n 's/^< //p')"
+  ! grep -qvE '^(inline |static )?constexpr [^()]* = [^()]*;' <<<"$changed" || return 1
+  names="$(sed -E 's|//.*||' <<<"$changed" | grep -oE '\w+ = ' | cut -d' ' -f1 | LC_ALL=C sort -u | paste -sd'|')"
+  [[ "$(find "$1/src" "$1/tests" -name '*.h' -exec cat {} + | sed -E 's|//.*||' | grep -cwE -e "$names")" -eq \
+    "$(wc -l <<<"$changed")" ]] || return 1
+  grep -rlwE -e "$names" --include='*.cpp' "$1/src" "$1/tests" || true
+}
+
+# judge WORKER RULE: breaks the rule in the worker's tree, sets `outcome`, and mends it again. What is compiled anew goes
+# by the times of the files.
 judge() {
-  local place="build/mutants/$1" file command
+  local place="build/mutants/$1" file command users
   file="$(file_of "$2")" command="$(command_of "$2")"
   if ! cp -p "$place/tree/$file" "$place/whole" 2>/dev/null; then outcome="does not apply"; return; fi
   if ! sed -i "$command" "$place/tree/$file" 2>/dev/null || cmp -s "$place/tree/$file" "$place/whole"; then
+    cp -p "$place/whole" "$place/tree/$file"
     outcome="does not apply"
-  elif ! cmake --build "$place/build" --target pedigreewatch_tests -- -j 1 >"$place/log" 2>&1; then
+    return
+  fi
+  users="$place/tree/$file"
+  if [[ "$file" == *.h ]] && users="$(users_of_constants "$place/tree" "$file" "$place/whole")"; then
+    touch -r "$place/whole" "$place/tree/$file"
+    xargs -r touch <<<"$users"
+  else
+    users="$place/tree/$file"
+  fi
+  if ! cmake --build "$place/build" --target pedigreewatch_tests -- -j 1 >"$place/log" 2>&1; then
     outcome="does not build"
     if grep -q "static assertion failed" "$place/log"; then outcome="noticed by a static assertion"; fi
   elif passes_all "$1" "$file"; then
@@ -113,7 +138,8 @@ judge() {
   else
     outcome="noticed by $(failed_test "$place/log")"
   fi
-  cp "$place/whole" "$place/tree/$file"
+  cp -p "$place/whole" "$place/tree/$file"
+  xargs -r touch <<<"$users"
 }
 
 # work_off_queue WORKER: takes rules from the queue until it is empty, says each outcome and keeps it.
