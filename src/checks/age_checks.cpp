@@ -16,7 +16,6 @@ namespace pedigreewatch {
 namespace {
 
 constexpr double days_of_a_year = 365.25;
-constexpr std::int32_t days_per_table_year = 365;
 constexpr std::int32_t youngest_possible_days = 1;
 
 std::int32_t animal_born_in(const PedigreeColumns& animals, std::int32_t year) {

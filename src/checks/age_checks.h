@@ -36,7 +36,10 @@ struct YearsOfTables {
 };
 YearsOfTables years_of_tables(const PedigreeColumns& animals);
 
-/// The age of a parent in the program's calendar of 365-day years, as far as 32 bits go; -1 when it is not known.
+/// Of a year of the program's calendar, in which the ages of its tables are.
+inline constexpr std::int32_t days_per_table_year = 365;
+
+/// The age of a parent in days of that calendar, as far as 32 bits go; -1 when it is not known.
 std::int32_t age_in_tables(const PedigreeColumns& animals, std::int32_t animal, std::int32_t parent);
 
 /// Finds a parent so old that the tables of ages stop the run.

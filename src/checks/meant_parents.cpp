@@ -526,11 +526,13 @@ Rates estimate_rates(std::span<const Case> cases, double links) {
 
 MeantParent decide(const Case& one, const Rates& rates) {
   constexpr double sure = 0.8;
+  if (one.weights.empty()) return {};
   const double all = rates.slips * sum_of(one) + rates.genuine * one.genuine_weight;
-  for (std::size_t k = 0; k < one.weights.size(); ++k) {
-    if (rates.slips * one.weights[k] > sure * all) return {one.near[k].animal, one.near[k].slip};
-  }
-  return {};
+  const auto best = std::max_element(one.weights.begin(), one.weights.end());
+  const double sureness = rates.slips * *best / all;
+  if (!(sureness > sure)) return {0, Slip::none, sureness};
+  const NearAnimal& near = one.near[static_cast<std::size_t>(best - one.weights.begin())];
+  return {near.animal, near.slip, sureness};
 }
 
 using Marks = std::vector<std::uint8_t>;  // by identification

@@ -54,11 +54,10 @@ struct SubpopulationAges {
 /// Of the whole population as number 0, and of each subpopulation by its first number.
 std::vector<SubpopulationAges> ages_by_number(const PedigreeColumns& animals, const FileSurvey& survey,
                                               const Subpopulations& subpopulations) {
-  constexpr std::int32_t days_of_table_year = 365;
   const std::vector<std::int32_t> numbers = numbers_of_texts(survey, subpopulations);
   std::vector<SubpopulationAges> all(static_cast<std::size_t>(subpopulations.count()) + 1);
   const auto age_of = [&](std::int32_t animal, std::int32_t parent) -> std::int64_t {
-    return parent == 0 ? 0 : age_in_tables(animals, animal, parent) / days_of_table_year;
+    return parent == 0 ? 0 : age_in_tables(animals, animal, parent) / days_per_table_year;
   };
   for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
     const std::int64_t father = age_of(animal, animals.linked(animals.sire.at(animal)));

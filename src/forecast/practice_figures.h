@@ -33,19 +33,19 @@ inline constexpr double generations_of_lives = 5.0;
 /// Figures that only a forecast needs; of families, which are the young of two parents in a year.
 struct FamilyPractice {
   double sires_a_year = 0.0, dams_a_year = 0.0;
-  double litters_per_sire = 0.0;        ///< a year
-  double top_sire = 0.0;                ///< share of the year's families that its most used sire has, mean of the years
-  double years_in_use = 0.0;            ///< of sires whose use began in these years or before and is over
-  double families_in_life = 0.0;        ///< of the same sires
-  std::int32_t ended_careers = 0;       ///< the number of these sires
-  double dam_years_in_use = 0.0;        ///< likewise of dams
+  double litters_per_sire = 0.0;   ///< a year
+  double top_sire = 0.0;           ///< share of the year's families that its most used sire has, mean of the years
+  double years_in_use = 0.0;       ///< of sires whose use began in these years or before and is over
+  double families_in_life = 0.0;   ///< of the same sires
+  std::int32_t ended_careers = 0;  ///< the number of these sires
+  double dam_years_in_use = 0.0;   ///< likewise of dams
   std::int32_t ended_dams = 0;
-  std::int32_t birth_years = 0;         ///< in which the sire of some young is known
-  double half_known = 0.0;              ///< of the young: one parent known
-  double founders = 0.0;                ///< of the young: none known
-  double no_sire_of_known = 0.0;        ///< of the litters of dams with known parents: sire unknown
-  double no_sire_of_others = 0.0;       ///< of the litters of other dams
-  std::optional<UseEvenness> evenness;  ///< of the years alike
+  std::int32_t birth_years = 0;                    ///< in which the sire of some young is known
+  double half_known = 0.0;                         ///< of the young: one parent known
+  double founders = 0.0;                           ///< of the young: none known
+  double no_sire_of_known = 0.0;                   ///< of the litters of dams with known parents: sire unknown
+  double no_sire_of_others = 0.0;                  ///< of the litters of other dams
+  std::optional<UseEvenness> evenness;             ///< of the years alike
   double outside_sires = 0.0, outside_dams = 0.0;  ///< of those that came into use: no line of their own, no parents
   double close_matings = 0.0;   ///< of families with known parents: sibs, half sibs, parent and offspring
   double between_groups = 0.0;  ///< of families with a known sire: he is of another subpopulation

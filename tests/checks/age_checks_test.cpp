@@ -160,5 +160,15 @@ TEST(CheckAgeFigures, TheFiguresOfTheAgesStayWithinTheirLimit) {
   EXPECT_EQ(count_of(ages_of(4001, 998), FindingCode::age_figures), 1) << "4001 x 5000";
 }
 
+// A day before the birthday a parent has the years that it had; 364 days are no year.
+TEST(CheckAgeFigures, AYearHas365Days) {
+  const auto found = [](const std::string& day_of_sire, const std::string& of_young) {
+    const std::string data = head + "a;m;02-05-0001;;\nb;m;" + day_of_sire + "-1000;;\nc;m;" + of_young + "-5000;b;\n";
+    return count_of(checked_sheep(data), FindingCode::age_figures);
+  };
+  EXPECT_EQ(found("01-01", "31-12"), 0) << "4000 years and 364 days x 5000";
+  EXPECT_EQ(found("31-12", "01-01"), 0) << "3999 years and a day x 5000";
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -4,6 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "support/check_runs.h"
 #include "support/planted_faults.h"
@@ -115,6 +118,99 @@ TEST(FindMeantParents, TheUsualAgeOfParentsTellsTwoNumbersApart) {
 }
 
 // What scripts/measure-findings prints of many herds, on a few.
+/// How sure it is that a slip of this weight was made, and not a parent of that weight rightly named, when nobody else
+/// is in question: how common both are is estimated eight times, from equal shares, each as if there were one more.
+double sureness_of(double slip, double genuine) {
+  double slips = 1, others = 1;
+  for (int round = 0; round < 8; ++round) {
+    const double share = slips * slip / (slips * slip + others * genuine);
+    slips = 1 + share;
+    others = 2 - share;
+  }
+  return slips * slip / (slips * slip + others * genuine);
+}
+
+MeantParent meant_sire(const CheckResult& result, std::string_view written) {
+  MissingParent missing = {1, ParentRole::sire};
+  while (result.animals.ids.at(missing.id) != written) ++missing.id;
+  const std::vector<MeantParent> meant =
+      find_meant_parents(result.animals, {&missing, 1}, check_settings(sheep_steer()).limits, "m", 1);
+  return meant.at(0);
+}
+
+/// Three animals of 2000, of which nobody's identification is near another's, and three of 2002: one of QR-8863, one of
+/// `sire`, one of `written`.
+std::string herd_of_three_young(const std::string& sire, const std::string& written) {
+  return "id;sex;birthdate;sire;dam\n" + sire + ";m;01-02-2000;;\nQR-8863;m;01-02-2000;;\nLM-6041;f;01-02-2000;;\n" +
+         "TU-1157;m;05-06-2002;QR-8863;\nVW-3308;m;05-06-2002;" + sire + ";\nXY-9924;m;05-06-2002;" + written + ";\n";
+}
+
+// Of six animals three were born in 2000, half of them sires; both parents known are two years old, and half a parent
+// is added for each of the sixty ages. The sire has one of the three young of those years, and all six animals stand
+// for three tenths of a young for each of one sex: 0.9 together.
+double chance_of_one_young() {
+  const double of_age = (2 + 0.5) / (2 + 0.5 * 60) / (0.5 * 3);
+  return (1 + 0.9 * of_age) / (1.5 + 0.9 + 1);
+}
+
+// Nobody's identification is one letter from another's, which counts as a tenth among 9 digits in 7 places of 6.
+double chance_of_tag_in_use() {
+  return 0.1 / (1 + 9 * 7 * 6) / 6;
+}
+
+TEST(FindMeantParents, SlipAgeAndYoungAreWeighedAgainstARightName) {
+  const CheckResult result = checked_sheep(herd_of_three_young("HS-4712", "HS-4711"));
+  const double slip = 0.2 / 7 / 9;  // one digit for one of nine others in one of seven places
+  EXPECT_NEAR(meant_sire(result, "HS-4711").sureness, sureness_of(slip * chance_of_one_young(), chance_of_tag_in_use()),
+              1e-12);
+}
+
+TEST(FindMeantParents, ALeftOutCheckDigitIsOneTenthOfAllSlips) {
+  const CheckResult result = checked_sheep(herd_of_three_young("HS-4712-9", "HS-4712"));
+  // The sire's tag has two letters more. Its shape is the one of the others, who are five with seven letters.
+  const double genuine = 0.1 / (1 + 9 * (7 * 5 + 9)) / 6;
+  EXPECT_NEAR(meant_sire(result, "HS-4712").sureness, sureness_of(0.1 * chance_of_one_young(), genuine), 1e-12);
+}
+
+TEST(FindMeantParents, ATagUnlikeAllOthersIsRightlyNamedOnceInAMillion) {
+  const CheckResult result = checked_sheep(herd_of_three_young("HS-4712", "HS-471Z"));
+  const double slip = 0.1 / 7;  // a look-alike
+  EXPECT_NEAR(meant_sire(result, "HS-471Z").sureness, sureness_of(slip * chance_of_one_young(), 1e-6 / 6), 1e-12);
+}
+
+TEST(FindMeantParents, AnUnknownSexHalvesAndUnknownYearsLeaveAllAnimals) {
+  const std::string herd = "id;sex;birthdate;sire;dam\nHS-4712;;;;\nQR-8863;m;;;\nTU-1157;m;;QR-8863;\n";
+  const CheckResult result = checked_sheep(herd + "VW-3308;m;;HS-4712;\nXY-9924;m;;HS-4711;\n");
+  // One of three links; without years half of them are those of its sex, and one of half of the five animals is it.
+  const double chance = (1 + 0.3 * 5 / 2 / (0.5 * 5)) / (1.5 + 0.3 * 5 / 2 + 1);
+  const double genuine = 0.1 / (1 + 9 * 7 * 5) / 5;
+  EXPECT_NEAR(meant_sire(result, "HS-4711").sureness, sureness_of(0.5 * 0.2 / 7 / 9 * chance, genuine), 1e-12);
+}
+
+/// The herd, and more litters of the sire who has no line, each of another dam and day.
+std::string herd_of_litters(int litters) {
+  std::string herd = herd_of_three_young("HS-4712", "HS-4711");
+  for (int k = 1; k < litters; ++k) {
+    const std::string number = std::to_string(k);
+    herd += "Z" + number + "-" + number + number + "00;m;0" + number + "-08-2002;HS-4711;\n";
+  }
+  return herd;
+}
+
+// Who slips in one litter seldom does it again, but a thousandth is the least.
+TEST(FindMeantParents, TheSameSlipInEachLitterIsSeldom) {
+  for (const auto& [litters, again] :
+       {std::pair{2, 0.1}, std::pair{3, 0.01}, std::pair{4, 0.001}, std::pair{5, 0.001}}) {
+    SCOPED_TRACE(litters);
+    const double animals = 5 + litters, near_year = (2 + litters) / 2.0;
+    const double of_age = (2 + 0.5) / (2 + 0.5 * 60) / (0.5 * 3), first = 0.3 * animals / 2;
+    const double chance = (1 + first * of_age) / (near_year + first + 1);
+    const double genuine = 0.1 / (1 + 9 * 7 * animals) / animals;
+    EXPECT_NEAR(meant_sire(checked_sheep(herd_of_litters(litters)), "HS-4711").sureness,
+                sureness_of(0.2 / 7 / 9 * chance * again, genuine), 1e-12);
+  }
+}
+
 TEST(FindMeantParents, MendsMostTyposAndHardlyAnyWrongly) {
   TypoScore all;
   for (int kind = 0; kind < static_cast<int>(HerdKind::count); ++kind) {

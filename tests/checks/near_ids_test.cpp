@@ -129,6 +129,22 @@ TEST(ChanceOf, AnExchangeIsLikelierThanAnotherDigit) {
   EXPECT_EQ(chance_of(Slip::none, 8), 0);
 }
 
+// Of a text of eight letters or digits: one of them goes wrong in one of eight places, or between seven neighbours.
+TEST(ChanceOf, SharesASlipAmongPlacesAndLetters) {
+  EXPECT_DOUBLE_EQ(chance_of(Slip::format, 8), 0.3);
+  EXPECT_DOUBLE_EQ(chance_of(Slip::prefix, 8), 0.1);
+  EXPECT_DOUBLE_EQ(chance_of(Slip::beginning, 8), 0.02);
+  EXPECT_DOUBLE_EQ(chance_of(Slip::exchange, 8), 0.2 / 7);
+  EXPECT_DOUBLE_EQ(chance_of(Slip::doubled, 8), 0.1 / 8);
+  EXPECT_DOUBLE_EQ(chance_of(Slip::last_lacking, 8), 0.05 + 0.15 / 8);
+  EXPECT_DOUBLE_EQ(chance_of(Slip::lacking, 8), 0.15 / 8);
+  EXPECT_DOUBLE_EQ(chance_of(Slip::too_many, 8), 0.1 / (8 * 9));
+  EXPECT_DOUBLE_EQ(chance_of(Slip::look_alike, 8), 0.1 / 8);
+  EXPECT_DOUBLE_EQ(chance_of(Slip::digit, 8), 0.2 / (8 * 9));
+  EXPECT_DOUBLE_EQ(chance_of(Slip::letter, 8), 0.1 / (8 * 35));
+  EXPECT_DOUBLE_EQ(chance_of(Slip::two, 8), 0.1 / (72 * 72));
+}
+
 /// How far texts are apart as their slip tells; nothing for those that are told by another rule.
 std::size_t distance_told(const std::string& a, const std::string& b) {
   const Slip slip = slip_between(a, b);
@@ -192,6 +208,62 @@ std::size_t found_of_many(std::size_t count) {
 TEST(FindNearAnimals, LooksAtThreeHundredIdsWithOneLetterInCommonPlace) {
   EXPECT_EQ(found_of_many(300), 300U);
   EXPECT_EQ(found_of_many(301), 300U);
+}
+
+/// How many of the identifications without an animal are near one of the animals.
+std::ptrdiff_t count_found(const std::vector<std::string>& names, const std::vector<std::string>& parents) {
+  const PedigreeColumns animals = animals_named(names, parents);
+  const auto found = find_near_animals(animals, ids_without_animal(animals), 0);
+  return std::ranges::count_if(found, [](const auto& near) { return !near.empty(); });
+}
+
+// What an animal's identification begins with is lacking: looked for at the ends of texts that are no longer.
+TEST(FindNearAnimals, EndsHaveAtMostSixtyFourLetters) {
+  const std::string letters = "ABCDEFGHJKMNPQRSTVWX";  // that stand for no digit
+  const auto name = [&](std::size_t length) {
+    std::string text;
+    while (text.size() < length) text += letters[text.size() * 7 % letters.size()];
+    return text;
+  };
+  EXPECT_EQ(count_found({"XY" + name(62)}, {name(62)}), 1);
+  EXPECT_EQ(count_found({name(64)}, {name(64).substr(2)}), 1);
+  EXPECT_EQ(count_found({name(65)}, {name(65).substr(2)}), 0);
+}
+
+// A text with its first letter left out is found as well, so that lengths two apart are told apart.
+TEST(FindNearAnimals, EndsHaveAtMostEightLengths) {
+  const std::string name = "ABCDEFGHJKMNPQRSTVWXYZABDFHKNQ";
+  const auto found = [&](std::size_t lengths) {
+    std::vector<std::string> names, parents;
+    for (std::size_t k = 0; k < lengths; ++k) {
+      std::string text = name.substr(0, 10 + 2 * k);
+      std::rotate(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(k), text.end());
+      names.push_back("XY" + text);
+      parents.push_back(text);
+    }
+    return count_found(names, parents);
+  };
+  EXPECT_EQ(found(8), 8);
+  EXPECT_EQ(found(9), 8);
+}
+
+TEST(FindNearAnimals, FourThousandAnimalsAreKeptForEach) {
+  const std::string letters = "BCDFGHJKMNPQRSTVWXYZ2346789";  // that are never taken for each other
+  const std::string id(160, 'A');
+  std::vector<std::string> names;
+  for (std::size_t place = 0; names.size() < 4001; ++place) {
+    for (const char letter : letters) {
+      names.push_back(id);
+      names.back()[place] = letter;
+    }
+  }
+  const auto near = [&](std::size_t count) {
+    const std::vector<std::string> some(names.begin(), names.begin() + static_cast<std::ptrdiff_t>(count));
+    const PedigreeColumns animals = animals_named(some, {id});
+    return find_near_animals(animals, ids_without_animal(animals)).at(0).size();
+  };
+  EXPECT_EQ(near(4000), 4000U);
+  EXPECT_EQ(near(4001), 4000U);
 }
 
 }  // namespace

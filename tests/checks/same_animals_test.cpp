@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "support/check_runs.h"
 
 namespace pedigreewatch::test {
@@ -32,6 +34,22 @@ TEST(CheckSameAnimals, AnAffixCountsOnlyWithAKnownParent) {
   };
   EXPECT_EQ(found(";a"), 1);
   EXPECT_EQ(found(";"), 0);
+}
+
+// No litter has more than thirty young of one sex: of those that are born on one day as many have no day of their own.
+TEST(CheckSameAnimals, AnAffixCountsAmongThirtyYoungAtMost) {
+  const auto found = [](int young) {
+    std::string data = "id;sex;birthdate;sire;dam;name\na;f;05-06-2000;;;An\n";
+    for (int k = 0; k < young; ++k) {
+      const std::string name = k == 0   ? "Bello"
+                               : k == 1 ? "Bello van de Hoeve"
+                                        : std::string(4, static_cast<char>('A' + k));
+      data += "b" + std::to_string(k) + ";m;05-06-2003;;a;" + name + "\n";
+    }
+    return count_of(checked_sheep(data), FindingCode::same_animal);
+  };
+  EXPECT_EQ(found(30), 1);
+  EXPECT_EQ(found(31), 0);
 }
 
 }  // namespace

@@ -39,5 +39,18 @@ TEST(CheckSpellings, ShortNamesAndNumbersAreNotCompared) {
   EXPECT_EQ(found_of("Type 1", 50, "Type 2", 1).near, 0U);
 }
 
+TEST(CheckSpellings, MoreThanAThousandTextsAreNoListOfNames) {
+  const auto found = [](int texts) {
+    TextCounts names;
+    for (int k = 1; k < texts; ++k) count_text(names, "herd" + std::to_string(k), k + 1);
+    count_text(names, "HERD1", 5000);
+    Findings findings;
+    check_spellings(names, {}, 1, {FindingCode::colour_spelling, FindingCode::colour_near}, findings);
+    return count_kinds(findings)[static_cast<std::size_t>(FindingCode::colour_spelling)];
+  };
+  EXPECT_EQ(found(1000), 1);
+  EXPECT_EQ(found(1001), 0);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test
