@@ -57,7 +57,7 @@ Candidates candidates_of(const ParentTexts& parents, const TextStyle& ids, std::
       const bool looks_unknown = looks_like_unknown(entry.text, ids);
       const bool is_both = find_counted(others, entry.text) != std::string_view::npos;
       if (looks_unknown || is_both || entry.count >= many) {
-        candidates.emplace(entry.text, Candidate{{entry.text, 0, 0, looks_unknown}});
+        candidates.emplace(entry.text, Candidate{{entry.text, 0, 0, 0, looks_unknown}});
       }
     }
   };
@@ -115,8 +115,10 @@ std::vector<DoubtfulParent> find_doubtful_parents(std::string_view text, char de
   ExportRecord record;
   const auto find = [&](FieldCode code) { return candidates.find(trimmed(field_of(record, columns, code))); };
   while (next_animal(reader, record, columns)) {
-    if (const auto sire = find(sire_column); sire != candidates.end()) ++sire->second.parent.sired;
-    if (const auto dam = find(dam_column); dam != candidates.end()) ++dam->second.parent.borne;
+    const auto sire = find(sire_column), dam = find(dam_column);
+    if (sire != candidates.end()) ++sire->second.parent.sired, ++sire->second.parent.young;
+    if (dam != candidates.end()) ++dam->second.parent.borne;
+    if (dam != candidates.end() && dam != sire) ++dam->second.parent.young;
     if (const auto animal = find(id_column); animal != candidates.end()) animal->second.has_line = true;
   }
   const YoungLimits limits = limits_of(candidates, herd);
@@ -125,8 +127,7 @@ std::vector<DoubtfulParent> find_doubtful_parents(std::string_view text, char de
     if (is_doubtful(candidate, limits)) doubtful.push_back(candidate.parent);
   }
   std::sort(doubtful.begin(), doubtful.end(), [](const DoubtfulParent& a, const DoubtfulParent& b) {
-    const std::int64_t young_of_a = a.sired + a.borne, young_of_b = b.sired + b.borne;
-    return young_of_a != young_of_b ? young_of_a > young_of_b : a.text < b.text;
+    return a.young != b.young ? a.young > b.young : a.text < b.text;
   });
   return doubtful;
 }

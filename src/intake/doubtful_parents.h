@@ -40,6 +40,7 @@ void count_parent(ParentTexts& parents, std::string_view text, LinkRole role, st
 struct DoubtfulParent {
   std::string text;
   std::int64_t sired = 0, borne = 0;  ///< young as their father, as their mother
+  std::int64_t young = 0;             ///< all: one of which it is both counts once
   bool looks_unknown = false;
 };
 

@@ -65,7 +65,7 @@ void ask_for_doubtful_parents(const ExportSurvey& survey, const PrepareOptions& 
       ++list.more;
       continue;
     }
-    list.texts.push_back({parent.text, parent.sired + parent.borne, 0});
+    list.texts.push_back({parent.text, parent.young, 0});
     question.answers.push_back({parent.text, parent.text});
   }
   if (list.texts.empty()) return;

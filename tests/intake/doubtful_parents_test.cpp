@@ -55,6 +55,15 @@ TEST(FindDoubtfulParents, FatherAndMotherBoth) {
   EXPECT_EQ(doubtful[0].borne, 1);
 }
 
+TEST(FindDoubtfulParents, TheYoungOfBothAreCountedOnce) {
+  const std::vector<DoubtfulParent> doubtful = doubtful_in(
+      young_of("Zukauf", "Zukauf", 4) + young_of("Zukauf", "NL106", 2, 600) + young_of("NL100", "Zukauf", 1, 700));
+  ASSERT_EQ(doubtful.size(), 1U);
+  EXPECT_EQ(doubtful[0].sired, 6);
+  EXPECT_EQ(doubtful[0].borne, 5);
+  EXPECT_EQ(doubtful[0].young, 7);
+}
+
 TEST(FindDoubtfulParents, ManyYoung) {
   EXPECT_TRUE(doubtful_in(young_of("NL9", "", many_young - 1)).empty());
   EXPECT_EQ(doubtful_in(young_of("NL9", "", many_young)).size(), 1U);
