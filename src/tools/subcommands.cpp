@@ -67,14 +67,19 @@ int show(std::string_view text, ToolStreams& streams) {
   return 0;
 }
 
-int show_help(Arguments arguments, ToolStreams& streams) {
-  const Subcommand* const subcommand = arguments.empty() ? nullptr : find_subcommand(arguments.front());
-  return show(subcommand == nullptr ? usage() : std::string(subcommand->help()), streams);
-}
-
 int refuse_usage(const std::string& problem, ToolStreams& streams) {
   append(streams.messages, "pedigreewatch-tools: " + problem + "\n" + usage());
   return 2;
+}
+
+int refuse_unknown(std::string_view name, ToolStreams& streams) {
+  return refuse_usage(in_quotes(name) + ": there is no such subcommand", streams);
+}
+
+int show_help(Arguments arguments, ToolStreams& streams) {
+  if (arguments.empty()) return show(usage(), streams);
+  const Subcommand* const subcommand = find_subcommand(arguments.front());
+  return subcommand == nullptr ? refuse_unknown(arguments.front(), streams) : show(subcommand->help(), streams);
 }
 
 bool asks_for_help(std::string_view argument) {
@@ -108,7 +113,7 @@ int run_tools(std::span<const std::string_view> arguments, std::string_view vers
   if (name == "--version") return show("pedigreewatch-tools " + std::string(version) + "\n", streams);
   if (name == "help" || asks_for_help(name)) return show_help(arguments.subspan(1), streams);
   const Subcommand* const subcommand = find_subcommand(name);
-  if (subcommand == nullptr) return refuse_usage(in_quotes(name) + ": there is no such subcommand", streams);
+  if (subcommand == nullptr) return refuse_unknown(name, streams);
   return run_subcommand(*subcommand, arguments.subspan(1), streams);
 }
 

@@ -141,6 +141,11 @@ TEST(RunTools, RefusesWhatItDoesNotKnow) {
   const ToolRun unknown = run({"prune"});
   EXPECT_EQ(unknown.status, 2);
   EXPECT_TRUE(unknown.messages.starts_with("pedigreewatch-tools: \"prune\": there is no such subcommand\nusage: "));
+  for (const Arguments& arguments : {Arguments{"help", "prune"}, Arguments{"--help", "prune"}}) {
+    EXPECT_EQ(run(arguments).status, 2);
+    EXPECT_EQ(run(arguments).console, "");
+    EXPECT_EQ(run(arguments).messages, unknown.messages);
+  }
   const ToolRun wrong = run({"prepare", "--nonsense"});
   EXPECT_EQ(wrong.status, 2);
   EXPECT_EQ(wrong.messages,
