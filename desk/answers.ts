@@ -32,6 +32,7 @@ export function readAnswers(text: string): Answers {
   text.split(/\r?\n|\r/).forEach((line, place) => {
     const shown = line.trim();
     if (shown === "" || shown.startsWith("#") || shown.startsWith("headings:")) return;
+    if (/^--language +(en|nl)$/.test(shown)) return;  // the page has a language of its own
     const [, option = "", value = ""] = /^--([a-z]+) +(.*)$/.exec(shown) ?? [];
     if (options[option]?.test(value) !== true) {
       unread.push({ line: place + 1, text: shown });

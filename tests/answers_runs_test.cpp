@@ -47,6 +47,22 @@ TEST(KeptAnswers, AreUsedForTheNextExportWithTheSameHeadings) {
   EXPECT_EQ(run.file("later.answers"), run.file("herd.answers"));
 }
 
+TEST(KeptAnswers, TheLanguageIsAnswered) {
+  const WholeRun run =
+      prepared({{"herd.csv", this_year}}, "herd.csv", {"--male", "x1", "--species", "sheep", "--language", "nl"});
+  ASSERT_EQ(run.exit_status, 0) << run.messages;
+  const std::string answers = run.file("herd.answers");
+  EXPECT_TRUE(has(answers, "--species sheep\n--language nl\n"));
+  const Files files = {{"herd.answers", answers}, {"later.csv", next_year}};
+  const WholeRun later = prepared(files, "later.csv");
+  EXPECT_TRUE(has(later.console, "Geschreven: later.txt"));
+  EXPECT_TRUE(has(later.file("later.txt"), "D;v;16-01-2004;A;B"));
+  EXPECT_EQ(later.file("later.answers"), answers);
+  const WholeRun english = prepared(files, "later.csv", {"--language", "en"});
+  EXPECT_TRUE(has(english.console, "Written: later.txt"));
+  EXPECT_TRUE(has(english.file("later.answers"), "--language en\n"));
+}
+
 TEST(KeptAnswers, AreNotUsedForOtherHeadings) {
   std::string other = next_year;
   other.replace(0, 3, "Tag");

@@ -16,9 +16,9 @@ constexpr std::string_view headings_word = "headings:";
 
 /// Options about an export; others, such as --out, are about one run.
 constexpr auto answer_options = std::to_array<std::string_view>(
-    {"--sheet",   "--encoding", "--delimiter",      "--header",  "--column",  "--dates", "--century",
-     "--ids",     "--young",    "--availability",   "--gone",    "--present", "--male",  "--female",
-     "--unknown", "--known",    "--subpopulations", "--colours", "--species", "--name"});
+    {"--sheet",   "--encoding", "--delimiter",      "--header",  "--column",  "--dates",    "--century",
+     "--ids",     "--young",    "--availability",   "--gone",    "--present", "--male",     "--female",
+     "--unknown", "--known",    "--subpopulations", "--colours", "--species", "--language", "--name"});
 
 constexpr Wording explanation = {
     "# Answers about exports with these headings. `prepare` and the desk use them again when the same headings come.\n"
@@ -204,6 +204,9 @@ std::string answers_text(const PrepareOptions& options, const ColumnChoice& colu
   add_names(text, "--colours", options.colours);
   if (!options.species.empty()) add_line(text, "--species", options.species);
   if (!options.population_name.empty()) add_line(text, "--name", options.population_name);
+  if (options.is_language_said) {
+    add_line(text, "--language", options.language == ToolLanguage::dutch ? "nl" : "en");
+  }
   if (text.empty()) return text;
   return std::string(words_of(explanation, options.language)) + std::string(headings_word) +
          (columns.has_header ? " " + headings_text(columns.headings) : std::string()) + "\n" + text;
@@ -238,6 +241,10 @@ void add_answers(SavedAnswers& answers, std::span<const std::string> headings, O
   if (!options.colours.is_given) options.colours = said.colours;
   if (options.species.empty()) options.species = said.species;
   if (options.population_name.empty()) options.population_name = said.population_name;
+  if (!options.is_language_said && said.is_language_said) {
+    options.language = said.language;
+    options.is_language_said = true;
+  }
 }
 
 void leave_out_unfit_answers(SavedAnswers& answers, const ExportSurvey& survey, PrepareOptions& options) {

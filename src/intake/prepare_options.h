@@ -47,6 +47,7 @@ struct PrepareOptions {
   std::vector<ColumnWish> columns;
   std::string species;
   ToolLanguage language = ToolLanguage::english;
+  bool is_language_said = false;  ///< else it is the usual one
   std::string population_name;
   NameWish subpopulations, colours;
   NameWish availability;                   ///< the columns that tell which animals have gone; "none": no column does

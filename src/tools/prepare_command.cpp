@@ -168,6 +168,7 @@ std::string read_header(const GivenOption& option, PrepareOptions& options) {
 
 std::string read_language(const GivenOption& option, PrepareOptions& options) {
   options.language = option.value == "nl" ? ToolLanguage::dutch : ToolLanguage::english;
+  options.is_language_said = true;
   return option.value == "nl" || option.value == "en" ? "" : expected(option, "en or nl");
 }
 
