@@ -34,6 +34,12 @@ bool is_full_date(std::string_view text) {
   }
 }
 
+/// A year in which an animal of a herdbook may be born.
+bool is_year_alone(std::string_view text) {
+  constexpr std::string_view first = "1800", last = "2199";
+  return text.size() == first.size() && cut_date(text).shape == DateShape::year_only && text >= first && text <= last;
+}
+
 void judge(ColumnProfile& profile, std::string_view text) {
   if (text.empty() || means_unknown(text)) return;
   ++profile.judged;
@@ -41,6 +47,7 @@ void judge(ColumnProfile& profile, std::string_view text) {
   const bool is_new = std::find(profile.examples.begin(), profile.examples.end(), text) == profile.examples.end();
   if (is_new && profile.examples.size() < most_examples) profile.examples.emplace_back(text);
   profile.dates += is_full_date(text) ? 1 : 0;
+  profile.years += is_year_alone(text) ? 1 : 0;
   profile.with_digit += text.find_first_of("0123456789") != std::string_view::npos ? 1 : 0;
   const SexMeaning sex = sex_named(text);
   profile.males += sex == SexMeaning::male ? 1 : 0;

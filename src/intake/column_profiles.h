@@ -24,6 +24,7 @@ struct ColumnProfile {
   std::int64_t texts_read = 0;          ///< those of the sample, each as often as it stands there
   std::int64_t judged = 0;              ///< fields of the first records that are filled
   std::int64_t dates = 0;               ///< of these, full dates
+  std::int64_t years = 0;               ///< of these, years alone
   std::int64_t males = 0, females = 0;  ///< of these, words for a sex
   std::int64_t with_digit = 0;          ///< of these, texts with a digit
   std::vector<std::string> examples;    ///< of these, the first three that differ

@@ -4,9 +4,11 @@
 #include "intake/content_choice.h"
 
 #include <algorithm>
+#include <array>
 #include <functional>
 
 #include "intake/heading_words.h"
+#include "text/folded_words.h"
 
 namespace pedigreewatch {
 namespace {
@@ -62,6 +64,25 @@ bool holds_sexes(const ColumnProfile& profile) {
 bool holds_dates(const ColumnProfile& profile) {
   constexpr std::int64_t tolerated = 20;
   return profile.judged >= fewest_judged_texts && (profile.judged - profile.dates) * tolerated <= profile.judged;
+}
+
+bool holds_years(const ColumnProfile& profile) {
+  constexpr std::int64_t tolerated = 20;
+  return profile.judged >= fewest_judged_texts && (profile.judged - profile.years) * tolerated <= profile.judged;
+}
+
+/// "Jahrgang" may be that of a course as well: the years in the column say that it is the year of birth.
+bool names_birth_year(std::string_view heading) {
+  constexpr auto words = std::to_array<std::string_view>({"jg", "jahrg", "jahrgang"});
+  return is_among(folded(heading), words);
+}
+
+/// Of columns that are called dates of birth those that hold whole dates; all of them where none does.
+void prefer_dates(const ContentCase& content, std::vector<std::size_t>& places) {
+  std::vector<std::size_t> with_dates = places;
+  std::erase_if(with_dates,
+                [&](std::size_t k) { return k >= content.contents.profiles.size() || !holds_dates(content.at(k)); });
+  if (!with_dates.empty()) places = std::move(with_dates);
 }
 
 /// Ids are nearly all different.
@@ -159,6 +180,12 @@ void narrow_by_content(const ColumnContents& contents, const ColumnPlaces& furth
   };
   fill_in(sex_column, holds_sexes);
   fill_in(birthdate_column, holds_dates);
+  std::vector<std::size_t>& births = best[index_of(birthdate_column)];
+  prefer_dates(content, births);
+  if (births.empty() && !choice.place[index_of(birthdate_column)]) {
+    births = open_columns(
+        content, [&](std::size_t k) { return names_birth_year(choice.headings[k]) && holds_years(content.at(k)); });
+  }
   std::optional<std::size_t> sex = choice.place[index_of(sex_column)];
   if (!sex && best[index_of(sex_column)].size() == 1) sex = best[index_of(sex_column)].front();
   std::vector<Kinship> kinships = find_kinships(content, best, further, sex);

@@ -167,6 +167,27 @@ bool has_form(std::string_view text, std::string_view form) {
   return true;
 }
 
+/// Whether a date names a day, and not a month or a year alone.
+bool names_day(DateShape shape) {
+  switch (shape) {
+    case DateShape::year_first:
+    case DateShape::year_last:
+    case DateShape::compact:
+    case DateShape::named:
+    case DateShape::short_year:
+    case DateShape::short_named: return true;
+    default: return false;
+  }
+}
+
+/// A date with the day of the week before it; unreadable where it has none.
+DatePiecesFound cut_behind_weekday(std::string_view text) {
+  const std::string_view date = behind_weekday(text);
+  if (date.size() == text.size()) return {};
+  const DatePiecesFound found = cut_date(date);
+  return names_day(found.shape) ? found : DatePiecesFound{};  // "Mar 2019" is a month
+}
+
 }  // namespace
 
 DatePiecesFound cut_date(std::string_view text) {
@@ -179,6 +200,10 @@ DatePiecesFound cut_date(std::string_view text) {
   }
   if (std::none_of(text.begin(), text.end(), is_digit)) return make(DateShape::empty, {}, {}, {});
   if (is_serial(text)) return make(DateShape::serial, text.substr(0, 5), {}, {});
+  if (!is_digit(text.front())) {
+    const DatePiecesFound found = cut_behind_weekday(text);
+    if (found.shape != DateShape::unreadable) return found;
+  }
   const bool is_rough = take_rough_signs(text);
   const bool has_time = take_time(text);
   Pieces pieces;

@@ -36,6 +36,19 @@ constexpr auto about = std::to_array<std::string_view>({"c",         "ca",      
                                                         "hacia",     "alrededor", "aprox",     "aproximadamente",
                                                         "intorno",   "verso"});
 
+/// English, Dutch, German, French, Spanish, Italian.
+constexpr auto weekdays = std::to_array<std::string_view>({
+    "mon",       "tue",       "tues",      "wed",        "thu",      "thur",     "thurs",     "fri",     "sat",
+    "sun",       "monday",    "tuesday",   "wednesday",  "thursday", "friday",   "saturday",  "sunday",  "ma",
+    "di",        "wo",        "do",        "vr",         "za",       "zo",       "maandag",   "dinsdag", "woensdag",
+    "donderdag", "vrijdag",   "zaterdag",  "zondag",     "mo",       "mi",       "fr",        "sa",      "so",
+    "montag",    "dienstag",  "mittwoch",  "donnerstag", "freitag",  "samstag",  "sonnabend", "sonntag", "lun",
+    "mar",       "mer",       "jeu",       "ven",        "sam",      "dim",      "lundi",     "mardi",   "mercredi",
+    "jeudi",     "vendredi",  "samedi",    "dimanche",   "mie",      "jue",      "vie",       "sab",     "dom",
+    "lunes",     "martes",    "miercoles", "jueves",     "viernes",  "sabado",   "domingo",   "gio",     "lunedi",
+    "martedi",   "mercoledi", "giovedi",   "venerdi",    "sabato",   "domenica",
+});
+
 constexpr std::string_view digits = "0123456789";
 constexpr std::string_view plus_or_minus = "\xC2\xB1";
 
@@ -77,6 +90,17 @@ std::int32_t month_named(std::string_view word) {
 
 bool is_filler_of_date(std::string_view word) {
   return is_among(folded(word), fillers);
+}
+
+std::string_view behind_weekday(std::string_view text) {
+  constexpr std::string_view signs = " .,";
+  constexpr std::size_t longest_name = 12;
+  const std::size_t end = text.find_first_of(signs);
+  if (end == std::string_view::npos || end > longest_name || digits.find(text.front()) != std::string_view::npos) {
+    return text;
+  }
+  const std::size_t rest = text.find_first_not_of(signs, end);
+  return rest != std::string_view::npos && is_among(folded(text.substr(0, end)), weekdays) ? text.substr(rest) : text;
 }
 
 bool take_rough_signs(std::string_view& text) {

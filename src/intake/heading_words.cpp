@@ -67,7 +67,7 @@ constexpr auto known_words = std::to_array<KnownWords>({
      "registratie registrier registrierung registro registre registrazione enregistrement tag eartag oormerk ohrmarke "
      "ohrmarken marke stamboek stb sb zuchtbuch zb herdbook studbook lom ueln boucle matricule matricola matricula "
      "crotal crotale cib marca marchio codice codigo code chip microchip transponder ring tattoo tatoeage tatouage "
-     "tatuaje tatuaggio tatowierung lof loi loe earmark passport paspoort merk arete diio rfid eid"},
+     "tatuaje tatuaggio tatowierung hb hbnr lof loi loe earmark passport paspoort merk arete diio rfid eid"},
     {WordKind::name, "name names naam namen nom noms nombre nombres nome nomi rufname roepnaam call roep ruf"},
     {WordKind::sex, "sex sexe sekse sexo sesso gender geslacht geschlecht geschl gesl"},
     {WordKind::birth,

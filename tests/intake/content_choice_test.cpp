@@ -103,6 +103,30 @@ TEST(NarrowByContent, ADateOfSomethingElseIsNoDateOfBirth) {
   EXPECT_EQ(choose_in(herd_with({"ID", "Name", "Sire", "Dam", "Sex", "Day", "Q"})).place[birthdate_column], Place(5));
 }
 
+TEST(NarrowByContent, AYearOfBirthIsTakenWhereNoDateIs) {
+  const auto place_of_birth = [](const std::string& heading, const std::string& other, int odd_years,
+                                 const std::string& odd = "spring") {
+    Herd herd = herd_with({"Ear tag", "Name", "Sire", "Dam", "Sex", heading, other});
+    for (std::size_t i = 0; i < herd.rows.size(); ++i) {
+      herd.rows[i][6] = herd.rows[i][5];
+      herd.rows[i][5] = static_cast<int>(i) < odd_years ? odd : herd.rows[i][5].substr(herd.rows[i][5].size() - 4);
+      if (other.empty()) herd.rows[i][6] = "x";
+    }
+    return choose_in(herd).place[birthdate_column];
+  };
+  for (const char* const heading : {"Jg.", "Jahrgang", "JG"}) EXPECT_EQ(place_of_birth(heading, "", 0), Place(5));
+  EXPECT_EQ(place_of_birth("Jahr", "", 0), std::nullopt) << "of what";
+  EXPECT_EQ(place_of_birth("Jg.", "", 3), Place(5)) << "one in twenty";
+  EXPECT_EQ(place_of_birth("Jg.", "", 4), std::nullopt);
+  EXPECT_EQ(place_of_birth("Jg.", "", 4, "1800"), Place(5));
+  EXPECT_EQ(place_of_birth("Jg.", "", 4, "2199"), Place(5));
+  EXPECT_EQ(place_of_birth("Jg.", "", 4, "1799"), std::nullopt);
+  EXPECT_EQ(place_of_birth("Jg.", "", 4, "2200"), std::nullopt);
+  EXPECT_EQ(place_of_birth("Jg.", "Wurfdatum", 0), Place(6));
+  EXPECT_EQ(place_of_birth("Jg.", "Q", 0), Place(6)) << "whole dates under a heading that nobody knows";
+  EXPECT_EQ(place_of_birth("Geburtsjahr", "Geburtsdatum", 0), Place(6));
+}
+
 TEST(NarrowByContent, NamesUnderTheHeadingsOfParentsLeaveItOpen) {
   Herd herd = herd_with({"ID", "Name", "Q2", "Q3", "Sex", "Born", "Sire"});
   for (std::size_t i = 20; i < herd.rows.size(); ++i) herd.rows[i][6] = "Name " + std::to_string(2 * (i % 10));

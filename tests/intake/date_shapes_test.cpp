@@ -37,6 +37,42 @@ TEST(CutDate, ATimeOfDayIsLeftOut) {
   }
 }
 
+TEST(CutDate, TheDayOfTheWeekBeforeItIsLeftOut) {
+  for (const char* const text :
+       {"Mo 12.03.2019", "Mo., 12.03.2019", "ma 12-03-2019", "maandag 12/03/2019", "mar 12/03/2019", "dim. 12/03/2019",
+        "s\xC3\xA1"
+        "b 12-03-2019",
+        "donnerstag, 12.03.2019", "Mon, 12.03.2019 10:15"}) {
+    const DatePiecesFound found = cut_date(text);
+    EXPECT_EQ(found.shape, DateShape::year_last) << text;
+    EXPECT_EQ(found.first, 12) << text;
+    EXPECT_EQ(found.second, 3) << text;
+  }
+  for (const char* const text :
+       {"Mon, 12 Mar 2019", "mar. 12 mars 2019", "Monday, March 12, 2019", "So 12. M\xC3\xA4rz 2019"}) {
+    const DatePiecesFound found = cut_date(text);
+    EXPECT_EQ(found.shape, DateShape::named) << text;
+    EXPECT_EQ(found.first, 12) << text;
+    EXPECT_EQ(found.second, 3) << text;
+  }
+  EXPECT_EQ(cut_date("Tue 2019-03-12").shape, DateShape::year_first);
+  EXPECT_EQ(cut_date("vr 12-03-19").shape, DateShape::short_year);
+  EXPECT_EQ(cut_date("vr 12 mrt 19").shape, DateShape::short_named);
+  EXPECT_EQ(cut_date("di 12032019").shape, DateShape::compact);
+}
+
+TEST(CutDate, AMonthThatIsADayElsewhereStaysAMonth) {
+  EXPECT_EQ(cut_date("Mar 2019").shape, DateShape::month_only);
+  EXPECT_EQ(cut_date("Mar 12 2019").shape, DateShape::named);
+  EXPECT_EQ(cut_date("mar 12, 2019").second, 3);
+  EXPECT_EQ(cut_date("Mar 19").shape, DateShape::short_month);
+  for (const char* const text :
+       {"So 2019", "Mo 12", "Mo 12.13", "Mon", "Qq 12.03.2019", "Mo-12.03.2019", "Mo 31-o2-2001"}) {
+    const DateShape shape = cut_date(text).shape;
+    EXPECT_TRUE(shape == DateShape::unreadable || shape == DateShape::empty) << text;
+  }
+}
+
 TEST(CutDate, MonthsInWords) {
   for (const char* const text :
        {"3 mar 2005", "3-mrt-2005", "Mar 3, 2005", "3. M\xC3\xA4rz 2005", "03maart2005", "2005 mars 3"}) {

@@ -33,6 +33,13 @@ TEST(ReadHeading, OwnerAndIdentificationInSixLanguages) {
   }
 }
 
+TEST(ReadHeading, HerdbookNumbersInShort) {
+  EXPECT_EQ(meaning_of("HB-Nr.").code, id_column);
+  EXPECT_EQ(meaning_of("Vater HB").code, sire_column);
+  EXPECT_EQ(meaning_of("Mutter HB-Nr.").code, dam_column);
+  EXPECT_EQ(meaning_of("Vater HB").fit, WordFit::exact) << "before a plain Vater";
+}
+
 TEST(ReadHeading, BirthNamesAndSexes) {
   for (const char* const heading : {"Foaled", "Date born", "Geb. am", "Wurftag", "Geburtstag", "N\u00E9(e) le",
                                     "Fec. nac.", "Nacido el", "Nato/a il", "Jaar van geboorte"}) {
