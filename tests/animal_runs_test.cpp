@@ -129,6 +129,29 @@ TEST(AnimalRun, NamesTenFoundersAndSumsUpTheOthers) {
   EXPECT_TRUE(has(twelve, "<th scope=\"row\">all others (2)</th><td></td><td>0.01</td><td>0.1</td>")) << twelve;
 }
 
+/// Two lines from one ancestor, with unrelated mates, of so many generations each; z is of their last ones.
+std::string far_kin(int generations) {
+  std::string data = "id;sex;birthdate;sire;dam\nrex;m;01-01-1950;;\n";
+  for (const std::string line : {"s", "d"}) {
+    for (int k = 1; k <= generations; ++k) {
+      const bool is_last_dam = k == generations && line == "d";
+      data += line + std::to_string(k) + (is_last_dam ? ";f" : ";m") + ";01-01-" + std::to_string(1950 + 2 * k) + ";" +
+              (k == 1 ? "rex" : line + std::to_string(k - 1)) + ";\n";
+    }
+  }
+  const std::string last = std::to_string(generations);
+  return data + "z;m;01-01-2010;s" + last + ";d" + last + "\n";
+}
+
+TEST(AnimalRun, NamesACommonAncestorHoweverFarAway) {
+  for (const int generations : {2, 12}) {
+    const std::string z = animal({"z"}, far_kin(generations)).file("dogs_z.html");
+    EXPECT_FALSE(has(z, "no known common ancestor")) << generations;
+    EXPECT_TRUE(has(z, "<td>1950</td>")) << generations;
+  }
+  EXPECT_TRUE(has(animal({"bram"}).file("dogs_bram.html"), "The parents have no known common ancestor."));
+}
+
 TEST(AnimalRun, SpeaksDutchWithDutchNumbers) {
   const WholeRun run = animal({"bram"}, village, with_colours("nl"));
   EXPECT_EQ(run.console, "dogs_bram.html: de kaart van \"bram\"; open hem in een browser\n");

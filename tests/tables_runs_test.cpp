@@ -46,6 +46,12 @@ TEST(TablesRun, WritesItsTablesAndNothingElse) {
   EXPECT_EQ(run.file("dogs.txt"), family);
 }
 
+TEST(TablesRun, SaysHowOftenGenesWereDropped) {
+  const WholeRun run = tables_on(files_of(family), {"--founders"});
+  EXPECT_TRUE(has_line(run.console, "dogs_founders.tsv: 2 founders, 10000 times their genes were dropped"))
+      << run.console;
+}
+
 TEST(TablesRun, IsRefusedWhereTheReportIs) {
   SteerLines steer;
   const auto with_names = [&](int count) {

@@ -325,7 +325,7 @@ void add_part(CardWriter& writer, const std::string& label, std::int32_t positio
 void write_parts(CardWriter& writer) {
   const KinshipParts& parts = writer.card.parts;
   if (!has_both_parents(writer.card)) return;
-  if (parts.kinship < least_part) return write_heading(writer, parts_title, &no_parts);
+  if (parts.kinship == 0.0) return write_heading(writer, parts_title, &no_parts);
   write_heading(writer, parts_title, &parts_reading);
   begin_table(writer, parts_title, {&ancestor_heading, &name_heading, &born_heading, &part_heading, &share_heading});
   double rest = parts.kinship;

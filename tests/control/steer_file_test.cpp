@@ -576,6 +576,8 @@ TEST(SteerFileLists, ListTooLongForAnyReportStopsTheRun) {
       read.messages,
       "pedigreewatch.ini, line 10, column 1: \"5001\": the number of subpopulations was expected, at most 5000\n");
   lines.subpopulations = "0";
+  lines.colours = "100001";
+  EXPECT_TRUE(read_text(lines.text()).has_stopped);
   lines.colours = "99999999999999999999 colours";
   read = read_text(lines.text());
   EXPECT_TRUE(read.has_stopped);
