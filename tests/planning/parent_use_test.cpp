@@ -24,6 +24,7 @@ TEST(LastFullYear, IsTheLastOneWithHalfOfTheUsualBirths) {
   const std::string before = births(2001, 9) + births(2002, 10) + births(2003, 11);  // 10 in the mean
   EXPECT_EQ(last_full_year(pedigree_from_text(before + births(2004, 5))), 2004);
   EXPECT_EQ(last_full_year(pedigree_from_text(before + births(2004, 4))), 2003);
+  EXPECT_EQ(last_full_year(pedigree_from_text(births(2000, 100) + before + births(2004, 5))), 2004) << "three years";
   EXPECT_EQ(last_full_year(pedigree_from_text(births(2004, 4))), 2004);
   EXPECT_EQ(last_full_year(pedigree_from_text("a 0 0 m 0\n")), std::nullopt);
 }

@@ -7,6 +7,7 @@
 #include <array>
 #include <cmath>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "text/known_words.h"
@@ -160,6 +161,53 @@ TEST(RecogniseLetters, FewWordsWithAccentsSpeakAgainstWindows1250) {
   EXPECT_NEAR(score_beside(15, "re"), alone + std::log(1 / 16.0 / .1), 1e-9);
   EXPECT_NEAR(score_beside(99, "re"), alone + std::log(.2), 1e-9);
   EXPECT_NEAR(score_beside(15, "r"), alone, 1e-9) << "codes of two letters are no words";
+}
+
+// How likely a text of one word is in Windows-1252, which seven in ten texts have: the word in the language in which it
+// is likeliest, for which a quarter and the word itself count among twelve quarters and a word.
+TEST(RecogniseLetters, AWordIsAsLikelyAsItsLettersAndTheirNeighbours) {
+  constexpr double e_of_dutch = .40, foreign = 2e-3;
+  const std::vector<std::pair<std::string, double>> words = {
+      {"Bt\xEBt", e_of_dutch},
+      {"D\xEBra\xDF"
+       "a",
+       e_of_dutch * foreign},  // a sharp s in a Dutch name
+      {"Rt\xFF"
+       "ra",
+       1e-4},                        // a y that nobody has
+      {"O\x92Rt", .2},               // an apostrophe
+      {"\x93Rta", .02},              // a quotation mark
+      {"Ra\xD7ra", 1e-5},            // a sign in a word
+      {"\xB0", .05},                 // a sign alone
+      {"\xEB", e_of_dutch * .02},    // a letter alone
+      {"T\xEBT", e_of_dutch * .01},  // a small letter before a capital
+      {"Rrt\xE7t", .16 * .2},        // a Portuguese consonant between others
+      {"Ra\xEB"
+       "at",
+       e_of_dutch * .5},                              // a vowel between vowels
+      {"Rt\xEB\xEBt", e_of_dutch * e_of_dutch * .1},  // two with accents side by side
+      {"Rq\xEBt", e_of_dutch * .2},                   // beside a letter that Dutch hardly has
+      {"Rt\xF2t", .15 * .1}};                         // an Italian accent before the end
+  for (const auto& [word, likelihood] : words) {
+    const auto readings = recognise_letters("1;" + word).readings;
+    const auto found = std::ranges::find(readings, ByteEncoding::windows_1252, &EncodingReading::encoding);
+    ASSERT_NE(found, readings.end()) << decoded_word(word, ByteEncoding::windows_1252);
+    EXPECT_NEAR(found->score, std::log(.70 * likelihood * 1.25 / (1 + 12 * .25)), 1e-9)
+        << decoded_word(word, ByteEncoding::windows_1252);
+  }
+}
+
+TEST(RecogniseLetters, ThreeThousandWordsAreEnough) {
+  const auto counted = [](int words) {
+    std::string bytes;
+    for (int k = 0; k < words; ++k) {
+      bytes += ";B\xEB";
+      for (int rest = k, digit = 0; digit < 3; rest /= 20, ++digit) bytes += "bcdfghjklmnpqrstvwxz"[rest % 20];
+    }
+    return recognise_letters(bytes).word_count;
+  };
+  EXPECT_EQ(counted(2999), 2999U);
+  EXPECT_EQ(counted(3001), 3000U);
 }
 
 TEST(KnownAccentedWord, WholeOrByItsEnding) {
