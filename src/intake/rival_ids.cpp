@@ -18,27 +18,32 @@ namespace {
 
 struct RivalId {
   std::size_t place = 0;
+  bool is_called_id = false;                  ///< by its heading
   bool differs = false;                       ///< from the id, on a line that has both
   std::int64_t texts = 0;                     ///< those of the sample
+  std::int64_t named = 0;                     ///< animals without an id that it names
   std::unordered_set<std::uint32_t> ids;      ///< their hashes
   std::unordered_set<std::uint32_t> parents;  ///< those that are parents
 };
 
 constexpr unsigned parent_roles = sire_role | dam_role;
 
-/// Whether the heading of a column may be that of identifications of the animal.
-bool may_be_id(const ColumnChoice& columns, std::size_t place) {
+/// Whether the heading of a column may be that of identifications of the animal, and whether it says so.
+bool may_be_id(const ColumnChoice& columns, std::size_t place, bool& is_called_id) {
   if (!columns.has_header) return true;
   const HeadingMeaning meaning = read_heading(columns.headings[place]);
   if (meaning.owner != HeadingOwner::animal) return false;
-  const bool is_unknown = !meaning.is_understood && meaning_of(columns.headings[place]).code == unused_column;
-  return meaning.thing == HeadingThing::identification || (meaning.thing == HeadingThing::none && is_unknown);
+  const FieldCode code = meaning_of(columns.headings[place]).code;
+  is_called_id = meaning.thing == HeadingThing::identification || code == id_column;
+  return is_called_id || (meaning.thing == HeadingThing::none && !meaning.is_understood && code == unused_column);
 }
 
 std::vector<RivalId> ids_by_heading(const ColumnChoice& columns) {
   std::vector<RivalId> rivals;
   for (std::size_t place = 0; place < columns.headings.size(); ++place) {
-    if (!holds_field(columns, place) && may_be_id(columns, place)) rivals.push_back({place, false, 0, {}, {}});
+    RivalId rival;
+    rival.place = place;
+    if (!holds_field(columns, place) && may_be_id(columns, place, rival.is_called_id)) rivals.push_back(rival);
   }
   return rivals;
 }
@@ -48,6 +53,7 @@ void compare(RivalId& rival, const ExportRecord& record, std::string_view id, co
   const std::string_view text = trimmed(record.fields[rival.place]);
   if (means_unknown(text)) return;
   rival.differs = rival.differs || (text != id && !means_unknown(id));
+  rival.named += means_unknown(id) ? 1 : 0;
   const std::uint32_t hash = hash_of_text(text);
   if ((hash & links.mask) != 0) return;
   ++rival.texts;
@@ -59,7 +65,7 @@ void compare(RivalId& rival, const ExportRecord& record, std::string_view id, co
 /// Parents are a large part of all animals: where so many texts were no parent, the others are none either.
 bool is_hopeless(const RivalId& rival) {
   constexpr std::int64_t judged_texts = 500;
-  return rival.texts >= judged_texts && rival.parents.empty();
+  return rival.texts >= judged_texts && rival.parents.empty() && rival.named * animals_with_one_unnamed <= rival.texts;
 }
 
 }  // namespace
@@ -80,8 +86,11 @@ std::vector<std::size_t> find_rival_ids(const ExportTable& table, const ParentLi
   if (parents < fewest_explained_parents) return {};
   RecordReader reader = read_animals(table.text, table.delimiter, columns);
   ExportRecord record;
+  std::int64_t animals = 0, unnamed = 0;
   while (!rivals.empty() && next_animal(reader, record, columns)) {
     const std::string_view id = trimmed(field_of(record, columns, id_column));
+    ++animals;
+    unnamed += means_unknown(id) ? 1 : 0;
     for (RivalId& rival : rivals) compare(rival, record, id, links);
     std::erase_if(rivals, is_hopeless);
   }
@@ -90,7 +99,9 @@ std::vector<std::size_t> find_rival_ids(const ExportTable& table, const ParentLi
     const auto held = static_cast<std::int64_t>(rival.parents.size());
     const bool holds_as_many = held * 100 >= with_line * rival_percent && held * 2 > parents;
     const bool is_id = are_nearly_different(static_cast<std::int64_t>(rival.ids.size()), rival.texts);
-    if (rival.differs && holds_as_many && is_id) places.push_back(rival.place);
+    const bool names_more = unnamed * animals_with_one_unnamed > animals && rival.named * 2 > unnamed;
+    const bool is_rival = (is_id && rival.differs && holds_as_many) || ((is_id || rival.is_called_id) && names_more);
+    if (is_rival) places.push_back(rival.place);
   }
   return places;
 }

@@ -68,6 +68,39 @@ TEST(RivalIds, ThreeParentsAreEnough) {
   EXPECT_EQ(rival_ids_of({.parents = 2}), none_of_them);
 }
 
+/// A hundred animals with numbers, and chips that these first ones lack; herdbook numbers that all but the first `gaps`
+/// have. The parents are named by their chips.
+std::vector<std::size_t> rivals_of_chips(int without_chip, int gaps, const std::string& heading = "Herdbook no.",
+                                         const std::string& same = "") {
+  std::string text = "Chip;" + heading + ";Sire;Dam;Sex;Born\n";
+  for (int i = 0; i < 100; ++i) {
+    text += (i < without_chip ? "" : "98100" + std::to_string(i)) + ";" +
+            (i < gaps       ? ""
+             : same.empty() ? "HB" + std::to_string(i)
+                            : same) +
+            ";" + (i > 50 ? "98100" + std::to_string(20 + i % 5) : "") + ";;M;13-04-2010\n";
+  }
+  PrepareOptions chips;
+  chips.columns = {{id_column, "Chip"}};
+  const ColumnChoice chosen =
+      choose_columns(std::vector<std::string>{"Chip", heading, "Sire", "Dam", "Sex", "Born"}, chips);
+  ProgressLine unwatched;
+  const ExportSurvey survey = survey_export(text, ';', chosen, {}, unwatched);
+  return find_rival_ids({text, ';', chosen, {}}, survey.links, {});
+}
+
+TEST(RivalIds, NumbersOfAnimalsThatLackTheirId) {
+  EXPECT_EQ(rivals_of_chips(3, 0), the_second) << "three in a hundred";
+  EXPECT_EQ(rivals_of_chips(2, 0), none_of_them);
+  EXPECT_EQ(rivals_of_chips(10, 4), the_second) << "six of ten";
+  EXPECT_EQ(rivals_of_chips(10, 5), none_of_them) << "five of ten";
+  EXPECT_EQ(rivals_of_chips(10, 0, "Weight"), none_of_them);
+  EXPECT_EQ(rivals_of_chips(10, 0, "Tier"), the_second);
+  EXPECT_EQ(rivals_of_chips(10, 0, "col2"), the_second) << "nobody knows the heading";
+  EXPECT_EQ(rivals_of_chips(10, 0, "Tier", "HB-5.28E+14"), the_second) << "they are destroyed";
+  EXPECT_EQ(rivals_of_chips(10, 0, "col2", "HB-5.28E+14"), none_of_them) << "the same text in all lines";
+}
+
 TEST(RivalIds, OtherThingsAreNone) {
   for (const char* const heading : {"Weight", "Name", "Sire's number", "Dam's ear tag", "Grandsire id", "Owner"}) {
     EXPECT_EQ(rival_ids_of({heading}), none_of_them) << heading;
