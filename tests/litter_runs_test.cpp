@@ -42,6 +42,32 @@ TEST(Litters, EachYoungGetsALineOfItsOwn) {
       << run.console;
 }
 
+/// Sixty calves, born in tens; the first of each ten has a twin, which bears a calf in the next ten.
+std::string book_of_twins(const std::string& below_the_header) {
+  std::string text = "Ear tag;Sire;Dam;Sex;Born;Twin\n" + below_the_header;
+  for (int i = 0; i < 60; ++i) {
+    const std::string year = std::to_string(2000 + i / 10);
+    const std::string twin = i % 10 == 0 ? "NL" + std::to_string(900 + i) : "";
+    const std::string dam = i % 10 == 5 ? "NL" + std::to_string(900 + i / 10 * 10 - 10) : "NL101";
+    text += "NL" + std::to_string(100 + i) + ";" + (i < 10 ? "" : "NL100") + ";" + (i < 10 ? "" : dam) + ";" +
+            (i % 2 == 0 ? "bull" : "cow") + ";17-05-" + year + ";" + twin + "\n";
+  }
+  return text;
+}
+
+TEST(Litters, RareTwinsAreSeenBelowALineOfUnitsToo) {
+  const auto written = [](const std::string& below_the_header) {
+    const WholeRun run = run_program_on({{"calves.csv", book_of_twins(below_the_header)}},
+                                        tools_with({"prepare", "--species", "cattle", "calves.csv"}));
+    EXPECT_EQ(run.exit_status, 0) << run.messages;
+    return run.file("calves.txt");
+  };
+  const std::string sound = written("");
+  EXPECT_TRUE(has(sound, "\nNL950;")) << "a twin";
+  EXPECT_EQ(written("(no.);(no.);(no.);(m/f);(dd-mm-yyyy);(no.)\n"), sound);
+  EXPECT_EQ(written("1;2;3;4;5;6\n"), sound);
+}
+
 TEST(Litters, YoungWithoutASexOfTheirOwnGetItFromTheirYoung) {
   const std::string calves =
       "Calf;Sire;Dam;Sex;Born;Twin\n"

@@ -202,6 +202,12 @@ std::optional<Refusal> choose_export_delimiter(const PrepareOptions& options, Pr
   return std::nullopt;
 }
 
+/// How ids are written, and which lines below the header are headings too: by the columns that are chosen.
+void look_at_first_lines(Preparation& read) {
+  read.columns.id_style = find_id_style(read.text, read.reading.delimiter, read.columns);
+  read.columns.heading_lines = find_heading_lines(read.text, read.reading.delimiter, read.columns);
+}
+
 std::optional<Refusal> choose_export_columns(const PrepareOptions& options, const ColumnContents* contents,
                                              Preparation& read) {
   const TableStart start = find_table_start(read.text, read.reading.delimiter, options.has_header);
@@ -220,6 +226,7 @@ std::optional<Refusal> choose_export_columns(const PrepareOptions& options, cons
   const FirstRecord looks = look_at_first_record(read.text, read.reading.delimiter, start);
   read.columns = choose_columns(words, options, looks, contents);
   read.columns.table = start;
+  look_at_first_lines(read);
   PrepareOptions wishes = options;
   YoungColumns young = choose_young(read.text, read.reading.delimiter, read.columns, wishes);
   if (!young.ids.empty()) {
@@ -227,9 +234,8 @@ std::optional<Refusal> choose_export_columns(const PrepareOptions& options, cons
     read.columns.table = start;
     read.columns.animals_of_line = std::move(young.animals);
     read.columns.questions.insert(read.columns.questions.begin(), young.questions.begin(), young.questions.end());
+    look_at_first_lines(read);
   }
-  read.columns.id_style = find_id_style(read.text, read.reading.delimiter, read.columns);
-  read.columns.heading_lines = find_heading_lines(read.text, read.reading.delimiter, read.columns);
   read.columns.count_line = find_count_line(read.text, read.reading.delimiter, read.columns);
   return std::nullopt;
 }
