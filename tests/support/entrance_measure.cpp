@@ -280,7 +280,8 @@ std::string first_difference(const std::string& data, const std::string& steer, 
   // A spoilt line may have the id of another animal: one that is right stands beside it.
   std::multimap<std::string, const std::vector<std::string>*> rows;
   for (const auto& row : prepared.rows) rows.emplace(field_of(prepared, row, "id"), &row);
-  std::set<std::string> spoilt;
+  const std::vector<std::string>& lost = office_export.truth.lost_ids;
+  std::set<std::string> spoilt(lost.begin(), lost.end());
   for (const ForeignAnimal& animal : office_export.truth.animals) {
     if (animal.is_spoilt) spoilt.insert(animal.id);
   }

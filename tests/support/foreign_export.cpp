@@ -150,6 +150,15 @@ std::string further_text(Office& office, const ForeignAnimal& animal, ColumnCont
   }
 }
 
+/// The chip of an animal: no id of any export. Some animals have none.
+std::string chip_of(const Office& office, const std::string& id) {
+  const auto found = office.names.find(id);
+  if (found == office.names.end()) return {};
+  const auto place = static_cast<int>(std::distance(office.names.begin(), found));
+  constexpr int one_without = 9;
+  return place % one_without == 0 ? "" : "9810981" + digits(place * 3571 + 104729, 8);
+}
+
 std::string cell_text(Office& office, ForeignAnimal& animal, ColumnContent content) {
   const auto name_of_parent = [&](const std::string& id) { return id.empty() ? std::string() : office.names.at(id); };
   switch (content) {
@@ -158,6 +167,9 @@ std::string cell_text(Office& office, ForeignAnimal& animal, ColumnContent conte
     case ColumnContent::name: return animal.name;
     case ColumnContent::sire: return parent_text(office, animal.sire, true);
     case ColumnContent::dam: return parent_text(office, animal.dam, false);
+    case ColumnContent::chip: return chip_of(office, animal.id);
+    case ColumnContent::sire_chip: return chip_of(office, animal.sire);
+    case ColumnContent::dam_chip: return chip_of(office, animal.dam);
     case ColumnContent::sire_name: return name_of_parent(animal.sire);
     case ColumnContent::dam_name: return name_of_parent(animal.dam);
     case ColumnContent::sex: return animal.has_sex ? sex_text(office, animal) : "";
@@ -194,6 +206,37 @@ void write_header(Office& office) {
   std::vector<std::string> cells;
   for (const ForeignColumn& column : office.form.columns) cells.push_back(column.heading);
   write_line(office, cells);
+}
+
+std::string unit_of(ColumnContent content) {
+  switch (content) {
+    case ColumnContent::birth:
+    case ColumnContent::death:
+    case ColumnContent::registered: return "(dd.mm.yyyy)";
+    case ColumnContent::sex: return "(M/F)";
+    case ColumnContent::weight: return "(kg)";
+    case ColumnContent::notes:
+    case ColumnContent::filler: return "";
+    default: return "(no.)";
+  }
+}
+
+std::string kind_of_field(ColumnContent content) {
+  const bool is_date =
+      content == ColumnContent::birth || content == ColumnContent::death || content == ColumnContent::registered;
+  return is_date ? "date" : content == ColumnContent::weight ? "number" : "text";
+}
+
+/// Units, kinds of fields or numbers of the columns.
+void write_units(Office& office, ExportTruth& truth) {
+  std::vector<std::string> cells;
+  for (const ForeignColumn& column : office.form.columns) {
+    const std::string number = std::to_string(cells.size() + 1);
+    const int which = office.form.units_below;
+    cells.push_back(which == 1 ? unit_of(column.content) : which == 2 ? kind_of_field(column.content) : number);
+  }
+  write_line(office, cells);
+  truth.header_lines.push_back(office.line);
 }
 
 void write_above(Office& office) {
@@ -271,7 +314,11 @@ void write_animal(Office& office, ForeignAnimal animal, ExportTruth& truth) {
   write_line(office, cells);
   animal.line = office.line;
   animal.is_spoilt = animal.is_spoilt || is_exchanged;
-  if (!joins_last) truth.animals.push_back(animal);
+  if (joins_last) {
+    truth.lost_ids.push_back(animal.id);
+  } else {
+    truth.animals.push_back(animal);
+  }
 }
 
 void write_animals(Office& office, ExportTruth& truth) {
@@ -394,6 +441,11 @@ ForeignExport make_foreign_export(std::uint32_t seed) {
     office.form.shapes.push_back("columns: codes of a status");
   }
   if (office.form.has_changed_footers) office.form.shapes.push_back("lines: counts and totals of other forms below");
+  constexpr std::uint32_t draws_of_chips = 0x2545F491U;
+  Dice chips;
+  chips.random.seed(seed ^ draws_of_chips);
+  draw_chips(chips, office.form);
+  draw_units(chips, office.form);
   const int animal_count = 120 + office.dice.below(80);
   office.animals = make_foreign_population(office.dice, animal_count, office.form.ids, names_of(office.form));
   std::vector<std::size_t> firsts;
@@ -407,6 +459,7 @@ ForeignExport make_foreign_export(std::uint32_t seed) {
   }
   ForeignExport result;
   write_above(office);
+  if (office.form.units_below > 0) write_units(office, result.truth);
   if (firsts.empty()) {
     write_animals(office, result.truth);
   } else {

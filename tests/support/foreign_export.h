@@ -37,6 +37,7 @@ struct ExportTruth {
   std::string ids;                              ///< the rule by which parents are their animals; empty: none helps
   std::string century;                          ///< the first year of the hundred that years of two digits mean
   std::string young;                            ///< the columns of the ids where a line holds several animals
+  std::vector<std::string> lost_ids;            ///< of animals whose line was joined to the one before it
   std::vector<int> remark_lines, header_lines;  ///< lines below the header that hold no animal
 };
 

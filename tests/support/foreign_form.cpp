@@ -251,6 +251,31 @@ void draw_rare_forms(Dice& dice, ForeignForm& form) {
   note(form, "parents", "written otherwise: " + std::string(rule_of(form.parents)));
 }
 
+void draw_chips(Dice& dice, ForeignForm& form) {
+  const bool is_usual = form.has_header && form.young_a_line == 0 && !form.has_twins;
+  if (!dice.one_in(6) || !is_usual) return;
+  const bool have_animals = dice.one_in(2), stand_before = dice.one_in(2);
+  note(form, "columns", have_animals ? "a chip of animals and parents" : "a chip of parents alone");
+  const auto add = [&](ColumnContent beside, ColumnContent chip, Heading heading) {
+    const auto found = std::find_if(form.columns.begin(), form.columns.end(),
+                                    [&](const ForeignColumn& column) { return column.content == beside; });
+    if (found == form.columns.end()) return;
+    form.columns.insert(stand_before ? found : found + 1,
+                        {chip, std::string(dice.one_of(headings_of(heading, form.tongue))), 0});
+  };
+  if (have_animals) add(ColumnContent::id, ColumnContent::chip, Heading::chip);
+  add(ColumnContent::sire, ColumnContent::sire_chip, Heading::sire_chip);
+  add(ColumnContent::dam, ColumnContent::dam_chip, Heading::dam_chip);
+}
+
+void draw_units(Dice& dice, ForeignForm& form) {
+  static constexpr auto names = std::to_array<std::string_view>({"units", "kinds of fields", "numbers of the columns"});
+  const int which = dice.below(static_cast<int>(names.size()));
+  if (!dice.one_in(8) || !form.has_header) return;
+  form.units_below = which + 1;
+  note(form, "lines", std::string(names[static_cast<std::size_t>(which)]) + " below the header");
+}
+
 std::string_view rule_of(ParentWriting parents) {
   switch (parents) {
     case ParentWriting::as_ids: return "keep";

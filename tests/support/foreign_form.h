@@ -31,6 +31,9 @@ enum class ColumnContent {
   status,
   notes,
   grandsire,
+  chip,       ///< a second number of each animal
+  sire_chip,  ///< that of the father
+  dam_chip,
   filler
 };
 
@@ -71,6 +74,7 @@ struct ForeignForm {
   int header_again_after = 0;  ///< lines from one header to the next; 0: one header only
   std::string line_end;
   Damage damage = Damage::none;
+  int units_below = 0;  ///< below the header: 1 units, 2 kinds of fields, 3 numbers of the columns; 0: none
   bool has_states = false;           ///< codes of a status that may say who has gone
   bool has_twins = false;            ///< a line is an animal and, rarely, its twin
   bool has_changed_footers = false;  ///< counts alone, totals with dates, and headers again in capitals
@@ -84,6 +88,13 @@ ForeignForm draw_form(Dice& dice);
 /// Changes some forms into rarer ones: of dates, and of parents. `dice` are others than those of the rest, so that all
 /// other exports stay the same.
 void draw_rare_forms(Dice& dice, ForeignForm& form);
+
+/// Gives some forms a second number, beside the id of the animal and those of its parents, or of its parents alone.
+/// Older animals have none. `dice` likewise.
+void draw_chips(Dice& dice, ForeignForm& form);
+
+/// Gives some forms a second line of headings. `dice` likewise.
+void draw_units(Dice& dice, ForeignForm& form);
 
 /// The rule that the option calls these parents' writing; "keep" for none.
 std::string_view rule_of(ParentWriting parents);

@@ -170,6 +170,27 @@ const std::vector<WordsByTongue>& all_headings() {
         {"Grand-p\u00E8re", "P\u00E8re du p\u00E8re"},
         {"Abuelo paterno", "Padre del padre"},
         {"Nonno paterno", "Padre del padre"}}},
+      // chip
+      {{{"Chip", "Microchip", "Transponder no."},
+        {"Chip", "Chipnummer", "Transponder"},
+        {"Chip-Nr.", "Transponder", "Mikrochip"},
+        {"Puce", "N\u00B0 de puce", "Transpondeur"},
+        {"Microchip", "Chip", "Transponder"},
+        {"Microchip", "Chip", "N. chip"}}},
+      // sire_chip
+      {{{"Sire chip", "Sire microchip", "Chip of sire"},
+        {"Chip vader", "Vader chipnr", "Transponder vader"},
+        {"Vater Chip", "Chip-Nr. Vater", "V-Chip"},
+        {"Puce p\u00E8re", "Puce du p\u00E8re", "P\u00E8re transpondeur"},
+        {"Chip padre", "Microchip del padre"},
+        {"Chip padre", "Microchip padre"}}},
+      // dam_chip
+      {{{"Dam chip", "Dam microchip", "Chip of dam"},
+        {"Chip moeder", "Moeder chipnr", "Transponder moeder"},
+        {"Mutter Chip", "Chip-Nr. Mutter", "M-Chip"},
+        {"Puce m\u00E8re", "Puce de la m\u00E8re", "M\u00E8re transpondeur"},
+        {"Chip madre", "Microchip de la madre"},
+        {"Chip madre", "Microchip madre"}}},
       // row
       {{{"ID", "No", "Record"},
         {"ID", "Volgnr", "Record"},

@@ -38,6 +38,9 @@ enum class Heading {
   status,
   notes,
   grandsire,
+  chip,  ///< a second number of each animal
+  sire_chip,
+  dam_chip,
   row,  ///< a running number of the office's program
 };
 
