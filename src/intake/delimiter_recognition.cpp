@@ -16,7 +16,6 @@ namespace pedigreewatch {
 namespace {
 
 constexpr std::int64_t sample_size = 1000;
-constexpr std::int64_t most_records_of_header = 30;
 constexpr std::size_t fewest_fields_of_a_table = 5;  // id, father, mother, sex, date of birth
 constexpr std::size_t sample_bytes = std::size_t{4} << 20;
 
@@ -34,7 +33,7 @@ DelimiterEvidence try_delimiter(std::string_view text, char delimiter) {
     if (runs_away(record) && runaway_line == 0) runaway_line = record.line;
     if (record.fields.size() == 1 && trimmed(record.fields.front()).empty()) continue;  // a blank line
     // The header is the first record, or stands below titles.
-    if (evidence.record_count < most_records_of_header) {
+    if (evidence.record_count <= most_lines_above) {
       evidence.known_words = std::max(evidence.known_words, count_known_words(record.fields));
     }
     ++evidence.record_count;

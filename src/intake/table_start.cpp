@@ -15,7 +15,6 @@
 namespace pedigreewatch {
 namespace {
 
-constexpr int most_lines_above = 30;
 constexpr std::size_t most_fields_of_a_title = 2;
 constexpr std::size_t fewest_fields_of_a_table = 5;  // id, father, mother, sex, date of birth
 constexpr int most_records_compared = 500;

@@ -19,6 +19,9 @@ struct TableStart {
 /// The character that a first line such as "sep=;" names as the delimiter.
 std::optional<char> delimiter_told(std::string_view text);
 
+/// So many lines may stand above the header; what lies deeper is no longer looked for.
+inline constexpr int most_lines_above = 30;
+
 /// Finds the start among the first lines. What stands above fills three fields at most, or half of those of the header,
 /// and one or two where no heading is known. Where the user says that there is no header, only lines of fewer columns
 /// stand above.

@@ -89,5 +89,15 @@ TEST(RecogniseDelimiter, AQuoteThatIsNeverClosedIsToldWhereTheWholeExportWasRead
   EXPECT_EQ(recognise_delimiter(text).evidence[0].unterminated_line, 0) << "it may be closed further below";
 }
 
+TEST(RecogniseDelimiter, HeadingsDecideBelowThirtyTitles) {
+  const auto delimiter_below = [](int titles) {
+    std::string text;
+    for (int i = 0; i < titles; ++i) text += "1,2,3;4\n";
+    return recognise_delimiter(text + "id,sire,x;y\n1,2,3;4\n").delimiter;
+  };
+  EXPECT_EQ(delimiter_below(30), ',');
+  EXPECT_EQ(delimiter_below(31), std::nullopt);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

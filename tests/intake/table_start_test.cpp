@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "intake/delimiter_recognition.h"
 
@@ -89,6 +91,51 @@ TEST(LookAtFirstRecord, AHeaderIsWrittenUnlikeTheRest) {
   EXPECT_EQ(look_at_first_record(with_header, ';', {}), FirstRecord::header);
   EXPECT_EQ(look_at_first_record(animals, ';', {}), FirstRecord::animal);
   EXPECT_EQ(look_at_first_record("AA;BB\nx;y\n", ';', {}), FirstRecord::unclear);
+}
+
+TEST(FindTableStart, ThirtyLinesMayStandAbove) {
+  const auto line_behind = [](int titles) {
+    std::string text;
+    for (int i = 0; i < titles; ++i) text += "A title\n";
+    return find_table_start(text + "ID;Sire;Dam;Sex;Born\n" + animals, ';').line;
+  };
+  EXPECT_EQ(line_behind(30), 31);
+  EXPECT_EQ(line_behind(31), 1);
+}
+
+/// A first record above these lines, of two columns each.
+FirstRecord first_above(const std::string& first, const std::vector<std::string>& lines) {
+  std::string text = first + "\n";
+  for (const std::string& line : lines) text += line + "\n";
+  return look_at_first_record(text, ';', {});
+}
+
+TEST(LookAtFirstRecord, FiveTextsBelowAreEnough) {
+  EXPECT_EQ(first_above("x;y", std::vector<std::string>(5, "a;b")), FirstRecord::header);
+  EXPECT_EQ(first_above("x;y", std::vector<std::string>(4, "a;b")), FirstRecord::unclear);
+}
+
+TEST(LookAtFirstRecord, EightWordsMayBeThoseOfASex) {
+  const auto with_words = [](int words, int lines) {
+    std::vector<std::string> below;
+    for (int i = 0; i < lines; ++i) {
+      const std::string word(1, static_cast<char>('a' + i % words));
+      below.push_back(word + ";" + word);
+    }
+    return first_above("a;a", below);
+  };
+  EXPECT_EQ(with_words(8, 24), FirstRecord::animal);
+  EXPECT_EQ(with_words(8, 23), FirstRecord::unclear) << "they come back less than three times";
+  EXPECT_EQ(with_words(9, 90), FirstRecord::unclear);
+}
+
+TEST(LookAtFirstRecord, FiveHundredRecordsAreCompared) {
+  // Words that stand far below first are those of no animal above.
+  std::vector<std::string> lines(600, "a;b");
+  lines[499] = "x;y";
+  EXPECT_EQ(first_above("x;y", lines), FirstRecord::animal);
+  std::swap(lines[499], lines[500]);
+  EXPECT_EQ(first_above("x;y", lines), FirstRecord::header);
 }
 
 }  // namespace
