@@ -189,6 +189,21 @@ TEST(Desk, SaysWhenAFileOfAPairIsNotThere) {
   EXPECT_TRUE(holds(open_given_files(desk, "no-such.ini", "no-such.txt"), "could not be opened"));
 }
 
+TEST(Desk, ShowsAMillionBytesOfASteerFile) {
+  const auto shows_line_behind = [](std::size_t bytes) {
+    std::string steer = "herd\nherd.txt\n;\nn\ndd-mm-yyyy\nsheep\nm\nen\ny\n0\n0\n";
+    while (steer.size() + 2 <= bytes) steer += "x\n";
+    if (steer.size() < bytes) steer += '\n';
+    const RunFolder folder(Files{{"herd.ini", steer + "the last line\n"}, {"herd.txt", "id;sex;birthdate;sire;dam\n"}});
+    Desk desk;
+    const std::string answer = open_given_files(desk, folder.path("herd.ini"), folder.path("herd.txt"));
+    EXPECT_TRUE(holds(answer, R"("messages":[])")) << answer.substr(0, 200);
+    return holds(answer, "the last line");
+  };
+  EXPECT_TRUE(shows_line_behind(999'999));
+  EXPECT_FALSE(shows_line_behind(1'000'000));
+}
+
 /// The position of the only animal that is found.
 std::int32_t position_of(const Desk& desk, std::string_view id) {
   const std::string answer = find_in_results(desk, id);

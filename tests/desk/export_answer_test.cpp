@@ -6,6 +6,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "desk/export_desk.h"
 #include "support/run_folder.h"
@@ -159,6 +160,58 @@ TEST(ExportAnswer, SaysWhichDelimitersWereTried) {
       R"j(have 1 columns; , (comma): 2 of 2 lines have 1 columns; tab: 2 of 2 lines have 1 columns; | (bar): )j"
       R"j(2 of 2 lines have 1 columns). Choose it at \u0022Divided by\u0022, under \u0022How the file is )j"
       R"j(read\u0022."]})j");
+}
+
+/// How often `wanted` stands in the list of this name.
+int count_in_list(const std::string& answer, const std::string& name, std::string_view wanted) {
+  const std::size_t begin = answer.find("\"" + name + "\":[");
+  const std::string list = answer.substr(begin, answer.find("],", begin) - begin);
+  int count = 0;
+  for (std::size_t at = list.find(wanted); at != std::string::npos; at = list.find(wanted, at + 1)) ++count;
+  return count;
+}
+
+/// So many animals, each with a text of its own in the column of this heading.
+std::string export_with(const std::string& heading, int animals) {
+  std::string text = "id;sex;birthdate;sire;dam;" + heading + "\n";
+  for (int k = 1; k <= animals; ++k) {
+    text += std::to_string(k) + (k % 2 == 0 ? ";m" : ";f") + ";13-01-2000;;;" + std::to_string(1 + k % 28) + "-" +
+            std::to_string(1 + k / 28 % 12) + "-" + std::to_string(1900 + k / 336) + "\n";
+  }
+  return text;
+}
+
+TEST(ExportAnswer, ListsTwoThousandNames) {
+  EXPECT_EQ(count_in_list(answer_on("a.csv", export_with("herd", 2000)), "subpopulations", "isListed"), 2000);
+  EXPECT_EQ(count_in_list(answer_on("a.csv", export_with("herd", 2001)), "subpopulations", "isListed"), 2000);
+}
+
+TEST(ExportAnswer, ListsFiftyTextsOfAColumnThatTellsWhoHasGone) {
+  EXPECT_EQ(count_in_list(answer_on("a.csv", export_with("Date of death", 50)), "availability", "isGone"), 50);
+  EXPECT_EQ(count_in_list(answer_on("a.csv", export_with("Date of death", 51)), "availability", "isGone"), 50);
+}
+
+TEST(ExportAnswer, ListsFiftySexes) {
+  const auto sexes_listed = [](int sexes) {
+    std::string text = "id;sex;birthdate;sire;dam\n";
+    for (int k = 0; k < sexes; ++k) {
+      text += std::to_string(1000 + k) + ";kind" + std::to_string(k) + ";13-01-2000;;\n";
+    }
+    return count_in_list(answer_on("a.csv", text), "sexes", "meaning");
+  };
+  EXPECT_EQ(sexes_listed(50), 50);
+  EXPECT_EQ(sexes_listed(51), 50);
+}
+
+TEST(ExportAnswer, ShowsEightyColumns) {
+  const auto columns_shown = [](int columns) {
+    std::string headings = "id;sex;birthdate;sire;dam", line = "1;m;13-01-2000;;";
+    for (int k = 5; k < columns; ++k) headings += ";Q", line += ";x";
+    const std::string answer = answer_on("a.csv", headings + "\n" + line + "\n");
+    return std::pair(count_in_list(answer, "headings", "\"Q\""), count_in_list(answer, "lines", "\"x\""));
+  };
+  EXPECT_EQ(columns_shown(80), std::pair(75, 75));
+  EXPECT_EQ(columns_shown(81), std::pair(75, 75));
 }
 
 }  // namespace

@@ -136,5 +136,34 @@ TEST(NextAnimal, PassesOverWhatIsNone) {
   EXPECT_FALSE(next_animal(reader, record, columns));
 }
 
+TEST(KindOfRecord, ARemarkWhereNobodyKnowsTheIdYet) {
+  const auto kind_of = [](const std::string& line, std::size_t column_count) {
+    ColumnChoice columns;
+    columns.headings.assign(column_count, "Q");
+    RecordReader reader = read_records(line, ';');
+    ExportRecord record;
+    next_record(reader, record);
+    return kind_of_record(record, columns);
+  };
+  EXPECT_EQ(kind_of("Total;8;;;\n", 5), RecordKind::remark);
+  EXPECT_EQ(kind_of("Total;8;;\n", 4), RecordKind::animal) << "two of four columns";
+  EXPECT_EQ(kind_of("rex;;;M;1990\n", 5), RecordKind::animal) << "three fields";
+  EXPECT_EQ(kind_of(";;;;\n", 5), RecordKind::blank);
+}
+
+TEST(FindIdStyle, TheFirstTwoThousandRecordsTell) {
+  // Twenty ids are enough; those of animals without a sex do not count.
+  const auto is_known_behind = [](int without_sex) {
+    std::string text = "ID;Name;Sire;Dam;Sex;Born\n";
+    for (int i = 0; i < without_sex; ++i) text += "NL" + std::to_string(1000 + i) + ";Rex;;;;14-03-1990\n";
+    for (int i = 0; i < 20; ++i) text += "NL" + std::to_string(5000 + i) + ";Rex;;;M;14-03-1990\n";
+    const ColumnChoice columns =
+        choose_columns(std::vector<std::string>{"ID", "Name", "Sire", "Dam", "Sex", "Born"}, {});
+    return find_id_style(text, ';', columns).is_known;
+  };
+  EXPECT_TRUE(is_known_behind(1980));
+  EXPECT_FALSE(is_known_behind(1981));
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -95,6 +96,65 @@ TEST(ListCandidates, WhereNoneFitsTheFirstOnesOfAll) {
   const ColumnEvidenceList list = list_candidates(sex_column, contents, columns);
   EXPECT_EQ(list.columns.size(), 5U);
   EXPECT_EQ(list.more, 2U);
+}
+
+/// A column of these texts, one a line, and a second one that is "same" on each of them.
+struct TwoColumns {
+  std::string text = "A;B\n";
+  ColumnChoice columns;
+  ColumnContents contents;
+
+  explicit TwoColumns(const std::vector<std::string>& texts) {
+    for (const std::string& each : texts) text += each + ";same\n";
+    columns.has_header = true;
+    columns.headings = {"A", "B"};
+    contents = {text, ';', profile_columns(text, ';', columns)};
+  }
+  /// Whether the first one is a candidate by what it holds; else both are listed.
+  bool is_candidate(FieldCode code) const {
+    const ColumnEvidenceList list = list_candidates(code, contents, columns);
+    return list.columns.size() == 1 && list.columns[0].heading == "A";
+  }
+};
+
+TEST(ListCandidates, OneTextInTenIsADate) {
+  const auto with_dates = [](std::size_t dates, std::size_t texts) {
+    std::vector<std::string> column(texts, "none yet");
+    std::fill_n(column.begin(), dates, "14-3-2001");
+    return TwoColumns(column).is_candidate(birthdate_column);
+  };
+  EXPECT_TRUE(with_dates(10, 100));
+  EXPECT_FALSE(with_dates(10, 101));
+  EXPECT_FALSE(with_dates(9, 99)) << "one in eleven";
+}
+
+TEST(ListCandidates, SexesAreFewWordsThatComeBack) {
+  const auto with_words = [](std::size_t words, std::size_t texts) {
+    std::vector<std::string> column;
+    for (std::size_t k = 0; k < texts; ++k) column.push_back("word" + std::to_string(k % words));
+    return TwoColumns(column).is_candidate(sex_column);
+  };
+  EXPECT_TRUE(with_words(2, 20)) << "each of them ten times";
+  EXPECT_FALSE(with_words(2, 19));
+  EXPECT_TRUE(with_words(12, 120));
+  EXPECT_FALSE(with_words(13, 200));
+}
+
+TEST(ListCandidates, NamesThreeColumnsThatAnIdIsLinkedWith) {
+  std::string text = "A;B;C;D;E\n";
+  for (int k = 0; k < 60; ++k) {
+    const auto id = [](int number) { return "x" + std::to_string(number); };
+    text += id(k) + ";" + id(k % 6) + ";" + id(k % 7) + ";" + id(k % 8) + ";" + id(k % 9) + "\n";
+  }
+  ColumnChoice columns;
+  columns.has_header = true;
+  columns.headings = {"A", "B", "C", "D", "E"};
+  const ColumnContents contents = {text, ';', profile_columns(text, ';', columns)};
+  const ColumnEvidenceList list = list_candidates(id_column, contents, columns);
+  ASSERT_EQ(list.columns.size(), 1U);
+  ASSERT_EQ(list.columns[0].links.size(), 3U) << "of four";
+  EXPECT_EQ(list.columns[0].links[0].heading, "E");
+  EXPECT_EQ(list.columns[0].links[2].heading, "C");
 }
 
 }  // namespace

@@ -92,5 +92,21 @@ TEST(AskForLinkedColumns, NothingWhereMostParentsHaveALine) {
   EXPECT_TRUE(questions_on(text).empty());
 }
 
+TEST(MatchColumns, NamesTheFiveBest) {
+  // Every column but that of the fathers holds ids; column k holds those from k on.
+  std::string text = "ID;Sire;A;B;C;D;E;F\n";
+  ColumnChoice columns = choose_columns(std::vector<std::string>{"ID", "Sire", "A", "B", "C", "D", "E", "F"}, {});
+  for (int i = 0; i < 20; ++i) {
+    text += "x" + std::to_string(i) + ";x" + std::to_string(i);
+    for (int k = 0; k < 6; ++k) text += ";x" + std::to_string(i + k);
+    text += "\n";
+  }
+  const ColumnMatches matches = match_columns(text, ';', columns);
+  ASSERT_EQ(matches.for_parents.size(), 5U) << "of six";
+  EXPECT_EQ(matches.for_parents.back().place, 6U);
+  ASSERT_EQ(matches.for_id.size(), 5U);
+  EXPECT_EQ(matches.for_id.back().place, 6U);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -171,5 +171,22 @@ TEST(NarrowByContent, OneIdInFiftyMayStandTwice) {
   EXPECT_FALSE(choose_in(herd).place[id_column].has_value());
 }
 
+/// Only the first `count` texts of a column of sixty are there.
+std::optional<std::size_t> place_with(std::size_t count, std::size_t column, FieldCode code) {
+  Herd herd = herd_with({"ID", "Name", "Sire", "Dam", "Sex", "Born", "Q6"});
+  herd.headings[column] = "Q";
+  for (std::size_t i = count; i < herd.rows.size(); ++i) herd.rows[i][column].clear();
+  return choose_in(herd).place[code];
+}
+
+TEST(NarrowByContent, FewerThanTwentyTextsTellNoColumn) {
+  EXPECT_EQ(place_with(20, 0, id_column), Place(0));
+  EXPECT_EQ(place_with(19, 0, id_column), std::nullopt);
+  EXPECT_EQ(place_with(20, 4, sex_column), Place(4));
+  EXPECT_EQ(place_with(19, 4, sex_column), std::nullopt);
+  EXPECT_EQ(place_with(20, 5, birthdate_column), Place(5));
+  EXPECT_EQ(place_with(19, 5, birthdate_column), std::nullopt);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

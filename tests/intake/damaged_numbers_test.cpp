@@ -78,5 +78,11 @@ TEST(DestroyedNumbers, TwentyLongOnesOfWhichNoneHasASixteenthDigit) {
   EXPECT_EQ(count_destroyed(ids), 0) << "one has";
 }
 
+TEST(NoteNumber, ThreeDigitsAreBelowAThousand) {
+  EXPECT_EQ(forms_of({"999"}).below_thousand, 1);
+  EXPECT_EQ(forms_of({"1000"}).below_thousand, 0);
+  EXPECT_EQ(forms_of({"1000"}).other, 1);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -116,5 +116,18 @@ TEST(LooksLikeUnknown, WordsZerosAndNines) {
   EXPECT_FALSE(looks_like_unknown("Zukauf", {}));
 }
 
+TEST(CountParent, OfALargeExportSomeAreCounted) {
+  const auto is_counted = [](const std::string& text, std::int64_t animal) {
+    ParentTexts parents;
+    count_parent(parents, text, sire_role, animal, {});
+    return parents.sires.texts.size() == 1;
+  };
+  EXPECT_TRUE(is_counted("NL7", 99'999));
+  EXPECT_FALSE(is_counted("NL7", 100'001));
+  EXPECT_FALSE(is_counted("NL7", 100'015));
+  EXPECT_TRUE(is_counted("NL7", 100'016)) << "one in sixteen";
+  EXPECT_TRUE(is_counted("000", 100'001)) << "it looks like no id";
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

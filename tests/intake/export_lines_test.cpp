@@ -84,5 +84,17 @@ TEST(NameOfExportLines, StandsBesideTheDataFile) {
   EXPECT_EQ(name_of_export_lines("dogs"), "dogs.lines");
 }
 
+TEST(ExportLines, KeepTwoHundredBytesOfAText) {
+  ExportLines lines;
+  for (const std::size_t size : {200, 201}) {
+    note_export_text(lines, ExportNoteKind::date, 3, std::string(size, 'x'));
+    note_left_out(lines, 9, std::string(size, 'y'));
+  }
+  EXPECT_EQ(lines.notes[0].text, std::string(200, 'x'));
+  EXPECT_EQ(lines.notes[1].text, std::string(200, 'x'));
+  EXPECT_EQ(lines.left_out[0].text, std::string(200, 'y'));
+  EXPECT_EQ(lines.left_out[1].text, std::string(200, 'y'));
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

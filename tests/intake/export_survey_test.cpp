@@ -148,5 +148,16 @@ TEST(SurveyExport, JoinedLinesSayNothingOfHowNumbersAreWritten) {
   EXPECT_TRUE(has_thousands_signs(forms_of_dams("1.202;f;1-1-2003;;1.2001.203;f;1-1-2003;;1.200\n"))) << "nine";
 }
 
+TEST(SurveyExport, ToldLinesAreFiveHundred) {
+  const auto told_of = [](int remarks) {
+    std::string lines = "rex;;;m;2001;;\n";
+    for (int i = 0; i < remarks; ++i) lines += ";;;;;;North\n";
+    return survey_of(lines).remark_lines;
+  };
+  EXPECT_EQ(told_of(500).first.size(), 500U);
+  EXPECT_EQ(told_of(501).first.size(), 500U);
+  EXPECT_EQ(told_of(501).count, 501);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

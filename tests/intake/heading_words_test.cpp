@@ -74,5 +74,11 @@ TEST(MeaningOf, WhoseIdGoesBeforeAPlainParent) {
   EXPECT_EQ(meaning_of("Ear tag").fit, WordFit::office);
 }
 
+TEST(ReadHeading, PartsOfAWordHaveTwoLettersAtLeast) {
+  EXPECT_EQ(field_read("Idtag"), id_column);
+  EXPECT_FALSE(read_heading("Noel").is_understood) << "four letters are no \"no\" and \"el\"";
+  EXPECT_FALSE(read_heading("Enelid").is_understood) << "nor is a letter a word";
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

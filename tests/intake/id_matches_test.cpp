@@ -96,5 +96,27 @@ TEST(FindSubstitutes, AllParentsThatTheRuleExplains) {
   EXPECT_TRUE(find_substitutes(herd.table(), {}).ids.empty());
 }
 
+/// Parents of so many animals that are written without the zeros of the ids.
+IdProposal proposal_without_zeros(int parents) {
+  std::vector<std::string> ids, shorter;
+  for (int i = 1; i <= parents; ++i) {
+    shorter.push_back(std::to_string(i));
+    ids.push_back("000" + shorter.back());
+  }
+  return proposal_of(ids, shorter);
+}
+
+TEST(ProposeIdRules, AThousandParentsAreCompared) {
+  EXPECT_EQ(proposal_without_zeros(1000).without_line, 1000);
+  EXPECT_EQ(proposal_without_zeros(1001).without_line, 1000);
+  EXPECT_EQ(proposal_without_zeros(1001).explained, 1000);
+}
+
+TEST(ProposeIdRules, FourExamplesAreShown) {
+  EXPECT_EQ(proposal_without_zeros(3).examples.size(), 3U);
+  EXPECT_EQ(proposal_without_zeros(4).examples.size(), 4U);
+  EXPECT_EQ(proposal_without_zeros(5).examples.size(), 4U);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

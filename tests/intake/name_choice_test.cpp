@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/report_shape.h"
 #include "intake/console_words.h"
 #include "intake/export_remarks.h"
 #include "support/prepared_export.h"
@@ -161,6 +162,44 @@ TEST(LeastAnimalsNamed, TakesANumberFromOneOn) {
        {"at-least-0", "at-least-", "at-least-5x", "at-least--5", "50", "at-least-99999999999"}) {
     EXPECT_EQ(least_animals_named(text), std::nullopt) << text;
   }
+}
+
+TEST(ChooseSubpopulations, SizesAreThoseWithParentsUpToFifteenYears) {
+  // Nothing but the ten birth years makes the report without subpopulations longer.
+  ReportShape ten_years;
+  ten_years.years = 10;
+  const Prepared asked = prepared(herds_of(60, [](int k) { return k; }));
+  EXPECT_EQ(choices_of(asked).choices.back().bytes, bytes_without_blocks(ten_years, {15, 15}).all);
+}
+
+/// What is asked where animals have so many colours, and how many of them are listed.
+struct ColourOutcome {
+  std::size_t questions = 0, listed = 0;
+};
+
+ColourOutcome choose_among_colours(int colours, bool is_wished) {
+  ExportSurvey survey;
+  for (int k = 0; k < colours; ++k) count_text(survey.colours, "colour " + std::to_string(k), k + 2);
+  PreparePlan plan;
+  plan.columns.headings = {"colour"};
+  plan.columns.place[colour_column] = 0;
+  NameWish wish;
+  wish.is_given = is_wished;
+  choose_colours(survey, wish, plan);
+  return {plan.questions.size(), plan.colours.size()};
+}
+
+TEST(ChooseColours, AHundredAreListedMoreAreAskedFor) {
+  EXPECT_EQ(choose_among_colours(100, false).listed, 100U);
+  EXPECT_EQ(choose_among_colours(100, false).questions, 0U);
+  EXPECT_EQ(choose_among_colours(101, false).listed, 0U);
+  EXPECT_EQ(choose_among_colours(101, false).questions, 1U);
+}
+
+TEST(ChooseColours, WhoWantsThemAllGetsFiftyThousand) {
+  EXPECT_EQ(choose_among_colours(50'000, true).listed, 50'000U);
+  EXPECT_EQ(choose_among_colours(50'001, true).listed, 0U);
+  EXPECT_EQ(choose_among_colours(50'001, true).questions, 1U);
 }
 
 }  // namespace

@@ -79,5 +79,11 @@ TEST(ParentNames, WithoutAnIdAreTold) {
       << run.console;
 }
 
+TEST(ParentNames, TwoThousandLinesTellWhetherTheColumnAgrees) {
+  EXPECT_EQ(contradictions_in(herd_with_names({{"Rex7", 199}, {"Rex0", 1801}, {"Rex7"}, {"Rex0", 100}})).size(), 200U);
+  EXPECT_TRUE(contradictions_in(herd_with_names({{"Rex7", 199}, {"Rex0", 1800}, {"Rex7"}, {"Rex0", 100}})).empty())
+      << "one in ten of the first two thousand";
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -179,5 +179,12 @@ TEST(PlannedId, IsThatOfTheAnimalThatARuleHasFound) {
   EXPECT_EQ(planned_id(plan, "NL 13", rewritten), "NL 13");
 }
 
+TEST(PlanPreparation, TheNameOfAPopulationHasFortyLetters) {
+  PrepareOptions options;
+  options.population_name = std::string(39, 'h') + "\xC3\xAB" + "x";
+  const Prepared files = prepared("id;sire;dam;sex;born\na;;;m;2001\n", options);
+  EXPECT_EQ(files.plan.population_name, std::string(39, 'h') + "\xEB");
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

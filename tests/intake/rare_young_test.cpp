@@ -192,5 +192,24 @@ TEST(ChooseYoung, ASexOfWhichThereIsOneColumnIsThatOfTheFirst) {
   EXPECT_EQ(record.fields[4], "");
 }
 
+TEST(ColumnsLikeIds, AreComparedWhereIdsHaveTwentyForms) {
+  // Letters and digits in turn, so many runs of them as the number says: a, a1, a1a, ...
+  const auto form = [](int runs) {
+    std::string text;
+    for (int k = 0; k < runs; ++k) text += k % 2 == 0 ? 'a' : '1';
+    return text;
+  };
+  const auto is_like = [&](int forms_of_ids, int forms_of_twins) {
+    std::string text = "ID;Sire;Dam;Twin\n";
+    for (int k = 0; k < 100; ++k) {
+      text += form(1 + k % forms_of_ids) + ";;;" + (k < forms_of_twins ? form(1 + k) : "") + "\n";
+    }
+    return !columns_like_ids(text, ';', columns_of({"ID", "Sire", "Dam", "Twin"})).empty();
+  };
+  EXPECT_TRUE(is_like(20, 1));
+  EXPECT_FALSE(is_like(21, 1));
+  EXPECT_TRUE(is_like(20, 20));
+}
+
 }  // namespace
 }  // namespace pedigreewatch

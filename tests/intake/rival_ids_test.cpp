@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "intake/export_survey.h"
+
 namespace pedigreewatch::test {
 namespace {
 
@@ -111,6 +113,27 @@ TEST(RivalIds, WhatTheUserNamesIsNotAsked) {
   PrepareOptions options;
   options.columns = {{id_column, "1"}};
   EXPECT_EQ(rival_ids_of({}, options), none_of_them);
+}
+
+/// Young with a tag of their own each, named by the second column only, above three fathers whose tags are the ids of
+/// one another.
+std::vector<std::size_t> rivals_below(int young) {
+  std::string text = "ID;Ear tag;Sire;Dam;Sex;Born\n";
+  for (int i = 0; i < young; ++i) {
+    const std::string number = std::to_string(i);
+    text += "Y" + number + ";T" + number + ";S" + std::to_string(i % 3) + ";;F;13-04-2013\n";
+  }
+  text += "S0;S1;;;M;13-04-2010\nS1;S2;;;M;13-04-2010\nS2;S0;;;M;13-04-2010\n";
+  const ColumnChoice columns =
+      choose_columns(std::vector<std::string>{"ID", "Ear tag", "Sire", "Dam", "Sex", "Born"}, {});
+  ProgressLine unwatched;
+  const ExportSurvey survey = survey_export(text, ';', columns, {}, unwatched);
+  return find_rival_ids({text, ';', columns, {}}, survey.links, {});
+}
+
+TEST(RivalIds, FiveHundredTextsThatAreNoParentAreEnough) {
+  EXPECT_EQ(rivals_below(499), the_second);
+  EXPECT_EQ(rivals_below(500), none_of_them);
 }
 
 }  // namespace

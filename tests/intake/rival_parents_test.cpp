@@ -80,5 +80,27 @@ TEST(RivalParents, WhatTheUserNamesIsNotAsked) {
   EXPECT_EQ(rivals_of({"Genetic mother", 20}, options), no_rival);
 }
 
+/// Ten ewes, and young of which the second column names the same mother ('s') or the next one ('d').
+std::vector<std::size_t> rivals_with(const std::string& young) {
+  std::string text = "ID;Sire;Dam;col9;Sex;Born\n";
+  for (int i = 0; i < 10; ++i) text += "E" + std::to_string(i) + ";;;;F;02-03-2010\n";
+  for (std::size_t i = 0; i < young.size(); ++i) {
+    const std::size_t other = young[i] == 's' ? i : i + 1;
+    text += "Y" + std::to_string(i) + ";;E" + std::to_string(i % 10) + ";E" + std::to_string(other % 10) +
+            ";F;13-04-2013\n";
+  }
+  const ColumnChoice columns =
+      choose_columns(std::vector<std::string>{"ID", "Sire", "Dam", "col9", "Sex", "Born"}, {});
+  ProgressLine unwatched;
+  const ExportSurvey survey = survey_export(text, ';', columns, {}, unwatched);
+  return find_rival_parents({text, ';', columns, {}}, survey, dam_column, {});
+}
+
+TEST(RivalParents, TwoThousandLinesTellThatAColumnSaysSomethingElse) {
+  // In all, more than half of the lines agree; of the first two thousand 1,001 do, or 1,000 with the last one against.
+  EXPECT_EQ(rivals_with(std::string(999, 'd') + std::string(1011, 's')), fourth);
+  EXPECT_EQ(rivals_with(std::string(999, 'd') + std::string(1000, 's') + 'd' + std::string(10, 's')), no_rival);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace pedigreewatch::test {
@@ -92,6 +93,14 @@ TEST(TypedDate, ThatIsNoDayStaysAsItWasTyped) {
   }
   EXPECT_EQ(Column({"14 March 2004", "15 March 2004"}).kept("16-03-2019"), "16-03-2019") << "months in words";
   EXPECT_EQ(Column({"", "unknown"}).kept("16-03-2019"), "16-03-2019") << "the column has no dates";
+}
+
+TEST(TypedDate, AThousandDatesTellWhetherTheColumnHasZeros) {
+  std::vector<std::string> dates(1001, "14/12/2004");
+  dates[999] = "14/3/2005";
+  EXPECT_EQ(Column(dates).kept("04-03-2019"), "4/3/2019");
+  std::swap(dates[999], dates[1000]);
+  EXPECT_EQ(Column(dates).kept("04-03-2019"), "04/03/2019");
 }
 
 }  // namespace
