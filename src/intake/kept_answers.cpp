@@ -19,13 +19,14 @@ namespace fs = std::filesystem;
 constexpr std::size_t most_files = 50;
 constexpr std::uintmax_t most_bytes = 1'000'000;
 
-/// The files of answers in a folder, that of the export's own name first.
+/// The files of answers in a folder, that of the export's own name first; it counts however many others there are.
 void collect_files(const fs::path& folder, const std::string& own_name, std::vector<std::string>& files) {
   std::error_code ignored;
   const std::size_t first = files.size();
   for (fs::directory_iterator entry(folder, ignored), end; !ignored && entry != end; entry.increment(ignored)) {
     const bool is_answers = entry->path().extension() == ".answers" && entry->is_regular_file(ignored);
-    if (is_answers && files.size() < most_files) files.push_back(entry->path().string());
+    const bool is_own = entry->path().filename().string() == own_name;
+    if (is_answers && (is_own || files.size() < most_files)) files.push_back(entry->path().string());
   }
   std::sort(files.begin() + static_cast<std::ptrdiff_t>(first), files.end(),
             [&](const std::string& a, const std::string& b) {

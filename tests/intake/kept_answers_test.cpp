@@ -38,6 +38,10 @@ TEST(ReadWithAnswers, FiftyFilesAreLookedAt) {
   EXPECT_EQ(used_answers(last_year, 50), "");
 }
 
+TEST(ReadWithAnswers, ThatOfTheExportItselfIsAlwaysLookedAt) {
+  EXPECT_EQ(used_answers({{"herd.answers", answers_about_it}}, 60), "herd.answers");
+}
+
 TEST(ReadWithAnswers, AFileOfMoreThanAMillionBytesHoldsNone) {
   const auto used_of_size = [](std::size_t size) {
     std::string bytes = answers_about_it + "#";
