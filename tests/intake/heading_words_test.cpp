@@ -53,10 +53,27 @@ TEST(ReadHeading, BirthNamesAndSexes) {
 }
 
 TEST(ReadHeading, WhatBelongsToNobodyOfTheThree) {
-  for (const char* const heading :
-       {"Sire's sire", "Paternal grandsire", "Vaders vader", "Vatersvater", "Padre del padre", "Nonno paterno",
-        "Sire colour", "Birth weight", "Birth place", "Registration date", "Fecha de registro", "Date of death",
-        "Registered", "Sire breed", "Owner no.", "Herd", "Index 1", "Status", "", "N.D.", "No\u00EBl, Dale"}) {
+  for (const char* const heading : {"Sire's sire",
+                                    "Paternal grandsire",
+                                    "Vaders vader",
+                                    "Vatersvater",
+                                    "Padre del padre",
+                                    "Nonno paterno",
+                                    "Sire colour",
+                                    "Birth weight",
+                                    "Birth place",
+                                    "Registration date",
+                                    "Fecha de registro",
+                                    "Date of death",
+                                    "Registered",
+                                    "Sire breed",
+                                    "Owner no.",
+                                    "Herd",
+                                    "Index 1",
+                                    "Status",
+                                    "",
+                                    "N.D.",
+                                    "No\u00EBl, Dale"}) {
     EXPECT_EQ(field_read(heading), unused_column) << heading;
   }
 }
