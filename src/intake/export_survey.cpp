@@ -37,7 +37,9 @@ bool is_id(FieldCode code) {
 
 void survey_writing(ExportSurvey& survey, FieldCode code, std::string_view text, std::int64_t line) {
   std::string written;
-  const bool is_complete = append_windows_1252(written, text, survey.letters);
+  LetterCounts of_sex;  // m, f or a question mark is written there, whatever letters it has
+  const bool is_complete = append_windows_1252(written, text, code == sex_column ? of_sex : survey.letters);
+  survey.letters.invisible += of_sex.invisible;
   const std::size_t width = width_of(code);
   const bool is_too_long = width > 0 && written.size() > width;
   if (is_too_long) note_text(survey.too_long[index_of(code)], line, text);

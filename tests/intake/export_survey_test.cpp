@@ -46,6 +46,14 @@ TEST(SurveyExport, BlankLinesAndLineEndsInQuotesShiftLines) {
   EXPECT_EQ(survey.shifts[1].data_line, 4);
 }
 
+// The signs of the sexes become m and f; of a name the letter that is lacking is lost.
+TEST(SurveyExport, LettersOfSexesAreNotLost) {
+  const ExportSurvey survey = survey_of("rex;;;\u2642;2001;\u0141uk;\nsaar;;;\u2640;2001;\u0141a;\n");
+  ASSERT_EQ(survey.letters.replaced.size(), 1U);
+  EXPECT_EQ(survey.letters.replaced[0].letter, U'\u0141');
+  EXPECT_EQ(survey.letters.replaced[0].count, 2);
+}
+
 TEST(SurveyExport, QuotationMarksThatSwallowLinesAreTold) {
   // A line has six delimiters.
   EXPECT_EQ(survey_of("rex;;;m;2001;\"Rex;\nbram;;;m;2001;\"Bram;\n").swallowed_line, 2);
