@@ -193,6 +193,23 @@ TEST(HighestProduct, FillsFromTheHighestOn) {
   EXPECT_DOUBLE_EQ(highest_product(limits, Shares{5.0, 1.0, 2.0}), 0.3 * 5.0 + 0.2 * 1.0 + 0.5 * 2.0);
 }
 
+// A ten-thousandth of the mean kinship is certified, and nothing beyond it is paid for.
+TEST(BestContributions, OfABriefSearchLackATenThousandthAtMost) {
+  std::int64_t brief_products = 0, all_products = 0;
+  for (std::uint64_t seed = 1; seed <= 20; ++seed) {
+    const DenseProblem problem = random_problem(seed, 70, 9, 12);
+    const ShareLimits limits = limits_of(problem, 0.2, 0.125);
+    const Contributions brief = solve(problem, limits, {.is_brief = true}), best = solve(problem, limits);
+    SCOPED_TRACE(seed);
+    EXPECT_LE(brief.certificate, 1e-4 * brief.mean_kinship);
+    EXPECT_LE(best.mean_kinship, brief.mean_kinship + 1e-12);
+    EXPECT_GE(best.mean_kinship, (1 - 1e-4) * brief.mean_kinship);
+    brief_products += brief.products;
+    all_products += best.products;
+  }
+  EXPECT_LT(brief_products, all_products);
+}
+
 TEST(BestContributions, EndWhenThatIsWanted) {
   const DenseProblem problem = random_problem(5, 60, 5, 5);
   const volatile std::sig_atomic_t stop = 1;
