@@ -54,7 +54,7 @@ constexpr std::string_view plus_or_minus = "\xC2\xB1";
 
 /// Takes signs off one end of the text as long as one of them leaves something open.
 bool take_open_signs(std::string_view& text, bool at_front) {
-  constexpr std::string_view open = "?~xX()", between = " -/._";
+  constexpr std::string_view open = "?~xX()<>", between = " -/._";
   std::size_t count = 0;
   bool is_open = false;
   for (; count < text.size(); ++count) {

@@ -17,8 +17,8 @@ bool is_filler_of_date(std::string_view word);
 /// text where there is none. "Mar" is a month in some languages and a day in others.
 std::string_view behind_weekday(std::string_view text);
 
-/// Takes off what says that a date is not known exactly: "~ 1972", "circa 1998", "2018?", "??-03-1998". Yields whether
-/// there was any.
+/// Takes off what says that a date is not known exactly: "~ 1972", "circa 1998", "2018?", "<1998", "??-03-1998". Yields
+/// whether there was any.
 bool take_rough_signs(std::string_view& text);
 
 }  // namespace pedigreewatch

@@ -21,7 +21,7 @@ namespace {
 
 /// Rules that are tried, those first that assume least.
 constexpr auto tried_rules = std::to_array<unsigned>(
-    {capitals_rule, separators_rule, zeros_rule, look_alikes_rule, separators_rule | capitals_rule,
+    {capitals_rule, marks_rule, separators_rule, zeros_rule, look_alikes_rule, separators_rule | capitals_rule,
      separators_rule | zeros_rule, prefix_rule, separators_rule | prefix_rule, country_rule,
      separators_rule | country_rule, prefix_rule | country_rule,
      separators_rule | zeros_rule | prefix_rule | country_rule, check_digit_rule, separators_rule | check_digit_rule});

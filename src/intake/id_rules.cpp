@@ -18,6 +18,9 @@ constexpr auto rule_words = std::to_array<RuleWords>({
     {capitals_rule, "capitals", {"without regard to capitals", "zonder op hoofdletters te letten"}},
     {zeros_rule, "zeros", {"without zeros in front", "zonder nullen ervoor"}},
     {look_alikes_rule, "look-alikes", {"with O taken for 0 and l for 1", "met O als 0 en l als 1"}},
+    {marks_rule,
+     "marks",
+     {"without marks such as ? and * before and behind", "zonder tekens als ? en * ervoor en erachter"}},
     {prefix_rule, "prefix", {"without the letters in front", "zonder de letters ervoor"}},
     {country_rule, "country", {"without the number of the country in front", "zonder het landnummer ervoor"}},
     {check_digit_rule, "check-digit", {"without the last digit", "zonder het laatste cijfer"}},
@@ -28,6 +31,15 @@ constexpr std::string_view no_rule_name = "keep";
 
 bool is_digit(char byte) {
   return byte >= '0' && byte <= '9';
+}
+
+/// What people put before or behind an identification: doubt, death, a remark.
+std::string_view without_marks(std::string_view id) {
+  constexpr std::string_view marks = " ?*!+#^~()[]<>", dagger = "\xE2\x80\xA0";
+  while (id.starts_with(dagger)) id.remove_prefix(dagger.size());
+  while (id.ends_with(dagger)) id.remove_suffix(dagger.size());
+  const std::size_t first = id.find_first_not_of(marks), last = id.find_last_not_of(marks);
+  return first == std::string_view::npos ? id : id.substr(first, last + 1 - first);
 }
 
 char without_capital(char byte) {
@@ -78,6 +90,7 @@ std::string description_of_rules(IdRules rules, ToolLanguage language) {
 }
 
 void append_id_key(std::string& key, std::string_view id, IdRules rules) {
+  if ((rules.bits & marks_rule) != 0) id = without_marks(id);
   const std::size_t first_digit = id.find_first_of("0123456789");
   if ((rules.bits & prefix_rule) != 0 && first_digit != std::string_view::npos) id.remove_prefix(first_digit);
   if ((rules.bits & country_rule) != 0) {

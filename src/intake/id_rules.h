@@ -24,6 +24,7 @@ enum IdRule : unsigned {
   look_alikes_rule = 8,   ///< O for 0; l and I for 1
   prefix_rule = 16,       ///< letters in front of the first digit, with what stands between
   check_digit_rule = 32,  ///< the last digit, of one of the two
+  marks_rule = 128,       ///< signs before and behind: "NL12?", "NL12*", "(NL12)"
   country_rule = 64       ///< the three digits of the country in front of the twelve of an animal
 };
 
@@ -35,7 +36,7 @@ struct IdRules {
 };
 
 /// The rules that a user names, with "+" between them: "separators", "capitals", "zeros", "look-alikes", "prefix",
-/// "country", "check-digit"; "keep" for none. Nothing for other words.
+/// "marks", "country", "check-digit"; "keep" for none. Nothing for other words.
 std::optional<IdRules> id_rules_named(std::string_view text);
 
 /// The names, as the option takes them.

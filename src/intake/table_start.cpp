@@ -11,6 +11,7 @@
 #include "intake/column_recognition.h"
 #include "intake/date_shapes.h"
 #include "intake/export_records.h"
+#include "intake/heading_lines.h"
 
 namespace pedigreewatch {
 namespace {
@@ -29,6 +30,7 @@ struct TopRecord {
   std::size_t begin = 0;
   std::int64_t line = 0;
   std::size_t field_count = 0, filled = 0, known_words = 0;
+  bool numbers_columns = false;
   std::string text;
 };
 
@@ -41,10 +43,11 @@ std::vector<TopRecord> read_top(std::string_view text, char delimiter) {
     if (!next_record(reader, record)) break;
     const std::size_t filled = count_filled(record);
     const std::size_t end = std::min(reader.next, text.size());
-    if (filled > 0) {
-      top.push_back({begin, record.line, record.fields.size(), filled, count_known_words(record.fields),
-                     std::string(trimmed(text.substr(begin, end - begin)))});
-    }
+    if (filled == 0) continue;
+    std::vector<std::string> fields;
+    for (const std::string_view field : record.fields) fields.emplace_back(trimmed(field));
+    top.push_back({begin, record.line, record.fields.size(), filled, count_known_words(record.fields),
+                   number_columns(fields), std::string(trimmed(text.substr(begin, end - begin)))});
   }
   return top;
 }
@@ -60,8 +63,9 @@ std::size_t place_without_header(const std::vector<TopRecord>& top) {
   return place < top.size() ? place : 0;
 }
 
-/// The place of the header: the first record in which two headings or more are known, if no record above it fills as
-/// many fields. The place behind the titles where no heading is known.
+/// The place of the header, below the numbers or letters of the columns if they stand above it: the first record in
+/// which two headings or more are known, if no record above it fills as many fields. The place behind the titles where
+/// no heading is known.
 std::size_t place_of_start(const std::vector<TopRecord>& top) {
   constexpr std::size_t most_fields_above = 3, times_those_above = 2;
   std::size_t widest = 0;
@@ -69,7 +73,7 @@ std::size_t place_of_start(const std::vector<TopRecord>& top) {
     // A line that fills as many fields as an animal is none of the titles.
     const bool is_above = widest <= most_fields_above || top[i].filled >= widest * times_those_above;
     if (top[i].known_words >= 2 && top[i].filled > widest && is_above) return i;
-    widest = std::max(widest, top[i].filled);
+    if (!top[i].numbers_columns) widest = std::max(widest, top[i].filled);
   }
   std::size_t place = 0;
   while (place < top.size() && top[place].filled <= most_fields_of_a_title) ++place;

@@ -23,8 +23,8 @@ std::optional<char> delimiter_told(std::string_view text);
 inline constexpr int most_lines_above = 30;
 
 /// Finds the start among the first lines. What stands above fills three fields at most, or half of those of the header,
-/// and one or two where no heading is known. Where the user says that there is no header, only lines of fewer columns
-/// stand above.
+/// and one or two where no heading is known; or it numbers the columns. Where the user says that there is no header,
+/// only lines of fewer columns stand above.
 TableStart find_table_start(std::string_view text, char delimiter, std::optional<bool> has_header = std::nullopt);
 
 /// What the first record of a table is, as far as its texts tell: those of a header are written unlike those below.

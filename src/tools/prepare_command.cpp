@@ -147,7 +147,7 @@ std::string read_ids(const GivenOption& option, PrepareOptions& options) {
              ? ""
              : expected(
                    option,
-                   "separators, capitals, zeros, look-alikes, prefix, country, check-digit, several of them with + "
+                   "separators, capitals, zeros, look-alikes, marks, prefix, country, check-digit, several of them with + "
                    "between, or keep");
 }
 

@@ -167,6 +167,13 @@ TEST(CutDate, WhatIsNotKnownExactly) {
   EXPECT_EQ(cut_date("before 1972").shape, DateShape::unreadable);
 }
 
+TEST(CutDate, BeforeOrAfterAYearIsNotKnownExactly) {
+  for (const char* const text : {"<1998", "> 1998", "< 1998"}) {
+    EXPECT_EQ(cut_date(text).shape, DateShape::year_only) << text;
+    EXPECT_TRUE(cut_date(text).is_rough) << text;
+  }
+}
+
 TEST(CutDate, NumbersOfDays) {
   for (const char* const text : {"43536", "43536.75", "43536,5"}) {
     EXPECT_EQ(cut_date(text).shape, DateShape::serial) << text;

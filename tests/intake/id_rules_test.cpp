@@ -26,6 +26,12 @@ TEST(AppendIdKey, LeavesOutWhatTheRuleSays) {
   EXPECT_EQ(key("Rex", prefix_rule), "Rex") << "letters alone are no prefix";
   EXPECT_EQ(key("NL-0012", separators_rule | capitals_rule), "nl0012");
   EXPECT_EQ(key("NL-0012", no_id_rule), "NL-0012");
+  for (const char* const text :
+       {"NL12?", "NL12 *", "(NL12)", "\xE2\x80\xA0NL12", "NL12\xE2\x80\xA0", "[NL12]?!", "NL12"}) {
+    EXPECT_EQ(key(text, marks_rule), "NL12") << text;
+  }
+  EXPECT_EQ(key("NL?12", marks_rule), "NL?12") << "within it";
+  EXPECT_EQ(key("???", marks_rule), "???") << "nothing else";
   EXPECT_EQ(key("1234", check_digit_rule), "1234");
   EXPECT_EQ(key("528123456789012", country_rule), "123456789012");
   EXPECT_EQ(key("528 1234-56789012", country_rule), "1234-56789012");
@@ -43,11 +49,12 @@ TEST(WithoutCheckDigit, OfANumberAndWithASignInFront) {
 }
 
 TEST(IdRulesNamed, AsTheOptionHasThem) {
-  constexpr std::array<std::pair<const char*, unsigned>, 9> names = {
+  constexpr std::array<std::pair<const char*, unsigned>, 10> names = {
       {{"separators", separators_rule},
        {"capitals", capitals_rule},
        {"zeros", zeros_rule},
        {"look-alikes", look_alikes_rule},
+       {"marks", marks_rule},
        {"prefix", prefix_rule},
        {"country", country_rule},
        {"check-digit", check_digit_rule},

@@ -40,6 +40,13 @@ TEST(FindTableStart, BehindTitlesAndBlankLines) {
   EXPECT_EQ(start.above.first[1].line, 3);
 }
 
+TEST(FindTableStart, BehindLettersOrNumbersOfTheColumns) {
+  for (const std::string above : {"A;B;C;D;E\n", "1;2;3;4;5\n", "Title\nF1;F2;F3;F4;F5\n"}) {
+    EXPECT_EQ(find_table_start(above + "ID;Sire;Dam;Sex;Born\n" + animals, ';').begin, above.size()) << above;
+  }
+  EXPECT_EQ(find_table_start(std::string("A;B;C;D;X\nID;Sire;Dam;Sex;Born\n") + animals, ';').begin, 0U);
+}
+
 TEST(FindTableStart, BehindATitleOverHeadingsThatNobodyKnows) {
   const TableStart start = find_table_start(std::string("Our animals;;;;\nAA;BB;CC;DD;EE\n") + animals, ';');
   EXPECT_EQ(start.line, 2);
