@@ -131,6 +131,19 @@ TEST(PreparedExport, AsksForParentsThatMayBeUnknown) {
   EXPECT_TRUE(has(known.file("herd.txt"), "Zukauf"));
 }
 
+TEST(PreparedExport, AsksForParentsThatStandForTheLineAbove) {
+  const std::string book = this_year + "D;idem;B;x1;16-01-2004\nE;idem;\"\"\"\";x1;16-01-2004\n";
+  std::vector<std::string> options = {"--male", "x1", "--species", "sheep", "--known", "\""};
+  const WholeRun run = prepared({{"herd.csv", book}}, "herd.csv", options);
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_TRUE(
+      has(run.messages, "* These parents stand for those of a line above, with their young: \"idem\" (2). Which line"))
+      << run.messages;
+  EXPECT_FALSE(has(run.messages, "may stand for"));
+  options.insert(options.end(), {"--unknown", "idem"});
+  EXPECT_EQ(prepared({{"herd.csv", book}}, "herd.csv", options).exit_status, 0);
+}
+
 TEST(PreparedExport, AsksForParentsThatAreExchanged) {
   std::string text = "id;sire;dam;sex;born\n";
   for (int i = 10; i < 40; ++i) {

@@ -141,6 +141,9 @@ constexpr std::array<EvidenceWording, remark_kind_count> remark_wordings = {{
      {"Lines with text behind a closing quotation mark: {1}: {2}",
       "Regels met tekst achter een sluitend aanhalingsteken: {1}: {2}"}},
     {look_at_this, {"Animals without id: {1}: {2}", "Dieren zonder id: {1}: {2}"}},
+    {look_at_this,
+     {"Taken as animals, with an id unlike all others and no sex: {1}: {2}",
+      "Als dier genomen, met een id anders dan alle andere en zonder geslacht: {1}: {2}"}},
     {look_at_this, {"Ids that mean unknown: {1}", "Id's die onbekend betekenen: {1}"}},
     {{"Identifications", "Identificaties"},
      {"Parents are compared with them {1}: {2} parents get a line by that: {3}",
@@ -263,6 +266,10 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "that are; if the others are animals, choose that then.",
      "Deze ouders hebben geen eigen regel en zijn misschien woorden voor een onbekende ouder, met hun nakomelingen: {1}. "
      "Kies welke dat zijn; als de andere dieren zijn, kies dat daarna."},
+    {"These parents stand for those of a line above, with their young: {1}. Which line is meant cannot be known, as lines "
+     "may have been sorted: write the parents out in the export. If they are unknown, choose those.",
+     "Deze ouders staan voor die van een regel erboven, met hun nakomelingen: {1}. Welke regel bedoeld is, valt niet te "
+     "weten, want regels kunnen gesorteerd zijn: schrijf de ouders in de export uit. Als ze onbekend zijn, kies die dan."},
     {"It is not clear which animals are male: the sexes are written {1}. Choose it at \"Sexes\".",
      "Het is niet duidelijk welke dieren mannelijk zijn: de geslachten zijn geschreven als {1}. Kies het bij "
      "\"Geslachten\"."},

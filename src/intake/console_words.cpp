@@ -111,6 +111,8 @@ constexpr std::array<Wording, remark_kind_count> remark_wordings = {{
     {"Look at this: lines with text behind a closing quotation mark: {1}: {2}",
      "Let op: regels met tekst achter een sluitend aanhalingsteken: {1}: {2}"},
     {"Look at this: animals without id: {1}: {2}", "Let op: dieren zonder id: {1}: {2}"},
+    {"Look at this: taken as animals, with an id unlike all others and no sex: {1}: {2}",
+     "Let op: als dier genomen, met een id anders dan alle andere en zonder geslacht: {1}: {2}"},
     {"Look at this: ids that mean unknown: {1}", "Let op: ids die onbekend betekenen: {1}"},
     {"Parents compared with the ids {1}: {2} of them get a line by that: {3}",
      "Ouders vergeleken met de ids {1}: {2} krijgen daardoor een regel: {3}"},
@@ -229,6 +231,12 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "--unknown TEXT, as often as needed; and which are animals: --known TEXT (--known all: all others).",
      "Deze ouders hebben geen eigen regel en betekenen misschien \"onbekend\", met hun nakomelingen: {1}. Zeg welke dat "
      "betekenen: --unknown TEKST, zo vaak als nodig; en welke dieren zijn: --known TEKST (--known all: alle andere)."},
+    {"These parents stand for those of a line above, with their young: {1}. Which line is meant cannot be known, as lines "
+     "may have been sorted: write the parents out in the export. If they are unknown all the same: --unknown TEXT; if they "
+     "are animals: --known TEXT.",
+     "Deze ouders staan voor die van een regel erboven, met hun nakomelingen: {1}. Welke regel bedoeld is, valt niet te "
+     "weten, want regels kunnen gesorteerd zijn: schrijf de ouders in de export uit. Als ze toch onbekend zijn: --unknown "
+     "TEKST; als het dieren zijn: --known TEKST."},
     {"It is not clear which animals are male: the sexes are written {1}. Say how males are written: --male TEXT.",
      "Het is niet duidelijk welke dieren mannelijk zijn: de geslachten zijn geschreven als {1}. Zeg hoe mannetjes "
      "geschreven zijn: --male TEKST."},

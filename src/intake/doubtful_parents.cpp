@@ -7,6 +7,7 @@
 #include <unordered_map>
 
 #include "intake/animal_lines.h"
+#include "intake/value_words.h"
 
 namespace pedigreewatch {
 namespace {
@@ -54,7 +55,7 @@ Candidates candidates_of(const ParentTexts& parents, const TextStyle& ids, std::
   Candidates candidates;
   const auto look_at = [&](const TextCounts& counts, const TextCounts& others) {
     for (const CountedText& entry : counts.texts) {
-      const bool looks_unknown = looks_like_unknown(entry.text, ids);
+      const bool looks_unknown = looks_like_unknown(entry.text, ids) || repeats_line_above(entry.text);
       const bool is_both = find_counted(others, entry.text) != std::string_view::npos;
       if (looks_unknown || is_both || entry.count >= many) {
         candidates.emplace(entry.text, Candidate{{entry.text, 0, 0, 0, looks_unknown}});

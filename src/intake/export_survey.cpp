@@ -161,17 +161,7 @@ void survey_sex_of_animal(ExportSurvey& survey, const ExportRecord& record, cons
   if (!id.empty() && sex != std::string_view::npos) note_sex(survey.links, id, sex);
 }
 
-/// Notes the parents of an animal of which only the name is known.
-void survey_parent_names(ExportSurvey& survey, const ExportRecord& record, const ColumnChoice& columns,
-                         const std::array<std::optional<std::size_t>, 2>& places) {
-  for (std::size_t parent = 0; parent < places.size(); ++parent) {
-    if (!places[parent]) continue;
-    const std::string_view name = name_without_id(record, columns, places, parent);
-    if (!name.empty()) note_text(survey.names_without_id[parent], record.line, name);
-  }
-}
-
-/// What a line says that holds no animal.
+/// What a line says.
 std::string text_of_line(const ExportRecord& record) {
   std::string text;
   for (const std::string_view field : record.fields) {
@@ -180,6 +170,24 @@ std::string text_of_line(const ExportRecord& record) {
     text += trimmed(field);
   }
   return text;
+}
+
+/// Notes an animal that may be none: a place with a date below the last animal, the heading of a litter.
+void survey_odd_animal(ExportSurvey& survey, const ExportRecord& record, const ColumnChoice& columns) {
+  const std::string_view id = trimmed(field_of(record, columns, id_column));
+  if (id.empty() || record.is_further || !columns.place[index_of(sex_column)]) return;
+  if (!means_unknown(trimmed(field_of(record, columns, sex_column))) || !is_unlike(columns.id_style, id)) return;
+  note_text(survey.odd_ids, record.line, text_of_line(record), most_told_lines);
+}
+
+/// Notes the parents of an animal of which only the name is known.
+void survey_parent_names(ExportSurvey& survey, const ExportRecord& record, const ColumnChoice& columns,
+                         const std::array<std::optional<std::size_t>, 2>& places) {
+  for (std::size_t parent = 0; parent < places.size(); ++parent) {
+    if (!places[parent]) continue;
+    const std::string_view name = name_without_id(record, columns, places, parent);
+    if (!name.empty()) note_text(survey.names_without_id[parent], record.line, name);
+  }
 }
 
 void note_line_without_animal(ExportSurvey& survey, RecordKind kind, const ExportRecord& record) {
@@ -244,6 +252,7 @@ ExportSurvey survey_export(std::string_view text, char delimiter, const ColumnCh
       if (columns.place[index_of(code)]) survey_field(survey, code, field_of(record, columns, code), place);
     }
     survey_sex_of_animal(survey, record, columns);
+    survey_odd_animal(survey, record, columns);
     survey_parent_names(survey, record, columns, name_places);
   }
   survey.last_line = reader.next_line - 1;

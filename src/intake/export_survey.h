@@ -60,6 +60,7 @@ struct ExportSurvey {
   LetterCounts letters;
   std::array<NotedTexts, field_count> too_long;
   NotedTexts without_id;
+  NotedTexts odd_ids;                          ///< of animals without a sex: an id written unlike all others
   std::array<NotedTexts, 2> names_without_id;  ///< of fathers and mothers whose identification is empty or unknown
   TextCounts unknown_parents, unknown_ids, sexes, imports, subpopulations, colours, date_words;
   DateSurvey dates;

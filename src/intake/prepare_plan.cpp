@@ -54,12 +54,16 @@ void choose_unknown_parents(const ExportSurvey& survey, const PrepareOptions& op
   plan.unknown_parents.insert(options.unknown.begin(), options.unknown.end());
 }
 
-/// Asks for parents that may be none, but for those that the user has called unknown or known.
-void ask_for_doubtful_parents(const ExportSurvey& survey, const PrepareOptions& options, PreparePlan& plan) {
+/// Asks for parents that may be none, but for those that the user has called unknown or known: for those that stand for
+/// what the line above says, or for all others.
+void ask_for_doubtful_parents(const ExportSurvey& survey, const PrepareOptions& options, bool are_repeated,
+                              PreparePlan& plan) {
   if (is_among("all", options.known)) return;
   CountedList list;
-  Question question = {QuestionKind::parents_doubtful, {}, Setting::unknown, unused_column, {}};
+  const QuestionKind kind = are_repeated ? QuestionKind::parents_repeated : QuestionKind::parents_doubtful;
+  Question question = {kind, {}, Setting::unknown, unused_column, {}};
   for (const DoubtfulParent& parent : survey.doubtful_parents) {
+    if (repeats_line_above(parent.text) != are_repeated) continue;
     if (is_among(parent.text, options.unknown) || is_among(parent.text, options.known)) continue;
     if (list.texts.size() == most_listed_texts) {
       ++list.more;
@@ -170,7 +174,10 @@ PreparePlan plan_preparation(const ExportSurvey& survey, const ColumnChoice& col
   plan.parent_ids = survey.id_substitutes.ids;
   plan.leaves_out_thousands_signs = leaves_out_thousands_signs(survey, options);
   // As long as most parents lack a line, nobody knows which of them may be none.
-  if (plan.questions.size() == columns.questions.size()) ask_for_doubtful_parents(survey, options, plan);
+  if (plan.questions.size() == columns.questions.size()) {
+    ask_for_doubtful_parents(survey, options, false, plan);
+    ask_for_doubtful_parents(survey, options, true, plan);
+  }
   choose_delimiter(survey, plan);
   choose_dates(survey, options, plan);
   choose_sexes_of_plan(survey, columns, options, plan);

@@ -181,6 +181,7 @@ enum class RemarkKind {
   column_counts_differ,          ///< lines, columns of the first line, the lines
   quotes_bad,                    ///< lines, the lines
   ids_missing,                   ///< animals, their lines
+  ids_odd,                       ///< animals, what their lines say
   ids_unknown,                   ///< texts
   ids_with_rules,                ///< rules, parents that get a line by them, some with the animals
   ids_of_thousands,              ///< identifications
@@ -240,6 +241,7 @@ enum class QuestionKind {
   serials_unclear,          ///< dates, one of them, its day counted from 1900, and from 1904
   parents_of_wrong_sex,     ///< field, its name, column, parents whose sex is known, those of the other sex
   parents_doubtful,         ///< texts with their young
+  parents_repeated,         ///< texts that stand for what the line above says, with their young
   sexes_unclear,            ///< texts
   sexes_open,               ///< texts that nobody knows
   sexes_contradict,         ///< text, fathers, mothers

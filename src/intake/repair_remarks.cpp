@@ -57,6 +57,7 @@ void add_repair_remarks(const Preparation& read, const PrepareOptions& options, 
   remark_noted(RemarkKind::headers_again, survey.headers_again, remarks);
   remark_noted(RemarkKind::quotes_bad, survey.bad_quotes, remarks);
   if (is_in_use(read.plan, id_column)) remark_noted(RemarkKind::ids_missing, survey.without_id, remarks);
+  remark_noted(RemarkKind::ids_odd, survey.odd_ids, remarks);
   if (!survey.unknown_ids.texts.empty()) {
     remarks.push_back(
         {RemarkKind::ids_unknown, {list_counted(survey.unknown_ids, [](const CountedText&) { return true; })}});

@@ -328,6 +328,21 @@ bool is_sex_letter(std::string_view text) {
   return text.size() == 1;
 }
 
+bool repeats_line_above(std::string_view text) {
+  constexpr auto words = std::to_array<std::string_view>(
+      {"so",          "sieheoben", "wieoben",  "dito",      "ditto",     "idem",     "id",       "do",
+       "ibid",        "ibidem",    "dgl",      "desgl",     "zieboven",  "alsboven", "seeabove", "asabove",
+       "sameasabove", "same",      "cidessus", "vedisopra", "comosopra", "verarriba"});
+  constexpr auto signs =
+      std::to_array<std::string_view>({"\"", "''", ",,", "\"\"", "^", "=", "||", "\xE2\x80\x9E", "\xE2\x80\x9D",
+                                       "\xE2\x80\x9C", "\xE2\x80\xB3", "\xE2\x86\x91", "\xE3\x80\x83"});
+  const std::size_t first = text.find_first_not_of(" -"), last = text.find_last_not_of(" -");
+  if (first == std::string_view::npos) return false;
+  if (is_among(text.substr(first, last + 1 - first), signs)) return true;
+  const bool may_be_word = text.size() <= longest_word && text.find_first_of("0123456789") == std::string_view::npos;
+  return may_be_word && is_among(folded(text), words);
+}
+
 bool means_no_import(std::string_view text) {
   return means_unknown(text) || (text.size() <= longest_word && is_among(folded(text), no_words));
 }

@@ -13,6 +13,9 @@ bool means_unknown(std::string_view text);
 /// The same, and what offices write for a parent besides: wild, founder, unregistered, N.N., -1, 99999, #N/A, ...
 bool means_unknown_parent(std::string_view text);
 
+/// Whether a text stands for what the line above says: "s.o.", idem, dito, zie boven, two lone quotation marks, ...
+bool repeats_line_above(std::string_view text);
+
 /// Whether a text in the column of imports says that the animal is none: empty, 0, no, nee, false, ..., or unknown.
 bool means_no_import(std::string_view text);
 

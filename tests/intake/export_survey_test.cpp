@@ -101,6 +101,21 @@ TEST(SurveyExport, NotesAnimalsWithoutId) {
   EXPECT_EQ(survey.unknown_ids.texts[0].text, "NA");
 }
 
+TEST(SurveyExport, NotesAnimalsThatMayBeNone) {
+  std::string text = "id;sire;dam;sex;born\n";
+  for (int i = 100; i < 310; ++i) text += "NL" + std::to_string(i) + ";;;m;2001\n";
+  text += "Berlin;;;;22-11-2026\nA-litter of 2003;NL100;;;1-2-2003\nRex;NL100;;f;2003\nNL7;;;;2003\n";
+  ColumnChoice columns = choose_columns(std::vector<std::string>{"id", "sire", "dam", "sex", "born"}, {});
+  columns.id_style = find_id_style(text, ';', columns);
+  ProgressLine unwatched;
+  const ExportSurvey survey = survey_export(text, ';', columns, {}, unwatched);
+  EXPECT_EQ(survey.animal_count, 214);
+  ASSERT_EQ(survey.odd_ids.count, 2);
+  EXPECT_EQ(survey.odd_ids.first[0].line, 212);
+  EXPECT_EQ(survey.odd_ids.first[0].text, "Berlin 22-11-2026");
+  EXPECT_EQ(survey.odd_ids.first[1].line, 213);
+}
+
 TEST(FindIdClashes, IdsThatCuttingMakesEqual) {
   const std::string thirty(30, 'D');
   const std::string lines = thirty + ";;;m;2001;;\n" + thirty + "1;;;m;2001;;\n";

@@ -95,5 +95,15 @@ TEST(MeansUnknownParent, WordsOfOfficesAndErrorsOfSpreadsheets) {
   }
 }
 
+TEST(RepeatsLineAbove, WordsAndSigns) {
+  for (const char* const text : {"s.o.", "Idem", "dito", "do.", "zie boven", "see above", "\"", "''", "- \" -", "-||-",
+                                 "\xE2\x80\x9E", "\xE3\x80\x83"}) {
+    EXPECT_TRUE(repeats_line_above(text)) << text;
+  }
+  for (const char* const text : {"", "-", "?", "NL12", "unknown", "Dora", "\"Rex\"", "s.o. NL1"}) {
+    EXPECT_FALSE(repeats_line_above(text)) << text;
+  }
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test
