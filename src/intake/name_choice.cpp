@@ -20,8 +20,9 @@ namespace {
 
 constexpr std::string_view at_least = "at-least-";
 
-/// More are listed only when the user says so; more than the limit never: the program refuses so many.
-constexpr std::size_t most_subpopulations = 30, subpopulation_limit = 5000;
+/// More are listed only when the user says so; more than the limit never: the program refuses so many. Of
+/// subpopulations the report is too large long before.
+constexpr std::size_t most_subpopulations = 30;
 constexpr std::size_t most_colours = 100, colour_limit = 50000;
 
 /// The report adds these colours itself; in the steer file they would stand twice.
@@ -87,7 +88,7 @@ ReportBytes bytes_with(std::int64_t names, std::int64_t oldest, const ExportSurv
 
 /// Whether no report can be made with so many, however young its parents are.
 bool are_too_many(std::int64_t names, const ExportSurvey& survey, const PreparePlan& plan) {
-  return names > static_cast<std::int64_t>(subpopulation_limit) || is_too_large(bytes_with(names, 0, survey, plan));
+  return is_too_large(bytes_with(names, 0, survey, plan));
 }
 
 /// In whole years, of the parents of which nothing is known yet.
