@@ -189,6 +189,22 @@ TEST(Desk, SaysWhenAFileOfAPairIsNotThere) {
   EXPECT_TRUE(holds(open_given_files(desk, "no-such.ini", "no-such.txt"), "could not be opened"));
 }
 
+TEST(Desk, FindsThirtyAnimals) {
+  const auto found_among = [](int animals) {
+    std::string text = "ID,Name,Sex,Born,Father,Mother\n";
+    for (int k = 10; k < 10 + animals; ++k) text += "A" + std::to_string(k) + ",Rex,ram,13-01-2000,,\n";
+    OpenedDesk opened(text);
+    write_files_of_export(opened.desk);
+    run_analysis(opened.desk);
+    const std::string answer = find_in_results(opened.desk, "Rex");
+    int count = 0;
+    for (std::size_t at = answer.find("\"id\""); at != std::string::npos; at = answer.find("\"id\"", at + 1)) ++count;
+    return count;
+  };
+  EXPECT_EQ(found_among(30), 30);
+  EXPECT_EQ(found_among(31), 30);
+}
+
 TEST(Desk, ShowsAMillionBytesOfASteerFile) {
   const auto shows_line_behind = [](std::size_t bytes) {
     std::string steer = "herd\nherd.txt\n;\nn\ndd-mm-yyyy\nsheep\nm\nen\ny\n0\n0\n";
@@ -351,6 +367,7 @@ TEST(DeskPlanning, TakesNoFieldThatItCannotReadForBlank) {
   };
   expect("matings=0", R"(\u0022matings\u0022: 0 is no number from 1 to 1000000)");
   expect("matings=1000001", "1000001 is no number");
+  EXPECT_FALSE(holds(make_desk_plan(opened.desk, "matings=2\nleastPerMale=1000000\nmostPerMale=2"), "is no number"));
   expect("matings=2\nmostPerMale=1.5", R"(\u0022matings of a male at most\u0022: 1.5 is no number)");
   expect("years=x\nmatings=2", R"(\u0022born in the last years\u0022: x is no number)");
   expect("matings=2\nmostF=101", R"(\u0022F at most\u0022: 101 is no per cent from 0 to 100)");

@@ -214,5 +214,19 @@ TEST(ExportAnswer, ShowsEightyColumns) {
   EXPECT_EQ(columns_shown(81), std::pair(75, 75));
 }
 
+TEST(ExportAnswer, ShowsTwelveLines) {
+  const auto lines_shown = [](int animals) {
+    const std::string answer = answer_on("a.csv", export_with("Coat", animals));
+    const std::size_t begin = answer.find(R"("lines":[)");
+    const std::string lines = answer.substr(begin, answer.find("]]", begin) - begin);
+    int count = 0;
+    for (std::size_t at = lines.find("13-01-2000"); at != std::string::npos; at = lines.find("13-01-2000", at + 1))
+      ++count;
+    return count;
+  };
+  EXPECT_EQ(lines_shown(12), 12);
+  EXPECT_EQ(lines_shown(13), 12);
+}
+
 }  // namespace
 }  // namespace pedigreewatch

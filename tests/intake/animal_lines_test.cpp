@@ -165,5 +165,10 @@ TEST(FindIdStyle, TheFirstTwoThousandRecordsTell) {
   EXPECT_FALSE(is_known_behind(1981));
 }
 
+TEST(KindOfRecord, ARemarkFillsThreeFieldsAtMost) {
+  EXPECT_EQ(kinds_behind("Printed;by;us;;;\n"), Kinds{RecordKind::remark});
+  EXPECT_EQ(kinds_behind("Printed;by;us;all;;\n"), Kinds{RecordKind::animal});
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -188,5 +188,42 @@ TEST(NarrowByContent, FewerThanTwentyTextsTellNoColumn) {
   EXPECT_EQ(place_with(19, 5, birthdate_column), std::nullopt);
 }
 
+/// Only `count` texts of a column are there, of which the last `odd` ones are this text instead.
+std::optional<std::size_t> place_among(std::size_t count, std::size_t column, FieldCode code, const std::string& odd,
+                                       std::size_t odd_count = 1) {
+  Herd herd = herd_with({"ID", "Name", "Sire", "Dam", "Sex", "Born", "Q6"});
+  herd.headings[column] = "Q";
+  for (std::size_t i = 0; i < herd.rows.size(); ++i) {
+    if (i >= count) herd.rows[i][column].clear();
+    if (i < count && i + odd_count >= count) herd.rows[i][column] = odd;
+  }
+  return choose_in(herd).place[code];
+}
+
+TEST(NarrowByContent, OneOddTextInFiftyOrTwentyAndNoMore) {
+  EXPECT_EQ(place_among(50, 4, sex_column, "ill"), Place(4));
+  EXPECT_EQ(place_among(49, 4, sex_column, "ill"), std::nullopt);
+  EXPECT_EQ(place_among(50, 0, id_column, tag(0)), Place(0));
+  EXPECT_EQ(place_among(49, 0, id_column, tag(0)), std::nullopt);
+  EXPECT_EQ(place_among(40, 5, birthdate_column, "spring", 2), Place(5));
+  EXPECT_EQ(place_among(39, 5, birthdate_column, "spring", 2), std::nullopt);
+}
+
+TEST(NarrowByContent, OneFatherInTwentyMayBeAFemale) {
+  // Twenty rams and twenty ewes in turn, and forty young: of so many of the rams, and one of an ewe.
+  const auto place_with_rams = [](int rams) {
+    Herd herd = {{"Q1", "Name", "Q2", "Dam", "Sex", "Born", "Q6"}, {}};
+    for (int i = 0; i < 80; ++i) {
+      const int sire = i == 40 ? 1 : 2 * (i % rams), dam = 2 * (i % 20) + 1;
+      const bool is_young = i >= 40;
+      herd.rows.push_back({tag(i), "Name", is_young ? tag(sire) : "", is_young ? tag(dam) : "",
+                           i % 2 == 0 ? "Ram" : "Ewe", is_young ? "1-3-2003" : "1-3-2001", "x"});
+    }
+    return choose_in(herd).place[sire_column];
+  };
+  EXPECT_EQ(place_with_rams(19), Place(2));
+  EXPECT_EQ(place_with_rams(18), std::nullopt);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -84,5 +84,14 @@ TEST(NoteNumber, ThreeDigitsAreBelowAThousand) {
   EXPECT_EQ(forms_of({"1000"}).other, 1);
 }
 
+TEST(HasThousandsSigns, AThousandOtherTextsAreEnoughToGiveUp) {
+  NumberForms forms;
+  forms.of_thousands = 60'000;
+  forms.other = 1000;
+  EXPECT_TRUE(has_thousands_signs(forms));
+  forms.other = 1001;
+  EXPECT_FALSE(has_thousands_signs(forms)) << "although they are one in sixty";
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

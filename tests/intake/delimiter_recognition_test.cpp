@@ -99,5 +99,11 @@ TEST(RecogniseDelimiter, HeadingsDecideBelowThirtyTitles) {
   EXPECT_EQ(delimiter_below(31), std::nullopt);
 }
 
+TEST(RecogniseDelimiter, ATableHasFiveColumns) {
+  // Decimal commas cut each line in two.
+  EXPECT_EQ(recognise_delimiter("aa;bb;cc;dd;1,5\nx;y;z;m;2,5\n").delimiter, ';');
+  EXPECT_EQ(recognise_delimiter("aa;bb;cc;1,5\nx;y;z;2,5\n").delimiter, std::nullopt);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -108,7 +108,7 @@ TEST(LooksLikeUnknown, WordsZerosAndNines) {
   StyleCounts counts;
   for (int i = 100; i < 140; ++i) count_signs(counts, "NL" + std::to_string(i));
   const TextStyle ids = style_of(counts);
-  for (const char* const text : {"Zukauf", "Import 1", "000", "999", "NL-00000"})
+  for (const char* const text : {"Zukauf", "Import 1", "Herd7", "000", "999", "NL-00000"})
     EXPECT_TRUE(looks_like_unknown(text, ids)) << text;
   // The code of another country is no word.
   for (const char* const text : {"NL7", "GBR7", "990", "99", "NL00"})
@@ -127,6 +127,19 @@ TEST(CountParent, OfALargeExportSomeAreCounted) {
   EXPECT_FALSE(is_counted("NL7", 100'015));
   EXPECT_TRUE(is_counted("NL7", 100'016)) << "one in sixteen";
   EXPECT_TRUE(is_counted("000", 100'001)) << "it looks like no id";
+}
+
+TEST(FindDoubtfulParents, OneInAThousandOfALargePopulation) {
+  // Twelve young of one stranger; the population is said to be larger than the lines.
+  const auto ask = [](std::int64_t animals) {
+    const std::string text = "id;sire;dam;sex;born\n" + young_of("NL9", "", 12);
+    const ColumnChoice columns = choose_columns(std::vector<std::string>{"id", "sire", "dam", "sex", "born"}, {});
+    ParentTexts parents;
+    for (std::int64_t k = 1; k <= 12; ++k) count_parent(parents, "NL9", sire_role, k, {});
+    return find_doubtful_parents(text, ';', columns, parents, {animals, 1}).size();
+  };
+  EXPECT_EQ(ask(12'999), 1U);
+  EXPECT_EQ(ask(13'000), 0U) << "thirteen are many";
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <string_view>
 
 #include "intake/column_recognition.h"
@@ -95,6 +96,19 @@ TEST(ReadHeading, PartsOfAWordHaveTwoLettersAtLeast) {
   EXPECT_EQ(field_read("Idtag"), id_column);
   EXPECT_FALSE(read_heading("Noel").is_understood) << "four letters are no \"no\" and \"el\"";
   EXPECT_FALSE(read_heading("Enelid").is_understood) << "nor is a letter a word";
+}
+
+TEST(ReadHeading, SixtyLettersAtMost) {
+  const auto ear_tag_of = [](int filling_ofs, int filling_thes) {
+    std::string heading = "ear tag";
+    for (int k = 0; k < filling_ofs; ++k) heading += " of";
+    for (int k = 0; k < filling_thes; ++k) heading += " the";
+    return heading;
+  };
+  ASSERT_EQ(ear_tag_of(15, 2).size(), 60U);
+  ASSERT_EQ(ear_tag_of(14, 3).size(), 61U);
+  EXPECT_TRUE(read_heading(ear_tag_of(15, 2)).is_understood);
+  EXPECT_FALSE(read_heading(ear_tag_of(14, 3)).is_understood);
 }
 
 }  // namespace

@@ -118,5 +118,17 @@ TEST(ProposeIdRules, FourExamplesAreShown) {
   EXPECT_EQ(proposal_without_zeros(5).examples.size(), 4U);
 }
 
+TEST(ProposeIdRules, CheckDigitsAreBelievedWhereNineInTenIdsHaveOneLength) {
+  // Each parent names an animal once more, so that three of the long ids stand there twice; three ids are short.
+  const auto explained_among = [](int long_ids) {
+    std::vector<std::string> ids = {"119004", "119012", "119023"};
+    for (int i = 3; i < long_ids - 3; ++i) ids.push_back("2000" + std::to_string(10 + i));
+    for (const char* const other : {"7001", "7002", "7003"}) ids.emplace_back(other);
+    return proposal_of(ids, {"11900", "11901", "11902"}).explained;
+  };
+  EXPECT_EQ(explained_among(30), 3);
+  EXPECT_EQ(explained_among(29), 0);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

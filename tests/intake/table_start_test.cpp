@@ -145,5 +145,10 @@ TEST(LookAtFirstRecord, FiveHundredRecordsAreCompared) {
   EXPECT_EQ(first_above("x;y", lines), FirstRecord::header);
 }
 
+TEST(FindTableStart, ATableOfFourColumnsHasNoTitle) {
+  EXPECT_EQ(find_table_start("Our animals;;;;\nAA;BB;CC;DD;EE\nrex;x;y;z;1\n", ';').line, 2);
+  EXPECT_EQ(find_table_start("Our animals;;;\nAA;BB;CC;DD\nrex;x;y;z\n", ';').line, 1);
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

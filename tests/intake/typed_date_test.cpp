@@ -67,6 +67,8 @@ TEST(TypedDate, IsKeptAsTheNumberOfItsDay) {
   EXPECT_EQ(column.kept("43540"), "43540");
   EXPECT_EQ(column.kept("18-05-1927"), "10000") << "the first number of five digits";
   EXPECT_EQ(column.kept("17-05-1927"), "17-05-1927") << "shorter numbers are no dates";
+  EXPECT_EQ(column.kept("13-10-2173"), "99999") << "the last one";
+  EXPECT_EQ(column.kept("14-10-2173"), "14-10-2173");
   EXPECT_EQ(column.kept("03-04-2019"), "2019-04-03 or 2019-03-04");
   EXPECT_EQ(Column({"43538"}, DateSystem::since_1904).kept("14-03-2019"), "42076");
   EXPECT_EQ(day_shown("43538", column.plan), "14-03-2019");
