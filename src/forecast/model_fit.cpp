@@ -237,9 +237,9 @@ void fit_nearness(ModelBasis& basis, std::uint64_t seed, AncestorWalk* walk, Fit
 
 /// Years of the herds that are tried for what is said, at most.
 std::int64_t years_of_said_fit(const SaidFigures& said, std::int32_t trials) {
-  std::int64_t years = said.same_sire_in_year || said.same_sire_in_life ? said_steps * trial_years : 0;
+  std::int64_t years = said.same_sire_in_year || said.same_sire_in_life ? std::int64_t{said_steps} * trial_years : 0;
   for (const Sex sex : {male, female}) {
-    if (said.years_in_use.of(sex)) years += (life_steps - 1) * years_of_lives(*said.years_in_use.of(sex));
+    if (said.years_in_use.of(sex)) years += std::int64_t{life_steps - 1} * years_of_lives(*said.years_in_use.of(sex));
   }
   return years * trials;
 }

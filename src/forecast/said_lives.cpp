@@ -59,6 +59,7 @@ void set_first_ages(Sex sex, double mean_age, BasePeriod& base) {
     (sum < mean_age * static_cast<double>(entries.size()) ? low : high) = middle;
   }
   std::vector<std::int32_t> ages;
+  ages.reserve(careers.careers.size());
   for (std::int32_t number = 0; number < std::ssize(careers.careers); ++number) {
     ages.push_back(static_cast<std::int32_t>(std::lround(age_of(number, high))));
   }
