@@ -203,6 +203,7 @@ const texts = {
   forecastAgeSires: ["age of sires at least", "leeftijd van vaders minstens"], forecastAgeDams: ["age of dams at least", "leeftijd van moeders minstens"],
   forecastImportSires: ["imported sires a year", "ingevoerde vaders per jaar"], forecastImportDams: ["imported dams a year", "ingevoerde moeders per jaar"],
   forecastSlider: ["{1} (slider)", "{1} (schuif)"], forecastNoRule: ["no such rule", "geen regel"],
+  forecastMore: ["More rules, and figures of the practice", "Meer regels, en cijfers van de praktijk"],
   makeForecast: ["Make the forecast", "Maak de vooruitblik"], stopForecast: ["Stop", "Stop"],
   forecastDone: ["{1} of {2} replicates", "{1} van {2} herhalingen"], forecastStopped: ["stopped after {1} of {2} replicates", "gestopt na {1} van {2} herhalingen"],
   saveForecast: ["Save the forecast", "Bewaar de vooruitblik"], saveForecastPage: ["Save as a page", "Bewaar als pagina"],

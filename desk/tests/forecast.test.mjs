@@ -59,6 +59,30 @@ test("AFieldThatCannotBeReadIsNamed", () => withDesk(async (page) => {
   assert.equal(await charts(page), 0);
 }));
 
+test("FiguresOfThePracticeAndRulesThatAreSeldomUsedHaveFieldsToo", () => withDesk(async (page) => {
+  await openForecast(page);
+  await page.waitForSelector("#forecast-young-a-litter");
+  const isOpen = () => page.$eval("#forecast-more", ({ open }) => open);
+  assert.equal(await isOpen(), false);
+  assert.deepEqual(await page.$$eval("#forecast-exchange option", (options) => options.map(({ value, text }) => `${value} ${text}`)),
+    [" ", "open open", "closed closed", "rotation rotation"]);
+  assert.equal(await page.$$eval("#forecast-sires", (fields) => fields.length), 1, "what has a field above has no other");
+  await page.click("#forecast-more summary");
+  await setField(page, "years", "5");
+  await setField(page, "young-a-litter", "6,5");
+  await page.select("#forecast-one-litter-a-dam", "yes");
+  await page.click("#make-forecast");
+  await page.waitForFunction(() => document.querySelector("#forecast-progress").textContent === "100 of 100 replicates");
+  assert.match(await textOf(page, "#forecast-body"), /One litter a dam: yes.*goes on with what is said: young a litter: 6\.5/s);
+  assert.equal(await isOpen(), true, "something stands in it");
+  assert.equal(await page.$eval("#forecast-one-litter-a-dam", ({ value }) => value), "yes");
+  assert.deepEqual(await violations(page), []);
+  await setField(page, "same-sire-in-year", "0.1");
+  await page.click("#make-forecast");
+  await idle(page);
+  assert.match(await textOf(page, "#step"), /this cannot be reached: with these sires and litters it comes to/);
+}));
+
 test("ASliderSetsItsRuleAndBeginsTheForecastAnew", () => withDesk(async (page) => {
   await openForecast(page);
   const slider = "#slider-most-litters-a-year";

@@ -92,6 +92,7 @@ constexpr auto texts_of_desk = std::to_array<TextOfDesk>({
     {"planWorkbook", pedigreewatch::plan_workbook},
     {"forecastPage", pedigreewatch::forecast_page},
     {"forecast", pedigreewatch::forecast_table},
+    {"forecastFields", pedigreewatch::forecast_fields},
     {"years", pedigreewatch::years_table},
     {"subpopulations", pedigreewatch::subpopulations_table},
     {"animals", pedigreewatch::animals_table},

@@ -71,8 +71,8 @@ void desk_forecast(DeskHandle* handle, const char* settings);
 void desk_grow_forecast(DeskHandle* handle, std::int32_t milliseconds);
 
 /// A text of the results: "body", "page", "report", "reportText", "findings", "findingsWorkbook", "officeWorkbook",
-/// "males", "mates", "matesWorkbook", "plan", "contributions", "planPage", "forecast", "forecastPage", "animalPage",
-/// "style", "animalStyle", "script", "years", "subpopulations", "animals", "diversity", "standing". Others leave
-/// nothing.
+/// "males", "mates", "matesWorkbook", "plan", "contributions", "planPage", "forecast", "forecastPage",
+/// "forecastFields", "animalPage", "style", "animalStyle", "script", "years", "subpopulations", "animals", "diversity",
+/// "standing". Others leave nothing.
 void desk_text(DeskHandle* handle, const char* name);
 }

@@ -14,6 +14,7 @@
 #include "forecast/forecast_words.h"
 #include "forecast/model_fit.h"
 #include "forecast/rule_reading.h"
+#include "forecast/said_practice.h"
 #include "page/forecast_page.h"
 #include "planning/parent_use.h"
 #include "tables/forecast_tables.h"
@@ -33,21 +34,22 @@ constexpr Wording years_expected = {"\"years\": a number of years from 1 to 200 
 constexpr Wording field_fault = {"\"{1}\": {2}: {3}", "\"{1}\": {2}: {3}"};
 constexpr Wording typed_rules = {"these rules", "deze regels"};
 
-/// Rules that have a field in the page, and whether a number in it is per cent.
-struct RuleField {
-  std::string_view name;
-  bool is_percentage = false;
-};
-constexpr auto rule_fields = std::to_array<RuleField>({{"most-litters-a-year"},
-                                                       {"most-litters-in-life"},
-                                                       {"sires"},
-                                                       {"litters"},
-                                                       {"most-f", true},
-                                                       {"kinship-below", true},
-                                                       {"least-age-sires"},
-                                                       {"least-age-dams"},
-                                                       {"import-sires"},
-                                                       {"import-dams"}});
+constexpr Wording figures_heading = {"Figures of the practice, in place of what was measured; blank: as measured.",
+                                     "Cijfers van de praktijk, in plaats van wat gemeten is; leeg: zoals gemeten."};
+constexpr auto choices = std::to_array<std::pair<std::string_view, Wording>>({{"yes", {"yes", "ja"}},
+                                                                              {"open", {"open", "open"}},
+                                                                              {"closed", {"closed", "gesloten"}},
+                                                                              {"rotation", {"rotation", "rotatie"}}});
+
+bool takes(std::string_view name, std::string_view value) {
+  BreedingRules tried;
+  return take_rule(name, value, tried).reason.english.empty();
+}
+
+/// Whether a number in a field is per cent: without the sign it would be none.
+bool is_percentage(std::string_view name) {
+  return takes(name, "5%") && !takes(name, "5");
+}
 
 void add_messages(JsonText& json, const std::vector<std::string>& messages) {
   begin_list(json, "messages");
@@ -70,28 +72,31 @@ std::string_view label_of(std::string_view name, ToolLanguage language) {
   return name;
 }
 
-/// The rules of the fields that are filled in; what is wrong with them is added to the faults.
-BreedingRules rules_typed(std::string_view settings, ToolLanguage language, std::vector<std::string>& faults) {
-  BreedingRules rules;
-  rules.name = words_of(typed_rules, language);
-  for (const RuleField& field : rule_fields) {
-    std::string value(value_named(settings, field.name));
+/// What is typed: figures of the practice, and rules.
+struct TypedRules {
+  BreedingRules present, rules;
+};
+
+/// Of the fields that are filled in; what is wrong with them is added to the faults.
+TypedRules rules_typed(std::string_view settings, ToolLanguage language, std::vector<std::string>& faults) {
+  TypedRules typed;
+  typed.present.name = present_practice;
+  typed.rules.name = words_of(typed_rules, language);
+  for (const RuleForm& form : rule_forms()) {
+    std::string value(value_named(settings, form.name));
     if (value.empty()) continue;
-    if (field.is_percentage) {
-      std::replace(value.begin(), value.end(), ',', '.');
-      if (!value.ends_with('%')) value.push_back('%');
-    }
-    const RuleProblem problem = take_rule(field.name, value, rules);
+    std::replace(value.begin(), value.end(), ',', '.');
+    if (is_percentage(form.name) && !value.ends_with('%')) value.push_back('%');
+    const RuleProblem problem = take_rule(form.name, value, form.is_figure ? typed.present : typed.rules);
     if (problem.reason.english.empty()) continue;
     faults.push_back(phrase(field_fault, language,
-                            {label_of(field.name, language), shown(readable(value)), reason_of(problem, language)}));
+                            {label_of(form.name, language), shown(readable(value)), reason_of(problem, language)}));
   }
-  return rules;
+  return typed;
 }
 
-void add_contradictions(const BreedingRules& rules, const BasePeriod& base, ToolLanguage language,
-                        std::vector<std::string>& faults) {
-  for (const RuleProblem& problem : find_contradictions(rules, base)) {
+void add_problems(const std::vector<RuleProblem>& problems, ToolLanguage language, std::vector<std::string>& faults) {
+  for (const RuleProblem& problem : problems) {
     const auto& [name, value, line] = problem.written;
     faults.push_back(phrase(field_fault, language, {label_of(name, language), value, reason_of(problem, language)}));
   }
@@ -131,46 +136,78 @@ bool has_replicates(const Desk& desk) {
   return desk.results && desk.forecast && !desk.forecast->growing->forecast.scenarios.front().replicates.empty();
 }
 
-/// Measures what the forecast goes by, and says it.
-void describe_practice(const Desk& desk, const BasePeriod& base, DeskForecast& made) {
+/// Measures what the forecast goes by, and says it, with what is said in its place; `base` has that then.
+void describe_practice(const Desk& desk, const BreedingRules& present, BasePeriod& base, DeskForecast& made) {
   const Block& whole = desk.results->population.analysis.whole;
   const PopulationStore& store = desk.results->population.store;
-  const FamilyPractice families = measure_practice(made.records, base);
+  const FamilyPractice measured = measure_practice(made.records, base);
   made.practice = practice_sentences(
-      base, count_practice(whole.tables, store.birth_years, base.first_year, base.last_year), families, desk.language);
-  made.warnings = warning_sentences(families, desk.language);
+      base, count_practice(whole.tables, store.birth_years, base.first_year, base.last_year), measured, desk.language);
+  for (std::string& line : said_sentences(present, desk.language)) made.practice.push_back(std::move(line));
+  apply_said_figures(made.records, present.said, base);
+  made.warnings = warning_sentences(practice_as_said(measured, present.said, base), desk.language);
   made.past = list_real_years(made.records, whole.inbreeding, whole.tables);
 }
 
-}  // namespace
-
-std::string begin_desk_forecast(Desk& desk, std::string_view settings) {
-  desk.forecast.reset();
-  if (!desk.results) return refusal_of({std::string(words_of(no_results_yet, desk.language))});
+/// Begins a forecast of what is typed. Yields what stands in the way.
+std::vector<std::string> begin_typed_forecast(Desk& desk, TypedRules typed, const ForecastSettings& wanted) {
   std::vector<std::string> faults;
-  std::vector<BreedingRules> scenarios(1);
-  scenarios.front().name = present_practice;
-  BreedingRules typed = rules_typed(settings, desk.language, faults);
-  ForecastSettings wanted;
-  wanted.replicates = desk_replicates;
-  wanted.years = years_typed(settings, desk.language, faults);
-  if (!faults.empty()) return refusal_of(faults);
-  tell(desk.watch, "forecast");
   const PopulationStore& store = desk.results->population.store;
   const std::optional<std::int32_t> last = last_full_year(store);
   auto made = std::make_unique<DeskForecast>(
       DeskForecast{list_families(store, desk.results->population.analysis.years, last.value_or(0))});
   std::optional<BasePeriod> base = last ? measure_base_period(made->records) : std::nullopt;
-  if (!base) return refusal_of({std::string(words_of(too_few_birth_years, desk.language))});
-  add_contradictions(typed, *base, desk.language, faults);
-  if (!faults.empty()) return refusal_of(faults);
-  if (!typed.written.empty()) scenarios.push_back(std::move(typed));
-  describe_practice(desk, *base, *made);
+  if (!base) return {std::string(words_of(too_few_birth_years, desk.language))};
+  add_problems(find_wrong_figures(typed.present, *base), desk.language, faults);
+  add_problems(find_contradictions(typed.rules, *base), desk.language, faults);
+  if (!faults.empty()) return faults;
+  describe_practice(desk, typed.present, *base, *made);
+  std::vector<BreedingRules> scenarios(1);
+  scenarios.front().name = present_practice;
+  if (!typed.rules.written.empty()) scenarios.push_back(std::move(typed.rules));
   made->basis.emplace(make_model_basis(made->records, std::move(*base), wanted.seed));
   fit_use(*made->basis, wanted.seed);
+  add_problems(fit_as_said(*made->basis, typed.present, wanted.seed).problems, desk.language, faults);
+  if (!faults.empty()) return faults;
   made->growing.emplace(begin_forecast(*made->basis, scenarios, wanted));
   desk.forecast = std::move(made);
-  return answer_of(wanted);
+  return faults;
+}
+
+}  // namespace
+
+std::string forecast_fields(const Desk& desk) {
+  std::string lines;
+  bool is_figure = false;
+  for (const RuleForm& form : rule_forms()) {
+    if (form.is_figure && !is_figure)
+      lines.append("\t").append(words_of(figures_heading, desk.language)).push_back('\n');
+    is_figure = form.is_figure;
+    lines.append(form.name).append("\t").append(words_of(form.label, desk.language));
+    if (is_percentage(form.name)) lines.append(", %");
+    lines.push_back('\t');
+    for (const auto& [value, words] : choices) {
+      if (!takes(form.name, value)) continue;
+      if (lines.back() != '\t') lines.push_back(',');
+      lines.append(value).append(":").append(words_of(words, desk.language));
+    }
+    lines.push_back('\n');
+  }
+  return lines;
+}
+
+std::string begin_desk_forecast(Desk& desk, std::string_view settings) {
+  desk.forecast.reset();
+  if (!desk.results) return refusal_of({std::string(words_of(no_results_yet, desk.language))});
+  std::vector<std::string> faults;
+  TypedRules typed = rules_typed(settings, desk.language, faults);
+  ForecastSettings wanted;
+  wanted.replicates = desk_replicates;
+  wanted.years = years_typed(settings, desk.language, faults);
+  if (!faults.empty()) return refusal_of(faults);
+  tell(desk.watch, "forecast");
+  faults = begin_typed_forecast(desk, std::move(typed), wanted);
+  return faults.empty() ? answer_of(wanted) : refusal_of(faults);
 }
 
 std::string grow_desk_forecast(Desk& desk, std::int32_t milliseconds) {

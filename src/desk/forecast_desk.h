@@ -9,9 +9,14 @@
 
 namespace pedigreewatch {
 
-/// Measures the practice and begins a forecast. `settings` are lines of name and value: years, and rules by the names
-/// of the file of rules (blank: no such rule). Yields an object: messages (what stands in the way), replicates
-/// (wanted).
+/// The fields of a forecast: a line for each rule, then one with a heading behind a tab, then one for each figure of
+/// the practice: name, label, and choices as value:word, separated by commas (none: something is typed), with tabs
+/// between.
+std::string forecast_fields(const Desk& desk);
+
+/// Measures the practice and begins a forecast. `settings` are lines of name and value: years, rules and figures
+/// of the practice by the names of the file of rules (blank: no such rule, as measured). Yields an object: messages
+/// (what stands in the way), replicates (wanted).
 std::string begin_desk_forecast(Desk& desk, std::string_view settings);
 
 /// Makes replicates for so long, one at least. Yields an object: messages, done (replicates so far), replicates, html

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
-#include <unordered_map>
 
 #include "forecast/said_lives.h"
 #include "forecast/use_evenness.h"
@@ -90,19 +89,19 @@ void move_powers(ModelBasis& basis, const UseEvenness& observed, const UseEvenne
   basis.use_power = std::clamp(basis.use_power + year_gap - use_for_life * more_life, least_use_power, most_use_power);
 }
 
-/// The first and the last year in which somebody had litters.
+/// The first and the last trial year in which somebody had litters; 0: none.
 struct LitterYears {
   std::int32_t first = 0, last = 0;
 };
 
-/// By animal of the pedigree.
-using LitterYearsByAnimal = std::unordered_map<std::int32_t, LitterYears>;
-
-void note_litters(const ModelHerd& herd, Sex sex, std::int32_t year, LitterYearsByAnimal& seen) {
+/// Notes the litters of the year that the herd has lived last, by animal of the pedigree.
+void note_litters(const ModelHerd& herd, Sex sex, std::int32_t year, std::vector<LitterYears>& seen) {
+  seen.resize(static_cast<std::size_t>(herd.pedigree.count()) + 1);
   for (std::size_t k = herd.first_of_year; k < herd.families.size(); ++k) {
     const std::int32_t parent = sex == male ? herd.families[k].sire : herd.families[k].dam;
     if (parent <= herd.basis.pedigree.count()) continue;
-    LitterYears& years = seen.try_emplace(parent, LitterYears{year, year}).first->second;
+    LitterYears& years = seen[static_cast<std::size_t>(parent)];
+    if (years.first == 0) years.first = year;
     years.last = year;
   }
 }
@@ -119,14 +118,14 @@ std::optional<double> try_lives(const Fit& fit, Sex sex, double said_years) {
   double sum = 0.0, count = 0.0;
   for (std::int32_t trial = 0; trial < trials_of(fit.basis.base) && !fit.watch.is_stopped; ++trial) {
     ModelHerd herd = begin_herd(fit.basis, fit.present, fit.seed, -1 - trial, fit.walk);
-    LitterYearsByAnimal seen;
+    std::vector<LitterYears> seen;
     for (std::int32_t year = 1; year <= years; ++year) {
       if (!fit.watch.goes_on() || !live_year(herd, fit.basis.base.last_year + year)) break;
-      note_litters(herd, sex, fit.basis.base.last_year + year, seen);
+      note_litters(herd, sex, year, seen);
     }
-    for (const auto& [parent, of_parent] : seen) {
-      if (of_parent.first > fit.basis.base.last_year + trial_years) continue;
-      sum += of_parent.last - of_parent.first + 1;  // whole numbers: the order does not matter
+    for (const LitterYears& of_parent : seen) {
+      if (of_parent.first == 0 || of_parent.first > trial_years) continue;
+      sum += of_parent.last - of_parent.first + 1;
       count += 1.0;
     }
     if (fit.walk != nullptr) shorten_walk(*fit.walk, fit.basis.pedigree.count());

@@ -522,7 +522,8 @@ ReadScenarios read_scenarios(std::string_view text) {
 std::vector<RuleProblem> find_wrong_figures(const BreedingRules& present, const BasePeriod& base) {
   std::vector<RuleProblem> problems;
   const WrittenRule* const rule = find_written(present, "sires-of-others");
-  if (rule != nullptr && base.years.front().size() < 2) problems.push_back({rule->line, rule->text(), no_groups});
+  if (rule != nullptr && base.years.front().size() < 2)
+    problems.push_back({rule->line, rule->text(), no_groups, {}, *rule});
   for (const Sex sex : {male, female}) add_ages_never_seen(present, base, sex, problems);
   return problems;
 }

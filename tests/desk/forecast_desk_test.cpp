@@ -79,6 +79,36 @@ TEST(DeskForecasting, SaysWhichFieldIsWrong) {
   EXPECT_TRUE(is_in(said("least-age-sires=61"), "leeftijd van vaders minstens"));
 }
 
+TEST(DeskForecasting, GoesOnWithFiguresThatAreTyped) {
+  DeskWithFlock opened(10);
+  EXPECT_EQ(begin_desk_forecast(opened.desk, "years=5\nyoung-a-litter=2,5\nmales=40\nfirst-age-sires=1,5\nplan=yes"),
+            R"({"messages":[],"replicates":100})");
+  const std::string first = grow_desk_forecast(opened.desk, 60'000);
+  EXPECT_TRUE(is_in(first, "the forecast goes on with what is said: young a litter: 2.5"));
+  Files files = files_of(flock(10), SteerLines{});
+  files["forecast.ini"] =
+      "[present]\nyoung-a-litter = 2.5\nmales = 40%\nfirst-age-sires = 1.5\n[these rules]\nplan = yes\n";
+  const WholeRun run = run_program_on(files, tools_with({"forecast", "--years", "5", "--rules", "forecast.ini"}));
+  EXPECT_EQ(forecast_table(opened.desk), run.file("dogs_forecast.tsv")) << run.console << run.messages;
+  const auto said = [&](const char* settings) { return begin_desk_forecast(opened.desk, settings); };
+  EXPECT_TRUE(is_in(said("sires-of-others=5"), "the population has no subpopulations")) << said("sires-of-others=5");
+  EXPECT_TRUE(
+      is_in(said("same-sire-in-year=2"), ": 2%: this cannot be reached: with these sires and litters it comes to"));
+  EXPECT_TRUE(is_in(grow_desk_forecast(opened.desk, 0), "There is no forecast."));
+}
+
+TEST(DeskForecasting, ListsItsFields) {
+  Desk desk;
+  const std::string fields = forecast_fields(desk);
+  EXPECT_TRUE(fields.starts_with("most-litters-a-year\tlitters of a sire a year, at most\t\n")) << fields;
+  EXPECT_TRUE(is_in(fields, "\nplan\tmatings of each year by a plan of least kinship\tyes:yes\n")) << fields;
+  EXPECT_TRUE(is_in(fields, "\nmales\tmales among the young, %\t\n")) << fields;
+  EXPECT_TRUE(
+      is_in(fields, "\n\tFigures of the practice, in place of what was measured; blank: as measured.\nyoung-a"));
+  desk.language = ToolLanguage::dutch;
+  EXPECT_TRUE(is_in(forecast_fields(desk), "\topen:open,closed:gesloten,rotation:rotatie\n"));
+}
+
 TEST(DeskForecasting, NeedsThreeYearsAndResults) {
   DeskWithFlock opened(2);
   EXPECT_TRUE(is_in(begin_desk_forecast(opened.desk, ""), "three birth years"));
