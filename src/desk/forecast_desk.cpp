@@ -85,7 +85,6 @@ TypedRules rules_typed(std::string_view settings, ToolLanguage language, std::ve
   for (const RuleForm& form : rule_forms()) {
     std::string value(value_named(settings, form.name));
     if (value.empty()) continue;
-    std::replace(value.begin(), value.end(), ',', '.');
     if (is_percentage(form.name) && !value.ends_with('%')) value.push_back('%');
     const RuleProblem problem = take_rule(form.name, value, form.is_figure ? typed.present : typed.rules);
     if (problem.reason.english.empty()) continue;

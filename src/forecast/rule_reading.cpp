@@ -10,8 +10,10 @@
 #include <optional>
 #include <utility>
 
+#include "checks/readable_text.h"
 #include "forecast/model_plan.h"
 #include "planning/plan_words.h"
+#include "text/encoding.h"
 
 namespace pedigreewatch {
 namespace {
@@ -375,7 +377,8 @@ std::string_view trimmed(std::string_view text) {
 
 /// Begins a scenario; yields what is wrong with its line.
 RuleProblem begin_scenario(std::string_view line, ReadScenarios& read) {
-  const std::string name(line.ends_with(']') ? trimmed(line.substr(1, line.size() - 2)) : std::string_view());
+  const std::string name =
+      with_controls_named(line.ends_with(']') ? trimmed(line.substr(1, line.size() - 2)) : std::string_view());
   if (name.empty()) return {0, std::string(line), no_name};
   const bool is_given = std::any_of(read.scenarios.begin(), read.scenarios.end(),
                                     [&](const BreedingRules& rules) { return rules.name == name; });
@@ -390,15 +393,29 @@ RuleProblem begin_scenario(std::string_view line, ReadScenarios& read) {
 struct RulesReading {
   ReadScenarios read;
   bool is_present = false;
+  bool is_nowhere = false;  ///< the name above is wrong: its rules are not those of the scenario before it
 };
 
 RuleProblem begin_rules(std::string_view line, RulesReading& reading) {
   const bool is_closed = line.ends_with(']');
   const bool is_present = is_closed && trimmed(line.substr(1, line.size() - 2)) == present_practice;
   reading.is_present = is_present && reading.read.present.name.empty();
-  if (!reading.is_present) return begin_scenario(line, reading.read);
+  reading.is_nowhere = false;
+  if (!reading.is_present) {
+    RuleProblem problem = begin_scenario(line, reading.read);
+    reading.is_nowhere = !problem.reason.english.empty();
+    return problem;
+  }
   reading.read.present.name = present_practice;
   return {};
+}
+
+std::string in_small_letters(std::string_view name) {
+  std::string small(name);
+  for (char& letter : small) {
+    if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+  }
+  return small;
 }
 
 bool is_of_present(std::string_view name) {
@@ -408,16 +425,25 @@ bool is_of_present(std::string_view name) {
 RuleProblem take_line(std::string_view line, std::int64_t number, RulesReading& reading) {
   if (line.empty() || line.front() == '#' || line.front() == ';') return {};
   if (line.front() == '[') return begin_rules(line, reading);
+  if (reading.is_nowhere) return {};
   const std::size_t sign = line.find('=');
   if (sign == std::string_view::npos) return {0, std::string(line), no_rule_line};
   if (reading.read.scenarios.empty() && !reading.is_present) return {0, std::string(line), no_scenario_yet};
-  const std::string_view name = trimmed(line.substr(0, sign));
-  if (find_rule(name) != nullptr && reading.is_present && !is_of_present(name)) {
-    return {0, std::string(name), no_figure_of_present};
-  }
-  if (!reading.is_present && is_figure(name)) return {0, std::string(name), no_rule_but_figure};
+  const std::string name = in_small_letters(trimmed(line.substr(0, sign)));
+  if (find_rule(name) != nullptr && reading.is_present && !is_of_present(name)) return {0, name, no_figure_of_present};
+  if (!reading.is_present && is_figure(name)) return {0, name, no_rule_but_figure};
   BreedingRules& rules = reading.is_present ? reading.read.present : reading.read.scenarios.back();
   return take_rule(name, trimmed(line.substr(sign + 1)), rules, number);
+}
+
+/// The one form that a value has: with a decimal point, and without a blank before the sign of per cent.
+std::string as_written(std::string_view typed) {
+  std::string value(typed);
+  std::replace(value.begin(), value.end(), ',', '.');
+  if (!value.ends_with('%')) return value;
+  value.pop_back();
+  while (value.ends_with(' ')) value.pop_back();
+  return value + '%';
 }
 
 const WrittenRule* find_written(const BreedingRules& rules, std::string_view name) {
@@ -481,15 +507,16 @@ std::vector<RuleForm> rule_forms() {
   return forms;
 }
 
-RuleProblem take_rule(std::string_view name, std::string_view value, BreedingRules& rules, std::int64_t line) {
+RuleProblem take_rule(std::string_view name, std::string_view typed, BreedingRules& rules, std::int64_t line) {
   const Rule* const rule = find_rule(name);
   if (rule == nullptr) return {0, std::string(name), no_such_rule};
   if (find_written(rules, name) != nullptr) return {0, std::string(name), twice};
   const RuleForm& form = rule->form;
+  std::string value = as_written(typed);
   if (!rule->take(value, form, rules)) {
-    return {0, std::string(value), form.expected, {number_text(form.least), number_text(form.most)}};
+    return {0, std::string(typed), form.expected, {number_text(form.least), number_text(form.most)}};
   }
-  rules.written.push_back({std::string(name), std::string(value), line});
+  rules.written.push_back({std::string(name), std::move(value), line});
   return {};
 }
 
@@ -498,11 +525,12 @@ bool is_figure(std::string_view name) {
   return rule != nullptr && rule->form.is_figure;
 }
 
-ReadScenarios read_scenarios(std::string_view text) {
+ReadScenarios read_scenarios(std::string_view bytes) {
   RulesReading reading;
   ReadScenarios& read = reading.read;
-  constexpr std::string_view mark = "\xEF\xBB\xBF";
-  if (text.starts_with(mark)) text.remove_prefix(mark.size());
+  const Encoding encoding = recognise_encoding(bytes).encoding.value_or(Encoding::windows_1252);
+  const DecodedText decoded = decode(std::string(bytes), encoding);
+  std::string_view text = decoded.text;
   for (std::int64_t number = 1; !text.empty(); ++number) {
     const std::size_t end = std::min(text.find('\n'), text.size());
     RuleProblem problem = take_line(trimmed(text.substr(0, end)), number, reading);

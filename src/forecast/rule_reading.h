@@ -42,8 +42,8 @@ std::string reason_of(const RuleProblem& problem, ToolLanguage language);
 /// A rule in words, with its value as it was written; in Dutch with a decimal comma.
 std::string rule_in_words(const WrittenRule& rule, ToolLanguage language);
 
-/// Takes a rule of this line by its name and value. Yields what is wrong; without a reason: nothing.
-RuleProblem take_rule(std::string_view name, std::string_view value, BreedingRules& rules, std::int64_t line = 0);
+/// Takes a rule of this line by its name and value, with a decimal point or comma. Yields what is wrong; without a reason: nothing.
+RuleProblem take_rule(std::string_view name, std::string_view typed, BreedingRules& rules, std::int64_t line = 0);
 
 struct ReadScenarios {
   std::vector<BreedingRules> scenarios;
@@ -55,8 +55,9 @@ struct ReadScenarios {
 inline constexpr std::size_t most_scenarios = 12;
 
 /// The scenarios of a file: a name in square brackets, and the rules below it; below [present] figures of the practice.
-/// Lines that begin with # or ; are for people. UTF-8.
-ReadScenarios read_scenarios(std::string_view text);
+/// Lines that begin with # or ; are for people. In UTF-8, or in
+/// another encoding that is recognised; names come in UTF-8.
+ReadScenarios read_scenarios(std::string_view bytes);
 
 /// The scenario of the rules on the command line.
 inline constexpr std::string_view options_scenario = "options";

@@ -67,6 +67,14 @@ TEST(TakeRule, RefusesValuesOutsideTheirBounds) {
   EXPECT_EQ(fault_of("most-liters-a-year", "5"), "there is no such rule");
 }
 
+TEST(TakeRule, TakesADecimalComma) {
+  EXPECT_DOUBLE_EQ(*with("most-f", "6,25 %").most_f, 0.0625);
+  EXPECT_EQ(with("first-age-dams", "2,5").written.front().value, "2.5");
+  EXPECT_EQ(with("kinship-below", "60 %").written.front().value, "60%");
+  EXPECT_EQ(fault_of("sires", "1,000"),
+            "a number such as 40, a change such as +20 or -5, or a part such as 150% was expected");
+}
+
 TEST(TakeRule, SaysWhatWasExpected) {
   EXPECT_EQ(fault_of("most-litters-a-year", "0"), "a whole number from 1 to 1000000 was expected");
   EXPECT_EQ(fault_of("import-dams", "-1"), "a whole number from 0 to 1000000 was expected");
@@ -125,7 +133,7 @@ TEST(TakeRule, TakesFiguresWithinTheirBounds) {
   EXPECT_EQ(with("years-in-use-dams", "1.0").said.years_in_use.of_females, 1.0);
   EXPECT_EQ(with("same-sire-in-year", "0.1%").said.same_sire_in_year, 0.001);
   EXPECT_EQ(with("same-sire-in-life", "90%").said.same_sire_in_life, 0.9);
-  for (const std::string_view bad : {"0.9", "61", "-2", "2,5", "", "2y"})
+  for (const std::string_view bad : {"0.9", "61", "-2", "2,5,0", "", "2y"})
     EXPECT_NE(fault_of("first-age-sires", bad), "");
   for (const std::string_view bad : {"0.9", "30.1", "5%"}) EXPECT_NE(fault_of("years-in-use-dams", bad), "") << bad;
   for (const std::string_view bad : {"0%", "0.09%", "91%", "5"}) EXPECT_NE(fault_of("same-sire-in-year", bad), "");
@@ -162,9 +170,24 @@ TEST(ReadScenarios, NamesLineAndTextOfAFault) {
   expect_fault("[present]\nmost-f = 0.1\n", {2, "most-f"});
   expect_fault("[a]\nsires = 5\nmales = 60%\n", {3, "males"});
   expect_fault("[options]\n", {1, "options"});
+  expect_fault("[a]\nsires = 5\n[a]\nsires = 6\nno rule\n", {3, "a"});  // what stands below is not read
   expect_fault("[a\n", {1, "[a"});
   expect_fault("[a]\n", {0, "a"});
   expect_fault("", {0, ""});
+}
+
+TEST(ReadScenarios, ReadsWhatWindowsProgramsWrite) {
+  const auto name_in = [](std::string_view text) {
+    const ReadScenarios read = read_scenarios(text);
+    EXPECT_TRUE(read.problems.empty()) << text;
+    return read.scenarios.empty() ? std::string() : read.scenarios.front().name;
+  };
+  EXPECT_EQ(name_in("[h\xF6" "chstens]\r\n\tSires\t=\t5\r\n"), "h\xC3\xB6" "chstens");
+  EXPECT_EQ(name_in("\xEF\xBB\xBF[\xC3\xB6]\nsires = 5"), "\xC3\xB6");
+  std::string wide = "\xFF\xFE";
+  for (const char letter : std::string_view("[a]\r\nsires = 5\r\n")) wide.append({letter, '\0'});
+  EXPECT_EQ(name_in(wide), "a");
+  EXPECT_EQ(name_in("[a\x07" "b]\nsires = 5"), "a<U+0007>b");
 }
 
 TEST(ReadScenarios, TakesTwelveOfThem) {
