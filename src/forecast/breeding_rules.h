@@ -39,6 +39,7 @@ struct SaidFigures {
   BySex<std::optional<double>> first_age;       ///< mean at the first litter, years
   BySex<std::optional<double>> years_in_use;    ///< mean of those that come into use, from the first litter to the last
   std::optional<double> same_sire_in_year, same_sire_in_life;  ///< chances, as in UseEvenness
+  std::optional<double> close_matings;  ///< share of those with known parents: sibs, half sibs, parent and offspring
 };
 
 /// A rule as it was written.

@@ -21,7 +21,9 @@ constexpr double least_use_power = 0.5, most_use_power = 2.0, most_life_power = 
 constexpr int steps = 4;
 /// What is said may be far from what is measured: powers go further, in more steps.
 constexpr double most_said_use_power = 8.0, most_said_life_power = 4.0;
-constexpr int said_steps = 16, life_steps = 3;
+constexpr int said_steps = 16, life_steps = 3, close_steps = 12;
+/// With more than this, hardly any but the nearest, or the least near, of those looked at are taken.
+constexpr double most_lean = 4.0;
 /// The power of the use in life moves the chance in a year too, by so much.
 constexpr double use_for_life = 0.7;
 
@@ -199,6 +201,61 @@ std::optional<ReachedEvenness> reach_evenness(const Fit& fit) {
   return best;
 }
 
+/// Whether the young of two parents would be those of sibs, half sibs, or parent and offspring.
+bool is_close(const ModelHerd& herd, const ModelFamily& family) {
+  const ModelPedigree& pedigree = herd.pedigree;
+  const auto is_parent_of = [&](std::int32_t parent, std::int32_t of) {
+    return parent != 0 && parent != herd.basis.origin && (pedigree.sire[of] == parent || pedigree.dam[of] == parent);
+  };
+  return is_parent_of(family.sire, family.dam) || is_parent_of(family.dam, family.sire) ||
+         is_parent_of(pedigree.sire[family.sire], family.dam) || is_parent_of(pedigree.dam[family.sire], family.dam);
+}
+
+/// The share of close matings in trial herds, among those with known parents; none where there are none.
+std::optional<double> try_close_matings(const Fit& fit) {
+  double close = 0.0, all = 0.0;
+  for (std::int32_t trial = 0; trial < trials_of(fit.basis.base) && !fit.watch.is_stopped; ++trial) {
+    ModelHerd herd = begin_herd(fit.basis, fit.present, fit.seed, -1 - trial, fit.walk);
+    for (std::int32_t year = 1; year <= trial_years; ++year) {
+      if (!fit.watch.goes_on() || !live_year(herd, fit.basis.base.last_year + year)) break;
+      for (std::size_t k = herd.first_of_year; k < herd.families.size(); ++k) {
+        if (herd.families[k].sire == 0 || herd.families[k].dam == 0) continue;
+        all += 1.0;
+        if (is_close(herd, herd.families[k])) close += 1.0;
+      }
+    }
+    if (fit.walk != nullptr) shorten_walk(*fit.walk, fit.basis.pedigree.count());
+  }
+  return all > 0.0 && !fit.watch.is_stopped ? std::optional(close / all) : std::nullopt;
+}
+
+/// The ranks of mates, with nearer ones by so much more often than the one below each.
+MateRanks leaning(const MateRanks& ranks, double lean) {
+  MateRanks leant = {};
+  double sum = 0.0;
+  for (std::size_t rank = 0; rank < looked_at; ++rank) {
+    leant[rank] = ranks[rank] * std::exp(lean * static_cast<double>(rank));
+    sum += leant[rank];
+  }
+  for (double& share : leant) share /= sum;
+  return leant;
+}
+
+/// Leans the ranks of mates until trial herds have so many close matings. Yields what they come to.
+std::optional<double> reach_close_matings(const Fit& fit, double wanted) {
+  const MateRanks measured = fit.basis.mate_ranks;
+  double low = -most_lean, high = most_lean;
+  std::optional<double> tried;
+  for (int step = 0; step < close_steps; ++step) {
+    const double middle = 0.5 * (low + high);
+    fit.basis.mate_ranks = leaning(measured, middle);
+    tried = try_close_matings(fit);
+    if (!tried) return std::nullopt;
+    (*tried < wanted ? low : high) = middle;
+  }
+  return tried;
+}
+
 /// Of the year that the herd has lived last.
 std::optional<double> nearness_of_year(const ModelHerd& herd) {
   std::vector<ModelPair> pairs;
@@ -237,6 +294,7 @@ void fit_nearness(ModelBasis& basis, std::uint64_t seed, AncestorWalk* walk, Fit
 /// Years of the herds that are tried for what is said, at most.
 std::int64_t years_of_said_fit(const SaidFigures& said, std::int32_t trials) {
   std::int64_t years = said.same_sire_in_year || said.same_sire_in_life ? std::int64_t{said_steps} * trial_years : 0;
+  if (said.close_matings) years += std::int64_t{close_steps} * trial_years;
   for (const Sex sex : {male, female}) {
     if (said.years_in_use.of(sex)) years += std::int64_t{life_steps - 1} * years_of_lives(*said.years_in_use.of(sex));
   }
@@ -271,7 +329,7 @@ SaidFit fit_as_said(ModelBasis& basis, const BreedingRules& present, std::uint64
   const bool has_lives = said.years_in_use.of_males || said.years_in_use.of_females;
   const bool has_evenness = said.same_sire_in_year || said.same_sire_in_life;
   SaidFit result;
-  if (!has_lives && !has_evenness) return result;
+  if (!has_lives && !has_evenness && !said.close_matings) return result;
   std::unique_ptr<AncestorWalk> walk;
   if (!has_table(basis, present, trial_years)) walk = std::make_unique<AncestorWalk>(make_basis_walk(basis));
   FitWatch watch = {progress, years_of_said_fit(said, trials_of(basis.base))};
@@ -280,15 +338,18 @@ SaidFit fit_as_said(ModelBasis& basis, const BreedingRules& present, std::uint64
     if (said.years_in_use.of(sex)) fit_lives(fit, sex, *said.years_in_use.of(sex));
   }
   const std::optional<ReachedEvenness> fitted = has_evenness ? reach_evenness(fit) : std::nullopt;
+  const auto close = said.close_matings ? reach_close_matings(fit, *said.close_matings) : std::nullopt;
   result.is_stopped = watch.is_stopped;
-  if (!fitted) return result;
   const auto check = [&](bool is_said, std::string_view name, double wanted, double reached) {
     if (!is_said || std::abs(reached - wanted) <= said_evenness_reached * wanted) return;
     result.problems.push_back(out_of_reach(present, name, reached));
   };
-  const auto& [wanted, reached] = *fitted;
-  check(said.same_sire_in_year.has_value(), "same-sire-in-year", wanted.in_year, reached.in_year);
-  check(said.same_sire_in_life.has_value(), "same-sire-in-life", wanted.in_life, reached.in_life);
+  if (fitted) {
+    const auto& [wanted, reached] = *fitted;
+    check(said.same_sire_in_year.has_value(), "same-sire-in-year", wanted.in_year, reached.in_year);
+    check(said.same_sire_in_life.has_value(), "same-sire-in-life", wanted.in_life, reached.in_life);
+  }
+  if (close) check(true, "close-matings", *said.close_matings, *close);
   return result;
 }
 

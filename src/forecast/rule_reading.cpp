@@ -355,6 +355,14 @@ constexpr auto all_rules = std::to_array<Rule>({
       90.0,
       true},
      [](auto value, auto& form, auto& rules) { return take_figure(value, form, rules.said.same_sire_in_life); }},
+    {{"close-matings",
+      {"matings of sibs, half sibs, or parent and offspring",
+       "paringen van broer en zus, halfbroer en halfzus, of ouder en kind"},
+      a_percent,
+      0.0,
+      90.0,
+      true},
+     [](auto value, auto& form, auto& rules) { return take_figure(value, form, rules.said.close_matings); }},
 });
 
 /// As it is written in a rule.

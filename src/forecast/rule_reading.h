@@ -42,7 +42,8 @@ std::string reason_of(const RuleProblem& problem, ToolLanguage language);
 /// A rule in words, with its value as it was written; in Dutch with a decimal comma.
 std::string rule_in_words(const WrittenRule& rule, ToolLanguage language);
 
-/// Takes a rule of this line by its name and value, with a decimal point or comma. Yields what is wrong; without a reason: nothing.
+/// Takes a rule of this line by its name and value, with a decimal point or comma. Yields what is wrong; without a
+/// reason: nothing.
 RuleProblem take_rule(std::string_view name, std::string_view typed, BreedingRules& rules, std::int64_t line = 0);
 
 struct ReadScenarios {

@@ -50,6 +50,7 @@ constexpr std::string_view help =
     "  --first-age-sires N, --first-age-dams N             mean age at the first litter, in years\n"
     "  --years-in-use-sires N, --years-in-use-dams N       mean, from the first litter to the last\n"
     "  --same-sire-in-year P%, --same-sire-in-life P%      of two litters of a year, or one to three years apart\n"
+    "  --close-matings P%                                  of sibs, half sibs, or parent and offspring\n"
     "\n"
     "  --plain         write names of scenarios that begin with = + - @ as they are (else: behind an apostrophe)\n"
     "  --help          shows this text\n"

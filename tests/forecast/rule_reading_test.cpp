@@ -137,6 +137,8 @@ TEST(TakeRule, TakesFiguresWithinTheirBounds) {
     EXPECT_NE(fault_of("first-age-sires", bad), "");
   for (const std::string_view bad : {"0.9", "30.1", "5%"}) EXPECT_NE(fault_of("years-in-use-dams", bad), "") << bad;
   for (const std::string_view bad : {"0%", "0.09%", "91%", "5"}) EXPECT_NE(fault_of("same-sire-in-year", bad), "");
+  EXPECT_EQ(with("close-matings", "0%").said.close_matings, 0.0);
+  for (const std::string_view bad : {"91%", "-1%", "5"}) EXPECT_NE(fault_of("close-matings", bad), "");
   EXPECT_EQ(fault_of("first-age-dams", "0"), "a number of years from 1 to 60, such as 2.5, was expected");
   EXPECT_EQ(fault_of("young-a-litter", "0.9"), "a number of young from 1 to 30 was expected");
   EXPECT_NE(fault_of("young-a-litter", "31"), "");
@@ -182,12 +184,17 @@ TEST(ReadScenarios, ReadsWhatWindowsProgramsWrite) {
     EXPECT_TRUE(read.problems.empty()) << text;
     return read.scenarios.empty() ? std::string() : read.scenarios.front().name;
   };
-  EXPECT_EQ(name_in("[h\xF6" "chstens]\r\n\tSires\t=\t5\r\n"), "h\xC3\xB6" "chstens");
+  EXPECT_EQ(name_in("[h\xF6"
+                    "chstens]\r\n\tSires\t=\t5\r\n"),
+            "h\xC3\xB6"
+            "chstens");
   EXPECT_EQ(name_in("\xEF\xBB\xBF[\xC3\xB6]\nsires = 5"), "\xC3\xB6");
   std::string wide = "\xFF\xFE";
   for (const char letter : std::string_view("[a]\r\nsires = 5\r\n")) wide.append({letter, '\0'});
   EXPECT_EQ(name_in(wide), "a");
-  EXPECT_EQ(name_in("[a\x07" "b]\nsires = 5"), "a<U+0007>b");
+  EXPECT_EQ(name_in("[a\x07"
+                    "b]\nsires = 5"),
+            "a<U+0007>b");
 }
 
 TEST(ReadScenarios, TakesTwelveOfThem) {

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -46,7 +47,8 @@ struct LivingBreed {
     ModelBasis made = make_model_basis(records, changed);
     fit_use(made, 1);
     const SaidFit fit = fit_as_said(made, present, 1);
-    EXPECT_TRUE(fit.problems.empty());
+    EXPECT_TRUE(fit.problems.empty()) << (fit.problems.empty() ? ""
+                                                               : reason_of(fit.problems[0], ToolLanguage::english));
     EXPECT_FALSE(fit.is_stopped);
     return made;
   }
@@ -61,8 +63,25 @@ struct SeenLife {
 struct SeenHerd {
   BySex<std::map<std::int32_t, SeenLife>> lives;  ///< of those that came into use
   UseYears use;
-  BySex<double> in_use = {};  ///< different parents a year, mean
+  BySex<double> in_use = {};          ///< different parents a year, mean
+  double close = 0.0, matings = 0.0;  ///< of the first years, with known parents
 };
+
+/// The parents of an animal and itself, as far as they are known.
+std::set<std::int32_t> nearest_kin(const ModelPedigree& pedigree, std::int32_t animal) {
+  std::set<std::int32_t> kin = {animal, pedigree.sire[animal], pedigree.dam[animal]};
+  kin.erase(0);
+  return kin;
+}
+
+/// Sibs and half sibs have a parent in common, and a parent is one of its young's.
+bool have_near_kin_in_common(const ModelPedigree& pedigree, std::int32_t first, std::int32_t second) {
+  const std::set<std::int32_t> of_second = nearest_kin(pedigree, second);
+  for (const std::int32_t animal : nearest_kin(pedigree, first)) {
+    if (of_second.count(animal) > 0) return true;
+  }
+  return false;
+}
 
 SeenHerd watch_herd(const ModelBasis& basis, std::int32_t replicate, const BreedingRules& present) {
   SeenHerd seen;
@@ -74,6 +93,9 @@ SeenHerd watch_herd(const ModelBasis& basis, std::int32_t replicate, const Breed
     for (std::size_t k = herd.first_of_year; k < herd.families.size(); ++k) {
       if (herd.families[k].sire != 0) sires[herd.families[k].sire] += 1.0;
       if (herd.families[k].dam != 0) dams[herd.families[k].dam] += 1.0;
+      if (year > begun + years_of_use || herd.families[k].sire == 0 || herd.families[k].dam == 0) continue;
+      seen.matings += 1.0;
+      if (have_near_kin_in_common(herd.pedigree, herd.families[k].sire, herd.families[k].dam)) seen.close += 1.0;
     }
     for (const Sex sex : {male, female}) {
       const SireLitters& of_sex = sex == male ? sires : dams;
@@ -94,6 +116,7 @@ SeenHerd watch_herd(const ModelBasis& basis, std::int32_t replicate, const Breed
 struct SeenMeans {
   BySex<double> first_age = {}, years_in_use = {}, in_use = {};
   UseEvenness evenness;
+  double close = 0.0;
 };
 
 /// Of those who came into use in the first half of the years: the others may go on behind them.
@@ -101,9 +124,12 @@ SeenMeans means_of(const ModelBasis& basis, const BreedingRules& present) {
   constexpr std::int32_t replicates = 6;
   SeenMeans means;
   BySex<double> count = {};
+  double close = 0.0, matings = 0.0;
   EvennessSums sums;
   for (std::int32_t replicate = 0; replicate < replicates; ++replicate) {
     const SeenHerd seen = watch_herd(basis, replicate, present);
+    close += seen.close;
+    matings += seen.matings;
     sums.add(UseYears(seen.use.begin(), seen.use.begin() + years_of_use));
     for (const Sex sex : {male, female}) {
       means.in_use.of(sex) += seen.in_use.of(sex) / replicates;
@@ -120,6 +146,7 @@ SeenMeans means_of(const ModelBasis& basis, const BreedingRules& present) {
     means.years_in_use.of(sex) /= count.of(sex);
   }
   means.evenness = *sums.mean();
+  means.close = close / matings;
   return means;
 }
 
@@ -204,6 +231,20 @@ TEST(SaidLives, WhatCannotBeReachedIsRefused) {
             "this cannot be reached: with these sires and litters it comes to " + problems[0].values.front() + "%");
   EXPECT_TRUE(problems_of(fitted, least / 1.045).empty());
   EXPECT_EQ(problems_of(fitted, least / 1.055).size(), 1U);
+}
+
+TEST(SaidLives, MatesAreAsNearAsIsSaid) {
+  const LivingBreed breed;
+  const double as_now = means_of(breed.basis({}), {}).close;
+  for (const double share : {0.7 * as_now, 2.0 * as_now}) {
+    BreedingRules present;
+    present.said.close_matings = share;
+    EXPECT_NEAR(means_of(breed.basis(present), present).close, share, 0.15 * share) << as_now;
+  }
+  ModelBasis basis = breed.basis({});
+  BreedingRules present;
+  present.said.close_matings = 0.9;  // there are not so many relatives
+  ASSERT_EQ(fit_as_said(basis, present, 1).problems.size(), 1U);
 }
 
 TEST(SetFirstAges, MovesAllAgesAlike) {
