@@ -176,7 +176,7 @@ std::optional<std::size_t> place_with(std::size_t count, std::size_t column, Fie
   Herd herd = herd_with({"ID", "Name", "Sire", "Dam", "Sex", "Born", "Q6"});
   herd.headings[column] = "Q";
   for (std::size_t i = count; i < herd.rows.size(); ++i) herd.rows[i][column].clear();
-  return choose_in(herd).place[code];
+  return choose_in(herd).place[static_cast<std::size_t>(code)];
 }
 
 TEST(NarrowByContent, FewerThanTwentyTextsTellNoColumn) {
@@ -197,7 +197,7 @@ std::optional<std::size_t> place_among(std::size_t count, std::size_t column, Fi
     if (i >= count) herd.rows[i][column].clear();
     if (i < count && i + odd_count >= count) herd.rows[i][column] = odd;
   }
-  return choose_in(herd).place[code];
+  return choose_in(herd).place[static_cast<std::size_t>(code)];
 }
 
 TEST(NarrowByContent, OneOddTextInFiftyOrTwentyAndNoMore) {

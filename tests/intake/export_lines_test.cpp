@@ -86,7 +86,7 @@ TEST(NameOfExportLines, StandsBesideTheDataFile) {
 
 TEST(ExportLines, KeepTwoHundredBytesOfAText) {
   ExportLines lines;
-  for (const std::size_t size : {200, 201}) {
+  for (const std::size_t size : {200U, 201U}) {
     note_export_text(lines, ExportNoteKind::date, 3, std::string(size, 'x'));
     note_left_out(lines, 9, std::string(size, 'y'));
   }
