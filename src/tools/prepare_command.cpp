@@ -52,8 +52,8 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools prepare [OPTION.
                         serial-1900, serial-1904: how the days of a spreadsheet are counted. As often as needed
   --century YEAR        the first of the hundred years that years of two digits mean: 1925 for 1925 to 2024
   --ids RULE            what does not count when parents are compared with ids: separators, capitals, zeros,
-                        look-alikes (O for 0, l for 1), prefix (letters in front), country (the first 3 of 15 digits),
-                        check-digit, or several with "+" between; "keep" for none
+                        look-alikes (O for 0, l for 1), marks (? and * around it), prefix (letters in front),
+                        country (the first 3 of 15 digits), check-digit, or several with "+" between; "keep" for none
   --male TEXT           how males are written: a letter with which the text begins, or the whole text. As often as
                         needed
   --female TEXT         how females are written, likewise
@@ -147,8 +147,8 @@ std::string read_ids(const GivenOption& option, PrepareOptions& options) {
              ? ""
              : expected(
                    option,
-                   "separators, capitals, zeros, look-alikes, marks, prefix, country, check-digit, several of them with + "
-                   "between, or keep");
+                   "separators, capitals, zeros, look-alikes, marks, prefix, country, check-digit, several of them "
+                   "with + between, or keep");
 }
 
 std::string read_column(const GivenOption& option, PrepareOptions& options) {
