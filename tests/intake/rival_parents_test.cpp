@@ -89,8 +89,7 @@ std::vector<std::size_t> rivals_with(const std::string& young) {
     text += "Y" + std::to_string(i) + ";;E" + std::to_string(i % 10) + ";E" + std::to_string(other % 10) +
             ";F;13-04-2013\n";
   }
-  const ColumnChoice columns =
-      choose_columns(std::vector<std::string>{"ID", "Sire", "Dam", "col9", "Sex", "Born"}, {});
+  const ColumnChoice columns = choose_columns(std::vector<std::string>{"ID", "Sire", "Dam", "col9", "Sex", "Born"}, {});
   ProgressLine unwatched;
   const ExportSurvey survey = survey_export(text, ';', columns, {}, unwatched);
   return find_rival_parents({text, ';', columns, {}}, survey, dam_column, {});

@@ -74,9 +74,9 @@ struct ForeignForm {
   int header_again_after = 0;  ///< lines from one header to the next; 0: one header only
   std::string line_end;
   Damage damage = Damage::none;
-  int units_below = 0;  ///< below the header: 1 units, 2 kinds of fields, 3 numbers of the columns; 0: none
-  bool has_states = false;           ///< codes of a status that may say who has gone
-  bool has_twins = false;            ///< a line is an animal and, rarely, its twin
+  int units_below = 0;      ///< below the header: 1 units, 2 kinds of fields, 3 numbers of the columns; 0: none
+  bool has_states = false;  ///< codes of a status that may say who has gone
+  bool has_twins = false;   ///< a line is an animal and, rarely, its twin
   bool has_changed_footers = false;  ///< counts alone, totals with dates, and headers again in capitals
   int young_a_line = 0;              ///< a line is a litter of so many at most; 0: it is an animal
   std::vector<std::string> shapes;   ///< what was drawn, each as "kind: which"
