@@ -1,6 +1,7 @@
 #include "forecast/forecast_words.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "planning/plan_words.h"
 
@@ -155,6 +156,23 @@ double mean_size(const CountedPractice& counted) {
   return mean;
 }
 
+/// How long parents are in use, as far as enough of them have come to an end.
+std::vector<std::string> lives_sentences(const BasePeriod& base, const FamilyPractice& families,
+                                         ToolLanguage language) {
+  const auto one_decimal = [&](double value) { return shown_decimals(value, 1, language); };
+  if (are_lives_known(families, base.generation_interval)) {
+    return {phrase(lives_line, language,
+                   {one_decimal(families.years_in_use), one_decimal(families.families_in_life),
+                    std::to_string(families.ended_careers)}),
+            phrase(dams_lives_line, language,
+                   {one_decimal(families.dam_years_in_use), std::to_string(families.ended_dams)})};
+  }
+  return {
+      phrase(unknown_lives_line, language,
+             {std::to_string(families.birth_years), std::to_string(families.ended_careers),
+              std::to_string(birth_years_for_lives(base.generation_interval)), std::to_string(least_ended_careers)})};
+}
+
 }  // namespace
 
 std::vector<std::string> practice_sentences(const BasePeriod& base, const CountedPractice& counted,
@@ -171,15 +189,7 @@ std::vector<std::string> practice_sentences(const BasePeriod& base, const Counte
   add(litters_line, {one_decimal(double{counted.litters_a_year}), one_decimal(mean_size(counted))});
   add(parents_line, {one_decimal(families.sires_a_year), one_decimal(families.dams_a_year),
                      one_decimal(families.litters_per_sire), percent(families.top_sire)});
-  if (are_lives_known(families, base.generation_interval)) {
-    add(lives_line, {one_decimal(families.years_in_use), one_decimal(families.families_in_life),
-                     std::to_string(families.ended_careers)});
-    add(dams_lives_line, {one_decimal(families.dam_years_in_use), std::to_string(families.ended_dams)});
-  } else {
-    add(unknown_lives_line,
-        {std::to_string(families.birth_years), std::to_string(families.ended_careers),
-         std::to_string(birth_years_for_lives(base.generation_interval)), std::to_string(least_ended_careers)});
-  }
+  for (std::string& line : lives_sentences(base, families, language)) lines.push_back(std::move(line));
   add(ages_line, {one_decimal(mean_first_age(base, male)), one_decimal(mean_first_age(base, female))});
   add(descent_line, {percent(families.half_known), percent(families.founders), percent(families.outside_sires),
                      percent(families.outside_dams)});

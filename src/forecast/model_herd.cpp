@@ -547,6 +547,19 @@ void breed_by_plan(ModelHerd& herd, const std::vector<GroupTarget>& targets, std
   plan_matings(herd, groups, year);
 }
 
+/// Puts the parents in use among those of the herd, each as old as it is.
+void begin_parents(ModelHerd& herd) {
+  for (const Sex sex : {male, female}) {
+    RandomStream clocks = herd.stream(0, sex == male ? DrawPurpose::sire_careers : DrawPurpose::dam_careers);
+    for (const ActiveParent& active : herd.basis.active.of(sex)) {
+      const Career& career = herd.basis.base.careers.of(sex).at(active.career);
+      herd.birth_year[place(active.animal)] = career.first_year - career.first_age;
+      herd.parents.of(sex).push_back(begin_parent(herd.basis, sex, active));
+      if (herd.basis.pace.of(sex) != 1.0) herd.parents.of(sex).back().clock = clocks.unit();
+    }
+  }
+}
+
 }  // namespace
 
 bool has_table(const ModelBasis& basis, const BreedingRules& rules, std::int32_t years) {
@@ -595,15 +608,7 @@ ModelHerd begin_herd(const ModelBasis& basis, const BreedingRules& rules, std::u
   for (std::int32_t j = 1; j <= basis.ancestors.count(); ++j) {
     herd.birth_year[place(j)] = basis.records.store.birth_year[basis.ancestors.position[j]];
   }
-  for (const Sex sex : {male, female}) {
-    RandomStream clocks = herd.stream(0, sex == male ? DrawPurpose::sire_careers : DrawPurpose::dam_careers);
-    for (const ActiveParent& active : basis.active.of(sex)) {
-      const Career& career = basis.base.careers.of(sex).at(active.career);
-      herd.birth_year[place(active.animal)] = career.first_year - career.first_age;
-      herd.parents.of(sex).push_back(begin_parent(basis, sex, active));
-      if (basis.pace.of(sex) != 1.0) herd.parents.of(sex).back().clock = clocks.unit();
-    }
-  }
+  begin_parents(herd);
   return herd;
 }
 

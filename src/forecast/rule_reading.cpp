@@ -489,6 +489,10 @@ void add_ages_never_seen(const BreedingRules& present, const BasePeriod& base, S
   problems.push_back({use->line, use->text(), used_too_long, {fixed_decimals(longest, 1)}, *use});
 }
 
+bool has_imports(const BreedingRules& rules) {
+  return rules.imports.of_males > 0 || rules.imports.of_females > 0;
+}
+
 }  // namespace
 
 std::string reason_of(const RuleProblem& problem, ToolLanguage language) {
@@ -608,8 +612,7 @@ std::vector<RuleProblem> find_contradictions(const BreedingRules& rules, const B
     const std::vector<std::string> numbers = {number_text(most_planned_candidates), number_text(std::round(animals))};
     if (animals > most_planned_candidates) add("plan", plan_is_large, numbers);
   }
-  const bool has_imports = rules.imports.of_males > 0 || rules.imports.of_females > 0;
-  if (rules.import_kinship > 0.0 && !has_imports) add("import-kinship", no_imports);
+  if (rules.import_kinship > 0.0 && !has_imports(rules)) add("import-kinship", no_imports);
   return problems;
 }
 

@@ -354,11 +354,8 @@ Refusal forecast_and_write(FolderRun& run, const ForecastOptions& options) {
   const Forecast forecast = watch_forecast(run, *basis, *scenarios, settings);
   std::vector<RealYear> real = real_years_until(run, last_full_year(store).value_or(*last));
   std::optional<Hindcast> hindcast;
-  if (options.from) {
-    hindcast = Hindcast{forecast, *last};
-  } else if (!forecast.is_stopped) {
-    hindcast = look_back(run, settings, real);
-  }
+  if (options.from) hindcast = Hindcast{forecast, *last};
+  if (!options.from && !forecast.is_stopped) hindcast = look_back(run, settings, real);
   if (is_stop_requested(run.streams)) return ToolRefusal{run.words(was_stopped)};
   const ForecastResults results = {forecast,        summarise(forecast),
                                    std::move(real), std::move(hindcast),
