@@ -9,7 +9,6 @@ import { describe, test } from "node:test";
 import { choose, enter, idle, isFirefox, pressButton, root, saved, testDesks, textOf, violations, writeInput } from "./browser.mjs";
 
 const program = process.env.PEDIGREEWATCH ?? join(root, "build/release/pedigreewatch");
-const makePopulation = process.env.MAKE_POPULATION ?? join(root, "build/release/bench/make_population");
 const steps = ["data", "settings", "check", "results", "breeding"];
 
 const { openTestDesk, withDesk } = testDesks();
@@ -163,31 +162,6 @@ test("HostileNamesAreTextOnEveryStep", () => withDesk(async (page, desk) => {
   await page.waitForSelector(".found li");
   assert.match(await textOf(page, ".found"), /<script>alert\(1\)/);
   assert.ok(await isClean());
-}));
-
-test("ARunThatIsCancelledKeepsDataAndSettings", () => withDesk(async (page, desk) => {
-  const folder = mkdtempSync(join(tmpdir(), "desk-large-"));
-  try {
-    execFileSync(makePopulation, ["bench", "200000", folder], { stdio: "ignore" });
-    const name = readFileSync(join(folder, "pedigreewatch.ini"), "latin1").split(/\r?\n/)[1];
-    await choose(page, join(folder, name));
-    await enter(page, "settings");
-    await page.select("#species", "dog");
-    await idle(page);
-    // Sires with many young that have no line of their own are asked about: they are animals.
-    await page.evaluate(() => [...document.querySelectorAll(".question button")].at(-1)?.click());
-    await idle(page);
-    await page.click("#step-results");
-    await page.waitForSelector("#busy:not([hidden])");
-    await page.click("#cancel");
-    await page.waitForSelector("#cancelled");
-    await enter(page, "settings");
-    assert.equal(await page.$eval("#species", (element) => element.value), "dog");
-    await enter(page, "results", 300_000);
-    assert.ok((await page.$$("#results-body svg")).length > 5);
-  } finally {
-    rmSync(folder, { recursive: true, force: true });
-  }
 }));
 
 /** Drops files of these names and contents anywhere on the page, as a file manager does. */
@@ -362,22 +336,6 @@ describe("OneThingIsDoneAfterTheOther", () => {
     assert.equal(await page.$eval("#filter", (element) => element.value), "nobody has this");
   }));
 });
-
-test("AMillionAnimalsGoThrough", () => withDesk(async (page, desk) => {
-  const folder = mkdtempSync(join(tmpdir(), "desk-large-"));
-  try {
-    execFileSync(makePopulation, ["bench", "1000000", folder], { stdio: "ignore" });
-    const name = readFileSync(join(folder, "pedigreewatch.ini"), "latin1").split(/\r?\n/)[1];
-    await choose(page, join(folder, name), join(folder, "pedigreewatch.ini"));
-    await enter(page, "results", 600_000);
-    assert.ok((await page.$$("#results-body svg")).length > 5);
-    const report = await saved(desk, "Save the report", name.replace(/txt$/, "out"));
-    execFileSync(program, [], { cwd: folder, stdio: "ignore" });
-    assert.ok(report.equals(readFileSync(join(folder, name.replace(/txt$/, "out")))));
-  } finally {
-    rmSync(folder, { recursive: true, force: true });
-  }
-}));
 
 test("TheKeyboardAloneIsEnough", () => withDesk(async (page) => {
   // Behind the last element come the browser's own controls, to which the Enter key would go: who wants to get back to

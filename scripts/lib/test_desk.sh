@@ -19,8 +19,8 @@ if ! [[ -d desk/tests/node_modules/puppeteer-core && -d desk/tests/node_modules/
   (cd desk/tests && npm ci --ignore-scripts --no-audit --no-fund --silent)
 fi
 start_part "desk: tests"
-# A browser waits most of its time: two files at once, where Node can.
+# A browser waits most of its time: three files at once, where Node can.
 at_once=()
-if node --help | grep -q -e --test-concurrency; then at_once=(--test-concurrency=2); fi
+if node --help | grep -q -e --test-concurrency; then at_once=(--test-concurrency=3); fi
 node --test "${at_once[@]}" --test-timeout=900000 "$@" desk/tests/*.test.mjs
 say_parts
