@@ -5,14 +5,18 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <set>
+#include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "forecast/model_fit.h"
 #include "forecast/said_practice.h"
 #include "forecast/use_evenness.h"
+#include "support/sanitizers.h"
 #include "support/simulated_breed.h"
 
 namespace pedigreewatch::test {
@@ -161,7 +165,8 @@ BreedingRules present_with(std::initializer_list<std::pair<std::string_view, std
 TEST(SaidLives, ParentsComeIntoUseAtTheAgeThatIsSaid) {
   const LivingBreed breed;
   const SeenMeans as_now = means_of(breed.basis({}), {});
-  for (const auto& [sires, dams] : {std::pair("3.5", "1.3"), {"1", "5"}, {"2.4", "9"}}) {
+  const std::vector<std::pair<std::string, std::string>> ages = {{"3.5", "1.3"}, {"1", "5"}, {"2.4", "9"}};
+  for (const auto& [sires, dams] : std::span(ages).first(cases(3, 1))) {
     const BreedingRules present = present_with({{"first-age-sires", sires}, {"first-age-dams", dams}});
     const SeenMeans means = means_of(breed.basis(present), present);
     EXPECT_NEAR(means.first_age.of_males, std::stod(sires), 0.03 * std::stod(sires));
@@ -175,7 +180,8 @@ TEST(SaidLives, ParentsComeIntoUseAtTheAgeThatIsSaid) {
 TEST(SaidLives, ParentsStayInUseAsLongAsIsSaid) {
   const LivingBreed breed;
   const SeenMeans as_now = means_of(breed.basis({}), {});
-  for (const auto& [sires, dams] : {std::pair("3", "1.5"), {"1", "5"}, {"5.5", "9"}}) {
+  const std::vector<std::pair<std::string, std::string>> lengths = {{"3", "1.5"}, {"1", "5"}, {"5.5", "9"}};
+  for (const auto& [sires, dams] : std::span(lengths).first(cases(3, 1))) {
     const BreedingRules present = present_with({{"years-in-use-sires", sires}, {"years-in-use-dams", dams}});
     const SeenMeans means = means_of(breed.basis(present), present);
     EXPECT_NEAR(means.years_in_use.of_males, std::stod(sires), 0.05 * std::stod(sires));
@@ -189,7 +195,8 @@ TEST(SaidLives, ParentsStayInUseAsLongAsIsSaid) {
 TEST(SaidLives, SiresAreUsedAsUnevenlyAsIsSaid) {
   const LivingBreed breed;
   const UseEvenness as_now = means_of(breed.basis({}), {}).evenness;
-  for (const double year : {0.05, 0.2}) {
+  constexpr std::array chances = {0.05, 0.2};
+  for (const double year : std::span(chances).first(cases(2, 1))) {
     BreedingRules present;
     present.said.same_sire_in_year = year;
     EXPECT_NEAR(means_of(breed.basis(present), present).evenness.in_year, year, 0.05 * year);
@@ -236,7 +243,8 @@ TEST(SaidLives, WhatCannotBeReachedIsRefused) {
 TEST(SaidLives, MatesAreAsNearAsIsSaid) {
   const LivingBreed breed;
   const double as_now = means_of(breed.basis({}), {}).close;
-  for (const double share : {0.7 * as_now, 2.0 * as_now}) {
+  const std::array shares = {0.7 * as_now, 2.0 * as_now};
+  for (const double share : std::span(shares).first(cases(2, 1))) {
     BreedingRules present;
     present.said.close_matings = share;
     EXPECT_NEAR(means_of(breed.basis(present), present).close, share, 0.15 * share) << as_now;
