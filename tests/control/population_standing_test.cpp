@@ -75,6 +75,13 @@ TEST(FaultsOfVerdict, AFaultOfTheFileMayNameALine) {
   }
 }
 
+TEST(FaultsOfVerdict, AFaultWithoutALineIsOneOfTheFile) {
+  const VerdictFaults of_file = faults_with({{.code = FindingCode::line_cut}});
+  EXPECT_EQ(of_file.of_file, 1);
+  EXPECT_EQ(of_file.of_animals, 0);
+  EXPECT_EQ(faults_with({{.code = FindingCode::line_cut, .line = 7}}).of_file, 0);
+}
+
 /// Four years of ten animals each with a parent, 2020 to 2023, and the lines of `more`.
 CheckResult herd_with(const std::string& more, CheckScope scope = CheckScope::everything) {
   std::string data = "id;sex;birthdate;sire;dam\n";

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -240,6 +241,14 @@ TEST(ManyLines, LineEndOnEitherSideOfTheBuffersEnd) {
 }
 
 // ---- skipping and starting again -------------------------------------------------------------------------------
+
+TEST(ReadLine, DoesNotGoOnBehindAnError) {
+  LineReader reader;
+  reader.text = "rex\n";
+  reader.error = EINTR;
+  std::string_view line;
+  EXPECT_FALSE(read_line(reader, line));
+}
 
 TEST(SkipLine, CountsWhatReadLineReads) {
   LineReader reader;
