@@ -15,6 +15,7 @@ std::string shown_on_terminal(std::string text) {
 TEST(HideControls, OfAsciiAreQuestionMarksButTheLineFeed) {
   EXPECT_EQ(shown_on_terminal("a\x1B[31mred\x07\r\n\tb\x7F"), "a?[31mred??\n?b?");
   EXPECT_EQ(shown_on_terminal(std::string("x\0y", 3)), "x?y");
+  EXPECT_EQ(shown_on_terminal("x\x1F y"), "x? y");
 }
 
 TEST(HideControls, OfTheUpperHalfAreQuestionMarks) {

@@ -91,6 +91,7 @@ TEST(Desk, ForgetsTheRunWhenASettingChangesButNotWithTheLanguage) {
   opened.desk.language = ToolLanguage::dutch;
   const std::string answer = change_settings(opened.desk, "language=en");
   EXPECT_TRUE(holds(answer, "Gescheiden door")) << answer;
+  EXPECT_TRUE(holds(answer, R"("hond")")) << answer;
   EXPECT_TRUE(opened.desk.results);
   change_settings(opened.desk, "language=nl");
   EXPECT_FALSE(opened.desk.results || opened.desk.files || opened.desk.steer);

@@ -124,6 +124,7 @@ TEST(MendingDesk, ProposesWhatAChangedCellMeans) {
   EXPECT_TRUE(holds(propose_correction(mended.desk, {6, "weight", "2", "", false}), R"("count":0)"));
   EXPECT_TRUE(holds(propose_correction(mended.desk, {99, "sex", "ewe", "", false}), R"("count":0)"));
   EXPECT_TRUE(holds(propose_correction(mended.desk, {7, "dam", "Bella-1", "", true}), R"("count":2)")) << "E and F";
+  EXPECT_TRUE(holds(propose_correction(mended.desk, {7, "dam", "Bella-1", "", false}), R"("count":1)")) << "E alone";
   EXPECT_TRUE(holds(propose_correction(mended.desk, {8, "leave out", "", "", false}),
                     R"(F\u0009leave out\u0009F | ewe | 15-03-2005 | A | bella1\u0009\u0009)"));
   EXPECT_TRUE(
