@@ -2,6 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
+#include "page/page_frame.h"
+#include "support/analysed_population.h"
+#include "support/lines.h"
+
 namespace pedigreewatch::test {
 namespace {
 
@@ -75,6 +82,24 @@ TEST(StandingWords, DataAreTrustedFromFiveGenerationsOn) {
   EXPECT_EQ(data_heading(standing, english).substr(0, 6), "Partly");
   standing.obstacles = obstacle_faults;
   EXPECT_EQ(data_heading(standing, english), "No, not for a verdict.");
+}
+
+// Of 1/(8 sires) + 1/(8 dams) six tenths make the main cause: 31/51 and 29/49 lie beside that.
+TEST(StandingWords, ThreeFifthsOfTheRiseAreItsMainCause) {
+  const AnalysedPopulation population = analysed(animals_by_year({1, 1, 1}));
+  const PageInput input{population};
+  const auto cause_of = [&](double sires, double dams) {
+    Standing standing;
+    standing.now[by_kinship].rate = 0.02;
+    standing.sires.effective = sires;
+    standing.dams.effective = dams;
+    const std::vector<std::string> sentences = verdict_sentences(make_frame(input), standing);
+    return sentences.empty() ? std::string() : sentences.back();
+  };
+  EXPECT_TRUE(has(cause_of(20, 31), "The cause is mainly the sires"));
+  EXPECT_TRUE(has(cause_of(20, 29), "cause it alike"));
+  EXPECT_TRUE(has(cause_of(29, 20), "cause it alike"));
+  EXPECT_TRUE(has(cause_of(31, 20), "The cause is mainly the dams"));
 }
 
 }  // namespace

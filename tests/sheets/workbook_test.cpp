@@ -125,6 +125,14 @@ TEST(ReadWorkbook, DatesMayBeCountedFrom1904) {
   EXPECT_EQ(text_of("<row r=\"1\"><c s=\"1\"><v>30388</v></c></row>", pieces), "1987-03-14\n");
 }
 
+TEST(NoteCell, KeepsTheFirstTwentyAndCountsAll) {
+  NotedCells noted;
+  for (int k = 1; k <= 22; ++k) note_cell(noted, "A" + std::to_string(k));
+  EXPECT_EQ(noted.count, 22);
+  ASSERT_EQ(noted.first.size(), 20U);
+  EXPECT_EQ(noted.first.back(), "A20");
+}
+
 TEST(ReadWorkbook, ADateThatIsNoDayStaysANumberAndIsTold) {
   WorkbookPieces pieces = with_formats();
   pieces.sheets = {sheet_data("<row r=\"1\"><c r=\"A1\" s=\"1\"><v>-5</v></c><c s=\"1\"><v>9999999</v></c></row>")};
