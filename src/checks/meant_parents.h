@@ -22,8 +22,8 @@ struct MissingParent {
 struct MeantParent {
   std::int32_t animal = 0;  ///< 0: nothing speaks for one animal alone
   Slip slip = Slip::none;
-  double sureness =
-      0;  ///< share of the evidence that speaks for the animal for which most does, also where it is not enough
+  /// The share of the evidence that speaks for the animal for which most does, also where that is not enough.
+  double sureness = 0;
 };
 
 /// For each of these parents the animal that is meant by it, when nearly all of the evidence speaks for one: how likely

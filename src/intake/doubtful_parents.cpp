@@ -117,9 +117,14 @@ std::vector<DoubtfulParent> find_doubtful_parents(std::string_view text, char de
   const auto find = [&](FieldCode code) { return candidates.find(trimmed(field_of(record, columns, code))); };
   while (next_animal(reader, record, columns)) {
     const auto sire = find(sire_column), dam = find(dam_column);
-    if (sire != candidates.end()) ++sire->second.parent.sired, ++sire->second.parent.young;
-    if (dam != candidates.end()) ++dam->second.parent.borne;
-    if (dam != candidates.end() && dam != sire) ++dam->second.parent.young;
+    if (sire != candidates.end()) {
+      ++sire->second.parent.sired;
+      ++sire->second.parent.young;
+    }
+    if (dam != candidates.end()) {
+      ++dam->second.parent.borne;
+      dam->second.parent.young += dam != sire ? 1 : 0;
+    }
     if (const auto animal = find(id_column); animal != candidates.end()) animal->second.has_line = true;
   }
   const YoungLimits limits = limits_of(candidates, herd);

@@ -17,8 +17,9 @@ namespace {
 enum Place : std::size_t { id_place, sire_place, dam_place, sex_place, date_place };
 
 constexpr std::size_t fewest_numbered_columns = 5;
-constexpr int most_animals_compared =
-    500;  // what they say of sexes and dates is enough; relatives are looked for in all
+
+/// What so many say of sexes and dates is enough; relatives are looked for in all.
+constexpr int most_animals_compared = 500;
 
 HeadingTexts texts_of(const ExportRecord& record, const ColumnChoice& columns) {
   HeadingTexts texts;
