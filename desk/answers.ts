@@ -9,7 +9,7 @@ export interface Answers {
 const anything = /./;
 const oneOf = (words: string) => new RegExp(`^(${words})$`, "i");
 
-const rules = 'separators|capitals|zeros|look-alikes|marks|prefix|country|check-digit';
+const rules = "separators|capitals|zeros|look-alikes|marks|prefix|country|check-digit";
 
 /** The options about an export, and what their values look like. */
 const options: Record<string, RegExp> = {

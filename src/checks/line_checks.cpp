@@ -5,6 +5,7 @@
 #include "checks/readable_text.h"
 #include "core/fixed_text.h"
 #include "text/folded_words.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {
@@ -59,14 +60,6 @@ bool is_total_word(std::string_view id) {
   std::string word = folded(id);
   while (!word.empty() && word.back() >= '0' && word.back() <= '9') word.pop_back();
   return is_among(word, words);
-}
-
-/// Whether no letter and no digit stands in a line: it is blank, or divides pages.
-bool is_without_text(std::string_view line) {
-  return std::none_of(line.begin(), line.end(), [](char byte) {
-    const auto value = static_cast<unsigned char>(byte);
-    return value >= 0x80 || (value >= '0' && value <= '9') || ((value | 0x20U) >= 'a' && (value | 0x20U) <= 'z');
-  });
 }
 
 /// "(no.)" in place of the animal and of both its parents, and a date without a digit: units below the headings, or the
@@ -124,7 +117,8 @@ bool is_quoted(std::string_view field) {
 
 LineKind kind_of_line(std::string_view line, const LineFields& fields, const ReadingPlan& plan) {
   if (!plan.header_line.empty() && (line == plan.header_line || are_headings(fields))) return LineKind::header_again;
-  if (line.empty() || line.front() == '\x1A' || is_without_text(line)) return LineKind::no_animal;
+  // A line without letters and digits is blank, or divides pages.
+  if (line.empty() || line.front() == '\x1A' || !says_something(line)) return LineKind::no_animal;
   if (tells_units(fields)) return LineKind::no_animal;
   const auto is_empty = [&](FieldCode code) {
     return without_trailing_blanks(fields.text[static_cast<std::size_t>(code)]).empty();

@@ -12,7 +12,7 @@ namespace pedigreewatch {
 /// False when it was told to stop, and the basis is not fitted.
 bool fit_use(ModelBasis& basis, std::uint64_t seed, const ForecastProgress& progress = {});
 
-/// A figure of evenness that is said is reached when trial herds come as near to it as this.
+/// Evenness and close matings that are said are reached when trial herds come as near to them as this.
 inline constexpr double said_evenness_reached = 0.05;
 
 struct SaidFit {
@@ -20,7 +20,8 @@ struct SaidFit {
   std::vector<RuleProblem> problems;  ///< figures that cannot be reached
 };
 
-/// After `fit_use`: lengths of use, and how unevenly sires are used, as they are said of the present practice.
+/// After `fit_use`: lengths of use, how unevenly sires are used and how often mates are close, as they are said of the
+/// present practice.
 SaidFit fit_as_said(ModelBasis& basis, const BreedingRules& present, std::uint64_t seed,
                     const ForecastProgress& progress = {});
 

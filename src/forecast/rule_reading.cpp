@@ -14,6 +14,7 @@
 #include "forecast/model_plan.h"
 #include "planning/plan_words.h"
 #include "text/encoding.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {
@@ -418,14 +419,6 @@ RuleProblem begin_rules(std::string_view line, RulesReading& reading) {
   return {};
 }
 
-std::string in_small_letters(std::string_view name) {
-  std::string small(name);
-  for (char& letter : small) {
-    if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
-  }
-  return small;
-}
-
 bool is_of_present(std::string_view name) {
   return is_figure(name) || name == "litters" || name == "sires" || name == "litters-trend";
 }
@@ -437,7 +430,7 @@ RuleProblem take_line(std::string_view line, std::int64_t number, RulesReading& 
   const std::size_t sign = line.find('=');
   if (sign == std::string_view::npos) return {0, std::string(line), no_rule_line};
   if (reading.read.scenarios.empty() && !reading.is_present) return {0, std::string(line), no_scenario_yet};
-  const std::string name = in_small_letters(trimmed(line.substr(0, sign)));
+  const std::string name = small_letters(std::string(trimmed(line.substr(0, sign))));
   if (find_rule(name) != nullptr && reading.is_present && !is_of_present(name)) return {0, name, no_figure_of_present};
   if (!reading.is_present && is_figure(name)) return {0, name, no_rule_but_figure};
   BreedingRules& rules = reading.is_present ? reading.read.present : reading.read.scenarios.back();

@@ -10,6 +10,7 @@
 #include "intake/heading_lines.h"
 #include "intake/value_words.h"
 #include "text/folded_words.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {

@@ -14,6 +14,7 @@
 #include "intake/heading_words.h"
 #include "intake/value_words.h"
 #include "text/folded_words.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {
@@ -108,12 +109,6 @@ constexpr auto remark_headings = std::to_array<std::string_view>({
     "observation", "observations", "observaciones", "comentarios", "nota", "notas", "osservazioni", "commenti",
 });
 // clang-format on
-
-bool is_letter_or_digit(char byte) {
-  const auto value = static_cast<unsigned char>(byte);
-  return value >= 0x80 || (value >= '0' && value <= '9') || (value >= 'A' && value <= 'Z') ||
-         (value >= 'a' && value <= 'z');
-}
 
 /// The crosses by which the dead are marked, as a word.
 std::string with_crosses_named(std::string_view text) {

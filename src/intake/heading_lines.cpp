@@ -10,6 +10,7 @@
 #include "intake/date_shapes.h"
 #include "intake/value_words.h"
 #include "sheets/sheet_table.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {
@@ -177,7 +178,10 @@ std::vector<HeadingTexts> find_heading_lines(std::string_view text, char delimit
     while (first > 0 && top[first - 1].line == top[first].line) --first;
     const bool is_one = is_heading(below, top[first], columns.id_style);
     // Below an animal nothing is a heading any more.
-    if (!is_one) headings.clear(), numbers.clear();
+    if (!is_one) {
+      headings.clear();
+      numbers.clear();
+    }
     for (std::size_t k = first; k < end; ++k) {
       if (!is_one) add_animal(below, top[k].texts);
       if (is_one) (top[first].numbers_columns ? numbers : headings).push_back(top[k].texts);
@@ -221,14 +225,6 @@ bool number_columns(std::span<const std::string> fields) {
     }
     const std::string_view number = field.substr(before.size(), field.size() - before.size() - behind.size());
     return is_bare_number(number) && number == std::to_string(k + from);
-  });
-}
-
-bool says_something(std::string_view text) {
-  return std::any_of(text.begin(), text.end(), [](char byte) {
-    const auto value = static_cast<unsigned char>(byte);
-    return value >= 0x80 || (value >= '0' && value <= '9') || (value >= 'a' && value <= 'z') ||
-           (value >= 'A' && value <= 'Z');
   });
 }
 

@@ -40,7 +40,4 @@ bool is_heading_line(const ExportRecord& record, const ColumnChoice& columns);
 /// the letters of a spreadsheet's columns; five fields at least.
 bool number_columns(std::span<const std::string> fields);
 
-/// Whether a text has a letter or a digit.
-bool says_something(std::string_view text);
-
 }  // namespace pedigreewatch

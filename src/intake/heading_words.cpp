@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "text/folded_words.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {
@@ -121,12 +122,6 @@ std::optional<std::vector<WordKind>> kinds_of_parts(std::string_view word) {
   return std::nullopt;
 }
 
-bool is_part_of_word(char byte) {
-  const auto value = static_cast<unsigned char>(byte);
-  return value >= 0x80 || (value >= '0' && value <= '9') || (value >= 'A' && value <= 'Z') ||
-         (value >= 'a' && value <= 'z');
-}
-
 constexpr std::string_view curly_quote = "\xE2\x80\x99";
 
 /// A lone letter beside a word that means an identification or a name: "V-LOM", "D. herd book no.".
@@ -172,10 +167,10 @@ std::vector<std::string> words_of_heading(std::string_view heading) {
   for (std::size_t i = 0; i < heading.size(); ++i) {
     const bool is_quote = heading[i] == '\'';
     if (is_quote && words.back().size() == 1) words.back().clear();
-    if (is_quote && i + 2 <= heading.size() && (i + 2 == heading.size() || !is_part_of_word(heading[i + 2]))) ++i;
+    if (is_quote && i + 2 <= heading.size() && (i + 2 == heading.size() || !is_letter_or_digit(heading[i + 2]))) ++i;
     const bool begins = i > 0 && is_small(heading[i - 1]) && heading[i] >= 'A' && heading[i] <= 'Z';
-    if ((begins || !is_part_of_word(heading[i])) && !words.back().empty()) words.emplace_back();
-    if (is_part_of_word(heading[i]) && !is_quote) words.back().push_back(heading[i]);
+    if ((begins || !is_letter_or_digit(heading[i])) && !words.back().empty()) words.emplace_back();
+    if (is_letter_or_digit(heading[i]) && !is_quote) words.back().push_back(heading[i]);
   }
   for (std::string& word : words) word = folded(word);
   std::erase_if(words, [](const std::string& word) { return word.empty(); });

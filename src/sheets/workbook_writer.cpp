@@ -10,6 +10,7 @@
 
 #include "core/fixed_text.h"
 #include "sheets/sheet_table.h"
+#include "text/plain_letters.h"
 #include "text/utf_8.h"
 
 namespace pedigreewatch {
@@ -173,12 +174,6 @@ void append_number(std::string& text, std::int64_t number) {
 const std::string& letters_of(WorkbookWriter& writer, std::size_t column) {
   while (writer.letters.size() <= column) writer.letters.push_back(column_letters(writer.letters.size()));
   return writer.letters[column];
-}
-
-std::string small_letters(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
-                 [](char byte) { return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte; });
-  return text;
 }
 
 /// The first letters of a text.

@@ -18,6 +18,7 @@
 #include "diversity/recent_inbreeding.h"
 #include "matings/candidates.h"
 #include "page/animal_page.h"
+#include "text/plain_letters.h"
 #include "text/system_reasons.h"
 #include "tools/current_date.h"
 #include "tools/folder_analysis.h"
@@ -103,13 +104,6 @@ struct CardFile {
   std::string name, content, animal;
   NewFile file = {};
 };
-
-std::string small_letters(std::string text) {
-  for (char& letter : text) {
-    if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
-  }
-  return text;
-}
 
 /// A name that none of the files has, also where capitals make no difference.
 std::string free_name(const FolderRun& run, std::string_view id, std::set<std::string>& taken) {
