@@ -78,7 +78,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   }
   const PopulationStore& store = population.store;
   ToolStreams streams;
-  PlanInput plan = {store, streams, ToolLanguage::dutch, find_sex_evidence(store, {})};
+  PlanInput plan = {store, streams, ToolLanguage::dutch, find_sex_evidence(store)};
   plan.texts["list"] = text;
   SaidLists lists;
   lists.*list_named(input.substr(0, end)) = "list";

@@ -73,6 +73,22 @@ TEST(AnimalRun, TellsTheFactsOfAnAnimal) {
   EXPECT_TRUE(has(page, "<th scope=\"row\">3</th><td>0 of 4</td><td>0 of 4</td>"));
 }
 
+TEST(AnimalRun, TellsWhatAnUntoldSexIsKnownBy) {
+  const std::string data = village +
+                           "tom;;?;01-01-2014;rex;mies;Smit;red\n"
+                           "kim;;;01-01-2014;rex;mies;Smit;red\nsam;;;01-01-2014;rex;mies;Smit;red\n"
+                           "zoe;;f;01-01-2017;tom;kim;Smit;red\n";
+  const auto sex_of = [&](const std::string& id) {
+    const std::string page = animal({id}, data, with_colours()).file("dogs_" + id + ".html");
+    const std::size_t begin = page.find("<dt>Sex</dt>");
+    return page.substr(begin, page.find("</dd>", begin) - begin);
+  };
+  EXPECT_EQ(sex_of("tom"), "<dt>Sex</dt><dd>not told; male, as the sire of its young");
+  EXPECT_EQ(sex_of("kim"), "<dt>Sex</dt><dd>not told; female, as the dam of her young");
+  EXPECT_EQ(sex_of("sam"), "<dt>Sex</dt><dd>not told");
+  EXPECT_EQ(sex_of("zoe"), "<dt>Sex</dt><dd>female");
+}
+
 std::string with_founder_heading(const std::string& page) {
   const std::size_t heading = page.find("<h3>The founders that the inbreeding comes from</h3>");
   return heading == std::string::npos ? std::string() : page.substr(heading, page.find("<h3>", heading + 1) - heading);

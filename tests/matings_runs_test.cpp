@@ -184,6 +184,48 @@ TEST(MatingsRun, LeavesOutWhatCannotBeUsedAndSaysSo) {
             "m.txt, regel 4: \"bram\": staat al in regel 1; eenmaal meegenomen\n");
 }
 
+// Boris is the sire of Pien; of Fay and Gijs nothing tells the sex.
+const std::string untold = village +
+                           "boris;;01-01-2012;;\n"
+                           "pien;f;01-01-2014;boris;mies\n"
+                           "fay;?;01-01-2014;rex;mies\n"
+                           "gijs;;01-01-2014;rex;saar\n";
+
+TEST(MatingsRun, NobodyOfUntoldSexIsTakenForAFemale) {
+  const WholeRun run = run_matings_on(files_of(untold), {"--years", "10"});
+  EXPECT_TRUE(has(run.console, "females born 2005 to 2014: 3\n")) << run.console;
+  EXPECT_TRUE(has(run.console, "males born 2005 to 2014: 2\n")) << run.console;
+  EXPECT_TRUE(
+      has(run.console,
+          "\n  left out: 2 animals of these ages or years whose sex neither their lines nor young of them tell; name "
+          "them in a list of males or females to look for their mates\n"))
+      << run.console;
+  const std::string table = run.file("dogs_matings.tsv");
+  EXPECT_TRUE(has(table, "\ttess\tboris\t") || has(table, "\ntess\tboris\t"));
+  EXPECT_FALSE(has(table, "fay"));
+  EXPECT_FALSE(has(table, "gijs"));
+}
+
+TEST(MatingsRun, WhoNamesAnAnimalOfUntoldSexTellsIt) {
+  Files files = files_of(untold);
+  files["m.txt"] = "fay\nboris\n";
+  const WholeRun named = run_matings_on(files, {"--males", "m.txt", "--years", "10"});
+  EXPECT_EQ(named.messages, "");
+  EXPECT_TRUE(has(named.console, "\n  left out: 1 animal of these ages or years whose sex neither its line nor"))
+      << named.console;
+  EXPECT_TRUE(has(named.file("dogs_matings.tsv"), "\ttess\tfay\t") ||
+              has(named.file("dogs_matings.tsv"), "\ntess\tfay\t"));
+  files["f.txt"] = "tess\nfay\n";
+  const WholeRun both = run_matings_on(files, {"--males", "m.txt", "--females", "f.txt"});
+  EXPECT_EQ(both.exit_status, 1);
+  EXPECT_TRUE(has(both.messages, "fay: stands in the lists of both sexes, and the data file does not tell its sex"))
+      << both.messages;
+  files["f.txt"] = "tess\nboris\n";
+  const WholeRun sire = run_matings_on(files, {"--males", "m.txt", "--females", "f.txt"});
+  EXPECT_TRUE(has(sire.messages, "f.txt, line 2: \"boris\": a female was expected, this animal is male; left out"))
+      << sire.messages;
+}
+
 TEST(MatingsRun, ARepeatedAnimalAloneIsNoFailure) {
   EXPECT_EQ(matings({"--females", "f.txt"}, {{"f.txt", "tess\ntess\n"}}).exit_status, 0);
 }

@@ -5,6 +5,7 @@
 
 #include "genetics/ancestor_pedigree.h"
 #include "matings/mating_work.h"
+#include "pedigree/known_sexes.h"
 
 namespace pedigreewatch {
 namespace {
@@ -70,6 +71,7 @@ AnimalCard make_card(const CardSource& source, std::int32_t position) {
   const KnownParents parents = known_parents(store, position);
   AnimalCard card;
   card.position = position;
+  card.sex = known_sex(store, position);
   card.tree = family_tree_of(store, position);
   card.parts = parts_of_inbreeding(store, position);
   card.founders = inbreeding_by_founder(store, position);

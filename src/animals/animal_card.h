@@ -50,6 +50,7 @@ struct PartOfToday {
 
 struct AnimalCard {
   std::int32_t position = 0;
+  std::optional<Sex> sex;  ///< of `known_sex`
   FamilyTree tree;
   KinshipParts parts;                     ///< of its parents' kinship, which is its F; 0 with an unknown parent
   FounderInbreeding founders;             ///< the same F, founder by founder

@@ -10,6 +10,7 @@
 #include "checks/readable_text.h"
 #include "desk/json_text.h"
 #include "matings/animal_search.h"
+#include "pedigree/known_sexes.h"
 
 namespace pedigreewatch {
 namespace {
@@ -118,7 +119,7 @@ void add_animal(JsonText& json, const DeskResults& results, std::int32_t positio
   add_integer(json, "position", position);
   add_text(json, "id", without_trailing_blanks(store.id(position)));
   add_text(json, "name", store.has_name ? without_trailing_blanks(store.name(position)) : std::string_view());
-  add_logical(json, "isMale", store.sex[position] == male);
+  add_logical(json, "isMale", known_sex(store, position).value_or(female) == male);
   add_integer(json, "year", store.birth_year[position]);
   add_name(json, "f");
   add_real(json, static_cast<double>(store.inbreeding[position]));

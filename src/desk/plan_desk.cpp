@@ -308,15 +308,9 @@ std::string make_desk_plan(Desk& desk, std::string_view settings) {
   if (const auto faults = field_faults(settings, desk.language); !faults.empty()) return problem_answer(faults);
   tell(desk.watch, "plan");
   ToolStreams said;
-  LineReader data;
-  std::vector<std::int32_t> sexless;
-  if (desk.files && open_for_reading(data, desk.files->data_file)) {
-    sexless = find_records_without_sex(data, desk.results->population.settings.layout);
-  }
-  PlanInput input = {store_of(desk), said, desk.language, find_sex_evidence(store_of(desk), std::move(sexless))};
+  PlanInput input = {store_of(desk), said, desk.language, find_sex_evidence(store_of(desk))};
   const SaidLists lists = take_lists(settings, input);
   CandidateRules rules = rules_of(desk, settings);
-  rules.records_without_sex = input.sexes.records_without_sex;
   read_said_candidates(input, lists, rules);
   if (input.has_faults) return problem_answer(said_lines(said));
   DeskPlan made;

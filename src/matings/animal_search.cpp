@@ -9,6 +9,7 @@
 
 #include "checks/readable_text.h"
 #include "core/fixed_text.h"
+#include "pedigree/known_sexes.h"
 #include "text/search_text.h"
 #include "text/utf_8.h"
 
@@ -103,10 +104,12 @@ FoundAnimals find_animals(const PopulationStore& store, const AnimalSearch& sear
   FoundAnimals found;
   if (words.empty()) return found;
   const ByNumber<Fit> fits = fits_of_records(store, words);
+  const SexEvidence sexes = search.sex ? find_sex_evidence(store) : SexEvidence();
   std::vector<Match> matches;
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
     const std::int32_t record = store.record_no(i);
-    if (fits[record] == fits_not || (search.sex && store.sex[i] != *search.sex)) continue;
+    if (fits[record] == fits_not || (search.sex && known_sex(store, sexes, i).value_or(*search.sex) != *search.sex))
+      continue;
     const bool may_live = search.may_live == nullptr || (*search.may_live)[i] != 0;
     matches.push_back({i, record, store.birth_year[i], fits[record], may_live});
   }

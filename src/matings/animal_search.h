@@ -16,7 +16,7 @@ namespace pedigreewatch {
 struct AnimalSearch {
   std::string_view text;                     ///< UTF-8; each of its words must stand in the identification or the name
   std::size_t most = 0;                      ///< animals that are named
-  std::optional<Sex> sex;                    ///< none: either
+  std::optional<Sex> sex;                    ///< none: either; those of which nothing tells the sex are of either
   const ByNumber<Flag>* may_live = nullptr;  ///< by position; none: nothing is known of that
 };
 

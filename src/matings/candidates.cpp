@@ -8,6 +8,7 @@
 #include <unordered_map>
 
 #include "checks/readable_text.h"
+#include "pedigree/known_sexes.h"
 #include "text/utf_8.h"
 #include "text/windows_1252.h"
 
@@ -70,6 +71,7 @@ std::vector<std::int32_t> positions_listed(const PopulationStore& store, std::sp
 
 CandidateList candidates_listed(const PopulationStore& store, std::span<const ListedId> ids, Sex wanted) {
   const std::vector<std::int32_t> positions = positions_listed(store, ids);
+  const SexEvidence sexes = find_sex_evidence(store);
   CandidateList list;
   std::unordered_map<std::int32_t, std::int64_t> first_line;
   for (std::size_t k = 0; k < ids.size(); ++k) {
@@ -78,7 +80,7 @@ CandidateList candidates_listed(const PopulationStore& store, std::span<const Li
     const std::int32_t position = positions[k];
     if (position == 0) {
       list.notes.push_back({ListFault::unknown_id, listed.line, id, 0});
-    } else if (store.sex[position] != wanted) {
+    } else if (known_sex(store, sexes, position).value_or(wanted) != wanted) {
       list.notes.push_back({ListFault::wrong_sex, listed.line, id, 0});
     } else if (const auto [seen, is_new] = first_line.emplace(position, listed.line); !is_new) {
       list.notes.push_back({ListFault::repeated, listed.line, id, seen->second});
@@ -101,11 +103,13 @@ AvailableAnimals available_listed(const PopulationStore& store, std::span<const 
 }
 
 std::vector<std::int32_t> candidates_born(const PopulationStore& store, std::int32_t first_year, std::int32_t last_year,
-                                          Sex sex) {
+                                          std::optional<Sex> sex) {
+  const SexEvidence sexes = find_sex_evidence(store);
   std::vector<std::int32_t> positions;
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
     const std::int32_t year = store.birth_year[i];
-    if (year != 0 && year >= first_year && year <= last_year && store.sex[i] == sex) positions.push_back(i);
+    if (year != 0 && year >= first_year && year <= last_year && known_sex(store, sexes, i) == sex)
+      positions.push_back(i);
   }
   return positions;
 }

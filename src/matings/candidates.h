@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -35,17 +36,18 @@ struct CandidateList {
 /// `candidates_listed`.
 std::vector<std::int32_t> positions_listed(const PopulationStore& store, std::span<const ListedId> ids);
 
-/// The animals of a list that are of the wanted sex. An identification is looked for as it stands; then, where it is
-/// UTF-8, as Windows-1252, and where it is not, as UTF-8: list and data file may be in different encodings. It is cut
-/// at the length at which identifications of the data file are cut. Of two animals with one identification the first of
-/// the data file is meant, as it is where parents are named.
+/// The animals of a list that are of the wanted sex, or of a sex that nothing tells. An identification is looked for as
+/// it stands; then, where it is UTF-8, as Windows-1252, and where it is not, as UTF-8: list and data file may be in
+/// different encodings. It is cut at the length at which identifications of the data file are cut. Of two animals with
+/// one identification the first of the data file is meant, as it is where parents are named.
 CandidateList candidates_listed(const PopulationStore& store, std::span<const ListedId> ids, Sex wanted);
 
 /// The animals of a list as those that can still be bred from. How they are looked for, see `candidates_listed`.
 AvailableAnimals available_listed(const PopulationStore& store, std::span<const ListedId> ids);
 
-/// The animals of this sex born from `first_year` to `last_year`, in store order.
+/// The animals of this sex (`known_sex`; none: those of which nothing tells it) born from `first_year` to `last_year`,
+/// in store order.
 std::vector<std::int32_t> candidates_born(const PopulationStore& store, std::int32_t first_year, std::int32_t last_year,
-                                          Sex sex);
+                                          std::optional<Sex> sex);
 
 }  // namespace pedigreewatch

@@ -19,6 +19,11 @@ namespace {
 
 constexpr Wording sex_label = {"Sex", "Geslacht"}, male_word = {"male", "mannelijk"},
                   female_word = {"female", "vrouwelijk"};
+constexpr Wording sex_of_sire = {"not told; male, as the sire of its young",
+                                 "niet vermeld; mannelijk, als vader van zijn jongen"};
+constexpr Wording sex_of_dam = {"not told; female, as the dam of her young",
+                                "niet vermeld; vrouwelijk, als moeder van haar jongen"};
+constexpr Wording untold_sex = {"not told", "niet vermeld"};
 constexpr Wording born_label = {"Born", "Geboren"}, not_known = {"not known", "niet bekend"};
 constexpr Wording no_own_line = {"not known: it has no line of its own, only as a parent",
                                  "niet bekend: het heeft geen eigen regel, alleen als ouder"};
@@ -236,11 +241,19 @@ std::string offspring_of(const CardWriter& writer) {
                        std::to_string(list.mates), std::to_string(list.breeding)});
 }
 
+const Wording& sex_word(const CardWriter& writer) {
+  const std::optional<Sex> sex = writer.card.sex;
+  if (!sex) return untold_sex;
+  const bool is_told = writer.store().is_sex_told(writer.card.position);
+  if (*sex == male) return is_told ? male_word : sex_of_sire;
+  return is_told ? female_word : sex_of_dam;
+}
+
 void write_facts(CardWriter& writer) {
   const PopulationStore& store = writer.store();
   const std::int32_t position = writer.card.position;
   writer.page += "<dl class=\"fa-facts\">\n";
-  add_fact(writer, sex_label, writer.words(store.sex[position] == male ? male_word : female_word));
+  add_fact(writer, sex_label, writer.words(sex_word(writer)));
   add_fact(writer, born_label, birth_text(writer));
   add_fact(writer, breeder_label, breeder_text(writer));
   add_fact(writer, colour_label, colour_text(writer));

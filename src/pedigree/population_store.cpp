@@ -166,6 +166,7 @@ void append_record(PopulationStore& store, const LineRecord& record, const Recor
   add_record_id(store.index, store.kept.ids, ids.own, store.animal_count);
   append_birth(store, record);
   store.sex.values.push_back(record.sex);
+  if (!record.is_sex_told) store.kept.records_without_sex.push_back(store.animal_count);
   store.is_import.values.push_back(record.is_import ? 1 : 0);
   append_parent_number(store, store.sire_no, ids.sire);
   append_parent_number(store, store.dam_no, ids.dam);

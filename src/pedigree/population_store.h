@@ -6,6 +6,7 @@
 // records: `record_no` tells where.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -42,6 +43,7 @@ struct LineRecord {
   std::string_view colour = {}, breeder = {}, subpopulation = {};
   std::int32_t birth_year = 0, birth_month = 1, birth_day = 1;
   Sex sex = female;
+  bool is_sex_told = false;  ///< otherwise nobody would say that the text means a female
   bool is_import = false;
 };
 
@@ -82,6 +84,7 @@ struct StoreKeeping {
   ByNumber<std::int32_t> record_of_position;  ///< empty until the pedigree is sorted
   ByNumber<std::int8_t> day_of_month;
   std::vector<OddDay> odd_days;                                    ///< by record
+  std::vector<std::int32_t> records_without_sex;                   ///< in their order
   ByNumber<std::int32_t> subpopulation_text;                       ///< among `subpopulation_texts`
   NameList<SubpopulationName{}.bytes.size()> subpopulation_texts;  ///< the allowed ones first
   std::int32_t allowed_subpopulations = 0, blank_subpopulation = 0, blank_colour = 0;
@@ -142,6 +145,10 @@ struct PopulationStore {
   SubpopulationName subpopulation(std::int32_t position) const;
   /// The line of the data file, counted from 1; 0 for an appended parent.
   std::int32_t line(std::int32_t position) const;
+  /// Whether its line tells its sex, or it is an appended parent. Others count as female.
+  bool is_sex_told(std::int32_t position) const {
+    return !std::binary_search(kept.records_without_sex.begin(), kept.records_without_sex.end(), record_no(position));
+  }
   /// Whether it has offspring in the store that is no import.
   bool is_native_parent(std::int32_t position) const { return native_offspring_count[position] != 0; }
   /// All fields of one animal, but for its colour.

@@ -133,6 +133,14 @@ bool is_male(std::string_view field, const std::array<char, 2>& male_letters) {
   return letter != ' ' && (letter == male_letters[0] || letter == male_letters[1]);
 }
 
+/// Not texts of which nobody would say that they mean a female.
+bool tells_female(std::string_view text) {
+  constexpr std::string_view signs = " ?-";
+  const bool is_unknown =
+      text.empty() || signs.find(text.front()) != std::string_view::npos || text == "unknown" || text == "Unknown";
+  return !is_unknown;
+}
+
 void dump_record(const LineRecord& record, std::int32_t record_number, const PopulationStore& store,
                  TextOutput& console) {
   const auto write_text = [&](std::string_view label, const auto& text) { write_free_line(console, {label, text}); };
@@ -223,7 +231,10 @@ void store_field(std::string_view field, std::int32_t field_code, const DataFile
     case sire_column: record.sire_id = cut(parent(), width_of<AnimalId>, sire_warning); return;
     case dam_column: record.dam_id = cut(parent(), width_of<AnimalId>, dam_warning); return;
     case name_column: record.name = cut(text, width_of<AnimalName>, name_warning); return;
-    case sex_column: record.sex = is_male(field, layout.male_letters) ? male : female; return;
+    case sex_column:
+      record.sex = is_male(field, layout.male_letters) ? male : female;
+      record.is_sex_told = record.sex == male || tells_female(text);
+      return;
     case birthdate_column: return store_birth_date(field, layout, place, record, streams);
     case colour_column: record.colour = cut(text, width_of<ColourName>, colour_warning); return;
     case breeder_column: record.breeder = cut(text, width_of<BreederName>, breeder_warning); return;

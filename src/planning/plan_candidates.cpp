@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "checks/readable_text.h"
-#include "planning/known_sexes.h"
+#include "pedigree/known_sexes.h"
 
 namespace pedigreewatch {
 namespace {
@@ -15,8 +15,7 @@ struct Marks {
 };
 
 Marks make_marks(const PopulationStore& store, const CandidateRules& rules) {
-  Marks marks{ByNumber<Flag>(store.size()), ByNumber<Flag>(store.size()),
-              find_sex_evidence(store, rules.records_without_sex)};
+  Marks marks{ByNumber<Flag>(store.size()), ByNumber<Flag>(store.size()), find_sex_evidence(store)};
   for (const std::int32_t position : rules.excluded) marks.is_excluded[position] = 1;
   const std::int64_t first = std::int64_t{store.birth_years.last} - years_of_ages + 1;
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
@@ -103,7 +102,7 @@ bool is_of_age(const PopulationStore& store, const SexCandidates& candidates, st
 /// Animals of which nobody knows for which sex they would be candidates.
 void leave_out_unknown_sexes(const PopulationStore& store, const CandidateRules& rules, const Marks& marks,
                              CandidatePool& pool) {
-  if (rules.records_without_sex.empty()) return;
+  if (store.kept.records_without_sex.empty()) return;
   ByNumber<Flag> is_listed(store.size());
   for (const Sex sex : {male, female}) {
     for (const std::int32_t position : pool.candidates.of(sex).positions) is_listed[position] = 1;

@@ -21,7 +21,6 @@ struct CandidateRules {
   std::optional<std::string> subpopulation;                ///< its name in UTF-8
   double least_generations = 0.0;                          ///< equivalent generations of known ancestors
   bool needs_known_parents = false;                        ///< both
-  std::vector<std::int32_t> records_without_sex;           ///< of find_records_without_sex
 };
 
 /// Why an animal gets no matings.

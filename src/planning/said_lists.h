@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "core/tool_streams.h"
-#include "planning/known_sexes.h"
+#include "pedigree/known_sexes.h"
 #include "text/phrases.h"
 
 namespace pedigreewatch {

@@ -104,6 +104,19 @@ constexpr Wording is_male = {"{1}, line {2}: {3}: a female was expected, this an
                              "{1}, regel {2}: {3}: een vrouwelijk dier werd verwacht, dit is mannelijk; weggelaten"};
 constexpr Wording is_female = {"{1}, line {2}: {3}: a male was expected, this animal is female; left out",
                                "{1}, regel {2}: {3}: een mannelijk dier werd verwacht, dit is vrouwelijk; weggelaten"};
+constexpr Wording in_both_lists = {
+    "{1}: stands in the lists of both sexes, and the data file does not tell its sex; take it out of one of them",
+    "{1}: staat in de lijsten van beide geslachten, en het databestand zegt het geslacht niet; haal het uit een van beide"};
+constexpr Wording one_without_sex = {
+    "  left out: 1 animal of these ages or years whose sex neither its line nor young of it tell; name it in a list of males or "
+    "females to look for its mates",
+    "  weggelaten: 1 dier van deze leeftijden of jaren waarvan noch de eigen regel, noch een jong het geslacht zegt; noem het in "
+    "een lijst van mannelijke of vrouwelijke dieren om er toch partners voor te zoeken"};
+constexpr Wording some_without_sex = {
+    "  left out: {1} animals of these ages or years whose sex neither their lines nor young of them tell; name them in a list "
+    "of males or females to look for their mates",
+    "  weggelaten: {1} dieren van deze leeftijden of jaren waarvan noch de eigen regel, noch een jong het geslacht zegt; noem "
+    "ze in een lijst van mannelijke of vrouwelijke dieren om er toch partners voor te zoeken"};
 constexpr Wording is_repeated = {"{1}, line {2}: {3}: stands in line {4} already; taken once",
                                  "{1}, regel {2}: {3}: staat al in regel {4}; eenmaal meegenomen"};
 constexpr Wording further_notes = {"{1}: and {2} more of this kind", "{1}: en nog {2} van deze soort"};
@@ -214,6 +227,8 @@ struct MatingRun {
   const MatingOptions& options;
   bool has_left_out = false;  ///< animals of a list
   AvailableAnimals available = {};
+  std::vector<std::int32_t> without_sex =
+      {};  ///< of the ages or years that were taken; nothing tells which sex they have
 
   const PopulationStore& store() const { return folder.population.store; }
 };
@@ -292,8 +307,7 @@ std::optional<ToolRefusal> take_listed(MatingRun& run, const ListWording& wordin
 }
 
 /// Takes the animals born in the last years, of which there must be one.
-std::optional<ToolRefusal> take_born(const MatingRun& run, const ListWording& wording,
-                                     std::vector<std::int32_t>& positions) {
+std::optional<ToolRefusal> take_born(MatingRun& run, const ListWording& wording, std::vector<std::int32_t>& positions) {
   constexpr std::int32_t usual_years = 10;
   const FolderRun& folder = run.folder;
   const BirthYears& years = run.store().birth_years;
@@ -302,7 +316,12 @@ std::optional<ToolRefusal> take_born(const MatingRun& run, const ListWording& wo
   const std::int64_t first =
       std::max(std::int64_t{years.last} - run.options.years.value_or(usual_years) + 1, std::int64_t{years.first});
   positions = candidates_born(run.store(), static_cast<std::int32_t>(first), years.last, wording.sex);
-  std::erase_if(positions, [&](std::int32_t position) { return !run.available.has(position); });
+  const std::vector<std::int32_t> untold =
+      candidates_born(run.store(), static_cast<std::int32_t>(first), years.last, std::nullopt);
+  run.without_sex.insert(run.without_sex.end(), untold.begin(), untold.end());
+  for (std::vector<std::int32_t>* const born : {&positions, &run.without_sex}) {
+    std::erase_if(*born, [&](std::int32_t position) { return !run.available.has(position); });
+  }
   const std::string first_text = std::to_string(first), last_text = std::to_string(years.last);
   if (positions.empty()) {
     return ToolRefusal{folder.words(none_born, {animals, first_text, last_text, wording.option})};
@@ -322,15 +341,18 @@ void say_ages(const MatingRun& run, const ListWording& wording, const Wording& l
 }
 
 /// The animals of the ages at which parents were used.
-SexCandidates find_aged(const MatingRun& run, Sex sex) {
+SexCandidates find_aged(MatingRun& run, Sex sex) {
   CandidateRules wanted;
   wanted.available = run.available;
-  return gather_candidates(run.store(), wanted).candidates.of(sex);
+  const CandidatePool pool = gather_candidates(run.store(), wanted);
+  for (const LeftOut& animal : pool.left_out) {
+    if (animal.why == WhyNone::unknown_sex) run.without_sex.push_back(animal.position);
+  }
+  return pool.candidates.of(sex);
 }
 
 /// Takes them, of which there must be one.
-std::optional<ToolRefusal> take_aged(const MatingRun& run, const ListWording& wording,
-                                     std::vector<std::int32_t>& positions) {
+std::optional<ToolRefusal> take_aged(MatingRun& run, const ListWording& wording, std::vector<std::int32_t>& positions) {
   const FolderRun& folder = run.folder;
   const SexCandidates candidates = find_aged(run, wording.sex);
   positions = candidates.positions;
@@ -341,7 +363,7 @@ std::optional<ToolRefusal> take_aged(const MatingRun& run, const ListWording& wo
 
 /// Where nobody says whom to take, nor who has gone: those of the usual ages, and where there are none those of the
 /// usual years.
-std::optional<ToolRefusal> take_proposed(const MatingRun& run, const ListWording& wording,
+std::optional<ToolRefusal> take_proposed(MatingRun& run, const ListWording& wording,
                                          std::vector<std::int32_t>& positions) {
   if (!find_aged(run, wording.sex).positions.empty()) {
     std::optional<ToolRefusal> refusal = take_aged(run, wording, positions);
@@ -462,6 +484,26 @@ std::optional<ToolRefusal> write_plan(const MatingRun& run, const MatingPlan& pl
   return std::nullopt;
 }
 
+/// Says how many animals nobody could take for a male or a female, but for those that a list names. An animal whose sex
+/// nothing tells cannot be of both.
+std::optional<ToolRefusal> weigh_untold(MatingRun& run, const MatingPlan& plan) {
+  ByNumber<Flag> in_females(run.store().size()), is_untold(run.store().size());
+  for (const std::int32_t position : run.without_sex) is_untold[position] = 1;
+  for (const std::int32_t position : plan.females) {
+    in_females[position] = 1;
+    is_untold[position] = 0;
+  }
+  for (const std::int32_t position : plan.males) {
+    is_untold[position] = 0;
+    if (in_females[position] == 0) continue;
+    return ToolRefusal{run.folder.words(in_both_lists, {shown(readable(run.store().id(position)))})};
+  }
+  const auto count = std::count(is_untold.values.begin(), is_untold.values.end(), Flag{1});
+  const Wording& wording = count == 1 ? one_without_sex : some_without_sex;
+  if (count > 0) say(run.folder.streams.console, run.folder.words(wording, {std::to_string(count)}));
+  return std::nullopt;
+}
+
 std::optional<ToolRefusal> make_matings(FolderRun& folder, const MatingOptions& options) {
   MatingRun run = {folder, options};
   MatingPlan plan = {{}, {}, options.best, options.limit};
@@ -470,6 +512,7 @@ std::optional<ToolRefusal> make_matings(FolderRun& folder, const MatingOptions& 
   if (!options.takes_all_animals) refusal = read_available(folder, run.available);
   if (!refusal) refusal = take_candidates(run, females_list, options.females_file, plan.females);
   if (!refusal) refusal = take_candidates(run, males_list, options.males_file, plan.males);
+  if (!refusal) refusal = weigh_untold(run, plan);
   if (!refusal) refusal = refuse_size(folder, plan);
   if (!refusal) refusal = refuse_name(run, table_name(run));
   if (!refusal) refusal = write_plan(run, plan);

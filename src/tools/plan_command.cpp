@@ -92,7 +92,6 @@ std::optional<CandidatePool> find_candidates(PlanRun& run, PlanInput& input) {
   rules.years = options.years;
   rules.least_generations = options.least_generations;
   rules.needs_known_parents = options.needs_known_parents;
-  rules.records_without_sex = input.sexes.records_without_sex;
   rules.subpopulation = options.subpopulation;
   if (options.subpopulation && !has_subpopulation(run)) return std::nullopt;
   read_said_candidates(input, options.lists, rules);
@@ -296,10 +295,7 @@ Refusal write_files(const PlanRun& run, std::vector<PlanFile>& files) {
 
 Refusal plan_and_write(FolderRun& folder, const PlanOptions& options) {
   PlanRun run = {folder, options, folder.streams, folder.language};
-  LineReader data;
-  if (Refusal refusal = open_data_file(run.population().settings, data)) return refusal;
-  PlanInput input = {run.store(), run.streams, run.language,
-                     find_sex_evidence(run.store(), find_records_without_sex(data, run.population().settings.layout))};
+  PlanInput input = {run.store(), run.streams, run.language, find_sex_evidence(run.store())};
   const std::optional<CandidatePool> pool = find_candidates(run, input);
   if (!pool) return ToolRefusal{folder.words(nothing_written)};
   for (const Sex sex : {male, female}) {

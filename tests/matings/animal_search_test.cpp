@@ -120,6 +120,15 @@ TEST(FindAnimals, OfOneSexAndWithTheNumberOfAll) {
   EXPECT_EQ(find_animals(store, {"a", 10, {}, nullptr}).count, 3);
 }
 
+TEST(FindAnimals, ThoseOfUntoldSexAreOfEitherUnlessTheirYoungTellIt) {
+  PopulationStore store = pedigree_from_text("a1 0 0 f 2001\na2 0 0 f 2001\na3 a1 a2 m 2002\na4 a1 a2 f 2003\n");
+  for (const std::string_view id : {"a1", "a4"}) {
+    store.kept.records_without_sex.push_back(store.record_no(animal_named(store, id).number));
+  }
+  EXPECT_EQ(find_animals(store, {"a", 10, male, nullptr}).count, 3) << "a2 alone is no male";
+  EXPECT_EQ(find_animals(store, {"a", 10, female, nullptr}).count, 2) << "a1 was a sire";
+}
+
 TEST(FindAnimals, CapitalsAndBlanksAroundMakeNoDifference) {
   EXPECT_EQ(found(herd(), " rEx "), (Ids{"HS20"}));
   EXPECT_EQ(found(herd(), "HSV van ZO\xC3\x8B"), (Ids{"hs3"}));

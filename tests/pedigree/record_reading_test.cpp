@@ -108,6 +108,21 @@ TEST(StoreField, SexIsTheFirstCharacter) {
   }
 }
 
+TEST(StoreField, SexIsNotToldByTextsThatNobodyTakesForAFemale) {
+  const auto is_told = [](std::string_view field) {
+    LineRecord record;
+    RunStreams streams;
+    store_field(field, sex_column, settings_in(true), {}, record, streams);
+    return record.is_sex_told;
+  };
+  for (const std::string_view field : {"m", "Male  ", "f", "V", "1", "x", "unknowns"})
+    EXPECT_TRUE(is_told(field)) << field;
+  for (const std::string_view field : {"", "   ", " m", "?", "-", "?f", "unknown", "Unknown  "}) {
+    EXPECT_FALSE(is_told(field)) << field;
+  }
+  EXPECT_FALSE(LineRecord().is_sex_told);  // a line that ends before it
+}
+
 TEST(StoreField, BlankAsMaleLetterMakesNoMales) {
   TestLayout settings = settings_in(true);
   settings.male_letters = {' ', ' '};

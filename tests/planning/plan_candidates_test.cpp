@@ -80,12 +80,13 @@ TEST(GatherCandidates, ByYearsStopsAtTheFirstYear) {
 }
 
 TEST(GatherCandidates, ThoseOfUnknownSexAreLeftOutUnlessTheirYoungTellIt) {
-  const PopulationStore store = with_inbreeding(pedigree_from_text(herd));
+  PopulationStore store = with_inbreeding(pedigree_from_text(herd));
   const auto record = [&](std::string_view id) { return store.record_no(animal_named(store, id).number); };
   // Fie has no young; Eva is a dam; Bo nothing.
+  std::vector<std::int32_t>& without_sex = store.kept.records_without_sex;
+  without_sex = {record("bo"), record("eva"), record("fie")};
+  std::sort(without_sex.begin(), without_sex.end());
   CandidateRules rules;
-  rules.records_without_sex = {record("bo"), record("eva"), record("fie")};
-  std::sort(rules.records_without_sex.begin(), rules.records_without_sex.end());
   rules.years = 5;  // from 2003 on
   const CandidatePool pool = gather_candidates(store, rules);
   EXPECT_EQ(ids_of(store, pool.candidates.of_males.positions), "cor dirk gijs ");
@@ -102,7 +103,7 @@ TEST(GatherCandidates, ThoseOfUnknownSexAreLeftOutUnlessTheirYoungTellIt) {
 }
 
 TEST(GatherCandidates, ThoseThatHaveGoneAreLeftOutUnlessAListNamesThem) {
-  const PopulationStore store = with_inbreeding(pedigree_from_text(herd));
+  PopulationStore store = with_inbreeding(pedigree_from_text(herd));
   const auto position = [&](std::string_view id) { return animal_named(store, id).number; };
   CandidateRules rules;
   rules.available = {true, ByNumber<Flag>(store.size(), 1), 0, 0};
@@ -115,7 +116,7 @@ TEST(GatherCandidates, ThoseThatHaveGoneAreLeftOutUnlessAListNamesThem) {
   rules.years = 5;
   EXPECT_EQ(gather_candidates(store, rules).gone, 2);  // Fie too
   // Nobody asks for the sex of one that has gone.
-  rules.records_without_sex = {store.record_no(position("fie"))};
+  store.kept.records_without_sex = {store.record_no(position("fie"))};
   EXPECT_EQ(gather_candidates(store, rules).unknown_sexes, 0);
   rules.listed.of_males = std::vector<std::int32_t>{position("bo")};
   pool = gather_candidates(store, rules);

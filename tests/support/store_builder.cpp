@@ -25,6 +25,7 @@ AnimalRecord with_known_ids(AnimalRecord record) {
 
 LineRecord fields_of(const AnimalRecord& record) {
   LineRecord line;
+  line.is_sex_told = true;
   line.id = record.id.trimmed();
   line.name = record.name.trimmed();
   line.sire_id = record.sire_id.trimmed();
