@@ -313,6 +313,29 @@ TEST(TablesRun, CountsTheParentsOfASubpopulationAsTheDescentOfTheReport) {
   EXPECT_EQ(table.cell(3, "subpopulation"), "Dale");
 }
 
+// In columns all three names are noord_1. Those of 2004 are half sibs of the first two, whose relationship is 0.25.
+TEST(TablesRun, NamesOfSubpopulationsThatAreAlikeStandForOneEachInAllColumns) {
+  SteerLines steer;
+  steer.subpopulations = "3\nnoord_1\nNoord 1\nNoord-1";
+  std::string data =
+      "id;sex;birthdate;sire;dam;subpopulation\nR;m;01-02-2001;;;\nS;f;01-02-2001;;;\nT;f;01-02-2001;;;\n";
+  for (const std::string k : {"1", "2"}) {
+    data +=
+        "a" + k + ";f;01-02-2004;R;S;noord_1\nb" + k + ";f;01-02-2004;R;T;Noord 1\nc" + k + ";f;01-02-2004;;;Noord-1\n";
+  }
+  const WholeRun run = tables_on(files_of(data, steer));
+  ASSERT_EQ(run.exit_status, 0) << run.messages;
+  const ReadTable table = read_table(run.file("dogs_years.tsv"));
+  const std::size_t last = table.rows.size() - 1;
+  EXPECT_EQ(table.cell(last, "year"), "2004");
+  EXPECT_EQ(table.cell(last, "relationship_noord_1__noord_1_2"), "0.25");
+  EXPECT_EQ(table.cell(last, "relationship_noord_1__noord_1_3"), "0");
+  EXPECT_EQ(table.cell(last, "relationship_noord_1_2__noord_1_3"), "0");
+  EXPECT_EQ(table.cell(last, "kinship_noord_1_2"), "0.25");  // full sibs
+  EXPECT_EQ(table.cell(last, "kinship_noord_1_3"), "0");
+  EXPECT_EQ(table.cell(last, "born_noord_1_3"), "2");
+}
+
 TEST(TablesRun, ReplacesOlderTables) {
   const Files files = with(files_of(family), "dogs_years.tsv", "old");
   const WholeRun run = tables_on(files);

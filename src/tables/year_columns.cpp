@@ -12,15 +12,27 @@
 namespace pedigreewatch {
 namespace {
 
+/// The part of a name that stands for a text of the steer file; its number in the list when no letter can be used.
+std::string part_or_number(std::string_view text, std::int64_t number) {
+  std::string part = name_part(text);
+  return part.empty() ? std::to_string(number) : part;
+}
+
 /// The columns while they are gathered.
 struct ColumnList {
   const BlockView& view;
   std::vector<YearColumn> columns;
   TakenNames taken;
+  std::vector<std::string> parts = {""};  ///< of names, by number of the subpopulation
 
   explicit ColumnList(const BlockView& block) : view(block) {
     take_name(taken, "year");
     take_name(taken, "subpopulation");
+    const auto& subpopulations = view.population.settings.layout.subpopulations;
+    TakenNames taken_parts;
+    for (std::int32_t k = 1; k <= subpopulations.count(); ++k) {
+      parts.push_back(take_name(taken_parts, part_or_number(subpopulations.names.at(k).trimmed(), k)));
+    }
   }
   const MonitorTables& tables() const { return view.block.tables; }
 };
@@ -42,12 +54,6 @@ Cell mean_of(std::int64_t size, float value) {
 
 std::string numbered(std::string_view name, std::int64_t number) {
   return std::string(name) + std::to_string(number);
-}
-
-/// The part of a name that stands for a text of the steer file; its number in the list when no letter can be used.
-std::string part_or_number(std::string_view text, std::int64_t number) {
-  std::string part = name_part(text);
-  return part.empty() ? std::to_string(number) : part;
 }
 
 /// All columns of a table of counts; `name_of` yields the name by the number of the column.
@@ -243,15 +249,14 @@ void add_trend(ColumnList& list) {
 
 // ---- subpopulations ----------------------------------------------------------------------------------------------
 
-/// The part of a column's name that stands for subpopulation k.
-std::string subpopulation_part(const BlockView& view, std::int32_t k) {
-  return part_or_number(view.population.settings.layout.subpopulations.names.at(k).trimmed(), k);
+/// The part of a column's name that stands for subpopulation k: another one for each, in all columns the same.
+const std::string& subpopulation_part(const ColumnList& list, std::int64_t k) {
+  return list.parts[static_cast<std::size_t>(k)];
 }
 
 void add_births(ColumnList& list) {
   const YearTable<std::int32_t>& births = list.view.population.analysis.extras.subpopulations.births;
-  add_counts(list, births, births.column_count,
-             [&](std::int64_t k) { return "born_" + subpopulation_part(list.view, static_cast<std::int32_t>(k)); });
+  add_counts(list, births, births.column_count, [&](std::int64_t k) { return "born_" + subpopulation_part(list, k); });
 }
 
 /// The number under which the animals of subpopulation k are counted: another one when its name stands twice.
@@ -263,7 +268,7 @@ void add_descent(ColumnList& list) {
   const BlockView& view = list.view;
   const YearTable<std::int32_t>& parents = view.counts().parents_from;
   for (std::int32_t k = 1; k <= view.population.settings.layout.subpopulations.count(); ++k) {
-    add(list, "parents_from_" + subpopulation_part(view, k),
+    add(list, "parents_from_" + subpopulation_part(list, k),
         [&parents, from = counted_number(view, k)](Row row) { return count(parents.value(row, from)); });
   }
 }
@@ -281,7 +286,7 @@ void add_kinship_within(ColumnList& list) {
     const auto cell = [&view, &kinship, k](Row row, std::int64_t column) {
       return mean_kinship_of(born_in(view, k, row) - 1, kinship.value(row, column));
     };
-    const std::string part = subpopulation_part(view, k);
+    const std::string part = subpopulation_part(list, k);
     add(list, "F_mean_" + part, [=](Row row) { return cell(row, inbreeding_column(k)); });
     add(list, "kinship_" + part, [=](Row row) { return cell(row, kinship_column(k)); });
   }
@@ -293,7 +298,7 @@ void add_kinship_between(ColumnList& list) {
   const std::int32_t last = view.population.settings.layout.subpopulations.count();
   for (std::int32_t k = 1; k <= last; ++k) {
     for (std::int32_t l = k + 1; l <= last; ++l) {
-      add(list, "relationship_" + subpopulation_part(view, k) + "__" + subpopulation_part(view, l),
+      add(list, "relationship_" + subpopulation_part(list, k) + "__" + subpopulation_part(list, l),
           [&view, &kinship, last, k, l](Row row) {
             const auto column = column_of_pair(last, k, l, [&](std::int32_t m) { return born_in(view, m, row); });
             return mean_kinship_of(column ? 1 : 0, column ? kinship.value(row, *column) : 0.0F);
