@@ -1,10 +1,14 @@
 // Whole runs of `pedigreewatch-tools forecast`: what is written, and what is refused with nothing written.
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <regex>
 #include <string>
 #include <vector>
 
+#include "support/files.h"
 #include "support/pedigrees.h"
+#include "support/places.h"
 #include "support/program_run.h"
 #include "support/read_table.h"
 #include "support/sanitizers.h"
@@ -122,6 +126,25 @@ TEST(ForecastRun, SaysHowManyReplicatesAndFromWhichSeed) {
   const WholeRun twenty = forecast(herd(10), {"--years", "3", "--replicates", "20"});
   EXPECT_TRUE(has(twenty.console, "replicates: 20, seed of their random numbers: 1; ")) << twenty.console;
   EXPECT_TRUE(has(twenty.file("dogs_forecast.html"), "in 90 of 100 replicates the year lies within the band"));
+}
+
+// What was measured stands in the documentation; the page says the same of it.
+TEST(ForecastRun, SaysHowForecastsOfOtherHerdbooksDid) {
+  const std::string page = bytes_of(source_folder() + "/docs/forecast.md");
+  std::smatch kinship, f;
+  ASSERT_TRUE(
+      std::regex_search(page, kinship, std::regex("mean kinship lay within the band in ([0-9]+) of ([0-9]+) years")));
+  ASSERT_TRUE(std::regex_search(page, f, std::regex("the mean F in ([0-9]+) \\(above")));
+  const std::string years = kinship[2].str();
+  const std::string due = std::to_string(static_cast<int>(std::lround(0.9 * std::stod(years))));
+  const WholeRun english = forecast(herd(10), {"--years", "1", "--replicates", "1"});
+  EXPECT_TRUE(has(english.file("dogs_forecast.html"), "lay within the band in " + kinship[1].str() + " of " + years +
+                                                          " years and mean F in " + f[1].str() + ", where " + due +
+                                                          " should"));
+  const WholeRun dutch = forecast(herd(10), {"--years", "1", "--replicates", "1"}, {}, "nl");
+  EXPECT_TRUE(has(dutch.file("dogs_forecast.html"), "in " + kinship[1].str() + " van de " + years +
+                                                        " jaren binnen de band en de gemiddelde F in " + f[1].str() +
+                                                        ", waar het er " + due + " horen"));
 }
 
 TEST(ForecastRun, SaysThatAHerdbookIsYoung) {

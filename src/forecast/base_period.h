@@ -67,7 +67,8 @@ struct BasePeriod {
   std::vector<std::vector<GroupShare>> sire_groups;  ///< by group of the young: where its sires are from
   BySex<std::vector<std::int32_t>> entries;          ///< careers that began since then, by number
   BySex<double> outside = {};                  ///< of those that came into use, the part that has no line of its own
-  BySex<std::optional<double>> said_outside;   ///< likewise, as somebody says it is
+  BySex<double> without_parents = {};          ///< likewise, of which no parent is known: imports with a line, too
+  BySex<std::optional<double>> said_outside;   ///< of which no parent is known, as somebody says it is
   BySex<std::vector<std::int32_t>> said_ages;  ///< by career: age at first use, as somebody says it is; empty: not said
   BySex<std::array<double, descents>> chosen;  ///< by descent: how many of those born came into use
   BySex<CareerRecords> careers;

@@ -35,7 +35,7 @@ struct SaidFigures {
   std::optional<double> litters_without_sire;   ///< share of the litters of known dams
   std::optional<double> young_without_parents;  ///< share of the young: neither known
   std::optional<double> sires_of_others;        ///< share of the litters: the sire is of another subpopulation
-  BySex<std::optional<double>> outside;         ///< share of those that come into use: known by name only
+  BySex<std::optional<double>> outside;         ///< share of those that come into use: no known parent
   BySex<std::optional<double>> first_age;       ///< mean at the first litter, years
   BySex<std::optional<double>> years_in_use;    ///< mean of those that come into use, from the first litter to the last
   std::optional<double> same_sire_in_year, same_sire_in_life;  ///< chances, as in UseEvenness

@@ -35,10 +35,10 @@ constexpr Wording unknown_lives_line = {
     "heeft {1} geboortejaren met bekende vaders en {2} vaders die niet meer in gebruik zijn, en er zijn {3} jaren en {4} "
     "vaders nodig"};
 constexpr Wording descent_line = {
-    "young with one known parent: {1} %, with none: {2} %; parents that came into use from outside: {3} % of the sires, "
-    "{4} % of the dams",
-    "jongen met \xC3\xA9\xC3\xA9n bekende ouder: {1} %, zonder: {2} %; ouders die van buiten in gebruik kwamen: {3} % van de vaders, "
-    "{4} % van de moeders"};
+    "young with one known parent: {1} %, with none: {2} %; parents that came into use without a known parent of their own, as "
+    "imports do: {3} % of the sires, {4} % of the dams",
+    "jongen met \xC3\xA9\xC3\xA9n bekende ouder: {1} %, zonder: {2} %; ouders die in gebruik kwamen zonder zelf een bekende "
+    "ouder te hebben, zoals importdieren: {3} % van de vaders, {4} % van de moeders"};
 constexpr Wording levels_line = {
     "these went up or down, and the forecast goes on with where they are now: {1} litters a year, young with one known "
     "parent {2} %, with none {3} %",
@@ -126,10 +126,11 @@ constexpr Wording unknown_parents_line = {
     "{1} % van de jongen heeft een onbekende ouder, die als met niemand verwant telt: inteelt en verwantschap zijn hoger "
     "dan hier staat, en een daling kan er een op papier zijn"};
 constexpr Wording outside_parents_line = {
-    "{1} % of the sires and {2} % of the dams come from outside, and count as related to nobody: as long as they do, kinship "
-    "rises more slowly, and the effective size is larger, than within the breed alone",
-    "{1} % van de vaders en {2} % van de moeders komt van buiten, en telt als met niemand verwant: zolang dat zo blijft, "
-    "stijgt de verwantschap langzamer, en is de effectieve populatiegrootte groter, dan binnen het ras alleen"};
+    "{1} % of the sires and {2} % of the dams that come into use have no known parent, as imports, and count as related to "
+    "nobody: as long as they come, kinship rises more slowly, and the effective size is larger, than within the breed alone",
+    "{1} % van de vaders en {2} % van de moeders die in gebruik komen heeft geen bekende ouder, zoals importdieren, en telt "
+    "als met niemand verwant: zolang ze komen, stijgt de verwantschap langzamer, en is de effectieve populatiegrootte groter, "
+    "dan binnen het ras alleen"};
 constexpr Wording young_herdbook_line = {
     "birth years with known sires behind this forecast: {1}, of {2} at least that it needs; how far to trust it was measured "
     "with herdbooks of thirty years and more, and this one is too short to know how numbers and the use of sires change: "

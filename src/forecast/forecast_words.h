@@ -32,7 +32,7 @@ inline constexpr double least_unknown_share = 0.05;
 std::optional<std::string> unknown_parents_sentence(const FamilyPractice& families, ToolLanguage language);
 
 /// From this share of parents from outside on, of either sex, it is said what they do.
-inline constexpr double least_outside_share = 0.05;
+inline constexpr double least_outside_share = 0.01;
 std::optional<std::string> outside_parents_sentence(const FamilyPractice& families, ToolLanguage language);
 
 /// Of a herdbook that is too young to know how it changes.

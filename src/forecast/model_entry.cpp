@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <numeric>
 
 namespace pedigreewatch {
 
@@ -85,23 +86,31 @@ struct Wanted {
 constexpr std::array<Descent, 4> descents_of_born = {Descent::deep, Descent::known, Descent::half_known,
                                                      Descent::founder};
 
-/// The descent of an animal that comes into use, by how many of each were born and how many of them usually do. Known
-/// where there was nobody.
-Descent draw_descent(const ModelHerd& herd, const CandidateYear& year, const Wanted& wanted, RandomStream& random) {
-  const std::array<double, descents>& chosen = herd.basis.base.chosen.of(wanted.sex);
-  std::array<double, descents_of_born.size()> weights = {};
-  double sum = 0.0;
-  for (std::size_t k = 0; k < weights.size(); ++k) {
-    const std::int32_t born = year.born[list_of(wanted.group, wanted.sex, descents_of_born[k])];
-    weights[k] = static_cast<double>(born) * chosen[static_cast<std::size_t>(descents_of_born[k])];
-    sum += weights[k];
-  }
-  double rest = random.unit() * sum;
+using DescentWeights = std::array<double, descents_of_born.size()>;
+
+/// Known where all weights are 0.
+Descent draw_descent(const DescentWeights& weights, RandomStream& random) {
+  double rest = random.unit() * std::accumulate(weights.begin(), weights.end(), 0.0);
   for (std::size_t k = 0; k < weights.size(); ++k) {
     rest -= weights[k];
     if (weights[k] > 0.0 && rest < 0.0) return descents_of_born[k];
   }
   return Descent::known;
+}
+
+/// The descent of an animal that comes into use, by how many of each were born and how many of them usually do. Known
+/// where there was nobody.
+Descent draw_descent(const ModelHerd& herd, const CandidateYear& year, const Wanted& wanted, RandomStream& random) {
+  const BasePeriod& base = herd.basis.base;
+  const std::array<double, descents>& chosen = base.chosen.of(wanted.sex);
+  DescentWeights weights = {};
+  for (std::size_t k = 0; k < weights.size(); ++k) {
+    const std::int32_t born = year.born[list_of(wanted.group, wanted.sex, descents_of_born[k])];
+    weights[k] = born * chosen[static_cast<std::size_t>(descents_of_born[k])];
+  }
+  // Where somebody says how many have no known parent, all of these come from outside.
+  if (base.said_outside.of(wanted.sex)) weights.back() = 0.0;
+  return draw_descent(weights, random);
 }
 
 /// Takes a candidate of the birth year; none when it has none that may be taken.
@@ -201,14 +210,16 @@ bool go_on(ModelParent& parent, const CareerRecords& careers, double pace, std::
   return true;
 }
 
-/// Whether the one who begins such a career has no line of its own: as often as it was, or as it is said to be.
+/// Whether the one who begins such a career has no line of its own: as often as it was, or as often as somebody says
+/// that no parent is known.
 bool comes_from_outside(const BasePeriod& base, Sex sex, const Career& career, RandomStream& random) {
   const bool was_outside = career.descent == Descent::outside;
   const std::optional<double>& said = base.said_outside.of(sex);
   if (!said) return was_outside;
-  const double measured = base.outside.of(sex);
-  if (*said <= measured) return was_outside && random.chance(*said / measured);
-  return was_outside || random.chance((*said - measured) / (1.0 - measured));
+  const bool had_none = was_outside || career.descent == Descent::founder;
+  const double measured = base.without_parents.of(sex);
+  if (*said <= measured) return had_none && random.chance(*said / measured);
+  return had_none || random.chance((*said - measured) / (1.0 - measured));
 }
 
 }  // namespace

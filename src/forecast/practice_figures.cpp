@@ -152,8 +152,8 @@ FamilyPractice measure_practice(const FamilyRecords& records, const BasePeriod& 
   practice.no_sire_of_known = ratio(sums.no_sire_of_known, sums.of_known);
   practice.no_sire_of_others = ratio(sums.no_sire_of_others, sums.of_others);
   practice.evenness = measure_evenness(records, base.first_alike, base.last_year);
-  practice.outside_sires = base.outside.of_males;
-  practice.outside_dams = base.outside.of_females;
+  practice.outside_sires = base.without_parents.of_males;
+  practice.outside_dams = base.without_parents.of_females;
   const EndedCareers sires = measure_lives(base.careers.of_males), dams = measure_lives(base.careers.of_females);
   practice.ended_careers = sires.count;
   practice.years_in_use = sires.years;

@@ -46,7 +46,7 @@ struct FamilyPractice {
   double no_sire_of_known = 0.0;                   ///< of the litters of dams with known parents: sire unknown
   double no_sire_of_others = 0.0;                  ///< of the litters of other dams
   std::optional<UseEvenness> evenness;             ///< of the years alike
-  double outside_sires = 0.0, outside_dams = 0.0;  ///< of those that came into use: no line of their own, no parents
+  double outside_sires = 0.0, outside_dams = 0.0;  ///< of those that came into use: no known parent
   double close_matings = 0.0;   ///< of families with known parents: sibs, half sibs, parent and offspring
   double between_groups = 0.0;  ///< of families with a known sire: he is of another subpopulation
 };

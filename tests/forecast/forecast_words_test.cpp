@@ -126,20 +126,22 @@ TEST(UnknownParentsSentence, SpeaksFromATwentiethOn) {
   EXPECT_TRUE(said->starts_with("5.1 % of the young have an unknown parent")) << *said;
 }
 
-TEST(OutsideParentsSentence, SpeaksFromATwentiethOnOfEitherSex) {
+TEST(OutsideParentsSentence, SpeaksFromAHundredthOnOfEitherSex) {
   FamilyPractice families;
-  families.outside_sires = 0.0494;
-  families.outside_dams = 0.03;
+  families.outside_sires = 0.0094;
+  families.outside_dams = 0.003;
   EXPECT_FALSE(outside_parents_sentence(families, ToolLanguage::english).has_value());
-  families.outside_dams = 0.0506;
+  families.outside_dams = 0.0106;
   const auto said = outside_parents_sentence(families, ToolLanguage::english);
   ASSERT_TRUE(said.has_value());
-  EXPECT_TRUE(said->starts_with("4.9 % of the sires and 5.1 % of the dams come from outside")) << *said;
+  EXPECT_TRUE(said->starts_with("0.9 % of the sires and 1.1 % of the dams that come into use have no known parent"))
+      << *said;
   families.outside_dams = 0.0;
-  families.outside_sires = 0.051;
-  EXPECT_TRUE(outside_parents_sentence(families, ToolLanguage::dutch)
-                  .value_or("")
-                  .starts_with("5,1 % van de vaders en 0,0 % van de moeders komt van buiten"));
+  families.outside_sires = 0.011;
+  EXPECT_TRUE(
+      outside_parents_sentence(families, ToolLanguage::dutch)
+          .value_or("")
+          .starts_with("1,1 % van de vaders en 0,0 % van de moeders die in gebruik komen heeft geen bekende ouder"));
 }
 
 TEST(YoungHerdbookSentence, EndsWithTwentyBirthYears) {
