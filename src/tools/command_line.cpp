@@ -57,4 +57,15 @@ CommandLine read_command_line(std::span<const std::string_view> arguments, std::
   return line;
 }
 
+std::string help_lines(std::span<const HelpLine> lines) {
+  std::size_t width = 0;
+  for (const HelpLine& line : lines) width = std::max(width, line.name.size() + 1);
+  std::string text;
+  for (const HelpLine& line : lines) {
+    text +=
+        "  " + std::string(line.name) + std::string(width - line.name.size(), ' ') + std::string(line.meaning) + "\n";
+  }
+  return text;
+}
+
 }  // namespace pedigreewatch

@@ -28,4 +28,12 @@ struct CommandLine {
 /// Reads the arguments behind the subcommand. Behind "--" everything is an operand.
 CommandLine read_command_line(std::span<const std::string_view> arguments, std::span<const OptionRule> rules);
 
+/// A line of a list in a help: a name, and what it stands for.
+struct HelpLine {
+  std::string_view name, meaning;
+};
+
+/// Two blanks, the name, and the meaning in a column behind the longest of the names.
+std::string help_lines(std::span<const HelpLine> lines);
+
 }  // namespace pedigreewatch

@@ -7,9 +7,11 @@
 #include <new>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "tools/animal_command.h"
 #include "tools/check_command.h"
+#include "tools/command_line.h"
 #include "tools/forecast_command.h"
 #include "tools/matings_command.h"
 #include "tools/page_command.h"
@@ -50,14 +52,11 @@ const Subcommand* find_subcommand(std::string_view name) {
 }
 
 std::string usage() {
-  std::string text = "usage: pedigreewatch-tools SUBCOMMAND ...\n";
-  for (const Subcommand& subcommand : subcommands) {
-    text += "  " + std::string(subcommand.name) + std::string(10 - subcommand.name.size(), ' ') +
-            std::string(subcommand.summary) + "\n";
-  }
-  return text +
-         "  help      shows this text; `help SUBCOMMAND` or `SUBCOMMAND --help` tells more\n"
-         "  --version shows the version\n";
+  std::vector<HelpLine> lines;
+  for (const Subcommand& subcommand : subcommands) lines.push_back({subcommand.name, subcommand.summary});
+  lines.push_back({"help", "shows this text; `help SUBCOMMAND` or `SUBCOMMAND --help` tells more"});
+  lines.push_back({"--version", "shows the version"});
+  return "usage: pedigreewatch-tools SUBCOMMAND ...\n" + help_lines(lines);
 }
 
 /// Something that is asked for and makes no files.

@@ -136,6 +136,15 @@ TEST(RunTools, TellsVersionAndHelp) {
   }
 }
 
+TEST(HelpLines, StandInTwoColumnsHoweverLongANameIs) {
+  EXPECT_EQ(help_lines({}), "");
+  const std::vector<HelpLine> lines = {{"plan", "who with whom"}, {"registrations", "a name of 13"}, {"", "nothing"}};
+  EXPECT_EQ(help_lines(lines),
+            "  plan          who with whom\n"
+            "  registrations a name of 13\n"
+            "                nothing\n");
+}
+
 TEST(RunTools, RefusesWhatItDoesNotKnow) {
   EXPECT_EQ(run({}).status, 2);
   const ToolRun unknown = run({"prune"});
