@@ -3,8 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <string>
+#include <vector>
 
+#include "support/case_folder.h"
+#include "support/lines.h"
 #include "support/numbered_store.h"
+#include "support/places.h"
 
 namespace pedigreewatch::test {
 namespace {
@@ -116,6 +121,41 @@ TEST(StandingTable, ARuleHasItsRows) {
   EXPECT_EQ(row_named(rows, "rate_before_rule")->value, "0.02");
   EXPECT_EQ(row_named(rows, "rate_since_rule")->value, "0.01");
   EXPECT_EQ(row_named(rows, "change_is_real")->value, "1");
+}
+
+/// Figures of sires and lines by what they are called with a number: "overused_sire_N".
+std::string figure_family(const std::string& figure) {
+  const std::size_t digit = figure.find_first_of("123456789");
+  return digit == std::string::npos ? figure : figure.substr(0, digit) + "N" + figure.substr(digit + 1);
+}
+
+/// A breed of which there is something to say with every figure.
+Standing standing_with_everything() {
+  Standing standing = some_standing();
+  standing.rule = RuleEffect{2015, {0.02, 0.1, 3.0}, {0.01, 0.1, 3.0}, true};
+  standing.overused_sires = 2;
+  standing.sires.effective = 10.0;
+  standing.dams.effective = 30.0;
+  return standing;
+}
+
+/// What the section of docs/tables.md about this table has in the first cell of its rows.
+std::vector<std::string> described_figures() {
+  std::vector<std::string> figures;
+  bool is_here = false;
+  for (const std::string& line : lines_of(bytes_of(source_folder() + "/docs/tables.md"))) {
+    if (line.starts_with("## ")) is_here = line == "## NAME_standing";
+    if (is_here && line.starts_with("| `")) figures.push_back(line.substr(3, line.find('`', 3) - 3));
+  }
+  return figures;
+}
+
+TEST(StandingTable, IsDescribedFigureByFigureInItsOrder) {
+  std::vector<std::string> written;
+  for (const StandingRow& row : standing_rows(four_animals(), standing_with_everything(), ToolLanguage::english)) {
+    written.push_back(figure_family(row.figure));
+  }
+  EXPECT_EQ(described_figures(), written);
 }
 
 }  // namespace
