@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Checks the table in docs/architecture.md that tells which file computes and which one prints each line of output: every
-# file that it names exists under src/, and each of its rows names at least one.
+# file that it names exists under src/, each of its rows names at least one, and each source that says something, in a
+# Wording or as a line of the report, stands in one of them.
 #   tests/layering/check_line_table.sh DOCUMENT SOURCES
 #   tests/layering/check_line_table.sh --self-test
 set -euo pipefail
@@ -14,8 +15,17 @@ rows_of() {
     is_here && /^\|/ && ++row > 2' "$1"
 }
 
+# The sources with texts of their own, without "src/" in front; a comment says nothing to anybody.
+speaking_sources() {  # speaking_sources SOURCES
+  local file
+  while IFS= read -r file; do
+    sed 's|//.*||' "$1/$file" | grep -qE '\<(Wording|write_free_line|write_format_line)\>' && echo "$file"
+  done < <(cd "$1" && find . -name '*.cpp' | sed 's|^\./||' | sort)
+  true
+}
+
 check_document() {  # check_document DOCUMENT SOURCES
-  local row names name files=0 rows=0 mistakes=0
+  local row names name all_names=" " files=0 rows=0 mistakes=0
   while IFS= read -r row; do
     rows=$((rows + 1))
     names="$(grep -oE '[A-Za-z0-9_/.-]+\.(cpp|h)\b' <<<"${row#|*|}" || true)"
@@ -25,11 +35,17 @@ check_document() {  # check_document DOCUMENT SOURCES
     fi
     for name in $names; do
       files=$((files + 1))
+      all_names+="${name#src/} "
       [[ -f "$2/${name#src/}" ]] && continue
       echo "$1: there is no $name, named in the row: $row"
       mistakes=$((mistakes + 1))
     done
   done < <(rows_of "$1")
+  while IFS= read -r name; do
+    [[ "$all_names" == *" $name "* ]] && continue
+    echo "$1: $name says something, and no row names it"
+    mistakes=$((mistakes + 1))
+  done < <(speaking_sources "$2")
   if ((rows == 0)); then echo "$1: no table below \"$heading\""; fi
   echo "$rows rows, $files files named, $mistakes mistakes"
   ((rows > 0 && mistakes == 0))
@@ -74,11 +90,26 @@ self_test() {
   expect_mistake "there is no ages.cpp"
   write_document "$heading" "$good" '| rates | the driver | a writer |'
   expect_mistake "this row names no file"
+
+  expect_unnamed() {  # expect_unnamed LINE: a source that no row names, with that line
+    echo "$1" >"$tree/src/statistics/sizes.cpp"
+    expect_mistake "statistics/sizes.cpp says something, and no row names it"
+  }
+  write_document "$heading" "$good"
+  expect_unnamed 'constexpr Wording size = {"size", "grootte"};'
+  expect_unnamed '  write_free_line(out, {"size"});'
+  expect_unnamed '  write_format_line(out, "I8", {size});'
+  # shellcheck disable=SC2016
+  write_document "$heading" "$good" '| sizes | `statistics/sizes.cpp` | |'
+  check_document "$tree/document.md" "$tree/src" >/dev/null || fail "a source that a row names does not pass"
+  write_document "$heading" "$good"
+  echo 'int size = 0;  // no Wording' >"$tree/src/statistics/sizes.cpp"
+  check_document "$tree/document.md" "$tree/src" >/dev/null || fail "a source that says nothing does not pass"
   echo "check_line_table: self-test passed"
 }
 
 case "$#${1:-}" in
   1--self-test) self_test ;;
   2*) check_document "$1" "$2" ;;
-  *) sed -n '4,5s/^# *//p' "${BASH_SOURCE[0]}" >&2; exit 2 ;;
+  *) sed -n '5,6s/^# *//p' "${BASH_SOURCE[0]}" >&2; exit 2 ;;
 esac
