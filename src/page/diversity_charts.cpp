@@ -12,14 +12,8 @@ constexpr ChartTexts gene_diversity_texts = {
     "gene-diversity",
     {"Gene diversity, and what was lost since the founders",
      "Gendiversiteit, en wat sinds de stamdieren verloren ging"},
-    {"The diversity of the founders is 100 %. The lowest part is left in the animals born in a year; the next one was lost "
-     "because founders have contributed unequally, the upper one since then, by bottlenecks and chance. Unknown "
-     "ancestors "
-     "count as unrelated founders, so that more is lost than is shown.",
-     "De diversiteit van de stamdieren is 100 %. Het onderste deel is over bij de dieren die in een jaar geboren zijn; het "
-     "volgende is verloren doordat stamdieren ongelijk hebben bijgedragen, het bovenste sindsdien, door flessenhalzen "
-     "en "
-     "toeval. Onbekende voorouders gelden als onverwante stamdieren, zodat er meer verloren is dan hier staat."},
+    {"The diversity of the founders is 100 %. The lowest part is left in the animals born in a year; the next one was lost because founders have contributed unequally, the upper one since then, by bottlenecks and chance. Unknown ancestors count as unrelated founders, so that more is lost than is shown.",
+     "De diversiteit van de stamdieren is 100 %. Het onderste deel is over bij de dieren die in een jaar geboren zijn; het volgende is verloren doordat stamdieren ongelijk hebben bijgedragen, het bovenste sindsdien, door flessenhalzen en toeval. Onbekende voorouders gelden als onverwante stamdieren, zodat er meer verloren is dan hier staat."},
     {"%", "%"}};
 constexpr Wording left_name = {"left", "over"};
 constexpr Wording lost_by_founders_name = {"lost: founders used unequally", "verloren: stamdieren ongelijk gebruikt"};
@@ -28,12 +22,8 @@ constexpr Wording lost_since_name = {"lost since then", "sindsdien verloren"};
 constexpr ChartTexts classes_texts = {
     "inbreeding-classes",
     {"Animals by their inbreeding", "Dieren naar hun inteelt"},
-    {"How many of the animals born in a year have which F: offspring of first cousins have 6.25 %, of half sibs 12.5 "
-     "%, "
-     "of full sibs or of parent and offspring 25 %, when nothing further back is known.",
-     "Hoeveel van de dieren die in een jaar geboren zijn welke F hebben: jongen van volle neef en nicht hebben 6,25 %, "
-     "van "
-     "halfbroer en halfzus 12,5 %, van volle broer en zus of ouder en jong 25 %, als verder terug niets bekend is."},
+    {"How many of the animals born in a year have which F: offspring of first cousins have 6.25 %, of half sibs 12.5 %, of full sibs or of parent and offspring 25 %, when nothing further back is known.",
+     "Hoeveel van de dieren die in een jaar geboren zijn welke F hebben: jongen van volle neef en nicht hebben 6,25 %, van halfbroer en halfzus 12,5 %, van volle broer en zus of ouder en jong 25 %, als verder terug niets bekend is."},
     {"animals", "dieren"}};
 constexpr Wording class_names[] = {{"F = 0", "F = 0"},
                                    {"to 6.25 %", "tot 6,25 %"},
@@ -52,13 +42,8 @@ constexpr Wording close_names[] = {{"F above 6.25 %", "F boven 6,25 %"}, {"F abo
 constexpr ChartTexts matings_texts = {
     "close-matings",
     {"Matings of near relatives", "Paringen van nauwe verwanten"},
-    {"Of the matings with both parents known, as far as the parents' own ancestors are known: the share between parent "
-     "and "
-     "offspring, full sibs, half sibs, and other relatives with a kinship of at least 1/16, such as first cousins.",
-     "Van de paringen waarvan beide ouders bekend zijn, voor zover de voorouders van die ouders bekend zijn: het "
-     "aandeel "
-     "tussen ouder en jong, volle broer en zus, halfbroer en halfzus, en andere verwanten met een verwantschap van ten "
-     "minste 1/16, zoals volle neef en nicht."},
+    {"Of the matings with both parents known, as far as the parents' own ancestors are known: the share between parent and offspring, full sibs, half sibs, and other relatives with a kinship of at least 1/16, such as first cousins.",
+     "Van de paringen waarvan beide ouders bekend zijn, voor zover de voorouders van die ouders bekend zijn: het aandeel tussen ouder en jong, volle broer en zus, halfbroer en halfzus, en andere verwanten met een verwantschap van ten minste 1/16, zoals volle neef en nicht."},
     {"% of matings", "% van de paringen"}};
 constexpr Wording matings_heading = {"Matings", "Paringen"};
 constexpr Wording kin_names[] = {{"parent and offspring", "ouder en jong"},

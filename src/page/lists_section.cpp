@@ -29,12 +29,8 @@ constexpr Wording inbred_caption = {"The most inbred animals of all years",
 constexpr Wording sires_caption = {"The most used sires, and the breed without them",
                                    "De meest gebruikte vaders, en het ras zonder hen"};
 constexpr Wording about_sires = {
-    "Share: of the animals of the reference population with a known sire. The last column is the mean kinship of those "
-    "that "
-    "do not descend from him; that of all is {1}.",
-    "Aandeel: van de dieren van de referentiepopulatie met een bekende vader. De laatste kolom is de gemiddelde "
-    "verwantschap "
-    "van de dieren die niet van hem afstammen; die van alle is {1}."};
+    "Share: of the animals of the reference population with a known sire. The last column is the mean kinship of those that do not descend from him; that of all is {1}.",
+    "Aandeel: van de dieren van de referentiepopulatie met een bekende vader. De laatste kolom is de gemiddelde verwantschap van de dieren die niet van hem afstammen; die van alle is {1}."};
 
 constexpr Wording animal_heading = {"Animal", "Dier"}, name_heading = {"Name", "Naam"},
                   born_heading = {"Born", "Geboren"};

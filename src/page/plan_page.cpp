@@ -34,9 +34,7 @@ constexpr Wording made_by = {"Made by pedigreewatch-tools plan; docs/plan.md exp
 constexpr Wording reading_f = {
     "F is worked out from the known ancestors: 25 % is as of full sibs, 12.5 % as of half sibs, 6.25 % as of first "
     "cousins.",
-    "F volgt uit de bekende voorouders: 25 % is zoals bij volle broer en zus, 12,5 % zoals bij halfbroer en halfzus, "
-    "6,25 "
-    "% zoals bij neef en nicht."};
+    "F volgt uit de bekende voorouders: 25 % is zoals bij volle broer en zus, 12,5 % zoals bij halfbroer en halfzus, 6,25 % zoals bij neef en nicht."};
 constexpr Wording males_contributions = {"Contributions of the males", "Bijdragen van de vaders"};
 constexpr Wording females_contributions = {"Contributions of the females", "Bijdragen van de moeders"};
 constexpr Wording contributions_reading = {

@@ -64,24 +64,14 @@ constexpr Wording pairs_with_wishes_line = {
     "paren: gemiddelde F {1}; met deze aantallen en de gewenste paren, en zonder de paren die niet mogen, hebben geen "
     "andere paren een lagere"};
 constexpr Wording gain_line = {
-    "Compared with the parents of {1}, the plan keeps as much diversity as the breed loses in {2} years (it has lost "
-    "{3} % "
-    "of what was left each year over the last ten).",
-    "Vergeleken met de ouders van {1} behoudt het plan zoveel variatie als het ras in {2} jaar verliest (de laatste "
-    "tien "
-    "jaar ging er elk jaar {3} % verloren van wat er nog was)."};
+    "Compared with the parents of {1}, the plan keeps as much diversity as the breed loses in {2} years (it has lost {3} % of what was left each year over the last ten).",
+    "Vergeleken met de ouders van {1} behoudt het plan zoveel variatie als het ras in {2} jaar verliest (de laatste tien jaar ging er elk jaar {3} % verloren van wat er nog was)."};
 constexpr Wording lost_line = {
-    "Compared with the parents of {1}, the plan gives up as much diversity as the breed loses in {2} years (it has "
-    "lost "
-    "{3} % of what was left each year over the last ten).",
-    "Vergeleken met de ouders van {1} geeft het plan zoveel variatie prijs als het ras in {2} jaar verliest (de "
-    "laatste "
-    "tien jaar ging er elk jaar {3} % verloren van wat er nog was)."};
+    "Compared with the parents of {1}, the plan gives up as much diversity as the breed loses in {2} years (it has lost {3} % of what was left each year over the last ten).",
+    "Vergeleken met de ouders van {1} geeft het plan zoveel variatie prijs als het ras in {2} jaar verliest (de laatste tien jaar ging er elk jaar {3} % verloren van wat er nog was)."};
 constexpr Wording no_loss_line = {
     "The mean kinship of the young has not risen measurably over the last ten years: the gain cannot be told in years.",
-    "De gemiddelde verwantschap van de jongen is de laatste tien jaar niet meetbaar gestegen: de winst is niet in "
-    "jaren "
-    "uit te drukken."};
+    "De gemiddelde verwantschap van de jongen is de laatste tien jaar niet meetbaar gestegen: de winst is niet in jaren uit te drukken."};
 
 constexpr Wording gain_is_uncertain = {
     " {1} % of the plan are animals with hardly any known ancestors, which count as unrelated: the true gain may be much "

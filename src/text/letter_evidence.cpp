@@ -5,8 +5,10 @@
 #include "text/letter_evidence.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
+#include <span>
 #include <string>
 #include <unordered_set>
 #include <utility>
@@ -35,123 +37,118 @@ struct LetterShare {
   double share;     ///< of the letters beyond ASCII of the language
 };
 
+// By the first language of each group.
+constexpr auto letters_of_dutch = std::to_array<LetterShare>({{0xEB, .40},
+                                                              {0xE9, .25},
+                                                              {0xEF, .10},
+                                                              {0xE8, .06},
+                                                              {0xF6, .05},
+                                                              {0xFC, .04},
+                                                              {0xEA, .03},
+                                                              {0xE2, .02},
+                                                              {0xFB, .02},
+                                                              {0xE1, .01},
+                                                              {0xF3, .01},
+                                                              {0xE7, .01}});
+constexpr auto letters_of_german =
+    std::to_array<LetterShare>({{0xFC, .38}, {0xE4, .30}, {0xF6, .20}, {0xDF, .10}, {0xE9, .01}});
+constexpr auto letters_of_french = std::to_array<LetterShare>({{0xE9, .58},
+                                                               {0xE8, .12},
+                                                               {0xE0, .08},
+                                                               {0xEA, .06},
+                                                               {0xE7, .05},
+                                                               {0xEE, .03},
+                                                               {0xEF, .02},
+                                                               {0xF4, .02},
+                                                               {0xE2, .02},
+                                                               {0xFB, .01},
+                                                               {0xEB, .01},
+                                                               {0xF9, .005},
+                                                               {0x153, .01}});
+constexpr auto letters_of_spanish = std::to_array<LetterShare>(
+    {{0xF3, .24}, {0xED, .21}, {0xE1, .19}, {0xF1, .14}, {0xE9, .13}, {0xFA, .07}, {0xFC, .01}});
+constexpr auto letters_of_italian =
+    std::to_array<LetterShare>({{0xE0, .35}, {0xE8, .28}, {0xF2, .15}, {0xF9, .10}, {0xEC, .06}, {0xE9, .05}});
+constexpr auto letters_of_portuguese = std::to_array<LetterShare>({{0xE3, .22},
+                                                                   {0xE1, .17},
+                                                                   {0xE7, .16},
+                                                                   {0xE9, .14},
+                                                                   {0xED, .09},
+                                                                   {0xEA, .07},
+                                                                   {0xF3, .06},
+                                                                   {0xF5, .03},
+                                                                   {0xE0, .03},
+                                                                   {0xFA, .02},
+                                                                   {0xE2, .02},
+                                                                   {0xF4, .01}});
+constexpr auto letters_of_swedish = std::to_array<LetterShare>({{0xE4, .50}, {0xF6, .30}, {0xE5, .18}, {0xE9, .01}});
+constexpr auto letters_of_danish = std::to_array<LetterShare>({{0xF8, .45}, {0xE5, .30}, {0xE6, .24}, {0xE9, .01}});
+constexpr auto letters_of_polish = std::to_array<LetterShare>({{0x142, .26},
+                                                               {0xF3, .14},
+                                                               {0x119, .15},
+                                                               {0x105, .13},
+                                                               {0x17C, .11},
+                                                               {0x15B, .09},
+                                                               {0x107, .06},
+                                                               {0x144, .04},
+                                                               {0x17A, .02}});
+constexpr auto letters_of_czech = std::to_array<LetterShare>({{0xED, .19},
+                                                              {0xE1, .17},
+                                                              {0xE9, .10},
+                                                              {0x11B, .10},
+                                                              {0x159, .09},
+                                                              {0x10D, .09},
+                                                              {0x161, .08},
+                                                              {0x17E, .08},
+                                                              {0xFD, .07},
+                                                              {0x16F, .03},
+                                                              {0xFA, .02},
+                                                              {0xF3, .01},
+                                                              {0x148, .01},
+                                                              {0x165, .005},
+                                                              {0x10F, .005},
+                                                              {0x13E, .02},
+                                                              {0xF4, .01}});
+constexpr auto letters_of_hungarian = std::to_array<LetterShare>({{0xE1, .32},
+                                                                  {0xE9, .28},
+                                                                  {0xF6, .10},
+                                                                  {0xF3, .09},
+                                                                  {0x151, .07},
+                                                                  {0xED, .05},
+                                                                  {0xFC, .05},
+                                                                  {0xFA, .03},
+                                                                  {0x171, .02}});
+constexpr auto letters_of_croatian = std::to_array<LetterShare>({{0x10D, .20},
+                                                                 {0x161, .18},
+                                                                 {0x17E, .14},
+                                                                 {0x107, .12},
+                                                                 {0x111, .04},
+                                                                 {0x103, .14},
+                                                                 {0x15F, .06},
+                                                                 {0x163, .06},
+                                                                 {0xEE, .04},
+                                                                 {0xE2, .02}});
+
 struct Language {
   std::string_view rare;  ///< letters of ASCII that only names from abroad have
-  std::vector<LetterShare> letters;
+  std::span<const LetterShare> letters;
   bool accents_end_words = false;
 };
 
-const std::array<Language, 12>& languages() {
-  static const std::array<Language, 12> table = {{
-      // Dutch and Frisian
-      {"q",
-       {{0xEB, .40},
-        {0xE9, .25},
-        {0xEF, .10},
-        {0xE8, .06},
-        {0xF6, .05},
-        {0xFC, .04},
-        {0xEA, .03},
-        {0xE2, .02},
-        {0xFB, .02},
-        {0xE1, .01},
-        {0xF3, .01},
-        {0xE7, .01}}},
-      // German
-      {"", {{0xFC, .38}, {0xE4, .30}, {0xF6, .20}, {0xDF, .10}, {0xE9, .01}}},
-      // French
-      {"kw",
-       {{0xE9, .58},
-        {0xE8, .12},
-        {0xE0, .08},
-        {0xEA, .06},
-        {0xE7, .05},
-        {0xEE, .03},
-        {0xEF, .02},
-        {0xF4, .02},
-        {0xE2, .02},
-        {0xFB, .01},
-        {0xEB, .01},
-        {0xF9, .005},
-        {0x153, .01}}},
-      // Spanish
-      {"kw", {{0xF3, .24}, {0xED, .21}, {0xE1, .19}, {0xF1, .14}, {0xE9, .13}, {0xFA, .07}, {0xFC, .01}}},
-      // Italian
-      {"jkwxy", {{0xE0, .35}, {0xE8, .28}, {0xF2, .15}, {0xF9, .10}, {0xEC, .06}, {0xE9, .05}}, true},
-      // Portuguese and Catalan
-      {"kwy",
-       {{0xE3, .22},
-        {0xE1, .17},
-        {0xE7, .16},
-        {0xE9, .14},
-        {0xED, .09},
-        {0xEA, .07},
-        {0xF3, .06},
-        {0xF5, .03},
-        {0xE0, .03},
-        {0xFA, .02},
-        {0xE2, .02},
-        {0xF4, .01}}},
-      // Swedish and Finnish
-      {"qwz", {{0xE4, .50}, {0xF6, .30}, {0xE5, .18}, {0xE9, .01}}},
-      // Danish and Norwegian
-      {"qwz", {{0xF8, .45}, {0xE5, .30}, {0xE6, .24}, {0xE9, .01}}},
-      // Polish
-      {"qvx",
-       {{0x142, .26},
-        {0xF3, .14},
-        {0x119, .15},
-        {0x105, .13},
-        {0x17C, .11},
-        {0x15B, .09},
-        {0x107, .06},
-        {0x144, .04},
-        {0x17A, .02}}},
-      // Czech and Slovak
-      {"qwx",
-       {{0xED, .19},
-        {0xE1, .17},
-        {0xE9, .10},
-        {0x11B, .10},
-        {0x159, .09},
-        {0x10D, .09},
-        {0x161, .08},
-        {0x17E, .08},
-        {0xFD, .07},
-        {0x16F, .03},
-        {0xFA, .02},
-        {0xF3, .01},
-        {0x148, .01},
-        {0x165, .005},
-        {0x10F, .005},
-        {0x13E, .02},
-        {0xF4, .01}}},
-      // Hungarian
-      {"qwx",
-       {{0xE1, .32},
-        {0xE9, .28},
-        {0xF6, .10},
-        {0xF3, .09},
-        {0x151, .07},
-        {0xED, .05},
-        {0xFC, .05},
-        {0xFA, .03},
-        {0x171, .02}}},
-      // Croatian, Slovene and Rumanian
-      {"qwxy",
-       {{0x10D, .20},
-        {0x161, .18},
-        {0x17E, .14},
-        {0x107, .12},
-        {0x111, .04},
-        {0x103, .14},
-        {0x15F, .06},
-        {0x163, .06},
-        {0xEE, .04},
-        {0xE2, .02}}},
-  }};
-  return table;
-}
+constexpr auto languages = std::to_array<Language>({
+    {"q", letters_of_dutch},  // Dutch and Frisian
+    {"", letters_of_german},
+    {"kw", letters_of_french},
+    {"kw", letters_of_spanish},
+    {"jkwxy", letters_of_italian, true},
+    {"kwy", letters_of_portuguese},  // Portuguese and Catalan
+    {"qwz", letters_of_swedish},     // Swedish and Finnish
+    {"qwz", letters_of_danish},      // Danish and Norwegian
+    {"qvx", letters_of_polish},
+    {"qwx", letters_of_czech},  // Czech and Slovak
+    {"qwx", letters_of_hungarian},
+    {"qwxy", letters_of_croatian},  // Croatian, Slovene and Rumanian
+});
 
 // How likely a letter is that the language does not have, but another one does, as in a name from abroad; and one that
 // is a letter of no language above.
@@ -258,11 +255,11 @@ double share_in(const Language& language, char32_t letter) {
 }
 
 bool is_known_anywhere(char32_t letter) {
-  return std::any_of(languages().begin(), languages().end(),
+  return std::any_of(languages.begin(), languages.end(),
                      [&](const Language& language) { return share_in(language, letter) > 0; });
 }
 
-using LanguageScores = std::array<double, 12>;
+using LanguageScores = std::array<double, languages.size()>;
 
 char small_ascii(char byte) {
   return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
@@ -275,7 +272,7 @@ bool is_ascii_letter(char byte) {
 /// Adds what a letter of ASCII says about the language.
 void add_plain_letter(LanguageScores& scores, char byte) {
   for (std::size_t k = 0; k < scores.size(); ++k) {
-    if (languages()[k].rare.find(small_ascii(byte)) != std::string_view::npos) scores[k] += std::log(rare_letter_share);
+    if (languages[k].rare.find(small_ascii(byte)) != std::string_view::npos) scores[k] += std::log(rare_letter_share);
   }
 }
 
@@ -288,8 +285,8 @@ void add_letter(LanguageScores& scores, char32_t letter, const Neighbours& aroun
   const double floor = is_known_anywhere(small(letter)) ? foreign_share : strange_share;
   const double among = std::log(share_among(letter, around));
   for (std::size_t k = 0; k < scores.size(); ++k) {
-    double share = share_in(languages()[k], small(letter));
-    if (languages()[k].accents_end_words && is_letter(around.after)) share *= early_accent_share;
+    double share = share_in(languages[k], small(letter));
+    if (languages[k].accents_end_words && is_letter(around.after)) share *= early_accent_share;
     scores[k] += among + std::log(std::max(share, floor));
   }
 }

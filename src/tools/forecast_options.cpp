@@ -13,49 +13,49 @@
 namespace pedigreewatch {
 namespace {
 
-constexpr std::string_view help =
-    "usage: pedigreewatch-tools forecast [OPTION...]\n"
-    "  Run it in the folder with pedigreewatch.ini. It continues the population, animal by animal, as it was bred in the\n"
-    "  last generation interval and under rules, and writes NAME_forecast.tsv (inbreeding and kinship of the years to\n"
-    "  come, with what 5 and 95 in 100 of the replicates lie below), NAME_forecast_summary.tsv and NAME_forecast.html.\n"
-    "\n"
-    "  --years N       years to forecast (25)\n"
-    "  --replicates N  how often each of them is gone through (100)\n"
-    "  --seed N        begins the random numbers: the same number, the same results (1)\n"
-    "  --from YEAR     forgets everything after that year, forecasts up to the last full one, and puts what really\n"
-    "                  happened beside it\n"
-    "  --threads N     processors to work with (all); the results are the same\n"
-    "  --rules FILE    scenarios to compare with the present practice, such as forecast.ini: a name in square brackets,\n"
-    "                  and rules below it, \"most-litters-a-year = 5\"\n"
-    "\n"
-    "  Rules, which may stand on the command line too and then are one scenario more:\n"
-    "  --most-litters-a-year N, --most-litters-in-life N   of a sire at most\n"
-    "  --sires N|+N|-N|P%, --litters N|+N|-N|P%            in a year\n"
-    "  --litters-trend P%                                  more or fewer litters each year\n"
-    "  --most-f F                                          no mating whose young have a higher F\n"
-    "  --most-offspring-matings N                          between two offspring of the same animal, a year\n"
-    "  --kinship-below P%     parents come into use whose mean kinship is below that of P % of their age mates\n"
-    "  --least-age-sires N, --least-age-dams N             at the first litter, in years\n"
-    "  --import-sires N, --import-dams N                   more imports come into use each year\n"
-    "  --import-kinship K                                  of these with each other (0)\n"
-    "  --one-litter-a-dam yes                              in her life\n"
-    "  --plan yes                                          the matings of each year are those of a plan\n"
-    "  --exchange open|closed|rotation                     of sires between subpopulations\n"
-    "\n"
-    "  Figures of the practice, in place of what was measured; they go for all scenarios:\n"
-    "  --young-a-litter N, --males P%                      mean number, and share of males\n"
-    "  --litters-without-sire P%, --young-without-parents P%   unknown sires, and young of no known parent\n"
-    "  --sires-from-outside P%, --dams-from-outside P%     of those that come into use\n"
-    "  --sires-of-others P%                                of the litters: the sire is of another subpopulation\n"
-    "  --first-age-sires N, --first-age-dams N             mean age at the first litter, in years\n"
-    "  --years-in-use-sires N, --years-in-use-dams N       mean, from the first litter to the last\n"
-    "  --same-sire-in-year P%, --same-sire-in-life P%      of two litters of a year, or one to three years apart\n"
-    "  --close-matings P%                                  of sibs, half sibs, or parent and offspring\n"
-    "\n"
-    "  --plain         write names of scenarios that begin with = + - @ as they are (else: behind an apostrophe)\n"
-    "  --help          shows this text\n"
-    "\n"
-    "  Exit status: 0 done, 1 something stands in the way (nothing was written), 2 wrong arguments.\n";
+constexpr std::string_view help = R"(usage: pedigreewatch-tools forecast [OPTION...]
+  Run it in the folder with pedigreewatch.ini. It continues the population, animal by animal, as it was bred in the
+  last generation interval and under rules, and writes NAME_forecast.tsv (inbreeding and kinship of the years to
+  come, with what 5 and 95 in 100 of the replicates lie below), NAME_forecast_summary.tsv and NAME_forecast.html.
+
+  --years N       years to forecast (25)
+  --replicates N  how often each of them is gone through (100)
+  --seed N        begins the random numbers: the same number, the same results (1)
+  --from YEAR     forgets everything after that year, forecasts up to the last full one, and puts what really
+                  happened beside it
+  --threads N     processors to work with (all); the results are the same
+  --rules FILE    scenarios to compare with the present practice, such as forecast.ini: a name in square brackets,
+                  and rules below it, "most-litters-a-year = 5"
+
+  Rules, which may stand on the command line too and then are one scenario more:
+  --most-litters-a-year N, --most-litters-in-life N   of a sire at most
+  --sires N|+N|-N|P%, --litters N|+N|-N|P%            in a year
+  --litters-trend P%                                  more or fewer litters each year
+  --most-f F                                          no mating whose young have a higher F
+  --most-offspring-matings N                          between two offspring of the same animal, a year
+  --kinship-below P%     parents come into use whose mean kinship is below that of P % of their age mates
+  --least-age-sires N, --least-age-dams N             at the first litter, in years
+  --import-sires N, --import-dams N                   more imports come into use each year
+  --import-kinship K                                  of these with each other (0)
+  --one-litter-a-dam yes                              in her life
+  --plan yes                                          the matings of each year are those of a plan
+  --exchange open|closed|rotation                     of sires between subpopulations
+
+  Figures of the practice, in place of what was measured; they go for all scenarios:
+  --young-a-litter N, --males P%                      mean number, and share of males
+  --litters-without-sire P%, --young-without-parents P%   unknown sires, and young of no known parent
+  --sires-from-outside P%, --dams-from-outside P%     of those that come into use
+  --sires-of-others P%                                of the litters: the sire is of another subpopulation
+  --first-age-sires N, --first-age-dams N             mean age at the first litter, in years
+  --years-in-use-sires N, --years-in-use-dams N       mean, from the first litter to the last
+  --same-sire-in-year P%, --same-sire-in-life P%      of two litters of a year, or one to three years apart
+  --close-matings P%                                  of sibs, half sibs, or parent and offspring
+
+  --plain         write names of scenarios that begin with = + - @ as they are (else: behind an apostrophe)
+  --help          shows this text
+
+  Exit status: 0 done, 1 something stands in the way (nothing was written), 2 wrong arguments.
+)";
 
 constexpr auto plain_options = std::to_array<OptionRule>(
     {{"--years"}, {"--replicates"}, {"--seed"}, {"--from"}, {"--threads"}, {"--rules"}, {"--plain", false}});

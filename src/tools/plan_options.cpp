@@ -12,45 +12,45 @@
 namespace pedigreewatch {
 namespace {
 
-constexpr std::string_view help =
-    "usage: pedigreewatch-tools plan [OPTION...]\n"
-    "  Run it in the folder with pedigreewatch.ini. It works out which males and females should breed, how often, and\n"
-    "  who with whom, so that the breed loses as little diversity as possible, and writes NAME_plan.tsv,\n"
-    "  NAME_contributions.tsv and NAME_plan.html, a page to hand out.\n"
-    "\n"
-    "  Candidates (without an option: animals of the ages at which parents were used in the last ten years)\n"
-    "  --females FILE        the females, one identification a line\n"
-    "  --males FILE          the males, likewise\n"
-    "  --years N             for a sex without a list: the animals born in the last N birth years\n"
-    "  --exclude FILE        leaves out the animals of a list, also of the one that the desk keeps (NAME_left_out.tsv)\n"
-    "  --all-animals         also animals that NAME_available.txt does not name (it stands beside the data where the export\n"
-    "                        told who is dead, sold or castrated)\n"
-    "  --subpopulation NAME  only animals of that subpopulation\n"
-    "  --known-parents       only animals of which both parents are known\n"
-    "  --least-generations G only animals with at least G equivalent generations of known ancestors\n"
-    "\n"
-    "  Matings\n"
-    "  --matings N           how many (litters of the last full birth year)\n"
-    "  --most-per-male K     matings of a male at most\n"
-    "  --most-per-female K   matings of a female at most (1)\n"
-    "  --least-per-male K    matings of a male that is used at all at least\n"
-    "  --numbers FILE        numbers that are fixed: an identification and 3, or 2-5, a line\n"
-    "  --contributions-only  no whole numbers and no pairs\n"
-    "\n"
-    "  Pairs\n"
-    "  --most-f F            no pair whose offspring have an F above: 0.0625 or 6.25%\n"
-    "  --forbidden FILE      pairs that may not be: two identifications a line\n"
-    "  --wished FILE         pairs that are made whatever their F\n"
-    "\n"
-    "  Breeding values\n"
-    "  --values FILE         an identification and its breeding value a line: the highest mean value is looked for\n"
-    "  --rate R              while inbreeding rises by at most R per cent a generation (0.5)\n"
-    "\n"
-    "  --workbook            one workbook, NAME_plan.xlsx, instead of the two tables\n"
-    "  --plain               write texts that begin with = + - @ as they are (else: behind an apostrophe)\n"
-    "  --help                shows this text\n"
-    "\n"
-    "  Exit status: 0 done, 1 something stands in the way (nothing was written), 2 wrong arguments.\n";
+constexpr std::string_view help = R"(usage: pedigreewatch-tools plan [OPTION...]
+  Run it in the folder with pedigreewatch.ini. It works out which males and females should breed, how often, and
+  who with whom, so that the breed loses as little diversity as possible, and writes NAME_plan.tsv,
+  NAME_contributions.tsv and NAME_plan.html, a page to hand out.
+
+  Candidates (without an option: animals of the ages at which parents were used in the last ten years)
+  --females FILE        the females, one identification a line
+  --males FILE          the males, likewise
+  --years N             for a sex without a list: the animals born in the last N birth years
+  --exclude FILE        leaves out the animals of a list, also of the one that the desk keeps (NAME_left_out.tsv)
+  --all-animals         also animals that NAME_available.txt does not name (it stands beside the data where the export
+                        told who is dead, sold or castrated)
+  --subpopulation NAME  only animals of that subpopulation
+  --known-parents       only animals of which both parents are known
+  --least-generations G only animals with at least G equivalent generations of known ancestors
+
+  Matings
+  --matings N           how many (litters of the last full birth year)
+  --most-per-male K     matings of a male at most
+  --most-per-female K   matings of a female at most (1)
+  --least-per-male K    matings of a male that is used at all at least
+  --numbers FILE        numbers that are fixed: an identification and 3, or 2-5, a line
+  --contributions-only  no whole numbers and no pairs
+
+  Pairs
+  --most-f F            no pair whose offspring have an F above: 0.0625 or 6.25%
+  --forbidden FILE      pairs that may not be: two identifications a line
+  --wished FILE         pairs that are made whatever their F
+
+  Breeding values
+  --values FILE         an identification and its breeding value a line: the highest mean value is looked for
+  --rate R              while inbreeding rises by at most R per cent a generation (0.5)
+
+  --workbook            one workbook, NAME_plan.xlsx, instead of the two tables
+  --plain               write texts that begin with = + - @ as they are (else: behind an apostrophe)
+  --help                shows this text
+
+  Exit status: 0 done, 1 something stands in the way (nothing was written), 2 wrong arguments.
+)";
 
 constexpr auto rules = std::to_array<OptionRule>({{"--females"},
                                                   {"--males"},
