@@ -1,6 +1,6 @@
 // The first step: files are dropped or chosen, and what was recognised is shown.
 
-import { applySettings, changeSetting, hasFiles, openAgain, openBesideGiven, openNew, showProblem, text, work } from "./desk";
+import { addProblem, applySettings, changeSetting, hasFiles, openAgain, openBesideGiven, openNew, showProblem, text, work } from "./desk";
 import type { Desk } from "./desk";
 import { readAnswers } from "./answers";
 import type { Answers } from "./answers";
@@ -51,7 +51,7 @@ function showUnread(desk: Desk, unread: Answers["unread"]): void {
   if (unread.length === 0) return;
   const lines = unread.slice(0, mostAnswers).map((one) => text(desk, "answerLine", String(one.line), one.text));
   if (unread.length > mostAnswers) lines.push("...");
-  showProblem(`${byId("problems").textContent ?? ""} ${text(desk, "answersUnread")} ${lines.join("; ")}`.trim());
+  addProblem(`${text(desk, "answersUnread")} ${lines.join("; ")}`);
 }
 
 /** Answers and corrections of an earlier export, dropped with the next one or behind it. */

@@ -166,6 +166,9 @@ export function showProblem(problem: string): void {
   afterPress(showProblemNow);
 }
 
+/** Says something beside the problem at hand. */
+export const addProblem = (problem: string) => showProblem(`${problemAtHand} ${problem}`.trim());
+
 /** What the names of files that are saved begin with. */
 export const stemOf = (fileName: string) => fileName.replace(/\.[^.]*$/, "");
 
@@ -283,9 +286,9 @@ async function takeOpened(desk: Desk, answer: OpenAnswer): Promise<void> {
 
 /** Has the list of corrections applied to the export. */
 export async function applyList(desk: Desk): Promise<void> {
-  const told = desk.corrections.answer?.messages ?? [];  // of lines that the list has no more
+  const told = desk.corrections.answer?.faults ?? [];  // of lines that the list has no more
   const read = await ask<CorrectionsAnswer>(desk.client, "corrections", [desk.corrections.list]);
-  desk.corrections.answer = { ...read, messages: [...told, ...read.messages.filter((message) => !told.includes(message))] };
+  desk.corrections.answer = { ...read, faults: [...told, ...read.faults] };
   desk.corrections.list = read.list;
   const answer = await ask<ExportAnswer>(desk.client, "change", [settingsText(desk)]);
   desk.refusals = answer.messages;

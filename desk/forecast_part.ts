@@ -7,7 +7,7 @@ import { bytesOf, showProblem, text, work } from "./desk";
 import type { Desk, DeskForecast } from "./desk";
 import { afterPause, button, chooser, make, save, shownNumber } from "./dom";
 import { afterPress } from "./press";
-import type { ForecastAnswer, GrownAnswer } from "./protocol";
+import type { ForecastAnswer, ForecastField, ForecastFields, GrownAnswer } from "./protocol";
 import { hasSlider, makeSlider, whenLetGo } from "./rule_slider";
 import type { TextName } from "./texts";
 // The script of the page, which makes its charts readable with mouse and arrow keys.
@@ -97,29 +97,25 @@ function afterSliding(desk: Desk, forecast: DeskForecast): () => void {
 }
 
 /** What the core has fields for, in the language of the desk. */
-let listed: { language: string; lines: string[] } | undefined;
+let listed: { language: string; fields: ForecastField[] } | undefined;
 
-/** The field of a line of the core; a line without a name is a heading. */
-function drawListed(forecast: DeskForecast, line: string): HTMLElement {
-  const [name = "", label = "", choices = ""] = line.split("\t"), id = `forecast-${name}`, value = forecast.fields.get(name) ?? "";
+function drawListed(forecast: DeskForecast, { name, label, choices }: ForecastField): HTMLElement {
+  const id = `forecast-${name}`, value = forecast.fields.get(name) ?? "";
   if (name === "") return make("p", { class: "hint" }, label);
   const keep = (typed: string) => void forecast.fields.set(name, typed.trim());
-  const input = choices !== "" ? chooser(`:,${choices}`.split(",").map((choice) => {
-    const [chosen = "", word = ""] = choice.split(":");
-    return { value: chosen, text: word };
-  }), value, keep, { id }) : make("input", { type: "text", id, value, size: 5, spellcheck: "false", change: (event: Event) => keep((event.target as HTMLInputElement).value) });
+  const input = choices.length > 0 ? chooser([{ value: "", text: "" }, ...choices], value, keep, { id }) : make("input", { type: "text", id, value, size: 5, spellcheck: "false", change: (event: Event) => keep((event.target as HTMLInputElement).value) });
   return make("span", {}, make("label", { for: id }, label), " ", input);
 }
 
 /** Rules that are seldom asked for, and figures of the practice: closed as long as nothing stands in any of them. */
 function drawMore(desk: Desk, forecast: DeskForecast): HTMLElement {
   const row = make("div", { class: "row" }), isMain = (name: string) => fields.some((field) => field.name === name);
-  const fill = (lines: string[]) => row.append(...lines.filter((line) => !isMain(line.split("\t")[0] ?? "")).map((line) => drawListed(forecast, line)));
+  const fill = (all: ForecastField[]) => row.append(...all.filter(({ name }) => !isMain(name)).map((field) => drawListed(forecast, field)));
   const { language } = desk;
-  if (listed?.language === language) fill(listed.lines);
-  else void ask<string>(desk.client, "text", ["forecastFields"]).then((lines) => {
-    listed = { language, lines: lines.trimEnd().split("\n") };
-    fill(listed.lines);
+  if (listed?.language === language) fill(listed.fields);
+  else void ask<ForecastFields>(desk.client, "forecastFields", []).then((answer) => {
+    listed = { language, fields: answer.fields };
+    fill(listed.fields);
   }, () => undefined);
   const isUsed = [...forecast.fields].some(([name, value]) => value !== "" && !isMain(name));
   return make("details", { open: isUsed, id: "forecast-more" }, make("summary", {}, text(desk, "forecastMore")), row);

@@ -227,7 +227,7 @@ function saveList(list: string, fileName: string): void {
 /** The list of corrections, with what can be done with all of it. */
 export function drawCorrections(desk: Desk): HTMLElement[] {
   const { list, answer, undo, redo } = desk.corrections, rows = answer?.rows ?? [];
-  const messages = (answer?.messages ?? []).map((message) => make("p", { class: "problem" }, message));
+  const messages = [...answer?.faults ?? [], ...answer?.messages ?? []].map((message) => make("p", { class: "problem" }, message));
   if (rows.length === 0 && undo.length + redo.length === 0) return messages;
   const keep = () => {
     saveList(list, desk.files[0]?.name ?? "export");

@@ -32,6 +32,7 @@ export const operations = {
   plan: "desk_plan",
   listPlan: "desk_list_plan",
   changePlan: "desk_change_plan",
+  forecastFields: "desk_list_forecast_fields",
   forecast: "desk_forecast",
   growForecast: "desk_grow_forecast",
   text: "desk_text",

@@ -45,8 +45,8 @@ export interface CorrectionRow {
   wasDay?: string; becomesDay?: string;
   fate: "applied" | "alreadySo" | "differs" | "noAnimal" | "noColumn" | "idTaken" | "noOther"; said: string;
 }
-/** `list` has what could be read of the list that was given. */
-export interface CorrectionsAnswer extends Messages { list: string; sentence: string; rows: CorrectionRow[]; }
+/** `list` has what could be read of the list that was given, `faults` say what could not. */
+export interface CorrectionsAnswer extends Messages { faults: string[]; list: string; sentence: string; rows: CorrectionRow[]; }
 /** A list of corrections with new ones, and how many those are; `refused`: why there is none. */
 export interface ProposedList { list: string; refused: string; count: number; }
 export interface FindingLines {
@@ -78,9 +78,9 @@ export interface MaleRow extends Parent {
   offspringF: number | null; equivalents: number; offspring: number; age: number | null; isShallow: boolean; isBeyond: boolean;
 }
 
-/** The animals of a list, a line each; where no animal has the identification, the position is 0 and the rest missing. */
 /** All that were born in some years: how many, and they themselves where they are no more than `most`. */
 export interface BornAnimals { count: number; most: number; animals: Animal[]; }
+/** The animals of a list, a line each; where no animal has the identification, the position is 0 and the rest missing. */
 export interface ListedAnimals { animals: (Animal | { position: number; id: string })[]; }
 export interface TableMate extends Mate { isShallow: boolean; }
 /** `f` and `classes` row by row, a row for each female; `beyond` are places in them. */
@@ -93,6 +93,9 @@ export interface PlanAnswer extends Messages {
 }
 /** What was measured; replicates come in afterwards. */
 export interface ForecastAnswer extends Messages { replicates: number; }
+/** The fields of a forecast: a heading has no name; without choices something is typed. */
+export interface ForecastFields { fields: ForecastField[]; }
+export interface ForecastField { name: string; label: string; choices: { value: string; text: string }[]; }
 /** The replicates so far, in sentences and charts. */
 export interface GrownAnswer extends Messages { done: number; replicates: number; html: string; }
 export interface PlanRow { female: Animal; male: Animal; f: number; isFixed: boolean; }

@@ -92,7 +92,6 @@ constexpr auto texts_of_desk = std::to_array<TextOfDesk>({
     {"planWorkbook", pedigreewatch::plan_workbook},
     {"forecastPage", pedigreewatch::forecast_page},
     {"forecast", pedigreewatch::forecast_table},
-    {"forecastFields", pedigreewatch::forecast_fields},
     {"years", pedigreewatch::years_table},
     {"subpopulations", pedigreewatch::subpopulations_table},
     {"animals", pedigreewatch::animals_table},
@@ -280,6 +279,10 @@ void desk_list_plan(DeskHandle* handle, std::int32_t first, std::int32_t count) 
 void desk_change_plan(DeskHandle* handle, const char* change, std::int32_t place, std::int32_t other) {
   answer(handle,
          [&](Desk& desk) { return pedigreewatch::change_plan(desk, change, size_from(place), size_from(other)); });
+}
+
+void desk_list_forecast_fields(DeskHandle* handle) {
+  answer(handle, [](const Desk& desk) { return pedigreewatch::forecast_fields(desk); });
 }
 
 void desk_forecast(DeskHandle* handle, const char* settings) {

@@ -67,12 +67,11 @@ void desk_list_plan(DeskHandle* handle, std::int32_t first, std::int32_t count);
 void desk_change_plan(DeskHandle* handle, const char* change, std::int32_t place, std::int32_t other);
 
 /// See forecast_desk.h.
+void desk_list_forecast_fields(DeskHandle* handle);
 void desk_forecast(DeskHandle* handle, const char* settings);
 void desk_grow_forecast(DeskHandle* handle, std::int32_t milliseconds);
 
-/// A text of the results: "body", "page", "report", "reportText", "findings", "findingsWorkbook", "officeWorkbook",
-/// "males", "mates", "matesWorkbook", "plan", "contributions", "planPage", "forecast", "forecastPage",
-/// "forecastFields", "animalPage", "style", "animalStyle", "script", "years", "subpopulations", "animals", "diversity",
-/// "standing". Others leave nothing.
+/// A text or file of what the desk knows, by its name in `texts_of_desk` (desk_interface.cpp): "report", "page",
+/// "planWorkbook" and so on. Another name leaves nothing.
 void desk_text(DeskHandle* handle, const char* name);
 }

@@ -173,26 +173,39 @@ std::vector<std::string> begin_typed_forecast(Desk& desk, TypedRules typed, cons
   return faults;
 }
 
+/// What can be chosen is what the rule takes; a heading has no name.
+void add_field(JsonText& json, std::string_view name, std::string_view label, const Desk& desk) {
+  begin_object(json);
+  add_text(json, "name", name);
+  add_text(json, "label", label);
+  begin_list(json, "choices");
+  for (const auto& [value, words] : choices) {
+    if (name.empty() || !takes(name, value)) continue;
+    begin_object(json);
+    add_text(json, "value", value);
+    add_text(json, "text", words_of(words, desk.language));
+    end_object(json);
+  }
+  end_list(json);
+  end_object(json);
+}
+
 }  // namespace
 
 std::string forecast_fields(const Desk& desk) {
-  std::string lines;
+  JsonText json;
+  begin_object(json);
+  begin_list(json, "fields");
   bool is_figure = false;
   for (const RuleForm& form : rule_forms()) {
-    if (form.is_figure && !is_figure)
-      lines.append("\t").append(words_of(figures_heading, desk.language)).push_back('\n');
+    if (form.is_figure && !is_figure) add_field(json, {}, std::string(words_of(figures_heading, desk.language)), desk);
     is_figure = form.is_figure;
-    lines.append(form.name).append("\t").append(words_of(form.label, desk.language));
-    if (is_percentage(form.name)) lines.append(", %");
-    lines.push_back('\t');
-    for (const auto& [value, words] : choices) {
-      if (!takes(form.name, value)) continue;
-      if (lines.back() != '\t') lines.push_back(',');
-      lines.append(value).append(":").append(words_of(words, desk.language));
-    }
-    lines.push_back('\n');
+    const std::string_view unit = is_percentage(form.name) ? ", %" : "";
+    add_field(json, form.name, std::string(words_of(form.label, desk.language)).append(unit), desk);
   }
-  return lines;
+  end_list(json);
+  end_object(json);
+  return std::move(json.text);
 }
 
 std::string begin_desk_forecast(Desk& desk, std::string_view settings) {

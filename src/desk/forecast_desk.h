@@ -9,9 +9,8 @@
 
 namespace pedigreewatch {
 
-/// The fields of a forecast: a line for each rule, then one with a heading behind a tab, then one for each figure of
-/// the practice: name, label, and choices as value:word, separated by commas (none: something is typed), with tabs
-/// between.
+/// Yields an object: fields, each an object with name, label and choices (value and text; none: something is typed):
+/// one for each rule, then a heading, which has no name, then one for each figure of the practice.
 std::string forecast_fields(const Desk& desk);
 
 /// Measures the practice and begins a forecast. `settings` are lines of name and value: years, rules and figures

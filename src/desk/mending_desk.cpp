@@ -282,17 +282,15 @@ std::set<std::int64_t> shown_lines(const Desk& desk, const Finding& finding) {
 
 std::string set_corrections(Desk& desk, std::string_view list) {
   CorrectionList read = read_corrections(list);
-  std::vector<std::string> messages =
-      fault_sentences(read.faults, std::string(words_of(name_of_list, desk.language)), desk.language);
   const bool is_applied = desk.has_export && read.corrections == desk.corrections;
   desk.corrections = std::move(read.corrections);
-  if (!is_applied) {
-    for (std::string& refusal : apply_desk_corrections(desk)) messages.push_back(std::move(refusal));
-  }
+  const std::vector<std::string> refusals = is_applied ? std::vector<std::string>() : apply_desk_corrections(desk);
   const std::vector<CorrectionOutcome>& outcomes = desk.preparation.corrections;
   JsonText json;
   begin_object(json);
-  add_texts(json, "messages", messages);
+  add_texts(json, "messages", refusals);
+  add_texts(json, "faults",
+            fault_sentences(read.faults, std::string(words_of(name_of_list, desk.language)), desk.language));
   add_text(json, "list", desk.corrections.empty() ? std::string() : corrections_text(desk.corrections));
   add_text(json, "sentence", corrections_sentence(outcomes, desk.language));
   begin_list(json, "rows");

@@ -11,7 +11,7 @@
 namespace pedigreewatch {
 
 /// Takes the whole list of corrections and applies it to the export; what came of one that is applied already is kept.
-/// Yields an object: messages (lines of the list that cannot be read, or what stands in the way), list (the lines that
+/// Yields an object: messages (what stands in the way), faults (of the lines that cannot be read), list (the lines that
 /// can be read; empty without any), sentence (what became of them), rows (id, field, was, becomes, why,
 /// when, fate, said; where they are numbers of days also wasDay and becomesDay, what people would write).
 std::string set_corrections(Desk& desk, std::string_view list);

@@ -126,13 +126,20 @@ std::string cause_sentence(const Standing& standing, ToolLanguage language) {
   return phrase(sires_and_dams, language, {of_sires, of_dams});
 }
 
+/// In per cent, with as many decimals as its size asks for: none from 10 on, one from 1 on, else two.
+std::string percent_digits(double share, ToolLanguage language) {
+  constexpr double hundred = 100.0, large = 9.95, small = 0.995;
+  const double percentage = hundred * share;
+  if (percentage == 0.0) return "0";
+  const int decimals = percentage >= large ? 0 : (percentage >= small ? 1 : 2);
+  return report_figure(percentage, decimals, language);
+}
+
 constexpr Wording from_to = {"{1} to {2}", "{1} tot {2}"};
 
 std::string margin_text(const RateEstimate& estimate, ToolLanguage language) {
-  const Margin margin = margin_of(estimate);
-  std::string low = percent_text(margin.low, language);
-  low.resize(low.rfind('\xC2'));  // the sign stands once, behind both
-  return phrase(from_to, language, {low, percent_text(margin.high, language)});
+  const Margin margin = margin_of(estimate);  // the sign stands once, behind both
+  return phrase(from_to, language, {percent_digits(margin.low, language), percent_text(margin.high, language)});
 }
 
 void add_obstacles(std::vector<std::string>& sentences, const Standing& standing, ToolLanguage language) {
@@ -157,11 +164,7 @@ void add_obstacles(std::vector<std::string>& sentences, const Standing& standing
 }  // namespace
 
 std::string percent_text(double share, ToolLanguage language) {
-  constexpr double hundred = 100.0, large = 9.95, small = 0.995;
-  const double percentage = hundred * share;
-  if (percentage == 0.0) return "0\xC2\xA0%";
-  const int decimals = percentage >= large ? 0 : (percentage >= small ? 1 : 2);
-  return report_figure(percentage, decimals, language) + "\xC2\xA0%";
+  return percent_digits(share, language) + "\xC2\xA0%";
 }
 
 std::string limit_text(double share, ToolLanguage language) {

@@ -100,13 +100,20 @@ TEST(DeskForecasting, GoesOnWithFiguresThatAreTyped) {
 TEST(DeskForecasting, ListsItsFields) {
   Desk desk;
   const std::string fields = forecast_fields(desk);
-  EXPECT_TRUE(fields.starts_with("most-litters-a-year\tlitters of a sire a year, at most\t\n")) << fields;
-  EXPECT_TRUE(is_in(fields, "\nplan\tmatings of each year by a plan of least kinship\tyes:yes\n")) << fields;
-  EXPECT_TRUE(is_in(fields, "\nmales\tmales among the young, %\t\n")) << fields;
-  EXPECT_TRUE(
-      is_in(fields, "\n\tFigures of the practice, in place of what was measured; blank: as measured.\nyoung-a"));
+  EXPECT_TRUE(fields.starts_with(
+      R"({"fields":[{"name":"most-litters-a-year","label":"litters of a sire a year, at most","choices":[]},{)"))
+      << fields;
+  EXPECT_TRUE(is_in(fields, R"({"name":"plan","label":"matings of each year by a plan of least kinship",)"
+                            R"("choices":[{"value":"yes","text":"yes"}]})"))
+      << fields;
+  EXPECT_TRUE(is_in(fields, R"({"name":"males","label":"males among the young, %","choices":[]})")) << fields;
+  EXPECT_TRUE(is_in(fields, R"({"name":"","label":"Figures of the practice, in place of what was measured; blank: as )"
+                            R"(measured.","choices":[]},{"name":"young-a-litter",)"))
+      << fields;
   desk.language = ToolLanguage::dutch;
-  EXPECT_TRUE(is_in(forecast_fields(desk), "\topen:open,closed:gesloten,rotation:rotatie\n"));
+  EXPECT_TRUE(is_in(forecast_fields(desk),
+                    R"("choices":[{"value":"open","text":"open"},)"
+                    R"({"value":"closed","text":"gesloten"},{"value":"rotation","text":"rotatie"}])"));
 }
 
 TEST(DeskForecasting, NeedsThreeYearsAndResults) {

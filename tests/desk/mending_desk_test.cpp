@@ -65,7 +65,8 @@ TEST(MendingDesk, AppliesTheListAndTellsWhatBecameOfIt) {
   const std::string answer = mended.take(
       "D\tbirthdate\t15-02-2x03\t20-12-2003\ttyping error\t2026-01-31\nE\tsire\tZ\tA\t\t\nG\tsex\t\tram\t\t\n");
   EXPECT_TRUE(holds(
-      answer, R"("messages":[],"list":"id\u0009field\u0009was\u0009becomes\u0009why\u0009when\u000aD\u0009birthdate)"))
+      answer,
+      R"("messages":[],"faults":[],"list":"id\u0009field\u0009was\u0009becomes\u0009why\u0009when\u000aD\u0009birthdate)"))
       << answer;
   EXPECT_TRUE(holds(answer, R"("sentence":"Corrections applied: 1; already mended in the export: 1;)")) << answer;
   EXPECT_TRUE(
@@ -96,7 +97,7 @@ TEST(MendingDesk, AnotherListBeginsWithTheExportAgain) {
   mended.take("A\tid\tA\tQ\t\t\n");
   const std::string second = mended.take("A\tsex\tram\tewe\t\t\n");
   EXPECT_TRUE(holds(second, R"("fate":"applied")")) << second;
-  EXPECT_TRUE(holds(mended.take(""), R"("messages":[],"list":"","sentence":"","rows":[])"));
+  EXPECT_TRUE(holds(mended.take(""), R"("messages":[],"faults":[],"list":"","sentence":"","rows":[])"));
   mended.check();
   EXPECT_TRUE(holds(test::bytes_of(mended.folder.path("export.txt")), "\nA;m;13-01-2000"));
 }
@@ -112,7 +113,7 @@ TEST(MendingDesk, ChangingSettingsKeepsCorrectionsApplied) {
 TEST(MendingDesk, NamesLinesOfAListThatCannotBeRead) {
   MendedDesk mended;
   EXPECT_TRUE(holds(mended.take("A\tweight\t1\t2\n"),
-                    R"("messages":["list of corrections, line 2: \u0022weight\u0022 is no field)"));
+                    R"("messages":[],"faults":["list of corrections, line 2: \u0022weight\u0022 is no field)"));
 }
 
 TEST(MendingDesk, ProposesWhatAChangedCellMeans) {
