@@ -1,5 +1,5 @@
 // Integers of the program are signed 32 bits. Where its arithmetic leaves that range it wraps around, by these
-// helpers only: plain signed overflow is undefined behaviour. Reals are of single precision.
+// operations only: plain signed overflow is undefined behaviour. Reals are of single precision.
 #pragma once
 
 #include <cstdint>
