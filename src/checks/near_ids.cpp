@@ -454,22 +454,26 @@ Slip slip_between(std::string_view written, std::string_view meant) {
 }
 
 double chance_of(Slip slip, std::size_t length) {
-  const auto n = static_cast<double>(std::max<std::size_t>(length, 2));
+  constexpr std::size_t fewest_places = 2;
+  constexpr double of_format = 0.3, of_prefix = 0.1, of_beginning = 0.02, of_exchange = 0.2, of_doubled = 0.1,
+                   of_last_lacking = 0.05, of_lacking = 0.15, of_too_many = 0.1, of_look_alike = 0.1, of_digit = 0.2,
+                   of_letter = 0.1, of_two = 0.05;
   constexpr double other_digits = 9, other_letters = 35;
+  const auto n = static_cast<double>(std::max(length, fewest_places));
   switch (slip) {
     case Slip::none: return 0;
-    case Slip::format: return 0.3;
-    case Slip::prefix: return 0.1;
-    case Slip::beginning: return 0.02;
-    case Slip::exchange: return 0.2 / (n - 1);
-    case Slip::doubled: return 0.1 / n;
-    case Slip::last_lacking: return 0.05 + 0.15 / n;
-    case Slip::lacking: return 0.15 / n;
-    case Slip::too_many: return 0.1 / n / other_digits;
-    case Slip::look_alike: return 0.1 / n;
-    case Slip::digit: return 0.2 / n / other_digits;
-    case Slip::letter: return 0.1 / n / other_letters;
-    case Slip::two: return 0.05 / (n * other_digits) / (n * other_digits) * 2;
+    case Slip::format: return of_format;
+    case Slip::prefix: return of_prefix;
+    case Slip::beginning: return of_beginning;
+    case Slip::exchange: return of_exchange / (n - 1);
+    case Slip::doubled: return of_doubled / n;
+    case Slip::last_lacking: return of_last_lacking + of_lacking / n;
+    case Slip::lacking: return of_lacking / n;
+    case Slip::too_many: return of_too_many / n / other_digits;
+    case Slip::look_alike: return of_look_alike / n;
+    case Slip::digit: return of_digit / n / other_digits;
+    case Slip::letter: return of_letter / n / other_letters;
+    case Slip::two: return of_two / (n * other_digits) / (n * other_digits) * 2;  // whichever of both comes first
   }
   return 0;
 }

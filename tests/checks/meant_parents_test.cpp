@@ -211,6 +211,107 @@ TEST(FindMeantParents, TheSameSlipInEachLitterIsSeldom) {
   }
 }
 
+// The ewe's other lamb of that day has HS-4712, and 97 of 100 litters have one sire: of the three others of a hundred
+// half has the ewe's last mate again. One parent of two years is known, and half a parent of each of the sixty ages.
+TEST(FindMeantParents, OfAHundredLittersNinetySevenHaveOneSire) {
+  const CheckResult result = checked_sheep(
+      "id;sex;birthdate;sire;dam\nHS-4712;m;01-02-2000;;\nQR-8863;m;01-02-2000;;\nLM-6041;f;01-02-2000;;\n"
+      "TU-1157;m;05-06-2002;HS-4712;LM-6041\nXY-9924;m;05-06-2002;HS-4711;LM-6041\n");
+  const double of_age = (1 + 0.5) / (1 + 0.5 * 60) / (0.5 * 3), first = 0.3 * 5 / 2;
+  const double by_year = (1 + first * of_age) / (4 / 2.0 + first + 1);
+  const double chance = 0.97 + 0.03 * (0.5 + 0.5 * by_year);
+  const double genuine = 0.03 * 0.1 / (1 + 9 * 7 * 5) / 5;
+  EXPECT_NEAR(meant_sire(result, "HS-4711").sureness, sureness_of(0.2 / 7 / 9 * chance, genuine), 1e-12);
+}
+
+TEST(FindMeantParents, ThreeOfAHundredSlipsAreInAnotherForm) {
+  const CheckResult result = checked_sheep(herd_of_three_young("HS-4712", "hs4711"));
+  const double slip = 0.03 * 0.2 / 6 / 9;  // no animal's tag is written so
+  EXPECT_NEAR(meant_sire(result, "hs4711").sureness, sureness_of(slip * chance_of_one_young(), 1e-6 / 6), 1e-12);
+}
+
+// One letter for another among tags that all together have 40 places, or 38: the fewer they are, the likelier one of
+// them is in use and rightly named.
+TEST(FindMeantParents, FourFifthsOfTheEvidenceNameOneAnimal) {
+  const auto meant = [](std::string_view third, std::string_view fourth) {
+    std::string herd = herd_of_three_young("HS-4712", "HX-4712");
+    herd.replace(herd.find("TU-1157"), 7, third);
+    herd.replace(herd.find("VW-3308"), 7, fourth);
+    return meant_sire(checked_sheep(herd), "HX-4712");
+  };
+  const auto sureness = [](int places) {
+    return sureness_of(0.1 / 7 / 35 * chance_of_one_young(), 0.1 / (1 + 9 * places) / 6);
+  };
+  const MeantParent sure = meant("TU-11", "VW-3308"), unsure = meant("TU-11", "VW-33");
+  EXPECT_NEAR(sure.sureness, sureness(40), 1e-12);
+  EXPECT_NEAR(unsure.sureness, sureness(38), 1e-12);
+  EXPECT_LT(sure.sureness, 0.81);
+  EXPECT_GT(unsure.sureness, 0.79);
+  EXPECT_EQ(sure.animal, 1);
+  EXPECT_EQ(unsure.animal, 0);
+}
+
+// The young born a year before the sire stands behind five other litters, and behind six.
+TEST(FindMeantParents, SixLittersAreLookedAt) {
+  const auto meant = [](int others) {
+    std::string herd = "id;sex;birthdate;sire;dam\nHS-1200;m;01-02-2000;;\nHS-4711;m;01-02-2000;;\n";
+    for (int k = 1; k <= others; ++k)
+      herd += "L-" + std::to_string(100 * k) + ";m;0" + std::to_string(k) + "-06-2003;hs1200;\n";
+    return meant_sire(checked_sheep(herd + "HS-5000;m;05-06-1999;hs1200;\n"), "hs1200").animal;
+  };
+  EXPECT_EQ(meant(5), 0);
+  EXPECT_EQ(meant(6), 1);
+}
+
+// Rams have lambs up to their thirteenth year: fourteen years of 366 days behind 1 February 1990 is 12 February 2004.
+TEST(FindMeantParents, ARamIsMeantUpToTheEndOfItsLastYear) {
+  const std::string herd = "id;sex;birthdate;sire;dam\nHS-1200;m;01-02-1990;;\nHS-4711;m;01-02-1990;;\n";
+  EXPECT_EQ(meant_sire(checked_sheep(herd + "HS-5000;m;12-02-2004;hs1200;\n"), "hs1200").animal, 1);
+  EXPECT_EQ(meant_sire(checked_sheep(herd + "HS-5000;m;13-02-2004;hs1200;\n"), "hs1200").animal, 0);
+}
+
+/// The herd with animals of no year, so that there are `animals`; none of their tags, of `2 * pairs + 1` places, is one
+/// slip from another.
+std::string herd_among(int animals, std::size_t pairs) {
+  std::string herd = herd_of_three_young("HS-4712", "HS-4711");
+  for (int k = 6; k < animals; ++k) {
+    herd.push_back('G');
+    const std::string digits = std::to_string(k);
+    for (const char digit : std::string(pairs - digits.size(), '0') + digits) herd.append(2, digit);
+    herd += ";m;;;\n";
+  }
+  return herd;
+}
+
+// Of how many tags one digit from another are in use, every animal tells in a herd of less than four hundred, and every
+// second one in a herd of so many.
+TEST(FindMeantParents, TwoHundredAnimalsTellHowManyTagsAreInUse) {
+  for (const auto& [animals, sampled] : {std::pair{399, 399}, std::pair{400, 200}}) {
+    SCOPED_TRACE(animals);
+    const double first = 0.3 * animals / 2, of_age = (2 + 0.5) / (2 + 0.5 * 60) / (0.5 * 3);
+    const double chance = (1 + first * of_age) / (1.5 + first + 1);
+    const double genuine = 0.1 / (1 + 9 * 7 * sampled) / animals;
+    EXPECT_NEAR(meant_sire(checked_sheep(herd_among(animals, 3)), "HS-4711").sureness,
+                sureness_of(0.2 / 7 / 9 * chance, genuine), 1e-12);
+  }
+}
+
+// Of twenty thousand animals every second one tells the ages of its parents: the fifth does, the fourth does not.
+TEST(FindMeantParents, TwentyThousandAnimalsTellTheAgesOfParents) {
+  struct Herd {
+    int animals, sampled;
+    double parents;
+  };
+  for (const Herd& herd : {Herd{19'999, 203, 2}, Herd{20'000, 200, 1}}) {
+    SCOPED_TRACE(herd.animals);
+    const double first = 0.3 * herd.animals / 2, of_age = (herd.parents + 0.5) / (herd.parents + 0.5 * 60) / (0.5 * 3);
+    const double chance = (1 + first * of_age) / (1.5 + first + 1);
+    const double genuine = 0.1 / (1 + 9.0 * (7 + 11 * (herd.sampled - 1))) / herd.animals;
+    const double sureness = meant_sire(checked_sheep(herd_among(herd.animals, 5)), "HS-4711").sureness;
+    EXPECT_NEAR((1 - sureness) / (1 - sureness_of(0.2 / 7 / 9 * chance, genuine)), 1, 1e-6);
+  }
+}
+
 TEST(FindMeantParents, MendsMostTyposAndHardlyAnyWrongly) {
   TypoScore all;
   for (int kind = 0; kind < static_cast<int>(HerdKind::count); ++kind) {

@@ -106,9 +106,30 @@ TEST(SlipBetween, TellsTheSlipsApart) {
                                             {"HS12", "HX12", Slip::letter},
                                             {"HS1342", "HS1221", Slip::none},
                                             {"HS1234", "HX1235", Slip::two},
-                                            {"1", "2", Slip::none}}) {
+                                            {"1", "2", Slip::none},
+                                            {"AB", "AC", Slip::letter},
+                                            {"123", "NL123", Slip::prefix},
+                                            {"12", "NL12", Slip::two},
+                                            {"7589", "528007589", Slip::beginning},
+                                            {"589", "52800589", Slip::none},
+                                            {"7589", "528001237589", Slip::beginning},
+                                            {"7589", "5280012347589", Slip::none}}) {
     EXPECT_EQ(slip_between(each.written, each.meant), each.slip) << each.written << " " << each.meant;
   }
+}
+
+TEST(SlipBetween, TellsWhichSignsLookAlike) {
+  const std::string signs = "ABCDEFGHJKMNPQRSTUVWXYZ0123456789";  // capitals, without those that are read as digits
+  std::set<std::pair<char, char>> alike;
+  for (const char a : signs) {
+    for (const char b : signs) {
+      const std::string written = std::string("77") + a + "77", meant = std::string("77") + b + "77";
+      if (a < b && slip_between(written, meant) == Slip::look_alike) alike.insert({a, b});
+    }
+  }
+  const std::set<std::pair<char, char>> expected = {{'5', 'S'}, {'8', 'B'}, {'2', 'Z'}, {'6', 'G'},
+                                                    {'0', 'D'}, {'0', 'Q'}, {'D', 'Q'}, {'U', 'V'}};
+  EXPECT_EQ(alike, expected);
 }
 
 // Zeros in front may be written or not; where another digit is wrong they are digits like all others.
@@ -143,6 +164,14 @@ TEST(ChanceOf, SharesASlipAmongPlacesAndLetters) {
   EXPECT_DOUBLE_EQ(chance_of(Slip::digit, 8), 0.2 / (8 * 9));
   EXPECT_DOUBLE_EQ(chance_of(Slip::letter, 8), 0.1 / (8 * 35));
   EXPECT_DOUBLE_EQ(chance_of(Slip::two, 8), 0.1 / (72 * 72));
+}
+
+// There is one place between two letters, and a shorter text is taken as one of two.
+TEST(ChanceOf, ATextHasTwoPlacesAtLeast) {
+  EXPECT_DOUBLE_EQ(chance_of(Slip::exchange, 1), 0.2);
+  EXPECT_DOUBLE_EQ(chance_of(Slip::exchange, 2), 0.2);
+  EXPECT_DOUBLE_EQ(chance_of(Slip::digit, 1), 0.2 / (2 * 9));
+  EXPECT_DOUBLE_EQ(chance_of(Slip::digit, 2), 0.2 / (2 * 9));
 }
 
 /// How far texts are apart as their slip tells; nothing for those that are told by another rule.
@@ -245,6 +274,32 @@ TEST(FindNearAnimals, EndsHaveAtMostEightLengths) {
   };
   EXPECT_EQ(found(8), 8);
   EXPECT_EQ(found(9), 8);
+}
+
+/// How many of so many identifications without an animal are near one of the animals, as far as they are compared.
+std::ptrdiff_t count_compared(const std::vector<std::string>& names, const std::vector<std::string>& parents) {
+  const PedigreeColumns animals = animals_named(names, parents);
+  const auto found = find_near_animals(animals, ids_without_animal(animals));
+  return std::ranges::count_if(found, [](const auto& near) { return !near.empty(); });
+}
+
+TEST(FindNearAnimals, TwoSlipsAreSoughtInFiveLettersAndMore) {
+  EXPECT_EQ(count_compared({"ABCDE"}, {"ABCXY"}), 1) << "four letters of them changed";
+  EXPECT_EQ(count_compared({"ABCD"}, {"ABXY"}), 0);
+}
+
+// Of a thousand parents one is two letters from an animal.
+TEST(FindNearAnimals, TwoSlipsAreSoughtAmongThreeMillionPairs) {
+  const auto found = [](std::size_t count) {
+    std::vector<std::string> names, parents;
+    for (std::size_t k = 0; k < count; ++k) names.push_back("CDFGH" + std::to_string(20'000 + k));
+    for (std::size_t k = 1; k < 1000; ++k) parents.push_back("KMNPR" + std::to_string(20'000 + k));
+    names.back() = "ABEABE";
+    parents.push_back("AMEAKE");
+    return count_compared(names, parents);
+  };
+  EXPECT_EQ(found(3000), 1);
+  EXPECT_EQ(found(3001), 0);
 }
 
 TEST(FindNearAnimals, FourThousandAnimalsAreKeptForEach) {
