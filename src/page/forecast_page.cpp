@@ -264,7 +264,8 @@ std::string trust_of(const ForecastPageInput& input) {
   for (const std::string& line : truth_sentences(forecast, input.past, input.hindcast->from, input.language)) {
     add_paragraph(text, as_sentence(line));
   }
-  const ChartYears years = {input.hindcast->from - 9, forecast.first_year + forecast.years - 1};
+  constexpr std::int32_t years_before = 10;
+  const ChartYears years = {input.hindcast->from - years_before + 1, forecast.first_year + forecast.years - 1};
   for (const Panel& panel : panels) {
     if (panel.figure != ForecastFigure::mean_f && panel.figure != ForecastFigure::kinship_with_self) continue;
     Chart chart = begin_chart(input, panel, "b-", years);

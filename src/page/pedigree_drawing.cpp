@@ -328,11 +328,11 @@ std::string name_of_animal(const PopulationStore& store, std::int32_t position) 
 }
 
 std::string shown_inbreeding(const AnimalTelling& telling, std::int32_t position) {
-  constexpr double percent = 100.0, rounding = 1e-7;
+  constexpr double percent = 100.0;
   const KnownParents parents = known_parents(telling.store, position);
   if (parents.sire == 0 || parents.dam == 0) return std::string(no_figure);
   const double f = double{telling.store.inbreeding[position]};
-  return report_figure(f < rounding ? 0.0 : percent * f, 2, telling.language) + " %";
+  return report_figure(percent * f, 2, telling.language) + " %";
 }
 
 }  // namespace pedigreewatch

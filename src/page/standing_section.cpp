@@ -212,9 +212,9 @@ void write_why(std::string& page, const PageFrame& frame, const Standing& standi
   sires.is_bad = standing.overused_sires > 0;
   write_tile(page, frame, sires);
   write_tile(page, frame, tile_of_parents(frame, standing.dams, part ? std::optional(1.0 - *part) : part, dams_tile));
-  constexpr double five = 5.0;
+  const double recent_years = years.last - years.recent_first + 1;
   const auto a_year = [&](std::int64_t births) {
-    return report_figure(static_cast<double>(births) / five, 0, language);
+    return report_figure(static_cast<double>(births) / recent_years, 0, language);
   };
   std::string text = phrase(births_text, language, {a_year(young.births_before)});
   if (frame.store().has_import && young.known_parents > 0) {
@@ -349,7 +349,7 @@ void write_parents_to_find(std::string& page, const PageFrame& frame, const Stan
   open_action(page, frame.text(find_parents),
               has_unknown
                   ? phrase(find_parents_text, language,
-                           {known_text(standing, language), years_of(years.last - 9), years_of(years.last)})
+                           {known_text(standing, language), years_of(years.known_first), years_of(years.last)})
                   : phrase(find_ancestors_text, language,
                            {years_of(years.recent_first), years_of(years.last), equivalents_text(standing, language)}));
   page += "</li>\n";

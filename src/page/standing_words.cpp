@@ -176,8 +176,8 @@ std::string limit_text(double share, ToolLanguage language) {
 }
 
 std::string share_text(std::int64_t part, std::int64_t all, ToolLanguage language) {
-  constexpr std::int64_t hundred = 100;
-  if (all < hundred) return phrase(of_few, language, {std::to_string(part), std::to_string(all)});
+  constexpr std::int64_t fewest_of_hundred = 100;
+  if (all < fewest_of_hundred) return phrase(of_few, language, {std::to_string(part), std::to_string(all)});
   const double share = static_cast<double>(part) / static_cast<double>(all);
   // Neither none nor all is said of what is not quite so.
   double count = std::round(100.0 * share);

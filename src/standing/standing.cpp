@@ -49,6 +49,7 @@ StandingYears years_of(const Breed& breed) {
   years.last = breed.store.birth_years.last;
   years.generation_interval = breed.interval;
   years.recent_first = years.last - recent_years + 1;
+  years.known_first = years.last - known_years + 1;
   years.cohort_first = years.last - breed.years_of(1.0) + 1;
   years.now_first = years.last - breed.years_of(generations_of_now) + 1;
   return years;
@@ -63,7 +64,7 @@ StandingData describe_data(const Breed& breed, const StandingYears& years, const
   const std::vector<std::int32_t> recent = breed.born(years.recent_first, years.last);
   for (const std::int32_t i : recent) data.equivalents += double{store.generation_equivalents[i]};
   if (!recent.empty()) data.equivalents /= static_cast<double>(recent.size());
-  const std::vector<std::int32_t> young = breed.born(years.last - known_years + 1, years.last);
+  const std::vector<std::int32_t> young = breed.born(years.known_first, years.last);
   const auto both = std::count_if(young.begin(), young.end(),
                                   [&](std::int32_t i) { return store.sire_no[i] > 0 && store.dam_no[i] > 0; });
   if (!young.empty()) data.both_known = static_cast<double>(both) / static_cast<double>(young.size());
@@ -188,7 +189,11 @@ Standing compute_standing(const PopulationStore& store, double generation_interv
     standing.data.faults = faults;
     standing.data.is_faulty = are_too_many(faults, store.animal_count);
     if (has_years) {
-      standing.years = {.last = last, .recent_first = last - recent_years + 1, .cohort_first = last, .now_first = last};
+      standing.years = {.last = last,
+                        .recent_first = last - recent_years + 1,
+                        .cohort_first = last,
+                        .now_first = last,
+                        .known_first = last - known_years + 1};
     }
     return standing;
   }

@@ -38,6 +38,7 @@ struct StandingYears {
   std::int32_t cohort_first = 0;  ///< of the last generation interval, whose animals' lines are followed back
   std::int32_t now_first = 0;     ///< of the last three generation intervals, back to which they are followed
   double generation_interval = 0.0;
+  std::int32_t known_first = 0;  ///< of the last ten years, whose young tell how often both parents are known
 };
 
 /// The rates of the verdict, by what they are seen from.

@@ -197,7 +197,7 @@ void add_data(RowList& list) {
   const StandingYears& years = list.standing.years;
   const std::string bound = "; " + list.words(this_program);
   list.add("generation_equivalents", data.equivalents, list.young() + bound, number(least_equivalents));
-  list.add("both_parents_known", data.both_known, list.words(of_young, {years.last - 9, years.last}) + bound,
+  list.add("both_parents_known", data.both_known, list.words(of_young, {years.known_first, years.last}) + bound,
            number(least_both_known));
   list.add("unknown_parents", data.unknown_parents, list.words(of_all));
   list.add("young_below_two_equivalents", share_of(list.standing.young.shallow, list.standing.young.births),

@@ -63,6 +63,20 @@ AnalysedPopulation with_subpopulations(int count) {
   return analysed(data, steer);
 }
 
+TEST(RecentSires, TenAreNamed) {
+  const AnalysedPopulation population = analysed(animals_by_year({24}));
+  const auto named = [&](std::int32_t sires) {
+    Standing standing;
+    for (std::int32_t k = 1; k <= sires; ++k) standing.sires.parents.push_back({k, 1, 0.05});
+    PageInput input{population};
+    input.standing = &standing;
+    return recent_sires(make_frame(input)).figures.rows.size();
+  };
+  EXPECT_EQ(named(9), 9U);
+  EXPECT_EQ(named(10), 10U);
+  EXPECT_EQ(named(11), 10U);
+}
+
 TEST(WithinChart, HasAPanelForEightSubpopulations) {
   const auto lines = [](int count) {
     const AnalysedPopulation population = with_subpopulations(count);

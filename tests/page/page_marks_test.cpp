@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "page/chart_making.h"
@@ -55,6 +56,13 @@ TEST(MarkRises, GoOverAGenerationIntervalAndThreeYearsAtLeast) {
   EXPECT_TRUE(rises_of({0.0, 0.0, 9.0}, 1.0F).empty());
   EXPECT_EQ(rises_of({0.0, 0.0, 0.0, 9.0}, 1.0F).size(), 1U);
   EXPECT_TRUE(rises_of({0.0, 0.0, 0.0, 9.0}, 4.0F).empty());
+}
+
+TEST(MarkRises, AnIntervalOfAThousandYearsIsNone) {
+  std::vector<Value> F(1101, 0.0);
+  std::fill(F.end() - 50, F.end(), 90.0);
+  EXPECT_EQ(rises_of(F, 999.5F).size(), 1U);
+  EXPECT_TRUE(rises_of(F, 1000.0F).empty());
 }
 
 TEST(MarkRises, ThoseThatOverlapAreOne) {

@@ -33,6 +33,7 @@ TEST(StandingWords, LimitsStandAsTheyWereGiven) {
 
 TEST(StandingWords, SharesAreOfAHundredWhenThereAreSoMany) {
   EXPECT_EQ(share_text(27, 100, english), "27 of 100");
+  EXPECT_EQ(share_text(27, 101, english), "27 of 100");
   EXPECT_EQ(share_text(27, 99, english), "27 of 99");
   EXPECT_EQ(share_text(1, 1000, dutch), "1 van de 100");   // not none
   EXPECT_EQ(share_text(999, 1000, english), "99 of 100");  // not all

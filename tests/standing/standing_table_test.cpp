@@ -25,7 +25,7 @@ Standing some_standing() {
   Standing standing;
   standing.pace = Pace::too_fast;
   standing.sureness = 2;
-  standing.years = {2024, 2020, 2022, 2016, 3.0};
+  standing.years = {2024, 2020, 2022, 2016, 3.0, 2015};
   standing.now[by_kinship] = {0.0125, std::log(2.0) / 1.96, 3.0};
   standing.sires.parents = {{2, 30, 0.3}, {1, 5, 0.05}};
   standing.overused_sires = 1;

@@ -112,6 +112,7 @@ TEST(Standing, YearsAreCountedFromTheLastOne) {
   const Standing standing = compute_standing(store, 3.4, {});
   EXPECT_EQ(standing.years.last, 2015);
   EXPECT_EQ(standing.years.recent_first, 2011);
+  EXPECT_EQ(standing.years.known_first, 2006);
   EXPECT_EQ(standing.years.cohort_first, 2013);  // 3 years
   EXPECT_EQ(standing.years.now_first, 2006);     // 10.2 years, rounded
   EXPECT_FALSE(standing.rule.has_value());
