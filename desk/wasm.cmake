@@ -2,16 +2,6 @@
 # write the files there.
 # With more optimisation the clang++ 14 of emscripten does not come to an end with this one.
 set_source_files_properties(${PROJECT_SOURCE_DIR}/src/intake/column_choice.cpp PROPERTIES COMPILE_OPTIONS -O2)
-# What words or draws an answer once is made for size.
-foreach(file desk/check_desk desk/export_answer desk/export_desk desk/export_words desk/forecast_desk desk/mending_desk
-    desk/plan_desk forecast/base_period forecast/forecast_summary forecast/forecast_words forecast/number_paths
-    forecast/practice_figures forecast/rule_reading forecast/said_lives forecast/said_practice intake/console_words
-    page/animal_charts page/animal_page page/chart_drawing page/diversity_section page/forecast_page page/group_charts
-    page/pedigree_drawing page/plan_page page/standing_pictures page/standing_section page/standing_words
-    tables/forecast_tables tables/list_tables tables/plan_tables)
-  set_source_files_properties(${PROJECT_SOURCE_DIR}/src/${file}.cpp PROPERTIES COMPILE_OPTIONS -Os)
-endforeach()
-
 set(wasm_memory -sALLOW_MEMORY_GROWTH -sMAXIMUM_MEMORY=4GB)
 foreach(program pedigreewatch pedigreewatch_tools)
   target_link_options(${program} PRIVATE -fexceptions ${wasm_memory} -sNODERAWFS -sEXIT_RUNTIME -sSINGLE_FILE -sENVIRONMENT=node)
