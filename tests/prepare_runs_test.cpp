@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "support/office_export.h"
 #include "support/prepared_run.h"
 #include "support/program_run.h"
+#include "support/sanitizers.h"
 
 namespace pedigreewatch::test {
 namespace {
@@ -54,7 +56,11 @@ class ExportForms : public testing::TestWithParam<std::tuple<const char*, char>>
 TEST_P(ExportForms, GiveTheReportOfThePopulation) {
   const auto [encoding, delimiter] = GetParam();
   const auto animals = make_office_population(animal_count, 5);
-  for (const std::string& layout : layouts) {
+  // With sanitizers each form has every fourth layout, and each layout a quarter of the forms.
+  const auto step = static_cast<std::size_t>(cases(1, 4));
+  const std::size_t first = (std::string_view(encoding).size() + static_cast<std::size_t>(delimiter)) % step;
+  for (std::size_t k = first; k < layouts.size(); k += step) {
+    const std::string& layout = layouts[k];
     const WholeRun run =
         prepare_and_run(write_export(animals, {.encoding = encoding, .delimiter = delimiter, .layout = layout}));
     EXPECT_EQ(run.exit_status, 0) << layout;
