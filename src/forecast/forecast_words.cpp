@@ -92,6 +92,16 @@ constexpr Wording lower_line = {
 constexpr Wording higher_line = {
     "in {1} mean kinship is {2} percentage points higher than under the present practice ({3} to {4})",
     "in {1} is de gemiddelde verwantschap {2} procentpunt hoger dan bij de huidige praktijk ({3} tot {4})"};
+constexpr Wording smaller_all_the_same_line = {
+    "its effective size is smaller than under the present practice all the same: it tells how fast kinship rises within these "
+    "years, and what is gained at once does not show in it; go by the kinship of {1}",
+    "toch is de effectieve populatiegrootte kleiner dan bij de huidige praktijk: die zegt hoe snel de verwantschap binnen deze "
+    "jaren stijgt, en wat er meteen gewonnen wordt, is er niet in te zien; ga af op de verwantschap van {1}"};
+constexpr Wording larger_all_the_same_line = {
+    "its effective size is larger than under the present practice all the same: it tells how fast kinship rises within these "
+    "years, and what is lost at once does not show in it; go by the kinship of {1}",
+    "toch is de effectieve populatiegrootte groter dan bij de huidige praktijk: die zegt hoe snel de verwantschap binnen deze "
+    "jaren stijgt, en wat er meteen verloren gaat, is er niet in te zien; ga af op de verwantschap van {1}"};
 constexpr Wording same_line = {
     "in {1} mean kinship is the same as under the present practice in 90 of 100 replicates: the rules forbid hardly "
     "anything that is done now",
@@ -277,6 +287,16 @@ void add_difference(const Forecast& forecast, const ScenarioSummary& summary, Sc
   }
 }
 
+/// Where the kinship of the last year and the effective size would be read the opposite way.
+void add_contradiction(const Forecast& forecast, const ScenarioSummary& summary, ScenarioLines& lines) {
+  const auto& kinship = summary.of(SummaryFigure::last_kinship).difference;
+  const auto& rate = summary.of(SummaryFigure::kinship_rate_per_generation).difference;
+  if (!kinship || !rate) return;
+  const std::string year = std::to_string(forecast.first_year + forecast.years - 1);
+  if (kinship->shown_high() < 0.0 && rate->median > 0.0) lines.add(smaller_all_the_same_line, {year});
+  if (kinship->shown_low() > 0.0 && rate->median < 0.0) lines.add(larger_all_the_same_line, {year});
+}
+
 /// After so many years half of the replicates, or more, have died out; of a scenario in which all have.
 std::int32_t median_years(const ScenarioForecast& scenario) {
   std::vector<std::int32_t> years;
@@ -350,6 +370,7 @@ std::vector<std::string> scenario_sentences(const Forecast& forecast, const Scen
   ScenarioLines lines = {language};
   add_result(forecast, summary, lines);
   add_difference(forecast, summary, lines);
+  add_contradiction(forecast, summary, lines);
   add_costs(summary, lines);
   if (of.rules.has_plan) lines.add(plan_line, {});
   if (summary.died_out == std::ssize(of.replicates)) {

@@ -48,6 +48,31 @@ TEST(ScenarioSentences, CallADifferenceWhatItsRangeAllows) {
   EXPECT_FALSE(is_said(same, "may be"));
 }
 
+/// The kinship of different animals, year by year, in all replicates of a scenario.
+void set_course(ScenarioForecast& scenario, const std::vector<double>& kinships) {
+  for (ReplicateYears& years : scenario.replicates) {
+    for (std::size_t k = 0; k < years.size(); ++k) {
+      years[k].kinship.without_self = kinships[k];
+      years[k].parent_age = 4.0;
+    }
+  }
+}
+
+TEST(ScenarioSentences, SayThatAnEffectiveSizeLeavesOutWhatIsGainedAtOnce) {
+  Forecast forecast = forecast_with({0.12, 0.12}, {0.08, 0.08});
+  const std::string smaller = "its effective size is smaller than under the present practice all the same";
+  set_course(forecast.scenarios[0], {0.10, 0.11, 0.12});
+  set_course(forecast.scenarios[1], {0.05, 0.065, 0.08});
+  EXPECT_TRUE(is_said(said_of(forecast), smaller));
+  EXPECT_TRUE(is_said(said_of(forecast, ToolLanguage::dutch), "ga af op de verwantschap van 2023"));
+  set_course(forecast.scenarios[1], {0.07, 0.075, 0.08});
+  EXPECT_FALSE(is_said(said_of(forecast), "all the same"));
+  forecast = forecast_with({0.08, 0.08}, {0.12, 0.12});
+  set_course(forecast.scenarios[0], {0.05, 0.065, 0.08});
+  set_course(forecast.scenarios[1], {0.10, 0.11, 0.12});
+  EXPECT_TRUE(is_said(said_of(forecast), "its effective size is larger than under the present practice all the same"));
+}
+
 TEST(ScenarioSentences, SayWhatAPlanIs) {
   Forecast forecast = forecast_with({0.1, 0.2}, {0.09, 0.19});
   EXPECT_FALSE(is_said(said_of(forecast), "planned"));
