@@ -2,20 +2,19 @@
 
 import { addProblem, applySettings, changeSetting, hasFiles, openAgain, openBesideGiven, openNew, showProblem, text, work } from "./desk";
 import type { Desk } from "./desk";
-import { readAnswers } from "./answers";
-import type { Answers } from "./answers";
 import { textOfFile } from "./chosen_files";
+import { ask } from "./client";
 import { button, byId, chooser, make, nameOf, shownNumber } from "./dom";
 import { gunzip } from "./gunzip";
 import { changeLeftOut, drawFormerLeftOut, isListOfLeftOut, readLeftOut } from "./left_out";
 import { addList, drawCorrections, drawFormer } from "./mend_part";
-import type { ExportAnswer, OpenQuestion } from "./protocol";
+import type { ExportAnswer, KeptAnswers, OpenQuestion } from "./protocol";
 import type { TextName } from "./texts";
 
 const mostAnswers = 12;
 
-/** Files that were brought together: exports, and the texts of answers, corrections and animals left out of an earlier one. */
-interface Brought { exports: File[]; answers: string[]; corrections: string; leftOut: string; available: File[]; }
+/** Files that were brought together: exports, and answers, the texts of corrections and of animals left out of an earlier one. */
+interface Brought { exports: File[]; answers: KeptAnswers[]; corrections: string; leftOut: string; available: File[]; }
 
 const beginningOf = (file: File) => textOfFile(file.slice(0, 200)).catch(() => "");
 
@@ -34,10 +33,17 @@ async function isListOfAvailable(file: File): Promise<boolean> {
   return /_available\.txt$/i.test(file.name) && !/[;,\t|]/.test((await beginningOf(file)).split(/\r?\n|\r/)[0] ?? "");
 }
 
-async function sortFiles(files: File[]): Promise<Brought> {
+async function readAnswers(desk: Desk, file: File): Promise<KeptAnswers> {
+  await ask(desk.client, "language", [desk.language]);
+  const answers = await ask<KeptAnswers>(desk.client, "readAnswers", [await textOfFile(file)]);
+  if (answers.messages.length > 0) throw new Error(answers.messages.join("\n"));
+  return answers;
+}
+
+async function sortFiles(desk: Desk, files: File[]): Promise<Brought> {
   const brought: Brought = { exports: [], answers: [], corrections: "", leftOut: "", available: [] };
   for (const file of files) {
-    if (/\.answers$/i.test(file.name)) brought.answers.push(await file.text());
+    if (/\.answers$/i.test(file.name)) brought.answers.push(await readAnswers(desk, file));
     else if (await isListOfCorrections(file)) brought.corrections += `${await textOfFile(file)}\n`;
     else if (await isListOfAvailable(file)) brought.available.push(file);
     else if (await isListOfAnimals(file)) brought.leftOut += `${await textOfFile(file)}\n`;
@@ -47,7 +53,7 @@ async function sortFiles(files: File[]): Promise<Brought> {
 }
 
 /** Says which lines of the answers were passed over, beside what else is said. */
-function showUnread(desk: Desk, unread: Answers["unread"]): void {
+function showUnread(desk: Desk, unread: KeptAnswers["unread"]): void {
   if (unread.length === 0) return;
   const lines = unread.slice(0, mostAnswers).map((one) => text(desk, "answerLine", String(one.line), one.text));
   if (unread.length > mostAnswers) lines.push("...");
@@ -59,7 +65,7 @@ function takeKept(desk: Desk, { exports, answers, corrections, leftOut }: Brough
   const count = exports.length > 0 ? exports.length : desk.given === undefined ? desk.files.length : 0;
   const isPair = exports.some((file) => /\.ini$/i.test(file.name));
   if (answers.length > 1 || count !== 1 || isPair) return showProblem(text(desk, answers.length > 0 ? "answersAlone" : "correctionsAlone"));
-  const { settings, unread } = answers[0] === undefined ? { settings: undefined, unread: [] } : readAnswers(answers[0]);
+  const { settings, unread } = answers[0] ?? { settings: undefined, unread: [] };
   const showThen = () => showUnread(desk, unread);
   if (exports.length > 0) return void openNew(desk, exports, settings, corrections, readLeftOut(leftOut)).then(showThen);
   if (settings !== undefined) void openAgain(desk, settings).then(showThen);
@@ -97,7 +103,7 @@ function takeBrought(desk: Desk, brought: Brought): void {
 
 export function takeFiles(desk: Desk, files: File[]): void {
   let brought: Brought | undefined;
-  const sort = async () => { brought = await sortFiles(files); };
+  const sort = async () => { brought = await sortFiles(desk, files); };
   if (files.length > 0) void work(desk, sort).then(() => (brought === undefined ? undefined : takeBrought(desk, brought)));
 }
 

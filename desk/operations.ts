@@ -3,6 +3,7 @@
 
 export const operations = {
   parts: "desk_list_parts",
+  readAnswers: "desk_read_answers",
   open: "desk_open",
   openPair: "desk_open_pair",
   change: "desk_change",

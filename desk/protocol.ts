@@ -30,6 +30,9 @@ export interface ExportAnswer extends Messages {
   species: string; allSpecies: string[]; name: string; steer: string; dataName: string; availableName: string; answers?: string;
 }
 
+/** Answers of an earlier export as settings; `unread`: lines that are no option about an export, or whose value is none that the option takes. */
+export interface KeptAnswers extends Messages { settings: [string, string][]; unread: { line: number; text: string }[]; }
+
 export interface FilesAnswer extends Messages {
   note: string; steer: string; steerPath: string; dataPath: string; availablePath: string; available: number; dataName: string; reportName: string;
   population: string;

@@ -7,6 +7,7 @@ import { tmpdir } from "node:os";
 import { join } from "node:path";
 import { describe, test } from "node:test";
 import { choose, enter, idle, isFirefox, pressButton, root, saved, testDesks, textOf, violations, writeInput } from "./browser.mjs";
+import { herd, stemOf } from "./small_herd.mjs";
 
 const program = process.env.PEDIGREEWATCH ?? join(root, "build/release/pedigreewatch");
 const steps = ["data", "settings", "check", "results", "breeding"];
@@ -175,6 +176,16 @@ async function drop(page, ...files) {
 }
 
 const currentStep = (page) => page.$eval("#steps [aria-current]", (button) => button.id);
+
+test("AnswersAreTakenAsTheProgramTakesThem", () => withDesk(async (page, desk) => {
+  const answers = ["# a remark", "headings: id | name", "--encoding UTF-8 twice", "--delimiter ;", "--language nl", "--weather sun", "--species sheep", "--name Moor"].join("\r\n");
+  await choose(page, writeInput(desk, "herd.csv", herd()), writeInput(desk, "herd.answers", answers));
+  assert.match(await textOf(page, "#problems"), /cannot be read, and were passed over: line 6 "--weather sun"$/);
+  assert.deepEqual(await page.$$eval("#read-encoding, #read-delimiter", (choosers) => choosers.map(({ value }) => value)), ["utf-8-twice", "semicolon"]);
+  await enter(page, "settings");
+  assert.match(await textOf(page, "#steer"), /Moor/);
+  assert.match(String(await saved(desk, "Save the answers", `${await stemOf(page)}.answers`)), /\n--encoding UTF-8 twice\n--delimiter ;\n--species sheep\n--name Moor\n/);
+}));
 
 test("WhatIsOpenStaysUntilAnotherFileIsOpen", () => withDesk(async (page, desk) => {
   await choose(page, writeInput(desk, "sheep.csv", officeExport()));

@@ -21,6 +21,7 @@
 #include "desk/office_list.h"
 #include "desk/plan_desk.h"
 #include "desk/run_desk.h"
+#include "desk/settings_text.h"
 #include "desk/tables_desk.h"
 #include "desk/workbook_desk.h"
 #include "page/animal_style.h"
@@ -148,6 +149,10 @@ std::size_t desk_answer_size(const DeskHandle* handle) {
 
 void desk_list_parts(DeskHandle* handle, const char* export_file) {
   answer(handle, [&](const Desk& desk) { return pedigreewatch::packed_parts_of(desk, export_file); });
+}
+
+void desk_read_answers(DeskHandle* handle, const char* text) {
+  answer(handle, [&](const Desk& desk) { return pedigreewatch::settings_of_answers(text, desk.language); });
 }
 
 void desk_open(DeskHandle* handle, const char* export_file, const char* settings) {

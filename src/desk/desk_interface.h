@@ -22,6 +22,8 @@ std::size_t desk_answer_size(const DeskHandle* handle);
 
 /// What has to be unpacked of a file before it is opened: see workbook_desk.h.
 void desk_list_parts(DeskHandle* handle, const char* export_file);
+/// The text of a file of answers as settings: see settings_text.h.
+void desk_read_answers(DeskHandle* handle, const char* text);
 void desk_open(DeskHandle* handle, const char* export_file, const char* settings);
 /// `available_file`: the list of animals that are still there, beside the other two; empty: none.
 void desk_open_pair(DeskHandle* handle, const char* steer_file, const char* data_file, const char* available_file);

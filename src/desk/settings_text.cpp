@@ -1,13 +1,19 @@
 #include "desk/settings_text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstddef>
 #include <functional>
+#include <span>
 #include <string>
 
+#include "desk/json_text.h"
+#include "intake/answers_file.h"
 #include "intake/column_recognition.h"
 #include "intake/delimiter_recognition.h"
+#include "intake/export_options.h"
 #include "intake/name_choice.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {
@@ -95,6 +101,29 @@ void obey_about_animals(std::string_view name, std::string_view value, const Exp
   if (name == "colours") options.colours = names_from(value, survey.colours);
 }
 
+/// As the page offers it: "utf-8-twice".
+std::string word_of_encoding(Encoding encoding) {
+  if (encoding == Encoding::utf_16_le) return "utf-16";
+  std::string word = small_letters(std::string(name_of(encoding)));
+  std::replace(word.begin(), word.end(), ' ', '-');
+  return word;
+}
+
+/// Likewise. A tab or a blank would be lost at the end of a line.
+std::string word_of_delimiter(char delimiter) {
+  for (const char* const word : {"semicolon", "comma", "tab", "bar", "blank"}) {
+    if (delimiter_named(word) == delimiter) return word;
+  }
+  return {delimiter};
+}
+
+/// Each text with a tab behind it.
+std::string text_of_list(std::span<const std::string> texts) {
+  std::string list;
+  for (const std::string& text : texts) list += text + "\t";
+  return list;
+}
+
 }  // namespace
 
 PrepareOptions options_from(std::string_view settings, const ExportSurvey& survey) {
@@ -111,6 +140,68 @@ PrepareOptions options_from(std::string_view settings, const ExportSurvey& surve
     settings.remove_prefix(end + 1);
   }
   return options;
+}
+
+std::vector<std::pair<std::string, std::string>> settings_of(const PrepareOptions& options, ToolLanguage language) {
+  std::vector<std::pair<std::string, std::string>> settings;
+  const auto say = [&](std::string_view name, std::string value) {
+    if (!value.empty()) settings.emplace_back(name, std::move(value));
+  };
+  const auto say_names = [&](std::string_view name, const NameWish& wish) {
+    if (wish.is_given) say(name, text_of_names(wish));
+  };
+  say("sheet", options.sheet);
+  if (options.encoding) say("encoding", word_of_encoding(*options.encoding));
+  if (options.delimiter) say("delimiter", word_of_delimiter(*options.delimiter));
+  if (options.has_header) say("header", *options.has_header ? "yes" : "no");
+  for (const ColumnWish& wish : options.columns) {
+    say("column." + std::string(option_name_of(wish.code)), wish.column);
+  }
+  if (options.dates) say("dates", layout_text(*options.dates, language == ToolLanguage::dutch));
+  if (options.serials) say("serials", *options.serials == DateSystem::since_1900 ? "serial-1900" : "serial-1904");
+  if (options.century) say("century", std::to_string(*options.century));
+  if (options.ids) say("ids", name_of_rules(*options.ids));
+  say_names("young", options.young);
+  say_names("availability", options.availability);
+  say("gone", text_of_list(options.gone));
+  say("present", text_of_list(options.present));
+  say("male", text_of_list(options.male));
+  say("female", text_of_list(options.female));
+  say("unknown", text_of_list(options.unknown));
+  say("known", text_of_list(options.known));
+  say_names("subpopulations", options.subpopulations);
+  say_names("colours", options.colours);
+  say("species", options.species);
+  say("name", options.population_name);
+  return settings;
+}
+
+std::string settings_of_answers(std::string_view text, ToolLanguage language) {
+  const SavedAnswers answers = read_answers(text);
+  PrepareOptions options;
+  for (const AnswerLine& line : answers.lines) read_export_option(line.option, line.value, options);
+  JsonText json;
+  begin_object(json);
+  begin_list(json, "messages");
+  end_list(json);
+  begin_list(json, "settings");
+  for (const auto& [name, value] : settings_of(options, language)) {
+    begin_list(json);
+    add_text(json, name);
+    add_text(json, value);
+    end_list(json);
+  }
+  end_list(json);
+  begin_list(json, "unread");
+  for (const AnswerLine& line : answers.unfit) {
+    begin_object(json);
+    add_integer(json, "line", line.line);
+    add_text(json, "text", line.value.empty() ? line.option : line.option + " " + line.value);
+    end_object(json);
+  }
+  end_list(json);
+  end_object(json);
+  return std::move(json.text);
 }
 
 }  // namespace pedigreewatch

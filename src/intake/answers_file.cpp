@@ -3,22 +3,15 @@
 #include "intake/answers_file.h"
 
 #include <algorithm>
-#include <array>
 
+#include "intake/export_options.h"
 #include "intake/export_records.h"
-#include "intake/name_choice.h"
 #include "text/folded_words.h"
 
 namespace pedigreewatch {
 namespace {
 
 constexpr std::string_view headings_word = "headings:";
-
-/// Options about an export; others, such as --out, are about one run.
-constexpr auto answer_options = std::to_array<std::string_view>(
-    {"--sheet",   "--encoding", "--delimiter",      "--header",  "--column",  "--dates",    "--century",
-     "--ids",     "--young",    "--availability",   "--gone",    "--present", "--male",     "--female",
-     "--unknown", "--known",    "--subpopulations", "--colours", "--species", "--language", "--name"});
 
 constexpr Wording explanation = {
     "# Answers about exports with these headings. `prepare` and the desk use them again when the same headings come.\n"
@@ -46,16 +39,6 @@ void add_lines(std::string& text, std::string_view option, std::span<const std::
 std::string word_of_delimiter(char delimiter) {
   if (delimiter == '\t') return "tab";
   return delimiter == ' ' ? "blank" : std::string(1, delimiter);
-}
-
-void add_names(std::string& text, std::string_view option, const NameWish& wish) {
-  if (!wish.is_given) return;
-  std::string list;
-  for (const std::string& name : wish.names) list += (list.empty() ? "" : ";") + name;
-  // A single name with a comma in it would be taken apart.
-  if (wish.names.size() == 1) list += ';';
-  if (wish.least_animals > 0) list = answer_for_least(wish.least_animals);
-  add_line(text, option, wish.leaves_out ? "none" : (list.empty() ? "all" : list));
 }
 
 /// The heading of a column where no other one has it; its number otherwise, and where the heading would be read as
@@ -155,7 +138,7 @@ std::string headings_text(std::span<const std::string> headings) {
   return text;
 }
 
-SavedAnswers read_answers(std::string_view text, ObeyOption obey) {
+SavedAnswers read_answers(std::string_view text) {
   SavedAnswers answers;
   for (std::int64_t number = 1; !text.empty(); ++number) {
     const std::size_t end = text.find('\n');
@@ -169,7 +152,8 @@ SavedAnswers read_answers(std::string_view text, ObeyOption obey) {
     const std::size_t blank = std::min(line.find(' '), line.size());
     const AnswerLine answer = {number, std::string(line.substr(0, blank)), std::string(trimmed(line.substr(blank)))};
     PrepareOptions ignored;
-    const bool is_read = is_among(answer.option, answer_options) && obey(answer.option, answer.value, ignored).empty();
+    const bool is_read = is_about_export(answer.option) && !answer.value.empty() &&
+                         read_export_option(answer.option, answer.value, ignored).empty();
     (is_read ? answers.lines : answers.unfit).push_back(answer);
   }
   return answers;
@@ -200,8 +184,8 @@ std::string answers_text(const PrepareOptions& options, const ColumnChoice& colu
   add_lines(text, "--female", options.female);
   add_lines(text, "--unknown", options.unknown);
   add_lines(text, "--known", options.known);
-  add_names(text, "--subpopulations", options.subpopulations);
-  add_names(text, "--colours", options.colours);
+  if (options.subpopulations.is_given) add_line(text, "--subpopulations", text_of_names(options.subpopulations));
+  if (options.colours.is_given) add_line(text, "--colours", text_of_names(options.colours));
   if (!options.species.empty()) add_line(text, "--species", options.species);
   if (!options.population_name.empty()) add_line(text, "--name", options.population_name);
   if (options.is_language_said) {
@@ -212,11 +196,10 @@ std::string answers_text(const PrepareOptions& options, const ColumnChoice& colu
          (columns.has_header ? " " + headings_text(columns.headings) : std::string()) + "\n" + text;
 }
 
-void add_answers(SavedAnswers& answers, std::span<const std::string> headings, ObeyOption obey,
-                 PrepareOptions& options) {
+void add_answers(SavedAnswers& answers, std::span<const std::string> headings, PrepareOptions& options) {
   PrepareOptions said;
   for (const AnswerLine& line : answers.lines) {
-    obey(line.option, line.value, said);
+    read_export_option(line.option, line.value, said);
     if (fits_headings(line, said, headings)) continue;
     if (line.option == "--column") said.columns.pop_back();
     if (line.option == "--young") said.young = {};

@@ -30,11 +30,8 @@ struct SavedAnswers {
 /// The headings of an export as they stand in a file of answers.
 std::string headings_text(std::span<const std::string> headings);
 
-/// Obeys one option of `prepare`, by its name and value; yields what was expected instead, empty when it is obeyed.
-using ObeyOption = std::string (*)(std::string_view option, std::string_view value, PrepareOptions& options);
-
 /// Reads the text of such a file. Lines that are no option about an export are unfit.
-SavedAnswers read_answers(std::string_view text, ObeyOption obey);
+SavedAnswers read_answers(std::string_view text);
 
 /// The text of such a file: everything that the options say about the export, with columns by their headings where
 /// these differ from each other.
@@ -42,8 +39,7 @@ std::string answers_text(const PrepareOptions& options, const ColumnChoice& colu
 
 /// Adds what the answers say to the options that say nothing about it. A column whose heading the export lacks is
 /// unfit.
-void add_answers(SavedAnswers& answers, std::span<const std::string> headings, ObeyOption obey,
-                 PrepareOptions& options);
+void add_answers(SavedAnswers& answers, std::span<const std::string> headings, PrepareOptions& options);
 
 /// Takes out of the options what the answers say of texts that the export does not hold; such lines are unfit.
 void leave_out_unfit_answers(SavedAnswers& answers, const ExportSurvey& survey, PrepareOptions& options);

@@ -62,7 +62,7 @@ bool is_about_reading(const AnswerLine& line) {
 
 /// Reads the export as the answers have it, if they are about the same headings or are wished. `read` is what was read
 /// without them, if anything.
-bool take_answers(SavedAnswers answers, bool are_wished, ObeyOption obey, PrepareOptions& options, Preparation& read,
+bool take_answers(SavedAnswers answers, bool are_wished, PrepareOptions& options, Preparation& read,
                   std::optional<Refusal>& refusal) {
   const bool reads_again = refusal || std::any_of(answers.lines.begin(), answers.lines.end(), is_about_reading);
   PrepareOptions with_answers = options;
@@ -71,14 +71,14 @@ bool take_answers(SavedAnswers answers, bool are_wished, ObeyOption obey, Prepar
   if (reads_again) {
     SavedAnswers about_reading = answers;
     std::erase_if(about_reading.lines, [](const AnswerLine& line) { return !is_about_reading(line); });
-    add_answers(about_reading, {}, obey, with_answers);
+    add_answers(about_reading, {}, with_answers);
     refusal_again = read_and_recognise(with_answers, again);
     if (refusal_again && !are_wished) return false;
   }
   const std::vector<std::string> headings =
       refusal_again ? std::vector<std::string>() : headings_of(reads_again ? again : read);
   if (!are_wished && headings_text(headings) != answers.headings) return false;
-  add_answers(answers, headings, obey, options);
+  add_answers(answers, headings, options);
   if (reads_again) read = std::move(again);
   refusal = std::move(refusal_again);
   read.answers = std::move(answers);
@@ -98,9 +98,8 @@ std::vector<std::string> headings_of(const Preparation& read) {
   return headings;
 }
 
-std::optional<Refusal> read_with_answers(PrepareOptions& options, ObeyOption obey, Preparation& read) {
+std::optional<Refusal> read_with_answers(PrepareOptions& options, Preparation& read) {
   std::optional<Refusal> refusal = read_and_recognise(options, read);
-  if (obey == nullptr) return refusal;
   const bool are_wished = !options.answers_name.empty();
   const std::vector<std::string> files = are_wished ? std::vector{options.answers_name} : files_for(options);
   std::error_code ignored;
@@ -113,10 +112,10 @@ std::optional<Refusal> read_with_answers(PrepareOptions& options, ObeyOption obe
     if (error != 0 && (are_wished || error == input_has_changed)) {
       return Refusal{RefusalKind::cannot_read, {file, SystemReason{error}}};
     }
-    SavedAnswers answers = read_answers(text, obey);
+    SavedAnswers answers = read_answers(text);
     answers.file = file;
     if (answers.headings.empty() && !are_wished) continue;
-    if (take_answers(std::move(answers), are_wished, obey, options, read, refusal)) break;
+    if (take_answers(std::move(answers), are_wished, options, read, refusal)) break;
   }
   return refusal;
 }

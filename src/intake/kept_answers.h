@@ -15,7 +15,7 @@ namespace pedigreewatch {
 std::vector<std::string> headings_of(const Preparation& read);
 
 /// Reads the export, with the answers of the file that the options name, or of one in the folder of the new files or of
-/// the export that is about the same headings; without `obey` none are used. Yields why that is impossible.
-std::optional<Refusal> read_with_answers(PrepareOptions& options, ObeyOption obey, Preparation& read);
+/// the export that is about the same headings. Yields why that is impossible.
+std::optional<Refusal> read_with_answers(PrepareOptions& options, Preparation& read);
 
 }  // namespace pedigreewatch

@@ -272,10 +272,10 @@ void show_corrections(const Preparation& read, const PrepareOptions& options, To
 
 }  // namespace
 
-int prepare(const PrepareOptions& given, ToolStreams& streams, ObeyOption obey) {
+int prepare(const PrepareOptions& given, ToolStreams& streams) {
   PrepareOptions options = given;
   Preparation read;
-  std::optional<Refusal> refusal = read_with_answers(options, obey, read);
+  std::optional<Refusal> refusal = read_with_answers(options, read);
   if (!refusal) refusal = survey_columns(options, streams.progress, read);
   if (!refusal) refusal = correct_export(options, streams.progress, read);
   if (has_export_changed(read, options)) {

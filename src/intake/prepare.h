@@ -2,7 +2,6 @@
 #pragma once
 
 #include "core/tool_streams.h"
-#include "intake/answers_file.h"
 #include "intake/prepare_options.h"
 
 namespace pedigreewatch {
@@ -10,7 +9,7 @@ namespace pedigreewatch {
 /// Reads the export, says what it recognises, and writes NAME.txt and pedigreewatch.ini, and
 /// NAME_available.txt where the export tells which animals have gone. Yields the exit status: 0 when
 /// all was written (or would have been, in a dry run), 1 when a question stays open or something cannot be read or
-/// written; nothing is written then. `obey` reads the answers of an earlier export; without it none are used.
-int prepare(const PrepareOptions& given, ToolStreams& streams, ObeyOption obey = nullptr);
+/// written; nothing is written then.
+int prepare(const PrepareOptions& given, ToolStreams& streams);
 
 }  // namespace pedigreewatch

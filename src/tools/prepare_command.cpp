@@ -1,19 +1,12 @@
-// Turns the arguments of `prepare` into its options; each option has a reader of its own.
+// Turns the arguments of `prepare` into its options; those about the export are read in intake/export_options.cpp.
 
 #include "tools/prepare_command.h"
 
-#include <algorithm>
 #include <array>
 
-#include "core/line_reader.h"
-#include "intake/column_recognition.h"
 #include "intake/correction_words.h"
-#include "intake/delimiter_recognition.h"
+#include "intake/export_options.h"
 #include "intake/export_preparation.h"
-#include "intake/export_records.h"
-#include "intake/name_choice.h"
-#include "intake/said_values.h"
-#include "intake/species_choice.h"
 #include "text/encoding.h"
 #include "text/phrases.h"
 #include "text/system_reasons.h"
@@ -102,161 +95,13 @@ constexpr auto rules = std::to_array<OptionRule>({{"--answers"},
                                                   {"--force", false},
                                                   {"--dry-run", false}});
 
-std::string expected(const GivenOption& option, std::string_view what) {
-  return std::string(option.name) + " " + in_quotes(option.value) + ": " + std::string(what) + " was expected";
-}
-
-/// A text of the command line in UTF-8: Windows hands it over in Windows-1252.
-std::string text_of(std::string_view value) {
-  return decode(std::string(value), Encoding::utf_8).text;
-}
-
-std::string read_delimiter(const GivenOption& option, PrepareOptions& options) {
-  options.delimiter = delimiter_named(option.value);
-  return options.delimiter ? "" : expected(option, "one character, or semicolon, comma, tab, bar, blank");
-}
-
-std::string read_encoding(const GivenOption& option, PrepareOptions& options) {
-  options.encoding = encoding_named(option.value);
-  return options.encoding
-             ? ""
-             : expected(
-                   option,
-                   "utf-8, utf-16, windows-1252, windows-1250, iso-8859-15, macroman, cp850, cp437 or utf-8-twice");
-}
-
-std::string read_dates(const GivenOption& option, PrepareOptions& options) {
-  if (const std::optional<DateSystem> system = date_system_named(option.value)) {
-    options.serials = system;
-    return {};
-  }
-  options.dates = date_order_named(option.value);
-  return options.dates
-             ? ""
-             : expected(option, "a layout of the letters d, m and y such as dd-mm-yyyy, or serial-1900, serial-1904,");
-}
-
-std::string read_century(const GivenOption& option, PrepareOptions& options) {
-  options.century = century_named(option.value);
-  return options.century ? "" : expected(option, "the first year of the hundred, such as 1925,");
-}
-
-std::string read_ids(const GivenOption& option, PrepareOptions& options) {
-  options.ids = id_rules_named(option.value);
-  return options.ids
-             ? ""
-             : expected(
-                   option,
-                   "separators, capitals, zeros, look-alikes, marks, prefix, country, check-digit, several of them "
-                   "with + between, or keep");
-}
-
-std::string read_column(const GivenOption& option, PrepareOptions& options) {
-  const std::size_t sign = option.value.find('=');
-  const FieldCode code = field_named(option.value.substr(0, sign));
-  if (sign == std::string_view::npos || code == unused_column) {
-    return expected(option, "FIELD=COLUMN, such as id=\"Reg. no\" or sire=7,");
-  }
-  options.columns.push_back({code, text_of(trimmed(option.value.substr(sign + 1)))});
-  return {};
-}
-
-std::string read_header(const GivenOption& option, PrepareOptions& options) {
-  options.has_header = option.value == "yes" || option.value == "ja";
-  return *options.has_header || option.value == "no" || option.value == "nee" ? "" : expected(option, "yes or no");
-}
-
-std::string read_language(const GivenOption& option, PrepareOptions& options) {
-  options.language = option.value == "nl" ? ToolLanguage::dutch : ToolLanguage::english;
-  options.is_language_said = true;
-  return option.value == "nl" || option.value == "en" ? "" : expected(option, "en or nl");
-}
-
-std::string read_species(const GivenOption& option, PrepareOptions& options) {
-  options.species = text_of(option.value);
-  const bool is_known = !species_named(options.species, ToolLanguage::english).empty();
-  return is_known ? ""
-                  : expected(option, "one of " + text_of(Value{WordList{list_species(ToolLanguage::english)}},
-                                                         ToolLanguage::english));
-}
-
-/// Names with semicolons between them, or commas where there is no semicolon.
-NameWish read_names(std::string_view value) {
-  NameWish wish = {.is_given = true, .leaves_out = value == "none", .names = {}, .least_animals = 0};
-  if (wish.leaves_out || value == "all") return wish;
-  const char divider = value.find(';') == std::string_view::npos ? ',' : ';';
-  for (std::size_t begin = 0; begin <= value.size();) {
-    const std::size_t end = std::min(value.find(divider, begin), value.size());
-    const std::string_view name = trimmed(value.substr(begin, end - begin));
-    if (!name.empty()) wish.names.emplace_back(name);
-    begin = end + 1;
-  }
-  wish.leaves_out = wish.names.empty();
-  return wish;
-}
-
-std::string read_young(const GivenOption& option, PrepareOptions& options) {
-  options.young = read_names(text_of(option.value));
-  const bool is_said = options.young.leaves_out || !options.young.names.empty();
-  return is_said ? "" : expected(option, "columns by heading or number, such as 6,7,8, or none");
-}
-
-std::string read_availability_columns(const GivenOption& option, PrepareOptions& options) {
-  options.availability = read_names(text_of(option.value));
-  const bool is_said = options.availability.leaves_out || !options.availability.names.empty();
-  return is_said ? "" : expected(option, "columns by heading or number, such as 6,7, or none");
-}
-
-/// The same, or the fewest animals of those that are not put together.
-std::string read_subpopulations(const GivenOption& option, PrepareOptions& options) {
-  const std::string value = text_of(option.value);
-  const std::optional<std::int64_t> least = least_animals_named(value);
-  if (!least && means_least_animals(value)) {
-    return expected(option, "at-least-N with a whole number N from 1 on, such as at-least-50,");
-  }
-  options.subpopulations =
-      least ? NameWish{.is_given = true, .leaves_out = false, .names = {}, .least_animals = *least} : read_names(value);
-  return {};
-}
-
-/// The options whose value is kept as it is.
-void read_text_option(const GivenOption& option, PrepareOptions& options) {
-  const std::string value = text_of(option.value);
+/// The options about this one run; the others are about the export.
+void read_run_option(const GivenOption& option, PrepareOptions& options) {
   if (option.name == "--answers") options.answers_name = option.value;
-  if (option.name == "--male") options.male.emplace_back(trimmed(value));
-  if (option.name == "--female") options.female.emplace_back(trimmed(value));
-  if (option.name == "--gone") options.gone.emplace_back(trimmed(value));
-  if (option.name == "--present") options.present.emplace_back(trimmed(value));
-  if (option.name == "--sheet") options.sheet = value;
-  if (option.name == "--unknown") options.unknown.emplace_back(trimmed(value));
-  if (option.name == "--known") options.known.emplace_back(trimmed(value));
-  if (option.name == "--name") options.population_name = value;
   if (option.name == "--corrections") options.corrections_file = option.value;
   if (option.name == "--out") options.folder = option.value;
-  if (option.name == "--colours") options.colours = read_names(value);
   if (option.name == "--force") options.may_overwrite = true;
   if (option.name == "--dry-run") options.is_dry_run = true;
-}
-
-std::string read_option(const GivenOption& option, PrepareOptions& options) {
-  if (option.name == "--delimiter") return read_delimiter(option, options);
-  if (option.name == "--encoding") return read_encoding(option, options);
-  if (option.name == "--dates") return read_dates(option, options);
-  if (option.name == "--century") return read_century(option, options);
-  if (option.name == "--ids") return read_ids(option, options);
-  if (option.name == "--column") return read_column(option, options);
-  if (option.name == "--header") return read_header(option, options);
-  if (option.name == "--young") return read_young(option, options);
-  if (option.name == "--availability") return read_availability_columns(option, options);
-  if (option.name == "--language") return read_language(option, options);
-  if (option.name == "--subpopulations") return read_subpopulations(option, options);
-  if (option.name == "--species") return read_species(option, options);
-  read_text_option(option, options);
-  return {};
-}
-
-std::string obey_option(std::string_view name, std::string_view value, PrepareOptions& options) {
-  return read_option({name, value}, options);
 }
 
 constexpr Wording list_not_read = {"{1}: the list of corrections could not be read: {2}",
@@ -298,7 +143,9 @@ std::string read_prepare_options(std::span<const std::string_view> arguments, Pr
   const CommandLine line = read_command_line(arguments, rules);
   if (!line.problem.empty()) return line.problem;
   for (const GivenOption& option : line.options) {
-    std::string problem = read_option(option, options);
+    read_run_option(option, options);
+    if (!is_about_export(option.name)) continue;
+    std::string problem = read_export_option(option.name, option.value, options);
     if (!problem.empty()) return problem;
   }
   if (line.operands.empty()) return "the name of the export was expected";
@@ -313,7 +160,7 @@ int run_prepare(std::span<const std::string_view> arguments, ToolStreams& stream
   const std::string problem = read_prepare_options(arguments, options);
   if (!problem.empty()) return refuse(streams, refusal_of_arguments("prepare", problem));
   const std::optional<ToolRefusal> refusal = read_list(options, streams);
-  return refusal ? refuse(streams, *refusal) : prepare(options, streams, obey_option);
+  return refusal ? refuse(streams, *refusal) : prepare(options, streams);
 }
 
 }  // namespace pedigreewatch

@@ -12,18 +12,6 @@ namespace {
 
 const std::vector<std::string> headings = {"Ear tag", "Sire", "Dam", "Sex", "Born"};
 
-/// A few options, as the command line obeys them.
-std::string obey(std::string_view option, std::string_view value, PrepareOptions& options) {
-  if (option == "--male") options.male.emplace_back(value);
-  if (option == "--unknown") options.unknown.emplace_back(value);
-  if (option == "--species") options.species = value;
-  if (option == "--column" && value.starts_with("id="))
-    options.columns.push_back({id_column, std::string(value.substr(3))});
-  if (option == "--dates" && value != "dd-mm-yyyy") return "a layout";
-  if (option == "--dates") options.dates = DateOrder::day_month_year;
-  return {};
-}
-
 ColumnChoice columns_with(const PrepareOptions& options) {
   return choose_columns(headings, options, FirstRecord::header);
 }
@@ -59,24 +47,25 @@ TEST(AnswersText, NothingSaidIsNothingKept) {
 
 TEST(ReadAnswers, EachLineWithItsNumber) {
   const SavedAnswers answers =
-      read_answers("# a remark\nheadings: Ear tag | Sire\r\n\n--male Ram\n--dates yy\n--out x\nsheep\n", obey);
+      read_answers("# a remark\nheadings: Ear tag | Sire\r\n\n--male Ram\n--dates yy\n--out x\nsheep\n--colours \n");
   EXPECT_EQ(answers.headings, "Ear tag | Sire");
   ASSERT_EQ(answers.lines.size(), 1U);
   EXPECT_EQ(answers.lines[0].line, 4);
   EXPECT_EQ(answers.lines[0].value, "Ram");
-  ASSERT_EQ(answers.unfit.size(), 3U);
+  ASSERT_EQ(answers.unfit.size(), 4U);
   EXPECT_EQ(answers.unfit[0].line, 5);
   EXPECT_EQ(answers.unfit[1].option, "--out");
   EXPECT_EQ(answers.unfit[2].option, "sheep");
+  EXPECT_EQ(answers.unfit[3].option, "--colours");
 }
 
 TEST(AddAnswers, TheUserGoesBeforeThem) {
-  SavedAnswers answers = read_answers("--column id=Sire\n--male Ram\n--species sheep\n--unknown Wild\n", obey);
+  SavedAnswers answers = read_answers("--column id=Sire\n--male Ram\n--species sheep\n--unknown Wild\n");
   PrepareOptions options;
   options.columns = {{id_column, "Ear tag"}};
   options.male = {"Tup"};
   options.unknown = {"Zoo"};
-  add_answers(answers, headings, obey, options);
+  add_answers(answers, headings, options);
   ASSERT_EQ(options.columns.size(), 1U);
   EXPECT_EQ(options.columns[0].column, "Ear tag");
   EXPECT_EQ(options.male, std::vector<std::string>{"Tup"});
@@ -86,9 +75,9 @@ TEST(AddAnswers, TheUserGoesBeforeThem) {
 }
 
 TEST(AddAnswers, AColumnThatIsGoneFitsNoMore) {
-  SavedAnswers answers = read_answers("--column id=Tattoo\n--column id=6\n--column id=5\n--column id=ear TAG\n", obey);
+  SavedAnswers answers = read_answers("--column id=Tattoo\n--column id=6\n--column id=5\n--column id=ear TAG\n");
   PrepareOptions options;
-  add_answers(answers, headings, obey, options);
+  add_answers(answers, headings, options);
   ASSERT_EQ(answers.unfit.size(), 2U);
   EXPECT_EQ(answers.unfit[0].value, "id=Tattoo");
   EXPECT_EQ(answers.unfit[1].line, 2);
@@ -97,9 +86,9 @@ TEST(AddAnswers, AColumnThatIsGoneFitsNoMore) {
 }
 
 TEST(LeaveOutUnfitAnswers, TextsThatDoNotOccur) {
-  SavedAnswers answers = read_answers("--male Ram\n--male Stallion\n--male h\n--unknown Wild\n--unknown Zoo\n", obey);
+  SavedAnswers answers = read_answers("--male Ram\n--male Stallion\n--male h\n--unknown Wild\n--unknown Zoo\n");
   PrepareOptions options;
-  add_answers(answers, headings, obey, options);
+  add_answers(answers, headings, options);
   ExportSurvey survey;
   count_text(survey.sexes, "ram", 2);
   count_text(survey.sexes, "Hengst", 3);

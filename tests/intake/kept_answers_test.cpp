@@ -27,8 +27,7 @@ std::string used_answers(Files beside, int others) {
   options.export_name = folder.path("herd.csv");
   options.folder = folder.path("new");
   Preparation read;
-  const ObeyOption obey = [](std::string_view, std::string_view, PrepareOptions&) { return std::string(); };
-  EXPECT_FALSE(read_with_answers(options, obey, read));
+  EXPECT_FALSE(read_with_answers(options, read));
   return std::filesystem::path(read.answers.file).filename().string();
 }
 
