@@ -39,8 +39,8 @@ constexpr Wording cannot_write = {"{1}: it cannot be written: {2}. Nothing was c
 constexpr Wording is_no_plain_file = {
     "{1}: this is a link, a pipe or a device, which is not replaced; remove it first. Nothing was changed.",
     "{1}: dit is een koppeling, een pijp of een apparaat, en wordt niet vervangen; haal het eerst weg. Er is niets veranderd."};
-constexpr Wording was_stopped = {"stopped from outside; nothing was written",
-                                 "van buiten gestopt; er is niets geschreven"};
+constexpr Wording stopped_from_outside = {"stopped from outside; nothing was written",
+                                          "van buiten gestopt; er is niets geschreven"};
 constexpr Wording export_has_changed = {
     "{1}: the export has changed while it was read; nothing was written; run again when nobody writes it",
     "{1}: de export is veranderd terwijl hij gelezen werd; er is niets geschreven; begin opnieuw als niemand hem schrijft"};
@@ -63,30 +63,30 @@ constexpr Wording cannot_keep = {"{1}: your answers could not be kept: {2}.",
 constexpr Wording dry_run_done = {"Nothing was written (--dry-run). It would have been {1} and {2}.",
                                   "Er is niets geschreven (--dry-run). Het zouden {1} en {2} zijn geworden."};
 
-int ask(const PreparePlan& plan, ToolStreams& streams) {
-  flush(streams.console);
-  say(streams.messages, questions_title, plan.language);
-  for (const Question& question : plan.questions) {
-    append(streams.messages, "* " + words_of(question, plan.language));
-    end_line(streams.messages);
-  }
-  return 1;
+ToolRefusal refusal_in(const PrepareOptions& options, const Wording& wording,
+                       std::initializer_list<std::string_view> values = {}) {
+  return {phrase(wording, options.language, values)};
 }
 
-/// A message that ends the preparation. Yields the exit status.
-int refuse(ToolStreams& streams, const PrepareOptions& options, const Wording& wording,
-           std::initializer_list<std::string_view> values) {
-  flush(streams.console);
-  say(streams.messages, wording, options.language, values);
-  return 1;
+/// The questions that stay open.
+ToolRefusal refusal_of_questions(const PreparePlan& plan) {
+  std::string text(words_of(questions_title, plan.language));
+  for (const Question& question : plan.questions) text += "\n* " + words_of(question, plan.language);
+  return {text};
 }
 
-int refuse(ToolStreams& streams, const PrepareOptions& options, const Refusal& refusal) {
-  if (is_stop_requested(streams)) return refuse(streams, options, was_stopped, {});
-  flush(streams.console);
-  append(streams.messages, words_of(refusal, options.language));
-  end_line(streams.messages);
-  return 1;
+ToolRefusal refusal_of_export(const Refusal& refusal, const PrepareOptions& options, const ToolStreams& streams) {
+  return is_stop_requested(streams) ? refusal_in(options, stopped_from_outside)
+                                    : ToolRefusal{words_of(refusal, options.language)};
+}
+
+ToolRefusal refusal_of_file(const FileProblem& problem, const PrepareOptions& options) {
+  if (problem.reason.empty()) return refusal_in(options, already_there, {shown(problem.name)});
+  return refusal_in(options, cannot_write, {shown(problem.name), reason_of(problem, options.language)});
+}
+
+ToolRefusal refusal_of_change(const PrepareOptions& options) {
+  return refusal_in(options, export_has_changed, {shown(options.export_name)});
 }
 
 /// Whether somebody writes the export meanwhile.
@@ -117,39 +117,40 @@ bool would_lose_answers(const Targets& targets, const Preparation& read, const P
   return is_taken(targets.answers) && !were_used && !answers_text(options, read.plan.columns).empty();
 }
 
-/// Yields 0, or 1 after a message, when something stands there that is no plain file.
-int refuse_odd(const std::string& target, const PrepareOptions& options, ToolStreams& streams) {
+/// Refuses what stands there and is no plain file.
+std::optional<ToolRefusal> refuse_odd(const std::string& target, const PrepareOptions& options) {
   std::error_code ignored;
   if (fs::is_directory(target, ignored)) {
-    return refuse(streams, options, cannot_write, {shown(target), reason_text(EISDIR, options.language)});
+    return refusal_in(options, cannot_write, {shown(target), reason_text(EISDIR, options.language)});
   }
   const bool is_odd = is_taken(target) && !fs::is_regular_file(fs::symlink_status(target, ignored));
-  return is_odd ? refuse(streams, options, is_no_plain_file, {shown(target)}) : 0;
+  return is_odd ? std::optional<ToolRefusal>(refusal_in(options, is_no_plain_file, {shown(target)})) : std::nullopt;
 }
 
-/// Yields 0, or 1 after a message.
-int refuse_targets(const Targets& targets, const Preparation& read, const PrepareOptions& options,
-                   ToolStreams& streams) {
+/// Refuses a folder that is not there, and to write over what must stay.
+std::optional<ToolRefusal> refuse_targets(const Targets& targets, const Preparation& read,
+                                          const PrepareOptions& options) {
   std::error_code ignored;
   if (!options.folder.empty() && !fs::is_directory(options.folder, ignored)) {
-    return refuse(streams, options, folder_missing, {shown(options.folder)});
+    return refusal_in(options, folder_missing, {shown(options.folder)});
   }
   const bool has_list = tells_gone(read.plan.availability);
   for (const std::string& target :
        {targets.data, targets.steer, targets.lines, targets.available, targets.report, targets.answers}) {
     if (fs::equivalent(target, options.export_name, ignored)) {
-      return refuse(streams, options, would_replace_export, {shown(target)});
+      return refusal_in(options, would_replace_export, {shown(target)});
     }
   }
   if (!options.may_overwrite && would_lose_answers(targets, read, options)) {
-    return refuse(streams, options, already_there, {shown(targets.answers)});
+    return refusal_in(options, already_there, {shown(targets.answers)});
   }
   for (const std::string& target : {targets.data, targets.steer, targets.lines, targets.available}) {
     if (target == targets.available && !has_list) continue;
-    if (!options.may_overwrite && is_taken(target)) return refuse(streams, options, already_there, {shown(target)});
-    if (refuse_odd(target, options, streams) != 0) return 1;
+    if (!options.may_overwrite && is_taken(target)) return refusal_in(options, already_there, {shown(target)});
+    if (std::optional<ToolRefusal> refusal = refuse_odd(target, options)) return refusal;
   }
-  return answers_text(options, read.plan.columns).empty() ? 0 : refuse_odd(targets.answers, options, streams);
+  if (answers_text(options, read.plan.columns).empty()) return std::nullopt;
+  return refuse_odd(targets.answers, options);
 }
 
 /// What the pieces of the data file go to.
@@ -166,23 +167,20 @@ bool take_piece(void* receiver, std::string_view bytes) {
   return !is_stop_requested(*target.streams) && write_bytes(target.file, bytes);
 }
 
-int refuse_problem(const FileProblem& problem, const PrepareOptions& options, ToolStreams& streams) {
-  if (problem.reason.empty()) return refuse(streams, options, already_there, {shown(problem.name)});
-  return refuse(streams, options, cannot_write, {shown(problem.name), reason_of(problem, options.language)});
-}
-
-/// Keeps what was asked and chosen beside the written files. Yields 0, or 1 after a message.
-int keep_answers(const Targets& targets, const Preparation& read, const PrepareOptions& options, ToolStreams& streams) {
+/// Keeps what was asked and chosen beside the written files.
+std::optional<ToolRefusal> keep_answers(const Targets& targets, const Preparation& read, const PrepareOptions& options,
+                                        ToolStreams& streams) {
   const std::string text = answers_text(options, read.plan.columns);
-  if (text.empty()) return 0;
+  if (text.empty()) return std::nullopt;
   NewFile file;
   FileProblem problem;
   const bool is_kept =
       begin_file(file, targets.answers, problem) && write_bytes(file, text) && finish_file(file, problem);
-  if (!is_kept)
-    return refuse(streams, options, cannot_keep, {shown(targets.answers), reason_of(problem, options.language)});
+  if (!is_kept) {
+    return refusal_in(options, cannot_keep, {shown(targets.answers), reason_of(problem, options.language)});
+  }
   say(streams.console, answers_kept, options.language, {shown(targets.answers)});
-  return 0;
+  return std::nullopt;
 }
 
 /// All files that are given their names together.
@@ -231,7 +229,8 @@ void say_available(const Targets& targets, const Preparation& read, const Availa
   }
 }
 
-int write_files(const Targets& targets, const Preparation& read, const PrepareOptions& options, ToolStreams& streams) {
+std::optional<ToolRefusal> write_files(const Targets& targets, const Preparation& read, const PrepareOptions& options,
+                                       ToolStreams& streams) {
   WrittenFiles files;
   files.data.streams = &streams;
   files.has_available = tells_gone(read.plan.availability);
@@ -240,18 +239,18 @@ int write_files(const Targets& targets, const Preparation& read, const PrepareOp
   FileProblem problem;
   if (!begin_files(files, targets, problem)) {
     abandon_all();
-    return refuse_problem(problem, options, streams);
+    return refusal_of_file(problem, options);
   }
   AvailableIds available;
   if (!fill_files(files, read, options, available)) {
     abandon_all();
-    return refuse(streams, options, was_stopped, {});
+    return refusal_in(options, stopped_from_outside);
   }
   if (has_export_changed(read, options)) {
     abandon_all();
-    return refuse(streams, options, export_has_changed, {shown(options.export_name)});
+    return refusal_of_change(options);
   }
-  if (!finish_all(all, options.may_overwrite, problem)) return refuse_problem(problem, options, streams);
+  if (!finish_all(all, options.may_overwrite, problem)) return refusal_of_file(problem, options);
   say(streams.console, done, options.language, {shown(targets.data), shown(targets.steer)});
   say_available(targets, read, available, options, streams);
   return keep_answers(targets, read, options, streams);
@@ -270,33 +269,35 @@ void show_corrections(const Preparation& read, const PrepareOptions& options, To
   }
 }
 
-}  // namespace
-
-int prepare(const PrepareOptions& given, ToolStreams& streams) {
-  PrepareOptions options = given;
+std::optional<ToolRefusal> prepare_export(PrepareOptions options, ToolStreams& streams) {
   Preparation read;
   std::optional<Refusal> refusal = read_with_answers(options, read);
   if (!refusal) refusal = survey_columns(options, streams.progress, read);
   if (!refusal) refusal = correct_export(options, streams.progress, read);
-  if (has_export_changed(read, options)) {
-    return refuse(streams, options, export_has_changed, {shown(options.export_name)});
-  }
-  if (refusal) return refuse(streams, options, *refusal);
+  if (has_export_changed(read, options)) return refusal_of_change(options);
+  if (refusal) return refusal_of_export(*refusal, options, streams);
   leave_out_unfit_answers(read.answers, read.survey, options);
   decide(options, read);
   show_remarks(remarks_on(read, options), options.language, streams.console);
   show_corrections(read, options, streams);
   refusal = refusal_of_survey(read, options);
-  if (refusal) return refuse(streams, options, *refusal);
-  if (!read.plan.questions.empty()) return ask(read.plan, streams);
+  if (refusal) return refusal_of_export(*refusal, options, streams);
+  if (!read.plan.questions.empty()) return refusal_of_questions(read.plan);
   const Targets targets = targets_of(read.plan, options);
   if (options.is_dry_run) {
     streams.makes_files = false;
     say(streams.console, dry_run_done, options.language, {shown(targets.data), shown(targets.steer)});
-    return 0;
+    return std::nullopt;
   }
-  if (refuse_targets(targets, read, options, streams) != 0) return 1;
+  if (std::optional<ToolRefusal> standing = refuse_targets(targets, read, options)) return standing;
   return write_files(targets, read, options, streams);
+}
+
+}  // namespace
+
+int prepare(const PrepareOptions& options, ToolStreams& streams) {
+  const std::optional<ToolRefusal> refusal = prepare_export(options, streams);
+  return refusal ? refuse(streams, *refusal) : 0;
 }
 
 }  // namespace pedigreewatch

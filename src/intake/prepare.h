@@ -10,6 +10,6 @@ namespace pedigreewatch {
 /// NAME_available.txt where the export tells which animals have gone. Yields the exit status: 0 when
 /// all was written (or would have been, in a dry run), 1 when a question stays open or something cannot be read or
 /// written; nothing is written then.
-int prepare(const PrepareOptions& given, ToolStreams& streams);
+int prepare(const PrepareOptions& options, ToolStreams& streams);
 
 }  // namespace pedigreewatch

@@ -7,13 +7,13 @@
 // g's bounds what is left to gain (Frank and Wolfe, 1956).
 #pragma once
 
-#include <csignal>
 #include <cstdint>
 #include <optional>
 #include <span>
 #include <vector>
 
 #include "core/progress_line.h"
+#include "core/stop_request.h"
 #include "pedigree/sex.h"
 #include "planning/candidate_kinship.h"
 
@@ -27,10 +27,10 @@ inline constexpr double certified_part = 1e-4;
 
 /// Counts work for somebody who watches, and ends early when somebody wants that.
 struct PlanWatch {
-  ProgressLine* progress = nullptr;                          ///< null: nobody watches
-  const volatile std::sig_atomic_t* stop_request = nullptr;  ///< null: nobody can stop it
+  ProgressLine* progress = nullptr;    ///< null: nobody watches
+  StopRequest stop_request = nullptr;  ///< null: nobody can stop it
 
-  bool is_stopped() const { return stop_request != nullptr && *stop_request != 0; }
+  bool is_stopped() const { return is_stop_requested(stop_request); }
 };
 
 /// By place of the candidates.

@@ -52,8 +52,6 @@ constexpr Wording not_written = {"{1}: {2}; nothing was written", "{1}: {2}; er 
 constexpr Wording is_in_use = {"a file of this name would replace one that this run reads",
                                "een bestand met deze naam zou er een vervangen dat hier gelezen wordt"};
 
-using Refusal = std::optional<ToolRefusal>;
-
 /// What a file will be called, and what stands in it.
 struct ForecastFile {
   std::string name, content;
@@ -69,7 +67,8 @@ FileProblem find_name_problem(const FolderRun& run, const ForecastOptions& optio
   return {};
 }
 
-Refusal write_files(const FolderRun& run, const ForecastOptions& options, std::vector<ForecastFile>& files) {
+std::optional<ToolRefusal> write_files(const FolderRun& run, const ForecastOptions& options,
+                                       std::vector<ForecastFile>& files) {
   FileProblem problem = find_name_problem(run, options, files);
   bool is_fine = problem.name.empty();
   std::vector<NewFile*> begun;
@@ -175,7 +174,8 @@ std::optional<std::vector<BreedingRules>> gather_scenarios(const FolderRun& run,
 }
 
 /// The last year that is known to the forecast; nothing after a refusal.
-std::optional<std::int32_t> find_last_year(FolderRun& run, const ForecastOptions& options, Refusal& refusal) {
+std::optional<std::int32_t> find_last_year(FolderRun& run, const ForecastOptions& options,
+                                           std::optional<ToolRefusal>& refusal) {
   const PopulationStore& store = run.population.store;
   const std::optional<std::int32_t> last_full = last_full_year(store);
   const std::int32_t first = store.birth_years.first;
@@ -325,9 +325,9 @@ void say_results(const FolderRun& run, const ForecastOptions& options, const For
   }
 }
 
-Refusal forecast_and_write(FolderRun& run, const ForecastOptions& options) {
+std::optional<ToolRefusal> forecast_and_write(FolderRun& run, const ForecastOptions& options) {
   const PopulationStore& store = run.population.store;
-  Refusal refusal;
+  std::optional<ToolRefusal> refusal;
   const std::optional<std::int32_t> last = find_last_year(run, options, refusal);
   if (!last) return refusal;
   const FamilyRecords records = list_families(store, run.population.analysis.years, *last);

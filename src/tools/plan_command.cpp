@@ -69,8 +69,6 @@ struct PlanRun {
   const PopulationStore& store() const { return folder.population.store; }
 };
 
-using Refusal = std::optional<ToolRefusal>;
-
 /// Whether a subpopulation of this name exists; says so where it does not.
 bool has_subpopulation(const PlanRun& run) {
   const Subpopulations& names = run.population().settings.layout.subpopulations;
@@ -97,7 +95,7 @@ std::optional<CandidatePool> find_candidates(PlanRun& run, PlanInput& input) {
   read_said_candidates(input, options.lists, rules);
   if (input.has_faults) return std::nullopt;
   if (!options.takes_all_animals) {
-    if (const Refusal refusal = read_available(run.folder, rules.available)) {
+    if (const std::optional<ToolRefusal> refusal = read_available(run.folder, rules.available)) {
       tell_refusal(run.streams, refusal->text);
       return std::nullopt;
     }
@@ -143,7 +141,7 @@ std::optional<PlanRequest> make_request(PlanRun& run, PlanInput& input, const Ca
   return request;
 }
 
-Refusal refuse_plan(const PlanRun& run, const PlanRequest& request, const Plan& plan) {
+std::optional<ToolRefusal> refuse_plan(const PlanRun& run, const PlanRequest& request, const Plan& plan) {
   if (plan.obstacle == PlanObstacle::stopped) return ToolRefusal{run.folder.words(was_stopped)};
   for (const std::string& line : obstacle_sentences(run.store(), request, plan, run.language)) {
     tell_refusal(run.streams, line);
@@ -273,7 +271,7 @@ void remove_older_files(const PlanRun& run, const std::vector<PlanFile>& files) 
   }
 }
 
-Refusal write_files(const PlanRun& run, std::vector<PlanFile>& files) {
+std::optional<ToolRefusal> write_files(const PlanRun& run, std::vector<PlanFile>& files) {
   FileProblem problem = find_name_problem(run, files);
   bool is_fine = problem.name.empty();
   std::vector<NewFile*> begun;
@@ -293,7 +291,7 @@ Refusal write_files(const PlanRun& run, std::vector<PlanFile>& files) {
   return ToolRefusal{run.folder.words(not_written, {shown(problem.name), reason_of(problem, run.folder.language)})};
 }
 
-Refusal plan_and_write(FolderRun& folder, const PlanOptions& options) {
+std::optional<ToolRefusal> plan_and_write(FolderRun& folder, const PlanOptions& options) {
   PlanRun run = {folder, options, folder.streams, folder.language};
   PlanInput input = {run.store(), run.streams, run.language, find_sex_evidence(run.store())};
   const std::optional<CandidatePool> pool = find_candidates(run, input);
