@@ -3,14 +3,17 @@
 
 #include <algorithm>
 #include <cctype>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "support/case_folder.h"
 #include "support/lines.h"
 #include "support/places.h"
+#include "text/encoding.h"
 #include "tools/subcommands.h"
 
 namespace pedigreewatch::test {
@@ -120,6 +123,33 @@ TEST(ManualPage, HasThemInTheSynopsisOrSaysThatThereAreMore) {
     }
     EXPECT_TRUE(std::includes(options.begin(), options.end(), synopsis.options.begin(), synopsis.options.end()))
         << subcommand;
+  }
+}
+
+/// The encodings whose names stand in a text.
+std::set<Encoding> encodings_in(const std::string& text) {
+  std::set<Encoding> found;
+  std::string word;
+  for (const char letter : text + " ") {
+    if (is_of_option(letter) || (letter >= '0' && letter <= '9')) {
+      word += letter;
+    } else if (const std::optional<Encoding> encoding = encoding_named(std::exchange(word, {}))) {
+      found.insert(*encoding);
+    }
+  }
+  return found;
+}
+
+TEST(ManualPage, HasEveryEncodingThatPrepareKnows) {
+  std::string names;
+  bool is_here = false;
+  for (const std::string& line : manual_lines()) {
+    if (is_here) names += line + "\n";
+    is_here = line.starts_with(".BI --encoding ");
+  }
+  constexpr auto last = static_cast<int>(Encoding::utf_8_twice);
+  for (int k = static_cast<int>(Encoding::utf_8); k <= last; ++k) {
+    EXPECT_TRUE(encodings_in(names).contains(static_cast<Encoding>(k))) << name_of(static_cast<Encoding>(k));
   }
 }
 
