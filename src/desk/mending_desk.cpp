@@ -396,7 +396,7 @@ void give_up(const Desk& desk, const GivenUp& given, const std::vector<ExportAni
   std::set<std::size_t> numbers;
   for (const std::string& id : given.ids) numbers.insert(find_animal(desk, animals, {&id, 1})->number);
   for (const ExportAnimal& animal : animals) {
-    const bool is_meant = given.is_of_whole_line || is_shared(desk, field) || numbers.count(animal.number) != 0;
+    const bool is_meant = given.is_of_whole_line || is_shared(desk, field) || numbers.contains(animal.number);
     if (is_meant) add_for(desk, animal, correction, corrections);
   }
 }

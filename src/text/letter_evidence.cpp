@@ -330,7 +330,7 @@ double score_of(const std::vector<std::string>& words, ByteEncoding encoding) {
   LanguageScores word_counts = {};
   for (const std::string& word : words) {
     all.push_back(scores_of(word, table));
-    const auto best = std::max_element(all.back().begin(), all.back().end());
+    const auto* const best = std::max_element(all.back().begin(), all.back().end());
     ++word_counts[static_cast<std::size_t>(best - all.back().begin())];
   }
   double total = std::log(encoding_shares[static_cast<std::size_t>(encoding)]);

@@ -53,6 +53,7 @@ const Subcommand* find_subcommand(std::string_view name) {
 
 std::string usage() {
   std::vector<HelpLine> lines;
+  lines.reserve(subcommands.size() + 2);
   for (const Subcommand& subcommand : subcommands) lines.push_back({subcommand.name, subcommand.summary});
   lines.push_back({"help", "shows this text; `help SUBCOMMAND` or `SUBCOMMAND --help` tells more"});
   lines.push_back({"--version", "shows the version"});
