@@ -53,7 +53,8 @@ std::optional<double> error_of_mean(std::span<const AnimalPairs> pairs) {
   for (const AnimalPairs& animal : pairs) {
     if (animal.count > 0) means.push_back(animal.increase / static_cast<double>(animal.count));
   }
-  if (means.size() < 3) return std::nullopt;  // the two animals of a single pair have the same mean
+  constexpr std::size_t fewest_means = 3;
+  if (means.size() < fewest_means) return std::nullopt;  // the two animals of a single pair have the same mean
   return 2.0 * *standard_deviation(means) / std::sqrt(static_cast<double>(means.size()));
 }
 

@@ -52,6 +52,15 @@ TEST(CheckAges, AParentIsYoungBelowTheUsualAge) {
   EXPECT_EQ(count_of(parent_and_young(false, "26-11-2000"), FindingCode::parent_young), 0);
 }
 
+// From the last day of 2000 to the first of 2003 are 731 days: three years apart, which may be so few.
+TEST(CheckAges, YearsAloneDoNotHideAParentThatIsJustTooYoung) {
+  CheckSettings settings = check_settings(sheep_steer());
+  ASSERT_EQ(read_limits("young_parent_days = 732\n", "limits.txt", settings.limits), "");
+  const std::string parent = head + "a;m;31-12-2000;;\n";
+  EXPECT_EQ(count_of(checked(parent + "b;f;01-01-2003;a;\n", settings), FindingCode::parent_young), 1);
+  EXPECT_EQ(count_of(checked(parent + "b;f;02-01-2003;a;\n", settings), FindingCode::parent_young), 0);
+}
+
 TEST(CheckAges, AParentIsOldOnceTheYearBehindItsLimitIsFull) {
   // 14 years of 365.25 days are 5113.5 days, which the first of January 2014 has passed, day 5114; 16 are 5844.
   EXPECT_EQ(count_of(parent_and_young(true, "31-12-2013"), FindingCode::parent_old), 0);

@@ -25,6 +25,15 @@ TEST(KindOfLine, ATotalHasAtMost24Letters) {
   EXPECT_EQ(lines_without_animal("total" + std::string(20, '1') + ";;;;"), 0);
 }
 
+TEST(KindOfLine, TwoHeadingsOfTheirFieldsAreEnough) {
+  const auto headings = [](const std::string& line) {
+    const std::string data = "id;sex;birthdate;sire;dam\na;m;01-06-2000;;\n" + line + "\n";
+    return count_of(checked_sheep(data), FindingCode::header_again);
+  };
+  EXPECT_EQ(headings("id;x;y;sire;z"), 1);
+  EXPECT_EQ(headings("b;x;y;sire;z"), 0);
+}
+
 TEST(KindOfLine, HyphensAndUnitsAreNoAnimals) {
   EXPECT_EQ(lines_without_animal("---;-;---;---;---"), 1);
   EXPECT_EQ(lines_without_animal("---;-;2001;---;---"), 0) << "it has a year";

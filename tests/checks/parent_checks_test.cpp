@@ -42,16 +42,17 @@ TEST(CheckMissingParents, AWordWithoutADigitIsPerhapsUnknown) {
 }
 
 TEST(CheckMissingParents, WhereOneAnimalInTwentyHasANameForAnIdAWordIsNoneAnyMore) {
-  const auto found = [](int names) {
+  const auto found = [](int names, int animals = 20) {
     std::string data = head;
-    for (int k = 0; k < 20; ++k) {
+    for (int k = 0; k < animals; ++k) {
       data.append(k < names ? "Rex" : "c0")
           .append(k < names ? std::string(static_cast<std::size_t>(k) + 1, 'x') : std::to_string(k));
-      data.append(";m;01-06-2002;").append(k >= 15 ? "Hok" : "").append(";\n");
+      data.append(";m;01-06-2002;").append(k >= animals - 5 ? "Hok" : "").append(";\n");
     }
     return count_of(checked_sheep(data), FindingCode::unknown_perhaps);
   };
   EXPECT_EQ(found(1), 1);
+  EXPECT_EQ(found(1, 19), 0);
   EXPECT_EQ(found(2), 0);
 }
 

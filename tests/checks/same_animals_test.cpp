@@ -14,6 +14,7 @@ TEST(AreSameName, WithoutCapitalsBlanksAccentsAndAffixes) {
   EXPECT_TRUE(are_same_name("Zo\xC3\xAB", "Zoe"));
   EXPECT_TRUE(are_same_name("Klein Duimpje", "Kleinduimpje"));
   EXPECT_TRUE(are_same_name("Bello", "Bello van de Hoeve"));
+  EXPECT_TRUE(are_same_name("Rex", "Rex van de Hoeve"));
   EXPECT_TRUE(are_same_name("Hoeve's Bello", "Bello"));
 }
 

@@ -31,6 +31,12 @@ TEST(CheckStrayLines, BlanksAreNoRemarkWhereIdentificationsHaveThem) {
   EXPECT_EQ(strays_with("DE 999 records", "DE "), 1);
 }
 
+// With the line itself 99 animals or 100, of which one has a blank.
+TEST(CheckStrayLines, OneIdentificationInAHundredWithABlankIsAnException) {
+  EXPECT_EQ(strays_with("HS 1;m;05-06-2000;;\nx: y", "HS-", 97), 0);
+  EXPECT_EQ(strays_with("HS 1;m;05-06-2000;;\nx: y", "HS-", 98), 1);
+}
+
 TEST(CheckStrayLines, AParentIsAnAnimal) {
   EXPECT_EQ(strays_with("HS 1"), 1);
   EXPECT_EQ(strays_with("HS-1;m;05-06-2002;HS 1;\nHS 1"), 0);

@@ -76,6 +76,17 @@ TEST(RecentInbreeding, TakesAnAncestorOfTheLastGenerationForAFounder) {
   EXPECT_FLOAT_EQ(recent_inbreeding(store, 4)[9], 0.15625F);
 }
 
+// Within three generations F is 1/32 at least, which single precision may have missed by a hundred-thousandth.
+TEST(RecentInbreeding, SmallerValuesAreOfAncestorsFurtherAway) {
+  const auto recent = [](float f) {
+    PopulationStore store = with_inbreeding(numbered_store(half_sib_mating));
+    store.inbreeding[7] = f;
+    return recent_inbreeding(store, 3)[7];
+  };
+  EXPECT_FLOAT_EQ(recent(0.03125F - 0.9e-5F), 0.125F);
+  EXPECT_EQ(recent(0.03125F - 1.1e-5F), 0.0F);
+}
+
 TEST(RecentInbreeding, OfAParentAndItsOffspringNeedsTwoGenerations) {
   const PopulationStore store = with_inbreeding(numbered_store("m\n.\ns=1 d=2\ns=1 d=3\n"));
   EXPECT_FLOAT_EQ(recent_inbreeding(store, 2)[4], 0.25F);

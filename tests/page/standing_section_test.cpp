@@ -73,6 +73,18 @@ TEST(WriteStanding, UnknownParentsAreThoseOfTheYearsThatAreCounted) {
                   "2024 have both parents known"));
 }
 
+// Between 5 and 1000, which are 328 units apart, 10 stands at ln 2 / ln 200 of them.
+TEST(DrawGauge, GoesFromFiveToAThousand) {
+  const AnalysedPopulation population = analysed(animals_by_year({12}));
+  Standing standing;
+  standing.now[by_kinship].rate = 0.01;
+  PageInput input{population};
+  input.standing = &standing;
+  std::string page;
+  draw_gauge(page, make_frame(input), standing);
+  EXPECT_TRUE(has(page, "<text x=\"48.9\" y=\"98.0\" class=\"p\">10</text>")) << page;
+}
+
 // The line of F has a point for each of the last thirty years.
 TEST(DrawTrend, ShowsThirtyYears) {
   const auto steps = [](std::size_t years) {
