@@ -137,9 +137,10 @@ DatePiecesFound cut_numbers(const Pieces& pieces) {
     return {};
   }
   if (pieces.count == 2) {
+    constexpr std::int32_t last_month = 12;
     if (is_year(a) == is_year(b)) return {};
     const DatePiecesFound found = make(DateShape::month_only, is_year(a) ? a : b, {}, is_year(a) ? b : a);
-    return found.second > 12 ? DatePiecesFound{} : found;
+    return found.second > last_month ? DatePiecesFound{} : found;
   }
   if (is_year(a) && !is_year(b) && !is_year(c)) return make(DateShape::year_first, a, b, c);
   if (is_year(c) && !is_year(a) && !is_year(b)) return make(DateShape::year_last, c, a, b);

@@ -94,11 +94,8 @@ bool is_filler_of_date(std::string_view word) {
 
 std::string_view behind_weekday(std::string_view text) {
   constexpr std::string_view signs = " .,";
-  constexpr std::size_t longest_name = 12;
   const std::size_t end = text.find_first_of(signs);
-  if (end == std::string_view::npos || end > longest_name || digits.find(text.front()) != std::string_view::npos) {
-    return text;
-  }
+  if (end == std::string_view::npos || digits.find(text.front()) != std::string_view::npos) return text;
   const std::size_t rest = text.find_first_not_of(signs, end);
   return rest != std::string_view::npos && is_among(folded(text.substr(0, end)), weekdays) ? text.substr(rest) : text;
 }

@@ -135,10 +135,6 @@ std::vector<TopAnimal> read_top_animals(std::string_view text, char delimiter, c
   return top;
 }
 
-bool is_bare_number(std::string_view text) {
-  return !text.empty() && text.size() <= 4 && text.find_first_not_of("0123456789") == std::string_view::npos;
-}
-
 /// Whether one of the lines names an animal that is father or mother somewhere in the export, or parents that have a
 /// line: it is an animal itself then.
 bool have_relatives(std::string_view text, char delimiter, const ColumnChoice& columns,
@@ -224,7 +220,7 @@ bool number_columns(std::span<const std::string> fields) {
       return false;
     }
     const std::string_view number = field.substr(before.size(), field.size() - before.size() - behind.size());
-    return is_bare_number(number) && number == std::to_string(k + from);
+    return number == std::to_string(k + from);
   });
 }
 

@@ -29,6 +29,7 @@ TEST(CountText, TooManyDifferentTextsAreLeftOut) {
   TextCounts counts;
   for (std::size_t i = 0; i < most_counted_texts + 5; ++i) count_text(counts, std::to_string(i), 1);
   EXPECT_EQ(counts.texts.size(), most_counted_texts);
+  EXPECT_EQ(most_counted_texts, 100'000U);
   EXPECT_EQ(counts.left_out, 5);
 }
 

@@ -33,8 +33,8 @@ Surveyed surveyed(const std::string& text, const PrepareOptions& options) {
   return result;
 }
 
-std::vector<std::string> questions_on(const std::string& text, PrepareOptions options = {}) {
-  options.this_year = 2026;
+std::vector<std::string> questions_on(const std::string& text, PrepareOptions options = {}, std::int32_t year = 2026) {
+  options.this_year = year;
   const Surveyed herd = surveyed(text, options);
   const DatePlan plan =
       plan_dates(herd.survey.dates, {options.dates, options.serials, options.century, options.this_year});
@@ -133,6 +133,12 @@ TEST(AskForDates, TheHundredOfYearsOfTwoDigits) {
     text += "a" + year + ";" + (i < 2 ? "" : "a" + std::to_string(83 + i)) + ";;m;31-12-" + year + "\n";
   }
   EXPECT_TRUE(questions_on(text).empty()) << "parents and young tell it";
+}
+
+TEST(AskForDates, WhereNobodyKnowsTheYearOfTodayTheHundredYearsAreThoseFrom2000) {
+  const auto questions = questions_on(herd_with_dates({"31-12-98", "30-11-99"}), {}, 0);
+  ASSERT_EQ(questions.size(), 1U);
+  EXPECT_NE(questions[0].find("--century 2000 if all are from 2000 to 2099."), std::string::npos) << questions[0];
 }
 
 TEST(AskForDates, FromWhichDaySpreadsheetsCount) {

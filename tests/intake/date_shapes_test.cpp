@@ -188,7 +188,8 @@ TEST(CutDate, PartsOfDates) {
   EXPECT_EQ(cut_date("2005").shape, DateShape::year_only);
   EXPECT_EQ(cut_date("05-2005").shape, DateShape::month_only);
   EXPECT_EQ(cut_date("2005-05").second, 5);
-  EXPECT_EQ(cut_date("2005-31").shape, DateShape::unreadable);
+  EXPECT_EQ(cut_date("2005-12").second, 12);
+  EXPECT_EQ(cut_date("2005-13").shape, DateShape::unreadable);
   EXPECT_EQ(cut_date("20051231").shape, DateShape::compact);
   EXPECT_EQ(cut_date("31-12-05").shape, DateShape::short_year);
 }
