@@ -193,19 +193,6 @@ TEST(FamilySizes, LetOneParentInTwentyBeLater) {
   EXPECT_EQ(last_year(2, 39), 2010);
 }
 
-// A son and a daughter a year of parents two years old: the last complete year is 2012.
-TEST(FamilySizes, TakeTenCompleteYearsAtMost) {
-  std::string text;
-  for (int year = 2000; year <= 2016; ++year) {
-    const int sire = (year - 2002) * 2 + 1;
-    const std::string parents = year < 2002 ? "" : " s=" + std::to_string(sire) + " d=" + std::to_string(sire + 1);
-    text += std::to_string(year) + " m" + parents + "\n" + std::to_string(year) + parents + "\n";
-  }
-  const FamilySizeEstimate estimate = estimate_of(text);
-  EXPECT_EQ(estimate.first_year, 2003);
-  EXPECT_EQ(estimate.last_year, 2012);
-}
-
 TEST(FamilySizes, OfNobodyThereAreNone) {
   const PopulationStore store = with_inbreeding(numbered_store("2000\n2001\n"));
   const FamilySizeEstimate estimate = estimate_by_family_sizes(store, compute_generation_paths(store));

@@ -26,5 +26,14 @@ TEST(CohortTable, RoundingLeavesNoMeanBelowZero) {
   EXPECT_TRUE(row_with_inbreeding(-3e-7).starts_with("year\t2001\t2001\t\t4\t0\t")) << row_with_inbreeding(-3e-7);
 }
 
+TEST(CohortTable, HasSixGenerationsOfEitherSide) {
+  TableWriter writer;
+  write_cohorts(numbered_store("2001\n"), {}, writer);
+  for (const std::string side : {"known_sire_side_", "known_dam_side_"}) {
+    EXPECT_NE(writer.text.find(side + "6\t"), std::string::npos) << writer.text;
+    EXPECT_EQ(writer.text.find(side + "7"), std::string::npos);
+  }
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test
