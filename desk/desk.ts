@@ -185,15 +185,20 @@ export function settingsText(desk: Desk): string {
   return lines.join("\n");
 }
 
-/** Forgets what came of the settings, not the settings. */
-export function forgetRun(desk: Desk): void {
+/** Forgets what came of the export as it was read. The place in the list of findings stays. */
+export function forgetResults(desk: Desk): void {
   ++desk.resultsNumber;
   desk.written = desk.check = desk.run = desk.body = desk.report = desk.pair = desk.males = undefined;
   desk.female = desk.male = desk.years = desk.plan = desk.forecast = desk.animalList = desk.mates = desk.leavingOut = undefined;
-  desk.kind = desk.filter = "";
-  desk.firstFinding = 0;
   desk.mending = desk.refusedCell = undefined;
   desk.isSaved = false;
+}
+
+/** Forgets what came of the settings, not the settings. */
+export function forgetRun(desk: Desk): void {
+  forgetResults(desk);
+  desk.kind = desk.filter = "";
+  desk.firstFinding = 0;
 }
 
 /** Begins an action when those before it have ended, unless they were cancelled. */

@@ -2,20 +2,11 @@
 // with undo and redo. The export stays as it is; the core applies the list whenever it changes.
 
 import { ask } from "./client";
-import { applyList, ensureCheck, isReady, printAlone, stemOf, text, work } from "./desk";
+import { applyList, ensureCheck, forgetResults, isReady, printAlone, stemOf, text, work } from "./desk";
 import type { Desk } from "./desk";
 import { button, make, nameOf, save, shownNumber } from "./dom";
 import { workbookOf, workbookType } from "./workbook";
 import type { CheckAnswer, CorrectionRow, FindingLines, ProposedList } from "./protocol";
-
-/** Forgets what came of the export as it was corrected before. The place in the list of findings stays. */
-function forgetResults(desk: Desk): void {
-  ++desk.resultsNumber;
-  desk.written = desk.check = desk.run = desk.body = desk.report = desk.pair = desk.males = undefined;
-  desk.refusedCell = undefined;
-  desk.female = desk.male = desk.years = desk.plan = desk.forecast = desk.mending = desk.animalList = desk.mates = desk.leavingOut = undefined;
-  desk.isSaved = false;
-}
 
 /** Takes another list of corrections: applies it, checks again, and shows the same kind of findings as before. */
 async function takeList(desk: Desk, list: string): Promise<void> {
