@@ -1,8 +1,8 @@
 #include "animals/family_tree.h"
 
 #include <algorithm>
-#include <bit>
 
+#include "core/bit_pattern.h"
 #include "genetics/ancestor_pedigree.h"
 
 namespace pedigreewatch {
@@ -48,7 +48,7 @@ FamilyTree family_tree_of(const PopulationStore& store, std::int32_t position) {
 }
 
 std::size_t generation_of(std::size_t place) {
-  return static_cast<std::size_t>(std::bit_width(place)) - 1;
+  return highest_bit(place);
 }
 
 }  // namespace pedigreewatch

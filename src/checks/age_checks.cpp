@@ -59,7 +59,7 @@ void check_future(PedigreeColumns& animals, const ReadingPlan& plan, const Calen
         findings, is_year ? std::to_string(birth.year) : text_of(CalendarDate{birth.year, birth.month, birth.day}));
     finding.other_text = keep(findings, birth.year > today.year ? words_of(empty_years, language) : std::string_view());
     add(findings, finding);
-    animals.marks.at(animal) = static_cast<std::uint8_t>(animals.marks.at(animal) | mark_strange_year);
+    add_mark(animals.marks.at(animal), mark_strange_year);
   }
 }
 
@@ -115,7 +115,7 @@ void report_lone_years(PedigreeColumns& animals, const YearGap& gap, bool is_fir
     if (is_first ? born < gap.after : born > gap.before) lone.push_back(animal);
   }
   if (lone.size() == 1) {
-    animals.marks.at(lone.front()) = static_cast<std::uint8_t>(animals.marks.at(lone.front()) | mark_lone);
+    add_mark(animals.marks.at(lone.front()), mark_lone);
   }
   add_for_animals({.code = FindingCode::year_lone,
                    .column = plan.column_of[birthdate_column],
@@ -257,7 +257,7 @@ void settle_year_only_dates(PedigreeColumns& animals, const FileSurvey& survey, 
   for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
     const BirthDay& birth = animals.birth.at(animal);
     const bool is_first = birth.year != 0 && birth.month == 1 && birth.day == 1;
-    if (is_first) animals.marks.at(animal) = static_cast<std::uint8_t>(animals.marks.at(animal) | mark_year_only);
+    if (is_first) add_mark(animals.marks.at(animal), mark_year_only);
   }
   add(findings,
       {.code = FindingCode::dates_of_years,

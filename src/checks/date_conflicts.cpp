@@ -115,7 +115,7 @@ void tell_of_animal(const PedigreeColumns& animals, ConflictGraph& graph, std::i
   tell_together({.code = FindingCode::date_contradicted,
                  .text = keep(findings, text_of_birth(animals, animal)),
                  .other_text = keep(findings, text_of_years(years, animals.birth.at(animal).year, language)),
-                 .number = static_cast<std::int64_t>(open.size())},
+                 .number = std::ssize(open)},
                 animals, graph, animal, open, findings);
 }
 

@@ -56,12 +56,12 @@ struct WaitingLine {
 constexpr std::array<FieldCode, 3> id_fields = {id_column, sire_column, dam_column};
 
 std::string_view field_of(const LineFields& fields, FieldCode code) {
-  return without_trailing_blanks(fields.text[static_cast<std::size_t>(code)]);
+  return without_trailing_blanks(fields.text[code]);
 }
 
 void find(Reading& reading, const DataLine& line, FindingCode code, FieldCode field, std::string_view text) {
   add(reading.findings, {.code = code,
-                         .column = reading.plan.column_of[static_cast<std::size_t>(field)],
+                         .column = reading.plan.column_of[field],
                          .line = line.number,
                          .id = line.id,
                          .text = keep(reading.findings, text)});
@@ -128,7 +128,7 @@ void find_parent_names(Reading& reading, const DataLine& line, const LineFields&
     if (name.empty()) continue;
     add(reading.findings, {.code = FindingCode::parent_name,
                            .role = code == sire_column ? ParentRole::sire : ParentRole::dam,
-                           .column = reading.plan.column_of[static_cast<std::size_t>(code)],
+                           .column = reading.plan.column_of[code],
                            .line = line.number,
                            .id = line.id,
                            .text = keep(reading.findings, field_of(fields, code)),
@@ -141,7 +141,7 @@ void check_letters(Reading& reading, const DataLine& line, const LineFields& fie
   if ((line.kinds & byte_high) != 0) {
     tally(is_utf_8(line.text) ? reading.survey.utf_8_lines : reading.survey.ansi_lines, line.number);
   }
-  for (std::size_t code = id_column; code < field_count; ++code) {
+  for (const FieldCode code : all_fields) {
     const std::string_view field = without_trailing_blanks(fields.text[code]);
     const std::uint8_t kinds = kinds_in(field, reading.kinds);
     if ((kinds & byte_quote) != 0 && is_quoted(field)) {
@@ -150,7 +150,7 @@ void check_letters(Reading& reading, const DataLine& line, const LineFields& fie
     }
     if ((kinds & (byte_control | byte_high)) == 0) continue;
     const std::string named = with_invisible_named(field);
-    if (!named.empty()) find(reading, line, FindingCode::invisible_letter, static_cast<FieldCode>(code), named);
+    if (!named.empty()) find(reading, line, FindingCode::invisible_letter, code, named);
   }
 }
 
@@ -169,10 +169,10 @@ void check_year(Reading& reading, const DataLine& line, const DateReading& date,
          .text = keep(reading.findings, text),
          .other_text = keep(reading.findings, two_digits),
          .other_number = century + date.date.year});
-    marks = static_cast<std::uint8_t>(marks | mark_strange_year);
+    add_mark(marks, mark_strange_year);
   } else if (date.kind != DateKind::year_only && is_placeholder_date(date.date)) {
     find(reading, line, FindingCode::year_placeholder, birthdate_column, text);
-    marks = static_cast<std::uint8_t>(marks | mark_strange_year);
+    add_mark(marks, mark_strange_year);
   }
 }
 
@@ -228,14 +228,14 @@ BirthDay take_date(Reading& reading, const DataLine& line, const LineFields& fie
   }
   if (date.kind == DateKind::repaired) {
     report_repair(reading, line, date, text);
-    marks = static_cast<std::uint8_t>(marks | mark_year_only);  // what follows from the wrong day is not told again
+    add_mark(marks, mark_year_only);  // what follows from the wrong day is not told again
     if (is_exchanged(fields.text[birthdate_column], reading.plan.layout.dates)) {
       reading.survey.exchanged_dates.push_back(reading.animals.count());
     }
   }
   if (date.kind == DateKind::year_only) {
     reading.survey.dated_by_year.push_back(reading.animals.count());
-    marks = static_cast<std::uint8_t>(marks | mark_year_only);
+    add_mark(marks, mark_year_only);
   }
   constexpr std::int32_t february = 2, leap_day = 29;
   const bool is_leap_day = date.date.month == february && date.date.day == leap_day;
@@ -273,7 +273,7 @@ void count_texts(Reading& reading, const DataLine& line, const LineFields& field
   FileSurvey& survey = reading.survey;
   count_sex(reading, line, field_of(fields, sex_column));
   const auto count_field = [&](TextCounts& counts, FieldCode code) {
-    if (reading.plan.column_of[static_cast<std::size_t>(code)] == 0) return;
+    if (reading.plan.column_of[code] == 0) return;
     const std::string_view text = field_of(fields, code);
     if (!text.empty()) count_text(counts, text, line.number);
   };
@@ -289,10 +289,8 @@ void count_texts(Reading& reading, const DataLine& line, const LineFields& field
 
 /// Whether a line has nothing but an identification.
 bool has_nothing_else(const LineFields& fields) {
-  for (std::size_t code = id_column + 1; code < field_count; ++code) {
-    if (!field_of(fields, static_cast<FieldCode>(code)).empty()) return false;
-  }
-  return true;
+  return std::all_of(all_fields.begin(), all_fields.end(),
+                     [&](FieldCode code) { return code == id_column || field_of(fields, code).empty(); });
 }
 
 void store_animal(Reading& reading, const WaitingLine& waiting, std::uint8_t marks) {
@@ -311,8 +309,8 @@ void store_animal(Reading& reading, const WaitingLine& waiting, std::uint8_t mar
     if (!line.notes.empty()) find_parent_names(reading, line, fields);
   }
   if (line.kinds != byte_plain) check_letters(reading, line, fields);
-  if (is_animal && has_nothing_else(fields)) marks = static_cast<std::uint8_t>(marks | mark_bare);
-  if (!field_of(fields, import_column).empty()) marks = static_cast<std::uint8_t>(marks | mark_import);
+  if (is_animal && has_nothing_else(fields)) add_mark(marks, mark_bare);
+  if (!field_of(fields, import_column).empty()) add_mark(marks, mark_import);
   animals.birth.add(take_date(reading, line, fields, marks));
   animals.marks.add(marks);
   const std::string_view sex = fields.text[sex_column];
@@ -358,7 +356,7 @@ void place_in_export(Reading& reading, DataLine& line, std::int64_t data_line) {
 
 /// For every identification the first animal that has it.
 void index_animals(PedigreeColumns& animals) {
-  animals.animal_of = ByNumber<std::int32_t>(static_cast<std::size_t>(animals.ids.count()));
+  animals.animal_of = ByNumber<std::int32_t>(animals.ids.count());
   for (std::int32_t animal = animals.count(); animal >= 1; --animal) {
     animals.animal_of[animals.id.at(animal)] = animal;
   }

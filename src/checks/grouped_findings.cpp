@@ -22,7 +22,7 @@ void add_for_animals(Finding finding, std::span<const std::int32_t> found, const
   std::vector<std::int32_t> lines;
   lines.reserve(found.size());
   for (const std::int32_t animal : found) lines.push_back(animals.line_of(animal));
-  finding.number = static_cast<std::int64_t>(found.size());
+  finding.number = std::ssize(found);
   if (found.size() == 1) finding.id = animals.id.at(found.front());
   add_for_lines(findings, finding, lines);
 }
@@ -45,7 +45,7 @@ void group_alike(Findings& findings) {
   std::erase_if(findings.list, [](const Finding& finding) { return is_grouped(finding.code); });
   for (auto& [key, group] : groups) {
     if (group.lines.size() > 1) group.first.id = 0;
-    group.first.number = static_cast<std::int64_t>(group.lines.size());
+    group.first.number = std::ssize(group.lines);
     add_for_lines(findings, group.first, group.lines);
   }
 }

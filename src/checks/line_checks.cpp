@@ -41,8 +41,8 @@ bool are_headings(const LineFields& fields) {
   if (sire.empty() || dam.empty() || sire.find_first_of(digits) != std::string_view::npos) return false;
   if (dam.find_first_of(digits) != std::string_view::npos) return false;
   std::size_t parents = 0, all = 0;
-  for (std::size_t code = id_column; code < field_count; ++code) {
-    const bool is_heading = is_heading_of(fields.text[code], static_cast<FieldCode>(code));
+  for (const FieldCode code : all_fields) {
+    const bool is_heading = is_heading_of(fields.text[code], code);
     all += is_heading ? 1 : 0;
     parents += is_heading && (code == sire_column || code == dam_column) ? 1 : 0;
     if (code == dam_column && parents == 0) return false;
@@ -65,9 +65,7 @@ bool is_total_word(std::string_view id) {
 /// "(no.)" in place of the animal and of both its parents, and a date without a digit: units below the headings, or the
 /// kinds of the fields.
 bool tells_units(const LineFields& fields) {
-  const auto text = [&](FieldCode code) {
-    return without_trailing_blanks(fields.text[static_cast<std::size_t>(code)]);
-  };
+  const auto text = [&](FieldCode code) { return without_trailing_blanks(fields.text[code]); };
   const std::string_view id = text(id_column), date = text(birthdate_column);
   if (id.empty() || text(sire_column) != id || text(dam_column) != id) return false;
   return !date.empty() && date.find_first_of("0123456789") == std::string_view::npos;
@@ -81,11 +79,11 @@ LineFields cut_line(std::string_view line, const ReadingPlan& plan) {
   std::size_t begin = 0;
   for (std::size_t c = 0; c < plan.counted_columns && begin <= counted.size(); ++c) {
     const std::size_t end = std::min(counted.find(plan.layout.delimiter, begin), counted.size());
-    const std::int32_t code = plan.layout.column_codes[c];
+    const FieldCode code = field_of_column(plan, c);
     const bool is_left_out = plan.layout.merge_delimiters && end == begin && end < counted.size();
-    if (code > unused_column && code < static_cast<std::int32_t>(field_count) && !is_left_out) {
+    if (code != unused_column && !is_left_out) {
       const std::string_view field = counted.substr(begin, end - begin);
-      fields.text[static_cast<std::size_t>(code)] = plan.strips_quotes ? without_quotes(field) : field;
+      fields.text[code] = plan.strips_quotes ? without_quotes(field) : field;
     }
     ++fields.column_count;
     begin = end + 1;
@@ -120,9 +118,7 @@ LineKind kind_of_line(std::string_view line, const LineFields& fields, const Rea
   // A line without letters and digits is blank, or divides pages.
   if (line.empty() || line.front() == '\x1A' || !says_something(line)) return LineKind::no_animal;
   if (tells_units(fields)) return LineKind::no_animal;
-  const auto is_empty = [&](FieldCode code) {
-    return without_trailing_blanks(fields.text[static_cast<std::size_t>(code)]).empty();
-  };
+  const auto is_empty = [&](FieldCode code) { return without_trailing_blanks(fields.text[code]).empty(); };
   const bool has_no_parents = is_empty(sire_column) && is_empty(dam_column);
   const bool is_total = has_no_parents && is_empty(birthdate_column) && is_total_word(fields.text[id_column]);
   return is_total ? LineKind::no_animal : LineKind::animal;

@@ -17,7 +17,7 @@ struct Birth {
 
 /// The births with a known dam and a full date, of each dam in the order of days and lines.
 std::vector<Birth> births_by_dam(const PedigreeColumns& animals) {
-  ByNumber<std::int32_t> begin(static_cast<std::size_t>(animals.ids.count()) + 1);
+  ByNumber<std::int32_t> begin(animals.ids.count() + 1);
   const auto counts = [&](std::int32_t animal) {
     constexpr unsigned left_out = mark_year_only | mark_strange_year | mark_no_animal;
     return animals.dam.at(animal) != 0 && animals.birth.at(animal).year != 0 &&
@@ -51,7 +51,7 @@ Finding finding_of(FindingCode code, const PedigreeColumns& animals, const Birth
 /// One litter: the births of one day.
 void check_litter(const PedigreeColumns& animals, std::span<const Birth> litter, const CheckLimits& limits,
                   Findings& findings) {
-  const auto size = static_cast<std::int64_t>(litter.size());
+  const std::int64_t size = std::ssize(litter);
   if (limits.largest_litter > 0 && size > limits.largest_litter) {
     add(findings, finding_of(FindingCode::litter_size, animals, litter.front(), litter.front(), findings));
     findings.list.back().number = size;

@@ -64,7 +64,7 @@ void check_litter_dams(const PedigreeColumns& animals, Findings& findings) {
     return false;
   };
   const auto of_two_dams = std::count_if(runs.begin(), runs.end(), has_two_dams);
-  const auto count = static_cast<std::int64_t>(runs.size());
+  const std::int64_t count = std::ssize(runs);
   if (of_two_dams == 0 || of_two_dams * one_in_litter > count) return;
   const bool are_pairs_told = of_two_dams * one_in_pair <= count;
   for (const LitterRun& run : runs) {

@@ -176,14 +176,14 @@ std::optional<std::size_t> find_wrong_link(const PedigreeColumns& animals, const
 }  // namespace
 
 void check_loops(const PedigreeColumns& animals, ToolLanguage language, Findings& findings) {
-  const auto last = static_cast<std::size_t>(animals.count());
+  const std::int32_t last = animals.count();
   ParentGraph graph = {animals, ByNumber<std::uint8_t>(last, 1)};
   graph.is_left[0] = 0;
   peel_off(graph);
   if (std::find(graph.is_left.values.begin(), graph.is_left.values.end(), 1) == graph.is_left.values.end()) return;
   ComponentSearch search = {
       graph, ByNumber<std::int32_t>(last), ByNumber<std::int32_t>(last), ByNumber<std::uint8_t>(last), {}, 0, {}};
-  for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
+  for (std::int32_t animal = 1; animal <= last; ++animal) {
     if (graph.is_left[animal] != 0 && search.order[animal] == 0) search_from(search, animal);
   }
   for (const std::vector<std::int32_t>& component : search.loops) {
@@ -198,7 +198,7 @@ void check_loops(const PedigreeColumns& animals, ToolLanguage language, Findings
                    .text = keep(findings, chain_text(graph, loop, language)),
                    .other_text = keep(findings, animals.ids.at(animals.id.at(young))),
                    .other_line = animals.line_of(young),
-                   .number = static_cast<std::int64_t>(loop.size()),
+                   .number = std::ssize(loop),
                    .other_number = wrong ? 1 : 0});
   }
 }

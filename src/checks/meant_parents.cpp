@@ -84,7 +84,7 @@ bool have_same_day(const PedigreeColumns& animals, std::int32_t a, std::int32_t 
 YoungOf gather_young(const PedigreeColumns& animals, ParentRole role, const std::vector<std::uint8_t>& is_marked) {
   YoungOf result;
   const std::span<const std::int32_t> parents = role == ParentRole::sire ? animals.sire.entries : animals.dam.entries;
-  result.begin = ByNumber<std::int32_t>(static_cast<std::size_t>(animals.ids.count()) + 2);
+  result.begin = ByNumber<std::int32_t>(animals.ids.count() + 2);
   for (const std::int32_t parent : parents) {
     if (is_marked[static_cast<std::size_t>(parent)] != 0) ++result.begin[parent + 2];
   }
@@ -198,7 +198,7 @@ double fit_of(const Weighing& weighing, ParentRole role, std::int32_t candidate,
 
 /// How many of these young are of a year and the years beside it; of all years for an unknown one.
 std::int64_t count_near_year(std::span<const Young> young, std::int32_t year) {
-  if (year == 0) return static_cast<std::int64_t>(young.size());
+  if (year == 0) return std::ssize(young);
   return std::count_if(young.begin(), young.end(), [&](const Young& each) {
     const std::int64_t years = std::int64_t{each.year} - year;
     return each.year != 0 && years >= -1 && years <= 1;
@@ -221,7 +221,7 @@ double chance_by_age(const Weighing& weighing, ParentRole role, std::int32_t can
   constexpr double of_each_sex = 0.5;
   const PedigreeColumns& animals = weighing.animals;
   const std::int32_t born = animals.birth.at(candidate).year, year = animals.birth.at(young).year;
-  if (born == 0 || year == 0) return 1 / (of_each_sex * static_cast<double>(animals.count()));
+  if (born == 0 || year == 0) return 1 / (of_each_sex * animals.count());
   const AgesAtBirths& ages = role == ParentRole::sire ? weighing.links.sire_ages : weighing.links.dam_ages;
   const double eligible = of_each_sex * static_cast<double>(weighing.links.born.at(born));
   return ages.share(std::int64_t{year} - born) / std::max(eligible, 1.0);
@@ -233,7 +233,7 @@ double chance_by_year(const Weighing& weighing, ParentRole role, std::int32_t ca
   const PedigreeColumns& animals = weighing.animals;
   const auto own =
       count_near_year(weighing.links.of(animals.id.at(candidate), role), animals.birth.at(known.young).year);
-  const double first_young = of_first_young * static_cast<double>(animals.count()) / 2;
+  const double first_young = of_first_young * animals.count() / 2;
   const double by_age = chance_by_age(weighing, role, candidate, known.young);
   return (static_cast<double>(own) + first_young * by_age) / (known.links_near_year + first_young + 1);
 }
@@ -485,7 +485,7 @@ std::vector<double> genuine_weights(const PedigreeColumns& animals, std::span<co
                                     std::span<const std::vector<NearAnimal>> near, double usual_share) {
   constexpr double strange = 1e-6;  // of a shape that no animal has
   const auto shapes = count_shapes(animals, missing);
-  const double all = static_cast<double>(std::max(animals.count(), 1));
+  const double all = std::max(animals.count(), 1);
   std::vector<double> weights;
   for (std::size_t k = 0; k < missing.size(); ++k) {
     const std::string_view id = animals.ids.at(missing[k].id);

@@ -37,7 +37,7 @@ Finding finding_of(FindingCode code, const PedigreeColumns& animals, const Paren
                    const ReadingPlan& plan) {
   return {.code = code,
           .role = mention.role,
-          .column = plan.column_of[static_cast<std::size_t>(mention.field)],
+          .column = plan.column_of[mention.field],
           .line = animals.line_of(mention.young),
           .id = animals.id.at(mention.young),
           .number = mention.count};
@@ -148,11 +148,10 @@ std::int32_t median_year(const PedigreeColumns& animals) {
 
 ParentUses count_parent_uses(const PedigreeColumns& animals) {
   ParentUses uses(static_cast<std::size_t>(animals.ids.count()));
-  constexpr auto ahead = static_cast<std::int32_t>(look_ahead);
   for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
-    if (animal <= animals.count() - ahead) {
-      fetch_early(&uses[animals.sire.at(animal + ahead)]);
-      fetch_early(&uses[animals.dam.at(animal + ahead)]);
+    if (animal <= animals.count() - look_ahead) {
+      fetch_early(&uses[animals.sire.at(animal + look_ahead)]);
+      fetch_early(&uses[animals.dam.at(animal + look_ahead)]);
     }
     ParentUse &sire = uses[animals.sire.at(animal)], &dam = uses[animals.dam.at(animal)];
     if (sire.sire_count++ == 0) sire.first_as_sire = animal;

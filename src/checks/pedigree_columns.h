@@ -24,6 +24,11 @@ enum AnimalMark : std::uint8_t {
   mark_lone = 32,         ///< the only one beyond a gap in the years: its date is in doubt
 };
 
+/// Adds to the marks of an animal.
+inline void add_mark(std::uint8_t& marks, AnimalMark mark) {
+  marks = static_cast<std::uint8_t>(marks | mark);
+}
+
 struct BirthDay {
   std::int32_t year = 0;  ///< 0 for unknown
   std::int32_t day = 1;
@@ -62,12 +67,11 @@ struct PedigreeColumns {
 /// Has the births of the parents fetched that the animal `look_ahead` places on has, in two steps: those further on are
 /// first looked up.
 inline void fetch_parents_early(const PedigreeColumns& animals, std::int32_t animal) {
-  constexpr auto ahead = static_cast<std::int32_t>(look_ahead);
-  if (animal > animals.count() - 2 * ahead) return;
-  fetch_early(&animals.animal_of[animals.sire.at(animal + 2 * ahead)]);
-  fetch_early(&animals.animal_of[animals.dam.at(animal + 2 * ahead)]);
-  const std::int32_t sire = animals.linked(animals.sire.at(animal + ahead));
-  const std::int32_t dam = animals.linked(animals.dam.at(animal + ahead));
+  if (animal > animals.count() - 2 * look_ahead) return;
+  fetch_early(&animals.animal_of[animals.sire.at(animal + 2 * look_ahead)]);
+  fetch_early(&animals.animal_of[animals.dam.at(animal + 2 * look_ahead)]);
+  const std::int32_t sire = animals.linked(animals.sire.at(animal + look_ahead));
+  const std::int32_t dam = animals.linked(animals.dam.at(animal + look_ahead));
   if (sire != 0) fetch_early(&animals.birth.at(sire));
   if (dam != 0) fetch_early(&animals.birth.at(dam));
 }

@@ -146,12 +146,12 @@ void report_unused(std::span<const std::string_view> words, const ReadingPlan& p
 void report_twice(const ReadingPlan& plan, const CheckSettings& settings, Findings& findings) {
   std::array<std::uint16_t, field_count> first = {};
   for (std::size_t c = 0; c < column_limit; ++c) {
-    const std::int32_t code = plan.layout.column_codes[c];
-    if (code <= unused_column || code >= static_cast<std::int32_t>(field_count)) continue;
-    std::uint16_t& place = first[static_cast<std::size_t>(code)];
+    const FieldCode code = field_of_column(plan, c);
+    if (code == unused_column) continue;
+    std::uint16_t& place = first[code];
     const auto column = static_cast<std::uint16_t>(c + 1);
     if (place != 0 && code != sire_name_column && code != dam_name_column) {
-      const std::string_view heading = heading_of_field(static_cast<FieldCode>(code), settings.language);
+      const std::string_view heading = heading_of_field(code, settings.language);
       add(findings, {.code = FindingCode::column_twice,
                      .column = column,
                      .line = plan.header_line.empty() ? 0 : 1,
@@ -167,11 +167,10 @@ void report_twice(const ReadingPlan& plan, const CheckSettings& settings, Findin
 void settle_columns(ReadingPlan& plan) {
   plan.column_of = {};
   for (std::size_t c = 0; c < column_limit; ++c) {
-    const std::int32_t code = plan.layout.column_codes[c];
-    if (code == unused_column) continue;
+    if (plan.layout.column_codes[c] == unused_column) continue;
     plan.counted_columns = c + 1;
-    if (code < 0 || code >= static_cast<std::int32_t>(field_count)) continue;
-    plan.column_of[static_cast<std::size_t>(code)] = static_cast<std::uint16_t>(c + 1);
+    const FieldCode code = field_of_column(plan, c);
+    if (code != unused_column) plan.column_of[code] = static_cast<std::uint16_t>(c + 1);
   }
 }
 
@@ -179,7 +178,7 @@ void settle_columns(ReadingPlan& plan) {
 void require_columns(ReadingPlan& plan, const CheckSettings& settings, Findings& findings) {
   plan.can_be_read = true;
   for (const FieldCode code : required_fields) {
-    if (plan.column_of[static_cast<std::size_t>(code)] != 0) continue;
+    if (plan.column_of[code] != 0) continue;
     plan.can_be_read = false;
     add(findings, {.code = FindingCode::column_missing,
                    .line = plan.header_line.empty() ? 0 : 1,
@@ -194,12 +193,12 @@ void mend_headings(std::span<const std::string_view> words, ReadingPlan& plan, c
   for (const std::string_view word : words) decoded.push_back(readable(word));
   ColumnPlaces further;
   const ColumnPlaces places = recognise_columns(decoded, further);
-  for (std::size_t code = id_column; code < field_count; ++code) {
+  for (const FieldCode code : all_fields) {
     const bool is_name_of_parent = code == sire_name_column || code == dam_name_column;
     if (plan.column_of[code] != 0 || places[code].empty() || is_name_of_parent) continue;
-    const MeantHeading meant = {places[code].front(), static_cast<FieldCode>(code)};
+    const MeantHeading meant = {places[code].front(), code};
     report_heading(meant, words[meant.column], plan, settings, findings);
-    if (meant.column < column_limit) plan.layout.column_codes[meant.column] = meant.code;
+    if (meant.column < column_limit) plan.layout.column_codes[meant.column] = static_cast<std::int32_t>(meant.code);
   }
 }
 
@@ -242,7 +241,7 @@ void plan_by_list(std::string_view first_line, ReadingPlan& plan, const CheckSet
 }  // namespace
 
 std::string_view heading_of_field(FieldCode code, ToolLanguage language) {
-  return words_of(field_headings[static_cast<std::size_t>(code)], language);
+  return words_of(field_headings[code], language);
 }
 
 ReadingPlan plan_reading(LineReader& data, const CheckSettings& settings, Findings& findings) {

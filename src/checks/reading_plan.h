@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <utility>
 
 #include "checks/check_settings.h"
 #include "checks/findings.h"
@@ -30,6 +31,13 @@ struct ReadingPlan {
 /// Looks at the start of the file, which is read from its first line again afterwards. Yields a plan that cannot be
 /// read when nothing further can be found.
 ReadingPlan plan_reading(LineReader& data, const CheckSettings& settings, Findings& findings);
+
+/// What a column, counted from 0, holds by the numbers of the plan; `unused_column` also for a number without a
+/// meaning.
+inline FieldCode field_of_column(const ReadingPlan& plan, std::size_t column) {
+  const std::int32_t code = plan.layout.column_codes[column];
+  return code > 0 && std::cmp_less(code, field_count) ? static_cast<FieldCode>(code) : unused_column;
+}
 
 /// The heading of a field in the language of the run, as the program knows it.
 std::string_view heading_of_field(FieldCode code, ToolLanguage language);

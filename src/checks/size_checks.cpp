@@ -25,7 +25,7 @@ constexpr Wording and_colours = {" and {1} colours", " en {1} kleuren"};
 ReportShape shape_of_report(const PedigreeColumns& animals, const FileSurvey& survey, const ReadingPlan& plan,
                             const DataFileLayout& layout) {
   const YearsOfTables years = years_of_tables(animals);
-  const auto has_column = [&](FieldCode code) { return plan.column_of[static_cast<std::size_t>(code)] != 0; };
+  const auto has_column = [&](FieldCode code) { return plan.column_of[code] != 0; };
   ReportShape shape;
   shape.years = std::max<std::int64_t>(std::int64_t{years.last} - years.first + 1, 0);
   shape.names = layout.subpopulations.count();

@@ -50,7 +50,7 @@ void check_stray_lines(PedigreeColumns& animals, Findings& findings) {
     const std::string text = readable(animals.ids.at(id));
     const bool is_strange = has_remark_word(text) || (has_remark_sign(text) && !are_like_remarks);
     if (id == 0 || ids.count(id) == 0 || !is_strange) continue;
-    animals.marks.at(animal) = static_cast<std::uint8_t>(animals.marks.at(animal) | mark_no_animal);
+    add_mark(animals.marks.at(animal), mark_no_animal);
     add(findings, {.code = FindingCode::no_animal, .line = animals.line_of(animal), .id = id});
   }
 }

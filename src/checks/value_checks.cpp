@@ -43,7 +43,7 @@ std::size_t small_place(char letter) {
 
 SexLetters count_letters(const PedigreeColumns& animals) {
   SexLetters letters;
-  ByNumber<std::uint8_t> roles(static_cast<std::size_t>(animals.count()));
+  ByNumber<std::uint8_t> roles(animals.count());
   for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
     const std::int32_t sire = animals.linked(animals.sire.at(animal)), dam = animals.linked(animals.dam.at(animal));
     if (sire != 0) roles[sire] = static_cast<std::uint8_t>(roles[sire] | 1U);
@@ -155,7 +155,7 @@ std::string lines_to_write(const TextCounts& found) {
 }
 
 void check_list(const ListedNames& list, const ReadingPlan& plan, Findings& findings) {
-  const std::uint16_t column = plan.column_of[static_cast<std::size_t>(list.field)];
+  const std::uint16_t column = plan.column_of[list.field];
   if (list.names.empty()) {
     std::int64_t animals = 0;
     for (const CountedText& text : list.found.texts) animals += text.count;
@@ -254,7 +254,7 @@ void check_names(const FileSurvey& survey, const ReadingPlan& plan, const CheckS
   std::vector<std::string> colours = names_of(settings.layout.colours);
   const std::string unknown_colour = colours.empty() ? std::string() : colours.back();  // always added at the end
   if (!colours.empty()) colours.pop_back();
-  const std::int64_t colour_line = first_count + 1 + static_cast<std::int64_t>(subpopulations.size());
+  const std::int64_t colour_line = first_count + 1 + std::ssize(subpopulations);
   check_list({FindingCode::subpopulation, FindingCode::subpopulation_list, subpopulation_column, survey.subpopulations,
               subpopulations, SubpopulationName{}.bytes.size(), first_count},
              plan, findings);

@@ -116,7 +116,7 @@ VerdictFaults faults_of_verdict(const CheckResult& check) {
 
 Standing stand_of(const AnalysedPopulation& population, const StandingSettings& settings, const VerdictFaults& faults,
                   const AvailableAnimals& available) {
-  const double interval = static_cast<double>(population.analysis.whole.interval.generation_interval);
+  const double interval = population.analysis.whole.interval.generation_interval;
   return compute_standing(population.store, interval, settings, faults, available);
 }
 

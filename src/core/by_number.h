@@ -24,6 +24,7 @@ struct ByNumber {
     reserve_large(values, last + 1);
     values.assign(last + 1, value);
   }
+  explicit ByNumber(std::int32_t last, const Value& value = {}) : ByNumber(static_cast<std::size_t>(last), value) {}
 
   Value& operator[](std::int32_t number) { return values[static_cast<std::size_t>(number)]; }
   const Value& operator[](std::int32_t number) const { return values[static_cast<std::size_t>(number)]; }

@@ -3,13 +3,14 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace pedigreewatch {
 
 /// Animals that a pass looks ahead: what is wanted of the relatives of an animal so far on is fetched while the ones
 /// before it are dealt with.
-inline constexpr std::size_t look_ahead = 16;
+inline constexpr std::int32_t look_ahead = 16;
 
 /// Has the memory at `address` fetched, which will be wanted soon. Any address will do.
 inline void fetch_early(const void* address) {

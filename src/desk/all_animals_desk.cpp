@@ -32,12 +32,12 @@ Bounds bounds_named(std::string_view wishes, std::string_view least, std::string
 
 std::optional<double> year_of(const DeskResults& results, std::int32_t position) {
   const std::int32_t year = results.population.store.birth_year[position];
-  return year == 0 ? std::nullopt : std::optional(static_cast<double>(year));
+  return year == 0 ? std::nullopt : std::optional<double>(year);
 }
 
 std::optional<double> kinship_of(const DeskResults& results, std::int32_t position) {
   const ByNumber<float>& kinships = results.figures.animals.mean_kinship;
-  return kinships.values.empty() ? std::nullopt : std::optional(static_cast<double>(kinships[position]));
+  return kinships.values.empty() ? std::nullopt : std::optional<double>(kinships[position]);
 }
 
 std::optional<Sex> sex_named(std::string_view wishes) {
@@ -62,7 +62,7 @@ void keep_wished(const DeskResults& results, std::string_view wishes, std::vecto
   const PopulationStore& store = results.population.store;
   const auto year = [&](std::string_view name) {
     const std::optional<std::int32_t> number = number_named(wishes, name);
-    return number ? std::optional(static_cast<double>(*number)) : std::nullopt;
+    return number ? std::optional<double>(*number) : std::nullopt;
   };
   const Bounds years = {year("firstYear"), year("lastYear")};
   const Bounds f = bounds_named(wishes, "leastF", "mostF");
@@ -72,18 +72,17 @@ void keep_wished(const DeskResults& results, std::string_view wishes, std::vecto
   std::erase_if(positions, [&](std::int32_t position) {
     return !is_within(year_of(results, position), years) || (sex && store.sex[position] != *sex) ||
            (subpopulation && store.subpopulation_no(position) != *subpopulation) ||
-           !is_within(static_cast<double>(store.inbreeding[position]), f) ||
-           !is_within(kinship_of(results, position), kinship);
+           !is_within(store.inbreeding[position], f) || !is_within(kinship_of(results, position), kinship);
   });
 }
 
 /// The figure by which animals are ordered; none for an order by texts.
 std::optional<double> figure_named(const DeskResults& results, std::string_view order, std::int32_t position) {
   const PopulationStore& store = results.population.store;
-  if (order == "f") return static_cast<double>(store.inbreeding[position]);
+  if (order == "f") return store.inbreeding[position];
   if (order == "kinship") return kinship_of(results, position);
-  if (order == "generations") return static_cast<double>(store.generation_equivalents[position]);
-  if (order == "offspring") return static_cast<double>(store.native_offspring_count[position]);
+  if (order == "generations") return store.generation_equivalents[position];
+  if (order == "offspring") return store.native_offspring_count[position];
   return year_of(results, position);
 }
 
@@ -173,7 +172,7 @@ std::string list_animals(const Desk& desk, std::size_t first, std::size_t count)
     begin_object(json);
     add_animal(json, *desk.results, position);
     add_optional(json, "meanKinship", kinship_of(*desk.results, position));
-    add_optional(json, "generations", static_cast<double>(store.generation_equivalents[position]));
+    add_optional(json, "generations", store.generation_equivalents[position]);
     add_integer(json, "offspring", store.native_offspring_count[position]);
     add_text(
         json, "subpopulation",

@@ -193,7 +193,7 @@ std::string check_files(Desk& desk) {
     add_integer(json, "animals", desk.check->animals.count());
     add_logical(json, "canRun", !stops);
     add_logical(json, "isFromExport", has_export_lines(desk));
-    add_integer(json, "count", static_cast<std::int64_t>(list.size()));
+    add_integer(json, "count", std::ssize(list));
     add_kinds(json, desk);
   }
   end_object(json);
@@ -216,7 +216,7 @@ std::string choose_findings(Desk& desk, std::string_view kind, std::string_view 
                    [&](std::uint32_t a, std::uint32_t b) { return place_at(a) < place_at(b); });
   JsonText json;
   begin_object(json);
-  add_integer(json, "count", static_cast<std::int64_t>(desk.chosen_findings.size()));
+  add_integer(json, "count", std::ssize(desk.chosen_findings));
   end_object(json);
   return std::move(json.text);
 }

@@ -8,7 +8,7 @@
 namespace pedigreewatch {
 
 std::optional<std::size_t> column_of(const Desk& desk, FieldCode field) {
-  return desk.preparation.columns.place[static_cast<std::size_t>(field)];
+  return desk.preparation.columns.place[field];
 }
 
 namespace {

@@ -104,7 +104,7 @@ std::string male_line(const Desk& desk, const RankedMale& entry) {
   line += (store.has_name ? cell(store.name(entry.male)) : std::string()) + "\t";
   const std::int32_t year = store.birth_year[entry.male];
   line += (year != 0 ? std::to_string(year) : std::string()) + "\t";
-  line += real_cell(std::max(0.0, static_cast<double>(entry.f))) + "\t" + real_cell(entry.mean_kinship) + "\t";
+  line += real_cell(std::max(0.0, double{entry.f})) + "\t" + real_cell(entry.mean_kinship) + "\t";
   line += real_cell(double{known_generations(store, entry.male)}) + "\t";
   line += std::to_string(store.native_offspring_count[entry.male]) + "\t";
   const std::optional<std::int32_t> age = age_of(store, entry.male);
@@ -122,7 +122,7 @@ void add_animal(JsonText& json, const DeskResults& results, std::int32_t positio
   add_logical(json, "isMale", known_sex(store, position).value_or(female) == male);
   add_integer(json, "year", store.birth_year[position]);
   add_name(json, "f");
-  add_real(json, static_cast<double>(store.inbreeding[position]));
+  add_real(json, store.inbreeding[position]);
   if (!results.available.has(position)) add_text(json, "gone", reason_of_gone(results, position));
 }
 
@@ -161,7 +161,7 @@ std::string describe_pair(const Desk& desk, std::int32_t sire, std::int32_t dam)
   if (is_animal(desk, sire) && is_animal(desk, dam)) {
     const PopulationStore& store = store_of(desk);
     const auto mating = mating_of(store, sire, dam);
-    add_optional(json, "offspringF", static_cast<double>(mating->pair.f));
+    add_optional(json, "offspringF", mating->pair.f);
     add_optional(json, "limit", desk.board.most_inbreeding);
     add_logical(json, "isBeyond", is_beyond(mating->pair.f, desk.board.most_inbreeding));
     add_parent(json, "sire", *desk.results, sire, mating->male_mean_kinship);
@@ -190,7 +190,7 @@ std::string rank_males(Desk& desk, std::int32_t dam, const MalesWished& wished) 
 std::string order_males(Desk& desk, bool by_mean_kinship) {
   constexpr double none = 2.0;  // behind all others
   const auto key = [&](const RankedMale& entry) {
-    const double f = static_cast<double>(entry.f), kinship = entry.mean_kinship.value_or(none);
+    const double f = entry.f, kinship = entry.mean_kinship.value_or(none);
     const bool is_last = is_shallow(store_of(desk), entry.male);
     return by_mean_kinship ? std::tuple(is_last, kinship, f) : std::tuple(is_last, f, kinship);
   };
@@ -207,7 +207,7 @@ std::string list_males(const Desk& desk, std::size_t first, std::size_t count) {
   for (const RankedMale& entry : std::span(desk.males).subspan(begin, std::min(count, desk.males.size() - begin))) {
     begin_object(json);
     add_animal(json, *desk.results, entry.male);
-    add_optional(json, "offspringF", static_cast<double>(entry.f));
+    add_optional(json, "offspringF", entry.f);
     add_optional(json, "meanKinship", entry.mean_kinship);
     add_optional(json, "equivalents", double{known_generations(store_of(desk), entry.male)});
     add_integer(json, "offspring", store_of(desk).native_offspring_count[entry.male]);

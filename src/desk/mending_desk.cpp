@@ -129,7 +129,7 @@ FieldCode field_of_finding(const Desk& desk, const Finding& finding) {
   if (finding.column == 0 && ways_on(finding.code).dates) return birthdate_column;
   std::int32_t column = 0;
   for (const FieldCode field : written_fields()) {
-    if (!desk.preparation.plan.columns.place[static_cast<std::size_t>(field)]) continue;
+    if (!desk.preparation.plan.columns.place[field]) continue;
     if (++column == finding.column) return field;
   }
   return unused_column;

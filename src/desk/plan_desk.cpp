@@ -137,7 +137,7 @@ std::string plan_answer(const Desk& desk) {
   all_warnings.insert(all_warnings.end(), made.notes.begin(), made.notes.end());
   add_sentences(json, "warnings", all_warnings);
   add_comparison(json, comparison_of(made.plan, desk.language));
-  add_integer(json, "count", static_cast<std::int64_t>(made.plan.pairs.size()));
+  add_integer(json, "count", std::ssize(made.plan.pairs));
   add_name(json, "meanF");
   add_real(json, made.plan.of(PlanWay::plan)->mean_f.value_or(0.0));
   end_object(json);

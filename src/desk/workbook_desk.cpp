@@ -24,7 +24,7 @@ void add_part(JsonText& json, std::string_view bytes, const ZipPart& part) {
   begin_object(json);
   add_text(json, "name", part.name);
   add_integer(json, "begin", part.bytes.data() - bytes.data());
-  add_integer(json, "packedSize", static_cast<std::int64_t>(part.bytes.size()));
+  add_integer(json, "packedSize", std::ssize(part.bytes));
   add_integer(json, "size", static_cast<std::int64_t>(part.size));
   add_integer(json, "checksum", part.checksum);
   add_logical(json, "isPacked", part.method == method_deflated && !part.is_protected);

@@ -17,14 +17,13 @@ ByNumber<BlockLanes> make_lanes(const ReferencePedigree& pedigree) {
 PEDIGREEWATCH_PROCESSOR_CLONES
 void relate_block(const ReferencePedigree& pedigree, std::span<const std::int32_t> block, std::int32_t last,
                   ByNumber<BlockLanes>& lanes) {
-  constexpr std::int32_t ahead = static_cast<std::int32_t>(look_ahead);
   std::fill_n(lanes.values.begin(), last + 1, BlockLanes{});
   std::size_t lane = 0;
   for (const std::int32_t number : block) lanes[number].each[lane++] = 1.0;
   for (std::int32_t j = block.back(); j > pedigree.unknown_parents; --j) {
-    if (j > ahead) {
-      fetch_early(&lanes[pedigree.sire[j - ahead]]);
-      fetch_early(&lanes[pedigree.dam[j - ahead]]);
+    if (j > look_ahead) {
+      fetch_early(&lanes[pedigree.sire[j - look_ahead]]);
+      fetch_early(&lanes[pedigree.dam[j - look_ahead]]);
     }
     const BlockVector half = lanes[j].each * 0.5;
     lanes[pedigree.sire[j]].each += half;
@@ -32,9 +31,9 @@ void relate_block(const ReferencePedigree& pedigree, std::span<const std::int32_
   }
   lanes[0] = BlockLanes{};
   for (std::int32_t j = pedigree.unknown_parents + 1; j <= last; ++j) {
-    if (last - j >= ahead) {
-      fetch_early(&lanes[pedigree.sire[j + ahead]]);
-      fetch_early(&lanes[pedigree.dam[j + ahead]]);
+    if (last - j >= look_ahead) {
+      fetch_early(&lanes[pedigree.sire[j + look_ahead]]);
+      fetch_early(&lanes[pedigree.dam[j + look_ahead]]);
     }
     const BlockVector of_parents = (lanes[pedigree.sire[j]].each + lanes[pedigree.dam[j]].each) * 0.5;
     lanes[j].each = of_parents + lanes[j].each * pedigree.own_variance[j];

@@ -73,11 +73,10 @@ BlockLanes place_weights(const PairedAnimals& animals, std::span<const double> i
 /// relationship.
 PEDIGREEWATCH_PROCESSOR_CLONES
 void add_weighed_relationships(const ReferencePedigree& pedigree, ByNumber<BlockLanes>& lanes, BlockLanes& sums) {
-  constexpr std::int32_t ahead = static_cast<std::int32_t>(look_ahead);
   for (std::int32_t j = pedigree.count(); j > 0; --j) {
-    if (j > ahead) {
-      fetch_early(&lanes[pedigree.sire[j - ahead]]);
-      fetch_early(&lanes[pedigree.dam[j - ahead]]);
+    if (j > look_ahead) {
+      fetch_early(&lanes[pedigree.sire[j - look_ahead]]);
+      fetch_early(&lanes[pedigree.dam[j - look_ahead]]);
     }
     const BlockVector own = lanes[j].each;
     sums.each += own * own * pedigree.own_variance[j];
@@ -188,7 +187,7 @@ std::vector<double> shares_of_sibs(const PairedAnimals& animals) {
     const double p = 1.0 / std::max(animals.equivalents[place], 1.0);
     return kinship_of_half_sibs * std::sqrt(0.5 * p * (1.0 - p));
   };
-  ByNumber<double> of_young(static_cast<std::size_t>(pedigree.count()));
+  ByNumber<double> of_young(pedigree.count());
   for (std::size_t place = 0; place < animals.equivalents.size(); ++place) {
     const std::int32_t member = pedigree.members[place];
     of_young[pedigree.sire[member]] += own_share(place);

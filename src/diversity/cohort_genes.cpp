@@ -71,11 +71,10 @@ template <typename Number>
 void hand_on_genes(const GeneWork& work, std::int32_t highest, ByNumber<GeneLanes<Number>>& lanes,
                    PassSums<Number>& sums) {
   const AncestorPedigree& ancestors = work.ancestors;
-  constexpr std::int32_t ahead = static_cast<std::int32_t>(look_ahead);
   for (std::int32_t j = highest; j > 0; --j) {
-    if (j > ahead) {
-      fetch_early(&lanes[ancestors.sire[j - ahead]]);
-      fetch_early(&lanes[ancestors.dam[j - ahead]]);
+    if (j > look_ahead) {
+      fetch_early(&lanes[ancestors.sire[j - look_ahead]]);
+      fetch_early(&lanes[ancestors.dam[j - look_ahead]]);
     }
     if (is_empty(lanes[j])) continue;
     const Number own = lanes[j].each;
@@ -103,7 +102,7 @@ void sum_eightfold(GeneWork& work, std::span<const GroupedAnimal> cohort, PassSu
 GeneWork make_gene_work(const PopulationStore& store, const AncestorPedigree& ancestors) {
   GeneWork work{store, ancestors, inbreeding_of_ancestors(store, ancestors), within_family_variances(store, ancestors),
                 {},    {}};
-  work.single = ByNumber<GeneLanes<double>>(static_cast<std::size_t>(ancestors.count()));
+  work.single = ByNumber<GeneLanes<double>>(ancestors.count());
   return work;
 }
 
@@ -116,7 +115,7 @@ std::vector<GroupGenes> sum_genes(GeneWork& work, std::span<const GroupedAnimal>
     return genes;
   }
   if (work.eightfold.values.empty()) {
-    work.eightfold = ByNumber<GeneLanes<GeneVector>>(static_cast<std::size_t>(work.ancestors.count()));
+    work.eightfold = ByNumber<GeneLanes<GeneVector>>(work.ancestors.count());
   }
   PassSums<GeneVector> sums;
   sum_eightfold(work, cohort, sums);

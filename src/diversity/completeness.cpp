@@ -36,7 +36,7 @@ Depth depth_of_offspring(const Depth& sire, const Depth& dam) {
 }
 
 ByNumber<Depth> depths_of(const ReferencePedigree& pedigree) {
-  ByNumber<Depth> depths(static_cast<std::size_t>(pedigree.count()));
+  ByNumber<Depth> depths(pedigree.count());
   for (std::int32_t j = pedigree.unknown_parents + 1; j <= pedigree.count(); ++j) {
     if (pedigree.is_founder(j)) {
       depths[j].known[0] = 1;

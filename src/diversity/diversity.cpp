@@ -53,7 +53,7 @@ void put_depth(const PedigreeDepth& depth, Diversity& diversity) {
 /// The share of the genes of the reference population that come from imports; what those come from does not matter.
 std::optional<double> import_contribution(const ReferencePedigree& pedigree, const PopulationStore& store) {
   if (pedigree.members.empty()) return std::nullopt;
-  ByNumber<double> shares(static_cast<std::size_t>(pedigree.count()));
+  ByNumber<double> shares(pedigree.count());
   for (std::int32_t j = pedigree.unknown_parents + 1; j <= pedigree.count(); ++j) {
     const bool is_import = store.is_import[pedigree.position[j]] != 0;
     shares[j] = is_import ? 1.0 : 0.5 * (shares[pedigree.sire[j]] + shares[pedigree.dam[j]]);

@@ -42,7 +42,7 @@ struct Candidates {
 
 /// By number in the pedigree: the number as a candidate; 0 for those that are none.
 ByNumber<std::int32_t> number_candidates(const ReferencePedigree& pedigree) {
-  ByNumber<std::int32_t> candidate_no(static_cast<std::size_t>(pedigree.count()));
+  ByNumber<std::int32_t> candidate_no(pedigree.count());
   for (std::int32_t j = 1; j <= pedigree.count(); ++j) {
     candidate_no[pedigree.sire[j]] = candidate_no[pedigree.dam[j]] = 1;
     if (pedigree.is_founder(j)) candidate_no[j] = 1;
@@ -58,7 +58,7 @@ ByNumber<std::int32_t> number_candidates(const ReferencePedigree& pedigree) {
 /// Lists each candidate's offspring, those of one parent in ascending order.
 void list_offspring(Candidates& candidates) {
   const std::int32_t count = candidates.count();
-  candidates.offspring_end = ByNumber<std::int32_t>(static_cast<std::size_t>(count) + 1);
+  candidates.offspring_end = ByNumber<std::int32_t>(count + 1);
   for (std::int32_t j = 1; j <= count; ++j) {
     for (const std::int32_t parent : {candidates.sire[j], candidates.dam[j]}) {
       if (parent != 0) ++candidates.offspring_end[parent + 1];
@@ -76,8 +76,7 @@ void list_offspring(Candidates& candidates) {
 
 Candidates make_candidates(const ReferencePedigree& pedigree) {
   const ByNumber<std::int32_t> candidate_no = number_candidates(pedigree);
-  const std::size_t count =
-      static_cast<std::size_t>(*std::max_element(candidate_no.values.begin(), candidate_no.values.end()));
+  const std::int32_t count = *std::max_element(candidate_no.values.begin(), candidate_no.values.end());
   Candidates candidates;
   for (ByNumber<std::int32_t>* const list : {&candidates.sire, &candidates.dam, &candidates.number}) {
     *list = ByNumber<std::int32_t>(count);
@@ -147,13 +146,13 @@ void add_up_genes(Choice& choice) {
 }
 
 Choice begin_choice(const Candidates& candidates) {
-  const std::size_t count = static_cast<std::size_t>(candidates.count());
+  const std::int32_t count = candidates.count();
   Choice choice{
       candidates, {}, ByNumber<double>(count), ByNumber<Flag>(count), ByNumber<double>(count), WaitingNumbers(count),
       {},         0};
   add_up_genes(choice);
   std::vector<Bound> bounds;
-  for (std::int32_t j = 1; j <= candidates.count(); ++j) bounds.push_back({contribution_of(choice, j), j});
+  for (std::int32_t j = 1; j <= count; ++j) bounds.push_back({contribution_of(choice, j), j});
   std::sort(bounds.begin(), bounds.end());
   choice.bounds = std::set<Bound>(bounds.begin(), bounds.end());  // from a sorted list in linear time
   return choice;

@@ -82,7 +82,7 @@ FamilySizes describe_families(const std::vector<BredOffspring>& families, std::i
   FamilySizes sizes;
   sizes.parents = std::ssize(families);
   const double n = static_cast<double>(sizes.parents);
-  sizes.per_year = n / static_cast<double>(years);
+  sizes.per_year = n / years;
   if (families.size() < 2) return sizes;
   double sons = 0.0, daughters = 0.0, sons_squared = 0.0, daughters_squared = 0.0, both = 0.0;
   for (const BredOffspring& family : families) {

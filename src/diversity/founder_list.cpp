@@ -5,10 +5,10 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstddef>
 #include <span>
 
+#include "core/bit_pattern.h"
 #include "core/memory_hints.h"
 #include "diversity/founders.h"
 
@@ -49,8 +49,8 @@ void hand_down(const ReferencePedigree& pedigree, std::span<const std::int32_t> 
 }  // namespace
 
 ByNumber<std::int32_t> count_descendants(const ReferencePedigree& pedigree) {
-  ByNumber<std::int32_t> counts(static_cast<std::size_t>(pedigree.count()));
-  ByNumber<DescentBits> descent(static_cast<std::size_t>(pedigree.count()));
+  ByNumber<std::int32_t> counts(pedigree.count());
+  ByNumber<DescentBits> descent(pedigree.count());
   const std::vector<std::int32_t> founders = founders_of(pedigree);
   for (std::size_t first = 0; first < founders.size(); first += founders_side_by_side) {
     const std::span<const std::int32_t> at_hand =
@@ -59,7 +59,7 @@ ByNumber<std::int32_t> count_descendants(const ReferencePedigree& pedigree) {
     for (const std::int32_t member : pedigree.members) {
       for (std::size_t w = 0; w < words_side_by_side; ++w) {
         for (std::uint64_t bits = descent[member].words[w]; bits != 0; bits &= bits - 1) {
-          ++counts[at_hand[w * word_bits + static_cast<std::size_t>(std::countr_zero(bits))]];
+          ++counts[at_hand[w * word_bits + lowest_bit(bits)]];
         }
       }
     }

@@ -7,7 +7,7 @@
 namespace pedigreewatch {
 
 ByNumber<double> gene_contributions(const ReferencePedigree& pedigree) {
-  ByNumber<double> genes(static_cast<std::size_t>(pedigree.count()));
+  ByNumber<double> genes(pedigree.count());
   for (const std::int32_t member : pedigree.members) genes[member] = 1.0;
   return gene_contributions(pedigree.sire, pedigree.dam, std::move(genes));
 }

@@ -67,11 +67,10 @@ void follow_drops(const ReferencePedigree& pedigree, std::uint64_t batch, ByNumb
     left[member].from_dam.fill(~std::uint64_t{0});
   }
   const std::uint64_t animals = static_cast<std::uint64_t>(pedigree.count()) + 1;
-  constexpr std::int32_t ahead = static_cast<std::int32_t>(look_ahead);
   for (std::int32_t j = pedigree.count(); j > pedigree.unknown_parents; --j) {
-    if (j > ahead) {
-      fetch_early(&left[pedigree.sire[j - ahead]]);
-      fetch_early(&left[pedigree.dam[j - ahead]]);
+    if (j > look_ahead) {
+      fetch_early(&left[pedigree.sire[j - look_ahead]]);
+      fetch_early(&left[pedigree.dam[j - look_ahead]]);
     }
     if (pedigree.is_founder(j)) continue;
     const std::uint64_t number = (batch * animals + static_cast<std::uint64_t>(j)) * (2 * words_side_by_side);
@@ -81,7 +80,7 @@ void follow_drops(const ReferencePedigree& pedigree, std::uint64_t batch, ByNumb
 }
 
 GenesLeft genes_left(const LeftCounts& counts, std::int32_t drops) {
-  const double all = static_cast<double>(drops);
+  const double all = drops;
   const double one = static_cast<double>(counts.one), both = static_cast<double>(counts.both);
   const double mean = (0.5 * one + both) / all;
   const double squares = 0.25 * one + both - all * mean * mean;
@@ -91,7 +90,7 @@ GenesLeft genes_left(const LeftCounts& counts, std::int32_t drops) {
 }  // namespace
 
 ByNumber<GenesLeft> drop_genes(const ReferencePedigree& pedigree, std::int32_t drops) {
-  const std::size_t last = static_cast<std::size_t>(pedigree.count());
+  const std::int32_t last = pedigree.count();
   ByNumber<LeftGenes> left(last);
   ByNumber<LeftCounts> counts(last);
   std::uint64_t batch = 0;

@@ -9,7 +9,7 @@ namespace {
 /// The animals of each subpopulation that has any, as groups in the order of their numbers.
 GroupedAnimals group_animals(const PopulationStore& store, std::span<const std::int32_t> positions,
                              std::vector<DividedGroup>& groups) {
-  const std::size_t names = static_cast<std::size_t>(store.subpopulation_count());
+  const std::int32_t names = store.subpopulation_count();
   ByNumber<DividedGroup> by_number(names);
   for (const std::int32_t position : positions) {
     DividedGroup& group = by_number[store.subpopulation_no(position)];
@@ -17,7 +17,7 @@ GroupedAnimals group_animals(const PopulationStore& store, std::span<const std::
     group.mean_inbreeding += double{store.inbreeding[position]};
   }
   ByNumber<std::int32_t> group_of(names, -1);
-  for (std::int32_t number = 1; number <= store.subpopulation_count(); ++number) {
+  for (std::int32_t number = 1; number <= names; ++number) {
     DividedGroup& group = by_number[number];
     if (group.animals == 0) continue;
     group.number = number;

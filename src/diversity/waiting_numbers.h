@@ -7,19 +7,25 @@
 #include <cstdint>
 #include <vector>
 
+#include "core/bit_pattern.h"
+
 namespace pedigreewatch {
 
 struct WaitingNumbers {
   static constexpr std::size_t word_bits = 64;
+  struct Place {
+    std::size_t word = 0, bit = 0;
+  };
   std::vector<std::uint64_t> bits, words;
 
   /// For numbers from 0 to `last`.
-  explicit WaitingNumbers(std::size_t last) : bits(last / word_bits + 1, 0), words(bits.size() / word_bits + 1, 0) {}
+  explicit WaitingNumbers(std::int32_t last)
+      : bits(place_of(last).word + 1, 0), words(bits.size() / word_bits + 1, 0) {}
 
   void put(std::int32_t number) {
-    const std::size_t bit = static_cast<std::size_t>(number);
-    bits[bit / word_bits] |= std::uint64_t{1} << (bit % word_bits);
-    words[bit / word_bits / word_bits] |= std::uint64_t{1} << (bit / word_bits % word_bits);
+    const auto [word, bit] = place_of(number);
+    bits[word] |= std::uint64_t{1} << bit;
+    words[word / word_bits] |= std::uint64_t{1} << (word % word_bits);
   }
 
   void take_off(std::size_t word, std::size_t bit) {
@@ -27,6 +33,10 @@ struct WaitingNumbers {
     if (bits[word] == 0) words[word / word_bits] &= ~(std::uint64_t{1} << (word % word_bits));
   }
 
+  static Place place_of(std::int32_t number) {
+    const auto place = static_cast<std::size_t>(number);
+    return {place / word_bits, place % word_bits};
+  }
   static std::int32_t number_of(std::size_t word, std::size_t bit) {
     return static_cast<std::int32_t>(word * word_bits + bit);
   }
@@ -37,10 +47,10 @@ struct WaitingNumbers {
 template <typename Visit>
 void visit_downwards(WaitingNumbers& waiting, std::int32_t first, Visit&& visit) {
   constexpr std::size_t word_bits = WaitingNumbers::word_bits;
-  for (std::size_t group = static_cast<std::size_t>(first) / word_bits / word_bits + 1; group-- > 0;) {
+  for (std::size_t group = WaitingNumbers::place_of(first).word / word_bits + 1; group-- > 0;) {
     while (waiting.words[group] != 0) {
-      const std::size_t word = group * word_bits + static_cast<std::size_t>(std::bit_width(waiting.words[group])) - 1;
-      const std::size_t bit = static_cast<std::size_t>(std::bit_width(waiting.bits[word])) - 1;
+      const std::size_t word = group * word_bits + highest_bit(waiting.words[group]);
+      const std::size_t bit = highest_bit(waiting.bits[word]);
       waiting.take_off(word, bit);
       visit(WaitingNumbers::number_of(word, bit));
     }
@@ -51,11 +61,10 @@ void visit_downwards(WaitingNumbers& waiting, std::int32_t first, Visit&& visit)
 template <typename Visit>
 void visit_upwards(WaitingNumbers& waiting, std::int32_t first, Visit&& visit) {
   constexpr std::size_t word_bits = WaitingNumbers::word_bits;
-  for (std::size_t group = static_cast<std::size_t>(first) / word_bits / word_bits; group < waiting.words.size();
-       ++group) {
+  for (std::size_t group = WaitingNumbers::place_of(first).word / word_bits; group < waiting.words.size(); ++group) {
     while (waiting.words[group] != 0) {
-      const std::size_t word = group * word_bits + static_cast<std::size_t>(std::countr_zero(waiting.words[group]));
-      const std::size_t bit = static_cast<std::size_t>(std::countr_zero(waiting.bits[word]));
+      const std::size_t word = group * word_bits + lowest_bit(waiting.words[group]);
+      const std::size_t bit = lowest_bit(waiting.bits[word]);
       waiting.take_off(word, bit);
       visit(WaitingNumbers::number_of(word, bit));
     }

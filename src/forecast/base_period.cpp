@@ -39,8 +39,9 @@ struct AgeSum {
 
   void add(const PopulationStore& store, const Family& family, std::int32_t parent) {
     if (parent == 0 || store.birth_year[parent] == 0 || store.birth_year[parent] > family.year) return;
-    years += static_cast<double>(family.young) * static_cast<double>(family.year - store.birth_year[parent]);
-    young += static_cast<double>(family.young);
+    const double count = family.young;
+    years += count * (family.year - store.birth_year[parent]);
+    young += count;
   }
 };
 
@@ -73,8 +74,8 @@ PeriodRates rates_of(const FamilyRecords& records, std::int32_t first_year, std:
     for (const Family& family : records.of_year(year)) {
       if (family.sire != 0) sires.push_back(family.sire);
       if (family.dam != 0) litters += 1.0;
-      if (family.descent() == Descent::founder) rates.founders += static_cast<double>(family.young);
-      rates.young += static_cast<double>(family.young);
+      if (family.descent() == Descent::founder) rates.founders += family.young;
+      rates.young += family.young;
     }
     rates.litters += litters;
     rates.sires += count_different(sires);
@@ -219,7 +220,7 @@ void count_chosen(const FamilyRecords& records, Sex sex, BasePeriod& base) {
   }
   for (std::int32_t year = base.first_alike; year <= base.last_year; ++year) {
     for (const Family& family : records.of_year(year)) {
-      born[static_cast<std::size_t>(descent_of(records.store, family.first))] += static_cast<double>(family.young);
+      born[static_cast<std::size_t>(descent_of(records.store, family.first))] += family.young;
     }
   }
   for (std::size_t k = 0; k < descents; ++k) {
@@ -265,7 +266,7 @@ std::int32_t oldest_entry_of(const CareerRecords& records, const std::vector<std
   for (const std::int32_t k : entries) ages.push_back(records.at(k).first_age);
   if (ages.empty()) return 1;
   std::sort(ages.begin(), ages.end());
-  const auto count = static_cast<std::int64_t>(ages.size());
+  const std::int64_t count = std::ssize(ages);
   return ages[static_cast<std::size_t>((count * entered_in_100 + 99) / 100 - 1)];
 }
 

@@ -33,7 +33,7 @@ struct ReplicateWork {
   std::mutex guard = {};
   std::exception_ptr problem = nullptr;
 
-  std::int64_t tasks() const { return static_cast<std::int64_t>(forecast.scenarios.size()) * settings.replicates; }
+  std::int64_t tasks() const { return std::int64_t{settings.replicates} * std::ssize(forecast.scenarios); }
   std::int64_t all_years() const { return tasks() * settings.years; }
 };
 
@@ -61,7 +61,7 @@ ReplicateYears live_years(const ModelBasis& basis, const BreedingRules& rules, c
 
 void run_replicate(ReplicateWork& work, std::int64_t task, std::unique_ptr<AncestorWalk>& walk,
                    const ForecastProgress& progress) {
-  const auto scenarios = static_cast<std::int64_t>(work.forecast.scenarios.size());
+  const std::int64_t scenarios = std::ssize(work.forecast.scenarios);
   ScenarioForecast& scenario = work.forecast.scenarios[static_cast<std::size_t>(task % scenarios)];
   const auto replicate = static_cast<std::int32_t>(task / scenarios);
   ReplicateYears& years = scenario.replicates[static_cast<std::size_t>(replicate)];
@@ -70,7 +70,7 @@ void run_replicate(ReplicateWork& work, std::int64_t task, std::unique_ptr<Ances
     tell(work, progress);
     return !work.is_stopped;
   });
-  work.done_years += work.settings.years - static_cast<std::int64_t>(years.size());
+  work.done_years += work.settings.years - std::ssize(years);
 }
 
 /// Takes replicates until there are no more. A thread of its own tells nothing.
@@ -136,7 +136,7 @@ std::optional<double> figure_of(const ModelYear& year, ForecastFigure figure) {
     case ForecastFigure::kinship_without_self:
       return year.kinship.animals > 1 ? std::optional(year.kinship.without_self) : std::nullopt;
     case ForecastFigure::gene_diversity: return 1.0 - year.kinship.with_self;
-    case ForecastFigure::sires_in_use: return static_cast<double>(year.sires);
+    case ForecastFigure::sires_in_use: return year.sires;
     case ForecastFigure::generation_interval: return year.parent_age;
   }
   return std::nullopt;

@@ -92,7 +92,7 @@ KinshipTable make_kinship_table(std::span<const std::int32_t> animals, std::span
   KinshipTable table;
   const std::size_t size = animals.size();
   resize_table(table, static_cast<std::int32_t>(size + size / 4 + block_rows));
-  table.row_of = ByNumber<std::int32_t>(static_cast<std::size_t>(count), 0);
+  table.row_of = ByNumber<std::int32_t>(count, 0);
   for (std::size_t k = 0; k < size; ++k) {
     table.animal_of[k + 1] = animals[k];
     table.row_of[animals[k]] = static_cast<std::int32_t>(k + 1);

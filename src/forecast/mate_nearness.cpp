@@ -113,7 +113,7 @@ SeenNearness list_nearness_paths(const FamilyRecords& records, std::int32_t base
   SeenNearness seen;
   for (std::int32_t year = first; year <= records.last_year; ++year) {
     years.push_back(measure_nearness(records, year));
-    seen.periods += years.back() ? 1.0 / static_cast<double>(base_years) : 0.0;
+    seen.periods += years.back() ? 1.0 / base_years : 0.0;
   }
   take_trend_away(years);
   const std::span<const std::optional<double>> all = years;

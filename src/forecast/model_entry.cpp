@@ -182,7 +182,7 @@ void begin_career(ModelParent& parent, const ModelBasis& basis, const NewCareer&
 /// Moves on by a year of the career. False when it is at its end.
 bool take_step(ModelParent& parent, const CareerRecords& careers, std::int32_t age, RandomStream& random) {
   if (parent.point.year >= careers.last_year) {
-    const CareerState state = {age, parent.pause, parent.sum_use / static_cast<double>(std::max(parent.years, 1))};
+    const CareerState state = {age, parent.pause, parent.sum_use / std::max(parent.years, 1)};
     const std::optional<CareerPoint> donor = find_donor(careers, state, random);
     if (!donor) return false;
     parent.point = *donor;

@@ -93,7 +93,7 @@ std::vector<GroupTarget> draw_targets(const ModelHerd& herd, std::int32_t year) 
   double sires = 0.0;
   for (const GroupYear& group : drawn) sires += group.in_use.of_males;
   const double as_now = litters_of(drawn) > 0.0 ? litters / litters_of(drawn) : 1.0;
-  const double trend = std::max(0.0, 1.0 + herd.rules.trend * static_cast<double>(year - base.last_year));
+  const double trend = std::max(0.0, 1.0 + herd.rules.trend * (year - base.last_year));
   const double litter_factor = trend * as_now * factor_of(herd.rules.litters, litters);
   const Amount& wanted = herd.rules.sires;
   const double sire_factor =
@@ -127,7 +127,7 @@ std::int32_t wanted_new(ModelHerd& herd, Sex sex, std::int32_t group, const Grou
   // What is less than a parent, or less than none, is left for the next year, so that the mean is right in small
   // groups.
   double& owed = herd.owed.of(sex)[place(group)];
-  owed += target.numbers.entered.of(sex) + base.vacancies_filled.of(sex) * (usual - static_cast<double>(ready));
+  owed += target.numbers.entered.of(sex) + base.vacancies_filled.of(sex) * (usual - ready);
   const std::int32_t entering = std::max(0, static_cast<std::int32_t>(std::lround(owed)));
   owed = std::max(owed - entering, -std::max(1.0, usual));
   return entering;
@@ -275,7 +275,7 @@ std::int32_t most_litters(const ModelHerd& herd, const ModelParent& sire) {
 
 /// What a sire's share of the litters goes by.
 double weight_of(const ModelBasis& basis, const ModelParent& sire) {
-  const double mean_use = sire.sum_use / static_cast<double>(std::max(sire.years, 1));
+  const double mean_use = sire.sum_use / std::max(sire.years, 1);
   return std::pow(sire.use, basis.use_power) * std::pow(std::max(mean_use, 0.01), basis.life_power);
 }
 
@@ -442,8 +442,9 @@ std::optional<double> find_parent_age(const ModelHerd& herd, std::int32_t year) 
   MeanAge sires, dams;
   const auto add = [&](MeanAge& mean, const YoungOf& family, std::int32_t parent) {
     if (parent == 0 || herd.birth_year[place(parent)] == 0) return;
-    mean.years += static_cast<double>(family.young) * static_cast<double>(year - herd.birth_year[place(parent)]);
-    mean.young += static_cast<double>(family.young);
+    const double young = family.young;
+    mean.years += young * (year - herd.birth_year[place(parent)]);
+    mean.young += young;
   };
   for (const YoungOf& family : herd.youngest) {
     add(sires, family, family.sire);
@@ -573,7 +574,7 @@ bool has_table(const ModelBasis& basis, const BreedingRules& rules, std::int32_t
   const double trend = std::max(1.0, 1.0 + rules.trend * years);
   const double growth = std::max({1.0, trend * factor_of(rules.litters, litters), factor_of(rules.sires, sires)});
   const double rows = static_cast<double>(basis.table.animal_of.size());
-  const double imports = static_cast<double>(rules.imports.of_males + rules.imports.of_females);
+  const double imports = rules.imports.of_males + rules.imports.of_females;
   return growth * rows + years_of_imports * imports <= most_rows_of_herd;
 }
 

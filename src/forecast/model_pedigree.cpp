@@ -14,7 +14,7 @@ double variance_of(const ModelPedigree& pedigree, std::int32_t sire, std::int32_
 std::int32_t place_genes(std::span<const YoungOf> families, std::vector<double>& weights) {
   std::int32_t highest = 0;
   for (const YoungOf& family : families) {
-    const double half = 0.5 * static_cast<double>(family.young);
+    const double half = 0.5 * family.young;
     weights[static_cast<std::size_t>(family.sire)] += half;
     weights[static_cast<std::size_t>(family.dam)] += half;
     highest = std::max({highest, family.sire, family.dam});
@@ -38,8 +38,8 @@ YearKinship describe_year(const ModelPedigree& pedigree, std::span<const YoungOf
   double inbreeding = 0.0, relationships = 0.0;
   for (const YoungOf& family : families) {
     year.animals += family.young;
-    inbreeding += static_cast<double>(family.young) * double{family.f};
-    relationships += static_cast<double>(family.young) * variance_of(pedigree, family.sire, family.dam);
+    inbreeding += family.young * double{family.f};
+    relationships += family.young * variance_of(pedigree, family.sire, family.dam);
   }
   for (std::int32_t j = place_genes(families, weights); j > 0; --j) {
     const double own = weights[static_cast<std::size_t>(j)];
@@ -63,7 +63,7 @@ YearKinship describe_year(const ModelPedigree& pedigree, std::span<const YoungOf
 std::vector<double> mean_kinship_with_young(const ModelPedigree& pedigree, std::span<const YoungOf> families) {
   std::vector<double> genes(static_cast<std::size_t>(pedigree.count()) + 1, 0.0);
   double young = 0.0;
-  for (const YoungOf& family : families) young += static_cast<double>(family.young);
+  for (const YoungOf& family : families) young += family.young;
   place_genes(families, genes);
   for (std::int32_t j = pedigree.count(); j > 0; --j) {
     const double half = 0.5 * genes[static_cast<std::size_t>(j)];

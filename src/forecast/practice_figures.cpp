@@ -38,7 +38,7 @@ struct FamilySums {
 
 void add_family(const FamilyRecords& records, const Family& family, FamilySums& sums) {
   const PopulationStore& store = records.store;
-  const double young = static_cast<double>(family.young);
+  const double young = family.young;
   sums.young += young;
   if (family.descent() == Descent::half_known) sums.half_known += young;
   if (family.descent() == Descent::founder) sums.founders += young;
@@ -85,11 +85,11 @@ EndedCareers measure_lives(const CareerRecords& careers) {
     if (careers.last_year - career.last_year() <= longest_pause) continue;
     ++ended.count;
     ended.years += static_cast<double>(career.use.size());
-    ended.families += static_cast<double>(career.families);
+    ended.families += career.families;
   }
   if (ended.count == 0) return ended;
-  ended.years /= static_cast<double>(ended.count);
-  ended.families /= static_cast<double>(ended.count);
+  ended.years /= ended.count;
+  ended.families /= ended.count;
   return ended;
 }
 
@@ -133,15 +133,15 @@ CountedPractice count_practice(const MonitorTables& tables, const BirthYears& ye
 FamilyPractice measure_practice(const FamilyRecords& records, const BasePeriod& base) {
   FamilyPractice practice;
   FamilySums sums;
-  const double years = static_cast<double>(base.length());
+  const double years = base.length();
   for (std::int32_t year = base.first_year; year <= base.last_year; ++year) {
     for (const Family& family : records.of_year(year)) add_family(records, family, sums);
     practice.top_sire += share_of_top_sire(records.of_year(year)) / years;
   }
   for (const std::vector<GroupYear>& year : base.base_years()) {
     for (const GroupYear& group : year) {
-      practice.sires_a_year += static_cast<double>(group.in_use.of_males) / years;
-      practice.dams_a_year += static_cast<double>(group.in_use.of_females) / years;
+      practice.sires_a_year += group.in_use.of_males / years;
+      practice.dams_a_year += group.in_use.of_females / years;
     }
   }
   practice.litters_per_sire = ratio(sums.with_sire, years * practice.sires_a_year);

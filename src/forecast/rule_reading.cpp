@@ -107,7 +107,7 @@ std::optional<double> read_real(std::string_view text, bool may_have_sign = fals
       is_behind_point = true;
       continue;
     }
-    value = value * 10.0 + static_cast<double>(digit - '0');
+    value = value * 10.0 + (digit - '0');
     if (is_behind_point) scale *= 10.0;
   }
   return (text.starts_with('-') ? -value : value) / scale;

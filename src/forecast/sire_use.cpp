@@ -13,7 +13,7 @@ std::vector<double> quotas_of(std::span<const SireShare> sires, double litters, 
   for (const SireShare& sire : sires) least_use = std::min(least_use, sire.use);
   double lowest = 0.0, highest = (litters + 1.0) / least_use;
   const auto quota = [&](const SireShare& sire, double multiple) {
-    return std::clamp(sire.use * multiple, least, static_cast<double>(sire.most));
+    return std::clamp<double>(sire.use * multiple, least, sire.most);
   };
   constexpr int steps = 60;
   for (int step = 0; step < steps; ++step) {

@@ -45,7 +45,7 @@ AncestorPedigree pedigree_of(const PopulationStore& store, std::span<const std::
 }
 
 ByNumber<float> inbreeding_of_ancestors(const PopulationStore& store, const AncestorPedigree& ancestors) {
-  ByNumber<float> inbreeding(static_cast<std::size_t>(ancestors.count()));
+  ByNumber<float> inbreeding(ancestors.count());
   for (std::int32_t j = 1; j <= ancestors.count(); ++j) inbreeding[j] = store.inbreeding[ancestors.position[j]];
   return inbreeding;
 }

@@ -5,18 +5,14 @@
 #include "core/memory_hints.h"
 
 namespace pedigreewatch {
-namespace {
-
-constexpr std::int32_t ahead = static_cast<std::int32_t>(look_ahead);
-
-}  // namespace
+namespace {}  // namespace
 
 ByNumber<double> gene_contributions(const ByNumber<std::int32_t>& sire, const ByNumber<std::int32_t>& dam,
                                     ByNumber<double> weights) {
   for (std::int32_t j = weights.last(); j > 0; --j) {
-    if (j > ahead) {
-      fetch_early(&weights[sire[j - ahead]]);
-      fetch_early(&weights[dam[j - ahead]]);
+    if (j > look_ahead) {
+      fetch_early(&weights[sire[j - look_ahead]]);
+      fetch_early(&weights[dam[j - look_ahead]]);
     }
     const double half = 0.5 * weights[j];
     weights[sire[j]] += half;
@@ -29,9 +25,9 @@ ByNumber<double> gene_contributions(const ByNumber<std::int32_t>& sire, const By
 ByNumber<double> weighted_relationships(const ByNumber<std::int32_t>& sire, const ByNumber<std::int32_t>& dam,
                                         const ByNumber<double>& within_family_variance, ByNumber<double> genes) {
   for (std::int32_t j = 1; j <= genes.last(); ++j) {
-    if (genes.last() - j >= ahead) {
-      fetch_early(&genes[sire[j + ahead]]);
-      fetch_early(&genes[dam[j + ahead]]);
+    if (genes.last() - j >= look_ahead) {
+      fetch_early(&genes[sire[j + look_ahead]]);
+      fetch_early(&genes[dam[j + look_ahead]]);
     }
     const double of_parents = 0.5 * (genes[sire[j]] + genes[dam[j]]);
     genes[j] = of_parents + within_family_variance[j] * genes[j];

@@ -42,12 +42,12 @@ float change_between(float before, float now) {
 }  // namespace
 
 float log_of_complement(float value) {
-  return static_cast<float>(std::log(static_cast<double>(1.0F - value)));
+  return static_cast<float>(std::log(double{1.0F - value}));
 }
 
 float rate_between(float first, float last, float exponent) {
   const float ratio = (1.0F - last) / (1.0F - first);
-  return 1.0F - static_cast<float>(std::pow(static_cast<double>(ratio), static_cast<double>(exponent)));
+  return 1.0F - static_cast<float>(std::pow(double{ratio}, double{exponent}));
 }
 
 float regression_slope(std::span<const std::int32_t> x, std::span<const float> y) {

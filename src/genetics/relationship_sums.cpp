@@ -43,7 +43,7 @@ std::vector<PassGroups> plan_passes(std::int32_t group_count) {
 
 /// The animals with the lanes that their groups have in one pass.
 GroupedAnimals animals_of_pass(const GroupedAnimals& animals, const PassGroups& pass) {
-  ByNumber<std::int32_t> lane_of_group(static_cast<std::size_t>(animals.group_count), -1);
+  ByNumber<std::int32_t> lane_of_group(animals.group_count, -1);
   std::int32_t lane = 0;
   for (const std::int32_t group : pass) lane_of_group[group] = lane++;
   GroupedAnimals result{animals.positions, {}, lane};
@@ -103,11 +103,10 @@ void hand_on_weights(RelationshipWork& work, std::int32_t highest, std::span<Pas
   const AncestorPedigree& ancestors = work.ancestors;
   double* const weights = work.weights.weights.data();
   const auto lanes_of = [&](std::int32_t j) { return weights + static_cast<std::size_t>(j) * Width; };
-  constexpr std::int32_t ahead = static_cast<std::int32_t>(look_ahead);
   for (std::int32_t j = highest; j > 0; --j) {
-    if (j > ahead) {
-      fetch_early(lanes_of(ancestors.sire[j - ahead]));
-      fetch_early(lanes_of(ancestors.dam[j - ahead]));
+    if (j > look_ahead) {
+      fetch_early(lanes_of(ancestors.sire[j - look_ahead]));
+      fetch_early(lanes_of(ancestors.dam[j - look_ahead]));
     }
     double* const place = lanes_of(j);
     Lanes<Width> own;

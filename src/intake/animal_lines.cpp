@@ -44,7 +44,7 @@ bool is_same_heading(std::string_view field, std::string_view heading) {
 bool repeats_headings(const ExportRecord& record, const ColumnChoice& columns) {
   int same = 0, filled = 0;
   for (const FieldCode code : pedigree_fields) {
-    const auto& place = columns.place[static_cast<std::size_t>(code)];
+    const auto& place = columns.place[code];
     if (!place || *place >= record.fields.size()) continue;
     const std::string_view field = trimmed(record.fields[*place]);
     filled += field.empty() ? 0 : 1;
@@ -135,7 +135,7 @@ RecordReader read_animals(std::string_view text, char delimiter, const ColumnCho
 
 RecordKind kind_of_record(const ExportRecord& record, const ColumnChoice& columns) {
   if (record.is_unterminated) return RecordKind::animal;  // it is refused, with its line
-  if (!columns.place[static_cast<std::size_t>(id_column)]) return kind_without_columns(record, columns);
+  if (!columns.place[id_column]) return kind_without_columns(record, columns);
   if (tells_of_no_animal(record, columns)) return is_blank(record) ? RecordKind::blank : RecordKind::remark;
   if (columns.has_header && (repeats_headings(record, columns) || holds_other_headings(record, columns))) {
     return RecordKind::header_again;
@@ -197,7 +197,7 @@ std::int64_t find_count_line(std::string_view text, char delimiter, const Column
 }
 
 std::string_view field_of(const ExportRecord& record, const ColumnChoice& columns, FieldCode code) {
-  const auto& place = columns.place[static_cast<std::size_t>(code)];
+  const auto& place = columns.place[code];
   return place && *place < record.fields.size() ? record.fields[*place] : std::string_view();
 }
 

@@ -52,7 +52,7 @@ std::string name_of_place(std::size_t place, const ColumnChoice& columns) {
 }
 
 std::string name_of_column(const ColumnWish& wish, const ColumnChoice& columns) {
-  const auto& place = columns.place[static_cast<std::size_t>(wish.code)];
+  const auto& place = columns.place[wish.code];
   if (wish.column == "none" || !place || !columns.has_header) return wish.column;
   return name_of_place(*place, columns);
 }

@@ -33,7 +33,7 @@ void add_wished_columns(const PrepareOptions& options, const ColumnChoice& colum
   for (const std::string& wish : options.availability.names) {
     const std::vector<std::size_t> found = find_columns(wish, columns);
     if (found.empty()) {
-      const auto count = static_cast<std::int64_t>(columns.headings.size());
+      const std::int64_t count = std::ssize(columns.headings);
       survey.questions.push_back(
           {QuestionKind::no_such_availability, {wish, count}, Setting::availability, unused_column, {{"none", {}}}});
     }

@@ -53,7 +53,7 @@ Corrector make_corrector(std::span<const Correction> corrections, const ColumnCh
 }
 
 std::optional<std::size_t> place_of(const Corrector& corrector, FieldCode field) {
-  const std::optional<std::size_t> place = corrector.columns.place[static_cast<std::size_t>(field)];
+  const std::optional<std::size_t> place = corrector.columns.place[field];
   if (!place || corrector.animal == nullptr) return place;
   const auto own = std::find_if(corrector.animal->begin(), corrector.animal->end(),
                                 [&](const FieldMove& move) { return move.to == *place; });

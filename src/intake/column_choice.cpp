@@ -35,10 +35,6 @@ constexpr std::array<FieldCode, 10> written_order = {
     id_column,  name_column,   sex_column,     birthdate_column,     sire_column,
     dam_column, colour_column, breeder_column, subpopulation_column, import_column};
 
-std::size_t index_of(FieldCode code) {
-  return static_cast<std::size_t>(code);
-}
-
 /// A question for the column of a field, answered with the number of one of these columns.
 Question ask_for_column(QuestionKind kind, FieldCode code, Values values, const ColumnList& columns) {
   Question question = {kind, std::move(values), Setting::column, code, {}};
@@ -58,9 +54,9 @@ void obey(const ColumnWish& wish, ColumnChoice& choice) {
   const std::vector<std::size_t> found = find_columns(wish.column, choice);
   const FieldName name = {wish.code};
   if (found.size() == 1) {
-    choice.place[index_of(wish.code)] = found.front();
+    choice.place[wish.code] = found.front();
   } else if (found.empty()) {
-    const auto count = static_cast<std::int64_t>(choice.headings.size());
+    const std::int64_t count = std::ssize(choice.headings);
     choice.questions.push_back(
         ask_for_column(QuestionKind::no_such_column, wish.code, {name, wish.column, count}, all_columns(choice)));
   } else {
@@ -111,11 +107,11 @@ void follow_header(const PrepareOptions& options, const ColumnContents* contents
       if (is_left_out && is_required(code) && code != sex_column) ask_for_missing(code, choice);
       continue;
     }
-    std::vector<std::size_t>& places = best[index_of(code)];
+    std::vector<std::size_t>& places = best[code];
     std::erase_if(places, [&](std::size_t column) { return holds_field(choice, column); });
     if (places.size() == 1) {
-      choice.place[index_of(code)] = places.front();
-      choice.is_by_content[index_of(code)] = by_heading[index_of(code)] != places;
+      choice.place[code] = places.front();
+      choice.is_by_content[code] = by_heading[code] != places;
     }
     if (places.size() > 1) ask_which(code, places, contents, choice);
     if (places.empty() && is_required(code)) ask_for_missing(code, choice);
@@ -181,7 +177,7 @@ void ask_which(FieldCode code, std::span<const std::size_t> places, const Column
 }
 
 std::string_view description_of(FieldCode code, ToolLanguage language) {
-  return words_of(descriptions[index_of(code)], language);
+  return words_of(descriptions[code], language);
 }
 
 std::span<const FieldCode> written_fields() {

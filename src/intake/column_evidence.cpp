@@ -69,7 +69,7 @@ bool is_parent(FieldCode code) {
 /// columns hold parents and sex.
 void compare_sexes(ColumnEvidence& evidence, std::size_t id, const ColumnContents& contents,
                    const ColumnChoice& columns) {
-  const auto place_of = [&](FieldCode code) { return columns.place[static_cast<std::size_t>(code)]; };
+  const auto place_of = [&](FieldCode code) { return columns.place[code]; };
   const auto sex = place_of(sex_column), sire = place_of(sire_column), dam = place_of(dam_column);
   const std::size_t count = contents.profiles.size();
   if (!sex || !sire || !dam || *sex >= count || *sire >= count || *dam >= count) return;

@@ -24,7 +24,7 @@ void keep_best(std::vector<ColumnMatch>& matches) {
 }
 
 std::optional<std::size_t> place_of(const ColumnChoice& columns, FieldCode code) {
-  return columns.place[static_cast<std::size_t>(code)];
+  return columns.place[code];
 }
 
 MatchList list_matches(const std::vector<ColumnMatch>& matches, const ColumnChoice& columns) {

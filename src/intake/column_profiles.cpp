@@ -81,7 +81,7 @@ std::int64_t count_common(const TextSet& texts, const TextSet& others) {
 std::int64_t count_parents(const TextSet& texts, std::span<const ColumnProfile> profiles, const ColumnChoice& columns) {
   std::int64_t count = 0;
   for (const FieldCode code : {sire_column, dam_column}) {
-    const auto& place = columns.place[static_cast<std::size_t>(code)];
+    const auto& place = columns.place[code];
     if (place && *place < profiles.size()) count += count_common(profiles[*place].texts, texts);
   }
   return count;

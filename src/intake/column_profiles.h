@@ -40,7 +40,7 @@ std::int64_t count_common(const TextSet& texts, const TextSet& others);
 std::int64_t count_parents(const TextSet& texts, std::span<const ColumnProfile> profiles, const ColumnChoice& columns);
 
 inline std::int64_t size_of(const TextSet& texts) {
-  return static_cast<std::int64_t>(texts.size());
+  return std::ssize(texts);
 }
 
 /// Of how many different animals that a column names the sex is known by a word.

@@ -79,7 +79,7 @@ constexpr std::array<std::string_view, field_count> option_names = {
 /// The meaning of a folded word in the table of the data file.
 WordMeaning meaning_in_table(std::string_view word) {
   for (const HeaderWord& entry : all_header_words()) {
-    if (folded(entry.word) == word) return {static_cast<FieldCode>(entry.code), WordFit::table};
+    if (folded(entry.word) == word) return {entry.code, WordFit::table};
   }
   return {};
 }
@@ -115,13 +115,13 @@ ColumnPlaces recognise_columns(std::span<const std::string> header, ColumnPlaces
   std::array<WordFit, field_count> best = {};
   for (const std::string& word : header) {
     meanings.push_back(meaning_of(word));
-    WordFit& fit = best[static_cast<std::size_t>(meanings.back().code)];
+    WordFit& fit = best[meanings.back().code];
     fit = std::max(fit, meanings.back().fit);
   }
   ColumnPlaces places;
   for (std::size_t place = 0; place < meanings.size(); ++place) {
-    const std::size_t code = static_cast<std::size_t>(meanings[place].code);
-    if (meanings[place].code == unused_column) continue;
+    const FieldCode code = meanings[place].code;
+    if (code == unused_column) continue;
     (meanings[place].fit == best[code] ? places : further)[code].push_back(place);
   }
   return places;
@@ -129,7 +129,7 @@ ColumnPlaces recognise_columns(std::span<const std::string> header, ColumnPlaces
 
 std::size_t count_known_words(std::span<const std::string_view> record) {
   std::array<bool, field_count> is_named = {};
-  for (const std::string_view word : record) is_named[static_cast<std::size_t>(meaning_of(word).code)] = true;
+  for (const std::string_view word : record) is_named[meaning_of(word).code] = true;
   return static_cast<std::size_t>(std::count(is_named.begin() + 1, is_named.end(), true));
 }
 
@@ -147,7 +147,7 @@ FieldCode field_named(std::string_view name) {
 }
 
 std::string_view option_name_of(FieldCode code) {
-  return option_names[static_cast<std::size_t>(code)];
+  return option_names[code];
 }
 
 }  // namespace pedigreewatch

@@ -28,7 +28,7 @@ void count_animal(const ExportRecord& record, const ColumnChoice& columns, Concl
 
 /// Whether one of several animals on a line has no column for its sex.
 bool lack_own_sexes(const ColumnChoice& columns) {
-  const auto& sex = columns.place[static_cast<std::size_t>(sex_column)];
+  const auto& sex = columns.place[sex_column];
   const auto lacks = [&](const LineAnimal& animal) {
     return std::any_of(animal.begin(), animal.end(), [&](const FieldMove& move) {
       return sex && move.to == *sex && move.from >= columns.headings.size();
@@ -40,11 +40,11 @@ bool lack_own_sexes(const ColumnChoice& columns) {
 }  // namespace
 
 bool lack_sexes(const ColumnChoice& columns) {
-  return !columns.place[static_cast<std::size_t>(sex_column)] || lack_own_sexes(columns);
+  return !columns.place[sex_column] || lack_own_sexes(columns);
 }
 
 bool lacks_sex(const ColumnChoice& columns, bool is_further) {
-  if (!columns.place[static_cast<std::size_t>(sex_column)]) return true;
+  if (!columns.place[sex_column]) return true;
   return is_further && lack_own_sexes(columns);
 }
 

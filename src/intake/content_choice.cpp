@@ -15,10 +15,6 @@ namespace {
 
 constexpr std::int64_t fewest_judged_texts = 20;
 
-std::size_t index_of(FieldCode code) {
-  return static_cast<std::size_t>(code);
-}
-
 /// Everything that the choice is made from.
 struct ContentCase {
   const ColumnContents& contents;
@@ -88,7 +84,7 @@ void prefer_dates(const ContentCase& content, std::vector<std::size_t>& places) 
 /// Ids are nearly all different.
 bool holds_ids(const ColumnProfile& profile) {
   constexpr std::int64_t tolerated = 50;
-  const auto different = static_cast<std::int64_t>(profile.texts.size());
+  const std::int64_t different = std::ssize(profile.texts);
   return different >= fewest_judged_texts && (profile.texts_read - different) * tolerated <= profile.texts_read;
 }
 
@@ -103,11 +99,11 @@ bool is_linked(const ContentCase& content, std::size_t parents, std::size_t id) 
 std::vector<std::size_t> allowed(FieldCode code, const ContentCase& content, const ColumnPlaces& best,
                                  const ColumnPlaces& further) {
   std::vector<std::size_t> places;
-  if (const auto& chosen = content.choice.place[index_of(code)]) {
+  if (const auto& chosen = content.choice.place[code]) {
     places.push_back(*chosen);
   } else {
-    places = best[index_of(code)];
-    places.insert(places.end(), further[index_of(code)].begin(), further[index_of(code)].end());
+    places = best[code];
+    places.insert(places.end(), further[code].begin(), further[code].end());
   }
   std::erase_if(places, [&](std::size_t k) { return k >= content.contents.profiles.size(); });
   return places;
@@ -175,29 +171,29 @@ void narrow_by_content(const ColumnContents& contents, const ColumnPlaces& furth
                        ColumnPlaces& best) {
   const ContentCase content = open_case(contents, choice);
   const auto fill_in = [&](FieldCode code, bool (*fits)(const ColumnProfile&)) {
-    if (choice.place[index_of(code)] || !best[index_of(code)].empty()) return;
-    best[index_of(code)] = open_columns(content, [&](std::size_t k) { return fits(content.at(k)); });
+    if (choice.place[code] || !best[code].empty()) return;
+    best[code] = open_columns(content, [&](std::size_t k) { return fits(content.at(k)); });
   };
   fill_in(sex_column, holds_sexes);
   fill_in(birthdate_column, holds_dates);
-  std::vector<std::size_t>& births = best[index_of(birthdate_column)];
+  std::vector<std::size_t>& births = best[birthdate_column];
   prefer_dates(content, births);
-  if (births.empty() && !choice.place[index_of(birthdate_column)]) {
+  if (births.empty() && !choice.place[birthdate_column]) {
     births = open_columns(
         content, [&](std::size_t k) { return names_birth_year(choice.headings[k]) && holds_years(content.at(k)); });
   }
-  std::optional<std::size_t> sex = choice.place[index_of(sex_column)];
-  if (!sex && best[index_of(sex_column)].size() == 1) sex = best[index_of(sex_column)].front();
+  std::optional<std::size_t> sex = choice.place[sex_column];
+  if (!sex && best[sex_column].size() == 1) sex = best[sex_column].front();
   std::vector<Kinship> kinships = find_kinships(content, best, further, sex);
   std::vector<std::size_t> ids;
   for (const Kinship& kinship : kinships) ids.push_back(kinship.id);
-  settle(std::move(ids), best[index_of(id_column)]);
-  if (best[index_of(id_column)].size() != 1) return;
-  const std::size_t id = best[index_of(id_column)].front();
+  settle(std::move(ids), best[id_column]);
+  if (best[id_column].size() != 1) return;
+  const std::size_t id = best[id_column].front();
   for (const Kinship& kinship : kinships) {
     if (kinship.id != id) continue;
-    settle(kinship.sires, best[index_of(sire_column)]);
-    settle(kinship.dams, best[index_of(dam_column)]);
+    settle(kinship.sires, best[sire_column]);
+    settle(kinship.dams, best[dam_column]);
   }
 }
 

@@ -132,7 +132,7 @@ void remark_names(RemarkKind kind, FieldCode code, const TextCounts& counts, con
                   std::vector<Remark>& remarks) {
   const ListedTexts texts = {{names.begin(), names.end()}, code};
   const auto is_listed = [&](const CountedText& entry) { return texts.has(entry); };
-  remarks.push_back({kind, {static_cast<std::int64_t>(names.size()), list_counted(counts, is_listed)}});
+  remarks.push_back({kind, {std::ssize(names), list_counted(counts, is_listed)}});
   const CountedList left_out = list_counted(counts, [&](const CountedText& entry) { return !texts.has(entry); });
   if (!left_out.texts.empty()) remarks.push_back({RemarkKind::names_left_out, {left_out}});
   remark_absent_names(counts, code, names, remarks);
@@ -148,8 +148,8 @@ void remark_joined_names(const TextCounts& counts, const PreparePlan& plan, std:
     ++names;
     animals += entry.count;
   }
-  remarks.push_back({RemarkKind::subpopulations_found,
-                     {static_cast<std::int64_t>(plan.subpopulations.size()), list_counted(counts, is_listed)}});
+  remarks.push_back(
+      {RemarkKind::subpopulations_found, {std::ssize(plan.subpopulations), list_counted(counts, is_listed)}});
   remarks.push_back(
       {RemarkKind::names_joined, {names, animals, decode(plan.joined_subpopulation, Encoding::windows_1252).text}});
   if (plan.own_subpopulations.empty()) remarks.push_back({RemarkKind::names_all_joined, {plan.least_animals}});

@@ -77,7 +77,7 @@ std::vector<Answer> other_columns(const ColumnChoice& columns) {
 /// Whether the column is the right one. Where none of its texts is a date, no answer makes it so.
 void ask_for_column(const DateSurvey& dates, const DatePlan& plan, const ColumnChoice& columns,
                     const PrepareOptions& options, std::vector<Question>& questions) {
-  const std::size_t place = *columns.place[static_cast<std::size_t>(birthdate_column)];
+  const std::size_t place = *columns.place[birthdate_column];
   const DateCounts counts = count_dates(dates, plan);
   const ColumnList column = list_columns(std::span(&place, 1), columns);
   const std::vector<Answer> chosen = {{std::to_string(place + 1), columns.headings[place]}};

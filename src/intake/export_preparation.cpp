@@ -303,7 +303,7 @@ void compare_ids(const PrepareOptions& options, Preparation& result) {
 void ask_for_rivals(FieldCode code, std::vector<std::size_t> places, Preparation& read) {
   const ColumnContents contents = {read.text, read.reading.delimiter,
                                    profile_columns(read.text, read.reading.delimiter, read.columns)};
-  places.push_back(*read.columns.place[static_cast<std::size_t>(code)]);
+  places.push_back(*read.columns.place[code]);
   std::sort(places.begin(), places.end());
   ask_which(code, places, &contents, read.columns);
 }

@@ -16,10 +16,6 @@ namespace {
 template <typename Text>
 constexpr std::size_t width_of_text = Text().full().size();
 
-std::size_t index_of(FieldCode code) {
-  return static_cast<std::size_t>(code);
-}
-
 /// Notes the bytes of a text; yields whether some are no visible ASCII.
 bool note_bytes(std::array<bool, 256>& occurs, std::string_view text) {
   bool needs_care = false;
@@ -42,7 +38,7 @@ void survey_writing(ExportSurvey& survey, FieldCode code, std::string_view text,
   survey.letters.invisible += of_sex.invisible;
   const std::size_t width = width_of(code);
   const bool is_too_long = width > 0 && written.size() > width;
-  if (is_too_long) note_text(survey.too_long[index_of(code)], line, text);
+  if (is_too_long) note_text(survey.too_long[code], line, text);
   if (!is_id(code) || (is_complete && !is_too_long)) return;
   LetterCounts ignored;
   written.clear();
@@ -64,7 +60,7 @@ void survey_parent(ExportSurvey& survey, std::string_view text, LinkRole role, c
     count_text(survey.unknown_parents, text, place.line);
   } else {
     note_parent(survey.links, text, role, place.line);
-    NumberForms& numbers = survey.numbers[index_of(role == sire_role ? sire_column : dam_column)];
+    NumberForms& numbers = survey.numbers[role == sire_role ? sire_column : dam_column];
     if (place.is_of_one_line) note_number(numbers, text, place.line);
     count_parent(survey.parent_texts, text, role, survey.animal_count, *place.id_style);
   }
@@ -75,7 +71,7 @@ void survey_id(ExportSurvey& survey, std::string_view text, const SurveyPlace& p
   if (text.empty()) return note_text(survey.without_id, line, text);
   if (means_unknown_parent(text)) count_text(survey.unknown_ids, text, line);
   note_role(survey.links, text, animal_role);
-  if (place.is_of_one_line) note_number(survey.numbers[index_of(id_column)], text, line);
+  if (place.is_of_one_line) note_number(survey.numbers[id_column], text, line);
 }
 
 void survey_meaning(ExportSurvey& survey, FieldCode code, std::string_view text, const SurveyPlace& place) {
@@ -100,7 +96,7 @@ void survey_meaning(ExportSurvey& survey, FieldCode code, std::string_view text,
 
 void survey_field(ExportSurvey& survey, FieldCode code, std::string_view field, const SurveyPlace& place) {
   const std::string_view text = trimmed(field);
-  survey.filled[index_of(code)] += text.empty() ? 0 : 1;
+  survey.filled[code] += text.empty() ? 0 : 1;
   survey.leading_blanks += !text.empty() && text.data() != field.data() ? 1 : 0;
   const bool needs_care = note_bytes(survey.occurs, text);
   const std::size_t width = width_of(code);
@@ -155,7 +151,7 @@ bool holds_two_lines(const ExportRecord& record, std::size_t column_count) {
 
 /// Notes of an animal how its sex is written, for comparing it with the parents.
 void survey_sex_of_animal(ExportSurvey& survey, const ExportRecord& record, const ColumnChoice& columns) {
-  if (!columns.place[index_of(sex_column)]) return;
+  if (!columns.place[sex_column]) return;
   const std::string_view id = trimmed(field_of(record, columns, id_column));
   const std::size_t sex = find_counted(survey.sexes, trimmed(field_of(record, columns, sex_column)));
   if (!id.empty() && sex != std::string_view::npos) note_sex(survey.links, id, sex);
@@ -175,7 +171,7 @@ std::string text_of_line(const ExportRecord& record) {
 /// Notes an animal that may be none: a place with a date below the last animal, the heading of a litter.
 void survey_odd_animal(ExportSurvey& survey, const ExportRecord& record, const ColumnChoice& columns) {
   const std::string_view id = trimmed(field_of(record, columns, id_column));
-  if (id.empty() || record.is_further || !columns.place[index_of(sex_column)]) return;
+  if (id.empty() || record.is_further || !columns.place[sex_column]) return;
   if (!means_unknown(trimmed(field_of(record, columns, sex_column))) || !is_unlike(columns.id_style, id)) return;
   note_text(survey.odd_ids, record.line, text_of_line(record), most_told_lines);
 }
@@ -249,7 +245,7 @@ ExportSurvey survey_export(std::string_view text, char delimiter, const ColumnCh
     const SurveyPlace place = {record.line, unknown, &columns.id_style,
                                !holds_two_lines(record, columns.headings.size())};
     for (const FieldCode code : written_fields()) {
-      if (columns.place[index_of(code)]) survey_field(survey, code, field_of(record, columns, code), place);
+      if (columns.place[code]) survey_field(survey, code, field_of(record, columns, code), place);
     }
     survey_sex_of_animal(survey, record, columns);
     survey_odd_animal(survey, record, columns);

@@ -163,7 +163,7 @@ bool have_relatives(std::string_view text, char delimiter, const ColumnChoice& c
 }  // namespace
 
 std::vector<HeadingTexts> find_heading_lines(std::string_view text, char delimiter, const ColumnChoice& columns) {
-  const bool has_id = columns.place[static_cast<std::size_t>(id_column)].has_value();
+  const bool has_id = columns.place[id_column].has_value();
   if (!columns.has_header || !has_id) return {};
   TextsBelow below;
   std::vector<TopAnimal> top = read_top_animals(text, delimiter, columns, below);

@@ -229,7 +229,7 @@ std::vector<Parent> sampled_parents(const ParentLinks& links) {
 }
 
 bool has_columns(const ColumnChoice& columns) {
-  const auto has = [&](FieldCode code) { return columns.place[static_cast<std::size_t>(code)].has_value(); };
+  const auto has = [&](FieldCode code) { return columns.place[code].has_value(); };
   return has(id_column) && (has(sire_column) || has(dam_column));
 }
 
@@ -244,14 +244,14 @@ IdProposal propose_id_rules(const ExportTable& table, const ParentLinks& links) 
   IdProposal best;
   if (!has_columns(table.columns)) return best;
   const std::vector<Parent> parents = sampled_parents(links);
-  best.without_line = static_cast<std::int64_t>(parents.size());
+  best.without_line = std::ssize(parents);
   if (best.without_line < fewest_explained_parents) return best;
   std::vector<RuleTrial> trials;
   for (const unsigned bits : tried_rules) trials.push_back(begin_trial(bits, parents));
   compare_all(table, parents, trials);
   for (RuleTrial& trial : trials) {
     const std::vector<IdPair> pairs = explained_by(trial, parents);
-    const auto count = static_cast<std::int64_t>(pairs.size());
+    const std::int64_t count = std::ssize(pairs);
     if (count > best.explained) best = {trial.rules, best.without_line, count, first_of(pairs)};
   }
   return best;

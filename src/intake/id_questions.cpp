@@ -14,7 +14,7 @@ namespace {
 constexpr auto id_fields = std::to_array({id_column, sire_column, dam_column});
 
 const NumberForms& numbers_of(const ExportSurvey& survey, FieldCode code) {
-  return survey.numbers[static_cast<std::size_t>(code)];
+  return survey.numbers[code];
 }
 
 /// One question for all columns.
@@ -22,7 +22,7 @@ void ask_for_destroyed(const ExportSurvey& survey, const ColumnChoice& columns, 
   std::vector<std::size_t> places;
   NotedTexts all;
   for (const FieldCode code : id_fields) {
-    const auto& place = columns.place[static_cast<std::size_t>(code)];
+    const auto& place = columns.place[code];
     const NotedTexts noted = destroyed_numbers(numbers_of(survey, code));
     if (!place || noted.count == 0) continue;
     places.push_back(*place);

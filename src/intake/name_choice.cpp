@@ -70,7 +70,7 @@ std::int64_t least_animals_to_offer(const std::vector<WrittenName>& names) {
 /// high as `oldest`.
 ReportBytes bytes_with(std::int64_t names, std::int64_t oldest, const ExportSurvey& survey, const PreparePlan& plan) {
   constexpr std::int64_t listed_breeders = std::int64_t{most_top_breeders} + 1, added_colours = 1;
-  const auto is_used = [&](FieldCode code) { return plan.columns.place[static_cast<std::size_t>(code)].has_value(); };
+  const auto is_used = [&](FieldCode code) { return plan.columns.place[code].has_value(); };
   const BirthSpan years = years_of_dates(survey.dates, plan.dates);
   ReportShape shape;
   shape.names = names;
@@ -102,7 +102,7 @@ NameChoiceList choices_among(const std::vector<WrittenName>& names, const Export
     const ReportBytes bytes = bytes_with(listed + (least > 0 ? 1 : 0), usual_oldest, survey, plan);
     list.choices.push_back({std::move(value), listed, least, bytes.all, bytes.longest_line});
   };
-  offer("all", static_cast<std::int64_t>(names.size()), 0);
+  offer("all", std::ssize(names), 0);
   const std::int64_t least = least_animals_to_offer(names);
   if (least > 0) offer(answer_for_least(least), names_with(names, least), least);
   offer("none", 0, 0);
@@ -164,7 +164,7 @@ std::vector<std::string> first_names(std::vector<WrittenName> written, std::int6
 
 /// False when the column is not used, or left out.
 bool has_names(FieldCode code, const NameWish& wish, PreparePlan& plan) {
-  auto& place = plan.columns.place[static_cast<std::size_t>(code)];
+  auto& place = plan.columns.place[code];
   if (wish.leaves_out) place.reset();
   return place.has_value();
 }
@@ -208,7 +208,7 @@ void choose_subpopulations(const ExportSurvey& survey, const NameWish& wish, Pre
     return;
   }
   std::vector<WrittenName> names = written_names(survey.subpopulations, subpopulation_column);
-  const auto all = static_cast<std::int64_t>(names.size());
+  const std::int64_t all = std::ssize(names);
   const std::int64_t listed = names_with(names, wish.least_animals);
   const bool has_others = listed < all;
   const bool is_asked =
@@ -227,15 +227,15 @@ void choose_colours(const ExportSurvey& survey, const NameWish& wish, PreparePla
   std::vector<WrittenName> names;
   if (wish.names.empty()) names = written_names(survey.colours, colour_column);
   if (names.size() > (wish.is_given ? colour_limit : most_colours)) {
-    plan.questions.push_back({QuestionKind::too_many_colours,
-                              {plan.columns.headings[*plan.columns.place[colour_column]],
-                               static_cast<std::int64_t>(survey.colours.texts.size())},
-                              Setting::colours,
-                              unused_column,
-                              {{"all", {}}, {"none", {}}}});
+    plan.questions.push_back(
+        {QuestionKind::too_many_colours,
+         {plan.columns.headings[*plan.columns.place[colour_column]], std::ssize(survey.colours.texts)},
+         Setting::colours,
+         unused_column,
+         {{"all", {}}, {"none", {}}}});
     return;
   }
-  const auto count = static_cast<std::int64_t>(names.size());
+  const std::int64_t count = std::ssize(names);
   plan.colours = wish.names.empty() ? first_names(std::move(names), count) : listed_once(wish.names, colour_column);
   std::erase_if(plan.colours, [](const std::string& name) { return is_among(name, colours_of_report); });
 }

@@ -67,7 +67,7 @@ std::array<std::optional<std::size_t>, 2> parent_name_places(const ColumnChoice&
   ColumnPlaces further;
   const ColumnPlaces found = recognise_columns(columns.headings, further);
   for (std::size_t parent = 0; parent < name_places.size(); ++parent) {
-    const std::vector<std::size_t>& places = found[static_cast<std::size_t>(parent_name_fields[parent])];
+    const std::vector<std::size_t>& places = found[parent_name_fields[parent]];
     if (places.size() == 1 && !holds_field(columns, places.front())) name_places[parent] = places.front();
   }
   return name_places;
@@ -77,7 +77,7 @@ std::string_view name_without_id(const ExportRecord& record, const ColumnChoice&
                                  const std::array<std::optional<std::size_t>, 2>& places, std::size_t parent) {
   const auto& place = places[parent];
   if (!place || *place >= record.fields.size()) return {};
-  if (!columns.place[static_cast<std::size_t>(parent_ids[parent])]) return {};
+  if (!columns.place[parent_ids[parent]]) return {};
   if (!means_unknown_parent(trimmed(field_of(record, columns, parent_ids[parent])))) return {};
   const std::string_view name = trimmed(record.fields[*place]);
   return means_unknown_parent(name) ? std::string_view() : name;
@@ -85,7 +85,7 @@ std::string_view name_without_id(const ExportRecord& record, const ColumnChoice&
 
 ParentNames find_parent_names(std::string_view text, char delimiter, const ColumnChoice& columns) {
   ParentNames names;
-  if (!columns.place[static_cast<std::size_t>(name_column)]) return names;
+  if (!columns.place[name_column]) return names;
   names.places = parent_name_places(columns);
   if (!names.places[0] && !names.places[1]) return names;
   collect_names(text, delimiter, columns, names);

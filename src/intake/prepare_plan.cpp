@@ -33,7 +33,7 @@ void choose_delimiter(const ExportSurvey& survey, PreparePlan& plan) {
 
 void choose_dates(const ExportSurvey& survey, const PrepareOptions& options, PreparePlan& plan) {
   plan.dates = plan_dates(survey.dates, {options.dates, options.serials, options.century, options.this_year});
-  if (!plan.columns.place[static_cast<std::size_t>(birthdate_column)]) return;
+  if (!plan.columns.place[birthdate_column]) return;
   for (Question& question : ask_for_dates(survey, plan.dates, plan.columns, options)) {
     plan.questions.push_back(std::move(question));
   }

@@ -30,7 +30,7 @@ constexpr std::array<Wording, field_count> headings = {{{"", ""},
 
 bool is_written(const PreparePlan& plan, FieldCode code) {
   if (code == sex_column && plan.concluded_sexes.are_needed) return true;
-  return plan.columns.place[static_cast<std::size_t>(code)].has_value();
+  return plan.columns.place[code].has_value();
 }
 
 /// The letter of a sex; nothing for an unknown one.
@@ -157,7 +157,7 @@ void append_column_codes(std::string& bytes, const PreparePlan& plan) {
   std::size_t count = 0;
   for (const FieldCode code : written_fields()) {
     if (!is_written(plan, code)) continue;
-    codes += " " + std::to_string(static_cast<int>(code));
+    codes += " " + std::to_string(code);
     ++count;
   }
   const bool is_dutch = plan.language == ToolLanguage::dutch;
@@ -175,7 +175,7 @@ void append_header(std::string& bytes, const PreparePlan& plan) {
   for (const FieldCode code : written_fields()) {
     if (!is_written(plan, code)) continue;
     if (bytes.size() > start) bytes.push_back(plan.delimiter);
-    bytes.append(words_of(headings[static_cast<std::size_t>(code)], plan.language));
+    bytes.append(words_of(headings[code], plan.language));
   }
   bytes.push_back('\n');
 }
@@ -247,14 +247,14 @@ bool make_data_file(std::string_view text, char delimiter, const PreparePlan& pl
     note_record(record, plan, lost, ++data_line, lines);
     note_parent_names(record, plan, names, data_line, lines);
     if (bytes.size() < piece_size) continue;
-    lines.data_bytes += static_cast<std::int64_t>(bytes.size());
+    lines.data_bytes += std::ssize(bytes);
     if (!target.take(target.receiver, bytes)) return false;
     bytes.clear();
   }
   // Without a header the program reads one line less than there are.
   if (!plan.columns.has_header) bytes.push_back('\n');
-  lines.data_bytes += static_cast<std::int64_t>(bytes.size());
-  lines.field_count = static_cast<std::int64_t>(plan.columns.headings.size());
+  lines.data_bytes += std::ssize(bytes);
+  lines.field_count = std::ssize(plan.columns.headings);
   if (target.lines != nullptr) *target.lines = std::move(lines);
   return target.take(target.receiver, bytes);
 }

@@ -131,7 +131,7 @@ bool names_further_young(std::string_view heading) {
 }
 
 std::vector<std::size_t> columns_like_ids(std::string_view text, char delimiter, const ColumnChoice& columns) {
-  const auto& id = columns.place[static_cast<std::size_t>(id_column)];
+  const auto& id = columns.place[id_column];
   std::vector<std::size_t> places = open_places(columns);
   if (!id || places.empty()) return {};
   places.push_back(*id);
@@ -147,7 +147,7 @@ std::vector<std::size_t> columns_like_ids(std::string_view text, char delimiter,
 RareYoung find_rare_young(std::span<const std::size_t> candidates, std::span<const ColumnProfile> profiles,
                           const ColumnChoice& columns) {
   RareYoung found;
-  const auto& id = columns.place[static_cast<std::size_t>(id_column)];
+  const auto& id = columns.place[id_column];
   if (!id || *id >= profiles.size()) return found;
   found.are_named = true;
   // Columns of names look alike.

@@ -42,7 +42,7 @@ void remark_cells(RemarkKind kind, const NotedCells& noted, std::vector<Remark>&
 
 void remark_sheet(const ReadingEvidence& reading, std::vector<Remark>& remarks) {
   const SheetTable& sheet = *reading.sheet;
-  remarks.push_back({RemarkKind::sheet_read, {sheet.sheet, static_cast<std::int64_t>(reading.sheet_names.size())}});
+  remarks.push_back({RemarkKind::sheet_read, {sheet.sheet, std::ssize(reading.sheet_names)}});
   remark_cells(RemarkKind::cells_with_errors, sheet.errors, remarks);
   remark_cells(RemarkKind::formulas_without_value, sheet.uncomputed, remarks);
   remark_cells(RemarkKind::dates_without_day, sheet.odd_dates, remarks);
@@ -62,22 +62,21 @@ void remark_delimiter(const ReadingEvidence& reading, const PrepareOptions& opti
 
 void remark_columns(const ExportSurvey& survey, const PreparePlan& plan, std::vector<Remark>& remarks) {
   const ColumnChoice& columns = plan.columns;
-  remarks.push_back({RemarkKind::columns_counted, {static_cast<std::int64_t>(columns.headings.size())}});
+  remarks.push_back({RemarkKind::columns_counted, {std::ssize(columns.headings)}});
   for (const FieldCode code : written_fields()) {
-    const auto& place = columns.place[static_cast<std::size_t>(code)];
+    const auto& place = columns.place[code];
     if (!place) continue;
     remarks.push_back({RemarkKind::column_used,
                        {static_cast<std::int64_t>(*place) + 1, columns.has_header ? columns.headings[*place] : "-",
-                        code, survey.filled[static_cast<std::size_t>(code)]}});
+                        code, survey.filled[code]}});
   }
   for (const FieldCode code : written_fields()) {
-    const std::size_t index = static_cast<std::size_t>(code);
-    if (!columns.place[index] || !columns.is_by_content[index]) continue;
-    const std::size_t place = *columns.place[index];
+    if (!columns.place[code] || !columns.is_by_content[code]) continue;
+    const std::size_t place = *columns.place[code];
     remarks.push_back({RemarkKind::column_by_content, {list_columns(std::span(&place, 1), columns), code}});
   }
   for (const FieldCode code : written_fields()) {
-    std::vector<std::size_t> further = columns.further[static_cast<std::size_t>(code)];
+    std::vector<std::size_t> further = columns.further[code];
     std::erase_if(further, [&](std::size_t place) { return holds_field(columns, place); });
     const ColumnList list = list_columns(further, columns);
     const bool is_young = code == id_column && !columns.animals_of_line.empty();

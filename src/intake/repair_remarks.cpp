@@ -37,7 +37,7 @@ void remark_shifts(const ExportSurvey& survey, const std::string& stem, std::vec
 
 void remark_cut_texts(const ExportSurvey& survey, const PreparePlan& plan, std::vector<Remark>& remarks) {
   for (const FieldCode code : written_fields()) {
-    const NotedTexts& noted = survey.too_long[static_cast<std::size_t>(code)];
+    const NotedTexts& noted = survey.too_long[code];
     if (noted.count == 0 || !is_in_use(plan, code)) continue;
     remarks.push_back({RemarkKind::texts_cut, {static_cast<std::int64_t>(width_of(code)), code, noted.count, noted}});
   }
@@ -50,8 +50,7 @@ void add_repair_remarks(const Preparation& read, const PrepareOptions& options, 
   const NotedTexts& other_counts = survey.other_field_counts;
   if (other_counts.count > 0) {
     remarks.push_back(
-        {RemarkKind::column_counts_differ,
-         {other_counts.count, static_cast<std::int64_t>(read.plan.columns.headings.size()), other_counts}});
+        {RemarkKind::column_counts_differ, {other_counts.count, std::ssize(read.plan.columns.headings), other_counts}});
   }
   remark_noted(RemarkKind::lines_no_animals, survey.remark_lines, remarks);
   remark_noted(RemarkKind::headers_again, survey.headers_again, remarks);
@@ -65,8 +64,7 @@ void add_repair_remarks(const Preparation& read, const PrepareOptions& options, 
   const IdSubstitutes& substitutes = survey.id_substitutes;
   if (!substitutes.ids.empty()) {
     remarks.push_back(
-        {RemarkKind::ids_with_rules,
-         {*options.ids, static_cast<std::int64_t>(substitutes.ids.size()), IdPairList{substitutes.examples}}});
+        {RemarkKind::ids_with_rules, {*options.ids, std::ssize(substitutes.ids), IdPairList{substitutes.examples}}});
   }
   if (read.plan.leaves_out_thousands_signs) {
     std::int64_t count = 0;
@@ -100,7 +98,7 @@ void remark_count(RemarkKind kind, std::int64_t count, std::vector<Remark>& rema
 }
 
 bool is_in_use(const PreparePlan& plan, FieldCode code) {
-  return plan.columns.place[static_cast<std::size_t>(code)].has_value();
+  return plan.columns.place[code].has_value();
 }
 
 }  // namespace pedigreewatch

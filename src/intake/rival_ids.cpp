@@ -96,9 +96,9 @@ std::vector<std::size_t> find_rival_ids(const ExportTable& table, const ParentLi
   }
   std::vector<std::size_t> places;
   for (const RivalId& rival : rivals) {
-    const auto held = static_cast<std::int64_t>(rival.parents.size());
+    const std::int64_t held = std::ssize(rival.parents);
     const bool holds_as_many = held * 100 >= with_line * rival_percent && held * 2 > parents;
-    const bool is_id = are_nearly_different(static_cast<std::int64_t>(rival.ids.size()), rival.texts);
+    const bool is_id = are_nearly_different(std::ssize(rival.ids), rival.texts);
     const bool names_more = unnamed * animals_with_one_unnamed > animals && rival.named * 2 > unnamed;
     const bool is_rival = (is_id && rival.differs && holds_as_many) || ((is_id || rival.is_called_id) && names_more);
     if (is_rival) places.push_back(rival.place);

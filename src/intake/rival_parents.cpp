@@ -24,10 +24,6 @@ struct Rival {
   std::unordered_set<std::uint32_t> ids;  ///< hashes of its texts, those of the survey's sample
 };
 
-std::size_t index_of(FieldCode code) {
-  return static_cast<std::size_t>(code);
-}
-
 /// Whether the heading of a column may be that of a parent, and whether it says so.
 bool may_be_parent(const ColumnChoice& columns, std::size_t place, FieldCode parent, bool& names_parent) {
   if (!columns.has_header) return true;
@@ -87,7 +83,7 @@ bool holds_parents(const Rival& rival, const ExportSurvey& survey, FieldCode par
     const bool has_sex = sex >= 0 && static_cast<std::size_t>(sex) < sexes.size();
     wrong += has_sex && sexes[static_cast<std::size_t>(sex)] == wrong_sex ? 1 : 0;
   }
-  const auto different = static_cast<std::int64_t>(rival.ids.size());
+  const std::int64_t different = std::ssize(rival.ids);
   const bool are_enough = rival.names_parent || (different >= fewest_judged_parents && agrees(rival));
   return are_enough && with_line * 2 > different && wrong * deciding_majority <= with_line;
 }
@@ -99,7 +95,7 @@ std::vector<std::size_t> find_rival_parents(const ExportTable& table, const Expo
   constexpr std::int64_t judged_lines = 2000;  // enough to see that a column says something else
   const bool is_wished = std::any_of(options.columns.begin(), options.columns.end(),
                                      [&](const ColumnWish& wish) { return wish.code == parent; });
-  if (is_wished || !table.columns.place[index_of(parent)]) return {};
+  if (is_wished || !table.columns.place[parent]) return {};
   std::vector<Rival> rivals = rivals_by_heading(table.columns, parent);
   RecordReader reader = read_animals(table.text, table.delimiter, table.columns);
   ExportRecord record;

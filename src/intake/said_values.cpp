@@ -104,7 +104,7 @@ struct TextMaker {
       return entry.text.empty() ? phrase(line_only, language, {line})
                                 : phrase(line_and_text, language, {line, in_quotes(entry.text)});
     };
-    const std::int64_t more = noted.count - static_cast<std::int64_t>(noted.first.size());
+    const std::int64_t more = noted.count - std::ssize(noted.first);
     return joined(noted.first, ", ", words) + more_text(more, language);
   }
 
@@ -139,7 +139,7 @@ struct TextMaker {
   }
 
   std::string operator()(const NotedCells& noted) const {
-    const std::int64_t more = noted.count - static_cast<std::int64_t>(noted.first.size());
+    const std::int64_t more = noted.count - std::ssize(noted.first);
     return joined(noted.first, ", ", [](const std::string& place) { return shown(place); }) + more_text(more, language);
   }
 

@@ -114,8 +114,8 @@ int likeness(const ColumnTexts& column, std::string_view text) {
   const auto are_nearly_all = [&](std::int64_t count) { return count * 10 >= column.filled * 9; };
   if (text.empty() || column.filled < fewest_texts) return 0;
   if (are_nearly_all(column.dates)) return is_full_date(text) ? 1 : -1;
-  const bool has_few_words = column.different.size() <= most_words_of_a_sex &&
-                             static_cast<std::int64_t>(column.different.size()) * 3 <= column.filled;
+  const bool has_few_words =
+      column.different.size() <= most_words_of_a_sex && std::ssize(column.different) * 3 <= column.filled;
   if (has_few_words) return column.different.contains(text) ? 1 : -1;
   // A heading may hold a number too: "Index 1".
   return are_nearly_all(column.with_digit) && !has_digit(text) ? -1 : 0;

@@ -158,7 +158,7 @@ std::optional<std::size_t> own_column(FieldCode code, std::size_t id, const Colu
 /// that of the first young; the others have none.
 void add_own_columns(FieldCode code, const ColumnChoice& columns, YoungColumns& young) {
   constexpr std::size_t nowhere = SIZE_MAX;
-  const auto& chosen = columns.place[static_cast<std::size_t>(code)];
+  const auto& chosen = columns.place[code];
   const std::optional<std::size_t> first = chosen ? chosen : own_column(code, young.ids.front(), columns);
   if (!first || std::find(young.ids.begin(), young.ids.end(), *first) != young.ids.end()) return;
   std::vector<std::size_t> places = {*first};
@@ -181,7 +181,7 @@ std::vector<std::size_t> wished_columns(const PrepareOptions& options, ColumnCho
     const std::vector<std::size_t> found = find_columns(wish, columns);
     if (found.empty()) {
       leave_out_questions_of_id(columns);
-      const auto count = static_cast<std::int64_t>(columns.headings.size());
+      const std::int64_t count = std::ssize(columns.headings);
       columns.questions.push_back(
           {QuestionKind::no_such_young, {wish, count}, Setting::young, unused_column, {{"none", {}}}});
       return {};
@@ -215,7 +215,7 @@ YoungColumns choose_rare_young(std::string_view text, char delimiter, std::span<
   if (candidates.empty()) return {};
   const RareYoung rare = find_rare_young(candidates, profile_columns(text, delimiter, columns), columns);
   if (rare.places.empty()) return {};
-  std::vector<std::size_t> ids = {*columns.place[static_cast<std::size_t>(id_column)]};
+  std::vector<std::size_t> ids = {*columns.place[id_column]};
   ids.insert(ids.end(), rare.places.begin(), rare.places.end());
   YoungColumns young = young_in(ids, groups, columns);
   young.is_certain = rare.are_named && rare.parents >= fewest_judged_parents;
@@ -263,7 +263,7 @@ YoungColumns young_in(std::span<const std::size_t> ids, std::span<const ColumnGr
   young.fields.push_back(id_column);
   for (const std::size_t id : ids) young.animals.push_back({{id, ids.front()}});
   for (const FieldCode code : own_fields) {
-    const auto& chosen = columns.place[static_cast<std::size_t>(code)];
+    const auto& chosen = columns.place[code];
     const auto fits = [&](const ColumnGroup& group) {
       const bool is_meant = chosen ? holds(group, *chosen) : group.code == code;
       return is_meant && group.places.size() == ids.size() && !holds(group, ids.front());
@@ -287,7 +287,7 @@ YoungColumns find_young(std::span<const ColumnGroup> groups, std::span<const Col
   for (const ColumnGroup& group : groups) {
     if (!group.is_open) continue;
     const GroupTexts texts = texts_of(group, profiles, columns);
-    const auto& id = columns.place[static_cast<std::size_t>(id_column)];
+    const auto& id = columns.place[id_column];
     const bool has_other_id =
         id && *id < profiles.size() && std::find(group.places.begin(), group.places.end(), *id) == group.places.end();
     const YoungEvidence evidence =

@@ -96,7 +96,7 @@ void keep_wanted(const MatingWork& work, const MatingPlan& plan, std::vector<Mat
   if (plan.limit) std::erase_if(pairs, [&](const MatingPair& pair) { return is_beyond(pair.f, *plan.limit); });
   if (!plan.best) return;
   order_pairs(work, pairs);
-  const std::int64_t count = std::min(static_cast<std::int64_t>(pairs.size()), *plan.best);
+  const std::int64_t count = std::min<std::int64_t>(std::ssize(pairs), *plan.best);
   pairs.resize(static_cast<std::size_t>(count));
 }
 
@@ -150,7 +150,8 @@ bool is_beyond(float f, double bound) {
 }
 
 std::int64_t pair_count(const MatingPlan& plan) {
-  return static_cast<std::int64_t>(plan.females.size()) * static_cast<std::int64_t>(plan.males.size());
+  const std::int64_t females = std::ssize(plan.females), males = std::ssize(plan.males);
+  return females * males;
 }
 
 std::vector<std::int32_t> candidates_of(const MatingPlan& plan) {

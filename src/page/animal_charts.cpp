@@ -244,7 +244,7 @@ Chart interval_chart(const PageFrame& frame) {
   add(sires_word, &MeanParentAges::sires, {true, false});
   add(dams_word, &MeanParentAges::dams, {false, true});
   add(both_parents, &MeanParentAges::parents, {true, true});
-  const double interval = static_cast<double>(frame.whole().interval.generation_interval);
+  const double interval = frame.whole().interval.generation_interval;
   if (std::isfinite(interval)) {
     chart.references.push_back(
         {interval, phrase(all_years, frame.language, {report_figure(interval, 2, frame.language)})});

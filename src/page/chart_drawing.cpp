@@ -24,9 +24,7 @@ struct Plane {
   double place_width = 1.0;
 
   double x(std::size_t place) const { return left + (static_cast<double>(place) + 0.5) * place_width; }
-  double y(double value) const {
-    return bottom - (value - axis.low) / (axis.high - axis.low) * static_cast<double>(bottom - top);
-  }
+  double y(double value) const { return bottom - (value - axis.low) / (axis.high - axis.low) * (bottom - top); }
 };
 
 Plane plane_of(const Chart& chart, int width, const ValueAxis& axis) {

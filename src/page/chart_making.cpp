@@ -45,7 +45,7 @@ CountLayers classes_of(const CountLayers& sizes, std::size_t most) {
   for (std::size_t k = 0; k < count; ++k) {
     const std::size_t last = std::min(k - k % width + width, count);
     const std::string name = k + 1 == last ? std::to_string(last) : std::to_string(k + 1) + "-" + std::to_string(last);
-    if (k % width == 0) classes.add(name, static_cast<std::int64_t>(sizes.counts[k].size()));
+    if (k % width == 0) classes.add(name, std::ssize(sizes.counts[k]));
     std::vector<std::int64_t>& counts = classes.counts.back();
     for (std::size_t year = 0; year < counts.size(); ++year) counts[year] += sizes.counts[k][year];
   }

@@ -69,7 +69,7 @@ std::string findings_sentence(const PageFrame& frame) {
   const auto looks = std::count_if(list.begin(), list.end(), [](const Finding& finding) {
     return kind_of(finding.code).severity == Severity::look;
   });
-  const auto serious = static_cast<std::int64_t>(list.size()) - looks;
+  const auto serious = std::ssize(list) - looks;
   if (list.empty()) return frame.text(nothing_found);
   if (serious == 0) return phrase(nothing_serious, frame.language, {std::to_string(looks)});
   const std::string text = phrase(something_found, frame.language, {std::to_string(serious)});

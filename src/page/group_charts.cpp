@@ -305,13 +305,11 @@ FigureTable subpopulation_sizes_table(const PageFrame& frame) {
   FigureTable table;
   for (const Wording& heading : size_headings) table.headings.push_back(frame.text(heading));
   for (const Block& block : frame.input.subpopulations) {
-    std::vector<std::string> cells = {
-        report_figure(static_cast<double>(block.interval.generation_interval), 2, frame.language)};
+    std::vector<std::string> cells = {report_figure(block.interval.generation_interval, 2, frame.language)};
     const GenerationRates& rates = block.rates;
     for (const GenerationRate* rate : {&rates.F_absolute, &rates.F_smoothed, &rates.f_absolute, &rates.f_smoothed}) {
-      cells.push_back(is_estimable(frame, *rate)
-                          ? report_figure(static_cast<double>(rate->effective_size), 2, frame.language)
-                          : not_estimable(frame));
+      cells.push_back(is_estimable(frame, *rate) ? report_figure(rate->effective_size, 2, frame.language)
+                                                 : not_estimable(frame));
     }
     table.rows.push_back({data_text(block.name), cells});
   }

@@ -50,7 +50,7 @@ std::int64_t parents_of(const PageFrame& frame, Row row, Sex sex) {
 
 /// The last row whose animals have had a generation interval's time to become parents.
 Row last_row_of_parents(const PageFrame& frame) {
-  const double interval = static_cast<double>(frame.whole().interval.generation_interval);
+  const double interval = frame.whole().interval.generation_interval;
   if (!std::isfinite(interval) || interval <= 0.0) return frame.years.last;
   const double years = std::min(std::ceil(interval), static_cast<double>(frame.years.last));
   return frame.years.last - static_cast<Row>(years);
@@ -88,8 +88,8 @@ MeanPoint mean_point(const std::vector<Value>& values, std::size_t first, std::s
 /// few known ancestors may be so far off that they would press everything else flat: they stand in the table alone.
 void add_slope(Chart& chart, const PageFrame& frame, const PeriodRate& period) {
   constexpr double lowest = -5.0, highest = 10.0;
-  const double rate = static_cast<double>(period.F);
-  const double interval = static_cast<double>(frame.whole().interval.generation_interval);
+  const double rate = period.F;
+  const double interval = frame.whole().interval.generation_interval;
   if (period.first < frame.years.first || !(rate >= lowest && rate <= highest) || !(interval > 0.0)) return;
   const std::size_t first = static_cast<std::size_t>(period.first - frame.years.first);
   const std::size_t last = static_cast<std::size_t>(period.last - frame.years.first);
@@ -141,9 +141,9 @@ FigureTable period_rates_table(const PageFrame& frame) {
   table.headings = {frame.text(period_heading), frame.text(F_rate), frame.text(f_rate)};
   for (const PeriodRate& period : frame.whole().periods.periods) {
     if (period.first < frame.years.first) continue;
-    table.rows.push_back({frame.year(period.first) + "-" + frame.year(period.last),
-                          {report_figure(static_cast<double>(period.F), decimals, frame.language),
-                           report_figure(static_cast<double>(period.f), decimals, frame.language)}});
+    table.rows.push_back(
+        {frame.year(period.first) + "-" + frame.year(period.last),
+         {report_figure(period.F, decimals, frame.language), report_figure(period.f, decimals, frame.language)}});
   }
   return table;
 }
@@ -168,13 +168,12 @@ FigureTable effective_size_table(const PageFrame& frame, const GenerationRates& 
   for (std::size_t way = 0; way < std::size(all); ++way) {
     const GenerationRate& rate = *all[way];
     const auto percent = [&](float value) {
-      return has_meaning ? report_figure(static_cast<double>(value), decimals, frame.language) : std::string(no_figure);
+      return has_meaning ? report_figure(value, decimals, frame.language) : std::string(no_figure);
     };
-    table.rows.push_back(
-        {frame.text(ways[way]),
-         {percent(rate.percent_per_year), percent(rate.percent_per_generation),
-          is_estimable(frame, rate) ? report_figure(static_cast<double>(rate.effective_size), decimals, frame.language)
-                                    : not_estimable(frame)}});
+    table.rows.push_back({frame.text(ways[way]),
+                          {percent(rate.percent_per_year), percent(rate.percent_per_generation),
+                           is_estimable(frame, rate) ? report_figure(rate.effective_size, decimals, frame.language)
+                                                     : not_estimable(frame)}});
   }
   return table;
 }

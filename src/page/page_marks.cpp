@@ -69,7 +69,7 @@ void keep_fastest(std::vector<Rise>& rises, std::size_t most) {
 }  // namespace
 
 void mark_rises(Chart& chart, const PageFrame& frame) {
-  const double interval = static_cast<double>(frame.whole().interval.generation_interval);
+  const double interval = frame.whole().interval.generation_interval;
   constexpr double longest = 1000.0, hundred = 100.0;
   if (!(interval > 0.0 && interval < longest)) return;
   std::vector<Rise> rises = find_rises(chart, interval);

@@ -110,7 +110,7 @@ std::vector<TrendPoint> points_of(const PageFrame& frame, float InbreedingRow::*
   for (Row row = frame.years.first; row <= frame.years.last; ++row) {
     const std::int32_t year = frame.store().birth_years.year_of(row);
     if (year < first_year || std::ssize(frame.animals(row)) < least_animals) continue;
-    points.push_back({year, std::max(0.0, hundred * static_cast<double>(frame.whole().inbreeding.of(row).*figure))});
+    points.push_back({year, std::max(0.0, hundred * (frame.whole().inbreeding.of(row).*figure))});
   }
   return points;
 }

@@ -91,7 +91,7 @@ std::vector<std::optional<double>> sizes_by_way(const PageFrame& frame) {
   for (const GenerationRate* const rate :
        {&rates.F_smoothed, &rates.f_smoothed, &rates.F_absolute, &rates.f_absolute}) {
     const bool is_known = is_estimable(frame, *rate);
-    sizes.push_back(is_known ? std::optional(static_cast<double>(rate->effective_size)) : std::nullopt);
+    sizes.push_back(is_known ? std::optional<double>(rate->effective_size) : std::nullopt);
   }
   return sizes;
 }
@@ -120,7 +120,7 @@ void write_sizes(std::string& page, const PageFrame& frame) {
 }
 
 std::string trust_text(const PageFrame& frame, Row row) {
-  const double equivalents = static_cast<double>(frame.whole().tables.completeness.of(row).equivalent_generations);
+  const double equivalents = frame.whole().tables.completeness.of(row).equivalent_generations;
   return phrase(equivalents_are, frame.language, {frame.year(row), report_figure(equivalents, 1, frame.language)}) +
          " " + frame.text(words_of_depth(equivalents));
 }
@@ -131,7 +131,7 @@ void write_summary(std::string& page, const PageFrame& frame) {
   write_paragraph(page, animals_text(frame));
   const std::optional<Row> row = telling_row(frame);
   if (row) {
-    const double F = std::max(0.0, static_cast<double>(frame.whole().inbreeding.of(*row).F));
+    const double F = std::max(0.0, double{frame.whole().inbreeding.of(*row).F});
     write_paragraph(page, phrase(last_inbreeding, frame.language, {frame.year(*row), percent_text(F, frame.language)}));
     write_sizes(page, frame);
     write_paragraph(page, trust_text(frame, *row));

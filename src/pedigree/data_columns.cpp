@@ -173,7 +173,7 @@ ColumnMap read_header_line(std::string_view line, const DataFileLayout& layout, 
       report_empty_word(column_no, console);
     }
     const ColumnWord word(without_leading_blanks(std::string_view(text).substr(place, end - place)));
-    columns[i] = field_code_of(word.full());
+    columns[i] = static_cast<std::int32_t>(field_code_of(word.full()));
     report_word(column_no, word, columns[i] != unused_column, console);
     place = end + 1;
     if (place + 1 >= line_length) break;

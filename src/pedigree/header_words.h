@@ -1,14 +1,15 @@
 // The words by which the header line of a data file names its columns.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <span>
 #include <string_view>
 
 namespace pedigreewatch {
 
-/// What a column of the data file holds.
-enum FieldCode : std::int32_t {
+/// What a column of the data file holds. Lists by field have their entries in this order.
+enum FieldCode : std::uint32_t {
   unused_column = 0,
   id_column = 1,
   sire_column = 2,
@@ -23,6 +24,11 @@ enum FieldCode : std::int32_t {
   subpopulation_column = 11,
   import_column = 12,
 };
+
+/// All fields, in order.
+inline constexpr std::array<FieldCode, 12> all_fields = {
+    id_column,  sire_column,      dam_column,    name_column,    sire_name_column,     dam_name_column,
+    sex_column, birthdate_column, colour_column, breeder_column, subpopulation_column, import_column};
 
 struct HeaderWord {
   std::string_view word;

@@ -143,8 +143,9 @@ void print_in_short(const PopulationStore& store, std::span<const std::int32_t> 
     hidden.pending.clear();
   }
   const Wording& found = chain.is_shortest ? shortest_chain : a_chain;
-  write_free_line(streams.console, {found, static_cast<std::int64_t>(animals.size())});
-  write_free_line(streams.console, {all_in_report, static_cast<std::int64_t>(unsettled.size())});
+  const std::int64_t in_loop = std::ssize(animals), in_report = std::ssize(unsettled);
+  write_free_line(streams.console, {found, in_loop});
+  write_free_line(streams.console, {all_in_report, in_report});
 }
 
 }  // namespace

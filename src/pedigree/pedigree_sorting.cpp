@@ -98,7 +98,7 @@ SortState begin_sort(PopulationStore& store) {
 void print_sweep(const SortState& state, std::int32_t sweep_no, const PopulationStore& store, TextOutput& console) {
   const auto is_free = [&](std::int32_t i) { return state.animals[i].remaining == 0; };
   const std::int64_t free_count = std::count_if(state.unplaced.begin(), state.unplaced.end(), is_free);
-  const std::int64_t unplaced_count = static_cast<std::int64_t>(state.unplaced.size());
+  const std::int64_t unplaced_count = std::ssize(state.unplaced);
   write_free_line(console, {sweep, sweep_no, without_unsorted, free_count});
   write_free_line(console, {sweep, sweep_no, with_unsorted, unplaced_count - free_count});
   // The line for animals with fewer than no offspring left; there are none.

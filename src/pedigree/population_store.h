@@ -193,7 +193,7 @@ BirthYears birth_years_of(const PopulationStore& store);
 /// Has an entry fetched of each parent that the animal `look_ahead` positions behind this one has.
 template <typename Value>
 void fetch_later_parents(const PopulationStore& store, std::int32_t position, const ByNumber<Value>& column) {
-  const std::int32_t later = position + static_cast<std::int32_t>(look_ahead);
+  const std::int32_t later = position + look_ahead;
   if (later > store.animal_count) return;
   fetch_early(&column[store.sire_no[later]]);
   fetch_early(&column[store.dam_no[later]]);

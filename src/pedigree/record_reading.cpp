@@ -5,9 +5,9 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstring>
 
+#include "core/bit_pattern.h"
 #include "core/line_writer.h"
 #include "core/progress.h"
 #include "core/wording.h"
@@ -203,7 +203,7 @@ std::size_t find_delimiter(std::string_view line, std::size_t from, char delimit
       word ^= pattern;
       // The lowest bit that is set belongs to the first byte that is 0 now.
       const std::uint64_t zero_bytes = (word - ones) & ~word & highest_bits;
-      if (zero_bytes != 0) return from + static_cast<std::size_t>(std::countr_zero(zero_bytes)) / 8;
+      if (zero_bytes != 0) return from + lowest_bit(zero_bytes) / 8;
     }
   }
   while (from < line.size() && line[from] != delimiter) ++from;

@@ -9,7 +9,7 @@ namespace pedigreewatch {
 YearGroups group_by_year(const PopulationStore& store, std::span<const std::int32_t> positions) {
   YearGroups groups;
   const std::int32_t row_count = store.birth_years.row_count();
-  ByNumber<std::int32_t> next(static_cast<std::size_t>(row_count));
+  ByNumber<std::int32_t> next(row_count);
   const auto row_of = [&](std::int32_t position) { return store.birth_years.row_of(store.birth_year[position]); };
   for (const std::int32_t position : positions) ++next[row_of(position)];
   next[0] = 0;  // animals without a year are in no group

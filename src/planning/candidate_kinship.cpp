@@ -74,7 +74,7 @@ void multiply_kinship(const CandidateKinship& kinship, std::span<const double> w
 
 std::vector<double> kinship_columns(const CandidateKinship& kinship, std::span<const std::int32_t> places) {
   std::vector<double> columns(places.size() * kinship.candidates());
-  ByNumber<KinshipLanes> lanes(static_cast<std::size_t>(kinship.ancestors()), KinshipLanes{});
+  ByNumber<KinshipLanes> lanes(kinship.ancestors(), KinshipLanes{});
   for (std::size_t first = 0; first < places.size(); first += kinship_lanes) {
     const auto batch = places.subspan(first, std::min(kinship_lanes, places.size() - first));
     fill_lanes(kinship, batch, lanes);
@@ -91,7 +91,7 @@ std::vector<double> kinship_columns(const CandidateKinship& kinship, std::span<c
 std::vector<double> kinship_table(const CandidateKinship& kinship, std::span<const std::int32_t> rows,
                                   std::span<const std::int32_t> columns) {
   std::vector<double> table(rows.size() * columns.size());
-  ByNumber<KinshipLanes> lanes(static_cast<std::size_t>(kinship.ancestors()), KinshipLanes{});
+  ByNumber<KinshipLanes> lanes(kinship.ancestors(), KinshipLanes{});
   for (std::size_t first = 0; first < columns.size(); first += kinship_lanes) {
     const auto batch = columns.subspan(first, std::min(kinship_lanes, columns.size() - first));
     fill_lanes(kinship, batch, lanes);

@@ -284,7 +284,7 @@ PairAssignment assign_pairs(const PairProblem& problem, const PlanWatch& watch) 
       return result;
     }
     follow_ways(work);
-    looked_at += static_cast<std::int64_t>(problem.costs.size());
+    looked_at += std::ssize(problem.costs);
     if (watch.progress != nullptr) count_progress(*watch.progress, looked_at);
   }
   list_pairs(work, result);

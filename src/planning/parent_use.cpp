@@ -29,7 +29,7 @@ bool is_born_within(const PopulationStore& store, std::int32_t position, std::in
 
 /// The age that so many in 100 of the ages do not exceed. They are sorted and not empty.
 std::int32_t age_at_rank(std::span<const std::int32_t> ages, std::int64_t in_100) {
-  const auto count = static_cast<std::int64_t>(ages.size());
+  const std::int64_t count = std::ssize(ages);
   const std::int64_t rank = std::max<std::int64_t>(1, (count * in_100 + 99) / 100);
   return ages[static_cast<std::size_t>(rank) - 1];
 }
@@ -96,8 +96,7 @@ std::optional<BreedingAges> breeding_ages(const PopulationStore& store, Sex pare
   }
   if (ages.empty()) return std::nullopt;
   std::sort(ages.begin(), ages.end());
-  return BreedingAges{age_at_rank(ages, youngest_in_100), age_at_rank(ages, oldest_in_100),
-                      static_cast<std::int64_t>(ages.size())};
+  return BreedingAges{age_at_rank(ages, youngest_in_100), age_at_rank(ages, oldest_in_100), std::ssize(ages)};
 }
 
 ByNumber<Flag> of_breeding_age_or_younger(const PopulationStore& store) {
@@ -126,7 +125,7 @@ ParentsUsed parents_used(const PopulationStore& store, std::int32_t first_year, 
     offspring.push_back(i);
     use.mean_f += double{store.inbreeding[i]};
   }
-  use.offspring = static_cast<std::int64_t>(offspring.size());
+  use.offspring = std::ssize(offspring);
   if (offspring.empty()) return use;
   use.mean_f /= static_cast<double>(offspring.size());
   for (const Sex parent : {male, female}) add_parents(store, offspring, parent, use);

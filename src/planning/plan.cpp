@@ -422,8 +422,7 @@ PlanWarnings find_warnings(const PopulationStore& store, const PlanRequest& requ
   warnings.has_other_males = std::count(plan.sex.begin(), plan.sex.end(), male) > warnings.males_named;
   warnings.valued_candidates =
       std::count_if(request.values.begin(), request.values.end(), [](const auto& value) { return value.has_value(); });
-  warnings.has_few_values =
-      !request.values.empty() && 2 * warnings.valued_candidates < static_cast<std::int64_t>(request.values.size());
+  warnings.has_few_values = !request.values.empty() && 2 * warnings.valued_candidates < std::ssize(request.values);
   return warnings;
 }
 

@@ -287,7 +287,7 @@ std::string id_list(const PopulationStore& store, const std::vector<std::int32_t
 
 std::vector<std::string> pair_sentences(const PopulationStore& store, const Plan& plan, ToolLanguage language,
                                         const PlanTerms& terms) {
-  const auto count = [](const std::vector<std::int32_t>& list) { return static_cast<std::int64_t>(list.size()); };
+  const auto count = [](const std::vector<std::int32_t>& list) -> std::int64_t { return std::ssize(list); };
   std::vector<std::string> lines = {phrase(stuck_heading, language,
                                            {counted(dams_counted, count(plan.stuck_females), language),
                                             counted(matings_counted, plan.stuck_matings, language),

@@ -21,7 +21,7 @@ std::vector<std::int32_t> positions_of(const ParentsInUse& use) {
 ByNumber<double> weights_of(const ParentsInUse& use, const ReferencePedigree& pedigree) {
   std::unordered_map<std::int32_t, double> shares;
   for (const ParentShare& parent : use.parents) shares[parent.parent] = parent.share;
-  ByNumber<double> weights(static_cast<std::size_t>(pedigree.count()));
+  ByNumber<double> weights(pedigree.count());
   for (const std::int32_t member : pedigree.members) {
     const auto found = shares.find(pedigree.position[member]);
     if (found != shares.end()) weights[member] = found->second;

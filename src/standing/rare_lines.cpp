@@ -38,7 +38,7 @@ std::vector<Candidate> lowest_kinships(const PopulationStore& store, const Refer
 /// The rare founder from which an animal has most of its genes; 0 when there is none.
 std::int32_t rare_founder_of(const ReferencePedigree& pedigree, std::int32_t animal, const ByNumber<double>& genes) {
   const double all = static_cast<double>(pedigree.members.size());
-  ByNumber<double> own(static_cast<std::size_t>(animal));
+  ByNumber<double> own(animal);
   own[animal] = 1.0;
   std::int32_t founder = 0;
   for (std::int32_t j = animal; j > 0; --j) {
@@ -65,7 +65,7 @@ void count_founders(const ReferencePedigree& pedigree, const ByNumber<double>& g
 
 RareLine make_line(const ReferencePedigree& pedigree, std::int32_t founder, std::span<const double> kinships,
                    const AvailableAnimals& available) {
-  ByNumber<double> share(static_cast<std::size_t>(pedigree.count()));
+  ByNumber<double> share(pedigree.count());
   share[founder] = 1.0;
   for (std::int32_t j = founder + 1; j <= pedigree.count(); ++j) {
     share[j] = 0.5 * (share[pedigree.sire[j]] + share[pedigree.dam[j]]);

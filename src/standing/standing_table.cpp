@@ -118,7 +118,7 @@ void add_rates(RowList& list) {
                 list.words(from_kinship, {years.cohort_first, years.last, years.cohort_first}));
   list.add_rate("rate_before", standing.before, list.words(before_rule, {years.now_first}));
   if (!standing.rule) return;
-  list.add("rule_year", static_cast<double>(standing.rule->year), list.words(own_limit));
+  list.add("rule_year", standing.rule->year, list.words(own_limit));
   list.add_rate("rate_before_rule", standing.rule->before, list.words(before_rule, {standing.rule->year}));
   list.add_rate("rate_since_rule", standing.rule->since, list.words(since_rule, {standing.rule->year}));
   list.add("change_is_real", standing.rule->is_real ? "1" : "0", list.words(of_change));
@@ -224,7 +224,7 @@ std::string_view name_of(Pace pace) {
 std::vector<StandingRow> standing_rows(const PopulationStore& store, const Standing& standing, ToolLanguage language) {
   RowList list{store, standing, language, {}};
   list.add("verdict", std::string(name_of(standing.pace)), list.words(of_rate));
-  list.add("sureness", static_cast<double>(standing.sureness), list.words(of_three));
+  list.add("sureness", standing.sureness, list.words(of_three));
   add_rates(list);
   add_young(list);
   add_parents(list);

@@ -129,7 +129,7 @@ double kinship_of_pairs(const WindowPedigree& window, const ReferencePedigree& p
 
 double relative_error_of(const ReferencePedigree& pedigree, const ByNumber<double>& genes) {
   constexpr double spread_of_simulated_breeds = 0.5;
-  ByNumber<double> of_one(static_cast<std::size_t>(pedigree.count()));  // pairs of lines that begin in one member
+  ByNumber<double> of_one(pedigree.count());  // pairs of lines that begin in one member
   for (const std::int32_t member : pedigree.members) of_one[member] = 1.0;
   double sum = 0.0, squares = 0.0;
   for (std::int32_t j = pedigree.count(); j > 0; --j) {

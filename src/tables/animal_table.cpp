@@ -66,10 +66,9 @@ void write_increase(AnimalRows& rows, std::int32_t position, TableWriter& writer
 }
 
 /// An animal further on and its parents; none beyond the last one.
-std::array<std::int32_t, 3> later_family(const PopulationStore& store, std::int32_t position, std::size_t distance) {
-  const std::int64_t later = position + static_cast<std::int64_t>(distance);
-  if (later > store.animal_count) return {};
-  const std::int32_t animal = static_cast<std::int32_t>(later);
+std::array<std::int32_t, 3> later_family(const PopulationStore& store, std::int32_t position, std::int32_t distance) {
+  if (position > store.animal_count - distance) return {};
+  const std::int32_t animal = position + distance;
   return {animal, store.sire_no[animal], store.dam_no[animal]};
 }
 

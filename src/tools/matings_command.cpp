@@ -437,9 +437,8 @@ std::optional<ToolRefusal> refuse_size(const FolderRun& folder, const MatingPlan
                                                      text(pair_count(plan)), text(most_pairs)})};
   }
   if (plan.limit) return std::nullopt;
-  const std::int64_t of_female = static_cast<std::int64_t>(plan.males.size());
-  return refuse_rows(
-      folder, static_cast<std::int64_t>(plan.females.size()) * std::min(of_female, plan.best.value_or(of_female)));
+  const std::int64_t females = std::ssize(plan.females), of_female = std::ssize(plan.males);
+  return refuse_rows(folder, females * std::min(of_female, plan.best.value_or(of_female)));
 }
 
 std::string table_name(const MatingRun& run) {
@@ -468,7 +467,7 @@ std::optional<ToolRefusal> write_plan(const MatingRun& run, const MatingPlan& pl
   begin_progress(streams.progress, words_of(counting_pairs, folder.language));
   const MatingChoice choice = choose_matings(work, plan, watch);
   if (choice.is_stopped) return ToolRefusal{folder.words(was_stopped)};
-  if (auto refusal = refuse_rows(folder, static_cast<std::int64_t>(choice.pairs.size()))) return refusal;
+  if (auto refusal = refuse_rows(folder, std::ssize(choice.pairs))) return refusal;
   begin_progress(streams.progress, words_of(finding_ancestors, folder.language));
   const std::vector<KinshipParts> parts = describe_matings(work, choice.pairs, watch);
   const std::string name = table_name(run);

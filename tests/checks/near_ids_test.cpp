@@ -19,7 +19,7 @@ PedigreeColumns animals_named(const std::vector<std::string>& names, const std::
   PedigreeColumns animals;
   for (const std::string& name : names) animals.id.add(number_of_text(animals.ids, name));
   for (const std::string& parent : parents) number_of_text(animals.ids, parent);
-  animals.animal_of = ByNumber<std::int32_t>(static_cast<std::size_t>(animals.ids.count()));
+  animals.animal_of = ByNumber<std::int32_t>(animals.ids.count());
   for (std::int32_t animal = animals.count(); animal >= 1; --animal) animals.animal_of[animals.id.at(animal)] = animal;
   return animals;
 }

@@ -20,7 +20,7 @@ void gather(const ReferencePedigree& pedigree, std::int32_t number, std::set<std
 TEST(CountDescendants, AgreesWithTheAncestorsOfEachMember) {
   const PopulationStore store = random_population(5, 900);  // more founders than stand side by side
   const ReferencePedigree pedigree = make_reference_pedigree(store, young_positions(store, 200));
-  ByNumber<std::int32_t> plain(static_cast<std::size_t>(pedigree.count()));
+  ByNumber<std::int32_t> plain(pedigree.count());
   for (const std::int32_t member : pedigree.members) {
     std::set<std::int32_t> ancestors;
     gather(pedigree, member, ancestors);

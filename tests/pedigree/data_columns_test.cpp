@@ -299,7 +299,7 @@ TEST(ReadColumns, AnnouncesAllFieldsInTheOrderOfTheirCodesInDutch) {
 }
 
 struct MissingColumn {
-  FieldCode code;
+  std::int32_t code;
   std::string english, dutch;
 };
 
@@ -440,7 +440,7 @@ TEST(ReadColumns, OfTwoColumnsWithOneCodeTheFirstIsAnnounced) {
 
 TEST(ReadColumns, OptionalFieldsSetTheirFlags) {
   struct Flag {
-    FieldCode code;
+    std::int32_t code;
     bool PopulationStore::*flag;
   };
   const std::vector<Flag> flags = {{name_column, &PopulationStore::has_name},
