@@ -14,15 +14,14 @@
 #include "animals/animal_card.h"
 #include "checks/readable_text.h"
 #include "core/fixed_text.h"
-#include "core/new_files.h"
 #include "diversity/recent_inbreeding.h"
 #include "matings/candidates.h"
 #include "page/animal_page.h"
 #include "text/plain_letters.h"
-#include "text/system_reasons.h"
 #include "tools/current_date.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
+#include "tools/output_files.h"
 #include "tools/reference_choice.h"
 
 namespace pedigreewatch {
@@ -53,9 +52,6 @@ constexpr Wording unknown_id = {"{1}: no animal has this identification; left ou
                                 "{1}: geen dier heeft deze identificatie; weggelaten"};
 constexpr Wording nobody_known = {"none of these animals is in the data; nothing was written",
                                   "geen van deze dieren staat in de gegevens; er is niets geschreven"};
-constexpr Wording not_written = {"{1}: {2}; nothing was written", "{1}: {2}; er is niets geschreven"};
-constexpr Wording is_in_use = {"a page of this name would replace a file that this run reads",
-                               "een pagina met deze naam zou een bestand vervangen dat hier gelezen wordt"};
 constexpr Wording written = {"{1}: the card of {2}; open it in a browser",
                              "{1}: de kaart van {2}; open hem in een browser"};
 constexpr Wording written_together = {"{1}: {2} cards; open it in a browser",
@@ -100,10 +96,9 @@ std::vector<std::int32_t> find_named(FolderRun& run, const AnimalOptions& option
   return positions;
 }
 
-struct CardFile {
-  std::string name, content, animal;
-  NewFile file = {};
-};
+std::string_view id_of(const FolderRun& run, std::int32_t position) {
+  return without_trailing_blanks(run.population.store.id(position));
+}
 
 /// A name that none of the files has, also where capitals make no difference.
 std::string free_name(const FolderRun& run, std::string_view id, std::set<std::string>& taken) {
@@ -115,52 +110,29 @@ std::string free_name(const FolderRun& run, std::string_view id, std::set<std::s
   return name_beside_report(run.population.settings, ending);
 }
 
-std::vector<CardFile> make_files(const FolderRun& run, const AnimalOptions& options, const CardInput& input,
-                                 const std::vector<std::int32_t>& positions) {
-  std::vector<CardFile> files;
+std::vector<OutputFile> make_files(const FolderRun& run, const AnimalOptions& options, const CardInput& input,
+                                   const std::vector<std::int32_t>& positions) {
+  std::vector<OutputFile> files;
   if (options.is_together) {
-    files.push_back(
-        {name_beside_report(run.population.settings, "_cards.html"), make_animal_page(input, positions), ""});
+    files.push_back({name_beside_report(run.population.settings, "_cards.html"), make_animal_page(input, positions)});
     return files;
   }
   std::set<std::string> taken;
   for (const std::int32_t position : positions) {
     if (is_stop_requested(run.streams)) break;
-    const std::string_view id = without_trailing_blanks(input.population.store.id(position));
-    files.push_back({free_name(run, id, taken), make_animal_page(input, {&position, 1}), in_quotes(readable(id))});
+    files.push_back({free_name(run, id_of(run, position), taken), make_animal_page(input, {&position, 1})});
   }
   return files;
 }
 
-/// Begins all files; yields what stands in the way.
-FileProblem begin_files(const FolderRun& run, const AnimalOptions& options, std::vector<CardFile>& files,
-                        std::vector<NewFile*>& begun) {
-  FileProblem problem;
-  for (CardFile& file : files) {
-    problem = find_obstacle(run, file.name, {&options.reference.ids_file, 1}, is_in_use);
-    if (!problem.name.empty() || !begin_file(file.file, file.name, problem)) return problem;
-    begun.push_back(&file.file);
-    write_bytes(file.file, file.content);
-  }
-  return problem;
-}
-
-std::optional<ToolRefusal> write_files(const FolderRun& run, const AnimalOptions& options, std::vector<CardFile>& files,
-                                       std::size_t cards) {
-  std::vector<NewFile*> begun;
-  FileProblem problem = begin_files(run, options, files, begun);
-  const bool is_stopped = is_stop_requested(run.streams);
-  if (is_stopped || !problem.name.empty() || !finish_all(begun, true, problem)) {
-    for (NewFile* const file : begun) abandon(*file);
-    if (is_stopped) return ToolRefusal{run.words(was_stopped)};
-    return ToolRefusal{run.words(not_written, {shown(problem.name), reason_of(problem, run.language)})};
-  }
-  for (const CardFile& file : files) {
+void say_cards(const FolderRun& run, const AnimalOptions& options, std::span<const OutputFile> files,
+               std::span<const std::int32_t> positions) {
+  for (std::size_t k = 0; k < files.size(); ++k) {
+    const std::string name = shown(files[k].name);
     say(run.streams.console, options.is_together
-                                 ? run.words(written_together, {shown(file.name), std::to_string(cards)})
-                                 : run.words(written, {shown(file.name), file.animal}));
+                                 ? run.words(written_together, {name, std::to_string(positions.size())})
+                                 : run.words(written, {name, in_quotes(readable(id_of(run, positions[k])))}));
   }
-  return std::nullopt;
 }
 
 std::optional<ToolRefusal> write_cards(FolderRun& run, const AnimalOptions& options) {
@@ -177,8 +149,10 @@ std::optional<ToolRefusal> write_cards(FolderRun& run, const AnimalOptions& opti
   const ByNumber<float> ancestral = ancestral_inbreeding(store);
   const CardSource source = {store, reference.positions, mean_kinship, lines, recent_3, recent_5, ancestral};
   const CardInput input = {run.population, source, reference, current_date(), run.language};
-  std::vector<CardFile> files = make_files(run, options, input, positions);
-  return write_files(run, options, files, positions.size());
+  std::vector<OutputFile> files = make_files(run, options, input, positions);
+  std::optional<ToolRefusal> refusal = write_files(run, files, {&options.reference.ids_file, 1}, OutputKind::cards);
+  if (!refusal) say_cards(run, options, files, positions);
+  return refusal;
 }
 
 }  // namespace

@@ -21,6 +21,7 @@
 #include "tools/current_date.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
+#include "tools/output_files.h"
 
 namespace pedigreewatch {
 namespace {
@@ -52,9 +53,6 @@ constexpr Wording too_many_lines = {
 constexpr Wording unreadable = {"{1}: {2}", "{1}: {2}"};
 constexpr Wording limits_not_opened = {"{1}: the file of --limits could not be opened: {2}",
                                        "{1}: het bestand van --limits kon niet geopend worden: {2}"};
-constexpr Wording is_in_use = {"a table of this name would replace a file that this run reads",
-                               "een tabel met deze naam zou een bestand vervangen dat hier gelezen wordt"};
-constexpr Wording table_not_written = {"{1}: {2}; the table was not written", "{1}: {2}; de tabel is niet geschreven"};
 
 constexpr Wording changed_since = {
     "{1} is not as prepare wrote it; lines are its own, not those of the export",
@@ -143,9 +141,8 @@ std::optional<ToolRefusal> check_file(const SteerSettings& steer, const CheckSet
   LineReader data;
   if (std::optional<ToolRefusal> not_opened = open_data_file(steer, data)) return not_opened;
   const std::string table = table_name(name, options.wants_workbook ? ".xlsx" : ".tsv");
-  FileProblem problem = find_obstacle({steer, {&options.limits_file, 1}, settings.language}, table, is_in_use);
-  if (!problem.name.empty())
-    return refusal(table_not_written, {shown(problem.name), reason_of(problem, settings.language)});
+  FileProblem problem = find_obstacle({steer, {&options.limits_file, 1}, settings.language}, table, OutputKind::table);
+  if (!problem.name.empty()) return refusal_to_write(problem, OutputKind::table, settings.language);
   CheckResult result = check_data(data, settings, streams.progress);
   if (is_stop_requested(streams)) return refusal(was_stopped, {});
   if (data.error != 0) return refusal(unreadable, {shown(name), reason_text(data.error, settings.language)});
@@ -157,7 +154,7 @@ std::optional<ToolRefusal> check_file(const SteerSettings& steer, const CheckSet
   const bool is_written =
       options.wants_workbook ? write_workbook(result, report, problem) : write_table(result, report, problem);
   show_findings(result, report, streams.console);
-  if (!is_written) return refusal(table_not_written, {shown(problem.name), reason_of(problem, settings.language)});
+  if (!is_written) return refusal_to_write(problem, OutputKind::table, settings.language);
   status = has_serious_findings(result.findings) ? has_serious : 0;
   return std::nullopt;
 }

@@ -2,34 +2,11 @@
 
 #include "tools/folder_command.h"
 
-#include <algorithm>
-#include <filesystem>
-#include <system_error>
-
 #include "control/steer_file.h"
 #include "corrections/contained_corrections.h"
 #include "tools/folder_analysis.h"
 
 namespace pedigreewatch {
-namespace {
-
-constexpr Wording is_no_file = {"there is something of this name that is no file",
-                                "er is al iets met deze naam dat geen bestand is"};
-
-constexpr Wording is_link = {"this is a link to something else, which is not replaced; remove it first",
-                             "dit is een koppeling naar iets anders, die niet vervangen wordt; haal haar eerst weg"};
-
-bool is_read(const std::string& name, const SteerSettings& settings, std::span<const std::string> lists) {
-  std::error_code ignored;
-  const auto is_same = [&](const std::string& file) {
-    return !file.empty() && std::filesystem::equivalent(name, file, ignored);
-  };
-  return is_same(std::string(steer_file_name)) || is_same(std::string(settings.data_file_name.trimmed())) ||
-         std::any_of(lists.begin(), lists.end(), is_same);
-}
-
-}  // namespace
-
 std::string read_options(std::span<const std::string_view> arguments, std::span<const OptionRule> rules,
                          const TakeOption& take, std::string_view instead_of_operand) {
   const CommandLine line = read_command_line(arguments, rules);
@@ -71,21 +48,6 @@ std::optional<ToolRefusal> refuse_other_data(const FolderRun& run, const FileSta
 
 std::optional<ToolRefusal> refuse_changed_data(const FolderRun& run) {
   return refuse_other_data(run, state_of_file(std::string(run.population.settings.data_file_name.trimmed())));
-}
-
-FileProblem find_obstacle(const ReadFiles& read, const std::string& name, const Wording& is_in_use) {
-  std::error_code ignored;
-  const auto problem = [&](const Wording& wording) { return FileProblem{name, phrase(wording, read.language), 0}; };
-  if (!is_taken(name)) return {};
-  if (is_read(name, read.settings, read.lists)) return problem(is_in_use);
-  if (std::filesystem::is_symlink(name, ignored)) return problem(is_link);
-  if (!std::filesystem::is_regular_file(name, ignored)) return problem(is_no_file);
-  return {};
-}
-
-FileProblem find_obstacle(const FolderRun& run, const std::string& name, std::span<const std::string> lists,
-                          const Wording& is_in_use) {
-  return find_obstacle({run.population.settings, lists, run.language}, name, is_in_use);
 }
 
 }  // namespace pedigreewatch

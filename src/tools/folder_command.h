@@ -9,7 +9,6 @@
 #include <string_view>
 
 #include "control/population_analysis.h"
-#include "core/new_files.h"
 #include "core/tool_streams.h"
 #include "text/phrases.h"
 #include "tools/command_line.h"
@@ -61,26 +60,9 @@ using EarlyStep = std::function<void(const SteerSettings& settings)>;
 int run_in_folder(std::string_view subcommand, std::string_view problem, ToolStreams& streams, const FolderStep& step,
                   FolderUse use = FolderUse::animals, const EarlyStep& early_step = {});
 
-/// What a run reads: the steer file, the data file that it names, and lists, of which empty names are none.
-struct ReadFiles {
-  const SteerSettings& settings;
-  std::span<const std::string> lists;
-  ToolLanguage language;
-};
-
-/// Why nothing can be written under `name`, which is a folder, a link, a device or a file that the run reads; an older
-/// file of its kind does not stand in the way. No name: it can. `is_in_use` is said of a file that the run reads.
-FileProblem find_obstacle(const ReadFiles& read, const std::string& name, const Wording& is_in_use);
-
 /// Refuses to go on when the data file is no longer the one that the population was computed from.
 std::optional<ToolRefusal> refuse_changed_data(const FolderRun& run);
 /// Refuses when the population was not computed from the data file as it was in this state.
 std::optional<ToolRefusal> refuse_other_data(const FolderRun& run, const FileState& state);
-
-/// Why nothing can be written under `name`; an older file of its kind does not stand in the way. No name: it can.
-/// Beside the steer file and the data file the run reads `lists`, of which empty names are none; `is_in_use` is said
-/// when the name is that of a file that the run reads.
-FileProblem find_obstacle(const FolderRun& run, const std::string& name, std::span<const std::string> lists,
-                          const Wording& is_in_use);
 
 }  // namespace pedigreewatch

@@ -11,7 +11,6 @@
 #include <utility>
 #include <vector>
 
-#include "core/new_files.h"
 #include "core/side_by_side.h"
 #include "forecast/forecast.h"
 #include "forecast/forecast_summary.h"
@@ -30,11 +29,11 @@
 #include "tools/folder_command.h"
 #include "tools/forecast_options.h"
 #include "tools/late_births.h"
+#include "tools/output_files.h"
 
 namespace pedigreewatch {
 namespace {
 
-constexpr Wording written = {"written: {1}", "geschreven: {1}"};
 constexpr Wording too_few_years = {
     "a forecast needs three birth years with known parents of known ages: there are fewer up to {1}",
     "een vooruitblik heeft drie geboortejaren met bekende ouders van bekende leeftijd nodig: tot {1} zijn er minder"};
@@ -48,45 +47,6 @@ constexpr Wording not_read = {"{1} cannot be read: {2}", "{1} kan niet worden ge
 constexpr Wording fitting_label = {"measuring the use of sires: {1} %, {2} s left",
                                    "gebruik van vaders meten: {1} %, nog {2} s"};
 constexpr Wording forecasting_label = {"forecasting: {1} %, {2} s left", "vooruitblikken: {1} %, nog {2} s"};
-constexpr Wording not_written = {"{1}: {2}; nothing was written", "{1}: {2}; er is niets geschreven"};
-constexpr Wording is_in_use = {"a file of this name would replace one that this run reads",
-                               "een bestand met deze naam zou er een vervangen dat hier gelezen wordt"};
-
-/// What a file will be called, and what stands in it.
-struct ForecastFile {
-  std::string name, content;
-  NewFile file = {};
-};
-
-FileProblem find_name_problem(const FolderRun& run, const ForecastOptions& options,
-                              const std::vector<ForecastFile>& files) {
-  for (const ForecastFile& file : files) {
-    FileProblem problem = find_obstacle(run, file.name, {&options.rules_file, 1}, is_in_use);
-    if (!problem.name.empty()) return problem;
-  }
-  return {};
-}
-
-std::optional<ToolRefusal> write_files(const FolderRun& run, const ForecastOptions& options,
-                                       std::vector<ForecastFile>& files) {
-  FileProblem problem = find_name_problem(run, options, files);
-  bool is_fine = problem.name.empty();
-  std::vector<NewFile*> begun;
-  for (ForecastFile& file : files) {
-    is_fine = is_fine && begin_file(file.file, file.name, problem);
-    if (!is_fine) break;
-    begun.push_back(&file.file);
-    write_bytes(file.file, file.content);
-  }
-  if (is_fine && !is_stop_requested(run.streams) && finish_all(begun, true, problem)) {
-    for (const ForecastFile& file : files) say(run.streams.console, run.words(written, {shown(file.name)}));
-    return std::nullopt;
-  }
-  for (NewFile* const file : begun) abandon(*file);
-  if (is_stop_requested(run.streams)) return ToolRefusal{run.words(was_stopped)};
-  return ToolRefusal{run.words(not_written, {shown(problem.name), reason_of(problem, run.language)})};
-}
-
 /// The whole text of the file with the rules; nothing where it cannot be read, with the number of the system.
 std::optional<std::string> text_of_file(const std::string& name, int& error) {
   LineReader reader;
@@ -288,10 +248,10 @@ struct ForecastResults {
   const std::vector<std::string> practice, warnings;
 };
 
-std::vector<ForecastFile> make_files(const FolderRun& run, const ForecastOptions& options,
-                                     const ForecastResults& results) {
+std::vector<OutputFile> make_files(const FolderRun& run, const ForecastOptions& options,
+                                   const ForecastResults& results) {
   const auto name = [&](std::string_view ending) { return name_beside_report(run.population.settings, ending); };
-  std::vector<ForecastFile> files;
+  std::vector<OutputFile> files;
   TableWriter table, summary;
   table.is_plain = summary.is_plain = options.is_plain;
   table.corrections = summary.corrections = run.population.corrections;
@@ -361,8 +321,10 @@ std::optional<ToolRefusal> forecast_and_write(FolderRun& run, const ForecastOpti
                                    std::move(real), std::move(hindcast),
                                    practice,        warning_sentences(families, run.language)};
   say_results(run, options, results);
-  std::vector<ForecastFile> files = make_files(run, options, results);
-  return write_files(run, options, files);
+  std::vector<OutputFile> files = make_files(run, options, results);
+  refusal = write_files(run, files, {&options.rules_file, 1}, OutputKind::files);
+  if (!refusal) say_written(run, files);
+  return refusal;
 }
 
 }  // namespace

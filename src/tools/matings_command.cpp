@@ -27,6 +27,7 @@
 #include "tools/folder_command.h"
 #include "tools/id_list.h"
 #include "tools/late_births.h"
+#include "tools/output_files.h"
 
 namespace pedigreewatch {
 namespace {
@@ -128,9 +129,6 @@ constexpr Wording too_many_rows = {
     "de tabel zou {1} regels hebben; er worden er hoogstens {2} geschreven; geef --best K, of een lagere --limit F"};
 constexpr Wording counting_pairs = {"working out pairs", "paren berekenen"};
 constexpr Wording finding_ancestors = {"common ancestors of pairs", "gemeenschappelijke voorouders van paren"};
-constexpr Wording not_written = {"{1}: {2}; the table was not written", "{1}: {2}; de tabel is niet geschreven"};
-constexpr Wording is_in_use = {"a table of this name would replace a file that this run reads",
-                               "een tabel met deze naam zou een bestand vervangen dat hier gelezen wordt"};
 constexpr Wording lowest_line = {"lowest F of the offspring: {1} %, {2} x {3}",
                                  "laagste F van de nakomelingen: {1} %, {2} x {3}"};
 constexpr Wording highest_line = {"highest F of the offspring: {1} %, {2} x {3}",
@@ -446,16 +444,12 @@ std::string table_name(const MatingRun& run) {
                             run.options.form == MatingTableForm::tabs ? "_matings.tsv" : "_matings.csv");
 }
 
-ToolRefusal refusal_to_write(const FolderRun& folder, const FileProblem& problem) {
-  return {folder.words(not_written, {shown(problem.name), reason_of(problem, folder.language)})};
-}
-
 /// Refuses a table whose name is that of something else.
 std::optional<ToolRefusal> refuse_name(const MatingRun& run, const std::string& name) {
   const std::array<std::string, 2> lists = {run.options.females_file, run.options.males_file};
-  const FileProblem problem = find_obstacle(run.folder, name, lists, is_in_use);
+  const FileProblem problem = find_obstacle(run.folder, name, lists, OutputKind::table);
   if (problem.name.empty()) return std::nullopt;
-  return refusal_to_write(run.folder, problem);
+  return refusal_to_write(problem, OutputKind::table, run.folder.language);
 }
 
 /// Works the matings out and writes the table.
@@ -477,7 +471,7 @@ std::optional<ToolRefusal> write_plan(const MatingRun& run, const MatingPlan& pl
                                          plan.most_inbreeding, folder.population.corrections},
                                         name, watch, problem);
   if (!is_written && problem.name.empty()) return ToolRefusal{folder.words(was_stopped)};
-  if (!is_written) return refusal_to_write(folder, problem);
+  if (!is_written) return refusal_to_write(problem, OutputKind::table, folder.language);
   erase_progress(streams.progress);
   say_summary(run, plan, choice, name);
   return std::nullopt;

@@ -17,6 +17,7 @@
 #include "tools/available_list.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
+#include "tools/output_files.h"
 #include "tools/population_check.h"
 #include "tools/reference_choice.h"
 
@@ -46,9 +47,6 @@ constexpr std::string_view help = R"(usage: pedigreewatch-tools page [OPTION...]
 constexpr auto rules = std::to_array<OptionRule>(
     {{"--years"}, {"--ids"}, {"--rule-year"}, {"--sire-share"}, {"--most-f"}, {all_animals_option, false}});
 
-constexpr Wording not_written = {"{1}: {2}; the page was not written", "{1}: {2}; de pagina is niet geschreven"};
-constexpr Wording is_in_use = {"a page of this name would replace a file that this run reads",
-                               "een pagina met deze naam zou een bestand vervangen dat hier gelezen wordt"};
 constexpr Wording written = {"{1}: the page ({2} kB); open it in a browser",
                              "{1}: de pagina ({2} kB); open hem in een browser"};
 
@@ -76,9 +74,9 @@ bool write_file(const std::string& name, std::string_view bytes, FileProblem& pr
 
 std::optional<ToolRefusal> write_page(const FolderRun& run, std::string_view page, const std::string& ids_file) {
   const std::string name = name_beside_report(run.population.settings, ".html");
-  FileProblem problem = find_obstacle(run, name, {&ids_file, 1}, is_in_use);
+  FileProblem problem = find_obstacle(run, name, {&ids_file, 1}, OutputKind::page);
   if (!problem.name.empty() || !write_file(name, page, problem)) {
-    return ToolRefusal{run.words(not_written, {shown(problem.name), reason_of(problem, run.language)})};
+    return refusal_to_write(problem, OutputKind::page, run.language);
   }
   constexpr std::size_t kilo = 1000;
   say(run.streams.console, run.words(written, {shown(name), std::to_string((page.size() + kilo - 1) / kilo)}));

@@ -13,7 +13,6 @@
 #include <vector>
 
 #include "checks/readable_text.h"
-#include "core/new_files.h"
 #include "page/plan_page.h"
 #include "planning/plan.h"
 #include "planning/plan_candidates.h"
@@ -21,11 +20,11 @@
 #include "planning/planned_matings.h"
 #include "planning/said_request.h"
 #include "tables/plan_tables.h"
-#include "text/system_reasons.h"
 #include "tools/available_list.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
 #include "tools/late_births.h"
+#include "tools/output_files.h"
 #include "tools/plan_options.h"
 
 namespace pedigreewatch {
@@ -42,10 +41,6 @@ constexpr Wording no_matings = {
     "het laatste volle geboortejaar heeft geen nesten met bekende moeder: geef --matings N"};
 constexpr Wording matings_of_year = {"matings: {1}, the litters of {2}", "paringen: {1}, de nesten van {2}"};
 constexpr Wording matings_given = {"matings: {1}", "paringen: {1}"};
-constexpr Wording not_written = {"{1}: {2}; nothing was written", "{1}: {2}; er is niets geschreven"};
-constexpr Wording is_in_use = {"a file of this name would replace one that this run reads",
-                               "een bestand met deze naam zou er een vervangen dat hier gelezen wordt"};
-constexpr Wording written = {"written: {1}", "geschreven: {1}"};
 constexpr Wording planning_label = {"planning, thousands of ancestors", "plannen, duizenden voorouders"};
 constexpr Wording removed = {"removed: {1}, of an earlier plan", "verwijderd: {1}, van een eerder plan"};
 constexpr Wording not_removed = {"{1} is of an earlier plan and could not be removed: {2}",
@@ -195,14 +190,9 @@ void say_plan(const PlanRun& run, const PlanRequest& request, const Plan& plan) 
   for (const std::string& line : warning_sentences(warnings, request, run.language)) say(run.streams.console, line);
 }
 
-/// What a file of the plan will be called, and what stands in it.
-struct PlanFile {
-  std::string name, content;
-  NewFile file = {};
-};
-
 /// The table of the pairs, unless there are none, and that of the contributions.
-void add_tables(const PlanTables& tables, const SteerSettings& settings, bool is_plain, std::vector<PlanFile>& files) {
+void add_tables(const PlanTables& tables, const SteerSettings& settings, bool is_plain,
+                std::vector<OutputFile>& files) {
   if (!tables.plan.pairs.empty()) {
     TableWriter pairs;
     pairs.is_plain = is_plain;
@@ -219,12 +209,12 @@ void add_tables(const PlanTables& tables, const SteerSettings& settings, bool is
 
 /// Contributions and pairs are at most two million rows and the page has them all, so that the files stand in memory
 /// first.
-std::vector<PlanFile> make_files(const PlanRun& run, const PlanRequest& request, const Plan& plan,
-                                 const CandidatePool& pool, const PlannedMatings& matings) {
+std::vector<OutputFile> make_files(const PlanRun& run, const PlanRequest& request, const Plan& plan,
+                                   const CandidatePool& pool, const PlannedMatings& matings) {
   const SteerSettings& settings = run.population().settings;
   const PlanTables tables = {
       run.store(), plan, matings, pool, request.matings, run.language, run.population().corrections};
-  std::vector<PlanFile> files;
+  std::vector<OutputFile> files;
   if (run.options.wants_workbook) {
     WorkbookWriter workbook;
     write_plan_sheets(tables, workbook);
@@ -239,56 +229,29 @@ std::vector<PlanFile> make_files(const PlanRun& run, const PlanRequest& request,
   return files;
 }
 
-/// Refuses files whose names are those of something else.
-FileProblem find_name_problem(const PlanRun& run, std::span<const PlanFile> files) {
-  const PlanOptions& options = run.options;
-  const std::array<std::string, 7> lists = {options.lists.females, options.lists.males,     options.lists.exclude,
-                                            options.lists.numbers, options.lists.forbidden, options.lists.wished,
-                                            options.lists.values};
-  for (const PlanFile& file : files) {
-    FileProblem problem = find_obstacle(run.folder, file.name, lists, is_in_use);
-    if (!problem.name.empty()) return problem;
-  }
-  return {};
+std::array<std::string, 7> lists_of(const PlanOptions& options) {
+  return {options.lists.females,   options.lists.males,  options.lists.exclude, options.lists.numbers,
+          options.lists.forbidden, options.lists.wished, options.lists.values};
 }
 
 /// Takes away what an earlier plan has left beside the files of this one: pairs must not stand beside contributions
 /// that are not theirs.
-void remove_older_files(const PlanRun& run, const std::vector<PlanFile>& files) {
+void remove_older_files(const PlanRun& run, const std::vector<OutputFile>& files) {
   for (const std::string_view ending : {"_plan.tsv", "_contributions.tsv", "_plan.xlsx"}) {
-    const PlanFile older = {name_beside_report(run.population().settings, ending), {}};
+    const std::string older = name_beside_report(run.population().settings, ending);
     const bool is_new =
-        std::any_of(files.begin(), files.end(), [&](const PlanFile& file) { return file.name == older.name; });
+        std::any_of(files.begin(), files.end(), [&](const OutputFile& file) { return file.name == older; });
     std::error_code error;
-    if (is_new || !std::filesystem::is_regular_file(std::filesystem::symlink_status(older.name, error))) continue;
-    if (!find_name_problem(run, {&older, 1}).name.empty()) continue;  // something else of this run
-    std::filesystem::remove(older.name, error);
+    if (is_new || !std::filesystem::is_regular_file(std::filesystem::symlink_status(older, error))) continue;
+    const FileProblem problem = find_obstacle(run.folder, older, lists_of(run.options), OutputKind::files);
+    if (!problem.name.empty()) continue;  // something else of this run
+    std::filesystem::remove(older, error);
     if (error) {
-      say(run.streams.messages, phrase(not_removed, run.language, {shown(older.name), error.message()}));
+      say(run.streams.messages, phrase(not_removed, run.language, {shown(older), error.message()}));
     } else {
-      say(run.streams.console, phrase(removed, run.language, {shown(older.name)}));
+      say(run.streams.console, phrase(removed, run.language, {shown(older)}));
     }
   }
-}
-
-std::optional<ToolRefusal> write_files(const PlanRun& run, std::vector<PlanFile>& files) {
-  FileProblem problem = find_name_problem(run, files);
-  bool is_fine = problem.name.empty();
-  std::vector<NewFile*> begun;
-  for (PlanFile& file : files) {
-    is_fine = is_fine && begin_file(file.file, file.name, problem);
-    if (!is_fine) break;
-    begun.push_back(&file.file);
-    write_bytes(file.file, file.content);
-  }
-  if (is_fine && !is_stop_requested(run.streams) && finish_all(begun, true, problem)) {
-    for (const PlanFile& file : files) say(run.streams.console, phrase(written, run.language, {shown(file.name)}));
-    remove_older_files(run, files);
-    return std::nullopt;
-  }
-  for (NewFile* const file : begun) abandon(*file);
-  if (is_stop_requested(run.streams)) return ToolRefusal{run.folder.words(was_stopped)};
-  return ToolRefusal{run.folder.words(not_written, {shown(problem.name), reason_of(problem, run.folder.language)})};
 }
 
 std::optional<ToolRefusal> plan_and_write(FolderRun& folder, const PlanOptions& options) {
@@ -310,9 +273,14 @@ std::optional<ToolRefusal> plan_and_write(FolderRun& folder, const PlanOptions& 
   const PlannedMatings matings = describe_plan(run.store(), plan.candidates, plan.pairs, watch);
   erase_progress(run.streams.progress);
   if (matings.parts.size() != plan.pairs.size()) return ToolRefusal{folder.words(was_stopped)};
-  std::vector<PlanFile> files = make_files(run, *request, plan, *pool, matings);
+  std::vector<OutputFile> files = make_files(run, *request, plan, *pool, matings);
   say_plan(run, *request, plan);
-  return write_files(run, files);
+  if (std::optional<ToolRefusal> refusal = write_files(folder, files, lists_of(options), OutputKind::files)) {
+    return refusal;
+  }
+  say_written(folder, files);
+  remove_older_files(run, files);
+  return std::nullopt;
 }
 
 }  // namespace

@@ -32,6 +32,7 @@
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
 #include "tools/late_births.h"
+#include "tools/output_files.h"
 #include "tools/population_check.h"
 #include "tools/reference_choice.h"
 
@@ -85,9 +86,6 @@ constexpr auto rules = std::to_array<OptionRule>({{"--years"},
                                                   {"--founders", false},
                                                   {"--ancestors", false}});
 
-constexpr Wording not_written = {"{1}: {2}; no table was written", "{1}: {2}; er is geen tabel geschreven"};
-constexpr Wording is_in_use = {"a table of this name would replace a file that this run reads",
-                               "een tabel met deze naam zou een bestand vervangen dat hier gelezen wordt"};
 constexpr Wording birth_years = {"{1} birth years", "{1} geboortejaren"};
 constexpr Wording animals = {"{1} animals", "{1} dieren"};
 constexpr Wording subpopulations = {"{1} subpopulations", "{1} subpopulaties"};
@@ -249,16 +247,13 @@ bool write_files(const Tables& tables, std::vector<TableFile>& files, FileProble
          write_figure_files(tables, files, problem);
 }
 
-/// Gives all tables their names, or takes away what was begun.
-bool finish_files(std::vector<TableFile>& files, const Tables& tables, const std::string& ids_file,
-                  FileProblem& problem) {
-  std::vector<NewFile*> all;
-  for (TableFile& table : files) all.push_back(&table.file);
+/// Refuses tables whose names are those of something else.
+FileProblem find_obstacle_of(const Tables& tables, std::span<const TableFile> files, const std::string& ids_file) {
   for (const TableFile& table : files) {
-    problem = find_obstacle(tables.run, table.name, {&ids_file, 1}, is_in_use);
-    if (!problem.name.empty()) return false;
+    FileProblem problem = find_obstacle(tables.run, table.name, {&ids_file, 1}, OutputKind::tables);
+    if (!problem.name.empty()) return problem;
   }
-  return finish_all(all, true, problem);
+  return {};
 }
 
 std::optional<ToolRefusal> write_tables(Tables& tables, const TablesOptions& options) {
@@ -279,16 +274,14 @@ std::optional<ToolRefusal> write_tables(Tables& tables, const TablesOptions& opt
     problem = {files.back().name, message_of(workbook, run.language), 0};
     is_begun = false;
   }
-  const bool is_wanted = !is_stop_requested(run.streams);
-  if (is_begun && is_wanted && finish_files(files, tables, options.reference.ids_file, problem)) {
-    for (const TableFile& table : files) {
-      for (const std::string& line : table.said) say(run.streams.console, line);
-    }
-    return std::nullopt;
+  if (is_begun) problem = find_obstacle_of(tables, files, options.reference.ids_file);
+  std::vector<NewFile*> begun;
+  for (TableFile& table : files) begun.push_back(&table.file);
+  if (std::optional<ToolRefusal> refusal = finish_files(run, begun, problem, OutputKind::tables)) return refusal;
+  for (const TableFile& table : files) {
+    for (const std::string& line : table.said) say(run.streams.console, line);
   }
-  for (TableFile& table : files) abandon(table.file);
-  if (!is_wanted) return ToolRefusal{run.words(was_stopped)};
-  return ToolRefusal{run.words(not_written, {shown(problem.name), reason_of(problem, run.language)})};
+  return std::nullopt;
 }
 
 /// What the verdict needs of the check of the data file, and in which state the file was when it began.
