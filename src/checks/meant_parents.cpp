@@ -12,6 +12,7 @@
 #include <unordered_map>
 
 #include "core/side_by_side.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {
@@ -324,7 +325,7 @@ std::vector<std::int32_t> first_of_litters(const PedigreeColumns& animals, std::
 }
 
 std::int64_t count_digits(std::string_view text) {
-  return std::count_if(text.begin(), text.end(), [](char letter) { return letter >= '0' && letter <= '9'; });
+  return std::count_if(text.begin(), text.end(), is_digit);
 }
 
 /// Whether a number in it begins with a zero that could be left out.
@@ -426,7 +427,7 @@ void weigh_cases(const Weighing& weighing, std::span<Case> cases, std::int32_t t
 std::string shape_of(std::string_view id) {
   std::string shape(id);
   for (char& letter : shape) {
-    if (letter >= '0' && letter <= '9') letter = '9';
+    if (is_digit(letter)) letter = '9';
     if (letter >= 'A' && letter <= 'Z') letter = 'A';
     if (letter >= 'a' && letter <= 'z') letter = 'a';
   }

@@ -14,6 +14,7 @@
 #include "checks/readable_text.h"
 #include "core/memory_hints.h"
 #include "core/side_by_side.h"
+#include "text/plain_letters.h"
 #include "text/utf_8.h"
 
 namespace pedigreewatch {
@@ -23,10 +24,6 @@ using Hash = std::uint64_t;
 
 constexpr Hash letter_factor = 0x9E3779B97F4A7C15ULL;
 constexpr std::size_t longest_id = 64;
-
-bool is_digit(char letter) {
-  return letter >= '0' && letter <= '9';
-}
 
 bool is_capital(char letter) {
   return letter >= 'A' && letter <= 'Z';

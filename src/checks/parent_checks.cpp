@@ -10,6 +10,7 @@
 #include "checks/meant_parents.h"
 #include "checks/readable_text.h"
 #include "intake/value_words.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {
@@ -61,10 +62,6 @@ std::vector<std::int32_t> parents_without_line(const PedigreeColumns& animals, c
     if (is_parent && animals.animal_of[id] == 0) missing.push_back(id);
   }
   return missing;
-}
-
-bool has_digit(std::string_view text) {
-  return text.find_first_of("0123456789") != std::string_view::npos;
 }
 
 /// Whether nearly all animals have a digit in their identification.

@@ -8,6 +8,7 @@
 #include "checks/near_ids.h"
 #include "checks/readable_text.h"
 #include "text/folded_words.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {
@@ -21,10 +22,6 @@ void report_pair(FindingCode code, std::uint16_t column, const CountedText& rare
                  .other_text = keep(findings, usual.text),
                  .number = rare.count,
                  .other_number = usual.count});
-}
-
-bool has_digit(std::string_view text) {
-  return text.find_first_of("0123456789") != std::string_view::npos;
 }
 
 /// Whether a name can be a slip for a usual one: long enough, without numbers, and far rarer.

@@ -106,6 +106,11 @@ struct Desk {
   std::unique_ptr<DeskForecast> forecast;  ///< of the results
 };
 
+/// Of the results, which must be there.
+inline const PopulationStore& store_of(const Desk& desk) {
+  return desk.results->population.store;
+}
+
 /// Lets go of everything that came of the files, but not of the export.
 void forget_run(Desk& desk);
 

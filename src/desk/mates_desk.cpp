@@ -24,10 +24,6 @@ constexpr Wording too_many = {"At most {1} females and {1} males are compared at
 constexpr Wording first_column = {"female", "moeder"};
 constexpr Wording sheet_name = {"F of offspring", "F van jongen"};
 
-const PopulationStore& store_of(const Desk& desk) {
-  return desk.results->population.store;
-}
-
 /// Positions of animals, each once, in the order in which they are named.
 std::vector<std::int32_t> positions_named(const Desk& desk, std::string_view text) {
   std::vector<std::int32_t> positions;

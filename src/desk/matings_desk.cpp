@@ -24,10 +24,6 @@ constexpr Wording gone_by_words = {"no longer there ({1})", "er niet meer ({1})"
 constexpr Wording gone_heading = {"no_longer_there", "er_niet_meer"};
 constexpr Wording corrections_heading = {"corrections_in_data", "correcties_in_gegevens"};
 
-const PopulationStore& store_of(const Desk& desk) {
-  return desk.results->population.store;
-}
-
 bool is_animal(const Desk& desk, std::int32_t position) {
   return desk.results && position >= 1 && position <= store_of(desk).animal_count;
 }

@@ -7,6 +7,7 @@
 
 #include "intake/typed_date.h"
 #include "sheets/workbook_writer.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {
@@ -16,10 +17,6 @@ constexpr auto headings =
     std::to_array<Wording>({{"Id", "Id"}, {"Field", "Veld"}, {"Was", "Was"}, {"Becomes", "Wordt"}, {"Why", "Waarom"}});
 constexpr Wording leave_out_words = {"leave out", "weglaten"};
 constexpr Wording same_as_words = {"same animal as", "hetzelfde dier als"};
-
-bool is_digit(char byte) {
-  return byte >= '0' && byte <= '9';
-}
 
 /// Takes the digits off the front, without leading zeros.
 std::string_view take_number(std::string_view& text) {

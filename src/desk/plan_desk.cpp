@@ -115,10 +115,6 @@ void add_comparison(JsonText& json, const ComparisonTable& table) {
   end_list(json);
 }
 
-const PopulationStore& store_of(const Desk& desk) {
-  return desk.results->population.store;
-}
-
 /// What is said of the plan at hand.
 std::string plan_answer(const Desk& desk) {
   const DeskPlan& made = *desk.plan;

@@ -13,15 +13,6 @@ struct BredOffspring {
   std::int32_t sons = 0, daughters = 0;
 };
 
-BySex<ByNumber<Flag>> mark_uses(const PopulationStore& store) {
-  BySex<ByNumber<Flag>> uses{ByNumber<Flag>(store.size()), ByNumber<Flag>(store.size())};
-  for (std::int32_t position = 1; position <= store.animal_count; ++position) {
-    uses.of_males[store.sire_no[position]] = 1;
-    uses.of_females[store.dam_no[position]] = 1;
-  }
-  return uses;
-}
-
 /// Whether an animal that bred counts as a sire.
 bool is_used_as_sire(const PopulationStore& store, const BySex<ByNumber<Flag>>& uses, std::int32_t position) {
   if (uses.of_males[position] == 0) return false;

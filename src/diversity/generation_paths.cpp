@@ -4,20 +4,9 @@
 #include "diversity/generation_paths.h"
 
 #include "checks/calendar.h"
-#include "pedigree/sex.h"
 
 namespace pedigreewatch {
 namespace {
-
-/// By position: whether it is a sire, and whether it is a dam.
-BySex<ByNumber<Flag>> mark_uses(const PopulationStore& store) {
-  BySex<ByNumber<Flag>> uses{ByNumber<Flag>(store.size()), ByNumber<Flag>(store.size())};
-  for (std::int32_t position = 1; position <= store.animal_count; ++position) {
-    uses.of_males[store.sire_no[position]] = 1;
-    uses.of_females[store.dam_no[position]] = 1;
-  }
-  return uses;
-}
 
 /// A year alone is read as the first of January. Where more animals have that birthday than chance and a season of
 /// births give, it stands for a year.
@@ -80,6 +69,15 @@ void complete_means(GenerationPaths& result) {
 }
 
 }  // namespace
+
+BySex<ByNumber<Flag>> mark_uses(const PopulationStore& store) {
+  BySex<ByNumber<Flag>> uses{ByNumber<Flag>(store.size()), ByNumber<Flag>(store.size())};
+  for (std::int32_t position = 1; position <= store.animal_count; ++position) {
+    uses.of_males[store.sire_no[position]] = 1;
+    uses.of_females[store.dam_no[position]] = 1;
+  }
+  return uses;
+}
 
 GenerationPaths compute_generation_paths(const PopulationStore& store) {
   const BySex<ByNumber<Flag>> uses = mark_uses(store);

@@ -5,7 +5,9 @@
 #include <cstdint>
 #include <optional>
 
+#include "core/by_number.h"
 #include "pedigree/population_store.h"
+#include "pedigree/sex.h"
 
 namespace pedigreewatch {
 
@@ -30,5 +32,8 @@ std::optional<double> mean_of_paths(const GenerationPaths& paths);
 /// a son when it was used as sire and a daughter when it was used as dam; one that was used as both is what its sex
 /// says. In days of 1 / 365.25 year where both dates are full, else in years between the birth years.
 GenerationPaths compute_generation_paths(const PopulationStore& store);
+
+/// By position: whether it is a sire, and whether it is a dam.
+BySex<ByNumber<Flag>> mark_uses(const PopulationStore& store);
 
 }  // namespace pedigreewatch

@@ -7,6 +7,7 @@
 #include "core/text_index.h"
 #include "intake/animal_lines.h"
 #include "intake/date_shapes.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {
@@ -14,13 +15,8 @@ namespace {
 constexpr std::size_t most_profiled_columns = 100;
 constexpr std::int64_t judged_records = 2000;
 
-/// The hashes without these bits are kept: all of a small export, those of about 16,000 lines of a large one.
-std::uint32_t mask_for(std::string_view text) {
-  constexpr std::size_t bytes_compared = std::size_t{1} << 22;
-  std::uint32_t mask = 0;
-  for (std::size_t size = text.size(); size > bytes_compared; size /= 2) mask = mask * 2 + 1;
-  return mask;
-}
+/// Larger exports are profiled by a sample, of about 16,000 lines.
+constexpr std::size_t bytes_compared = std::size_t{1} << 22;
 
 bool is_full_date(std::string_view text) {
   switch (cut_date(text).shape) {
@@ -48,7 +44,7 @@ void judge(ColumnProfile& profile, std::string_view text) {
   if (is_new && profile.examples.size() < most_examples) profile.examples.emplace_back(text);
   profile.dates += is_full_date(text) ? 1 : 0;
   profile.years += is_year_alone(text) ? 1 : 0;
-  profile.with_digit += text.find_first_of("0123456789") != std::string_view::npos ? 1 : 0;
+  profile.with_digit += has_digit(text) ? 1 : 0;
   const SexMeaning sex = sex_named(text);
   profile.males += sex == SexMeaning::male ? 1 : 0;
   profile.females += sex == SexMeaning::female ? 1 : 0;
@@ -56,9 +52,15 @@ void judge(ColumnProfile& profile, std::string_view text) {
 
 }  // namespace
 
+std::uint32_t mask_of_sample(std::size_t bytes, std::size_t compared) {
+  std::uint32_t mask = 0;
+  for (; bytes > compared; bytes /= 2) mask = mask * 2 + 1;
+  return mask;
+}
+
 std::vector<ColumnProfile> profile_columns(std::string_view text, char delimiter, const ColumnChoice& columns) {
   std::vector<ColumnProfile> profiles(std::min(columns.headings.size(), most_profiled_columns));
-  const std::uint32_t mask = mask_for(text);
+  const std::uint32_t mask = mask_of_sample(text.size(), bytes_compared);
   RecordReader reader = read_animals(text, delimiter, columns);
   ExportRecord record;
   for (std::int64_t count = 0; next_animal(reader, record, columns); ++count) {
@@ -92,7 +94,7 @@ std::unordered_map<std::uint32_t, SexMeaning> sexes_by_id(std::string_view text,
                                                           std::size_t sex) {
   std::unordered_map<std::uint32_t, SexMeaning> by_word, by_letter;
   bool has_other_letter = false;
-  const std::uint32_t mask = mask_for(text);
+  const std::uint32_t mask = mask_of_sample(text.size(), bytes_compared);
   RecordReader reader = read_animals(text, delimiter, columns);
   ExportRecord record;
   while (next_animal(reader, record, columns)) {

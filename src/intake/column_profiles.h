@@ -19,6 +19,10 @@ namespace pedigreewatch {
 /// The hashes of different texts: all of a small export, a fair sample of a large one.
 using TextSet = std::unordered_set<std::uint32_t>;
 
+/// The sample of so many bytes: the texts whose hashes have none of these bits. All of an export that has no more than
+/// `compared`, of a larger one about so many bytes.
+std::uint32_t mask_of_sample(std::size_t bytes, std::size_t compared);
+
 struct ColumnProfile {
   TextSet texts;                        ///< but those that mean an unknown parent
   std::int64_t texts_read = 0;          ///< those of the sample, each as often as it stands there

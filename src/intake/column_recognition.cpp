@@ -7,6 +7,7 @@
 
 #include "intake/heading_words.h"
 #include "text/folded_words.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {
@@ -91,10 +92,6 @@ WordMeaning meaning_by_words(std::string_view heading) {
   if (code == unused_column) return {};
   const bool says_whose_id = meaning.owner != HeadingOwner::animal && meaning.thing == HeadingThing::identification;
   return {code, says_whose_id ? WordFit::exact : WordFit::office};
-}
-
-bool has_digit(std::string_view text) {
-  return text.find_first_of("0123456789") != std::string_view::npos;
 }
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+#include "text/plain_letters.h"
+
 namespace pedigreewatch {
 namespace {
 
@@ -12,10 +14,6 @@ constexpr std::size_t kept_digits = 15;
 /// Of so many numbers one may be of another form, as on lines that were joined; beyond so many others none is counted.
 constexpr std::int64_t tolerated_other_forms = 50, most_other_forms = 1000;
 constexpr auto thousands_signs = std::to_array<std::string_view>({".", ",", "'", " ", "\xC2\xA0", "\xE2\x80\xAF"});
-
-bool is_digit(char byte) {
-  return byte >= '0' && byte <= '9';
-}
 
 std::size_t count_digits(std::string_view text) {
   const auto* const end = std::find_if_not(text.begin(), text.end(), is_digit);

@@ -7,13 +7,10 @@
 #include <cstddef>
 
 #include "intake/date_words.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {
-
-bool is_digit(char byte) {
-  return byte >= '0' && byte <= '9';
-}
 
 /// Signs that may stand between the pieces of a date.
 bool divides(char byte) {

@@ -8,6 +8,7 @@
 
 #include "intake/animal_lines.h"
 #include "intake/value_words.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {
@@ -17,7 +18,6 @@ constexpr std::int64_t counted_completely = 100000, counted_share = 16;
 /// Whether a text has three digits at least, which are all this one.
 bool has_no_digit_but(std::string_view text, char digit) {
   constexpr std::ptrdiff_t fewest_digits = 3;
-  const auto is_digit = [](char byte) { return byte >= '0' && byte <= '9'; };
   return std::count(text.begin(), text.end(), digit) >= fewest_digits &&
          std::none_of(text.begin(), text.end(), [&](char byte) { return is_digit(byte) && byte != digit; });
 }

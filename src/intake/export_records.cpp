@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "intake/value_words.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {
@@ -133,10 +134,6 @@ char line_end_of(std::string_view text) {
 
 bool is_blank_byte(char byte) {
   return (byte >= 0 && byte <= ' ') || byte == 0x7F;
-}
-
-bool is_digit(char byte) {
-  return byte >= '0' && byte <= '9';
 }
 
 bool is_capital(char byte) {

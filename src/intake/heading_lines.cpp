@@ -87,9 +87,8 @@ bool looks_like_animal(const TextsBelow& below, const HeadingTexts& texts) {
   });
 }
 
-bool has_digit(const HeadingTexts& texts) {
-  return std::any_of(texts.begin(), texts.end(),
-                     [](const std::string& text) { return text.find_first_of("0123456789") != std::string::npos; });
+bool has_number(const HeadingTexts& texts) {
+  return std::any_of(texts.begin(), texts.end(), has_digit);
 }
 
 bool is_heading(const TextsBelow& below, const TopAnimal& line, const TextStyle& ids) {
@@ -102,7 +101,7 @@ bool is_heading(const TextsBelow& below, const TopAnimal& line, const TextStyle&
   if (!has_no_date && !has_no_sex) return false;
   if (!id.empty() && id == sire && id == dam) return true;
   // An animal of a strange office may have an odd id and an odd date; one digit at least it has.
-  if (has_digit(texts)) return false;
+  if (has_number(texts)) return false;
   if (id.empty() && sire.empty() && dam.empty() && !line.has_name) return true;
   const bool is_odd_id = is_unlike(ids, id) || !says_something(id);
   const bool has_parents = is_known_text(sire) && is_known_text(dam);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "text/plain_letters.h"
+
 namespace pedigreewatch {
 namespace {
 
@@ -28,10 +30,6 @@ constexpr auto rule_words = std::to_array<RuleWords>({
 
 constexpr std::string_view separators = " -./_";
 constexpr std::string_view no_rule_name = "keep";
-
-bool is_digit(char byte) {
-  return byte >= '0' && byte <= '9';
-}
 
 /// What people put before or behind an identification: doubt, death, a remark.
 std::string_view without_marks(std::string_view id) {

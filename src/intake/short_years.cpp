@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "core/text_index.h"
+#include "intake/column_profiles.h"
 #include "intake/date_shapes.h"
 #include "intake/export_records.h"
 #include "intake/export_survey.h"
@@ -33,13 +34,8 @@ PossibleYears years_of(std::string_view text) {
   return {year, date.shape == DateShape::short_year ? date.first : year};
 }
 
-/// Of large exports the animals are compared whose hash has none of these bits.
-std::uint32_t mask_for(std::string_view text) {
-  constexpr std::size_t bytes_compared = std::size_t{1} << 24;
-  std::uint32_t mask = 0;
-  for (std::size_t size = text.size(); size > bytes_compared; size /= 2) mask = mask * 2 + 1;
-  return mask;
-}
+/// Of larger exports a sample of the animals is compared.
+constexpr std::size_t bytes_compared = std::size_t{1} << 24;
 
 using YearsOfAnimals = std::unordered_map<std::uint32_t, PossibleYears>;
 
@@ -59,7 +55,7 @@ void for_each_short_year(std::string_view text, char delimiter, const ColumnChoi
 ShortYears compare_short_years(std::string_view text, char delimiter, const ColumnChoice& columns) {
   ShortYears result;
   YearsOfAnimals animals;
-  const std::uint32_t mask = mask_for(text);
+  const std::uint32_t mask = mask_of_sample(text.size(), bytes_compared);
   for_each_short_year(text, delimiter, columns, [&](const ExportRecord& record, const PossibleYears& years) {
     note_birth(result.year_last, years.last);
     note_birth(result.year_first, years.first);

@@ -12,6 +12,7 @@
 #include "intake/date_shapes.h"
 #include "intake/export_records.h"
 #include "intake/heading_lines.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {
@@ -89,10 +90,6 @@ struct ColumnTexts {
 };
 
 constexpr std::size_t most_words_of_a_sex = 8;
-
-bool has_digit(std::string_view text) {
-  return text.find_first_of("0123456789") != std::string_view::npos;
-}
 
 bool is_full_date(std::string_view text) {
   const DateShape shape = cut_date(text).shape;

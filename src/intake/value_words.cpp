@@ -7,6 +7,7 @@
 #include <string>
 
 #include "text/folded_words.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {
@@ -295,7 +296,7 @@ bool means_unknown(std::string_view text) {
   if (is_placeholder(text)) return true;
   if (text.size() > longest_word) return false;
   // Most texts are identifications: one with a digit is none of the words.
-  if (std::any_of(text.begin(), text.end(), [](char byte) { return byte >= '0' && byte <= '9'; })) return false;
+  if (has_digit(text)) return false;
   return is_among(folded(text), unknown_words);
 }
 
@@ -304,7 +305,7 @@ bool means_unknown_parent(std::string_view text) {
   constexpr std::size_t fewest_nines = 5;
   if (text.size() >= fewest_nines && text.find_first_not_of('9') == std::string_view::npos) return true;
   if (text.size() > longest_word) return false;
-  if (std::any_of(text.begin(), text.end(), [](char byte) { return byte >= '0' && byte <= '9'; })) return false;
+  if (has_digit(text)) return false;
   return is_among(folded(text), unknown_parent_words);
 }
 

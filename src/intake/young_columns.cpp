@@ -13,6 +13,7 @@
 #include "intake/heading_words.h"
 #include "intake/rare_young.h"
 #include "text/folded_words.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {
@@ -20,10 +21,6 @@ namespace {
 /// What each of several animals on a line may have for itself.
 constexpr auto own_fields =
     std::to_array<FieldCode>({sex_column, name_column, birthdate_column, colour_column, breeder_column, import_column});
-
-bool is_digit(char byte) {
-  return byte >= '0' && byte <= '9';
-}
 
 /// A heading without its number.
 struct NumberedHeading {

@@ -108,14 +108,6 @@ constexpr auto panels = std::to_array<Panel>(
       {"Generation interval", "Generatie-interval"},
       {"years", "jaren"}}});
 
-std::string say(const ForecastPageInput& input, const Wording& wording) {
-  return std::string(words_of(wording, input.language));
-}
-
-void add_paragraph(std::string& page, std::string_view text) {
-  if (!text.empty()) page += "<p>" + escaped(text) + "</p>\n";
-}
-
 /// A line of the console as a sentence.
 std::string as_sentence(std::string line) {
   const bool is_small = !line.empty() && line.front() >= 'a' && line.front() <= 'z';
@@ -136,10 +128,10 @@ Chart begin_chart(const ForecastPageInput& input, const Panel& panel, std::strin
   Chart chart;
   chart.language = input.language;
   chart.id = "pw-" + std::string(prefix) + std::string(panel.id);
-  chart.title = say(input, panel.title);
-  chart.unit = say(input, panel.unit);
+  chart.title = phrase(panel.title, input.language);
+  chart.unit = phrase(panel.unit, input.language);
   chart.first_number = years.first;
-  chart.figures.headings.push_back(say(input, year_word));
+  chart.figures.headings.push_back(phrase(year_word, input.language));
   for (std::int32_t year = years.first; year <= years.last; ++year) add_place(chart, std::to_string(year));
   return chart;
 }
@@ -189,8 +181,8 @@ std::string charts_of(const ForecastPageInput& input) {
   std::string text;
   for (const Panel& panel : panels) {
     Chart chart = begin_chart(input, panel, "f-", years);
-    chart.reading = say(input, is_of_few(input.forecast) ? few_reading : chart_reading);
-    add_real_years(chart, input.past, panel, years, say(input, past_series));
+    chart.reading = phrase(is_of_few(input.forecast) ? few_reading : chart_reading, input.language);
+    add_real_years(chart, input.past, panel, years, phrase(past_series, input.language));
     for (std::size_t k = 0; k < input.forecast.scenarios.size(); ++k) {
       add_scenario(input, chart, input.forecast, k, panel, years);
     }
@@ -209,7 +201,7 @@ std::string with_range(const ForecastPageInput& input, const std::optional<Band>
 FigureTable rules_table(const ForecastPageInput& input) {
   FigureTable table;
   table.is_of_words = true;
-  for (const Wording& heading : rules_headings) table.headings.push_back(say(input, heading));
+  for (const Wording& heading : rules_headings) table.headings.push_back(phrase(heading, input.language));
   for (std::size_t k = 0; k < input.summaries.size(); ++k) {
     const ScenarioSummary& summary = input.summaries[k];
     FigureTable::FigureRow row = {title_of(input.forecast.scenarios[k].rules, input.language), {}};
@@ -248,16 +240,16 @@ std::string results_of(const ForecastPageInput& input) {
     text += "</ul>\n";
   }
   for (const std::string& line : input.warnings) add_paragraph(text, as_sentence(line));
-  write_figure_table(text, rules_table(input), say(input, rules_caption));
+  write_figure_table(text, rules_table(input), phrase(rules_caption, input.language));
   return text;
 }
 
 std::string trust_of(const ForecastPageInput& input) {
   std::string text;
-  add_paragraph(text, say(input, what_it_is));
-  add_paragraph(text, say(input, how_it_did));
+  add_paragraph(text, phrase(what_it_is, input.language));
+  add_paragraph(text, phrase(how_it_did, input.language));
   if (input.hindcast == nullptr) {
-    add_paragraph(text, say(input, no_look_back));
+    add_paragraph(text, phrase(no_look_back, input.language));
     return text;
   }
   const Forecast& forecast = input.hindcast->forecast;
@@ -271,7 +263,7 @@ std::string trust_of(const ForecastPageInput& input) {
     Chart chart = begin_chart(input, panel, "b-", years);
     chart.reading = phrase(is_of_few(forecast) ? look_back_of_few : look_back_reading, input.language,
                            {std::to_string(input.hindcast->from)});
-    add_real_years(chart, input.past, panel, years, say(input, truth_series));
+    add_real_years(chart, input.past, panel, years, phrase(truth_series, input.language));
     add_scenario(input, chart, forecast, 0, panel, years);
     write_chart(text, chart, input.language);
   }
@@ -284,28 +276,22 @@ std::string practice_of(const ForecastPageInput& input) {
   return text;
 }
 
-void write_section(std::string& page, const ForecastPageInput& input, std::string_view id, const Wording& title,
-                   const std::string& content) {
-  page += "<section aria-labelledby=\"pw-" + std::string(id) + "\"><h2 id=\"pw-" + std::string(id) + "\">" +
-          escaped(say(input, title)) + "</h2>\n" + content + "</section>\n";
-}
-
 }  // namespace
 
 std::string forecast_body(const ForecastPageInput& input) {
   std::string body;
   define_fillings(body);
-  write_section(body, input, "result", result_title, results_of(input));
-  write_section(body, input, "charts", charts_title, charts_of(input));
-  write_section(body, input, "trust", trust_title, trust_of(input));
-  write_section(body, input, "practice", practice_title, practice_of(input));
+  write_section(body, "result", words_of(result_title, input.language), results_of(input));
+  write_section(body, "charts", words_of(charts_title, input.language), charts_of(input));
+  write_section(body, "trust", words_of(trust_title, input.language), trust_of(input));
+  write_section(body, "practice", words_of(practice_title, input.language), practice_of(input));
   return body;
 }
 
 std::string make_forecast_page(const ForecastPageInput& input) {
   const std::string title = phrase(page_title, input.language, {data_text(input.population_name)});
   const std::string body = corrections_note(input.corrections, input.language) + forecast_body(input);
-  return whole_page(input.language, title, body, say(input, made_by));
+  return whole_page(input.language, title, body, phrase(made_by, input.language));
 }
 
 }  // namespace pedigreewatch

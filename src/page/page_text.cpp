@@ -76,4 +76,14 @@ std::string report_figure(double value, int decimals, ToolLanguage language) {
   return text;
 }
 
+void add_paragraph(std::string& page, std::string_view text) {
+  if (!text.empty()) page += "<p>" + escaped(text) + "</p>\n";
+}
+
+void write_section(std::string& page, std::string_view id, std::string_view title, std::string_view content) {
+  const std::string heading = "pw-" + std::string(id);
+  page += "<section aria-labelledby=\"" + heading + "\"><h2 id=\"" + heading + "\">" + escaped(title) + "</h2>\n";
+  page += std::string(content) + "</section>\n";
+}
+
 }  // namespace pedigreewatch

@@ -25,4 +25,10 @@ std::string data_text(std::string_view bytes);
 /// decimal sign of the language, and without the sign of a figure that rounds to 0.
 std::string report_figure(double value, int decimals, ToolLanguage language);
 
+/// Adds a paragraph with the text; none where there is no text.
+void add_paragraph(std::string& page, std::string_view text);
+
+/// Adds a section under a title. `id` tells it from the others of the page; `content` is HTML.
+void write_section(std::string& page, std::string_view id, std::string_view title, std::string_view content);
+
 }  // namespace pedigreewatch

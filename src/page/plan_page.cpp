@@ -50,14 +50,6 @@ constexpr Wording kinship_reading = {
     "behouden blijft."};
 constexpr Wording kinship_unit = {"mean kinship, %", "gemiddelde verwantschap, %"};
 
-std::string say(const PlanPageInput& input, const Wording& wording) {
-  return std::string(words_of(wording, input.language));
-}
-
-void add_paragraph(std::string& page, std::string_view text) {
-  if (!text.empty()) page += "<p>" + escaped(text) + "</p>\n";
-}
-
 std::string id_of(const PlanPageInput& input, std::int32_t position) {
   return data_text(input.store.id(position));
 }
@@ -133,7 +125,7 @@ FigureTable pairs_by(const PlanPageInput& input, Sex first) {
   FigureTable table;
   table.is_of_words = true;
   const bool with_names = has_names(input);
-  const auto add_heading = [&](const Wording& heading) { table.headings.push_back(say(input, heading)); };
+  const auto add_heading = [&](const Wording& heading) { table.headings.push_back(phrase(heading, input.language)); };
   for (const Sex sex : {first, first == female ? male : female}) {
     add_heading(sex == female ? female_word : male_word);
     if (with_names) add_heading(name_word);
@@ -144,7 +136,7 @@ FigureTable pairs_by(const PlanPageInput& input, Sex first) {
     const PlannedPair& planned = input.plan.pairs[k];
     const std::int32_t one = first == female ? pair.female : pair.male;
     const std::int32_t mate = first == female ? pair.male : pair.female;
-    const std::string wish = planned.is_wished ? " (" + say(input, wished_mark) + ")" : std::string();
+    const std::string wish = planned.is_wished ? " (" + phrase(wished_mark, input.language) + ")" : std::string();
     std::vector<std::string> cells;
     if (with_names) cells.push_back(name_of(input, one));
     cells.push_back(id_of(input, mate));
@@ -176,12 +168,12 @@ void write_contributions(std::string& page, const PlanPageInput& input, Sex sex)
   const bool is_male = sex == male;
   BarList list;
   list.id = is_male ? "pw-contributions" : "pw-contributions-of-females";
-  list.title = say(input, is_male ? males_contributions : females_contributions);
-  list.reading = say(input, contributions_reading);
-  list.heading = say(input, is_male ? male_word : female_word);
-  list.figures.push_back(say(input, best_series));
+  list.title = phrase(is_male ? males_contributions : females_contributions, input.language);
+  list.reading = phrase(contributions_reading, input.language);
+  list.heading = phrase(is_male ? male_word : female_word, input.language);
+  list.figures.push_back(phrase(best_series, input.language));
   const std::vector<std::int32_t>& numbers = input.plan.numbers.numbers;
-  if (!numbers.empty()) list.figures.push_back(say(input, plan_series));
+  if (!numbers.empty()) list.figures.push_back(phrase(plan_series, input.language));
   for (const std::size_t k : largest_shares(input, sex)) {
     BarList::Row row = {id_of(input, input.plan.candidates[k]), {}};
     row.values.emplace_back(100.0 * input.plan.optimum().shares[k] / share_of_sex);
@@ -194,22 +186,16 @@ void write_contributions(std::string& page, const PlanPageInput& input, Sex sex)
 void write_kinships(std::string& page, const PlanPageInput& input) {
   const ComparisonTable comparison = comparison_of(input.plan, input.language);
   BarList list = {"pw-kinship",
-                  say(input, kinship_title),
-                  say(input, kinship_reading),
+                  phrase(kinship_title, input.language),
+                  phrase(kinship_reading, input.language),
                   comparison.headings.front(),
-                  {say(input, kinship_unit)},
+                  {phrase(kinship_unit, input.language)},
                   {},
                   3};
   for (const auto& way : input.plan.comparisons) {
     if (way) list.rows.push_back({comparison.rows[list.rows.size()].way, {100.0 * way->mean_kinship}});
   }
   write_bar_list(page, list, input.language);
-}
-
-void write_section(std::string& page, const PlanPageInput& input, std::string_view id, const Wording& title,
-                   const std::string& content) {
-  page += "<section aria-labelledby=\"pw-" + std::string(id) + "\"><h2 id=\"pw-" + std::string(id) + "\">" +
-          escaped(say(input, title)) + "</h2>\n" + content + "</section>\n";
 }
 
 std::string summary_of(const PlanPageInput& input) {
@@ -232,32 +218,34 @@ std::string summary_of(const PlanPageInput& input) {
   for (const std::string& line : warning_sentences(warnings, input.request, input.language, input.speaker)) {
     text += "<p><strong>" + escaped(line) + "</strong></p>\n";
   }
-  write_figure_table(text, figures_of(comparison_of(input.plan, input.language)), say(input, comparison_caption));
+  write_figure_table(text, figures_of(comparison_of(input.plan, input.language)),
+                     phrase(comparison_caption, input.language));
   if (!input.plan.curve.empty()) {
-    write_figure_table(text, figures_of(curve_of(input.plan, input.language)), say(input, curve_caption));
+    write_figure_table(text, figures_of(curve_of(input.plan, input.language)), phrase(curve_caption, input.language));
   }
   return text;
 }
 
 std::string pairs_section(const PlanPageInput& input, Sex first, const Wording& caption) {
   std::string text;
-  add_paragraph(text, say(input, reading_f));
-  write_figure_table(text, pairs_by(input, first), say(input, caption));
+  add_paragraph(text, phrase(reading_f, input.language));
+  write_figure_table(text, pairs_by(input, first), phrase(caption, input.language));
   return text;
 }
 
 std::string body_of(const PlanPageInput& input) {
   std::string page;
   define_fillings(page);
-  write_section(page, input, "plan", summary_title, summary_of(input));
+  write_section(page, "plan", words_of(summary_title, input.language), summary_of(input));
   if (!input.plan.pairs.empty()) {
-    write_section(page, input, "females", females_title, pairs_section(input, female, females_caption));
-    write_section(page, input, "males", males_title, pairs_section(input, male, males_caption));
+    write_section(page, "females", words_of(females_title, input.language),
+                  pairs_section(input, female, females_caption));
+    write_section(page, "males", words_of(males_title, input.language), pairs_section(input, male, males_caption));
   }
   std::string charts;
   for (const Sex sex : {male, female}) write_contributions(charts, input, sex);
   write_kinships(charts, input);
-  write_section(page, input, "charts", charts_title, charts);
+  write_section(page, "charts", words_of(charts_title, input.language), charts);
   return page;
 }
 
@@ -266,7 +254,7 @@ std::string body_of(const PlanPageInput& input) {
 std::string make_plan_page(const PlanPageInput& input) {
   const std::string title = phrase(page_title, input.language, {data_text(input.population_name)});
   const std::string body = corrections_note(input.corrections, input.language) + body_of(input);
-  return whole_page(input.language, title, body, say(input, made_by));
+  return whole_page(input.language, title, body, phrase(made_by, input.language));
 }
 
 }  // namespace pedigreewatch

@@ -8,6 +8,7 @@
 
 #include "core/by_number.h"
 #include "core/fixed_text.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {
@@ -47,10 +48,6 @@ DatePieces cut_by_separators(std::string_view text, const DateLayout& layout) {
   const std::string_view back = part(text, last_place + 1, text.size());
   if (layout.year_first) return {front, layout.day_first ? back : middle, layout.day_first ? middle : back};
   return {back, layout.day_first ? middle : front, layout.day_first ? front : middle};
-}
-
-bool is_digit(char byte) {
-  return byte >= '0' && byte <= '9';
 }
 
 /// Takes digits off the start of `text`, up to nine of them, and yields their value; -1 when there are none or more.

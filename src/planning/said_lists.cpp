@@ -11,6 +11,7 @@
 #include "checks/readable_text.h"
 #include "core/line_reader.h"
 #include "matings/candidates.h"
+#include "text/plain_letters.h"
 #include "text/system_reasons.h"
 
 namespace pedigreewatch {
@@ -172,8 +173,6 @@ std::string first_cell(std::string_view line) {
 
 /// Whether a first line names columns instead of an animal: two words without any digit.
 bool is_heading(const ListedAnimal& animal, LineForm form) {
-  constexpr std::string_view all_digits = "0123456789";
-  const auto has_digit = [&](const std::string& text) { return text.find_first_of(all_digits) != std::string::npos; };
   return form == LineForm::id_value && animal.position == 0 && !animal.text.empty() && !has_digit(animal.id) &&
          !has_digit(animal.text);
 }

@@ -8,6 +8,7 @@
 #include <cstdlib>
 
 #include "core/real_digits.h"
+#include "text/plain_letters.h"
 
 namespace pedigreewatch {
 namespace {
@@ -37,10 +38,6 @@ std::string letters_of_code(std::string_view code) {
 
 bool holds(std::string_view letters, char letter) {
   return letters.find(letter) != std::string_view::npos;
-}
-
-bool is_digit(char byte) {
-  return byte >= '0' && byte <= '9';
 }
 
 bool is_whole_number(std::string_view raw) {

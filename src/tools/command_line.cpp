@@ -40,6 +40,10 @@ bool take_option(CommandLine& line, std::string_view argument, std::span<const s
 
 }  // namespace
 
+std::string wrong_value(const GivenOption& given, std::string_view expected) {
+  return std::string(given.name) + " " + in_quotes(given.value) + ": " + std::string(expected) + " was expected";
+}
+
 CommandLine read_command_line(std::span<const std::string_view> arguments, std::span<const OptionRule> rules) {
   CommandLine line;
   bool are_operands = false;

@@ -19,6 +19,9 @@ struct GivenOption {
   std::string_view name, value;
 };
 
+/// What is wrong with the value of an option.
+std::string wrong_value(const GivenOption& given, std::string_view expected);
+
 struct CommandLine {
   std::vector<GivenOption> options;
   std::vector<std::string_view> operands;

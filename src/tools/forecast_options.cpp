@@ -69,10 +69,6 @@ std::optional<std::int64_t> read_whole(std::string_view text, std::int64_t least
 
 constexpr std::int64_t most_years = 200, most_replicates = 10'000, most_threads = 256;
 
-std::string refusal(const GivenOption& given, std::string_view expected) {
-  return std::string(given.name) + " " + in_quotes(given.value) + ": " + std::string(expected) + " was expected";
-}
-
 std::string take_rule_option(const GivenOption& given, ForecastOptions& options) {
   constexpr std::size_t hyphens = 2;
   const std::string_view name = given.name.substr(hyphens);
@@ -84,27 +80,27 @@ std::string take_rule_option(const GivenOption& given, ForecastOptions& options)
 std::string take_option(const GivenOption& given, ForecastOptions& options) {
   if (given.name == "--years") {
     const auto number = read_whole(given.value, 1, most_years);
-    if (!number) return refusal(given, "a number of years from 1 to 200");
+    if (!number) return wrong_value(given, "a number of years from 1 to 200");
     options.years = static_cast<std::int32_t>(*number);
   } else if (given.name == "--replicates") {
     const auto number = read_whole(given.value, 1, most_replicates);
-    if (!number) return refusal(given, "a number from 1 to 10000");
+    if (!number) return wrong_value(given, "a number from 1 to 10000");
     options.settings.replicates = static_cast<std::int32_t>(*number);
   } else if (given.name == "--seed") {
     const auto number = read_whole(given.value, 0, std::numeric_limits<std::int64_t>::max());
-    if (!number) return refusal(given, "a whole number from 0 on");
+    if (!number) return wrong_value(given, "a whole number from 0 on");
     options.settings.seed = static_cast<std::uint64_t>(*number);
   } else if (given.name == "--from") {
     constexpr std::int64_t last_of_years = 999'999;
     const auto number = read_whole(given.value, -last_of_years, last_of_years);
-    if (!number) return refusal(given, "a year such as 2010");
+    if (!number) return wrong_value(given, "a year such as 2010");
     options.from = static_cast<std::int32_t>(*number);
   } else if (given.name == "--threads") {
     const auto number = read_whole(given.value, 1, most_threads);
-    if (!number) return refusal(given, "a number from 1 to 256");
+    if (!number) return wrong_value(given, "a number from 1 to 256");
     options.settings.threads = static_cast<std::int32_t>(*number);
   } else if (given.name == "--rules") {
-    if (given.value.empty()) return refusal(given, "the name of a file");
+    if (given.value.empty()) return wrong_value(given, "the name of a file");
     options.rules_file = given.value;
   } else if (given.name == "--plain") {
     options.is_plain = true;

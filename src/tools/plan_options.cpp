@@ -132,21 +132,17 @@ std::optional<double> read_rate(std::string_view text) {
   return number && *number <= most ? std::optional(*number / 100.0) : std::nullopt;
 }
 
-std::string refusal(const GivenOption& given, std::string_view expected) {
-  return std::string(given.name) + " " + in_quotes(given.value) + ": " + std::string(expected) + " was expected";
-}
-
 /// Takes an option with a number that is no count.
 std::string take_number(const GivenOption& given, PlanOptions& options) {
   if (given.name == "--most-f") {
     options.most_f = read_fraction(given.value);
-    if (!options.most_f) return refusal(given, "an F such as 0.0625 or 6.25%");
+    if (!options.most_f) return wrong_value(given, "an F such as 0.0625 or 6.25%");
   } else if (given.name == "--rate") {
     options.rate = read_rate(given.value);
-    if (!options.rate) return refusal(given, "a per cent of inbreeding a generation, such as 0.5,");
+    if (!options.rate) return wrong_value(given, "a per cent of inbreeding a generation, such as 0.5,");
   } else if (given.name == "--least-generations") {
     const std::optional<double> number = read_plain_number(given.value);
-    if (!number) return refusal(given, "a number of generations such as 3 or 2.5");
+    if (!number) return wrong_value(given, "a number of generations such as 3 or 2.5");
     options.least_generations = *number;
   }
   return {};
@@ -155,14 +151,14 @@ std::string take_number(const GivenOption& given, PlanOptions& options) {
 std::string take_option(const GivenOption& given, PlanOptions& options) {
   for (const FileOption& option : file_options) {
     if (given.name != option.name) continue;
-    if (given.value.empty()) return refusal(given, "the name of a file");
+    if (given.value.empty()) return wrong_value(given, "the name of a file");
     options.lists.*option.file = given.value;
     return {};
   }
   for (const CountOption& option : count_options) {
     if (given.name != option.name) continue;
     options.*option.count = read_count(given.value);
-    return options.*option.count ? std::string() : refusal(given, "a number from 1 to 1000000");
+    return options.*option.count ? std::string() : wrong_value(given, "a number from 1 to 1000000");
   }
   if (given.name == "--all-animals") options.takes_all_animals = true;
   if (given.name == "--known-parents") options.needs_known_parents = true;
