@@ -2,16 +2,19 @@
 
 #include <algorithm>
 #include <charconv>
+#include <limits>
 #include <optional>
 #include <set>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
+#include "core/fixed_text.h"
 #include "desk/json_text.h"
 #include "desk/matings_desk.h"
 #include "diversity/cohorts.h"
 #include "matings/candidates.h"
+#include "pedigree/id_list.h"
 #include "tables/table_writer.h"
 
 namespace pedigreewatch {
@@ -37,17 +40,6 @@ std::vector<std::int32_t> positions_named(const Desk& desk, std::string_view tex
     if (is_animal && seen.insert(position).second) positions.push_back(position);
   }
   return positions;
-}
-
-std::vector<ListedId> lines_of(std::string_view text) {
-  std::vector<ListedId> lines;
-  for (std::int64_t number = 1; !text.empty(); ++number) {
-    const std::size_t end = std::min(text.find('\n'), text.size());
-    const std::string_view id = without_blanks(text.substr(0, end));
-    if (!id.empty()) lines.push_back({number, std::string(id)});
-    text.remove_prefix(std::min(end + 1, text.size()));
-  }
-  return lines;
 }
 
 /// F of all pairs, row by row.
@@ -138,7 +130,8 @@ bool has_mates(const Desk& desk) {
 }  // namespace
 
 std::string find_listed(const Desk& desk, std::string_view ids) {
-  const std::vector<ListedId> lines = lines_of(ids);
+  constexpr std::size_t any_number = std::numeric_limits<std::size_t>::max();
+  const std::vector<ListedId> lines = id_list_of_text(ids, any_number).ids;
   std::vector<std::int32_t> positions(lines.size());
   if (desk.results) positions = positions_listed(store_of(desk), lines);
   JsonText json;
@@ -150,7 +143,7 @@ std::string find_listed(const Desk& desk, std::string_view ids) {
       add_animal(json, *desk.results, positions[k]);
     } else {
       add_integer(json, "position", 0);
-      add_text(json, "id", lines[k].id);
+      add_text(json, "id", without_blanks(lines[k].id));
     }
     end_object(json);
   }

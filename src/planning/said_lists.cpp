@@ -9,8 +9,9 @@
 #include <utility>
 
 #include "checks/readable_text.h"
-#include "core/line_reader.h"
+#include "core/fixed_text.h"
 #include "matings/candidates.h"
+#include "pedigree/id_list.h"
 #include "text/plain_letters.h"
 #include "text/system_reasons.h"
 
@@ -56,14 +57,6 @@ constexpr Wording not_in_data = {"{1}: animals that this data file does not have
                                  "{1}: dieren die dit databestand niet heeft, en die dus al niet meedoen: {2}"};
 constexpr Wording further_faults = {"{1}: and more faults of this list", "{1}: en nog meer fouten in deze lijst"};
 
-constexpr std::string_view blanks = " \t\r";
-
-std::string_view without_blanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
 /// Two fields of a line; the second is empty where nothing divides them.
 using LineFields = std::pair<std::string_view, std::string_view>;
 
@@ -86,75 +79,47 @@ void tell(ToolStreams& streams, std::string_view text) {
   say(streams.messages, text);
 }
 
-struct ListLine {
-  std::int64_t number = 0;
-  std::string text;
-};
-
 void refuse_file(PlanInput& input, const Wording& wording, std::initializer_list<std::string_view> values) {
   input.has_faults = true;
   tell(input.streams, phrase(wording, input.language, values));
 }
 
-/// Takes a line of a list; false when it is none.
-bool take_line(PlanInput& input, const std::string& name, std::int64_t number, std::string_view line,
-               std::vector<ListLine>& lines) {
+/// Says what is wrong with a list, if anything.
+void refuse_list(PlanInput& input, const std::string& name, std::string_view option, const IdList& list,
+                 std::size_t most_lines) {
+  const std::string reason = list.error != 0 ? reason_text(list.error, input.language) : std::string();
+  switch (list.fault) {
+    case IdListFault::not_opened:
+      return list.error == EINTR ? refuse_file(input, said_of_file, {in_quotes(name), reason})
+                                 : refuse_file(input, not_opened, {in_quotes(name), option});
+    case IdListFault::no_text: return refuse_file(input, no_text, {shown(name)});
+    case IdListFault::too_long: return refuse_file(input, too_many_lines, {shown(name), std::to_string(most_lines)});
+    case IdListFault::not_read: return refuse_file(input, said_of_file, {shown(name), reason});
+    case IdListFault::none: break;
+  }
+}
+
+/// The lines of a file, or of a text that was typed, without blanks around them; none where something is wrong.
+std::vector<ListedId> read_lines(PlanInput& input, const std::string& name, std::string_view option) {
   constexpr std::size_t most_lines = 1'000'000;
   constexpr std::string_view utf_8_mark = "\xEF\xBB\xBF";
-  if (line.find('\0') != std::string_view::npos || (number == 1 && line.starts_with("\xFF\xFE"))) {
-    refuse_file(input, no_text, {shown(name)});
-    return false;
-  }
-  if (number == 1 && line.starts_with(utf_8_mark)) line.remove_prefix(utf_8_mark.size());
-  const std::string_view text = without_blanks(line);
-  if (!text.empty()) lines.push_back({number, std::string(text)});
-  if (lines.size() <= most_lines) return true;
-  refuse_file(input, too_many_lines, {shown(name), std::to_string(most_lines)});
-  return false;
-}
-
-/// The lines of a text that was typed.
-std::vector<ListLine> lines_of_text(PlanInput& input, const std::string& name, std::string_view text) {
-  std::vector<ListLine> lines;
-  for (std::int64_t number = 1; !text.empty(); ++number) {
-    const std::size_t end = std::min(text.find('\n'), text.size());
-    if (!take_line(input, name, number, text.substr(0, end), lines)) return {};
-    text.remove_prefix(std::min(end + 1, text.size()));
-  }
-  return lines;
-}
-
-std::vector<ListLine> lines_of_file(PlanInput& input, const std::string& name, std::string_view option) {
-  std::vector<ListLine> lines;
-  LineReader reader;
-  if (!open_for_reading(reader, name)) {
-    if (reader.error == EINTR) {
-      refuse_file(input, said_of_file, {in_quotes(name), reason_text(reader.error, input.language)});
-    } else {
-      refuse_file(input, not_opened, {in_quotes(name), option});
-    }
-    return lines;
-  }
-  std::string_view line;
-  while (read_line(reader, line)) {
-    if (!take_line(input, name, reader.line_number, line, lines)) return {};
-  }
-  note_change(reader);
-  if (reader.error != 0) refuse_file(input, said_of_file, {shown(name), reason_text(reader.error, input.language)});
-  return lines;
-}
-
-std::vector<ListLine> read_lines(PlanInput& input, const std::string& name, std::string_view option) {
   const auto text = input.texts.find(name);
-  std::vector<ListLine> lines =
-      text == input.texts.end() ? lines_of_file(input, name, option) : lines_of_text(input, name, text->second);
-  if (lines.empty() && !input.has_faults) refuse_file(input, empty_list, {shown(name)});
-  return lines;
+  IdList list = text == input.texts.end() ? read_id_list(name, most_lines) : id_list_of_text(text->second, most_lines);
+  refuse_list(input, name, option, list, most_lines);
+  if (list.fault != IdListFault::none) return {};
+  for (ListedId& line : list.ids) {
+    std::string_view id = line.id;
+    if (line.line == 1 && id.starts_with(utf_8_mark)) id.remove_prefix(utf_8_mark.size());
+    line.id = std::string(without_blanks(id));
+  }
+  std::erase_if(list.ids, [](const ListedId& line) { return line.id.empty(); });
+  if (list.ids.empty() && !input.has_faults) refuse_file(input, empty_list, {shown(name)});
+  return std::move(list.ids);
 }
 
 /// The first line of a list of animals left out as the desk keeps it: with the reason and the day of each.
-bool begins_left_out_list(const std::vector<ListLine>& lines) {
-  std::string first = lines.empty() ? std::string() : lines.front().text;
+bool begins_left_out_list(const std::vector<ListedId>& lines) {
+  std::string first = lines.empty() ? std::string() : lines.front().id;
   std::erase(first, '"');
   return first == "id\twhy\twhen";
 }
@@ -198,15 +163,15 @@ void count_fault(PlanInput& input, FaultCount& faults, const std::string& name, 
 
 /// The lines of a list cut into fields, with the animals that they name: of the ways to read a line the first one that
 /// begins with an animal.
-std::vector<ListedAnimal> look_up(const PlanInput& input, const std::vector<ListLine>& lines, LineForm form) {
+std::vector<ListedAnimal> look_up(const PlanInput& input, const std::vector<ListedId>& lines, LineForm form) {
   std::vector<ListedAnimal> readings;
   std::vector<ListedId> ids;
-  for (const ListLine& line : lines) {
+  for (const ListedId& line : lines) {
     const std::vector<LineFields> ways =
-        form == LineForm::id ? std::vector<LineFields>{{line.text, {}}} : readings_of(line.text);
+        form == LineForm::id ? std::vector<LineFields>{{line.id, {}}} : readings_of(line.id);
     for (const LineFields& fields : ways) {
-      readings.push_back({line.number, 0, std::string(fields.first), std::string(fields.second)});
-      ids.push_back({line.number, std::string(fields.first)});
+      readings.push_back({line.line, 0, std::string(fields.first), std::string(fields.second)});
+      ids.push_back({line.line, std::string(fields.first)});
     }
   }
   const std::vector<std::int32_t> positions = positions_listed(input.store, ids);
@@ -280,7 +245,7 @@ std::vector<ListedAnimal> read_animals(PlanInput& input, const std::string& name
   return take_animals(input, name, look_up(input, read_lines(input, name, option), form), form);
 }
 std::vector<std::int32_t> read_excluded(PlanInput& input, const std::string& name, std::string_view option) {
-  std::vector<ListLine> lines = read_lines(input, name, option);
+  std::vector<ListedId> lines = read_lines(input, name, option);
   std::vector<std::int32_t> positions;
   if (!begins_left_out_list(lines)) {
     for (const ListedAnimal& animal : take_animals(input, name, look_up(input, lines, LineForm::id), LineForm::id)) {
@@ -289,7 +254,7 @@ std::vector<std::int32_t> read_excluded(PlanInput& input, const std::string& nam
     return positions;
   }
   std::vector<ListedId> ids;
-  for (std::size_t k = 1; k < lines.size(); ++k) ids.push_back({lines[k].number, first_cell(lines[k].text)});
+  for (std::size_t k = 1; k < lines.size(); ++k) ids.push_back({lines[k].line, first_cell(lines[k].id)});
   std::int64_t unknown = 0;
   for (const std::int32_t position : positions_listed(input.store, ids)) {
     unknown += position == 0 ? 1 : 0;

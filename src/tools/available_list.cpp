@@ -7,9 +7,9 @@
 #include "checks/readable_text.h"
 #include "core/new_files.h"
 #include "matings/candidates.h"
+#include "pedigree/id_list.h"
 #include "text/system_reasons.h"
 #include "tools/folder_analysis.h"
-#include "tools/id_list.h"
 
 namespace pedigreewatch {
 namespace {

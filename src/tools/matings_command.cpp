@@ -18,6 +18,7 @@
 #include "matings/candidates.h"
 #include "matings/mating_table.h"
 #include "matings/ranking.h"
+#include "pedigree/id_list.h"
 #include "planning/parent_use.h"
 #include "planning/plan_candidates.h"
 #include "planning/plan_words.h"
@@ -25,7 +26,6 @@
 #include "tools/available_list.h"
 #include "tools/folder_analysis.h"
 #include "tools/folder_command.h"
-#include "tools/id_list.h"
 #include "tools/late_births.h"
 #include "tools/output_files.h"
 

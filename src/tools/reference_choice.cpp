@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "checks/readable_text.h"
+#include "pedigree/id_list.h"
 #include "text/system_reasons.h"
-#include "tools/id_list.h"
 
 namespace pedigreewatch {
 namespace {

@@ -1,8 +1,10 @@
-// Lists of identifications, one a line, by which animals are named on the command line.
+// Lists by which animals are named: an identification a line, or a line that begins with one. Files, or texts that were
+// typed.
 #pragma once
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "pedigree/listed_id.h"
@@ -25,5 +27,8 @@ struct IdList {
 
 /// Reads the list up to the first thing that is wrong with it.
 IdList read_id_list(const std::string& name, std::size_t most_ids);
+
+/// The same of a text.
+IdList id_list_of_text(std::string_view text, std::size_t most_ids);
 
 }  // namespace pedigreewatch

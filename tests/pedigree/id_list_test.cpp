@@ -1,4 +1,4 @@
-#include "tools/id_list.h"
+#include "pedigree/id_list.h"
 
 #include <gtest/gtest.h>
 
@@ -34,6 +34,17 @@ TEST(ReadIdList, TakesNoTextInTwoBytes) {
 TEST(ReadIdList, TakesAsManyAsItMay) {
   EXPECT_EQ(list_of("HS1\nHS2\n", 2).fault, IdListFault::none);
   EXPECT_EQ(list_of("HS1\nHS2\nHS3\n", 2).fault, IdListFault::too_long);
+}
+
+TEST(ReadIdList, ATextThatIsTypedIsReadLikewise) {
+  const IdList list = id_list_of_text("HS1\r\n \nHS2 HS3", 2);
+  EXPECT_EQ(list.fault, IdListFault::none);
+  ASSERT_EQ(list.ids.size(), 2U);
+  EXPECT_EQ(list.ids[0].line, 1);
+  EXPECT_EQ(list.ids[1].line, 3);
+  EXPECT_EQ(list.ids[1].id, "HS2 HS3");
+  EXPECT_EQ(id_list_of_text("a\nb\nc", 2).fault, IdListFault::too_long);
+  EXPECT_EQ(id_list_of_text("\xFF\xFEH", 2).fault, IdListFault::no_text);
 }
 
 TEST(ReadIdList, SaysThatAFileIsMissing) {
