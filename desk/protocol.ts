@@ -46,7 +46,7 @@ export interface CorrectionRow {
   id: string; field: string; was: string; becomes: string; why: string; when: string;
   /** What people would write for the number of a day. */
   wasDay?: string; becomesDay?: string;
-  fate: "applied" | "alreadySo" | "differs" | "noAnimal" | "noColumn" | "idTaken" | "noOther"; said: string;
+  fate: "applied" | "alreadySo" | "differs" | "noAnimal" | "noColumn" | "idTaken" | "noOther" | "hasNewId" | "hasGone"; said: string;
 }
 /** `list` has what could be read of the list that was given, `faults` say what could not. */
 export interface CorrectionsAnswer extends Messages { faults: string[]; list: string; sentence: string; rows: CorrectionRow[]; }

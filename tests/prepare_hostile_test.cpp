@@ -53,7 +53,7 @@ TEST(HostilePrepareRefuses, FilesThatAreNoText) {
                  "export.csv: this workbook is not complete. Copy or export it again.\n");
   expect_refused(prepare_bytes("%PDF-1.7"), "a file of another kind (PDF)");
   expect_refused(prepare_bytes("id;sire\n1;2\n3;\0\0x\n"s),
-                 "it holds 2 bytes that no text has (zeros), the first in line 3");
+                 "it holds bytes that no text has (zeros): 2, the first in line 3");
   std::string noise;
   for (int i = 0; i < 5000; ++i) noise.push_back(static_cast<char>(static_cast<unsigned char>(i * 131 % 251 + 1)));
   EXPECT_EQ(prepare_bytes(noise).exit_status, 1);
@@ -257,7 +257,7 @@ TEST(HostilePrepareRefuses, LettersOfWhichOnlySomeWereTurnedIntoUtf8Twice) {
   const std::string mixed = doubled_names + "3;Andr\xC3\xA9;;;m;2003\n";
   expect_refused(
       prepare_bytes(mixed),
-      "export.csv: 2 letters look as if they had been turned into UTF-8 twice: line 2 \"Zo\xC3\x83\xC2\xAB\" "
+      "export.csv: letters that look as if they had been turned into UTF-8 twice: 2: line 2 \"Zo\xC3\x83\xC2\xAB\" "
       "-> \"Zo\xC3\xAB\", line 3 \"Bj\xC3\x83\xC2\xB6rn\" -> \"Bj\xC3\xB6rn\". Other letters with accents or "
       "signs: 1. Say whether the former are written as they are probably meant (--encoding utf-8-twice) or "
       "stay as they stand (--encoding utf-8).\n");

@@ -272,7 +272,7 @@ std::string export_answer(const Desk& desk, const std::optional<Refusal>& refusa
   add_text(json, "steer", written.questions.empty() ? readable(steer_text(written)) : std::string());
   add_text(json, "dataName", written.stem + ".txt");
   add_text(json, "availableName", tells_gone(written.availability) ? written.stem + "_available.txt" : std::string());
-  const std::string answers = answers_text(desk.options, read.plan.columns);
+  const std::string answers = answers_text(kept_options(desk.options, read.survey), read.plan.columns);
   if (!answers.empty()) add_text(json, "answers", answers);
   end_object(json);
   return std::move(json.text);

@@ -57,6 +57,8 @@ constexpr std::array<EvidenceWording, remark_kind_count> remark_wordings = {{
     {{"In use", "In gebruik"},
      {"column {1}, {2}: {3}; filled in {4}", "kolom {1}, {2}: {3}; gevuld bij {4}"}},
     {goes_on, {"Could be the {1} too, not used: {2}", "Kan ook dit zijn: {1}, niet gebruikt: {2}"}},
+    {{"Not used", "Niet gebruikt"}, {"With their texts: {1}", "Met hun teksten: {1}"}},
+    {{"Not used", "Niet gebruikt"}, {"Columns without any text: {1}", "Kolommen zonder tekst: {1}"}},
     {{"Fathers", "Vaders"},
      {"{1} different ones, {2} of them have a line of their own", "{1} verschillende, {2} daarvan hebben een eigen regel"}},
     {{"Fathers", "Vaders"},
@@ -197,6 +199,9 @@ constexpr std::array<EvidenceWording, remark_kind_count> remark_wordings = {{
     {{"Young", "Jongen"},
      {"Several a line, in {1}: {2} lines hold {3} animals, and each gets a line of its own",
       "Meer per regel, in {1}: {2} regels bevatten {3} dieren, en elk krijgt een eigen regel"}},
+    {goes_on,
+     {"Born dead, as the text in the place of their id says, and left out: {1}: {2}",
+      "Dood geboren, volgens de tekst op de plaats van hun id, en weggelaten: {1}: {2}"}},
     {{"Gone", "Weg"}, {"By {1}: animals with a date: {2}", "Volgens {1}: dieren met een datum: {2}"}},
     {{"Gone", "Weg"}, {"By {1}: {2}", "Volgens {1}: {2}"}},
     {{"Gone", "Weg"},
@@ -223,9 +228,9 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "\"holds headings\" at \"First line\", under \"How the file is read\".",
      "De eerste regel bevat geen bekende kop, zodat alle regels als dieren tellen. Als het koppen zijn, kies dan "
      "\"bevat koppen\" bij \"Eerste regel\", onder \"Hoe het bestand gelezen wordt\"."},
-    {"Of {6} parents in {3}, taken as the {1}, only {7} have a line of their own, with that id in {4}. Columns whose "
+    {"Of {6} parents in {3}, taken as the {1}, only so many have a line of their own, with that id in {4}: {7}. Columns whose "
      "texts do stand there: {5}. Choose which column holds the {1}, also if the one taken is right.",
-     "Van {6} ouders in {3}, genomen als {1}, hebben maar {7} een eigen regel, met dat id in {4}. Kolommen waarvan de "
+     "Van {6} ouders in {3}, genomen als {1}, hebben er maar zoveel een eigen regel, met dat id in {4}: {7}. Kolommen waarvan de "
      "teksten daar wel staan: {5}. Kies welke kolom klopt voor {1}, ook als de genomen kolom klopt."},
     {"Most parents do not stand in {3}, taken as the {1}. Columns in which most of them stand: {5}. Choose which column "
      "holds the {1}, also if the one taken is right.",
@@ -235,9 +240,9 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "\"Dates\".",
      "De datums zijn op twee manieren te lezen: {1} als {2}, {3} als {4} en {5} als beide. Kies wat klopt bij "
      "\"Datums\"."},
-    {"In {1}, taken as the date of birth, {2} of {3} texts are no date that can be read: {4}. Choose which column holds "
+    {"In {1}, taken as the date of birth, texts that are no date that can be read: {2} of {3}: {4}. Choose which column holds "
      "the date of birth, also if the one taken is right; those texts then stay as they are.",
-     "In {1}, genomen als geboortedatum, zijn {2} van {3} teksten geen leesbare datum: {4}. Kies in welke kolom de "
+     "In {1}, genomen als geboortedatum, teksten die geen leesbare datum zijn: {2} van {3}: {4}. Kies in welke kolom de "
      "geboortedatum staat, ook als de genomen kolom klopt; die teksten blijven dan zoals ze zijn."},
     {"{1}, taken as the date of birth, holds not one date that can be read. Choose which column holds the date of "
      "birth, also if the one taken is right.",
@@ -249,13 +254,13 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "In {1}, genomen als geboortedatum, is niet een van {2} teksten een leesbare datum: {3}. Zonder datums valt er niets "
      "te berekenen. Kies een andere kolom, of een andere volgorde bij \"Datums\" als er een gekozen is, of exporteer het "
      "bestand opnieuw met datums zoals 2019-03-31."},
-    {"{1} dates have a year of two digits, and parents and young do not tell which hundred years are meant: {2}. Choose "
+    {"Dates with a year of two digits: {1}; parents and young do not tell which hundred years are meant: {2}. Choose "
      "the hundred years.",
-     "{1} datums hebben een jaar van twee cijfers, en ouders en jongen maken niet duidelijk welke honderd jaar bedoeld "
+     "Datums met een jaar van twee cijfers: {1}; ouders en jongen maken niet duidelijk welke honderd jaar bedoeld "
      "zijn: {2}. Kies de honderd jaar."},
-    {"{1} dates are numbers of days, as a spreadsheet keeps them: {2} is {3} where days are counted from 1900 (usual), "
+    {"Dates that are numbers of days, as a spreadsheet keeps them: {1}; {2} is {3} where days are counted from 1900 (usual), "
      "and {4} where they are counted from 1904 (older Macs). Look one animal up, and choose its day.",
-     "{1} datums zijn dagnummers, zoals een rekenblad ze bewaart: {2} is {3} als de dagen vanaf 1900 geteld zijn "
+     "Datums die dagnummers zijn, zoals een rekenblad ze bewaart: {1}; {2} is {3} als de dagen vanaf 1900 geteld zijn "
      "(gebruikelijk), en {4} als ze vanaf 1904 geteld zijn (oudere Macs). Zoek een dier op, en kies zijn dag."},
     {"Of {4} parents in {3}, taken as the {1}, whose sex is known, {5} are of the other sex. If father and mother are "
      "exchanged, or another column holds the {1}, choose it above the columns, also if the one taken is right.",
@@ -275,9 +280,9 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "\"Geslachten\"."},
     {"It is not clear what these sexes mean: {1}. Choose it for each at \"Sexes\".",
      "Het is niet duidelijk wat deze geslachten betekenen: {1}. Kies het voor elk bij \"Geslachten\"."},
-    {"The sex \"{1}\" contradicts the parents: {2} animals with it are fathers, {3} are mothers. If father and mother "
+    {"The sex \"{1}\" contradicts the parents: animals with it that are fathers: {2}, mothers: {3}. If father and mother "
      "are exchanged, exchange them above their columns; or choose what the sexes mean at \"Sexes\".",
-     "Het geslacht \"{1}\" klopt niet met de ouders: {2} dieren ermee zijn vader, {3} zijn moeder. Als vader en moeder "
+     "Het geslacht \"{1}\" klopt niet met de ouders: dieren ermee die vader zijn: {2}, moeder: {3}. Als vader en moeder "
      "verwisseld zijn, wissel ze dan boven hun kolommen om; of kies wat de geslachten betekenen bij \"Geslachten\"."},
     {"No animal has the sex \"{1}\": the sexes are written {2}. Choose what they mean at \"Sexes\".",
      "Geen dier heeft het geslacht \"{1}\": de geslachten zijn geschreven als {2}. Kies wat ze betekenen bij "
@@ -330,6 +335,14 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "dead, sold, castrated, ...), one by one, then that all others are still there.",
      "Het is niet duidelijk wat deze teksten in {1} over de dieren zeggen: {2}. Kies een voor een de teksten die betekenen "
      "dat een dier er niet meer is (dood, verkocht, gecastreerd, ...), en dan dat alle andere er nog zijn."},
+    {"In {1} may stand which animals are imports: {2}. If so, choose that above the column; each text but no, 0, - and the like "
+     "is then an import. If not, choose that it is not used.",
+     "In {1} staat misschien welke dieren import zijn: {2}. Als dat zo is, kies het boven de kolom; elke tekst behalve nee, 0, - "
+     "en dergelijke is dan import. Zo niet, kies dat het niet gebruikt wordt."},
+    {"Only the sheet \"{1}\" is read, and others have the same headings, with their rows: {2}. If their animals belong to it, "
+     "put all rows below each other on one sheet. If not, choose the sheet that is meant.",
+     "Alleen het blad \"{1}\" wordt gelezen, en andere hebben dezelfde koppen, met hun rijen: {2}. Als die dieren erbij horen, "
+     "zet dan alle rijen onder elkaar op een blad. Zo niet, kies het blad dat bedoeld is."},
 }};
 
 constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
@@ -339,8 +352,8 @@ constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
     {"{1} is no text but a file of another kind ({2}). Save or export it as CSV (text), best as CSV UTF-8.",
      "{1} is geen tekst maar een ander soort bestand ({2}). Bewaar of exporteer het als CSV (tekst), liefst als CSV "
      "UTF-8."},
-    {"{1} is no text: it holds {2} bytes that no text has (zeros), the first in line {3}. Export it as CSV (text).",
-     "{1} is geen tekst: het bevat {2} bytes die in geen tekst staan (nullen), de eerste in regel {3}. Exporteer het "
+    {"{1} is no text: it holds bytes that no text has (zeros): {2}, the first in line {3}. Export it as CSV (text).",
+     "{1} is geen tekst: het bevat bytes die in geen tekst staan (nullen): {2}, de eerste in regel {3}. Exporteer het "
      "als CSV (tekst)."},
     {"{1}: the letters with accents are written in two ways: {2} as UTF-8, the first in line {3}, and {4} in another "
      "way, the first in line {5}. Choose at \"Letters\", under \"How the file is read\": UTF-8 (the others are then "
@@ -370,10 +383,10 @@ constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
      "quotation marks away if they are stray, or the delimiters and line ends between them if it is one text.",
      "{1}, regel {2}: tussen twee aanhalingstekens staan hele regels, alsof losse aanhalingstekens dieren hebben ingeslikt. "
      "Haal de aanhalingstekens weg als ze er niet horen, of de scheidingstekens en regeleinden ertussen als het een tekst is."},
-    {"{1}: {2} letters look as if they had been turned into UTF-8 twice: {3}. Other letters with accents or signs: {4}. At "
+    {"{1}: letters that look as if they had been turned into UTF-8 twice: {2}: {3}. Other letters with accents or signs: {4}. At "
      "\"Letters\", under \"How the file is read\", choose \"UTF-8 twice\" to write the former as they are probably meant, or "
      "UTF-8 to leave them as they stand.",
-     "{1}: {2} letters zien eruit alsof ze tweemaal in UTF-8 zijn omgezet: {3}. Andere letters met accenten of tekens: {4}. "
+     "{1}: letters die eruitzien alsof ze tweemaal in UTF-8 zijn omgezet: {2}: {3}. Andere letters met accenten of tekens: {4}. "
      "Kies bij \"Letters\", onder \"Hoe het bestand gelezen wordt\", \"UTF-8 tweemaal\" om de eerste te schrijven zoals ze "
      "waarschijnlijk bedoeld zijn, of UTF-8 om ze zo te laten."},
 }};
@@ -449,6 +462,7 @@ std::string setting_name(Setting setting, FieldCode field) {
     case Setting::none: return {};
     case Setting::column: return "column." + std::string(option_name_of(field));
     case Setting::header: return "header";
+    case Setting::sheet: return "sheet";
     case Setting::dates: return "dates";
     case Setting::serials: return "serials";
     case Setting::century: return "century";
@@ -490,6 +504,7 @@ std::string answer_text(const Question& question, const Answer& answer, ToolLang
     case Setting::known: return std::string(words_of(all_are_animals, language));
     case Setting::unknown: return phrase(stands_for_unknown, language, {in_quotes(answer.text)});
     case Setting::none:
+    case Setting::sheet:
     case Setting::serials:
     case Setting::century:
     case Setting::male:

@@ -92,7 +92,7 @@ std::string list_answer(const std::vector<Correction>& corrections, std::size_t 
 
 std::string_view fate_name(CorrectionFate fate) {
   constexpr auto names = std::to_array<std::string_view>(
-      {"applied", "alreadySo", "differs", "noAnimal", "noColumn", "idTaken", "noOther"});
+      {"applied", "alreadySo", "differs", "noAnimal", "noColumn", "idTaken", "noOther", "hasNewId", "hasGone"});
   return names[static_cast<std::size_t>(fate)];
 }
 

@@ -6,6 +6,7 @@
 
 #include "intake/export_options.h"
 #include "intake/export_records.h"
+#include "intake/sex_choice.h"
 #include "text/folded_words.h"
 
 namespace pedigreewatch {
@@ -120,17 +121,59 @@ void add_columns(const PrepareOptions& said, PrepareOptions& options) {
 }
 
 void add_texts(const PrepareOptions& said, PrepareOptions& options) {
-  if (options.male.empty() && options.female.empty()) {
-    options.male = said.male;
-    options.female = said.female;
-  }
   for (const auto list :
        {&PrepareOptions::unknown, &PrepareOptions::known, &PrepareOptions::gone, &PrepareOptions::present}) {
     (options.*list).insert((options.*list).end(), (said.*list).begin(), (said.*list).end());
   }
 }
 
+/// Puts texts in the place of "all", where they are no more than people would look through.
+void replace_all(std::vector<std::string>& said, std::vector<std::string> meant) {
+  constexpr std::size_t most_kept = 100;
+  const auto all = std::find(said.begin(), said.end(), "all");
+  if (all == said.end() || meant.size() > most_kept) return;
+  said.erase(all);
+  for (std::string& text : meant) {
+    if (!is_among(text, said)) said.push_back(std::move(text));
+  }
+}
+
+/// Whether a text that is wished for a sex is this one, or the first letter of this one.
+bool is_of_wish(const std::string& text, const std::string& wish) {
+  const std::string wanted = folded(wish), word = folded(text);
+  return text == wish || (wanted.size() == 1 ? word.starts_with(wanted) : !wanted.empty() && word == wanted);
+}
+
+/// Whether the parents with this sex in the export are of the other one.
+bool do_parents_contradict(const ExportSurvey& survey, const std::string& wish, SexMeaning meaning) {
+  const std::vector<SexVotes> votes = count_sex_votes(survey.links, survey.sexes.texts.size());
+  for (std::size_t k = 0; k < votes.size(); ++k) {
+    const SexMeaning by_parents = sex_of_parents(votes[k]);
+    const bool is_other = by_parents != SexMeaning::unknown && by_parents != meaning;
+    if (is_other && is_of_wish(survey.sexes.texts[k].text, wish)) return true;
+  }
+  return false;
+}
+
 }  // namespace
+
+PrepareOptions kept_options(const PrepareOptions& options, const ExportSurvey& survey) {
+  PrepareOptions kept = options;
+  std::vector<std::string> parents, here;
+  for (const DoubtfulParent& parent : survey.doubtful_parents) {
+    if (!is_among(parent.text, options.unknown)) parents.push_back(parent.text);
+  }
+  for (const AvailabilityColumn& column : survey.availability.columns) {
+    for (std::size_t k = 0; k < column.says.size(); ++k) {
+      const bool is_open = column.says[k] == AvailabilityText::other || column.says[k] == AvailabilityText::mixed;
+      const std::string& text = column.texts.texts[k].text;
+      if (is_open && !is_among(text, options.gone)) here.push_back(text);
+    }
+  }
+  replace_all(kept.known, std::move(parents));
+  replace_all(kept.present, std::move(here));
+  return kept;
+}
 
 std::string headings_text(std::span<const std::string> headings) {
   std::string text;
@@ -207,6 +250,11 @@ void add_answers(SavedAnswers& answers, std::span<const std::string> headings, P
     answers.unfit.push_back(line);
   }
   add_columns(said, options);
+  answers.give_sexes = options.male.empty() && options.female.empty();
+  if (answers.give_sexes) {
+    options.male = said.male;
+    options.female = said.female;
+  }
   add_texts(said, options);
   if (options.sheet.empty()) options.sheet = said.sheet;
   if (!options.encoding) options.encoding = said.encoding;
@@ -231,15 +279,15 @@ void add_answers(SavedAnswers& answers, std::span<const std::string> headings, P
 }
 
 void leave_out_unfit_answers(SavedAnswers& answers, const ExportSurvey& survey, PrepareOptions& options) {
-  const auto is_sex = [&](const std::string& text) {
-    const std::string wish = folded(text);
-    return std::any_of(survey.sexes.texts.begin(), survey.sexes.texts.end(), [&](const CountedText& entry) {
-      const std::string word = folded(entry.text);
-      return entry.text == text || (wish.size() == 1 ? word.starts_with(wish) : !wish.empty() && word == wish);
-    });
+  const auto is_sex = [&](SexMeaning meaning) {
+    return [&survey, &answers, meaning](const std::string& wish) {
+      const bool is_there = std::any_of(survey.sexes.texts.begin(), survey.sexes.texts.end(),
+                                        [&](const CountedText& entry) { return is_of_wish(entry.text, wish); });
+      return is_there && !(answers.give_sexes && do_parents_contradict(survey, wish, meaning));
+    };
   };
-  leave_out("--male", options.male, answers, is_sex);
-  leave_out("--female", options.female, answers, is_sex);
+  leave_out("--male", options.male, answers, is_sex(SexMeaning::male));
+  leave_out("--female", options.female, answers, is_sex(SexMeaning::female));
   const auto stands_in_column = [&](const std::string& text) {
     const auto& columns = survey.availability.columns;
     return text == "all" || std::any_of(columns.begin(), columns.end(), [&](const AvailabilityColumn& column) {

@@ -25,6 +25,7 @@ struct SavedAnswers {
   std::string headings;  ///< of the exports that they are about, as `headings_text` writes them
   std::vector<AnswerLine> lines;
   std::vector<AnswerLine> unfit;  ///< lines that cannot be read, or do not fit the export at hand
+  bool give_sexes = false;        ///< what they say of the sexes is used: nothing else was said of them
 };
 
 /// The headings of an export as they stand in a file of answers.
@@ -37,11 +38,16 @@ SavedAnswers read_answers(std::string_view text);
 /// these differ from each other.
 std::string answers_text(const PrepareOptions& options, const ColumnChoice& columns);
 
+/// The options as they are kept: "all" for parents or for texts of animals that are still there is the texts that it
+/// meant in this export, up to a hundred, so that a text of a later one is asked about.
+PrepareOptions kept_options(const PrepareOptions& options, const ExportSurvey& survey);
+
 /// Adds what the answers say to the options that say nothing about it. A column whose heading the export lacks is
 /// unfit.
 void add_answers(SavedAnswers& answers, std::span<const std::string> headings, PrepareOptions& options);
 
-/// Takes out of the options what the answers say of texts that the export does not hold; such lines are unfit.
+/// Takes out of the options what the answers say of texts that the export does not hold, and of sexes that its parents
+/// contradict; such lines are unfit.
 void leave_out_unfit_answers(SavedAnswers& answers, const ExportSurvey& survey, PrepareOptions& options);
 
 }  // namespace pedigreewatch

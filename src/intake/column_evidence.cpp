@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "intake/heading_words.h"
+
 namespace pedigreewatch {
 namespace {
 
@@ -139,6 +141,10 @@ ColumnEvidenceList list_candidates(FieldCode code, const ColumnContents& content
     std::erase_if(list.columns, [&](const ColumnEvidence& evidence) { return !has_weight(evidence); });
     std::stable_sort(list.columns.begin(), list.columns.end(),
                      [&](const auto& a, const auto& b) { return weight_of(a, code) > weight_of(b, code); });
+  } else if (code == id_column && columns.has_header) {
+    // A column of young would make an animal of one of those on a line.
+    std::erase_if(list.columns,
+                  [](const ColumnEvidence& evidence) { return read_heading(evidence.heading).names_young; });
   }
   list.more = list.columns.size() > most_candidates ? list.columns.size() - most_candidates : 0;
   if (list.more > 0) list.columns.resize(most_candidates);

@@ -71,9 +71,22 @@ std::vector<ColumnProfile> profile_columns(std::string_view text, char delimiter
       if ((hash & mask) != 0 || means_unknown_parent(field)) continue;
       ++profiles[k].texts_read;
       profiles[k].texts.insert(hash);
+      if (!means_stillborn(field)) continue;
+      ++profiles[k].dead_read;
+      profiles[k].dead.insert(hash);
     }
   }
   return profiles;
+}
+
+TextSet texts_of_living(const ColumnProfile& profile) {
+  TextSet texts = profile.texts;
+  for (const std::uint32_t hash : profile.dead) texts.erase(hash);
+  return texts;
+}
+
+std::int64_t count_read_of_living(const ColumnProfile& profile) {
+  return profile.texts_read - profile.dead_read;
 }
 
 std::int64_t count_common(const TextSet& texts, const TextSet& others) {

@@ -32,10 +32,16 @@ struct ColumnProfile {
   std::int64_t males = 0, females = 0;  ///< of these, words for a sex
   std::int64_t with_digit = 0;          ///< of these, texts with a digit
   std::vector<std::string> examples;    ///< of these, the first three that differ
+  TextSet dead;                         ///< of the texts those that mean a young animal born dead
+  std::int64_t dead_read = 0;           ///< each as often as it stands there
 };
 
 /// Profiles of the first columns, a hundred at most.
 std::vector<ColumnProfile> profile_columns(std::string_view text, char delimiter, const ColumnChoice& columns);
+
+/// The texts, and how many were read, without those that mean a young animal born dead: what is left may be ids.
+TextSet texts_of_living(const ColumnProfile& profile);
+std::int64_t count_read_of_living(const ColumnProfile& profile);
 
 /// How many texts of one set stand in another one.
 std::int64_t count_common(const TextSet& texts, const TextSet& others);

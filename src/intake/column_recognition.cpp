@@ -18,7 +18,7 @@ struct OfficeWord {
   WordFit fit = WordFit::office;
 };
 
-constexpr WordFit exact = WordFit::exact, office = WordFit::office;
+constexpr WordFit exact = WordFit::exact, office = WordFit::office, weak = WordFit::weak;
 
 constexpr auto office_words = std::to_array<OfficeWord>({
     // clang-format off
@@ -68,8 +68,20 @@ constexpr auto office_words = std::to_array<OfficeWord>({
     {"gebdat", birthdate_column}, {"datedenaissance", birthdate_column}, {"datenaissance", birthdate_column},
     {"naissance", birthdate_column}, {"neele", birthdate_column}, {"birthyear", birthdate_column},
     {"yearofbirth", birthdate_column}, {"geboortejaar", birthdate_column},
-    {"farbe", colour_column}, {"couleur", colour_column}, {"zuchter", breeder_column}, {"eleveur", breeder_column},
-    {"breed", subpopulation_column, office},
+    {"bredby", breeder_column}, {"gefoktdoor", breeder_column}, {"ganadero", breeder_column},
+    {"elevage", breeder_column, weak}, {"allevamento", breeder_column, weak},
+    {"breed", subpopulation_column, office}, {"ras", subpopulation_column}, {"rasse", subpopulation_column},
+    {"race", subpopulation_column}, {"raza", subpopulation_column}, {"razza", subpopulation_column},
+    {"breedgroup", subpopulation_column}, {"rasgroep", subpopulation_column}, {"zuchtgruppe", subpopulation_column},
+    {"fokgroep", subpopulation_column}, {"schlag", subpopulation_column}, {"varietat", subpopulation_column},
+    {"variete", subpopulation_column}, {"variedad", subpopulation_column}, {"varieta", subpopulation_column},
+    {"teilpopulation", subpopulation_column}, {"souspopulation", subpopulation_column},
+    {"subpoblacion", subpopulation_column}, {"sottopopolazione", subpopulation_column},
+    {"flock", subpopulation_column}, {"herde", subpopulation_column}, {"troupeau", subpopulation_column},
+    {"rebano", subpopulation_column}, {"gregge", subpopulation_column}, {"mandria", subpopulation_column},
+    {"herdname", subpopulation_column}, {"flockname", subpopulation_column}, {"naamkudde", subpopulation_column},
+    {"farm", subpopulation_column, weak}, {"bedrijf", subpopulation_column, weak},
+    {"betrieb", subpopulation_column, weak}, {"zuchtbetrieb", subpopulation_column, weak},
     // clang-format on
 });
 

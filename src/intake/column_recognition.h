@@ -17,9 +17,9 @@ inline constexpr std::size_t field_count = 13;  ///< field codes 0 (unused) to 1
 /// The places of columns, counted from 0, for each field code.
 using ColumnPlaces = std::array<std::vector<std::size_t>, field_count>;
 
-/// How surely a header word names its field: not at all, by a word that offices use, by a word of the data file's own
-/// table, by a word that says that it is an identification.
-enum class WordFit { none, office, table, exact };
+/// How surely a header word names its field: not at all, by a word that may mean something else (a farm for a herd), by
+/// one that offices use, by a word of the data file's own table, by a word that says that it is an identification.
+enum class WordFit { none, weak, office, table, exact };
 
 struct WordMeaning {
   FieldCode code = unused_column;

@@ -42,6 +42,8 @@ constexpr std::array<Wording, remark_kind_count> remark_wordings = {{
     {"Columns       {1}, in use are:", "Kolommen      {1}, gebruikt worden:"},
     {"  {1}  {2} {3} {4} filled", "  {1}  {2} {3} {4} gevuld"},
     {"  could be the {1} too, not used: {2}", "  kan ook zijn: {1}, niet gebruikt: {2}"},
+    {"Not used      with their texts: {1}", "Niet gebruikt met hun teksten: {1}"},
+    {"Not used      columns without any text: {1}", "Niet gebruikt kolommen zonder tekst: {1}"},
     {"Fathers       {1} different ones, {2} of them have a line of their own",
      "Vaders        {1} verschillende, {2} daarvan hebben een eigen regel"},
     {"Fathers       in a sample {1} different ones, {2} of them have a line of their own",
@@ -158,6 +160,8 @@ constexpr std::array<Wording, remark_kind_count> remark_wordings = {{
      "Let op: regels die geen dier zijn, zijn weggelaten: {1}: {2}"},
     {"Young         several a line, in {1}: {2} lines hold {3} animals, and each gets a line of its own",
      "Jongen        meer per regel, in {1}: {2} regels bevatten {3} dieren, en elk krijgt een eigen regel"},
+    {"              born dead, as the text in the place of their id says, and left out: {1}: {2}",
+     "              dood geboren, volgens de tekst op de plaats van hun id, en weggelaten: {1}: {2}"},
     {"Gone          by {1}: animals with a date: {2}", "Weg           volgens {1}: dieren met een datum: {2}"},
     {"Gone          by {1}: {2}", "Weg           volgens {1}: {2}"},
     {"              in {1}, not understood and taken as still there: {2}",
@@ -185,9 +189,9 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "--header yes.",
      "De eerste regel bevat geen bekende kop, zodat alle regels als dieren tellen. Als het een kopregel is: --header "
      "yes."},
-    {"Of {6} parents in {3}, taken as the {1}, only {7} have a line of their own, with that id in {4}. Columns whose "
+    {"Of {6} parents in {3}, taken as the {1}, only so many have a line of their own, with that id in {4}: {7}. Columns whose "
      "texts do stand there: {5}. Say which column holds the {1}: --column {2}=NUMBER, also if the one taken is right.",
-     "Van {6} ouders in {3}, genomen als {1}, hebben maar {7} een eigen regel, met dat id in {4}. Kolommen waarvan de "
+     "Van {6} ouders in {3}, genomen als {1}, hebben er maar zoveel een eigen regel, met dat id in {4}: {7}. Kolommen waarvan de "
      "teksten daar wel staan: {5}. Zeg welke kolom klopt voor {1}: --column {2}=NUMMER, ook als de genomen kolom klopt."},
     {"Most parents do not stand in {3}, taken as the {1}. Columns in which most of them stand: {5}. Say which column "
      "holds the {1}: --column {2}=NUMBER, also if the one taken is right.",
@@ -197,9 +201,9 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "--dates {4}.",
      "De datums zijn op twee manieren te lezen: {1} als {2}, {3} als {4} en {5} als beide. Zeg wat klopt: --dates {2} "
      "of --dates {4}."},
-    {"In {1}, taken as the date of birth, {2} of {3} texts are no date that can be read: {4}. Say which column holds the "
+    {"In {1}, taken as the date of birth, texts that are no date that can be read: {2} of {3}: {4}. Say which column holds the "
      "date of birth: --column birthdate=NUMBER, also if the one taken is right; those texts then stay as they are.",
-     "In {1}, genomen als geboortedatum, zijn {2} van {3} teksten geen leesbare datum: {4}. Zeg in welke kolom de "
+     "In {1}, genomen als geboortedatum, teksten die geen leesbare datum zijn: {2} van {3}: {4}. Zeg in welke kolom de "
      "geboortedatum staat: --column birthdate=NUMMER, ook als de genomen kolom klopt; die teksten blijven dan zoals ze "
      "zijn."},
     {"{1}, taken as the date of birth, holds not one date that can be read. Say which column holds the date of birth: "
@@ -212,14 +216,14 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "In {1}, genomen als geboortedatum, is niet een van {2} teksten een leesbare datum: {3}. Zonder datums valt er niets "
      "te berekenen. Kies een andere kolom (--column birthdate=NUMMER), of een andere volgorde als er een gezegd is "
      "(--dates VOLGORDE), of exporteer het bestand opnieuw met datums zoals 2019-03-31."},
-    {"{1} dates have a year of two digits, and parents and young do not tell which hundred years are meant: {2}. Say the "
+    {"Dates with a year of two digits: {1}; parents and young do not tell which hundred years are meant: {2}. Say the "
      "first year of the hundred: --century {3} if all are from {3} to {4}.",
-     "{1} datums hebben een jaar van twee cijfers, en ouders en jongen maken niet duidelijk welke honderd jaar bedoeld "
+     "Datums met een jaar van twee cijfers: {1}; ouders en jongen maken niet duidelijk welke honderd jaar bedoeld "
      "zijn: {2}. Zeg het eerste jaar van de honderd: --century {3} als alle van {3} tot en met {4} zijn."},
-    {"{1} dates are numbers of days, as a spreadsheet keeps them: {2} is {3} where days are counted from 1900 (usual), "
+    {"Dates that are numbers of days, as a spreadsheet keeps them: {1}; {2} is {3} where days are counted from 1900 (usual), "
      "and {4} where they are counted from 1904 (older Macs). Look one animal up, and say --dates serial-1900 or --dates "
      "serial-1904.",
-     "{1} datums zijn dagnummers, zoals een rekenblad ze bewaart: {2} is {3} als de dagen vanaf 1900 geteld zijn "
+     "Datums die dagnummers zijn, zoals een rekenblad ze bewaart: {1}; {2} is {3} als de dagen vanaf 1900 geteld zijn "
      "(gebruikelijk), en {4} als ze vanaf 1904 geteld zijn (oudere Macs). Zoek een dier op, en zeg --dates serial-1900 "
      "of --dates serial-1904."},
     {"Of {4} parents in {3}, taken as the {1}, whose sex is known, {5} are of the other sex. If father and mother are "
@@ -244,10 +248,10 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "as often as needed.",
      "Het is niet duidelijk wat deze geslachten betekenen: {1}. Zeg welke mannelijk zijn en welke vrouwelijk: --male "
      "TEKST, --female TEKST, elk zo vaak als nodig."},
-    {"The sex \"{1}\" contradicts the parents: {2} animals with it are fathers, {3} are mothers. If father and mother "
+    {"The sex \"{1}\" contradicts the parents: animals with it that are fathers: {2}, mothers: {3}. If father and mother "
      "are exchanged, name their columns (--column sire=NUMBER, --column dam=NUMBER); and say which sexes are male and "
      "which female: --male TEXT, --female TEXT.",
-     "Het geslacht \"{1}\" klopt niet met de ouders: {2} dieren ermee zijn vader, {3} zijn moeder. Als vader en moeder "
+     "Het geslacht \"{1}\" klopt niet met de ouders: dieren ermee die vader zijn: {2}, moeder: {3}. Als vader en moeder "
      "verwisseld zijn, noem dan hun kolommen (--column sire=NUMMER, --column dam=NUMMER); en zeg welke geslachten "
      "mannelijk zijn en welke vrouwelijk: --male TEKST, --female TEKST."},
     {"--male {1}: no animal has this sex. The sexes are written {2}.",
@@ -304,6 +308,14 @@ constexpr std::array<Wording, question_kind_count> question_wordings = {{
      "Het is niet duidelijk wat deze teksten in {1} over de dieren zeggen: {2}. Zeg welke betekenen dat een dier er niet "
      "meer is (dood, verkocht, gecastreerd, ...): --gone TEKST, zo vaak als nodig; en welke niet: --present TEKST "
      "(--present all: alle andere). Als de kolom over iets anders gaat: --availability none, of de kolommen die wel tellen."},
+    {"In {1} may stand which animals are imports: {2}. If so: --column import={3}; each text but no, 0, - and the like is then "
+     "an import. If not: --column import=none.",
+     "In {1} staat misschien welke dieren import zijn: {2}. Als dat zo is: --column import={3}; elke tekst behalve nee, 0, - "
+     "en dergelijke is dan import. Als het niet zo is: --column import=none."},
+    {"Only the sheet \"{1}\" is read, and others have the same headings, with their rows: {2}. If their animals belong to it, "
+     "put all rows below each other on one sheet. If not, say which sheet is meant: --sheet \"{1}\".",
+     "Alleen het blad \"{1}\" wordt gelezen, en andere hebben dezelfde koppen, met hun rijen: {2}. Als die dieren erbij horen, "
+     "zet dan alle rijen onder elkaar op een blad. Zo niet, zeg welk blad bedoeld is: --sheet \"{1}\"."},
 }};
 
 constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
@@ -313,9 +325,9 @@ constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
     {"{1}: this is no text but a file of another kind ({2}). Save or export it as CSV (text), best as \"CSV UTF-8\".",
      "{1}: dit is geen tekst maar een ander soort bestand ({2}). Bewaar of exporteer het als CSV (tekst), liefst als "
      "\"CSV UTF-8\"."},
-    {"{1}: this is no text: it holds {2} bytes that no text has (zeros), the first in line {3}. Export it as CSV "
+    {"{1}: this is no text: it holds bytes that no text has (zeros): {2}, the first in line {3}. Export it as CSV "
      "(text).",
-     "{1}: dit is geen tekst: het bevat {2} bytes die in geen tekst staan (nullen), de eerste in regel {3}. Exporteer "
+     "{1}: dit is geen tekst: het bevat bytes die in geen tekst staan (nullen): {2}, de eerste in regel {3}. Exporteer "
      "het als CSV (tekst)."},
     {"{1}: the letters with accents are written in two ways: {2} as UTF-8, the first in line {3}, and {4} in another "
      "way, the first in line {5}. Say which encoding to read: --encoding utf-8 (the others are then read as "
@@ -342,9 +354,9 @@ constexpr std::array<Wording, refusal_kind_count> refusal_wordings = {{
      "quotation marks away if they are stray, or the delimiters and line ends between them if it is one text.",
      "{1}, regel {2}: tussen twee aanhalingstekens staan hele regels, alsof losse aanhalingstekens dieren hebben ingeslikt. "
      "Haal de aanhalingstekens weg als ze er niet horen, of de scheidingstekens en regeleinden ertussen als het een tekst is."},
-    {"{1}: {2} letters look as if they had been turned into UTF-8 twice: {3}. Other letters with accents or signs: {4}. Say "
+    {"{1}: letters that look as if they had been turned into UTF-8 twice: {2}: {3}. Other letters with accents or signs: {4}. Say "
      "whether the former are written as they are probably meant (--encoding utf-8-twice) or stay as they stand (--encoding utf-8).",
-     "{1}: {2} letters zien eruit alsof ze tweemaal in UTF-8 zijn omgezet: {3}. Andere letters met accenten of tekens: {4}. Zeg "
+     "{1}: letters die eruitzien alsof ze tweemaal in UTF-8 zijn omgezet: {2}: {3}. Andere letters met accenten of tekens: {4}. Zeg "
      "of de eerste geschreven worden zoals ze waarschijnlijk bedoeld zijn (--encoding utf-8-twice) of zo blijven (--encoding "
      "utf-8)."},
 }};

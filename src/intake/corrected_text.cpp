@@ -149,6 +149,25 @@ void note_ids_mended(Corrector& corrector) {
   }
 }
 
+/// Where an animal has no line any more because an earlier correction gave it another identification or left it out,
+/// that is said.
+void note_what_went_before(Corrector& corrector) {
+  std::unordered_map<std::string_view, std::size_t> last;
+  for (std::size_t k = 0; k < corrector.corrections.size(); ++k) {
+    const Correction& correction = corrector.corrections[k];
+    CorrectionOutcome& outcome = corrector.outcomes[k];
+    const auto before = last.find(correction.id);
+    if (outcome.fate == CorrectionFate::no_animal && before != last.end()) {
+      const bool is_value = corrector.corrections[before->second].kind == CorrectionKind::value;
+      outcome = {is_value ? CorrectionFate::has_new_id : CorrectionFate::has_gone,
+                 corrector.outcomes[before->second].line,
+                 is_value ? corrector.corrections[before->second].becomes : std::string()};
+    }
+    const bool takes_id = correction.kind != CorrectionKind::value || correction.field == id_column;
+    if (takes_id && outcome.fate == CorrectionFate::applied) last[correction.id] = k;
+  }
+}
+
 std::string_view line_end_of(std::string_view raw) {
   for (const std::string_view end : {"\r\n", "\n", "\r"}) {
     if (raw.ends_with(end)) return end;
@@ -236,6 +255,7 @@ std::vector<CorrectionOutcome> apply_corrections(std::string& text, char delimit
     text = std::move(corrected);
   }
   note_ids_mended(corrector);
+  note_what_went_before(corrector);
   return std::move(corrector.outcomes);
 }
 

@@ -21,6 +21,8 @@ enum class CorrectionFate : std::uint8_t {
   no_column,   ///< the export has no column for the field
   id_taken,    ///< another animal has the new identification
   no_other,    ///< the animal that it shall be has no line, or is in the end the animal itself
+  has_new_id,  ///< the line that had the identification got another one by an earlier correction
+  has_gone,    ///< the line that had it was left out by an earlier correction
 };
 
 /// What became of a correction.
@@ -29,7 +31,9 @@ struct CorrectionOutcome {
   /// Of the export, counted from 1: the line that was corrected, or was found instead; that of the animal that has the
   /// new identification.
   std::int64_t line = 0;
-  std::string now;  ///< what stands there where it differs; the name of the animal that has the new identification
+  /// What stands there where it differs; the name of the animal that has the new identification; the new identification
+  /// of one that has it by an earlier correction.
+  std::string now;
 };
 
 /// Applies the corrections in their order, each where the text still is what it was, and yields what became of each. An

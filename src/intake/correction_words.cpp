@@ -16,6 +16,12 @@ constexpr Wording line_differs_text = {"{1}: its line differs now (line {2}); it
                                        "{1}: de regel is nu anders (regel {2}); het dier is niet weggelaten"};
 constexpr Wording no_animal_text = {"{1}, {2}: the export has no line of this animal; not corrected",
                                     "{1}, {2}: de export heeft geen regel van dit dier; niet gecorrigeerd"};
+constexpr Wording has_new_id_text = {
+    "{1}, {2}: an earlier correction of this list has made it {3} (line {4}); write that id; not corrected",
+    "{1}, {2}: een eerdere correctie van deze lijst heeft er {3} van gemaakt (regel {4}); schrijf dat id; niet gecorrigeerd"};
+constexpr Wording has_gone_text = {
+    "{1}, {2}: an earlier correction of this list has left its line out; not corrected",
+    "{1}, {2}: een eerdere correctie van deze lijst heeft de regel weggelaten; niet gecorrigeerd"};
 constexpr Wording no_column_text = {"{1}, {2}: the export has no column for this; not corrected",
                                     "{1}, {2}: de export heeft hier geen kolom voor; niet gecorrigeerd"};
 constexpr Wording id_taken_text = {
@@ -65,6 +71,9 @@ std::string outcome_sentence(const Correction& correction, const CorrectionOutco
       if (correction.kind != CorrectionKind::value) return phrase(line_differs_text, language, {id, line});
       return phrase(differs_text, language, {id, field, in_quotes(correction.was), in_quotes(outcome.now), line});
     case CorrectionFate::no_animal: return phrase(no_animal_text, language, {id, field});
+    case CorrectionFate::has_new_id:
+      return phrase(has_new_id_text, language, {id, field, in_quotes(outcome.now), line});
+    case CorrectionFate::has_gone: return phrase(has_gone_text, language, {id, field});
     case CorrectionFate::no_column: return phrase(no_column_text, language, {id, field});
     case CorrectionFate::id_taken: {
       const std::string name = outcome.now.empty() ? std::string() : ", " + in_quotes(outcome.now);

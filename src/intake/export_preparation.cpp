@@ -16,11 +16,11 @@
 #include "intake/column_matches.h"
 #include "intake/export_records.h"
 #include "intake/id_matches.h"
+#include "intake/import_questions.h"
 #include "intake/rival_ids.h"
 #include "intake/rival_parents.h"
 #include "intake/short_years.h"
 #include "intake/young_columns.h"
-#include "sheets/workbook.h"
 #include "text/double_encoding.h"
 #include "text/letter_evidence.h"
 #include "text/utf_8.h"
@@ -117,6 +117,7 @@ std::optional<Refusal> read_export_sheet(const PrepareOptions& options, std::str
   result.reading.encoding.encoding = Encoding::utf_8;
   result.reading.delimiter = '\t';
   result.reading.sheet_names = std::move(sheets.names);
+  result.reading.alike_sheets = std::move(sheets.alike);
   result.reading.sheet = std::move(table);
   return mend_doubled_letters(options, result);
 }
@@ -324,6 +325,20 @@ void ask_for_rival_parents(const PrepareOptions& options, Preparation& read) {
   }
 }
 
+/// Asks which sheet is meant where others have the same headings, before all else: their animals would be missing.
+void ask_for_sheet(const ReadingEvidence& reading, std::vector<Question>& questions) {
+  if (reading.alike_sheets.empty() || !reading.sheet) return;
+  CountedList others;
+  const std::string& name = reading.sheet->sheet;
+  Question question = {QuestionKind::sheets_alike, {name}, Setting::sheet, unused_column, {{name, name}}};
+  for (const AlikeSheet& sheet : reading.alike_sheets) {
+    others.texts.push_back({sheet.name, sheet.rows, 0});
+    question.answers.push_back({sheet.name, sheet.name});
+  }
+  question.values.emplace_back(std::move(others));
+  questions.insert(questions.begin(), std::move(question));
+}
+
 /// Parents that may be none. Those that are animals under another spelling are no such.
 void doubt_parents(Preparation& read) {
   ExportSurvey& survey = read.survey;
@@ -383,7 +398,10 @@ std::optional<Refusal> survey_columns(const PrepareOptions& options, ProgressLin
         conclude_sexes(result.text, result.reading.delimiter, result.columns, result.survey.id_substitutes.ids);
   }
   result.survey.availability = survey_availability(result.text, result.reading.delimiter, result.columns, options);
-  DateSurvey& dates = result.survey.dates;
+  ExportSurvey& survey = result.survey;
+  survey.import_questions = ask_for_imports(result.text, result.reading.delimiter, result.columns,
+                                            {survey.animal_count, survey.imports, survey.column_texts}, options);
+  DateSurvey& dates = survey.dates;
   if (dates.short_dates.noted.count > 0) {
     dates.short_years = compare_short_years(result.text, result.reading.delimiter, result.columns);
   }
@@ -401,6 +419,7 @@ std::optional<Refusal> correct_export(const PrepareOptions& options, ProgressLin
 
 void decide(const PrepareOptions& options, Preparation& result) {
   result.plan = plan_preparation(result.survey, result.columns, options);
+  ask_for_sheet(result.reading, result.plan.questions);
 }
 
 std::optional<Refusal> refusal_of_survey(const Preparation& read, const PrepareOptions& options) {

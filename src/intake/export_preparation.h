@@ -17,6 +17,7 @@
 #include "intake/prepare_plan.h"
 #include "intake/remark.h"
 #include "sheets/sheet_table.h"
+#include "sheets/workbook.h"
 #include "text/encoding.h"
 
 namespace pedigreewatch {
@@ -35,6 +36,7 @@ struct ReadingEvidence {
   DelimiterEvidence delimiter_evidence;
   std::optional<SheetTable> sheet;       ///< of a workbook: what was noted of it; its text is that of the preparation
   std::vector<std::string> sheet_names;  ///< all sheets of the workbook
+  std::vector<AlikeSheet> alike_sheets;  ///< with the headings of the one that is read, which nobody has named
 };
 
 struct Preparation {

@@ -176,8 +176,8 @@ void take_apart(RecordReader& reader, ExportRecord& record) {
   reader.line_fields = record.fields;
   for (std::size_t k = reader.animals.size(); k-- > 0;) {
     const std::size_t id = reader.animals[k].front().from;
-    const bool is_there = id < record.fields.size() && !means_unknown(trimmed(record.fields[id]));
-    if (is_there) reader.waiting.push_back(k);
+    const std::string_view text = id < record.fields.size() ? trimmed(record.fields[id]) : std::string_view();
+    if (!means_unknown(text) && !means_stillborn(text)) reader.waiting.push_back(k);
   }
   if (!reader.waiting.empty()) return take_waiting_animal(reader, record);
   const std::size_t id = reader.animals.front().front().to;

@@ -118,6 +118,28 @@ void survey_form(ExportSurvey& survey, const ExportRecord& record, std::size_t c
             count > most_fields ? "> " + std::to_string(most_fields) : std::to_string(count), most_told_lines);
 }
 
+/// Whether a user sees something in a field.
+bool is_filled(std::string_view field) {
+  if (field.empty()) return false;
+  const bool is_plain = field.front() > ' ' && field.front() < 0x7F;
+  return is_plain || !trimmed(field).empty();
+}
+
+void count_column_texts(ExportSurvey& survey, const ExportRecord& record) {
+  const std::size_t count = std::min(record.fields.size(), survey.column_texts.size());
+  for (std::size_t k = 0; k < count; ++k) survey.column_texts[k] += is_filled(record.fields[k]) ? 1 : 0;
+}
+
+/// Notes the young of a line that were born dead, and are no animals.
+void survey_stillborn(ExportSurvey& survey, const RecordReader& reader, const ExportRecord& record) {
+  if (record.is_further) return;
+  for (const LineAnimal& animal : reader.animals) {
+    const std::size_t id = animal.front().from;
+    const std::string_view text = id < reader.line_fields.size() ? trimmed(reader.line_fields[id]) : std::string_view();
+    if (means_stillborn(text)) note_text(survey.stillborn, record.line, text, most_told_lines);
+  }
+}
+
 /// Whether a text in quotation marks holds as many delimiters as the lines that end in it, or a whole line: two stray
 /// quotation marks have made one text of what stands between them.
 bool holds_lines(std::string_view text, char delimiter, std::int64_t delimiters_of_line) {
@@ -229,16 +251,19 @@ ExportSurvey survey_export(std::string_view text, char delimiter, const ColumnCh
   RecordReader reader = read_animals(text, delimiter, columns);
   ExportRecord record;
   survey.header_line = columns.has_header ? columns.table.line : 0;
+  survey.column_texts.resize(columns.headings.size());
   const auto name_places = parent_name_places(columns);
   std::int64_t data_line = columns.has_header ? 1 : 0;
   while (next_record(reader, record)) {
     count_progress(progress, record.line);
+    survey_stillborn(survey, reader, record);
     survey_swallowed_lines(survey, record, delimiter, columns.headings.size());
     if (const RecordKind kind = kind_of_record(record, columns); kind != RecordKind::animal) {
       if (!record.is_further) note_line_without_animal(survey, kind, record);
       continue;
     }
     if (!record.is_further) survey_form(survey, record, columns.headings.size());
+    if (!record.is_further) count_column_texts(survey, record);
     survey.lines_with_animals += record.is_further ? 0 : 1;
     note_shift(survey.shifts, record.line, ++data_line);
     ++survey.animal_count;

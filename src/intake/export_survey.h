@@ -55,11 +55,13 @@ struct ExportSurvey {
   NotedTexts bad_quotes;
   NotedTexts headers_again, remark_lines;  ///< lines that hold no animal
   std::array<std::int64_t, field_count> filled = {};
+  std::vector<std::int64_t> column_texts;  ///< how many lines have a text in each column, whether it is in use or not
   std::array<bool, 256> occurs = {};  ///< bytes that occur in the columns in use
   std::int64_t leading_blanks = 0;
   LetterCounts letters;
   std::array<NotedTexts, field_count> too_long;
   NotedTexts without_id;
+  NotedTexts stillborn;                        ///< in the place of an id, where a line holds several animals
   NotedTexts odd_ids;                          ///< of animals without a sex: an id written unlike all others
   std::array<NotedTexts, 2> names_without_id;  ///< of fathers and mothers whose identification is empty or unknown
   TextCounts unknown_parents, unknown_ids, sexes, imports, subpopulations, colours, date_words;
@@ -69,6 +71,7 @@ struct ExportSurvey {
   std::vector<DoubtfulParent> doubtful_parents;
   ColumnMatches matches;  ///< only where most of the parents have no line of their own
   AvailabilitySurvey availability;
+  std::vector<Question> import_questions;  ///< whether a column tells which animals are imports
   ConcludedSexes concluded_sexes;  ///< filled only where the sexes of some stand in no column
   ChangedIds changed_ids;
   std::array<NumberForms, field_count> numbers;  ///< of the identifications of animals and parents

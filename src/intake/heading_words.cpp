@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,11 @@ enum class WordKind {
   birth,
   date,
   event,
+  import,
+  country,
+  colour,
+  coat,
+  breeder,
   other
 };
 
@@ -83,15 +89,21 @@ constexpr auto known_words = std::to_array<KnownWords>({
      "inscription inscrit inschrijving ingeschreven eintrag eingetragen eintragung alta inscripcion iscrizione iscritto "
      "iscritta ingreso entrata sold sale verkocht verkauft vendu venta vendita bought mating mated dek dekdatum gedekt "
      "served service deckung gedeckt saillie monta insemination weighed gewogen gewicht changed modified updated "
-     "gewijzigd geandert modifie export exported exportiert import imported last first weaning weaned gespeend"},
+     "gewijzigd geandert modifie export exported exportiert last first weaning weaned gespeend"},
+    {WordKind::import,
+     "import imports imported importiert geimporteerd importee importado importada importato importata"},
+    {WordKind::country, "country land pays pais paese"},
+    {WordKind::colour,
+     "colour colours color kleur kleuren kleurslag farbe farb farbschlag couleur colore robe capa mantello"},
+    {WordKind::coat, "coat hair fur vacht haar fell pelage pelo"},
+    {WordKind::breeder, "breeder breeders fokker fokkers zuchter eleveur naisseur criador allevatore"},
     {WordKind::other,
      "weight peso poids height hoogte schofthoogte widerristhohe taille alzada altezza length lengte lange place plaats "
-     "ort lieu lugar luogo country land pays pais paese type typ tipo kind soort coat colour color kleur farbe couleur "
-     "colore capa robe mantello owner keeper eigenaar houder besitzer halter proprietaire detenteur propietario titular "
-     "proprietario detentore breeder fokker zuchter eleveur criador allevatore breed ras rasse race raza razza status "
+     "ort lieu lugar luogo type typ tipo kind soort owner keeper eigenaar houder besitzer halter proprietaire detenteur "
+     "propietario titular proprietario detentore breed ras rasse race raza razza status "
      "state stand zustand statut etat estado stato notes note remarks opmerkingen bemerkung remarques observaciones "
      "inbreeding inteelt inzucht consanguinite coi score index generation generatie litter nest size toom twin rank "
-     "region regio village city stad farm bedrijf betrieb elevage allevamento address telephone email mail hair vacht"},
+     "region regio village city stad farm bedrijf betrieb elevage allevamento address telephone email mail"},
 });
 
 std::optional<WordKind> kind_of_word(std::string_view word) {
@@ -144,14 +156,60 @@ HeadingOwner owner_told_by(const KindCounts& counts) {
 
 HeadingThing thing_told_by(const KindCounts& counts) {
   const auto has = [&](WordKind kind) { return counts[static_cast<std::size_t>(kind)] > 0; };
+  const auto has_any = [&](auto... kinds) { return (has(kinds) || ...); };
   if (has(WordKind::other)) return HeadingThing::other;
   if (has(WordKind::event)) return HeadingThing::other_date;
+  const bool says_when = has_any(WordKind::birth, WordKind::date, WordKind::sex);
+  const bool says_number_of = says_when || has(WordKind::identification);
+  if (has(WordKind::import)) {
+    const bool says_more =
+        says_number_of || has_any(WordKind::name, WordKind::colour, WordKind::coat, WordKind::breeder);
+    return says_more ? HeadingThing::other_date : HeadingThing::import;
+  }
+  if (has(WordKind::country)) return HeadingThing::other;
+  // "Colour of the ear tag" is that of no animal.
+  if (has(WordKind::colour)) {
+    return says_number_of || has(WordKind::breeder) ? HeadingThing::other : HeadingThing::colour;
+  }
+  if (has(WordKind::breeder)) {
+    return says_number_of || has(WordKind::coat) ? HeadingThing::other : HeadingThing::breeder;
+  }
+  if (has(WordKind::coat)) return HeadingThing::other;
   if (has(WordKind::birth)) return HeadingThing::birth;
   const bool has_id = has(WordKind::identification);
   if (has(WordKind::date)) return has_id ? HeadingThing::other_date : HeadingThing::date;
   if (has(WordKind::name)) return HeadingThing::name;
   if (has(WordKind::sex)) return HeadingThing::sex;
   return has_id ? HeadingThing::identification : HeadingThing::none;
+}
+
+/// Whether a word of a heading that says import leaves it as it is: "Imported from", "Import J/N".
+bool is_beside_import(std::string_view word, std::span<const std::string> words) {
+  constexpr auto small_words = std::to_array<std::string_view>({"from", "aus", "uit", "desde", "depuis"});
+  constexpr auto affirmations =
+      std::to_array<std::string_view>({"j", "y", "o", "ja", "yes", "oui", "si", "jn", "yn", "on"});
+  constexpr auto denials = std::to_array<std::string_view>({"n", "nee", "nein", "no", "non"});
+  if (is_among(word, small_words) || is_among(word, affirmations)) return true;
+  return is_among(word, denials) && std::any_of(words.begin(), words.end(), [&](const std::string& other) {
+           return is_among(other, affirmations);
+         });
+}
+
+bool says_import(std::string_view word) {
+  const auto kinds = kinds_of_parts(word);
+  return kinds && std::find(kinds->begin(), kinds->end(), WordKind::import) != kinds->end();
+}
+
+/// The words of a heading that say whose column it is and what it holds. "Import\u00E9" is no "importe", a price.
+std::vector<std::string> telling_words(std::string_view heading) {
+  std::vector<std::string> words = words_of_heading(heading);
+  const bool has_accent =
+      heading.find("\xC3\xA9") != std::string_view::npos || heading.find("\xC3\x89") != std::string_view::npos;
+  if (has_accent) std::replace(words.begin(), words.end(), std::string("importe"), std::string("importee"));
+  if (std::none_of(words.begin(), words.end(), says_import)) return words;
+  const std::vector<std::string> all = words;
+  std::erase_if(words, [&](const std::string& word) { return is_beside_import(word, all); });
+  return words;
 }
 
 }  // namespace
@@ -177,6 +235,14 @@ std::vector<std::string> words_of_heading(std::string_view heading) {
   return words;
 }
 
+bool has_import_in_it(std::string_view heading) {
+  const std::vector<std::string> words = words_of_heading(heading);
+  return std::any_of(words.begin(), words.end(), [](const std::string& word) {
+    const bool is_of_importance = word.find("importan") != std::string::npos;
+    return word.find("import") != std::string::npos && !is_of_importance;
+  });
+}
+
 bool is_plain_heading_word(std::string_view word) {
   const std::optional<WordKind> kind = kind_of_word(word);
   return kind == WordKind::filler || kind == WordKind::animal || kind == WordKind::date;
@@ -186,7 +252,7 @@ HeadingMeaning read_heading(std::string_view heading) {
   constexpr std::size_t longest = 60;
   HeadingMeaning meaning;
   if (heading.size() > longest) return meaning;
-  const std::vector<std::string> words = words_of_heading(heading);
+  const std::vector<std::string> words = telling_words(heading);
   KindCounts counts = {};
   meaning.is_understood = !words.empty();
   // "N.D." says nothing.
@@ -227,6 +293,9 @@ FieldCode field_of_heading(const HeadingMeaning& meaning) {
       case HeadingThing::name: return name_column;
       case HeadingThing::sex: return sex_column;
       case HeadingThing::birth: return birthdate_column;
+      case HeadingThing::colour: return colour_column;
+      case HeadingThing::breeder: return breeder_column;
+      case HeadingThing::import: return import_column;
       default: return unused_column;
     }
   }

@@ -21,7 +21,10 @@ enum class HeadingThing {
   birth,       ///< the date of birth, or the year
   date,        ///< nobody says of what
   other_date,  ///< of death, of registration, of a sale
-  other,       ///< weight, colour, owner, place, ...
+  colour,
+  breeder,
+  import,  ///< whether it is one, or from where
+  other,   ///< weight, owner, place, ...
 };
 
 struct HeadingMeaning {
@@ -39,6 +42,9 @@ HeadingMeaning read_heading(std::string_view heading);
 /// The words of a heading, folded. An apostrophe ends a word and leaves out the lone letter at its side: "sire's" is
 /// "sire", "d'inscription" is "inscription". A capital behind a small letter begins a word: "SireID".
 std::vector<std::string> words_of_heading(std::string_view heading);
+
+/// Whether a heading has "import" in it, whatever stands beside it: "Import date", "Importkz.".
+bool has_import_in_it(std::string_view heading);
 
 /// Whether a word of a heading says neither whose nor what: "of", "the", "animal", "date".
 bool is_plain_heading_word(std::string_view word);

@@ -110,11 +110,16 @@ Targets targets_of(const PreparePlan& plan, const PrepareOptions& options) {
           (folder / (plan.stem + ".answers")).string()};
 }
 
+/// What is kept of what the user says; empty: nothing.
+std::string kept_answers(const Preparation& read, const PrepareOptions& options) {
+  return answers_text(kept_options(options, read.survey), read.plan.columns);
+}
+
 /// Whether a file of answers of that name is there which was not used.
 bool would_lose_answers(const Targets& targets, const Preparation& read, const PrepareOptions& options) {
   std::error_code ignored;
   const bool were_used = !read.answers.file.empty() && fs::equivalent(targets.answers, read.answers.file, ignored);
-  return is_taken(targets.answers) && !were_used && !answers_text(options, read.plan.columns).empty();
+  return is_taken(targets.answers) && !were_used && !kept_answers(read, options).empty();
 }
 
 /// Refuses what stands there and is no plain file.
@@ -149,7 +154,7 @@ std::optional<ToolRefusal> refuse_targets(const Targets& targets, const Preparat
     if (!options.may_overwrite && is_taken(target)) return refusal_in(options, already_there, {shown(target)});
     if (std::optional<ToolRefusal> refusal = refuse_odd(target, options)) return refusal;
   }
-  if (answers_text(options, read.plan.columns).empty()) return std::nullopt;
+  if (kept_answers(read, options).empty()) return std::nullopt;
   return refuse_odd(targets.answers, options);
 }
 
@@ -170,7 +175,7 @@ bool take_piece(void* receiver, std::string_view bytes) {
 /// Keeps what was asked and chosen beside the written files.
 std::optional<ToolRefusal> keep_answers(const Targets& targets, const Preparation& read, const PrepareOptions& options,
                                         ToolStreams& streams) {
-  const std::string text = answers_text(options, read.plan.columns);
+  const std::string text = kept_answers(read, options);
   if (text.empty()) return std::nullopt;
   NewFile file;
   FileProblem problem;

@@ -187,6 +187,7 @@ PreparePlan plan_preparation(const ExportSurvey& survey, const ColumnChoice& col
   if (columns.questions.empty()) {
     plan.availability = plan_availability(survey.availability, survey.sexes, columns, options, plan.questions);
   }
+  plan.questions.insert(plan.questions.end(), survey.import_questions.begin(), survey.import_questions.end());
   choose_subpopulations(survey, options.subpopulations, plan);
   choose_colours(survey, options.colours, plan);
   choose_species(survey, options, plan);

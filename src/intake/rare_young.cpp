@@ -50,7 +50,7 @@ struct ColumnForms {
 };
 
 void note_form(ColumnForms& column, std::string_view text) {
-  if (text.empty() || means_unknown_parent(text)) return;
+  if (text.empty() || means_unknown_parent(text) || means_stillborn(text)) return;
   ++column.filled;
   if (column.forms.size() > most_forms) return;  // it has too many to be compared
   ++column.forms[form_of(text)];
@@ -155,10 +155,11 @@ RareYoung find_rare_young(std::span<const std::size_t> candidates, std::span<con
   for (const std::size_t place : candidates) {
     if (place >= profiles.size()) continue;
     const ColumnProfile& column = profiles[place];
-    const std::int64_t different = size_of(column.texts);
-    const std::int64_t odd = column.texts_read - different + count_common(column.texts, profiles[*id].texts);
-    if (odd * tolerated_odd_texts > column.texts_read) continue;
-    const std::int64_t parents = count_parents(column.texts, profiles, columns);
+    const TextSet texts = texts_of_living(column);
+    const std::int64_t read = count_read_of_living(column), different = size_of(texts);
+    const std::int64_t odd = read - different + count_common(texts, profiles[*id].texts);
+    if (odd * tolerated_odd_texts > read) continue;
+    const std::int64_t parents = count_parents(texts, profiles, columns);
     const bool is_named = columns.has_header && names_further_young(columns.headings[place]);
     const bool are_enough = different >= fewest_rare_young || (is_named && different > 0);
     const bool are_rare = are_enough && different * ids_for_each <= size_of(profiles[*id].texts);

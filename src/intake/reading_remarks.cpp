@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "intake/export_remarks.h"
+#include "intake/parent_names.h"
 
 namespace pedigreewatch {
 namespace {
@@ -84,12 +85,46 @@ void remark_columns(const ExportSurvey& survey, const PreparePlan& plan, std::ve
   }
 }
 
+/// Whether what stands in a column is made use of as more than the name of a parent.
+bool is_made_use_of(const PreparePlan& plan, std::size_t place) {
+  const ColumnChoice& columns = plan.columns;
+  const auto moves = [&](const FieldMove& move) { return move.from == place || move.to == place; };
+  const auto is_of_young = [&](const LineAnimal& animal) { return std::any_of(animal.begin(), animal.end(), moves); };
+  return holds_field(columns, place) ||
+         std::any_of(columns.animals_of_line.begin(), columns.animals_of_line.end(), is_of_young) ||
+         std::any_of(plan.availability.columns.begin(), plan.availability.columns.end(),
+                     [&](const AvailabilityReading& column) { return column.place == place; });
+}
+
+/// Names what the export has besides, so that a column that counts is missed here.
+void remark_unused_columns(const ExportSurvey& survey, const PreparePlan& plan, std::vector<Remark>& remarks) {
+  constexpr std::size_t most_named = 100;
+  CountedList unused;
+  std::int64_t empty = 0;
+  const auto names = parent_name_places(plan.columns);
+  for (std::size_t place = 0; place < plan.columns.headings.size(); ++place) {
+    if (names[0] == place || names[1] == place || is_made_use_of(plan, place)) continue;
+    const std::int64_t texts = place < survey.column_texts.size() ? survey.column_texts[place] : 0;
+    const bool has_heading = plan.columns.has_header && !plan.columns.headings[place].empty();
+    if (texts == 0) {
+      ++empty;
+    } else if (unused.texts.size() == most_named) {
+      ++unused.more;
+    } else {
+      unused.texts.push_back({has_heading ? plan.columns.headings[place] : std::to_string(place + 1), texts, 0});
+    }
+  }
+  if (!unused.texts.empty()) remarks.push_back({RemarkKind::columns_unused, {std::move(unused)}});
+  remark_count(RemarkKind::columns_empty, empty, remarks);
+}
+
 void remark_young(const ExportSurvey& survey, const ColumnChoice& columns, std::vector<Remark>& remarks) {
   if (columns.animals_of_line.empty()) return;
   std::vector<std::size_t> ids;
   for (const LineAnimal& animal : columns.animals_of_line) ids.push_back(animal.front().from);
   remarks.push_back(
       {RemarkKind::young_found, {list_columns(ids, columns), survey.lines_with_animals, survey.animal_count}});
+  remark_noted(RemarkKind::young_stillborn, survey.stillborn, remarks);
 }
 
 /// Remarks on the parents of one sex, the second kind where only a sample of them was looked at.
@@ -128,6 +163,7 @@ void add_reading_remarks(const Preparation& read, const PrepareOptions& options,
   remark_noted(RemarkKind::lines_above, read.plan.columns.table.above, remarks);
   remarks.push_back({RemarkKind::animals_found, {survey.animal_count}});
   remark_columns(survey, read.plan, remarks);
+  remark_unused_columns(survey, read.plan, remarks);
   remark_young(survey, read.plan.columns, remarks);
   if (is_in_use(read.plan, sire_column)) {
     remark_links(survey.links, sire_role, RemarkKind::fathers_linked, RemarkKind::fathers_linked_in_sample, remarks);

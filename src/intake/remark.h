@@ -141,6 +141,8 @@ enum class RemarkKind {
   columns_counted,               ///< columns
   column_used,                   ///< number of the column, heading, field, fields that are filled
   column_possible,               ///< field, columns
+  columns_unused,                ///< columns with their texts
+  columns_empty,                 ///< columns that are not used and hold no text
   fathers_linked,                ///< fathers, those with a line
   fathers_linked_in_sample,      ///< the same
   mothers_linked,                ///< mothers, those with a line
@@ -209,6 +211,7 @@ enum class RemarkKind {
   headers_again,                 ///< lines, their numbers
   lines_no_animals,              ///< lines, what they say
   young_found,                   ///< columns, lines, animals
+  young_stillborn,               ///< young, their lines
   gone_by_dates,                 ///< column, animals with a date in it
   gone_by_texts,                 ///< column, texts of animals that have gone
   gone_not_counted,              ///< column, texts of which nobody knows it
@@ -260,14 +263,17 @@ enum class QuestionKind {
   availability_all_gone,    ///< the same, where all animals would have gone
   no_such_availability,     ///< what the user says, columns of the export
   gone_unclear,             ///< column, texts that nobody knows
+  import_unclear,           ///< columns, texts of the first, its number
+  sheets_alike,             ///< sheet that is read, others with their rows
 };
-inline constexpr std::size_t question_kind_count = static_cast<std::size_t>(QuestionKind::gone_unclear) + 1;
+inline constexpr std::size_t question_kind_count = static_cast<std::size_t>(QuestionKind::sheets_alike) + 1;
 
 /// What a question is answered with: a setting of the preparation.
 enum class Setting {
   none,
   column,
   header,
+  sheet,
   dates,
   serials,
   century,

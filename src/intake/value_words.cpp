@@ -309,6 +309,33 @@ bool means_unknown_parent(std::string_view text) {
   return is_among(folded(text), unknown_parent_words);
 }
 
+bool means_stillborn(std::string_view text) {
+  constexpr auto dead_words = std::to_array<std::string_view>(
+      {"dead",     "died",      "stillborn", "stillbirth", "deadborn",   "dood",    "dode",      "doodgeboren",
+       "doodgeb",  "levenloos", "gestorven", "tot",        "totgeboren", "totgeb",  "totgeburt", "gestorben",
+       "verendet", "mort",      "morte",     "morts",      "mortne",     "mortnee", "mortnes",   "muerto",
+       "muerta",   "muertos",   "mortinato", "natimuerto", "morto",      "morta",   "morti",     "natomorto"});
+  constexpr auto words_beside = std::to_array<std::string_view>(
+      {"born", "at",   "birth", "still", "geboren",   "geb",  "bij",   "geboorte", "bei",    "der",   "geburt",  "ne",
+       "nee",  "nes",  "a",     "la",    "naissance", "al",   "nacer", "nacido",   "nacida", "alla",  "nascita", "nato",
+       "nata", "lamb", "lam",   "pup",   "calf",      "kalf", "kalb",  "lamm",     "foal",   "veulen"});
+  constexpr auto crosses =
+      std::to_array<std::string_view>({"+", "++", "\xE2\x80\xA0", "\xE2\x9C\x9D", "\xE2\x9C\x9E", "\xE2\x9C\x9F"});
+  if (is_among(text, crosses)) return true;
+  if (text.size() > longest_word || text.find_first_of("0123456789") != std::string_view::npos) return false;
+  if (is_among(folded(text), dead_words)) return true;
+  bool says_dead = false;
+  for (std::size_t first = 0; first < text.size();) {
+    const std::size_t end = std::min(text.find_first_of(" -/.,()", first), text.size());
+    const std::string word = folded(text.substr(first, end - first));
+    const bool is_dead = is_among(word, dead_words);
+    if (!word.empty() && !is_dead && !is_among(word, words_beside)) return false;
+    says_dead = says_dead || is_dead;
+    first = end + 1;
+  }
+  return says_dead;
+}
+
 bool has_remark_word(std::string_view text) {
   constexpr auto words = std::to_array<std::string_view>(
       {"total",     "totals",  "totaal",   "totale",  "subtotal",  "subtotaal", "gesamt",   "summe",   "sum",

@@ -13,6 +13,10 @@ bool means_unknown(std::string_view text);
 /// The same, and what offices write for a parent besides: wild, founder, unregistered, N.N., -1, 99999, #N/A, ...
 bool means_unknown_parent(std::string_view text);
 
+/// Whether a text in the place of a young animal's id says that it was born dead: dead, stillborn, doodgeboren, tot, a
+/// cross, ...
+bool means_stillborn(std::string_view text);
+
 /// Whether a text stands for what the line above says: "s.o.", idem, dito, zie boven, two lone quotation marks, ...
 bool repeats_line_above(std::string_view text);
 

@@ -9,6 +9,7 @@
 #include <map>
 #include <optional>
 
+#include "intake/column_evidence.h"
 #include "intake/column_matches.h"
 #include "intake/heading_words.h"
 #include "intake/rare_young.h"
@@ -87,8 +88,8 @@ GroupTexts texts_of(const ColumnGroup& group, std::span<const ColumnProfile> pro
   GroupTexts texts;
   for (const std::size_t place : group.places) {
     if (place >= profiles.size()) continue;
-    texts.texts.insert(profiles[place].texts.begin(), profiles[place].texts.end());
-    texts.read += profiles[place].texts_read;
+    texts.texts.merge(texts_of_living(profiles[place]));
+    texts.read += count_read_of_living(profiles[place]);
   }
   texts.parents = count_parents(texts.texts, profiles, columns);
   const std::size_t first = group.places.front();
@@ -205,6 +206,27 @@ void wish_for(FieldCode code, std::size_t place, PrepareOptions& wishes) {
   wishes.columns.push_back({code, std::to_string(place + 1)});
 }
 
+/// Whether one of the columns would be taken for the id by what stands in it.
+bool is_like_ids(const ColumnGroup& group, std::span<const ColumnProfile> profiles) {
+  return std::any_of(group.places.begin(), group.places.end(), [&](std::size_t place) {
+    return place < profiles.size() &&
+           are_nearly_different(size_of(texts_of_living(profiles[place])), count_read_of_living(profiles[place]));
+  });
+}
+
+/// The columns whose headings say that they hold the ids of young, where the id is not chosen or is one of them: a line
+/// would be one of its young alone. They are asked about although their texts do not show that a line holds several.
+YoungColumns young_by_heading(std::span<const ColumnGroup> groups, std::span<const ColumnProfile> profiles,
+                              const ColumnChoice& columns) {
+  const auto& id = columns.place[static_cast<std::size_t>(id_column)];
+  for (const ColumnGroup& group : groups) {
+    const bool holds_id = id && std::find(group.places.begin(), group.places.end(), *id) != group.places.end();
+    if (!group.names_young || group.code != id_column || (id && !holds_id)) continue;
+    if (is_like_ids(group, profiles)) return young_in(group.places, groups, columns);
+  }
+  return {};
+}
+
 /// Second young that are rare, under any heading: the column of the id and those of texts like it.
 YoungColumns choose_rare_young(std::string_view text, char delimiter, std::span<const ColumnGroup> groups,
                                const ColumnChoice& columns) {
@@ -310,7 +332,9 @@ YoungColumns choose_young(std::string_view text, char delimiter, ColumnChoice& c
   } else {
     const auto is_open = [](const ColumnGroup& group) { return group.is_open; };
     if (std::any_of(groups.begin(), groups.end(), is_open)) {
-      young = find_young(groups, profile_columns(text, delimiter, columns), columns);
+      const std::vector<ColumnProfile> profiles = profile_columns(text, delimiter, columns);
+      young = find_young(groups, profiles, columns);
+      if (young.ids.empty()) young = young_by_heading(groups, profiles, columns);
     }
     if (young.ids.empty()) young = choose_rare_young(text, delimiter, groups, columns);
     if (young.ids.empty()) return young;

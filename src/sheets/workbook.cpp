@@ -85,6 +85,49 @@ bool choose_sheet(Workbook& workbook, SheetTable& table, std::size_t& chosen, Wo
   return false;
 }
 
+/// The first row that has cells enough for a header.
+std::string_view headings_of(const SheetTable& table) {
+  std::string_view rest = table.text;
+  while (!rest.empty()) {
+    const std::size_t end = std::min(rest.find('\n'), rest.size());
+    std::string_view row = rest.substr(0, end);
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+    while (row.ends_with('\t')) row.remove_suffix(1);
+    std::size_t filled = 0;
+    for (std::size_t k = 0; k < row.size(); ++k) filled += row[k] != '\t' && (k == 0 || row[k - 1] == '\t') ? 1 : 0;
+    if (filled >= least_table_columns) return row;
+  }
+  return {};
+}
+
+/// The filled rows below the first of these headings.
+std::int64_t rows_below(const SheetTable& table, std::string_view headings) {
+  const std::string_view text = table.text;
+  const std::size_t place = static_cast<std::size_t>(headings.data() - text.data()) + headings.size();
+  std::int64_t rows = 0;
+  for (std::size_t end = text.find('\n', place); end < text.size(); end = text.find('\n', end + 1)) {
+    const std::size_t next = std::min(text.find('\n', end + 1), text.size());
+    rows += text.substr(end + 1, next - std::min(end + 1, next)).find_first_not_of('\t') < next - end - 1 ? 1 : 0;
+  }
+  return rows;
+}
+
+/// Finds the sheets behind the chosen one that have its headings, as one for each year. What cannot be read is none.
+void compare_sheets(Workbook& workbook, const SheetTable& table, WorkbookSheets& sheets) {
+  constexpr std::size_t most_compared = 50;
+  const std::string_view headings = headings_of(table);
+  if (headings.empty()) return;
+  const std::size_t end = std::min(workbook.names.size(), sheets.chosen + 1 + most_compared);
+  for (std::size_t place = sheets.chosen + 1; place < end; ++place) {
+    if (workbook.is_hidden[place]) continue;
+    SheetTable other;
+    WorkbookProblem ignored;
+    if (!read_sheet(workbook, place, other, ignored) || headings_of(other) != headings) continue;
+    const std::int64_t rows = rows_below(other, headings_of(other));
+    if (rows > 0) sheets.alike.push_back({workbook.names[place], rows});
+  }
+}
+
 std::string lower_start(std::string_view bytes) {
   constexpr std::size_t looked_at = 1024;
   std::string start(bytes.substr(0, looked_at));
@@ -136,7 +179,11 @@ bool read_workbook(std::string_view bytes, std::string_view sheet, SheetTable& t
   if (!open_workbook(bytes, workbook, problem)) return false;
   sheets.names = workbook.names;
   sheets.was_named = !sheet.empty();
-  if (!sheets.was_named) return choose_sheet(workbook, table, sheets.chosen, problem);
+  if (!sheets.was_named) {
+    if (!choose_sheet(workbook, table, sheets.chosen, problem)) return false;
+    compare_sheets(workbook, table, sheets);
+    return true;
+  }
   const std::optional<std::size_t> place = place_of(workbook.names, sheet);
   if (!place) {
     problem.fault = WorkbookFault::no_such_sheet;

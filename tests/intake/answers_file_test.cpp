@@ -85,6 +85,69 @@ TEST(AddAnswers, AColumnThatIsGoneFitsNoMore) {
   EXPECT_EQ(options.columns[0].column, "5");
 }
 
+TEST(KeptOptions, AllIsTheTextsThatItMeant) {
+  ExportSurvey survey;
+  for (const char* const parent : {"Zukauf", "Wild", "Fremd"})
+    survey.doubtful_parents.push_back({parent, 9, 9, 18, true});
+  AvailabilityColumn status;
+  for (const char* const text : {"A", "dead", "V", "D"}) {
+    count_text(status.texts, text, 2);
+    status.says.push_back(std::string_view(text) == "dead" ? AvailabilityText::gone : AvailabilityText::other);
+  }
+  survey.availability.columns.push_back(status);
+  PrepareOptions options;
+  options.unknown = {"Wild"};
+  options.known = {"Fremd", "all"};
+  options.gone = {"D"};
+  options.present = {"all"};
+  const PrepareOptions kept = kept_options(options, survey);
+  EXPECT_EQ(kept.known, (std::vector<std::string>{"Fremd", "Zukauf"}));
+  EXPECT_EQ(kept.present, (std::vector<std::string>{"A", "V"}));
+  options.known = {"Fremd"};
+  EXPECT_EQ(kept_options(options, survey).known, options.known) << "nobody said all";
+}
+
+TEST(KeptOptions, AHundredTextsAreKept) {
+  const auto kept_of = [](int count) {
+    ExportSurvey survey;
+    for (int k = 0; k < count; ++k) survey.doubtful_parents.push_back({"x" + std::to_string(k), 9, 9, 18, true});
+    PrepareOptions options;
+    options.known = {"all"};
+    return kept_options(options, survey).known;
+  };
+  EXPECT_EQ(kept_of(100).size(), 100U);
+  EXPECT_EQ(kept_of(101), std::vector<std::string>{"all"});
+}
+
+/// Animals of the sexes 1 and 2, of which those of sex 1 are so many fathers, or mothers.
+ExportSurvey numbered_sexes(int parents, LinkRole role) {
+  ExportSurvey survey;
+  count_text(survey.sexes, "1", 2);
+  count_text(survey.sexes, "2", 3);
+  for (int k = 0; k < parents; ++k) {
+    const std::string id = "a" + std::to_string(k);
+    note_role(survey.links, id, animal_role);
+    note_sex(survey.links, id, 0);
+    note_parent(survey.links, id, role, 5);
+  }
+  return survey;
+}
+
+TEST(LeaveOutUnfitAnswers, SexesThatTheParentsContradict) {
+  const auto left_of = [](const ExportSurvey& survey, const std::vector<std::string>& said) {
+    SavedAnswers answers = read_answers("--male 1\n");
+    PrepareOptions options;
+    options.male = said;
+    add_answers(answers, headings, options);
+    leave_out_unfit_answers(answers, survey, options);
+    return options.male.size() + 10 * answers.unfit.size();
+  };
+  EXPECT_EQ(left_of(numbered_sexes(3, dam_role), {}), 10U) << "three mothers tell that 1 is female by now";
+  EXPECT_EQ(left_of(numbered_sexes(2, dam_role), {}), 1U) << "two tell nothing";
+  EXPECT_EQ(left_of(numbered_sexes(9, sire_role), {}), 1U);
+  EXPECT_EQ(left_of(numbered_sexes(9, dam_role), {"1"}), 1U) << "said today";
+}
+
 TEST(LeaveOutUnfitAnswers, TextsThatDoNotOccur) {
   SavedAnswers answers = read_answers("--male Ram\n--male Stallion\n--male h\n--unknown Wild\n--unknown Zoo\n");
   PrepareOptions options;

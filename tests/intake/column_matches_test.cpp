@@ -52,11 +52,12 @@ TEST(LackLines, MoreThanHalfOfFiveOrMore) {
 TEST(AskForLinkedColumns, NamesInTheColumnsOfParents) {
   const std::vector<std::string> questions = questions_on(names_for_parents());
   ASSERT_EQ(questions.size(), 3U);
-  EXPECT_EQ(questions[0],
-            "Of 5 parents in \"Sire\" (column 3), taken as the id of the father, only 0 have a line of their own, with "
-            "that id in \"ID\" (column 1). Columns whose texts do stand there: \"SX\" (column 4: 5 of 5), \"DX\" "
-            "(column 6: 5 of 5). Say which column holds the id of the father: --column sire=NUMBER, also if the "
-            "one taken is right.");
+  EXPECT_EQ(
+      questions[0],
+      "Of 5 parents in \"Sire\" (column 3), taken as the id of the father, only so many have a line of their "
+      "own, with that id in \"ID\" (column 1): 0. Columns whose texts do stand there: \"SX\" (column 4: 5 of 5), \"DX\" "
+      "(column 6: 5 of 5). Say which column holds the id of the father: --column sire=NUMBER, also if the "
+      "one taken is right.");
   EXPECT_EQ(questions[2],
             "Most parents do not stand in \"ID\" (column 1), taken as the id of the animal. Columns in which most of "
             "them stand: \"Name\" (column 2: 10 of 10). Say which column holds the id of the animal: --column "

@@ -49,6 +49,26 @@ TEST(MeaningOf, WordsOfPackagesAndOffices) {
   EXPECT_EQ(meaning_of("").code, unused_column);
 }
 
+TEST(MeaningOf, BreedsAndHerdsAreSubpopulations) {
+  for (const char* const word : {"Ras", "Rasse", "Race", "Raza", "Razza", "Flock", "Herde", "Troupeau", "Reba\xC3\xB1o",
+                                 "Gregge", "Zuchtgruppe", "Vari\xC3\xA9t\xC3\xA9", "Schlag"}) {
+    EXPECT_EQ(meaning_of(word).code, subpopulation_column) << word;
+    EXPECT_EQ(meaning_of(word).fit, WordFit::office) << word;
+  }
+  EXPECT_EQ(meaning_of("Herd name").code, subpopulation_column) << "no name of an animal";
+}
+
+TEST(RecogniseColumns, AFarmIsAHerdWhereNothingElseIs) {
+  ColumnPlaces further;
+  const std::vector<std::string> both = {"ID", "Betrieb", "Rasse", "Elevage", "Naisseur"};
+  EXPECT_EQ(recognise_columns(both, further)[subpopulation_column], std::vector<std::size_t>{2});
+  EXPECT_EQ(further[subpopulation_column], std::vector<std::size_t>{1});
+  EXPECT_EQ(recognise_columns(both, further)[breeder_column], std::vector<std::size_t>{4});
+  const std::vector<std::string> one = {"ID", "Betrieb", "\xC3\x89levage"};
+  EXPECT_EQ(recognise_columns(one, further)[subpopulation_column], std::vector<std::size_t>{1});
+  EXPECT_EQ(recognise_columns(one, further)[breeder_column], std::vector<std::size_t>{2});
+}
+
 TEST(RecogniseColumns, AnIdentificationGoesBeforeAPlainWord) {
   ColumnPlaces further;
   const std::vector<std::string> header = {"ID", "Father", "Father ID", "Reg. no"};

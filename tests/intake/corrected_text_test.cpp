@@ -142,13 +142,27 @@ TEST(CorrectedText, FollowsANewIdentification) {
   const Corrected result =
       corrected({value("C", id_column, "C", "C1"), value("C1", sire_column, "A", ""), value("C", dam_column, "B", "")});
   EXPECT_EQ(result.text, "id;sire;dam;born\r\nA;;;2000\r\nB; ;;2001\r\n\r\nC1;;B;1890\r\nD;A;B;2003\r\n");
-  EXPECT_EQ(result.outcomes[2].fate, CorrectionFate::no_animal);
+  EXPECT_EQ(result.outcomes[2].fate, CorrectionFate::has_new_id);
+  EXPECT_EQ(result.outcomes[2].now, "C1");
+  EXPECT_EQ(result.outcomes[2].line, 5);
+}
+
+TEST(CorrectedText, TellsOfAnAnimalThatWasLeftOutBefore) {
+  const Correction any = {"D", CorrectionKind::leave_out, unused_column, "", "", "", ""};
+  EXPECT_EQ(corrected({any, value("D", sire_column, "A", "B")}).outcomes[1].fate, CorrectionFate::has_gone);
+  EXPECT_EQ(corrected({same_as("A", "B"), value("A", birthdate_column, "2000", "2001")}).outcomes[1].fate,
+            CorrectionFate::has_gone);
+  EXPECT_EQ(corrected({any, value("E", sire_column, "A", "B")}).outcomes[1].fate, CorrectionFate::no_animal)
+      << "another animal";
+  EXPECT_EQ(corrected({value("E", id_column, "E", "F"), value("E", sire_column, "A", "B")}).outcomes[1].fate,
+            CorrectionFate::no_animal)
+      << "an earlier correction that did not apply";
 }
 
 std::string letters_of_fates(const Corrected& result) {
   std::string letters;
   for (const CorrectionOutcome& outcome : result.outcomes) {
-    constexpr std::string_view letter_of_fate = "+=?-|TO";
+    constexpr std::string_view letter_of_fate = "+=?-|TOng";
     letters += letter_of_fate[static_cast<std::size_t>(outcome.fate)];
   }
   return letters;

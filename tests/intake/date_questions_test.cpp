@@ -63,7 +63,7 @@ TEST(AskForDates, MoreThanOneInFiftyThatIsNoDate) {
   ASSERT_EQ(questions_on(herd_with_dates(dates)).size(), 1U) << "1 of 49";
   EXPECT_EQ(
       questions_on(herd_with_dates(dates))[0],
-      "In \"born\" (column 5), taken as the date of birth, 1 of 49 texts are no date that can be read: line 50 "
+      "In \"born\" (column 5), taken as the date of birth, texts that are no date that can be read: 1 of 49: line 50 "
       "\"31-o2-2005\". Say which column holds the date of birth: --column birthdate=NUMBER, also if the one taken "
       "is right; those texts then stay as they are.");
   PrepareOptions options;
@@ -122,11 +122,10 @@ TEST(AskForDates, WhatASpreadsheetShowsOfADateIsNamed) {
 
 TEST(AskForDates, TheHundredOfYearsOfTwoDigits) {
   const auto questions = questions_on(herd_with_dates({"31-12-98", "30-11-99"}));
-  EXPECT_EQ(questions,
-            std::vector<std::string>{
-                "2 dates have a year of two digits, and parents and young do not tell which hundred years are "
-                "meant: line 2 \"31-12-98\", line 3 \"30-11-99\". Say the first year of the hundred: "
-                "--century 1927 if all are from 1927 to 2026."});
+  EXPECT_EQ(questions, std::vector<std::string>{
+                           "Dates with a year of two digits: 2; parents and young do not tell which hundred years are "
+                           "meant: line 2 \"31-12-98\", line 3 \"30-11-99\". Say the first year of the hundred: "
+                           "--century 1927 if all are from 1927 to 2026."});
   std::string text = "id;sire;dam;sex;born\n";
   for (int i = 0; i < 14; ++i) {
     const std::string year = std::to_string(85 + i);
@@ -145,7 +144,7 @@ TEST(AskForDates, FromWhichDaySpreadsheetsCount) {
   const auto questions = questions_on(herd_with_dates({"43536"}));
   EXPECT_EQ(questions,
             std::vector<std::string>{
-                "1 dates are numbers of days, as a spreadsheet keeps them: 43536 is 2019-03-12 where days are "
+                "Dates that are numbers of days, as a spreadsheet keeps them: 1; 43536 is 2019-03-12 where days are "
                 "counted from 1900 (usual), and 2023-03-13 where they are counted from 1904 (older Macs). Look "
                 "one animal up, and say --dates serial-1900 or --dates serial-1904."});
 }

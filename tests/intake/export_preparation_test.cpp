@@ -5,8 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "support/run_folder.h"
+#include "support/workbook_files.h"
 
 namespace pedigreewatch::test {
 namespace {
@@ -44,6 +46,49 @@ TEST(ReadAndRecognise, MendsLettersThatWereTurnedThreeTimes) {
   };
   EXPECT_EQ(read_bytes(turned(1)).text, text);
   EXPECT_EQ(read_bytes(turned(3)).text, text);
+}
+
+/// A workbook of a sheet for each name, each with one dog.
+std::string workbook_of_dogs(const std::vector<std::string>& names) {
+  std::string rows;
+  const std::vector<std::string> cells = {"id", "sire", "dam", "sex", "born", "rex", "", "", "m", "2001-02-03"};
+  for (std::size_t row = 0; row < 2; ++row) {
+    rows += "<row>";
+    for (std::size_t k = 0; k < 5; ++k) {
+      rows += "<c t=\"inlineStr\"><is><t>" + cells[row * 5 + k] + "</t></is></c>";
+    }
+    rows += "</row>";
+  }
+  WorkbookPieces pieces;
+  pieces.names = names;
+  pieces.sheets.assign(names.size(), "<sheetData>" + rows + "</sheetData>");
+  return workbook_of(pieces);
+}
+
+TEST(Decide, AsksWhichOfTheSheetsWithTheSameHeadingsIsMeant) {
+  const auto questions_on = [](const std::vector<std::string>& names, const std::string& sheet) {
+    const RunFolder folder(Files{{"dogs.xlsx", workbook_of_dogs(names)}});
+    PrepareOptions options;
+    options.export_name = folder.path("dogs.xlsx");
+    options.species = "dog";
+    options.sheet = sheet;
+    Preparation read;
+    ProgressLine unwatched;
+    EXPECT_FALSE(read_and_recognise(options, read));
+    EXPECT_FALSE(survey_columns(options, unwatched, read));
+    decide(options, read);
+    return read.plan.questions;
+  };
+  const std::vector<Question> asked = questions_on({"2001", "2002"}, "");
+  ASSERT_EQ(asked.size(), 1U);
+  EXPECT_EQ(asked[0].kind, QuestionKind::sheets_alike);
+  EXPECT_EQ(asked[0].setting, Setting::sheet);
+  EXPECT_EQ(std::get<std::string>(asked[0].values.at(0)), "2001");
+  EXPECT_EQ(std::get<CountedList>(asked[0].values.at(1)).texts.at(0).text, "2002");
+  ASSERT_EQ(asked[0].answers.size(), 2U);
+  EXPECT_EQ(asked[0].answers[1].value, "2002");
+  EXPECT_TRUE(questions_on({"2001", "2002"}, "2001").empty());
+  EXPECT_TRUE(questions_on({"2001"}, "").empty());
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace pedigreewatch::test {
 namespace {
@@ -180,6 +181,23 @@ TEST(SurveyExport, ToldLinesAreFiveHundred) {
   EXPECT_EQ(told_of(500).first.size(), 500U);
   EXPECT_EQ(told_of(501).first.size(), 500U);
   EXPECT_EQ(told_of(501).count, 501);
+}
+
+TEST(SurveyExport, TellsStillbornYoungOfAllColumnsWithTheirLines) {
+  const std::string text = "sire;dam;born;lamb 1;lamb 2\ns;d;2001;1;dead\ns;d;2001;tot;2\ns;d;2001;dead;dead\n";
+  PrepareOptions options;
+  options.columns = {{id_column, "4"}};
+  const std::vector<std::string> headings = {"sire", "dam", "born", "lamb 1", "lamb 2"};
+  ColumnChoice columns = choose_columns(headings, options);
+  columns.animals_of_line = {{{3, 3}}, {{4, 3}}};
+  ProgressLine unwatched;
+  const ExportSurvey survey = survey_export(text, ';', columns, {}, unwatched);
+  EXPECT_EQ(survey.animal_count, 2);
+  ASSERT_EQ(survey.stillborn.count, 4);
+  EXPECT_EQ(survey.stillborn.first[0].line, 2);
+  EXPECT_EQ(survey.stillborn.first[1].line, 3);
+  EXPECT_EQ(survey.stillborn.first[1].text, "tot");
+  EXPECT_EQ(survey.stillborn.first[3].line, 4);
 }
 
 }  // namespace

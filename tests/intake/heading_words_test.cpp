@@ -53,6 +53,70 @@ TEST(ReadHeading, BirthNamesAndSexes) {
   EXPECT_EQ(field_read("Sexe animal"), sex_column);
 }
 
+TEST(ReadHeading, ImportsInSixLanguages) {
+  for (const char* const heading : {"Import",
+                                    "Imported",
+                                    "Imported?",
+                                    "Imported From",
+                                    "IMPORTED FROM",
+                                    "Importland",
+                                    "Import country",
+                                    "Country of import",
+                                    "Land van import",
+                                    "Ge\u00EFmporteerd",
+                                    "Ge\u00EFmporteerd uit",
+                                    "Importiert",
+                                    "Importiert aus",
+                                    "Import\u00E9",
+                                    "Import\u00E9e",
+                                    "Importado",
+                                    "Importada de",
+                                    "Importato",
+                                    "Import J/N",
+                                    "Import (yes/no)",
+                                    "Import\u00E9 O/N"}) {
+    EXPECT_EQ(field_read(heading), import_column) << heading;
+  }
+}
+
+TEST(ReadHeading, WhatSaysMoreThanImportIsNone) {
+  for (const char* const heading :
+       {"Import date", "Datum import", "Import no.", "Importnummer", "Import colour", "Import breeder", "Importkz.",
+        "Importe", "Import of sire", "Country", "Important"}) {
+    EXPECT_NE(field_read(heading), import_column) << heading;
+  }
+}
+
+TEST(ReadHeading, ColoursAndBreedersInSixLanguages) {
+  for (const char* const heading :
+       {"Coat Colour", "Coat color", "Colour of coat", "Vachtkleur", "Kleur vacht", "Fellfarbe", "Farbe", "Haarfarbe",
+        "Robe", "Couleur de la robe", "Color de la capa", "Capa", "Mantello", "Colore del mantello"}) {
+    EXPECT_EQ(field_read(heading), colour_column) << heading;
+  }
+  for (const char* const heading :
+       {"Breeder's name", "Name of breeder", "Naam fokker", "Naam van de fokker", "Z\u00FCchter Name", "\u00C9leveur",
+        "Nom de l'\u00E9leveur", "Naisseur", "Nombre del criador", "Allevatore", "Nome allevatore"}) {
+    EXPECT_EQ(field_read(heading), breeder_column) << heading;
+  }
+}
+
+TEST(ReadHeading, ColoursAndBreedersOfSomethingElse) {
+  for (const char* const heading :
+       {"Coat", "Coat type", "Tag colour", "Colour date", "Colour of sire", "Breeder no.", "Breeder's address",
+        "Breeder country", "Date of breeder", "Breeder of dam", "Colour breeder", "Hair", "Breeder coat"}) {
+    EXPECT_EQ(field_read(heading), unused_column) << heading;
+  }
+}
+
+TEST(HasImportInIt, AnyHeadingButOneOfImportance) {
+  EXPECT_TRUE(has_import_in_it("Import date"));
+  EXPECT_TRUE(has_import_in_it("IMPORTKZ."));
+  EXPECT_TRUE(has_import_in_it("Wiederimport"));
+  EXPECT_FALSE(has_import_in_it("Important notes"));
+  EXPECT_FALSE(has_import_in_it("Importance"));
+  EXPECT_FALSE(has_import_in_it("Export"));
+}
+
 TEST(ReadHeading, WhatBelongsToNobodyOfTheThree) {
   for (const char* const heading : {"Sire's sire",
                                     "Paternal grandsire",

@@ -105,5 +105,20 @@ TEST(RepeatsLineAbove, WordsAndSigns) {
   }
 }
 
+TEST(MeansStillborn, WordsOfSixLanguagesAndCrosses) {
+  for (const char* const text :
+       {"dead",          "DEAD",          "born dead",   "stillborn",    "still-born",
+        "Dead at birth", "dood",          "Doodgeboren", "dood geb.",    "tot",
+        "Totgeburt",     "tot geboren",   "mort",        "mort-n\u00E9", "mort \u00E0 la naissance",
+        "muerto",        "nacido muerto", "morto",       "nato morto",   "+",
+        "\u2020",        "dead lamb"}) {
+    EXPECT_TRUE(means_stillborn(text)) << text;
+  }
+  for (const char* const text :
+       {"", "born", "lamb", "Totilas", "Mortimer", "dead 2", "NL1", "-", "sold", "dead or sold"}) {
+    EXPECT_FALSE(means_stillborn(text)) << text;
+  }
+}
+
 }  // namespace
 }  // namespace pedigreewatch::test

@@ -253,6 +253,46 @@ TEST(ChooseYoung, NotWhereAnotherColumnHoldsTheParents) {
   EXPECT_TRUE(chosen.columns.questions.empty());
 }
 
+/// The litters, in so many of which the second lamb is this word instead of an id.
+std::string litters_with(const std::string& word, int count) {
+  std::string text = litters(plain_header, 60);
+  for (int k = 59; k >= 60 - count; --k) {
+    const std::string id = ";b" + std::to_string(k) + ";";
+    text.replace(text.rfind(id), id.size(), ";" + word + ";");
+  }
+  return text;
+}
+
+TEST(ChooseYoung, StillbornOnesDoNotHideTheColumns) {
+  for (const char* const word :
+       {"dead", "Dood", "doodgeboren", "tot", "stillborn", "still born", "mort-n\u00E9", "\u2020"}) {
+    const Chosen chosen = choose(litters_with(word, 30));
+    EXPECT_TRUE(chosen.young.is_certain) << word;
+    EXPECT_EQ(numbers_of(chosen.young.ids), "5,7") << word;
+  }
+}
+
+TEST(ChooseYoung, ColumnsCalledYoungAreAskedAboutBeforeAnyIsTheId) {
+  const Chosen chosen = choose(litters_with("sold", 30));
+  ASSERT_EQ(chosen.young.questions.size(), 1U);
+  EXPECT_EQ(chosen.young.questions.front().answers.front().value, "5,7");
+  const Chosen one = choose(litters_with("sold", 30), {}, {{id_column, "Lamb 1"}});
+  ASSERT_EQ(one.young.questions.size(), 1U);
+  EXPECT_EQ(one.young.questions.front().kind, QuestionKind::young_unclear);
+  EXPECT_TRUE(choose(litters_with("sold", 30), {}, {{id_column, "Litter"}}).young.ids.empty());
+}
+
+TEST(NextRecord, LeavesStillbornOnesOut) {
+  const std::string text = "s;d;dead;1\ns;d;2;tot\ns;d;dood;dood\n";
+  RecordReader reader = read_records(text, ';');
+  const std::vector<LineAnimal> animals = {{{2, 2}}, {{3, 2}}};
+  reader.animals = animals;
+  ExportRecord record;
+  std::string ids;
+  while (next_record(reader, record)) ids += std::string(record.fields[2]) + ",";
+  EXPECT_EQ(ids, "1,2,,");
+}
+
 TEST(ChooseYoung, NotWhereTextsComeAgain) {
   std::string text = std::string(plain_header) + "\n";
   for (int k = 0; k < 40; ++k) text += std::to_string(k) + ";s1;d1;2001;a" + std::to_string(k % 9) + ";m;b;f\n";

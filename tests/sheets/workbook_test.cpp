@@ -188,6 +188,44 @@ TEST(ReadWorkbook, TheFirstVisibleSheetWithATableIsTaken) {
   EXPECT_TRUE(read(workbook_of(pieces), "3").sheets.was_named);
 }
 
+/// `2002 1, 2003 2`: the sheets that have the headings of the one that is read, with their rows.
+std::string alike_in(const WorkbookPieces& pieces, const std::string& sheet = {}) {
+  std::string text;
+  for (const AlikeSheet& other : read(workbook_of(pieces), sheet).sheets.alike) {
+    text += (text.empty() ? "" : ", ") + other.name + " " + std::to_string(other.rows);
+  }
+  return text;
+}
+
+TEST(ReadWorkbook, SheetsOfTheSameHeadingsAreTold) {
+  const std::string header = cell("A3", "id") + cell("B3", "sire") + cell("C3", "dam");
+  const std::string below_title = sheet_data(row(1, cell("A1", "Year 2003")) + row(3, header) +
+                                             row(4, cell("A4", "a")) + row(6, cell("B6", "b") + cell("D6", "note")));
+  const std::string other_headings =
+      sheet_data(row(1, cell("A1", "id") + cell("B1", "sire") + cell("C1", "mother")) + row(2, cell("A2", "rex")));
+  const std::string no_animals = sheet_data(row(1, cell("A1", "id") + cell("B1", "sire") + cell("C1", "dam")));
+  WorkbookPieces pieces;
+  pieces.names = {"2001", "2002", "Other", "Empty", "2003"};
+  pieces.sheets = {table_rows, table_rows, other_headings, no_animals, below_title};
+  EXPECT_EQ(alike_in(pieces), "2002 1, 2003 2");
+  EXPECT_EQ(alike_in(pieces, "2001"), "") << "somebody has chosen";
+}
+
+TEST(ReadWorkbook, FiftySheetsAreCompared) {
+  const auto count_alike = [](int others) {
+    WorkbookPieces pieces;
+    pieces.names = {"first"};
+    pieces.sheets = {table_rows};
+    for (int k = 0; k < others; ++k) {
+      pieces.names.push_back("s" + std::to_string(k));
+      pieces.sheets.push_back(table_rows);
+    }
+    return read(workbook_of(pieces)).sheets.alike.size();
+  };
+  EXPECT_EQ(count_alike(50), 50U);
+  EXPECT_EQ(count_alike(51), 50U);
+}
+
 TEST(ReadWorkbook, WithoutATableTheFirstSheetThatHoldsAnythingIsTaken) {
   WorkbookPieces pieces;
   pieces.names = {"Empty", "Few"};
