@@ -82,19 +82,19 @@ bool have_same_day(const PedigreeColumns& animals, std::int32_t a, std::int32_t 
 }
 
 /// The young of all parents that are marked.
-YoungOf gather_young(const PedigreeColumns& animals, ParentRole role, const std::vector<std::uint8_t>& is_marked) {
+YoungOf gather_young(const PedigreeColumns& animals, ParentRole role, const ByNumber<std::uint8_t>& is_marked) {
   YoungOf result;
-  const std::span<const std::int32_t> parents = role == ParentRole::sire ? animals.sire.entries : animals.dam.entries;
+  const NumberedList<std::int32_t>& parents = role == ParentRole::sire ? animals.sire : animals.dam;
   result.begin = ByNumber<std::int32_t>(animals.ids.count() + 2);
-  for (const std::int32_t parent : parents) {
-    if (is_marked[static_cast<std::size_t>(parent)] != 0) ++result.begin[parent + 2];
+  for (const std::int32_t parent : parents.entries) {
+    if (is_marked[parent] != 0) ++result.begin[parent + 2];
   }
   std::vector<std::int32_t>& begin = result.begin.values;
   std::partial_sum(begin.begin(), begin.end(), begin.begin());
   result.young.resize(static_cast<std::size_t>(begin.back()));
   for (std::int32_t animal = 1; animal <= animals.count(); ++animal) {
-    const std::int32_t parent = parents[static_cast<std::size_t>(animal) - 1];
-    if (is_marked[static_cast<std::size_t>(parent)] == 0) continue;
+    const std::int32_t parent = parents.at(animal);
+    if (is_marked[parent] == 0) continue;
     result.young[static_cast<std::size_t>(result.begin[parent + 1]++)] = {animal, animals.birth.at(animal).year};
   }
   return result;
@@ -536,29 +536,26 @@ MeantParent decide(const Case& one, const Rates& rates) {
   return {near.animal, near.slip, sureness};
 }
 
-using Marks = std::vector<std::uint8_t>;  // by identification
-
 /// Marks the identifications whose young are needed: the animals that can be meant, and the other parents of the young
 /// in question.
-Marks mark_needed(const PedigreeColumns& animals, std::span<const Case> cases) {
-  Marks is_marked(static_cast<std::size_t>(animals.ids.count()) + 1);
-  const auto mark = [&](std::int32_t id) { is_marked[static_cast<std::size_t>(id)] = 1; };
+ByNumber<std::uint8_t> mark_needed(const PedigreeColumns& animals, std::span<const Case> cases) {
+  ByNumber<std::uint8_t> is_marked(animals.ids.count());
   for (const Case& one : cases) {
     bool has_any = false;
     for (std::size_t k = 0; k < one.near.size(); ++k) {
       if (one.weights[k] == 0) continue;
-      mark(animals.id.at(one.near[k].animal));
+      is_marked[animals.id.at(one.near[k].animal)] = 1;
       has_any = true;
     }
     for (std::size_t k = 0; has_any && k < one.firsts.size(); ++k) {
-      mark(parent_of(animals, one.firsts[k], other_role(one.missing.role)));
+      is_marked[parent_of(animals, one.firsts[k], other_role(one.missing.role))] = 1;
     }
   }
   is_marked[0] = 0;
   return is_marked;
 }
 
-void gather_young(const PedigreeColumns& animals, const Marks& is_marked, Links& links) {
+void gather_young(const PedigreeColumns& animals, const ByNumber<std::uint8_t>& is_marked, Links& links) {
   links.of_sires = gather_young(animals, ParentRole::sire, is_marked);
   links.of_dams = gather_young(animals, ParentRole::dam, is_marked);
 }
@@ -581,8 +578,8 @@ std::vector<MeantParent> find_meant_parents(const PedigreeColumns& animals, std:
   count_links(animals, links);
   count_ages(animals, links);
   const Weighing weighing = {animals, links, limits, male_letters};
-  Marks is_missing(static_cast<std::size_t>(animals.ids.count()) + 1);
-  for (const MissingParent& each : missing) is_missing[static_cast<std::size_t>(each.id)] = 1;
+  ByNumber<std::uint8_t> is_missing(animals.ids.count());
+  for (const MissingParent& each : missing) is_missing[each.id] = 1;
   gather_young(animals, is_missing, links);
   std::vector<Case> cases;
   for (std::size_t k = 0; k < missing.size(); ++k) {

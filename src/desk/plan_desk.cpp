@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "checks/readable_text.h"
+#include "core/shares.h"
 #include "desk/matings_desk.h"
 #include "desk/named_values.h"
 #include "page/plan_page.h"
@@ -155,7 +156,7 @@ void refresh_totals(DeskPlan& made) {
   double sum = 0.0;
   for (const PlannedPair& pair : made.plan.pairs) sum += pair.kinship;
   auto& comparison = made.plan.comparisons[static_cast<std::size_t>(PlanWay::plan)];
-  if (comparison) comparison->mean_f = sum / static_cast<double>(made.plan.pairs.size());
+  if (comparison) comparison->mean_f = mean_over(sum, made.plan.pairs.size());
 }
 
 SaidPair said(const DeskPlan& made, const PlannedPair& pair) {

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "core/shares.h"
 #include "diversity/cohort_genes.h"
 #include "genetics/ancestor_pedigree.h"
 
@@ -68,7 +69,7 @@ void list_sires(const PopulationStore& store, std::span<const std::int32_t> refe
     UsedSire& sire = lists.sires.emplace_back();
     sire.position = sires[s];
     sire.offspring = offspring[sires[s]];
-    sire.share = static_cast<double>(sire.offspring) / static_cast<double>(with_sire);
+    sire.share = share_of(sire.offspring, with_sire);
   }
 }
 

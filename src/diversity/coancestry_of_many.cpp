@@ -20,6 +20,7 @@
 
 #include "core/memory_hints.h"
 #include "core/processor_clones.h"
+#include "core/shares.h"
 
 namespace pedigreewatch {
 namespace {
@@ -216,7 +217,7 @@ struct MeanRest {
 };
 
 double mean_of(std::span<const double> values) {
-  return std::accumulate(values.begin(), values.end(), 0.0) / static_cast<double>(values.size());
+  return mean_over(std::accumulate(values.begin(), values.end(), 0.0), values.size());
 }
 
 MeanRest estimate_rest(const SampledRows& rows, double sibs_of_all, std::size_t animals) {

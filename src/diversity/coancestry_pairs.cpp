@@ -7,6 +7,7 @@
 #include <optional>
 #include <vector>
 
+#include "core/shares.h"
 #include "diversity/coancestry_of_many.h"
 
 namespace pedigreewatch {
@@ -69,7 +70,7 @@ EffectiveSizeEstimate estimate_from_all_pairs(const PairedAnimals& animals) {
   }
   estimate.count = ends / 2;
   if (ends == 0) return estimate;
-  estimate.mean_increase = sum / static_cast<double>(ends);
+  estimate.mean_increase = mean_over(sum, ends);
   complete_estimate(estimate, error_of_mean(pairs));
   return estimate;
 }

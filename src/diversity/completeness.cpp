@@ -8,6 +8,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "core/shares.h"
+
 namespace pedigreewatch {
 namespace {
 
@@ -54,7 +56,7 @@ double line_completeness(const Depth& parent) {
     sum += known / places;
     places *= 2.0;
   }
-  return sum / static_cast<double>(line_generations);
+  return mean_over(sum, line_generations);
 }
 
 double completeness_index(const Depth& sire, const Depth& dam) {

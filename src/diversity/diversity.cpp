@@ -6,6 +6,7 @@
 #include <array>
 #include <utility>
 
+#include "core/shares.h"
 #include "core/side_by_side.h"
 #include "diversity/coancestry_pairs.h"
 #include "diversity/completeness.h"
@@ -60,7 +61,7 @@ std::optional<double> import_contribution(const ReferencePedigree& pedigree, con
   }
   double sum = 0.0;
   for (const std::int32_t member : pedigree.members) sum += shares[member];
-  return sum / static_cast<double>(pedigree.members.size());
+  return mean_over(sum, pedigree.members.size());
 }
 
 }  // namespace

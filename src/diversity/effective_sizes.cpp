@@ -5,11 +5,13 @@
 #include <numeric>
 #include <vector>
 
+#include "core/shares.h"
+
 namespace pedigreewatch {
 namespace {
 
 double mean_of(std::span<const double> values) {
-  return std::accumulate(values.begin(), values.end(), 0.0) / static_cast<double>(values.size());
+  return mean_over(std::accumulate(values.begin(), values.end(), 0.0), values.size());
 }
 
 }  // namespace

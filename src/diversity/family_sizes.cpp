@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "core/shares.h"
 #include "genetics/ancestor_pedigree.h"
 
 namespace pedigreewatch {
@@ -111,7 +112,7 @@ void count_known_parents(const PopulationStore& store, const BySex<ByNumber<Flag
   }
   if (estimate.bred_offspring == 0) return;
   for (const Sex sex : {male, female}) {
-    estimate.known_parents.of(sex) = static_cast<double>(known.of(sex)) / static_cast<double>(estimate.bred_offspring);
+    estimate.known_parents.of(sex) = share_of(known.of(sex), estimate.bred_offspring);
   }
 }
 

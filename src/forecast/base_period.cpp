@@ -6,6 +6,7 @@
 #include <cmath>
 #include <map>
 
+#include "core/shares.h"
 #include "planning/parent_use.h"
 
 namespace pedigreewatch {
@@ -23,7 +24,7 @@ AgeSpan ages_at_births(const PopulationStore& store, std::span<const Family> fam
     const std::int32_t parent = sex == male ? family.sire : family.dam;
     const bool is_known = parent != 0 && store.birth_year[parent] != 0 && store.birth_year[parent] < family.year;
     if (is_known) {
-      ages.insert(ages.end(), static_cast<std::size_t>(family.young), family.year - store.birth_year[parent]);
+      for (std::int32_t k = 0; k < family.young; ++k) ages.push_back(family.year - store.birth_year[parent]);
     }
   }
   if (ages.empty()) return {};
@@ -45,16 +46,11 @@ struct AgeSum {
   }
 };
 
-std::int32_t count_different(std::vector<std::int32_t>& parents) {
-  std::sort(parents.begin(), parents.end());
-  return static_cast<std::int32_t>(std::unique(parents.begin(), parents.end()) - parents.begin());
-}
-
 void count_parents(const FamilyRecords& records, std::int32_t year, Sex sex, std::vector<GroupYear>& groups) {
   std::vector<std::vector<std::int32_t>> parents(groups.size());
   for (const Family& family : records.of_year(year)) {
     const std::int32_t parent = sex == male ? family.sire : family.dam;
-    if (parent != 0) parents[static_cast<std::size_t>(records.group[parent])].push_back(parent);
+    if (parent != 0) parents[records.group[parent]].push_back(parent);
   }
   for (std::size_t g = 0; g < groups.size(); ++g) {
     groups[g].in_use.of(sex) = count_different(parents[g]);
@@ -108,9 +104,9 @@ std::int32_t find_first_alike(const FamilyRecords& records, const BasePeriod& ba
 }
 
 std::vector<GroupYear> count_year(const FamilyRecords& records, std::int32_t year) {
-  std::vector<GroupYear> groups(static_cast<std::size_t>(records.groups));
+  std::vector<GroupYear> groups(records.groups);
   for (const Family& family : records.of_year(year)) {
-    GroupYear& group = groups[static_cast<std::size_t>(family.group)];
+    GroupYear& group = groups[family.group];
     if (family.descent() == Descent::founder) group.founders += family.young;
     if (family.descent() == Descent::known) ++group.with_both;
     if (family.descent() == Descent::half_known) ++(family.dam == 0 ? group.without_dam : group.without_sire);
@@ -123,12 +119,12 @@ std::vector<GroupYear> count_year(const FamilyRecords& records, std::int32_t yea
 /// where there are few young.
 void count_young(const FamilyRecords& records, BasePeriod& base) {
   constexpr double prior_young = 10.0, usual_share = 0.5;
-  std::array<double, descents> young = {}, males = {};
+  ByDescent<double> young, males;
   double all = 0.0, all_males = 0.0;
   for (std::int32_t year = base.first_alike; year <= base.last_year; ++year) {
     for (const Family& family : records.of_year(year)) {
       if (family.dam != 0) base.sizes.push_back(family.young);
-      const auto descent = static_cast<std::size_t>(descent_of(records.store, family.first));
+      const Descent descent = descent_of(records.store, family.first);
       young[descent] += family.young;
       males[descent] += family.males;
       all += family.young;
@@ -136,23 +132,23 @@ void count_young(const FamilyRecords& records, BasePeriod& base) {
     }
   }
   const double share = records.are_sexes_known && all > 0.0 ? all_males / all : usual_share;
-  for (std::size_t k = 0; k < descents; ++k) {
+  for (const Descent k : all_descents) {
     const bool is_counted = records.are_sexes_known;
     base.male_share[k] = is_counted ? (males[k] + prior_young * share) / (young[k] + prior_young) : share;
   }
 }
 
 void count_unknown_sires(const FamilyRecords& records, BasePeriod& base) {
-  std::array<double, descents> litters = {};
+  ByDescent<double> litters;
   for (std::int32_t year = base.first_alike; year <= base.last_year; ++year) {
     for (const Family& family : records.of_year(year)) {
       if (family.dam == 0) continue;
-      const auto descent = static_cast<std::size_t>(descent_of(records.store, family.dam));
+      const Descent descent = descent_of(records.store, family.dam);
       litters[descent] += 1.0;
       if (family.sire == 0) base.without_sire[descent] += 1.0;
     }
   }
-  for (std::size_t k = 0; k < descents; ++k) {
+  for (const Descent k : all_descents) {
     if (litters[k] > 0.0) base.without_sire[k] /= litters[k];
   }
 }
@@ -178,17 +174,16 @@ void measure_levels(const FamilyRecords& records, BasePeriod& base) {
 
 /// A row for each group of young. Where there were none, sires are of the same group.
 void count_exchange(const FamilyRecords& records, BasePeriod& base) {
-  const auto groups = static_cast<std::size_t>(records.groups);
-  std::vector<std::map<std::int32_t, double>> counts(groups);
+  std::vector<std::map<GroupNo, double>> counts(records.groups);
   for (std::int32_t year = base.first_alike; year <= base.last_year; ++year) {
     for (const Family& family : records.of_year(year)) {
       if (family.sire == 0) continue;
-      counts[static_cast<std::size_t>(family.group)][records.group[family.sire]] += 1.0;
+      counts[family.group][records.group[family.sire]] += 1.0;
     }
   }
-  base.sire_groups.resize(groups);
-  for (std::size_t g = 0; g < groups; ++g) {
-    if (counts[g].empty()) counts[g][static_cast<std::int32_t>(g)] = 1.0;
+  base.sire_groups.resize(records.groups);
+  for (GroupNo g = 0; g < records.groups; ++g) {
+    if (counts[g].empty()) counts[g][g] = 1.0;
     double sum = 0.0;
     for (const auto& [group, count] : counts[g]) sum += count;
     for (const auto& [group, count] : counts[g]) base.sire_groups[g].push_back({group, count / sum});
@@ -207,7 +202,7 @@ std::vector<std::int32_t> entries_of(const CareerRecords& records, std::int32_t 
 
 /// Which part of the young of each descent came into use, and of which part of those in use no parent is known.
 void count_chosen(const FamilyRecords& records, Sex sex, BasePeriod& base) {
-  std::array<double, descents> entered = {}, born = {};
+  ByDescent<double> entered, born;
   double all = 0.0, from_outside = 0.0, founders = 0.0;
   for (const std::int32_t k : base.entries.of(sex)) {
     const Career& career = base.careers.of(sex).at(k);
@@ -216,14 +211,14 @@ void count_chosen(const FamilyRecords& records, Sex sex, BasePeriod& base) {
     if (career.descent == Descent::founder) founders += 1.0;
     // Those born before were born of others: in a young herdbook mostly of unknown parents.
     const std::int32_t born_in = records.store.birth_year[career.parent];
-    if (born_in >= base.first_alike) entered[static_cast<std::size_t>(career.descent)] += 1.0;
+    if (born_in >= base.first_alike) entered[career.descent] += 1.0;
   }
   for (std::int32_t year = base.first_alike; year <= base.last_year; ++year) {
     for (const Family& family : records.of_year(year)) {
-      born[static_cast<std::size_t>(descent_of(records.store, family.first))] += family.young;
+      born[descent_of(records.store, family.first)] += family.young;
     }
   }
-  for (std::size_t k = 0; k < descents; ++k) {
+  for (const Descent k : all_descents) {
     base.chosen.of(sex)[k] = born[k] > 0.0 ? entered[k] / born[k] : 0.0;
   }
   base.outside.of(sex) = from_outside / all;
@@ -233,8 +228,7 @@ void count_chosen(const FamilyRecords& records, Sex sex, BasePeriod& base) {
 void count_entered(BasePeriod& base, Sex sex) {
   for (const Career& career : base.careers.of(sex).careers) {
     if (career.first_year < base.first_alike) continue;
-    std::vector<GroupYear>& year = base.years[static_cast<std::size_t>(career.first_year - base.first_alike)];
-    ++year[static_cast<std::size_t>(career.group)].entered.of(sex);
+    ++base.years[base.place_of(career.first_year)][career.group].entered.of(sex);
   }
 }
 
@@ -300,7 +294,7 @@ std::optional<double> mean_parent_age(const PopulationStore& store, std::span<co
 double mean_first_age(const BasePeriod& base, Sex sex) {
   double sum = 0.0;
   for (const std::int32_t number : base.entries.of(sex)) sum += base.careers.of(sex).at(number).first_age;
-  return base.entries.of(sex).empty() ? 1.0 : sum / static_cast<double>(base.entries.of(sex).size());
+  return base.entries.of(sex).empty() ? 1.0 : mean_over(sum, base.entries.of(sex).size());
 }
 
 std::optional<BasePeriod> measure_base_period(const FamilyRecords& records) {

@@ -1,7 +1,6 @@
 // The present practice: what is measured in the last generation interval, and what a forecast goes on with.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -36,7 +35,7 @@ struct GroupYear {
 
 /// The part of the sires that is of a group; such parts add up to 1.
 struct GroupShare {
-  std::int32_t group = 0;
+  GroupNo group = 0;
   double share = 0.0;
 };
 
@@ -61,25 +60,25 @@ struct BasePeriod {
   PracticeLevels levels;
   std::vector<NumberPath> paths;  ///< how litters and sires may go on
   /// By descent of the dam: how often the sire of a litter is unknown, in the years alike.
-  std::array<double, descents> without_sire = {};
+  ByDescent<double> without_sire = {};
   std::vector<std::int32_t> sizes;                   ///< of families with a known dam
-  std::array<double, descents> male_share = {};      ///< of the young, by their descent
+  ByDescent<double> male_share = {};                 ///< of the young, by their descent
   std::vector<std::vector<GroupShare>> sire_groups;  ///< by group of the young: where its sires are from
   BySex<std::vector<std::int32_t>> entries;          ///< careers that began since then, by number
   BySex<double> outside = {};                  ///< of those that came into use, the part that has no line of its own
   BySex<double> without_parents = {};          ///< likewise, of which no parent is known: imports with a line, too
   BySex<std::optional<double>> said_outside;   ///< of which no parent is known, as somebody says it is
   BySex<std::vector<std::int32_t>> said_ages;  ///< by career: age at first use, as somebody says it is; empty: not said
-  BySex<std::array<double, descents>> chosen;  ///< by descent: how many of those born came into use
+  BySex<ByDescent<double>> chosen;             ///< by descent: how many of those born came into use
   BySex<CareerRecords> careers;
   BySex<AgeSpan> ages;               ///< that 5 and 95 in 100 of the births of the last ten years remain below
   BySex<std::int32_t> oldest_entry;  ///< age at which parents are first used at most
 
   std::int32_t length() const { return last_year - first_year + 1; }
+  /// Where a year stands among those from the first alike on.
+  std::size_t place_of(std::int32_t year) const { return static_cast<std::size_t>(year - first_alike); }
   /// The base years themselves.
-  std::span<const std::vector<GroupYear>> base_years() const {
-    return std::span(years).subspan(static_cast<std::size_t>(first_year - first_alike));
-  }
+  std::span<const std::vector<GroupYear>> base_years() const { return std::span(years).subspan(place_of(first_year)); }
   /// Age of one who comes into use like this career.
   std::int32_t first_age(Sex sex, std::int32_t career) const {
     const std::vector<std::int32_t>& said = said_ages.of(sex);

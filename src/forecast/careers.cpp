@@ -31,8 +31,8 @@ std::int32_t parent_of(const Family& family, Sex sex) {
 /// Makes use a multiple of the usual one, the geometric mean of those used in the same subpopulation and year: one
 /// popular sire more or less does not change what the others are worth. `uses` are of one year.
 void relate_to_usual(const FamilyRecords& records, std::span<Use> uses) {
-  std::vector<double> logs(static_cast<std::size_t>(records.groups)), parents(logs.size());
-  const auto group = [&](const Use& use) { return static_cast<std::size_t>(records.group[use.parent]); };
+  std::vector<double> logs(records.groups), parents(records.groups);
+  const auto group = [&](const Use& use) { return records.group[use.parent]; };
   for (const Use& use : uses) {
     logs[group(use)] += std::log(double{use.families});
     parents[group(use)] += 1.0;

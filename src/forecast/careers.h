@@ -19,7 +19,7 @@ struct Career {
   std::int32_t parent = 0;      ///< position
   std::int32_t first_year = 0;  ///< of use
   std::int32_t first_age = 0;   ///< years; the mean of the others where the birth year is unknown
-  std::int32_t group = 0;
+  GroupNo group = 0;
   Descent descent = Descent::known;
   std::vector<float> use;     ///< by year from the first to the last one in which there was any
   std::int32_t families = 0;  ///< in all of these years

@@ -74,11 +74,12 @@ std::span<const Family> FamilyRecords::of_year(std::int32_t year) const {
 }
 
 FamilyRecords list_families(const PopulationStore& store, const YearGroups& years, std::int32_t last_year) {
-  FamilyRecords records{
-      store, store.birth_years.first, last_year, 1, true, {}, {}, ByNumber<std::int32_t>(store.size())};
+  FamilyRecords records{store, store.birth_years.first, last_year, 1, true, {}, {}, ByNumber<GroupNo>(store.size())};
   if (store.subpopulation_count() > 1) {
-    records.groups = store.subpopulation_count() + 1;
-    for (std::int32_t k = 1; k <= records.group.last(); ++k) records.group[k] = store.subpopulation_no(k);
+    records.groups = static_cast<GroupNo>(store.subpopulation_count()) + 1;
+    for (std::int32_t k = 1; k <= records.group.last(); ++k) {
+      records.group[k] = static_cast<GroupNo>(store.subpopulation_no(k));
+    }
   }
   for (std::int32_t year = records.first_year; year <= last_year; ++year) {
     if (year != 0) add_families(records, year, years.of_row(store.birth_years.row_of(year)));
@@ -98,6 +99,11 @@ Descent descent_of(const PopulationStore& store, std::int32_t position) {
   }
   if (parents.sire != 0 || parents.dam != 0) return Descent::half_known;
   return store.birth_year[position] == 0 ? Descent::outside : Descent::founder;
+}
+
+std::int32_t count_different(std::vector<std::int32_t> animals) {
+  std::sort(animals.begin(), animals.end());
+  return static_cast<std::int32_t>(std::unique(animals.begin(), animals.end()) - animals.begin());
 }
 
 }  // namespace pedigreewatch

@@ -2,6 +2,8 @@
 // year, up to a last year behind which nothing is known.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -21,13 +23,27 @@ enum class Descent : std::uint8_t {
   deep,   ///< all grandparents: sires are taken from such young more often than from others
 };
 inline constexpr std::size_t descents = 5;
+inline constexpr std::array<Descent, descents> all_descents = {Descent::outside, Descent::founder, Descent::half_known,
+                                                               Descent::known, Descent::deep};
+
+/// The number of a subpopulation, 0 for none: a place in lists by group.
+using GroupNo = std::uint32_t;
+
+/// Values by descent.
+template <typename Value>
+struct ByDescent {
+  std::array<Value, descents> values = {};
+
+  Value& operator[](Descent descent) { return values[static_cast<std::size_t>(descent)]; }
+  const Value& operator[](Descent descent) const { return values[static_cast<std::size_t>(descent)]; }
+};
 
 /// Animals born in one year to the same two parents. Where the dam is unknown every animal is a family of its own.
 /// Positions in the store; 0 for an unknown parent.
 struct Family {
   std::int32_t year = 0, sire = 0, dam = 0;
   std::int32_t young = 0, males = 0;
-  std::int32_t group = 0;  ///< the subpopulation of the young; 0 in a population without any
+  GroupNo group = 0;       ///< of the young; 0 in a population without subpopulations
   std::int32_t first = 0;  ///< one of the young
 
   /// By the parents alone; never `deep`.
@@ -41,11 +57,11 @@ struct Family {
 struct FamilyRecords {
   const PopulationStore& store;
   std::int32_t first_year = 0, last_year = 0;
-  std::int32_t groups = 1;       ///< subpopulations and 0, or 0 alone
+  GroupNo groups = 1;            ///< subpopulations and 0, or 0 alone
   bool are_sexes_known = true;   ///< otherwise half of the young count as males
   std::vector<Family> families;  ///< by year, within a year by dam and sire
   std::vector<std::size_t> end;  ///< by year from the first: where its families end
-  ByNumber<std::int32_t> group;  ///< by position: the subpopulation; of a parent known by name only, that of its young
+  ByNumber<GroupNo> group;       ///< by position: the subpopulation; of a parent known by name only, that of its young
 
   std::span<const Family> of_year(std::int32_t year) const;
 };
@@ -54,5 +70,8 @@ struct FamilyRecords {
 FamilyRecords list_families(const PopulationStore& store, const YearGroups& years, std::int32_t last_year);
 
 Descent descent_of(const PopulationStore& store, std::int32_t position);
+
+/// How many different animals there are among these.
+std::int32_t count_different(std::vector<std::int32_t> animals);
 
 }  // namespace pedigreewatch

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "core/shares.h"
+
 namespace pedigreewatch {
 namespace {
 
@@ -43,7 +45,7 @@ std::optional<double> diversity_kept(const Forecast& forecast, const ReplicateYe
 std::optional<double> refused_a_year(const ReplicateYears& years, std::int64_t RefusedCounts::*count) {
   double sum = 0.0;
   for (const ModelYear& year : years) sum += static_cast<double>(year.refused.*count);
-  return sum / static_cast<double>(years.size());
+  return mean_over(sum, years.size());
 }
 
 std::optional<double> effective_size(const ReplicateYears& years) {

@@ -3,6 +3,7 @@
 // again.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -12,14 +13,16 @@
 namespace pedigreewatch {
 
 struct KinshipTable {
-  std::int32_t capacity = 0;            ///< rows and columns that there is room for; 0 is that of the unknown animal
+  std::uint32_t capacity = 0;           ///< rows and columns that there is room for; 0 is that of the unknown animal
   std::vector<float> cells;             ///< row by row
-  ByNumber<std::int32_t> row_of;        ///< by number in the pedigree; 0 for an animal without one
+  ByNumber<std::uint32_t> row_of;       ///< by number in the pedigree; 0 for an animal without one
   std::vector<std::int32_t> animal_of;  ///< by row; 0: the row is free
 
+  /// Where the kinship in a row and column stands among the cells.
+  std::size_t place_of(std::size_t row, std::size_t column) const { return row * capacity + column; }
+  float& at(std::int32_t first, std::int32_t second) { return cells[place_of(row_of[first], row_of[second])]; }
   float between(std::int32_t first, std::int32_t second) const {
-    return cells[static_cast<std::size_t>(row_of[first]) * static_cast<std::size_t>(capacity) +
-                 static_cast<std::size_t>(row_of[second])];
+    return cells[place_of(row_of[first], row_of[second])];
   }
 };
 

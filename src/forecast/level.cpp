@@ -47,13 +47,14 @@ bool is_trend(const Line& line, std::span<const double> rates, double mean_among
 Level level_of(std::span<const YearCount> years) {
   Level level;
   level.factors.assign(years.size(), 1.0);
+  const auto count = static_cast<double>(years.size());
   std::vector<double> rates;
   double mean_among = 0.0;
   for (const YearCount& year : years) {
     if (year.among <= 0.0) return level;
     rates.push_back(year.count / year.among);
-    level.last += rates.back() / static_cast<double>(years.size());
-    mean_among += year.among / static_cast<double>(years.size());
+    level.last += rates.back() / count;
+    mean_among += year.among / count;
   }
   if (years.size() < least_years || level.last <= 0.0) return level;
   const Line line = line_through(rates);

@@ -17,29 +17,29 @@ template <typename Parents, typename Inbreeding>
 double kinship_at_random(std::span<const ModelPair> pairs, const Parents& parents_of, const Inbreeding& f) {
   std::int32_t last = 0;
   for (const ModelPair& pair : pairs) last = std::max({last, pair.sire, pair.dam});
-  std::vector<double> genes(static_cast<std::size_t>(last) + 1, 0.0);
-  const auto at = [&](std::int32_t animal) -> double& { return genes[static_cast<std::size_t>(animal)]; };
-  for (const ModelPair& pair : pairs) at(pair.dam) += 1.0;
+  ByNumber<double> genes(last);
+  for (const ModelPair& pair : pairs) genes[pair.dam] += 1.0;
   for (std::int32_t j = last; j > 0; --j) {
     const auto [sire, dam] = parents_of(j);
-    at(sire) += 0.5 * at(j);
-    at(dam) += 0.5 * at(j);
+    genes[sire] += 0.5 * genes[j];
+    genes[dam] += 0.5 * genes[j];
   }
-  at(0) = 0.0;
+  genes[0] = 0.0;
   for (std::int32_t j = 1; j <= last; ++j) {
     const auto [sire, dam] = parents_of(j);
     const double variance = 0.5 - 0.25 * (f(sire) + f(dam));
-    at(j) = 0.5 * (at(sire) + at(dam)) + 0.5 * variance * at(j);
+    genes[j] = 0.5 * (genes[sire] + genes[dam]) + 0.5 * variance * genes[j];
   }
   double sum = 0.0;
-  for (const ModelPair& pair : pairs) sum += at(pair.sire);
+  for (const ModelPair& pair : pairs) sum += genes[pair.sire];
   const auto count = static_cast<double>(pairs.size());
   return sum / (count * count);
 }
 
 std::optional<double> nearness_of(std::span<const ModelPair> pairs, double random) {
+  const auto count = static_cast<double>(pairs.size());
   double mean = 0.0;
-  for (const ModelPair& pair : pairs) mean += pair.f / static_cast<double>(pairs.size());
+  for (const ModelPair& pair : pairs) mean += pair.f / count;
   return random < 1.0 ? std::optional((mean - random) / (1.0 - random)) : std::nullopt;
 }
 

@@ -95,7 +95,7 @@ void rank_mating(const ModelBasis& basis, const Family& family, std::span<const 
   const float own = kinship_of_pair(basis, number(family.sire), number(family.dam));
   std::size_t below = 0, alike = 1;
   for (std::size_t k = 1; k < looked_at; ++k) {
-    const std::int32_t other = sires[static_cast<std::size_t>(random.below(static_cast<std::int32_t>(sires.size())))];
+    const std::int32_t other = sires[random.place_among(sires.size())];
     const float kinship = kinship_of_pair(basis, number(other), number(family.dam));
     if (kinship < own) ++below;
     if (kinship == own) ++alike;
@@ -112,8 +112,8 @@ void measure_mate_ranks(ModelBasis& basis, std::uint64_t seed) {
   double matings = matings_at_random;
   for (std::int32_t year = basis.base.first_alike; year <= basis.base.last_year; ++year) {
     RandomStream random = make_stream(seed, 0, year, DrawPurpose::base_period);
-    std::vector<std::vector<std::int32_t>> sires(static_cast<std::size_t>(records.groups));
-    const auto group = [&](const Family& f) { return static_cast<std::size_t>(records.group[f.sire]); };
+    std::vector<std::vector<std::int32_t>> sires(records.groups);
+    const auto group = [&](const Family& f) { return records.group[f.sire]; };
     for (const Family& family : records.of_year(year)) {
       if (family.descent() == Descent::known) sires[group(family)].push_back(family.sire);
     }
@@ -130,9 +130,8 @@ void sort_entries(ModelBasis& basis) {
   basis.sire_entries.resize(basis.base.years.size());
   for (const std::int32_t number : basis.base.entries.of_males) {
     const Career& career = basis.base.careers.of_males.at(number);
-    const std::int32_t year = career.first_year - basis.base.first_alike;
-    if (year < 0 || year >= std::ssize(basis.sire_entries)) continue;
-    basis.sire_entries[static_cast<std::size_t>(year)].push_back({career.group, number});
+    if (career.first_year < basis.base.first_alike || career.first_year > basis.base.last_year) continue;
+    basis.sire_entries[basis.base.place_of(career.first_year)].push_back({career.group, number});
   }
   for (std::vector<GroupEntry>& entries : basis.sire_entries) {
     std::stable_sort(entries.begin(), entries.end(),
@@ -155,18 +154,16 @@ void gather_candidates_of_years(ModelBasis& basis) {
   const FamilyRecords& records = basis.records;
   const PopulationStore& store = records.store;
   const ByNumber<Flag> is_parent = mark_parents(records);
-  const auto lists = static_cast<std::size_t>(records.groups) * 2 * descents;
-  const std::int32_t years = records.last_year - basis.first_candidate_year + 1;
-  basis.candidates.assign(static_cast<std::size_t>(years),
+  const std::size_t lists = lists_of(records.groups);
+  basis.candidates.assign(basis.row_of(records.last_year) + 1,
                           {std::vector<Candidates>(lists), std::vector<std::int32_t>(lists)});
   RandomStream random = make_stream(0);
   for (std::int32_t position = 1; position <= store.animal_count; ++position) {
     if (!is_of_entry_age(basis, position)) continue;
     const Descent descent = descent_of(store, position);
-    const Sex drawn = random.chance(basis.base.male_share[static_cast<std::size_t>(descent)]) ? male : female;
+    const Sex drawn = random.chance(basis.base.male_share[descent]) ? male : female;
     const Sex sex = records.are_sexes_known ? store.sex[position] : drawn;
-    CandidateYear& year =
-        basis.candidates[static_cast<std::size_t>(store.birth_year[position] - basis.first_candidate_year)];
+    CandidateYear& year = basis.candidates[basis.row_of(store.birth_year[position])];
     const std::size_t list = list_of(records.group[position], sex, descent);
     ++year.born[list];
     if (is_parent[position] == 0) year.lists[list].push_back(-position);
@@ -174,10 +171,10 @@ void gather_candidates_of_years(ModelBasis& basis) {
 }
 
 void note_last_litters(ModelBasis& basis) {
-  basis.last_litter.assign(static_cast<std::size_t>(basis.pedigree.count()) + 1, 0);
+  basis.last_litter = ByNumber<std::int32_t>(basis.pedigree.count());
   for (const Family& family : basis.records.families) {  // from the first year on, so that the last one stays
     for (const std::int32_t parent : {family.sire, family.dam}) {
-      basis.last_litter[static_cast<std::size_t>(basis.ancestors.number_of_animal[parent])] = family.year;
+      basis.last_litter[basis.ancestors.number_of_animal[parent]] = family.year;
     }
   }
   basis.last_litter[0] = 0;
@@ -187,16 +184,15 @@ void note_last_litters(ModelBasis& basis) {
 /// parents. The others were needed for the ranks of mates.
 void shorten_table(ModelBasis& basis) {
   if (!basis.has_table()) return;
-  std::vector<Flag> is_wanted(basis.last_litter.size(), 0);
+  ByNumber<Flag> is_wanted(basis.pedigree.count());
   for (const Sex sex : {male, female}) {
-    for (const ActiveParent& active : basis.active.of(sex)) is_wanted[static_cast<std::size_t>(active.animal)] = 1;
+    for (const ActiveParent& active : basis.active.of(sex)) is_wanted[active.animal] = 1;
   }
   std::vector<std::int32_t> animals;
   for (const std::int32_t animal : basis.table.animal_of) {
     if (animal == 0) continue;
-    const auto number = static_cast<std::size_t>(animal);
-    const bool has_young_candidates = basis.last_litter[number] >= basis.first_candidate_year;
-    if (has_young_candidates || is_wanted[number] != 0 || animal == basis.origin) animals.push_back(animal);
+    const bool has_young_candidates = basis.last_litter[animal] >= basis.first_candidate_year;
+    if (has_young_candidates || is_wanted[animal] != 0 || animal == basis.origin) animals.push_back(animal);
   }
   std::vector<float> cells;
   cells.reserve(animals.size() * animals.size());
@@ -212,7 +208,7 @@ void count_going_on(ModelBasis& basis) {
   const std::vector<std::vector<GroupYear>>& years = basis.base.years;
   for (const Sex sex : {male, female}) {
     std::vector<double>& means = basis.going_on.of(sex);
-    means.assign(static_cast<std::size_t>(basis.records.groups), 0.0);
+    means.assign(basis.records.groups, 0.0);
     for (const std::vector<GroupYear>& year : years) {
       for (std::size_t group = 0; group < means.size(); ++group) {
         const std::int32_t before = year[group].in_use.of(sex) - year[group].entered.of(sex);

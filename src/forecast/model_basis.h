@@ -31,9 +31,14 @@ struct CandidateYear {
   std::vector<std::int32_t> born;  ///< by list, with those that have
 };
 
+/// The lists of a candidate year, for so many groups.
+inline std::size_t lists_of(GroupNo groups) {
+  return std::size_t{groups} * 2 * descents;
+}
+
 /// The list of a candidate year: `groups` as in the FamilyRecords.
-inline std::size_t list_of(std::int32_t group, Sex sex, Descent descent) {
-  return (static_cast<std::size_t>(group) * 2 + (sex == male ? 0 : 1)) * descents + static_cast<std::size_t>(descent);
+inline std::size_t list_of(GroupNo group, Sex sex, Descent descent) {
+  return (std::size_t{group} * 2 + (sex == male ? 0 : 1)) * descents + static_cast<std::size_t>(descent);
 }
 
 /// A parent that was in use.
@@ -45,7 +50,8 @@ struct ActiveParent {
 
 /// A career of the practice, by number, that began in a group.
 struct GroupEntry {
-  std::int32_t group = 0, career = 0;
+  GroupNo group = 0;
+  std::int32_t career = 0;
 };
 
 /// The model herd's first state. It refers to the records of the families, which stay.
@@ -65,11 +71,15 @@ struct ModelBasis {
   BySex<std::vector<double>> going_on;  ///< by group: parents of a year of the practice that were in use before, mean
   BySex<double> pace = {1.0, 1.0};      ///< years of a career that pass in a year; others than 1 are said, not measured
   BySex<std::vector<ActiveParent>> active;
-  std::vector<std::int32_t> last_litter;  ///< by animal of the pedigree: the year of its last family
+  ByNumber<std::int32_t> last_litter;  ///< by animal of the pedigree: the year of its last family
   std::int32_t first_candidate_year = 0;
   std::vector<CandidateYear> candidates;  ///< by birth year, up to the last one
 
   bool has_table() const { return table.capacity > 0; }
+  /// Where a birth year stands among the candidates; it is not before the first one.
+  std::size_t row_of(std::int32_t birth_year) const {
+    return static_cast<std::size_t>(birth_year - first_candidate_year);
+  }
 };
 
 /// F of all animals must be final.

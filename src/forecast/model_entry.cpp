@@ -21,9 +21,9 @@ Entrant entrant_of(const ModelHerd& herd, std::int32_t candidate, std::int32_t b
 ModelParent& add_model_parent(ModelHerd& herd, Sex sex, const Entrant& entrant) {
   const std::int32_t animal = add_parent(herd.pedigree, entrant.sire, entrant.dam, entrant.f);
   herd.new_parents.push_back({animal, entrant.sire, entrant.dam, entrant.f});
-  herd.last_litter.push_back(0);
-  herd.birth_year.push_back(entrant.birth_year);
-  herd.weights.push_back(0.0);
+  herd.last_litter.values.push_back(0);
+  herd.birth_year.values.push_back(entrant.birth_year);
+  herd.weights.values.push_back(0.0);
   ModelParent& parent = herd.parents.of(sex).emplace_back();
   parent.animal = animal;
   parent.descent = entrant.descent;
@@ -34,14 +34,13 @@ namespace {
 
 double mean_kinship_of(const ModelHerd& herd, std::int32_t candidate) {
   const Entrant entrant = entrant_of(herd, candidate, 0);
-  return 0.5 * (herd.mean_kinship[static_cast<std::size_t>(entrant.sire)] +
-                herd.mean_kinship[static_cast<std::size_t>(entrant.dam)]);
+  return 0.5 * (herd.mean_kinship[entrant.sire] + herd.mean_kinship[entrant.dam]);
 }
 
 /// The mean kinship that an animal of this birth year and sex may have at most: below that of so many per cent.
 double most_mean_kinship(const ModelHerd& herd, const CandidateYear& year, Sex sex) {
   std::vector<double> kinships;
-  for (std::int32_t group = 0; group < herd.basis.records.groups; ++group) {
+  for (GroupNo group = 0; group < herd.basis.records.groups; ++group) {
     for (const Descent descent : {Descent::founder, Descent::half_known, Descent::known, Descent::deep}) {
       for (const std::int32_t candidate : year.lists[list_of(group, sex, descent)]) {
         kinships.push_back(mean_kinship_of(herd, candidate));
@@ -51,20 +50,18 @@ double most_mean_kinship(const ModelHerd& herd, const CandidateYear& year, Sex s
   if (kinships.empty()) return 0.0;
   constexpr double percent = 100.0;
   const double below = *herd.rules.above_percent / percent * static_cast<double>(kinships.size());
-  const auto permitted = std::max<std::ptrdiff_t>(
-      1, static_cast<std::ptrdiff_t>(kinships.size()) - static_cast<std::ptrdiff_t>(std::ceil(below)));
-  std::nth_element(kinships.begin(), kinships.begin() + permitted - 1, kinships.end());
-  return kinships[static_cast<std::size_t>(permitted) - 1];
+  const std::ptrdiff_t forbidden =
+      std::min<std::ptrdiff_t>(static_cast<std::ptrdiff_t>(std::ceil(below)), std::ssize(kinships) - 1);
+  const auto most = kinships.end() - forbidden - 1;
+  std::nth_element(kinships.begin(), most, kinships.end());
+  return *most;
 }
 
 /// The place of any animal of the list; with a rule on mean kinship of any that it permits. None when there is none.
 std::optional<std::size_t> choose_place(ModelHerd& herd, std::size_t row, const Candidates& list, Sex sex,
                                         RandomStream& random) {
-  const auto any = [&](std::size_t count) {
-    return static_cast<std::size_t>(random.below(static_cast<std::int32_t>(count)));
-  };
   if (list.empty()) return std::nullopt;
-  const std::size_t drawn = any(list.size());
+  const std::size_t drawn = random.place_among(list.size());
   if (!herd.rules.above_percent) return drawn;
   double& most = herd.most_kinship[2 * row + (sex == male ? 0 : 1)];
   if (most < 0.0) most = most_mean_kinship(herd, herd.candidates[row], sex);
@@ -75,12 +72,13 @@ std::optional<std::size_t> choose_place(ModelHerd& herd, std::size_t row, const 
     if (mean_kinship_of(herd, list[k]) <= most) permitted.push_back(k);
   }
   if (permitted.empty()) return std::nullopt;
-  return permitted[any(permitted.size())];
+  return pick(random, permitted);
 }
 
 struct Wanted {
   Sex sex = male;
-  std::int32_t group = 0, birth_year = 0;
+  GroupNo group = 0;
+  std::int32_t birth_year = 0;
 };
 
 constexpr std::array<Descent, 4> descents_of_born = {Descent::deep, Descent::known, Descent::half_known,
@@ -102,11 +100,11 @@ Descent draw_descent(const DescentWeights& weights, RandomStream& random) {
 /// where there was nobody.
 Descent draw_descent(const ModelHerd& herd, const CandidateYear& year, const Wanted& wanted, RandomStream& random) {
   const BasePeriod& base = herd.basis.base;
-  const std::array<double, descents>& chosen = base.chosen.of(wanted.sex);
+  const ByDescent<double>& chosen = base.chosen.of(wanted.sex);
   DescentWeights weights = {};
   for (std::size_t k = 0; k < weights.size(); ++k) {
     const std::int32_t born = year.born[list_of(wanted.group, wanted.sex, descents_of_born[k])];
-    weights[k] = born * chosen[static_cast<std::size_t>(descents_of_born[k])];
+    weights[k] = born * chosen[descents_of_born[k]];
   }
   // Where somebody says how many have no known parent, all of these come from outside.
   if (base.said_outside.of(wanted.sex)) weights.back() = 0.0;
@@ -115,14 +113,14 @@ Descent draw_descent(const ModelHerd& herd, const CandidateYear& year, const Wan
 
 /// Takes a candidate of the birth year; none when it has none that may be taken.
 std::optional<Entrant> take_from(ModelHerd& herd, const Wanted& wanted, bool is_any, RandomStream& random) {
-  const std::int32_t row = wanted.birth_year - herd.basis.first_candidate_year;
-  if (row < 0 || row >= std::ssize(herd.candidates)) return std::nullopt;
-  const auto place_of_year = static_cast<std::size_t>(row);
-  CandidateYear& year = herd.candidates[place_of_year];
+  if (wanted.birth_year < herd.basis.first_candidate_year) return std::nullopt;
+  const std::size_t row = herd.basis.row_of(wanted.birth_year);
+  if (row >= herd.candidates.size()) return std::nullopt;
+  CandidateYear& year = herd.candidates[row];
   const Descent drawn = draw_descent(herd, year, wanted, random);
   for (const Descent descent : {drawn, Descent::deep, Descent::known, Descent::half_known, Descent::founder}) {
     Candidates& list = year.lists[list_of(wanted.group, wanted.sex, descent)];
-    if (const auto place = choose_place(herd, place_of_year, list, wanted.sex, random)) {
+    if (const auto place = choose_place(herd, row, list, wanted.sex, random)) {
       Entrant entrant = entrant_of(herd, list[*place], wanted.birth_year);
       entrant.descent = descent;
       list[*place] = list.back();
@@ -137,13 +135,14 @@ std::optional<Entrant> take_from(ModelHerd& herd, const Wanted& wanted, bool is_
 /// The nearest to what is wanted: of another age first, then of another group, at last of whatever descent.
 std::optional<Entrant> take_nearest(ModelHerd& herd, Wanted wanted, std::int32_t last_birth_year,
                                     RandomStream& random) {
-  const std::int32_t born = wanted.birth_year, home = wanted.group;
-  const auto years = static_cast<std::int32_t>(std::ssize(herd.candidates));
+  const std::int32_t born = wanted.birth_year;
+  const GroupNo home = wanted.group;
+  const std::ptrdiff_t years = std::ssize(herd.candidates);
   // A rule on where sires come from is kept: an animal of another subpopulation does not become one of theirs.
   const bool is_ruled = wanted.sex == male && herd.rules.exchange != Exchange::present;
-  const std::int32_t groups = is_ruled ? 1 : herd.basis.records.groups;
+  const GroupNo groups = is_ruled ? 1 : herd.basis.records.groups;
   for (const bool is_any : {false, true}) {
-    for (std::int32_t step = 0; step < groups; ++step) {
+    for (GroupNo step = 0; step < groups; ++step) {
       wanted.group = (home + step) % herd.basis.records.groups;
       for (std::int32_t distance = 0; distance < 2 * years; ++distance) {
         wanted.birth_year = distance % 2 == 0 ? born - distance / 2 : born + (distance + 1) / 2;
@@ -158,7 +157,8 @@ std::optional<Entrant> take_nearest(ModelHerd& herd, Wanted wanted, std::int32_t
 
 struct NewCareer {
   Sex sex = male;
-  std::int32_t number = 0, group = 0;
+  std::int32_t number = 0;
+  GroupNo group = 0;
 };
 
 void begin_career(ModelParent& parent, const CareerRecords& careers, std::int32_t number) {
@@ -224,7 +224,7 @@ bool comes_from_outside(const BasePeriod& base, Sex sex, const Career& career, R
 
 }  // namespace
 
-std::int32_t draw_entry(const BasePeriod& base, Sex sex, std::int32_t group, RandomStream& random) {
+std::int32_t draw_entry(const BasePeriod& base, Sex sex, GroupNo group, RandomStream& random) {
   const std::vector<std::int32_t>& entries = base.entries.of(sex);
   constexpr int tries = 16;
   std::int32_t drawn = pick(random, entries);
@@ -232,11 +232,11 @@ std::int32_t draw_entry(const BasePeriod& base, Sex sex, std::int32_t group, Ran
   return drawn;
 }
 
-std::vector<std::int32_t> entries_of_year(const ModelBasis& basis, std::int32_t group, std::int32_t year,
+std::vector<std::int32_t> entries_of_year(const ModelBasis& basis, GroupNo group, std::int32_t year,
                                           RandomStream& random) {
-  const std::vector<GroupEntry>& of_year = basis.sire_entries[static_cast<std::size_t>(year - basis.base.first_alike)];
+  const std::vector<GroupEntry>& of_year = basis.sire_entries[basis.base.place_of(year)];
   auto entry = std::lower_bound(of_year.begin(), of_year.end(), group,
-                                [](const GroupEntry& a, std::int32_t wanted) { return a.group < wanted; });
+                                [](const GroupEntry& a, GroupNo wanted) { return a.group < wanted; });
   std::vector<std::int32_t> entries;
   for (; entry != of_year.end() && entry->group == group; ++entry) entries.push_back(entry->career);
   shuffle(random, std::span(entries));
@@ -252,12 +252,12 @@ void continue_parents(ModelHerd& herd, Sex sex, std::int32_t year) {
     parent.litters_in_life += parent.litters;
     parent.litters = 0;
     if (ends_with_litter && parent.litters_in_life > 0) return true;
-    const std::int32_t age = year - 1 - herd.birth_year[static_cast<std::size_t>(parent.animal)];
+    const std::int32_t age = year - 1 - herd.birth_year[parent.animal];
     return !go_on(parent, careers, herd.basis.pace.of(sex), age, random);
   });
 }
 
-bool enter_parent(ModelHerd& herd, Sex sex, std::int32_t group, std::int32_t year, std::int32_t number,
+bool enter_parent(ModelHerd& herd, Sex sex, GroupNo group, std::int32_t year, std::int32_t number,
                   RandomStream& random) {
   const BasePeriod& base = herd.basis.base;
   const Career& career = base.careers.of(sex).at(number);
@@ -287,14 +287,14 @@ LifeOfUse live_career(const CareerRecords& careers, std::int32_t number, RandomS
   return life;
 }
 
-void enter_import(ModelHerd& herd, Sex sex, std::int32_t group, std::int32_t year, RandomStream& random) {
+void enter_import(ModelHerd& herd, Sex sex, GroupNo group, std::int32_t year, RandomStream& random) {
   const BasePeriod& base = herd.basis.base;
   const std::int32_t number = draw_entry(base, sex, group, random);
   const std::int32_t origin = herd.basis.origin;
   const std::int32_t born = year - std::max(base.first_age(sex, number), herd.rules.least_age.of(sex));
   ModelParent& parent = add_model_parent(herd, sex, {origin, origin, born, 0.0F});
   begin_career(parent, herd.basis, {sex, number, group}, random);
-  herd.members.of(sex)[static_cast<std::size_t>(group)].push_back(herd.parents.of(sex).size() - 1);
+  herd.members.of(sex)[group].push_back(herd.parents.of(sex).size() - 1);
 }
 
 }  // namespace pedigreewatch

@@ -23,15 +23,15 @@ void continue_parents(ModelHerd& herd, Sex sex, std::int32_t year);
 
 /// Brings an animal of the group into use, which begins like a career of the base period (its number). False when there
 /// is nobody left.
-bool enter_parent(ModelHerd& herd, Sex sex, std::int32_t group, std::int32_t year, std::int32_t career,
+bool enter_parent(ModelHerd& herd, Sex sex, GroupNo group, std::int32_t year, std::int32_t career,
                   RandomStream& random);
 
 /// A career that began in the years of the practice, of the group if there was any.
-std::int32_t draw_entry(const BasePeriod& base, Sex sex, std::int32_t group, RandomStream& random);
+std::int32_t draw_entry(const BasePeriod& base, Sex sex, GroupNo group, RandomStream& random);
 
 /// The careers of a group's sires that began in one year, in any order: those who came into use together did not all
 /// become popular.
-std::vector<std::int32_t> entries_of_year(const ModelBasis& basis, std::int32_t group, std::int32_t year,
+std::vector<std::int32_t> entries_of_year(const ModelBasis& basis, GroupNo group, std::int32_t year,
                                           RandomStream& random);
 
 /// How long somebody was used.
@@ -44,6 +44,6 @@ struct LifeOfUse {
 LifeOfUse live_career(const CareerRecords& careers, std::int32_t number, RandomStream& random);
 
 /// Brings an import into use.
-void enter_import(ModelHerd& herd, Sex sex, std::int32_t group, std::int32_t year, RandomStream& random);
+void enter_import(ModelHerd& herd, Sex sex, GroupNo group, std::int32_t year, RandomStream& random);
 
 }  // namespace pedigreewatch

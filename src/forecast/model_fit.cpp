@@ -28,9 +28,9 @@ constexpr double most_lean = 4.0;
 constexpr double use_for_life = 0.7;
 
 std::vector<SireLitters> litters_of_herd(const ModelHerd& herd) {
-  std::vector<SireLitters> groups(static_cast<std::size_t>(herd.basis.records.groups));
+  std::vector<SireLitters> groups(herd.basis.records.groups);
   for (const ModelParent& sire : herd.parents.of_males) {
-    if (sire.litters > 0) groups[static_cast<std::size_t>(sire.group)][sire.animal] = sire.litters;
+    if (sire.litters > 0) groups[sire.group][sire.animal] = sire.litters;
   }
   return groups;
 }
@@ -97,12 +97,12 @@ struct LitterYears {
 };
 
 /// Notes the litters of the year that the herd has lived last, by animal of the pedigree.
-void note_litters(const ModelHerd& herd, Sex sex, std::int32_t year, std::vector<LitterYears>& seen) {
-  seen.resize(static_cast<std::size_t>(herd.pedigree.count()) + 1);
+void note_litters(const ModelHerd& herd, Sex sex, std::int32_t year, ByNumber<LitterYears>& seen) {
+  seen.values.resize(static_cast<std::size_t>(herd.pedigree.count()) + 1);
   for (std::size_t k = herd.first_of_year; k < herd.families.size(); ++k) {
     const std::int32_t parent = sex == male ? herd.families[k].sire : herd.families[k].dam;
     if (parent <= herd.basis.pedigree.count()) continue;
-    LitterYears& years = seen[static_cast<std::size_t>(parent)];
+    LitterYears& years = seen[parent];
     if (years.first == 0) years.first = year;
     years.last = year;
   }
@@ -120,12 +120,12 @@ std::optional<double> try_lives(const Fit& fit, Sex sex, double said_years) {
   double sum = 0.0, count = 0.0;
   for (std::int32_t trial = 0; trial < trials_of(fit.basis.base) && !fit.watch.is_stopped; ++trial) {
     ModelHerd herd = begin_herd(fit.basis, fit.present, fit.seed, -1 - trial, fit.walk);
-    std::vector<LitterYears> seen;
+    ByNumber<LitterYears> seen;
     for (std::int32_t year = 1; year <= years; ++year) {
       if (!fit.watch.goes_on() || !live_year(herd, fit.basis.base.last_year + year)) break;
       note_litters(herd, sex, year, seen);
     }
-    for (const LitterYears& of_parent : seen) {
+    for (const LitterYears& of_parent : seen.values) {
       if (of_parent.first == 0 || of_parent.first > trial_years) continue;
       sum += of_parent.last - of_parent.first + 1;
       count += 1.0;

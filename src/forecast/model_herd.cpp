@@ -20,10 +20,6 @@
 namespace pedigreewatch {
 namespace {
 
-std::size_t place(std::int32_t number) {
-  return static_cast<std::size_t>(number);
-}
-
 /// What a year is to have in one group.
 struct GroupTarget {
   GroupYear numbers;
@@ -62,12 +58,10 @@ double litters_ahead(const ModelHerd& herd, const NumberYear& ahead, RandomStrea
   const auto litters = [&](std::size_t year) {
     return base.levels.litters.factors[year] * litters_of(base_years[year]);
   };
-  const std::size_t drawn = place(random.below(base.length()));
+  const std::size_t drawn = random.place_among(base_years.size());
   if (base.paths.empty() || herd.replicate < 0) return litters(drawn);
   double mean = 0.0;
-  for (std::size_t year = 0; year < base_years.size(); ++year) {
-    mean += litters(year) / static_cast<double>(base_years.size());
-  }
+  for (std::size_t year = 0; year < base_years.size(); ++year) mean += litters(year) / base.length();
   return std::max(1.0, mean * ahead.litters);
 }
 
@@ -85,9 +79,8 @@ void add_imports(const BreedingRules& rules, std::int32_t year, std::vector<Grou
 std::vector<GroupTarget> draw_targets(const ModelHerd& herd, std::int32_t year) {
   const BasePeriod& base = herd.basis.base;
   RandomStream random = herd.stream(year, DrawPurpose::targets);
-  const auto years = static_cast<std::int32_t>(std::ssize(base.years));
-  const std::int32_t like = random.below(years);
-  const std::vector<GroupYear>& drawn = base.years[place(like)];
+  const std::size_t like = random.place_among(base.years.size());
+  const std::vector<GroupYear>& drawn = base.years[like];
   const NumberYear ahead = numbers_ahead(herd, year);
   const double litters = litters_ahead(herd, ahead, random);
   double sires = 0.0;
@@ -101,8 +94,7 @@ std::vector<GroupTarget> draw_targets(const ModelHerd& herd, std::int32_t year) 
   const BySex<double> level = {ahead.litter_level * ahead.sires_per_litter, ahead.litter_level};
   std::vector<GroupTarget> targets;
   for (GroupYear group : drawn) {
-    const double half_known = base.levels.half_known.factors[place(like)],
-                 founders = base.levels.founders.factors[place(like)];
+    const double half_known = base.levels.half_known.factors[like], founders = base.levels.founders.factors[like];
     const double with_dam = group.with_both + group.without_sire;
     const double without_sire = std::min(with_dam, half_known * group.without_sire);
     const double with_both = with_dam - without_sire;
@@ -113,7 +105,7 @@ std::vector<GroupTarget> draw_targets(const ModelHerd& herd, std::int32_t year) 
     group.in_use.of_males = round_at_random(sire_factor * group.in_use.of_males, random);
     group.entered.of_males = round_at_random(sire_factor * group.entered.of_males, random);
     group.entered.of_females = round_at_random(litter_factor * group.entered.of_females, random);
-    targets.push_back({group, {}, base.first_alike + like, level});
+    targets.push_back({group, {}, base.first_alike + static_cast<std::int32_t>(like), level});
   }
   add_imports(herd.rules, year, targets);
   return targets;
@@ -121,13 +113,13 @@ std::vector<GroupTarget> draw_targets(const ModelHerd& herd, std::int32_t year) 
 
 /// How many new parents come into use: as many as in a year of the base period, more or fewer where fewer or more than
 /// usual go on.
-std::int32_t wanted_new(ModelHerd& herd, Sex sex, std::int32_t group, const GroupTarget& target, std::int32_t ready) {
+std::int32_t wanted_new(ModelHerd& herd, Sex sex, GroupNo group, const GroupTarget& target, std::size_t ready) {
   const BasePeriod& base = herd.basis.base;
-  const double usual = target.level.of(sex) * herd.basis.going_on.of(sex)[place(group)];
+  const double usual = target.level.of(sex) * herd.basis.going_on.of(sex)[group];
   // What is less than a parent, or less than none, is left for the next year, so that the mean is right in small
   // groups.
-  double& owed = herd.owed.of(sex)[place(group)];
-  owed += target.numbers.entered.of(sex) + base.vacancies_filled.of(sex) * (usual - ready);
+  double& owed = herd.owed.of(sex)[group];
+  owed += target.numbers.entered.of(sex) + base.vacancies_filled.of(sex) * (usual - static_cast<double>(ready));
   const std::int32_t entering = std::max(0, static_cast<std::int32_t>(std::lround(owed)));
   owed = std::max(owed - entering, -std::max(1.0, usual));
   return entering;
@@ -157,14 +149,13 @@ void wake_dams(std::vector<ModelParent>& dams, std::span<const std::size_t> memb
 }
 
 /// The dams of a group with their litters of this year: those who go on, and as many new ones as are missing.
-void fill_dams(ModelHerd& herd, std::int32_t group, const GroupTarget& target, std::int32_t year,
-               RandomStream& random) {
+void fill_dams(ModelHerd& herd, GroupNo group, const GroupTarget& target, std::int32_t year, RandomStream& random) {
   std::vector<ModelParent>& dams = herd.parents.of_females;
   for (std::int32_t k = 0; k < target.imports.of_females; ++k) enter_import(herd, female, group, year, random);
   const std::int32_t litters = target.numbers.with_both + target.numbers.without_sire;
   std::vector<std::size_t> ready;
   std::int32_t found = 0;
-  for (const std::size_t k : herd.members.of_females[place(group)]) {
+  for (const std::size_t k : herd.members.of_females[group]) {
     if (dams[k].use <= 0.0) continue;
     ready.push_back(k);
     dams[k].litters = herd.rules.has_one_litter ? 1 : static_cast<std::int32_t>(dams[k].use);
@@ -180,7 +171,7 @@ void fill_dams(ModelHerd& herd, std::int32_t group, const GroupTarget& target, s
     found += dam.litters;
     return true;
   };
-  const std::int32_t missing = wanted_new(herd, female, group, target, static_cast<std::int32_t>(ready.size()));
+  const std::int32_t missing = wanted_new(herd, female, group, target, ready.size());
   for (std::int32_t k = 0; k < missing && enter(std::max(1, litters)); ++k) {
   }
   shuffle(random, std::span(ready));
@@ -189,20 +180,20 @@ void fill_dams(ModelHerd& herd, std::int32_t group, const GroupTarget& target, s
     dams[ready[k]].litters -= less;
     found -= less;
   }
-  if (found < litters) wake_dams(dams, herd.members.of_females[place(group)], litters, found, random);
+  if (found < litters) wake_dams(dams, herd.members.of_females[group], litters, found, random);
   while (found < litters && enter(litters - found)) {
   }
 }
 
 /// Where the sire of a litter comes from.
-std::int32_t draw_sire_group(const ModelHerd& herd, const std::vector<GroupShare>& open, std::int32_t group,
-                             RandomStream& random) {
+GroupNo draw_sire_group(const ModelHerd& herd, const std::vector<GroupShare>& open, GroupNo group,
+                        RandomStream& random) {
   const double drawn = random.unit();
-  const auto groups = static_cast<std::int32_t>(open.size());
+  const GroupNo groups = herd.basis.records.groups;
   if (groups == 1 || herd.rules.exchange == Exchange::closed) return group;
   if (herd.rules.exchange == Exchange::rotation && group > 0) return group == 1 ? groups - 1 : group - 1;
   const std::vector<GroupShare>& shares =
-      herd.rules.exchange == Exchange::open ? open : herd.basis.base.sire_groups[place(group)];
+      herd.rules.exchange == Exchange::open ? open : herd.basis.base.sire_groups[group];
   double sum = 0.0;
   for (const GroupShare& other : shares) {
     sum += other.share;
@@ -218,15 +209,15 @@ void choose_without_sire(const ModelHerd& herd, const std::vector<GroupTarget>& 
                          std::vector<WantedLitter>& litters, RandomStream& random) {
   std::vector<std::vector<std::pair<double, std::size_t>>> keys(targets.size());
   for (std::size_t k = 0; k < litters.size(); ++k) {
-    const ModelParent& dam = herd.parents.of_females[place(litters[k].dam)];
-    const double weight = herd.basis.base.without_sire[static_cast<std::size_t>(dam.descent)];
+    const ModelParent& dam = herd.parents.of_females[litters[k].dam];
+    const double weight = herd.basis.base.without_sire[dam.descent];
     const double drawn = random.unit();
     constexpr double hardly = 1e-3;  // where too few others are left
-    keys[place(litters[k].group)].emplace_back(std::log(1.0 - drawn) / std::max(weight, hardly), k);
+    keys[litters[k].group].emplace_back(std::log(1.0 - drawn) / std::max(weight, hardly), k);
   }
   for (std::size_t group = 0; group < targets.size(); ++group) {
     std::sort(keys[group].begin(), keys[group].end(), std::greater<>());
-    const auto wanted = std::min(place(targets[group].numbers.without_sire), keys[group].size());
+    const auto wanted = std::min(static_cast<std::size_t>(targets[group].numbers.without_sire), keys[group].size());
     for (std::size_t k = 0; k < wanted; ++k) litters[keys[group][k].second].has_sire = false;
   }
 }
@@ -235,9 +226,10 @@ void choose_without_sire(const ModelHerd& herd, const std::vector<GroupTarget>& 
 std::vector<GroupShare> shares_of_litters(const std::vector<GroupTarget>& targets) {
   std::vector<GroupShare> shares;
   double litters = 0.0;
-  for (const GroupTarget& target : targets) {
-    shares.push_back({static_cast<std::int32_t>(std::ssize(shares)), static_cast<double>(target.numbers.with_both)});
-    litters += shares.back().share;
+  for (GroupNo group = 0; group < targets.size(); ++group) {
+    const double with_both = targets[group].numbers.with_both;
+    shares.push_back({group, with_both});
+    litters += with_both;
   }
   for (GroupShare& group : shares) {
     group.share = litters > 0.0 ? group.share / litters : 1.0 / static_cast<double>(shares.size());
@@ -252,12 +244,14 @@ std::vector<WantedLitter> list_litters(ModelHerd& herd, const std::vector<GroupT
   std::vector<WantedLitter> litters;
   for (std::size_t k = 0; k < herd.parents.of_females.size(); ++k) {
     const ModelParent& dam = herd.parents.of_females[k];
-    litters.insert(litters.end(), place(dam.litters), {static_cast<std::int32_t>(k), dam.group, dam.group, true});
+    for (std::int32_t n = 0; n < dam.litters; ++n) litters.push_back({k, dam.group, dam.group, true});
   }
   shuffle(random, std::span(litters));
   choose_without_sire(herd, targets, litters, random);
-  for (std::int32_t group = 0; group < std::ssize(targets); ++group) {
-    litters.insert(litters.end(), place(targets[place(group)].numbers.without_dam), {-1, group, group, true});
+  for (GroupNo group = 0; group < targets.size(); ++group) {
+    for (std::int32_t n = 0; n < targets[group].numbers.without_dam; ++n) {
+      litters.push_back({unknown_dam, group, group, true});
+    }
   }
   for (WantedLitter& litter : litters) {
     if (litter.has_sire) litter.sire_group = draw_sire_group(herd, open, litter.group, random);
@@ -280,9 +274,9 @@ double weight_of(const ModelBasis& basis, const ModelParent& sire) {
 }
 
 /// The sires of a group that have use this year; counts those that a rule ends.
-std::vector<std::size_t> ready_sires(ModelHerd& herd, std::int32_t group) {
+std::vector<std::size_t> ready_sires(ModelHerd& herd, GroupNo group) {
   std::vector<std::size_t> ready;
-  for (const std::size_t k : herd.members.of_males[place(group)]) {
+  for (const std::size_t k : herd.members.of_males[group]) {
     const ModelParent& sire = herd.parents.of_males[k];
     if (sire.use <= 0.0) continue;
     if (most_litters(herd, sire) > 0) {
@@ -307,25 +301,27 @@ void count_refused(ModelHerd& herd, std::span<const SireShare> shares, std::int6
 }
 
 /// How many sires there should be: with a rule on them as many as it says, otherwise those who go on and the new ones.
-std::int32_t wanted_sires(ModelHerd& herd, std::int32_t group, const GroupTarget& target, std::int32_t ready) {
-  return herd.rules.sires.is_changed() ? target.numbers.in_use.of_males
-                                       : ready + wanted_new(herd, male, group, target, ready);
+std::int32_t wanted_sires(ModelHerd& herd, GroupNo group, const GroupTarget& target, std::size_t ready) {
+  return herd.rules.sires.is_changed()
+             ? target.numbers.in_use.of_males
+             : static_cast<std::int32_t>(ready) + wanted_new(herd, male, group, target, ready);
 }
 
 /// Where there are to be fewer sires than go on, any of them rest this year; this year's imports last.
-void rest_sires(std::vector<std::size_t>& ready, std::int64_t wanted, std::int32_t imports, RandomStream& random) {
-  if (std::ssize(ready) <= wanted) return;
-  const std::size_t new_ones = std::min(place(imports), ready.size());
-  shuffle(random, std::span(ready).first(ready.size() - new_ones));
-  std::rotate(ready.begin(), ready.end() - static_cast<std::ptrdiff_t>(new_ones), ready.end());
-  ready.resize(static_cast<std::size_t>(wanted));
+void rest_sires(std::vector<std::size_t>& ready, std::size_t wanted, std::int32_t imports, RandomStream& random) {
+  if (ready.size() <= wanted) return;
+  const std::span<std::size_t> all = ready;
+  const std::span<std::size_t> new_ones = all.last(std::min(static_cast<std::size_t>(imports), all.size()));
+  shuffle(random, all.first(all.size() - new_ones.size()));
+  std::rotate(all.begin(), new_ones.begin(), all.end());
+  ready.resize(wanted);
 }
 
 /// A sire that would have had none this year is used, where there would be no other.
-void wake_sire(ModelHerd& herd, std::int32_t group, std::vector<std::size_t>& ready, RandomStream& random) {
+void wake_sire(ModelHerd& herd, GroupNo group, std::vector<std::size_t>& ready, RandomStream& random) {
   std::vector<ModelParent>& sires = herd.parents.of_males;
   std::vector<std::size_t> resting;
-  for (const std::size_t k : herd.members.of_males[place(group)]) {
+  for (const std::size_t k : herd.members.of_males[group]) {
     if (sires[k].use <= 0.0 && most_litters(herd, sires[k]) > 0) resting.push_back(k);
   }
   if (resting.empty()) return;
@@ -335,21 +331,21 @@ void wake_sire(ModelHerd& herd, std::int32_t group, std::vector<std::size_t>& re
 
 /// The sires of a group with their litters of this year: those who go on, and new ones until there are as many as in
 /// the base year, or enough for the litters.
-void fill_sires(ModelHerd& herd, std::int32_t group, const GroupTarget& target, std::int64_t litters,
-                std::int32_t year) {
-  RandomStream entry = herd.stream(year * 64 + group, DrawPurpose::sire_entry);
-  RandomStream use = herd.stream(year * 64 + group, DrawPurpose::sire_use);
+void fill_sires(ModelHerd& herd, GroupNo group, const GroupTarget& target, std::int64_t litters, std::int32_t year) {
+  const std::int32_t stream = year * 64 + static_cast<std::int32_t>(group);
+  RandomStream entry = herd.stream(stream, DrawPurpose::sire_entry);
+  RandomStream use = herd.stream(stream, DrawPurpose::sire_use);
   for (std::int32_t k = 0; k < target.imports.of_males; ++k) enter_import(herd, male, group, year, entry);
   if (litters == 0) return;
   std::vector<std::size_t> ready = ready_sires(herd, group);
   std::int64_t most = 0;
-  const std::int32_t usual = wanted_sires(herd, group, target, static_cast<std::int32_t>(ready.size()));
+  const std::int32_t usual = wanted_sires(herd, group, target, ready.size());
   if (usual <= 0) wake_sire(herd, group, ready, use);
-  const std::int64_t wanted = std::clamp<std::int64_t>(usual, 1, litters);
+  const auto wanted = static_cast<std::size_t>(std::clamp<std::int64_t>(usual, 1, litters));
   if (herd.rules.sires.is_changed()) rest_sires(ready, wanted, target.imports.of_males, use);
   for (const std::size_t k : ready) most += most_litters(herd, herd.parents.of_males[k]);
   std::vector<std::int32_t> entries = entries_of_year(herd.basis, group, target.like_year, entry);
-  while (std::ssize(ready) < wanted || most < litters) {
+  while (ready.size() < wanted || most < litters) {
     if (entries.empty()) entries.push_back(draw_entry(herd.basis.base, male, group, entry));
     if (!enter_parent(herd, male, group, year, entries.back(), entry)) break;
     entries.pop_back();
@@ -363,7 +359,7 @@ void fill_sires(ModelHerd& herd, std::int32_t group, const GroupTarget& target, 
                       static_cast<std::int32_t>(std::min<std::int64_t>(litters, most_litters(herd, sire)))});
   }
   // Those who came into use because of the limit alone would have had none.
-  const auto without_limit = std::min(shares.size(), static_cast<std::size_t>(wanted));
+  const std::size_t without_limit = std::min(shares.size(), wanted);
   count_refused(herd, std::span(shares).first(without_limit), litters, use);
   const std::vector<std::int32_t> numbers = share_litters(shares, litters, use);
   for (std::size_t k = 0; k < ready.size(); ++k) herd.parents.of_males[ready[k]].litters = numbers[k];
@@ -390,7 +386,7 @@ Descent descent_of_family(const ModelPedigree& pedigree, const ModelFamily& fami
 void bear_young(ModelHerd& herd, std::int32_t year) {
   RandomStream random = herd.stream(year, DrawPurpose::births);
   const BasePeriod& base = herd.basis.base;
-  const std::size_t lists = place(herd.basis.records.groups) * 2 * descents;
+  const std::size_t lists = lists_of(herd.basis.records.groups);
   CandidateYear& candidates =
       herd.candidates.emplace_back(CandidateYear{std::vector<Candidates>(lists), std::vector<std::int32_t>(lists)});
   herd.youngest.clear();
@@ -399,10 +395,10 @@ void bear_young(ModelHerd& herd, std::int32_t year) {
     const std::int32_t size = pick(random, base.sizes);
     family.young = family.dam != 0 ? size : 1;
     herd.youngest.push_back({family.sire, family.dam, family.young, family.f});
-    herd.last_litter[place(family.sire)] = herd.last_litter[place(family.dam)] = year;
+    herd.last_litter[family.sire] = herd.last_litter[family.dam] = year;
     const Descent descent = descent_of_family(herd.pedigree, family);
     for (std::int32_t young = 0; young < family.young; ++young) {
-      const Sex sex = random.chance(base.male_share[static_cast<std::size_t>(descent)]) ? male : female;
+      const Sex sex = random.chance(base.male_share[descent]) ? male : female;
       const std::size_t list = list_of(family.group, sex, descent);
       candidates.lists[list].push_back(static_cast<std::int32_t>(k));
       ++candidates.born[list];
@@ -417,20 +413,20 @@ void forget_old(ModelHerd& herd, std::int32_t year) {
   const std::int32_t oldest = std::max({base.oldest_entry.of_males, base.oldest_entry.of_females,
                                         herd.rules.least_age.of_males, herd.rules.least_age.of_females});
   const std::int32_t first_wanted = year + 1 - oldest;
-  const std::int32_t last_left = std::min<std::int32_t>(first_wanted - herd.basis.first_candidate_year,
-                                                        static_cast<std::int32_t>(std::ssize(herd.candidates)));
-  for (std::int32_t row = 0; row < last_left; ++row) {
-    for (Candidates& list : herd.candidates[place(row)].lists) list.clear();
+  std::int32_t born = herd.basis.first_candidate_year;
+  for (CandidateYear& candidates : herd.candidates) {
+    if (born++ >= first_wanted) break;
+    for (Candidates& list : candidates.lists) list.clear();
   }
   if (!herd.has_table()) return;
-  std::vector<Flag> is_active(place(herd.pedigree.count()) + 1, 0);
-  is_active[place(herd.basis.origin)] = 1;
+  ByNumber<Flag> is_active(herd.pedigree.count());
+  is_active[herd.basis.origin] = 1;
   for (const Sex sex : {male, female}) {
-    for (const ModelParent& parent : herd.parents.of(sex)) is_active[place(parent.animal)] = 1;
+    for (const ModelParent& parent : herd.parents.of(sex)) is_active[parent.animal] = 1;
   }
   for (const std::int32_t animal : herd.table.animal_of) {
-    if (animal == 0 || is_active[place(animal)] != 0) continue;
-    if (herd.last_litter[place(animal)] < first_wanted) free_row(herd.table, animal);
+    if (animal == 0 || is_active[animal] != 0) continue;
+    if (herd.last_litter[animal] < first_wanted) free_row(herd.table, animal);
   }
 }
 
@@ -441,9 +437,9 @@ struct MeanAge {
 std::optional<double> find_parent_age(const ModelHerd& herd, std::int32_t year) {
   MeanAge sires, dams;
   const auto add = [&](MeanAge& mean, const YoungOf& family, std::int32_t parent) {
-    if (parent == 0 || herd.birth_year[place(parent)] == 0) return;
+    if (parent == 0 || herd.birth_year[parent] == 0) return;
     const double young = family.young;
-    mean.years += young * (year - herd.birth_year[place(parent)]);
+    mean.years += young * (year - herd.birth_year[parent]);
     mean.young += young;
   };
   for (const YoungOf& family : herd.youngest) {
@@ -460,18 +456,17 @@ void describe(ModelHerd& herd, std::int32_t year) {
     if (family.sire != 0) sires.push_back(family.sire);
     if (family.dam != 0) ++herd.year.litters;
   }
-  std::sort(sires.begin(), sires.end());
-  herd.year.sires = static_cast<std::int32_t>(std::unique(sires.begin(), sires.end()) - sires.begin());
+  herd.year.sires = count_different(std::move(sires));
   herd.year.parent_age = find_parent_age(herd, year);
   herd.year.kinship = describe_year(herd.pedigree, herd.youngest, herd.weights);
 }
 
 void list_members(ModelHerd& herd, Sex sex) {
   std::vector<std::vector<std::size_t>>& members = herd.members.of(sex);
-  members.resize(place(herd.basis.records.groups));
+  members.resize(herd.basis.records.groups);
   for (std::vector<std::size_t>& of_group : members) of_group.clear();
   const std::vector<ModelParent>& parents = herd.parents.of(sex);
-  for (std::size_t k = 0; k < parents.size(); ++k) members[place(parents[k].group)].push_back(k);
+  for (std::size_t k = 0; k < parents.size(); ++k) members[parents[k].group].push_back(k);
 }
 
 /// The young of the last real year.
@@ -507,8 +502,7 @@ void set_origin_of_imports(ModelHerd& herd) {
   herd.pedigree.variance[origin] = 2.0 * kinship;
   if (herd.walk != nullptr) set_origin(*herd.walk, origin, kinship);
   if (!herd.has_table() || !herd.basis.has_table()) return;
-  const auto row = place(herd.table.row_of[origin]);
-  herd.table.cells[row * place(herd.table.capacity) + row] = static_cast<float>(kinship);
+  herd.table.at(origin, origin) = static_cast<float>(kinship);
 }
 
 void prepare_mean_kinship(ModelHerd& herd) {
@@ -524,14 +518,12 @@ void breed_by_practice(ModelHerd& herd, const std::vector<GroupTarget>& targets,
     list_members(herd, sex);
   }
   RandomStream entry = herd.stream(year, DrawPurpose::dam_entry);
-  const std::int32_t groups = herd.basis.records.groups;
-  for (std::int32_t group = 0; group < groups; ++group) fill_dams(herd, group, targets[place(group)], year, entry);
+  const GroupNo groups = herd.basis.records.groups;
+  for (GroupNo group = 0; group < groups; ++group) fill_dams(herd, group, targets[group], year, entry);
   const std::vector<WantedLitter> litters = list_litters(herd, targets, year);
-  std::vector<std::int64_t> wanted(place(groups), 0);
-  for (const WantedLitter& litter : litters) wanted[place(litter.sire_group)] += litter.has_sire ? 1 : 0;
-  for (std::int32_t group = 0; group < groups; ++group) {
-    fill_sires(herd, group, targets[place(group)], wanted[place(group)], year);
-  }
+  std::vector<std::int64_t> wanted(groups, 0);
+  for (const WantedLitter& litter : litters) wanted[litter.sire_group] += litter.has_sire ? 1 : 0;
+  for (GroupNo group = 0; group < groups; ++group) fill_sires(herd, group, targets[group], wanted[group], year);
   note_new_parents(herd);
   make_matings(herd, litters, year);
 }
@@ -554,7 +546,7 @@ void begin_parents(ModelHerd& herd) {
     RandomStream clocks = herd.stream(0, sex == male ? DrawPurpose::sire_careers : DrawPurpose::dam_careers);
     for (const ActiveParent& active : herd.basis.active.of(sex)) {
       const Career& career = herd.basis.base.careers.of(sex).at(active.career);
-      herd.birth_year[place(active.animal)] = career.first_year - career.first_age;
+      herd.birth_year[active.animal] = career.first_year - career.first_age;
       herd.parents.of(sex).push_back(begin_parent(herd.basis, sex, active));
       if (herd.basis.pace.of(sex) != 1.0) herd.parents.of(sex).back().clock = clocks.unit();
     }
@@ -566,10 +558,11 @@ void begin_parents(ModelHerd& herd) {
 bool has_table(const ModelBasis& basis, const BreedingRules& rules, std::int32_t years) {
   if (!basis.has_table()) return false;
   constexpr double years_of_imports = 20.0;  // as long as imports, or their young, may be wanted
+  const double years_of_base = basis.base.length();
   double litters = 0.0, sires = 0.0;
   for (const std::vector<GroupYear>& year : basis.base.base_years()) {
-    litters += litters_of(year) / basis.base.length();
-    for (const GroupYear& group : year) sires += static_cast<double>(group.in_use.of_males) / basis.base.length();
+    litters += litters_of(year) / years_of_base;
+    for (const GroupYear& group : year) sires += group.in_use.of_males / years_of_base;
   }
   const double trend = std::max(1.0, 1.0 + rules.trend * years);
   const double growth = std::max({1.0, trend * factor_of(rules.litters, litters), factor_of(rules.sires, sires)});
@@ -602,12 +595,11 @@ ModelHerd begin_herd(const ModelBasis& basis, const BreedingRules& rules, std::u
                  {},
                  {}};
   set_origin_of_imports(herd);
-  const std::size_t animals = place(basis.pedigree.count()) + 1;
-  herd.weights.assign(animals, 0.0);
-  for (const Sex sex : {male, female}) herd.owed.of(sex).assign(place(basis.records.groups), 0.0);
-  herd.birth_year.assign(animals, 0);
+  herd.weights = ByNumber<double>(basis.pedigree.count());
+  for (const Sex sex : {male, female}) herd.owed.of(sex).assign(basis.records.groups, 0.0);
+  herd.birth_year = ByNumber<std::int32_t>(basis.pedigree.count());
   for (std::int32_t j = 1; j <= basis.ancestors.count(); ++j) {
-    herd.birth_year[place(j)] = basis.records.store.birth_year[basis.ancestors.position[j]];
+    herd.birth_year[j] = basis.records.store.birth_year[basis.ancestors.position[j]];
   }
   begin_parents(herd);
   return herd;
@@ -618,16 +610,15 @@ bool live_year(ModelHerd& herd, std::int32_t year) {
   herd.first_of_year = herd.families.size();
   prepare_mean_kinship(herd);
   const std::vector<GroupTarget> targets = draw_targets(herd, year);
-  const std::int32_t groups = herd.basis.records.groups;
+  const GroupNo groups = herd.basis.records.groups;
   if (herd.rules.has_plan) {
     breed_by_plan(herd, targets, year);
   } else {
     breed_by_practice(herd, targets, year);
   }
   if (herd.families.size() == herd.first_of_year) return false;
-  for (std::int32_t group = 0; group < groups; ++group) {
-    const ModelFamily founder = {0, 0, 0.0F, group, 1};
-    herd.families.insert(herd.families.end(), place(targets[place(group)].numbers.founders), founder);
+  for (GroupNo group = 0; group < groups; ++group) {
+    for (std::int32_t n = 0; n < targets[group].numbers.founders; ++n) herd.families.push_back({0, 0, 0.0F, group, 1});
   }
   bear_young(herd, year);
   describe(herd, year);

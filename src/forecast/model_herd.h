@@ -15,7 +15,7 @@ namespace pedigreewatch {
 /// A parent in use, or between two uses.
 struct ModelParent {
   std::int32_t animal = 0;  ///< in the pedigree
-  std::int32_t group = 0;
+  GroupNo group = 0;
   Descent descent = Descent::known;
   CareerPoint point;       ///< whose career it follows, and the year of it that ended last
   std::int32_t pause = 0;  ///< years without use up to now
@@ -31,7 +31,8 @@ struct ModelParent {
 struct ModelFamily {
   std::int32_t sire = 0, dam = 0;
   float f = 0.0F;
-  std::int32_t group = 0, young = 0;
+  GroupNo group = 0;
+  std::int32_t young = 0;
 };
 
 /// What the rules have refused, in numbers of a year.
@@ -64,15 +65,15 @@ struct ModelHerd {
   BySex<std::vector<ModelParent>> parents;
   /// By group: places of the parents who go on, and of this year's imports.
   BySex<std::vector<std::vector<std::size_t>>> members;
-  std::vector<std::int32_t> last_litter;  ///< by animal of the pedigree: year
-  std::vector<std::int32_t> birth_year;   ///< likewise; a guess where it is unknown, 0 where nobody needs it
+  ByNumber<std::int32_t> last_litter;     ///< by animal of the pedigree: year
+  ByNumber<std::int32_t> birth_year;      ///< likewise; a guess where it is unknown, 0 where nobody needs it
   std::vector<ModelFamily> families;      ///< of all years
   std::size_t first_of_year = 0;          ///< family
   std::vector<CandidateYear> candidates;  ///< by birth year
   std::vector<YoungOf> youngest;          ///< of the last year
-  std::vector<double> mean_kinship;       ///< with the youngest, by animal; with a rule on it
+  ByNumber<double> mean_kinship;          ///< with the youngest, by animal; with a rule on it
   std::vector<double> most_kinship;       ///< by birth year and sex, what that rule permits; below 0: not known yet
-  std::vector<double> weights;            ///< all 0
+  ByNumber<double> weights;               ///< by animal; all 0
   BySex<std::vector<double>> owed;        ///< by group: parts of parents that are still to come into use
   ModelYear year;                         ///< the year at hand
 

@@ -23,7 +23,7 @@ struct Pairing {
   RandomStream random;
   std::vector<std::vector<std::int32_t>> slots;                              ///< animals, by group
   std::vector<ModelFamily> pairs;                                            ///< made so far
-  std::vector<std::int32_t> group_of_pair;                                   ///< of the sire
+  std::vector<GroupNo> group_of_pair;                                        ///< of the sire
   std::unordered_map<std::int32_t, std::int32_t> matings_of_offspring = {};  ///< by common parent
   double nearer = 0.0;   ///< by how much mates are to be nearer than by rank, as a part of 1 - kinship
   double missing = 0.0;  ///< of that, in kinship, what earlier pairs have not come to
@@ -117,9 +117,9 @@ std::size_t shifted_rank(Pairing& pairing, const LookedAtMales& seen, std::size_
 /// A slot by the practice; the list has one.
 std::size_t choose_slot(Pairing& pairing, const std::vector<std::int32_t>& list, std::int32_t dam) {
   LookedAtMales seen;
-  std::array<LookedAt, looked_at>& males = seen.males;
   const std::size_t count = seen.count = std::min(looked_at, list.size());
-  const std::size_t first = static_cast<std::size_t>(pairing.random.below(static_cast<std::int32_t>(list.size())));
+  const std::span<LookedAt> males = std::span(seen.males).first(count);
+  const std::size_t first = pairing.random.place_among(list.size());
   const double drawn = pairing.random.unit();
   // The slots were shuffled: neighbours are any.
   for (std::size_t k = 0; k < count; ++k) {
@@ -127,7 +127,7 @@ std::size_t choose_slot(Pairing& pairing, const std::vector<std::int32_t>& list,
     males[k] = {pairing.kinship(list[slot], dam), slot};
   }
   const std::size_t rank = draw_rank(pairing.herd.basis.mate_ranks, drawn, count);
-  std::stable_sort(males.begin(), males.begin() + static_cast<std::ptrdiff_t>(count),
+  std::stable_sort(males.begin(), males.end(),
                    [](const LookedAt& a, const LookedAt& b) { return a.kinship < b.kinship; });
   return males[dam == 0 ? rank : shifted_rank(pairing, seen, rank)].slot;
 }
@@ -171,7 +171,7 @@ bool exchange_sires(Pairing& pairing, std::vector<std::int32_t>& list, const Wan
 std::optional<std::size_t> find_permitted(Pairing& pairing, const std::vector<std::int32_t>& list, std::size_t slot,
                                           std::int32_t dam) {
   const BreedingRules& rules = pairing.herd.rules;
-  std::vector<double> kinships;
+  ByNumber<double> kinships;
   if (rules.most_f && !pairing.herd.has_table()) {
     // Her kinship with everybody, by one pass: that of young which have all genes of her.
     const YoungOf herself = {dam, dam, 1, 0.0F};
@@ -179,8 +179,7 @@ std::optional<std::size_t> find_permitted(Pairing& pairing, const std::vector<st
   }
   for (std::size_t k = 1; k < list.size(); ++k) {
     const std::size_t other = (slot + k) % list.size();
-    const bool is_too_near =
-        !kinships.empty() && kinships[static_cast<std::size_t>(list[other])] > *rules.most_f + rounding_of_walk;
+    const bool is_too_near = !kinships.values.empty() && kinships[list[other]] > *rules.most_f + rounding_of_walk;
     if (!is_too_near && is_permitted(pairing, list[other], dam)) return other;
   }
   return std::nullopt;
@@ -188,7 +187,7 @@ std::optional<std::size_t> find_permitted(Pairing& pairing, const std::vector<st
 
 /// Finds a sire for the litter. False when there is no permitted one.
 bool pair_litter(Pairing& pairing, const WantedLitter& litter, std::int32_t dam) {
-  std::vector<std::int32_t>& list = pairing.slots[static_cast<std::size_t>(litter.sire_group)];
+  std::vector<std::int32_t>& list = pairing.slots[litter.sire_group];
   if (list.empty()) return false;
   const std::size_t slot = choose_slot(pairing, list, dam);
   if (is_permitted(pairing, list[slot], dam)) {
@@ -205,10 +204,10 @@ bool pair_litter(Pairing& pairing, const WantedLitter& litter, std::int32_t dam)
 
 Pairing begin_pairing(ModelHerd& herd, std::int32_t year) {
   Pairing pairing{herd, herd.stream(year, DrawPurpose::pairing), {}, {}, {}};
-  pairing.slots.resize(static_cast<std::size_t>(herd.basis.records.groups));
+  pairing.slots.resize(herd.basis.records.groups);
   for (const ModelParent& sire : herd.parents.of_males) {
-    std::vector<std::int32_t>& list = pairing.slots[static_cast<std::size_t>(sire.group)];
-    list.insert(list.end(), static_cast<std::size_t>(sire.litters), sire.animal);
+    std::vector<std::int32_t>& list = pairing.slots[sire.group];
+    for (std::int32_t k = 0; k < sire.litters; ++k) list.push_back(sire.animal);
   }
   if (herd.replicate >= 0) {  // trial herds keep to the practice
     const std::int32_t ahead = year - herd.basis.base.last_year;
@@ -242,7 +241,7 @@ void find_inbreeding(ModelHerd& herd, std::span<ModelFamily> pairs) {
 void make_matings(ModelHerd& herd, const std::vector<WantedLitter>& litters, std::int32_t year) {
   Pairing pairing = begin_pairing(herd, year);
   for (const WantedLitter& litter : litters) {
-    const std::int32_t dam = litter.dam < 0 ? 0 : herd.parents.of_females[static_cast<std::size_t>(litter.dam)].animal;
+    const std::int32_t dam = litter.dam == unknown_dam ? 0 : herd.parents.of_females[litter.dam].animal;
     if (!litter.has_sire) {
       pairing.pairs.push_back({0, dam, 0.0F, litter.group, 0});
       pairing.group_of_pair.push_back(litter.sire_group);

@@ -1,6 +1,7 @@
 // Who goes with whom in a year of a model herd.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -8,11 +9,14 @@
 
 namespace pedigreewatch {
 
+/// In place of a dam that is not known.
+inline constexpr std::size_t unknown_dam = SIZE_MAX;
+
 /// A litter that will be born: its dam, and the group that its sire is of.
 struct WantedLitter {
-  std::int32_t dam = 0;    ///< among the dams of the herd; -1: unknown
-  std::int32_t group = 0;  ///< of the young
-  std::int32_t sire_group = 0;
+  std::size_t dam = 0;  ///< among the dams of the herd, or `unknown_dam`
+  GroupNo group = 0;    ///< of the young
+  GroupNo sire_group = 0;
   bool has_sire = true;  ///< a known one
 };
 

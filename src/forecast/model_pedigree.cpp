@@ -11,12 +11,12 @@ double variance_of(const ModelPedigree& pedigree, std::int32_t sire, std::int32_
 }
 
 /// Each family's genes on its parents; yields the highest parent.
-std::int32_t place_genes(std::span<const YoungOf> families, std::vector<double>& weights) {
+std::int32_t place_genes(std::span<const YoungOf> families, ByNumber<double>& weights) {
   std::int32_t highest = 0;
   for (const YoungOf& family : families) {
     const double half = 0.5 * family.young;
-    weights[static_cast<std::size_t>(family.sire)] += half;
-    weights[static_cast<std::size_t>(family.dam)] += half;
+    weights[family.sire] += half;
+    weights[family.dam] += half;
     highest = std::max({highest, family.sire, family.dam});
   }
   return highest;
@@ -32,8 +32,7 @@ std::int32_t add_parent(ModelPedigree& pedigree, std::int32_t sire, std::int32_t
   return pedigree.count();
 }
 
-YearKinship describe_year(const ModelPedigree& pedigree, std::span<const YoungOf> families,
-                          std::vector<double>& weights) {
+YearKinship describe_year(const ModelPedigree& pedigree, std::span<const YoungOf> families, ByNumber<double>& weights) {
   YearKinship year;
   double inbreeding = 0.0, relationships = 0.0;
   for (const YoungOf& family : families) {
@@ -42,12 +41,12 @@ YearKinship describe_year(const ModelPedigree& pedigree, std::span<const YoungOf
     relationships += family.young * variance_of(pedigree, family.sire, family.dam);
   }
   for (std::int32_t j = place_genes(families, weights); j > 0; --j) {
-    const double own = weights[static_cast<std::size_t>(j)];
+    const double own = weights[j];
     if (own == 0.0) continue;
-    weights[static_cast<std::size_t>(j)] = 0.0;
+    weights[j] = 0.0;
     relationships += own * own * pedigree.variance[j];
-    weights[static_cast<std::size_t>(pedigree.sire[j])] += 0.5 * own;
-    weights[static_cast<std::size_t>(pedigree.dam[j])] += 0.5 * own;
+    weights[pedigree.sire[j]] += 0.5 * own;
+    weights[pedigree.dam[j]] += 0.5 * own;
   }
   weights[0] = 0.0;
   if (year.animals == 0) return year;
@@ -60,23 +59,22 @@ YearKinship describe_year(const ModelPedigree& pedigree, std::span<const YoungOf
   return year;
 }
 
-std::vector<double> mean_kinship_with_young(const ModelPedigree& pedigree, std::span<const YoungOf> families) {
-  std::vector<double> genes(static_cast<std::size_t>(pedigree.count()) + 1, 0.0);
+ByNumber<double> mean_kinship_with_young(const ModelPedigree& pedigree, std::span<const YoungOf> families) {
+  ByNumber<double> genes(pedigree.count());
   double young = 0.0;
   for (const YoungOf& family : families) young += family.young;
   place_genes(families, genes);
   for (std::int32_t j = pedigree.count(); j > 0; --j) {
-    const double half = 0.5 * genes[static_cast<std::size_t>(j)];
-    genes[static_cast<std::size_t>(pedigree.sire[j])] += half;
-    genes[static_cast<std::size_t>(pedigree.dam[j])] += half;
+    const double half = 0.5 * genes[j];
+    genes[pedigree.sire[j]] += half;
+    genes[pedigree.dam[j]] += half;
   }
   genes[0] = 0.0;
   for (std::int32_t j = 1; j <= pedigree.count(); ++j) {
-    const double of_parents =
-        0.5 * (genes[static_cast<std::size_t>(pedigree.sire[j])] + genes[static_cast<std::size_t>(pedigree.dam[j])]);
-    genes[static_cast<std::size_t>(j)] = of_parents + pedigree.variance[j] * genes[static_cast<std::size_t>(j)];
+    const double of_parents = 0.5 * (genes[pedigree.sire[j]] + genes[pedigree.dam[j]]);
+    genes[j] = of_parents + pedigree.variance[j] * genes[j];
   }
-  for (double& value : genes) value *= young > 0.0 ? 0.5 / young : 0.0;
+  for (double& value : genes.values) value *= young > 0.0 ? 0.5 / young : 0.0;
   return genes;
 }
 

@@ -39,11 +39,10 @@ struct YearKinship {
 
 /// Mean F and mean kinship of all young. `weights` has an entry for each animal of the pedigree at least, all of them 0
 /// before and after.
-YearKinship describe_year(const ModelPedigree& pedigree, std::span<const YoungOf> families,
-                          std::vector<double>& weights);
+YearKinship describe_year(const ModelPedigree& pedigree, std::span<const YoungOf> families, ByNumber<double>& weights);
 
 /// Mean kinship with all young, by number.
-std::vector<double> mean_kinship_with_young(const ModelPedigree& pedigree, std::span<const YoungOf> families);
+ByNumber<double> mean_kinship_with_young(const ModelPedigree& pedigree, std::span<const YoungOf> families);
 
 /// The kinship of two animals as far as their grandparents tell it. A measure of how near they are, where the exact one
 /// would take too long.

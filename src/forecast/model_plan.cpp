@@ -20,7 +20,7 @@ constexpr std::size_t in_no_list = SIZE_MAX;
 /// An animal to choose from.
 struct PlanCandidate {
   Sex sex = male;
-  std::int32_t group = 0;
+  GroupNo group = 0;
   std::int32_t most = 1;          ///< litters
   std::size_t place = 0;          ///< among the parents of its sex, or in its list
   std::size_t year = 0;           ///< of birth, by row of the candidates
@@ -50,15 +50,14 @@ void let_old_go(ModelHerd& herd, Sex sex, std::int32_t year) {
   std::erase_if(herd.parents.of(sex), [&](ModelParent& parent) {
     parent.litters_in_life += parent.litters;
     parent.litters = 0;
-    return year - herd.birth_year[static_cast<std::size_t>(parent.animal)] > oldest;
+    return year - herd.birth_year[parent.animal] > oldest;
   });
 }
 
 void bring_imports(ModelHerd& herd, const std::vector<PlannedGroup>& groups, Sex sex, std::int32_t year) {
   RandomStream random = herd.stream(year, sex == male ? DrawPurpose::sire_entry : DrawPurpose::dam_entry);
-  for (std::int32_t group = 0; group < std::ssize(groups); ++group) {
-    const std::int32_t imports = groups[static_cast<std::size_t>(group)].imports.of(sex);
-    for (std::int32_t k = 0; k < imports; ++k) enter_import(herd, sex, group, year, random);
+  for (GroupNo group = 0; group < groups.size(); ++group) {
+    for (std::int32_t k = 0; k < groups[group].imports.of(sex); ++k) enter_import(herd, sex, group, year, random);
   }
 }
 
@@ -73,7 +72,7 @@ void add_parents(const ModelHerd& herd, Sex sex, std::int32_t year, std::vector<
   for (std::size_t k = 0; k < parents.size(); ++k) {
     const ModelParent& parent = parents[k];
     const std::int32_t most = most_of(herd, sex, parent.litters_in_life);
-    const std::int32_t born = herd.birth_year[static_cast<std::size_t>(parent.animal)];
+    const std::int32_t born = herd.birth_year[parent.animal];
     if (most > 0 && is_known(herd, parent) && is_of_age(herd, sex, born, year)) {
       candidates.push_back({sex, parent.group, most, k, 0, in_no_list, parent.animal, {}});
     }
@@ -81,10 +80,11 @@ void add_parents(const ModelHerd& herd, Sex sex, std::int32_t year, std::vector<
 }
 
 void add_unused(const ModelHerd& herd, Sex sex, std::int32_t year, std::vector<PlanCandidate>& candidates) {
+  std::int32_t birth_year = herd.basis.first_candidate_year - 1;
   for (std::size_t row = 0; row < herd.candidates.size(); ++row) {
-    const std::int32_t birth_year = herd.basis.first_candidate_year + static_cast<std::int32_t>(row);
+    ++birth_year;
     if (!is_of_age(herd, sex, birth_year, year)) continue;
-    for (std::int32_t group = 0; group < herd.basis.records.groups; ++group) {
+    for (GroupNo group = 0; group < herd.basis.records.groups; ++group) {
       for (const Descent descent : {Descent::known, Descent::deep}) {
         const std::size_t list = list_of(group, sex, descent);
         const Candidates& animals = herd.candidates[row].lists[list];
@@ -129,12 +129,17 @@ NumberLimits limits_of(const std::vector<PlanCandidate>& candidates, std::int64_
   return limits;
 }
 
-/// Those of a sex that are used, by place of the candidates.
-std::vector<std::int32_t> used_of(const std::vector<PlanCandidate>& candidates, std::span<const std::int32_t> numbers,
-                                  Sex sex) {
-  std::vector<std::int32_t> used;
+/// Those of a sex that are used, by place of the candidates, and how often each.
+struct UsedCandidates {
+  std::vector<std::int32_t> places, numbers;
+};
+
+UsedCandidates used_of(const std::vector<PlanCandidate>& candidates, std::span<const std::int32_t> numbers, Sex sex) {
+  UsedCandidates used;
   for (std::size_t k = 0; k < candidates.size(); ++k) {
-    if (candidates[k].sex == sex && numbers[k] > 0) used.push_back(static_cast<std::int32_t>(k));
+    if (candidates[k].sex != sex || numbers[k] == 0) continue;
+    used.places.push_back(static_cast<std::int32_t>(k));
+    used.numbers.push_back(numbers[k]);
   }
   return used;
 }
@@ -148,17 +153,15 @@ struct PlannedFamily {
 
 std::vector<PlannedFamily> pair_used(const CandidateKinship& kinship, const std::vector<PlanCandidate>& candidates,
                                      std::span<const std::int32_t> numbers) {
-  const std::vector<std::int32_t> females = used_of(candidates, numbers, female),
-                                  males = used_of(candidates, numbers, male);
-  const std::vector<double> kinships = kinship_table(kinship, females, males);
-  PairProblem problem{females.size(), males.size(), {}, {}, {}};
+  const UsedCandidates females = used_of(candidates, numbers, female), males = used_of(candidates, numbers, male);
+  const std::vector<double> kinships = kinship_table(kinship, females.places, males.places);
+  PairProblem problem{females.places.size(), males.places.size(), {}, females.numbers, males.numbers};
   for (const double value : kinships) problem.costs.push_back(cost_of_kinship(value));
-  for (const std::int32_t k : females) problem.of_female.push_back(numbers[static_cast<std::size_t>(k)]);
-  for (const std::int32_t k : males) problem.of_male.push_back(numbers[static_cast<std::size_t>(k)]);
   std::vector<PlannedFamily> families;
   for (const AssignedPair& pair : assign_pairs(problem).pairs) {
-    families.push_back({static_cast<std::size_t>(females[pair.female]), static_cast<std::size_t>(males[pair.male]),
-                        pair.matings, kinships[pair.female * males.size() + pair.male]});
+    families.push_back({static_cast<std::size_t>(females.places[pair.female]),
+                        static_cast<std::size_t>(males.places[pair.male]), pair.matings,
+                        kinships[pair.female * males.places.size() + pair.male]});
   }
   return families;
 }
@@ -221,7 +224,7 @@ void plan_matings(ModelHerd& herd, const std::vector<PlannedGroup>& groups, std:
   for (const PlannedFamily& family : planned) {
     const PlanCandidate &dam = candidates[family.female], &sire = candidates[family.male];
     const ModelFamily made = {sire.animal, dam.animal, static_cast<float>(family.kinship), dam.group, 0};
-    herd.families.insert(herd.families.end(), static_cast<std::size_t>(family.litters), made);
+    for (std::int32_t k = 0; k < family.litters; ++k) herd.families.push_back(made);
   }
 }
 

@@ -7,6 +7,8 @@
 #include <span>
 #include <utility>
 
+#include "core/shares.h"
+
 namespace pedigreewatch {
 namespace {
 
@@ -35,9 +37,10 @@ struct NumberLevel {
 
 NumberLevel level_of_numbers(std::span<const YearNumbers> years) {
   NumberLevel level;
+  const auto count = static_cast<double>(years.size());
   for (const YearNumbers& year : years) {
-    level.litters += year.litters / static_cast<double>(years.size());
-    level.sires += static_cast<double>(year.sires.size()) / static_cast<double>(years.size());
+    level.litters += year.litters / count;
+    level.sires += static_cast<double>(year.sires.size()) / count;
   }
   return level;
 }
@@ -61,11 +64,10 @@ NumberPath path_behind(std::span<const YearNumbers> base, std::span<const YearNu
   return path;
 }
 
-std::size_t count_different_sires(std::span<const YearNumbers> years) {
+std::int32_t count_different_sires(std::span<const YearNumbers> years) {
   std::vector<std::int32_t> sires;
   for (const YearNumbers& year : years) sires.insert(sires.end(), year.sires.begin(), year.sires.end());
-  std::sort(sires.begin(), sires.end());
-  return static_cast<std::size_t>(std::unique(sires.begin(), sires.end()) - sires.begin());
+  return count_different(std::move(sires));
 }
 
 /// Two counts of so many sires differ by chance, which the model herd does by itself: only what they differ by beyond
@@ -106,10 +108,10 @@ std::vector<NumberPath> list_number_paths(const FamilyRecords& records, std::int
     NumberPath path = path_behind(before, all.subspan(origin, length));
     if (path.empty()) continue;
     paths.push_back(std::move(path));
-    sires += static_cast<double>(count_different_sires(before));
+    sires += count_different_sires(before);
   }
   if (paths.size() < least_paths) return {};
-  leave_changes(paths, sires / static_cast<double>(paths.size()));
+  leave_changes(paths, mean_over(sires, paths.size()));
   return paths;
 }
 

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/integers.h"
+#include "core/shares.h"
 #include "diversity/close_matings.h"
 #include "genetics/ancestor_pedigree.h"
 
@@ -70,7 +71,7 @@ double share_of_top_sire(std::span<const Family> families) {
     most = std::max(most, end - next);
     next = end;
   }
-  return sires.empty() ? 0.0 : static_cast<double>(most) / static_cast<double>(sires.size());
+  return sires.empty() ? 0.0 : share_of(most, sires.size());
 }
 
 /// Careers that are over, with means of their years of use and families: nobody comes back after such a pause.

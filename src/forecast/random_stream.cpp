@@ -30,6 +30,11 @@ std::int32_t RandomStream::below(std::int32_t limit) {
   return static_cast<std::int32_t>(((drawn >> 32) * static_cast<std::uint64_t>(limit)) >> 32);
 }
 
+std::size_t RandomStream::place_among(std::size_t count) {
+  const std::uint64_t drawn = next();
+  return static_cast<std::size_t>(((drawn >> 32) * count) >> 32);
+}
+
 double RandomStream::unit() {
   constexpr double smallest_step = 1.0 / 9007199254740992.0;  // 2 to the power of -53
   return static_cast<double>(next() >> 11) * smallest_step;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <utility>
@@ -33,6 +34,8 @@ struct RandomStream {
   std::uint64_t next();
   /// 0 to `limit` - 1; 0 for a limit below 2.
   std::int32_t below(std::int32_t limit);
+  /// Any place of a list with `count` entries, which are fewer than 2 to the power of 32; as `below` draws it.
+  std::size_t place_among(std::size_t count);
   /// From 0 up to, and without, 1.
   double unit();
   bool chance(double probability) { return unit() < probability; }
@@ -48,15 +51,14 @@ RandomStream make_stream(std::uint64_t seed, std::int32_t replicate, std::int32_
 template <typename Value>
 void shuffle(RandomStream& random, std::span<Value> values) {
   for (std::size_t rest = values.size(); rest > 1; --rest) {
-    const auto place = static_cast<std::size_t>(random.below(static_cast<std::int32_t>(rest)));
-    std::swap(values[rest - 1], values[place]);
+    std::swap(values[rest - 1], values[random.place_among(rest)]);
   }
 }
 
 /// Any entry of a list that has one.
 template <typename Value>
 const Value& pick(RandomStream& random, const std::vector<Value>& values) {
-  return values[static_cast<std::size_t>(random.below(static_cast<std::int32_t>(values.size())))];
+  return values[random.place_among(values.size())];
 }
 
 }  // namespace pedigreewatch

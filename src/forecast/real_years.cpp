@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace pedigreewatch {
 namespace {
@@ -11,8 +12,7 @@ std::int32_t count_sires(std::span<const Family> families) {
   for (const Family& family : families) {
     if (family.sire != 0) sires.push_back(family.sire);
   }
-  std::sort(sires.begin(), sires.end());
-  return static_cast<std::int32_t>(std::unique(sires.begin(), sires.end()) - sires.begin());
+  return count_different(std::move(sires));
 }
 
 }  // namespace

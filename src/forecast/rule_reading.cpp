@@ -460,10 +460,11 @@ struct BaseNumbers {
 
 BaseNumbers count_base(const BasePeriod& base) {
   BaseNumbers numbers;
+  const double years = base.length();
   for (const std::vector<GroupYear>& year : base.base_years()) {
     for (const GroupYear& group : year) {
-      numbers.litters += static_cast<double>(group.with_both) / base.length();
-      numbers.sires += static_cast<double>(group.in_use.of_males) / base.length();
+      numbers.litters += group.with_both / years;
+      numbers.sires += group.in_use.of_males / years;
     }
   }
   return numbers;

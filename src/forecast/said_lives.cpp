@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/shares.h"
 #include "forecast/model_entry.h"
 #include "forecast/whole_numbers.h"
 
@@ -30,7 +31,7 @@ std::vector<LifeOfUse> live_careers(const BasePeriod& base, Sex sex, std::uint64
 double mean_at_pace(std::span<const LifeOfUse> lives, std::int32_t LifeOfUse::*count, double pace) {
   double sum = 0.0;
   for (const LifeOfUse& life : lives) sum += std::max(1.0, life.*count / pace);
-  return sum / static_cast<double>(lives.size());
+  return mean_over(sum, lives.size());
 }
 
 double pace_of(std::span<const LifeOfUse> lives, double mean_years) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/shares.h"
 #include "forecast/rule_reading.h"
 #include "forecast/said_lives.h"
 #include "forecast/whole_numbers.h"
@@ -18,7 +19,7 @@ constexpr Wording said_line = {"in place of what was measured, the forecast goes
 double mean_of(const std::vector<std::int32_t>& sizes) {
   double sum = 0.0;
   for (const std::int32_t size : sizes) sum += size;
-  return sum / static_cast<double>(sizes.size());
+  return mean_over(sum, sizes.size());
 }
 
 /// Litters of one stay; what the others have more grows, or shrinks, in proportion.
@@ -32,9 +33,9 @@ void set_litter_size(double mean, std::vector<std::int32_t>& sizes) {
 }
 
 /// The share of males among the young of all descents, when the odds of a male are multiplied.
-double males_with(const BasePeriod& base, const std::array<double, descents>& young, double odds) {
+double males_with(const BasePeriod& base, const ByDescent<double>& young, double odds) {
   double males = 0.0, all = 0.0;
-  for (std::size_t k = 0; k < descents; ++k) {
+  for (const Descent k : all_descents) {
     const double share = base.male_share[k];
     males += young[k] * odds * share / (1.0 - share + odds * share);
     all += young[k];
@@ -44,16 +45,16 @@ double males_with(const BasePeriod& base, const std::array<double, descents>& yo
 
 /// Males stay as unevenly spread over the descents as they were.
 void set_males(const FamilyRecords& records, double share, BasePeriod& base) {
-  std::array<double, descents> young = {};
+  ByDescent<double> young;
   for (std::int32_t year = base.first_alike; year <= base.last_year; ++year) {
     for (const Family& family : records.of_year(year)) {
-      young[static_cast<std::size_t>(descent_of(records.store, family.first))] += family.young;
+      young[descent_of(records.store, family.first)] += family.young;
     }
   }
   constexpr double widest = 1e6;
   double low = 1.0 / widest, high = widest;
   if (males_with(base, young, high) < share || males_with(base, young, low) > share) {
-    base.male_share.fill(share);
+    base.male_share.values.fill(share);
     return;
   }
   constexpr int steps = 100;
@@ -61,7 +62,8 @@ void set_males(const FamilyRecords& records, double share, BasePeriod& base) {
     const double middle = std::sqrt(low * high);
     (males_with(base, young, middle) < share ? low : high) = middle;
   }
-  for (double& of_descent : base.male_share) of_descent = low * of_descent / (1.0 - of_descent + low * of_descent);
+  for (double& of_descent : base.male_share.values)
+    of_descent = low * of_descent / (1.0 - of_descent + low * of_descent);
 }
 
 double factor_at(const Level& level, std::size_t year) {
@@ -112,18 +114,17 @@ void set_sires_of_others(double share, BasePeriod& base) {
   for (const std::vector<GroupYear>& year : base.years) {
     for (std::size_t group = 0; group < year.size(); ++group) litters[group] += year[group].with_both;
   }
-  for (std::size_t group = 0; group < base.sire_groups.size(); ++group) {
-    const auto own = static_cast<std::int32_t>(group);
+  for (GroupNo group = 0; group < base.sire_groups.size(); ++group) {
     std::vector<GroupShare>& shares = base.sire_groups[group];
-    std::erase_if(shares, [&](const GroupShare& one) { return one.group == own; });
+    std::erase_if(shares, [&](const GroupShare& one) { return one.group == group; });
     const bool had_others = !shares.empty();
-    for (std::size_t other = 0; !had_others && other < litters.size(); ++other) {
-      if (other != group && litters[other] > 0.0) shares.push_back({static_cast<std::int32_t>(other), litters[other]});
+    for (GroupNo other = 0; !had_others && other < litters.size(); ++other) {
+      if (other != group && litters[other] > 0.0) shares.push_back({other, litters[other]});
     }
     double sum = 0.0;
     for (const GroupShare& one : shares) sum += one.share;
     for (GroupShare& one : shares) one.share *= share / sum;
-    shares.push_back({own, shares.empty() ? 1.0 : 1.0 - share});
+    shares.push_back({group, shares.empty() ? 1.0 : 1.0 - share});
   }
 }
 

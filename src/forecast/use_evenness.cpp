@@ -26,9 +26,9 @@ void add_pairs(const SireLitters& first, const SireLitters& second, LitterPairs&
 }
 
 std::vector<SireLitters> litters_of_year(const FamilyRecords& records, std::int32_t year) {
-  std::vector<SireLitters> groups(static_cast<std::size_t>(records.groups));
+  std::vector<SireLitters> groups(records.groups);
   for (const Family& family : records.of_year(year)) {
-    if (family.sire != 0) groups[static_cast<std::size_t>(records.group[family.sire])][family.sire] += 1.0;
+    if (family.sire != 0) groups[records.group[family.sire]][family.sire] += 1.0;
   }
   return groups;
 }

@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <optional>
 
+#include "core/shares.h"
 #include "page/page_sections.h"
 #include "page/page_text.h"
 #include "page/standing_pictures.h"
@@ -218,7 +219,7 @@ void write_why(std::string& page, const PageFrame& frame, const Standing& standi
   };
   std::string text = phrase(births_text, language, {a_year(young.births_before)});
   if (frame.store().has_import && young.known_parents > 0) {
-    const double share = static_cast<double>(young.imported_parents) / static_cast<double>(young.known_parents);
+    const double share = share_of(young.imported_parents, young.known_parents);
     text += " " + phrase(imports_text, language, {percent_text(share, language)});
   }
   write_tile(page, frame, {births_tile, false, phrase(births_a_year, language, {a_year(young.births)}), text});

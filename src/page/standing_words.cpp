@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "core/shares.h"
 #include "page/page_text.h"
 
 namespace pedigreewatch {
@@ -178,7 +179,7 @@ std::string limit_text(double share, ToolLanguage language) {
 std::string share_text(std::int64_t part, std::int64_t all, ToolLanguage language) {
   constexpr std::int64_t fewest_of_hundred = 100;
   if (all < fewest_of_hundred) return phrase(of_few, language, {std::to_string(part), std::to_string(all)});
-  const double share = static_cast<double>(part) / static_cast<double>(all);
+  const double share = share_of(part, all);
   // Neither none nor all is said of what is not quite so.
   double count = std::round(100.0 * share);
   if (part > 0) count = std::max(count, 1.0);

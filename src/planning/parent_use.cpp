@@ -5,6 +5,7 @@
 #include <numeric>
 #include <span>
 
+#include "core/shares.h"
 #include "diversity/reference_population.h"
 #include "genetics/ancestor_pedigree.h"
 #include "planning/candidate_kinship.h"
@@ -67,7 +68,7 @@ std::optional<std::int32_t> last_full_year(const PopulationStore& store) {
   if (first == last) return store.birth_years.last;
   std::int64_t before = 0;
   for (std::int64_t year = first; year < last; ++year) before += births_in(store, year);
-  const double mean = static_cast<double>(before) / static_cast<double>(last - first);
+  const double mean = share_of(before, last - first);
   const bool is_full = static_cast<double>(births_in(store, last)) >= part_of_full_year * mean;
   return static_cast<std::int32_t>(is_full ? last : last - 1);
 }

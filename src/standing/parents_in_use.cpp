@@ -4,6 +4,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "core/shares.h"
 #include "diversity/reference_pedigree.h"
 #include "genetics/mean_kinship.h"
 
@@ -42,7 +43,7 @@ ParentsInUse parents_in_use(const ByNumber<std::int32_t>& parent_of, std::span<c
   for (std::size_t first = 0; first < all.size();) {
     const std::size_t end =
         static_cast<std::size_t>(std::upper_bound(all.begin(), all.end(), all[first]) - all.begin());
-    const double share = static_cast<double>(end - first) / static_cast<double>(all.size());
+    const double share = share_of(end - first, all.size());
     use.parents.push_back({all[first], static_cast<std::int64_t>(end - first), share});
     squares += share * share;
     first = end;

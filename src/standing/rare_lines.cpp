@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/shares.h"
 #include "diversity/founders.h"
 #include "diversity/mean_kinship.h"
 #include "diversity/reference_pedigree.h"
@@ -79,7 +80,7 @@ RareLine make_line(const ReferencePedigree& pedigree, std::int32_t founder, std:
     const std::int32_t position = pedigree.position[member];
     if (share[member] >= least_carried && available.has(position)) line.carriers.push_back({position, kinships[place]});
   }
-  line.share_of_young = sum / static_cast<double>(pedigree.members.size());
+  line.share_of_young = mean_over(sum, pedigree.members.size());
   std::stable_sort(line.carriers.begin(), line.carriers.end(),
                    [](const LineCarrier& a, const LineCarrier& b) { return a.mean_kinship < b.mean_kinship; });
   return line;

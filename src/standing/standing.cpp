@@ -8,6 +8,7 @@
 #include <cmath>
 #include <iterator>
 
+#include "core/shares.h"
 #include "standing/window_pedigree.h"
 
 namespace pedigreewatch {
@@ -67,14 +68,14 @@ StandingData describe_data(const Breed& breed, const StandingYears& years, const
   const std::vector<std::int32_t> young = breed.born(years.known_first, years.last);
   const auto both = std::count_if(young.begin(), young.end(),
                                   [&](std::int32_t i) { return store.sire_no[i] > 0 && store.dam_no[i] > 0; });
-  if (!young.empty()) data.both_known = static_cast<double>(both) / static_cast<double>(young.size());
+  if (!young.empty()) data.both_known = share_of(both, young.size());
   std::int64_t known = 0, bred = 0;
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
     const int parents = (store.sire_no[i] > 0 ? 1 : 0) + (store.dam_no[i] > 0 ? 1 : 0);
     known += parents;
     bred += parents > 0 ? 1 : 0;
   }
-  if (bred > 0) data.unknown_parents = 1.0 - static_cast<double>(known) / static_cast<double>(2 * bred);
+  if (bred > 0) data.unknown_parents = 1.0 - share_of(known, 2 * bred);
   return data;
 }
 

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "checks/readable_text.h"
+#include "core/shares.h"
 #include "core/wording.h"
 
 namespace pedigreewatch {
@@ -94,8 +95,8 @@ struct RowList {
   }
 };
 
-std::string share_of(std::int64_t part, std::int64_t all) {
-  return all > 0 ? number(static_cast<double>(part) / static_cast<double>(all)) : std::string();
+std::string share_text(std::int64_t part, std::int64_t all) {
+  return all > 0 ? number(share_of(part, all)) : std::string();
 }
 
 void add_rates(RowList& list) {
@@ -131,13 +132,13 @@ void add_young(RowList& list) {
   list.add("births", static_cast<double>(young.births), list.young());
   list.add("births_before", static_cast<double>(young.births_before),
            list.words(of_young, {standing.years.recent_first - 5, standing.years.recent_first - 1}));
-  list.add("young_above_most_f", share_of(young.above_most, young.judged),
+  list.add("young_above_most_f", share_text(young.above_most, young.judged),
            list.judged() + "; F: " + list.words(is_own ? own_limit : usual_limit),
            number(standing.settings.most_inbreeding));
-  list.add("young_of_half_sibs_or_closer", share_of(young.close, young.judged), list.judged() + "; F >= 0.125");
+  list.add("young_of_half_sibs_or_closer", share_text(young.close, young.judged), list.judged() + "; F >= 0.125");
   list.add("inbreeding_of_young", young.inbreeding, list.judged());
   list.add("inbreeding_by_chance", young.chance_inbreeding, list.judged());
-  list.add("share_of_imported_parents", share_of(young.imported_parents, young.known_parents), list.young());
+  list.add("share_of_imported_parents", share_text(young.imported_parents, young.known_parents), list.young());
 }
 
 void add_parents(RowList& list) {
@@ -200,7 +201,7 @@ void add_data(RowList& list) {
   list.add("both_parents_known", data.both_known, list.words(of_young, {years.known_first, years.last}) + bound,
            number(least_both_known));
   list.add("unknown_parents", data.unknown_parents, list.words(of_all));
-  list.add("young_below_two_equivalents", share_of(list.standing.young.shallow, list.standing.young.births),
+  list.add("young_below_two_equivalents", share_text(list.standing.young.shallow, list.standing.young.births),
            list.young());
   const double most = std::floor(most_faulty_share * list.store.animal_count);
   list.add("falsifying_faults", static_cast<double>(data.faults.of_animals), list.words(of_check) + bound,

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "core/shares.h"
+
 namespace pedigreewatch {
 namespace {
 
@@ -20,7 +22,7 @@ Cell cell_of(const std::optional<double>& value) {
 
 /// A mean over `count`, without what rounding leaves below 0; empty over none.
 Cell mean_of(double sum, std::int64_t count) {
-  return count > 0 ? Cell(std::max(0.0, sum / static_cast<double>(count))) : Cell();
+  return count > 0 ? Cell(std::max(0.0, mean_over(sum, count))) : Cell();
 }
 
 using Columns = std::vector<CohortColumn>;

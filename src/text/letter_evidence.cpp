@@ -13,6 +13,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "core/shares.h"
 #include "text/known_words.h"
 #include "text/utf_8.h"
 
@@ -385,7 +386,7 @@ std::size_t count_plain_words(std::string_view bytes) {
 
 /// How much less likely Windows-1250 is because few words have letters beyond ASCII.
 double score_of_plain_words(std::string_view bytes, std::size_t words) {
-  const double share = static_cast<double>(words) / static_cast<double>(words + count_plain_words(bytes));
+  const double share = share_of(words, words + count_plain_words(bytes));
   return std::log(std::clamp(share / share_of_eastern_words, least_eastern_factor, 1.0));
 }
 

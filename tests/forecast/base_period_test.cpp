@@ -71,7 +71,7 @@ TEST(MeasureBasePeriod, IsAGenerationIntervalRoundedUp) {
 TEST(MeasureBasePeriod, CountsMalesByDescent) {
   const Measured herd(herd_of(std::vector<YearOfBirths>(24, {20, 5, 10})));
   ASSERT_GE(herd.base->first_alike, 2006);  // all litters are of parents with known parents
-  const auto share = [&](Descent descent) { return herd.base->male_share[static_cast<std::size_t>(descent)]; };
+  const auto share = [&](Descent descent) { return herd.base->male_share[descent]; };
   const double all = 50.0 / 90.0;  // towards which ten young draw
   const double years = herd.base->last_year - herd.base->first_alike + 1;
   EXPECT_NEAR(share(Descent::founder), (10.0 * years + 10.0 * all) / (10.0 * years + 10.0), 1e-12);
@@ -191,7 +191,7 @@ TEST(MeasureBasePeriod, CountsUnknownSiresByDescentOfTheDam) {
   text += "s 0 n m 2004\n";
   const Measured herd(text);
   ASSERT_TRUE(herd.base.has_value());
-  const auto share = [&](Descent descent) { return herd.base->without_sire[static_cast<std::size_t>(descent)]; };
+  const auto share = [&](Descent descent) { return herd.base->without_sire[descent]; };
   EXPECT_DOUBLE_EQ(share(Descent::outside), 1.0);
   EXPECT_DOUBLE_EQ(share(Descent::founder), 0.0);
   EXPECT_DOUBLE_EQ(share(Descent::known), 0.2);  // one of five

@@ -28,7 +28,7 @@ ModelPedigree family() {
 
 TEST(DescribeYear, WorksOutMeansByHand) {
   const ModelPedigree pedigree = family();
-  std::vector<double> weights(9, 0.0);
+  ByNumber<double> weights(8);
   // Two young of 5 and 7 (half sibs, F 1/8), one of 4 and an unknown parent.
   const std::vector<YoungOf> families = {{5, 7, 2, 0.125F}, {0, 4, 1, 0.0F}};
   const YearKinship year = describe_year(pedigree, families, weights);
@@ -37,12 +37,12 @@ TEST(DescribeYear, WorksOutMeansByHand) {
   // The kinship of full sibs of half sib parents: (1/2 + 1/2 + 2/8) / 4 = 5/16; of an animal with itself (1 + F) / 2.
   EXPECT_DOUBLE_EQ(year.without_self, (2.0 * 5.0 / 16.0) / 6.0);
   EXPECT_DOUBLE_EQ(year.with_self, (2.0 * 9.0 / 16.0 + 0.5 + 2.0 * 5.0 / 16.0) / 9.0);
-  EXPECT_EQ(weights, std::vector<double>(9, 0.0));
+  EXPECT_EQ(weights.values, std::vector<double>(9, 0.0));
 }
 
 TEST(DescribeYear, OfOneAnimalHasNoKinshipWithOthers) {
   const ModelPedigree pedigree = family();
-  std::vector<double> weights(9, 0.0);
+  ByNumber<double> weights(8);
   const YearKinship year = describe_year(pedigree, std::vector<YoungOf>{{1, 2, 1, 0.0F}}, weights);
   EXPECT_DOUBLE_EQ(year.with_self, 0.5);
   EXPECT_EQ(year.without_self, 0.0);
@@ -50,7 +50,7 @@ TEST(DescribeYear, OfOneAnimalHasNoKinshipWithOthers) {
 
 TEST(MeanKinshipWithYoung, IsThatOfEachAnimal) {
   const ModelPedigree pedigree = family();
-  const std::vector<double> kinship =
+  const ByNumber<double> kinship =
       mean_kinship_with_young(pedigree, std::vector<YoungOf>{{5, 3, 1, 0.0F}, {6, 4, 3, 0.0F}});
   EXPECT_DOUBLE_EQ(kinship[1], 0.125);                       // a grandparent of all of them
   EXPECT_DOUBLE_EQ(kinship[3], 0.25 / 4.0);                  // parent of one of four

@@ -104,8 +104,8 @@ TEST(PlanMatings, KeepsToTheLimits) {
       EXPECT_LE(++of_year[family.sire], 2);
       ++litters[family.sire];
       EXPECT_EQ(++litters[family.dam], 1);
-      const std::int32_t sire_age = year - model.birth_year[static_cast<std::size_t>(family.sire)];
-      const std::int32_t dam_age = year - model.birth_year[static_cast<std::size_t>(family.dam)];
+      const std::int32_t sire_age = year - model.birth_year[family.sire];
+      const std::int32_t dam_age = year - model.birth_year[family.dam];
       EXPECT_EQ(sire_age, 3);  // sires are 2 or 3 years old, dams 2 to 5
       EXPECT_TRUE(dam_age == 4 || dam_age == 5) << dam_age;
     }

@@ -254,7 +254,7 @@ std::vector<double> kinships_of_age_mates(const RuledBreed& begun, const ModelHe
 /// Which part of its age mates an animal that has come into use is no nearer to the youngest than.
 double part_not_below(const RuledBreed& begun, const ModelHerd& before, const ModelHerd& after, std::int32_t animal,
                       Sex sex) {
-  const std::int32_t born = after.birth_year[static_cast<std::size_t>(animal)];
+  const std::int32_t born = after.birth_year[animal];
   const std::vector<double> mates =
       kinships_of_age_mates(begun, before, static_cast<std::size_t>(born - begun.basis.first_candidate_year), sex);
   const double own = mean_kinship_by_table(before, after.pedigree.sire[animal], after.pedigree.dam[animal]);
@@ -290,7 +290,7 @@ TEST(ModelRules, TakeParentsOfLowMeanKinship) {
 }
 
 /// The subpopulation that an animal was born in; 0 where its parents do not tell.
-std::int32_t birth_group(const RuledBreed& begun, const ModelHerd& model, std::int32_t animal) {
+GroupNo birth_group(const RuledBreed& begun, const ModelHerd& model, std::int32_t animal) {
   if (animal <= begun.basis.ancestors.count()) return begun.records.group[begun.basis.ancestors.position[animal]];
   for (const ModelFamily& family : model.families) {
     if (family.dam != 0 && family.dam == model.pedigree.dam[animal]) return family.group;
@@ -300,7 +300,7 @@ std::int32_t birth_group(const RuledBreed& begun, const ModelHerd& model, std::i
 
 TEST(ModelRules, KeepToTheExchange) {
   const RuledBreed begun(3);
-  ASSERT_EQ(begun.records.groups, 4);
+  ASSERT_EQ(begun.records.groups, 4U);
   for (const Exchange exchange : {Exchange::closed, Exchange::rotation}) {
     BreedingRules rules;
     rules.exchange = exchange;
@@ -308,7 +308,7 @@ TEST(ModelRules, KeepToTheExchange) {
       for (const SeenFamily& one : seen) {
         // Dams of the first years may have come from elsewhere; their young are of the group of the family.
         if (one.family.sire <= begun.basis.pedigree.count()) continue;
-        const std::int32_t before = one.family.group == 1 ? 3 : one.family.group - 1;
+        const GroupNo before = one.family.group == 1 ? 3 : one.family.group - 1;
         EXPECT_EQ(birth_group(begun, model, one.family.sire), exchange == Exchange::closed ? one.family.group : before);
       }
     });
@@ -356,10 +356,10 @@ TEST(ModelRules, WaitForTheLeastAge) {
     for (const SeenFamily& one : seen) {
       // Those that were in use before may be younger.
       if (one.family.sire > begun.basis.pedigree.count()) {
-        EXPECT_GE(one.year - model.birth_year[static_cast<std::size_t>(one.family.sire)], 3);
+        EXPECT_GE(one.year - model.birth_year[one.family.sire], 3);
       }
       if (one.family.dam > begun.basis.pedigree.count()) {
-        EXPECT_GE(one.year - model.birth_year[static_cast<std::size_t>(one.family.dam)], 4);
+        EXPECT_GE(one.year - model.birth_year[one.family.dam], 4);
       }
     }
   });

@@ -20,7 +20,7 @@ struct Herd {
   FamilyRecords records;
 
   explicit Herd(const std::vector<Numbers>& years)
-      : records{store, 1, static_cast<std::int32_t>(years.size()), 1, true, {}, {}, ByNumber<std::int32_t>(0)} {
+      : records{store, 1, static_cast<std::int32_t>(years.size()), 1, true, {}, {}, ByNumber<GroupNo>(0)} {
     std::int32_t year = 0;
     for (const Numbers& numbers : years) {
       ++year;

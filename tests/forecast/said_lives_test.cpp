@@ -109,7 +109,7 @@ SeenHerd watch_herd(const ModelBasis& basis, std::int32_t replicate, const Breed
         SeenLife& life = seen.lives.of(sex)[parent];
         if (life.first_year == 0) life.first_year = year;
         life.last_year = year;
-        life.birth_year = herd.birth_year[static_cast<std::size_t>(parent)];
+        life.birth_year = herd.birth_year[parent];
       }
     }
     seen.use.push_back({sires});

@@ -88,9 +88,9 @@ TEST(ApplySaidFigures, CountsUnknownParents) {
 
 TEST(ApplySaidFigures, SpreadsMalesAsTheyWere) {
   SaidBreed breed = some_breed();
-  const auto share = [&](Descent descent) { return breed.base.male_share[static_cast<std::size_t>(descent)]; };
-  breed.base.male_share.fill(0.5);
-  breed.base.male_share[static_cast<std::size_t>(Descent::founder)] = 0.1;
+  const auto share = [&](Descent descent) { return breed.base.male_share[descent]; };
+  breed.base.male_share.values.fill(0.5);
+  breed.base.male_share[Descent::founder] = 0.1;
   SaidFigures said;
   said.males = 0.7;
   apply_said_figures(breed.records, said, breed.base);
@@ -115,7 +115,7 @@ TEST(ApplySaidFigures, SharesSiresOfOthers) {
   breed.base.years.front()[2].with_both = 30;
   breed.base.sire_groups = {{{0, 1.0}}, {{1, 0.8}, {2, 0.15}, {0, 0.05}}, {{2, 0.5}, {0, 0.5}}};
   apply_said_figures(breed.records, said, breed.base);
-  const auto of = [&](std::size_t group, std::int32_t other) {
+  const auto of = [&](GroupNo group, GroupNo other) {
     double share = 0.0;
     for (const GroupShare& one : breed.base.sire_groups[group]) share += one.group == other ? one.share : 0.0;
     return share;
@@ -124,9 +124,7 @@ TEST(ApplySaidFigures, SharesSiresOfOthers) {
   EXPECT_DOUBLE_EQ(of(0, 2), 0.3);
   EXPECT_DOUBLE_EQ(of(1, 2), 0.3);  // as often as they were
   EXPECT_DOUBLE_EQ(of(1, 0), 0.1);
-  for (std::size_t group = 0; group < 3; ++group) {
-    EXPECT_DOUBLE_EQ(of(group, static_cast<std::int32_t>(group)), 0.6);
-  }
+  for (GroupNo group = 0; group < 3; ++group) EXPECT_DOUBLE_EQ(of(group, group), 0.6);
 }
 
 /// The share of the parents that come into use in ten years of five replicates of which no parent is known.
