@@ -44,6 +44,15 @@ TEST(RandomStream, DrawsAllNumbersBelowALimitAlikeOften) {
   for (const int count : counts) EXPECT_NEAR(count, 10'000, 5 * 92);  // the standard deviation is 91.3
 }
 
+TEST(RandomStream, DrawsPlacesAsItDrawsNumbers) {
+  for (const std::int32_t limit : {1, 2, 7, 2'000'000'000}) {
+    RandomStream numbers = make_stream(5), places = make_stream(5);
+    for (int k = 0; k < 20; ++k) {
+      EXPECT_EQ(places.place_among(static_cast<std::size_t>(limit)), static_cast<std::size_t>(numbers.below(limit)));
+    }
+  }
+}
+
 TEST(RandomStream, ShufflesIntoEveryOrder) {
   RandomStream random = make_stream(9);
   std::vector<int> counts(6, 0);
