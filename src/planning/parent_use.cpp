@@ -5,6 +5,7 @@
 #include <numeric>
 #include <span>
 
+#include "checks/readable_text.h"
 #include "core/shares.h"
 #include "diversity/reference_population.h"
 #include "genetics/ancestor_pedigree.h"
@@ -26,6 +27,10 @@ std::int32_t parent_before(const PopulationStore& store, std::int32_t position, 
 bool is_born_within(const PopulationStore& store, std::int32_t position, std::int64_t first, std::int64_t last) {
   const std::int32_t year = store.birth_year[position];
   return year != 0 && year >= first && year <= last;
+}
+
+bool is_in(const PopulationStore& store, const std::optional<std::string>& subpopulation, std::int32_t position) {
+  return !subpopulation || readable(store.subpopulation(position).trimmed()) == *subpopulation;
 }
 
 /// The age that so many in 100 of the ages do not exceed. They are sorted and not empty.
@@ -58,6 +63,25 @@ double mean_kinship_of(const PopulationStore& store, const std::vector<std::int3
   return std::inner_product(shares.begin(), shares.end(), product.begin(), 0.0);
 }
 
+/// The line of least squares through points of different `x`, three or more.
+YearlyLoss line_through(std::span<const double> x, std::span<const double> y) {
+  const double count = static_cast<double>(x.size());
+  const double mean_x = std::accumulate(x.begin(), x.end(), 0.0) / count;
+  const double mean_y = std::accumulate(y.begin(), y.end(), 0.0) / count;
+  double products = 0.0, squares = 0.0;
+  for (std::size_t k = 0; k < x.size(); ++k) {
+    products += (x[k] - mean_x) * (y[k] - mean_y);
+    squares += (x[k] - mean_x) * (x[k] - mean_x);
+  }
+  const double slope = products / squares;
+  double residues = 0.0;
+  for (std::size_t k = 0; k < x.size(); ++k) {
+    const double residue = y[k] - mean_y - slope * (x[k] - mean_x);
+    residues += residue * residue;
+  }
+  return {slope, std::sqrt(residues / (count - 2.0) / squares)};
+}
+
 }  // namespace
 
 std::optional<std::int32_t> last_full_year(const PopulationStore& store) {
@@ -73,11 +97,12 @@ std::optional<std::int32_t> last_full_year(const PopulationStore& store) {
   return static_cast<std::int32_t>(is_full ? last : last - 1);
 }
 
-std::int64_t litters_of_year(const PopulationStore& store, std::int32_t year) {
+std::int64_t litters_of_year(const PopulationStore& store, std::int32_t year,
+                             const std::optional<std::string>& subpopulation) {
   ByNumber<Flag> is_mother(store.size());
   std::int64_t litters = 0;
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
-    if (!is_born_within(store, i, year, year) || store.dam_no[i] == 0) continue;
+    if (!is_born_within(store, i, year, year) || store.dam_no[i] == 0 || !is_in(store, subpopulation, i)) continue;
     Flag& seen = is_mother[store.dam_no[i]];
     if (seen == 0) ++litters;
     seen = 1;
@@ -117,11 +142,12 @@ std::optional<std::int32_t> age_at_planned_births(const PopulationStore& store, 
   return static_cast<std::int32_t>(std::int64_t{store.birth_years.last} + 1 - year);
 }
 
-ParentsUsed parents_used(const PopulationStore& store, std::int32_t first_year, std::int32_t last_year) {
+ParentsUsed parents_used(const PopulationStore& store, std::int32_t first_year, std::int32_t last_year,
+                         const std::optional<std::string>& subpopulation) {
   ParentsUsed use{first_year, last_year, 0, {}, {}, {}, 0.0};
   std::vector<std::int32_t> offspring;
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
-    if (!is_born_within(store, i, first_year, last_year)) continue;
+    if (!is_born_within(store, i, first_year, last_year) || !is_in(store, subpopulation, i)) continue;
     if (parent_before(store, i, male) == 0 || parent_before(store, i, female) == 0) continue;
     offspring.push_back(i);
     use.mean_f += double{store.inbreeding[i]};
@@ -133,28 +159,25 @@ ParentsUsed parents_used(const PopulationStore& store, std::int32_t first_year, 
   return use;
 }
 
-std::optional<double> yearly_loss(const PopulationStore& store, std::int32_t last_year) {
+bool YearlyLoss::is_clear() const {
+  return rate >= least_loss && rate >= least_errors_of_loss * error;
+}
+
+std::optional<YearlyLoss> yearly_loss(const PopulationStore& store, std::int32_t last_year,
+                                      const std::optional<std::string>& subpopulation) {
   constexpr std::int64_t years = 10;
-  constexpr std::size_t least_years = 3;
+  constexpr std::size_t least_years = 5;
   std::vector<double> x, y;
   for (std::int64_t year = std::int64_t{last_year} - years + 1; year <= last_year; ++year) {
     if (year < store.birth_years.first) continue;
-    const std::vector<std::int32_t> born =
+    std::vector<std::int32_t> born =
         animals_born(store, static_cast<std::int32_t>(year), static_cast<std::int32_t>(year)).positions;
+    std::erase_if(born, [&](std::int32_t position) { return !is_in(store, subpopulation, position); });
     if (born.empty()) continue;
     x.push_back(static_cast<double>(year - last_year));
     y.push_back(-std::log1p(-std::min(mean_kinship_of(store, born), 1.0 - 1e-9)));
   }
-  if (x.size() < least_years) return std::nullopt;
-  const double count = static_cast<double>(x.size());
-  const double mean_x = std::accumulate(x.begin(), x.end(), 0.0) / count;
-  const double mean_y = std::accumulate(y.begin(), y.end(), 0.0) / count;
-  double products = 0.0, squares = 0.0;
-  for (std::size_t k = 0; k < x.size(); ++k) {
-    products += (x[k] - mean_x) * (y[k] - mean_y);
-    squares += (x[k] - mean_x) * (x[k] - mean_x);
-  }
-  return products / squares;
+  return x.size() < least_years ? std::nullopt : std::optional(line_through(x, y));
 }
 
 }  // namespace pedigreewatch

@@ -18,7 +18,9 @@ inline constexpr double part_of_full_year = 0.5;
 std::optional<std::int32_t> last_full_year(const PopulationStore& store);
 
 /// Mothers with young in a year: its litters, as the report counts them.
-std::int64_t litters_of_year(const PopulationStore& store, std::int32_t year);
+/// `subpopulation` is a name as it is shown; without one young of all are counted.
+std::int64_t litters_of_year(const PopulationStore& store, std::int32_t year,
+                             const std::optional<std::string>& subpopulation = {});
 
 /// Ages of the parents of which 5 and 95 in 100 births remain below, by nearest rank.
 struct BreedingAges {
@@ -50,10 +52,24 @@ struct ParentsUsed {
   double mean_f = 0.0;                  ///< of the offspring
 };
 
-ParentsUsed parents_used(const PopulationStore& store, std::int32_t first_year, std::int32_t last_year);
+/// With a subpopulation: of the animals of it, whatever subpopulation the parents are of.
+ParentsUsed parents_used(const PopulationStore& store, std::int32_t first_year, std::int32_t last_year,
+                         const std::optional<std::string>& subpopulation = {});
 
 /// By how much the mean kinship of those born in a year rises, as a part of the diversity that is left: the slope of
-/// -ln(1 - kinship) over the last ten full years. None with fewer than three such years.
-std::optional<double> yearly_loss(const PopulationStore& store, std::int32_t last_year);
+/// -ln(1 - kinship) over the last ten full years, and the standard error of that slope.
+struct YearlyLoss {
+  double rate = 0.0, error = 0.0;
+
+  /// Whether it is so much more than its error that years can be counted by it: on a third.
+  bool is_clear() const;
+};
+inline constexpr double least_errors_of_loss = 3.0;
+/// A smaller loss, a hundredth of a per mille a year, is none to count by.
+inline constexpr double least_loss = 1e-5;
+
+/// None with fewer than five such years: a slope through fewer has hardly an error to go by.
+std::optional<YearlyLoss> yearly_loss(const PopulationStore& store, std::int32_t last_year,
+                                      const std::optional<std::string>& subpopulation = {});
 
 }  // namespace pedigreewatch

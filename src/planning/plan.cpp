@@ -119,7 +119,8 @@ void set_bound(const Planning& work, Plan& plan) {
   const std::int32_t last = last_full_year(work.store).value_or(work.store.birth_years.last);
   plan.interval_years = generation_years(work.store);
   const std::int64_t first = std::int64_t{last} - plan.interval_years + 1;
-  const auto parents = compare_parents(work.store, parents_used(work.store, static_cast<std::int32_t>(first), last));
+  const auto parents = compare_parents(
+      work.store, parents_used(work.store, static_cast<std::int32_t>(first), last, work.request.subpopulation));
   // Without parents of known years the candidates themselves are the generation to begin from.
   const double alike = inner(equal_shares(plan.sex), plan.kinship_alike);
   if (parents) plan.parents_kinship = parents->mean_kinship;
@@ -205,7 +206,9 @@ void compare(const Planning& work, Plan& plan) {
     if (!plan.values.empty() && !shares.empty()) place->value = inner(plan.values, shares);
   };
   plan.last_year = last_full_year(work.store).value_or(0);
-  if (const auto parents = compare_parents(work.store, parents_used(work.store, plan.last_year, plan.last_year))) {
+  plan.is_of_subpopulation = work.request.subpopulation.has_value();
+  if (const auto parents = compare_parents(
+          work.store, parents_used(work.store, plan.last_year, plan.last_year, work.request.subpopulation))) {
     put(PlanWay::last_year, *parents, {});
   }
   const std::vector<double> alike = equal_shares(plan.sex);
@@ -221,12 +224,11 @@ void compare(const Planning& work, Plan& plan) {
 
 void tell_gain(const Planning& work, Plan& plan) {
   if (plan.last_year == 0 || !plan.of(PlanWay::last_year)) return;
-  plan.loss_per_year = yearly_loss(work.store, plan.last_year);
-  constexpr double least_loss = 1e-5;  // a hundredth of a per mille a year is no loss to count by
-  if (!plan.loss_per_year || *plan.loss_per_year < least_loss) return;
+  plan.loss_per_year = yearly_loss(work.store, plan.last_year, work.request.subpopulation);
+  if (!plan.loss_per_year || !plan.loss_per_year->is_clear()) return;
   const auto& planned = plan.of(PlanWay::plan) ? plan.of(PlanWay::plan) : plan.of(PlanWay::optimum);
   const double before = std::log1p(-plan.of(PlanWay::last_year)->mean_kinship);
-  plan.years_gained = (std::log1p(-planned->mean_kinship) - before) / *plan.loss_per_year;
+  plan.years_gained = (std::log1p(-planned->mean_kinship) - before) / plan.loss_per_year->rate;
 }
 
 /// The candidates that are used, as rows (females) and columns (males) of the pairing.

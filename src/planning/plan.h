@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "matings/mating_work.h"
@@ -40,6 +41,7 @@ struct PlanRequest {
   std::optional<double> most_f;               ///< of a pair that is not wished for
   std::vector<std::optional<double>> values;  ///< breeding values, males first; empty: kinship alone counts
   double rate = 0.005;                        ///< of inbreeding, as a fraction a generation; with values
+  std::optional<std::string> subpopulation;   ///< with whose parents of today the plan is compared; none: with all
   bool wants_pairs = true;
 };
 
@@ -100,9 +102,10 @@ struct Plan {
   std::vector<std::int32_t> females_without_male;        ///< of them those with whom no male at all may go
   std::int64_t stuck_matings = 0, their_matings = 0;  ///< beside wishes: what they are to have, what their males have
   std::array<std::optional<PlanComparison>, plan_ways> comparisons;
-  std::int32_t last_year = 0;           ///< whose parents the plan is compared with
-  std::optional<double> loss_per_year;  ///< see yearly_loss
-  std::optional<double> years_gained;   ///< at that loss
+  std::int32_t last_year = 0;               ///< whose parents the plan is compared with
+  bool is_of_subpopulation = false;         ///< they are those of young of a subpopulation
+  std::optional<YearlyLoss> loss_per_year;  ///< of the breed or subpopulation
+  std::optional<double> years_gained;       ///< at that loss, where it is clear
 
   const Contributions& optimum() const { return valued ? valued->contributions : least; }
   const std::optional<PlanComparison>& of(PlanWay way) const { return comparisons[static_cast<std::size_t>(way)]; }

@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "checks/readable_text.h"
+#include "text/counted.h"
 
 namespace pedigreewatch {
 namespace {
@@ -27,6 +28,8 @@ constexpr auto short_words = std::to_array<Wording>({{"", ""},
                                                      {"value", "fokwaarde"}});
 
 constexpr Wording last_year_way = {"as used in {1}", "zoals gebruikt in {1}"};
+constexpr Wording last_year_way_within = {"as used in {1}, subpopulation", "zoals gebruikt in {1}, subpopulatie"};
+constexpr Wording the_breed = {"the breed", "het ras"}, the_subpopulation = {"the subpopulation", "de subpopulatie"};
 constexpr Wording alike_way = {"all candidates alike", "alle kandidaten gelijk"};
 constexpr Wording optimum_way = {"best shares", "beste aandelen"};
 constexpr Wording random_way = {"the plan's numbers, pairs at random", "aantallen van het plan, paren willekeurig"};
@@ -64,14 +67,14 @@ constexpr Wording pairs_with_wishes_line = {
     "paren: gemiddelde F {1}; met deze aantallen en de gewenste paren, en zonder de paren die niet mogen, hebben geen "
     "andere paren een lagere"};
 constexpr Wording gain_line = {
-    "Compared with the parents of {1}, the plan keeps as much diversity as the breed loses in {2} years (it has lost {3} % of what was left each year over the last ten).",
-    "Vergeleken met de ouders van {1} behoudt het plan zoveel variatie als het ras in {2} jaar verliest (de laatste tien jaar ging er elk jaar {3} % verloren van wat er nog was)."};
+    "Compared with the parents of {1}, the plan keeps as much diversity as {4} loses in {2} years (it has lost {3} % of what was left each year over the last ten).",
+    "Vergeleken met de ouders van {1} behoudt het plan zoveel variatie als {4} in {2} jaar verliest (de laatste tien jaar ging er elk jaar {3} % verloren van wat er nog was)."};
 constexpr Wording lost_line = {
-    "Compared with the parents of {1}, the plan gives up as much diversity as the breed loses in {2} years (it has lost {3} % of what was left each year over the last ten).",
-    "Vergeleken met de ouders van {1} geeft het plan zoveel variatie prijs als het ras in {2} jaar verliest (de laatste tien jaar ging er elk jaar {3} % verloren van wat er nog was)."};
+    "Compared with the parents of {1}, the plan gives up as much diversity as {4} loses in {2} years (it has lost {3} % of what was left each year over the last ten).",
+    "Vergeleken met de ouders van {1} geeft het plan zoveel variatie prijs als {4} in {2} jaar verliest (de laatste tien jaar ging er elk jaar {3} % verloren van wat er nog was)."};
 constexpr Wording no_loss_line = {
-    "The mean kinship of the young has not risen measurably over the last ten years: the gain cannot be told in years.",
-    "De gemiddelde verwantschap van de jongen is de laatste tien jaar niet meetbaar gestegen: de winst is niet in jaren uit te drukken."};
+    "The mean kinship of the young has not risen clearly over the last ten years: the gain cannot be told in years.",
+    "De gemiddelde verwantschap van de jongen is de laatste tien jaar niet duidelijk gestegen: de winst is niet in jaren uit te drukken."};
 
 constexpr Wording gain_is_uncertain = {
     " {1} % of the plan are animals with hardly any known ancestors, which count as unrelated: the true gain may be much "
@@ -128,10 +131,6 @@ constexpr Wording few_values_warning = {
     "Breeding values are known of {1} of {2} candidates only; the others count as the mean of their sex.",
     "Van maar {1} van de {2} kandidaten is een fokwaarde bekend; de andere tellen als het gemiddelde van hun geslacht."};
 
-/// A thing by its number.
-struct Counted {
-  Wording one, many;
-};
 constexpr Counted matings_counted = {{"1 mating", "1 paring"}, {"{1} matings", "{1} paringen"}};
 constexpr Counted males_counted = {{"1 male", "1 mannelijk dier"}, {"{1} males", "{1} mannelijke dieren"}};
 constexpr Counted females_counted = {{"1 female", "1 vrouwelijk dier"}, {"{1} females", "{1} vrouwelijke dieren"}};
@@ -139,11 +138,10 @@ constexpr Counted dams_counted = {{"1 female", "1 moeder"}, {"{1} females", "{1}
 constexpr Counted births_counted = {{"1 birth", "1 geboorte"}, {"{1} births", "{1} geboorten"}};
 constexpr Counted last_years = {{"the last birth year", "het laatste geboortejaar"},
                                 {"the last {1} birth years", "de laatste {1} geboortejaren"}};
-constexpr Wording age_range = {"{1} to {2}", "{1} tot en met {2}"};
 
 constexpr Wording males_word = {"males", "mannelijke dieren"}, females_word = {"females", "vrouwelijke dieren"};
 constexpr Wording by_list = {"{1}: {2}, of the list", "{1}: {2}, uit de lijst"};
-constexpr Wording by_years = {"{1}: {2}, born {3} to {4}", "{1}: {2}, geboren {3} tot en met {4}"};
+constexpr Wording by_years = {"{1}: {2}, born {3}", "{1}: {2}, geboren {3}"};
 constexpr Wording by_ages = {
     "{1}: {2}, of {3} years (5 to 95 in 100 of the parents' ages at {4} of the last ten years)",
     "{1}: {2}, van {3} jaar (5 tot 95 op de 100 van de leeftijden van ouders bij {4} in de laatste tien jaar)"};
@@ -223,7 +221,9 @@ constexpr int kinship_digits = 8;
 
 std::string name_of(PlanWay way, const Plan& plan, ToolLanguage language) {
   switch (way) {
-    case PlanWay::last_year: return phrase(last_year_way, language, {std::to_string(plan.last_year)});
+    case PlanWay::last_year:
+      return phrase(plan.is_of_subpopulation ? last_year_way_within : last_year_way, language,
+                    {std::to_string(plan.last_year)});
     case PlanWay::all_alike: return std::string(words_of(alike_way, language));
     case PlanWay::optimum: return std::string(words_of(optimum_way, language));
     case PlanWay::random_pairs: return std::string(words_of(random_way, language));
@@ -234,10 +234,6 @@ std::string name_of(PlanWay way, const Plan& plan, ToolLanguage language) {
 
 std::string digits(double value, ToolLanguage language) {
   return shown_decimals(value, kinship_digits, language);
-}
-
-std::string counted(const Counted& thing, std::int64_t count, ToolLanguage language) {
-  return phrase(count == 1 ? thing.one : thing.many, language, {std::to_string(count)});
 }
 
 std::string power_of_ten(double value) {
@@ -438,7 +434,8 @@ std::string gain_sentence(const Plan& plan, const PlanWarnings& warnings, ToolLa
   std::string sentence =
       phrase(wording, language,
              {std::to_string(plan.last_year), shown_decimals(std::abs(*plan.years_gained), 1, language),
-              shown_percent(*plan.loss_per_year, language, 3)});
+              shown_percent(plan.loss_per_year->rate, language, 3),
+              words_of(plan.is_of_subpopulation ? the_subpopulation : the_breed, language)});
   if (warnings.share_of_little_known > 0.0 && *plan.years_gained >= 0.0) {
     sentence += phrase(gain_is_uncertain, language, {shown_percent(warnings.share_of_little_known, language, 1)});
   }
@@ -476,11 +473,10 @@ std::string candidates_sentence(const SexCandidates& candidates, Sex sex, ToolLa
   if (candidates.source == CandidateSource::list) return phrase(by_list, language, {animals, count});
   if (candidates.source == CandidateSource::years) {
     return phrase(by_years, language,
-                  {animals, count, std::to_string(candidates.first_year), std::to_string(candidates.last_year)});
+                  {animals, count, range_text(candidates.first_year, candidates.last_year, language)});
   }
   const BreedingAges ages = candidates.ages.value_or(BreedingAges{});
-  const std::string youngest = std::to_string(ages.youngest), oldest = std::to_string(ages.oldest);
-  const std::string range = ages.youngest == ages.oldest ? oldest : phrase(age_range, language, {youngest, oldest});
+  const std::string range = range_text(ages.youngest, ages.oldest, language);
   const std::string said =
       phrase(by_ages, language, {animals, count, range, counted(births_counted, ages.births, language)});
   return candidates.are_available ? said : phrase(not_told, language, {said});

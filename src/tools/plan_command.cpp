@@ -40,6 +40,8 @@ constexpr Wording no_matings = {
     "the last full birth year has no litters with known mothers: give --matings N",
     "het laatste volle geboortejaar heeft geen nesten met bekende moeder: geef --matings N"};
 constexpr Wording matings_of_year = {"matings: {1}, the litters of {2}", "paringen: {1}, de nesten van {2}"};
+constexpr Wording matings_within = {"matings: {1}, the litters of {2} in the subpopulation",
+                                    "paringen: {1}, de nesten van {2} in de subpopulatie"};
 constexpr Wording matings_given = {"matings: {1}", "paringen: {1}"};
 constexpr Wording planning_label = {"planning, thousands of ancestors", "plannen, duizenden voorouders"};
 constexpr Wording removed = {"removed: {1}, of an earlier plan", "verwijderd: {1}, van een eerder plan"};
@@ -116,11 +118,14 @@ std::optional<PlanRequest> make_request(PlanRun& run, PlanInput& input, const Ca
   request.males = pool.candidates.of_males.positions;
   request.females = pool.candidates.of_females.positions;
   const std::optional<std::int32_t> year = last_full_year(run.store());
-  request.matings = options.matings ? *options.matings : year ? litters_of_year(run.store(), *year) : 0;
+  request.matings = options.matings ? *options.matings
+                    : year          ? litters_of_year(run.store(), *year, options.subpopulation)
+                                    : 0;
   if (request.matings == 0) {
     tell_refusal(run.streams, words_of(no_matings, run.language));
     return std::nullopt;
   }
+  request.subpopulation = options.subpopulation;
   request.most_per_male = options.most_per_male;
   request.most_per_female = options.most_per_female.value_or(1);
   request.least_per_male = options.least_per_male.value_or(1);
@@ -132,7 +137,8 @@ std::optional<PlanRequest> make_request(PlanRun& run, PlanInput& input, const Ca
   if (input.has_faults) return std::nullopt;
   const std::string count = std::to_string(request.matings);
   say(run.streams.console, options.matings ? phrase(matings_given, run.language, {count})
-                                           : phrase(matings_of_year, run.language, {count, std::to_string(*year)}));
+                                           : phrase(options.subpopulation ? matings_within : matings_of_year,
+                                                    run.language, {count, std::to_string(*year)}));
   return request;
 }
 

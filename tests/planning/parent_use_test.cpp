@@ -112,12 +112,45 @@ TEST(ParentsUsed, HaveTheirSharesInTheOffspring) {
 
 // One animal a year: kinship with itself (1 + F) / 2 is 1/2, 1/2, then 5/8 for the young of father and daughter.
 TEST(YearlyLoss, IsTheSlopeOfTheLogarithmOfWhatIsLeft) {
-  const PopulationStore store =
-      with_inbreeding(pedigree_from_text("a 0 0 m 2000\nb a 0 f 2001\nc a b f 2002\nd 0 0 m 1980\n"));
-  const std::optional<double> loss = yearly_loss(store, 2002);
+  const PopulationStore store = with_inbreeding(
+      pedigree_from_text("x 0 0 m 1998\ny 0 0 f 1999\na 0 0 m 2000\nb a 0 f 2001\nc a b f 2002\nd 0 0 m 1980\n"));
+  const std::optional<YearlyLoss> loss = yearly_loss(store, 2002);
   ASSERT_TRUE(loss.has_value());
-  EXPECT_NEAR(*loss, 0.5 * (std::log(0.5) - std::log(0.375)), 1e-6);
-  EXPECT_FALSE(yearly_loss(store, 2001).has_value());  // two years
+  // Four points at 0, the last one a step above: the slope is 2/10 of it, what is left 0.2, 0, -0.2, -0.4 and 0.4 of
+  // it. Their squares add up to 0.4, of which 3 are free.
+  const double step = std::log(0.5) - std::log(0.375);
+  EXPECT_NEAR(loss->rate, 0.2 * step, 1e-6);
+  EXPECT_NEAR(loss->error, step * std::sqrt(0.4 / 3.0 / 10.0), 1e-6);
+  EXPECT_FALSE(yearly_loss(store, 2001).has_value());  // four years
+}
+
+TEST(YearlyLoss, IsClearFromThreeErrorsOn) {
+  EXPECT_TRUE((YearlyLoss{0.003, 0.001}).is_clear());
+  EXPECT_FALSE((YearlyLoss{0.0029, 0.001}).is_clear());
+  EXPECT_TRUE((YearlyLoss{1e-5, 0.0}).is_clear());
+  EXPECT_FALSE((YearlyLoss{0.99e-5, 0.0}).is_clear());
+  EXPECT_FALSE((YearlyLoss{-0.01, 0.001}).is_clear());
+}
+
+TEST(ParentsOfASubpopulation, AreThoseOfItsYoung) {
+  LookedUpNames names;
+  names.subpopulations.add(SubpopulationName("North"));
+  names.subpopulations.add(SubpopulationName("South"));
+  std::string text = "a 0 0 m 1990 South\nb 0 0 m 1990 North\nc 0 0 f 1990 North\n";
+  for (int year = 2000; year < 2005; ++year) {
+    text += "n" + std::to_string(year) + " a c f " + std::to_string(year) + " North\n";
+    text += "s" + std::to_string(year) + " b c f " + std::to_string(year) + " South\n";
+  }
+  const PopulationStore store = with_inbreeding(pedigree_from_text(text, names));
+  EXPECT_EQ(parents_used(store, 2004, 2004).positions.size(), 3U) << "two sires and their dam";
+  const ParentsUsed north = parents_used(store, 2004, 2004, "North");
+  EXPECT_EQ(north.offspring, 1);
+  ASSERT_EQ(north.positions.size(), 2U);
+  EXPECT_EQ(store.id(north.positions.front()), "a") << "the sire is of the South";
+  EXPECT_EQ(litters_of_year(store, 2004, "South"), 1);
+  EXPECT_EQ(litters_of_year(store, 2004, "East"), 0);
+  EXPECT_TRUE(yearly_loss(store, 2004, "North").has_value());
+  EXPECT_FALSE(yearly_loss(store, 2004, "East").has_value());
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace {
 Plan plan_with_gain() {
   Plan plan;
   plan.last_year = 2024;
-  plan.loss_per_year = 0.002;
+  plan.loss_per_year = YearlyLoss{0.002, 0.0001};
   plan.years_gained = 12.5;
   plan.comparisons[static_cast<std::size_t>(PlanWay::last_year)] = PlanComparison{};
   return plan;
@@ -25,6 +25,15 @@ TEST(GainSentence, SaysInOneBreathThatUnknownAncestorsLookLikeAGain) {
   EXPECT_TRUE(has(gain_sentence(plan_with_gain(), warnings, ToolLanguage::english),
                   "49.0 % of the plan are animals with hardly any known ancestors"));
   EXPECT_TRUE(has(gain_sentence(plan_with_gain(), warnings, ToolLanguage::dutch), "de echte winst kan veel kleiner"));
+}
+
+TEST(GainSentence, CountsNoYearsByALossThatIsNotClear) {
+  Plan plan = plan_with_gain();
+  EXPECT_TRUE(has(gain_sentence(plan, {}, ToolLanguage::english), "as the breed loses in 12.5 years"));
+  plan.is_of_subpopulation = true;
+  EXPECT_TRUE(has(gain_sentence(plan, {}, ToolLanguage::dutch), "als de subpopulatie in 12,5 jaar verliest"));
+  plan.years_gained.reset();
+  EXPECT_TRUE(has(gain_sentence(plan, {}, ToolLanguage::english), "has not risen clearly over the last ten years"));
 }
 
 TEST(ResultSentences, SayWhenWholeNumbersDoNotKeepTheBound) {
