@@ -2,6 +2,9 @@
 // unknown parents, with the effect of a rule half way where there was one and where there was none.
 //   measure_standing [BREEDS]            so many of each kind, 200 without a number
 //   measure_standing --faults [BREEDS]   closed breeds with wrong sires or wrong years of birth, by their share
+//   measure_standing --book [BREEDS]     closed breeds whose herdbook begins so many years before the earlier of the
+//   two
+//                                        stretches that the trend compares, or within it
 
 #include <cstdio>
 #include <cstdlib>
@@ -88,18 +91,44 @@ void measure_faults(int breeds) {
   }
 }
 
+/// Without a rule: every change that is told is false.
+void measure_book(int breeds) {
+  constexpr std::int32_t years = 54, compared_years = 18;  // three generation intervals of three years, twice
+  std::printf("%6s %12s %9s %7s %7s\n", "Ne", "book begins", "compared", "falls", "rises");
+  for (BreedScheme scheme : breeds_of_known_size({})) {
+    scheme.years = years;
+    for (const std::int32_t before : {12, 9, 6, 4, 2, 0, -3}) {
+      scheme.book_begins = years - compared_years - before;
+      int compared = 0, falls = 0, rises = 0;
+      for (int breed = 0; breed < breeds; ++breed) {
+        const auto seed = static_cast<std::uint64_t>(breed) * 1'000'003U + static_cast<std::uint64_t>(before + 50);
+        const Standing standing = compute_standing(simulate_breed(scheme, seed), 3.0, {});
+        if (!standing.before.rate) continue;
+        ++compared;
+        if (is_real_change(standing.before, standing.rate()))
+          ++(standing.rate().rate < standing.before.rate ? falls : rises);
+      }
+      std::printf("%6.1f %12d %9d %7d %7d\n", effective_size_of(scheme), before, compared, falls, rises);
+      std::fflush(stdout);
+    }
+  }
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
   const bool wants_faults = count > 1 && std::strcmp(arguments[1], "--faults") == 0;
-  const int place = wants_faults ? 2 : 1;
+  const bool wants_book = count > 1 && std::strcmp(arguments[1], "--book") == 0;
+  const int place = wants_faults || wants_book ? 2 : 1;
   const int breeds = count > place ? std::atoi(arguments[place]) : 200;
   if (breeds < 1) {
-    std::fputs("usage: measure_standing [--faults] [BREEDS]\n", stderr);
+    std::fputs("usage: measure_standing [--faults | --book] [BREEDS]\n", stderr);
     return 2;
   }
   if (wants_faults) {
     measure_faults(breeds);
+  } else if (wants_book) {
+    measure_book(breeds);
   } else {
     measure_unknown_parents(breeds);
   }

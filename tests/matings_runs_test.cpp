@@ -87,7 +87,7 @@ TEST(MatingsRun, WhereNobodySaysWhoIsThereTheAgesOfParentsAreProposed) {
   const WholeRun of_years = run_matings_on(files_of(young_village), {"--years", "4"});
   EXPECT_TRUE(of_years.console.starts_with(
       "females born 2010 to 2013: 3\n  who of them is dead or sold is not told; at the births of the last ten years at "
-      "least nine in ten dams were 3 to 3 years old: --ages keeps to those ages\n"))
+      "least nine in ten dams were 3 years old: --ages keeps to those ages\n"))
       << of_years.console;
   EXPECT_TRUE(
       run_matings_on(files_of(young_village), {"--all-animals"}).console.starts_with("females born 2010 to 2013: 3\n"));
@@ -265,14 +265,13 @@ TEST(MatingsRun, RefusesListsThatNobodyCanBeTakenFrom) {
 TEST(MatingsRun, SaysWhyThereIsNobodyByYears) {
   const WholeRun no_males = matings({"--years", "1"});
   EXPECT_EQ(no_males.exit_status, 1);
-  EXPECT_EQ(no_males.messages,
-            "no males were born from 2014 to 2014; give more --years, or name the males with --males FILE\n");
+  EXPECT_EQ(no_males.messages, "no males were born in 2014; give more --years, or name the males with --males FILE\n");
   const WholeRun no_years = run_matings_on(files_of("id;sex;birthdate;sire;dam\na;m;;;\nb;f;;;\n"));
   EXPECT_EQ(no_years.exit_status, 1);
   EXPECT_EQ(no_years.messages, "no animal has a year of birth; name the females with --females FILE\n");
   const WholeRun dutch = matings({"--years", "1"}, {}, in_dutch());
   EXPECT_EQ(dutch.messages,
-            "er zijn geen mannelijke dieren geboren van 2014 tot en met 2014; geef meer --years, of noem de mannelijke "
+            "er zijn geen mannelijke dieren geboren in 2014; geef meer --years, of noem de mannelijke "
             "dieren met --males BESTAND\n");
 }
 

@@ -315,8 +315,8 @@ TEST(PageArguments, WrongOnesAreRefused) {
 TEST(PageArguments, ReferencePopulationCanBeChosen) {
   const Files files = files_of(std::string(head) + std::string(full_sibs));
   EXPECT_TRUE(
-      has(page_of(files, {"--years", "2003-2004"}), "The figures are about the 3 animals born from 2003 to 2004."));
-  EXPECT_TRUE(has(page_of(files), "The figures are about 4 of the 6 animals born from"));
+      has(page_of(files, {"--years", "2003-2004"}), "The figures are about the 3 animals born in 2003 to 2004."));
+  EXPECT_TRUE(has(page_of(files), "The figures are about 4 of the 6 animals born in"));
 }
 
 // One style serves charts and first screen: what one of them draws hollow must not empty the letters of the other.

@@ -9,6 +9,7 @@
 #include "checks/finding_kinds.h"
 #include "checks/readable_text.h"
 #include "intake/said_values.h"
+#include "text/counted.h"
 #include "text/spreadsheet_cell.h"
 
 namespace pedigreewatch {
@@ -17,7 +18,10 @@ namespace {
 constexpr Wording father = {"father", "vader"}, mother = {"mother", "moeder"};
 constexpr Wording father_first = {"Father", "Vader"}, mother_first = {"Mother", "Moeder"};
 constexpr Wording female_word = {"female", "vrouwelijk"}, male_word = {"male", "mannelijk"};
-constexpr Wording one_animal = {"1 animal", "1 dier"}, many_animals = {"{1} animals", "{1} dieren"};
+constexpr Counted counted_animals = {{"1 animal", "1 dier"}, {"{1} animals", "{1} dieren"}};
+constexpr Counted counted_days = {{"1 day", "1 dag"}, {"{1} days", "{1} dagen"}};
+constexpr Counted counted_young = {{"1 young", "1 jong"}, {"{1} young", "{1} jongen"}};
+constexpr Counted counted_columns = {{"1 column", "1 kolom"}, {"{1} columns", "{1} kolommen"}};
 constexpr Wording on_lines = {": lines {1}", ": regels {1}"};
 constexpr Wording at_line = {", line {1}", ", regel {1}"};
 constexpr Wording at_column = {", column {1}", ", kolom {1}"};
@@ -37,11 +41,6 @@ constexpr Wording none_of_kind = {"{1}: none", "{1}: geen"};
 constexpr Wording sheet_name = {"findings", "bevindingen"};
 constexpr Wording table_heading = {"line\tcolumn\tid\tcode\tseverity\ttext\tlines\n",
                                    "regel\tkolom\tid\tcode\ternst\ttekst\tregels\n"};
-
-/// "1 animal", "2 animals".
-std::string animals_text(std::int64_t count, ToolLanguage language) {
-  return phrase(count == 1 ? one_animal : many_animals, language, {std::to_string(count)});
-}
 
 /// Kinds whose text is made of several of the data and is not cut.
 bool has_long_text(FindingCode code) {
@@ -69,7 +68,11 @@ std::string value_of_place(std::string_view place, const Finding& finding, const
   if (place == "parent") return phrase(is_sire ? father : mother, language);
   if (place == "Parent") return phrase(is_sire ? father_first : mother_first, language);
   if (place == "wrong_sex") return phrase(is_sire ? female_word : male_word, language);
-  return animals_text(finding.number, language);
+  if (place == "days") return counted(counted_days, finding.number, language);
+  if (place == "young") return counted(counted_young, finding.number, language);
+  if (place == "other_young") return counted(counted_young, finding.other_number, language);
+  if (place == "columns") return counted(counted_columns, finding.number, language);
+  return counted(counted_animals, finding.number, language);
 }
 
 /// "dogs.txt, line 812, column 4, HS12: ".
@@ -230,7 +233,8 @@ void show_findings(CheckResult& result, const CheckReport& report, TextOutput& c
   if (!report.wanted) {
     const Wording& first = !result.has_read_animals ? not_read : report.export_name.empty() ? title : title_of_export;
     say(console, first, report.language,
-        {shown(report.data_file), animals_text(result.animals.count(), report.language), shown(report.export_name)});
+        {shown(report.data_file), counted(counted_animals, result.animals.count(), report.language),
+         shown(report.export_name)});
     if (list.empty()) return say(console, nothing_found, report.language);
     show_summary(counts, report, console);
   }

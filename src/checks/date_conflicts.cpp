@@ -9,6 +9,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include "text/counted.h"
+
 namespace pedigreewatch {
 namespace {
 
@@ -62,14 +64,15 @@ YearRange fitting_years(const PedigreeColumns& animals, const ConflictGraph& gra
 
 /// Years that would fit instead of that in which the animal is said to be born.
 std::string text_of_years(const YearRange& range, std::int64_t own_year, ToolLanguage language) {
-  constexpr Wording between = {"; a year from {1} to {2} would fit", "; een jaar van {1} tot en met {2} zou passen"};
+  constexpr Wording between = {"; {1} would fit", "; {1} zou passen"};
   constexpr Wording from = {"; {1} or later would fit", "; {1} of later zou passen"};
   constexpr Wording until = {"; {1} or earlier would fit", "; {1} of eerder zou passen"};
   // Who is in order with parents and young may still stand against a sibling.
   if (range.first <= own_year && (range.last == 0 || own_year <= range.last)) return {};
   const std::string first = std::to_string(range.first), last = std::to_string(range.last);
   if (range.first != 0 && range.last != 0) {
-    return range.first <= range.last ? phrase(between, language, {first, last}) : std::string();
+    const bool is_some = range.first <= range.last;
+    return is_some ? phrase(between, language, {range_text(range.first, range.last, language)}) : std::string();
   }
   if (range.first != 0) return phrase(from, language, {first});
   return range.last != 0 ? phrase(until, language, {last}) : std::string();

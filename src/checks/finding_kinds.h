@@ -37,9 +37,11 @@ enum ReportPart : std::uint32_t {
 
 /// What is filled in where a message names it in braces: the texts, the other line and the numbers of a finding,
 /// "father" or "mother" and the same with a capital, the sex that such a parent does not have, and "1 animal", "2
-/// animals" by the first number. A message that names anything else does not compile.
-inline constexpr auto finding_places = std::to_array<std::string_view>(
-    {"text", "other_text", "line", "number", "other_number", "parent", "Parent", "wrong_sex", "animals"});
+/// animals" by the first number, as "1 day", "1 young" and "1 column"; young by the other number too. A message that
+/// names anything else does not compile.
+inline constexpr auto finding_places =
+    std::to_array<std::string_view>({"text", "other_text", "line", "number", "other_number", "parent", "Parent",
+                                     "wrong_sex", "animals", "days", "young", "other_young", "columns"});
 
 struct FindingKind {
   FindingCode code = FindingCode::utf_16;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <filesystem>
 #include <string>
 
 #include "control/missing_file.h"
@@ -198,6 +199,11 @@ FixedText<30> derive_report_file_name(const FixedText<30>& data_file_name) {
   const std::string_view name = data_file_name.trimmed();
   const std::string stem(name.substr(0, name.size() > 3 ? name.size() - 3 : 0));
   return FixedText<30>(without_leading_blanks(stem + "out"));
+}
+
+std::string name_beside_report(const SteerSettings& settings, std::string_view ending) {
+  const std::filesystem::path report{std::string(settings.report_file_name.trimmed())};
+  return (report.parent_path() / report.stem()).string() + std::string(ending);
 }
 
 SteerSettings read_steer_lines(LineReader& reader, RunStreams& streams) {

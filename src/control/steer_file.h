@@ -1,6 +1,9 @@
 // The steer file "pedigreewatch.ini": the run's only configuration, read line by line in a fixed order.
 #pragma once
 
+#include <string>
+#include <string_view>
+
 #include "control/steer_settings.h"
 #include "core/line_reader.h"
 #include "core/run_streams.h"
@@ -19,6 +22,9 @@ SteerSettings read_steer_lines(LineReader& reader, RunStreams& streams);
 
 /// The report's name: the data file's name without leading blanks, its last three characters replaced by "out".
 FixedText<30> derive_report_file_name(const FixedText<30>& data_file_name);
+
+/// A file beside the report: its name with `ending` in place of what stands behind the last full stop ("_years.tsv").
+std::string name_beside_report(const SteerSettings& settings, std::string_view ending);
 
 /// The same letter in the other case; any other byte is its own partner.
 char other_case(char letter);

@@ -11,6 +11,7 @@
 
 #include "checks/readable_text.h"
 #include "core/wording.h"
+#include "text/counted.h"
 
 namespace pedigreewatch {
 namespace {
@@ -24,8 +25,8 @@ constexpr Wording no_complete_years = {
     "not said, because no birth year has had all its young, or no ages of parents are known",
     "niet gezegd, omdat geen geboortejaar al zijn jongen gehad heeft, of geen leeftijd van ouders bekend is"};
 constexpr Wording few_family_parents = {
-    "not said, because fewer than {1} sires or {1} dams born from {2} to {3} have bred",
-    "niet gezegd, omdat met minder dan {1} vaders of {1} moeders, geboren van {2} tot en met {3}, gefokt is"};
+    "not said, because fewer than {1} sires or {1} dams born in {2} have bred",
+    "niet gezegd, omdat met minder dan {1} vaders of {1} moeders, geboren in {2}, gefokt is"};
 constexpr Wording unknown_family_parents = {
     "not said, because of more than {1} % of the animals that bred the sire or the dam, or its birth year, is unknown",
     "niet gezegd, omdat van meer dan {1} % van de dieren waarmee gefokt is de vader of de moeder, of het geboortejaar daarvan, onbekend is"};
@@ -424,9 +425,9 @@ std::string words_of_obstacle(const FamilySizeEstimate& families, ToolLanguage l
     case FamilySizeObstacle::none: return {};
     case FamilySizeObstacle::no_years: return std::string(words_of(no_complete_years, language));
     case FamilySizeObstacle::few_parents:
-      return phrase(few_family_parents, language,
-                    {std::to_string(fewest_family_parents), std::to_string(families.first_year),
-                     std::to_string(families.last_year)});
+      return phrase(
+          few_family_parents, language,
+          {std::to_string(fewest_family_parents), range_text(families.first_year, families.last_year, language)});
     case FamilySizeObstacle::unknown_parents: break;
   }
   const auto most_unknown = std::lround(per_cent * (1.0 - least_known_parents));

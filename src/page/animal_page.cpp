@@ -13,6 +13,7 @@
 #include "page/page.h"
 #include "page/page_text.h"
 #include "page/pedigree_drawing.h"
+#include "text/counted.h"
 
 namespace pedigreewatch {
 namespace {
@@ -54,9 +55,9 @@ constexpr Wording completeness_label = {"Known ancestors", "Bekende voorouders"}
 constexpr Wording completeness_text = {"generation equivalents {1}; completeness over five generations (PCI) {2}",
                                        "generatie-equivalenten {1}; compleetheid over vijf generaties (PCI) {2}"};
 
-constexpr Wording youngest_text = {"the animals born {1} to {2} with both parents known ({3})",
-                                   "de dieren geboren {1} tot en met {2} met twee bekende ouders ({3})"};
-constexpr Wording born_text = {"the animals born {1} to {2} ({3})", "de dieren geboren {1} tot en met {2} ({3})"};
+constexpr Wording youngest_text = {"the animals born {1} with both parents known ({2})",
+                                   "de dieren geboren {1} met twee bekende ouders ({2})"};
+constexpr Wording born_text = {"the animals born {1} ({2})", "de dieren geboren {1} ({2})"};
 constexpr Wording listed_text = {"the animals of the list ({1})", "de dieren van de lijst ({1})"};
 
 constexpr Wording pedigree_title = {"Pedigree", "Stamboom"};
@@ -190,10 +191,10 @@ std::string colour_text(const CardWriter& writer) {
 
 std::string today_words(const CardWriter& writer) {
   const ReferencePopulation& reference = writer.input.reference;
-  const std::string first = std::to_string(reference.first_year), last = std::to_string(reference.last_year);
+  const std::string years = range_text(reference.first_year, reference.last_year, writer.input.language);
   const std::string count = std::to_string(reference.positions.size());
   if (reference.choice == ReferenceChoice::listed) return writer.words(listed_text, {count});
-  return writer.words(reference.choice == ReferenceChoice::youngest ? youngest_text : born_text, {first, last, count});
+  return writer.words(reference.choice == ReferenceChoice::youngest ? youngest_text : born_text, {years, count});
 }
 
 bool has_both_parents(const AnimalCard& card) {

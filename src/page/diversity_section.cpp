@@ -11,6 +11,7 @@
 #include "page/page_sections.h"
 #include "page/page_text.h"
 #include "page/standing_words.h"
+#include "text/counted.h"
 
 namespace pedigreewatch {
 namespace {
@@ -19,10 +20,10 @@ constexpr Wording nobody = {
     "The reference population has no animals: there is nothing to compute. By default it is the animals of the last ten birth years whose parents are both known.",
     "De referentiepopulatie heeft geen dieren: er valt niets te berekenen. Als niets anders gevraagd is zijn het de dieren van de laatste tien geboortejaren waarvan beide ouders bekend zijn."};
 constexpr Wording about_youngest = {
-    "The figures are about {1} of the {4} animals born from {2} to {3}: those whose parents are both known. Animals with an unknown parent are left out ({5}), because they would look unrelated to all others.",
-    "De cijfers gaan over {1} van de {4} dieren die van {2} tot en met {3} geboren zijn: die waarvan beide ouders bekend zijn. Dieren met een onbekende ouder zijn weggelaten ({5}), want die zouden met geen enkel dier verwant lijken."};
-constexpr Wording about_years = {"The figures are about the {1} animals born from {2} to {3}.",
-                                 "De cijfers gaan over de {1} dieren die van {2} tot en met {3} geboren zijn."};
+    "The figures are about {1} of the {3} animals born in {2}: those whose parents are both known. Animals with an unknown parent are left out ({4}), because they would look unrelated to all others.",
+    "De cijfers gaan over {1} van de {3} dieren die in {2} geboren zijn: die waarvan beide ouders bekend zijn. Dieren met een onbekende ouder zijn weggelaten ({4}), want die zouden met geen enkel dier verwant lijken."};
+constexpr Wording about_years = {"The figures are about the {1} animals born in {2}.",
+                                 "De cijfers gaan over de {1} dieren die in {2} geboren zijn."};
 constexpr Wording about_list = {"The figures are about the {1} animals of the list that was given.",
                                 "De cijfers gaan over de {1} dieren van de opgegeven lijst."};
 
@@ -95,8 +96,8 @@ constexpr Wording by_inbreeding = {"Ne by individual increase of inbreeding", "N
 constexpr Wording by_coancestry = {"Ne by increase of coancestry", "Ne uit toename van verwantschap"};
 constexpr Wording by_families = {"Ne by family sizes", "Ne uit familiegroottes"};
 constexpr Wording from_families = {
-    "from the {1} sires and {2} dams born from {3} to {4} and how unevenly they were used; needs no deep pedigree",
-    "uit de {1} vaders en {2} moeders die van {3} tot en met {4} geboren zijn en hoe ongelijk ze gebruikt zijn; vraagt geen "
+    "from the {1} sires and {2} dams born in {3} and how unevenly they were used; needs no deep pedigree",
+    "uit de {1} vaders en {2} moeders die in {3} geboren zijn en hoe ongelijk ze gebruikt zijn; vraagt geen "
     "diepe stamboom"};
 constexpr Wording with_error = {"{1} (sampling error {2})", "{1} (steekproeffout {2})"};
 constexpr Wording what_error_is = {
@@ -158,13 +159,13 @@ constexpr Wording mean_of_paths_name = {"mean of the four paths (the usual inter
 
 std::string about(const PageFrame& frame, const ReferencePopulation& reference) {
   const std::string count = std::to_string(reference.positions.size());
-  const std::string first = std::to_string(reference.first_year), last = std::to_string(reference.last_year);
+  const std::string years = range_text(reference.first_year, reference.last_year, frame.language);
   switch (reference.choice) {
     case ReferenceChoice::youngest:
       return phrase(about_youngest, frame.language,
-                    {count, first, last, std::to_string(reference.born),
+                    {count, years, std::to_string(reference.born),
                      std::to_string(reference.born - std::ssize(reference.positions))});
-    case ReferenceChoice::years: return phrase(about_years, frame.language, {count, first, last});
+    case ReferenceChoice::years: return phrase(about_years, frame.language, {count, years});
     case ReferenceChoice::listed: break;
   }
   return phrase(about_list, frame.language, {count});
@@ -205,7 +206,7 @@ FigureTable::FigureRow families_row(const PageFrame& frame, const FamilySizeEsti
   const std::string from =
       phrase(from_families, frame.language,
              {std::to_string(families.of.of_males.parents), std::to_string(families.of.of_females.parents),
-              std::to_string(families.first_year), std::to_string(families.last_year)});
+              range_text(families.first_year, families.last_year, frame.language)});
   return {frame.text(by_families),
           {size ? report_figure(*size, 2, frame.language) : not_estimable(frame),
            size ? from : words_of_obstacle(families, frame.language)}};

@@ -15,8 +15,8 @@ namespace {
 constexpr std::size_t shown_by_kinship = 20;
 
 constexpr Wording about_kinship = {
-    "Mean kinship is that with the reference population: animals with a low one carry rare genes, and are the ones to breed from. One with few known ancestors always has a low one: those with fewer than three generation equivalents (EqG) stand behind the others. The first {1} of the {2} females and {3} males born in the last ten birth years are shown; the tables of pedigreewatch-tools have all.",
-    "De gemiddelde verwantschap is die met de referentiepopulatie: dieren met een lage dragen zeldzame genen, en daarmee is het goed fokken. Een dier met weinig bekende voorouders heeft altijd een lage: dieren met minder dan drie equivalente generaties (EqG) staan achter de andere. Getoond zijn de eerste {1} van de {2} vrouwelijke en {3} mannelijke dieren van de laatste tien geboortejaren; de tabellen van pedigreewatch-tools hebben ze alle."};
+    "Mean kinship is that with the reference population: animals with a low one carry rare genes, and are the ones to breed from. One with few known ancestors always has a low one: those with fewer than three generation equivalents (EqG) or an unknown parent stand behind the others. Shown are {1} of the {2} females and {3} of the {4} males born in the last ten birth years; the tables of pedigreewatch-tools have all.",
+    "De gemiddelde verwantschap is die met de referentiepopulatie: dieren met een lage dragen zeldzame genen, en daarmee is het goed fokken. Een dier met weinig bekende voorouders heeft altijd een lage: dieren met minder dan drie equivalente generaties (EqG) of een onbekende ouder staan achter de andere. Getoond zijn {1} van de {2} vrouwelijke en {3} van de {4} mannelijke dieren van de laatste tien geboortejaren; de tabellen van pedigreewatch-tools hebben ze alle."};
 constexpr Wording about_available = {
     "Only animals that are still there are listed: the export said which are dead, sold, exported or castrated.",
     "Alleen dieren die er nog zijn, staan in deze lijsten: de export zei welke dood, verkocht, weg of gecastreerd zijn."};
@@ -88,7 +88,9 @@ std::vector<std::int32_t> offspring_of(const PageFrame& frame, std::span<const s
 std::vector<std::int32_t> first_by_kinship(const PageFrame& frame, std::span<const std::int32_t> animals) {
   std::vector<std::int32_t> deep, shallow;
   for (const std::int32_t position : animals) {
-    const bool is_deep = frame.store().generation_equivalents[position] >= least_equivalents_of_rare;
+    const PopulationStore& store = frame.store();
+    const bool has_parents = store.sire_no[position] > 0 && store.dam_no[position] > 0;
+    const bool is_deep = has_parents && store.generation_equivalents[position] >= least_equivalents_of_rare;
     std::vector<std::int32_t>& part = is_deep ? deep : shallow;
     if (part.size() < shown_by_kinship) part.push_back(position);
   }
@@ -143,6 +145,10 @@ FigureTable sires_list(const PageFrame& frame) {
   return std::move(list.table);
 }
 
+std::string shown_of(std::span<const std::int32_t> animals) {
+  return std::to_string(std::min(shown_by_kinship, animals.size()));
+}
+
 void write_paragraph(std::string& page, const std::string& text) {
   page += "<p>" + escaped(text) + "</p>\n";
 }
@@ -160,7 +166,7 @@ void write_lists(std::string& page, const PageFrame& frame) {
   const ActionLists& lists = figures.lists;
   if (!figures.animals.mean_kinship.values.empty()) {
     write_paragraph(page, phrase(about_kinship, frame.language,
-                                 {std::to_string(shown_by_kinship), std::to_string(lists.females.size()),
+                                 {shown_of(lists.females), std::to_string(lists.females.size()), shown_of(lists.males),
                                   std::to_string(lists.males.size())}));
     if (lists.are_available) write_paragraph(page, frame.text(about_available));
     if (!lists.females.empty()) {

@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <optional>
 
+#include "control/steer_file.h"
 #include "core/shares.h"
 #include "page/page_sections.h"
 #include "page/page_text.h"
@@ -25,8 +26,13 @@ constexpr Wording no_size = {"Too little is known to say.", "Er is te weinig bek
 constexpr Wording why_title = {"Why", "Waardoor"};
 constexpr Wording close_tile = {"Close matings", "Nauwe paringen"};
 constexpr Wording close_text = {
-    "young of {1}\xE2\x80\x93{2} have an F of 12.5 % or more, as of half sibs. Mean F {3}; chance pairs of the same parents: {4}.",
-    "jongen van {1}\xE2\x80\x93{2} hebben een F van 12,5 % of meer, als van halfbroer en -zus. Gemiddelde F {3}; toevallige paren van dezelfde ouders: {4}."};
+    "young of {1}\xE2\x80\x93{2} with both parents known have an F of 12.5 % or more, as of half sibs. Mean F {3}; chance pairs of the same parents: {4}.",
+    "jongen van {1}\xE2\x80\x93{2} met beide ouders bekend hebben een F van 12,5 % of meer, als van halfbroer en -zus. Gemiddelde F {3}; toevallige paren van dezelfde ouders: {4}."};
+constexpr Wording no_pair_known = {"Of no young of {1}\xE2\x80\x93{2} are both parents known.",
+                                   "Van geen jong van {1}\xE2\x80\x93{2} zijn beide ouders bekend."};
+constexpr Wording all_shallow = {
+    "All young of {1}\xE2\x80\x93{2} have fewer than two generations known: inbreeding cannot be seen.",
+    "Alle jongen van {1}\xE2\x80\x93{2} hebben minder dan twee bekende generaties: inteelt is niet te zien."};
 constexpr Wording sires_tile = {"Sires", "Vaders"};
 constexpr Wording dams_tile = {"Dams", "Moeders"};
 constexpr Wording worth = {"{1}, as good as {2}", "{1}, zo goed als {2}"};
@@ -35,19 +41,35 @@ constexpr Wording four_text = {
     "gelijk gebruikte. De vier meest gebruikte hebben {1} van de jongen van {2}\xE2\x80\x93{3}."};
 constexpr Wording part_text = {"They make {1} of the rise (rule of thumb).",
                                "Zij maken {1} van de stijging uit (vuistregel)."};
+constexpr Wording no_sire_known = {"Of no young of {1}\xE2\x80\x93{2} is the sire known.",
+                                   "Van geen jong van {1}\xE2\x80\x93{2} is de vader bekend."};
+constexpr Wording no_dam_known = {"Of no young of {1}\xE2\x80\x93{2} is the dam known.",
+                                  "Van geen jong van {1}\xE2\x80\x93{2} is de moeder bekend."};
 constexpr Wording births_tile = {"Births", "Geboorten"};
 constexpr Wording births_a_year = {"{1} a year", "{1} per jaar"};
 constexpr Wording births_text = {"{1} a year in the five years before.", "{1} per jaar in de vijf jaren daarvoor."};
-constexpr Wording imports_text = {"Imports are {1} of the parents.", "Importdieren zijn {1} van de ouders."};
+constexpr Wording births_since_text = {"{1} a year in {2}; nothing is recorded before.",
+                                       "{1} per jaar in {2}; daarvoor is niets vastgelegd."};
+constexpr Wording births_begin = {"Nothing is recorded before.", "Daarvoor is niets vastgelegd."};
+constexpr Wording imports_text = {"Of the parents, counted for each young, {1} are imports.",
+                                  "Van de ouders, per jong geteld, is {1} importdier."};
 
 constexpr Wording do_title = {"What to do", "Wat te doen"};
 constexpr Wording find_parents = {"Find the unknown parents first", "Zoek eerst de onbekende ouders"};
+constexpr Wording find_ancestors = {"Find more ancestors first", "Zoek eerst meer voorouders"};
 constexpr Wording find_parents_text = {
     "{1} young of {2}\xE2\x80\x93{3} have both parents known. What stands below is what the known ones show.",
     "Van {1} jongen van {2}\xE2\x80\x93{3} zijn beide ouders bekend. Wat hieronder staat is wat de bekende laten zien."};
 constexpr Wording find_ancestors_text = {
     "Of the young of {1}\xE2\x80\x93{2} {3} generations of ancestors are known; a verdict needs 3. What stands below is what the known ones show.",
     "Van de jongen van {1}\xE2\x80\x93{2} zijn {3} generaties voorouders bekend; voor een oordeel zijn er 3 nodig. Wat hieronder staat is wat de bekende laten zien."};
+constexpr Wording find_dates = {"Find the dates of birth of the parents first",
+                                "Zoek eerst de geboortedatums van de ouders"};
+constexpr Wording find_dates_text = {
+    "Their ages make the generation interval, which every rate and the verdict need. What stands on this page without them needs no interval.",
+    "Hun leeftijden maken het generatie-interval, dat elke stijging en het oordeel nodig hebben. Wat er zonder op deze pagina staat heeft geen interval nodig."};
+constexpr Wording mend_parent_dates = {"Mend the dates of birth of parents and young first",
+                                       "Herstel eerst de geboortedatums van ouders en jongen"};
 constexpr Wording mend_dates = {"Mend these dates of birth first", "Herstel eerst deze geboortedatums"};
 constexpr Wording mend_dates_text = {
     "They lie after today, or alone after years without births. The last year of birth, {1}, and all that this page says of the last years are worked out with them.",
@@ -70,7 +92,7 @@ constexpr Wording own_limit = {"your limit", "uw grens"};
 constexpr Wording taken_limit = {"the limit taken when you give none", "de grens als u er geen geeft"};
 constexpr Wording too_few_sires = {"With {1} sires the limit cannot be kept: {2} at least are needed.",
                                    "Met {1} vaders is de grens niet te halen: er zijn er minstens {2} nodig."};
-constexpr Wording and_more = {"and {1} more, in the table NAME_standing", "en nog {1}, in de tabel NAME_standing"};
+constexpr Wording and_more = {"and {1} more, in the table {2}", "en nog {1}, in de tabel {2}"};
 constexpr Wording held_gives = {
     "Held to the limit, the rise would be about {1} instead of {2} per generation (rule of thumb: 1/(8 sires) + 1/(8 dams)).",
     "Binnen de grens zou de stijging ongeveer {1} zijn in plaats van {2} per generatie (vuistregel: 1/(8 vaders) + 1/(8 moeders))."};
@@ -102,11 +124,16 @@ constexpr Wording if_import = {
 constexpr Wording import_gains = {
     "F rises by as much in {1} generations, and goes on rising as before unless more parents stay in use.",
     "Zoveel stijgt F in {1} generaties, en F blijft stijgen als voorheen tenzij er meer ouders in gebruik blijven."};
+constexpr Wording import_lasts = {
+    "F now rises so slowly that it takes more than 100 generations to rise by as much.",
+    "F stijgt nu zo langzaam dat het meer dan 100 generaties duurt voordat F zoveel gestegen is."};
+/// A rise that takes longer is hardly one: its number says nothing.
+constexpr double most_generations_told = 100.0;
 constexpr Wording use_more = {"Use more sires and dams, more evenly",
                               "Gebruik meer vaders en moeders, en gelijkmatiger"};
 constexpr Wording use_more_text = {
-    "No single animal stands out. Choose young males and females with a low mean kinship (table NAME_animals).",
-    "Geen dier springt eruit. Kies jonge mannetjes en vrouwtjes met een lage gemiddelde verwantschap (tabel NAME_animals)."};
+    "No single animal stands out. Choose young males and females with a low mean kinship (table {1}).",
+    "Geen dier springt eruit. Kies jonge mannetjes en vrouwtjes met een lage gemiddelde verwantschap (tabel {1})."};
 constexpr Wording nothing_to_do = {"Nothing stands out. Go on using many sires and dams, evenly.",
                                    "Niets springt eruit. Blijf veel vaders en moeders gebruiken, gelijkmatig."};
 
@@ -144,6 +171,11 @@ std::string in_element(std::string_view text) {
 
 std::string years_of(std::int32_t year) {
   return std::to_string(year);
+}
+
+/// What `tables` calls a table of this population.
+std::string table_name(const PageFrame& frame, std::string_view ending) {
+  return data_text(name_beside_report(frame.population().settings, ending));
 }
 
 void write_sentences(std::string& page, const std::vector<std::string>& sentences, std::string_view style = {}) {
@@ -184,6 +216,25 @@ void write_tile(std::string& page, const PageFrame& frame, const Tile& tile) {
           in_element(tile.figure) + "</p><p class=\"s\">" + in_element(tile.text) + "</p></div>\n";
 }
 
+/// Of figures that nothing is known of: a dash, and why.
+Tile tile_without_figures(const PageFrame& frame, const Wording& title, const Wording& reason) {
+  const StandingYears& years = frame.input.standing->years;
+  return {title, false, std::string(no_figure),
+          phrase(reason, frame.language, {years_of(years.recent_first), years_of(years.last)})};
+}
+
+Tile tile_of_close_matings(const PageFrame& frame, const Standing& standing) {
+  const YoungOfFiveYears& young = standing.young;
+  if (!young.show_inbreeding()) {
+    return tile_without_figures(frame, close_tile, young.judged > 0 ? all_shallow : no_pair_known);
+  }
+  const ToolLanguage language = frame.language;
+  return {close_tile, standing.has_close_matings(), share_text(young.close, young.judged, language),
+          phrase(close_text, language,
+                 {years_of(standing.years.recent_first), years_of(standing.years.last),
+                  percent_text(young.inbreeding, language), percent_text(young.chance_inbreeding, language)})};
+}
+
 /// `part` is what they have of the rise.
 Tile tile_of_parents(const PageFrame& frame, const ParentsInUse& use, std::optional<double> part,
                      const Wording& title) {
@@ -198,31 +249,50 @@ Tile tile_of_parents(const PageFrame& frame, const ParentsInUse& use, std::optio
           text};
 }
 
-void write_why(std::string& page, const PageFrame& frame, const Standing& standing) {
+/// A mean below 1 has a decimal, so that one birth in five years is not none.
+std::string a_year(std::int64_t births, std::int32_t years, ToolLanguage language) {
+  const double mean = share_of(births, years);
+  return report_figure(mean, births > 0 && births < years ? 1 : 0, language);
+}
+
+/// Of `all_years` before `year`, of which `years` are not before the first birth year.
+std::string words_of_births_before(std::int64_t births, std::int32_t years, std::int32_t all_years, std::int32_t year,
+                                   ToolLanguage language) {
+  if (years == all_years) return phrase(births_text, language, {a_year(births, years, language)});
+  if (years == 0) return std::string(words_of(births_begin, language));
+  return phrase(births_since_text, language, {a_year(births, years, language), years_text(year - years, year - 1)});
+}
+
+Tile tile_of_births(const PageFrame& frame, const Standing& standing) {
   const ToolLanguage language = frame.language;
   const YoungOfFiveYears& young = standing.young;
-  const StandingYears& years = standing.years;
-  page += "<h3>" + in_element(frame.text(why_title)) + "</h3><div class=\"tiles\">\n";
-  write_tile(page, frame,
-             {close_tile, standing.has_close_matings(), share_text(young.close, young.judged, language),
-              phrase(close_text, language,
-                     {years_of(years.recent_first), years_of(years.last), percent_text(young.inbreeding, language),
-                      percent_text(young.chance_inbreeding, language)})});
-  const std::optional<double> part = standing.sires_part_of_rise();
-  Tile sires = tile_of_parents(frame, standing.sires, part, sires_tile);
-  sires.is_bad = standing.overused_sires > 0;
-  write_tile(page, frame, sires);
-  write_tile(page, frame, tile_of_parents(frame, standing.dams, part ? std::optional(1.0 - *part) : part, dams_tile));
-  const double recent_years = years.last - years.recent_first + 1;
-  const auto a_year = [&](std::int64_t births) {
-    return report_figure(static_cast<double>(births) / recent_years, 0, language);
-  };
-  std::string text = phrase(births_text, language, {a_year(young.births_before)});
+  const std::int32_t first = standing.years.recent_first, last = standing.years.last, recent_years = last - first + 1;
+  const std::int32_t begin = frame.store().birth_years.first;
+  const std::int32_t recent = std::clamp(last - begin + 1, 1, recent_years);
+  const std::int32_t before = std::clamp(first - begin, 0, recent_years);
+  std::string text = words_of_births_before(young.births_before, before, recent_years, first, language);
   if (frame.store().has_import && young.known_parents > 0) {
     const double share = share_of(young.imported_parents, young.known_parents);
     text += " " + phrase(imports_text, language, {percent_text(share, language)});
   }
-  write_tile(page, frame, {births_tile, false, phrase(births_a_year, language, {a_year(young.births)}), text});
+  return {births_tile, false, phrase(births_a_year, language, {a_year(young.births, recent, language)}), text};
+}
+
+void write_why(std::string& page, const PageFrame& frame, const Standing& standing) {
+  page += "<h3>" + in_element(frame.text(why_title)) + "</h3><div class=\"tiles\">\n";
+  write_tile(page, frame, tile_of_close_matings(frame, standing));
+  // Without an interval no rise is known.
+  const std::optional<double> part =
+      standing.years.has_interval() ? standing.sires_part_of_rise() : std::optional<double>();
+  Tile sires = standing.sires.parents.empty() ? tile_without_figures(frame, sires_tile, no_sire_known)
+                                              : tile_of_parents(frame, standing.sires, part, sires_tile);
+  sires.is_bad = standing.overused_sires > 0;
+  write_tile(page, frame, sires);
+  const std::optional<double> of_dams = part ? std::optional(1.0 - *part) : part;
+  write_tile(page, frame,
+             standing.dams.parents.empty() ? tile_without_figures(frame, dams_tile, no_dam_known)
+                                           : tile_of_parents(frame, standing.dams, of_dams, dams_tile));
+  write_tile(page, frame, tile_of_births(frame, standing));
   page += "</div>\n";
 }
 
@@ -261,7 +331,10 @@ void write_named_sires(std::string& page, const PageFrame& frame, const Standing
   }
   page += "</tbody></table>";
   if (count > most_named) {
-    page += "<p class=\"s\">" + in_element(phrase(and_more, language, {std::to_string(count - most_named)})) + "</p>";
+    page +=
+        "<p class=\"s\">" +
+        in_element(phrase(and_more, language, {std::to_string(count - most_named), table_name(frame, "_standing")})) +
+        "</p>";
   }
   if (const std::int64_t gone = standing.overused_sires_gone(); gone > 0) {
     page += "<p class=\"s\">" + in_element(phrase(gone_sires, language, {std::to_string(gone)})) + "</p>";
@@ -307,6 +380,12 @@ void write_close_matings(std::string& page, const PageFrame& frame, const Standi
   page += "</li>\n";
 }
 
+/// "Jip vd Wei (00978)": many animals may have one name.
+std::string name_with_id(const PageFrame& frame, std::int32_t animal) {
+  const AnimalWords words = words_of_animal(frame, animal);
+  return words.id.empty() ? words.name : words.name + " (" + words.id + ")";
+}
+
 void write_lines_to_keep(std::string& page, const PageFrame& frame, const Standing& standing) {
   open_action(page, frame.text(keep_lines), frame.text(lines_text));
   page += "<table><tbody>";
@@ -315,13 +394,13 @@ void write_lines_to_keep(std::string& page, const PageFrame& frame, const Standi
     std::string names;
     for (std::size_t i = 0; i < std::min(most_named, line.carriers.size()); ++i) {
       const std::int32_t animal = line.carriers[i].animal;
-      names += (i == 0 ? "" : ", ") + words_of_animal(frame, animal).name +
+      names += (i == 0 ? "" : ", ") + name_with_id(frame, animal) +
                (frame.store().sex[animal] == male ? "\xC2\xA0\xE2\x99\x82" : "\xC2\xA0\xE2\x99\x80");
     }
     if (line.carriers.size() > most_named) {
       names = phrase(others_left, frame.language, {names, std::to_string(line.carriers.size() - most_named)});
     }
-    page += "<tr><th scope=\"row\">" + isolated(words_of_animal(frame, line.founder).name) + "</th><td class=\"w\">" +
+    page += "<tr><th scope=\"row\">" + isolated(name_with_id(frame, line.founder)) + "</th><td class=\"w\">" +
             isolated(names) + "</td></tr>";
   }
   page += "</tbody></table></li>\n";
@@ -343,11 +422,25 @@ void write_dates_to_mend(std::string& page, const PageFrame& frame, const Standi
   page += "</li>\n";
 }
 
+/// Where no generation interval is known, and dates would give one.
+bool has_ages_to_find(const Standing& standing) {
+  if (standing.data.faults.late_births.count > 0 || standing.years.has_interval()) return false;
+  return standing.ages.lack_dates() || standing.ages.impossible_interval.has_value();
+}
+
+void write_ages_to_find(std::string& page, const PageFrame& frame, const Standing& standing) {
+  open_action(page, frame.text(standing.ages.impossible_interval ? mend_parent_dates : find_dates),
+              frame.text(find_dates_text));
+  page += "</li>\n";
+}
+
 void write_parents_to_find(std::string& page, const PageFrame& frame, const Standing& standing) {
   const ToolLanguage language = frame.language;
   const StandingYears& years = standing.years;
   const bool has_unknown = standing.data.both_known < 1.0;
-  open_action(page, frame.text(find_parents),
+  // Where the unknown parents are those of founders alone, nobody may ever have known them.
+  const bool has_gaps = has_unknown && standing.data.unknown_parents.value_or(0.0) > 0.0;
+  open_action(page, frame.text(has_gaps ? find_parents : find_ancestors),
               has_unknown
                   ? phrase(find_parents_text, language,
                            {known_text(standing, language), years_of(years.known_first), years_of(years.last)})
@@ -384,7 +477,9 @@ void write_lines_and_imports(std::string& page, const PageFrame& frame, const St
                                                 percent_text(standing.young.chance_inbreeding, language),
                                                 percent_text(standing.inbreeding_with_import(), language)})};
   if (const std::optional<double> generations = standing.generations_gained_by_import()) {
-    sentences.push_back(phrase(import_gains, language, {report_figure(*generations, 1, language)}));
+    sentences.push_back(*generations > most_generations_told
+                            ? frame.text(import_lasts)
+                            : phrase(import_gains, language, {report_figure(*generations, 1, language)}));
   }
   write_sentences(page, sentences, "s");
 }
@@ -394,20 +489,24 @@ void write_actions(std::string& page, const PageFrame& frame, const Standing& st
   // At most three: what the verdict waits for goes before what changes F once only.
   const bool has_dates = standing.data.faults.late_births.count > 0, lacks_parents = has_parents_to_find(standing);
   const bool has_lines = !standing.rare_lines.lines.empty(), has_overuse = standing.overused_sires > 0;
-  const bool has_close = standing.has_close_matings() && !((has_dates || lacks_parents) && has_overuse && has_lines);
-  const bool has_cause = has_dates || lacks_parents || has_overuse || has_close || has_lines;
+  const bool lacks_ages = has_ages_to_find(standing);
+  constexpr int most_others = 2;
+  const int others = has_dates + lacks_ages + lacks_parents + has_overuse + has_lines;
+  const bool has_close = standing.has_close_matings() && others <= most_others;
+  const bool has_cause = others > 0 || has_close;
   const bool is_good = standing.pace == Pace::within_limit;
   if (!has_cause && is_good) {
     page += "<p>" + in_element(frame.text(nothing_to_do)) + "</p>\n";
   } else {
     page += "<ol>";
     if (has_dates) write_dates_to_mend(page, frame, standing);
+    if (lacks_ages) write_ages_to_find(page, frame, standing);
     if (lacks_parents) write_parents_to_find(page, frame, standing);
     if (has_overuse) write_sires_to_rest(page, frame, standing);
     if (has_close) write_close_matings(page, frame, standing);
     if (has_lines) write_lines_to_keep(page, frame, standing);
     if (!has_cause) {
-      open_action(page, frame.text(use_more), frame.text(use_more_text));
+      open_action(page, frame.text(use_more), phrase(use_more_text, frame.language, {table_name(frame, "_animals")}));
       page += "</li>\n";
     }
     page += "</ol>\n";
@@ -457,15 +556,21 @@ void write_limits(std::string& page, const PageFrame& frame, const Standing& sta
   for (const Wording& heading : limit_headings)
     page += "<th scope=\"col\">" + in_element(frame.text(heading)) + "</th>";
   page += "</tr></thead><tbody>\n";
-  const auto mark = [](bool is_beyond) { return is_beyond ? LimitMark::beyond : LimitMark::kept; };
   if (standing.rate().rate) write_published_limits(page, frame, standing);
-  const double share = standing.sires.parents.empty() ? 0.0 : standing.sires.parents.front().share;
+  const bool has_sires = !standing.sires.parents.empty(), show_inbreeding = standing.young.show_inbreeding();
+  // Without an interval nothing is judged.
+  const auto mark = [&](bool is_known, bool is_beyond) {
+    if (!is_known || !standing.years.has_interval()) return LimitMark::not_judged;
+    return is_beyond ? LimitMark::beyond : LimitMark::kept;
+  };
+  const double share = has_sires ? standing.sires.parents.front().share : 0.0;
+  const std::string above = share_text(standing.young.above_most, standing.young.judged, language);
   write_limit_rows(page, frame, of_board,
-                   {{frame.text(sire_row), percent_text(share, language),
-                     limit_text(settings.most_sire_share, language), mark(share > settings.most_sire_share)},
+                   {{frame.text(sire_row), has_sires ? percent_text(share, language) : std::string(no_figure),
+                     limit_text(settings.most_sire_share, language), mark(has_sires, share > settings.most_sire_share)},
                     {phrase(most_f_row, language, {limit_text(settings.most_inbreeding, language)}),
-                     share_text(standing.young.above_most, standing.young.judged, language), frame.text(none_word),
-                     mark(standing.young.above_most > 0)}});
+                     show_inbreeding ? above : std::string(no_figure), frame.text(none_word),
+                     mark(show_inbreeding, standing.young.above_most > 0)}});
   page += "</tbody></table>\n";
 }
 

@@ -6,6 +6,7 @@
 
 #include "core/shares.h"
 #include "page/page_text.h"
+#include "text/counted.h"
 
 namespace pedigreewatch {
 namespace {
@@ -25,17 +26,26 @@ constexpr Wording rises[] = {
      "Zoals de gegevens er staan stijgt de inteelt met {1} per generatie; de gebruikelijke grens is 1 % (FAO 1998)."}};
 constexpr Wording it_was = {"Before {1} it was {2}.", "V\xC3\xB3\xC3\xB3r {1} was dat {2}."};
 constexpr Wording mainly_sires = {
-    "The cause is mainly the sires: {1} were used, and so unevenly that they count for {2}.",
-    "De oorzaak zijn vooral de vaders: er zijn er {1} gebruikt, en zo ongelijk dat ze voor {2} tellen."};
+    "The cause is mainly the sires: those in use, {1}, are as good as {2} used alike.",
+    "De oorzaak zijn vooral de vaders: de gebruikte, {1}, zijn zo goed als {2} gelijk gebruikte."};
 constexpr Wording mainly_dams = {
-    "The cause is mainly the dams: {1} were used, and so unevenly that they count for {2}.",
-    "De oorzaak zijn vooral de moeders: er zijn er {1} gebruikt, en zo ongelijk dat ze voor {2} tellen."};
+    "The cause is mainly the dams: those in use, {1}, are as good as {2} used alike.",
+    "De oorzaak zijn vooral de moeders: de gebruikte, {1}, zijn zo goed als {2} gelijk gebruikte."};
 constexpr Wording sires_and_dams = {
     "Few sires (counting for {1}) and few dams ({2}) cause it alike.",
     "Weinig vaders (ze tellen voor {1}) en weinig moeders ({2}) zijn samen de oorzaak."};
 
-constexpr Wording few_animals = {"Too few animals were born in the last {1} years: {2}, where {3} are needed.",
-                                 "In de laatste {1} jaren zijn te weinig dieren geboren: {2}, en {3} zijn er nodig."};
+constexpr Counted few_animals = {
+    {"Too few animals were born in the last year: {2}, where {3} are needed.",
+     "In het laatste jaar zijn te weinig dieren geboren: {2}, en er zijn er {3} nodig."},
+    {"Too few animals were born in the last {1} years: {2}, where {3} are needed.",
+     "In de laatste {1} jaar zijn te weinig dieren geboren: {2}, en er zijn er {3} nodig."}};
+constexpr Wording no_interval = {
+    "No generation interval is known, and without one no rate can be told. It takes ages of sires and of dams; births at which that of the sire is known: {1}, that of the dam: {2}.",
+    "Er is geen generatie-interval bekend, en zonder is er geen stijging te noemen. Het vraagt leeftijden van vaders en van moeders; geboorten waarbij die van de vader bekend is: {1}, die van de moeder: {2}."};
+constexpr Wording impossible_interval = {
+    "By the dates of birth the generation interval would be {1} years. That cannot be, and without an interval no rate can be told.",
+    "Volgens de geboortedatums zou het generatie-interval {1} jaar zijn. Dat kan niet, en zonder interval is er geen stijging te noemen."};
 constexpr Wording too_shallow = {
     "Of the young of the last five years {1} generations of ancestors are known; a verdict needs 3.",
     "Van de jongen van de laatste vijf jaren zijn {1} generaties voorouders bekend; voor een oordeel zijn er 3 nodig."};
@@ -69,13 +79,22 @@ constexpr Wording margins_overlap = {"The margins overlap: the change may be cha
 constexpr Wording margins_apart = {
     "The margins do not overlap: the change is real. Figures cannot show what caused it.",
     "De marges overlappen niet: de verandering is echt. De oorzaak laten cijfers niet zien."};
-constexpr Wording rule_too_young = {
-    "What has happened since {1} cannot be told yet, or no longer: it takes {2} years before and after.",
-    "Wat er sinds {1} gebeurd is valt nog niet, of niet meer, te zeggen: daarvoor zijn {2} jaren ervoor en erna nodig."};
+constexpr Counted rule_too_young = {
+    {"What has happened since {2} cannot be told yet, or no longer: it takes a year before and after.",
+     "Wat er sinds {2} gebeurd is valt nog niet, of niet meer, te zeggen: daarvoor is een jaar ervoor en erna nodig."},
+    {"What has happened since {2} cannot be told yet, or no longer: it takes {1} years before and after.",
+     "Wat er sinds {2} gebeurd is valt nog niet, of niet meer, te zeggen: daarvoor zijn {1} jaar ervoor en erna nodig."}};
+constexpr Wording rule_without_interval = {
+    "What has happened since {1} cannot be told without a generation interval.",
+    "Wat er sinds {1} gebeurd is valt zonder generatie-interval niet te zeggen."};
+constexpr Wording not_comparable = {
+    "It cannot be compared with before {1}: of the parents of the animals born {2} only {3} are known, of those of {4} {5}. Where a herdbook begins, the parents that are known are few and young.",
+    "Het is niet te vergelijken met v\xC3\xB3\xC3\xB3r {1}: van de ouders van de dieren geboren {2} is maar {3} bekend, van die van {4} {5}. Waar een stamboek begint zijn de bekende ouders weinig en jong."};
 constexpr Wording now_rate = {"Now: {1} per generation (animals born from {2} on).",
                               "Nu: {1} per generatie (dieren geboren vanaf {2})."};
-constexpr Wording open_circle = {"Open circle: {1} may not be complete. Dotted: 1 % per generation.",
-                                 "Open rondje: {1} is misschien niet volledig. Gestippeld: 1 % per generatie."};
+constexpr Wording open_circle = {"Open circle: {1} may not be complete.",
+                                 "Open rondje: {1} is misschien niet volledig."};
+constexpr Wording dotted_line = {"Dotted: 1 % per generation.", "Gestippeld: 1 % per generatie."};
 
 constexpr Wording trusted[] = {{"Yes for the verdict.", "Ja, voor het oordeel."},
                                {"Partly: enough for a verdict, with little to spare.",
@@ -143,6 +162,13 @@ std::string margin_text(const RateEstimate& estimate, ToolLanguage language) {
   return phrase(from_to, language, {percent_digits(margin.low, language), percent_text(margin.high, language)});
 }
 
+std::string interval_sentence(const AgesAtBirths& ages, ToolLanguage language) {
+  if (ages.impossible_interval) {
+    return phrase(impossible_interval, language, {report_figure(*ages.impossible_interval, 1, language)});
+  }
+  return phrase(no_interval, language, {std::to_string(ages.ages.of(male)), std::to_string(ages.ages.of(female))});
+}
+
 void add_obstacles(std::vector<std::string>& sentences, const Standing& standing, ToolLanguage language) {
   const StandingData& data = standing.data;
   const auto add = [&](std::uint32_t obstacle, std::string sentence) {
@@ -150,8 +176,9 @@ void add_obstacles(std::vector<std::string>& sentences, const Standing& standing
   };
   const std::int32_t years = standing.years.last - standing.years.cohort_first + 1;
   add(obstacle_faults, phrase(faulty, language, {std::to_string(data.faults.count())}));
-  add(obstacle_few_animals, phrase(few_animals, language,
-                                   {std::to_string(years), std::to_string(data.cohort), std::to_string(least_cohort)}));
+  add(obstacle_no_interval, interval_sentence(standing.ages, language));
+  add(obstacle_few_animals,
+      counted(few_animals, years, language, {std::to_string(data.cohort), std::to_string(least_cohort)}));
   if (data.equivalents < least_equivalents) {
     add(obstacle_shallow, phrase(too_shallow, language, {equivalents_text(standing, language)}));
   } else {
@@ -189,12 +216,19 @@ std::string share_text(std::int64_t part, std::int64_t all, ToolLanguage languag
 
 std::string known_text(const Standing& standing, ToolLanguage language) {
   constexpr double hundred = 100.0;
-  return phrase(of_hundred, language, {whole(std::floor(hundred * standing.data.both_known))});
+  const double known = standing.data.both_known, young = static_cast<double>(standing.data.known_young);
+  if (young < hundred) return phrase(of_few, language, {whole(known * young), whole(young)});
+  return phrase(of_hundred, language, {whole(std::floor(hundred * known))});
 }
 
 std::string equivalents_text(const Standing& standing, ToolLanguage language) {
   constexpr double tenths = 10.0;
   return report_figure(std::floor(tenths * standing.data.equivalents) / tenths, 1, language);
+}
+
+std::string years_text(std::int32_t first, std::int32_t last) {
+  const std::string text = std::to_string(first);
+  return first == last ? text : text + "\xE2\x80\x93" + std::to_string(last);
 }
 
 std::string size_text(double effective_size, ToolLanguage language) {
@@ -267,6 +301,30 @@ std::vector<std::string> sureness_sentences(const PageFrame& frame, const Standi
   return sentences;
 }
 
+namespace {
+
+bool is_told(const std::optional<LackingParents>& lacking) {
+  return lacking && lacking->has_births;
+}
+
+std::string lacking_sentence(const LackingParents& lacking, ToolLanguage language) {
+  return phrase(not_comparable, language,
+                {std::to_string(lacking.later.first), years_text(lacking.early.first, lacking.early.last),
+                 percent_text(lacking.known_early, language), years_text(lacking.later.first, lacking.later.last),
+                 percent_text(lacking.known_later, language)});
+}
+
+/// Why nothing is said of what a rule has changed.
+std::string rule_sentence(const Standing& standing, ToolLanguage language) {
+  const std::string year = std::to_string(standing.rule->year);
+  if (!standing.years.has_interval()) return phrase(rule_without_interval, language, {year});
+  if (is_told(standing.rule->lacking_before)) return lacking_sentence(*standing.rule->lacking_before, language);
+  const std::int32_t years = standing.years.last - standing.years.cohort_first + 1;
+  return counted(rule_too_young, years, language, {year});
+}
+
+}  // namespace
+
 std::vector<std::string> trend_sentences(const PageFrame& frame, const Standing& standing) {
   std::vector<std::string> sentences;
   const ToolLanguage language = frame.language;
@@ -275,28 +333,28 @@ std::vector<std::string> trend_sentences(const PageFrame& frame, const Standing&
                                {std::to_string(year), rate_text(before, language), rate_text(since, language)}));
     sentences.push_back(frame.text(is_real_change(before, since) ? margins_apart : margins_overlap));
   };
-  if (standing.rule && standing.rule->before.rate && standing.rule->since.rate) {
-    compare(standing.rule->year, standing.rule->before, standing.rule->since);
-    sentences.push_back(phrase(open_circle, language, {std::to_string(standing.years.last)}));
-    return sentences;
+  const std::optional<RuleEffect>& rule = standing.rule;
+  const bool is_rule_told = rule && rule->before.rate && rule->since.rate;
+  if (is_rule_told) {
+    compare(rule->year, rule->before, rule->since);
+  } else if (rule) {
+    sentences.push_back(rule_sentence(standing, language));
   }
-  if (standing.rule) {
-    const std::int32_t years = standing.years.last - standing.years.cohort_first + 1;
-    sentences.push_back(phrase(rule_too_young, language, {std::to_string(standing.rule->year), std::to_string(years)}));
-  }
-  if (standing.before.rate && standing.rate().rate) {
+  if (!is_rule_told && standing.before.rate && standing.rate().rate) {
     compare(standing.years.now_first, standing.before, standing.rate());
-  } else if (standing.rate().rate) {
+  } else if (!is_rule_told && standing.rate().rate) {
     sentences.push_back(
         phrase(now_rate, language, {rate_text(standing.rate(), language), std::to_string(standing.years.now_first)}));
+    if (is_told(standing.lacking_before)) sentences.push_back(lacking_sentence(*standing.lacking_before, language));
   }
   sentences.push_back(phrase(open_circle, language, {std::to_string(standing.years.last)}));
+  if (standing.years.has_interval()) sentences.push_back(frame.text(dotted_line));
   return sentences;
 }
 
 std::string data_heading(const Standing& standing, ToolLanguage language) {
   constexpr std::uint32_t of_data =
-      obstacle_shallow | obstacle_unknown_parents | obstacle_faults | obstacle_few_animals;
+      obstacle_shallow | obstacle_unknown_parents | obstacle_faults | obstacle_few_animals | obstacle_no_interval;
   const bool is_bad = (standing.obstacles & of_data) != 0;
   const bool is_good = standing.data.equivalents >= good_equivalents;
   return std::string(words_of(trusted[is_bad ? 2 : (is_good ? 0 : 1)], language));
@@ -306,7 +364,9 @@ std::vector<std::string> data_sentences(const PageFrame& frame, const Standing& 
   std::vector<std::string> sentences;
   const StandingData& data = standing.data;
   sentences.push_back(phrase(both_known, frame.language, {known_text(standing, frame.language)}));
-  sentences.push_back(phrase(parents_unknown, frame.language, {percent_text(data.unknown_parents, frame.language)}));
+  if (data.unknown_parents) {
+    sentences.push_back(phrase(parents_unknown, frame.language, {percent_text(*data.unknown_parents, frame.language)}));
+  }
   if (standing.young.shallow > 0) {
     sentences.push_back(phrase(shallow_young, frame.language,
                                {share_text(standing.young.shallow, standing.young.births, frame.language)}));

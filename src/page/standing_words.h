@@ -21,6 +21,9 @@ std::string share_text(std::int64_t part, std::int64_t all, ToolLanguage languag
 /// Generation equivalents of the young of the last five years, never more than there are.
 std::string equivalents_text(const Standing& standing, ToolLanguage language);
 
+/// "2012-2021"; of one year "2021".
+std::string years_text(std::int32_t first, std::int32_t last);
+
 /// An effective size as a whole number; "more than 10,000" style words for what is beyond all meaning.
 std::string size_text(double effective_size, ToolLanguage language);
 

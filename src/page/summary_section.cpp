@@ -10,16 +10,21 @@
 #include "page/page_sections.h"
 #include "page/page_text.h"
 #include "page/standing_words.h"
+#include "text/counted.h"
 
 namespace pedigreewatch {
 namespace {
 
-constexpr Wording animals_and_years = {"{1} animals, born from {2} to {3}.",
-                                       "{1} dieren, geboren van {2} tot en met {3}."};
+constexpr Counted animals_and_years = {{"1 animal, born in {2}.", "1 dier, geboren in {2}."},
+                                       {"{1} animals, born in {2}.", "{1} dieren, geboren in {2}."}};
+constexpr Wording some_with_years = {"{1} animals; {2} of them were born in {3}.",
+                                     "{1} dieren; {2} daarvan zijn geboren in {3}."};
 constexpr Wording undated_animals = {"Animals whose year of birth is not known: {1}.",
                                      "Dieren waarvan het geboortejaar onbekend is: {1}."};
-constexpr Wording animals_without_years = {"{1} animals, of none of which the year of birth is known.",
-                                           "{1} dieren, waarvan van geen enkel het geboortejaar bekend is."};
+constexpr Counted animals_without_years = {
+    {"1 animal, of which the year of birth is not known.", "1 dier, waarvan het geboortejaar niet bekend is."},
+    {"{1} animals, of none of which the year of birth is known.",
+     "{1} dieren, waarvan van geen enkel het geboortejaar bekend is."}};
 constexpr Wording named_parents = {"Parents that are named but have no line of their own: {1}.",
                                    "Ouders die wel genoemd worden maar geen eigen regel hebben: {1}."};
 constexpr Wording years_are_cut = {"The charts show the last {1} years.", "De grafieken tonen de laatste {1} jaren."};
@@ -29,6 +34,9 @@ constexpr Wording last_inbreeding = {"The animals born in {1} have a mean inbree
 constexpr Wording sizes_lead = {
     "Six ways of estimating the effective population size Ne from the whole pedigree give {1} to {2}.",
     "Zes manieren om de effectieve populatiegrootte Ne uit de hele stamboom te schatten geven {1} tot {2}."};
+constexpr Wording one_size_leads = {
+    "Of six ways of estimating the effective population size Ne from the whole pedigree, those that can tell one give {1}.",
+    "Van zes manieren om de effectieve populatiegrootte Ne uit de hele stamboom te schatten geven die welke er een noemen {1}."};
 constexpr Wording sizes_are_not = {
     "The effective population size Ne cannot be estimated from the whole pedigree: inbreeding and kinship do not rise, or too little is known.",
     "De effectieve populatiegrootte Ne is uit de hele stamboom niet te schatten: inteelt en verwantschap stijgen niet, of er is te weinig bekend."};
@@ -58,13 +66,16 @@ void write_paragraph(std::string& page, const std::string& text) {
 std::string animals_text(const PageFrame& frame) {
   const PopulationStore& store = frame.store();
   const std::string animals = std::to_string(store.size());
-  if (frame.years.count() <= 0) return phrase(animals_without_years, frame.language, {animals});
-  std::string text = phrase(animals_and_years, frame.language,
-                            {animals, std::to_string(store.birth_years.first), std::to_string(store.birth_years.last)});
+  if (frame.years.count() <= 0) return counted(animals_without_years, store.animal_count, frame.language);
+  const std::string years = range_text(store.birth_years.first, store.birth_years.last, frame.language);
+  const std::int64_t dated = std::ssize(frame.population().analysis.years.animals);
+  std::string text = dated < store.animal_count
+                         ? phrase(some_with_years, frame.language, {animals, std::to_string(dated), years})
+                         : counted(animals_and_years, dated, frame.language, {years});
   const auto add_count = [&](const Wording& wording, std::int64_t count) {
     if (count > 0) text += " " + phrase(wording, frame.language, {std::to_string(count)});
   };
-  add_count(undated_animals, std::int64_t{store.animal_count} - std::ssize(frame.population().analysis.years.animals));
+  add_count(undated_animals, std::int64_t{store.animal_count} - dated);
   add_count(named_parents, std::int64_t{store.animal_count} - store.kept.file_records);
   if (frame.years.is_cut) add_count(years_are_cut, frame.years.count());
   return text;
@@ -108,11 +119,12 @@ void write_sizes(std::string& page, const PageFrame& frame) {
   }
   std::string text = frame.text(sizes_are_not);
   if (!known.empty()) {
-    const auto [low, high] = std::minmax_element(known.begin(), known.end());
-    text = phrase(sizes_lead, frame.language, {size_text(*low, frame.language), size_text(*high, frame.language)});
+    const auto [least, most] = std::minmax_element(known.begin(), known.end());
+    const std::string low = size_text(*least, frame.language), high = size_text(*most, frame.language);
+    text = phrase(low == high ? one_size_leads : sizes_lead, frame.language, {low, high});
   }
-  if (frame.input.standing != nullptr) {
-    const double unknown = frame.input.standing->data.unknown_parents;
+  if (frame.input.standing != nullptr && frame.input.standing->data.unknown_parents) {
+    const double unknown = *frame.input.standing->data.unknown_parents;
     text += " " + phrase(sizes_caution, frame.language, {percent_text(unknown, frame.language)});
   }
   write_paragraph(page, text);

@@ -61,13 +61,14 @@ StandingData describe_data(const Breed& breed, const StandingYears& years, const
   StandingData data;
   data.faults = faults;
   data.is_faulty = are_too_many(faults, store.animal_count);
-  data.cohort = std::ssize(breed.born(years.cohort_first, years.last));
+  if (years.has_interval()) data.cohort = std::ssize(breed.born(years.cohort_first, years.last));
   const std::vector<std::int32_t> recent = breed.born(years.recent_first, years.last);
   for (const std::int32_t i : recent) data.equivalents += double{store.generation_equivalents[i]};
   if (!recent.empty()) data.equivalents /= static_cast<double>(recent.size());
   const std::vector<std::int32_t> young = breed.born(years.known_first, years.last);
   const auto both = std::count_if(young.begin(), young.end(),
                                   [&](std::int32_t i) { return store.sire_no[i] > 0 && store.dam_no[i] > 0; });
+  data.known_young = std::ssize(young);
   if (!young.empty()) data.both_known = share_of(both, young.size());
   std::int64_t known = 0, bred = 0;
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
@@ -121,6 +122,24 @@ void advise_on_sires(Standing& standing, const AvailableAnimals& available) {
   standing.rate_with_sires_held = *standing.rate().rate * held / (1.0 / standing.sires.effective + dams);
 }
 
+struct RateBefore {
+  RateEstimate rate;
+  std::optional<LackingParents> lacking;  ///< why there is no rate
+};
+
+/// Of the three generation intervals before a year, to be compared with the years from it to `last`.
+RateBefore estimate_before(const Breed& breed, std::int32_t year, std::int32_t last) {
+  RateBefore before;
+  const std::int32_t interval = breed.years_of(1.0), cohort = year - interval;
+  const std::int32_t window_first = year - breed.years_of(generations_of_now);
+  if (std::ssize(breed.born(cohort, year - 1)) < least_cohort) return before;
+  before.lacking = find_lacking_parents(breed.store, {window_first, window_first + interval - 1}, {year, last});
+  if (before.lacking) return before;
+  const RateEstimate rate = breed.rate(cohort, year - 1, window_first);
+  if (rate.generations >= least_generations) before.rate = rate;
+  return before;
+}
+
 void estimate_now(const Breed& breed, Standing& standing) {
   const StandingYears& years = standing.years;
   constexpr double near = 2.0, far = 5.0;  // generations
@@ -130,10 +149,9 @@ void estimate_now(const Breed& breed, Standing& standing) {
   standing.now[by_kinship] = estimate_by_kinship(window(generations_of_now));
   standing.now[by_inbreeding] = estimate_by_inbreeding(window(near), window(far));
   standing.now[by_parents_in_use] = estimate_by_kinship(window(1.0));
-  const std::int32_t end = years.now_first - 1, cohort = end - breed.years_of(1.0) + 1;
-  if (std::ssize(breed.born(cohort, end)) < least_cohort) return;
-  const RateEstimate before = breed.rate(cohort, end, end - breed.years_of(generations_of_now) + 1);
-  if (before.generations >= least_generations) standing.before = before;
+  const RateBefore before = estimate_before(breed, years.now_first, years.last);
+  standing.before = before.rate;
+  standing.lacking_before = before.lacking;
 }
 
 std::optional<RuleEffect> estimate_rule(const Breed& breed, const Standing& standing) {
@@ -142,22 +160,44 @@ std::optional<RuleEffect> estimate_rule(const Breed& breed, const Standing& stan
   effect.year = *standing.settings.rule_year;
   const std::int32_t last = standing.years.last, cohort = breed.years_of(1.0);
   if (effect.year > last || effect.year <= breed.store.birth_years.first) return effect;
-  const auto rate = [&](std::int32_t end, std::int32_t window_first) {
-    const std::int32_t first = end - cohort + 1;
-    const bool is_enough = std::ssize(breed.born(first, end)) >= least_cohort;
-    return is_enough ? breed.rate(first, end, window_first) : RateEstimate();
-  };
   const bool has_lasted = last - effect.year + 1 >= cohort;  // else its young have no young yet
-  if (has_lasted) effect.since = rate(last, effect.year);
-  const RateEstimate before = rate(effect.year - 1, effect.year - breed.years_of(generations_of_now));
-  if (before.generations >= least_generations) effect.before = before;
+  const bool has_young = std::ssize(breed.born(last - cohort + 1, last)) >= least_cohort;
+  if (has_lasted && has_young) effect.since = breed.rate(last - cohort + 1, last, effect.year);
+  const RateBefore before = estimate_before(breed, effect.year, last);
+  effect.before = before.rate;
+  effect.lacking_before = before.lacking;
   effect.is_real = is_real_change(effect.before, effect.since);
   return effect;
 }
 
+AgesAtBirths ages_at_births(const PopulationStore& store) {
+  AgesAtBirths ages;
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    for (const Sex sex : {male, female}) {
+      const std::int32_t parent = sex == male ? store.sire_no[i] : store.dam_no[i];
+      if (parent <= 0) continue;
+      ++ages.parents.of(sex);
+      if (store.birth_year[i] > 0 && store.birth_year[parent] != 0) ++ages.ages.of(sex);
+    }
+  }
+  return ages;
+}
+
+/// What is told of generations: rates, what they cost, and lines nearly lost.
+void look_at_generations(const Breed& breed, const AvailableAnimals& available, Standing& standing) {
+  estimate_now(breed, standing);
+  standing.rule = estimate_rule(breed, standing);
+  advise_on_sires(standing, available);
+  constexpr std::size_t most_lines = 4;
+  const std::vector<std::int32_t> living =
+      breed.born(standing.years.last - breed.years_of(2.0) + 1, standing.years.last);
+  standing.rare_lines = find_rare_lines(breed.store, living, most_lines, available);
+}
+
 void judge(Standing& standing) {
   const StandingData& data = standing.data;
-  const Evidence evidence = {data.cohort, data.equivalents, data.both_known, data.is_faulty};
+  const Evidence evidence = {data.cohort, data.equivalents, data.both_known, data.is_faulty,
+                             standing.years.has_interval()};
   standing.obstacles = obstacles_of(standing.rate(), evidence);
   if (standing.obstacles != no_obstacle) return;
   standing.pace = pace_of_size(effective_size_of(*standing.rate().rate));
@@ -184,31 +224,19 @@ Standing compute_standing(const PopulationStore& store, double generation_interv
   standing.settings = settings;
   standing.is_availability_told = available.is_told;
   constexpr double longest_interval = 1000.0;
-  const std::int32_t last = store.birth_years.last;
-  const bool has_years = last >= store.birth_years.first;
-  if (!has_years || !(generation_interval > 0.0) || generation_interval > longest_interval) {
-    standing.data.faults = faults;
-    standing.data.is_faulty = are_too_many(faults, store.animal_count);
-    if (has_years) {
-      standing.years = {.last = last,
-                        .recent_first = last - recent_years + 1,
-                        .cohort_first = last,
-                        .now_first = last,
-                        .known_first = last - known_years + 1};
-    }
-    return standing;
-  }
-  const Breed breed{store, generation_interval, years_of_birth(store, generation_interval)};
+  const bool has_interval = generation_interval > 0.0 && generation_interval <= longest_interval;
+  Breed breed{store, has_interval ? generation_interval : 0.0, {}};
+  if (has_interval) breed.birth_years = years_of_birth(store, generation_interval);
   standing.years = years_of(breed);
+  standing.ages = ages_at_births(store);
+  if (!has_interval && !std::isnan(generation_interval)) standing.ages.impossible_interval = generation_interval;
   standing.data = describe_data(breed, standing.years, faults);
   describe_young(breed, standing);
-  estimate_now(breed, standing);
-  standing.rule = estimate_rule(breed, standing);
-  advise_on_sires(standing, available);
-  constexpr std::size_t most_lines = 4;
-  const std::vector<std::int32_t> living =
-      breed.born(standing.years.last - breed.years_of(2.0) + 1, standing.years.last);
-  standing.rare_lines = find_rare_lines(store, living, most_lines, available);
+  if (has_interval) {
+    look_at_generations(breed, available, standing);
+  } else if (settings.rule_year) {
+    standing.rule.emplace().year = *settings.rule_year;
+  }
   judge(standing);
   return standing;
 }

@@ -11,6 +11,7 @@
 
 #include "pedigree/available_animals.h"
 #include "pedigree/population_store.h"
+#include "standing/early_parents.h"
 #include "standing/parents_in_use.h"
 #include "standing/rare_lines.h"
 #include "standing/verdict.h"
@@ -39,6 +40,9 @@ struct StandingYears {
   std::int32_t now_first = 0;     ///< of the last three generation intervals, back to which they are followed
   double generation_interval = 0.0;
   std::int32_t known_first = 0;  ///< of the last ten years, whose young tell how often both parents are known
+
+  /// Without one `cohort_first` and `now_first` are the last year, and tell nothing.
+  bool has_interval() const { return generation_interval > 0.0; }
 };
 
 /// The rates of the verdict, by what they are seen from.
@@ -49,7 +53,8 @@ inline constexpr std::size_t standing_ways = 3;
 struct RuleEffect {
   std::int32_t year = 0;
   RateEstimate before, since;
-  bool is_real = false;  ///< the margins do not overlap
+  bool is_real = false;                          ///< the margins do not overlap
+  std::optional<LackingParents> lacking_before;  ///< why there is no rate before
 };
 
 struct YoungOfFiveYears {
@@ -60,25 +65,43 @@ struct YoungOfFiveYears {
   double inbreeding = 0.0;                     ///< mean F of those judged
   double chance_inbreeding = 0.0;              ///< F had their parents been mated at random
   std::int64_t known_parents = 0, imported_parents = 0;  ///< of all births, both sexes
+
+  /// Whether they can show inbreeding: where none has two generations, an F of 0 tells nothing.
+  bool show_inbreeding() const { return judged > 0 && (shallow < births || inbreeding > 0.0); }
+};
+
+/// What the generation interval is worked out from: the births whose sire or dam is known, and of these the ones at
+/// which its age is. Where it comes out at what cannot be, below 0 or in the thousands, it is told in years.
+struct AgesAtBirths {
+  BySex<std::int64_t> parents = {}, ages = {};
+  std::optional<double> impossible_interval;
+
+  /// Whether parents are known of a sex of which no age is.
+  bool lack_dates() const {
+    return (parents.of(male) > 0 && ages.of(male) == 0) || (parents.of(female) > 0 && ages.of(female) == 0);
+  }
 };
 
 struct StandingData {
-  double equivalents = 0.0;      ///< mean generation equivalents of the young of the last five years
-  double both_known = 0.0;       ///< share of the young of the last ten years with both parents known
-  double unknown_parents = 0.0;  ///< share of the parents of all animals with a known parent
-  VerdictFaults faults;          ///< as the check names them
-  bool is_faulty = false;        ///< so many that nothing is said
-  std::int64_t cohort = 0;       ///< animals of the last generation interval
+  double equivalents = 0.0;               ///< mean generation equivalents of the young of the last five years
+  double both_known = 0.0;                ///< share of the young of the last ten years with both parents known
+  std::int64_t known_young = 0;           ///< so many young there are of the last ten years
+  std::optional<double> unknown_parents;  ///< share of the parents of all animals with a known parent; if there are any
+  VerdictFaults faults;                   ///< as the check names them
+  bool is_faulty = false;                 ///< so many that nothing is said
+  std::int64_t cohort = 0;                ///< animals of the last generation interval
 };
 
 struct Standing {
   StandingSettings settings;
   StandingYears years;
+  AgesAtBirths ages;
   Pace pace = Pace::cannot_be_judged;
   std::uint32_t obstacles = obstacle_few_animals;  ///< of a verdict
   int sureness = 0;                                ///< 3 to 1; 0 without a verdict
   std::array<RateEstimate, standing_ways> now;     ///< by `StandingWay`; the first is that of the verdict
   RateEstimate before;                             ///< by kinship, of the three generation intervals before
+  std::optional<LackingParents> lacking_before;    ///< why there is none
   std::optional<RuleEffect> rule;
   YoungOfFiveYears young;
   ParentsInUse sires, dams;                    ///< of the young of the last five years
@@ -89,6 +112,8 @@ struct Standing {
   RareLines rare_lines;                        ///< at most four, of the young of two generation intervals
   StandingData data;
 
+  /// The kinship of the sires with the dams, of which there are some.
+  bool has_chance_inbreeding() const { return !sires.parents.empty() && !dams.parents.empty(); }
   const RateEstimate& rate() const { return now[by_kinship]; }
   bool is_judged() const { return pace != Pace::cannot_be_judged; }
   /// The part of 1/(8 sires) + 1/(8 dams) that the sires make, as a rule of thumb for the rise of today; nothing
@@ -106,8 +131,9 @@ struct Standing {
 };
 
 /// Computes everything. F and completeness of all animals must be final. `generation_interval` is that of the report,
-/// not a number when no age is known: then nothing is judged. `faults` are those that the check found.
-/// Sires to use less and carriers of rare lines are named where they are `available`; all else is about all animals.
+/// not a number when no age is known: then no rate is told and nothing is judged, and what needs no interval is
+/// counted. `faults` are those that the check found. Sires to use less and carriers of rare lines are named where they
+/// are `available`; all else is about all animals.
 Standing compute_standing(const PopulationStore& store, double generation_interval, const StandingSettings& settings,
                           const VerdictFaults& faults = {}, const AvailableAnimals& available = {});
 

@@ -46,6 +46,7 @@ constexpr Wording of_two_intervals = {"animals of the last two generation interv
                                       "dieren van de laatste twee generatie-intervallen"};
 constexpr Wording with_import = {"rule of thumb: an unrelated sire with this share of the young",
                                  "vuistregel: een onverwante vader met dit deel van de jongen"};
+constexpr Wording no_interval = {"the generation interval is not known", "het generatie-interval is niet bekend"};
 constexpr double rate_limit = 0.01;
 
 std::string number(double value) {
@@ -75,6 +76,14 @@ struct RowList {
   void add(std::string_view figure, std::string value, std::string source, std::string limit = {}) {
     rows.push_back({std::string(figure), std::move(value), {}, {}, std::move(limit), std::move(source)});
   }
+  /// Empty unless it is known.
+  void add_known(std::string_view figure, bool is_known, double value, std::string source, std::string limit = {}) {
+    add(figure, is_known ? number(value) : std::string(), std::move(source), std::move(limit));
+  }
+  /// Of what is followed from generation to generation.
+  std::string of_generations(const Wording& wording, std::initializer_list<std::int32_t> years = {}) const {
+    return standing.years.has_interval() ? words(wording, years) : words(no_interval);
+  }
   void add_animal(std::string_view figure, std::int32_t position, std::string source) {
     add(figure, id(position), std::move(source));
     rows.back().is_id = true;
@@ -103,26 +112,27 @@ void add_rates(RowList& list) {
   const Standing& standing = list.standing;
   const StandingYears& years = standing.years;
   const std::initializer_list<std::int32_t> span = {years.cohort_first, years.last, years.now_first};
-  list.add_rate("rate", standing.rate(), list.words(from_kinship, span));
+  list.add_rate("rate", standing.rate(), list.of_generations(from_kinship, span));
   StandingRow& size = list.rows.emplace_back();
   size.figure = "effective_size";
   size.limit = number(least_size);
-  size.source = list.words(from_kinship, span) + "; " + list.words(of_size);
+  size.source = list.of_generations(from_kinship, span) + "; " + list.words(of_size);
   if (standing.rate().rate) {
     const Margin margin = margin_of(standing.rate());
     size.value = number(effective_size_of(*standing.rate().rate));
     size.low = number(effective_size_of(margin.high));
     size.high = number(effective_size_of(margin.low));
   }
-  list.add_rate("rate_by_inbreeding", standing.now[by_inbreeding], list.words(from_inbreeding, span));
+  list.add_rate("rate_by_inbreeding", standing.now[by_inbreeding], list.of_generations(from_inbreeding, span));
   list.add_rate("rate_by_parents_in_use", standing.now[by_parents_in_use],
-                list.words(from_kinship, {years.cohort_first, years.last, years.cohort_first}));
-  list.add_rate("rate_before", standing.before, list.words(before_rule, {years.now_first}));
+                list.of_generations(from_kinship, {years.cohort_first, years.last, years.cohort_first}));
+  list.add_rate("rate_before", standing.before, list.of_generations(before_rule, {years.now_first}));
   if (!standing.rule) return;
   list.add("rule_year", standing.rule->year, list.words(own_limit));
-  list.add_rate("rate_before_rule", standing.rule->before, list.words(before_rule, {standing.rule->year}));
-  list.add_rate("rate_since_rule", standing.rule->since, list.words(since_rule, {standing.rule->year}));
-  list.add("change_is_real", standing.rule->is_real ? "1" : "0", list.words(of_change));
+  list.add_rate("rate_before_rule", standing.rule->before, list.of_generations(before_rule, {standing.rule->year}));
+  list.add_rate("rate_since_rule", standing.rule->since, list.of_generations(since_rule, {standing.rule->year}));
+  const bool is_told = standing.rule->before.rate && standing.rule->since.rate;
+  list.add_known("change_is_real", is_told, standing.rule->is_real ? 1.0 : 0.0, list.words(of_change));
 }
 
 void add_young(RowList& list) {
@@ -136,17 +146,18 @@ void add_young(RowList& list) {
            list.judged() + "; F: " + list.words(is_own ? own_limit : usual_limit),
            number(standing.settings.most_inbreeding));
   list.add("young_of_half_sibs_or_closer", share_text(young.close, young.judged), list.judged() + "; F >= 0.125");
-  list.add("inbreeding_of_young", young.inbreeding, list.judged());
-  list.add("inbreeding_by_chance", young.chance_inbreeding, list.judged());
+  list.add_known("inbreeding_of_young", young.judged > 0, young.inbreeding, list.judged());
+  list.add_known("inbreeding_by_chance", standing.has_chance_inbreeding(), young.chance_inbreeding, list.judged());
   list.add("share_of_imported_parents", share_text(young.imported_parents, young.known_parents), list.young());
 }
 
 void add_parents(RowList& list) {
   const Standing& standing = list.standing;
   const auto add_use = [&](const std::string& sex, const ParentsInUse& use) {
-    list.add(sex + "_used", static_cast<double>(use.parents.size()), list.young());
-    list.add(sex + "_effective", use.effective, list.young());
-    list.add(sex + "_share_of_four", use.share_of_four, list.young());
+    const bool is_known = !use.parents.empty();
+    list.add_known(sex + "_used", is_known, static_cast<double>(use.parents.size()), list.young());
+    list.add_known(sex + "_effective", is_known, use.effective, list.young());
+    list.add_known(sex + "_share_of_four", is_known, use.share_of_four, list.young());
   };
   add_use("sires", standing.sires);
   add_use("dams", standing.dams);
@@ -168,7 +179,8 @@ void add_parents(RowList& list) {
   if (const std::optional<double> part = standing.sires_part_of_rise()) {
     list.add("sires_part_of_rise", *part, list.words(rule_of_thumb));
   }
-  list.add("inbreeding_with_import", standing.inbreeding_with_import(), list.words(with_import), limit);
+  list.add_known("inbreeding_with_import", standing.has_chance_inbreeding(), standing.inbreeding_with_import(),
+                 list.words(with_import), limit);
   if (const std::optional<double> generations = standing.generations_gained_by_import()) {
     list.add("generations_gained_by_import", *generations, list.words(with_import), limit);
   }
@@ -179,9 +191,10 @@ void add_parents(RowList& list) {
 
 void add_lines(RowList& list) {
   const RareLines& found = list.standing.rare_lines;
-  list.add("founders_of_young", static_cast<double>(found.founders), list.words(of_two_intervals));
-  list.add("rare_founders", static_cast<double>(found.rare_founders), list.words(of_two_intervals),
-           number(rare_founder));
+  const bool is_known = list.standing.years.has_interval();
+  const std::string source = list.of_generations(of_two_intervals);
+  list.add_known("founders_of_young", is_known, static_cast<double>(found.founders), source);
+  list.add_known("rare_founders", is_known, static_cast<double>(found.rare_founders), source, number(rare_founder));
   std::size_t number_of_line = 0;
   for (const RareLine& line : list.standing.rare_lines.lines) {
     std::string carriers;
@@ -200,7 +213,8 @@ void add_data(RowList& list) {
   list.add("generation_equivalents", data.equivalents, list.young() + bound, number(least_equivalents));
   list.add("both_parents_known", data.both_known, list.words(of_young, {years.known_first, years.last}) + bound,
            number(least_both_known));
-  list.add("unknown_parents", data.unknown_parents, list.words(of_all));
+  list.add_known("unknown_parents", data.unknown_parents.has_value(), data.unknown_parents.value_or(0.0),
+                 list.words(of_all));
   list.add("young_below_two_equivalents", share_text(list.standing.young.shallow, list.standing.young.births),
            list.young());
   const double most = std::floor(most_faulty_share * list.store.animal_count);
@@ -208,7 +222,7 @@ void add_data(RowList& list) {
            number(most));
   list.add("faults_of_file", static_cast<double>(data.faults.of_file), list.words(of_check) + bound, "0");
   list.add("late_births", static_cast<double>(data.faults.late_births.count), list.words(of_check) + bound, "0");
-  list.add("generation_interval", years.generation_interval, {});
+  list.add_known("generation_interval", years.has_interval(), years.generation_interval, list.of_generations({}));
 }
 
 }  // namespace

@@ -24,10 +24,11 @@ bool are_too_many(const VerdictFaults& faults, std::int64_t animals) {
 
 std::uint32_t obstacles_of(const RateEstimate& estimate, const Evidence& evidence) {
   std::uint32_t obstacles = no_obstacle;
-  if (evidence.cohort < least_cohort) obstacles |= obstacle_few_animals;
+  if (evidence.has_interval && evidence.cohort < least_cohort) obstacles |= obstacle_few_animals;
   if (evidence.equivalents < least_equivalents) obstacles |= obstacle_shallow;
   if (evidence.both_known < least_both_known) obstacles |= obstacle_unknown_parents;
   if (evidence.is_faulty) obstacles |= obstacle_faults;
+  if (!evidence.has_interval) return obstacles | obstacle_no_interval;
   if (!estimate.rate || estimate.generations < least_generations) return obstacles | obstacle_shallow;
   const Margin margin = margin_of(estimate);
   const bool may_be_too_fast = pace_of_size(effective_size_of(margin.high)) == Pace::too_fast;

@@ -43,6 +43,7 @@ enum Obstacle : std::uint32_t {
   obstacle_unknown_parents = 1U << 2U,  ///< too few young with both parents known
   obstacle_faults = 1U << 3U,       ///< the check names too many faults that falsify inbreeding or the effective size
   obstacle_wide_margin = 1U << 4U,  ///< from too fast to within the limit
+  obstacle_no_interval = 1U << 5U,  ///< no generation interval is known, so that there are no rates
 };
 
 /// The pace that belongs to an effective size.
@@ -90,6 +91,7 @@ struct Evidence {
   double equivalents = 0.0;  ///< mean generation equivalents of the young of the last five years
   double both_known = 0.0;   ///< share of the young of the last ten years with both parents known
   bool is_faulty = false;    ///< too many faults of the data, as `are_too_many` says
+  bool has_interval = true;  ///< whether a generation interval is known; without one there is no cohort
 };
 
 /// The bits of all that stands in the way of a verdict from this estimate.

@@ -10,7 +10,6 @@
 #include "checks/readable_text.h"
 #include "control/corrected_data.h"
 #include "control/run_ending.h"
-#include "control/steer_file.h"
 #include "core/side_by_side.h"
 #include "text/phrases.h"
 #include "text/system_reasons.h"
@@ -96,11 +95,6 @@ std::optional<ToolRefusal> analyse_folder(FolderUse use, StopRequest stop_reques
   } catch (const std::length_error&) {  // more elements than any memory holds
     return ToolRefusal{phrase(too_large, language)};
   }
-}
-
-std::string name_beside_report(const SteerSettings& settings, std::string_view ending) {
-  const std::filesystem::path report{std::string(settings.report_file_name.trimmed())};
-  return (report.parent_path() / report.stem()).string() + std::string(ending);
 }
 
 }  // namespace pedigreewatch

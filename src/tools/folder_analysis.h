@@ -3,10 +3,9 @@
 #pragma once
 
 #include <optional>
-#include <string>
-#include <string_view>
 
 #include "control/population_analysis.h"
+#include "control/steer_file.h"
 #include "core/line_reader.h"
 #include "core/tool_streams.h"
 
@@ -25,8 +24,5 @@ enum class FolderUse { animals, subpopulations_too };
 /// Computes the population of this folder. Refuses when a file is missing, its data stop a run, or somebody wants it to
 /// end.
 std::optional<ToolRefusal> analyse_folder(FolderUse use, StopRequest stop_request, AnalysedPopulation& population);
-
-/// A file beside the report: its name with `ending` in place of what stands behind the last full stop ("_years.tsv").
-std::string name_beside_report(const SteerSettings& settings, std::string_view ending);
 
 }  // namespace pedigreewatch

@@ -22,6 +22,7 @@
 #include "planning/parent_use.h"
 #include "planning/plan_candidates.h"
 #include "planning/plan_words.h"
+#include "text/counted.h"
 #include "text/system_reasons.h"
 #include "tools/available_list.h"
 #include "tools/folder_analysis.h"
@@ -67,27 +68,26 @@ constexpr auto rules = std::to_array<OptionRule>({{"--females"},
                                                   {"--plain", false}});
 
 constexpr Wording females_word = {"females", "vrouwelijke dieren"}, males_word = {"males", "mannelijke dieren"};
-constexpr Wording born_between = {"{2} born {3} to {4}: {1}", "{2} geboren {3} tot en met {4}: {1}"};
+constexpr Wording born_between = {"{2} born {3}: {1}", "{2} geboren {3}: {1}"};
 constexpr Wording listed_in = {"{2} of {3}: {1}", "{2} uit {3}: {1}"};
 constexpr Wording no_birth_years = {"no animal has a year of birth; name the {1} with {2} FILE",
                                     "van geen dier is het geboortejaar bekend; noem de {1} met {2} BESTAND"};
-constexpr Wording none_born = {
-    "no {1} were born from {2} to {3}; give more --years, or name the {1} with {4} FILE",
-    "er zijn geen {1} geboren van {2} tot en met {3}; geef meer --years, of noem de {1} met {4} BESTAND"};
+constexpr Wording none_born = {"no {1} were born in {2}; give more --years, or name the {1} with {3} FILE",
+                               "er zijn geen {1} geboren in {2}; geef meer --years, of noem de {1} met {3} BESTAND"};
 constexpr Wording none_aged = {
     "no {1} are of the ages at which parents were used in the last ten years; give --years, or name them with {2} FILE",
     "geen {1} zijn van de leeftijden waarop ouders de laatste tien jaar gebruikt zijn; geef --years, of noem ze met {2} BESTAND"};
 constexpr Wording ages_line = {
-    "  who of them is dead or sold is not told; at the births of the last ten years at least nine in ten {1} were {2} to {3} years old: --ages keeps to those ages",
-    "  wie dood of verkocht is, is niet bekend; bij de geboorten van de laatste tien jaar waren minstens negen van de tien {1} {2} tot en met {3} jaar oud: --ages houdt zich daaraan"};
+    "  who of them is dead or sold is not told; at the births of the last ten years at least nine in ten {1} were {2} years old: --ages keeps to those ages",
+    "  wie dood of verkocht is, is niet bekend; bij de geboorten van de laatste tien jaar waren minstens negen van de tien {1} {2} jaar oud: --ages houdt zich daaraan"};
 constexpr Wording ages_only_line = {
-    "  at the births of the last ten years at least nine in ten {1} were {2} to {3} years old: --ages keeps to those ages",
-    "  bij de geboorten van de laatste tien jaar waren minstens negen van de tien {1} {2} tot en met {3} jaar oud: --ages houdt zich daaraan"};
+    "  at the births of the last ten years at least nine in ten {1} were {2} years old: --ages keeps to those ages",
+    "  bij de geboorten van de laatste tien jaar waren minstens negen van de tien {1} {2} jaar oud: --ages houdt zich daaraan"};
 constexpr Wording proposed_line = {"  --years N takes those born in the last N years instead",
                                    "  --years N neemt in plaats daarvan de dieren geboren in de laatste N jaar"};
 constexpr Wording none_proposed_line = {
-    "  who of them is dead or sold is not told; none is {2} to {3} years old, as at least nine in ten {1} were at the births of the last ten years: all of these years are taken",
-    "  wie dood of verkocht is, is niet bekend; geen dier is {2} tot en met {3} jaar oud, zoals minstens negen van de tien {1} bij de geboorten van de laatste tien jaar: alle dieren van deze jaren tellen mee"};
+    "  who of them is dead or sold is not told; none is {2} years old, as at least nine in ten {1} were at the births of the last ten years: all of these years are taken",
+    "  wie dood of verkocht is, is niet bekend; geen dier is {2} jaar oud, zoals minstens negen van de tien {1} bij de geboorten van de laatste tien jaar: alle dieren van deze jaren tellen mee"};
 constexpr Wording dams_word = {"dams", "moeders"}, sires_word = {"sires", "vaders"};
 constexpr Wording not_opened = {"{1}: the file of {2} could not be opened: {3}",
                                 "{1}: het bestand van {2} kon niet geopend worden: {3}"};
@@ -320,12 +320,9 @@ std::optional<ToolRefusal> take_born(MatingRun& run, const ListWording& wording,
   for (std::vector<std::int32_t>* const born : {&positions, &run.without_sex}) {
     std::erase_if(*born, [&](std::int32_t position) { return !run.available.has(position); });
   }
-  const std::string first_text = std::to_string(first), last_text = std::to_string(years.last);
-  if (positions.empty()) {
-    return ToolRefusal{folder.words(none_born, {animals, first_text, last_text, wording.option})};
-  }
-  say(folder.streams.console,
-      folder.words(born_between, {std::to_string(positions.size()), animals, first_text, last_text}));
+  const std::string born = range_text(first, years.last, run.folder.language);
+  if (positions.empty()) return ToolRefusal{folder.words(none_born, {animals, born, wording.option})};
+  say(folder.streams.console, folder.words(born_between, {std::to_string(positions.size()), animals, born}));
   return std::nullopt;
 }
 
@@ -334,8 +331,8 @@ void say_ages(const MatingRun& run, const ListWording& wording, const Wording& l
   const std::optional<BreedingAges> ages = breeding_ages(run.store(), wording.sex);
   if (run.available.is_told || !ages) return;
   const FolderRun& folder = run.folder;
-  say(folder.streams.console, folder.words(line, {folder.words(wording.parents), std::to_string(ages->youngest),
-                                                  std::to_string(ages->oldest)}));
+  say(folder.streams.console,
+      folder.words(line, {folder.words(wording.parents), range_text(ages->youngest, ages->oldest, folder.language)}));
 }
 
 /// The animals of the ages at which parents were used.

@@ -20,6 +20,7 @@
 #include "diversity/diversity.h"
 #include "diversity/figures.h"
 #include "diversity/founder_list.h"
+#include "page/standing_words.h"
 #include "standing/standing_options.h"
 #include "standing/standing_table.h"
 #include "tables/animal_table.h"
@@ -27,6 +28,7 @@
 #include "tables/figure_tables.h"
 #include "tables/list_tables.h"
 #include "tables/year_tables.h"
+#include "text/counted.h"
 #include "text/system_reasons.h"
 #include "tools/available_list.h"
 #include "tools/folder_analysis.h"
@@ -86,14 +88,16 @@ constexpr auto rules = std::to_array<OptionRule>({{"--years"},
                                                   {"--founders", false},
                                                   {"--ancestors", false}});
 
-constexpr Wording birth_years = {"{1} birth years", "{1} geboortejaren"};
-constexpr Wording animals = {"{1} animals", "{1} dieren"};
-constexpr Wording subpopulations = {"{1} subpopulations", "{1} subpopulaties"};
-constexpr Wording reference_size = {"reference population of {1} animals", "referentiepopulatie van {1} dieren"};
-constexpr Wording cohorts_counted = {"{1} cohorts", "{1} cohorten"};
-constexpr Wording sires_counted = {"{1} sires", "{1} vaders"};
-constexpr Wording founders_counted = {"{1} founders, {2} times their genes were dropped",
-                                      "{1} stamdieren, {2} keer zijn hun genen verloot"};
+constexpr Counted birth_years = {{"1 birth year", "1 geboortejaar"}, {"{1} birth years", "{1} geboortejaren"}};
+constexpr Counted animals = {{"1 animal", "1 dier"}, {"{1} animals", "{1} dieren"}};
+constexpr Counted subpopulations = {{"1 subpopulation", "1 subpopulatie"}, {"{1} subpopulations", "{1} subpopulaties"}};
+constexpr Counted reference_size = {{"reference population of 1 animal", "referentiepopulatie van 1 dier"},
+                                    {"reference population of {1} animals", "referentiepopulatie van {1} dieren"}};
+constexpr Counted cohorts_counted = {{"1 cohort", "1 cohort"}, {"{1} cohorts", "{1} cohorten"}};
+constexpr Counted sires_counted = {{"1 sire", "1 vader"}, {"{1} sires", "{1} vaders"}};
+constexpr Counted founders_counted = {
+    {"1 founder, {2} times its genes were dropped", "1 stamdier, {2} keer zijn de genen ervan verloot"},
+    {"{1} founders, {2} times their genes were dropped", "{1} stamdieren, {2} keer zijn hun genen verloot"}};
 constexpr Wording no_reference = {
     "no animal of the last ten birth years has both parents known: the reference population is empty, and so are its figures; --years or --ids name another one",
     "van geen dier van de laatste tien geboortejaren zijn beide ouders bekend: de referentiepopulatie is leeg, en haar cijfers ook; --years of --ids noemen een andere"};
@@ -182,7 +186,7 @@ bool write_founder_file(const Tables& tables, std::vector<TableFile>& files, Fil
   const std::vector<FounderEntry> founders =
       list_founders(make_reference_pedigree(store, tables.diversity.reference.positions));
   const std::string content =
-      tables.run.words(founders_counted, {std::to_string(founders.size()), std::to_string(usual_gene_drops)});
+      counted(founders_counted, std::ssize(founders), tables.run.language, {std::to_string(usual_gene_drops)});
   return write_file(tables, "_founders", content, files, problem,
                     [&](TableWriter& writer) { write_founders(store, founders, writer); });
 }
@@ -193,8 +197,8 @@ bool write_figure_files(const Tables& tables, std::vector<TableFile>& files, Fil
   const PopulationFigures& figures = tables.figures;
   const ByNumber<std::int32_t> offspring = count_offspring(store);
   const ListedPopulation listed{store, tables.diversity, figures, offspring};
-  const auto write = [&](std::string_view name, const Wording& counted, std::size_t count, auto write_table) {
-    const std::string content = tables.run.words(counted, {std::to_string(count)});
+  const auto write = [&](std::string_view name, const Counted& thing, std::size_t count, auto write_table) {
+    const std::string content = counted(thing, static_cast<std::int64_t>(count), tables.run.language);
     return write_file(tables, name, content, files, problem, write_table);
   };
   const ActionLists& lists = figures.lists;
@@ -218,31 +222,32 @@ bool write_files(const Tables& tables, std::vector<TableFile>& files, FileProble
   const AnalysedPopulation& population = tables.run.population;
   const PopulationStore& store = population.store;
   const std::vector<GroupCounts> groups = count_groups(population);
-  const auto counted = [&](const Wording& wording, std::int64_t count) {
-    return tables.run.words(wording, {std::to_string(count)});
-  };
   const auto years = [&](TableWriter& writer) { write_years(population, groups, writer); };
   const auto of_subpopulations = [&](TableWriter& writer) { write_subpopulations(population, groups, writer); };
   const auto of_animals = [&](TableWriter& writer) { write_animals(store, tables.figures.animals, writer); };
   const std::int64_t year_count = store.birth_years.dated_row_count();
-  if (!write_file(tables, "_years", counted(birth_years, year_count), files, problem, years)) return false;
+  if (!write_file(tables, "_years", counted(birth_years, year_count, tables.run.language), files, problem, years))
+    return false;
   if (tables.has_subpopulations()) {
-    const std::string content = counted(subpopulations, population.settings.layout.subpopulations.count());
+    const std::string content =
+        counted(subpopulations, population.settings.layout.subpopulations.count(), tables.run.language);
     if (!write_file(tables, "_subpopulations", content, files, problem, of_subpopulations)) return false;
   }
   const std::int64_t animal_count = static_cast<std::int64_t>(store.size());
-  if (!write_file(tables, "_animals", counted(animals, animal_count), files, problem, of_animals)) return false;
+  if (!write_file(tables, "_animals", counted(animals, animal_count, tables.run.language), files, problem, of_animals))
+    return false;
   const auto of_diversity = [&](TableWriter& writer) {
     write_diversity_table(store, tables.diversity, tables.run.language, writer);
   };
   const std::size_t members = tables.diversity.reference.positions.size();
-  const std::string content =
-      members == 0 ? tables.run.words(no_reference) : counted(reference_size, static_cast<std::int64_t>(members));
+  const std::string content = members == 0
+                                  ? tables.run.words(no_reference)
+                                  : counted(reference_size, static_cast<std::int64_t>(members), tables.run.language);
   if (!write_file(tables, "_diversity", content, files, problem, of_diversity)) return false;
   const auto of_standing = [&](TableWriter& writer) {
     write_standing_table(store, tables.standing, tables.run.language, writer);
   };
-  const std::string verdict = tables.run.words(verdict_is, {name_of(tables.standing.pace)});
+  const std::string verdict = tables.run.words(verdict_is, {pace_words(tables.standing.pace, tables.run.language)});
   return write_file(tables, "_standing", verdict, files, problem, of_standing) &&
          write_figure_files(tables, files, problem);
 }

@@ -348,7 +348,7 @@ std::vector<FindingCase> finding_cases() {
          "b;f;01-02-2000;;\n"
          "c;m;01-03-2001;A;b\n",
      "4|4|c|parent-spelling|W|Father \"A\" (1 young) has no line; is \"a\" (line 2) meant?",
-     "4|4|c|parent-spelling|W|Vader \"A\" (1 jong(en)) heeft geen regel; is \"a\" (regel 2) bedoeld?",
+     "4|4|c|parent-spelling|W|Vader \"A\" (1 jong) heeft geen regel; is \"a\" (regel 2) bedoeld?",
      {}, {}, nullptr},
     {"parent-one-letter",
      "id;sex;birthdate;sire;dam\n"
@@ -357,7 +357,7 @@ std::vector<FindingCase> finding_cases() {
          "c;m;01-03-2001;HS100;b\n"
          "d;m;01-03-2001;HS010;b\n",
      "5|4|d|parent-one-letter|W|Father \"HS010\" (1 young) has no line; is \"HS100\" (line 2) meant?",
-     "5|4|d|parent-one-letter|W|Vader \"HS010\" (1 jong(en)) heeft geen regel; is \"HS100\" (regel 2) bedoeld?",
+     "5|4|d|parent-one-letter|W|Vader \"HS010\" (1 jong) heeft geen regel; is \"HS100\" (regel 2) bedoeld?",
      {}, {}, nullptr},
     {"unknown-word",
      "id;sex;birthdate;sire;dam\n"
@@ -365,7 +365,7 @@ std::vector<FindingCase> finding_cases() {
          "b;f;01-02-2000;;\n"
          "c;m;01-03-2001;NA;b\n",
      "4|4|c|unknown-word|W|\"NA\" is taken for an animal (1 young); leave it empty",
-     "4|4|c|unknown-word|W|\"NA\" telt als dier (1 jong(en)); laat het leeg",
+     "4|4|c|unknown-word|W|\"NA\" telt als dier (1 jong); laat het leeg",
      {}, {}, nullptr},
     {"unknown-perhaps",
      "id;sex;birthdate;sire;dam\n"
@@ -394,7 +394,7 @@ std::vector<FindingCase> finding_cases() {
          "c;m;01-03-2001;a;b\n"
          "d;f;01-04-2001;;a\n",
      "4|4|c|both-roles|W|\"a\" is a father here (1 young), a mother in line 5 (1 young)",
-     "4|4|c|both-roles|W|\"a\" is hier vader (1 jong(en)), in regel 5 moeder (1 jong(en))",
+     "4|4|c|both-roles|W|\"a\" is hier vader (1 jong), in regel 5 moeder (1 jong)",
      {}, {}, nullptr},
     {"parent-sex",
      "id;sex;birthdate;sire;dam\n"
@@ -402,7 +402,7 @@ std::vector<FindingCase> finding_cases() {
          "b;f;01-02-2000;;\n"
          "c;m;01-03-2001;a;b\n",
      "4|4|c|parent-sex|W|Father \"a\" (1 young) is recorded as female (line 2)",
-     "4|4|c|parent-sex|W|Vader \"a\" (1 jong(en)) staat als vrouwelijk te boek (regel 2)",
+     "4|4|c|parent-sex|W|Vader \"a\" (1 jong) staat als vrouwelijk te boek (regel 2)",
      {}, {}, nullptr},
     {"parent-name",
      "id;name;sex;birthdate;sire;dam\n"
@@ -590,7 +590,7 @@ std::vector<FindingCase> finding_cases() {
          "b;f;01-02-2000;;\n"
          "c;m;01-03-2001;zzz;b\n",
      "4|4|c|parent-missing|L|Father \"zzz\" (1 young) has no line",
-     "4|4|c|parent-missing|L|Vader \"zzz\" (1 jong(en)) heeft geen regel",
+     "4|4|c|parent-missing|L|Vader \"zzz\" (1 jong) heeft geen regel",
      {}, {}, nullptr},
     {"parent-young",
      "id;sex;birthdate;sire;dam\n"

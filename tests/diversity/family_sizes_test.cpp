@@ -150,7 +150,7 @@ TEST(FamilySizes, SayWhyNothingIsSaid) {
             "not said, because no birth year has had all its young, or no ages of parents are known");
   estimate.obstacle = FamilySizeObstacle::few_parents;
   EXPECT_EQ(words_of_obstacle(estimate, ToolLanguage::english),
-            "not said, because fewer than 10 sires or 10 dams born from 2001 to 2005 have bred");
+            "not said, because fewer than 10 sires or 10 dams born in 2001 to 2005 have bred");
   estimate.obstacle = FamilySizeObstacle::unknown_parents;
   EXPECT_EQ(words_of_obstacle(estimate, ToolLanguage::dutch),
             "niet gezegd, omdat van meer dan 10 % van de dieren waarmee gefokt is de vader of de moeder, of het "

@@ -68,6 +68,7 @@ TEST(WriteStanding, UnknownParentsAreThoseOfTheYearsThatAreCounted) {
   standing.years.known_first = 2015;
   standing.obstacles = obstacle_unknown_parents;
   standing.data.both_known = 0.5;
+  standing.data.known_young = 100;
   EXPECT_TRUE(has(screen_of(standing),
                   "50 of 100 young of 2015\xE2\x80\x93"
                   "2024 have both parents known"));

@@ -104,6 +104,7 @@ TEST(StandingTable, OnlySiresThatAreThereAreNamedAndTheOthersCounted) {
 TEST(StandingTable, TellsTheSiresPartAndWhatAnImportWouldDo) {
   Standing standing = some_standing();
   standing.sires.effective = 10.0;
+  standing.dams.parents = {{3, 35, 1.0}};
   standing.dams.effective = 30.0;
   standing.young.chance_inbreeding = 0.2;
   const std::vector<StandingRow> rows = standing_rows(four_animals(), standing, ToolLanguage::english);
@@ -113,9 +114,27 @@ TEST(StandingTable, TellsTheSiresPartAndWhatAnImportWouldDo) {
   EXPECT_EQ(row_named(rows, "generations_gained_by_import")->value, "1");  // 0.01 at 0.0125 x 0.8 each
 }
 
+TEST(StandingTable, WhatIsNotKnownIsEmptyAndNoNumber) {
+  Standing standing;
+  standing.years = {2024, 2020, 2024, 2024, 0.0, 2015};
+  standing.young.births = 30;
+  standing.rule = RuleEffect{2020, {}, {}, false, {}};
+  const std::vector<StandingRow> rows = standing_rows(four_animals(), standing, ToolLanguage::english);
+  for (const std::string_view figure :
+       {"rate", "inbreeding_of_young", "inbreeding_by_chance", "inbreeding_with_import", "sires_used", "dams_used",
+        "sires_effective", "dams_share_of_four", "founders_of_young", "rare_founders", "unknown_parents",
+        "change_is_real", "generation_interval"}) {
+    ASSERT_NE(row_named(rows, figure), nullptr) << figure;
+    EXPECT_EQ(row_named(rows, figure)->value, "") << figure;
+  }
+  EXPECT_EQ(row_named(rows, "births")->value, "30");
+  EXPECT_EQ(row_named(rows, "rate")->source, "the generation interval is not known; FAO (1998): 1 % per generation");
+  EXPECT_EQ(row_named(rows, "founders_of_young")->source, "the generation interval is not known");
+}
+
 TEST(StandingTable, ARuleHasItsRows) {
   Standing standing = some_standing();
-  standing.rule = RuleEffect{2015, {0.02, 0.1, 3.0}, {0.01, 0.1, 3.0}, true};
+  standing.rule = RuleEffect{2015, {0.02, 0.1, 3.0}, {0.01, 0.1, 3.0}, true, {}};
   const std::vector<StandingRow> rows = standing_rows(four_animals(), standing, ToolLanguage::english);
   EXPECT_EQ(row_named(rows, "rule_year")->value, "2015");
   EXPECT_EQ(row_named(rows, "rate_before_rule")->value, "0.02");
@@ -132,7 +151,7 @@ std::string figure_family(const std::string& figure) {
 /// A breed of which there is something to say with every figure.
 Standing standing_with_everything() {
   Standing standing = some_standing();
-  standing.rule = RuleEffect{2015, {0.02, 0.1, 3.0}, {0.01, 0.1, 3.0}, true};
+  standing.rule = RuleEffect{2015, {0.02, 0.1, 3.0}, {0.01, 0.1, 3.0}, true, {}};
   standing.overused_sires = 2;
   standing.sires.effective = 10.0;
   standing.dams.effective = 30.0;

@@ -179,6 +179,90 @@ TEST(Standing, TheYoungAreCountedOnBothSidesOfTheBounds) {
   EXPECT_NEAR(young.inbreeding, (0.125 + 0.124 + 0.0625 + 0.0626 + 0.25) / 11.0, 1e-7);
 }
 
+TEST(Standing, WithoutAnIntervalWhatNeedsNoneIsCounted) {
+  const PopulationStore store = small_store();
+  const Standing with = compute_standing(store, 3.0, {});
+  StandingSettings settings;
+  settings.rule_year = 2003;
+  const Standing without = compute_standing(store, std::numeric_limits<double>::quiet_NaN(), settings);
+  EXPECT_FALSE(without.years.has_interval());
+  EXPECT_EQ(without.obstacles & obstacle_no_interval, obstacle_no_interval);
+  EXPECT_EQ(without.obstacles & obstacle_few_animals, 0U);
+  EXPECT_EQ(without.young.births, 13);
+  EXPECT_EQ(without.young.judged, 11);
+  EXPECT_EQ(without.sires.parents.size(), with.sires.parents.size());
+  EXPECT_DOUBLE_EQ(without.sires.effective, with.sires.effective);
+  EXPECT_DOUBLE_EQ(without.dams.share_of_four, with.dams.share_of_four);
+  EXPECT_GT(without.data.both_known, 0.0);
+  EXPECT_DOUBLE_EQ(without.data.both_known, with.data.both_known);
+  EXPECT_DOUBLE_EQ(without.data.equivalents, with.data.equivalents);
+  EXPECT_EQ(with.overused_sires, 3);
+  EXPECT_EQ(without.overused_sires, 0) << "no limit is judged";
+  EXPECT_FALSE(without.rate().rate.has_value());
+  ASSERT_TRUE(without.rule.has_value());
+  EXPECT_EQ(without.rule->year, 2003);
+}
+
+TEST(Standing, TellsWhichAgesThereAreForAnInterval) {
+  // Of the four births with a sire two have his age, of the three with a dam none.
+  const PopulationStore store = numbered_store(
+      "2000 m\nm\n.\n"
+      "2003 s=1 d=3\n2004 s=1 d=3\n2004 s=2 d=3\n. s=1\n");
+  const double none = std::numeric_limits<double>::quiet_NaN();
+  const AgesAtBirths ages = compute_standing(store, none, {}).ages;
+  EXPECT_EQ(ages.parents.of(male), 4);
+  EXPECT_EQ(ages.ages.of(male), 2);
+  EXPECT_EQ(ages.parents.of(female), 3);
+  EXPECT_EQ(ages.ages.of(female), 0);
+  EXPECT_TRUE(ages.lack_dates());
+  EXPECT_FALSE(ages.impossible_interval.has_value());
+  EXPECT_FALSE(compute_standing(numbered_store("2000 m\n2003 s=1\n"), none, {}).ages.lack_dates()) << "no dam at all";
+  EXPECT_EQ(compute_standing(store, -1.5, {}).ages.impossible_interval, -1.5);
+  EXPECT_EQ(compute_standing(store, 1001.0, {}).ages.impossible_interval, 1001.0);
+  EXPECT_FALSE(compute_standing(store, 3.0, {}).ages.impossible_interval.has_value());
+}
+
+TEST(Standing, AnFOfNoneTellsNothingWhereNoYoungHasTwoGenerations) {
+  YoungOfFiveYears young;
+  young.births = young.shallow = 10;
+  EXPECT_FALSE(young.show_inbreeding());
+  young.judged = 10;
+  EXPECT_FALSE(young.show_inbreeding());
+  young.inbreeding = 0.001;
+  EXPECT_TRUE(young.show_inbreeding());
+  young.inbreeding = 0.0;
+  young.shallow = 9;
+  EXPECT_TRUE(young.show_inbreeding());
+}
+
+TEST(Standing, UnknownParentsAreOfAnimalsThatHaveOne) {
+  const double none = std::numeric_limits<double>::quiet_NaN();
+  EXPECT_FALSE(compute_standing(numbered_store("2000 m\n2000\n"), none, {}).data.unknown_parents.has_value());
+  EXPECT_EQ(compute_standing(numbered_store("2000 m\n2002 s=1\n"), none, {}).data.unknown_parents, 0.5);
+}
+
+// Nine years before the nine of now, 3 of each are a generation; the book begins so many years before these.
+TEST(SimulatedBreeds, ABookThatBeginsLateDoesNotMakeAChange) {
+  int breeds = 0, compared = 0, real_changes = 0;
+  for (BreedScheme scheme : breeds_of_known_size({})) {
+    scheme.years = 48;
+    for (const std::int32_t before : {9, 7, 5, 3, 0}) {
+      scheme.book_begins = scheme.years - 18 - 3 + before;
+      for (int seed = 0; seed < breeds_of_each_kind; ++seed) {
+        const Standing standing =
+            compute_standing(simulate_breed(scheme, static_cast<std::uint64_t>(seed) + 77U), 3.0, {});
+        ++breeds;
+        compared += standing.before.rate.has_value() ? 1 : 0;
+        real_changes += is_real_change(standing.before, standing.rate()) ? 1 : 0;
+        EXPECT_NE(standing.before.rate.has_value(), standing.lacking_before.has_value());
+      }
+    }
+  }
+  EXPECT_LE(real_changes * 25, breeds);  // 4 of 100, as where the book is whole
+  EXPECT_GT(compared, 0);
+  EXPECT_LT(compared, breeds);
+}
+
 TEST(Standing, SiresAboveTheBoardsLimitAreOverused) {
   StandingSettings settings;
   const std::int64_t all = 12;  // young with a known sire: 7, 3 and 2

@@ -38,6 +38,12 @@ TEST(Verdict, NothingIsSaidBelowAnyOfTheBounds) {
             obstacle_few_animals | obstacle_shallow | obstacle_unknown_parents | obstacle_faults);
 }
 
+TEST(Verdict, WithoutAnIntervalThereIsNoCohortToCount) {
+  EXPECT_EQ(obstacles_with({0, 5.0, 0.9, false, false}), obstacle_no_interval);
+  EXPECT_EQ(obstacles_of({}, {0, 2.99, 0.79, true, false}),
+            obstacle_no_interval | obstacle_shallow | obstacle_unknown_parents | obstacle_faults);
+}
+
 TEST(Verdict, TwoFaultyAnimalsOfAHundredAreNotTooMany) {
   EXPECT_FALSE(are_too_many({0, 2}, 100));
   EXPECT_TRUE(are_too_many({0, 3}, 100));

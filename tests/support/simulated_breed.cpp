@@ -131,6 +131,21 @@ void plant_faults(BreedMaking& making) {
   }
 }
 
+/// Animals of the years before are as if they had never been: without a year, without parents and young.
+void begin_book(BreedMaking& making) {
+  PopulationStore& store = making.store;
+  const std::int32_t first = first_year_of_breeds + making.scheme.book_begins;
+  for (std::int32_t i = store.animal_count; i > 0; --i) {
+    for (ByNumber<std::int32_t>* const parents : {&store.sire_no, &store.dam_no}) {
+      std::int32_t& parent = (*parents)[i];
+      if (store.birth_year[i] < first || store.birth_year[parent] < first) parent = 0;
+    }
+  }
+  for (std::int32_t i = 1; i <= store.animal_count; ++i) {
+    if (store.birth_year[i] < first) store.birth_year[i] = 0;
+  }
+}
+
 /// Sires and dams that enter in a year of breeds in which all are used alike.
 struct YearlyParents {
   std::int32_t sires = 0, dams = 0;
@@ -169,6 +184,7 @@ PopulationStore simulate_breed(const BreedScheme& scheme, std::uint64_t seed) {
     numbers->values.push_back(0);
   for (std::int32_t year = 0; year < scheme.years; ++year) breed_year(making, year);
   plant_faults(making);
+  if (scheme.book_begins > 0) begin_book(making);
   for (std::int32_t i = 1; i <= store.animal_count; ++i) {
     for (const std::int32_t parent : {store.sire_no[i], store.dam_no[i]}) {
       if (parent == 0) continue;

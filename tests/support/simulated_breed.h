@@ -17,10 +17,11 @@ struct BreedScheme {
   double imported = 0.0;           ///< share of those that enter
   bool has_popular_sires = false;  ///< a fifth of the sires is used four times as much
   bool has_rule = false;
-  std::int32_t rule_year = 0;  ///< with a rule, from this year on (counted from 0) young have twice as many parents
-  std::int32_t litter = 1;     ///< young of each mating
-  double wrong_parents = 0.0;  ///< share of the animals recorded with another sire, any older male
-  double wrong_years = 0.0;    ///< share of the animals recorded with another year of birth, up to ten years off
+  std::int32_t rule_year = 0;    ///< with a rule, from this year on (counted from 0) young have twice as many parents
+  std::int32_t litter = 1;       ///< young of each mating
+  double wrong_parents = 0.0;    ///< share of the animals recorded with another sire, any older male
+  std::int32_t book_begins = 0;  ///< animals born before this year (from 0) have no line, and are no parents in others
+  double wrong_years = 0.0;      ///< share of the animals recorded with another year of birth, up to ten years off
 };
 
 /// The year that is 0 in a scheme.
