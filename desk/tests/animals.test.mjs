@@ -4,7 +4,7 @@ import assert from "node:assert/strict";
 import { execFileSync } from "node:child_process";
 import { join } from "node:path";
 import { test } from "node:test";
-import { enter, idle, isFirefox, saved, testDesks, textOf, violations } from "./browser.mjs";
+import { enter, idle, isFirefox, saved, selectText, testDesks, textOf, violations } from "./browser.mjs";
 import { openHerd, stemOf } from "./small_herd.mjs";
 
 const { withDesk } = testDesks();
@@ -106,7 +106,7 @@ test("AllAnimalsAreSortedFilteredAndOpened", () => withDesk(async (page, desk) =
   await whenIdsAre(page, "");
   assert.equal(await textOf(page, "#animals-place"), "No animal is so.");
   assert.deepEqual(await violations(page), []);
-  await page.click("#animals-text", { clickCount: 3 });
+  await selectText(page, "#animals-text");
   await page.keyboard.press("Backspace");
   await whenIdsAre(page, "D");
   await page.click("#all-animals tbody button");

@@ -3,7 +3,7 @@
 import assert from "node:assert/strict";
 import { test } from "node:test";
 import { books, readDataFile, truthOf } from "./books.mjs";
-import { choose, enter, idle, pressButton, saved, testDesks, textOf, writeInput } from "./browser.mjs";
+import { choose, enter, idle, pressButton, saved, selectText, testDesks, textOf, writeInput } from "./browser.mjs";
 import { stemOf } from "./small_herd.mjs";
 
 const { withDesk } = testDesks();
@@ -20,7 +20,7 @@ async function openFirst(page, kind) {
 /** Types something else into a cell of the animal whose lines are shown first. */
 async function typeInto(page, heading, text) {
   const cell = await page.$(`.mend tbody tr input[aria-label^="${heading},"]`);
-  await cell.click({ clickCount: 3 });
+  await selectText(page, cell);
   await cell.type(text);
   await page.keyboard.press("Enter");
   await idle(page);

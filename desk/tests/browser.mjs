@@ -17,6 +17,9 @@ export const root = resolve(import.meta.dirname ?? ".", "../..");
 export const deskFile = process.env.DESK_FILE ?? join(root, "build/desk/pedigreewatch-desk.html");
 export const isFirefox = process.env.DESK_BROWSER === "firefox";
 
+/** Of a test that looks at what is printed, which only Chromium does for it. */
+export const onlyPrinted = { skip: isFirefox };
+
 export function startBrowser() {
   return isFirefox
     ? puppeteer.launch({ browser: "firefox", executablePath: "/usr/bin/firefox-esr", headless: true,
@@ -134,4 +137,12 @@ export function writeInput(desk, name, content) {
   const file = join(desk.folder, `in-${Math.random().toString(36).slice(2)}-${name}`);
   writeFileSync(file, content);
   return file;
+}
+
+/** Selects what stands in a field, named by a selector or given itself, so that what is typed takes its place. */
+export async function selectText(page, field) {
+  await (typeof field === "string" ? page.click(field) : field.click());
+  await page.keyboard.down("Control");
+  await page.keyboard.press("a");
+  await page.keyboard.up("Control");
 }

@@ -2,7 +2,7 @@
 
 import assert from "node:assert/strict";
 import { test } from "node:test";
-import { choose, enter, idle, pressButton, saved, testDesks, textOf, violations, writeInput } from "./browser.mjs";
+import { choose, enter, idle, pressButton, saved, selectText, testDesks, textOf, violations, writeInput } from "./browser.mjs";
 import { herd, openHerd, stemOf } from "./small_herd.mjs";
 
 const { withDesk } = testDesks();
@@ -45,7 +45,7 @@ test("ACellIsMendedTheListIsKeptAndDroppedTheYearAfter", () => withDesk(async (p
   await page.click("#mend-0");
   await page.waitForSelector(".mend input.meant");
   const cell = await page.waitForSelector('.mend input[aria-label="birthdate, line 7"]');
-  await cell.click({ clickCount: 3 });
+  await selectText(page, cell);
   await cell.type("25-01-2005");
   await page.keyboard.press("Enter");
   await page.waitForSelector("#corrections-sentence");
@@ -99,7 +99,7 @@ test("AnIdOfAnotherAnimalIsRefusedInItsCell", () => withDesk(async (page, desk) 
   await page.click("[id^=mend-]");
   const cell = '.mend input[aria-label="id, line 7"]';
   await page.waitForSelector(cell);
-  await page.click(cell, { clickCount: 3 });
+  await selectText(page, cell);
   await page.type(cell, "G");
   await page.keyboard.press("Enter");
   await page.waitForSelector("#refused-why");
@@ -113,7 +113,7 @@ test("AnIdOfAnotherAnimalIsRefusedInItsCell", () => withDesk(async (page, desk) 
   await page.waitForFunction(() => document.querySelector("#refused-why") === null);
   await page.waitForSelector(cell);
   assert.equal(await page.$eval(cell, (input) => input.value), "F");
-  await page.click(cell, { clickCount: 3 });
+  await selectText(page, cell);
   await page.type(cell, "G");
   await page.keyboard.press("Enter");
   await page.waitForSelector("#refused-why");
@@ -135,7 +135,7 @@ test("ADateIsKeptAsTheColumnWritesItAndTheOfficeGetsWhatPeopleType", () => withD
   await page.waitForSelector(cell);
   assert.equal(await page.$eval(cell, (input) => input.parentElement.querySelector("small").textContent), "= 04-08-1935");
   const type = async (words) => {
-    await page.click(cell, { clickCount: 3 });
+    await selectText(page, cell);
     await page.type(cell, words);
     await page.keyboard.press("Enter");
     await idle(page);

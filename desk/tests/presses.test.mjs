@@ -2,14 +2,14 @@
 
 import assert from "node:assert/strict";
 import { test } from "node:test";
-import { choose, enter, idle, testDesks, textOf, writeInput } from "./browser.mjs";
+import { choose, enter, idle, selectText, testDesks, textOf, writeInput } from "./browser.mjs";
 import { herd, openHerd } from "./small_herd.mjs";
 
 const { withDesk } = testDesks();
 
 /** Types a name and leaves the field by pressing something else, slowly: what the change does is done in between. */
 async function pressBehindName(page, name, selector) {
-  await page.click("#population", { clickCount: 3 });
+  await selectText(page, "#population");
   await page.type("#population", name);
   const { x, y, width, height } = await (await page.$(selector)).boundingBox();
   await page.mouse.move(x + width / 2, y + height / 2);
@@ -29,7 +29,7 @@ test("AStepThatIsPressedBehindATypedNameIsEntered", () => withDesk(async (page, 
 
 test("AQuickPressBehindATypedNameIsNotLostEither", () => withDesk(async (page, desk) => {
   await openHerd(page, desk);
-  await page.click("#population", { clickCount: 3 });
+  await selectText(page, "#population");
   await page.type("#population", "Heath Sheep");
   await page.click("#step-data");
   await page.waitForSelector('#step-data[aria-current="step"]');
@@ -59,7 +59,7 @@ test("AButtonBelowTheFieldDoesNotMoveAwayWhileItIsPressed", () => withDesk(async
 
 test("WhatAPressKeepsBackIsDrawnBehindItAndBehindALongOne", () => withDesk(async (page, desk) => {
   await openHerd(page, desk);
-  await page.click("#population", { clickCount: 3 });
+  await selectText(page, "#population");
   await page.type("#population", "Heath Sheep");
   const { x, y } = await (await page.$("#title")).boundingBox();
   await page.mouse.move(x + 5, y + 5);
