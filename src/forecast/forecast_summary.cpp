@@ -1,6 +1,7 @@
 #include "forecast/forecast_summary.h"
 
 #include <cmath>
+#include <limits>
 
 #include "core/shares.h"
 
@@ -54,6 +55,12 @@ std::optional<double> effective_size(const ReplicateYears& years) {
   return 0.5 / *rate;
 }
 
+/// The sizes of these rates: without limit where kinship does not rise. Of a median rate the size is the median one.
+Band sizes_of(const Band& rate) {
+  const auto size = [](double loss) { return loss > 0.0 ? 0.5 / loss : std::numeric_limits<double>::infinity(); };
+  return {size(rate.high), size(rate.median), size(rate.low), rate.replicates, size(rate.most), size(rate.least)};
+}
+
 }  // namespace
 
 std::optional<double> figure_of(const Forecast& forecast, const ReplicateYears& years, SummaryFigure figure) {
@@ -98,6 +105,8 @@ std::vector<ScenarioSummary> summarise(const Forecast& forecast) {
       }
       summary.rows[k] = {figure, band_of(std::move(values)), band_of(std::move(differences))};
     }
+    const auto& rate = summary.of(SummaryFigure::kinship_rate_per_generation).value;
+    if (rate) summary.rows[static_cast<std::size_t>(SummaryFigure::effective_size)].value = sizes_of(*rate);
   }
   return summaries;
 }

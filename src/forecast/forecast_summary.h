@@ -42,7 +42,8 @@ struct ScenarioSummary {
   const SummaryRow& of(SummaryFigure figure) const { return rows[static_cast<std::size_t>(figure)]; }
 };
 
-/// By scenario. Replicates that have died out count in no figure.
+/// By scenario. Replicates that have died out count in no figure. Effective sizes are those of the rates of all others,
+/// and infinite where kinship does not rise; their differences are of the replicates in which it rises with both.
 std::vector<ScenarioSummary> summarise(const Forecast& forecast);
 
 /// A figure of one replicate that has come to the last year.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -50,7 +51,13 @@ void add_band(const std::optional<Band>& band, TableWriter& writer) {
     for (std::size_t cells = 0; cells < band_endings.size(); ++cells) add_nothing(writer);
     return;
   }
-  for (const double value : {band->median, band->low, band->high}) add_real(writer, static_cast<float>(value));
+  for (const double value : {band->median, band->low, band->high}) {
+    if (std::isfinite(value)) {
+      add_real(writer, static_cast<float>(value));
+    } else {
+      add_nothing(writer);
+    }
+  }
 }
 
 void add_truth(std::span<const RealYear> truth, std::int32_t year, TableWriter& writer) {
