@@ -47,7 +47,8 @@ struct Breed {
 
 StandingYears years_of(const Breed& breed) {
   StandingYears years;
-  years.last = breed.store.birth_years.last;
+  const BirthYears& dated = breed.store.birth_years;
+  years.last = dated.dated_row_count() > 0 ? dated.last : 0;
   years.generation_interval = breed.interval;
   years.recent_first = years.last - recent_years + 1;
   years.known_first = years.last - known_years + 1;

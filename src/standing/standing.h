@@ -34,7 +34,7 @@ inline constexpr float shallow_equivalents = 2.0F;
 
 /// The years that the figures are about.
 struct StandingYears {
-  std::int32_t last = 0;          ///< the last birth year
+  std::int32_t last = 0;          ///< the last birth year; 0 where no animal has one
   std::int32_t recent_first = 0;  ///< of the last five years
   std::int32_t cohort_first = 0;  ///< of the last generation interval, whose animals' lines are followed back
   std::int32_t now_first = 0;     ///< of the last three generation intervals, back to which they are followed
