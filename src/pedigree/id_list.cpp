@@ -24,10 +24,10 @@ bool take_line(std::int64_t number, std::string_view line, std::size_t most_ids,
 
 }  // namespace
 
-IdList read_id_list(const std::string& name, std::size_t most_ids) {
+IdList read_id_list(const std::string& file, std::size_t most_ids) {
   IdList list;
   LineReader reader;
-  if (!open_for_reading(reader, name)) {
+  if (!open_for_reading(reader, file)) {
     list.error = reader.error;
     list.fault = IdListFault::not_opened;
     return list;

@@ -26,7 +26,7 @@ struct IdList {
 };
 
 /// Reads the list up to the first thing that is wrong with it.
-IdList read_id_list(const std::string& name, std::size_t most_ids);
+IdList read_id_list(const std::string& file, std::size_t most_ids);
 
 /// The same of a text.
 IdList id_list_of_text(std::string_view text, std::size_t most_ids);

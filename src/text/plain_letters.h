@@ -28,8 +28,8 @@ inline bool says_something(std::string_view text) {
 
 /// The text with small letters for the capitals of ASCII.
 inline std::string small_letters(std::string text) {
-  for (char& letter : text) {
-    if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+  for (char& byte : text) {
+    if (byte >= 'A' && byte <= 'Z') byte = static_cast<char>(byte - 'A' + 'a');
   }
   return text;
 }

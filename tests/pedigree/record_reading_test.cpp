@@ -27,7 +27,7 @@ StoredField store_one(std::string_view field, FieldCode code, const TestLayout& 
   StoredField result{.record = {}, .streams = streams_in(settings.english)};
   LineRecord line{.name = {}, .sire_id = {}, .dam_id = {}};
   result.has_stopped = stops([&] {
-    store_field(field, code, settings, {"dogs.txt", 813, 5, 812}, line, result.streams);
+    store_field(field, static_cast<std::int32_t>(code), settings, {"dogs.txt", 813, 5, 812}, line, result.streams);
   });
   result.record = record_of(line);
   return result;
