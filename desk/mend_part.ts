@@ -62,7 +62,7 @@ export interface RefusedCell extends Place { field: string; typed: string; why: 
 
 function correct(desk: Desk, { line, animal }: Place, field: string, becomes: string, everywhere = false): void {
   change(desk, async () => {
-    const proposed = await ask<ProposedList>(desk.client, "correct", [line, animal, field, becomes, "", everywhere ? 1 : 0]);
+    const proposed = await ask<ProposedList>(desk.client, "correct", [line, animal, field, becomes, everywhere ? 1 : 0]);
     if (proposed.refused === "") return proposed;
     desk.refusedCell = { line, animal, field, typed: becomes.trim(), why: proposed.refused, isNew: true };
     return undefined;

@@ -189,9 +189,9 @@ void desk_set_corrections(DeskHandle* handle, const char* list) {
 }
 
 void desk_correct(DeskHandle* handle, std::int32_t line, std::int32_t animal, const char* field, const char* becomes,
-                  const char* why, std::int32_t is_everywhere) {
+                  std::int32_t is_everywhere) {
   answer(handle, [&](Desk& desk) {
-    return pedigreewatch::propose_correction(desk, {line, field, becomes, why, is_everywhere != 0, size_from(animal)});
+    return pedigreewatch::propose_correction(desk, {line, field, becomes, is_everywhere != 0, size_from(animal)});
   });
 }
 

@@ -35,7 +35,7 @@ void desk_list_findings(DeskHandle* handle, std::int32_t first, std::int32_t cou
 /// Corrections: see mending_desk.h. `list` is the whole list as a text.
 void desk_set_corrections(DeskHandle* handle, const char* list);
 void desk_correct(DeskHandle* handle, std::int32_t line, std::int32_t animal, const char* field, const char* becomes,
-                  const char* why, std::int32_t is_everywhere);
+                  std::int32_t is_everywhere);
 void desk_go_on(DeskHandle* handle, const char* kind, const char* what);
 void desk_finding_lines(DeskHandle* handle, std::int32_t place);
 void desk_run(DeskHandle* handle);

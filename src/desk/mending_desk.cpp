@@ -343,7 +343,6 @@ std::string propose_exchange(const Desk& desk, const NewCorrection& wanted) {
   }
   const ExportAnimal& animal = of_line->second[wanted.animal];
   Correction correction;
-  correction.why = correction_cell(wanted.why);
   const std::string refused = refusal_of(desk, animal, correction);
   if (!refused.empty()) return list_answer(corrections, corrections.size(), refused);
   for (const auto& [field, other] : {std::pair(sire_column, dam_column), std::pair(dam_column, sire_column)}) {
@@ -360,7 +359,6 @@ std::string propose_correction(const Desk& desk, const NewCorrection& wanted) {
   std::optional<Correction> correction = correction_of_field(wanted.field);
   if (!desk.has_export || !correction) return list_answer(corrections, corrections.size());
   correction->becomes = correction_cell(wanted.becomes);
-  correction->why = correction_cell(wanted.why);
   const AnimalsByLine animals = animals_at(desk, {wanted.line});
   const auto of_line = animals.find(wanted.line);
   if (of_line == animals.end() || wanted.animal >= of_line->second.size()) {

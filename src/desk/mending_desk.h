@@ -21,7 +21,7 @@ std::string set_corrections(Desk& desk, std::string_view list);
 /// father and mother change places.
 struct NewCorrection {
   std::int64_t line = 0;  ///< of the export, counted from 1
-  std::string_view field, becomes, why;
+  std::string_view field, becomes;
   bool is_everywhere = false;  ///< for every animal with the same text in that field
   std::size_t animal = 0;      ///< of several on the line, counted from 0
 };

@@ -203,12 +203,12 @@ std::vector<std::int32_t> entries_of(const CareerRecords& records, std::int32_t 
 /// Which part of the young of each descent came into use, and of which part of those in use no parent is known.
 void count_chosen(const FamilyRecords& records, Sex sex, BasePeriod& base) {
   ByDescent<double> entered, born;
-  double all = 0.0, from_outside = 0.0, founders = 0.0;
+  double all = 0.0, without_parents = 0.0;
   for (const std::int32_t k : base.entries.of(sex)) {
     const Career& career = base.careers.of(sex).at(k);
     all += 1.0;
-    if (career.descent == Descent::outside) from_outside += 1.0;
-    if (career.descent == Descent::founder) founders += 1.0;
+    // With a line of its own, as an import has it, or without.
+    if (career.descent == Descent::outside || career.descent == Descent::founder) without_parents += 1.0;
     // Those born before were born of others: in a young herdbook mostly of unknown parents.
     const std::int32_t born_in = records.store.birth_year[career.parent];
     if (born_in >= base.first_alike) entered[career.descent] += 1.0;
@@ -221,8 +221,7 @@ void count_chosen(const FamilyRecords& records, Sex sex, BasePeriod& base) {
   for (const Descent k : all_descents) {
     base.chosen.of(sex)[k] = born[k] > 0.0 ? entered[k] / born[k] : 0.0;
   }
-  base.outside.of(sex) = from_outside / all;
-  base.without_parents.of(sex) = (from_outside + founders) / all;
+  base.without_parents.of(sex) = without_parents / all;
 }
 
 void count_entered(BasePeriod& base, Sex sex) {

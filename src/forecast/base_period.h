@@ -65,8 +65,7 @@ struct BasePeriod {
   ByDescent<double> male_share = {};                 ///< of the young, by their descent
   std::vector<std::vector<GroupShare>> sire_groups;  ///< by group of the young: where its sires are from
   BySex<std::vector<std::int32_t>> entries;          ///< careers that began since then, by number
-  BySex<double> outside = {};                  ///< of those that came into use, the part that has no line of its own
-  BySex<double> without_parents = {};          ///< likewise, of which no parent is known: imports with a line, too
+  BySex<double> without_parents = {};          ///< of those that came into use, the part of which no parent is known
   BySex<std::optional<double>> said_outside;   ///< of which no parent is known, as somebody says it is
   BySex<std::vector<std::int32_t>> said_ages;  ///< by career: age at first use, as somebody says it is; empty: not said
   BySex<ByDescent<double>> chosen;             ///< by descent: how many of those born came into use

@@ -73,7 +73,7 @@ Question question_of(std::span<const std::size_t> places, const TextCounts& text
 std::vector<Question> ask_for_imports(std::string_view text, char delimiter, const ColumnChoice& columns,
                                       const ImportEvidence& evidence, const PrepareOptions& options) {
   if (is_settled(columns, options)) return {};
-  const std::optional<std::size_t>& chosen = columns.place[static_cast<std::size_t>(import_column)];
+  const std::optional<std::size_t>& chosen = columns.place[import_column];
   if (chosen) {
     const bool is_sure = !columns.has_header || meaning_of(columns.headings[*chosen]).fit == WordFit::table;
     if (is_sure || !are_most_imports(evidence)) return {};

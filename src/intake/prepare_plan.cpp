@@ -114,6 +114,10 @@ bool is_device_name(std::string_view stem) {
   return is_port || is_among(word, devices);
 }
 
+void add_questions(const std::vector<Question>& asked, PreparePlan& plan) {
+  plan.questions.insert(plan.questions.end(), asked.begin(), asked.end());
+}
+
 }  // namespace
 
 std::string_view planned_id(const PreparePlan& plan, std::string_view text, std::string& rewritten) {
@@ -163,14 +167,10 @@ PreparePlan plan_preparation(const ExportSurvey& survey, const ColumnChoice& col
   plan.language = options.language;
   plan.columns = columns;
   plan.questions = columns.questions;
-  for (Question& question : ask_for_ids(survey, columns, options)) plan.questions.push_back(std::move(question));
+  add_questions(ask_for_ids(survey, columns, options), plan);
   const bool are_ids_open = plan.questions.size() > columns.questions.size();
   // Parents that lack a line only because they are written otherwise tell nothing about the columns.
-  if (!are_ids_open) {
-    for (Question& question : ask_for_linked_columns(survey, columns, options)) {
-      plan.questions.push_back(std::move(question));
-    }
-  }
+  if (!are_ids_open) add_questions(ask_for_linked_columns(survey, columns, options), plan);
   plan.parent_ids = survey.id_substitutes.ids;
   plan.leaves_out_thousands_signs = leaves_out_thousands_signs(survey, options);
   // As long as most parents lack a line, nobody knows which of them may be none.
@@ -187,7 +187,7 @@ PreparePlan plan_preparation(const ExportSurvey& survey, const ColumnChoice& col
   if (columns.questions.empty()) {
     plan.availability = plan_availability(survey.availability, survey.sexes, columns, options, plan.questions);
   }
-  plan.questions.insert(plan.questions.end(), survey.import_questions.begin(), survey.import_questions.end());
+  add_questions(survey.import_questions, plan);
   choose_subpopulations(survey, options.subpopulations, plan);
   choose_colours(survey, options.colours, plan);
   choose_species(survey, options, plan);

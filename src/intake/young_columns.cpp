@@ -218,7 +218,7 @@ bool is_like_ids(const ColumnGroup& group, std::span<const ColumnProfile> profil
 /// would be one of its young alone. They are asked about although their texts do not show that a line holds several.
 YoungColumns young_by_heading(std::span<const ColumnGroup> groups, std::span<const ColumnProfile> profiles,
                               const ColumnChoice& columns) {
-  const auto& id = columns.place[static_cast<std::size_t>(id_column)];
+  const auto& id = columns.place[id_column];
   for (const ColumnGroup& group : groups) {
     const bool holds_id = id && std::find(group.places.begin(), group.places.end(), *id) != group.places.end();
     if (!group.names_young || group.code != id_column || (id && !holds_id)) continue;

@@ -25,6 +25,11 @@ struct Box {
   double x = 0.0, y = 0.0, width = 0.0, height = 0.0;
 };
 
+/// Where a line of text begins, and the width that it keeps within.
+struct TextPlace {
+  double x = 0.0, y = 0.0, width = 0.0;
+};
+
 /// What the drawing of one picture works with.
 struct TreeDrawing {
   std::string& page;
@@ -70,16 +75,17 @@ std::string cut_to(std::string_view text, double width) {
 }
 
 /// A text that keeps within its width; `mark` stands before it.
-void draw_text(TreeDrawing& drawing, double x, double y, double width, std::string_view style, std::string_view text,
+void draw_text(TreeDrawing& drawing, const TextPlace& place, std::string_view style, std::string_view text,
                std::string_view mark = {}) {
   constexpr double most_squeezed = 0.75;  // beyond it letters are hard to read
   if (text.empty()) return;
   const double mark_width = mark.empty() ? 0.0 : text_width(mark) + letter_width(' ');
-  const std::string kept = cut_to(text, width / most_squeezed - mark_width);
+  const std::string kept = cut_to(text, place.width / most_squeezed - mark_width);
   std::string& page = drawing.page;
-  page += "<text x=\"" + number_text(x) + "\" y=\"" + number_text(y) + "\" class=\"" + std::string(style) + "\"";
-  if (text_width(kept) + mark_width > width) {
-    page += " textLength=\"" + number_text(width) + "\" lengthAdjust=\"spacingAndGlyphs\"";
+  page += "<text x=\"" + number_text(place.x) + "\" y=\"" + number_text(place.y) + "\" class=\"" + std::string(style) +
+          "\"";
+  if (text_width(kept) + mark_width > place.width) {
+    page += " textLength=\"" + number_text(place.width) + "\" lengthAdjust=\"spacingAndGlyphs\"";
   }
   page += ">";
   if (!mark.empty()) page += "<tspan class=\"fa-mark\">" + std::string(mark) + "</tspan> ";
@@ -160,7 +166,7 @@ void draw_unknown(TreeDrawing& drawing, std::size_t place, const Box& box) {
   const bool is_sire = place % 2 == 0;
   drawing.page += "<g>";
   draw_box(drawing, box, is_sire, "fa-box fa-none");
-  draw_text(drawing, box.x + margin, box.y + box.height / 2.0 + below_middle, box.width - 2.0 * margin, "fa-soft",
+  draw_text(drawing, {box.x + margin, box.y + box.height / 2.0 + below_middle, box.width - 2.0 * margin}, "fa-soft",
             words_of(is_sire ? unknown_sire : unknown_dam, drawing.telling.language));
   drawing.page += "</g>";
 }
@@ -205,9 +211,9 @@ void write_three_lines(TreeDrawing& drawing, std::size_t place, const Box& box) 
   constexpr std::array<double, 3> lines = {14.0, 27.5, 41.0};
   const double x = box.x + letters_margin, width = box.width - 2.0 * letters_margin;
   const std::string year = year_of(drawing, place), name = name_of(drawing, place);
-  draw_text(drawing, x, box.y + lines[0], width, "fa-id", id_of(drawing, place), mark_of(drawing.tree, place));
-  draw_text(drawing, x, box.y + lines[1], width, "fa-name", name);
-  draw_text(drawing, x, box.y + (name.empty() ? lines[1] : lines[2]), width, "fa-soft",
+  draw_text(drawing, {x, box.y + lines[0], width}, "fa-id", id_of(drawing, place), mark_of(drawing.tree, place));
+  draw_text(drawing, {x, box.y + lines[1], width}, "fa-name", name);
+  draw_text(drawing, {x, box.y + (name.empty() ? lines[1] : lines[2]), width}, "fa-soft",
             (year.empty() ? "" : year + ", ") + "F " + inbreeding_of(drawing, place));
 }
 
@@ -223,10 +229,10 @@ void write_with_f(TreeDrawing& drawing, std::size_t place, const Box& box) {
   const double x = box.x + letters_margin, width = box.width - 2.0 * letters_margin - f_width;
   const std::string id = id_of(drawing, place), name = name_of(drawing, place);
   const std::string text = has_two_lines || name.empty() ? id : id + " " + name;
-  draw_text(drawing, x, box.y + first_line, width, has_two_lines ? "fa-id" : "fa-name", text,
+  draw_text(drawing, {x, box.y + first_line, width}, has_two_lines ? "fa-id" : "fa-name", text,
             mark_of(drawing.tree, place));
   write_f(drawing, place, box, box.y + first_line);
-  if (has_two_lines) draw_text(drawing, x, box.y + second_line, width + f_width, "fa-name", name);
+  if (has_two_lines) draw_text(drawing, {x, box.y + second_line, width + f_width}, "fa-name", name);
 }
 
 /// From the box of an animal to those of its parents.
@@ -274,10 +280,10 @@ void write_two_lines(TreeDrawing& drawing, std::size_t place, const Box& box) {
   constexpr double first_line = 13.0, second_line = 27.0;
   const double x = box.x + letters_margin, width = box.width - 2.0 * letters_margin;
   const std::string name = name_of(drawing, place), year = year_of(drawing, place);
-  draw_text(drawing, x, box.y + first_line, width - f_width, "fa-id", id_of(drawing, place),
+  draw_text(drawing, {x, box.y + first_line, width - f_width}, "fa-id", id_of(drawing, place),
             mark_of(drawing.tree, place));
   write_f(drawing, place, box, box.y + first_line);
-  draw_text(drawing, x, box.y + second_line, width, "fa-name",
+  draw_text(drawing, {x, box.y + second_line, width}, "fa-name",
             name + (name.empty() || year.empty() ? "" : ", ") + year);
 }
 

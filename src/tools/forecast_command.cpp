@@ -301,10 +301,9 @@ std::optional<ToolRefusal> forecast_and_write(FolderRun& run, const ForecastOpti
   BreedingRules present;
   const auto scenarios = gather_scenarios(run, options, records, present, *base);
   if (!scenarios) return ToolRefusal{run.words(nothing_written)};
-  for (std::string& line : said_sentences(present, run.language)) {
-    say(run.streams.console, line);
-    practice.push_back(std::move(line));
-  }
+  const std::vector<std::string> said = said_sentences(present, run.language);
+  for (const std::string& line : said) say(run.streams.console, line);
+  practice.insert(practice.end(), said.begin(), said.end());
   const FamilyPractice families = practice_as_said(measured, present.said, *base);
   const ForecastSettings settings = settings_of(options, store, *last);
   const std::string rules_file = options.rules_file.empty() ? std::string() : shown(options.rules_file);

@@ -108,16 +108,15 @@ constexpr Wording is_female = {"{1}, line {2}: {3}: a male was expected, this an
 constexpr Wording in_both_lists = {
     "{1}: stands in the lists of both sexes, and the data file does not tell its sex; take it out of one of them",
     "{1}: staat in de lijsten van beide geslachten, en het databestand zegt het geslacht niet; haal het uit een van beide"};
-constexpr Wording one_without_sex = {
-    "  left out: 1 animal of these ages or years whose sex neither its line nor young of it tell; name it in a list of males or "
-    "females to look for its mates",
-    "  weggelaten: 1 dier van deze leeftijden of jaren waarvan noch de eigen regel, noch een jong het geslacht zegt; noem het in "
-    "een lijst van mannelijke of vrouwelijke dieren om er toch partners voor te zoeken"};
-constexpr Wording some_without_sex = {
-    "  left out: {1} animals of these ages or years whose sex neither their lines nor young of them tell; name them in a list "
-    "of males or females to look for their mates",
-    "  weggelaten: {1} dieren van deze leeftijden of jaren waarvan noch de eigen regel, noch een jong het geslacht zegt; noem "
-    "ze in een lijst van mannelijke of vrouwelijke dieren om er toch partners voor te zoeken"};
+constexpr Counted animals_without_sex = {
+    {"  left out: 1 animal of these ages or years whose sex neither its line nor young of it tell; name it in a list of males or "
+     "females to look for its mates",
+     "  weggelaten: 1 dier van deze leeftijden of jaren waarvan noch de eigen regel, noch een jong het geslacht zegt; noem het in "
+     "een lijst van mannelijke of vrouwelijke dieren om er toch partners voor te zoeken"},
+    {"  left out: {1} animals of these ages or years whose sex neither their lines nor young of them tell; name them in a list "
+     "of males or females to look for their mates",
+     "  weggelaten: {1} dieren van deze leeftijden of jaren waarvan noch de eigen regel, noch een jong het geslacht zegt; noem "
+     "ze in een lijst van mannelijke of vrouwelijke dieren om er toch partners voor te zoeken"}};
 constexpr Wording is_repeated = {"{1}, line {2}: {3}: stands in line {4} already; taken once",
                                  "{1}, regel {2}: {3}: staat al in regel {4}; eenmaal meegenomen"};
 constexpr Wording further_notes = {"{1}: and {2} more of this kind", "{1}: en nog {2} van deze soort"};
@@ -489,8 +488,7 @@ std::optional<ToolRefusal> weigh_untold(MatingRun& run, const MatingPlan& plan) 
     return ToolRefusal{run.folder.words(in_both_lists, {shown(readable(run.store().id(position)))})};
   }
   const auto count = std::count(is_untold.values.begin(), is_untold.values.end(), Flag{1});
-  const Wording& wording = count == 1 ? one_without_sex : some_without_sex;
-  if (count > 0) say(run.folder.streams.console, run.folder.words(wording, {std::to_string(count)}));
+  if (count > 0) say(run.folder.streams.console, counted(animals_without_sex, count, run.folder.language));
   return std::nullopt;
 }
 

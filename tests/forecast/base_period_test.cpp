@@ -199,6 +199,9 @@ TEST(MeasureBasePeriod, CountsUnknownSiresByDescentOfTheDam) {
   const double years = herd.base->length();
   EXPECT_DOUBLE_EQ(practice.no_sire_of_known, 1.0 / (years + 1.0));
   EXPECT_DOUBLE_EQ(practice.no_sire_of_others, 0.5);
+  // No sire began to be used in these five years, so that all count: a, of no known parents. Of the dams n and out did.
+  EXPECT_DOUBLE_EQ(practice.outside_sires, 1.0);
+  EXPECT_DOUBLE_EQ(practice.outside_dams, 0.5);
 }
 
 TEST(MeasurePractice, CountsByHand) {
