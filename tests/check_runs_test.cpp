@@ -248,6 +248,7 @@ TEST(CheckRun, RefusesArgumentsThatMakeNoSense) {
   for (const std::vector<std::string>& arguments :
        std::vector<std::vector<std::string>>{{"check", "--code", "no-such"},
                                              {"check", "--today", "31-01-2026"},
+                                             {"check", "--today", "2021-02-29"},
                                              {"check", "dogs.txt"},
                                              {"check", "--x"},
                                              {"check", "--limits", "nowhere"}}) {

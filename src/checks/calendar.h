@@ -31,6 +31,14 @@ constexpr std::int32_t day_number(const CalendarDate& date) {
          std::clamp(date.day, -most_days, most_days);
 }
 
+/// Whether the calendar has such a day: no 30 February and no 13th month.
+constexpr bool is_in_calendar(const CalendarDate& date) {
+  if (date.month < 1 || date.month > 12 || date.day < 1) return false;
+  const CalendarDate next_month =
+      date.month == 12 ? CalendarDate{date.year + 1, 1, 1} : CalendarDate{date.year, date.month + 1, 1};
+  return day_number(date) < day_number(next_month);
+}
+
 /// "31-12-2005", as the data file's own texts may be cut.
 inline std::string text_of(const CalendarDate& date) {
   const auto two_digits = [](std::int32_t number) {

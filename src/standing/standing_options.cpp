@@ -19,10 +19,10 @@ constexpr double least_without_sign = 0.01;
 std::string take_percentage(std::string_view name, std::string_view value, std::string_view example, double& share,
                             bool& is_given) {
   const std::optional<double> read = read_percentage(value);
-  const bool is_doubtful = read && *read < least_without_sign && value.find('%') == std::string_view::npos;
-  if (!read || is_doubtful) {
-    return std::string(name) + " " + in_quotes(value) + ": a percentage above 0 and up to 100 was expected, such as " +
-           std::string(example);
+  std::string fault = std::string(name) + " " + in_quotes(value) + ": ";
+  if (!read) return fault + "a percentage above 0 and up to 100 was expected, such as " + std::string(example);
+  if (*read < least_without_sign && value.find('%') == std::string_view::npos) {
+    return fault + "this may be a percentage or a part of 1; write it with its sign, such as " + std::string(example);
   }
   share = *read;
   is_given = true;

@@ -67,7 +67,7 @@ struct CheckOptions {
   bool wants_workbook = false, is_plain = false;
 };
 
-/// Yields false for a text that is no date.
+/// Yields false for a text that is no day of the calendar.
 bool read_today(std::string_view text, std::optional<CalendarDate>& today) {
   constexpr std::size_t length = 10;
   CalendarDate date;
@@ -77,7 +77,7 @@ bool read_today(std::string_view text, std::optional<CalendarDate>& today) {
   };
   if (text.size() != length || text[4] != '-' || text[7] != '-' || !read_number(0, 4, date.year)) return false;
   if (!read_number(5, 7, date.month) || !read_number(8, 10, date.day)) return false;
-  if (date.month > 12 || date.day > 31) return false;
+  if (!is_in_calendar(date)) return false;
   today = date;
   return true;
 }

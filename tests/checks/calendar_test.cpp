@@ -25,6 +25,23 @@ TEST(DayNumber, GrowsAcrossYearZero) {
   EXPECT_EQ(day_number({2147483647, 1, 1}), day_number({1000000, 1, 1}));
 }
 
+TEST(IsInCalendar, EndsEveryMonth) {
+  for (std::int32_t month = 1; month <= 12; ++month) {
+    const bool has_31 = month != 2 && month != 4 && month != 6 && month != 9 && month != 11;
+    EXPECT_EQ(is_in_calendar({2021, month, 31}), has_31) << month;
+    EXPECT_EQ(is_in_calendar({2021, month, 30}), month != 2) << month;
+    EXPECT_TRUE(is_in_calendar({2021, month, 1})) << month;
+    EXPECT_FALSE(is_in_calendar({2021, month, 32})) << month;
+    EXPECT_FALSE(is_in_calendar({2021, month, 0})) << month;
+  }
+  EXPECT_TRUE(is_in_calendar({2020, 2, 29}));
+  EXPECT_FALSE(is_in_calendar({2021, 2, 29}));
+  EXPECT_FALSE(is_in_calendar({1900, 2, 29}));
+  EXPECT_TRUE(is_in_calendar({2000, 2, 29}));
+  EXPECT_FALSE(is_in_calendar({2021, 13, 1}));
+  EXPECT_FALSE(is_in_calendar({2021, 0, 1}));
+}
+
 DateKind kind_of_date(std::string_view text, std::string_view layout = "dd-mm-yyyy") {
   return look_at_date(text, date_layout_of(layout)).kind;
 }

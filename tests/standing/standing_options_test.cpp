@@ -41,9 +41,9 @@ TEST(StandingOptions, EachOptionIsTakenOrRefused) {
             "--sire-share \"0\": a percentage above 0 and up to 100 was expected, such as 5%");
   // A part of 1 that was meant is not taken for a percentage.
   EXPECT_EQ(take_standing_option("--most-f", "0.0625", settings),
-            "--most-f \"0.0625\": a percentage above 0 and up to 100 was expected, such as 6.25%");
+            "--most-f \"0.0625\": this may be a percentage or a part of 1; write it with its sign, such as 6.25%");
   EXPECT_EQ(take_standing_option("--most-f", "0.99", settings),
-            "--most-f \"0.99\": a percentage above 0 and up to 100 was expected, such as 6.25%");
+            "--most-f \"0.99\": this may be a percentage or a part of 1; write it with its sign, such as 6.25%");
   EXPECT_EQ(take_standing_option("--most-f", "0.5%", settings), "");
   EXPECT_EQ(take_standing_option("--most-f", "1", settings), "");
   EXPECT_DOUBLE_EQ(settings.most_inbreeding, 0.01);
