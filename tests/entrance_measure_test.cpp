@@ -11,6 +11,7 @@
 #include "support/foreign_export.h"
 #include "support/lines.h"
 #include "support/run_folder.h"
+#include "support/sanitizers.h"
 
 namespace pedigreewatch::test {
 namespace {
@@ -178,6 +179,7 @@ TEST(ForeignExport, ParentsAreOlderAndHaveTheRightSex) {
 }
 
 TEST(ForeignExport, EveryShapeIsDrawn) {
+  if (has_address_sanitizer) GTEST_SKIP() << "exports that are prepared under sanitizers are drawn by other tests";
   std::set<std::string> drawn;
   for (std::uint32_t seed = 1; seed <= 540; ++seed) {
     for (const std::string& shape : make_foreign_export(seed).shapes) drawn.insert(shape);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "support/program_run.h"
+#include "support/sanitizers.h"
 #include "support/steer_lines.h"
 
 namespace pedigreewatch::test {
@@ -363,8 +364,9 @@ TEST(HostileMatings, ATableThatBreaksOffIsTakenAway) {
   EXPECT_EQ(run.files.size(), 2U) << "the steer file and the data file";
 }
 
-TEST(HostileMatings, AMillionLinesAreWrittenAndTenMillionPairsWorkedOut) {
-  const WholeRun rows = run_matings_on(files_of(founders(1000, 1000)));
+TEST(HostileMatings, AMillionLinesAreWritten) {
+  const int of_a_sex = cases(1000, 300);
+  const WholeRun rows = run_matings_on(files_of(founders(of_a_sex, of_a_sex)));
   EXPECT_EQ(rows.exit_status, 0) << rows.messages;
 }
 

@@ -8,6 +8,7 @@
 #include "support/check_runs.h"
 #include "support/lines.h"
 #include "support/program_run.h"
+#include "support/sanitizers.h"
 #include "support/steer_lines.h"
 
 namespace pedigreewatch::test {
@@ -52,7 +53,9 @@ TEST(CheckReportSize, FindsLinesThatAreTooLong) {
 
 TEST(CheckReportSize, FindsTooManyBytesOfPairsInAllYears) {
   // 150 names make 11,175 pairs of ten bytes in 8,000 and in 9,999 years.
-  EXPECT_FALSE(is_found({150, 1, "9000"}));
+  if (!has_address_sanitizer) {  // its report has 900 MB, and is written
+    EXPECT_FALSE(is_found({150, 1, "9000"}));
+  }
   EXPECT_TRUE(is_found({150, 1, "11998"}));
 }
 

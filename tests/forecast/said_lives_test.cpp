@@ -154,6 +154,27 @@ SeenMeans means_of(const ModelBasis& basis, const BreedingRules& present) {
   return means;
 }
 
+/// What the tests of a process share: the breed, its fitted practice, and what that leads to.
+const LivingBreed& living_breed() {
+  static const LivingBreed breed;
+  return breed;
+}
+
+const ModelBasis& fitted_basis() {
+  static const ModelBasis fitted = living_breed().basis({});
+  return fitted;
+}
+
+const SeenMeans& means_as_now() {
+  static const SeenMeans means = means_of(fitted_basis(), {});
+  return means;
+}
+
+/// Fitted to what is said, and lived.
+SeenMeans means_with(const BreedingRules& present) {
+  return means_of(living_breed().basis(present), present);
+}
+
 BreedingRules present_with(std::initializer_list<std::pair<std::string_view, std::string_view>> figures) {
   BreedingRules present;
   for (const auto& [name, value] : figures) {
@@ -163,12 +184,11 @@ BreedingRules present_with(std::initializer_list<std::pair<std::string_view, std
 }
 
 TEST(SaidLives, ParentsComeIntoUseAtTheAgeThatIsSaid) {
-  const LivingBreed breed;
-  const SeenMeans as_now = means_of(breed.basis({}), {});
+  const SeenMeans& as_now = means_as_now();
   const std::vector<std::pair<std::string, std::string>> ages = {{"3.5", "1.3"}, {"1", "5"}, {"2.4", "9"}};
   for (const auto& [sires, dams] : std::span(ages).first(cases(3, 1))) {
     const BreedingRules present = present_with({{"first-age-sires", sires}, {"first-age-dams", dams}});
-    const SeenMeans means = means_of(breed.basis(present), present);
+    const SeenMeans means = means_with(present);
     EXPECT_NEAR(means.first_age.of_males, std::stod(sires), 0.03 * std::stod(sires));
     EXPECT_NEAR(means.first_age.of_females, std::stod(dams), 0.03 * std::stod(dams));
     for (const Sex sex : {male, female}) {  // who begins later goes on later
@@ -178,12 +198,11 @@ TEST(SaidLives, ParentsComeIntoUseAtTheAgeThatIsSaid) {
 }
 
 TEST(SaidLives, ParentsStayInUseAsLongAsIsSaid) {
-  const LivingBreed breed;
-  const SeenMeans as_now = means_of(breed.basis({}), {});
+  const SeenMeans& as_now = means_as_now();
   const std::vector<std::pair<std::string, std::string>> lengths = {{"3", "1.5"}, {"1", "5"}, {"5.5", "9"}};
   for (const auto& [sires, dams] : std::span(lengths).first(cases(3, 1))) {
     const BreedingRules present = present_with({{"years-in-use-sires", sires}, {"years-in-use-dams", dams}});
-    const SeenMeans means = means_of(breed.basis(present), present);
+    const SeenMeans means = means_with(present);
     EXPECT_NEAR(means.years_in_use.of_males, std::stod(sires), 0.05 * std::stod(sires));
     EXPECT_NEAR(means.years_in_use.of_females, std::stod(dams), 0.05 * std::stod(dams));
     for (const Sex sex : {male, female}) {
@@ -193,25 +212,26 @@ TEST(SaidLives, ParentsStayInUseAsLongAsIsSaid) {
 }
 
 TEST(SaidLives, SiresAreUsedAsUnevenlyAsIsSaid) {
-  const LivingBreed breed;
-  const UseEvenness as_now = means_of(breed.basis({}), {}).evenness;
-  constexpr std::array chances = {0.05, 0.2};
-  for (const double year : std::span(chances).first(cases(2, 1))) {
-    BreedingRules present;
-    present.said.same_sire_in_year = year;
-    EXPECT_NEAR(means_of(breed.basis(present), present).evenness.in_year, year, 0.05 * year);
-  }
   BreedingRules present;
-  present.said.same_sire_in_life = 0.009;
-  const UseEvenness shorter = means_of(breed.basis(present), present).evenness;
-  EXPECT_NEAR(shorter.in_life, 0.009, 0.1 * 0.009);
-  EXPECT_NEAR(shorter.in_year, as_now.in_year, 0.05 * as_now.in_year);  // as it was
-  present.said = {};
   present.said.same_sire_in_year = 0.08;
   present.said.same_sire_in_life = 0.011;
-  const UseEvenness both = means_of(breed.basis(present), present).evenness;
+  const UseEvenness both = means_with(present).evenness;
   EXPECT_NEAR(both.in_year, 0.08, 0.05 * 0.08);
   EXPECT_NEAR(both.in_life, 0.011, 0.1 * 0.011);
+  constexpr std::array chances = {0.05, 0.2};
+  for (const double year : std::span(chances).first(cases(2, 0))) {
+    present.said = {};
+    present.said.same_sire_in_year = year;
+    EXPECT_NEAR(means_with(present).evenness.in_year, year, 0.05 * year);
+  }
+}
+
+TEST(SaidLives, SiresThatServeAsLongAsIsSaidAreUsedAsUnevenlyInAYearAsBefore) {
+  BreedingRules present;
+  present.said.same_sire_in_life = 0.009;
+  const UseEvenness shorter = means_with(present).evenness;
+  EXPECT_NEAR(shorter.in_life, 0.009, 0.1 * 0.009);
+  EXPECT_NEAR(shorter.in_year, means_as_now().evenness.in_year, 0.05 * means_as_now().evenness.in_year);
 }
 
 /// What is wrong with a chance in a year that is said, with what the herd comes to.
@@ -225,8 +245,7 @@ std::vector<RuleProblem> problems_of(const ModelBasis& fitted, double in_year) {
 
 // Sires that are used as evenly as whole litters allow still have some chance, and none below it can be reached.
 TEST(SaidLives, WhatCannotBeReachedIsRefused) {
-  const LivingBreed breed;
-  const ModelBasis fitted = breed.basis({});
+  const ModelBasis& fitted = fitted_basis();
   const std::vector<RuleProblem> problems = problems_of(fitted, 0.01);
   ASSERT_EQ(problems.size(), 1U);
   EXPECT_EQ(problems[0].line, 7);
@@ -236,20 +255,20 @@ TEST(SaidLives, WhatCannotBeReachedIsRefused) {
   EXPECT_LT(least, 0.05);
   EXPECT_EQ(reason_of(problems[0], ToolLanguage::english),
             "this cannot be reached: with these sires and litters it comes to " + problems[0].values.front() + "%");
+  if (has_address_sanitizer) return;  // what is on either side of the limit is worked out as this was
   EXPECT_TRUE(problems_of(fitted, least / 1.045).empty());
   EXPECT_EQ(problems_of(fitted, least / 1.055).size(), 1U);
 }
 
 TEST(SaidLives, MatesAreAsNearAsIsSaid) {
-  const LivingBreed breed;
-  const double as_now = means_of(breed.basis({}), {}).close;
+  const double as_now = means_as_now().close;
   const std::array shares = {0.7 * as_now, 2.0 * as_now};
   for (const double share : std::span(shares).first(cases(2, 1))) {
     BreedingRules present;
     present.said.close_matings = share;
-    EXPECT_NEAR(means_of(breed.basis(present), present).close, share, 0.15 * share) << as_now;
+    EXPECT_NEAR(means_with(present).close, share, 0.15 * share) << as_now;
   }
-  ModelBasis basis = breed.basis({});
+  ModelBasis basis = fitted_basis();
   BreedingRules present;
   present.said.close_matings = 0.9;  // there are not so many relatives
   ASSERT_EQ(fit_as_said(basis, present, 1).problems.size(), 1U);
@@ -281,7 +300,7 @@ TEST(SetFirstAges, MovesAllAgesAlike) {
 
 // With as many dams in use as before, twice the years in use mean that half as many come into use.
 TEST(SetYearsInUse, BringsFewerIntoUseWhereTheyStayLonger) {
-  const LivingBreed breed;
+  const LivingBreed& breed = living_breed();
   ModelBasis basis = make_model_basis(breed.records, breed.base);
   const double mean = mean_years_in_use(basis.base, female, 1.0, 1);
   const auto entered = [&] {

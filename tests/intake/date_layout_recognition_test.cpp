@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "pedigree/birth_date.h"
+#include "support/sanitizers.h"
 
 namespace pedigreewatch::test {
 namespace {
@@ -128,7 +129,9 @@ TEST(AppendDate, TheProgramReadsWhateverIsWritten) {
     wish.century = 1925;
     const DatePlan plan = plan_dates(survey_of({"31-12-2005", "31122005", "31-12-98"}), wish);
     const DateLayout layout = date_layout_of(layout_text(order, false));
-    for (std::size_t i = 0; i < numbers.size() * signs.size() * numbers.size() * signs.size() * numbers.size(); ++i) {
+    constexpr std::size_t step = cases(1, 7);  // 7 divides no count of numbers or signs: all of them stand everywhere
+    const std::size_t all = numbers.size() * signs.size() * numbers.size() * signs.size() * numbers.size();
+    for (std::size_t i = 0; i < all; i += step) {
       std::size_t rest = i;
       const auto next = [&](const std::vector<std::string>& texts) {
         const std::string& text = texts[rest % texts.size()];

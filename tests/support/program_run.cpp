@@ -71,6 +71,10 @@ bool drop_rights() {
 
 /// The child's side.
 [[noreturn]] void become_program(const ChildPlan& plan, int keyboard) {
+  // Tests may run where these are ignored, in the background of a script or behind nohup: no program heeds them then.
+  struct sigaction usual = {};
+  usual.sa_handler = SIG_DFL;
+  for (const int signal : {SIGINT, SIGHUP, SIGQUIT}) sigaction(signal, &usual, nullptr);
   const int console = open(plan.console.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
   const int messages = open(plan.messages.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
   const bool is_ready = setpgid(0, 0) == 0 && dup2(keyboard, STDIN_FILENO) >= 0 && dup2(console, STDOUT_FILENO) >= 0 &&
