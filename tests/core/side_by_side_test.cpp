@@ -67,6 +67,7 @@ TEST(DoSideBySide, OfTwoProblemsTheEarlierTaskCounts) {
   std::atomic<bool> has_thrown = false;
   const std::vector<Task> tasks = {[&] {
                                      while (!has_thrown) std::this_thread::yield();
+                                     std::this_thread::sleep_for(std::chrono::milliseconds(50));  // it is noted by now
                                      throw std::runtime_error("first");
                                    },
                                    [&] {

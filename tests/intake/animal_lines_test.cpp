@@ -36,6 +36,8 @@ TEST(KindOfRecord, HeadersAgain) {
   EXPECT_EQ(kinds_behind("ID;Name;Sire;Dam;Sex;Born\nid;NAME;sire;dam;sex;born\n"),
             (Kinds{RecordKind::header_again, RecordKind::header_again}));
   EXPECT_EQ(kinds_behind("NL7;Sire;Sire;NL100;M;1-1-1995\n"), Kinds{RecordKind::animal});
+  EXPECT_EQ(kinds_behind("ID;Rex;;;;\n"), Kinds{RecordKind::remark}) << "one word is no header";
+  EXPECT_EQ(kinds_behind("ID;Rex;;;Sex;\n"), Kinds{RecordKind::header_again});
 }
 
 TEST(KindOfRecord, TotalsAndRemarks) {
@@ -48,8 +50,9 @@ TEST(KindOfRecord, TotalsAndRemarks) {
 TEST(KindOfRecord, HeadersAgainInOtherWords) {
   EXPECT_EQ(kinds_behind("I D ;Name;Father;Mother;SEX;Date of birth\nAnimal;naam;Vader;Moeder;Geslacht;Geboren\n"),
             (Kinds{RecordKind::header_again, RecordKind::header_again}));
-  EXPECT_EQ(kinds_behind("NL7;x;Sire;Dam;M;Born\n"), Kinds{RecordKind::header_again});         // three of five
-  EXPECT_EQ(kinds_behind("NL7;x;NL100;Dam;M;Born\n"), Kinds{RecordKind::animal});              // two
+  EXPECT_EQ(kinds_behind("NL7;x;Father;Mother;M;Date of birth\n"), Kinds{RecordKind::header_again});  // three of five
+  EXPECT_EQ(kinds_behind("NL7;x;;Mother;;Date of birth\n"), Kinds{RecordKind::animal});               // two of three
+  EXPECT_EQ(kinds_behind("NL7;x;NL100;Dam;M;Born\n"), Kinds{RecordKind::animal});
   EXPECT_EQ(kinds_behind("ID;x;Sire;Dam;Sex;14-03-1990\n"), Kinds{RecordKind::header_again});  // in its own words
   EXPECT_EQ(kinds_behind("Animal;x;Father;Mother;Geslacht;14-03-1990\n"), Kinds{RecordKind::animal});
 }
