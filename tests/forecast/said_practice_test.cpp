@@ -175,6 +175,10 @@ TEST(AddPresentRules, AreWhatChangesChange) {
   EXPECT_DOUBLE_EQ(rules.litters.of(100.0), 130.0);
   EXPECT_DOUBLE_EQ(rules.sires.of(30.0), 90.0);
   EXPECT_DOUBLE_EQ(rules.trend, 0.01);
+  BreedingRules half_more;
+  half_more.litters = {1.5, 0.0};
+  add_present_rules(present, half_more);
+  EXPECT_DOUBLE_EQ(half_more.litters.of(100.0), 180.0) << "of the number that is said";
   BreedingRules of_its_own;
   of_its_own.trend = 0.0;
   of_its_own.written = {{"litters-trend", "0%"}};
