@@ -63,7 +63,7 @@ TEST(KindOfRecord, CountsAndTotalsWithDates) {
     EXPECT_EQ(kinds_behind(line), Kinds{RecordKind::remark}) << line;
   }
   for (const char* const line :
-       {"30;Rex;;;;", "NL7;;;;;", "Total;;NL100;NL101;M;14-03-1990", "Sum;a;NL100;;M;1-1-2026;b"}) {
+       {"30;Rex;;;;", "NL7;;;;;", "Total;;NL100;NL101;M;14-03-1990", "Sum;a;NL100;;30;1-1-2026;b"}) {
     EXPECT_EQ(kinds_behind(line), Kinds{RecordKind::animal}) << line;
   }
 }
