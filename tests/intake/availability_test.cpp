@@ -77,6 +77,8 @@ TEST(Availability, YesMeansWhatTheHeadingSays) {
             (GoneIds{"1"}));
   // A tick for those that are there, and nothing for the others.
   EXPECT_EQ(decide_availability(export_of_column("Breeding", repeated(58, "x"))).gone, (GoneIds{"59", "60"}));
+  EXPECT_EQ(decide_availability(export_of_column("Breeding", joined_texts(repeated(58, "x"), {"-"}))).gone,
+            (GoneIds{"59", "60"}));
   // Where no is said too, nothing says nothing.
   EXPECT_EQ(decide_availability(export_of_column("Breeding", joined_texts({"no"}, repeated(57, "yes")))).gone,
             (GoneIds{"1"}));
