@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -313,6 +314,18 @@ TEST(CountDates, WordsThatNobodyKnowsAreNotUnderstood) {
   const DateCounts counts = count_dates(survey, plan_dates(survey, {}));
   EXPECT_EQ(counts.all, 5);
   EXPECT_EQ(counts.not_understood, 4);
+}
+
+TEST(CanBeDayAndMonth, UpToTheLastDayOfTheMonth) {
+  constexpr std::array last_days = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  for (std::int32_t month = 1; month <= 12; ++month) {
+    const std::int32_t last = last_days[static_cast<std::size_t>(month) - 1];
+    EXPECT_TRUE(can_be_day_and_month(last, month, 2021)) << month;
+    EXPECT_FALSE(can_be_day_and_month(last + 1, month, 2021)) << month;
+  }
+  EXPECT_TRUE(can_be_day_and_month(29, 2, 2020));
+  EXPECT_TRUE(can_be_day_and_month(29, 2, 21)) << "of which century nobody knows";
+  EXPECT_FALSE(can_be_day_and_month(1, 13, 2021));
 }
 
 TEST(DateSystemNamed, AsTheOptionHasThem) {

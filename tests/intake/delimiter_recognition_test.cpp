@@ -77,6 +77,7 @@ TEST(RecogniseDelimiter, AThousandLinesAreLookedAt) {
 TEST(RecogniseDelimiter, TwoKnownHeadingsDecide) {
   // Every line fits both delimiters; the comma gives one known heading or two.
   EXPECT_FALSE(recognise_delimiter("id,x;y\n1,2;3\n").delimiter.has_value());
+  EXPECT_FALSE(recognise_delimiter("id;x,y\n1;2,3\n").delimiter.has_value());
   EXPECT_EQ(recognise_delimiter("id,sire,x;y\n1,2,3;4\n").delimiter, ',');
 }
 
