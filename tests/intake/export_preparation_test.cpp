@@ -2,11 +2,17 @@
 
 #include "intake/export_preparation.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
+#include <filesystem>
 #include <string>
+#include <thread>
 #include <vector>
 
+#include "core/run_streams.h"
 #include "support/run_folder.h"
 #include "support/workbook_files.h"
 
@@ -89,6 +95,25 @@ TEST(Decide, AsksWhichOfTheSheetsWithTheSameHeadingsIsMeant) {
   EXPECT_EQ(asked[0].answers[1].value, "2002");
   EXPECT_TRUE(questions_on({"2001", "2002"}, "2001").empty());
   EXPECT_TRUE(questions_on({"2001"}, "").empty());
+}
+
+// Whoever writes the pipe puts a file in its place before he ends.
+TEST(ReadFileBytes, AFileThatIsAnotherAfterwardsHasChanged) {
+  const RunFolder folder(Files{{"other", "id;sex\n"}});
+  const std::string name = folder.path("list");
+  ASSERT_EQ(mkfifo(name.c_str(), 0600), 0);
+  std::thread writer([&] {
+    const int pipe = ::open(name.c_str(), O_WRONLY | O_CLOEXEC);
+    EXPECT_EQ(::write(pipe, "id\n", 3), 3);
+    std::filesystem::rename(folder.path("other"), name);
+    ::close(pipe);
+  });
+  std::string bytes;
+  EXPECT_EQ(read_file_bytes(name, bytes), input_has_changed);
+  writer.join();
+  EXPECT_EQ(bytes, "id\n");
+  EXPECT_EQ(read_file_bytes(name, bytes), 0);
+  EXPECT_EQ(bytes, "id;sex\n");
 }
 
 }  // namespace
