@@ -427,6 +427,18 @@ std::string corrections_of_nobody() {
   return list;
 }
 
+// Whoever writes the pipe puts a file in its place before he ends.
+TEST(ChangedExport, IsToldBeforeAnythingElseIsSaidOfIt) {
+  const WholeRun run =
+      run_program_on({{"other", family}}, tools_script("mkfifo dogs.csv; { cat other; mv other dogs.csv; } >dogs.csv & "
+                                                       "\"$TOOLS\" prepare dogs.csv --species dog"));
+  EXPECT_EQ(run.exit_status, 1);
+  EXPECT_EQ(
+      run.messages,
+      "dogs.csv: the export has changed while it was read; nothing was written; run again when nobody writes it\n");
+  EXPECT_EQ(names_of(run), std::vector<std::string>{"dogs.csv"});
+}
+
 TEST(ChangedExport, IsToldAndTheOlderFilesStand) {
   const Files files = {{"dogs.csv", family},
                        {"list.tsv", corrections_of_nobody()},

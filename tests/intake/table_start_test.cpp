@@ -52,6 +52,12 @@ TEST(FindTableStart, BehindATitleOverHeadingsThatNobodyKnows) {
   EXPECT_EQ(start.line, 2);
 }
 
+TEST(FindTableStart, ATitleFillsTwoFieldsAtMost) {
+  const std::string table = "AA;BB;CC;DD;EE\nrex;x;y;z;1\n";
+  EXPECT_EQ(find_table_start("Our;animals;;;\n" + table, ';').line, 2);
+  EXPECT_EQ(find_table_start("Our;fine;animals;;\n" + table, ';').line, 1);
+}
+
 TEST(FindTableStart, AFounderWithFewFieldsIsNoTitle) {
   EXPECT_EQ(find_table_start("rex;;\nsaar;;\nbram;rex;saar\n", ';').line, 1);
 }
