@@ -63,7 +63,7 @@ TEST(BreedingAges, LeaveOutFiveInAHundredAtBothEnds) {
 
 TEST(BreedingAges, AreThoseOfTheLastTenYears) {
   std::vector<int> young(12, 0);
-  young[0] = 3;   // 2001
+  young[1] = 3;   // 2002
   young[2] = 1;   // 2003, the first of the ten years to 2012
   young[11] = 1;  // 2012
   const auto ages = breeding_ages(sire_with(young), male);

@@ -155,6 +155,9 @@ TEST(FindWarnings, CallAncestorsFewBelowTwoGenerations) {
   std::string incomplete = complete;
   incomplete.replace(incomplete.find("ma gc gd"), 8, "ma gc 0 ");
   EXPECT_EQ(warn(incomplete), 2);
+  // Five fathers behind one of the others: 1 + 3/4 + 1/8 + 1/16 + 1/32 + 1/64 + 1/128 of two.
+  incomplete.replace(incomplete.find("ga 0 0"), 6, "ga e1 0");
+  EXPECT_EQ(warn("e5 0 0 m 1965\ne4 e5 0 m 1970\ne3 e4 0 m 1975\ne2 e3 0 m 1980\ne1 e2 0 m 1985\n" + incomplete), 2);
 }
 
 }  // namespace
