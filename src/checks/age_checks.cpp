@@ -149,7 +149,8 @@ void report_inner_gaps(std::span<const YearGap> gaps, const ReadingPlan& plan, F
   std::int64_t count = 0;
   for (const YearGap& gap : gaps) {
     const std::string first = std::to_string(gap.before + 1), last = std::to_string(gap.after - 1);
-    years += (years.empty() ? "" : ", ") + (first == last ? first : first + "-" + last);
+    years.append(years.empty() ? "" : ", ").append(first);
+    if (first != last) years.append("-").append(last);
     count += gap.empty_years();
   }
   if (gaps.empty()) return;

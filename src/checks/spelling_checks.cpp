@@ -44,6 +44,7 @@ void check_spellings(const TextCounts& names, std::span<const std::string> liste
   if (!listed.empty()) std::erase_if(texts, [&](const CountedText* text) { return !is_listed(text->text, listed); });
   if (texts.size() > most_compared) return;
   std::vector<std::string> words;
+  words.reserve(texts.size());
   for (const CountedText* text : texts) words.push_back(folded(readable(text->text)));
   for (std::size_t k = 1; k < texts.size(); ++k) {
     if (words[k].empty()) continue;

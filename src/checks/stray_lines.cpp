@@ -49,7 +49,7 @@ void check_stray_lines(PedigreeColumns& animals, Findings& findings) {
     const std::int32_t id = animals.id.at(animal);
     const std::string text = readable(animals.ids.at(id));
     const bool is_strange = has_remark_word(text) || (has_remark_sign(text) && !are_like_remarks);
-    if (id == 0 || ids.count(id) == 0 || !is_strange) continue;
+    if (id == 0 || !ids.contains(id) || !is_strange) continue;
     add_mark(animals.marks.at(animal), mark_no_animal);
     add(findings, {.code = FindingCode::no_animal, .line = animals.line_of(animal), .id = id});
   }

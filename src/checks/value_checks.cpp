@@ -122,7 +122,7 @@ void check_listed(const ListedNames& list, std::uint16_t column, Findings& findi
   const auto folded_names = fold_names(list);
   for (const CountedText& text : list.found.texts) {
     const std::string_view name = cut_to_width(text.text, list.width);
-    if (listed.count(name) > 0 || name == list.always_listed) continue;
+    if (listed.contains(name) || name == list.always_listed) continue;
     const auto nearest = folded_names.find(folded(readable(text.text)));
     const std::string question = nearest == folded_names.end() ? "" : "; \"" + readable(nearest->second) + "\"?";
     report_counted(findings, list.not_listed, column, text, question);
@@ -134,7 +134,7 @@ void check_unfound(const ListedNames& list, std::uint16_t column, Findings& find
   std::unordered_set<std::string_view> found;
   for (const CountedText& text : list.found.texts) found.insert(cut_to_width(text.text, list.width));
   for (std::size_t k = 0; k < list.names.size(); ++k) {
-    if (found.count(list.names[k]) > 0) continue;
+    if (found.contains(list.names[k])) continue;
     add(findings, {.code = FindingCode::name_not_found,
                    .column = column,
                    .text = keep(findings, list.names[k]),

@@ -176,6 +176,7 @@ std::vector<FolderLock> lock_folders_of(std::span<NewFile* const> files) {
   std::sort(parents.begin(), parents.end());
   parents.erase(std::unique(parents.begin(), parents.end()), parents.end());
   std::vector<FolderLock> locks;
+  locks.reserve(parents.size());
   for (const std::string& parent : parents) locks.push_back(lock_folder_of((fs::path(parent) / "file").string()));
   return locks;
 }

@@ -5,7 +5,6 @@
 #include <csignal>
 
 #ifndef _WIN32
-#include <signal.h>
 #include <unistd.h>
 #endif
 

@@ -88,7 +88,7 @@ void read_line(CorrectionList& list, std::string_view line, std::int64_t number)
 
 /// Quotation marks around a cell would be taken for those of a spreadsheet: such a cell gets further ones.
 std::string written_cell(std::string_view text) {
-  const std::string cell = correction_cell(text);
+  std::string cell = correction_cell(text);
   if (!cell.starts_with('"')) return cell;
   std::string written = "\"";
   for (const char letter : cell) written += letter == '"' ? std::string("\"\"") : std::string(1, letter);

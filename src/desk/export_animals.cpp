@@ -56,7 +56,7 @@ AnimalsByLine animals_at(const Desk& desk, const std::set<std::int64_t>& lines) 
   RecordReader reader = read_export_animals(desk);
   ExportRecord record;
   while (!lines.empty() && next_record(reader, record) && record.line <= *lines.rbegin()) {
-    if (lines.count(record.line) == 0) continue;
+    if (!lines.contains(record.line)) continue;
     std::vector<ExportAnimal>& of_line = animals[record.line];
     of_line.push_back({record.line, of_line.size(), cells_of(record)});
   }

@@ -104,7 +104,7 @@ void add_columns(JsonText& json, const Preparation& read, ToolLanguage language)
   end_list(json);
   begin_list(json, "columns");
   for (std::size_t k = 0; k < count; ++k) {
-    const auto found = std::find(columns.place.begin(), columns.place.end(), k);
+    const auto* const found = std::find(columns.place.begin(), columns.place.end(), k);
     const auto code = static_cast<FieldCode>(found - columns.place.begin());
     const bool tells_gone_too = found == columns.place.end() && is_availability(read.plan.availability, k);
     add_text(json, tells_gone_too                 ? availability_name

@@ -49,7 +49,11 @@ std::vector<Exponential> exponentials_of_inverse(double least, double most) {
   constexpr double step = 0.6, below = 7.0, above = 2.6;
   const double first = -std::log(most) - below, last = above - std::log(least);
   std::vector<Exponential> sum = {{0.0, std::exp(first - 0.5 * step)}};
-  for (double u = first; u < last + step; u += step) sum.push_back({std::exp(u), step * std::exp(u)});
+  double u = first;
+  while (u < last + step) {
+    sum.push_back({std::exp(u), step * std::exp(u)});
+    u += step;
+  }
   return sum;
 }
 

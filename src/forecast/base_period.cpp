@@ -256,6 +256,7 @@ double measure_vacancies(const BasePeriod& base, Sex sex) {
 
 std::int32_t oldest_entry_of(const CareerRecords& records, const std::vector<std::int32_t>& entries) {
   std::vector<std::int32_t> ages;
+  ages.reserve(entries.size());
   for (const std::int32_t k : entries) ages.push_back(records.at(k).first_age);
   if (ages.empty()) return 1;
   std::sort(ages.begin(), ages.end());

@@ -68,7 +68,8 @@ void make_table(ModelBasis& basis, std::span<const std::int32_t> wanted) {
   const std::size_t size = wanted.size() + 1;  // with the origin of imports
   std::vector<float> cells(size * size, 0.0F);
   std::vector<std::int32_t> places(1), animals;
-  for (std::size_t k = 0; k < wanted.size(); ++k) animals.push_back(basis.ancestors.number_of_animal[wanted[k]]);
+  animals.reserve(wanted.size());
+  for (const std::int32_t animal : wanted) animals.push_back(basis.ancestors.number_of_animal[animal]);
   for (std::size_t first = 0; first < wanted.size(); first += kinship_lanes) {
     places.resize(std::min(kinship_lanes, wanted.size() - first));
     for (std::size_t k = 0; k < places.size(); ++k) places[k] = static_cast<std::int32_t>(first + k);

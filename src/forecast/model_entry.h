@@ -23,7 +23,7 @@ void continue_parents(ModelHerd& herd, Sex sex, std::int32_t year);
 
 /// Brings an animal of the group into use, which begins like a career of the base period (its number). False when there
 /// is nobody left.
-bool enter_parent(ModelHerd& herd, Sex sex, GroupNo group, std::int32_t year, std::int32_t career,
+bool enter_parent(ModelHerd& herd, Sex sex, GroupNo group, std::int32_t year, std::int32_t number,
                   RandomStream& random);
 
 /// A career that began in the years of the practice, of the group if there was any.

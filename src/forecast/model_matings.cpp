@@ -64,13 +64,14 @@ bool is_permitted(const Pairing& pairing, std::int32_t sire, std::int32_t dam) {
   if (dam == 0 || sire == 0) return true;
   if (rules.most_f && is_too_near(pairing, sire, dam)) return false;
   if (!rules.offspring_matings) return true;
-  for (const std::int32_t parent : common_parents(pairing.herd.pedigree, sire, dam)) {
-    if (parent == 0 || parent == pairing.herd.basis.origin) continue;
+  const auto has_room = [&](std::int32_t parent) {
+    if (parent == 0 || parent == pairing.herd.basis.origin) return true;
     const auto made = pairing.matings_of_offspring.find(parent);
     const std::int32_t matings = made == pairing.matings_of_offspring.end() ? 0 : made->second;
-    if (matings >= *rules.offspring_matings) return false;
-  }
-  return true;
+    return matings < *rules.offspring_matings;
+  };
+  const auto parents = common_parents(pairing.herd.pedigree, sire, dam);
+  return std::all_of(parents.begin(), parents.end(), has_room);
 }
 
 void count_offspring_mating(Pairing& pairing, std::int32_t sire, std::int32_t dam, std::int32_t change) {

@@ -21,8 +21,8 @@ inline constexpr std::size_t lane_count = 16;
 
 /// One number for each lane, in the vector type that g++ and clang++ share. It belongs to no processor; each operation
 /// on it is the same operation on sixteen singles.
-typedef float LaneVector
-    __attribute__((vector_size(64)));  // NOLINT(modernize-use-using): a using cannot carry it in g++
+// NOLINTNEXTLINE(modernize-use-using): a using cannot carry the size in g++
+typedef float LaneVector __attribute__((vector_size(64)));
 
 struct alignas(64) Lanes {
   LaneVector each;

@@ -25,8 +25,8 @@ struct ShortYears {
 };
 
 /// Notes the birth of an animal, and that of its parent where it is known; years from 0 to 99.
-void note_birth(BirthCircle& circle, std::int32_t year);
-void note_pair(BirthCircle& circle, std::int32_t parent_year, std::int32_t young_year);
+void note_birth(BirthCircle& births, std::int32_t year);
+void note_pair(BirthCircle& births, std::int32_t parent_year, std::int32_t young_year);
 
 /// Fewer pairs of parent and young tell no hundred.
 inline constexpr std::int64_t fewest_year_pairs = 10;
@@ -34,7 +34,7 @@ inline constexpr std::int64_t fewest_year_pairs = 10;
 inline constexpr std::int64_t tolerated_torn_pairs = 50;
 
 /// Whether there is a place to cut the circle at which hardly any young is parted from its parent.
-bool is_in_order(const BirthCircle& circle);
+bool is_in_order(const BirthCircle& births);
 
 /// Years from the first to the last birth.
 struct BirthSpan {
@@ -43,7 +43,7 @@ struct BirthSpan {
 
 /// The years that the births mean: the latest ones up to `this_year` that begin where the circle can be cut, if that is
 /// one place: the longest time without births, more than twice as long as any other at which it could be cut too.
-std::optional<BirthSpan> tell_years(const BirthCircle& circle, std::int32_t this_year);
+std::optional<BirthSpan> tell_years(const BirthCircle& births, std::int32_t this_year);
 
 /// The year of two digits in the hundred years that begin with `first_year`.
 std::int32_t whole_year(std::int32_t short_year, std::int32_t first_year);

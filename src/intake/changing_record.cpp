@@ -86,6 +86,7 @@ void note(CorrectionOutcome& outcome, CorrectionFate fate, std::int64_t line, st
 
 std::string joined_fields(const std::vector<std::string>& fields) {
   std::vector<std::string> cells;
+  cells.reserve(fields.size());
   for (const std::string& field : fields) cells.emplace_back(trimmed(field));
   return joined_cells(cells);
 }

@@ -62,6 +62,7 @@ ColumnMatches match_columns(std::string_view text, char delimiter, const ColumnC
              dam = place_of(columns, dam_column);
   const std::vector<ColumnProfile> profiles = profile_columns(text, delimiter, columns);
   std::vector<TextSet> sets;
+  sets.reserve(profiles.size());
   for (const ColumnProfile& profile : profiles) sets.push_back(profile.texts);
   if (!id || *id >= sets.size()) return result;
   for (std::size_t k = 0; k < sets.size(); ++k) {

@@ -186,6 +186,7 @@ void narrow_by_content(const ColumnContents& contents, const ColumnPlaces& furth
   if (!sex && best[sex_column].size() == 1) sex = best[sex_column].front();
   std::vector<Kinship> kinships = find_kinships(content, best, further, sex);
   std::vector<std::size_t> ids;
+  ids.reserve(kinships.size());
   for (const Kinship& kinship : kinships) ids.push_back(kinship.id);
   settle(std::move(ids), best[id_column]);
   if (best[id_column].size() != 1) return;

@@ -104,7 +104,7 @@ struct ListedTexts {
     std::string written;
     LetterCounts ignored;
     append_field_text(written, entry.text, code, ignored);
-    return names.count(written) > 0;
+    return names.contains(written);
   }
 };
 
@@ -117,7 +117,7 @@ void remark_absent_names(const TextCounts& counts, FieldCode code, const std::ve
   for (const CountedText& entry : counts.texts) written.insert(in_windows_1252(entry.text, width_of(code)));
   CountedList absent;
   for (const std::string& name : names) {
-    if (written.count(name) > 0) continue;
+    if (written.contains(name)) continue;
     if (absent.texts.size() < most_listed_texts) {
       absent.texts.push_back({decode(name, Encoding::windows_1252).text, 0, 0});
     } else {

@@ -56,7 +56,7 @@ struct ExportSurvey {
   NotedTexts headers_again, remark_lines;  ///< lines that hold no animal
   std::array<std::int64_t, field_count> filled = {};
   std::vector<std::int64_t> column_texts;  ///< how many lines have a text in each column, whether it is in use or not
-  std::array<bool, 256> occurs = {};  ///< bytes that occur in the columns in use
+  std::array<bool, 256> occurs = {};       ///< bytes that occur in the columns in use
   std::int64_t leading_blanks = 0;
   LetterCounts letters;
   std::array<NotedTexts, field_count> too_long;
@@ -72,7 +72,7 @@ struct ExportSurvey {
   ColumnMatches matches;  ///< only where most of the parents have no line of their own
   AvailabilitySurvey availability;
   std::vector<Question> import_questions;  ///< whether a column tells which animals are imports
-  ConcludedSexes concluded_sexes;  ///< filled only where the sexes of some stand in no column
+  ConcludedSexes concluded_sexes;          ///< filled only where the sexes of some stand in no column
   ChangedIds changed_ids;
   std::array<NumberForms, field_count> numbers;  ///< of the identifications of animals and parents
   std::int64_t sheet_marks = 0;                  ///< records with texts that a spreadsheet has marked as such

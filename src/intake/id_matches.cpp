@@ -221,6 +221,7 @@ std::vector<Parent> sampled_parents(const ParentLinks& links) {
   std::sort(missing.begin(), missing.end());
   if (missing.size() > most_compared_parents) missing.resize(most_compared_parents);
   std::vector<Parent> parents;
+  parents.reserve(missing.size());
   for (const auto& [hash, id] : missing) parents.push_back({id->text, id->line});
   std::sort(parents.begin(), parents.end(), [](const Parent& a, const Parent& b) {
     return std::pair(a.line, std::string_view(a.text)) < std::pair(b.line, std::string_view(b.text));
@@ -247,6 +248,7 @@ IdProposal propose_id_rules(const ExportTable& table, const ParentLinks& links) 
   best.without_line = std::ssize(parents);
   if (best.without_line < fewest_explained_parents) return best;
   std::vector<RuleTrial> trials;
+  trials.reserve(tried_rules.size());
   for (const unsigned bits : tried_rules) trials.push_back(begin_trial(bits, parents));
   compare_all(table, parents, trials);
   for (RuleTrial& trial : trials) {

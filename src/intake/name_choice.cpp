@@ -158,6 +158,7 @@ std::vector<std::string> listed_once(const std::vector<std::string>& wished, Fie
 std::vector<std::string> first_names(std::vector<WrittenName> written, std::int64_t count) {
   std::vector<std::string> names;
   written.resize(static_cast<std::size_t>(count));
+  names.reserve(written.size());
   for (WrittenName& name : written) names.push_back(std::move(name.name));
   return names;
 }

@@ -43,6 +43,7 @@ std::string_view species_of_sexes(const TextCounts& sexes, ToolLanguage language
 
 std::vector<std::string_view> list_species(ToolLanguage language) {
   std::vector<std::string_view> words;
+  words.reserve(species.size());
   for (const Wording& entry : species) words.push_back(words_of(entry, language));
   return words;
 }

@@ -192,7 +192,7 @@ std::string name_of_sire(const PageFrame& frame, Row row) {
 std::vector<Value> sire_shares(const PageFrame& frame, std::size_t count) {
   return by_year(frame, [&](Row row) {
     const TopSireRow sires = frame.extras().top_sires.of(row);
-    const auto end = sires.shares.begin() + static_cast<std::ptrdiff_t>(count);
+    const auto* const end = sires.shares.begin() + static_cast<std::ptrdiff_t>(count);
     return known_if(sires.sire_count > 0, std::accumulate(sires.shares.begin(), end, 0.0F));
   });
 }

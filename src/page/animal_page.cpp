@@ -137,7 +137,7 @@ std::string id_text(const CardWriter& writer, std::int32_t position) {
 
 /// The identification of another animal, to be pressed where that opens its card.
 std::string pressable(const CardWriter& writer, std::int32_t position) {
-  const std::string id = isolated(id_text(writer, position));
+  std::string id = isolated(id_text(writer, position));
   if (!writer.input.is_pressable) return id;
   return "<button type=\"button\" class=\"fa-press\" data-animal=\"" + std::to_string(position) + "\">" + id +
          "</button>";

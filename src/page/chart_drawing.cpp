@@ -171,8 +171,8 @@ void draw_bands(std::string& page, const Chart& chart, const Plane& plane) {
     std::string there, back;
     for (std::size_t place = 0; place < series.low.size(); ++place) {
       if (!series.low[place] || !series.high[place]) continue;
-      there += (there.empty() ? "M" : "L") + point(plane.x(place), plane.y(*series.high[place]));
-      back = "L" + point(plane.x(place), plane.y(*series.low[place])) + back;
+      there.append(there.empty() ? "M" : "L").append(point(plane.x(place), plane.y(*series.high[place])));
+      back.insert(0, "L" + point(plane.x(place), plane.y(*series.low[place])));
     }
     if (there.empty()) continue;
     page +=

@@ -54,6 +54,7 @@ CountLayers classes_of(const CountLayers& sizes, std::size_t most) {
 
 std::vector<Value> values_of(const std::vector<std::int64_t>& counts) {
   std::vector<Value> values;
+  values.reserve(counts.size());
   for (const std::int64_t count : counts) values.emplace_back(static_cast<double>(count));
   return values;
 }

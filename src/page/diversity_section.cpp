@@ -177,7 +177,7 @@ std::string figure_or_none(const PageFrame& frame, const std::optional<double>& 
 
 std::string estimate_text(const PageFrame& frame, const EffectiveSizeEstimate& estimate) {
   if (!estimate.effective_size) return not_estimable(frame);
-  const std::string size = report_figure(*estimate.effective_size, 2, frame.language);
+  std::string size = report_figure(*estimate.effective_size, 2, frame.language);
   if (!estimate.standard_error) return size;
   return phrase(with_error, frame.language, {size, report_figure(*estimate.standard_error, 2, frame.language)});
 }

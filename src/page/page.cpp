@@ -165,8 +165,8 @@ std::string page_body(const PageInput& input) {
   for (const Section& section : sections) {
     if (!section.is_wanted(frame)) continue;
     const std::string id = "pw-" + std::string(section.id);
-    page += "<section aria-labelledby=\"" + id + "\"><h2 id=\"" + id + "\">" + escaped(frame.text(section.title)) +
-            "</h2>\n";
+    page.append("<section aria-labelledby=\"").append(id).append("\"><h2 id=\"").append(id).append("\">");
+    page.append(escaped(frame.text(section.title))).append("</h2>\n");
     section.write(page, frame);
     page += "</section>\n";
   }

@@ -29,10 +29,7 @@ bool is_control(char letter) {
 }
 
 bool is_ascii_text(std::string_view text) {
-  for (const char letter : text) {
-    if (static_cast<unsigned char>(letter) >= 0x80) return false;
-  }
-  return true;
+  return std::all_of(text.begin(), text.end(), [](char letter) { return static_cast<unsigned char>(letter) < 0x80; });
 }
 
 }  // namespace

@@ -125,11 +125,13 @@ double step_of(double highest) {
 void draw_trend_axes(std::string& page, const TrendPlane& plane, ToolLanguage language) {
   constexpr double gap = 5.0, half_letter = 4.0, below = 16.0;
   const double step = step_of(plane.highest);
-  for (double value = 0.0; value <= plane.highest * 1.001; value += step) {
+  double value = 0.0;
+  while (value <= plane.highest * 1.001) {
     draw_line(page, TrendPlane::left, plane.y(value), plane.right, plane.y(value), value == 0.0 ? "a" : "g");
     const bool is_last = value + step > plane.highest * 1.001;
     const std::string text = report_figure(value, step < 1.0 ? 1 : 0, language) + (is_last ? " %" : "");
     draw_text(page, TrendPlane::left - gap, plane.y(value) + half_letter, "e", text);
+    value += step;
   }
   const int years = std::max(1, plane.last_year - plane.first_year);
   const int every = std::max(1, static_cast<int>(std::ceil(years / (plane.width > gauge_width ? 6.0 : 4.0))));

@@ -269,8 +269,8 @@ Tile tile_of_births(const PageFrame& frame, const Standing& standing) {
   const std::int32_t first = standing.years.recent_first, last = standing.years.last, recent_years = last - first + 1;
   const std::int32_t begin = frame.store().birth_years.first;
   const std::int32_t recent = std::clamp(last - begin + 1, 1, recent_years);
-  const std::int32_t before = std::clamp(first - begin, 0, recent_years);
-  std::string text = words_of_births_before(young.births_before, before, recent_years, first, language);
+  const std::int32_t years_before = std::clamp(first - begin, 0, recent_years);
+  std::string text = words_of_births_before(young.births_before, years_before, recent_years, first, language);
   if (frame.store().has_import && young.known_parents > 0) {
     const double share = share_of(young.imported_parents, young.known_parents);
     text += " " + phrase(imports_text, language, {percent_text(share, language)});

@@ -52,7 +52,7 @@ double first_weight(const ValueSearch& search, const Contributions& least) {
 /// Raises the weight until the shares pass the bound; false when they never do.
 bool pass_bound(const ValueSearch& search, Bracket& bracket, double weight) {
   constexpr int most_steps = 40;
-  for (int steps = 0; steps < most_steps && !search.watch.is_stopped(); ++steps, weight *= 4.0) {
+  for (int steps = 0; steps < most_steps && !search.watch.is_stopped(); ++steps) {
     Contributions found = try_weight(search, weight, bracket.within, bracket);
     const bool is_beyond = found.mean_kinship > search.most_kinship;
     (is_beyond ? bracket.beyond : bracket.within) = std::move(found);
@@ -61,6 +61,7 @@ bool pass_bound(const ValueSearch& search, Bracket& bracket, double weight) {
     // Where all that is permitted goes to the highest values, more weight changes nothing.
     const double highest = highest_product(search.limits, search.values);
     if (highest - inner(search.values, bracket.within.shares) <= 1e-9 * std::abs(highest)) return false;
+    weight *= 4.0;
   }
   return false;
 }

@@ -14,8 +14,8 @@ namespace pedigreewatch {
 namespace {
 
 /// The same eight operations side by side, in the vector type that g++ and clang++ share.
-typedef double LaneDoubles
-    __attribute__((vector_size(64)));  // NOLINT(modernize-use-using): a using cannot carry it in g++
+// NOLINTNEXTLINE(modernize-use-using): a using cannot carry the size in g++
+typedef double LaneDoubles __attribute__((vector_size(64)));
 
 struct alignas(64) KinshipLanes {
   LaneDoubles each;

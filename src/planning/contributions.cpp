@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <numeric>
 
 namespace pedigreewatch {
@@ -76,7 +77,8 @@ ShiftedSum shifted_sum(const ShareLimits& limits, Sex sex, std::span<const doubl
 
 /// The shift between which and itself the sum passes 1/2.
 double find_shift(const ShareLimits& limits, Sex sex, std::span<const double> shares) {
-  double low = INFINITY, high = -INFINITY;
+  constexpr double infinite = std::numeric_limits<double>::infinity();
+  double low = infinite, high = -infinite;
   for (std::size_t k = 0; k < shares.size(); ++k) {
     if (limits.sex[k] != sex) continue;
     low = std::min(low, shares[k] - limits.most[k]);     // all at their most from here down
@@ -239,7 +241,7 @@ void take_projected_step(Search& search) {
   const std::vector<double> way = search.step;
   constexpr int most_halvings = 4;
   double part = 1.0;
-  for (int halvings = 0; halvings <= most_halvings; ++halvings, part *= 0.25) {
+  for (int halvings = 0; halvings <= most_halvings; ++halvings) {
     std::vector<double> target(search.size());
     for (std::size_t k = 0; k < search.size(); ++k) target[k] = search.shares[k] + part * way[k];
     project(search.limits, target);
@@ -247,6 +249,7 @@ void take_projected_step(Search& search) {
     multiply(search, search.step, search.step_kinships);
     const double best = best_part(search);
     if (best > 0.0) return take_step(search, best);
+    part *= 0.25;
   }
 }
 

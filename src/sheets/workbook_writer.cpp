@@ -218,8 +218,8 @@ std::string head_of(const WorkbookWriter& writer) {
   for (std::size_t column = 0; column < widths.size(); ++column) {
     const std::string number = std::to_string(column + 1);
     const std::size_t width = std::clamp(widths[column], least_width, most_width) + width_of_button;
-    head += "<col min=\"" + number + "\" max=\"" + number + "\" width=\"" + std::to_string(width) +
-            "\" customWidth=\"1\"/>";
+    head.append("<col min=\"").append(number).append("\" max=\"").append(number).append("\" width=\"");
+    head.append(std::to_string(width)).append("\" customWidth=\"1\"/>");
   }
   if (!widths.empty()) head += "</cols>";
   return head + "<sheetData>";
@@ -330,7 +330,7 @@ std::string workbook_part(const WorkbookWriter& writer) {
     const std::string number = std::to_string(k + 1);
     xml += "<sheet name=\"";
     append_xml(xml, writer.sheets[k]);
-    xml += "\" sheetId=\"" + number + "\" r:id=\"rId" + number + "\"/>";
+    xml.append("\" sheetId=\"").append(number).append("\" r:id=\"rId").append(number).append("\"/>");
   }
   xml += "</sheets>";
   std::string names;
