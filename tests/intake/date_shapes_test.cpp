@@ -83,6 +83,7 @@ TEST(CutDate, MonthsInWords) {
     EXPECT_EQ(found.year, "2005") << text;
   }
   EXPECT_EQ(cut_date("3 foo 2005").shape, DateShape::unreadable);
+  EXPECT_EQ(cut_date("14 Mar 1990 7").shape, DateShape::unreadable);
 }
 
 TEST(CutDate, AllMonthsOfSixLanguagesShortAndInFull) {
