@@ -71,8 +71,8 @@ std::vector<HashedAnimal> hash_animals(const PedigreeColumns& animals) {
     const BirthDay& birth = animals.birth.at(a);
     if (!animals.has_name(a) || birth.year == 0 || animals.id.at(a) == 0) continue;
     std::uint64_t hash = mix(static_cast<std::uint32_t>(birth.year), static_cast<unsigned char>(animals.sex.at(a)));
-    const std::int64_t day_of_year = std::int64_t{birth.month} * 64 + birth.day + 1000;
-    hash = mix(hash, static_cast<std::uint64_t>(day_of_year));
+    const std::int64_t month_and_day = std::int64_t{birth.month} * 64 + birth.day + 1000;
+    hash = mix(hash, static_cast<std::uint64_t>(month_and_day));
     hash = mix(hash, static_cast<std::uint32_t>(animals.sire.at(a)));
     const std::string_view name = animals.name(a);
     hashed.push_back({mix(hash, static_cast<std::uint32_t>(animals.dam.at(a))), a,

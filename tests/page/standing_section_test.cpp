@@ -13,14 +13,23 @@
 namespace pedigreewatch::test {
 namespace {
 
-/// The first screen of twelve animals, numbered from 1, with that standing.
-std::string screen_of(const Standing& standing) {
-  const AnalysedPopulation population = analysed(animals_by_year({12}));
+/// Births in 2001 to 2010, two males and three females a year, without parents.
+const AnalysedPopulation& herd_of_ten_years() {
+  static const AnalysedPopulation herd = analysed(animals_by_year({5, 5, 5, 5, 5, 5, 5, 5, 5, 5}));
+  return herd;
+}
+
+std::string first_screen(const Standing& standing, const AnalysedPopulation& population = herd_of_ten_years()) {
   PageInput input{population};
   input.standing = &standing;
   std::string page;
   write_standing(page, make_frame(input));
   return page;
+}
+
+/// The same of twelve animals, numbered from 1.
+std::string screen_of(const Standing& standing) {
+  return first_screen(standing, analysed(animals_by_year({12})));
 }
 
 TEST(WriteStanding, FiveSiresToUseLessAreNamed) {
@@ -105,12 +114,6 @@ TEST(DrawTrend, ShowsThirtyYears) {
   EXPECT_EQ(steps(31), 29U);
 }
 
-/// Births in 2001 to 2010, two males and three females a year, without parents.
-const AnalysedPopulation& herd_of_ten_years() {
-  static const AnalysedPopulation herd = analysed(animals_by_year({5, 5, 5, 5, 5, 5, 5, 5, 5, 5}));
-  return herd;
-}
-
 /// A breed of which all is known.
 Standing known_standing() {
   Standing standing;
@@ -143,14 +146,6 @@ Standing standing_without_interval() {
   standing.ages.parents = {50, 50};
   standing.ages.ages = {0, 20};
   return standing;
-}
-
-std::string first_screen(const Standing& standing, const AnalysedPopulation& population = herd_of_ten_years()) {
-  PageInput input{population};
-  input.standing = &standing;
-  std::string page;
-  write_standing(page, make_frame(input));
-  return page;
 }
 
 TEST(FirstScreen, WithoutAnIntervalNoLimitIsJudgedAndTheFiguresStand) {
